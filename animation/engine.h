@@ -1,0 +1,32 @@
+// Playing a finished run on a screen's picture, and stepping through it.
+#pragma once
+
+#include "core/number.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// The ten colours, red in the low byte.
+void Set_Palette();
+
+/// Window bounds `AnimMin` and `AnimMax` for the whole run, both axes alike, zoomed by `ZoomFactor`.
+void Autoscale();
+/// Settings, window, radii and colours for the next picture or run, on the surface of the form's `Picture1`.
+void Animate_Setup(platform::Screen& form);
+/// Plays `Cycles` times from step 0 to `NSteps`; holds the thread, while the desktop repaints.
+void Animate(platform::Screen& form);
+/// One frame: drawn, held for the delay, erased. `stop` when the coupler point lies at the exact origin.
+void Drawone(int step, platform::Screen& form, bool& stop);
+/// Shows one position with its read-out; an angle run's step beyond the last becomes 0.
+void Step(platform::Screen& form, Integer& step);
+/// The still picture of one position.
+void DrawLinkage(platform::Screen& form, int step);
+/// What the Step button does; `lock` is set and stays set.
+void Step_Setup(platform::Screen& form, bool& lock);
+/// Back to step 0.
+void Step_Reset(platform::Screen& form);
+
+/// What one turn of the frame delay's count costs.
+inline constexpr int kNanosecondsPerTurn = 100;
+
+}  // namespace verlink

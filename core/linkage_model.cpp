@@ -1,0 +1,73 @@
+// The record, and the few procedures that belong to it alone.
+#include "core/linkage_model.h"
+
+#include "core/text.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+LinkageModel Model;
+
+void LoadLinkArray() {
+    Guarded("LoadLinkArray", [] {
+        Model.LinkArray(0) = Model.Rpa;
+        Model.LinkArray(1) = Model.L1;
+        Model.LinkArray(2) = Model.L2;
+        Model.LinkArray(3) = Model.L3;
+        Model.LinkArray(4) = Model.L4;
+        Model.LinkArray(5) = Model.Link1X;
+        Model.LinkArray(6) = Model.Link1Y;
+        Model.LinkArray(7) = Model.Link1LocalX;
+        Model.LinkArray(8) = Model.Link1LocalY;
+    });
+}
+
+void Set_Circuit(Integer CircuitIndex, Integer& CircuitSign, std::string& CircuitName) {
+    if (CircuitIndex == 1) {
+        CircuitSign = -1;
+        CircuitName = "Open";
+    } else if (CircuitIndex == 2) {
+        CircuitSign = 1;
+        CircuitName = "Crossed";
+    }
+}
+
+void Set_Delta(Single Delta, Single& DeltaRad, std::string& DeltaStr) {
+    DeltaRad = Delta * kDegToRad;
+    DeltaStr = Text_Of(Delta);
+}
+
+void Clear_RunTable() {
+    auto& table = Model.RunTable;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        for (int row = 0; row <= 3; ++row) table.Theta(step, row) = 0;
+        for (int row = 0; row <= 2; ++row) {
+            table.Omega(step, row) = 0;
+            table.Alpha(step, row) = 0;
+        }
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int point = 0; point <= 3; ++point) {
+                table.PointXY(step, point, axis) = 0;
+                table.VelXY(step, point, axis) = 0;
+            }
+            for (int point = 0; point <= 4; ++point) table.AccXY(step, point, axis) = 0;
+            table.FixedCentrode(step, 0, axis) = 0;
+            table.MovingCentrode(step, 0, axis) = 0;
+        }
+        table.OmegaRatio(step) = 0;
+        table.MechAdvantage(step) = 0;
+        table.ImportedTorque(step) = 0;
+    }
+    Model.TorqueImported = false;
+    Model.Delta2 = 0;
+}
+
+double Shown_Factor() {
+    switch (Model.Units) {
+        case 4: return 100;
+        case 5: return 1000;
+        default: return 1;
+    }
+}
+
+}  // namespace verlink

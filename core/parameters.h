@@ -1,0 +1,36 @@
+// Values between the boxes of a screen and the model, and the refusal of bad ones.
+#pragma once
+
+#include "core/number.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+// Each serves `frm_Inputnew` and `frm_Animate`, which have controls of the same names. Boxes show lengths in the
+// shown unit; the model holds metres in `Units` 4 and 5.
+
+/// Link lengths, coupler point, ground link and circuit from the boxes; the boxes of the link 1 form that is not in
+/// force are rewritten. Negative lengths are made positive with a message. Disables `cmd_Animate` and `cmd_Done`.
+void Get_Linkage_Geometry(platform::Screen& screen);
+void Put_Linkage_Geometry(platform::Screen& screen);
+
+/// What follows from the stored lengths, link 1 form and circuit, without any box: the other form of link 1, the
+/// local pivot, `LinkArray`, `Parallelogram`.
+void Derive_Geometry();
+
+/// The run limits of the run type from the boxes, with their refusals; a refused value leaves the model's own in
+/// force and puts it back in the box.
+void Get_Initial_Conditions(platform::Screen& screen);
+void Put_Angle_Initial_Conditions(platform::Screen& screen);
+void Put_Time_Initial_Conditions(platform::Screen& screen);
+
+void Get_Circuit(platform::Screen& screen);
+void Put_Circuit(platform::Screen& screen);
+
+/// Negates a negative length, with a message.
+void Check_Positive(Single& length);
+
+/// The settings of the animate screen into the model; controls that a screen does not have leave theirs alone.
+void Check_Parameters(platform::Screen& screen);
+
+}  // namespace verlink

@@ -1,0 +1,38 @@
+// Calculation runs: `Calculate` over the steps of the chosen mode.
+#pragma once
+
+#include "core/number.h"
+
+namespace verlink {
+
+/// A run's result code: the answer to the message about a position that does not close. Runs start at 4.
+inline constexpr int kAborted = 3;
+inline constexpr int kRetrying = 4;
+inline constexpr int kIgnoring = 5;
+
+/// Classifies the linkage and runs mode 1, 2 or 3; then results of dynamics and balancing no longer hold. Lengths
+/// that cannot close at all are refused with a message, the buttons of the input screen go off, and Result stands.
+void Calc_Setup(Integer Calctype, Integer& Result);
+
+/// `ThetaZero` alone, with `Omega2Input` and `Alpha2`.
+void Oneposition(Integer& Result);
+/// `NSteps` + 1 positions by time from `TimeStart`, at constant `Alpha2`; time adds up in single precision.
+void Timestep(Integer& Result);
+/// Positions by angle at constant `Omega2Input`, backwards when that is negative; the last step is rewritten at the
+/// limit when it overshoots.
+void Crankangle(Integer& Result);
+/// Positions by the imported drive table, for `Calctype` 4 and 5; goes on to the end also after an abort.
+void Imported_Run(Integer& Result);
+
+/// A position that does not close: clears the step and, on the input screen or in imported runs, asks whether to
+/// abort, retry or ignore. ThetaRad is local, radians.
+void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Result);
+
+/// Crank speed in rad/s and global crank angle in radians at time t, seconds.
+double Time_Omega(Single t);
+double Time_Theta(Single t);
+
+/// Last step index for a range and an increment, any unit: the whole number nearest to their ratio.
+double Steps_Of(double First, double Last, double Increment);
+
+}  // namespace verlink

@@ -1,0 +1,28 @@
+// Numbers as text and text as numbers, with a point whatever the locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/number.h"
+
+namespace verlink {
+
+/// The shortest decimal form of up to 7 significant digits ("0.05", "1.234568E-05", "1E+07"), without a leading
+/// blank; the mantissa and exponent form from 1E+07 up and below 1E-04.
+std::string Text_Of(Single value);
+/// The same with up to 15 digits, the exponent form from 1E+15 up and below 1E-04.
+std::string Text_Of(double value);
+std::string Text_Of(int value);
+inline std::string Text_Of(Integer value) { return Text_Of(static_cast<int>(value)); }
+inline std::string Text_Of(Long value) { return Text_Of(static_cast<int>(value)); }
+
+/// The value of the leading numeric part of a text, blanks skipped; 0 when there is none. "1.5abc" is 1.5, ".5" is
+/// 0.5, "1e3" and "1d3" are 1000, "" and "abc" are 0. Infinities and NaNs are no numbers. A text too large for a
+/// double is failure 6.
+double Val(std::string_view text);
+
+/// The value of a text that must be a number as a whole, blanks around it allowed; failure 13 when it is not.
+double Number_Of(std::string_view text);
+
+}  // namespace verlink

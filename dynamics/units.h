@@ -1,0 +1,33 @@
+// The five unit systems: labels, decimals, conversion of the model's inputs.
+#pragma once
+
+#include <string>
+
+#include "core/array.h"
+#include "core/number.h"
+
+namespace verlink {
+
+/// Entries that `Set_Unit_Labels` is asked for.
+inline constexpr int kUnitLabels = 18;
+
+/// Labels 1 to Count for a unit system; failure 9 for a Count above 25.
+void Set_Unit_Labels(Integer Units, Array<std::string, 0, 25>& UnitLabel, Integer Count);
+/// The six decimals of the record; a number outside 1 to 5 leaves them.
+void Set_Decimals(Integer Units);
+
+void Factors_In_To_SI();
+void Factors_SI_To_In();
+void Factors_In_To_Ft();
+void Factors_Ft_To_In();
+
+/// Rescales every dimensional input of the model, rounded to the decimals in force, and then packs `LinkArray`.
+/// Between foot and metric systems by way of inches, so that such a change rounds twice.
+void Convert_Units(Integer OldUnits, Integer NewUnits);
+void Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
+                   Single InertiaFactor);
+
+/// The unit system of the record with its labels and decimals.
+void Use_Units(Integer Units);
+
+}  // namespace verlink

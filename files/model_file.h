@@ -1,0 +1,54 @@
+// The model file: one table of its values, its writer, its reader, and the file menu's actions.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+
+#include "core/linkage_model.h"
+#include "files/text_notation.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// One stored value: the line, the field's name as users write it ("L2", "CG(3,1)"), and where it lies.
+struct FileField {
+    int line;
+    const char* name;
+    std::variant<std::string*, Single*, Integer*, Long*, bool*> place;
+};
+
+/// Lines 1 to 96 in the file's order, the reserved strings and the end marker left out. The places are fields of
+/// `Model`; lines 1, 2 and 54 are those that the writer writes.
+std::span<const FileField> File_Fields();
+
+/// Stores a text in the field of that name as if the file had held it. False for an unknown name; failure 13 or 6
+/// for a text that the field cannot take.
+bool Set_File_Field(const std::string& name, const std::string& text);
+
+/// The whole file from the model, as text.
+std::string File_Content();
+
+/// Writes the model to `FilePath` and says so; failures go to the reporter as "Writefile". False when it failed; the
+/// old file is whole then.
+bool Writefile();
+
+/// Reads a model from a file's content: recognises it, fills the model and the screens, and, unless the program has
+/// just started, says so and shows the input screen. Failures go to the reporter under "Readfile" or "Read_Newfile";
+/// what was read stays.
+void Readfile(const std::string& content);
+
+/// Lines 3 to the end, by the rules for older revisions and formats.
+void Read_Newfile(TextReader& reader);
+
+/// What follows from the values of a file: `DeltaRad`, `LinkArray`, limits, `NSteps`, circuit, units. No screen.
+void Derive_From_File();
+
+/// The file menu's actions, each a handler of the home screen.
+void Menu_Open(platform::Screen& home);
+void Menu_Save(platform::Screen& home);
+void Menu_Saveas(platform::Screen& home);
+
+}  // namespace verlink

@@ -1,0 +1,48 @@
+// The notation of the program's text files: one value after another, strings in quotes, booleans in hashes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/number.h"
+
+namespace verlink {
+
+/// Collects a file. Values stand one to a line, or several with commas between them; lines end in CR LF.
+class TextWriter {
+   public:
+    void Put(const std::string& value);
+    void Put(const char* value) { Put(std::string(value)); }
+    void Put(Single value);
+    void Put(Integer value);
+    void Put(Long value);
+    void Put(bool value);
+    void EndLine();
+    const std::string& Content() const { return content_; }
+
+   private:
+    void Separate();
+    std::string content_;
+    bool line_begun_ = false;
+};
+
+/// Takes values off a file's content. A comma and a line end alike end a value; a quoted string may hold either.
+/// Lone LF and lone CR end lines too. Past the end is failure 62, a value of the wrong kind failure 13, a number
+/// beyond its type failure 6.
+class TextReader {
+   public:
+    explicit TextReader(std::string_view content) : content_(content) {}
+    std::string String();
+    Single Float();
+    Integer Short();
+    Long LongInteger();
+    bool Boolean();
+    bool AtEnd() const;
+
+   private:
+    std::string_view Word();
+    std::string_view content_;
+    std::size_t place_ = 0;
+};
+
+}  // namespace verlink

@@ -1,0 +1,160 @@
+// How controls answer to the user's hand and to code.
+#include "platform/controls.h"
+
+#include <algorithm>
+
+#include "platform/screen.h"
+
+namespace verlink::platform {
+
+Control::Control(Screen& owner, std::string name, int index) : owner_(owner), name_(std::move(name)), index_(index) {
+    if (!name_.empty()) owner.Adopt(*this);
+}
+
+std::string Control::ObjectName() const { return index_ == kNoIndex ? name_ : name_ + "_" + std::to_string(index_); }
+
+void Control::SetFocus() { owner_.MoveFocus(this); }
+
+Label::Label(Screen& owner, std::string name, std::string caption, int index)
+    : Visual(owner, std::move(name), index), Caption(*this, std::move(caption)) {}
+
+Frame::Frame(Screen& owner, std::string name, std::string caption, int index)
+    : Visual(owner, std::move(name), index), Caption(*this, std::move(caption)) {}
+
+TextBox::TextBox(Screen& owner, std::string name, std::string text, int index)
+    : Visual(owner, std::move(name), index), Text(*this, std::move(text)) {}
+
+void TextBox::SelectAll() {
+    SelectedAll = false;
+    SelectedAll = true;
+}
+
+CommandButton::CommandButton(Screen& owner, std::string name, std::string caption, int index)
+    : Visual(owner, std::move(name), index), Caption(*this, std::move(caption)) {}
+
+void CommandButton::Click() {
+    if (Enabled && Visible && OnClick) OnClick();
+}
+
+OptionButton::OptionButton(Screen& owner, std::string name, std::string caption, int index)
+    : Visual(owner, std::move(name), index), Caption(*this, std::move(caption)), Value(*this, false) {
+    Value.Event = [this] {
+        if (!Value) return;
+        for (Control* control : Owner().Controls()) {
+            auto* other = dynamic_cast<OptionButton*>(control);
+            if (other && other != this && other->Name() == Name()) other->Value = false;
+        }
+        if (OnClick) OnClick();
+    };
+}
+
+void OptionButton::Click() {
+    if (Enabled && Visible) Value = true;
+}
+
+CheckBox::CheckBox(Screen& owner, std::string name, std::string caption, int index)
+    : Visual(owner, std::move(name), index), Caption(*this, std::move(caption)), Value(*this, false) {
+    Value.Event = [this] {
+        if (OnClick) OnClick();
+    };
+}
+
+void CheckBox::Click() {
+    if (Enabled && Visible) Value = !Value.Get();
+}
+
+ComboBox::ComboBox(Screen& owner, std::string name, std::string text, int index)
+    : Visual(owner, std::move(name), index), Text(*this, std::move(text)) {
+    Text.Event = [this] {
+        if (choosing_) return;
+        index_ = -1;
+        if (OnChange) OnChange();
+    };
+}
+
+void ComboBox::AddItem(const std::string& item) {
+    items_.push_back(item);
+    Notify();
+}
+
+void ComboBox::Clear() {
+    items_.clear();
+    index_ = -1;
+    Notify();
+}
+
+void ComboBox::Choose(int index) {
+    if (index < -1 || index >= static_cast<int>(items_.size())) Raise(kInvalidProperty);
+    index_ = index;
+    choosing_ = true;
+    Text = index < 0 ? std::string() : items_[static_cast<std::size_t>(index)];
+    choosing_ = false;
+    Notify();
+    if (OnClick) OnClick();
+}
+
+ScrollBar::ScrollBar(Screen& owner, std::string name, int index) : Visual(owner, std::move(name), index) {}
+
+void ScrollBar::SetMin(int min) {
+    if (min == min_) return;
+    min_ = min;
+    Notify();
+    PullIn();
+}
+
+void ScrollBar::SetMax(int max) {
+    if (max == max_) return;
+    max_ = max;
+    Notify();
+    PullIn();
+}
+
+void ScrollBar::PullIn() { SetValue(std::clamp(value_, std::min(min_, max_), std::max(min_, max_))); }
+
+void ScrollBar::SetValue(int value) {
+    if (value < std::min(min_, max_) || value > std::max(min_, max_)) Raise(kInvalidProperty);
+    if (value == value_) return;
+    value_ = value;
+    Notify();
+    if (OnChange) OnChange();
+}
+
+void ScrollBar::Drag(int value) {
+    if (!dragging_) before_drag_ = value_;
+    dragging_ = true;
+    value = std::clamp(value, std::min(min_, max_), std::max(min_, max_));
+    if (value == value_) return;
+    value_ = value;
+    Notify();
+    if (OnScroll) OnScroll();
+}
+
+void ScrollBar::Drop() {
+    if (!dragging_) return;
+    dragging_ = false;
+    if (value_ != before_drag_ && OnChange) OnChange();
+}
+
+PictureBox::PictureBox(Screen& owner, std::string name, int index) : Visual(owner, std::move(name), index) {}
+
+Timer::Timer(Screen& owner, std::string name, int index) : Control(owner, std::move(name), index) {}
+
+void Timer::Tick() {
+    if (Enabled && OnTimer) OnTimer();
+}
+
+MenuEntry::MenuEntry(Screen& owner, std::string name, std::string caption, int index)
+    : Control(owner, std::move(name), index), Caption(*this, std::move(caption)), parent_(nullptr) {}
+
+MenuEntry::MenuEntry(MenuEntry& parent, std::string name, std::string caption, int index)
+    : Control(parent.Owner(), std::move(name), index), Caption(*this, std::move(caption)), parent_(&parent) {
+    parent.children_.push_back(this);
+}
+
+void MenuEntry::Click() {
+    for (const MenuEntry* entry = this; entry; entry = entry->parent_)
+        if (!entry->Enabled || !entry->Visible) return;
+    if (OnClick) OnClick();
+}
+
+}  // namespace verlink::platform

@@ -1,0 +1,300 @@
+// The controls of a screen as plain values that can be watched, free of any toolkit.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/failure.h"
+#include "platform/picture.h"
+#include "platform/surface.h"
+
+namespace verlink::platform {
+
+class Screen;
+
+/// The index of a control that is not part of an array.
+inline constexpr int kNoIndex = -1;
+
+/// The default back colour of a control: whatever the desktop's style gives it.
+inline constexpr Color kStyleColor = -1;
+
+/// What every control has: an owner, a name, perhaps an index, and somebody who may watch it.
+class Control {
+   public:
+    Control(Screen& owner, std::string name, int index);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Screen& Owner() const { return owner_; }
+    const std::string& Name() const { return name_; }
+    int Index() const { return index_; }
+    /// "txt_Linkout_1" for an entry of an array, else the name.
+    std::string ObjectName() const;
+
+    /// Moves the screen's focus here, with the events of losing and getting it.
+    void SetFocus();
+
+    /// Set by the toolkit's side: called after any property of the control has changed.
+    std::function<void()> Watcher;
+    void Notify() const {
+        if (Watcher) Watcher();
+    }
+
+   private:
+    Screen& owner_;
+    std::string name_;
+    int index_;
+};
+
+/// A value of a control. Storing a different value tells the watcher and then raises the value's event; storing
+/// the same value does nothing.
+template <class T>
+class Property {
+   public:
+    Property(Control& owner, T initial) : owner_(&owner), value_(std::move(initial)) {}
+    Property(const Property&) = delete;
+
+    // NOLINTNEXTLINE(google-explicit-constructor): a property reads as its value
+    operator const T&() const { return value_; }
+    const T& Get() const { return value_; }
+
+    Property& operator=(const T& value) {
+        if (value == value_) return *this;
+        value_ = value;
+        owner_->Notify();
+        if (Event) Event();
+        return *this;
+    }
+    Property& operator=(const Property& other) { return *this = other.value_; }
+
+    std::function<void()> Event;
+
+   private:
+    Control* owner_;
+    T value_;
+};
+
+template <class T, class U>
+bool operator==(const Property<T>& a, const U& b) {
+    return a.Get() == b;
+}
+
+/// A control that the user sees, with what all of them share.
+class Visual : public Control {
+   public:
+    using Control::Control;
+    Property<bool> Enabled{*this, true};
+    Property<bool> Visible{*this, true};
+    Property<Color> BackColor{*this, kStyleColor};
+    /// One line that says what the control is for, with its unit, or why it is disabled.
+    Property<std::string> Tip{*this, ""};
+    std::function<void()> OnGotFocus;
+    std::function<void()> OnLostFocus;
+};
+
+/// A text in the picture of a screen: a caption, a unit, a read-out, a legend.
+class Label : public Visual {
+   public:
+    Label(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
+    Property<std::string> Caption;
+};
+
+/// A group with a title.
+class Frame : public Visual {
+   public:
+    Frame(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
+    Property<std::string> Caption;
+};
+
+/// One line of text. `OnReturn` is raised by the Return key.
+class TextBox : public Visual {
+   public:
+    TextBox(Screen& owner, std::string name, std::string text = "", int index = kNoIndex);
+    Property<std::string> Text;  ///< its Event is the Change event
+    std::function<void()> OnReturn;
+    /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
+    void SelectAll();
+    Property<bool> SelectedAll{*this, false};
+};
+
+/// A push button; an ampersand in the caption stands before the mnemonic.
+class CommandButton : public Visual {
+   public:
+    CommandButton(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
+    Property<std::string> Caption;
+    std::function<void()> OnClick;
+    /// The click event, if the button is enabled and visible.
+    void Click();
+};
+
+/// One of a group, of which one is on. The options of one array are a group; setting `Value` true, from code or
+/// by hand, puts the others off and raises `OnClick` once.
+class OptionButton : public Visual {
+   public:
+    OptionButton(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
+    Property<std::string> Caption;
+    Property<bool> Value;
+    std::function<void()> OnClick;
+    /// What the user's hand does, if the option is enabled and visible.
+    void Click();
+};
+
+/// A box to tick. A change of `Value`, from code or by hand, raises `OnClick`.
+class CheckBox : public Visual {
+   public:
+    CheckBox(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
+    Property<std::string> Caption;
+    Property<bool> Value;
+    std::function<void()> OnClick;
+    /// What the user's hand does, if the box is enabled and visible.
+    void Click();
+};
+
+/// A list with a box. A text typed raises `OnChange`; choosing an item, from code or by hand, sets the text and
+/// raises `OnClick`, once for each choice.
+class ComboBox : public Visual {
+   public:
+    ComboBox(Screen& owner, std::string name, std::string text = "", int index = kNoIndex);
+    Property<std::string> Text;
+    std::function<void()> OnChange;
+    std::function<void()> OnClick;
+    void AddItem(const std::string& item);
+    void Clear();
+    const std::vector<std::string>& Items() const { return items_; }
+    /// -1 when the text was typed.
+    int ListIndex() const { return index_; }
+    void Choose(int index);
+
+   private:
+    std::vector<std::string> items_;
+    int index_ = -1;
+    bool choosing_ = false;
+};
+
+/// A bar with a thumb. `OnChange` follows every change of `Value`; `OnScroll` only the dragging of the thumb.
+/// A value outside the limits is failure 380; limits that leave the value outside pull it in.
+class ScrollBar : public Visual {
+   public:
+    ScrollBar(Screen& owner, std::string name, int index = kNoIndex);
+    int Min() const { return min_; }
+    int Max() const { return max_; }
+    int Value() const { return value_; }
+    void SetMin(int min);
+    void SetMax(int max);
+    void SetValue(int value);
+    /// The thumb under the user's hand: the value follows, with `OnScroll`; `Drop` ends it, with `OnChange` when
+    /// the value is another than before.
+    void Drag(int value);
+    void Drop();
+    int SmallChange = 1;
+    int LargeChange = 10;
+    std::function<void()> OnChange;
+    std::function<void()> OnScroll;
+
+   private:
+    void PullIn();
+    int min_ = 0, max_ = 32767, value_ = 0;
+    int before_drag_ = 0;
+    bool dragging_ = false;
+};
+
+/// A square drawing surface on a screen. The program draws on `Canvas()`; the desktop paints `Drawing()`.
+class PictureBox : public Visual {
+   public:
+    PictureBox(Screen& owner, std::string name, int index = kNoIndex);
+    Surface& Canvas() { return log_ ? *log_ : static_cast<Surface&>(picture_); }
+    Picture& Drawing() { return picture_; }
+    /// Sends the calls elsewhere (a test's log); null brings them back.
+    void Redirect(Surface* log) { log_ = log; }
+    /// A move of the mouse: buttons (1 left, 2 right, 4 middle), keys (1 shift, 2 control, 4 alt), world position.
+    std::function<void(int button, int shift, double x, double y)> OnMouseMove;
+
+   private:
+    Picture picture_;
+    Surface* log_ = nullptr;
+};
+
+/// A pulse. While `Enabled` it raises `OnTimer` every `Interval` milliseconds.
+class Timer : public Control {
+   public:
+    Timer(Screen& owner, std::string name, int index = kNoIndex);
+    Property<bool> Enabled{*this, false};
+    Property<int> Interval{*this, 0};
+    std::function<void()> OnTimer;
+    /// One pulse, if the timer is enabled.
+    void Tick();
+};
+
+/// An entry of a menu; entries with children open a menu of their own. An empty caption is a separator.
+class MenuEntry : public Control {
+   public:
+    /// An entry of the menu bar.
+    MenuEntry(Screen& owner, std::string name, std::string caption, int index = kNoIndex);
+    /// An entry below another.
+    MenuEntry(MenuEntry& parent, std::string name, std::string caption, int index = kNoIndex);
+    Property<std::string> Caption;
+    Property<bool> Enabled{*this, true};
+    Property<bool> Visible{*this, true};
+    Property<bool> Checked{*this, false};
+    std::function<void()> OnClick;
+    /// The click event, if the entry and those above it are enabled and visible.
+    void Click();
+    MenuEntry* Parent() const { return parent_; }
+    const std::vector<MenuEntry*>& Children() const { return children_; }
+
+   private:
+    MenuEntry* parent_;
+    std::vector<MenuEntry*> children_;
+};
+
+/// Controls of one name, told apart by an index; any set of indices.
+template <class T>
+class ControlArray {
+   public:
+    /// (index, caption or start text) each.
+    template <class Owner>
+    ControlArray(Owner& owner, const std::string& name, std::initializer_list<std::pair<int, const char*>> entries) {
+        for (const auto& [index, text] : entries)
+            controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
+    }
+
+    bool Has(int index) const {
+        for (const auto& control : controls_)
+            if (control->Index() == index) return true;
+        return false;
+    }
+    /// Failure 9 when there is none of that index.
+    T& operator[](int index) {
+        for (auto& control : controls_)
+            if (control->Index() == index) return *control;
+        Raise(kSubscript);
+    }
+    auto begin() const { return controls_.begin(); }
+    auto end() const { return controls_.end(); }
+
+    /// Gives every entry the same handler, which takes the index.
+    template <class Member, class Handler>
+    void On(Member member, Handler handler) {
+        for (auto& control : controls_) {
+            int index = control->Index();
+            (*control).*member = [handler, index] { handler(index); };
+        }
+    }
+    template <class Handler>
+    void OnTextChange(Handler handler) {
+        for (auto& control : controls_) {
+            int index = control->Index();
+            control->Text.Event = [handler, index] { handler(index); };
+        }
+    }
+
+   private:
+    std::vector<std::unique_ptr<T>> controls_;
+};
+
+}  // namespace verlink::platform

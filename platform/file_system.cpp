@@ -1,0 +1,130 @@
+// Reading files whole, and replacing them only by whole ones.
+#include "platform/file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/failure.h"
+
+namespace verlink::platform {
+
+namespace {
+
+/// The failure number for an error of the system, when reading or when writing.
+long Number_Of(int error, bool writing) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR: return writing ? kDiskNotReady : kFileNotFound;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG: return kDiskFull;
+        case ENAMETOOLONG:
+        case EINVAL:
+        case ELOOP: return kBadFileName;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EISDIR:
+        case ETXTBSY: return kPathAccess;
+        default: return kDeviceError;
+    }
+}
+
+class Descriptor {
+   public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() {
+        if (number_ >= 0) ::close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Number() const { return number_; }
+    int Close() {
+        const int result = ::close(number_);
+        number_ = -1;
+        return result;
+    }
+
+   private:
+    int number_;
+};
+
+}  // namespace
+
+std::string Read_File(const std::string& path) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.Number() < 0) Raise(Number_Of(errno, false));
+    std::string content;
+    char block[65536];
+    for (;;) {
+        const ssize_t count = ::read(file.Number(), block, sizeof block);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Raise(Number_Of(errno, false));
+        if (count == 0) return content;
+        content.append(block, static_cast<std::size_t>(count));
+    }
+}
+
+void Write_File(const std::string& path, const std::string& content) {
+    std::error_code none;
+    std::string target = path;
+    if (std::filesystem::is_symlink(path, none)) {
+        const auto real = std::filesystem::weakly_canonical(path, none);
+        if (!none) target = real.string();
+    }
+    struct stat old {};
+    const bool replaces = ::stat(target.c_str(), &old) == 0;
+    if (replaces && S_ISDIR(old.st_mode)) Raise(kPathAccess);
+    if (replaces && !S_ISREG(old.st_mode)) {
+        // A device or a pipe cannot be replaced; it is written to.
+        Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
+        if (device.Number() < 0) Raise(Number_Of(errno, true));
+        std::size_t done = 0;
+        while (done < content.size()) {
+            const ssize_t count = ::write(device.Number(), content.data() + done, content.size() - done);
+            if (count < 0 && errno != EINTR) Raise(Number_Of(errno, true));
+            if (count > 0) done += static_cast<std::size_t>(count);
+        }
+        return;
+    }
+    if (replaces && ::access(target.c_str(), W_OK) != 0) Raise(Number_Of(errno, true));
+
+    std::string beside = target + ".XXXXXX";
+    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
+    if (file.Number() < 0) Raise(Number_Of(errno, true));
+    const auto fail = [&](int error) {
+        ::unlink(beside.c_str());
+        Raise(Number_Of(error, true));
+    };
+    std::size_t done = 0;
+    while (done < content.size()) {
+        const ssize_t count = ::write(file.Number(), content.data() + done, content.size() - done);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) fail(errno);
+        done += static_cast<std::size_t>(count);
+    }
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    const mode_t mode = replaces ? (old.st_mode & 07777) : (0666 & ~mask);
+    if (::fchmod(file.Number(), mode) != 0 || ::fsync(file.Number()) != 0 || file.Close() != 0) fail(errno);
+    if (::rename(beside.c_str(), target.c_str()) != 0) fail(errno);
+}
+
+bool File_Exists(const std::string& path) {
+    std::error_code none;
+    return std::filesystem::exists(path, none);
+}
+
+bool Make_Folder(const std::string& path) {
+    std::error_code failed;
+    std::filesystem::create_directories(path, failed);
+    return !failed;
+}
+
+}  // namespace verlink::platform

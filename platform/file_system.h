@@ -1,0 +1,23 @@
+// Files as the program reads and writes them: whole, or not at all.
+#pragma once
+
+#include <string>
+
+namespace verlink::platform {
+
+/// Paths are UTF-8. The failures raised: 53 for a file that is not there, 75 for one that may not be touched, 71
+/// for a folder that is not there when writing, 61 for a full disk, 57 for a device that fails, 64 for a name
+/// that the system does not take.
+
+/// The whole content of a file, bytes as they are.
+std::string Read_File(const std::string& path);
+
+/// Writes beside the file, flushes to the device, and renames over it. On failure nothing is left behind and the
+/// old file is whole. A link is followed, so that the file it names is replaced; the old file's permissions stay.
+void Write_File(const std::string& path, const std::string& content);
+
+bool File_Exists(const std::string& path);
+/// With the folders above it; a folder that is there already is no failure. False when it cannot be made.
+bool Make_Folder(const std::string& path);
+
+}  // namespace verlink::platform

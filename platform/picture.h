@@ -1,0 +1,82 @@
+// A surface that remembers: a list of primitives that can be painted at any size, printed and written as SVG.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/surface.h"
+
+namespace verlink::platform {
+
+/// Keeps what is drawn as a list. Drawing a primitive again in the back colour takes the earlier one out of the
+/// list, so that erasing leaves neither fringes nor holes in other curves; drawing it again in another colour, or
+/// in the same, moves it to the top. A primitive in the back colour that matches no earlier one stays, as a
+/// stroke in the back colour. Two primitives are the same when their kind and their coordinates, rounded to
+/// 1/65536 of the window, agree.
+class Picture : public Surface {
+   public:
+    struct Primitive {
+        enum class Kind : std::uint8_t { kSegment, kCircle, kDot };
+        Kind kind;
+        bool alive;
+        Color color;
+        double x1, y1;  ///< start, centre or dot, world
+        double x2, y2;  ///< end of a segment; for a circle x2 is the radius
+    };
+
+    void Scale(double x1, double y1, double x2, double y2) override;
+    void Cls() override;
+    void BackColor(Color color) override;
+    void DrawMode(int mode) override;
+    void Line(double x1, double y1, double x2, double y2, Color color) override;
+    void LineTo(double x, double y, Color color) override;
+    void LineStep(double dx, double dy, Color color) override;
+    void Circle(double x, double y, double radius, Color color) override;
+    void PSet(double x, double y, Color color) override;
+    void PSet(double x, double y) override;
+
+    /// In drawing order; those not `alive` were erased and are to be skipped.
+    const std::vector<Primitive>& Primitives() const { return list_; }
+    std::size_t Alive() const { return alive_; }
+    Color Back() const { return back_; }
+    double Left() const { return left_; }
+    double Top() const { return top_; }
+    double Right() const { return right_; }
+    double Bottom() const { return bottom_; }
+    /// Grows with every change, so that a painter knows when its image is stale.
+    std::uint64_t Revision() const { return revision_; }
+
+    /// The picture as a square SVG document, `side` pixels wide.
+    std::string Svg(int side) const;
+
+    /// Raised after every change; for the toolkit's side.
+    std::function<void()> Changed;
+
+   private:
+    struct Key {
+        Primitive::Kind kind;
+        std::int64_t a, b, c, d;
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const;
+    };
+
+    void Add(Primitive primitive);
+    Key KeyOf(const Primitive& primitive) const;
+    void Compact();
+    void Touch();
+
+    std::vector<Primitive> list_;
+    std::unordered_map<Key, std::size_t, KeyHash> place_;  ///< index into list_ of each primitive alive
+    std::size_t alive_ = 0;
+    Color back_ = 0xFFFFFF;
+    double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
+    double x_ = 0, y_ = 0;  ///< the current point
+    std::uint64_t revision_ = 0;
+};
+
+}  // namespace verlink::platform

@@ -1,0 +1,122 @@
+// Showing, hiding, activation and focus of screens, and the screens by name.
+#include "platform/screen.h"
+
+#include <algorithm>
+#include <map>
+
+#include "platform/desktop.h"
+
+namespace verlink::platform {
+
+namespace {
+
+struct Registry {
+    std::map<std::string, Screens::Maker> makers;
+    std::vector<std::unique_ptr<Screen>> made;
+    std::vector<Screen*> shown;  // oldest first; a screen shown again moves to the end
+    Screen* active = nullptr;
+};
+
+Registry& Registered() {
+    static Registry registry;
+    return registry;
+}
+
+}  // namespace
+
+Screen::Shape::Shape(Screen& screen) : Control(screen, "", kNoIndex) {}
+
+Screen::Screen(std::string name) : name_(std::move(name)), shape_(*this) {}
+
+Screen::~Screen() {
+    Registry& registry = Registered();
+    std::erase(registry.shown, this);
+    if (registry.active == this) registry.active = nullptr;
+}
+
+Control* Screen::Find(const std::string& name, int index) const {
+    for (Control* control : controls_)
+        if (control->Index() == index && control->Name() == name) return control;
+    return nullptr;
+}
+
+void Screen::ShowModal() {
+    if (The_Desktop().Ending()) return;
+    Registry& registry = Registered();
+    std::erase(registry.shown, this);
+    registry.shown.push_back(this);
+    visible_ = true;
+    const int before = hidings_;
+    The_Desktop().Show_Window(*this);
+    Activate(this);
+    if (hidings_ == before) The_Desktop().Serve_Events(*this, [this, before] { return hidings_ != before; });
+    if (The_Desktop().Ending()) return;
+    Activate(registry.shown.empty() ? nullptr : registry.shown.back());
+}
+
+void Screen::Hide() {
+    if (!visible_) return;
+    visible_ = false;
+    ++hidings_;
+    std::erase(Registered().shown, this);
+    if (Registered().active == this) Registered().active = nullptr;
+    The_Desktop().Hide_Window(*this);
+}
+
+void Screen::MoveFocus(Control* control) {
+    if (control == focus_) return;
+    Control* left = focus_;
+    focus_ = control;
+    if (auto* visual = dynamic_cast<Visual*>(left); visual && visual->OnLostFocus) visual->OnLostFocus();
+    if (focus_ == control) {
+        if (FocusWatcher) FocusWatcher(control);
+        if (auto* visual = dynamic_cast<Visual*>(control); visual && visual->OnGotFocus) visual->OnGotFocus();
+    }
+}
+
+void Screen::Close() {
+    bool cancel = false;
+    Form_QueryUnload(cancel);
+    if (!cancel) Hide();
+}
+
+Screen* Screen::Active() { return Registered().active; }
+
+void Screen::Activate(Screen* screen) {
+    if (screen == Registered().active) return;
+    Registered().active = screen;
+    if (screen) screen->Form_Activate();
+}
+
+void Screens::Register(const std::string& name, Maker maker) { Registered().makers[name] = std::move(maker); }
+
+bool Screens::Knows(const std::string& name) { return Registered().makers.contains(name); }
+
+Screen* Screens::Find(const std::string& name) {
+    Registry& registry = Registered();
+    for (const auto& screen : registry.made)
+        if (screen->Name() == name) return screen.get();
+    const auto maker = registry.makers.find(name);
+    if (maker == registry.makers.end()) return nullptr;
+    registry.made.push_back(maker->second());
+    return registry.made.back().get();
+}
+
+Screen& Screens::Get(const std::string& name) {
+    if (Screen* screen = Find(name)) return *screen;
+    Raise(kSubscript);
+}
+
+std::vector<Screen*> Screens::Made() {
+    std::vector<Screen*> all;
+    for (const auto& screen : Registered().made) all.push_back(screen.get());
+    return all;
+}
+
+void Screens::Discard() {
+    Registered().made.clear();
+    Registered().shown.clear();
+    Registered().active = nullptr;
+}
+
+}  // namespace verlink::platform

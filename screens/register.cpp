@@ -1,0 +1,38 @@
+// How each screen is made.
+#include "screens/register.h"
+
+#include <memory>
+
+#include "platform/screen.h"
+#include "screens/frm_about.h"
+#include "screens/frm_animate.h"
+#include "screens/frm_help.h"
+#include "screens/frm_homescreen.h"
+#include "screens/frm_inputnew.h"
+#include "screens/frm_quit.h"
+#include "screens/frm_title.h"
+#include "screens/frm_user.h"
+
+namespace verlink {
+
+namespace {
+
+template <class Form>
+void Register_One(const char* name) {
+    platform::Screens::Register(name, [] { return std::make_unique<Form>(); });
+}
+
+}  // namespace
+
+void Register_Screens() {
+    Register_One<frm_About>("frm_About");
+    Register_One<frm_Animate>("frm_Animate");
+    Register_One<frm_Help>("frm_Help");
+    Register_One<frm_HomeScreen>("frm_HomeScreen");
+    Register_One<frm_Inputnew>("frm_Inputnew");
+    Register_One<frm_Quit>("frm_Quit");
+    Register_One<frm_Title>("frm_Title");
+    Register_One<frm_User>("frm_User");
+}
+
+}  // namespace verlink

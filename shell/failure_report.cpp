@@ -1,0 +1,54 @@
+// The words of the failure reporter.
+#include "shell/failure_report.h"
+
+#include "platform/desktop.h"
+
+namespace verlink {
+
+using platform::CRLF;
+
+namespace {
+
+struct Advice {
+    std::string text;
+    platform::Icon icon = platform::Icon::kInformation;
+};
+
+const std::string kSaveAdvice = "You should try to save your model from the Home Screen's 'File' pulldown menu, ";
+const std::string kCloseAdvice = "It may help to close other programs that are running at the same time.";
+
+Advice Advice_For(long number) {
+    switch (number) {
+        case platform::kOutOfMemory:
+            return {kSaveAdvice + CRLF + "then Quit this program and restart it to clear the memory." + CRLF +
+                        kCloseAdvice + CRLF + "Good luck! ",
+                    platform::Icon::kNone};
+        case platform::kOutOfStack:
+            return {kSaveAdvice + CRLF + "then Quit this program and restart it to clear the stacks." + CRLF +
+                    kCloseAdvice + CRLF + "Good luck! "};
+        case platform::kBadFileNameOrNumber:
+            return {"The filename clicked on has a problem.  Try opening it from within the program."};
+        case platform::kFileNotFound:
+        case platform::kBadFileName: return {"There are no files with your chosen name in the selected directory"};
+        case platform::kDeviceError: return {"Device I/O error- bad drive or disk - please try another"};
+        case platform::kDiskFull: return {" The floppy disk in the drive is full - please substitute another"};
+        case platform::kDiskNotReady: return {"Disk not ready - is the drive empty or its door open?"};
+        case 32678:  // 7FA6, a failure of the common dialog
+            return {"Out of memory.  Close other programs and retry."};
+        default: return {""};
+    }
+}
+
+}  // namespace
+
+void Report_Error(long ErrorNumber, const std::string& ProcName) {
+    const Advice advice = Advice_For(ErrorNumber);
+    platform::Tell("Error " + std::to_string(ErrorNumber) + "   (" + platform::Failure_Description(ErrorNumber) +
+                       ")  has occurred in " + ProcName + CRLF + CRLF + advice.text,
+                   advice.icon);
+    if (ErrorNumber == platform::kOutOfMemory)
+        if (platform::Screen* home = platform::Screens::Find("frm_HomeScreen")) home->ShowModal();
+    platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
+}
+
+}  // namespace verlink
