@@ -3,6 +3,7 @@
 
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/failure.h"
@@ -16,28 +17,28 @@ void Report_Error(long ErrorNumber, const std::string& ProcName);
 /// Runs `body`; a failure inside goes to `Report_Error` under the procedure's name, and the caller goes on.
 /// Nothing is rolled back. Gives back whether the body ran to its end.
 template <class Body>
-bool Guarded(const std::string& ProcName, Body&& body) {
+bool Guarded(std::string_view ProcName, Body&& body) {
     try {
         std::forward<Body>(body)();
         return true;
     } catch (const platform::RuntimeFailure& failure) {
-        Report_Error(failure.Number(), ProcName);
+        Report_Error(failure.Number(), std::string(ProcName));
     } catch (const std::bad_alloc&) {
-        Report_Error(platform::kOutOfMemory, ProcName);
+        Report_Error(platform::kOutOfMemory, std::string(ProcName));
     }
     return false;
 }
 
 /// The same for handlers of file dialogs: a cancelled dialog ends the body and is not reported.
 template <class Body>
-bool Guarded_Unless_Cancelled(const std::string& ProcName, Body&& body) {
+bool Guarded_Unless_Cancelled(std::string_view ProcName, Body&& body) {
     try {
         std::forward<Body>(body)();
         return true;
     } catch (const platform::RuntimeFailure& failure) {
-        if (failure.Number() != platform::kDialogCancelled) Report_Error(failure.Number(), ProcName);
+        if (failure.Number() != platform::kDialogCancelled) Report_Error(failure.Number(), std::string(ProcName));
     } catch (const std::bad_alloc&) {
-        Report_Error(platform::kOutOfMemory, ProcName);
+        Report_Error(platform::kOutOfMemory, std::string(ProcName));
     }
     return false;
 }
