@@ -14,6 +14,7 @@ struct FunctionSlots {
     Array<Integer, 0, 22> FuncGroup;          ///< by slot 1 to 4: which array, and the index into UnitLabel
     Array<Integer, 0, 4> FuncRow;             ///< by slot: row of that array
     Array<Integer, 0, 4> FuncComponent;       ///< by slot: 0 X, 1 Y, 2 Mag, 3 Ang
+    Array<std::string, 0, 4> ComponentLabel;  ///< by slot: the text of the component
     bool ScalarFunction = false;              ///< the variable picked last has no components
     bool CoordFunction = false;               ///< the coordinate choice applies to it
     bool FFTFunction = false;                 ///< it is the current transform

@@ -1,0 +1,180 @@
+// The table of output variables, and the reading of one number of it.
+#include "output/catalogue.h"
+
+#include <array>
+#include <cmath>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+/// What picking a variable leaves in the flags.
+enum class Kind {
+    kScalar,          ///< no components
+    kVector,          ///< components, in either frame
+    kPlain,           ///< components, no choice of frame
+    kScalarInFrames,  ///< no components, and the choice of frame left open
+    kTransform,       ///< the current transform, whose row is the component
+};
+
+struct Variable {
+    const char* label;
+    int group;
+    int row;
+    Kind kind;
+};
+
+// The order of the mass centres' rows is that in which the solution stores them.
+constexpr std::array kVariables{
+    Variable{"Theta2", 1, 0, Kind::kScalar},
+    Variable{"Theta3", 1, 1, Kind::kScalar},
+    Variable{"Theta4", 1, 2, Kind::kScalar},
+    Variable{"Trans Ang", 1, 3, Kind::kScalar},
+    Variable{"Omega2", 2, 0, Kind::kScalar},
+    Variable{"Omega3", 2, 1, Kind::kScalar},
+    Variable{"Omega4", 2, 2, Kind::kScalar},
+    Variable{"Alpha2", 3, 0, Kind::kScalar},
+    Variable{"Alpha3", 3, 1, Kind::kScalar},
+    Variable{"Alpha4", 3, 2, Kind::kScalar},
+    Variable{"Veloc I 2,3", 4, 0, Kind::kVector},
+    Variable{"Veloc I 3,4", 4, 1, Kind::kVector},
+    Variable{"Veloc CP", 4, 2, Kind::kVector},
+    Variable{"Accel I 2,3", 5, 0, Kind::kVector},
+    Variable{"Accel I 3,4", 5, 1, Kind::kVector},
+    Variable{"Accel CP", 5, 2, Kind::kVector},
+    Variable{"Coupler Pt", 6, 2, Kind::kPlain},
+    Variable{"w4 / w2", 7, 0, Kind::kScalar},
+    Variable{"T4 / T2", 8, 0, Kind::kScalar},
+    Variable{"Veloc CG 2", 4, 3, Kind::kVector},
+    Variable{"Veloc CG 3", 4, 5, Kind::kVector},
+    Variable{"Veloc CG 4", 4, 4, Kind::kVector},
+    Variable{"Accel CG 2", 5, 6, Kind::kVector},
+    Variable{"Accel CG 3", 5, 5, Kind::kVector},
+    Variable{"Accel CG 4", 5, 7, Kind::kVector},
+    Variable{"Force 12", 10, 5, Kind::kVector},
+    Variable{"Force 32", 10, 0, Kind::kVector},
+    Variable{"Force 43", 10, 1, Kind::kVector},
+    Variable{"Force 14", 10, 6, Kind::kVector},
+    Variable{"F Shaking", 10, 7, Kind::kVector},
+    Variable{"Torque 12", 9, 0, Kind::kScalarInFrames},
+    Variable{"M Shaking", 9, 3, Kind::kScalar},
+    Variable{"Torque L3", 9, 1, Kind::kScalar},
+    Variable{"Torque L4", 9, 2, Kind::kScalar},
+    Variable{"F Inertia L2", 10, 3, Kind::kVector},
+    Variable{"F Inertia L3", 10, 2, Kind::kVector},
+    Variable{"F Inertia L4", 10, 4, Kind::kVector},
+    Variable{"F Shk Balcd", 11, 7, Kind::kPlain},
+    Variable{"MShk Balcd", 12, 3, Kind::kScalar},
+    Variable{"F12 Balcd", 11, 5, Kind::kPlain},
+    Variable{"F14 Balcd", 11, 6, Kind::kPlain},
+    Variable{"Flywl Torque", 18, 0, Kind::kPlain},
+    Variable{"Current FFT", 14, 0, Kind::kTransform},
+};
+constexpr int kVariableCount = static_cast<int>(kVariables.size());
+
+constexpr std::array kComponents{"X", "Y", "Mag", "Ang"};
+
+void Zero_If_Small(Single& component) {
+    if (!(std::abs(component) >= Model.SmallValue)) component = 0;
+}
+
+}  // namespace
+
+void Load_Catalogue() {
+    for (int number = 1; number <= kVariableCount; ++number)
+        Model.VariableNames(number) = kVariables[static_cast<std::size_t>(number - 1)].label;
+    for (int component = 1; component <= 4; ++component)
+        Model.ComponentNames(component) = kComponents[static_cast<std::size_t>(component - 1)];
+}
+
+void Select_Variable(const std::string& name, Integer slot) {
+    Guarded("Select_Variable", [&] {
+        Model.ScalarFunction = false;
+        Model.CoordFunction = false;
+        Model.FFTFunction = false;
+        for (int number = 1; number <= kVariableCount; ++number) {
+            if (Model.VariableNames(number) != name) continue;
+            const Variable& found = kVariables[static_cast<std::size_t>(number - 1)];
+            Model.FuncGroup(slot) = found.group;
+            Model.FFTFunction = found.kind == Kind::kTransform;
+            if (!Model.FFTFunction) Model.FuncRow(slot) = found.row;
+            Model.ScalarFunction = found.kind == Kind::kScalar || found.kind == Kind::kScalarInFrames;
+            Model.CoordFunction = found.kind == Kind::kVector || found.kind == Kind::kScalarInFrames;
+            return;
+        }
+    });
+}
+
+void Set_Component(const std::string& name, Integer slot) {
+    Guarded("Set_Component", [&] {
+        for (int component = 1; component <= 4; ++component) {
+            if (name.empty() || Model.ComponentNames(component) != name) continue;
+            Model.ComponentLabel(slot) = name;
+            Model.FuncComponent(slot) = component - 1;
+            return;
+        }
+    });
+}
+
+// The row is that of the slot being drawn, whatever slot is being read, and rows above 2 leave the link: the table
+// has no entry for mass centres.
+void Local_Link(Integer& link) {
+    Guarded("Local_Link", [&] {
+        switch (Model.FuncRow(Model.PlotSlot)) {
+            case 0: link = 0; break;
+            case 1: link = 2; break;
+            case 2: link = 1; break;
+            default: break;
+        }
+    });
+}
+
+void Transform_XY(Integer step, Integer slot, Single& value) {
+    Guarded("Transform_XY", [&] {
+        Model.SmallValue = 0.0001;
+        Integer link = 0;
+        Local_Link(link);
+        const RunResults& table = Model.RunTable;
+        const int row = Model.FuncRow(slot);
+        switch (Model.FuncGroup(slot)) {
+            case 1: value = table.Theta(step, row); break;
+            case 2: value = table.Omega(step, row); break;
+            case 3: value = table.Alpha(step, row); break;
+            case 4:
+                Resolve_Vector(step, link, slot, table.VelXY(step, row, 0), table.VelXY(step, row, 1), value);
+                break;
+            case 5:
+                Resolve_Vector(step, link, slot, table.AccXY(step, row, 0), table.AccXY(step, row, 1), value);
+                break;
+            case 6:
+                Resolve_Vector(step, link, slot, table.PointXY(step, row, 0), table.PointXY(step, row, 1), value);
+                break;
+            case 7: value = table.OmegaRatio(step); break;
+            case 8: value = table.MechAdvantage(step); break;
+            default: break;
+        }
+    });
+}
+
+void Resolve_Vector(Integer step, Integer link, Integer slot, Single x, Single y, Single& value) {
+    Guarded("Resolve_Vector", [&] {
+        Array<Single, 0, 3> components;
+        Single& xr = components(0);
+        Single& yr = components(1);
+        Rotate(x, y, Model.Link1Angle, 1, xr, yr);
+        if (Model.CoordSystem != 0) {
+            const Single global_x = xr, global_y = yr;
+            Rotate(global_x, global_y, Model.RunTable.Theta(step, link), -1, xr, yr);
+        }
+        Zero_If_Small(xr);
+        Zero_If_Small(yr);
+        Cart_to_Polar(xr, yr, components(2), components(3));
+        value = components(Model.FuncComponent(slot));
+    });
+}
+
+}  // namespace verlink
