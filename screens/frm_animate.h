@@ -1,4 +1,4 @@
-// The animate screen: the linkage moves, and joints are dragged.
+// The animate screen: the linkage moves, joints are dragged, and links are changed beside the picture.
 #pragma once
 
 #include "platform/desktop.h"
@@ -9,6 +9,100 @@ namespace verlink {
 class frm_Animate : public platform::Screen {
    public:
     frm_Animate();
+
+    platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
+    platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
+    platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
+    platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
+    platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+
+    platform::Label lbl_Header{*this, "lbl_Header"};
+    platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
+    platform::PictureBox Picture1{*this, "Picture1"};
+
+    platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};
+    platform::ScrollBar hsc_step{*this, "hsc_step"};
+    platform::Label pnl_ccw{*this, "pnl_ccw", "End -->"};
+    platform::Label pnl_time{*this, "pnl_time", "Time ---->"};
+    platform::Label lbl_StepLabel{*this, "lbl_StepLabel", "Theta2"};
+    platform::Label lbl_StepNumber{*this, "lbl_StepNumber"};
+    platform::Label lbl_StepUnit{*this, "lbl_StepUnit", "deg"};
+
+    platform::Frame fra_Speed{*this, "fra_Speed", "Animation Speed"};
+    platform::ScrollBar hsc_speed{*this, "hsc_speed"};
+    platform::Label lbl_speed{*this, "lbl_speed", "<< Slow    Fast >>"};
+    platform::Frame fra_Range{*this, "fra_Range", "Range"};
+    platform::ComboBox cmb_wait{*this, "cmb_wait", "10"};
+    platform::Frame fra_Cycles{*this, "fra_Cycles", "Cycles"};
+    platform::TextBox txt_Cycles{*this, "txt_Cycles", "1"};
+
+    platform::Frame fra_Settings{*this, "fra_Settings", "Animation Settings"};
+    platform::CheckBox chk_autoscale{*this, "chk_autoscale", "Autoscale"};
+    platform::CheckBox chk_Trace{*this, "chk_Trace", "Trace"};
+    platform::Frame fra_Show{*this, "fra_Show", "Show"};
+    platform::CheckBox chk_Showlinks{*this, "chk_Showlinks", "Links"};
+    platform::CheckBox chk_Coupler{*this, "chk_Coupler", "Coupler Path"};
+    platform::CheckBox chk_Centrodes{*this, "chk_Centrodes", "Centrodes"};
+    platform::CheckBox chk_CouplerLines{*this, "chk_CouplerLines", "Cplr Lines @"};
+    platform::TextBox txt_LineAngle{*this, "txt_LineAngle", "90"};
+    platform::Label lbl_LineAngle{*this, "lbl_LineAngle", "deg"};
+
+    platform::Label pnl_ShiftDrag{*this, "pnl_ShiftDrag", "Shift-Click-Drag on"};
+    platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
+        *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
+    platform::Label pnl_ShiftDragNote{*this, "pnl_ShiftDragNote", "to change coupler curve"};
+
+    /// Names and length units by the index of the box of `txt_Linkout`; 0 and 6 are link 1 as magnitude and angle,
+    /// 15 and 16 the same as coordinates of O4.
+    platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
+    platform::ControlArray<platform::Label> lbl_Link{*this,
+                                                     "lbl_Link",
+                                                     {{1, "Link 2 (Crank)"},
+                                                      {2, "Link 3 (Coupler)"},
+                                                      {3, "Link 4 (Rocker)"},
+                                                      {4, "Dist to Coupler Pt"},
+                                                      {5, "Angle to Coupler Pt"},
+                                                      {0, "mag"},
+                                                      {6, "ang"},
+                                                      {15, "x"},
+                                                      {16, "y"}}};
+    platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
+    platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
+    platform::Frame SSFrame3{*this, "SSFrame3", "Pivot O4 Coords"};
+    platform::ControlArray<platform::TextBox> txt_Linkout{
+        *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {15, ""}, {16, ""}, {0, ""}, {6, ""}}};
+    /// 0 to 4 as the boxes, 11 and 12 beside O4 x and y.
+    platform::ControlArray<platform::Label> lbl_Units{
+        *this, "lbl_Units", {{0, "len"}, {1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {11, "len"}, {12, "len"}}};
+    platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
+
+    platform::Frame fra_initial{*this, "fra_initial", "Initial Conditions"};
+    platform::ControlArray<platform::Label> lbl_Initial{
+        *this, "lbl_Initial", {{0, "Min Theta"}, {1, "Max Theta"}, {2, "Delta Theta"}, {3, "Omega2"}}};
+    platform::ControlArray<platform::TextBox> txt_initial{*this, "txt_initial", {{0, ""}, {1, ""}, {2, ""}}};
+    platform::Label lbl_Omega{*this, "lbl_Omega"};
+    platform::ControlArray<platform::Label> lbl_Unit{
+        *this, "lbl_Unit", {{0, "deg"}, {1, "deg"}, {2, "deg"}, {3, "rad/s"}}};
+    platform::Label lbl_camdriven{*this, "lbl_camdriven"};
+
+    platform::Frame fra_Circuit{*this, "fra_Circuit", "Circuit"};
+    platform::ControlArray<platform::OptionButton> opt_OpenCross{*this, "opt_OpenCross", {{0, "Open"}, {1, "Crossed"}}};
+    platform::Frame SSFrame6{*this, "SSFrame6", "Grashof Condition"};
+    platform::Label lbl_Grashof{*this, "lbl_Grashof"};
+    platform::Frame fra_toggle{*this, "fra_toggle", "Toggles at +/-"};
+    platform::ControlArray<platform::Label> lbl_Toggle{*this, "lbl_Toggle", {{0, ""}, {1, "deg"}}};
+
+    platform::CommandButton cmd_Animate{*this, "cmd_Animate", "&Run"};
+    platform::CommandButton cmd_Step{*this, "cmd_Step", "&Step"};
+    platform::CommandButton cmd_Reset{*this, "cmd_Reset", "Rese&t"};
+    platform::CommandButton cmd_Recalc{*this, "cmd_Recalc", "&Recalc"};
+    platform::CommandButton cmd_PlotPrint{*this, "cmd_PlotPrint", "&Print"};
+    platform::CommandButton cmd_Back{*this, "cmd_Back", "< Back"};
+    platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
+
+    platform::Timer Timer1{*this, "Timer1"};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 };
 
 }  // namespace verlink
