@@ -137,6 +137,9 @@ void ScrollBar::Drop() {
 
 PictureBox::PictureBox(Screen& owner, std::string name, int index) : Visual(owner, std::move(name), index) {}
 
+DocumentView::DocumentView(Screen& owner, std::string name, int index)
+    : Visual(owner, std::move(name), index), Document(*this, "") {}
+
 Timer::Timer(Screen& owner, std::string name, int index) : Control(owner, std::move(name), index) {}
 
 void Timer::Tick() {

@@ -219,6 +219,14 @@ class PictureBox : public Visual {
     Surface* log_ = nullptr;
 };
 
+/// A reader of documents. `Document` is the path of the one shown, below the folder that holds the program's help;
+/// empty for none.
+class DocumentView : public Visual {
+   public:
+    DocumentView(Screen& owner, std::string name, int index = kNoIndex);
+    Property<std::string> Document;
+};
+
 /// A pulse. While `Enabled` it raises `OnTimer` every `Interval` milliseconds.
 class Timer : public Control {
    public:

@@ -77,7 +77,9 @@ void Screen::MoveFocus(Control* control) {
 void Screen::Close() {
     bool cancel = false;
     Form_QueryUnload(cancel);
-    if (!cancel) Hide();
+    if (cancel) return;
+    Hide();
+    Form_Unload();
 }
 
 Screen* Screen::Active() { return Registered().active; }
@@ -88,7 +90,12 @@ void Screen::Activate(Screen* screen) {
     if (screen) screen->Form_Activate();
 }
 
-void Screens::Register(const std::string& name, Maker maker) { Registered().makers[name] = std::move(maker); }
+void Screens::Register(const std::string& name, Maker maker) {
+    if (maker)
+        Registered().makers[name] = std::move(maker);
+    else
+        Registered().makers.erase(name);
+}
 
 bool Screens::Knows(const std::string& name) { return Registered().makers.contains(name); }
 

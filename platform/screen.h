@@ -68,11 +68,15 @@ class Screen {
     virtual void Form_Activate() {}
     /// Raised when the user closes the window; set `cancel` to keep it. By default the screen hides.
     virtual void Form_QueryUnload(bool& cancel) { cancel = false; }
+    /// Raised when such a close was not cancelled and the window has gone.
+    virtual void Form_Unload() {}
+    /// Raised by a click on the screen itself or on a label or picture of it.
+    virtual void Form_Click() {}
     /// The button that Return presses where no other control takes the key, and the one for Escape; null for none.
     CommandButton* DefaultButton = nullptr;
     CommandButton* CancelButton = nullptr;
 
-    /// The user's attempt to close the window: `Form_QueryUnload`, then hiding unless cancelled.
+    /// The user's attempt to close the window: `Form_QueryUnload`, then, unless cancelled, hiding and `Form_Unload`.
     void Close();
 
     /// Called with the control each time the focus has moved; for the desktop's side.
@@ -106,7 +110,8 @@ class Screen {
 class Screens {
    public:
     using Maker = std::function<std::unique_ptr<Screen>()>;
-    /// Tells how a screen is made; a second maker of the same name replaces the first.
+    /// Tells how a screen is made; a second maker of the same name replaces the first, and a null one takes the
+    /// name away.
     static void Register(const std::string& name, Maker maker);
     static bool Knows(const std::string& name);
     /// The screen of that name, made if need be; null for a name that nobody registered.
