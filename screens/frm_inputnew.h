@@ -1,14 +1,116 @@
 // The input screen: the linkage is typed, calculated and stepped through.
 #pragma once
 
+#include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
 namespace verlink {
 
+/// Leaving a box takes its text over; Return does the same. With `chk_autocalc` ticked every such change runs the
+/// calculation at once, else `cmd_Calc` does. Boxes that are typed into are yellow, derived ones cyan.
 class frm_Inputnew : public platform::Screen {
    public:
     frm_Inputnew();
+    void Form_Activate() override;
+
+    // Menus.
+    platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    platform::MenuEntry mnu_Linkage{mnu_Help, "mnu_Linkage", "Linkage Data"};
+    platform::MenuEntry mnu_Calculations{mnu_Help, "mnu_Calculations", "Calculations"};
+    platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
+    platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
+    platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
+    platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
+    platform::MenuEntry mnu_Cognate{*this, "mnu_Cognate", "Cognates"};
+    platform::ControlArray<platform::MenuEntry> mnu_Cog{
+        mnu_Cognate, "mnu_Cog", {{1, "Cognate 1"}, {2, "Cognate 2"}, {3, "Cognate 3"}}};
+    platform::MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley Diagram"};
+    platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+
+    // The moving links: entry n of the labels and units belongs to entry n of `txt_Linkout`.
+    platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
+    platform::ControlArray<platform::Label> lbl_Link{*this,
+                                                     "lbl_Link",
+                                                     {{1, "Link 2 (Crank)"},
+                                                      {2, "Link 3 (Coupler)"},
+                                                      {3, "Link 4 (Rocker)"},
+                                                      {4, "Dist to Coupler Pt"},
+                                                      {5, "Angle to Coupler Pt"},
+                                                      {0, "mag"},
+                                                      {6, "ang"},
+                                                      {15, "X"},
+                                                      {16, "Y"}}};
+    /// 1 L2, 2 L3, 3 L4, 4 Rpa, 5 Delta; link 1: 0 L1 and 6 its angle, or 15 and 16 the place of O4
+    platform::ControlArray<platform::TextBox> txt_Linkout{
+        *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {0, ""}, {6, ""}, {15, ""}, {16, ""}}};
+    /// The length unit, beside `txt_Linkout`(0) to (4); 11 and 12 beside (15) and (16)
+    platform::ControlArray<platform::Label> lbl_Units{
+        *this, "lbl_Units", {{1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {0, "len"}, {11, "len"}, {12, "len"}}};
+    /// The angle unit, beside `txt_Linkout`(5) and (6)
+    platform::ControlArray<platform::Label> lbl_Deg{*this, "lbl_Deg", {{5, "deg"}, {6, "deg"}}};
+
+    // The ground link, in one of two forms.
+    platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
+    platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
+    platform::Frame SSFrame3{*this, "SSFrame3", "Pivot O4 Coords"};
+
+    // How the crank is driven.
+    platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
+    platform::ControlArray<platform::OptionButton> opt_Calctype{
+        *this, "opt_Calctype", {{1, "&One Position"}, {2, "&Time Steps"}, {3, "&Angle Steps"}}};
+    platform::Label lbl_calctype{*this, "lbl_calctype"};
+    platform::Frame fra_initial{*this, "fra_initial", "Initial Conditions"};
+    /// 0 to 4 belong to `txt_initial`, 5 to `txt_Thetazero`
+    platform::ControlArray<platform::Label> lbl_Initial{
+        *this,
+        "lbl_Initial",
+        {{0, "Min Theta"}, {1, "Max Theta"}, {2, "Delta Theta"}, {3, "Omega2"}, {4, "Alpha2"}, {5, "Theta Zero"}}};
+    platform::ControlArray<platform::TextBox> txt_initial{
+        *this, "txt_initial", {{0, ""}, {1, ""}, {2, ""}, {3, ""}, {4, ""}}};
+    platform::TextBox txt_Thetazero{*this, "txt_Thetazero", "0"};
+    platform::ControlArray<platform::Label> lbl_Unit{
+        *this, "lbl_Unit", {{0, "deg"}, {1, "deg"}, {2, "deg"}, {3, "rad/s"}, {4, "rad/s^2"}, {5, "deg"}}};
+    platform::Label lbl_camdriven{*this, "lbl_camdriven"};
+
+    platform::Frame fra_Circuit{*this, "fra_Circuit", "Circuit"};
+    platform::ControlArray<platform::OptionButton> opt_OpenCross{*this, "opt_OpenCross", {{0, "Open"}, {1, "X-ed"}}};
+    platform::Frame fra_Modulo{*this, "fra_Modulo", "Modulo"};
+    platform::ControlArray<platform::OptionButton> opt_Modulo{*this, "opt_Modulo", {{0, "180"}, {1, "360"}}};
+
+    // What kind of linkage it is.
+    platform::Frame SSFrame6{*this, "SSFrame6", "Grashof Condition"};
+    platform::Label lbl_Grashof{*this, "lbl_Grashof"};
+    platform::Frame fra_toggle{*this, "fra_toggle", "Toggles at +/-"};
+    platform::ControlArray<platform::Label> lbl_Toggle{*this, "lbl_Toggle", {{0, ""}, {1, "deg"}}};
+
+    platform::CommandButton cmd_Calc{*this, "cmd_Calc", "&Calculate"};
+    platform::CheckBox chk_autocalc{*this, "chk_autocalc", "Autocalc On"};
+
+    // The picture and its stepping.
+    platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
+    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::CheckBox chk_autoscale{*this, "chk_autoscale", "Autoscale"};
+    platform::ScrollBar hsc_step{*this, "hsc_step"};
+    platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};
+    platform::Label pnl_ccw{*this, "pnl_ccw", "End -->"};
+    platform::Label pnl_time{*this, "pnl_time", "Time ---->"};
+    platform::CommandButton cmd_Step{*this, "cmd_Step", "&Step"};
+    platform::CommandButton cmd_Reset{*this, "cmd_Reset", "Rese&t"};
+    platform::CommandButton cmd_Animate{*this, "cmd_Animate", "&Animate"};
+
+    /// The two panels around the drag options
+    platform::ControlArray<platform::Label> pnl_shift{
+        *this, "pnl_shift", {{0, "Shift-Click-Drag on"}, {1, "to change coupler curve"}}};
+    platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
+        *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
+
+    platform::CommandButton cmd_PlotPrint{*this, "cmd_PlotPrint", "&Print"};
+    platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< Back"};
+    platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
+
+    platform::Timer Timer1{*this, "Timer1"};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 };
 
 }  // namespace verlink
