@@ -39,8 +39,8 @@ class frm_Inputnew : public platform::Screen {
                                                       {5, "Angle to Coupler Pt"},
                                                       {0, "mag"},
                                                       {6, "ang"},
-                                                      {15, "X"},
-                                                      {16, "Y"}}};
+                                                      {15, "x"},
+                                                      {16, "y"}}};
     /// 1 L2, 2 L3, 3 L4, 4 Rpa, 5 Delta; link 1: 0 L1 and 6 its angle, or 15 and 16 the place of O4
     platform::ControlArray<platform::TextBox> txt_Linkout{
         *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {0, ""}, {6, ""}, {15, ""}, {16, ""}}};
@@ -48,7 +48,7 @@ class frm_Inputnew : public platform::Screen {
     platform::ControlArray<platform::Label> lbl_Units{
         *this, "lbl_Units", {{1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {0, "len"}, {11, "len"}, {12, "len"}}};
     /// The angle unit, beside `txt_Linkout`(5) and (6)
-    platform::ControlArray<platform::Label> lbl_Deg{*this, "lbl_Deg", {{5, "deg"}, {6, "deg"}}};
+    platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
 
     // The ground link, in one of two forms.
     platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
