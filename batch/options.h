@@ -1,0 +1,30 @@
+// The command line of verlink-batch.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace verlink {
+
+struct BatchOptions {
+    std::string model;
+    std::vector<std::pair<std::string, std::string>> sets;  ///< field and value, in the order given
+    std::optional<std::string> csv, svg, save;              ///< paths
+    std::optional<int> convert_units;                       ///< 1 to 5
+    bool classify = false;
+    bool help = false, version = false;  ///< either stands alone: nothing else is looked at
+
+    /// The three that need no run, and keep the table off standard output.
+    bool Without_Run() const { return classify || save || convert_units; }
+    bool Run_Wanted() const { return csv || svg || !Without_Run(); }
+};
+
+/// Reads the arguments behind the program's name. What is wrong with them goes to `fault`; then false.
+bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& options, std::string& fault);
+
+/// How the program is used, some lines.
+extern const char kBatchUsage[];
+
+}  // namespace verlink
