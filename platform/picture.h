@@ -1,10 +1,10 @@
 // A surface that remembers: a list of primitives that can be painted at any size, printed and written as SVG.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/surface.h"
@@ -56,27 +56,44 @@ class Picture : public Surface {
     std::function<void()> Changed;
 
    private:
+    /// What a primitive is known by: its kind and its rounded coordinates.
     struct Key {
-        Primitive::Kind kind;
-        std::int64_t a, b, c, d;
+        std::int64_t kind, a, b, c, d;
         bool operator==(const Key&) const = default;
+        std::uint32_t Hash() const;
     };
-    struct KeyHash {
-        std::size_t operator()(const Key& key) const;
+    /// A place of the index, taken when its generation is the present one.
+    struct Slot {
+        std::uint32_t generation;
+        std::uint32_t hash;
+        std::uint32_t item;  ///< index into list_
     };
 
-    void Add(Primitive primitive);
+    void Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2);
+    void Segment(double x1, double y1, double x2, double y2, Color color);
     Key KeyOf(const Primitive& primitive) const;
+    /// The slot of the primitive of that key, or the free one where it belongs.
+    std::size_t Seek(const Key& key, std::uint32_t hash) const;
+    void Free(std::size_t slot);
+    /// Forgets the dead primitives and builds the index anew, with room for twice as many.
     void Compact();
-    void Touch();
+    void Clear();
+    void Touch() {
+        ++revision_;
+        if (Changed) Changed();
+    }
 
     std::vector<Primitive> list_;
-    std::unordered_map<Key, std::size_t, KeyHash> place_;  ///< index into list_ of each primitive alive
+    std::vector<Slot> index_;  ///< open addressing, a power of two, at most half full
+    std::uint32_t generation_ = 1;
     std::size_t alive_ = 0;
     Color back_ = 0xFFFFFF;
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
-    double x_ = 0, y_ = 0;  ///< the current point
+    double across_ = kGrid, down_ = kGrid;  ///< grid lines of the rounding in one unit of world x and y
+    double x_ = 0, y_ = 0;                  ///< the current point
     std::uint64_t revision_ = 0;
+
+    static constexpr double kGrid = 65536;
 };
 
 }  // namespace verlink::platform

@@ -1,0 +1,259 @@
+// How a picture keeps its primitives: a list in drawing order, and an index that finds one drawn again.
+#include "platform/picture.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "platform/failure.h"
+
+namespace verlink::platform {
+
+namespace {
+
+constexpr std::size_t kSmallIndex = 1024;
+constexpr double kNoExtent = 1e-100;
+
+template <class... Values>
+void Check(Values... values) {
+    if (!(std::isfinite(values) && ...)) Raise(kOverflow);
+}
+
+/// The nearest grid line; far beyond any window all count as one.
+std::int64_t Line_Of(double value) {
+    constexpr double kFar = 4e18;
+    value = std::clamp(value, -kFar, kFar);
+    return static_cast<std::int64_t>(value + (value < 0 ? -0.5 : 0.5));
+}
+
+}  // namespace
+
+std::uint32_t Picture::Key::Hash() const {
+    std::uint64_t hash = static_cast<std::uint64_t>(kind);
+    for (const std::int64_t part : {a, b, c, d}) {
+        hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 29U;
+    }
+    return static_cast<std::uint32_t>(hash ^ (hash >> 32U));
+}
+
+Picture::Key Picture::KeyOf(const Primitive& primitive) const {
+    return {static_cast<std::int64_t>(primitive.kind), Line_Of(primitive.x1 * across_), Line_Of(primitive.y1 * down_),
+            Line_Of(primitive.x2 * across_), Line_Of(primitive.y2 * down_)};
+}
+
+std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
+    const std::size_t mask = index_.size() - 1;
+    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+        const Slot& held = index_[slot];
+        if (held.generation != generation_) return slot;
+        if (held.hash == hash && KeyOf(list_[held.item]) == key) return slot;
+    }
+}
+
+void Picture::Free(std::size_t slot) {
+    // Those behind that would no longer be found across the gap move up into it.
+    const std::size_t mask = index_.size() - 1;
+    std::size_t gap = slot;
+    for (std::size_t next = (slot + 1) & mask; index_[next].generation == generation_; next = (next + 1) & mask) {
+        const std::size_t home = index_[next].hash & mask;
+        if (((next - home) & mask) < ((next - gap) & mask)) continue;
+        index_[gap] = index_[next];
+        gap = next;
+    }
+    index_[gap].generation = generation_ - 1;
+}
+
+void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
+    if (list_.size() >= index_.size() / 2) Compact();
+    const Primitive primitive{kind, true, color, x1, y1, x2, y2};
+    const Key key = KeyOf(primitive);
+    const std::uint32_t hash = key.Hash();
+    const std::size_t slot = Seek(key, hash);
+    const bool known = index_[slot].generation == generation_;
+    if (known) {
+        Primitive& earlier = list_[index_[slot].item];
+        if (color == back_ && earlier.color != back_) {
+            earlier.alive = false;
+            --alive_;
+            Free(slot);
+            Touch();
+            return;
+        }
+        earlier.alive = false;
+        --alive_;
+    }
+    index_[slot] = {generation_, hash, static_cast<std::uint32_t>(list_.size())};
+    list_.push_back(primitive);
+    ++alive_;
+    Touch();
+}
+
+void Picture::Compact() {
+    std::erase_if(list_, [](const Primitive& primitive) { return !primitive.alive; });
+    std::size_t size = std::max(index_.size(), kSmallIndex);
+    while (size < 4 * list_.size()) size *= 2;
+    index_.assign(size, {});
+    generation_ = 1;
+    for (std::size_t item = 0; item < list_.size(); ++item) {
+        const Key key = KeyOf(list_[item]);
+        const std::uint32_t hash = key.Hash();
+        // Two that were apart may have come together on the grid of another window; the upper one is found.
+        const std::size_t slot = Seek(key, hash);
+        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item)};
+    }
+}
+
+void Picture::Clear() {
+    list_.clear();
+    alive_ = 0;
+    if (++generation_ == 0) {
+        index_.assign(index_.size(), {});
+        generation_ = 1;
+    }
+    x_ = left_;
+    y_ = top_;
+    Touch();
+}
+
+void Picture::Scale(double x1, double y1, double x2, double y2) {
+    Check(x1, y1, x2, y2);
+    const double wide = x2 - x1;
+    const double high = y2 - y1;
+    Check(wide, high);
+    // A window without extent has no picture; the one before it stands.
+    if (std::abs(wide) < kNoExtent || std::abs(high) < kNoExtent) return;
+    if (x1 == left_ && y1 == top_ && x2 == right_ && y2 == bottom_) return;
+    const double x_ratio = wide / (right_ - left_);
+    const double y_ratio = high / (bottom_ - top_);
+    const auto x_of = [&](double x) { return x1 + (x - left_) * x_ratio; };
+    const auto y_of = [&](double y) { return y1 + (y - top_) * y_ratio; };
+    for (Primitive& primitive : list_) {
+        primitive.x1 = x_of(primitive.x1);
+        primitive.y1 = y_of(primitive.y1);
+        if (primitive.kind == Primitive::Kind::kSegment) {
+            primitive.x2 = x_of(primitive.x2);
+            primitive.y2 = y_of(primitive.y2);
+        } else {
+            primitive.x2 *= std::abs(x_ratio);
+        }
+    }
+    x_ = x_of(x_);
+    y_ = y_of(y_);
+    left_ = x1;
+    top_ = y1;
+    right_ = x2;
+    bottom_ = y2;
+    across_ = kGrid / std::abs(wide);
+    down_ = kGrid / std::abs(high);
+    if (!list_.empty()) Compact();
+    Touch();
+}
+
+void Picture::Cls() { Clear(); }
+
+void Picture::BackColor(Color color) {
+    back_ = color;
+    Clear();
+}
+
+void Picture::DrawMode(int mode) {
+    constexpr int kCopyPen = 13;
+    if (mode != kCopyPen) Raise(kInvalidProperty);
+}
+
+void Picture::Segment(double x1, double y1, double x2, double y2, Color color) {
+    Check(x1, y1, x2, y2);
+    Add(Primitive::Kind::kSegment, color, x1, y1, x2, y2);
+    x_ = x2;
+    y_ = y2;
+}
+
+void Picture::Line(double x1, double y1, double x2, double y2, Color color) { Segment(x1, y1, x2, y2, color); }
+void Picture::LineTo(double x, double y, Color color) { Segment(x_, y_, x, y, color); }
+void Picture::LineStep(double dx, double dy, Color color) { Segment(x_, y_, x_ + dx, y_ + dy, color); }
+
+void Picture::Circle(double x, double y, double radius, Color color) {
+    Check(x, y, radius);
+    if (radius < 0) Raise(kInvalidCall);
+    Add(Primitive::Kind::kCircle, color, x, y, radius, 0);
+    x_ = x;
+    y_ = y;
+}
+
+void Picture::PSet(double x, double y, Color color) {
+    Check(x, y);
+    Add(Primitive::Kind::kDot, color, x, y, 0, 0);
+    x_ = x;
+    y_ = y;
+}
+
+void Picture::PSet(double x, double y) { PSet(x, y, 0); }
+
+namespace {
+
+/// Up to two decimals, none that are zero.
+std::string Short(double value) {
+    constexpr double kFar = 1e7;
+    value = std::round(std::clamp(value, -kFar, kFar) * 100) / 100;
+    if (value == 0) return "0";
+    char buffer[32];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return {buffer, end.ptr};
+}
+
+std::string Hex(Color color) {
+    constexpr char kDigits[] = "0123456789abcdef";
+    std::string text = "#";
+    for (int part = 0; part < 3; ++part, color >>= 8) {
+        text += kDigits[(color >> 4) & 15];
+        text += kDigits[color & 15];
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string Picture::Svg(int side) const {
+    const double pixels = side;
+    const auto x_of = [&](double x) { return (x - left_) / (right_ - left_) * pixels; };
+    const auto y_of = [&](double y) { return (y - top_) / (bottom_ - top_) * pixels; };
+    const std::string size = Short(pixels);
+    const std::string thin = Short(pixels / 400);
+    std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + size + "\" height=\"" + size +
+                       "\" viewBox=\"0 0 " + size + " " + size + "\">\n<rect width=\"" + size + "\" height=\"" + size +
+                       "\" fill=\"" + Hex(back_) + "\"/>\n<g fill=\"none\" stroke-width=\"" + thin +
+                       "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
+    // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
+    const Primitive* last = nullptr;
+    const auto end_path = [&] {
+        if (last) text += "\"/>\n";
+        last = nullptr;
+    };
+    for (const Primitive& primitive : list_) {
+        if (!primitive.alive) continue;
+        const std::string x = Short(x_of(primitive.x1));
+        const std::string y = Short(y_of(primitive.y1));
+        if (primitive.kind == Primitive::Kind::kSegment) {
+            if (!last || last->color != primitive.color) {
+                end_path();
+                text += "<path stroke=\"" + Hex(primitive.color) + "\" d=\"";
+            }
+            if (!last || last->x2 != primitive.x1 || last->y2 != primitive.y1) text += "M" + x + " " + y;
+            text += "L" + Short(x_of(primitive.x2)) + " " + Short(y_of(primitive.y2));
+            last = &primitive;
+            continue;
+        }
+        end_path();
+        text += "<circle cx=\"" + x + "\" cy=\"" + y + "\" r=\"";
+        if (primitive.kind == Primitive::Kind::kDot)
+            text += thin + "\" fill=\"" + Hex(primitive.color) + "\"/>\n";
+        else
+            text += Short(std::abs(primitive.x2 / (right_ - left_)) * pixels) + "\" stroke=\"" + Hex(primitive.color) +
+                    "\"/>\n";
+    }
+    end_path();
+    return text + "</g>\n</svg>\n";
+}
+
+}  // namespace verlink::platform

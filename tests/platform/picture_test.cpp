@@ -1,0 +1,300 @@
+// The picture that remembers: erasing, redrawing, windows, and the SVG of it.
+#include "platform/picture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <tuple>
+
+#include "platform/failure.h"
+
+namespace verlink::test {
+namespace {
+
+using platform::Color;
+using platform::Picture;
+using platform::RuntimeFailure;
+using Kind = Picture::Primitive::Kind;
+
+constexpr Color kWhite = 0xFFFFFF;
+constexpr Color kBlack = 0;
+constexpr Color kRed = 255;
+constexpr Color kGreen = 0xFF00;
+constexpr Color kBlue = 0xFF0000;
+
+std::vector<Picture::Primitive> Living(const Picture& picture) {
+    std::vector<Picture::Primitive> living;
+    for (const auto& primitive : picture.Primitives())
+        if (primitive.alive) living.push_back(primitive);
+    return living;
+}
+
+long Number_Raised(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeFailure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+class PictureTest : public testing::Test {
+   protected:
+    PictureTest() { picture.Scale(-10, -10, 10, 10); }
+    Picture picture;
+};
+
+TEST_F(PictureTest, KeepsWhatIsDrawnInItsOrder) {
+    picture.Line(0, 0, 1, 2, kRed);
+    picture.Circle(3, 4, 0.5, kBlue);
+    picture.PSet(5, 6);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 3U);
+    EXPECT_EQ(living[0].kind, Kind::kSegment);
+    EXPECT_EQ(living[0].x2, 1);
+    EXPECT_EQ(living[0].y2, 2);
+    EXPECT_EQ(living[1].kind, Kind::kCircle);
+    EXPECT_EQ(living[1].x2, 0.5);
+    EXPECT_EQ(living[1].color, kBlue);
+    EXPECT_EQ(living[2].kind, Kind::kDot);
+    EXPECT_EQ(living[2].color, kBlack);
+    EXPECT_EQ(picture.Alive(), 3U);
+}
+
+TEST_F(PictureTest, TheCurrentPointFollowsEachCall) {
+    picture.Line(0, 0, 1, 1, kRed);
+    picture.LineTo(2, 1, kRed);
+    picture.LineStep(1, -3, kRed);
+    picture.Circle(5, 5, 1, kRed);
+    picture.LineTo(6, 6, kRed);
+    picture.PSet(-1, -2, kRed);
+    picture.LineStep(1, 0, kRed);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 7U);
+    EXPECT_EQ(living[1].x1, 1);
+    EXPECT_EQ(living[2].x1, 2);
+    EXPECT_EQ(living[2].x2, 3);
+    EXPECT_EQ(living[2].y2, -2);
+    EXPECT_EQ(living[4].x1, 5);
+    EXPECT_EQ(living[6].x1, -1);
+    EXPECT_EQ(living[6].x2, 0);
+}
+
+TEST_F(PictureTest, ClearingMovesTheCurrentPointToTheTopLeft) {
+    picture.PSet(1, 1, kRed);
+    picture.Cls();
+    picture.LineTo(0, 0, kRed);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 1U);
+    EXPECT_EQ(living[0].x1, -10);
+    EXPECT_EQ(living[0].y1, -10);
+}
+
+TEST_F(PictureTest, DrawingInTheBackColourTakesTheEarlierOneOut) {
+    picture.Line(0, 0, 1, 2, kRed);
+    picture.Line(0, 0, 5, 5, kGreen);
+    picture.Line(0, 0, 1, 2, kWhite);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 1U);
+    EXPECT_EQ(living[0].color, kGreen);
+}
+
+TEST_F(PictureTest, DrawingAgainMovesToTheTop) {
+    picture.Line(0, 0, 1, 2, kRed);
+    picture.Circle(0, 0, 1, kGreen);
+    picture.Line(0, 0, 1, 2, kRed);
+    auto living = Living(picture);
+    ASSERT_EQ(living.size(), 2U);
+    EXPECT_EQ(living[1].kind, Kind::kSegment);
+    picture.Circle(0, 0, 1, kBlue);
+    living = Living(picture);
+    ASSERT_EQ(living.size(), 2U);
+    EXPECT_EQ(living[1].color, kBlue);
+}
+
+TEST_F(PictureTest, AStrokeInTheBackColourThatMatchesNothingStays) {
+    picture.Circle(1, 1, 1, kRed);
+    picture.Line(0, 0, 3, 3, kWhite);
+    picture.Line(0, 0, 3, 3, kWhite);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 2U);
+    EXPECT_EQ(living[1].color, kWhite);
+}
+
+TEST_F(PictureTest, CoordinatesAgreeWhenTheyRoundToTheSameGridLine) {
+    const double grid = 20.0 / 65536;
+    picture.Circle(1 * grid, 0, 1000 * grid, kRed);
+    picture.Circle(1.3 * grid, 0.4 * grid, 999.6 * grid, kWhite);
+    EXPECT_EQ(picture.Alive(), 0U);
+    picture.Circle(1 * grid, 0, 1000 * grid, kRed);
+    picture.Circle(1.6 * grid, 0, 1000 * grid, kWhite);
+    EXPECT_EQ(picture.Alive(), 2U);
+}
+
+TEST_F(PictureTest, KindsAreNotTakenForEachOther) {
+    picture.PSet(1, 1, kRed);
+    picture.Circle(1, 1, 0, kWhite);
+    picture.Line(1, 1, 0, 0, kWhite);
+    EXPECT_EQ(picture.Alive(), 3U);
+    picture.PSet(1, 1, kWhite);
+    EXPECT_EQ(picture.Alive(), 2U);
+}
+
+TEST_F(PictureTest, MinusZeroIsZero) {
+    picture.Line(0, 0, 1, 0, kRed);
+    picture.Line(-0.0, 0, 1, -0.0, kWhite);
+    EXPECT_EQ(picture.Alive(), 0U);
+}
+
+TEST_F(PictureTest, SettingTheBackColourClears) {
+    picture.Line(0, 0, 1, 2, kRed);
+    picture.BackColor(kBlue);
+    EXPECT_EQ(picture.Alive(), 0U);
+    EXPECT_EQ(picture.Back(), kBlue);
+    picture.Line(0, 0, 1, 2, kRed);
+    picture.Line(0, 0, 1, 2, kBlue);
+    EXPECT_EQ(picture.Alive(), 0U);
+}
+
+TEST_F(PictureTest, WhatIsDrawnStaysInPlaceWhenTheWindowChanges) {
+    picture.Line(-10, -10, 0, 5, kRed);
+    picture.Circle(5, 5, 2, kGreen);
+    picture.Scale(0, 0, 40, 40);
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), 2U);
+    EXPECT_EQ(living[0].x1, 0);
+    EXPECT_EQ(living[0].x2, 20);
+    EXPECT_EQ(living[0].y2, 30);
+    EXPECT_EQ(living[1].x1, 30);
+    EXPECT_EQ(living[1].x2, 4);
+    picture.Line(0, 0, 20, 30, kWhite);
+    EXPECT_EQ(picture.Alive(), 1U);
+}
+
+TEST_F(PictureTest, AWindowWithoutExtentIsNotTaken) {
+    picture.Scale(3, 3, 3, 3);
+    EXPECT_EQ(picture.Left(), -10);
+    EXPECT_EQ(picture.Bottom(), 10);
+}
+
+TEST_F(PictureTest, CoordinatesThatAreNotFiniteAreFailureSix) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(Number_Raised([&] { picture.Line(0, 0, infinite, 0, kRed); }), 6);
+    EXPECT_EQ(Number_Raised([&] { picture.LineTo(0, nan, kRed); }), 6);
+    EXPECT_EQ(Number_Raised([&] { picture.LineStep(nan, 0, kRed); }), 6);
+    EXPECT_EQ(Number_Raised([&] { picture.Circle(0, 0, infinite, kRed); }), 6);
+    EXPECT_EQ(Number_Raised([&] { picture.PSet(-infinite, 0); }), 6);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 0, nan, 1); }), 6);
+    EXPECT_EQ(picture.Alive(), 0U);
+}
+
+TEST_F(PictureTest, ANegativeRadiusIsAnInvalidCall) {
+    EXPECT_EQ(Number_Raised([&] { picture.Circle(0, 0, -1, kRed); }), 5);
+}
+
+TEST_F(PictureTest, OnlyTheCopyPenIsAMode) {
+    EXPECT_EQ(Number_Raised([&] { picture.DrawMode(13); }), 0);
+    EXPECT_EQ(Number_Raised([&] { picture.DrawMode(7); }), 380);
+}
+
+TEST_F(PictureTest, VastCoordinatesAreKept) {
+    picture.Line(0, 0, 1e300, -1e300, kRed);
+    picture.Line(0, 0, 1e300, -1e300, kWhite);
+    EXPECT_EQ(picture.Alive(), 0U);
+}
+
+TEST_F(PictureTest, EveryChangeIsTold) {
+    int told = 0;
+    picture.Changed = [&] { ++told; };
+    const auto before = picture.Revision();
+    picture.Line(0, 0, 1, 1, kRed);
+    picture.Line(0, 0, 1, 1, kWhite);
+    picture.Cls();
+    picture.BackColor(kBlue);
+    picture.Scale(0, 0, 1, 1);
+    EXPECT_EQ(told, 5);
+    EXPECT_EQ(picture.Revision(), before + 5);
+}
+
+// Random drawing and erasing, beside a plain list that is searched through.
+TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
+    using What = std::tuple<int, int, int, int, int>;
+    struct Plain {
+        What what;
+        Color color;
+    };
+    std::vector<Plain> plain;
+    std::mt19937 random(7);
+    const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    for (int i = 0; i < 60000; ++i) {
+        if (any(5000) == 0) {
+            picture.Cls();
+            plain.clear();
+        }
+        const int kind = any(3);
+        const int x = any(7);
+        const int y = any(7);
+        const int x2 = kind < 2 ? any(5) : 0;
+        const int y2 = kind == 0 ? any(5) : 0;
+        const Color color = any(2) ? kWhite : any(2) ? kRed : kGreen;
+        if (kind == 0) picture.Line(x, y, x2, y2, color);
+        if (kind == 1) picture.Circle(x, y, x2, color);
+        if (kind == 2) picture.PSet(x, y, color);
+        const What what{kind, x, y, x2, y2};
+        const auto at = std::find_if(plain.begin(), plain.end(), [&](const Plain& p) { return p.what == what; });
+        const bool erases = at != plain.end() && color == kWhite && at->color != kWhite;
+        if (at != plain.end()) plain.erase(at);
+        if (!erases) plain.push_back({what, color});
+    }
+    const auto living = Living(picture);
+    ASSERT_EQ(living.size(), plain.size());
+    ASSERT_EQ(living.size(), picture.Alive());
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const auto& p = living[i];
+        const What what{p.kind == Kind::kSegment  ? 0
+                        : p.kind == Kind::kCircle ? 1
+                                                  : 2,
+                        static_cast<int>(p.x1), static_cast<int>(p.y1), static_cast<int>(p.x2), static_cast<int>(p.y2)};
+        EXPECT_EQ(what, plain[i].what) << i;
+        EXPECT_EQ(p.color, plain[i].color) << i;
+    }
+}
+
+TEST_F(PictureTest, TheListStaysShortHoweverMuchIsErased) {
+    for (int i = 0; i < 100000; ++i) {
+        picture.Circle(std::sin(i), std::cos(i), 0.1, kRed);
+        picture.Circle(std::sin(i), std::cos(i), 0.1, kWhite);
+    }
+    EXPECT_EQ(picture.Alive(), 0U);
+    EXPECT_LE(picture.Primitives().size(), 1024U);
+}
+
+TEST_F(PictureTest, SvgHoldsEachPrimitiveInPixels) {
+    picture.BackColor(kWhite);
+    picture.Line(-10, -10, 0, 0, kRed);
+    picture.LineTo(10, 0, kRed);
+    picture.Line(0, 5, 5, 5, kRed);
+    picture.Circle(0, 0, 1, kBlue);
+    picture.PSet(-9.75, 0.123456, kGreen);
+    EXPECT_EQ(picture.Svg(400),
+              "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"400\" height=\"400\" viewBox=\"0 0 400 400\">\n"
+              "<rect width=\"400\" height=\"400\" fill=\"#ffffff\"/>\n"
+              "<g fill=\"none\" stroke-width=\"1\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n"
+              "<path stroke=\"#ff0000\" d=\"M0 0L200 200L400 200M200 300L300 300\"/>\n"
+              "<circle cx=\"200\" cy=\"200\" r=\"20\" stroke=\"#0000ff\"/>\n"
+              "<circle cx=\"5\" cy=\"202.47\" r=\"1\" fill=\"#00ff00\"/>\n"
+              "</g>\n</svg>\n");
+}
+
+TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {
+    picture.Circle(0, 0, 1, kBlue);
+    picture.Circle(0, 0, 1, kWhite);
+    EXPECT_EQ(picture.Svg(100).find("circle"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace verlink::test
