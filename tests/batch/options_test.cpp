@@ -1,0 +1,96 @@
+// The command line of verlink-batch: what is taken, and what is refused with which words.
+#include "batch/options.h"
+
+#include <gtest/gtest.h>
+
+namespace verlink::test {
+
+namespace {
+
+BatchOptions Parsed(const std::vector<std::string>& arguments) {
+    BatchOptions options;
+    std::string fault;
+    EXPECT_TRUE(Parse_Options(arguments, options, fault)) << fault;
+    EXPECT_EQ(fault, "");
+    return options;
+}
+
+std::string Refused(const std::vector<std::string>& arguments) {
+    BatchOptions options;
+    std::string fault;
+    EXPECT_FALSE(Parse_Options(arguments, options, fault));
+    return fault;
+}
+
+}  // namespace
+
+TEST(Options, TheModelAloneIsRunToStandardOutput) {
+    const BatchOptions options = Parsed({"press.vlk"});
+    EXPECT_EQ(options.model, "press.vlk");
+    EXPECT_TRUE(options.Run_Wanted());
+    EXPECT_FALSE(options.Without_Run());
+    EXPECT_FALSE(options.csv || options.svg || options.save || options.convert_units);
+}
+
+TEST(Options, StandInAnyOrder) {
+    const BatchOptions options = Parsed({"--svg", "a.svg", "--set", "L2=1.2", "m.vlk", "--csv", "a.csv", "--classify",
+                                         "--convert-units", "5", "--save", "b.vlk"});
+    EXPECT_EQ(options.model, "m.vlk");
+    EXPECT_EQ(options.csv, "a.csv");
+    EXPECT_EQ(options.svg, "a.svg");
+    EXPECT_EQ(options.save, "b.vlk");
+    EXPECT_EQ(options.convert_units, 5);
+    EXPECT_TRUE(options.classify);
+    EXPECT_TRUE(options.Run_Wanted());
+}
+
+TEST(Options, SetIsRepeatedAndKeptInOrder) {
+    const BatchOptions options = Parsed({"m", "--set", "CG(3,1)=0.5", "--set", "FigureTitle=a = b", "--set", "L2="});
+    ASSERT_EQ(options.sets.size(), 3u);
+    EXPECT_EQ(options.sets[0], std::pair(std::string("CG(3,1)"), std::string("0.5")));
+    EXPECT_EQ(options.sets[1], std::pair(std::string("FigureTitle"), std::string("a = b")));
+    EXPECT_EQ(options.sets[2], std::pair(std::string("L2"), std::string("")));
+}
+
+TEST(Options, ClassifyOrSaveAloneWantNoRun) {
+    EXPECT_FALSE(Parsed({"m", "--classify"}).Run_Wanted());
+    EXPECT_FALSE(Parsed({"m", "--save", "o"}).Run_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--classify", "--csv", "t"}).Run_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--save", "o", "--svg", "t"}).Run_Wanted());
+}
+
+TEST(Options, HelpAndVersionNeedNoModel) {
+    EXPECT_TRUE(Parsed({"--help"}).help);
+    EXPECT_TRUE(Parsed({"--version"}).version);
+    EXPECT_TRUE(Parsed({"a", "b", "--nonsense", "--help"}).help);
+}
+
+TEST(Options, RefusalsNameWhatIsWrong) {
+    EXPECT_EQ(Refused({}), "no model is given");
+    EXPECT_EQ(Refused({""}), "no model is given");
+    EXPECT_EQ(Refused({"a.vlk", "b.vlk"}), "one model at a time: \"b.vlk\" is one too many");
+    EXPECT_EQ(Refused({"a.vlk", "--frame"}), "there is no option --frame");
+    EXPECT_EQ(Refused({"a.vlk", "-c"}), "there is no option -c");
+    EXPECT_EQ(Refused({"a.vlk", "--csv"}), "--csv wants a value behind it");
+    EXPECT_EQ(Refused({"a.vlk", "--svg"}), "--svg wants a value behind it");
+    EXPECT_EQ(Refused({"a.vlk", "--save"}), "--save wants a value behind it");
+    EXPECT_EQ(Refused({"a.vlk", "--set"}), "--set wants a value behind it");
+    EXPECT_EQ(Refused({"a.vlk", "--csv", ""}), "--csv wants a path");
+    EXPECT_EQ(Refused({"a.vlk", "--csv", "x", "--csv", "y"}), "--csv is given twice");
+    EXPECT_EQ(Refused({"a.vlk", "--set", "L2"}), "--set wants FIELD=VALUE, not \"L2\"");
+    EXPECT_EQ(Refused({"a.vlk", "--set", "=1"}), "--set wants FIELD=VALUE, not \"=1\"");
+}
+
+TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {
+    EXPECT_EQ(Refused({"a.vlk", "--convert-units", "3"}), "--convert-units goes with --save");
+    for (const char* bad : {"0", "6", "-1", "1.5", "", "12", "x"})
+        EXPECT_EQ(Refused({"a.vlk", "--save", "o", "--convert-units", bad}),
+                  "--convert-units wants a unit system from 1 to 5, not \"" + std::string(bad) + "\"");
+    EXPECT_EQ(Refused({"a.vlk", "--save", "o", "--convert-units", "1", "--convert-units", "2"}),
+              "--convert-units is given twice");
+    EXPECT_EQ(Refused({"a.vlk", "--save", "o", "--convert-units"}), "--convert-units wants a value behind it");
+    for (int units = 1; units <= 5; ++units)
+        EXPECT_EQ(Parsed({"a.vlk", "--save", "o", "--convert-units", std::to_string(units)}).convert_units, units);
+}
+
+}  // namespace verlink::test
