@@ -48,6 +48,13 @@ class StepArray {
     T& operator()(int step, int row = 0, int axis = 0) { return items_[At(step, row, axis)]; }
     const T& operator()(int step, int row = 0, int axis = 0) const { return items_[At(step, row, axis)]; }
 
+    /// Zeroes steps 0 to Last of one row, none for a negative Last.
+    void Clear(int Last, int row = 0, int axis = 0) {
+        if (Last < 0) return;
+        const std::size_t end = At(Last, row, axis) + 1;
+        for (std::size_t i = At(0, row, axis); i < end; ++i) items_[i] = T{};
+    }
+
    private:
     static std::size_t At(int step, int row, int axis) {
         if (static_cast<unsigned>(step) > static_cast<unsigned>(kLastStep) ||

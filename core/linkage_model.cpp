@@ -1,6 +1,8 @@
 // The record, and the few procedures that belong to it alone.
 #include "core/linkage_model.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 #include "shell/failure_report.h"
 
@@ -39,25 +41,25 @@ void Set_Delta(Single Delta, Single& DeltaRad, std::string& DeltaStr) {
 
 void Clear_RunTable() {
     auto& table = Model.RunTable;
-    for (int step = 0; step <= Model.NSteps; ++step) {
-        for (int row = 0; row <= 3; ++row) table.Theta(step, row) = 0;
-        for (int row = 0; row <= 2; ++row) {
-            table.Omega(step, row) = 0;
-            table.Alpha(step, row) = 0;
-        }
-        for (int axis = 0; axis <= 1; ++axis) {
-            for (int point = 0; point <= 3; ++point) {
-                table.PointXY(step, point, axis) = 0;
-                table.VelXY(step, point, axis) = 0;
-            }
-            for (int point = 0; point <= 4; ++point) table.AccXY(step, point, axis) = 0;
-            table.FixedCentrode(step, 0, axis) = 0;
-            table.MovingCentrode(step, 0, axis) = 0;
-        }
-        table.OmegaRatio(step) = 0;
-        table.MechAdvantage(step) = 0;
-        table.ImportedTorque(step) = 0;
+    const int last = std::min<int>(Model.NSteps, kLastStep);
+    for (int row = 0; row <= 3; ++row) table.Theta.Clear(last, row);
+    for (int row = 0; row <= 2; ++row) {
+        table.Omega.Clear(last, row);
+        table.Alpha.Clear(last, row);
     }
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int point = 0; point <= 3; ++point) {
+            table.PointXY.Clear(last, point, axis);
+            table.VelXY.Clear(last, point, axis);
+        }
+        for (int point = 0; point <= 4; ++point) table.AccXY.Clear(last, point, axis);
+        table.FixedCentrode.Clear(last, 0, axis);
+        table.MovingCentrode.Clear(last, 0, axis);
+    }
+    table.OmegaRatio.Clear(last);
+    table.MechAdvantage.Clear(last);
+    table.ImportedTorque.Clear(last);
+    if (Model.NSteps > kLastStep) platform::Raise(platform::kSubscript);
     Model.TorqueImported = false;
     Model.Delta2 = 0;
 }

@@ -1,0 +1,85 @@
+// The Grashof condition, the toggle positions, and the words for them on the screens.
+#include "core/classification.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "platform/screen.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::kNoIndex;
+using platform::Label;
+
+const char kParallelogramMessage[] =
+    "Your present linkage is a parallelogram,\r"
+    "which has an infinity of cognates\r"
+    "all of which have circular coupler curves.\r\r"
+    "Cognate switching and the Cayley diagram are\r"
+    "not available for parallelogram linkages\r"
+    "as they have no value in this case.\r";
+
+namespace {
+
+constexpr const char* kScreens[] = {"frm_Inputnew", "frm_Animate"};
+
+struct Kind {
+    const char* long_text;
+    const char* short_text;
+    const char* code;
+};
+
+Kind Classified() {
+    std::array<Single, 4> s{Model.LinkArray(1), Model.LinkArray(2), Model.LinkArray(3), Model.LinkArray(4)};
+    std::sort(s.begin(), s.end());
+    const Single extremes = s[0] + s[3];
+    const Single others = s[1] + s[2];
+    const Single three = s[0] + s[1] + s[2];
+    if (three <= s[3]) return {"Can't Connect", "No Linkage", "NL"};
+    if (others < extremes) return {"Linkage is Non-Grashof", "Non-Grashof", "N"};
+    if (others == extremes) return {"Special-Case Grashof Linkage", "Special Case", "SC"};
+    if (s[0] == Model.LinkArray(3)) return {"Grashof Double-Rocker", "Grashof Double-Rocker", "Y"};
+    return {"Linkage is Grashof", "Grashof", "Y"};
+}
+
+}  // namespace
+
+void Grashof() {
+    Guarded("Grashof", [] {
+        const Kind kind = Classified();
+        Model.Grashof_Code = kind.code;
+        platform::With<Label>("frm_Cayley", "Pnl_Grashof", kNoIndex, [&](Label& l) { l.Caption = kind.short_text; });
+        for (const char* screen : kScreens)
+            platform::With<Label>(screen, "lbl_Grashof", kNoIndex, [&](Label& l) { l.Caption = kind.long_text; });
+        platform::With<platform::Frame>("frm_Inputnew", "fra_toggle", kNoIndex,
+                                        [](platform::Frame& f) { f.Visible = Model.Grashof_Code == "N"; });
+    });
+}
+
+double Toggle() {
+    Single angle = 0;
+    Guarded("Toggle", [&] {
+        const Single L1 = Model.LinkArray(1), L2 = Model.LinkArray(2), L3 = Model.LinkArray(3), L4 = Model.LinkArray(4);
+        const Single K = Divide(L1 * L1 + L2 * L2 - L3 * L3 - L4 * L4, 2 * L2 * L1);
+        const Single M = Divide(L4 * L3, L1 * L2);
+        const Single outer = M + K, inner = K - M;
+        angle = FNArcCos(std::fabs(outer) <= 1 ? outer : inner) * kRadToDeg;
+        for (const char* screen : kScreens)
+            platform::With<Label>(screen, "lbl_Toggle", 0, [&](Label& l) { l.Caption = FNRoundStr(angle, 1); });
+        platform::With<platform::OptionButton>("frm_Inputnew", "opt_Calctype", 2,
+                                               [](platform::OptionButton& o) { o.Enabled = false; });
+    });
+    return angle;
+}
+
+const char* Grashof_Long_Text() {
+    const char* text = "";
+    Guarded("Grashof", [&] { text = Classified().long_text; });
+    return text;
+}
+
+}  // namespace verlink

@@ -1,0 +1,93 @@
+// Every default, in the order in which they depend on each other, and File New.
+#include "core/initialize.h"
+
+#include "core/linkage_model.h"
+#include "core/runs.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "output/catalogue.h"
+#include "platform/desktop.h"
+#include "shell/failure_report.h"
+#include "synthesis/examples.h"
+
+namespace verlink {
+
+namespace {
+
+void Set_Limits() {
+    Model.ThetaStartStr = "0";
+    Model.ThetaEndStr = "360";
+    Model.ThetaStepStr = "5";
+    Model.ThetaStartRad = Val(Model.ThetaStartStr) * kDegToRad;
+    Model.ThetaEndRad = Val(Model.ThetaEndStr) * kDegToRad;
+    Model.ThetaStepRad = Val(Model.ThetaStepStr) * kDegToRad;
+    Model.ThetaZero = 0;
+    Model.TimeStart = 0;
+    Model.TimeEnd = 5;
+    Model.TimeStep = 0.05;
+}
+
+void Set_Settings() {
+    Model.Calculated = false;
+    Model.CamDriven = false;
+    Model.LinkDriven = false;
+    Model.CircuitIndex = 1;
+    Model.Calctype = 3;
+    Model.CurrentStep = 0;
+    Model.Units = 1;
+    Model.PrintStep = 10;
+    Model.AnimateDelay = 16383;
+    Model.Cycles = 1;
+    Model.AnimateWait = 10;
+    Model.ZoomFactor = 1;
+    Model.LineAngle = 90;
+    Model.Link1Angle = 0;
+    Model.Link1AngleRad = 0;
+    Model.PolarCoords = false;
+    Model.Parallelogram = false;
+}
+
+}  // namespace
+
+void Initialize() {
+    Guarded("Initialize", [] {
+        Model.ScreenReturn = true;
+        Model.Omega2Input = 10;
+        Model.Omega2 = 10;
+        Model.Alpha2 = -5;
+        Model.CircuitSign = -1;
+        Model.CircuitName = "Open";
+        Set_Limits();
+        Set_Settings();
+        Load_Catalogue();
+        Testlinkage();
+        // The start is in degrees here and the end in radians, so that the count is far below zero.
+        Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
+        Model.ModuloMode = "abs";
+        Model.ModelName = "Model_1";
+        Model.DesignNumber = 1;
+        Model.DateStr = platform::The_Desktop().Date_Text();
+        Model.TimeStr = platform::The_Desktop().Time_Text();
+    });
+}
+
+void New_Model() {
+    Guarded("New_Model", [] {
+        Initialize();
+        Clear_RunTable();
+        Model.Calculated = false;
+        Model.DynamicsDone = false;
+        Model.BalanceDone = false;
+        Model.Synthesized = false;
+        Model.FFTDone = false;
+        Model.DiskFile = false;
+        Model.CamDriven = false;
+        Model.LinkDriven = false;
+        Model.SavedFlag = false;
+        Model.FigureTitle.clear();
+        Set_Menus();
+        Refresh_Status();
+    });
+}
+
+}  // namespace verlink

@@ -1,0 +1,199 @@
+// The generated runs, the replay of imported ones, and what happens at a position that does not close.
+#include "core/runs.h"
+
+#include <cmath>
+
+#include "core/classification.h"
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/solver.h"
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CR;
+
+namespace {
+
+const char kCannotClose[] =
+    "Your link lengths are incompatible\r"
+    "and cannot reach to close the linkage \r\r"
+    "The computation will now be aborted.\r"
+    "Please correct your link lengths.\r\r"
+    "If you were shift-click-dragging a joint,just \r"
+    "shift-click in a new location until linkage reappears.";
+
+void Disable_Input_Buttons() {
+    for (const char* button : {"cmd_Done", "cmd_Step", "cmd_Animate"})
+        platform::With<platform::CommandButton>("frm_Inputnew", button, platform::kNoIndex,
+                                                [](platform::CommandButton& b) { b.Enabled = false; });
+}
+
+/// What was found out from earlier kinematics no longer holds.
+void Drop_Derived_Results() {
+    Model.DynamicsDone = false;
+    Model.BalanceDone = false;
+    Model.FFTDone = false;
+}
+
+void Begin_Run(Integer& Result) {
+    Model.NoConnectSeen = false;
+    Result = kRetrying;
+}
+
+/// One step; false when the user has ended the run there.
+bool Step_Goes_On(int step, Integer& Result) {
+    Calculate(step, Result);
+    if (Result != kAborted) return true;
+    Model.Calculated = false;
+    return false;
+}
+
+[[gnu::cold]] void Ask_About(double degrees, Integer& Result) {
+    if (!Model.InputScreenOpen && !Model.CamDriven && !Model.LinkDriven) return;
+    platform::Message message;
+    message.text = "Linkage cannot connect or is indeterminate at Theta2 =  " + Text_Of(FNRound(degrees, 2)) + " Deg." +
+                   CR + CR + CR + " ABORT - terminates further calculations beyond current position." + CR + CR +
+                   " RETRY - continues calculating and reports new problem positions." + CR + CR +
+                   "IGNORE - continues calculating with no further messages." + CR + CR;
+    message.icon = platform::Icon::kExclamation;
+    message.buttons = platform::Buttons::kAbortRetryIgnore;
+    message.default_button = 3;
+    Result = static_cast<int>(platform::The_Desktop().Show_Message(message));
+}
+
+}  // namespace
+
+void Calc_Setup(Integer Calctype, Integer& Result) {
+    Guarded("Calc_Setup", [&] {
+        Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+        Grashof();
+        if (Model.Grashof_Code == "NL") {
+            Model.MessageText = kCannotClose;
+            platform::Tell(Model.MessageText);
+            Disable_Input_Buttons();
+            return;
+        }
+        if (Model.Grashof_Code == "N") Toggle();
+        switch (Calctype) {
+            case 1: Oneposition(Result); break;
+            case 2: Timestep(Result); break;
+            case 3: Crankangle(Result); break;
+            default: break;
+        }
+        Drop_Derived_Results();
+    });
+}
+
+void Oneposition(Integer& Result) {
+    Guarded("Oneposition", [&] {
+        Begin_Run(Result);
+        Model.NSteps = 0;
+        Model.Omega2 = Model.Omega2Input;
+        Model.Theta2Rad = (Model.ThetaZero - Model.Link1Angle) * kDegToRad;
+        Model.ThetaStartStr = Model.ThetaEndStr = Text_Of(FNRound(Model.ThetaZero, 1));
+        Model.ThetaStepStr = "0";
+        Clear_RunTable();
+        Step_Goes_On(0, Result);
+    });
+}
+
+void Timestep(Integer& Result) {
+    Guarded("Timestep", [&] {
+        Begin_Run(Result);
+        Model.CamDriven = false;
+        Single t = Model.TimeStart;
+        Clear_RunTable();
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            Model.Omega2 = Time_Omega(t);
+            Model.Theta2Rad = Time_Theta(t) - Model.Link1AngleRad;
+            if (!Step_Goes_On(step, Result)) return;
+            t += Model.TimeStep;
+        }
+    });
+}
+
+void Crankangle(Integer& Result) {
+    Guarded("Crankangle", [&] {
+        Begin_Run(Result);
+        Model.CamDriven = false;
+        Model.Alpha2 = 0;
+        Model.Omega2 = Model.Omega2Input;
+        const bool from_the_end = Model.Omega2Input <= 0;
+        Model.Theta2Rad = (from_the_end ? Model.ThetaEndRad : Model.ThetaStartRad) - Model.Link1AngleRad;
+        const Single Final = (from_the_end ? Model.ThetaStartRad : Model.ThetaEndRad) - Model.Link1AngleRad;
+        Clear_RunTable();
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            if (!Step_Goes_On(step, Result)) return;
+            if (Model.Omega2 == 0) continue;  // every step repeats the first position
+            if (Model.Omega2 < 0 ? Model.Theta2Rad < Final : Model.Theta2Rad > Final) {
+                Model.Theta2Rad = Final;  // the step that overshot is rewritten at the limit
+                Calculate(step, Result);
+                return;
+            }
+            const double stride = Model.ThetaStepRad;
+            Model.Theta2Rad += Model.Omega2 < 0 ? -stride : stride;
+        }
+    });
+}
+
+void Imported_Run(Integer& Result) {
+    Guarded("Imported_Run", [&] {
+        Begin_Run(Result);
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            const double drive = Model.RunTable.DriveTheta(step);
+            const double degrees = Model.Calctype == 4
+                                       ? Model.CamDirection * drive + Model.CamPhase + Model.ThetaZero - Model.Delta2
+                                       : drive - Model.Link1Angle + Model.Delta2;
+            Model.Theta2Rad = degrees * kDegToRad;
+            Model.Omega2 = Model.RunTable.Omega(step, 0);
+            Model.ImportedAlpha2 = Model.RunTable.Alpha(step, 0);
+            Calculate(step, Result);  // the answer to abort is left to the caller
+        }
+        Drop_Derived_Results();
+    });
+}
+
+void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Result) {
+    Guarded("Noconnect", [&] {
+        auto& table = Model.RunTable;
+        const double degrees = ThetaRad * kRadToDeg;
+        Model.NoConnectSeen = true;
+        table.Assembled(step) = false;
+        if (Result != kIgnoring) Ask_About(degrees, Result);
+        for (int i = Model.Calctype >= 4 ? 1 : 0; i <= 2; ++i) {
+            table.Theta(step, i) = 0;
+            table.Omega(step, i) = 0;
+            table.Alpha(step, i) = 0;
+        }
+        table.Theta(step, 0) = FNRound(degrees, 2);  // local, as it failed
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int point = 0; point <= 2; ++point) {
+                table.PointXY(step, point, axis) = 0;
+                table.VelXY(step, point, axis) = 0;
+                table.AccXY(step, point, axis) = 0;
+            }
+            for (int point = 3; point <= LastPoint; ++point) {
+                table.VelXY(step, point, axis) = 0;
+                table.AccXY(step, point, axis) = 0;
+            }
+            table.FixedCentrode(step, 0, axis) = 0;
+            table.MovingCentrode(step, 0, axis) = 0;
+        }
+        table.Theta(step, 3) = 0;
+        table.OmegaRatio(step) = 0;
+        table.MechAdvantage(step) = 0;
+    });
+}
+
+double Time_Omega(Single t) { return Model.Alpha2 * t + Model.Omega2Input; }
+
+double Time_Theta(Single t) { return Model.Alpha2 * t * t / 2 + Model.Omega2Input * t + Model.ThetaZero * kDegToRad; }
+
+double Steps_Of(double First, double Last, double Increment) {
+    return std::floor(Divide(Last - First, Increment) + 0.5);
+}
+
+}  // namespace verlink

@@ -1,0 +1,104 @@
+// Numbers as text and text as numbers, by the standard library's locale-free conversions.
+#include "core/text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace verlink {
+
+namespace {
+
+std::string General(double value, int digits) {
+    if (value == 0) return "0";
+    char buffer[40];
+    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
+    std::replace(buffer, end, 'e', 'E');
+    return {buffer, end};
+}
+
+bool Is_Blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
+
+/// Length of the leading numeric part: sign, digits with at most one point, and an exponent that has digits.
+std::size_t Numeric_Length(std::string_view text) {
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+    std::size_t digits = 0;
+    bool point = false;
+    for (; at < text.size(); ++at) {
+        if (Is_Digit(text[at]))
+            ++digits;
+        else if (text[at] == '.' && !point)
+            point = true;
+        else
+            break;
+    }
+    if (digits == 0) return 0;
+    if (at < text.size() && (text[at] == 'E' || text[at] == 'e' || text[at] == 'D' || text[at] == 'd')) {
+        std::size_t end = at + 1;
+        if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
+        const std::size_t first = end;
+        while (end < text.size() && Is_Digit(text[end])) ++end;
+        if (end > first) at = end;
+    }
+    return at;
+}
+
+/// Whether a number that no double holds is too large, and not too small.
+bool Is_Too_Large(std::string_view number) {
+    const std::size_t mark = number.find('e');
+    const std::string_view mantissa = number.substr(0, mark);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    const double lead = first < point ? static_cast<double>(point - first) : -static_cast<double>(first - point - 1);
+    double exponent = 0;
+    if (mark != std::string_view::npos) {
+        const bool negative = number[mark + 1] == '-';
+        const std::size_t digits = number.find_first_of("0123456789", mark);
+        for (const char c : number.substr(digits)) exponent = exponent * 10 + (c - '0');
+        if (negative) exponent = -exponent;
+    }
+    return lead + exponent > 0;
+}
+
+/// The value of a text that is one number.
+double Converted(std::string number) {
+    std::replace_if(
+        number.begin(), number.end(), [](char c) { return c == 'E' || c == 'D' || c == 'd'; }, 'e');
+    if (number.front() == '+') number.erase(0, 1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        if (Is_Too_Large(number)) platform::Raise(platform::kOverflow);
+        return 0;
+    }
+    return value;
+}
+
+}  // namespace
+
+std::string Text_Of(Single value) { return General(value, 7); }
+
+std::string Text_Of(double value) { return General(value, 15); }
+
+std::string Text_Of(int value) { return std::to_string(value); }
+
+double Val(std::string_view text) {
+    std::string dense(text);
+    std::erase_if(dense, Is_Blank);
+    const std::size_t length = Numeric_Length(dense);
+    if (length == 0) return 0;
+    dense.resize(length);
+    return Converted(std::move(dense));
+}
+
+double Number_Of(std::string_view text) {
+    while (!text.empty() && Is_Blank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && Is_Blank(text.back())) text.remove_suffix(1);
+    if (text.empty() || Numeric_Length(text) != text.size()) platform::Raise(platform::kTypeMismatch);
+    return Converted(std::string(text));
+}
+
+}  // namespace verlink
