@@ -1,7 +1,6 @@
 // The program's name and version.
 #pragma once
 
-#include "platform/desktop.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -9,6 +8,13 @@ namespace verlink {
 class frm_About : public platform::Screen {
    public:
     frm_About();
+
+    platform::Label Label1{*this, "Label1", "Verlink"};
+    platform::Label lbl_Version{*this, "lbl_Version"};
+
+    void Form_Activate() override;
+    /// A click anywhere closes the screen.
+    void Form_Click() override;
 };
 
 }  // namespace verlink

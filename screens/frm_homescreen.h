@@ -1,4 +1,4 @@
-// The hub: menus, the row of buttons, the status panel.
+// The hub: menus, the row of buttons, the status panel, the present linkage.
 #pragma once
 
 #include "platform/desktop.h"
@@ -9,6 +9,156 @@ namespace verlink {
 class frm_HomeScreen : public platform::Screen {
    public:
     frm_HomeScreen();
+
+    using MenuEntry = platform::MenuEntry;
+    using Button = platform::CommandButton;
+
+    MenuEntry mnu_File{*this, "mnu_File", "&File"};
+    MenuEntry mnu_New{mnu_File, "mnu_New", "&New"};
+    MenuEntry mnu_Open{mnu_File, "mnu_Open", "&Open"};
+    MenuEntry mnu_FileBar1{mnu_File, "mnu_FileBar1", ""};
+    MenuEntry mnu_Save{mnu_File, "mnu_Save", "&Save"};
+    MenuEntry mnu_Saveas{mnu_File, "mnu_Saveas", "Save &as"};
+    MenuEntry mnu_FileBar2{mnu_File, "mnu_FileBar2", ""};
+    MenuEntry mnu_Import{mnu_File, "mnu_Import", "&Import"};
+    MenuEntry mnu_Lobetra{mnu_Import, "mnu_Lobetra", " Lobetra Drive Data"};
+    MenuEntry mnu_Link_Data_Import{mnu_Import, "mnu_Link_Data_Import", " Linkage Drive Data"};
+    MenuEntry mnu_Export{mnu_File, "mnu_Export", "&Export"};
+    MenuEntry mnu_Link_Data_Export{mnu_Export, "mnu_Link_Data_Export", " Link 4 Theta-Omega-Alpha Data"};
+    MenuEntry mnu_Export_Torque{mnu_Export, "mnu_Export_Torque", " Link 2 Driving Torque Data"};
+    MenuEntry mnu_pdx{mnu_Export, "mnu_pdx", " Pendrix Input File"};
+    MenuEntry mnu_FileBar3{mnu_File, "mnu_FileBar3", ""};
+    MenuEntry mnu_Quit{mnu_File, "mnu_Quit", "&Quit"};
+
+    MenuEntry mnu_Units{*this, "mnu_Units", "&Units"};
+    platform::ControlArray<MenuEntry> mnu_pick{
+        mnu_Units,
+        "mnu_pick",
+        {{1, "&in-lb-s"}, {2, "&ft-lb-s"}, {3, "m-kg-s (&SI)"}, {4, "&cm-kg-s"}, {5, "&mm-kg-s"}}};
+
+    MenuEntry mnu_Examples{*this, "mnu_Examples", "&Examples"};
+    MenuEntry mnu_Grashof{mnu_Examples, "mnu_Grashof", "&Grashof Test Linkage"};
+    MenuEntry mnu_Hoekens{mnu_Examples, "mnu_Hoekens", "&Hoekens Straight Line Linkage"};
+    MenuEntry mnu_Roberts{mnu_Examples, "mnu_Roberts", "&Roberts Straight Line Linkage"};
+    MenuEntry mnu_Watts{mnu_Examples, "mnu_Watts", "&Watts Straight Line Linkage"};
+    MenuEntry mnu_Cheby{mnu_Examples, "mnu_Cheby", "&Chebychev Straight Line Linkage"};
+    MenuEntry mnu_Syntest{mnu_Examples, "mnu_Syntest", "&Synthesis Test Linkage"};
+
+    MenuEntry mnu_Cognate{*this, "mnu_Cognate", "&Cognates"};
+    platform::ControlArray<MenuEntry> mnu_Cog{
+        mnu_Cognate, "mnu_Cog", {{1, "Cognate &1"}, {2, "Cognate &2"}, {3, "Cognate &3"}}};
+    MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley &Diagram"};
+
+    MenuEntry mnu_Synthesis{*this, "mnu_Synthesis", "&Synthesis"};
+    MenuEntry mnu_Twopos{mnu_Synthesis, "mnu_Twopos", "T&wo Position"};
+    MenuEntry mnu_Twopos1{mnu_Twopos, "mnu_Twopos1", "Assume Three &Angles"};
+    MenuEntry mnu_Twopos2{mnu_Twopos, "mnu_Twopos2", "Assume Mag and Angle of &Vector"};
+    MenuEntry mnu_3pos{mnu_Synthesis, "mnu_3pos", "T&hree Position"};
+    MenuEntry mnu_Unspec{mnu_3pos, "mnu_Unspec", "with &Unspecified Fixed Pivots"};
+    MenuEntry mnu_Spec{mnu_3pos, "mnu_Spec", "with &Specified Fixed Pivots"};
+
+    MenuEntry mnu_FFT{*this, "mnu_FFT", "&FFT"};
+    MenuEntry mnu_CalcFFT{mnu_FFT, "mnu_CalcFFT", "&Calculate FFT"};
+
+    MenuEntry mnu_User{*this, "mnu_User", "&User"};
+    MenuEntry mnu_UserName{mnu_User, "mnu_UserName", "User Name"};
+    MenuEntry mnu_FilePath{mnu_User, "mnu_FilePath", "File Path"};
+    MenuEntry mnu_AppPath{mnu_User, "mnu_AppPath", "Application Path"};
+    MenuEntry mnu_ChangeUser{mnu_User, "mnu_ChangeUser", "Change Project/File Name"};
+
+    MenuEntry mnu_Screen{*this, "mnu_Screen", "Screen Size"};
+    MenuEntry mnu_Standardsize{mnu_Screen, "mnu_Standardsize", "Standard"};
+    MenuEntry mnu_Fullscreen{mnu_Screen, "mnu_Fullscreen", "Maximize"};
+    MenuEntry mnu_Aspect{mnu_Screen, "mnu_Aspect", "Aspect Ratio"};
+
+    MenuEntry mnu_HelpHeader{*this, "mnu_HelpHeader", "Help"};
+    MenuEntry mnu_CopyHelp{mnu_HelpHeader, "mnu_CopyHelp", "Copying to Clipboard"};
+    MenuEntry mnu_Menu{mnu_HelpHeader, "mnu_Menu", "Menu Items"};
+    MenuEntry mnu_FileHelp{mnu_Menu, "mnu_FileHelp", "File"};
+    MenuEntry mnu_FileGeneral{mnu_FileHelp, "mnu_FileGeneral", "General"};
+    MenuEntry mnu_ImportHelp{mnu_FileHelp, "mnu_ImportHelp", "Import"};
+    MenuEntry mnu_ExportHelp{mnu_FileHelp, "mnu_ExportHelp", "Export"};
+    MenuEntry mnu_UnitsHelp{mnu_Menu, "mnu_UnitsHelp", "Units"};
+    MenuEntry mnu_ExampleHelp{mnu_Menu, "mnu_ExampleHelp", "Examples"};
+    MenuEntry mnu_CognateHelp{mnu_Menu, "mnu_CognateHelp", "Cognates"};
+    MenuEntry mnu_SynthHelp{mnu_Menu, "mnu_SynthHelp", "Synthesis"};
+    MenuEntry mnu_FFTHelp{mnu_Menu, "mnu_FFTHelp", "FFT"};
+    MenuEntry mnu_Buttons{mnu_HelpHeader, "mnu_Buttons", "Buttons"};
+    MenuEntry mnu_InputHelp{mnu_Buttons, "mnu_InputHelp", "Input"};
+    MenuEntry mnu_Linkdata{mnu_InputHelp, "mnu_Linkdata", "Linkage Data"};
+    MenuEntry mnu_LinkCalc{mnu_InputHelp, "mnu_LinkCalc", "Calculation"};
+    MenuEntry mnu_AnimateHelp{mnu_Buttons, "mnu_AnimateHelp", "Animate"};
+    MenuEntry mnu_PlotHelp{mnu_Buttons, "mnu_PlotHelp", "Plot"};
+    MenuEntry mnu_PrintHelp{mnu_Buttons, "mnu_PrintHelp", "Print"};
+    MenuEntry mnu_DynamicsHelp{mnu_Buttons, "mnu_DynamicsHelp", "Dynamics"};
+    MenuEntry mnu_BalanceHelp{mnu_Buttons, "mnu_BalanceHelp", "Balance"};
+    MenuEntry mnu_General{mnu_HelpHeader, "mnu_General", "General"};
+    MenuEntry mnu_Manual{mnu_General, "mnu_Manual", "User Manual"};
+    MenuEntry mnu_Video1{mnu_General, "mnu_Video1", "Video Tutorial"};
+
+    MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
+    MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};
+
+    Button cmd_Input{*this, "cmd_Input", "&Input"};
+    Button cmd_Animate{*this, "cmd_Animate", "&Animate"};
+    Button cmd_Plot{*this, "cmd_Plot", "&Plot"};
+    Button cmd_Print{*this, "cmd_Print", "P&rint"};
+    Button cmd_Dynamics{*this, "cmd_Dynamics", "&Dynamics"};
+    Button cmd_Balance{*this, "cmd_Balance", "&Balance"};
+    Button cmd_Quit{*this, "cmd_Quit", "&Quit"};
+
+    /// The present linkage at step 0 while the model is calculated; the two labels are there when it is not.
+    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Label lbl_Name{*this, "lbl_Name", "Verlink"};
+    platform::Label lbl_Advice{*this, "lbl_Advice",
+                               "Choose Input to enter a linkage, or open a model from the File menu."};
+
+    platform::Frame pnl_Status{*this, "pnl_Status", " Status:"};
+    /// 0 to 8 the flags of the model, 9 and 10 its unit system.
+    platform::ControlArray<platform::Label> lbl_Status{*this,
+                                                       "lbl_Status",
+                                                       {{0, "Calculated"},
+                                                        {1, "Link Driven"},
+                                                        {2, "Cam Driven"},
+                                                        {3, "Dynamics"},
+                                                        {4, "Balanced"},
+                                                        {5, "FFT Done"},
+                                                        {6, "Synthesized"},
+                                                        {7, "Cognate 1"},
+                                                        {8, "Saved"},
+                                                        {9, "Units are:"},
+                                                        {10, "in-lb-bl-s"}}};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void Form_Activate() override;
+    /// Runs `cmd_Quit` and keeps the window: the question there decides.
+    void Form_QueryUnload(bool& cancel) override;
+    /// Ends the process should the window go all the same.
+    void Form_Unload() override;
+
+    void cmd_Input_Click();
+    void cmd_Animate_Click();
+    void cmd_Plot_Click();
+    void cmd_Print_Click();
+    void cmd_Dynamics_Click();
+    void cmd_Balance_Click();
+    void cmd_Quit_Click();
+
+    void mnu_New_Click();
+    void mnu_pick_Click(int Index);
+    void mnu_CalcFFT_Click();
+    void mnu_UserName_Click();
+    void mnu_FilePath_Click();
+    void mnu_AppPath_Click();
+    void mnu_ChangeUser_Click();
+    void mnu_Standardsize_Click();
+    void mnu_Fullscreen_Click();
+    void mnu_Aspect_Click();
+    void mnu_About_Click();
+
+   private:
+    void Show_Linkage();
+    void Note_Status_Width();
 };
 
 }  // namespace verlink

@@ -1,8 +1,33 @@
 // The question before the end.
 #include "screens/frm_quit.h"
 
+#include "core/screen_geometry.h"
+#include "shell/failure_report.h"
+
 namespace verlink {
 
-frm_Quit::frm_Quit() : Screen("frm_Quit") {}
+namespace {
+constexpr long kDesignWidth = 6000;
+constexpr long kDesignHeight = 2250;
+}  // namespace
+
+frm_Quit::frm_Quit() : Screen("frm_Quit") {
+    Width() = kDesignWidth;
+    Height() = kDesignHeight;
+    DefaultButton = &cmd_NoQuit;
+    CancelButton = &cmd_NoQuit;
+    cmd_NoQuit.Tip = "Go on working";
+    cmd_YesQuit.Tip = "Leave the program";
+    cmd_NoQuit.OnClick = [this] { cmd_NoQuit_Click(); };
+}
+
+void frm_Quit::Form_Activate() {
+    Guarded("frm_Quit.Activate", [this] {
+        Fit_Screen(*this, kDesignWidth, kDesignHeight);
+        cmd_NoQuit.SetFocus();
+    });
+}
+
+void frm_Quit::cmd_NoQuit_Click() { Hide(); }
 
 }  // namespace verlink

@@ -1,7 +1,6 @@
 // The question before the end.
 #pragma once
 
-#include "platform/desktop.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -9,6 +8,14 @@ namespace verlink {
 class frm_Quit : public platform::Screen {
    public:
     frm_Quit();
+
+    platform::Label Label1{*this, "Label1", "Do you really want to Quit?"};
+    platform::CommandButton cmd_NoQuit{*this, "cmd_NoQuit", "&No"};
+    platform::CommandButton cmd_YesQuit{*this, "cmd_YesQuit", "&Yes"};
+
+    void Form_Activate() override;
+    void cmd_NoQuit_Click();
+    void cmd_YesQuit_Click();
 };
 
 }  // namespace verlink

@@ -1,8 +1,44 @@
-// The screen that asks for the user's name and a design number.
+// The screen that asks for the user's name, a design number and a file name.
 #include "screens/frm_user.h"
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "shell/failure_report.h"
 
 namespace verlink {
 
-frm_User::frm_User() : Screen("frm_User") {}
+using platform::Screens;
+
+frm_User::frm_User() : Screen("frm_User") {
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+    DefaultButton = &cmd_Done;
+    txt_UserName.Tip = "Your name or a project ID, as it stands in the header of printed screens";
+    txt_DesignNo.Tip = "The revision of the design, a whole number";
+    txt_Filename.Tip = "The name that the model is saved under, without folder and extension";
+    cmd_Done.Tip = "Go on to the home screen";
+    for (platform::TextBox* box : {&txt_UserName, &txt_DesignNo, &txt_Filename}) {
+        box->OnGotFocus = [box] { box->SelectAll(); };
+        box->OnReturn = [this] { cmd_Done.Click(); };
+    }
+}
+
+void frm_User::Form_Activate() {
+    Guarded("frm_User.Activate", [this] {
+        if (Display_Is_High_Enough())
+            Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        else
+            Fit_Display(*this);
+        txt_UserName.Text = Model.UserName;
+        txt_DesignNo.Text = std::to_string(Model.DesignNumber);
+        txt_Filename.Text = Model.ModelName;
+        txt_UserName.SetFocus();
+    });
+}
+
+void frm_User::Form_QueryUnload(bool& cancel) {
+    cancel = !Screens::Get("frm_HomeScreen").Visible();
+    if (cancel) Guarded("frm_User.QueryUnload", [] { Show_Centered("frm_Quit"); });
+}
 
 }  // namespace verlink

@@ -1,0 +1,39 @@
+// The table of the help entries and their documents.
+#include "screens/help_documents.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr std::pair<const char*, const char*> kDocuments[] = {
+    {"mnu_Manual", "helpfiles/Program_Manual.pdf"},
+    {"mnu_CopyHelp", "helpfiles/general/CopyHelp.pdf"},
+    {"mnu_UnitsHelp", "helpfiles/general/UnitsHelp.pdf"},
+    {"mnu_PrintHelp", "helpfiles/general/PrintHelp.pdf"},
+    {"mnu_FileGeneral", "helpfiles/general/Filemenu_help.pdf"},
+    {"mnu_FFTHelp", "helpfiles/linkages/linkage_fft_help.pdf"},
+    {"mnu_ExampleHelp", "helpfiles/linkages/linkage_examples_help.pdf"},
+    {"mnu_PlotHelp", "helpfiles/linkages/linkage_plot_help.pdf"},
+    {"mnu_LinkCalc", "helpfiles/linkages/linkage_calc_help.pdf"},
+    {"mnu_AnimateHelp", "helpfiles/linkages/linkage_animate_help.pdf"},
+    {"mnu_BalanceHelp", "helpfiles/linkages/linkage_balance_help.pdf"},
+    {"mnu_CognateHelp", "helpfiles/linkages/linkage_cognate_help.pdf"},
+    {"mnu_DynamicsHelp", "helpfiles/linkages/linkage_dynamics_help.pdf"},
+    {"mnu_ExportHelp", "helpfiles/linkages/linkage_export_help.pdf"},
+    {"mnu_ImportHelp", "helpfiles/linkages/linkage_import_help.pdf"},
+    {"mnu_SynthHelp", "helpfiles/linkages/linkage_synthesis_help.pdf"},
+    {"mnu_Linkdata", "helpfiles/linkages/linkage_data_help.pdf"},
+    {"mnu_Video1", "helpfiles/linkages/linkage_tutorial.mp4"},
+};
+
+}  // namespace
+
+std::string Help_Document(const std::string& entry) {
+    for (const auto& [name, document] : kDocuments)
+        if (entry == name) return document;
+    return "";
+}
+
+std::span<const std::pair<const char*, const char*>> Help_Documents() { return kDocuments; }
+
+}  // namespace verlink
