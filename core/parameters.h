@@ -18,9 +18,13 @@ void Put_Linkage_Geometry(platform::Screen& screen);
 /// local pivot, `LinkArray`, `Parallelogram`.
 void Derive_Geometry();
 
+/// The texts and radians of the three angle limits from their degrees.
+void Derive_Angle_Limits();
+
 /// The run limits of the run type from the boxes, with their refusals; a refused value leaves the model's own in
-/// force and puts it back in the box.
-void Get_Initial_Conditions(platform::Screen& screen);
+/// force and puts it back in the box. False when refused: then no run may follow. Too many time steps are told and
+/// kept from the model, but not refused here: their boxes stay for the run to refuse.
+bool Get_Initial_Conditions(platform::Screen& screen);
 void Put_Angle_Initial_Conditions(platform::Screen& screen);
 void Put_Time_Initial_Conditions(platform::Screen& screen);
 

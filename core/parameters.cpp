@@ -1,0 +1,353 @@
+// How boxes become the model's values and back, and what is refused on the way.
+#include "core/parameters.h"
+
+#include <cmath>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/runs.h"
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CheckBox;
+using platform::CommandButton;
+using platform::CR;
+using platform::Icon;
+using platform::kNoIndex;
+using platform::Label;
+using platform::OptionButton;
+using platform::Screen;
+using platform::Screens;
+using platform::ScrollBar;
+using platform::Tell;
+using platform::TextBox;
+using platform::With;
+
+namespace {
+
+constexpr int kAngleDecimals = 2;
+
+double Read(Screen& screen, const char* name, int index) { return Val(screen.Text(name, index).Text.Get()); }
+
+void Read_Length(Screen& screen, int index, Single& length) {
+    TextBox& box = screen.Text("txt_Linkout", index);
+    const Single typed = Val(box.Text.Get());
+    length = typed;
+    Check_Positive(length);
+    if (length != typed) box.Text = Text_Of(length);
+    length /= Shown_Factor();
+}
+
+void Show(Screen& screen, const char* name, int index, const std::string& text) {
+    With<TextBox>(screen, name, index, [&](TextBox& box) { box.Text = text; });
+}
+
+void Show_Length(Screen& screen, int index, Single length) {
+    Show(screen, "txt_Linkout", index, Text_Of(FNRound(length * Shown_Factor(), Model.DecLengthShown)));
+}
+
+void Show_Angle(Screen& screen, int index, Single angle) {
+    Show(screen, "txt_Linkout", index, Text_Of(FNRound(angle, kAngleDecimals)));
+}
+
+void Caption(Screen& screen, const char* name, int index, const std::string& caption) {
+    With<Label>(screen, name, index, [&](Label& label) { label.Caption = caption; });
+}
+
+void Caption_Line(Screen& screen, int index, const char* name, const char* unit) {
+    Caption(screen, "lbl_Initial", index, name);
+    Caption(screen, "lbl_Unit", index, unit);
+}
+
+void Disable(Screen& screen, const char* button) {
+    With<CommandButton>(screen, button, kNoIndex, [](CommandButton& found) { found.Enabled = false; });
+}
+
+/// The read-out of the animate screen, which tells a position of the run.
+void Caption_Read_Out(const char* name, const char* unit) {
+    Screen* animate = Screens::Find("frm_Animate");
+    if (!animate) return;
+    Caption(*animate, "lbl_StepLabel", kNoIndex, name);
+    Caption(*animate, "lbl_StepUnit", kNoIndex, unit);
+    Caption(*animate, "lbl_Omega", kNoIndex, Text_Of(Model.Omega2Input));
+}
+
+void Show_Angle_Limits(Screen& screen) {
+    Show(screen, "txt_initial", 0, Text_Of(Model.ThetaStart));
+    Show(screen, "txt_initial", 1, Text_Of(Model.ThetaEnd));
+}
+
+std::string Too_Many(const char* kind, const char* advice) {
+    return std::string("Your ") + kind + " steps are too small - Have > " + Text_Of(kLastStep) + " Points - Increase " +
+           advice;
+}
+
+bool Get_Angle_Conditions(Screen& screen) {
+    const Drive before = Model;
+    const Single Min = Read(screen, "txt_initial", 0);
+    const Single Max = Read(screen, "txt_initial", 1);
+    if (!(Min < Max)) {
+        Tell(std::string("Minimum angle must be smaller than maximum angle.") + CR +
+                 "To rotate CW from max to min, use a negative Omega2.",
+             Icon::kExclamation);
+        Show_Angle_Limits(screen);
+        return false;
+    }
+    Model.ThetaStart = Min;
+    Model.ThetaEnd = Max;
+    const Single Step = Read(screen, "txt_initial", 2);
+    if (Step <= 0.0) {
+        Tell(std::string("Cannot have a zero or negative step size") + CR +
+             "To rotate CW from max to min, use a negative Omega2.");
+        Show(screen, "txt_initial", 2, Text_Of(Model.ThetaStep));
+        return false;
+    }
+    Model.ThetaStep = Step;
+    Derive_Angle_Limits();
+
+    // A refusal from here on is of the limits together, so all of them go back.
+    const auto put_back = [&] {
+        static_cast<Drive&>(Model) = before;
+        Show_Angle_Limits(screen);
+        Show(screen, "txt_initial", 2, Text_Of(Model.ThetaStep));
+    };
+    const Single range = std::abs(Model.ThetaEndRad - Model.ThetaStartRad);
+    if (Single(0.98 * Model.ThetaStepRad) >= range) {
+        Tell(std::string("Something is wrong. ") + CR + "Start and end theta are too close together" + CR +
+                 " or delta theta is too large.",
+             Icon::kExclamation);
+        put_back();
+        return false;
+    }
+    const double steps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
+    if (steps > kLastStep) {
+        Tell(Too_Many("angle", "Delta Theta"));
+        put_back();
+        screen.Text("txt_initial", 2).SetFocus();
+        return false;
+    }
+    Model.NSteps = steps;
+    Model.Alpha2 = 0;
+    if (Screen* animate = Screens::Find("frm_Animate")) {
+        Put_Linkage_Geometry(*animate);
+        Put_Angle_Initial_Conditions(*animate);
+    }
+    return true;
+}
+
+bool Get_Time_Conditions(Screen& screen) {
+    const Drive before = Model;
+    const Single Start = Read(screen, "txt_initial", 0);
+    const Single End = Read(screen, "txt_initial", 1);
+    if (!(Start < End)) {
+        Tell("Start time must be smaller than end time - will reset.", Icon::kExclamation);
+        Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
+        Show(screen, "txt_initial", 1, Text_Of(Model.TimeEnd));
+        return false;
+    }
+    Model.TimeStart = Start;
+    Model.TimeEnd = End;
+    Model.ThetaStartStr = Text_Of(Start);
+    Model.ThetaEndStr = Text_Of(End);
+    const Single Step = Read(screen, "txt_initial", 2);
+    if (Step <= 0.0) {
+        Tell("Time steps must be positive - will reset");
+        if (Step < 0.0) Model.TimeStep = -Step;
+        Show(screen, "txt_initial", 2, Text_Of(Model.TimeStep));
+    } else {
+        Model.TimeStep = Step;
+    }
+    Model.ThetaStepStr = Text_Of(Model.TimeStep);
+    const double steps =
+        Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
+    if (steps > kLastStep) {
+        // The screen goes on all the same: its boxes stay, and the run that reads them refuses them again.
+        Tell(Too_Many("time", "Delta Time"));
+        static_cast<Drive&>(Model) = before;
+    } else {
+        Model.NSteps = steps;
+    }
+    if (Screen* animate = Screens::Find("frm_Animate")) {
+        Put_Linkage_Geometry(*animate);
+        Put_Time_Initial_Conditions(*animate);
+    }
+    return true;
+}
+
+template <class Flag>
+void Read_Flag(Screen& screen, const char* box, Flag& flag, bool ticked_is_yes = true) {
+    With<CheckBox>(screen, box, kNoIndex, [&](CheckBox& found) { flag = found.Value == ticked_is_yes ? "Y" : "N"; });
+}
+
+}  // namespace
+
+void Check_Positive(Single& length) {
+    if (length >= 0.0) return;
+    Tell("Link lengths must be positive - Have changed to positive value - Please check your data", Icon::kExclamation);
+    length = -length;
+}
+
+void Derive_Angle_Limits() {
+    Model.ThetaStartStr = Text_Of(Model.ThetaStart);
+    Model.ThetaEndStr = Text_Of(Model.ThetaEnd);
+    Model.ThetaStepStr = Text_Of(Model.ThetaStep);
+    Model.ThetaStartRad = Model.ThetaStart * kDegToRad;
+    Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
+    Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
+}
+
+void Derive_Geometry() {
+    if (Model.PolarCoords) {
+        Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
+        Model.Link1X = Model.L1 * std::cos(Model.Link1AngleRad);
+        Model.Link1Y = Model.L1 * std::sin(Model.Link1AngleRad);
+    } else {
+        Cart_to_Polar(Model.Link1X, Model.Link1Y, Model.L1, Model.Link1Angle);
+        Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
+    }
+    Rotate(Model.Link1X, Model.Link1Y, Model.Link1Angle, -1, Model.Link1LocalX, Model.Link1LocalY);
+    LoadLinkArray();
+    Model.Parallelogram = Model.L2 == Model.L4 && Model.L3 == Model.L1;
+}
+
+void Get_Linkage_Geometry(Screen& screen) {
+    Guarded("Get_Linkage_Geometry", [&] {
+        Read_Length(screen, 1, Model.L2);
+        Read_Length(screen, 2, Model.L3);
+        Read_Length(screen, 3, Model.L4);
+        Read_Length(screen, 4, Model.Rpa);
+        Model.Delta = Read(screen, "txt_Linkout", 5);
+        Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
+        if (Model.PolarCoords) {
+            Read_Length(screen, 0, Model.L1);
+            Model.Link1Angle = Read(screen, "txt_Linkout", 6);
+        } else {
+            Model.Link1X = Single(Read(screen, "txt_Linkout", 15)) / Shown_Factor();
+            Model.Link1Y = Single(Read(screen, "txt_Linkout", 16)) / Shown_Factor();
+        }
+        Derive_Geometry();
+        if (Model.PolarCoords) {
+            Show_Length(screen, 15, Model.Link1X);
+            Show_Length(screen, 16, Model.Link1Y);
+        } else {
+            Show_Length(screen, 0, Model.L1);
+            Show_Angle(screen, 6, Model.Link1Angle);
+        }
+        Get_Circuit(screen);
+        Disable(screen, "cmd_Animate");
+        Disable(screen, "cmd_Done");
+        if (Model.Calctype == 5)
+            With<TextBox>("frm_Inputnew", "txt_initial", 4, [](TextBox& box) { Model.Delta2 = Val(box.Text.Get()); });
+        Model.RedrawFlag = "Y";
+    });
+}
+
+void Put_Linkage_Geometry(Screen& screen) {
+    Guarded("Put_Linkage_Geometry", [&] {
+        for (int box = 0; box <= 3; ++box) Show_Length(screen, box, Model.LinkArray(box + 1));
+        Show_Length(screen, 4, Model.LinkArray(0));
+        Show_Angle(screen, 5, Model.Delta);
+        Show_Angle(screen, 6, Model.Link1Angle);
+        if (!Model.Synthesized) {
+            Show_Length(screen, 15, Model.Link1X);
+            Show_Length(screen, 16, Model.Link1Y);
+            Put_Circuit(screen);
+        }
+        for (int label : {0, 1, 2, 3, 4, 11, 12}) Caption(screen, "lbl_Units", label, Model.UnitLabel(6));
+        With<TextBox>("frm_Animate", "txt_LineAngle", kNoIndex,
+                      [](TextBox& box) { box.Text = Text_Of(FNRound(Model.LineAngle, 0)); });
+    });
+}
+
+bool Get_Initial_Conditions(Screen& screen) {
+    bool accepted = true;
+    const bool ended = Guarded("Get_Initial_Conditions", [&] {
+        if (Model.Calctype == 1) {
+            Model.ThetaZero = Read(screen, "txt_initial", 0);
+            screen.Text("txt_initial", 1).Text = screen.Text("txt_initial", 0).Text;
+        } else if (Model.Calctype == 2) {
+            accepted = Get_Time_Conditions(screen);
+        } else if (Model.Calctype == 3) {
+            accepted = Get_Angle_Conditions(screen);
+        }
+        if (!accepted) return;
+        if (Screen* input = Screens::Find("frm_Inputnew")) {
+            Disable(*input, "cmd_Animate");
+            Disable(*input, "cmd_Done");
+        }
+        Model.RedrawFlag = "Y";
+    });
+    return ended && accepted;
+}
+
+void Put_Angle_Initial_Conditions(Screen& screen) {
+    Guarded("Put_Angle_Initial_Conditions", [&] {
+        Show(screen, "txt_initial", 0, Model.ThetaStartStr);
+        Show(screen, "txt_initial", 1, Model.ThetaEndStr);
+        Show(screen, "txt_initial", 2, Model.ThetaStepStr);
+        Caption_Line(screen, 0, "Min Theta", "deg");
+        Caption_Line(screen, 1, "Max Theta", "deg");
+        Caption_Line(screen, 2, "Delta Theta", "deg");
+        Caption_Line(screen, 3, "Omega2", "rad/s");
+        Caption_Line(screen, 4, "Alpha2", "rad/s^2");
+        Caption_Line(screen, 5, "Theta Zero", "deg");
+        if (Model.Calctype == 1)
+            Caption_Read_Out("Alpha2", "rad/s^2");
+        else
+            Caption_Read_Out("Theta2", "deg");
+    });
+}
+
+void Put_Time_Initial_Conditions(Screen& screen) {
+    Guarded("Put_Time_Initial_Conditions", [&] {
+        Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
+        Show(screen, "txt_initial", 1, Text_Of(Model.TimeEnd));
+        Show(screen, "txt_initial", 2, Text_Of(Model.TimeStep));
+        Show(screen, "txt_initial", 4, Text_Of(Model.Alpha2));
+        Caption_Line(screen, 0, "Start Time", "sec");
+        Caption_Line(screen, 1, "End Time", "sec");
+        Caption_Line(screen, 2, "Delta Time", "sec");
+        Caption_Line(screen, 3, "Omega Zero", "rad/s");
+        Caption_Line(screen, 4, "Alpha2", "rad/s^2");
+        Caption_Line(screen, 5, "ThetaZero", "deg");
+        Caption_Read_Out("Time", "sec");
+    });
+}
+
+void Get_Circuit(Screen& screen) {
+    With<OptionButton>(screen, "opt_OpenCross", 0, [](OptionButton& open) {
+        Model.CircuitIndex = open.Value ? 1 : 2;
+        Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+    });
+}
+
+void Put_Circuit(Screen& screen) {
+    const int chosen = Model.CircuitSign == -1 ? 0 : 1;
+    With<OptionButton>(screen, "opt_OpenCross", chosen, [](OptionButton& option) { option.Value = true; });
+}
+
+void Check_Parameters(Screen& screen) {
+    Guarded("Check_Parameters", [&] {
+        With<ScrollBar>(screen, "hsc_speed", kNoIndex,
+                        [](ScrollBar& speed) { Model.AnimateDelay = 32767 - speed.Value(); });
+        With<TextBox>(screen, "txt_Cycles", kNoIndex, [](TextBox& box) { Model.Cycles = Val(box.Text.Get()); });
+        With<TextBox>(screen, "txt_LineAngle", kNoIndex, [](TextBox& box) { Model.LineAngle = Val(box.Text.Get()); });
+        Model.AnimateStepSize = 1;
+        Read_Flag(screen, "chk_Showlinks", Model.HideLinksFlag, false);
+        Read_Flag(screen, "chk_Coupler", Model.ShowCouplerFlag);
+        Read_Flag(screen, "chk_CouplerLines", Model.ShowCouplerLinesFlag);
+        Read_Flag(screen, "chk_Centrodes", Model.ShowCentrodesFlag);
+        Read_Flag(screen, "chk_Trace", Model.TraceFlag);
+        constexpr int kTargets[] = {2, 0, 1, 3};
+        for (int option = 0; option < 4; ++option)
+            With<OptionButton>(screen, "opt_Shift_Drag", option, [&](OptionButton& found) {
+                if (found.Value) Model.ShiftDragTarget = kTargets[option];
+            });
+    });
+}
+
+}  // namespace verlink
