@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <variant>
@@ -24,8 +23,8 @@ struct FileField {
 /// `Model`; lines 1, 2 and 54 are those that the writer writes.
 std::span<const FileField> File_Fields();
 
-/// Stores a text in the field of that name as if the file had held it. False for an unknown name; failure 13 or 6
-/// for a text that the field cannot take.
+/// Stores a text in the field of that name as if the file had held it; blanks in the name do not count. False for
+/// an unknown name; failure 13 or 6 for a text that the field cannot take. A boolean may come without its hashes.
 bool Set_File_Field(const std::string& name, const std::string& text);
 
 /// The whole file from the model, as text.
@@ -37,13 +36,19 @@ bool Writefile();
 
 /// Reads a model from a file's content: recognises it, fills the model and the screens, and, unless the program has
 /// just started, says so and shows the input screen. Failures go to the reporter under "Readfile" or "Read_Newfile";
-/// what was read stays.
+/// what was read stays, and the derived values and the screens follow it, but nothing is said to be read then.
 void Readfile(const std::string& content);
 
-/// Lines 3 to the end, by the rules for older revisions and formats.
-void Read_Newfile(TextReader& reader);
+/// The same for a program without screens: true only when all of it was read and derived. `amend` runs between the
+/// two, to replace values as if the file had held them.
+bool Load_Model(const std::string& content, const std::function<void()>& amend = {});
+
+/// Lines 3 to the end, by the rules for older revisions and formats. False when a failure was reported.
+bool Read_Newfile(TextReader& reader);
 
 /// What follows from the values of a file: `DeltaRad`, `LinkArray`, limits, `NSteps`, circuit, units. No screen.
+/// Failure 9 for a run type or unit system that there is not, 11 for a step of 0, 6 for more steps than an integer
+/// holds.
 void Derive_From_File();
 
 /// The file menu's actions, each a handler of the home screen.

@@ -8,7 +8,8 @@
 
 namespace verlink {
 
-/// Collects a file. Values stand one to a line, or several with commas between them; lines end in CR LF.
+/// Collects a file. Values stand one to a line, or several with commas between them; lines end in CR LF. A quote
+/// inside a string is written as it stands, but as two apostrophes where it would end the string for a reader.
 class TextWriter {
    public:
     void Put(const std::string& value);
@@ -26,9 +27,10 @@ class TextWriter {
     bool line_begun_ = false;
 };
 
-/// Takes values off a file's content. A comma and a line end alike end a value; a quoted string may hold either.
-/// Lone LF and lone CR end lines too. Past the end is failure 62, a value of the wrong kind failure 13, a number
-/// beyond its type failure 6.
+/// Takes values off a file's content. A comma and a line end alike end a value; a quoted string may hold either,
+/// and quotes too: it ends at the first quote with nothing but blanks between it and the end of the value. A string
+/// without quotes is taken as it stands. Lone LF and lone CR end lines too. Past the end, and inside a string that
+/// never ends, is failure 62; a value of the wrong kind failure 13; a number beyond its type failure 6.
 class TextReader {
    public:
     explicit TextReader(std::string_view content) : content_(content) {}
@@ -40,6 +42,8 @@ class TextReader {
     bool AtEnd() const;
 
    private:
+    void Skip_Blanks();
+    void End_Value();
     std::string_view Word();
     std::string_view content_;
     std::size_t place_ = 0;

@@ -1,0 +1,93 @@
+// The file menu of the home screen: Open, Save and Save As.
+#include "core/numeric.h"
+#include "core/status_panel.h"
+#include "files/model_file.h"
+#include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using namespace platform;
+
+namespace {
+
+/// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved.
+bool Save(const std::function<void()>& when_written = {}) {
+    The_Desktop().Set_Pointer(Pointer::kHourglass);
+    const bool written = Writefile();
+    Model.SavedFlag = written;
+    if (written && when_written) when_written();
+    The_Desktop().Set_Pointer(Pointer::kDefault);
+    Refresh_Status();
+    return written;
+}
+
+/// Offers to save results that would be lost. False when the user would rather not go on.
+bool May_Replace(Screen& home) {
+    if (Model.SavedFlag || !Model.Calculated) return true;
+    const Answer answer = The_Desktop().Show_Message(
+        {.text = "The current data has not been saved.  Do you want to save it before resetting?",
+         .icon = Icon::kQuestion,
+         .buttons = Buttons::kYesNo});
+    if (answer == Answer::kCancel) return false;
+    if (answer != Answer::kYes) return true;
+    // The dialog comes twice, saved or not.
+    Menu_Saveas(home);
+    Menu_Saveas(home);
+    return Model.SavedFlag;
+}
+
+}  // namespace
+
+void Menu_Open(Screen& home) {
+    Guarded_Unless_Cancelled("frm_Homescreen.Open", [&] {
+        if (!May_Replace(home)) return;
+        // Results go before the dialog asks, so that a cancelled one leaves none either.
+        Clear_RunTable();
+        Model.CognateEdit = false;
+        auto& dialog = home.Get<CommonDialog>("CommonDialog1");
+        dialog.DialogTitle = "Open a model";
+        dialog.Filter = "Verlink (*.vlk)|*.vlk|All (*.*)|*.*|";
+        dialog.FilterIndex = 1;
+        dialog.FileName = "*.vlk";
+        dialog.ShowOpen();
+        The_Desktop().Set_Pointer(Pointer::kHourglass);
+        // Read first: a file that cannot be opened does not become the one that Save would replace.
+        const std::string content = Read_File(dialog.FileName);
+        Model.FilePath = dialog.FileName;
+        Model.SavedFlag = false;
+        Readfile(content);
+        Model.ModelName = StripFilename(Model.FilePath);
+        The_Desktop().Set_Pointer(Pointer::kDefault);
+        With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
+        With<PictureBox>("frm_Inputnew", "Picture1", kNoIndex, [](PictureBox& box) { box.Canvas().Cls(); });
+        Model.SavedFlag = false;
+        Refresh_Status();
+    });
+}
+
+void Menu_Save(Screen& home) {
+    Guarded("frm_Homescreen.Save", [&] {
+        if (Model.SavedFlag)
+            Save();
+        else
+            Menu_Saveas(home);
+    });
+}
+
+void Menu_Saveas(Screen& home) {
+    Guarded_Unless_Cancelled("frm_Homescreen.SaveAs.vlk", [&] {
+        auto& dialog = home.Get<CommonDialog>("CommonDialog1");
+        dialog.DialogTitle = "Save the Model";
+        dialog.Filter = "(*.vlk)|*.vlk";
+        dialog.FilterIndex = 1;
+        dialog.FileName = Model.ModelName + ".vlk";
+        dialog.OverwritePrompt = true;
+        dialog.ShowSave();
+        Model.FilePath = dialog.FileName;
+        Save([] { Model.ModelName = StripFilename(Model.FilePath); });
+    });
+}
+
+}  // namespace verlink

@@ -1,0 +1,261 @@
+// The table of the model file's values, its writer, and its reader with the rules for older layouts.
+#include "files/model_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using namespace platform;
+
+namespace {
+
+constexpr int kTagLine = 1, kRevLine = 2, kCyclesLine = 53, kFormatLine = 54;
+constexpr int kMainBlock = 80, kPolarLine = 92, kZoomLine = 96, kLastField = 96;
+constexpr int kReserved = 87;
+constexpr char kEndMarker[] = "Last Item";
+
+const std::array<FileField, kLastField>& Fields() {
+    auto& m = Model;
+    static const std::array<FileField, kLastField> fields{{
+        {1, "ProgramTag", &m.ProgramTag},
+        {2, "RevNumber", &m.RevNumber},
+        {3, "ModelName", &m.ModelName},
+        {4, "UserName", &m.UserName},
+        {5, "DesignNumber", &m.DesignNumber},
+        {6, "DateStr", &m.DateStr},
+        {7, "TimeStr", &m.TimeStr},
+        {8, "L2", &m.L2},
+        {9, "L3", &m.L3},
+        {10, "L4", &m.L4},
+        {11, "L1", &m.L1},
+        {12, "Rpa", &m.Rpa},
+        {13, "Delta", &m.Delta},
+        {14, "P21x", &m.P21x},
+        {15, "P21y", &m.P21y},
+        {16, "P31x", &m.P31x},
+        {17, "P31y", &m.P31y},
+        {18, "SynAlpha2", &m.SynAlpha2},
+        {19, "SynAlpha3", &m.SynAlpha3},
+        {20, "SynBeta2", &m.SynBeta2},
+        {21, "SynBeta3", &m.SynBeta3},
+        {22, "SynGamma2", &m.SynGamma2},
+        {23, "SynGamma3", &m.SynGamma3},
+        {24, "O2x", &m.O2x},
+        {25, "O2y", &m.O2y},
+        {26, "O4x", &m.O4x},
+        {27, "O4y", &m.O4y},
+        {28, "SynTheta", &m.SynTheta},
+        {29, "SynTheta2", &m.SynTheta2},
+        {30, "SynPhi", &m.SynPhi},
+        {31, "SynSigma", &m.SynSigma},
+        {32, "SynXi", &m.SynXi},
+        {33, "Synthesized", &m.Synthesized},
+        {34, "TimeStart", &m.TimeStart},
+        {35, "TimeEnd", &m.TimeEnd},
+        {36, "TimeStep", &m.TimeStep},
+        {37, "ThetaZero", &m.ThetaZero},
+        {38, "Omega2Input", &m.Omega2Input},
+        {39, "Alpha2", &m.Alpha2},
+        {40, "ThetaStartStr", &m.ThetaStartStr},
+        {41, "ThetaEndStr", &m.ThetaEndStr},
+        {42, "ThetaStepStr", &m.ThetaStepStr},
+        {43, "CircuitIndex", &m.CircuitIndex},
+        {44, "Calctype", &m.Calctype},
+        {45, "Units", &m.Units},
+        {46, "TraceFlag", &m.TraceFlag},
+        {47, "RedrawFlag", &m.RedrawFlag},
+        {48, "HideLinksFlag", &m.HideLinksFlag},
+        {49, "ShowCentrodesFlag", &m.ShowCentrodesFlag},
+        {50, "P1x", &m.P1x},
+        {51, "P1y", &m.P1y},
+        {52, "AnimateDelay", &m.AnimateDelay},
+        {kCyclesLine, "Cycles", &m.Cycles},
+        {kFormatLine, "FileVersion", &m.FileVersion},
+        {55, "PrintStep", &m.PrintStep},
+        {56, "FigureTitle", &m.FigureTitle},
+        {57, "Grashof_Code", &m.Grashof_Code},
+        {58, "CG(2,0)", &m.CG(2, 0)},
+        {59, "CG(2,1)", &m.CG(2, 1)},
+        {60, "CG(3,0)", &m.CG(3, 0)},
+        {61, "CG(3,1)", &m.CG(3, 1)},
+        {62, "CG(4,0)", &m.CG(4, 0)},
+        {63, "CG(4,1)", &m.CG(4, 1)},
+        {64, "LinkMass(2)", &m.LinkMass(2)},
+        {65, "LinkMass(3)", &m.LinkMass(3)},
+        {66, "LinkMass(4)", &m.LinkMass(4)},
+        {67, "LinkInertia(2)", &m.LinkInertia(2)},
+        {68, "LinkInertia(3)", &m.LinkInertia(3)},
+        {69, "LinkInertia(4)", &m.LinkInertia(4)},
+        {70, "ExtForceMag(3)", &m.ExtForceMag(3)},
+        {71, "ExtForceAng(3)", &m.ExtForceAng(3)},
+        {72, "ForceDist3", &m.ForceDist3},
+        {73, "ForceAng3", &m.ForceAng3},
+        {74, "ExtTorque(3)", &m.ExtTorque(3)},
+        {75, "FrictionForce", &m.FrictionForce},
+        {76, "ExtForceMag(4)", &m.ExtForceMag(4)},
+        {77, "ExtForceAng(4)", &m.ExtForceAng(4)},
+        {78, "ForceDist4", &m.ForceDist4},
+        {79, "ForceAng4", &m.ForceAng4},
+        {80, "ExtTorque(4)", &m.ExtTorque(4)},
+        {81, "LineAngle", &m.LineAngle},
+        {82, "Link1Angle", &m.Link1Angle},
+        {83, "Link1AngleRad", &m.Link1AngleRad},
+        {84, "NSteps", &m.NSteps},
+        {85, "Link1X", &m.Link1X},
+        {86, "Link1Y", &m.Link1Y},
+        {87, "CamDirection", &m.CamDirection},
+        {88, "CamDataLength1", &m.CamDataLength1},
+        {89, "CamPhase", &m.CamPhase},
+        {90, "CamDriven", &m.CamDriven},
+        {91, "LinkDriven", &m.LinkDriven},
+        {kPolarLine, "PolarCoords", &m.PolarCoords},
+        {93, "Model5Name", &m.Model5Name},
+        {94, "TorqueImported", &m.TorqueImported},
+        {95, "Delta2", &m.Delta2},
+        {kZoomLine, "ZoomFactor", &m.ZoomFactor},
+    }};
+    return fields;
+}
+
+/// Where a value from outside goes: a file's own tag and revisions do not replace the program's.
+auto Place_To_Read(const FileField& field) {
+    switch (field.line) {
+        case kTagLine: return decltype(field.place)(&Model.FileTag);
+        case kRevLine: return decltype(field.place)(&Model.FileRev);
+        case kFormatLine: return decltype(field.place)(&Model.FileFormat);
+        default: return field.place;
+    }
+}
+
+/// Values that older versions left at 0.
+void Settle(const FileField& field) {
+    if (field.line == kCyclesLine && Model.Cycles < 1) Model.Cycles = 1;
+    if (field.line == kZoomLine && Model.ZoomFactor == 0) Model.ZoomFactor = 1;
+}
+
+struct Take {
+    TextReader& reader;
+    void operator()(std::string* place) const { *place = reader.String(); }
+    void operator()(Single* place) const { *place = reader.Float(); }
+    void operator()(Integer* place) const { *place = reader.Short(); }
+    void operator()(Long* place) const { *place = reader.LongInteger(); }
+    void operator()(bool* place) const { *place = reader.Boolean(); }
+};
+
+struct Store {
+    const std::string& text;
+    void operator()(std::string* place) const { *place = text; }
+    void operator()(bool* place) const {
+        *place = TextReader(text.starts_with('#') ? text : "#" + text + "#").Boolean();
+    }
+    template <class Number>
+    void operator()(Number* place) const {
+        *place = Number_Of(text);
+    }
+};
+
+void Read_Lines(TextReader& reader, int first, int last) {
+    for (const FileField& field :
+         File_Fields().subspan(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(last - first + 1))) {
+        std::visit(Take{reader}, Place_To_Read(field));
+        Settle(field);
+    }
+}
+
+/// The ground link of files that know only its length.
+void Use_Polar_Ground() {
+    Model.PolarCoords = true;
+    Model.Link1X = Model.L1;
+    Model.Link1Y = 0;
+}
+
+}  // namespace
+
+std::span<const FileField> File_Fields() { return Fields(); }
+
+bool Set_File_Field(const std::string& name, const std::string& text) {
+    std::string wanted = name;
+    std::erase(wanted, ' ');
+    const auto fields = File_Fields();
+    const auto field = std::ranges::find_if(fields, [&](const FileField& f) { return wanted == f.name; });
+    if (field == fields.end()) return false;
+    std::visit(Store{text}, Place_To_Read(*field));
+    Settle(*field);
+    return true;
+}
+
+std::string File_Content() {
+    TextWriter writer;
+    for (const FileField& field : File_Fields()) {
+        std::visit([&](const auto* place) { writer.Put(*place); }, field.place);
+        writer.EndLine();
+    }
+    for (int i = 0; i < kReserved; ++i) {
+        writer.Put("");
+        writer.EndLine();
+    }
+    writer.Put(kEndMarker);
+    writer.EndLine();
+    const auto& table = Model.RunTable;
+    if (Model.Calctype > 3) {
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            writer.Put(table.DriveTheta(step));
+            writer.Put(table.Omega(step, 0));
+            writer.Put(table.Alpha(step, 0));
+            writer.EndLine();
+        }
+    }
+    if (Model.TorqueImported) {
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            writer.Put(table.ImportedTorque(step));
+            writer.EndLine();
+        }
+    }
+    return writer.Content();
+}
+
+bool Writefile() {
+    return Guarded("Writefile", [] {
+        Write_File(Model.FilePath, File_Content());
+        Tell("File was successfully written to " + std::string(CR) + Model.FilePath, Icon::kInformation);
+    });
+}
+
+bool Read_Newfile(TextReader& reader) {
+    return Guarded("Read_Newfile", [&] {
+        Read_Lines(reader, kRevLine + 1, kMainBlock);
+        const std::string first = Model.FileRev.substr(0, 1);
+        const double format = Val(Model.FileFormat);
+        const bool extended = (first == "7" && format >= 2.0) || Val(Model.FileRev) > 7.0;
+        if (!extended) {
+            if (Val(first) < 7) Use_Polar_Ground();
+            return;
+        }
+        Read_Lines(reader, kMainBlock + 1, kPolarLine - 1);
+        if (first == "7" && format < 4.0)
+            Use_Polar_Ground();
+        else
+            Read_Lines(reader, kPolarLine, kPolarLine);
+        Read_Lines(reader, kPolarLine + 1, kLastField);
+        // The reserved strings and the end marker, whatever they hold.
+        for (int i = 0; i < kReserved + 1; ++i) reader.String();
+        auto& table = Model.RunTable;
+        if (Model.Calctype > 3) {
+            for (int step = 0; step <= Model.NSteps; ++step) {
+                table.DriveTheta(step) = reader.Float();
+                table.Omega(step, 0) = reader.Float();
+                table.Alpha(step, 0) = reader.Float();
+            }
+        }
+        if (Model.TorqueImported)
+            for (int step = 0; step <= Model.NSteps; ++step) table.ImportedTorque(step) = reader.Float();
+    });
+}
+
+}  // namespace verlink
