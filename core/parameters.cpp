@@ -15,7 +15,6 @@ namespace verlink {
 
 using platform::CheckBox;
 using platform::CommandButton;
-using platform::CR;
 using platform::Icon;
 using platform::kNoIndex;
 using platform::Label;
@@ -26,6 +25,24 @@ using platform::ScrollBar;
 using platform::Tell;
 using platform::TextBox;
 using platform::With;
+
+const char kBadAngleRange[] =
+    "Minimum angle must be smaller than maximum angle.\r"
+    "To rotate CW from max to min, use a negative Omega2.";
+const char kBadAngleStep[] =
+    "Cannot have a zero or negative step size\r"
+    "To rotate CW from max to min, use a negative Omega2.";
+const char kAnglesTooClose[] =
+    "Something is wrong. \r"
+    "Start and end theta are too close together\r"
+    " or delta theta is too large.";
+const char kBadTimeRange[] = "Start time must be smaller than end time - will reset.";
+const char kBadTimeStep[] = "Time steps must be positive - will reset";
+
+std::string Too_Many_Steps(const char* kind, const char* advice) {
+    return std::string("Your ") + kind + " steps are too small - Have > " + Text_Of(kLastStep) + " Points - Increase " +
+           advice;
+}
 
 namespace {
 
@@ -81,19 +98,12 @@ void Show_Angle_Limits(Screen& screen) {
     Show(screen, "txt_initial", 1, Text_Of(Model.ThetaEnd));
 }
 
-std::string Too_Many(const char* kind, const char* advice) {
-    return std::string("Your ") + kind + " steps are too small - Have > " + Text_Of(kLastStep) + " Points - Increase " +
-           advice;
-}
-
 bool Get_Angle_Conditions(Screen& screen) {
     const Drive before = Model;
     const Single Min = Read(screen, "txt_initial", 0);
     const Single Max = Read(screen, "txt_initial", 1);
     if (!(Min < Max)) {
-        Tell(std::string("Minimum angle must be smaller than maximum angle.") + CR +
-                 "To rotate CW from max to min, use a negative Omega2.",
-             Icon::kExclamation);
+        Tell(kBadAngleRange, Icon::kExclamation);
         Show_Angle_Limits(screen);
         return false;
     }
@@ -101,8 +111,7 @@ bool Get_Angle_Conditions(Screen& screen) {
     Model.ThetaEnd = Max;
     const Single Step = Read(screen, "txt_initial", 2);
     if (Step <= 0.0) {
-        Tell(std::string("Cannot have a zero or negative step size") + CR +
-             "To rotate CW from max to min, use a negative Omega2.");
+        Tell(kBadAngleStep);
         Show(screen, "txt_initial", 2, Text_Of(Model.ThetaStep));
         return false;
     }
@@ -117,15 +126,13 @@ bool Get_Angle_Conditions(Screen& screen) {
     };
     const Single range = std::abs(Model.ThetaEndRad - Model.ThetaStartRad);
     if (Single(0.98 * Model.ThetaStepRad) >= range) {
-        Tell(std::string("Something is wrong. ") + CR + "Start and end theta are too close together" + CR +
-                 " or delta theta is too large.",
-             Icon::kExclamation);
+        Tell(kAnglesTooClose, Icon::kExclamation);
         put_back();
         return false;
     }
     const double steps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
     if (steps > kLastStep) {
-        Tell(Too_Many("angle", "Delta Theta"));
+        Tell(Too_Many_Steps("angle", "Delta Theta"));
         put_back();
         screen.Text("txt_initial", 2).SetFocus();
         return false;
@@ -144,7 +151,7 @@ bool Get_Time_Conditions(Screen& screen) {
     const Single Start = Read(screen, "txt_initial", 0);
     const Single End = Read(screen, "txt_initial", 1);
     if (!(Start < End)) {
-        Tell("Start time must be smaller than end time - will reset.", Icon::kExclamation);
+        Tell(kBadTimeRange, Icon::kExclamation);
         Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
         Show(screen, "txt_initial", 1, Text_Of(Model.TimeEnd));
         return false;
@@ -155,7 +162,7 @@ bool Get_Time_Conditions(Screen& screen) {
     Model.ThetaEndStr = Text_Of(End);
     const Single Step = Read(screen, "txt_initial", 2);
     if (Step <= 0.0) {
-        Tell("Time steps must be positive - will reset");
+        Tell(kBadTimeStep);
         if (Step < 0.0) Model.TimeStep = -Step;
         Show(screen, "txt_initial", 2, Text_Of(Model.TimeStep));
     } else {
@@ -166,7 +173,7 @@ bool Get_Time_Conditions(Screen& screen) {
         Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
     if (steps > kLastStep) {
         // The screen goes on all the same: its boxes stay, and the run that reads them refuses them again.
-        Tell(Too_Many("time", "Delta Time"));
+        Tell(Too_Many_Steps("time", "Delta Time"));
         static_cast<Drive&>(Model) = before;
     } else {
         Model.NSteps = steps;

@@ -1,6 +1,8 @@
 // Values between the boxes of a screen and the model, and the refusal of bad ones.
 #pragma once
 
+#include <string>
+
 #include "core/number.h"
 #include "platform/screen.h"
 
@@ -25,6 +27,12 @@ void Derive_Angle_Limits();
 /// force and puts it back in the box. False when refused: then no run may follow. Too many time steps are told and
 /// kept from the model, but not refused here: their boxes stay for the run to refuse.
 bool Get_Initial_Conditions(platform::Screen& screen);
+
+/// The words of the refusals.
+extern const char kBadAngleRange[], kBadAngleStep[], kAnglesTooClose[], kBadTimeRange[], kBadTimeStep[];
+/// "Your angle steps are too small - Have > 2880 Points - Increase Delta Theta" for "angle", "Delta Theta".
+std::string Too_Many_Steps(const char* kind, const char* advice);
+
 void Put_Angle_Initial_Conditions(platform::Screen& screen);
 void Put_Time_Initial_Conditions(platform::Screen& screen);
 
