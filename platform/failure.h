@@ -32,7 +32,7 @@ enum FailureNumber : int {
 /// object-defined error" for a number that has none.
 std::string Failure_Description(long number);
 
-/// Raised by whatever cannot go on; caught by `Guarded` alone.
+/// Raised by whatever cannot go on; caught by `Guarded` and its like in the failure reporter alone.
 class RuntimeFailure : public std::exception {
    public:
     explicit RuntimeFailure(long number) : number_(number), words_(Failure_Description(number)) {}

@@ -1,6 +1,8 @@
 // The program's name and version.
 #include "screens/frm_about.h"
 
+#include "shell/startup.h"
+
 namespace verlink {
 
 frm_About::frm_About() : Screen("frm_About") {
@@ -8,7 +10,7 @@ frm_About::frm_About() : Screen("frm_About") {
     Height() = 3000;
 }
 
-void frm_About::Form_Activate() {}
+void frm_About::Form_Activate() { lbl_Version.Caption = Version_Line(); }
 
 void frm_About::Form_Click() { Hide(); }
 

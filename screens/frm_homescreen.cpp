@@ -1,18 +1,36 @@
 // The hub: menus, the row of buttons, the status panel, the present linkage.
 #include "screens/frm_homescreen.h"
 
+#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
+#include "core/text.h"
+#include "dynamics/units.h"
+#include "files/model_file.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/failure_report.h"
+#include "shell/startup.h"
 
 namespace verlink {
 
+using platform::Answer;
+using platform::Buttons;
+using platform::CRLF;
 using platform::Icon;
 using platform::Tell;
 using platform::The_Desktop;
+
+namespace {
+
+constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
+constexpr char kConfirmReset[] = "Please confirm your order to reset all variables to their default values";
+constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
+
+bool Unsaved() { return Model.Calculated && !Model.SavedFlag; }
+
+}  // namespace
 
 frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     Model.ScreenHeight = kHomeHeight;
@@ -55,6 +73,28 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
         entry->Enabled = false;
     for (const auto& entry : mnu_Cog) entry->Enabled = false;
 
+    cmd_Input.OnClick = [this] { cmd_Input_Click(); };
+    cmd_Animate.OnClick = [this] { cmd_Animate_Click(); };
+    cmd_Plot.OnClick = [this] { cmd_Plot_Click(); };
+    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Dynamics.OnClick = [this] { cmd_Dynamics_Click(); };
+    cmd_Balance.OnClick = [this] { cmd_Balance_Click(); };
+    cmd_Quit.OnClick = [this] { cmd_Quit_Click(); };
+    mnu_New.OnClick = [this] { mnu_New_Click(); };
+    mnu_Open.OnClick = [this] { Menu_Open(*this); };
+    mnu_Save.OnClick = [this] { Menu_Save(*this); };
+    mnu_Saveas.OnClick = [this] { Menu_Saveas(*this); };
+    mnu_Quit.OnClick = [this] { cmd_Quit_Click(); };
+    mnu_pick.On(&MenuEntry::OnClick, [this](int index) { mnu_pick_Click(index); });
+    mnu_CalcFFT.OnClick = [this] { mnu_CalcFFT_Click(); };
+    mnu_UserName.OnClick = [this] { mnu_UserName_Click(); };
+    mnu_FilePath.OnClick = [this] { mnu_FilePath_Click(); };
+    mnu_AppPath.OnClick = [this] { mnu_AppPath_Click(); };
+    mnu_ChangeUser.OnClick = [this] { mnu_ChangeUser_Click(); };
+    mnu_Standardsize.OnClick = [this] { mnu_Standardsize_Click(); };
+    mnu_Fullscreen.OnClick = [this] { mnu_Fullscreen_Click(); };
+    mnu_Aspect.OnClick = [this] { mnu_Aspect_Click(); };
+    mnu_About.OnClick = [this] { mnu_About_Click(); };
     for (const auto& [entry, document] : Help_Documents())
         Get<MenuEntry>(entry).OnClick = [name = std::string(entry)] {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
@@ -78,14 +118,156 @@ void frm_HomeScreen::Form_Activate() {
     });
 }
 
-void frm_HomeScreen::Form_QueryUnload(bool& cancel) { cancel = true; }
+void frm_HomeScreen::Form_QueryUnload(bool& cancel) {
+    cancel = true;
+    cmd_Quit_Click();
+}
 
-void frm_HomeScreen::Form_Unload() {}
+void frm_HomeScreen::Form_Unload() { Terminate(); }
 
 void frm_HomeScreen::Show_Linkage() {
     Picture1.Visible = Model.Calculated;
     lbl_Name.Visible = !Model.Calculated;
     lbl_Advice.Visible = !Model.Calculated;
+}
+
+void frm_HomeScreen::cmd_Input_Click() {
+    Guarded("frm_Homescreen.cmd_Input", [] { Show_Centered("frm_Inputnew"); });
+}
+
+void frm_HomeScreen::cmd_Animate_Click() {
+    Guarded("frm_Homescreen.cmd_Animate", [] {
+        Model.CurrentStep = 0;
+        Show_Centered("frm_Animate");
+    });
+}
+
+void frm_HomeScreen::cmd_Plot_Click() {
+    Guarded("frm_Homescreen.cmd_Plot", [] {
+        Model.ScreenReturn = true;
+        Show_Centered("frm_PlotType");
+    });
+}
+
+void frm_HomeScreen::cmd_Print_Click() {
+    Guarded("frm_Homescreen.cmd_Print", [] {
+        Model.ScreenReturn = true;
+        Show_Centered("frm_PrintSelect");
+    });
+}
+
+void frm_HomeScreen::cmd_Dynamics_Click() {
+    Guarded("frm_Homescreen.cmd_Dynamics", [] { Show_Centered("frm_MassProp"); });
+}
+
+void frm_HomeScreen::cmd_Balance_Click() {
+    Guarded("frm_Homescreen.cmd_Balance", [] {
+        if (Model.Calctype == 3)
+            Show_Centered("frm_Balance");
+        else
+            Tell(kNoConstantOmega, Icon::kInformation);
+    });
+}
+
+void frm_HomeScreen::cmd_Quit_Click() {
+    Guarded("frm_Homescreen.cmd_Quit", [this] {
+        if (Unsaved()) Menu_Saveas(*this);
+        Show_Centered("frm_Quit");
+    });
+}
+
+void frm_HomeScreen::mnu_New_Click() {
+    Guarded("frm_Homescreen.New", [this] {
+        if (Unsaved() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
+        const Answer answer =
+            The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
+        if (answer == Answer::kOk) {
+            New_Model();
+            Use_Units(Model.Units);
+            Check_mnu_Units(*this, Model.Units);
+            Form_Activate();
+        }
+        Model.CamDriven = false;
+    });
+}
+
+void frm_HomeScreen::mnu_pick_Click(int Index) {
+    Guarded("frm_Homescreen.mnu_pick", [this, Index] {
+        Integer picked = Index;
+        Check_mnu_Units(*this, picked);
+        const Integer old = Model.Units;
+        if (picked == old) return;
+        // The decimals of the new system come first: the conversion rounds to them.
+        Use_Units(picked);
+        Convert_Units(old, picked);
+        Model.Calculated = false;
+        Model.SavedFlag = false;
+        Refresh_Status();
+        Show_Centered("frm_Inputnew");
+    });
+}
+
+void frm_HomeScreen::mnu_CalcFFT_Click() {
+    Guarded("frm_Homescreen.mnu_CalcFFT", [] { Show_Centered("frm_FFT"); });
+}
+
+void frm_HomeScreen::mnu_UserName_Click() { Tell("Current user name is " + Model.SessionUser, Icon::kInformation); }
+
+void frm_HomeScreen::mnu_FilePath_Click() {
+    Guarded("frm_Homescreen.mnu_FilePath", [] {
+        if (Model.FilePath.empty()) Find_Data_Folder();
+        Tell("Path for saved files is " + Model.FilePath, Icon::kInformation);
+    });
+}
+
+void frm_HomeScreen::mnu_AppPath_Click() { Tell("The application path is " + Model.AppPath, Icon::kInformation); }
+
+void frm_HomeScreen::mnu_ChangeUser_Click() {
+    Guarded("frm_Homescreen.mnu_ChangeUser", [] { Show_Centered("frm_User"); });
+}
+
+void frm_HomeScreen::mnu_Standardsize_Click() {
+    Guarded("frm_Homescreen.mnu_Standardsize", [this] {
+        Model.FullScreen = false;
+        Reset_Screen(*this, kHomeWidth, kHomeHeight);
+        Note_Status_Width();
+    });
+}
+
+void frm_HomeScreen::mnu_Fullscreen_Click() {
+    Guarded("frm_Homescreen.mnu_Fullscreen", [this] {
+        Model.FullScreen = true;
+        Maximize_Screen(*this, kHomeWidth, kHomeHeight);
+        Note_Status_Width();
+    });
+}
+
+void frm_HomeScreen::mnu_Aspect_Click() {
+    Guarded("frm_Homescreen.mnu_Aspect", [this] {
+        std::string text = std::string("Screen aspect ratio is its (width in pixels) / (height in pixels).") + CRLF +
+                           "Some aspect ratios make circles appear as ellipses." + CRLF +
+                           "The default in this program is set for a ratio of 1.6." + CRLF + CRLF +
+                           "Your aspect ratio is " + Text_Of(Model.AspectRatio) + CRLF + CRLF;
+        if (Model.AspectRatio == Single(1.6)) {
+            Tell(text, Icon::kInformation);
+            return;
+        }
+        if (Model.AspectCorrection == 1.0)
+            text += std::string("If your circles appear as ellipses you can apply a correction here.") + CRLF +
+                    "Choose OK to correct the aspect ratio and Cancel to not do it.";
+        else
+            text += std::string("An aspect-ratio correction has already been applied.") + CRLF +
+                    "Choose OK to keep the correction and Cancel to undo it.";
+        const Answer answer =
+            The_Desktop().Show_Message({.text = text, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
+        Model.AspectActive = answer == Answer::kOk;
+        if (!Model.AspectActive) Model.AspectCorrection = 1;
+        Form_Activate();
+    });
+}
+
+void frm_HomeScreen::mnu_About_Click() {
+    Guarded("frm_Homescreen.mnu_About", [] { Show_Centered("frm_About"); });
 }
 
 }  // namespace verlink

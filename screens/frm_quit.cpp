@@ -3,6 +3,7 @@
 
 #include "core/screen_geometry.h"
 #include "shell/failure_report.h"
+#include "shell/startup.h"
 
 namespace verlink {
 
@@ -19,6 +20,7 @@ frm_Quit::frm_Quit() : Screen("frm_Quit") {
     cmd_NoQuit.Tip = "Go on working";
     cmd_YesQuit.Tip = "Leave the program";
     cmd_NoQuit.OnClick = [this] { cmd_NoQuit_Click(); };
+    cmd_YesQuit.OnClick = [this] { cmd_YesQuit_Click(); };
 }
 
 void frm_Quit::Form_Activate() {
@@ -29,5 +31,7 @@ void frm_Quit::Form_Activate() {
 }
 
 void frm_Quit::cmd_NoQuit_Click() { Hide(); }
+
+void frm_Quit::cmd_YesQuit_Click() { Terminate(); }
 
 }  // namespace verlink

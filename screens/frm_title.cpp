@@ -3,6 +3,7 @@
 
 #include "core/screen_geometry.h"
 #include "shell/failure_report.h"
+#include "shell/startup.h"
 
 namespace verlink {
 
@@ -19,6 +20,7 @@ frm_Title::frm_Title() : Screen("frm_Title") {
 void frm_Title::Form_Activate() {
     Guarded("frm_Title.Activate", [this] {
         Fit_Display(*this);
+        lbl_Version.Caption = Version_Line();
         cmd_Start.SetFocus();
     });
 }

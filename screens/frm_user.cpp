@@ -3,6 +3,7 @@
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
+#include "core/text.h"
 #include "shell/failure_report.h"
 
 namespace verlink {
@@ -21,6 +22,7 @@ frm_User::frm_User() : Screen("frm_User") {
         box->OnGotFocus = [box] { box->SelectAll(); };
         box->OnReturn = [this] { cmd_Done.Click(); };
     }
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
 }
 
 void frm_User::Form_Activate() {
@@ -30,7 +32,7 @@ void frm_User::Form_Activate() {
         else
             Fit_Display(*this);
         txt_UserName.Text = Model.UserName;
-        txt_DesignNo.Text = std::to_string(Model.DesignNumber);
+        txt_DesignNo.Text = Text_Of(Model.DesignNumber);
         txt_Filename.Text = Model.ModelName;
         txt_UserName.SetFocus();
     });
@@ -39,6 +41,24 @@ void frm_User::Form_Activate() {
 void frm_User::Form_QueryUnload(bool& cancel) {
     cancel = !Screens::Get("frm_HomeScreen").Visible();
     if (cancel) Guarded("frm_User.QueryUnload", [] { Show_Centered("frm_Quit"); });
+}
+
+void frm_User::cmd_Done_Click() {
+    Guarded("frm_User.cmd_Done_Click", [this] {
+        if (txt_UserName.Text.Get().empty()) {
+            txt_UserName.SetFocus();
+            return;
+        }
+        const Integer number = Number_Of(txt_DesignNo.Text.Get());
+        Model.UserName = txt_UserName.Text;
+        Model.DesignNumber = number;
+        if (!txt_Filename.Text.Get().empty()) Model.ModelName = txt_Filename.Text;
+        Hide();
+        // A home screen that is up already comes to the front by itself when this showing returns.
+        Screen& home = Screens::Get("frm_HomeScreen");
+        Centerform(home);
+        if (!home.Visible()) home.ShowModal();
+    });
 }
 
 }  // namespace verlink

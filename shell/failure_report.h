@@ -43,4 +43,18 @@ bool Guarded_Unless_Cancelled(std::string_view ProcName, Body&& body) {
     return false;
 }
 
+/// Runs `body` and gives back the number of its failure, or 0: for the few places that answer a failure in their own
+/// way.
+template <class Body>
+long Failure_Of(Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return 0;
+    } catch (const platform::RuntimeFailure& failure) {
+        return failure.Number();
+    } catch (const std::bad_alloc&) {
+        return platform::kOutOfMemory;
+    }
+}
+
 }  // namespace verlink

@@ -124,6 +124,11 @@ void ScriptedDesktop::Print_Screen(Screen& screen) {
     Printed.push_back(screen.Name());
 }
 
+void ScriptedDesktop::Register_File_Type(const FileType& type) {
+    if (FailRegistering) Raise(FailRegistering);
+    FileTypes.push_back(type);
+}
+
 void ScriptedDesktop::Serve_Events(Screen& screen, const std::function<bool()>& done) {
     const auto expected = Take<ScreenExpected>("screen " + screen.Name());
     if (expected) {

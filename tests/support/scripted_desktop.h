@@ -45,7 +45,8 @@ class ScriptedDesktop : public platform::Desktop {
     std::string Documents;  ///< set to a fresh folder by `Fixture`
     std::string Program = "/opt/verlink";
     platform::DisplaySize Size{25600, 14400, 1920, 1080};
-    long FailPrinting = 0;  ///< a failure for Print_Screen to raise
+    long FailPrinting = 0;     ///< a failure for Print_Screen to raise
+    long FailRegistering = 0;  ///< a failure for Register_File_Type to raise
 
     platform::Answer Show_Message(const platform::Message& message) override;
     std::optional<std::string> Ask_Open_File(const platform::FileDialog& dialog) override;
@@ -63,7 +64,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::string Program_Folder() override { return Program; }
     std::string Date_Text() override { return "11/21/2026"; }
     std::string Time_Text() override { return "10:15:00"; }
-    void Register_File_Type(const platform::FileType& type) override { FileTypes.push_back(type); }
+    void Register_File_Type(const platform::FileType& type) override;
 
    private:
     struct MessageExpected {

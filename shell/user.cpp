@@ -1,0 +1,65 @@
+// The file association, and the model named on the command line.
+#include "shell/user.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "files/model_file.h"
+#include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CRLF;
+using platform::The_Desktop;
+
+namespace {
+
+constexpr int kTextValue = 1;
+constexpr long kClassesRoot = -2147483647L - 1;
+
+/// What the user is told of a value that the desktop did not take.
+void Report_SetKeyValue(const std::string& sKeyName, const std::string& sValueName, const std::string& vValueSetting) {
+    platform::Tell(std::string("In Sub SetKeyValue") + CRLF + "sKeyName = " + sKeyName + CRLF +
+                       "sValueName = " + sValueName + CRLF + "vValueSetting = " + vValueSetting + CRLF +
+                       "lValueType = " + std::to_string(kTextValue) + CRLF + "hKey = " + std::to_string(kClassesRoot),
+                   platform::Icon::kInformation);
+}
+
+/// A file that was clicked on and cannot be read is failure 52, whose advice is for such files.
+std::string Clicked_Content(const std::string& path) {
+    std::string content;
+    if (Failure_Of([&] { content = platform::Read_File(path); }) != 0) platform::Raise(platform::kBadFileNameOrNumber);
+    return content;
+}
+
+}  // namespace
+
+void CreateAssociation(const std::string& Type, const std::string& Extension) {
+    const long failure = Failure_Of([&] { The_Desktop().Register_File_Type({Type, Extension, Model.AppPath}); });
+    // The association stays as it was then, and this message is the only sign.
+    if (failure != 0)
+        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", Model.AppPath + "\\" + Type + ".exe %1");
+}
+
+std::string GetLongPathFromShortPath(const std::string& path) {
+    std::error_code failed;
+    const std::filesystem::path full = std::filesystem::canonical(path, failed);
+    return failed ? std::string() : full.string();
+}
+
+void Open_Clicked_File() {
+    Guarded("Readfile in Open_Clicked_File", [] {
+        if (Model.CommandLine.empty()) return;
+        const std::string full = GetLongPathFromShortPath(Model.CommandLine);
+        Model.FilePath = full.empty() ? Model.CommandLine : full;
+        Readfile(Clicked_Content(Model.FilePath));
+        Model.ModelName = StripFilename(Model.FilePath);
+        The_Desktop().Set_Pointer(platform::Pointer::kDefault);
+    });
+}
+
+}  // namespace verlink

@@ -1,0 +1,203 @@
+// The status panel, the enabling of menus and buttons, the header of printed screens, and the captions of screens.
+#include "core/status_panel.h"
+
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+namespace {
+
+using platform::CommandButton;
+using platform::Label;
+using platform::MenuEntry;
+using platform::Screen;
+using platform::Screens;
+
+class StatusPanelTest : public Fixture {
+   protected:
+    Screen& home = Screens::Get("frm_HomeScreen");
+    /// The captions of the labels 0 to 8 that are shown, joined by commas.
+    std::string Shown() {
+        std::string all;
+        for (int i = 0; i <= 8; ++i) {
+            auto& label = home.Get<Label>("lbl_Status", i);
+            if (label.Visible) all += (all.empty() ? "" : ",") + label.Caption.Get();
+        }
+        return all;
+    }
+    std::string Caption(int i) { return home.Get<Label>("lbl_Status", i).Caption; }
+    bool On(const std::string& name, int index = platform::kNoIndex) {
+        if (auto* button = home.FindAs<CommandButton>(name, index)) return button->Enabled;
+        return home.Get<MenuEntry>(name, index).Enabled;
+    }
+};
+
+TEST_F(StatusPanelTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
+    Model.LinkDriven = Model.CamDriven = Model.DynamicsDone = Model.BalanceDone = true;
+    Model.FFTDone = Model.Synthesized = Model.SavedFlag = Model.DiskFile = true;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "");
+    EXPECT_TRUE(home.Get<Label>("lbl_Status", 9).Visible);
+    EXPECT_EQ(Caption(9), "Units are:");
+    EXPECT_TRUE(home.Get<Label>("lbl_Status", 10).Visible);
+    EXPECT_EQ(Caption(10), "in-lb-bl-s");
+}
+
+TEST_F(StatusPanelTest, ACalculatedModelShowsCalculatedAndItsCognate) {
+    Model.Calculated = true;
+    Model.CognateNumber = 2;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "Calculated,Cognate 2");
+}
+
+TEST_F(StatusPanelTest, AModelFromDiskShowsDiskFile) {
+    Model.Calculated = true;
+    Model.DiskFile = true;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "DiskFile,Cognate 1");
+}
+
+TEST_F(StatusPanelTest, ImportedOverridesDiskFileAndCalculated) {
+    Model.Calculated = true;
+    Model.DiskFile = true;
+    Model.CamDriven = true;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "Imported,Cam Driven,Cognate 1");
+    Model.CamDriven = false;
+    Model.DiskFile = false;
+    Model.LinkDriven = true;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "Imported,Link Driven,Cognate 1");
+}
+
+TEST_F(StatusPanelTest, EachFlagHasItsLabel) {
+    Model.Calculated = true;
+    Model.LinkDriven = Model.CamDriven = Model.DynamicsDone = Model.BalanceDone = true;
+    Model.FFTDone = Model.Synthesized = Model.SavedFlag = true;
+    Refresh_Status();
+    EXPECT_EQ(Shown(), "Imported,Link Driven,Cam Driven,Dynamics,Balanced,FFT Done,Synthesized,Cognate 1,Saved");
+    for (int i = 1; i <= 6; ++i) EXPECT_TRUE(home.Get<Label>("lbl_Status", i).Visible) << i;
+}
+
+TEST_F(StatusPanelTest, TheUnitSystemsAreNamed) {
+    const char* names[] = {"in-lb-bl-s", "ft-lb-sl-s", "m-kg-N-s", "cm-kg-N-s", "mm-kg-N-s"};
+    for (int units = 1; units <= 5; ++units) {
+        Model.Units = units;
+        Refresh_Status();
+        EXPECT_EQ(Caption(10), names[units - 1]);
+    }
+}
+
+TEST_F(StatusPanelTest, BeforeTheFirstCalculationTheOutputButtonsAreOff) {
+    Model.Calctype = 3;
+    Set_Menus();
+    for (const char* name : {"cmd_Animate", "cmd_Plot", "cmd_Print", "cmd_Dynamics", "cmd_Balance", "mnu_New",
+                             "mnu_Save", "mnu_Saveas", "mnu_Export", "mnu_Cayley", "mnu_CalcFFT"})
+        EXPECT_FALSE(On(name)) << name;
+    for (int i = 1; i <= 3; ++i) EXPECT_FALSE(On("mnu_Cog", i));
+    EXPECT_TRUE(On("mnu_Open"));
+    EXPECT_TRUE(On("cmd_Input"));
+    EXPECT_TRUE(On("cmd_Quit"));
+    EXPECT_EQ(home.Get<CommandButton>("cmd_Animate").Tip.Get(), "Calculate a linkage on the input screen first");
+}
+
+TEST_F(StatusPanelTest, ACalculatedModelCanBeSavedAndAnimated) {
+    Model.Calculated = true;
+    Model.Calctype = 3;
+    Set_Menus();
+    for (const char* name : {"cmd_Animate", "mnu_New", "mnu_Save", "mnu_Saveas", "mnu_Export"})
+        EXPECT_TRUE(On(name)) << name;
+}
+
+TEST_F(StatusPanelTest, OnePositionCannotBeAnimated) {
+    Model.Calculated = true;
+    Model.Calctype = 1;
+    Set_Menus();
+    EXPECT_FALSE(On("cmd_Animate"));
+    EXPECT_EQ(home.Get<CommandButton>("cmd_Animate").Tip.Get(),
+              "Calculate a range of positions on the input screen first");
+}
+
+TEST_F(StatusPanelTest, ButtonsAndEntriesThatLeadToNoScreenStayOff) {
+    Model.Calculated = true;
+    Model.Calctype = 3;
+    Set_Menus();
+    const std::pair<const char*, const char*> ways[] = {
+        {"cmd_Plot", "frm_PlotType"},   {"cmd_Print", "frm_PrintSelect"}, {"cmd_Dynamics", "frm_MassProp"},
+        {"cmd_Balance", "frm_Balance"}, {"mnu_CalcFFT", "frm_FFT"},       {"mnu_Cayley", "frm_Cayley"}};
+    for (const auto& [name, screen] : ways) EXPECT_EQ(On(name), Screens::Knows(screen)) << name;
+}
+
+TEST_F(StatusPanelTest, ButtonsComeOnWithTheScreensTheyLeadTo) {
+    const char* screens[] = {"frm_PlotType", "frm_PrintSelect", "frm_MassProp", "frm_Balance", "frm_FFT", "frm_Cayley"};
+    std::vector<std::string> added;
+    for (const char* name : screens) {
+        if (Screens::Knows(name)) continue;
+        added.emplace_back(name);
+        Screens::Register(name, [name] { return std::make_unique<Screen>(name); });
+    }
+    Model.Calculated = true;
+    Model.Calctype = 2;
+    Set_Menus();
+    for (const char* name : {"cmd_Plot", "cmd_Print", "cmd_Dynamics", "cmd_Balance", "mnu_CalcFFT", "mnu_Cayley"})
+        EXPECT_TRUE(On(name)) << name;
+    EXPECT_TRUE(On("mnu_Cog", 3));
+    Model.Calctype = 1;
+    Set_Menus();
+    EXPECT_FALSE(On("mnu_CalcFFT"));
+    for (const std::string& name : added) Screens::Register(name, nullptr);
+}
+
+TEST_F(StatusPanelTest, TheEntryOfTheUnitSystemIsMarkedAlone) {
+    for (int units = 5; units >= 1; --units) {
+        Integer marked = units;
+        Check_mnu_Units(home, marked);
+        for (int i = 1; i <= 5; ++i) EXPECT_EQ(home.Get<MenuEntry>("mnu_pick", i).Checked.Get(), i == units);
+    }
+}
+
+TEST_F(StatusPanelTest, AUnitSystemBelow1IsSetTo1) {
+    Integer units = -3;
+    Check_mnu_Units(home, units);
+    EXPECT_EQ(units, 1);
+    EXPECT_TRUE(home.Get<MenuEntry>("mnu_pick", 1).Checked);
+}
+
+struct HeadedScreen : Screen {
+    HeadedScreen() : Screen("frm_Headed") {}
+    Label lbl_Header{*this, "lbl_Header"};
+};
+
+TEST_F(StatusPanelTest, TitleboxWithFilePathEmptyHasNoThirdLine) {
+    HeadedScreen screen;
+    Model.UserName = "Ada";
+    Model.DesignNumber = 4;
+    Model.DateStr = "1/2/2026";
+    Model.TimeStr = "9:05:00";
+    Model.ModelName = "press";
+    Titlebox(screen);
+    EXPECT_EQ(screen.lbl_Header.Caption.Get(), "Ada\r Design No. 4\r\n1/2/2026\r at 9:05:00");
+}
+
+TEST_F(StatusPanelTest, TitleboxNamesTheModelOnceItHasAPath) {
+    HeadedScreen screen;
+    Model.UserName = "Ada";
+    Model.DesignNumber = 4;
+    Model.DateStr = "1/2/2026";
+    Model.TimeStr = "9:05:00";
+    Model.ModelName = "press";
+    Model.FilePath = "/home/ada/press.vlk";
+    Titlebox(screen);
+    EXPECT_EQ(screen.lbl_Header.Caption.Get(), "Ada\r Design No. 4\r\n1/2/2026\r at 9:05:00\r File: press");
+}
+
+TEST_F(StatusPanelTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords) {
+    Model.TitleSuffix = "BANNER";
+    Set_Screen_Titles();
+    EXPECT_EQ(Screens::Get("frm_Animate").Caption().Get(), "Animation ScreenBANNER");
+    EXPECT_EQ(Screens::Get("frm_Inputnew").Caption().Get(), "Input ScreenBANNER");
+    for (const char* name : {"frm_Title", "frm_User", "frm_HomeScreen", "frm_Quit", "frm_About", "frm_Help"})
+        EXPECT_EQ(Screens::Get(name).Caption().Get(), "BANNER") << name;
+}
+
+}  // namespace
+}  // namespace verlink::test

@@ -1,0 +1,234 @@
+// The start of the process, the run marker in all its states, and the end.
+#include "shell/startup.h"
+
+#include <filesystem>
+
+#include "core/initialize.h"
+#include "platform/file_system.h"
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+using platform::Label;
+using platform::MenuEntry;
+using platform::Screen;
+using platform::Screens;
+
+constexpr char kRunning[] =
+    "\"Running\"\r\n\"\"\r\n\"This file records an abnormal exit from the program on last execution\"\r\n"
+    "\"and is checked at each startup.  Please do not move or delete it.\"\r\n";
+constexpr char kNormalExit[] =
+    "\"Normal Exit\"\r\n\"\"\r\n\"This file records a normal exit from the program on last run\"\r\n"
+    "\"and is checked at each startup.  Please do not move or delete.\"\r\n";
+constexpr char kCrash[] =
+    "   The program did not shut down properly on its last run.     \r\r"
+    "            This problem will now be corrected.\r\r"
+    "   To avoid this problem in the future, please use the   \r"
+    "   Quit button or File/Quit menu to stop the program.   \r";
+constexpr char kSecondInstance[] =
+    "   You double-clicked on a VERLINK data file when the program was already running.\r"
+    "   You cannot have two instances of VERLINK running at once.\r\r"
+    "   Please open the data file from within VERLINK with File/Open  \r";
+
+class StartupTest : public Fixture {
+   protected:
+    StartupTest() { Set_Identity(); }
+    std::string Folder() const { return desktop.Documents + "/VERLINK/"; }
+    std::string Marker() const { return Folder() + "Run_Check.txt"; }
+    std::string Marked() const { return platform::Read_File(Marker()); }
+    void Leave_Marker(const std::string& content) const {
+        platform::Make_Folder(Folder());
+        platform::Write_File(Marker(), content);
+    }
+    /// The user stops at the title screen: Abort, and Yes to the question.
+    void Expect_Title_And_Abort() {
+        desktop.Expect_Screen("frm_Title", [](Screen& title) { Press(title, "cmd_Abort"); });
+        desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    }
+};
+
+TEST_F(StartupTest, TheBannerIsBuiltFromTheIdentityOfTheProgram) {
+    EXPECT_EQ(Model.ProgramTag, "VERLINK");
+    EXPECT_EQ(Model.RevNumber, "9.0");
+    EXPECT_EQ(Model.FileVersion, "2.2");
+    EXPECT_EQ(Model.RevDate, "11/30/08");
+    EXPECT_EQ(Model.TitleSuffix, "VERLINK - 2008   Release 9.0   Rev 2.2   11/30/08                    ");
+    EXPECT_EQ(Version_Line(), "2008 - Release 9.0 Rev 2.2");
+}
+
+TEST_F(StartupTest, AFirstRunCreatesTheFolderAndTheMarkerWithoutAMessage) {
+    ASSERT_FALSE(platform::File_Exists(Folder()));
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Model.FilePath, Folder());
+    EXPECT_EQ(Model.RunMarker, Marker());
+    EXPECT_EQ(Model.SessionUser, "tester");
+    EXPECT_FALSE(desktop.Ending());
+}
+
+TEST_F(StartupTest, AStartAfterANormalExitTakesTheMarkerWithoutAMessage) {
+    Leave_Marker(kNormalExit);
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), kRunning);
+}
+
+TEST_F(StartupTest, ARunKilledFromOutsideIsToldOnceAndThenTheStateIsClean) {
+    Leave_Marker(kRunning);
+    desktop.Expect_Message(kCrash, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_FALSE(desktop.Ending());
+    Terminate();
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), kRunning);
+}
+
+TEST_F(StartupTest, ADoubleClickWithTheProgramRunningStopsTheSecondInstanceAndLeavesTheMarker) {
+    const std::string first_instance = "\"Running\"\n\"left by the first\"\n";
+    Leave_Marker(first_instance);
+    desktop.Expect_Message(kSecondInstance, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Sub_Main("/models/press.vlk");
+    EXPECT_TRUE(desktop.Ending());
+    EXPECT_EQ(Marked(), first_instance);
+    EXPECT_TRUE(desktop.FileTypes.empty());
+    EXPECT_EQ(Model.ModelName, "");
+    EXPECT_FALSE(Screens::Get("frm_Title").Visible());
+}
+
+TEST_F(StartupTest, AnythingButRunningInTheMarkerIsRenewedWithoutAMessage) {
+    Leave_Marker("\"Something else\"\r\n");
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), kRunning);
+}
+
+TEST_F(StartupTest, AfterTerminateTheFirstStringOfTheMarkerIsNormalExit) {
+    Check_for_Crash();
+    Terminate();
+    EXPECT_EQ(Marked(), kNormalExit);
+    EXPECT_TRUE(desktop.Ending());
+}
+
+TEST_F(StartupTest, TerminateWithoutAMarkerOnlyEndsTheProcess) {
+    Terminate();
+    EXPECT_TRUE(desktop.Ending());
+    EXPECT_FALSE(platform::File_Exists(Folder()));
+}
+
+TEST_F(StartupTest, AMarkerThatCannotBeWrittenIsReportedAndDoesNotStopTheProgram) {
+    platform::Write_File(Path("file"), "");
+    desktop.Documents = Path("file");
+    desktop.Expect_Message(
+        "Error 71   (Disk not ready)  has occurred in Write_Checkfile  when writing Checkfile\r\n\r\n"
+        "Disk not ready - is the drive empty or its door open?",
+        Answer::kOk, Icon::kInformation);
+    Check_for_Crash();
+    EXPECT_FALSE(desktop.Ending());
+}
+
+TEST_F(StartupTest, TheContextOfAFailureIsHandedBack) {
+    std::string context = "Unknown cause";
+    Model.RunMarker = Path("marker");
+    Write_Checkfile(context);
+    EXPECT_EQ(context, " when writing Checkfile");
+    EXPECT_EQ(platform::Read_File(Path("marker")), kRunning);
+}
+
+TEST_F(StartupTest, AMarkerThatCannotBeOpenedIsReported) {
+    platform::Make_Folder(Marker());
+    desktop.Expect_Message(
+        "Error 75   (Path/File access error)  has occurred in Check_for_Crash  when opening Checkfile\r\n\r\n",
+        Answer::kOk, Icon::kInformation);
+    Check_for_Crash();
+    EXPECT_TRUE(std::filesystem::is_directory(Marker()));
+}
+
+TEST_F(StartupTest, AnEmptyMarkerIsReportedAndCorrectedByTheNextNormalEnd) {
+    Leave_Marker("");
+    desktop.Expect_Message(
+        "Error 62   (Input past end of file)  has occurred in Check_for_Crash  when reading Checkfile\r\n\r\n",
+        Answer::kOk, Icon::kInformation);
+    Check_for_Crash();
+    Terminate();
+    EXPECT_EQ(Marked(), kNormalExit);
+}
+
+TEST_F(StartupTest, ATerminateThatCannotWriteTheMarkerEndsTheProcessAllTheSame) {
+    Model.RunMarker = Path("gone/Run_Check.txt");
+    desktop.Expect_Message(
+        "Error 71   (Disk not ready)  has occurred in Terminate\r\n\r\n"
+        "Disk not ready - is the drive empty or its door open?");
+    Terminate();
+    EXPECT_TRUE(desktop.Ending());
+}
+
+TEST_F(StartupTest, TheStartLeadsFromTheTitleThroughTheUserScreenToTheHomeScreenAndOut) {
+    desktop.Expect_Screen("frm_Title", [](Screen& title) {
+        EXPECT_EQ(title.Get<Label>("lbl_Version").Caption.Get(), "2008 - Release 9.0 Rev 2.2");
+        EXPECT_EQ(title.Get<Label>("Label1").Caption.Get(), "Verlink");
+        Press(title, "cmd_Start");
+        EXPECT_FALSE(title.Visible());
+    });
+    desktop.Expect_Screen("frm_User", [](Screen& user) {
+        Type(user, "txt_UserName", platform::kNoIndex, "Ada");
+        Press(user, "cmd_Done");
+    });
+    desktop.Expect_Message("Your default path for saved files is: " + Folder(), Answer::kOk, Icon::kInformation);
+    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) { Press(home, "cmd_Quit"); });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
+    EXPECT_TRUE(desktop.Ending());
+    EXPECT_EQ(Marked(), kNormalExit);
+    EXPECT_EQ(Model.UserName, "Ada");
+    EXPECT_FALSE(Model.JustStarted);
+}
+
+TEST_F(StartupTest, TheStartFixesTheScreenDataTitlesUnitsAndColours) {
+    Model.FullScreen = true;
+    Expect_Title_And_Abort();
+    Sub_Main("");
+    EXPECT_EQ(Model.AspectRatio, Single(1920.0 / 1080.0));
+    EXPECT_FALSE(Model.FullScreen);
+    EXPECT_EQ(Model.DateStr, "11/21/2026");
+    EXPECT_EQ(Model.AppPath, "/opt/verlink");
+    EXPECT_EQ(Screens::Get("frm_Inputnew").Caption().Get(), "Input Screen" + Model.TitleSuffix);
+    EXPECT_EQ(Model.Units, 1);
+    EXPECT_EQ(Model.UnitLabel(6), "in");
+    EXPECT_EQ(Model.DecMass, 4);
+    EXPECT_TRUE(Screens::Get("frm_HomeScreen").Get<MenuEntry>("mnu_pick", 1).Checked);
+    EXPECT_EQ(Model.ColorPurple, 0x800080);
+    EXPECT_EQ(Model.ColorYellow, 0x00FFFF);
+    EXPECT_EQ(Screens::Get("frm_HomeScreen").Get<Label>("lbl_Status", 10).Caption.Get(), "in-lb-bl-s");
+    EXPECT_FALSE(Model.DiskFile);
+    EXPECT_EQ(Model.NSteps, -435);
+}
+
+TEST_F(StartupTest, TheFileTypeIsMadeKnownByItsExtensionAndThePlaceOfTheProgram) {
+    Expect_Title_And_Abort();
+    Sub_Main("");
+    ASSERT_EQ(desktop.FileTypes.size(), 1U);
+    EXPECT_EQ(desktop.FileTypes[0].type, "Verlink");
+    EXPECT_EQ(desktop.FileTypes[0].extension, "vlk");
+    EXPECT_EQ(desktop.FileTypes[0].app_path, "/opt/verlink");
+}
+
+TEST_F(StartupTest, NoToTheQuestionLeavesTheTitleScreenUp) {
+    desktop.Expect_Screen("frm_Title", [this](Screen& title) {
+        Press(title, "cmd_Abort");
+        EXPECT_TRUE(title.Visible());
+        EXPECT_FALSE(desktop.Ending());
+        title.Close();
+    });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) {
+        EXPECT_EQ(quit.Focus(), quit.Find("cmd_NoQuit"));
+        Press(quit, "cmd_NoQuit");
+    });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
+}
+
+}  // namespace
+}  // namespace verlink::test
