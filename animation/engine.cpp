@@ -1,13 +1,58 @@
 // How a run is played: scale, frames, delay, stepping.
 #include "animation/engine.h"
 
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+
+#include "animation/drawing.h"
 #include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/parameters.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "shell/failure_report.h"
 
 namespace verlink {
+
+using platform::CheckBox;
+using platform::Label;
+using platform::PictureBox;
+using platform::ScrollBar;
+using platform::With;
 
 namespace {
 
 constexpr platform::Color Packed(int red, int green, int blue) { return red + 256 * green + 65536 * blue; }
+
+int Sign_Of(double value) { return (value > 0) - (value < 0); }
+
+bool Autoscaling(platform::Screen& form) {
+    bool ticked = false;
+    With<CheckBox>(form, "chk_autoscale", platform::kNoIndex, [&](CheckBox& box) { ticked = box.Value; });
+    return ticked;
+}
+
+void Show_Readout(platform::Screen& form, bool visible) {
+    for (const char* name : {"lbl_StepLabel", "lbl_StepUnit", "lbl_StepNumber"})
+        With<Label>(form, name, platform::kNoIndex, [&](Label& label) { label.Visible = visible; });
+}
+
+void Show_Number(platform::Screen& form, const std::string& text) {
+    With<Label>(form, "lbl_StepNumber", platform::kNoIndex, [&](Label& label) { label.Caption = text; });
+}
+
+void Move_Bar(platform::Screen& form, int value) {
+    With<ScrollBar>(form, "hsc_step", platform::kNoIndex, [&](ScrollBar& bar) { bar.SetValue(value); });
+}
+
+void Hold_Frame() {
+    const Long turns = static_cast<std::int64_t>(Model.AnimateWait) * Model.AnimateDelay;
+    const std::int64_t counted = std::max(static_cast<std::int64_t>(turns), std::int64_t{0});
+    platform::The_Desktop().Pause(std::chrono::nanoseconds(counted * kNanosecondsPerTurn));
+}
 
 }  // namespace
 
@@ -22,6 +67,225 @@ void Set_Palette() {
     Model.ColorMagenta = Packed(255, 0, 255);
     Model.ColorPurple = Packed(128, 0, 128);
     Model.ColorGray = Packed(128, 128, 128);
+}
+
+void Autoscale() {
+    Guarded("Autoscale", [] {
+        const auto& points = Model.RunTable.PointXY;
+        const double factor = Shown_Factor();
+        Model.AnimMax = points(0, 2, 0);
+        Model.AnimMin = points(0, 2, 0);
+        const auto widen = [](Single coordinate) {
+            if (coordinate > Model.AnimMax) Model.AnimMax = coordinate;
+            if (coordinate < Model.AnimMin) Model.AnimMin = coordinate;
+        };
+        // The coupler point of step 0 counts in the local frame too.
+        widen(points(0, 2, 1));
+        for (int row = Model.HideLinksFlag == "Y" ? 2 : 0; row <= 3; ++row) {
+            for (int step = 0; step <= Model.NSteps; ++step) {
+                Single x = points(step, row, 0);
+                Single y = points(step, row, 1);
+                if (Model.Link1Angle != 0) Rotate(x, y, Model.Link1Angle, 1, x, y);
+                widen(x);
+                widen(y);
+            }
+        }
+        if (Model.HideLinksFlag == "N") {
+            widen(Model.L1 * factor);
+            widen(0);
+        }
+
+        Single sum = 0;
+        for (int link = 1; link <= 4; ++link) {
+            sum += Model.LinkArray(link);
+            // In centimetres and millimetres each length counts a second time, which sets the margin there.
+            if (factor != 1) sum += Model.LinkArray(link) * factor;
+        }
+        if (Model.Calctype == 4) {
+            const auto lower = [&](Single center) {
+                const Single edge = -((Sign_Of(center) * Model.CamDiameter) / 2 + center) * factor;
+                if (edge < Model.AnimMin) Model.AnimMin = edge;
+            };
+            lower(Model.CamCenterX);
+            lower(Model.CamCenterY);
+        }
+        const Single margin = (sum / 4) * 0.25;
+        Model.AnimMin = Model.AnimMin - margin;
+        Model.AnimMax = Model.AnimMax + margin;
+        Model.AnimMax = Model.ZoomFactor * Model.AnimMax;
+        Model.AnimMin = Model.ZoomFactor * Model.AnimMin;
+    });
+}
+
+void Animate_Setup(platform::Screen& form) {
+    Guarded("Animate_Setup", [&] {
+        platform::Surface& surface = form.Get<PictureBox>("Picture1").Canvas();
+        Set_Palette();
+        Check_Parameters(form);
+        if (Model.RedrawFlag == "N") surface.Cls();
+        if (Autoscaling(form)) Autoscale();
+        Model.CentrodeRadius = std::abs(Model.AnimMax * 0.008);
+        Model.PinRadius = std::abs(Model.AnimMax * 0.015);
+        Model.CouplerPinRadius = std::abs(Model.AnimMax * 0.012);
+        Model.PivotRadius = std::abs(Model.AnimMax * 0.03);
+        Model.CouplerLineLength = Model.PivotRadius;
+        Model.LinkColor = Model.DrawColor = Model.PenColor = Model.ColorMagenta;
+        Model.PivotColor = Model.ColorBlue;
+        Model.TracePinColor = Model.ColorBlack;
+        Model.EraseColor = Model.ColorWhite;
+        Model.ColorPassStep = Model.EraseColor - Model.DrawColor;
+        surface.Scale(Model.AnimMin, Model.AnimMin, Model.AnimMax, Model.AnimMax);
+        surface.DrawMode(13);
+        surface.BackColor(Model.ColorWhite);
+        Titlebox(form);
+        Model.FirstStep = 0;
+        Model.LastStep = Model.NSteps;
+        Model.StepIncrement = Model.AnimateStepSize;
+        Model.FlipSum = Model.AnimMin + Model.AnimMax;
+        switch (Model.Calctype) {
+            case 2:
+            case 4:
+            case 5:
+                Put_Linkage_Geometry(form);
+                Put_Time_Initial_Conditions(form);
+                break;
+            case 3:
+                Put_Linkage_Geometry(form);
+                Put_Angle_Initial_Conditions(form);
+                break;
+            default: break;
+        }
+    });
+}
+
+void Animate(platform::Screen& form) {
+    Guarded("Animate", [&] {
+        Animate_Setup(form);
+        Model.CurrentStep = 0;
+        Show_Readout(form, false);
+        platform::Surface& surface = form.Get<PictureBox>("Picture1").Canvas();
+        const bool curve = Model.ShowCouplerFlag == "Y";
+        for (int cycle = 1; cycle <= Model.Cycles; ++cycle) {
+            surface.Cls();
+            Drawpivots(form);
+            Axes(form);
+            if (curve) DrawCouplerCurve(form);
+            for (int step = Model.FirstStep; step <= Model.LastStep; step += Model.StepIncrement) {
+                if (!Model.RunTable.Assembled(step)) continue;
+                bool stop = false;
+                Drawone(step, form, stop);
+                Model.PenColor = Model.DrawColor;
+                if (stop) {
+                    if (step > 0) Drawsub(step - 1, form);
+                    break;
+                }
+                if (step == Model.LastStep) {
+                    Model.PassColor = Model.PenColor;
+                    Drawsub(step, form);
+                }
+            }
+            if (curve) DrawCouplerCurve(form);
+            Drawpivots(form);
+            Axes(form);
+        }
+    });
+}
+
+void Drawone(int step, platform::Screen& form, bool& stop) {
+    Guarded("Drawone", [&] {
+        stop = false;
+        const auto& points = Model.RunTable.PointXY;
+        for (const platform::Color pass : {Model.DrawColor, Model.EraseColor}) {
+            Model.PassColor = pass;
+            Model.PenColor = Model.TraceFlag == "Y" ? Model.LinkColor : Model.PassColor;
+            // The exact origin is the mark of a position that did not close.
+            if (points(step, 2, 0) == 0 && points(step, 2, 1) == 0) {
+                stop = true;
+                return;
+            }
+            Drawsub(step, form);
+            if (pass == Model.DrawColor) Hold_Frame();
+        }
+        if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
+        if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
+        Drawpivots(form);
+    });
+}
+
+void Step(platform::Screen& form, Integer& step) {
+    Guarded("Step", [&] {
+        Animate_Setup(form);
+        Show_Readout(form, true);
+        const auto theta2 = [&] { return FNRoundStr(Model.RunTable.Theta(step, 0), 1); };
+        switch (Model.Calctype) {
+            case 1:
+                // The label says Theta2; the number is the crank's acceleration.
+                Show_Number(form, Text_Of(Model.Alpha2));
+                break;
+            case 2:
+            case 4:
+            case 5: Show_Number(form, FNRoundStr(step * Model.TimeStep + Model.TimeStart, 2)); break;
+            case 3:
+                Show_Number(form, theta2());
+                if (step > Model.NSteps) step = 0;
+                With<platform::TextBox>("frm_Inputnew", "txt_Thetazero", platform::kNoIndex,
+                                        [&](platform::TextBox& box) { box.Text = theta2(); });
+                break;
+            default: break;
+        }
+        DrawLinkage(form, step);
+    });
+}
+
+void DrawLinkage(platform::Screen& form, int step) {
+    Guarded("DrawLinkage", [&] {
+        Drawpivots(form);
+        Axes(form);
+        if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
+        Drawsub(step, form);
+        Model.PenColor = Model.DrawColor;
+        if (step == Model.LastStep) Drawsub(step, form);
+        if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
+        Drawpivots(form);
+        Axes(form);
+    });
+}
+
+void Step_Setup(platform::Screen& form, bool& lock) {
+    Guarded("Step_Setup", [&] {
+        Model.RedrawFlag = "Y";
+        lock = true;
+        With<ScrollBar>(form, "hsc_step", platform::kNoIndex, [](ScrollBar& bar) { bar.SetMax(Model.NSteps); });
+        const auto wrap = [] {
+            if (Model.CurrentStep > Model.NSteps) Model.CurrentStep = 0;
+        };
+        switch (Model.Calctype) {
+            case 1: Model.CurrentStep = 0; break;
+            case 2:
+            case 4:
+                wrap();
+                Move_Bar(form, Model.CurrentStep);
+                Step(form, Model.CurrentStep);
+                break;
+            case 3:
+                wrap();
+                Step(form, Model.CurrentStep);
+                Move_Bar(form, Model.CurrentStep);
+                break;
+            // A link-driven run has no case: its count moves, and nothing is drawn.
+            default: break;
+        }
+        if (Model.Calctype > 1) ++Model.CurrentStep;
+    });
+}
+
+void Step_Reset(platform::Screen& form) {
+    Guarded("Step_Reset", [&] {
+        Integer first = 0;
+        Step(form, first);
+        Move_Bar(form, 0);
+        Model.CurrentStep = 1;
+    });
 }
 
 }  // namespace verlink

@@ -19,10 +19,9 @@ struct MassProperties {
     Single FrictionForce;                                   ///< on link 3, force unit
 };
 
-/// Counterweights as the drawing shows them; index 2 crank, 4 rocker.
+/// Counterweights as the drawing shows them.
 struct BalanceWeights {
-    Array<Single, 0, 4> BerkRadius;  ///< length
-    Array<Single, 0, 4> BerkAngle;   ///< radians
+    Table<Single, 0, 4, 2> BerkCG;  ///< 2 crank, 4 rocker; 0 radius, a length; 1 angle in the link's frame, radians
 };
 
 }  // namespace verlink

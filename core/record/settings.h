@@ -9,13 +9,13 @@
 namespace verlink {
 
 struct DisplaySettings {
-    Integer PrintStep;        ///< every nth step is printed
-    Long AnimateDelay;        ///< 32767 less the value of the speed bar
-    Integer Cycles;           ///< how many times a run plays
-    Integer AnimateWait;      ///< multiplier of the frame delay
-    Integer AnimateStepSize;  ///< always 1
-    Single LineAngle;         ///< angle of the coupler lines to the coupler, degrees
-    Single ZoomFactor;        ///< a smaller factor is a closer view
+    Integer PrintStep;            ///< every nth step is printed
+    Long AnimateDelay;            ///< 32767 less the value of the speed bar
+    Integer Cycles;               ///< how many times a run plays
+    Integer AnimateWait;          ///< multiplier of the frame delay
+    Integer AnimateStepSize = 1;  ///< always 1
+    Single LineAngle;             ///< angle of the coupler lines to the coupler, degrees
+    Single ZoomFactor;            ///< a smaller factor is a closer view
     std::string TraceFlag = "N", RedrawFlag = "N", HideLinksFlag = "N", ShowCentrodesFlag = "N";  ///< "Y" or "N"
     std::string ShowCouplerFlag = "N", ShowCouplerLinesFlag = "N";                                ///< "Y" or "N"
     /// What a shift-drag changes: 0 crank, 1 rocker, 2 coupler point, 3 ground, 4 coupler
@@ -37,7 +37,7 @@ struct AnimationState {
     Single AnimMax, AnimMin;  ///< bounds of the window, both axes
     Single FlipSum;           ///< AnimMin + AnimMax; world y is drawn at FlipSum - y
     Single CentrodeRadius, PinRadius, CouplerPinRadius, PivotRadius, CouplerLineLength;
-    Integer FirstStep, LastStep, StepIncrement;
+    Integer FirstStep, LastStep, StepIncrement = 1;
     platform::Color PenColor = 0, DrawColor = 0, LinkColor = 0, EraseColor = 0, PassColor = 0;
     platform::Color PivotColor = 0, TracePinColor = 0;
     Long ColorPassStep;                         ///< EraseColor - DrawColor
