@@ -1,6 +1,7 @@
 // The animate screen: the linkage moves, joints are dragged, and links are changed beside the picture.
 #pragma once
 
+#include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
@@ -9,6 +10,9 @@ namespace verlink {
 class frm_Animate : public platform::Screen {
    public:
     frm_Animate();
+
+    void Form_Activate() override;
+    void Form_QueryUnload(bool& cancel) override;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
@@ -103,6 +107,55 @@ class frm_Animate : public platform::Screen {
 
     platform::Timer Timer1{*this, "Timer1"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void cmd_Animate_Click();
+    void cmd_Step_Click();
+    void cmd_Reset_Click();
+    void cmd_Recalc_Click();
+    void cmd_Back_Click();
+    void cmd_Done_Click();
+    void cmd_PlotPrint_Click();
+    void hsc_step_Change();
+    void hsc_step_Scroll();
+    void chk_Centrodes_Click();
+    void chk_CouplerLines_Click();
+    void chk_autoscale_Click();
+    void cmb_wait_Change();
+    void opt_Shift_Drag_Click(int Index);
+    void opt_OpenCross_Click(int Index);
+    void opt_Polar_Click(int Index);
+    void txt_Linkout_LostFocus(int Index);
+    void txt_initial_LostFocus(int Index);
+    void txt_Figure_LostFocus();
+    void mnu_Plus_Click();
+    void mnu_Normal_Click();
+    void mnu_Minus_Click();
+    void mnu_Redraw_Click();
+    void mnu_Help_Click();
+    void Timer1_Timer();
+    /// Shift-drag: the target's length follows the mouse, and the whole run is solved anew. X and Y are world
+    /// coordinates of the picture, Y as drawn.
+    void Picture1_MouseMove(int Button, int Shift, double X, double Y);
+
+   private:
+    void Bind();
+    void Write_Tips();
+    void Fill_By_Calctype();
+    void Box_Got_Focus(platform::TextBox& box);
+    void Zoom(double factor);
+    void Leave();
+    void Drag(Single x, Single y);
+
+    void Lock_Run_Buttons();
+    void Unlock_Run_Buttons();
+    void Recalculate();
+    void Show_Initial_Panel();
+
+    bool Activated = false;      ///< the screen is up; guards `opt_OpenCross`
+    bool TextChanged = false;    ///< a box was changed and not read yet
+    bool StepLock = false;       ///< after the first step `hsc_step` follows its thumb alone
+    bool ShowInitial = true;     ///< the run is generated: its limits are shown
+    bool ShowCamDriven = false;  ///< the run is imported: its file is told instead
 };
 
 }  // namespace verlink
