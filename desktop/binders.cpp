@@ -1,0 +1,284 @@
+// One function a kind of control: the widget, what it shows, and what the hand on it does.
+#include "desktop/binders.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <algorithm>
+
+#include "desktop/button.h"
+#include "desktop/document_widget.h"
+#include "desktop/form.h"
+#include "desktop/frame_box.h"
+#include "desktop/pace.h"
+#include "desktop/picture_widget.h"
+#include "desktop/text.h"
+#include "desktop/theme.h"
+#include "platform/controls.h"
+
+namespace verlink::desktop {
+
+namespace {
+
+using namespace platform;
+
+/// Sets the back colour of a control. What is derived keeps its colour while it is disabled; what is typed does
+/// not, since nothing can be typed there then.
+void paintBack(QWidget* widget, QPalette::ColorRole role, Color wished) {
+    const QColor color = backColor(wished, widget->window()->palette());
+    if (color.isValid() && widget->palette().color(QPalette::Active, role) == color) return;
+    QPalette own;
+    if (color.isValid()) {
+        own.setColor(QPalette::Active, role, color);
+        own.setColor(QPalette::Inactive, role, color);
+        if (wished != kYellow) own.setColor(QPalette::Disabled, role, color);
+    }
+    widget->setPalette(own);
+}
+
+/// What all visible controls show alike.
+void showVisual(QWidget* widget, const Visual& control) {
+    if (widget->isEnabled() != control.Enabled) widget->setEnabled(control.Enabled);
+    if (widget->isHidden() == control.Visible) widget->setVisible(control.Visible);
+    const QString tip = lines(control.Tip);
+    if (widget->toolTip() != tip) {
+        widget->setToolTip(tip);
+        widget->setAccessibleDescription(tip);
+    }
+}
+
+/// Names the widget, keeps its place when hidden, and shows the control now and at each change.
+template <class Show>
+void bind(Form& form, Visual& control, QWidget* widget, Show show) {
+    widget->setObjectName(toQt(control.ObjectName()));
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+    control.Watcher = [widget, &control, show]() mutable {
+        show();
+        showVisual(widget, control);
+    };
+    control.Watcher();
+    form.watch(widget, control);
+}
+
+template <class Text>
+void setIfOther(Text* widget, const QString& text) {
+    if (widget->text() != text) widget->setText(text);
+}
+
+QWidget* make(Form& form, Label& control, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    auto back = [label, &control, last = kStyleColor]() mutable {
+        if (control.BackColor == last) return;
+        last = control.BackColor;
+        label->setAutoFillBackground(last != kStyleColor);
+        paintBack(label, QPalette::Window, last);
+    };
+    bind(form, control, label, [label, &control, back]() mutable {
+        setIfOther(label, lines(control.Caption));
+        back();
+    });
+    form.restyle.push_back([label, &control] {
+        if (control.BackColor != kStyleColor) paintBack(label, QPalette::Window, control.BackColor);
+    });
+    return label;
+}
+
+QWidget* make(Form& form, Frame& control, QWidget* parent) {
+    auto* frame = new FrameBox(parent);
+    bind(form, control, frame, [frame, &control] {
+        if (frame->title() != lines(control.Caption)) frame->setTitle(lines(control.Caption));
+    });
+    return frame;
+}
+
+/// What is typed into is yellow unless the program says otherwise.
+Color boxColor(const Visual& control) { return control.BackColor == kStyleColor ? kYellow : control.BackColor.Get(); }
+
+QWidget* make(Form& form, TextBox& control, QWidget* parent) {
+    auto* edit = new QLineEdit(parent);
+    const auto back = [edit, &control] { paintBack(edit, QPalette::Base, boxColor(control)); };
+    bind(form, control, edit, [&form, edit, &control, back, selected = false]() mutable {
+        setIfOther(edit, toQt(control.Text));
+        back();
+        if (control.SelectedAll && !selected) {
+            edit->selectAll();
+            form.selectOnRelease(edit);
+        }
+        selected = control.SelectedAll;
+    });
+    form.restyle.emplace_back(back);
+    QObject::connect(edit, &QLineEdit::textEdited, edit, [&form, &control](const QString& text) {
+        form.act(control, [&] {
+            control.SelectedAll = false;
+            control.Text = fromQt(text);
+        });
+    });
+    return edit;
+}
+
+QWidget* make(Form& form, CommandButton& control, QWidget* parent) {
+    auto* button = new Button(parent);
+    bind(form, control, button, [button, &control] { setIfOther(button, toQt(control.Caption)); });
+    QObject::connect(button, &QPushButton::clicked, button, [&form, &control] {
+        form.act(control, [&] {
+            control.SetFocus();
+            control.Click();
+        });
+    });
+    return button;
+}
+
+QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
+    auto* button = new QRadioButton(parent);
+    QButtonGroup* group = form.optionGroup(control.Name());
+    group->addButton(button);
+    const auto show = [button, group, &control] {
+        setIfOther(button, toQt(control.Caption));
+        if (button->isChecked() == control.Value) return;
+        const QSignalBlocker quiet(button);
+        group->setExclusive(false);
+        button->setChecked(control.Value);
+        group->setExclusive(true);
+    };
+    bind(form, control, button, show);
+    QObject::connect(button, &QRadioButton::clicked, button, [&form, &control, group] {
+        form.act(control, [&] {
+            control.SetFocus();
+            control.Click();
+        });
+        // The handler may have decided otherwise.
+        for (Control* other : control.Owner().Controls())
+            if (other->Name() == control.Name()) other->Notify();
+    });
+    return button;
+}
+
+QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
+    auto* box = new QCheckBox(parent);
+    bind(form, control, box, [box, &control] {
+        setIfOther(box, toQt(control.Caption));
+        if (box->isChecked() != control.Value) box->setChecked(control.Value);
+    });
+    QObject::connect(box, &QCheckBox::clicked, box, [&form, &control] {
+        form.act(control, [&] {
+            control.SetFocus();
+            control.Click();
+        });
+        control.Notify();
+    });
+    return box;
+}
+
+QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
+    auto* combo = new QComboBox(parent);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setCompleter(nullptr);
+    const auto back = [combo, &control] { paintBack(combo, QPalette::Base, boxColor(control)); };
+    bind(form, control, combo, [combo, &control, back, shown = std::vector<std::string>()]() mutable {
+        const QSignalBlocker quiet(combo);
+        if (shown != control.Items()) {
+            shown = control.Items();
+            combo->clear();
+            for (const std::string& item : shown) combo->addItem(toQt(item));
+        }
+        if (combo->currentIndex() != control.ListIndex()) combo->setCurrentIndex(control.ListIndex());
+        if (combo->currentText() != toQt(control.Text)) combo->setEditText(toQt(control.Text));
+        back();
+    });
+    form.restyle.emplace_back(back);
+    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, combo, [&form, &control](const QString& text) {
+        form.act(control, [&] { control.Text = fromQt(text); });
+    });
+    QObject::connect(combo, &QComboBox::activated, combo, [&form, &control](int index) {
+        form.act(control, [&] { control.Choose(index); });
+        control.Notify();
+    });
+    return combo;
+}
+
+QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
+    auto* bar = new QScrollBar(Qt::Horizontal, parent);
+    bar->setFocusPolicy(Qt::StrongFocus);
+    bind(form, control, bar, [bar, &control] {
+        const QSignalBlocker quiet(bar);
+        bar->setInvertedAppearance(control.Min() > control.Max());
+        bar->setRange(std::min(control.Min(), control.Max()), std::max(control.Min(), control.Max()));
+        bar->setSingleStep(control.SmallChange);
+        bar->setPageStep(control.LargeChange);
+        bar->setValue(control.Value());
+    });
+    QObject::connect(bar, &QScrollBar::actionTriggered, bar, [&form, &control, bar](int action) {
+        const int wished = bar->sliderPosition();
+        form.act(control, [&] {
+            if (action == QAbstractSlider::SliderMove && bar->isSliderDown())
+                control.Drag(wished);
+            else
+                control.SetValue(std::clamp(wished, bar->minimum(), bar->maximum()));
+        });
+        bar->setSliderPosition(control.Value());
+    });
+    QObject::connect(bar, &QScrollBar::sliderReleased, bar,
+                     [&form, &control] { form.act(control, [&] { control.Drop(); }); });
+    return bar;
+}
+
+QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
+    auto* picture = new PictureWidget(control.Drawing(), parent);
+    picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
+        if (!control.OnMouseMove) return;
+        form.act(control, [&] { control.OnMouseMove(button, shift, x, y); });
+    };
+    bind(form, control, picture, [] {});
+    return picture;
+}
+
+QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
+    auto* view = new DocumentWidget(parent);
+    bind(form, control, view, [view, &control, shown = std::string()]() mutable {
+        if (control.Document == shown) return;
+        shown = control.Document;
+        view->show(toQt(shown));
+    });
+    return view;
+}
+
+QObject* make(Form& form, Timer& control, QWidget* parent) {
+    auto* timer = new QTimer(parent);
+    timer->setObjectName(toQt(control.ObjectName()));
+    control.Watcher = [timer, &control] {
+        const bool runs = control.Enabled && control.Interval > 0;
+        if (runs && (!timer->isActive() || timer->interval() != control.Interval)) timer->start(control.Interval);
+        if (!runs) timer->stop();
+    };
+    control.Watcher();
+    QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] { form.act(control, [&] { control.Tick(); }); });
+    return timer;
+}
+
+}  // namespace
+
+QObject* makeObject(Form& form, Control& control, QWidget* parent) {
+    if (auto* label = dynamic_cast<Label*>(&control)) return make(form, *label, parent);
+    if (auto* frame = dynamic_cast<Frame*>(&control)) return make(form, *frame, parent);
+    if (auto* box = dynamic_cast<TextBox*>(&control)) return make(form, *box, parent);
+    if (auto* button = dynamic_cast<CommandButton*>(&control)) return make(form, *button, parent);
+    if (auto* option = dynamic_cast<OptionButton*>(&control)) return make(form, *option, parent);
+    if (auto* tick = dynamic_cast<CheckBox*>(&control)) return make(form, *tick, parent);
+    if (auto* combo = dynamic_cast<ComboBox*>(&control)) return make(form, *combo, parent);
+    if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);
+    if (auto* picture = dynamic_cast<PictureBox*>(&control)) return make(form, *picture, parent);
+    if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
+    if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);
+    return nullptr;
+}
+
+}  // namespace verlink::desktop

@@ -1,0 +1,82 @@
+// How a wish for a file becomes Qt's file dialog.
+#include "desktop/file_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include "desktop/messages.h"
+#include "desktop/text.h"
+
+namespace verlink::desktop {
+
+std::vector<NameFilter> nameFilters(const std::string& filter) {
+    std::vector<NameFilter> entries;
+    const QStringList parts = toQt(filter).split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        for (QString& pattern : patterns) {
+            pattern = pattern.trimmed();
+            if (pattern == QStringLiteral("*.*")) pattern = QStringLiteral("*");
+        }
+        if (!patterns.isEmpty()) entries.push_back({parts[i], patterns.join(u' ')});
+    }
+    return entries;
+}
+
+namespace {
+
+/// As Qt wants it: the words, and the patterns in brackets at the end.
+QString qtFilter(const NameFilter& filter) {
+    static const QRegularExpression brackets(QStringLiteral("\\s*\\([^()]*\\)\\s*$"));
+    QString words = filter.words;
+    words.remove(brackets);
+    return words.isEmpty() ? u'(' + filter.patterns + u')' : words + QStringLiteral(" (") + filter.patterns + u')';
+}
+
+/// "vlk" from "*.vlk"; nothing from "*".
+QString suffixOf(const NameFilter& filter) {
+    static const QRegularExpression plain(QStringLiteral("^\\*\\.([A-Za-z0-9]+)"));
+    return plain.match(filter.patterns).captured(1);
+}
+
+std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish, const QString& folder, bool save) {
+    countInterruption();
+    QFileDialog dialog(parent, toQt(wish.title));
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !wish.warn_before_overwriting);
+
+    const std::vector<NameFilter> filters = nameFilters(wish.filter);
+    if (!filters.empty()) {
+        QStringList shown;
+        for (const NameFilter& filter : filters) shown << qtFilter(filter);
+        dialog.setNameFilters(shown);
+        const auto chosen = static_cast<std::size_t>(wish.filter_index) - 1;
+        const std::size_t first = chosen < filters.size() ? chosen : 0;
+        dialog.selectNameFilter(shown[static_cast<qsizetype>(first)]);
+        if (save) dialog.setDefaultSuffix(suffixOf(filters[first]));
+    }
+
+    const QFileInfo given(toQt(wish.file_name));
+    const bool has_folder = wish.file_name.find('/') != std::string::npos && given.dir().exists();
+    dialog.setDirectory(has_folder ? given.dir().absolutePath() : folder);
+    const QString name = given.fileName();
+    if (!name.isEmpty() && !name.contains(u'*') && !name.contains(u'?')) dialog.selectFile(name);
+
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return fromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+}
+
+}  // namespace
+
+std::optional<std::string> askOpenFile(QWidget* parent, const platform::FileDialog& wish, const QString& folder) {
+    return ask(parent, wish, folder, false);
+}
+
+std::optional<std::string> askSaveFile(QWidget* parent, const platform::FileDialog& wish, const QString& folder) {
+    return ask(parent, wish, folder, true);
+}
+
+}  // namespace verlink::desktop

@@ -1,0 +1,292 @@
+// How a screen's window is made, and how focus, keys and closing reach the screen.
+#include "desktop/form.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <algorithm>
+
+#include "desktop/binders.h"
+#include "desktop/frame_box.h"
+#include "desktop/layouts.h"
+#include "desktop/messages.h"
+#include "desktop/pace.h"
+#include "desktop/picture_widget.h"
+#include "desktop/text.h"
+#include "shell/failure_report.h"
+
+namespace verlink::desktop {
+
+using namespace platform;
+
+namespace {
+
+/// What a title bar and a panel take from the height of a display.
+constexpr int kDecoration = 56;
+constexpr double kHomeHeight = 9480;
+
+QRect availableDisplay() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
+}  // namespace
+
+double Form::twipsPerPixel() { return std::max(10.0, kHomeHeight / (availableDisplay().height() - kDecoration)); }
+
+Form::Form(Screen& screen) : screen_(screen) {
+    setObjectName(toQt(screen.Name()));
+    room_ = new QWidget(this);
+    room_->setObjectName(QStringLiteral("room"));
+    setCentralWidget(room_);
+    makeWidgets();
+    makeMenus();
+    layoutFor(screen.Name())(*this, room_);
+    for (std::size_t i = 1; i < order_.size(); ++i) setTabOrder(order_[i - 1], order_[i]);
+    for (const auto& name : unplaced())
+        if (auto* lost = findChild<QWidget*>(toQt(name))) lost->hide();
+
+    screen_.ShapeWatcher() = [this] { applyShape(); };
+    screen_.FocusWatcher = [this](Control* control) {
+        auto* widget = qobject_cast<QWidget*>(control ? objectOf(*control) : nullptr);
+        if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+    };
+    setWindowTitle(toQt(screen_.Caption()));
+    if (QPushButton* button = buttonOf(screen_.DefaultButton)) button->setDefault(true);
+}
+
+Form::~Form() {
+    // Focus leaves the widgets one by one while the window goes; the screen is not to hear of it.
+    closing_ = true;
+    for (const auto& [object, control] : watched_) object->removeEventFilter(this);
+    for (Control* control : screen_.Controls()) control->Watcher = nullptr;
+    screen_.ShapeWatcher() = nullptr;
+    screen_.FocusWatcher = nullptr;
+}
+
+void Form::makeWidgets() {
+    for (Control* control : screen_.Controls())
+        if (QObject* object = makeObject(*this, *control, room_)) objects_[control] = object;
+}
+
+void Form::makeMenus() {
+    for (Control* control : screen_.Controls()) {
+        auto* entry = dynamic_cast<MenuEntry*>(control);
+        if (entry && !entry->Parent()) addEntry(*entry, nullptr);
+    }
+}
+
+void Form::addEntry(MenuEntry& entry, QMenu* menu) {
+    QAction* action = nullptr;
+    if (entry.Children().empty()) {
+        action = menu ? menu->addAction(QString()) : menuBar()->addAction(QString());
+        action->setSeparator(menu && entry.Caption.Get().empty());
+        connect(action, &QAction::triggered, this, [this, &entry] {
+            act(entry, [&] { entry.Click(); });
+            entry.Notify();
+        });
+    } else {
+        QMenu* below = menu ? menu->addMenu(QString()) : menuBar()->addMenu(QString());
+        below->setToolTipsVisible(true);
+        for (MenuEntry* child : entry.Children()) addEntry(*child, below);
+        action = below->menuAction();
+    }
+    action->setObjectName(toQt(entry.ObjectName()));
+    objects_[&entry] = action;
+    entry.Watcher = [action, &entry] {
+        action->setText(toQt(entry.Caption));
+        action->setEnabled(entry.Enabled);
+        action->setVisible(entry.Visible);
+        // An entry shows the place for its mark from the first mark on.
+        if (entry.Checked) action->setCheckable(true);
+        action->setChecked(entry.Checked);
+    };
+    entry.Watcher();
+}
+
+QObject* Form::objectOf(const Control& control) const {
+    const auto found = objects_.find(&control);
+    return found == objects_.end() ? nullptr : found->second;
+}
+
+bool Form::has(const char* name, int index) const {
+    return std::any_of(objects_.begin(), objects_.end(), [&](const auto& entry) {
+        return (entry.first->Name() == name && entry.first->Index() == index) ||
+               (index == kNoIndex && entry.first->ObjectName() == name);
+    });
+}
+
+QWidget* Form::widget(const char* name, int index) {
+    for (const auto& [control, object] : objects_) {
+        const bool same = (control->Name() == name && control->Index() == index) ||
+                          (index == kNoIndex && control->ObjectName() == name);
+        if (!same) continue;
+        if (auto* found = qobject_cast<QWidget*>(object)) {
+            order_.push_back(found);
+            return found;
+        }
+    }
+    qFatal("the layout of %s asks for %s %d, which the screen does not declare", screen_.Name().c_str(), name, index);
+    return nullptr;
+}
+
+FrameBox* Form::frame(const char* name, int index) {
+    auto* found = dynamic_cast<FrameBox*>(widget(name, index));
+    if (!found) qFatal("%s of %s is not a frame", name, screen_.Name().c_str());
+    return found;
+}
+
+PictureWidget* Form::picture(const char* name, int index) {
+    auto* found = dynamic_cast<PictureWidget*>(widget(name, index));
+    if (!found) qFatal("%s of %s is not a picture", name, screen_.Name().c_str());
+    return found;
+}
+
+std::vector<std::string> Form::unplaced() const {
+    std::vector<std::string> names;
+    for (Control* control : screen_.Controls()) {
+        auto* widget = qobject_cast<QWidget*>(objectOf(*control));
+        if (widget && std::find(order_.begin(), order_.end(), widget) == order_.end())
+            names.push_back(control->ObjectName());
+    }
+    return names;
+}
+
+QButtonGroup* Form::optionGroup(const std::string& name) {
+    QButtonGroup*& group = groups_[name];
+    if (!group) group = new QButtonGroup(this);
+    return group;
+}
+
+QPushButton* Form::buttonOf(CommandButton* button) const {
+    return button ? qobject_cast<QPushButton*>(objectOf(*button)) : nullptr;
+}
+
+void Form::act(const Control& control, const std::function<void()>& deed) {
+    if (closing_ || inPause()) return;
+    Guarded(control.ObjectName(), deed);
+}
+
+void Form::applyShape() {
+    setWindowTitle(toQt(screen_.Caption()));
+    const double twips = twipsPerPixel();
+    const QRect display = availableDisplay();
+    const bool size_changed = screen_.Width() != width_ || screen_.Height() != height_;
+    const bool place_changed = screen_.Left() != left_ || screen_.Top() != top_;
+    if (!size_changed && !place_changed) return;
+    if (isMaximized()) showNormal();
+
+    const QSize wish(qRound(screen_.Width() / twips), qRound(screen_.Height() / twips));
+    if (size_changed) {
+        const QSize least = minimumSizeHint();
+        const QSize most(display.width(), display.height() - kDecoration / 2);
+        resize(wish.boundedTo(most).expandedTo(least));
+    }
+    // Where the layout needs more than the wish, the window grows to both sides.
+    const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
+    const int y = display.top() + qRound(screen_.Top() / twips);
+    move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
+         std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
+    width_ = screen_.Width();
+    height_ = screen_.Height();
+    left_ = screen_.Left();
+    top_ = screen_.Top();
+}
+
+void Form::watch(QWidget* widget, Visual& control) {
+    watched_[widget] = &control;
+    widget->installEventFilter(this);
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Close(); });
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    const auto press = [this](CommandButton* button) {
+        auto* widget = buttonOf(button);
+        if (!widget || !widget->isEnabled() || widget->isHidden()) return false;
+        widget->click();
+        return true;
+    };
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (press(dynamic_cast<CommandButton*>(screen_.Focus())) || press(screen_.DefaultButton)) return;
+    } else if (event->key() == Qt::Key_Escape) {
+        if (press(screen_.CancelButton)) return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void Form::mouseReleaseEvent(QMouseEvent* event) {
+    QMainWindow::mouseReleaseEvent(event);
+    // What labels, frames and the bare window leave over; a press that began elsewhere is no click.
+    if (!closing_ && !inPause() && rect().contains(event->position().toPoint()))
+        Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
+}
+
+void Form::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::StyleChange) return;
+    for (const auto& paint : restyle) paint();
+}
+
+void Form::focusCame(Visual& control, QWidget* widget, Qt::FocusReason reason) {
+    const int before = interruptions();
+    mouse_focus_ = reason == Qt::MouseFocusReason;
+    act(control, [&] { screen_.MoveFocus(&control); });
+    mouse_focus_ = false;
+    // A message that came up on leaving the old control has eaten the release of this press: without the press
+    // being dropped too, the button would stay down.
+    if (reason == Qt::MouseFocusReason && interruptions() != before) swallow_press_ = widget;
+}
+
+bool Form::eventFilter(QObject* object, QEvent* event) {
+    const auto found = watched_.find(object);
+    if (closing_ || found == watched_.end()) return QMainWindow::eventFilter(object, event);
+    auto* widget = static_cast<QWidget*>(object);
+    switch (event->type()) {
+        case QEvent::FocusIn:
+            swallow_press_ = nullptr;
+            select_on_release_ = nullptr;
+            focusCame(*found->second, widget, static_cast<QFocusEvent*>(event)->reason());
+            break;
+        case QEvent::MouseButtonPress:
+            if (swallow_press_ == widget) {
+                swallow_press_ = nullptr;
+                return true;
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            if (auto* edit = qobject_cast<QLineEdit*>(widget); edit && select_on_release_ == edit) {
+                select_on_release_ = nullptr;
+                if (!edit->hasSelectedText()) edit->selectAll();
+            }
+            break;
+        case QEvent::Wheel:
+            if (qobject_cast<QComboBox*>(widget)) {
+                event->ignore();
+                return true;
+            }
+            break;
+        case QEvent::KeyPress: {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            auto* box = dynamic_cast<TextBox*>(found->second);
+            if (box && box->OnReturn && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+                act(*box, [box] { box->OnReturn(); });
+                return true;
+            }
+            break;
+        }
+        default: break;
+    }
+    return QMainWindow::eventFilter(object, event);
+}
+
+}  // namespace verlink::desktop

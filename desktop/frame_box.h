@@ -1,0 +1,28 @@
+// A flat group: a thin rounded border, a bold title inside it, and what a layout puts there.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLayout;
+class QVBoxLayout;
+
+namespace verlink::desktop {
+
+class FrameBox : public QWidget {
+   public:
+    explicit FrameBox(QWidget* parent);
+    void setTitle(const QString& title);
+    QString title() const;
+    /// Puts a layout under the title; once.
+    void setContent(QLayout* content);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+
+   private:
+    QLabel* title_;
+    QVBoxLayout* column_;
+};
+
+}  // namespace verlink::desktop

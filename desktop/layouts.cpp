@@ -1,0 +1,39 @@
+// The layouts by name, and the one for screens that have none.
+#include "desktop/layouts.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <map>
+
+#include "desktop/form.h"
+#include "desktop/grid.h"
+
+namespace verlink::desktop {
+
+Layout layoutFor(const std::string& screen) {
+    static const std::map<std::string, Layout> layouts{
+        {"frm_About", layoutAbout},           {"frm_Animate", layoutAnimate},   {"frm_Help", layoutHelp},
+        {"frm_HomeScreen", layoutHomeScreen}, {"frm_Inputnew", layoutInputnew}, {"frm_Quit", layoutQuit},
+        {"frm_Title", layoutTitle},           {"frm_User", layoutUser},
+    };
+    const auto found = layouts.find(screen);
+    return found == layouts.end() ? layoutPlain : found->second;
+}
+
+void layoutPlain(Form& form, QWidget* room) {
+    auto* outer = new QVBoxLayout(room);
+    outer->setContentsMargins(0, 0, 0, 0);
+    auto* scroll = new QScrollArea(room);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    auto* inner = new QWidget(scroll);
+    QVBoxLayout* rows = page(inner);
+    for (platform::Control* control : form.screen().Controls())
+        if (qobject_cast<QWidget*>(form.objectOf(*control)))
+            rows->addWidget(form.widget(control->Name().c_str(), control->Index()));
+    rows->addStretch(1);
+    scroll->setWidget(inner);
+    outer->addWidget(scroll);
+}
+
+}  // namespace verlink::desktop

@@ -1,0 +1,31 @@
+// Which layout places the widgets of which screen.
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace verlink::desktop {
+
+class Form;
+
+/// Places every widget of the form in `room`, the empty middle of the window, which it gives a layout of its own.
+/// It declares no control and writes no text; desktop/grid.h has the pieces it is made of.
+using Layout = void (*)(Form& form, QWidget* room);
+
+/// The layout of a screen by name; `layoutPlain` where there is none.
+Layout layoutFor(const std::string& screen);
+
+/// All controls under one another in a scrolling column.
+void layoutPlain(Form& form, QWidget* room);
+
+void layoutAbout(Form& form, QWidget* room);
+void layoutAnimate(Form& form, QWidget* room);
+void layoutHelp(Form& form, QWidget* room);
+void layoutHomeScreen(Form& form, QWidget* room);
+void layoutInputnew(Form& form, QWidget* room);
+void layoutQuit(Form& form, QWidget* room);
+void layoutTitle(Form& form, QWidget* room);
+void layoutUser(Form& form, QWidget* room);
+
+}  // namespace verlink::desktop

@@ -1,0 +1,49 @@
+// The entry of verlink: a desktop around the program.
+#include <QApplication>
+#include <QIcon>
+#include <QStyle>
+#include <QStyleFactory>
+#include <cstdio>
+
+#include "desktop/qt_desktop.h"
+#include "screens/register.h"
+#include "shell/startup.h"
+
+namespace {
+
+/// Without a display Qt would abort the process.
+bool haveDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(name)) return true;
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!haveDisplay()) {
+        std::fputs(
+            "verlink: there is no display to open windows on (DISPLAY and WAYLAND_DISPLAY are not set).\n"
+            "Try verlink-batch, which works without one.\n",
+            stderr);
+        return 1;
+    }
+    const std::string command_line = argc > 1 ? argv[1] : "";
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("verlink"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Verlink"));
+    QApplication::setDesktopFileName(QStringLiteral("verlink"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/verlink.svg")));
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (QApplication::style()->name() == QStringLiteral("windows"))
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+
+    verlink::desktop::QtDesktop desktop;
+    verlink::platform::Use_Desktop(&desktop);
+    verlink::Register_Screens();
+    verlink::Sub_Main(command_line);
+    desktop.discardForms();
+    verlink::platform::Screens::Discard();
+    return 0;
+}

@@ -1,0 +1,16 @@
+// Message boxes as the program words them.
+#pragma once
+
+#include "platform/desktop.h"
+
+class QWidget;
+
+namespace verlink::desktop {
+
+platform::Answer showMessage(QWidget* parent, const platform::Message& message);
+
+/// Grows whenever a message or a window comes up and takes the mouse and the keys away from the others.
+int interruptions();
+void countInterruption();
+
+}  // namespace verlink::desktop

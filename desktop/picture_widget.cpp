@@ -1,0 +1,194 @@
+// Painting a list of primitives, and the mouse over it.
+#include "desktop/picture_widget.h"
+
+#include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
+#include <cmath>
+#include <vector>
+
+#include "desktop/theme.h"
+
+namespace verlink::desktop {
+
+namespace {
+
+using platform::Picture;
+using Kind = Picture::Primitive::Kind;
+
+constexpr double kPen = 1.2;
+constexpr double kDot = 1.6;
+
+/// Collects what has one colour and hands it to the painter in few calls: within one colour the order shows not.
+class Batch {
+   public:
+    explicit Batch(QPainter& painter) : painter_(painter) {}
+    ~Batch() { flush(); }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+    void color(platform::Color color) {
+        if (color == color_) return;
+        flush();
+        color_ = color;
+    }
+
+    void segment(const QPointF& from, const QPointF& to) {
+        if (chain_.empty() || chain_.back() != from) {
+            endChain();
+            chain_.push_back(from);
+        }
+        chain_.push_back(to);
+    }
+    void circle(const QPointF& centre, double radius) { circles_.emplace_back(centre, radius); }
+    void dot(const QPointF& place) { dots_.push_back(place); }
+
+    void flush() {
+        endChain();
+        if (lines_.empty() && chains_.empty() && circles_.empty() && dots_.empty()) return;
+        painter_.setBrush(Qt::NoBrush);
+        painter_.setPen(QPen(plainColor(color_), kPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
+        for (const auto& chain : chains_) painter_.drawPolyline(chain.data(), static_cast<int>(chain.size()));
+        for (const auto& [centre, radius] : circles_) painter_.drawEllipse(centre, radius, radius);
+        painter_.setPen(QPen(plainColor(color_), kDot, Qt::SolidLine, Qt::RoundCap));
+        painter_.drawPoints(dots_.data(), static_cast<int>(dots_.size()));
+        lines_.clear();
+        chains_.clear();
+        circles_.clear();
+        dots_.clear();
+    }
+
+   private:
+    void endChain() {
+        if (chain_.size() == 2) lines_.emplace_back(chain_[0], chain_[1]);
+        if (chain_.size() > 2) chains_.push_back(chain_);
+        chain_.clear();
+    }
+
+    QPainter& painter_;
+    platform::Color color_ = 0;
+    std::vector<QPointF> chain_;
+    std::vector<std::vector<QPointF>> chains_;
+    std::vector<QLineF> lines_;
+    std::vector<std::pair<QPointF, double>> circles_;
+    std::vector<QPointF> dots_;
+};
+
+}  // namespace
+
+void paintPicture(QPainter& painter, const Picture& picture, double side) {
+    painter.fillRect(QRectF(0, 0, side, side), plainColor(picture.Back()));
+    const double width = picture.Right() - picture.Left();
+    const double height = picture.Bottom() - picture.Top();
+    if (width == 0 || height == 0) return;
+    painter.save();
+    painter.setClipRect(QRectF(0, 0, side, side), Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const double perX = side / width, perY = side / height;
+    const auto place = [&](double x, double y) {
+        return QPointF((x - picture.Left()) * perX, (y - picture.Top()) * perY);
+    };
+    // A line along an axis of the screen goes through the middles of pixels, or it would be grey and two wide.
+    const double density = painter.device()->devicePixelRatioF();
+    const auto middle = [density](double value) { return (std::floor(value * density) + 0.5) / density; };
+
+    Batch batch(painter);
+    for (const auto& primitive : picture.Primitives()) {
+        if (!primitive.alive) continue;
+        batch.color(primitive.color);
+        QPointF from = place(primitive.x1, primitive.y1);
+        switch (primitive.kind) {
+            case Kind::kSegment: {
+                QPointF to = place(primitive.x2, primitive.y2);
+                if (primitive.y1 == primitive.y2) {
+                    from.setY(middle(from.y()));
+                    to.setY(from.y());
+                } else if (primitive.x1 == primitive.x2) {
+                    from.setX(middle(from.x()));
+                    to.setX(from.x());
+                }
+                batch.segment(from, to);
+                break;
+            }
+            case Kind::kCircle: batch.circle(from, primitive.x2 * std::fabs(perX)); break;
+            case Kind::kDot: batch.dot(from); break;
+        }
+    }
+    batch.flush();
+    painter.restore();
+}
+
+PictureWidget::PictureWidget(Picture& picture, QWidget* parent) : QWidget(parent), picture_(picture) {
+    setFocusPolicy(Qt::ClickFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    picture_.Changed = [this] {
+        if (stale_) return;
+        stale_ = true;
+        update();
+    };
+}
+
+PictureWidget::~PictureWidget() { picture_.Changed = nullptr; }
+
+QSize PictureWidget::sizeHint() const { return {480, 480}; }
+QSize PictureWidget::minimumSizeHint() const { return {240, 240}; }
+
+QRectF PictureWidget::square() const {
+    const int side = std::min(width(), height()) - 2;
+    return {std::floor((width() - side) / 2.0), std::floor((height() - side) / 2.0), static_cast<double>(side),
+            static_cast<double>(side)};
+}
+
+void PictureWidget::paintNow() {
+    if (stale_ && isVisible()) repaint();
+}
+
+void PictureWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRectF place = square();
+    if (place.width() <= 0) return;
+    const auto engine = painter.paintEngine()->type();
+    if (engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2) {
+        const double density = devicePixelRatioF();
+        const QSize pixels(qRound(place.width() * density), qRound(place.height() * density));
+        if (image_.size() != pixels) {
+            image_ = QImage(pixels, QImage::Format_RGB32);
+            revision_ = picture_.Revision() - 1;
+        }
+        image_.setDevicePixelRatio(density);
+        if (revision_ != picture_.Revision()) {
+            QPainter inside(&image_);
+            paintPicture(inside, picture_, place.width());
+            revision_ = picture_.Revision();
+        }
+        painter.drawImage(place.topLeft(), image_);
+        stale_ = false;
+    } else {
+        painter.translate(place.topLeft());
+        paintPicture(painter, picture_, place.width());
+        painter.translate(-place.topLeft());
+    }
+    painter.setPen(QPen(borderColor(palette()), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+    const QRectF place = square();
+    if (!onMouseMove || place.width() <= 0) return;
+    const int button = (event->buttons() & Qt::LeftButton ? 1 : 0) + (event->buttons() & Qt::RightButton ? 2 : 0) +
+                       (event->buttons() & Qt::MiddleButton ? 4 : 0);
+    const int shift = (event->modifiers() & Qt::ShiftModifier ? 1 : 0) +
+                      (event->modifiers() & Qt::ControlModifier ? 2 : 0) +
+                      (event->modifiers() & Qt::AltModifier ? 4 : 0);
+    const double across = (event->position().x() - place.x()) / place.width();
+    const double down = (event->position().y() - place.y()) / place.height();
+    onMouseMove(button, shift, picture_.Left() + across * (picture_.Right() - picture_.Left()),
+                picture_.Top() + down * (picture_.Bottom() - picture_.Top()));
+}
+
+}  // namespace verlink::desktop

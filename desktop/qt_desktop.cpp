@@ -1,0 +1,198 @@
+// How windows, waiting and the small services of the desktop are done in Qt.
+#include "desktop/qt_desktop.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QLocale>
+#include <QPrinter>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QWindow>
+#include <algorithm>
+
+#include "core/linkage_model.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/file_type.h"
+#include "desktop/form.h"
+#include "desktop/messages.h"
+#include "desktop/pace.h"
+#include "desktop/printing.h"
+#include "desktop/text.h"
+
+namespace verlink::desktop {
+
+using namespace platform;
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() { discardForms(); }
+
+Form& QtDesktop::formOf(Screen& screen) {
+    std::unique_ptr<Form>& form = forms_[&screen];
+    if (!form) form = std::make_unique<Form>(screen);
+    return *form;
+}
+
+void QtDesktop::discardForms() {
+    shown_.clear();
+    forms_.clear();
+}
+
+Form* QtDesktop::top() const { return shown_.empty() ? nullptr : shown_.back(); }
+
+namespace {
+
+/// While a dialog waits for the user, the hourglass of a run that asked for it would be a lie.
+class PlainPointer {
+   public:
+    explicit PlainPointer(bool needed) : needed_(needed) {
+        if (needed_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PlainPointer() {
+        if (needed_) QApplication::restoreOverrideCursor();
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+   private:
+    bool needed_;
+};
+
+}  // namespace
+
+Answer QtDesktop::Show_Message(const Message& message) {
+    const PlainPointer pointer(hourglass_);
+    return showMessage(top(), message);
+}
+
+QString QtDesktop::startFolder() const {
+    const QFileInfo path(toQt(Model.FilePath));
+    if (!Model.FilePath.empty()) {
+        if (path.isDir()) return path.absoluteFilePath();
+        if (path.dir().exists()) return path.dir().absolutePath();
+    }
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+std::optional<std::string> QtDesktop::Ask_Open_File(const FileDialog& dialog) {
+    const PlainPointer pointer(hourglass_);
+    return askOpenFile(top(), dialog, startFolder());
+}
+
+std::optional<std::string> QtDesktop::Ask_Save_File(const FileDialog& dialog) {
+    const PlainPointer pointer(hourglass_);
+    return askSaveFile(top(), dialog, startFolder());
+}
+
+QPrinter& QtDesktop::printer() {
+    if (!printer_) printer_ = makePrinter();
+    return *printer_;
+}
+
+bool QtDesktop::Ask_Printer() {
+    const PlainPointer pointer(hourglass_);
+    countInterruption();
+    const std::string name = top() ? top()->screen().Name() : std::string("Verlink");
+    return askPrinter(top(), printer(), toQt(Documents_Folder() + "/VERLINK"), toQt(name));
+}
+
+void QtDesktop::Print_Screen(Screen& screen) {
+    if (!printWidget(printer(), formOf(screen))) Raise(kPrinterError);
+}
+
+void QtDesktop::Show_Window(Screen& screen) {
+    countInterruption();
+    Form& form = formOf(screen);
+    if (form.isVisible() && top() != &form) form.hide();
+    std::erase(shown_, &form);
+    form.applyShape();
+    if (!form.isVisible()) {
+        // Only a window over others is modal: a lone one keeps all that the window manager offers.
+        form.setWindowModality(shown_.empty() ? Qt::NonModal : Qt::ApplicationModal);
+        form.winId();
+        form.windowHandle()->setTransientParent(top() ? top()->windowHandle() : nullptr);
+    }
+    shown_.push_back(&form);
+    form.show();
+    form.raise();
+    form.activateWindow();
+}
+
+void QtDesktop::Hide_Window(Screen& screen) {
+    Form& form = formOf(screen);
+    std::erase(shown_, &form);
+    form.hide();
+    if (Form* below = top()) below->activateWindow();
+    endShowings();
+}
+
+void QtDesktop::Serve_Events(Screen&, const std::function<bool()>& done) {
+    QEventLoop loop;
+    showings_.push_back({&loop, done});
+    while (!done() && !Ending()) {
+        if (loop.exec() == 0) continue;
+        // The session is going down, and no loop waits any more.
+        if (!done()) End_Process();
+    }
+    showings_.pop_back();
+}
+
+void QtDesktop::endShowings() {
+    for (const Showing& showing : showings_)
+        if (Ending() || showing.done()) showing.loop->quit();
+}
+
+void QtDesktop::On_Ending() {
+    for (Form* form : shown_) form->hide();
+    shown_.clear();
+    endShowings();
+}
+
+void QtDesktop::Set_Pointer(Pointer pointer) {
+    const bool wanted = pointer == Pointer::kHourglass;
+    if (wanted == hourglass_) return;
+    hourglass_ = wanted;
+    if (hourglass_)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+DisplaySize QtDesktop::Display() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double twips = Form::twipsPerPixel();
+    const QSize available = screen->availableGeometry().size();
+    const QSize whole = screen->geometry().size();
+    return {std::lround(available.width() * twips), std::lround(available.height() * twips), whole.width(),
+            whole.height()};
+}
+
+void QtDesktop::Pause(std::chrono::nanoseconds pause) { pauseFrame(pause); }
+
+std::string QtDesktop::Session_User() {
+    if (const passwd* user = ::getpwuid(::getuid()); user && user->pw_name) return user->pw_name;
+    return qEnvironmentVariable("USER").toStdString();
+}
+
+std::string QtDesktop::Documents_Folder() {
+    return fromQt(QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
+}
+
+std::string QtDesktop::Program_Folder() { return fromQt(QCoreApplication::applicationDirPath()); }
+
+std::string QtDesktop::Date_Text() {
+    return fromQt(QLocale::c().toString(QDate::currentDate(), QStringLiteral("M/d/yyyy")));
+}
+
+std::string QtDesktop::Time_Text() {
+    return fromQt(QLocale::c().toString(QTime::currentTime(), QStringLiteral("h:mm:ss AP")));
+}
+
+void QtDesktop::Register_File_Type(const FileType& type) { registerFileType(type); }
+
+}  // namespace verlink::desktop

@@ -1,0 +1,31 @@
+// The process of the tests with real widgets: a Qt application on the platform that needs no display.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+/// The offscreen platform says at each window that it takes no size hints; everything else is worth reading.
+void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (text.contains(QStringLiteral("propagateSizeHints"))) return;
+    std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
+    if (type == QtFatalMsg) std::abort();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(testing::TempDir()));
+    qInstallMessageHandler(Log);
+    testing::InitGoogleTest(&argc, argv);
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
+    return RUN_ALL_TESTS();
+}

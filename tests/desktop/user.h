@@ -1,0 +1,64 @@
+// The user of real windows: finds widgets, presses, types, and answers dialogs as they come up.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "desktop/form.h"
+#include "desktop/qt_desktop.h"
+
+class QMessageBox;
+
+namespace verlink::test {
+
+/// A fresh record, fresh screens and a Qt desktop, with the home of the user's files in a folder of its own.
+class DesktopTest : public testing::Test {
+   protected:
+    DesktopTest();
+    ~DesktopTest() override;
+
+    std::string Path(const std::string& name) const { return folder_ + "/" + name; }
+
+    /// Queues what the user does once a window is active in which he is not yet busy: a message, a dialog or a
+    /// screen. Deeds are done in order, each when the event loop comes round with a new active window, or at once
+    /// when `same_window` says that the deed goes on where the last one ended.
+    void Then(const std::string& window, std::function<void(QWidget&)> deed);
+    /// The next window is a message with this text; the button of this text is pressed.
+    void ThenMessage(const std::string& text, QString button);
+
+    template <class Widget>
+    static Widget& Find(QWidget& window, const char* name) {
+        auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
+        if (!found) throw std::runtime_error(std::string("no widget ") + name);
+        return *found;
+    }
+    static void Click(QWidget& window, const char* button);
+    static void Type(QWidget& window, const char* box, const QString& text);
+
+    desktop::QtDesktop qt;
+
+   private:
+    void Poll();
+
+    struct Deed {
+        std::string window;
+        std::function<void(QWidget&)> act;
+    };
+    std::string folder_;
+    std::deque<Deed> deeds_;
+    QTimer poll_;
+    QWidget* puzzling_ = nullptr;  ///< a window that nothing queued is for
+    int puzzled_ = 0;
+    bool posted_ = false;
+};
+
+}  // namespace verlink::test
