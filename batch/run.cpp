@@ -1,0 +1,92 @@
+// How a model is run without boxes: the limits are checked where they lie.
+#include "batch/run.h"
+
+#include <cmath>
+
+#include "batch/csv.h"
+#include "core/linkage_model.h"
+#include "core/parameters.h"
+#include "core/runs.h"
+#include "platform/desktop.h"
+
+namespace verlink {
+
+using platform::Icon;
+using platform::Tell;
+
+namespace {
+
+bool Take_Angle_Limits() {
+    if (!(Model.ThetaStart < Model.ThetaEnd)) {
+        Tell(kBadAngleRange, Icon::kExclamation);
+        return false;
+    }
+    if (Model.ThetaStep <= 0.0) {
+        Tell(kBadAngleStep);
+        return false;
+    }
+    const Single range = std::abs(Model.ThetaEndRad - Model.ThetaStartRad);
+    if (Single(0.98 * Model.ThetaStepRad) >= range) {
+        Tell(kAnglesTooClose, Icon::kExclamation);
+        return false;
+    }
+    const double steps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
+    if (steps > kLastStep) {
+        Tell(Too_Many_Steps("angle", "Delta Theta"));
+        return false;
+    }
+    Model.NSteps = steps;
+    return true;
+}
+
+bool Take_Time_Limits() {
+    if (!(Model.TimeStart < Model.TimeEnd)) {
+        Tell(kBadTimeRange, Icon::kExclamation);
+        return false;
+    }
+    if (Model.TimeStep <= 0.0) {
+        Tell(kBadTimeStep);
+        Model.TimeStep = std::abs(Model.TimeStep);
+    }
+    const double steps =
+        Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
+    if (steps > kLastStep) {
+        // The screen says so when it reads the limits, and again when it is to run.
+        Tell(Too_Many_Steps("time", "Delta Time"));
+        Tell(Too_Many_Steps("time", "Delta Time or Reduce Finish Time"));
+        return false;
+    }
+    Model.NSteps = steps;
+    return true;
+}
+
+}  // namespace
+
+void Take_Geometry() {
+    for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa}) Check_Positive(*length);
+    if (Model.PolarCoords) Check_Positive(Model.L1);
+    Derive_Geometry();
+}
+
+bool Run_Model() {
+    if (Model.Calctype == 2 && !Take_Time_Limits()) return false;
+    if (Model.Calctype == 3 && !Take_Angle_Limits()) return false;
+    Take_Geometry();
+    Model.Calculated = false;
+    Integer Result = kRetrying;
+    if (Model.Calctype > 3) {
+        Imported_Run(Result);
+        return Model.NSteps >= 0;
+    }
+    Calc_Setup(Model.Calctype, Result);
+    return Model.Grashof_Code != "NL";
+}
+
+bool Tell_Of_Gaps(std::ostream& notes) {
+    const int closed = Model.Calculated ? Closed_Positions() : 0;
+    const int all = Model.NSteps + 1;
+    if (closed < all) notes << "verlink-batch: " << all - closed << " of " << all << " positions do not close\n";
+    return closed > 0;
+}
+
+}  // namespace verlink
