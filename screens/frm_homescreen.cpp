@@ -1,6 +1,7 @@
 // The hub: menus, the row of buttons, the status panel, the present linkage.
 #include "screens/frm_homescreen.h"
 
+#include "animation/engine.h"
 #include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
@@ -129,6 +130,21 @@ void frm_HomeScreen::Show_Linkage() {
     Picture1.Visible = Model.Calculated;
     lbl_Name.Visible = !Model.Calculated;
     lbl_Advice.Visible = !Model.Calculated;
+    if (!Model.Calculated) return;
+    int step = 0;
+    while (step < Model.NSteps && !Model.RunTable.Assembled(step)) ++step;
+    // This picture has settings of its own; the user's, and the window that the animate screen drags in, stay.
+    const DisplaySettings settings = Model;
+    const AnimationState state = Model;
+    Model.HideLinksFlag = Model.TraceFlag = "N";
+    Model.ShowCouplerFlag = "Y";
+    Model.ShowCentrodesFlag = "N";
+    Model.ZoomFactor = 1;
+    Autoscale();
+    Animate_Setup(*this);
+    DrawLinkage(*this, step);
+    static_cast<DisplaySettings&>(Model) = settings;
+    static_cast<AnimationState&>(Model) = state;
 }
 
 void frm_HomeScreen::cmd_Input_Click() {

@@ -107,7 +107,8 @@ class frm_HomeScreen : public platform::Screen {
     Button cmd_Balance{*this, "cmd_Balance", "&Balance"};
     Button cmd_Quit{*this, "cmd_Quit", "&Quit"};
 
-    /// The present linkage at step 0 while the model is calculated; the two labels are there when it is not.
+    /// The present linkage at its first position that closes while the model is calculated; the two labels are there
+    /// when it is not.
     platform::PictureBox Picture1{*this, "Picture1"};
     platform::Label lbl_Name{*this, "lbl_Name", "Verlink"};
     platform::Label lbl_Advice{*this, "lbl_Advice",
