@@ -1,0 +1,27 @@
+// The groups that the input and animate screens share.
+#pragma once
+
+#include <QtGlobal>
+
+class QLayout;
+class QWidget;
+
+namespace verlink::desktop {
+
+class Form;
+
+/// Lengths of links 2 to 4 and the coupler point.
+QWidget* linkageData(Form& form);
+/// Link 1 in its two forms, side by side, under the options that choose one.
+QLayout* groundLink(Form& form);
+/// "Circuit": its two options in one row.
+QWidget* circuit(Form& form);
+/// "Grashof Condition" and, in its place below, "Toggles at +/-".
+QWidget* grashof(Form& form);
+QWidget* toggles(Form& form);
+/// The scroll bar over the steps with its legends under it.
+QLayout* stepBar(Form& form);
+/// What a shift-drag changes, under a drawing.
+QLayout* shiftDrag(Form& form, QWidget* before, QWidget* after);
+
+}  // namespace verlink::desktop

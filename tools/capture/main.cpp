@@ -1,0 +1,201 @@
+// Walks through the program as a user would and saves a picture of each screen on the way.
+//
+//     verlink-capture FOLDER
+//
+// The user's folders are temporary ones, so that nothing of the real user is touched.
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/linkage_model.h"
+#include "desktop/form.h"
+#include "desktop/qt_desktop.h"
+#include "screens/register.h"
+#include "shell/startup.h"
+
+using namespace verlink;
+using platform::Screen;
+
+namespace {
+
+/// One stop of the walk: wait for a screen, do something on it, let it settle, save its picture under a name.
+struct Stop {
+    std::string screen;
+    std::string picture;  ///< empty: none
+    std::function<void(Screen&)> act;
+    int settle_ms = 120;
+};
+
+void Press(Screen& screen, const char* button) {
+    auto& control = screen.Get<platform::CommandButton>(button);
+    control.SetFocus();
+    control.Click();
+}
+
+void Fill(Screen& screen, const char* box, int index, const char* text) {
+    screen.Text(box, index).SetFocus();
+    screen.Text(box, index).Text = text;
+}
+
+void Tick(Screen& screen, const char* box, bool on) { screen.Get<platform::CheckBox>(box).Value = on; }
+
+/// Press button 1 with shift and move over the drawing, at a place given in parts of its width and height.
+void Drag(Screen& screen, double across, double down) {
+    auto& box = screen.Get<platform::PictureBox>("Picture1");
+    const auto& picture = box.Drawing();
+    box.OnMouseMove(1, 1, picture.Left() + across * (picture.Right() - picture.Left()),
+                    picture.Top() + down * (picture.Bottom() - picture.Top()));
+}
+
+std::vector<Stop> Walk() {
+    return {
+        {"frm_Title", "title", {}, 200},
+        {"frm_Title", "", [](Screen& s) { Press(s, "cmd_Start"); }},
+        {"frm_User", "user", [](Screen& s) { Fill(s, "txt_UserName", platform::kNoIndex, "A. Designer"); }},
+        {"frm_User", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "home-empty", {}, 300},
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Input"); }},
+        {"frm_Inputnew", "", [](Screen& s) { s.Get<platform::OptionButton>("opt_Calctype", 3).Value = true; }, 500},
+        {"frm_Inputnew", "", [](Screen& s) { Fill(s, "txt_initial", 2, "5"); }},
+        {"frm_Inputnew", "input", [](Screen& s) { Press(s, "cmd_Calc"); }},
+        {"frm_Inputnew", "input-time",
+         [](Screen& s) {
+             s.Get<platform::OptionButton>("opt_Calctype", 2).Value = true;
+             Press(s, "cmd_Calc");
+         }},
+        {"frm_Inputnew", "",
+         [](Screen& s) {
+             s.Get<platform::OptionButton>("opt_Calctype", 3).Value = true;
+             Fill(s, "txt_initial", 0, "0");
+             Fill(s, "txt_initial", 1, "360");
+             Fill(s, "txt_initial", 2, "2");
+             Press(s, "cmd_Calc");
+         }},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 500},
+        {"frm_Animate", "animate",
+         [](Screen& s) {
+             for (int i = 0; i < 30; ++i) Press(s, "cmd_Step");
+         }},
+        {"frm_Animate", "animate-centrodes",
+         [](Screen& s) {
+             Tick(s, "chk_Centrodes", true);
+             Tick(s, "chk_CouplerLines", true);
+             s.Get<platform::ScrollBar>("hsc_speed").SetValue(32767);
+             Press(s, "cmd_Animate");
+         }},
+        {"frm_Animate", "animate-drag",
+         [](Screen& s) {
+             Tick(s, "chk_Centrodes", false);
+             Tick(s, "chk_CouplerLines", false);
+             Drag(s, 0.62, 0.30);
+             Drag(s, 0.60, 0.28);
+         }},
+        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "home", {}, 300},
+        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},
+        {"frm_About", "about", {}, 200},
+        {"frm_About", "", [](Screen& s) { s.Hide(); }},
+        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_Manual").Click(); }},
+        {"frm_Help", "help", {}, 300},
+        {"frm_Help", "", [](Screen& s) { s.Hide(); }},
+        {"frm_HomeScreen", "",
+         [](Screen& s) {
+             Model.SavedFlag = true;  // no question about saving on this walk
+             Press(s, "cmd_Quit");
+         }},
+        {"frm_Quit", "quit", {}, 200},
+        {"frm_Quit", "", [](Screen& s) { Press(s, "cmd_YesQuit"); }},
+    };
+}
+
+class Walker {
+   public:
+    Walker(desktop::QtDesktop& desktop, QDir folder) : desktop_(desktop), folder_(std::move(folder)), stops_(Walk()) {}
+
+    void Start() { Later(300); }
+    bool Done() const { return next_ >= stops_.size(); }
+
+   private:
+    void Later(int ms) {
+        QTimer::singleShot(ms, [this] { Go(); });
+    }
+
+    void Save(QWidget& widget, const std::string& name) {
+        const QString path = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
+        if (!widget.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    }
+
+    void Go() {
+        if (Done()) return;
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            std::printf("message: %s\n", qPrintable(box->text()));
+            Save(*box, "message-" + std::to_string(++messages_));
+            Later(50);
+            box->button(box->standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
+            return;
+        }
+        const Stop& stop = stops_[next_];
+        Screen* active = Screen::Active();
+        if (!acted_ && (!active || active->Name() != stop.screen)) {
+            if (++waits_ > 100) {
+                std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
+                std::exit(1);
+            }
+            Later(50);
+            return;
+        }
+        waits_ = 0;
+        if (!acted_) {
+            acted_ = true;
+            Later(stop.settle_ms);  // before the deed, which may show a screen and not return
+            if (stop.act) stop.act(*active);
+            return;
+        }
+        acted_ = false;
+        ++next_;
+        if (!stop.picture.empty() && active) Save(desktop_.formOf(*active), stop.picture);
+        Later(20);
+    }
+
+    desktop::QtDesktop& desktop_;
+    QDir folder_;
+    std::vector<Stop> stops_;
+    std::size_t next_ = 0;
+    bool acted_ = false;
+    int waits_ = 0;
+    int messages_ = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: verlink-capture FOLDER\n", stderr);
+        return 2;
+    }
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DOCUMENTS_DIR"}) qunsetenv(name);
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(QStringLiteral("."));
+
+    desktop::QtDesktop desktop;
+    platform::Use_Desktop(&desktop);
+    Register_Screens();
+    Walker walker(desktop, folder);
+    walker.Start();
+    Sub_Main("");
+    desktop.discardForms();
+    platform::Screens::Discard();
+    return walker.Done() ? 0 : 1;
+}
