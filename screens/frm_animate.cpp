@@ -206,9 +206,8 @@ void frm_Animate::Fill_By_Calctype() {
     ShowCamDriven = mode >= 4;
 }
 
-void frm_Animate::Form_QueryUnload(bool& cancel) {
-    cancel = false;
-    Leave();
+void frm_Animate::Form_Unload() {
+    Guarded("frm_Animate.Unload", [&] { Leave(); });
 }
 
 void frm_Animate::Leave() {

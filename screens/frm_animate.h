@@ -12,7 +12,7 @@ class frm_Animate : public platform::Screen {
     frm_Animate();
 
     void Form_Activate() override;
-    void Form_QueryUnload(bool& cancel) override;
+    void Form_Unload() override;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};

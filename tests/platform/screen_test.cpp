@@ -1,0 +1,157 @@
+// Showing, hiding and activation of screens, nested as the program nests them.
+#include "platform/screen.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/scripted_desktop.h"
+
+namespace verlink::test {
+namespace {
+
+using platform::Screen;
+using platform::Screens;
+
+std::vector<std::string> events;
+
+struct Told : Screen {
+    explicit Told(const std::string& name) : Screen(name) {}
+    void Form_Activate() override { events.push_back("activate " + Name()); }
+    void Form_QueryUnload(bool& cancel) override {
+        events.push_back("query " + Name());
+        cancel = keep;
+    }
+    void Form_Unload() override { events.push_back("unload " + Name()); }
+    bool keep = false;
+};
+
+class ScreenTest : public testing::Test {
+   protected:
+    ScreenTest() {
+        events.clear();
+        for (const char* name : {"frm_A", "frm_B", "frm_C"})
+            Screens::Register(name, [name] { return std::make_unique<Told>(name); });
+    }
+    ~ScreenTest() override {
+        Screens::Discard();
+        for (const char* name : {"frm_A", "frm_B", "frm_C"}) Screens::Register(name, nullptr);
+    }
+    static Told& The(const char* name) { return static_cast<Told&>(Screens::Get(name)); }
+    using Events = std::vector<std::string>;
+
+    ScriptedDesktop desktop;
+};
+
+TEST_F(ScreenTest, AScreenIsMadeOnFirstUseAndKept) {
+    EXPECT_TRUE(Screens::Knows("frm_A"));
+    EXPECT_FALSE(Screens::Knows("frm_Z"));
+    EXPECT_TRUE(Screens::Made().empty());
+    Screen& made = Screens::Get("frm_A");
+    EXPECT_EQ(&Screens::Get("frm_A"), &made);
+    EXPECT_EQ(Screens::Made(), std::vector<Screen*>{&made});
+    EXPECT_EQ(Screens::Find("frm_Z"), nullptr);
+    EXPECT_THROW(Screens::Get("frm_Z"), platform::RuntimeFailure);
+}
+
+TEST_F(ScreenTest, AShowingReturnsWhenTheScreenIsHidden) {
+    desktop.Expect_Screen("frm_A", [](Screen& screen) {
+        EXPECT_TRUE(screen.Visible());
+        EXPECT_EQ(Screen::Active(), &screen);
+        screen.Hide();
+    });
+    The("frm_A").ShowModal();
+    EXPECT_FALSE(The("frm_A").Visible());
+    EXPECT_EQ(Screen::Active(), nullptr);
+    EXPECT_EQ(events, Events{"activate frm_A"});
+}
+
+TEST_F(ScreenTest, TheScreenBelowIsActivatedAgainWhenTheChildCloses) {
+    desktop.Expect_Screen("frm_A", [](Screen& a) {
+        The("frm_B").ShowModal();
+        EXPECT_EQ(Screen::Active(), &a);
+        a.Hide();
+    });
+    desktop.Expect_Screen("frm_B", [](Screen& b) { b.Hide(); });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_A"}));
+}
+
+TEST_F(ScreenTest, AScreenThatHidesItselfBeforeItShowsAnotherLeavesTheChainClean) {
+    // Input to animate: the first showing returns only after the second screen has been left.
+    desktop.Expect_Screen("frm_A", [](Screen& a) {
+        a.Hide();
+        The("frm_B").ShowModal();
+        EXPECT_FALSE(a.Visible());
+    });
+    desktop.Expect_Screen("frm_B", [](Screen& b) { b.Hide(); });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B"}));
+    EXPECT_EQ(Screen::Active(), nullptr);
+}
+
+TEST_F(ScreenTest, AScreenMayBeShownAgainWhileAnEarlierShowingHasNotReturned) {
+    // From A to B and back to A, then on: all three showings end.
+    desktop.Expect_Screen("frm_A", [](Screen& a) {
+        a.Hide();
+        The("frm_B").ShowModal();
+    });
+    desktop.Expect_Screen("frm_B", [](Screen& b) {
+        b.Hide();
+        The("frm_A").ShowModal();
+        EXPECT_FALSE(The("frm_A").Visible());
+    });
+    desktop.Expect_Screen("frm_A", [](Screen& a) {
+        EXPECT_TRUE(a.Visible());
+        a.Hide();
+    });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(The("frm_A").Hidings(), 2);
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_A"}));
+}
+
+TEST_F(ScreenTest, HidingAScreenThatIsNotShownDoesNothing) {
+    The("frm_A").Hide();
+    EXPECT_EQ(The("frm_A").Hidings(), 0);
+}
+
+TEST_F(ScreenTest, ClosingTheWindowAsksFirst) {
+    desktop.Expect_Screen("frm_A", [](Screen& a) {
+        The("frm_A").keep = true;
+        a.Close();
+        EXPECT_TRUE(a.Visible());
+        The("frm_A").keep = false;
+        a.Close();
+        EXPECT_FALSE(a.Visible());
+    });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(events, (Events{"activate frm_A", "query frm_A", "query frm_A", "unload frm_A"}));
+}
+
+TEST_F(ScreenTest, NothingIsShownOnceTheProcessIsEnding) {
+    desktop.Expect_Screen("frm_A", [](Screen&) {
+        The("frm_B").ShowModal();
+        EXPECT_TRUE(platform::The_Desktop().Ending());
+        The("frm_C").ShowModal();
+    });
+    desktop.Expect_Screen("frm_B", [](Screen&) { platform::The_Desktop().End_Process(); });
+    The("frm_A").ShowModal();
+    EXPECT_FALSE(The("frm_C").Visible());
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B"}));
+}
+
+TEST_F(ScreenTest, SizeAndCaptionAreWatched) {
+    int told = 0;
+    Screen& screen = The("frm_A");
+    screen.ShapeWatcher() = [&] { ++told; };
+    screen.Width() = 5000;
+    screen.Width() = 5000;
+    screen.Caption() = "Title";
+    EXPECT_EQ(told, 2);
+    EXPECT_TRUE(screen.Controls().empty());
+}
+
+}  // namespace
+}  // namespace verlink::test
