@@ -55,6 +55,23 @@ class Descriptor {
     int number_;
 };
 
+/// The path with a link at its end followed to what it names, whether that is there or not.
+std::string Followed(const std::string& path) {
+    constexpr int kMostLinks = 40;
+    std::error_code none;
+    std::filesystem::path target = path;
+    for (int links = 0; std::filesystem::is_symlink(target, none); ++links) {
+        if (links == kMostLinks) Raise(kBadFileName);
+        target = target.parent_path() / std::filesystem::read_symlink(target, none);
+    }
+    return target.string();
+}
+
+/// A name in the same folder for `mkostemp`, short enough whatever the file's own name.
+std::string Beside(const std::string& target) {
+    return (std::filesystem::path(target).parent_path() / ".verlink-XXXXXX").string();
+}
+
 }  // namespace
 
 std::string Read_File(const std::string& path) {
@@ -72,12 +89,7 @@ std::string Read_File(const std::string& path) {
 }
 
 void Write_File(const std::string& path, const std::string& content) {
-    std::error_code none;
-    std::string target = path;
-    if (std::filesystem::is_symlink(path, none)) {
-        const auto real = std::filesystem::weakly_canonical(path, none);
-        if (!none) target = real.string();
-    }
+    const std::string target = Followed(path);
     struct stat old {};
     const bool replaces = ::stat(target.c_str(), &old) == 0;
     if (replaces && S_ISDIR(old.st_mode)) Raise(kPathAccess);
@@ -95,7 +107,7 @@ void Write_File(const std::string& path, const std::string& content) {
     }
     if (replaces && ::access(target.c_str(), W_OK) != 0) Raise(Number_Of(errno, true));
 
-    std::string beside = target + ".XXXXXX";
+    std::string beside = Beside(target);
     Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
     if (file.Number() < 0) Raise(Number_Of(errno, true));
     const auto fail = [&](int error) {
@@ -106,12 +118,14 @@ void Write_File(const std::string& path, const std::string& content) {
     while (done < content.size()) {
         const ssize_t count = ::write(file.Number(), content.data() + done, content.size() - done);
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) fail(errno);
+        if (count <= 0) fail(count < 0 ? errno : ENOSPC);
         done += static_cast<std::size_t>(count);
     }
     const mode_t mask = ::umask(0);
     ::umask(mask);
     const mode_t mode = replaces ? (old.st_mode & 07777) : (0666 & ~mask);
+    // The owner stays too where the system allows it; a file of another's that may be written is saved all the same.
+    [[maybe_unused]] const bool same_owner = replaces && ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
     if (::fchmod(file.Number(), mode) != 0 || ::fsync(file.Number()) != 0 || file.Close() != 0) fail(errno);
     if (::rename(beside.c_str(), target.c_str()) != 0) fail(errno);
 }

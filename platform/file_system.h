@@ -13,7 +13,8 @@ namespace verlink::platform {
 std::string Read_File(const std::string& path);
 
 /// Writes beside the file, flushes to the device, and renames over it. On failure nothing is left behind and the
-/// old file is whole. A link is followed, so that the file it names is replaced; the old file's permissions stay.
+/// old file is whole. A link is followed, so that the file it names is replaced; the old file's permissions stay, and
+/// its owner where the system allows it. A device is written to.
 void Write_File(const std::string& path, const std::string& content);
 
 bool File_Exists(const std::string& path);
