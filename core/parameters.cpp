@@ -192,6 +192,11 @@ void Read_Flag(Screen& screen, const char* box, Flag& flag, bool ticked_is_yes =
 
 }  // namespace
 
+std::string Too_Many_Steps(const char* kind, const char* advice) {
+    return std::string("Your ") + kind + " steps are too small - Have > " + Text_Of(kLastStep) + " Points - Increase " +
+           advice;
+}
+
 void Check_Positive(Single& length) {
     if (length >= 0.0) return;
     Tell("Link lengths must be positive - Have changed to positive value - Please check your data", Icon::kExclamation);
@@ -314,13 +319,14 @@ void Put_Time_Initial_Conditions(Screen& screen) {
         Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
         Show(screen, "txt_initial", 1, Text_Of(Model.TimeEnd));
         Show(screen, "txt_initial", 2, Text_Of(Model.TimeStep));
-        Show(screen, "txt_initial", 4, Text_Of(Model.Alpha2));
+        const bool link_driven = Model.Calctype == 5;
+        Show(screen, "txt_initial", 4, Text_Of(link_driven ? Model.Delta2 : Model.Alpha2));
         Caption_Line(screen, 0, "Start Time", "sec");
         Caption_Line(screen, 1, "End Time", "sec");
         Caption_Line(screen, 2, "Delta Time", "sec");
         Caption_Line(screen, 3, "Omega Zero", "rad/s");
-        Caption_Line(screen, 4, "Alpha2", "rad/s^2");
-        Caption_Line(screen, 5, "ThetaZero", "deg");
+        Caption_Line(screen, 4, link_driven ? "Delta 2" : "Alpha2", link_driven ? "deg" : "rad/s^2");
+        Caption_Line(screen, 5, Model.Calctype < 4 ? "ThetaZero" : "Thetazero", "deg");
         Caption_Read_Out("Time", "sec");
     });
 }

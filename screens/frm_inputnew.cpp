@@ -1,6 +1,10 @@
 // The input screen: what its controls say and how they start.
 #include "screens/frm_inputnew.h"
 
+#include "animation/engine.h"
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+
 namespace verlink {
 
 frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
@@ -19,6 +23,22 @@ frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
     cmd_Done.Enabled = false;
     fra_toggle.Visible = false;
 
+    mnu_Cognate.Enabled = platform::Screens::Knows("frm_Cayley");
+    Set_Palette();
+    for (auto& box : txt_Linkout) box->BackColor = Model.ColorYellow;
+    for (int derived : {0, 6}) txt_Linkout[derived].BackColor = Model.ColorCyan;
+    for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
+    txt_Thetazero.BackColor = Model.ColorYellow;
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+
+    Write_Tips();
+    Bind_Boxes();
+    Bind_Choices();
+    Bind_Actions();
+}
+
+void frm_Inputnew::Write_Tips() {
     txt_Linkout[1].Tip = "Length of link 2, the crank, from O2 to A, in the length unit shown";
     txt_Linkout[2].Tip = "Length of link 3, the coupler, from A to B, in the length unit shown";
     txt_Linkout[3].Tip = "Length of link 4, the rocker, from O4 to B, in the length unit shown";
@@ -61,6 +81,49 @@ frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
     cmd_Done.Tip = "Take the linkage over and go on; calculate first";
 }
 
-void frm_Inputnew::Form_Activate() {}
+void frm_Inputnew::Bind_Boxes() {
+    const auto select = [](platform::TextBox& box) { box.SelectAll(); };
+    txt_Linkout.On(&platform::Visual::OnGotFocus, [this, select](int i) { select(txt_Linkout[i]); });
+    txt_Linkout.On(&platform::Visual::OnLostFocus, [this](int i) { txt_Linkout_LostFocus(i); });
+    txt_Linkout.On(&platform::TextBox::OnReturn, [this](int i) { txt_Linkout_LostFocus(i); });
+    txt_Linkout.OnTextChange([this](int i) { txt_Linkout_Change(i); });
+    txt_initial.On(&platform::Visual::OnGotFocus, [this, select](int i) { select(txt_initial[i]); });
+    txt_initial.On(&platform::Visual::OnLostFocus, [this](int i) { txt_initial_LostFocus(i); });
+    txt_initial.On(&platform::TextBox::OnReturn, [this](int i) { txt_initial_LostFocus(i); });
+    txt_initial.OnTextChange([this](int) { Edited = Edited || !Loading; });
+    txt_Thetazero.OnGotFocus = [this, select] { select(txt_Thetazero); };
+    txt_Thetazero.OnLostFocus = txt_Thetazero.OnReturn = [this] { txt_Thetazero_LostFocus(); };
+    txt_Thetazero.Text.Event = [this] { Edited = Edited || !Loading; };
+}
+
+void frm_Inputnew::Bind_Choices() {
+    opt_Polar.On(&platform::OptionButton::OnClick, [this](int i) { opt_Polar_Click(i); });
+    opt_Calctype.On(&platform::OptionButton::OnClick, [this](int i) { opt_Calctype_Click(i); });
+    opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int i) { opt_OpenCross_Click(i); });
+    opt_Modulo.On(&platform::OptionButton::OnClick, [this](int i) { opt_Modulo_Click(i); });
+    opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int i) { opt_Shift_Drag_Click(i); });
+    chk_autocalc.OnClick = [this] { chk_autocalc_Click(); };
+}
+
+void frm_Inputnew::Bind_Actions() {
+    cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
+    cmd_Step.OnClick = [this] { cmd_Step_Click(); };
+    cmd_Reset.OnClick = [this] { cmd_Reset_Click(); };
+    cmd_Animate.OnClick = [this] { cmd_Animate_Click(); };
+    cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
+    cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    hsc_step.OnChange = [this] { hsc_step_Change(); };
+    hsc_step.OnScroll = [this] { hsc_step_Scroll(); };
+    mnu_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
+    mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
+    mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
+    mnu_Minus.OnClick = [this] { mnu_Minus_Click(); };
+    mnu_Cog.On(&platform::MenuEntry::OnClick, [this](int i) { mnu_Cog_Click(i); });
+    mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
+    mnu_Linkage.OnClick = [this] { mnu_Linkage_Click(); };
+    mnu_Calculations.OnClick = [this] { mnu_Calculations_Click(); };
+    Timer1.OnTimer = [this] { Timer1_Timer(); };
+}
 
 }  // namespace verlink

@@ -13,6 +13,15 @@ class frm_Inputnew : public platform::Screen {
    public:
     frm_Inputnew();
     void Form_Activate() override;
+    void Form_QueryUnload(bool& cancel) override;
+
+    /// Takes the limits and speed of an angle run from the boxes and runs it. False when the limits are refused, with
+    /// a message, or the links can close nowhere: the model then keeps the limits it had, and nothing is run.
+    bool AngleStepDone(Integer& Result);
+    /// The same for time and one-position runs.
+    bool TimeStepDone(Integer& Result);
+    /// Runs the present mode again without reading a box, and shows the first position.
+    void Recalculate();
 
     // Menus.
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
@@ -111,6 +120,61 @@ class frm_Inputnew : public platform::Screen {
 
     platform::Timer Timer1{*this, "Timer1"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void txt_Linkout_Change(int Index);
+    void txt_Linkout_LostFocus(int Index);
+    void txt_initial_LostFocus(int Index);
+    void txt_Thetazero_LostFocus();
+    void opt_Polar_Click(int Index);
+    void opt_Calctype_Click(int Index);
+    void opt_OpenCross_Click(int Index);
+    void opt_Modulo_Click(int Index);
+    void opt_Shift_Drag_Click(int Index);
+    void chk_autocalc_Click();
+    void cmd_Calc_Click();
+    void cmd_Step_Click();
+    void cmd_Reset_Click();
+    void cmd_Animate_Click();
+    void cmd_PlotPrint_Click();
+    void cmd_Cancel_Click();
+    void cmd_Done_Click();
+    void hsc_step_Change();
+    void hsc_step_Scroll();
+    void mnu_Redraw_Click();
+    void mnu_Plus_Click();
+    void mnu_Normal_Click();
+    void mnu_Minus_Click();
+    void mnu_Cog_Click(int Index);
+    void mnu_Cayley_Click();
+    void mnu_Linkage_Click();
+    void mnu_Calculations_Click();
+    void Timer1_Timer();
+
+   private:
+    class Filling;
+
+    void Write_Tips();
+    void Bind_Boxes();
+    void Bind_Choices();
+    void Bind_Actions();
+    /// The mode's words, colours and visible boxes.
+    void Label_Mode();
+    /// The model's values in the boxes of the mode.
+    void Show_Values();
+    void Show_Toggles(bool shown);
+    void Invalidate();
+    void Disable_Ways_On();
+    /// One position in the picture; a step beyond the last may become 0.
+    void Draw_Position(Integer& step);
+    void Jump_To_Angle();
+    void Leave();
+    bool Run(Integer& Result);
+    bool Run_Setup(Integer& Result);
+
+    bool Edited = false;    ///< a box has been changed and not yet taken over
+    bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
+    bool AutoCalc = true;   ///< `chk_autocalc` is ticked
+    bool Loading = false;   ///< the screen is filling itself; events of options and boxes are to be ignored
 };
 
 }  // namespace verlink
