@@ -192,11 +192,6 @@ void Read_Flag(Screen& screen, const char* box, Flag& flag, bool ticked_is_yes =
 
 }  // namespace
 
-std::string Too_Many_Steps(const char* kind, const char* advice) {
-    return std::string("Your ") + kind + " steps are too small - Have > " + Text_Of(kLastStep) + " Points - Increase " +
-           advice;
-}
-
 void Check_Positive(Single& length) {
     if (length >= 0.0) return;
     Tell("Link lengths must be positive - Have changed to positive value - Please check your data", Icon::kExclamation);

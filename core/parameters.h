@@ -39,9 +39,6 @@ void Put_Time_Initial_Conditions(platform::Screen& screen);
 void Get_Circuit(platform::Screen& screen);
 void Put_Circuit(platform::Screen& screen);
 
-/// The refusal of a run with more steps than it can have; kind is "angle" or "time", advice what to change.
-std::string Too_Many_Steps(const char* kind, const char* advice);
-
 /// Negates a negative length, with a message.
 void Check_Positive(Single& length);
 
