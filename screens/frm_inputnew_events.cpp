@@ -92,6 +92,8 @@ void frm_Inputnew::Form_Activate() {
         Edited = false;
         // Results of this first calculation count only once the user has acted on them.
         Model.Calculated = false;
+        Refresh_Status();
+        Set_Menus();
     });
 }
 

@@ -159,8 +159,9 @@ TEST_F(HomeMenusTest, PickingAnotherUnitSystemConvertsTheModelAndShowsTheInputSc
     EXPECT_EQ(Model.Units, 5);
     EXPECT_EQ(Model.UnitLabel(6), "mm");
     // 1.115 * 0.0254 = 0.028321, kept to the 4 decimals of the new system.
-    EXPECT_EQ(Model.L2, Single(0.0283));
-    EXPECT_EQ(Model.LinkArray(2), Single(0.0283));
+    // The input screen has then calculated from its boxes, which hold 28.3.
+    EXPECT_NEAR(Model.L2, 0.0283, 1e-8);
+    EXPECT_NEAR(Model.LinkArray(2), 0.0283, 1e-8);
     EXPECT_TRUE(home.mnu_pick[5].Checked);
     EXPECT_FALSE(home.mnu_pick[1].Checked);
 }
