@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/button.h"
+#include "desktop/caption.h"
 #include "desktop/document_widget.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
@@ -73,21 +74,13 @@ void setIfOther(Text* widget, const QString& text) {
 }
 
 QWidget* make(Form& form, Label& control, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    auto back = [label, &control, last = kStyleColor]() mutable {
-        if (control.BackColor == last) return;
-        last = control.BackColor;
-        label->setAutoFillBackground(last != kStyleColor);
-        paintBack(label, QPalette::Window, last);
-    };
-    bind(form, control, label, [label, &control, back]() mutable {
+    auto* label = new Caption(parent);
+    const auto back = [label, &control] { label->setBack(backColor(control.BackColor, label->window()->palette())); };
+    bind(form, control, label, [label, &control, back] {
         setIfOther(label, lines(control.Caption));
         back();
     });
-    form.restyle.push_back([label, &control] {
-        if (control.BackColor != kStyleColor) paintBack(label, QPalette::Window, control.BackColor);
-    });
+    form.restyle.emplace_back(back);
     return label;
 }
 

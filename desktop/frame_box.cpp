@@ -31,6 +31,15 @@ QString FrameBox::title() const { return title_->text(); }
 
 void FrameBox::setContent(QLayout* content) { column_->addLayout(content, 1); }
 
+void FrameBox::setContentBeside(QLayout* content) {
+    column_->setContentsMargins(kInset, kGap - 2, kInset, kGap - 2);
+    column_->removeWidget(title_);
+    QHBoxLayout* strip = row();
+    strip->addWidget(title_);
+    strip->addLayout(content, 1);
+    column_->addLayout(strip, 1);
+}
+
 void FrameBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -16,6 +16,8 @@ class FrameBox : public QWidget {
     QString title() const;
     /// Puts a layout under the title; once.
     void setContent(QLayout* content);
+    /// The same, at the right of the title in one low strip.
+    void setContentBeside(QLayout* content);
 
    protected:
     void paintEvent(QPaintEvent* event) override;

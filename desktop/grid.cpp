@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/caption.h"
 #include "desktop/theme.h"
 
 namespace verlink::desktop {
@@ -96,12 +97,11 @@ QWidget* note(QWidget* label, bool wrapped) {
 }
 
 QWidget* readOut(QWidget* label, int letters) {
-    if (auto* text = qobject_cast<QLabel*>(label)) {
+    if (auto* text = dynamic_cast<Caption*>(label)) {
         text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        text->setContentsMargins(5, 3, 5, 3);
-        text->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain));
+        text->setLook(Caption::Look::kReadOut);
     }
-    label->setFixedWidth(widthOf(label, letters, u'0') + 14);
+    label->setFixedWidth(widthOf(label, letters, u'0') + 16);
     return label;
 }
 

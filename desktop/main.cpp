@@ -1,10 +1,10 @@
 // The entry of verlink: a desktop around the program.
 #include <QApplication>
-#include <QIcon>
 #include <QStyle>
 #include <QStyleFactory>
 #include <cstdio>
 
+#include "desktop/icons.h"
 #include "desktop/qt_desktop.h"
 #include "screens/register.h"
 #include "shell/startup.h"
@@ -32,9 +32,8 @@ int main(int argc, char** argv) {
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("verlink"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Verlink"));
     QApplication::setDesktopFileName(QStringLiteral("verlink"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/verlink.svg")));
+    QApplication::setWindowIcon(verlink::desktop::programIcon());
     QApplication::setQuitOnLastWindowClosed(false);
     if (QApplication::style()->name() == QStringLiteral("windows"))
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

@@ -1,8 +1,10 @@
 // How a message's icon, buttons and answer stand in Qt's message box.
 #include "desktop/messages.h"
 
+#include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
+#include <QScreen>
 #include <algorithm>
 #include <vector>
 
@@ -37,6 +39,15 @@ std::vector<Choice> choicesOf(Buttons buttons) {
     return {};
 }
 
+/// The program breaks its lines itself: the box is as wide as the longest one, where the display has the room.
+void keepLinesWhole(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label) return;
+    const int wished = label->fontMetrics().size(0, box.text()).width() + 2;
+    const int most = QGuiApplication::primaryScreen()->availableSize().width() * 3 / 4;
+    label->setMinimumWidth(std::min(wished, most));
+}
+
 QMessageBox::Icon iconOf(platform::Icon icon) {
     switch (icon) {
         case platform::Icon::kExclamation: return QMessageBox::Warning;
@@ -64,6 +75,7 @@ Answer showMessage(QWidget* parent, const platform::Message& message) {
     const auto first =
         static_cast<std::size_t>(std::clamp<int>(message.default_button, 1, static_cast<int>(choices.size())) - 1);
     box.setDefaultButton(choices[first].button);
+    keepLinesWhole(box);
     const int pressed = box.exec();
     for (const Choice& choice : choices)
         if (choice.button == pressed) return choice.answer;

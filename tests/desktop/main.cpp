@@ -5,8 +5,15 @@
 #include <QStyleFactory>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace {
+
+/// A folder that nobody else may look into, as sessions have one.
+std::string PrivateFolder() {
+    std::string pattern = testing::TempDir() + "verlink-session-XXXXXX";
+    return ::mkdtemp(pattern.data());
+}
 
 /// The offscreen platform says at each window that it takes no size hints; everything else is worth reading.
 void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
@@ -20,7 +27,7 @@ void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(testing::TempDir()));
+        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(PrivateFolder()));
     qInstallMessageHandler(Log);
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);

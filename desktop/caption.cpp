@@ -1,0 +1,43 @@
+// What is painted behind the text of a label.
+#include "desktop/caption.h"
+
+#include <QPainter>
+
+#include "desktop/theme.h"
+
+namespace verlink::desktop {
+
+Caption::Caption(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
+
+void Caption::setLook(Look look) {
+    look_ = look;
+    if (look == Look::kReadOut) setContentsMargins(6, 3, 6, 3);
+    if (look == Look::kBadge) setContentsMargins(9, 2, 9, 2);
+    update();
+}
+
+void Caption::setBack(const QColor& color) {
+    if (color == back_) return;
+    back_ = color;
+    update();
+}
+
+void Caption::paintEvent(QPaintEvent* event) {
+    if (look_ != Look::kPlain || back_.isValid()) {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+        const double radius = look_ == Look::kBadge ? area.height() / 2 : look_ == Look::kReadOut ? 3 : 0;
+        QColor fill = back_;
+        if (look_ == Look::kBadge && !fill.isValid()) {
+            fill = palette().color(QPalette::Highlight);
+            fill.setAlpha(isDark(palette()) ? 70 : 40);
+        }
+        painter.setPen(look_ == Look::kReadOut ? QPen(borderColor(palette()), 1) : QPen(Qt::NoPen));
+        painter.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
+        painter.drawRoundedRect(area, radius, radius);
+    }
+    QLabel::paintEvent(event);
+}
+
+}  // namespace verlink::desktop

@@ -1,0 +1,27 @@
+// The label of a screen: plain text, a read-out in a box, or a badge.
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+
+namespace verlink::desktop {
+
+class Caption : public QLabel {
+   public:
+    enum class Look { kPlain, kReadOut, kBadge };
+
+    explicit Caption(QWidget* parent);
+    void setLook(Look look);
+    /// The colour behind the text; an invalid one is the window's own.
+    void setBack(const QColor& color);
+    QColor back() const { return back_; }
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+
+   private:
+    Look look_ = Look::kPlain;
+    QColor back_;
+};
+
+}  // namespace verlink::desktop
