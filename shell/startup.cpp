@@ -140,8 +140,8 @@ void Sub_Main(const std::string& command_line) {
         Open_Clicked_File();
         Set_Screen_Titles();
         // `Initialize` has put system 1 in force; a model that was opened since keeps its own.
-        Use_Units(Model.Units);
         if (platform::Screen* home = Screens::Find("frm_HomeScreen")) Check_mnu_Units(*home, Model.Units);
+        Use_Units(Model.Units);
         Set_Palette();
         Refresh_Status();
         Model.DiskFile = false;

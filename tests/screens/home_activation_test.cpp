@@ -150,7 +150,6 @@ TEST_F(HomeActivationTest, AnimateStartsAtStep0) {
     Calculate_Turn();
     Model.CurrentStep = 17;
     desktop.Expect_Screen("frm_Animate", [](Screen& animate) { animate.Hide(); });
-    Set_Identity();
     home.cmd_Animate_Click();
     EXPECT_LT(Model.CurrentStep, 2);
 }
@@ -164,15 +163,15 @@ TEST_F(HomeActivationTest, BalanceAfterATimeStepRunShowsTheMessageAndDoesNotOpen
 
 TEST_F(HomeActivationTest, ButtonsOpenTheirScreens) {
     struct Way {
-        void (frm_HomeScreen::*click)();
+        std::function<void()> click;
         const char* screen;
         bool returns;
     };
-    const Way ways[] = {{&frm_HomeScreen::cmd_Plot_Click, "frm_PlotType", true},
-                        {&frm_HomeScreen::cmd_Print_Click, "frm_PrintSelect", true},
-                        {&frm_HomeScreen::cmd_Dynamics_Click, "frm_MassProp", false},
-                        {&frm_HomeScreen::cmd_Balance_Click, "frm_Balance", false},
-                        {&frm_HomeScreen::mnu_CalcFFT_Click, "frm_FFT", false}};
+    const Way ways[] = {{[this] { home.cmd_Plot_Click(); }, "frm_PlotType", true},
+                        {[this] { home.cmd_Print_Click(); }, "frm_PrintSelect", true},
+                        {[this] { home.cmd_Dynamics_Click(); }, "frm_MassProp", false},
+                        {[this] { home.cmd_Balance_Click(); }, "frm_Balance", false},
+                        {[this] { home.mnu_CalcFFT_Click(); }, "frm_FFT", false}};
     for (const Way& way : ways) {
         const bool added = !Screens::Knows(way.screen);
         if (added) Screens::Register(way.screen, [&] { return std::make_unique<Screen>(way.screen); });
@@ -183,7 +182,7 @@ TEST_F(HomeActivationTest, ButtonsOpenTheirScreens) {
             marked = Model.ScreenReturn;
             screen.Hide();
         });
-        (home.*way.click)();
+        way.click();
         EXPECT_EQ(marked, way.returns) << way.screen;
         if (added) Screens::Register(way.screen, nullptr);
     }
