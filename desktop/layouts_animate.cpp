@@ -41,9 +41,9 @@ QWidget* initialConditions(Form& form) {
         rows.add(form.widget("lbl_Initial", i), form.widget("txt_initial", i), form.widget("lbl_Unit", i));
     rows.add(form.widget("lbl_Initial", 3), readOut(form.widget("lbl_Omega"), 9), form.widget("lbl_Unit", 3));
     // A driven run shows where its motion comes from in place of the boxes.
-    rows.layout()->addWidget(note(form.widget("lbl_camdriven"), true), 0, 0, 4, 3);
     FrameBox* frame = form.frame("fra_initial");
-    frame->setContent(rows.layout());
+    frame->setContent(
+        rowOf({inOnePlace(frame, {around(frame, rows.layout()), note(form.widget("lbl_camdriven"), true)})}));
     return frame;
 }
 
@@ -52,11 +52,11 @@ QWidget* initialConditions(Form& form) {
 void layoutAnimate(Form& form, QWidget* room) {
     QVBoxLayout* drawing = column();
     drawing->addWidget(textBox(form.widget("txt_Figure")));
-    drawing->addWidget(form.picture("Picture1"), 1);
+    drawing->addWidget(largePicture(form), 1);
     QHBoxLayout* position = row();
     position->addLayout(stepBar(form), 1);
     position->addWidget(form.widget("lbl_StepLabel"));
-    position->addWidget(readOut(form.widget("lbl_StepNumber"), 7));
+    position->addWidget(readOut(form.widget("lbl_StepNumber"), 7), 0, Qt::AlignVCenter);
     position->addWidget(form.widget("lbl_StepUnit"));
     drawing->addLayout(position);
     drawing->addLayout(shiftDrag(form, form.widget("pnl_ShiftDrag"), form.widget("pnl_ShiftDragNote")));

@@ -58,7 +58,7 @@ void layoutInputnew(Form& form, QWidget* room) {
 
     QVBoxLayout* drawing = column();
     drawing->addWidget(textBox(form.widget("txt_Figure")));
-    drawing->addWidget(form.picture("Picture1"), 1);
+    drawing->addWidget(largePicture(form), 1);
     drawing->addLayout(stepBar(form));
     QHBoxLayout* steps = rowOf({form.widget("cmd_Step"), form.widget("cmd_Reset"), form.widget("cmd_Animate")});
     steps->addStretch(1);

@@ -6,8 +6,15 @@
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
+#include "desktop/picture_widget.h"
 
 namespace verlink::desktop {
+
+QWidget* largePicture(Form& form) {
+    QWidget* picture = form.picture("Picture1");
+    picture->setMinimumSize(460, 460);
+    return picture;
+}
 
 QWidget* linkageData(Form& form) {
     NumberRows rows;

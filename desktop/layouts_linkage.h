@@ -10,6 +10,8 @@ namespace verlink::desktop {
 
 class Form;
 
+/// The drawing, the hero of the screen: the window grows with it and never shrinks below it.
+QWidget* largePicture(Form& form);
 /// Lengths of links 2 to 4 and the coupler point.
 QWidget* linkageData(Form& form);
 /// Link 1 in its two forms, side by side, under the options that choose one.

@@ -31,6 +31,7 @@ struct Stop {
     std::string picture;  ///< empty: none
     std::function<void(Screen&)> act;
     int settle_ms = 120;
+    bool plays = false;  ///< the walk waits until the deed has ended
 };
 
 void Press(Screen& screen, const char* button) {
@@ -73,9 +74,9 @@ std::vector<Stop> Walk() {
         {"frm_Inputnew", "",
          [](Screen& s) {
              s.Get<platform::OptionButton>("opt_Calctype", 3).Value = true;
-             Fill(s, "txt_initial", 0, "0");
-             Fill(s, "txt_initial", 1, "360");
              Fill(s, "txt_initial", 2, "2");
+             Fill(s, "txt_initial", 1, "360");
+             Fill(s, "txt_initial", 0, "0");
              Press(s, "cmd_Calc");
          }},
         {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
@@ -90,7 +91,8 @@ std::vector<Stop> Walk() {
              Tick(s, "chk_CouplerLines", true);
              s.Get<platform::ScrollBar>("hsc_speed").SetValue(32767);
              Press(s, "cmd_Animate");
-         }},
+         },
+         120, true},
         {"frm_Animate", "animate-drag",
          [](Screen& s) {
              Tick(s, "chk_Centrodes", false);
@@ -155,8 +157,9 @@ class Walker {
         waits_ = 0;
         if (!acted_) {
             acted_ = true;
-            Later(stop.settle_ms);  // before the deed, which may show a screen and not return
+            if (!stop.plays) Later(stop.settle_ms);  // before the deed, which may show a screen and not return
             if (stop.act) stop.act(*active);
+            if (stop.plays) Later(stop.settle_ms);
             return;
         }
         acted_ = false;
