@@ -1,0 +1,305 @@
+// What the boxes, choices and stepping controls of the input screen do.
+#include "tests/screens/frm_inputnew_fixture.h"
+
+namespace verlink::test {
+namespace {
+
+using Edit = InputScreen;
+
+TEST_F(Edit, WithAutocalcALinkIsCalculatedWhenItsBoxIsLeft) {
+    Show([&] {
+        Model.CognateEdit = true;
+        Model.CognateNumber = 3;
+        Type(input, "txt_Linkout", 1, "1");
+        EXPECT_EQ(Model.L2, Single(1.115));
+        input.txt_Linkout[2].SetFocus();
+        EXPECT_EQ(Model.L2, 1.0);
+        EXPECT_NEAR(std::hypot(Model.RunTable.PointXY(9, 0, 0), Model.RunTable.PointXY(9, 0, 1)), 1, 1e-6);
+        EXPECT_TRUE(Model.Calculated);
+        EXPECT_TRUE(Model.LinkEdited);
+        EXPECT_FALSE(Model.CognateEdit);
+        EXPECT_EQ(Model.CognateNumber, 1);
+        EXPECT_FALSE(Picture_Is_Empty());
+    });
+}
+
+TEST_F(Edit, TheReturnKeyActsAsLeavingTheBox) {
+    Show([&] {
+        Enter(input, "txt_Linkout", 1, "1.25");
+        EXPECT_EQ(Model.L2, 1.25);
+        Enter(input, "txt_initial", 2, "5");
+        EXPECT_EQ(Model.NSteps, 72);
+    });
+}
+
+TEST_F(Edit, LeavingABoxThatWasNotChangedDoesNothing) {
+    Show([&] {
+        input.txt_Linkout[1].SetFocus();
+        input.txt_initial[1].SetFocus();
+        input.txt_Thetazero.SetFocus();
+        input.cmd_Done.SetFocus();
+        EXPECT_FALSE(Model.Calculated);
+        EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(Edit, WhatStepsWriteIntoBoxesIsNoEdit) {
+    Show([&] {
+        input.cmd_Step.Click();
+        EXPECT_EQ(input.txt_Thetazero.Text, "65.0");
+        input.txt_Linkout[1].SetFocus();
+        input.cmd_Done.SetFocus();
+        EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(Edit, ABoxThatGetsTheFocusSelectsItsText) {
+    Show([&] {
+        for (TextBox* box : {&input.txt_Linkout[3], &input.txt_initial[1], &input.txt_Thetazero}) {
+            box->SetFocus();
+            EXPECT_TRUE(box->SelectedAll) << box->ObjectName();
+        }
+    });
+}
+
+TEST_F(Edit, WithAutocalcOffALinkChangeDisablesTheWaysOnUntilCalculate) {
+    Show([&] {
+        Calculate_Now();
+        Tick(input, "chk_autocalc", false);
+        Model.DynamicsDone = true;
+        Model.BalanceDone = true;
+        Expect_Ways_On(true, true);
+        Type(input, "txt_Linkout", 1, "1");
+        Expect_Ways_On(false, false);
+        EXPECT_FALSE(Model.DynamicsDone);
+        EXPECT_FALSE(Model.BalanceDone);
+        EXPECT_TRUE(Picture_Is_Empty());
+        input.txt_Linkout[2].SetFocus();
+        EXPECT_EQ(Model.L2, 1.0);
+        EXPECT_TRUE(Model.LinkEdited);
+        Expect_Ways_On(false, false);
+        Press(input, "cmd_Calc");
+        Expect_Ways_On(true, true);
+        EXPECT_FALSE(Picture_Is_Empty());
+    });
+}
+
+TEST_F(Edit, WithAutocalcOnALinkChangeAloneDisablesNothing) {
+    Show([&] {
+        Type(input, "txt_Linkout", 1, "1");
+        Expect_Ways_On(true, true);
+    });
+}
+
+TEST_F(Edit, WithAutocalcOffALimitIsReadAndThePictureCleared) {
+    Show([&] {
+        Calculate_Now();
+        Tick(input, "chk_autocalc", false);
+        Enter_Limit(2, "5");
+        EXPECT_EQ(Model.NSteps, 72);
+        EXPECT_FALSE(Model.RunTable.Assembled(72));
+        EXPECT_TRUE(Picture_Is_Empty());
+        EXPECT_FALSE(input.cmd_Done.Enabled);
+        EXPECT_FALSE(input.cmd_Animate.Enabled);
+    });
+}
+
+TEST_F(Edit, WithAutocalcOffTheStartAngleOnlyClearsThePicture) {
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 2);
+        Calculate_Now();
+        Tick(input, "chk_autocalc", false);
+        Enter(input, "txt_Thetazero", kNoIndex, "33");
+        EXPECT_TRUE(Picture_Is_Empty());
+        EXPECT_EQ(Model.ThetaZero, 0.0);
+        Calculate_Now();
+        EXPECT_EQ(Model.ThetaZero, 33.0);
+    });
+}
+
+TEST_F(Edit, InAnAngleRunTheStartAngleJumpsToAPosition) {
+    Show([&] {
+        Calculate_Now();
+        Enter(input, "txt_Thetazero", kNoIndex, "90");
+        EXPECT_EQ(input.hsc_step.Value(), 9);  // 90 of 360 degrees, of 36 steps
+        EXPECT_EQ(Model.CurrentStep, 10);
+        EXPECT_EQ(input.txt_Thetazero.Text, "135.0");
+        Enter(input, "txt_Thetazero", kNoIndex, "95");
+        EXPECT_EQ(input.hsc_step.Value(), 9);
+    });
+}
+
+TEST_F(Edit, AJumpBeyondTheRangeGoesToTheLastPositionAndOneBeforeItToTheFirst) {
+    Show([&] {
+        Calculate_Now();
+        Enter(input, "txt_Thetazero", kNoIndex, "360");
+        EXPECT_EQ(input.hsc_step.Value(), 36);
+        EXPECT_EQ(Model.CurrentStep, 37);
+        Enter(input, "txt_Thetazero", kNoIndex, "-20");
+        EXPECT_EQ(input.hsc_step.Value(), 0);
+        EXPECT_EQ(Model.CurrentStep, 1);
+    });
+}
+
+TEST_F(Edit, AJumpBeforeTheFirstRunDoesNothing) {
+    Without_Autocalc();
+    Show([&] {
+        Enter(input, "txt_Thetazero", kNoIndex, "90");
+        EXPECT_EQ(Model.CurrentStep, 5);
+        EXPECT_TRUE(log.Calls.empty());
+    });
+}
+
+TEST_F(Edit, OnePositionTurnsANegativeSpeedInItsBoxPositive) {
+    Show([&] {
+        Enter_Limit(3, "-12.5");
+        ASSERT_EQ(Model.Omega2Input, -12.5);
+        Choose_Option(input, "opt_Calctype", 1);
+        EXPECT_EQ(Model.Calctype, 1);
+        EXPECT_EQ(input.txt_initial[3].Text, "12.5");
+    });
+}
+
+TEST_F(Edit, AnotherModeShowsItsOwnValuesAndWaitsForItsRun) {
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 2);
+        EXPECT_EQ(Model.Calctype, 2);
+        EXPECT_EQ(input.txt_initial[1].Text, "5");
+        EXPECT_EQ(input.lbl_Initial[2].Caption, "Delta Time");
+        EXPECT_TRUE(input.pnl_time.Visible);
+        Expect_Ways_On(false, false);
+        Press(input, "cmd_Calc");
+        EXPECT_EQ(Model.NSteps, 100);
+        Expect_Ways_On(true, true);
+        Choose_Option(input, "opt_Calctype", 3);
+        EXPECT_EQ(Model.Calctype, 3);
+        EXPECT_EQ(input.lbl_Initial[2].Caption, "Delta Theta");
+    });
+}
+
+TEST_F(Edit, ACamDrivenModelKeepsItsMode) {
+    Without_Autocalc();
+    Model.Calctype = 4;
+    Show([&] {
+        input.opt_Calctype[1].Value = true;
+        EXPECT_EQ(Model.Calctype, 4);
+    });
+}
+
+TEST_F(Edit, TheCircuitIsCalculatedWhenItIsChosen) {
+    Show([&] {
+        Choose_Option(input, "opt_OpenCross", 1);
+        EXPECT_EQ(Model.CircuitSign, 1);
+        EXPECT_EQ(Model.CircuitName, "Crossed");
+        EXPECT_TRUE(Model.Calculated);
+        EXPECT_LT(Model.RunTable.PointXY(0, 1, 1), 0.0);  // the crossed rocker hangs below the ground line
+    });
+}
+
+TEST_F(Edit, TheCircuitOfADrivenModelIsOnlyReadByItsRun) {
+    Without_Autocalc();
+    Model.Calctype = 4;
+    Show([&] {
+        input.opt_OpenCross[1].Value = true;
+        EXPECT_EQ(Model.CircuitSign, -1);
+        EXPECT_FALSE(Model.Calculated);
+    });
+}
+
+TEST_F(Edit, TheFormOfLink1TakesYellowAndTheDerivedFormCyan) {
+    constexpr Color kYellow = 0x00FFFF, kCyan = 0xFFFF00;
+    Show([&] {
+        for (const bool polar : {true, false}) {
+            Choose_Option(input, "opt_Polar", polar ? 1 : 0);
+            EXPECT_EQ(Model.PolarCoords, polar);
+            for (int box : {0, 6}) EXPECT_EQ(input.txt_Linkout[box].BackColor, polar ? kYellow : kCyan);
+            for (int box : {15, 16}) EXPECT_EQ(input.txt_Linkout[box].BackColor, polar ? kCyan : kYellow);
+        }
+        for (int box = 1; box <= 5; ++box) EXPECT_EQ(input.txt_Linkout[box].BackColor, kYellow);
+    });
+}
+
+TEST_F(Edit, TheDragOptionsSetTheTarget) {
+    Show([&] {
+        const int targets[] = {2, 0, 1, 3, 4};
+        for (int option : {1, 2, 3, 4, 0}) {
+            Choose_Option(input, "opt_Shift_Drag", option);
+            EXPECT_EQ(Model.ShiftDragTarget, targets[option]);
+        }
+    });
+}
+
+TEST_F(Edit, StepWrapsToTheFirstPositionAfterTheLast) {
+    Show([&] {
+        Calculate_Now();
+        Model.ShowCouplerLinesFlag = "Y";
+        Model.CurrentStep = 36;
+        input.cmd_Step.Click();
+        EXPECT_EQ(Model.ShowCouplerLinesFlag, "N");
+        EXPECT_EQ(input.hsc_step.Value(), 36);
+        EXPECT_EQ(Model.CurrentStep, 37);
+        input.cmd_Step.Click();
+        EXPECT_EQ(input.hsc_step.Value(), 0);
+        EXPECT_EQ(Model.CurrentStep, 1);
+    });
+}
+
+TEST_F(Edit, TheBarShowsItsPositionWhenTheRunCounts) {
+    Show([&] {
+        input.hsc_step.SetValue(7);
+        EXPECT_TRUE(Picture_Is_Empty()) << "nothing has been calculated by the user yet";
+        Calculate_Now();
+        input.hsc_step.SetValue(12);
+        EXPECT_EQ(Model.CurrentStep, 12);
+        EXPECT_EQ(input.txt_Thetazero.Text, "165.0");
+        input.hsc_step.Drag(15);
+        EXPECT_EQ(Model.CurrentStep, 15);
+        EXPECT_EQ(input.txt_Thetazero.Text, "195.0");
+        // Unlike on the animate screen the bar stays alive after a step.
+        input.cmd_Step.Click();
+        input.hsc_step.SetValue(3);
+        EXPECT_EQ(Model.CurrentStep, 3);
+    });
+}
+
+TEST_F(Edit, ResetShowsTheFirstPositionAndStepTheSecond) {
+    Show([&] {
+        Calculate_Now();
+        input.cmd_Step.Click();
+        input.cmd_Reset.Click();
+        EXPECT_EQ(input.hsc_step.Value(), 0);
+        EXPECT_EQ(Model.CurrentStep, 1);
+        EXPECT_EQ(input.txt_Thetazero.Text, "45.0");
+        input.cmd_Step.Click();
+        EXPECT_EQ(input.txt_Thetazero.Text, "55.0");
+    });
+}
+
+TEST_F(Edit, RedrawBeginsAtTheFirstPosition) {
+    Show([&] {
+        Calculate_Now();
+        input.hsc_step.SetValue(12);
+        Pick_Menu(input, "mnu_Redraw");
+        EXPECT_EQ(input.hsc_step.Value(), 0);
+        EXPECT_EQ(Model.CurrentStep, 1);
+    });
+}
+
+TEST_F(Edit, ZoomingInDividesTheWindowAndNormalRestoresIt) {
+    Show([&] {
+        Calculate_Now();
+        const double normal = Model.AnimMax;
+        Pick_Menu(input, "mnu_Plus");
+        EXPECT_NEAR(Model.ZoomFactor, 1 / 1.1, 1e-6);
+        EXPECT_NEAR(Model.AnimMax, normal / 1.1, 1e-5);
+        Pick_Menu(input, "mnu_Normal");
+        EXPECT_EQ(Model.ZoomFactor, 1.0);
+        Pick_Menu(input, "mnu_Minus");
+        EXPECT_NEAR(Model.AnimMax, normal * 1.1, 1e-5);
+    });
+}
+
+TEST_F(Edit, ThePictureTakesNoMouse) { EXPECT_FALSE(input.Picture1.OnMouseMove); }
+
+}  // namespace
+}  // namespace verlink::test
