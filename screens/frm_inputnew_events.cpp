@@ -75,7 +75,7 @@ void frm_Inputnew::Form_Activate() {
             txt_initial[1].Text = Model.ThetaEndStr;
             txt_initial[2].Text = Model.ThetaStepStr;
             txt_initial[3].Text = Text_Of(Model.Omega2Input);
-            opt_Calctype[Model.Calctype].Value = true;
+            if (opt_Calctype.Has(Model.Calctype)) opt_Calctype[Model.Calctype].Value = true;
         }
         opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
         Show_Toggles(Model.Grashof_Code != "Y");
