@@ -51,40 +51,32 @@ std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
     }
 }
 
-void Picture::Free(std::size_t slot) {
-    // Those behind that would no longer be found across the gap move up into it.
-    const std::size_t mask = index_.size() - 1;
-    std::size_t gap = slot;
-    for (std::size_t next = (slot + 1) & mask; index_[next].generation == generation_; next = (next + 1) & mask) {
-        const std::size_t home = index_[next].hash & mask;
-        if (((next - home) & mask) < ((next - gap) & mask)) continue;
-        index_[gap] = index_[next];
-        gap = next;
-    }
-    index_[gap].generation = generation_ - 1;
-}
-
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
-    if (list_.size() >= index_.size() / 2) Compact();
+    if (index_.empty()) Compact();
     const Primitive primitive{kind, true, color, x1, y1, x2, y2};
     const Key key = KeyOf(primitive);
     const std::uint32_t hash = key.Hash();
-    const std::size_t slot = Seek(key, hash);
-    const bool known = index_[slot].generation == generation_;
-    if (known) {
-        Primitive& earlier = list_[index_[slot].item];
-        if (color == back_ && earlier.color != back_) {
+    std::size_t place = Seek(key, hash);
+    if (Slot& slot = index_[place]; slot.generation == generation_) {
+        Primitive& earlier = list_[slot.item];
+        if (!earlier.alive && color == back_ && slot.erased == strokes_) return;
+        if (earlier.alive) {
             earlier.alive = false;
             --alive_;
-            Free(slot);
-            Touch();
-            return;
+            if (color == back_ && earlier.color != back_) {
+                slot.erased = strokes_;
+                Touch();
+                return;
+            }
         }
-        earlier.alive = false;
-        --alive_;
     }
-    index_[slot] = {generation_, hash, static_cast<std::uint32_t>(list_.size())};
+    if (list_.size() >= index_.size() / 2) {
+        Compact();
+        place = Seek(key, hash);
+    }
+    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), 0};
     list_.push_back(primitive);
+    ++strokes_;
     ++alive_;
     Touch();
 }
@@ -100,7 +92,7 @@ void Picture::Compact() {
         const std::uint32_t hash = key.Hash();
         // Two that were apart may have come together on the grid of another window; the upper one is found.
         const std::size_t slot = Seek(key, hash);
-        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item)};
+        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), 0};
     }
 }
 

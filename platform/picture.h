@@ -14,8 +14,9 @@ namespace verlink::platform {
 /// Keeps what is drawn as a list. Drawing a primitive again in the back colour takes the earlier one out of the
 /// list, so that erasing leaves neither fringes nor holes in other curves; drawing it again in another colour, or
 /// in the same, moves it to the top. A primitive in the back colour that matches no earlier one stays, as a
-/// stroke in the back colour. Two primitives are the same when their kind and their coordinates, rounded to
-/// 1/65536 of the window, agree.
+/// stroke in the back colour, unless it was itself erased since the last stroke was added: what was drawn twice may
+/// be erased twice. Two primitives are the same when their kind and their coordinates, rounded to 1/65536 of the
+/// window, agree.
 class Picture : public Surface {
    public:
     struct Primitive {
@@ -66,7 +67,8 @@ class Picture : public Surface {
     struct Slot {
         std::uint32_t generation;
         std::uint32_t hash;
-        std::uint32_t item;  ///< index into list_
+        std::uint32_t item;    ///< index into list_
+        std::uint32_t erased;  ///< if that is dead: the value of strokes_ when it was erased
     };
 
     void Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2);
@@ -74,7 +76,6 @@ class Picture : public Surface {
     Key KeyOf(const Primitive& primitive) const;
     /// The slot of the primitive of that key, or the free one where it belongs.
     std::size_t Seek(const Key& key, std::uint32_t hash) const;
-    void Free(std::size_t slot);
     /// Forgets the dead primitives and builds the index anew, with room for twice as many.
     void Compact();
     void Clear();
@@ -86,6 +87,7 @@ class Picture : public Surface {
     std::vector<Primitive> list_;
     std::vector<Slot> index_;  ///< open addressing, a power of two, at most half full
     std::uint32_t generation_ = 1;
+    std::uint32_t strokes_ = 0;  ///< how many were added to the list so far
     std::size_t alive_ = 0;
     Color back_ = 0xFFFFFF;
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;

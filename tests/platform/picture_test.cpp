@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <set>
 #include <tuple>
 
 #include "platform/failure.h"
@@ -124,6 +125,18 @@ TEST_F(PictureTest, AStrokeInTheBackColourThatMatchesNothingStays) {
     EXPECT_EQ(living[1].color, kWhite);
 }
 
+TEST_F(PictureTest, WhatWasDrawnTwiceMayBeErasedTwice) {
+    for (const Color color : {kRed, kWhite}) {
+        picture.Line(0, 0, 1, 2, color);
+        picture.Circle(0, 0, 1, color);
+        picture.Line(0, 0, 1, 2, color);
+    }
+    EXPECT_EQ(picture.Alive(), 0U);
+    picture.PSet(3, 3, kRed);
+    picture.Line(0, 0, 1, 2, kWhite);
+    EXPECT_EQ(picture.Alive(), 2U);
+}
+
 TEST_F(PictureTest, CoordinatesAgreeWhenTheyRoundToTheSameGridLine) {
     const double grid = 20.0 / 65536;
     picture.Circle(1 * grid, 0, 1000 * grid, kRed);
@@ -228,12 +241,14 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
         Color color;
     };
     std::vector<Plain> plain;
+    std::set<What> erased;  // since the last stroke was added
     std::mt19937 random(7);
     const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
     for (int i = 0; i < 60000; ++i) {
         if (any(5000) == 0) {
             picture.Cls();
             plain.clear();
+            erased.clear();
         }
         const int kind = any(3);
         const int x = any(7);
@@ -246,9 +261,14 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
         if (kind == 2) picture.PSet(x, y, color);
         const What what{kind, x, y, x2, y2};
         const auto at = std::find_if(plain.begin(), plain.end(), [&](const Plain& p) { return p.what == what; });
-        const bool erases = at != plain.end() && color == kWhite && at->color != kWhite;
-        if (at != plain.end()) plain.erase(at);
-        if (!erases) plain.push_back({what, color});
+        if (color == kWhite && at != plain.end() && at->color != kWhite) {
+            plain.erase(at);
+            erased.insert(what);
+        } else if (color != kWhite || !erased.contains(what)) {
+            if (at != plain.end()) plain.erase(at);
+            plain.push_back({what, color});
+            erased.clear();
+        }
     }
     const auto living = Living(picture);
     ASSERT_EQ(living.size(), plain.size());

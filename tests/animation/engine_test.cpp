@@ -1,0 +1,604 @@
+// Scale, frames, delay and stepping of the animation, on a bare screen.
+#include "animation/engine.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "animation/drawing.h"
+#include "core/numeric.h"
+#include "core/text.h"
+#include "tests/support/drawing.h"
+
+namespace verlink::test {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+void Append(Rows& rows, const Rows& more) { rows.insert(rows.end(), more.begin(), more.end()); }
+
+/// Links of length 4 each, so that the margin is 1, and a table of zeros with `NSteps` 1.
+class Scaling : public Drawing {
+   protected:
+    Scaling() {
+        Model.L1 = Model.L2 = Model.L3 = Model.L4 = 4;
+        LoadLinkArray();
+        Model.NSteps = 1;
+    }
+    static void Put(int step, int row, double x, double y) {
+        Model.RunTable.PointXY(step, row, 0) = x;
+        Model.RunTable.PointXY(step, row, 1) = y;
+    }
+    static void Expect_Window(double lower, double upper) {
+        Autoscale();
+        EXPECT_NEAR(Model.AnimMin, lower, 1e-5 * std::max(1.0, std::abs(lower)));
+        EXPECT_NEAR(Model.AnimMax, upper, 1e-5 * std::max(1.0, std::abs(upper)));
+    }
+};
+
+TEST_F(Scaling, OneWindowHoldsAllPointsOfAllStepsOnBothAxesWithAMargin) {
+    Put(0, 0, 1, 2);
+    Put(0, 1, 3, 9);
+    Put(0, 2, 2, 2);
+    Put(1, 0, -5, 1);
+    Put(1, 1, 1, 1);
+    Put(1, 2, 1, 1);
+    Expect_Window(-6, 10);
+}
+
+TEST_F(Scaling, StepsBeyondTheRunDoNotCount) {
+    Put(2, 1, 100, 0);
+    Expect_Window(-1, 5);
+}
+
+TEST_F(Scaling, WithHiddenLinksOnlyTheCouplerPointAndTheOriginCount) {
+    Model.HideLinksFlag = "Y";
+    Put(0, 0, 50, 50);
+    Put(0, 2, 7, 6);
+    Put(1, 1, -50, 0);
+    Put(1, 2, 5, 8);
+    Expect_Window(-1, 9);
+}
+
+TEST_F(Scaling, TheGroundLinkCountsWhenLinksShowAndIsNotTurned) {
+    Model.Link1Angle = 180;
+    Model.L1 = 6;
+    Expect_Window(-1, 7);
+    Model.HideLinksFlag = "Y";
+    Expect_Window(-1, 1);
+}
+
+TEST_F(Scaling, ThePointsAreTurnedByTheGroundAngle) {
+    Model.Link1Angle = 90;
+    Put(0, 2, 1, 1);
+    Put(1, 2, 12, 0);
+    Put(1, 1, 0, 9);
+    // (12, 0) turns to (0, 12) and (0, 9) to (-9, 0).
+    Expect_Window(-10, 13);
+}
+
+TEST_F(Scaling, TheCouplerPointOfStepZeroCountsAsItLiesInTheLocalFrameToo) {
+    Model.Link1Angle = 90;
+    Put(0, 2, 2, -10);
+    // It turns to (10, 2).
+    Expect_Window(-11, 11);
+}
+
+TEST_F(Scaling, StepsThatDidNotCloseCountAsTheOrigin) {
+    Model.HideLinksFlag = "Y";
+    Put(0, 2, 5, 6);
+    Put(1, 2, 7, 8);
+    Model.RunTable.Assembled(0) = Model.RunTable.Assembled(1) = true;
+    Expect_Window(-1, 9);
+}
+
+TEST_F(Scaling, InCentimetresTheMarginCountsEachLengthAHundredAndOneTimes) {
+    Model.Units = 4;
+    Model.L1 = Model.L2 = Model.L3 = Model.L4 = 0.04;
+    LoadLinkArray();
+    const double margin = 101 * 0.04 / 4;
+    Expect_Window(-margin, 4 + margin);
+}
+
+TEST_F(Scaling, InMillimetresTheMarginCountsEachLengthAThousandAndOneTimes) {
+    Model.Units = 5;
+    Model.L1 = Model.L2 = Model.L3 = Model.L4 = 0.04;
+    LoadLinkArray();
+    const double margin = 1001 * 0.04 / 4;
+    Expect_Window(-margin, 40 + margin);
+}
+
+TEST_F(Scaling, ACamWidensTheLowerBoundAloneByHalfItsRadius) {
+    Model.Calctype = 4;
+    Model.CamCenterX = 6;
+    Model.CamCenterY = -9;
+    Model.CamDiameter = 3;
+    // -(1.5 + 6); the other, +(1.5 + 9), is not below, and the upper bound stays.
+    Expect_Window(-8.5, 5);
+    Model.CamCenterY = 9;
+    Expect_Window(-11.5, 5);
+    Model.CamCenterX = Model.CamCenterY = 0;
+    Expect_Window(-1, 5);
+    Model.Calctype = 3;
+    Model.CamCenterX = 6;
+    Expect_Window(-1, 5);
+}
+
+TEST_F(Scaling, TheZoomScalesBothBoundsWithTheMargin) {
+    Model.ZoomFactor = 0.5;
+    Put(0, 2, -3, 7);
+    Expect_Window(-2, 4);
+}
+
+TEST_F(Scaling, BeforeAnyRunTheWindowIsThatOfTheGroundLink) {
+    Model.NSteps = -435;
+    Expect_Window(-1, 5);
+}
+
+// Setting up, playing and stepping.
+
+class Engine : public Drawing {
+   protected:
+    Engine() {
+        By_Angle(0, 360, 90);
+        stage.chk_autoscale.Value = true;
+    }
+    Rows Take() {
+        Rows rows = std::move(stage.log.Calls);
+        stage.log.Calls.clear();
+        return rows;
+    }
+    template <class Action>
+    Rows Drawn(Action action) {
+        Rows before = Take();
+        action();
+        Rows rows = Take();
+        stage.log.Calls = std::move(before);
+        return rows;
+    }
+    Rows Links(int step, platform::Color color) {
+        return Drawn([&] {
+            const platform::Color pen = Model.PenColor;
+            Model.PenColor = color;
+            Drawsub(step, stage);
+            Model.PenColor = pen;
+        });
+    }
+    Rows Pivots() {
+        return Drawn([&] { Drawpivots(stage); });
+    }
+    Rows Axis_Lines() {
+        return Drawn([&] { Axes(stage); });
+    }
+    Rows Curve() {
+        return Drawn([&] { DrawCouplerCurve(stage); });
+    }
+    /// A frame of a run without trace.
+    Rows Frame(int step) {
+        Rows rows = Links(step, Model.ColorMagenta);
+        Append(rows, Links(step, Model.ColorWhite));
+        if (Model.ShowCouplerFlag == "Y") Append(rows, Curve());
+        if (Model.ShowCentrodesFlag == "Y") Append(rows, Drawn([&] { PlotCentrodeCircles(step, stage); }));
+        Append(rows, Pivots());
+        return rows;
+    }
+    Rows Opening() {
+        Rows rows{"Cls"};
+        Append(rows, Pivots());
+        Append(rows, Axis_Lines());
+        if (Model.ShowCouplerFlag == "Y") Append(rows, Curve());
+        return rows;
+    }
+    Rows Closing() {
+        Rows rows;
+        if (Model.ShowCouplerFlag == "Y") Append(rows, Curve());
+        Append(rows, Pivots());
+        Append(rows, Axis_Lines());
+        return rows;
+    }
+    /// The rows of a run without those of its preparation.
+    Rows Played() {
+        Take();
+        Animate(stage);
+        Rows rows = Take();
+        rows.erase(rows.begin(), std::find(rows.begin(), rows.end(), "BackColor FFFFFF") + 1);
+        return rows;
+    }
+    Stage stage;
+};
+
+TEST_F(Engine, TheSurfaceIsPreparedInOrder) {
+    Model.RedrawFlag = "N";
+    Animate_Setup(stage);
+    const Rows rows = Take();
+    ASSERT_EQ(rows.size(), 4U);
+    EXPECT_EQ(rows[0], "Cls");
+    const double lower = Model.AnimMin;
+    const double upper = Model.AnimMax;
+    Expect_Rows({rows[1]}, {Row("Scale", {lower, lower, upper, upper})});
+    EXPECT_EQ(rows[2], "DrawMode 13");
+    EXPECT_EQ(rows[3], "BackColor FFFFFF");
+    EXPECT_FLOAT_EQ(Model.FlipSum, Model.AnimMin + Model.AnimMax);
+}
+
+TEST_F(Engine, ASingleStepIsClearedByTheBackColourAlone) {
+    Model.RedrawFlag = "Y";
+    Animate_Setup(stage);
+    EXPECT_EQ(Take().size(), 3U);
+}
+
+TEST_F(Engine, RadiiAndColoursComeFromTheWindow) {
+    stage.chk_autoscale.Value = false;
+    Model.AnimMax = -200;
+    Model.AnimMin = -300;
+    Animate_Setup(stage);
+    EXPECT_FLOAT_EQ(Model.CentrodeRadius, 1.6F);
+    EXPECT_FLOAT_EQ(Model.PinRadius, 3);
+    EXPECT_FLOAT_EQ(Model.CouplerPinRadius, 2.4F);
+    EXPECT_FLOAT_EQ(Model.PivotRadius, 6);
+    EXPECT_FLOAT_EQ(Model.CouplerLineLength, 6);
+    EXPECT_EQ(Model.LinkColor, 0xFF00FF);
+    EXPECT_EQ(Model.DrawColor, 0xFF00FF);
+    EXPECT_EQ(Model.PenColor, 0xFF00FF);
+    EXPECT_EQ(Model.PivotColor, 0xFF0000);
+    EXPECT_EQ(Model.TracePinColor, 0);
+    EXPECT_EQ(Model.EraseColor, 0xFFFFFF);
+    EXPECT_EQ(Model.ColorPassStep, 0xFFFFFF - 0xFF00FF);
+    EXPECT_EQ(Model.FirstStep, 0);
+    EXPECT_EQ(Model.LastStep, 4);
+    EXPECT_EQ(Model.StepIncrement, 1);
+}
+
+TEST_F(Engine, ThePaletteHasTenColoursWithRedInTheLowByte) {
+    Set_Palette();
+    const platform::Color held[] = {Model.ColorRed,    Model.ColorGreen, Model.ColorBlue,   Model.ColorBlack,
+                                    Model.ColorWhite,  Model.ColorCyan,  Model.ColorYellow, Model.ColorMagenta,
+                                    Model.ColorPurple, Model.ColorGray};
+    const platform::Color wanted[] = {255,      255 << 8, 255 << 16, 0,        0xFFFFFF,
+                                      0xFFFF00, 0x00FFFF, 0xFF00FF,  0x800080, 0x808080};
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(held[i], wanted[i]) << i;
+}
+
+TEST_F(Engine, WithoutAutoscaleTheLastWindowStaysAndTheZoomDoesNothing) {
+    Animate_Setup(stage);
+    const double before = Model.AnimMax;
+    stage.chk_autoscale.Value = false;
+    Model.ZoomFactor = 0.5;
+    Animate_Setup(stage);
+    EXPECT_EQ(Model.AnimMax, before);
+    stage.chk_autoscale.Value = true;
+    Animate_Setup(stage);
+    EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before);
+}
+
+TEST_F(Engine, TheBoxesAreFilledByTheKindOfRun) {
+    stage.txt_initial[0].Text = "kept";
+    Model.Calctype = 1;
+    Animate_Setup(stage);
+    EXPECT_EQ(stage.txt_initial[0].Text.Get(), "kept");
+    Model.Calctype = 3;
+    Animate_Setup(stage);
+    EXPECT_EQ(stage.txt_initial[1].Text.Get(), "360");
+    for (int mode : {2, 4, 5}) {
+        stage.txt_initial[1].Text = "";
+        Model.Calctype = mode;
+        Animate_Setup(stage);
+        EXPECT_EQ(stage.txt_initial[1].Text.Get(), "5") << mode;
+    }
+    EXPECT_NE(stage.lbl_Header.Caption.Get().find(" Design No. 1"), std::string::npos);
+}
+
+TEST_F(Engine, ARunDrawsHoldsAndErasesEachPositionAndLeavesTheLast) {
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(Model.PenColor, Model.ColorMagenta);
+    EXPECT_EQ(Model.CurrentStep, 0);
+}
+
+TEST_F(Engine, TheCouplerCurveIsDrawnAgainAtEveryFrame) {
+    Model.ShowCouplerFlag = "Y";
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), Curve()[0]), 7);
+}
+
+TEST_F(Engine, ARunHidesTheReadOut) {
+    Animate(stage);
+    EXPECT_FALSE(stage.lbl_StepLabel.Visible);
+    EXPECT_FALSE(stage.lbl_StepNumber.Visible);
+    EXPECT_FALSE(stage.lbl_StepUnit.Visible);
+}
+
+TEST_F(Engine, EveryCycleStartsAgainOnAClearSurface) {
+    Model.Cycles = 3;
+    Rows rows = Played();
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), "Cls"), 3);
+    const Rows third(rows.begin() + static_cast<long>(rows.size()) / 3 * 2, rows.end());
+    const Rows first(rows.begin(), rows.begin() + static_cast<long>(rows.size()) / 3);
+    EXPECT_EQ(third, first);
+}
+
+TEST_F(Engine, NoCyclesOnlyPrepareTheSurface) {
+    for (int cycles : {0, -2}) {
+        Model.Cycles = cycles;
+        EXPECT_EQ(Played(), Rows{});
+    }
+    EXPECT_TRUE(desktop.Pauses.empty());
+}
+
+TEST_F(Engine, WithNoStepAssembledPivotsAxesAndCurveAreAllThatShows) {
+    for (int step = 0; step <= 4; ++step) {
+        Model.RunTable.Assembled(step) = false;
+        for (int row = 0; row <= 2; ++row)
+            Model.RunTable.PointXY(step, row, 0) = Model.RunTable.PointXY(step, row, 1) = 0;
+    }
+    Model.ShowCouplerFlag = "Y";
+    Rows rows = Played();
+    Rows expected = Opening();
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_TRUE(desktop.Pauses.empty());
+}
+
+TEST_F(Engine, StepsThatDidNotCloseArePassedOver) {
+    Model.RunTable.Assembled(1) = Model.RunTable.Assembled(2) = false;
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step : {0, 3, 4}) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, ARunWhoseLastStepDidNotCloseLeavesNoLinkage) {
+    Model.RunTable.Assembled(4) = false;
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step : {0, 1, 2, 3}) Append(expected, Frame(step));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, ACouplerPointAtTheExactOriginEndsTheCycleAtTheLastGoodPosition) {
+    Model.RunTable.PointXY(2, 2, 0) = Model.RunTable.PointXY(2, 2, 1) = 0;
+    Model.Cycles = 2;
+    Rows rows = Played();
+    Rows expected;
+    for (int cycle = 0; cycle < 2; ++cycle) {
+        Append(expected, Opening());
+        for (int step : {0, 1}) Append(expected, Frame(step));
+        Append(expected, Links(1, Model.ColorMagenta));
+        Append(expected, Closing());
+    }
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(desktop.Pauses.size(), 4U);
+}
+
+TEST_F(Engine, AtStepZeroTheExactOriginLeavesNothing) {
+    Model.RunTable.PointXY(0, 2, 0) = Model.RunTable.PointXY(0, 2, 1) = 0;
+    Rows rows = Played();
+    Rows expected = Opening();
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, ATraceErasesNothingAndHasBlackPins) {
+    Model.TraceFlag = "Y";
+    Rows rows = Played();
+    for (const auto& row : rows) EXPECT_EQ(row.find("FFFFFF"), std::string::npos) << row;
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) {
+        for (int pass = 0; pass < 2; ++pass) Append(expected, Links(step, Model.ColorMagenta));
+        Append(expected, Pivots());
+    }
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, HiddenLinksWithoutACurveLeavePivotsAxesAndCentrodes) {
+    Model.HideLinksFlag = "Y";
+    Model.ShowCentrodesFlag = "Y";
+    Rows rows = Played();
+    Rows expected = Opening();
+    std::size_t circles = 0;
+    for (int step = 0; step <= 4; ++step) {
+        const Rows centrodes = Drawn([&] { PlotCentrodeCircles(step, stage); });
+        circles += centrodes.size();
+        Append(expected, centrodes);
+        Append(expected, Pivots());
+    }
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_GT(circles, 0U);
+}
+
+TEST_F(Engine, EachFrameIsHeldForTheWaitTimesTheDelay) {
+    Animate(stage);
+    ASSERT_EQ(desktop.Pauses.size(), 5U);
+    for (const auto pause : desktop.Pauses) EXPECT_EQ(pause, std::chrono::nanoseconds(16383000));
+}
+
+TEST_F(Engine, AWaitOfZeroIsNoDelayAtAll) {
+    Model.AnimateWait = 0;
+    Animate(stage);
+    EXPECT_EQ(desktop.Pauses.at(0), std::chrono::nanoseconds(0));
+}
+
+TEST_F(Engine, ANegativeCountOfTurnsIsNoDelay) {
+    Model.AnimateWait = -5;
+    Animate(stage);
+    EXPECT_EQ(desktop.Pauses.at(0), std::chrono::nanoseconds(0));
+}
+
+TEST_F(Engine, ADelayTooLongToCountEndsTheFrameWithAnOverflow) {
+    By_Angle(0, 90, 90);
+    Model.AnimateWait = 32767;
+    Model.AnimateDelay = 65600;
+    for (int frame = 0; frame < 2; ++frame)
+        desktop.Expect_Message("Error 6   (Overflow)  has occurred in Drawone\r\n\r\n", platform::Answer::kOk,
+                               platform::Icon::kInformation);
+    Animate(stage);
+}
+
+TEST_F(Engine, AStepShowsItsReadOutAndStillPicture) {
+    Animate(stage);
+    Take();
+    Integer step = 2;
+    Model.RedrawFlag = "Y";
+    Step(stage, step);
+    EXPECT_TRUE(stage.lbl_StepLabel.Visible);
+    EXPECT_TRUE(stage.lbl_StepNumber.Visible);
+    EXPECT_TRUE(stage.lbl_StepUnit.Visible);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "180.0");
+    Rows rows = Take();
+    rows.erase(rows.begin(), rows.begin() + 3);
+    Rows expected = Pivots();
+    Append(expected, Axis_Lines());
+    Append(expected, Links(2, Model.ColorMagenta));
+    Append(expected, Pivots());
+    Append(expected, Axis_Lines());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, TheStillPictureOfTheLastStepHasItsLinksTwice) {
+    Model.ShowCouplerFlag = "Y";
+    Model.ShowCentrodesFlag = "Y";
+    Animate_Setup(stage);
+    Take();
+    DrawLinkage(stage, 4);
+    const Rows rows = Take();
+    Rows expected = Pivots();
+    Append(expected, Axis_Lines());
+    Append(expected, Curve());
+    for (int time = 0; time < 2; ++time) Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Drawn([&] { PlotCentrodeCircles(4, stage); }));
+    Append(expected, Pivots());
+    Append(expected, Axis_Lines());
+    EXPECT_EQ(rows, expected);
+}
+
+TEST_F(Engine, OnePositionReadsOutTheCrankAcceleration) {
+    Model.Calctype = 1;
+    Model.Alpha2 = -2.5;
+    Integer step = 0;
+    Step(stage, step);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "-2.5");
+}
+
+TEST_F(Engine, TimeStepsAndDrivenRunsReadOutTheTime) {
+    Model.TimeStart = 0.5;
+    Model.TimeStep = 0.25;
+    for (int mode : {2, 4, 5}) {
+        Model.Calctype = mode;
+        Integer step = 3;
+        Step(stage, step);
+        EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "1.25") << mode;
+    }
+}
+
+TEST_F(Engine, AnAngleStepIsShownOnTheInputScreenToo) {
+    Integer step = 3;
+    Step(stage, step);
+    EXPECT_EQ(platform::Screens::Get("frm_Inputnew").Text("txt_Thetazero").Text.Get(), "270.0");
+}
+
+TEST_F(Engine, AnAngleStepBeyondTheLastBecomesTheFirst) {
+    Integer step = 5;
+    Step(stage, step);
+    EXPECT_EQ(step, 0);
+    EXPECT_EQ(platform::Screens::Get("frm_Inputnew").Text("txt_Thetazero").Text.Get(), "0.0");
+}
+
+TEST_F(Engine, SteppingByAngleGoesThroughTheRunAndWraps) {
+    bool lock = false;
+    for (const char* angle : {"0.0", "90.0", "180.0", "270.0", "360.0", "0.0", "90.0"}) {
+        Step_Setup(stage, lock);
+        EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), angle);
+    }
+    EXPECT_TRUE(lock);
+    EXPECT_EQ(Model.CurrentStep, 2);
+    EXPECT_EQ(stage.hsc_step.Value(), 1);
+    EXPECT_EQ(stage.hsc_step.Max(), 4);
+    EXPECT_EQ(Model.RedrawFlag, "Y");
+}
+
+TEST_F(Engine, SteppingByTimeMovesTheBarWithThePicture) {
+    By_Time(0, 0.3, 0.1);
+    bool lock = false;
+    Model.CurrentStep = 3;
+    Step_Setup(stage, lock);
+    EXPECT_EQ(stage.hsc_step.Value(), 3);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "0.30");
+    Step_Setup(stage, lock);
+    EXPECT_EQ(stage.hsc_step.Value(), 0);
+    EXPECT_EQ(Model.CurrentStep, 1);
+}
+
+TEST_F(Engine, SteppingACamDrivenRunDrawsItsPositions) {
+    By_Cam(3, 30);
+    bool lock = false;
+    Step_Setup(stage, lock);
+    EXPECT_FALSE(Take().empty());
+    EXPECT_EQ(Model.CurrentStep, 1);
+}
+
+TEST_F(Engine, SteppingOnePositionDrawsNothing) {
+    Model.Calctype = 1;
+    Model.CurrentStep = 4;
+    bool lock = false;
+    Step_Setup(stage, lock);
+    EXPECT_EQ(Model.CurrentStep, 0);
+    EXPECT_EQ(Take(), Rows{});
+    EXPECT_TRUE(lock);
+}
+
+TEST_F(Engine, SteppingALinkDrivenRunCountsAndDrawsNothing) {
+    Model.Calctype = 5;
+    bool lock = false;
+    for (int count = 1; count <= 7; ++count) {
+        Step_Setup(stage, lock);
+        EXPECT_EQ(Model.CurrentStep, count);
+    }
+    EXPECT_EQ(Take(), Rows{});
+    EXPECT_EQ(stage.hsc_step.Value(), 0);
+}
+
+TEST_F(Engine, AfterAResetTheNextStepIsTheSecond) {
+    bool lock = false;
+    Step_Setup(stage, lock);
+    Step_Setup(stage, lock);
+    Step_Reset(stage);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "0.0");
+    EXPECT_EQ(stage.hsc_step.Value(), 0);
+    EXPECT_EQ(Model.CurrentStep, 1);
+    Step_Setup(stage, lock);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "90.0");
+}
+
+TEST_F(Engine, NothingOfTheModelsGeometryOrTableIsChanged) {
+    const auto sum = [] {
+        double total = Model.L1 + Model.L2 + Model.L3 + Model.L4 + Model.Rpa + Model.Delta + Model.Link1Angle;
+        for (int step = 0; step <= 4; ++step)
+            for (int row = 0; row < 4; ++row)
+                total += (step + 1) * (row + 3) *
+                         (Model.RunTable.PointXY(step, row, 0) + 2 * Model.RunTable.PointXY(step, row, 1));
+        return total;
+    };
+    const double before = sum();
+    Model.ShowCouplerFlag = Model.ShowCentrodesFlag = "Y";
+    Animate(stage);
+    Step_Reset(stage);
+    EXPECT_EQ(sum(), before);
+}
+
+}  // namespace
+}  // namespace verlink::test
