@@ -22,6 +22,9 @@ class HeadlessDesktop : public platform::Desktop {
     std::optional<std::string> Ask_Save_File(const platform::FileDialog&) override { return {}; }
     bool Ask_Printer() override { return false; }
     void Print_Screen(platform::Screen&) override { platform::Raise(platform::kPrinterError); }
+    void Print_Pages(const std::vector<std::vector<std::string>>&) override {
+        platform::Raise(platform::kPrinterError);
+    }
     void Show_Window(platform::Screen&) override {}
     void Hide_Window(platform::Screen&) override {}
     void Serve_Events(platform::Screen& screen, const std::function<bool()>&) override { screen.Hide(); }

@@ -5,6 +5,7 @@
 #include "core/record/geometry.h"
 #include "core/record/identity.h"
 #include "core/record/mass.h"
+#include "core/record/output.h"
 #include "core/record/position.h"
 #include "core/record/run_table.h"
 #include "core/record/settings.h"
@@ -31,7 +32,9 @@ struct LinkageModel : Geometry,
                       MassProperties,
                       BalanceWeights,
                       SynthesisData,
-                      FunctionSlots {};
+                      FunctionSlots,
+                      OutputSettings,
+                      Transform {};
 
 /// The only instance.
 extern LinkageModel Model;

@@ -2,6 +2,8 @@
 #include "desktop/printing.h"
 
 #include <QDir>
+#include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
@@ -9,6 +11,7 @@
 #include <QPrinterInfo>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 namespace verlink::desktop {
 
@@ -37,6 +40,35 @@ bool printWidget(QPrinter& printer, QWidget& widget) {
     painter.translate((page.width() - widget.width() * scale) / 2, 0);
     painter.scale(scale, scale);
     widget.render(&painter);
+    return painter.end();
+}
+
+bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages) {
+    QPainter painter;
+    if (!painter.begin(&printer)) return false;
+    const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
+    std::size_t widest = 80, longest = 66;
+    for (const auto& lines : pages) {
+        longest = std::max(longest, lines.size());
+        for (const std::string& line : lines) widest = std::max(widest, line.size());
+    }
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(100);
+    const QFontMetricsF hundred(font);
+    const double across = page.width() / (static_cast<double>(widest) * hundred.horizontalAdvance(u'0'));
+    const double down = page.height() / (static_cast<double>(longest) * hundred.lineSpacing());
+    font.setPixelSize(std::max(1, static_cast<int>(100 * std::min(across, down))));
+    painter.setFont(font);
+    const QFontMetricsF metrics(font);
+    bool first = true;
+    for (const auto& lines : pages) {
+        if (!std::exchange(first, false) && !printer.newPage()) return false;
+        double baseline = metrics.ascent();
+        for (const std::string& line : lines) {
+            painter.drawText(QPointF(0, baseline), QString::fromStdString(line));
+            baseline += metrics.lineSpacing();
+        }
+    }
     return painter.end();
 }
 

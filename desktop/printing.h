@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 class QPrinter;
 class QString;
@@ -17,5 +19,8 @@ bool askPrinter(QWidget* parent, QPrinter& printer, const QString& folder, const
 
 /// As vectors, as large as the page allows. False when the printer refuses.
 bool printWidget(QPrinter& printer, QWidget& widget);
+
+/// Pages of text lines in a font of one width, small enough for the widest line and the longest page.
+bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages);
 
 }  // namespace verlink::desktop

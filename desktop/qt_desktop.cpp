@@ -105,6 +105,10 @@ void QtDesktop::Print_Screen(Screen& screen) {
     if (!printWidget(printer(), formOf(screen))) Raise(kPrinterError);
 }
 
+void QtDesktop::Print_Pages(const std::vector<std::vector<std::string>>& pages) {
+    if (!printPages(printer(), pages)) Raise(kPrinterError);
+}
+
 void QtDesktop::Show_Window(Screen& screen) {
     countInterruption();
     Form& form = formOf(screen);

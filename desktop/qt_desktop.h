@@ -31,6 +31,7 @@ class QtDesktop : public platform::Desktop {
     std::optional<std::string> Ask_Save_File(const platform::FileDialog& dialog) override;
     bool Ask_Printer() override;
     void Print_Screen(platform::Screen& screen) override;
+    void Print_Pages(const std::vector<std::vector<std::string>>& pages) override;
     void Show_Window(platform::Screen& screen) override;
     void Hide_Window(platform::Screen& screen) override;
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;

@@ -21,5 +21,7 @@ void Local_Link(Integer& link);
 /// The slot's component at a step, in the frame of `CoordSystem`; an unknown group leaves the value.
 void Transform_XY(Integer step, Integer slot, Single& value);
 void Resolve_Vector(Integer step, Integer link, Integer slot, Single x, Single y, Single& value);
+/// Magnitude and angle in degrees of the slot's vector; scalars and unknown groups leave both.
+void Select_PolarVariable(Integer step, Integer slot, Single& mag, Single& ang);
 
 }  // namespace verlink

@@ -72,6 +72,8 @@ class Desktop {
     /// Prints the whole screen as a picture on the printer last asked for, to a PDF where there is none.
     /// Failure 482 when the printer refuses.
     virtual void Print_Screen(Screen& screen) = 0;
+    /// Prints pages of text lines likewise, in a font of one width.
+    virtual void Print_Pages(const std::vector<std::vector<std::string>>& pages) = 0;
 
     /// Brings the screen's window up, or to the front, as the one that takes input.
     virtual void Show_Window(Screen& screen) = 0;

@@ -21,6 +21,10 @@ struct FunctionSlots {
     Integer CoordSystem;                      ///< 0 global, 2 local rotating
     Integer PlotSlot;                         ///< the slot that is being drawn
     Single SmallValue;                        ///< components below it read as 0
+    Array<std::string, 0, 40> PresetList4;    ///< 1 to 31 in use: presets of four functions
+    Array<std::string, 0, 40> PresetList2;    ///< 1 to 34 in use: presets of two functions
+    Integer PlotCount;                        ///< functions chosen for a plot
+    Integer PrintCount = 4;                   ///< functions of a table
 };
 
 }  // namespace verlink

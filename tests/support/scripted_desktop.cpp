@@ -129,6 +129,11 @@ void ScriptedDesktop::Register_File_Type(const FileType& type) {
     FileTypes.push_back(type);
 }
 
+void ScriptedDesktop::Print_Pages(const std::vector<std::vector<std::string>>& pages) {
+    if (FailPrinting) Raise(FailPrinting);
+    Pages.insert(Pages.end(), pages.begin(), pages.end());
+}
+
 void ScriptedDesktop::Serve_Events(Screen& screen, const std::function<bool()>& done) {
     const auto expected = Take<ScreenExpected>("screen " + screen.Name());
     if (expected) {

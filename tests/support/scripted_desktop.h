@@ -36,7 +36,8 @@ class ScriptedDesktop : public platform::Desktop {
     void Verify();
 
     std::vector<platform::FileDialog> Dialogs;
-    std::vector<std::string> Printed;  ///< names of the screens printed
+    std::vector<std::string> Printed;             ///< names of the screens printed
+    std::vector<std::vector<std::string>> Pages;  ///< lines of each page printed
     std::vector<std::chrono::nanoseconds> Pauses;
     std::vector<platform::FileType> FileTypes;
     platform::Pointer PointerNow = platform::Pointer::kDefault;
@@ -53,6 +54,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::optional<std::string> Ask_Save_File(const platform::FileDialog& dialog) override;
     bool Ask_Printer() override;
     void Print_Screen(platform::Screen& screen) override;
+    void Print_Pages(const std::vector<std::vector<std::string>>& pages) override;
     void Show_Window(platform::Screen&) override {}
     void Hide_Window(platform::Screen&) override {}
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;

@@ -1,0 +1,14 @@
+// The summary panels that tables and plots show beside their data.
+#pragma once
+
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// Link lengths in the shown unit, and the coupler angle.
+void Show_Link_Data(platform::Screen& screen);
+void Show_Linkage_Panel(platform::Screen& screen);
+void Show_Time_Panel(platform::Screen& screen);
+void Show_Angle_Panel(platform::Screen& screen);
+
+}  // namespace verlink

@@ -1,0 +1,67 @@
+// A graph of up to a few sets of points over one row of labels.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/controls.h"
+
+namespace verlink::platform {
+
+/// Filled set by set and point by point through `ThisSet` and `ThisPoint`, both from 1, and drawn by `Draw`. Points
+/// stand at equal distances along the x axis, each with a label; a set has a value for each point.
+class Graph : public Visual {
+   public:
+    Graph(Screen& owner, std::string name, int index = kNoIndex);
+
+    /// Room for sets and points; growing or shrinking keeps what fits. Negative counts are failure 380.
+    void SetNumSets(int count);
+    void SetNumPoints(int count);
+    int NumSets() const { return static_cast<int>(sets_.size()); }
+    int NumPoints() const { return points_; }
+
+    int ThisSet = 1;
+    int ThisPoint = 1;
+    /// The value of the present set at the present point; failure 380 outside the room.
+    void SetGraphData(double value);
+    /// The label of the present point.
+    void SetLabelText(const std::string& text);
+    /// The legend and the line pattern (0 solid, 1 dash, 2 dot, 3 dash dot) of the present set; the pattern counts
+    /// while `PatternedLines` is 1.
+    void SetLegendText(const std::string& text);
+    void SetPatternData(int pattern);
+
+    std::string GraphTitle;   ///< above the graph
+    std::string BottomTitle;  ///< below the x axis
+    int PatternedLines = 0;
+    int ThickLines = 0;                                 ///< 1 for thicker lines
+    int TickEvery = 1;                                  ///< a tick every so many points
+    int LabelEvery = 1;                                 ///< a label every so many points
+    int GridStyle = 0;                                  ///< 0 none, 1 horizontal lines, 2 vertical, 3 both
+    int GraphStyle = 4;                                 ///< 0 lines, 2 sticks, 4 lines, 6 both
+    int FontUse = 0;                                    ///< what the next font settings are for: 0 titles, 4 all
+    int FontSize = 100, FontStyle = 0, FontFamily = 0;  ///< percent of the screen's font; 2 bold; 1 sans serif
+    int Background = 15;                                ///< 15 white, 1 blue, 7 gray
+
+    /// Draws what has been set (mode 2, the only one that draws).
+    void Draw();
+    /// How often `Draw` was called; for those who watch.
+    int Drawings() const { return drawings_; }
+
+    struct Set {
+        std::string legend;
+        int pattern = 0;
+        std::vector<double> values;
+    };
+    const std::vector<Set>& Sets() const { return sets_; }
+    const std::vector<std::string>& Labels() const { return labels_; }
+
+   private:
+    Set& Present();
+    std::vector<Set> sets_{1};
+    std::vector<std::string> labels_;
+    int points_ = 0;
+    int drawings_ = 0;
+};
+
+}  // namespace verlink::platform

@@ -1,0 +1,42 @@
+// How printed lines are made of zones.
+#include "platform/printer.h"
+
+#include <utility>
+
+#include "platform/desktop.h"
+
+namespace verlink::platform {
+
+namespace {
+constexpr std::size_t kZone = 14;
+}
+
+Printer& Printer::Print(const std::string& text) {
+    pages_.back().back() += text;
+    return *this;
+}
+
+Printer& Printer::Zone() {
+    std::string& line = pages_.back().back();
+    line.resize((line.size() / kZone + 1) * kZone, ' ');
+    return *this;
+}
+
+Printer& Printer::EndLine() {
+    pages_.back().emplace_back();
+    return *this;
+}
+
+void Printer::NewPage() { pages_.push_back({{}}); }
+
+void Printer::EndDoc() {
+    const auto pages = std::exchange(pages_, {{{}}});
+    The_Desktop().Print_Pages(pages);
+}
+
+Printer& The_Printer() {
+    static Printer printer;
+    return printer;
+}
+
+}  // namespace verlink::platform
