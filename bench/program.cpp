@@ -1,0 +1,90 @@
+// Starts the program without windows, for the benchmarks.
+#include "bench/program.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <ostream>
+#include <streambuf>
+
+#include "batch/headless_desktop.h"
+#include "core/initialize.h"
+#include "core/linkage_model.h"
+#include "core/parameters.h"
+#include "core/runs.h"
+#include "core/text.h"
+#include "screens/register.h"
+#include "shell/startup.h"
+
+namespace verlink::bench {
+
+namespace {
+
+/// Swallows what is written.
+class Nowhere : public std::streambuf {
+   protected:
+    int overflow(int character) override { return character; }
+};
+
+class Folder {
+   public:
+    Folder() {
+        std::string pattern = std::filesystem::temp_directory_path().string() + "/verlink-bench-XXXXXX";
+        if (!::mkdtemp(pattern.data())) std::abort();
+        path_ = pattern;
+    }
+    ~Folder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    const std::string& Path() const { return path_; }
+
+   private:
+    std::string path_;
+};
+
+const std::string& Scratch_Folder() {
+    static const Folder folder;
+    return folder.Path();
+}
+
+class BenchDesktop : public HeadlessDesktop {
+   public:
+    using HeadlessDesktop::HeadlessDesktop;
+    std::string Documents_Folder() override { return Scratch_Folder(); }
+};
+
+}  // namespace
+
+std::string Scratch(const std::string& name) { return Scratch_Folder() + "/" + name; }
+
+void Start_Program() {
+    static Nowhere nowhere;
+    static std::ostream messages(&nowhere);
+    static BenchDesktop desktop(messages);
+    static bool started = false;
+    if (started) return;
+    started = true;
+    platform::Use_Desktop(&desktop);
+    Register_Screens();
+    Sub_Main("");
+}
+
+void Take_Default_Linkage(int steps) {
+    Start_Program();
+    Initialize();
+    Model.ThetaStart = 0;
+    Model.ThetaEnd = 720;
+    Model.ThetaStep = 720.0 / (steps - 1);
+    Model.ThetaStartRad = Model.ThetaStart * kDegToRad;
+    Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
+    Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
+    Model.ThetaStartStr = Text_Of(Model.ThetaStart);
+    Model.ThetaEndStr = Text_Of(Model.ThetaEnd);
+    Model.ThetaStepStr = Text_Of(Model.ThetaStep);
+    Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
+    Derive_Geometry();
+}
+
+}  // namespace verlink::bench
