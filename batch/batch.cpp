@@ -88,7 +88,7 @@ class Batch {
         if (options_.save && !Save()) return kFailed;
         if (options_.classify) Classify();
         bool done = !options_.Run_Wanted();
-        if (!done && Run_Model()) {
+        if (!done && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
             if (!Write_Results()) return kFailed;
         }

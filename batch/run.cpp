@@ -68,23 +68,27 @@ void Take_Geometry() {
     Derive_Geometry();
 }
 
-bool Run_Model() {
+bool Run_Model(std::ostream& notes) {
     if (Model.Calctype == 2 && !Take_Time_Limits()) return false;
     if (Model.Calctype == 3 && !Take_Angle_Limits()) return false;
     Take_Geometry();
     Model.Calculated = false;
     Integer Result = kRetrying;
     if (Model.Calctype > 3) {
+        if (Model.NSteps < 0) {
+            notes << "verlink-batch: the drive table has no rows\n";
+            return false;
+        }
         Imported_Run(Result);
-        return Model.NSteps >= 0;
+        return true;
     }
     Calc_Setup(Model.Calctype, Result);
     return Model.Grashof_Code != "NL";
 }
 
 bool Tell_Of_Gaps(std::ostream& notes) {
-    const int closed = Model.Calculated ? Closed_Positions() : 0;
     const int all = Model.NSteps + 1;
+    const int closed = Model.Calculated ? Closed_Positions() : 0;
     if (closed < all) notes << "verlink-batch: " << all - closed << " of " << all << " positions do not close\n";
     return closed > 0;
 }

@@ -10,8 +10,9 @@ namespace verlink {
 void Take_Geometry();
 
 /// Runs types 1 to 3, or replays the drive table of types 4 and 5. False, with the words that a screen would show,
-/// when the limits are refused or the lengths cannot close at all; then there is no table.
-bool Run_Model();
+/// when the limits are refused or the lengths cannot close at all; then there is no table. A drive table without rows
+/// is noted on the stream.
+bool Run_Model(std::ostream& notes);
 
 /// Says on the stream, in one line, how many positions did not close, if any. False when none closed.
 bool Tell_Of_Gaps(std::ostream& notes);
