@@ -207,6 +207,12 @@ void Derive_Angle_Limits() {
     Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
 }
 
+void Derive_Time_Limits() {
+    Model.ThetaStartStr = Text_Of(Model.TimeStart);
+    Model.ThetaEndStr = Text_Of(Model.TimeEnd);
+    Model.ThetaStepStr = Text_Of(Model.TimeStep);
+}
+
 void Derive_Geometry() {
     if (Model.PolarCoords) {
         Model.Link1AngleRad = Model.Link1Angle * kDegToRad;

@@ -22,6 +22,8 @@ void Derive_Geometry();
 
 /// The texts and radians of the three angle limits from their degrees.
 void Derive_Angle_Limits();
+/// The same three texts from the times, for time runs.
+void Derive_Time_Limits();
 
 /// The run limits of the run type from the boxes, with their refusals; a refused value leaves the model's own in
 /// force and puts it back in the box. False when refused: then no run may follow. Too many time steps are told and

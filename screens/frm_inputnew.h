@@ -167,6 +167,7 @@ class frm_Inputnew : public platform::Screen {
     /// One position in the picture; a step beyond the last may become 0.
     void Draw_Position(Integer& step);
     void Jump_To_Angle();
+    void Zoom(double factor);
     void Leave();
     bool Run(Integer& Result);
     bool Run_Setup(Integer& Result);

@@ -27,6 +27,8 @@ using platform::Tell;
 
 namespace {
 
+constexpr double kZoomStep = 1.1;
+
 double Value_Of(const platform::TextBox& box) { return Val(box.Text.Get()); }
 
 const char* Mode_Name(int Calctype) {
@@ -244,11 +246,16 @@ void frm_Inputnew::opt_Polar_Click(int Index) {
 
 void frm_Inputnew::opt_Calctype_Click(int Index) {
     if (Loading || !Visible() || Model.Calctype == 4) return;
-    Model.Calctype = Index;
-    const Single speed = Value_Of(txt_initial[3]);
-    if (speed < 0.0) txt_initial[3].Text = Text_Of(Single(-speed));
-    Show_Values();
-    Disable_Ways_On();
+    Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
+        Model.Calctype = Index;
+        // The texts of the limits are shared by the modes: each finds its own there.
+        if (Index == 2) Derive_Time_Limits();
+        if (Index == 3) Derive_Angle_Limits();
+        Disable_Ways_On();
+        Show_Values();
+        const Single speed = Value_Of(txt_initial[3]);
+        if (speed < 0.0) txt_initial[3].Text = Text_Of(Single(-speed));
+    });
 }
 
 void frm_Inputnew::opt_OpenCross_Click(int) {
@@ -383,9 +390,7 @@ bool frm_Inputnew::TimeStepDone(Integer& Result) {
             Model.TimeStart = Start;
             Model.TimeEnd = End;
             Model.TimeStep = Increment;
-            Model.ThetaStartStr = Text_Of(Start);
-            Model.ThetaEndStr = Text_Of(End);
-            Model.ThetaStepStr = Text_Of(Increment);
+            Derive_Time_Limits();
         }
         Model.NSteps = steps;
         done = Run_Setup(Result);
@@ -446,20 +451,16 @@ void frm_Inputnew::mnu_Redraw_Click() {
     cmd_Step_Click();
 }
 
-void frm_Inputnew::mnu_Plus_Click() {
-    Model.ZoomFactor /= 1.1;
-    cmd_Reset_Click();
+void frm_Inputnew::Zoom(double factor) {
+    Guarded("frm_Input.Zoom", [this, factor] {
+        Model.ZoomFactor = factor;
+        cmd_Reset_Click();
+    });
 }
 
-void frm_Inputnew::mnu_Normal_Click() {
-    Model.ZoomFactor = 1;
-    cmd_Reset_Click();
-}
-
-void frm_Inputnew::mnu_Minus_Click() {
-    Model.ZoomFactor *= 1.1;
-    cmd_Reset_Click();
-}
+void frm_Inputnew::mnu_Plus_Click() { Zoom(Model.ZoomFactor / kZoomStep); }
+void frm_Inputnew::mnu_Normal_Click() { Zoom(1); }
+void frm_Inputnew::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
 
 void frm_Inputnew::Timer1_Timer() {
     Timer1.Enabled = false;
@@ -473,10 +474,12 @@ void frm_Inputnew::mnu_Cog_Click(int) {
 }
 
 void frm_Inputnew::mnu_Cayley_Click() {
-    if (Model.Parallelogram)
-        Tell(kParallelogramMessage, Icon::kInformation);
-    else if (Screens::Knows("frm_Cayley"))
-        Show_Centered("frm_Cayley");
+    Guarded("frm_Input.mnu_Cayley", [] {
+        if (Model.Parallelogram)
+            Tell(kParallelogramMessage, Icon::kInformation);
+        else if (Screens::Knows("frm_Cayley"))
+            Show_Centered("frm_Cayley");
+    });
 }
 
 void frm_Inputnew::mnu_Linkage_Click() { Show_Help(Help_Document("mnu_Linkdata"), "frm_Input.mnu_Linkage"); }

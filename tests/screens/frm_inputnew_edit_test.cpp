@@ -177,6 +177,44 @@ TEST_F(Edit, AnotherModeShowsItsOwnValuesAndWaitsForItsRun) {
     });
 }
 
+TEST_F(Edit, EachModeFindsItsOwnLimitsAgain) {
+    Show([&] {
+        Calculate_Now();
+        Choose_Option(input, "opt_Calctype", 1);
+        Calculate_Now();
+        Choose_Option(input, "opt_Calctype", 2);
+        EXPECT_EQ(input.txt_initial[1].Text, "5");
+        EXPECT_EQ(Model.ThetaEndStr, "5");
+        Calculate_Now();
+        Choose_Option(input, "opt_Calctype", 3);
+        EXPECT_EQ(input.txt_initial[0].Text, "45");
+        EXPECT_EQ(input.txt_initial[1].Text, "405");
+        EXPECT_EQ(input.txt_initial[2].Text, "10");
+        Calculate_Now();
+        EXPECT_EQ(Model.NSteps, 36);
+    });
+}
+
+TEST_F(Edit, ATimeModeThatWasOnlyChosenIsThereAgainAtTheNextVisit) {
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 2);
+        Press(input, "cmd_Cancel");
+    });
+    Show([&] {
+        EXPECT_EQ(input.txt_initial[1].Text, "5");
+        EXPECT_EQ(Model.NSteps, 100);
+    });
+}
+
+TEST_F(Edit, ASpeedTooLargeForASingleIsReportedWhenTheModeChanges) {
+    Without_Autocalc();
+    Show([&] {
+        input.txt_initial[3].Text = "-1e60";
+        desktop.Expect_Message_With("has occurred in frm_Input.opt_Calctype_Click");
+        Choose_Option(input, "opt_Calctype", 1);
+    });
+}
+
 TEST_F(Edit, ACamDrivenModelKeepsItsMode) {
     Without_Autocalc();
     Model.Calctype = 4;
