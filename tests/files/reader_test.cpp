@@ -1,0 +1,409 @@
+// How a model file is recognised and read: older layouts, derived values, the screens, the message.
+#include <algorithm>
+#include <cmath>
+
+#include "tests/files/model_files.h"
+
+namespace verlink::test {
+
+using platform::Answer;
+using platform::Icon;
+using platform::Pointer;
+using platform::Screens;
+
+namespace {
+
+constexpr char kForeign[] = "This data file is not compatible with VERLINK. ";
+
+/// What a field of the fixtures holds: line n has n + 0.25, 100 + n or "line n", and true on odd lines.
+std::string Told_By_Line(const FileField& field) {
+    switch (field.line) {
+        case 40: return "10";
+        case 41: return "100";
+        case 42: return "7.5";
+        case 43: return "2";
+        case 45: return "3";
+        case 94: return "false";
+        default: break;
+    }
+    struct {
+        int line;
+        std::string operator()(const std::string*) const { return "line " + std::to_string(line); }
+        std::string operator()(const Single*) const { return std::to_string(line) + ".25"; }
+        std::string operator()(const Integer*) const { return std::to_string(100 + line); }
+        std::string operator()(const Long*) const { return std::to_string(100 + line); }
+        std::string operator()(const bool*) const { return line % 2 ? "true" : "false"; }
+    } told{field.line};
+    return std::visit(told, field.place);
+}
+
+const FileField& Line(int line) { return File_Fields()[static_cast<std::size_t>(line - 1)]; }
+
+/// Checks lines First to Last, but for those of the program itself, the run type, and the exceptions.
+void Expect_Told(int First, int Last, std::initializer_list<int> except = {}) {
+    for (int line = First; line <= Last; ++line) {
+        if (line <= 2 || line == 44 || line == 54 || std::find(except.begin(), except.end(), line) != except.end())
+            continue;
+        EXPECT_EQ(Text_At(Line(line)), Told_By_Line(Line(line))) << "line " << line << " " << Line(line).name;
+    }
+}
+
+}  // namespace
+
+class Reader : public ModelFiles {
+   protected:
+    static void Read_Fixture(const std::string& name) { ASSERT_TRUE(Load_Model(Held(Fixture_File(name)))) << name; }
+    /// Values that a short file must leave.
+    static std::vector<std::string> Extended_Values() {
+        std::vector<std::string> values;
+        for (int line = 81; line <= 96; ++line) values.push_back(Text_At(Line(line)));
+        return values;
+    }
+};
+
+TEST_F(Reader, Revision6StopsAtLine80AndHasAPolarGroundLink) {
+    Model.Link1X = 55;
+    Model.Link1Y = 66;
+    Model.NSteps = 77;
+    const auto before = Extended_Values();
+    Read_Fixture("rev6.vlk");
+    Expect_Told(3, 80);
+    EXPECT_TRUE(Model.PolarCoords);
+    EXPECT_EQ(Model.Link1X, 11.25) << "L1";
+    EXPECT_EQ(Model.Link1Y, 0);
+    const auto after = Extended_Values();
+    for (int line = 81; line <= 96; ++line) {
+        if (line == 85 || line == 86 || line == 92) continue;
+        EXPECT_EQ(after[static_cast<std::size_t>(line - 81)], before[static_cast<std::size_t>(line - 81)]) << line;
+    }
+}
+
+TEST_F(Reader, Revision7WithFormatBelow2StopsAtLine80AndChangesNothingMore) {
+    Model.Link1X = 55;
+    Model.Link1Y = 66;
+    const auto before = Extended_Values();
+    Read_Fixture("rev7_format1.vlk");
+    Expect_Told(3, 80);
+    EXPECT_EQ(Extended_Values(), before);
+}
+
+TEST_F(Reader, Revision7WithFormat2Or3HasNoLine92AndAPolarGroundLink) {
+    for (const char* name : {"rev7_format2.vlk", "rev7_format3.vlk"}) {
+        Model.PolarCoords = false;
+        Read_Fixture(name);
+        Expect_Told(3, 96, {85, 86, 92});
+        EXPECT_TRUE(Model.PolarCoords);
+        EXPECT_EQ(Model.Link1X, 11.25);
+        EXPECT_EQ(Model.Link1Y, 0);
+    }
+}
+
+TEST_F(Reader, Revision7WithFormat4HasAllLines) {
+    Model.PolarCoords = true;
+    Read_Fixture("rev7_format4.vlk");
+    Expect_Told(3, 96);
+    EXPECT_FALSE(Model.PolarCoords);
+}
+
+TEST_F(Reader, Revision7Point5WithFormat3HasNoLine92AndLine93FollowsDirectly) {
+    Read_Fixture("rev75_format3.vlk");
+    Expect_Told(3, 96, {85, 86, 92});
+    EXPECT_TRUE(Model.PolarCoords);
+    EXPECT_EQ(Model.Model5Name, "line 93");
+}
+
+TEST_F(Reader, EveryRevisionAbove7HasAllLinesWhateverItsFormat) {
+    Read_Fixture("rev8.vlk");
+    Expect_Told(3, 96);
+    Read_Fixture("rev9.vlk");
+    Expect_Told(3, 96, {92});
+    EXPECT_TRUE(Model.PolarCoords);
+}
+
+TEST_F(Reader, Revision10StartsWithA1AndHasAllLines) {
+    Model.PolarCoords = true;
+    Read_Fixture("rev10.vlk");
+    Expect_Told(3, 96);
+    EXPECT_FALSE(Model.PolarCoords);
+}
+
+TEST_F(Reader, Revision7Point1WithFormat1IsReadOnWithoutLine92) {
+    const auto content = With_Line(With_Line(Held(Fixture_File("rev7_format2.vlk")), 2, "\"7.1\""), 54, "\"1.0\"");
+    ASSERT_TRUE(Load_Model(content));
+    Expect_Told(3, 96, {85, 86, 92});
+    EXPECT_TRUE(Model.PolarCoords);
+}
+
+TEST_F(Reader, AnEmptyRevisionCountsAsOneBelow7) {
+    ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev6.vlk")), 2, "\"\"")));
+    EXPECT_TRUE(Model.PolarCoords);
+}
+
+TEST_F(Reader, TheDriveTableIsReadByRowsAndNumbersMayLackAZero) {
+    Read_Fixture("drive_table.vlk");
+    Expect_Told(3, 96, {84});
+    EXPECT_EQ(Model.Calctype, 4);
+    EXPECT_EQ(Model.NSteps, 4);
+    for (int step = 0; step <= 4; ++step) {
+        EXPECT_EQ(Model.RunTable.DriveTheta(step), step * 2.5);
+        EXPECT_EQ(Model.RunTable.Omega(step, 0), step + 0.5);
+        EXPECT_EQ(Model.RunTable.Alpha(step, 0), -step / 8.0);
+    }
+}
+
+TEST_F(Reader, TheTorqueTableFollowsTheDriveTable) {
+    Read_Fixture("torque_table.vlk");
+    EXPECT_EQ(Model.Calctype, 5);
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_EQ(Model.RunTable.DriveTheta(4), 10);
+    for (int step = 0; step <= 4; ++step) EXPECT_EQ(Model.RunTable.ImportedTorque(step), step * 1.5 - 3);
+}
+
+TEST_F(Reader, TheFilesOwnTagAndRevisionsAreKeptApartFromThePrograms) {
+    auto content = Held(Fixture_File("rev8.vlk"));
+    ASSERT_TRUE(Load_Model(With_Line(content, 1, "\"VERLINK by hand\"")));
+    EXPECT_EQ(Model.FileTag, "VERLINK by hand");
+    EXPECT_EQ(Model.FileRev, "8.1");
+    EXPECT_EQ(Model.FileFormat, "1.0");
+    EXPECT_EQ(Model.ProgramTag, "VERLINK");
+    EXPECT_EQ(Model.RevNumber, "9.0");
+    EXPECT_EQ(Model.FileVersion, "2.2");
+}
+
+TEST_F(Reader, UserDateAndDesignNumberOfTheFileReplaceTheSessions) {
+    Read_Fixture("rev9.vlk");
+    EXPECT_EQ(Model.UserName, "line 4");
+    EXPECT_EQ(Model.DesignNumber, 105);
+    EXPECT_EQ(Model.DateStr, "line 6");
+    EXPECT_EQ(Model.TimeStr, "line 7");
+}
+
+TEST_F(Reader, AFirstLineThatGoesOnBehindTheTagIsAccepted) {
+    EXPECT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 1, "\"VERLINKED, by another\"")));
+}
+
+TEST_F(Reader, AShorterFirstLineIsRefusedAndNothingFurtherIsRead) {
+    const std::string before = File_Content();
+    for (const char* tag : {"\"VERLIN\"", "\"\"", "\"verlink\"", "VERLIN", "\"LINKVER\""}) {
+        Model.DiskFile = false;
+        Model.Calculated = true;
+        desktop.Expect_Message(kForeign, Answer::kOk, Icon::kQuestion);
+        Readfile(With_Line(Held(Fixture_File("rev9.vlk")), 1, tag));
+        EXPECT_EQ(File_Content(), before);
+        EXPECT_TRUE(Model.DiskFile);
+        EXPECT_TRUE(Model.Calculated);
+    }
+}
+
+TEST_F(Reader, AForeignFileOfASingleLineIsRefusedForWhatItIs) {
+    desktop.Expect_Message(kForeign, Answer::kOk, Icon::kQuestion);
+    EXPECT_FALSE(Load_Model("just a note"));
+}
+
+TEST_F(Reader, AZoomFactorOf0ReadsAs1) {
+    ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 96, "0")));
+    EXPECT_EQ(Model.ZoomFactor, 1);
+}
+
+TEST_F(Reader, CyclesOf0AndBelowReadAs1) {
+    for (const char* cycles : {"0", "-5"}) {
+        ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 53, cycles)));
+        EXPECT_EQ(Model.Cycles, 1);
+    }
+}
+
+TEST_F(Reader, TheReservedStringsAndTheEndMarkerAreNotLookedAt) {
+    auto content = Held(Fixture_File("drive_table.vlk"));
+    content = With_Line(With_Line(With_Line(content, 97, "\"used by another\""), 150, "12.5"), 184, "\"The End\"");
+    ASSERT_TRUE(Load_Model(content));
+    EXPECT_EQ(Model.RunTable.DriveTheta(4), 10);
+}
+
+TEST_F(Reader, LinesMayEndInLineFeedsAloneOrCarriageReturnsAlone) {
+    const auto content = Held(Fixture_File("drive_table.vlk"));
+    for (const char* end : {"\n", "\r"}) {
+        std::string other;
+        for (const auto& line : Lines(content)) other += line + end;
+        Model.L2 = 0;
+        ASSERT_TRUE(Load_Model(other));
+        EXPECT_EQ(Model.L2, 8.25);
+        EXPECT_EQ(Model.RunTable.Alpha(4, 0), -0.5);
+    }
+}
+
+TEST_F(Reader, DerivedValuesFollowTheFiles) {
+    Read_Fixture("rev9.vlk");
+    EXPECT_EQ(Model.DeltaStr, "13.25");
+    EXPECT_NEAR(Model.DeltaRad, 13.25 * M_PI / 180, 1e-6);
+    EXPECT_EQ(Model.LinkArray(0), 12.25);
+    EXPECT_EQ(Model.LinkArray(1), 11.25);
+    EXPECT_EQ(Model.LinkArray(4), 10.25);
+    EXPECT_EQ(Model.LinkArray(5), 85.25);
+    EXPECT_EQ(Model.ThetaStart, 10);
+    EXPECT_EQ(Model.ThetaEnd, 100);
+    EXPECT_EQ(Model.ThetaStep, 7.5);
+    EXPECT_NEAR(Model.ThetaStartRad, 10 * M_PI / 180, 1e-7);
+    EXPECT_NEAR(Model.ThetaEndRad, 100 * M_PI / 180, 1e-6);
+    EXPECT_NEAR(Model.ThetaStepRad, 7.5 * M_PI / 180, 1e-7);
+    EXPECT_EQ(Model.Link1AngleRad, 83.25) << "the file's own, not recomputed";
+    EXPECT_EQ(Model.UnitLabel(6), "m");
+    EXPECT_EQ(Model.DecLength, 4);
+    EXPECT_EQ(Model.NSteps, 184) << "a single position keeps the file's";
+    EXPECT_TRUE(Model.DiskFile);
+    EXPECT_FALSE(Model.Calculated);
+}
+
+TEST_F(Reader, LimitsThatAreNoNumbersReadAs0) {
+    ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 40, "\"start\"")));
+    EXPECT_EQ(Model.ThetaStart, 0);
+    EXPECT_EQ(Model.ThetaStartStr, "start");
+}
+
+TEST_F(Reader, AngleStepsCountAnewAndOverrideTheFile) {
+    // (100 - 10) / 7.5 = 12
+    ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 44, "3")));
+    EXPECT_EQ(Model.NSteps, 12);
+}
+
+TEST_F(Reader, AStepLargerThanTheRangeKeepsTheStoredCount) {
+    const auto angle = With_Line(Held(Fixture_File("rev9.vlk")), 44, "3");
+    ASSERT_TRUE(Load_Model(With_Line(angle, 42, "\"95\"")));
+    EXPECT_EQ(Model.NSteps, 184);
+    // 0.98 of 91 degrees is still below the 90 of the range, 0.98 of 92 is above.
+    ASSERT_TRUE(Load_Model(With_Line(angle, 42, "\"91\"")));
+    EXPECT_EQ(Model.NSteps, 1);
+    ASSERT_TRUE(Load_Model(With_Line(angle, 42, "\"92\"")));
+    EXPECT_EQ(Model.NSteps, 184);
+}
+
+TEST_F(Reader, TimeStepsCountAnewWhenTheStepIsAbove0) {
+    // (35.25 - 34.25) / 0.3 = 3.33
+    const auto time = With_Line(Held(Fixture_File("rev9.vlk")), 44, "2");
+    ASSERT_TRUE(Load_Model(With_Line(time, 36, "0.3")));
+    EXPECT_EQ(Model.NSteps, 3);
+    ASSERT_TRUE(Load_Model(With_Line(time, 36, "0.18")));
+    EXPECT_EQ(Model.NSteps, 6);
+    for (const char* none : {"0", "-0.3"}) {
+        ASSERT_TRUE(Load_Model(With_Line(time, 36, none)));
+        EXPECT_EQ(Model.NSteps, 184) << none;
+    }
+}
+
+TEST_F(Reader, AnOpenModelAfterACrossedOneKeepsTheNameCrossed) {
+    const auto content = Held(Fixture_File("rev9.vlk"));
+    ASSERT_TRUE(Load_Model(content));
+    EXPECT_EQ(Model.CircuitSign, 1);
+    EXPECT_EQ(Model.CircuitName, "Crossed");
+    ASSERT_TRUE(Load_Model(With_Line(content, 43, "1")));
+    EXPECT_EQ(Model.CircuitSign, -1);
+    EXPECT_EQ(Model.CircuitName, "Crossed");
+    ASSERT_TRUE(Load_Model(With_Line(content, 43, "7")));
+    EXPECT_EQ(Model.CircuitSign, 1) << "any other index than 1 is crossed";
+}
+
+TEST_F(Reader, UnitsBelow1AreInches) {
+    for (const char* units : {"0", "-4"}) {
+        ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 45, units)));
+        EXPECT_EQ(Model.Units, 1);
+        EXPECT_EQ(Model.UnitLabel(6), "in");
+    }
+}
+
+TEST_F(Reader, ValuesMayBeReplacedBeforeOthersAreDerivedFromThem) {
+    ASSERT_TRUE(Load_Model(Held(Fixture_File("rev9.vlk")), [] {
+        EXPECT_EQ(Model.L2, 8.25);
+        Set_File_Field("L2", "2.5");
+        Set_File_Field("Calctype", "3");
+        Set_File_Field("ThetaStepStr", "9");
+    }));
+    EXPECT_EQ(Model.LinkArray(2), 2.5);
+    EXPECT_EQ(Model.NSteps, 10);
+}
+
+TEST_F(Reader, TheInputScreenIsFilled) {
+    Model.JustStarted = true;
+    auto content = With_Line(With_Line(Held(Fixture_File("rev9.vlk")), 44, "3"), 11, "1234.5678");
+    Readfile(content);
+    auto& input = Screens::Get("frm_Inputnew");
+    const auto box = [&](const char* name, int index) { return input.Text(name, index).Text.Get(); };
+    EXPECT_EQ(box("txt_Linkout", 0), "1,234.568");
+    EXPECT_EQ(box("txt_Linkout", 1), "8.250");
+    EXPECT_EQ(box("txt_Linkout", 2), "9.250");
+    EXPECT_EQ(box("txt_Linkout", 3), "10.250");
+    EXPECT_EQ(box("txt_Linkout", 4), "12.250");
+    EXPECT_EQ(box("txt_Linkout", 5), "13.25");
+    EXPECT_EQ(box("txt_Linkout", 6), "82.25");
+    EXPECT_EQ(box("txt_initial", 0), "10");
+    EXPECT_EQ(box("txt_initial", 1), "100");
+    EXPECT_EQ(box("txt_initial", 2), "7.5");
+    EXPECT_EQ(box("txt_initial", 3), "38.25");
+    EXPECT_EQ(box("txt_initial", 4), "39.25");
+    EXPECT_EQ(box("txt_Thetazero", platform::kNoIndex), "37.25");
+    EXPECT_TRUE(input.Get<platform::OptionButton>("opt_Calctype", 3).Value);
+    EXPECT_TRUE(input.Get<platform::OptionButton>("opt_OpenCross", 1).Value);
+    Readfile(With_Line(content, 43, "1"));
+    EXPECT_TRUE(input.Get<platform::OptionButton>("opt_OpenCross", 0).Value);
+    EXPECT_FALSE(input.Get<platform::OptionButton>("opt_OpenCross", 1).Value);
+}
+
+TEST_F(Reader, FillingTheScreenChangesNoValueOfTheFile) {
+    // Lengths with more digits than their boxes show, a ground link that is not horizontal, a negative speed.
+    Take_Full_Turn();
+    Model.L2 = 1.115555;
+    Model.Rpa = 1.697777;
+    Model.Link1Angle = 30.12345;
+    Model.Link1AngleRad = 30.12345 * kDegToRad;
+    Model.Link1X = 2.306888;
+    Model.Link1Y = 1.338444;
+    Model.Omega2Input = -7.5;
+    Model.CircuitIndex = 2;
+    Model.Calctype = 3;
+    const std::string content = File_Content();
+    Model.CircuitIndex = 1;
+    Model.Calctype = 1;
+    Model.JustStarted = true;
+    Screens::Get("frm_Inputnew").Get<platform::OptionButton>("opt_Calctype", 1).Value = true;
+    Readfile(content);
+    EXPECT_EQ(File_Content(), content);
+    EXPECT_FALSE(Model.Calculated);
+}
+
+TEST_F(Reader, TheUnitsMenuIsMarked) {
+    Model.JustStarted = true;
+    Readfile(Held(Fixture_File("rev9.vlk")));
+    auto& home = Screens::Get("frm_HomeScreen");
+    for (int i = 1; i <= 5; ++i) EXPECT_EQ(home.Get<platform::MenuEntry>("mnu_pick", i).Checked.Get(), i == 3) << i;
+}
+
+TEST_F(Reader, ReadingSaysSoAndShowsTheInputScreen) {
+    Model.FilePath = "/models/press.vlk";
+    Expect_Read("/models/press.vlk");
+    desktop.Set_Pointer(Pointer::kHourglass);
+    Readfile(Held(Fixture_File("rev9.vlk")));
+    EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+}
+
+TEST_F(Reader, WhileTheProgramStartsAModelIsReadInSilence) {
+    Model.JustStarted = true;
+    Readfile(Held(Fixture_File("rev9.vlk")));
+    EXPECT_EQ(Model.L2, 8.25);
+}
+
+TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndNotSaidToBeRead) {
+    auto lines = Lines(Held(Fixture_File("rev9.vlk")));
+    lines.resize(60);
+    Model.Calculated = true;
+    desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n", Answer::kOk,
+                           Icon::kInformation);
+    Readfile(Joined(lines));
+    // What was read stays, and what follows from it follows.
+    EXPECT_EQ(Model.L2, 8.25);
+    EXPECT_EQ(Model.LinkArray(2), 8.25);
+    EXPECT_EQ(Model.Units, 3);
+    EXPECT_EQ(Model.UnitLabel(6), "m");
+    EXPECT_EQ(Model.CG(3, 0), 60.25);
+    EXPECT_EQ(Model.CG(3, 1), static_cast<double>(-0.872664626F)) << "the line that is missing";
+    EXPECT_FALSE(Model.Calculated);
+}
+
+}  // namespace verlink::test
