@@ -1,4 +1,6 @@
 // The file menu of the home screen: Open, Save and Save As.
+#include <algorithm>
+
 #include "core/numeric.h"
 #include "core/status_panel.h"
 #include "files/model_file.h"
@@ -38,14 +40,22 @@ bool May_Replace(Screen& home) {
     return Model.SavedFlag;
 }
 
+/// Zeroes the results. A model that asks for more steps than the table has was never run with them.
+void Drop_Results() {
+    const Integer asked = Model.NSteps;
+    Model.NSteps = std::min<int>(asked, kLastStep);
+    Clear_RunTable();
+    Model.NSteps = asked;
+    Model.CognateEdit = false;
+}
+
 }  // namespace
 
 void Menu_Open(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.Open", [&] {
         if (!May_Replace(home)) return;
         // Results go before the dialog asks, so that a cancelled one leaves none either.
-        Clear_RunTable();
-        Model.CognateEdit = false;
+        Drop_Results();
         auto& dialog = home.Get<CommonDialog>("CommonDialog1");
         dialog.DialogTitle = "Open a model";
         dialog.Filter = "Verlink (*.vlk)|*.vlk|All (*.*)|*.*|";
@@ -56,7 +66,6 @@ void Menu_Open(Screen& home) {
         // Read first: a file that cannot be opened does not become the one that Save would replace.
         const std::string content = Read_File(dialog.FileName);
         Model.FilePath = dialog.FileName;
-        Model.SavedFlag = false;
         Readfile(content);
         Model.ModelName = StripFilename(Model.FilePath);
         The_Desktop().Set_Pointer(Pointer::kDefault);
