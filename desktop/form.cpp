@@ -17,6 +17,7 @@
 
 #include "desktop/binders.h"
 #include "desktop/frame_box.h"
+#include "desktop/grid.h"
 #include "desktop/layouts.h"
 #include "desktop/messages.h"
 #include "desktop/pace.h"
@@ -32,13 +33,16 @@ namespace {
 
 /// What a title bar and a panel take from the height of a display.
 constexpr int kDecoration = 56;
-constexpr double kHomeHeight = 9480;
+constexpr double kHomeHeight = 9480, kHomeWidth = 11850;
 
 QRect availableDisplay() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 
 }  // namespace
 
-double Form::twipsPerPixel() { return std::max(10.0, kHomeHeight / (availableDisplay().height() - kDecoration)); }
+double Form::twipsPerPixel() {
+    const QRect display = availableDisplay();
+    return std::max({10.0, kHomeHeight / (display.height() - kDecoration), kHomeWidth / (display.width() - kGap)});
+}
 
 Form::Form(Screen& screen) : screen_(screen) {
     setObjectName(toQt(screen.Name()));

@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
+#include <QPicture>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -33,13 +34,21 @@ bool askPrinter(QWidget* parent, QPrinter& printer, const QString& folder, const
 }
 
 bool printWidget(QPrinter& printer, QWidget& widget) {
+    // Straight on a printer a widget would become a picture of pixels; by way of a recording it stays vectors.
+    QPicture recording;
+    QPainter recorder(&recording);
+    widget.render(&recorder);
+    recorder.end();
+
     QPainter painter;
     if (!painter.begin(&printer)) return false;
     const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
     const double scale = std::min(page.width() / widget.width(), page.height() / widget.height());
     painter.translate((page.width() - widget.width() * scale) / 2, 0);
-    painter.scale(scale, scale);
-    widget.render(&painter);
+    // A recording is played at its natural size, in inches; the page is to be filled instead.
+    painter.scale(scale * recording.logicalDpiX() / printer.logicalDpiX(),
+                  scale * recording.logicalDpiY() / printer.logicalDpiY());
+    painter.drawPicture(0, 0, recording);
     return painter.end();
 }
 

@@ -3,21 +3,15 @@
 
 #include <QApplication>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
 
 namespace {
 
-/// A folder that nobody else may look into, as sessions have one.
-std::string PrivateFolder() {
-    std::string pattern = testing::TempDir() + "verlink-session-XXXXXX";
-    return ::mkdtemp(pattern.data());
-}
-
-/// The offscreen platform says at each window that it takes no size hints; everything else is worth reading.
+/// The offscreen platform says at each window what it cannot do; everything else is worth reading.
 void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (text.contains(QStringLiteral("propagateSizeHints"))) return;
+    if (text.contains(QStringLiteral("This plugin does not support"))) return;
     std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
     if (type == QtFatalMsg) std::abort();
 }
@@ -26,8 +20,8 @@ void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(PrivateFolder()));
+    const QTemporaryDir session;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", session.path().toUtf8());
     qInstallMessageHandler(Log);
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);

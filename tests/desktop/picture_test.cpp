@@ -1,0 +1,222 @@
+// The picture is painted clean and crisp, and knows where the mouse is.
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTemporaryDir>
+#include <cmath>
+
+#include "desktop/picture_widget.h"
+#include "desktop/theme.h"
+#include "tests/desktop/user.h"
+
+namespace verlink::test {
+
+using platform::Picture;
+
+namespace {
+
+constexpr platform::Color kMagenta = 0xFF00FF, kGreen = 0x00FF00, kBlack = 0, kWhite = 0xFFFFFF;
+
+QImage Painted(const Picture& picture, int side, double density = 1) {
+    QImage image(qRound(side * density), qRound(side * density), QImage::Format_RGB32);
+    image.setDevicePixelRatio(density);
+    QPainter painter(&image);
+    desktop::paintPicture(painter, picture, side);
+    return image;
+}
+
+void DrawCurve(Picture& picture, platform::Color color) {
+    picture.Line(4, 0, 4, 0, color);
+    for (int i = 1; i <= 90; ++i) picture.LineTo(4 * std::cos(i * 0.0698), 3 * std::sin(i * 0.0698), color);
+}
+
+void DrawLinkage(Picture& picture, double angle, platform::Color color) {
+    picture.Line(0, 0, std::cos(angle), std::sin(angle), color);
+    picture.LineTo(3, 2, color);
+    picture.LineTo(3, 0, color);
+    picture.Circle(std::cos(angle), std::sin(angle), 0.1, color);
+}
+
+TEST(PaintTest, Frames_that_are_erased_leave_no_ghosts_and_no_holes) {
+    Picture played;
+    played.Scale(-5, -5, 5, 5);
+    DrawCurve(played, kGreen);
+    for (int i = 0; i < 60; ++i) {
+        DrawLinkage(played, i * 0.1, kMagenta);
+        DrawLinkage(played, i * 0.1, kWhite);
+        DrawCurve(played, kGreen);
+    }
+    DrawLinkage(played, 6.0, kMagenta);
+
+    Picture clean;
+    clean.Scale(-5, -5, 5, 5);
+    DrawCurve(clean, kGreen);
+    DrawLinkage(clean, 6.0, kMagenta);
+    EXPECT_EQ(Painted(played, 400), Painted(clean, 400));
+    EXPECT_EQ(Painted(played, 400, 2), Painted(clean, 400, 2));
+}
+
+TEST(PaintTest, The_world_fills_the_square_with_y_downward) {
+    Picture picture;
+    picture.Scale(-1, 2, 3, 6);
+    picture.PSet(-1 + 1, 2 + 3, kBlack);
+    const QImage image = Painted(picture, 400);
+    EXPECT_LT(qGray(image.pixel(100, 300)), 160);
+    EXPECT_EQ(image.pixel(100, 100), qRgb(255, 255, 255));
+}
+
+TEST(PaintTest, Lines_along_the_axes_are_sharp_at_every_density) {
+    for (const auto& [density, rows] : {std::pair{1.0, 1}, {1.5, 1}, {2.0, 3}}) {
+        Picture picture;
+        picture.Scale(-5, -5, 5, 5);
+        picture.Line(-4.123, 0.3337, 4.2, 0.3337, kBlack);
+        const QImage image = Painted(picture, 401, density);
+        int darkest = 255, dark_rows = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            const int gray = qGray(image.pixel(image.width() / 2, y));
+            darkest = std::min(darkest, gray);
+            if (gray < 128) ++dark_rows;
+        }
+        EXPECT_LT(darkest, 10) << "at density " << density;
+        EXPECT_EQ(dark_rows, rows) << "at density " << density;
+    }
+}
+
+TEST(PaintTest, Pens_grow_with_the_density) {
+    Picture picture;
+    picture.Scale(0, 0, 10, 10);
+    picture.Line(1, 1, 9, 8, kBlack);
+    const auto ink = [](const QImage& image) {
+        double sum = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) sum += 255 - qGray(image.pixel(x, y));
+        return sum / 255;
+    };
+    EXPECT_NEAR(ink(Painted(picture, 300, 2)) / ink(Painted(picture, 300)), 4, 0.1);
+}
+
+TEST(PaintTest, Nothing_is_painted_outside_the_square) {
+    Picture picture;
+    picture.Scale(0, 0, 1, 1);
+    picture.Line(-1, 0.5, 2, 0.6, kBlack);
+    QImage image(200, 100, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QPainter painter(&image);
+    painter.translate(50, 0);
+    desktop::paintPicture(painter, picture, 100);
+    painter.end();
+    EXPECT_EQ(image.pixel(48, 50), qRgb(0, 0, 255));
+    EXPECT_EQ(image.pixel(152, 59), qRgb(0, 0, 255));
+}
+
+TEST(PaintTest, A_window_of_no_size_paints_the_back_colour) {
+    Picture picture;
+    picture.Scale(0, 0, 0, 0);
+    picture.BackColor(0x00FFFF);
+    const QImage image = Painted(picture, 20);
+    EXPECT_EQ(image.pixel(10, 10), qRgb(255, 255, 0));
+}
+
+TEST(PictureWidgetTest, The_picture_is_square_and_in_the_middle) {
+    Picture picture;
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(500, 302);
+    EXPECT_EQ(widget.square(), QRectF(100, 1, 300, 300));
+    widget.resize(302, 500);
+    EXPECT_EQ(widget.square(), QRectF(1, 100, 300, 300));
+}
+
+TEST(PictureWidgetTest, A_change_is_painted_once_and_at_the_latest_state) {
+    Picture picture;
+    picture.Scale(0, 0, 1, 1);
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(202, 202);
+    widget.show();
+    QCoreApplication::processEvents();
+    picture.Line(0, 0.5, 1, 0.5, kMagenta);
+    widget.paintNow();
+    EXPECT_EQ(widget.grab().toImage().pixel(101, 101), qRgb(255, 0, 255));
+    picture.Line(0, 0.5, 1, 0.5, kWhite);
+    EXPECT_EQ(widget.grab().toImage().pixel(101, 101), qRgb(255, 255, 255));
+}
+
+TEST(PictureWidgetTest, The_paper_is_white_on_a_dark_desktop_too) {
+    Picture picture;
+    desktop::PictureWidget widget(picture, nullptr);
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
+    dark.setColor(QPalette::Base, QColor(0x10, 0x10, 0x10));
+    widget.setPalette(dark);
+    widget.resize(102, 102);
+    EXPECT_EQ(widget.grab().toImage().pixel(50, 50), qRgb(255, 255, 255));
+}
+
+struct Move {
+    int button, shift;
+    double x, y;
+};
+
+TEST(PictureWidgetTest, A_move_with_a_button_down_tells_button_keys_and_place) {
+    Picture picture;
+    picture.Scale(-2, -2, 2, 2);
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(502, 402);
+    std::vector<Move> moves;
+    widget.onMouseMove = [&](int button, int shift, double x, double y) { moves.push_back({button, shift, x, y}); };
+    const auto move = [&](QPointF at, Qt::MouseButtons buttons, Qt::KeyboardModifiers keys) {
+        QMouseEvent event(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, buttons, keys);
+        QApplication::sendEvent(&widget, &event);
+    };
+    const QRectF square = widget.square();
+    move(square.center(), Qt::LeftButton, Qt::ShiftModifier);
+    move(square.topLeft(), Qt::RightButton, Qt::ControlModifier);
+    move(square.topLeft() + QPointF(300, 100), Qt::MiddleButton | Qt::LeftButton,
+         Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    ASSERT_EQ(moves.size(), 3u);
+    EXPECT_EQ(moves[0].button, 1);
+    EXPECT_EQ(moves[0].shift, 1);
+    EXPECT_NEAR(moves[0].x, 0, 1e-12);
+    EXPECT_NEAR(moves[0].y, 0, 1e-12);
+    EXPECT_EQ(moves[1].button, 2);
+    EXPECT_EQ(moves[1].shift, 2);
+    EXPECT_NEAR(moves[1].x, -2, 1e-12);
+    EXPECT_NEAR(moves[1].y, -2, 1e-12);
+    EXPECT_EQ(moves[2].button, 5);
+    EXPECT_EQ(moves[2].shift, 7);
+    EXPECT_NEAR(moves[2].x, 1, 1e-12);
+    EXPECT_NEAR(moves[2].y, -1, 1e-12);
+}
+
+TEST(PictureWidgetTest, Moves_without_a_button_are_not_asked_for) {
+    Picture picture;
+    desktop::PictureWidget widget(picture, nullptr);
+    EXPECT_FALSE(widget.hasMouseTracking());
+}
+
+TEST(PictureWidgetTest, It_prints_as_vectors) {
+    Picture picture;
+    picture.Scale(-5, -5, 5, 5);
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(400, 400);
+    const QTemporaryDir folder;
+    const auto printed = [&](const char* name) {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        QPdfWriter writer(path);
+        QPainter painter(&writer);
+        widget.render(&painter);
+        painter.end();
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray empty = printed("empty.pdf");
+    DrawCurve(picture, kGreen);
+    const QByteArray drawn = printed("drawn.pdf");
+    EXPECT_GT(drawn.size(), empty.size());
+    EXPECT_FALSE(drawn.contains("/Subtype /Image"));
+}
+
+}  // namespace
+
+}  // namespace verlink::test

@@ -1,0 +1,151 @@
+// Every screen of the program has its window: a widget for each control, and no widget without one.
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <map>
+#include <set>
+
+#include "desktop/text.h"
+#include "platform/controls.h"
+#include "tests/desktop/user.h"
+
+namespace verlink::test {
+
+using namespace platform;
+
+namespace {
+
+constexpr const char* kScreens[] = {"frm_About",    "frm_Animate", "frm_Help",  "frm_HomeScreen",
+                                    "frm_Inputnew", "frm_Quit",    "frm_Title", "frm_User"};
+
+class ScreensTest : public DesktopTest {
+   protected:
+    void ForEach(const std::function<void(Screen&, desktop::Form&)>& check) {
+        for (const char* name : kScreens) {
+            SCOPED_TRACE(name);
+            Screen& screen = Screens::Get(name);
+            check(screen, qt.formOf(screen));
+        }
+    }
+};
+
+TEST_F(ScreensTest, Every_control_has_its_widget_and_every_layout_places_it) {
+    ForEach([](Screen& screen, desktop::Form& form) {
+        for (const Control* control : screen.Controls()) {
+            if (dynamic_cast<const CommonDialog*>(control)) continue;
+            const QObject* object = form.objectOf(*control);
+            ASSERT_NE(object, nullptr) << control->ObjectName();
+            if (!dynamic_cast<const MenuEntry*>(control) ||
+                static_cast<const MenuEntry*>(control)->Children().empty()) {
+                EXPECT_EQ(object->objectName().toStdString(), control->ObjectName());
+            }
+        }
+        EXPECT_TRUE(form.unplaced().empty()) << "not placed: " << form.unplaced().front();
+    });
+}
+
+TEST_F(ScreensTest, Every_named_widget_is_a_control_s) {
+    ForEach([](Screen& screen, desktop::Form& form) {
+        std::set<std::string> names{"room"};
+        for (const Control* control : screen.Controls()) names.insert(control->ObjectName());
+        for (const QWidget* widget : form.findChildren<QWidget*>()) {
+            const QString name = widget->objectName();
+            if (name.isEmpty() || name.startsWith(QStringLiteral("qt_"))) continue;
+            EXPECT_TRUE(names.contains(name.toStdString())) << name.toStdString();
+        }
+    });
+}
+
+TEST_F(ScreensTest, Every_text_that_is_shown_is_a_control_s) {
+    ForEach([](Screen& screen, desktop::Form& form) {
+        std::set<QString> texts{QString()};
+        for (const Control* control : screen.Controls()) {
+            if (const auto* label = dynamic_cast<const Label*>(control)) texts.insert(desktop::lines(label->Caption));
+            if (const auto* frame = dynamic_cast<const Frame*>(control)) texts.insert(desktop::lines(frame->Caption));
+        }
+        for (const QLabel* label : form.findChildren<QLabel*>())
+            EXPECT_TRUE(texts.contains(label->text())) << label->text().toStdString();
+    });
+}
+
+TEST_F(ScreensTest, Windows_fit_a_display_of_1366_by_768) {
+    ForEach([](Screen&, desktop::Form& form) {
+        form.ensurePolished();
+        EXPECT_LE(form.minimumSizeHint().width(), 1366);
+        EXPECT_LE(form.minimumSizeHint().height(), 768 - 56);
+    });
+}
+
+TEST_F(ScreensTest, Every_control_that_takes_input_has_a_tip) {
+    ForEach([](Screen& screen, desktop::Form&) {
+        for (const Control* control : screen.Controls()) {
+            const auto* visual = dynamic_cast<const Visual*>(control);
+            if (!visual || dynamic_cast<const Label*>(visual) || dynamic_cast<const Frame*>(visual)) continue;
+            if (dynamic_cast<const CommandButton*>(visual) || dynamic_cast<const PictureBox*>(visual)) continue;
+            EXPECT_FALSE(visual->Tip.Get().empty()) << visual->ObjectName();
+            EXPECT_EQ(visual->Tip.Get().find('\n'), std::string::npos) << visual->ObjectName();
+        }
+    });
+}
+
+/// The letter behind a single ampersand, in lower case; 0 for none.
+char MnemonicOf(const std::string& caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != '&') continue;
+        if (caption[i + 1] != '&') return static_cast<char>(std::tolower(static_cast<unsigned char>(caption[i + 1])));
+        ++i;
+    }
+    return 0;
+}
+
+TEST_F(ScreensTest, Mnemonics_are_unique_but_for_the_three_pairs_that_their_captions_give) {
+    // Run and Recalc are never enabled together; the other two pairs take turns.
+    const std::set<std::string> shared{"r cmd_Animate cmd_Recalc", "t opt_Calctype_2 cmd_Reset",
+                                       "a opt_Calctype_3 cmd_Animate"};
+    ForEach([&shared](Screen& screen, desktop::Form&) {
+        std::map<char, std::string> taken;
+        const auto take = [&](const std::string& name, const std::string& caption) {
+            const char letter = MnemonicOf(caption);
+            if (!letter || taken.emplace(letter, name).second) return;
+            const std::string pair = std::string(1, letter) + ' ' + taken[letter] + ' ' + name;
+            EXPECT_TRUE(shared.contains(pair)) << pair;
+        };
+        for (const Control* control : screen.Controls()) {
+            if (const auto* button = dynamic_cast<const CommandButton*>(control)) take(button->Name(), button->Caption);
+            if (const auto* option = dynamic_cast<const OptionButton*>(control))
+                take(option->ObjectName(), option->Caption);
+            if (const auto* tick = dynamic_cast<const CheckBox*>(control)) take(tick->Name(), tick->Caption);
+        }
+    });
+}
+
+TEST_F(ScreensTest, Tab_reaches_every_box_and_button_once_around) {
+    ForEach([](Screen& screen, desktop::Form& form) {
+        for (Control* control : screen.Controls())
+            if (auto* visual = dynamic_cast<Visual*>(control)) {
+                visual->Enabled = true;
+                visual->Visible = true;
+            }
+        std::set<const QWidget*> reached;
+        const QWidget* widget = &form;
+        do {
+            if (widget->focusPolicy() & Qt::TabFocus) reached.insert(widget);
+            widget = widget->nextInFocusChain();
+        } while (widget != &form && reached.size() < 500);
+        for (Control* control : screen.Controls()) {
+            const bool typed = dynamic_cast<TextBox*>(control) || dynamic_cast<CommandButton*>(control) ||
+                               dynamic_cast<CheckBox*>(control) || dynamic_cast<ComboBox*>(control);
+            if (typed) {
+                EXPECT_TRUE(reached.contains(static_cast<const QWidget*>(form.objectOf(*control))))
+                    << control->ObjectName();
+            }
+        }
+    });
+}
+
+}  // namespace
+
+}  // namespace verlink::test

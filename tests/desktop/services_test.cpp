@@ -1,0 +1,220 @@
+// The small services of the desktop: the file type, date and time, folders, the pace of a run, the manual.
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDate>
+#include <QFileInfo>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <chrono>
+#include <filesystem>
+#include <regex>
+
+#include "desktop/document_widget.h"
+#include "desktop/file_type.h"
+#include "desktop/pace.h"
+#include "desktop/picture_widget.h"
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "tests/desktop/user.h"
+
+namespace verlink::test {
+
+using namespace platform;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+namespace {
+
+class FileTypeTest : public DesktopTest {
+   protected:
+    FileType type{"Verlink", "vlk", "/opt/verlink tools"};
+    std::string Entry() const { return Path("data/applications/verlink.desktop"); }
+    std::string Mime() const { return Path("data/mime/packages/verlink.xml"); }
+};
+
+TEST_F(FileTypeTest, The_extension_belongs_to_a_type_and_the_type_to_the_program) {
+    qt.Register_File_Type(type);
+    const std::string entry = Read_File(Entry()), mime = Read_File(Mime());
+    EXPECT_NE(entry.find("Exec=\"/opt/verlink tools/verlink\" %f\n"), std::string::npos) << entry;
+    EXPECT_NE(entry.find("MimeType=application/x-verlink;\n"), std::string::npos);
+    EXPECT_NE(mime.find("<glob pattern=\"*.vlk\"/>"), std::string::npos);
+    EXPECT_NE(mime.find("<comment>Verlink File</comment>"), std::string::npos);
+}
+
+TEST_F(FileTypeTest, What_is_written_is_sound_to_the_desktop_s_own_tools) {
+    qt.Register_File_Type(type);
+    QProcess check;
+    check.start(QStringLiteral("desktop-file-validate"), {QString::fromStdString(Entry())});
+    ASSERT_TRUE(check.waitForFinished());
+    EXPECT_EQ(check.exitCode(), 0) << check.readAll().toStdString();
+    EXPECT_TRUE(File_Exists(Path("data/mime/mime.cache")));
+    EXPECT_NE(Read_File(Path("data/mime/globs2")).find("application/x-verlink:*.vlk"), std::string::npos);
+    EXPECT_NE(Read_File(Path("data/applications/mimeinfo.cache")).find("application/x-verlink=verlink.desktop"),
+              std::string::npos);
+}
+
+TEST_F(FileTypeTest, A_second_start_touches_nothing) {
+    qt.Register_File_Type(type);
+    const auto entry = std::filesystem::last_write_time(Entry());
+    const auto cache = std::filesystem::last_write_time(Path("data/mime/mime.cache"));
+    qt.Register_File_Type(type);
+    EXPECT_EQ(std::filesystem::last_write_time(Entry()), entry);
+    EXPECT_EQ(std::filesystem::last_write_time(Path("data/mime/mime.cache")), cache);
+}
+
+TEST_F(FileTypeTest, A_program_that_has_moved_is_written_anew) {
+    qt.Register_File_Type(type);
+    type.app_path = "/opt/new";
+    qt.Register_File_Type(type);
+    EXPECT_NE(Read_File(Entry()).find("Exec=\"/opt/new/verlink\" %f\n"), std::string::npos);
+}
+
+TEST_F(FileTypeTest, An_installed_program_that_the_system_knows_writes_nothing) {
+    ASSERT_TRUE(Make_Folder(Path("usr/bin")));
+    ASSERT_TRUE(Make_Folder(Path("usr/share/applications")));
+    ASSERT_TRUE(Make_Folder(Path("usr/share/mime/packages")));
+    Write_File(Path("usr/share/applications/verlink.desktop"), "");
+    Write_File(Path("usr/share/mime/packages/verlink.xml"), "");
+    qputenv("XDG_DATA_DIRS", QByteArray::fromStdString(Path("usr/share")));
+    type.app_path = Path("usr/bin");
+    qt.Register_File_Type(type);
+    EXPECT_FALSE(File_Exists(Entry()));
+    EXPECT_FALSE(File_Exists(Mime()));
+    type.app_path = "/opt/verlink";
+    qt.Register_File_Type(type);
+    EXPECT_TRUE(File_Exists(Entry())) << "the system knows another program of that name";
+    qunsetenv("XDG_DATA_DIRS");
+}
+
+TEST_F(FileTypeTest, A_data_home_that_cannot_be_written_is_failure_75) {
+    Write_File(Path("data"), "a file stands where the folder would");
+    try {
+        qt.Register_File_Type(type);
+        FAIL();
+    } catch (const RuntimeFailure& failure) {
+        EXPECT_EQ(failure.Number(), 75);
+    }
+}
+
+class ServicesTest : public DesktopTest {};
+
+TEST_F(ServicesTest, Date_and_time_stand_as_month_day_year_and_on_the_twelve_hour_clock) {
+    EXPECT_TRUE(std::regex_match(qt.Date_Text(), std::regex("[1-9][0-9]?/[1-9][0-9]?/[0-9]{4}"))) << qt.Date_Text();
+    EXPECT_EQ(std::stoi(qt.Date_Text()), QDate::currentDate().month());
+    EXPECT_TRUE(std::regex_match(qt.Time_Text(), std::regex("[1-9][0-9]?:[0-5][0-9]:[0-5][0-9] [AP]M")))
+        << qt.Time_Text();
+}
+
+TEST_F(ServicesTest, Folders_have_no_separator_at_their_end_and_the_user_has_a_name) {
+    EXPECT_EQ(qt.Documents_Folder().find(Path("")), 0u) << qt.Documents_Folder();
+    EXPECT_NE(qt.Documents_Folder().back(), '/');
+    EXPECT_NE(qt.Program_Folder().back(), '/');
+    EXPECT_TRUE(File_Exists(qt.Program_Folder() + "/desktop_tests"));
+    EXPECT_EQ(qt.Session_User(), ::getpwuid(::getuid())->pw_name);
+}
+
+TEST_F(ServicesTest, A_document_that_is_not_installed_is_named) {
+    desktop::DocumentWidget view(nullptr);
+    view.show(QStringLiteral("helpfiles/general/NoSuchDocument.pdf"));
+    EXPECT_EQ(view.note(), "This document is not installed: helpfiles/general/NoSuchDocument.pdf");
+}
+
+class PaceTest : public DesktopTest {
+   protected:
+    class frm_Sample : public Screen {
+       public:
+        frm_Sample() : Screen("frm_Sample") {}
+        CommandButton cmd_Go{*this, "cmd_Go", "Go"};
+        TextBox txt_Box{*this, "txt_Box", ""};
+        PictureBox Picture1{*this, "Picture1"};
+        platform::Timer Timer1{*this, "Timer1"};
+    };
+
+    PaceTest() : form(qt.formOf(screen)) {
+        form.show();
+        form.activateWindow();
+        QCoreApplication::processEvents();
+    }
+    ~PaceTest() override { qt.discardForms(); }
+
+    frm_Sample screen;
+    desktop::Form& form;
+};
+
+TEST_F(PaceTest, Frames_follow_one_another_at_the_pause_whatever_the_drawing_takes) {
+    qt.Pause(5ms);
+    const auto begin = Clock::now();
+    for (int i = 0; i < 10; ++i) {
+        std::this_thread::sleep_for(2ms);
+        qt.Pause(8ms);
+    }
+    const auto passed = Clock::now() - begin;
+    EXPECT_GE(passed, 79ms);
+    EXPECT_LT(passed, 99ms) << "the drawing does not add to the pause";
+}
+
+TEST_F(PaceTest, The_first_frame_after_a_rest_waits_its_whole_pause) {
+    qt.Pause(0ms);
+    std::this_thread::sleep_for(300ms);
+    const auto begin = Clock::now();
+    qt.Pause(30ms);
+    EXPECT_GE(Clock::now() - begin, 30ms);
+}
+
+TEST_F(PaceTest, A_pause_of_zero_paints_and_returns) {
+    auto& picture = static_cast<desktop::PictureWidget&>(Find<QWidget>(form, "Picture1"));
+    (void)picture.grab();
+    class Painted : public QObject {
+       public:
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++count;
+            return false;
+        }
+    } painted;
+    picture.installEventFilter(&painted);
+    const auto begin = Clock::now();
+    screen.Picture1.Canvas().Line(0, 0, 1, 1, 0);
+    qt.Pause(0ns);
+    EXPECT_LT(Clock::now() - begin, 20ms);
+    EXPECT_EQ(painted.count, 1);
+    qt.Pause(0ns);
+    EXPECT_EQ(painted.count, 1) << "what has not changed is not painted again";
+}
+
+TEST_F(PaceTest, Mouse_keys_and_closing_are_lost_while_a_run_plays) {
+    int clicks = 0, ticks = 0;
+    screen.cmd_Go.OnClick = [&] { ++clicks; };
+    screen.Timer1.OnTimer = [&] { ++ticks; };
+    screen.Timer1.Interval = 1;
+    screen.Timer1.Enabled = true;
+    Find<QWidget>(form, "txt_Box").setFocus();
+    int deeds = 0;
+    QTimer::singleShot(5, &form, [&] {
+        ++deeds;
+        Click(form, "cmd_Go");
+        QTest::keyClick(&Find<QWidget>(form, "txt_Box"), Qt::Key_X);
+        form.close();
+    });
+    qt.Pause(40ms);
+    EXPECT_EQ(deeds, 1);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(ticks, 0);
+    EXPECT_EQ(screen.txt_Box.Text.Get(), "");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_FALSE(Find<QPushButton>(form, "cmd_Go").isDown());
+
+    QTest::qWait(20);
+    EXPECT_GT(ticks, 0);
+    EXPECT_EQ(clicks, 0) << "what was lost does not come later";
+    Click(form, "cmd_Go");
+    EXPECT_EQ(clicks, 1);
+}
+
+}  // namespace
+
+}  // namespace verlink::test
