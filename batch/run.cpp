@@ -39,6 +39,17 @@ bool Take_Angle_Limits() {
     return true;
 }
 
+double Time_Steps() {
+    return Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
+}
+
+/// What the screen says when it is to run. It looks at the time limits for one position too.
+bool Refuse_Time_Steps() {
+    if (Time_Steps() <= kLastStep) return false;
+    Tell(Too_Many_Steps("time", "Delta Time or Reduce Finish Time"));
+    return true;
+}
+
 bool Take_Time_Limits() {
     if (!(Model.TimeStart < Model.TimeEnd)) {
         Tell(kBadTimeRange, Icon::kExclamation);
@@ -48,15 +59,10 @@ bool Take_Time_Limits() {
         Tell(kBadTimeStep);
         Model.TimeStep = std::abs(Model.TimeStep);
     }
-    const double steps =
-        Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
-    if (steps > kLastStep) {
-        // The screen says so when it reads the limits, and again when it is to run.
-        Tell(Too_Many_Steps("time", "Delta Time"));
-        Tell(Too_Many_Steps("time", "Delta Time or Reduce Finish Time"));
-        return false;
-    }
-    Model.NSteps = steps;
+    // Said when the limits are read, and again when they are to run.
+    if (Time_Steps() > kLastStep) Tell(Too_Many_Steps("time", "Delta Time"));
+    if (Refuse_Time_Steps()) return false;
+    Model.NSteps = Time_Steps();
     return true;
 }
 
@@ -69,6 +75,7 @@ void Take_Geometry() {
 }
 
 bool Run_Model(std::ostream& notes) {
+    if (Model.Calctype == 1 && Refuse_Time_Steps()) return false;
     if (Model.Calctype == 2 && !Take_Time_Limits()) return false;
     if (Model.Calctype == 3 && !Take_Angle_Limits()) return false;
     Take_Geometry();

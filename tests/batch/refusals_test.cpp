@@ -64,6 +64,11 @@ TEST_F(Refusals, OfARunTypeThatThereIsNot) {
                       "Error 9   (Subscript out of range)  has occurred in Readfile\n\n");
 }
 
+TEST_F(Refusals, OfAnAngleStepOfZero) {
+    Expect_Unreadable(ModelText().Angles("0", "90", "0").Content(),
+                      "Error 11   (Division by zero)  has occurred in Readfile\n\n");
+}
+
 TEST_F(Refusals, OfAnglesInTheWrongOrder) {
     const std::string words =
         "Minimum angle must be smaller than maximum angle.\nTo rotate CW from max to min, use a negative Omega2.\n";
@@ -120,6 +125,14 @@ TEST_F(Refusals, OfMoreThan2880TimeSteps) {
     Expect_Refused(Run(ModelText().Times("0", "10", "0.003")),
                    "Your time steps are too small - Have > 2880 Points - Increase Delta Time\n"
                    "Your time steps are too small - Have > 2880 Points - Increase Delta Time or Reduce Finish Time\n");
+}
+
+TEST_F(Refusals, OnePositionLooksAtTheTimeLimitsToo) {
+    const std::string words =
+        "Your time steps are too small - Have > 2880 Points - Increase Delta Time or Reduce Finish Time\n";
+    Expect_Refused(Run(ModelText().Times("0", "10", "0.003").Set(kCalctype, "1")), words);
+    Expect_Refused(Run(ModelText().Times("0", "1", "0").Set(kCalctype, "1")), words);
+    EXPECT_EQ(Run(ModelText().Times("2", "1", "0.1").Set(kCalctype, "1")).status, 0);
 }
 
 TEST_F(Refusals, OfLengthsThatCannotCloseAtAll) {
