@@ -162,6 +162,7 @@ void frm_Animate::Form_Activate() {
         Timer1.Interval = 250;
         Timer1.Enabled = true;
         // What the model holds is shown before the options answer as to the user's hand.
+        Activated = false;
         if (!Model.Synthesized) Put_Circuit(*this);
         opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
         for (int option = 0; option < 5; ++option)

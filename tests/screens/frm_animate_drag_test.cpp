@@ -1,0 +1,265 @@
+// Shift-drag on the picture of the animate screen.
+#include <algorithm>
+#include <cmath>
+
+#include "core/parameters.h"
+#include "core/text.h"
+#include "dynamics/units.h"
+#include "tests/screens/frm_animate_fixture.h"
+
+namespace verlink::test {
+namespace {
+
+class AnimateDrag : public AnimateScreen {
+   protected:
+    static constexpr int kLeft = 1;
+    static constexpr int kShift = 1;
+    /// Drags to a world point, y upward.
+    void Drag(double x, double y) { form.Picture1.OnMouseMove(kLeft, kShift, x, Model.FlipSum - y); }
+    double Value_In(int box) { return Val(Text_In(box)); }
+    static double A_x() { return Model.RunTable.PointXY(Model.CurrentStep, 0, 0); }
+    static double A_y() { return Model.RunTable.PointXY(Model.CurrentStep, 0, 1); }
+    static double Degrees(double x, double y) { return std::atan2(y, x) * 180 / M_PI; }
+};
+
+TEST_F(AnimateDrag, OptionsChooseTheTarget) {
+    Inside([&] {
+        const int targets[] = {2, 0, 1, 3, 4};
+        for (int option : {1, 2, 3, 4, 0}) {
+            Choose_Option(form, "opt_Shift_Drag", option);
+            EXPECT_EQ(Model.ShiftDragTarget, targets[option]) << option;
+        }
+    });
+}
+
+TEST_F(AnimateDrag, TheTargetOutlastsTheNextPicture) {
+    After_First_Picture([&] {
+        const int targets[] = {2, 0, 1, 3, 4};
+        for (int option : {1, 2, 3, 4, 0}) {
+            Choose_Option(form, "opt_Shift_Drag", option);
+            Press(form, "cmd_Step");
+            EXPECT_EQ(Model.ShiftDragTarget, targets[option]) << option;
+        }
+    });
+}
+
+TEST_F(AnimateDrag, OnlyTheLeftButtonWithTheShiftKeyAloneDrags) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        const std::pair<int, int> others[] = {{1, 0}, {1, 2}, {1, 3}, {1, 5}, {0, 1}, {2, 1}, {3, 1}};
+        for (const auto& [button, keys] : others) {
+            form.Picture1.OnMouseMove(button, keys, 1, 1);
+            EXPECT_EQ(Text_In(1), "1.115") << button << ' ' << keys;
+        }
+        EXPECT_TRUE(Model.SavedFlag);
+        form.Picture1.OnMouseMove(1, 1, 1, 1);
+        EXPECT_NE(Text_In(1), "1.115");
+    });
+}
+
+TEST_F(AnimateDrag, TheCrankTakesTheDistanceFromO2) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        Drag(0.6, 0.8004);
+        EXPECT_EQ(Text_In(1), "1");
+        EXPECT_EQ(Model.L2, 1);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 1, 1e-6);
+    });
+}
+
+TEST_F(AnimateDrag, TheCrankShowsItsCircleUntilTheRedraw) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        LogSurface log;
+        form.Picture1.Redirect(&log);
+        const double flip = Model.FlipSum;
+        Drag(0.6, 0.8);
+        Expect_Rows({log.Calls[0]}, {Row("Circle", {0, flip, 1}, 0xFF0000)});
+        EXPECT_NE(std::find(log.Calls.begin() + 1, log.Calls.end(), "BackColor FFFFFF"), log.Calls.end());
+        form.Picture1.Redirect(nullptr);
+    });
+}
+
+TEST_F(AnimateDrag, TheRockerTakesTheDistanceFromO4) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 2);
+        Drag(2.667 + 1.5, 2);
+        EXPECT_EQ(Text_In(3), "2.5");
+        Drag(2.667 + 0.7, 2.4);
+        EXPECT_EQ(Text_In(3), "2.5");
+        Drag(2.667, 2.25);
+        EXPECT_EQ(Text_In(3), "2.25");
+        EXPECT_EQ(Model.L4, 2.25);
+    });
+}
+
+TEST_F(AnimateDrag, TheCouplerPointGoesWhereTheMouseIs) {
+    After_First_Picture([&] {
+        Press(form, "cmd_Step");
+        Choose_Option(form, "opt_Shift_Drag", 0);
+        // The position measured at is the next to be shown.
+        const int step = Model.CurrentStep;
+        EXPECT_EQ(step, 2);
+        const double dx = 1.5 - A_x();
+        const double dy = -1.25 - A_y();
+        const double angle = Degrees(dx, dy) - Model.RunTable.Theta(step, 1);
+        Drag(1.5, -1.25);
+        EXPECT_NEAR(Value_In(4), std::hypot(dx, dy), 0.00051);
+        EXPECT_NEAR(Value_In(5), angle, 0.00051 + 360 * (angle < -270 ? 1 : 0));
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 0), 1.5, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 1), -1.25, 0.002);
+    });
+}
+
+TEST_F(AnimateDrag, AfterTheLastStepTheFirstIsMeasuredAt) {
+    After_First_Picture([&] {
+        form.hsc_step.Drag(36);
+        form.hsc_step.Drop();
+        Press(form, "cmd_Step");
+        EXPECT_EQ(Model.CurrentStep, 37);
+        const double x = 1;
+        const double y = -1;
+        Drag(x, y);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 0), x, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 1), y, 0.002);
+    });
+}
+
+TEST_F(AnimateDrag, TheCouplerTakesTheDistanceFromA) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 4);
+        const double length = std::hypot(3 - A_x(), 1.5 - A_y());
+        Drag(3, 1.5);
+        EXPECT_NEAR(Value_In(2), length, 0.00051);
+        EXPECT_NEAR(Model.L3, length, 0.00051);
+    });
+}
+
+TEST_F(AnimateDrag, TheGroundTakesO4InCartesianCoordinates) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 3);
+        Drag(2.5, 0.51234);
+        EXPECT_EQ(Text_In(15), "2.5");
+        EXPECT_EQ(Text_In(16), "0.512");
+        EXPECT_NEAR(Model.L1, std::hypot(2.5, 0.512), 1e-6);
+    });
+}
+
+TEST_F(AnimateDrag, TheGroundTakesLengthAndAngleInPolarCoordinates) {
+    Model.PolarCoords = true;
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 3);
+        Drag(2, 1);
+        EXPECT_EQ(Text_In(0), "2.236");
+        EXPECT_EQ(Text_In(6), "26.57");
+        EXPECT_NEAR(Model.Link1Angle, 26.57, 1e-5);
+    });
+}
+
+TEST_F(AnimateDrag, InPolarCoordinatesTheNewAngleIsMeasuredFromTheOldOne) {
+    Turn_Ground(30);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 3);
+        Drag(2.5 * std::cos(50 * M_PI / 180), 2.5 * std::sin(50 * M_PI / 180));
+        EXPECT_EQ(Text_In(0), "2.5");
+        EXPECT_EQ(Text_In(6), "20");
+    });
+}
+
+TEST_F(AnimateDrag, OnATurnedGroundTheMouseIsTakenIntoTheLocalFrame) {
+    Turn_Ground(30);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 4);
+        const double x = 3 * std::cos(M_PI / 6) + 1.5 * std::sin(M_PI / 6);
+        const double y = -3 * std::sin(M_PI / 6) + 1.5 * std::cos(M_PI / 6);
+        const double length = std::hypot(x - A_x(), y - A_y());
+        Drag(3, 1.5);
+        EXPECT_NEAR(Value_In(2), length, 0.00051);
+    });
+}
+
+TEST_F(AnimateDrag, OnATurnedGroundTheRockerIsStillMeasuredFromTheGlobalO4) {
+    Turn_Ground(30);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 2);
+        const double x = 3 * std::cos(M_PI / 6) + 3 * std::sin(M_PI / 6);
+        const double y = -3 * std::sin(M_PI / 6) + 3 * std::cos(M_PI / 6);
+        const double length = std::hypot(x - Model.Link1X, y - Model.Link1Y);
+        Drag(3, 3);
+        EXPECT_NEAR(Value_In(3), length, 0.00051);
+    });
+}
+
+TEST_F(AnimateDrag, InMillimetresTheBoxTakesWhatTheMouseShows) {
+    Use_Units(5);
+    for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa, &Model.Link1X}) *length /= 1000;
+    Derive_Geometry();
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        Drag(0.6, 0.8);
+        EXPECT_EQ(Text_In(1), "1");
+        EXPECT_NEAR(Model.L2, 0.001, 1e-9);
+    });
+}
+
+TEST_F(AnimateDrag, EachMoveSolvesTheRunAndLeavesTheScreenReady) {
+    After_First_Picture([&] {
+        Model.DynamicsDone = true;
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        for (double length : {1.0, 0.9, 0.8}) {
+            Drag(length, 0);
+            EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), length, 1e-6);
+        }
+        EXPECT_TRUE(Model.Calculated);
+        EXPECT_FALSE(Model.DynamicsDone);
+        EXPECT_FALSE(Model.SavedFlag);
+        EXPECT_TRUE(form.cmd_Animate.Enabled);
+        EXPECT_TRUE(form.cmd_Done.Enabled);
+        EXPECT_FALSE(form.cmd_Recalc.Enabled);
+        EXPECT_EQ(Model.CurrentStep, 1);
+        EXPECT_GT(Alive(), 40U);
+    });
+}
+
+TEST_F(AnimateDrag, ADragIsNotCountedAsANewDesign) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        Drag(1, 0);
+        Press(form, "cmd_Done");
+    });
+    EXPECT_EQ(Model.DesignNumber, 1);
+}
+
+TEST_F(AnimateDrag, ALinkageThatCannotCloseIsToldAndReappears) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        desktop.Expect_Message(
+            "Your link lengths are incompatible\rand cannot reach to close the linkage \r\r"
+            "The computation will now be aborted.\rPlease correct your link lengths.\r\r"
+            "If you were shift-click-dragging a joint,just \rshift-click in a new location until linkage reappears.",
+            platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
+        Drag(50, 0);
+        EXPECT_EQ(Model.Grashof_Code, "NL");
+        Drag(1, 0);
+        EXPECT_EQ(Model.Grashof_Code, "Y");
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 1, 1e-6);
+    });
+}
+
+TEST_F(AnimateDrag, ABoxWithTheFocusIsNotChangedByADrag) {
+    After_First_Picture([&] {
+        form.txt_Linkout[1].SetFocus();
+        form.opt_Shift_Drag[1].Value = true;
+        Drag(1, 0);
+        form.cmd_Animate.SetFocus();
+        EXPECT_TRUE(form.cmd_Animate.Enabled);
+        EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+}  // namespace
+}  // namespace verlink::test
