@@ -21,7 +21,6 @@ namespace verlink {
 
 using platform::CR;
 using platform::Icon;
-using platform::Screen;
 using platform::Screens;
 using platform::Tell;
 

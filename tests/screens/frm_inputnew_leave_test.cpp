@@ -160,8 +160,8 @@ TEST_F(Leave, TheHelpMenuOpensTheManualsPages) {
         {"mnu_Calculations", "helpfiles/linkages/linkage_calc_help.pdf"}};
     Show([&] {
         for (const auto& [entry, page] : pages) {
-            desktop.Expect_Screen("frm_Help", [&](Screen& help) {
-                EXPECT_EQ(dynamic_cast<frm_Help&>(help).WebBrowser1.Document, page);
+            desktop.Expect_Screen("frm_Help", [wanted = std::string(page)](Screen& help) {
+                EXPECT_EQ(dynamic_cast<frm_Help&>(help).WebBrowser1.Document, wanted);
                 help.Hide();
             });
             Pick_Menu(input, entry);
