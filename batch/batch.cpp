@@ -1,7 +1,6 @@
 // The order of a batch: open, replace, convert, save, classify, run, write.
 #include "batch/batch.h"
 
-
 #include "batch/csv.h"
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
