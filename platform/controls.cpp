@@ -72,6 +72,11 @@ ComboBox::ComboBox(Screen& owner, std::string name, std::string text, int index)
     };
 }
 
+void ComboBox::SelectAll() {
+    SelectedAll = false;
+    SelectedAll = true;
+}
+
 void ComboBox::AddItem(const std::string& item) {
     items_.push_back(item);
     Notify();

@@ -163,6 +163,10 @@ class ComboBox : public Visual {
     Property<std::string> Text;
     std::function<void()> OnChange;
     std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
+    /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
+    void SelectAll();
+    Property<bool> SelectedAll{*this, false};
     void AddItem(const std::string& item);
     void Clear();
     const std::vector<std::string>& Items() const { return items_; }
@@ -213,6 +217,8 @@ class PictureBox : public Visual {
     void Redirect(Surface* log) { log_ = log; }
     /// A move of the mouse: buttons (1 left, 2 right, 4 middle), keys (1 shift, 2 control, 4 alt), world position.
     std::function<void(int button, int shift, double x, double y)> OnMouseMove;
+    std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
 
    private:
     Picture picture_;

@@ -1,0 +1,37 @@
+// Chooses the four functions of a table, and where it goes.
+#pragma once
+
+#include "platform/desktop.h"
+#include "screens/function_screen.h"
+
+namespace verlink {
+
+class frm_PrintSelect : public Preset_Screen {
+   public:
+    frm_PrintSelect();
+
+    platform::Frame fra_Whereto{*this, "fra_Whereto", "Direct Output to:"};
+    platform::ControlArray<platform::OptionButton> opt_Whereto{
+        *this, "opt_Whereto", {{0, "Screen"}, {1, "Printer"}, {2, "Disk File"}}};
+    platform::Frame fra_Step{*this, "fra_Step", "Print Every"};
+    platform::ComboBox cmb_Step{*this, "cmb_Step"};
+    platform::Frame fra_Decimal{*this, "fra_Decimal", "Decimal Plcs"};
+    platform::ComboBox cmb_Decimal{*this, "cmb_Decimal"};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void Form_Activate() override;
+    void cmb_Step_Click();
+    void cmd_Cancel_Click() override;
+    void cmd_Done_Click() override;
+
+   protected:
+    void Take_Preset() override;
+    void Count_Functions() override;
+
+   private:
+    void Read_Step();
+    void To_Printer();
+    void To_Disk();
+};
+
+}  // namespace verlink
