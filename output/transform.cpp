@@ -1,0 +1,108 @@
+// The discrete Fourier transform by its plain double sum.
+#include "output/transform.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+#include "core/linkage_model.h"
+#include "core/text.h"
+#include "output/cartesian.h"
+#include "output/catalogue.h"
+#include "output/sines.h"
+#include "platform/graph.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr int kReal = 0, kImaginary = 1, kMagnitude = 2, kPhase = 3;
+constexpr double kTwoPi = 6.283185308;
+
+using Samples = std::array<double, kLastStep + 1>;
+
+/// One pass of a running sum: a sum that is below the small value, as a single, starts again from 0.
+inline double Cut(double sum, double small) {
+    return std::fabs(static_cast<double>(static_cast<float>(sum))) < small ? 0.0 : sum;
+}
+
+double Phase_Of(double re, double im) {
+    double angle = 0;
+    if (static_cast<float>(re) == 0)
+        angle = im == 0 ? 0 : kHalfPi;  // whatever the sign of the imaginary part
+    else
+        angle = std::atan(im / re);
+    return angle * kRadToDeg;
+}
+
+}  // namespace
+
+void Do_DFT(Integer& N) {
+    Guarded("Do_DFT", [&] {
+        auto& table = Model.DFTTable;
+        Model.HalfSamples = std::floor(N / 2.0 + 0.5);
+        for (int i = 0; i <= N; ++i)
+            for (int row = 0; row <= 3; ++row) table(i, row) = 0;
+        Model.DFTSmall = 0.00001;
+        const double small = Model.DFTSmall;
+
+        static Samples x, angles, sines, cosines;
+        for (int i = 0; i <= N; ++i) {
+            Single value;
+            Transform_XY(i, 1, value);
+            x[static_cast<std::size_t>(i)] = value;
+        }
+
+        const auto count = static_cast<std::size_t>(std::max<int>(N, 0));
+        for (int k = 1; k <= N; ++k) {
+            const double turn = (k - 1) * kTwoPi;
+            for (std::size_t n = 0; n < count; ++n) angles[n] = turn * static_cast<double>(n) / N;
+            Sines_And_Cosines(std::span(angles).first(count), std::span(sines).first(count),
+                              std::span(cosines).first(count));
+            // The terms first, so that only the sums wait for one another.
+            for (std::size_t n = 0; n < count; ++n) {
+                cosines[n] = x[n + 1] * cosines[n] / N;
+                sines[n] = x[n + 1] * sines[n] / N;
+            }
+            double re = 0, im = 0;
+            for (std::size_t n = 0; n < count; ++n) {
+                re = Cut(re + cosines[n], small);
+                im = Cut(im - sines[n], small);
+            }
+            table(k, kReal) = re;
+            table(k, kImaginary) = im;
+            table(k, kMagnitude) = std::sqrt(im * im + re * re);
+            table(k, kPhase) = Phase_Of(re, im);
+        }
+
+        for (int row = 0; row <= 3; ++row) {
+            Model.FFTResult(0, row) = table(1, row);
+            // All rows are doubled, the phase as well.
+            for (int i = 1; i <= Model.HalfSamples - 1; ++i)
+                Model.FFTResult(i, row) = table(i + 1, row) + table(i + 1, row);
+        }
+    });
+}
+
+void FFT_Plot_Setup(platform::Screen& screen) {
+    Guarded("FFT_Plot_Setup", [&] { Plot_Setup(screen, 4); });
+}
+
+void FFT_Plot(platform::Screen& screen) {
+    Guarded("FFT_Plot", [&] {
+        for (int i = 0; i < Model.GraphWindows; ++i) {
+            Model.PlotSlot = i + 1;
+            auto& graph = screen.Get<platform::Graph>("grf_Plot", i);
+            for (int j = 0; j <= Model.Harmonics; ++j) {
+                graph.ThisPoint = j + 1;
+                graph.SetGraphData(Model.FFTResult(j, i));
+                graph.SetLabelText(Text_Of(j));
+            }
+            graph.Draw();
+        }
+    });
+}
+
+}  // namespace verlink
