@@ -1,11 +1,11 @@
 // The entry of verlink: a desktop around the program.
 #include <QApplication>
 #include <QStyle>
-#include <QStyleFactory>
 #include <cstdio>
 
 #include "desktop/icons.h"
 #include "desktop/qt_desktop.h"
+#include "desktop/quiet_style.h"
 #include "screens/register.h"
 #include "shell/startup.h"
 
@@ -35,8 +35,10 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("verlink"));
     QApplication::setWindowIcon(verlink::desktop::programIcon());
     QApplication::setQuitOnLastWindowClosed(false);
-    if (QApplication::style()->name() == QStringLiteral("windows"))
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // Where the desktop brings no style of its own.
+    const QString style = QApplication::style()->name();
+    if (style == QStringLiteral("windows") || style == QStringLiteral("fusion"))
+        QApplication::setStyle(new verlink::desktop::QuietStyle);
 
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);

@@ -175,9 +175,12 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     painter.drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
-void PictureWidget::mousePressEvent(QMouseEvent* event) { event->accept(); }
+// A press is where a drag begins: it counts as the first move, so that a click alone takes a joint to its place.
+void PictureWidget::mousePressEvent(QMouseEvent* event) { tellMouse(event); }
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) { tellMouse(event); }
 
-void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+void PictureWidget::tellMouse(QMouseEvent* event) {
+    event->accept();
     const QRectF place = square();
     if (!onMouseMove || place.width() <= 0) return;
     const int button = (event->buttons() & Qt::LeftButton ? 1 : 0) + (event->buttons() & Qt::RightButton ? 2 : 0) +

@@ -18,7 +18,7 @@ class PictureWidget : public QWidget {
     PictureWidget(platform::Picture& picture, QWidget* parent);
     ~PictureWidget() override;
 
-    /// (button, keys, world x, world y), as `PictureBox::OnMouseMove` has them.
+    /// (button, keys, world x, world y) of each press and each move with a button down.
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
     /// The square of the picture within the widget.
     QRectF square() const;
@@ -34,6 +34,8 @@ class PictureWidget : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
 
    private:
+    void tellMouse(QMouseEvent* event);
+
     platform::Picture& picture_;
     QImage image_;
     std::uint64_t revision_ = 0;

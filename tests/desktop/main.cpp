@@ -2,10 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
+
+#include "desktop/quiet_style.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new verlink::desktop::QuietStyle);
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
     return RUN_ALL_TESTS();
 }

@@ -188,6 +188,20 @@ TEST(PictureWidgetTest, A_move_with_a_button_down_tells_button_keys_and_place) {
     EXPECT_NEAR(moves[2].y, -1, 1e-12);
 }
 
+TEST(PictureWidgetTest, A_press_is_the_first_move) {
+    Picture picture;
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(402, 402);
+    std::vector<Move> moves;
+    widget.onMouseMove = [&](int button, int shift, double x, double y) { moves.push_back({button, shift, x, y}); };
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ShiftModifier, QPoint(101, 301));
+    ASSERT_EQ(moves.size(), 1u);
+    EXPECT_EQ(moves[0].button, 1);
+    EXPECT_EQ(moves[0].shift, 1);
+    EXPECT_NEAR(moves[0].x, 0.25, 1e-9);
+    EXPECT_NEAR(moves[0].y, 0.75, 1e-9);
+}
+
 TEST(PictureWidgetTest, Moves_without_a_button_are_not_asked_for) {
     Picture picture;
     desktop::PictureWidget widget(picture, nullptr);
