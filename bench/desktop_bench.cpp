@@ -1,0 +1,80 @@
+// A move of a shift-drag with what the desktop adds: the painting, and the whole window.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "bench/drag.h"
+#include "bench/program.h"
+#include "core/linkage_model.h"
+#include "desktop/form.h"
+#include "desktop/picture_widget.h"
+#include "desktop/qt_desktop.h"
+
+namespace verlink::bench {
+
+namespace {
+
+/// Lives as long as the process: Qt is not to be taken down after main.
+void Start_Qt() {
+    static int argc = 1;
+    static char name[] = "verlink-bench";
+    static char* argv[] = {name, nullptr};
+    static auto* app = new QApplication(argc, argv);
+    benchmark::DoNotOptimize(app);
+}
+
+constexpr int kSide = 700;
+
+void Drag_Move_Painted(benchmark::State& state) {
+    Start_Qt();
+    frm_Animate& screen = Animate_Screen(static_cast<int>(state.range(0)));
+    SmallCircle mouse;
+    QImage image(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        const Place place = mouse.Next();
+        screen.Picture1.OnMouseMove(1, 1, place.x, place.y);
+        QPainter painter(&image);
+        desktop::paintPicture(painter, screen.Picture1.Drawing(), kSide);
+    }
+}
+BENCHMARK(Drag_Move_Painted)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
+
+/// From the mouse event to the painted window, boxes and labels included.
+void Drag_Move_In_Window(benchmark::State& state) {
+    Start_Qt();
+    Start_Program();
+    platform::Desktop& before = platform::The_Desktop();
+    desktop::QtDesktop qt;
+    platform::Use_Desktop(&qt);
+    frm_Animate& screen = Animate_Screen(static_cast<int>(state.range(0)));
+    desktop::Form& form = qt.formOf(screen);
+    form.resize(1366, 768);
+    form.show();
+    QApplication::processEvents();
+    SmallCircle mouse;
+    desktop::PictureWidget* widget = form.picture("Picture1");
+    const platform::Picture& picture = screen.Picture1.Drawing();
+    for (auto _ : state) {
+        const Place place = mouse.Next();
+        const QRectF square = widget->square();
+        const double scale = square.width() / (picture.Right() - picture.Left());
+        const QPointF at(square.x() + (place.x - picture.Left()) * scale,
+                         square.y() + (place.y - picture.Top()) * scale);
+        const double delta = Model.DeltaRad;
+        QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                         Qt::ShiftModifier);
+        QApplication::sendEvent(widget, &move);
+        QApplication::processEvents();
+        if (Model.DeltaRad == delta) state.SkipWithError("nothing was dragged");
+    }
+    qt.discardForms();
+    platform::Use_Desktop(&before);
+}
+BENCHMARK(Drag_Move_In_Window)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+}  // namespace verlink::bench
