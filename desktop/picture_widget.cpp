@@ -47,7 +47,7 @@ class Batch {
         endChain();
         if (lines_.empty() && chains_.empty() && circles_.empty() && dots_.empty()) return;
         painter_.setBrush(Qt::NoBrush);
-        painter_.setPen(QPen(plainColor(color_), kPen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter_.setPen(QPen(plainColor(color_), kPen, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin));
         painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
         for (const auto& chain : chains_) painter_.drawPolyline(chain.data(), static_cast<int>(chain.size()));
         for (const auto& [centre, radius] : circles_) painter_.drawEllipse(centre, radius, radius);
