@@ -6,6 +6,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "output/presets.h"
 #include "shell/failure_report.h"
 
 namespace verlink {
@@ -82,6 +83,17 @@ void Zero_If_Small(Single& component) {
     if (!(std::abs(component) >= Model.SmallValue)) component = 0;
 }
 
+/// From the ground link's frame to the frame of `CoordSystem`; small components become 0.
+void To_Frame(Integer step, Integer link, Single x, Single y, Single& xr, Single& yr) {
+    Rotate(x, y, Model.Link1Angle, 1, xr, yr);
+    if (Model.CoordSystem != 0) {
+        const Single global_x = xr, global_y = yr;
+        Rotate(global_x, global_y, Model.RunTable.Theta(step, link), -1, xr, yr);
+    }
+    Zero_If_Small(xr);
+    Zero_If_Small(yr);
+}
+
 }  // namespace
 
 void Load_Catalogue() {
@@ -89,6 +101,7 @@ void Load_Catalogue() {
         Model.VariableNames(number) = kVariables[static_cast<std::size_t>(number - 1)].label;
     for (int component = 1; component <= 4; ++component)
         Model.ComponentNames(component) = kComponents[static_cast<std::size_t>(component - 1)];
+    Load_Preset_Texts();
 }
 
 void Select_Variable(const std::string& name, Integer slot) {
@@ -155,6 +168,25 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
                 break;
             case 7: value = table.OmegaRatio(step); break;
             case 8: value = table.MechAdvantage(step); break;
+            case 14: value = Model.FFTResult(step, Model.FuncComponent(slot)); break;
+            default: break;
+        }
+    });
+}
+
+void Select_PolarVariable(Integer step, Integer slot, Single& mag, Single& ang) {
+    Guarded("Select_PolarVariable", [&] {
+        Model.SmallValue = 0.0001;
+        Integer link = 0;
+        Local_Link(link);
+        const RunResults& table = Model.RunTable;
+        const int row = Model.FuncRow(slot);
+        switch (Model.FuncGroup(slot)) {
+            case 4: Resolve_Polar(step, link, table.VelXY(step, row, 0), table.VelXY(step, row, 1), mag, ang); break;
+            case 5: Resolve_Polar(step, link, table.AccXY(step, row, 0), table.AccXY(step, row, 1), mag, ang); break;
+            case 6:
+                Resolve_Polar(step, link, table.PointXY(step, row, 0), table.PointXY(step, row, 1), mag, ang);
+                break;
             default: break;
         }
     });
@@ -163,17 +195,18 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
 void Resolve_Vector(Integer step, Integer link, Integer slot, Single x, Single y, Single& value) {
     Guarded("Resolve_Vector", [&] {
         Array<Single, 0, 3> components;
-        Single& xr = components(0);
-        Single& yr = components(1);
-        Rotate(x, y, Model.Link1Angle, 1, xr, yr);
-        if (Model.CoordSystem != 0) {
-            const Single global_x = xr, global_y = yr;
-            Rotate(global_x, global_y, Model.RunTable.Theta(step, link), -1, xr, yr);
-        }
-        Zero_If_Small(xr);
-        Zero_If_Small(yr);
-        Cart_to_Polar(xr, yr, components(2), components(3));
+        To_Frame(step, link, x, y, components(0), components(1));
+        Cart_to_Polar(components(0), components(1), components(2), components(3));
         value = components(Model.FuncComponent(slot));
+    });
+}
+
+void Resolve_Polar(Integer step, Integer link, Single x, Single y, Single& mag, Single& ang) {
+    Guarded("Resolve_Polar", [&] {
+        Single xr;
+        Single yr;
+        To_Frame(step, link, x, y, xr, yr);
+        Cart_to_Polar(xr, yr, mag, ang);
     });
 }
 

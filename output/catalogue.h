@@ -7,7 +7,7 @@
 
 namespace verlink {
 
-/// Fills `VariableNames` and `ComponentNames`.
+/// Fills `VariableNames`, `ComponentNames` and both lists of presets.
 void Load_Catalogue();
 
 /// Puts the variable of that exact name into a slot 1 to 4 and sets the three function flags; an unknown name only
@@ -23,5 +23,6 @@ void Transform_XY(Integer step, Integer slot, Single& value);
 void Resolve_Vector(Integer step, Integer link, Integer slot, Single x, Single y, Single& value);
 /// Magnitude and angle in degrees of the slot's vector; scalars and unknown groups leave both.
 void Select_PolarVariable(Integer step, Integer slot, Single& mag, Single& ang);
+void Resolve_Polar(Integer step, Integer link, Single x, Single y, Single& mag, Single& ang);
 
 }  // namespace verlink

@@ -244,9 +244,20 @@ TEST_F(Transform, AComponentAtTheSmallValueStays) {
 }
 
 TEST_F(Transform, GroupsWithoutAnArrayLeaveTheValue) {
-    for (const int group : {-1, 0, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 22}) {
+    for (const int group : {-1, 0, 9, 10, 11, 12, 13, 15, 16, 17, 18, 19, 22}) {
         Model.FuncGroup(kSlot) = group;
         EXPECT_EQ(Read(), kUntouched) << group;
+    }
+}
+
+TEST_F(Transform, TheCurrentTransformIsReadAtTheRowOfItsComponentAndItsOwnRowMeansNothing) {
+    for (int row = 0; row <= 3; ++row) Model.FFTResult(kStep, row) = 50 + row;
+    Model.FuncRow(kSlot) = 7;
+    Model.CoordSystem = 2;
+    int row = 0;
+    for (const char* component : {"X", "Y", "Mag", "Ang"}) {
+        Choose("Current FFT", component);
+        EXPECT_EQ(Read(), 50 + row++) << component;
     }
 }
 
