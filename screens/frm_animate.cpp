@@ -104,6 +104,10 @@ void frm_Animate::Write_Tips() {
     txt_initial[0].Tip = "Where the run starts: smallest crank angle in degrees, or time in seconds";
     txt_initial[1].Tip = "Where the run ends: largest crank angle in degrees, or time in seconds";
     txt_initial[2].Tip = "From step to step: crank angle in degrees, or time in seconds";
+    Write_Button_Tips();
+}
+
+void frm_Animate::Write_Button_Tips() {
     cmd_Animate.Tip = "Play the run";
     cmd_Step.Tip = "Show the next position";
     cmd_Reset.Tip = "Go back to the first position";
@@ -232,7 +236,10 @@ void frm_Animate::Lock_Run_Buttons() {
     Model.FFTDone = false;
     Refresh_Status();
     Picture1.Canvas().Cls();
-    for (auto* button : {&cmd_Animate, &cmd_Step, &cmd_Reset, &cmd_Done, &cmd_PlotPrint}) button->Enabled = false;
+    for (auto* button : {&cmd_Animate, &cmd_Step, &cmd_Reset, &cmd_Done, &cmd_PlotPrint}) {
+        button->Enabled = false;
+        button->Tip = "Recalculate first";
+    }
     cmd_Recalc.Enabled = true;
 }
 
@@ -244,6 +251,8 @@ void frm_Animate::Unlock_Run_Buttons() {
     cmd_Done.Enabled = true;
     cmd_Recalc.Enabled = false;
     cmd_PlotPrint.Enabled = true;
+    Write_Button_Tips();
+    if (!several) cmd_Animate.Tip = cmd_Step.Tip = "A single position does not move";
 }
 
 void frm_Animate::Recalculate() {

@@ -140,6 +140,7 @@ class frm_Animate : public platform::Screen {
    private:
     void Bind();
     void Write_Tips();
+    void Write_Button_Tips();
     void Fill_By_Calctype();
     void Box_Got_Focus(platform::TextBox& box);
     void Zoom(double factor);

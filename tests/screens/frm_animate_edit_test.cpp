@@ -125,6 +125,16 @@ TEST_F(AnimateEdit, RecalcSolvesTheRunAndOpensTheWayOn) {
     });
 }
 
+TEST_F(AnimateEdit, AButtonThatIsOffSaysWhy) {
+    After_First_Picture([&] {
+        Enter(form, "txt_Linkout", 1, "1.2");
+        EXPECT_EQ(form.cmd_Animate.Tip.Get(), "Recalculate first");
+        EXPECT_EQ(form.cmd_Done.Tip.Get(), "Recalculate first");
+        Press(form, "cmd_Recalc");
+        EXPECT_EQ(form.cmd_Animate.Tip.Get(), "Play the run");
+    });
+}
+
 TEST_F(AnimateEdit, RecalcRefreshesTheStatusOfTheHomeScreen) {
     Model.Calculated = false;
     Inside([&] {
