@@ -1,0 +1,98 @@
+// What the summary panels show.
+#include "output/panels.h"
+
+#include <array>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/text.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::Label;
+using platform::Screen;
+
+namespace {
+
+void Put(Screen& screen, const char* name, int index, const std::string& text) {
+    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
+}
+
+void Show(Screen& screen, const char* name, int index, bool visible) {
+    platform::With<Label>(screen, name, index, [&](Label& label) { label.Visible = visible; });
+}
+
+/// The run's lines: name, unit and value by index, all shown.
+struct RunLine {
+    const char* name;
+    const char* unit;
+    std::string value;
+};
+
+void Put_Run_Lines(Screen& screen, const std::array<RunLine, 6>& lines) {
+    Show(screen, "lbl_Linkout2", 0, true);
+    Put(screen, "lbl_Linkout2", 0, Model.CircuitName);
+    for (int i = 1; i <= 6; ++i) {
+        const RunLine& line = lines[static_cast<std::size_t>(i - 1)];
+        for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, true);
+        Put(screen, "lbl_Initial", i, line.name);
+        Put(screen, "lbl_Unit", i, line.unit);
+        Put(screen, "lbl_Linkout2", i, line.value);
+    }
+    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
+}
+
+}  // namespace
+
+void Show_Link_Data(Screen& screen) {
+    Guarded("Show_Link_Data", [&] {
+        const double shown = Shown_Factor();
+        const std::array<Single, 5> lengths{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
+        for (int i = 0; i <= 4; ++i)
+            Put(screen, "lbl_Links", i, FNRoundStr(lengths[static_cast<std::size_t>(i)] * shown, Model.DecLengthShown));
+        Put(screen, "lbl_Links", 5, Text_Of(Model.Delta));
+    });
+}
+
+void Show_Time_Panel(Screen& screen) {
+    Guarded("Show_Time_Panel", [&] {
+        Show_Link_Data(screen);
+        // In a time run the three texts hold times.
+        Put_Run_Lines(screen, {{{"Start Time", "sec", Model.ThetaStartStr},
+                                {"End Time", "sec", Model.ThetaEndStr},
+                                {"Delta Time", "sec", Model.ThetaStepStr},
+                                {"Theta0", "deg", Text_Of(Model.ThetaZero)},
+                                {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
+                                {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}});
+    });
+}
+
+void Show_Angle_Panel(Screen& screen) {
+    Guarded("Show_Angle_Panel", [&] {
+        Show_Link_Data(screen);
+        Put_Run_Lines(screen, {{{"Min Theta", "deg", Model.ThetaStartStr},
+                                {"Max Theta", "deg", Model.ThetaEndStr},
+                                {"Delta Theta", "deg", Model.ThetaStepStr},
+                                {"Omega2", "rad/s", Text_Of(Model.Omega2Input)},
+                                {"", "", ""},
+                                {"", "", ""}}});
+    });
+}
+
+void Show_Linkage_Panel(Screen& screen) {
+    Guarded("Show_Linkage_Panel", [&] {
+        const std::array<Single, 5> lengths{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
+        for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Links", i, Text_Of(lengths[static_cast<std::size_t>(i)]));
+        Put(screen, "lbl_Links", 5, Text_Of(Model.Delta));
+        for (int i = 1; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
+        for (int i = 0; i <= 3; ++i)
+            for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, false);
+        Put(screen, "lbl_Linkout2", 4, Model.ThetaStartStr);
+        Put(screen, "lbl_Linkout2", 5, Text_Of(Model.Omega2));
+        Put(screen, "lbl_Linkout2", 6, Text_Of(Model.Alpha2));
+    });
+}
+
+}  // namespace verlink
