@@ -174,7 +174,7 @@ void frm_Animate::Form_Activate() {
         cmb_wait.Text = Text_Of(Model.AnimateWait);
         Activated = true;
         cmd_Recalc.Enabled = false;
-        hsc_speed.SetValue(std::clamp(kSlowest - Model.AnimateDelay, hsc_speed.Min(), hsc_speed.Max()));
+        hsc_speed.SetValue(kSlowest - std::clamp<int>(Model.AnimateDelay, 0, kSlowest));
         txt_Cycles.Text = Text_Of(Model.Cycles);
         hsc_step.SetMax(Model.NSteps);
         hsc_step.SetValue(0);
