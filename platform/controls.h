@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -273,8 +274,12 @@ class ControlArray {
     /// (index, caption or start text) each.
     template <class Owner>
     ControlArray(Owner& owner, const std::string& name, std::initializer_list<std::pair<int, const char*>> entries) {
-        for (const auto& [index, text] : entries)
-            controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
+        for (const auto& [index, text] : entries) {
+            if constexpr (std::is_constructible_v<T, Owner&, std::string, std::string, int>)
+                controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
+            else  // a kind that has no text of its own
+                controls_.push_back(std::make_unique<T>(owner, name, index));
+        }
     }
 
     bool Has(int index) const {
