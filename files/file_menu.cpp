@@ -15,14 +15,12 @@ using namespace platform;
 namespace {
 
 /// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved.
-bool Save(const std::function<void()>& when_written = {}) {
+void Save(bool takes_the_files_name) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
-    const bool written = Writefile();
-    Model.SavedFlag = written;
-    if (written && when_written) when_written();
+    Model.SavedFlag = Writefile();
+    if (Model.SavedFlag && takes_the_files_name) Model.ModelName = StripFilename(Model.FilePath);
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
-    return written;
 }
 
 /// Offers to save results that would be lost. False when the user would rather not go on.
@@ -79,7 +77,7 @@ void Menu_Open(Screen& home) {
 void Menu_Save(Screen& home) {
     Guarded("frm_Homescreen.Save", [&] {
         if (Model.SavedFlag)
-            Save();
+            Save(false);
         else
             Menu_Saveas(home);
     });
@@ -95,7 +93,7 @@ void Menu_Saveas(Screen& home) {
         dialog.OverwritePrompt = true;
         dialog.ShowSave();
         Model.FilePath = dialog.FileName;
-        Save([] { Model.ModelName = StripFilename(Model.FilePath); });
+        Save(true);
     });
 }
 

@@ -1,5 +1,6 @@
 // Opening a model from a file's content: recognition, the values that follow from the file's, and the screens.
 #include <cmath>
+#include <utility>
 
 #include "core/numeric.h"
 #include "core/runs.h"

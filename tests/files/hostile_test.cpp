@@ -247,7 +247,7 @@ TEST_F(Hostile, BinaryNoise) {
 TEST_F(Hostile, AValidFileWithBytesChangedAddedOrLost) {
     Listening listening;
     std::mt19937 random(62);
-    const std::string bytes = "\"#,.+-eE0123456789\r\n \t\0TRUEx\xff";
+    const std::string bytes = std::string("\"#,.+-eE0123456789\r\n \tTRUEx\xff") + '\0';
     std::uniform_int_distribution<std::size_t> any(0, bytes.size() - 1);
     int read = 0, refused = 0;
     for (int i = 0; i < 6000; ++i) {
