@@ -282,6 +282,17 @@ class ControlArray {
         }
     }
 
+    /// The same text for each index; kinds without a text take none.
+    template <class Owner>
+    ControlArray(Owner& owner, const std::string& name, std::initializer_list<int> indices, const char* text = "") {
+        for (const int index : indices) {
+            if constexpr (std::is_constructible_v<T, Owner&, std::string, std::string, int>)
+                controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
+            else
+                controls_.push_back(std::make_unique<T>(owner, name, index));
+        }
+    }
+
     bool Has(int index) const {
         for (const auto& control : controls_)
             if (control->Index() == index) return true;

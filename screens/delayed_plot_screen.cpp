@@ -1,0 +1,40 @@
+// The delay before the first drawing, and the ways out.
+#include "screens/delayed_plot_screen.h"
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+Delayed_Plot_Screen::Delayed_Plot_Screen(const std::string& name, const std::string& selection)
+    : Plot_Screen(name, selection) {
+    cmd_Replot.Tip = "Draw the plot again";
+    Bind_Ways_Out(cmd_Back, cmd_PlotDone);
+    cmd_Replot.OnClick = [this] { cmd_Replot_Click(); };
+    cmd_Back.OnClick = [this] { cmd_Back_Click(); };
+    cmd_PlotDone.OnClick = [this] { cmd_PlotDone_Click(); };
+    Timer1.OnTimer = [this] { Timer1_Timer(); };
+}
+
+void Delayed_Plot_Screen::Form_Activate() {
+    Guarded(Procedure("Activate"), [&] {
+        Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        // The integer makes it 0: the first tick draws.
+        Model.ReplotDelay = 0.1;
+        activated_ = std::chrono::steady_clock::now();
+        Timer1.Interval = 250;
+        Timer1.Enabled = true;
+    });
+}
+
+void Delayed_Plot_Screen::Timer1_Timer() {
+    if (std::chrono::steady_clock::now() - activated_ < std::chrono::seconds(Model.ReplotDelay)) return;
+    Timer1.Enabled = false;
+    cmd_Replot_Click();
+}
+
+void Delayed_Plot_Screen::cmd_Back_Click() { Go_Back(); }
+void Delayed_Plot_Screen::cmd_PlotDone_Click() { Leave(); }
+
+}  // namespace verlink

@@ -1,0 +1,56 @@
+// How the screens with a plot are printed, and left.
+#include "screens/plot_screen.h"
+
+#include <utility>
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "screens/print_questions.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
+    : Screen(name), selection_(std::move(selection)) {
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+    cmd_PlotPrint.Tip = "Print this screen";
+    cmd_Copy.Tip = "How to copy this screen to the clipboard";
+    cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
+    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+}
+
+void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::CommandButton& next) {
+    back.Tip = "Go back to the choice of functions";
+    next.Tip = "Leave for the home screen";
+    CancelButton = &back;
+    DefaultButton = &next;
+}
+
+void Plot_Screen::cmd_PlotPrint_Click() {
+    Guarded_Unless_Cancelled(Procedure("cmd_PlotPrint"), [&] {
+        Integer Result;
+        Print_Warning(Result);
+        if (Result != static_cast<int>(platform::Answer::kYes)) return;
+        CommonDialog1.ShowPrinter();
+        platform::The_Desktop().Print_Screen(*this);
+    });
+}
+
+void Plot_Screen::cmd_Copy_Click() {
+    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
+}
+
+void Plot_Screen::Go_Back() {
+    Guarded(Procedure("Back"), [&] {
+        Hide();
+        Show_Centered(selection_.c_str());
+    });
+}
+
+void Plot_Screen::Leave() {
+    Model.ScreenReturn = true;
+    Hide();
+}
+
+}  // namespace verlink
