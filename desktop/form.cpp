@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "desktop/binders.h"
@@ -37,6 +38,19 @@ constexpr double kHomeHeight = 9480, kHomeWidth = 11850;
 
 QRect availableDisplay() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 
+/// The room itself where the display can hold it, else a view of it that scrolls.
+QWidget* fitted(QWidget* room) {
+    room->ensurePolished();
+    const QSize least = room->minimumSizeHint();
+    const QRect display = availableDisplay();
+    if (least.width() <= display.width() && least.height() <= display.height() - kDecoration) return room;
+    auto* view = new QScrollArea;
+    view->setFrameShape(QFrame::NoFrame);
+    view->setWidgetResizable(true);
+    view->setWidget(room);
+    return view;
+}
+
 }  // namespace
 
 double Form::twipsPerPixel() {
@@ -48,10 +62,10 @@ Form::Form(Screen& screen) : screen_(screen) {
     setObjectName(toQt(screen.Name()));
     room_ = new QWidget(this);
     room_->setObjectName(QStringLiteral("room"));
-    setCentralWidget(room_);
     makeWidgets();
     makeMenus();
     layoutFor(screen.Name())(*this, room_);
+    setCentralWidget(fitted(room_));
     for (std::size_t i = 1; i < order_.size(); ++i) setTabOrder(order_[i - 1], order_[i]);
     for (const auto& name : unplaced())
         if (auto* lost = findChild<QWidget*>(toQt(name))) lost->hide();
@@ -188,8 +202,10 @@ void Form::applyShape() {
 
     const QSize wish(qRound(screen_.Width() / twips), qRound(screen_.Height() / twips));
     if (size_changed) {
-        const QSize least = minimumSizeHint();
         const QSize most(display.width(), display.height() - kDecoration / 2);
+        QSize least = minimumSizeHint();
+        // What scrolls for want of room gets all the room there is.
+        if (centralWidget() != room_) least = least.expandedTo(room_->minimumSizeHint()).boundedTo(most);
         resize(wish.boundedTo(most).expandedTo(least));
     }
     // Where the layout needs more than the wish, the window grows to both sides.

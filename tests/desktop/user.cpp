@@ -92,7 +92,7 @@ void DesktopTest::ThenMessage(const std::string& text, QString button) {
 void DesktopTest::Poll() {
     if (posted_ || desktop::inPause()) return;
     QWidget* window = WindowInUse();
-    if (!window) return;
+    if (!window || (!at_work_.empty() && at_work_.back() == window)) return;
     if (!deeds_.empty() && deeds_.front().window == NameOf(*window)) {
         puzzled_ = 0;
         posted_ = true;
@@ -102,7 +102,9 @@ void DesktopTest::Poll() {
             if (deeds_.empty()) return;
             const Deed deed = std::move(deeds_.front());
             deeds_.pop_front();
+            at_work_.push_back(window);
             deed.act(*window);
+            at_work_.pop_back();
         });
         return;
     }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/linkage_model.h"
 #include "desktop/form.h"
@@ -28,9 +29,8 @@ class DesktopTest : public testing::Test {
 
     std::string Path(const std::string& name) const { return folder_ + "/" + name; }
 
-    /// Queues what the user does once a window is active in which he is not yet busy: a message, a dialog or a
-    /// screen. Deeds are done in order, each when the event loop comes round with a new active window, or at once
-    /// when `same_window` says that the deed goes on where the last one ended.
+    /// Queues what the user does when that window is the one in use: "message", "file", "printer", or a screen by
+    /// its name. Deeds are done in order; a window that none is queued for fails the test and is closed.
     void Then(const std::string& window, std::function<void(QWidget&)> deed);
     /// The next window is a message with this text; the button of this text is pressed.
     void ThenMessage(const std::string& text, QString button);
@@ -59,6 +59,7 @@ class DesktopTest : public testing::Test {
     QWidget* puzzling_ = nullptr;  ///< a window that nothing queued is for
     int puzzled_ = 0;
     bool posted_ = false;
+    std::vector<QWidget*> at_work_;  ///< the windows of the deeds that have not returned yet
 };
 
 }  // namespace verlink::test

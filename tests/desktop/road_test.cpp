@@ -1,0 +1,166 @@
+// The whole road of a first session through real windows: start, name, home, input, animate, save, open, quit.
+#include <QAction>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <cmath>
+
+#include "desktop/picture_widget.h"
+#include "platform/file_system.h"
+#include "shell/startup.h"
+#include "tests/desktop/user.h"
+
+namespace verlink::test {
+
+using namespace platform;
+
+namespace {
+
+class RoadTest : public DesktopTest {
+   protected:
+    static QString TextOf(QWidget& window, const char* box) { return Find<QLineEdit>(window, box).text(); }
+    static void Pick(QWidget& window, const char* entry) { Find<QAction>(window, entry).trigger(); }
+    static bool Drawn(QWidget& window) {
+        const QImage image = Find<QWidget>(window, "Picture1").grab().toImage();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixel(x, y) == qRgb(255, 0, 255)) return true;
+        return false;
+    }
+    void ThenFile(const std::string& path) {
+        Then("file", [path](QWidget& window) {
+            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString(path));
+            window.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
+        });
+    }
+    /// From the title to the home screen, with the message that greets there.
+    void ThenArrive() {
+        Then("frm_Title", [](QWidget& window) { Click(window, "cmd_Start"); });
+        Then("frm_User", [](QWidget& window) {
+            Type(window, "txt_UserName", QStringLiteral("A designer"));
+            QTest::keyClick(&Find<QWidget>(window, "txt_UserName"), Qt::Key_Return);
+        });
+        ThenMessage("Your default path for saved files is: " + qt.Documents_Folder() + "/VERLINK/",
+                    QStringLiteral("OK"));
+    }
+    void ThenQuit() {
+        Then("frm_Quit", [](QWidget& window) {
+            EXPECT_EQ(window.focusWidget(), &Find<QWidget>(window, "cmd_NoQuit"));
+            Click(window, "cmd_YesQuit");
+        });
+    }
+};
+
+TEST_F(RoadTest, From_the_start_to_a_moving_linkage_into_a_file_and_back) {
+    const std::string file = Path("press.vlk");
+    ThenArrive();
+    Then("frm_HomeScreen", [](QWidget& window) {
+        EXPECT_FALSE(Find<QWidget>(window, "cmd_Animate").isEnabled());
+        EXPECT_TRUE(Find<QWidget>(window, "lbl_Status_0").isHidden());
+        Click(window, "cmd_Input");
+        EXPECT_TRUE(Find<QWidget>(window, "cmd_Animate").isEnabled());
+        EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_0").isHidden());
+        EXPECT_EQ(Find<QLabel>(window, "lbl_Status_0").text(), "Calculated");
+        EXPECT_TRUE(Drawn(window));
+        Pick(window, "mnu_Save");
+        EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_8").isHidden());
+        Pick(window, "mnu_Open");
+        EXPECT_EQ(Model.ModelName, "press") << "a model that was read leads through the input screen and back";
+        EXPECT_EQ(Model.UserName, "A designer");
+        Model.SavedFlag = true;
+        Click(window, "cmd_Quit");
+    });
+    Then("frm_Inputnew", [](QWidget& window) {
+        EXPECT_EQ(TextOf(window, "txt_Linkout_1"), "1.115");
+        Type(window, "txt_Linkout_1", QStringLiteral("1.25"));
+        Type(window, "txt_initial_2", QStringLiteral("5"));
+        EXPECT_EQ(Model.L2, 1.25) << "leaving the box has taken it over";
+        Click(window, "cmd_Calc");
+        EXPECT_EQ(Model.NSteps, 72);
+        EXPECT_TRUE(Drawn(window));
+        Type(window, "txt_Figure", QStringLiteral("A press"));
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Animate", [](QWidget& window) {
+        auto& timer = Screens::Get("frm_Animate").Get<platform::Timer>("Timer1");
+        EXPECT_TRUE(QTest::qWaitFor([&timer] { return !timer.Enabled; }));
+        EXPECT_TRUE(Drawn(window));
+        EXPECT_EQ(TextOf(window, "txt_Linkout_1"), "1.25");
+        const QString start = Find<QLabel>(window, "lbl_StepNumber").text();
+        Click(window, "cmd_Step");
+        EXPECT_NE(Find<QLabel>(window, "lbl_StepNumber").text(), start);
+        QTest::keyClick(&Find<QWidget>(window, "hsc_speed"), Qt::Key_End);
+        Click(window, "cmd_Animate");
+        EXPECT_TRUE(Find<QWidget>(window, "lbl_StepNumber").isHidden()) << "a run shows no read-out";
+        EXPECT_TRUE(Drawn(window));
+        Click(window, "cmd_Done");
+    });
+    ThenFile(file);
+    ThenMessage("File was successfully written to \n" + file, QStringLiteral("OK"));
+    ThenFile(file);
+    ThenMessage("File " + file + " successfully read.", QStringLiteral("OK"));
+    Then("frm_Inputnew", [](QWidget& window) {
+        EXPECT_EQ(TextOf(window, "txt_Linkout_1"), "1.25");
+        EXPECT_EQ(TextOf(window, "txt_Figure"), "A press");
+        Click(window, "cmd_Calc");
+        EXPECT_EQ(Model.NSteps, 72);
+        Click(window, "cmd_Cancel");
+    });
+    ThenQuit();
+
+    Sub_Main("");
+    EXPECT_TRUE(qt.Ending());
+    EXPECT_EQ(Read_File(qt.Documents_Folder() + "/VERLINK/Run_Check.txt").substr(0, 13), "\"Normal Exit\"");
+    EXPECT_EQ(Read_File(file).substr(0, 9), "\"VERLINK\"");
+}
+
+TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
+    ThenArrive();
+    Then("frm_HomeScreen", [](QWidget& window) {
+        Click(window, "cmd_Input");
+        Model.SavedFlag = true;
+        Click(window, "cmd_Quit");
+    });
+    Then("frm_Inputnew", [](QWidget& window) {
+        Click(window, "cmd_Calc");
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Animate", [](QWidget& window) {
+        auto& timer = Screens::Get("frm_Animate").Get<platform::Timer>("Timer1");
+        EXPECT_TRUE(QTest::qWaitFor([&timer] { return !timer.Enabled; }));
+        Click(window, "opt_Shift_Drag_0");
+        auto& picture = static_cast<desktop::PictureWidget&>(Find<QWidget>(window, "Picture1"));
+        const auto move = [&](const QPointF& at, Qt::KeyboardModifiers keys) {
+            QMouseEvent event(QEvent::MouseMove, at, picture.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, keys);
+            QApplication::sendEvent(&picture, &event);
+        };
+        const double before = Model.Rpa;
+        const QPointF at = picture.square().center();
+        move(at, Qt::ShiftModifier | Qt::ControlModifier);
+        move(at, Qt::NoModifier);
+        EXPECT_EQ(Model.Rpa, before) << "shift alone drags";
+
+        // The window's scale follows the curve, so the place in it is read before the move.
+        const auto& drawing = Screens::Get("frm_Animate").Get<PictureBox>("Picture1").Drawing();
+        const double x = (drawing.Left() + drawing.Right()) / 2, y = -(drawing.Top() + drawing.Bottom()) / 2;
+        const double flip = drawing.Top() + drawing.Bottom();
+        const int step = Model.CurrentStep;
+        const double ax = Model.RunTable.PointXY(step, 0, 0), ay = Model.RunTable.PointXY(step, 0, 1);
+        move(at, Qt::ShiftModifier);
+        EXPECT_NEAR(Model.Rpa, std::hypot(x - ax, flip + y - ay), 6e-4) << "rounded to three decimals in its box";
+        EXPECT_TRUE(Drawn(window));
+        Click(window, "cmd_Done");
+    });
+    ThenQuit();
+    Sub_Main("");
+    EXPECT_TRUE(qt.Ending());
+}
+
+}  // namespace
+
+}  // namespace verlink::test
