@@ -7,9 +7,10 @@
 #include <span>
 
 #include "core/linkage_model.h"
+#include "core/status_panel.h"
 #include "core/text.h"
-#include "output/cartesian.h"
 #include "output/catalogue.h"
+#include "output/plot_windows.h"
 #include "output/sines.h"
 #include "platform/graph.h"
 #include "shell/failure_report.h"
@@ -87,7 +88,19 @@ void Do_DFT(Integer& N) {
 }
 
 void FFT_Plot_Setup(platform::Screen& screen) {
-    Guarded("FFT_Plot_Setup", [&] { Plot_Setup(screen, 4); });
+    Guarded("FFT_Plot_Setup", [&] {
+        constexpr int kLabelled = 15;  // so many harmonics have a label, the last of them included
+        Titlebox(screen);
+        SetGridstyle(screen, 4);
+        for (int i = 0; i <= 3; ++i) {
+            auto& graph = screen.Get<platform::Graph>("grf_Plot", i);
+            if (Model.PlotStyle < 4) graph.SetNumSets(Model.PlotCount);
+            graph.SetNumPoints(Model.Harmonics + 1);
+            graph.BottomTitle = "Harmonic Number";
+            graph.TickEvery = 1;
+            graph.LabelEvery = (std::max<int>(Model.Harmonics, 1) + kLabelled - 1) / kLabelled;
+        }
+    });
 }
 
 void FFT_Plot(platform::Screen& screen) {

@@ -6,6 +6,7 @@
 #include "platform/screen.h"
 #include "screens/frm_about.h"
 #include "screens/frm_animate.h"
+#include "screens/frm_fft.h"
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
@@ -27,6 +28,7 @@ void Register_One(const char* name) {
 void Register_Screens() {
     Register_One<frm_About>("frm_About");
     Register_One<frm_Animate>("frm_Animate");
+    Register_One<frm_FFT>("frm_FFT");
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
     Register_One<frm_Inputnew>("frm_Inputnew");

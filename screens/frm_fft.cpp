@@ -1,0 +1,210 @@
+// The transform screen.
+#include "screens/frm_fft.h"
+
+#include <algorithm>
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "output/catalogue.h"
+#include "output/selection.h"
+#include "output/transform.h"
+#include "screens/frm_help.h"
+#include "screens/help_documents.h"
+#include "screens/print_questions.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CRLF;
+using platform::Icon;
+
+namespace {
+constexpr int kFirstHarmonics = 15;
+}
+
+frm_FFT::frm_FFT() : Screen("frm_FFT") {
+    mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_FFTHelp"), "frm_FFT.mnu_Help"); };
+    cmb_Var1.OnClick = [this] { cmb_Var1_Click(); };
+    cmb_Com1.OnClick = [this] { cmb_Com1_Click(); };
+    cmb_Harmonics.OnClick = [this] { cmb_Harmonics_Click(); };
+    cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
+    cmd_Clear1.OnClick = [this] { cmd_Clear1_Click(); };
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
+    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    chk_Sticks.Value = true;
+    for (auto* box : {&chk_HGrid, &chk_VGrid, &chk_Line, &chk_Sticks}) box->OnClick = [this] { Redraw(); };
+    DefaultButton = &cmd_Calc;
+    CancelButton = &cmd_Cancel;
+    cmb_Var1.Tip = "The function to transform";
+    cmb_Com1.Tip = "Its component: X, Y, magnitude or angle";
+    cmb_Harmonics.Tip = "How many harmonics to show, at most half the number of steps";
+    cmd_Done.Tip = "Calculate first";
+    Form_Load();
+}
+
+void frm_FFT::Form_Load() {
+    Guarded("frm_FFT_Form_Load", [this] {
+        Load_Components(*this, cmb_Com1);
+        cmb_Com1.Text = "X";
+        Set_Component("X", 1);
+        cmb_Harmonics.Text = Text_Of(kFirstHarmonics);
+        Model.Harmonics = kFirstHarmonics;
+        const char* titles[] = {"Real", "Imaginary", "Magnitude", "Phase"};
+        for (int i = 0; i <= 3; ++i) grf_Plot[i].GraphTitle = titles[i];
+    });
+}
+
+void frm_FFT::Form_Activate() {
+    Guarded("frm_FFT_Form_Activate", [this] {
+        Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        Model.FFTDone = false;
+        cmd_Done.Enabled = false;
+        cmd_Print.Enabled = false;
+        cmd_Copy.Enabled = false;
+        clearing_ = true;
+        Load_Variables(*this, cmb_Var1);
+        cmb_Var1.Choose(-1);
+        clearing_ = false;
+        Model.PlotStyle = 5;
+        Model.GraphWindows = 4;
+        Model.PlotCount = 1;
+        Fill_Harmonics();
+        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
+        Clear_Results(Model.NSteps / 2);
+        Redraw();
+        Model.FFTSelecting = true;
+        lbl_Header2.Caption = "";
+    });
+}
+
+void frm_FFT::Fill_Harmonics() {
+    cmb_Harmonics.Clear();
+    const Integer half = Model.NSteps / 2.0;
+    cmb_Harmonics.AddItem(Text_Of(half));
+    for (int i = 2; i <= half && half / i >= 3; ++i)
+        if (half % i == 0) cmb_Harmonics.AddItem(Text_Of(half / i));
+}
+
+void frm_FFT::Clear_Results(int last) {
+    for (int i = 0; i <= last; ++i)
+        for (int row = 0; row <= 3; ++row) {
+            Model.FFTResult(i, row) = 0;
+            Model.DFTTable(i, row) = 0;
+        }
+}
+
+void frm_FFT::Redraw() {
+    FFT_Plot_Setup(*this);
+    FFT_Plot(*this);
+}
+
+bool frm_FFT::Harmonics_Good() {
+    if (Model.Harmonics > 0) return true;
+    platform::Tell(" Must set the number of harmonics to a value > 0");
+    return false;
+}
+
+bool frm_FFT::Function_Good() {
+    if (!cmb_Var1.Text.Get().empty()) return true;
+    platform::Tell(" Please select a function for FFT calculation");
+    return false;
+}
+
+void frm_FFT::cmb_Var1_Click() {
+    if (clearing_) return;
+    const std::string function = cmb_Var1.Text;
+    if (Function_Good()) {
+        lbl_Header2.Caption = "Fourier Transform of  " + function;
+        cmd_Calc_Click();
+    } else {
+        Clear_Results(Model.NSteps);
+        Redraw();
+        cmb_Var1.SetFocus();
+    }
+}
+
+void frm_FFT::cmb_Com1_Click() {
+    if (!clearing_) cmd_Calc_Click();
+}
+
+void frm_FFT::cmb_Harmonics_Click() {
+    Guarded("cmb_Harmonics_Click", [this] {
+        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
+        if (!Harmonics_Good() || cmb_Var1.Text.Get().empty()) return;
+        const Integer half = Model.NSteps / 2.0;
+        if (Model.Harmonics > half) {
+            Model.Harmonics = half;
+            cmb_Harmonics.Text = Text_Of(half);
+            platform::Tell(std::string("Number of harmonics cannot exceed 1/2 the number of data points available.") +
+                           CRLF + "If you want more bandwidth, recalculate all data with smaller increments. " + CRLF +
+                           "Use the [INPUT] button from the Home Screen to do so.");
+        }
+        Redraw();
+    });
+}
+
+void frm_FFT::cmd_Calc_Click() {
+    Guarded("frm_FFT_cmb_Calc_Click", [this] {
+        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
+        if (!Harmonics_Good()) {
+            cmb_Harmonics.Text = "";
+            return;
+        }
+        if (!Function_Good()) return;
+        Select_Variable(cmb_Var1.Text, 1);
+        Model.FFTUnitLabel = Model.UnitLabel(Model.FuncGroup(1));
+        Set_Component(cmb_Com1.Text, 1);
+        Do_DFT(Model.NSteps);
+        Model.FFTDone = true;
+        Redraw();
+        cmd_Done.Enabled = true;
+        cmd_Print.Enabled = true;
+        cmd_Copy.Enabled = true;
+        cmd_Done.SetFocus();
+    });
+}
+
+void frm_FFT::cmd_Clear1_Click() {
+    clearing_ = true;
+    cmb_Var1.Choose(-1);
+    lbl_Header2.Caption = "";
+    Clear_Results(Model.NSteps);
+    Model.FFTDone = false;
+    Redraw();
+    cmd_Done.Enabled = false;
+    clearing_ = false;
+}
+
+void frm_FFT::cmd_Done_Click() {
+    Model.FFTSelecting = false;
+    platform::Tell(std::string(" The FFT of the selected function is ") + CRLF + " now available for output as " +
+                       CRLF + " 'Current FFT' from the Preset Format" + CRLF + " lists on the PRINT and PLOT screens",
+                   Icon::kInformation);
+    Hide();
+}
+
+void frm_FFT::cmd_Cancel_Click() {
+    Model.FFTSelecting = false;
+    Model.FFTDone = false;
+    Hide();
+}
+
+void frm_FFT::cmd_Print_Click() {
+    Guarded_Unless_Cancelled("frm_FFT.Print", [this] {
+        Integer answer;
+        Print_Warning(answer);
+        if (answer != static_cast<int>(platform::Answer::kYes)) return;
+        CommonDialog1.ShowPrinter();
+        platform::The_Desktop().Print_Screen(*this);
+    });
+}
+
+void frm_FFT::cmd_Copy_Click() {
+    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");
+}
+
+}  // namespace verlink

@@ -1,0 +1,62 @@
+// The transform screen: the harmonic content of one output function in four graphs.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/graph.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+class frm_FFT : public platform::Screen {
+   public:
+    frm_FFT();
+
+    platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+
+    platform::Frame fra_Function1{*this, "fra_Function1", "Function for FFT"};
+    platform::ControlArray<platform::Label> lbl_Var{*this, "lbl_Var", {{0, "Variable"}, {1, "No of Harmonics"}}};
+    platform::ControlArray<platform::Label> lbl_Comp{*this, "lbl_Comp", {{0, "Component"}}};
+    platform::ComboBox cmb_Var1{*this, "cmb_Var1"};
+    platform::ComboBox cmb_Com1{*this, "cmb_Com1"};
+    platform::ComboBox cmb_Harmonics{*this, "cmb_Harmonics"};
+    platform::CommandButton cmd_Clear1{*this, "cmd_Clear1", "&Clear"};
+    platform::CommandButton cmd_Calc{*this, "cmd_Calc", "&Calculate"};
+
+    platform::CheckBox chk_HGrid{*this, "chk_HGrid", "Horiz"};
+    platform::CheckBox chk_VGrid{*this, "chk_VGrid", "Vertic"};
+    platform::CheckBox chk_Line{*this, "chk_Line", "Envelope"};
+    platform::CheckBox chk_Sticks{*this, "chk_Sticks", "Spectral Lines"};
+
+    platform::Label lbl_Header{*this, "lbl_Header"};
+    platform::Label lbl_Header2{*this, "lbl_Header2"};
+    /// 0 real, 1 imaginary, 2 magnitude, 3 phase
+    platform::ControlArray<platform::Graph> grf_Plot{*this, "grf_Plot", {{0, ""}, {1, ""}, {2, ""}, {3, ""}}};
+
+    platform::CommandButton cmd_Print{*this, "cmd_Print", "&Print"};
+    platform::CommandButton cmd_Copy{*this, "cmd_Copy", "C&opy"};
+    platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
+    platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void Form_Activate() override;
+    void cmb_Var1_Click();
+    void cmb_Com1_Click();
+    void cmb_Harmonics_Click();
+    void cmd_Calc_Click();
+    void cmd_Clear1_Click();
+    void cmd_Done_Click();
+    void cmd_Cancel_Click();
+    void cmd_Print_Click();
+    void cmd_Copy_Click();
+
+   private:
+    void Form_Load();
+    void Redraw();
+    void Fill_Harmonics();
+    bool Harmonics_Good();
+    bool Function_Good();
+    void Clear_Results(int last);
+    bool clearing_ = false;  ///< the program itself empties the boxes
+};
+
+}  // namespace verlink
