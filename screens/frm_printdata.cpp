@@ -1,0 +1,61 @@
+// What the buttons of the table do.
+#include "screens/frm_printdata.h"
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "screens/frm_help.h"
+#include "screens/help_documents.h"
+#include "screens/print_questions.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
+    grd_Data.Tip = "The chosen functions step by step, below their smallest, mean and largest values";
+    cmd_PrintForm.Tip = "Print this screen";
+    cmd_Copy.Tip = "How to copy this screen to the clipboard";
+    cmd_Reprint.Tip = "Go back to the choice of functions";
+    cmd_Done.Tip = "Leave for the home screen";
+    DefaultButton = &cmd_Done;
+    CancelButton = &cmd_Reprint;
+
+    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    cmd_Reprint.OnClick = [this] { cmd_Reprint_Click(); };
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_PrintForm.OnClick = [this] { cmd_PrintForm_Click(); };
+    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+}
+
+void frm_PrintData::Form_Activate() {
+    Guarded("frm_PrintData.Activate", [this] { Fit_Screen(*this, kWorkWidth, kWorkHeight); });
+}
+
+void frm_PrintData::mnu_Help_Click() { Show_Help(Help_Document("mnu_PrintHelp"), "frm_PrintData.mnu_Help"); }
+
+void frm_PrintData::cmd_Reprint_Click() {
+    Guarded("frm_PrintData.cmd_Reprint", [this] {
+        Hide();
+        Show_Centered("frm_PrintSelect");
+    });
+}
+
+void frm_PrintData::cmd_Done_Click() {
+    Model.ScreenReturn = true;
+    Hide();
+}
+
+void frm_PrintData::cmd_PrintForm_Click() {
+    Guarded_Unless_Cancelled("frm_PrintData.cmd_PrintForm", [this] {
+        Integer Result;
+        Print_Warning(Result);
+        if (Result != static_cast<int>(platform::Answer::kYes)) return;
+        CommonDialog1.ShowPrinter();
+        platform::The_Desktop().Print_Screen(*this);
+    });
+}
+
+void frm_PrintData::cmd_Copy_Click() {
+    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
+}
+
+}  // namespace verlink
