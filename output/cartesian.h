@@ -9,14 +9,17 @@ namespace verlink {
 
 /// Titles, ticks and fonts of the first `windows` graphs.
 void Plot_Setup(platform::Screen& screen, int windows);
-/// All functions in graph 0. `last` is the last index of the points.
+/// All functions in graph 0, over the steps of the run, a transform as well. Callers tell the last of them.
 void MultiPlot(platform::Screen& screen, platform::Screen& selectionScreen, int last);
-/// One function in each graph.
+/// One function in each graph, over the steps of the run or the harmonics of a transform.
 void Plot(platform::Screen& screen, platform::Screen& selectionScreen, int windows);
 
 // The aligned family: picture boxes `pct_Plot` of the screen.
 
+/// Header, bottom titles and panels.
 void MyPlotSetup(platform::Screen& screen, int windows);
+/// One function in each of 2 or 4 windows, over the crank angle; half the window's height is the function's largest
+/// magnitude. A window that cannot be scaled is left empty, and its numbers are shown all the same.
 void MyPlot(platform::Screen& screen, platform::Screen& selectionScreen, int windows);
 
 }  // namespace verlink

@@ -28,9 +28,20 @@ bool Ticked(Screen& screen, const char* name) {
     return box && box->Value;
 }
 
-/// World y grows upward in a plot and downward on a surface.
 void Draw_Line(Surface& surface, double x1, double y1, double x2, double y2) {
-    surface.Line(x1, Model.PlotMid - y1, x2, Model.PlotMid - y2, Model.ColorBlack);
+    surface.Line(x1, y1, x2, y2, Model.ColorBlack);
+}
+
+/// Counts from first to last as singles do, with their rounding at each step, upward or downward. A step that leaves
+/// the count where it is, or is 0, ends it.
+template <class Action>
+void Count(Single first, Single last, Single step, Action action) {
+    for (Single at = first; step > 0 ? at <= last : at >= last;) {
+        action(at);
+        const Single next = at + step;
+        if (next == at) return;
+        at = next;
+    }
 }
 
 /// Scales a surface; a scale that it cannot take is told with `words` and marks the window as failed.
@@ -73,7 +84,8 @@ void SetWindow(Screen& screen, int i, Single& ymax, Single xmin, Single xmax, co
     Try_Scale("SetWindow", words, [&] {
         const Single R = xmax - xmin;
         if (ymax == 0) ymax = 0.0001;
-        Single left, right, bottom, top;
+        // Bounds beyond a single number are for the surface to refuse.
+        double left = 0, right = 0, bottom = 0, top = 0;
         if (windows == 2) {
             left = xmin - 0.16 * R;
             right = xmax + 0.04 * R;
@@ -88,7 +100,7 @@ void SetWindow(Screen& screen, int i, Single& ymax, Single xmin, Single xmax, co
         mid = top + bottom;
         Surface& surface = Canvas(screen, i);
         surface.Cls();
-        surface.Scale(left, mid - bottom, right, mid - top);
+        surface.Scale(left, top, right, bottom);
     });
 }
 
@@ -98,11 +110,11 @@ void SetPolarWindow(Screen& screen, int i, Single& ymax, const std::string& name
         if (ymax == 0) ymax = 0.0001;
         const Single across = 1.1;
         const Single down = 1.115;
-        const Single right = across * ymax;
-        const Single top = down * ymax;
-        const Single bottom = -down * ymax;
+        const double right = across * ymax;
+        const double top = down * ymax;
+        const double bottom = -down * ymax;
         mid = top + bottom;
-        Canvas(screen, i).Scale(-right, mid - bottom, right, mid - top);
+        Canvas(screen, i).Scale(-right, top, right, bottom);
     });
 }
 
@@ -127,11 +139,7 @@ void XticMarks(Screen& screen, int i, Single ymax, Single xmin, Single xmax) {
         Surface& surface = Canvas(screen, i);
         const Single step = (xmax - xmin) * 0.04166667;
         const auto tic = [&](Single x) { Draw_Line(surface, x, -0.07 * ymax, x, 0.07 * ymax); };
-        // The count goes up by a single, with its rounding; a step of 0 would not end.
-        if (step > 0)
-            for (Single x = xmin; x <= xmax; x += step) tic(x);
-        else if (step < 0)
-            for (Single x = xmin; x >= xmax; x += step) tic(x);
+        Count(xmin, xmax, step, tic);
         tic(xmax);
     });
 }
@@ -143,8 +151,7 @@ void YticMarks(Screen& screen, int i, Single ymax, int n, Single xmin, Single xm
         const Single f = Divide(1, n);
         const Single step = f * ymax;
         const Single last = (f + 1) * ymax;
-        if (step > 0)
-            for (Single y = -ymax; y <= last; y += step) Draw_Line(surface, xmin - 0.01 * R, y, xmin + 0.01 * R, y);
+        Count(-ymax, last, step, [&](Single y) { Draw_Line(surface, xmin - 0.01 * R, y, xmin + 0.01 * R, y); });
     });
 }
 
@@ -154,12 +161,17 @@ void PolarTicmarks(Screen& screen, int i, Single r, int n) {
         const Single t = r * 0.01;
         const Single f = Divide(1.0, n);
         const Single step = f * r;
-        if (step > 0)
-            for (Single s = -r; s <= r; s += step) {
-                Draw_Line(surface, s, -t, s, t);
-                Draw_Line(surface, -t, s, t, s);
-            }
+        Count(-r, r, step, [&](Single s) {
+            Draw_Line(surface, s, -t, s, t);
+            Draw_Line(surface, -t, s, t, s);
+        });
     });
+}
+
+int Decimals_Of(Single ymax) {
+    if (ymax < 1) return 3;
+    if (ymax < 10) return 2;
+    return ymax < 100 ? 1 : 0;
 }
 
 void CartesianMax(const Element& arr, int first, int last, Single& ymax) {
@@ -176,11 +188,7 @@ void Vertical_lines(Screen& screen, int i, Single ymax, Single xmin, Single xmax
         Surface& surface = Canvas(screen, i);
         const Single R = xmax - xmin;
         const Single q = R / 4;
-        const auto column = [&](Single x) { Draw_Line(surface, x, -0.95 * ymax, x, 0.95 * ymax); };
-        if (q > 0)
-            for (Single x = xmin + q; x <= xmax; x += q) column(x);
-        else if (q < 0)
-            for (Single x = xmin + q; x >= xmax; x += q) column(x);
+        Count(xmin + q, xmax, q, [&](Single x) { Draw_Line(surface, x, -0.95 * ymax, x, 0.95 * ymax); });
     });
 }
 

@@ -27,6 +27,9 @@ void YticMarks(platform::Screen& screen, int i, Single ymax, int n, Single xmin,
 void PolarTicmarks(platform::Screen& screen, int i, Single r, int n);
 void Vertical_lines(platform::Screen& screen, int i, Single ymax, Single xmin, Single xmax);
 
+/// Decimals of the numbers along an axis of that half height: none from 100 up, 1 from 10, 2 from 1, else 3.
+int Decimals_Of(Single ymax);
+
 /// The largest magnitude from first to last.
 void CartesianMax(const Element& arr, int first, int last, Single& ymax);
 

@@ -25,7 +25,9 @@ Graph::Set& Graph::Present() {
 
 void Graph::SetGraphData(double value) {
     if (ThisPoint < 1 || ThisPoint > points_) Raise(kInvalidProperty);
-    Present().values[static_cast<std::size_t>(ThisPoint - 1)] = value;
+    Set& set = Present();
+    set.values[static_cast<std::size_t>(ThisPoint - 1)] = value;
+    set.filled = true;
 }
 
 void Graph::SetLabelText(const std::string& text) {

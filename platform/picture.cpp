@@ -12,7 +12,9 @@ namespace verlink::platform {
 namespace {
 
 constexpr std::size_t kSmallIndex = 1024;
-constexpr double kNoExtent = 1e-100;
+/// What a window may measure across or down.
+constexpr double kLeastExtent = 1e-25;
+constexpr double kMostExtent = 3.4e38;
 
 template <class... Values>
 void Check(Values... values) {
@@ -109,12 +111,10 @@ void Picture::Clear() {
 }
 
 void Picture::Scale(double x1, double y1, double x2, double y2) {
-    Check(x1, y1, x2, y2);
     const double wide = x2 - x1;
     const double high = y2 - y1;
-    Check(wide, high);
-    // A window without extent has no picture; the one before it stands.
-    if (std::abs(wide) < kNoExtent || std::abs(high) < kNoExtent) return;
+    for (const double extent : {std::abs(wide), std::abs(high)})
+        if (!(extent >= kLeastExtent && extent <= kMostExtent)) Raise(kInvalidCall);
     if (x1 == left_ && y1 == top_ && x2 == right_ && y2 == bottom_) return;
     const double x_ratio = wide / (right_ - left_);
     const double y_ratio = high / (bottom_ - top_);

@@ -12,7 +12,9 @@ class Surface {
    public:
     virtual ~Surface() = default;
 
-    /// (x1, y1) becomes the top left corner, (x2, y2) the bottom right one. What is drawn already stays.
+    /// (x1, y1) becomes the top left corner, (x2, y2) the bottom right one; y grows upward where y1 is the larger.
+    /// What is drawn already stays. A window that has no extent, or one that is not finite, below 1E-25 or beyond a
+    /// single number, is failure 5, and the window before it stands.
     virtual void Scale(double x1, double y1, double x2, double y2) = 0;
     /// Clears to the back colour; the current point goes to the top left corner.
     virtual void Cls() = 0;

@@ -187,10 +187,20 @@ TEST_F(PictureTest, WhatIsDrawnStaysInPlaceWhenTheWindowChanges) {
     EXPECT_EQ(picture.Alive(), 1U);
 }
 
-TEST_F(PictureTest, AWindowWithoutExtentIsNotTaken) {
-    picture.Scale(3, 3, 3, 3);
+TEST_F(PictureTest, AWindowThatCannotBeDrawnIsAnInvalidCallAndIsNotTaken) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(3, 3, 3, 3); }), 5);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 1, 0, -1); }), 5);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 2e-30, 360, -2e-30); }), 5);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 3e38, 360, -3e38); }), 5);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 0, nan, 1); }), 5);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(-infinite, 0, infinite, 1); }), 5);
     EXPECT_EQ(picture.Left(), -10);
     EXPECT_EQ(picture.Bottom(), 10);
+    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 2e-24, 360, -2e-24); }), 0);
+    EXPECT_EQ(picture.Top(), 2e-24);
+    EXPECT_EQ(picture.Bottom(), -2e-24);
 }
 
 TEST_F(PictureTest, CoordinatesThatAreNotFiniteAreFailureSix) {
@@ -201,7 +211,6 @@ TEST_F(PictureTest, CoordinatesThatAreNotFiniteAreFailureSix) {
     EXPECT_EQ(Number_Raised([&] { picture.LineStep(nan, 0, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.Circle(0, 0, infinite, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.PSet(-infinite, 0); }), 6);
-    EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 0, nan, 1); }), 6);
     EXPECT_EQ(picture.Alive(), 0U);
 }
 

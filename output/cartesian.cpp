@@ -1,0 +1,251 @@
+// How functions become curves in graphs and in aligned windows.
+#include "output/cartesian.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "output/catalogue.h"
+#include "output/panels.h"
+#include "output/plot_windows.h"
+#include "output/selection.h"
+#include "output/tables.h"
+#include "platform/graph.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::Frame;
+using platform::Graph;
+using platform::kNoIndex;
+using platform::Label;
+using platform::PictureBox;
+using platform::Screen;
+
+namespace {
+
+/// The last index of what is plotted.
+int Last_Point() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }
+
+bool By_Time() { return Model.Calctype == 2 || Model.Calctype == 4 || Model.Calctype == 5; }
+
+std::string Caption_Of(Screen& screen, const char* name, int index) { return screen.Get<Label>(name, index).Caption; }
+
+void Put(Screen& screen, const char* name, int index, const std::string& text) {
+    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
+}
+
+/// What stands below the x axis; one position has nothing there.
+std::string Bottom_Title() {
+    if (By_Time()) return "Time (Sec)";
+    if (Model.Calctype == 3) return Model.FFTFunction ? "Harmonic Number" : "Crank Angle (Deg)";
+    return "";
+}
+
+void Show_Run_Panel(Screen& screen) {
+    if (By_Time())
+        Show_Time_Panel(screen);
+    else if (Model.Calctype == 3)
+        Show_Angle_Panel(screen);
+}
+
+void Show_Initial_Frame(Screen& screen) {
+    platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
+}
+
+/// The unit in a graph. Components count from 0, so that an angle keeps the unit of its variable.
+std::string Graph_Unit(int slot, const std::string& transformed) {
+    constexpr int kNeverAComponent = 4;
+    if (Model.FuncComponent(slot) == kNeverAComponent) return "Deg";
+    return Model.FFTFunction ? transformed : Model.UnitLabel(Model.FuncGroup(slot));
+}
+
+/// The labels of the points 0 to last; `harmonics` for plain numbers.
+std::vector<std::string> Point_Labels(int last, bool harmonics) {
+    std::vector<std::string> labels;
+    for (int i = 0; i <= last; ++i) {
+        if (Model.Calctype == 3)
+            labels.push_back(harmonics ? Text_Of(i) : FNRoundStr(Model.RunTable.Theta(i, 0), 0));
+        else
+            labels.push_back(FNRoundStr(i * Model.TimeStep + Model.TimeStart, 2));
+    }
+    return labels;
+}
+
+/// Puts a slot's values into the present set of a graph.
+void Put_Points(Graph& graph, int slot, const std::vector<std::string>& labels) {
+    Single value;
+    for (int i = 0; i < static_cast<int>(labels.size()); ++i) {
+        Transform_XY(i, slot, value);
+        graph.ThisPoint = i + 1;
+        graph.SetGraphData(value);
+        graph.SetLabelText(labels[static_cast<std::size_t>(i)]);
+    }
+}
+
+void Set_Up_Axes(Graph& graph) {
+    if (By_Time()) {
+        graph.TickEvery = 5;
+        graph.LabelEvery = 10;
+    } else if (Model.Calctype == 3) {
+        graph.TickEvery = Model.FFTFunction ? 1 : 6;
+        graph.LabelEvery = Model.FFTFunction ? 2 : 12;
+    }
+    graph.BottomTitle = Bottom_Title();
+    graph.FontUse = 4;
+    graph.FontSize = 90;
+    graph.FontStyle = 2;
+    graph.FontFamily = 1;
+    graph.FontUse = 0;
+    graph.FontSize = 90;
+}
+
+/// The span of the x axis of an aligned window.
+struct Span {
+    Single xmin, xmax;
+};
+
+Span Span_Of_X() {
+    if (Model.Calctype != 3) return {Model.TimeStart, Model.TimeEnd};
+    if (Model.FFTFunction) return {0, Last_Point()};
+    if (Model.Omega2 < 0) return {Model.ThetaEnd, Model.ThetaStart};
+    return {Model.ThetaStart, Model.ThetaEnd};
+}
+
+void Draw_Curve(platform::Surface& surface, const Element& y, int last) {
+    const auto& Theta = Model.RunTable.Theta;
+    surface.PSet(Theta(0, 0), y(0), Model.ColorBlue);
+    for (int j = 0; j <= last; ++j) surface.LineTo(Theta(j, 0), y(j), Model.ColorBlue);
+}
+
+void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows) {
+    const int slot = i + 1;
+    const int last = Last_Point();
+    Model.PlotSlot = slot;
+    const std::string name = Caption_Of(selectionScreen, "lbl_Function", i);
+    Put(screen, "pnl_LeftTitle", i, name);
+    Put(screen, "pnl_Comp", i, Caption_Of(selectionScreen, "lbl_Component", i));
+    constexpr int kAngle = 3;
+    std::string unit = Model.FFTFunction ? "" : Model.UnitLabel(Model.FuncGroup(slot));
+    if (Model.FuncComponent(slot) == kAngle) unit = "Deg";
+    Put(screen, "pnl_PlotUnits", i, unit);
+
+    StepArray<Single> values;
+    for (int j = 0; j <= last; ++j) Transform_XY(j, slot, values(j));
+    const Element y = [&values](int j) { return values(j); };
+    CartesianMax(y, 0, last, Model.PlotYmax);
+    Single max, min;
+    MaxMin1(y, 0, last, max, min);
+    const auto [xmin, xmax] = Span_Of_X();
+    const Single Q = (xmax - xmin) / 4;
+
+    SetWindow(screen, i, Model.PlotYmax, xmin, xmax, name, Model.PlotMid, windows);
+    if (!Model.WindowFailed) {
+        Draw_Curve(screen.Get<PictureBox>("pct_Plot", i).Canvas(), y, last);
+        Vertical_lines(screen, i, Model.PlotYmax, xmin, xmax);
+        CartesianAxes(screen, i, Model.PlotYmax, xmin, xmax);
+        XticMarks(screen, i, Model.PlotYmax, xmin, xmax);
+        YticMarks(screen, i, Model.PlotYmax, 5, xmin, xmax);
+    }
+
+    Put(screen, "pnl_Xmin", i, FNRoundStr(xmin, 0));
+    Put(screen, "pnl_X1", i, FNRoundStr(xmin + Q, 0));
+    Put(screen, "pnl_X2", i, FNRoundStr(xmin + 2 * Q, 0));
+    Put(screen, "pnl_X3", i, FNRoundStr(xmin + 3 * Q, 0));
+    Put(screen, "pnl_Xmax", i, FNRoundStr(xmax, 0));
+    const int d = Decimals_Of(Model.PlotYmax);
+    Put(screen, "pnl_Ymax", i, FNRoundStr(Model.PlotYmax, d));
+    Put(screen, "pnl_Ymin", i, FNRoundStr(-Model.PlotYmax, d));
+    if (windows > 1) {
+        Put(screen, "lbl_Min", i, FNRoundStr(min, d));
+        Put(screen, "lbl_Max", i, FNRoundStr(max, d));
+        Put(screen, "lbl_Peak", i, FNRoundStr(max - min, d));
+    }
+}
+
+}  // namespace
+
+void Plot_Setup(Screen& screen, int windows) {
+    Guarded("Plot_Setup", [&] {
+        const int last = Last_Point();
+        constexpr int kPolar = 4;
+        for (int i = 0; i < windows; ++i) {
+            Graph& graph = screen.Get<Graph>("grf_Plot", i);
+            Titlebox(screen);
+            SetGridstyle(screen, windows);
+            if (Model.PlotStyle < kPolar) graph.SetNumSets(Model.PlotCount);
+            graph.SetNumPoints(last + 1);
+            Set_Up_Axes(graph);
+            Show_Run_Panel(screen);
+        }
+        std::string line1, line2, time, step, unit;
+        Table_Titles(line1, line2, time, step, unit);
+        Put(screen, "lbl_Header2", kNoIndex, line1);
+        Put(screen, "lbl_Header3", kNoIndex, line2);
+        Put_Coordinate_Labels(screen, Model.CoordSystem);
+        Show_Initial_Frame(screen);
+    });
+}
+
+void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/) {
+    Guarded("MultiPlot", [&] {
+        Graph& graph = screen.Get<Graph>("grf_Plot", 0);
+        // The length of the run, for a transform as well.
+        const std::vector<std::string> labels = Point_Labels(Model.NSteps, false);
+        for (int slot = 1; slot <= Model.PlotCount; ++slot) {
+            Model.PlotSlot = slot;
+            graph.SetNumPoints(Model.NSteps + 1);
+            graph.ThisSet = slot;
+            graph.PatternedLines = 1;
+            graph.SetPatternData(slot - 1);
+            graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Function", slot - 1) + " " +
+                                Caption_Of(selectionScreen, "lbl_Component", slot - 1) + " " + Graph_Unit(slot, ""));
+            Put_Points(graph, slot, labels);
+        }
+        graph.Draw();
+    });
+}
+
+void Plot(Screen& screen, Screen& selectionScreen, int windows) {
+    Guarded("Plot", [&] {
+        const std::vector<std::string> labels = Point_Labels(Last_Point(), Model.FFTFunction);
+        for (int i = 0; i < windows; ++i) {
+            Graph& graph = screen.Get<Graph>("grf_Plot", i);
+            const int slot = i + 1;
+            graph.ThisSet = 1;
+            graph.PatternedLines = 1;
+            graph.SetPatternData(0);
+            graph.ThickLines = 0;
+            Model.PlotSlot = slot;
+            graph.GraphTitle =
+                Caption_Of(selectionScreen, "lbl_Function", i) + "  (" + Graph_Unit(slot, Model.FFTUnitLabel) + ")";
+            graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Component", i));
+            Put_Points(graph, slot, labels);
+            graph.Draw();
+        }
+    });
+}
+
+void MyPlotSetup(Screen& screen, int windows) {
+    Guarded("MyPlotSetup", [&] {
+        for (int i = 0; i < windows; ++i) {
+            Titlebox(screen);
+            Put(screen, "pnl_BottomTitle", i, Bottom_Title());
+            Show_Run_Panel(screen);
+        }
+        Show_Initial_Frame(screen);
+        Put_Coordinate_Labels(screen, Model.CoordSystem);
+    });
+}
+
+void MyPlot(Screen& screen, Screen& selectionScreen, int windows) {
+    Guarded("MyPlot", [&] {
+        for (int i = 0; i < windows; ++i) Plot_In_Window(screen, selectionScreen, i, windows);
+    });
+}
+
+}  // namespace verlink

@@ -1,0 +1,168 @@
+// How a vector becomes a locus about the origin, whole or step by step.
+#include "output/polar.h"
+
+#include <cmath>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "output/catalogue.h"
+#include "output/panels.h"
+#include "output/plot_windows.h"
+#include "output/selection.h"
+#include "output/tables.h"
+#include "platform/desktop.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CheckBox;
+using platform::Frame;
+using platform::kNoIndex;
+using platform::Label;
+using platform::PictureBox;
+using platform::Screen;
+using platform::Surface;
+
+namespace {
+
+constexpr int kEnvelope = 1, kVectors = 2, kBoth = 3;
+constexpr int kTics = 10;
+
+void Put(Screen& screen, const char* name, const std::string& text, int index = kNoIndex) {
+    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
+}
+
+Surface& Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
+
+void Draw_Vector(Surface& surface, int step) {
+    surface.PSet(0, 0, Model.ColorBlue);
+    surface.LineTo(Model.PolarX(step), Model.PolarY(step), Model.ColorBlue);
+}
+
+/// The path of the tip from one step to another.
+void Draw_Path(Surface& surface, int first, int last) {
+    surface.PSet(Model.PolarX(first), Model.PolarY(first), Model.ColorBlue);
+    for (int i = first + 1; i <= last; ++i) surface.LineTo(Model.PolarX(i), Model.PolarY(i), Model.ColorBlue);
+}
+
+void Draw_Grid(Screen& screen) {
+    PolarAxes(screen, 0, Model.PlotYmax);
+    PolarTicmarks(screen, 0, Model.PlotYmax, kTics);
+}
+
+void Draw_By_Mode(Screen& screen) {
+    Surface& surface = Canvas(screen);
+    if (Model.PolarMode == kVectors || Model.PolarMode == kBoth)
+        for (int i = 0; i <= Model.NSteps; ++i) Draw_Vector(surface, i);
+    if (Model.PolarMode == kEnvelope || Model.PolarMode == kBoth) Draw_Path(surface, 0, Model.NSteps);
+    if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), Model.ColorBlue);
+}
+
+/// The tips of the vectors of slot 1. A function that has no vector leaves magnitude and angle as they are.
+void Fill_Tips() {
+    Single mag, ang;
+    for (int i = 0; i <= Model.NSteps; ++i) {
+        Select_PolarVariable(i, Model.PlotSlot, mag, ang);
+        Model.PolarX(i) = mag * std::cos(ang * kDegToRad);
+        Model.PolarY(i) = mag * std::sin(ang * kDegToRad);
+    }
+}
+
+}  // namespace
+
+void MyPolarPlotSetup(Screen& screen) {
+    Guarded("MyPolarPlotSetup", [&] {
+        Canvas(screen).Cls();
+        Titlebox(screen);
+        switch (Model.Calctype) {
+            case 1:
+            case 3: Show_Angle_Panel(screen); break;
+            case 2:
+            case 4:
+            case 5: Show_Time_Panel(screen); break;
+            default: break;
+        }
+        Model.PolarVectors = screen.Get<CheckBox>("chk_Vectors").Value;
+        Model.PolarEnvelope = screen.Get<CheckBox>("chk_Envelope").Value;
+        platform::With<Frame>(screen, "fra_Initial", kNoIndex,
+                              [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
+        Put_Coordinate_Labels(screen, Model.CoordSystem);
+        // With neither, the mode stays.
+        if (Model.PolarEnvelope && Model.PolarVectors)
+            Model.PolarMode = kBoth;
+        else if (Model.PolarVectors)
+            Model.PolarMode = kVectors;
+        else if (Model.PolarEnvelope)
+            Model.PolarMode = kEnvelope;
+    });
+}
+
+void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
+    Guarded("MyPolarPlot", [&] {
+        if (Model.FFTFunction) {
+            platform::Tell(std::string("FFT data are not suited to polar plots.") + platform::CRLF +
+                           "Use a cartesian plot format instead.");
+            return;
+        }
+        const std::string name = selectionScreen.Get<Label>("lbl_Function", 0).Caption;
+        std::string unit = Model.UnitLabel(Model.FuncGroup(1));
+        std::string line1, line2, time, step, lead;
+        Table_Titles(line1, line2, time, step, lead);
+        Put(screen, "lbl_Header2", "Linkage " + name + "  -  " + unit);
+        Put(screen, "lbl_Header3", line2);
+        Model.PlotSlot = 1;
+        Put(screen, "pnl_LeftTitle", name);
+        // Components count from 0, so that this never holds.
+        constexpr int kNeverAComponent = 4;
+        if (Model.FuncComponent(1) == kNeverAComponent) unit = "Deg";
+        Put(screen, "pnl_PlotUnits", unit);
+
+        Fill_Tips();
+        GlobalMax([](int i) { return Model.PolarX(i); }, [](int i) { return Model.PolarY(i); }, 0, Model.NSteps,
+                  Model.PlotYmax);
+        SetPolarWindow(screen, 0, Model.PlotYmax, name, Model.PlotMid);
+        if (!Model.WindowFailed) {
+            Draw_Grid(screen);
+            Draw_By_Mode(screen);
+        }
+        const int d = Decimals_Of(Model.PlotYmax);
+        const std::string most = FNRoundStr(Model.PlotYmax, d);
+        const std::string least = FNRoundStr(-Model.PlotYmax, d);
+        Put(screen, "pnl_Ymax", most);
+        Put(screen, "pnl_Xmax", most);
+        Put(screen, "pnl_Ymin", least);
+        Put(screen, "pnl_Xmin", least);
+    });
+}
+
+void MyPolarStep(Screen& screen, Integer step) {
+    Guarded("MyPolarStep", [&] {
+        Surface& surface = Canvas(screen);
+        surface.Cls();
+        if (!Model.WindowFailed) {
+            Draw_Grid(screen);
+            if (Model.PolarMode == kVectors || Model.PolarMode == kBoth) Draw_Vector(surface, step);
+            if (Model.PolarMode == kEnvelope || Model.PolarMode == kBoth)
+                Draw_Path(surface, step > 0 ? step - 1 : 0, step);
+        }
+        if (Model.Calctype == 3) {
+            Put(screen, "lbl_StepLabel", "Theta2");
+            Put(screen, "lbl_StepUnit", "deg");
+            Put(screen, "lbl_StepNumber", FNRoundStr(Model.RunTable.Theta(step, 0), 1));
+        } else {
+            Put(screen, "lbl_StepLabel", "Time");
+            Put(screen, "lbl_StepUnit", "sec");
+            Put(screen, "lbl_StepNumber", FNRoundStr(step * Model.TimeStep + Model.TimeStart, 2));
+        }
+        constexpr int kDecimals = 3;
+        Single mag, ang;
+        Cart_to_Polar(Model.PolarX(step), Model.PolarY(step), mag, ang);
+        Put(screen, "pnl_vector", Text_Of(FNRound(mag, kDecimals)), 0);
+        Put(screen, "pnl_vector", Text_Of(FNRound(ang, kDecimals)), 1);
+    });
+}
+
+}  // namespace verlink
