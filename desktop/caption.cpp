@@ -1,6 +1,8 @@
 // What is painted behind the text of a label.
 #include "desktop/caption.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QPainter>
 
 #include "desktop/theme.h"
@@ -20,6 +22,20 @@ void Caption::setBack(const QColor& color) {
     if (color == back_) return;
     back_ = color;
     update();
+}
+
+void Caption::setQuiet() {
+    quiet_ = true;
+    const QColor shade = quietText(parentWidget() ? parentWidget()->palette() : QApplication::palette());
+    if (palette().color(QPalette::Active, QPalette::WindowText) == shade) return;
+    QPalette own;
+    own.setColor(QPalette::WindowText, shade);
+    setPalette(own);
+}
+
+void Caption::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (quiet_ && event->type() == QEvent::PaletteChange) setQuiet();
 }
 
 void Caption::paintEvent(QPaintEvent* event) {

@@ -15,11 +15,15 @@ class Caption : public QLabel {
     /// The colour behind the text; an invalid one is the window's own.
     void setBack(const QColor& color);
     QColor back() const { return back_; }
+    /// The text stands back a little, in a shade of the window's own colours.
+    void setQuiet();
 
    protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
    private:
+    bool quiet_ = false;
     Look look_ = Look::kPlain;
     QColor back_;
 };

@@ -1,6 +1,7 @@
 // How a screen's window is made, and how focus, keys and closing reach the screen.
 #include "desktop/form.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -15,6 +16,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <algorithm>
+#include <set>
 
 #include "desktop/binders.h"
 #include "desktop/frame_box.h"
@@ -65,6 +67,7 @@ Form::Form(Screen& screen) : screen_(screen) {
     makeWidgets();
     makeMenus();
     layoutFor(screen.Name())(*this, room_);
+    nameTheNameless();
     setCentralWidget(fitted(room_));
     for (std::size_t i = 1; i < order_.size(); ++i) setTabOrder(order_[i - 1], order_[i]);
     for (const auto& name : unplaced())
@@ -97,6 +100,19 @@ void Form::makeMenus() {
     for (Control* control : screen_.Controls()) {
         auto* entry = dynamic_cast<MenuEntry*>(control);
         if (entry && !entry->Parent()) addEntry(*entry, nullptr);
+    }
+}
+
+/// What has neither a label at its side nor a text of its own is known by what its tip says.
+void Form::nameTheNameless() {
+    std::set<const QWidget*> labelled;
+    for (const QLabel* label : findChildren<QLabel*>())
+        if (label->buddy()) labelled.insert(label->buddy());
+    for (const auto& [object, control] : watched_) {
+        auto* widget = static_cast<QWidget*>(object);
+        if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget) || labelled.contains(widget))
+            continue;
+        if (widget->accessibleName().isEmpty()) widget->setAccessibleName(lines(control->Tip));
     }
 }
 

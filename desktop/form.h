@@ -80,6 +80,7 @@ class Form : public QMainWindow {
    private:
     void makeWidgets();
     void makeMenus();
+    void nameTheNameless();
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;

@@ -10,7 +10,6 @@
 #include <algorithm>
 
 #include "desktop/caption.h"
-#include "desktop/theme.h"
 
 namespace verlink::desktop {
 
@@ -89,10 +88,10 @@ QWidget* title(QWidget* label) {
 }
 
 QWidget* note(QWidget* label, bool wrapped) {
-    QPalette quiet = label->palette();
-    quiet.setColor(QPalette::WindowText, quietText(quiet));
-    label->setPalette(quiet);
-    if (auto* text = qobject_cast<QLabel*>(label)) text->setWordWrap(wrapped);
+    if (auto* text = dynamic_cast<Caption*>(label)) {
+        text->setQuiet();
+        text->setWordWrap(wrapped);
+    }
     return label;
 }
 

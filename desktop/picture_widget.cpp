@@ -79,14 +79,11 @@ class Batch {
 
 void paintPicture(QPainter& painter, const Picture& picture, double side) {
     painter.fillRect(QRectF(0, 0, side, side), plainColor(picture.Back()));
-    const double width = picture.Right() - picture.Left();
-    const double height = picture.Bottom() - picture.Top();
-    if (width == 0 || height == 0) return;
     painter.save();
     painter.setClipRect(QRectF(0, 0, side, side), Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
 
-    const double perX = side / width, perY = side / height;
+    const double perX = side / (picture.Right() - picture.Left()), perY = side / (picture.Bottom() - picture.Top());
     const auto place = [&](double x, double y) {
         return QPointF((x - picture.Left()) * perX, (y - picture.Top()) * perY);
     };

@@ -110,14 +110,6 @@ TEST(PaintTest, Nothing_is_painted_outside_the_square) {
     EXPECT_EQ(image.pixel(152, 59), qRgb(0, 0, 255));
 }
 
-TEST(PaintTest, A_window_of_no_size_paints_the_back_colour) {
-    Picture picture;
-    picture.Scale(0, 0, 0, 0);
-    picture.BackColor(0x00FFFF);
-    const QImage image = Painted(picture, 20);
-    EXPECT_EQ(image.pixel(10, 10), qRgb(255, 255, 0));
-}
-
 TEST(PictureWidgetTest, The_picture_is_square_and_in_the_middle) {
     Picture picture;
     desktop::PictureWidget widget(picture, nullptr);

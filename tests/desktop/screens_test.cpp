@@ -1,5 +1,6 @@
 // Every screen of the program has its window: a widget for each control, and no widget without one.
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -8,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "core/status_panel.h"
 #include "desktop/text.h"
 #include "platform/controls.h"
 #include "tests/desktop/user.h"
@@ -80,13 +82,25 @@ TEST_F(ScreensTest, Windows_fit_a_display_of_1366_by_768) {
 }
 
 TEST_F(ScreensTest, Every_control_that_takes_input_has_a_tip) {
+    Set_Menus();  // tells each button of the home screen why it is off
     ForEach([](Screen& screen, desktop::Form&) {
         for (const Control* control : screen.Controls()) {
             const auto* visual = dynamic_cast<const Visual*>(control);
             if (!visual || dynamic_cast<const Label*>(visual) || dynamic_cast<const Frame*>(visual)) continue;
-            if (dynamic_cast<const CommandButton*>(visual) || dynamic_cast<const PictureBox*>(visual)) continue;
             EXPECT_FALSE(visual->Tip.Get().empty()) << visual->ObjectName();
             EXPECT_EQ(visual->Tip.Get().find('\n'), std::string::npos) << visual->ObjectName();
+        }
+    });
+}
+
+TEST_F(ScreensTest, Whoever_does_not_see_the_screen_is_told_every_name) {
+    ForEach([](Screen& screen, desktop::Form& form) {
+        for (Control* control : screen.Controls()) {
+            auto* widget = qobject_cast<QWidget*>(form.objectOf(*control));
+            if (!widget || dynamic_cast<Label*>(control) || dynamic_cast<Frame*>(control)) continue;
+            QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
+            ASSERT_NE(told, nullptr) << control->ObjectName();
+            EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << control->ObjectName();
         }
     });
 }
