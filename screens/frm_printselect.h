@@ -30,6 +30,7 @@ class frm_PrintSelect : public Preset_Screen {
 
    private:
     void Read_Step();
+    void To_Screen();
     void To_Printer();
     void To_Disk();
 };

@@ -34,6 +34,13 @@ std::string Help_Document(const std::string& entry) {
     return "";
 }
 
+std::string Screen_Help_Document(const std::string& title) {
+    if (title == "Print Select") return Help_Document("mnu_PrintHelp");
+    if (title == "Select Plot Type" || title == "Select Plot Data" || title == "Output Screen")
+        return Help_Document("mnu_PlotHelp");
+    return "";
+}
+
 std::span<const std::pair<const char*, const char*>> Help_Documents() { return kDocuments; }
 
 }  // namespace verlink

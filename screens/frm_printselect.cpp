@@ -1,0 +1,131 @@
+// The choice of a table's four functions, its steps and decimals, and its way to the screen, the printer or the disk.
+#include "screens/frm_printselect.h"
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "core/text.h"
+#include "output/selection.h"
+#include "output/tables.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr int kFunctions = 4;
+constexpr char kTable[] = "frm_PrintData";
+
+}  // namespace
+
+frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", "Print Select", kFunctions, "cmd_Cancel") {
+    Enable_Selection(*this, false, kFunctions);
+    Toggle_Coordinate(*this, false);
+    for (const char* step : {"1", "2", "3", "5", "10"}) cmb_Step.AddItem(step);
+    for (const char* places : {"0", "1", "2", "3", "4", "5", "6"}) cmb_Decimal.AddItem(places);
+    cmb_Step.Text = "10";
+    cmb_Decimal.Text = "3";
+    opt_Whereto[0].Value = true;
+
+    opt_Whereto[0].Tip = "A table on the screen";
+    opt_Whereto[1].Tip = "A table on paper";
+    opt_Whereto[2].Tip = "A table in a file of tab-separated columns";
+    cmb_Step.Tip = "Every so many steps a row; a transform has a row for each harmonic";
+    cmb_Decimal.Tip = "Decimals of the numbers in the table";
+    cmb_Step.OnClick = [this] { cmb_Step_Click(); };
+    for (platform::ComboBox* box : {&cmb_Step, &cmb_Decimal}) box->OnGotFocus = [box] { box->SelectAll(); };
+}
+
+void frm_PrintSelect::Form_Activate() {
+    Guarded("frm_PrintSelect.Activate", [&] {
+        Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        for (int target : {1, 2}) opt_Whereto[target].Enabled = true;
+        Clear_Labels(*this, kFunctions);
+        cmd_Done.Enabled = false;
+        Reload_Lists();
+        Model.PlotStyle = 3;
+        const bool by_preset = opt_PrintSet[0].Value;
+        Enable_Presets(*this, by_preset);
+        Enable_Selection(*this, !by_preset, kFunctions);
+        if (by_preset) {
+            cmb_Preset.SetFocus();
+            return;
+        }
+        Function_Slot& first = Slot(1);
+        first.cmb_Var.Enabled = true;
+        first.lbl_Var.Enabled = true;
+        first.lbl_Comp.Enabled = true;
+        first.cmd_Clear.Enabled = true;
+        if (!first.cmb_Var.Text.Get().empty() && !first.cmb_Com.Text.Get().empty())
+            first.cmd_OK.Click();
+        else
+            first.cmb_Var.SetFocus();
+    });
+}
+
+void frm_PrintSelect::Take_Preset() {
+    Model.PrintCount = kFunctions;
+    Apply_Preset(*this, kFunctions);
+}
+
+void frm_PrintSelect::Count_Functions() {
+    Preset_Screen::Count_Functions();
+    Model.PrintCount = kFunctions;
+}
+
+void frm_PrintSelect::Read_Step() {
+    Model.PrintStep = Model.FFTFunction ? 1.0 : Val(cmb_Step.Text.Get());
+    // A typed step below 1 would never come to the end of a table.
+    if (Model.PrintStep < 1) Model.PrintStep = 1;
+}
+
+void frm_PrintSelect::cmb_Step_Click() {
+    Guarded("frm_PrintSelect.cmb_Step", [&] { Read_Step(); });
+}
+
+void frm_PrintSelect::cmd_Cancel_Click() {
+    Guarded("frm_PrintSelect.cmd_Cancel", [&] { Hide(); });
+}
+
+void frm_PrintSelect::cmd_Done_Click() {
+    Guarded_Unless_Cancelled("frm_PrintSelect.cmd_Done", [&] {
+        for (const auto& target : opt_Whereto)
+            if (target->Value) Model.OutputTarget = target->Index();
+        Take_Coordinates();
+        Reset_Coordinates();
+        Read_Step();
+        Model.DecimalPlaces = Val(cmb_Decimal.Text.Get());
+        switch (Model.OutputTarget) {
+            case 0: To_Screen(); break;
+            case 1: To_Printer(); break;
+            case 2: To_Disk(); break;
+            default: break;
+        }
+    });
+}
+
+void frm_PrintSelect::To_Screen() {
+    platform::Screen& table = platform::Screens::Get(kTable);
+    Hide();
+    Multiprint(table);
+}
+
+void frm_PrintSelect::To_Printer() {
+    CommonDialog1.ShowPrinter();
+    Print_to_Printer();
+}
+
+void frm_PrintSelect::To_Disk() {
+    CommonDialog1.DialogTitle = "Save the Data";
+    CommonDialog1.Filter = "(*.dat)|*.dat";
+    CommonDialog1.FileName = Model.ModelName + ".dat";
+    CommonDialog1.OverwritePrompt = true;
+    CommonDialog1.ShowSave();
+    // The data file takes the place of the model's: its name keeps the extension.
+    Model.FilePath = CommonDialog1.FileName;
+    Model.ModelName = Model.FilePath.substr(Model.FilePath.find_last_of("\\/") + 1);
+    Open_Data_File(Model.FilePath);
+    Print_to_File();
+    Close_Data_File();
+}
+
+}  // namespace verlink
