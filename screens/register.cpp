@@ -10,6 +10,12 @@
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
+#include "screens/frm_plotselect1.h"
+#include "screens/frm_plotselect2.h"
+#include "screens/frm_plotselect3.h"
+#include "screens/frm_plotselect4.h"
+#include "screens/frm_plottype.h"
+#include "screens/frm_printselect.h"
 #include "screens/frm_quit.h"
 #include "screens/frm_title.h"
 #include "screens/frm_user.h"
@@ -32,6 +38,12 @@ void Register_Screens() {
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
     Register_One<frm_Inputnew>("frm_Inputnew");
+    Register_One<frm_PlotSelect1>("frm_PlotSelect1");
+    Register_One<frm_PlotSelect2>("frm_PlotSelect2");
+    Register_One<frm_PlotSelect3>("frm_PlotSelect3");
+    Register_One<frm_PlotSelect4>("frm_PlotSelect4");
+    Register_One<frm_PlotType>("frm_PlotType");
+    Register_One<frm_PrintSelect>("frm_PrintSelect");
     Register_One<frm_Quit>("frm_Quit");
     Register_One<frm_Title>("frm_Title");
     Register_One<frm_User>("frm_User");

@@ -1,0 +1,129 @@
+// The chooser of the plot type: options, pictures, and the way to the screens behind it.
+#include "screens/frm_plottype.h"
+
+#include <set>
+
+#include "tests/screens/plot_select_fixture.h"
+
+namespace verlink::test {
+namespace {
+
+using platform::PictureBox;
+using platform::Screen;
+using platform::Screens;
+
+class PlotTypeTest : public SelectionScreenTest {
+   protected:
+    frm_PlotType& form = dynamic_cast<frm_PlotType&>(Screens::Get("frm_PlotType"));
+    static constexpr std::array<const char*, 4> kSelections{"frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3",
+                                                            "frm_PlotSelect4"};
+    /// The layout of each picture.
+    static constexpr std::array<int, 8> kLayouts{0, 1, 1, 2, 2, 2, 2, 3};
+    PictureBox& Picture(std::size_t index) { return form.Get<PictureBox>("Picture" + std::to_string(index + 1)); }
+};
+
+}  // namespace
+
+TEST_F(PlotTypeTest, CaptionsStandAsDesigned) {
+    EXPECT_EQ(form.Caption().Get(), "Select Plot Type");
+    const std::array<const char*, 4> captions{"Single Window - One to Four Functions", "Two Windows - Two Functions",
+                                              "Four Windows - Four Functions", "Polar Plot - One to Four Functions"};
+    for (int layout = 0; layout < 4; ++layout) {
+        EXPECT_EQ(form.fra_PickPlot[layout].Caption.Get(), captions[static_cast<std::size_t>(layout)]);
+        EXPECT_EQ(form.opt_PickPlot[layout].Caption.Get(), "Select");
+    }
+    EXPECT_EQ(form.cmd_PickPlotDone.Caption.Get(), "&Next >");
+    EXPECT_EQ(form.cmd_CancelPickPlot.Caption.Get(), "< &Back");
+}
+
+TEST_F(PlotTypeTest, GoingOnNeedsAChoice) {
+    form.Form_Activate();
+    EXPECT_FALSE(form.cmd_PickPlotDone.Enabled);
+    for (const auto& option : form.opt_PickPlot) EXPECT_FALSE(option->Value);
+    Choose_Option(form, "opt_PickPlot", 2);
+    EXPECT_TRUE(form.cmd_PickPlotDone.Enabled);
+}
+
+TEST_F(PlotTypeTest, EachOptionLeadsToItsScreenAndSetsTheStyle) {
+    for (int layout = 0; layout < 4; ++layout) {
+        const char* selection = kSelections[static_cast<std::size_t>(layout)];
+        desktop.Expect_Screen("frm_PlotType", [layout](Screen& screen) {
+            Choose_Option(screen, "opt_PickPlot", layout);
+            Press(screen, "cmd_PickPlotDone");
+        });
+        desktop.Expect_Screen(selection, [this](Screen& screen) {
+            EXPECT_FALSE(form.Visible());
+            EXPECT_EQ(screen.Left().Get(), (desktop.Size.width - screen.Width()) / 2);
+            screen.Hide();
+        });
+        form.ShowModal();
+        EXPECT_EQ(Model.PlotStyle, layout + 1);
+    }
+}
+
+TEST_F(PlotTypeTest, AClickOnAPictureSelectsItsLayout) {
+    for (std::size_t picture = 0; picture < 8; ++picture) {
+        form.cmd_PickPlotDone.Enabled = false;
+        Picture(picture).OnClick();
+        EXPECT_TRUE(form.opt_PickPlot[kLayouts[picture]].Value) << picture;
+        EXPECT_TRUE(form.cmd_PickPlotDone.Enabled) << picture;
+        EXPECT_EQ(Model.PlotStyle, 0);
+    }
+}
+
+TEST_F(PlotTypeTest, ADoubleClickOnAPictureGoesOnAtOnce) {
+    for (std::size_t picture = 0; picture < 8; ++picture) {
+        desktop.Expect_Screen(kSelections[static_cast<std::size_t>(kLayouts[picture])],
+                              [](Screen& screen) { screen.Hide(); });
+        Picture(picture).OnDblClick();
+        EXPECT_EQ(Model.PlotStyle, kLayouts[picture] + 1);
+    }
+}
+
+TEST_F(PlotTypeTest, TheSketchesShowAxesAndAsManyCurvesAsAWindowHas) {
+    for (std::size_t picture = 0; picture < 8; ++picture) {
+        std::set<platform::Color> colors;
+        for (const auto& primitive : Picture(picture).Drawing().Primitives()) colors.insert(primitive.color);
+        // The axes, and the curves of the window; the polar one has its vectors and its path.
+        EXPECT_EQ(colors.size(), picture == 0 ? 5u : picture == 7 ? 3u : 2u) << picture;
+        EXPECT_GT(Picture(picture).Drawing().Alive(), 70u);
+    }
+}
+
+TEST_F(PlotTypeTest, BackLeavesForTheHomeScreen) {
+    desktop.Expect_Screen("frm_PlotType", [](Screen& screen) { Press(screen, "cmd_CancelPickPlot"); });
+    form.ShowModal();
+    EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(PlotTypeTest, HelpOpensThePageOfThePlots) {
+    desktop.Expect_Screen("frm_Help", [](Screen& help) {
+        EXPECT_EQ(help.Get<platform::DocumentView>("WebBrowser1").Document.Get(),
+                  "helpfiles/linkages/linkage_plot_help.pdf");
+        help.Hide();
+    });
+    form.mnu_Help.Click();
+}
+
+TEST_F(PlotTypeTest, TheHomeScreenOpensTheChooserOnceThereAreResults) {
+    auto& home = Screens::Get("frm_HomeScreen");
+    Model.Calculated = false;
+    home.Form_Activate();
+    EXPECT_FALSE(home.Get<platform::CommandButton>("cmd_Plot").Enabled);
+    EXPECT_FALSE(home.Get<platform::CommandButton>("cmd_Print").Enabled);
+    Model.Calculated = true;
+    home.Form_Activate();
+    Model.ScreenReturn = false;
+    desktop.Expect_Screen("frm_PlotType", [](Screen& screen) {
+        EXPECT_TRUE(Model.ScreenReturn);
+        screen.Hide();
+    });
+    Press(home, "cmd_Plot");
+    desktop.Expect_Screen("frm_PrintSelect", [](Screen& screen) {
+        EXPECT_TRUE(Model.ScreenReturn);
+        screen.Hide();
+    });
+    Press(home, "cmd_Print");
+}
+
+}  // namespace verlink::test
