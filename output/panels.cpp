@@ -24,23 +24,24 @@ void Show(Screen& screen, const char* name, int index, bool visible) {
     platform::With<Label>(screen, name, index, [&](Label& label) { label.Visible = visible; });
 }
 
-/// The run's lines: name, unit and value by index, all shown.
+/// A line of the run: its name, unit and value.
 struct RunLine {
     const char* name;
     const char* unit;
     std::string value;
 };
 
+void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
+    for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, index, true);
+    Put(screen, "lbl_Initial", index, line.name);
+    Put(screen, "lbl_Unit", index, line.unit);
+    Put(screen, "lbl_Linkout2", index, line.value);
+}
+
 void Put_Run_Lines(Screen& screen, const std::array<RunLine, 6>& lines) {
-    Show(screen, "lbl_Linkout2", 0, true);
+    for (const char* label : {"lbl_Linkout2", "lbl_Initial"}) Show(screen, label, 0, true);
     Put(screen, "lbl_Linkout2", 0, Model.CircuitName);
-    for (int i = 1; i <= 6; ++i) {
-        const RunLine& line = lines[static_cast<std::size_t>(i - 1)];
-        for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, true);
-        Put(screen, "lbl_Initial", i, line.name);
-        Put(screen, "lbl_Unit", i, line.unit);
-        Put(screen, "lbl_Linkout2", i, line.value);
-    }
+    for (int i = 1; i <= 6; ++i) Put_Run_Line(screen, i, lines[static_cast<std::size_t>(i - 1)]);
     for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
 }
 
@@ -89,9 +90,9 @@ void Show_Linkage_Panel(Screen& screen) {
         for (int i = 1; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
         for (int i = 0; i <= 3; ++i)
             for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, false);
-        Put(screen, "lbl_Linkout2", 4, Model.ThetaStartStr);
-        Put(screen, "lbl_Linkout2", 5, Text_Of(Model.Omega2));
-        Put(screen, "lbl_Linkout2", 6, Text_Of(Model.Alpha2));
+        Put_Run_Line(screen, 4, {"Theta2", "deg", Model.ThetaStartStr});
+        Put_Run_Line(screen, 5, {"Omega2", "rad/s", Text_Of(Model.Omega2)});
+        Put_Run_Line(screen, 6, {"Alpha2", "rad/s/s", Text_Of(Model.Alpha2)});
     });
 }
 

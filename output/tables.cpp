@@ -137,6 +137,7 @@ void Table_Titles(std::string& line1, std::string& line2, std::string& time, std
 }
 
 void Multiprint(Screen& screen) {
+    bool shown = false;
     Guarded("Multiprint", [&] {
         auto& grid = screen.Get<Grid>("grd_Data");
         const int last = Model.FFTFunction ? Model.Harmonics : Model.NSteps;
@@ -152,6 +153,8 @@ void Multiprint(Screen& screen) {
         }
         if (Model.GridRows < old_rows) Clear_Grid(Model.GridRows, Model.GridCols);
 
+        Centerform(screen);
+        shown = true;  // what fails from here on leaves a table that is filled as far as it came
         std::string line1, line2, time, step, unit;
         Table_Titles(line1, line2, time, step, unit);
         Titlebox(screen);
@@ -178,9 +181,8 @@ void Multiprint(Screen& screen) {
         });
         Fill_Statistics(grid, *values, last);
         grid.Refresh();
-        Centerform(screen);
     });
-    screen.ShowModal();
+    if (shown) screen.ShowModal();
 }
 
 void Clear_Grid(int rows, int cols) {

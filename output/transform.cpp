@@ -83,6 +83,8 @@ void Do_DFT(Integer& N) {
             // All rows are doubled, the phase as well.
             for (int i = 1; i <= Model.HalfSamples - 1; ++i)
                 Model.FFTResult(i, row) = table(i + 1, row) + table(i + 1, row);
+            // A longer transform before this one must not show behind its last harmonic.
+            for (int i = std::max<int>(Model.HalfSamples, 1); i <= kLastStep; ++i) Model.FFTResult(i, row) = 0;
         }
     });
 }
@@ -108,6 +110,7 @@ void FFT_Plot(platform::Screen& screen) {
         for (int i = 0; i < Model.GraphWindows; ++i) {
             Model.PlotSlot = i + 1;
             auto& graph = screen.Get<platform::Graph>("grf_Plot", i);
+            graph.ThisSet = 1;
             for (int j = 0; j <= Model.Harmonics; ++j) {
                 graph.ThisPoint = j + 1;
                 graph.SetGraphData(Model.FFTResult(j, i));

@@ -12,6 +12,11 @@ std::size_t Grid::At(int row, int col) const {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
 }
 
+std::size_t Grid::Column(int col) const {
+    if (col < 0 || col >= cols_) Raise(kInvalidProperty);
+    return static_cast<std::size_t>(col);
+}
+
 void Grid::SetRows(int count) {
     if (count < 0) Raise(kInvalidProperty);
     rows_ = count;
@@ -34,10 +39,8 @@ void Grid::SetCols(int count) {
 const std::string& Grid::Cell(int row, int col) const { return cells_[At(row, col)]; }
 void Grid::SetCell(int row, int col, std::string text) { cells_[At(row, col)] = std::move(text); }
 
-void Grid::SetColWidth(int col, int width) { widths_.at(static_cast<std::size_t>(col)) = width; }
-void Grid::SetColAlignment(int col, int alignment) { alignments_.at(static_cast<std::size_t>(col)) = alignment; }
-void Grid::SetFixedAlignment(int col, int alignment) {
-    fixed_alignments_.at(static_cast<std::size_t>(col)) = alignment;
-}
+void Grid::SetColWidth(int col, int width) { widths_[Column(col)] = width; }
+void Grid::SetColAlignment(int col, int alignment) { alignments_[Column(col)] = alignment; }
+void Grid::SetFixedAlignment(int col, int alignment) { fixed_alignments_[Column(col)] = alignment; }
 
 }  // namespace verlink::platform

@@ -9,7 +9,7 @@
 namespace verlink::platform {
 
 /// Cells by row and column from 0; `FixedRows` at the top and column 0 stay in sight. Watchers are told by `Refresh`,
-/// not by every cell. A cell outside is failure 380.
+/// not by every cell. A cell or column outside is failure 380.
 class Grid : public Visual {
    public:
     Grid(Screen& owner, std::string name, int index = kNoIndex);
@@ -30,19 +30,20 @@ class Grid : public Visual {
     void SetText(std::string text) { SetCell(Row, Col, std::move(text)); }
 
     /// Twips. The width of the whole grid is told by the desktop.
-    int ColWidth(int col) const { return widths_.at(static_cast<std::size_t>(col)); }
+    int ColWidth(int col) const { return widths_[Column(col)]; }
     void SetColWidth(int col, int width);
     long Width = 11000;
     /// 0 left, 1 right, 2 centred; of the cells and of the fixed ones.
-    int ColAlignment(int col) const { return alignments_.at(static_cast<std::size_t>(col)); }
+    int ColAlignment(int col) const { return alignments_[Column(col)]; }
     void SetColAlignment(int col, int alignment);
-    int FixedAlignment(int col) const { return fixed_alignments_.at(static_cast<std::size_t>(col)); }
+    int FixedAlignment(int col) const { return fixed_alignments_[Column(col)]; }
     void SetFixedAlignment(int col, int alignment);
 
     void Refresh() { Notify(); }
 
    private:
     std::size_t At(int row, int col) const;
+    std::size_t Column(int col) const;
     int rows_ = 0, cols_ = 0;
     std::vector<std::string> cells_;  ///< row by row
     std::vector<int> widths_, alignments_, fixed_alignments_;

@@ -1,6 +1,7 @@
 // How printed lines are made of zones.
 #include "platform/printer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -18,7 +19,10 @@ Printer& Printer::Print(const std::string& text) {
 
 Printer& Printer::Zone() {
     std::string& line = pages_.back().back();
-    line.resize((line.size() / kZone + 1) * kZone, ' ');
+    // Letters count, and not the bytes that follow the first of a letter.
+    const auto letters = static_cast<std::size_t>(
+        std::count_if(line.begin(), line.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+    line.append((letters / kZone + 1) * kZone - letters, ' ');
     return *this;
 }
 

@@ -81,6 +81,11 @@ void frm_FFT::Form_Activate() {
     });
 }
 
+void frm_FFT::Form_Unload() {
+    Model.FFTSelecting = false;
+    Model.FFTDone = false;
+}
+
 void frm_FFT::Fill_Harmonics() {
     cmb_Harmonics.Clear();
     const Integer half = Model.NSteps / 2.0;
@@ -188,8 +193,7 @@ void frm_FFT::cmd_Done_Click() {
 }
 
 void frm_FFT::cmd_Cancel_Click() {
-    Model.FFTSelecting = false;
-    Model.FFTDone = false;
+    Form_Unload();
     Hide();
 }
 

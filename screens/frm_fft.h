@@ -39,6 +39,7 @@ class frm_FFT : public platform::Screen {
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void Form_Activate() override;
+    void Form_Unload() override;
     void cmb_Var1_Click();
     void cmb_Com1_Click();
     void cmb_Harmonics_Click();
