@@ -85,7 +85,11 @@ void frm_Inputnew::Write_Tips() {
 }
 
 void frm_Inputnew::Bind_Boxes() {
-    const auto select = [](platform::TextBox& box) { box.SelectAll(); };
+    const auto select = [this](platform::TextBox& box) {
+        // What the program has written into the boxes since the last one was left is no edit of the user's.
+        Edited = false;
+        box.SelectAll();
+    };
     txt_Linkout.On(&platform::Visual::OnGotFocus, [this, select](int i) { select(txt_Linkout[i]); });
     txt_Linkout.On(&platform::Visual::OnLostFocus, [this](int i) { txt_Linkout_LostFocus(i); });
     txt_Linkout.On(&platform::TextBox::OnReturn, [this](int i) { txt_Linkout_LostFocus(i); });

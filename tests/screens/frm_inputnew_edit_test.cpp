@@ -1,4 +1,5 @@
 // What the boxes, choices and stepping controls of the input screen do.
+#include "animation/engine.h"
 #include "tests/screens/frm_inputnew_fixture.h"
 
 namespace verlink::test {
@@ -47,6 +48,29 @@ TEST_F(Edit, WhatStepsWriteIntoBoxesIsNoEdit) {
     Show([&] {
         input.cmd_Step.Click();
         EXPECT_EQ(input.txt_Thetazero.Text, "65.0");
+        input.txt_Linkout[1].SetFocus();
+        input.cmd_Done.SetFocus();
+        EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(Edit, ASpeedTurnedPositiveByAChoiceIsNoEdit) {
+    Show([&] {
+        Enter_Limit(3, "-10");
+        Choose_Option(input, "opt_Calctype", 1);
+        EXPECT_EQ(input.txt_initial[3].Text, "10");
+        input.txt_Linkout[1].SetFocus();
+        input.cmd_Calc.SetFocus();
+        EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(Edit, WhatAnotherScreensStepWritesIntoABoxIsNoEdit) {
+    Show([&] {
+        Calculate_Now();
+        Integer step = 4;
+        Step(animate, step);
+        EXPECT_EQ(input.txt_Thetazero.Text, "85.0");
         input.txt_Linkout[1].SetFocus();
         input.cmd_Done.SetFocus();
         EXPECT_FALSE(Model.LinkEdited);
