@@ -10,11 +10,18 @@
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
+#include "screens/frm_myplot2.h"
+#include "screens/frm_myplot3.h"
+#include "screens/frm_myplot4.h"
+#include "screens/frm_plot1.h"
+#include "screens/frm_plot2.h"
+#include "screens/frm_plot3.h"
 #include "screens/frm_plotselect1.h"
 #include "screens/frm_plotselect2.h"
 #include "screens/frm_plotselect3.h"
 #include "screens/frm_plotselect4.h"
 #include "screens/frm_plottype.h"
+#include "screens/frm_printdata.h"
 #include "screens/frm_printselect.h"
 #include "screens/frm_quit.h"
 #include "screens/frm_title.h"
@@ -38,11 +45,18 @@ void Register_Screens() {
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
     Register_One<frm_Inputnew>("frm_Inputnew");
+    Register_One<frm_Myplot2>("frm_Myplot2");
+    Register_One<frm_MyPlot3>("frm_MyPlot3");
+    Register_One<frm_MyPlot4>("frm_MyPlot4");
+    Register_One<frm_Plot1>("frm_Plot1");
+    Register_One<frm_Plot2>("frm_Plot2");
+    Register_One<frm_Plot3>("frm_Plot3");
     Register_One<frm_PlotSelect1>("frm_PlotSelect1");
     Register_One<frm_PlotSelect2>("frm_PlotSelect2");
     Register_One<frm_PlotSelect3>("frm_PlotSelect3");
     Register_One<frm_PlotSelect4>("frm_PlotSelect4");
     Register_One<frm_PlotType>("frm_PlotType");
+    Register_One<frm_PrintData>("frm_PrintData");
     Register_One<frm_PrintSelect>("frm_PrintSelect");
     Register_One<frm_Quit>("frm_Quit");
     Register_One<frm_Title>("frm_Title");

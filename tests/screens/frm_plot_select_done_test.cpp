@@ -27,6 +27,7 @@ class FromChoiceToPlotTest : public SelectionScreenTest {
    protected:
     FromChoiceToPlotTest() {
         Model.ModuloMode = "abs";
+        Screens::Get("frm_FFT");  // a transform was made there; its load sets the number of harmonics
         Model.Harmonics = 4;
         for (int step = 0; step <= Model.NSteps; ++step) {
             for (int row = 0; row < 4; ++row) table.Theta(step, row) = 100 * row + 5 * step + 1;

@@ -5,7 +5,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "screens/frm_printdata.h"
 #include "tests/screens/plot_select_fixture.h"
 
 namespace verlink::test {
@@ -192,7 +191,6 @@ TEST_F(PrintSelectTest, AFolderThatIsNotThereIsReported) {
 }
 
 TEST_F(PrintSelectTest, ATableOnTheScreenTakesThePlaceOfTheChoice) {
-    Screens::Register("frm_PrintData", [] { return std::make_unique<frm_PrintData>(); });
     desktop.Expect_Screen("frm_PrintSelect", [this](Screen&) {
         Velocities();
         Press(form, "cmd_Done");
