@@ -46,7 +46,7 @@ std::vector<Angles> Angles_Of_A_Run() {
 }
 
 /// The calls of core/solver.cpp, step by step, on the arguments that it has: sine and cosine of crank, coupler,
-/// rocker, coupler point and turned acceleration, four sines of differences, three arc tangents.
+/// rocker, coupler point and turned acceleration, three sines of differences, three arc tangents.
 double Floor(const std::vector<Angles>& all) {
     double sum = 0;
     for (const Angles& a : all) {
@@ -56,7 +56,7 @@ double Floor(const std::vector<Angles>& all) {
         sum += std::atan(a.ratio3);
         sum += std::sin(a.coupler) + std::cos(a.coupler);
         sum += std::sin(a.point) + std::cos(a.point);
-        sum += std::sin(a.coupler - a.rocker) + std::sin(a.rocker - a.coupler);
+        sum += std::sin(a.coupler - a.rocker);
         sum += std::sin(a.rocker - a.crank) + std::sin(a.crank - a.coupler);
         const double turned = std::atan(a.slope) - a.coupler;
         sum += std::sin(turned) + std::cos(turned);

@@ -1,6 +1,7 @@
 // Arrays with the record's own bounds; a subscript outside them is failure 9.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -48,11 +49,14 @@ class StepArray {
     T& operator()(int step, int row = 0, int axis = 0) { return items_[At(step, row, axis)]; }
     const T& operator()(int step, int row = 0, int axis = 0) const { return items_[At(step, row, axis)]; }
 
+    /// The elements of Count consecutive steps.
+    T* Steps(int step, int Count, int row = 0, int axis = 0) {
+        At(step + Count - 1, row, axis);
+        return &items_[At(step, row, axis)];
+    }
     /// Zeroes steps 0 to Last of one row, none for a negative Last.
     void Clear(int Last, int row = 0, int axis = 0) {
-        if (Last < 0) return;
-        const std::size_t end = At(Last, row, axis) + 1;
-        for (std::size_t i = At(0, row, axis); i < end; ++i) items_[i] = T{};
+        if (Last >= 0) std::fill_n(Steps(0, Last + 1, row, axis), Last + 1, T{});
     }
 
    private:

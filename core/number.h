@@ -4,6 +4,7 @@
 #include <cmath>
 #include <concepts>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -36,6 +37,12 @@ class Single {
     constexpr Single(double value) : value_(static_cast<float>(value)) {
         if (!(value_ >= -std::numeric_limits<float>::max() && value_ <= std::numeric_limits<float>::max()))
             platform::Raise(platform::kOverflow);
+    }
+    /// Stores Count floats that are known to be finite, unchecked.
+    template <std::size_t Count>
+    static void Store_Finite(const void* floats, Single* places) {
+        static_assert(sizeof(Single) == sizeof(float));
+        std::memcpy(static_cast<void*>(places), floats, Count * sizeof(float));
     }
     // NOLINTNEXTLINE(google-explicit-constructor)
     constexpr operator double() const { return static_cast<double>(value_); }

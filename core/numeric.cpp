@@ -9,6 +9,8 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/pole.h"
+#include "core/position.h"
 #include "core/text.h"
 #include "platform/desktop.h"
 #include "shell/failure_report.h"
@@ -16,9 +18,6 @@
 namespace verlink {
 
 namespace {
-
-/// The slope that a vertical line counts with.
-constexpr double kVerticalSlope = 1000000;
 
 double Finite(double value) {
     if (!std::isfinite(value)) platform::Raise(platform::kOverflow);
@@ -95,22 +94,7 @@ std::string Scientific(double value) {
 /// 1 - x^2 in single precision, on which both inverse functions decide.
 Single Arc_Argument(Single x) { return 1 - x * x; }
 
-double Direction(double x, double y) {
-    if (x == 0) return y > 0 ? kHalfPi : y < 0 ? -kHalfPi : 0;
-    const double angle = std::atan(y / x);
-    return x < 0 ? angle + kPi : angle;
-}
-
-/// Slope of a line, and the flag and message for a vertical one.
-Single Slope(Single x1, Single y1, Single x2, Single y2, const char* vertical, Integer& Flag, std::string& Message) {
-    const Single dx = x2 - x1;
-    if (dx == 0) {
-        Flag = 1;
-        Message = vertical;
-        return kVerticalSlope;
-    }
-    return (y2 - y1) / dx;
-}
+double Angle_Of(double x, double y) { return Direction<double>(x, y, std::atan(y / x)); }
 
 /// Solves the system with Flag as `SimQ` tells; a and b count from 1.
 void Eliminate(int n, std::span<double> A, std::span<double> B, Integer& Flag) {
@@ -183,13 +167,13 @@ double FNArcSin(Single x) {
     return angle;
 }
 
-double Atan2(Single x, Single y) { return Direction(x, y); }
+double Atan2(Single x, Single y) { return Angle_Of(x, y); }
 
-double Atan2D(Single x, Single y) { return Direction(x, y) * kRadToDeg; }
+double Atan2D(Single x, Single y) { return Angle_Of(x, y) * kRadToDeg; }
 
 void Cart_to_Polar(Single x, Single y, Single& magnitude, Single& angle) {
     Guarded("Cart_to_Polar", [&] {
-        const Single radians = Direction(x, y);
+        const Single radians = Angle_Of(x, y);
         angle = radians * kRadToDeg;
         magnitude = std::sqrt(x * x + y * y);
     });
@@ -334,20 +318,17 @@ void Line_Intersect(Single x1, Single y1, Single x2, Single y2, Single x3, Singl
     Guarded("Line_Intersect", [&] {
         Flag = 0;
         Message.clear();
-        const Single m1 = Slope(x1, y1, x2, y2, "Line 1 is vertical, has infinite slope", Flag, Message);
-        const Single m2 = Slope(x3, y3, x4, y4, "Line 2 is vertical, has infinite slope", Flag, Message);
-        const Single b1 = y1 - m1 * x1;
-        const Single b2 = y3 - m2 * x3;
-        const Single difference = m1 - m2;
-        if (difference == 0) {
+        const auto crossing = Cross<double>(x1, y1, x2, y2, x3, y3, x4, y4);
+        if (!crossing.All.All_Finite()) platform::Raise(platform::kOverflow);
+        const auto report = [&](const char* text) {
             Flag = 1;
-            Message = "The lines are parallel - No intersection";
-            X = 0;
-            Y = 0;
-            return;
-        }
-        X = (b2 - b1) / difference;
-        Y = b1 + X * m1;
+            Message = text;
+        };
+        if (crossing.Run1 == 0) report("Line 1 is vertical, has infinite slope");
+        if (crossing.Run2 == 0) report("Line 2 is vertical, has infinite slope");
+        if (crossing.SlopeDifference == 0) report("The lines are parallel - No intersection");
+        X = crossing.X;
+        Y = crossing.Y;
     });
 }
 

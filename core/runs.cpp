@@ -6,6 +6,7 @@
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/pairs.h"
 #include "core/solver.h"
 #include "core/text.h"
 #include "platform/desktop.h"
@@ -50,6 +51,9 @@ bool Step_Goes_On(int step, Integer& Result) {
     Model.Calculated = false;
     return false;
 }
+
+double Omega_At(double t) { return Model.Alpha2 * t + Model.Omega2Input; }
+double Theta_At(double t) { return Model.Alpha2 * t * t / 2 + Model.Omega2Input * t + Model.ThetaZero * kDegToRad; }
 
 [[gnu::cold]] void Ask_About(double degrees, Integer& Result) {
     if (!Model.InputScreenOpen && !Model.CamDriven && !Model.LinkDriven) return;
@@ -106,7 +110,19 @@ void Timestep(Integer& Result) {
         Model.CamDriven = false;
         Single t = Model.TimeStart;
         Clear_RunTable();
+        LookAhead ahead;
         for (int step = 0; step <= Model.NSteps; ++step) {
+            double later = t;
+            if (ahead.Solve(step, [&later](double& theta2, double& omega2) {
+                    omega2 = Omega_At(later);
+                    theta2 = Theta_At(later) - Model.Link1AngleRad;
+                    later = Rounded(later + Model.TimeStep);
+                    return true;
+                })) {
+                step += LookAhead::kSteps - 1;
+                t = later;
+                continue;
+            }
             Model.Omega2 = Time_Omega(t);
             Model.Theta2Rad = Time_Theta(t) - Model.Link1AngleRad;
             if (!Step_Goes_On(step, Result)) return;
@@ -124,17 +140,30 @@ void Crankangle(Integer& Result) {
         const bool from_the_end = Model.Omega2Input <= 0;
         Model.Theta2Rad = (from_the_end ? Model.ThetaEndRad : Model.ThetaStartRad) - Model.Link1AngleRad;
         const Single Final = (from_the_end ? Model.ThetaStartRad : Model.ThetaEndRad) - Model.Link1AngleRad;
+        const double stride = from_the_end ? -Model.ThetaStepRad : +Model.ThetaStepRad;
+        const auto overshot = [&](double angle) { return from_the_end ? angle < Final : angle > Final; };
         Clear_RunTable();
+        LookAhead ahead;
         for (int step = 0; step <= Model.NSteps; ++step) {
+            double angle = Model.Theta2Rad;
+            if (ahead.Solve(step, [&](double& theta2, double& omega2) {
+                    omega2 = Model.Omega2;
+                    theta2 = angle;
+                    angle = Rounded(angle + stride);
+                    return !overshot(theta2);
+                })) {
+                step += LookAhead::kSteps - 1;
+                Model.Theta2Rad = angle;
+                continue;
+            }
             if (!Step_Goes_On(step, Result)) return;
             if (Model.Omega2 == 0) continue;  // every step repeats the first position
-            if (Model.Omega2 < 0 ? Model.Theta2Rad < Final : Model.Theta2Rad > Final) {
+            if (overshot(Model.Theta2Rad)) {
                 Model.Theta2Rad = Final;  // the step that overshot is rewritten at the limit
                 Calculate(step, Result);
                 return;
             }
-            const double stride = Model.ThetaStepRad;
-            Model.Theta2Rad += Model.Omega2 < 0 ? -stride : stride;
+            Model.Theta2Rad += stride;
         }
     });
 }
@@ -188,9 +217,9 @@ void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Res
     });
 }
 
-double Time_Omega(Single t) { return Model.Alpha2 * t + Model.Omega2Input; }
+double Time_Omega(Single t) { return Omega_At(t); }
 
-double Time_Theta(Single t) { return Model.Alpha2 * t * t / 2 + Model.Omega2Input * t + Model.ThetaZero * kDegToRad; }
+double Time_Theta(Single t) { return Theta_At(t); }
 
 double Steps_Of(double First, double Last, double Increment) {
     return std::floor(Divide(Last - First, Increment) + 0.5);

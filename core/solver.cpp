@@ -1,11 +1,12 @@
-// One position in closed form: angles, speeds, accelerations, points, ratios.
+// One position into the record, in the order in which its refusals are noticed; and several at once in long runs.
 #include "core/solver.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "core/centrodes.h"
 #include "core/linkage_model.h"
-#include "core/numeric.h"
+#include "core/pole.h"
+#include "core/position.h"
 #include "core/runs.h"
 #include "shell/failure_report.h"
 
@@ -13,149 +14,109 @@ namespace verlink {
 
 namespace {
 
+LinkageShape Present_Shape() {
+    return Shape_Of(Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa, Model.DeltaRad, Model.CircuitSign);
+}
+
+Wrap Wrap_Mode() {
+    if (Model.ModuloMode == "abs") return Wrap::kAbs;
+    if (Model.ModuloMode == "180") return Wrap::k180;
+    return Wrap::kNone;
+}
+
+bool Is_Imported() { return Model.Calctype > 3; }
+
+void Require_Finite(double sum) {
+    if (!Is_Finite(sum)) platform::Raise(platform::kOverflow);
+}
+
 [[gnu::cold, gnu::noinline]] void Refuse(Integer step, Integer& Result) {
     Integer last_point = 3;
     Noconnect(Model.Theta2Rad, step, last_point, Result);
 }
 
-/// Angle of a link by half-angle substitution: the root of a t^2 + b t + c, its discriminant given.
-double Root_Angle(double a, double b, double discriminant, double sign) {
-    return 2 * std::atan(Divide(-b + sign * std::sqrt(discriminant), 2 * a));
-}
-
-void Wrap(Single& angle, const std::string& mode) {
-    if (mode == "abs") {
-        if (angle < 0) angle += 360;
-    } else if (mode == "180") {
-        if (angle > 180) angle -= 360;
+/// Angles and points of a position; false when it was refused on the way.
+bool Take_Position(Integer step, const LinkageShape& shape, const Position<double>& p, Integer& Result) {
+    auto& m = Model;
+    m.SinTheta2 = p.SinTheta2;
+    m.CosTheta2 = p.CosTheta2;
+    if (m.L2 == 0 || m.L3 == 0 || m.L4 == 0) platform::Raise(platform::kDivisionByZero);
+    Require_Finite(shape.Sum + p.ClosureSum);
+    if (p.D4 < 0 || p.A == 0) return Refuse(step, Result), false;
+    m.Theta4Rad = p.Theta4;
+    m.SinTheta4 = p.SinTheta4;
+    m.CosTheta4 = p.CosTheta4;
+    Require_Finite(p.CouplerSum);
+    if (p.D3 < 0) return Refuse(step, Result), false;
+    m.Ax = p.Ax;
+    m.Ay = p.Ay;
+    if (p.D == 0) {
+        // This one refusal goes on, into the division that ends the step with the reporter's message.
+        Refuse(step, Result);
+        platform::Raise(platform::kDivisionByZero);
     }
+    m.Theta3Rad = p.Theta3;
+    m.SinTheta3 = p.SinTheta3;
+    m.CosTheta3 = p.CosTheta3;
+    m.SinDelta3 = p.SinDelta3;
+    m.CosDelta3 = p.CosDelta3;
+    m.Px = p.Px;
+    m.Py = p.Py;
+    m.Bx = p.Bx;
+    m.By = p.By;
+    if (p.S34 == 0) return Refuse(step, Result), false;
+    return true;
 }
 
-void Store_Angles(int step) {
-    const auto& m = Model;
-    auto& theta = Model.RunTable.Theta;
-    theta(step, 0) = m.Theta2Rad * kRadToDeg + m.Link1Angle;
-    theta(step, 1) = m.Theta3Rad * kRadToDeg + m.Link1Angle;
-    theta(step, 2) = m.Theta4Rad * kRadToDeg + m.Link1Angle;
-    for (int row = 0; row <= 2; ++row) Wrap(theta(step, row), m.ModuloMode);
-    // Only the first element of all is mended; a full turn at a later step stands.
-    if (m.ModuloMode == "abs" && theta(0, 0) == 360) theta(0, 0) = 0;
-    Single transmission = std::fabs(theta(step, 2) - theta(step, 1));
-    if (transmission > 180) transmission = 360 - transmission;
-    if (transmission > 90) transmission = 180 - transmission;
-    theta(step, 3) = transmission;
+/// Speeds and accelerations; false when the position was refused on the way.
+bool Take_Motion(Integer step, const Position<double>& p, Integer& Result) {
+    auto& m = Model;
+    m.Omega3 = p.Omega3;
+    m.Omega4 = p.Omega4;
+    m.Omega2Sq = p.Omega2Sq;
+    m.Omega3Sq = p.Omega3Sq;
+    m.Omega4Sq = p.Omega4Sq;
+    for (int point = 0; point <= 2; ++point)
+        for (int axis = 0; axis <= 1; ++axis) m.RunTable.VelXY(step, point, axis) = p.Vel[point][axis];
+    m.Alpha2 = p.Alpha2;
+    Require_Finite(p.AccelerationSum);
+    if (p.G == 0) return Refuse(step, Result), false;
+    m.Alpha3 = p.Alpha3;
+    m.Alpha4 = p.Alpha4;
+    for (int point = 0; point <= 4; ++point)
+        for (int axis = 0; axis <= 1; ++axis) m.RunTable.AccXY(step, point, axis) = p.Acc[point][axis];
+    return true;
+}
+
+/// Only the first element of all is mended; a full turn at a later step stands.
+void Mend_First_Angle(Wrap wrap) {
+    auto& first = Model.RunTable.Theta(0, 0);
+    if (wrap == Wrap::kAbs && first == 360) first = 0;
+}
+
+void Store_Angles(int step, const Position<double>& p) {
+    const Wrap wrap = Wrap_Mode();
+    Rounding<double> r;
+    float theta[4];
+    Store_Angles(p, Model.Link1Angle, wrap, r, theta);
+    for (int row = 0; row <= 3; ++row) Model.RunTable.Theta(step, row) = theta[row];
+    Mend_First_Angle(wrap);
 }
 
 void Store_Ratios(int step) {
-    const double omega2 = Model.Omega2, omega4 = Model.Omega4;
     auto& table = Model.RunTable;
-    if (omega2 != 0)
-        table.OmegaRatio(step) = omega4 / omega2;
+    if (Model.Omega2 != 0)
+        table.OmegaRatio(step) = Model.Omega4 / Model.Omega2;
     else if (step > 0)
         table.OmegaRatio(step) = table.OmegaRatio(step - 1);
     // A rocker at rest leaves the element: here nothing is carried over from the step before.
-    if (omega4 != 0) table.MechAdvantage(step) = omega2 / omega4;
+    if (Model.Omega4 != 0) table.MechAdvantage(step) = Model.Omega2 / Model.Omega4;
 }
 
-void Solve(Integer at, Integer& Result) {
-    const int step = at;
-    auto& m = Model;
-    auto& table = m.RunTable;
-    const double L1 = m.L1, L2 = m.L2, L3 = m.L3, L4 = m.L4, Rpa = m.Rpa;
-    const double sign = m.CircuitSign;
-
-    table.Assembled(step) = true;
-    const double th2 = m.Theta2Rad;
-    const double s2 = m.SinTheta2 = std::sin(th2);
-    const double c2 = m.CosTheta2 = std::cos(th2);
-
-    const Single K1 = Divide(L1, L2), K2 = Divide(L1, L4), K4 = Divide(L1, L3);
-    const Single K3 = Divide(L2 * L2 - L3 * L3 + L4 * L4 + L1 * L1, 2 * L2 * L4);
-    const Single K5 = Divide(L4 * L4 - L1 * L1 - L2 * L2 - L3 * L3, 2 * L2 * L3);
-
-    const Single A = K3 + c2 - K1 - K2 * c2;
-    const Single B = -2 * s2;
-    const Single C = K3 + K1 - (K2 + 1) * c2;
-    const Single D4 = B * B - 4 * A * C;
-    if (D4 < 0 || A == 0) return Refuse(at, Result);
-    m.Theta4Rad = Root_Angle(A, B, D4, sign);
-    const double th4 = m.Theta4Rad;
-    const double s4 = m.SinTheta4 = std::sin(th4);
-    const double c4 = m.CosTheta4 = std::cos(th4);
-
-    const Single D = (K4 + 1) * c2 + K5 - K1;
-    const Single E = -2 * s2;
-    const Single F = (K4 - 1) * c2 + K5 + K1;
-    const Single D3 = E * E - 4 * D * F;
-    if (D3 < 0) return Refuse(at, Result);
-    m.Ax = L2 * c2;
-    m.Ay = L2 * s2;
-    // This one refusal goes on, into the division by zero that ends the step with the reporter's message.
-    if (D == 0) Refuse(at, Result);
-    m.Theta3Rad = Root_Angle(D, E, D3, sign);
-    const double th3 = m.Theta3Rad;
-    const double s3 = m.SinTheta3 = std::sin(th3);
-    const double c3 = m.CosTheta3 = std::cos(th3);
-    const double sP = m.SinDelta3 = std::sin(m.DeltaRad + th3);
-    const double cP = m.CosDelta3 = std::cos(m.DeltaRad + th3);
-
-    m.Px = Rpa * cP + m.Ax;
-    m.Py = Rpa * sP + m.Ay;
-    m.Bx = L4 * c4 + L1;
-    m.By = L4 * s4;
-
-    const double S34 = std::sin(th3 - th4), S43 = std::sin(th4 - th3);
-    if (S34 == 0 || S43 == 0) return Refuse(at, Result);
-    const double w2 = m.Omega2;
-    m.Omega3 = w2 * L2 / L3 * std::sin(th4 - th2) / S34;
-    m.Omega4 = w2 * L2 / L4 * std::sin(th2 - th3) / S43;
-    const double w3 = m.Omega3, w4 = m.Omega4;
-    m.Omega2Sq = w2 * w2;
-    m.Omega3Sq = w3 * w3;
-    m.Omega4Sq = w4 * w4;
-    const double w2sq = m.Omega2Sq, w3sq = m.Omega3Sq, w4sq = m.Omega4Sq;
-
-    auto& velocity = table.VelXY;
-    velocity(step, 0, 0) = w2 * L2 * -s2;
-    velocity(step, 0, 1) = w2 * L2 * c2;
-    velocity(step, 1, 0) = w4 * L4 * -s4;
-    velocity(step, 1, 1) = w4 * L4 * c4;
-    velocity(step, 2, 0) = w3 * Rpa * -sP + velocity(step, 0, 0);
-    velocity(step, 2, 1) = w3 * Rpa * cP + velocity(step, 0, 1);
-
-    const Single C1 = L4 * s4, C2 = L3 * s3;
-    const Single C3 = m.Alpha2 * L2 * s2 + w2sq * L2 * c2 + w3sq * L3 * c3 - w4sq * L4 * c4;
-    const Single C4 = L4 * c4, C5 = L3 * c3;
-    // In an imported run C3 holds the acceleration of the step before, and C6 that of this one.
-    if (m.Calctype > 3) m.Alpha2 = m.ImportedAlpha2;
-    const double a2 = m.Alpha2;
-    const Single C6 = a2 * L2 * c2 - w2sq * L2 * s2 - w3sq * L3 * s3 + w4sq * L4 * s4;
-    const Single G = C5 * C1 - C4 * C2;
-    if (G == 0) return Refuse(at, Result);
-    m.Alpha3 = (C4 * C3 - C6 * C1) / G;
-    m.Alpha4 = (C5 * C3 - C6 * C2) / G;
-    const double a3 = m.Alpha3, a4 = m.Alpha4;
-
-    auto& acceleration = table.AccXY;
-    acceleration(step, 0, 0) = a2 * L2 * -s2 + w2sq * L2 * -c2;
-    acceleration(step, 0, 1) = w2sq * L2 * -s2 + a2 * L2 * c2;
-    acceleration(step, 1, 0) = a4 * L4 * -s4 + w4sq * L4 * -c4;
-    acceleration(step, 1, 1) = w4sq * L4 * -s4 + a4 * L4 * c4;
-    acceleration(step, 2, 0) = w3sq * Rpa * -cP + acceleration(step, 0, 0) + a3 * Rpa * -sP;
-    acceleration(step, 2, 1) = w3sq * Rpa * -sP + acceleration(step, 0, 1) + a3 * Rpa * cP;
-    acceleration(step, 3, 0) = -L4 * w4sq;
-    acceleration(step, 3, 1) = a4 * L4;
-    Single magnitude, direction;
-    Cart_to_Polar(acceleration(step, 2, 0), acceleration(step, 2, 1), magnitude, direction);
-    const Single on_coupler = direction - th3 * kRadToDeg;
-    acceleration(step, 4, 0) = magnitude * std::cos(on_coupler * kDegToRad);
-    acceleration(step, 4, 1) = magnitude * std::sin(on_coupler * kDegToRad);
-
-    Store_Angles(step);
-    Store_Ratios(step);
-
-    const bool imported = m.Calctype >= 4;
-    if (!imported) {
+void Store_Motion(int step) {
+    const auto& m = Model;
+    auto& table = Model.RunTable;
+    if (!Is_Imported()) {
         table.Omega(step, 0) = m.Omega2;
         table.Alpha(step, 0) = m.Alpha2;
     }
@@ -169,10 +130,28 @@ void Solve(Integer at, Integer& Result) {
     table.PointXY(step, 1, 1) = m.By;
     table.PointXY(step, 2, 0) = m.Px;
     table.PointXY(step, 2, 1) = m.Py;
-    if (!imported && !m.Parallelogram) Centrodes(step);
+}
 
-    if (m.Units == 4 || m.Units == 5) {
-        const double factor = Shown_Factor();
+void Solve_Step(Integer step, Integer& Result) {
+    auto& m = Model;
+    m.RunTable.Assembled(step) = true;
+    // In an imported run the first acceleration term still has the acceleration of the step before.
+    const double alpha2 = Is_Imported() ? m.ImportedAlpha2 : m.Alpha2;
+    Position<double> positions[1];
+    auto& p = positions[0];
+    p.Theta2 = m.Theta2Rad;
+    p.Omega2 = m.Omega2;
+    p.Alpha2 = alpha2;
+    p.Alpha2Before = m.Alpha2;
+    const LinkageShape shape = Present_Shape();
+    Solve(shape, positions);
+    if (!Take_Position(step, shape, p, Result) || !Take_Motion(step, p, Result)) return;
+    Store_Angles(step, p);
+    Store_Ratios(step);
+    Store_Motion(step);
+    if (!Is_Imported() && !m.Parallelogram) Centrodes(step);
+    const double factor = Shown_Factor();
+    if (factor != 1) {
         Scale_Positions(step, factor, 0, 2);
         Scale_Velocities(step, factor, 0, 2);
         Scale_Accelerations(step, factor, 0, 4);
@@ -186,10 +165,113 @@ void Scale(Points& points, int step, double factor, int First, int Last) {
         for (int axis = 0; axis <= 1; ++axis) points(step, point, axis) *= factor;
 }
 
+/// Numbers known to be finite, into two consecutive steps.
+template <class Column>
+inline void Store(Column& column, int step, const PairOfFloats& values, int row = 0, int axis = 0) {
+    Single::Store_Finite<2>(&values, column.Steps(step, 2, row, axis));
+}
+
+/// What is stored of a pair of positions besides the positions themselves.
+struct PairOfSteps {
+    PairOfFloats Theta[4];
+    PairOfFloats Points[3][2];
+    PairOfFloats Ratio, Advantage;
+    Crossing<Pair> Fixed;
+    MovingPoint<Pair> Moving;
+};
+
+/// The rest of a pair; false when one of the two needs the care of a single solution.
+inline bool Finish(const LinkageShape& g, Position<Pair>& p, PairOfSteps& steps, double factor, Wrap wrap) {
+    const auto& m = Model;
+    Rounding<Pair> r = p.All;
+    Store_Angles(p, m.Link1Angle, wrap, r, steps.Theta);
+    r.Keep(steps.Ratio, Wide(p.Omega4) / p.Omega2);
+    r.Keep(steps.Advantage, p.Omega2 / Wide(p.Omega4));
+    Pair not_zero = p.A * p.D * p.S34 * p.G;
+    if (!m.Parallelogram) {
+        const Pair Ax = Wide(p.Ax), Ay = Wide(p.Ay);
+        steps.Fixed = Cross(Pair{}, Pair{}, Ax, Ay, Both<Pair>(g.L1), Pair{}, Wide(p.Bx), Wide(p.By));
+        steps.Moving = On_Coupler({m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0}, Wide(steps.Fixed.X),
+                                  Wide(steps.Fixed.Y), Ax, Ay, p.SinTheta3, p.CosTheta3);
+        r.Add(steps.Fixed.All.Sum());
+        r.Add(steps.Moving.All.Sum());
+        not_zero = not_zero * steps.Fixed.Run1 * steps.Fixed.Run2 * steps.Fixed.SlopeDifference;
+    }
+    steps.Points[0][0] = p.Ax;
+    steps.Points[0][1] = p.Ay;
+    steps.Points[1][0] = p.Bx;
+    steps.Points[1][1] = p.By;
+    steps.Points[2][0] = p.Px;
+    steps.Points[2][1] = p.Py;
+    if (factor != 1) {
+        const auto show = [&](auto& vectors) {
+            for (auto& vector : vectors)
+                for (auto& component : vector) r.Keep(component, Wide(component) * factor);
+        };
+        show(steps.Points);
+        show(p.Vel);
+        show(p.Acc);
+    }
+    return r.All_Finite() && !Is_Zero(not_zero);
+}
+
+inline void Store(int step, const Position<Pair>& p, const PairOfSteps& steps) {
+    auto& table = Model.RunTable;
+    for (int row = 0; row <= 3; ++row) Store(table.Theta, step, steps.Theta[row], row);
+    Store(table.OmegaRatio, step, steps.Ratio);
+    Store(table.MechAdvantage, step, steps.Advantage);
+    const PairOfFloats omegas[] = {Narrow(p.Omega2), p.Omega3, p.Omega4};
+    const PairOfFloats alphas[] = {Narrow(p.Alpha2), p.Alpha3, p.Alpha4};
+    for (int row = 0; row <= 2; ++row) {
+        Store(table.Omega, step, omegas[row], row);
+        Store(table.Alpha, step, alphas[row], row);
+    }
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int point = 0; point <= 2; ++point) {
+            Store(table.PointXY, step, steps.Points[point][axis], point, axis);
+            Store(table.VelXY, step, p.Vel[point][axis], point, axis);
+        }
+        for (int point = 0; point <= 4; ++point) Store(table.AccXY, step, p.Acc[point][axis], point, axis);
+    }
+    if (Model.Parallelogram) return;
+    Store(table.FixedCentrode, step, steps.Fixed.X, 0, 0);
+    Store(table.FixedCentrode, step, steps.Fixed.Y, 0, 1);
+    Store(table.MovingCentrode, step, steps.Moving.X, 0, 0);
+    Store(table.MovingCentrode, step, steps.Moving.Y, 0, 1);
+}
+
 }  // namespace
 
 void Calculate(Integer step, Integer& Result) {
-    Guarded("Calculate", [&] { Solve(step, Result); });
+    Guarded("Calculate", [&] { Solve_Step(step, Result); });
+}
+
+LookAhead::LookAhead() : shape_(Present_Shape()), wrap_(Wrap_Mode()) {}
+
+bool LookAhead::Is_Possible(int step) const {
+    const int last = step + kSteps - 1;
+    return step >= resume_ && Is_Finite(shape_.Sum) && last < Model.NSteps && last <= kLastStep && !Is_Imported();
+}
+
+bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) const {
+    constexpr int kPairs = kSteps / 2;
+    const double factor = Shown_Factor();
+    Position<Pair> positions[kPairs];
+    PairOfSteps steps[kPairs];
+    for (int i = 0; i < kPairs; ++i) {
+        positions[i].Theta2 = Rounded(Pair{theta2[2 * i], theta2[2 * i + 1]});
+        positions[i].Omega2 = Rounded(Pair{omega2[2 * i], omega2[2 * i + 1]});
+        positions[i].Alpha2 = positions[i].Alpha2Before = Both<Pair>(Model.Alpha2);
+    }
+    verlink::Solve(shape_, positions);
+    for (int i = 0; i < kPairs; ++i)
+        if (!Finish(shape_, positions[i], steps[i], factor, wrap_)) return false;
+
+    for (int i = 0; i < kPairs; ++i) Store(step + 2 * i, positions[i], steps[i]);
+    std::fill_n(Model.RunTable.Assembled.Steps(step, kSteps), kSteps, true);
+    Mend_First_Angle(wrap_);
+    Model.Calculated = true;
+    return true;
 }
 
 void Scale_Positions(int step, double factor, int First, int Last) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/number.h"
+#include "core/position.h"
 
 namespace verlink {
 
@@ -11,6 +12,39 @@ namespace verlink {
 /// steps but that of imported runs, whose first acceleration term holds the previous step's `Alpha2`. A position
 /// that does not close goes to `Noconnect` with Result; every one that closes sets `Calculated`.
 void Calculate(Integer step, Integer& Result);
+
+/// Solves the positions of a run side by side, so many at a time, where nothing out of the ordinary happens.
+class LookAhead {
+   public:
+    static constexpr int kSteps = 8;
+
+    /// For the linkage and the `Alpha2` of the record as they stand.
+    LookAhead();
+
+    /// `Calculate` for steps `step` to `step` + 7, to the same bits, but for the fields of the current position, which
+    /// stay. `motion` tells crank angle (local, radians) and speed of one step after the other, before they are
+    /// rounded, and false where the run would end. False, with nothing touched, for what needs the care of a single
+    /// solution: the first and the last step of a run, an imported run, a position that does not close, a message
+    /// that is due, an overflow. After a failed try as many steps are left to single solutions.
+    template <class Motion>
+    bool Solve(int step, Motion motion) {
+        if (!Is_Possible(step)) return false;
+        double theta2[kSteps], omega2[kSteps];
+        bool goes_on = true;
+        for (int i = 0; i < kSteps && goes_on; ++i) goes_on = motion(theta2[i], omega2[i]);
+        if (goes_on && Solve_All(step, theta2, omega2)) return true;
+        resume_ = step + kSteps;
+        return false;
+    }
+
+   private:
+    bool Is_Possible(int step) const;
+    bool Solve_All(int step, const double* theta2, const double* omega2) const;
+
+    LinkageShape shape_;
+    Wrap wrap_;
+    int resume_ = 1;
+};
 
 /// Multiplies points First to Last of the array at one step, both axes.
 void Scale_Positions(int step, double factor, int First, int Last);

@@ -1,0 +1,111 @@
+// Numbers that go through the same formulas in pairs, and the rounding of what is stored of them.
+#pragma once
+
+#include <cmath>
+#include <type_traits>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace verlink {
+
+/// Two doubles as a vector register holds them. They add, multiply and compare like one, each to the same bits as
+/// one alone.
+typedef double Pair __attribute__((vector_size(16)));
+typedef long long PairOfTruths __attribute__((vector_size(16)));
+
+// What follows serves one double and a pair under the same names; functions are called for one number after another.
+
+template <class V>
+inline V Both(double x) {
+    return V{} + x;
+}
+
+inline double If(bool truth, double then, double otherwise) { return truth ? then : otherwise; }
+inline Pair If(PairOfTruths truth, Pair then, Pair otherwise) { return truth ? then : otherwise; }
+
+inline double Sqrt(double x) { return std::sqrt(x); }
+inline double Sin(double x) { return std::sin(x); }
+inline Pair Sin(Pair x) { return Pair{std::sin(x[0]), std::sin(x[1])}; }
+inline double Atan(double x) { return std::atan(x); }
+inline Pair Atan(Pair x) { return Pair{std::atan(x[0]), std::atan(x[1])}; }
+
+inline void Sin_Cos(double x, double& sine, double& cosine) {
+    sine = std::sin(x);
+    cosine = std::cos(x);
+}
+inline void Sin_Cos(Pair x, Pair& sine, Pair& cosine) {
+    for (int i = 0; i < 2; ++i) {
+        sine[i] = std::sin(x[i]);
+        cosine[i] = std::cos(x[i]);
+    }
+}
+
+/// What a V is rounded to when it is stored, and back. Of the four floats the first two count.
+typedef float PairOfFloats __attribute__((vector_size(16)));
+template <class V>
+struct StoredAs;
+template <>
+struct StoredAs<double> {
+    using Type = float;
+};
+template <>
+struct StoredAs<Pair> {
+    using Type = PairOfFloats;
+};
+template <class V>
+using Stored = typename StoredAs<V>::Type;
+
+inline float Narrow(double x) { return static_cast<float>(x); }
+inline double Wide(float x) { return x; }
+#ifdef __SSE2__
+inline Pair Sqrt(Pair x) { return _mm_sqrt_pd(x); }
+inline PairOfFloats Narrow(Pair x) { return _mm_cvtpd_ps(x); }
+inline Pair Wide(PairOfFloats x) { return _mm_cvtps_pd(x); }
+#else
+inline Pair Sqrt(Pair x) { return Pair{std::sqrt(x[0]), std::sqrt(x[1])}; }
+inline PairOfFloats Narrow(Pair x) { return PairOfFloats{static_cast<float>(x[0]), static_cast<float>(x[1])}; }
+inline Pair Wide(PairOfFloats x) { return Pair{x[0], x[1]}; }
+#endif
+template <class V>
+V Rounded(V x) {
+    return Wide(Narrow(x));
+}
+
+inline bool Is_Finite(double x) { return x - x == 0; }
+inline bool Is_Finite(Pair x) { return Is_Finite(x[0] + x[1]); }
+inline bool Is_Zero(Pair x) { return x[0] == 0 || x[1] == 0; }
+
+/// Rounds as storing does, and watches for overflows by the sum of all it gave out. The sum of a pair may overflow
+/// where none of the floats did.
+template <class V>
+class Rounding {
+   public:
+    using SumType = std::conditional_t<std::is_same_v<V, double>, double, Stored<V>>;
+
+    V operator()(V x) {
+        const Stored<V> stored = Narrow(x);
+        sum_ += stored;
+        return Wide(stored);
+    }
+    /// The same, kept for storing.
+    V Keep(Stored<V>& place, V x) {
+        place = Narrow(x);
+        sum_ += place;
+        return Wide(place);
+    }
+    bool All_Finite() const {
+        if constexpr (std::is_same_v<V, double>)
+            return Is_Finite(sum_);
+        else
+            return Is_Finite(Wide(sum_));
+    }
+    SumType Sum() const { return sum_; }
+    void Add(SumType sum) { sum_ += sum; }
+
+   private:
+    SumType sum_{};
+};
+
+}  // namespace verlink
