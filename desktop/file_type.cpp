@@ -64,6 +64,12 @@ bool says(const QString& path, const QString& text) {
     return file.open(QIODevice::ReadOnly) && file.readAll() == text.toUtf8();
 }
 
+/// The program's icon, as the entry names it.
+QString iconText() {
+    QFile file(QStringLiteral(":/verlink.svg"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 /// True when the system's own folders have entry and type for the program that lies where this one does.
 bool installed(const FileType& type, const QString& entry, const QString& mime) {
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -102,12 +108,14 @@ void refresh(const QString& tool, const QString& folder) {
 void registerFileType(const FileType& type) {
     const QString entry = QStringLiteral("/applications/") + word(type) + QStringLiteral(".desktop");
     const QString mime = QStringLiteral("/mime/packages/") + word(type) + QStringLiteral(".xml");
+    const QString icon = QStringLiteral("/icons/hicolor/scalable/apps/") + word(type) + QStringLiteral(".svg");
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const bool entry_known = says(home + entry, entryText(type));
     const bool mime_known = says(home + mime, mimeText(type));
     if ((entry_known && mime_known) || installed(type, entry, mime)) return;
     write(home + mime, mimeText(type));
     write(home + entry, entryText(type));
+    write(home + icon, iconText());
     if (!mime_known) refresh(QStringLiteral("update-mime-database"), home + QStringLiteral("/mime"));
     if (!entry_known) refresh(QStringLiteral("update-desktop-database"), home + QStringLiteral("/applications"));
 }

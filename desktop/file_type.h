@@ -5,8 +5,8 @@
 
 namespace verlink::desktop {
 
-/// Writes a desktop entry and a MIME type into the user's data home, unless what stands there, or what the system
-/// has for this very program, says it already. Failure 75 where they cannot be written.
+/// Writes a desktop entry with its icon and a MIME type into the user's data home, unless what stands there, or what
+/// the system has for this very program, says it already. Failure 75 where they cannot be written.
 void registerFileType(const platform::FileType& type);
 
 }  // namespace verlink::desktop

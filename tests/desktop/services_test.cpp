@@ -5,10 +5,11 @@
 
 #include <QDate>
 #include <QFileInfo>
-#include <QMimeDatabase>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QPushButton>
-#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <chrono>
 #include <filesystem>
 #include <regex>
@@ -43,6 +44,8 @@ TEST_F(FileTypeTest, The_extension_belongs_to_a_type_and_the_type_to_the_program
     EXPECT_NE(entry.find("MimeType=application/x-verlink;\n"), std::string::npos);
     EXPECT_NE(mime.find("<glob pattern=\"*.vlk\"/>"), std::string::npos);
     EXPECT_NE(mime.find("<comment>Verlink File</comment>"), std::string::npos);
+    EXPECT_NE(entry.find("Icon=verlink\n"), std::string::npos);
+    EXPECT_EQ(Read_File(Path("data/icons/hicolor/scalable/apps/verlink.svg")).substr(0, 4), "<svg");
 }
 
 TEST_F(FileTypeTest, What_is_written_is_sound_to_the_desktop_s_own_tools) {
@@ -121,6 +124,27 @@ TEST_F(ServicesTest, A_document_that_is_not_installed_is_named) {
     desktop::DocumentWidget view(nullptr);
     view.show(QStringLiteral("helpfiles/general/NoSuchDocument.pdf"));
     EXPECT_EQ(view.note(), "This document is not installed: helpfiles/general/NoSuchDocument.pdf");
+}
+
+TEST_F(ServicesTest, A_document_that_is_installed_is_shown) {
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/help-XXXXXX"));
+    {
+        QPdfWriter writer(folder.filePath(QStringLiteral("page.pdf")));
+        QPainter painter(&writer);
+        painter.drawText(1000, 1000, QStringLiteral("a page"));
+    }
+    const QString name = QFileInfo(folder.path()).fileName();
+    EXPECT_EQ(desktop::helpDocument(name + QStringLiteral("/page.pdf")),
+              QFileInfo(folder.filePath(QStringLiteral("page.pdf"))).canonicalFilePath());
+    desktop::DocumentWidget view(nullptr);
+    view.resize(400, 500);
+    view.show(name + QStringLiteral("/page.pdf"));
+    EXPECT_EQ(view.note(), "");
+    Write_File(folder.filePath(QStringLiteral("broken.pdf")).toStdString(), "no PDF");
+    view.show(name + QStringLiteral("/broken.pdf"));
+    EXPECT_TRUE(view.note().startsWith("This document cannot be shown: "));
+    view.show(QString());
+    EXPECT_EQ(view.note(), "");
 }
 
 class PaceTest : public DesktopTest {
