@@ -42,6 +42,7 @@ void frm_PrintSelect::Form_Activate() {
         Clear_Labels(*this, kFunctions);
         cmd_Done.Enabled = false;
         Reload_Lists();
+        Show_Step();
         Model.PlotStyle = 3;
         const bool by_preset = opt_PrintSet[0].Value;
         Enable_Presets(*this, by_preset);
@@ -72,10 +73,17 @@ void frm_PrintSelect::Count_Functions() {
     Model.PrintCount = kFunctions;
 }
 
+void frm_PrintSelect::Show_Step() {
+    if (Model.PrintStep < 1 || Model.PrintStep == StepRead) return;
+    cmb_Step.Text = Text_Of(Model.PrintStep);
+    StepRead = Model.PrintStep;
+}
+
 void frm_PrintSelect::Read_Step() {
     Model.PrintStep = Model.FFTFunction ? 1.0 : Val(cmb_Step.Text.Get());
     // A typed step below 1 would never come to the end of a table.
     if (Model.PrintStep < 1) Model.PrintStep = 1;
+    StepRead = Model.PrintStep;
 }
 
 void frm_PrintSelect::cmb_Step_Click() {

@@ -1,6 +1,7 @@
 // Chooses the four functions of a table, and where it goes.
 #pragma once
 
+#include "core/number.h"
 #include "platform/desktop.h"
 #include "screens/function_screen.h"
 
@@ -29,10 +30,14 @@ class frm_PrintSelect : public Preset_Screen {
     void Count_Functions() override;
 
    private:
+    /// Shows the model's step where it is not the one read here last: another model has come since.
+    void Show_Step();
     void Read_Step();
     void To_Screen();
     void To_Printer();
     void To_Disk();
+
+    Integer StepRead = 0;  ///< what `PrintStep` was last set to here
 };
 
 }  // namespace verlink

@@ -102,6 +102,28 @@ TEST_F(PrintSelectTest, ATransformForcesAStepOfOne) {
     EXPECT_EQ(Model.PrintStep, 1);
 }
 
+TEST_F(PrintSelectTest, TheStepOfAModelThatWasOpenedIsShownAndTheOneForcedByATransformIsNot) {
+    EXPECT_EQ(form.cmb_Step.Text.Get(), "10");
+    Model.PrintStep = 4;
+    form.Form_Activate();
+    EXPECT_EQ(form.cmb_Step.Text.Get(), "4");
+    Choose(form.cmb_Preset, "Current FFT - Real, Imag, Mag, Phase");
+    desktop.Expect_Printer(false);
+    Send(1);
+    EXPECT_EQ(Model.PrintStep, 1);
+    form.Form_Activate();
+    EXPECT_EQ(form.cmb_Step.Text.Get(), "4");
+}
+
+TEST_F(PrintSelectTest, AScreenThatIsNotThereIsReported) {
+    Screens::Discard();
+    Screens::Register("frm_PrintData", nullptr);
+    auto& fresh = Activated<frm_PrintSelect>("frm_PrintSelect");
+    Choose(fresh.cmb_Preset, Model.PresetList4(6));
+    desktop.Expect_Message_With("Error 9   (Subscript out of range)  has occurred in frm_PrintSelect.cmd_Done");
+    Press(fresh, "cmd_Done");
+}
+
 TEST_F(PrintSelectTest, ATypedStepBelowOneIsOne) {
     for (const char* typed : {"0", "-3", "", "many", "0.4"}) {
         form.cmb_Step.Text = typed;
