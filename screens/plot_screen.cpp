@@ -5,6 +5,8 @@
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
+#include "screens/frm_help.h"
+#include "screens/help_documents.h"
 #include "screens/print_questions.h"
 #include "shell/failure_report.h"
 
@@ -12,12 +14,14 @@ namespace verlink {
 
 Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     : Screen(name), selection_(std::move(selection)) {
+    Caption() = "Output Screen";
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     cmd_PlotPrint.Tip = "Print this screen";
     cmd_Copy.Tip = "How to copy this screen to the clipboard";
     cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
 }
 
 void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::CommandButton& next) {
@@ -40,6 +44,8 @@ void Plot_Screen::cmd_PlotPrint_Click() {
 void Plot_Screen::cmd_Copy_Click() {
     platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
 }
+
+void Plot_Screen::mnu_Help_Click() { Show_Help(Screen_Help_Document(Caption()), Procedure("mnu_Help")); }
 
 void Plot_Screen::Go_Back() {
     Guarded(Procedure("Back"), [&] {

@@ -12,6 +12,8 @@ namespace verlink {
 
 class Plot_Screen : public platform::Screen {
    public:
+    platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::Label lbl_Header2{*this, "lbl_Header2"};
     platform::Label lbl_Header3{*this, "lbl_Header3"};
@@ -25,6 +27,7 @@ class Plot_Screen : public platform::Screen {
 
     void cmd_PlotPrint_Click();
     void cmd_Copy_Click();
+    void mnu_Help_Click();
 
    protected:
     /// `selection` is the name of the screen that chooses the functions and leads here.

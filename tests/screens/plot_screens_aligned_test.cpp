@@ -103,4 +103,6 @@ TEST_F(AlignedScreens, PrintAsksOpensThePrinterDialogAndPrintsTheScreen) { Print
 
 TEST_F(AlignedScreens, CopyTellsTheKeys) { Copying(four); }
 
+TEST_F(AlignedScreens, HelpIsThatOfPlots) { Helping(four); }
+
 }  // namespace verlink::test

@@ -85,6 +85,19 @@ class Plot_Screens : public Drawing {
             Press(form, "cmd_PlotPrint");
         });
     }
+    /// The help of plots opens, and closing it leads back.
+    void Helping(platform::Screen& form) {
+        std::string document;
+        Inside(form, [&] {
+            desktop.Expect_Screen("frm_Help", [&](platform::Screen& help) {
+                document = help.Get<platform::DocumentView>("WebBrowser1").Document;
+                help.Hide();
+            });
+            Pick_Menu(form, "mnu_Help");
+            EXPECT_TRUE(form.Visible());
+        });
+        EXPECT_NE(document.find("linkage_plot_help.pdf"), std::string::npos) << document;
+    }
     void Copying(platform::Screen& form) {
         Inside(form, [&] {
             desktop.Expect_Message("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");

@@ -179,6 +179,12 @@ TEST_F(GraphScreens, CopyTellsTheKeys) {
     Copying(one);
 }
 
+TEST_F(GraphScreens, HelpIsThatOfPlots) {
+    Choose("frm_PlotSelect1", 1, "Theta3", "Mag");
+    EXPECT_EQ(one.Caption(), "Output Screen");
+    Helping(one);
+}
+
 TEST_F(GraphScreens, WithoutTheScreenThatChoseThePlotIsReported) {
     platform::Screens::Register("frm_PlotSelect1", nullptr);
     desktop.Expect_Message_With("frm_Plot1.Activate");
