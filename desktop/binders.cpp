@@ -132,6 +132,7 @@ QWidget* make(Form& form, CommandButton& control, QWidget* parent) {
 QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
     auto* button = new QRadioButton(parent);
     QButtonGroup* group = form.optionGroup(control.Name());
+    if (group->checkedButton()) button->setFocusPolicy(Qt::ClickFocus);
     group->addButton(button);
     const auto show = [button, group, &control] {
         setIfOther(button, toQt(control.Caption));
@@ -140,6 +141,10 @@ QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
         group->setExclusive(false);
         button->setChecked(control.Value);
         group->setExclusive(true);
+        // The tab key comes to the choice in force.
+        if (!control.Value) return;
+        for (QAbstractButton* other : group->buttons())
+            other->setFocusPolicy(other == button ? Qt::StrongFocus : Qt::ClickFocus);
     };
     bind(form, control, button, show);
     QObject::connect(button, &QRadioButton::clicked, button, [&form, &control, group] {

@@ -69,7 +69,13 @@ Form::Form(Screen& screen) : screen_(screen) {
     layoutFor(screen.Name())(*this, room_);
     nameTheNameless();
     setCentralWidget(fitted(room_));
-    for (std::size_t i = 1; i < order_.size(); ++i) setTabOrder(order_[i - 1], order_[i]);
+    // Labels and frames take no focus; a chain that led over them would fall apart there.
+    QWidget* before = nullptr;
+    for (QWidget* widget : order_) {
+        if (widget->focusPolicy() == Qt::NoFocus) continue;
+        if (before) setTabOrder(before, widget);
+        before = widget;
+    }
     for (const auto& name : unplaced())
         if (auto* lost = findChild<QWidget*>(toQt(name))) lost->hide();
 
@@ -162,7 +168,8 @@ QWidget* Form::widget(const char* name, int index) {
                           (index == kNoIndex && control->ObjectName() == name);
         if (!same) continue;
         if (auto* found = qobject_cast<QWidget*>(object)) {
-            order_.push_back(found);
+            // A layout may ask twice, as when it makes buttons equally wide: the first time counts.
+            if (std::find(order_.begin(), order_.end(), found) == order_.end()) order_.push_back(found);
             return found;
         }
     }

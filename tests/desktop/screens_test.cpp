@@ -160,6 +160,44 @@ TEST_F(ScreensTest, Tab_reaches_every_box_and_button_once_around) {
     });
 }
 
+/// The controls in the order in which the tab key comes to them, one per group of options.
+std::vector<std::string> TabOrder(desktop::Form& form, const char* first) {
+    std::vector<std::string> names;
+    auto* start = form.findChild<QWidget*>(QString::fromLatin1(first));
+    QWidget* widget = start;
+    do {
+        if ((widget->focusPolicy() & Qt::TabFocus) && !widget->objectName().isEmpty() &&
+            !widget->objectName().startsWith(QLatin1String("qt_")))
+            names.push_back(widget->objectName().toStdString());
+        widget = widget->nextInFocusChain();
+    } while (widget != start && names.size() < 500);
+    return names;
+}
+
+TEST_F(ScreensTest, Tab_goes_down_the_columns_of_the_input_screen_and_to_the_choices_in_force) {
+    const std::vector<std::string> expected{
+        "txt_Linkout_1",  "txt_Linkout_2",  "txt_Linkout_3", "txt_Linkout_4",    "txt_Linkout_5",  "opt_Polar_0",
+        "txt_Linkout_15", "txt_Linkout_16", "txt_Linkout_0", "txt_Linkout_6",    "txt_Thetazero",  "txt_initial_0",
+        "txt_initial_1",  "txt_initial_2",  "txt_initial_3", "txt_initial_4",    "opt_Calctype_3", "opt_OpenCross_0",
+        "opt_Modulo_1",   "chk_autocalc",   "cmd_Calc",      "txt_Figure",       "hsc_step",       "cmd_Step",
+        "cmd_Reset",      "cmd_Animate",    "chk_autoscale", "opt_Shift_Drag_0", "cmd_PlotPrint",  "cmd_Cancel",
+        "cmd_Done"};
+    EXPECT_EQ(TabOrder(qt.formOf(Screens::Get("frm_Inputnew")), "txt_Linkout_1"), expected);
+}
+
+TEST_F(ScreensTest, Tab_goes_down_the_column_of_the_animate_screen_and_then_along_its_buttons) {
+    const std::vector<std::string> expected{
+        "txt_Figure",    "hsc_step",        "opt_Shift_Drag_0", "hsc_speed",      "cmb_wait",      "txt_Cycles",
+        "chk_autoscale", "chk_Trace",       "chk_Showlinks",    "chk_Coupler",    "chk_Centrodes", "chk_CouplerLines",
+        "txt_LineAngle", "opt_OpenCross_0", "txt_Linkout_1",    "txt_Linkout_2",  "txt_Linkout_3", "txt_Linkout_4",
+        "txt_Linkout_5", "opt_Polar_0",     "txt_Linkout_15",   "txt_Linkout_16", "txt_Linkout_0", "txt_Linkout_6",
+        "txt_initial_0", "txt_initial_1",   "txt_initial_2",    "cmd_Animate",    "cmd_Step",      "cmd_Reset",
+        "cmd_Recalc",    "cmd_PlotPrint",   "cmd_Back",         "cmd_Done"};
+    Screen& animate = Screens::Get("frm_Animate");
+    animate.Get<OptionButton>("opt_OpenCross", 0).Value = true;
+    EXPECT_EQ(TabOrder(qt.formOf(animate), "txt_Figure"), expected);
+}
+
 }  // namespace
 
 }  // namespace verlink::test
