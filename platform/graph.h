@@ -34,14 +34,39 @@ class Graph : public Visual {
     std::string GraphTitle;   ///< above the graph
     std::string BottomTitle;  ///< below the x axis
     int PatternedLines = 0;
-    int ThickLines = 0;                                 ///< 1 for thicker lines
-    int TickEvery = 1;                                  ///< a tick every so many points
-    int LabelEvery = 1;                                 ///< a label every so many points
-    int GridStyle = 0;                                  ///< 0 none, 1 horizontal lines, 2 vertical, 3 both
-    int GraphStyle = 4;                                 ///< 0 lines, 2 sticks, 4 lines, 6 both
-    int FontUse = 0;                                    ///< what the next font settings are for: 0 titles, 4 all
-    int FontSize = 100, FontStyle = 0, FontFamily = 0;  ///< percent of the screen's font; 2 bold; 1 sans serif
-    int Background = 15;                                ///< 15 white, 1 blue, 7 gray
+    int ThickLines = 0;   ///< 1 for thicker lines
+    int TickEvery = 1;    ///< a tick every so many points
+    int LabelEvery = 1;   ///< a label every so many points
+    int GridStyle = 0;    ///< 0 none, 1 horizontal lines, 2 vertical, 3 both
+    int GraphStyle = 4;   ///< 0 lines, 2 sticks, 4 lines, 6 both
+    int Background = 15;  ///< 15 white, 1 blue, 7 gray
+
+    /// Percent of the screen's font; 2 bold; 1 sans serif.
+    struct Font {
+        int size = 100, style = 0, family = 0;
+    };
+    /// A font setting: goes to the texts that `FontUse` names when it is set, and reads as it was set last.
+    class FontSetting {
+       public:
+        FontSetting(Graph& graph, int Font::*field, int start) : graph_(graph), field_(field), last_(start) {}
+        FontSetting(const FontSetting&) = delete;
+        FontSetting& operator=(const FontSetting&) = delete;
+        FontSetting& operator=(int value);
+        // NOLINTNEXTLINE(google-explicit-constructor): a setting reads as its value
+        operator int() const { return last_; }
+
+       private:
+        Graph& graph_;
+        int Font::*field_;
+        int last_;
+    };
+    int FontUse = 0;  ///< what the next font settings are for: 0 titles, 4 all
+    FontSetting FontSize{*this, &Font::size, 100};
+    FontSetting FontStyle{*this, &Font::style, 0};
+    FontSetting FontFamily{*this, &Font::family, 0};
+    /// Of the titles, and of everything else.
+    const Font& TitleFont() const { return title_font_; }
+    const Font& TextFont() const { return text_font_; }
 
     /// Draws what has been set (mode 2, the only one that draws).
     void Draw();
@@ -51,14 +76,15 @@ class Graph : public Visual {
     struct Set {
         std::string legend;
         int pattern = 0;
-        std::vector<double> values;
-        bool filled = false;  ///< has been given a value; a set without any is not to be seen
+        std::vector<double> values;  ///< not a number where none was given: nothing is drawn there
+        bool filled = false;         ///< has been given a value; a set without any is not to be seen
     };
     const std::vector<Set>& Sets() const { return sets_; }
     const std::vector<std::string>& Labels() const { return labels_; }
 
    private:
     Set& Present();
+    Font title_font_, text_font_;
     std::vector<Set> sets_{1};
     std::vector<std::string> labels_;
     int points_ = 0;
