@@ -29,7 +29,9 @@ Aligned_Screen::Aligned_Screen(const std::string& name, const std::string& selec
       lbl_Min(*this, "lbl_Min", windows),
       lbl_PtoPName(*this, "lbl_PtoPName", windows, "P to P"),
       lbl_Peak(*this, "lbl_Peak", windows),
-      windows_(static_cast<int>(windows.size())) {}
+      windows_(static_cast<int>(windows.size())) {
+    for (const auto& picture : pct_Plot) picture->Tip = "The function over the crank angle, with its quarter lines";
+}
 
 void Aligned_Screen::cmd_Replot_Click() {
     Guarded(Procedure("cmd_Replot"), [&] { MyPlot(*this, Selection(), windows_); });

@@ -42,6 +42,15 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmb_Var1.Tip = "The function to transform";
     cmb_Com1.Tip = "Its component: X, Y, magnitude or angle";
     cmb_Harmonics.Tip = "How many harmonics to show, at most half the number of steps";
+    cmd_Clear1.Tip = "Clear the function and its transform";
+    cmd_Calc.Tip = "Transform the function";
+    chk_HGrid.Tip = "Horizontal grid lines";
+    chk_VGrid.Tip = "Vertical grid lines";
+    chk_Line.Tip = "Join the harmonics by a line";
+    chk_Sticks.Tip = "Draw each harmonic from the axis";
+    cmd_Print.Tip = "Print this screen; calculate first";
+    cmd_Copy.Tip = "How to copy this screen to the clipboard; calculate first";
+    cmd_Cancel.Tip = "Go back and drop the transform";
     cmd_Done.Tip = "Calculate first";
     Form_Load();
 }

@@ -10,6 +10,7 @@ namespace verlink {
 frm_MyPlot4::frm_MyPlot4() : Delayed_Plot_Screen("frm_MyPlot4", "frm_PlotSelect4") {
     chk_Envelope.Value = true;
     Show_Step_Controls(false);
+    pct_Plot.Tip = "The vector from the origin, over the whole run";
     chk_Envelope.Tip = "Draw the path of the vector's tip";
     chk_Vectors.Tip = "Draw the vector of every step from the origin";
     chk_Pause.Tip = "Show one vector at a time, with its values";
