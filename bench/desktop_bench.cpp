@@ -59,7 +59,7 @@ void Drag_Move_In_Window(benchmark::State& state) {
     const platform::Picture& picture = screen.Picture1.Drawing();
     for (auto _ : state) {
         const Place place = mouse.Next();
-        const QRectF square = widget->square();
+        const QRectF square = widget->area();
         const double scale = square.width() / (picture.Right() - picture.Left());
         const QPointF at(square.x() + (place.x - picture.Left()) * scale,
                          square.y() + (place.y - picture.Top()) * scale);

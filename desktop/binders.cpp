@@ -10,17 +10,22 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/button.h"
 #include "desktop/caption.h"
 #include "desktop/document_widget.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
+#include "desktop/graph_widget.h"
+#include "desktop/grid_widget.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "platform/controls.h"
+#include "platform/graph.h"
+#include "platform/grid.h"
 
 namespace verlink::desktop {
 
@@ -44,8 +49,9 @@ void paintBack(QWidget* widget, QPalette::ColorRole role, Color wished) {
 
 /// What all visible controls show alike.
 void showVisual(QWidget* widget, const Visual& control) {
-    if (widget->isEnabled() != control.Enabled) widget->setEnabled(control.Enabled);
-    if (widget->isHidden() == control.Visible) widget->setVisible(control.Visible);
+    // Apart from what a disabled frame around it does.
+    if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled) widget->setEnabled(control.Enabled);
+    widget->setVisible(control.Visible);
     const QString tip = lines(control.Tip);
     if (widget->toolTip() != tip) {
         widget->setToolTip(tip);
@@ -86,9 +92,12 @@ QWidget* make(Form& form, Label& control, QWidget* parent) {
 
 QWidget* make(Form& form, Frame& control, QWidget* parent) {
     auto* frame = new FrameBox(parent);
-    bind(form, control, frame, [frame, &control] {
+    const auto back = [frame, &control] { frame->setBack(backColor(control.BackColor, frame->window()->palette())); };
+    bind(form, control, frame, [frame, &control, back] {
         if (frame->title() != lines(control.Caption)) frame->setTitle(lines(control.Caption));
+        back();
     });
+    form.restyle.emplace_back(back);
     return frame;
 }
 
@@ -175,26 +184,60 @@ QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
     return box;
 }
 
+/// The mouse on the line of a combo box.
+class LineMouse : public QObject {
+   public:
+    explicit LineMouse(QLineEdit* line) : QObject(line), line_(line) { line->installEventFilter(this); }
+    std::function<void()> onDoubleClick;
+    /// The press that brings the focus only puts the cursor down: its release selects the text.
+    bool select_on_release = false;
+
+   protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        // Posted: the deed may show a screen and not return.
+        if (event->type() == QEvent::MouseButtonDblClick) QTimer::singleShot(0, this, onDoubleClick);
+        if (event->type() == QEvent::MouseButtonRelease && std::exchange(select_on_release, false))
+            QTimer::singleShot(0, line_, &QLineEdit::selectAll);
+        return QObject::eventFilter(object, event);
+    }
+
+   private:
+    QLineEdit* line_;
+};
+
 QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
     auto* combo = new QComboBox(parent);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
     const auto back = [combo, &control] { paintBack(combo, QPalette::Base, boxColor(control)); };
-    bind(form, control, combo, [combo, &control, back, shown = std::vector<std::string>()]() mutable {
-        const QSignalBlocker quiet(combo);
-        if (shown != control.Items()) {
-            shown = control.Items();
-            combo->clear();
-            for (const std::string& item : shown) combo->addItem(toQt(item));
-        }
-        if (combo->currentIndex() != control.ListIndex()) combo->setCurrentIndex(control.ListIndex());
-        if (combo->currentText() != toQt(control.Text)) combo->setEditText(toQt(control.Text));
-        back();
-    });
+    auto* mouse = new LineMouse(combo->lineEdit());
+    mouse->onDoubleClick = [&form, &control] {
+        if (control.OnDblClick && control.Enabled) form.act(control, control.OnDblClick);
+    };
+    bind(form, control, combo,
+         [combo, mouse, &control, back, shown = std::vector<std::string>(), selected = false]() mutable {
+             const QSignalBlocker quiet(combo);
+             if (shown != control.Items()) {
+                 shown = control.Items();
+                 combo->clear();
+                 for (const std::string& item : shown) combo->addItem(toQt(item));
+             }
+             if (combo->currentIndex() != control.ListIndex()) combo->setCurrentIndex(control.ListIndex());
+             if (combo->currentText() != toQt(control.Text)) combo->setEditText(toQt(control.Text));
+             back();
+             if (control.SelectedAll && !selected) {
+                 combo->lineEdit()->selectAll();
+                 mouse->select_on_release = QApplication::mouseButtons() != Qt::NoButton;
+             }
+             selected = control.SelectedAll;
+         });
     form.restyle.emplace_back(back);
     QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, combo, [&form, &control](const QString& text) {
-        form.act(control, [&] { control.Text = fromQt(text); });
+        form.act(control, [&] {
+            control.SelectedAll = false;
+            control.Text = fromQt(text);
+        });
     });
     QObject::connect(combo, &QComboBox::activated, combo, [&form, &control](int index) {
         form.act(control, [&] { control.Choose(index); });
@@ -235,8 +278,27 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
         if (!control.OnMouseMove) return;
         form.act(control, [&] { control.OnMouseMove(button, shift, x, y); });
     };
+    picture->takesClicks = [&control] { return control.OnClick || control.OnDblClick; };
+    picture->onClick = [&form, &control] {
+        if (control.OnClick) form.act(control, control.OnClick);
+    };
+    picture->onDoubleClick = [&form, &control] {
+        if (control.OnDblClick) form.act(control, control.OnDblClick);
+    };
     bind(form, control, picture, [] {});
     return picture;
+}
+
+QWidget* make(Form& form, Graph& control, QWidget* parent) {
+    auto* graph = new GraphWidget(control, parent);
+    bind(form, control, graph, [graph] { graph->follow(); });
+    return graph;
+}
+
+QWidget* make(Form& form, Grid& control, QWidget* parent) {
+    auto* grid = new GridWidget(control, parent);
+    bind(form, control, grid, [grid] { grid->follow(); });
+    return grid;
 }
 
 QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
@@ -274,6 +336,8 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) return make(form, *combo, parent);
     if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);
     if (auto* picture = dynamic_cast<PictureBox*>(&control)) return make(form, *picture, parent);
+    if (auto* graph = dynamic_cast<Graph*>(&control)) return make(form, *graph, parent);
+    if (auto* grid = dynamic_cast<Grid*>(&control)) return make(form, *grid, parent);
     if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
     if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);
     return nullptr;

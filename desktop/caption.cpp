@@ -38,7 +38,13 @@ void Caption::changeEvent(QEvent* event) {
     if (quiet_ && event->type() == QEvent::PaletteChange) setQuiet();
 }
 
+void Caption::setBoxWhenEmpty(bool shown) {
+    box_when_empty_ = shown;
+    update();
+}
+
 void Caption::paintEvent(QPaintEvent* event) {
+    if (!box_when_empty_ && text().isEmpty()) return;
     if (look_ != Look::kPlain || back_.isValid()) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);

@@ -14,6 +14,8 @@ class Caption : public QLabel {
     void setLook(Look look);
     /// The colour behind the text; an invalid one is the window's own.
     void setBack(const QColor& color);
+    /// Is there a box around no text?
+    void setBoxWhenEmpty(bool shown);
     QColor back() const { return back_; }
     /// The text stands back a little, in a shade of the window's own colours.
     void setQuiet();
@@ -26,6 +28,7 @@ class Caption : public QLabel {
     bool quiet_ = false;
     Look look_ = Look::kPlain;
     QColor back_;
+    bool box_when_empty_ = true;
 };
 
 }  // namespace verlink::desktop

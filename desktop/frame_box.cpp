@@ -40,8 +40,21 @@ void FrameBox::setContentBeside(QLayout* content) {
     column_->addLayout(strip, 1);
 }
 
+void FrameBox::setMounted(QLayout* content, int width) {
+    column_->setContentsMargins(width, width, width, width);
+    column_->setSpacing(0);
+    column_->addLayout(content, 1);
+}
+
+void FrameBox::setBack(const QColor& color) {
+    if (color == back_) return;
+    back_ = color;
+    update();
+}
+
 void FrameBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    if (back_.isValid()) return painter.fillRect(rect(), back_);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(borderColor(palette()), 1));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);

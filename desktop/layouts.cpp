@@ -12,9 +12,28 @@ namespace verlink::desktop {
 
 Layout layoutFor(const std::string& screen) {
     static const std::map<std::string, Layout> layouts{
-        {"frm_About", layoutAbout},           {"frm_Animate", layoutAnimate},   {"frm_Help", layoutHelp},
-        {"frm_HomeScreen", layoutHomeScreen}, {"frm_Inputnew", layoutInputnew}, {"frm_Quit", layoutQuit},
-        {"frm_Title", layoutTitle},           {"frm_User", layoutUser},
+        {"frm_About", layoutAbout},
+        {"frm_Animate", layoutAnimate},
+        {"frm_Help", layoutHelp},
+        {"frm_HomeScreen", layoutHomeScreen},
+        {"frm_Inputnew", layoutInputnew},
+        {"frm_Quit", layoutQuit},
+        {"frm_FFT", layoutFFT},
+        {"frm_Myplot2", layoutMyplot2},
+        {"frm_MyPlot3", layoutMyPlot3},
+        {"frm_MyPlot4", layoutMyPlot4},
+        {"frm_Plot1", layoutPlot1},
+        {"frm_Plot2", layoutPlot2},
+        {"frm_Plot3", layoutPlot3},
+        {"frm_PlotSelect1", layoutPlotSelect1},
+        {"frm_PlotSelect2", layoutPlotSelect2},
+        {"frm_PlotSelect3", layoutPlotSelect3},
+        {"frm_PlotSelect4", layoutPlotSelect4},
+        {"frm_PlotType", layoutPlotType},
+        {"frm_PrintData", layoutPrintData},
+        {"frm_PrintSelect", layoutPrintSelect},
+        {"frm_Title", layoutTitle},
+        {"frm_User", layoutUser},
     };
     const auto found = layouts.find(screen);
     return found == layouts.end() ? layoutPlain : found->second;

@@ -19,6 +19,20 @@ Layout layoutFor(const std::string& screen);
 /// All controls under one another in a scrolling column.
 void layoutPlain(Form& form, QWidget* room);
 
+void layoutFFT(Form& form, QWidget* room);
+void layoutMyplot2(Form& form, QWidget* room);
+void layoutMyPlot3(Form& form, QWidget* room);
+void layoutMyPlot4(Form& form, QWidget* room);
+void layoutPlot1(Form& form, QWidget* room);
+void layoutPlot2(Form& form, QWidget* room);
+void layoutPlot3(Form& form, QWidget* room);
+void layoutPlotSelect1(Form& form, QWidget* room);
+void layoutPlotSelect2(Form& form, QWidget* room);
+void layoutPlotSelect3(Form& form, QWidget* room);
+void layoutPlotSelect4(Form& form, QWidget* room);
+void layoutPlotType(Form& form, QWidget* room);
+void layoutPrintData(Form& form, QWidget* room);
+void layoutPrintSelect(Form& form, QWidget* room);
 void layoutAbout(Form& form, QWidget* room);
 void layoutAnimate(Form& form, QWidget* room);
 void layoutHelp(Form& form, QWidget* room);

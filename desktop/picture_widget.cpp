@@ -4,7 +4,9 @@
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QTimer>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "desktop/theme.h"
@@ -77,13 +79,14 @@ class Batch {
 
 }  // namespace
 
-void paintPicture(QPainter& painter, const Picture& picture, double side) {
-    painter.fillRect(QRectF(0, 0, side, side), plainColor(picture.Back()));
+void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size) {
+    painter.fillRect(QRectF(QPointF(0, 0), size), plainColor(picture.Back()));
     painter.save();
-    painter.setClipRect(QRectF(0, 0, side, side), Qt::IntersectClip);
+    painter.setClipRect(QRectF(QPointF(0, 0), size), Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing);
 
-    const double perX = side / (picture.Right() - picture.Left()), perY = side / (picture.Bottom() - picture.Top());
+    const double perX = size.width() / (picture.Right() - picture.Left());
+    const double perY = size.height() / (picture.Bottom() - picture.Top());
     const auto place = [&](double x, double y) {
         return QPointF((x - picture.Left()) * perX, (y - picture.Top()) * perY);
     };
@@ -129,10 +132,17 @@ PictureWidget::PictureWidget(Picture& picture, QWidget* parent) : QWidget(parent
 
 PictureWidget::~PictureWidget() { picture_.Changed = nullptr; }
 
-QSize PictureWidget::sizeHint() const { return {480, 480}; }
-QSize PictureWidget::minimumSizeHint() const { return {240, 240}; }
+QSize PictureWidget::sizeHint() const { return fills_ ? QSize(320, 240) : QSize(480, 480); }
+QSize PictureWidget::minimumSizeHint() const { return fills_ ? QSize(60, 40) : QSize(240, 240); }
 
-QRectF PictureWidget::square() const {
+void PictureWidget::fill() {
+    fills_ = true;
+    updateGeometry();
+    update();
+}
+
+QRectF PictureWidget::area() const {
+    if (fills_) return QRectF(rect()).adjusted(1, 1, -1, -1);
     const int side = std::min(width(), height()) - 2;
     return {std::floor((width() - side) / 2.0), std::floor((height() - side) / 2.0), static_cast<double>(side),
             static_cast<double>(side)};
@@ -144,8 +154,8 @@ void PictureWidget::paintNow() {
 
 void PictureWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QRectF place = square();
-    if (place.width() <= 0) return;
+    const QRectF place = area();
+    if (place.isEmpty()) return;
     const auto engine = painter.paintEngine()->type();
     if (engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2) {
         const double density = devicePixelRatioF();
@@ -157,14 +167,14 @@ void PictureWidget::paintEvent(QPaintEvent*) {
         image_.setDevicePixelRatio(density);
         if (revision_ != picture_.Revision()) {
             QPainter inside(&image_);
-            paintPicture(inside, picture_, place.width());
+            paintPicture(inside, picture_, place.size());
             revision_ = picture_.Revision();
         }
         painter.drawImage(place.topLeft(), image_);
         stale_ = false;
     } else {
         painter.translate(place.topLeft());
-        paintPicture(painter, picture_, place.width());
+        paintPicture(painter, picture_, place.size());
         painter.translate(-place.topLeft());
     }
     painter.setPen(QPen(borderColor(palette()), 1));
@@ -176,10 +186,23 @@ void PictureWidget::paintEvent(QPaintEvent*) {
 void PictureWidget::mousePressEvent(QMouseEvent* event) { tellMouse(event); }
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) { tellMouse(event); }
 
+void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks()) return QWidget::mouseReleaseEvent(event);
+    if (!std::exchange(was_double_, false) && onClick && rect().contains(event->position().toPoint())) onClick();
+}
+
+void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks())
+        return QWidget::mouseDoubleClickEvent(event);
+    was_double_ = true;
+    // Posted: the deed may show a screen and not return, and the release is still to come.
+    if (onDoubleClick) QTimer::singleShot(0, this, onDoubleClick);
+}
+
 void PictureWidget::tellMouse(QMouseEvent* event) {
     event->accept();
-    const QRectF place = square();
-    if (!onMouseMove || place.width() <= 0) return;
+    const QRectF place = area();
+    if (!onMouseMove || place.isEmpty()) return;
     const int button = (event->buttons() & Qt::LeftButton ? 1 : 0) + (event->buttons() & Qt::RightButton ? 2 : 0) +
                        (event->buttons() & Qt::MiddleButton ? 4 : 0);
     const int shift = (event->modifiers() & Qt::ShiftModifier ? 1 : 0) +

@@ -1,4 +1,5 @@
-// Shows the drawing of a picture box, square and crisp at any density, and tells it where the mouse is.
+// Shows the drawing of a picture box, square unless told otherwise, crisp at any density, and tells it where the mouse
+// is.
 #pragma once
 
 #include <QImage>
@@ -10,8 +11,11 @@
 
 namespace verlink::desktop {
 
-/// Paints a picture into a square of `side` logical pixels whose corner is the painter's origin.
-void paintPicture(QPainter& painter, const platform::Picture& picture, double side);
+/// Paints a picture into a rectangle of `size` logical pixels whose corner is the painter's origin.
+void paintPicture(QPainter& painter, const platform::Picture& picture, const QSizeF& size);
+inline void paintPicture(QPainter& painter, const platform::Picture& picture, double side) {
+    paintPicture(painter, picture, QSizeF(side, side));
+}
 
 class PictureWidget : public QWidget {
    public:
@@ -20,8 +24,13 @@ class PictureWidget : public QWidget {
 
     /// (button, keys, world x, world y) of each press and each move with a button down.
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
-    /// The square of the picture within the widget.
-    QRectF square() const;
+    /// Does the program want to know of clicks? If not they are the window's.
+    std::function<bool()> takesClicks;
+    std::function<void()> onClick, onDoubleClick;
+    /// The picture fills the whole widget from now on instead of a square.
+    void fill();
+    /// The place of the picture within the widget.
+    QRectF area() const;
     /// Paints at once if the picture has changed since the last painting.
     void paintNow();
 
@@ -32,6 +41,8 @@ class PictureWidget : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
    private:
     void tellMouse(QMouseEvent* event);
@@ -40,6 +51,8 @@ class PictureWidget : public QWidget {
     QImage image_;
     std::uint64_t revision_ = 0;
     bool stale_ = true;
+    bool fills_ = false;
+    bool was_double_ = false;  ///< the release to come ends a double click
 };
 
 }  // namespace verlink::desktop

@@ -114,9 +114,9 @@ TEST(PictureWidgetTest, The_picture_is_square_and_in_the_middle) {
     Picture picture;
     desktop::PictureWidget widget(picture, nullptr);
     widget.resize(500, 302);
-    EXPECT_EQ(widget.square(), QRectF(100, 1, 300, 300));
+    EXPECT_EQ(widget.area(), QRectF(100, 1, 300, 300));
     widget.resize(302, 500);
-    EXPECT_EQ(widget.square(), QRectF(1, 100, 300, 300));
+    EXPECT_EQ(widget.area(), QRectF(1, 100, 300, 300));
 }
 
 TEST(PictureWidgetTest, A_change_is_painted_once_and_at_the_latest_state) {
@@ -160,7 +160,7 @@ TEST(PictureWidgetTest, A_move_with_a_button_down_tells_button_keys_and_place) {
         QMouseEvent event(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, buttons, keys);
         QApplication::sendEvent(&widget, &event);
     };
-    const QRectF square = widget.square();
+    const QRectF square = widget.area();
     move(square.center(), Qt::LeftButton, Qt::ShiftModifier);
     move(square.topLeft(), Qt::RightButton, Qt::ControlModifier);
     move(square.topLeft() + QPointF(300, 100), Qt::MiddleButton | Qt::LeftButton,

@@ -140,7 +140,7 @@ TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
             QApplication::sendEvent(&picture, &event);
         };
         const double before = Model.Rpa;
-        const QPointF at = picture.square().center();
+        const QPointF at = picture.area().center();
         move(at, Qt::ShiftModifier | Qt::ControlModifier);
         move(at, Qt::NoModifier);
         EXPECT_EQ(Model.Rpa, before) << "shift alone drags";

@@ -1,0 +1,555 @@
+// A graph drawn by the plotting library, and the hand on it.
+#include "desktop/graph_widget.h"
+
+// The library's header uses the short words for signals and loops, which this room has switched off.
+#define signals Q_SIGNALS
+#define foreach Q_FOREACH
+#include <qcustomplot.h>
+#undef signals
+#undef foreach
+
+#include <QClipboard>
+#include <QFileInfo>
+#include <QMenu>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/file_dialogs.h"
+#include "desktop/text.h"
+#include "desktop/theme.h"
+#include "output/graph_scale.h"
+#include "platform/desktop.h"
+
+namespace verlink::desktop {
+
+using platform::Graph;
+
+namespace {
+
+constexpr double kThin = 1.5, kThick = 2.5;
+constexpr int kLabelGap = 16, kTickGap = 5;  ///< pixels between neighbours, at least
+constexpr int kFew = 64;                     ///< points that can be told apart, each with a mark on its stick
+constexpr int kLeastFrame = 8;               ///< a smaller frame is a trembling hand
+constexpr double kMostEnlarged = 1e-6;
+
+Span spanOf(const QCPRange& range) { return {range.lower, range.upper}; }
+QCPRange rangeOf(const Span& span) { return {span.low, span.high}; }
+
+QFont fontOf(const QFont& base, const Graph::Font& wish, double scale = 1) {
+    QFont font = base;
+    font.setPointSizeF(std::max(4.0, base.pointSizeF() * wish.size / 100 * scale));
+    font.setBold(wish.style & 2);
+    if (wish.family == 1) font.setStyleHint(QFont::SansSerif);
+    return font;
+}
+
+QPen penOf(const QColor& color, double width, int pattern) {
+    QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+    const std::vector<double>& dashes = Dashes_Of(pattern);
+    if (!dashes.empty()) pen.setDashPattern(QList<qreal>(dashes.begin(), dashes.end()));
+    return pen;
+}
+
+/// Labels every so many points, with ticks between them; fewer where they would not fit.
+class LabelTicker : public QCPAxisTicker {
+   public:
+    QStringList labels;
+    int tick_every = 1, label_every = 1;
+    int width = 400;      ///< pixels of the axis, about
+    int label_width = 1;  ///< pixels of the widest label
+
+    void generate(const QCPRange& range, const QLocale&, QChar, int, QVector<double>& ticks, QVector<double>* between,
+                  QVector<QString>* texts) override {
+        ticks.clear();
+        if (between) between->clear();
+        if (texts) texts->clear();
+        const int last = static_cast<int>(labels.size()) - 1;
+        const int from = std::clamp(static_cast<int>(std::ceil(range.lower - 1e-9)), 0, std::max(0, last));
+        const int to = std::min(static_cast<int>(std::floor(range.upper + 1e-9)), last);
+        const double points = range.upper - range.lower + 1;
+        const int room = static_cast<int>(points) + 1;
+        int label = Thinned(label_every, room, width / (label_width + kLabelGap));
+        // Where so little is in view that hardly a label is left, the points between get theirs.
+        if (room < 2 * label_every) label = Thinned(1, room, width / (label_width + kLabelGap));
+        const int tick = std::min(Thinned(tick_every, room, width / kTickGap), label);
+        for (int i = (from + label - 1) / label * label; i <= to; i += label) {
+            ticks.append(i);
+            if (texts) texts->append(labels[i]);
+        }
+        for (int i = (from + tick - 1) / tick * tick; between && i <= to; i += tick) between->append(i);
+    }
+};
+
+/// Round values, as many as the height has room for.
+class ValueTicker : public QCPAxisTicker {
+   public:
+    int height = 300;
+
+   protected:
+    QVector<double> createTickVector(double, const QCPRange& range) override {
+        const std::vector<double> values = Round_Values(spanOf(range), std::clamp(height / 40, 3, 12));
+        return {values.begin(), values.end()};
+    }
+    int getSubTickCount(double) override { return 0; }
+};
+
+}  // namespace
+
+class GraphWidget::Plot : public QCustomPlot {
+   public:
+    explicit Plot(QWidget* parent)
+        : QCustomPlot(parent), labels_(new LabelTicker), values_(new ValueTicker), title_(new QCPTextElement(this)) {
+        setMouseTracking(true);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        setCursor(Qt::CrossCursor);
+        setInteractions(QCP::iRangeZoom);
+        setSelectionRectMode(QCP::srmZoom);
+        setAutoAddPlottableToLegend(false);
+        xAxis->setTicker(labels_);
+        yAxis->setTicker(values_);
+        yAxis->setNumberFormat(QStringLiteral("gb"));
+        xAxis->grid()->setZeroLinePen(Qt::NoPen);
+        axisRect()->setupFullAxesBox();
+        for (QCPAxis* axis : {xAxis2, yAxis2}) {
+            axis->setTicks(false);
+            axis->setTickLabels(false);
+        }
+        legend->setBorderPen(Qt::NoPen);
+        legend->setBrush(Qt::NoBrush);
+        legend->setIconSize(34, 12);
+        legend->setMargins(QMargins(10, 2, 10, 0));
+        legend->setRowSpacing(0);
+        axisRect()->insetLayout()->take(legend);
+        plotLayout()->setRowSpacing(4);
+        connect(xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+                [this](const QCPRange& range) { keepWithin(xAxis, range, points_); });
+        connect(yAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
+                [this](const QCPRange& range) { keepWithin(yAxis, range, span_); });
+    }
+
+    ~Plot() override {
+        // The library destroys what stands in the layout; what stands outside is ours.
+        if (!title_->layout()) delete title_;
+        if (!legend->layout()) delete legend;
+    }
+
+    void take(const Graph& graph) {
+        const bool same = sameData(graph);
+        const QRectF before(QPointF(xAxis->range().lower, yAxis->range().lower),
+                            QPointF(xAxis->range().upper, yAxis->range().upper));
+        sets_ = graph.Sets();
+        curves_ = graph.NumSets();
+        points_ = Point_Span(graph);
+        span_ = Value_Span(graph);
+        bottom_title_ = lines(graph.BottomTitle);
+        colors_ = &Colors_Of(graph.Background);
+
+        labels_->labels.clear();
+        for (const std::string& label : graph.Labels()) labels_->labels << toQt(label);
+        labels_->tick_every = graph.TickEvery;
+        labels_->label_every = graph.LabelEvery;
+        text_font_ = fontOf(font(), graph.TextFont());
+        title_font_ = fontOf(font(), graph.TitleFont());
+        heading_font_ = fontOf(font(), graph.TitleFont(), 1.15);
+
+        paintAxes(graph);
+        makeCurves(graph);
+        arrange(lines(graph.GraphTitle));
+        // A change of style leaves an enlarged part where it was.
+        if (same && !all_) {
+            xAxis->setRange(before.left(), before.right());
+            yAxis->setRange(before.top(), before.bottom());
+        } else {
+            showAll();
+        }
+        redraw();
+    }
+
+    void redraw() {
+        if (isVisible()) replot(rpQueuedReplot);
+    }
+
+    void showAll() {
+        all_ = true;
+        full_ = true;
+        xAxis->setRange(rangeOf(points_));
+        yAxis->setRange(rangeOf(span_));
+        full_ = false;
+    }
+
+    /// What depends on the room there is.
+    void fit() {
+        labels_->width = std::max(60, width() - 100);
+        values_->height = std::max(60, height() - 60);
+        const QFontMetrics metrics(text_font_);
+        int widest = 1;
+        for (const QString& label : labels_->labels)
+            widest = std::max(widest, static_cast<int>(label.size()) * metrics.horizontalAdvance(u'0'));
+        labels_->label_width = widest;
+        int cell = 1;
+        // A row of the legend that is not full has empty places.
+        for (int i = 0; i < legend->itemCount(); ++i)
+            if (const QCPAbstractLegendItem* item = legend->item(i))
+                cell = std::max(cell, item->minimumOuterSizeHint().width() + 12);
+        const int room = std::max(1, (width() - 20) / cell);
+        legend->setWrap(room >= 4 ? 4 : std::min(room, curves_ == 4 ? 2 : 3));
+        legend->setFillOrder(QCPLayoutGrid::foColumnsFirst, true);
+    }
+
+    int nearest(const QPointF& at) const {
+        if (!axisRect()->rect().contains(at.toPoint()) || labels_->labels.isEmpty()) return -1;
+        const int last = static_cast<int>(labels_->labels.size()) - 1;
+        return std::clamp(static_cast<int>(std::lround(xAxis->pixelToCoord(at.x()))), 0, last);
+    }
+
+    QStringList readOut(const QPointF& at) const {
+        const int point = nearest(at);
+        if (point < 0) return {};
+        QStringList texts{(bottom_title_ + u' ' + labels_->labels[point]).trimmed()};
+        for (const std::size_t set : read(point))
+            texts << (toQt(sets_[set].legend).trimmed() + u' ' +
+                      QString::number(sets_[set].values[static_cast<std::size_t>(point)], 'g', 6))
+                         .trimmed();
+        return texts;
+    }
+
+    /// The sets that have a value at a point.
+    std::vector<std::size_t> read(int point) const {
+        std::vector<std::size_t> found;
+        for (std::size_t i = 0; i < sets_.size(); ++i)
+            if (std::isfinite(sets_[i].values[static_cast<std::size_t>(point)])) found.push_back(i);
+        return found;
+    }
+
+    QStringList shownLabels() const { return QStringList(xAxis->tickVectorLabels().toList()); }
+
+   protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter probe(this);
+        const auto engine = probe.paintEngine()->type();
+        probe.end();
+        if (engine != QPaintEngine::Raster && engine != QPaintEngine::OpenGL2) {
+            QCPPainter painter(this);
+            painter.setMode(QCPPainter::pmVectorized);
+            toPainter(&painter, width(), height());
+            return;
+        }
+        QCustomPlot::paintEvent(event);
+        if (underMouse()) paintCrosshair();
+    }
+
+    bool event(QEvent* event) override {
+        // The read-out stands where a tip would.
+        if (event->type() == QEvent::ToolTip) return true;
+        return QCustomPlot::event(event);
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) QCustomPlot::mousePressEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        mouse_ = event->position();
+        QCustomPlot::mouseMoveEvent(event);
+        update();
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() != Qt::LeftButton) return;
+        const QRectF frame = selectionRect()->rect().normalized();
+        if (selectionRect()->isActive() && (frame.width() < kLeastFrame || frame.height() < kLeastFrame))
+            selectionRect()->cancel();
+        QCustomPlot::mouseReleaseEvent(event);
+        event->accept();
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        if (event->button() != Qt::LeftButton) return;
+        showAll();
+        redraw();
+    }
+    void leaveEvent(QEvent* event) override {
+        QCustomPlot::leaveEvent(event);
+        update();
+    }
+
+   private:
+    static bool alike(const std::vector<double>& a, const std::vector<double>& b) {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); });
+    }
+    bool sameData(const Graph& graph) const {
+        if (sets_.size() != graph.Sets().size()) return false;
+        for (std::size_t i = 0; i < sets_.size(); ++i)
+            if (!alike(sets_[i].values, graph.Sets()[i].values)) return false;
+        return true;
+    }
+
+    /// Only what there is can be looked at, and not through a keyhole.
+    void keepWithin(QCPAxis* axis, const QCPRange& wished, const Span& whole) {
+        if (full_) return;
+        const double least = whole.Width() * kMostEnlarged;
+        QCPRange range = wished;
+        if (range.size() < least) range = QCPRange(range.center() - least / 2, range.center() + least / 2);
+        range = range.bounded(whole.low, whole.high);
+        if (range != wished) axis->setRange(range);
+        all_ = xAxis->range() == rangeOf(points_) && yAxis->range() == rangeOf(span_);
+    }
+
+    void paintAxes(const Graph& graph) {
+        const QColor ink = plainColor(colors_->ink);
+        const QPen line(ink, 1), grid(plainColor(colors_->grid), 1);
+        setBackground(QBrush(plainColor(colors_->back)));
+        for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
+            axis->setBasePen(line);
+            axis->setTickPen(line);
+            axis->setSubTickPen(line);
+            axis->setTickLabelColor(ink);
+            axis->setLabelColor(ink);
+            axis->setTickLabelFont(text_font_);
+            axis->setLabelFont(title_font_);
+            axis->setTickLengthIn(0);
+            axis->setTickLengthOut(7);
+            axis->setSubTickLengthIn(0);
+            axis->setSubTickLengthOut(4);
+        }
+        xAxis->setLabel(bottom_title_);
+        xAxis->setLabelPadding(2);
+        xAxis->grid()->setPen(graph.GridStyle & 2 ? grid : QPen(Qt::NoPen));
+        yAxis->grid()->setPen(graph.GridStyle & 1 ? grid : QPen(Qt::NoPen));
+        yAxis->grid()->setZeroLinePen(span_.low < 0 && span_.high > 0 ? line : QPen(Qt::NoPen));
+        legend->setFont(text_font_);
+        legend->setTextColor(ink);
+        QColor veil = ink;
+        veil.setAlpha(28);
+        selectionRect()->setPen(QPen(ink, 1, Qt::DashLine));
+        selectionRect()->setBrush(veil);
+    }
+
+    QCPGraph* addCurve(const QVector<double>& keys, const Graph::Set& set) {
+        QCPGraph* curve = addGraph();
+        curve->setAdaptiveSampling(false);
+        curve->setData(keys, QVector<double>(set.values.begin(), set.values.end()), true);
+        return curve;
+    }
+
+    void makeCurves(const Graph& graph) {
+        clearPlottables();
+        const int points = graph.NumPoints();
+        QVector<double> keys(points);
+        for (int i = 0; i < points; ++i) keys[i] = i;
+        const double width = graph.ThickLines == 1 ? kThick : kThin;
+        for (std::size_t i = 0; i < sets_.size(); ++i) {
+            const QColor color = plainColor(colors_->curves[i % colors_->curves.size()]);
+            const QPen pen = penOf(color, width, Pattern_Of(graph, sets_[i]));
+            QCPGraph* shown = nullptr;
+            if (Draws_Sticks(graph)) {
+                shown = addCurve(keys, sets_[i]);
+                shown->setLineStyle(QCPGraph::lsImpulse);
+                QColor faint = color;
+                faint.setAlpha(points > kFew ? 120 : 200);
+                shown->setPen(QPen(faint, points > kFew ? 1 : 2, Qt::SolidLine, Qt::FlatCap));
+                if (points <= kFew) shown->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, color, color, 5));
+            }
+            if (Draws_Lines(graph)) {
+                shown = addCurve(keys, sets_[i]);
+                shown->setPen(pen);
+                if (points == 1) shown->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, color, color, 6));
+            }
+            if (sets_[i].legend.empty() || !shown) continue;
+            shown->setName(lines(sets_[i].legend));
+            shown->addToLegend();
+        }
+    }
+
+    /// Title, legend and axes under one another, each if it is there.
+    void arrange(const QString& title) {
+        QCPAxisRect* axes = axisRect();
+        QCPLayoutGrid* all = plotLayout();
+        for (QCPLayoutElement* element : {static_cast<QCPLayoutElement*>(title_),
+                                          static_cast<QCPLayoutElement*>(legend), static_cast<QCPLayoutElement*>(axes)})
+            if (element->layout() == all) all->take(element);
+        all->simplify();
+        int rows = 0;
+        title_->setVisible(!title.isEmpty());
+        if (!title.isEmpty()) {
+            title_->setText(title);
+            title_->setFont(heading_font_);
+            title_->setTextColor(plainColor(colors_->ink));
+            title_->setMargins(QMargins(4, 4, 4, 0));
+            all->addElement(rows, 0, title_);
+            all->setRowStretchFactor(rows++, 0.001);
+        }
+        legend->setVisible(legend->itemCount() > 0);
+        if (legend->itemCount() > 0) {
+            all->addElement(rows, 0, legend);
+            all->setRowStretchFactor(rows++, 0.001);
+        }
+        all->addElement(rows, 0, axes);
+        all->setRowStretchFactor(rows, 1);
+        fit();
+    }
+
+    void paintCrosshair() {
+        const int point = nearest(mouse_);
+        if (point < 0) return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF area = axisRect()->rect();
+        QColor ink = plainColor(colors_->ink);
+        ink.setAlpha(110);
+        painter.setPen(QPen(ink, 1));
+        const double x = std::floor(xAxis->coordToPixel(point)) + 0.5, y = std::floor(mouse_.y()) + 0.5;
+        if (area.left() <= x && x <= area.right()) painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
+        painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
+        painter.setPen(Qt::NoPen);
+        const std::vector<std::size_t> shown = read(point);
+        for (const std::size_t i : shown) {
+            const QPointF at(x, yAxis->coordToPixel(sets_[i].values[static_cast<std::size_t>(point)]));
+            if (!area.contains(at)) continue;
+            painter.setBrush(plainColor(colors_->curves[i % colors_->curves.size()]));
+            painter.drawEllipse(at, 3.5, 3.5);
+        }
+        paintReadOut(painter, area, shown);
+    }
+
+    void paintReadOut(QPainter& painter, const QRectF& area, const std::vector<std::size_t>& shown) {
+        const QStringList texts = readOut(mouse_);
+        painter.setFont(font());
+        const QFontMetricsF metrics(font());
+        double width = 0;
+        for (qsizetype i = 0; i < texts.size(); ++i)
+            width = std::max(width, metrics.horizontalAdvance(texts[i]) + (i ? 16 : 0));
+        constexpr double kInset = 8, kAway = 14;
+        const double line = metrics.height();
+        QRectF box(0, 0, width + 2 * kInset, line * static_cast<double>(texts.size()) + kInset);
+        // At the side where there is room.
+        box.moveLeft(mouse_.x() + kAway + box.width() <= area.right() ? mouse_.x() + kAway
+                                                                      : mouse_.x() - kAway - box.width());
+        box.moveTop(mouse_.y() + kAway + box.height() <= area.bottom() ? mouse_.y() + kAway
+                                                                       : mouse_.y() - kAway - box.height());
+        box.moveLeft(std::max(2.0, box.left()));
+        box.moveTop(std::max(2.0, box.top()));
+        QColor paper = plainColor(colors_->back), border = plainColor(colors_->ink);
+        paper.setAlpha(235);
+        border.setAlpha(120);
+        painter.setBrush(paper);
+        painter.setPen(border);
+        painter.drawRoundedRect(box, 4, 4);
+        double top = box.top() + kInset / 2;
+        for (qsizetype i = 0; i < texts.size(); ++i, top += line) {
+            double left = box.left() + kInset;
+            if (i > 0) {
+                const std::size_t curve = shown[static_cast<std::size_t>(i - 1)] % colors_->curves.size();
+                painter.setPen(QPen(plainColor(colors_->curves[curve]), 2.5));
+                painter.drawLine(QPointF(left, top + line / 2), QPointF(left + 10, top + line / 2));
+                left += 16;
+            }
+            painter.setPen(plainColor(colors_->ink));
+            painter.drawText(QPointF(left, top + metrics.ascent()), texts[i]);
+        }
+    }
+
+    QSharedPointer<LabelTicker> labels_;
+    QSharedPointer<ValueTicker> values_;
+    QCPTextElement* title_;
+    QFont text_font_, title_font_, heading_font_;
+    QString bottom_title_;
+    std::vector<Graph::Set> sets_;
+    int curves_ = 0;
+    Span points_{-0.5, 0.5}, span_{-1, 1};
+    const Graph_Colors* colors_ = &Colors_Of(15);
+    QPointF mouse_{-1, -1};
+    bool all_ = true;    ///< nothing is enlarged
+    bool full_ = false;  ///< the whole is being shown
+};
+
+GraphWidget::GraphWidget(const Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph), plot_(new Plot(this)) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    follow(true);
+}
+
+GraphWidget::~GraphWidget() = default;
+
+void GraphWidget::follow() { follow(graph_.Drawings() != seen_); }
+
+void GraphWidget::follow(bool drawn) {
+    if (!drawn) return;
+    seen_ = graph_.Drawings();
+    plot_->take(graph_);
+    const QString title = lines(graph_.GraphTitle);
+    setAccessibleName(title.isEmpty() ? QStringLiteral("Graph") : title);
+}
+
+QRectF GraphWidget::view() const {
+    const QCPRange x = plot_->xAxis->range(), y = plot_->yAxis->range();
+    return {x.lower, y.lower, x.size(), y.size()};
+}
+
+void GraphWidget::showAll() {
+    plot_->showAll();
+    plot_->redraw();
+}
+
+QPoint GraphWidget::place(double point, double value) const {
+    return {qRound(plot_->xAxis->coordToPixel(point)), qRound(plot_->yAxis->coordToPixel(value))};
+}
+
+QStringList GraphWidget::labels() const { return plot_->shownLabels(); }
+QStringList GraphWidget::readOut(const QPoint& at) const { return plot_->readOut(at); }
+
+bool GraphWidget::savePicture(const QString& path) {
+    const QString kind = QFileInfo(path).suffix().toLower();
+    if (kind == QStringLiteral("pdf"))
+        return plot_->savePdf(path, width(), height(), QCP::epAllowCosmetic, QStringLiteral("Verlink"),
+                              lines(graph_.GraphTitle));
+    if (kind == QStringLiteral("svg")) {
+        QSvgGenerator document;
+        document.setFileName(path);
+        document.setSize(size());
+        document.setViewBox(QRect(QPoint(0, 0), size()));
+        document.setResolution(logicalDpiX());
+        document.setTitle(lines(graph_.GraphTitle));
+        QCPPainter painter;
+        if (!painter.begin(&document)) return false;
+        painter.setMode(QCPPainter::pmVectorized);
+        plot_->toPainter(&painter, width(), height());
+        return painter.end();
+    }
+    return plot_->toPixmap(width(), height(), std::max(2.0, devicePixelRatioF())).save(path, "PNG");
+}
+
+void GraphWidget::copyPicture() { QApplication::clipboard()->setPixmap(plot_->toPixmap(width(), height(), 2)); }
+
+void GraphWidget::askAndSave() {
+    platform::FileDialog wish;
+    wish.title = "Save picture";
+    wish.filter = "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|";
+    wish.file_name = "plot.png";
+    wish.warn_before_overwriting = true;
+    const auto path = askSaveFile(window(), wish, toQt(platform::The_Desktop().Documents_Folder()));
+    if (path && !savePicture(toQt(*path)))
+        platform::Tell("The picture could not be written to " + *path + ".", platform::Icon::kExclamation);
+}
+
+void GraphWidget::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("qt_graph_menu"));
+    const QAction* save = menu.addAction(QStringLiteral("Save picture..."));
+    const QAction* copy = menu.addAction(QStringLiteral("Copy picture"));
+    const QAction* chosen = menu.exec(event->globalPos());
+    if (chosen == save) askAndSave();
+    if (chosen == copy) copyPicture();
+}
+
+void GraphWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    plot_->setGeometry(rect());
+    plot_->fit();
+}
+
+void GraphWidget::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    plot_->fit();
+    plot_->replot(QCustomPlot::rpQueuedRefresh);
+}
+
+}  // namespace verlink::desktop

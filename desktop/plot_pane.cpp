@@ -1,0 +1,78 @@
+// Where the labels upon a picture go.
+#include "desktop/plot_pane.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/picture_widget.h"
+
+namespace verlink::desktop {
+
+namespace {
+
+constexpr int kAway = 3;      ///< pixels between a place and its label
+constexpr int kWidth = 140;   ///< room for a label's text
+constexpr int kAirAbove = 1;  ///< over the lower edge of the picture
+
+}  // namespace
+
+PlotPane::PlotPane(PictureWidget* picture, QWidget* parent) : QWidget(parent), picture_(picture) {
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(picture);
+}
+
+void PlotPane::add(QLabel* label, double x, double y, Side side) {
+    label->setParent(this);
+    QPalette ink;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        ink.setColor(group, QPalette::WindowText, Qt::black);
+    label->setPalette(ink);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setAlignment(Qt::AlignVCenter | (side == Side::kLeft    ? Qt::AlignRight
+                                            : side == Side::kRight ? Qt::AlignLeft
+                                                                   : Qt::AlignHCenter));
+    label->raise();
+    marks_.push_back({label, x, y, side});
+}
+
+void PlotPane::place() {
+    const QRectF area = picture_->area();
+    for (const Mark& mark : marks_) {
+        const int high = mark.label->fontMetrics().height();
+        const int x = qRound(picture_->x() + area.left() + mark.x * area.width());
+        const int y = qRound(picture_->y() + area.top() + mark.y * area.height());
+        QRect box(0, 0, kWidth, high);
+        switch (mark.side) {
+            case Side::kLeft: box.moveTopRight({x - kAway, y - high / 2}); break;
+            case Side::kRight: box.moveTopLeft({x + kAway, y - high / 2}); break;
+            case Side::kBelow: box.moveTopLeft({x - kWidth / 2, y + kAway}); break;
+            case Side::kAbove: box.moveTopLeft({x - kWidth / 2, y - high - kAirAbove}); break;
+        }
+        if (mark.side == Side::kBelow) {
+            // As wide as its text, and not beyond the edges.
+            const int wide = mark.label->sizeHint().width();
+            box = QRect(std::clamp(x - wide / 2, 1, std::max(1, width() - wide - 2)), box.y(), wide, high);
+        }
+        mark.label->setGeometry(box);
+    }
+}
+
+void PlotPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (layout()) layout()->activate();
+    place();
+}
+
+bool PlotPane::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) {
+        const bool done = QWidget::event(event);
+        place();
+        return done;
+    }
+    return QWidget::event(event);
+}
+
+}  // namespace verlink::desktop
