@@ -55,8 +55,112 @@ void Drag(Screen& screen, double across, double down) {
                     picture.Top() + down * (picture.Bottom() - picture.Top()));
 }
 
-std::vector<Stop> Walk() {
+void Choose(Screen& screen, const char* box, int entry) { screen.Get<platform::ComboBox>(box).Choose(entry); }
+void Pick(Screen& screen, const char* options, int index) {
+    screen.Get<platform::OptionButton>(options, index).Value = true;
+}
+
+using Stops = std::vector<Stop>;
+
+/// From the home screen to a selection screen of plots, by the type of the plot.
+Stops To_Selection(int type, const char* type_picture) {
+    return {{"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Plot"); }},
+            {"frm_PlotType", type_picture, [type](Screen& s) { Pick(s, "opt_PickPlot", type); }},
+            {"frm_PlotType", "", [](Screen& s) { Press(s, "cmd_PickPlotDone"); }}};
+}
+
+Stops Plots_On_Graphs() {
+    Stops stops = To_Selection(0, "plot-type");
+    const Stops single = {
+        {"frm_PlotSelect1", "plot-select-1", [](Screen& s) { Choose(s, "cmb_Preset", 6); }},
+        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Plot1", "plot-1", {}, 400},
+        {"frm_Plot1", "plot-1-blue", [](Screen& s) { Pick(s, "opt_Back", 1); }, 300},
+        {"frm_Plot1", "plot-1-gray-fills",
+         [](Screen& s) {
+             Pick(s, "opt_Back", 2);
+             Tick(s, "chk_Sticks", true);
+         },
+         300},
+        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Replot"); }},
+        {"frm_PlotSelect1", "plot-select-1-mix",
+         [](Screen& s) {
+             Pick(s, "opt_PrintSet", 1);
+             Choose(s, "cmb_Var1", 2);
+             Press(s, "cmd_OK1");
+             Choose(s, "cmb_Var2", 12);
+             Choose(s, "cmb_Com2", 2);
+             Press(s, "cmd_OK2");
+         }},
+        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Plot1", "", [](Screen& s) { Tick(s, "chk_Sticks", false); }},
+        {"frm_Plot1", "plot-1-mix", [](Screen& s) { Pick(s, "opt_Back", 0); }, 300},
+        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+    };
+    stops.insert(stops.end(), single.begin(), single.end());
+    return stops;
+}
+
+/// Two or four windows, in both families.
+Stops Plots_In_Windows(int type, const char* selection, const char* aligned, const char* annotated) {
+    Stops stops = To_Selection(type, "");
+    const std::string number = type == 1 ? "2" : "3";
+    const Stops both = {
+        {selection, "plot-select-" + number,
+         [](Screen& s) {
+             Pick(s, "opt_Plotstyle", 1);
+             Choose(s, "cmb_Preset", 5);
+         }},
+        {selection, "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {annotated, "plot-" + number, {}, 400},
+        {annotated, "", [](Screen& s) { Press(s, "cmd_Replot"); }},
+        {selection, "",
+         [](Screen& s) {
+             Pick(s, "opt_Plotstyle", 0);
+             Choose(s, "cmb_Preset", 5);
+         }},
+        {selection, "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {aligned, "plot-" + number + "-aligned", {}, 700},
+        {aligned, "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
+    };
+    stops.insert(stops.end(), both.begin(), both.end());
+    return stops;
+}
+
+Stops Polar_Plot() {
+    Stops stops = To_Selection(3, "");
+    const Stops polar = {
+        {"frm_PlotSelect4", "plot-select-4", [](Screen& s) { Choose(s, "cmb_Var1", 2); }},
+        {"frm_PlotSelect4", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
+        {"frm_MyPlot4", "plot-4", {}, 300},
+        {"frm_MyPlot4", "plot-4-step",
+         [](Screen& s) {
+             Tick(s, "chk_Pause", true);
+             for (int i = 0; i < 20; ++i) Press(s, "cmd_Step");
+         },
+         300},
+        {"frm_MyPlot4", "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
+    };
+    stops.insert(stops.end(), polar.begin(), polar.end());
+    return stops;
+}
+
+Stops Table_And_Transform() {
     return {
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
+        {"frm_PrintSelect", "print-select", [](Screen& s) { Choose(s, "cmb_Preset", 5); }},
+        {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_PrintData", "print-data", {}, 400},
+        {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_CalcFFT").Click(); }},
+        {"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 8); }, 500},
+        {"frm_FFT", "", [](Screen& s) { Press(s, "cmd_Done"); }, 300},
+    };
+}
+
+Stops Walk() {
+    Stops stops = {
         {"frm_Title", "title", {}, 200},
         {"frm_Title", "", [](Screen& s) { Press(s, "cmd_Start"); }},
         {"frm_User", "user", [](Screen& s) { Fill(s, "txt_UserName", platform::kNoIndex, "A. Designer"); }},
@@ -102,6 +206,12 @@ std::vector<Stop> Walk() {
          }},
         {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "home", {}, 300},
+    };
+    for (const Stops& more :
+         {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
+          Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(), Table_And_Transform()})
+        stops.insert(stops.end(), more.begin(), more.end());
+    const Stops last = {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},
         {"frm_About", "about", {}, 200},
         {"frm_About", "", [](Screen& s) { s.Hide(); }},
@@ -116,6 +226,8 @@ std::vector<Stop> Walk() {
         {"frm_Quit", "quit", {}, 200},
         {"frm_Quit", "", [](Screen& s) { Press(s, "cmd_YesQuit"); }},
     };
+    stops.insert(stops.end(), last.begin(), last.end());
+    return stops;
 }
 
 class Walker {
