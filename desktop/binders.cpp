@@ -156,7 +156,7 @@ QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
             other->setFocusPolicy(other == button ? Qt::StrongFocus : Qt::ClickFocus);
     };
     bind(form, control, button, show);
-    QObject::connect(button, &QRadioButton::clicked, button, [&form, &control, group] {
+    QObject::connect(button, &QRadioButton::clicked, button, [&form, &control] {
         form.act(control, [&] {
             control.SetFocus();
             control.Click();

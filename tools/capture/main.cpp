@@ -232,7 +232,7 @@ Stops Walk() {
 
 class Walker {
    public:
-    Walker(desktop::QtDesktop& desktop, QDir folder) : desktop_(desktop), folder_(std::move(folder)), stops_(Walk()) {}
+    Walker(desktop::QtDesktop& desktop, const QDir& folder) : desktop_(desktop), folder_(folder), stops_(Walk()) {}
 
     void Start() { Later(300); }
     bool Done() const { return next_ >= stops_.size(); }
