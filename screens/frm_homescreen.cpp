@@ -137,7 +137,7 @@ void frm_HomeScreen::Show_Linkage() {
     // This picture has settings of its own; the user's, and the window that the animate screen drags in, stay.
     const DisplaySettings settings = Model;
     const AnimationState state = Model;
-    Model.HideLinksFlag = Model.TraceFlag = "N";
+    Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = "N";
     Model.ShowCouplerFlag = "Y";
     Model.ShowCentrodesFlag = "N";
     Model.ZoomFactor = 1;

@@ -113,6 +113,16 @@ TEST_F(HomeActivationTest, ACalculatedLinkageIsDrawnWithItsCouplerCurveAndNothin
     EXPECT_EQ(Model.FlipSum, 1);
 }
 
+TEST_F(HomeActivationTest, ThePictureIsWithoutTheCouplerLinesOfTheAnimateScreen) {
+    Calculate_Turn();
+    home.Form_Activate();
+    const auto without = home.Picture1.Drawing().Alive();
+    Model.ShowCouplerLinesFlag = "Y";
+    home.Form_Activate();
+    EXPECT_EQ(home.Picture1.Drawing().Alive(), without);
+    EXPECT_EQ(Model.ShowCouplerLinesFlag, "Y");
+}
+
 TEST_F(HomeActivationTest, APositionThatDoesNotCloseIsPassedOverInThePicture) {
     Calculate_Turn();
     for (int step = 0; step < 9; ++step) {
