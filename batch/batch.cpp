@@ -2,6 +2,7 @@
 #include "batch/batch.h"
 
 #include "batch/csv.h"
+#include "batch/functions.h"
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
 #include "batch/picture.h"
@@ -28,6 +29,10 @@ const char kHelp[] =
     "                       that value: --set L2=1.2 --set \"CG(3,1)=0.5\"\n"
     "  --csv FILE           writes the table to a file instead of standard output\n"
     "  --svg FILE           draws the linkage at step 0 with its coupler curve\n"
+    "  --frame global|local the frame of the vectors: global if not given; in local each\n"
+    "                       is seen from its own link\n"
+    "  --fft FUNCTION       transforms a function and writes, in place of the table, a row\n"
+    "                       for each harmonic: --fft \"Accel CP:Mag\"\n"
     "  --classify           prints the Grashof code, its words, and the toggle angle in\n"
     "                       degrees of a non-Grashof linkage\n"
     "  --save OUT.vlk       writes the model again\n"
@@ -35,14 +40,19 @@ const char kHelp[] =
     "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
     "  --help, --version    print this, or the version\n"
     "\n"
+    "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
+    "Mag or Ang behind a colon; X if there is none.\n"
+    "\n"
     "With --classify or --save nothing is run unless --csv or --svg is given too, and\n"
     "then the table is written only to the file of --csv.\n"
     "\n"
     "The table has a header line and a row for each step. Assembled is 1 where the\n"
-    "position closed. Angles are degrees, lengths in the model's shown unit, vectors in\n"
-    "the global frame. The centrodes are in the global frame too; their lengths are in\n"
-    "the unit that the file stores, metres where the screen shows centimetres or\n"
-    "millimetres.\n"
+    "position closed. Angles are degrees, lengths in the model's shown unit. The centrodes\n"
+    "are in the global frame always; their lengths are in the unit that the file stores,\n"
+    "metres where the screen shows centimetres or millimetres.\n"
+    "\n"
+    "Of a transform, harmonic 0 is the mean; the real and imaginary part, magnitude and\n"
+    "phase of every other are doubled.\n"
     "\n"
     "Exit status: 0 done, 1 when the model cannot be read or run or closes nowhere or a\n"
     "file cannot be written, 2 for wrong usage. Messages go to standard error.\n";
@@ -67,6 +77,13 @@ bool Fields_Fit(const BatchOptions& options, std::string& fault) {
         return false;
     }
     return true;
+}
+
+/// The function is looked up before a model is opened: it is a variable of a run.
+bool Functions_Known(const BatchOptions& options, std::string& fault) {
+    if (!options.fft || Is_Variable(options.fft->label)) return true;
+    fault = "there is no function \"" + options.fft->label + "\"";
+    return false;
 }
 
 /// Failure 62 when the model now wants rows of the drive or torque table that its file does not have.
@@ -140,8 +157,18 @@ class Batch {
     }
 
     bool Write_Results() {
-        if (options_.csv && !Write(*options_.csv, Run_Table_Csv())) return false;
-        if (!options_.csv && !options_.Without_Run()) out_ << Run_Table_Csv();
+        if (options_.csv || !options_.Without_Run()) {
+            if (options_.fft && Model.Calctype == 1) {
+                err_ << "verlink-batch: one position has no transform\n";
+                return false;
+            }
+            const std::string table =
+                options_.fft ? Transform_Csv(*options_.fft, options_.Local()) : Run_Table_Csv(options_.Local());
+            if (!options_.csv)
+                out_ << table;
+            else if (!Write(*options_.csv, table))
+                return false;
+        }
         return !options_.svg || Write(*options_.svg, Picture_Svg());
     }
 
@@ -183,6 +210,10 @@ int Batch_Main(const std::vector<std::string>& arguments, std::ostream& out, std
     Model.JustStarted = true;
     Initialize();
     Use_Units(Model.Units);
+    if (!Functions_Known(options, fault)) {
+        err << "verlink-batch: " << fault << '\n' << kBatchUsage;
+        return kWrongUsage;
+    }
     return Batch(options, out, err).Run();
 }
 

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <vector>
 
+#include "batch/functions.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "output/catalogue.h"
@@ -13,9 +14,6 @@ namespace verlink {
 
 namespace {
 
-/// The last variable of the catalogue that a run without dynamics fills.
-constexpr int kLastKinematic = 19;
-constexpr int kGlobal = 0;
 /// The function slot through which the variables are read.
 constexpr int kSlot = 1;
 
@@ -41,7 +39,7 @@ void Add_Chosen(std::vector<Column>& columns, const std::string& label) {
 
 void Add_Variable(std::vector<Column>& columns, const std::string& name) {
     Select_Variable(name, kSlot);
-    if (Model.ScalarFunction) {
+    if (Model.ScalarFunction || name == "Flywl Torque") {
         Add_Chosen(columns, name);
         return;
     }
@@ -79,11 +77,11 @@ std::string Csv_Field(const std::string& text) {
     return field + '"';
 }
 
-std::string Run_Table_Csv() {
-    Model.CoordSystem = kGlobal;
+std::string Run_Table_Csv(bool local) {
+    Use_Frame(local, kSlot);
     std::vector<Column> columns;
     Add_Column(columns, "Time", [](int step) { return Single(step * Model.TimeStep + Model.TimeStart); });
-    for (int number = 1; number <= kLastKinematic; ++number) Add_Variable(columns, Model.VariableNames(number));
+    for (int number = 1; number <= Last_Variable(); ++number) Add_Variable(columns, Model.VariableNames(number));
     Add_Centrode(columns, "Fixed Centrode", Model.RunTable.FixedCentrode);
     Add_Centrode(columns, "Moving Centrode", Model.RunTable.MovingCentrode);
 

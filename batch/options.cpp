@@ -7,6 +7,7 @@ namespace verlink {
 
 const char kBatchUsage[] =
     "usage: verlink-batch MODEL.vlk [--set FIELD=VALUE]... [--csv FILE] [--svg FILE]\n"
+    "                     [--frame global|local] [--fft \"LABEL[:COMPONENT]\"]\n"
     "                     [--classify] [--save OUT.vlk [--convert-units N]]\n"
     "       verlink-batch --help | --version\n";
 
@@ -43,6 +44,61 @@ bool Take_Units(const std::string& value, BatchOptions& options, std::string& fa
     return true;
 }
 
+bool Take_Frame(const std::string& value, BatchOptions& options, std::string& fault) {
+    if (value != "global" && value != "local") {
+        fault = "--frame wants global or local, not \"" + value + "\"";
+        return false;
+    }
+    if (options.frame) {
+        fault = "--frame is given twice";
+        return false;
+    }
+    options.frame = value;
+    return true;
+}
+
+/// "LABEL" or "LABEL:COMPONENT".
+bool Take_Function(const std::string& option, const std::string& value, FunctionChoice& choice, std::string& fault) {
+    const auto colon = value.rfind(':');
+    choice.label = value.substr(0, colon);
+    if (colon != std::string::npos) choice.component = value.substr(colon + 1);
+    if (choice.label.empty()) {
+        fault = option + " wants LABEL or LABEL:COMPONENT, not \"" + value + "\"";
+        return false;
+    }
+    for (const char* component : {"X", "Y", "Mag", "Ang"})
+        if (choice.component == component) return true;
+    fault = "a component is X, Y, Mag or Ang, not \"" + choice.component + "\"";
+    return false;
+}
+
+bool Take_Fft(const std::string& value, BatchOptions& options, std::string& fault) {
+    if (options.fft) {
+        fault = "--fft is given twice";
+        return false;
+    }
+    return Take_Function("--fft", value, options.fft.emplace(), fault);
+}
+
+/// The options that take a value and no path; null for any other name.
+using Taker = bool (*)(const std::string& value, BatchOptions& options, std::string& fault);
+Taker Taker_Of(const std::string& name) {
+    if (name == "--set") return Take_Set;
+    if (name == "--convert-units") return Take_Units;
+    if (name == "--frame") return Take_Frame;
+    if (name == "--fft") return Take_Fft;
+    return nullptr;
+}
+
+/// Whether what is asked for has somewhere to go.
+bool Go_Together(const BatchOptions& options, std::string& fault) {
+    if (options.convert_units && !options.save)
+        fault = "--convert-units goes with --save";
+    else if (options.fft && options.Without_Run() && !options.csv)
+        fault = "--fft beside --classify or --save goes with --csv";
+    return fault.empty();
+}
+
 }  // namespace
 
 bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& options, std::string& fault) {
@@ -58,16 +114,15 @@ bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& opti
             continue;
         }
         std::optional<std::string>* path = Path_Of(options, argument);
-        if (path || argument == "--set" || argument == "--convert-units") {
+        const Taker taker = Taker_Of(argument);
+        if (path || taker) {
             if (i + 1 == arguments.size()) {
                 fault = argument + " wants a value behind it";
                 return false;
             }
             const std::string& value = arguments[++i];
-            if (argument == "--set") {
-                if (!Take_Set(value, options, fault)) return false;
-            } else if (!path) {
-                if (!Take_Units(value, options, fault)) return false;
+            if (taker) {
+                if (!taker(value, options, fault)) return false;
             } else if (*path) {
                 fault = argument + " is given twice";
                 return false;
@@ -94,11 +149,7 @@ bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& opti
         fault = "no model is given";
         return false;
     }
-    if (options.convert_units && !options.save) {
-        fault = "--convert-units goes with --save";
-        return false;
-    }
-    return true;
+    return Go_Together(options, fault);
 }
 
 }  // namespace verlink

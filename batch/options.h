@@ -8,17 +8,26 @@
 
 namespace verlink {
 
+/// An output variable and the component of it, "X", "Y", "Mag" or "Ang"; a scalar has none.
+struct FunctionChoice {
+    std::string label;
+    std::string component = "X";
+};
+
 struct BatchOptions {
     std::string model;
     std::vector<std::pair<std::string, std::string>> sets;  ///< field and value, in the order given
     std::optional<std::string> csv, svg, save;              ///< paths
     std::optional<int> convert_units;                       ///< 1 to 5
+    std::optional<std::string> frame;                       ///< "global" or "local"
+    std::optional<FunctionChoice> fft;                      ///< what to transform, in place of the table
     bool classify = false;
     bool help = false, version = false;  ///< either stands alone: nothing else is looked at
 
     /// The three that need no run, and keep the table off standard output.
     bool Without_Run() const { return classify || save || convert_units; }
     bool Run_Wanted() const { return csv || svg || !Without_Run(); }
+    bool Local() const { return frame == "local"; }
 };
 
 /// Reads the arguments behind the program's name. What is wrong with them goes to `fault`; then false.

@@ -58,10 +58,10 @@ void Show_Initial_Frame(Screen& screen) {
 }
 
 /// The unit in a graph. Components count from 0, so that an angle keeps the unit of its variable.
-std::string Graph_Unit(int slot, const std::string& transformed) {
+std::string Graph_Unit(int slot) {
     constexpr int kNeverAComponent = 4;
     if (Model.FuncComponent(slot) == kNeverAComponent) return "Deg";
-    return Model.FFTFunction ? transformed : Model.UnitLabel(Model.FuncGroup(slot));
+    return Model.FFTFunction ? "" : Model.UnitLabel(Model.FuncGroup(slot));
 }
 
 /// The labels of the points 0 to last; `harmonics` for plain numbers.
@@ -203,7 +203,7 @@ void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/) {
             graph.PatternedLines = 1;
             graph.SetPatternData(slot - 1);
             graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Function", slot - 1) + " " +
-                                Caption_Of(selectionScreen, "lbl_Component", slot - 1) + " " + Graph_Unit(slot, ""));
+                                Caption_Of(selectionScreen, "lbl_Component", slot - 1) + " " + Graph_Unit(slot));
             Put_Points(graph, slot, labels);
         }
         graph.Draw();
@@ -221,8 +221,8 @@ void Plot(Screen& screen, Screen& selectionScreen, int windows) {
             graph.SetPatternData(0);
             graph.ThickLines = 0;
             Model.PlotSlot = slot;
-            graph.GraphTitle =
-                Caption_Of(selectionScreen, "lbl_Function", i) + "  (" + Graph_Unit(slot, Model.FFTUnitLabel) + ")";
+            const std::string unit = Model.FFTFunction ? Model.FFTUnitLabel : Graph_Unit(slot);
+            graph.GraphTitle = Caption_Of(selectionScreen, "lbl_Function", i) + "  (" + unit + ")";
             graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Component", i));
             Put_Points(graph, slot, labels);
             graph.Draw();

@@ -31,7 +31,8 @@ void Delayed_Plot_Screen::Form_Activate() {
 void Delayed_Plot_Screen::Timer1_Timer() {
     if (std::chrono::steady_clock::now() - activated_ < std::chrono::seconds(Model.ReplotDelay)) return;
     Timer1.Enabled = false;
-    cmd_Replot_Click();
+    // Who has left already wants no plot, and no word about one that fails.
+    if (Visible()) cmd_Replot_Click();
 }
 
 void Delayed_Plot_Screen::cmd_Back_Click() { Go_Back(); }

@@ -27,6 +27,8 @@ using platform::Tell;
 namespace {
 
 constexpr double kZoomStep = 1.1;
+/// Targets of a shift-drag, by the index of their option.
+constexpr int kTargets[] = {2, 0, 1, 3, 4};
 
 double Value_Of(const platform::TextBox& box) { return Val(box.Text.Get()); }
 
@@ -79,6 +81,8 @@ void frm_Inputnew::Form_Activate() {
             if (opt_Calctype.Has(Model.Calctype)) opt_Calctype[Model.Calctype].Value = true;
         }
         opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
+        for (int option = 0; option < 5; ++option)
+            if (kTargets[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
         Show_Toggles(Model.Grashof_Code != "Y");
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
@@ -265,10 +269,7 @@ void frm_Inputnew::opt_OpenCross_Click(int) {
 
 void frm_Inputnew::opt_Modulo_Click(int Index) { Model.ModuloMode = Index == 0 ? "180" : "abs"; }
 
-void frm_Inputnew::opt_Shift_Drag_Click(int Index) {
-    constexpr int kTargets[] = {2, 0, 1, 3, 4};
-    Model.ShiftDragTarget = kTargets[Index];
-}
+void frm_Inputnew::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
 
 void frm_Inputnew::chk_autocalc_Click() { AutoCalc = chk_autocalc.Value; }
 

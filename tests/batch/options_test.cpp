@@ -69,7 +69,7 @@ TEST(Options, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(Refused({}), "no model is given");
     EXPECT_EQ(Refused({""}), "no model is given");
     EXPECT_EQ(Refused({"a.vlk", "b.vlk"}), "one model at a time: \"b.vlk\" is one too many");
-    EXPECT_EQ(Refused({"a.vlk", "--frame"}), "there is no option --frame");
+    EXPECT_EQ(Refused({"a.vlk", "--colour"}), "there is no option --colour");
     EXPECT_EQ(Refused({"a.vlk", "-c"}), "there is no option -c");
     EXPECT_EQ(Refused({"a.vlk", "--csv"}), "--csv wants a value behind it");
     EXPECT_EQ(Refused({"a.vlk", "--svg"}), "--svg wants a value behind it");
@@ -79,6 +79,30 @@ TEST(Options, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"a.vlk", "--csv", "x", "--csv", "y"}), "--csv is given twice");
     EXPECT_EQ(Refused({"a.vlk", "--set", "L2"}), "--set wants FIELD=VALUE, not \"L2\"");
     EXPECT_EQ(Refused({"a.vlk", "--set", "=1"}), "--set wants FIELD=VALUE, not \"=1\"");
+}
+
+TEST(Options, AFunctionIsALabelAndPerhapsAComponent) {
+    const BatchOptions options = Parsed({"m", "--fft", "Accel CP:Mag", "--frame", "local"});
+    EXPECT_TRUE(options.Local());
+    EXPECT_EQ(options.fft->label, "Accel CP");
+    EXPECT_EQ(options.fft->component, "Mag");
+    EXPECT_EQ(Parsed({"m", "--fft", "w4 / w2"}).fft->component, "X");
+    EXPECT_FALSE(Parsed({"m"}).Local());
+    EXPECT_FALSE(Parsed({"m", "--frame", "global"}).Local());
+}
+
+TEST(Options, RefusalsOfFramesAndFunctionsNameWhatIsWrong) {
+    EXPECT_EQ(Refused({"m", "--frame"}), "--frame wants a value behind it");
+    EXPECT_EQ(Refused({"m", "--frame", "Local"}), "--frame wants global or local, not \"Local\"");
+    EXPECT_EQ(Refused({"m", "--frame", "local", "--frame", "local"}), "--frame is given twice");
+    EXPECT_EQ(Refused({"m", "--fft"}), "--fft wants a value behind it");
+    EXPECT_EQ(Refused({"m", "--fft", ""}), "--fft wants LABEL or LABEL:COMPONENT, not \"\"");
+    EXPECT_EQ(Refused({"m", "--fft", ":X"}), "--fft wants LABEL or LABEL:COMPONENT, not \":X\"");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4:"}), "a component is X, Y, Mag or Ang, not \"\"");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4:Z"}), "a component is X, Y, Mag or Ang, not \"Z\"");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--fft", "Omega3"}), "--fft is given twice");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}), "--fft beside --classify or --save goes with --csv");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}), "--fft beside --classify or --save goes with --csv");
 }
 
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {

@@ -318,5 +318,14 @@ TEST_F(Activation, AnUntitledModelLeavesTheTitleBoxAlone) {
     Show([&] { EXPECT_EQ(input.txt_Figure.Text, "Figure"); });
 }
 
+TEST_F(Activation, TheDragOptionShowsTheTargetInForce) {
+    Model.ShiftDragTarget = 4;  // the coupler, as chosen on the animate screen
+    Show([&] {
+        EXPECT_TRUE(input.opt_Shift_Drag[4].Value);
+        EXPECT_FALSE(input.opt_Shift_Drag[0].Value);
+        EXPECT_EQ(Model.ShiftDragTarget, 4);
+    });
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -179,6 +179,17 @@ TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
     EXPECT_TRUE(desktop.Dialogs[0].warn_before_overwriting);
 }
 
+TEST_F(PrintSelectTest, TheNextSaveAsksWhereToInsteadOfReplacingTheData) {
+    Velocities();
+    Model.SavedFlag = true;
+    desktop.Expect_Save({});
+    Send(2);
+    EXPECT_TRUE(Model.SavedFlag) << "nothing was written";
+    desktop.Expect_Save(Path("speeds.dat"));
+    Send(2);
+    EXPECT_FALSE(Model.SavedFlag);
+}
+
 TEST_F(PrintSelectTest, AFileGetsTheTableAndItsNameBecomesTheModels) {
     for (int step = 0; step <= 4; ++step) {
         Model.RunTable.Theta(step, 0) = 30 * step;

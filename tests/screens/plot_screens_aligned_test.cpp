@@ -65,6 +65,14 @@ TEST_F(AlignedScreens, AReplotDelayIsWaitedForInWholeSeconds) {
     });
 }
 
+TEST_F(AlignedScreens, WhoLeavesBeforeTheFirstTickGetsNoPlot) {
+    Model.ThetaEnd = Model.ThetaStart;
+    Inside(two, [&] { Press(two, "cmd_PlotDone"); });
+    two.Timer1.Tick();
+    EXPECT_FALSE(two.Timer1.Enabled);
+    EXPECT_EQ(two.pnl_LeftTitle[0].Caption, "");
+}
+
 TEST_F(AlignedScreens, FourWindowsAreDrawn) {
     Inside(four, [&] {
         four.Timer1.Tick();

@@ -1,0 +1,24 @@
+// The output variables of a run, by their names, and their transform.
+#pragma once
+
+#include <string>
+
+#include "batch/options.h"
+
+namespace verlink {
+
+/// The number of the last variable that the run has: with dynamics and with balancing there are more.
+int Last_Variable();
+/// Whether a variable that the run has is called that, exactly.
+bool Is_Variable(const std::string& label);
+
+/// Puts a function into a slot 1 to 4.
+void Take_Function(const FunctionChoice& choice, int slot);
+/// The frame of all vectors; in the local one the slot that is being drawn is `slot`.
+void Use_Frame(bool local, int slot);
+
+/// The transform of a function over the steps of the run: a header line and a row for each harmonic below half the
+/// number of steps. Lines end in LF.
+std::string Transform_Csv(const FunctionChoice& choice, bool local);
+
+}  // namespace verlink
