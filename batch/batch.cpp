@@ -6,6 +6,7 @@
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
 #include "batch/picture.h"
+#include "batch/plot.h"
 #include "batch/run.h"
 #include "core/classification.h"
 #include "core/initialize.h"
@@ -33,6 +34,8 @@ const char kHelp[] =
     "                       is seen from its own link\n"
     "  --fft FUNCTION       transforms a function and writes, in place of the table, a row\n"
     "                       for each harmonic: --fft \"Accel CP:Mag\"\n"
+    "  --plot FUNCTION      draws a function with --svg in place of the linkage; up to four\n"
+    "                       in one graph: --plot Omega4 --plot \"Veloc CP:Y\"\n"
     "  --classify           prints the Grashof code, its words, and the toggle angle in\n"
     "                       degrees of a non-Grashof linkage\n"
     "  --save OUT.vlk       writes the model again\n"
@@ -79,11 +82,16 @@ bool Fields_Fit(const BatchOptions& options, std::string& fault) {
     return true;
 }
 
-/// The function is looked up before a model is opened: it is a variable of a run.
+/// The functions are looked up before a model is opened: each is a variable of a run.
 bool Functions_Known(const BatchOptions& options, std::string& fault) {
-    if (!options.fft || Is_Variable(options.fft->label)) return true;
-    fault = "there is no function \"" + options.fft->label + "\"";
-    return false;
+    std::vector<FunctionChoice> wanted = options.plots;
+    if (options.fft) wanted.push_back(*options.fft);
+    for (const FunctionChoice& choice : wanted) {
+        if (Is_Variable(choice.label)) continue;
+        fault = "there is no function \"" + choice.label + "\"";
+        return false;
+    }
+    return true;
 }
 
 /// Failure 62 when the model now wants rows of the drive or torque table that its file does not have.
@@ -169,7 +177,9 @@ class Batch {
             else if (!Write(*options_.csv, table))
                 return false;
         }
-        return !options_.svg || Write(*options_.svg, Picture_Svg());
+        if (!options_.svg) return true;
+        return Write(*options_.svg,
+                     options_.plots.empty() ? Picture_Svg() : Plot_Svg(options_.plots, options_.Local()));
     }
 
     bool Write(const std::string& path, const std::string& content) {

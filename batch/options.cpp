@@ -8,6 +8,7 @@ namespace verlink {
 const char kBatchUsage[] =
     "usage: verlink-batch MODEL.vlk [--set FIELD=VALUE]... [--csv FILE] [--svg FILE]\n"
     "                     [--frame global|local] [--fft \"LABEL[:COMPONENT]\"]\n"
+    "                     [--plot \"LABEL[:COMPONENT]\"]...\n"
     "                     [--classify] [--save OUT.vlk [--convert-units N]]\n"
     "       verlink-batch --help | --version\n";
 
@@ -80,6 +81,15 @@ bool Take_Fft(const std::string& value, BatchOptions& options, std::string& faul
     return Take_Function("--fft", value, options.fft.emplace(), fault);
 }
 
+bool Take_Plot(const std::string& value, BatchOptions& options, std::string& fault) {
+    constexpr std::size_t kFunctions = 4;
+    if (options.plots.size() == kFunctions) {
+        fault = "--plot is given more than four times";
+        return false;
+    }
+    return Take_Function("--plot", value, options.plots.emplace_back(), fault);
+}
+
 /// The options that take a value and no path; null for any other name.
 using Taker = bool (*)(const std::string& value, BatchOptions& options, std::string& fault);
 Taker Taker_Of(const std::string& name) {
@@ -87,6 +97,7 @@ Taker Taker_Of(const std::string& name) {
     if (name == "--convert-units") return Take_Units;
     if (name == "--frame") return Take_Frame;
     if (name == "--fft") return Take_Fft;
+    if (name == "--plot") return Take_Plot;
     return nullptr;
 }
 
@@ -94,6 +105,8 @@ Taker Taker_Of(const std::string& name) {
 bool Go_Together(const BatchOptions& options, std::string& fault) {
     if (options.convert_units && !options.save)
         fault = "--convert-units goes with --save";
+    else if (!options.plots.empty() && !options.svg)
+        fault = "--plot goes with --svg";
     else if (options.fft && options.Without_Run() && !options.csv)
         fault = "--fft beside --classify or --save goes with --csv";
     return fault.empty();

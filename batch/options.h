@@ -21,6 +21,7 @@ struct BatchOptions {
     std::optional<int> convert_units;                       ///< 1 to 5
     std::optional<std::string> frame;                       ///< "global" or "local"
     std::optional<FunctionChoice> fft;                      ///< what to transform, in place of the table
+    std::vector<FunctionChoice> plots;                      ///< up to four, in place of the linkage's picture
     bool classify = false;
     bool help = false, version = false;  ///< either stands alone: nothing else is looked at
 

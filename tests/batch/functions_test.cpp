@@ -142,10 +142,11 @@ TEST_F(Functions, AFunctionThatTheRunDoesNotHaveIsRefused) {
     Refused_Usage(Run(ModelText(), {"--fft", "Current FFT"}), "there is no function \"Current FFT\"");
 }
 
-TEST_F(Functions, HelpTellsOfFramesAndTransforms) {
+TEST_F(Functions, HelpTellsOfFramesTransformsAndPlots) {
     const Outcome outcome = Run({"--help"});
     for (const char* words :
-         {"[--frame global|local]", "[--fft \"LABEL[:COMPONENT]\"]", "  --frame global|local ", "  --fft FUNCTION "})
+         {"[--frame global|local]", "[--fft \"LABEL[:COMPONENT]\"]", "[--plot \"LABEL[:COMPONENT]\"]...",
+          "  --frame global|local ", "  --fft FUNCTION ", "  --plot FUNCTION "})
         EXPECT_NE(outcome.out.find(words), std::string::npos) << words;
 }
 

@@ -82,11 +82,16 @@ TEST(Options, RefusalsNameWhatIsWrong) {
 }
 
 TEST(Options, AFunctionIsALabelAndPerhapsAComponent) {
-    const BatchOptions options = Parsed({"m", "--fft", "Accel CP:Mag", "--frame", "local"});
+    const BatchOptions options = Parsed({"m", "--fft", "Accel CP:Mag", "--frame", "local", "--plot", "w4 / w2",
+                                         "--plot", "Veloc I 2,3:Y", "--svg", "a.svg"});
     EXPECT_TRUE(options.Local());
     EXPECT_EQ(options.fft->label, "Accel CP");
     EXPECT_EQ(options.fft->component, "Mag");
-    EXPECT_EQ(Parsed({"m", "--fft", "w4 / w2"}).fft->component, "X");
+    ASSERT_EQ(options.plots.size(), 2u);
+    EXPECT_EQ(options.plots[0].label, "w4 / w2");
+    EXPECT_EQ(options.plots[0].component, "X");
+    EXPECT_EQ(options.plots[1].label, "Veloc I 2,3");
+    EXPECT_EQ(options.plots[1].component, "Y");
     EXPECT_FALSE(Parsed({"m"}).Local());
     EXPECT_FALSE(Parsed({"m", "--frame", "global"}).Local());
 }
@@ -103,6 +108,9 @@ TEST(Options, RefusalsOfFramesAndFunctionsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--fft", "Omega3"}), "--fft is given twice");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}), "--fft beside --classify or --save goes with --csv");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}), "--fft beside --classify or --save goes with --csv");
+    EXPECT_EQ(Refused({"m", "--plot", "Omega4"}), "--plot goes with --svg");
+    EXPECT_EQ(Refused({"m", "--svg", "s", "--plot", "a", "--plot", "b", "--plot", "c", "--plot", "d", "--plot", "e"}),
+              "--plot is given more than four times");
 }
 
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {
