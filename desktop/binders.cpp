@@ -108,7 +108,9 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
     const auto back = [edit, &control] { paintBack(edit, QPalette::Base, boxColor(control)); };
     bind(form, control, edit, [&form, edit, &control, back, selected = false]() mutable {
+        const bool other = edit->text() != toQt(control.Text);
         setIfOther(edit, toQt(control.Text));
+        if (other && !edit->hasFocus()) edit->setCursorPosition(0);  // a long text shows its beginning
         back();
         if (control.SelectedAll && !selected) {
             edit->selectAll();

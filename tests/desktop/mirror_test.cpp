@@ -110,6 +110,13 @@ TEST_F(MirrorTest, What_is_typed_reaches_the_box_letter_by_letter) {
     EXPECT_EQ(seen.size(), 4u);
 }
 
+TEST_F(MirrorTest, A_long_text_from_the_program_shows_its_beginning) {
+    auto& edit = Of<QLineEdit>("txt_Box_5");
+    screen.cmd_Go.SetFocus();
+    screen.txt_Box[5].Text = std::string(500, 'x');
+    EXPECT_EQ(edit.cursorPosition(), 0);
+}
+
 TEST_F(MirrorTest, A_change_handler_that_rewrites_the_text_is_shown_and_ends) {
     int raised = 0;
     screen.txt_Box[0].Text.Event = [&] {
