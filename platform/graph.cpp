@@ -35,9 +35,7 @@ Graph::Set& Graph::Present() {
 
 void Graph::SetGraphData(double value) {
     if (ThisPoint < 1 || ThisPoint > points_) Raise(kInvalidProperty);
-    Set& set = Present();
-    set.values[static_cast<std::size_t>(ThisPoint - 1)] = value;
-    set.filled = true;
+    Present().values[static_cast<std::size_t>(ThisPoint - 1)] = value;
 }
 
 void Graph::SetLabelText(const std::string& text) {

@@ -77,7 +77,6 @@ class Graph : public Visual {
         std::string legend;
         int pattern = 0;
         std::vector<double> values;  ///< not a number where none was given: nothing is drawn there
-        bool filled = false;         ///< has been given a value; a set without any is not to be seen
     };
     const std::vector<Set>& Sets() const { return sets_; }
     const std::vector<std::string>& Labels() const { return labels_; }

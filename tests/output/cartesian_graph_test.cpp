@@ -245,8 +245,8 @@ TEST_F(CartesianGraph, OneFunctionInEachGraph) {
         EXPECT_EQ(At(i).Drawings(), 1);
         // There is room for both functions in each, and one is there.
         ASSERT_EQ(At(i).NumSets(), 2);
-        EXPECT_TRUE(At(i).Sets()[0].filled);
-        EXPECT_FALSE(At(i).Sets()[1].filled);
+        for (const double value : Values(i, 0)) EXPECT_TRUE(std::isfinite(value));
+        for (const double value : Values(i, 1)) EXPECT_TRUE(std::isnan(value));
     }
     EXPECT_EQ(At(0).GraphTitle, "Veloc CP  (" + Model.UnitLabel(Model.FuncGroup(1)) + ")");
     EXPECT_EQ(At(0).Sets()[0].legend, "Y");
