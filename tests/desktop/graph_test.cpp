@@ -37,7 +37,7 @@ class GraphWidgetTest : public DesktopTest {
                 graph.SetGraphData(set * std::sin(i * 6.283185307 / last));
                 graph.SetLabelText(std::to_string(i));
             }
-            graph.SetLegendText("Function " + std::to_string(set));
+            graph.SetLegendText(std::string("Function ").append(std::to_string(set)));
             graph.SetPatternData(set - 1);
         }
         graph.PatternedLines = 1;

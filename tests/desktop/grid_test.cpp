@@ -7,6 +7,7 @@
 #include <QItemSelectionModel>
 #include <QScrollBar>
 #include <QTableView>
+#include <sstream>
 
 #include "desktop/form.h"
 #include "desktop/grid_widget.h"
@@ -24,6 +25,11 @@ class GridWidgetTest : public DesktopTest {
     platform::Grid grid{screen, "grd_Data"};
     std::unique_ptr<GridWidget> widget;
 
+    static std::string CellText(int row, int column) {
+        std::ostringstream text;
+        text << 'r' << row << 'c' << column;
+        return text.str();
+    }
     void Fill(int rows, int columns) {
         grid.SetCols(columns);
         grid.SetRows(rows);
@@ -31,8 +37,7 @@ class GridWidgetTest : public DesktopTest {
             grid.SetColWidth(column, 2000);
             grid.SetColAlignment(column, 1);
             grid.SetFixedAlignment(column, 2);
-            for (int row = 0; row < rows; ++row)
-                grid.SetCell(row, column, "r" + std::to_string(row) + "c" + std::to_string(column));
+            for (int row = 0; row < rows; ++row) grid.SetCell(row, column, CellText(row, column));
         }
     }
     void Open() {
