@@ -102,9 +102,8 @@ TEST_F(Position, HalfTurnModeTakesOneTurnOffAbove180Only) {
     Model.ModuloMode = "180";
     Solve(270);
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), -90, 1e-4);
-    // The constants take 180 degrees to a hair beyond or below; what is stored keeps the sign.
-    Solve(179.99);
-    EXPECT_NEAR(Model.RunTable.Theta(0, 0), 179.99, 1e-4);
+    Solve(180);
+    EXPECT_EQ(Model.RunTable.Theta(0, 0), 180.0);
 }
 
 TEST_F(Position, OtherModesWrapNothing) {
