@@ -8,6 +8,7 @@
 
 #include "bench/drag.h"
 #include "bench/program.h"
+#include "bench/qt.h"
 #include "core/linkage_model.h"
 #include "desktop/form.h"
 #include "desktop/picture_widget.h"
@@ -15,16 +16,15 @@
 
 namespace verlink::bench {
 
-namespace {
-
-/// Lives as long as the process: Qt is not to be taken down after main.
 void Start_Qt() {
     static int argc = 1;
     static char name[] = "verlink-bench";
     static char* argv[] = {name, nullptr};
-    static auto* app = new QApplication(argc, argv);
+    static auto* app = new QApplication(argc, argv);  // not to be taken down after main
     benchmark::DoNotOptimize(app);
 }
+
+namespace {
 
 constexpr int kSide = 700;
 

@@ -53,10 +53,13 @@ class Deaf : public QObject {
 
 bool inPause() { return pausing; }
 
+Clock::time_point frameEnd(Clock::time_point last, Clock::time_point now, std::chrono::nanoseconds pause) {
+    return (now - last > pause + 250ms ? now : last) + pause;
+}
+
 void pauseFrame(std::chrono::nanoseconds pause) {
     if (pausing) return;
-    const Clock::time_point now = Clock::now();
-    const Clock::time_point deadline = (now - last_end > pause + 250ms ? now : last_end) + pause;
+    const Clock::time_point deadline = frameEnd(last_end, Clock::now(), pause);
     pausing = true;
     {
         const Deaf deaf;

@@ -12,4 +12,9 @@ void pauseFrame(std::chrono::nanoseconds pause);
 /// Is a pause under way?
 bool inPause();
 
+/// When a frame is to end: a pause after the end of the last one, or after now when that was long ago.
+std::chrono::steady_clock::time_point frameEnd(std::chrono::steady_clock::time_point last_end,
+                                               std::chrono::steady_clock::time_point now,
+                                               std::chrono::nanoseconds pause);
+
 }  // namespace verlink::desktop

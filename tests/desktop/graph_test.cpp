@@ -2,7 +2,6 @@
 #include "platform/graph.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QMenu>
@@ -357,23 +356,6 @@ TEST_F(GraphWidgetTest, Legends_of_any_number_fit_any_width) {
             Draw();
             EXPECT_FALSE(Shot().isNull()) << sets << " in " << width;
         }
-}
-
-TEST_F(GraphWidgetTest, Four_curves_of_2881_points_are_painted_at_once) {
-    Open({1366, 700});
-    Fill(4, 2880);
-    widget->repaint();
-    QElapsedTimer watch;
-    watch.start();
-    Draw();
-    widget->repaint();
-    const auto spent = watch.elapsed();
-    RecordProperty("milliseconds", static_cast<int>(spent));
-#ifdef NDEBUG
-    EXPECT_LT(spent, 100);
-#else
-    EXPECT_LT(spent, 400);
-#endif
 }
 
 }  // namespace
