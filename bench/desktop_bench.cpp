@@ -63,12 +63,12 @@ void Drag_Move_In_Window(benchmark::State& state) {
         const double scale = square.width() / (picture.Right() - picture.Left());
         const QPointF at(square.x() + (place.x - picture.Left()) * scale,
                          square.y() + (place.y - picture.Top()) * scale);
-        const double delta = Model.DeltaRad;
+        const double angle = Model.DeltaRad, length = Model.Rpa;
         QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
                          Qt::ShiftModifier);
         QApplication::sendEvent(widget, &move);
         QApplication::processEvents();
-        if (Model.DeltaRad == delta) state.SkipWithError("nothing was dragged");
+        if (Model.DeltaRad == angle && Model.Rpa == length) state.SkipWithError("nothing was dragged");
     }
     qt.discardForms();
     platform::Use_Desktop(&before);

@@ -40,9 +40,10 @@ void Drag_Move(benchmark::State& state) {
     SmallCircle mouse;
     for (auto _ : state) {
         const Place place = mouse.Next();
-        const double before = Model.DeltaRad;
+        const double angle = Model.DeltaRad, length = Model.Rpa;
         screen.Picture1.OnMouseMove(1, 1, place.x, place.y);
-        if (Model.DeltaRad == before || !Model.Calculated) state.SkipWithError("nothing was dragged");
+        if ((Model.DeltaRad == angle && Model.Rpa == length) || !Model.Calculated)
+            state.SkipWithError("nothing was dragged");
     }
     state.counters["primitives"] = static_cast<double>(screen.Picture1.Drawing().Alive());
 }
