@@ -180,8 +180,25 @@ struct PairOfSteps {
     MovingPoint<Pair> Moving;
 };
 
+/// The poles of all, as ground and coupler see them: each kind of work for all in turn, so that their waits overlap.
+template <int N>
+inline void Find_Poles(const LinkageShape& g, const Position<Pair> (&positions)[N], PairOfSteps (&steps)[N]) {
+    const auto& m = Model;
+    const CouplerStart start{m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0};
+    for (int i = 0; i < N; ++i) {
+        const auto& p = positions[i];
+        steps[i].Fixed =
+            Cross(Pair{}, Pair{}, Wide(p.Ax), Wide(p.Ay), Both<Pair>(g.L1), Pair{}, Wide(p.Bx), Wide(p.By));
+    }
+    for (int i = 0; i < N; ++i) {
+        const auto& p = positions[i];
+        steps[i].Moving = On_Coupler(start, Wide(steps[i].Fixed.X), Wide(steps[i].Fixed.Y), Wide(p.Ax), Wide(p.Ay),
+                                     p.SinTheta3, p.CosTheta3);
+    }
+}
+
 /// The rest of a pair; false when one of the two needs the care of a single solution.
-inline bool Finish(const LinkageShape& g, Position<Pair>& p, PairOfSteps& steps, double factor, Wrap wrap) {
+inline bool Finish(Position<Pair>& p, PairOfSteps& steps, double factor, Wrap wrap) {
     const auto& m = Model;
     Rounding<Pair> r = p.All;
     Store_Angles(p, m.Link1Angle, wrap, r, steps.Theta);
@@ -189,10 +206,6 @@ inline bool Finish(const LinkageShape& g, Position<Pair>& p, PairOfSteps& steps,
     r.Keep(steps.Advantage, p.Omega2 / Wide(p.Omega4));
     Pair not_zero = p.A * p.D * p.S34 * p.G;
     if (!m.Parallelogram) {
-        const Pair Ax = Wide(p.Ax), Ay = Wide(p.Ay);
-        steps.Fixed = Cross(Pair{}, Pair{}, Ax, Ay, Both<Pair>(g.L1), Pair{}, Wide(p.Bx), Wide(p.By));
-        steps.Moving = On_Coupler({m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0}, Wide(steps.Fixed.X),
-                                  Wide(steps.Fixed.Y), Ax, Ay, p.SinTheta3, p.CosTheta3);
         r.Add(steps.Fixed.All.Sum());
         r.Add(steps.Moving.All.Sum());
         not_zero = not_zero * steps.Fixed.Run1 * steps.Fixed.Run2 * steps.Fixed.SlopeDifference;
@@ -264,8 +277,9 @@ bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) 
         positions[i].Alpha2 = positions[i].Alpha2Before = Both<Pair>(Model.Alpha2);
     }
     verlink::Solve(shape_, positions);
+    if (!Model.Parallelogram) Find_Poles(shape_, positions, steps);
     for (int i = 0; i < kPairs; ++i)
-        if (!Finish(shape_, positions[i], steps[i], factor, wrap_)) return false;
+        if (!Finish(positions[i], steps[i], factor, wrap_)) return false;
 
     for (int i = 0; i < kPairs; ++i) Store(step + 2 * i, positions[i], steps[i]);
     std::fill_n(Model.RunTable.Assembled.Steps(step, kSteps), kSteps, true);
