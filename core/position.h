@@ -77,12 +77,12 @@ inline void Close_Loop(const LinkageShape& g, Position<V>& p) {
     p.All = r;
 }
 
-/// Points, speeds and accelerations, by the loop closure and its derivatives; all but point 4 of the accelerations.
+/// Points and speeds, by the loop closure and its derivative.
 template <class V>
 inline void Move(const LinkageShape& g, Position<V>& p) {
     const double L1 = g.L1, L2 = g.L2, L3 = g.L3, L4 = g.L4, Rpa = g.Rpa;
-    const V s2 = p.SinTheta2, c2 = p.CosTheta2, s3 = p.SinTheta3, c3 = p.CosTheta3, s4 = p.SinTheta4, c4 = p.CosTheta4;
-    const V sP = p.SinDelta3, cP = p.CosDelta3, w2 = p.Omega2, a2 = p.Alpha2;
+    const V s2 = p.SinTheta2, c2 = p.CosTheta2, s4 = p.SinTheta4, c4 = p.CosTheta4;
+    const V sP = p.SinDelta3, cP = p.CosDelta3, w2 = p.Omega2;
     Rounding<V> r = p.All;
     const V Ax = r.Keep(p.Ax, L2 * c2), Ay = r.Keep(p.Ay, L2 * s2);
     r.Keep(p.Px, Rpa * cP + Ax);
@@ -93,15 +93,25 @@ inline void Move(const LinkageShape& g, Position<V>& p) {
     const V S43 = -p.S34;  // to the bit, as the sine is odd
     const V w3 = r.Keep(p.Omega3, w2 * L2 / L3 * p.S42 / p.S34);
     const V w4 = r.Keep(p.Omega4, w2 * L2 / L4 * p.S23 / S43);
-    const V w2sq = p.Omega2Sq = r(w2 * w2);
-    const V w3sq = p.Omega3Sq = r(w3 * w3);
-    const V w4sq = p.Omega4Sq = r(w4 * w4);
+    p.Omega2Sq = r(w2 * w2);
+    p.Omega3Sq = r(w3 * w3);
+    p.Omega4Sq = r(w4 * w4);
     const V vx = r.Keep(p.Vel[0][0], w2 * L2 * -s2), vy = r.Keep(p.Vel[0][1], w2 * L2 * c2);
     r.Keep(p.Vel[1][0], w4 * L4 * -s4);
     r.Keep(p.Vel[1][1], w4 * L4 * c4);
     r.Keep(p.Vel[2][0], w3 * Rpa * -sP + vx);
     r.Keep(p.Vel[2][1], w3 * Rpa * cP + vy);
+    p.All = r;
+}
 
+/// Accelerations, by the loop closure differentiated twice; all but point 4.
+template <class V>
+inline void Accelerate(const LinkageShape& g, Position<V>& p) {
+    const double L2 = g.L2, L3 = g.L3, L4 = g.L4, Rpa = g.Rpa;
+    const V s2 = p.SinTheta2, c2 = p.CosTheta2, s3 = p.SinTheta3, c3 = p.CosTheta3, s4 = p.SinTheta4, c4 = p.CosTheta4;
+    const V sP = p.SinDelta3, cP = p.CosDelta3, a2 = p.Alpha2;
+    const V w2sq = p.Omega2Sq, w3sq = p.Omega3Sq, w4sq = p.Omega4Sq;
+    Rounding<V> r = p.All;
     const V C1 = r(L4 * s4), C2 = r(L3 * s3);
     const V C3 = r(p.Alpha2Before * L2 * s2 + w2sq * L2 * c2 + w3sq * L3 * c3 - w4sq * L4 * c4);
     const V C4 = r(L4 * c4), C5 = r(L3 * c3);
@@ -158,6 +168,7 @@ inline void Solve(const LinkageShape& g, Position<V> (&positions)[N]) {
     for (auto& p : positions) p.S42 = Sin(p.Theta4 - p.Theta2);
     for (auto& p : positions) p.S23 = Sin(p.Theta2 - p.Theta3);
     for (auto& p : positions) Move(g, p);
+    for (auto& p : positions) Accelerate(g, p);
     V angle[N], sine[N], cosine[N];
     for (int i = 0; i < N; ++i) angle[i] = Atan(Wide(positions[i].Acc[2][1]) / Wide(positions[i].Acc[2][0]));
     for (int i = 0; i < N; ++i) angle[i] = Angle_On_Coupler(positions[i], angle[i]);
