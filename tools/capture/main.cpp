@@ -159,6 +159,84 @@ Stops Table_And_Transform() {
     };
 }
 
+/// The last preset of the box: once a transform exists, the transform.
+void Choose_Last(Screen& screen) {
+    auto& box = screen.Get<platform::ComboBox>("cmb_Preset");
+    box.Choose(static_cast<int>(box.Items().size()) - 1);
+}
+
+Stops Plots_Of_The_Transform() {
+    Stops stops = To_Selection(2, "");
+    const Stops four = {
+        {"frm_PlotSelect3", "", [](Screen& s) { Choose_Last(s); }},
+        {"frm_PlotSelect3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Plot3", "", [](Screen& s) { Tick(s, "chk_Line", false); }, 300},
+        {"frm_Plot3", "plot-3-transform", [](Screen& s) { Tick(s, "chk_Sticks", true); }, 400},
+        {"frm_Plot3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
+        {"frm_PrintSelect", "", [](Screen& s) { Choose_Last(s); }},
+        {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_PrintData", "print-data-transform", {}, 400},
+        {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+    };
+    stops.insert(stops.end(), four.begin(), four.end());
+    return stops;
+}
+
+/// A run by time, with one function and with three in a window, four windows, a locus and a table.
+Stops Time_Run() {
+    Stops stops = {
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Input"); }},
+        {"frm_Inputnew", "", [](Screen& s) { Pick(s, "opt_Calctype", 2); }, 500},
+        {"frm_Inputnew", "",
+         [](Screen& s) {
+             Fill(s, "txt_initial", 1, "1");
+             Fill(s, "txt_initial", 2, "0.01");
+             Press(s, "cmd_Calc");
+         }},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "animate-time", {}, 500},
+        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+    };
+    const auto add = [&stops](const Stops& more) { stops.insert(stops.end(), more.begin(), more.end()); };
+    add(To_Selection(0, ""));
+    add({{"frm_PlotSelect1", "",
+          [](Screen& s) {
+              Pick(s, "opt_PrintSet", 1);
+              Choose(s, "cmb_Var1", 6);
+              Press(s, "cmd_OK1");
+          }},
+         {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_Plot1", "plot-1-time", {}, 400},
+         {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Replot"); }},
+         {"frm_PlotSelect1", "",
+          [](Screen& s) {
+              for (const char* slot : {"1", "2", "3"}) {
+                  Choose(s, (std::string("cmb_Var") + slot).c_str(), 4 + slot[0] - '1');
+                  Press(s, (std::string("cmd_OK") + slot).c_str());
+              }
+          }},
+         {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_Plot1", "plot-1-time-three", {}, 400},
+         {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
+    add(To_Selection(2, ""));
+    add({{"frm_PlotSelect3", "", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+         {"frm_PlotSelect3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_Plot3", "plot-3-time", {}, 400},
+         {"frm_Plot3", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
+    add(To_Selection(3, ""));
+    add({{"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
+         {"frm_PlotSelect4", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_MyPlot4", "plot-4-time", {}, 700},
+         {"frm_MyPlot4", "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
+         {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
+         {"frm_PrintSelect", "", [](Screen& s) { Choose(s, "cmb_Preset", 0); }},
+         {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_PrintData", "print-data-time", {}, 400},
+         {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
+    return stops;
+}
+
 Stops Walk() {
     Stops stops = {
         {"frm_Title", "title", {}, 200},
@@ -207,9 +285,9 @@ Stops Walk() {
         {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "home", {}, 300},
     };
-    for (const Stops& more :
-         {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
-          Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(), Table_And_Transform()})
+    for (const Stops& more : {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
+                              Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(),
+                              Table_And_Transform(), Plots_Of_The_Transform(), Time_Run()})
         stops.insert(stops.end(), more.begin(), more.end());
     const Stops last = {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},
