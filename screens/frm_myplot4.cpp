@@ -21,6 +21,11 @@ frm_MyPlot4::frm_MyPlot4() : Delayed_Plot_Screen("frm_MyPlot4", "frm_PlotSelect4
     cmd_Step.OnClick = [this] { cmd_Step_Click(); };
 }
 
+void frm_MyPlot4::Form_Activate() {
+    chk_Pause.Value = false;  // the vector of an earlier plot is not this one's
+    Delayed_Plot_Screen::Form_Activate();
+}
+
 void frm_MyPlot4::cmd_Replot_Click() {
     Guarded(Procedure("cmd_Replot"), [&] {
         MyPolarPlotSetup(*this);

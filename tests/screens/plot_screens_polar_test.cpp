@@ -137,6 +137,14 @@ TEST_F(PolarScreen, SteppingPastTheLastStepEndsThePauseAndRedrawsTheWholePlot) {
     });
 }
 
+TEST_F(PolarScreen, APauseEndsWhenTheScreenComesUpForAnotherPlot) {
+    After_First_Plot([&] { Tick(form, "chk_Pause", true); });
+    Inside(form, [&] {
+        EXPECT_FALSE(form.chk_Pause.Value);
+        Expect_Step_Controls(false);
+    });
+}
+
 TEST_F(PolarScreen, APauseStartsAtTheFirstStepAgain) {
     After_First_Plot([&] {
         Tick(form, "chk_Pause", true);
