@@ -1,8 +1,10 @@
 // One function a kind of control: the widget, what it shows, and what the hand on it does.
 #include "desktop/binders.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>

@@ -2,6 +2,7 @@
 #include "desktop/grid_widget.h"
 
 #include <QAbstractTableModel>
+#include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QItemSelectionModel>
