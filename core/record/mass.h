@@ -19,9 +19,14 @@ struct MassProperties {
     Single FrictionForce;                                   ///< on link 3, force unit
 };
 
-/// Counterweights as the drawing shows them.
+/// Counterweights of links 2 and 4 for full balance of the shaking force; never saved.
 struct BalanceWeights {
-    Table<Single, 0, 4, 2> BerkCG;  ///< 2 crank, 4 rocker; 0 radius, a length; 1 angle in the link's frame, radians
+    Array<Single, 0, 4> MRNeeded;     ///< links 2, 4: mass-radius product needed, mass unit x length
+    Array<Single, 0, 4> MRAngle;      ///< links 2, 4: its angle in the link's frame, radians
+    Array<Single, 0, 4> BerkMass;     ///< mass unit; 0 for links 1 and 3
+    Array<Single, 0, 4> BerkRadius;   ///< length
+    Array<Single, 0, 4> BerkInertia;  ///< BerkRadius^2 x BerkMass; 0 for links 1 and 3
+    Table<Single, 0, 4, 2> BerkCG;    ///< as CG: 0 distance, a length; 1 angle in the link's frame, radians
 };
 
 }  // namespace verlink

@@ -6,6 +6,12 @@
 
 namespace verlink {
 
+/// Rows: 0 link 3 on link 2, 1 link 4 on link 3, 2 inertia of link 3, 3 inertia of link 2, 4 inertia of link 4,
+/// 5 ground on link 2, 6 ground on link 4, 7 shaking force; force unit, ground link's frame.
+using ForceTable = StepArray<Single, 8, 2>;
+/// Rows: 0 driving torque, 1 net torque on link 3, 2 net torque on link 4, 3 shaking moment; torque unit.
+using TorqueTable = StepArray<Single, 4>;
+
 /// Vectors are in the local frame; lengths are in the shown unit. Axis 0 is x, axis 1 is y.
 struct RunResults {
     StepArray<bool> Assembled;        ///< the position closed
@@ -23,6 +29,13 @@ struct RunResults {
     StepArray<Single, 1, 2> MovingCentrode;  ///< (step, 0, axis); stored length units
     StepArray<Single> DriveTheta;            ///< imported input angle, degrees
     StepArray<Single> ImportedTorque;        ///< imported driving torque
+    ForceTable PinForce;                     ///< of the last solve
+    TorqueTable LinkTorque;                  ///< of the last solve
+    ForceTable BerkForce;                    ///< of the counterweights alone
+    TorqueTable BerkTorque;                  ///< of the counterweights alone
+    ForceTable BalancedForce;                ///< BerkForce + PinForce, with the shaking force made anew
+    TorqueTable BalancedMoment;              ///< BerkTorque + LinkTorque
+    StepArray<Single> FlywheelTorque;        ///< driving torque as a flywheel smooths it, torque unit
 };
 
 /// All indexed by step, 0 to 2880; meaningful for 0 to `NSteps` while `Calculated` is true.

@@ -1,9 +1,13 @@
 // What is given to, and found by, the synthesis of two or three positions.
 #pragma once
 
+#include "core/array.h"
 #include "core/number.h"
 
 namespace verlink {
+
+/// By cognate 1 to 3, item 1 to 6: L1, L2, L3, L4, Rpa, DeltaRad.
+using CognateTable = Table<Single, 0, 3, 7>;
 
 /// Lengths are as link lengths; angles are degrees.
 struct SynthesisData {
@@ -13,7 +17,17 @@ struct SynthesisData {
     Single SynGamma2, SynGamma3;                          ///< rotations of the right dyad's U
     Single O2x, O2y, O4x, O4y;                            ///< fixed pivots
     Single SynTheta, SynTheta2, SynPhi, SynSigma, SynXi;  ///< directions of W, crank, Z, U, S
-    Single SynS, SynZ;                                    ///< magnitudes of S and Z
+    Single SynW, SynZ, SynU, SynS;                        ///< magnitudes of W, Z, U, S; negative ones stand
+    Single SynWx, SynWy, SynZx, SynZy;                    ///< left dyad, global frame
+    Single SynUx, SynUy, SynSx, SynSy;                    ///< right dyad, global frame
+    Single P21Mag, P21Angle;                              ///< polar form of P21
+    Integer SynPositions;  ///< 1 two positions, 2 three with free pivots, 3 three with specified pivots
+    Integer SynMethod;     ///< of two positions: 1 three angles assumed, 2 magnitude and angle of a vector
+    bool SpecifiedPivots = false;
+    Integer SimqError;        ///< flag of the last solution of three positions
+    Integer SimqAnswer;       ///< button pressed at its failure; 2 is Cancel
+    CognateTable Cognates;    ///< as the menus load them: the shorter side link of rows 2 and 3 is link 2
+    CognateTable CayleyRows;  ///< the same three as they stand in the diagram
 };
 
 }  // namespace verlink

@@ -1,0 +1,33 @@
+// Results for another stage or program: motion of link 4, driving torque, the geared sister program's input.
+#pragma once
+
+#include <string>
+
+#include "core/number.h"
+#include "files/text_notation.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// The contents of the three files, from the last run and solve.
+std::string Link4_Content();
+std::string Torque_Content();
+std::string Pendrix_Content();
+
+/// Each writes its file to `FilePath` and sets `SavedFlag`; failures go to the reporter under the writer's own name
+/// and leave an old file whole. False when it failed.
+bool Export_Link4_to_File();
+bool Export_Torque_Data();
+bool Write_Pend();
+
+/// The export menu's actions, each a handler of the home screen.
+void Menu_Link_Data_Export(platform::Screen& home);
+void Menu_Export_Torque(platform::Screen& home);
+void Menu_pdx(platform::Screen& home);
+
+/// Reads a table of torque on link 4 into `ImportedTorque`; `Failed` when its length is not that of the run.
+void Import_Torque_Data(TextReader& reader, bool& Failed);
+/// The dialog, file and consequences of `chk_Torque` on `frm_MassProp`; `Index` is the row of `txt_Torque`.
+void Import_Torque(Integer Index);
+
+}  // namespace verlink

@@ -1,0 +1,32 @@
+// The two other linkages that trace the same coupler curve (Roberts and Chebyschev), and Cayley's diagram of all.
+#pragma once
+
+#include "core/number.h"
+#include "core/record/synthesis.h"
+#include "platform/screen.h"
+#include "platform/surface.h"
+
+namespace verlink {
+
+/// The record's linkage becomes cognate 1, and the other two are computed; `Delta` and `DeltaStr` follow `DeltaRad`.
+/// Checks entry 1 of the home screen's `mnu_Cog`.
+void SeedCognate();
+
+/// Rows 2 and 3 of both tables from row 1 of `cognates`.
+void Cayley(CognateTable& cognates, CognateTable& rows);
+
+/// Row n to the fields given; also the record's ground pivot, along x, and `Delta` and `DeltaStr`.
+void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3, Single& L4, Single& L1, Single& Rpa,
+                 Single& DeltaRad);
+
+/// What every switch to cognate n does, before a screen goes its own way: the menu's check, `CognateNumber`, the
+/// linkage, `LinkArray`, and the flags of results, which are dropped. The caller has refused parallelograms.
+void Switch_Cognate(Integer n);
+
+/// True, after saying why, when the linkage is a parallelogram, which has no use for cognates.
+bool Refuse_Parallelogram();
+
+/// All three cognates on `Picture1` of `frm_Cayley`, from `CayleyRows`.
+void DrawCayley();
+
+}  // namespace verlink

@@ -1,0 +1,34 @@
+// Dyads of two and three positions in the standard dyad form, and the linkage that two of them make.
+#pragma once
+
+#include "core/number.h"
+
+namespace verlink {
+
+// Lengths are as link lengths, angles are degrees, vectors are in the global frame. A dyad is the vector along the
+// grounded link (W left, U right) and the vector from its moving pin to the coupler point (Z left, S right).
+
+/// One dyad for two positions. P21 is the displacement of the coupler point, `alpha` the turn of the coupler, `beta`
+/// that of the grounded link; `angle1`, `mag1`, `x1`, `y1` are of the grounded link's vector, those with 2 of the
+/// other. Method 1: both angles given, both magnitudes found, negative ones kept. Method 2: the second vector given,
+/// the first found. A zero divisor is told and leaves what is not yet written. Other methods do nothing.
+void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
+            Single& mag1, Single& x1, Single& y1, Single& mag2, Single& x2, Single& y2);
+
+/// One dyad for three positions, turns given; a singular system is told, with the button pressed in `SimqAnswer`.
+void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2, Single alpha3, Single beta2,
+              Single beta3, Single& wx, Single& wy, Single& zx, Single& zy);
+
+/// Turns `beta2`, `beta3` of the grounded link whose pivot is at (ox, oy), by Erdman and Sandor's closed form. Reads
+/// P1, P21, P31, SynAlpha2, SynAlpha3 of the record. When there is none: a message, and both as they were.
+void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3);
+void Solve_Beta2(Single beta3, Single A1, Single A2, Single A3, Single A4, Single A5, Single A6, Single& beta2);
+/// The angle of an arc cosine `a` and an arc sine `s`, degrees; a negative `s` beside a positive `a` gives `s`.
+Single Quadrant_Fix(Single a, Single s);
+
+/// Joins two dyads into the linkage of the record, with the crank's range by `mode` (1 two positions, 2 to 4 three),
+/// puts it on the input screen and reports it.
+void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Single ux, Single uy, Single sx, Single sy,
+                  Single beta2, Single beta3, Single& link1Angle);
+
+}  // namespace verlink
