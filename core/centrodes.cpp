@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/pole.h"
+#include "core/trigonometry.h"
 #include "platform/desktop.h"
 #include "shell/failure_report.h"
 
@@ -17,7 +18,7 @@ void Centrodes(int step) {
             m.Centrode0Ay = m.Ay;
             m.Centrode0Theta3 = m.Theta3Rad;
             double sine = 0, cosine = 0;
-            Sin_Cos(m.Centrode0Theta3, sine, cosine);
+            Sin_Cos<double>(m.Centrode0Theta3, sine, cosine);
             m.SinCentrode0 = sine;
             m.CosCentrode0 = cosine;
         }

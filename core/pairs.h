@@ -13,7 +13,7 @@ namespace verlink {
 /// Two doubles as a vector register holds them. They add, multiply and compare like one, each to the same bits as
 /// one alone.
 typedef double Pair __attribute__((vector_size(16)));
-typedef long long PairOfTruths __attribute__((vector_size(16)));
+using PairOfTruths = decltype(Pair{} == Pair{});
 
 // What follows serves one double and a pair under the same names; functions are called for one number after another.
 
@@ -26,21 +26,6 @@ inline double If(bool truth, double then, double otherwise) { return truth ? the
 inline Pair If(PairOfTruths truth, Pair then, Pair otherwise) { return truth ? then : otherwise; }
 
 inline double Sqrt(double x) { return std::sqrt(x); }
-inline double Sin(double x) { return std::sin(x); }
-inline Pair Sin(Pair x) { return Pair{std::sin(x[0]), std::sin(x[1])}; }
-inline double Atan(double x) { return std::atan(x); }
-inline Pair Atan(Pair x) { return Pair{std::atan(x[0]), std::atan(x[1])}; }
-
-inline void Sin_Cos(double x, double& sine, double& cosine) {
-    sine = std::sin(x);
-    cosine = std::cos(x);
-}
-inline void Sin_Cos(Pair x, Pair& sine, Pair& cosine) {
-    for (int i = 0; i < 2; ++i) {
-        sine[i] = std::sin(x[i]);
-        cosine[i] = std::cos(x[i]);
-    }
-}
 
 /// What a V is rounded to when it is stored, and back. Of the four floats the first two count.
 typedef float PairOfFloats __attribute__((vector_size(16)));

@@ -3,6 +3,7 @@
 
 #include "core/number.h"
 #include "core/pairs.h"
+#include "core/trigonometry.h"
 
 namespace verlink {
 
