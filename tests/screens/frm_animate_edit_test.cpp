@@ -318,7 +318,7 @@ TEST_F(AnimateEdit, HelpHidesTheScreenAndBringsItBack) {
     desktop.Expect_Screen("frm_Help", [&](platform::Screen& help) {
         EXPECT_FALSE(form.Visible());
         EXPECT_EQ(static_cast<frm_Help&>(help).WebBrowser1.Document.Get(),
-                  "helpfiles/linkages/linkage_animate_help.pdf");
+                  "helpfiles/verlink/animate_help.pdf");
         help.Hide();
     });
     desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) {

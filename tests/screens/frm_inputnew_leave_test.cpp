@@ -156,7 +156,7 @@ TEST_F(Leave, APrinterThatRefusesIsReported) {
 TEST_F(Leave, TheHelpMenuOpensTheManualsPages) {
     Without_Autocalc();
     const std::pair<const char*, const char*> pages[] = {
-        {"mnu_Linkage", "helpfiles/linkages/linkage_data_help.pdf"},
+        {"mnu_Linkage", "helpfiles/verlink/linkage_data_help.pdf"},
         {"mnu_Calculations", "helpfiles/linkages/linkage_calc_help.pdf"}};
     Show([&] {
         for (const auto& [entry, page] : pages) {
