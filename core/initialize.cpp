@@ -8,6 +8,7 @@
 #include "output/catalogue.h"
 #include "platform/desktop.h"
 #include "shell/failure_report.h"
+#include "synthesis/cognates.h"
 #include "synthesis/examples.h"
 
 namespace verlink {
@@ -61,6 +62,7 @@ void Initialize() {
         Set_Settings();
         Load_Catalogue();
         Testlinkage();
+        SeedCognate();
         // The start is in degrees here and the end in radians, so that the count is far below zero.
         Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
         Model.ModuloMode = "abs";

@@ -18,6 +18,7 @@
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 #include "shell/failure_report.h"
+#include "synthesis/cognates.h"
 
 namespace verlink {
 
@@ -269,6 +270,7 @@ void frm_Animate::Recalculate() {
     } else {
         Model.CurrentStep = 0;
         cmd_Step_Click();
+        if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
         Model.Calculated = true;
         Model.DynamicsDone = false;
         Model.BalanceDone = false;

@@ -16,6 +16,7 @@
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 #include "shell/failure_report.h"
+#include "synthesis/cognates.h"
 
 namespace verlink {
 
@@ -299,6 +300,7 @@ void frm_Inputnew::cmd_Calc_Click() {
         }
         if (Model.Calctype == 3) cmd_Step_Click();
         if (Model.Calctype == 1) cmd_Reset_Click();
+        if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
         Model.Calculated = true;  // also after an abort: the positions up to there are on show
         Model.ScreenReturn = true;
         hsc_step.SetMax(Model.NSteps);

@@ -9,7 +9,7 @@
 namespace verlink {
 
 /// The record's linkage becomes cognate 1, and the other two are computed; `Delta` and `DeltaStr` follow `DeltaRad`.
-/// Checks entry 1 of the home screen's `mnu_Cog`.
+/// Checks entry 1 of `mnu_Cog` on the home and input screens.
 void SeedCognate();
 
 /// Rows 2 and 3 of both tables from row 1 of `cognates`.
@@ -19,8 +19,9 @@ void Cayley(CognateTable& cognates, CognateTable& rows);
 void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3, Single& L4, Single& L1, Single& Rpa,
                  Single& DeltaRad);
 
-/// What every switch to cognate n does, before a screen goes its own way: the menu's check, `CognateNumber`, the
-/// linkage, `LinkArray`, and the flags of results, which are dropped. The caller has refused parallelograms.
+/// What every switch to cognate n does, before a screen goes its own way: the menus' checks, `CognateNumber`, the
+/// linkage, `LinkArray`, the flags of results, which are dropped, the home screen's status and menus. The caller has
+/// refused parallelograms.
 void Switch_Cognate(Integer n);
 
 /// True, after saying why, when the linkage is a parallelogram, which has no use for cognates.

@@ -3,12 +3,138 @@
 
 #include "core/linkage_model.h"
 #include "core/text.h"
+#include "dynamics/units.h"
 #include "platform/screen.h"
 #include "shell/failure_report.h"
 
 namespace verlink {
 
 namespace {
+
+struct Example {
+    const char *ModelName, *FigureTitle, *Grashof_Code;
+    double L1, L2, L3, L4, Rpa, Delta;
+    int CircuitIndex;
+    double Omega2Input, ThetaStart, ThetaEnd, ThetaStep;
+};
+
+const char kCrankRocker[] = "A Grashof Crank-Rocker Linkage";
+const char kRoberts[] = "Roberts Straight Line Linkage - Non-Grashof Triple Rocker";
+const char kWatts[] = "Watts Straight Line Linkage - Non-Grashof Triple Rocker";
+const char kChebychev[] = "Chebychev Straight Line Linkage - Grashof Double Rocker";
+const char kHoeken[] = "Hoecken Straight Line Linkage - Grashof Crank Rocker";
+constexpr int kOpen = 1, kCrossed = 2;
+
+// clang-format off
+//                               name        title         code  L1     L2     L3     L4    Rpa     Delta    circuit   w2  from  to   step
+constexpr Example kDefault    {"Testlink", kCrankRocker, "Y", 2.667, 1.115, 2.5,   2.5,  1.697,  -92.66,  kOpen,    10, 45,  405, 10};
+constexpr Example kSynthesis  {"Testlink", kCrankRocker, "Y", 9.375, 2,     8.625, 7,    4.376,  39.5,    kOpen,    10, 0,   360, 10};
+constexpr Example kGrashofTest{"Testlink", kCrankRocker, "Y", 18,    6,     16,    12,   14.42,  33.7,    kOpen,    10, 45,  405, 10};
+constexpr Example kRobertsLine{"Roberts",  kRoberts,     "N", 2,     1,     1,     1,    1.5,    -70.529, kOpen,    1,  49,  69,  2};
+constexpr Example kWattsLine  {"Watts",    kWatts,       "N", 2.5,   1.25,  0.625, 1.25, 0.3125, 0,       kOpen,    1,  -40, 20,  2};
+constexpr Example kChebyLine  {"Chebychv", kChebychev,   "Y", 2,     2.5,   1,     2.5,  0.5,    0,       kCrossed, 1,  37,  90,  1};
+constexpr Example kHoekenLine {"Hoeckens", kHoeken,      "Y", 2,     1,     2.5,   2.5,  5,      0,       kOpen,    10, 0,   360, 10};
+// clang-format on
+
+struct Dyads {
+    double P21x, P21y, P31x, P31y, SynAlpha2, SynAlpha3, SynBeta2, SynBeta3, SynGamma2, SynGamma3;
+    double O2x, O2y, O4x, O4y, SynTheta, SynTheta2, SynPhi;
+};
+
+// clang-format off
+//                           P21             P31             Alpha            Beta          Gamma           O2               O4             Theta Theta2 Phi
+constexpr Dyads kTestDyads{-0.575, 0.803,  -1.928, 0.553,  -8.686, -10.961, 45,    90,    3.355, 14.972,  -2.264, -5.279,  7.111, -5.279,  30,   120,   83};
+constexpr Dyads kRobertsDyads{-0.244, 0.013, -0.542, 0.029, -11.34, -22.19, 11.97, 23.97, 2.78,  9.96,    -1.712, 0,       0.288, 0,       29,   75,    -60};
+constexpr Dyads kChebyDyads{-1.12, 0,      -1.784, -0.003, 97.41,  158.18,  26,    52,    36.05, 43.89,   -1.784, -2.003,  0.22,  -2.003,  38,   90,    0};
+constexpr Dyads kHoekenDyads{43.8, -9.13,  58.38,  -19.04, -23.15, -36.07,  25,    50,    -19.1, -22.82,  -50,    -122.74, 0,     -122.74, 0,    50,    0};
+// clang-format on
+
+/// Of links 2, 3, 4; angles are radians.
+struct Masses {
+    double LinkMass[3], distance[3], angle[3], LinkInertia[3];
+};
+
+constexpr Masses kDefaultMasses{
+    {0.003, 0.006, 0.006}, {0.5, 0.9, 1.0}, {0, -0.8726646261111112, 0}, {0.028, 0.22, 0.129}};
+constexpr Masses kGrashofTestMasses{{0.003, 0.006, 0.006},
+                                    {3.36, 9.17, 4.05},
+                                    {0.46600291034333335, 0.2705260340944444, -0.17453292522222222},
+                                    {0.028, 0.22, 0.129}};
+
+void Put(const Example& example) {
+    Model.ModelName = example.ModelName;
+    Model.FigureTitle = example.FigureTitle;
+    Model.Grashof_Code = example.Grashof_Code;
+    Model.CamDriven = false;
+    Model.Link1Angle = 0;
+    Model.Link1AngleRad = 0;
+    Model.L1 = example.L1;
+    Model.L2 = example.L2;
+    Model.L3 = example.L3;
+    Model.L4 = example.L4;
+    Model.Rpa = example.Rpa;
+    Model.Delta = example.Delta;
+    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
+    Model.Parallelogram = false;
+    Model.CircuitIndex = example.CircuitIndex;
+    Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+    Model.Omega2Input = example.Omega2Input;
+    Model.ThetaStartStr = Text_Of(Single(example.ThetaStart));
+    Model.ThetaEndStr = Text_Of(Single(example.ThetaEnd));
+    Model.ThetaStepStr = Text_Of(Single(example.ThetaStep));
+    Model.ThetaStartRad = example.ThetaStart * kDegToRad;
+    Model.ThetaEndRad = example.ThetaEnd * kDegToRad;
+}
+
+/// The ground link along x.
+void Put_Pivot() {
+    Model.Link1X = Model.L1;
+    Model.Link1Y = 0;
+}
+
+void Put(const Dyads& dyads) {
+    Model.P21x = dyads.P21x;
+    Model.P21y = dyads.P21y;
+    Model.P31x = dyads.P31x;
+    Model.P31y = dyads.P31y;
+    Model.SynAlpha2 = dyads.SynAlpha2;
+    Model.SynAlpha3 = dyads.SynAlpha3;
+    Model.SynBeta2 = dyads.SynBeta2;
+    Model.SynBeta3 = dyads.SynBeta3;
+    Model.SynGamma2 = dyads.SynGamma2;
+    Model.SynGamma3 = dyads.SynGamma3;
+    Model.O2x = dyads.O2x;
+    Model.O2y = dyads.O2y;
+    Model.O4x = dyads.O4x;
+    Model.O4y = dyads.O4y;
+    Model.SynTheta = dyads.SynTheta;
+    Model.SynTheta2 = dyads.SynTheta2;
+    Model.SynPhi = dyads.SynPhi;
+}
+
+void Put_Right_Angles(double Sigma, double Xi) {
+    Model.SynSigma = Sigma;
+    Model.SynXi = Xi;
+}
+
+/// What the two Grashof test linkages have beyond the dyads of the synthesis test.
+void Put_Test_Vectors() {
+    Put_Right_Angles(100.77, 194.98);
+    Model.SynS = 5.969534;
+    Model.SynZ = 4.3072429;
+}
+
+void Put(const Masses& masses) {
+    for (int link = 2; link <= 4; ++link) {
+        const int i = link - 2;
+        Model.LinkMass(link) = masses.LinkMass[i];
+        Model.CG(link, 0) = masses.distance[i];
+        Model.CG(link, 1) = masses.angle[i];
+        Model.LinkInertia(link) = masses.LinkInertia[i];
+    }
+    Model.ExtTorque(3) = 0;
+    Model.ExtTorque(4) = 0;
+}
 
 void Put_Initial(int index, double value) {
     platform::With<platform::TextBox>("frm_Inputnew", "txt_initial", index,
@@ -28,89 +154,108 @@ void Put_Initial_Values() {
     Put_Initial(3, Model.Omega2Input);
 }
 
-void Set_Geometry() {
-    Model.Link1Angle = 0;
-    Model.L2 = 1.115;
-    Model.L3 = 2.5;
-    Model.L4 = 2.5;
-    Model.L1 = 2.667;
-    Model.Link1X = Model.L1;
-    Model.Link1Y = 0;
-    Model.Rpa = 1.697;
-    Model.Delta = -92.66;
-    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-    Model.CircuitIndex = 1;
-    Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+/// A linkage whose step in radians holds the number of degrees.
+void Put_With_Step(const Example& example) {
+    Put(example);
+    Model.ThetaStepRad = example.ThetaStep;
 }
 
-void Set_Drive() {
-    Model.CamDriven = false;
-    Model.Omega2Input = 10;
-    Model.ThetaStart = 45;
-    Model.ThetaEnd = 405;
-    Model.ThetaStep = 10;
-    Model.ThetaStartStr = "45";
-    Model.ThetaEndStr = "405";
-    Model.ThetaStepStr = "10";
-    Model.ThetaStartRad = 45.0;  // unconverted, and the step in radians is left as it was
-    Model.ThetaEndRad = 7.0685834715;
-}
-
-void Set_Masses() {
-    Model.LinkMass(2) = 0.003;
-    Model.LinkMass(3) = 0.006;
-    Model.LinkMass(4) = 0.006;
-    Model.ExtTorque(3) = 0;
-    Model.ExtTorque(4) = 0;
-    Model.CG(2, 0) = 0.5;
-    Model.CG(2, 1) = 0;
-    Model.CG(3, 0) = 0.9;
-    Model.CG(3, 1) = -0.8726646261111112;
-    Model.CG(4, 0) = 1.0;
-    Model.CG(4, 1) = 0;
-    Model.LinkInertia(2) = 0.028;
-    Model.LinkInertia(3) = 0.22;
-    Model.LinkInertia(4) = 0.129;
-}
-
-void Set_Synthesis() {
-    Model.P21x = -0.575;
-    Model.P21y = 0.803;
-    Model.P31x = -1.928;
-    Model.P31y = 0.553;
-    Model.SynAlpha2 = -8.686;
-    Model.SynAlpha3 = -10.961;
-    Model.SynBeta2 = 45;
-    Model.SynBeta3 = 90;
-    Model.SynGamma2 = 3.355;
-    Model.SynGamma3 = 14.972;
-    Model.O2x = -2.264;
-    Model.O2y = -5.279;
-    Model.O4x = 7.111;
-    Model.O4y = -5.279;
-    Model.SynTheta = 30;
-    Model.SynTheta2 = 120;
-    Model.SynPhi = 83;
-    Model.SynSigma = 100.77;
-    Model.SynXi = 194.98;
-    Model.SynS = 5.969534;
-    Model.SynZ = 4.3072429;
+void Put_Straight_Line(const Example& example) {
+    Put_With_Step(example);
+    Put_Pivot();
+    LoadLinkArray();
+    Put_Initial_Values();
 }
 
 }  // namespace
 
 void Testlinkage() {
     Guarded("Testlinkage", [] {
-        Model.ModelName = "Testlink";
-        Model.FigureTitle = "A Grashof Crank-Rocker Linkage";
-        Model.Grashof_Code = "Y";
-        Set_Geometry();
-        Set_Drive();
-        Set_Masses();
-        Set_Synthesis();
+        Put(kDefault);
+        Put_Pivot();
+        Model.ThetaStart = kDefault.ThetaStart;
+        Model.ThetaEnd = kDefault.ThetaEnd;
+        Model.ThetaStep = kDefault.ThetaStep;
+        Model.ThetaStartRad = kDefault.ThetaStart;  // unconverted, and the step in radians is left as it was
+        Put(kDefaultMasses);
+        Put(kTestDyads);
+        Put_Test_Vectors();
         LoadLinkArray();
         Put_Time_Fields();
         Put_Initial_Values();
+    });
+}
+
+void Testlinkagevlnk() {
+    Guarded("Testlinkagevlnk", [] {
+        Put_With_Step(kSynthesis);
+        Put(kTestDyads);
+        LoadLinkArray();
+        Set_Default_Masses(4);
+        Put_Time_Fields();
+        Put_Initial_Values();
+    });
+}
+
+void Testlinkage_old() {
+    Guarded("Testlinkage_old", [] {
+        Put_With_Step(kGrashofTest);
+        Put_Pivot();
+        Put(kGrashofTestMasses);
+        Put(kTestDyads);
+        Put_Test_Vectors();
+        LoadLinkArray();
+        Put_Time_Fields();
+        Put_Initial_Values();
+    });
+}
+
+void Roberts() {
+    Guarded("Roberts", [] {
+        Put(kRobertsDyads);
+        Put_Right_Angles(101.5, -88.73);
+        Put_Straight_Line(kRobertsLine);
+    });
+}
+
+void Watts() {
+    Guarded("Watts", [] {
+        Model.SynTheta2 = 20;  // the rest of the synthesis data stays
+        Put_Straight_Line(kWattsLine);
+    });
+}
+
+void Chebychev() {
+    Guarded("Chebychev", [] {
+        Put(kChebyDyads);
+        Put_Right_Angles(99.29, -68.46);
+        Put_Straight_Line(kChebyLine);
+    });
+}
+
+void Hoekens() {
+    Guarded("Hoekens", [] {
+        Put(kHoekenDyads);
+        Put_Right_Angles(101.5, 78.43);
+        Put_Straight_Line(kHoekenLine);
+        Model.Units = 1;
+        Set_Unit_Labels(Model.Units, Model.UnitLabel, kUnitLabels);
+    });
+}
+
+void Set_Default_Masses(Integer n) {
+    Guarded("Set_Default_Masses", [&] {
+        Model.LinkMass(2) = 0.003;
+        Model.LinkMass(3) = 0.01;
+        Model.LinkMass(4) = 0.006;
+        Model.ExtTorque(4) = 0;
+        for (int link = 2; link <= n; ++link) {
+            Model.LinkInertia(link) = 2 * Model.LinkMass(link);
+            Model.CG(link, 0) = 0.5 * Model.LinkArray(link);
+            Model.CG(link, 1) = 0;
+        }
+        Model.CG(3, 0) = Model.Rpa;
+        Model.CG(3, 1) = Model.DeltaRad;
     });
 }
 

@@ -66,7 +66,7 @@ TEST_F(TheModel, DefaultsAreThoseOfTheDefaultLinkage) {
     EXPECT_EQ(Model.L3, 2.5);
     EXPECT_EQ(Model.L4, 2.5);
     EXPECT_EQ(Model.Rpa, static_cast<double>(1.697F));
-    EXPECT_EQ(Model.DeltaStr, "-92.66");
+    EXPECT_EQ(Model.DeltaStr, "-92.7");
     EXPECT_EQ(Model.ModelName, "Model_1");
     EXPECT_EQ(Model.FigureTitle, "A Grashof Crank-Rocker Linkage");
     EXPECT_EQ(Model.ModuloMode, "abs");

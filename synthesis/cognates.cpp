@@ -1,0 +1,128 @@
+// The cognates of a linkage, by the similar triangles of Cayley's diagram, and the switching between them.
+#include "synthesis/cognates.h"
+
+#include <cmath>
+
+#include "core/classification.h"
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "platform/screen.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr int kItems = 6;
+
+struct Row {
+    Single L1, L2, L3, L4, Rpa, DeltaRad;
+};
+
+void Put_Row(CognateTable& table, int cognate, const Row& row) {
+    const Single items[] = {row.L1, row.L2, row.L3, row.L4, row.Rpa, row.DeltaRad};
+    for (int item = 1; item <= kItems; ++item) table(cognate, item) = items[item - 1];
+}
+
+/// The same linkage with its side links exchanged; its coupler point is given from the other joint.
+Row From_Other_Side(const Row& row, Single Rpa, Single DeltaRad) {
+    return {row.L1, row.L4, row.L3, row.L2, Rpa, DeltaRad};
+}
+
+void Check_Menus() {
+    for (const char* screen : {"frm_HomeScreen", "frm_Inputnew"})
+        for (int cognate = 1; cognate <= 3; ++cognate)
+            platform::With<platform::MenuEntry>(screen, "mnu_Cog", cognate, [&](platform::MenuEntry& entry) {
+                entry.Checked = cognate == Model.CognateNumber;
+            });
+}
+
+}  // namespace
+
+void SeedCognate() {
+    Guarded("SeedCognate", [] {
+        Put_Row(Model.Cognates, 1, {Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa, Model.DeltaRad});
+        Model.Delta = Model.DeltaRad * kRadToDeg;
+        Model.DeltaStr = Text_Of(FNRound(Model.Delta, 1));
+        Model.CognateNumber = 1;
+        Model.CognateEdit = false;
+        Cayley(Model.Cognates, Model.CayleyRows);
+        Check_Menus();
+    });
+}
+
+void Cayley(CognateTable& cognates, CognateTable& rows) {
+    Guarded("Cayley", [&] {
+        Put_Row(cognates, 2, {});
+        Put_Row(cognates, 3, {});
+        for (int item = 1; item <= kItems; ++item) rows(1, item) = cognates(1, item);
+        const Single L1 = cognates(1, 1), L2 = cognates(1, 2), L3 = cognates(1, 3), L4 = cognates(1, 4);
+        const Single R = cognates(1, 5), d = cognates(1, 6);
+
+        // The coupler triangle: R and Rb from its joints A and B to P; its angles d at A, g at B, h at P.
+        Single Rb, m, g;
+        CosineLaw_Angle(R, L3, d, Rb);
+        Cart_to_Polar(L3 - R * std::cos(d), R * std::sin(d), m, g);
+        g = g * kDegToRad;
+        const Single h = kPi - (d + g);
+
+        // The other two couplers are that triangle, scaled to the cranks.
+        Single a, b, c, e;
+        if (L3 != 0.0) {
+            a = R * L2 / L3;
+            b = Rb * L2 / L3;
+            c = R * L4 / L3;
+            e = Rb * L4 / L3;
+        }
+        const Single q = Divide(L1, L3 + L2 + L4);
+        const Single G2 = (a + R + c) * q;
+        const Single G3 = (e + Rb + b) * q;
+        const Row second{G2, c, a, R, b, h}, third{G3, Rb, e, b, L4, g};
+        Put_Row(rows, 2, second);
+        Put_Row(rows, 3, third);
+        Put_Row(cognates, 2, R <= c ? From_Other_Side(second, L2, d) : second);
+        Put_Row(cognates, 3, b <= Rb ? From_Other_Side(third, c, h) : third);
+    });
+}
+
+void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3, Single& L4, Single& L1, Single& Rpa,
+                 Single& DeltaRad) {
+    Guarded("GetCognates", [&] {
+        L1 = cognates(n, 1);
+        L2 = cognates(n, 2);
+        L3 = cognates(n, 3);
+        L4 = cognates(n, 4);
+        Model.Link1X = L1;
+        Model.Link1Y = 0;
+        Rpa = cognates(n, 5);
+        DeltaRad = cognates(n, 6);
+        Model.Delta = DeltaRad * kRadToDeg;
+        Model.DeltaStr = FNRoundStr(Model.Delta, 1);
+    });
+}
+
+void Switch_Cognate(Integer n) {
+    Guarded("Switch_Cognate", [&] {
+        Model.CognateNumber = n;
+        Model.CognateEdit = n != 1;
+        Check_Menus();
+        GetCognates(Model.Cognates, n, Model.L2, Model.L3, Model.L4, Model.L1, Model.Rpa, Model.DeltaRad);
+        LoadLinkArray();
+        Model.Calculated = false;
+        Model.DynamicsDone = false;
+        Model.BalanceDone = false;
+        Model.Synthesized = false;
+        Refresh_Status();
+        Set_Menus();
+    });
+}
+
+bool Refuse_Parallelogram() {
+    if (Model.Parallelogram) platform::Tell(kParallelogramMessage, platform::Icon::kInformation);
+    return Model.Parallelogram;
+}
+
+}  // namespace verlink
