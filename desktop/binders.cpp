@@ -86,6 +86,7 @@ QWidget* make(Form& form, Label& control, QWidget* parent) {
     const auto back = [label, &control] { label->setBack(backColor(control.BackColor, label->window()->palette())); };
     bind(form, control, label, [label, &control, back] {
         setIfOther(label, lines(control.Caption));
+        if (control.ForeColor != kStyleColor) label->setFore(plainColor(control.ForeColor));
         back();
     });
     form.restyle.emplace_back(back);
@@ -289,7 +290,7 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     picture->onDoubleClick = [&form, &control] {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
-    bind(form, control, picture, [] {});
+    bind(form, control, picture, [picture, &control] { picture->setLines(control.Lines); });
     return picture;
 }
 

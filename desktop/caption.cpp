@@ -24,6 +24,13 @@ void Caption::setBack(const QColor& color) {
     update();
 }
 
+void Caption::setFore(const QColor& color) {
+    if (color.isValid() && palette().color(QPalette::Active, QPalette::WindowText) == color) return;
+    QPalette own;
+    if (color.isValid()) own.setColor(QPalette::WindowText, color);
+    setPalette(own);
+}
+
 void Caption::setQuiet() {
     quiet_ = true;
     const QColor shade = quietText(parentWidget() ? parentWidget()->palette() : QApplication::palette());

@@ -14,6 +14,8 @@ class Caption : public QLabel {
     void setLook(Look look);
     /// The colour behind the text; an invalid one is the window's own.
     void setBack(const QColor& color);
+    /// The colour of the text; an invalid one is the window's own.
+    void setFore(const QColor& color);
     /// Is there a box around no text?
     void setBoxWhenEmpty(bool shown);
     QColor back() const { return back_; }

@@ -1,6 +1,8 @@
 // Painting a list of primitives, and the mouse over it.
 #include "desktop/picture_widget.h"
 
+#include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
@@ -9,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/text.h"
 #include "desktop/theme.h"
 
 namespace verlink::desktop {
@@ -152,6 +155,26 @@ void PictureWidget::paintNow() {
     if (stale_ && isVisible()) repaint();
 }
 
+void PictureWidget::setLines(const std::vector<std::string>& lines) {
+    if (lines == lines_) return;
+    lines_ = lines;
+    update();
+}
+
+void PictureWidget::paintLines(QPainter& painter) const {
+    if (lines_.empty()) return;
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const QFontMetricsF metrics(font);
+    const QRectF place = area().adjusted(4, 4, -4, -4);
+    painter.setFont(font);
+    painter.setPen(plainColor(0));
+    QPointF at = place.topLeft() + QPointF(0, metrics.ascent());
+    for (const std::string& line : lines_) {
+        painter.drawText(at, toQt(line));
+        at.ry() += metrics.lineSpacing();
+    }
+}
+
 void PictureWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF place = area();
@@ -177,6 +200,7 @@ void PictureWidget::paintEvent(QPaintEvent*) {
         paintPicture(painter, picture_, place.size());
         painter.translate(-place.topLeft());
     }
+    paintLines(painter);
     painter.setPen(QPen(borderColor(palette()), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));

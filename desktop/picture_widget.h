@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "platform/picture.h"
 
@@ -29,6 +31,8 @@ class PictureWidget : public QWidget {
     std::function<void()> onClick, onDoubleClick;
     /// The picture fills the whole widget from now on instead of a square.
     void fill();
+    /// Text over the picture, from its top left corner down, in a font of one width.
+    void setLines(const std::vector<std::string>& lines);
     /// The place of the picture within the widget.
     QRectF area() const;
     /// Paints at once if the picture has changed since the last painting.
@@ -46,8 +50,10 @@ class PictureWidget : public QWidget {
 
    private:
     void tellMouse(QMouseEvent* event);
+    void paintLines(QPainter& painter) const;
 
     platform::Picture& picture_;
+    std::vector<std::string> lines_;
     QImage image_;
     std::uint64_t revision_ = 0;
     bool stale_ = true;

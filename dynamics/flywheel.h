@@ -18,6 +18,9 @@ using PulseAreas = Array<Single, 0, 10>;
 /// fluctuation.
 void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque);
 
+/// `FlywheelTorque`: the unbalanced driving torque, its distance from the average of row 0 of `Torque` times `Fluct`.
+void Smooth_Torque(Single Fluct, const TorqueTable& Torque);
+
 /// Areas between a function and its average from step `Start` to `End`, a pulse to an entry, by the trapezoid rule
 /// from the second interval on; one pulse ends where the sign changes. `FirstSign` is that of the first pulse.
 /// `Dimensions` says how Array is read: 1 by the step alone, 2 and 3 with `Row` beside it, in the order "I_Pointer"

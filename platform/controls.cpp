@@ -142,6 +142,12 @@ void ScrollBar::Drop() {
 
 PictureBox::PictureBox(Screen& owner, std::string name, int index) : Visual(owner, std::move(name), index) {}
 
+void PictureBox::Print(const std::string& line) {
+    std::vector<std::string> lines = Lines;
+    lines.push_back(line);
+    Lines = lines;
+}
+
 DocumentView::DocumentView(Screen& owner, std::string name, int index)
     : Visual(owner, std::move(name), index), Document(*this, "") {}
 

@@ -20,7 +20,7 @@ class Screen;
 /// The index of a control that is not part of an array.
 inline constexpr int kNoIndex = -1;
 
-/// The default back colour of a control: whatever the desktop's style gives it.
+/// The default colour of a control: whatever the desktop's style gives it.
 inline constexpr Color kStyleColor = -1;
 
 /// What every control has: an owner, a name, perhaps an index, and somebody who may watch it.
@@ -103,6 +103,7 @@ class Label : public Visual {
    public:
     Label(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
     Property<std::string> Caption;
+    Property<Color> ForeColor{*this, kStyleColor};  ///< of the text
 };
 
 /// A group with a title.
@@ -208,10 +209,14 @@ class ScrollBar : public Visual {
     bool dragging_ = false;
 };
 
-/// A square drawing surface on a screen. The program draws on `Canvas()`; the desktop paints `Drawing()`.
+/// A square drawing surface on a screen. The program draws on `Canvas()`; the desktop paints `Drawing()`, and over it
+/// the text lines from the top left corner down, in a font of one width.
 class PictureBox : public Visual {
    public:
     PictureBox(Screen& owner, std::string name, int index = kNoIndex);
+    Property<std::vector<std::string>> Lines{*this, {}};
+    /// A line of text below those that are there.
+    void Print(const std::string& line);
     Surface& Canvas() { return log_ ? *log_ : static_cast<Surface&>(picture_); }
     Picture& Drawing() { return picture_; }
     /// Sends the calls elsewhere (a test's log); null brings them back.

@@ -27,6 +27,8 @@ struct BalanceWeights {
     Array<Single, 0, 4> BerkRadius;   ///< length
     Array<Single, 0, 4> BerkInertia;  ///< BerkRadius^2 x BerkMass; 0 for links 1 and 3
     Table<Single, 0, 4, 2> BerkCG;    ///< as CG: 0 distance, a length; 1 angle in the link's frame, radians
+    /// By row of the torques, over a run: 0 of the counterweights alone, 1 balanced; torque unit.
+    Table<Single, 0, 3, 2> BerkAverage, BerkRms;
 };
 
 }  // namespace verlink

@@ -1,0 +1,260 @@
+// The nine equations of each position, their solution, and what is stored of it.
+#include "dynamics/dynacalc.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/solver.h"
+#include "core/text.h"
+#include "platform/desktop.h"
+#include "platform/screen.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr int kUnknowns = 9;
+constexpr platform::Color kGray = 128 + 256 * 128 + 65536 * 128;
+constexpr platform::Color kRed = 255;
+
+/// Matrix and right side with subscripts from 1, the equation first.
+struct System {
+    std::array<double, kUnknowns * kUnknowns> Rows;
+    std::array<double, kUnknowns> Right;
+
+    double& A(int i, int j) { return Rows[static_cast<std::size_t>((i - 1) * kUnknowns + j - 1)]; }
+    double& C(int i) { return Right[static_cast<std::size_t>(i - 1)]; }
+};
+
+/// A link at a step: angles relative to the ground link, in radians.
+struct LinkState {
+    Single th;        ///< of its line of centres
+    Single w, a;      ///< rad/s, rad/s^2
+    Single R;         ///< pivot to mass centre, stored length
+    double sin, cos;  ///< of th
+    Single S, C;      ///< sine and cosine of the mass centre's direction
+};
+
+LinkState State_Of(int step, int link, const Table<Single, 0, 4, 2>& CG) {
+    const RunResults& table = Model.RunTable;
+    LinkState s;
+    s.th = table.Theta(step, link - 2) * kDegToRad - Model.Link1AngleRad;
+    s.w = table.Omega(step, link - 2);
+    s.a = table.Alpha(step, link - 2);
+    s.R = CG(link, 0);
+    s.sin = std::sin(s.th);
+    s.cos = std::cos(s.th);
+    s.S = std::sin(s.th + CG(link, 1));
+    s.C = std::cos(s.th + CG(link, 1));
+    return s;
+}
+
+/// The links of a step, by number.
+struct Links {
+    LinkState l2, l3, l4;
+};
+
+/// Forces on link 3 and moments of all forces about the mass centres of links 3 and 4.
+struct Loads {
+    Single Fx, Fy;  ///< friction
+    Single M3, M4;
+};
+
+void Store_Centres(int step, const Links& at) {
+    const auto& [l2, l3, l4] = at;
+    RunResults& table = Model.RunTable;
+    auto& velocity = table.VelXY;
+    velocity(step, 3, 0) = l2.w * l2.R * -l2.S;
+    velocity(step, 3, 1) = l2.w * l2.R * l2.C;
+    velocity(step, 4, 0) = l4.w * l4.R * -l4.S;
+    velocity(step, 4, 1) = l4.w * l4.R * l4.C;
+    // The velocity of A is taken in the shown unit: in centimetres and millimetres this adds two units.
+    velocity(step, 5, 0) = l3.w * l3.R * -l3.S + velocity(step, 0, 0);
+    velocity(step, 5, 1) = l3.w * l3.R * l3.C + velocity(step, 0, 1);
+
+    auto& acceleration = table.AccXY;
+    const double factor = Shown_Factor();
+    const Single Ax = acceleration(step, 0, 0) / factor;
+    const Single Ay = acceleration(step, 0, 1) / factor;
+    acceleration(step, 5, 0) = l3.w * l3.w * l3.R * -l3.C + Ax + l3.a * l3.R * -l3.S;
+    acceleration(step, 5, 1) = l3.w * l3.w * l3.R * -l3.S + Ay + l3.a * l3.R * l3.C;
+    acceleration(step, 6, 0) = l2.w * l2.w * l2.R * -l2.C + l2.a * l2.R * -l2.S;
+    acceleration(step, 6, 1) = l2.w * l2.w * l2.R * -l2.S + l2.a * l2.R * l2.C;
+    acceleration(step, 7, 0) = l4.w * l4.w * l4.R * -l4.C + l4.a * l4.R * -l4.S;
+    acceleration(step, 7, 1) = l4.w * l4.w * l4.R * -l4.S + l4.a * l4.R * l4.C;
+}
+
+/// Moment of a force about a mass centre, given the place of its point in the link's frame, degrees.
+Single Moment(Single distance, Single angle, Single th, Single X, Single Y) {
+    const Single sine = std::sin(angle * kDegToRad + th);
+    const Single cosine = std::cos(angle * kDegToRad + th);
+    const Single Rx = distance * cosine;
+    const Single Ry = distance * sine;
+    return Y * Rx - X * Ry;
+}
+
+Loads Loads_At(int step, const Links& at) {
+    const auto& m = Model;
+    const auto& velocity = m.RunTable.VelXY;
+    // Friction acts against the velocity of the coupler point.
+    const Single phi = (Atan2D(velocity(step, 2, 0), velocity(step, 2, 1)) + 180) * kDegToRad;
+    const double sine = std::sin(phi);
+    const double cosine = std::cos(phi);
+    const Single Px = m.Rpa * cosine;
+    const Single Py = m.Rpa * sine;
+    Loads loads;
+    loads.Fx = m.FrictionForce * cosine;
+    loads.Fy = m.FrictionForce * sine;
+    // The arm of the friction is taken along the force itself, so that its moment is 0 but for rounding.
+    const double moment3 = Moment(m.ForceDist3, m.ForceAng3, at.l3.th, m.ExtForce3X, m.ExtForce3Y);
+    loads.M3 = moment3 + (loads.Fy * Px - Py * loads.Fx);
+    loads.M4 = Moment(m.ForceDist4, m.ForceAng4, at.l4.th, m.ExtForce4X, m.ExtForce4Y);
+    return loads;
+}
+
+/// Newton's and Euler's equations of links 2, 3 and 4, three rows to a link. Unknowns: F12, F32, F43, F14, x and y
+/// each, and T12.
+void Fill_Matrix(System& s, const Links& at) {
+    const auto& [l2, l3, l4] = at;
+    s.Rows.fill(0);
+    s.A(1, 1) = 1;
+    s.A(1, 3) = 1;
+    s.A(2, 2) = 1;
+    s.A(2, 4) = 1;
+    s.A(3, 1) = l2.R * l2.S;
+    s.A(3, 2) = -l2.R * l2.C;
+    s.A(3, 3) = -(Model.L2 * l2.sin - l2.S * l2.R);
+    s.A(3, 4) = Model.L2 * l2.cos - l2.C * l2.R;
+    s.A(3, 9) = 1;
+    s.A(4, 3) = -1;
+    s.A(4, 5) = 1;
+    s.A(5, 4) = -1;
+    s.A(5, 6) = 1;
+    s.A(6, 3) = -l3.R * l3.S;
+    s.A(6, 4) = l3.R * l3.C;
+    s.A(6, 5) = -(Model.L3 * l3.sin - l3.S * l3.R);
+    s.A(6, 6) = Model.L3 * l3.cos - l3.C * l3.R;
+    s.A(7, 5) = -1;
+    s.A(7, 7) = 1;
+    s.A(8, 6) = -1;
+    s.A(8, 8) = 1;
+    s.A(9, 5) = Model.L4 * l4.sin - l4.S * l4.R;
+    s.A(9, 6) = -(Model.L4 * l4.cos - l4.C * l4.R);
+    s.A(9, 7) = l4.R * l4.S;
+    s.A(9, 8) = -l4.R * l4.C;
+}
+
+/// Rates of change of momentum of links 2, 3 and 4, and of angular momentum about their mass centres.
+struct Inertias {
+    Single Fi[3][2];
+    Single Ia[3];
+};
+
+Inertias Inertias_At(int step, const Links& at, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia) {
+    const auto& acceleration = Model.RunTable.AccXY;
+    Inertias i;
+    for (int axis = 0; axis <= 1; ++axis) {
+        i.Fi[0][axis] = acceleration(step, 6, axis) * Mass(2);
+        i.Fi[1][axis] = acceleration(step, 5, axis) * Mass(3);
+        i.Fi[2][axis] = acceleration(step, 7, axis) * Mass(4);
+    }
+    i.Ia[0] = at.l2.a * Inertia(2);
+    i.Ia[1] = at.l3.a * Inertia(3);
+    i.Ia[2] = at.l4.a * Inertia(4);
+    return i;
+}
+
+void Fill_Right_Side(System& s, const Inertias& inertias, const Loads& loads, bool loaded) {
+    const auto& m = Model;
+    for (int link = 0; link <= 2; ++link) {
+        s.C(3 * link + 1) = inertias.Fi[link][0];
+        s.C(3 * link + 2) = inertias.Fi[link][1];
+        s.C(3 * link + 3) = inertias.Ia[link];
+    }
+    if (!loaded) return;
+    s.C(4) -= m.ExtForce3X + loads.Fx;
+    s.C(5) -= m.ExtForce3Y + loads.Fy;
+    s.C(6) -= m.ExtTorque(3) + loads.M3;
+    s.C(7) -= m.ExtForce4X;
+    s.C(8) -= m.ExtForce4Y;
+    s.C(9) -= m.ExtTorque(4) + loads.M4;
+}
+
+void Store(int step, System& x, const Links& at, const Inertias& inertias, const Loads& loads, ForceTable& Forces,
+           TorqueTable& Torques) {
+    const auto& m = Model;
+    for (int axis = 0; axis <= 1; ++axis) {
+        Forces(step, 0, axis) = x.C(3 + axis);
+        Forces(step, 1, axis) = x.C(5 + axis);
+        Forces(step, 5, axis) = x.C(1 + axis);
+        Forces(step, 6, axis) = x.C(7 + axis);
+        Forces(step, 2, axis) = -inertias.Fi[1][axis];
+        Forces(step, 3, axis) = -inertias.Fi[0][axis];
+        Forces(step, 4, axis) = -inertias.Fi[2][axis];
+        Forces(step, 7, axis) = -x.C(1 + axis) - x.C(7 + axis);
+    }
+    Torques(step, 0) = x.C(9);
+    // The loads count here even where they are left out of the system.
+    Torques(step, 1) = -inertias.Ia[1] + m.ExtTorque(3) + loads.M3;
+    Torques(step, 2) = -inertias.Ia[2] + m.ExtTorque(4) + loads.M4;
+    const auto& l4 = at.l4;
+    Torques(step, 3) = (-l4.R * l4.C) * Forces(step, 6, 1) - (-l4.R * l4.S) * Forces(step, 6, 0) - x.C(9);
+}
+
+}  // namespace
+
+void Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
+              const Table<Single, 0, 4, 2>& CG, ForceTable& Forces, TorqueTable& Torques) {
+    Guarded("Dynacalc", [&] {
+        const double factor = Shown_Factor();
+        System system;
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            const Links at{State_Of(step, 2, CG), State_Of(step, 3, CG), State_Of(step, 4, CG)};
+            Store_Centres(step, at);
+            if (Model.TorqueImported) Model.ExtTorque(4) = Model.RunTable.ImportedTorque(step);
+            const Inertias inertias = Inertias_At(step, at, Mass, Inertia);
+            const Loads loads = Loads_At(step, at);
+            Fill_Right_Side(system, inertias, loads, LoadFlag == 0);
+            Fill_Matrix(system, at);
+            if (step == 0) PrintAmatrix(system.Rows, system.Right);
+            Integer unknowns = kUnknowns;
+            Integer Error;
+            SimQ(unknowns, system.Rows, system.Right, Error);
+            if (Error != 0) {
+                platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
+                               platform::Icon::kQuestion);
+                return;
+            }
+            Store(step, system, at, inertias, loads, Forces, Torques);
+            if (factor != 1) {
+                Scale_Velocities(step, factor, 3, 5);
+                Scale_Accelerations(step, factor, 5, 7);
+            }
+        }
+    });
+}
+
+void PrintAmatrix(std::span<const double> A, std::span<const double> C) {
+    Guarded("PrintAmatrix", [&] {
+        platform::Screen* screen = platform::Screens::Find("frm_Matrix");
+        if (!screen) return;
+        const auto print = [screen](const std::string& name, int index, double value) {
+            platform::With<platform::Label>(*screen, name, index, [value](platform::Label& label) {
+                label.Caption = FNRoundStr(value, Model.DecLengthShown);
+                label.ForeColor = FNRound(value, 3) == 0 ? kGray : kRed;
+            });
+        };
+        for (int i = 1; i <= kUnknowns; ++i) {
+            for (int j = 1; j <= kUnknowns; ++j)
+                print("lbl_A" + std::to_string(j), i, A[static_cast<std::size_t>((j - 1) * kUnknowns + i - 1)]);
+            print("lbl_B", i, C[static_cast<std::size_t>(i - 1)]);
+        }
+    });
+}
+
+}  // namespace verlink

@@ -1,0 +1,114 @@
+// How the pulses of the crank torque are found and listed, and the torque smoothed.
+#include "dynamics/flywheel.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "core/linkage_model.h"
+#include "core/text.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+namespace {
+
+/// A number as it is printed: a blank stands for the plus sign, and one follows.
+template <class Number>
+std::string Printed(Number value) {
+    const std::string text = Text_Of(value);
+    return (text.starts_with('-') ? "" : " ") + text + ' ';
+}
+
+/// The line with blanks up to a print column, counted from 1.
+std::string Up_To(std::string line, std::size_t column) {
+    if (line.size() < column - 1) line.resize(column - 1, ' ');
+    return line;
+}
+
+void Print_Pulses(platform::PictureBox& paper, const PulseAreas& first, const PulseAreas& second, Integer rows) {
+    for (int i = 1; i <= rows; ++i) {
+        const std::string line = Up_To("   " + Printed(i), 8) + Printed(FNRound(first(i), 1));
+        paper.Print(Up_To(line, 18) + Printed(FNRound(second(i), 1)));
+    }
+}
+
+void Print_Areas(platform::PictureBox& paper, const PulseAreas& PosArea, const PulseAreas& NegArea, Integer PulseCount,
+                 Integer FirstSign, Single AvgTorque) {
+    const std::string unit = Model.UnitLabel(9);
+    paper.Lines = {"", " Areas of Crank Torque",   " Pulses in Order over 1 cycle ",
+                   "", "    in Energy Units of :", "     " + unit + " - radians",
+                   ""};
+    if (FirstSign == -1) paper.Print(" Order   Neg Area   Pos Area");
+    if (FirstSign == 1) paper.Print(" Order   Pos Area   Neg Area");
+    paper.Print("----------------------------------------------");
+    const Integer rows = (PulseCount + 1) / 2.0;
+    if (FirstSign == -1) Print_Pulses(paper, NegArea, PosArea, rows);
+    if (FirstSign == 1) Print_Pulses(paper, PosArea, NegArea, rows);
+    paper.Print("");
+    paper.Print("    Average Torque:");
+    paper.Print("   " + Printed(FNRound(AvgTorque, 2)) + "  " + unit);
+}
+
+Single Average_Of(const TorqueTable& Torque) {
+    Single average;
+    Average2(
+        0, Model.NSteps, [&](int step, int row) { return Torque(step, row); }, "I_Pointer", 0, average);
+    return average;
+}
+
+}  // namespace
+
+void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
+    Guarded("Fly", [&] {
+        PulseAreas PosArea, NegArea;
+        Integer PulseCount, FirstSign;
+        const Single AvgTorque = Average_Of(Torque);
+        Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, Model.NSteps, Model.ThetaStepRad,
+                 AvgTorque, NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
+        Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), PosArea, NegArea, PulseCount, FirstSign, AvgTorque);
+        Smooth_Torque(Fluct, Torque);
+    });
+}
+
+void Smooth_Torque(Single Fluct, const TorqueTable& Torque) {
+    // The average is that of the given table, the pulses that are smoothed those of the unbalanced torque.
+    const Single AvgTorque = Average_Of(Torque);
+    auto& table = Model.RunTable;
+    for (int step = 0; step <= Model.NSteps; ++step)
+        table.FlywheelTorque(step) = (table.LinkTorque(step, 0) - AvgTorque) * Fluct + AvgTorque;
+}
+
+void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
+              PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,
+              const std::string& Order) {
+    Guarded("Flywheel", [&] {
+        if (Start < 0 || End < Start) platform::Raise(platform::kSubscript);
+        const bool step_last = Dimensions != 1 && Order == "Pointer_I";
+        std::vector<Single> y(static_cast<std::size_t>(End + 1));
+        for (int i = Start; i <= End; ++i)
+            y[static_cast<std::size_t>(i)] = (step_last ? Array(Row, i) : Array(i, Row)) - Average;
+
+        for (int i = 1; i <= PulseCount; ++i) NegArea(i) = PosArea(i) = 0;
+        int p = 1;
+        int n = 1;
+        bool InPos = false;
+        bool InNeg = false;
+        // The first interval is left out.
+        for (int i = 2; i <= End; ++i) {
+            const double here = y[static_cast<std::size_t>(i)];
+            const double Area = (y[static_cast<std::size_t>(i - 1)] + here) / 2 * StepSize;
+            const bool positive = here >= 0;
+            if (i == 2) FirstSign = positive ? 1 : -1;
+            if (positive && InNeg) ++n;
+            if (!positive && InPos) ++p;
+            InPos = positive;
+            InNeg = !positive;
+            if (InNeg) NegArea(n) += Area;
+            if (InPos) PosArea(p) += Area;
+        }
+        PulseCount = p + n;
+    });
+}
+
+}  // namespace verlink
