@@ -94,6 +94,25 @@ void To_Frame(Integer step, Integer link, Single x, Single y, Single& xr, Single
     Zero_If_Small(yr);
 }
 
+/// A vector in the ground link's frame; false for a group that has none.
+bool Take_Vector(int group, Integer step, int row, Single& x, Single& y) {
+    const RunResults& table = Model.RunTable;
+    const auto take = [&](const auto& vectors) {
+        x = vectors(step, row, 0);
+        y = vectors(step, row, 1);
+        return true;
+    };
+    switch (group) {
+        case 4: return take(table.VelXY);
+        case 5: return take(table.AccXY);
+        case 6: return take(table.PointXY);
+        case 10: return take(table.PinForce);
+        case 11: return take(table.BalancedForce);
+        case 13: return take(table.BerkForce);
+        default: return false;
+    }
+}
+
 }  // namespace
 
 void Load_Catalogue() {
@@ -154,23 +173,19 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
         const RunResults& table = Model.RunTable;
         const int row = Model.FuncRow(slot);
         switch (Model.FuncGroup(slot)) {
-            case 1: value = table.Theta(step, row); break;
-            case 2: value = table.Omega(step, row); break;
-            case 3: value = table.Alpha(step, row); break;
-            case 4:
-                Resolve_Vector(step, link, slot, table.VelXY(step, row, 0), table.VelXY(step, row, 1), value);
-                break;
-            case 5:
-                Resolve_Vector(step, link, slot, table.AccXY(step, row, 0), table.AccXY(step, row, 1), value);
-                break;
-            case 6:
-                Resolve_Vector(step, link, slot, table.PointXY(step, row, 0), table.PointXY(step, row, 1), value);
-                break;
-            case 7: value = table.OmegaRatio(step); break;
-            case 8: value = table.MechAdvantage(step); break;
-            case 14: value = Model.FFTResult(step, Model.FuncComponent(slot)); break;
+            case 1: value = table.Theta(step, row); return;
+            case 2: value = table.Omega(step, row); return;
+            case 3: value = table.Alpha(step, row); return;
+            case 7: value = table.OmegaRatio(step); return;
+            case 8: value = table.MechAdvantage(step); return;
+            case 9: value = table.LinkTorque(step, row); return;
+            case 12: value = table.BalancedMoment(step, row); return;
+            case 14: value = Model.FFTResult(step, Model.FuncComponent(slot)); return;
+            case 18: value = table.FlywheelTorque(step); return;
             default: break;
         }
+        Single x, y;
+        if (Take_Vector(Model.FuncGroup(slot), step, row, x, y)) Resolve_Vector(step, link, slot, x, y, value);
     });
 }
 
@@ -179,16 +194,9 @@ void Select_PolarVariable(Integer step, Integer slot, Single& mag, Single& ang) 
         Model.SmallValue = 0.0001;
         Integer link = 0;
         Local_Link(link);
-        const RunResults& table = Model.RunTable;
-        const int row = Model.FuncRow(slot);
-        switch (Model.FuncGroup(slot)) {
-            case 4: Resolve_Polar(step, link, table.VelXY(step, row, 0), table.VelXY(step, row, 1), mag, ang); break;
-            case 5: Resolve_Polar(step, link, table.AccXY(step, row, 0), table.AccXY(step, row, 1), mag, ang); break;
-            case 6:
-                Resolve_Polar(step, link, table.PointXY(step, row, 0), table.PointXY(step, row, 1), mag, ang);
-                break;
-            default: break;
-        }
+        Single x, y;
+        if (Take_Vector(Model.FuncGroup(slot), step, Model.FuncRow(slot), x, y))
+            Resolve_Polar(step, link, x, y, mag, ang);
     });
 }
 
