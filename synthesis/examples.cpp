@@ -25,28 +25,50 @@ const char kChebychev[] = "Chebychev Straight Line Linkage - Grashof Double Rock
 const char kHoeken[] = "Hoecken Straight Line Linkage - Grashof Crank Rocker";
 constexpr int kOpen = 1, kCrossed = 2;
 
+enum BuiltIn { kDefault, kSynthesisTest, kGrashofTest, kRobertsLine, kWattsLine, kChebychevLine, kHoekensLine };
+
 // clang-format off
-//                               name        title         code  L1     L2     L3     L4    Rpa     Delta    circuit   w2  from  to   step
-constexpr Example kDefault    {"Testlink", kCrankRocker, "Y", 2.667, 1.115, 2.5,   2.5,  1.697,  -92.66,  kOpen,    10, 45,  405, 10};
-constexpr Example kSynthesis  {"Testlink", kCrankRocker, "Y", 9.375, 2,     8.625, 7,    4.376,  39.5,    kOpen,    10, 0,   360, 10};
-constexpr Example kGrashofTest{"Testlink", kCrankRocker, "Y", 18,    6,     16,    12,   14.42,  33.7,    kOpen,    10, 45,  405, 10};
-constexpr Example kRobertsLine{"Roberts",  kRoberts,     "N", 2,     1,     1,     1,    1.5,    -70.529, kOpen,    1,  49,  69,  2};
-constexpr Example kWattsLine  {"Watts",    kWatts,       "N", 2.5,   1.25,  0.625, 1.25, 0.3125, 0,       kOpen,    1,  -40, 20,  2};
-constexpr Example kChebyLine  {"Chebychv", kChebychev,   "Y", 2,     2.5,   1,     2.5,  0.5,    0,       kCrossed, 1,  37,  90,  1};
-constexpr Example kHoekenLine {"Hoeckens", kHoeken,      "Y", 2,     1,     2.5,   2.5,  5,      0,       kOpen,    10, 0,   360, 10};
+/// In the order of `BuiltIn`.
+constexpr Example kExamples[] = {
+//   name        title         code  L1     L2     L3     L4    Rpa     Delta    circuit   w2  from to   step
+    {"Testlink", kCrankRocker, "Y",  2.667, 1.115, 2.5,   2.5,  1.697,  -92.66,  kOpen,    10, 45,  405, 10},
+    {"Testlink", kCrankRocker, "Y",  9.375, 2,     8.625, 7,    4.376,  39.5,    kOpen,    10, 0,   360, 10},
+    {"Testlink", kCrankRocker, "Y",  18,    6,     16,    12,   14.42,  33.7,    kOpen,    10, 45,  405, 10},
+    {"Roberts",  kRoberts,     "N",  2,     1,     1,     1,    1.5,    -70.529, kOpen,    1,  49,  69,  2},
+    {"Watts",    kWatts,       "N",  2.5,   1.25,  0.625, 1.25, 0.3125, 0,       kOpen,    1,  -40, 20,  2},
+    {"Chebychv", kChebychev,   "Y",  2,     2.5,   1,     2.5,  0.5,    0,       kCrossed, 1,  37,  90,  1},
+    {"Hoeckens", kHoeken,      "Y",  2,     1,     2.5,   2.5,  5,      0,       kOpen,    10, 0,   360, 10},
+};
 // clang-format on
 
+/// What the synthesis screens open on: a field, and its value with each linkage that has synthesis data.
 struct Dyads {
-    double P21x, P21y, P31x, P31y, SynAlpha2, SynAlpha3, SynBeta2, SynBeta3, SynGamma2, SynGamma3;
-    double O2x, O2y, O4x, O4y, SynTheta, SynTheta2, SynPhi;
+    Single SynthesisData::*field;
+    double test, roberts, chebychev, hoekens;
 };
 
 // clang-format off
-//                           P21             P31             Alpha            Beta          Gamma           O2               O4             Theta Theta2 Phi
-constexpr Dyads kTestDyads{-0.575, 0.803,  -1.928, 0.553,  -8.686, -10.961, 45,    90,    3.355, 14.972,  -2.264, -5.279,  7.111, -5.279,  30,   120,   83};
-constexpr Dyads kRobertsDyads{-0.244, 0.013, -0.542, 0.029, -11.34, -22.19, 11.97, 23.97, 2.78,  9.96,    -1.712, 0,       0.288, 0,       29,   75,    -60};
-constexpr Dyads kChebyDyads{-1.12, 0,      -1.784, -0.003, 97.41,  158.18,  26,    52,    36.05, 43.89,   -1.784, -2.003,  0.22,  -2.003,  38,   90,    0};
-constexpr Dyads kHoekenDyads{43.8, -9.13,  58.38,  -19.04, -23.15, -36.07,  25,    50,    -19.1, -22.82,  -50,    -122.74, 0,     -122.74, 0,    50,    0};
+using Data = SynthesisData;
+constexpr Dyads kDyads[] = {
+//                     test     Roberts  Chebychev  Hoeken
+    {&Data::P21x,      -0.575,  -0.244,  -1.12,     43.8},
+    {&Data::P21y,      0.803,   0.013,   0,         -9.13},
+    {&Data::P31x,      -1.928,  -0.542,  -1.784,    58.38},
+    {&Data::P31y,      0.553,   0.029,   -0.003,    -19.04},
+    {&Data::SynAlpha2, -8.686,  -11.34,  97.41,     -23.15},
+    {&Data::SynAlpha3, -10.961, -22.19,  158.18,    -36.07},
+    {&Data::SynBeta2,  45,      11.97,   26,        25},
+    {&Data::SynBeta3,  90,      23.97,   52,        50},
+    {&Data::SynGamma2, 3.355,   2.78,    36.05,     -19.1},
+    {&Data::SynGamma3, 14.972,  9.96,    43.89,     -22.82},
+    {&Data::O2x,       -2.264,  -1.712,  -1.784,    -50},
+    {&Data::O2y,       -5.279,  0,       -2.003,    -122.74},
+    {&Data::O4x,       7.111,   0.288,   0.22,      0},
+    {&Data::O4y,       -5.279,  0,       -2.003,    -122.74},
+    {&Data::SynTheta,  30,      29,      38,        0},
+    {&Data::SynTheta2, 120,     75,      90,        50},
+    {&Data::SynPhi,    83,      -60,     0,         0},
+};
 // clang-format on
 
 /// Of links 2, 3, 4; angles are radians.
@@ -92,24 +114,8 @@ void Put_Pivot() {
     Model.Link1Y = 0;
 }
 
-void Put(const Dyads& dyads) {
-    Model.P21x = dyads.P21x;
-    Model.P21y = dyads.P21y;
-    Model.P31x = dyads.P31x;
-    Model.P31y = dyads.P31y;
-    Model.SynAlpha2 = dyads.SynAlpha2;
-    Model.SynAlpha3 = dyads.SynAlpha3;
-    Model.SynBeta2 = dyads.SynBeta2;
-    Model.SynBeta3 = dyads.SynBeta3;
-    Model.SynGamma2 = dyads.SynGamma2;
-    Model.SynGamma3 = dyads.SynGamma3;
-    Model.O2x = dyads.O2x;
-    Model.O2y = dyads.O2y;
-    Model.O4x = dyads.O4x;
-    Model.O4y = dyads.O4y;
-    Model.SynTheta = dyads.SynTheta;
-    Model.SynTheta2 = dyads.SynTheta2;
-    Model.SynPhi = dyads.SynPhi;
+void Put_Dyads(double Dyads::*linkage) {
+    for (const Dyads& row : kDyads) Model.*row.field = row.*linkage;
 }
 
 void Put_Right_Angles(double Sigma, double Xi) {
@@ -171,14 +177,15 @@ void Put_Straight_Line(const Example& example) {
 
 void Testlinkage() {
     Guarded("Testlinkage", [] {
-        Put(kDefault);
+        const Example& linkage = kExamples[kDefault];
+        Put(linkage);
         Put_Pivot();
-        Model.ThetaStart = kDefault.ThetaStart;
-        Model.ThetaEnd = kDefault.ThetaEnd;
-        Model.ThetaStep = kDefault.ThetaStep;
-        Model.ThetaStartRad = kDefault.ThetaStart;  // unconverted, and the step in radians is left as it was
+        Model.ThetaStart = linkage.ThetaStart;
+        Model.ThetaEnd = linkage.ThetaEnd;
+        Model.ThetaStep = linkage.ThetaStep;
+        Model.ThetaStartRad = linkage.ThetaStart;  // unconverted, and the step in radians is left as it was
         Put(kDefaultMasses);
-        Put(kTestDyads);
+        Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
         LoadLinkArray();
         Put_Time_Fields();
@@ -188,8 +195,8 @@ void Testlinkage() {
 
 void Testlinkagevlnk() {
     Guarded("Testlinkagevlnk", [] {
-        Put_With_Step(kSynthesis);
-        Put(kTestDyads);
+        Put_With_Step(kExamples[kSynthesisTest]);
+        Put_Dyads(&Dyads::test);
         LoadLinkArray();
         Set_Default_Masses(4);
         Put_Time_Fields();
@@ -199,10 +206,10 @@ void Testlinkagevlnk() {
 
 void Testlinkage_old() {
     Guarded("Testlinkage_old", [] {
-        Put_With_Step(kGrashofTest);
+        Put_With_Step(kExamples[kGrashofTest]);
         Put_Pivot();
         Put(kGrashofTestMasses);
-        Put(kTestDyads);
+        Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
         LoadLinkArray();
         Put_Time_Fields();
@@ -212,32 +219,32 @@ void Testlinkage_old() {
 
 void Roberts() {
     Guarded("Roberts", [] {
-        Put(kRobertsDyads);
+        Put_Dyads(&Dyads::roberts);
         Put_Right_Angles(101.5, -88.73);
-        Put_Straight_Line(kRobertsLine);
+        Put_Straight_Line(kExamples[kRobertsLine]);
     });
 }
 
 void Watts() {
     Guarded("Watts", [] {
         Model.SynTheta2 = 20;  // the rest of the synthesis data stays
-        Put_Straight_Line(kWattsLine);
+        Put_Straight_Line(kExamples[kWattsLine]);
     });
 }
 
 void Chebychev() {
     Guarded("Chebychev", [] {
-        Put(kChebyDyads);
+        Put_Dyads(&Dyads::chebychev);
         Put_Right_Angles(99.29, -68.46);
-        Put_Straight_Line(kChebyLine);
+        Put_Straight_Line(kExamples[kChebychevLine]);
     });
 }
 
 void Hoekens() {
     Guarded("Hoekens", [] {
-        Put(kHoekenDyads);
+        Put_Dyads(&Dyads::hoekens);
         Put_Right_Angles(101.5, 78.43);
-        Put_Straight_Line(kHoekenLine);
+        Put_Straight_Line(kExamples[kHoekensLine]);
         Model.Units = 1;
         Set_Unit_Labels(Model.Units, Model.UnitLabel, kUnitLabels);
     });
