@@ -1,6 +1,9 @@
 // The order of a batch: open, replace, convert, save, classify, run, write.
 #include "batch/batch.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "batch/csv.h"
 #include "batch/functions.h"
 #include "batch/headless_desktop.h"
@@ -14,7 +17,10 @@
 #include "dynamics/units.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
+#include "shell/failure_report.h"
 #include "shell/startup.h"
+#include "synthesis/cognates.h"
+#include "synthesis/examples.h"
 
 namespace verlink {
 
@@ -26,6 +32,8 @@ const char kHelp[] =
     "\n"
     "Opens a model file, runs it, and writes what the links do at each step.\n"
     "\n"
+    "  --example NAME       takes a built-in linkage in place of a file: grashof, hoekens,\n"
+    "                       roberts, watts or cheby\n"
     "  --set FIELD=VALUE    replaces a field of the model file, as if the file had held\n"
     "                       that value: --set L2=1.2 --set \"CG(3,1)=0.5\"\n"
     "  --csv FILE           writes the table to a file instead of standard output\n"
@@ -38,6 +46,9 @@ const char kHelp[] =
     "                       in one graph: --plot Omega4 --plot \"Veloc CP:Y\"\n"
     "  --classify           prints the Grashof code, its words, and the toggle angle in\n"
     "                       degrees of a non-Grashof linkage\n"
+    "  --cognates           prints a row for each of the three linkages that trace the same\n"
+    "                       coupler curve, lengths as the file stores them, the angle in\n"
+    "                       radians\n"
     "  --save OUT.vlk       writes the model again\n"
     "  --convert-units N    converts it first: 1 in-lb-bl-s, 2 ft-lb-sl-s, 3 m-kg-N-s,\n"
     "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
@@ -46,8 +57,8 @@ const char kHelp[] =
     "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
     "Mag or Ang behind a colon; X if there is none.\n"
     "\n"
-    "With --classify or --save nothing is run unless --csv or --svg is given too, and\n"
-    "then the table is written only to the file of --csv.\n"
+    "With --classify, --cognates or --save nothing is run unless --csv or --svg is given\n"
+    "too, and then the table is written only to the file of --csv.\n"
     "\n"
     "The table has a header line and a row for each step. Assembled is 1 where the\n"
     "position closed. Angles are degrees, lengths in the model's shown unit. The centrodes\n"
@@ -94,6 +105,25 @@ bool Functions_Known(const BatchOptions& options, std::string& fault) {
     return true;
 }
 
+struct Example {
+    const char* name;
+    void (*load)();
+};
+
+constexpr Example kExamples[] = {
+    {"grashof", Testlinkage_old}, {"hoekens", Hoekens}, {"roberts", Roberts}, {"watts", Watts}, {"cheby", Chebychev}};
+
+const Example* Example_Named(const std::string& name) {
+    const auto* found = std::ranges::find_if(kExamples, [&](const Example& example) { return name == example.name; });
+    return found == std::end(kExamples) ? nullptr : found;
+}
+
+bool Example_Known(const BatchOptions& options, std::string& fault) {
+    if (!options.example || Example_Named(*options.example)) return true;
+    fault = "there is no example \"" + *options.example + "\"";
+    return false;
+}
+
 /// Failure 62 when the model now wants rows of the drive or torque table that its file does not have.
 void Check_Tables(int rows_driven, int rows_of_torque) {
     if (Model.Calctype > 3 && Model.NSteps >= rows_driven) platform::Raise(platform::kEndOfFile);
@@ -110,6 +140,7 @@ class Batch {
         if (options_.convert_units) Convert(*options_.convert_units);
         if (options_.save && !Save()) return kFailed;
         if (options_.classify) Classify();
+        if (options_.cognates && !Print_Cognates()) return kFailed;
         bool done = !options_.Run_Wanted();
         if (!done && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
@@ -125,6 +156,7 @@ class Batch {
 
    private:
     bool Open() {
+        if (options_.example) return Load_Example();
         std::string content;
         try {
             content = platform::Read_File(options_.model);
@@ -133,15 +165,30 @@ class Batch {
             return false;
         }
         Model.FilePath = options_.model;
-        const auto replace = [this] {
-            const int rows_driven = Model.Calctype > 3 ? Model.NSteps + 1 : 0;
-            const int rows_of_torque = Model.TorqueImported ? Model.NSteps + 1 : 0;
-            for (const auto& [field, value] : options_.sets) Set_File_Field(field, value);
-            if (!options_.sets.empty()) Check_Tables(rows_driven, rows_of_torque);
-        };
-        if (Load_Model(content, replace)) return true;
+        if (Load_Model(content, [this] { Replace_Fields(); })) return true;
         err_ << "verlink-batch: " << options_.model << " cannot be read\n";
         return false;
+    }
+
+    bool Load_Example() {
+        Example_Named(*options_.example)->load();
+        Model.Units = 1;
+        Model.Calctype = 3;
+        if (Guarded("Readfile", [this] {
+                Replace_Fields();
+                Derive_From_File();
+            }))
+            return true;
+        err_ << "verlink-batch: the example " << *options_.example << " cannot be read with these values\n";
+        return false;
+    }
+
+    void Replace_Fields() {
+        if (options_.sets.empty()) return;
+        const int rows_driven = Model.Calctype > 3 ? Model.NSteps + 1 : 0;
+        const int rows_of_torque = Model.TorqueImported ? Model.NSteps + 1 : 0;
+        for (const auto& [field, value] : options_.sets) Set_File_Field(field, value);
+        Check_Tables(rows_driven, rows_of_torque);
     }
 
     static void Convert(int units) {
@@ -162,6 +209,20 @@ class Batch {
         out_ << Model.Grashof_Code << ',' << Csv_Field(Grashof_Long_Text()) << ',';
         if (Model.Grashof_Code == "N") out_ << Shortest(Toggle());
         out_ << '\n';
+    }
+
+    bool Print_Cognates() {
+        Take_Geometry();
+        if (Refuse_Parallelogram()) return false;
+        SeedCognate();
+        if (Model.L2 + Model.L3 + Model.L4 == 0) return false;  // said by then
+        out_ << "Cognate,L1,L2,L3,L4,Rpa,DeltaRad\n";
+        for (int cognate = 1; cognate <= 3; ++cognate) {
+            out_ << cognate;
+            for (int item = 1; item <= 6; ++item) out_ << ',' << Shortest(Model.Cognates(cognate, item));
+            out_ << '\n';
+        }
+        return true;
     }
 
     bool Write_Results() {
@@ -204,7 +265,7 @@ int Batch_Main(const std::vector<std::string>& arguments, std::ostream& out, std
     const Session session(desktop);
     BatchOptions options;
     std::string fault;
-    if (!Parse_Options(arguments, options, fault) || !Fields_Fit(options, fault)) {
+    if (!Parse_Options(arguments, options, fault) || !Example_Known(options, fault) || !Fields_Fit(options, fault)) {
         err << "verlink-batch: " << fault << '\n' << kBatchUsage;
         return kWrongUsage;
     }

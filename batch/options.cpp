@@ -9,7 +9,8 @@ const char kBatchUsage[] =
     "usage: verlink-batch MODEL.vlk [--set FIELD=VALUE]... [--csv FILE] [--svg FILE]\n"
     "                     [--frame global|local] [--fft \"LABEL[:COMPONENT]\"]\n"
     "                     [--plot \"LABEL[:COMPONENT]\"]...\n"
-    "                     [--classify] [--save OUT.vlk [--convert-units N]]\n"
+    "                     [--classify] [--cognates] [--save OUT.vlk [--convert-units N]]\n"
+    "       verlink-batch --example NAME, with the same options\n"
     "       verlink-batch --help | --version\n";
 
 namespace {
@@ -19,6 +20,13 @@ std::optional<std::string>* Path_Of(BatchOptions& options, const std::string& na
     if (name == "--csv") return &options.csv;
     if (name == "--svg") return &options.svg;
     if (name == "--save") return &options.save;
+    return nullptr;
+}
+
+/// The options that stand for themselves.
+bool* Flag_Of(BatchOptions& options, const std::string& name) {
+    if (name == "--classify") return &options.classify;
+    if (name == "--cognates") return &options.cognates;
     return nullptr;
 }
 
@@ -42,6 +50,15 @@ bool Take_Units(const std::string& value, BatchOptions& options, std::string& fa
         return false;
     }
     options.convert_units = value[0] - '0';
+    return true;
+}
+
+bool Take_Example(const std::string& value, BatchOptions& options, std::string& fault) {
+    if (options.example) {
+        fault = "--example is given twice";
+        return false;
+    }
+    options.example = value;
     return true;
 }
 
@@ -95,6 +112,7 @@ using Taker = bool (*)(const std::string& value, BatchOptions& options, std::str
 Taker Taker_Of(const std::string& name) {
     if (name == "--set") return Take_Set;
     if (name == "--convert-units") return Take_Units;
+    if (name == "--example") return Take_Example;
     if (name == "--frame") return Take_Frame;
     if (name == "--fft") return Take_Fft;
     if (name == "--plot") return Take_Plot;
@@ -108,7 +126,7 @@ bool Go_Together(const BatchOptions& options, std::string& fault) {
     else if (!options.plots.empty() && !options.svg)
         fault = "--plot goes with --svg";
     else if (options.fft && options.Without_Run() && !options.csv)
-        fault = "--fft beside --classify or --save goes with --csv";
+        fault = "--fft beside --classify, --cognates or --save goes with --csv";
     return fault.empty();
 }
 
@@ -122,8 +140,8 @@ bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& opti
     bool model_given = false;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
-        if (argument == "--classify") {
-            options.classify = true;
+        if (bool* flag = Flag_Of(options, argument)) {
+            *flag = true;
             continue;
         }
         std::optional<std::string>* path = Path_Of(options, argument);
@@ -158,7 +176,11 @@ bool Parse_Options(const std::vector<std::string>& arguments, BatchOptions& opti
         options.model = argument;
         model_given = true;
     }
-    if (!model_given || options.model.empty()) {
+    if (model_given && options.example) {
+        fault = "--example stands in place of a model: \"" + options.model + "\" is one too many";
+        return false;
+    }
+    if (!options.example && options.model.empty()) {
         fault = "no model is given";
         return false;
     }

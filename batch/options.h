@@ -15,18 +15,19 @@ struct FunctionChoice {
 };
 
 struct BatchOptions {
-    std::string model;
+    std::string model;                                      ///< a path; empty when an example stands in its place
+    std::optional<std::string> example;                     ///< name of a built-in linkage
     std::vector<std::pair<std::string, std::string>> sets;  ///< field and value, in the order given
     std::optional<std::string> csv, svg, save;              ///< paths
     std::optional<int> convert_units;                       ///< 1 to 5
     std::optional<std::string> frame;                       ///< "global" or "local"
     std::optional<FunctionChoice> fft;                      ///< what to transform, in place of the table
     std::vector<FunctionChoice> plots;                      ///< up to four, in place of the linkage's picture
-    bool classify = false;
+    bool classify = false, cognates = false;
     bool help = false, version = false;  ///< either stands alone: nothing else is looked at
 
-    /// The three that need no run, and keep the table off standard output.
-    bool Without_Run() const { return classify || save || convert_units; }
+    /// Those that need no run, and keep the table off standard output.
+    bool Without_Run() const { return classify || cognates || save || convert_units; }
     bool Run_Wanted() const { return csv || svg || !Without_Run(); }
     bool Local() const { return frame == "local"; }
 };

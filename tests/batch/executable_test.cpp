@@ -71,8 +71,9 @@ TEST_F(Executable, HelpNamesEveryOption) {
     const Outcome outcome = Spawn({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    for (const char* option : {"MODEL.vlk", "--set FIELD=VALUE", "--csv FILE", "--svg FILE", "--classify",
-                               "--save OUT.vlk", "--convert-units N", "--help", "--version"})
+    for (const char* option :
+         {"MODEL.vlk", "--set FIELD=VALUE", "--csv FILE", "--svg FILE", "--example NAME", "--cognates", "--classify",
+          "--save OUT.vlk", "--convert-units N", "--help", "--version"})
         EXPECT_NE(outcome.out.find(option), std::string::npos) << option;
 }
 

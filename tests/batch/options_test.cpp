@@ -44,6 +44,13 @@ TEST(Options, StandInAnyOrder) {
     EXPECT_TRUE(options.Run_Wanted());
 }
 
+TEST(Options, AnExampleStandsInPlaceOfTheModel) {
+    const BatchOptions options = Parsed({"--cognates", "--example", "watts"});
+    EXPECT_EQ(options.model, "");
+    EXPECT_EQ(options.example, "watts");
+    EXPECT_TRUE(options.cognates);
+}
+
 TEST(Options, SetIsRepeatedAndKeptInOrder) {
     const BatchOptions options = Parsed({"m", "--set", "CG(3,1)=0.5", "--set", "FigureTitle=a = b", "--set", "L2="});
     ASSERT_EQ(options.sets.size(), 3u);
@@ -55,6 +62,8 @@ TEST(Options, SetIsRepeatedAndKeptInOrder) {
 TEST(Options, ClassifyOrSaveAloneWantNoRun) {
     EXPECT_FALSE(Parsed({"m", "--classify"}).Run_Wanted());
     EXPECT_FALSE(Parsed({"m", "--save", "o"}).Run_Wanted());
+    EXPECT_FALSE(Parsed({"m", "--cognates"}).Run_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--cognates", "--svg", "t"}).Run_Wanted());
     EXPECT_TRUE(Parsed({"m", "--classify", "--csv", "t"}).Run_Wanted());
     EXPECT_TRUE(Parsed({"m", "--save", "o", "--svg", "t"}).Run_Wanted());
 }
@@ -69,6 +78,10 @@ TEST(Options, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(Refused({}), "no model is given");
     EXPECT_EQ(Refused({""}), "no model is given");
     EXPECT_EQ(Refused({"a.vlk", "b.vlk"}), "one model at a time: \"b.vlk\" is one too many");
+    EXPECT_EQ(Refused({"a.vlk", "--example", "watts"}),
+              "--example stands in place of a model: \"a.vlk\" is one too many");
+    EXPECT_EQ(Refused({"--example", "watts", "--example", "cheby"}), "--example is given twice");
+    EXPECT_EQ(Refused({"--example"}), "--example wants a value behind it");
     EXPECT_EQ(Refused({"a.vlk", "--colour"}), "there is no option --colour");
     EXPECT_EQ(Refused({"a.vlk", "-c"}), "there is no option -c");
     EXPECT_EQ(Refused({"a.vlk", "--csv"}), "--csv wants a value behind it");
@@ -106,8 +119,10 @@ TEST(Options, RefusalsOfFramesAndFunctionsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"m", "--fft", "Omega4:"}), "a component is X, Y, Mag or Ang, not \"\"");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4:Z"}), "a component is X, Y, Mag or Ang, not \"Z\"");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--fft", "Omega3"}), "--fft is given twice");
-    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}), "--fft beside --classify or --save goes with --csv");
-    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}), "--fft beside --classify or --save goes with --csv");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}),
+              "--fft beside --classify, --cognates or --save goes with --csv");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}),
+              "--fft beside --classify, --cognates or --save goes with --csv");
     EXPECT_EQ(Refused({"m", "--plot", "Omega4"}), "--plot goes with --svg");
     EXPECT_EQ(Refused({"m", "--svg", "s", "--plot", "a", "--plot", "b", "--plot", "c", "--plot", "d", "--plot", "e"}),
               "--plot is given more than four times");
