@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kValueEnds = ",\r\n";
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
 bool Ends_Value(char c) { return kValueEnds.find(c) != std::string_view::npos; }
 
@@ -58,6 +59,10 @@ void TextWriter::Put(bool value) {
 void TextWriter::EndLine() {
     content_ += "\r\n";
     line_begun_ = false;
+}
+
+TextReader::TextReader(std::string_view content) : content_(content) {
+    if (content_.starts_with(kByteOrderMark)) content_.remove_prefix(kByteOrderMark.size());
 }
 
 bool TextReader::AtEnd() const { return place_ >= content_.size(); }

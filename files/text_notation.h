@@ -29,11 +29,12 @@ class TextWriter {
 
 /// Takes values off a file's content. A comma and a line end alike end a value; a quoted string may hold either,
 /// and quotes too: it ends at the first quote with nothing but blanks between it and the end of the value. A string
-/// without quotes is taken as it stands. Lone LF and lone CR end lines too. Past the end, and inside a string that
+/// without quotes is taken as it stands. Lone LF and lone CR end lines too; a byte order mark in front is none of the
+/// content. Past the end, and inside a string that
 /// never ends, is failure 62; a value of the wrong kind failure 13; a number beyond its type failure 6.
 class TextReader {
    public:
-    explicit TextReader(std::string_view content) : content_(content) {}
+    explicit TextReader(std::string_view content);
     std::string String();
     Single Float();
     Integer Short();

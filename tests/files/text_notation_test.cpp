@@ -121,6 +121,19 @@ TEST(TextReaderTest, BlanksAroundAQuotedStringDoNotCount) {
     EXPECT_TRUE(reader.AtEnd());
 }
 
+TEST(TextReaderTest, AByteOrderMarkInFrontIsNoneOfTheContentAndOneFurtherOnIs) {
+    TextReader quoted("\xef\xbb\xbf\"a\"\r\n\xef\xbb\xbf\"b\"");
+    EXPECT_EQ(quoted.String(), "a");
+    EXPECT_EQ(quoted.String(), "\xef\xbb\xbf\"b\"");
+    TextReader number(
+        "\xef\xbb\xbf"
+        "360\r\n");
+    EXPECT_EQ(number.Short(), 360);
+    TextReader nothing("\xef\xbb\xbf");
+    EXPECT_TRUE(nothing.AtEnd());
+    EXPECT_EQ(Failure_Of([&] { nothing.String(); }), 62);
+}
+
 TEST(TextReaderTest, PastTheEndIsFailure62) {
     for (const char* text : {"", "  ", "\"never ends", "\"", "\"ends \" not\r\n"}) {
         TextReader reader(text);
