@@ -1,0 +1,257 @@
+// Any model that is written and read again is the same model to seven digits, and a second round changes nothing.
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <random>
+#include <regex>
+
+#include "tests/files/model_files.h"
+
+namespace verlink::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kModels = 250;
+
+/// Seven digits by the standard library's own printing.
+std::string Seven_Digits(Single value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.6e", value == 0 ? 0.0 : static_cast<double>(value));
+    return text;
+}
+
+/// What a file makes of a string: a quote that would end it becomes two apostrophes.
+std::string In_A_File(const std::string& text) {
+    static const std::regex ending("\"(?=[ \t]*[,\r\n])");
+    return std::regex_replace(text, ending, "''");
+}
+
+/// A value as it must come back.
+struct Kept {
+    std::string operator()(const std::string* place) const { return In_A_File(*place); }
+    std::string operator()(const Single* place) const { return Seven_Digits(*place); }
+    std::string operator()(const Integer* place) const { return std::to_string(int{*place}); }
+    std::string operator()(const Long* place) const { return std::to_string(std::int32_t{*place}); }
+    std::string operator()(const bool* place) const { return *place ? "true" : "false"; }
+};
+
+/// Models that nobody would draw: any bits in the numbers, any bytes in the texts.
+class Dice {
+   public:
+    explicit Dice(unsigned seed) : engine_(seed) {}
+
+    int To(int last) { return std::uniform_int_distribution<int>(0, last)(engine_); }
+
+    double Number() {
+        static const std::array<float, 8> edges = {0.0F,     -0.0F,           3.4028235e38F, -3.4028235e38F,
+                                                   1.4e-45F, 1.17549435e-38F, 9999999.5F,    0.000099999995F};
+        switch (To(3)) {
+            case 0: return To(20000) / 8.0 - 1000;
+            case 1: return static_cast<double>(edges[static_cast<std::size_t>(To(7))]);
+            default: break;
+        }
+        for (;;) {
+            const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(engine_()));
+            if (std::isfinite(value)) return static_cast<double>(value);
+        }
+    }
+
+    std::string Text() {
+        static const std::vector<std::string> pieces = {
+            "a",  "Z",  "7",    " ",    "\t",       "\"",           ",",    "\r",  "\n",          "\r\n",
+            "#",  "'",  ".",    "\" ,", "\xc3\xa4", "\xe6\x9b\xb2", "\xff", "\\n", "Last Item\"", "#TRUE#",
+            "\"", "\"", "12\"", "3,5",  ";",        "\xef\xbb\xbf", "-",    "E+5", "\x1a",        std::string(1, '\0')};
+        std::string text;
+        for (int left = To(1) * To(24); left > 0; --left)
+            text += pieces[static_cast<std::size_t>(To(static_cast<int>(pieces.size()) - 1))];
+        return text;
+    }
+
+    void operator()(std::string* place) { *place = Text(); }
+    void operator()(Single* place) { *place = Number(); }
+    void operator()(Integer* place) { *place = To(65535) - 32768; }
+    void operator()(Long* place) { *place = static_cast<std::int32_t>(engine_()); }
+    void operator()(bool* place) { *place = To(1) == 1; }
+
+   private:
+    std::mt19937 engine_;
+};
+
+/// Limits that count the steps that the model has, where its run type counts them anew.
+void Set_Limits(Dice& dice, int steps) {
+    static const std::vector<std::string> limits = {"", "none", "12.5 deg", " 7", "2,5", "1e3", "-.5", "10\"", "3d2x"};
+    for (std::string* limit : {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr})
+        *limit = limits[static_cast<std::size_t>(dice.To(static_cast<int>(limits.size()) - 1))];
+    if (Model.Calctype == 2) {
+        Model.TimeStart = dice.To(400) / 8.0 - 25;
+        Model.TimeStep = 0.125;
+        Model.TimeEnd = Model.TimeStart + steps * 0.125;
+    }
+    if (Model.Calctype == 3) {
+        Model.ThetaStartStr = "-20";
+        Model.ThetaStepStr = "2.5";
+        Model.ThetaEndStr = Text_Of(-20 + steps * 2.5);
+    }
+}
+
+void Roll_Model(Dice& dice) {
+    for (const FileField& field : File_Fields())
+        if (field.line > 2 && field.line != 54) std::visit(dice, field.place);
+    Model.Calctype = 1 + dice.To(4);
+    Model.Units = 1 + dice.To(4);
+    Model.Cycles = 1 + dice.To(32766);
+    if (Model.ZoomFactor == 0) Model.ZoomFactor = 1.5;
+    const int steps = dice.To(40) == 0 ? kLastStep : dice.To(30);
+    Model.NSteps = steps;
+    Set_Limits(dice, steps);
+    auto& table = Model.RunTable;
+    for (int step = 0; step <= steps; ++step) {
+        table.DriveTheta(step) = dice.Number();
+        table.Omega(step, 0) = dice.Number();
+        table.Alpha(step, 0) = dice.Number();
+        table.ImportedTorque(step) = dice.Number();
+    }
+}
+
+/// Everything that a file is to keep, a line each.
+std::vector<std::string> All_Kept() {
+    std::vector<std::string> kept;
+    for (const FileField& field : File_Fields())
+        kept.push_back(std::string(field.name) + " " + std::visit(Kept{}, field.place));
+    const auto& table = Model.RunTable;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        if (Model.Calctype > 3)
+            kept.push_back("drive " + std::to_string(step) + " " + Seven_Digits(table.DriveTheta(step)) + " " +
+                           Seven_Digits(table.Omega(step, 0)) + " " + Seven_Digits(table.Alpha(step, 0)));
+        if (Model.TorqueImported)
+            kept.push_back("torque " + std::to_string(step) + " " + Seven_Digits(table.ImportedTorque(step)));
+    }
+    return kept;
+}
+
+}  // namespace
+
+class RoundTrip : public ModelFiles {
+   protected:
+    /// Each run of the tests has models of its own; this runs those of a failure again.
+    static std::string Again() {
+        return "run again with --gtest_random_seed=" + std::to_string(testing::UnitTest::GetInstance()->random_seed());
+    }
+    static Dice New_Dice() { return Dice(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed())); }
+
+    static void Forget() {
+        Reset_Model();
+        Set_Identity();
+        Initialize();
+        Use_Units(1);
+    }
+};
+
+TEST_F(RoundTrip, AnyModelIsTheSameToSevenDigitsAndASecondRoundChangesNothing) {
+    SCOPED_TRACE(Again());
+    Dice dice = New_Dice();
+    for (int i = 0; i < kModels; ++i) {
+        SCOPED_TRACE("model " + std::to_string(i));
+        Roll_Model(dice);
+        const auto kept = All_Kept();
+        const std::string content = File_Content();
+        Forget();
+        ASSERT_TRUE(Load_Model(content));
+        ASSERT_EQ(All_Kept(), kept);
+        ASSERT_EQ(File_Content(), content);
+    }
+}
+
+TEST_F(RoundTrip, AnyModelThatOtherProgramsHaveSavedAgainIsTheSame) {
+    SCOPED_TRACE(Again());
+    Dice dice = New_Dice();
+    const std::vector<std::pair<const char*, std::function<std::string(const std::string&)>>> habits = {
+        {"lone line feeds", [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), "\n"); }},
+        {"no final line end", [](const std::string& c) { return c.substr(0, c.size() - 2); }},
+        {"a byte order mark", [](const std::string& c) { return "\xef\xbb\xbf" + c; }},
+        {"blank lines at the end", [](const std::string& c) { return c + "\r\n\r\n\n"; }},
+        {"blanks at the ends of lines",
+         [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), " \r\n"); }},
+        {"all values on one line", [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), ","); }},
+        {"one value to a line, rows too",
+         [](const std::string& c) { return std::regex_replace(c, std::regex(","), "\n"); }},
+    };
+    const std::vector<std::string> plain = {"",   " ", "press",   "A 12\" press", "\"Stroke\" no. 5",
+                                            "\"", "'", "\xc3\xa4"};
+    for (int i = 0; i < kModels / 10; ++i) {
+        Roll_Model(dice);
+        // Texts of one line: a program that changes line ends or commas changes those within texts too.
+        for (const FileField& field : File_Fields())
+            if (auto* const* text = std::get_if<std::string*>(&field.place); text && field.line > 2 && field.line != 54)
+                **text = plain[static_cast<std::size_t>(dice.To(static_cast<int>(plain.size()) - 1))];
+        Set_Limits(dice, Model.NSteps);
+        for (std::string* limit : {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr})
+            std::erase(*limit, ',');
+        const std::string content = File_Content();
+        for (const auto& [habit, apply] : habits) {
+            SCOPED_TRACE("model " + std::to_string(i) + ", " + habit);
+            Forget();
+            ASSERT_TRUE(Load_Model(apply(content)));
+            ASSERT_EQ(File_Content(), content);
+        }
+    }
+}
+
+TEST_F(RoundTrip, FilesInFoldersWithBlanksAndLettersOfAnyScriptAreSavedAndOpened) {
+    SCOPED_TRACE(Again());
+    Dice dice = New_Dice();
+    auto& home = platform::Screens::Get("frm_HomeScreen");
+    const std::string folder = Path("Entw\xc3\xbcrfe f\xc3\xbcr Z\xc3\xbcrich, neu/\xe6\x9b\xb2\xe6\x9f\x84  1/ ");
+    fs::create_directories(folder);
+    for (const char* name : {"Kurbel schwinge \xc3\xa4\xe2\x82\xac.vlk", "two\nlines.vlk", "a \"b\", c.vlk", ".vlk"}) {
+        const std::string path = folder + "/" + name;
+        Roll_Model(dice);
+        Model.Calctype = 1;
+        desktop.Expect_Save(path);
+        desktop.Expect_Message("File was successfully written to \r" + path);
+        Menu_Saveas(home);
+        const std::string base = Model.ModelName;
+        const std::string content = File_Content();
+        Forget();
+        Model.SavedFlag = true;
+        Model.JustStarted = true;
+        desktop.Expect_Open(path);
+        Menu_Open(home);
+        EXPECT_EQ(Model.FilePath, path);
+        EXPECT_EQ(Model.ModelName, base);
+        EXPECT_EQ(File_Content(), content);
+    }
+}
+
+// A comma ends a value, so that a file written with decimal commas has values too many.
+TEST_F(RoundTrip, AFileWithDecimalCommasIsReportedAndLeavesAModelThatCanBeSaved) {
+    for (const char* sample : {"crank_rocker", "straight_line", "time_steps", "cam_driven"}) {
+        std::string content = Held(std::string(VERLINK_SAMPLES) + "/" + sample + ".vlk");
+        content = std::regex_replace(content, std::regex("([0-9])\\.([0-9])"), "$1,$2");
+        Forget();
+        desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in Read_Newfile\r\n\r\n");
+        EXPECT_FALSE(Load_Model(content)) << sample;
+        const std::string left = File_Content();
+        EXPECT_TRUE(Load_Model(left)) << sample;
+    }
+}
+
+TEST_F(RoundTrip, LimitsTypedWithDecimalCommasComeBackAsTyped) {
+    Model.ThetaStartStr = "0";
+    Model.ThetaStepStr = "2,5";
+    Model.ThetaEndStr = "90,0";
+    const std::string content = File_Content();
+    Forget();
+    ASSERT_TRUE(Load_Model(content));
+    EXPECT_EQ(Model.ThetaStepStr, "2,5");
+    EXPECT_EQ(Model.ThetaStep, 2) << "the value of the leading part";
+    EXPECT_EQ(Model.NSteps, 45);
+}
+
+}  // namespace verlink::test
