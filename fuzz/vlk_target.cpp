@@ -1,0 +1,28 @@
+// Model files, as File, Open reads them.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "files/model_file.h"
+#include "fuzz/harness.h"
+
+using namespace verlink;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const std::string kForeign = "This data file is not compatible with VERLINK. ";
+    fuzz::Start_Afresh();
+    Readfile(std::string(reinterpret_cast<const char*>(data), size));
+    fuzz::Check(Model.DiskFile, "a model was asked for");
+    fuzz::Check_Told({"Readfile", "Read_Newfile"}, {kForeign});
+    fuzz::Check_Record();
+    if (fuzz::Told().empty()) {
+        fuzz::Check_Whole();
+    } else if (fuzz::Told().front() == kForeign) {
+        fuzz::Check(fuzz::Told().size() == 1, "a foreign file is refused once");
+        const std::string after = File_Content();
+        fuzz::Start_Afresh();
+        fuzz::Check(File_Content() == after, "a foreign file leaves the model alone");
+    }
+    return 0;
+}
