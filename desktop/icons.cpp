@@ -146,12 +146,12 @@ QIcon lineIcon(Picto picto) { return QIcon(new LineIcon(picto)); }
 
 QIcon programIcon() {
     QIcon icon;
-    QSvgRenderer drawing(QStringLiteral(":/verlink.svg"));
+    QSvgRenderer large(QStringLiteral(":/verlink.svg")), small(QStringLiteral(":/verlink-small.svg"));
     for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
         QPixmap image(side, side);
         image.fill(Qt::transparent);
         QPainter painter(&image);
-        drawing.render(&painter);
+        (side < 32 ? small : large).render(&painter);
         painter.end();
         icon.addPixmap(image);
     }
