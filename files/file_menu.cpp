@@ -23,7 +23,17 @@ void Save(bool takes_the_files_name) {
     Refresh_Status();
 }
 
-/// Offers to save results that would be lost. False when the user would rather not go on.
+/// Zeroes the results. A model that asks for more steps than the table has was never run with them.
+void Drop_Results() {
+    const Integer asked = Model.NSteps;
+    Model.NSteps = std::min<int>(asked, kLastStep);
+    Clear_RunTable();
+    Model.NSteps = asked;
+    Model.CognateEdit = false;
+}
+
+}  // namespace
+
 bool May_Replace(Screen& home) {
     if (Model.SavedFlag || !Model.Calculated) return true;
     const Answer answer = The_Desktop().Show_Message(
@@ -37,17 +47,6 @@ bool May_Replace(Screen& home) {
     Menu_Saveas(home);
     return Model.SavedFlag;
 }
-
-/// Zeroes the results. A model that asks for more steps than the table has was never run with them.
-void Drop_Results() {
-    const Integer asked = Model.NSteps;
-    Model.NSteps = std::min<int>(asked, kLastStep);
-    Clear_RunTable();
-    Model.NSteps = asked;
-    Model.CognateEdit = false;
-}
-
-}  // namespace
 
 void Menu_Open(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.Open", [&] {

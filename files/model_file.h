@@ -51,6 +51,10 @@ bool Read_Newfile(TextReader& reader);
 /// holds.
 void Derive_From_File();
 
+/// Offers to save results that an opened or imported file would replace; the dialog comes twice, saved or not. False
+/// when the user would rather not go on.
+bool May_Replace(platform::Screen& home);
+
 /// The file menu's actions, each a handler of the home screen.
 void Menu_Open(platform::Screen& home);
 void Menu_Save(platform::Screen& home);

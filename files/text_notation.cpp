@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kValueEnds = ",\r\n";
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+constexpr std::string_view kColumnEnds = ", \t\r\n";
 
 bool Ends_Value(char c) { return kValueEnds.find(c) != std::string_view::npos; }
 
@@ -71,15 +72,15 @@ void TextReader::Skip_Blanks() { place_ = std::min(content_.find_first_not_of(kB
 
 void TextReader::End_Value() {
     Skip_Blanks();
-    if (AtEnd()) return;
+    if (AtEnd() || !Ends_Value(content_[place_])) return;
     const bool crlf = content_.substr(place_, 2) == "\r\n";
     place_ += crlf ? 2 : 1;
 }
 
-std::string_view TextReader::Word() {
+std::string_view TextReader::Word(std::string_view ends) {
     Skip_Blanks();
     if (AtEnd()) platform::Raise(platform::kEndOfFile);
-    const std::size_t end = std::min(content_.find_first_of(kValueEnds, place_), content_.size());
+    const std::size_t end = std::min(content_.find_first_of(ends, place_), content_.size());
     std::string_view word = content_.substr(place_, end - place_);
     word = word.substr(0, word.find_last_not_of(kBlanks) + 1);
     place_ = end;
@@ -89,7 +90,7 @@ std::string_view TextReader::Word() {
 
 std::string TextReader::String() {
     Skip_Blanks();
-    if (AtEnd() || content_[place_] != '"') return std::string(Word());
+    if (AtEnd() || content_[place_] != '"') return std::string(Word(kValueEnds));
     const std::size_t begin = place_ + 1;
     for (std::size_t quote = content_.find('"', begin); quote != std::string_view::npos;
          quote = content_.find('"', quote + 1)) {
@@ -102,14 +103,16 @@ std::string TextReader::String() {
     platform::Raise(platform::kEndOfFile);
 }
 
-Single TextReader::Float() { return Number_Of(Word()); }
+Single TextReader::Float() { return Number_Of(Word(kValueEnds)); }
 
-Integer TextReader::Short() { return Number_Of(Word()); }
+Single TextReader::Column() { return Number_Of(Word(kColumnEnds)); }
 
-Long TextReader::LongInteger() { return Number_Of(Word()); }
+Integer TextReader::Short() { return Number_Of(Word(kValueEnds)); }
+
+Long TextReader::LongInteger() { return Number_Of(Word(kValueEnds)); }
 
 bool TextReader::Boolean() {
-    const std::string_view word = Word();
+    const std::string_view word = Word(kValueEnds);
     if (word == "#TRUE#") return true;
     if (word == "#FALSE#") return false;
     platform::Raise(platform::kTypeMismatch);

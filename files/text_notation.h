@@ -30,13 +30,15 @@ class TextWriter {
 /// Takes values off a file's content. A comma and a line end alike end a value; a quoted string may hold either,
 /// and quotes too: it ends at the first quote with nothing but blanks between it and the end of the value. A string
 /// without quotes is taken as it stands. Lone LF and lone CR end lines too; a byte order mark in front is none of the
-/// content. Past the end, and inside a string that
-/// never ends, is failure 62; a value of the wrong kind failure 13; a number beyond its type failure 6.
+/// content. Past the end, and inside a string that never ends, is failure 62; a value of the wrong kind failure 13; a
+/// number beyond its type failure 6.
 class TextReader {
    public:
     explicit TextReader(std::string_view content);
     std::string String();
     Single Float();
+    /// A number that a blank ends too, as in the columns of a table in free form.
+    Single Column();
     Integer Short();
     Long LongInteger();
     bool Boolean();
@@ -45,7 +47,7 @@ class TextReader {
    private:
     void Skip_Blanks();
     void End_Value();
-    std::string_view Word();
+    std::string_view Word(std::string_view ends);
     std::string_view content_;
     std::size_t place_ = 0;
 };

@@ -8,6 +8,8 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "files/drive_import.h"
+#include "files/exports.h"
 #include "files/model_file.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -51,27 +53,9 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     Picture1.Visible = false;
     for (int flag = 0; flag <= 8; ++flag) lbl_Status[flag].Visible = false;
     for (Button* button : {&cmd_Animate, &cmd_Plot, &cmd_Print, &cmd_Dynamics, &cmd_Balance}) button->Enabled = false;
-    for (MenuEntry* entry : {&mnu_New,
-                             &mnu_Save,
-                             &mnu_Saveas,
-                             &mnu_Export,
-                             &mnu_Lobetra,
-                             &mnu_Link_Data_Import,
-                             &mnu_Link_Data_Export,
-                             &mnu_Export_Torque,
-                             &mnu_pdx,
-                             &mnu_Grashof,
-                             &mnu_Hoekens,
-                             &mnu_Roberts,
-                             &mnu_Watts,
-                             &mnu_Cheby,
-                             &mnu_Syntest,
-                             &mnu_Cayley,
-                             &mnu_Twopos1,
-                             &mnu_Twopos2,
-                             &mnu_Unspec,
-                             &mnu_Spec,
-                             &mnu_CalcFFT})
+    for (MenuEntry* entry :
+         {&mnu_New, &mnu_Save, &mnu_Saveas, &mnu_Export, &mnu_Grashof, &mnu_Hoekens, &mnu_Roberts, &mnu_Watts,
+          &mnu_Cheby, &mnu_Syntest, &mnu_Cayley, &mnu_Twopos1, &mnu_Twopos2, &mnu_Unspec, &mnu_Spec, &mnu_CalcFFT})
         entry->Enabled = false;
     for (const auto& entry : mnu_Cog) entry->Enabled = false;
 
@@ -86,6 +70,11 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Open.OnClick = [this] { Menu_Open(*this); };
     mnu_Save.OnClick = [this] { Menu_Save(*this); };
     mnu_Saveas.OnClick = [this] { Menu_Saveas(*this); };
+    mnu_Lobetra.OnClick = [this] { Menu_Lobetra(*this); };
+    mnu_Link_Data_Import.OnClick = [this] { Menu_Link_Data_Import(*this); };
+    mnu_Link_Data_Export.OnClick = [this] { Menu_Link_Data_Export(*this); };
+    mnu_Export_Torque.OnClick = [this] { Menu_Export_Torque(*this); };
+    mnu_pdx.OnClick = [this] { Menu_pdx(*this); };
     mnu_Quit.OnClick = [this] { cmd_Quit_Click(); };
     mnu_pick.On(&MenuEntry::OnClick, [this](int index) { mnu_pick_Click(index); });
     mnu_CalcFFT.OnClick = [this] { mnu_CalcFFT_Click(); };

@@ -29,13 +29,14 @@ struct Drive {
 
 /// What an imported cam drive brings with it.
 struct CamDrive {
-    Integer CamDirection;           ///< multiplier of the imported angle
-    Single CamPhase;                ///< phase offset, degrees
-    Single CamDataLength1;          ///< length of the follower arm; as a link length
-    Single CamDataLength2;          ///< radius of the follower's roller; as a link length
-    Single CamDiameter;             ///< as a link length
-    Single CamCenterX, CamCenterY;  ///< as link lengths
-    std::string Model5Name;         ///< file that the drive data came from
+    Integer CamDirection;            ///< multiplier of the imported angle
+    Single CamPhase;                 ///< phase offset, degrees
+    Single CamDataLength1;           ///< length of the follower arm; as a link length
+    Single CamDataLength2;           ///< radius of the follower's roller; as a link length
+    Single CamDiameter;              ///< as a link length
+    Single CamCenterX, CamCenterY;   ///< as link lengths
+    std::string Model5Name;          ///< file that the drive data came from
+    bool LinkImportPending = false;  ///< link drive data have been imported; nothing asks for it
 };
 
 }  // namespace verlink

@@ -1,6 +1,8 @@
 // Masses, centres of gravity and external loads, by link.
 #pragma once
 
+#include <string>
+
 #include "core/array.h"
 #include "core/number.h"
 
@@ -16,6 +18,7 @@ struct MassProperties {
     Single ExtForce3X, ExtForce3Y, ExtForce4X, ExtForce4Y;  ///< global components
     Single ForceDist3, ForceDist4;                          ///< centre of gravity to force point, as a link length
     Single ForceAng3, ForceAng4;                            ///< its angle in the link's frame, degrees
+    std::string TorqueFileName;                             ///< file that ImportedTorque came from
     Single FrictionForce;                                   ///< on link 3, force unit
 };
 

@@ -94,6 +94,21 @@ TEST(TextReaderTest, ANumberMayLackItsZeroBeforeThePoint) {
         EXPECT_EQ(reader.Float(), expected);
 }
 
+TEST(TextReaderTest, ANumberOfAColumnEndsAtABlankToo) {
+    TextReader reader(" 45           10           -5 \r\n 1.5\t2 , 3\r\n\r\n4 \n\n\"a b\"");
+    for (const double expected : {45.0, 10.0, -5.0, 1.5, 2.0, 3.0}) EXPECT_EQ(reader.Column(), expected);
+    EXPECT_EQ(reader.String(), "") << "the blank before a line end does not hide the empty line behind it";
+    EXPECT_EQ(reader.Column(), 4);
+    EXPECT_EQ(reader.String(), "");
+    EXPECT_EQ(reader.String(), "a b");
+    EXPECT_TRUE(reader.AtEnd());
+    EXPECT_EQ(Failure_Of([&] { reader.Column(); }), 62);
+    TextReader words("\"1\" one 1E+39 ");
+    EXPECT_EQ(Failure_Of([&] { words.Column(); }), 13);
+    EXPECT_EQ(Failure_Of([&] { words.Column(); }), 13);
+    EXPECT_EQ(Failure_Of([&] { words.Column(); }), 6);
+}
+
 TEST(TextReaderTest, StringsMayHoldCommasLineEndsAndQuotes) {
     for (const char* text : {"", "plain", "a, b", "two\r\nlines", "12\" stroke", "\"", "\"\"", "ends in \"",
                              "\" starts", " blanks ", ",", "\r\n", "#TRUE#", "7"})
