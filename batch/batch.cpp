@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "batch/csv.h"
+#include "batch/forces.h"
 #include "batch/functions.h"
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
@@ -44,11 +45,20 @@ const char kHelp[] =
     "                       for each harmonic: --fft \"Accel CP:Mag\"\n"
     "  --plot FUNCTION      draws a function with --svg in place of the linkage; up to four\n"
     "                       in one graph: --plot Omega4 --plot \"Veloc CP:Y\"\n"
+    "  --dynamics           solves for pin forces and torques with the external loads; the\n"
+    "                       table gains them and the motion of the mass centres\n"
+    "  --balance            the same, and then balances the shaking force by counterweights\n"
+    "                       at half the lengths of links 2 and 4, with a flywheel that\n"
+    "                       leaves 0.05 of the torque's pulses; the table gains what they\n"
+    "                       change, and its mass centres are those of the counterweights\n"
     "  --classify           prints the Grashof code, its words, and the toggle angle in\n"
     "                       degrees of a non-Grashof linkage\n"
     "  --cognates           prints a row for each of the three linkages that trace the same\n"
     "                       coupler curve, lengths as the file stores them, the angle in\n"
     "                       radians\n"
+    "  --balance-report     prints a row for link 2 and for link 4: the mass-radius product\n"
+    "                       that balances the linkage, its angle, the mass at half the\n"
+    "                       link's length, and that length as the file stores it\n"
     "  --save OUT.vlk       writes the model again\n"
     "  --convert-units N    converts it first: 1 in-lb-bl-s, 2 ft-lb-sl-s, 3 m-kg-N-s,\n"
     "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
@@ -57,8 +67,8 @@ const char kHelp[] =
     "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
     "Mag or Ang behind a colon; X if there is none.\n"
     "\n"
-    "With --classify, --cognates or --save nothing is run unless --csv or --svg is given\n"
-    "too, and then the table is written only to the file of --csv.\n"
+    "With --classify, --cognates, --balance-report or --save nothing is run unless --csv\n"
+    "or --svg is given too, and then the table is written only to the file of --csv.\n"
     "\n"
     "The table has a header line and a row for each step. Assembled is 1 where the\n"
     "position closed. Angles are degrees, lengths in the model's shown unit. The centrodes\n"
@@ -68,8 +78,8 @@ const char kHelp[] =
     "Of a transform, harmonic 0 is the mean; the real and imaginary part, magnitude and\n"
     "phase of every other are doubled.\n"
     "\n"
-    "Exit status: 0 done, 1 when the model cannot be read or run or closes nowhere or a\n"
-    "file cannot be written, 2 for wrong usage. Messages go to standard error.\n";
+    "Exit status: 0 done, 1 when the model cannot be read, run, solved or balanced or closes\n"
+    "nowhere or a file cannot be written, 2 for wrong usage. Messages go to standard error.\n";
 
 /// The desktop in force as long as this lives.
 struct Session {
@@ -98,7 +108,7 @@ bool Functions_Known(const BatchOptions& options, std::string& fault) {
     std::vector<FunctionChoice> wanted = options.plots;
     if (options.fft) wanted.push_back(*options.fft);
     for (const FunctionChoice& choice : wanted) {
-        if (Is_Variable(choice.label)) continue;
+        if (Is_Variable(choice.label, Last_Variable(options.dynamics, options.balance))) continue;
         fault = "there is no function \"" + choice.label + "\"";
         return false;
     }
@@ -141,9 +151,13 @@ class Batch {
         if (options_.save && !Save()) return kFailed;
         if (options_.classify) Classify();
         if (options_.cognates && !Print_Cognates()) return kFailed;
+        if (options_.balance_report && !Report_Balance()) return kFailed;
         bool done = !options_.Run_Wanted();
         if (!done && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
+            // A step that cannot be solved spoils the status; the table keeps what was solved before it.
+            if (options_.Forces_Wanted()) done = Solve_Forces() && done;
+            if (options_.balance && !Balance()) return kFailed;
             if (!Write_Results()) return kFailed;
         }
         out_.flush();
@@ -223,6 +237,13 @@ class Batch {
             out_ << '\n';
         }
         return true;
+    }
+
+    bool Report_Balance() {
+        Take_Geometry();
+        const std::string report = Balance_Report();
+        out_ << report;
+        return !report.empty();
     }
 
     bool Write_Results() {

@@ -81,7 +81,8 @@ std::string Run_Table_Csv(bool local) {
     Use_Frame(local, kSlot);
     std::vector<Column> columns;
     Add_Column(columns, "Time", [](int step) { return Single(step * Model.TimeStep + Model.TimeStart); });
-    for (int number = 1; number <= Last_Variable(); ++number) Add_Variable(columns, Model.VariableNames(number));
+    const int last = Last_Variable(Model.DynamicsDone, Model.BalanceDone);
+    for (int number = 1; number <= last; ++number) Add_Variable(columns, Model.VariableNames(number));
     Add_Centrode(columns, "Fixed Centrode", Model.RunTable.FixedCentrode);
     Add_Centrode(columns, "Moving Centrode", Model.RunTable.MovingCentrode);
 

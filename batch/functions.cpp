@@ -15,13 +15,13 @@ constexpr int kTransformed = 1;
 
 }  // namespace
 
-int Last_Variable() {
-    if (Model.BalanceDone) return 42;
-    return Model.DynamicsDone ? 37 : 19;
+int Last_Variable(bool dynamics, bool balance) {
+    if (balance) return 42;
+    return dynamics ? 37 : 19;
 }
 
-bool Is_Variable(const std::string& label) {
-    for (int number = 1; number <= Last_Variable(); ++number)
+bool Is_Variable(const std::string& label, int last) {
+    for (int number = 1; number <= last; ++number)
         if (Model.VariableNames(number) == label) return true;
     return false;
 }

@@ -7,10 +7,10 @@
 
 namespace verlink {
 
-/// The number of the last variable that the run has: with dynamics and with balancing there are more.
-int Last_Variable();
-/// Whether a variable that the run has is called that, exactly.
-bool Is_Variable(const std::string& label);
+/// The number of the last variable that a run has: with dynamics and with balancing there are more.
+int Last_Variable(bool dynamics, bool balance);
+/// Whether a variable up to that number is called that, exactly.
+bool Is_Variable(const std::string& label, int last);
 
 /// Puts a function into a slot 1 to 4.
 void Take_Function(const FunctionChoice& choice, int slot);

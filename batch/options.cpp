@@ -9,7 +9,8 @@ const char kBatchUsage[] =
     "usage: verlink-batch MODEL.vlk [--set FIELD=VALUE]... [--csv FILE] [--svg FILE]\n"
     "                     [--frame global|local] [--fft \"LABEL[:COMPONENT]\"]\n"
     "                     [--plot \"LABEL[:COMPONENT]\"]...\n"
-    "                     [--classify] [--cognates] [--save OUT.vlk [--convert-units N]]\n"
+    "                     [--dynamics] [--balance] [--classify] [--cognates] [--balance-report]\n"
+    "                     [--save OUT.vlk [--convert-units N]]\n"
     "       verlink-batch --example NAME, with the same options\n"
     "       verlink-batch --help | --version\n";
 
@@ -27,6 +28,9 @@ std::optional<std::string>* Path_Of(BatchOptions& options, const std::string& na
 bool* Flag_Of(BatchOptions& options, const std::string& name) {
     if (name == "--classify") return &options.classify;
     if (name == "--cognates") return &options.cognates;
+    if (name == "--balance-report") return &options.balance_report;
+    if (name == "--dynamics") return &options.dynamics;
+    if (name == "--balance") return &options.balance;
     return nullptr;
 }
 
@@ -126,7 +130,9 @@ bool Go_Together(const BatchOptions& options, std::string& fault) {
     else if (!options.plots.empty() && !options.svg)
         fault = "--plot goes with --svg";
     else if (options.fft && options.Without_Run() && !options.csv)
-        fault = "--fft beside --classify, --cognates or --save goes with --csv";
+        fault = "--fft where nothing is run goes with --csv";
+    else if (options.Forces_Wanted() && !options.Run_Wanted())
+        fault = "--dynamics or --balance where nothing is run goes with --csv or --svg";
     return fault.empty();
 }
 

@@ -23,12 +23,14 @@ struct BatchOptions {
     std::optional<std::string> frame;                       ///< "global" or "local"
     std::optional<FunctionChoice> fft;                      ///< what to transform, in place of the table
     std::vector<FunctionChoice> plots;                      ///< up to four, in place of the linkage's picture
-    bool classify = false, cognates = false;
+    bool dynamics = false, balance = false;  ///< what is solved after the run; balance wants the forces too
+    bool classify = false, cognates = false, balance_report = false;
     bool help = false, version = false;  ///< either stands alone: nothing else is looked at
 
     /// Those that need no run, and keep the table off standard output.
-    bool Without_Run() const { return classify || cognates || save || convert_units; }
+    bool Without_Run() const { return classify || cognates || balance_report || save || convert_units; }
     bool Run_Wanted() const { return csv || svg || !Without_Run(); }
+    bool Forces_Wanted() const { return dynamics || balance; }
     bool Local() const { return frame == "local"; }
 };
 

@@ -81,20 +81,30 @@ void Sum_Forces() {
         }
 }
 
+void Take_Needs() {
+    const auto& m = Model;
+    const Single L2 = m.LinkArray(2);
+    const Single L3 = m.LinkArray(3);
+    const Single L4 = m.LinkArray(4);
+    const Single m3 = m.LinkMass(3);
+    const Single r3 = m.CG(3, 0);
+    const Single c3 = std::cos(m.CG(3, 1));
+    const Single s3 = std::sin(m.CG(3, 1));
+    Take_Need(2, m3 * (c3 * (L2 / L3) * r3 - L2), m3 * s3 * (L2 / L3) * r3);
+    Take_Need(4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
+}
+
 }  // namespace
 
-void Berkof_Setup() {
-    Guarded("Berkof_Setup", [] {
-        const auto& m = Model;
-        const Single L2 = m.LinkArray(2);
-        const Single L3 = m.LinkArray(3);
-        const Single L4 = m.LinkArray(4);
-        const Single m3 = m.LinkMass(3);
-        const Single r3 = m.CG(3, 0);
-        const Single c3 = std::cos(m.CG(3, 1));
-        const Single s3 = std::sin(m.CG(3, 1));
-        Take_Need(2, m3 * (c3 * (L2 / L3) * r3 - L2), m3 * s3 * (L2 / L3) * r3);
-        Take_Need(4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
+void Berkof_Setup() { Guarded("Berkof_Setup", Take_Needs); }
+
+bool Default_Weights() {
+    return Guarded("Berkof_Setup", [] {
+        Take_Needs();
+        for (const int link : {2, 4}) {
+            Model.BerkRadius(link) = Model.LinkArray(link) / 2;
+            Model.BerkMass(link) = Model.MRNeeded(link) / Model.BerkRadius(link);
+        }
     });
 }
 

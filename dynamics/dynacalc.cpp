@@ -208,9 +208,10 @@ void Store(int step, System& x, const Links& at, const Inertias& inertias, const
 
 }  // namespace
 
-void Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
+bool Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
               const Table<Single, 0, 4, 2>& CG, ForceTable& Forces, TorqueTable& Torques) {
-    Guarded("Dynacalc", [&] {
+    bool solved = true;
+    const bool done = Guarded("Dynacalc", [&] {
         const double factor = Shown_Factor();
         System system;
         for (int step = 0; step <= Model.NSteps; ++step) {
@@ -228,6 +229,7 @@ void Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Sin
             if (Error != 0) {
                 platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
                                platform::Icon::kQuestion);
+                solved = false;
                 return;
             }
             Store(step, system, at, inertias, loads, Forces, Torques);
@@ -237,6 +239,15 @@ void Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Sin
             }
         }
     });
+    return done && solved;
+}
+
+void Resolve_Forces() {
+    auto& m = Model;
+    m.ExtForce3X = m.ExtForceMag(3) * std::cos(m.ExtForceAng(3) * kDegToRad);
+    m.ExtForce3Y = m.ExtForceMag(3) * std::sin(m.ExtForceAng(3) * kDegToRad);
+    m.ExtForce4X = m.ExtForceMag(4) * std::cos(m.ExtForceAng(4) * kDegToRad);
+    m.ExtForce4Y = m.ExtForceMag(4) * std::sin(m.ExtForceAng(4) * kDegToRad);
 }
 
 void PrintAmatrix(std::span<const double> A, std::span<const double> C) {

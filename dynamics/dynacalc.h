@@ -16,8 +16,12 @@ namespace verlink {
 /// rows 1 and 2 of `Torques` take them in either way. No weight. Angles and forces are relative to the ground link.
 /// Also fills rows 3 to 5 of `VelXY` and rows 5 to 7 of `AccXY`, the mass centres, in the shown unit.
 /// Fills `frm_Matrix` at step 0. A singular system is told with its step and ends the procedure; steps done stay.
-void Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
+/// Gives back whether all steps were solved.
+bool Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
               const Table<Single, 0, 4, 2>& CG, ForceTable& Forces, TorqueTable& Torques);
+
+/// `ExtForce3X` to `ExtForce4Y` from magnitudes and angles, which are what a model keeps.
+void Resolve_Forces();
 
 /// The 9 x 9 system, row by row, and its right side into the labels of `frm_Matrix`: `lbl_A1` to `lbl_A9`, a control
 /// array for each row with an index 1 to 9 by column, and `lbl_B` 1 to 9. Grey where a value rounds to 0, else red.

@@ -119,13 +119,28 @@ TEST(Options, RefusalsOfFramesAndFunctionsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"m", "--fft", "Omega4:"}), "a component is X, Y, Mag or Ang, not \"\"");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4:Z"}), "a component is X, Y, Mag or Ang, not \"Z\"");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--fft", "Omega3"}), "--fft is given twice");
-    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}),
-              "--fft beside --classify, --cognates or --save goes with --csv");
-    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}),
-              "--fft beside --classify, --cognates or --save goes with --csv");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}), "--fft where nothing is run goes with --csv");
+    EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}), "--fft where nothing is run goes with --csv");
     EXPECT_EQ(Refused({"m", "--plot", "Omega4"}), "--plot goes with --svg");
     EXPECT_EQ(Refused({"m", "--svg", "s", "--plot", "a", "--plot", "b", "--plot", "c", "--plot", "d", "--plot", "e"}),
               "--plot is given more than four times");
+}
+
+TEST(Options, ForcesAndBalanceWantARun) {
+    EXPECT_FALSE(Parsed({"m"}).Forces_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--dynamics"}).dynamics);
+    EXPECT_TRUE(Parsed({"m", "--balance"}).Forces_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--balance-report"}).balance_report);
+    EXPECT_FALSE(Parsed({"m", "--balance-report"}).Run_Wanted());
+    for (const char* option : {"--dynamics", "--balance"})
+        for (const std::vector<std::string>& beside :
+             {std::vector<std::string>{"--classify"}, {"--balance-report"}, {"--save", "o"}}) {
+            std::vector<std::string> arguments{"m", option};
+            arguments.insert(arguments.end(), beside.begin(), beside.end());
+            EXPECT_EQ(Refused(arguments), "--dynamics or --balance where nothing is run goes with --csv or --svg");
+            arguments.insert(arguments.end(), {"--csv", "t"});
+            EXPECT_TRUE(Parsed(arguments).Forces_Wanted());
+        }
 }
 
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {
