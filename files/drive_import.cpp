@@ -1,6 +1,8 @@
 // How the motion of the input link comes out of a file: the two readers, and the import menu's actions.
 #include "files/drive_import.h"
 
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/screen_geometry.h"
@@ -61,7 +63,7 @@ bool Read_Cam(TextReader& reader, Integer& NLinks) {
     }
     const Integer units = reader.Short();
     if (units > kUnitSystems) Raise(kSubscript);
-    Model.Units = units;
+    Model.Units = std::max<int>(units, 1);
     for (Single* length : {&Model.CamDiameter, &Model.CamDataLength1, &Model.CamDataLength2}) *length /= Shown_Factor();
     Skip_Strings(reader, 7);
     return true;
