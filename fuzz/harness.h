@@ -29,7 +29,7 @@ void Check_Record();
 /// file written from it reads as the same model, to the digits of the notation; a second round changes nothing.
 void Check_Whole();
 
-/// `Check_Whole` for a model that is driven by what was read; a run by a short drive leaves the drive as it was.
-void Check_Drive();
+/// The program goes on: a short run of whatever was read comes to its end. A drive that was read stays as it was.
+void Check_Run();
 
 }  // namespace verlink::fuzz
