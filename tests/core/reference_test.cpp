@@ -1,11 +1,10 @@
 // The engine beside a computation to 40 digits that solves the same positions another way; see tests/reference/.
+#include "tests/support/reference.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <map>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,6 @@
 #include "core/initialize.h"
 #include "core/parameters.h"
 #include "core/runs.h"
-#include "tests/support/fixture.h"
 
 namespace verlink::test {
 
@@ -34,61 +32,6 @@ constexpr double kCentrodes = 12 * kUlp;
 /// Below this sine of the angle between links 3 and 4 the position is so near a toggle that what is divided by the
 /// sine loses digits: speeds and accelerations once for the sine's own error and once for the quotient's.
 constexpr double kNearToggle = 0.3;
-
-/// A row of a table of figures, by the names in its head.
-using Row = std::map<std::string, std::string>;
-
-std::vector<Row> Read_Table(const std::string& name) {
-    std::ifstream file(std::string(VERLINK_TESTS) + "/reference/" + name);
-    std::vector<Row> rows;
-    std::vector<std::string> head;
-    for (std::string line; std::getline(file, line);) {
-        std::vector<std::string> cells;
-        std::istringstream stream(line);
-        for (std::string cell; std::getline(stream, cell, ',');) cells.push_back(cell);
-        if (head.empty()) {
-            head = cells;
-            continue;
-        }
-        cells.resize(head.size());
-        Row row;
-        for (std::size_t i = 0; i < head.size(); ++i) row[head[i]] = cells[i];
-        rows.push_back(row);
-    }
-    return rows;
-}
-
-double Number(const Row& row, const std::string& name) { return std::strtod(row.at(name).c_str(), nullptr); }
-
-/// Makes the linkage of a row the model, and runs it.
-void Run_Linkage(const Row& row) {
-    Model.Units = static_cast<int>(Number(row, "Units"));
-    Model.PolarCoords = true;
-    Model.L1 = Number(row, "L1");
-    Model.L2 = Number(row, "L2");
-    Model.L3 = Number(row, "L3");
-    Model.L4 = Number(row, "L4");
-    Model.Rpa = Number(row, "Rpa");
-    Model.Delta = Number(row, "Delta");
-    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-    Model.Link1Angle = Number(row, "Link1Angle");
-    Model.CircuitIndex = static_cast<int>(Number(row, "Circuit"));
-    Model.ModuloMode = row.at("ModuloMode");
-    Model.Calctype = static_cast<int>(Number(row, "Calctype"));
-    Model.ThetaZero = Number(row, "ThetaZero");
-    Model.Omega2Input = Number(row, "Omega2");
-    Model.Alpha2 = Number(row, "Alpha2");
-    Model.TimeStart = Model.ThetaStart = Number(row, "First");
-    Model.TimeEnd = Model.ThetaEnd = Number(row, "Last");
-    Model.TimeStep = Model.ThetaStep = Number(row, "Increment");
-    Model.ThetaStartRad = Model.ThetaStart * kDegToRad;
-    Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
-    Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
-    if (Model.ThetaStep > 0) Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
-    Derive_Geometry();
-    Integer result;
-    Calc_Setup(Model.Calctype, result);
-}
 
 double Longest() {
     return std::max({double{Model.L1}, double{Model.L2}, double{Model.L3}, double{Model.L4}, double{Model.Rpa}});
