@@ -1,6 +1,5 @@
 // The entry of verlink: a desktop around the program.
 #include <QApplication>
-#include <QStyle>
 #include <cstdio>
 
 #include "desktop/icons.h"
@@ -35,10 +34,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("verlink"));
     QApplication::setWindowIcon(verlink::desktop::programIcon());
     QApplication::setQuitOnLastWindowClosed(false);
-    // Where the desktop brings no style of its own.
-    const QString style = QApplication::style()->name();
-    if (style == QStringLiteral("windows") || style == QStringLiteral("fusion"))
-        QApplication::setStyle(new verlink::desktop::QuietStyle);
+    verlink::desktop::useQuietStyle();
 
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);

@@ -5,16 +5,18 @@
 
 namespace verlink::desktop {
 
-/// Fusion, with plain buttons in dialogs.
+/// Fusion, with plain buttons in dialogs, and with rings around options and tick boxes that show on dark desktops too.
 class QuietStyle : public QProxyStyle {
    public:
     QuietStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override {
-        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
-        return QProxyStyle::styleHint(hint, option, widget, data);
-    }
+                  QStyleHintReturn* data) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
 };
+
+/// Takes it, where the desktop brings no style of its own.
+void useQuietStyle();
 
 }  // namespace verlink::desktop
