@@ -1,12 +1,13 @@
 // Walks through the program as a user would and saves a picture of each screen on the way.
 //
-//     verlink-capture FOLDER
+//     verlink-capture FOLDER [dark]
 //
 // The user's folders are temporary ones, so that nothing of the real user is touched.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QMessageBox>
+#include <QPalette>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -17,6 +18,7 @@
 #include "core/linkage_model.h"
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
+#include "desktop/quiet_style.h"
 #include "screens/register.h"
 #include "shell/startup.h"
 
@@ -367,11 +369,27 @@ class Walker {
     int messages_ = 0;
 };
 
+/// As a dark desktop would have it.
+QPalette Dark_Palette() {
+    QPalette palette(QColor(0x31, 0x36, 0x3B), QColor(0x2A, 0x2E, 0x32));
+    palette.setColor(QPalette::Base, QColor(0x1B, 0x1E, 0x20));
+    palette.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(0xFC, 0xFC, 0xFC));
+        palette.setColor(QPalette::Disabled, role, QColor(0x6E, 0x75, 0x7C));
+    }
+    palette.setColor(QPalette::ToolTipBase, QColor(0x31, 0x36, 0x3B));
+    palette.setColor(QPalette::Highlight, QColor(0x3D, 0xAE, 0xE9));
+    palette.setColor(QPalette::HighlightedText, QColor(0xFC, 0xFC, 0xFC));
+    return palette;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fputs("usage: verlink-capture FOLDER\n", stderr);
+    const bool dark = argc == 3 && std::string(argv[2]) == "dark";
+    if (argc != 2 && !dark) {
+        std::fputs("usage: verlink-capture FOLDER [dark]\n", stderr);
         return 2;
     }
     const QTemporaryDir home;
@@ -379,6 +397,8 @@ int main(int argc, char** argv) {
     for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DOCUMENTS_DIR"}) qunsetenv(name);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    desktop::useQuietStyle();
+    if (dark) QApplication::setPalette(Dark_Palette());
     QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
 
