@@ -84,7 +84,7 @@ Form::Form(Screen& screen) : screen_(screen) {
         auto* widget = qobject_cast<QWidget*>(control ? objectOf(*control) : nullptr);
         if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
     };
-    setWindowTitle(toQt(screen_.Caption()));
+    showCaption();
     if (QPushButton* button = buttonOf(screen_.DefaultButton)) button->setDefault(true);
 }
 
@@ -214,8 +214,15 @@ void Form::act(const Control& control, const std::function<void()>& deed) {
     Guarded(control.ObjectName(), deed);
 }
 
+/// Blanks at the end of a caption would push its words out of a narrow title bar.
+void Form::showCaption() {
+    QString caption = toQt(screen_.Caption());
+    while (caption.endsWith(u' ')) caption.chop(1);
+    setWindowTitle(caption);
+}
+
 void Form::applyShape() {
-    setWindowTitle(toQt(screen_.Caption()));
+    showCaption();
     const double twips = twipsPerPixel();
     const QRect display = availableDisplay();
     const bool size_changed = screen_.Width() != width_ || screen_.Height() != height_;
