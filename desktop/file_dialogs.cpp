@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSplitter>
 
 #include "desktop/messages.h"
 #include "desktop/text.h"
@@ -26,6 +27,8 @@ std::vector<NameFilter> nameFilters(const std::string& filter) {
 }
 
 namespace {
+
+constexpr QSize kRoomy{840, 500};  ///< names, sizes and dates are read whole
 
 /// As Qt wants it: the words, and the patterns in brackets at the end.
 QString qtFilter(const NameFilter& filter) {
@@ -49,8 +52,8 @@ std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !wish.warn_before_overwriting);
 
     const std::vector<NameFilter> filters = nameFilters(wish.filter);
+    QStringList shown;
     if (!filters.empty()) {
-        QStringList shown;
         for (const NameFilter& filter : filters) shown << qtFilter(filter);
         dialog.setNameFilters(shown);
         const auto chosen = static_cast<std::size_t>(wish.filter_index) - 1;
@@ -58,6 +61,11 @@ std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish
         dialog.selectNameFilter(shown[static_cast<qsizetype>(first)]);
         if (save) dialog.setDefaultSuffix(suffixOf(filters[first]));
     }
+    // A name typed without its end gets that of the kind chosen last.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        const auto chosen = static_cast<std::size_t>(shown.indexOf(filter));
+        if (save && chosen < filters.size()) dialog.setDefaultSuffix(suffixOf(filters[chosen]));
+    });
 
     const QFileInfo given(toQt(wish.file_name));
     const bool has_folder = wish.file_name.find('/') != std::string::npos && given.dir().exists();
@@ -65,6 +73,8 @@ std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish
     const QString name = given.fileName();
     if (!name.isEmpty() && !name.contains(u'*') && !name.contains(u'?')) dialog.selectFile(name);
 
+    dialog.resize(dialog.sizeHint().expandedTo(kRoomy));
+    if (auto* halves = dialog.findChild<QSplitter*>()) halves->setSizes({kRoomy.width() / 5, kRoomy.width() * 4 / 5});
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     return fromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
 }

@@ -36,6 +36,8 @@ constexpr double kMostEnlarged = 1e-6;
 Span spanOf(const QCPRange& range) { return {range.lower, range.upper}; }
 QCPRange rangeOf(const Span& span) { return {span.low, span.high}; }
 
+bool marksPoints(const Graph& graph) { return Draws_Sticks(graph) && graph.NumPoints() <= kFew; }
+
 QFont fontOf(const QFont& base, const Graph::Font& wish, double scale = 1) {
     QFont font = base;
     font.setPointSizeF(std::max(4.0, base.pointSizeF() * wish.size / 100 * scale));
@@ -142,6 +144,12 @@ class GraphWidget::Plot : public QCustomPlot {
         curves_ = graph.NumSets();
         points_ = Point_Span(graph);
         span_ = Value_Span(graph);
+        // A mark at zero is not cut in half by the frame.
+        if (marksPoints(graph)) {
+            const double air = 0.03 * span_.Width();
+            if (span_.low == 0) span_.low -= air;
+            if (span_.high == 0) span_.high += air;
+        }
         bottom_title_ = lines(graph.BottomTitle);
         colors_ = &Colors_Of(graph.Background);
 
@@ -347,7 +355,8 @@ class GraphWidget::Plot : public QCustomPlot {
                 QColor faint = color;
                 faint.setAlpha(points > kFew ? 120 : 200);
                 shown->setPen(QPen(faint, points > kFew ? 1 : 2, Qt::SolidLine, Qt::FlatCap));
-                if (points <= kFew) shown->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, color, color, 5));
+                if (marksPoints(graph))
+                    shown->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, color, color, 5));
             }
             if (Draws_Lines(graph)) {
                 shown = addCurve(keys, sets_[i]);

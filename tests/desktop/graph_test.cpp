@@ -1,95 +1,13 @@
-// The widget of a graph: what it draws when, what is read off it, how it is enlarged, and its pictures.
-#include "platform/graph.h"
-
-#include <QClipboard>
-#include <QFile>
+// The widget of a graph: what it draws when, what is read off it, and how it is enlarged.
 #include <QImage>
-#include <QMenu>
-#include <QMouseEvent>
-#include <QWheelEvent>
 #include <cmath>
 
-#include "desktop/graph_widget.h"
 #include "output/graph_scale.h"
-#include "tests/desktop/user.h"
+#include "tests/desktop/graph_fixture.h"
 
 namespace verlink::test {
 
 namespace {
-
-using desktop::GraphWidget;
-using platform::Graph;
-
-class GraphWidgetTest : public DesktopTest {
-   protected:
-    platform::Screen screen{"frm_Graphs"};
-    Graph graph{screen, "grf_Plot", 0};
-    std::unique_ptr<GraphWidget> widget;
-
-    void Fill(int sets, int last) {
-        graph.SetNumSets(sets);
-        graph.SetNumPoints(last + 1);
-        for (graph.ThisSet = 1; graph.ThisSet <= sets; ++graph.ThisSet) {
-            const int set = graph.ThisSet;
-            for (int i = 0; i <= last; ++i) {
-                graph.ThisPoint = i + 1;
-                graph.SetGraphData(set * std::sin(i * 6.283185307 / last));
-                graph.SetLabelText(std::to_string(i));
-            }
-            graph.SetLegendText(std::string("Function ").append(std::to_string(set)));
-            graph.SetPatternData(set - 1);
-        }
-        graph.PatternedLines = 1;
-        graph.LabelEvery = 12;
-        graph.TickEvery = 6;
-        graph.BottomTitle = "Crank Angle (Deg)";
-    }
-
-    void Open(QSize size = {900, 500}) {
-        widget = std::make_unique<GraphWidget>(graph, nullptr);
-        graph.Watcher = [this] { widget->follow(); };
-        widget->resize(size);
-        widget->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(widget.get()));
-        Settle();
-    }
-    ~GraphWidgetTest() override { graph.Watcher = nullptr; }
-
-    void Draw() {
-        graph.Draw();
-        Settle();
-    }
-    static void Settle() {
-        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
-    }
-
-    QImage Shot() { return widget->grab().toImage().convertToFormat(QImage::Format_RGB32); }
-    static int Pixels(const QImage& image, QRgb color) {
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (image.pixel(x, y) == color) ++count;
-        return count;
-    }
-    static QRgb Rgb(platform::Color color) { return qRgb(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF); }
-    QWidget* Plot() { return widget->findChildren<QWidget*>(Qt::FindDirectChildrenOnly).constFirst(); }
-
-    void Wheel(const QPoint& at, int delta) {
-        QWheelEvent event(at, widget->mapToGlobal(at), {}, {0, delta}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                          false);
-        QCoreApplication::sendEvent(Plot(), &event);
-        Settle();
-    }
-    void Drag(const QPoint& from, const QPoint& to) {
-        QTest::mousePress(Plot(), Qt::LeftButton, {}, from);
-        for (const QPoint& at : {(from + to) / 2, to}) {
-            QMouseEvent move(QEvent::MouseMove, at, Plot()->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(Plot(), &move);
-        }
-        QTest::mouseRelease(Plot(), Qt::LeftButton, {}, to);
-        Settle();
-    }
-};
 
 TEST_F(GraphWidgetTest, Nothing_is_drawn_before_Draw) {
     Open();
@@ -169,6 +87,24 @@ TEST_F(GraphWidgetTest, Styles_show_lines_and_sticks) {
     EXPECT_EQ(inked(2), std::pair(true, false));
     EXPECT_EQ(inked(4), std::pair(false, true));
     EXPECT_EQ(inked(6), std::pair(true, true));
+}
+
+TEST_F(GraphWidgetTest, Marks_at_zero_stand_clear_of_the_frame) {
+    Open();
+    Fill(1, 15);
+    graph.GraphStyle = 2;
+    for (const double sign : {1.0, -1.0}) {
+        for (int i = 0; i <= 15; ++i) {
+            graph.ThisSet = 1;
+            graph.ThisPoint = i + 1;
+            graph.SetGraphData(sign * (15 - i));
+        }
+        Draw();
+        const QRectF view = widget->view();
+        const QPoint zero = widget->place(15, 0);
+        const int edge = widget->place(15, sign > 0 ? view.top() : view.bottom()).y();
+        EXPECT_GE(std::abs(edge - zero.y()), 5) << sign;
+    }
 }
 
 TEST_F(GraphWidgetTest, The_grid_follows_its_style) {
@@ -304,47 +240,6 @@ TEST_F(GraphWidgetTest, Hovering_and_enlarging_leave_the_graph_as_it_was) {
     EXPECT_EQ(graph.Drawings(), drawings);
     EXPECT_EQ(graph.Sets()[1].values[77], value);
     EXPECT_EQ(graph.ThisSet, 3);
-}
-
-TEST_F(GraphWidgetTest, Pictures_are_saved_by_the_end_of_their_name) {
-    Open();
-    Fill(2, 360);
-    graph.GraphTitle = "A title";
-    Draw();
-    const auto head = [&](const char* name, int bytes) {
-        const QString path = QString::fromStdString(Path(name));
-        EXPECT_TRUE(widget->savePicture(path)) << name;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return bytes ? file.read(bytes) : file.readAll();
-    };
-    EXPECT_EQ(head("plot.pdf", 5), "%PDF-");
-    EXPECT_EQ(head("plot.png", 4), "\x89PNG");
-    const QByteArray svg = head("plot.svg", 0);
-    EXPECT_TRUE(svg.contains("<polyline") || svg.contains("<path")) << "curves are vectors";
-    EXPECT_FALSE(svg.contains("<image"));
-    EXPECT_FALSE(widget->savePicture(QString::fromStdString(Path("nowhere/plot.png"))));
-    EXPECT_FALSE(widget->savePicture(QString::fromStdString(Path("nowhere/plot.svg"))));
-    EXPECT_FALSE(widget->savePicture(QString::fromStdString(Path("nowhere/plot.pdf"))));
-}
-
-TEST_F(GraphWidgetTest, A_right_click_offers_to_copy_the_picture) {
-    Open();
-    Fill(1, 360);
-    Draw();
-    QApplication::clipboard()->clear();
-    QStringList offered;
-    QTimer::singleShot(50, widget.get(), [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_NE(menu, nullptr);
-        for (const QAction* action : menu->actions()) offered << action->text();
-        menu->setActiveAction(menu->actions().at(1));
-        QTest::keyClick(menu, Qt::Key_Return);
-    });
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {200, 200}, widget->mapToGlobal(QPoint(200, 200)));
-    QCoreApplication::sendEvent(widget.get(), &event);
-    EXPECT_EQ(offered, (QStringList{"Save picture...", "Copy picture"}));
-    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
 }
 
 TEST_F(GraphWidgetTest, Legends_of_any_number_fit_any_width) {
