@@ -127,6 +127,29 @@ TEST_F(FftCalc, TheLargestNumberOnTheListIsNeverTooMany) {
     }
 }
 
+TEST_F(FftCalc, ATypedNumberAboveHalfTheStepsIsCutByThePickAloneAndNotByCalculate) {
+    Pick("Omega4");
+    form.cmb_Harmonics.Text = "200";
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.Harmonics, 200);
+    EXPECT_EQ(form.cmb_Harmonics.Text, "200");
+    EXPECT_EQ(form.grf_Plot[0].NumPoints(), 201);
+    for (int j = 180; j <= 200; ++j) EXPECT_EQ(Model.FFTResult(j, 2), 0.0) << j;
+}
+
+TEST_F(FftCalc, ATypedNumberBeyondTheTableIsReportedByTheGraphsAndTheTransformStandsAllTheSame) {
+    Pick("Omega4");
+    form.cmb_Harmonics.Text = "2881";
+    desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in FFT_Plot\r\n\r\n");
+    Press(form, "cmd_Calc");
+    EXPECT_TRUE(Model.FFTDone);
+    EXPECT_TRUE(form.cmd_Done.Enabled);
+    EXPECT_NEAR(Model.FFTResult(1, 0), 8, 1e-5);
+    form.cmb_Harmonics.Text = "2880";
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(form.grf_Plot[3].NumPoints(), 2881);
+}
+
 TEST_F(FftCalc, HarmonicsWithoutAFunctionAreOnlyTaken) {
     Activate();
     const int before = Drawings();
