@@ -10,7 +10,6 @@
 #include "core/linkage_model.h"
 #include "output/catalogue.h"
 #include "output/transform.h"
-#include "tests/support/fixture.h"
 #include "tests/support/reference.h"
 
 namespace verlink::test {

@@ -317,8 +317,7 @@ TEST_F(AnimateEdit, HelpHidesTheScreenAndBringsItBack) {
     desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) { Pick_Menu(form, "mnu_Help"); });
     desktop.Expect_Screen("frm_Help", [&](platform::Screen& help) {
         EXPECT_FALSE(form.Visible());
-        EXPECT_EQ(static_cast<frm_Help&>(help).WebBrowser1.Document.Get(),
-                  "helpfiles/verlink/animate_help.pdf");
+        EXPECT_EQ(static_cast<frm_Help&>(help).WebBrowser1.Document.Get(), "helpfiles/verlink/animate_help.pdf");
         help.Hide();
     });
     desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) {
