@@ -5,10 +5,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <random>
 #include <regex>
+#include <utility>
 
+#include "files/drive_import.h"
+#include "files/exports.h"
 #include "tests/files/model_files.h"
 
 namespace verlink::test {
@@ -135,6 +137,25 @@ std::vector<std::string> All_Kept() {
     return kept;
 }
 
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+/// A file as other programs would have saved it again, by what they are in the habit of.
+std::vector<std::pair<std::string, std::string>> Saved_By_Others(const std::string& content) {
+    return {
+        {"lone line feeds", Replaced(content, "\r\n", "\n")},
+        {"no final line end", content.substr(0, content.size() - 2)},
+        {"a byte order mark", "\xef\xbb\xbf" + content},
+        {"blank lines at the end", content + "\r\n\r\n\n"},
+        {"blanks at the ends of lines", Replaced(content, "\r\n", " \r\n")},
+        {"all values on one line", Replaced(content, "\r\n", ",")},
+        {"one value to a line, rows too", Replaced(content, ",", "\n")},
+    };
+}
+
 }  // namespace
 
 class RoundTrip : public ModelFiles {
@@ -144,6 +165,10 @@ class RoundTrip : public ModelFiles {
         return "run again with --gtest_random_seed=" + std::to_string(testing::UnitTest::GetInstance()->random_seed());
     }
     static Dice New_Dice() { return Dice(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed())); }
+
+    std::string Folder_Of_Any_Letters() const {
+        return Path("Entw\xc3\xbcrfe f\xc3\xbcr Z\xc3\xbcrich, neu/\xe6\x9b\xb2\xe6\x9f\x84  1/ ");
+    }
 
     static void Forget() {
         Reset_Model();
@@ -171,17 +196,6 @@ TEST_F(RoundTrip, AnyModelIsTheSameToSevenDigitsAndASecondRoundChangesNothing) {
 TEST_F(RoundTrip, AnyModelThatOtherProgramsHaveSavedAgainIsTheSame) {
     SCOPED_TRACE(Again());
     Dice dice = New_Dice();
-    const std::vector<std::pair<const char*, std::function<std::string(const std::string&)>>> habits = {
-        {"lone line feeds", [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), "\n"); }},
-        {"no final line end", [](const std::string& c) { return c.substr(0, c.size() - 2); }},
-        {"a byte order mark", [](const std::string& c) { return "\xef\xbb\xbf" + c; }},
-        {"blank lines at the end", [](const std::string& c) { return c + "\r\n\r\n\n"; }},
-        {"blanks at the ends of lines",
-         [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), " \r\n"); }},
-        {"all values on one line", [](const std::string& c) { return std::regex_replace(c, std::regex("\r\n"), ","); }},
-        {"one value to a line, rows too",
-         [](const std::string& c) { return std::regex_replace(c, std::regex(","), "\n"); }},
-    };
     const std::vector<std::string> plain = {"",   " ", "press",   "A 12\" press", "\"Stroke\" no. 5",
                                             "\"", "'", "\xc3\xa4"};
     for (int i = 0; i < kModels / 10; ++i) {
@@ -194,10 +208,10 @@ TEST_F(RoundTrip, AnyModelThatOtherProgramsHaveSavedAgainIsTheSame) {
         for (std::string* limit : {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr})
             std::erase(*limit, ',');
         const std::string content = File_Content();
-        for (const auto& [habit, apply] : habits) {
+        for (const auto& [habit, changed] : Saved_By_Others(content)) {
             SCOPED_TRACE("model " + std::to_string(i) + ", " + habit);
             Forget();
-            ASSERT_TRUE(Load_Model(apply(content)));
+            ASSERT_TRUE(Load_Model(changed));
             ASSERT_EQ(File_Content(), content);
         }
     }
@@ -207,7 +221,7 @@ TEST_F(RoundTrip, FilesInFoldersWithBlanksAndLettersOfAnyScriptAreSavedAndOpened
     SCOPED_TRACE(Again());
     Dice dice = New_Dice();
     auto& home = platform::Screens::Get("frm_HomeScreen");
-    const std::string folder = Path("Entw\xc3\xbcrfe f\xc3\xbcr Z\xc3\xbcrich, neu/\xe6\x9b\xb2\xe6\x9f\x84  1/ ");
+    const std::string folder = Folder_Of_Any_Letters();
     fs::create_directories(folder);
     for (const char* name : {"Kurbel schwinge \xc3\xa4\xe2\x82\xac.vlk", "two\nlines.vlk", "a \"b\", c.vlk", ".vlk"}) {
         const std::string path = folder + "/" + name;
@@ -227,6 +241,97 @@ TEST_F(RoundTrip, FilesInFoldersWithBlanksAndLettersOfAnyScriptAreSavedAndOpened
         EXPECT_EQ(Model.ModelName, base);
         EXPECT_EQ(File_Content(), content);
     }
+}
+
+TEST_F(RoundTrip, AnyMotionOfLink4ComesInAgainAsADriveAlsoByWayOfOtherPrograms) {
+    SCOPED_TRACE(Again());
+    Dice dice = New_Dice();
+    auto& table = Model.RunTable;
+    for (int i = 0; i < kModels / 20; ++i) {
+        const int steps = i == 0 ? kLastStep : dice.To(30);
+        Model.NSteps = steps;
+        for (Single* time : {&Model.TimeStart, &Model.TimeEnd, &Model.TimeStep}) *time = dice.Number();
+        std::vector<std::string> motion;
+        for (int step = 0; step <= steps; ++step) {
+            table.Theta(step, 2) = dice.Number();
+            table.Omega(step, 2) = dice.Number();
+            table.Alpha(step, 2) = dice.Number();
+            motion.push_back(Seven_Digits(table.Theta(step, 2)) + " " + Seven_Digits(table.Omega(step, 2)) + " " +
+                             Seven_Digits(table.Alpha(step, 2)));
+        }
+        const std::string content = Link4_Content();
+        auto files = Saved_By_Others(content);
+        files.emplace_back("as it was written", content);
+        for (const auto& [habit, changed] : files) {
+            SCOPED_TRACE("motion " + std::to_string(i) + ", " + habit);
+            Forget();
+            Model.JustStarted = true;
+            TextReader reader(changed);
+            ASSERT_TRUE(Import_Linkage_Data(reader));
+            ASSERT_EQ(Model.NSteps, steps);
+            std::vector<std::string> drive;
+            for (int step = 0; step <= steps; ++step) {
+                drive.push_back(Seven_Digits(table.DriveTheta(step)) + " " + Seven_Digits(table.Omega(step, 0)) + " " +
+                                Seven_Digits(table.Alpha(step, 0)));
+                table.Theta(step, 2) = table.DriveTheta(step);
+                table.Omega(step, 2) = table.Omega(step, 0);
+                table.Alpha(step, 2) = table.Alpha(step, 0);
+            }
+            ASSERT_EQ(drive, motion);
+            ASSERT_EQ(Link4_Content(), content) << "a second round changes something";
+        }
+    }
+}
+
+TEST_F(RoundTrip, AnyDrivingTorqueComesInAgainAsALoadAlsoByWayOfOtherPrograms) {
+    SCOPED_TRACE(Again());
+    Dice dice = New_Dice();
+    auto& table = Model.RunTable;
+    for (int i = 0; i < kModels / 20; ++i) {
+        const int steps = i == 0 ? kLastStep : dice.To(30);
+        Model.NSteps = steps;
+        std::vector<std::string> driving;
+        for (int step = 0; step <= steps; ++step) {
+            table.LinkTorque(step, 0) = dice.Number();
+            driving.push_back(Seven_Digits(table.LinkTorque(step, 0)));
+        }
+        const std::string content = Torque_Content();
+        auto files = Saved_By_Others(content);
+        files.emplace_back("as it was written", content);
+        for (const auto& [habit, changed] : files) {
+            SCOPED_TRACE("torque " + std::to_string(i) + ", " + habit);
+            Forget();
+            Model.NSteps = steps;
+            TextReader reader(changed);
+            bool Failed = true;
+            Import_Torque_Data(reader, Failed);
+            ASSERT_FALSE(Failed);
+            std::vector<std::string> load;
+            for (int step = 0; step <= steps; ++step) {
+                load.push_back(Seven_Digits(table.ImportedTorque(step)));
+                table.LinkTorque(step, 0) = table.ImportedTorque(step);
+            }
+            ASSERT_EQ(load, driving);
+            ASSERT_EQ(Torque_Content(), content) << "a second round changes something";
+        }
+    }
+}
+
+TEST_F(RoundTrip, ADriveGoesThroughAFolderWithBlanksAndLettersOfAnyScript) {
+    auto& home = platform::Screens::Get("frm_HomeScreen");
+    fs::create_directories(Folder_Of_Any_Letters());
+    const std::string path = Folder_Of_Any_Letters() + "/Stufe 1 \xe2\x86\x92 2.out";
+    Model.NSteps = 1;
+    Model.RunTable.Theta(1, 2) = 12.5;
+    desktop.Expect_Save(path);
+    desktop.Expect_Message_With("has been written to " + path + "\r");
+    Menu_Link_Data_Export(home);
+    Model.JustStarted = true;
+    desktop.Expect_Open(path);
+    Menu_Link_Data_Import(home);
+    EXPECT_EQ(Model.RunTable.DriveTheta(1), 12.5);
+    EXPECT_EQ(Model.FilePath, path);
+    EXPECT_EQ(Model.Model5Name, "Stufe 1 \xe2\x86\x92 2.out");
 }
 
 // A comma ends a value, so that a file written with decimal commas has values too many.
