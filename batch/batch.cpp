@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "batch/csv.h"
+#include "batch/exchange.h"
 #include "batch/forces.h"
 #include "batch/functions.h"
 #include "batch/headless_desktop.h"
@@ -16,6 +17,7 @@
 #include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "dynamics/units.h"
+#include "files/exports.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "shell/failure_report.h"
@@ -59,7 +61,16 @@ const char kHelp[] =
     "  --balance-report     prints a row for link 2 and for link 4: the mass-radius product\n"
     "                       that balances the linkage, its angle, the mass at half the\n"
     "                       link's length, and that length as the file stores it\n"
-    "  --save OUT.vlk       writes the model again\n"
+    "  --drive FILE         imports the motion of the input link, as the menus do, once the\n"
+    "                       fields are replaced: an .sva file of a cam program, or an .out\n"
+    "                       file of another stage\n"
+    "  --torque FILE        imports a .trq file of another stage as the torque on link 4, as\n"
+    "                       it stands there; goes with --dynamics, --balance or --save\n"
+    "  --export-out FILE    writes the motion of link 4, which drives another stage\n"
+    "  --export-trq FILE    writes the driving torque of link 2; goes with --dynamics or\n"
+    "                       --balance\n"
+    "  --export-pdx FILE    writes the input of Pendrix\n"
+    "  --save OUT.vlk       writes the model again, with what was imported\n"
     "  --convert-units N    converts it first: 1 in-lb-bl-s, 2 ft-lb-sl-s, 3 m-kg-N-s,\n"
     "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
     "  --help, --version    print this, or the version\n"
@@ -67,8 +78,9 @@ const char kHelp[] =
     "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
     "Mag or Ang behind a colon; X if there is none.\n"
     "\n"
-    "With --classify, --cognates, --balance-report or --save nothing is run unless --csv\n"
-    "or --svg is given too, and then the table is written only to the file of --csv.\n"
+    "With --classify, --cognates, --balance-report or --save nothing is run unless --csv,\n"
+    "--svg or an export is given too, and then the table is written only to the file of\n"
+    "--csv.\n"
     "\n"
     "The table has a header line and a row for each step. Assembled is 1 where the\n"
     "position closed. Angles are degrees, lengths in the model's shown unit. The centrodes\n"
@@ -147,6 +159,8 @@ class Batch {
 
     int Run() {
         if (!Open()) return kFailed;
+        if (options_.drive && !Take_Drive(*options_.drive, err_)) return kFailed;
+        if (options_.torque && options_.save && !Take_Torque(*options_.torque, err_)) return kFailed;
         if (options_.convert_units) Convert(*options_.convert_units);
         if (options_.save && !Save()) return kFailed;
         if (options_.classify) Classify();
@@ -155,10 +169,12 @@ class Batch {
         bool done = !options_.Run_Wanted();
         if (!done && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
+            // A run by angle or time drops the torque, also what was imported to be saved.
+            if (options_.torque && options_.Forces_Wanted() && !Take_Torque(*options_.torque, err_)) return kFailed;
             // A step that cannot be solved spoils the status; the table keeps what was solved before it.
             if (options_.Forces_Wanted()) done = Solve_Forces() && done;
             if (options_.balance && !Balance()) return kFailed;
-            if (!Write_Results()) return kFailed;
+            if (!Write_Results() || !Write_Exports()) return kFailed;
         }
         out_.flush();
         if (!out_) {
@@ -262,6 +278,17 @@ class Batch {
         if (!options_.svg) return true;
         return Write(*options_.svg,
                      options_.plots.empty() ? Picture_Svg() : Plot_Svg(options_.plots, options_.Local()));
+    }
+
+    bool Write_Exports() {
+        const std::pair<const std::optional<std::string>&, std::string (*)()> exports[] = {
+            {options_.export_out, Link4_Content},
+            {options_.export_trq, Torque_Content},
+            {options_.export_pdx, Pendrix_Content},
+        };
+        return std::ranges::all_of(exports, [this](const auto& exported) {
+            return !exported.first || Write(*exported.first, exported.second());
+        });
     }
 
     bool Write(const std::string& path, const std::string& content) {

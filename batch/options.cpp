@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "batch/exchange.h"
+
 namespace verlink {
 
 const char kBatchUsage[] =
@@ -10,6 +12,8 @@ const char kBatchUsage[] =
     "                     [--frame global|local] [--fft \"LABEL[:COMPONENT]\"]\n"
     "                     [--plot \"LABEL[:COMPONENT]\"]...\n"
     "                     [--dynamics] [--balance] [--classify] [--cognates] [--balance-report]\n"
+    "                     [--drive FILE.sva|FILE.out] [--torque FILE.trq]\n"
+    "                     [--export-out FILE] [--export-trq FILE] [--export-pdx FILE]\n"
     "                     [--save OUT.vlk [--convert-units N]]\n"
     "       verlink-batch --example NAME, with the same options\n"
     "       verlink-batch --help | --version\n";
@@ -21,6 +25,11 @@ std::optional<std::string>* Path_Of(BatchOptions& options, const std::string& na
     if (name == "--csv") return &options.csv;
     if (name == "--svg") return &options.svg;
     if (name == "--save") return &options.save;
+    if (name == "--drive") return &options.drive;
+    if (name == "--torque") return &options.torque;
+    if (name == "--export-out") return &options.export_out;
+    if (name == "--export-trq") return &options.export_trq;
+    if (name == "--export-pdx") return &options.export_pdx;
     return nullptr;
 }
 
@@ -132,7 +141,13 @@ bool Go_Together(const BatchOptions& options, std::string& fault) {
     else if (options.fft && options.Without_Run() && !options.csv)
         fault = "--fft where nothing is run goes with --csv";
     else if (options.Forces_Wanted() && !options.Run_Wanted())
-        fault = "--dynamics or --balance where nothing is run goes with --csv or --svg";
+        fault = "--dynamics or --balance where nothing is run goes with --csv, --svg or an export";
+    else if (options.drive && !Is_Drive_File(*options.drive))
+        fault = "--drive wants an .sva or an .out file, not \"" + *options.drive + "\"";
+    else if (options.export_trq && !options.Forces_Wanted())
+        fault = "--export-trq goes with --dynamics or --balance";
+    else if (options.torque && !options.Forces_Wanted() && !options.save)
+        fault = "--torque goes with --dynamics, --balance or --save";
     return fault.empty();
 }
 

@@ -137,10 +137,34 @@ TEST(Options, ForcesAndBalanceWantARun) {
              {std::vector<std::string>{"--classify"}, {"--balance-report"}, {"--save", "o"}}) {
             std::vector<std::string> arguments{"m", option};
             arguments.insert(arguments.end(), beside.begin(), beside.end());
-            EXPECT_EQ(Refused(arguments), "--dynamics or --balance where nothing is run goes with --csv or --svg");
+            EXPECT_EQ(Refused(arguments),
+                      "--dynamics or --balance where nothing is run goes with --csv, --svg or an export");
             arguments.insert(arguments.end(), {"--csv", "t"});
             EXPECT_TRUE(Parsed(arguments).Forces_Wanted());
         }
+}
+
+TEST(Options, ImportsAndExportsGoWithWhatUsesThem) {
+    const BatchOptions options = Parsed({"m", "--drive", "a.sva", "--torque", "b.trq", "--dynamics", "--export-out",
+                                         "c", "--export-trq", "d", "--export-pdx", "e"});
+    EXPECT_EQ(options.drive, "a.sva");
+    EXPECT_EQ(options.torque, "b.trq");
+    EXPECT_EQ(options.export_out, "c");
+    EXPECT_EQ(options.export_trq, "d");
+    EXPECT_EQ(options.export_pdx, "e");
+    EXPECT_TRUE(Parsed({"m", "--classify", "--export-out", "c"}).Run_Wanted());
+    EXPECT_FALSE(Parsed({"m", "--save", "o", "--drive", "a.OUT", "--torque", "b"}).Run_Wanted());
+    EXPECT_TRUE(Parsed({"m", "--save", "o", "--dynamics", "--export-trq", "d"}).Forces_Wanted());
+    for (const char* bad : {"a.vlk", "sva", "a.sva.txt", "a.out~"})
+        EXPECT_EQ(Refused({"m", "--drive", bad}),
+                  "--drive wants an .sva or an .out file, not \"" + std::string(bad) + "\"");
+    EXPECT_EQ(Refused({"m", "--export-trq", "d"}), "--export-trq goes with --dynamics or --balance");
+    EXPECT_EQ(Refused({"m", "--torque", "b"}), "--torque goes with --dynamics, --balance or --save");
+    for (const char* option : {"--drive", "--torque", "--export-out", "--export-trq", "--export-pdx"}) {
+        EXPECT_EQ(Refused({"m", option}), std::string(option) + " wants a value behind it");
+        EXPECT_EQ(Refused({"m", option, ""}), std::string(option) + " wants a path");
+        EXPECT_EQ(Refused({"m", option, "x", option, "y"}), std::string(option) + " is given twice");
+    }
 }
 
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {
