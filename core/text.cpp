@@ -94,6 +94,20 @@ double Val(std::string_view text) {
     return Converted(std::move(dense));
 }
 
+std::string Ungrouped(std::string_view text) {
+    const auto digits_from = [text](std::size_t at) {
+        std::size_t count = 0;
+        while (at + count < text.size() && Is_Digit(text[at + count])) ++count;
+        return count;
+    };
+    std::string plain;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool between = text[at] == ',' && at > 0 && Is_Digit(text[at - 1]) && digits_from(at + 1) == 3;
+        if (!between) plain += text[at];
+    }
+    return plain;
+}
+
 double Number_Of(std::string_view text) {
     while (!text.empty() && Is_Blank(text.front())) text.remove_prefix(1);
     while (!text.empty() && Is_Blank(text.back())) text.remove_suffix(1);

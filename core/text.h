@@ -22,6 +22,10 @@ inline std::string Text_Of(Long value) { return Text_Of(static_cast<int>(value))
 /// double is failure 6.
 double Val(std::string_view text);
 
+/// The text without the commas between groups of three digits, as `FNRoundStr` writes them: what a box has shown is
+/// read as the same number.
+std::string Ungrouped(std::string_view text);
+
 /// The value of a text that must be a number as a whole, blanks around it allowed; failure 13 when it is not.
 double Number_Of(std::string_view text);
 

@@ -87,23 +87,6 @@ void Put_Points(Graph& graph, int slot, const std::vector<std::string>& labels) 
     }
 }
 
-void Set_Up_Axes(Graph& graph) {
-    if (By_Time()) {
-        graph.TickEvery = 5;
-        graph.LabelEvery = 10;
-    } else if (Model.Calctype == 3) {
-        graph.TickEvery = Model.FFTFunction ? 1 : 6;
-        graph.LabelEvery = Model.FFTFunction ? 2 : 12;
-    }
-    graph.BottomTitle = Bottom_Title();
-    graph.FontUse = 4;
-    graph.FontSize = 90;
-    graph.FontStyle = 2;
-    graph.FontFamily = 1;
-    graph.FontUse = 0;
-    graph.FontSize = 90;
-}
-
 /// The span of the x axis of an aligned window.
 struct Span {
     Single xmin, xmax;
@@ -169,6 +152,23 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
 
 }  // namespace
 
+void Set_Up_Axes(Graph& graph) {
+    if (By_Time()) {
+        graph.TickEvery = 5;
+        graph.LabelEvery = 10;
+    } else if (Model.Calctype == 3) {
+        graph.TickEvery = Model.FFTFunction ? 1 : 6;
+        graph.LabelEvery = Model.FFTFunction ? 2 : 12;
+    }
+    graph.BottomTitle = Bottom_Title();
+    graph.FontUse = 4;
+    graph.FontSize = 90;
+    graph.FontStyle = 2;
+    graph.FontFamily = 1;
+    graph.FontUse = 0;
+    graph.FontSize = 90;
+}
+
 void Plot_Setup(Screen& screen, int windows) {
     Guarded("Plot_Setup", [&] {
         const int last = Last_Point();
@@ -191,9 +191,9 @@ void Plot_Setup(Screen& screen, int windows) {
     });
 }
 
-void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/) {
+void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/, int window) {
     Guarded("MultiPlot", [&] {
-        Graph& graph = screen.Get<Graph>("grf_Plot", 0);
+        Graph& graph = screen.Get<Graph>("grf_Plot", window);
         // The length of the run, for a transform as well.
         const std::vector<std::string> labels = Point_Labels(Model.NSteps, false);
         for (int slot = 1; slot <= Model.PlotCount; ++slot) {

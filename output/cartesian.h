@@ -1,6 +1,7 @@
 // Plots of up to four functions against time, crank angle or harmonic number.
 #pragma once
 
+#include "platform/graph.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -9,8 +10,10 @@ namespace verlink {
 
 /// Titles, ticks and fonts of the first `windows` graphs.
 void Plot_Setup(platform::Screen& screen, int windows);
-/// All functions in graph 0, over the steps of the run, a transform as well. Callers tell the last of them.
-void MultiPlot(platform::Screen& screen, platform::Screen& selectionScreen, int last);
+/// Ticks, labels, fonts and the title of the x axis of one graph, by the run.
+void Set_Up_Axes(platform::Graph& graph);
+/// All functions in one graph, over the steps of the run, a transform as well. Callers tell the last of them.
+void MultiPlot(platform::Screen& screen, platform::Screen& selectionScreen, int last, int window = 0);
 /// One function in each graph, over the steps of the run or the harmonics of a transform.
 void Plot(platform::Screen& screen, platform::Screen& selectionScreen, int windows);
 

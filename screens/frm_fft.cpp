@@ -206,15 +206,7 @@ void frm_FFT::cmd_Cancel_Click() {
     Hide();
 }
 
-void frm_FFT::cmd_Print_Click() {
-    Guarded_Unless_Cancelled("frm_FFT.Print", [this] {
-        Integer answer;
-        Print_Warning(answer);
-        if (answer != static_cast<int>(platform::Answer::kYes)) return;
-        CommonDialog1.ShowPrinter();
-        platform::The_Desktop().Print_Screen(*this);
-    });
-}
+void frm_FFT::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_FFT.Print"); }
 
 void frm_FFT::cmd_Copy_Click() {
     platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");

@@ -44,18 +44,8 @@ void frm_PrintData::cmd_Done_Click() {
     Hide();
 }
 
-void frm_PrintData::cmd_PrintForm_Click() {
-    Guarded_Unless_Cancelled("frm_PrintData.cmd_PrintForm", [this] {
-        Integer Result;
-        Print_Warning(Result);
-        if (Result != static_cast<int>(platform::Answer::kYes)) return;
-        CommonDialog1.ShowPrinter();
-        platform::The_Desktop().Print_Screen(*this);
-    });
-}
+void frm_PrintData::cmd_PrintForm_Click() { Print_Form(*this, CommonDialog1, "frm_PrintData.cmd_PrintForm"); }
 
-void frm_PrintData::cmd_Copy_Click() {
-    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
-}
+void frm_PrintData::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 }  // namespace verlink

@@ -31,19 +31,9 @@ void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::Command
     DefaultButton = &next;
 }
 
-void Plot_Screen::cmd_PlotPrint_Click() {
-    Guarded_Unless_Cancelled(Procedure("cmd_PlotPrint"), [&] {
-        Integer Result;
-        Print_Warning(Result);
-        if (Result != static_cast<int>(platform::Answer::kYes)) return;
-        CommonDialog1.ShowPrinter();
-        platform::The_Desktop().Print_Screen(*this);
-    });
-}
+void Plot_Screen::cmd_PlotPrint_Click() { Print_Form(*this, CommonDialog1, Procedure("cmd_PlotPrint")); }
 
-void Plot_Screen::cmd_Copy_Click() {
-    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
-}
+void Plot_Screen::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 void Plot_Screen::mnu_Help_Click() { Show_Help(Screen_Help_Document(Caption()), Procedure("mnu_Help")); }
 

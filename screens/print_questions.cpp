@@ -1,7 +1,7 @@
 // The words of the questions before a direct print.
 #include "screens/print_questions.h"
 
-#include "platform/desktop.h"
+#include "shell/failure_report.h"
 
 namespace verlink {
 
@@ -32,6 +32,20 @@ void Print_Warning(Integer& Result) {
             "and pasting it into a word processing or graphics program," + CRLF +
             "then printing it from that program." + CRLF + CRLF + "Do you want to proceed with a direct print?",
         Result);
+}
+
+void Print_Form(platform::Screen& screen, platform::CommonDialog& dialog, const std::string& handler) {
+    Guarded_Unless_Cancelled(handler, [&] {
+        Integer answer;
+        Print_Warning(answer);
+        if (answer != static_cast<int>(platform::Answer::kYes)) return;
+        dialog.ShowPrinter();
+        platform::The_Desktop().Print_Screen(screen);
+    });
+}
+
+void Tell_How_To_Copy() {
+    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", platform::Icon::kInformation);
 }
 
 }  // namespace verlink

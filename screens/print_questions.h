@@ -1,7 +1,10 @@
 // The questions that the print buttons of the screens ask before a screen is printed as a picture.
 #pragma once
 
+#include <string>
+
 #include "core/number.h"
+#include "platform/desktop.h"
 
 namespace verlink {
 
@@ -10,5 +13,12 @@ namespace verlink {
 void Print_Note(Integer& Result);
 /// The same for all other screens.
 void Print_Warning(Integer& Result);
+
+/// What a print button does: `Print_Warning`, then the choice of a printer in the screen's dialog, then the printing
+/// of the screen. Failures are reported under the name of the handler.
+void Print_Form(platform::Screen& screen, platform::CommonDialog& dialog, const std::string& handler);
+
+/// What a copy button does: tells how to copy the screen.
+void Tell_How_To_Copy();
 
 }  // namespace verlink
