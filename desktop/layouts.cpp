@@ -14,9 +14,12 @@ Layout layoutFor(const std::string& screen) {
     static const std::map<std::string, Layout> layouts{
         {"frm_About", layoutAbout},
         {"frm_Animate", layoutAnimate},
+        {"frm_Balance", layoutBalance},
         {"frm_Help", layoutHelp},
         {"frm_HomeScreen", layoutHomeScreen},
         {"frm_Inputnew", layoutInputnew},
+        {"frm_MassProp", layoutMassProp},
+        {"frm_Matrix", layoutMatrix},
         {"frm_Quit", layoutQuit},
         {"frm_FFT", layoutFFT},
         {"frm_Myplot2", layoutMyplot2},

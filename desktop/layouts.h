@@ -20,6 +20,9 @@ Layout layoutFor(const std::string& screen);
 void layoutPlain(Form& form, QWidget* room);
 
 void layoutFFT(Form& form, QWidget* room);
+void layoutBalance(Form& form, QWidget* room);
+void layoutMassProp(Form& form, QWidget* room);
+void layoutMatrix(Form& form, QWidget* room);
 void layoutMyplot2(Form& form, QWidget* room);
 void layoutMyPlot3(Form& form, QWidget* room);
 void layoutMyPlot4(Form& form, QWidget* room);

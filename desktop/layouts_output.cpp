@@ -108,9 +108,9 @@ QWidget* foldingSummary(Form& form) {
     return all;
 }
 
-void addWays(Form& form, QHBoxLayout* foot, const char* print, const char* back, const char* next) {
+void addWays(Form& form, QHBoxLayout* foot, const char* print, const char* back, const char* next, const char* copy) {
     foot->addStretch(1);
-    QWidget* buttons[] = {form.widget(print), form.widget("cmd_Copy"), form.widget(back), forward(form.widget(next))};
+    QWidget* buttons[] = {form.widget(print), form.widget(copy), form.widget(back), forward(form.widget(next))};
     equalWidths({buttons[0], buttons[1], buttons[2], buttons[3]});
     for (QWidget* button : buttons) foot->addWidget(button, 0, Qt::AlignVCenter);
 }

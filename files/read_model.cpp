@@ -7,6 +7,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "dynamics/mass_properties.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
 #include "platform/desktop.h"
@@ -118,6 +119,7 @@ void Readfile(const std::string& content) {
     if (reading == Reading::kForeign) return;
     Guarded("Readfile", [&] {
         Fill_Input_Screen();
+        if (Screen* masses = Screens::Find("frm_MassProp")) Put_Mass_Properties(*masses);
         if (Screen* home = Screens::Find("frm_HomeScreen")) Check_mnu_Units(*home, Model.Units);
         Refresh_Status();
         Set_Menus();

@@ -6,10 +6,13 @@
 #include "platform/screen.h"
 #include "screens/frm_about.h"
 #include "screens/frm_animate.h"
+#include "screens/frm_balance.h"
 #include "screens/frm_fft.h"
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
+#include "screens/frm_massprop.h"
+#include "screens/frm_matrix.h"
 #include "screens/frm_myplot2.h"
 #include "screens/frm_myplot3.h"
 #include "screens/frm_myplot4.h"
@@ -41,10 +44,13 @@ void Register_One(const char* name) {
 void Register_Screens() {
     Register_One<frm_About>("frm_About");
     Register_One<frm_Animate>("frm_Animate");
+    Register_One<frm_Balance>("frm_Balance");
     Register_One<frm_FFT>("frm_FFT");
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
     Register_One<frm_Inputnew>("frm_Inputnew");
+    Register_One<frm_MassProp>("frm_MassProp");
+    Register_One<frm_Matrix>("frm_Matrix");
     Register_One<frm_Myplot2>("frm_Myplot2");
     Register_One<frm_MyPlot3>("frm_MyPlot3");
     Register_One<frm_MyPlot4>("frm_MyPlot4");

@@ -21,10 +21,11 @@ using namespace platform;
 namespace {
 
 constexpr const char* kScreens[] = {
-    "frm_About",       "frm_Animate",     "frm_FFT",         "frm_Help",        "frm_HomeScreen", "frm_Inputnew",
-    "frm_MyPlot3",     "frm_MyPlot4",     "frm_Myplot2",     "frm_Plot1",       "frm_Plot2",      "frm_Plot3",
-    "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4", "frm_PlotType",   "frm_PrintData",
-    "frm_PrintSelect", "frm_Quit",        "frm_Title",       "frm_User"};
+    "frm_About",       "frm_Animate",     "frm_Balance",     "frm_MassProp",    "frm_Matrix",
+    "frm_FFT",         "frm_Help",        "frm_HomeScreen",  "frm_Inputnew",    "frm_MyPlot3",
+    "frm_MyPlot4",     "frm_Myplot2",     "frm_Plot1",       "frm_Plot2",       "frm_Plot3",
+    "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4", "frm_PlotType",
+    "frm_PrintData",   "frm_PrintSelect", "frm_Quit",        "frm_Title",       "frm_User"};
 
 class ScreensTest : public DesktopTest {
    protected:
@@ -121,7 +122,7 @@ char MnemonicOf(const std::string& caption) {
 TEST_F(ScreensTest, Mnemonics_are_unique_but_for_the_pairs_that_their_captions_give) {
     // Run and Recalc are never enabled together; the other pairs take turns.
     const std::set<std::string> shared{"r cmd_Animate cmd_Recalc", "t opt_Calctype_2 cmd_Reset",
-                                       "a opt_Calctype_3 cmd_Animate", "c cmd_Clear1 cmd_Calc"};
+                                       "a opt_Calctype_3 cmd_Animate", "c cmd_Clear1 cmd_Calc", "c cmd_Calc cmd_copy"};
     ForEach([&shared](Screen& screen, desktop::Form&) {
         std::map<char, std::string> taken;
         const auto take = [&](const std::string& name, const std::string& caption) {

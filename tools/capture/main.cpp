@@ -185,6 +185,48 @@ Stops Plots_Of_The_Transform() {
     return stops;
 }
 
+/// Loads, the solution, its equations, the balance of the linkage and a plot of all that.
+Stops Forces_And_Balance() {
+    Stops stops = {
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Dynamics"); }},
+        {"frm_MassProp", "mass-properties",
+         [](Screen& s) {
+             Fill(s, "txt_MagForce", 3, "2.5");
+             Fill(s, "txt_AngForce", 3, "-90");
+             Fill(s, "txt_Frict", 3, "0.4");
+         },
+         300},
+        {"frm_MassProp", "mass-properties-solved", [](Screen& s) { Press(s, "cmd_Solve"); }},
+        {"frm_MassProp", "", [](Screen& s) { Press(s, "cmd_Matrix"); }},
+        {"frm_Matrix", "matrix", {}, 300},
+        {"frm_Matrix", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_MassProp", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Balance"); }},
+        {"frm_Balance", "balance-empty", {}, 300},
+        {"frm_Balance", "balance", [](Screen& s) { Press(s, "cmd_Calc"); }, 400},
+        {"frm_Balance", "balance-blue", [](Screen& s) { Pick(s, "opt_Back", 1); }, 300},
+        {"frm_Balance", "", [](Screen& s) { Pick(s, "opt_Back", 0); }},
+        {"frm_Balance", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "home-forces", {}, 300},
+    };
+    const Stops plot = To_Selection(0, "");
+    stops.insert(stops.end(), plot.begin(), plot.end());
+    const Stops shaking = {
+        {"frm_PlotSelect1", "",
+         [](Screen& s) {
+             Pick(s, "opt_PrintSet", 1);
+             Choose(s, "cmb_Var1", 29);
+             Choose(s, "cmb_Com1", 2);
+             Press(s, "cmd_OK1");
+         }},
+        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Plot1", "plot-1-force", {}, 400},
+        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+    };
+    stops.insert(stops.end(), shaking.begin(), shaking.end());
+    return stops;
+}
+
 /// A run by time, with one function and with three in a window, four windows, a locus and a table.
 Stops Time_Run() {
     Stops stops = {
@@ -289,7 +331,7 @@ Stops Walk() {
     };
     for (const Stops& more : {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
                               Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(),
-                              Table_And_Transform(), Plots_Of_The_Transform(), Time_Run()})
+                              Forces_And_Balance(), Table_And_Transform(), Plots_Of_The_Transform(), Time_Run()})
         stops.insert(stops.end(), more.begin(), more.end());
     const Stops last = {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},

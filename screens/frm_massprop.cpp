@@ -1,0 +1,171 @@
+// What happens on the dynamics screen.
+#include "screens/frm_massprop.h"
+
+#include <string>
+#include <utility>
+
+#include "core/linkage_model.h"
+#include "core/screen_geometry.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "dynamics/dynacalc.h"
+#include "dynamics/mass_properties.h"
+#include "screens/print_questions.h"
+#include "shell/failure_report.h"
+
+namespace verlink {
+
+using platform::CR;
+
+frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+    Write_Tips();
+    for (Boxes* boxes : {&txt_MagForce, &txt_AngForce, &txt_DistP, &txt_AngP, &txt_Torque, &txt_Frict}) {
+        (*boxes)[2].Enabled = false;
+        (*boxes)[2].Tip = boxes == &txt_Frict ? "Friction acts on link 3 alone" : "Link 2 carries no external loads";
+    }
+    txt_Frict[4].Enabled = false;
+    txt_Frict[4].Tip = txt_Frict[2].Tip;
+    chk_Torque.Enabled = false;
+    for (Boxes* boxes : All_Boxes())
+        for (const auto& box : *boxes) {
+            box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
+            box->Text.Event = [this] { Box_Change(); };
+        }
+    chk_Torque.OnClick = [this] { chk_Torque_Click(); };
+    cmd_Solve.OnClick = [this] { cmd_Solve_Click(); };
+    cmd_Matrix.OnClick = [this] { cmd_Matrix_Click(); };
+    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    DefaultButton = &cmd_Solve;
+}
+
+void frm_MassProp::Write_Tips() {
+    const auto tip = [](Boxes& boxes, const std::string& before, const std::string& behind) {
+        for (const auto& box : boxes) box->Tip = before + std::to_string(box->Index()) + behind;
+    };
+    tip(txt_Mass, "Mass of link ", ", in the unit at the end of the row");
+    tip(txt_Inertia, "Mass moment of inertia of link ", " about its mass centre, in the unit at the end of the row");
+    tip(txt_DistCG, "Distance from the pivot of link ", " to its mass centre, a length");
+    tip(txt_AngCG, "Angle from the line of centers of link ", " to its mass centre, degrees");
+    tip(txt_MagForce, "Magnitude of the constant external force on link ", ", in the unit at the end of the row");
+    tip(txt_AngForce, "Direction of the external force on link ", " in the global frame, degrees");
+    tip(txt_DistP, "Distance from the mass centre of link ", " to the point where the force acts, a length");
+    tip(txt_AngP, "Angle from the line of centers of link ", " to the direction of the force point, degrees");
+    tip(txt_Torque, "External torque on link ", ", in the unit at the end of the row");
+    tip(txt_Frict, "Friction force on link ", " against the motion of the coupler point, in the unit at the end");
+    chk_Torque.Tip = "The torque on link 4 follows the table of a file, step by step";
+    cmd_Solve.Tip = "Solve for the forces and torques at every step with the data shown";
+    cmd_Matrix.Tip = "Show the equations of the first position; solve first";
+    cmd_Print.Tip = "Print this screen; solve first";
+    cmd_Copy.Tip = "How to copy this screen to the clipboard; solve first";
+    cmd_Cancel.Tip = "Go back; what was typed since the last solution is not kept";
+    cmd_Done.Tip = "Leave for the home screen with the solution; solve first";
+}
+
+std::vector<frm_MassProp::Boxes*> frm_MassProp::All_Boxes() {
+    return {&txt_Mass,     &txt_Inertia, &txt_DistCG, &txt_AngCG,  &txt_MagForce,
+            &txt_AngForce, &txt_DistP,   &txt_AngP,   &txt_Torque, &txt_Frict};
+}
+
+void frm_MassProp::Allow_Results(bool allowed) {
+    for (platform::CommandButton* button : {&cmd_Done, &cmd_Matrix, &cmd_Copy, &cmd_Print}) button->Enabled = allowed;
+}
+
+void frm_MassProp::Show_Units() {
+    lbl_MassUnit.Caption = Model.UnitLabel(14);
+    lbl_InertiaUnit.Caption = Model.UnitLabel(15);
+    lbl_TorqueUnit.Caption = Model.UnitLabel(9);
+    for (const auto& label : Lbl_DistUnit) label->Caption = Model.UnitLabel(6);
+    for (const auto& label : lbl_ForceUnit) label->Caption = Model.UnitLabel(10);
+    for (const auto& label : lbl_AngUnit) label->Caption = Model.UnitLabel(1);
+}
+
+void frm_MassProp::Form_Activate() {
+    Guarded("frm_MassProp.Activate", [this] {
+        Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        cmd_Solve.Enabled = true;
+        Titlebox(*this);
+        Put_Mass_Properties(*this);
+        Show_Units();
+        Allow_Results(std::exchange(FromMatrix, false));
+        // Nothing typed is lost by going back now.
+        CancelButton = &cmd_Cancel;
+        chk_Torque.Value = Model.TorqueImported;
+    });
+}
+
+void frm_MassProp::Box_Change() {
+    Allow_Results(false);
+    CancelButton = nullptr;
+}
+
+void frm_MassProp::chk_Torque_Click() {
+    Guarded("frm_MassProp.chk_Torque", [this] {
+        platform::TextBox& torque = txt_Torque[4];
+        torque.Enabled = !chk_Torque.Value;
+        cmd_Solve.Enabled = !chk_Torque.Value;
+        if (chk_Torque.Value) {
+            torque.Text = "0";
+        } else {
+            torque.Text = Text_Of(Model.ExtTorque(4));
+            Model.TorqueImported = false;
+        }
+    });
+}
+
+void frm_MassProp::cmd_Solve_Click() {
+    Guarded("frm_MassProp.cmd_Solve", [this] {
+        platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
+        Get_Mass_Properties(*this);
+        Model.BalanceDone = false;
+        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+        // The imported table has taken its place during the solution.
+        if (Model.TorqueImported) Model.ExtTorque(4) = 0;
+        // A solution that stopped half-way counts as done, too.
+        Model.DynamicsDone = true;
+        Allow_Results(true);
+        CancelButton = &cmd_Cancel;
+        cmd_Done.SetFocus();
+        platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
+        Model.SavedFlag = false;
+        Refresh_Status();
+    });
+}
+
+void frm_MassProp::cmd_Matrix_Click() {
+    Guarded("frm_MassProp.cmd_Matrix", [this] {
+        FromMatrix = true;
+        Show_Centered("frm_Matrix");
+    });
+}
+
+void frm_MassProp::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_MassProp.cmd_Print"); }
+
+void frm_MassProp::cmd_Copy_Click() { Tell_How_To_Copy(); }
+
+void frm_MassProp::cmd_Cancel_Click() { Hide(); }
+
+void frm_MassProp::cmd_Done_Click() {
+    Model.DynamicsDone = true;
+    Model.ScreenReturn = true;
+    Hide();
+}
+
+void frm_MassProp::Forcehelp() {
+    platform::Tell(std::string(" You must resolve the link's external force system to a") + CR +
+                   " single force acting at some point with respect to each link's CG." + CR +
+                   " That force will be considered to be constant and non-rotating" + CR +
+                   " at a fixed angle with respect to the global coordinate system");
+    platform::Tell(std::string(" You must also define the Position Vector (Mag and Angle) from ") + CR +
+                   " the link CG to the point of application of the force on that link. " + CR +
+                   " Note that this angle is referenced to the link's embedded, rotating " + CR +
+                   " local coordinate system whose X axis lies along its line of centers");
+    platform::Tell(std::string(" There may also be an external torque on the link, independent of ") + CR +
+                   " the external forces");
+}
+
+}  // namespace verlink

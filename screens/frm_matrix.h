@@ -1,0 +1,63 @@
+// The screen of the equations: the matrix and the right side of the first position that was solved.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// Filled by the solution, an array of labels for each row of the matrix, by column 1 to 9.
+class frm_Matrix : public platform::Screen {
+   public:
+    frm_Matrix();
+
+    using Row = platform::ControlArray<platform::Label>;
+    platform::Frame fra_A{*this, "fra_A", "A-matrix"};
+    /// The unknowns: 1 to 9 along the columns of the matrix, 11 to 19 beside the vector
+    Row lbl_Var{*this,
+                "lbl_Var",
+                {{1, "F12x"},
+                 {2, "F12y"},
+                 {3, "F32x"},
+                 {4, "F32y"},
+                 {5, "F43x"},
+                 {6, "F43y"},
+                 {7, "F14x"},
+                 {8, "F14y"},
+                 {9, "T12"},
+                 {11, "F12x"},
+                 {12, "F12y"},
+                 {13, "F32x"},
+                 {14, "F32y"},
+                 {15, "F43x"},
+                 {16, "F43y"},
+                 {17, "F14x"},
+                 {18, "F14y"},
+                 {19, "T12"}}};
+    Row lbl_A1{*this, "lbl_A1", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A2{*this, "lbl_A2", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A3{*this, "lbl_A3", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A4{*this, "lbl_A4", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A5{*this, "lbl_A5", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A6{*this, "lbl_A6", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A7{*this, "lbl_A7", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A8{*this, "lbl_A8", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    Row lbl_A9{*this, "lbl_A9", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    platform::Frame fra_C{*this, "fra_C", "C-vector"};
+    Row lbl_B{*this, "lbl_B", {1, 2, 3, 4, 5, 6, 7, 8, 9}};
+    platform::Label lbl_Note{*this, "lbl_Note", "Note: Data shown are for the first position of linkage calculated."};
+
+    platform::CommandButton cmd_Print{*this, "cmd_Print", "&Print"};
+    platform::CommandButton cmd_Copy{*this, "cmd_Copy", "&Copy"};
+    platform::CommandButton cmd_Back{*this, "cmd_Back", "< &Back"};
+    platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
+    platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    void Form_Activate() override;
+    void cmd_Print_Click();
+    void cmd_Copy_Click();
+    void cmd_Back_Click();
+    void cmd_Done_Click();
+};
+
+}  // namespace verlink

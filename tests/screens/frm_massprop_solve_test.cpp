@@ -1,0 +1,216 @@
+// What the dynamics screen does when it solves, and its torque table.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "tests/screens/forces_fixture.h"
+
+namespace verlink::test {
+
+using platform::Pointer;
+
+namespace {
+
+constexpr char kNoNumber[] = "Error 13   (Type mismatch)  has occurred in frm_MassProp.cmd_Solve\r\n\r\n";
+
+struct MassPropSolve : MassPropScreen {
+    MassPropSolve() { form.Form_Activate(); }
+    void No_Masses() {
+        for (int link = 2; link <= 4; ++link) {
+            Fill("txt_Mass", link, "0");
+            Fill("txt_Inertia", link, "0");
+        }
+    }
+    /// As an import leaves the screen and the record.
+    void With_Torque_Table() {
+        for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.ImportedTorque(step) = 10 + step;
+        Model.TorqueImported = true;
+        Model.DiskFile = true;
+        form.Form_Activate();
+        form.cmd_Solve.Enabled = true;
+    }
+};
+
+}  // namespace
+
+TEST_F(MassPropSolve, TakesAllBoxesOver) {
+    for (int link = 2; link <= 4; ++link) {
+        Fill("txt_Mass", link, std::to_string(link) + ".5");
+        Fill("txt_Inertia", link, std::to_string(link) + ".25");
+        Fill("txt_DistCG", link, std::to_string(link) + ".125");
+        Fill("txt_AngCG", link, std::to_string(link) + "0");
+    }
+    Fill("txt_MagForce", 3, "10");
+    Fill("txt_AngForce", 3, "30");
+    Fill("txt_MagForce", 4, "20");
+    Fill("txt_AngForce", 4, "-60");
+    Fill("txt_DistP", 3, "0.75");
+    Fill("txt_AngP", 3, "45");
+    Fill("txt_DistP", 4, "0.5");
+    Fill("txt_AngP", 4, "-15");
+    Fill("txt_Torque", 3, "6");
+    Fill("txt_Torque", 4, "-7");
+    Fill("txt_Frict", 3, " 1.5 ");
+    Solve();
+    for (int link = 2; link <= 4; ++link) {
+        EXPECT_EQ(Model.LinkMass(link), link + 0.5);
+        EXPECT_EQ(Model.LinkInertia(link), link + 0.25);
+        EXPECT_EQ(Model.CG(link, 0), link + 0.125);
+        EXPECT_NEAR(Model.CG(link, 1), link * 10 * M_PI / 180, 1e-6);
+    }
+    EXPECT_NEAR(Model.ExtForce3X, 10 * std::sqrt(0.75), 1e-5);
+    EXPECT_NEAR(Model.ExtForce3Y, 5, 1e-5);
+    EXPECT_NEAR(Model.ExtForce4X, 10, 1e-5);
+    EXPECT_NEAR(Model.ExtForce4Y, -20 * std::sqrt(0.75), 1e-5);
+    EXPECT_EQ(Model.ForceDist3, 0.75);
+    EXPECT_EQ(Model.ForceAng3, 45.0);
+    EXPECT_EQ(Model.ForceDist4, 0.5);
+    EXPECT_EQ(Model.ForceAng4, -15.0);
+    EXPECT_EQ(Model.ExtTorque(3), 6.0);
+    EXPECT_EQ(Model.ExtTorque(4), -7.0);
+    EXPECT_EQ(Model.FrictionForce, 1.5);
+}
+
+TEST_F(MassPropSolve, ADistanceInMillimetresIsStoredInMetresAndShownAgain) {
+    Inside(form, [this] {
+        In_Units(5);
+        form.Form_Activate();
+        Fill("txt_DistCG", 3, "25");
+        Fill("txt_DistP", 4, "12");
+        Solve();
+        EXPECT_EQ(Model.CG(3, 0), Single(0.025));
+        EXPECT_EQ(Model.ForceDist4, Single(0.012));
+        form.Form_Activate();
+        EXPECT_EQ(In("txt_DistCG", 3), "25.00");
+        In_Units(4);
+        form.Form_Activate();
+        EXPECT_EQ(In("txt_DistCG", 3), "2.500");
+        Fill("txt_DistCG", 3, "25");
+        Solve();
+        EXPECT_EQ(Model.CG(3, 0), Single(0.25));
+    });
+}
+
+TEST_F(MassPropSolve, AnEmptyBoxReadsAsZeroAndTheLeadingNumberCounts) {
+    Fill("txt_Mass", 2, "");
+    Fill("txt_Mass", 3, "abc");
+    Fill("txt_Mass", 4, "0.5 bl");
+    Fill("txt_MagForce", 3, "");
+    Solve();
+    EXPECT_EQ(Model.LinkMass(2), 0.0);
+    EXPECT_EQ(Model.LinkMass(3), 0.0);
+    EXPECT_EQ(Model.LinkMass(4), 0.5);
+    EXPECT_EQ(Model.ExtForceMag(3), 0.0);
+    Expect_Results_Open(true);
+}
+
+TEST_F(MassPropSolve, AnEmptyFrictionStopsTheSolutionWithAReport) {
+    Model.RunTable.PinForce(3, 0, 0) = 17;
+    Model.BalanceDone = true;
+    for (const char* text : {"", "abc", "2 lb"}) {
+        Fill("txt_Mass", 2, "0.02");
+        Fill("txt_Frict", 3, text);
+        desktop.Expect_Message(kNoNumber, platform::Answer::kOk, platform::Icon::kInformation);
+        Solve();
+        EXPECT_EQ(Model.LinkMass(2), Single(0.02)) << "all other boxes were taken over before";
+        EXPECT_EQ(Model.RunTable.PinForce(3, 0, 0), 17.0);
+        EXPECT_FALSE(Model.DynamicsDone);
+        EXPECT_TRUE(Model.BalanceDone);
+        Expect_Results_Open(false);
+        EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+    }
+}
+
+TEST_F(MassPropSolve, ANumberThatTheScreenHasGroupedReadsAsItWas) {
+    Model.LinkInertia(2) = 1234567.5;
+    Model.ExtTorque(3) = -2500.75;
+    Model.FrictionForce = 1500;
+    form.Form_Activate();
+    EXPECT_EQ(In("txt_Torque", 3), "-2,500.75");
+    EXPECT_EQ(In("txt_Frict", 3), "1,500.00");
+    Solve();
+    EXPECT_EQ(Model.LinkInertia(2), 1234567.5);
+    EXPECT_EQ(Model.ExtTorque(3), -2500.75);
+    EXPECT_EQ(Model.FrictionForce, 1500.0);
+}
+
+TEST_F(MassPropSolve, OpensTheWayOnAndDropsTheBalance) {
+    Model.BalanceDone = true;
+    Model.SavedFlag = true;
+    Model.Calculated = true;
+    Solve();
+    EXPECT_TRUE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.BalanceDone);
+    EXPECT_FALSE(Model.SavedFlag);
+    Expect_Results_Open(true);
+    EXPECT_EQ(form.Focus(), &form.cmd_Done);
+    EXPECT_EQ(desktop.Pointers, (std::vector<Pointer>{Pointer::kHourglass, Pointer::kDefault}));
+    auto& badge = platform::Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 3);
+    EXPECT_EQ(badge.Caption, "Dynamics");
+    EXPECT_TRUE(badge.Visible);
+}
+
+TEST_F(MassPropSolve, WithoutMassesTheForcesAreThoseOfTheLoadsAlone) {
+    No_Masses();
+    Solve();
+    for (int step = 0; step <= Model.NSteps; ++step)
+        for (int row : {0, 1, 5, 6, 7}) EXPECT_EQ(Model.RunTable.PinForce(step, row, 0), 0.0);
+    Fill("txt_MagForce", 3, "10");
+    Fill("txt_AngForce", 3, "90");
+    Fill("txt_MagForce", 4, "4");
+    Solve();
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        // Nothing is accelerated, so that the frame takes the loads.
+        EXPECT_NEAR(Model.RunTable.PinForce(step, 7, 0), 4, 1e-4);
+        EXPECT_NEAR(Model.RunTable.PinForce(step, 7, 1), 10, 1e-4);
+        for (int row : {2, 3, 4}) EXPECT_EQ(Model.RunTable.PinForce(step, row, 1), 0.0);
+    }
+}
+
+TEST_F(MassPropSolve, ASystemWithoutASolutionIsToldAndCountsAsSolved) {
+    Model.L2 = Model.L3 = Model.L4 = 0;
+    for (int link = 2; link <= 4; ++link) Fill("txt_DistCG", link, "0");
+    desktop.Expect_Message_With("There is a zero value on diagonal in column ");
+    desktop.Expect_Message("Error in Computing Simultaneous Equations at step    0", platform::Answer::kOk,
+                           platform::Icon::kQuestion);
+    Solve();
+    EXPECT_TRUE(Model.DynamicsDone);
+    Expect_Results_Open(true);
+    EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+}
+
+TEST_F(MassPropSolve, AModelFromDiskBringsItsTorqueTableAndKeepsSolveClosed) {
+    Model.TorqueImported = true;
+    Model.DiskFile = true;
+    form.Form_Activate();
+    EXPECT_TRUE(form.chk_Torque.Value);
+    EXPECT_EQ(In("txt_Torque", 4), "0");
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+    EXPECT_FALSE(form.cmd_Solve.Enabled);
+}
+
+TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
+    Model.ExtTorque(4) = 99;
+    With_Torque_Table();
+    No_Masses();
+    Solve();
+    EXPECT_EQ(Model.ExtTorque(4), 0.0);
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+    for (int step = 0; step <= Model.NSteps; ++step)
+        EXPECT_EQ(Model.RunTable.LinkTorque(step, 2), 10.0 + step) << "follows the table step by step";
+}
+
+TEST_F(MassPropSolve, ClearingTheImportOpensTheBoxAndKeepsTheTable) {
+    Model.ExtTorque(4) = 1.5;
+    With_Torque_Table();
+    form.cmd_Solve.Enabled = false;
+    form.chk_Torque.Value = false;
+    EXPECT_FALSE(Model.TorqueImported);
+    EXPECT_EQ(In("txt_Torque", 4), "1.5");
+    EXPECT_TRUE(form.txt_Torque[4].Enabled);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(Model.RunTable.ImportedTorque(5), 15.0);
+}
+
+}  // namespace verlink::test
