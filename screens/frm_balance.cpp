@@ -158,8 +158,9 @@ void frm_Balance::Put_Back(TextBox& box, double value) {
 
 void frm_Balance::Calculate_Anew() {
     cmd_Done.Enabled = false;
-    cmd_Calc_Click();
+    // Before the focus moves on: leaving the box is no second edit.
     Changed = false;
+    cmd_Calc_Click();
 }
 
 void frm_Balance::txt_BerkMass_LostFocus(int Index) {

@@ -10,12 +10,20 @@
 #include "core/text.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/mass_properties.h"
+#include "files/exports.h"
 #include "screens/print_questions.h"
 #include "shell/failure_report.h"
 
 namespace verlink {
 
 using platform::CR;
+
+namespace {
+
+constexpr char kSolveTip[] = "Solve for the forces and torques at every step with the data shown";
+constexpr char kNoSolveTip[] = "The torque table came with the file: clear its box, or leave and come back, to solve";
+
+}  // namespace
 
 frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     Width() = kWorkWidth;
@@ -27,7 +35,6 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     }
     txt_Frict[4].Enabled = false;
     txt_Frict[4].Tip = txt_Frict[2].Tip;
-    chk_Torque.Enabled = false;
     for (Boxes* boxes : All_Boxes())
         for (const auto& box : *boxes) {
             box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
@@ -58,7 +65,7 @@ void frm_MassProp::Write_Tips() {
     tip(txt_Torque, "External torque on link ", ", in the unit at the end of the row");
     tip(txt_Frict, "Friction force on link ", " against the motion of the coupler point, in the unit at the end");
     chk_Torque.Tip = "The torque on link 4 follows the table of a file, step by step";
-    cmd_Solve.Tip = "Solve for the forces and torques at every step with the data shown";
+    cmd_Solve.Tip = kSolveTip;
     cmd_Matrix.Tip = "Show the equations of the first position; solve first";
     cmd_Print.Tip = "Print this screen; solve first";
     cmd_Copy.Tip = "How to copy this screen to the clipboard; solve first";
@@ -88,6 +95,7 @@ void frm_MassProp::Form_Activate() {
     Guarded("frm_MassProp.Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         cmd_Solve.Enabled = true;
+        cmd_Solve.Tip = kSolveTip;
         Titlebox(*this);
         Put_Mass_Properties(*this);
         Show_Units();
@@ -110,11 +118,22 @@ void frm_MassProp::chk_Torque_Click() {
         cmd_Solve.Enabled = !chk_Torque.Value;
         if (chk_Torque.Value) {
             torque.Text = "0";
+            Take_Torque_Table();
         } else {
             torque.Text = Text_Of(Model.ExtTorque(4));
             Model.TorqueImported = false;
         }
+        cmd_Solve.Tip = cmd_Solve.Enabled ? kSolveTip : kNoSolveTip;
     });
+}
+
+void frm_MassProp::Take_Torque_Table() {
+    // A model from disk has brought its table along, and solving waits.
+    if (Model.DiskFile) return;
+    if (Model.TorqueImported)
+        cmd_Solve.Enabled = true;
+    else
+        Import_Torque(4);
 }
 
 void frm_MassProp::cmd_Solve_Click() {

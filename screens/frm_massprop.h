@@ -89,6 +89,8 @@ class frm_MassProp : public platform::Screen {
     std::vector<Boxes*> All_Boxes();
     void Write_Tips();
     void Show_Units();
+    /// What ticking the import does beside closing the box.
+    void Take_Torque_Table();
     /// The buttons that need a solution of the data shown.
     void Allow_Results(bool allowed);
 

@@ -1,5 +1,6 @@
 // The whole road of a first session through real windows: start, name, home, input, animate, save, open, quit.
 #include <QAction>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
@@ -9,9 +10,11 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <cmath>
+#include <set>
 
 #include "desktop/picture_widget.h"
 #include "platform/file_system.h"
+#include "platform/graph.h"
 #include "shell/startup.h"
 #include "tests/desktop/user.h"
 
@@ -31,6 +34,14 @@ class RoadTest : public DesktopTest {
             for (int x = 0; x < image.width(); ++x)
                 if (image.pixel(x, y) == qRgb(255, 0, 255)) return true;
         return false;
+    }
+    /// How many colours a widget is painted with.
+    static int InksOf(QWidget& window, const char* name) {
+        const QImage image = Find<QWidget>(window, name).grab().toImage();
+        std::set<QRgb> inks;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) inks.insert(image.pixel(x, y));
+        return static_cast<int>(inks.size());
     }
     void ThenFile(const std::string& path) {
         Then("file", [path](QWidget& window) {
@@ -117,6 +128,90 @@ TEST_F(RoadTest, From_the_start_to_a_moving_linkage_into_a_file_and_back) {
     EXPECT_TRUE(qt.Ending());
     EXPECT_EQ(Read_File(qt.Documents_Folder() + "/VERLINK/Run_Check.txt").substr(0, 13), "\"Normal Exit\"");
     EXPECT_EQ(Read_File(file).substr(0, 9), "\"VERLINK\"");
+}
+
+TEST_F(RoadTest, From_masses_to_forces_to_balance_to_a_plot_of_the_shaking_force) {
+    ThenArrive();
+    Then("frm_HomeScreen", [this](QWidget& window) {
+        EXPECT_FALSE(Find<QWidget>(window, "cmd_Dynamics").isEnabled());
+        Click(window, "cmd_Input");
+        Click(window, "cmd_Dynamics");
+        EXPECT_EQ(Find<QLabel>(window, "lbl_Status_3").text(), "Dynamics");
+        EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_3").isHidden());
+        Click(window, "cmd_Balance");
+        EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_4").isHidden());
+        Click(window, "cmd_Plot");
+        Model.SavedFlag = true;
+        Click(window, "cmd_Quit");
+    });
+    Then("frm_Inputnew", [](QWidget& window) {
+        Type(window, "txt_initial_2", QStringLiteral("5"));
+        Click(window, "cmd_Calc");
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Animate", [](QWidget& window) { Click(window, "cmd_Done"); });
+    Then("frm_MassProp", [](QWidget& window) {
+        EXPECT_EQ(TextOf(window, "txt_Mass_3"), "0.0060");
+        EXPECT_FALSE(Find<QWidget>(window, "cmd_Done").isEnabled());
+        Type(window, "txt_Mass_3", QStringLiteral("0.5"));
+        Type(window, "txt_MagForce_4", QStringLiteral("2"));
+        QTest::keyClick(&Find<QWidget>(window, "txt_MagForce_4"), Qt::Key_Return);
+        EXPECT_EQ(Model.LinkMass(3), 0.5) << "Return solves";
+        EXPECT_EQ(Model.ExtForceMag(4), 2.0);
+        EXPECT_EQ(window.focusWidget(), &Find<QWidget>(window, "cmd_Done"));
+        Click(window, "cmd_Matrix");
+        EXPECT_TRUE(Find<QWidget>(window, "cmd_Done").isEnabled());
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Matrix", [](QWidget& window) {
+        auto& entry = Find<QLabel>(window, "lbl_A1_1");
+        EXPECT_EQ(entry.text(), "1.000");
+        EXPECT_EQ(entry.palette().color(QPalette::WindowText), QColor(255, 0, 0));
+        auto& nothing = Find<QLabel>(window, "lbl_A1_2");
+        EXPECT_EQ(nothing.palette().color(QPalette::WindowText), QColor(128, 128, 128));
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Balance", [](QWidget& window) {
+        EXPECT_TRUE(Find<QWidget>(window, "grf_Plot_0").isHidden());
+        Click(window, "cmd_Calc");
+        for (const char* graph : {"grf_Plot_0", "grf_Plot_1"}) {
+            EXPECT_FALSE(Find<QWidget>(window, graph).isHidden());
+            EXPECT_GT(InksOf(window, graph), 3) << "axes, texts and two curves";
+        }
+        EXPECT_GT(InksOf(window, "pct_Pict1"), 1) << "the sheet of pulses is printed on";
+        Type(window, "txt_BerkMass_2", QStringLiteral("2"));
+        QTest::keyClick(&Find<QWidget>(window, "txt_BerkMass_2"), Qt::Key_Return);
+        EXPECT_EQ(Model.BerkMass(2), 2.0);
+        Click(window, "cmd_Done");
+    });
+    Then("frm_PlotType", [](QWidget& window) {
+        Click(window, "opt_PickPlot_0");
+        Click(window, "cmd_PickPlotDone");
+    });
+    Then("frm_PlotSelect1", [](QWidget& window) {
+        Click(window, "opt_PrintSet_1");
+        auto& functions = Find<QComboBox>(window, "cmb_Var1");
+        const int shaking = functions.findText(QStringLiteral("F Shaking"));
+        ASSERT_GE(shaking, 0);
+        functions.setCurrentIndex(shaking);
+        Q_EMIT functions.activated(shaking);
+        auto& components = Find<QComboBox>(window, "cmb_Com1");
+        components.setCurrentIndex(2);
+        Q_EMIT components.activated(2);
+        Click(window, "cmd_OK1");
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Plot1", [](QWidget& window) {
+        const auto& set = Screens::Get("frm_Plot1").Get<Graph>("grf_Plot", 0).Sets().at(0);
+        EXPECT_EQ(set.legend, "F Shaking Mag lb");
+        const auto& force = Model.RunTable.PinForce;
+        EXPECT_NEAR(set.values.at(20), std::hypot(double(force(20, 7, 0)), double(force(20, 7, 1))), 1e-3);
+        EXPECT_GT(InksOf(window, "grf_Plot_0"), 3);
+        Click(window, "cmd_Done");
+    });
+    ThenQuit();
+    Sub_Main("");
+    EXPECT_TRUE(qt.Ending());
 }
 
 TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {

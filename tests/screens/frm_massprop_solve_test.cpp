@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
 #include <string>
 
 #include "tests/screens/forces_fixture.h"
@@ -21,6 +22,19 @@ struct MassPropSolve : MassPropScreen {
             Fill("txt_Mass", link, "0");
             Fill("txt_Inertia", link, "0");
         }
+    }
+    /// A table of torques on disk, half of each step's number.
+    void Put_Table(int last) {
+        std::ofstream file(Path("torque.trq"));
+        file << last << "\r\n";
+        for (int step = 0; step <= last; ++step) file << step / 2.0 << "\r\n";
+    }
+    void Expect_No_Import() {
+        EXPECT_FALSE(form.chk_Torque.Value);
+        EXPECT_FALSE(Model.TorqueImported);
+        EXPECT_EQ(In("txt_Torque", 4), "2");
+        EXPECT_TRUE(form.txt_Torque[4].Enabled);
+        EXPECT_TRUE(form.cmd_Solve.Enabled);
     }
     /// As an import leaves the screen and the record.
     void With_Torque_Table() {
@@ -188,6 +202,10 @@ TEST_F(MassPropSolve, AModelFromDiskBringsItsTorqueTableAndKeepsSolveClosed) {
     EXPECT_EQ(In("txt_Torque", 4), "0");
     EXPECT_FALSE(form.txt_Torque[4].Enabled);
     EXPECT_FALSE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(form.cmd_Solve.Tip,
+              "The torque table came with the file: clear its box, or leave and come back, to solve");
+    form.Form_Activate();
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
 }
 
 TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
@@ -199,6 +217,52 @@ TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
     EXPECT_FALSE(form.txt_Torque[4].Enabled);
     for (int step = 0; step <= Model.NSteps; ++step)
         EXPECT_EQ(Model.RunTable.LinkTorque(step, 2), 10.0 + step) << "follows the table step by step";
+}
+
+TEST_F(MassPropSolve, TickingTheImportReadsATableOfTheRunsLength) {
+    Put_Table(Model.NSteps);
+    desktop.Expect_Open(Path("torque.trq"));
+    desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.", platform::Answer::kOk,
+                           platform::Icon::kInformation);
+    Model.ExtTorque(4) = 2;
+    form.chk_Torque.Click();
+    EXPECT_TRUE(form.chk_Torque.Value);
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_EQ(In("txt_Torque", 4), "0");
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(Model.RunTable.ImportedTorque(3), 1.5);
+    ASSERT_EQ(desktop.Dialogs.size(), 1U);
+    EXPECT_EQ(desktop.Dialogs[0].title, "Open a Torque Data file");
+    form.Form_Activate();
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+}
+
+TEST_F(MassPropSolve, ATableOfAnotherLengthIsRefusedAndTheBoxGoesOff) {
+    Put_Table(Model.NSteps / 2);
+    Model.ExtTorque(4) = 2;
+    desktop.Expect_Open(Path("torque.trq"));
+    desktop.Expect_Message("This file has a different number of data than your current model and is incompatible",
+                           platform::Answer::kOk, platform::Icon::kExclamation);
+    form.chk_Torque.Click();
+    Expect_No_Import();
+}
+
+TEST_F(MassPropSolve, ACancelledImportOpensTheBoxAgain) {
+    Model.ExtTorque(4) = 2;
+    desktop.Expect_Open({});
+    form.chk_Torque.Click();
+    Expect_No_Import();
+}
+
+TEST_F(MassPropSolve, ATableThatIsInForceIsNotAskedForAgain) {
+    Model.TorqueImported = true;
+    Model.DiskFile = false;
+    form.Form_Activate();
+    EXPECT_TRUE(form.chk_Torque.Value);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
 }
 
 TEST_F(MassPropSolve, ClearingTheImportOpensTheBoxAndKeepsTheTable) {

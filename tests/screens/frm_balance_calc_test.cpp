@@ -1,0 +1,166 @@
+// What calculating on the balancing screen does: forces, graphs, pulses, refusals.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "core/numeric.h"
+#include "tests/screens/frm_balance_fixture.h"
+
+namespace verlink::test {
+
+using platform::Pointer;
+
+namespace {
+
+struct BalanceCalc : BalanceScreen {
+    BalanceCalc() { form.Form_Activate(); }
+
+    static double Magnitude(const ForceTable& table, int step) {
+        return std::hypot(double(table(step, 7, 0)), double(table(step, 7, 1)));
+    }
+    void Expect_Refusal(int type, const std::string& message) {
+        Model.Calctype = type;
+        Model.BalanceDone = false;
+        desktop.Expect_Message(message);
+        Calculate_Now();
+        EXPECT_TRUE(Model.BalanceDone);
+        EXPECT_TRUE(form.grf_Plot[0].Visible);
+        EXPECT_TRUE(form.cmd_Done.Enabled);
+        for (int step = 0; step <= Model.NSteps; ++step)
+            EXPECT_EQ(Model.RunTable.BalancedMoment(step, 0),
+                      Single(Model.RunTable.BerkTorque(step, 0) + Model.RunTable.LinkTorque(step, 0)));
+    }
+};
+
+}  // namespace
+
+TEST_F(BalanceCalc, OpensTheWayOnAndShowsTheResults) {
+    Model.Calculated = true;
+    Model.SavedFlag = true;
+    Calculate_Now();
+    EXPECT_TRUE(Model.BalanceDone);
+    EXPECT_FALSE(Model.SavedFlag);
+    EXPECT_TRUE(form.grf_Plot[0].Visible);
+    EXPECT_TRUE(form.grf_Plot[1].Visible);
+    EXPECT_TRUE(form.pct_Pict1.Visible);
+    EXPECT_TRUE(form.cmd_Done.Enabled);
+    EXPECT_TRUE(form.cmd_Print.Enabled);
+    EXPECT_TRUE(form.cmd_copy.Enabled);
+    EXPECT_EQ(form.Focus(), &form.cmd_Done);
+    EXPECT_EQ(desktop.Pointers, (std::vector<Pointer>{Pointer::kHourglass, Pointer::kDefault}));
+    auto& badge = platform::Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 4);
+    EXPECT_EQ(badge.Caption, "Balanced");
+    EXPECT_TRUE(badge.Visible);
+}
+
+TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {
+    Calculate_Now();
+    for (const int link : {2, 4}) {
+        EXPECT_EQ(Model.BerkMass(link), Single(std::stod(In("txt_BerkMass", link))));
+        EXPECT_EQ(Model.BerkRadius(link), Single(std::stod(In("txt_Radius", link))));
+    }
+}
+
+TEST_F(BalanceCalc, BothGraphsShowMagnitudesBeforeAndAfter) {
+    Model.FFTFunction = true;
+    Calculate_Now();
+    const auto& table = Model.RunTable;
+    ASSERT_EQ(form.grf_Plot[0].NumSets(), 2);
+    ASSERT_EQ(Curve(0, 0).size(), 37U);
+    double unbalanced = 0;
+    double balanced = 0;
+    for (int step = 0; step <= 36; ++step) {
+        const auto at = static_cast<std::size_t>(step);
+        EXPECT_NEAR(Curve(0, 0)[at], Magnitude(table.PinForce, step), 1e-4);
+        EXPECT_NEAR(Curve(0, 1)[at], Magnitude(table.BalancedForce, step), 1e-4);
+        EXPECT_EQ(Curve(1, 0)[at], table.LinkTorque(step, 0)) << "the driving torque";
+        EXPECT_EQ(Curve(1, 1)[at], table.BalancedMoment(step, 0));
+        unbalanced = std::max(unbalanced, Curve(0, 0)[at]);
+        balanced = std::max(balanced, Curve(0, 1)[at]);
+    }
+    EXPECT_LT(balanced, unbalanced / 10) << "masses rounded to three decimals balance nearly";
+    EXPECT_EQ(form.grf_Plot[0].Labels()[9], FNRoundStr(90, 0));
+}
+
+TEST_F(BalanceCalc, GraphsAreTitledAlikeInEveryRun) {
+    Calculate_Now();
+    EXPECT_EQ(form.grf_Plot[0].GraphTitle, "Shaking Force");
+    EXPECT_EQ(form.grf_Plot[1].GraphTitle, "Shaking Torque");
+    EXPECT_EQ(form.grf_Plot[0].Sets()[0].legend, "Unbalanced Mag lb");
+    EXPECT_EQ(form.grf_Plot[0].Sets()[1].legend, "Balanced Mag lb");
+    EXPECT_EQ(form.grf_Plot[1].Sets()[1].legend, "Balanced Mag lb-in");
+    for (int i = 0; i <= 1; ++i) {
+        EXPECT_EQ(form.grf_Plot[i].BottomTitle, "Crank Angle (Deg)");
+        EXPECT_EQ(form.grf_Plot[i].TickEvery, 6);
+        EXPECT_EQ(form.grf_Plot[i].LabelEvery, 12);
+        EXPECT_EQ(form.grf_Plot[i].GridStyle, 3);
+        EXPECT_EQ(form.grf_Plot[i].GraphStyle, 4);
+        EXPECT_EQ(form.grf_Plot[i].Sets()[0].pattern, 0);
+        EXPECT_EQ(form.grf_Plot[i].Sets()[1].pattern, 1);
+    }
+}
+
+TEST_F(BalanceCalc, TheBackgroundIsWhiteBlueOrGrayAndDrawsAnew) {
+    Calculate_Now();
+    for (const auto& [option, color] : {std::pair{1, 1}, {2, 7}, {0, 15}}) {
+        const int before = form.grf_Plot[1].Drawings();
+        Choose_Option(form, "opt_Back", option);
+        for (int i = 0; i <= 1; ++i) EXPECT_EQ(form.grf_Plot[i].Background, color);
+        EXPECT_EQ(form.grf_Plot[1].Drawings(), before + 1);
+    }
+}
+
+TEST_F(BalanceCalc, ThePulsesAreListedOnTheSheet) {
+    Calculate_Now();
+    const std::vector<std::string>& lines = form.pct_Pict1.Lines.Get();
+    ASSERT_GT(lines.size(), 9U);
+    EXPECT_EQ(lines[0], "");
+    EXPECT_EQ(lines[1], " Areas of Crank Torque");
+    EXPECT_EQ(lines[2], " Pulses in Order over 1 cycle ");
+    EXPECT_EQ(lines[4], "    in Energy Units of :");
+    EXPECT_EQ(lines[5], "     lb-in - radians");
+    EXPECT_EQ(lines[lines.size() - 2], "    Average Torque:");
+}
+
+TEST_F(BalanceCalc, AnEmptyBoxIsReportedAndStopsTheCalculation) {
+    const char* const boxes[][2] = {
+        {"txt_BerkMass", "2"}, {"txt_BerkMass", "4"}, {"txt_Radius", "2"}, {"txt_Radius", "4"}, {"txt_Fluct", "-1"}};
+    for (const auto& [box, index] : boxes) {
+        SCOPED_TRACE(box);
+        form.Form_Activate();
+        form.txt_Fluct.Text = "0.05";
+        form.Text(box, std::stoi(index)).Text = "";
+        desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in frm_Balance.cmd_Calc\r\n\r\n");
+        form.cmd_Calc_Click();
+        EXPECT_FALSE(Model.BalanceDone);
+        EXPECT_FALSE(form.cmd_Done.Enabled);
+        EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+    }
+}
+
+TEST_F(BalanceCalc, OnePositionIsRefusedAndTheGraphsShowWhatTheTablesHold) {
+    Model.RunTable.BerkTorque(3, 0) = 4;
+    Model.Calculated = true;
+    Expect_Refusal(1, "Cannot balance a linkage for one position.\rPlease recalculate for multi-positions.");
+    EXPECT_EQ(Model.RunTable.BalancedMoment(3, 0), Single(4 + Model.RunTable.LinkTorque(3, 0)));
+    EXPECT_EQ(Curve(1, 1)[3], Model.RunTable.BalancedMoment(3, 0));
+    EXPECT_TRUE(platform::Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 4).Visible);
+}
+
+TEST_F(BalanceCalc, TimeStepsAreRefusedAndTheSumsAreMadeAllTheSame) {
+    Expect_Refusal(2, "Cannot balance a linkage for Time Steps.\rPlease recalculate for multi-positions.");
+}
+
+TEST_F(BalanceCalc, DrivenLinkagesAreRefusedAndTheSumsAreMadeAllTheSame) {
+    for (const int type : {4, 5}) Expect_Refusal(type, "Cannot balance a cam- or linkage-driven linkage.\r");
+}
+
+TEST_F(BalanceCalc, TheFlywheelTorqueFollowsTheCoefficientInTheBox) {
+    Fill("txt_Fluct", platform::kNoIndex, "1");
+    Calculate_Now();
+    for (int step = 0; step <= Model.NSteps; ++step)
+        EXPECT_NEAR(Model.RunTable.FlywheelTorque(step), Model.RunTable.LinkTorque(step, 0), 1e-5);
+}
+
+}  // namespace verlink::test

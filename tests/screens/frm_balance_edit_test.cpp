@@ -1,0 +1,157 @@
+// Trading mass for radius, and the coefficient of fluctuation.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/text.h"
+#include "tests/screens/frm_balance_fixture.h"
+
+namespace verlink::test {
+
+namespace {
+
+constexpr char kPositive[] = "This value must be positive.  Please redo.";
+constexpr char kFluct[] = " Coefficient of fluctuation must be between zero and one - Try .05 ";
+constexpr int kNone = platform::kNoIndex;
+
+struct BalanceEdit : BalanceScreen {
+    BalanceEdit() {
+        Model.LinkMass(3) = 6;
+        Solve();
+        form.Form_Activate();
+        Calculate_Now();
+        Calculated();
+    }
+    double Product(int link) { return Val(In("txt_MRproduct", link)); }
+    void Expect_Fluct_Refused() { desktop.Expect_Message(kFluct, platform::Answer::kOk, platform::Icon::kExclamation); }
+};
+
+}  // namespace
+
+TEST_F(BalanceEdit, AMassTypedGivesTheRadiusOfTheSameProductAndCalculates) {
+    for (const int link : {2, 4}) {
+        const double product = Product(link);
+        Fill("txt_BerkMass", link, "2.5");
+        EXPECT_TRUE(form.txt_BerkMass[link].SelectedAll) << "selected when the focus came";
+        EXPECT_FALSE(Calculated());
+        form.txt_Fluct.SetFocus();
+        EXPECT_TRUE(Calculated());
+        EXPECT_EQ(Model.BerkMass(link), 2.5);
+        EXPECT_EQ(In("txt_Radius", link), Text_Of(Single(product / 2.5)));
+        EXPECT_EQ(Product(link), product);
+        EXPECT_TRUE(form.cmd_Done.Enabled);
+        EXPECT_EQ(form.Focus(), &form.cmd_Done);
+    }
+}
+
+TEST_F(BalanceEdit, ARadiusTypedGivesTheMassOfTheSameProductAndCalculates) {
+    for (const int link : {2, 4}) {
+        const double product = Product(link);
+        Enter_In("txt_Radius", link, "0.75");
+        EXPECT_TRUE(Calculated());
+        EXPECT_EQ(Model.BerkRadius(link), 0.75);
+        EXPECT_EQ(In("txt_BerkMass", link), Text_Of(Single(product / 0.75)));
+        EXPECT_EQ(Product(link), product);
+    }
+}
+
+TEST_F(BalanceEdit, AProductTypedGivesTheMassAtTheSameRadius) {
+    const double radius = Model.BerkRadius(4);
+    Fill("txt_MRproduct", 4, "3");
+    form.cmd_back.SetFocus();
+    EXPECT_TRUE(Calculated());
+    EXPECT_EQ(In("txt_Radius", 4), "1.25");
+    EXPECT_EQ(In("txt_BerkMass", 4), "2.4");
+    EXPECT_EQ(Model.BerkMass(4), Single(2.4));
+    EXPECT_EQ(Model.BerkRadius(4), radius);
+}
+
+TEST_F(BalanceEdit, AProductIsNotTested) {
+    Fill("txt_MRproduct", 4, "-3");
+    form.cmd_back.SetFocus();
+    EXPECT_EQ(In("txt_BerkMass", 4), "-2.4");
+    EXPECT_EQ(Model.BerkMass(4), Single(-2.4));
+}
+
+TEST_F(BalanceEdit, AMassOrRadiusThatIsNotPositiveIsRefused) {
+    for (const char* box : {"txt_BerkMass", "txt_Radius"})
+        for (const char* text : {"-1", "0", "", "abc"}) {
+            SCOPED_TRACE(std::string(box) + text);
+            form.Form_Activate();
+            Calculated();
+            const double mass = Model.BerkMass(2), radius = Model.BerkRadius(2);
+            desktop.Expect_Message(kPositive, platform::Answer::kOk, platform::Icon::kExclamation);
+            Fill(box, 2, text);
+            form.txt_MRproduct[4].SetFocus();
+            EXPECT_EQ(In(box, 2), "0.01");
+            EXPECT_EQ(form.Focus(), &form.Text(box, 2));
+            EXPECT_TRUE(form.Text(box, 2).SelectedAll);
+            EXPECT_FALSE(Calculated()) << "neither here nor in the box that was to come";
+            EXPECT_EQ(Model.BerkMass(2), mass);
+            EXPECT_EQ(Model.BerkRadius(2), radius);
+            form.cmd_back.SetFocus();
+            EXPECT_TRUE(Calculated()) << "what was put in its place counts once the box is left";
+            const Single taken = box == std::string("txt_Radius") ? Model.BerkRadius(2) : Model.BerkMass(2);
+            EXPECT_EQ(taken, Single(0.01));
+        }
+}
+
+TEST_F(BalanceEdit, ABoxLeftAsItWasCalculatesNothing) {
+    for (const char* box : {"txt_BerkMass", "txt_Radius", "txt_MRproduct"})
+        for (const int link : {2, 4}) form.Text(box, link).SetFocus();
+    form.txt_Fluct.SetFocus();
+    form.cmd_back.SetFocus();
+    EXPECT_FALSE(Calculated());
+    form.Form_Activate();
+    form.txt_Fluct.SetFocus();
+    form.cmd_back.SetFocus();
+    EXPECT_FALSE(Calculated()) << "what the program writes is no edit";
+}
+
+TEST_F(BalanceEdit, ACoefficientTypedCalculates) {
+    Enter_In("txt_Fluct", kNone, "0.2");
+    EXPECT_TRUE(Calculated());
+    const double first = Model.RunTable.FlywheelTorque(9);
+    Fill("txt_Fluct", kNone, "0.4");
+    form.cmd_back.SetFocus();
+    EXPECT_TRUE(Calculated());
+    // Twice the coefficient, twice the distance from the average.
+    Single average = 0;
+    for (int step = 0; step <= Model.NSteps; ++step)
+        average = average + Model.RunTable.BalancedMoment(step, 0) / (Model.NSteps + 1.0);
+    EXPECT_NEAR(Model.RunTable.FlywheelTorque(9) - average, 2 * (first - average), 1e-2);
+}
+
+TEST_F(BalanceEdit, ACoefficientThatIsNotPositiveIsRefused) {
+    for (const char* text : {"0", "-0.1", "", "abc"}) {
+        Expect_Fluct_Refused();
+        Fill("txt_Fluct", kNone, text);
+        form.txt_BerkMass[2].SetFocus();
+        EXPECT_EQ(form.txt_Fluct.Text.Get(), "0.05");
+        EXPECT_EQ(form.Focus(), &form.txt_Fluct);
+        EXPECT_FALSE(Calculated());
+        form.cmd_back.SetFocus();
+        EXPECT_TRUE(Calculated());
+    }
+}
+
+TEST_F(BalanceEdit, ACoefficientAboveOneIsTakenOnceAndRefusedAtTheNextEdit) {
+    Enter_In("txt_Fluct", kNone, "5");
+    EXPECT_TRUE(Calculated());
+    Expect_Fluct_Refused();
+    Enter_In("txt_Fluct", kNone, "0.3");
+    EXPECT_FALSE(Calculated());
+    EXPECT_EQ(form.txt_Fluct.Text.Get(), "0.05");
+    Enter_In("txt_Fluct", kNone, "0.3");
+    EXPECT_TRUE(Calculated());
+    EXPECT_EQ(form.txt_Fluct.Text.Get(), "0.3");
+}
+
+TEST_F(BalanceEdit, AnEditThatCannotBeCalculatedLeavesTheWayOnClosed) {
+    form.txt_Radius[4].Text = "";
+    desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in frm_Balance.cmd_Calc\r\n\r\n");
+    Enter_In("txt_BerkMass", 2, "2");
+    EXPECT_FALSE(form.cmd_Done.Enabled);
+}
+
+}  // namespace verlink::test
