@@ -16,7 +16,8 @@ namespace verlink::desktop {
 namespace {
 
 constexpr int kFirstLink = 2, kLastLink = 4;
-constexpr int kDigits = 10;       ///< of a box in the table
+constexpr int kDigits = 10;  ///< of a box in the table
+constexpr int kActionWidth = 108;
 constexpr int kTableWidth = 900;  ///< a wider table would part the titles from their rows
 
 /// The columns that all groups of the table share: name, a box for each link, unit.
@@ -151,7 +152,7 @@ void layoutMassProp(Form& form, QWidget* room) {
     solve->addStretch(1);
     solve->addWidget(form.widget("cmd_Solve"));
     solve->addWidget(form.widget("cmd_Matrix"));
-    equalWidths({form.widget("cmd_Solve"), form.widget("cmd_Matrix")});
+    for (const char* button : {"cmd_Solve", "cmd_Matrix"}) form.widget(button)->setMinimumWidth(kActionWidth);
 
     QVBoxLayout* all = page(room);
     QHBoxLayout* foot = row();
