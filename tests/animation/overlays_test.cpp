@@ -1,0 +1,103 @@
+// Mass centres and counterweights on the drawing of a linkage that was solved and balanced.
+#include <complex>
+#include <sstream>
+#include <vector>
+
+#include "animation/drawing.h"
+#include "animation/engine.h"
+#include "core/initialize.h"
+#include "dynamics/balancing.h"
+#include "tests/dynamics/motion.h"
+#include "tests/support/drawing.h"
+
+namespace verlink::test {
+
+namespace {
+
+class Overlays : public Drawing {
+   protected:
+    Overlays() {
+        Initialize();
+        Run_Scenario({.name = "masses alone"});
+        Set_Palette();
+        Model.AnimMax = 6;
+        Model.AnimMin = -4;
+        Model.FlipSum = 2;
+        Model.PinRadius = 0.1;
+        Model.PivotRadius = 0.2;
+        Model.PenColor = Model.ColorMagenta;
+        Model.HideLinksFlag = "Y";
+    }
+    static void Solve() {
+        Solve_Forces();
+        Model.DynamicsDone = true;
+    }
+    /// The centres of the circles of a step, in the order in which they are drawn.
+    std::vector<Vector> Circles(int step) {
+        stage.log.Calls.clear();
+        Drawsub(step, stage);
+        std::vector<Vector> centres;
+        for (const std::string& call : stage.log.Calls) {
+            std::istringstream words(call);
+            std::string kind;
+            double x = 0, y = 0;
+            words >> kind >> x >> y;
+            if (kind == "Circle") centres.emplace_back(x, Model.FlipSum - y);
+        }
+        return centres;
+    }
+    Stage stage;
+};
+
+}  // namespace
+
+TEST_F(Overlays, AppearWithTheResultsTheyBelongTo) {
+    EXPECT_EQ(Circles(0).size(), 0u);
+    Solve();
+    EXPECT_EQ(Circles(0).size(), 3u);
+    ASSERT_TRUE(Default_Weights());
+    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+    EXPECT_EQ(Circles(0).size(), 5u);
+    Integer result;
+    Calc_Setup(3, result);
+    EXPECT_EQ(Circles(0).size(), 0u);
+}
+
+TEST_F(Overlays, MassCentresLieWhereTheSolutionHasThem) {
+    Solve();
+    for (int step = 0; step <= Model.NSteps; step += 6) {
+        const Motion at(step);
+        const auto drawn = Circles(step);
+        ASSERT_EQ(drawn.size(), 3u);
+        EXPECT_LT(std::abs(drawn[0] - at.l2.centre), 1e-4);
+        EXPECT_LT(std::abs(drawn[1] - at.l4.centre), 1e-4);
+        EXPECT_LT(std::abs(drawn[2] - at.l3.centre), 1e-4);
+    }
+}
+
+TEST_F(Overlays, CounterweightsAreDrawnSoThatTheCommonMassCentreStandsStill) {
+    Solve();
+    ASSERT_TRUE(Default_Weights());
+    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+    const auto& m = Model;
+    const auto common = [&](const std::vector<Vector>& drawn) {
+        const double masses[] = {m.LinkMass(2), m.LinkMass(4), m.LinkMass(3), m.BerkMass(2), m.BerkMass(4)};
+        Vector sum;
+        double total = 0;
+        for (std::size_t i = 0; i < 5; ++i) {
+            sum += masses[i] * drawn[i];
+            total += masses[i];
+        }
+        return sum / total;
+    };
+    const auto first = Circles(0);
+    ASSERT_EQ(first.size(), 5u);
+    for (int step = 1; step <= m.NSteps; ++step) {
+        const auto drawn = Circles(step);
+        ASSERT_EQ(drawn.size(), 5u);
+        EXPECT_LT(std::abs(common(drawn) - common(first)), 1e-4) << step;
+    }
+    EXPECT_GT(std::abs(Circles(24)[3] - first[3]), 0.5);  // though each of them moves
+}
+
+}  // namespace verlink::test
