@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <ostream>
 #include <streambuf>
@@ -58,6 +59,12 @@ class BenchDesktop : public HeadlessDesktop {
 }  // namespace
 
 std::string Scratch(const std::string& name) { return Scratch_Folder() + "/" + name; }
+
+double Processor_Time() {
+    timespec now{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
 
 void Start_Program() {
     static Nowhere nowhere;

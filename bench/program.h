@@ -13,4 +13,7 @@ std::string Scratch(const std::string& name);
 /// The default linkage, to be run at so many steps over two turns of the crank.
 void Take_Default_Linkage(int steps);
 
+/// Seconds that this thread has had a processor: others on the machine do not count.
+double Processor_Time();
+
 }  // namespace verlink::bench

@@ -2,7 +2,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <ctime>
 #include <vector>
 
 #include "bench/program.h"
@@ -62,13 +61,6 @@ double Floor(const std::vector<Angles>& all) {
         sum += std::sin(turned) + std::cos(turned);
     }
     return sum;
-}
-
-/// Seconds that this thread has had a processor: others on the machine do not count.
-double Processor_Time() {
-    timespec now{};
-    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
 }
 
 void Run_2881_Steps(benchmark::State& state) {

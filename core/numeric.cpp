@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "core/elimination.h"
 #include "core/linkage_model.h"
 #include "core/pole.h"
 #include "core/position.h"
@@ -223,7 +224,12 @@ void Modulo(Single x, Single m, Single& r) {
 void SimQ(Integer& N, std::span<double> A, std::span<double> B, Integer& Flag) {
     Guarded("SimQ", [&] {
         Flag = 1;
-        Eliminate(N, A, B, Flag);
+        constexpr int kMany = 9;
+        if (N == kMany && A.size() >= kMany * kMany && B.size() >= kMany &&
+            PairedSystem<kMany>(A.data(), B.data()).Solve(B.data()))
+            Flag = 0;
+        else
+            Eliminate(N, A, B, Flag);
     });
 }
 

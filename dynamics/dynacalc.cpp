@@ -40,6 +40,13 @@ struct LinkState {
     Single S, C;      ///< sine and cosine of the mass centre's direction
 };
 
+/// Sine and cosine of th + angle, at hand where nothing is added.
+struct Directed {
+    Single S, C;
+    Directed(const LinkState& s, double angle)
+        : S(angle == 0 ? s.sin : std::sin(s.th + angle)), C(angle == 0 ? s.cos : std::cos(s.th + angle)) {}
+};
+
 LinkState State_Of(int step, int link, const Table<Single, 0, 4, 2>& CG) {
     const RunResults& table = Model.RunTable;
     LinkState s;
@@ -49,8 +56,9 @@ LinkState State_Of(int step, int link, const Table<Single, 0, 4, 2>& CG) {
     s.R = CG(link, 0);
     s.sin = std::sin(s.th);
     s.cos = std::cos(s.th);
-    s.S = std::sin(s.th + CG(link, 1));
-    s.C = std::cos(s.th + CG(link, 1));
+    const Directed centre(s, CG(link, 1));
+    s.S = centre.S;
+    s.C = centre.C;
     return s;
 }
 
@@ -90,11 +98,10 @@ void Store_Centres(int step, const Links& at) {
 }
 
 /// Moment of a force about a mass centre, given the place of its point in the link's frame, degrees.
-Single Moment(Single distance, Single angle, Single th, Single X, Single Y) {
-    const Single sine = std::sin(angle * kDegToRad + th);
-    const Single cosine = std::cos(angle * kDegToRad + th);
-    const Single Rx = distance * cosine;
-    const Single Ry = distance * sine;
+Single Moment(Single distance, Single angle, const LinkState& link, Single X, Single Y) {
+    const Directed arm(link, angle * kDegToRad);
+    const Single Rx = distance * arm.C;
+    const Single Ry = distance * arm.S;
     return Y * Rx - X * Ry;
 }
 
@@ -111,9 +118,9 @@ Loads Loads_At(int step, const Links& at) {
     loads.Fx = m.FrictionForce * cosine;
     loads.Fy = m.FrictionForce * sine;
     // The arm of the friction is taken along the force itself, so that its moment is 0 but for rounding.
-    const double moment3 = Moment(m.ForceDist3, m.ForceAng3, at.l3.th, m.ExtForce3X, m.ExtForce3Y);
+    const double moment3 = Moment(m.ForceDist3, m.ForceAng3, at.l3, m.ExtForce3X, m.ExtForce3Y);
     loads.M3 = moment3 + (loads.Fy * Px - Py * loads.Fx);
-    loads.M4 = Moment(m.ForceDist4, m.ForceAng4, at.l4.th, m.ExtForce4X, m.ExtForce4Y);
+    loads.M4 = Moment(m.ForceDist4, m.ForceAng4, at.l4, m.ExtForce4X, m.ExtForce4Y);
     return loads;
 }
 
