@@ -103,7 +103,7 @@ class GraphWidget::Plot : public QCustomPlot {
     explicit Plot(QWidget* parent)
         : QCustomPlot(parent), labels_(new LabelTicker), values_(new ValueTicker), title_(new QCPTextElement(this)) {
         setMouseTracking(true);
-        setContextMenuPolicy(Qt::NoContextMenu);
+        setContextMenuPolicy(Qt::CustomContextMenu);
         setCursor(Qt::CrossCursor);
         setInteractions(QCP::iRangeZoom);
         setSelectionRectMode(QCP::srmZoom);
@@ -473,6 +473,8 @@ class GraphWidget::Plot : public QCustomPlot {
 
 GraphWidget::GraphWidget(const Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph), plot_(new Plot(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    // The library's widget keeps the mouse to itself, so that its parent never sees a right click.
+    connect(plot_, &QWidget::customContextMenuRequested, this, &GraphWidget::offerPictures);
     follow(true);
 }
 
@@ -539,12 +541,12 @@ void GraphWidget::askAndSave() {
         platform::Tell("The picture could not be written to " + *path + ".", platform::Icon::kExclamation);
 }
 
-void GraphWidget::contextMenuEvent(QContextMenuEvent* event) {
+void GraphWidget::offerPictures(const QPoint& at) {
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("qt_graph_menu"));
     const QAction* save = menu.addAction(QStringLiteral("Save picture..."));
     const QAction* copy = menu.addAction(QStringLiteral("Copy picture"));
-    const QAction* chosen = menu.exec(event->globalPos());
+    const QAction* chosen = menu.exec(plot_->mapToGlobal(at));
     if (chosen == save) askAndSave();
     if (chosen == copy) copyPicture();
 }

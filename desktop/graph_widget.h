@@ -41,11 +41,12 @@ class GraphWidget : public QWidget {
    protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
 
    private:
     class Plot;
     void follow(bool drawn);
+    /// The menu of a right click.
+    void offerPictures(const QPoint& at);
     void askAndSave();
 
     const platform::Graph& graph_;

@@ -1,7 +1,6 @@
 // Pictures of a graph, by the hand of the user: the menu of a right click, the dialog, and the files that come of it.
 #include <QClipboard>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
@@ -13,6 +12,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSvgRenderer>
+#include <QWindow>
 #include <QXmlStreamReader>
 
 #include "output/graph_scale.h"
@@ -42,8 +42,9 @@ class GraphPicturesTest : public GraphWidgetTest {
             menu->setActiveAction(menu->actions().at(entry));
             QTest::keyClick(menu, Qt::Key_Return);
         });
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {200, 200}, widget->mapToGlobal(QPoint(200, 200)));
-        QCoreApplication::sendEvent(widget.get(), &event);
+        // Through the window, as a real click comes, and not to the widget that is meant to have it.
+        QTest::mousePress(widget->windowHandle(), Qt::RightButton, {}, {200, 200});
+        QTest::mouseRelease(widget->windowHandle(), Qt::RightButton, {}, {200, 200});
         return offered;
     }
 
