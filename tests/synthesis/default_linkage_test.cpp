@@ -1,8 +1,7 @@
 // The linkage with which the program starts.
-#include "synthesis/examples.h"
-
 #include "core/initialize.h"
 #include "core/runs.h"
+#include "synthesis/examples.h"
 #include "tests/core/linkages.h"
 
 namespace verlink::test {
