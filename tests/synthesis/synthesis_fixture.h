@@ -1,12 +1,15 @@
 // What the tests of dyads and cognates share: vectors as complex numbers, chance, and positions run on a circuit.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
+#include <cstdlib>
 #include <iostream>
 #include <numbers>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "core/initialize.h"
 #include "core/linkage_model.h"
@@ -32,10 +35,11 @@ inline double Wrapped(double degrees) { return std::remainder(degrees, 360); }
 /// Twice the area between two vectors.
 inline double Cross(Vector a, Vector b) { return (std::conj(a) * b).imag(); }
 
-/// Numbers by chance, from a seed that every run draws anew and prints.
+/// Numbers by chance, from a seed that every run draws anew and prints; VERLINK_SEED in the environment takes its
+/// place.
 class Chance {
    public:
-    Chance() : seed_(std::random_device{}()), generator_(seed_) {
+    Chance() : seed_(Seed()), generator_(seed_) {
         std::cout << "[  seed    ] " << seed_ << " of " << testing::UnitTest::GetInstance()->current_test_info()->name()
                   << '\n';
     }
@@ -46,8 +50,32 @@ class Chance {
     std::string Trace() const { return "seed " + std::to_string(seed_); }
 
    private:
+    static unsigned Seed() {
+        const char* given = std::getenv("VERLINK_SEED");
+        return given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
+    }
     unsigned seed_;
     std::mt19937 generator_;
+};
+
+/// How far results lie from where they ought to, over many cases. The angle of a link comes from the half-angle
+/// equation, which loses digits where its leading coefficient happens to be small: a few cases in a thousand lose some
+/// digits, so that the bound that nearly all keep to tells the precision, and the one for all tells a wrong result.
+class Misses {
+   public:
+    void Add(double miss) { misses_.push_back(miss); }
+    std::size_t Count() const { return misses_.size(); }
+    void Expect_Below(double nearly_all, double all) {
+        ASSERT_FALSE(misses_.empty());
+        std::sort(misses_.begin(), misses_.end());
+        std::cout << "[  misses  ] " << misses_[misses_.size() / 2] << " in the middle of " << misses_.size() << ", "
+                  << misses_[misses_.size() * 9 / 10] << " of nine in ten, " << misses_.back() << " at most\n";
+        EXPECT_LT(misses_[misses_.size() * 9 / 10], nearly_all);
+        EXPECT_LT(misses_.back(), all);
+    }
+
+   private:
+    std::vector<double> misses_;
 };
 
 class Synthesis : public Fixture {
@@ -73,7 +101,8 @@ class Synthesis : public Fixture {
         Integer result;
         Calc_Setup(1, result);
         const Vector local(Model.RunTable.PointXY(0, 2, 0), Model.RunTable.PointXY(0, 2, 1));
-        return {Model.RunTable.Assembled(0), local * Toward(Model.Link1Angle), Model.RunTable.Theta(0, 1)};
+        return {Model.Grashof_Code != "NL" && Model.RunTable.Assembled(0), local * Toward(Model.Link1Angle),
+                Model.RunTable.Theta(0, 1)};
     }
 
     static std::string Box(const char* screen, const char* box, int index) {
