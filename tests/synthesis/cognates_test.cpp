@@ -3,7 +3,7 @@
 
 #include "core/classification.h"
 #include "tests/core/linkages.h"
-#include "tests/support/reference_table.h"
+#include "tests/support/reference.h"
 #include "tests/synthesis/synthesis_fixture.h"
 
 namespace verlink::test {

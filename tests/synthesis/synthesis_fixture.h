@@ -15,6 +15,7 @@
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"
+#include "core/text.h"
 #include "dynamics/units.h"
 #include "tests/support/fixture.h"
 
