@@ -5,6 +5,9 @@
 
 #include "core/parameters.h"
 #include "core/runs.h"
+#include "dynamics/dynacalc.h"
+#include "files/drive_import.h"
+#include "files/exports.h"
 #include "tests/files/model_files.h"
 
 namespace verlink::test {
@@ -50,9 +53,9 @@ class SampleModels : public ModelFiles {
     }
 };
 
-TEST_F(SampleModels, ThereAreSixAndTheReadmeNamesEach) {
+TEST_F(SampleModels, ThereAreEightAndTheReadmeNamesEach) {
     const auto names = Samples();
-    EXPECT_EQ(names.size(), 6U);
+    EXPECT_EQ(names.size(), 8U);
     const std::string readme = Held(std::string(VERLINK_SAMPLES) + "/README.md");
     for (const auto& name : names) EXPECT_NE(readme.find("`" + name + ".vlk`"), std::string::npos) << name;
 }
@@ -118,6 +121,35 @@ TEST_F(SampleModels, TheCouplerOfTheParallelogramKeepsItsDirection) {
         const double turned = std::remainder(Model.RunTable.Theta(step, 1), 360.0);
         EXPECT_NEAR(turned, 0, 1e-3) << step;
     }
+}
+
+TEST_F(SampleModels, WhatPassesBetweenTheTwoStagesIsWhatTheirRunsExport) {
+    const std::string folder = std::string(VERLINK_SAMPLES) + "/";
+    const std::string readme = Held(folder + "README.md");
+    for (const char* name : {"`first_stage.out`", "`second_stage.trq`"})
+        EXPECT_NE(readme.find(name), std::string::npos) << name;
+
+    Run("first_stage");
+    const std::string motion = Held(folder + "first_stage.out");
+    EXPECT_EQ(Link4_Content(), motion);
+
+    // The drive that is in the second stage's file is the one that its import gives.
+    Run("second_stage");
+    const std::string driven = File_Content();
+    Model.JustStarted = true;
+    TextReader reader(motion);
+    EXPECT_TRUE(Import_Linkage_Data(reader));
+    EXPECT_EQ(File_Content(), driven);
+    EXPECT_TRUE(
+        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque));
+    const std::string torque = Held(folder + "second_stage.trq");
+    EXPECT_EQ(Torque_Content(), torque);
+
+    Run("first_stage");
+    TextReader load(torque);
+    bool Failed = false;
+    Import_Torque_Data(load, Failed);
+    EXPECT_FALSE(Failed) << "the two stages have as many steps";
 }
 
 }  // namespace verlink::test
