@@ -209,14 +209,17 @@ TEST_F(CartesianGraph, InLocalCoordinatesEachFunctionIsTurnedByTheLinkOfItsOwnSl
     }
 }
 
-TEST_F(CartesianGraph, TimeRunsAreLabelledWithTimes) {
+TEST_F(CartesianGraph, TimeAndDrivenRunsAreLabelledWithTimes) {
     By_Time(0.5, 1, 0.05);
     Choose(1, "Omega3", "Mag");
-    Multi();
-    ASSERT_EQ(At(0).NumPoints(), 11);
-    for (int i = 0; i <= 10; ++i) {
-        EXPECT_EQ(Label_At(0, i), FNRoundStr(0.5 + 0.05 * i, 2));
-        EXPECT_EQ(Values(0, 0)[static_cast<std::size_t>(i)], Model.RunTable.Omega(i, 1));
+    for (const int type : {2, 4, 5}) {
+        Model.Calctype = type;
+        Multi();
+        ASSERT_EQ(At(0).NumPoints(), 11);
+        for (int i = 0; i <= 10; ++i) {
+            EXPECT_EQ(Label_At(0, i), FNRoundStr(0.5 + 0.05 * i, 2));
+            EXPECT_EQ(Values(0, 0)[static_cast<std::size_t>(i)], Model.RunTable.Omega(i, 1));
+        }
     }
 }
 

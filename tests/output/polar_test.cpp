@@ -258,14 +258,18 @@ TEST_F(Polar, AStepOfTheOtherModes) {
     Expect_Log("polar_step", log);
 }
 
-TEST_F(Polar, AStepOfATimeRunShowsTheTime) {
+TEST_F(Polar, AStepOfATimeOrDrivenRunShowsTheTime) {
     By_Time(0.5, 1, 0.05);
     Choose_Polar("Veloc CP");
-    Whole();
-    MyPolarStep(form, 4);
-    EXPECT_EQ(Text_At("lbl_StepLabel"), "Time");
-    EXPECT_EQ(Text_At("lbl_StepUnit"), "sec");
-    EXPECT_EQ(Text_At("lbl_StepNumber"), FNRoundStr(0.7, 2));
+    for (const int type : {2, 4, 5}) {
+        Model.Calctype = type;
+        form.lbl_StepLabel.Caption = form.lbl_StepUnit.Caption = form.lbl_StepNumber.Caption = "";
+        Whole();
+        MyPolarStep(form, 4);
+        EXPECT_EQ(Text_At("lbl_StepLabel"), "Time");
+        EXPECT_EQ(Text_At("lbl_StepUnit"), "sec");
+        EXPECT_EQ(Text_At("lbl_StepNumber"), FNRoundStr(0.7, 2));
+    }
 }
 
 TEST_F(Polar, FailuresAreReportedUnderTheNames) {

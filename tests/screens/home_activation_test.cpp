@@ -164,11 +164,13 @@ TEST_F(HomeActivationTest, AnimateStartsAtStep0) {
     EXPECT_LT(Model.CurrentStep, 2);
 }
 
-TEST_F(HomeActivationTest, BalanceAfterATimeStepRunShowsTheMessageAndDoesNotOpenTheScreen) {
-    Model.Calctype = 2;
-    desktop.Expect_Message("You must calculate the linkage for a constant Omega2 in order to balance it.", Answer::kOk,
-                           Icon::kInformation, Buttons::kOk);
-    home.cmd_Balance_Click();
+TEST_F(HomeActivationTest, BalanceAfterARunThatIsNotByAngleShowsTheMessageAndDoesNotOpenTheScreen) {
+    for (const int run : {1, 2, 4, 5}) {
+        Model.Calctype = run;
+        desktop.Expect_Message("You must calculate the linkage for a constant Omega2 in order to balance it.",
+                               Answer::kOk, Icon::kInformation, Buttons::kOk);
+        home.cmd_Balance_Click();
+    }
 }
 
 TEST_F(HomeActivationTest, ButtonsOpenTheirScreens) {
