@@ -16,6 +16,9 @@
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/flywheel.h"
+#include "platform/screen.h"
+#include "screens/frm_animate.h"
+#include "screens/frm_balance.h"
 
 namespace verlink::bench {
 
@@ -122,6 +125,51 @@ void Floor_2881_Dense_Systems(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(Floor(systems));
 }
 BENCHMARK(Floor_2881_Dense_Systems)->Unit(benchmark::kMillisecond);
+
+/// From the button on the balancing screen to its tables, its list of pulses and its two graphs.
+void Balance_Button(benchmark::State& state) {
+    Take_Default_Linkage(static_cast<int>(state.range(0)));
+    Integer result;
+    Calc_Setup(3, result);
+    Solve();
+    auto& screen = static_cast<frm_Balance&>(platform::Screens::Get("frm_Balance"));
+    screen.Form_Activate();
+    for (auto _ : state) {
+        Model.BalanceDone = false;
+        screen.cmd_Calc.OnClick();
+        if (!Model.BalanceDone || screen.pct_Pict1.Lines.Get().empty()) state.SkipWithError("nothing was balanced");
+    }
+}
+BENCHMARK(Balance_Button)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
+
+/// The same without the screen: counterweights solved, sums, averages, smoothed torque.
+void Balance_Tables(benchmark::State& state) {
+    Take_Default_Linkage(static_cast<int>(state.range(0)));
+    Integer result;
+    Calc_Setup(3, result);
+    Solve();
+    for (auto _ : state) {
+        Default_Weights();
+        Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+        Smooth_Torque(0.05, Model.RunTable.BalancedMoment);
+    }
+}
+BENCHMARK(Balance_Tables)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
+
+/// One move of a shift-drag and a solve behind it.
+void Drag_Move_And_Solve(benchmark::State& state) {
+    frm_Animate& screen = Animate_Screen(static_cast<int>(state.range(0)));
+    SmallCircle mouse;
+    for (auto _ : state) {
+        const Place place = mouse.Next();
+        const double length = Model.Rpa, angle = Model.DeltaRad;
+        screen.Picture1.OnMouseMove(1, 1, place.x, place.y);
+        Solve();
+        if ((Model.DeltaRad == angle && Model.Rpa == length) || !Model.Calculated)
+            state.SkipWithError("nothing was dragged");
+    }
+}
+BENCHMARK(Drag_Move_And_Solve)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

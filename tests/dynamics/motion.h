@@ -59,10 +59,7 @@ inline void Take_Loads() {
     m.ExtForceAng(3) = 40;
     m.ExtForceMag(4) = 3;
     m.ExtForceAng(4) = -115;
-    m.ExtForce3X = m.ExtForceMag(3) * std::cos(m.ExtForceAng(3) * kDegToRad);
-    m.ExtForce3Y = m.ExtForceMag(3) * std::sin(m.ExtForceAng(3) * kDegToRad);
-    m.ExtForce4X = m.ExtForceMag(4) * std::cos(m.ExtForceAng(4) * kDegToRad);
-    m.ExtForce4Y = m.ExtForceMag(4) * std::sin(m.ExtForceAng(4) * kDegToRad);
+    Resolve_Forces();
     m.ForceDist3 = 0.8;
     m.ForceAng3 = 35;
     m.ForceDist4 = 0.6;
