@@ -15,19 +15,22 @@ namespace verlink {
 void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
             Single& mag1, Single& x1, Single& y1, Single& mag2, Single& x2, Single& y2);
 
-/// One dyad for three positions, turns given; a singular system is told, with the button pressed in `SimqAnswer`.
+/// One dyad for three positions, turns given. A singular system is told, the vectors stay, and `SimqAnswer` has the
+/// button pressed, 2 for Cancel; it is 0 after a solution.
 void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2, Single alpha3, Single beta2,
               Single beta3, Single& wx, Single& wy, Single& zx, Single& zy);
 
 /// Turns `beta2`, `beta3` of the grounded link whose pivot is at (ox, oy), by Erdman and Sandor's closed form. Reads
-/// P1, P21, P31, SynAlpha2, SynAlpha3 of the record. When there is none: a message, and both as they were.
+/// P1, P21, P31, SynAlpha2, SynAlpha3 of the record. When there is none: a message, and both as they were. `beta2` is
+/// right above -90 and up to 180 degrees, but for 0, where the end point of the arc cosine gives 57.3.
 void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3);
 void Solve_Beta2(Single beta3, Single A1, Single A2, Single A3, Single A4, Single A5, Single A6, Single& beta2);
 /// The angle of an arc cosine `a` and an arc sine `s`, degrees; a negative `s` beside a positive `a` gives `s`.
 Single Quadrant_Fix(Single a, Single s);
 
 /// Joins two dyads into the linkage of the record, with the crank's range by `mode` (1 two positions, 2 to 4 three),
-/// puts it on the input screen and reports it.
+/// puts it on the input screen and reports it. The ground goes in by length and angle; its coordinates follow when the
+/// input screen is read. A range that passes a whole turn comes out swapped, with a negative step.
 void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Single ux, Single uy, Single sx, Single sy,
                   Single beta2, Single beta3, Single& link1Angle);
 

@@ -25,7 +25,7 @@ struct SynthesisData {
     Integer SynMethod;     ///< of two positions: 1 three angles assumed, 2 magnitude and angle of a vector
     bool SpecifiedPivots = false;
     Integer SimqError;        ///< flag of the last solution of three positions
-    Integer SimqAnswer;       ///< button pressed at its failure; 2 is Cancel
+    Integer SimqAnswer;       ///< button pressed at its failure; 2 is Cancel, 0 no failure
     CognateTable Cognates;    ///< as the menus load them: the shorter side link of rows 2 and 3 is link 2
     CognateTable CayleyRows;  ///< the same three as they stand in the diagram
 };

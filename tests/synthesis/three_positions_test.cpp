@@ -214,6 +214,16 @@ TEST_F(FixedPivot, TheSecondTurnFollowsFromItsCosineAndSine) {
     EXPECT_NEAR(beta2, 30, 1e-4);
 }
 
+TEST_F(FixedPivot, NoTurnAtAllIsReadAsTheEndPointOfTheArcCosine) {
+    Solve_Beta2(70, 1, 0, 0, 0, 0, 1, beta2);
+    EXPECT_NEAR(beta2, 57.29578, 1e-4);
+}
+
+TEST_F(FixedPivot, AQuarterTurnClockwiseIsReadAsOneCounterclockwise) {
+    Solve_Beta2(70, 1, 0, 0, -1, 0, 0, beta2);
+    EXPECT_NEAR(beta2, 90, 1e-4);
+}
+
 TEST_F(FixedPivot, ADivisionByZeroIsReportedAndTheTurnStays) {
     desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Solve_Beta2\r\n\r\n");
     Solve_Beta2(70, 0, 1, 1, 1, 1, 1, beta2);
