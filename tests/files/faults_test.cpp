@@ -392,6 +392,9 @@ constexpr Reader_Of kReaders[] = {
          return std::string(
              "2\r\n0\r\n1\r\n0.5\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n0,1,2\r\n3,4,5\r\n6,7,8\r\n");
      }},
+    {"Torque", [](Screen&) { Import_Torque(4); }, "Import_Torque", "An error has occurred in the Import_Torque routine",
+     "Import_Torque_Data", "An error has occurred in the Import_Torque_Data routine",
+     [] { return std::string("2\r\n1.5\r\n-2.5\r\n3.5\r\n"); }},
 };
 
 INSTANTIATE_TEST_SUITE_P(All, ReadingFaults, testing::ValuesIn(kReaders),
