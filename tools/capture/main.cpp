@@ -357,7 +357,8 @@ class Walker {
     Walker(desktop::QtDesktop& desktop, const QDir& folder) : desktop_(desktop), folder_(folder), stops_(Walk()) {}
 
     void Start() { Later(300); }
-    bool Done() const { return next_ >= stops_.size(); }
+    /// The last deed ends the process, so that nothing comes after it.
+    bool Done() const { return next_ + (acted_ ? 1 : 0) >= stops_.size(); }
 
    private:
     void Later(int ms) {
