@@ -66,7 +66,8 @@ QWidget* massTable(Form& form) {
         head->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
         heads->addWidget(head, 1, link - 1);
     }
-    heads->setContentsMargins(kInset, 0, kInset, 0);
+    // The column of units is empty here, and has no gap before it.
+    heads->setContentsMargins(kInset, 0, kInset + kGap, 0);
     table->addLayout(heads);
 
     group(
@@ -81,8 +82,16 @@ QWidget* massTable(Form& form) {
     QGridLayout* torques = group(form, "fra_Torque", {{"lbl_Torque", "txt_Torque", "lbl_TorqueUnit", kAlone}});
     torques->addWidget(form.widget("chk_Torque"), torques->rowCount(), 1, 1, 4, Qt::AlignLeft);
     group(form, "fra_Frict", {{"lbl_Frict", "txt_Frict", "lbl_ForceUnit", 2}});
-    for (const char* frame : {"fra_Mass", "fra_CG", "fra_Force", "fra_ForceAt", "fra_Torque", "fra_Frict"})
-        table->addWidget(form.widget(frame));
+    for (const char* frame : {"fra_Mass", "fra_CG", "fra_Force", "fra_ForceAt", "fra_Torque"})
+        table->addWidget(form.widget(frame), 2);
+    table->addWidget(form.widget("fra_Frict"), 1);
+    QHBoxLayout* solve = row();
+    solve->addWidget(note(form.widget("lbl_Note")));
+    solve->addStretch(1);
+    solve->addWidget(form.widget("cmd_Solve"));
+    solve->addWidget(form.widget("cmd_Matrix"));
+    for (const char* button : {"cmd_Solve", "cmd_Matrix"}) form.widget(button)->setMinimumWidth(kActionWidth);
+    table->addLayout(solve);
     QWidget* all = around(form.centralWidget(), table);
     all->setMaximumWidth(kTableWidth);
     return all;
@@ -147,18 +156,10 @@ void layoutMassProp(Form& form, QWidget* room) {
     middle->addWidget(massTable(form), 1000);
     middle->addStretch(1);
 
-    QHBoxLayout* solve = row();
-    solve->addWidget(note(form.widget("lbl_Note")));
-    solve->addStretch(1);
-    solve->addWidget(form.widget("cmd_Solve"));
-    solve->addWidget(form.widget("cmd_Matrix"));
-    for (const char* button : {"cmd_Solve", "cmd_Matrix"}) form.widget(button)->setMinimumWidth(kActionWidth);
-
     QVBoxLayout* all = page(room);
     QHBoxLayout* foot = row();
     addWays(form, foot, "cmd_Print", "cmd_Cancel", "cmd_Done");
-    all->addLayout(middle);
-    all->addLayout(solve);
+    all->addLayout(middle, 2);
     all->addStretch(1);
     all->addLayout(foot);
 }
@@ -187,7 +188,7 @@ void layoutMatrix(Form& form, QWidget* room) {
         for (QGridLayout* grid : {matrix, vector}) grid->setRowStretch(line, 1);
     }
     // The heads of the matrix take as much of the height as nothing beside them.
-    vector->addItem(new QSpacerItem(0, form.widget("lbl_Var", 1)->sizeHint().height()), 0, 0);
+    vector->setRowMinimumHeight(0, form.widget("lbl_Var", 1)->sizeHint().height() + kGap);
     vector->setColumnMinimumWidth(1, kCell);
     vector->setColumnStretch(1, 1);
     form.frame("fra_A")->setContent(matrix);
