@@ -35,7 +35,8 @@ QGridLayout* tableColumns(const QWidget* font) {
 /// A quantity: its name, its box for each link, its unit once at the row's end.
 void addQuantity(Form& form, QGridLayout* grid, const char* name, const char* boxes, QWidget* unit) {
     const int line = grid->rowCount();
-    grid->addWidget(labelOf(form.widget(name), form.widget(boxes, kFirstLink + 1)), line, 0);
+    // The words are of all boxes of the row; each is known by its own tip.
+    grid->addWidget(labelOf(form.widget(name), nullptr), line, 0);
     for (int link = kFirstLink; link <= kLastLink; ++link)
         grid->addWidget(numberBox(form.widget(boxes, link), kDigits), line, link - 1);
     grid->addWidget(unit, line, 4, Qt::AlignLeft | Qt::AlignVCenter);

@@ -191,6 +191,26 @@ TEST_F(ScreensTest, Tab_goes_down_the_columns_of_the_input_screen_and_to_the_cho
     EXPECT_EQ(TabOrder(qt.formOf(Screens::Get("frm_Inputnew")), "txt_Linkout_1"), expected);
 }
 
+TEST_F(ScreensTest, Tab_goes_along_the_rows_of_masses_and_loads_and_then_to_the_solution) {
+    std::vector<std::string> expected;
+    for (const char* row : {"txt_Mass", "txt_Inertia", "txt_DistCG", "txt_AngCG", "txt_MagForce", "txt_AngForce",
+                            "txt_DistP", "txt_AngP", "txt_Torque", "txt_Frict"}) {
+        for (const char* link : {"_2", "_3", "_4"}) expected.push_back(std::string(row) + link);
+        if (row == std::string("txt_Torque")) expected.emplace_back("chk_Torque");
+    }
+    for (const char* button : {"cmd_Solve", "cmd_Matrix", "cmd_Print", "cmd_Copy", "cmd_Cancel", "cmd_Done"})
+        expected.emplace_back(button);
+    EXPECT_EQ(TabOrder(qt.formOf(Screens::Get("frm_MassProp")), "txt_Mass_2"), expected);
+}
+
+TEST_F(ScreensTest, Tab_goes_down_the_counterweights_and_then_to_the_calculation) {
+    const std::vector<std::string> expected{"txt_BerkMass_2", "txt_Radius_2",    "txt_MRproduct_2", "txt_BerkMass_4",
+                                            "txt_Radius_4",   "txt_MRproduct_4", "txt_Fluct",       "cmd_Calc",
+                                            "opt_Back_0",     "cmd_Print",       "cmd_copy",        "cmd_back",
+                                            "cmd_Done"};
+    EXPECT_EQ(TabOrder(qt.formOf(Screens::Get("frm_Balance")), "txt_BerkMass_2"), expected);
+}
+
 TEST_F(ScreensTest, Tab_goes_down_the_column_of_the_animate_screen_and_then_along_its_buttons) {
     const std::vector<std::string> expected{
         "txt_Figure",    "hsc_step",        "opt_Shift_Drag_0", "hsc_speed",      "cmb_wait",      "txt_Cycles",
