@@ -166,6 +166,8 @@ void PictureWidget::paintLines(QPainter& painter) const {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     const QFontMetricsF metrics(font);
     const QRectF place = area().adjusted(4, 4, -4, -4);
+    painter.save();
+    painter.setClipRect(area(), Qt::IntersectClip);
     painter.setFont(font);
     painter.setPen(plainColor(0));
     QPointF at = place.topLeft() + QPointF(0, metrics.ascent());
@@ -173,6 +175,7 @@ void PictureWidget::paintLines(QPainter& painter) const {
         painter.drawText(at, toQt(line));
         at.ry() += metrics.lineSpacing();
     }
+    painter.restore();
 }
 
 void PictureWidget::paintEvent(QPaintEvent*) {

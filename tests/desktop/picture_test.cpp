@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPicture>
 #include <QTemporaryDir>
 #include <cmath>
 
@@ -108,6 +109,35 @@ TEST(PaintTest, Nothing_is_painted_outside_the_square) {
     painter.end();
     EXPECT_EQ(image.pixel(48, 50), qRgb(0, 0, 255));
     EXPECT_EQ(image.pixel(152, 59), qRgb(0, 0, 255));
+}
+
+TEST(PictureWidgetTest, Lines_of_text_are_printed_within_the_picture_only) {
+    Picture picture;
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.fill();
+    widget.resize(60, 40);
+    widget.setLines({"a line that is much wider than the picture", "two", "three", "four", "five", "six"});
+    QPicture recording;
+    QPainter recorder(&recording);
+    widget.render(&recorder);
+    recorder.end();
+
+    QImage page(300, 200, QImage::Format_RGB32);
+    page.fill(Qt::green);
+    QPainter painter(&page);
+    painter.drawPicture(0, 0, recording);
+    painter.end();
+    int inked = 0;
+    for (int y = 0; y < page.height(); ++y)
+        for (int x = 0; x < page.width(); ++x) {
+            const bool within = x < 60 && y < 40;
+            if (!within) {
+                ASSERT_EQ(page.pixelColor(x, y), QColor(Qt::green)) << x << ',' << y;
+            } else if (page.pixelColor(x, y).lightness() < 100) {
+                ++inked;
+            }
+        }
+    EXPECT_GT(inked, 50);
 }
 
 TEST(PictureWidgetTest, The_picture_is_square_and_in_the_middle) {
