@@ -208,6 +208,13 @@ Stops Forces_And_Balance() {
         {"frm_Balance", "", [](Screen& s) { Pick(s, "opt_Back", 0); }},
         {"frm_Balance", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "home-forces", {}, 300},
+        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Animate"); }},
+        {"frm_Animate", "", {}, 500},
+        {"frm_Animate", "animate-forces",
+         [](Screen& s) {
+             for (int i = 0; i < 30; ++i) Press(s, "cmd_Step");
+         }},
+        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
     };
     const Stops plot = To_Selection(0, "");
     stops.insert(stops.end(), plot.begin(), plot.end());
