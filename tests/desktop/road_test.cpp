@@ -1,8 +1,5 @@
 // The whole road of a first session through real windows: start, name, home, input, animate, save, open, quit.
-#include <QAction>
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -27,7 +24,6 @@ namespace {
 class RoadTest : public DesktopTest {
    protected:
     static QString TextOf(QWidget& window, const char* box) { return Find<QLineEdit>(window, box).text(); }
-    static void Pick(QWidget& window, const char* entry) { Find<QAction>(window, entry).trigger(); }
     static bool Drawn(QWidget& window) {
         const QImage image = Find<QWidget>(window, "Picture1").grab().toImage();
         for (int y = 0; y < image.height(); ++y)
@@ -42,22 +38,6 @@ class RoadTest : public DesktopTest {
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x) inks.insert(image.pixel(x, y));
         return static_cast<int>(inks.size());
-    }
-    void ThenFile(const std::string& path) {
-        Then("file", [path](QWidget& window) {
-            window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString(path));
-            window.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
-        });
-    }
-    /// From the title to the home screen, with the message that greets there.
-    void ThenArrive() {
-        Then("frm_Title", [](QWidget& window) { Click(window, "cmd_Start"); });
-        Then("frm_User", [](QWidget& window) {
-            Type(window, "txt_UserName", QStringLiteral("A designer"));
-            QTest::keyClick(&Find<QWidget>(window, "txt_UserName"), Qt::Key_Return);
-        });
-        ThenMessage("Your default path for saved files is: " + qt.Documents_Folder() + "/VERLINK/",
-                    QStringLiteral("OK"));
     }
     void ThenQuit() {
         Then("frm_Quit", [](QWidget& window) {

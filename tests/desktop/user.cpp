@@ -1,8 +1,11 @@
 // How the user of real windows waits for his turn.
 #include "tests/desktop/user.h"
 
+#include <QAction>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -88,6 +91,24 @@ void DesktopTest::ThenMessage(const std::string& text, QString button) {
         box.reject();
     });
 }
+
+void DesktopTest::ThenFile(const std::string& path) {
+    Then("file", [path](QWidget& window) {
+        window.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromStdString(path));
+        window.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
+    });
+}
+
+void DesktopTest::ThenArrive() {
+    Then("frm_Title", [](QWidget& window) { Click(window, "cmd_Start"); });
+    Then("frm_User", [](QWidget& window) {
+        Type(window, "txt_UserName", QStringLiteral("A designer"));
+        QTest::keyClick(&Find<QWidget>(window, "txt_UserName"), Qt::Key_Return);
+    });
+    ThenMessage("Your default path for saved files is: " + qt.Documents_Folder() + "/VERLINK/", QStringLiteral("OK"));
+}
+
+void DesktopTest::Pick(QWidget& window, const char* entry) { Find<QAction>(window, entry).trigger(); }
 
 void DesktopTest::Poll() {
     if (posted_ || desktop::inPause()) return;

@@ -35,6 +35,11 @@ class DesktopTest : public testing::Test {
     /// The next window is a message with this text; the button of this text is pressed.
     void ThenMessage(const std::string& text, QString button);
 
+    /// The next window is a file dialog; that path is typed and taken.
+    void ThenFile(const std::string& path);
+    /// From the title to the home screen, with the message that greets there.
+    void ThenArrive();
+
     template <class Widget>
     static Widget& Find(QWidget& window, const char* name) {
         auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
@@ -42,6 +47,8 @@ class DesktopTest : public testing::Test {
         return *found;
     }
     static void Click(QWidget& window, const char* button);
+    /// Picks an entry of the window's menus.
+    static void Pick(QWidget& window, const char* entry);
     static void Type(QWidget& window, const char* box, const QString& text);
 
     desktop::QtDesktop qt;

@@ -172,6 +172,18 @@ TEST_F(Exports, ThePendrixFileIsWrittenAlsoWhenTheRunHasNoResults) {
     EXPECT_NEAR(std::stod(lines[15]), std::atan2(py, 2.5 - px) * 180 / std::acos(-1.0), 0.0051);
 }
 
+TEST_F(Exports, WithoutACouplerPointThereIsNoTriangleWhichIsToldAndTheFileIsWrittenAllTheSame) {
+    Run();
+    Model.Rpa = 0;
+    Set_Delta(0, Model.DeltaRad, Model.DeltaStr);
+    desktop.Expect_Message("Cannot do Law of sines - bad data - zero divisor");
+    const auto lines = Lines(Pendrix_Content());
+    ASSERT_EQ(lines.size(), 68U);
+    EXPECT_EQ(lines[8], "0");
+    EXPECT_EQ(lines[11], "2.5") << "B is the pin";
+    EXPECT_NEAR(std::stod(lines[15]), Model.RunTable.Theta(0, 0) - Model.RunTable.Theta(0, 1), 0.0051);
+}
+
 TEST_F(Exports, EntriesGoWithACalculatedModelAndTorqueNeedsNoSolve) {
     EXPECT_FALSE(home.Get<MenuEntry>("mnu_Export").Enabled);
     Run();
