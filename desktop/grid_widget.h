@@ -24,7 +24,7 @@ class GridWidget : public QWidget {
     QString selectedText() const;
 
     QSize sizeHint() const override { return {640, 420}; }
-    QSize minimumSizeHint() const override { return {320, 200}; }
+    QSize minimumSizeHint() const override { return {500, 200}; }  ///< heads of five columns are read whole
 
    protected:
     void resizeEvent(QResizeEvent* event) override;
