@@ -57,6 +57,13 @@ Single Average_Of(const TorqueTable& Torque) {
     return average;
 }
 
+// The average is that of the balanced torque, the pulses that are smoothed those of the unbalanced one.
+void Smooth_About(Single AvgTorque, Single Fluct) {
+    auto& table = Model.RunTable;
+    for (int step = 0; step <= Model.NSteps; ++step)
+        table.FlywheelTorque(step) = (table.LinkTorque(step, 0) - AvgTorque) * Fluct + AvgTorque;
+}
+
 }  // namespace
 
 void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
@@ -67,17 +74,11 @@ void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
         Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, Model.NSteps, Model.ThetaStepRad,
                  AvgTorque, NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
         Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), PosArea, NegArea, PulseCount, FirstSign, AvgTorque);
-        Smooth_Torque(Fluct, Torque);
+        Smooth_About(AvgTorque, Fluct);
     });
 }
 
-void Smooth_Torque(Single Fluct, const TorqueTable& Torque) {
-    // The average is that of the given table, the pulses that are smoothed those of the unbalanced torque.
-    const Single AvgTorque = Average_Of(Torque);
-    auto& table = Model.RunTable;
-    for (int step = 0; step <= Model.NSteps; ++step)
-        table.FlywheelTorque(step) = (table.LinkTorque(step, 0) - AvgTorque) * Fluct + AvgTorque;
-}
+void Smooth_Torque(Single Fluct, const TorqueTable& Torque) { Smooth_About(Average_Of(Torque), Fluct); }
 
 void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
               PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,
