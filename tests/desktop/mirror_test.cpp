@@ -1,6 +1,7 @@
 // Each kind of control is shown by its widget, and the hand on the widget reaches the control.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -76,6 +77,28 @@ TEST_F(MirrorTest, A_label_shows_its_caption_with_all_line_ends_alike) {
     screen.lbl_Text.Caption = " a\rb\r\nc\nd ";
     EXPECT_EQ(label.text(), " a\nb\nc\nd ");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
+}
+
+TEST_F(MirrorTest, A_label_has_its_own_colour_once_it_is_given_one) {
+    auto& label = Of<QLabel>("lbl_Text");
+    const auto text = [&] { return label.palette().color(QPalette::Active, QPalette::WindowText); };
+    EXPECT_EQ(text(), form.palette().color(QPalette::Active, QPalette::WindowText));
+    screen.lbl_Text.ForeColor = 0x0000FF;
+    EXPECT_EQ(text(), QColor(255, 0, 0));
+    screen.lbl_Text.ForeColor = 0x808080;
+    EXPECT_EQ(text(), QColor(128, 128, 128));
+}
+
+TEST_F(MirrorTest, Lines_of_text_are_painted_on_a_picture_until_they_are_taken_off) {
+    auto& picture = Of<QWidget>("Picture1");
+    const QImage empty = picture.grab().toImage();
+    screen.Picture1.Print(" Order   Pos Area   Neg Area");
+    const QImage one = picture.grab().toImage();
+    EXPECT_NE(one, empty);
+    screen.Picture1.Print("    1   8.5      -11 ");
+    EXPECT_NE(picture.grab().toImage(), one);
+    screen.Picture1.Lines = {};
+    EXPECT_EQ(picture.grab().toImage(), empty);
 }
 
 TEST_F(MirrorTest, Enabled_visible_and_tip_are_shown) {

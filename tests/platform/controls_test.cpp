@@ -69,6 +69,18 @@ class ControlsTest : public testing::Test {
     using Events = std::vector<std::string>;
 };
 
+TEST_F(ControlsTest, LinesPrintedOnAPictureStandBelowEachOther) {
+    int told = 0;
+    form.Picture1.Watcher = [&] { ++told; };
+    form.Picture1.Print("first");
+    form.Picture1.Print("");
+    form.Picture1.Print("third");
+    EXPECT_EQ(form.Picture1.Lines.Get(), (std::vector<std::string>{"first", "", "third"}));
+    EXPECT_EQ(told, 3);
+    form.Picture1.Lines = {};
+    EXPECT_TRUE(form.Picture1.Lines.Get().empty());
+}
+
 TEST_F(ControlsTest, ATextRaisesItsEventOnceAndOnlyWhenItReallyChanges) {
     form.txt_Name.Text.Event = Note("change");
     form.txt_Name.Text = "first";
