@@ -1,6 +1,8 @@
 // One move of a shift-drag on the coupler point, again and again around a small circle.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include "screens/frm_animate.h"
 
 namespace verlink::bench {
@@ -24,5 +26,8 @@ class SmallCircle {
     double radius_;
     int count_ = 0;
 };
+
+/// The mouse goes to its next place; an error of the state when nothing was dragged by that.
+void Drag_Once(benchmark::State& state, frm_Animate& screen, SmallCircle& mouse);
 
 }  // namespace verlink::bench

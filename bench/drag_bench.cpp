@@ -33,18 +33,20 @@ Place SmallCircle::Next() {
     return {centre_.x + radius_ * std::cos(turn), centre_.y + radius_ * std::sin(turn)};
 }
 
+void Drag_Once(benchmark::State& state, frm_Animate& screen, SmallCircle& mouse) {
+    const Place place = mouse.Next();
+    const double angle = Model.DeltaRad, length = Model.Rpa;
+    screen.Picture1.OnMouseMove(1, 1, place.x, place.y);
+    if ((Model.DeltaRad == angle && Model.Rpa == length) || !Model.Calculated)
+        state.SkipWithError("nothing was dragged");
+}
+
 namespace {
 
 void Drag_Move(benchmark::State& state) {
     frm_Animate& screen = Animate_Screen(static_cast<int>(state.range(0)));
     SmallCircle mouse;
-    for (auto _ : state) {
-        const Place place = mouse.Next();
-        const double angle = Model.DeltaRad, length = Model.Rpa;
-        screen.Picture1.OnMouseMove(1, 1, place.x, place.y);
-        if ((Model.DeltaRad == angle && Model.Rpa == length) || !Model.Calculated)
-            state.SkipWithError("nothing was dragged");
-    }
+    for (auto _ : state) Drag_Once(state, screen, mouse);
     state.counters["primitives"] = static_cast<double>(screen.Picture1.Drawing().Alive());
 }
 BENCHMARK(Drag_Move)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
