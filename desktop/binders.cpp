@@ -87,6 +87,7 @@ QWidget* make(Form& form, Label& control, QWidget* parent) {
     bind(form, control, label, [label, &control, back] {
         setIfOther(label, lines(control.Caption));
         if (control.ForeColor != kStyleColor) label->setFore(plainColor(control.ForeColor));
+        label->setAnchor(control.At);
         back();
     });
     form.restyle.emplace_back(back);
@@ -106,6 +107,10 @@ QWidget* make(Form& form, Frame& control, QWidget* parent) {
 
 /// What is typed into is yellow unless the program says otherwise.
 Color boxColor(const Visual& control) { return control.BackColor == kStyleColor ? kYellow : control.BackColor.Get(); }
+/// What the program alone writes into is cyan likewise.
+Color boxColor(const TextBox& control) {
+    return control.Locked && control.BackColor == kStyleColor ? kCyan : boxColor(static_cast<const Visual&>(control));
+}
 
 QWidget* make(Form& form, TextBox& control, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
@@ -114,6 +119,7 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
         const bool other = edit->text() != toQt(control.Text);
         setIfOther(edit, toQt(control.Text));
         if (other && !edit->hasFocus()) edit->setCursorPosition(0);  // a long text shows its beginning
+        if (edit->isReadOnly() != control.Locked) edit->setReadOnly(control.Locked);
         back();
         if (control.SelectedAll && !selected) {
             edit->selectAll();

@@ -31,6 +31,12 @@ void Caption::setFore(const QColor& color) {
     setPalette(own);
 }
 
+void Caption::setAnchor(const std::optional<platform::Anchor>& anchor) {
+    if (anchor == anchor_) return;
+    anchor_ = anchor;
+    updateGeometry();
+}
+
 void Caption::setQuiet() {
     quiet_ = true;
     const QColor shade = quietText(parentWidget() ? parentWidget()->palette() : QApplication::palette());

@@ -3,6 +3,9 @@
 
 #include <QColor>
 #include <QLabel>
+#include <optional>
+
+#include "platform/label_places.h"
 
 namespace verlink::desktop {
 
@@ -19,6 +22,9 @@ class Caption : public QLabel {
     /// Is there a box around no text?
     void setBoxWhenEmpty(bool shown);
     QColor back() const { return back_; }
+    /// Where the label belongs on the picture that it lies upon; a pane places it (desktop/diagram_pane.h).
+    void setAnchor(const std::optional<platform::Anchor>& anchor);
+    const std::optional<platform::Anchor>& anchor() const { return anchor_; }
     /// The text stands back a little, in a shade of the window's own colours.
     void setQuiet();
 
@@ -31,6 +37,7 @@ class Caption : public QLabel {
     Look look_ = Look::kPlain;
     QColor back_;
     bool box_when_empty_ = true;
+    std::optional<platform::Anchor> anchor_;
 };
 
 }  // namespace verlink::desktop

@@ -35,6 +35,10 @@ Layout layoutFor(const std::string& screen) {
         {"frm_PlotType", layoutPlotType},
         {"frm_PrintData", layoutPrintData},
         {"frm_PrintSelect", layoutPrintSelect},
+        {"frm_Cayley", layoutCayley},
+        {"frm_Synth2A", layoutSynth2A},
+        {"frm_Synth2B", layoutSynth2B},
+        {"frm_Synth3", layoutSynth3},
         {"frm_Title", layoutTitle},
         {"frm_User", layoutUser},
     };

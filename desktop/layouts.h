@@ -19,6 +19,7 @@ Layout layoutFor(const std::string& screen);
 /// All controls under one another in a scrolling column.
 void layoutPlain(Form& form, QWidget* room);
 
+void layoutCayley(Form& form, QWidget* room);
 void layoutFFT(Form& form, QWidget* room);
 void layoutBalance(Form& form, QWidget* room);
 void layoutMassProp(Form& form, QWidget* room);
@@ -42,6 +43,9 @@ void layoutHelp(Form& form, QWidget* room);
 void layoutHomeScreen(Form& form, QWidget* room);
 void layoutInputnew(Form& form, QWidget* room);
 void layoutQuit(Form& form, QWidget* room);
+void layoutSynth2A(Form& form, QWidget* room);
+void layoutSynth2B(Form& form, QWidget* room);
+void layoutSynth3(Form& form, QWidget* room);
 void layoutTitle(Form& form, QWidget* room);
 void layoutUser(Form& form, QWidget* room);
 

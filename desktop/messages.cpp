@@ -69,6 +69,7 @@ Answer showMessage(QWidget* parent, const platform::Message& message) {
     box.setWindowTitle(message.title.empty() ? QStringLiteral("Verlink") : toQt(message.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(lines(message.text));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setIcon(iconOf(message.icon));
     const std::vector<Choice> choices = choicesOf(message.buttons);
     for (const Choice& choice : choices) box.addButton(choice.button);

@@ -33,6 +33,7 @@ class PictureWidget : public QWidget {
     void fill();
     /// Text over the picture, from its top left corner down, in a font of one width.
     void setLines(const std::vector<std::string>& lines);
+    const platform::Picture& picture() const { return picture_; }
     /// The place of the picture within the widget.
     QRectF area() const;
     /// Paints at once if the picture has changed since the last painting.

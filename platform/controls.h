@@ -4,12 +4,14 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/label_places.h"
 #include "platform/picture.h"
 #include "platform/surface.h"
 
@@ -104,6 +106,8 @@ class Label : public Visual {
     Label(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
     Property<std::string> Caption;
     Property<Color> ForeColor{*this, kStyleColor};  ///< of the text
+    /// Where it belongs on the picture that it lies upon, if it lies on one.
+    Property<std::optional<Anchor>> At{*this, std::nullopt};
 };
 
 /// A group with a title.
@@ -117,7 +121,8 @@ class Frame : public Visual {
 class TextBox : public Visual {
    public:
     TextBox(Screen& owner, std::string name, std::string text = "", int index = kNoIndex);
-    Property<std::string> Text;  ///< its Event is the Change event
+    Property<std::string> Text;           ///< its Event is the Change event
+    Property<bool> Locked{*this, false};  ///< the program alone writes into it; the text can be selected
     std::function<void()> OnReturn;
     /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
     void SelectAll();

@@ -362,13 +362,7 @@ void frm_Animate::cmd_Done_Click() {
 }
 
 void frm_Animate::cmd_PlotPrint_Click() {
-    Guarded("frm_Animate.cmd_PlotPrint", [&] {
-        Integer Result;
-        Print_Note(Result);
-        if (Result != static_cast<int>(platform::Answer::kYes)) return;
-        CommonDialog1.ShowPrinter();
-        platform::The_Desktop().Print_Screen(*this);
-    });
+    Guarded("frm_Animate.cmd_PlotPrint", [&] { Ask_And_Print(*this, CommonDialog1, Print_Note); });
 }
 
 void frm_Animate::hsc_step_Change() {

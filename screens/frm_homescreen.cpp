@@ -53,9 +53,7 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     Picture1.Visible = false;
     for (int flag = 0; flag <= 8; ++flag) lbl_Status[flag].Visible = false;
     for (Button* button : {&cmd_Animate, &cmd_Plot, &cmd_Print, &cmd_Dynamics, &cmd_Balance}) button->Enabled = false;
-    for (MenuEntry* entry :
-         {&mnu_New, &mnu_Save, &mnu_Saveas, &mnu_Export, &mnu_Grashof, &mnu_Hoekens, &mnu_Roberts, &mnu_Watts,
-          &mnu_Cheby, &mnu_Syntest, &mnu_Cayley, &mnu_Twopos1, &mnu_Twopos2, &mnu_Unspec, &mnu_Spec, &mnu_CalcFFT})
+    for (MenuEntry* entry : {&mnu_New, &mnu_Save, &mnu_Saveas, &mnu_Export, &mnu_Cayley, &mnu_CalcFFT})
         entry->Enabled = false;
     for (const auto& entry : mnu_Cog) entry->Enabled = false;
 
@@ -78,6 +76,18 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Quit.OnClick = [this] { cmd_Quit_Click(); };
     mnu_pick.On(&MenuEntry::OnClick, [this](int index) { mnu_pick_Click(index); });
     mnu_CalcFFT.OnClick = [this] { mnu_CalcFFT_Click(); };
+    mnu_Grashof.OnClick = [this] { mnu_Grashof_Click(); };
+    mnu_Hoekens.OnClick = [this] { mnu_Hoekens_Click(); };
+    mnu_Roberts.OnClick = [this] { mnu_Roberts_Click(); };
+    mnu_Watts.OnClick = [this] { mnu_Watts_Click(); };
+    mnu_Cheby.OnClick = [this] { mnu_Cheby_Click(); };
+    mnu_Syntest.OnClick = [this] { mnu_Syntest_Click(); };
+    mnu_Cog.On(&MenuEntry::OnClick, [this](int index) { mnu_Cog_Click(index); });
+    mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
+    mnu_Twopos1.OnClick = [this] { mnu_Twopos1_Click(); };
+    mnu_Twopos2.OnClick = [this] { mnu_Twopos2_Click(); };
+    mnu_Unspec.OnClick = [this] { mnu_Unspec_Click(); };
+    mnu_Spec.OnClick = [this] { mnu_Spec_Click(); };
     mnu_UserName.OnClick = [this] { mnu_UserName_Click(); };
     mnu_FilePath.OnClick = [this] { mnu_FilePath_Click(); };
     mnu_AppPath.OnClick = [this] { mnu_AppPath_Click(); };

@@ -148,6 +148,18 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_New_Click();
     void mnu_pick_Click(int Index);
     void mnu_CalcFFT_Click();
+    void mnu_Grashof_Click();
+    void mnu_Hoekens_Click();
+    void mnu_Roberts_Click();
+    void mnu_Watts_Click();
+    void mnu_Cheby_Click();
+    void mnu_Syntest_Click();
+    void mnu_Cog_Click(int Index);
+    void mnu_Cayley_Click();
+    void mnu_Twopos1_Click();
+    void mnu_Twopos2_Click();
+    void mnu_Unspec_Click();
+    void mnu_Spec_Click();
     void mnu_UserName_Click();
     void mnu_FilePath_Click();
     void mnu_AppPath_Click();
@@ -158,6 +170,9 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_About_Click();
 
    private:
+    /// A built-in linkage, calculated, on the input screen; then inches, whatever was in force.
+    void Show_Example(const std::string& entry, void (*example)(), bool read_back);
+    void Use_Inches();
     void Show_Linkage();
     void Note_Status_Width();
 };

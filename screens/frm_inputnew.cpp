@@ -23,9 +23,6 @@ frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
     cmd_Done.Enabled = false;
     fra_toggle.Visible = false;
 
-    const bool cognates = platform::Screens::Knows("frm_Cayley");
-    for (auto& entry : mnu_Cog) entry->Enabled = cognates;
-    mnu_Cayley.Enabled = cognates;
     Set_Palette();
     for (auto& box : txt_Linkout) box->BackColor = Model.ColorYellow;
     for (int derived : {0, 6}) txt_Linkout[derived].BackColor = Model.ColorCyan;

@@ -471,16 +471,21 @@ void frm_Inputnew::Timer1_Timer() {
 
 // Other screens.
 
-void frm_Inputnew::mnu_Cog_Click(int) {
-    if (Model.Parallelogram) Tell(kParallelogramMessage, Icon::kInformation);
+void frm_Inputnew::mnu_Cog_Click(int Index) {
+    Guarded("frm_Input.mnu_Cog", [this, Index] {
+        if (Refuse_Parallelogram()) return;
+        Switch_Cognate(Index);
+        // The boxes hold the cognate from here on, and there is no run of it yet.
+        Filling filling(*this);
+        Put_Linkage_Geometry(*this);
+        Edited = false;
+        Invalidate();
+    });
 }
 
 void frm_Inputnew::mnu_Cayley_Click() {
     Guarded("frm_Input.mnu_Cayley", [] {
-        if (Model.Parallelogram)
-            Tell(kParallelogramMessage, Icon::kInformation);
-        else if (Screens::Knows("frm_Cayley"))
-            Show_Centered("frm_Cayley");
+        if (!Refuse_Parallelogram()) Show_Centered("frm_Cayley");
     });
 }
 
@@ -516,13 +521,7 @@ void frm_Inputnew::cmd_Animate_Click() {
 void frm_Inputnew::cmd_Cancel_Click() { Leave(); }
 
 void frm_Inputnew::cmd_PlotPrint_Click() {
-    Guarded_Unless_Cancelled("frm_Input.Print", [this] {
-        Integer Result = 0;
-        Print_Note(Result);
-        if (Result != static_cast<int>(platform::Answer::kYes)) return;
-        CommonDialog1.ShowPrinter();
-        platform::The_Desktop().Print_Screen(*this);
-    });
+    Guarded_Unless_Cancelled("frm_Input.Print", [this] { Ask_And_Print(*this, CommonDialog1, Print_Note); });
 }
 
 }  // namespace verlink

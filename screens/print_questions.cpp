@@ -34,14 +34,16 @@ void Print_Warning(Integer& Result) {
         Result);
 }
 
+void Ask_And_Print(platform::Screen& screen, platform::CommonDialog& dialog, void (*question)(Integer& Result)) {
+    Integer answer;
+    question(answer);
+    if (answer != static_cast<int>(platform::Answer::kYes)) return;
+    dialog.ShowPrinter();
+    platform::The_Desktop().Print_Screen(screen);
+}
+
 void Print_Form(platform::Screen& screen, platform::CommonDialog& dialog, const std::string& handler) {
-    Guarded_Unless_Cancelled(handler, [&] {
-        Integer answer;
-        Print_Warning(answer);
-        if (answer != static_cast<int>(platform::Answer::kYes)) return;
-        dialog.ShowPrinter();
-        platform::The_Desktop().Print_Screen(screen);
-    });
+    Guarded_Unless_Cancelled(handler, [&] { Ask_And_Print(screen, dialog, Print_Warning); });
 }
 
 void Tell_How_To_Copy() {

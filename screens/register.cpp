@@ -7,6 +7,7 @@
 #include "screens/frm_about.h"
 #include "screens/frm_animate.h"
 #include "screens/frm_balance.h"
+#include "screens/frm_cayley.h"
 #include "screens/frm_fft.h"
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
@@ -27,6 +28,9 @@
 #include "screens/frm_printdata.h"
 #include "screens/frm_printselect.h"
 #include "screens/frm_quit.h"
+#include "screens/frm_synth2a.h"
+#include "screens/frm_synth2b.h"
+#include "screens/frm_synth3.h"
 #include "screens/frm_title.h"
 #include "screens/frm_user.h"
 
@@ -45,6 +49,7 @@ void Register_Screens() {
     Register_One<frm_About>("frm_About");
     Register_One<frm_Animate>("frm_Animate");
     Register_One<frm_Balance>("frm_Balance");
+    Register_One<frm_Cayley>("frm_Cayley");
     Register_One<frm_FFT>("frm_FFT");
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
@@ -65,6 +70,9 @@ void Register_Screens() {
     Register_One<frm_PrintData>("frm_PrintData");
     Register_One<frm_PrintSelect>("frm_PrintSelect");
     Register_One<frm_Quit>("frm_Quit");
+    Register_One<frm_Synth2A>("frm_Synth2A");
+    Register_One<frm_Synth2B>("frm_Synth2B");
+    Register_One<frm_Synth3>("frm_Synth3");
     Register_One<frm_Title>("frm_Title");
     Register_One<frm_User>("frm_User");
 }

@@ -112,4 +112,10 @@ void DrawCayley() {
     });
 }
 
+std::array<std::complex<double>, 4> Cayley_Corners() {
+    const Diagram at = Laid_Out();
+    const auto seen = [&at](Spot spot) { return std::complex<double>(spot.x - at.P.x, at.P.y - spot.y); };
+    return {seen(at.O2), seen(at.O4), seen(at.O6), seen(at.P)};
+}
+
 }  // namespace verlink

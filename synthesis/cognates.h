@@ -1,6 +1,9 @@
 // The two other linkages that trace the same coupler curve (Roberts and Chebyschev), and Cayley's diagram of all.
 #pragma once
 
+#include <array>
+#include <complex>
+
 #include "core/number.h"
 #include "core/record/synthesis.h"
 #include "platform/screen.h"
@@ -29,5 +32,8 @@ bool Refuse_Parallelogram();
 
 /// All three cognates on `Picture1` of `frm_Cayley`, from `CayleyRows`.
 void DrawCayley();
+
+/// Where the diagram has O2, O4, O6 and the coupler point, in that order, in world coordinates of its surface.
+std::array<std::complex<double>, 4> Cayley_Corners();
 
 }  // namespace verlink

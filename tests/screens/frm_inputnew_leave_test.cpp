@@ -1,5 +1,7 @@
 // The ways out of the input screen, its printing, its help, and its cognates.
 #include "core/classification.h"
+#include "core/numeric.h"
+#include "core/text.h"
 #include "screens/frm_help.h"
 #include "tests/screens/frm_inputnew_fixture.h"
 
@@ -184,9 +186,73 @@ TEST_F(Leave, AParallelogramHasNoCognates) {
     });
 }
 
-TEST_F(Leave, CognatesAreOffWhileTheirScreenIsMissing) {
-    for (auto& entry : input.mnu_Cog) EXPECT_FALSE(entry->Enabled);
-    EXPECT_FALSE(input.mnu_Cayley.Enabled);
+TEST_F(Leave, ACognateOfTheMenuStandsInTheBoxesAndWaitsForItsCalculation) {
+    Show([&] {
+        Calculate_Now();
+        Model.Synthesized = Model.DynamicsDone = Model.BalanceDone = true;
+        Pick_Menu(input, "mnu_Cog", 2);
+        EXPECT_EQ(Model.CognateNumber, 2);
+        EXPECT_TRUE(Model.CognateEdit);
+        EXPECT_EQ(Model.L2, Model.Cognates(2, 2));
+        EXPECT_EQ(Model.LinkArray(2), Model.L2);
+        EXPECT_EQ(Val(input.txt_Linkout[1].Text.Get()), FNRound(Model.L2, 3));
+        EXPECT_EQ(Val(input.txt_Linkout[4].Text.Get()), FNRound(Model.Rpa, 3));
+        EXPECT_FALSE(input.mnu_Cog[1].Checked);
+        EXPECT_TRUE(input.mnu_Cog[2].Checked);
+        for (const bool flag : {Model.Calculated, Model.Synthesized, Model.DynamicsDone, Model.BalanceDone})
+            EXPECT_FALSE(flag);
+        Expect_Ways_On(false, false);
+        EXPECT_TRUE(Picture_Is_Empty());
+        EXPECT_TRUE(input.Visible());
+    });
+}
+
+TEST_F(Leave, ACalculationOfACognateKeepsItsNumberAndItsFellows) {
+    Show([&] {
+        Calculate_Now();
+        const Single first = Model.Cognates(1, 2);
+        Pick_Menu(input, "mnu_Cog", 3);
+        Calculate_Now();
+        EXPECT_EQ(Model.CognateNumber, 3);
+        EXPECT_EQ(Model.Cognates(1, 2), first);
+        Pick_Menu(input, "mnu_Cog", 1);
+        EXPECT_EQ(Model.L2, first);
+        EXPECT_FALSE(Model.CognateEdit);
+    });
+}
+
+TEST_F(Leave, AnEditedCognateIsALinkageOfItsOwn) {
+    Without_Autocalc();
+    Show([&] {
+        Calculate_Now();
+        Pick_Menu(input, "mnu_Cog", 2);
+        Enter_Link(1, "1.2");
+        EXPECT_EQ(Model.CognateNumber, 1);
+        EXPECT_FALSE(Model.CognateEdit);
+        Calculate_Now();
+        EXPECT_EQ(Model.Cognates(1, 2), Single(1.2));
+        EXPECT_TRUE(input.mnu_Cog[1].Checked);
+    });
+}
+
+TEST_F(Leave, TheCayleyDiagramComesUpFromTheMenu) {
+    Show([&] {
+        desktop.Expect_Screen("frm_Cayley", Hide_It);
+        Pick_Menu(input, "mnu_Cayley");
+    });
+}
+
+TEST_F(Leave, ACognateTakenOnTheDiagramIsInTheBoxesAfterwards) {
+    Show([&] {
+        desktop.Expect_Screen("frm_Cayley", [](Screen& cayley) {
+            Choose_Option(cayley, "opt_Cognate", 2);
+            Press(cayley, "cmd_Done");
+        });
+        Pick_Menu(input, "mnu_Cayley");
+        EXPECT_EQ(Model.CognateNumber, 3);
+        EXPECT_EQ(Val(input.txt_Linkout[2].Text.Get()), FNRound(Model.Cognates(3, 3), 3));
+        EXPECT_TRUE(input.mnu_Cog[3].Checked);
+    });
 }
 
 }  // namespace

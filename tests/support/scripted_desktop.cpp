@@ -160,7 +160,7 @@ void Press(Screen& screen, const std::string& button, int index) {
 void Type(Screen& screen, const std::string& box, int index, const std::string& text) {
     auto& control = screen.Text(box, index);
     control.SetFocus();
-    control.Text = text;
+    if (!control.Locked) control.Text = text;
 }
 
 void Enter(Screen& screen, const std::string& box, int index, const std::string& text) {

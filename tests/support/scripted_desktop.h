@@ -100,7 +100,7 @@ class ScriptedDesktop : public platform::Desktop {
 
 /// Goes to the button (the box left gets its LostFocus event) and clicks it, if it is enabled and visible.
 void Press(platform::Screen& screen, const std::string& button, int index = platform::kNoIndex);
-/// Goes to the box and replaces its text; leaving it is up to the next action.
+/// Goes to the box and replaces its text, unless it is locked; leaving it is up to the next action.
 void Type(platform::Screen& screen, const std::string& box, int index, const std::string& text);
 /// `Type` and then Return.
 void Enter(platform::Screen& screen, const std::string& box, int index, const std::string& text);

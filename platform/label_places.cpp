@@ -1,0 +1,180 @@
+// Each label in turn takes the cheapest of the places around its anchor, given where the others are, a few times over.
+#include "platform/label_places.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <numbers>
+
+#include "platform/picture.h"
+
+namespace verlink::platform {
+
+namespace {
+
+constexpr double kCell = 2;    ///< pixels of a cell of the map of what is drawn
+constexpr double kMargin = 2;  ///< pixels of air around a label
+constexpr double kEdge = 3;    ///< pixels of air along the edges of the picture
+constexpr int kDirections = 24;
+constexpr double kDistances[] = {3, 7, 12, 18, 26, 36, 48, 62, 80, 100};
+constexpr int kRounds = 5;
+
+// What a place costs, in pixels of distance from the anchor that it is worth.
+constexpr double kPerInkCell = 7;
+constexpr double kPerOverlap = 1.5;    ///< of each square pixel that two labels share
+constexpr double kPerCellBetween = 6;  ///< of what is drawn between a label and its anchor
+constexpr double kAstray = 14;         ///< for the direction opposite to the wished one
+
+struct Rect {
+    double left, top, right, bottom;
+};
+
+/// Which cells of the picture have something drawn in them, summed up from the top left corner.
+class Ink {
+   public:
+    Ink(const Picture& picture, double side) : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
+        const auto wide = static_cast<std::size_t>(cells_) + 1;
+        sums_.assign(wide * wide, 0);
+        const double per_x = side / (picture.Right() - picture.Left());
+        const double per_y = side / (picture.Bottom() - picture.Top());
+        const auto x_of = [&](double x) { return (x - picture.Left()) * per_x; };
+        const auto y_of = [&](double y) { return (y - picture.Top()) * per_y; };
+        for (const auto& drawn : picture.Primitives()) {
+            if (!drawn.alive || drawn.color == picture.Back()) continue;
+            const double x = x_of(drawn.x1), y = y_of(drawn.y1);
+            switch (drawn.kind) {
+                case Picture::Primitive::Kind::kSegment: Segment(x, y, x_of(drawn.x2), y_of(drawn.y2)); break;
+                case Picture::Primitive::Kind::kCircle: Circle(x, y, drawn.x2 * std::abs(per_x)); break;
+                case Picture::Primitive::Kind::kDot: Dot(x, y); break;
+            }
+        }
+        for (int row = 1; row <= cells_; ++row)
+            for (int column = 1; column <= cells_; ++column)
+                Sum(row, column) += Sum(row - 1, column) + Sum(row, column - 1) - Sum(row - 1, column - 1);
+    }
+
+    /// Cells within the rectangle that have something in them.
+    int Within(const Rect& rect) const {
+        const auto cell = [this](double value) { return std::clamp(static_cast<int>(value / kCell), 0, cells_); };
+        const int left = cell(rect.left), top = cell(rect.top);
+        const int right = cell(rect.right + kCell), bottom = cell(rect.bottom + kCell);
+        return Sum(bottom, right) - Sum(top, right) - Sum(bottom, left) + Sum(top, left);
+    }
+
+    /// Cells with something in them on the way from one point to another, but for the first few pixels.
+    int Between(double x1, double y1, double x2, double y2) const {
+        constexpr double kOwn = 5;
+        const double length = std::hypot(x2 - x1, y2 - y1);
+        int met = 0;
+        for (double walked = kOwn; walked < length; walked += kCell) {
+            const double x = x1 + (x2 - x1) * walked / length, y = y1 + (y2 - y1) * walked / length;
+            met += Within({x, y, x - kCell / 2, y - kCell / 2});
+        }
+        return met;
+    }
+
+   private:
+    int& Sum(int row, int column) { return sums_[Index(row, column)]; }
+    int Sum(int row, int column) const { return sums_[Index(row, column)]; }
+    std::size_t Index(int row, int column) const {
+        return static_cast<std::size_t>(row) * (static_cast<std::size_t>(cells_) + 1) +
+               static_cast<std::size_t>(column);
+    }
+
+    void Dot(double x, double y) {
+        const double last = cells_ * kCell;
+        if (!(x >= 0 && y >= 0 && x < last && y < last)) return;
+        Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
+    }
+    void Segment(double x1, double y1, double x2, double y2) {
+        // What lies far outside is not walked along.
+        const double reach = 4 * cells_ * kCell;
+        for (double* value : {&x1, &y1, &x2, &y2}) *value = std::clamp(*value, -reach, reach);
+        const int steps = static_cast<int>(std::hypot(x2 - x1, y2 - y1) / (kCell / 2)) + 1;
+        for (int i = 0; i <= steps; ++i) {
+            const double part = static_cast<double>(i) / steps;
+            Dot(x1 + (x2 - x1) * part, y1 + (y2 - y1) * part);
+        }
+    }
+    void Circle(double x, double y, double radius) {
+        const double reach = std::min(radius, 4 * cells_ * kCell);
+        const int steps = static_cast<int>(reach * 2 * std::numbers::pi / (kCell / 2)) + 4;
+        for (int i = 0; i < steps; ++i) {
+            const double angle = 2 * std::numbers::pi * i / steps;
+            Dot(x + radius * std::cos(angle), y + radius * std::sin(angle));
+        }
+    }
+
+    int cells_;
+    std::vector<int> sums_;
+};
+
+struct Candidate {
+    Rect rect;
+    double cost;  ///< without regard to the other labels
+};
+
+double Shared(const Rect& a, const Rect& b) {
+    const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
+    const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
+    return wide > 0 && high > 0 ? wide * high : 0;
+}
+
+std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink& ink) {
+    const double x = wish.at.across * side, y = wish.at.down * side;
+    const double length = std::hypot(wish.at.right, wish.at.below);
+    const double wished = length > 0 ? std::atan2(wish.at.below, wish.at.right) : 0;
+    const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
+    std::vector<Candidate> all;
+    for (const double distance : kDistances)
+        for (int i = 0; i < kDirections; ++i) {
+            const double turn = 2 * std::numbers::pi * i / kDirections;
+            const double c = std::cos(wished + turn), s = std::sin(wished + turn);
+            // The middle of the label, so that its nearest edge is that far away.
+            const double away = distance + std::min(std::abs(c) > 1e-9 ? wide / 2 / std::abs(c) : high,
+                                                    std::abs(s) > 1e-9 ? high / 2 / std::abs(s) : wide);
+            const auto within = [side](double from, double extent) {
+                return std::clamp(from, kEdge, std::max(kEdge, side - kEdge - extent));
+            };
+            const double left = within(x + away * c - wide / 2, wide);
+            const double top = within(y + away * s - high / 2, high);
+            const Rect rect{left, top, left + wide, top + high};
+            const double near_x = std::clamp(x, rect.left, rect.right);
+            const double near_y = std::clamp(y, rect.top, rect.bottom);
+            const double cost = std::hypot(near_x - x, near_y - y) + kPerInkCell * ink.Within(rect) +
+                                kPerCellBetween * ink.Between(x, y, near_x, near_y) +
+                                (length > 0 ? kAstray * (1 - std::cos(turn)) / 2 : 0);
+            all.push_back({rect, cost});
+        }
+    return all;
+}
+
+}  // namespace
+
+std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes) {
+    const Ink ink(picture, side);
+    std::vector<std::vector<Candidate>> candidates;
+    for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));
+
+    std::vector<Rect> taken(wishes.size(), Rect{0, 0, 0, 0});
+    for (int round = 0; round < kRounds; ++round)
+        for (std::size_t i = 0; i < wishes.size(); ++i) {
+            double least = 0;
+            const Candidate* best = nullptr;
+            for (const Candidate& candidate : candidates[i]) {
+                double cost = candidate.cost;
+                for (std::size_t j = 0; j < taken.size(); ++j)
+                    if (j != i) cost += kPerOverlap * Shared(candidate.rect, taken[j]);
+                if (best && cost >= least) continue;
+                least = cost;
+                best = &candidate;
+            }
+            taken[i] = best->rect;
+        }
+
+    std::vector<LabelPlace> places;
+    for (const Rect& rect : taken) places.push_back({rect.left + kMargin, rect.top + kMargin});
+    return places;
+}
+
+}  // namespace verlink::platform

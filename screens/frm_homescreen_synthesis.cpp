@@ -1,0 +1,118 @@
+// The hub's menus of examples, cognates and synthesis.
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/runs.h"
+#include "core/screen_geometry.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "dynamics/units.h"
+#include "screens/frm_homescreen.h"
+#include "shell/failure_report.h"
+#include "synthesis/cognates.h"
+#include "synthesis/examples.h"
+
+namespace verlink {
+
+namespace {
+
+/// The limits as the boxes of the input screen hold them.
+void Read_Back_Limits() {
+    platform::Screen& input = platform::Screens::Get("frm_Inputnew");
+    Single* const numbers[] = {&Model.ThetaStart, &Model.ThetaEnd, &Model.ThetaStep, &Model.Omega2Input};
+    std::string* const texts[] = {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr};
+    for (int i = 0; i < 4; ++i) {
+        const std::string& text = input.Text("txt_initial", i).Text;
+        *numbers[i] = Val(text);
+        if (i < 3) *texts[i] = text;
+    }
+}
+
+/// What was known of the linkage before, in memory and on disk, is not known of a new one.
+void Drop_Results() {
+    Model.DynamicsDone = false;
+    Model.BalanceDone = false;
+    Model.SavedFlag = false;
+}
+
+void Show_Synthesis(const std::string& entry, const char* screen, int positions, bool pivots) {
+    Guarded("frm_Homescreen." + entry, [&] {
+        Model.SynPositions = positions;
+        Model.SpecifiedPivots = pivots;
+        Show_Centered(screen);
+    });
+}
+
+}  // namespace
+
+void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)(), bool read_back) {
+    Guarded("frm_Homescreen." + entry, [&] {
+        example();
+        if (read_back) Read_Back_Limits();
+        Model.Calctype = 3;
+        Integer Result = kRetrying;
+        Crankangle(Result);
+        Model.Calculated = true;
+        Drop_Results();
+        SeedCognate();
+        // The input screen comes up before the units change: the numbers are inches, and are not converted.
+        cmd_Input_Click();
+        Use_Inches();
+        Refresh_Status();
+        Set_Menus();
+    });
+}
+
+void frm_HomeScreen::Use_Inches() {
+    Use_Units(1);
+    mnu_pick[1].Click();
+}
+
+void frm_HomeScreen::mnu_Grashof_Click() { Show_Example("mnu_Grashof", Testlinkage_old, true); }
+void frm_HomeScreen::mnu_Hoekens_Click() { Show_Example("mnu_Hoekens", Hoekens, true); }
+void frm_HomeScreen::mnu_Roberts_Click() { Show_Example("mnu_Roberts", Roberts, true); }
+void frm_HomeScreen::mnu_Watts_Click() { Show_Example("mnu_Watts", Watts, true); }
+void frm_HomeScreen::mnu_Cheby_Click() { Show_Example("mnu_Cheby", Chebychev, false); }
+
+void frm_HomeScreen::mnu_Syntest_Click() {
+    Guarded("frm_Homescreen.mnu_Syntest", [this] {
+        Testlinkagevlnk();
+        Model.Calculated = false;
+        Drop_Results();
+        SeedCognate();
+        Model.SpecifiedPivots = true;
+        Show_Centered("frm_Synth3");
+        Use_Inches();
+        Refresh_Status();
+        Set_Menus();
+    });
+}
+
+void frm_HomeScreen::mnu_Cog_Click(int Index) {
+    Guarded("frm_Homescreen.mnu_Cog", [this, Index] {
+        if (Refuse_Parallelogram()) return;
+        Switch_Cognate(Index);
+        cmd_Input_Click();
+    });
+}
+
+void frm_HomeScreen::mnu_Cayley_Click() {
+    Guarded("frm_Homescreen.mnu_Cayley", [] {
+        if (!Refuse_Parallelogram()) Show_Centered("frm_Cayley");
+    });
+}
+
+void frm_HomeScreen::mnu_Twopos1_Click() {
+    Model.SynMethod = 1;
+    Show_Synthesis("mnu_Twopos1", "frm_Synth2A", 1, false);
+}
+
+void frm_HomeScreen::mnu_Twopos2_Click() {
+    Model.SynMethod = 2;
+    Show_Synthesis("mnu_Twopos2", "frm_Synth2B", 1, false);
+}
+
+void frm_HomeScreen::mnu_Unspec_Click() { Show_Synthesis("mnu_Unspec", "frm_Synth3", 2, false); }
+void frm_HomeScreen::mnu_Spec_Click() { Show_Synthesis("mnu_Spec", "frm_Synth3", 3, true); }
+
+}  // namespace verlink

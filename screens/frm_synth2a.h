@@ -1,0 +1,16 @@
+// Two positions, the directions of all vectors assumed: their lengths come out.
+#pragma once
+
+#include "screens/synthesis_screen.h"
+
+namespace verlink {
+
+class frm_Synth2A : public Two_Position_Screen {
+   public:
+    frm_Synth2A();
+
+   protected:
+    bool Solve() override;
+};
+
+}  // namespace verlink

@@ -1,0 +1,243 @@
+// The common ground of the synthesis screens.
+#include "screens/synthesis_screen.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "animation/engine.h"
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/screen_geometry.h"
+#include "core/status_panel.h"
+#include "core/text.h"
+#include "screens/frm_help.h"
+#include "screens/help_documents.h"
+#include "screens/print_questions.h"
+#include "shell/failure_report.h"
+#include "synthesis/dyad_diagram.h"
+#include "synthesis/dyads.h"
+
+namespace verlink {
+
+namespace {
+
+constexpr int kAngleDecimals = 2;
+
+/// The text without the marks that a formatted number has between its thousands.
+std::string Ungrouped(const std::string& text) {
+    const auto digit = [&text](std::size_t at) {
+        return at < text.size() && std::isdigit(static_cast<unsigned char>(text[at])) != 0;
+    };
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool mark =
+            text[i] == ',' && i > 0 && digit(i - 1) && digit(i + 1) && digit(i + 2) && digit(i + 3) && !digit(i + 4);
+        if (!mark) plain += text[i];
+    }
+    return plain;
+}
+
+void Show(platform::ControlArray<platform::Label>& labels, const std::string& text) {
+    for (const auto& label : labels) label->Caption = text;
+}
+
+}  // namespace
+
+Synthesis_Screen::Synthesis_Screen(const std::string& name, int positions, std::initializer_list<int> magnitudes)
+    : Screen(name),
+      lbl_Wmag(*this, "lbl_Wmag", magnitudes),
+      lbl_Zmag(*this, "lbl_Zmag", magnitudes),
+      lbl_Umag(*this, "lbl_Umag", magnitudes),
+      lbl_Smag(*this, "lbl_Smag", magnitudes),
+      positions_(positions) {
+    Set_Palette();
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+    DefaultButton = &cmd_Calc;
+    CancelButton = &cmd_Cancel;
+    cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
+    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
+    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    Label* values[] = {&lbl_Wmag[1], &lbl_Zmag[1], &lbl_Umag[1], &lbl_Smag[1], &lbl_P21mag};
+    for (int i = 0; i < 5; ++i) Follow(lbl_Symbol[i], *values[i]);
+    Label* angles[] = {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi, &lbl_Alpha2, &lbl_Beta2, &lbl_Gamma2, &lbl_Theta1[1]};
+    for (int i = 0; i < 8; ++i) Follow(lbl_Symbol[9 + i], *angles[i]);
+    Write_Tips();
+}
+
+void Synthesis_Screen::Write_Tips() {
+    txt_P21x.Tip = "X of the coupler point's way from position 1 to position 2, in the length unit shown";
+    txt_P21y.Tip = "Y of the coupler point's way from position 1 to position 2, in the length unit shown";
+    txt_Alpha2.Tip = "Turn of the coupler from position 1 to position 2, degrees";
+    txt_Beta2.Tip = "Turn of W, the left grounded link, from position 1 to position 2, degrees";
+    txt_Gamma2.Tip = "Turn of U, the right grounded link, from position 1 to position 2, degrees";
+    Image1.Tip = "The two dyads in their positions, the first one in full color";
+    cmd_Calc.Tip = "Find both dyads and the linkage that they make";
+    cmd_Print.Tip = "Print this screen; calculate first";
+    cmd_Copy.Tip = "How to copy this screen to the clipboard; calculate first";
+    cmd_Cancel.Tip = "Go back to the home screen";
+    cmd_Done.Tip = "Go on to the input screen with this linkage; calculate first";
+}
+
+void Synthesis_Screen::Bind_Boxes() {
+    for (platform::Control* control : Controls()) {
+        auto* box = dynamic_cast<TextBox*>(control);
+        if (!box) continue;
+        box->Text.Event = [this] { Allow_Results(false); };
+        box->OnGotFocus = [box] { box->SelectAll(); };
+    }
+}
+
+void Synthesis_Screen::Allow_Results(bool allowed) {
+    for (Button* button : {&cmd_Done, &cmd_Copy, &cmd_Print}) button->Enabled = allowed;
+}
+
+void Synthesis_Screen::Form_Activate() {
+    Guarded(Name() + ".Activate", [this] {
+        Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        if (helping_) return;
+        LengthFactor = Shown_Factor();
+        for (const auto& label : Label13) label->Caption = "deg";
+        for (const auto& label : lbl_Length) label->Caption = Model.UnitLabel(6);
+        for (auto* labels : {&lbl_Wmag, &lbl_Zmag, &lbl_Umag, &lbl_Smag, &lbl_Theta1}) Show(*labels, "");
+        txt_P21x.Text = Length_Text(Model.P21x);
+        txt_P21y.Text = Length_Text(Model.P21y);
+        txt_Alpha2.Text = Angle_Text(Model.SynAlpha2);
+        txt_Beta2.Text = Angle_Text(Model.SynBeta2);
+        txt_Gamma2.Text = Angle_Text(Model.SynGamma2);
+        Fill();
+        Show_Values();
+        Draw();
+        Titlebox(*this);
+        Allow_Results(false);
+        txt_P21x.SetFocus();
+    });
+}
+
+void Synthesis_Screen::Show_Values() {
+    lbl_Alpha2.Caption = txt_Alpha2.Text;
+    lbl_Beta2.Caption = txt_Beta2.Text;
+    lbl_Gamma2.Caption = txt_Gamma2.Text;
+}
+
+void Synthesis_Screen::Show_Displacement(Single x, Single y, Single& magnitude, Single& angle, Label& shown_magnitude,
+                                         Label& shown_angle) const {
+    Cart_to_Polar(x, y, magnitude, angle);
+    shown_magnitude.Caption = Length_Text(magnitude);
+    shown_angle.Caption = Angle_Text(angle);
+}
+
+void Synthesis_Screen::Draw() {
+    const DyadFigure figure = Dyads_In_Force(positions_);
+    const std::vector<DyadMark> marks = Draw_Dyads(Image1.Canvas(), figure);
+    lbl_Scale.Caption = figure.to_scale ? "To scale" : "Sketch, not to scale";
+    for (platform::Control* control : Controls()) {
+        if (control->Name() != "lbl_Symbol") continue;
+        auto& name = static_cast<Label&>(*control);
+        const std::string symbol = name.Caption.Get().substr(0, name.Caption.Get().find(' '));
+        const auto mark = std::find_if(marks.begin(), marks.end(), [&](const DyadMark& m) { return m.name == symbol; });
+        const auto follower =
+            std::find_if(followers_.begin(), followers_.end(), [&](const Follower& f) { return f.name == &name; });
+        Label* value = follower == followers_.end() ? nullptr : follower->value;
+        name.Visible = mark != marks.end();
+        if (value) value->Visible = name.Visible;
+        name.Caption = value && !value->Caption.Get().empty() ? symbol + " =" : symbol;
+        if (mark != marks.end()) name.At = mark->at;
+    }
+}
+
+void Synthesis_Screen::Assemble(Single beta3) {
+    Assemblevlnk(Model.SynPositions, Model.SynWx, Model.SynWy, Model.SynZx, Model.SynZy, Model.SynUx, Model.SynUy,
+                 Model.SynSx, Model.SynSy, Model.SynBeta2, beta3, Model.Link1Angle);
+    Model.Calculated = false;
+    Model.DynamicsDone = false;
+    Model.BalanceDone = false;
+}
+
+void Synthesis_Screen::Show_Ground_Angle() { Show(lbl_Theta1, Text_Of(FNRound(Model.Link1Angle, kAngleDecimals))); }
+
+void Synthesis_Screen::Show_Magnitudes() {
+    Show(lbl_Wmag, Rounded_Length(Model.SynW));
+    Show(lbl_Zmag, Rounded_Length(Model.SynZ));
+    Show(lbl_Umag, Rounded_Length(Model.SynU));
+    Show(lbl_Smag, Rounded_Length(Model.SynS));
+}
+
+std::string Synthesis_Screen::Length_Text(double stored) const {
+    return FNRoundStr(LengthFactor * stored, Model.DecLengthShown);
+}
+
+std::string Synthesis_Screen::Rounded_Length(double stored) const {
+    return Text_Of(FNRound(LengthFactor * stored, Model.DecLengthShown));
+}
+
+std::string Synthesis_Screen::Angle_Text(double degrees) { return FNRoundStr(degrees, kAngleDecimals); }
+
+Single Synthesis_Screen::Value_Of(const TextBox& box) { return Val(Ungrouped(box.Text)); }
+
+Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(box) / LengthFactor; }
+
+void Synthesis_Screen::cmd_Calc_Click() {
+    Guarded(Name() + ".cmd_Calc", [this] {
+        if (!Solve()) return;
+        Model.Synthesized = true;
+        Allow_Results(true);
+    });
+}
+
+void Synthesis_Screen::cmd_Done_Click() {
+    Guarded(Name() + ".cmd_Done", [this] {
+        Hide();
+        Show_Centered("frm_Inputnew");
+    });
+}
+
+void Synthesis_Screen::cmd_Cancel_Click() { Hide(); }
+
+void Synthesis_Screen::cmd_Print_Click() {
+    Guarded(Name() + ".cmd_Print", [this] { Ask_And_Print(*this, CommonDialog1, Print_Note); });
+}
+
+void Synthesis_Screen::cmd_Copy_Click() { Tell_How_To_Copy(); }
+
+void Synthesis_Screen::mnu_Help_Click() {
+    helping_ = true;
+    Show_Help(Help_Document("mnu_SynthHelp"), Name() + ".mnu_Help");
+    helping_ = false;
+}
+
+Two_Position_Screen::Two_Position_Screen(const std::string& name, std::initializer_list<int> magnitudes)
+    : Synthesis_Screen(name, 2, magnitudes) {
+    Follow(lbl_DeltaName, lbl_Delta);
+    txt_Theta.Tip = "Direction of W, the left grounded link, in position 1, degrees";
+    txt_Phi.Tip = "Direction of Z, from W's moving pin to the coupler point, in position 1, degrees";
+    txt_Sigma.Tip = "Direction of U, the right grounded link, in position 1, degrees";
+    txt_Xi.Tip = "Direction of S, from U's moving pin to the coupler point, in position 1, degrees";
+}
+
+void Two_Position_Screen::Fill() {
+    txt_Theta.Text = Angle_Text(Model.SynTheta);
+    txt_Phi.Text = Angle_Text(Model.SynPhi);
+    txt_Sigma.Text = Angle_Text(Model.SynSigma);
+    txt_Xi.Text = Angle_Text(Model.SynXi);
+}
+
+void Two_Position_Screen::Show_Values() {
+    Show_Displacement(Model.P21x, Model.P21y, Model.P21Mag, Model.P21Angle, lbl_P21mag, lbl_Delta);
+    Synthesis_Screen::Show_Values();
+    lbl_Theta.Caption = txt_Theta.Text;
+    lbl_Phi.Caption = txt_Phi.Text;
+    lbl_Sigma.Caption = txt_Sigma.Text;
+    lbl_Xi.Caption = txt_Xi.Text;
+}
+
+void Two_Position_Screen::Read_Given() {
+    Model.P21x = Length_Of(txt_P21x);
+    Model.P21y = Length_Of(txt_P21y);
+    Model.SynAlpha2 = Value_Of(txt_Alpha2);
+}
+
+}  // namespace verlink
