@@ -52,20 +52,25 @@ frm_Cayley::frm_Cayley() : Screen("frm_Cayley") {
 
 void frm_Cayley::Form_Activate() {
     Guarded("frm_Cayley.Activate", [this] {
-        Activating = true;
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        opt_Cognate[Model.CognateNumber - 1].Value = true;
+        Mark_Present();
         Grashof();
         Fill();
         Draw();
     });
+}
+
+void frm_Cayley::Mark_Present() {
+    Activating = true;
+    opt_Cognate[Model.CognateNumber - 1].Value = true;
     Activating = false;
 }
 
 void frm_Cayley::Fill() {
     constexpr int kLengthDecimals = 3, kAngleDecimals = 2;
-    for (int i = 0; i <= 3; ++i) txt_Linkout[i].Text = FNRoundStr(Model.LinkArray(i + 1), kLengthDecimals);
-    txt_Linkout[4].Text = FNRoundStr(Model.Rpa, kLengthDecimals);
+    const auto length = [](double stored) { return FNRoundStr(stored * Shown_Factor(), kLengthDecimals); };
+    for (int i = 0; i <= 3; ++i) txt_Linkout[i].Text = length(Model.LinkArray(i + 1));
+    txt_Linkout[4].Text = length(Model.Rpa);
     txt_Linkout[5].Text = FNRoundStr(Model.Delta, kAngleDecimals);
     for (const auto& label : lbl_Units) label->Caption = Model.UnitLabel(6);
 }
@@ -73,7 +78,7 @@ void frm_Cayley::Fill() {
 void frm_Cayley::opt_Cognate_Click(int Index) {
     if (Activating) return;
     Guarded("frm_Cayley.opt_Cognate", [this, Index] {
-        if (Refuse_Parallelogram()) return;
+        if (Refuse_Parallelogram()) return Mark_Present();
         Switch_Cognate(Index + 1);
         Grashof();
         Fill();

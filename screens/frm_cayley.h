@@ -57,11 +57,13 @@ class frm_Cayley : public platform::Screen {
     void cmd_Done_Click();
 
    private:
+    /// The option of the cognate in force, without taking it.
+    void Mark_Present();
     void Fill();
     void Draw();
     void Zoom(double factor);
     void Place_Labels();
-    bool Activating = false;  ///< the screen is filling itself; the options' events are to be ignored
+    bool Activating = false;  ///< the screen itself sets an option, whose event is to be ignored
 };
 
 }  // namespace verlink

@@ -225,12 +225,12 @@ TEST_F(Leave, AnEditedCognateIsALinkageOfItsOwn) {
     Without_Autocalc();
     Show([&] {
         Calculate_Now();
-        Pick_Menu(input, "mnu_Cog", 2);
-        Enter_Link(1, "1.2");
+        Pick_Menu(input, "mnu_Cog", 3);
+        Enter_Link(4, "2");
         EXPECT_EQ(Model.CognateNumber, 1);
         EXPECT_FALSE(Model.CognateEdit);
         Calculate_Now();
-        EXPECT_EQ(Model.Cognates(1, 2), Single(1.2));
+        EXPECT_EQ(Model.Cognates(1, 5), 2);
         EXPECT_TRUE(input.mnu_Cog[1].Checked);
     });
 }

@@ -1,0 +1,193 @@
+// Two positions with all directions assumed: what the screen shows, takes and gives.
+#include "screens/frm_synth2a.h"
+
+#include "tests/screens/synthesis_screens_fixture.h"
+
+namespace verlink::test {
+
+namespace {
+
+constexpr char kNoDivisor[] = " Attempting to divide by zero in TwoPosition, Method 1";
+
+struct Synth2A : SynthesisScreenTest {
+    Synth2A() { Model.SynPositions = 1; }
+    void Activate() { form.Form_Activate(); }
+    frm_Synth2A& form = Made<frm_Synth2A>("frm_Synth2A");
+    using Texts = std::vector<std::string>;
+};
+
+}  // namespace
+
+TEST_F(Synth2A, CaptionsStandAsDesigned) {
+    EXPECT_EQ(form.fra_Given.Caption, "Given Data Common to both Dyads");
+    EXPECT_EQ(form.fra_Left.Caption, "Left Dyad Assumed");
+    EXPECT_EQ(form.fra_Right.Caption, "Right Dyad Assumed");
+    EXPECT_EQ(form.fra_LeftCalc.Caption, "Calc for Left Dyad");
+    EXPECT_EQ(form.fra_RightCalc.Caption, "Calc for Right Dyad");
+    EXPECT_EQ(form.fra_Ground.Caption, "Angle of Ground Link");
+    EXPECT_EQ(Captions(form, "lbl_Name"), (Texts{"P21x", "P21y", "Alpha2", "Theta", "Beta2", "Phi", "Sigma", "Gamma2",
+                                                 "Xi", "W mag", "Z mag", "U mag", "S mag", "Theta1"}));
+}
+
+TEST_F(Synth2A, ComesUpWithTheModelsValuesAndWithoutResults) {
+    form.Width() = 500;
+    Activate();
+    EXPECT_EQ(form.Width(), 11850);
+    EXPECT_EQ(form.Height(), 8950);
+    EXPECT_EQ(Captions(form, "Label13"), Texts(8, "deg"));
+    EXPECT_EQ(Captions(form, "lbl_Length"), Texts(5, "in"));
+    EXPECT_EQ(Captions(form, "lbl_Theta1"), Texts(2, ""));
+    const std::pair<const char*, const char*> boxes[] = {
+        {"txt_P21x", "-0.575"}, {"txt_P21y", "0.803"}, {"txt_Alpha2", "-8.69"}, {"txt_Theta", "30.00"},
+        {"txt_Beta2", "45.00"}, {"txt_Phi", "83.00"},  {"txt_Sigma", "100.77"}, {"txt_Xi", "194.98"}};
+    for (const auto& [box, text] : boxes) EXPECT_EQ(Box(form, box), text) << box;
+    EXPECT_EQ(Caption(form, "lbl_Header").substr(0, 1), "\r") << "the title block of a user without a name";
+    Expect_Ways_On(form, false);
+    EXPECT_EQ(form.Focus(), &form.txt_P21x);
+}
+
+TEST_F(Synth2A, TheDiagramIsLabelledFromTheStart) {
+    Activate();
+    EXPECT_EQ(Caption(form, "lbl_P21mag"), "0.988");
+    EXPECT_EQ(Caption(form, "lbl_Delta"), "125.61");
+    EXPECT_EQ(Model.P21Mag, Single(std::hypot(Model.P21x, Model.P21y)));
+    const std::pair<const char*, const char*> copies[] = {
+        {"lbl_Alpha2", "txt_Alpha2"}, {"lbl_Theta", "txt_Theta"},   {"lbl_Beta2", "txt_Beta2"}, {"lbl_Phi", "txt_Phi"},
+        {"lbl_Sigma", "txt_Sigma"},   {"lbl_Gamma2", "txt_Gamma2"}, {"lbl_Xi", "txt_Xi"}};
+    for (const auto& [label, box] : copies) EXPECT_EQ(Caption(form, label), Box(form, box)) << label;
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 0), "W") << "a value that is not known yet has no equals sign";
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 14), "Beta2 =");
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+    for (const platform::Control* control : form.Controls())
+        if (control->Name() == "lbl_Symbol") {
+            const auto& name = static_cast<const platform::Label&>(*control);
+            EXPECT_TRUE(name.Visible) << name.Caption.Get();
+            EXPECT_TRUE(name.At.Get().has_value()) << name.Caption.Get();
+        }
+    EXPECT_GT(form.Image1.Drawing().Alive(), 100U);
+}
+
+TEST_F(Synth2A, ACalculationSolvesBothDyadsAndTheLinkage) {
+    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = true;
+    Activate();
+    Calculate(form);
+    EXPECT_EQ(Model.SynAlpha2, Single(-8.69)) << "from the box, as it was rounded";
+    EXPECT_EQ(Model.SynGamma2, Val(Box(form, "txt_Gamma2")) == 3.36 ? Single(3.36) : Single(3.35));
+    Expect_Both_Reach(2, 1e-5);
+    EXPECT_NEAR(std::arg(W()), 30 * kRadians, 1e-6);
+    EXPECT_NEAR(std::arg(Z()), 83 * kRadians, 1e-6);
+    EXPECT_NEAR(Model.L2, std::abs(W()), 1e-6);
+    EXPECT_NEAR(Model.L4, std::abs(U()), 1e-5);
+    EXPECT_NEAR(Model.L3, std::abs(Z() - S()), 1e-5);
+    EXPECT_NEAR(Model.L1, std::abs(W() + Z() - U() - S()), 1e-5);
+    EXPECT_NEAR(Model.Rpa, std::abs(Z()), 1e-6);
+    EXPECT_NEAR(Model.ThetaStart, 30, 1e-5);
+    EXPECT_NEAR(Model.ThetaEnd, 75, 1e-5);
+    EXPECT_TRUE(Model.Synthesized);
+    for (const bool result : {Model.Calculated, Model.DynamicsDone, Model.BalanceDone})
+        EXPECT_FALSE(result) << "results of the linkage before";
+    Expect_Ways_On(form, true);
+}
+
+TEST_F(Synth2A, ACalculationFillsTheReadOutsInTheFramesAndOnTheDiagram) {
+    Activate();
+    Calculate(form);
+    const std::pair<const char*, double> lengths[] = {{"lbl_Wmag", std::abs(W())},
+                                                      {"lbl_Zmag", std::abs(Z())},
+                                                      {"lbl_Umag", std::abs(U())},
+                                                      {"lbl_Smag", std::abs(S())}};
+    for (const auto& [label, length] : lengths)
+        for (int i = 0; i < 2; ++i) EXPECT_NEAR(Val(Caption(form, label, i)), length, 5.1e-4) << label;
+    const double ground = std::arg(W() + Z() - U() - S()) / kRadians;
+    for (int i = 0; i < 2; ++i) EXPECT_NEAR(Val(Caption(form, "lbl_Theta1", i)), ground, 5.1e-3);
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 0), "W =");
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
+}
+
+TEST_F(Synth2A, LengthsAreShownInTheUnitAndStoredInMetres) {
+    Use_Units(4);
+    Model.P21x = -0.0146;
+    Model.P21y = 0.0204;
+    Activate();
+    EXPECT_EQ(Captions(form, "lbl_Length"), Texts(5, "cm"));
+    EXPECT_EQ(Box(form, "txt_P21x"), "-1.460");
+    EXPECT_EQ(Caption(form, "lbl_P21mag"), "2.509");
+    Enter_Box(form, "txt_P21x", "-1.5");
+    Calculate(form);
+    EXPECT_EQ(Model.P21x, Single(-0.015));
+    EXPECT_NEAR(Val(Caption(form, "lbl_Wmag", 0)), 100 * std::abs(W()), 5.1e-4);
+    Expect_Both_Reach(2, 1e-6);
+}
+
+TEST_F(Synth2A, MarksBetweenThousandsInABoxAreReadOver) {
+    Use_Units(5);
+    Model.P21x = -1.25;
+    Activate();
+    EXPECT_EQ(Box(form, "txt_P21x"), "-1,250.00");
+    Calculate(form);
+    EXPECT_EQ(Model.P21x, -1.25);
+    EXPECT_GT(std::abs(W()), 0.1);
+}
+
+TEST_F(Synth2A, ABoxWithNoNumberReadsAsZero) {
+    Activate();
+    Enter_Box(form, "txt_Theta", "north");
+    Enter_Box(form, "txt_Xi", "");
+    Calculate(form);
+    EXPECT_EQ(Model.SynTheta, 0);
+    EXPECT_EQ(Model.SynXi, 0);
+}
+
+TEST_F(Synth2A, AlphaAndBetaOfZeroHaveNoSolutionAndTheMessageComesUp) {
+    Activate();
+    Enter_Box(form, "txt_Alpha2", "0");
+    Enter_Box(form, "txt_Beta2", "0");
+    // Without a turn of the coupler neither dyad has a solution of this kind.
+    for (int dyad = 0; dyad < 2; ++dyad)
+        desktop.Expect_Message(kNoDivisor, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
+    Calculate(form);
+    EXPECT_EQ(Model.SynW, 0) << "as it was";
+    EXPECT_TRUE(Model.Synthesized) << "the linkage is put together all the same";
+    Expect_Ways_On(form, true);
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+}
+
+TEST_F(Synth2A, NegativeMagnitudesStandAndAreShownWhileTheLinkageIsRight) {
+    Activate();
+    Calculate(form);
+    const std::string W_before = Caption(form, "lbl_Wmag", 0);
+    const Single L2 = Model.L2;
+    Enter_Box(form, "txt_Theta", "210");
+    Calculate(form);
+    EXPECT_LT(Model.SynW, 0.0);
+    EXPECT_EQ(Caption(form, "lbl_Wmag", 0), "-" + W_before);
+    EXPECT_NEAR(Model.L2, L2, 1e-6);
+    Expect_Both_Reach(2, 1e-5);
+}
+
+TEST_F(Synth2A, TheReportIsAPlainMessage) {
+    Activate();
+    desktop.Expect_Message(
+        " The resulting link lengths and coupler point location are:\r\r"
+        "  L1 = 9.378 in at an angle of -1.07 deg\r  L2 = 1.998 in\r  L3 = 8.585 in\r  L4 = 7.114 in\r\r"
+        " The Precision (coupler) Point is at: 4.297 in @ 40.36 deg\r\r"
+        " Theta2 at position 1 in the global coord system is 30.00 deg\r"
+        " Theta2 at position 2 in the global coord system is 75.00 deg\r\r"
+        " These data have been transferred to the Input and Animate screens.\r\r"
+        " Note that this synthesis procedure cannot predict which circuit (open \r"
+        " or crossed) of the linkage is required to obtain the specified positions.\r"
+        " You will have to try each circuit from the input sheet to find out.",
+        platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
+    Press(form, "cmd_Calc");
+}
+
+TEST_F(Synth2A, TheDirectionsOfANegativeVectorKeepTheirOwnLineOnTheDiagram) {
+    Activate();
+    Calculate(form);
+    const auto plain = form.Image1.Drawing().Alive();
+    Enter_Box(form, "txt_Theta", "210");
+    Calculate(form);
+    EXPECT_GT(form.Image1.Drawing().Alive(), plain) << "a dashed line more, and a longer arc";
+}
+
+}  // namespace verlink::test
