@@ -22,7 +22,7 @@ constexpr int kRounds = 5;
 // What a place costs, in pixels of distance from the anchor that it is worth.
 constexpr double kPerInkCell = 7;
 constexpr double kPerOverlap = 1.5;    ///< of each square pixel that two labels share
-constexpr double kPerCellBetween = 6;  ///< of what is drawn between a label and its anchor
+constexpr double kPerCellBetween = 8;  ///< of what is drawn between a label and its anchor
 constexpr double kAstray = 14;         ///< for the direction opposite to the wished one
 
 struct Rect {
@@ -68,7 +68,7 @@ class Ink {
         int met = 0;
         for (double walked = kOwn; walked < length; walked += kCell) {
             const double x = x1 + (x2 - x1) * walked / length, y = y1 + (y2 - y1) * walked / length;
-            met += Within({x, y, x - kCell / 2, y - kCell / 2});
+            met += Within({x, y, x, y});
         }
         return met;
     }
@@ -141,8 +141,8 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink&
             const Rect rect{left, top, left + wide, top + high};
             const double near_x = std::clamp(x, rect.left, rect.right);
             const double near_y = std::clamp(y, rect.top, rect.bottom);
-            const double cost = std::hypot(near_x - x, near_y - y) + kPerInkCell * ink.Within(rect) +
-                                kPerCellBetween * ink.Between(x, y, near_x, near_y) +
+            const double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) +
+                                kPerInkCell * ink.Within(rect) + kPerCellBetween * ink.Between(x, y, near_x, near_y) +
                                 (length > 0 ? kAstray * (1 - std::cos(turn)) / 2 : 0);
             all.push_back({rect, cost});
         }

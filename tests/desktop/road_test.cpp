@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -229,6 +230,73 @@ TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
         move(at, Qt::ShiftModifier);
         EXPECT_NEAR(Model.Rpa, std::hypot(x - ax, flip + y - ay), 6e-4) << "rounded to three decimals in its box";
         EXPECT_TRUE(Drawn(window));
+        Click(window, "cmd_Done");
+    });
+    ThenQuit();
+    Sub_Main("");
+    EXPECT_TRUE(qt.Ending());
+}
+
+TEST_F(RoadTest, From_two_positions_to_a_linkage_that_moves_and_is_plotted) {
+    ThenArrive();
+    Then("frm_HomeScreen", [](QWidget& window) {
+        Pick(window, "mnu_Twopos1");
+        EXPECT_TRUE(Find<QWidget>(window, "cmd_Plot").isEnabled());
+        Click(window, "cmd_Plot");
+        Model.SavedFlag = true;
+        Click(window, "cmd_Quit");
+    });
+    Then("frm_Synth2A", [](QWidget& window) {
+        EXPECT_EQ(TextOf(window, "txt_P21x"), "-0.575");
+        Type(window, "txt_P21x", QStringLiteral("-0.6"));
+        EXPECT_FALSE(Find<QWidget>(window, "cmd_Done").isEnabled());
+        Click(window, "cmd_Calc");
+        EXPECT_EQ(Model.P21x, Single(-0.6));
+        EXPECT_EQ(Find<QLabel>(window, "lbl_P21mag").text(), "1.002");
+        Click(window, "cmd_Done");
+    });
+    Then("message", [](QWidget& window) {
+        auto& box = static_cast<QMessageBox&>(window);
+        EXPECT_TRUE(box.text().startsWith(QStringLiteral(" The resulting link lengths")));
+        const auto& report = Find<QLabel>(box, "qt_msgbox_label");
+        EXPECT_TRUE(report.textInteractionFlags() & Qt::TextSelectableByMouse) << "the report can be copied";
+        EXPECT_EQ(box.focusWidget(), box.button(QMessageBox::Ok));
+        box.button(QMessageBox::Ok)->click();
+    });
+    Then("frm_Inputnew", [](QWidget& window) {
+        EXPECT_TRUE(Find<QRadioButton>(window, "opt_Polar_1").isChecked());
+        EXPECT_EQ(TextOf(window, "txt_initial_0"), "30");
+        EXPECT_EQ(TextOf(window, "txt_initial_1"), "75");
+        Type(window, "txt_initial_2", QStringLiteral("1"));
+        Click(window, "cmd_Calc");
+        EXPECT_EQ(Model.NSteps, 45);
+        EXPECT_TRUE(Drawn(window));
+        // From the first to the last step the coupler point goes as far as the two positions are apart.
+        const auto& points = Model.RunTable.PointXY;
+        EXPECT_NEAR(std::hypot(points(45, 2, 0) - points(0, 2, 0), points(45, 2, 1) - points(0, 2, 1)),
+                    std::hypot(0.6, 0.803), 2e-3);
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Animate", [](QWidget& window) {
+        auto& timer = Screens::Get("frm_Animate").Get<platform::Timer>("Timer1");
+        EXPECT_TRUE(QTest::qWaitFor([&timer] { return !timer.Enabled; }));
+        QTest::keyClick(&Find<QWidget>(window, "hsc_speed"), Qt::Key_End);
+        Click(window, "cmd_Animate");
+        EXPECT_TRUE(Drawn(window));
+        Click(window, "cmd_Done");
+    });
+    Then("frm_PlotType", [](QWidget& window) {
+        Click(window, "opt_PickPlot_0");
+        Click(window, "cmd_PickPlotDone");
+    });
+    Then("frm_PlotSelect1", [](QWidget& window) {
+        auto& presets = Find<QComboBox>(window, "cmb_Preset");
+        Q_EMIT presets.activated(6);
+        Click(window, "cmd_Done");
+    });
+    Then("frm_Plot1", [](QWidget& window) {
+        const auto& graph = Screens::Get("frm_Plot1").Get<Graph>("grf_Plot", 0);
+        EXPECT_EQ(graph.NumPoints(), 46);
         Click(window, "cmd_Done");
     });
     ThenQuit();

@@ -288,6 +288,41 @@ Stops Time_Run() {
     return stops;
 }
 
+void Choose_Entry(Screen& screen, const char* entry) { screen.Get<platform::MenuEntry>(entry).Click(); }
+
+/// A synthesis screen as it comes up, and calculated.
+Stops Synthesis_Screen_Of(const char* entry, const char* screen, const std::string& picture) {
+    return {{"frm_HomeScreen", "", [entry](Screen& s) { Choose_Entry(s, entry); }, 300},
+            {screen, picture + "-start", {}, 300},
+            {screen, "", [](Screen& s) { Press(s, "cmd_Calc"); }, 300},
+            {screen, picture, {}, 300},
+            {screen, "", [](Screen& s) { Press(s, "cmd_Cancel"); }}};
+}
+
+/// An example with its cognates, and all synthesis screens.
+Stops Design() {
+    Stops stops = {
+        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Grashof"); }},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 500},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }, 500},
+        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Cayley"); }, 300},
+        {"frm_Cayley", "cayley", {}, 300},
+        {"frm_Cayley", "cayley-second", [](Screen& s) { Pick(s, "opt_Cognate", 1); }, 300},
+        {"frm_Cayley", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Roberts"); }},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 500},
+        {"frm_Inputnew", "example-roberts", {}, 300},
+        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Cancel"); }},
+    };
+    for (const Stops& more : {Synthesis_Screen_Of("mnu_Twopos1", "frm_Synth2A", "synthesis-angles"),
+                              Synthesis_Screen_Of("mnu_Twopos2", "frm_Synth2B", "synthesis-vector"),
+                              Synthesis_Screen_Of("mnu_Unspec", "frm_Synth3", "synthesis-three"),
+                              Synthesis_Screen_Of("mnu_Spec", "frm_Synth3", "synthesis-pivots")})
+        stops.insert(stops.end(), more.begin(), more.end());
+    return stops;
+}
+
 Stops Walk() {
     Stops stops = {
         {"frm_Title", "title", {}, 200},
@@ -336,9 +371,10 @@ Stops Walk() {
         {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "home", {}, 300},
     };
-    for (const Stops& more : {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
-                              Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(),
-                              Forces_And_Balance(), Table_And_Transform(), Plots_Of_The_Transform(), Time_Run()})
+    for (const Stops& more :
+         {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
+          Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(), Forces_And_Balance(),
+          Table_And_Transform(), Plots_Of_The_Transform(), Time_Run(), Design()})
         stops.insert(stops.end(), more.begin(), more.end());
     const Stops last = {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},

@@ -1,0 +1,145 @@
+// Labels upon a picture: near their anchors, within the picture, clear of what is drawn and of each other.
+#include "platform/label_places.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <random>
+
+#include "platform/picture.h"
+
+namespace verlink::test {
+
+using platform::Anchor;
+using platform::Find_Label_Places;
+using platform::LabelPlace;
+using platform::LabelWish;
+using platform::Picture;
+
+namespace {
+
+constexpr double kSide = 400;
+
+/// A picture of 400 by 400 in its own pixels, y down.
+struct LabelPlaces : testing::Test {
+    LabelPlaces() { picture.Scale(0, 0, kSide, kSide); }
+    Picture picture;
+
+    static LabelWish Wish(double x, double y, double right = 0, double below = 0) {
+        return {Anchor{x / kSide, y / kSide, right, below}, 80, 16};
+    }
+    static double Distance(const LabelWish& wish, const LabelPlace& place) {
+        const double x = wish.at.across * kSide, y = wish.at.down * kSide;
+        return std::hypot(x - std::clamp(x, place.x, place.x + wish.width),
+                          y - std::clamp(y, place.y, place.y + wish.height));
+    }
+    static bool Overlap(const LabelWish& a, const LabelPlace& p, const LabelWish& b, const LabelPlace& q) {
+        return p.x < q.x + b.width && q.x < p.x + a.width && p.y < q.y + b.height && q.y < p.y + a.height;
+    }
+    static bool Inside(const LabelWish& wish, const LabelPlace& place) {
+        return place.x >= 0 && place.y >= 0 && place.x + wish.width <= kSide && place.y + wish.height <= kSide;
+    }
+};
+
+}  // namespace
+
+TEST_F(LabelPlaces, ALabelAloneStandsCloseByInTheWishedDirection) {
+    const LabelWish above = Wish(200, 200, 0, -1), right = Wish(200, 200, 3, 0);
+    const LabelPlace over = Find_Label_Places(picture, kSide, {{above}}).front();
+    EXPECT_LT(over.y + above.height, 200);
+    EXPECT_NEAR(over.x + above.width / 2, 200, 1);
+    EXPECT_LT(Distance(above, over), 8);
+    const LabelPlace beside = Find_Label_Places(picture, kSide, {{right}}).front();
+    EXPECT_GT(beside.x, 200);
+    EXPECT_NEAR(beside.y + right.height / 2, 200, 1);
+}
+
+TEST_F(LabelPlaces, ALabelAtTheEdgeStaysWithinThePicture) {
+    for (const auto& wish : {Wish(0, 0, -1, -1), Wish(400, 200, 1, 0), Wish(200, 400, 0, 1), Wish(-50, 500)})
+        EXPECT_TRUE(Inside(wish, Find_Label_Places(picture, kSide, {{wish}}).front()));
+}
+
+TEST_F(LabelPlaces, ALabelGivesWayToALineACircleAndADot) {
+    const LabelWish wish = Wish(200, 200, 0, -1);
+    const LabelPlace free = Find_Label_Places(picture, kSide, {{wish}}).front();
+    const double middle = free.y + wish.height / 2;
+    const auto blocked = [&](const auto& draw) {
+        picture.Cls();
+        draw();
+        const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+        return place.x != free.x || place.y != free.y;
+    };
+    EXPECT_TRUE(blocked([&] { picture.Line(100, middle, 300, middle, 1); }));
+    EXPECT_TRUE(blocked([&] { picture.Circle(200, middle, 12, 1); }));
+    EXPECT_TRUE(blocked([&] {
+        for (int x = 160; x < 240; x += 4) picture.PSet(x, middle, 1);
+    }));
+    EXPECT_FALSE(blocked([&] { picture.Line(100, 350, 300, 350, 1); })) << "what is elsewhere does not matter";
+    EXPECT_FALSE(blocked([&] { picture.Line(100, middle, 300, middle, picture.Back()); })) << "nor what is not seen";
+    EXPECT_FALSE(blocked([&] {
+        picture.Line(100, middle, 300, middle, 1);
+        picture.Line(100, middle, 300, middle, picture.Back());
+    })) << "nor what was erased";
+}
+
+TEST_F(LabelPlaces, ALabelStaysOnItsAnchorsSideOfALine) {
+    picture.Line(0, 190, 400, 190, 1);
+    const LabelWish wish = Wish(200, 200, 0, -1);
+    EXPECT_GT(Find_Label_Places(picture, kSide, {{wish}}).front().y, 190);
+}
+
+TEST_F(LabelPlaces, LabelsOfOneAnchorStandBesideEachOther) {
+    const std::vector<LabelWish> wishes(5, Wish(200, 200, 1, 0));
+    const auto places = Find_Label_Places(picture, kSide, wishes);
+    for (std::size_t i = 0; i < wishes.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(wishes[i], places[i], wishes[j], places[j]));
+}
+
+TEST_F(LabelPlaces, TheSamePictureGivesTheSamePlaces) {
+    picture.Line(0, 0, 400, 400, 1);
+    const std::vector<LabelWish> wishes{Wish(100, 100), Wish(110, 105), Wish(200, 200, 1, 1)};
+    const auto once = Find_Label_Places(picture, kSide, wishes), again = Find_Label_Places(picture, kSide, wishes);
+    for (std::size_t i = 0; i < wishes.size(); ++i) {
+        EXPECT_EQ(once[i].x, again[i].x);
+        EXPECT_EQ(once[i].y, again[i].y);
+    }
+}
+
+TEST_F(LabelPlaces, ManyLabelsOnManyLinesOverlapNowhere) {
+    const unsigned seed = std::random_device{}();
+    std::cout << "[  seed    ] " << seed << '\n';
+    std::mt19937 chance(seed);
+    std::uniform_real_distribution<double> anywhere(60, 340);
+    for (int round = 0; round < 20; ++round) {
+        picture.Cls();
+        for (int i = 0; i < 8; ++i)
+            picture.Line(anywhere(chance), anywhere(chance), anywhere(chance), anywhere(chance), 1);
+        std::vector<LabelWish> wishes;
+        for (int i = 0; i < 16; ++i) wishes.push_back(Wish(anywhere(chance), anywhere(chance), 1, i % 3 - 1));
+        const auto places = Find_Label_Places(picture, kSide, wishes);
+        for (std::size_t i = 0; i < wishes.size(); ++i) {
+            EXPECT_TRUE(Inside(wishes[i], places[i])) << "round " << round;
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(Overlap(wishes[i], places[i], wishes[j], places[j])) << "round " << round;
+        }
+    }
+}
+
+TEST_F(LabelPlaces, APictureTooSmallForItsLabelsHasThemAllTheSame) {
+    const LabelWish wide{Anchor{0.5, 0.5, 0, 0}, 500, 20};
+    const LabelPlace place = Find_Label_Places(picture, 40, {{wide}}).front();
+    EXPECT_TRUE(std::isfinite(place.x) && std::isfinite(place.y));
+    EXPECT_TRUE(Find_Label_Places(picture, 0, {{wide}}).size() == 1);
+    EXPECT_TRUE(Find_Label_Places(picture, kSide, {}).empty());
+}
+
+TEST_F(LabelPlaces, WhatIsDrawnFarOutsideTheWindowIsNoHindrance) {
+    picture.Line(-1e30, 3, 1e30, 3, 1);
+    picture.Circle(1e20, 1e20, 1e25, 1);
+    const LabelWish wish = Wish(200, 200, 0, -1);
+    EXPECT_LT(Distance(wish, Find_Label_Places(picture, kSide, {{wish}}).front()), 8);
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,288 @@
+// The diagram of the dyads: what is drawn, where, and where names belong.
+#include "synthesis/dyad_diagram.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <random>
+#include <set>
+
+#include "animation/engine.h"
+#include "core/initialize.h"
+#include "core/linkage_model.h"
+#include "platform/picture.h"
+#include "synthesis/dyads.h"
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+
+namespace {
+
+using platform::Color;
+using platform::Picture;
+using Vector = DyadFigure::Vector;
+using Kind = Picture::Primitive::Kind;
+
+struct DyadDiagram : Fixture {
+    DyadDiagram() {
+        Set_Palette();
+        Initialize();
+    }
+
+    static constexpr double kRadians = 3.14159265358979323846 / 180;
+    static Vector Turned(Vector v, double degrees) { return v * std::polar(1.0, degrees * kRadians); }
+    /// How far a dyad misses a position.
+    static double Miss(Vector link, Vector arm, double link_turn, double arm_turn, Vector P) {
+        return std::abs(Turned(link, link_turn) - link + Turned(arm, arm_turn) - arm - P);
+    }
+
+    std::vector<DyadMark> Draw(const DyadFigure& figure) { return Draw_Dyads(picture, figure); }
+    bool Drawn(Vector from, Vector to, Color color) const {
+        const double near = 1e-9 * (picture.Right() - picture.Left());
+        const auto& all = picture.Primitives();
+        return std::any_of(all.begin(), all.end(), [&](const Picture::Primitive& drawn) {
+            return drawn.alive && drawn.kind == Kind::kSegment && drawn.color == color &&
+                   std::abs(Vector(drawn.x1, drawn.y1) - from) < near &&
+                   std::abs(Vector(drawn.x2, drawn.y2) - to) < near;
+        });
+    }
+    /// The place of a mark in the figure's own coordinates.
+    Vector Place(const std::vector<DyadMark>& marks, const std::string& name) const {
+        for (const DyadMark& mark : marks)
+            if (mark.name == name)
+                return {picture.Left() + mark.at.across * (picture.Right() - picture.Left()),
+                        picture.Top() + mark.at.down * (picture.Bottom() - picture.Top())};
+        ADD_FAILURE() << "no mark " << name;
+        return 0;
+    }
+    static std::set<std::string> Names(const std::vector<DyadMark>& marks) {
+        std::set<std::string> names;
+        for (const DyadMark& mark : marks) names.insert(mark.name);
+        return names;
+    }
+    void Expect_All_Inside(const std::vector<DyadMark>& marks) const {
+        const double air = 1e-9 * (picture.Right() - picture.Left());
+        for (const auto& drawn : picture.Primitives()) {
+            const double reach = drawn.kind == Kind::kCircle ? drawn.x2 : 0;
+            EXPECT_GE(drawn.x1 - reach, picture.Left() - air);
+            EXPECT_LE(drawn.x1 + reach, picture.Right() + air);
+            EXPECT_GE(drawn.y1 - reach, picture.Bottom() - air);
+            EXPECT_LE(drawn.y1 + reach, picture.Top() + air);
+        }
+        for (const DyadMark& mark : marks) {
+            EXPECT_GE(std::min(mark.at.across, mark.at.down), 0) << mark.name;
+            EXPECT_LE(std::max(mark.at.across, mark.at.down), 1) << mark.name;
+        }
+    }
+    /// The record's dyads by the program's own solution for its two positions.
+    static void Solve_Two() {
+        TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynBeta2, Model.SynTheta, Model.SynPhi, Model.SynW,
+               Model.SynWx, Model.SynWy, Model.SynZ, Model.SynZx, Model.SynZy);
+        TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi, Model.SynU,
+               Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
+    }
+
+    Picture picture;
+};
+
+}  // namespace
+
+TEST_F(DyadDiagram, TheSketchesReachTheirPositions) {
+    for (int positions : {2, 3}) {
+        const DyadFigure f = Dyad_Sketch(positions);
+        EXPECT_EQ(f.positions, positions);
+        EXPECT_FALSE(f.to_scale);
+        for (std::size_t j = 1; j < static_cast<std::size_t>(positions); ++j) {
+            EXPECT_LT(Miss(f.W, f.Z, f.beta[j], f.alpha[j], f.P[j]), 1e-3);
+            EXPECT_LT(Miss(f.U, f.S, f.gamma[j], f.alpha[j], f.P[j]), 1e-3);
+        }
+        EXPECT_NEAR(f.theta * kRadians, std::arg(f.W), 1e-9);
+        EXPECT_NEAR(f.xi * kRadians, std::arg(f.S), 1e-9);
+    }
+}
+
+TEST_F(DyadDiagram, BeforeAnythingIsSolvedThereIsASketch) {
+    EXPECT_FALSE(Dyads_In_Force(2).to_scale);
+    EXPECT_FALSE(Dyads_In_Force(3).to_scale);
+    EXPECT_EQ(Dyads_In_Force(2).W, Dyad_Sketch(2).W);
+}
+
+TEST_F(DyadDiagram, SolvedDyadsAreTheOnesDrawn) {
+    Solve_Two();
+    const DyadFigure f = Dyads_In_Force(2);
+    EXPECT_TRUE(f.to_scale);
+    EXPECT_EQ(f.W, Vector(Model.SynWx, Model.SynWy));
+    EXPECT_EQ(f.S, Vector(Model.SynSx, Model.SynSy));
+    EXPECT_EQ(f.theta, Model.SynTheta);
+    EXPECT_EQ(f.gamma[1], Model.SynGamma2);
+    EXPECT_EQ(f.P[1], Vector(Model.P21x, Model.P21y));
+    EXPECT_FALSE(Dyads_In_Force(3).to_scale) << "they do not lead through the third position";
+}
+
+TEST_F(DyadDiagram, DyadsThatMissTheirPositionAreNotDrawnAsIfTheyReachedIt) {
+    for (Single* changed : {&Model.SynBeta2, &Model.SynGamma2, &Model.P21y, &Model.SynAlpha2}) {
+        Solve_Two();
+        const Single before = *changed;
+        *changed += 1;
+        EXPECT_FALSE(Dyads_In_Force(2).to_scale);
+        *changed = before;
+        EXPECT_TRUE(Dyads_In_Force(2).to_scale);
+    }
+}
+
+TEST_F(DyadDiagram, TheWindowIsSquareWithYUpward) {
+    for (int positions : {2, 3}) {
+        Draw(Dyad_Sketch(positions));
+        EXPECT_GT(picture.Top(), picture.Bottom());
+        EXPECT_NEAR(picture.Right() - picture.Left(), picture.Top() - picture.Bottom(), 1e-9);
+        EXPECT_EQ(picture.Back(), Model.ColorWhite);
+    }
+}
+
+TEST_F(DyadDiagram, EveryVectorIsDrawnInEveryPosition) {
+    for (int positions : {2, 3}) {
+        const DyadFigure f = Dyad_Sketch(positions);
+        Draw(f);
+        const Vector O2 = -f.W - f.Z, O4 = -f.U - f.S;
+        for (std::size_t j = 0; j < static_cast<std::size_t>(positions); ++j) {
+            const Vector A = O2 + Turned(f.W, f.beta[j]), B = O4 + Turned(f.U, f.gamma[j]);
+            const Color left = j == 0 ? Model.ColorBlue : 0xFF9999, right = j == 0 ? Model.ColorRed : 0x9999FF;
+            EXPECT_TRUE(Drawn(O2, A, left)) << j;
+            EXPECT_TRUE(Drawn(A, f.P[j], left)) << j;
+            EXPECT_TRUE(Drawn(O4, B, right)) << j;
+            EXPECT_TRUE(Drawn(B, f.P[j], right)) << j;
+            EXPECT_TRUE(Drawn(A, B, j == 0 ? Model.ColorGray : 0xCCCCCC)) << j;
+            if (j > 0) {
+                EXPECT_TRUE(Drawn(0, f.P[j], Model.ColorMagenta)) << j;
+            }
+        }
+    }
+}
+
+TEST_F(DyadDiagram, NamesAndAnglesOfTwoPositions) {
+    EXPECT_EQ(Names(Draw(Dyad_Sketch(2))),
+              (std::set<std::string>{"W", "Z", "U", "S", "P21", "O2", "O4", "P1", "P2", "Theta", "Phi", "Sigma", "Xi",
+                                     "Theta1", "Alpha2", "Beta2", "Gamma2", "Delta"}));
+}
+
+TEST_F(DyadDiagram, NamesAndAnglesOfThreePositions) {
+    EXPECT_EQ(Names(Draw(Dyad_Sketch(3))),
+              (std::set<std::string>{"W",      "Z",      "U",     "S",     "P21",    "P31",    "O2",     "O4",
+                                     "P1",     "P2",     "P3",    "Theta", "Phi",    "Sigma",  "Xi",     "Theta1",
+                                     "Alpha2", "Alpha3", "Beta2", "Beta3", "Gamma2", "Gamma3", "Delta2", "Delta3"}));
+}
+
+TEST_F(DyadDiagram, NamesBelongBesideWhatTheyName) {
+    const DyadFigure f = Dyad_Sketch(3);
+    const auto marks = Draw(f);
+    const Vector O2 = -f.W - f.Z, O4 = -f.U - f.S;
+    EXPECT_LT(std::abs(Place(marks, "W") - (O2 + f.W / 2.0)), 1e-9);
+    EXPECT_LT(std::abs(Place(marks, "Z") + f.Z / 2.0), 1e-9);
+    EXPECT_LT(std::abs(Place(marks, "U") - (O4 + f.U / 2.0)), 1e-9);
+    EXPECT_LT(std::abs(Place(marks, "P31") - f.P[2] / 2.0), 1e-9);
+    EXPECT_LT(std::abs(Place(marks, "P2") - f.P[1]), 1e-9);
+    // Turns: midway between the directions of the link before and after, at a distance from the pivot.
+    const auto direction = [](Vector v) { return std::arg(v) / kRadians; };
+    EXPECT_NEAR(direction(Place(marks, "Beta2") - O2), direction(f.W) + f.beta[1] / 2, 1e-6);
+    EXPECT_NEAR(direction(Place(marks, "Beta3") - O2), direction(f.W) + (f.beta[1] + f.beta[2]) / 2, 1e-6);
+    EXPECT_NEAR(direction(Place(marks, "Theta") - O2), f.theta / 2, 1e-6);
+    EXPECT_NEAR(direction(Place(marks, "Gamma2") - O4), direction(f.U) + f.gamma[1] / 2, 1e-6);
+    const Vector A2 = O2 + Turned(f.W, f.beta[1]);
+    EXPECT_NEAR(direction(Place(marks, "Alpha2") - A2), direction(f.Z) + f.alpha[1] / 2, 1e-6);
+    EXPECT_NEAR(direction(Place(marks, "Delta2")), direction(f.P[1]) / 2, 1e-6);
+}
+
+TEST_F(DyadDiagram, EverythingLiesWithinTheWindow) {
+    for (int positions : {2, 3}) Expect_All_Inside(Draw(Dyad_Sketch(positions)));
+    Solve_Two();
+    Expect_All_Inside(Draw(Dyads_In_Force(2)));
+}
+
+TEST_F(DyadDiagram, TheFigureDoesNotDependOnItsSize) {
+    DyadFigure f = Dyad_Sketch(2);
+    Draw(f);
+    const auto before = picture.Alive();
+    const double width = picture.Right() - picture.Left();
+    for (Vector* v : {&f.W, &f.Z, &f.U, &f.S, &f.P[1]}) *v *= 1024;
+    Draw(f);
+    EXPECT_EQ(picture.Alive(), before);
+    EXPECT_NEAR((picture.Right() - picture.Left()) / width, 1024, 1e-6);
+}
+
+TEST_F(DyadDiagram, AnglesOfZeroHaveNoArcAndADisplacementOfZeroHasNoDirection) {
+    DyadFigure f;
+    f.W = {0, 2};
+    f.Z = {1, 1};
+    f.U = {0, 3};
+    f.S = {-1, 1};
+    const auto names = Names(Draw(f));
+    EXPECT_TRUE(names.contains("P21"));
+    EXPECT_TRUE(names.contains("Beta2"));
+    EXPECT_FALSE(names.contains("Delta"));
+}
+
+TEST_F(DyadDiagram, ADyadOfNoLengthIsDrawnAsAPoint) {
+    for (int positions : {2, 3}) {
+        DyadFigure f;
+        f.positions = positions;
+        EXPECT_FALSE(Draw(f).empty());
+        EXPECT_GT(picture.Right(), picture.Left());
+    }
+}
+
+TEST_F(DyadDiagram, TurnsBeyondAWholeOneAreDrawnAsTheRest) {
+    DyadFigure f = Dyad_Sketch(2);
+    const auto plain = Draw(f);
+    const auto drawn = picture.Alive();
+    f.beta[1] += 360;
+    f.theta += 720;
+    const auto turned = Draw(f);
+    EXPECT_EQ(picture.Alive(), drawn);
+    EXPECT_LT(std::abs(Place(turned, "Beta2") - Place(plain, "Beta2")), 1e-6);
+}
+
+TEST_F(DyadDiagram, AnyDyadsCanBeDrawn) {
+    const unsigned seed = std::random_device{}();
+    std::cout << "[  seed    ] " << seed << '\n';
+    std::mt19937 chance(seed);
+    std::uniform_real_distribution<double> unit(-1, 1), magnitude(-4, 4);
+    const auto vector = [&] { return Vector(unit(chance), unit(chance)) * std::pow(10.0, magnitude(chance)); };
+    const auto angle = [&] { return 400 * unit(chance); };
+    for (int round = 0; round < 200; ++round) {
+        DyadFigure f;
+        f.positions = 2 + round % 2;
+        for (Vector* v : {&f.W, &f.Z, &f.U, &f.S, &f.P[1], &f.P[2]}) *v = vector();
+        for (double* a : {&f.theta, &f.phi, &f.sigma, &f.xi, &f.alpha[1], &f.alpha[2], &f.beta[1], &f.beta[2],
+                          &f.gamma[1], &f.gamma[2]})
+            *a = angle();
+        const auto marks = Draw(f);
+        EXPECT_EQ(marks.size(), f.positions == 2 ? 18U : 24U) << round;
+        EXPECT_LT(picture.Primitives().size(), 3000U) << round;
+        for (const DyadMark& mark : marks)
+            EXPECT_TRUE(std::isfinite(mark.at.across) && std::isfinite(mark.at.down) && std::isfinite(mark.at.right) &&
+                        std::isfinite(mark.at.below))
+                << mark.name;
+    }
+}
+
+TEST_F(DyadDiagram, NamesAndValuesOverlapNowhere) {
+    constexpr double kHigh = 16, kWide = 95;  // a name and a value in an ordinary font
+    Solve_Two();
+    for (const DyadFigure& f : {Dyad_Sketch(2), Dyad_Sketch(3), Dyads_In_Force(2)})
+        for (const double side : {440.0, 560.0, 900.0}) {
+            std::vector<platform::LabelWish> wishes;
+            for (const DyadMark& mark : Draw(f)) {
+                const bool point = mark.name.size() == 2;
+                wishes.push_back({mark.at, point ? 16 : kWide, kHigh});
+            }
+            const auto places = platform::Find_Label_Places(picture, side, wishes);
+            for (std::size_t i = 0; i < places.size(); ++i)
+                for (std::size_t j = 0; j < i; ++j)
+                    EXPECT_FALSE(places[i].x < places[j].x + wishes[j].width &&
+                                 places[j].x < places[i].x + wishes[i].width && places[i].y < places[j].y + kHigh &&
+                                 places[j].y < places[i].y + kHigh)
+                        << i << " " << j << " at " << side;
+        }
+}
+
+}  // namespace verlink::test
