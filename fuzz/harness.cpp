@@ -198,6 +198,17 @@ void Check_Whole() {
     Check(Reread(second) && File_Content() == second, "a second round changes something");
 }
 
+void Check_Drive(bool read, int Calctype) {
+    Check(read == Told().empty(), "a file is read whole, or it is told why not");
+    Check_Record();
+    if (read) {
+        Check(Model.Calctype == Calctype, "the run is by the drive that was read");
+        Check(Model.NSteps <= kLastStep, "a drive is longer than the record's table");
+        Check_Whole();
+    }
+    Check_Run();
+}
+
 void Check_Run() {
     constexpr int kShort = 40;
     if (Model.NSteps > kShort) return;

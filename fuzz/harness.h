@@ -29,6 +29,9 @@ void Check_Record();
 /// file written from it reads as the same model, to the digits of the notation; a second round changes nothing.
 void Check_Whole();
 
+/// What holds after drive data of that run type, read whole or not.
+void Check_Drive(bool read, int Calctype);
+
 /// The program goes on: a short run of whatever was read comes to its end. A drive that was read stays as it was.
 void Check_Run();
 
