@@ -12,6 +12,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "desktop/button.h"
@@ -314,11 +315,44 @@ QWidget* make(Form& form, Grid& control, QWidget* parent) {
 
 QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
     auto* view = new DocumentWidget(parent);
-    bind(form, control, view, [view, &control, shown = std::string()]() mutable {
-        if (control.Document == shown) return;
-        shown = control.Document;
-        view->show(toQt(shown));
+    const auto tell = [view, &control, &form] {
+        control.Pages = view->pages();
+        control.Finds = view->finds();
+        control.Scale = view->scale();
+        control.Headings.clear();
+        if (control.Pages > 0)
+            for (const DocumentPlaces::Heading& heading : view->headings())
+                control.Headings.push_back({heading.level, fromQt(heading.title), fromQt(heading.name)});
+        form.act(control, [&] {
+            if (control.Pages > 0) control.Page = view->page();
+            if (control.OnChange) control.OnChange();
+        });
+    };
+    struct Shown {
+        std::string document, sought;
+        int page = 1, find = 0;
+        double zoom = 0;
+    };
+    bind(form, control, view, [view, &control, tell, shown = std::make_shared<Shown>()] {
+        if (control.Document != shown->document) {
+            const std::string wished = control.Document;
+            shown->document = wished.substr(0, wished.find('#'));
+            shown->page = 1;
+            view->show(toQt(wished));
+            control.Document = shown->document;
+            tell();
+        }
+        if (control.Zoom != shown->zoom) view->setZoom(shown->zoom = control.Zoom);
+        if (control.Sought != shown->sought) view->seek(toQt(shown->sought = control.Sought));
+        if (control.Find != shown->find) view->setFind(shown->find = control.Find);
+        if (control.Page != shown->page) view->setPage(shown->page = control.Page);
     });
+    view->onChange = tell;
+    view->onLink = [&control, &form](const QString& target) {
+        form.act(control, [&] {
+            if (control.OnLink) control.OnLink(fromQt(target));
+        });
+    };
     return view;
 }
 

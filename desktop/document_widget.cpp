@@ -1,15 +1,14 @@
-// How the pages of a document are shown.
+// Finds the documents of the manual and shows their pages.
 #include "desktop/document_widget.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QFileInfo>
 #include <QLabel>
 #include <QStackedLayout>
-#ifdef VERLINK_PDF
-#include <QPdfDocument>
-#include <QPdfPageNavigator>
-#include <QPdfView>
-#endif
+#include <QUrl>
+
+#include "desktop/document_pages.h"
 
 namespace verlink::desktop {
 
@@ -22,33 +21,8 @@ QString helpDocument(const QString& document) {
     return {};
 }
 
-#ifdef VERLINK_PDF
-class DocumentWidget::Pages : public QPdfView {
-   public:
-    explicit Pages(QWidget* parent) : QPdfView(parent), document_(new QPdfDocument(this)) {
-        setPageMode(QPdfView::PageMode::MultiPage);
-        setZoomMode(QPdfView::ZoomMode::FitToWidth);
-        setDocument(document_);
-    }
-    bool load(const QString& path) {
-        if (document_->load(path) != QPdfDocument::Error::None) return false;
-        pageNavigator()->jump(0, {});
-        return true;
-    }
-
-   private:
-    QPdfDocument* document_;
-};
-#else
-/// Without a reader of PDF files nothing can be shown.
-class DocumentWidget::Pages : public QWidget {
-   public:
-    using QWidget::QWidget;
-    bool load(const QString&) { return false; }
-};
-#endif
-
-DocumentWidget::DocumentWidget(QWidget* parent) : QWidget(parent), note_(new QLabel(this)), pages_(new Pages(this)) {
+DocumentWidget::DocumentWidget(QWidget* parent) : QWidget(parent), note_(new QLabel(this)) {
+    pages_ = new DocumentPages(this);
     auto* stack = new QStackedLayout(this);
     note_->setAlignment(Qt::AlignCenter);
     note_->setTextFormat(Qt::PlainText);
@@ -57,23 +31,62 @@ DocumentWidget::DocumentWidget(QWidget* parent) : QWidget(parent), note_(new QLa
     stack->addWidget(note_);
     stack->addWidget(pages_);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFocusProxy(pages_);
+    pages_->onChange = [this] {
+        if (onChange) onChange();
+    };
+    pages_->onLink = [this](const QString& target) {
+        if (onLink) onLink(target);
+    };
 }
 
 void DocumentWidget::show(const QString& document) {
-    auto* stack = static_cast<QStackedLayout*>(layout());
-    note_->clear();
-    if (!document.isEmpty()) {
-        const QString path = helpDocument(document);
-        if (!path.isEmpty() && pages_->load(path)) {
-            stack->setCurrentWidget(pages_);
-            return;
+    const QString file = document.section(QLatin1Char('#'), 0, 0);
+    const QString name = document.section(QLatin1Char('#'), 1);
+    if (file.isEmpty()) {
+        say({});
+    } else if (file != shown_ || !name.isEmpty()) {
+        const QString path = helpDocument(file);
+        if (path.isEmpty()) {
+            say(QStringLiteral("This document is not installed: ") + file);
+        } else if (!file.endsWith(QStringLiteral(".pdf"))) {
+            say((QDesktopServices::openUrl(QUrl::fromLocalFile(path))
+                     ? QStringLiteral("Your video player shows this document: ")
+                     : QStringLiteral("No player was found for this document: ")) +
+                path);
+        } else if (file != shown_ && !pages_->load(path)) {
+            say(QStringLiteral("This document cannot be shown: ") + path);
+        } else {
+            note_->clear();
+            shown_ = file;
+            static_cast<QStackedLayout*>(layout())->setCurrentWidget(pages_);
+            if (const auto* heading = pages_->places().heading(name)) pages_->goTo(heading->page, heading->top);
         }
-        note_->setText(path.isEmpty() ? QStringLiteral("This document is not installed: ") + document
-                                      : QStringLiteral("This document cannot be shown: ") + path);
     }
-    stack->setCurrentWidget(note_);
+    if (onChange) onChange();
+}
+
+void DocumentWidget::say(const QString& note) {
+    shown_.clear();
+    note_->setText(note);
+    static_cast<QStackedLayout*>(layout())->setCurrentWidget(note_);
 }
 
 QString DocumentWidget::note() const { return note_->text(); }
+
+int DocumentWidget::pages() const { return shown_.isEmpty() ? 0 : pages_->pages(); }
+int DocumentWidget::page() const { return pages_->page() + 1; }
+
+void DocumentWidget::setPage(int page) {
+    if (page != this->page()) pages_->goTo(page - 1);
+}
+
+void DocumentWidget::setZoom(double zoom) { pages_->setZoom(zoom); }
+double DocumentWidget::scale() const { return pages_->scale(); }
+void DocumentWidget::seek(const QString& words) { pages_->seek(words); }
+int DocumentWidget::finds() const { return pages_->finds(); }
+void DocumentWidget::setFind(int find) { pages_->goToFind(find - 1); }
+
+const std::vector<DocumentPlaces::Heading>& DocumentWidget::headings() const { return pages_->places().headings; }
 
 }  // namespace verlink::desktop

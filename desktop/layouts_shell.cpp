@@ -122,7 +122,40 @@ void layoutHomeScreen(Form& form, QWidget* room) {
 void layoutHelp(Form& form, QWidget* room) {
     auto* whole = new QVBoxLayout(room);
     whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(form.widget("WebBrowser1"));
+    whole->setSpacing(0);
+
+    QHBoxLayout* above = row();
+    above->setContentsMargins(kInset, kGap, kInset, kGap);
+    QWidget* contents = form.widget("cmb_Contents");
+    contents->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    contents->setMinimumWidth(120);
+    above->addWidget(labelOf(form.widget("lbl_Contents"), contents));
+    above->addWidget(contents, 1);
+    above->addSpacing(kGap);
+    above->addWidget(form.widget("cmd_PageBefore"));
+    QWidget* page = numberBox(form.widget("txt_Page"), 3);
+    above->addWidget(labelOf(form.widget("lbl_Page"), page));
+    above->addWidget(page);
+    above->addWidget(form.widget("lbl_Pages"));
+    above->addWidget(form.widget("cmd_PageAfter"));
+    above->addSpacing(kGap);
+    for (const char* name : {"cmd_Smaller", "cmd_Larger", "cmd_FitWidth"}) above->addWidget(form.widget(name));
+    whole->addLayout(above);
+
+    whole->addWidget(form.widget("WebBrowser1"), 1);
+
+    QHBoxLayout* below = row();
+    below->setContentsMargins(kInset, kGap, kInset, kGap);
+    below->addWidget(form.widget("cmd_Back"));
+    below->addSpacing(kGap);
+    QWidget* words = textBox(form.widget("txt_Find"), 18);
+    below->addWidget(labelOf(form.widget("lbl_Find"), words));
+    below->addWidget(words);
+    for (const char* name : {"cmd_FindBefore", "cmd_FindAfter"}) below->addWidget(form.widget(name));
+    below->addWidget(note(form.widget("lbl_Finds")));
+    below->addStretch(1);
+    below->addWidget(forward(form.widget("cmd_Close")));
+    whole->addLayout(below);
 }
 
 void layoutAbout(Form& form, QWidget* room) {

@@ -236,12 +236,34 @@ class PictureBox : public Visual {
     Surface* log_ = nullptr;
 };
 
-/// A reader of documents. `Document` is the path of the one shown, below the folder that holds the program's help;
-/// empty for none.
+/// A reader of documents. The program says what is to be shown; the desktop tells what there is, and when it has
+/// changed raises `OnChange`.
 class DocumentView : public Visual {
    public:
     DocumentView(Screen& owner, std::string name, int index = kNoIndex);
+
+    /// The path of the document below the folder that holds the program's help; empty for none. With "#name" behind
+    /// it, it opens at that heading, and the name falls off once it has.
     Property<std::string> Document;
+    Property<int> Page{*this, 1};     ///< the page in view, from 1; the user's scrolling changes it
+    Property<double> Zoom{*this, 0};  ///< 1 is the size of the paper, 0 fits the width
+    Property<std::string> Sought{*this, ""};
+    Property<int> Find{*this, 0};  ///< which of the places found is the present one, from 1; 0 for none
+
+    struct Heading {
+        int level;  ///< 1 is the document's title
+        std::string title;
+        std::string name;  ///< as links know it
+    };
+    // Told by the desktop.
+    int Pages = 0;     ///< 0 while no document is shown
+    int Finds = 0;     ///< in how many places the words sought stand
+    double Scale = 1;  ///< the zoom in force, where 0 was asked for too
+    std::vector<Heading> Headings;
+
+    std::function<void()> OnChange;
+    /// A link to another place, in this document or another, was clicked: a path as in `Document`.
+    std::function<void(const std::string& target)> OnLink;
 };
 
 /// A pulse. While `Enabled` it raises `OnTimer` every `Interval` milliseconds.

@@ -1,6 +1,8 @@
 // Walks through the program as a user would and saves a picture of each screen on the way.
 //
-//     verlink-capture FOLDER [dark]
+//     verlink-capture FOLDER [dark]      every screen, also as on a dark desktop
+//     verlink-capture FOLDER manual      the road of the manual, with an account of it in walk.txt
+//     verlink-capture - film             the tutorial, as uncompressed video on the standard output
 //
 // The user's folders are temporary ones, so that nothing of the real user is touched.
 #include <QAbstractButton>
@@ -11,7 +13,10 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
+#include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,48 +26,14 @@
 #include "desktop/quiet_style.h"
 #include "screens/register.h"
 #include "shell/startup.h"
+#include "tools/capture/film.h"
+#include "tools/capture/walk.h"
 
 using namespace verlink;
+using namespace verlink::capture;
 using platform::Screen;
 
 namespace {
-
-/// One stop of the walk: wait for a screen, do something on it, let it settle, save its picture under a name.
-struct Stop {
-    std::string screen;
-    std::string picture;  ///< empty: none
-    std::function<void(Screen&)> act;
-    int settle_ms = 120;
-    bool plays = false;  ///< the walk waits until the deed has ended
-};
-
-void Press(Screen& screen, const char* button) {
-    auto& control = screen.Get<platform::CommandButton>(button);
-    control.SetFocus();
-    control.Click();
-}
-
-void Fill(Screen& screen, const char* box, int index, const char* text) {
-    screen.Text(box, index).SetFocus();
-    screen.Text(box, index).Text = text;
-}
-
-void Tick(Screen& screen, const char* box, bool on) { screen.Get<platform::CheckBox>(box).Value = on; }
-
-/// Press button 1 with shift and move over the drawing, at a place given in parts of its width and height.
-void Drag(Screen& screen, double across, double down) {
-    auto& box = screen.Get<platform::PictureBox>("Picture1");
-    const auto& picture = box.Drawing();
-    box.OnMouseMove(1, 1, picture.Left() + across * (picture.Right() - picture.Left()),
-                    picture.Top() + down * (picture.Bottom() - picture.Top()));
-}
-
-void Choose(Screen& screen, const char* box, int entry) { screen.Get<platform::ComboBox>(box).Choose(entry); }
-void Pick(Screen& screen, const char* options, int index) {
-    screen.Get<platform::OptionButton>(options, index).Value = true;
-}
-
-using Stops = std::vector<Stop>;
 
 /// From the home screen to a selection screen of plots, by the type of the plot.
 Stops To_Selection(int type, const char* type_picture) {
@@ -397,11 +368,27 @@ Stops Walk() {
 
 class Walker {
    public:
-    Walker(desktop::QtDesktop& desktop, const QDir& folder) : desktop_(desktop), folder_(folder), stops_(Walk()) {}
+    /// The account of the walk goes to a file, when one is named.
+    Walker(desktop::QtDesktop& desktop, const QDir& folder, std::vector<Stop> stops, std::string account)
+        : desktop_(desktop), folder_(folder), stops_(std::move(stops)), account_file_(std::move(account)) {}
+
+    /// Films the walk in place of taking pictures.
+    void Use(Film& film) {
+        film_ = &film;
+        On_Hand = [this](Screen& screen, platform::Control& control) { Show_Hand(screen, control); };
+    }
 
     void Start() { Later(300); }
     /// The last deed ends the process, so that nothing comes after it.
     bool Done() const { return next_ + (acted_ ? 1 : 0) >= stops_.size(); }
+    /// The status of the process. A manual is made without the pictures of the rest of the way, and a test complains.
+    int End() {
+        if (account_file_.empty()) return Done() ? 0 : 1;
+        account_ += Done() ? "complete\n" : "given up at " + stops_[next_].screen + "\n";
+        std::ofstream file(account_file_);
+        file << account_;
+        return file.flush() ? 0 : 1;
+    }
 
    private:
     void Later(int ms) {
@@ -409,25 +396,32 @@ class Walker {
     }
 
     void Save(QWidget& widget, const std::string& name) {
+        if (film_) return film_->Show(widget, kLooking);
         const QString path = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
         if (!widget.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+        account_ += "picture " + name + "\n";
+    }
+
+    void Answer(QMessageBox& box) {
+        const std::string& wished = stops_[next_].message;
+        account_ += "message " + box.text().toStdString() + "\n";
+        Save(box, wished.empty() ? "message-" + std::to_string(++messages_) : wished);
+        Later(50);
+        box.button(box.standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
     }
 
     void Go() {
-        if (Done()) return;
+        if (next_ >= stops_.size()) return;
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            std::printf("message: %s\n", qPrintable(box->text()));
-            Save(*box, "message-" + std::to_string(++messages_));
-            Later(50);
-            box->button(box->standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
+            Answer(*box);
             return;
         }
         const Stop& stop = stops_[next_];
         Screen* active = Screen::Active();
         if (!acted_ && (!active || active->Name() != stop.screen)) {
-            if (++waits_ > 100) {
+            if (++waits_ > kPatience) {
                 std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
-                std::exit(1);
+                std::_Exit(End());
             }
             Later(50);
             return;
@@ -435,6 +429,10 @@ class Walker {
         waits_ = 0;
         if (!acted_) {
             acted_ = true;
+            if (film_ && !stop.words.empty()) {
+                film_->Say(stop.words);
+                film_->Show(desktop_.formOf(*active), kReading);
+            }
             if (!stop.plays) Later(stop.settle_ms);  // before the deed, which may show a screen and not return
             if (stop.act) stop.act(*active);
             if (stop.plays) Later(stop.settle_ms);
@@ -446,9 +444,25 @@ class Walker {
         Later(20);
     }
 
+    /// Each press, box and choice is seen before it happens; a button pressed again and again is a motion.
+    void Show_Hand(Screen& screen, platform::Control& control) {
+        desktop::Form& form = desktop_.formOf(screen);
+        const auto* widget = qobject_cast<QWidget*>(form.objectOf(control));
+        const bool again = hand_ == &control;
+        hand_ = &control;
+        film_->Show(form, again ? 0 : kPointing, again ? nullptr : widget);
+    }
+
+    static constexpr int kPatience = 400;
+    static constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
+
     desktop::QtDesktop& desktop_;
     QDir folder_;
     std::vector<Stop> stops_;
+    Film* film_ = nullptr;
+    const platform::Control* hand_ = nullptr;  ///< where the hand was last
+    std::string account_file_;
+    std::string account_;
     std::size_t next_ = 0;
     bool acted_ = false;
     int waits_ = 0;
@@ -473,28 +487,41 @@ QPalette Dark_Palette() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const bool dark = argc == 3 && std::string(argv[2]) == "dark";
-    if (argc != 2 && !dark) {
-        std::fputs("usage: verlink-capture FOLDER [dark]\n", stderr);
+    const std::string kind = argc == 3 ? argv[2] : "";
+    const bool dark = kind == "dark";
+    const bool manual = kind == "manual";
+    const bool film = kind == "film";
+    if (argc != 2 && !dark && !manual && !film) {
+        std::fputs("usage: verlink-capture FOLDER [dark | manual]\n       verlink-capture - film\n", stderr);
         return 2;
     }
+    // The platform without a display says at each window what it cannot do.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (!text.startsWith(QStringLiteral("This plugin does not support")))
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+    });
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", home.path().toLocal8Bit());
     for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DOCUMENTS_DIR"}) qunsetenv(name);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     desktop::useQuietStyle();
     if (dark) QApplication::setPalette(Dark_Palette());
     QDir folder(QString::fromLocal8Bit(argv[1]));
-    folder.mkpath(QStringLiteral("."));
+    if (!film) folder.mkpath(QStringLiteral("."));
 
     desktop::QtDesktop desktop;
     platform::Use_Desktop(&desktop);
     Register_Screens();
-    Walker walker(desktop, folder);
+    const QString account = manual ? folder.filePath(QStringLiteral("walk.txt")) : QString();
+    Walker walker(desktop, folder, film ? Tutorial_Walk() : manual ? Manual_Walk() : Walk(), account.toStdString());
+    std::optional<Film> tutorial;
+    if (film) walker.Use(tutorial.emplace(stdout));
     walker.Start();
     Sub_Main("");
     desktop.discardForms();
     platform::Screens::Discard();
-    return walker.Done() ? 0 : 1;
+    const int status = walker.End();
+    return tutorial && !tutorial->Good() ? 1 : status;
 }

@@ -1,0 +1,250 @@
+// The road of the manual's worked example, click by click, and the other screens that the manual shows.
+#include "core/linkage_model.h"
+#include "tools/capture/walk.h"
+
+namespace verlink::capture {
+
+namespace {
+
+using platform::kNoIndex;
+
+using Deed = std::function<void(Screen&)>;
+
+Deed Pressing(const char* button) {
+    return [button](Screen& s) { Press(s, button); };
+}
+
+Deed Menu(const char* entry, int index = kNoIndex) {
+    return [entry, index](Screen& s) { s.Get<platform::MenuEntry>(entry, index).Click(); };
+}
+
+struct Typed {
+    const char* box;
+    int index;
+    const char* text;
+};
+
+Deed Typing(std::vector<Typed> boxes) {
+    return [boxes = std::move(boxes)](Screen& s) {
+        for (const Typed& typed : boxes) Fill(s, typed.box, typed.index, typed.text);
+    };
+}
+
+Stops To_Home() {
+    return {{"frm_Title", "", Pressing("cmd_Start"), 120, false, "",
+             "Verlink designs four-bar linkages. This film goes from three positions to a balanced mechanism."},
+            {"frm_User", "user", [](Screen& s) { Fill(s, "txt_UserName", kNoIndex, "A. Designer"); }},
+            {"frm_User", "", Pressing("cmd_Done")},
+            {"frm_HomeScreen",
+             "home-empty",
+             {},
+             200,
+             false,
+             "",
+             "The home screen: everything begins here and comes back here."}};
+}
+
+Stops Synthesis() {
+    return {
+        {"frm_HomeScreen", "", Menu("mnu_Unspec"), 120, false, "",
+         "A part is to take three positions: Synthesis, Three Position, with Unspecified Fixed Pivots."},
+        {"frm_Synth3", "",
+         Typing({{"txt_P21x", kNoIndex, "-0.575"},
+                 {"txt_P21y", kNoIndex, "0.803"},
+                 {"txt_P31x", kNoIndex, "-1.928"},
+                 {"txt_P31y", kNoIndex, "0.553"},
+                 {"txt_Alpha2", kNoIndex, "-8.686"},
+                 {"txt_Alpha3", kNoIndex, "-10.961"},
+                 {"txt_Beta2", kNoIndex, "45"},
+                 {"txt_Beta3", kNoIndex, "90"},
+                 {"txt_Gamma2", kNoIndex, "3.355"},
+                 {"txt_Gamma3", kNoIndex, "14.972"}}),
+         120, false, "", "Type how the point moves and how the part turns, and choose how far crank and rocker turn."},
+        {"frm_Synth3", "synthesis-3", Pressing("cmd_Calc"), 300, false, "synthesis-report",
+         "Calculate reports the linkage that reaches all three."},
+        {"frm_Synth3", "", Pressing("cmd_Done")}};
+}
+
+/// The linkage is run over a full turn and animated.
+Stops Run_And_Animate() {
+    return {{"frm_Inputnew", "",
+             Typing({{"txt_initial", 1, "360"},
+                     {"txt_initial", 0, "0"},
+                     {"txt_initial", 2, "2"},
+                     {"txt_initial", 3, "10"},
+                     {"txt_Figure", kNoIndex, "Three-position transfer"}}),
+             400, false, "",
+             "The linkage is in the boxes of the input screen. Let the crank turn fully, at 10 radians a second."},
+            {"frm_Inputnew", "input", Pressing("cmd_Calc")},
+            {"frm_Inputnew", "", Pressing("cmd_Done")},
+            {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
+             "The animate screen plays it. The green curve is the path of the coupler point."},
+            {"frm_Animate", "animate",
+             [](Screen& s) {
+                 for (int i = 0; i < 15; ++i) Press(s, "cmd_Step");
+             }},
+            {"frm_Animate", "", Pressing("cmd_Done")},
+            {"frm_HomeScreen", "home", {}, 200}};
+}
+
+Stops Plot_Accelerations() {
+    return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
+             "Plot: the acceleration of the coupler point, in a single window."},
+            {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+            {"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+            {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+            {"frm_Plot1", "plot-acceleration", {}, 300},
+            {"frm_Plot1", "", Pressing("cmd_Done")}};
+}
+
+Stops Forces_And_Balance() {
+    return {{"frm_HomeScreen", "", Pressing("cmd_Dynamics"), 120, false, "",
+             "Dynamics: type the masses of the links and solve for the forces."},
+            {"frm_MassProp", "",
+             Typing({{"txt_Mass", 2, "0.006"},
+                     {"txt_Mass", 3, "0.03"},
+                     {"txt_Mass", 4, "0.015"},
+                     {"txt_Inertia", 2, "0.005"},
+                     {"txt_Inertia", 3, "0.2"},
+                     {"txt_Inertia", 4, "0.08"},
+                     {"txt_DistCG", 2, "1"},
+                     {"txt_DistCG", 3, "4"},
+                     {"txt_DistCG", 4, "3.5"},
+                     {"txt_AngCG", 2, "0"},
+                     {"txt_AngCG", 3, "15"},
+                     {"txt_AngCG", 4, "0"}})},
+            {"frm_MassProp", "dynamics", Pressing("cmd_Solve"), 300},
+            {"frm_MassProp", "", Pressing("cmd_Matrix")},
+            {"frm_Matrix", "matrix", {}, 200},
+            {"frm_Matrix", "", Pressing("cmd_Done")},
+            {"frm_MassProp", "", Pressing("cmd_Done")},
+            {"frm_HomeScreen", "", Pressing("cmd_Balance"), 120, false, "",
+             "Balance: two counterweights take the shaking force away."},
+            {"frm_Balance", "balance", Pressing("cmd_Calc"), 400},
+            {"frm_Balance", "", Pressing("cmd_Done")}};
+}
+
+/// A table of the shaking force and torque before and after balancing.
+Stops Table() {
+    return {{"frm_HomeScreen", "", Pressing("cmd_Print"), 120, false, "",
+             "Print: a table of force and moment, before and after."},
+            {"frm_PrintSelect", "print-select",
+             [](Screen& s) {
+                 auto& presets = s.Get<platform::ComboBox>("cmb_Preset");
+                 presets.Choose(presets.Items().size() > 26 ? 26 : 8);
+                 Choose(s, "cmb_Step", 0);
+                 Choose(s, "cmb_Decimal", 3);
+             }},
+            {"frm_PrintSelect", "", Pressing("cmd_Done")},
+            {"frm_PrintData", "print-data", {}, 300},
+            {"frm_PrintData", "", Pressing("cmd_Done")}};
+}
+
+/// Two, four and polar windows, and the transform.
+Stops Other_Plots() {
+    return {{"frm_HomeScreen", "", Pressing("cmd_Plot")},
+            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+            {"frm_PlotSelect2", "",
+             [](Screen& s) {
+                 Pick(s, "opt_Plotstyle", 0);
+                 Choose(s, "cmb_Preset", 1);
+             }},
+            {"frm_PlotSelect2", "", Pressing("cmd_Done")},
+            {"frm_Myplot2", "plot-aligned", {}, 700},
+            {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
+            {"frm_HomeScreen", "", Pressing("cmd_Plot")},
+            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+            {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
+            {"frm_PlotSelect4", "", Pressing("cmd_Done")},
+            {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
+            {"frm_MyPlot4", "plot-polar", {}, 300},
+            {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
+            {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
+            {"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400},
+            {"frm_FFT", "", Pressing("cmd_Done")}};
+}
+
+/// The linkages that belong to the same curve.
+Stops Cognates() {
+    return {{"frm_HomeScreen", "", Menu("mnu_Cayley")},
+            {"frm_Cayley", "cayley", {}, 300},
+            {"frm_Cayley", "", Pressing("cmd_Done")}};
+}
+
+Stops Two_Positions() {
+    return {{"frm_HomeScreen", "", Menu("mnu_Twopos1")},
+            {"frm_Synth2A", "synthesis-2a", Pressing("cmd_Calc"), 300, false, "report-2a"},
+            {"frm_Synth2A", "", Pressing("cmd_Cancel")},
+            {"frm_HomeScreen", "", Menu("mnu_Twopos2")},
+            {"frm_Synth2B", "synthesis-2b", Pressing("cmd_Calc"), 300, false, "report-2b"},
+            {"frm_Synth2B", "", Pressing("cmd_Cancel")},
+            {"frm_HomeScreen", "", Menu("mnu_Spec")},
+            {"frm_Synth3", "synthesis-pivots", Pressing("cmd_Calc"), 300, false, "report-3"},
+            {"frm_Synth3", "", Pressing("cmd_Cancel")}};
+}
+
+/// A straight line, with what the animate screen can show of it.
+Stops Straight_Line() {
+    return {{"frm_HomeScreen", "", Menu("mnu_Hoekens")},
+            {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 400},
+            {"frm_Inputnew", "", Pressing("cmd_Done")},
+            {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400},
+            {"frm_Animate", "straight-line",
+             [](Screen& s) {
+                 for (int i = 0; i < 9; ++i) Press(s, "cmd_Step");
+             }},
+            {"frm_Animate", "centrodes",
+             [](Screen& s) {
+                 Tick(s, "chk_Centrodes", true);
+                 s.Get<platform::ScrollBar>("hsc_speed").SetValue(32767);
+                 Press(s, "cmd_Animate");
+             },
+             120, true},
+            {"frm_Animate", "", Pressing("cmd_Done")}};
+}
+
+Stops Quit() {
+    return {{"frm_HomeScreen", "",
+             [](Screen& s) {
+                 Model.SavedFlag = true;  // no question about saving on this walk
+                 Press(s, "cmd_Quit");
+             },
+             120, false, "", "Save the model from the File menu. The manual under Help tells the rest."},
+            {"frm_Quit", "", Pressing("cmd_YesQuit")}};
+}
+
+}  // namespace
+
+Stops Manual_Walk() {
+    Stops walk;
+    const auto add = [&walk](const Stops& part) { walk.insert(walk.end(), part.begin(), part.end()); };
+    const auto knows = [](const char* screen) { return platform::Screens::Knows(screen); };
+    add(To_Home());
+    if (knows("frm_Synth3"))
+        add(Synthesis());
+    else
+        add({{"frm_HomeScreen", "", Pressing("cmd_Input")}});
+    add(Run_And_Animate());
+    add(Plot_Accelerations());
+    if (knows("frm_MassProp") && knows("frm_Balance")) add(Forces_And_Balance());
+    add(Table());
+    add(Other_Plots());
+    if (knows("frm_Cayley")) add(Cognates());
+    if (knows("frm_Synth2A") && knows("frm_Synth3")) add(Two_Positions());
+    if (knows("frm_Synth3")) add(Straight_Line());
+    add(Quit());
+    return walk;
+}
+
+Stops Tutorial_Walk() {
+    Stops walk;
+    for (const Stops& part :
+         {To_Home(), Synthesis(), Run_And_Animate(), Plot_Accelerations(), Forces_And_Balance(), Table(), Quit()})
+        walk.insert(walk.end(), part.begin(), part.end());
+    return walk;
+}
+
+}  // namespace verlink::capture
