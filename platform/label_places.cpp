@@ -20,8 +20,9 @@ constexpr double kDistances[] = {3, 7, 12, 18, 26, 36, 48, 62, 80, 100};
 constexpr int kRounds = 5;
 
 // What a place costs, in pixels of distance from the anchor that it is worth.
-constexpr double kPerInkCell = 7;
+constexpr double kPerInkCell = 14;
 constexpr double kPerOverlap = 1.5;    ///< of each square pixel that two labels share
+constexpr double kPerCrossing = 30;    ///< of each way to an anchor that leads through a label
 constexpr double kPerCellBetween = 8;  ///< of what is drawn between a label and its anchor
 constexpr double kAstray = 14;         ///< for the direction opposite to the wished one
 
@@ -111,13 +112,33 @@ class Ink {
 
 struct Candidate {
     Rect rect;
-    double cost;  ///< without regard to the other labels
+    double anchor_x, anchor_y, near_x, near_y;  ///< the anchor, and the label's point next to it
+    double cost;                                ///< without regard to the other labels
 };
 
 double Shared(const Rect& a, const Rect& b) {
     const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
     const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
     return wide > 0 && high > 0 ? wide * high : 0;
+}
+
+/// Does the way from a candidate to its anchor lead through a rectangle?
+bool Crosses(const Candidate& way, const Rect& rect) {
+    double from = 0, to = 1;
+    const auto clip = [&](double start, double along, double low, double high) {
+        if (along == 0) return start > low && start < high;
+        const double a = (low - start) / along, b = (high - start) / along;
+        from = std::max(from, std::min(a, b));
+        to = std::min(to, std::max(a, b));
+        return from < to;
+    };
+    return clip(way.anchor_x, way.near_x - way.anchor_x, rect.left, rect.right) &&
+           clip(way.anchor_y, way.near_y - way.anchor_y, rect.top, rect.bottom);
+}
+
+double Between_Labels(const Candidate& a, const Candidate& b) {
+    return kPerOverlap * Shared(a.rect, b.rect) + (Crosses(a, b.rect) ? kPerCrossing : 0) +
+           (Crosses(b, a.rect) ? kPerCrossing : 0);
 }
 
 std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink& ink) {
@@ -144,7 +165,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink&
             const double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) +
                                 kPerInkCell * ink.Within(rect) + kPerCellBetween * ink.Between(x, y, near_x, near_y) +
                                 (length > 0 ? kAstray * (1 - std::cos(turn)) / 2 : 0);
-            all.push_back({rect, cost});
+            all.push_back({rect, x, y, near_x, near_y, cost});
         }
     return all;
 }
@@ -156,7 +177,7 @@ std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, s
     std::vector<std::vector<Candidate>> candidates;
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));
 
-    std::vector<Rect> taken(wishes.size(), Rect{0, 0, 0, 0});
+    std::vector<const Candidate*> taken(wishes.size(), nullptr);
     for (int round = 0; round < kRounds; ++round)
         for (std::size_t i = 0; i < wishes.size(); ++i) {
             double least = 0;
@@ -164,16 +185,16 @@ std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, s
             for (const Candidate& candidate : candidates[i]) {
                 double cost = candidate.cost;
                 for (std::size_t j = 0; j < taken.size(); ++j)
-                    if (j != i) cost += kPerOverlap * Shared(candidate.rect, taken[j]);
+                    if (j != i && taken[j]) cost += Between_Labels(candidate, *taken[j]);
                 if (best && cost >= least) continue;
                 least = cost;
                 best = &candidate;
             }
-            taken[i] = best->rect;
+            taken[i] = best;
         }
 
     std::vector<LabelPlace> places;
-    for (const Rect& rect : taken) places.push_back({rect.left + kMargin, rect.top + kMargin});
+    for (const Candidate* label : taken) places.push_back({label->rect.left + kMargin, label->rect.top + kMargin});
     return places;
 }
 

@@ -97,6 +97,25 @@ TEST_F(LabelPlaces, LabelsOfOneAnchorStandBesideEachOther) {
         for (std::size_t j = 0; j < i; ++j) EXPECT_FALSE(Overlap(wishes[i], places[i], wishes[j], places[j]));
 }
 
+TEST_F(LabelPlaces, TheWayToAnAnchorLeadsThroughNoOtherLabel) {
+    // All want the place over one line, where only one can stand next to it.
+    picture.Line(120, 200, 280, 200, 1);
+    const std::vector<LabelWish> wishes{Wish(196, 200, 0, -1), Wish(200, 200, 0, -1), Wish(204, 200, 0, -1)};
+    const auto places = Find_Label_Places(picture, kSide, wishes);
+    for (std::size_t i = 0; i < wishes.size(); ++i) {
+        const double x = wishes[i].at.across * kSide, y = wishes[i].at.down * kSide;
+        const double near_x = std::clamp(x, places[i].x, places[i].x + wishes[i].width);
+        const double near_y = std::clamp(y, places[i].y, places[i].y + wishes[i].height);
+        for (double part = 0; part < 1; part += 0.02) {
+            const LabelPlace walked{x + (near_x - x) * part, y + (near_y - y) * part};
+            for (std::size_t j = 0; j < wishes.size(); ++j)
+                if (j != i) {
+                    EXPECT_FALSE(Overlap({{}, 0.1, 0.1}, walked, wishes[j], places[j])) << i << " through " << j;
+                }
+        }
+    }
+}
+
 TEST_F(LabelPlaces, TheSamePictureGivesTheSamePlaces) {
     picture.Line(0, 0, 400, 400, 1);
     const std::vector<LabelWish> wishes{Wish(100, 100), Wish(110, 105), Wish(200, 200, 1, 1)};

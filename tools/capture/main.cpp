@@ -282,8 +282,8 @@ Stops Design() {
         {"frm_Cayley", "cayley-second", [](Screen& s) { Pick(s, "opt_Cognate", 1); }, 300},
         {"frm_Cayley", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Roberts"); }},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 500},
-        {"frm_Inputnew", "example-roberts", {}, 300},
+        {"frm_Inputnew", "", {}, 500},
+        {"frm_Inputnew", "example-roberts", [](Screen& s) { Press(s, "cmd_Calc"); }, 300},
         {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Cancel"); }},
     };
     for (const Stops& more : {Synthesis_Screen_Of("mnu_Twopos1", "frm_Synth2A", "synthesis-angles"),
