@@ -75,4 +75,14 @@ void Caption::paintEvent(QPaintEvent* event) {
     QLabel::paintEvent(event);
 }
 
+void layUpon(QLabel* label, QWidget* pane) {
+    label->setParent(pane);
+    QPalette ink;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        ink.setColor(group, QPalette::WindowText, Qt::black);
+    label->setPalette(ink);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->raise();
+}
+
 }  // namespace verlink::desktop

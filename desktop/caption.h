@@ -40,4 +40,8 @@ class Caption : public QLabel {
     std::optional<platform::Anchor> anchor_;
 };
 
+/// Lays a label upon a picture: black as what is drawn, whatever the desktop's colours are, and no hindrance to the
+/// mouse.
+void layUpon(QLabel* label, QWidget* pane);
+
 }  // namespace verlink::desktop

@@ -16,7 +16,7 @@ namespace verlink::desktop {
 namespace {
 
 constexpr int kBetween = 4;    ///< pixels between a name and its value
-constexpr double kApart = 14;   ///< pixels from its anchor that a label may stand without a line
+constexpr double kApart = 14;  ///< pixels from its anchor that a label may stand without a line
 constexpr double kAtEnds = 2;  ///< pixels by which the line is shorter at each end
 
 int widthOf(const QWidget* label) { return label->isHidden() ? 0 : label->sizeHint().width(); }
@@ -54,17 +54,8 @@ DiagramPane::DiagramPane(PictureWidget* picture, QWidget* parent)
 
 void DiagramPane::add(QWidget* name, QWidget* value) {
     const Entry entry{static_cast<Caption*>(name), static_cast<Caption*>(value)};
-    for (Caption* label : {entry.name, entry.value}) {
-        if (!label) continue;
-        label->setParent(this);
-        // The picture is white whatever the desktop's colours are.
-        QPalette ink;
-        for (const auto group : {QPalette::Active, QPalette::Inactive})
-            ink.setColor(group, QPalette::WindowText, Qt::black);
-        label->setPalette(ink);
-        label->setAttribute(Qt::WA_TransparentForMouseEvents);
-        label->raise();
-    }
+    for (Caption* label : {entry.name, entry.value})
+        if (label) layUpon(label, this);
     entries_.push_back(entry);
 }
 

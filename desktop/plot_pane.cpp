@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/caption.h"
 #include "desktop/picture_widget.h"
 
 namespace verlink::desktop {
@@ -25,16 +26,10 @@ PlotPane::PlotPane(PictureWidget* picture, QWidget* parent) : QWidget(parent), p
 }
 
 void PlotPane::add(QLabel* label, double x, double y, Side side) {
-    label->setParent(this);
-    QPalette ink;
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-        ink.setColor(group, QPalette::WindowText, Qt::black);
-    label->setPalette(ink);
-    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    layUpon(label, this);
     label->setAlignment(Qt::AlignVCenter | (side == Side::kLeft    ? Qt::AlignRight
                                             : side == Side::kRight ? Qt::AlignLeft
                                                                    : Qt::AlignHCenter));
-    label->raise();
     marks_.push_back({label, x, y, side});
 }
 

@@ -175,6 +175,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink&
 std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes) {
     const Ink ink(picture, side);
     std::vector<std::vector<Candidate>> candidates;
+    candidates.reserve(wishes.size());
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));
 
     std::vector<const Candidate*> taken(wishes.size(), nullptr);
@@ -194,6 +195,7 @@ std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, s
         }
 
     std::vector<LabelPlace> places;
+    places.reserve(taken.size());
     for (const Candidate* label : taken) places.push_back({label->rect.left + kMargin, label->rect.top + kMargin});
     return places;
 }
