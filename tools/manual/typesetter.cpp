@@ -15,6 +15,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <QTextLayout>
 #include <QTextList>
 #include <QTextTable>
 #include <algorithm>
@@ -207,6 +208,15 @@ void dress(Document& document) {
 
 int pageOf(qreal y) { return static_cast<int>(y / kPaperHeight); }
 
+/// Where the second line of a block ends, or its only one: a line alone is left behind by nothing that leads to it.
+qreal secondLine(const QTextBlock& block) {
+    const QRectF area = block.document()->documentLayout()->blockBoundingRect(block);
+    const QTextLayout* lines = block.layout();
+    if (lines->lineCount() == 0) return area.bottom();
+    const QTextLine line = lines->lineAt(std::min(1, lines->lineCount() - 1));
+    return area.top() + line.y() + line.height() - 1;
+}
+
 /// The number of a block that is to begin a page: a heading goes there with what follows it, and a picture with its
 /// caption. -1 when all is well.
 int tornApart(const QTextDocument& document) {
@@ -214,10 +224,7 @@ int tornApart(const QTextDocument& document) {
     for (QTextBlock block = document.begin(); block.next().isValid(); block = block.next()) {
         const bool leads = block.blockFormat().headingLevel() > 0 || isPicture(block);
         if (!leads || block.blockFormat().pageBreakPolicy() == QTextFormat::PageBreak_AlwaysBefore) continue;
-        const QRectF here = layout->blockBoundingRect(block);
-        const QRectF next = layout->blockBoundingRect(block.next());
-        // The first lines of what follows count, not all of it.
-        if (pageOf(here.top()) == pageOf(next.top() + std::min<qreal>(next.height(), 40))) continue;
+        if (pageOf(layout->blockBoundingRect(block).top()) == pageOf(secondLine(block.next()))) continue;
         // A heading goes along with what it heads.
         while (block.previous().isValid() && block.previous() != document.begin() &&
                block.previous().blockFormat().headingLevel() > 0)
