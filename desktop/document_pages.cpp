@@ -19,7 +19,6 @@ namespace verlink::desktop {
 namespace {
 
 constexpr qreal kPointsPerInch = 72;
-constexpr qreal kAir = 12;  ///< points between the top of the view and the place gone to
 
 qreal pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / kPointsPerInch; }
 
@@ -78,7 +77,8 @@ QRectF DocumentPages::pageArea(int page) const {
     int top = margins.top();
     for (int i = 0; i < page; ++i) top += sized(i).height() + pageSpacing();
     const QSize size = sized(page);
-    return {QPointF((std::max(widest, viewport()->width()) - size.width()) / 2, top), QSizeF(size)};
+    const int left = (std::max(widest, viewport()->width()) - size.width()) / 2;  // whole pixels, as the view counts
+    return {QPointF(left, top), QSizeF(size)};
 }
 
 DocumentPages::Spot DocumentPages::top() const {

@@ -1,4 +1,6 @@
 // The road of the manual's worked example, click by click, and the other screens that the manual shows.
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "tools/capture/walk.h"
 
@@ -66,7 +68,7 @@ Stops Synthesis() {
 }
 
 /// The linkage is run over a full turn and animated.
-Stops Run_And_Animate() {
+Stops Run_And_Animate(int steps) {
     return {{"frm_Inputnew", "",
              Typing({{"txt_initial", 1, "360"},
                      {"txt_initial", 0, "0"},
@@ -80,11 +82,17 @@ Stops Run_And_Animate() {
             {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
              "The animate screen plays it. The green curve is the path of the coupler point."},
             {"frm_Animate", "animate",
-             [](Screen& s) {
-                 for (int i = 0; i < 15; ++i) Press(s, "cmd_Step");
+             [steps](Screen& s) {
+                 for (int i = 0; i < steps; ++i) Press(s, "cmd_Step");
              }},
             {"frm_Animate", "", Pressing("cmd_Done")},
-            {"frm_HomeScreen", "home", {}, 200}};
+            {"frm_HomeScreen",
+             "home",
+             {},
+             200,
+             false,
+             "",
+             "The strip at the foot of the home screen tells what is there."}};
 }
 
 Stops Plot_Accelerations() {
@@ -131,8 +139,9 @@ Stops Table() {
              "Print: a table of force and moment, before and after."},
             {"frm_PrintSelect", "print-select",
              [](Screen& s) {
-                 auto& presets = s.Get<platform::ComboBox>("cmb_Preset");
-                 presets.Choose(presets.Items().size() > 26 ? 26 : 8);
+                 const auto& presets = s.Get<platform::ComboBox>("cmb_Preset").Items();
+                 const auto wished = std::ranges::find(presets, "Balanced and Unbalanced Shaking Force and Torque");
+                 Choose(s, "cmb_Preset", static_cast<int>(wished - presets.begin()));
                  Choose(s, "cmb_Step", 0);
                  Choose(s, "cmb_Decimal", 3);
              }},
@@ -221,20 +230,16 @@ Stops Quit() {
 Stops Manual_Walk() {
     Stops walk;
     const auto add = [&walk](const Stops& part) { walk.insert(walk.end(), part.begin(), part.end()); };
-    const auto knows = [](const char* screen) { return platform::Screens::Knows(screen); };
     add(To_Home());
-    if (knows("frm_Synth3"))
-        add(Synthesis());
-    else
-        add({{"frm_HomeScreen", "", Pressing("cmd_Input")}});
-    add(Run_And_Animate());
+    add(Synthesis());
+    add(Run_And_Animate(15));
     add(Plot_Accelerations());
-    if (knows("frm_MassProp") && knows("frm_Balance")) add(Forces_And_Balance());
+    add(Forces_And_Balance());
     add(Table());
     add(Other_Plots());
-    if (knows("frm_Cayley")) add(Cognates());
-    if (knows("frm_Synth2A") && knows("frm_Synth3")) add(Two_Positions());
-    if (knows("frm_Synth3")) add(Straight_Line());
+    add(Cognates());
+    add(Two_Positions());
+    add(Straight_Line());
     add(Quit());
     return walk;
 }
@@ -242,7 +247,7 @@ Stops Manual_Walk() {
 Stops Tutorial_Walk() {
     Stops walk;
     for (const Stops& part :
-         {To_Home(), Synthesis(), Run_And_Animate(), Plot_Accelerations(), Forces_And_Balance(), Table(), Quit()})
+         {To_Home(), Synthesis(), Run_And_Animate(90), Plot_Accelerations(), Forces_And_Balance(), Table(), Quit()})
         walk.insert(walk.end(), part.begin(), part.end());
     return walk;
 }
