@@ -28,11 +28,13 @@ void Read_Back_Limits() {
     }
 }
 
-/// What was known of the linkage before, in memory and on disk, is not known of a new one.
+/// What was known of the linkage before, in memory and on disk, is not known of a new one, and no other drives it.
 void Drop_Results() {
     Model.DynamicsDone = false;
     Model.BalanceDone = false;
     Model.SavedFlag = false;
+    Model.DiskFile = false;
+    Model.LinkDriven = false;
 }
 
 void Show_Synthesis(const std::string& entry, const char* screen, int positions, bool pivots) {
@@ -48,12 +50,12 @@ void Show_Synthesis(const std::string& entry, const char* screen, int positions,
 void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)(), bool read_back) {
     Guarded("frm_Homescreen." + entry, [&] {
         example();
+        Drop_Results();
         if (read_back) Read_Back_Limits();
         Model.Calctype = 3;
         Integer Result = kRetrying;
         Crankangle(Result);
         Model.Calculated = true;
-        Drop_Results();
         SeedCognate();
         // The input screen comes up before the units change: the numbers are inches, and are not converted.
         cmd_Input_Click();

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "animation/engine.h"
-#include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"

@@ -58,7 +58,7 @@ TEST_F(HomeSynthesis, EachExampleComesUpOnTheInputScreenCalculatedWithItsCognate
                      {"mnu_Cheby", "Chebychv", {"2", "2.5", "1", "2.5"}, "37", 1}};
     for (const auto& example : kExamples) {
         SCOPED_TRACE(example.entry);
-        Model.DynamicsDone = Model.BalanceDone = Model.SavedFlag = true;
+        Model.DynamicsDone = Model.BalanceDone = Model.SavedFlag = Model.DiskFile = Model.LinkDriven = true;
         Model.Calctype = 2;
         Pick_Example(example.entry, [&] {
             EXPECT_EQ(Model.ModelName, example.name);
@@ -71,6 +71,8 @@ TEST_F(HomeSynthesis, EachExampleComesUpOnTheInputScreenCalculatedWithItsCognate
             EXPECT_FALSE(Model.DynamicsDone);
             EXPECT_FALSE(Model.BalanceDone);
             EXPECT_FALSE(Model.SavedFlag) << "what lies on disk is another linkage";
+            EXPECT_FALSE(Model.DiskFile);
+            EXPECT_FALSE(Model.LinkDriven);
             Press(input, "cmd_Calc");
             EXPECT_TRUE(Model.RunTable.Assembled(0));
         });
