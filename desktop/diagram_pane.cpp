@@ -19,6 +19,13 @@ constexpr int kBetween = 4;    ///< pixels between a name and its value
 constexpr double kApart = 14;  ///< pixels from its anchor that a label may stand without a line
 constexpr double kAtEnds = 2;  ///< pixels by which the line is shorter at each end
 
+/// Does the picture show the place? A name at its very edge counts.
+bool upon(const platform::Anchor& at) {
+    constexpr double kAround = 0.02;
+    const auto within = [](double part) { return part >= -kAround && part <= 1 + kAround; };
+    return within(at.across) && within(at.down);
+}
+
 int widthOf(const QWidget* label) { return label->isHidden() ? 0 : label->sizeHint().width(); }
 
 }  // namespace
@@ -66,6 +73,11 @@ void DiagramPane::place() {
     std::vector<Entry> placed;
     for (const Entry& entry : entries_) {
         if (entry.name->isHidden() || !entry.name->anchor()) continue;
+        if (!upon(*entry.name->anchor())) {
+            entry.name->setGeometry(QRect());
+            if (entry.value) entry.value->setGeometry(QRect());
+            continue;
+        }
         int width = widthOf(entry.name);
         int height = entry.name->sizeHint().height();
         if (entry.value && widthOf(entry.value) > 0) {

@@ -10,7 +10,8 @@ class Caption;
 class PictureWidget;
 
 /// The picture fills the pane. Each label is placed near its anchor, clear of what is drawn and of the other labels,
-/// whenever the pane, a text or an anchor changes. One that stands apart from its anchor has a thin line to it.
+/// whenever the pane, a text or an anchor changes. One that stands apart from its anchor has a thin line to it,
+/// and one whose anchor lies beyond the picture is not there.
 class DiagramPane : public QWidget {
    public:
     DiagramPane(PictureWidget* picture, QWidget* parent);

@@ -168,10 +168,12 @@ class Drawing {
         const Vector tangent = Vector(0, sweep < 0 ? -1 : 1) * Turn(from + sweep - std::copysign(spans / 2, sweep));
         Head(last, tangent, length, color);
     }
+    /// An angle far out may reach beyond the window; its name stays at the edge.
     void Mark(std::string name, Vector place, Vector towards) {
+        const Vector part = (place - corner_) / side_;
         marks_.push_back({std::move(name),
-                          {(place.real() - corner_.real()) / side_, 1 - (place.imag() - corner_.imag()) / side_,
-                           towards.real(), -towards.imag()}});
+                          {std::clamp(part.real(), 0.0, 1.0), 1 - std::clamp(part.imag(), 0.0, 1.0), towards.real(),
+                           -towards.imag()}});
     }
 
     // Parts of the diagram.

@@ -109,6 +109,19 @@ TEST_F(DiagramTest, The_names_of_the_Cayley_diagram_stand_apart_at_every_zoom) {
     });
 }
 
+TEST_F(DiagramTest, A_name_of_what_lies_beyond_the_picture_is_not_there) {
+    Show("frm_Cayley", [](QWidget& window) {
+        auto& screen = *Screen::Active();
+        for (int i = 0; i < 12; ++i) screen.Get<MenuEntry>("mnu_Plus").Click();
+        QTest::qWait(20);
+        EXPECT_TRUE(Find<QLabel>(window, "lbl_Point_0").geometry().isEmpty());
+        EXPECT_FALSE(Find<QLabel>(window, "lbl_Point_3").geometry().isEmpty()) << "the coupler point is in its middle";
+        for (int i = 0; i < 12; ++i) screen.Get<MenuEntry>("mnu_Minus").Click();
+        QTest::qWait(20);
+        EXPECT_FALSE(Find<QLabel>(window, "lbl_Point_0").geometry().isEmpty());
+    });
+}
+
 TEST_F(DiagramTest, A_box_that_only_shows_is_cyan_and_takes_no_typing_but_gives_its_text) {
     Model.SpecifiedPivots = true;
     Show("frm_Synth3", [](QWidget& window) {

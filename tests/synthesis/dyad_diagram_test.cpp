@@ -258,10 +258,11 @@ TEST_F(DyadDiagram, AnyDyadsCanBeDrawn) {
         const auto marks = Draw(f);
         EXPECT_EQ(marks.size(), f.positions == 2 ? 18U : 24U) << round;
         EXPECT_LT(picture.Primitives().size(), 3000U) << round;
-        for (const DyadMark& mark : marks)
-            EXPECT_TRUE(std::isfinite(mark.at.across) && std::isfinite(mark.at.down) && std::isfinite(mark.at.right) &&
-                        std::isfinite(mark.at.below))
-                << mark.name;
+        for (const DyadMark& mark : marks) {
+            EXPECT_TRUE(mark.at.across >= 0 && mark.at.across <= 1) << mark.name;
+            EXPECT_TRUE(mark.at.down >= 0 && mark.at.down <= 1) << mark.name;
+            EXPECT_TRUE(std::isfinite(mark.at.right) && std::isfinite(mark.at.below)) << mark.name;
+        }
     }
 }
 
