@@ -99,7 +99,9 @@ void frm_MassProp::Form_Activate() {
         Titlebox(*this);
         Put_Mass_Properties(*this);
         Show_Units();
-        Allow_Results(std::exchange(FromMatrix, false));
+        const bool solved = std::exchange(FromMatrix, false);
+        Allow_Results(solved);
+        if (!solved) txt_Mass[2].SetFocus();
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
         chk_Torque.Value = Model.TorqueImported;

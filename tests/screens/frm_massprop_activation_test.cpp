@@ -170,6 +170,16 @@ TEST_F(MassPropActivation, TheMatrixComesUpAndLeavesTheResultsOpen) {
     Inside(form, [this] { Expect_Results_Open(false); });
 }
 
+TEST_F(MassPropActivation, TypingBeginsInTheFirstBoxButNotOnComingBackFromTheMatrix) {
+    Inside(form, [this] {
+        EXPECT_EQ(form.Focus(), &form.txt_Mass[2]);
+        Solve();
+        desktop.Expect_Screen("frm_Matrix", [](Screen& matrix) { Press(matrix, "cmd_Done"); });
+        Press(form, "cmd_Matrix");
+        EXPECT_NE(form.Focus(), &form.txt_Mass[2]);
+    });
+}
+
 TEST_F(MassPropActivation, NextTakesTheSolutionToTheHomeScreen) {
     Model.ScreenReturn = false;
     Inside(form, [this] {
