@@ -2,6 +2,7 @@
 #include "desktop/form.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -53,6 +54,14 @@ QWidget* fitted(QWidget* room) {
     return view;
 }
 
+/// The title of the frame around a widget; empty for none.
+QString titleAround(const QWidget* widget) {
+    for (const QWidget* around = widget->parentWidget(); around; around = around->parentWidget())
+        if (const auto* frame = dynamic_cast<const FrameBox*>(around); frame && !frame->title().isEmpty())
+            return frame->title();
+    return {};
+}
+
 }  // namespace
 
 double Form::twipsPerPixel() {
@@ -68,6 +77,7 @@ Form::Form(Screen& screen) : screen_(screen) {
     makeMenus();
     layoutFor(screen.Name())(*this, room_);
     nameTheNameless();
+    tellApart();
     setCentralWidget(fitted(room_));
     // Labels and frames take no focus; a chain that led over them would fall apart there.
     QWidget* before = nullptr;
@@ -119,6 +129,37 @@ void Form::nameTheNameless() {
         if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLabel*>(widget) || labelled.contains(widget))
             continue;
         if (widget->accessibleName().isEmpty()) widget->setAccessibleName(lines(control->Tip));
+    }
+}
+
+/// Where several would be told alike, as the buttons of the slots of a plot, each is told with the title of the frame
+/// it stands in, or else with what its tip says, or else with its number.
+void Form::tellApart() {
+    std::map<QString, std::vector<QWidget*>> alike;
+    for (Control* control : screen_.Controls()) {
+        auto* widget = qobject_cast<QWidget*>(objectOf(*control));
+        if (!widget || dynamic_cast<Label*>(control) || dynamic_cast<Frame*>(control)) continue;
+        if (QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget))
+            alike[told->text(QAccessible::Name)].push_back(widget);
+    }
+    for (const auto& [name, widgets] : alike) {
+        if (widgets.size() < 2) continue;
+        std::set<QString> frames, tips;
+        for (const QWidget* widget : widgets) {
+            frames.insert(titleAround(widget));
+            tips.insert(widget->toolTip());
+        }
+        int number = 0;
+        for (QWidget* widget : widgets) {
+            ++number;
+            const QString around = titleAround(widget);
+            if (frames.size() == widgets.size())
+                widget->setAccessibleName(around.isEmpty() ? name : name + QStringLiteral(", ") + around);
+            else if (tips.size() == widgets.size())
+                widget->setAccessibleName(name + QStringLiteral(": ") + widget->toolTip());
+            else
+                widget->setAccessibleName(name + u' ' + QString::number(number));
+        }
     }
 }
 
@@ -259,6 +300,13 @@ void Form::closeEvent(QCloseEvent* event) {
     if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Close(); });
 }
 
+/// Is there nothing on it but words?
+bool Form::onlyTells() const {
+    return std::all_of(watched_.begin(), watched_.end(), [](const auto& entry) {
+        return dynamic_cast<const Label*>(entry.second) || dynamic_cast<const Frame*>(entry.second);
+    });
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
     const auto press = [this](CommandButton* button) {
         auto* widget = buttonOf(button);
@@ -266,7 +314,13 @@ void Form::keyPressEvent(QKeyEvent* event) {
         widget->click();
         return true;
     };
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    const bool forward = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if ((forward || event->key() == Qt::Key_Escape) && onlyTells()) {
+        // Such a screen goes by a click, and by these keys as well.
+        if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
+        return;
+    }
+    if (forward) {
         if (press(dynamic_cast<CommandButton*>(screen_.Focus())) || press(screen_.DefaultButton)) return;
     } else if (event->key() == Qt::Key_Escape) {
         if (press(screen_.CancelButton)) return;

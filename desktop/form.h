@@ -82,6 +82,8 @@ class Form : public QMainWindow {
     void makeWidgets();
     void makeMenus();
     void nameTheNameless();
+    void tellApart();
+    bool onlyTells() const;
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;

@@ -20,6 +20,7 @@ using platform::CR;
 
 namespace {
 
+constexpr char kOneFriction[] = "; friction acts on link 3 alone";
 constexpr char kSolveTip[] = "Solve for the forces and torques at every step with the data shown";
 constexpr char kNoSolveTip[] = "The torque table came with the file: clear its box, or leave and come back, to solve";
 
@@ -31,10 +32,11 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     Write_Tips();
     for (Boxes* boxes : {&txt_MagForce, &txt_AngForce, &txt_DistP, &txt_AngP, &txt_Torque, &txt_Frict}) {
         (*boxes)[2].Enabled = false;
-        (*boxes)[2].Tip = boxes == &txt_Frict ? "Friction acts on link 3 alone" : "Link 2 carries no external loads";
+        const char* why = boxes == &txt_Frict ? kOneFriction : "; link 2 carries no external loads";
+        (*boxes)[2].Tip = (*boxes)[2].Tip.Get() + why;
     }
     txt_Frict[4].Enabled = false;
-    txt_Frict[4].Tip = txt_Frict[2].Tip;
+    txt_Frict[4].Tip = txt_Frict[4].Tip.Get() + kOneFriction;
     for (Boxes* boxes : All_Boxes())
         for (const auto& box : *boxes) {
             box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };

@@ -1,6 +1,7 @@
 // Every screen of the program has its window: a widget for each control, and no widget without one.
+#include "tests/desktop/screens.h"
+
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -12,31 +13,12 @@
 #include "core/status_panel.h"
 #include "desktop/text.h"
 #include "platform/controls.h"
-#include "tests/desktop/user.h"
 
 namespace verlink::test {
 
 using namespace platform;
 
 namespace {
-
-constexpr const char* kScreens[] = {
-    "frm_About",       "frm_Animate",     "frm_Balance",  "frm_Cayley",    "frm_FFT",         "frm_Help",
-    "frm_HomeScreen",  "frm_Inputnew",    "frm_MassProp", "frm_Matrix",    "frm_MyPlot3",     "frm_MyPlot4",
-    "frm_Myplot2",     "frm_Plot1",       "frm_Plot2",    "frm_Plot3",     "frm_PlotSelect1", "frm_PlotSelect2",
-    "frm_PlotSelect3", "frm_PlotSelect4", "frm_PlotType", "frm_PrintData", "frm_PrintSelect", "frm_Quit",
-    "frm_Synth2A",     "frm_Synth2B",     "frm_Synth3",   "frm_Title",     "frm_User"};
-
-class ScreensTest : public DesktopTest {
-   protected:
-    void ForEach(const std::function<void(Screen&, desktop::Form&)>& check) {
-        for (const char* name : kScreens) {
-            SCOPED_TRACE(name);
-            Screen& screen = Screens::Get(name);
-            check(screen, qt.formOf(screen));
-        }
-    }
-};
 
 TEST_F(ScreensTest, Every_control_has_its_widget_and_every_layout_places_it) {
     ForEach([](Screen& screen, desktop::Form& form) {
@@ -93,18 +75,6 @@ TEST_F(ScreensTest, Every_control_that_takes_input_has_a_tip) {
             if (!visual || dynamic_cast<const Label*>(visual) || dynamic_cast<const Frame*>(visual)) continue;
             EXPECT_FALSE(visual->Tip.Get().empty()) << visual->ObjectName();
             EXPECT_EQ(visual->Tip.Get().find('\n'), std::string::npos) << visual->ObjectName();
-        }
-    });
-}
-
-TEST_F(ScreensTest, Whoever_does_not_see_the_screen_is_told_every_name) {
-    ForEach([](Screen& screen, desktop::Form& form) {
-        for (Control* control : screen.Controls()) {
-            auto* widget = qobject_cast<QWidget*>(form.objectOf(*control));
-            if (!widget || dynamic_cast<Label*>(control) || dynamic_cast<Frame*>(control)) continue;
-            QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
-            ASSERT_NE(told, nullptr) << control->ObjectName();
-            EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << control->ObjectName();
         }
     });
 }
