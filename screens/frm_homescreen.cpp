@@ -1,6 +1,9 @@
 // The hub: menus, the row of buttons, the status panel, the present linkage.
 #include "screens/frm_homescreen.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "animation/engine.h"
 #include "core/initialize.h"
 #include "core/linkage_model.h"
@@ -32,6 +35,21 @@ constexpr char kConfirmReset[] = "Please confirm your order to reset all variabl
 constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
 
 bool Unsaved() { return Model.Calculated && !Model.SavedFlag; }
+
+/// The window is made for the links; counterweights may reach beyond it wherever they turn.
+void Make_Room_For_Weights() {
+    if (!Model.BalanceDone) return;
+    const double span = Model.AnimMax - Model.AnimMin;
+    const auto widen = [span](double x, double y, double reach) {
+        reach += span / 20;  // half the size of a weight, and some air
+        Model.AnimMin = std::min({double{Model.AnimMin}, x - reach, y - reach});
+        Model.AnimMax = std::max({double{Model.AnimMax}, x + reach, y + reach});
+    };
+    const double factor = Shown_Factor();
+    const double ground = Model.L1 * factor;
+    widen(0, 0, Model.BerkCG(2, 0) * factor);
+    widen(ground * std::cos(Model.Link1AngleRad), ground * std::sin(Model.Link1AngleRad), Model.BerkCG(4, 0) * factor);
+}
 
 }  // namespace
 
@@ -141,6 +159,7 @@ void frm_HomeScreen::Show_Linkage() {
     Model.ShowCentrodesFlag = "N";
     Model.ZoomFactor = 1;
     Autoscale();
+    Make_Room_For_Weights();
     Animate_Setup(*this);
     DrawLinkage(*this, step);
     static_cast<DisplaySettings&>(Model) = settings;

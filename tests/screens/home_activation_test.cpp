@@ -1,4 +1,5 @@
 // The home screen's activation, buttons, and picture of the present linkage.
+#include <algorithm>
 #include <filesystem>
 
 #include "core/initialize.h"
@@ -239,6 +240,25 @@ TEST_F(HomeActivationTest, AnUnloadAllTheSameTerminates) {
     home.Form_Unload();
     EXPECT_TRUE(desktop.Ending());
     EXPECT_EQ(platform::Read_File(Path("Run_Check.txt")).substr(0, 13), "\"Normal Exit\"");
+}
+
+TEST_F(HomeActivationTest, ThePictureHasRoomForCounterweightsWhereverTheyTurn) {
+    Calculate_Turn();
+    Model.DynamicsDone = Model.BalanceDone = true;
+    Model.BerkCG(2, 0) = 1.5;
+    Model.BerkCG(4, 0) = 4.25;
+    for (const double angle : {0.0, 1.6, 3.1, 4.7}) {
+        Model.BerkCG(2, 1) = Model.BerkCG(4, 1) = angle;
+        home.Form_Activate();
+        const auto& picture = home.Picture1.Drawing();
+        for (const auto& drawn : picture.Primitives()) {
+            if (!drawn.alive || drawn.kind != platform::Picture::Primitive::Kind::kCircle) continue;
+            EXPECT_GE(drawn.x1 - drawn.x2, std::min(picture.Left(), picture.Right())) << angle;
+            EXPECT_LE(drawn.x1 + drawn.x2, std::max(picture.Left(), picture.Right())) << angle;
+            EXPECT_GE(drawn.y1 - drawn.x2, std::min(picture.Top(), picture.Bottom())) << angle;
+            EXPECT_LE(drawn.y1 + drawn.x2, std::max(picture.Top(), picture.Bottom())) << angle;
+        }
+    }
 }
 
 }  // namespace
