@@ -90,7 +90,7 @@ void frm_Help::cmd_Back_Click() {
 
 void frm_Help::cmb_Contents_Click() {
     const int chosen = cmb_Contents.ListIndex();
-    if (chosen < 0 || chosen >= static_cast<int>(WebBrowser1.Headings.size())) return;
+    if (filling_ || chosen < 0 || chosen >= static_cast<int>(WebBrowser1.Headings.size())) return;
     WebBrowser1.Document =
         WebBrowser1.Document.Get() + "#" + WebBrowser1.Headings[static_cast<std::size_t>(chosen)].name;
     WebBrowser1.SetFocus();
@@ -154,7 +154,10 @@ void frm_Help::Refresh() {
     if (entries != cmb_Contents.Items()) {
         cmb_Contents.Clear();
         for (const std::string& entry : entries) cmb_Contents.AddItem(entry);
-        cmb_Contents.Text = entries.empty() ? "" : entries.front();
+        // The first heading stands chosen, so that passing over the list by keyboard is no choice.
+        filling_ = true;
+        if (!entries.empty()) cmb_Contents.Choose(0);
+        filling_ = false;
     }
 }
 

@@ -59,6 +59,7 @@ class frm_Help : public platform::Screen {
     /// Buttons, page number and contents, as the document is now.
     void Refresh();
 
+    bool filling_ = false;                             ///< the list of contents is being filled
     std::vector<std::pair<std::string, int>> before_;  ///< documents and pages from which links were followed
 };
 

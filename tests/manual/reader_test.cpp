@@ -7,6 +7,8 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <cstdio>
+#include <set>
+#include <string>
 
 #include "desktop/document_pages.h"
 #include "desktop/document_widget.h"
@@ -147,6 +149,24 @@ TEST_F(ReaderTest, The_contents_lead_to_a_heading) {
         EXPECT_NEAR(Pages().verticalScrollBar()->value(), Pages().pageArea(heading->page).top() + heading->top * point,
                     3);
         EXPECT_EQ(screen.WebBrowser1.Document.Get(), Help_Document("mnu_LinkCalc")) << "the heading falls off";
+    });
+}
+
+TEST_F(ReaderTest, The_Tab_key_goes_round_all_controls_and_leaves_the_page) {
+    Read("mnu_Manual", [&] {
+        Click(form, "cmd_PageAfter");
+        Type(form, "txt_Find", QStringLiteral("crank"));
+        QWidget* const start = &Pages();
+        start->setFocus();
+        std::set<QWidget*> reached;
+        for (QWidget* at = form.focusWidget(); reached.insert(at).second; at = form.focusWidget())
+            QTest::keyClick(at, Qt::Key_Tab);
+        for (const char* name :
+             {"cmb_Contents", "cmd_PageBefore", "txt_Page", "cmd_PageAfter", "cmd_Smaller", "cmd_Larger",
+              "cmd_FitWidth", "txt_Find", "cmd_FindBefore", "cmd_FindAfter", "cmd_Close"})
+            EXPECT_TRUE(reached.contains(&Find<QWidget>(form, name))) << name;
+        EXPECT_TRUE(reached.contains(start));
+        EXPECT_EQ(screen.WebBrowser1.Page.Get(), 2);
     });
 }
 
