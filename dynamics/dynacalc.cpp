@@ -98,7 +98,7 @@ void Store_Centres(int step, const Links& at) {
 }
 
 /// Moment of a force about a mass centre, given the place of its point in the link's frame, degrees.
-Single Moment(Single distance, Single angle, const LinkState& link, Single X, Single Y) {
+double Moment(Single distance, Single angle, const LinkState& link, Single X, Single Y) {
     const Directed arm(link, angle * kDegToRad);
     const Single Rx = distance * arm.C;
     const Single Ry = distance * arm.S;
