@@ -85,9 +85,27 @@ struct SynthesizedMotion : Synthesis {
         }
     }
 
+    /// Assembles what the dyads hold and adds its positions.
+    void Take_Linkage(int mode, Vector first) {
+        Assemble(mode);
+        Add_Positions(first);
+        ++run;
+        on_one_circuit += On_One_Circuit() ? 1 : 0;
+    }
+    bool Wants_More(int linkages) const { return run < linkages || on_one_circuit < kOnOneCircuit; }
+    void Expect_All_Reached(double last_places, double wrong, int linkages) {
+        std::cout << "[  run     ] " << run << ", on one circuit " << on_one_circuit << '\n';
+        places.Expect_Below(last_places, wrong);
+        turns.Expect_Below(last_places, wrong);
+        EXPECT_GE(run, linkages);
+        EXPECT_GE(on_one_circuit, kOnOneCircuit);
+    }
+
     std::vector<Position> positions;
     Dyad left, right;
     Misses places, turns;
+    int run = 0, on_one_circuit = 0;
+    static constexpr int kOnOneCircuit = 20;
 };
 
 /// Of a place as a part of the longest link, of a turn in radians.
@@ -100,8 +118,7 @@ constexpr double kOfGivenPivots = 1e-4, kWrongPivots = 0.1;
 TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfChosenAngles) {
     Chance chance;
     SCOPED_TRACE(chance.Trace());
-    int run = 0, on_one_circuit = 0;
-    for (int i = 0; i < 100000 && (run < 150 || on_one_circuit < 20); ++i) {
+    for (int i = 0; i < 100000 && Wants_More(150); ++i) {
         positions = {{0, 0}, {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()}};
         const Vector move = positions[1].place;
         for (Dyad* dyad : {&left, &right}) {
@@ -118,23 +135,15 @@ TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfChosenAngles) {
         const Vector moved_right =
             right.Grounded() * Turn(right.turns[0]) + right.On_Coupler() * Turn(positions[1].turn);
         if (std::abs(moved - move) > 0.1 || std::abs(moved_right - move) > 0.1) continue;  // a dyad that was skipped
-        Assemble(1);
-        Add_Positions(0);
-        ++run;
-        on_one_circuit += On_One_Circuit() ? 1 : 0;
+        Take_Linkage(1, 0);
     }
-    std::cout << "[  run     ] " << run << ", on one circuit " << on_one_circuit << '\n';
-    places.Expect_Below(kLastPlaces, kWrong);
-    turns.Expect_Below(kLastPlaces, kWrong);
-    EXPECT_GE(run, 100);
-    EXPECT_GE(on_one_circuit, 20);
+    Expect_All_Reached(kLastPlaces, kWrong, 100);
 }
 
 TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfAChosenVector) {
     Chance chance;
     SCOPED_TRACE(chance.Trace());
-    int run = 0, on_one_circuit = 0;
-    for (int i = 0; i < 100000 && (run < 150 || on_one_circuit < 20); ++i) {
+    for (int i = 0; i < 100000 && Wants_More(150); ++i) {
         positions = {{0, 0}, {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()}};
         for (Dyad* dyad : {&left, &right}) {
             Single direction, on_coupler = chance.Angle(), grounded_length, coupler_length = chance.Number(0.5, 5);
@@ -144,21 +153,15 @@ TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfAChosenVector) {
                    direction, on_coupler, grounded_length, dyad->gx, dyad->gy, coupler_length, dyad->cx, dyad->cy);
         }
         if (!Worth_Running()) continue;
-        Assemble(1);
-        Add_Positions(0);
-        ++run;
-        on_one_circuit += On_One_Circuit() ? 1 : 0;
+        Take_Linkage(1, 0);
     }
-    places.Expect_Below(kLastPlaces, kWrong);
-    turns.Expect_Below(kLastPlaces, kWrong);
-    EXPECT_GE(run, 100);
-    EXPECT_GE(on_one_circuit, 20);
+    Expect_All_Reached(kLastPlaces, kWrong, 100);
 }
 
 TEST_F(SynthesizedMotion, OfTwoPositionsIsTheRunThatTheAssemblySetsUp) {
     Chance chance;
     SCOPED_TRACE(chance.Trace());
-    int run = 0, backward = 0;
+    int backward = 0;
     for (int i = 0; i < 100000 && (run < 80 || backward < 10 || run - backward < 10); ++i) {
         positions = {{0, 0}, {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()}};
         for (Dyad* dyad : {&left, &right}) {
@@ -207,8 +210,7 @@ TEST_F(SynthesizedMotion, OfTwoPositionsIsTheRunThatTheAssemblySetsUp) {
 TEST_F(SynthesizedMotion, GoesThroughThreePositionsOfChosenTurns) {
     Chance chance;
     SCOPED_TRACE(chance.Trace());
-    int run = 0, on_one_circuit = 0;
-    for (int i = 0; i < 100000 && (run < 150 || on_one_circuit < 20); ++i) {
+    for (int i = 0; i < 100000 && Wants_More(150); ++i) {
         positions = {{0, 0},
                      {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()},
                      {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()}};
@@ -222,24 +224,16 @@ TEST_F(SynthesizedMotion, GoesThroughThreePositionsOfChosenTurns) {
                      dyad->turns[0], dyad->turns[1], dyad->gx, dyad->gy, dyad->cx, dyad->cy);
         }
         if (!solvable || !Worth_Running()) continue;
-        Assemble(2);
-        Add_Positions(0);
-        ++run;
-        on_one_circuit += On_One_Circuit() ? 1 : 0;
+        Take_Linkage(2, 0);
     }
-    std::cout << "[  run     ] " << run << ", on one circuit " << on_one_circuit << '\n';
-    places.Expect_Below(kLastPlaces, kWrong);
-    turns.Expect_Below(kLastPlaces, kWrong);
-    EXPECT_GE(run, 100);
-    EXPECT_GE(on_one_circuit, 20);
+    Expect_All_Reached(kLastPlaces, kWrong, 100);
 }
 
 TEST_F(SynthesizedMotion, GoesThroughThreePositionsAboutGivenPivots) {
     Chance chance;
     SCOPED_TRACE(chance.Trace());
     Model.SpecifiedPivots = true;
-    int run = 0, on_one_circuit = 0;
-    for (int i = 0; i < 100000 && (run < 100 || on_one_circuit < 20); ++i) {
+    for (int i = 0; i < 100000 && Wants_More(100); ++i) {
         const Vector P1(chance.Number(-4, 4), chance.Number(-4, 4));
         positions = {{0, 0},
                      {{chance.Number(-4, 4), chance.Number(-4, 4)}, chance.Angle()},
@@ -284,16 +278,9 @@ TEST_F(SynthesizedMotion, GoesThroughThreePositionsAboutGivenPivots) {
         Model.O2y = pivots[0].imag();
         Model.O4x = pivots[1].real();
         Model.O4y = pivots[1].imag();
-        Assemble(3);
-        Add_Positions(P1);
-        ++run;
-        on_one_circuit += On_One_Circuit() ? 1 : 0;
+        Take_Linkage(3, P1);
     }
-    std::cout << "[  run     ] " << run << ", on one circuit " << on_one_circuit << '\n';
-    places.Expect_Below(kOfGivenPivots, kWrongPivots);
-    turns.Expect_Below(kOfGivenPivots, kWrongPivots);
-    EXPECT_GE(run, 50);
-    EXPECT_GE(on_one_circuit, 20);
+    Expect_All_Reached(kOfGivenPivots, kWrongPivots, 50);
 }
 
 }  // namespace verlink::test
