@@ -44,8 +44,8 @@ std::vector<Angles> Angles_Of_A_Run() {
     return all;
 }
 
-/// The calls of core/solver.cpp, step by step, on the arguments that it has: sine and cosine of crank, coupler,
-/// rocker, coupler point and turned acceleration, three sines of differences, three arc tangents.
+/// What core/solver.cpp needs, step by step, on the arguments that it has, from the C library: sine and cosine of
+/// crank, coupler, rocker, coupler point and turned acceleration, three sines of differences, three arc tangents.
 double Floor(const std::vector<Angles>& all) {
     double sum = 0;
     for (const Angles& a : all) {

@@ -15,7 +15,7 @@ namespace verlink {
 typedef double Pair __attribute__((vector_size(16)));
 using PairOfTruths = decltype(Pair{} == Pair{});
 
-// What follows serves one double and a pair under the same names; functions are called for one number after another.
+// What follows serves one double and a pair under the same names.
 
 template <class V>
 inline V Both(double x) {
