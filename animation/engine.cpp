@@ -13,7 +13,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

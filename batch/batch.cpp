@@ -14,13 +14,14 @@
 #include "batch/plot.h"
 #include "batch/run.h"
 #include "core/classification.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "dynamics/units.h"
 #include "files/exports.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
+#include "platform/guard.h"
 #include "shell/failure_report.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "synthesis/cognates.h"
 #include "synthesis/examples.h"
@@ -95,7 +96,10 @@ const char kHelp[] =
 
 /// The desktop in force as long as this lives.
 struct Session {
-    explicit Session(platform::Desktop& desktop) { platform::Use_Desktop(&desktop); }
+    explicit Session(platform::Desktop& desktop) {
+        platform::Use_Desktop(&desktop);
+        Install_Reporter(Report_Error);
+    }
     ~Session() { platform::Use_Desktop(nullptr); }
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

@@ -10,12 +10,14 @@
 #include <streambuf>
 
 #include "batch/headless_desktop.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"
 #include "core/text.h"
+#include "platform/guard.h"
 #include "screens/register.h"
+#include "shell/failure_report.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 
 namespace verlink::bench {
@@ -74,6 +76,7 @@ void Start_Program() {
     if (started) return;
     started = true;
     platform::Use_Desktop(&desktop);
+    Install_Reporter(Report_Error);
     Register_Screens();
     Sub_Main("");
 }

@@ -11,7 +11,9 @@
 
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
+#include "platform/guard.h"
 #include "screens/register.h"
+#include "shell/failure_report.h"
 #include "shell/startup.h"
 
 namespace {
@@ -63,6 +65,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);
+    verlink::Install_Reporter(verlink::Report_Error);
     verlink::Register_Screens();
     const Hand hand(desktop);
     verlink::Sub_Main("");

@@ -6,7 +6,7 @@
 #include "core/pole.h"
 #include "core/trigonometry.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

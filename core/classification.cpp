@@ -7,8 +7,8 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -14,7 +14,7 @@
 #include "core/position.h"
 #include "core/text.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

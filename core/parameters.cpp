@@ -9,7 +9,7 @@
 #include "core/runs.h"
 #include "core/text.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -10,7 +10,7 @@
 #include "core/solver.h"
 #include "core/text.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

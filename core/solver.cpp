@@ -8,7 +8,7 @@
 #include "core/pole.h"
 #include "core/position.h"
 #include "core/runs.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -5,7 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

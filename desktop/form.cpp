@@ -27,7 +27,7 @@
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink::desktop {
 

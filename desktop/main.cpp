@@ -5,7 +5,9 @@
 #include "desktop/icons.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
+#include "platform/guard.h"
 #include "screens/register.h"
+#include "shell/failure_report.h"
 #include "shell/startup.h"
 
 namespace {
@@ -38,6 +40,7 @@ int main(int argc, char** argv) {
 
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);
+    verlink::Install_Reporter(verlink::Report_Error);
     verlink::Register_Screens();
     verlink::Sub_Main(command_line);
     desktop.discardForms();

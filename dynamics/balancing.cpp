@@ -7,7 +7,7 @@
 #include "core/numeric.h"
 #include "dynamics/dynacalc.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

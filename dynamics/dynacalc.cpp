@@ -11,8 +11,8 @@
 #include "core/solver.h"
 #include "core/text.h"
 #include "platform/desktop.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

@@ -11,7 +11,7 @@
 #include "files/model_file.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -7,7 +7,7 @@
 #include "core/text.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 
@@ -208,7 +208,7 @@ void Import_Torque_Data(TextReader& reader, bool& Failed) {
     });
     if (failure == 0) return;
     Tell("An error has occurred in the Import_Torque_Data routine");
-    Report_Error(failure, "Import_Torque_Data");
+    Report_Failure(failure, "Import_Torque_Data");
     Failed = true;
 }
 
@@ -222,7 +222,7 @@ void Import_Torque(Integer Index) {
         return;
     }
     Tell("An error has occurred in the Import_Torque routine", Icon::kInformation);
-    Report_Error(failure, "Import_Torque");
+    Report_Failure(failure, "Import_Torque");
 }
 
 }  // namespace verlink

@@ -7,7 +7,7 @@
 #include "core/text.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

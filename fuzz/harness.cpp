@@ -8,13 +8,14 @@
 #include <variant>
 
 #include "batch/headless_desktop.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/runs.h"
 #include "core/text.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
+#include "platform/guard.h"
 #include "shell/failure_report.h"
+#include "shell/initialize.h"
 
 namespace verlink::fuzz {
 
@@ -113,6 +114,7 @@ bool Reread(const std::string& content) {
 
 void Start_Afresh() {
     platform::Use_Desktop(&Ear());
+    Install_Reporter(Report_Error);
     // Making the record anew would take most of a run's time; what the readers write is cleared instead.
     for (const FileField& field : File_Fields()) std::visit(Clear{}, field.place);
     for (Single* value : {&Model.CamDiameter, &Model.CamDataLength2, &Model.CamCenterX, &Model.CamCenterY}) *value = 0;

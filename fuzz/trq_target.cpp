@@ -7,7 +7,7 @@
 #include "core/linkage_model.h"
 #include "files/exports.h"
 #include "fuzz/harness.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 using namespace verlink;
 

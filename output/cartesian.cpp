@@ -15,7 +15,7 @@
 #include "output/selection.h"
 #include "output/tables.h"
 #include "platform/graph.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -6,7 +6,7 @@
 #include "core/linkage_model.h"
 #include "platform/desktop.h"
 #include "platform/graph.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 
@@ -52,7 +52,7 @@ void Try_Scale(const char* procedure, const std::string& words, Scale scale) {
     } catch (const platform::RuntimeFailure& failure) {
         Model.WindowFailed = true;
         if (failure.Number() != platform::kInvalidCall) {
-            Report_Error(failure.Number(), procedure);
+            Report_Failure(failure.Number(), procedure);
             return;
         }
         platform::Tell(words, platform::Icon::kNone);

@@ -14,7 +14,7 @@
 #include "output/selection.h"
 #include "output/tables.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

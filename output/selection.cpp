@@ -4,7 +4,7 @@
 #include "core/linkage_model.h"
 #include "output/catalogue.h"
 #include "output/presets.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

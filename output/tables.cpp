@@ -16,8 +16,8 @@
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/grid.h"
+#include "platform/guard.h"
 #include "platform/printer.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

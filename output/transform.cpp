@@ -13,7 +13,7 @@
 #include "output/plot_windows.h"
 #include "output/sines.h"
 #include "platform/graph.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

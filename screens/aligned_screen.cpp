@@ -2,7 +2,7 @@
 #include "screens/aligned_screen.h"
 
 #include "output/cartesian.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

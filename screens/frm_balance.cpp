@@ -11,8 +11,8 @@
 #include "dynamics/balancing.h"
 #include "dynamics/flywheel.h"
 #include "output/cartesian.h"
+#include "platform/guard.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

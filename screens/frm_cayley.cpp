@@ -9,9 +9,9 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/screen_geometry.h"
+#include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
-#include "shell/failure_report.h"
 #include "synthesis/cognates.h"
 
 namespace verlink {

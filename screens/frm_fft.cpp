@@ -10,10 +10,10 @@
 #include "output/catalogue.h"
 #include "output/selection.h"
 #include "output/transform.h"
+#include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

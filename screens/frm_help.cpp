@@ -6,7 +6,7 @@
 #include "core/screen_geometry.h"
 #include "core/text.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "animation/engine.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
@@ -14,9 +13,10 @@
 #include "files/drive_import.h"
 #include "files/exports.h"
 #include "files/model_file.h"
+#include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
-#include "shell/failure_report.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 
 namespace verlink {

@@ -7,8 +7,8 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "platform/guard.h"
 #include "screens/frm_homescreen.h"
-#include "shell/failure_report.h"
 #include "synthesis/cognates.h"
 #include "synthesis/examples.h"
 

@@ -11,8 +11,8 @@
 #include "dynamics/dynacalc.h"
 #include "dynamics/mass_properties.h"
 #include "files/exports.h"
+#include "platform/guard.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

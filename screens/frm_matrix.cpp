@@ -2,8 +2,8 @@
 #include "screens/frm_matrix.h"
 
 #include "core/screen_geometry.h"
+#include "platform/guard.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

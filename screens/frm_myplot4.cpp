@@ -3,7 +3,7 @@
 
 #include "core/linkage_model.h"
 #include "output/polar.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -6,7 +6,7 @@
 #include "output/cartesian.h"
 #include "output/selection.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -6,7 +6,7 @@
 #include "output/catalogue.h"
 #include "output/polar.h"
 #include "output/selection.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

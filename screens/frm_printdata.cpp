@@ -3,10 +3,10 @@
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
+#include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

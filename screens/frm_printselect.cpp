@@ -6,7 +6,7 @@
 #include "core/text.h"
 #include "output/selection.h"
 #include "output/tables.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

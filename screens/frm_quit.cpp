@@ -2,7 +2,7 @@
 #include "screens/frm_quit.h"
 
 #include "core/screen_geometry.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 #include "shell/startup.h"
 
 namespace verlink {

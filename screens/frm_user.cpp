@@ -4,7 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

@@ -3,8 +3,8 @@
 #include "core/screen_geometry.h"
 #include "output/cartesian.h"
 #include "output/selection.h"
+#include "platform/guard.h"
 #include "screens/function_screen.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

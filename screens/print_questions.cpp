@@ -1,7 +1,7 @@
 // The words of the questions before a direct print.
 #include "screens/print_questions.h"
 
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

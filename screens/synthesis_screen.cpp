@@ -10,10 +10,10 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
-#include "shell/failure_report.h"
 #include "synthesis/dyad_diagram.h"
 #include "synthesis/dyads.h"
 

@@ -2,6 +2,7 @@
 #include "shell/failure_report.h"
 
 #include "platform/desktop.h"
+#include "platform/guard.h"
 
 namespace verlink {
 
@@ -43,12 +44,14 @@ Advice Advice_For(long number) {
 
 void Report_Error(long ErrorNumber, const std::string& ProcName) {
     const Advice advice = Advice_For(ErrorNumber);
-    platform::Tell("Error " + std::to_string(ErrorNumber) + "   (" + platform::Failure_Description(ErrorNumber) +
-                       ")  has occurred in " + ProcName + CRLF + CRLF + advice.text,
-                   advice.icon);
+    std::string text = "Error " + std::to_string(ErrorNumber) + "   (" + platform::Failure_Description(ErrorNumber) +
+                       ")  has occurred in " + ProcName + CRLF + CRLF + advice.text;
+    if (Repeats() > 1) text += "It has occurred " + std::to_string(Repeats()) + " times in this run.";
+    platform::Tell(text, advice.icon);
+    // Before the home screen comes up, which may be for long.
+    platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     if (ErrorNumber == platform::kOutOfMemory)
         if (platform::Screen* home = platform::Screens::Find("frm_HomeScreen")) home->ShowModal();
-    platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
 }
 
 }  // namespace verlink

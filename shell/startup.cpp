@@ -2,7 +2,6 @@
 #include "shell/startup.h"
 
 #include "animation/engine.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
@@ -10,7 +9,8 @@
 #include "files/text_notation.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
+#include "shell/initialize.h"
 #include "shell/user.h"
 
 namespace verlink {

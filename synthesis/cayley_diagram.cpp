@@ -4,9 +4,9 @@
 #include <initializer_list>
 
 #include "core/linkage_model.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
 #include "platform/surface.h"
-#include "shell/failure_report.h"
 #include "synthesis/cognates.h"
 
 namespace verlink {

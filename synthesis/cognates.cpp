@@ -9,8 +9,8 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "platform/desktop.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

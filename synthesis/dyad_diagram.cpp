@@ -6,7 +6,7 @@
 
 #include "core/linkage_model.h"
 #include "core/number.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 
 namespace verlink {
 

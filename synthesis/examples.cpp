@@ -4,8 +4,8 @@
 #include "core/linkage_model.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
-#include "shell/failure_report.h"
 
 namespace verlink {
 

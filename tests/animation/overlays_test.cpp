@@ -5,8 +5,8 @@
 
 #include "animation/drawing.h"
 #include "animation/engine.h"
-#include "core/initialize.h"
 #include "dynamics/balancing.h"
+#include "shell/initialize.h"
 #include "tests/dynamics/motion.h"
 #include "tests/support/drawing.h"
 

@@ -5,6 +5,9 @@
 
 #include <sstream>
 
+#include "platform/guard.h"
+#include "shell/failure_report.h"
+
 namespace verlink::test {
 
 using namespace platform;
@@ -14,7 +17,10 @@ namespace {
 struct Headless : testing::Test {
     std::ostringstream messages;
     HeadlessDesktop desktop{messages};
-    Headless() { Use_Desktop(&desktop); }
+    Headless() {
+        Use_Desktop(&desktop);
+        Install_Reporter(Report_Error);
+    }
     ~Headless() override { Use_Desktop(nullptr); }
     Answer Asked(Buttons buttons) { return desktop.Show_Message({.text = "?", .buttons = buttons}); }
 };

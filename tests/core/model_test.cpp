@@ -1,9 +1,9 @@
 // The record at the start of the process, the empty model, and the clearing of results.
 #include <gtest/gtest.h>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

@@ -2,10 +2,10 @@
 #include <cmath>
 #include <limits>
 
-#include "core/initialize.h"
 #include "core/parameters.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

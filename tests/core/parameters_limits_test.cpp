@@ -1,9 +1,9 @@
 // Run limits between the boxes of a screen and the model, and the refusal of bad ones.
 #include <cmath>
 
-#include "core/initialize.h"
 #include "core/parameters.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "core/classification.h"
-#include "core/initialize.h"
 #include "core/parameters.h"
 #include "core/runs.h"
+#include "shell/initialize.h"
 
 namespace verlink::test {
 

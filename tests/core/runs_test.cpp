@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

@@ -5,9 +5,9 @@
 
 #include <cmath>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/runs.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

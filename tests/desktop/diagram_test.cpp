@@ -3,10 +3,10 @@
 #include <QLineEdit>
 #include <vector>
 
-#include "core/initialize.h"
 #include "desktop/picture_widget.h"
 #include "desktop/theme.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "synthesis/cognates.h"
 #include "tests/desktop/user.h"

@@ -12,8 +12,10 @@
 #include <filesystem>
 
 #include "desktop/pace.h"
+#include "platform/guard.h"
 #include "platform/screen.h"
 #include "screens/register.h"
+#include "shell/failure_report.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -60,6 +62,7 @@ DesktopTest::DesktopTest() {
     qputenv("XDG_DATA_HOME", QByteArray::fromStdString(folder_ + "/data"));
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder_ + "/config"));
     platform::Use_Desktop(&qt);
+    Install_Reporter(Report_Error);
     Reset_Model();
     platform::Screens::Discard();
     Register_Screens();

@@ -2,9 +2,9 @@
 #include <bit>
 #include <cstdint>
 
-#include "core/initialize.h"
 #include "dynamics/balancing.h"
 #include "dynamics/flywheel.h"
+#include "shell/initialize.h"
 #include "tests/dynamics/motion.h"
 
 namespace verlink::test {

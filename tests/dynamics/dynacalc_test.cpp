@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
+#include "shell/initialize.h"
 #include "tests/dynamics/matrix_screen.h"
 #include "tests/dynamics/motion.h"
 

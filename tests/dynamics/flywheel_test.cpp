@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

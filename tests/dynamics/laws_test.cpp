@@ -3,7 +3,7 @@
 #include <cmath>
 #include <functional>
 
-#include "core/initialize.h"
+#include "shell/initialize.h"
 #include "tests/dynamics/motion.h"
 
 namespace verlink::test {

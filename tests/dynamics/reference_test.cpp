@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 
 namespace verlink::test {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "core/text.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

@@ -3,9 +3,9 @@
 #include <complex>
 #include <string>
 
-#include "core/initialize.h"
 #include "dynamics/balancing.h"
 #include "dynamics/flywheel.h"
+#include "shell/initialize.h"
 #include "tests/dynamics/motion.h"
 #include "tests/output/catalogue_rows.h"
 #include "tests/output/selection_stage.h"

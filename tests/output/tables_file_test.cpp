@@ -5,7 +5,7 @@
 #include <csignal>
 
 #include "platform/file_system.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 #include "tests/output/table_fixture.h"
 
 namespace verlink::test {

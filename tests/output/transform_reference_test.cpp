@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "output/catalogue.h"
 #include "output/transform.h"
+#include "shell/initialize.h"
 #include "tests/support/reference.h"
 
 namespace verlink::test {

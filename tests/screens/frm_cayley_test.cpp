@@ -2,10 +2,10 @@
 #include "screens/frm_cayley.h"
 
 #include "core/classification.h"
-#include "core/initialize.h"
 #include "core/numeric.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "synthesis/cognates.h"
 #include "synthesis/examples.h"

@@ -3,10 +3,10 @@
 
 #include <cmath>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "dynamics/units.h"
 #include "screens/frm_fft.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

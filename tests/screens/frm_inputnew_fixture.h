@@ -4,10 +4,10 @@
 #include <cmath>
 #include <functional>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "dynamics/units.h"
 #include "screens/frm_inputnew.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
-#include "core/initialize.h"
 #include "core/status_panel.h"
 #include "files/model_file.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
 

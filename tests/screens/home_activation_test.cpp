@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/initialize.h"
 #include "core/runs.h"
 #include "dynamics/units.h"
 #include "platform/file_system.h"
 #include "screens/frm_homescreen.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

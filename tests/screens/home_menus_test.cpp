@@ -1,11 +1,11 @@
 // The home screen's menus: the tree, File, Units, User, Screen Size.
 #include <filesystem>
 
-#include "core/initialize.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "screens/frm_homescreen.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

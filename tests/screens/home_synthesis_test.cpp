@@ -2,12 +2,12 @@
 #include <functional>
 
 #include "core/classification.h"
-#include "core/initialize.h"
 #include "core/text.h"
 #include "dynamics/units.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
 #include "screens/synthesis_screen.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "dynamics/units.h"
 #include "output/catalogue.h"
 #include "screens/function_screen.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/output/catalogue_rows.h"
 #include "tests/support/fixture.h"

@@ -1,11 +1,11 @@
 // The title, user, quit, about and help screens, and the questions before printing.
-#include "core/initialize.h"
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_quit.h"
 #include "screens/frm_user.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

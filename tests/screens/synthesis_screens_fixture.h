@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/text.h"
 #include "dynamics/units.h"
 #include "screens/synthesis_screen.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

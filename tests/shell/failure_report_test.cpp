@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "platform/guard.h"
 #include "platform/screen.h"
 #include "tests/support/fixture.h"
 

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "core/initialize.h"
 #include "platform/file_system.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

@@ -3,10 +3,10 @@
 
 #include <filesystem>
 
-#include "core/initialize.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 

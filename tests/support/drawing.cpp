@@ -7,10 +7,10 @@
 #include <cstdio>
 #include <sstream>
 
-#include "core/initialize.h"
 #include "core/parameters.h"
 #include "core/runs.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 
 namespace verlink::test {
 

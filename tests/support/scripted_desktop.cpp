@@ -8,11 +8,17 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/guard.h"
+#include "shell/failure_report.h"
+
 namespace verlink::test {
 
 using namespace platform;
 
-ScriptedDesktop::ScriptedDesktop() { Use_Desktop(this); }
+ScriptedDesktop::ScriptedDesktop() {
+    Use_Desktop(this);
+    Install_Reporter(Report_Error);
+}
 
 ScriptedDesktop::~ScriptedDesktop() {
     Verify();

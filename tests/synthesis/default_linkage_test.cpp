@@ -1,6 +1,6 @@
 // The linkage with which the program starts.
-#include "core/initialize.h"
 #include "core/runs.h"
+#include "shell/initialize.h"
 #include "synthesis/examples.h"
 #include "tests/core/linkages.h"
 

@@ -8,9 +8,9 @@
 #include <set>
 
 #include "animation/engine.h"
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "platform/picture.h"
+#include "shell/initialize.h"
 #include "synthesis/dyads.h"
 #include "tests/support/fixture.h"
 

@@ -11,12 +11,12 @@
 #include <string>
 #include <vector>
 
-#include "core/initialize.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {

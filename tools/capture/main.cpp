@@ -24,7 +24,9 @@
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
+#include "platform/guard.h"
 #include "screens/register.h"
+#include "shell/failure_report.h"
 #include "shell/startup.h"
 #include "tools/capture/film.h"
 #include "tools/capture/walk.h"
@@ -513,6 +515,7 @@ int main(int argc, char** argv) {
 
     desktop::QtDesktop desktop;
     platform::Use_Desktop(&desktop);
+    Install_Reporter(Report_Error);
     Register_Screens();
     const QString account = manual ? folder.filePath(QStringLiteral("walk.txt")) : QString();
     Walker walker(desktop, folder, film ? Tutorial_Walk() : manual ? Manual_Walk() : Walk(), account.toStdString());

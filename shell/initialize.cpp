@@ -1,5 +1,5 @@
 // Every default, in the order in which they depend on each other, and File New.
-#include "core/initialize.h"
+#include "shell/initialize.h"
 
 #include "core/linkage_model.h"
 #include "core/runs.h"
@@ -7,7 +7,7 @@
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "platform/desktop.h"
-#include "shell/failure_report.h"
+#include "platform/guard.h"
 #include "synthesis/cognates.h"
 #include "synthesis/examples.h"
 

@@ -1,0 +1,54 @@
+// The reporter in force, and failures of a run gathered until it ends.
+#include "platform/guard.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+namespace verlink {
+
+namespace {
+
+struct Report {
+    long number;
+    std::string procedure;
+    int count;
+};
+
+Reporter in_force = nullptr;
+int gathering = 0;
+std::vector<Report> gathered;
+int repeats = 1;
+
+void Tell(const Report& report) {
+    if (!in_force) throw std::logic_error("no failure reporter is installed");
+    repeats = report.count;
+    in_force(report.number, report.procedure);
+    repeats = 1;
+}
+
+}  // namespace
+
+void Install_Reporter(Reporter reporter) { in_force = reporter; }
+
+void Report_Failure(long ErrorNumber, const std::string& ProcName) {
+    if (gathering == 0) return Tell({ErrorNumber, ProcName, 1});
+    const auto same = std::find_if(gathered.begin(), gathered.end(), [&](const Report& report) {
+        return report.number == ErrorNumber && report.procedure == ProcName;
+    });
+    if (same == gathered.end())
+        gathered.push_back({ErrorNumber, ProcName, 1});
+    else
+        ++same->count;
+}
+
+Told_As_One::Told_As_One() { ++gathering; }
+
+Told_As_One::~Told_As_One() {
+    if (--gathering > 0) return;
+    for (const Report& report : std::exchange(gathered, {})) Tell(report);
+}
+
+int Repeats() { return repeats; }
+
+}  // namespace verlink
