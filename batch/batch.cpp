@@ -151,9 +151,9 @@ bool Example_Known(const BatchOptions& options, std::string& fault) {
 }
 
 /// Failure 62 when the model now wants rows of the drive or torque table that its file does not have.
-void Check_Tables(int rows_driven, int rows_of_torque) {
-    if (Model.Calctype > 3 && Model.NSteps >= rows_driven) platform::Raise(platform::kEndOfFile);
-    if (Model.TorqueImported && Model.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
+void Check_Tables(const LinkageModel& record, int rows_driven, int rows_of_torque) {
+    if (record.Calctype > 3 && record.NSteps >= rows_driven) platform::Raise(platform::kEndOfFile);
+    if (record.TorqueImported && record.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
 }
 
 class Batch {
@@ -199,7 +199,7 @@ class Batch {
             return false;
         }
         Model.FilePath = options_.model;
-        if (Load_Model(content, [this] { Replace_Fields(); })) return true;
+        if (Load_Model(content, [this](LinkageModel& record) { Replace_Fields(record); })) return true;
         err_ << "verlink-batch: " << options_.model << " cannot be read\n";
         return false;
     }
@@ -209,7 +209,7 @@ class Batch {
         Model.Units = 1;
         Model.Calctype = 3;
         if (Guarded("Readfile", [this] {
-                Replace_Fields();
+                Replace_Fields(Model);
                 Derive_From_File();
             }))
             return true;
@@ -217,12 +217,12 @@ class Batch {
         return false;
     }
 
-    void Replace_Fields() {
+    void Replace_Fields(LinkageModel& record) {
         if (options_.sets.empty()) return;
-        const int rows_driven = Model.Calctype > 3 ? Model.NSteps + 1 : 0;
-        const int rows_of_torque = Model.TorqueImported ? Model.NSteps + 1 : 0;
-        for (const auto& [field, value] : options_.sets) Set_File_Field(field, value);
-        Check_Tables(rows_driven, rows_of_torque);
+        const int rows_driven = record.Calctype > 3 ? record.NSteps + 1 : 0;
+        const int rows_of_torque = record.TorqueImported ? record.NSteps + 1 : 0;
+        for (const auto& [field, value] : options_.sets) Set_File_Field(field, value, record);
+        Check_Tables(record, rows_driven, rows_of_torque);
     }
 
     static void Convert(int units) {

@@ -40,8 +40,11 @@ bool Is_Drive_File(const std::string& path) { return Ends_In(path, ".sva") || En
 
 bool Take_Drive(const std::string& path, std::ostream& notes) {
     const bool cam = Ends_In(path, ".sva");
-    Model.Model5Name = StripFilename(path) + (cam ? ".sva" : ".out");
-    return Take_File(path, notes, cam ? Read_Cam_Data : Import_Linkage_Data);
+    return Take_File(path, notes, [&](TextReader& reader) {
+        const bool taken = cam ? Read_Cam_Data(reader) : Import_Linkage_Data(reader);
+        if (taken) Model.Model5Name = StripFilename(path) + (cam ? ".sva" : ".out");
+        return taken;
+    });
 }
 
 bool Take_Torque(const std::string& path, std::ostream& notes) {

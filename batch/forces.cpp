@@ -3,6 +3,7 @@
 
 #include "batch/csv.h"
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/flywheel.h"
@@ -20,7 +21,7 @@ bool Solve_Forces() {
     Resolve_Forces();
     const bool solved = Dynacalc(0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque);
     if (m.TorqueImported) m.ExtTorque(4) = 0;
-    m.DynamicsDone = true;
+    if (solved) Forces_Hold();
     return solved;
 }
 

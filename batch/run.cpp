@@ -71,7 +71,7 @@ bool Take_Time_Limits() {
 void Take_Geometry() {
     for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa}) Check_Positive(*length);
     if (Model.PolarCoords) Check_Positive(Model.L1);
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
 }
 
 bool Run_Model(std::ostream& notes) {
@@ -79,7 +79,6 @@ bool Run_Model(std::ostream& notes) {
     if (Model.Calctype == 2 && !Take_Time_Limits()) return false;
     if (Model.Calctype == 3 && !Take_Angle_Limits()) return false;
     Take_Geometry();
-    Model.Calculated = false;
     Integer Result = kRetrying;
     if (Model.Calctype > 3) {
         if (Model.NSteps < 0) {

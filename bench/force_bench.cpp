@@ -12,6 +12,7 @@
 #include "bench/drag.h"
 #include "bench/program.h"
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/runs.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
@@ -135,7 +136,7 @@ void Balance_Button(benchmark::State& state) {
     auto& screen = static_cast<frm_Balance&>(platform::Screens::Get("frm_Balance"));
     screen.Form_Activate();
     for (auto _ : state) {
-        Model.BalanceDone = false;
+        Balance_Dropped();
         screen.cmd_Calc.OnClick();
         if (!Model.BalanceDone || screen.pct_Pict1.Lines.Get().empty()) state.SkipWithError("nothing was balanced");
     }

@@ -94,7 +94,7 @@ void Take_Default_Linkage(int steps) {
     Model.ThetaEndStr = Text_Of(Model.ThetaEnd);
     Model.ThetaStepStr = Text_Of(Model.ThetaStep);
     Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
 }
 
 }  // namespace verlink::bench

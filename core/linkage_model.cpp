@@ -39,11 +39,12 @@ void Set_Delta(Single Delta, Single& DeltaRad, std::string& DeltaStr) {
     DeltaStr = Text_Of(Delta);
 }
 
-void Clear_RunTable() {
+void Clear_Motion() {
     auto& table = Model.RunTable;
     const int last = std::min<int>(Model.NSteps, kLastStep);
+    table.Assembled.Clear(last);
     for (int row = 0; row <= 3; ++row) table.Theta.Clear(last, row);
-    for (int row = 0; row <= 2; ++row) {
+    for (int row = 1; row <= 2; ++row) {
         table.Omega.Clear(last, row);
         table.Alpha.Clear(last, row);
     }
@@ -58,14 +59,24 @@ void Clear_RunTable() {
     }
     table.OmegaRatio.Clear(last);
     table.MechAdvantage.Clear(last);
+}
+
+void Clear_RunTable() {
+    Clear_Motion();
+    auto& table = Model.RunTable;
+    const int last = std::min<int>(Model.NSteps, kLastStep);
+    table.Omega.Clear(last, 0);
+    table.Alpha.Clear(last, 0);
     table.ImportedTorque.Clear(last);
     if (Model.NSteps > kLastStep) platform::Raise(platform::kSubscript);
     Model.TorqueImported = false;
     Model.Delta2 = 0;
 }
 
-double Shown_Factor() {
-    switch (Model.Units) {
+double Shown_Factor() { return Shown_Factor(Model.Units); }
+
+double Shown_Factor(int Units) {
+    switch (Units) {
         case 4: return 100;
         case 5: return 1000;
         default: return 1;

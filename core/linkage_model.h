@@ -51,8 +51,11 @@ void Set_Delta(Single Delta, Single& DeltaRad, std::string& DeltaStr);
 /// Zeroes the results of steps 0 to `NSteps` that the kinematic solution writes, and the imported torque; always
 /// drops `TorqueImported` and `Delta2`. The rows of the centres of gravity are left.
 void Clear_RunTable();
+/// The part of it that an imported run writes too: imported motion and torque stay.
+void Clear_Motion();
 
 /// The factor between a stored length and a shown one: 100 in `Units` 4, 1000 in 5, else 1.
 double Shown_Factor();
+double Shown_Factor(int Units);
 
 }  // namespace verlink

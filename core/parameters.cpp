@@ -6,6 +6,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/results.h"
 #include "core/runs.h"
 #include "core/text.h"
 #include "platform/desktop.h"
@@ -48,19 +49,27 @@ namespace {
 
 constexpr int kAngleDecimals = 2;
 
-double Read(Screen& screen, const char* name, int index) { return Val(screen.Text(name, index).Text.Get()); }
+Single Value_Of(const TextBox& box) { return Val(box.Text.Get()); }
 
-void Read_Length(Screen& screen, int index, Single& length) {
-    TextBox& box = screen.Text("txt_Linkout", index);
-    const Single typed = Val(box.Text.Get());
-    length = typed;
-    Check_Positive(length);
-    if (length != typed) box.Text = Text_Of(length);
-    length /= Shown_Factor();
+/// The number of a box that is read. One that cannot be stored gives way to what the record has, as `back` puts it,
+/// and its failure goes on.
+template <class Back>
+Single Number_Of(TextBox& box, Back back) {
+    Single number;
+    const long failure = Failure_Of([&] { number = Value_Of(box); });
+    box.Settle();
+    if (failure != 0) {
+        back();
+        platform::Raise(failure);
+    }
+    return number;
 }
 
+/// A box that waits to be taken over keeps its text.
 void Show(Screen& screen, const char* name, int index, const std::string& text) {
-    With<TextBox>(screen, name, index, [&](TextBox& box) { box.Text = text; });
+    With<TextBox>(screen, name, index, [&](TextBox& box) {
+        if (!box.Touched()) box.Text = text;
+    });
 }
 
 void Show_Length(Screen& screen, int index, Single length) {
@@ -69,6 +78,42 @@ void Show_Length(Screen& screen, int index, Single length) {
 
 void Show_Angle(Screen& screen, int index, Single angle) {
     Show(screen, "txt_Linkout", index, Text_Of(FNRound(angle, kAngleDecimals)));
+}
+
+/// A box as it is read: a hand's text, else one that stands for the value of the record. Unless the text says exactly
+/// the value, `show` puts it there, rounded.
+template <class Show>
+Single Read(TextBox& box, Single value, double factor, Show show) {
+    if (!box.Touched() && (box.Text.Get().empty() || Single(Value_Of(box) / factor) != value)) show();
+    return Number_Of(box, show);
+}
+
+Single Read_Coordinate(Screen& screen, int index, Single stored) {
+    const double factor = Shown_Factor();
+    return Read(screen.Text("txt_Linkout", index), stored, factor, [&] { Show_Length(screen, index, stored); }) /
+           factor;
+}
+
+Single Read_Length(Screen& screen, int index, Single stored) {
+    const double factor = Shown_Factor();
+    TextBox& box = screen.Text("txt_Linkout", index);
+    const Single typed = Read(box, stored, factor, [&] { Show_Length(screen, index, stored); });
+    Single length = typed;
+    Check_Positive(length);
+    if (length != typed) box.Text = Text_Of(length);
+    return length / factor;
+}
+
+Single Read_Angle(Screen& screen, int index, Single stored) {
+    return Read(screen.Text("txt_Linkout", index), stored, 1, [&] { Show_Angle(screen, index, stored); });
+}
+
+/// A limit of the run, which the record has as text.
+Single Read_Initial(Screen& screen, int index, const std::string& stored) {
+    TextBox& box = screen.Text("txt_initial", index);
+    const auto show = [&] { box.Text = stored; };
+    if (!box.Touched() && (box.Text.Get().empty() || Value_Of(box) != Single(Val(stored)))) show();
+    return Number_Of(box, show);
 }
 
 void Caption(Screen& screen, const char* name, int index, const std::string& caption) {
@@ -100,23 +145,24 @@ void Show_Angle_Limits(Screen& screen) {
 
 bool Get_Angle_Conditions(Screen& screen) {
     const Drive before = Model;
-    const Single Min = Read(screen, "txt_initial", 0);
-    const Single Max = Read(screen, "txt_initial", 1);
+    const Single Min = Read_Initial(screen, 0, Model.ThetaStartStr);
+    const Single Max = Read_Initial(screen, 1, Model.ThetaEndStr);
     if (!(Min < Max)) {
         Tell(kBadAngleRange, Icon::kExclamation);
         Show_Angle_Limits(screen);
         return false;
     }
+    const Single Step = Read_Initial(screen, 2, Model.ThetaStepStr);
+    const bool forward = Step > 0.0;
     Model.ThetaStart = Min;
     Model.ThetaEnd = Max;
-    const Single Step = Read(screen, "txt_initial", 2);
-    if (Step <= 0.0) {
+    if (forward) Model.ThetaStep = Step;
+    Derive_Angle_Limits();
+    if (!forward) {
         Tell(kBadAngleStep);
-        Show(screen, "txt_initial", 2, Text_Of(Model.ThetaStep));
+        Show(screen, "txt_initial", 2, Model.ThetaStepStr);
         return false;
     }
-    Model.ThetaStep = Step;
-    Derive_Angle_Limits();
 
     // A refusal from here on is of the limits together, so all of them go back.
     const auto put_back = [&] {
@@ -148,8 +194,8 @@ bool Get_Angle_Conditions(Screen& screen) {
 
 bool Get_Time_Conditions(Screen& screen) {
     const Drive before = Model;
-    const Single Start = Read(screen, "txt_initial", 0);
-    const Single End = Read(screen, "txt_initial", 1);
+    const Single Start = Read_Initial(screen, 0, Text_Of(Model.TimeStart));
+    const Single End = Read_Initial(screen, 1, Text_Of(Model.TimeEnd));
     if (!(Start < End)) {
         Tell(kBadTimeRange, Icon::kExclamation);
         Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
@@ -160,7 +206,7 @@ bool Get_Time_Conditions(Screen& screen) {
     Model.TimeEnd = End;
     Model.ThetaStartStr = Text_Of(Start);
     Model.ThetaEndStr = Text_Of(End);
-    const Single Step = Read(screen, "txt_initial", 2);
+    const Single Step = Read_Initial(screen, 2, Text_Of(Model.TimeStep));
     if (Step <= 0.0) {
         Tell(kBadTimeStep);
         if (Step < 0.0) Model.TimeStep = -Step;
@@ -172,7 +218,8 @@ bool Get_Time_Conditions(Screen& screen) {
     const double steps =
         Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
     if (steps > kLastStep) {
-        // The screen goes on all the same: its boxes stay, and the run that reads them refuses them again.
+        // The screen goes on all the same: its boxes wait, and the run that reads them refuses them again.
+        for (int box = 0; box <= 2; ++box) screen.Text("txt_initial", box).Type(screen.Text("txt_initial", box).Text);
         Tell(Too_Many_Steps("time", "Delta Time"));
         static_cast<Drive&>(Model) = before;
     } else {
@@ -185,12 +232,39 @@ bool Get_Time_Conditions(Screen& screen) {
     return true;
 }
 
+bool Same_Limits(const Drive& a, const Drive& b) {
+    for (const auto field : {&Drive::ThetaZero, &Drive::ThetaStart, &Drive::ThetaEnd, &Drive::ThetaStep,
+                             &Drive::TimeStart, &Drive::TimeEnd, &Drive::TimeStep, &Drive::Alpha2})
+        if (a.*field != b.*field) return false;
+    return a.NSteps == b.NSteps && a.ThetaStartStr == b.ThetaStartStr && a.ThetaEndStr == b.ThetaEndStr &&
+           a.ThetaStepStr == b.ThetaStepStr;
+}
+
+void Get_Delta2() {
+    With<TextBox>("frm_Inputnew", "txt_initial", 4, [](TextBox& box) { Take_Motion(box, Model.Delta2); });
+}
+
 template <class Flag>
 void Read_Flag(Screen& screen, const char* box, Flag& flag, bool ticked_is_yes = true) {
     With<CheckBox>(screen, box, kNoIndex, [&](CheckBox& found) { flag = found.Value == ticked_is_yes ? "Y" : "N"; });
 }
 
 }  // namespace
+
+void Take_Motion(TextBox& box, Single& value) {
+    const Single taken = Read(box, value, 1, [&] { box.Text = Text_Of(value); });
+    if (taken == value) return;
+    value = taken;
+    Run_Dropped();
+    Model_Unsaved();
+}
+
+bool Is_Linkage_Touched(Screen& screen) {
+    for (platform::Control* control : screen.Controls())
+        if (const auto* box = dynamic_cast<TextBox*>(control))
+            if (box->Touched() && box->Name() == "txt_Linkout") return true;
+    return false;
+}
 
 void Check_Positive(Single& length) {
     if (length >= 0.0) return;
@@ -213,36 +287,29 @@ void Derive_Time_Limits() {
     Model.ThetaStepStr = Text_Of(Model.TimeStep);
 }
 
-void Derive_Geometry() {
-    if (Model.PolarCoords) {
-        Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
-        Model.Link1X = Model.L1 * std::cos(Model.Link1AngleRad);
-        Model.Link1Y = Model.L1 * std::sin(Model.Link1AngleRad);
-    } else {
-        Cart_to_Polar(Model.Link1X, Model.Link1Y, Model.L1, Model.Link1Angle);
-        Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
-    }
-    Rotate(Model.Link1X, Model.Link1Y, Model.Link1Angle, -1, Model.Link1LocalX, Model.Link1LocalY);
-    LoadLinkArray();
-    Model.Parallelogram = Model.L2 == Model.L4 && Model.L3 == Model.L1;
-}
-
-void Get_Linkage_Geometry(Screen& screen) {
+void Get_Linkage_Geometry(Screen& screen, Road road) {
     Guarded("Get_Linkage_Geometry", [&] {
-        Read_Length(screen, 1, Model.L2);
-        Read_Length(screen, 2, Model.L3);
-        Read_Length(screen, 3, Model.L4);
-        Read_Length(screen, 4, Model.Rpa);
-        Model.Delta = Read(screen, "txt_Linkout", 5);
-        Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-        if (Model.PolarCoords) {
-            Read_Length(screen, 0, Model.L1);
-            Model.Link1Angle = Read(screen, "txt_Linkout", 6);
-        } else {
-            Model.Link1X = Single(Read(screen, "txt_Linkout", 15)) / Shown_Factor();
-            Model.Link1Y = Single(Read(screen, "txt_Linkout", 16)) / Shown_Factor();
+        if (Is_Linkage_Touched(screen)) {
+            Model.CognateEdit = false;
+            Model.CognateNumber = 1;
+            Model.CognatesDue = true;
         }
-        Derive_Geometry();
+        Enter_Linkage(road, [&] {
+            Model.L2 = Read_Length(screen, 1, Model.L2);
+            Model.L3 = Read_Length(screen, 2, Model.L3);
+            Model.L4 = Read_Length(screen, 3, Model.L4);
+            Model.Rpa = Read_Length(screen, 4, Model.Rpa);
+            Model.Delta = Read_Angle(screen, 5, Model.Delta);
+            if (Model.PolarCoords) {
+                Model.L1 = Read_Length(screen, 0, Model.L1);
+                Model.Link1Angle = Read_Angle(screen, 6, Model.Link1Angle);
+            } else {
+                Model.Link1X = Read_Coordinate(screen, 15, Model.Link1X);
+                Model.Link1Y = Read_Coordinate(screen, 16, Model.Link1Y);
+            }
+            Put_Circuit(screen);
+            Get_Circuit(screen);
+        });
         if (Model.PolarCoords) {
             Show_Length(screen, 15, Model.Link1X);
             Show_Length(screen, 16, Model.Link1Y);
@@ -250,11 +317,9 @@ void Get_Linkage_Geometry(Screen& screen) {
             Show_Length(screen, 0, Model.L1);
             Show_Angle(screen, 6, Model.Link1Angle);
         }
-        Get_Circuit(screen);
         Disable(screen, "cmd_Animate");
         Disable(screen, "cmd_Done");
-        if (Model.Calctype == 5)
-            With<TextBox>("frm_Inputnew", "txt_initial", 4, [](TextBox& box) { Model.Delta2 = Val(box.Text.Get()); });
+        if (Model.Calctype == 5) Get_Delta2();
         Model.RedrawFlag = "Y";
     });
 }
@@ -265,11 +330,9 @@ void Put_Linkage_Geometry(Screen& screen) {
         Show_Length(screen, 4, Model.LinkArray(0));
         Show_Angle(screen, 5, Model.Delta);
         Show_Angle(screen, 6, Model.Link1Angle);
-        if (!Model.Synthesized) {
-            Show_Length(screen, 15, Model.Link1X);
-            Show_Length(screen, 16, Model.Link1Y);
-            Put_Circuit(screen);
-        }
+        Show_Length(screen, 15, Model.Link1X);
+        Show_Length(screen, 16, Model.Link1Y);
+        Put_Circuit(screen);
         for (int label : {0, 1, 2, 3, 4, 11, 12}) Caption(screen, "lbl_Units", label, Model.UnitLabel(6));
         With<TextBox>("frm_Animate", "txt_LineAngle", kNoIndex,
                       [](TextBox& box) { box.Text = Text_Of(FNRound(Model.LineAngle, 0)); });
@@ -278,14 +341,19 @@ void Put_Linkage_Geometry(Screen& screen) {
 
 bool Get_Initial_Conditions(Screen& screen) {
     bool accepted = true;
+    const Drive before = Model;
     const bool ended = Guarded("Get_Initial_Conditions", [&] {
         if (Model.Calctype == 1) {
-            Model.ThetaZero = Read(screen, "txt_initial", 0);
+            Model.ThetaZero = Read_Initial(screen, 0, Text_Of(Model.ThetaZero));
             screen.Text("txt_initial", 1).Text = screen.Text("txt_initial", 0).Text;
         } else if (Model.Calctype == 2) {
             accepted = Get_Time_Conditions(screen);
         } else if (Model.Calctype == 3) {
             accepted = Get_Angle_Conditions(screen);
+        }
+        if (!Same_Limits(before, Model)) {
+            Run_Dropped();
+            Model_Unsaved();
         }
         if (!accepted) return;
         if (Screen* input = Screens::Find("frm_Inputnew")) {

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/linkage_door.h"
 #include "core/number.h"
 #include "platform/screen.h"
 
@@ -11,14 +12,15 @@ namespace verlink {
 // Each serves `frm_Inputnew` and `frm_Animate`, which have controls of the same names. Boxes show lengths in the
 // shown unit; the model holds metres in `Units` 4 and 5.
 
-/// Link lengths, coupler point, ground link and circuit from the boxes; the boxes of the link 1 form that is not in
-/// force are rewritten. Negative lengths are made positive with a message. Disables `cmd_Animate` and `cmd_Done`.
-void Get_Linkage_Geometry(platform::Screen& screen);
+/// Link lengths, coupler point, ground link and circuit from the boxes, through the door of linkages; the boxes of the
+/// link 1 form that is not in force are rewritten. A box that no hand has touched is filled from the record first, so
+/// that it gives back what it shows of it. Negative lengths are made positive with a message. Disables `cmd_Animate`
+/// and `cmd_Done`.
+void Get_Linkage_Geometry(platform::Screen& screen, Road road = Road::kBoxes);
+/// Boxes that a hand has touched, and that have not been taken over yet, keep their text; so do those of the limits.
 void Put_Linkage_Geometry(platform::Screen& screen);
-
-/// What follows from the stored lengths, link 1 form and circuit, without any box: the other form of link 1, the
-/// local pivot, `LinkArray`, `Parallelogram`.
-void Derive_Geometry();
+/// Whether a box of the linkage waits to be taken over.
+bool Is_Linkage_Touched(platform::Screen& screen);
 
 /// The texts and radians of the three angle limits from their degrees.
 void Derive_Angle_Limits();
@@ -34,6 +36,10 @@ bool Get_Initial_Conditions(platform::Screen& screen);
 extern const char kBadAngleRange[], kBadAngleStep[], kAnglesTooClose[], kBadTimeRange[], kBadTimeStep[];
 /// "Your angle steps are too small - Have > 2880 Points - Increase Delta Theta" for "angle", "Delta Theta".
 std::string Too_Many_Steps(const char* kind, const char* advice);
+
+/// Takes a speed, an acceleration or an angle of the drive over from its box, which is filled from it first if no hand
+/// has touched it; another value than before is another run.
+void Take_Motion(platform::TextBox& box, Single& value);
 
 void Put_Angle_Initial_Conditions(platform::Screen& screen);
 void Put_Time_Initial_Conditions(platform::Screen& screen);

@@ -1,12 +1,14 @@
 // The generated runs, the replay of imported ones, and what happens at a position that does not close.
 #include "core/runs.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/pairs.h"
+#include "core/results.h"
 #include "core/solver.h"
 #include "core/text.h"
 #include "platform/desktop.h"
@@ -32,24 +34,23 @@ void Disable_Input_Buttons() {
                                                 [](platform::CommandButton& b) { b.Enabled = false; });
 }
 
-/// What was found out from earlier kinematics no longer holds.
-void Drop_Derived_Results() {
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
-    Model.FFTDone = false;
-}
-
 void Begin_Run(Integer& Result) {
+    Run_Dropped();
     Model.NoConnectSeen = false;
     Result = kRetrying;
+}
+
+/// The run holds, unless it was ended by the user or closes nowhere.
+void End_Run(const Integer& Result) {
+    if (Result == kAborted) return;
+    const bool* closed = Model.RunTable.Assembled.Steps(0, Model.NSteps + 1);
+    if (std::find(closed, closed + Model.NSteps + 1, true) != closed + Model.NSteps + 1) Run_Holds();
 }
 
 /// One step; false when the user has ended the run there.
 bool Step_Goes_On(int step, Integer& Result) {
     Calculate(step, Result);
-    if (Result != kAborted) return true;
-    Model.Calculated = false;
-    return false;
+    return Result != kAborted;
 }
 
 double Omega_At(double t) { return Model.Alpha2 * t + Model.Omega2Input; }
@@ -75,6 +76,7 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
         Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
         Grashof();
         if (Model.Grashof_Code == "NL") {
+            Run_Dropped();
             Model.MessageText = kCannotClose;
             platform::Tell(Model.MessageText);
             Disable_Input_Buttons();
@@ -87,7 +89,6 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
             case 3: Crankangle(Result); break;
             default: break;
         }
-        Drop_Derived_Results();
     });
 }
 
@@ -101,6 +102,7 @@ void Oneposition(Integer& Result) {
         Model.ThetaStepStr = "0";
         Clear_RunTable();
         Step_Goes_On(0, Result);
+        End_Run(Result);
     });
 }
 
@@ -128,6 +130,7 @@ void Timestep(Integer& Result) {
             if (!Step_Goes_On(step, Result)) return;
             t += Model.TimeStep;
         }
+        End_Run(Result);
     });
 }
 
@@ -161,16 +164,20 @@ void Crankangle(Integer& Result) {
             if (overshot(Model.Theta2Rad)) {
                 Model.Theta2Rad = Final;  // the step that overshot is rewritten at the limit
                 Calculate(step, Result);
-                return;
+                break;
             }
             Model.Theta2Rad += stride;
         }
+        End_Run(Result);
     });
 }
 
 void Imported_Run(Integer& Result) {
     Guarded("Imported_Run", [&] {
         Begin_Run(Result);
+        Clear_Motion();
+        // The positions leave theirs there; the model's own stands for the first of the next run.
+        const Single own = Model.Alpha2;
         for (int step = 0; step <= Model.NSteps; ++step) {
             const double drive = Model.RunTable.DriveTheta(step);
             const double degrees = Model.Calctype == 4
@@ -181,7 +188,8 @@ void Imported_Run(Integer& Result) {
             Model.ImportedAlpha2 = Model.RunTable.Alpha(step, 0);
             Calculate(step, Result);  // the answer to abort is left to the caller
         }
-        Drop_Derived_Results();
+        Model.Alpha2 = own;
+        End_Run(Result);
     });
 }
 
@@ -191,7 +199,7 @@ void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Res
         const double degrees = ThetaRad * kRadToDeg;
         Model.NoConnectSeen = true;
         table.Assembled(step) = false;
-        if (Result != kIgnoring) Ask_About(degrees, Result);
+        if (Result != kIgnoring && Result != kAborted) Ask_About(degrees, Result);
         for (int i = Model.Calctype >= 4 ? 1 : 0; i <= 2; ++i) {
             table.Theta(step, i) = 0;
             table.Omega(step, i) = 0;

@@ -156,7 +156,6 @@ void Solve_Step(Integer step, Integer& Result) {
         Scale_Velocities(step, factor, 0, 2);
         Scale_Accelerations(step, factor, 0, 4);
     }
-    m.Calculated = true;
 }
 
 template <class Points>
@@ -256,7 +255,8 @@ inline void Store(int step, const Position<Pair>& p, const PairOfSteps& steps) {
 }  // namespace
 
 void Calculate(Integer step, Integer& Result) {
-    Guarded("Calculate", [&] { Solve_Step(step, Result); });
+    const bool solved = Guarded("Calculate", [&] { Solve_Step(step, Result); });
+    if (!solved && step >= 0 && step <= kLastStep) Model.RunTable.Assembled(step) = false;
 }
 
 LookAhead::LookAhead() : shape_(Present_Shape()), wrap_(Wrap_Mode()) {}
@@ -284,7 +284,6 @@ bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) 
     for (int i = 0; i < kPairs; ++i) Store(step + 2 * i, positions[i], steps[i]);
     std::fill_n(Model.RunTable.Assembled.Steps(step, kSteps), kSteps, true);
     Mend_First_Angle(wrap_);
-    Model.Calculated = true;
     return true;
 }
 

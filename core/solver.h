@@ -10,7 +10,7 @@ namespace verlink {
 /// and centrodes at `Theta2Rad`, `Omega2`, `Alpha2`, and stores them in `RunTable` at `step`. Vectors are in the
 /// local frame, `Theta` is global and wrapped by `ModuloMode`, lengths are in the shown unit. No memory between
 /// steps but that of imported runs, whose first acceleration term holds the previous step's `Alpha2`. A position
-/// that does not close goes to `Noconnect` with Result; every one that closes sets `Calculated`.
+/// that does not close goes to `Noconnect` with Result; one that fails is told and counts as not closed.
 void Calculate(Integer step, Integer& Result);
 
 /// Solves the positions of a run side by side, so many at a time, where nothing out of the ordinary happens.

@@ -5,6 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/results.h"
 #include "dynamics/dynacalc.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
@@ -115,7 +116,7 @@ void Berkof_Calc(Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius)
         // After a refusal the sums are made with what the tables of the counterweights hold.
         Sum_Torques();
         Sum_Forces();
-        Model.BalanceDone = true;
+        Balance_Holds();
     });
 }
 

@@ -1,6 +1,7 @@
 // The tables of the unit systems, and the conversion of the model from one to another.
 #include "dynamics/units.h"
 
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "platform/guard.h"
@@ -39,6 +40,29 @@ void Convert() {
 }
 
 void Rescale(Single& value, Single factor, int decimals) { value = FNRound(value * factor, decimals); }
+
+void Rescale_Inputs(int OldUnits, int NewUnits) {
+    if (OldUnits == 1) {
+        if (NewUnits == 2) Factors_In_To_Ft();
+        if (Is_Metric(NewUnits)) Factors_In_To_SI();
+        // From inches to inches the factors of the last conversion are applied once more.
+        if (System_Of(NewUnits)) Convert();
+    } else if (OldUnits == 2 && NewUnits != 2 && System_Of(NewUnits)) {
+        Factors_Ft_To_In();
+        Convert();
+        if (Is_Metric(NewUnits)) {
+            Factors_In_To_SI();
+            Convert();
+        }
+    } else if (Is_Metric(OldUnits) && (NewUnits == 1 || NewUnits == 2)) {
+        Factors_SI_To_In();
+        Convert();
+        if (NewUnits == 2) {
+            Factors_In_To_Ft();
+            Convert();
+        }
+    }
+}
 
 }  // namespace
 
@@ -114,27 +138,7 @@ void Factors_Ft_To_In() {
 }
 
 void Convert_Units(Integer OldUnits, Integer NewUnits) {
-    if (OldUnits == 1) {
-        if (NewUnits == 2) Factors_In_To_Ft();
-        if (Is_Metric(NewUnits)) Factors_In_To_SI();
-        // From inches to inches the factors of the last conversion are applied once more.
-        if (System_Of(NewUnits)) Convert();
-    } else if (OldUnits == 2 && NewUnits != 2 && System_Of(NewUnits)) {
-        Factors_Ft_To_In();
-        Convert();
-        if (Is_Metric(NewUnits)) {
-            Factors_In_To_SI();
-            Convert();
-        }
-    } else if (Is_Metric(OldUnits) && (NewUnits == 1 || NewUnits == 2)) {
-        Factors_SI_To_In();
-        Convert();
-        if (NewUnits == 2) {
-            Factors_In_To_Ft();
-            Convert();
-        }
-    }
-    LoadLinkArray();
+    Enter_Linkage(Road::kUnits, [&] { Rescale_Inputs(OldUnits, NewUnits); });
 }
 
 void Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
@@ -160,6 +164,14 @@ void Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor,
             Rescale(m.LinkMass(i), MassFactor, m.DecMass);
             Rescale(m.LinkInertia(i), InertiaFactor, m.DecInertia);
         }
+        constexpr int kLengths = 5;
+        for (CognateTable* table : {&m.Cognates, &m.CayleyRows})
+            for (int cognate = 1; cognate <= 3; ++cognate)
+                for (int item = 1; item <= kLengths; ++item)
+                    Rescale((*table)(cognate, item), LengthFactor, m.DecLength);
+        // A table from a file keeps its digits.
+        if (m.TorqueImported)
+            for (int step = 0; step <= m.NSteps; ++step) m.RunTable.ImportedTorque(step) *= TorqueFactor;
     });
 }
 

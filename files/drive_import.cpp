@@ -2,9 +2,15 @@
 #include "files/drive_import.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/parameters.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "dynamics/units.h"
@@ -23,89 +29,167 @@ constexpr char kHome[] = "frm_HomeScreen";
 constexpr int kUnitSystems = 5;
 constexpr int kSixLinks = 6;
 constexpr int kFourLinks = 4;
+constexpr char kCamExtension[] = ".sva";
+constexpr char kLinkExtension[] = ".out";
 
 void Skip_Strings(TextReader& reader, int count) {
     for (int i = 0; i < count; ++i) reader.String();
 }
 
-/// The number of steps, then a row for each: angle, velocity, acceleration of the input link.
-void Read_Drive_Table(TextReader& reader, Integer steps) {
-    if (steps > kLastStep) Raise(kSubscript);
-    Model.NSteps = steps;
-    // Rows of the last run are overwritten, also by a table that breaks off.
-    Model.Calculated = false;
-    auto& table = Model.RunTable;
-    for (int step = 0; step <= Model.NSteps; ++step) {
-        table.DriveTheta(step) = reader.Column();
-        table.Omega(step, 0) = reader.Column();
-        table.Alpha(step, 0) = reader.Column();
-    }
+/// The motion of the input link, a row for each step: angle, velocity, acceleration.
+struct Drive_Table {
+    Single TimeStart, TimeEnd, TimeStep;
+    std::vector<std::array<Single, 3>> rows;
+};
+
+void Read_Rows(TextReader& reader, Integer last, Drive_Table& table) {
+    if (last > kLastStep) Raise(kSubscript);
+    for (int step = 0; step <= last; ++step)
+        for (Single& value : table.rows.emplace_back()) value = reader.Column();
 }
 
-/// False, with a message, for the file of another kind of linkage.
-bool Read_Cam(TextReader& reader, Integer& NLinks) {
-    NLinks = reader.Short();
+/// Rows of the last run are overwritten.
+void Put_Rows(const Drive_Table& table) {
+    Model.TimeStart = table.TimeStart;
+    Model.TimeEnd = table.TimeEnd;
+    Model.TimeStep = table.TimeStep;
+    Derive_Time_Limits();
+    Model.NSteps = static_cast<int>(table.rows.size()) - 1;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        const auto& row = table.rows[static_cast<std::size_t>(step)];
+        Model.RunTable.DriveTheta(step) = row[0];
+        Model.RunTable.Omega(step, 0) = row[1];
+        Model.RunTable.Alpha(step, 0) = row[2];
+    }
+    Model.TorqueImported = false;  // a table of the run before
+}
+
+struct Link_Masses {
+    Single mass, inertia, distance, angle;
+};
+
+/// The linkage of a cam file; lengths as they are stored.
+struct Cam_Linkage {
+    Single Delta2;
+    Integer circuit;
+    Single L2, L3, L4, L1, Link1Angle, Link1X, Link1Y, CamCenterX, CamCenterY;
+    std::vector<Link_Masses> masses;  ///< from link 2 on; empty when the file has none
+};
+
+struct Cam_File {
+    Integer CamDirection;
+    Single CamPhase, CamDataLength1, CamDiameter, CamDataLength2;
+    Integer Units;
+    std::optional<Cam_Linkage> linkage;
+    Drive_Table table;
+};
+
+Cam_Linkage Read_Linkage(TextReader& reader, int NLinks, double factor) {
+    Cam_Linkage read;
+    read.Delta2 = reader.Float();
+    read.circuit = reader.Short();
+    for (Single* length : {&read.L2, &read.L3, &read.L4, &read.L1}) *length = reader.Float() / factor;
+    read.Link1Angle = reader.Float();
+    for (Single* length : {&read.Link1X, &read.Link1Y, &read.CamCenterX, &read.CamCenterY})
+        *length = reader.Float() / factor;
+    Skip_Strings(reader, 9);
+    if (reader.Short() == -1) {
+        for (int link = 2; link <= NLinks; ++link) {
+            auto& masses = read.masses.emplace_back();
+            masses.mass = reader.Float();
+            masses.inertia = reader.Float();
+            masses.distance = reader.Float() / factor;
+            masses.angle = reader.Float() / factor;  // the angle is divided as if it were a length
+        }
+        if (NLinks > kFourLinks) Raise(kSubscript);
+    } else {
+        Skip_Strings(reader, 4 * (NLinks - 1));
+    }
+    Skip_Strings(reader, 30);
+    return read;
+}
+
+/// Nothing, after a message, for the file of another kind of linkage.
+std::optional<Cam_File> Read_Cam(TextReader& reader) {
+    const Integer NLinks = reader.Short();
     if (NLinks == kSixLinks) {
         Tell(std::string("This file contains data for a Corvex linkage.") + CR +
                  "Please import it to Program Corvex instead.",
              Icon::kInformation);
-        return false;
+        return {};
     }
-    Model.CamDirection = reader.Short();
-    for (Single* value : {&Model.CamPhase, &Model.CamDataLength1, &Model.CamDiameter, &Model.CamDataLength2,
-                          &Model.TimeStart, &Model.TimeEnd, &Model.TimeStep})
+    Cam_File file;
+    file.CamDirection = reader.Short();
+    for (Single* value : {&file.CamPhase, &file.CamDataLength1, &file.CamDiameter, &file.CamDataLength2,
+                          &file.table.TimeStart, &file.table.TimeEnd, &file.table.TimeStep})
         *value = reader.Float();
     if (reader.String() == "Glidemark") {
         Tell(std::string("This file contains data for a Verlink Slider linkage.") + CR +
                  "Please import it to Glidex instead.",
              Icon::kInformation);
-        return false;
+        return {};
     }
     const Integer units = reader.Short();
     if (units > kUnitSystems) Raise(kSubscript);
-    Model.Units = std::max<int>(units, 1);
-    for (Single* length : {&Model.CamDiameter, &Model.CamDataLength1, &Model.CamDataLength2}) *length /= Shown_Factor();
+    file.Units = std::max<int>(units, 1);
+    const double factor = Shown_Factor(file.Units);
+    for (Single* length : {&file.CamDiameter, &file.CamDataLength1, &file.CamDataLength2}) *length /= factor;
     Skip_Strings(reader, 7);
-    return true;
+    if (NLinks >= kFourLinks) file.linkage = Read_Linkage(reader, NLinks, factor);
+    Read_Rows(reader, reader.Short() - 1, file.table);
+    return file;
 }
 
-void Read_Masses(TextReader& reader, int NLinks) {
-    for (int link = 2; link <= NLinks; ++link) {
-        Model.LinkMass(link) = reader.Float();
-        Model.LinkInertia(link) = reader.Float();
-        Model.CG(link, 0) = reader.Float() / Shown_Factor();
-        Model.CG(link, 1) = reader.Float() / Shown_Factor();  // the angle is divided as if it were a length
-    }
-}
-
-void Read_Linkage(TextReader& reader, int NLinks) {
-    Model.Delta2 = reader.Float();
-    const Integer circuit = reader.Short();
-    for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.L1}) *length = reader.Float() / Shown_Factor();
-    Model.Link1Angle = reader.Float();
-    Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
-    for (Single* length : {&Model.Link1X, &Model.Link1Y, &Model.CamCenterX, &Model.CamCenterY})
-        *length = reader.Float() / Shown_Factor();
-    Skip_Strings(reader, 9);
-
+void Put_Linkage(const Cam_Linkage& read) {
+    Model.Delta2 = read.Delta2;
+    Model.L2 = read.L2;
+    Model.L3 = read.L3;
+    Model.L4 = read.L4;
+    Model.L1 = read.L1;
+    Model.Link1Angle = read.Link1Angle;
+    Model.Link1X = read.Link1X;
+    Model.Link1Y = read.Link1Y;
+    Model.CamCenterX = read.CamCenterX;
+    Model.CamCenterY = read.CamCenterY;
     Model.ThetaZero = -Model.Link1Angle;
     // No coupler point comes across.
     Model.Delta = 0;
     Model.Rpa = 0;
-    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-    if (circuit == -1) Model.CircuitIndex = 1;
-    if (circuit == 1) Model.CircuitIndex = 2;
-    Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
-    // A model from disk runs without its boxes being read, so what they would give is derived here.
-    Rotate(Model.Link1X, Model.Link1Y, Model.Link1Angle, -1, Model.Link1LocalX, Model.Link1LocalY);
-    Model.Parallelogram = Model.L2 == Model.L4 && Model.L3 == Model.L1;
-    LoadLinkArray();
+    if (read.circuit == -1) Model.CircuitIndex = 1;
+    if (read.circuit == 1) Model.CircuitIndex = 2;
+    int link = 2;
+    for (const Link_Masses& masses : read.masses) {
+        Model.LinkMass(link) = masses.mass;
+        Model.LinkInertia(link) = masses.inertia;
+        Model.CG(link, 0) = masses.distance;
+        Model.CG(link, 1) = masses.angle;
+        ++link;
+    }
+    Model.CognateEdit = false;
+}
 
-    if (reader.Short() == -1)
-        Read_Masses(reader, NLinks);
-    else
-        Skip_Strings(reader, 4 * (NLinks - 1));
-    Skip_Strings(reader, 30);
+/// The file that the drive came from.
+void Put_Name(const std::string& path, const char* extension) {
+    if (path.empty()) return;
+    Model.FilePath = path;
+    Model.Model5Name = StripFilename(path) + extension;
+}
+
+void Put_Cam(const Cam_File& file) {
+    // What the file says nothing of is shown in the file's units too.
+    const Integer old = Model.Units;
+    Use_Units(file.Units);
+    if (old != file.Units) Convert_Units(old, file.Units);
+    Model.CamDirection = file.CamDirection;
+    Model.CamPhase = file.CamPhase;
+    Model.CamDataLength1 = file.CamDataLength1;
+    Model.CamDiameter = file.CamDiameter;
+    Model.CamDataLength2 = file.CamDataLength2;
+    if (file.linkage) Put_Linkage(*file.linkage);
+    Put_Rows(file.table);
+    Model.Calctype = 4;
+    Model.CamDriven = true;
+    Model.LinkDriven = false;
 }
 
 void Show_Input(const std::string& told) {
@@ -118,13 +202,13 @@ struct Import {
     const char* title;
     const char* filter;
     const char* extension;
-    bool (*read)(TextReader&);
+    bool (*read)(TextReader&, const std::string& path);
 };
 
-constexpr Import kCamImport = {"Open a Lobetra export data file", "Lobetra Export (*.sva)|*.sva|(*.*)|*.*|", ".sva",
-                               Read_Cam_Data};
-constexpr Import kLinkImport = {"Open a Linkage Drive Data file", "Verlink Export (*.out)|*.out|(*.*)|*.*|", ".out",
-                                Import_Linkage_Data};
+constexpr Import kCamImport = {"Open a Lobetra export data file", "Lobetra Export (*.sva)|*.sva|(*.*)|*.*|",
+                               kCamExtension, Read_Cam_Data};
+constexpr Import kLinkImport = {"Open a Linkage Drive Data file", "Verlink Export (*.out)|*.out|(*.*)|*.*|",
+                                kLinkExtension, Import_Linkage_Data};
 
 /// False when the user would rather save first and did not.
 bool Take_File(Screen& home, const Import& import) {
@@ -136,17 +220,14 @@ bool Take_File(Screen& home, const Import& import) {
     dialog.FileName = std::string("*") + import.extension;
     dialog.ShowOpen();
     const std::string content = Read_File(dialog.FileName);
-    Model.FilePath = dialog.FileName;
-    Model.Model5Name = StripFilename(Model.FilePath) + import.extension;
     TextReader reader(content);
-    import.read(reader);
+    import.read(reader, dialog.FileName);
     return true;
 }
 
 /// What follows an import, also one that was refused or broke off.
 void End_Import(Screen& home) {
     The_Desktop().Set_Pointer(Pointer::kDefault);
-    Model.SavedFlag = false;
     Set_Menus();
     With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
     Refresh_Status();
@@ -154,36 +235,37 @@ void End_Import(Screen& home) {
 
 }  // namespace
 
-bool Read_Cam_Data(TextReader& reader) {
+bool Read_Cam_Data(TextReader& reader, const std::string& path) {
     bool taken = false;
     Guarded("Read_Cam_Data", [&] {
-        Integer NLinks;
-        if (!Read_Cam(reader, NLinks)) return;
-        if (NLinks >= kFourLinks) Read_Linkage(reader, NLinks);
-        Read_Drive_Table(reader, reader.Short() - 1);
+        const auto file = Read_Cam(reader);
+        if (!file) return;
+        Enter_Linkage(Road::kImport, [&] {
+            Put_Cam(*file);
+            Put_Name(path, kCamExtension);
+        });
         taken = true;
-    });
-    const bool shown = Guarded("Read_Cam_Data", [&] {
-        // Labels and decimals go by the unit system that was read, also when the rest was not.
         if (Screen* home = Screens::Find(kHome)) Check_mnu_Units(*home, Model.Units);
-        Use_Units(Model.Units);
-        if (!taken) return;
-        Model.CamDriven = true;
-        Model.Calctype = 4;
         Refresh_Status();
         Show_Input("File " + Model.FilePath + " of Lobetra S-V-A data successfully read.");
     });
-    return taken && shown;
+    return taken;
 }
 
-bool Import_Linkage_Data(TextReader& reader) {
+bool Import_Linkage_Data(TextReader& reader, const std::string& path) {
     return Guarded("Import_Linkage_Data", [&] {
-        const Integer steps = reader.Short();
-        for (Single* value : {&Model.TimeStart, &Model.TimeEnd, &Model.TimeStep}) *value = reader.Float();
+        Drive_Table table;
+        const Integer last = reader.Short();
+        for (Single* value : {&table.TimeStart, &table.TimeEnd, &table.TimeStep}) *value = reader.Float();
         Skip_Strings(reader, 12);
-        Read_Drive_Table(reader, steps);
-        Model.LinkDriven = true;
-        Model.Calctype = 5;
+        Read_Rows(reader, last, table);
+        Enter_Linkage(Road::kImport, [&] {
+            Put_Rows(table);
+            Model.Calctype = 5;
+            Model.LinkDriven = true;
+            Model.CamDriven = false;
+            Put_Name(path, kLinkExtension);
+        });
         Show_Input("File " + Model.FilePath + " of Linkage output data successfully read.");
     });
 }

@@ -1,19 +1,24 @@
 // Drive data: the motion of the input link from the files of a cam program or of another stage.
 #pragma once
 
+#include <string>
+
 #include "files/text_notation.h"
 #include "platform/screen.h"
 
 namespace verlink {
 
-/// An .sva file: a cam-driven run (`Calctype` 4), with the linkage when the file has one. Six-link and slider files
-/// are refused with a message; what was read by then stays. Failures go to the reporter under "Read_Cam_Data".
-/// False when refused or failed.
-bool Read_Cam_Data(TextReader& reader);
+// Both read a file whole before anything of it enters the record: a model that is refused, or breaks off, leaves the
+// one in hand as it was. `path` is that of the file; without one, its names stay as the caller has set them.
+
+/// An .sva file: a cam-driven run (`Calctype` 4), with the linkage when the file has one, in the units of the file; the
+/// rest of the model is converted to these. Six-link and slider files are refused with a message. Failures go to the
+/// reporter under "Read_Cam_Data". False when refused or failed.
+bool Read_Cam_Data(TextReader& reader, const std::string& path = {});
 
 /// An .out file: angle (global, degrees), velocity, acceleration of the input link by step: a link-driven run
 /// (`Calctype` 5). Failures go to the reporter under "Import_Linkage_Data". False when failed.
-bool Import_Linkage_Data(TextReader& reader);
+bool Import_Linkage_Data(TextReader& reader, const std::string& path = {});
 
 /// The import menu's actions, each a handler of the home screen.
 void Menu_Lobetra(platform::Screen& home);

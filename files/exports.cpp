@@ -3,6 +3,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/results.h"
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "platform/desktop.h"
@@ -51,7 +52,10 @@ void Put_Lines(TextWriter& writer, const Values&... values) {
 template <class Content>
 bool Write_Export(const char* name, Content content) {
     const bool written = Guarded(name, [&] { Write_File(Model.FilePath, content()); });
-    Model.SavedFlag = written;
+    if (written)
+        Model_Saved();
+    else
+        Model_Unsaved();
     return written;
 }
 
@@ -89,7 +93,7 @@ void Take_Torque_File(int Index) {
     Model.FilePath = dialog.FileName;
     Model.TorqueFileName = StripFilename(Model.FilePath) + ".trq";
     // Also for a table that is refused: the next Save is not to write the model over it.
-    Model.SavedFlag = false;
+    Model_Unsaved();
     TextReader reader(content);
     bool Failed = false;
     Import_Torque_Data(reader, Failed);

@@ -1,7 +1,6 @@
 // The file menu of the home screen: Open, Save and Save As.
-#include <algorithm>
-
 #include "core/numeric.h"
+#include "core/results.h"
 #include "core/status_panel.h"
 #include "files/model_file.h"
 #include "platform/desktop.h"
@@ -17,19 +16,13 @@ namespace {
 /// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved.
 void Save(bool takes_the_files_name) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
-    Model.SavedFlag = Writefile();
+    if (Writefile())
+        Model_Saved();
+    else
+        Model_Unsaved();
     if (Model.SavedFlag && takes_the_files_name) Model.ModelName = StripFilename(Model.FilePath);
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
-}
-
-/// Zeroes the results. A model that asks for more steps than the table has was never run with them.
-void Drop_Results() {
-    const Integer asked = Model.NSteps;
-    Model.NSteps = std::min<int>(asked, kLastStep);
-    Clear_RunTable();
-    Model.NSteps = asked;
-    Model.CognateEdit = false;
 }
 
 }  // namespace
@@ -51,8 +44,6 @@ bool May_Replace(Screen& home) {
 void Menu_Open(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.Open", [&] {
         if (!May_Replace(home)) return;
-        // Results go before the dialog asks, so that a cancelled one leaves none either.
-        Drop_Results();
         auto& dialog = home.Get<CommonDialog>("CommonDialog1");
         dialog.DialogTitle = "Open a model";
         dialog.Filter = "Verlink (*.vlk)|*.vlk|All (*.*)|*.*|";
@@ -60,15 +51,11 @@ void Menu_Open(Screen& home) {
         dialog.FileName = "*.vlk";
         dialog.ShowOpen();
         The_Desktop().Set_Pointer(Pointer::kHourglass);
-        // Read first: a file that cannot be opened does not become the one that Save would replace.
-        const std::string content = Read_File(dialog.FileName);
-        Model.FilePath = dialog.FileName;
-        Readfile(content);
-        Model.ModelName = StripFilename(Model.FilePath);
+        const bool read = Readfile(Read_File(dialog.FileName), dialog.FileName);
         The_Desktop().Set_Pointer(Pointer::kDefault);
+        if (!read) return;
         With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
         With<PictureBox>("frm_Inputnew", "Picture1", kNoIndex, [](PictureBox& box) { box.Canvas().Cls(); });
-        Model.SavedFlag = false;
         Refresh_Status();
     });
 }

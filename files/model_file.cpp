@@ -20,9 +20,10 @@ constexpr int kMainBlock = 80, kPolarLine = 92, kZoomLine = 96, kLastField = 96;
 constexpr int kReserved = 87;
 constexpr char kEndMarker[] = "Last Item";
 
-const std::array<FileField, kLastField>& Fields() {
-    auto& m = Model;
-    static const std::array<FileField, kLastField> fields{{
+using FieldTable = std::array<FileField, kLastField>;
+
+FieldTable Fields_Of(LinkageModel& m) {
+    return {{
         {1, "ProgramTag", &m.ProgramTag},
         {2, "RevNumber", &m.RevNumber},
         {3, "ModelName", &m.ModelName},
@@ -120,23 +121,22 @@ const std::array<FileField, kLastField>& Fields() {
         {95, "Delta2", &m.Delta2},
         {kZoomLine, "ZoomFactor", &m.ZoomFactor},
     }};
-    return fields;
 }
 
 /// Where a value from outside goes: a file's own tag and revisions do not replace the program's.
-auto Place_To_Read(const FileField& field) {
+auto Place_To_Read(LinkageModel& record, const FileField& field) {
     switch (field.line) {
-        case kTagLine: return decltype(field.place)(&Model.FileTag);
-        case kRevLine: return decltype(field.place)(&Model.FileRev);
-        case kFormatLine: return decltype(field.place)(&Model.FileFormat);
+        case kTagLine: return decltype(field.place)(&record.FileTag);
+        case kRevLine: return decltype(field.place)(&record.FileRev);
+        case kFormatLine: return decltype(field.place)(&record.FileFormat);
         default: return field.place;
     }
 }
 
 /// Values that older versions left at 0.
-void Settle(const FileField& field) {
-    if (field.line == kCyclesLine && Model.Cycles < 1) Model.Cycles = 1;
-    if (field.line == kZoomLine && Model.ZoomFactor == 0) Model.ZoomFactor = 1;
+void Settle(LinkageModel& record, const FileField& field) {
+    if (field.line == kCyclesLine && record.Cycles < 1) record.Cycles = 1;
+    if (field.line == kZoomLine && record.ZoomFactor == 0) record.ZoomFactor = 1;
 }
 
 struct Take {
@@ -160,33 +160,49 @@ struct Store {
     }
 };
 
-void Read_Lines(TextReader& reader, int first, int last) {
-    for (const FileField& field :
-         File_Fields().subspan(static_cast<std::size_t>(first - 1), static_cast<std::size_t>(last - first + 1))) {
-        std::visit(Take{reader}, Place_To_Read(field));
-        Settle(field);
+void Read_Lines(TextReader& reader, LinkageModel& record, int first, int last) {
+    const FieldTable fields = Fields_Of(record);
+    for (int line = first; line <= last; ++line) {
+        const FileField& field = fields[static_cast<std::size_t>(line - 1)];
+        std::visit(Take{reader}, Place_To_Read(record, field));
+        Settle(record, field);
     }
 }
 
 /// The ground link of files that know only its length.
-void Use_Polar_Ground() {
-    Model.PolarCoords = true;
-    Model.Link1X = Model.L1;
-    Model.Link1Y = 0;
+void Use_Polar_Ground(LinkageModel& record) {
+    record.PolarCoords = true;
+    record.Link1X = record.L1;
+    record.Link1Y = 0;
+}
+
+/// What a file of an older layout says nothing of is not there, whatever the model before had.
+void Forget_Extended_Block(LinkageModel& record) {
+    record.Link1Angle = 0;
+    record.Link1AngleRad = 0;
+    record.Link1X = record.L1;
+    record.Link1Y = 0;
+    record.CamDriven = false;
+    record.LinkDriven = false;
+    record.TorqueImported = false;
+    record.Delta2 = 0;
 }
 
 }  // namespace
 
-std::span<const FileField> File_Fields() { return Fields(); }
+std::span<const FileField> File_Fields() {
+    static const FieldTable fields = Fields_Of(Model);
+    return fields;
+}
 
-bool Set_File_Field(const std::string& name, const std::string& text) {
+bool Set_File_Field(const std::string& name, const std::string& text, LinkageModel& record) {
     std::string wanted = name;
     std::erase(wanted, ' ');
-    const auto fields = File_Fields();
+    const FieldTable fields = Fields_Of(record);
     const auto field = std::ranges::find_if(fields, [&](const FileField& f) { return wanted == f.name; });
     if (field == fields.end()) return false;
-    std::visit(Store{text}, Place_To_Read(*field));
-    Settle(*field);
+    std::visit(Store{text}, Place_To_Read(record, *field));
+    Settle(record, *field);
     return true;
 }
 
@@ -227,34 +243,35 @@ bool Writefile() {
     });
 }
 
-bool Read_Newfile(TextReader& reader) {
+bool Read_Newfile(TextReader& reader, LinkageModel& record) {
     return Guarded("Read_Newfile", [&] {
-        Read_Lines(reader, kRevLine + 1, kMainBlock);
-        const std::string first = Model.FileRev.substr(0, 1);
-        const double format = Val(Model.FileFormat);
-        const bool extended = (first == "7" && format >= 2.0) || Val(Model.FileRev) > 7.0;
+        Read_Lines(reader, record, kRevLine + 1, kMainBlock);
+        const std::string first = record.FileRev.substr(0, 1);
+        const double format = Val(record.FileFormat);
+        const bool extended = (first == "7" && format >= 2.0) || Val(record.FileRev) > 7.0;
         if (!extended) {
-            if (Val(first) < 7) Use_Polar_Ground();
+            Forget_Extended_Block(record);
+            if (Val(first) < 7) Use_Polar_Ground(record);
             return;
         }
-        Read_Lines(reader, kMainBlock + 1, kPolarLine - 1);
+        Read_Lines(reader, record, kMainBlock + 1, kPolarLine - 1);
         if (first == "7" && format < 4.0)
-            Use_Polar_Ground();
+            Use_Polar_Ground(record);
         else
-            Read_Lines(reader, kPolarLine, kPolarLine);
-        Read_Lines(reader, kPolarLine + 1, kLastField);
+            Read_Lines(reader, record, kPolarLine, kPolarLine);
+        Read_Lines(reader, record, kPolarLine + 1, kLastField);
         // The reserved strings and the end marker, whatever they hold.
         for (int i = 0; i < kReserved + 1; ++i) reader.String();
-        auto& table = Model.RunTable;
-        if (Model.Calctype > 3) {
-            for (int step = 0; step <= Model.NSteps; ++step) {
+        auto& table = record.RunTable;
+        if (record.Calctype > 3) {
+            for (int step = 0; step <= record.NSteps; ++step) {
                 table.DriveTheta(step) = reader.Float();
                 table.Omega(step, 0) = reader.Float();
                 table.Alpha(step, 0) = reader.Float();
             }
         }
-        if (Model.TorqueImported)
-            for (int step = 0; step <= Model.NSteps; ++step) table.ImportedTorque(step) = reader.Float();
+        if (record.TorqueImported)
+            for (int step = 0; step <= record.NSteps; ++step) table.ImportedTorque(step) = reader.Float();
     });
 }
 

@@ -25,7 +25,7 @@ std::span<const FileField> File_Fields();
 
 /// Stores a text in the field of that name as if the file had held it; blanks in the name do not count. False for
 /// an unknown name; failure 13 or 6 for a text that the field cannot take. A boolean may come without its hashes.
-bool Set_File_Field(const std::string& name, const std::string& text);
+bool Set_File_Field(const std::string& name, const std::string& text, LinkageModel& record = Model);
 
 /// The whole file from the model, as text.
 std::string File_Content();
@@ -34,21 +34,27 @@ std::string File_Content();
 /// old file is whole then.
 bool Writefile();
 
-/// Reads a model from a file's content: recognises it, fills the model and the screens, and, unless the program has
-/// just started, says so and shows the input screen. Failures go to the reporter under "Readfile" or "Read_Newfile";
-/// what was read stays, and the derived values and the screens follow it, but nothing is said to be read then.
-void Readfile(const std::string& content);
+// A file is read into a record of its own, which takes the place of the model when all of it was read and derived; else
+// the model stays as it was, and its results with it.
 
-/// The same for a program without screens: true only when all of it was read and derived. `amend` runs between the
-/// two, to replace values as if the file had held them.
-bool Load_Model(const std::string& content, const std::function<void()>& amend = {});
+/// Reads a model from a file's content and puts it on the screens; unless the program has just started, says so and
+/// shows the input screen. `path` becomes `FilePath` and its base `ModelName`; without one they stay. Failures go to
+/// the reporter under "Readfile" or "Read_Newfile", a foreign file is refused with a message. False when refused or
+/// failed.
+bool Readfile(const std::string& content, const std::string& path = {});
 
-/// Lines 3 to the end, by the rules for older revisions and formats. False when a failure was reported.
-bool Read_Newfile(TextReader& reader);
+/// The same for a program without screens. `amend` runs before what follows from the values is derived, on the record
+/// that is being read, to replace values as if the file had held them.
+bool Load_Model(const std::string& content, const std::function<void(LinkageModel&)>& amend = {});
 
-/// What follows from the values of a file: `DeltaRad`, `LinkArray`, limits, `NSteps`, circuit, units. No screen.
-/// Failure 9 for a run type or unit system that there is not, 11 for a step of 0, 6 for more steps than an integer
-/// holds.
+/// Lines 3 to the end into a record, by the rules for older revisions and formats. False when a failure was reported.
+bool Read_Newfile(TextReader& reader, LinkageModel& record = Model);
+
+/// What of a run follows from the values of a file: limits in degrees and radians, and `NSteps`. No screen. Failure 9
+/// for a run type or unit system that there is not, 11 for a step of 0, 6 for more steps than an integer holds.
+void Derive_Limits_From_File(LinkageModel& record);
+
+/// The values in `Model` have been changed as if a file had held them: it becomes that model.
 void Derive_From_File();
 
 /// Offers to save results that an opened or imported file would replace; the dialog comes twice, saved or not. False

@@ -1,7 +1,9 @@
 // Opening a model from a file's content: recognition, the values that follow from the file's, and the screens.
 #include <cmath>
-#include <utility>
+#include <memory>
+#include <string>
 
+#include "core/linkage_door.h"
 #include "core/numeric.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
@@ -22,45 +24,41 @@ namespace {
 constexpr char kTag[] = "VERLINK";
 constexpr char kInput[] = "frm_Inputnew";
 
-enum class Reading { kForeign, kPartly, kWhole };
-
 /// False, with a message, for a file that is none of the program's.
-bool Recognise(TextReader& reader) {
-    Model.FileTag = reader.String();
-    const bool own = Model.FileTag.starts_with(kTag);
+bool Recognise(TextReader& reader, LinkageModel& record) {
+    record.FileTag = reader.String();
+    const bool own = record.FileTag.starts_with(kTag);
     // A foreign file of a single line is refused for what it is, not for being short.
-    if (own || !reader.AtEnd()) Model.FileRev = reader.String();
+    if (own || !reader.AtEnd()) record.FileRev = reader.String();
     if (!own) Tell("This data file is not compatible with " + Model.ProgramCaps + ". ", Icon::kQuestion);
     return own;
 }
 
-Reading Read_Model(const std::string& content, const std::function<void()>& amend) {
-    Reading reading = Reading::kForeign;
+bool Read_Model(const std::string& content, const std::string& path, const std::function<void(LinkageModel&)>& amend) {
+    bool whole = false;
     Guarded("Readfile", [&] {
-        Model.DiskFile = true;
+        const auto record = std::make_unique<LinkageModel>(Model);
         TextReader reader(content);
-        if (!Recognise(reader)) return;
-        reading = Reading::kPartly;
-        const bool whole = Read_Newfile(reader);
-        if (amend) amend();
-        Derive_From_File();
-        if (whole) reading = Reading::kWhole;
+        if (!Recognise(reader, *record) || !Read_Newfile(reader, *record)) return;
+        if (amend) amend(*record);
+        if (!path.empty()) {
+            record->FilePath = path;
+            record->ModelName = StripFilename(path);
+        }
+        if (record->Units < 1) record->Units = 1;
+        Derive_Limits_From_File(*record);
+        Enter_Linkage(Road::kFile, [&] {
+            Model = *record;
+            Model.DiskFile = true;
+            Use_Units(Model.Units);
+        });
+        whole = true;
     });
-    return reading;
+    return whole;
 }
 
 void Show_Text(const char* box, int index, const std::string& text) {
     With<TextBox>(kInput, box, index, [&](TextBox& found) { found.Text = text; });
-}
-
-/// Puts an option on without its click: the values it would take over are in the model already, and the boxes it
-/// would take them from are not all filled yet.
-void Choose_Silently(const char* option, int index) {
-    With<OptionButton>(kInput, option, index, [](OptionButton& found) {
-        const auto click = std::exchange(found.OnClick, nullptr);
-        found.Value = true;
-        found.OnClick = click;
-    });
 }
 
 void Fill_Input_Screen() {
@@ -74,8 +72,11 @@ void Fill_Input_Screen() {
     Show_Text("txt_initial", 3, Text_Of(Model.Omega2Input));
     Show_Text("txt_initial", 4, Text_Of(Model.Alpha2));
     Show_Text("txt_Thetazero", kNoIndex, Text_Of(Model.ThetaZero));
-    if (Model.Calctype < 4) Choose_Silently("opt_Calctype", Model.Calctype);
-    Choose_Silently("opt_OpenCross", Model.CircuitIndex == 1 ? 0 : 1);
+    const auto choose = [](const char* option, int index) {
+        With<OptionButton>(kInput, option, index, [](OptionButton& found) { found.Value = true; });
+    };
+    if (Model.Calctype < 4) choose("opt_Calctype", Model.Calctype);
+    choose("opt_OpenCross", Model.CircuitIndex == 1 ? 0 : 1);
 }
 
 double Angle_Of(const std::string& text, Single& degrees) {
@@ -85,38 +86,31 @@ double Angle_Of(const std::string& text, Single& degrees) {
 
 }  // namespace
 
+void Derive_Limits_From_File(LinkageModel& record) {
+    if (record.Units > 5 || record.Calctype < 1 || record.Calctype > 5) Raise(kSubscript);
+    record.ThetaStartRad = Angle_Of(record.ThetaStartStr, record.ThetaStart);
+    record.ThetaEndRad = Angle_Of(record.ThetaEndStr, record.ThetaEnd);
+    record.ThetaStepRad = Angle_Of(record.ThetaStepStr, record.ThetaStep);
+    if (record.Calctype == 2 && record.TimeStep > 0.0)
+        record.NSteps = Steps_Of(record.TimeStart, record.TimeEnd, record.TimeStep);
+    if (record.Calctype == 3 &&
+        Single(0.98 * record.ThetaStepRad) < Single(std::abs(record.ThetaEndRad - record.ThetaStartRad)))
+        record.NSteps = Steps_Of(record.ThetaStartRad, record.ThetaEndRad, record.ThetaStepRad);
+}
+
 void Derive_From_File() {
-    Model.DiskFile = true;
-    Model.Calculated = false;
-    if (Model.Units < 1) Model.Units = 1;
-    Use_Units(Model.Units);
-    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-    LoadLinkArray();
-    if (Model.CircuitIndex == 1) {
-        // The name is left as it was: a crossed model before an open one still reads "Crossed".
-        Model.CircuitSign = -1;
-    } else {
-        Model.CircuitSign = 1;
-        Model.CircuitName = "Crossed";
-    }
-    if (Model.Units > 5 || Model.Calctype < 1 || Model.Calctype > 5) Raise(kSubscript);
-    Model.ThetaStartRad = Angle_Of(Model.ThetaStartStr, Model.ThetaStart);
-    Model.ThetaEndRad = Angle_Of(Model.ThetaEndStr, Model.ThetaEnd);
-    Model.ThetaStepRad = Angle_Of(Model.ThetaStepStr, Model.ThetaStep);
-    if (Model.Calctype == 2 && Model.TimeStep > 0.0)
-        Model.NSteps = Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep);
-    if (Model.Calctype == 3 &&
-        Single(0.98 * Model.ThetaStepRad) < Single(std::abs(Model.ThetaEndRad - Model.ThetaStartRad)))
-        Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
+    Enter_Linkage(Road::kFile, [] {
+        Derive_Limits_From_File(Model);
+        Model.DiskFile = true;
+    });
 }
 
-bool Load_Model(const std::string& content, const std::function<void()>& amend) {
-    return Read_Model(content, amend) == Reading::kWhole;
+bool Load_Model(const std::string& content, const std::function<void(LinkageModel&)>& amend) {
+    return Read_Model(content, {}, amend);
 }
 
-void Readfile(const std::string& content) {
-    const Reading reading = Read_Model(content, {});
-    if (reading == Reading::kForeign) return;
+bool Readfile(const std::string& content, const std::string& path) {
+    if (!Read_Model(content, path, {})) return false;
     Guarded("Readfile", [&] {
         Fill_Input_Screen();
         if (Screen* masses = Screens::Find("frm_MassProp")) Put_Mass_Properties(*masses);
@@ -124,10 +118,11 @@ void Readfile(const std::string& content) {
         Refresh_Status();
         Set_Menus();
         The_Desktop().Set_Pointer(Pointer::kDefault);
-        if (reading != Reading::kWhole || Model.JustStarted) return;
+        if (Model.JustStarted) return;
         Tell("File " + Model.FilePath + " successfully read.", Icon::kInformation);
         Show_Centered(kInput);
     });
+    return true;
 }
 
 }  // namespace verlink

@@ -24,6 +24,12 @@ Frame::Frame(Screen& owner, std::string name, std::string caption, int index)
 TextBox::TextBox(Screen& owner, std::string name, std::string text, int index)
     : Visual(owner, std::move(name), index), Text(*this, std::move(text)) {}
 
+void TextBox::Type(const std::string& text) {
+    touched_ = true;
+    SelectedAll = false;
+    Text.Property::operator=(text);
+}
+
 void TextBox::SelectAll() {
     SelectedAll = false;
     SelectedAll = true;

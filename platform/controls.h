@@ -117,16 +117,42 @@ class Frame : public Visual {
     Property<std::string> Caption;
 };
 
-/// One line of text. `OnReturn` is raised by the Return key.
+/// One line of text. `OnReturn` is raised by the Return key. What a hand types marks the box as touched, until somebody
+/// takes the text over or code stores another.
 class TextBox : public Visual {
    public:
     TextBox(Screen& owner, std::string name, std::string text = "", int index = kNoIndex);
-    Property<std::string> Text;           ///< its Event is the Change event
+
+    /// A text that code may store; that takes the mark of the hand away, also where the text is the same.
+    class Content : public Property<std::string> {
+       public:
+        Content(TextBox& box, std::string initial) : Property(box, std::move(initial)), box_(box) {}
+        Content(const Content&) = delete;
+        Content& operator=(const std::string& text) {
+            box_.touched_ = false;
+            Property::operator=(text);
+            return *this;
+        }
+        Content& operator=(const Content& other) { return *this = other.Get(); }
+
+       private:
+        TextBox& box_;
+    };
+
+    Content Text;                         ///< its Event is the Change event
     Property<bool> Locked{*this, false};  ///< the program alone writes into it; the text can be selected
+    /// What the user's hand does: replaces the text and marks the box, before the Change event is raised.
+    void Type(const std::string& text);
+    bool Touched() const { return touched_; }
+    /// The text counts as taken over.
+    void Settle() { touched_ = false; }
     std::function<void()> OnReturn;
     /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
     void SelectAll();
     Property<bool> SelectedAll{*this, false};
+
+   private:
+    bool touched_ = false;
 };
 
 /// A push button; an ampersand in the caption stands before the mnemonic.

@@ -48,10 +48,16 @@ void Screen::ShowModal() {
     visible_ = true;
     const int before = hidings_;
     The_Desktop().Show_Window(*this);
-    Activate(this);
+    if (registry.active != this) {
+        registry.active = this;
+        Form_Activate();
+    }
     if (hidings_ == before) The_Desktop().Serve_Events(*this, [this, before] { return hidings_ != before; });
     if (The_Desktop().Ending()) return;
-    Activate(registry.shown.empty() ? nullptr : registry.shown.back());
+    Screen* below = registry.shown.empty() ? nullptr : registry.shown.back();
+    if (below == registry.active) return;
+    registry.active = below;
+    if (below) below->Form_Return();
 }
 
 void Screen::Hide() {
@@ -83,12 +89,6 @@ void Screen::Close() {
 }
 
 Screen* Screen::Active() { return Registered().active; }
-
-void Screen::Activate(Screen* screen) {
-    if (screen == Registered().active) return;
-    Registered().active = screen;
-    if (screen) screen->Form_Activate();
-}
 
 void Screens::Register(const std::string& name, Maker maker) {
     if (maker)

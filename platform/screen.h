@@ -40,7 +40,8 @@ class Screen {
     }
     TextBox& Text(const std::string& name, int index = kNoIndex) const { return Get<TextBox>(name, index); }
 
-    /// Shows the screen and makes it the active one (`Form_Activate`), and returns when it is next hidden.
+    /// Shows the screen and makes it the active one (`Form_Activate`), and returns when it is next hidden; the screen
+    /// below then gets `Form_Return`.
     /// A screen may be shown again while an earlier showing has not returned yet; hiding ends every showing.
     /// Does nothing once the process is ending.
     void ShowModal();
@@ -64,8 +65,10 @@ class Screen {
     /// Called by the desktop's side after a change of caption, place or size.
     std::function<void()>& ShapeWatcher() { return shape_.Watcher; }
 
-    /// Raised each time the screen becomes the active one.
+    /// Raised when the screen is arrived at: shown, and not active already.
     virtual void Form_Activate() {}
+    /// Raised when the screen becomes the active one again because those above it have gone. All is as it was left.
+    virtual void Form_Return() {}
     /// Raised when the user closes the window; set `cancel` to keep it. By default the screen hides.
     virtual void Form_QueryUnload(bool& cancel) { cancel = false; }
     /// Raised when such a close was not cancelled and the window has gone.
@@ -84,8 +87,6 @@ class Screen {
 
     /// The screen that was made active last and is visible, or null.
     static Screen* Active();
-    /// Makes a visible screen the active one, with `Form_Activate` if another was active before.
-    static void Activate(Screen* screen);
 
    private:
     friend class Control;

@@ -10,6 +10,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
+#include "core/results.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
@@ -29,11 +30,6 @@ using platform::Visual;
 namespace {
 
 constexpr int kSlowest = 32767;
-constexpr double kZoomStep = 1.1;
-
-/// Targets of a shift-drag, by the index of their option.
-enum Target { kCrank = 0, kRocker = 1, kCouplerPoint = 2, kGround = 3, kCoupler = 4 };
-constexpr int kTargets[] = {kCouplerPoint, kCrank, kRocker, kGround, kCoupler};
 
 const std::string kMayNotAnimate =
     std::string("This linkage cannot connect at some positions") + CR + "and may not animate properly or at all." + CR +
@@ -43,9 +39,7 @@ const std::string kMayNotAnimate =
 
 }  // namespace
 
-frm_Animate::frm_Animate() : Screen("frm_Animate") {
-    Width() = kWorkWidth;
-    Height() = kWorkHeight;
+frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     for (const char* item : {"10", "20", "40", "100", "500"}) cmb_wait.AddItem(item);
 
     hsc_speed.SetMax(kSlowest);
@@ -58,14 +52,9 @@ frm_Animate::frm_Animate() : Screen("frm_Animate") {
     chk_autoscale.Value = true;
     chk_Showlinks.Value = true;
     chk_Coupler.Value = true;
-    opt_Shift_Drag[0].Value = true;
 
-    Set_Palette();
     lbl_StepNumber.BackColor = Model.ColorCyan;
-    for (auto& box : txt_Linkout) box->BackColor = Model.ColorYellow;
-    for (int derived : {0, 6}) txt_Linkout[derived].BackColor = Model.ColorCyan;
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
-    opt_Polar[0].Value = true;
     DefaultButton = &cmd_Animate;
     Write_Tips();
     Bind();
@@ -90,19 +79,6 @@ void frm_Animate::Write_Tips() {
     opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";
     opt_Shift_Drag[3].Tip = "Shift-drag in the picture moves the fixed pivot O4";
     opt_Shift_Drag[4].Tip = "Shift-drag in the picture changes the length of the coupler";
-    opt_Polar[0].Tip = "Enter link 1 by the coordinates of its pivot O4";
-    opt_Polar[1].Tip = "Enter link 1 by its length and angle";
-    opt_OpenCross[0].Tip = "The open circuit of the linkage";
-    opt_OpenCross[1].Tip = "The crossed circuit of the linkage";
-    txt_Linkout[0].Tip = "Length of the ground link O2 to O4, length unit";
-    txt_Linkout[1].Tip = "Length of the crank O2 to A, length unit";
-    txt_Linkout[2].Tip = "Length of the coupler A to B, length unit";
-    txt_Linkout[3].Tip = "Length of the rocker O4 to B, length unit";
-    txt_Linkout[4].Tip = "Distance from A to the coupler point P, length unit";
-    txt_Linkout[5].Tip = "Angle from the coupler A to B to the coupler point, degrees";
-    txt_Linkout[6].Tip = "Angle of the ground link in the global frame, degrees";
-    txt_Linkout[15].Tip = "x of the fixed pivot O4 from O2, length unit";
-    txt_Linkout[16].Tip = "y of the fixed pivot O4 from O2, length unit";
     txt_initial[0].Tip = "Where the run starts: smallest crank angle in degrees, or time in seconds";
     txt_initial[1].Tip = "Where the run ends: largest crank angle in degrees, or time in seconds";
     txt_initial[2].Tip = "From step to step: crank angle in degrees, or time in seconds";
@@ -134,22 +110,13 @@ void frm_Animate::Bind() {
     chk_autoscale.OnClick = [this] { chk_autoscale_Click(); };
     cmb_wait.OnChange = [this] { cmb_wait_Change(); };
     cmb_wait.OnClick = [this] { cmb_wait_Change(); };
-    opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int Index) { opt_Shift_Drag_Click(Index); });
-    opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int Index) { opt_OpenCross_Click(Index); });
-    opt_Polar.On(&platform::OptionButton::OnClick, [this](int Index) { opt_Polar_Click(Index); });
-
-    for (auto* boxes : {&txt_Linkout, &txt_initial}) {
-        boxes->OnTextChange([this](int) { TextChanged = true; });
-        for (const auto& box : *boxes) box->OnGotFocus = [this, entry = box.get()] { Box_Got_Focus(*entry); };
-    }
-    txt_Linkout.On(&Visual::OnLostFocus, [this](int Index) { txt_Linkout_LostFocus(Index); });
-    txt_Linkout.On(&platform::TextBox::OnReturn, [this](int Index) { txt_Linkout_LostFocus(Index); });
-    txt_initial.On(&Visual::OnLostFocus, [this](int Index) { txt_initial_LostFocus(Index); });
-    txt_initial.On(&platform::TextBox::OnReturn, [this](int Index) { txt_initial_LostFocus(Index); });
+    Bind_Boxes(txt_initial, [this](int Index) { txt_initial_LostFocus(Index); });
     txt_Figure.OnLostFocus = [this] { txt_Figure_LostFocus(); };
     txt_Figure.OnReturn = [this] { txt_Figure_LostFocus(); };
     txt_Cycles.OnGotFocus = [this] { txt_Cycles.SelectAll(); };
     txt_LineAngle.OnGotFocus = [this] { txt_LineAngle.SelectAll(); };
+    // What is set here counts at once, also for who leaves without playing.
+    hsc_speed.OnChange = txt_Cycles.OnLostFocus = txt_LineAngle.OnLostFocus = [this] { Check_Parameters(*this); };
 
     mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
     mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
@@ -167,37 +134,41 @@ void frm_Animate::Form_Activate() {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Timer1.Interval = 250;
         Timer1.Enabled = true;
-        // What the model holds is shown before the options answer as to the user's hand.
-        Activated = false;
-        if (!Model.Synthesized) Put_Circuit(*this);
-        opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
-        for (int option = 0; option < 5; ++option)
-            if (kTargets[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
-        cmb_wait.Text = Text_Of(Model.AnimateWait);
-        Activated = true;
+        for (auto* boxes : {&txt_Linkout, &txt_initial})
+            for (const auto& box : *boxes) box->Settle();
+        Show_Choices();
+        Show_Settings();
         cmd_Recalc.Enabled = false;
-        hsc_speed.SetValue(kSlowest - std::clamp<int>(Model.AnimateDelay, 0, kSlowest));
-        txt_Cycles.Text = Text_Of(Model.Cycles);
         hsc_step.SetMax(Model.NSteps);
         hsc_step.SetValue(0);
         if (Model.Grashof_Code == "NL") cmd_Animate.Enabled = false;
         fra_toggle.Visible = Model.Grashof_Code == "N";
         for (int box : {1, 2}) txt_initial[box].Enabled = Model.Calctype != 1;
         for (auto& label : lbl_Units) label->Caption = Model.UnitLabel(6);
-        chk_Centrodes.Value = Model.ShowCentrodesFlag == "Y";
         Fill_By_Calctype();
         Show_Initial_Panel();
-        TextChanged = false;
         Model.CurrentStep = 0;
         cmd_Reset_Click();
         if (Model.Grashof_Code == "N") Toggle();
-        if (!Model.FigureTitle.empty()) txt_Figure.Text = Model.FigureTitle;
+        txt_Figure.Text = Shown_Title();
         Unlock_Run_Buttons();
         mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
         (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
         Unlock_Run_Buttons();
         Model.LinkEdited = false;
     });
+}
+
+/// The settings of the record in their controls, all before any of them is read back.
+void frm_Animate::Show_Settings() {
+    const DisplaySettings kept = Model;
+    cmb_wait.Text = Text_Of(kept.AnimateWait);
+    hsc_speed.SetValue(kSlowest - std::clamp<int>(kept.AnimateDelay, 0, kSlowest));
+    txt_Cycles.Text = Text_Of(kept.Cycles);
+    chk_Showlinks.Value = kept.HideLinksFlag == "N";
+    chk_Trace.Value = kept.TraceFlag == "Y";
+    chk_Centrodes.Value = kept.ShowCentrodesFlag == "Y";
+    static_cast<DisplaySettings&>(Model) = kept;
 }
 
 void frm_Animate::Fill_By_Calctype() {
@@ -219,9 +190,7 @@ void frm_Animate::Form_Unload() {
 
 void frm_Animate::Leave() {
     if (Model.LinkEdited) ++Model.DesignNumber;
-    // The title is taken as it stands, empty or untouched.
-    Model.FigureTitle = txt_Figure.Text;
-    Activated = false;
+    txt_Figure_LostFocus();
 }
 
 void frm_Animate::Show_Initial_Panel() {
@@ -235,7 +204,7 @@ void frm_Animate::Show_Initial_Panel() {
 }
 
 void frm_Animate::Lock_Run_Buttons() {
-    Model.FFTDone = false;
+    Transform_Dropped();
     Refresh_Status();
     Picture1.Canvas().Cls();
     for (auto* button : {&cmd_Animate, &cmd_Step, &cmd_Reset, &cmd_Done, &cmd_PlotPrint}) {
@@ -262,55 +231,51 @@ void frm_Animate::Recalculate() {
     if (Model.Calctype < 4) {
         Calc_Setup(Model.Calctype, Result);
     } else {
+        Grashof();
         Imported_Run(Result);
-        Model.Calculated = true;
     }
-    if (Result == kAborted) {
-        Model.Calculated = false;
-    } else {
+    if (Model.RunStands) {
+        hsc_step.SetMax(Model.NSteps);
         Model.CurrentStep = 0;
         cmd_Step_Click();
         if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
-        Model.Calculated = true;
-        Model.DynamicsDone = false;
-        Model.BalanceDone = false;
-        Model.FFTDone = false;
         Model.DiskFile = false;
-        Model.SavedFlag = false;
+        Unlock_Run_Buttons();
+    } else {
+        // Nothing that could be played, plotted or left with.
+        Lock_Run_Buttons();
     }
+    Model_Unsaved();
     fra_toggle.Visible = Model.Grashof_Code == "N";
     Model.ScreenReturn = true;
     Refresh_Status();
     platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
 }
 
-void frm_Animate::Box_Got_Focus(platform::TextBox& box) {
-    // What the program has written into the boxes since the last one was left is no change of the user's.
-    TextChanged = false;
-    box.SelectAll();
-}
-
-void frm_Animate::txt_Linkout_LostFocus(int) {
+void frm_Animate::txt_Linkout_LostFocus(int Index) {
     Guarded("frm_Animate.txt_Linkout", [&] {
-        if (!TextChanged) return;
+        if (!txt_Linkout[Index].Touched()) return;
         Get_Linkage_Geometry(*this);
         Model.LinkEdited = true;
-        Model.CognateNumber = 1;
         Lock_Run_Buttons();
-        TextChanged = false;
     });
 }
 
-void frm_Animate::txt_initial_LostFocus(int) {
+void frm_Animate::txt_initial_LostFocus(int Index) {
     Guarded("frm_Animate.txt_initial", [&] {
-        if (!TextChanged) return;
+        if (!txt_initial[Index].Touched()) return;
         Get_Initial_Conditions(*this);
         Lock_Run_Buttons();
-        TextChanged = false;
     });
 }
 
-void frm_Animate::txt_Figure_LostFocus() { Model.FigureTitle = txt_Figure.Text; }
+void frm_Animate::txt_Figure_LostFocus() {
+    if (!txt_Figure.Touched()) return;
+    txt_Figure.Settle();
+    if (txt_Figure.Text == Model.FigureTitle) return;
+    Model.FigureTitle = txt_Figure.Text;
+    Model_Unsaved();
+}
 
 void frm_Animate::cmd_Animate_Click() {
     Guarded("frm_Animate.cmd_Animate", [&] {
@@ -339,10 +304,6 @@ void frm_Animate::cmd_Recalc_Click() {
     Guarded("frm_Animate.cmd_Recalc", [&] {
         hsc_step.SetValue(0);
         Recalculate();
-        Unlock_Run_Buttons();
-        Model.SavedFlag = false;
-        Refresh_Status();
-        hsc_step.SetMax(Model.NSteps);
     });
 }
 
@@ -390,21 +351,10 @@ void frm_Animate::cmb_wait_Change() {
     Guarded("frm_Animate.cmb_wait", [&] { Model.AnimateWait = Val(cmb_wait.Text.Get()); });
 }
 
-void frm_Animate::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
-
-void frm_Animate::opt_OpenCross_Click(int) {
+void frm_Animate::opt_OpenCross_Click(int Index) {
     Guarded("frm_Animate.opt_OpenCross", [&] {
-        if (Model.DiskFile || !Activated) return;
-        Get_Linkage_Geometry(*this);
-        Recalculate();
-        Unlock_Run_Buttons();
+        if (Take_Circuit(Index)) Recalculate();
     });
-}
-
-void frm_Animate::opt_Polar_Click(int Index) {
-    Model.PolarCoords = Index == 1;
-    for (int box : {15, 16}) txt_Linkout[box].BackColor = Model.PolarCoords ? Model.ColorCyan : Model.ColorYellow;
-    for (int box : {0, 6}) txt_Linkout[box].BackColor = Model.PolarCoords ? Model.ColorYellow : Model.ColorCyan;
 }
 
 void frm_Animate::Zoom(double factor) {
@@ -423,11 +373,7 @@ void frm_Animate::mnu_Redraw_Click() {
     cmd_Step_Click();
 }
 
-void frm_Animate::mnu_Help_Click() {
-    Hide();
-    Show_Help(Help_Document("mnu_AnimateHelp"), "frm_Animate.mnu_Help");
-    ShowModal();
-}
+void frm_Animate::mnu_Help_Click() { Show_Help(Help_Document("mnu_AnimateHelp"), "frm_Animate.mnu_Help"); }
 
 void frm_Animate::Timer1_Timer() {
     Timer1.Enabled = false;
@@ -443,16 +389,14 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
         Single y;
         Rotate(X, Model.FlipSum - Y, Model.Link1Angle, -1, x, y);
         Drag(x, y);
-        Get_Linkage_Geometry(*this);
-        TextChanged = false;
+        Get_Linkage_Geometry(*this, Road::kDrag);
         Recalculate();
-        Unlock_Run_Buttons();
     });
 }
 
 void frm_Animate::Drag(Single x, Single y) {
     const auto write = [&](int box, double value, int decimals = 3) {
-        txt_Linkout[box].Text = Text_Of(FNRound(value, decimals));
+        txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
     };
     // After the last step the next one to be shown is the first.
     const int step = Model.CurrentStep > Model.NSteps ? 0 : int{Model.CurrentStep};

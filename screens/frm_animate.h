@@ -4,10 +4,11 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/linkage_screen.h"
 
 namespace verlink {
 
-class frm_Animate : public platform::Screen {
+class frm_Animate : public Linkage_Screen {
    public:
     frm_Animate();
 
@@ -53,33 +54,7 @@ class frm_Animate : public platform::Screen {
     platform::Label lbl_LineAngle{*this, "lbl_LineAngle", "deg"};
 
     platform::Label pnl_ShiftDrag{*this, "pnl_ShiftDrag", "Shift-Click-Drag on"};
-    platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
-        *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
     platform::Label pnl_ShiftDragNote{*this, "pnl_ShiftDragNote", "to change coupler curve"};
-
-    /// Names and length units by the index of the box of `txt_Linkout`; 0 and 6 are link 1 as magnitude and angle,
-    /// 15 and 16 the same as coordinates of O4.
-    platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
-    platform::ControlArray<platform::Label> lbl_Link{*this,
-                                                     "lbl_Link",
-                                                     {{1, "Link 2 (Crank)"},
-                                                      {2, "Link 3 (Coupler)"},
-                                                      {3, "Link 4 (Rocker)"},
-                                                      {4, "Dist to Coupler Pt"},
-                                                      {5, "Angle to Coupler Pt"},
-                                                      {0, "mag"},
-                                                      {6, "ang"},
-                                                      {15, "x"},
-                                                      {16, "y"}}};
-    platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
-    platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
-    platform::Frame SSFrame3{*this, "SSFrame3", "Pivot O4 Coords"};
-    platform::ControlArray<platform::TextBox> txt_Linkout{
-        *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {15, ""}, {16, ""}, {0, ""}, {6, ""}}};
-    /// 0 to 4 as the boxes, 11 and 12 beside O4 x and y.
-    platform::ControlArray<platform::Label> lbl_Units{
-        *this, "lbl_Units", {{0, "len"}, {1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {11, "len"}, {12, "len"}}};
-    platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
 
     platform::Frame fra_initial{*this, "fra_initial", "Initial Conditions"};
     platform::ControlArray<platform::Label> lbl_Initial{
@@ -89,13 +64,6 @@ class frm_Animate : public platform::Screen {
     platform::ControlArray<platform::Label> lbl_Unit{
         *this, "lbl_Unit", {{0, "deg"}, {1, "deg"}, {2, "deg"}, {3, "rad/s"}}};
     platform::Label lbl_camdriven{*this, "lbl_camdriven"};
-
-    platform::Frame fra_Circuit{*this, "fra_Circuit", "Circuit"};
-    platform::ControlArray<platform::OptionButton> opt_OpenCross{*this, "opt_OpenCross", {{0, "Open"}, {1, "Crossed"}}};
-    platform::Frame SSFrame6{*this, "SSFrame6", "Grashof Condition"};
-    platform::Label lbl_Grashof{*this, "lbl_Grashof"};
-    platform::Frame fra_toggle{*this, "fra_toggle", "Toggles at +/-"};
-    platform::ControlArray<platform::Label> lbl_Toggle{*this, "lbl_Toggle", {{0, ""}, {1, "deg"}}};
 
     platform::CommandButton cmd_Animate{*this, "cmd_Animate", "&Run"};
     platform::CommandButton cmd_Step{*this, "cmd_Step", "&Step"};
@@ -121,10 +89,8 @@ class frm_Animate : public platform::Screen {
     void chk_CouplerLines_Click();
     void chk_autoscale_Click();
     void cmb_wait_Change();
-    void opt_Shift_Drag_Click(int Index);
-    void opt_OpenCross_Click(int Index);
-    void opt_Polar_Click(int Index);
-    void txt_Linkout_LostFocus(int Index);
+    void opt_OpenCross_Click(int Index) override;
+    void txt_Linkout_LostFocus(int Index) override;
     void txt_initial_LostFocus(int Index);
     void txt_Figure_LostFocus();
     void mnu_Plus_Click();
@@ -142,7 +108,7 @@ class frm_Animate : public platform::Screen {
     void Write_Tips();
     void Write_Button_Tips();
     void Fill_By_Calctype();
-    void Box_Got_Focus(platform::TextBox& box);
+    void Show_Settings();
     void Zoom(double factor);
     void Leave();
     void Drag(Single x, Single y);
@@ -152,8 +118,6 @@ class frm_Animate : public platform::Screen {
     void Recalculate();
     void Show_Initial_Panel();
 
-    bool Activated = false;      ///< the screen is up; guards `opt_OpenCross`
-    bool TextChanged = false;    ///< a box was changed and not read yet
     bool StepLock = false;       ///< after the first step `hsc_step` follows its thumb alone
     bool ShowInitial = true;     ///< the run is generated: its limits are shown
     bool ShowCamDriven = false;  ///< the run is imported: its file is told instead

@@ -5,6 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
@@ -230,7 +231,7 @@ void frm_Balance::cmd_Calc_Click() {
         cmd_Print.Enabled = true;
         cmd_copy.Enabled = true;
         PlotForceTorque();
-        Model.SavedFlag = false;
+        Model_Unsaved();
         Refresh_Status();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     });

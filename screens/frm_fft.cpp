@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
@@ -70,7 +71,7 @@ void frm_FFT::Form_Load() {
 void frm_FFT::Form_Activate() {
     Guarded("frm_FFT_Form_Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        Model.FFTDone = false;
+        Transform_Dropped();
         cmd_Done.Enabled = false;
         cmd_Print.Enabled = false;
         cmd_Copy.Enabled = false;
@@ -92,7 +93,7 @@ void frm_FFT::Form_Activate() {
 
 void frm_FFT::Form_Unload() {
     Model.FFTSelecting = false;
-    Model.FFTDone = false;
+    Transform_Dropped();
 }
 
 void frm_FFT::Fill_Harmonics() {
@@ -173,7 +174,7 @@ void frm_FFT::cmd_Calc_Click() {
         Model.FFTUnitLabel = Model.UnitLabel(Model.FuncGroup(1));
         Set_Component(cmb_Com1.Text, 1);
         Do_DFT(Model.NSteps);
-        Model.FFTDone = true;
+        Transform_Holds();
         Redraw();
         cmd_Done.Enabled = true;
         cmd_Print.Enabled = true;
@@ -187,7 +188,7 @@ void frm_FFT::cmd_Clear1_Click() {
     cmb_Var1.Choose(-1);
     lbl_Header2.Caption = "";
     Clear_Results(Model.NSteps);
-    Model.FFTDone = false;
+    Transform_Dropped();
     Redraw();
     cmd_Done.Enabled = false;
     clearing_ = false;

@@ -3,9 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <memory>
+#include <numeric>
 
 #include "animation/engine.h"
 #include "core/linkage_model.h"
+#include "core/runs.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
@@ -49,6 +53,28 @@ void Make_Room_For_Weights() {
     const double ground = Model.L1 * factor;
     widen(0, 0, Model.BerkCG(2, 0) * factor);
     widen(ground * std::cos(Model.Link1AngleRad), ground * std::sin(Model.Link1AngleRad), Model.BerkCG(4, 0) * factor);
+}
+
+/// Whether there is a linkage to be shown: limits have been read, and the lengths reach.
+bool Can_Close() {
+    const double lengths[] = {Model.L1, Model.L2, Model.L3, Model.L4};
+    const auto [shortest, longest] = std::minmax_element(std::begin(lengths), std::end(lengths));
+    const double sum = std::accumulate(std::begin(lengths), std::end(lengths), 0.0);
+    constexpr double kBeyondSense = 1e12;
+    return Model.NSteps >= 0 && Model.NSteps <= kLastStep && *shortest > 0 && *longest < kBeyondSense &&
+           2 * *longest < sum;
+}
+
+/// The run of the model, without a question about positions that do not close.
+void Run_Quietly() {
+    Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = false;
+    Integer Result;
+    switch (Model.Calctype) {
+        case 1: Oneposition(Result); break;
+        case 2: Timestep(Result); break;
+        case 3: Crankangle(Result); break;
+        default: Imported_Run(Result); break;
+    }
 }
 
 }  // namespace
@@ -130,11 +156,19 @@ void frm_HomeScreen::Form_Activate() {
             Model.JustStarted = false;
             Tell("Your default path for saved files is: " + Model.FilePath, Icon::kInformation);
         }
-        Set_Menus();
-        Refresh_Status();
-        Model.ScreenReturn = false;
-        Show_Linkage();
+        Refresh();
     });
+}
+
+void frm_HomeScreen::Form_Return() {
+    Guarded("frm_Homescreen.Activate", [this] { Refresh(); });
+}
+
+void frm_HomeScreen::Refresh() {
+    Set_Menus();
+    Refresh_Status();
+    Model.ScreenReturn = false;
+    Show_Linkage();
 }
 
 void frm_HomeScreen::Form_QueryUnload(bool& cancel) {
@@ -145,25 +179,27 @@ void frm_HomeScreen::Form_QueryUnload(bool& cancel) {
 void frm_HomeScreen::Form_Unload() { Terminate(); }
 
 void frm_HomeScreen::Show_Linkage() {
-    Picture1.Visible = Model.Calculated;
-    lbl_Name.Visible = !Model.Calculated;
-    lbl_Advice.Visible = !Model.Calculated;
-    if (!Model.Calculated) return;
-    int step = 0;
-    while (step < Model.NSteps && !Model.RunTable.Assembled(step)) ++step;
-    // This picture has settings of its own; the user's, and the window that the animate screen drags in, stay.
-    const DisplaySettings settings = Model;
-    const AnimationState state = Model;
-    Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = "N";
-    Model.ShowCouplerFlag = "Y";
-    Model.ShowCentrodesFlag = "N";
-    Model.ZoomFactor = 1;
-    Autoscale();
-    Make_Room_For_Weights();
-    Animate_Setup(*this);
-    DrawLinkage(*this, step);
-    static_cast<DisplaySettings&>(Model) = settings;
-    static_cast<AnimationState&>(Model) = state;
+    // The picture has a run of its own where there is none yet, and settings of its own: the user's stay, and so does
+    // the window that the animate screen drags in.
+    const auto kept = std::make_unique<LinkageModel>(Model);
+    if (!Model.RunStands && Can_Close()) Run_Quietly();
+    const bool there = Model.RunStands;
+    Picture1.Visible = there;
+    lbl_Name.Visible = !there;
+    lbl_Advice.Visible = !there;
+    if (there) {
+        int step = 0;
+        while (step < Model.NSteps && !Model.RunTable.Assembled(step)) ++step;
+        Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = "N";
+        Model.ShowCouplerFlag = "Y";
+        Model.ShowCentrodesFlag = "N";
+        Model.ZoomFactor = 1;
+        Autoscale();
+        Make_Room_For_Weights();
+        Animate_Setup(*this);
+        DrawLinkage(*this, step);
+    }
+    Model = *kept;
 }
 
 void frm_HomeScreen::cmd_Input_Click() {
@@ -216,13 +252,11 @@ void frm_HomeScreen::mnu_New_Click() {
         if (Unsaved() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
         const Answer answer =
             The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
-        if (answer == Answer::kOk) {
-            New_Model();
-            Use_Units(Model.Units);
-            Check_mnu_Units(*this, Model.Units);
-            Form_Activate();
-        }
-        Model.CamDriven = false;
+        if (answer != Answer::kOk) return;
+        New_Model();
+        Use_Units(Model.Units);
+        Check_mnu_Units(*this, Model.Units);
+        Form_Activate();
     });
 }
 
@@ -235,8 +269,6 @@ void frm_HomeScreen::mnu_pick_Click(int Index) {
         // The decimals of the new system come first: the conversion rounds to them.
         Use_Units(picked);
         Convert_Units(old, picked);
-        Model.Calculated = false;
-        Model.SavedFlag = false;
         Refresh_Status();
         Show_Centered("frm_Inputnew");
     });

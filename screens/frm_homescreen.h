@@ -107,8 +107,8 @@ class frm_HomeScreen : public platform::Screen {
     Button cmd_Balance{*this, "cmd_Balance", "&Balance"};
     Button cmd_Quit{*this, "cmd_Quit", "&Quit"};
 
-    /// The present linkage at its first position that closes while the model is calculated; the two labels are there
-    /// when it is not.
+    /// The present linkage at its first position that closes, calculated or not; the two labels are there until there
+    /// is one.
     platform::PictureBox Picture1{*this, "Picture1"};
     platform::Label lbl_Name{*this, "lbl_Name", "Verlink"};
     platform::Label lbl_Advice{*this, "lbl_Advice",
@@ -132,6 +132,7 @@ class frm_HomeScreen : public platform::Screen {
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void Form_Activate() override;
+    void Form_Return() override;
     /// Runs `cmd_Quit` and keeps the window: the question there decides.
     void Form_QueryUnload(bool& cancel) override;
     /// Ends the process should the window go all the same.
@@ -170,9 +171,10 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_About_Click();
 
    private:
-    /// A built-in linkage, calculated, on the input screen; then inches, whatever was in force.
-    void Show_Example(const std::string& entry, void (*example)(), bool read_back);
+    /// A built-in linkage in inches, calculated, on the input screen.
+    void Show_Example(const std::string& entry, void (*example)());
     void Use_Inches();
+    void Refresh();
     void Show_Linkage();
     void Note_Status_Width();
 };

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "core/linkage_model.h"
+#include "core/parameters.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
@@ -26,15 +27,8 @@ void Read_Back_Limits() {
         *numbers[i] = Val(text);
         if (i < 3) *texts[i] = text;
     }
-}
-
-/// What was known of the linkage before, in memory and on disk, is not known of a new one, and no other drives it.
-void Drop_Results() {
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
-    Model.SavedFlag = false;
-    Model.DiskFile = false;
-    Model.LinkDriven = false;
+    Derive_Angle_Limits();
+    Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
 }
 
 void Show_Synthesis(const std::string& entry, const char* screen, int positions, bool pivots) {
@@ -47,44 +41,42 @@ void Show_Synthesis(const std::string& entry, const char* screen, int positions,
 
 }  // namespace
 
-void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)(), bool read_back) {
+/// The numbers of the examples are inches; what they leave of the model before is converted.
+void frm_HomeScreen::Use_Inches() {
+    const Integer old = Model.Units;
+    Use_Units(1);
+    if (old != 1) Convert_Units(old, 1);
+    Check_mnu_Units(*this, Model.Units);
+}
+
+void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)()) {
     Guarded("frm_Homescreen." + entry, [&] {
+        Use_Inches();
         example();
-        Drop_Results();
-        if (read_back) Read_Back_Limits();
+        Read_Back_Limits();
         Model.Calctype = 3;
         Integer Result = kRetrying;
         Crankangle(Result);
-        Model.Calculated = true;
         SeedCognate();
-        // The input screen comes up before the units change: the numbers are inches, and are not converted.
         cmd_Input_Click();
-        Use_Inches();
         Refresh_Status();
         Set_Menus();
     });
 }
 
-void frm_HomeScreen::Use_Inches() {
-    Use_Units(1);
-    mnu_pick[1].Click();
-}
-
-void frm_HomeScreen::mnu_Grashof_Click() { Show_Example("mnu_Grashof", Testlinkage_old, true); }
-void frm_HomeScreen::mnu_Hoekens_Click() { Show_Example("mnu_Hoekens", Hoekens, true); }
-void frm_HomeScreen::mnu_Roberts_Click() { Show_Example("mnu_Roberts", Roberts, true); }
-void frm_HomeScreen::mnu_Watts_Click() { Show_Example("mnu_Watts", Watts, true); }
-void frm_HomeScreen::mnu_Cheby_Click() { Show_Example("mnu_Cheby", Chebychev, false); }
+void frm_HomeScreen::mnu_Grashof_Click() { Show_Example("mnu_Grashof", Testlinkage_old); }
+void frm_HomeScreen::mnu_Hoekens_Click() { Show_Example("mnu_Hoekens", Hoekens); }
+void frm_HomeScreen::mnu_Roberts_Click() { Show_Example("mnu_Roberts", Roberts); }
+void frm_HomeScreen::mnu_Watts_Click() { Show_Example("mnu_Watts", Watts); }
+void frm_HomeScreen::mnu_Cheby_Click() { Show_Example("mnu_Cheby", Chebychev); }
 
 void frm_HomeScreen::mnu_Syntest_Click() {
     Guarded("frm_Homescreen.mnu_Syntest", [this] {
+        Use_Inches();
         Testlinkagevlnk();
-        Model.Calculated = false;
-        Drop_Results();
         SeedCognate();
         Model.SpecifiedPivots = true;
         Show_Centered("frm_Synth3");
-        Use_Inches();
         Refresh_Status();
         Set_Menus();
     });

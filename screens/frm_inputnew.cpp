@@ -1,18 +1,13 @@
 // The input screen: what its controls say and how they start.
 #include "screens/frm_inputnew.h"
 
-#include "animation/engine.h"
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
 
 namespace verlink {
 
-frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
-    opt_OpenCross[0].Value = true;
+frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     opt_Calctype[3].Value = true;
     opt_Modulo[1].Value = true;
-    opt_Shift_Drag[0].Value = true;
-    opt_Polar[0].Value = true;
     chk_autocalc.Value = true;
     chk_autoscale.Value = true;
     Timer1.Interval = 250;
@@ -21,15 +16,9 @@ frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
     cmd_Animate.Enabled = false;
     cmd_Step.Enabled = false;
     cmd_Done.Enabled = false;
-    fra_toggle.Visible = false;
 
-    Set_Palette();
-    for (auto& box : txt_Linkout) box->BackColor = Model.ColorYellow;
-    for (int derived : {0, 6}) txt_Linkout[derived].BackColor = Model.ColorCyan;
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
     txt_Thetazero.BackColor = Model.ColorYellow;
-    Width() = kWorkWidth;
-    Height() = kWorkHeight;
 
     Write_Tips();
     Bind_Boxes();
@@ -38,17 +27,6 @@ frm_Inputnew::frm_Inputnew() : Screen("frm_Inputnew") {
 }
 
 void frm_Inputnew::Write_Tips() {
-    txt_Linkout[1].Tip = "Length of link 2, the crank, from O2 to A, in the length unit shown";
-    txt_Linkout[2].Tip = "Length of link 3, the coupler, from A to B, in the length unit shown";
-    txt_Linkout[3].Tip = "Length of link 4, the rocker, from O4 to B, in the length unit shown";
-    txt_Linkout[4].Tip = "Distance from A to the coupler point P, in the length unit shown";
-    txt_Linkout[5].Tip = "Angle from the line AB to the line AP, degrees";
-    txt_Linkout[0].Tip = "Length of link 1, the ground, from O2 to O4, in the length unit shown";
-    txt_Linkout[6].Tip = "Direction of link 1 from O2 to O4, degrees";
-    txt_Linkout[15].Tip = "X of the pivot O4 from O2, in the length unit shown";
-    txt_Linkout[16].Tip = "Y of the pivot O4 from O2, in the length unit shown";
-    opt_Polar[0].Tip = "Link 1 is entered as the coordinates of the pivot O4";
-    opt_Polar[1].Tip = "Link 1 is entered as its length and angle";
     opt_Calctype[1].Tip = "Calculate at one crank angle";
     opt_Calctype[2].Tip = "Calculate at equal steps of time, seconds, with constant crank acceleration";
     opt_Calctype[3].Tip = "Calculate at equal steps of crank angle, degrees, with constant crank speed";
@@ -58,8 +36,6 @@ void frm_Inputnew::Write_Tips() {
     txt_initial[3].Tip = "Crank speed, rad/s; negative turns clockwise";
     txt_initial[4].Tip = "Crank acceleration, rad/s^2; phase of the driving angle, degrees, when link driven";
     txt_Thetazero.Tip = "Crank angle at time zero, degrees; with angle steps, the angle past the start to jump to";
-    opt_OpenCross[0].Tip = "Assemble the linkage on its open circuit";
-    opt_OpenCross[1].Tip = "Assemble the linkage on its crossed circuit";
     opt_Modulo[0].Tip = "Show angles from -180 to 180 degrees";
     opt_Modulo[1].Tip = "Show angles from 0 to 360 degrees";
     cmd_Calc.Tip = "Calculate the linkage with the data shown";
@@ -82,30 +58,16 @@ void frm_Inputnew::Write_Tips() {
 }
 
 void frm_Inputnew::Bind_Boxes() {
-    const auto select = [this](platform::TextBox& box) {
-        // What the program has written into the boxes since the last one was left is no edit of the user's.
-        Edited = false;
-        box.SelectAll();
-    };
-    txt_Linkout.On(&platform::Visual::OnGotFocus, [this, select](int i) { select(txt_Linkout[i]); });
-    txt_Linkout.On(&platform::Visual::OnLostFocus, [this](int i) { txt_Linkout_LostFocus(i); });
-    txt_Linkout.On(&platform::TextBox::OnReturn, [this](int i) { txt_Linkout_LostFocus(i); });
     txt_Linkout.OnTextChange([this](int i) { txt_Linkout_Change(i); });
-    txt_initial.On(&platform::Visual::OnGotFocus, [this, select](int i) { select(txt_initial[i]); });
-    txt_initial.On(&platform::Visual::OnLostFocus, [this](int i) { txt_initial_LostFocus(i); });
-    txt_initial.On(&platform::TextBox::OnReturn, [this](int i) { txt_initial_LostFocus(i); });
-    txt_initial.OnTextChange([this](int) { Edited = Edited || !Loading; });
-    txt_Thetazero.OnGotFocus = [this, select] { select(txt_Thetazero); };
+    Linkage_Screen::Bind_Boxes(txt_initial, [this](int i) { txt_initial_LostFocus(i); });
+    txt_Thetazero.OnGotFocus = [this] { txt_Thetazero.SelectAll(); };
     txt_Thetazero.OnLostFocus = txt_Thetazero.OnReturn = [this] { txt_Thetazero_LostFocus(); };
-    txt_Thetazero.Text.Event = [this] { Edited = Edited || !Loading; };
+    txt_Figure.OnLostFocus = txt_Figure.OnReturn = [this] { txt_Figure_LostFocus(); };
 }
 
 void frm_Inputnew::Bind_Choices() {
-    opt_Polar.On(&platform::OptionButton::OnClick, [this](int i) { opt_Polar_Click(i); });
     opt_Calctype.On(&platform::OptionButton::OnClick, [this](int i) { opt_Calctype_Click(i); });
-    opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int i) { opt_OpenCross_Click(i); });
     opt_Modulo.On(&platform::OptionButton::OnClick, [this](int i) { opt_Modulo_Click(i); });
-    opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int i) { opt_Shift_Drag_Click(i); });
     chk_autocalc.OnClick = [this] { chk_autocalc_Click(); };
 }
 

@@ -4,15 +4,18 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/linkage_screen.h"
 
 namespace verlink {
 
-/// Leaving a box takes its text over; Return does the same. With `chk_autocalc` ticked every such change runs the
-/// calculation at once, else `cmd_Calc` does. Boxes that are typed into are yellow, derived ones cyan.
-class frm_Inputnew : public platform::Screen {
+/// With `chk_autocalc` ticked every change runs the calculation at once, else `cmd_Calc` does. The run that is made
+/// when the screen comes up is shown, and counts from the user's next action: Next, Animate, Step, or Back.
+class frm_Inputnew : public Linkage_Screen {
    public:
     frm_Inputnew();
     void Form_Activate() override;
+    /// Another cognate may have been chosen in the diagram.
+    void Form_Return() override;
     void Form_QueryUnload(bool& cancel) override;
 
     /// Takes the limits and speed of an angle run from the boxes and runs it. False when the limits are refused, with
@@ -37,33 +40,6 @@ class frm_Inputnew : public platform::Screen {
     platform::MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley Diagram"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
 
-    // The moving links: entry n of the labels and units belongs to entry n of `txt_Linkout`.
-    platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
-    platform::ControlArray<platform::Label> lbl_Link{*this,
-                                                     "lbl_Link",
-                                                     {{1, "Link 2 (Crank)"},
-                                                      {2, "Link 3 (Coupler)"},
-                                                      {3, "Link 4 (Rocker)"},
-                                                      {4, "Dist to Coupler Pt"},
-                                                      {5, "Angle to Coupler Pt"},
-                                                      {0, "mag"},
-                                                      {6, "ang"},
-                                                      {15, "x"},
-                                                      {16, "y"}}};
-    /// 1 L2, 2 L3, 3 L4, 4 Rpa, 5 Delta; link 1: 0 L1 and 6 its angle, or 15 and 16 the place of O4
-    platform::ControlArray<platform::TextBox> txt_Linkout{
-        *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {0, ""}, {6, ""}, {15, ""}, {16, ""}}};
-    /// The length unit, beside `txt_Linkout`(0) to (4); 11 and 12 beside (15) and (16)
-    platform::ControlArray<platform::Label> lbl_Units{
-        *this, "lbl_Units", {{1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {0, "len"}, {11, "len"}, {12, "len"}}};
-    /// The angle unit, beside `txt_Linkout`(5) and (6)
-    platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
-
-    // The ground link, in one of two forms.
-    platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
-    platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
-    platform::Frame SSFrame3{*this, "SSFrame3", "Pivot O4 Coords"};
-
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
     platform::ControlArray<platform::OptionButton> opt_Calctype{
@@ -82,16 +58,8 @@ class frm_Inputnew : public platform::Screen {
         *this, "lbl_Unit", {{0, "deg"}, {1, "deg"}, {2, "deg"}, {3, "rad/s"}, {4, "rad/s^2"}, {5, "deg"}}};
     platform::Label lbl_camdriven{*this, "lbl_camdriven"};
 
-    platform::Frame fra_Circuit{*this, "fra_Circuit", "Circuit"};
-    platform::ControlArray<platform::OptionButton> opt_OpenCross{*this, "opt_OpenCross", {{0, "Open"}, {1, "X-ed"}}};
     platform::Frame fra_Modulo{*this, "fra_Modulo", "Modulo"};
     platform::ControlArray<platform::OptionButton> opt_Modulo{*this, "opt_Modulo", {{0, "180"}, {1, "360"}}};
-
-    // What kind of linkage it is.
-    platform::Frame SSFrame6{*this, "SSFrame6", "Grashof Condition"};
-    platform::Label lbl_Grashof{*this, "lbl_Grashof"};
-    platform::Frame fra_toggle{*this, "fra_toggle", "Toggles at +/-"};
-    platform::ControlArray<platform::Label> lbl_Toggle{*this, "lbl_Toggle", {{0, ""}, {1, "deg"}}};
 
     platform::CommandButton cmd_Calc{*this, "cmd_Calc", "&Calculate"};
     platform::CheckBox chk_autocalc{*this, "chk_autocalc", "Autocalc On"};
@@ -111,8 +79,6 @@ class frm_Inputnew : public platform::Screen {
     /// The two panels around the drag options
     platform::ControlArray<platform::Label> pnl_shift{
         *this, "pnl_shift", {{0, "Shift-Click-Drag on"}, {1, "to change coupler curve"}}};
-    platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
-        *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
 
     platform::CommandButton cmd_PlotPrint{*this, "cmd_PlotPrint", "&Print"};
     platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< Back"};
@@ -122,14 +88,13 @@ class frm_Inputnew : public platform::Screen {
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void txt_Linkout_Change(int Index);
-    void txt_Linkout_LostFocus(int Index);
+    void txt_Linkout_LostFocus(int Index) override;
     void txt_initial_LostFocus(int Index);
     void txt_Thetazero_LostFocus();
-    void opt_Polar_Click(int Index);
+    void txt_Figure_LostFocus();
     void opt_Calctype_Click(int Index);
-    void opt_OpenCross_Click(int Index);
+    void opt_OpenCross_Click(int Index) override;
     void opt_Modulo_Click(int Index);
-    void opt_Shift_Drag_Click(int Index);
     void chk_autocalc_Click();
     void cmd_Calc_Click();
     void cmd_Step_Click();
@@ -151,8 +116,6 @@ class frm_Inputnew : public platform::Screen {
     void Timer1_Timer();
 
    private:
-    class Filling;
-
     void Write_Tips();
     void Bind_Boxes();
     void Bind_Choices();
@@ -162,20 +125,24 @@ class frm_Inputnew : public platform::Screen {
     /// The model's values in the boxes of the mode.
     void Show_Values();
     void Show_Toggles(bool shown);
+    /// The drive's speed, acceleration and starting angle from the boxes that the mode has for them.
+    void Take_Speeds();
+    /// What has been typed and not been left yet is taken over.
+    void Take_Pending();
+    void After_Change();
     void Invalidate();
     void Disable_Ways_On();
-    /// One position in the picture; a step beyond the last may become 0.
-    void Draw_Position(Integer& step);
+    void Show_Step();
+    void Show_First_Step();
     void Jump_To_Angle();
     void Zoom(double factor);
     void Leave();
     bool Run(Integer& Result);
     bool Run_Setup(Integer& Result);
+    void Show_Run();
 
-    bool Edited = false;    ///< a box has been changed and not yet taken over
     bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
     bool AutoCalc = true;   ///< `chk_autocalc` is ticked
-    bool Loading = false;   ///< the screen is filling itself; events of options and boxes are to be ignored
 };
 
 }  // namespace verlink

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "animation/engine.h"
+#include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
+#include "core/results.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
@@ -26,10 +28,6 @@ using platform::Tell;
 
 namespace {
 
-constexpr double kZoomStep = 1.1;
-/// Targets of a shift-drag, by the index of their option.
-constexpr int kTargets[] = {2, 0, 1, 3, 4};
-
 double Value_Of(const platform::TextBox& box) { return Val(box.Text.Get()); }
 
 const char* Mode_Name(int Calctype) {
@@ -44,26 +42,12 @@ const char* Mode_Name(int Calctype) {
 
 }  // namespace
 
-/// While one exists the screen is filling itself.
-class frm_Inputnew::Filling {
-   public:
-    explicit Filling(frm_Inputnew& screen) : screen_(screen), before_(screen.Loading) { screen_.Loading = true; }
-    ~Filling() { screen_.Loading = before_; }
-    Filling(const Filling&) = delete;
-    Filling& operator=(const Filling&) = delete;
-
-   private:
-    frm_Inputnew& screen_;
-    bool before_;
-};
-
 void frm_Inputnew::Form_Activate() {
     Guarded("frm_Input.Form_Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Timer1.Enabled = true;
-        Filling filling(*this);
         Model.InputScreenOpen = true;
-        Model.Calculated = false;
+        Run_Held_Back();
         Disable_Ways_On();
         cmd_PlotPrint.Enabled = true;
         Model.ShowCouplerFlag = "Y";
@@ -72,17 +56,12 @@ void frm_Inputnew::Form_Activate() {
         hsc_step.SetMin(0);
         txt_initial[1].Enabled = true;
         txt_initial[2].Enabled = true;
+        for (auto* boxes : {&txt_Linkout, &txt_initial})
+            for (const auto& box : *boxes) box->Settle();
+        txt_Thetazero.Settle();
         Show_Values();
-        if (Model.Calctype < 4) {
-            txt_initial[0].Text = Model.ThetaStartStr;
-            txt_initial[1].Text = Model.ThetaEndStr;
-            txt_initial[2].Text = Model.ThetaStepStr;
-            txt_initial[3].Text = Text_Of(Model.Omega2Input);
-            if (opt_Calctype.Has(Model.Calctype)) opt_Calctype[Model.Calctype].Value = true;
-        }
+        Show_Choices();
         opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
-        for (int option = 0; option < 5; ++option)
-            if (kTargets[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
         Show_Toggles(Model.Grashof_Code != "Y");
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
@@ -91,39 +70,43 @@ void frm_Inputnew::Form_Activate() {
             Picture1.Canvas().Cls();
         }
         Label_Mode();
-        if (!Model.FigureTitle.empty()) txt_Figure.Text = Model.FigureTitle;
-        opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
+        txt_Figure.Text = Shown_Title();
         Model.LinkEdited = false;
-        Edited = false;
-        // Results of this first calculation count only once the user has acted on them.
-        Model.Calculated = false;
+        Run_Held_Back();
         Refresh_Status();
         Set_Menus();
     });
 }
 
+void frm_Inputnew::Form_Return() {
+    Guarded("frm_Input.Form_Return", [this] {
+        Put_Linkage_Geometry(*this);
+        if (!Model.RunStands) Invalidate();
+    });
+}
+
 void frm_Inputnew::Form_QueryUnload(bool& cancel) {
     cancel = false;
+    Take_Pending();
+    Run_Counts();
     Model.InputScreenOpen = false;
 }
 
 void frm_Inputnew::Show_Values() {
-    Filling filling(*this);
+    const int mode = Model.Calctype;
     Put_Linkage_Geometry(*this);
-    switch (Model.Calctype) {
-        case 1:
-            Put_Angle_Initial_Conditions(*this);
-            txt_initial[4].Text = Text_Of(Model.Alpha2);
-            txt_Thetazero.Text = Text_Of(Model.ThetaZero);
-            break;
-        case 2:
-            Put_Time_Initial_Conditions(*this);
-            txt_Thetazero.Text = Text_Of(Model.ThetaZero);
-            break;
-        case 3: Put_Angle_Initial_Conditions(*this); break;
-        case 5: txt_initial[4].Text = Text_Of(Model.Delta2); break;
-        default: break;
+    if (mode == 2) Put_Time_Initial_Conditions(*this);
+    if (mode == 1 || mode == 3) Put_Angle_Initial_Conditions(*this);
+    if (mode == 1) txt_initial[0].Text = Text_Of(Model.ThetaZero);
+    if (mode <= 2) {
+        txt_initial[4].Text = Text_Of(Model.Alpha2);
+        txt_Thetazero.Text = Text_Of(Model.ThetaZero);
     }
+    if (mode < 4) {
+        txt_initial[3].Text = Text_Of(Model.Omega2Input);
+        if (opt_Calctype.Has(mode)) opt_Calctype[mode].Value = true;
+    }
+    if (mode == 5) txt_initial[4].Text = Text_Of(Model.Delta2);
     Label_Mode();
 }
 
@@ -169,107 +152,121 @@ void frm_Inputnew::Disable_Ways_On() {
 }
 
 void frm_Inputnew::Invalidate() {
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
+    Forces_Dropped();
     Disable_Ways_On();
     Picture1.Canvas().Cls();
 }
 
 // Boxes.
 
-void frm_Inputnew::txt_Linkout_Change(int) {
-    if (Loading) return;
-    Edited = true;
-    if (!AutoCalc) Invalidate();
+void frm_Inputnew::Take_Speeds() {
+    const int mode = Model.Calctype;
+    if (mode < 4) Take_Motion(txt_initial[3], Model.Omega2Input);
+    if (mode <= 2) {
+        Take_Motion(txt_initial[4], Model.Alpha2);
+        Take_Motion(txt_Thetazero, Model.ThetaZero);
+    }
+    if (mode == 5) Take_Motion(txt_initial[4], Model.Delta2);
 }
 
-void frm_Inputnew::txt_Linkout_LostFocus(int) {
-    if (!Edited) return;
+void frm_Inputnew::Take_Pending() { MoveFocus(nullptr); }
+
+void frm_Inputnew::After_Change() {
+    if (AutoCalc) return cmd_Calc_Click();
+    if (!Model.RunStands) Disable_Ways_On();
+    Picture1.Canvas().Cls();
+}
+
+void frm_Inputnew::txt_Linkout_Change(int Index) {
+    if (txt_Linkout[Index].Touched() && !AutoCalc) Invalidate();
+}
+
+void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
+    if (!txt_Linkout[Index].Touched()) return;
     Get_Linkage_Geometry(*this);
     Model.LinkEdited = true;
-    Model.CognateEdit = false;
-    Model.CognateNumber = 1;
-    if (AutoCalc) cmd_Calc_Click();
-    Edited = false;
+    After_Change();
 }
 
 void frm_Inputnew::txt_initial_LostFocus(int Index) {
-    if (!Edited) return;
-    if (Model.Calctype == 1 && Index == 0) txt_Thetazero.Text = txt_initial[0].Text;  // both hold the one position
-    Get_Initial_Conditions(*this);
-    if (AutoCalc)
-        cmd_Calc_Click();
-    else
-        Picture1.Canvas().Cls();
-    Edited = false;
+    if (!txt_initial[Index].Touched()) return;
+    Guarded("frm_Input.txt_initial", [&] {
+        if (Model.Calctype == 1 && Index == 0) txt_Thetazero.Type(txt_initial[0].Text);  // both hold the one position
+        Get_Initial_Conditions(*this);
+        Take_Speeds();
+    });
+    After_Change();
 }
 
 void frm_Inputnew::txt_Thetazero_LostFocus() {
-    if (!Edited) return;
-    if (Model.Calctype == 3) {
-        Jump_To_Angle();
-    } else if (Model.Calctype < 3) {
+    if (!txt_Thetazero.Touched()) return;
+    Guarded("frm_Input.txt_Thetazero_LostFocus", [this] {
+        if (Model.Calctype == 3) return Jump_To_Angle();
+        if (Model.Calctype > 3) {
+            txt_Thetazero.Text = Text_Of(Model.ThetaZero);
+            return;
+        }
+        Take_Speeds();
         if (Model.Calctype == 1) txt_initial[0].Text = txt_Thetazero.Text;
-        if (AutoCalc)
-            cmd_Calc_Click();
-        else
-            Picture1.Canvas().Cls();
-    }
-    Edited = false;
+        After_Change();
+    });
+}
+
+void frm_Inputnew::txt_Figure_LostFocus() {
+    if (!txt_Figure.Touched()) return;
+    txt_Figure.Settle();
+    const std::string& title = txt_Figure.Text;
+    if (title.empty() || title == "Figure" || title == Model.FigureTitle) return;
+    Model.FigureTitle = title;
+    Model_Unsaved();
 }
 
 void frm_Inputnew::Jump_To_Angle() {
-    Guarded("frm_Input.txt_Thetazero_LostFocus", [this] {
-        if (Model.NSteps < 0) return;  // nothing has been run yet
-        const double T = Value_Of(txt_Thetazero);
-        const double range = Model.ThetaEnd - Model.ThetaStart;
-        if (T < range)
-            Model.CurrentStep = std::max(0.0, std::floor(Divide(T, range) * Model.NSteps));
-        else
-            Model.CurrentStep = Model.NSteps;
-        Draw_Position(Model.CurrentStep);
-        if (Model.CurrentStep > Model.NSteps) Model.CurrentStep = 0;
-        Stepping = true;
-        hsc_step.SetMax(Model.NSteps);
-        hsc_step.SetValue(Model.CurrentStep);
-        Stepping = false;
-        Model.CurrentStep += 1;
-    });
+    txt_Thetazero.Settle();
+    if (!Model.RunStands) return;
+    const double T = Value_Of(txt_Thetazero);
+    const double range = Model.ThetaEnd - Model.ThetaStart;
+    if (T < range)
+        Model.CurrentStep = std::max(0.0, std::floor(Divide(T, range) * Model.NSteps));
+    else
+        Model.CurrentStep = Model.NSteps;
+    Step(*this, Model.CurrentStep);
+    if (Model.CurrentStep > Model.NSteps) Model.CurrentStep = 0;
+    Stepping = true;
+    hsc_step.SetMax(Model.NSteps);
+    hsc_step.SetValue(Model.CurrentStep);
+    Stepping = false;
+    Model.CurrentStep += 1;
 }
 
 // Choices.
 
-void frm_Inputnew::opt_Polar_Click(int Index) {
-    Model.PolarCoords = Index == 1;
-    const platform::Color polar = Model.PolarCoords ? Model.ColorYellow : Model.ColorCyan;
-    const platform::Color cartesian = Model.PolarCoords ? Model.ColorCyan : Model.ColorYellow;
-    for (int box : {0, 6}) txt_Linkout[box].BackColor = polar;
-    for (int box : {15, 16}) txt_Linkout[box].BackColor = cartesian;
-}
-
 void frm_Inputnew::opt_Calctype_Click(int Index) {
-    if (Loading || !Visible() || Model.Calctype == 4) return;
+    if (Model.Calctype == Index || Model.Calctype == 4) return;
     Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
         Model.Calctype = Index;
+        Run_Dropped();
+        Model_Unsaved();
         // The texts of the limits are shared by the modes: each finds its own there.
         if (Index == 2) Derive_Time_Limits();
         if (Index == 3) Derive_Angle_Limits();
+        if (Model.Omega2Input < 0.0) Model.Omega2Input = -Model.Omega2Input;
         Disable_Ways_On();
         Show_Values();
-        const Single speed = Value_Of(txt_initial[3]);
-        if (speed < 0.0) txt_initial[3].Text = Text_Of(Single(-speed));
     });
 }
 
-void frm_Inputnew::opt_OpenCross_Click(int) {
-    if (Loading || !Visible()) return;
-    if (!Model.DiskFile && Model.Calctype < 4) Get_Linkage_Geometry(*this);
-    if (Model.Calctype < 4) cmd_Calc_Click();
+void frm_Inputnew::opt_OpenCross_Click(int Index) {
+    if (Take_Circuit(Index)) cmd_Calc_Click();
 }
 
-void frm_Inputnew::opt_Modulo_Click(int Index) { Model.ModuloMode = Index == 0 ? "180" : "abs"; }
-
-void frm_Inputnew::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
+void frm_Inputnew::opt_Modulo_Click(int Index) {
+    const char* mode = Index == 0 ? "180" : "abs";
+    if (Model.ModuloMode == mode) return;
+    Model.ModuloMode = mode;
+    Run_Dropped();
+    After_Change();
+}
 
 void frm_Inputnew::chk_autocalc_Click() { AutoCalc = chk_autocalc.Value; }
 
@@ -277,32 +274,14 @@ void frm_Inputnew::chk_autocalc_Click() { AutoCalc = chk_autocalc.Value; }
 
 void frm_Inputnew::cmd_Calc_Click() {
     Guarded("frm_Input.cmd_Calc_Click", [this] {
-        Filling filling(*this);
         hsc_step.Enabled = false;
-        Model.Calculated = false;
+        Run_Dropped();
         Model.ModuloMode = opt_Modulo[0].Value ? "180" : "abs";
         Integer Result = kRetrying;
-        if (!Run(Result)) {
+        if (Run(Result))
+            Show_Run();
+        else
             Disable_Ways_On();
-            Refresh_Status();
-            Set_Menus();
-            return;
-        }
-        if (Result != kAborted) Model.Calculated = true;
-        Show_Toggles(Model.Grashof_Code == "N");
-        Model.CurrentStep = 0;
-        cmd_Step_Click();
-        cmd_Done.Enabled = true;
-        if (Model.Calctype != 1) {
-            cmd_Animate.Enabled = true;
-            cmd_Step.Enabled = true;
-        }
-        if (Model.Calctype == 3) cmd_Step_Click();
-        if (Model.Calctype == 1) cmd_Reset_Click();
-        if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
-        Model.Calculated = true;  // also after an abort: the positions up to there are on show
-        Model.ScreenReturn = true;
-        hsc_step.SetMax(Model.NSteps);
         Refresh_Status();
         Set_Menus();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
@@ -310,11 +289,30 @@ void frm_Inputnew::cmd_Calc_Click() {
     hsc_step.Enabled = true;
 }
 
+/// What the screen shows of a run that was made, as far as it came.
+void frm_Inputnew::Show_Run() {
+    Show_Toggles(Model.Grashof_Code == "N");
+    hsc_step.SetMax(Model.NSteps);
+    Model.CurrentStep = 0;
+    Show_Step();
+    const bool several = Model.Calctype != 1;
+    cmd_Done.Enabled = Model.RunStands;
+    cmd_Animate.Enabled = Model.RunStands && several;
+    cmd_Step.Enabled = Model.RunStands && several;
+    if (Model.Calctype == 3) Show_Step();
+    if (Model.Calctype == 1) Show_First_Step();
+    if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
+    Model.ScreenReturn = true;
+}
+
 /// The run of the present mode from what the boxes hold; false when there was none.
 bool frm_Inputnew::Run(Integer& Result) {
+    Take_Speeds();
     if (Model.Calctype >= 4) {
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
-        if (!Model.DiskFile) Get_Linkage_Geometry(*this);
+        // The boxes round what a file has; they are read once they have been typed into.
+        if (!Model.DiskFile || Is_Linkage_Touched(*this)) Get_Linkage_Geometry(*this);
+        Grashof();
         Imported_Run(Result);
         return Model.Grashof_Code != "NL";
     }
@@ -336,7 +334,6 @@ bool frm_Inputnew::Run_Setup(Integer& Result) {
         else
             Put_Time_Initial_Conditions(*animate);
     }
-    if (Result != kAborted) Model.Calculated = true;
     Set_Menus();
     return true;
 }
@@ -360,7 +357,7 @@ bool frm_Inputnew::AngleStepDone(Integer& Result) {
         Model.ThetaStart = Start;
         Model.ThetaEnd = End;
         Model.ThetaStep = Increment;
-        Model.Omega2Input = Value_Of(txt_initial[3]);
+        Take_Motion(txt_initial[3], Model.Omega2Input);
         Derive_Angle_Limits();
         Model.NSteps = steps;
         Model.Alpha2 = 0;
@@ -372,9 +369,7 @@ bool frm_Inputnew::AngleStepDone(Integer& Result) {
 bool frm_Inputnew::TimeStepDone(Integer& Result) {
     bool done = false;
     Guarded("frm_Input.TimeStepDone", [&] {
-        Model.ThetaZero = Value_Of(txt_Thetazero);
-        Model.Omega2Input = Value_Of(txt_initial[3]);
-        Model.Alpha2 = Value_Of(txt_initial[4]);
+        Take_Speeds();
         Single Start = Model.TimeStart, End = Model.TimeEnd, Increment = Model.TimeStep;
         if (Model.Calctype == 2) {
             Start = Value_Of(txt_initial[0]);
@@ -406,50 +401,48 @@ void frm_Inputnew::Recalculate() {
             Calc_Setup(Model.Calctype, Result);
         else
             Imported_Run(Result);
-        const bool good = Result != kAborted && Model.Grashof_Code != "NL";
-        if (good) {
+        if (Model.RunStands) {
             Model.CurrentStep = 0;
-            cmd_Step_Click();
+            Show_Step();
         }
-        Model.Calculated = good;
         Model.ScreenReturn = true;
     });
 }
 
 // The picture.
 
-void frm_Inputnew::Draw_Position(Integer& step) {
-    Filling filling(*this);
-    Step(*this, step);
-}
-
-void frm_Inputnew::cmd_Step_Click() {
-    Filling filling(*this);
+void frm_Inputnew::Show_Step() {
     Model.ShowCouplerLinesFlag = "N";
     Step_Setup(*this, Stepping);
     Stepping = false;
 }
 
-void frm_Inputnew::cmd_Reset_Click() {
-    Filling filling(*this);
-    Step_Reset(*this);
+void frm_Inputnew::Show_First_Step() { Step_Reset(*this); }
+
+void frm_Inputnew::cmd_Step_Click() {
+    Show_Step();
+    Run_Counts();
+    Refresh_Status();
+    Set_Menus();
 }
 
+void frm_Inputnew::cmd_Reset_Click() { Show_First_Step(); }
+
 void frm_Inputnew::hsc_step_Change() {
-    if (Stepping || !Model.Calculated) return;
+    if (Stepping || !Model.RunStands) return;
     Model.CurrentStep = hsc_step.Value();
-    Draw_Position(Model.CurrentStep);
+    Step(*this, Model.CurrentStep);
 }
 
 void frm_Inputnew::hsc_step_Scroll() {
-    if (!Model.Calculated) return;
+    if (!Model.RunStands) return;
     Model.CurrentStep = hsc_step.Value();
-    Draw_Position(Model.CurrentStep);
+    Step(*this, Model.CurrentStep);
 }
 
 void frm_Inputnew::mnu_Redraw_Click() {
     Model.CurrentStep = 0;
-    cmd_Step_Click();
+    Show_Step();
 }
 
 void frm_Inputnew::Zoom(double factor) {
@@ -474,10 +467,7 @@ void frm_Inputnew::mnu_Cog_Click(int Index) {
     Guarded("frm_Input.mnu_Cog", [this, Index] {
         if (Refuse_Parallelogram()) return;
         Switch_Cognate(Index);
-        // The boxes hold the cognate from here on, and there is no run of it yet.
-        Filling filling(*this);
         Put_Linkage_Geometry(*this);
-        Edited = false;
         Invalidate();
     });
 }
@@ -499,9 +489,9 @@ void frm_Inputnew::Leave() {
 
 void frm_Inputnew::cmd_Done_Click() {
     Guarded("cmd_Done_Click", [this] {
+        Take_Pending();
+        Run_Counts();
         if (Model.LinkEdited) Model.DesignNumber += 1;
-        const std::string& title = txt_Figure.Text;
-        if (!title.empty() && title != "Figure") Model.FigureTitle = title;
         Leave();
         Model.Synthesized = false;
         Model.CurrentStep = 0;
@@ -511,13 +501,17 @@ void frm_Inputnew::cmd_Done_Click() {
 
 void frm_Inputnew::cmd_Animate_Click() {
     Guarded("frm_Input.cmd_Animate_Click", [this] {
+        Run_Counts();
         Leave();
         Model.CurrentStep = 0;
         Show_Centered("frm_Animate");
     });
 }
 
-void frm_Inputnew::cmd_Cancel_Click() { Leave(); }
+void frm_Inputnew::cmd_Cancel_Click() {
+    Run_Counts();
+    Leave();
+}
 
 void frm_Inputnew::cmd_PlotPrint_Click() {
     Guarded_Unless_Cancelled("frm_Input.Print", [this] { Ask_And_Print(*this, CommonDialog1, Print_Note); });

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
@@ -144,17 +145,17 @@ void frm_MassProp::cmd_Solve_Click() {
     Guarded("frm_MassProp.cmd_Solve", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
         Get_Mass_Properties(*this);
-        Model.BalanceDone = false;
-        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+        Forces_Dropped();
+        const bool solved = Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce,
+                                     Model.RunTable.LinkTorque);
         // The imported table has taken its place during the solution.
         if (Model.TorqueImported) Model.ExtTorque(4) = 0;
-        // A solution that stopped half-way counts as done, too.
-        Model.DynamicsDone = true;
+        if (solved) Forces_Hold();
         Allow_Results(true);
         CancelButton = &cmd_Cancel;
         cmd_Done.SetFocus();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
-        Model.SavedFlag = false;
+        Model_Unsaved();
         Refresh_Status();
     });
 }
@@ -173,7 +174,6 @@ void frm_MassProp::cmd_Copy_Click() { Tell_How_To_Copy(); }
 void frm_MassProp::cmd_Cancel_Click() { Hide(); }
 
 void frm_MassProp::cmd_Done_Click() {
-    Model.DynamicsDone = true;
     Model.ScreenReturn = true;
     Hide();
 }

@@ -2,6 +2,7 @@
 #include "screens/frm_printselect.h"
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
 #include "output/selection.h"
@@ -131,7 +132,7 @@ void frm_PrintSelect::To_Disk() {
     // The data file takes the place of the model's: its name keeps the extension.
     Model.FilePath = CommonDialog1.FileName;
     Model.ModelName = Model.FilePath.substr(Model.FilePath.find_last_of("\\/") + 1);
-    Model.SavedFlag = false;  // a Save without asking would write the model over the data
+    Model_Unsaved();  // a Save without asking would write the model over the data
     Open_Data_File(Model.FilePath);
     Print_to_File();
     Close_Data_File();

@@ -98,7 +98,7 @@ void Synthesis_Screen::Allow_Results(bool allowed) {
 void Synthesis_Screen::Form_Activate() {
     Guarded(Name() + ".Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        if (helping_) return;
+        Model.Synthesized = false;
         LengthFactor = Shown_Factor();
         for (const auto& label : Label13) label->Caption = "deg";
         for (const auto& label : lbl_Length) label->Caption = Model.UnitLabel(6);
@@ -152,9 +152,6 @@ void Synthesis_Screen::Draw() {
 void Synthesis_Screen::Assemble(Single beta3) {
     Assemblevlnk(Model.SynPositions, Model.SynWx, Model.SynWy, Model.SynZx, Model.SynZy, Model.SynUx, Model.SynUy,
                  Model.SynSx, Model.SynSy, Model.SynBeta2, beta3, Model.Link1Angle);
-    Model.Calculated = false;
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
 }
 
 void Synthesis_Screen::Show_Ground_Angle() { Show(lbl_Theta1, Text_Of(FNRound(Model.Link1Angle, kAngleDecimals))); }
@@ -183,7 +180,6 @@ Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(b
 void Synthesis_Screen::cmd_Calc_Click() {
     Guarded(Name() + ".cmd_Calc", [this] {
         if (!Solve()) return;
-        Model.Synthesized = true;
         Allow_Results(true);
     });
 }
@@ -203,11 +199,7 @@ void Synthesis_Screen::cmd_Print_Click() {
 
 void Synthesis_Screen::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
-void Synthesis_Screen::mnu_Help_Click() {
-    helping_ = true;
-    Show_Help(Help_Document("mnu_SynthHelp"), Name() + ".mnu_Help");
-    helping_ = false;
-}
+void Synthesis_Screen::mnu_Help_Click() { Show_Help(Help_Document("mnu_SynthHelp"), Name() + ".mnu_Help"); }
 
 Two_Position_Screen::Two_Position_Screen(const std::string& name, std::initializer_list<int> magnitudes)
     : Synthesis_Screen(name, 2, magnitudes) {

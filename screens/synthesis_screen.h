@@ -153,7 +153,6 @@ class Synthesis_Screen : public platform::Screen {
 
     int positions_;
     Integer LengthFactor = 1;  ///< shown units in a stored one
-    bool helping_ = false;     ///< the help covers the screen, which keeps its boxes
     std::vector<Follower> followers_;
 };
 

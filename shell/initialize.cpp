@@ -1,7 +1,9 @@
 // Every default, in the order in which they depend on each other, and File New.
 #include "shell/initialize.h"
 
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/runs.h"
 #include "core/status_panel.h"
 #include "core/text.h"
@@ -29,7 +31,7 @@ void Set_Limits() {
 }
 
 void Set_Settings() {
-    Model.Calculated = false;
+    Run_Dropped();
     Model.CamDriven = false;
     Model.LinkDriven = false;
     Model.CircuitIndex = 1;
@@ -77,15 +79,7 @@ void New_Model() {
     Guarded("New_Model", [] {
         Initialize();
         Clear_RunTable();
-        Model.Calculated = false;
-        Model.DynamicsDone = false;
-        Model.BalanceDone = false;
-        Model.Synthesized = false;
-        Model.FFTDone = false;
-        Model.DiskFile = false;
-        Model.CamDriven = false;
-        Model.LinkDriven = false;
-        Model.SavedFlag = false;
+        Enter_Linkage(Road::kNew, [] {});
         Model.FigureTitle.clear();
         Set_Menus();
         Refresh_Status();

@@ -3,6 +3,7 @@
 
 #include "animation/engine.h"
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "dynamics/units.h"
@@ -36,7 +37,7 @@ void Prepare_Screen_Data() {
     Model.AppPath = The_Desktop().Program_Folder();
     // The home screen notes where it comes to stand, which places all others.
     Screens::Find("frm_HomeScreen");
-    Model.Calculated = false;
+    Run_Dropped();
 }
 
 std::string Marker(const char* state, const char* meaning, const char* advice) {

@@ -55,9 +55,8 @@ void Open_Clicked_File() {
     Guarded("Readfile in Open_Clicked_File", [] {
         if (Model.CommandLine.empty()) return;
         const std::string full = GetLongPathFromShortPath(Model.CommandLine);
-        Model.FilePath = full.empty() ? Model.CommandLine : full;
-        Readfile(Clicked_Content(Model.FilePath));
-        Model.ModelName = StripFilename(Model.FilePath);
+        const std::string path = full.empty() ? Model.CommandLine : full;
+        Readfile(Clicked_Content(path), path);
         The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     });
 }

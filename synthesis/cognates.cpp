@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/classification.h"
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/status_panel.h"
@@ -17,6 +18,7 @@ namespace verlink {
 namespace {
 
 constexpr int kItems = 6;
+constexpr int kDegrees = 0;  ///< the coupler point's angle as the linkage has it
 
 struct Row {
     Single L1, L2, L3, L4, Rpa, DeltaRad;
@@ -45,11 +47,12 @@ void Check_Menus() {
 void SeedCognate() {
     Guarded("SeedCognate", [] {
         Put_Row(Model.Cognates, 1, {Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa, Model.DeltaRad});
-        Model.Delta = Model.DeltaRad * kRadToDeg;
-        Model.DeltaStr = Text_Of(FNRound(Model.Delta, 1));
         Model.CognateNumber = 1;
         Model.CognateEdit = false;
+        Model.CognatesDue = false;
         Cayley(Model.Cognates, Model.CayleyRows);
+        Model.Cognates(1, kDegrees) = Model.Delta;
+        for (int n : {2, 3}) Model.Cognates(n, kDegrees) = Model.Cognates(n, kItems) * kRadToDeg;
         Check_Menus();
     });
 }
@@ -104,17 +107,20 @@ void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3
     });
 }
 
+void Find_Cognates() {
+    if (Model.CognatesDue) SeedCognate();
+}
+
 void Switch_Cognate(Integer n) {
     Guarded("Switch_Cognate", [&] {
+        Find_Cognates();
+        Enter_Linkage(Road::kCognate, [n] {
+            GetCognates(Model.Cognates, n, Model.L2, Model.L3, Model.L4, Model.L1, Model.Rpa, Model.DeltaRad);
+            Model.Delta = Model.Cognates(n, kDegrees);
+        });
         Model.CognateNumber = n;
         Model.CognateEdit = n != 1;
         Check_Menus();
-        GetCognates(Model.Cognates, n, Model.L2, Model.L3, Model.L4, Model.L1, Model.Rpa, Model.DeltaRad);
-        LoadLinkArray();
-        Model.Calculated = false;
-        Model.DynamicsDone = false;
-        Model.BalanceDone = false;
-        Model.Synthesized = false;
         Refresh_Status();
         Set_Menus();
     });

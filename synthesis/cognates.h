@@ -11,19 +11,23 @@
 
 namespace verlink {
 
-/// The record's linkage becomes cognate 1, and the other two are computed; `Delta` and `DeltaStr` follow `DeltaRad`.
-/// Checks entry 1 of `mnu_Cog` on the home and input screens.
+/// The record's linkage becomes cognate 1, and the other two are computed. Checks entry 1 of `mnu_Cog` on the home and
+/// input screens.
 void SeedCognate();
+
+/// `SeedCognate` if another linkage has come in since. Whoever reads the tables of cognates asks for this first.
+void Find_Cognates();
 
 /// Rows 2 and 3 of both tables from row 1 of `cognates`.
 void Cayley(CognateTable& cognates, CognateTable& rows);
 
-/// Row n to the fields given; also the record's ground pivot, along x, and `Delta` and `DeltaStr`.
+/// Row n to the fields given; also the record's ground pivot, along x, and `Delta` and `DeltaStr`. The pivot goes where
+/// the ground link points once the linkage enters the record.
 void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3, Single& L4, Single& L1, Single& Rpa,
                  Single& DeltaRad);
 
 /// What every switch to cognate n does, before a screen goes its own way: the menus' checks, `CognateNumber`, the
-/// linkage, `LinkArray`, the flags of results, which are dropped, the home screen's status and menus. The caller has
+/// linkage through its door, with the direction of the ground link, the home screen's status and menus. The caller has
 /// refused parallelograms.
 void Switch_Cognate(Integer n);
 

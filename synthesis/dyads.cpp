@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
@@ -60,18 +61,14 @@ void Derive_Crank_Range() {
     Model.ThetaStepRad = Model.ThetaEndRad - Model.ThetaStartRad;  // the whole range, not the step
 }
 
-void Put_On_Input_Screen(Single link1Angle) {
+void Put_On_Input_Screen() {
     Put_Box("txt_initial", 0, Text_Of(Single(Val(Model.ThetaStartStr))));
     Put_Box("txt_initial", 1, Text_Of(Single(Val(Model.ThetaEndStr))));
     Put_Box("txt_initial", 2, Text_Of(Single(Val(Model.ThetaStepStr))));
     Put_Box("txt_initial", 3, Text_Of(Model.Omega2Input));
     platform::With<platform::OptionButton>(kInput, "opt_Polar", 1,
                                            [](platform::OptionButton& option) { option.Value = true; });
-    Model.PolarCoords = true;  // the option may have been on before
-    Put_Box("txt_Linkout", 0, Text_Of(Model.L1));
-    Put_Box("txt_Linkout", 6, Text_Of(link1Angle));
     Put_Box("txt_initial", 3, Text_Of(Model.Omega2));
-    Model.Synthesized = true;
     if (platform::Screen* input = platform::Screens::Find(kInput)) Put_Linkage_Geometry(*input);
 }
 
@@ -241,24 +238,27 @@ void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Sing
                   Single beta2, Single beta3, Single& link1Angle) {
     Guarded("Assemblevlnk", [&] {
         Single t2, t3, t4, tz;
-        Cart_to_Polar(wx, wy, Model.L2, t2);
-        Cart_to_Polar(ux, uy, Model.L4, t4);
-        Cart_to_Polar(zx - sx, zy - sy, Model.L3, t3);
-        Cart_to_Polar(zx, zy, Model.Rpa, tz);
-        Model.Delta = tz - t3;
-        Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-        if (!Model.SpecifiedPivots) {
-            Model.O2x = -(wx + zx);
-            Model.O2y = -(wy + zy);
-            Model.O4x = -(ux + sx);
-            Model.O4y = -(uy + sy);
-        }
-        Cart_to_Polar(Model.O4x - Model.O2x, Model.O4y - Model.O2y, Model.L1, link1Angle);
+        Enter_Linkage(Road::kSynthesis, [&] {
+            Cart_to_Polar(wx, wy, Model.L2, t2);
+            Cart_to_Polar(ux, uy, Model.L4, t4);
+            Cart_to_Polar(zx - sx, zy - sy, Model.L3, t3);
+            Cart_to_Polar(zx, zy, Model.Rpa, tz);
+            Model.Delta = tz - t3;
+            if (!Model.SpecifiedPivots) {
+                Model.O2x = -(wx + zx);
+                Model.O2y = -(wy + zy);
+                Model.O4x = -(ux + sx);
+                Model.O4y = -(uy + sy);
+            }
+            Cart_to_Polar(Model.O4x - Model.O2x, Model.O4y - Model.O2y, Model.L1, link1Angle);
+            Model.Link1Angle = link1Angle;
+            Model.PolarCoords = true;
+            Model.Synthesized = true;
+        });
         Set_Crank_Range(mode, t2, beta2, beta3);
         Run_Upward();
         Derive_Crank_Range();
-        LoadLinkArray();
-        Put_On_Input_Screen(link1Angle);
+        Put_On_Input_Screen();
         platform::Tell(Report(mode, link1Angle));
     });
 }

@@ -29,8 +29,8 @@ void Solve_Beta2(Single beta3, Single A1, Single A2, Single A3, Single A4, Singl
 Single Quadrant_Fix(Single a, Single s);
 
 /// Joins two dyads into the linkage of the record, with the crank's range by `mode` (1 two positions, 2 to 4 three),
-/// puts it on the input screen and reports it. The ground goes in by length and angle; its coordinates follow when the
-/// input screen is read. A range that passes a whole turn comes out swapped, with a negative step.
+/// puts it on the input screen and reports it. The ground goes in by length and angle. A range that passes a whole turn
+/// comes out swapped, with a negative step.
 void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Single ux, Single uy, Single sx, Single sy,
                   Single beta2, Single beta3, Single& link1Angle);
 

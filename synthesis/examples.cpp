@@ -1,6 +1,7 @@
 // The built-in linkages, as plain data.
 #include "synthesis/examples.h"
 
+#include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/text.h"
 #include "dynamics/units.h"
@@ -83,23 +84,18 @@ constexpr Masses kGrashofTestMasses{{0.003, 0.006, 0.006},
                                     {0.46600291034333335, 0.2705260340944444, -0.17453292522222222},
                                     {0.028, 0.22, 0.129}};
 
-void Put(const Example& example) {
+void Fill(const Example& example) {
     Model.ModelName = example.ModelName;
     Model.FigureTitle = example.FigureTitle;
     Model.Grashof_Code = example.Grashof_Code;
-    Model.CamDriven = false;
     Model.Link1Angle = 0;
-    Model.Link1AngleRad = 0;
     Model.L1 = example.L1;
     Model.L2 = example.L2;
     Model.L3 = example.L3;
     Model.L4 = example.L4;
     Model.Rpa = example.Rpa;
     Model.Delta = example.Delta;
-    Set_Delta(Model.Delta, Model.DeltaRad, Model.DeltaStr);
-    Model.Parallelogram = false;
     Model.CircuitIndex = example.CircuitIndex;
-    Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
     Model.Omega2Input = example.Omega2Input;
     Model.ThetaStartStr = Text_Of(Single(example.ThetaStart));
     Model.ThetaEndStr = Text_Of(Single(example.ThetaEnd));
@@ -108,10 +104,8 @@ void Put(const Example& example) {
     Model.ThetaEndRad = example.ThetaEnd * kDegToRad;
 }
 
-/// The ground link along x.
-void Put_Pivot() {
-    Model.Link1X = Model.L1;
-    Model.Link1Y = 0;
+void Put(const Example& example) {
+    Enter_Linkage(Road::kExample, [&example] { Fill(example); });
 }
 
 void Put_Dyads(double Dyads::*linkage) {
@@ -168,8 +162,6 @@ void Put_With_Step(const Example& example) {
 
 void Put_Straight_Line(const Example& example) {
     Put_With_Step(example);
-    Put_Pivot();
-    LoadLinkArray();
     Put_Initial_Values();
 }
 
@@ -179,7 +171,6 @@ void Testlinkage() {
     Guarded("Testlinkage", [] {
         const Example& linkage = kExamples[kDefault];
         Put(linkage);
-        Put_Pivot();
         Model.ThetaStart = linkage.ThetaStart;
         Model.ThetaEnd = linkage.ThetaEnd;
         Model.ThetaStep = linkage.ThetaStep;
@@ -187,7 +178,6 @@ void Testlinkage() {
         Put(kDefaultMasses);
         Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
-        LoadLinkArray();
         Put_Time_Fields();
         Put_Initial_Values();
     });
@@ -197,7 +187,6 @@ void Testlinkagevlnk() {
     Guarded("Testlinkagevlnk", [] {
         Put_With_Step(kExamples[kSynthesisTest]);
         Put_Dyads(&Dyads::test);
-        LoadLinkArray();
         Set_Default_Masses(4);
         Put_Time_Fields();
         Put_Initial_Values();
@@ -207,11 +196,9 @@ void Testlinkagevlnk() {
 void Testlinkage_old() {
     Guarded("Testlinkage_old", [] {
         Put_With_Step(kExamples[kGrashofTest]);
-        Put_Pivot();
         Put(kGrashofTestMasses);
         Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
-        LoadLinkArray();
         Put_Time_Fields();
         Put_Initial_Values();
     });
@@ -245,8 +232,7 @@ void Hoekens() {
         Put_Dyads(&Dyads::hoekens);
         Put_Right_Angles(101.5, 78.43);
         Put_Straight_Line(kExamples[kHoekensLine]);
-        Model.Units = 1;
-        Set_Unit_Labels(Model.Units, Model.UnitLabel, kUnitLabels);
+        Use_Units(1);
     });
 }
 

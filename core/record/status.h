@@ -2,19 +2,21 @@
 #pragma once
 
 #include "core/number.h"
+#include "core/record/fact.h"
 
 namespace verlink {
 
 struct StatusFlags {
-    bool Calculated = false;       ///< RunTable holds results of the present model
+    Fact RunStands;                ///< RunTable is the run of the model as it stands
+    Fact Calculated;               ///< the same, and the user has acted on it since
+    Fact DynamicsDone;             ///< pin forces and torque exist for these results
+    Fact BalanceDone;              ///< balancing results exist for these forces
+    Fact FFTDone;                  ///< a Fourier transform of these results exists
+    Fact SavedFlag;                ///< the file that `FilePath` names is the model's as it stands
     bool DiskFile = false;         ///< the model came from a file
     bool CamDriven = false;        ///< the motion comes from imported cam data
     bool LinkDriven = false;       ///< the motion comes from imported link data
-    bool DynamicsDone = false;     ///< pin forces and torque exist for these results
-    bool BalanceDone = false;      ///< balancing results exist
-    bool FFTDone = false;          ///< a Fourier transform exists
-    bool Synthesized = false;      ///< the link lengths came from synthesis
-    bool SavedFlag = false;        ///< the model on disk matches memory
+    bool Synthesized = false;      ///< the present link lengths came from synthesis
     bool TorqueImported = false;   ///< ImportedTorque is in force
     bool NoConnectSeen = false;    ///< some position of the last run did not close
     bool InputScreenOpen = false;  ///< the input screen is up, so `Noconnect` always asks
@@ -22,6 +24,7 @@ struct StatusFlags {
     bool ScreenReturn = false;     ///< a screen hands control back; the home screen is to refresh
     bool JustStarted = false;      ///< the home screen has not been up yet
     bool CognateEdit = false;      ///< a cognate other than the first is loaded
+    bool CognatesDue = true;       ///< `Cognates` are of an earlier linkage; see `Find_Cognates`
     Integer CognateNumber = 1;     ///< 1 to 3
 };
 

@@ -6,7 +6,7 @@
 
 namespace verlink {
 
-/// By cognate 1 to 3, item 1 to 6: L1, L2, L3, L4, Rpa, DeltaRad.
+/// By cognate 1 to 3, item 1 to 6: L1, L2, L3, L4, Rpa, DeltaRad; of `Cognates` 0 is Delta, degrees.
 using CognateTable = Table<Single, 0, 3, 7>;
 
 /// Lengths are as link lengths; angles are degrees.

@@ -150,7 +150,7 @@ TEST_F(DrawingCalls, TheCamDataIsScaledToCentimetres) {
 }
 
 TEST_F(DrawingCalls, MassCentersStandOffTheirLinksInThePenColour) {
-    Model.DynamicsDone = true;
+    Forces_Hold();
     Model.HideLinksFlag = "Y";
     for (int link : {2, 3, 4}) {
         Model.CG(link, 0) = link;
@@ -172,7 +172,7 @@ TEST_F(DrawingCalls, MassCentersStandOffTheirLinksInThePenColour) {
 }
 
 TEST_F(DrawingCalls, MassCentersAreTakenToTheLocalFrameAndTurnedBack) {
-    Model.DynamicsDone = true;
+    Forces_Hold();
     Model.HideLinksFlag = "Y";
     Model.Link1Angle = 30;
     Model.Link1AngleRad = 30 * M_PI / 180;
@@ -184,7 +184,7 @@ TEST_F(DrawingCalls, MassCentersAreTakenToTheLocalFrameAndTurnedBack) {
 }
 
 TEST_F(DrawingCalls, MassCentersStayInMetresBesideATableInMillimetres) {
-    Model.DynamicsDone = true;
+    Forces_Hold();
     Model.HideLinksFlag = "Y";
     Model.Units = 5;
     Model.L1 = 0.07;
@@ -194,7 +194,7 @@ TEST_F(DrawingCalls, MassCentersStayInMetresBesideATableInMillimetres) {
 }
 
 TEST_F(DrawingCalls, BalanceWeightsAreCirclesOnCrankAndRocker) {
-    Model.BalanceDone = true;
+    Balance_Holds();
     Model.HideLinksFlag = "Y";
     Model.BerkCG(2, 0) = 2;
     Model.BerkCG(2, 1) = 20 * M_PI / 180;
@@ -212,7 +212,7 @@ TEST_F(DrawingCalls, BalanceWeightsAreCirclesOnCrankAndRocker) {
 }
 
 TEST_F(DrawingCalls, BalanceWeightsKeepTheGroundAngleAndAreTurnedByItAgain) {
-    Model.BalanceDone = true;
+    Balance_Holds();
     Model.HideLinksFlag = "Y";
     Model.Link1Angle = 30;
     Model.Link1AngleRad = 30 * M_PI / 180;

@@ -30,7 +30,7 @@ class Overlays : public Drawing {
     }
     static void Solve() {
         Solve_Forces();
-        Model.DynamicsDone = true;
+        Forces_Hold();
     }
     /// The centres of the circles of a step, in the order in which they are drawn.
     std::vector<Vector> Circles(int step) {

@@ -56,7 +56,8 @@ TEST_F(AfterARun, ErasingIsCleanForACamFollower) {
 
 TEST_F(AfterARun, ErasingIsCleanWithOverlaysAndCouplerLines) {
     By_Angle(0, 360, 5);
-    Model.DynamicsDone = Model.BalanceDone = true;
+    Forces_Hold();
+    Balance_Holds();
     Model.BerkCG(2, 0) = 0.5;
     Model.BerkCG(4, 0) = 0.6;
     Model.BerkCG(4, 1) = 2;
@@ -177,7 +178,7 @@ TEST_F(DrawingLog, Centrodes) {
 
 TEST_F(DrawingLog, GapsOfANonGrashofLinkage) {
     Model.L2 = 2.6;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 360, 40);
     EXPECT_EQ(Model.Grashof_Code, "N");
     EXPECT_TRUE(Model.NoConnectSeen);
@@ -187,7 +188,7 @@ TEST_F(DrawingLog, GapsOfANonGrashofLinkage) {
 TEST_F(DrawingLog, Centimetres) {
     Use_Units(4);
     for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa, &Model.Link1X}) *length /= 100;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 360, 90);
     Expect("centimetres");
 }
@@ -195,14 +196,15 @@ TEST_F(DrawingLog, Centimetres) {
 TEST_F(DrawingLog, Millimetres) {
     Use_Units(5);
     for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa, &Model.Link1X}) *length /= 1000;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 360, 90);
     Expect("millimetres");
 }
 
 TEST_F(DrawingLog, DynamicsAndBalanceOverlays) {
     By_Angle(0, 360, 90);
-    Model.DynamicsDone = Model.BalanceDone = true;
+    Forces_Hold();
+    Balance_Holds();
     Model.BerkCG(2, 0) = 0.5;
     Model.BerkCG(2, 1) = 3;
     Model.BerkCG(4, 0) = 0.75;

@@ -53,7 +53,7 @@ TEST_F(Classification, FourEqualLengthsAreTheSpecialCaseAndAParallelogram) {
     Classify(2, 2, 2, 2);
     EXPECT_EQ(Model.Grashof_Code, "SC");
     Model.PolarCoords = true;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     EXPECT_TRUE(Model.Parallelogram);
 }
 

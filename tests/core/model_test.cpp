@@ -90,8 +90,12 @@ TEST_F(TheModel, DefaultsAreThoseOfTheDefaultLinkage) {
 
 TEST_F(TheModel, NewModelDropsEveryFlagAndTheTitle) {
     Initialize();
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = Model.Synthesized = true;
-    Model.FFTDone = Model.DiskFile = Model.CamDriven = Model.LinkDriven = Model.SavedFlag = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Transform_Holds();
+    Model_Saved();
+    Model.Synthesized = Model.DiskFile = Model.CamDriven = Model.LinkDriven = true;
     New_Model();
     for (bool flag : {Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized, Model.FFTDone,
                       Model.DiskFile, Model.CamDriven, Model.LinkDriven, Model.SavedFlag})

@@ -24,7 +24,7 @@ class ParametersGeometry : public Fixture {
         Put_Linkage_Geometry(input);
     }
     std::string Box(int index) { return input.Text("txt_Linkout", index).Text; }
-    void Write(int index, const char* text) { input.Text("txt_Linkout", index).Text = text; }
+    void Write(int index, const char* text) { input.Text("txt_Linkout", index).Type(text); }
     Screen& input = Screens::Get("frm_Inputnew");
     Screen& animate = Screens::Get("frm_Animate");
 };
@@ -172,7 +172,7 @@ TEST_F(ParametersGeometry, TheWaysOnAreOffUntilTheNextGoodCalculation) {
 
 TEST_F(ParametersGeometry, ALinkDrivenRunTakesItsPhaseFromTheInputScreen) {
     Model.Calctype = 5;
-    input.Text("txt_initial", 4).Text = "12.5";
+    input.Text("txt_initial", 4).Type("12.5");
     Put_Linkage_Geometry(animate);
     Get_Linkage_Geometry(animate);
     EXPECT_EQ(Model.Delta2, 12.5);
@@ -180,7 +180,7 @@ TEST_F(ParametersGeometry, ALinkDrivenRunTakesItsPhaseFromTheInputScreen) {
 
 TEST_F(ParametersGeometry, OtherRunsLeaveThePhaseAlone) {
     Model.Delta2 = 3;
-    input.Text("txt_initial", 4).Text = "12.5";
+    input.Text("txt_initial", 4).Type("12.5");
     Get_Linkage_Geometry(input);
     EXPECT_EQ(Model.Delta2, 3.0);
 }
@@ -257,7 +257,7 @@ TEST_F(ParametersGeometry, TheModelsOwnValuesAreDerivedFromWithoutAnyBox) {
     Model.L1 = 2.3456789;
     Model.Link1Angle = 30;
     Model.L2 = 1.23456789;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     EXPECT_EQ(Model.L2, Single(1.23456789));
     EXPECT_EQ(Model.LinkArray(2), Single(1.23456789));
     EXPECT_NEAR(Model.Link1X, 2.3456789 * std::sqrt(3.0) / 2, 1e-6);
@@ -265,7 +265,7 @@ TEST_F(ParametersGeometry, TheModelsOwnValuesAreDerivedFromWithoutAnyBox) {
     Model.PolarCoords = false;
     Model.Link1X = 0;
     Model.Link1Y = -3;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     EXPECT_EQ(Model.L1, 3.0);
     EXPECT_NEAR(Model.Link1Angle, -90, 1e-4);
 }

@@ -29,9 +29,9 @@ class ParametersLimits : public Fixture {
     }
     std::string Box(int index) { return input.Text("txt_initial", index).Text; }
     bool Read(const char* first, const char* last, const char* step) {
-        input.Text("txt_initial", 0).Text = first;
-        input.Text("txt_initial", 1).Text = last;
-        input.Text("txt_initial", 2).Text = step;
+        input.Text("txt_initial", 0).Type(first);
+        input.Text("txt_initial", 1).Type(last);
+        input.Text("txt_initial", 2).Type(step);
         return Get_Initial_Conditions(input);
     }
     void Expect_Boxes(const char* first, const char* last, const char* step) {

@@ -278,7 +278,7 @@ TEST_F(Refusals, EachOfTheThreeZeroLengthsFailsToDivide) {
 
 TEST_F(Refusals, SpeedsThatOverflowAreReportedAndLeaveTheStepHalfDone) {
     Model.Omega2 = 3e38;
-    Model.Calculated = false;
+    Run_Dropped();
     desktop.Expect_Message(Report(6, "Overflow", "Calculate"));
     Solve(1);
     EXPECT_TRUE(Model.RunTable.Assembled(1));

@@ -15,11 +15,13 @@ class RunState : public Fixture {
     /// What the run before may have left.
     static void Soil() {
         Model.CamDriven = Model.LinkDriven = Model.TorqueImported = Model.NoConnectSeen = true;
-        Model.DynamicsDone = Model.BalanceDone = Model.FFTDone = true;
+        Forces_Hold();
+        Balance_Holds();
+        Transform_Holds();
         Model.Delta2 = 5;
         Model.RunTable.ImportedTorque(3) = 5;
         Model.RunTable.Theta(3, 3) = 500;
-        Model.Calculated = false;
+        Run_Dropped();
     }
 
     Integer result = kIgnoring;

@@ -153,13 +153,14 @@ TEST_F(Runs, DrivenRunsReplayTheirTable) {
     Imported_Run(result);
     EXPECT_NEAR(Theta2(2), 20 + 7, 1e-3) << "DriveTheta - Link1Angle + Delta2, and Link1Angle again when stored";
     Model.NSteps = -1;
-    Model.Calculated = false;
+    Run_Dropped();
     Imported_Run(result);
     EXPECT_FALSE(Model.Calculated);
 }
 
 TEST_F(Runs, NewRunDropsDynamicsAndBalancing) {
-    Model.DynamicsDone = Model.BalanceDone = true;
+    Forces_Hold();
+    Balance_Holds();
     Calc_Setup(3, result);
     EXPECT_FALSE(Model.DynamicsDone);
     EXPECT_FALSE(Model.BalanceDone);

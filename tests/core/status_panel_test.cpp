@@ -32,8 +32,11 @@ class StatusPanelTest : public Fixture {
 };
 
 TEST_F(StatusPanelTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
-    Model.LinkDriven = Model.CamDriven = Model.DynamicsDone = Model.BalanceDone = true;
-    Model.FFTDone = Model.Synthesized = Model.SavedFlag = Model.DiskFile = true;
+    Forces_Hold();
+    Balance_Holds();
+    Transform_Holds();
+    Model_Saved();
+    Model.LinkDriven = Model.CamDriven = Model.Synthesized = Model.DiskFile = true;
     Refresh_Status();
     EXPECT_EQ(Shown(), "");
     EXPECT_TRUE(home.Get<Label>("lbl_Status", 9).Visible);
@@ -43,21 +46,21 @@ TEST_F(StatusPanelTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
 }
 
 TEST_F(StatusPanelTest, ACalculatedModelShowsCalculatedAndItsCognate) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.CognateNumber = 2;
     Refresh_Status();
     EXPECT_EQ(Shown(), "Calculated,Cognate 2");
 }
 
 TEST_F(StatusPanelTest, AModelFromDiskShowsDiskFile) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.DiskFile = true;
     Refresh_Status();
     EXPECT_EQ(Shown(), "DiskFile,Cognate 1");
 }
 
 TEST_F(StatusPanelTest, ImportedOverridesDiskFileAndCalculated) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.DiskFile = true;
     Model.CamDriven = true;
     Refresh_Status();
@@ -70,9 +73,12 @@ TEST_F(StatusPanelTest, ImportedOverridesDiskFileAndCalculated) {
 }
 
 TEST_F(StatusPanelTest, EachFlagHasItsLabel) {
-    Model.Calculated = true;
-    Model.LinkDriven = Model.CamDriven = Model.DynamicsDone = Model.BalanceDone = true;
-    Model.FFTDone = Model.Synthesized = Model.SavedFlag = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Transform_Holds();
+    Model_Saved();
+    Model.LinkDriven = Model.CamDriven = Model.Synthesized = true;
     Refresh_Status();
     EXPECT_EQ(Shown(), "Imported,Link Driven,Cam Driven,Dynamics,Balanced,FFT Done,Synthesized,Cognate 1,Saved");
     for (int i = 1; i <= 6; ++i) EXPECT_TRUE(home.Get<Label>("lbl_Status", i).Visible) << i;
@@ -101,7 +107,7 @@ TEST_F(StatusPanelTest, BeforeTheFirstCalculationTheOutputButtonsAreOff) {
 }
 
 TEST_F(StatusPanelTest, ACalculatedModelCanBeSavedAndAnimated) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.Calctype = 3;
     Set_Menus();
     for (const char* name : {"cmd_Animate", "mnu_New", "mnu_Save", "mnu_Saveas", "mnu_Export"})
@@ -109,7 +115,7 @@ TEST_F(StatusPanelTest, ACalculatedModelCanBeSavedAndAnimated) {
 }
 
 TEST_F(StatusPanelTest, OnePositionCannotBeAnimated) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.Calctype = 1;
     Set_Menus();
     EXPECT_FALSE(On("cmd_Animate"));
@@ -118,7 +124,7 @@ TEST_F(StatusPanelTest, OnePositionCannotBeAnimated) {
 }
 
 TEST_F(StatusPanelTest, ButtonsAndEntriesThatLeadToNoScreenStayOff) {
-    Model.Calculated = true;
+    Run_Holds();
     Model.Calctype = 3;
     Set_Menus();
     const std::pair<const char*, const char*> ways[] = {
@@ -135,7 +141,7 @@ TEST_F(StatusPanelTest, ButtonsComeOnWithTheScreensTheyLeadTo) {
         added.emplace_back(name);
         Screens::Register(name, [name] { return std::make_unique<Screen>(name); });
     }
-    Model.Calculated = true;
+    Run_Holds();
     Model.Calctype = 2;
     Set_Menus();
     for (const char* name : {"cmd_Plot", "cmd_Print", "cmd_Dynamics", "cmd_Balance", "mnu_CalcFFT", "mnu_Cayley"})

@@ -59,11 +59,11 @@ TEST_F(ExchangeTest, Every_entry_leads_through_its_dialog_to_a_file_or_from_one)
 
         Click(window, "cmd_Dynamics");
         EXPECT_TRUE(Model.TorqueImported);
-        Model.SavedFlag = true;
+        Model_Saved();
         Pick(window, "mnu_Link_Data_Import");
         EXPECT_EQ(Model.Model5Name, "stage1.out");
         EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_1").isHidden());
-        Model.SavedFlag = true;
+        Model_Saved();
         Click(window, "cmd_Quit");
     });
 

@@ -95,10 +95,10 @@ TEST_F(PaperTest, Every_screen_that_prints_itself_makes_one_page_with_its_pictur
         for (const char* button : {"cmd_Input", "cmd_Dynamics", "cmd_Balance", "cmd_Plot", "cmd_Plot", "cmd_Plot",
                                    "cmd_Plot", "cmd_Plot", "cmd_Plot", "cmd_Print"})
             Click(window, button);
-        Model.SavedFlag = true;
+        Model_Saved();
         for (const char* entry : {"mnu_CalcFFT", "mnu_Twopos1", "mnu_Twopos2", "mnu_Unspec"}) {
             Pick(window, entry);
-            Model.SavedFlag = true;
+            Model_Saved();
         }
         Click(window, "cmd_Quit");
     });
@@ -106,7 +106,7 @@ TEST_F(PaperTest, Every_screen_that_prints_itself_makes_one_page_with_its_pictur
         "frm_Inputnew",
         [](Screen& s) {
             s.Text("txt_initial", 2).SetFocus();
-            s.Text("txt_initial", 2).Text = "5";
+            s.Text("txt_initial", 2).Type("5");
             Press(s, "cmd_Calc");
         },
         "cmd_Done");

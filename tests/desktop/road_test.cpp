@@ -64,7 +64,7 @@ TEST_F(RoadTest, From_the_start_to_a_moving_linkage_into_a_file_and_back) {
         Pick(window, "mnu_Open");
         EXPECT_EQ(Model.ModelName, "press") << "a model that was read leads through the input screen and back";
         EXPECT_EQ(Model.UserName, "A designer");
-        Model.SavedFlag = true;
+        Model_Saved();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -122,7 +122,7 @@ TEST_F(RoadTest, From_masses_to_forces_to_balance_to_a_plot_of_the_shaking_force
         Click(window, "cmd_Balance");
         EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_4").isHidden());
         Click(window, "cmd_Plot");
-        Model.SavedFlag = true;
+        Model_Saved();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -199,7 +199,7 @@ TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
     ThenArrive();
     Then("frm_HomeScreen", [](QWidget& window) {
         Click(window, "cmd_Input");
-        Model.SavedFlag = true;
+        Model_Saved();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -243,7 +243,7 @@ TEST_F(RoadTest, From_two_positions_to_a_linkage_that_moves_and_is_plotted) {
         Pick(window, "mnu_Twopos1");
         EXPECT_TRUE(Find<QWidget>(window, "cmd_Plot").isEnabled());
         Click(window, "cmd_Plot");
-        Model.SavedFlag = true;
+        Model_Saved();
         Click(window, "cmd_Quit");
     });
     Then("frm_Synth2A", [](QWidget& window) {

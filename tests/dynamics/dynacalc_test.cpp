@@ -50,7 +50,7 @@ class ForceSolution : public Fixture {
         m.ThetaEndRad = m.ThetaEnd * kDegToRad;
         m.ThetaStepRad = m.ThetaStep * kDegToRad;
         m.NSteps = 2;
-        Derive_Geometry();
+        Derive_Linkage(Leading::kInForce);
         Integer result;
         Calc_Setup(3, result);
     }

@@ -95,7 +95,7 @@ inline void Run_Scenario(const Scenario& scenario) {
     m.CG(4, 1) = 0.4;
     if (scenario.loads) Take_Loads();
     m.FrictionForce = scenario.friction;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     Integer result;
     Calc_Setup(3, result);
 }

@@ -196,7 +196,7 @@ TEST_F(CamImport, AnyOtherTagIsTakenAsALinkage) {
 
 TEST_F(CamImport, ASixLinkFileIsRefusedBeforeAnythingIsRead) {
     Model.RunTable.Omega(0, 0) = 4;
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Message(kSixLinks, Answer::kOk, Icon::kInformation, Buttons::kOk);
     CamFile file;
     file.links = "6";
@@ -247,7 +247,7 @@ TEST_F(CamImport, AFileCutShortBehindAnyLineIsReported) {
 }
 
 TEST_F(CamImport, ATableThatBreaksOffLeavesItsRowsAndNoResults) {
-    Model.Calculated = true;
+    Run_Holds();
     CamFile file;
     file.rows[2] = "20,two,-3";
     Expect_Failure(13, "Type mismatch", "Read_Cam_Data");

@@ -255,7 +255,7 @@ TEST_F(Exports, ASaveStraightAfterAnExportWritesTheModelOverIt) {
 
 TEST_F(Exports, ACancelledDialogEndsTwoExportsSilentlyAndIsReportedByTheThird) {
     Run();
-    Model.SavedFlag = false;
+    Model_Unsaved();
     desktop.Expect_Save({});
     Menu_Link_Data_Export(home);
     desktop.Expect_Save({});
@@ -272,7 +272,7 @@ TEST_F(Exports, ACancelledDialogEndsTwoExportsSilentlyAndIsReportedByTheThird) {
 
 TEST_F(Exports, AFailedExportIsReportedUnderItsWriterAndTheNextSaveAsks) {
     Run();
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Save(In("gone/a.out"));
     Expect_Disk_Failure("Export_Link4_to_File");
     Menu_Link_Data_Export(home);

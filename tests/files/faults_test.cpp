@@ -81,7 +81,7 @@ class Faults : public ModelFiles {
     Faults() {
         fs::create_directory(Path("files"));
         ::chmod(Path("").c_str(), 0755);
-        Model.SavedFlag = true;
+        Model_Saved();
         Model.FilePath = In("before.vlk");
         Model.ModelName = "before";
     }
@@ -120,7 +120,7 @@ class WritingFaults : public Faults, public testing::WithParamInterface<Writer> 
         Integer Result = 0;
         Calc_Setup(Model.Calctype, Result);
         for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.LinkTorque(step, 0) = step / 8.0;
-        Model.Calculated = true;
+        Run_Holds();
     }
     static void Set_Limits() {
         Model.ThetaStartRad = 0;

@@ -36,7 +36,7 @@ class FileMenu : public ModelFiles {
     FileMenu() {
         fs::create_directory(Path("models"));
         Take_Full_Turn();
-        Model.Calculated = true;
+        Run_Holds();
         Set_Menus();
     }
     std::string In(const std::string& name) const { return Path("models/" + name); }
@@ -55,7 +55,7 @@ class FileMenu : public ModelFiles {
 
 TEST_F(FileMenu, SaveAsAsksForAFileWritesItAndTakesItsName) {
     Model.ModelName = "Press";
-    Model.SavedFlag = false;
+    Model_Unsaved();
     Expect_Saved_As(In("stroke.vlk"));
     Pick_Menu(home, "mnu_Saveas");
     ASSERT_EQ(desktop.Dialogs.size(), 1U);
@@ -77,7 +77,7 @@ TEST_F(FileMenu, SaveAsAsksForAFileWritesItAndTakesItsName) {
 
 TEST_F(FileMenu, SaveOfASavedModelAsksNothing) {
     Model.FilePath = In("a.vlk");
-    Model.SavedFlag = true;
+    Model_Saved();
     Expect_Saved(In("a.vlk"));
     Pick_Menu(home, "mnu_Save");
     EXPECT_EQ(Held(In("a.vlk")), File_Content());
@@ -89,7 +89,7 @@ TEST_F(FileMenu, SaveOfASavedModelAsksNothing) {
 
 TEST_F(FileMenu, SaveOfAnUnsavedModelIsSaveAsAlsoWhenThePathIsTheDefaultFolder) {
     Model.FilePath = Path("models/");
-    Model.SavedFlag = false;
+    Model_Unsaved();
     Expect_Saved_As(In("b.vlk"));
     Pick_Menu(home, "mnu_Save");
     EXPECT_EQ(Model.FilePath, In("b.vlk"));
@@ -127,7 +127,7 @@ TEST_F(FileMenu, AFailedSaveAsIsReportedTheModelIsNotSavedAndKeepsItsName) {
 TEST_F(FileMenu, AFailedSaveLeavesTheOldFileWholeAndTheModelUnsaved) {
     Model.FilePath = In("a.vlk");
     Put_File(In("a.vlk"), "old");
-    Model.SavedFlag = true;
+    Model_Saved();
     ::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ::getrlimit(RLIMIT_FSIZE, &before);
@@ -153,7 +153,7 @@ TEST_F(FileMenu, AFailedSaveLeavesTheOldFileWholeAndTheModelUnsaved) {
 TEST_F(FileMenu, AModelThatCannotBePutIntoAFileLeavesTheOldOneWhole) {
     Model.FilePath = In("a.vlk");
     Put_File(In("a.vlk"), "old");
-    Model.SavedFlag = true;
+    Model_Saved();
     Model.Calctype = 4;
     Model.NSteps = 2881;
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in Writefile\r\n\r\n");
@@ -164,7 +164,7 @@ TEST_F(FileMenu, AModelThatCannotBePutIntoAFileLeavesTheOldOneWhole) {
 
 TEST_F(FileMenu, OpenReadsTheChosenFile) {
     const std::string path = Fixture_File("rev9.vlk");
-    Model.SavedFlag = true;
+    Model_Saved();
     Model.CognateEdit = true;
     desktop.Expect_Open(path);
     Expect_Read(path);
@@ -187,7 +187,7 @@ TEST_F(FileMenu, OpenReadsTheChosenFile) {
 }
 
 TEST_F(FileMenu, AModelJustReadDoesNotCountAsSaved) {
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(Fixture_File("rev9.vlk"));
     Expect_Read(Fixture_File("rev9.vlk"));
     Menu_Open(home);
@@ -199,7 +199,7 @@ TEST_F(FileMenu, AModelJustReadDoesNotCountAsSaved) {
 TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
     LogSurface log;
     auto& picture = Screens::Get("frm_Inputnew").Get<platform::PictureBox>("Picture1");
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(Fixture_File("rev9.vlk"));
     desktop.Expect_Message_With("successfully read.");
     desktop.Expect_Screen("frm_Inputnew", [&](platform::Screen& screen) {
@@ -213,7 +213,7 @@ TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
 
 TEST_F(FileMenu, OpenOfAForeignFileKeepsTheModelButTakesThePathAndTheName) {
     Put_File(In("note.txt"), "Dear Ada,\r\nno linkage here\r\n");
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(In("note.txt"));
     desktop.Expect_Message("This data file is not compatible with VERLINK. ", Answer::kOk, Icon::kQuestion);
     Menu_Open(home);
@@ -229,7 +229,7 @@ TEST_F(FileMenu, OpenOfAForeignFileKeepsTheModelButTakesThePathAndTheName) {
 TEST_F(FileMenu, OpenOfAFileThatIsNotThereSaysSoAndKeepsTheSavedOne) {
     Model.FilePath = In("a.vlk");
     Model.ModelName = "a";
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(In("none.vlk"));
     desktop.Expect_Message(
         "Error 53   (File not found)  has occurred in frm_Homescreen.Open\r\n\r\n"
@@ -245,7 +245,7 @@ TEST_F(FileMenu, OpenOfAFileCutShortIsReportedAndItsValuesCountAsUnsaved) {
     auto lines = Lines(Held(Fixture_File("rev9.vlk")));
     lines.resize(100);
     Put_File(In("cut.vlk"), Joined(lines));
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(In("cut.vlk"));
     desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n");
     Menu_Open(home);
@@ -264,11 +264,11 @@ TEST_F(FileMenu, OpenAsksAboutUnsavedResultsAndNoGoesOn) {
 }
 
 TEST_F(FileMenu, OpenDoesNotAskWithoutResultsOrWithSavedOnes) {
-    Model.Calculated = false;
+    Run_Dropped();
     desktop.Expect_Open({});
     Menu_Open(home);
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     desktop.Expect_Open({});
     Menu_Open(home);
     EXPECT_EQ(desktop.Dialogs.size(), 2U);
@@ -312,7 +312,7 @@ TEST_F(FileMenu, CancelBeforeOpenLeavesTheRoutineWithEverythingAsItWas) {
 }
 
 TEST_F(FileMenu, ResultsAreZeroedBeforeTheOpenDialogAlsoWhenItIsCancelled) {
-    Model.SavedFlag = true;
+    Model_Saved();
     Model.RunTable.Theta(3, 0) = 7;
     Model.RunTable.ImportedTorque(3) = 7;
     Model.TorqueImported = true;
@@ -353,7 +353,7 @@ TEST_F(FileMenu, SavedAndOpenedAgainIsTheSameModel) {
 
 TEST_F(FileMenu, AHomeScreenWithoutADialogIsAFailureOfEachHandler) {
     platform::Screen bare("frm_HomeScreen");
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in frm_Homescreen.Open\r\n\r\n");
     Menu_Open(bare);
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in frm_Homescreen.SaveAs.vlk\r\n\r\n");

@@ -287,7 +287,7 @@ TEST_F(Hostile, ThroughTheMenuTheProgramStaysUsable) {
     const std::string many = With_Line(With_Line(Held(Fixture_File("rev9.vlk")), 44, "3"), 42, "\"0.01\"");
     Put_File(Path("many.vlk"), many);
     Put_File(Path("long.vlk"), With_Line(valid, 84, "5000"));
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Open(Path("bad.vlk"));
     desktop.Expect_Message(Subscript("Readfile"));
     Menu_Open(home);

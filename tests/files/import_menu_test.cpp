@@ -27,7 +27,7 @@ class ImportMenu : public DriveFiles {
     ImportMenu() {
         fs::create_directory(Path("a folder"));
         Take_Full_Turn();
-        Model.SavedFlag = true;
+        Model_Saved();
         Set_Menus();
     }
     std::string In(const std::string& name) const { return Path("a folder/" + name); }
@@ -150,8 +150,8 @@ TEST_F(ImportMenu, ACancelledDialogIsReportedByTheLinkImport) {
 
 TEST_F(ImportMenu, YesToSavingBeforeAnImportShowsTheSaveDialogTwice) {
     for (const bool cam : {true, false}) {
-        Model.Calculated = true;
-        Model.SavedFlag = false;
+        Run_Holds();
+        Model_Unsaved();
         desktop.Expect_Message(kUnsaved, Answer::kYes, Icon::kQuestion, Buttons::kYesNo);
         Expect_Saved_As(In("one.vlk"));
         Expect_Saved_As(In("two.vlk"));
@@ -167,8 +167,8 @@ TEST_F(ImportMenu, YesToSavingBeforeAnImportShowsTheSaveDialogTwice) {
 }
 
 TEST_F(ImportMenu, NoToSavingGoesOnAndASaveThatCameToNothingDoesNot) {
-    Model.Calculated = true;
-    Model.SavedFlag = false;
+    Run_Holds();
+    Model_Unsaved();
     desktop.Expect_Message(kUnsaved, Answer::kNo);
     desktop.Expect_Open({});
     Menu_Lobetra(home);
@@ -180,12 +180,12 @@ TEST_F(ImportMenu, NoToSavingGoesOnAndASaveThatCameToNothingDoesNot) {
 }
 
 TEST_F(ImportMenu, SavedResultsOrNoneAreNotAskedAbout) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     desktop.Expect_Open({});
     Menu_Lobetra(home);
-    Model.Calculated = false;
-    Model.SavedFlag = false;
+    Run_Dropped();
+    Model_Unsaved();
     desktop.Expect_Open({});
     Menu_Lobetra(home);
     EXPECT_EQ(desktop.Dialogs.size(), 2U);
@@ -224,7 +224,7 @@ TEST_F(ImportMenu, ARefusedFileStillBecomesTheModelsPathSoThatTheNextSaveAsks) {
 }
 
 TEST_F(ImportMenu, ABrokenFileIsReportedAndTheButtonsFollowTheLostResults) {
-    Model.Calculated = true;
+    Run_Holds();
     Set_Menus();
     EXPECT_TRUE(home.Get<MenuEntry>("mnu_Export").Enabled);
     Put_File(In("broken.out"), LinkFile({"1,2,3", "4,5"}));

@@ -95,7 +95,7 @@ TEST_F(LinkImport, NoUnitsAreInTheFileAndNoneAreApplied) {
 }
 
 TEST_F(LinkImport, AnUnreadableRowIsReportedAndWhatWasReadStays) {
-    Model.Calculated = true;
+    Run_Holds();
     Expect_Failure(13, "Type mismatch", "Import_Linkage_Data");
     EXPECT_FALSE(Read_Links(LinkFile({"1,2,3", "4,,6", "7,8,9"})));
     EXPECT_EQ(Model.NSteps, 2);

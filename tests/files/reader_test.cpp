@@ -186,7 +186,7 @@ TEST_F(Reader, AShorterFirstLineIsRefusedAndNothingFurtherIsRead) {
     const std::string before = File_Content();
     for (const char* tag : {"\"VERLIN\"", "\"\"", "\"verlink\"", "VERLIN", "\"LINKVER\""}) {
         Model.DiskFile = false;
-        Model.Calculated = true;
+        Run_Holds();
         desktop.Expect_Message(kForeign, Answer::kOk, Icon::kQuestion);
         Readfile(With_Line(Held(Fixture_File("rev9.vlk")), 1, tag));
         EXPECT_EQ(File_Content(), before);
@@ -392,7 +392,7 @@ TEST_F(Reader, WhileTheProgramStartsAModelIsReadInSilence) {
 TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndNotSaidToBeRead) {
     auto lines = Lines(Held(Fixture_File("rev9.vlk")));
     lines.resize(60);
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n", Answer::kOk,
                            Icon::kInformation);
     Readfile(Joined(lines));

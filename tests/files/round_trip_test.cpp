@@ -243,7 +243,7 @@ TEST_F(RoundTrip, FilesInFoldersWithBlanksAndLettersOfAnyScriptAreSavedAndOpened
         const std::string base = Model.ModelName;
         const std::string content = File_Content();
         Forget();
-        Model.SavedFlag = true;
+        Model_Saved();
         Model.JustStarted = true;
         desktop.Expect_Open(path);
         Menu_Open(home);

@@ -33,7 +33,7 @@ class SampleModels : public ModelFiles {
     /// Opens a sample and runs it from its own values.
     static void Run(const std::string& name) {
         ASSERT_TRUE(Load_Model(Held(Sample(name)))) << name;
-        Derive_Geometry();
+        Derive_Linkage(Leading::kInForce);
         Model.ModuloMode = "abs";
         Integer result = 0;
         if (Model.Calctype > 3) {

@@ -32,7 +32,7 @@ class TorqueImport : public DriveFiles {
         Model.NSteps = 360;
         Model.ExtTorque(4) = 7;
         Model.FilePath = In("model.vlk");
-        Model.SavedFlag = true;
+        Model_Saved();
     }
     std::string In(const std::string& name) const { return Path("loads/" + name); }
     std::string File(const std::string& name, const std::string& content) const {
@@ -176,7 +176,7 @@ TEST_F(TorqueImport, WhileTheProgramStartsNothingIsSaid) {
 }
 
 TEST_F(TorqueImport, ARefreshedPanelShowsThatTheModelIsUnsaved) {
-    Model.Calculated = true;
+    Run_Holds();
     const auto& saved = Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 8);
     desktop.Expect_Open(File("press.trq", Table(360)));
     desktop.Expect_Message_With("of Torque data successfully read.");

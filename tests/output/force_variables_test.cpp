@@ -85,7 +85,7 @@ class SolvedVariables : public Fixture {
         Initialize();
         Run_Scenario({.name = "ground turned", .ground = 30});
         Solve_Forces();
-        Model.DynamicsDone = true;
+        Forces_Hold();
         Model.PlotSlot = kSlot;
     }
     void Balance() {

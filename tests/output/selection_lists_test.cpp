@@ -13,9 +13,9 @@ struct Lists : Fixture {
     Lists() { Load_Catalogue(); }
 
     static void Have(bool dynamics, bool balance, bool transform = false) {
-        Model.DynamicsDone = dynamics;
-        Model.BalanceDone = balance;
-        Model.FFTDone = transform;
+        dynamics ? Forces_Hold() : Forces_Dropped();
+        balance ? Balance_Holds() : Balance_Dropped();
+        transform ? Transform_Holds() : Transform_Dropped();
     }
     static std::vector<std::string> Names(const std::vector<std::pair<int, int>>& runs) {
         std::vector<std::string> names;

@@ -33,8 +33,8 @@ struct Chooser : platform::Screen {
 struct Selection : Fixture {
     Selection() {
         Load_Catalogue();
-        Model.DynamicsDone = true;
-        Model.BalanceDone = true;
+        Forces_Hold();
+        Balance_Holds();
         for (auto* box : {&screen.cmb_Com1, &screen.cmb_Com2}) Load_Components(screen, *box);
         for (auto* box : {&screen.cmb_Var1, &screen.cmb_Var2}) Load_Variables(screen, *box);
     }

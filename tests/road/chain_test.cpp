@@ -86,7 +86,7 @@ class Chain : public Fixture {
         const std::pair<int, const char*> boxes[] = {{1, "1.5"}, {2, "3"}, {3, "2.75"}, {15, "2.1"}, {16, "2.8"}};
         for (const auto& [box, text] : boxes) Enter(input, "txt_Linkout", box, text);
         Enter(input, "txt_initial", 4, "30");
-        input.Text("txt_Figure").Text = "Second stage";
+        input.Text("txt_Figure").Type("Second stage");
         Press(input, "cmd_Calc");
         EXPECT_EQ(Model.Delta2, 30);
         EXPECT_EQ(Model.Calctype, 5);

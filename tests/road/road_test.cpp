@@ -67,7 +67,7 @@ class Road : public Fixture {
         Type(input, "txt_initial", 2, "5");
         Press(input, "cmd_Calc");
         Expect_Closed_Run(1.25, 0, 5, 72);
-        input.Text("txt_Figure").Text = "A press";
+        input.Text("txt_Figure").Type("A press");
         Press(input, "cmd_Done");
     }
 

@@ -190,7 +190,7 @@ TEST_F(AnimateActivation, TheFirstPictureComesWithTheTimerAndOnce) {
 TEST_F(AnimateActivation, NonGrashofLinkagesShowTheirToggles) {
     Inside([&] { EXPECT_FALSE(form.fra_toggle.Visible); });
     Model.L2 = 2.6;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 90, 10);
     Inside([&] {
         EXPECT_TRUE(form.fra_toggle.Visible);
@@ -225,7 +225,7 @@ TEST_F(AnimateActivation, FillingTheScreenRunsNoCalculation) {
     Inside([] {});
     Model.CircuitIndex = 2;
     By_Angle(0, 360, 10);
-    Model.DynamicsDone = true;
+    Forces_Hold();
     Inside([&] {
         EXPECT_TRUE(form.opt_OpenCross[1].Value);
         EXPECT_TRUE(Model.DynamicsDone);

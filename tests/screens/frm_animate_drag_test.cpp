@@ -196,7 +196,7 @@ TEST_F(AnimateDrag, OnATurnedGroundTheRockerIsStillMeasuredFromTheGlobalO4) {
 TEST_F(AnimateDrag, InMillimetresTheBoxTakesWhatTheMouseShows) {
     Use_Units(5);
     for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa, &Model.Link1X}) *length /= 1000;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 360, 10);
     After_First_Picture([&] {
         Choose_Option(form, "opt_Shift_Drag", 1);
@@ -208,7 +208,7 @@ TEST_F(AnimateDrag, InMillimetresTheBoxTakesWhatTheMouseShows) {
 
 TEST_F(AnimateDrag, EachMoveSolvesTheRunAndLeavesTheScreenReady) {
     After_First_Picture([&] {
-        Model.DynamicsDone = true;
+        Forces_Hold();
         Choose_Option(form, "opt_Shift_Drag", 1);
         for (double length : {1.0, 0.9, 0.8}) {
             Drag(length, 0);

@@ -41,7 +41,7 @@ TEST_F(AnimateEdit, ABoxSelectsItsTextWhenItGetsTheFocus) {
 
 TEST_F(AnimateEdit, AChangedLinkLocksTheRunAndNeverRecalculatesByItself) {
     After_First_Picture([&] {
-        Model.FFTDone = true;
+        Transform_Holds();
         Model.CognateNumber = 2;
         const double before = Model.RunTable.PointXY(0, 0, 0);
         Type(form, "txt_Linkout", 1, "1.2");
@@ -67,7 +67,7 @@ TEST_F(AnimateEdit, ReturnActsAsLeavingTheBox) {
 TEST_F(AnimateEdit, ABoxLeftWithoutAChangeDoesNothing) {
     After_First_Picture([&] {
         form.txt_Linkout[1].SetFocus();
-        form.txt_Linkout[1].Text = "1.115";
+        form.txt_Linkout[1].Type("1.115");
         form.cmd_Step.SetFocus();
         Expect_Ready();
         EXPECT_FALSE(Model.LinkEdited);
@@ -106,7 +106,9 @@ TEST_F(AnimateEdit, RecalcSolvesTheRunAndOpensTheWayOn) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 1, "1.2");
         Enter(form, "txt_initial", 2, "20");
-        Model.DynamicsDone = Model.BalanceDone = Model.DiskFile = true;
+        Forces_Hold();
+        Balance_Holds();
+        Model.DiskFile = true;
         Model.ScreenReturn = false;
         Press(form, "cmd_Recalc");
         Expect_Ready();
@@ -136,7 +138,7 @@ TEST_F(AnimateEdit, AButtonThatIsOffSaysWhy) {
 }
 
 TEST_F(AnimateEdit, RecalcRefreshesTheStatusOfTheHomeScreen) {
-    Model.Calculated = false;
+    Run_Dropped();
     Inside([&] {
         form.cmd_Recalc_Click();
         const auto& home = platform::Screens::Get("frm_HomeScreen");
@@ -174,7 +176,7 @@ TEST_F(AnimateEdit, AnAbortedDrivenRunIsNotCalculatedAndDrawsNothing) {
 
 TEST_F(AnimateEdit, ADrivenRunIsReplayed) {
     By_Cam(3, 30);
-    Model.Calculated = false;
+    Run_Dropped();
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 1, "1.2");
         Press(form, "cmd_Recalc");
@@ -268,7 +270,7 @@ TEST_F(AnimateEdit, TheTitleIsTakenOnLeavingTheBoxAndTheScreen) {
         EXPECT_EQ(Model.FigureTitle, "Press drive");
     });
     Inside([&] {
-        form.txt_Figure.Text = "Other";
+        form.txt_Figure.Type("Other");
         Press(form, "cmd_Done");
     });
     EXPECT_EQ(Model.FigureTitle, "Other");
@@ -276,12 +278,12 @@ TEST_F(AnimateEdit, TheTitleIsTakenOnLeavingTheBoxAndTheScreen) {
 
 TEST_F(AnimateEdit, AnEmptyTitleAndTheWordFigureAreTakenToo) {
     Inside([&] {
-        form.txt_Figure.Text = "Figure";
+        form.txt_Figure.Type("Figure");
         Press(form, "cmd_Done");
     });
     EXPECT_EQ(Model.FigureTitle, "Figure");
     Inside([&] {
-        form.txt_Figure.Text = "";
+        form.txt_Figure.Type("");
         Press(form, "cmd_Done");
     });
     EXPECT_EQ(Model.FigureTitle, "");
@@ -290,7 +292,7 @@ TEST_F(AnimateEdit, AnEmptyTitleAndTheWordFigureAreTakenToo) {
 TEST_F(AnimateEdit, BackLeadsToTheInputScreen) {
     desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) {
         Enter(form, "txt_Linkout", 1, "1.2");
-        form.txt_Figure.Text = "Mine";
+        form.txt_Figure.Type("Mine");
         Press(form, "cmd_Back");
     });
     desktop.Expect_Screen("frm_Inputnew", [&](platform::Screen& input) {

@@ -15,7 +15,7 @@ class AnimateScreen : public Drawing {
     AnimateScreen() : form(static_cast<frm_Animate&>(platform::Screens::Get("frm_Animate"))) {
         Model.AnimateDelay = 0;
         By_Angle(0, 360, 10);
-        Model.SavedFlag = true;
+        Model_Saved();
     }
     /// Shows the screen, plays the user's part, and leaves the screen if the user has not.
     void Inside(const std::function<void()>& user) {

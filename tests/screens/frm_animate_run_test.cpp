@@ -87,7 +87,7 @@ TEST_F(AnimateRun, ATypedWaitCountsAndAVastOneIsReported) {
 
 TEST_F(AnimateRun, ALinkageThatDoesNotCloseEverywhereIsWarnedOf) {
     Model.L2 = 2.6;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     By_Angle(0, 360, 30);
     ASSERT_TRUE(Model.NoConnectSeen);
     After_First_Picture([&] {

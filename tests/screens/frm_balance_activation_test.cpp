@@ -181,7 +181,7 @@ TEST_F(BalanceActivation, PrintAsksAndCopySaysHow) {
 
 TEST_F(BalanceActivation, TheHomeScreenLeadsHereAfterARunOfConstantSpeed) {
     Screen& home = platform::Screens::Get("frm_HomeScreen");
-    Model.Calculated = true;
+    Run_Holds();
     Set_Menus();
     desktop.Expect_Screen("frm_Balance", [](Screen& screen) { Press(screen, "cmd_back"); });
     Press(home, "cmd_Balance");

@@ -21,7 +21,7 @@ struct BalanceCalc : BalanceScreen {
     }
     void Expect_Refusal(int type, const std::string& message) {
         Model.Calctype = type;
-        Model.BalanceDone = false;
+        Balance_Dropped();
         desktop.Expect_Message(message);
         Calculate_Now();
         EXPECT_TRUE(Model.BalanceDone);
@@ -36,8 +36,8 @@ struct BalanceCalc : BalanceScreen {
 }  // namespace
 
 TEST_F(BalanceCalc, OpensTheWayOnAndShowsTheResults) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     Calculate_Now();
     EXPECT_TRUE(Model.BalanceDone);
     EXPECT_FALSE(Model.SavedFlag);
@@ -141,7 +141,7 @@ TEST_F(BalanceCalc, AnEmptyBoxIsReportedAndStopsTheCalculation) {
 
 TEST_F(BalanceCalc, OnePositionIsRefusedAndTheGraphsShowWhatTheTablesHold) {
     Model.RunTable.BerkTorque(3, 0) = 4;
-    Model.Calculated = true;
+    Run_Holds();
     Expect_Refusal(1, "Cannot balance a linkage for one position.\rPlease recalculate for multi-positions.");
     EXPECT_EQ(Model.RunTable.BalancedMoment(3, 0), Single(4 + Model.RunTable.LinkTorque(3, 0)));
     EXPECT_EQ(Curve(1, 1)[3], Model.RunTable.BalancedMoment(3, 0));

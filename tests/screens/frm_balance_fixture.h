@@ -14,7 +14,7 @@ class BalanceScreen : public Forces {
    protected:
     BalanceScreen() {
         Solve();
-        Model.DynamicsDone = true;
+        Forces_Hold();
     }
     static void Solve() {
         Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);

@@ -52,7 +52,7 @@ TEST_F(Cayley_Screen, CaptionsStandAsDesigned) {
 }
 
 TEST_F(Cayley_Screen, ComesUpWithThePresentCognateAndTakesNoneByThat) {
-    Model.Calculated = true;
+    Run_Holds();
     form.Width() = 500;
     Activate();
     EXPECT_EQ(form.Width(), 11850);
@@ -72,7 +72,10 @@ TEST_F(Cayley_Screen, ComesUpWithThePresentCognateAndTakesNoneByThat) {
 }
 
 TEST_F(Cayley_Screen, AChoiceTakesTheCognate) {
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = Model.Synthesized = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Model.Synthesized = true;
     Activate();
     Choose_Option(form, "opt_Cognate", 1);
     EXPECT_EQ(Model.CognateNumber, 2);
@@ -108,7 +111,7 @@ TEST_F(Cayley_Screen, TheFirstLinkageComesBackAfterTheThird) {
 TEST_F(Cayley_Screen, AParallelogramIsRefusedAndNothingIsTouched) {
     Activate();
     Model.Parallelogram = true;
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Message(kParallelogramMessage, platform::Answer::kOk, platform::Icon::kInformation,
                            platform::Buttons::kOk);
     Choose_Option(form, "opt_Cognate", 1);

@@ -48,7 +48,7 @@ TEST_F(FftActivation, LoadsWithComponentXAndFifteenHarmonics) {
 }
 
 TEST_F(FftActivation, StartsAnewEachTimeItComesUp) {
-    Model.FFTDone = true;
+    Transform_Holds();
     for (int i = 0; i <= 200; ++i) {
         Model.FFTResult(i, 2) = 7;
         Model.DFTTable(i, 2) = 7;

@@ -114,7 +114,7 @@ TEST_F(Activation, TheBoxesShowTheModelAndTheDefaultLinkageIsCalculated) {
 
 TEST_F(Activation, AnAutomaticFirstCalculationDoesNotCountAndLeavesTheSurfaceClear) {
     Model.LinkEdited = true;
-    Model.Calculated = true;
+    Run_Holds();
     Show([&] {
         EXPECT_FALSE(Model.Calculated);
         EXPECT_FALSE(Model.LinkEdited);
@@ -130,7 +130,7 @@ TEST_F(Activation, WithoutAutocalcNothingRunsAndTheWaysOnAreOff) {
     Without_Autocalc();
     input.cmd_Done.Enabled = true;
     input.cmd_PlotPrint.Enabled = false;
-    Model.DynamicsDone = true;
+    Forces_Hold();
     Show([&] {
         EXPECT_EQ(Model.NSteps, -435);
         EXPECT_EQ(Model.CurrentStep, 5);

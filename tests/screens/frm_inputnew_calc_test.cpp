@@ -162,7 +162,7 @@ TEST_F(Calc, RefusedLimitsAreNotRun) {
         ASSERT_TRUE(Model.Calculated);
         // A model whose own limits are the bad ones, so that the box holds them after the refusal too.
         Model.ThetaStart = 500;
-        input.txt_initial[0].Text = "500";
+        input.txt_initial[0].Type("500");
         desktop.Expect_Message(
             "Minimum angle must be smaller than maximum angle.\rTo rotate CW from max to min, use a negative Omega2.");
         Calculate_Now();
@@ -178,7 +178,7 @@ TEST_F(Calc, TooManyTimeStepsAreToldByTheLimitsAndThenByTheRunWhichStaysUndone) 
         Choose_Option(input, "opt_Calctype", 2);
         Calculate_Now();
         ASSERT_EQ(Model.NSteps, 100);
-        input.txt_initial[2].Text = "0.001";
+        input.txt_initial[2].Type("0.001");
         desktop.Expect_Message(kTooManyTimes, Answer::kOk, Icon::kNone)
             .Expect_Message(kTooManyTimesInRun, Answer::kOk, Icon::kNone, Buttons::kOk);
         Calculate_Now();
@@ -204,7 +204,7 @@ TEST_F(Calc, OnePositionLooksAtTheTimeLimitsToo) {
 TEST_F(Calc, TheAngleRunItselfRefusesAZeroStep) {
     Without_Autocalc();
     Show([&] {
-        input.txt_initial[2].Text = "0";
+        input.txt_initial[2].Type("0");
         desktop.Expect_Message(kZeroStep, Answer::kOk, Icon::kExclamation, Buttons::kOk);
         Integer Result = kRetrying;
         EXPECT_FALSE(input.AngleStepDone(Result));
@@ -216,7 +216,7 @@ TEST_F(Calc, TheAngleRunItselfRefusesAZeroStep) {
 TEST_F(Calc, TheAngleRunItselfRefusesTooManySteps) {
     Without_Autocalc();
     Show([&] {
-        input.txt_initial[2].Text = "0.1";
+        input.txt_initial[2].Type("0.1");
         desktop.Expect_Message(kTooManyAngles, Answer::kOk, Icon::kNone, Buttons::kOk);
         Integer Result = kRetrying;
         EXPECT_FALSE(input.AngleStepDone(Result));
@@ -228,7 +228,7 @@ TEST_F(Calc, TheAngleRunItselfRefusesTooManySteps) {
 TEST_F(Calc, AFailureOfTheAngleRunIsReportedUnderItsName) {
     Without_Autocalc();
     Show([&] {
-        input.txt_initial[3].Text = "1e60";
+        input.txt_initial[3].Type("1e60");
         desktop.Expect_Message_With("has occurred in frm_Input.AngleStepDone");
         Calculate_Now();
         EXPECT_FALSE(Model.Calculated);
@@ -265,7 +265,7 @@ TEST_F(DrivenCalc, AModelFromFileSkipsTheLinkBoxesUntilDiskFileIsCleared) {
     Without_Autocalc();
     Model.DiskFile = true;
     Show([&] {
-        input.txt_Linkout[1].Text = "1.5";
+        input.txt_Linkout[1].Type("1.5");
         Calculate_Now();
         EXPECT_EQ(Model.L2, Single(1.115));
         EXPECT_EQ(input.txt_Thetazero.Text, "15");
@@ -273,7 +273,7 @@ TEST_F(DrivenCalc, AModelFromFileSkipsTheLinkBoxesUntilDiskFileIsCleared) {
         EXPECT_TRUE(Model.Calculated);
         EXPECT_EQ(Model.CurrentStep, 1);
         Model.DiskFile = false;
-        input.txt_Linkout[1].Text = "1.5";
+        input.txt_Linkout[1].Type("1.5");
         Calculate_Now();
         EXPECT_EQ(Model.L2, 1.5);
     });
@@ -299,7 +299,7 @@ TEST_F(Calc, RecalculateRunsWithoutReadingABox) {
         Calculate_Now();
         Model.ScreenReturn = false;
         Without_Autocalc();
-        input.txt_Linkout[1].Text = "1.5";
+        input.txt_Linkout[1].Type("1.5");
         Model.L3 = 2.6;
         LoadLinkArray();
         input.Recalculate();

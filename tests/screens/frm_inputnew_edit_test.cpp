@@ -90,8 +90,8 @@ TEST_F(Edit, WithAutocalcOffALinkChangeDisablesTheWaysOnUntilCalculate) {
     Show([&] {
         Calculate_Now();
         Tick(input, "chk_autocalc", false);
-        Model.DynamicsDone = true;
-        Model.BalanceDone = true;
+        Forces_Hold();
+        Balance_Holds();
         Expect_Ways_On(true, true);
         Type(input, "txt_Linkout", 1, "1");
         Expect_Ways_On(false, false);
@@ -233,7 +233,7 @@ TEST_F(Edit, ATimeModeThatWasOnlyChosenIsThereAgainAtTheNextVisit) {
 TEST_F(Edit, ASpeedTooLargeForASingleIsReportedWhenTheModeChanges) {
     Without_Autocalc();
     Show([&] {
-        input.txt_initial[3].Text = "-1e60";
+        input.txt_initial[3].Type("-1e60");
         desktop.Expect_Message_With("has occurred in frm_Input.opt_Calctype_Click");
         Choose_Option(input, "opt_Calctype", 1);
     });

@@ -189,7 +189,9 @@ TEST_F(Leave, AParallelogramHasNoCognates) {
 TEST_F(Leave, ACognateOfTheMenuStandsInTheBoxesAndWaitsForItsCalculation) {
     Show([&] {
         Calculate_Now();
-        Model.Synthesized = Model.DynamicsDone = Model.BalanceDone = true;
+        Model.Synthesized = true;
+        Forces_Hold();
+        Balance_Holds();
         Pick_Menu(input, "mnu_Cog", 2);
         EXPECT_EQ(Model.CognateNumber, 2);
         EXPECT_TRUE(Model.CognateEdit);

@@ -184,7 +184,7 @@ TEST_F(MassPropActivation, NextTakesTheSolutionToTheHomeScreen) {
     Model.ScreenReturn = false;
     Inside(form, [this] {
         Solve();
-        Model.DynamicsDone = false;
+        Forces_Dropped();
         Press(form, "cmd_Done");
         EXPECT_FALSE(form.Visible());
     });
@@ -240,10 +240,10 @@ TEST_F(MassPropActivation, TheHelpOnForcesIsThreeMessages) {
 TEST_F(MassPropActivation, TheHomeScreenLeadsHereOnceThereAreResults) {
     Screen& home = platform::Screens::Get("frm_HomeScreen");
     auto& button = home.Get<platform::CommandButton>("cmd_Dynamics");
-    Model.Calculated = false;
+    Run_Dropped();
     Set_Menus();
     EXPECT_FALSE(button.Enabled);
-    Model.Calculated = true;
+    Run_Holds();
     Set_Menus();
     EXPECT_TRUE(button.Enabled);
     desktop.Expect_Screen("frm_MassProp", [](Screen& screen) { Press(screen, "cmd_Cancel"); });

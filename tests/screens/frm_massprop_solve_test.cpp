@@ -121,7 +121,7 @@ TEST_F(MassPropSolve, AnEmptyBoxReadsAsZeroAndTheLeadingNumberCounts) {
 
 TEST_F(MassPropSolve, AnEmptyFrictionStopsTheSolutionWithAReport) {
     Model.RunTable.PinForce(3, 0, 0) = 17;
-    Model.BalanceDone = true;
+    Balance_Holds();
     for (const char* text : {"", "abc", "2 lb"}) {
         Fill("txt_Mass", 2, "0.02");
         Fill("txt_Frict", 3, text);
@@ -150,9 +150,9 @@ TEST_F(MassPropSolve, ANumberThatTheScreenHasGroupedReadsAsItWas) {
 }
 
 TEST_F(MassPropSolve, OpensTheWayOnAndDropsTheBalance) {
-    Model.BalanceDone = true;
-    Model.SavedFlag = true;
-    Model.Calculated = true;
+    Balance_Holds();
+    Model_Saved();
+    Run_Holds();
     Solve();
     EXPECT_TRUE(Model.DynamicsDone);
     EXPECT_FALSE(Model.BalanceDone);

@@ -102,15 +102,15 @@ TEST_F(SelectActivationTest, TheListsAreLoadedWhenControlHasComeBackAndNotOtherw
             EXPECT_EQ(slot->cmb_Var.Items().size(), 42u);
             EXPECT_EQ(slot->cmb_Com.Items().size(), 4u);
         }
-        Model.DynamicsDone = false;
-        Model.BalanceDone = false;
-        Model.FFTDone = false;
+        Forces_Dropped();
+        Balance_Dropped();
+        Transform_Dropped();
         form.Form_Activate();
         EXPECT_EQ(form.cmb_Preset.Items().size(), two ? 11u : 10u);
         for (const auto& slot : form.Slots) EXPECT_EQ(slot->cmb_Var.Items().size(), 19u);
-        Model.DynamicsDone = true;
-        Model.BalanceDone = true;
-        Model.FFTDone = true;
+        Forces_Hold();
+        Balance_Holds();
+        Transform_Holds();
     }
 }
 

@@ -20,7 +20,7 @@ TEST_F(PolarSelectTest, ActivationListsTheVectorsAndStartsInTheGlobalFrame) {
     Model.ScreenReturn = false;
     slot.lbl_Function.Caption = "stale";
     form.cmd_Done.Enabled = true;
-    Model.BalanceDone = false;
+    Balance_Dropped();
     form.Form_Activate();
     EXPECT_EQ(slot.cmb_Var.Items().size(), 21u);
     EXPECT_EQ(slot.cmb_Var.Items().front(), "Veloc I 2,3");

@@ -107,11 +107,11 @@ TEST_F(PlotTypeTest, HelpOpensThePageOfThePlots) {
 
 TEST_F(PlotTypeTest, TheHomeScreenOpensTheChooserOnceThereAreResults) {
     auto& home = Screens::Get("frm_HomeScreen");
-    Model.Calculated = false;
+    Run_Dropped();
     home.Form_Activate();
     EXPECT_FALSE(home.Get<platform::CommandButton>("cmd_Plot").Enabled);
     EXPECT_FALSE(home.Get<platform::CommandButton>("cmd_Print").Enabled);
-    Model.Calculated = true;
+    Run_Holds();
     home.Form_Activate();
     Model.ScreenReturn = false;
     desktop.Expect_Screen("frm_PlotType", [](Screen& screen) {

@@ -49,8 +49,8 @@ TEST_F(PrintSelectTest, ActivationOpensPrinterAndDiskAndReloadsTheLists) {
     for (int target : {1, 2}) form.opt_Whereto[target].Enabled = false;
     Velocities();
     Model.PlotStyle = 1;
-    Model.BalanceDone = false;
-    Model.FFTDone = false;
+    Balance_Dropped();
+    Transform_Dropped();
     form.Form_Activate();
     for (int target : {1, 2}) EXPECT_TRUE(form.opt_Whereto[target].Enabled);
     EXPECT_EQ(Model.PlotStyle, 3);
@@ -181,7 +181,7 @@ TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
 
 TEST_F(PrintSelectTest, TheNextSaveAsksWhereToInsteadOfReplacingTheData) {
     Velocities();
-    Model.SavedFlag = true;
+    Model_Saved();
     desktop.Expect_Save({});
     Send(2);
     EXPECT_TRUE(Model.SavedFlag) << "nothing was written";

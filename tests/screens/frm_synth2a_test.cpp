@@ -68,7 +68,9 @@ TEST_F(Synth2A, TheDiagramIsLabelledFromTheStart) {
 }
 
 TEST_F(Synth2A, ACalculationSolvesBothDyadsAndTheLinkage) {
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
     Activate();
     Calculate(form);
     EXPECT_EQ(Model.SynAlpha2, Single(-8.69)) << "from the box, as it was rounded";

@@ -34,7 +34,7 @@ class HomeActivationTest : public Fixture {
         Model.NSteps = 36;
         Integer result = 0;
         Crankangle(result);
-        Model.Calculated = true;
+        Run_Holds();
     }
     frm_HomeScreen& home = dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen"));
 };
@@ -208,7 +208,7 @@ TEST_F(HomeActivationTest, QuitAsksAndNoKeepsTheProgramRunning) {
 }
 
 TEST_F(HomeActivationTest, QuitOffersToSaveAModelThatIsCalculatedAndNotSaved) {
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Save({});
     desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
     home.cmd_Quit_Click();
@@ -218,8 +218,8 @@ TEST_F(HomeActivationTest, QuitOffersToSaveAModelThatIsCalculatedAndNotSaved) {
 }
 
 TEST_F(HomeActivationTest, QuitDoesNotOfferToSaveASavedModel) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
     home.mnu_Quit.Click();
 }
@@ -244,7 +244,8 @@ TEST_F(HomeActivationTest, AnUnloadAllTheSameTerminates) {
 
 TEST_F(HomeActivationTest, ThePictureHasRoomForCounterweightsWhereverTheyTurn) {
     Calculate_Turn();
-    Model.DynamicsDone = Model.BalanceDone = true;
+    Forces_Hold();
+    Balance_Holds();
     Model.BerkCG(2, 0) = 1.5;
     Model.BerkCG(4, 0) = 4.25;
     for (const double angle : {0.0, 1.6, 3.1, 4.7}) {

@@ -80,8 +80,8 @@ TEST_F(HomeMenusTest, ButtonsAreCaptionedAsDesigned) {
 }
 
 TEST_F(HomeMenusTest, NewOfASavedModelOnlyAsksForTheConfirmation) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     Model.L2 = 9;
     Model.CamDriven = true;
     Expect_Confirmation(Answer::kOk);
@@ -104,7 +104,7 @@ TEST_F(HomeMenusTest, NewThatIsNotConfirmedKeepsTheModelButDropsTheCamDrive) {
 }
 
 TEST_F(HomeMenusTest, NewOffersToSaveUnsavedResultsFirst) {
-    Model.Calculated = true;
+    Run_Holds();
     const std::string path = Path("kept.vlk");
     desktop.Expect_Message(kUnsaved, Answer::kYes, Icon::kQuestion, Buttons::kYesNo);
     desktop.Expect_Save(path);
@@ -116,7 +116,7 @@ TEST_F(HomeMenusTest, NewOffersToSaveUnsavedResultsFirst) {
 }
 
 TEST_F(HomeMenusTest, NewWithoutSavingGoesOnToTheConfirmation) {
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Message(kUnsaved, Answer::kNo);
     Expect_Confirmation(Answer::kOk);
     home.mnu_New_Click();
@@ -136,8 +136,8 @@ TEST_F(HomeMenusTest, NewAfterAMetricModelBringsBackTheLabelsAndTheMarkOfInches)
 }
 
 TEST_F(HomeMenusTest, PickingTheUnitSystemInForceChangesNothingAndDoesNotOpenTheInputScreen) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     home.mnu_pick[1].Click();
     EXPECT_TRUE(Model.Calculated);
     EXPECT_TRUE(Model.SavedFlag);
@@ -146,8 +146,8 @@ TEST_F(HomeMenusTest, PickingTheUnitSystemInForceChangesNothingAndDoesNotOpenThe
 }
 
 TEST_F(HomeMenusTest, PickingAnotherUnitSystemConvertsTheModelAndShowsTheInputScreen) {
-    Model.Calculated = true;
-    Model.SavedFlag = true;
+    Run_Holds();
+    Model_Saved();
     desktop.Expect_Screen("frm_Inputnew", [this](Screen& input) {
         EXPECT_FALSE(Model.Calculated);
         EXPECT_FALSE(Model.SavedFlag);
@@ -169,7 +169,7 @@ TEST_F(HomeMenusTest, PickingAnotherUnitSystemConvertsTheModelAndShowsTheInputSc
 TEST_F(HomeMenusTest, MetresToMillimetresAltersNoStoredNumberButTheResultsNoLongerCount) {
     Use_Units(3);
     Model.L2 = 0.05125;
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Screen("frm_Inputnew", [](Screen& input) { input.Hide(); });
     home.mnu_pick[5].Click();
     EXPECT_EQ(Model.L2, Single(0.05125));
@@ -178,7 +178,7 @@ TEST_F(HomeMenusTest, MetresToMillimetresAltersNoStoredNumberButTheResultsNoLong
 }
 
 TEST_F(HomeMenusTest, SaveOfAnUnsavedModelBehavesAsSaveAsAlsoWithTheDefaultFolder) {
-    Model.Calculated = true;
+    Run_Holds();
     home.Form_Activate();
     Model.FilePath = desktop.Documents + "/";
     const std::string path = Path("press.vlk");
@@ -196,7 +196,7 @@ TEST_F(HomeMenusTest, SaveOfAnUnsavedModelBehavesAsSaveAsAlsoWithTheDefaultFolde
 TEST_F(HomeMenusTest, OpenAndSaveAsUseTheirDialogs) {
     desktop.Expect_Open({});
     home.mnu_Open.Click();
-    Model.Calculated = true;
+    Run_Holds();
     home.Form_Activate();
     desktop.Expect_Save({});
     home.mnu_Saveas.Click();
@@ -286,7 +286,7 @@ TEST_F(HomeMenusTest, AFailureInAHandlerIsReportedUnderItsName) {
 }
 
 TEST_F(HomeMenusTest, EntriesOfWhatIsNotThereYetAreOff) {
-    Model.Calculated = true;
+    Run_Holds();
     home.Form_Activate();
     for (auto* entry :
          {&home.mnu_Lobetra, &home.mnu_Link_Data_Import, &home.mnu_Link_Data_Export, &home.mnu_Export_Torque,

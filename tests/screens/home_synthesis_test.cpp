@@ -35,7 +35,7 @@ struct HomeSynthesis : Fixture {
     }
     void Pick_Example(const char* entry, const std::function<void()>& user) { Pick(entry, "frm_Inputnew", user); }
     void Calculate() {
-        Model.Calculated = true;
+        Run_Holds();
         home.Form_Activate();
     }
     frm_HomeScreen& home = dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen"));
@@ -58,7 +58,10 @@ TEST_F(HomeSynthesis, EachExampleComesUpOnTheInputScreenCalculatedWithItsCognate
                      {"mnu_Cheby", "Chebychv", {"2", "2.5", "1", "2.5"}, "37", 1}};
     for (const auto& example : kExamples) {
         SCOPED_TRACE(example.entry);
-        Model.DynamicsDone = Model.BalanceDone = Model.SavedFlag = Model.DiskFile = Model.LinkDriven = true;
+        Forces_Hold();
+        Balance_Holds();
+        Model_Saved();
+        Model.DiskFile = Model.LinkDriven = true;
         Model.Calctype = 2;
         Pick_Example(example.entry, [&] {
             EXPECT_EQ(Model.ModelName, example.name);
@@ -153,7 +156,7 @@ TEST_F(HomeSynthesis, ChebychevsIsTheOneOnTheCrossedCircuit) {
 TEST_F(HomeSynthesis, TheSynthesisTestReproducesItsLinkageInInches) {
     Use_Units(3);
     Model.SynPositions = 2;
-    Model.Calculated = true;
+    Run_Holds();
     Pick("mnu_Syntest", "frm_Synth3", [this] {
         EXPECT_TRUE(Model.SpecifiedPivots);
         EXPECT_EQ(Model.SynPositions, 2) << "as it was";
@@ -207,7 +210,9 @@ TEST_F(HomeSynthesis, EntriesOfExamplesAndSynthesisAreAlwaysOpen) {
 
 TEST_F(HomeSynthesis, ACognateComesUpOnTheInputScreen) {
     Calculate();
-    Model.Synthesized = Model.DynamicsDone = Model.BalanceDone = true;
+    Model.Synthesized = true;
+    Forces_Hold();
+    Balance_Holds();
     Pick(
         "mnu_Cog", "frm_Inputnew",
         [this] {

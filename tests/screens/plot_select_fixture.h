@@ -23,10 +23,10 @@ class SelectionScreenTest : public Fixture {
         Initialize();
         Use_Units(1);
         Model.NSteps = 4;
-        Model.Calculated = true;
-        Model.DynamicsDone = true;
-        Model.BalanceDone = true;
-        Model.FFTDone = true;
+        Run_Holds();
+        Forces_Hold();
+        Balance_Holds();
+        Transform_Holds();
         Model.ScreenReturn = true;
     }
 

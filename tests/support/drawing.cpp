@@ -64,7 +64,7 @@ void Drawing::By_Cam(int steps, double by) {
 void Drawing::Turn_Ground(double degrees) {
     Model.PolarCoords = true;
     Model.Link1Angle = degrees;
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
 }
 
 std::string Drawing::Row(const std::string& call, std::initializer_list<double> numbers, platform::Color color) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "tests/support/scripted_desktop.h"
 
 namespace verlink::test {

@@ -64,7 +64,7 @@ inline void Run_Linkage(const Row& row) {
     Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
     Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
     if (Model.ThetaStep > 0) Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
-    Derive_Geometry();
+    Derive_Linkage(Leading::kInForce);
     Integer result;
     Calc_Setup(Model.Calctype, result);
 }

@@ -166,7 +166,7 @@ void Press(Screen& screen, const std::string& button, int index) {
 void Type(Screen& screen, const std::string& box, int index, const std::string& text) {
     auto& control = screen.Text(box, index);
     control.SetFocus();
-    if (!control.Locked) control.Text = text;
+    if (!control.Locked) control.Type(text);
 }
 
 void Enter(Screen& screen, const std::string& box, int index, const std::string& text) {

@@ -163,7 +163,10 @@ TEST_F(Cognates, AnEntryBeyondTheTableIsReported) {
 }
 
 TEST_F(Cognates, ASwitchDropsTheResults) {
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = Model.Synthesized = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Model.Synthesized = true;
     Switch_Cognate(3);
     EXPECT_EQ(Model.CognateNumber, 3);
     EXPECT_TRUE(Model.CognateEdit);
@@ -196,7 +199,7 @@ TEST_F(Cognates, GoingBackToTheFirstGivesTheLinkageAsItWas) {
 
 TEST_F(Cognates, OfAParallelogramAreRefusedWithNothingTouched) {
     Model.Parallelogram = true;
-    Model.Calculated = true;
+    Run_Holds();
     desktop.Expect_Message(
         "Your present linkage is a parallelogram,\rwhich has an infinity of cognates\r"
         "all of which have circular coupler curves.\r\rCognate switching and the Cayley diagram are\r"

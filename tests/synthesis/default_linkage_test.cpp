@@ -105,7 +105,10 @@ TEST_F(DefaultLinkage, ShowsItsLimitsInTheBoxesOfTheInputScreen) {
 
 TEST_F(DefaultLinkage, LeavesFlagsAndUnitsAsTheyWere) {
     Model.Units = 4;
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = Model.LinkDriven = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Model.LinkDriven = true;
     Testlinkage();
     EXPECT_EQ(Model.Units, 4);
     EXPECT_TRUE(Model.Calculated);

@@ -244,7 +244,10 @@ TEST_F(Examples, HoekensLinkageAloneIsInInchesOfItself) {
 }
 
 TEST_F(Examples, LeaveTheFlagsOfResults) {
-    Model.Calculated = Model.DynamicsDone = Model.BalanceDone = Model.LinkDriven = true;
+    Run_Holds();
+    Forces_Hold();
+    Balance_Holds();
+    Model.LinkDriven = true;
     for (const auto load : {Testlinkage, Testlinkagevlnk, Testlinkage_old, Roberts, Watts, Chebychev, Hoekens}) {
         load();
         EXPECT_TRUE(Model.Calculated && Model.DynamicsDone && Model.BalanceDone && Model.LinkDriven);

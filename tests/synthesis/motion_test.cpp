@@ -175,7 +175,7 @@ TEST_F(SynthesizedMotion, OfTwoPositionsIsTheRunThatTheAssemblySetsUp) {
         Model.Omega2 = Model.Omega2Input = 10;
         Assemble(1);
         if (Model.ThetaStep <= 0.0) continue;  // the end went over a whole turn
-        Derive_Geometry();
+        Derive_Linkage(Leading::kInForce);
         Derive_Angle_Limits();
         Model.Calctype = 3;
         Model.Omega2Input = Model.Omega2;

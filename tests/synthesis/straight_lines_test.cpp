@@ -26,7 +26,7 @@ struct StraightLines : Synthesis {
         Model.ThetaEnd = start == HUGE_VAL ? Val(Model.ThetaEndStr) : end;
         Model.ThetaStep = start == HUGE_VAL ? Val(Model.ThetaStepStr) : step;
         Derive_Angle_Limits();
-        Derive_Geometry();
+        Derive_Linkage(Leading::kInForce);
         Model.Calctype = 3;
         Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
         Integer result;

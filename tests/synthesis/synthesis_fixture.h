@@ -94,7 +94,7 @@ class Synthesis : public Fixture {
 
     /// The record's linkage at one global crank angle, on circuit 1 or 2.
     static Coupler Coupler_At(double crank, int circuit) {
-        Derive_Geometry();
+        Derive_Linkage(Leading::kInForce);
         Model.Calctype = 1;
         Model.ThetaZero = crank;
         Model.Omega2Input = 1;

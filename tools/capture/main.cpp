@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
@@ -358,7 +359,7 @@ Stops Walk() {
         {"frm_Help", "", [](Screen& s) { s.Hide(); }},
         {"frm_HomeScreen", "",
          [](Screen& s) {
-             Model.SavedFlag = true;  // no question about saving on this walk
+             Model_Saved();  // no question about saving on this walk
              Press(s, "cmd_Quit");
          }},
         {"frm_Quit", "quit", {}, 200},

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "tools/capture/walk.h"
 
 namespace verlink::capture {
@@ -218,7 +219,7 @@ Stops Straight_Line() {
 Stops Quit() {
     return {{"frm_HomeScreen", "",
              [](Screen& s) {
-                 Model.SavedFlag = true;  // no question about saving on this walk
+                 Model_Saved();  // no question about saving on this walk
                  Press(s, "cmd_Quit");
              },
              120, false, "", "Save the model from the File menu. The manual under Help tells the rest."},

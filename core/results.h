@@ -1,0 +1,33 @@
+// The owner of the flags of results: what holds, and what falls with what.
+#pragma once
+
+namespace verlink {
+
+/// The run in `RunTable` is that of the model as it stands. `Run_Holds`: and the user has asked for it. `Run_Shown`:
+/// it was made for the input screen to show and counts only from the user's next action, `Run_Counts`, which does
+/// nothing where no run stands. What was found out from an earlier run falls with the new one.
+void Run_Holds();
+void Run_Shown();
+void Run_Counts();
+/// The input screen is up: the run that stands counts again only from the user's next action.
+void Run_Held_Back();
+/// The model is another, or its run failed: nothing that was found of the old one holds, and a run that is being
+/// made is yet to hold.
+void Run_Dropped();
+
+/// Pin forces and torques of the whole run that stands, by the masses and loads as they stand.
+void Forces_Hold();
+/// Falls with a run, and with any change of masses or loads; balance and transform fall too.
+void Forces_Dropped();
+
+void Balance_Holds();
+void Balance_Dropped();
+
+void Transform_Holds();
+void Transform_Dropped();
+
+/// The model lies in `FilePath` as it stands; or no longer does.
+void Model_Saved();
+void Model_Unsaved();
+
+}  // namespace verlink

@@ -1,0 +1,82 @@
+// The linkage as boxes and options.
+#include "screens/linkage_screen.h"
+
+#include "animation/engine.h"
+#include "core/linkage_door.h"
+#include "core/linkage_model.h"
+#include "core/parameters.h"
+#include "core/results.h"
+#include "core/screen_geometry.h"
+
+namespace verlink {
+
+namespace {
+
+/// Targets of a shift-drag, by the index of their option.
+constexpr int kTargets[] = {2, 0, 1, 3, 4};
+
+}  // namespace
+
+Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
+    : Screen(name), opt_OpenCross(*this, "opt_OpenCross", {{0, "Open"}, {1, crossed}}) {
+    Width() = kWorkWidth;
+    Height() = kWorkHeight;
+    fra_toggle.Visible = false;
+    Set_Palette();
+    for (auto& box : txt_Linkout) box->BackColor = Model.ColorYellow;
+    opt_Polar[0].Value = true;
+    opt_OpenCross[0].Value = true;
+    opt_Shift_Drag[0].Value = true;
+    opt_Polar_Click(Model.PolarCoords ? 1 : 0);
+
+    txt_Linkout[1].Tip = "Length of link 2, the crank, from O2 to A, in the length unit shown";
+    txt_Linkout[2].Tip = "Length of link 3, the coupler, from A to B, in the length unit shown";
+    txt_Linkout[3].Tip = "Length of link 4, the rocker, from O4 to B, in the length unit shown";
+    txt_Linkout[4].Tip = "Distance from A to the coupler point P, in the length unit shown";
+    txt_Linkout[5].Tip = "Angle from the line AB to the line AP, degrees";
+    txt_Linkout[0].Tip = "Length of link 1, the ground, from O2 to O4, in the length unit shown";
+    txt_Linkout[6].Tip = "Direction of link 1 from O2 to O4, degrees";
+    txt_Linkout[15].Tip = "X of the pivot O4 from O2, in the length unit shown";
+    txt_Linkout[16].Tip = "Y of the pivot O4 from O2, in the length unit shown";
+    opt_Polar[0].Tip = "Link 1 is entered as the coordinates of the pivot O4";
+    opt_Polar[1].Tip = "Link 1 is entered as its length and angle";
+    opt_OpenCross[0].Tip = "Assemble the linkage on its open circuit";
+    opt_OpenCross[1].Tip = "Assemble the linkage on its crossed circuit";
+
+    opt_Polar.On(&platform::OptionButton::OnClick, [this](int i) { opt_Polar_Click(i); });
+    opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int i) { opt_OpenCross_Click(i); });
+    opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int i) { opt_Shift_Drag_Click(i); });
+    Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
+}
+
+void Linkage_Screen::Show_Choices() {
+    Put_Circuit(*this);
+    opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
+    for (int option = 0; option < 5; ++option)
+        if (kTargets[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
+}
+
+void Linkage_Screen::opt_Polar_Click(int Index) {
+    const bool polar = Index == 1;
+    if (polar != Model.PolarCoords) {
+        Model.PolarCoords = polar;
+        Model_Unsaved();
+    }
+    for (int box : {0, 6}) txt_Linkout[box].BackColor = polar ? Model.ColorYellow : Model.ColorCyan;
+    for (int box : {15, 16}) txt_Linkout[box].BackColor = polar ? Model.ColorCyan : Model.ColorYellow;
+}
+
+void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
+
+bool Linkage_Screen::Take_Circuit(int Index) {
+    if ((Model.CircuitSign == -1 ? 0 : 1) == Index) return false;
+    Enter_Linkage(Road::kBoxes, [Index] {
+        Model.CircuitIndex = Index + 1;
+        Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+    });
+    return true;
+}
+
+std::string Linkage_Screen::Shown_Title() { return Model.FigureTitle.empty() ? "Figure" : Model.FigureTitle; }
+
+}  // namespace verlink

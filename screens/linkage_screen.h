@@ -1,0 +1,83 @@
+// What the input and animate screens share: the linkage as boxes and options, beside its picture.
+#pragma once
+
+#include <string>
+
+#include "core/number.h"
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// Boxes show lengths in the shown unit and take effect when they are left or Return is pressed; boxes that are typed
+/// into are yellow, derived ones cyan. An option shows what the record says, and changes it when a hand chooses
+/// another.
+class Linkage_Screen : public platform::Screen {
+   public:
+    // The moving links: entry n of the labels and units belongs to entry n of `txt_Linkout`.
+    platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
+    platform::ControlArray<platform::Label> lbl_Link{*this,
+                                                     "lbl_Link",
+                                                     {{1, "Link 2 (Crank)"},
+                                                      {2, "Link 3 (Coupler)"},
+                                                      {3, "Link 4 (Rocker)"},
+                                                      {4, "Dist to Coupler Pt"},
+                                                      {5, "Angle to Coupler Pt"},
+                                                      {0, "mag"},
+                                                      {6, "ang"},
+                                                      {15, "x"},
+                                                      {16, "y"}}};
+    /// 1 L2, 2 L3, 3 L4, 4 Rpa, 5 Delta; link 1: 0 L1 and 6 its angle, or 15 and 16 the place of O4
+    platform::ControlArray<platform::TextBox> txt_Linkout{
+        *this, "txt_Linkout", {{1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}, {0, ""}, {6, ""}, {15, ""}, {16, ""}}};
+    /// The length unit, beside `txt_Linkout`(0) to (4); 11 and 12 beside (15) and (16)
+    platform::ControlArray<platform::Label> lbl_Units{
+        *this, "lbl_Units", {{1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}, {0, "len"}, {11, "len"}, {12, "len"}}};
+    /// The angle unit, beside `txt_Linkout`(5) and (6)
+    platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
+
+    // The ground link, in one of two forms.
+    platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
+    platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
+    platform::Frame SSFrame3{*this, "SSFrame3", "Pivot O4 Coords"};
+
+    platform::Frame fra_Circuit{*this, "fra_Circuit", "Circuit"};
+    platform::ControlArray<platform::OptionButton> opt_OpenCross;
+
+    // What kind of linkage it is.
+    platform::Frame SSFrame6{*this, "SSFrame6", "Grashof Condition"};
+    platform::Label lbl_Grashof{*this, "lbl_Grashof"};
+    platform::Frame fra_toggle{*this, "fra_toggle", "Toggles at +/-"};
+    platform::ControlArray<platform::Label> lbl_Toggle{*this, "lbl_Toggle", {{0, ""}, {1, "deg"}}};
+
+    platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
+        *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
+
+    void opt_Polar_Click(int Index);
+    void opt_Shift_Drag_Click(int Index);
+    virtual void opt_OpenCross_Click(int Index) = 0;
+    virtual void txt_Linkout_LostFocus(int Index) = 0;
+
+   protected:
+    /// Targets of a shift-drag, as `ShiftDragTarget` has them.
+    enum Target { kCrank = 0, kRocker = 1, kCouplerPoint = 2, kGround = 3, kCoupler = 4 };
+    /// Menus change the zoom by this factor.
+    static constexpr double kZoomStep = 1.1;
+
+    Linkage_Screen(const std::string& name, const char* crossed);
+
+    /// Selects the text on arrival, and calls `left` with the index when the box is left or Return is pressed there.
+    template <class Left>
+    static void Bind_Boxes(platform::ControlArray<platform::TextBox>& boxes, Left left) {
+        for (const auto& box : boxes) box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
+        boxes.On(&platform::Visual::OnLostFocus, left);
+        boxes.On(&platform::TextBox::OnReturn, left);
+    }
+    /// The options from the record.
+    void Show_Choices();
+    /// Takes the circuit of the option over; false when the record has it already.
+    bool Take_Circuit(int Index);
+    /// The title of the model in its box.
+    static std::string Shown_Title();
+};
+
+}  // namespace verlink
