@@ -67,6 +67,7 @@ frm_Animate::frm_Animate() : Screen("frm_Animate") {
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
     opt_Polar[0].Value = true;
     DefaultButton = &cmd_Animate;
+    StopButton = &cmd_Reset;
     Write_Tips();
     Bind();
 }
@@ -110,9 +111,9 @@ void frm_Animate::Write_Tips() {
 }
 
 void frm_Animate::Write_Button_Tips() {
-    cmd_Animate.Tip = "Play the run";
+    cmd_Animate.Tip = "Play the run; Escape stops it";
     cmd_Step.Tip = "Show the next position";
-    cmd_Reset.Tip = "Go back to the first position";
+    cmd_Reset.Tip = "Go back to the first position; stops a run that plays";
     cmd_Recalc.Tip = "Calculate again with the changed data";
     cmd_PlotPrint.Tip = "Print this screen";
     cmd_Back.Tip = "Go back to the input screen";
