@@ -48,10 +48,40 @@ void Move_Bar(platform::Screen& form, int value) {
     With<ScrollBar>(form, "hsc_step", platform::kNoIndex, [&](ScrollBar& bar) { bar.SetValue(value); });
 }
 
-void Hold_Frame() {
+/// False when the user has stopped the run.
+bool Hold_Frame() {
     const Long turns = static_cast<std::int64_t>(Model.AnimateWait) * Model.AnimateDelay;
     const std::int64_t counted = std::max(static_cast<std::int64_t>(turns), std::int64_t{0});
-    platform::The_Desktop().Pause(std::chrono::nanoseconds(counted * kNanosecondsPerTurn));
+    const std::chrono::nanoseconds pause(counted * kNanosecondsPerTurn);
+    return platform::The_Desktop().Pause(std::min<std::chrono::nanoseconds>(pause, kLongestFrame));
+}
+
+void Draw_Still(int step, platform::Screen& form) {
+    Model.PassColor = Model.PenColor;
+    Drawsub(step, form);
+}
+
+/// One cycle of a run. Gives back whether there is to be another: not when the user has stopped it, and not when there
+/// was nothing to show, since the next one would be the same.
+bool Play_Cycle(platform::Screen& form) {
+    bool shown = false;
+    for (int step = Model.FirstStep; step <= Model.LastStep; step += Model.StepIncrement) {
+        if (!Model.RunTable.Assembled(step)) continue;
+        bool stop = false;
+        const bool goes_on = Drawone(step, form, stop);
+        Model.PenColor = Model.DrawColor;
+        if (stop) {
+            if (step > 0) Drawsub(step - 1, form);
+            break;
+        }
+        shown = true;
+        if (!goes_on || step == Model.LastStep) Draw_Still(step, form);
+        if (goes_on) continue;
+        // As after a press of Step: the position stands, and the next one is the next to be shown.
+        Model.CurrentStep = step + 1;
+        return false;
+    }
+    return shown;
 }
 
 }  // namespace
@@ -159,31 +189,20 @@ void Animate_Setup(platform::Screen& form) {
 }
 
 void Animate(platform::Screen& form) {
+    const Told_As_One told;
     Guarded("Animate", [&] {
         Animate_Setup(form);
         Model.CurrentStep = 0;
         Show_Readout(form, false);
         platform::Surface& surface = form.Get<PictureBox>("Picture1").Canvas();
         const bool curve = Model.ShowCouplerFlag == "Y";
-        for (int cycle = 1; cycle <= Model.Cycles; ++cycle) {
+        bool goes_on = true;
+        for (int cycle = 1; cycle <= Model.Cycles && goes_on; ++cycle) {
             surface.Cls();
             Drawpivots(form);
             Axes(form);
             if (curve) DrawCouplerCurve(form);
-            for (int step = Model.FirstStep; step <= Model.LastStep; step += Model.StepIncrement) {
-                if (!Model.RunTable.Assembled(step)) continue;
-                bool stop = false;
-                Drawone(step, form, stop);
-                Model.PenColor = Model.DrawColor;
-                if (stop) {
-                    if (step > 0) Drawsub(step - 1, form);
-                    break;
-                }
-                if (step == Model.LastStep) {
-                    Model.PassColor = Model.PenColor;
-                    Drawsub(step, form);
-                }
-            }
+            goes_on = Play_Cycle(form);
             if (curve) DrawCouplerCurve(form);
             Drawpivots(form);
             Axes(form);
@@ -191,7 +210,8 @@ void Animate(platform::Screen& form) {
     });
 }
 
-void Drawone(int step, platform::Screen& form, bool& stop) {
+bool Drawone(int step, platform::Screen& form, bool& stop) {
+    bool goes_on = true;
     Guarded("Drawone", [&] {
         stop = false;
         const auto& points = Model.RunTable.PointXY;
@@ -204,12 +224,13 @@ void Drawone(int step, platform::Screen& form, bool& stop) {
                 return;
             }
             Drawsub(step, form);
-            if (pass == Model.DrawColor) Hold_Frame();
+            if (pass == Model.DrawColor) goes_on = Hold_Frame();
         }
         if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
         Drawpivots(form);
     });
+    return goes_on;
 }
 
 void Step(platform::Screen& form, Integer& step) {

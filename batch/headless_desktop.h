@@ -30,7 +30,7 @@ class HeadlessDesktop : public platform::Desktop {
     void Serve_Events(platform::Screen& screen, const std::function<bool()>&) override { screen.Hide(); }
     void Set_Pointer(platform::Pointer) override {}
     platform::DisplaySize Display() override { return {28800, 16200, 1920, 1080}; }
-    void Pause(std::chrono::nanoseconds) override {}
+    bool Pause(std::chrono::nanoseconds) override { return true; }
     std::string Session_User() override { return ""; }
     std::string Documents_Folder() override { return ""; }
     std::string Program_Folder() override { return ""; }

@@ -72,6 +72,7 @@ double Theta_At(double t) { return Model.Alpha2 * t * t / 2 + Model.Omega2Input 
 }  // namespace
 
 void Calc_Setup(Integer Calctype, Integer& Result) {
+    const Told_As_One told;
     Guarded("Calc_Setup", [&] {
         Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
         Grashof();
@@ -173,6 +174,7 @@ void Crankangle(Integer& Result) {
 }
 
 void Imported_Run(Integer& Result) {
+    const Told_As_One told;
     Guarded("Imported_Run", [&] {
         Begin_Run(Result);
         Clear_Motion();

@@ -12,6 +12,21 @@
 
 namespace verlink::desktop {
 
+namespace {
+
+bool isFilm(const QString& document) { return document.endsWith(QStringLiteral(".webm")); }
+
+/// A build makes the manual by itself; its film takes minutes and is made when it is asked for.
+QString notInstalled(const QString& document) {
+    const QString note = QStringLiteral("This document is not installed: ") + document;
+    if (!isFilm(document)) return note;
+    return note + QStringLiteral(
+                      "\n\nIt is a film. Where Verlink was built from its sources, tools/screencast makes it there, in "
+                      "some minutes; then this entry shows it.");
+}
+
+}  // namespace
+
 QString helpDocument(const QString& document) {
     const QString program = QCoreApplication::applicationDirPath();
     for (const char* folder : {"/", "/../share/verlink/", "/../"}) {
@@ -48,8 +63,8 @@ void DocumentWidget::show(const QString& document) {
     } else if (file != shown_ || !name.isEmpty()) {
         const QString path = helpDocument(file);
         if (path.isEmpty()) {
-            say(QStringLiteral("This document is not installed: ") + file);
-        } else if (!file.endsWith(QStringLiteral(".pdf"))) {
+            say(notInstalled(file));
+        } else if (isFilm(file)) {
             say((QDesktopServices::openUrl(QUrl::fromLocalFile(path))
                      ? QStringLiteral("Your video player shows this document: ")
                      : QStringLiteral("No player was found for this document: ")) +

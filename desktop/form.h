@@ -49,6 +49,8 @@ class Form : public QMainWindow {
     /// Takes the caption, place and size that the program wishes, as far as they have changed.
     void applyShape();
     void showCaption();
+    /// The button that stops a run; null for none.
+    QPushButton* stopButton() const { return buttonOf(screen_.StopButton); }
     /// The widget, menu action or timer of a control; null when it has none.
     QObject* objectOf(const platform::Control& control) const;
     /// Object names of the visible controls that the layout has not placed.

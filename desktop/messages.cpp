@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <vector>
@@ -22,6 +23,7 @@ int interruptions_so_far = 0;
 struct Choice {
     QMessageBox::StandardButton button;
     Answer answer;
+    const char* caption = nullptr;  ///< instead of a standard button, whose place among others the style decides
 };
 
 std::vector<Choice> choicesOf(Buttons buttons) {
@@ -32,11 +34,17 @@ std::vector<Choice> choicesOf(Buttons buttons) {
         case Buttons::kRetryCancel:
             return {{QMessageBox::Retry, Answer::kRetry}, {QMessageBox::Cancel, Answer::kCancel}};
         case Buttons::kAbortRetryIgnore:
-            return {{QMessageBox::Abort, Answer::kAbort},
-                    {QMessageBox::Retry, Answer::kRetry},
-                    {QMessageBox::Ignore, Answer::kIgnore}};
+            return {{QMessageBox::NoButton, Answer::kAbort, "&Abort"},
+                    {QMessageBox::NoButton, Answer::kRetry, "&Retry"},
+                    {QMessageBox::NoButton, Answer::kIgnore, "&Ignore"}};
     }
     return {};
+}
+
+QPushButton* addButton(QMessageBox& box, const Choice& choice) {
+    if (!choice.caption) return box.addButton(choice.button);
+    // Of one role, they stand as they were added.
+    return box.addButton(QString::fromLatin1(choice.caption), QMessageBox::ActionRole);
 }
 
 /// The program breaks its lines itself: the box is as wide as the longest one, where the display has the room.
@@ -72,14 +80,17 @@ Answer showMessage(QWidget* parent, const platform::Message& message) {
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setIcon(iconOf(message.icon));
     const std::vector<Choice> choices = choicesOf(message.buttons);
-    for (const Choice& choice : choices) box.addButton(choice.button);
+    std::vector<QPushButton*> buttons;
+    for (const Choice& choice : choices) buttons.push_back(addButton(box, choice));
     const auto first =
         static_cast<std::size_t>(std::clamp<int>(message.default_button, 1, static_cast<int>(choices.size())) - 1);
-    box.setDefaultButton(choices[first].button);
+    box.setDefaultButton(buttons[first]);
+    // Where none of them says No or Cancel, Escape and closing the window answer as the default does.
+    if (message.buttons == Buttons::kAbortRetryIgnore) box.setEscapeButton(buttons[first]);
     keepLinesWhole(box);
-    const int pressed = box.exec();
-    for (const Choice& choice : choices)
-        if (choice.button == pressed) return choice.answer;
+    box.exec();
+    for (std::size_t i = 0; i < choices.size(); ++i)
+        if (buttons[i] == box.clickedButton()) return choices[i].answer;
     // The window was closed where no button stands for that: the most harmless answer is the last one.
     return choices.back().answer;
 }

@@ -1,13 +1,17 @@
-// The pace of a run that plays: time passes, windows repaint, and nothing is taken in.
+// The pace of a run that plays: time passes, windows repaint, and nothing is taken in but the wish to stop.
 #pragma once
 
 #include <chrono>
 
+class QAbstractButton;
+class QWidget;
+
 namespace verlink::desktop {
 
-/// Repaints, and returns when `pause` has passed since the end of the last call; when the last call ended long
-/// ago, since now. Mouse, keys, wheel and closing are lost meanwhile.
-void pauseFrame(std::chrono::nanoseconds pause);
+/// Repaints, and returns true when `pause` has passed since the end of the last call; when the last call ended long
+/// ago, since now. Escape, the close button of the window and the button return false at once; the window closes, or
+/// the button clicks, when the program waits for events next. Other keys, mouse and wheel are lost meanwhile.
+bool pauseFrame(std::chrono::nanoseconds pause, QWidget* window = nullptr, QAbstractButton* button = nullptr);
 
 /// Is a pause under way?
 bool inPause();

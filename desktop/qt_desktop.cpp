@@ -176,7 +176,10 @@ DisplaySize QtDesktop::Display() {
             whole.height()};
 }
 
-void QtDesktop::Pause(std::chrono::nanoseconds pause) { pauseFrame(pause); }
+bool QtDesktop::Pause(std::chrono::nanoseconds pause) {
+    Form* form = top();
+    return pauseFrame(pause, form, form ? form->stopButton() : nullptr);
+}
 
 std::string QtDesktop::Session_User() {
     if (const passwd* user = ::getpwuid(::getuid()); user && user->pw_name) return user->pw_name;

@@ -37,7 +37,7 @@ class QtDesktop : public platform::Desktop {
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
     void Set_Pointer(platform::Pointer pointer) override;
     platform::DisplaySize Display() override;
-    void Pause(std::chrono::nanoseconds pause) override;
+    bool Pause(std::chrono::nanoseconds pause) override;
     std::string Session_User() override;
     std::string Documents_Folder() override;
     std::string Program_Folder() override;

@@ -84,9 +84,11 @@ class Desktop {
     virtual void Set_Pointer(Pointer pointer) = 0;
     virtual DisplaySize Display() = 0;
 
-    /// Lets the time of one frame pass from the end of the last one, painting but taking no input; a pause of
-    /// zero returns at once, after painting.
-    virtual void Pause(std::chrono::nanoseconds pause) = 0;
+    /// Lets the time of one frame pass from the end of the last one, painting; a pause of zero returns at once, after
+    /// painting. Of the user's hand it takes only what stops a run: Escape, the close button of the window on top, and
+    /// its screen's `StopButton`. Then it gives back false, and when the program next waits for the user, the window
+    /// closes or the button is clicked.
+    [[nodiscard]] virtual bool Pause(std::chrono::nanoseconds pause) = 0;
 
     virtual std::string Session_User() = 0;      ///< the login name
     virtual std::string Documents_Folder() = 0;  ///< without a separator at its end

@@ -78,6 +78,8 @@ class Screen {
     /// The button that Return presses where no other control takes the key, and the one for Escape; null for none.
     CommandButton* DefaultButton = nullptr;
     CommandButton* CancelButton = nullptr;
+    /// The button that ends a run which plays on the screen, before it does its own work; null for none.
+    CommandButton* StopButton = nullptr;
 
     /// The user's attempt to close the window: `Form_QueryUnload`, then, unless cancelled, hiding and `Form_Unload`.
     void Close();

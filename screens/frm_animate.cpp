@@ -56,6 +56,7 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     lbl_StepNumber.BackColor = Model.ColorCyan;
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
     DefaultButton = &cmd_Animate;
+    StopButton = &cmd_Reset;
     Write_Tips();
     Bind();
 }
@@ -86,9 +87,9 @@ void frm_Animate::Write_Tips() {
 }
 
 void frm_Animate::Write_Button_Tips() {
-    cmd_Animate.Tip = "Play the run";
+    cmd_Animate.Tip = "Play the run; Escape stops it";
     cmd_Step.Tip = "Show the next position";
-    cmd_Reset.Tip = "Go back to the first position";
+    cmd_Reset.Tip = "Go back to the first position; stops a run that plays";
     cmd_Recalc.Tip = "Calculate again with the changed data";
     cmd_PlotPrint.Tip = "Print this screen";
     cmd_Back.Tip = "Go back to the input screen";

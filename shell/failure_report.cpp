@@ -46,6 +46,7 @@ void Report_Error(long ErrorNumber, const std::string& ProcName) {
     const Advice advice = Advice_For(ErrorNumber);
     std::string text = "Error " + std::to_string(ErrorNumber) + "   (" + platform::Failure_Description(ErrorNumber) +
                        ")  has occurred in " + ProcName + CRLF + CRLF + advice.text;
+    if (Repeats() > 1 && !advice.text.empty()) text += CRLF;
     if (Repeats() > 1) text += "It has occurred " + std::to_string(Repeats()) + " times in this run.";
     platform::Tell(text, advice.icon);
     // Before the home screen comes up, which may be for long.

@@ -318,14 +318,86 @@ TEST_F(Engine, ANegativeCountOfTurnsIsNoDelay) {
     EXPECT_EQ(desktop.Pauses.at(0), std::chrono::nanoseconds(0));
 }
 
-TEST_F(Engine, ADelayTooLongToCountEndsTheFrameWithAnOverflow) {
+TEST_F(Engine, NoFrameIsHeldForMoreThanAQuarterOfASecond) {
+    Model.AnimateDelay = 32767;
+    for (const auto& [wait, milliseconds] : {std::pair{76, 249.0292}, {77, 250.0}, {500, 250.0}, {32767, 250.0}}) {
+        Model.AnimateWait = wait;
+        desktop.Pauses.clear();
+        Animate(stage);
+        ASSERT_EQ(desktop.Pauses.size(), 5U);
+        for (const auto pause : desktop.Pauses)
+            EXPECT_EQ(std::chrono::duration<double>(pause).count(), milliseconds / 1000) << wait;
+    }
+}
+
+TEST_F(Engine, ADelayTooLongToCountEndsEachFrameWithAnOverflowThatIsToldOnce) {
     By_Angle(0, 90, 90);
     Model.AnimateWait = 32767;
     Model.AnimateDelay = 65600;
-    for (int frame = 0; frame < 2; ++frame)
-        desktop.Expect_Message("Error 6   (Overflow)  has occurred in Drawone\r\n\r\n", platform::Answer::kOk,
-                               platform::Icon::kInformation);
+    desktop.Expect_Message("Error 6   (Overflow)  has occurred in Drawone\r\n\r\nIt has occurred 2 times in this run.",
+                           platform::Answer::kOk, platform::Icon::kInformation);
     Animate(stage);
+}
+
+TEST_F(Engine, AStoppedRunLeavesTheFrameThatWasOnShow) {
+    Model.ShowCouplerFlag = "Y";
+    Model.Cycles = 32767;
+    desktop.StopAtPause = 3;
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step : {0, 1, 2}) Append(expected, Frame(step));
+    Append(expected, Links(2, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(desktop.Pauses.size(), 3U);
+    EXPECT_EQ(Model.PenColor, Model.ColorMagenta);
+}
+
+TEST_F(Engine, ARunStoppedInALaterCycleEndsThere) {
+    Model.Cycles = 5;
+    desktop.StopAtPause = 6;
+    Rows rows = Played();
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), "Cls"), 2);
+    EXPECT_EQ(desktop.Pauses.size(), 6U);
+    Animate(stage);
+    EXPECT_EQ(desktop.Pauses.size(), 31U) << "the next run plays to its end";
+}
+
+TEST_F(Engine, SteppingGoesOnFromWhereARunWasStopped) {
+    desktop.StopAtPause = 3;
+    Animate(stage);
+    EXPECT_EQ(Model.CurrentStep, 3);
+    bool lock = false;
+    Step_Setup(stage, lock);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "270.0");
+    EXPECT_EQ(stage.hsc_step.Value(), 3);
+    Step_Reset(stage);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "0.0");
+}
+
+TEST_F(Engine, ARunStoppedAtItsLastFrameHasThatOnce) {
+    desktop.StopAtPause = 5;
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    bool lock = false;
+    Step_Setup(stage, lock);
+    EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "0.0");
+}
+
+TEST_F(Engine, ARunThatShowsNothingDoesNotRepeatIt) {
+    for (int step = 0; step <= 4; ++step) Model.RunTable.Assembled(step) = false;
+    Model.Cycles = 32767;
+    Rows rows = Played();
+    Rows expected = Opening();
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    Model.RunTable.Assembled(0) = true;
+    Model.RunTable.PointXY(0, 2, 0) = Model.RunTable.PointXY(0, 2, 1) = 0;
+    EXPECT_EQ(Played(), expected);
 }
 
 TEST_F(Engine, AStepShowsItsReadOutAndStillPicture) {

@@ -235,6 +235,21 @@ TEST_F(Runs, DrivenRunsAskWhereverTheyStartAndGoOnAfterAnAbort) {
     EXPECT_TRUE(Model.RunTable.Assembled(2));
 }
 
+TEST_F(Runs, AFailureThatRepeatsInARunIsToldOnceWithItsCount) {
+    Lengths(4, 2, 3, 0);
+    const std::string once = "Error 11   (Division by zero)  has occurred in Calculate\r\n\r\n";
+    Model.Calctype = 3;
+    desktop.Expect_Message(once + "It has occurred 37 times in this run.");
+    Calc_Setup(3, result);
+    desktop.Expect_Message(once);
+    Calc_Setup(1, result);
+    Model.Calctype = 5;
+    Model.LinkDriven = true;
+    Model.NSteps = 3;
+    desktop.Expect_Message(once + "It has occurred 4 times in this run.");
+    Imported_Run(result);
+}
+
 TEST_F(Runs, FullTableOf2881PositionsFitsAndOneMoreDoesNot) {
     Angles(0, 720, 0.25);
     EXPECT_EQ(Model.NSteps, 2880);

@@ -25,6 +25,13 @@ class MessagesTest : public DesktopTest {
 
 void Press(QMessageBox& box, QMessageBox::StandardButton button) { box.button(button)->click(); }
 
+QAbstractButton* Called(QMessageBox& box, const char* caption) {
+    for (QAbstractButton* button : box.buttons())
+        if (button->text().remove(u'&') == QString::fromLatin1(caption)) return button;
+    ADD_FAILURE() << "no button " << caption;
+    return box.buttons().constFirst();
+}
+
 TEST_F(MessagesTest, The_text_keeps_its_blanks_and_ends_its_lines) {
     const std::string text = std::string("   Indented   twice") + CR + CR + "  next" + CRLF + "<b>last</b> & so  ";
     Show({.text = text}, [](QMessageBox& box) {
@@ -59,26 +66,44 @@ TEST_F(MessagesTest, Each_icon_is_the_one_told) {
 }
 
 TEST_F(MessagesTest, Each_button_gives_its_answer_and_no_other_buttons_are_there) {
-    using Pair = std::pair<QMessageBox::StandardButton, Answer>;
+    using Pair = std::pair<const char*, Answer>;
     const std::pair<Buttons, std::vector<Pair>> sets[] = {
-        {Buttons::kOk, {{QMessageBox::Ok, Answer::kOk}}},
-        {Buttons::kOkCancel, {{QMessageBox::Ok, Answer::kOk}, {QMessageBox::Cancel, Answer::kCancel}}},
-        {Buttons::kYesNo, {{QMessageBox::Yes, Answer::kYes}, {QMessageBox::No, Answer::kNo}}},
-        {Buttons::kRetryCancel, {{QMessageBox::Retry, Answer::kRetry}, {QMessageBox::Cancel, Answer::kCancel}}},
+        {Buttons::kOk, {{"OK", Answer::kOk}}},
+        {Buttons::kOkCancel, {{"OK", Answer::kOk}, {"Cancel", Answer::kCancel}}},
+        {Buttons::kYesNo, {{"Yes", Answer::kYes}, {"No", Answer::kNo}}},
+        {Buttons::kRetryCancel, {{"Retry", Answer::kRetry}, {"Cancel", Answer::kCancel}}},
         {Buttons::kAbortRetryIgnore,
-         {{QMessageBox::Abort, Answer::kAbort},
-          {QMessageBox::Retry, Answer::kRetry},
-          {QMessageBox::Ignore, Answer::kIgnore}}}};
+         {{"Abort", Answer::kAbort}, {"Retry", Answer::kRetry}, {"Ignore", Answer::kIgnore}}}};
     for (const auto& [buttons, pairs] : sets)
         for (const auto& [button, answer] : pairs) {
             const std::size_t count = pairs.size();
             EXPECT_EQ(Show({.text = "x", .buttons = buttons},
                            [&, button = button](QMessageBox& box) {
                                EXPECT_EQ(static_cast<std::size_t>(box.buttons().size()), count);
-                               Press(box, button);
+                               Called(box, button)->click();
                            }),
                       answer);
         }
+}
+
+TEST_F(MessagesTest, Abort_Retry_and_Ignore_stand_in_this_order) {
+    Show({.text = "x", .buttons = Buttons::kAbortRetryIgnore}, [](QMessageBox& box) {
+        const int abort = Called(box, "Abort")->x(), retry = Called(box, "Retry")->x();
+        EXPECT_LT(abort, retry);
+        EXPECT_LT(retry, Called(box, "Ignore")->x());
+        Called(box, "Ignore")->click();
+    });
+}
+
+TEST_F(MessagesTest, Abort_Retry_and_Ignore_are_answered_by_Escape_and_by_closing_as_by_the_default) {
+    const Answer answers[] = {Answer::kAbort, Answer::kRetry, Answer::kIgnore};
+    for (const int number : {1, 2, 3}) {
+        const Message message{.text = "x", .buttons = Buttons::kAbortRetryIgnore, .default_button = number};
+        const Answer wanted = answers[number - 1];
+        EXPECT_EQ(Show(message, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), wanted);
+        EXPECT_EQ(Show(message, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }), wanted);
+        EXPECT_EQ(Show(message, [](QMessageBox& box) { box.close(); }), wanted);
+    }
 }
 
 TEST_F(MessagesTest, The_default_button_is_the_one_told) {

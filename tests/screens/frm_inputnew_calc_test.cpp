@@ -41,6 +41,24 @@ TEST_F(Calc, AnAngleRunClosesAtEveryStepAndShowsTheSecondPosition) {
     });
 }
 
+TEST_F(Calc, ALengthOfZeroOrAnEmptiedBoxIsToldOnceForTheWholeRun) {
+    Show([&] {
+        for (const int box : {1, 2, 3})
+            for (const char* text : {"0", ""}) {
+                SCOPED_TRACE(std::to_string(box) + text);
+                const std::string before = input.txt_Linkout[box].Text;
+                desktop.Expect_Message(
+                    "Error 11   (Division by zero)  has occurred in Calculate\r\n\r\n"
+                    "It has occurred 37 times in this run.",
+                    Answer::kOk, Icon::kInformation);
+                Enter_Link(box, text);
+                desktop.Verify();
+                Enter_Link(box, before.c_str());
+                EXPECT_TRUE(Model.RunTable.Assembled(0));
+            }
+    });
+}
+
 TEST_F(Calc, ATimeRunFollowsTheConstantAcceleration) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 2);

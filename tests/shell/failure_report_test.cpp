@@ -91,6 +91,39 @@ TEST_F(FailureReport, BringsTheMousePointerBack) {
     EXPECT_EQ(desktop.PointerNow, platform::Pointer::kDefault);
 }
 
+TEST_F(FailureReport, AfterOutOfMemoryThePointerIsBackBeforeTheHomeScreenComesUp) {
+    platform::Screens::Register("frm_HomeScreen", [] { return std::make_unique<platform::Screen>("frm_HomeScreen"); });
+    desktop.PointerNow = platform::Pointer::kHourglass;
+    bool came_up = false;
+    desktop.Expect_Message_With("Error 7   (Out of memory)")
+        .Expect_Screen("frm_HomeScreen", [&](platform::Screen& screen) {
+            came_up = true;
+            EXPECT_EQ(desktop.PointerNow, platform::Pointer::kDefault);
+            screen.Hide();
+        });
+    Report_Error(7, "Somewhere");
+    EXPECT_TRUE(came_up);
+}
+
+TEST_F(FailureReport, FailuresOfARunAreToldWithTheirCount) {
+    const auto fail = [](int times, long number) {
+        const Told_As_One told;
+        for (int i = 0; i < times; ++i) Guarded("Calculate", [number] { platform::Raise(number); });
+    };
+    desktop.Expect_Message(
+        "Error 11   (Division by zero)  has occurred in Calculate\r\n\r\nIt has occurred 2881 times in this run.",
+        Answer::kOk, Icon::kInformation, Buttons::kOk);
+    fail(2881, 11);
+    desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Calculate\r\n\r\n", Answer::kOk,
+                           Icon::kInformation, Buttons::kOk);
+    fail(1, 11);
+    desktop.Expect_Message(
+        "Error 57   (Device I/O error)  has occurred in Calculate\r\n\r\n"
+        "Device I/O error- bad drive or disk - please try another\r\nIt has occurred 3 times in this run.",
+        Answer::kOk, Icon::kInformation, Buttons::kOk);
+    fail(3, 57);
+}
+
 TEST_F(FailureReport, GuardReportsUnderTheProceduresNameAndGoesOn) {
     desktop.Expect_Message("Error 6   (Overflow)  has occurred in Calculate\r\n\r\n");
     int reached = 0;

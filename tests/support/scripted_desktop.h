@@ -39,6 +39,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::vector<std::string> Printed;             ///< names of the screens printed
     std::vector<std::vector<std::string>> Pages;  ///< lines of each page printed
     std::vector<std::chrono::nanoseconds> Pauses;
+    std::size_t StopAtPause = 0;  ///< the user stops the run at that one of the `Pauses`, from 1; 0 for never
     std::vector<platform::FileType> FileTypes;
     platform::Pointer PointerNow = platform::Pointer::kDefault;
     std::vector<platform::Pointer> Pointers;  ///< each that was set
@@ -60,7 +61,10 @@ class ScriptedDesktop : public platform::Desktop {
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
     void Set_Pointer(platform::Pointer pointer) override;
     platform::DisplaySize Display() override { return Size; }
-    void Pause(std::chrono::nanoseconds pause) override { Pauses.push_back(pause); }
+    bool Pause(std::chrono::nanoseconds pause) override {
+        Pauses.push_back(pause);
+        return Pauses.size() != StopAtPause;
+    }
     std::string Session_User() override { return User; }
     std::string Documents_Folder() override { return Documents; }
     std::string Program_Folder() override { return Program; }
