@@ -53,6 +53,8 @@ void Set_Delta(Single Delta, Single& DeltaRad, std::string& DeltaStr);
 void Clear_RunTable();
 
 /// The factor between a stored length and a shown one: 100 in `Units` 4, 1000 in 5, else 1.
+double Shown_Factor(const UnitSystem& units);
+/// The record's.
 double Shown_Factor();
 
 }  // namespace verlink

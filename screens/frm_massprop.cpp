@@ -12,6 +12,7 @@
 #include "dynamics/mass_properties.h"
 #include "files/exports.h"
 #include "platform/guard.h"
+#include "screens/frm_matrix.h"
 #include "screens/print_questions.h"
 
 namespace verlink {
@@ -99,7 +100,7 @@ void frm_MassProp::Form_Activate() {
         cmd_Solve.Enabled = true;
         cmd_Solve.Tip = kSolveTip;
         Titlebox(*this);
-        Put_Mass_Properties(*this);
+        Put_Mass_Properties(*this, Model, Model);
         Show_Units();
         const bool solved = std::exchange(FromMatrix, false);
         Allow_Results(solved);
@@ -143,13 +144,12 @@ void frm_MassProp::Take_Torque_Table() {
 void frm_MassProp::cmd_Solve_Click() {
     Guarded("frm_MassProp.cmd_Solve", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
-        Get_Mass_Properties(*this);
+        Get_Mass_Properties(*this, Model, Model);
         Model.BalanceDone = false;
-        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
-        // The imported table has taken its place during the solution.
+        const ForceSolve solve = Solve_Forces(Model);
+        if (solve.first) PrintAmatrix(solve.first->A, solve.first->C);
+        // The imported table takes its place.
         if (Model.TorqueImported) Model.ExtTorque(4) = 0;
-        // A solution that stopped half-way counts as done, too.
-        Model.DynamicsDone = true;
         Allow_Results(true);
         CancelButton = &cmd_Cancel;
         cmd_Done.SetFocus();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/numeric.h"
+#include "files/model_file.h"
 #include "tests/screens/frm_balance_fixture.h"
 
 namespace verlink::test {
@@ -60,6 +61,16 @@ TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {
         EXPECT_EQ(Model.BerkMass(link), Single(std::stod(In("txt_BerkMass", link))));
         EXPECT_EQ(Model.BerkRadius(link), Single(std::stod(In("txt_Radius", link))));
     }
+}
+
+TEST_F(BalanceCalc, UnderAnImportedTorqueNothingThatIsSavedChanges) {
+    Model.TorqueImported = true;
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.ImportedTorque(step) = 10 + step;
+    Model.ExtTorque(4) = 0;
+    const std::string file = File_Content();
+    Calculate_Now();
+    EXPECT_EQ(Model.ExtTorque(4), 0.0);
+    EXPECT_EQ(File_Content(), file);
 }
 
 TEST_F(BalanceCalc, BothGraphsShowMagnitudesBeforeAndAfter) {
