@@ -221,6 +221,8 @@ void frm_Balance::cmd_Calc_Click() {
         }
         Fluct = Strict_Value_Of(txt_Fluct);
         for (const auto& graph : grf_Plot) graph->Visible = false;
+        // There is nothing to balance without the forces of this run.
+        if (!Model.DynamicsDone) Solve_Forces(Model);
         const ForceSolve weights = Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
         if (weights.first) PrintAmatrix(weights.first->A, weights.first->C);
         Fly(Model, *this, Fluct, Model.RunTable.BalancedMoment);
