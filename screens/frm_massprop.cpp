@@ -133,12 +133,11 @@ void frm_MassProp::chk_Torque_Click() {
 }
 
 void frm_MassProp::Take_Torque_Table() {
-    // A model from disk has brought its table along, and solving waits.
-    if (Model.DiskFile) return;
-    if (Model.TorqueImported)
-        cmd_Solve.Enabled = true;
-    else
+    if (!Model.TorqueImported)
         Import_Torque(4);
+    else if (!Model.DiskFile)
+        cmd_Solve.Enabled = true;
+    // Else a model from disk has brought its table along, and solving waits.
 }
 
 void frm_MassProp::cmd_Solve_Click() {

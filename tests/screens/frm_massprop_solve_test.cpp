@@ -5,6 +5,9 @@
 #include <fstream>
 #include <string>
 
+#include "core/runs.h"
+#include "files/model_file.h"
+#include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
 
 namespace verlink::test {
@@ -28,6 +31,11 @@ struct MassPropSolve : MassPropScreen {
         std::ofstream file(Path("torque.trq"));
         file << last << "\r\n";
         for (int step = 0; step <= last; ++step) file << step / 2.0 << "\r\n";
+    }
+    void Expect_Torque_Read() {
+        desktop.Expect_Open(Path("torque.trq"));
+        desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.",
+                               platform::Answer::kOk, platform::Icon::kInformation);
     }
     void Expect_No_Import() {
         EXPECT_FALSE(form.chk_Torque.Value);
@@ -208,6 +216,51 @@ TEST_F(MassPropSolve, AModelFromDiskBringsItsTorqueTableAndKeepsSolveClosed) {
     EXPECT_TRUE(form.cmd_Solve.Enabled);
 }
 
+TEST_F(MassPropSolve, AModelFromDiskTakesATorqueTableOnceItsOwnIsCleared) {
+    With_Torque_Table();
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.TorqueImported);
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(form.cmd_Solve.Tip, "Solve for the forces and torques at every step with the data shown");
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+    No_Masses();
+    Solve();
+    for (int step = 0; step <= Model.NSteps; ++step)
+        EXPECT_EQ(Model.RunTable.LinkTorque(step, 2), step / 2.0) << "the new table";
+}
+
+TEST_F(MassPropSolve, AModelFromDiskWhoseRunHasDroppedItsTableTakesAnother) {
+    Model.TorqueImported = true;
+    Set_Identity();
+    Model.JustStarted = true;
+    Readfile(File_Content());
+    ASSERT_TRUE(Model.DiskFile);
+    ASSERT_TRUE(Model.TorqueImported);
+    Integer result;
+    Calc_Setup(3, result);
+    Model.JustStarted = false;
+    form.Form_Activate();
+    EXPECT_FALSE(form.chk_Torque.Value);
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+}
+
+TEST_F(MassPropSolve, ACancelledImportInAModelFromDiskOpensTheBoxAgain) {
+    Model.ExtTorque(4) = 2;
+    With_Torque_Table();
+    form.chk_Torque.Click();
+    desktop.Expect_Open({});
+    form.chk_Torque.Click();
+    Expect_No_Import();
+}
+
 TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
     Model.ExtTorque(4) = 99;
     With_Torque_Table();
@@ -221,9 +274,7 @@ TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
 
 TEST_F(MassPropSolve, TickingTheImportReadsATableOfTheRunsLength) {
     Put_Table(Model.NSteps);
-    desktop.Expect_Open(Path("torque.trq"));
-    desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.", platform::Answer::kOk,
-                           platform::Icon::kInformation);
+    Expect_Torque_Read();
     Model.ExtTorque(4) = 2;
     form.chk_Torque.Click();
     EXPECT_TRUE(form.chk_Torque.Value);
