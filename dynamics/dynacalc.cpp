@@ -283,4 +283,9 @@ ForceSolve Solve_Forces(LinkageModel& m) {
     return solve;
 }
 
+void Drop_Forces(LinkageModel& model) {
+    model.DynamicsDone = false;
+    model.BalanceDone = false;
+}
+
 }  // namespace verlink

@@ -58,4 +58,7 @@ void Resolve_Forces(MassProperties& loads);
 /// solve stopped half-way.
 ForceSolve Solve_Forces(LinkageModel& model);
 
+/// The loads are others: what was solved and balanced with those before no longer holds.
+void Drop_Forces(LinkageModel& model);
+
 }  // namespace verlink

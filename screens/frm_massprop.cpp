@@ -23,6 +23,8 @@ namespace {
 
 constexpr char kOneFriction[] = "; friction acts on link 3 alone";
 constexpr char kSolveTip[] = "Solve for the forces and torques at every step with the data shown";
+constexpr char kTableTip[] =
+    "Solve for the forces and torques at every step with the data shown and the imported torque";
 constexpr char kNoSolveTip[] = "The torque table came with the file: clear its box, or leave and come back, to solve";
 
 }  // namespace
@@ -98,16 +100,16 @@ void frm_MassProp::Form_Activate() {
     Guarded("frm_MassProp.Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         cmd_Solve.Enabled = true;
-        cmd_Solve.Tip = kSolveTip;
+        Write_Solve_Tip();
         Titlebox(*this);
         Put_Mass_Properties(*this, Model, Model);
         Show_Units();
         const bool solved = std::exchange(FromMatrix, false);
         Allow_Results(solved);
         if (!solved) txt_Mass[2].SetFocus();
+        chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
-        chk_Torque.Value = Model.TorqueImported;
     });
 }
 
@@ -118,26 +120,46 @@ void frm_MassProp::Box_Change() {
 
 void frm_MassProp::chk_Torque_Click() {
     Guarded("frm_MassProp.chk_Torque", [this] {
-        platform::TextBox& torque = txt_Torque[4];
-        torque.Enabled = !chk_Torque.Value;
+        const bool imported = Model.TorqueImported;
+        txt_Torque[4].Enabled = !chk_Torque.Value;
         cmd_Solve.Enabled = !chk_Torque.Value;
         if (chk_Torque.Value) {
-            torque.Text = "0";
             Take_Torque_Table();
         } else {
-            torque.Text = Text_Of(Model.ExtTorque(4));
+            txt_Torque[4].Text = Text_Of(Model.ExtTorque(4));
             Model.TorqueImported = false;
         }
-        cmd_Solve.Tip = cmd_Solve.Enabled ? kSolveTip : kNoSolveTip;
+        Write_Solve_Tip();
+        if (Model.TorqueImported == imported) return;
+        // The forces were those of the other torque.
+        Drop_Forces(Model);
+        Model.SavedFlag = false;
+        Allow_Results(false);
+        Refresh_Status();
     });
 }
 
 void frm_MassProp::Take_Torque_Table() {
-    if (!Model.TorqueImported)
-        Import_Torque(4);
-    else if (!Model.DiskFile)
-        cmd_Solve.Enabled = true;
-    // Else a model from disk has brought its table along, and solving waits.
+    const std::string typed = txt_Torque[4].Text;
+    const bool solved = cmd_Done.Enabled;
+    platform::CommandButton* const cancel = CancelButton;
+    txt_Torque[4].Text = "0";
+    if (Model.TorqueImported) {
+        // A model from disk has brought its table along, and solving waits.
+        cmd_Solve.Enabled = !Model.DiskFile;
+        return;
+    }
+    Import_Torque(4);
+    if (Model.TorqueImported) return;
+    // Nothing came of it: all is as it was.
+    chk_Torque.Value = false;
+    txt_Torque[4].Text = typed;
+    Allow_Results(solved);
+    CancelButton = cancel;
+}
+
+void frm_MassProp::Write_Solve_Tip() {
+    cmd_Solve.Tip = !cmd_Solve.Enabled ? kNoSolveTip : Model.TorqueImported ? kTableTip : kSolveTip;
 }
 
 void frm_MassProp::cmd_Solve_Click() {

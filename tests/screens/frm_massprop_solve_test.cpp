@@ -37,10 +37,10 @@ struct MassPropSolve : MassPropScreen {
         desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.",
                                platform::Answer::kOk, platform::Icon::kInformation);
     }
-    void Expect_No_Import() {
+    void Expect_No_Import(const std::string& torque) {
         EXPECT_FALSE(form.chk_Torque.Value);
         EXPECT_FALSE(Model.TorqueImported);
-        EXPECT_EQ(In("txt_Torque", 4), "2");
+        EXPECT_EQ(In("txt_Torque", 4), torque);
         EXPECT_TRUE(form.txt_Torque[4].Enabled);
         EXPECT_TRUE(form.cmd_Solve.Enabled);
     }
@@ -225,7 +225,8 @@ TEST_F(MassPropSolve, AModelFromDiskTakesATorqueTableOnceItsOwnIsCleared) {
     form.chk_Torque.Click();
     EXPECT_TRUE(Model.TorqueImported);
     EXPECT_TRUE(form.cmd_Solve.Enabled);
-    EXPECT_EQ(form.cmd_Solve.Tip, "Solve for the forces and torques at every step with the data shown");
+    EXPECT_EQ(form.cmd_Solve.Tip,
+              "Solve for the forces and torques at every step with the data shown and the imported torque");
     EXPECT_FALSE(form.txt_Torque[4].Enabled);
     No_Masses();
     Solve();
@@ -258,7 +259,7 @@ TEST_F(MassPropSolve, ACancelledImportInAModelFromDiskOpensTheBoxAgain) {
     form.chk_Torque.Click();
     desktop.Expect_Open({});
     form.chk_Torque.Click();
-    Expect_No_Import();
+    Expect_No_Import("2");
 }
 
 TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
@@ -292,19 +293,65 @@ TEST_F(MassPropSolve, TickingTheImportReadsATableOfTheRunsLength) {
 
 TEST_F(MassPropSolve, ATableOfAnotherLengthIsRefusedAndTheBoxGoesOff) {
     Put_Table(Model.NSteps / 2);
-    Model.ExtTorque(4) = 2;
+    Fill("txt_Torque", 4, "2");
     desktop.Expect_Open(Path("torque.trq"));
     desktop.Expect_Message("This file has a different number of data than your current model and is incompatible",
                            platform::Answer::kOk, platform::Icon::kExclamation);
     form.chk_Torque.Click();
-    Expect_No_Import();
+    Expect_No_Import("2");
 }
 
-TEST_F(MassPropSolve, ACancelledImportOpensTheBoxAgain) {
-    Model.ExtTorque(4) = 2;
+TEST_F(MassPropSolve, ACancelledImportLeavesTheScreenAsItWas) {
+    Fill("txt_Torque", 4, "7.5");
     desktop.Expect_Open({});
     form.chk_Torque.Click();
-    Expect_No_Import();
+    Expect_No_Import("7.5");
+    Solve();
+    EXPECT_EQ(Model.ExtTorque(4), 7.5);
+    Model.SavedFlag = true;
+    desktop.Expect_Open({});
+    form.chk_Torque.Click();
+    Expect_No_Import("7.5");
+    Expect_Results_Open(true);
+    EXPECT_EQ(form.CancelButton, &form.cmd_Cancel);
+    EXPECT_TRUE(Model.DynamicsDone);
+    EXPECT_TRUE(Model.SavedFlag);
+}
+
+TEST_F(MassPropSolve, AFileThatCannotBeReadLeavesTheScreenAsItWas) {
+    Fill("txt_Torque", 4, "7.5");
+    desktop.Expect_Open(Path("none.trq"));
+    desktop.Expect_Message("An error has occurred in the Import_Torque routine");
+    desktop.Expect_Message_With("has occurred in Import_Torque");
+    form.chk_Torque.Click();
+    Expect_No_Import("7.5");
+}
+
+TEST_F(MassPropSolve, ForcesOfTheTorqueBeforeDoNotCountOnceATableIsTakenOrCleared) {
+    Put_Table(Model.NSteps);
+    Solve();
+    Model.BalanceDone = true;
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.BalanceDone);
+    Expect_Results_Open(false);
+    Solve();
+    EXPECT_TRUE(Model.DynamicsDone);
+    Model.SavedFlag = true;
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.SavedFlag);
+    Expect_Results_Open(false);
+}
+
+TEST_F(MassPropSolve, ComingUpAgainKeepsTheForcesOfAnImportedTorque) {
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    Solve();
+    form.Form_Activate();
+    EXPECT_TRUE(Model.DynamicsDone);
 }
 
 TEST_F(MassPropSolve, ATableThatIsInForceIsNotAskedForAgain) {
