@@ -15,6 +15,7 @@
 #include "batch/run.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
+#include "dynamics/dynacalc.h"
 #include "dynamics/units.h"
 #include "files/exports.h"
 #include "files/model_file.h"
@@ -176,7 +177,7 @@ class Batch {
             // A run by angle or time drops the torque, also what was imported to be saved.
             if (options_.torque && options_.Forces_Wanted() && !Take_Torque(*options_.torque, err_)) return kFailed;
             // A step that cannot be solved spoils the status; the table keeps what was solved before it.
-            if (options_.Forces_Wanted()) done = Solve_Forces() && done;
+            if (options_.Forces_Wanted()) done = Solve_Forces(Model).solved && done;
             if (options_.balance && !Balance()) return kFailed;
             if (!Write_Results() || !Write_Exports()) return kFailed;
         }

@@ -1,13 +1,9 @@
-// The forces of a run as the screens of masses and of balance find them, but from the model's own values.
+// The balance of a run as its screen finds it, but from the model's own values.
 #pragma once
 
 #include <string>
 
 namespace verlink {
-
-/// Solves for the pin forces and the driving torque with the external loads. False when some step could not be
-/// solved, which has been told.
-bool Solve_Forces();
 
 /// After a solve: counterweights at half the lengths of their links, unrounded, and a flywheel that leaves 0.05 of the
 /// torque's pulses. False when the run is of a kind that is not balanced, which has been told.

@@ -82,7 +82,7 @@ double Floor(const std::vector<DenseSystem>& systems) {
 }
 
 void Solve() {
-    Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+    Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
     benchmark::DoNotOptimize(Model.RunTable.LinkTorque(Model.NSteps, 0));
 }
 
@@ -97,7 +97,7 @@ void Take_Loaded_Linkage(bool loads) {
     }
     Model.ForceDist3 = Model.ForceDist4 = loads ? 0.8 : 0;
     Model.ForceAng3 = Model.ForceAng4 = loads ? 35 : 0;
-    Resolve_Forces();
+    Resolve_Forces(Model);
     Integer result;
     Calc_Setup(3, result);
 }
@@ -150,9 +150,9 @@ void Balance_Tables(benchmark::State& state) {
     Calc_Setup(3, result);
     Solve();
     for (auto _ : state) {
-        Default_Weights();
-        Berkof_Calc(Model.BerkMass, Model.BerkRadius);
-        Smooth_Torque(0.05, Model.RunTable.BalancedMoment);
+        Default_Weights(Model);
+        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        Smooth_Torque(Model, 0.05, Model.RunTable.BalancedMoment);
     }
 }
 BENCHMARK(Balance_Tables)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);

@@ -73,10 +73,10 @@ void Clear_RunTable() {
     Model.Delta2 = 0;
 }
 
-double Shown_Factor() { return Shown_Factor(Model.Units); }
+double Shown_Factor() { return Shown_Factor(Model); }
 
-double Shown_Factor(int Units) {
-    switch (Units) {
+double Shown_Factor(const UnitSystem& units) {
+    switch (units.Units) {
         case 4: return 100;
         case 5: return 1000;
         default: return 1;

@@ -55,6 +55,8 @@ void Clear_RunTable();
 void Clear_Motion();
 
 /// The factor between a stored length and a shown one: 100 in `Units` 4, 1000 in 5, else 1.
+double Shown_Factor(const UnitSystem& units);
+/// The record's.
 double Shown_Factor();
 double Shown_Factor(int Units);
 

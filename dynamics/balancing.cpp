@@ -6,7 +6,6 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
-#include "dynamics/dynacalc.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
 
@@ -18,45 +17,46 @@ using platform::Tell;
 namespace {
 
 /// What is missing of a required mass-radius product, as magnitude and angle.
-void Take_Need(int link, Single required_x, Single required_y) {
-    auto& m = Model;
+void Take_Need(const MassProperties& m, BalanceWeights& weights, int link, Single required_x, Single required_y) {
     const Single mx = m.LinkMass(link) * m.CG(link, 0) * std::cos(m.CG(link, 1));
     const Single my = m.LinkMass(link) * m.CG(link, 0) * std::sin(m.CG(link, 1));
     Single angle;
-    Cart_to_Polar(required_x - mx, required_y - my, m.MRNeeded(link), angle);
-    m.MRAngle(link) = angle * kDegToRad;
+    Cart_to_Polar(required_x - mx, required_y - my, weights.MRNeeded(link), angle);
+    weights.MRAngle(link) = angle * kDegToRad;
 }
 
-void Complete_Weights(Array<Single, 0, 4>& BerkMass, const Array<Single, 0, 4>& BerkRadius) {
-    auto& m = Model;
+void Complete_Weights(const MassProperties& m, BalanceWeights& weights, Array<Single, 0, 4>& BerkMass,
+                      const Array<Single, 0, 4>& BerkRadius) {
     for (const int link : {2, 4}) {
-        m.BerkInertia(link) = BerkRadius(link) * BerkRadius(link) * BerkMass(link);
-        m.BerkCG(link, 0) = BerkRadius(link);
-        m.BerkCG(link, 1) = m.MRAngle(link);
+        weights.BerkInertia(link) = BerkRadius(link) * BerkRadius(link) * BerkMass(link);
+        weights.BerkCG(link, 0) = BerkRadius(link);
+        weights.BerkCG(link, 1) = weights.MRAngle(link);
     }
     for (const int link : {1, 3}) {
         BerkMass(link) = 0;
-        m.BerkInertia(link) = 0;
-        m.BerkCG(link, 0) = m.CG(link, 0);
-        m.BerkCG(link, 1) = m.CG(link, 1);
+        weights.BerkInertia(link) = 0;
+        weights.BerkCG(link, 0) = m.CG(link, 0);
+        weights.BerkCG(link, 1) = m.CG(link, 1);
     }
 }
 
-void Solve_Weights(const Array<Single, 0, 4>& BerkMass) {
-    auto& m = Model;
+ForceSolve Solve_Weights(const Balancing& balancing, const Array<Single, 0, 4>& BerkMass) {
     const std::string advice = std::string(CR) + "Please recalculate for multi-positions.";
-    switch (m.Calctype) {
+    const BalanceWeights& weights = balancing.weights;
+    RunResults& table = balancing.run.table;
+    switch (balancing.calctype) {
         case 1: Tell("Cannot balance a linkage for one position." + advice); break;
         case 2: Tell("Cannot balance a linkage for Time Steps." + advice); break;
-        case 3: Dynacalc(-1, BerkMass, m.BerkInertia, m.BerkCG, m.RunTable.BerkForce, m.RunTable.BerkTorque); break;
+        case 3:
+            return Dynacalc(balancing.run, -1, BerkMass, weights.BerkInertia, weights.BerkCG, table.BerkForce,
+                            table.BerkTorque);
         default: Tell(std::string("Cannot balance a cam- or linkage-driven linkage.") + CR); break;
     }
+    return {};
 }
 
-void Sum_Torques() {
-    auto& m = Model;
-    auto& t = m.RunTable;
-    for (int step = 0; step <= m.NSteps; ++step)
+void Sum_Torques(RunResults& t, int last, BalanceWeights& weights) {
+    for (int step = 0; step <= last; ++step)
         for (int slot = 0; slot <= 3; ++slot)
             t.BalancedMoment(step, slot) = t.BerkTorque(step, slot) + t.LinkTorque(step, slot);
     const auto element = [](const TorqueTable& table) {
@@ -65,16 +65,15 @@ void Sum_Torques() {
     for (int slot = 0; slot <= 3; ++slot) {
         int column = 0;
         for (const TorqueTable* table : {&t.BerkTorque, &t.BalancedMoment}) {
-            Average2(0, m.NSteps, element(*table), "I_Pointer", slot, m.BerkAverage(slot, column));
-            Rms2(0, m.NSteps, element(*table), slot, m.BerkRms(slot, column));
+            Average2(0, last, element(*table), "I_Pointer", slot, weights.BerkAverage(slot, column));
+            Rms2(0, last, element(*table), slot, weights.BerkRms(slot, column));
             ++column;
         }
     }
 }
 
-void Sum_Forces() {
-    auto& t = Model.RunTable;
-    for (int step = 0; step <= Model.NSteps; ++step)
+void Sum_Forces(RunResults& t, int last) {
+    for (int step = 0; step <= last; ++step)
         for (int axis = 0; axis <= 1; ++axis) {
             for (int slot = 0; slot <= 6; ++slot)
                 t.BalancedForce(step, slot, axis) = t.BerkForce(step, slot, axis) + t.PinForce(step, slot, axis);
@@ -82,42 +81,51 @@ void Sum_Forces() {
         }
 }
 
-void Take_Needs() {
-    const auto& m = Model;
-    const Single L2 = m.LinkArray(2);
-    const Single L3 = m.LinkArray(3);
-    const Single L4 = m.LinkArray(4);
+void Take_Needs(const Balancing& balancing) {
+    const MassProperties& m = balancing.run.loads;
+    const auto& length = balancing.run.linkage.LinkArray;
+    const Single L2 = length(2);
+    const Single L3 = length(3);
+    const Single L4 = length(4);
     const Single m3 = m.LinkMass(3);
     const Single r3 = m.CG(3, 0);
     const Single c3 = std::cos(m.CG(3, 1));
     const Single s3 = std::sin(m.CG(3, 1));
-    Take_Need(2, m3 * (c3 * (L2 / L3) * r3 - L2), m3 * s3 * (L2 / L3) * r3);
-    Take_Need(4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
+    Take_Need(m, balancing.weights, 2, m3 * (c3 * (L2 / L3) * r3 - L2), m3 * s3 * (L2 / L3) * r3);
+    Take_Need(m, balancing.weights, 4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
 }
 
 }  // namespace
 
-void Berkof_Setup() { Guarded("Berkof_Setup", Take_Needs); }
+Balancing::Balancing(LinkageModel& model) : run(model), calctype(model.Calctype), weights(model) {}
 
-bool Default_Weights() {
-    return Guarded("Berkof_Setup", [] {
-        Take_Needs();
+void Berkof_Setup(const Balancing& balancing) {
+    Guarded("Berkof_Setup", [&] { Take_Needs(balancing); });
+}
+
+bool Default_Weights(const Balancing& balancing) {
+    return Guarded("Berkof_Setup", [&] {
+        Take_Needs(balancing);
+        BalanceWeights& weights = balancing.weights;
         for (const int link : {2, 4}) {
-            Model.BerkRadius(link) = Model.LinkArray(link) / 2;
-            Model.BerkMass(link) = Model.MRNeeded(link) / Model.BerkRadius(link);
+            weights.BerkRadius(link) = balancing.run.linkage.LinkArray(link) / 2;
+            weights.BerkMass(link) = weights.MRNeeded(link) / weights.BerkRadius(link);
         }
     });
 }
 
-void Berkof_Calc(Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius) {
+ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius) {
+    ForceSolve solve;
     Guarded("Berkof_Calc", [&] {
-        Complete_Weights(BerkMass, BerkRadius);
-        Solve_Weights(BerkMass);
+        const LoadedRun& run = balancing.run;
+        Complete_Weights(run.loads, balancing.weights, BerkMass, BerkRadius);
+        solve = Solve_Weights(balancing, BerkMass);
         // After a refusal the sums are made with what the tables of the counterweights hold.
-        Sum_Torques();
-        Sum_Forces();
+        Sum_Torques(run.table, run.last_step, balancing.weights);
+        Sum_Forces(run.table, run.last_step);
         Balance_Holds();
     });
+    return solve;
 }
 
 }  // namespace verlink

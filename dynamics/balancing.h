@@ -3,19 +3,29 @@
 
 #include "core/array.h"
 #include "core/number.h"
+#include "dynamics/dynacalc.h"
 
 namespace verlink {
 
-/// `MRNeeded` and `MRAngle` of links 2 and 4 from the masses and mass centres of the record.
-void Berkof_Setup();
+/// What balancing takes, and the counterweights that it finds.
+struct Balancing {
+    Balancing(LinkageModel& model);
+
+    LoadedRun run;
+    int calctype;
+    BalanceWeights& weights;
+};
+
+/// `MRNeeded` and `MRAngle` of links 2 and 4 from the masses and mass centres of the model.
+void Berkof_Setup(const Balancing& balancing);
 
 /// The same, and the counterweights of links 2 and 4 that give it at half the length of their link. False after a
 /// failure, which has been reported.
-bool Default_Weights();
+bool Default_Weights(const Balancing& balancing);
 
-/// Completes the counterweights in the record, solves for them alone, and sums with the last solve into
-/// `BalancedForce` and `BalancedMoment`; sets `BalanceDone`. A run of other than constant Omega2 is refused with a
-/// message; the sums are made all the same.
-void Berkof_Calc(Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius);
+/// Completes the counterweights, solves for them alone, and sums with the last solve into `BalancedForce` and
+/// `BalancedMoment`; sets `BalanceDone`. A run of other than constant Omega2 is refused with a message, and its solve
+/// has no first equations; the sums are made all the same.
+ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius);
 
 }  // namespace verlink

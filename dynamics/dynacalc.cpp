@@ -1,34 +1,30 @@
 // The nine equations of each position, their solution, and what is stored of it.
 #include "dynamics/dynacalc.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string>
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
-#include "core/solver.h"
+#include "core/results.h"
 #include "core/text.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
-#include "platform/screen.h"
 
 namespace verlink {
 
 namespace {
 
 constexpr int kUnknowns = 9;
-constexpr platform::Color kGray = 128 + 256 * 128 + 65536 * 128;
-constexpr platform::Color kRed = 255;
 
 /// Matrix and right side with subscripts from 1, the equation first.
 struct System {
-    std::array<double, kUnknowns * kUnknowns> Rows;
-    std::array<double, kUnknowns> Right;
+    ForceEquations Held;
 
-    double& A(int i, int j) { return Rows[static_cast<std::size_t>((i - 1) * kUnknowns + j - 1)]; }
-    double& C(int i) { return Right[static_cast<std::size_t>(i - 1)]; }
+    double& A(int i, int j) { return Held.A[static_cast<std::size_t>((i - 1) * kUnknowns + j - 1)]; }
+    double& C(int i) { return Held.C[static_cast<std::size_t>(i - 1)]; }
 };
 
 /// A link at a step: angles relative to the ground link, in radians.
@@ -47,10 +43,10 @@ struct Directed {
         : S(angle == 0 ? s.sin : std::sin(s.th + angle)), C(angle == 0 ? s.cos : std::cos(s.th + angle)) {}
 };
 
-LinkState State_Of(int step, int link, const Table<Single, 0, 4, 2>& CG) {
-    const RunResults& table = Model.RunTable;
+LinkState State_Of(const LoadedRun& run, int step, int link, const Table<Single, 0, 4, 2>& CG) {
+    const RunResults& table = run.table;
     LinkState s;
-    s.th = table.Theta(step, link - 2) * kDegToRad - Model.Link1AngleRad;
+    s.th = table.Theta(step, link - 2) * kDegToRad - run.linkage.Link1AngleRad;
     s.w = table.Omega(step, link - 2);
     s.a = table.Alpha(step, link - 2);
     s.R = CG(link, 0);
@@ -67,15 +63,16 @@ struct Links {
     LinkState l2, l3, l4;
 };
 
-/// Forces on link 3 and moments of all forces about the mass centres of links 3 and 4.
+/// Friction on link 3, torque on link 4, and moments of all forces about the mass centres of links 3 and 4.
 struct Loads {
-    Single Fx, Fy;  ///< friction
+    Single Fx, Fy;
+    Single T4;
     Single M3, M4;
 };
 
-void Store_Centres(int step, const Links& at) {
+/// Accelerations in stored lengths.
+void Store_Centres(RunResults& table, int step, const Links& at, double shown) {
     const auto& [l2, l3, l4] = at;
-    RunResults& table = Model.RunTable;
     auto& velocity = table.VelXY;
     velocity(step, 3, 0) = l2.w * l2.R * -l2.S;
     velocity(step, 3, 1) = l2.w * l2.R * l2.C;
@@ -86,15 +83,21 @@ void Store_Centres(int step, const Links& at) {
     velocity(step, 5, 1) = l3.w * l3.R * l3.C + velocity(step, 0, 1);
 
     auto& acceleration = table.AccXY;
-    const double factor = Shown_Factor();
-    const Single Ax = acceleration(step, 0, 0) / factor;
-    const Single Ay = acceleration(step, 0, 1) / factor;
+    const Single Ax = acceleration(step, 0, 0) / shown;
+    const Single Ay = acceleration(step, 0, 1) / shown;
     acceleration(step, 5, 0) = l3.w * l3.w * l3.R * -l3.C + Ax + l3.a * l3.R * -l3.S;
     acceleration(step, 5, 1) = l3.w * l3.w * l3.R * -l3.S + Ay + l3.a * l3.R * l3.C;
     acceleration(step, 6, 0) = l2.w * l2.w * l2.R * -l2.C + l2.a * l2.R * -l2.S;
     acceleration(step, 6, 1) = l2.w * l2.w * l2.R * -l2.S + l2.a * l2.R * l2.C;
     acceleration(step, 7, 0) = l4.w * l4.w * l4.R * -l4.C + l4.a * l4.R * -l4.S;
     acceleration(step, 7, 1) = l4.w * l4.w * l4.R * -l4.S + l4.a * l4.R * l4.C;
+}
+
+void Scale_Centres(RunResults& table, int step, double shown) {
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int row = 3; row <= 5; ++row) table.VelXY(step, row, axis) *= shown;
+        for (int row = 5; row <= 7; ++row) table.AccXY(step, row, axis) *= shown;
+    }
 }
 
 /// Moment of a force about a mass centre, given the place of its point in the link's frame, degrees.
@@ -105,16 +108,17 @@ double Moment(Single distance, Single angle, const LinkState& link, Single X, Si
     return Y * Rx - X * Ry;
 }
 
-Loads Loads_At(int step, const Links& at) {
-    const auto& m = Model;
-    const auto& velocity = m.RunTable.VelXY;
+Loads Loads_At(const LoadedRun& run, int step, const Links& at) {
+    const MassProperties& m = run.loads;
+    const auto& velocity = run.table.VelXY;
     // Friction acts against the velocity of the coupler point.
     const Single phi = (Atan2D(velocity(step, 2, 0), velocity(step, 2, 1)) + 180) * kDegToRad;
     const double sine = std::sin(phi);
     const double cosine = std::cos(phi);
-    const Single Px = m.Rpa * cosine;
-    const Single Py = m.Rpa * sine;
+    const Single Px = run.linkage.Rpa * cosine;
+    const Single Py = run.linkage.Rpa * sine;
     Loads loads;
+    loads.T4 = run.torque_imported ? run.table.ImportedTorque(step) : m.ExtTorque(4);
     loads.Fx = m.FrictionForce * cosine;
     loads.Fy = m.FrictionForce * sine;
     // The arm of the friction is taken along the force itself, so that its moment is 0 but for rounding.
@@ -126,17 +130,17 @@ Loads Loads_At(int step, const Links& at) {
 
 /// Newton's and Euler's equations of links 2, 3 and 4, three rows to a link. Unknowns: F12, F32, F43, F14, x and y
 /// each, and T12.
-void Fill_Matrix(System& s, const Links& at) {
+void Fill_Matrix(System& s, const Geometry& linkage, const Links& at) {
     const auto& [l2, l3, l4] = at;
-    s.Rows.fill(0);
+    s.Held.A.fill(0);
     s.A(1, 1) = 1;
     s.A(1, 3) = 1;
     s.A(2, 2) = 1;
     s.A(2, 4) = 1;
     s.A(3, 1) = l2.R * l2.S;
     s.A(3, 2) = -l2.R * l2.C;
-    s.A(3, 3) = -(Model.L2 * l2.sin - l2.S * l2.R);
-    s.A(3, 4) = Model.L2 * l2.cos - l2.C * l2.R;
+    s.A(3, 3) = -(linkage.L2 * l2.sin - l2.S * l2.R);
+    s.A(3, 4) = linkage.L2 * l2.cos - l2.C * l2.R;
     s.A(3, 9) = 1;
     s.A(4, 3) = -1;
     s.A(4, 5) = 1;
@@ -144,14 +148,14 @@ void Fill_Matrix(System& s, const Links& at) {
     s.A(5, 6) = 1;
     s.A(6, 3) = -l3.R * l3.S;
     s.A(6, 4) = l3.R * l3.C;
-    s.A(6, 5) = -(Model.L3 * l3.sin - l3.S * l3.R);
-    s.A(6, 6) = Model.L3 * l3.cos - l3.C * l3.R;
+    s.A(6, 5) = -(linkage.L3 * l3.sin - l3.S * l3.R);
+    s.A(6, 6) = linkage.L3 * l3.cos - l3.C * l3.R;
     s.A(7, 5) = -1;
     s.A(7, 7) = 1;
     s.A(8, 6) = -1;
     s.A(8, 8) = 1;
-    s.A(9, 5) = Model.L4 * l4.sin - l4.S * l4.R;
-    s.A(9, 6) = -(Model.L4 * l4.cos - l4.C * l4.R);
+    s.A(9, 5) = linkage.L4 * l4.sin - l4.S * l4.R;
+    s.A(9, 6) = -(linkage.L4 * l4.cos - l4.C * l4.R);
     s.A(9, 7) = l4.R * l4.S;
     s.A(9, 8) = -l4.R * l4.C;
 }
@@ -162,8 +166,9 @@ struct Inertias {
     Single Ia[3];
 };
 
-Inertias Inertias_At(int step, const Links& at, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia) {
-    const auto& acceleration = Model.RunTable.AccXY;
+Inertias Inertias_At(const RunResults& table, int step, const Links& at, const Array<Single, 0, 4>& Mass,
+                     const Array<Single, 0, 4>& Inertia) {
+    const auto& acceleration = table.AccXY;
     Inertias i;
     for (int axis = 0; axis <= 1; ++axis) {
         i.Fi[0][axis] = acceleration(step, 6, axis) * Mass(2);
@@ -176,8 +181,7 @@ Inertias Inertias_At(int step, const Links& at, const Array<Single, 0, 4>& Mass,
     return i;
 }
 
-void Fill_Right_Side(System& s, const Inertias& inertias, const Loads& loads, bool loaded) {
-    const auto& m = Model;
+void Fill_Right_Side(System& s, const Inertias& inertias, const MassProperties& m, const Loads& loads, bool loaded) {
     for (int link = 0; link <= 2; ++link) {
         s.C(3 * link + 1) = inertias.Fi[link][0];
         s.C(3 * link + 2) = inertias.Fi[link][1];
@@ -189,12 +193,11 @@ void Fill_Right_Side(System& s, const Inertias& inertias, const Loads& loads, bo
     s.C(6) -= m.ExtTorque(3) + loads.M3;
     s.C(7) -= m.ExtForce4X;
     s.C(8) -= m.ExtForce4Y;
-    s.C(9) -= m.ExtTorque(4) + loads.M4;
+    s.C(9) -= loads.T4 + loads.M4;
 }
 
-void Store(int step, System& x, const Links& at, const Inertias& inertias, const Loads& loads, ForceTable& Forces,
-           TorqueTable& Torques) {
-    const auto& m = Model;
+void Store(int step, System& x, const Links& at, const Inertias& inertias, Single T3, const Loads& loads,
+           ForceTable& Forces, TorqueTable& Torques) {
     for (int axis = 0; axis <= 1; ++axis) {
         Forces(step, 0, axis) = x.C(3 + axis);
         Forces(step, 1, axis) = x.C(5 + axis);
@@ -207,72 +210,81 @@ void Store(int step, System& x, const Links& at, const Inertias& inertias, const
     }
     Torques(step, 0) = x.C(9);
     // The loads count here even where they are left out of the system.
-    Torques(step, 1) = -inertias.Ia[1] + m.ExtTorque(3) + loads.M3;
-    Torques(step, 2) = -inertias.Ia[2] + m.ExtTorque(4) + loads.M4;
+    Torques(step, 1) = -inertias.Ia[1] + T3 + loads.M3;
+    Torques(step, 2) = -inertias.Ia[2] + loads.T4 + loads.M4;
     const auto& l4 = at.l4;
     Torques(step, 3) = (-l4.R * l4.C) * Forces(step, 6, 1) - (-l4.R * l4.S) * Forces(step, 6, 0) - x.C(9);
 }
 
+/// No results of an earlier solve stand behind those of one that stopped.
+void Clear_From(int first, const LoadedRun& run, ForceTable& Forces, TorqueTable& Torques) {
+    for (int step = first; step <= std::min(run.last_step, kLastStep); ++step) {
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int row = 0; row <= 7; ++row) Forces(step, row, axis) = 0;
+            for (int row = 3; row <= 5; ++row) run.table.VelXY(step, row, axis) = 0;
+            for (int row = 5; row <= 7; ++row) run.table.AccXY(step, row, axis) = 0;
+        }
+        for (int row = 0; row <= 3; ++row) Torques(step, row) = 0;
+    }
+}
+
 }  // namespace
 
-bool Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
-              const Table<Single, 0, 4, 2>& CG, ForceTable& Forces, TorqueTable& Torques) {
-    bool solved = true;
-    const bool done = Guarded("Dynacalc", [&] {
-        const double factor = Shown_Factor();
+LoadedRun::LoadedRun(LinkageModel& model)
+    : linkage(model),
+      loads(model),
+      torque_imported(model.TorqueImported),
+      last_step(model.NSteps),
+      shown(Shown_Factor(model)),
+      table(model.RunTable) {}
+
+ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 0, 4>& Mass,
+                    const Array<Single, 0, 4>& Inertia, const Table<Single, 0, 4, 2>& CG, ForceTable& Forces,
+                    TorqueTable& Torques) {
+    ForceSolve solve;
+    int step = 0;
+    Guarded("Dynacalc", [&] {
         System system;
-        for (int step = 0; step <= Model.NSteps; ++step) {
-            const Links at{State_Of(step, 2, CG), State_Of(step, 3, CG), State_Of(step, 4, CG)};
-            Store_Centres(step, at);
-            if (Model.TorqueImported) Model.ExtTorque(4) = Model.RunTable.ImportedTorque(step);
-            const Inertias inertias = Inertias_At(step, at, Mass, Inertia);
-            const Loads loads = Loads_At(step, at);
-            Fill_Right_Side(system, inertias, loads, LoadFlag == 0);
-            Fill_Matrix(system, at);
-            if (step == 0) PrintAmatrix(system.Rows, system.Right);
+        for (; step <= run.last_step; ++step) {
+            const Links at{State_Of(run, step, 2, CG), State_Of(run, step, 3, CG), State_Of(run, step, 4, CG)};
+            Store_Centres(run.table, step, at, run.shown);
+            const Inertias inertias = Inertias_At(run.table, step, at, Mass, Inertia);
+            const Loads loads = Loads_At(run, step, at);
+            Fill_Right_Side(system, inertias, run.loads, loads, LoadFlag == 0);
+            Fill_Matrix(system, run.linkage, at);
+            if (step == 0) solve.first = system.Held;
             Integer unknowns = kUnknowns;
             Integer Error;
-            SimQ(unknowns, system.Rows, system.Right, Error);
+            SimQ(unknowns, system.Held.A, system.Held.C, Error);
             if (Error != 0) {
                 platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
                                platform::Icon::kQuestion);
-                solved = false;
                 return;
             }
-            Store(step, system, at, inertias, loads, Forces, Torques);
-            if (factor != 1) {
-                Scale_Velocities(step, factor, 3, 5);
-                Scale_Accelerations(step, factor, 5, 7);
-            }
+            Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
+            if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
         }
+        solve.solved = true;
     });
-    return done && solved;
+    if (!solve.solved) Clear_From(step, run, Forces, Torques);
+    return solve;
 }
 
-void Resolve_Forces() {
-    auto& m = Model;
+void Resolve_Forces(MassProperties& m) {
     m.ExtForce3X = m.ExtForceMag(3) * std::cos(m.ExtForceAng(3) * kDegToRad);
     m.ExtForce3Y = m.ExtForceMag(3) * std::sin(m.ExtForceAng(3) * kDegToRad);
     m.ExtForce4X = m.ExtForceMag(4) * std::cos(m.ExtForceAng(4) * kDegToRad);
     m.ExtForce4Y = m.ExtForceMag(4) * std::sin(m.ExtForceAng(4) * kDegToRad);
 }
 
-void PrintAmatrix(std::span<const double> A, std::span<const double> C) {
-    Guarded("PrintAmatrix", [&] {
-        platform::Screen* screen = platform::Screens::Find("frm_Matrix");
-        if (!screen) return;
-        const auto print = [screen](const std::string& name, int index, double value) {
-            platform::With<platform::Label>(*screen, name, index, [value](platform::Label& label) {
-                label.Caption = FNRoundStr(value, Model.DecLengthShown);
-                label.ForeColor = FNRound(value, 3) == 0 ? kGray : kRed;
-            });
-        };
-        for (int i = 1; i <= kUnknowns; ++i) {
-            for (int j = 1; j <= kUnknowns; ++j)
-                print("lbl_A" + std::to_string(j), i, A[static_cast<std::size_t>((j - 1) * kUnknowns + i - 1)]);
-            print("lbl_B", i, C[static_cast<std::size_t>(i - 1)]);
-        }
-    });
+ForceSolve Solve_Forces(LinkageModel& m) {
+    Resolve_Forces(m);
+    ForceSolve solve = Dynacalc(m, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque);
+    if (solve)
+        Forces_Hold();
+    else
+        Forces_Dropped();
+    return solve;
 }
 
 }  // namespace verlink

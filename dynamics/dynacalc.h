@@ -1,30 +1,61 @@
 // Inverse dynamics of a run: the forces and torques that its known motion takes.
 #pragma once
 
-#include <span>
+#include <array>
+#include <optional>
 
 #include "core/array.h"
 #include "core/number.h"
+#include "core/record/geometry.h"
+#include "core/record/mass.h"
 #include "core/record/run_table.h"
 
 namespace verlink {
 
-/// For steps 0 to `NSteps` of the last run: pin forces, driving torque, shaking force and moment, by Newton's and
+struct LinkageModel;
+
+/// A run as a solve takes it: the linkage, what loads it, and its motion, to which that of the mass centres is added.
+struct LoadedRun {
+    LoadedRun(LinkageModel& model);
+
+    const Geometry& linkage;
+    const MassProperties& loads;
+    bool torque_imported;  ///< the torque on link 4 follows the imported table, step by step
+    int last_step;
+    double shown;  ///< factor between a stored length and a shown one
+    RunResults& table;
+};
+
+/// The system of nine equations of a position, as it stands before it is solved.
+struct ForceEquations {
+    std::array<double, 81> A{};  ///< row by row, the equation first
+    std::array<double, 9> C{};   ///< right side
+};
+
+/// What a solve tells beside its tables.
+struct ForceSolve {
+    bool solved = false;                  ///< all steps
+    std::optional<ForceEquations> first;  ///< of step 0; none where that was not reached
+    explicit operator bool() const { return solved; }
+};
+
+/// For steps 0 to `last_step` of the run: pin forces, driving torque, shaking force and moment, by Newton's and
 /// Euler's equations of the three moving links about their mass centres, nine unknowns to a step. `Mass` and
 /// `Inertia` by link 2 to 4; `CG` by link, 0 distance as a link length, 1 angle in the link's frame in radians.
-/// `LoadFlag` 0 takes the external forces, torques and friction of the record in, -1 leaves them out of the system;
+/// `LoadFlag` 0 takes the external forces, torques and friction of the run in, -1 leaves them out of the system;
 /// rows 1 and 2 of `Torques` take them in either way. No weight. Angles and forces are relative to the ground link.
 /// Also fills rows 3 to 5 of `VelXY` and rows 5 to 7 of `AccXY`, the mass centres, in the shown unit.
-/// Fills `frm_Matrix` at step 0. A singular system is told with its step and ends the procedure; steps done stay.
-/// Gives back whether all steps were solved.
-bool Dynacalc(Integer LoadFlag, const Array<Single, 0, 4>& Mass, const Array<Single, 0, 4>& Inertia,
-              const Table<Single, 0, 4, 2>& CG, ForceTable& Forces, TorqueTable& Torques);
+/// A singular system is told with its step and ends the procedure, as a failure does: steps done stay, and what an
+/// earlier solve had in the others is zeroed.
+ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 0, 4>& Mass,
+                    const Array<Single, 0, 4>& Inertia, const Table<Single, 0, 4, 2>& CG, ForceTable& Forces,
+                    TorqueTable& Torques);
 
 /// `ExtForce3X` to `ExtForce4Y` from magnitudes and angles, which are what a model keeps.
-void Resolve_Forces();
+void Resolve_Forces(MassProperties& loads);
 
-/// The 9 x 9 system, row by row, and its right side into the labels of `frm_Matrix`: `lbl_A1` to `lbl_A9`, a control
-/// array for each row with an index 1 to 9 by column, and `lbl_B` 1 to 9. Grey where a value rounds to 0, else red.
-void PrintAmatrix(std::span<const double> A, std::span<const double> C);
+/// The model's own masses under its own loads, into `PinForce` and `LinkTorque`. The forces hold when all steps were
+/// solved.
+ForceSolve Solve_Forces(LinkageModel& model);
 
 }  // namespace verlink

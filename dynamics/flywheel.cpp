@@ -33,9 +33,8 @@ void Print_Pulses(platform::PictureBox& paper, const PulseAreas& first, const Pu
     }
 }
 
-void Print_Areas(platform::PictureBox& paper, const PulseAreas& PosArea, const PulseAreas& NegArea, Integer PulseCount,
-                 Integer FirstSign, Single AvgTorque) {
-    const std::string unit = Model.UnitLabel(9);
+void Print_Areas(platform::PictureBox& paper, const std::string& unit, const PulseAreas& PosArea,
+                 const PulseAreas& NegArea, Integer PulseCount, Integer FirstSign, Single AvgTorque) {
     paper.Lines = {"", " Areas of Crank Torque",   " Pulses in Order over 1 cycle ",
                    "", "    in Energy Units of :", "     " + unit + " - radians",
                    ""};
@@ -50,35 +49,44 @@ void Print_Areas(platform::PictureBox& paper, const PulseAreas& PosArea, const P
     paper.Print("   " + Printed(FNRound(AvgTorque, 2)) + "  " + unit);
 }
 
-Single Average_Of(const TorqueTable& Torque) {
+Single Average_Of(const TorqueTable& Torque, int last_step) {
     Single average;
     Average2(
-        0, Model.NSteps, [&](int step, int row) { return Torque(step, row); }, "I_Pointer", 0, average);
+        0, last_step, [&](int step, int row) { return Torque(step, row); }, "I_Pointer", 0, average);
     return average;
 }
 
 // The average is that of the balanced torque, the pulses that are smoothed those of the unbalanced one.
-void Smooth_About(Single AvgTorque, Single Fluct) {
-    auto& table = Model.RunTable;
-    for (int step = 0; step <= Model.NSteps; ++step)
-        table.FlywheelTorque(step) = (table.LinkTorque(step, 0) - AvgTorque) * Fluct + AvgTorque;
+void Smooth_About(const FlywheelRun& run, Single AvgTorque, Single Fluct) {
+    for (int step = 0; step <= run.last_step; ++step)
+        run.smoothed(step) = (run.unbalanced(step, 0) - AvgTorque) * Fluct + AvgTorque;
 }
 
 }  // namespace
 
-void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
+FlywheelRun::FlywheelRun(LinkageModel& model)
+    : last_step(model.NSteps),
+      step_size(model.ThetaStepRad),
+      unit(model.UnitLabel(9)),
+      unbalanced(model.RunTable.LinkTorque),
+      smoothed(model.RunTable.FlywheelTorque) {}
+
+void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
     Guarded("Fly", [&] {
         PulseAreas PosArea, NegArea;
         Integer PulseCount, FirstSign;
-        const Single AvgTorque = Average_Of(Torque);
-        Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, Model.NSteps, Model.ThetaStepRad,
-                 AvgTorque, NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
-        Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), PosArea, NegArea, PulseCount, FirstSign, AvgTorque);
-        Smooth_About(AvgTorque, Fluct);
+        const Single AvgTorque = Average_Of(Torque, run.last_step);
+        Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, run.last_step, run.step_size, AvgTorque,
+                 NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
+        Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), run.unit, PosArea, NegArea, PulseCount, FirstSign,
+                    AvgTorque);
+        Smooth_About(run, AvgTorque, Fluct);
     });
 }
 
-void Smooth_Torque(Single Fluct, const TorqueTable& Torque) { Smooth_About(Average_Of(Torque), Fluct); }
+void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torque) {
+    Smooth_About(run, Average_Of(Torque, run.last_step), Fluct);
+}
 
 void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
               PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,

@@ -11,15 +11,28 @@
 
 namespace verlink {
 
+struct LinkageModel;
+
 using PulseAreas = Array<Single, 0, 10>;
+
+/// A run as a flywheel takes it.
+struct FlywheelRun {
+    FlywheelRun(LinkageModel& model);
+
+    int last_step;
+    Single step_size;               ///< radians
+    const std::string& unit;        ///< of torque
+    const TorqueTable& unbalanced;  ///< its row 0 is the driving torque
+    StepArray<Single>& smoothed;    ///< `FlywheelTorque`
+};
 
 /// Pulses of row 0 of `Torque` about its average as a table on `pct_Pict1` of the screen, in the unit of torque times
 /// radians, and `FlywheelTorque` from the unbalanced driving torque and that average. `Fluct` is the coefficient of
 /// fluctuation.
-void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque);
+void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const TorqueTable& Torque);
 
 /// `FlywheelTorque`: the unbalanced driving torque, its distance from the average of row 0 of `Torque` times `Fluct`.
-void Smooth_Torque(Single Fluct, const TorqueTable& Torque);
+void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torque);
 
 /// Areas between a function and its average from step `Start` to `End`, a pulse to an entry, by the trapezoid rule
 /// from the second interval on; one pulse ends where the sign changes. `FirstSign` is that of the first pulse.

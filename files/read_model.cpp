@@ -113,7 +113,7 @@ bool Readfile(const std::string& content, const std::string& path) {
     if (!Read_Model(content, path, {})) return false;
     Guarded("Readfile", [&] {
         Fill_Input_Screen();
-        if (Screen* masses = Screens::Find("frm_MassProp")) Put_Mass_Properties(*masses);
+        if (Screen* masses = Screens::Find("frm_MassProp")) Put_Mass_Properties(*masses, Model, Model);
         if (Screen* home = Screens::Find("frm_HomeScreen")) Check_mnu_Units(*home, Model.Units);
         Refresh_Status();
         Set_Menus();

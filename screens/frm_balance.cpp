@@ -13,6 +13,7 @@
 #include "dynamics/flywheel.h"
 #include "output/cartesian.h"
 #include "platform/guard.h"
+#include "screens/frm_matrix.h"
 #include "screens/print_questions.h"
 
 namespace verlink {
@@ -114,7 +115,7 @@ void frm_Balance::Form_Activate() {
 }
 
 void frm_Balance::Set_Up() {
-    Berkof_Setup();
+    Berkof_Setup(Model);
     lbl_MR2.Caption = FNRoundStr(Model.MRNeeded(2), 3);
     lbl_MR4.Caption = FNRoundStr(Model.MRNeeded(4), 3);
     lbl_Ang2.Caption = FNRoundStr(Model.MRAngle(2) * kRadToDeg, 2);
@@ -221,8 +222,11 @@ void frm_Balance::cmd_Calc_Click() {
         }
         Fluct = Strict_Value_Of(txt_Fluct);
         for (const auto& graph : grf_Plot) graph->Visible = false;
-        Berkof_Calc(Model.BerkMass, Model.BerkRadius);
-        Fly(*this, Fluct, Model.RunTable.BalancedMoment);
+        // There is nothing to balance without the forces of this run.
+        if (!Model.DynamicsDone && !Solve_Forces(Model)) return;
+        const ForceSolve weights = Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        if (weights.first) PrintAmatrix(weights.first->A, weights.first->C);
+        Fly(Model, *this, Fluct, Model.RunTable.BalancedMoment);
         PlotForceTorque();
         for (const auto& graph : grf_Plot) graph->Visible = true;
         pct_Pict1.Visible = true;

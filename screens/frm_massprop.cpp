@@ -13,6 +13,7 @@
 #include "dynamics/mass_properties.h"
 #include "files/exports.h"
 #include "platform/guard.h"
+#include "screens/frm_matrix.h"
 #include "screens/print_questions.h"
 
 namespace verlink {
@@ -23,6 +24,8 @@ namespace {
 
 constexpr char kOneFriction[] = "; friction acts on link 3 alone";
 constexpr char kSolveTip[] = "Solve for the forces and torques at every step with the data shown";
+constexpr char kTableTip[] =
+    "Solve for the forces and torques at every step with the data shown and the imported torque";
 constexpr char kNoSolveTip[] = "The torque table came with the file: clear its box, or leave and come back, to solve";
 
 }  // namespace
@@ -98,16 +101,16 @@ void frm_MassProp::Form_Activate() {
     Guarded("frm_MassProp.Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         cmd_Solve.Enabled = true;
-        cmd_Solve.Tip = kSolveTip;
+        Write_Solve_Tip();
         Titlebox(*this);
-        Put_Mass_Properties(*this);
+        Put_Mass_Properties(*this, Model, Model);
         Show_Units();
         const bool solved = std::exchange(FromMatrix, false);
         Allow_Results(solved);
         if (!solved) txt_Mass[2].SetFocus();
+        chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
-        chk_Torque.Value = Model.TorqueImported;
     });
 }
 
@@ -118,39 +121,57 @@ void frm_MassProp::Box_Change() {
 
 void frm_MassProp::chk_Torque_Click() {
     Guarded("frm_MassProp.chk_Torque", [this] {
-        platform::TextBox& torque = txt_Torque[4];
-        torque.Enabled = !chk_Torque.Value;
+        const bool imported = Model.TorqueImported;
+        txt_Torque[4].Enabled = !chk_Torque.Value;
         cmd_Solve.Enabled = !chk_Torque.Value;
         if (chk_Torque.Value) {
-            torque.Text = "0";
             Take_Torque_Table();
         } else {
-            torque.Text = Text_Of(Model.ExtTorque(4));
+            txt_Torque[4].Text = Text_Of(Model.ExtTorque(4));
             Model.TorqueImported = false;
         }
-        cmd_Solve.Tip = cmd_Solve.Enabled ? kSolveTip : kNoSolveTip;
+        Write_Solve_Tip();
+        if (Model.TorqueImported == imported) return;
+        // The forces were those of the other torque.
+        Forces_Dropped();
+        Model_Unsaved();
+        Allow_Results(false);
+        Refresh_Status();
     });
 }
 
 void frm_MassProp::Take_Torque_Table() {
-    // A model from disk has brought its table along, and solving waits.
-    if (Model.DiskFile) return;
-    if (Model.TorqueImported)
-        cmd_Solve.Enabled = true;
-    else
-        Import_Torque(4);
+    const std::string typed = txt_Torque[4].Text;
+    const bool solved = cmd_Done.Enabled;
+    platform::CommandButton* const cancel = CancelButton;
+    txt_Torque[4].Text = "0";
+    if (Model.TorqueImported) {
+        // A model from disk has brought its table along, and solving waits.
+        cmd_Solve.Enabled = !Model.DiskFile;
+        return;
+    }
+    Import_Torque(4);
+    if (Model.TorqueImported) return;
+    // Nothing came of it: all is as it was.
+    chk_Torque.Value = false;
+    txt_Torque[4].Text = typed;
+    Allow_Results(solved);
+    CancelButton = cancel;
+}
+
+void frm_MassProp::Write_Solve_Tip() {
+    cmd_Solve.Tip = !cmd_Solve.Enabled ? kNoSolveTip : Model.TorqueImported ? kTableTip : kSolveTip;
 }
 
 void frm_MassProp::cmd_Solve_Click() {
     Guarded("frm_MassProp.cmd_Solve", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
-        Get_Mass_Properties(*this);
+        Get_Mass_Properties(*this, Model, Model);
         Forces_Dropped();
-        const bool solved = Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce,
-                                     Model.RunTable.LinkTorque);
-        // The imported table has taken its place during the solution.
+        const ForceSolve solve = Solve_Forces(Model);
+        if (solve.first) PrintAmatrix(solve.first->A, solve.first->C);
+        // The imported table takes its place.
         if (Model.TorqueImported) Model.ExtTorque(4) = 0;
-        if (solved) Forces_Hold();
         Allow_Results(true);
         CancelButton = &cmd_Cancel;
         cmd_Done.SetFocus();

@@ -89,8 +89,9 @@ class frm_MassProp : public platform::Screen {
     std::vector<Boxes*> All_Boxes();
     void Write_Tips();
     void Show_Units();
-    /// What ticking the import does beside closing the box.
+    /// What ticking the import does: the table in force, or one from a file; the tick goes where there is none.
     void Take_Torque_Table();
+    void Write_Solve_Tip();
     /// The buttons that need a solution of the data shown.
     void Allow_Results(bool allowed);
 

@@ -1,11 +1,40 @@
-// What the buttons of the equations' screen do.
+// How the equations are written, and what the buttons of their screen do.
 #include "screens/frm_matrix.h"
 
+#include <cstddef>
+#include <string>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
 #include "core/screen_geometry.h"
 #include "platform/guard.h"
 #include "screens/print_questions.h"
 
 namespace verlink {
+
+namespace {
+
+constexpr int kUnknowns = 9;
+constexpr platform::Color kGray = 128 + 256 * 128 + 65536 * 128;
+constexpr platform::Color kRed = 255;
+
+}  // namespace
+
+void PrintAmatrix(std::span<const double> A, std::span<const double> C) {
+    Guarded("PrintAmatrix", [&] {
+        platform::Screen& screen = platform::Screens::Get("frm_Matrix");
+        const auto print = [&screen](const std::string& name, int index, double value) {
+            auto& label = screen.Get<platform::Label>(name, index);
+            label.Caption = FNRoundStr(value, Model.DecLengthShown);
+            label.ForeColor = FNRound(value, 3) == 0 ? kGray : kRed;
+        };
+        for (int i = 1; i <= kUnknowns; ++i) {
+            for (int j = 1; j <= kUnknowns; ++j)
+                print("lbl_A" + std::to_string(j), i, A[static_cast<std::size_t>((j - 1) * kUnknowns + i - 1)]);
+            print("lbl_B", i, C[static_cast<std::size_t>(i - 1)]);
+        }
+    });
+}
 
 frm_Matrix::frm_Matrix() : Screen("frm_Matrix") {
     Width() = kWorkWidth;

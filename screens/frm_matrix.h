@@ -1,12 +1,18 @@
 // The screen of the equations: the matrix and the right side of the first position that was solved.
 #pragma once
 
+#include <span>
+
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
 namespace verlink {
 
-/// Filled by the solution, an array of labels for each row of the matrix, by column 1 to 9.
+/// The 9 x 9 system, row by row, and its right side into the labels of `frm_Matrix`: `lbl_A1` to `lbl_A9`, a control
+/// array for each row with an index 1 to 9 by column, and `lbl_B` 1 to 9. Grey where a value rounds to 0, else red.
+void PrintAmatrix(std::span<const double> A, std::span<const double> C);
+
+/// Filled after a solution, an array of labels for each row of the matrix, by column 1 to 9.
 class frm_Matrix : public platform::Screen {
    public:
     frm_Matrix();

@@ -55,8 +55,8 @@ TEST_F(Overlays, AppearWithTheResultsTheyBelongTo) {
     EXPECT_EQ(Circles(0).size(), 0u);
     Solve();
     EXPECT_EQ(Circles(0).size(), 3u);
-    ASSERT_TRUE(Default_Weights());
-    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+    ASSERT_TRUE(Default_Weights(Model));
+    Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
     EXPECT_EQ(Circles(0).size(), 5u);
     Integer result;
     Calc_Setup(3, result);
@@ -77,8 +77,8 @@ TEST_F(Overlays, MassCentresLieWhereTheSolutionHasThem) {
 
 TEST_F(Overlays, CounterweightsAreDrawnSoThatTheCommonMassCentreStandsStill) {
     Solve();
-    ASSERT_TRUE(Default_Weights());
-    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+    ASSERT_TRUE(Default_Weights(Model));
+    Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
     const auto& m = Model;
     const auto common = [&](const std::vector<Vector>& drawn) {
         const double masses[] = {m.LinkMass(2), m.LinkMass(4), m.LinkMass(3), m.BerkMass(2), m.BerkMass(4)};

@@ -29,9 +29,9 @@ class ForceBits : public Fixture {
             Initialize();
             Run_Scenario(scenario);
             Solve_Forces();
-            Default_Weights();
-            Berkof_Calc(Model.BerkMass, Model.BerkRadius);
-            Smooth_Torque(0.05, table.BalancedMoment);
+            Default_Weights(Model);
+            Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+            Smooth_Torque(Model, 0.05, table.BalancedMoment);
             for (int step = 0; step <= Model.NSteps; ++step) {
                 for (int axis = 0; axis <= 1; ++axis) {
                     for (int row = 0; row <= 7; ++row) {

@@ -44,7 +44,7 @@ class Pulses : public Fixture {
     static std::vector<std::string> Printed(Single fluct = 0.05) {
         Paper paper;
         paper.pct_Pict1.Print("from before");
-        Fly(paper, fluct, Model.RunTable.BalancedMoment);
+        Fly(Model, paper, fluct, Model.RunTable.BalancedMoment);
         return paper.pct_Pict1.Lines;
     }
     /// A torque that changes its sign at every step.
@@ -255,7 +255,7 @@ TEST_F(Pulses, WithACoefficientOf1TheTorqueIsTheDrivingTorque) {
 TEST_F(Pulses, TheUnbalancedTorqueIsSmoothedAboutTheBalancedAverage) {
     Take({12, 20, 30, -10, -22, 14, 12});
     for (int step = 0; step <= Model.NSteps; ++step) torque(step, 0) += 100;
-    Smooth_Torque(0.5, torque);
+    Smooth_Torque(Model, 0.5, torque);
     for (int step = 0; step <= Model.NSteps; ++step)
         EXPECT_NEAR(Model.RunTable.FlywheelTorque(step), 0.5 * Model.RunTable.LinkTorque(step, 0) + 54, 1e-5);
 }

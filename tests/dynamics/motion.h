@@ -3,6 +3,9 @@
 
 #include <array>
 #include <complex>
+#include <initializer_list>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "core/linkage_model.h"
@@ -59,7 +62,7 @@ inline void Take_Loads() {
     m.ExtForceAng(3) = 40;
     m.ExtForceMag(4) = 3;
     m.ExtForceAng(4) = -115;
-    Resolve_Forces();
+    Resolve_Forces(Model);
     m.ForceDist3 = 0.8;
     m.ForceAng3 = 35;
     m.ForceDist4 = 0.6;
@@ -101,8 +104,28 @@ inline void Run_Scenario(const Scenario& scenario) {
 }
 
 inline void Solve_Forces() {
-    Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+    Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
 }
+
+/// What a model holds of masses and loads, as text.
+struct Masses_And_Loads {
+    std::string text;
+
+    Masses_And_Loads() {
+        const auto& m = Model;
+        std::ostringstream all;
+        const auto add = [&all](std::initializer_list<Single> values) {
+            for (const double value : values) all << std::hexfloat << value << ' ';
+        };
+        for (int link = 0; link <= 4; ++link)
+            add({m.LinkMass(link), m.LinkInertia(link), m.CG(link, 0), m.CG(link, 1), m.ExtForceMag(link),
+                 m.ExtForceAng(link), m.ExtTorque(link)});
+        add({m.ExtForce3X, m.ExtForce3Y, m.ExtForce4X, m.ExtForce4Y, m.ForceDist3, m.ForceDist4, m.ForceAng3,
+             m.ForceAng4, m.FrictionForce});
+        text = all.str() + m.TorqueFileName;
+    }
+    bool operator==(const Masses_And_Loads&) const = default;
+};
 
 /// A link at a step: its mass centre and its turning. Stored lengths, in the ground link's frame from O2.
 struct Body {

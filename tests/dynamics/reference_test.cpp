@@ -49,7 +49,7 @@ void Take_Masses(const Row& row) {
     m.ForceDist4 = Number(row, "ForceDist4");
     m.ForceAng4 = Number(row, "ForceDistAngle4");
     m.FrictionForce = Number(row, "Friction");
-    Resolve_Forces();
+    Resolve_Forces(Model);
 }
 
 struct Found {
@@ -103,7 +103,7 @@ class ForceReference : public Fixture {
         For_Every_Linkage([&](const Row& linkage) {
             const auto& rows = exact.at(linkage.at("Name"));
             ASSERT_EQ(Model.NSteps + 1, static_cast<int>(rows.size()));
-            Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, table.PinForce, table.LinkTorque);
+            Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, table.PinForce, table.LinkTorque);
             for (std::size_t i = 0; i < rows.size(); ++i) check(Found{rows[i], static_cast<int>(i)});
         });
     }
@@ -148,7 +148,7 @@ TEST_F(ForceReference, MassCentresMoveWithTheirLinks) {
 
 TEST_F(ForceReference, CounterweightsAreThoseOfLink3SharedBetweenItsPins) {
     For_Every_Linkage([&](const Row& linkage) {
-        Berkof_Setup();
+        Berkof_Setup(Model);
         for (const int link : {2, 4}) {
             const std::string number = std::to_string(link);
             const double product = Number(linkage, "MR" + number);
@@ -166,8 +166,8 @@ TEST_F(ForceReference, ForcesOfTheCounterweightsAloneAndTheSumsWithThem) {
     For_Every_Position([&](const Found& at) {
         if (Model.Calctype != 3) return;
         if (at.step == 0) {
-            ASSERT_TRUE(Default_Weights());
-            Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+            ASSERT_TRUE(Default_Weights(Model));
+            Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
         }
         const double product = std::max(Model.MRNeeded(2), Model.MRNeeded(4));
         const double close = kForces * at.Growth() * 4 * product * at.Acceleration();

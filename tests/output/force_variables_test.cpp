@@ -89,13 +89,13 @@ class SolvedVariables : public Fixture {
         Model.PlotSlot = kSlot;
     }
     void Balance() {
-        Berkof_Setup();
+        Berkof_Setup(Model);
         for (const int link : {2, 4}) {
             Model.BerkRadius(link) = Model.LinkArray(link) / 2;
             Model.BerkMass(link) = Model.MRNeeded(link) / Model.BerkRadius(link);
         }
-        Berkof_Calc(Model.BerkMass, Model.BerkRadius);
-        Smooth_Torque(0.05, Model.RunTable.BalancedMoment);
+        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        Smooth_Torque(Model, 0.05, Model.RunTable.BalancedMoment);
     }
     /// In the global frame.
     static Vector Global(Vector local) { return Turned(local, Model.Link1Angle); }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/numeric.h"
+#include "files/model_file.h"
 #include "tests/screens/frm_balance_fixture.h"
 
 namespace verlink::test {
@@ -60,6 +61,47 @@ TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {
         EXPECT_EQ(Model.BerkMass(link), Single(std::stod(In("txt_BerkMass", link))));
         EXPECT_EQ(Model.BerkRadius(link), Single(std::stod(In("txt_Radius", link))));
     }
+}
+
+TEST_F(BalanceCalc, ARunThatWasNotSolvedIsSolvedFirst) {
+    Model.ExtForceMag(3) = 5;
+    Model.ExtForceAng(3) = 40;
+    Solve_Forces(Model);
+    const ForceTable forces = Model.RunTable.PinForce;
+    const TorqueTable torques = Model.RunTable.LinkTorque;
+    // As behind a file that was opened: its loads are known by magnitude and angle alone.
+    Model.ExtForce3X = Model.ExtForce3Y = 0;
+    Model.RunTable.PinForce = ForceTable{};
+    Model.RunTable.LinkTorque = TorqueTable{};
+    Run_Holds();
+    Forces_Dropped();
+    Calculate_Now();
+    EXPECT_TRUE(Model.DynamicsDone);
+    EXPECT_TRUE(Model.BalanceDone);
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        for (int axis = 0; axis <= 1; ++axis)
+            EXPECT_EQ(Model.RunTable.PinForce(step, 7, axis), forces(step, 7, axis)) << step;
+        EXPECT_EQ(Model.RunTable.LinkTorque(step, 0), torques(step, 0)) << step;
+        EXPECT_NEAR(Curve(0, 0)[static_cast<std::size_t>(step)], Magnitude(forces, step), 1e-4) << step;
+    }
+    auto& home = platform::Screens::Get("frm_HomeScreen");
+    for (const int badge : {3, 4}) EXPECT_TRUE(home.Get<platform::Label>("lbl_Status", badge).Visible);
+}
+
+TEST_F(BalanceCalc, ASolutionThatIsThereIsNotMadeAgain) {
+    Model.RunTable.LinkTorque(3, 0) = 4;
+    Calculate_Now();
+    EXPECT_EQ(Model.RunTable.LinkTorque(3, 0), 4.0);
+}
+
+TEST_F(BalanceCalc, UnderAnImportedTorqueNothingThatIsSavedChanges) {
+    Model.TorqueImported = true;
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.ImportedTorque(step) = 10 + step;
+    Model.ExtTorque(4) = 0;
+    const std::string file = File_Content();
+    Calculate_Now();
+    EXPECT_EQ(Model.ExtTorque(4), 0.0);
+    EXPECT_EQ(File_Content(), file);
 }
 
 TEST_F(BalanceCalc, BothGraphsShowMagnitudesBeforeAndAfter) {

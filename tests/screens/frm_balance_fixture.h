@@ -17,7 +17,8 @@ class BalanceScreen : public Forces {
         Forces_Hold();
     }
     static void Solve() {
-        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+        Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce,
+                 Model.RunTable.LinkTorque);
     }
     std::string In(const char* box, int link) { return form.Text(box, link).Text; }
     void Fill(const char* box, int link, const std::string& text) { Type(form, box, link, text); }

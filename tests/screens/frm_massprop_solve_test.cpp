@@ -5,6 +5,9 @@
 #include <fstream>
 #include <string>
 
+#include "core/runs.h"
+#include "files/model_file.h"
+#include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
 
 namespace verlink::test {
@@ -29,10 +32,15 @@ struct MassPropSolve : MassPropScreen {
         file << last << "\r\n";
         for (int step = 0; step <= last; ++step) file << step / 2.0 << "\r\n";
     }
-    void Expect_No_Import() {
+    void Expect_Torque_Read() {
+        desktop.Expect_Open(Path("torque.trq"));
+        desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.",
+                               platform::Answer::kOk, platform::Icon::kInformation);
+    }
+    void Expect_No_Import(const std::string& torque) {
         EXPECT_FALSE(form.chk_Torque.Value);
         EXPECT_FALSE(Model.TorqueImported);
-        EXPECT_EQ(In("txt_Torque", 4), "2");
+        EXPECT_EQ(In("txt_Torque", 4), torque);
         EXPECT_TRUE(form.txt_Torque[4].Enabled);
         EXPECT_TRUE(form.cmd_Solve.Enabled);
     }
@@ -208,6 +216,52 @@ TEST_F(MassPropSolve, AModelFromDiskBringsItsTorqueTableAndKeepsSolveClosed) {
     EXPECT_TRUE(form.cmd_Solve.Enabled);
 }
 
+TEST_F(MassPropSolve, AModelFromDiskTakesATorqueTableOnceItsOwnIsCleared) {
+    With_Torque_Table();
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.TorqueImported);
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(form.cmd_Solve.Tip,
+              "Solve for the forces and torques at every step with the data shown and the imported torque");
+    EXPECT_FALSE(form.txt_Torque[4].Enabled);
+    No_Masses();
+    Solve();
+    for (int step = 0; step <= Model.NSteps; ++step)
+        EXPECT_EQ(Model.RunTable.LinkTorque(step, 2), step / 2.0) << "the new table";
+}
+
+TEST_F(MassPropSolve, AModelFromDiskWhoseRunHasDroppedItsTableTakesAnother) {
+    Model.TorqueImported = true;
+    Set_Identity();
+    Model.JustStarted = true;
+    Readfile(File_Content());
+    ASSERT_TRUE(Model.DiskFile);
+    ASSERT_TRUE(Model.TorqueImported);
+    Integer result;
+    Calc_Setup(3, result);
+    Model.JustStarted = false;
+    form.Form_Activate();
+    EXPECT_FALSE(form.chk_Torque.Value);
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+}
+
+TEST_F(MassPropSolve, ACancelledImportInAModelFromDiskOpensTheBoxAgain) {
+    Model.ExtTorque(4) = 2;
+    With_Torque_Table();
+    form.chk_Torque.Click();
+    desktop.Expect_Open({});
+    form.chk_Torque.Click();
+    Expect_No_Import("2");
+}
+
 TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
     Model.ExtTorque(4) = 99;
     With_Torque_Table();
@@ -221,9 +275,7 @@ TEST_F(MassPropSolve, AnImportedTorqueTakesThePlaceOfTheTypedOne) {
 
 TEST_F(MassPropSolve, TickingTheImportReadsATableOfTheRunsLength) {
     Put_Table(Model.NSteps);
-    desktop.Expect_Open(Path("torque.trq"));
-    desktop.Expect_Message("File " + Path("torque.trq") + " of Torque data successfully read.", platform::Answer::kOk,
-                           platform::Icon::kInformation);
+    Expect_Torque_Read();
     Model.ExtTorque(4) = 2;
     form.chk_Torque.Click();
     EXPECT_TRUE(form.chk_Torque.Value);
@@ -241,19 +293,65 @@ TEST_F(MassPropSolve, TickingTheImportReadsATableOfTheRunsLength) {
 
 TEST_F(MassPropSolve, ATableOfAnotherLengthIsRefusedAndTheBoxGoesOff) {
     Put_Table(Model.NSteps / 2);
-    Model.ExtTorque(4) = 2;
+    Fill("txt_Torque", 4, "2");
     desktop.Expect_Open(Path("torque.trq"));
     desktop.Expect_Message("This file has a different number of data than your current model and is incompatible",
                            platform::Answer::kOk, platform::Icon::kExclamation);
     form.chk_Torque.Click();
-    Expect_No_Import();
+    Expect_No_Import("2");
 }
 
-TEST_F(MassPropSolve, ACancelledImportOpensTheBoxAgain) {
-    Model.ExtTorque(4) = 2;
+TEST_F(MassPropSolve, ACancelledImportLeavesTheScreenAsItWas) {
+    Fill("txt_Torque", 4, "7.5");
     desktop.Expect_Open({});
     form.chk_Torque.Click();
-    Expect_No_Import();
+    Expect_No_Import("7.5");
+    Solve();
+    EXPECT_EQ(Model.ExtTorque(4), 7.5);
+    Model_Saved();
+    desktop.Expect_Open({});
+    form.chk_Torque.Click();
+    Expect_No_Import("7.5");
+    Expect_Results_Open(true);
+    EXPECT_EQ(form.CancelButton, &form.cmd_Cancel);
+    EXPECT_TRUE(Model.DynamicsDone);
+    EXPECT_TRUE(Model.SavedFlag);
+}
+
+TEST_F(MassPropSolve, AFileThatCannotBeReadLeavesTheScreenAsItWas) {
+    Fill("txt_Torque", 4, "7.5");
+    desktop.Expect_Open(Path("none.trq"));
+    desktop.Expect_Message("An error has occurred in the Import_Torque routine");
+    desktop.Expect_Message_With("has occurred in Import_Torque");
+    form.chk_Torque.Click();
+    Expect_No_Import("7.5");
+}
+
+TEST_F(MassPropSolve, ForcesOfTheTorqueBeforeDoNotCountOnceATableIsTakenOrCleared) {
+    Put_Table(Model.NSteps);
+    Solve();
+    Balance_Holds();
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.BalanceDone);
+    Expect_Results_Open(false);
+    Solve();
+    EXPECT_TRUE(Model.DynamicsDone);
+    Model_Saved();
+    form.chk_Torque.Click();
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.SavedFlag);
+    Expect_Results_Open(false);
+}
+
+TEST_F(MassPropSolve, ComingUpAgainKeepsTheForcesOfAnImportedTorque) {
+    Put_Table(Model.NSteps);
+    Expect_Torque_Read();
+    form.chk_Torque.Click();
+    Solve();
+    form.Form_Activate();
+    EXPECT_TRUE(Model.DynamicsDone);
 }
 
 TEST_F(MassPropSolve, ATableThatIsInForceIsNotAskedForAgain) {

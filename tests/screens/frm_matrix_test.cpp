@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "core/numeric.h"
-#include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
 #include "tests/screens/forces_fixture.h"
 
@@ -23,7 +22,9 @@ constexpr platform::Color kRed = 255;
 
 struct MatrixScreen : Forces {
     static void Solve() {
-        Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+        const ForceSolve solve = Solve_Forces(Model);
+        ASSERT_TRUE(solve.first);
+        PrintAmatrix(solve.first->A, solve.first->C);
     }
     Label& Cell(int row, int column) { return form.Get<Label>("lbl_A" + std::to_string(row), column); }
 
@@ -78,14 +79,25 @@ TEST_F(MatrixScreen, TakesTheDecimalsOfShownLengthsButTheColorsOfThree) {
     EXPECT_EQ(Cell(3, 2).ForeColor, kRed);
 }
 
-TEST_F(MatrixScreen, ShowsTheEquationsOfTheCounterweightsAfterBalancing) {
-    Solve();
-    Berkof_Setup();
-    for (const int link : {2, 4}) {
-        Model.BerkRadius(link) = Model.LinkArray(link) / 2;
-        Model.BerkMass(link) = Model.MRNeeded(link) / Model.BerkRadius(link);
-    }
-    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+TEST_F(MatrixScreen, ColorsChangeWhereThreeDecimalsComeToZero) {
+    In_Units(5);
+    const std::vector<double> A(81, 0.0004999), C(9, -0.00051);
+    PrintAmatrix(A, C);
+    EXPECT_EQ(Cell(4, 7).Caption, "0.00");
+    EXPECT_EQ(Cell(4, 7).ForeColor, kGray);
+    EXPECT_EQ(form.lbl_B[9].Caption, "0.00");
+    EXPECT_EQ(form.lbl_B[9].ForeColor, kRed);
+}
+
+TEST_F(MatrixScreen, ShowsTheEquationsOfTheDynamicsScreenAndThenThoseOfTheCounterweights) {
+    auto& masses = platform::Screens::Get("frm_MassProp");
+    Inside(masses, [&masses] {
+        Type(masses, "txt_DistCG", 2, "0.25");
+        Press(masses, "cmd_Solve");
+    });
+    EXPECT_EQ(Cell(3, 2).Caption, "-0.250");
+    auto& balance = platform::Screens::Get("frm_Balance");
+    Inside(balance, [&balance] { Press(balance, "cmd_Calc"); });
     EXPECT_EQ(Cell(3, 2).Caption, FNRoundStr(-Model.BerkRadius(2) * std::cos(Model.MRAngle(2)), 3));
 }
 
