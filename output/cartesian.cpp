@@ -46,13 +46,6 @@ std::string Bottom_Title() {
     return "";
 }
 
-void Show_Run_Panel(Screen& screen) {
-    if (By_Time())
-        Show_Time_Panel(screen);
-    else if (Model.Calctype == 3)
-        Show_Angle_Panel(screen);
-}
-
 void Show_Initial_Frame(Screen& screen) {
     platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
 }

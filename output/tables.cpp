@@ -160,11 +160,7 @@ void Multiprint(Screen& screen) {
         Titlebox(screen);
         Put(screen, "lbl_Header2", line1);
         Put(screen, "lbl_Header3", line2);
-        switch (Model.Calctype) {
-            case 1: Show_Linkage_Panel(screen); break;
-            case 3: Show_Angle_Panel(screen); break;
-            default: Show_Time_Panel(screen); break;
-        }
+        Show_Run_Panel(screen);
 
         grid.SetRows(Model.GridRows);
         Fill_Titles(grid);
