@@ -157,12 +157,21 @@ TEST_F(PrintSelectTest, ACancelledPrinterPrintsNothing) {
     EXPECT_TRUE(desktop.Pages.empty());
 }
 
-TEST_F(PrintSelectTest, APrinterGetsTheHeadOfTheTableAndTheFailureIsTold) {
+TEST_F(PrintSelectTest, APrinterGetsTheWholeTable) {
+    for (int step = 0; step <= 4; ++step) Model.RunTable.VelXY(step, 2, 0) = step + 1;
     Velocities();
+    form.cmb_Step.Choose(0);
+    form.cmb_Decimal.Choose(2);
     desktop.Expect_Printer(true);
-    desktop.Expect_Message_With("has occurred in Print_to_Printer");
     Send(1);
     ASSERT_EQ(desktop.Pages.size(), 1u);
+    const auto& page = desktop.Pages[0];
+    ASSERT_GE(page.size(), 6u);
+    EXPECT_NE(page[3].find("Page 1"), std::string::npos) << page[3];
+    for (int step = 0; step <= 4; ++step) {
+        const std::string& row = page[page.size() - 6 + static_cast<std::size_t>(step)];
+        EXPECT_NE(row.find(std::to_string(step + 1) + ".00 "), std::string::npos) << row;
+    }
 }
 
 TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
