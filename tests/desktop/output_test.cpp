@@ -1,6 +1,7 @@
 // Tables, plots and the transform through real windows: paper, typed choices, and what Return and Help do.
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QRadioButton>
 
@@ -8,6 +9,7 @@
 #include "core/runs.h"
 #include "dynamics/units.h"
 #include "platform/file_system.h"
+#include "platform/graph.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/desktop/looks.h"
@@ -41,15 +43,21 @@ class OutputTest : public DesktopTest {
     /// Shows a screen until the user has left it.
     static void Show(const char* name) { Screens::Get(name).ShowModal(); }
 
-    /// Opens a list by the keyboard, from nothing chosen, and goes down to an entry.
-    static void Go_Down(QWidget& window, const char* box, int entry) {
+    /// The list with the keyboard's focus; the platform does not bring a window back from behind a message by itself.
+    static QComboBox& Focus_On(QWidget& window, const char* box) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         auto& combo = Find<QComboBox>(window, box);
         combo.setFocus(Qt::TabFocusReason);
+        return combo;
+    }
+    /// Goes down the list by the keyboard, from nothing chosen to an entry.
+    static void Go_Down(QWidget& window, const char* box, int entry) {
+        QComboBox& combo = Focus_On(window, box);
         for (int i = 0; i <= entry; ++i) QTest::keyClick(&combo, Qt::Key_Down);
     }
     static void Type_In_List(QWidget& window, const char* box, const char* text, bool enter = false) {
-        auto& combo = Find<QComboBox>(window, box);
-        combo.setFocus(Qt::TabFocusReason);
+        QComboBox& combo = Focus_On(window, box);
         QTest::keyClick(&combo, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(&combo, QString::fromLatin1(text));
         if (enter) QTest::keyClick(&combo, Qt::Key_Return);
@@ -85,6 +93,34 @@ TEST_F(OutputTest, A_table_of_more_than_a_page_goes_to_paper_whole) {
     EXPECT_EQ(rows, 91) << "the crank's speed, once in each row";
     EXPECT_NE(pages[0].find("236.000"), std::string::npos) << pages[0];
     EXPECT_NE(pages[1].find("240.000"), std::string::npos) << pages[1];
+}
+
+TEST_F(OutputTest, Too_many_harmonics_are_cut_on_Return_on_leaving_and_by_the_button_with_one_message_each) {
+    const std::string cut =
+        "Number of harmonics cannot exceed 1/2 the number of data points available.\n"
+        "If you want more bandwidth, recalculate all data with smaller increments. \n"
+        "Use the [INPUT] button from the Home Screen to do so.";
+    Then("frm_FFT", [](QWidget& window) {
+        Go_Down(window, "cmb_Var1", 6);
+        EXPECT_TRUE(Model.FFTDone);
+        Type_In_List(window, "cmb_Harmonics", "200", true);
+        EXPECT_EQ(Text_Of_List(window, "cmb_Harmonics"), "90");
+        EXPECT_EQ(Model.Harmonics, 90);
+        Type_In_List(window, "cmb_Harmonics", "3500");
+        QTest::keyClick(&Find<QComboBox>(window, "cmb_Harmonics"), Qt::Key_Tab);
+        EXPECT_EQ(Text_Of_List(window, "cmb_Harmonics"), "90");
+        Type_In_List(window, "cmb_Harmonics", "12", true);
+        EXPECT_EQ(Model.Harmonics, 12);
+        EXPECT_EQ(Screens::Get("frm_FFT").Get<Graph>("grf_Plot", 3).NumPoints(), 13);
+        Type_In_List(window, "cmb_Harmonics", "32767");
+        Click(window, "cmd_Calc");
+        Click(window, "cmd_Calc");
+        EXPECT_EQ(Text_Of_List(window, "cmb_Harmonics"), "90");
+        Click(window, "cmd_Done");
+    });
+    for (int times = 1; times <= 3; ++times) ThenMessage(cut, QStringLiteral("OK"));
+    Then("message", [](QWidget& window) { static_cast<QMessageBox&>(window).button(QMessageBox::Ok)->click(); });
+    Show("frm_FFT");
 }
 
 }  // namespace
