@@ -227,8 +227,6 @@ void frm_FFT::cmd_Cancel_Click() {
 
 void frm_FFT::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_FFT.Print"); }
 
-void frm_FFT::cmd_Copy_Click() {
-    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");
-}
+void frm_FFT::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 }  // namespace verlink

@@ -170,7 +170,8 @@ TEST_F(FftActivation, PrintAsksAndPrintsTheScreen) {
 
 TEST_F(FftActivation, CopySaysHow) {
     Pick("Omega4");
-    desktop.Expect_Message("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");
+    desktop.Expect_Message("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", Answer::kOk,
+                           platform::Icon::kInformation);
     Press(form, "cmd_Copy");
 }
 
