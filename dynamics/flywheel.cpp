@@ -71,8 +71,8 @@ void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
         PulseAreas PosArea, NegArea;
         Integer PulseCount, FirstSign;
         const Single AvgTorque = Average_Of(Torque);
-        Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, Model.NSteps, Model.ThetaStepRad,
-                 AvgTorque, NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
+        Flywheel([&](int step) { return Torque(step, 0); }, 0, Model.NSteps, Model.ThetaStepRad, AvgTorque, NegArea,
+                 PosArea, PulseCount, FirstSign);
         Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), PosArea, NegArea, PulseCount, FirstSign, AvgTorque);
         Smooth_About(AvgTorque, Fluct);
     });
@@ -80,15 +80,12 @@ void Fly(platform::Screen& Form, Single Fluct, const TorqueTable& Torque) {
 
 void Smooth_Torque(Single Fluct, const TorqueTable& Torque) { Smooth_About(Average_Of(Torque), Fluct); }
 
-void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
-              PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,
-              const std::string& Order) {
+void Flywheel(const Element& Array, Integer Start, Integer End, Single StepSize, Single Average, PulseAreas& NegArea,
+              PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign) {
     Guarded("Flywheel", [&] {
         if (Start < 0 || End < Start) platform::Raise(platform::kSubscript);
-        const bool step_last = Dimensions != 1 && Order == "Pointer_I";
         std::vector<Single> y(static_cast<std::size_t>(End + 1));
-        for (int i = Start; i <= End; ++i)
-            y[static_cast<std::size_t>(i)] = (step_last ? Array(Row, i) : Array(i, Row)) - Average;
+        for (int i = Start; i <= End; ++i) y[static_cast<std::size_t>(i)] = Array(i) - Average;
 
         for (int i = 1; i <= PulseCount; ++i) NegArea(i) = PosArea(i) = 0;
         int p = 1;

@@ -203,7 +203,7 @@ void Plot_Setup(Screen& screen, int windows) {
     });
 }
 
-void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/, int window) {
+void MultiPlot(Screen& screen, Screen& selectionScreen, int window) {
     Guarded("MultiPlot", [&] {
         Graph& graph = screen.Get<Graph>("grf_Plot", window);
         // The length of the run, for a transform as well.

@@ -43,7 +43,6 @@ void frm_PrintSelect::Form_Activate() {
         cmd_Done.Enabled = false;
         Reload_Lists();
         Show_Step();
-        Model.PlotStyle = 3;
         const bool by_preset = opt_PrintSet[0].Value;
         Enable_Presets(*this, by_preset);
         Enable_Selection(*this, !by_preset, kFunctions);

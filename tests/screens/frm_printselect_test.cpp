@@ -48,12 +48,10 @@ TEST_F(PrintSelectTest, TheControlsOfATableAreCaptionedAndFilled) {
 TEST_F(PrintSelectTest, ActivationOpensPrinterAndDiskAndReloadsTheLists) {
     for (int target : {1, 2}) form.opt_Whereto[target].Enabled = false;
     Velocities();
-    Model.PlotStyle = 1;
     Model.BalanceDone = false;
     Model.FFTDone = false;
     form.Form_Activate();
     for (int target : {1, 2}) EXPECT_TRUE(form.opt_Whereto[target].Enabled);
-    EXPECT_EQ(Model.PlotStyle, 3);
     EXPECT_EQ(form.cmb_Preset.Items().size(), 25u);
     EXPECT_EQ(Slot(form, 4).cmb_Var.Items().size(), 37u);
     EXPECT_FALSE(form.cmd_Done.Enabled);
