@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "files/model_file.h"
 #include "tests/screens/plot_select_fixture.h"
 
 namespace verlink::test {
@@ -186,18 +187,28 @@ TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
     EXPECT_TRUE(desktop.Dialogs[0].warn_before_overwriting);
 }
 
-TEST_F(PrintSelectTest, TheNextSaveAsksWhereToInsteadOfReplacingTheData) {
+TEST_F(PrintSelectTest, TheModelKeepsItsNameItsFileAndItsSavingBehindATable) {
     Velocities();
+    Model.FilePath = Path("press.vlk");
+    Model.ModelName = "press";
     Model.SavedFlag = true;
-    desktop.Expect_Save({});
-    Send(2);
-    EXPECT_TRUE(Model.SavedFlag) << "nothing was written";
-    desktop.Expect_Save(Path("speeds.dat"));
-    Send(2);
-    EXPECT_FALSE(Model.SavedFlag);
+    for (const char* table : {"speeds.dat", "again.dat"}) {
+        desktop.Expect_Save(Path(table));
+        Send(2);
+        EXPECT_TRUE(std::filesystem::exists(Path(table)));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, "press.dat");
+        EXPECT_EQ(Model.ModelName, "press");
+        EXPECT_EQ(Model.FilePath, Path("press.vlk"));
+        EXPECT_TRUE(Model.SavedFlag);
+    }
+    EXPECT_NE(Content(Path("again.dat")).find("File \tpress\t"), std::string::npos);
+    desktop.Expect_Message_With("File was successfully written to");
+    Menu_Save(Screens::Get("frm_HomeScreen"));
+    EXPECT_EQ(Content(Path("speeds.dat")), Content(Path("again.dat"))) << "the data are not the model's file";
+    EXPECT_TRUE(std::filesystem::exists(Path("press.vlk")));
 }
 
-TEST_F(PrintSelectTest, AFileGetsTheTableAndItsNameBecomesTheModels) {
+TEST_F(PrintSelectTest, AFileGetsTheTable) {
     for (int step = 0; step <= 4; ++step) {
         Model.RunTable.Theta(step, 0) = 30 * step;
         Model.RunTable.VelXY(step, 2, 0) = step + 1;
@@ -208,8 +219,6 @@ TEST_F(PrintSelectTest, AFileGetsTheTableAndItsNameBecomesTheModels) {
     const std::string path = Path("speeds.dat");
     desktop.Expect_Save(path);
     Send(2);
-    EXPECT_EQ(Model.FilePath, path);
-    EXPECT_EQ(Model.ModelName, "speeds.dat");
     EXPECT_EQ(Model.OutputTarget, 2);
     const std::string text = Content(path);
     EXPECT_NE(text.find("Veloc CP\tVeloc CP\tVeloc CP\tVeloc CP\t"), std::string::npos) << text;
