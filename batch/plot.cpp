@@ -34,7 +34,7 @@ std::string Plot_Svg(const std::vector<FunctionChoice>& choices, bool local) {
     Model.PlotCount = static_cast<int>(choices.size());
     frm_Plot1 form;
     Plot_Setup(form, 1);
-    MultiPlot(form, chosen, Model.NSteps);
+    MultiPlot(form, chosen);
     return Graph_Svg(form.grf_Plot[0]);
 }
 

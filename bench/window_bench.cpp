@@ -56,7 +56,7 @@ void Plot_Of_Four_Functions(benchmark::State& state) {
     desktop::Form& form = windows.Open("frm_Plot1");
     for (auto _ : state) {
         Plot_Setup(plot, 1);
-        MultiPlot(plot, choice, Model.NSteps);
+        MultiPlot(plot, choice);
         form.repaint();
         QApplication::processEvents();
     }

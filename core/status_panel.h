@@ -19,7 +19,7 @@ void Check_mnu_Units(platform::Screen& HomeScreen, Integer& Units);
 /// `lbl_Header` of a screen: user, design number, date and time, and the model's name once it has a path.
 void Titlebox(platform::Screen& screen);
 
-/// The banner behind a screen's caption.
+/// The banner behind every screen's caption.
 void Set_Screen_Titles();
 
 }  // namespace verlink

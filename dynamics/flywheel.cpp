@@ -76,8 +76,8 @@ void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const Tor
         PulseAreas PosArea, NegArea;
         Integer PulseCount, FirstSign;
         const Single AvgTorque = Average_Of(Torque, run.last_step);
-        Flywheel([&](int step, int row) { return Torque(step, row); }, 2, 0, run.last_step, run.step_size, AvgTorque,
-                 NegArea, PosArea, PulseCount, FirstSign, 0, "I_Pointer");
+        Flywheel([&](int step) { return Torque(step, 0); }, 0, run.last_step, run.step_size, AvgTorque, NegArea,
+                 PosArea, PulseCount, FirstSign);
         Print_Areas(Form.Get<platform::PictureBox>("pct_Pict1"), run.unit, PosArea, NegArea, PulseCount, FirstSign,
                     AvgTorque);
         Smooth_About(run, AvgTorque, Fluct);
@@ -88,15 +88,12 @@ void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torq
     Smooth_About(run, Average_Of(Torque, run.last_step), Fluct);
 }
 
-void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
-              PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,
-              const std::string& Order) {
+void Flywheel(const Element& Array, Integer Start, Integer End, Single StepSize, Single Average, PulseAreas& NegArea,
+              PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign) {
     Guarded("Flywheel", [&] {
         if (Start < 0 || End < Start) platform::Raise(platform::kSubscript);
-        const bool step_last = Dimensions != 1 && Order == "Pointer_I";
         std::vector<Single> y(static_cast<std::size_t>(End + 1));
-        for (int i = Start; i <= End; ++i)
-            y[static_cast<std::size_t>(i)] = (step_last ? Array(Row, i) : Array(i, Row)) - Average;
+        for (int i = Start; i <= End; ++i) y[static_cast<std::size_t>(i)] = Array(i) - Average;
 
         for (int i = 1; i <= PulseCount; ++i) NegArea(i) = PosArea(i) = 0;
         int p = 1;

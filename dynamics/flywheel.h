@@ -1,8 +1,6 @@
 // Pulses of the crank torque over a cycle, and the torque that a flywheel leaves.
 #pragma once
 
-#include <string>
-
 #include "core/array.h"
 #include "core/number.h"
 #include "core/numeric.h"
@@ -36,10 +34,8 @@ void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torq
 
 /// Areas between a function and its average from step `Start` to `End`, a pulse to an entry, by the trapezoid rule
 /// from the second interval on; one pulse ends where the sign changes. `FirstSign` is that of the first pulse.
-/// `Dimensions` says how Array is read: 1 by the step alone, 2 and 3 with `Row` beside it, in the order "I_Pointer"
-/// (step, row) or "Pointer_I" (row, step). More than ten pulses of a sign are failure 9.
-void Flywheel(const Element2& Array, Integer Dimensions, Integer Start, Integer End, Single StepSize, Single Average,
-              PulseAreas& NegArea, PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign, Integer Row,
-              const std::string& Order);
+/// More than ten pulses of a sign are failure 9.
+void Flywheel(const Element& Array, Integer Start, Integer End, Single StepSize, Single Average, PulseAreas& NegArea,
+              PulseAreas& PosArea, Integer& PulseCount, Integer& FirstSign);
 
 }  // namespace verlink

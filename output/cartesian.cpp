@@ -1,7 +1,8 @@
 // How functions become curves in graphs and in aligned windows.
 #include "output/cartesian.h"
 
-#include <array>
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -44,13 +45,6 @@ std::string Bottom_Title() {
     if (By_Time()) return "Time (Sec)";
     if (Model.Calctype == 3) return Model.FFTFunction ? "Harmonic Number" : "Crank Angle (Deg)";
     return "";
-}
-
-void Show_Run_Panel(Screen& screen) {
-    if (By_Time())
-        Show_Time_Panel(screen);
-    else if (Model.Calctype == 3)
-        Show_Angle_Panel(screen);
 }
 
 void Show_Initial_Frame(Screen& screen) {
@@ -99,10 +93,28 @@ Span Span_Of_X() {
     return {Model.ThetaStart, Model.ThetaEnd};
 }
 
-void Draw_Curve(platform::Surface& surface, const Element& y, int last) {
-    const auto& Theta = Model.RunTable.Theta;
-    surface.PSet(Theta(0, 0), y(0), Model.ColorBlue);
-    for (int j = 0; j <= last; ++j) surface.LineTo(Theta(j, 0), y(j), Model.ColorBlue);
+/// The crank angle at a step of a run by angle, as the axis counts it. A stored angle is wrapped, and that of a
+/// position that does not close is of the ground link's frame; the axis goes on.
+double Angle_On_Axis(const Drive& drive, const RunResults& table, int step) {
+    const bool from_the_end = drive.Omega2 <= 0;
+    const double first = from_the_end ? drive.ThetaEnd : drive.ThetaStart;
+    const double final = from_the_end ? drive.ThetaStart : drive.ThetaEnd;
+    const double stride = drive.Omega2 == 0 ? 0 : from_the_end ? -drive.ThetaStep : +drive.ThetaStep;
+    const double met = first + step * stride;
+    const double nominal = from_the_end ? std::max(met, final) : std::min(met, final);
+    if (!table.Assembled(step)) return nominal;
+    const double stored = table.Theta(step, 0);
+    return stored + 360 * std::round((nominal - stored) / 360);
+}
+
+void Draw_Curve(platform::Surface& surface, const Drive& drive, const Element& y, int last) {
+    const RunResults& table = Model.RunTable;
+    const auto x = [&](int step) -> double {
+        if (drive.Calctype == 3) return Angle_On_Axis(drive, table, step);
+        return table.Theta(step, 0);
+    };
+    surface.PSet(x(0), y(0), Model.ColorBlue);
+    for (int j = 0; j <= last; ++j) surface.LineTo(x(j), y(j), Model.ColorBlue);
 }
 
 void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows) {
@@ -128,7 +140,7 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
 
     SetWindow(screen, i, Model.PlotYmax, xmin, xmax, name, Model.PlotMid, windows);
     if (!Model.WindowFailed) {
-        Draw_Curve(screen.Get<PictureBox>("pct_Plot", i).Canvas(), y, last);
+        Draw_Curve(screen.Get<PictureBox>("pct_Plot", i).Canvas(), Model, y, last);
         Vertical_lines(screen, i, Model.PlotYmax, xmin, xmax);
         CartesianAxes(screen, i, Model.PlotYmax, xmin, xmax);
         XticMarks(screen, i, Model.PlotYmax, xmin, xmax);
@@ -191,7 +203,7 @@ void Plot_Setup(Screen& screen, int windows) {
     });
 }
 
-void MultiPlot(Screen& screen, Screen& selectionScreen, int /*last*/, int window) {
+void MultiPlot(Screen& screen, Screen& selectionScreen, int window) {
     Guarded("MultiPlot", [&] {
         Graph& graph = screen.Get<Graph>("grf_Plot", window);
         // The length of the run, for a transform as well.

@@ -38,11 +38,22 @@ void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
     Put(screen, "lbl_Linkout2", index, line.value);
 }
 
-void Put_Run_Lines(Screen& screen, const std::array<RunLine, 6>& lines) {
+void Put_Run_Lines(Screen& screen, const Drive& drive, const std::array<RunLine, 6>& lines) {
     for (const char* label : {"lbl_Linkout2", "lbl_Initial"}) Show(screen, label, 0, true);
-    Put(screen, "lbl_Linkout2", 0, Model.CircuitName);
+    Put(screen, "lbl_Linkout2", 0, drive.CircuitName);
     for (int i = 1; i <= 6; ++i) Put_Run_Line(screen, i, lines[static_cast<std::size_t>(i - 1)]);
-    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
+}
+
+/// Lengths by `text`, and the coupler angle.
+template <class Text>
+void Put_Links(Screen& screen, const Geometry& linkage, Text text) {
+    const std::array<Single, 5> lengths{linkage.L1, linkage.L2, linkage.L3, linkage.L4, linkage.Rpa};
+    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Links", i, text(lengths[static_cast<std::size_t>(i)]));
+    Put(screen, "lbl_Links", 5, Text_Of(linkage.Delta));
+}
+
+void Put_Length_Units(Screen& screen, const UnitSystem& units) {
+    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Units", i, units.UnitLabel(6));
 }
 
 }  // namespace
@@ -50,10 +61,7 @@ void Put_Run_Lines(Screen& screen, const std::array<RunLine, 6>& lines) {
 void Show_Link_Data(Screen& screen) {
     Guarded("Show_Link_Data", [&] {
         const double shown = Shown_Factor();
-        const std::array<Single, 5> lengths{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
-        for (int i = 0; i <= 4; ++i)
-            Put(screen, "lbl_Links", i, FNRoundStr(lengths[static_cast<std::size_t>(i)] * shown, Model.DecLengthShown));
-        Put(screen, "lbl_Links", 5, Text_Of(Model.Delta));
+        Put_Links(screen, Model, [shown](Single length) { return FNRoundStr(length * shown, Model.DecLengthShown); });
     });
 }
 
@@ -61,39 +69,50 @@ void Show_Time_Panel(Screen& screen) {
     Guarded("Show_Time_Panel", [&] {
         Show_Link_Data(screen);
         // In a time run the three texts hold times.
-        Put_Run_Lines(screen, {{{"Start Time", "sec", Model.ThetaStartStr},
-                                {"End Time", "sec", Model.ThetaEndStr},
-                                {"Delta Time", "sec", Model.ThetaStepStr},
-                                {"Theta0", "deg", Text_Of(Model.ThetaZero)},
-                                {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
-                                {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}});
+        Put_Length_Units(screen, Model);
+        Put_Run_Lines(screen, Model,
+                      {{{"Start Time", "sec", Model.ThetaStartStr},
+                        {"End Time", "sec", Model.ThetaEndStr},
+                        {"Delta Time", "sec", Model.ThetaStepStr},
+                        {"Theta0", "deg", Text_Of(Model.ThetaZero)},
+                        {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
+                        {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}});
     });
 }
 
 void Show_Angle_Panel(Screen& screen) {
     Guarded("Show_Angle_Panel", [&] {
         Show_Link_Data(screen);
-        Put_Run_Lines(screen, {{{"Min Theta", "deg", Model.ThetaStartStr},
-                                {"Max Theta", "deg", Model.ThetaEndStr},
-                                {"Delta Theta", "deg", Model.ThetaStepStr},
-                                {"Omega2", "rad/s", Text_Of(Model.Omega2Input)},
-                                {"", "", ""},
-                                {"", "", ""}}});
+        Put_Length_Units(screen, Model);
+        Put_Run_Lines(screen, Model,
+                      {{{"Min Theta", "deg", Model.ThetaStartStr},
+                        {"Max Theta", "deg", Model.ThetaEndStr},
+                        {"Delta Theta", "deg", Model.ThetaStepStr},
+                        {"Omega2", "rad/s", Text_Of(Model.Omega2Input)},
+                        {"", "", ""},
+                        {"", "", ""}}});
     });
 }
 
 void Show_Linkage_Panel(Screen& screen) {
     Guarded("Show_Linkage_Panel", [&] {
-        const std::array<Single, 5> lengths{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
-        for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Links", i, Text_Of(lengths[static_cast<std::size_t>(i)]));
-        Put(screen, "lbl_Links", 5, Text_Of(Model.Delta));
-        for (int i = 1; i <= 4; ++i) Put(screen, "lbl_Units", i, Model.UnitLabel(6));
+        const double shown = Shown_Factor();
+        Put_Links(screen, Model, [shown](Single length) { return Text_Of(Single(length * shown)); });
+        Put_Length_Units(screen, Model);
         for (int i = 0; i <= 3; ++i)
             for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, false);
         Put_Run_Line(screen, 4, {"Theta2", "deg", Model.ThetaStartStr});
         Put_Run_Line(screen, 5, {"Omega2", "rad/s", Text_Of(Model.Omega2)});
         Put_Run_Line(screen, 6, {"Alpha2", "rad/s/s", Text_Of(Model.Alpha2)});
     });
+}
+
+void Show_Run_Panel(Screen& screen) {
+    switch (Model.Calctype) {
+        case 1: Show_Linkage_Panel(screen); break;
+        case 3: Show_Angle_Panel(screen); break;
+        default: Show_Time_Panel(screen); break;
+    }
 }
 
 }  // namespace verlink

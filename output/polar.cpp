@@ -77,14 +77,7 @@ void MyPolarPlotSetup(Screen& screen) {
     Guarded("MyPolarPlotSetup", [&] {
         Canvas(screen).Cls();
         Titlebox(screen);
-        switch (Model.Calctype) {
-            case 1:
-            case 3: Show_Angle_Panel(screen); break;
-            case 2:
-            case 4:
-            case 5: Show_Time_Panel(screen); break;
-            default: break;
-        }
+        Show_Run_Panel(screen);
         Model.PolarVectors = screen.Get<CheckBox>("chk_Vectors").Value;
         Model.PolarEnvelope = screen.Get<CheckBox>("chk_Envelope").Value;
         platform::With<Frame>(screen, "fra_Initial", kNoIndex,

@@ -65,6 +65,15 @@ void For_Each_Printed_Step(int last, Action action) {
     for (int i = 0; i <= last; i += Model.PrintStep) action(i);
 }
 
+/// The last index of a table with a row for each harmonic of a transform.
+int Last_Row() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }
+
+/// The unit of a column.
+std::string Unit_Of(int slot) {
+    if (Is_Angle(slot)) return "deg";
+    return Model.FFTFunction ? Model.FFTUnitLabel : Model.UnitLabel(Model.FuncGroup(slot));
+}
+
 std::string Value_At(int step, int slot) {
     Single value;
     Transform_XY(step, slot, value);
@@ -91,10 +100,7 @@ void Fill_Titles(Grid& grid) {
     for (int slot = 1; slot <= Model.PrintCount; ++slot) {
         grid.SetCell(0, slot, Chosen("lbl_Function", slot));
         grid.SetCell(1, slot, Chosen("lbl_Component", slot));
-        grid.SetCell(2, slot,
-                     Is_Angle(slot)      ? "deg"
-                     : Model.FFTFunction ? Model.FFTUnitLabel
-                                         : Model.UnitLabel(Model.FuncGroup(slot)));
+        grid.SetCell(2, slot, Unit_Of(slot));
     }
 }
 
@@ -140,7 +146,7 @@ void Multiprint(Screen& screen) {
     bool shown = false;
     Guarded("Multiprint", [&] {
         auto& grid = screen.Get<Grid>("grd_Data");
-        const int last = Model.FFTFunction ? Model.Harmonics : Model.NSteps;
+        const int last = Last_Row();
         Model.GridCols = Model.PrintCount + 1;
         const double width = std::floor(static_cast<double>(grid.Width) * 0.94);
         const int old_rows = Model.GridRows;
@@ -160,11 +166,7 @@ void Multiprint(Screen& screen) {
         Titlebox(screen);
         Put(screen, "lbl_Header2", line1);
         Put(screen, "lbl_Header3", line2);
-        switch (Model.Calctype) {
-            case 1: Show_Linkage_Panel(screen); break;
-            case 3: Show_Angle_Panel(screen); break;
-            default: Show_Time_Panel(screen); break;
-        }
+        Show_Run_Panel(screen);
 
         grid.SetRows(Model.GridRows);
         Fill_Titles(grid);
@@ -220,31 +222,34 @@ void Print_Header() {
         for (int slot = 1; slot <= 4; ++slot) printer.Print(cell(slot)).Zone();
         printer.EndLine();
     };
+    if (Model.FFTFunction) {
+        time = "Harmonic";
+        step = "Number";
+        unit = "";
+    }
     row(time, [](int slot) { return Chosen("lbl_Function", slot); });
     row(step, [](int slot) { return Chosen("lbl_Component", slot); });
-    row(unit, [](int slot) { return Is_Angle(slot) ? "deg" : Model.UnitLabel(Model.FuncGroup(slot)); });
+    row(unit, Unit_Of);
     blank(2);
 }
 
 void Print_to_Printer() {
-    const bool done = Guarded("Print_to_Printer", [] {
+    Guarded("Print_to_Printer", [] {
+        constexpr int kRowsOfAPage = 60;
         auto& printer = platform::The_Printer();
-        Print_Header();
-        int lines = 0;
-        For_Each_Printed_Step(Model.NSteps, [&](int i) {
-            Row_Lead();  // a file's lead cell: without a data file it fails, and the head is what reaches the paper
-            for (int slot = 1; slot <= Model.PrintCount; ++slot) printer.Print(Value_At(i, slot)).Zone();
-            printer.EndLine();
-            // The count is not set back: after the first page each further row starts a new one.
-            if (++lines >= 60) {
+        int rows = 0;
+        For_Each_Printed_Step(Last_Row(), [&](int i) {
+            if (rows > 0 && rows % kRowsOfAPage == 0) {
                 printer.EndLine().EndLine();
                 printer.NewPage();
-                Print_Header();
             }
+            if (rows++ % kRowsOfAPage == 0) Print_Header();
+            printer.Zone().Print(Model.FFTFunction ? Text_Of(i) : Lead_Of(i)).Zone();
+            for (int slot = 1; slot <= Model.PrintCount; ++slot) printer.Print(Value_At(i, slot)).Zone();
+            printer.EndLine();
         });
         printer.EndDoc();
     });
-    if (!done) Guarded("Print_to_Printer", [] { platform::The_Printer().EndDoc(); });
 }
 
 void File_Header() {

@@ -14,7 +14,7 @@ void Table_Titles(std::string& line1, std::string& line2, std::string& time, std
 void Multiprint(platform::Screen& screen);
 void Clear_Grid(int rows, int cols);
 
-/// The printer's path: its head reaches the paper; the rows fail at their lead cell, which is a file's.
+/// The whole table, a row for each printed step or each harmonic, with the head on every page.
 void Print_to_Printer();
 void Print_Header();
 

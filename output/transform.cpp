@@ -96,7 +96,6 @@ void FFT_Plot_Setup(platform::Screen& screen) {
         SetGridstyle(screen, 4);
         for (int i = 0; i <= 3; ++i) {
             auto& graph = screen.Get<platform::Graph>("grf_Plot", i);
-            if (Model.PlotStyle < 4) graph.SetNumSets(Model.PlotCount);
             graph.SetNumPoints(Model.Harmonics + 1);
             graph.BottomTitle = "Harmonic Number";
             graph.TickEvery = 1;

@@ -259,11 +259,11 @@ void frm_Balance::PlotForceTorque() {
         }
         Fill_Slot(1, kPinForce, kShaking);
         Fill_Slot(2, kBalancedForce, kShaking);
-        MultiPlot(*this, *this, Model.NSteps, 0);
+        MultiPlot(*this, *this, 0);
         // The second graph shows the driving torque.
         Fill_Slot(1, kLinkTorque, kDriving);
         Fill_Slot(2, kBalancedMoment, kDriving);
-        MultiPlot(*this, *this, Model.NSteps, 1);
+        MultiPlot(*this, *this, 1);
     });
 }
 

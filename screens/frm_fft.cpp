@@ -30,6 +30,7 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmb_Var1.OnClick = [this] { cmb_Var1_Click(); };
     cmb_Com1.OnClick = [this] { cmb_Com1_Click(); };
     cmb_Harmonics.OnClick = [this] { cmb_Harmonics_Click(); };
+    cmb_Harmonics.OnLostFocus = [this] { cmb_Harmonics_LostFocus(); };
     cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
     cmd_Clear1.OnClick = [this] { cmd_Clear1_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
@@ -83,7 +84,8 @@ void frm_FFT::Form_Activate() {
         Model.GraphWindows = 4;
         Model.PlotCount = 1;
         Fill_Harmonics();
-        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
+        // A number that stands there for a longer run is nobody's wish for this one.
+        if (Read_Harmonics()) cmb_Harmonics.Text = Text_Of(Model.Harmonics);
         Clear_Results(Model.NSteps / 2);
         Redraw();
         Model.FFTSelecting = true;
@@ -117,10 +119,26 @@ void frm_FFT::Redraw() {
     FFT_Plot(*this);
 }
 
+bool frm_FFT::Read_Harmonics() {
+    const Integer half = std::max(Model.NSteps / 2.0, 0.0);
+    const double wished = Val(cmb_Harmonics.Text.Get());
+    Model.Harmonics = std::clamp(wished, 0.0, static_cast<double>(half));
+    return wished > half;
+}
+
 bool frm_FFT::Harmonics_Good() {
-    if (Model.Harmonics > 0) return true;
-    platform::Tell(" Must set the number of harmonics to a value > 0");
-    return false;
+    const bool cut = Read_Harmonics();
+    if (Model.Harmonics <= 0) {
+        platform::Tell(" Must set the number of harmonics to a value > 0");
+        return false;
+    }
+    if (cut) {
+        cmb_Harmonics.Text = Text_Of(Model.Harmonics);
+        platform::Tell(std::string("Number of harmonics cannot exceed 1/2 the number of data points available.") +
+                       CRLF + "If you want more bandwidth, recalculate all data with smaller increments. " + CRLF +
+                       "Use the [INPUT] button from the Home Screen to do so.");
+    }
+    return true;
 }
 
 bool frm_FFT::Function_Good() {
@@ -148,23 +166,24 @@ void frm_FFT::cmb_Com1_Click() {
 
 void frm_FFT::cmb_Harmonics_Click() {
     Guarded("cmb_Harmonics_Click", [this] {
-        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
-        if (!Harmonics_Good() || cmb_Var1.Text.Get().empty()) return;
-        const Integer half = Model.NSteps / 2.0;
-        if (Model.Harmonics > half) {
-            Model.Harmonics = half;
-            cmb_Harmonics.Text = Text_Of(half);
-            platform::Tell(std::string("Number of harmonics cannot exceed 1/2 the number of data points available.") +
-                           CRLF + "If you want more bandwidth, recalculate all data with smaller increments. " + CRLF +
-                           "Use the [INPUT] button from the Home Screen to do so.");
-        }
-        Redraw();
+        if (Harmonics_Good() && !cmb_Var1.Text.Get().empty()) Redraw();
+    });
+}
+
+void frm_FFT::cmb_Harmonics_LostFocus() {
+    Guarded("cmb_Harmonics_LostFocus", [this] {
+        const Integer before = Model.Harmonics;
+        const bool leaves = Focus() == &cmd_Cancel;
+        if (leaves || cmb_Harmonics.Text.Get() == Text_Of(before)) return;
+        cmb_Harmonics_Click();
+        if (Model.Harmonics > 0) return;
+        Model.Harmonics = before;
+        cmb_Harmonics.Text = Text_Of(before);
     });
 }
 
 void frm_FFT::cmd_Calc_Click() {
     Guarded("frm_FFT_cmb_Calc_Click", [this] {
-        Model.Harmonics = Val(cmb_Harmonics.Text.Get());
         if (!Harmonics_Good()) {
             cmb_Harmonics.Text = "";
             return;
@@ -209,8 +228,6 @@ void frm_FFT::cmd_Cancel_Click() {
 
 void frm_FFT::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_FFT.Print"); }
 
-void frm_FFT::cmd_Copy_Click() {
-    platform::Tell("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");
-}
+void frm_FFT::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 }  // namespace verlink

@@ -43,6 +43,7 @@ class frm_FFT : public platform::Screen {
     void cmb_Var1_Click();
     void cmb_Com1_Click();
     void cmb_Harmonics_Click();
+    void cmb_Harmonics_LostFocus();
     void cmd_Calc_Click();
     void cmd_Clear1_Click();
     void cmd_Done_Click();
@@ -54,6 +55,9 @@ class frm_FFT : public platform::Screen {
     void Form_Load();
     void Redraw();
     void Fill_Harmonics();
+    /// `Harmonics` from the box, at most half the steps; whether more was wished for.
+    bool Read_Harmonics();
+    /// The same for a user who waits for it: none are refused, too many are cut, either with a message.
     bool Harmonics_Good();
     bool Function_Good();
     void Clear_Results(int last);

@@ -57,7 +57,7 @@ void frm_PlotSelect1::cmd_Done_Click() {
         Take_Coordinates();
         platform::Screen& plot = platform::Screens::Get(kPlot);
         Plot_Setup(plot, Model.GraphWindows);
-        MultiPlot(plot, *this, Model.NSteps);
+        MultiPlot(plot, *this);
         Hide();
         Reset_Coordinates();
         Show_Centered(kPlot);

@@ -44,7 +44,6 @@ void frm_PrintSelect::Form_Activate() {
         cmd_Done.Enabled = false;
         Reload_Lists();
         Show_Step();
-        Model.PlotStyle = 3;
         const bool by_preset = opt_PrintSet[0].Value;
         Enable_Presets(*this, by_preset);
         Enable_Selection(*this, !by_preset, kFunctions);
@@ -129,11 +128,7 @@ void frm_PrintSelect::To_Disk() {
     CommonDialog1.FileName = Model.ModelName + ".dat";
     CommonDialog1.OverwritePrompt = true;
     CommonDialog1.ShowSave();
-    // The data file takes the place of the model's: its name keeps the extension.
-    Model.FilePath = CommonDialog1.FileName;
-    Model.ModelName = Model.FilePath.substr(Model.FilePath.find_last_of("\\/") + 1);
-    Model_Unsaved();  // a Save without asking would write the model over the data
-    Open_Data_File(Model.FilePath);
+    Open_Data_File(CommonDialog1.FileName);
     Print_to_File();
     Close_Data_File();
 }

@@ -34,10 +34,10 @@ std::string Help_Document(const std::string& entry) {
     return "";
 }
 
-std::string Screen_Help_Document(const std::string& title) {
-    if (title == "Print Select") return Help_Document("mnu_PrintHelp");
-    if (title == "Select Plot Type" || title == "Select Plot Data" || title == "Output Screen")
-        return Help_Document("mnu_PlotHelp");
+std::string Screen_Help_Document(const std::string& caption) {
+    if (caption.starts_with("Print Select")) return Help_Document("mnu_PrintHelp");
+    for (const char* title : {"Select Plot Type", "Select Plot Data", "Output Screen"})
+        if (caption.starts_with(title)) return Help_Document("mnu_PlotHelp");
     return "";
 }
 

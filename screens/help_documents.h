@@ -10,9 +10,9 @@ namespace verlink {
 /// The path of the entry's document below the folder of the help documents; empty for an entry that has none.
 std::string Help_Document(const std::string& entry);
 
-/// The document of a screen of the output by its title: "Select Plot Data", "Select Plot Type", "Print Select" or
-/// "Output Screen"; empty for any other.
-std::string Screen_Help_Document(const std::string& title);
+/// The document of a screen of the output by the words that its caption begins with, before the banner: "Select Plot
+/// Data", "Select Plot Type", "Print Select" or "Output Screen"; empty for any other.
+std::string Screen_Help_Document(const std::string& caption);
 
 /// Every help entry of the home screen with its document.
 std::span<const std::pair<const char*, const char*>> Help_Documents();

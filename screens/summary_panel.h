@@ -5,7 +5,7 @@
 
 namespace verlink {
 
-/// The read-outs that `Show_Angle_Panel`, `Show_Time_Panel` and `Show_Linkage_Panel` fill in.
+/// The read-outs that `Show_Run_Panel` fills in.
 struct Summary_Panel {
     explicit Summary_Panel(platform::Screen& owner) : screen(owner) {}
 
@@ -23,8 +23,7 @@ struct Summary_Panel {
     platform::ControlArray<platform::Label> lbl_Links{
         screen, "lbl_Links", {{0, ""}, {1, ""}, {2, ""}, {3, ""}, {4, ""}, {5, ""}}};
     /// Length units; the angle of the coupler point has its own.
-    platform::ControlArray<platform::Label> lbl_Units{
-        screen, "lbl_Units", {{0, "len"}, {1, "len"}, {2, "len"}, {3, "len"}, {4, "len"}}};
+    platform::ControlArray<platform::Label> lbl_Units{screen, "lbl_Units", {0, 1, 2, 3, 4}};
     platform::ControlArray<platform::Label> lbl_Degrees{screen, "lbl_Degrees", {{5, "deg"}}};
 
     /// A line each for circuit (0), start, end and step of the run, and what is given at the start; the captions

@@ -203,6 +203,12 @@ TEST_F(StatusPanelTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords
     EXPECT_EQ(Screens::Get("frm_Inputnew").Caption().Get(), "Input ScreenBANNER");
     for (const char* name : {"frm_Title", "frm_User", "frm_HomeScreen", "frm_Quit", "frm_About", "frm_Help"})
         EXPECT_EQ(Screens::Get(name).Caption().Get(), "BANNER") << name;
+    EXPECT_EQ(Screens::Get("frm_PlotType").Caption().Get(), "Select Plot TypeBANNER");
+    EXPECT_EQ(Screens::Get("frm_PrintSelect").Caption().Get(), "Print SelectBANNER");
+    for (const char* name : {"frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4"})
+        EXPECT_EQ(Screens::Get(name).Caption().Get(), "Select Plot DataBANNER") << name;
+    for (const char* name : {"frm_Plot1", "frm_Plot2", "frm_Plot3", "frm_Myplot2", "frm_MyPlot3", "frm_MyPlot4"})
+        EXPECT_EQ(Screens::Get(name).Caption().Get(), "Output ScreenBANNER") << name;
 }
 
 }  // namespace

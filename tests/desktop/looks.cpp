@@ -91,4 +91,14 @@ void Expect_One_Filled_Page(const std::string& pdf) {
     QFile::remove(page + QStringLiteral(".png"));
 }
 
+std::vector<std::string> Words_On_Paper(const std::string& pdf) {
+    std::vector<std::string> pages;
+    const QByteArray words = Output(QStringLiteral("pdftotext"),
+                                    {QStringLiteral("-layout"), QString::fromStdString(pdf), QStringLiteral("-")});
+    // A form feed ends each page.
+    for (const QByteArray& page : words.chopped(words.endsWith('\f') ? 1 : 0).split('\f'))
+        pages.push_back(page.toStdString());
+    return pages;
+}
+
 }  // namespace verlink::test

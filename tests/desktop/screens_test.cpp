@@ -20,6 +20,16 @@ using namespace platform;
 
 namespace {
 
+TEST_F(ScreensTest, Every_window_has_the_banner_in_its_title) {
+    Model.TitleSuffix = "The banner   ";
+    Set_Screen_Titles();
+    ForEach([](Screen& screen, desktop::Form& form) {
+        EXPECT_TRUE(screen.Caption().Get().ends_with(Model.TitleSuffix)) << screen.Caption().Get();
+        form.applyShape();
+        EXPECT_TRUE(form.windowTitle().endsWith(QStringLiteral("The banner"))) << form.windowTitle().toStdString();
+    });
+}
+
 TEST_F(ScreensTest, Every_control_has_its_widget_and_every_layout_places_it) {
     ForEach([](Screen& screen, desktop::Form& form) {
         for (const Control* control : screen.Controls()) {

@@ -38,8 +38,8 @@ class Pulses : public Fixture {
         }
     }
     void Find(double average = 0) {
-        Flywheel([this](int step, int row) { return torque(step, row); }, 2, 0, Model.NSteps, 0.5, average, negative,
-                 positive, count, sign, 0, "I_Pointer");
+        Flywheel([this](int step) { return torque(step, 0); }, 0, Model.NSteps, 0.5, average, negative, positive, count,
+                 sign);
     }
     static std::vector<std::string> Printed(Single fluct = 0.05) {
         Paper paper;
@@ -129,30 +129,6 @@ TEST_F(Pulses, TenOfASignFitAndElevenAreReported) {
     Take(Alternating(22));
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in Flywheel\r\n\r\n");
     Find();
-}
-
-TEST_F(Pulses, AListATableEitherWayRoundAndOneOfThreeSubscriptsAreReadAlike) {
-    Take({0, 4, 2, -1, -3, 5, 1});
-    Find();
-    const PulseAreas expected = positive;
-    struct Way {
-        int dimensions, row;
-        const char* order;
-        Element2 element;
-    };
-    const auto plain = [this](int step, int) { return torque(step, 0); };
-    const auto second = [this](int step, int row) { return row == 7 ? torque(step, 0) : Single(-50); };
-    const auto first = [this](int row, int step) { return row == 7 ? torque(step, 0) : Single(-50); };
-    for (const Way& way : {Way{1, 0, "", plain}, Way{2, 7, "I_Pointer", second}, Way{2, 7, "Pointer_I", first},
-                           Way{3, 7, "I_Pointer", second}, Way{3, 7, "Pointer_I", first}}) {
-        PulseAreas below, above;
-        Integer pulses, first_sign;
-        Flywheel(way.element, way.dimensions, 0, Model.NSteps, 0.5, 0, below, above, pulses, first_sign, way.row,
-                 way.order);
-        EXPECT_EQ(pulses, count);
-        EXPECT_EQ(first_sign, sign);
-        for (int i = 1; i <= 3; ++i) EXPECT_EQ(above(i), expected(i)) << way.dimensions << way.order << i;
-    }
 }
 
 TEST_F(Pulses, TheTableOfACycleThatStartsAbove) {

@@ -38,6 +38,21 @@ class CartesianAligned : public Plotting {
         return points;
     }
 
+    /// The curve goes over the angles of the run, within the window, with the value of each step.
+    void Expect_Along_The_Axis(double first, double stride) {
+        Choose(1, "Omega4", "Mag");
+        MyPlot(form, chosen, 2);
+        const auto curve = Curve(0);
+        ASSERT_EQ(curve.size(), static_cast<std::size_t>(Model.NSteps + 1));
+        const auto [left, right] = std::minmax(form.pct_Plot[0].Drawing().Left(), form.pct_Plot[0].Drawing().Right());
+        for (int i = 0; i <= Model.NSteps; ++i) {
+            const auto point = static_cast<std::size_t>(i);
+            EXPECT_NEAR(curve[point].first, first + i * stride, 1e-3) << i;
+            EXPECT_EQ(curve[point].second, Model.RunTable.Omega(i, 2)) << i;
+            EXPECT_TRUE(left < curve[point].first && curve[point].first < right) << i;
+        }
+    }
+
     frm_MyPlot3 form;
 };
 
@@ -130,6 +145,59 @@ TEST_F(CartesianAligned, ARunWithNegativeOmega2HasItsXLabelsFromThetaEndToThetaS
     EXPECT_EQ(Text_At("pnl_X1"), FNRoundStr(90, 0));
     EXPECT_EQ(Text_At("pnl_Xmax"), FNRoundStr(360, 0));
     EXPECT_NEAR(form.pct_Plot[0].Drawing().Left(), -57.6, 1e-3);
+}
+
+TEST_F(CartesianAligned, TheCurveOfARunToTheZeroAngleEndsThere) {
+    Model.Omega2Input = -10;
+    By_Angle(0, 360, 10);
+    ASSERT_EQ(Model.Omega2, -10.0);
+    Expect_Along_The_Axis(360, -10);
+    EXPECT_EQ(Text_At("pnl_Xmin"), FNRoundStr(360, 0));
+    EXPECT_EQ(Text_At("pnl_Xmax"), FNRoundStr(0, 0));
+}
+
+TEST_F(CartesianAligned, WrappedAnglesStandWhereTheRunHasThem) {
+    for (const char* mode : {"180", "abs"}) {
+        SCOPED_TRACE(mode);
+        Model.ModuloMode = mode;
+        Model.Omega2Input = 10;
+        By_Angle(0, 360, 10);
+        Expect_Along_The_Axis(0, 10);
+        By_Angle(-90, 270, 10);
+        Expect_Along_The_Axis(-90, 10);
+        By_Angle(90, 810, 20);
+        Expect_Along_The_Axis(90, 20);
+        Model.Omega2Input = -10;
+        By_Angle(-90, 270, 10);
+        Expect_Along_The_Axis(270, -10);
+    }
+}
+
+TEST_F(CartesianAligned, AStepThatOvershotStandsAtTheEndOfTheAxis) {
+    Model.ModuloMode = "180";
+    By_Angle(10, 305, 30);
+    Choose(1, "Theta4", "Mag");
+    MyPlot(form, chosen, 2);
+    ASSERT_EQ(Curve(0).size(), 11U);
+    EXPECT_NEAR(Curve(0).back().first, 305, 1e-3);
+    EXPECT_NEAR(Curve(0)[9].first, 280, 1e-3);
+}
+
+TEST_F(CartesianAligned, PositionsThatDoNotCloseStandAtTheirAnglesAsWell) {
+    Model.L2 = 2.4;
+    LoadLinkArray();
+    By_Angle(0, 360, 10);
+    ASSERT_TRUE(Model.NoConnectSeen);
+    ASSERT_TRUE(Model.RunTable.Assembled(0));
+    Expect_Along_The_Axis(0, 10);
+}
+
+TEST_F(CartesianAligned, ACrankAtRestStandsAtOneAngle) {
+    Model.Omega2Input = 0;
+    By_Angle(0, 360, 10);
+    Choose(1, "Theta4", "Mag");
+    MyPlot(form, chosen, 2);
+    for (const auto& [x, y] : Curve(0)) EXPECT_NEAR(x, 360, 1e-3);
 }
 
 TEST_F(CartesianAligned, TheXAxisOfATimeRunIsTimeAndTheCurveStillStandsByAngle) {

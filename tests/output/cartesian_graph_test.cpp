@@ -38,7 +38,7 @@ class CartesianGraph : public Plotting {
     }
     void Multi() {
         Plot_Setup(stage, 1);
-        MultiPlot(stage, chosen, Model.NSteps);
+        MultiPlot(stage, chosen);
     }
     void Single_Plots(int windows) {
         Plot_Setup(stage, windows);
@@ -298,13 +298,13 @@ TEST_F(CartesianGraph, FailuresAreReportedUnderTheNames) {
     desktop.Expect_Message_With("Plot_Setup");
     Plot_Setup(bare, 1);
     desktop.Expect_Message_With("MultiPlot");
-    MultiPlot(bare, chosen, Model.NSteps);
+    MultiPlot(bare, chosen);
     desktop.Expect_Message_With("Plot");
     Plot(bare, chosen, 1);
     Choose(1, "Theta2", "Mag");
     Plot_Setup(stage, 1);
     desktop.Expect_Message_With("MultiPlot");
-    MultiPlot(stage, bare, Model.NSteps);
+    MultiPlot(stage, bare);
 }
 
 TEST_F(CartesianGraph, ARunOfFullCapacityIsPlottedWhole) {

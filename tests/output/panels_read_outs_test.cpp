@@ -103,12 +103,39 @@ TEST_F(Panels, OfAnAngleRunNameTheAnglesAndTheSpeedAndBlankTheRest) {
 TEST_F(Panels, OfOnePositionShowPlainLengthsAndHideTheRange) {
     Show_Linkage_Panel(screen);
     EXPECT_EQ(Captions(panel.lbl_Links, 0, 5), (Texts{"2.667", "1.115", "2.5", "2.25", "1.697", "-92.66"}));
-    EXPECT_EQ(Captions(panel.lbl_Units, 1, 4), Texts(4, "in"));
+    EXPECT_EQ(Captions(panel.lbl_Units, 0, 4), Texts(5, "in"));
     Expect_Visible(panel.lbl_Linkout2, 0, 3, false);
     Expect_Visible(panel.lbl_Initial, 0, 3, false);
     Expect_Visible(panel.lbl_Unit, 0, 3, false);
     Expect_Visible(panel.lbl_Linkout2, 4, 6, true);
     EXPECT_EQ(Captions(panel.lbl_Linkout2, 4, 6), (Texts{"45", "-8", "1.5"}));
+}
+
+TEST_F(Panels, OfOnePositionAreInTheShownUnitOfCentimetresAndMillimetres) {
+    Model.L1 = 0.02667;
+    for (const auto& [units, length, unit] : {std::tuple(4, "2.667", "cm"), std::tuple(5, "26.67", "mm")}) {
+        Use_Units(units);
+        Show_Linkage_Panel(screen);
+        EXPECT_EQ(panel.lbl_Links[0].Caption, length);
+        EXPECT_EQ(Captions(panel.lbl_Units, 0, 4), Texts(5, unit));
+    }
+}
+
+TEST_F(Panels, TheRunSaysWhichOneIsShown) {
+    Model.Calctype = 1;
+    Show_Run_Panel(screen);
+    EXPECT_FALSE(panel.lbl_Initial[1].Visible);
+    for (const auto& [calctype, first] : {std::pair(2, "Start Time"), std::pair(3, "Min Theta"),
+                                          std::pair(4, "Start Time"), std::pair(5, "Start Time")}) {
+        Model.Calctype = calctype;
+        Show_Run_Panel(screen);
+        EXPECT_TRUE(panel.lbl_Initial[1].Visible);
+        EXPECT_EQ(panel.lbl_Initial[1].Caption, first) << calctype;
+    }
+}
+
+TEST_F(Panels, AUnitIsNotShownBeforeItIsKnown) {
+    for (const auto& label : panel.lbl_Units) EXPECT_EQ(label->Caption, "");
 }
 
 TEST_F(Panels, ValuesOfOnePositionKeepTheirNamesBehindAnotherRun) {

@@ -119,7 +119,8 @@ TEST_F(Polar, TheSetUpClearsAndFillsThePanels) {
     }
     Model.Calctype = 1;
     MyPolarPlotSetup(form);
-    EXPECT_EQ(Text_At("lbl_Initial", 1), "Min Theta");
+    EXPECT_FALSE(form.Summary.lbl_Initial[1].Visible);
+    EXPECT_EQ(Text_At("lbl_Initial", 4), "Theta2");
 }
 
 TEST_F(Polar, TheModeFollowsTheBoxesAndWithNeitherItStays) {

@@ -106,10 +106,14 @@ TEST_F(FftActivation, TheHarmonicsChosenBeforeStay) {
     EXPECT_EQ(Model.Harmonics, 36);
 }
 
-TEST_F(FftActivation, AnImpossibleNumberOfHarmonicsIsReported) {
-    form.cmb_Harmonics.Text = "99999";
-    desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_FFT_Form_Activate\r\n\r\n");
+TEST_F(FftActivation, AShorterRunCutsTheHarmonicsChosenBefore) {
     Activate();
+    Choose(form.cmb_Harmonics, "36");
+    Run(24);
+    Activate();
+    EXPECT_EQ(form.cmb_Harmonics.Text, "12");
+    EXPECT_EQ(Model.Harmonics, 12);
+    EXPECT_EQ(form.grf_Plot[0].NumPoints(), 13);
 }
 
 TEST_F(FftActivation, NextTellsWhereTheTransformIs) {
@@ -166,7 +170,8 @@ TEST_F(FftActivation, PrintAsksAndPrintsTheScreen) {
 
 TEST_F(FftActivation, CopySaysHow) {
     Pick("Omega4");
-    desktop.Expect_Message("Use the Alt-PrintScrn key combo to copy the screen to the clipboard");
+    desktop.Expect_Message("Use the Alt-PrintScrn key combo to copy the screen to the clipboard", Answer::kOk,
+                           platform::Icon::kInformation);
     Press(form, "cmd_Copy");
 }
 

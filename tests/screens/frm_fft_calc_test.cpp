@@ -127,27 +127,66 @@ TEST_F(FftCalc, TheLargestNumberOnTheListIsNeverTooMany) {
     }
 }
 
-TEST_F(FftCalc, ATypedNumberAboveHalfTheStepsIsCutByThePickAloneAndNotByCalculate) {
+TEST_F(FftCalc, ATypedNumberAboveHalfTheStepsIsCutByCalculateWithOneMessage) {
     Pick("Omega4");
-    form.cmb_Harmonics.Text = "200";
-    Press(form, "cmd_Calc");
-    EXPECT_EQ(Model.Harmonics, 200);
-    EXPECT_EQ(form.cmb_Harmonics.Text, "200");
-    EXPECT_EQ(form.grf_Plot[0].NumPoints(), 201);
-    for (int j = 180; j <= 200; ++j) EXPECT_EQ(Model.FFTResult(j, 2), 0.0) << j;
+    for (const char* typed : {"200", "2881", "3500", "99999", "1E+20"}) {
+        SCOPED_TRACE(typed);
+        form.cmb_Harmonics.Text = typed;
+        desktop.Expect_Message(kTooMany);
+        Press(form, "cmd_Calc");
+        EXPECT_EQ(Model.Harmonics, 180);
+        EXPECT_EQ(form.cmb_Harmonics.Text, "180");
+        EXPECT_EQ(form.grf_Plot[0].NumPoints(), 181);
+        EXPECT_TRUE(Model.FFTDone);
+        EXPECT_NEAR(Model.FFTResult(1, 0), 8, 1e-4);
+    }
 }
 
-TEST_F(FftCalc, ATypedNumberBeyondTheTableIsReportedByTheGraphsAndTheTransformStandsAllTheSame) {
+TEST_F(FftCalc, ATypedNumberIsTakenWhenItsBoxIsLeft) {
     Pick("Omega4");
-    form.cmb_Harmonics.Text = "2881";
-    desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in FFT_Plot\r\n\r\n");
+    form.cmb_Harmonics.SetFocus();
+    form.cmb_Harmonics.Text = "42";
+    form.chk_HGrid.SetFocus();
+    EXPECT_EQ(Model.Harmonics, 42);
+    EXPECT_EQ(form.grf_Plot[1].NumPoints(), 43);
+    form.cmb_Harmonics.SetFocus();
+    form.cmb_Harmonics.Text = "3500";
+    desktop.Expect_Message(kTooMany);
+    form.chk_HGrid.SetFocus();
+    EXPECT_EQ(form.cmb_Harmonics.Text, "180");
+    EXPECT_EQ(form.grf_Plot[1].NumPoints(), 181);
+    form.cmb_Harmonics.SetFocus();
     Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.Harmonics, 180);
+}
+
+TEST_F(FftCalc, NoHarmonicsLeftInTheBoxAreRefusedAndTheNumberBeforeIsBack) {
+    Pick("Omega4");
+    for (const char* none : {"0", "", "many", "-99999"}) {
+        form.cmb_Harmonics.SetFocus();
+        form.cmb_Harmonics.Text = none;
+        desktop.Expect_Message(kNoHarmonics);
+        form.chk_HGrid.SetFocus();
+        EXPECT_EQ(form.cmb_Harmonics.Text, "15");
+        EXPECT_EQ(Model.Harmonics, 15);
+    }
+}
+
+TEST_F(FftCalc, WhoGoesBackIsNotAskedAboutHarmonics) {
+    Pick("Omega4");
+    form.cmb_Harmonics.SetFocus();
+    form.cmb_Harmonics.Text = "many";
+    Press(form, "cmd_Cancel");
+    EXPECT_FALSE(Model.FFTDone);
+}
+
+TEST_F(FftCalc, NeverMoreHarmonicsThanThereAreReachAPlotOrATable) {
+    Run(20);
+    form.cmb_Harmonics.Text = "15";
+    Pick("Omega4");
+    EXPECT_EQ(form.cmb_Harmonics.Text, "10");
+    EXPECT_EQ(Model.Harmonics, 10);
     EXPECT_TRUE(Model.FFTDone);
-    EXPECT_TRUE(form.cmd_Done.Enabled);
-    EXPECT_NEAR(Model.FFTResult(1, 0), 8, 1e-5);
-    form.cmb_Harmonics.Text = "2880";
-    Press(form, "cmd_Calc");
-    EXPECT_EQ(form.grf_Plot[3].NumPoints(), 2881);
 }
 
 TEST_F(FftCalc, HarmonicsWithoutAFunctionAreOnlyTaken) {
@@ -188,9 +227,9 @@ TEST_F(FftCalc, EachStyleBoxDrawsAnew) {
     EXPECT_EQ(form.grf_Plot[0].GraphStyle, 4);
 }
 
-TEST_F(FftCalc, AnImpossibleNumberOfHarmonicsIsReportedUnderTheHandlersNames) {
+TEST_F(FftCalc, ANumberThatIsNoneIsReportedUnderTheHandlersNames) {
     Pick("Omega4");
-    form.cmb_Harmonics.Text = "99999";
+    form.cmb_Harmonics.Text = "1E+999";
     desktop.Expect_Message("Error 6   (Overflow)  has occurred in cmb_Harmonics_Click\r\n\r\n");
     form.cmb_Harmonics_Click();
     desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_FFT_cmb_Calc_Click\r\n\r\n");

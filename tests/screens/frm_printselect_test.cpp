@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "files/model_file.h"
 #include "tests/screens/plot_select_fixture.h"
 
 namespace verlink::test {
@@ -48,12 +49,10 @@ TEST_F(PrintSelectTest, TheControlsOfATableAreCaptionedAndFilled) {
 TEST_F(PrintSelectTest, ActivationOpensPrinterAndDiskAndReloadsTheLists) {
     for (int target : {1, 2}) form.opt_Whereto[target].Enabled = false;
     Velocities();
-    Model.PlotStyle = 1;
     Balance_Dropped();
     Transform_Dropped();
     form.Form_Activate();
     for (int target : {1, 2}) EXPECT_TRUE(form.opt_Whereto[target].Enabled);
-    EXPECT_EQ(Model.PlotStyle, 3);
     EXPECT_EQ(form.cmb_Preset.Items().size(), 25u);
     EXPECT_EQ(Slot(form, 4).cmb_Var.Items().size(), 37u);
     EXPECT_FALSE(form.cmd_Done.Enabled);
@@ -157,12 +156,21 @@ TEST_F(PrintSelectTest, ACancelledPrinterPrintsNothing) {
     EXPECT_TRUE(desktop.Pages.empty());
 }
 
-TEST_F(PrintSelectTest, APrinterGetsTheHeadOfTheTableAndTheFailureIsTold) {
+TEST_F(PrintSelectTest, APrinterGetsTheWholeTable) {
+    for (int step = 0; step <= 4; ++step) Model.RunTable.VelXY(step, 2, 0) = step + 1;
     Velocities();
+    form.cmb_Step.Choose(0);
+    form.cmb_Decimal.Choose(2);
     desktop.Expect_Printer(true);
-    desktop.Expect_Message_With("has occurred in Print_to_Printer");
     Send(1);
     ASSERT_EQ(desktop.Pages.size(), 1u);
+    const auto& page = desktop.Pages[0];
+    ASSERT_GE(page.size(), 6u);
+    EXPECT_NE(page[3].find("Page 1"), std::string::npos) << page[3];
+    for (int step = 0; step <= 4; ++step) {
+        const std::string& row = page[page.size() - 6 + static_cast<std::size_t>(step)];
+        EXPECT_NE(row.find(std::to_string(step + 1) + ".00 "), std::string::npos) << row;
+    }
 }
 
 TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
@@ -179,18 +187,28 @@ TEST_F(PrintSelectTest, ACancelledSaveWritesNothingAndKeepsTheModelsName) {
     EXPECT_TRUE(desktop.Dialogs[0].warn_before_overwriting);
 }
 
-TEST_F(PrintSelectTest, TheNextSaveAsksWhereToInsteadOfReplacingTheData) {
+TEST_F(PrintSelectTest, TheModelKeepsItsNameItsFileAndItsSavingBehindATable) {
     Velocities();
+    Model.FilePath = Path("press.vlk");
+    Model.ModelName = "press";
     Model_Saved();
-    desktop.Expect_Save({});
-    Send(2);
-    EXPECT_TRUE(Model.SavedFlag) << "nothing was written";
-    desktop.Expect_Save(Path("speeds.dat"));
-    Send(2);
-    EXPECT_FALSE(Model.SavedFlag);
+    for (const char* table : {"speeds.dat", "again.dat"}) {
+        desktop.Expect_Save(Path(table));
+        Send(2);
+        EXPECT_TRUE(std::filesystem::exists(Path(table)));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, "press.dat");
+        EXPECT_EQ(Model.ModelName, "press");
+        EXPECT_EQ(Model.FilePath, Path("press.vlk"));
+        EXPECT_TRUE(Model.SavedFlag);
+    }
+    EXPECT_NE(Content(Path("again.dat")).find("File \tpress\t"), std::string::npos);
+    desktop.Expect_Message_With("File was successfully written to");
+    Menu_Save(Screens::Get("frm_HomeScreen"));
+    EXPECT_EQ(Content(Path("speeds.dat")), Content(Path("again.dat"))) << "the data are not the model's file";
+    EXPECT_TRUE(std::filesystem::exists(Path("press.vlk")));
 }
 
-TEST_F(PrintSelectTest, AFileGetsTheTableAndItsNameBecomesTheModels) {
+TEST_F(PrintSelectTest, AFileGetsTheTable) {
     for (int step = 0; step <= 4; ++step) {
         Model.RunTable.Theta(step, 0) = 30 * step;
         Model.RunTable.VelXY(step, 2, 0) = step + 1;
@@ -201,8 +219,6 @@ TEST_F(PrintSelectTest, AFileGetsTheTableAndItsNameBecomesTheModels) {
     const std::string path = Path("speeds.dat");
     desktop.Expect_Save(path);
     Send(2);
-    EXPECT_EQ(Model.FilePath, path);
-    EXPECT_EQ(Model.ModelName, "speeds.dat");
     EXPECT_EQ(Model.OutputTarget, 2);
     const std::string text = Content(path);
     EXPECT_NE(text.find("Veloc CP\tVeloc CP\tVeloc CP\tVeloc CP\t"), std::string::npos) << text;

@@ -84,6 +84,27 @@ TEST_F(AlignedScreens, FourWindowsAreDrawn) {
     });
 }
 
+TEST_F(AlignedScreens, ACrankThatTurnsBackwardIsDrawnAcrossTheWindowWithoutAChord) {
+    Model.Omega2Input = -10;
+    By_Angle(0, 360, 10);
+    Inside(two, [&] {
+        two.Timer1.Tick();
+        EXPECT_EQ(two.pnl_Xmin[0].Caption, FNRoundStr(360, 0));
+        EXPECT_EQ(two.pnl_Xmax[0].Caption, FNRoundStr(0, 0));
+        int pieces = 0;
+        for (const auto& primitive : two.pct_Plot[0].Drawing().Primitives()) {
+            if (!primitive.alive || primitive.color != Model.ColorBlue ||
+                primitive.kind != platform::Picture::Primitive::Kind::kSegment)
+                continue;
+            ++pieces;
+            EXPECT_LT(std::abs(primitive.x2 - primitive.x1), 10.01);
+            EXPECT_GT(primitive.x2, -0.01);
+            EXPECT_LT(primitive.x2, 360.01);
+        }
+        EXPECT_EQ(pieces, 37);
+    });
+}
+
 TEST_F(AlignedScreens, ReplotDrawsAnewFromTheRunTable) {
     Inside(two, [&] {
         two.Timer1.Tick();

@@ -183,6 +183,8 @@ TEST_F(GraphScreens, HelpIsThatOfPlots) {
     Choose("frm_PlotSelect1", 1, "Theta3", "Mag");
     EXPECT_EQ(one.Caption(), "Output Screen");
     Helping(one);
+    one.Caption() = "Output ScreenVERLINK - 2008";
+    Helping(one);
 }
 
 TEST_F(GraphScreens, WithoutTheScreenThatChoseThePlotIsReported) {
