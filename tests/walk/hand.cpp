@@ -1,0 +1,175 @@
+// What the hand reaches, and how each deed is done through the functions that tests use.
+#include "tests/walk/hand.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "tests/support/scripted_desktop.h"
+
+namespace verlink::walk {
+
+using namespace platform;
+
+namespace {
+
+bool Frame_Lets(const Screen& screen, const std::string& frame, int index = kNoIndex) {
+    const auto* found = screen.FindAs<Frame>(frame, index);
+    return !found || (found->Enabled && found->Visible);
+}
+
+bool Any_Of(const std::string& name, std::initializer_list<const char*> names) {
+    return std::ranges::any_of(names, [&](const char* candidate) { return name == candidate; });
+}
+
+/// The frames that the program itself closes, by the controls that stand in them.
+bool Frames_Let(const Visual& control) {
+    const Screen& screen = control.Owner();
+    const std::string& name = control.Name();
+    if (Any_Of(name, {"cmb_Preset", "cmd_ClearPreset"})) return Frame_Lets(screen, "fra_Preset");
+    if (name == "opt_Coord") return Frame_Lets(screen, "fra_coord");
+    if (name == "opt_Calctype") return Frame_Lets(screen, "fra_calcmode");
+    if (name == "txt_O2") return Frame_Lets(screen, "fra_Pivot", 0);
+    if (name == "txt_O4") return Frame_Lets(screen, "fra_Pivot", 1);
+    if (name == "txt_P1") return Frame_Lets(screen, "fra_Pivot", 2);
+    const char slot = name.empty() ? ' ' : name.back();
+    if (std::isdigit(static_cast<unsigned char>(slot)) != 0 &&
+        Any_Of(name.substr(0, name.size() - 1), {"cmb_Var", "cmb_Com", "cmd_OK", "cmd_Clear"}))
+        return Frame_Lets(screen, std::string("fra_Function") + slot);
+    return true;
+}
+
+template <class Kind>
+Kind* Reached(const Screen& top, const Action& action) {
+    auto* control = top.FindAs<Kind>(action.control, action.index);
+    return control && In_Reach(*control) ? control : nullptr;
+}
+
+bool Item_There(const Screen& top, const Action& action) {
+    const auto* list = Reached<ComboBox>(top, action);
+    return list && action.value >= 0 && action.value < static_cast<int>(list->Items().size());
+}
+
+bool Value_There(const Screen& top, const Action& action) {
+    const auto* bar = Reached<ScrollBar>(top, action);
+    return bar && action.value >= std::min(bar->Min(), bar->Max()) && action.value <= std::max(bar->Min(), bar->Max());
+}
+
+/// What the key does that a default button or the focus takes.
+void Press_Return(Screen& top) {
+    if (auto* box = dynamic_cast<TextBox*>(top.Focus()); box && box->OnReturn) return box->OnReturn();
+    auto* button = dynamic_cast<CommandButton*>(top.Focus());
+    if (!button || !In_Reach(*button)) button = top.DefaultButton;
+    if (button && In_Reach(*button)) test::Press(top, button->Name(), button->Index());
+}
+
+void Move_Mouse(PictureBox& box, const Action& action) {
+    const Picture& drawing = box.Drawing();
+    box.OnMouseMove(action.buttons, action.keys, drawing.Left() + action.x * (drawing.Right() - drawing.Left()),
+                    drawing.Top() + action.y * (drawing.Bottom() - drawing.Top()));
+}
+
+void Use_List(Screen& top, const Action& action) {
+    auto& list = top.Get<ComboBox>(action.control, action.index);
+    list.SetFocus();
+    if (action.deed == Deed::kItem && Item_There(top, action)) list.Choose(action.value);
+    if (action.deed == Deed::kWrite) list.Text = action.text;
+    if (action.deed == Deed::kDoubleList && list.Enabled) list.OnDblClick();
+}
+
+void Use_Bar(Screen& top, const Action& action) {
+    auto& bar = top.Get<ScrollBar>(action.control, action.index);
+    bar.SetFocus();
+    if (!Value_There(top, action)) return;
+    if (action.deed == Deed::kScroll) return bar.SetValue(action.value);
+    bar.Drag((action.value + bar.Value()) / 2);
+    bar.Drag(action.value);
+    bar.Drop();
+}
+
+}  // namespace
+
+bool In_Reach(const Visual& control) { return control.Enabled && control.Visible && Frames_Let(control); }
+
+bool In_Reach(const MenuEntry& entry) {
+    if (!entry.OnClick || !entry.Children().empty()) return false;
+    for (const MenuEntry* above = &entry; above; above = above->Parent())
+        if (!above->Enabled || !above->Visible) return false;
+    return true;
+}
+
+bool Possible(const Screen& top, const Action& action) {
+    if (top.Name() != action.screen) return false;
+    switch (action.deed) {
+        case Deed::kPress: return Reached<CommandButton>(top, action);
+        case Deed::kType: {
+            const auto* box = Reached<TextBox>(top, action);
+            return box && !box->Locked;
+        }
+        case Deed::kGo: return Reached<Visual>(top, action);
+        case Deed::kReturn: return true;
+        case Deed::kEscape: return top.CancelButton && In_Reach(*top.CancelButton);
+        case Deed::kOption: return Reached<OptionButton>(top, action);
+        case Deed::kTick: return Reached<CheckBox>(top, action);
+        case Deed::kItem: return Item_There(top, action);
+        case Deed::kWrite: return Reached<ComboBox>(top, action);
+        case Deed::kDoubleList: {
+            const auto* list = Reached<ComboBox>(top, action);
+            return list && list->OnDblClick;
+        }
+        case Deed::kPick: {
+            const auto* entry = top.FindAs<MenuEntry>(action.control, action.index);
+            return entry && In_Reach(*entry);
+        }
+        case Deed::kScroll:
+        case Deed::kThumb: return Value_There(top, action);
+        case Deed::kMouse: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && box->OnMouseMove;
+        }
+        case Deed::kPicture: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && box->OnClick;
+        }
+        case Deed::kDoublePicture: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && box->OnDblClick;
+        }
+        case Deed::kScreen:
+        case Deed::kClose: return true;
+        case Deed::kPulse: {
+            const auto* timer = top.FindAs<Timer>(action.control, action.index);
+            return timer && timer->Enabled && timer->OnTimer;
+        }
+    }
+    return false;
+}
+
+void Do(Screen& top, const Action& action) {
+    switch (action.deed) {
+        case Deed::kPress: return test::Press(top, action.control, action.index);
+        case Deed::kType: return test::Type(top, action.control, action.index, action.text);
+        case Deed::kGo: return top.MoveFocus(top.Find(action.control, action.index));
+        case Deed::kReturn: return Press_Return(top);
+        case Deed::kEscape: return test::Press(top, top.CancelButton->Name(), top.CancelButton->Index());
+        case Deed::kOption: return test::Choose_Option(top, action.control, action.index);
+        case Deed::kTick: {
+            auto& box = top.Get<CheckBox>(action.control, action.index);
+            box.SetFocus();
+            return box.Click();
+        }
+        case Deed::kItem:
+        case Deed::kWrite:
+        case Deed::kDoubleList: return Use_List(top, action);
+        case Deed::kPick: return test::Pick_Menu(top, action.control, action.index);
+        case Deed::kScroll:
+        case Deed::kThumb: return Use_Bar(top, action);
+        case Deed::kMouse: return Move_Mouse(top.Get<PictureBox>(action.control, action.index), action);
+        case Deed::kPicture: return top.Get<PictureBox>(action.control, action.index).OnClick();
+        case Deed::kDoublePicture: return top.Get<PictureBox>(action.control, action.index).OnDblClick();
+        case Deed::kScreen: return top.Form_Click();
+        case Deed::kClose: return top.Close();
+        case Deed::kPulse: return top.Get<Timer>(action.control, action.index).Tick();
+    }
+}
+
+}  // namespace verlink::walk

@@ -1,0 +1,19 @@
+// The user's hand on the controls of a screen: what it can do there, and the doing.
+#pragma once
+
+#include "platform/screen.h"
+#include "tests/walk/action.h"
+
+namespace verlink::walk {
+
+/// Enabled and visible, and in no frame that is not.
+bool In_Reach(const platform::Visual& control);
+bool In_Reach(const platform::MenuEntry& entry);
+
+/// True when the hand can do it on this screen as it stands.
+bool Possible(const platform::Screen& top, const Action& action);
+
+/// Does it. Returns when all that followed has, other screens included.
+void Do(platform::Screen& top, const Action& action);
+
+}  // namespace verlink::walk

@@ -1,0 +1,130 @@
+// Random walks over the screens without windows: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only N].
+#include <signal.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <map>
+#include <string>
+
+#include "tests/walk/shorten.h"
+#include "tests/walk/users.h"
+#include "tests/walk/walk_desktop.h"
+
+namespace {
+
+using namespace verlink::walk;
+
+struct Orders {
+    std::uint64_t seed = 1;
+    long actions = 20000;
+    double minutes = 0;  ///< instead of a number of actions
+    int each = 250;      ///< actions of one walk
+    long only = -1;      ///< this walk alone
+    bool list = false;   ///< says each action of it
+};
+
+/// No action takes so long.
+constexpr unsigned kSecondsAtMost = 60;
+
+void On_Alarm(int) {
+    constexpr char kWords[] = "an action does not end; see the log of actions\n";
+    [[maybe_unused]] const auto written = ::write(2, kWords, sizeof kWords - 1);
+    ::_exit(3);
+}
+
+bool Read_Orders(int argc, char** argv, Orders& orders) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--list") {
+            orders.list = true;
+            continue;
+        }
+        if (i + 1 == argc) return false;
+        const char* value = argv[++i];
+        if (word == "--seed")
+            orders.seed = std::strtoull(value, nullptr, 10);
+        else if (word == "--actions")
+            orders.actions = std::atol(value);
+        else if (word == "--minutes")
+            orders.minutes = std::atof(value);
+        else if (word == "--each")
+            orders.each = std::atoi(value);
+        else if (word == "--only")
+            orders.only = std::atol(value);
+        else
+            return false;
+    }
+    return true;
+}
+
+/// Of walk n, so that each can be gone alone.
+std::uint64_t Seed_Of(std::uint64_t seed, long walk) {
+    std::uint64_t x = seed * 0x9E3779B97F4A7C15u + static_cast<std::uint64_t>(walk) * 0xBF58476D1CE4E5B9u;
+    x = (x ^ (x >> 30)) * 0x94D049BB133111EBu;
+    return x ^ (x >> 31);
+}
+
+struct Kinds {
+    std::map<std::string, int> seen;
+    int New(const Finding& finding) { return seen[finding.rule + ": " + finding.kind]++; }
+};
+
+void Tell(const Finding& finding, const std::vector<Action>& done, const Places& places, long walk) {
+    std::printf("== walk %ld, after %zu actions: %s\n   %s\n", walk, done.size(), finding.rule.c_str(),
+                finding.told.c_str());
+    std::fflush(stdout);
+    const std::vector<Action> fewest = Shorten(done, finding, places);
+    const Found again = Repeat(fewest, places);
+    if (!again) std::printf("   (it does not come again in a repetition)\n");
+    std::printf("%s\n", Test_Of(fewest, again ? *again : finding).c_str());
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Orders orders;
+    if (!Read_Orders(argc, argv, orders)) {
+        std::fprintf(stderr,
+                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list]\n");
+        return 2;
+    }
+    ::signal(SIGALRM, On_Alarm);
+    const std::string log_name = "/tmp/verlink-walk-" + std::to_string(::getpid()) + ".log";
+    const Places places;
+    Counts counts;
+    Kinds kinds;
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::duration<double>(60 * orders.minutes);
+    std::printf("seed %llu\n", static_cast<unsigned long long>(orders.seed));
+    const auto more = [&] {
+        return orders.minutes > 0 ? Clock::now() < end : counts.actions < orders.actions;
+    };
+    for (long walk = orders.only < 0 ? 0 : orders.only; more(); ++walk) {
+        std::FILE* log = orders.list ? stdout : std::fopen(log_name.c_str(), "w");
+        Random_User user(Seed_Of(orders.seed, walk), orders.each);
+        Walker walker(user, places, counts);
+        walker.Log_To(log);
+        ::alarm(kSecondsAtMost);
+        Walk_Once(walker, places);
+        ::alarm(0);
+        if (!orders.list) std::fclose(log);
+        ++counts.walks;
+        if (const Found& found = walker.Outcome()) {
+            ++counts.findings[found->rule];
+            if (kinds.New(*found) == 0) Tell(*found, walker.Done(), places, walk);
+        }
+        if (orders.only >= 0) break;
+    }
+    std::remove(log_name.c_str());
+    std::printf("seed %llu: %ld walks, %ld actions\n", static_cast<unsigned long long>(orders.seed), counts.walks,
+                counts.actions);
+    for (const auto& [screen, actions] : counts.screens) std::printf("  on %-16s %8ld\n", screen.c_str(), actions);
+    for (const auto& [rule, checks] : counts.checks) std::printf("  checked %-12s %8ld\n", rule.c_str(), checks);
+    for (const auto& [kind, times] : kinds.seen) std::printf("  found %4d times  %s\n", times, kind.c_str());
+    return kinds.seen.empty() ? 0 : 1;
+}

@@ -1,0 +1,291 @@
+// What the user who does anything does next, and what he types and answers.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/linkage_model.h"
+#include "core/numeric.h"
+#include "core/text.h"
+#include "platform/guard.h"
+#include "tests/walk/hand.h"
+#include "tests/walk/users.h"
+
+namespace verlink::walk {
+
+using namespace platform;
+
+namespace {
+
+const std::vector<std::string> kNasty = {
+    "",     "abc",  "1e39", "-3",   "0",  "1,5", "nan",       "inf",    "-0",         "1e-40",
+    "1e38", "0.00", " 2 ",  "2..3", "--", "1/3", "&H10",      "5 in",   "99999999999", "1234567890123456789012345678901234567890",
+    "1.5e", "+4",   ".5",   "3.",   "\t", "\"",  "1,234.5",   "O.5",    "1e400",      "-1e39"};
+
+struct Preference {
+    const char* screen;  ///< empty for any
+    const char* name;    ///< how the control's name begins
+    double weight;
+};
+
+/// How much more or less than a control of its kind.
+constexpr Preference kPreferences[] = {
+    {"frm_HomeScreen", "cmd_Input", 3},
+    {"frm_HomeScreen", "cmd_Quit", 0.1},
+    {"frm_HomeScreen", "mnu_Open", 8},
+    {"frm_HomeScreen", "mnu_Save", 3},
+    {"frm_HomeScreen", "mnu_Lobetra", 3},
+    {"frm_HomeScreen", "mnu_Link_Data_Import", 3},
+    {"frm_HomeScreen", "mnu_New", 3},
+    {"frm_HomeScreen", "mnu_Quit", 0.2},
+    {"frm_HomeScreen", "mnu_CalcFFT", 5},
+    {"frm_HomeScreen", "mnu_Unspec", 2},
+    {"frm_HomeScreen", "mnu_Spec", 2},
+    {"frm_HomeScreen", "mnu_Twopos", 2},
+    {"frm_HomeScreen", "mnu_Cayley", 2},
+    {"frm_Quit", "cmd_YesQuit", 0.05},
+    {"frm_Animate", "cmd_Animate", 1.5},
+    {"frm_Balance", "cmd_Calc", 2},
+    {"frm_MassProp", "cmd_Solve", 2},
+    {"", "mnu_Cog", 1.5},
+    {"", "mnu_Help", 0.7},
+    {"", "cmd_Done", 1.5},
+    {"", "cmd_Copy", 0.3},
+    {"", "cmd_copy", 0.3},
+};
+
+/// The home screen has two dozen entries that lead to the same reader.
+bool Is_Help_Entry(const MenuEntry& entry) {
+    for (const MenuEntry* above = entry.Parent(); above; above = above->Parent())
+        if (above->Name() == "mnu_HelpHeader") return true;
+    return false;
+}
+
+double Preferred(const Screen& top, const std::string& name) {
+    for (const Preference& preference : kPreferences)
+        if ((*preference.screen == '\0' || top.Name() == preference.screen) && name.starts_with(preference.name))
+            return preference.weight;
+    return 1;
+}
+
+/// A run that draws more than this in one go would hold up the walk; the drawing of each frame is as long as the run.
+bool Plays_Long(const Screen& top, const std::string& button) {
+    return top.Name() == "frm_Animate" && button == "cmd_Animate" &&
+           double(Model.NSteps) * Model.NSteps * std::max<int>(Model.Cycles, 1) > 60000;
+}
+
+/// Of these it is said that they only look, when their dialogs are cancelled or their file refused.
+bool May_Look(const Screen& top, const Action& action) {
+    const std::string& name = action.control;
+    if (action.deed == Deed::kPick) {
+        const auto& entry = top.Get<MenuEntry>(name, action.index);
+        if (Is_Help_Entry(entry)) return true;
+        for (const char* looking : {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas",
+                                    "mnu_Lobetra", "mnu_Link_Data", "mnu_Export_Torque", "mnu_pdx", "mnu_Quit",
+                                    "mnu_UserName", "mnu_FilePath", "mnu_AppPath", "mnu_ChangeUser", "mnu_About",
+                                    "mnu_Cayley", "mnu_New"})
+            if (name.starts_with(looking)) return true;
+    }
+    if (action.deed == Deed::kPress)
+        for (const char* looking : {"cmd_PlotPrint", "cmd_Print", "cmd_Copy", "cmd_copy", "cmd_Quit", "cmd_Matrix"})
+            if (name == looking && !(top.Name() == "frm_HomeScreen" && name == "cmd_Print")) return true;
+    return false;
+}
+
+std::string Extension_Of(const FileDialog& dialog) {
+    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx"})
+        if (dialog.filter.find(extension) != std::string::npos) return extension;
+    return ".vlk";
+}
+
+}  // namespace
+
+Random_User::Random_User(std::uint64_t seed, int actions) : random_(seed), left_(actions) {}
+
+double Random_User::Worn(const Action& action) {
+    return std::sqrt(1.0 + used_[action.screen + "." + action.control + "." + std::to_string(action.index)]);
+}
+
+std::optional<Action> Random_User::Next(Screen& top, bool looking) {
+    if (left_-- <= 0) return {};
+    if (looking) return Way_Back(top);
+    Choices choices = All(top);
+    std::optional<Action> action = Pick_One(choices);
+    if (action && May_Look(top, *action) && Chance(0.6)) action->looks = true;
+    return action;
+}
+
+/// Back from where the user only looks.
+Action Random_User::Way_Back(Screen& top) {
+    Choices ways;
+    for (const char* button : {"cmd_NoQuit", "cmd_Close", "cmd_Done", "cmd_Back", "cmd_Cancel"})
+        if (const Action way = Press(top.Name(), button); Possible(top, way)) ways.push_back({way, 1});
+    if (top.Name() == "frm_About") ways.push_back({Click(top.Name()), 1});
+    if (top.CancelButton) ways.push_back({Escape(top.Name()), 0.5});
+    ways.push_back({Close(top.Name()), ways.empty() ? 1 : 0.3});
+    Action way = *Pick_One(ways);
+    way.looks = true;
+    return way;
+}
+
+std::optional<Action> Random_User::Pick_One(Choices& choices) {
+    double sum = 0;
+    for (const Choice& choice : choices) sum += choice.weight;
+    if (sum <= 0) return {};
+    double at = sum * Below(1 << 30) / (1 << 30);
+    for (Choice& choice : choices) {
+        at -= choice.weight;
+        if (at > 0) continue;
+        const Action& action = choice.action;
+        ++used_[action.screen + "." + action.control + "." + std::to_string(action.index)];
+        return action;
+    }
+    return choices.back().action;
+}
+
+Random_User::Choices Random_User::All(Screen& top) {
+    Choices choices;
+    const auto boxes = static_cast<double>(std::ranges::count_if(
+        top.Controls(), [](const Control* control) { return dynamic_cast<const TextBox*>(control); }));
+    for (Control* control : top.Controls()) Add(choices, top, *control, boxes);
+    for (Choice& choice : choices) choice.weight *= Preferred(top, choice.action.control) / Worn(choice.action);
+    choices.push_back({Return(top.Name()), 0.5});
+    if (top.CancelButton) choices.push_back({Escape(top.Name()), 0.3});
+    choices.push_back({Close(top.Name()), top.Name() == "frm_HomeScreen" ? 0.05 : 0.4});
+    if (top.Name() == "frm_About") choices.push_back({Click(top.Name()), 3});
+    return choices;
+}
+
+void Random_User::Add(Choices& choices, Screen& top, Control& control, double boxes) {
+    const std::string& screen = top.Name();
+    const std::string& name = control.Name();
+    const int index = control.Index();
+    if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
+        if (In_Reach(*entry)) choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
+        return;
+    }
+    if (auto* timer = dynamic_cast<Timer*>(&control)) {
+        if (timer->Enabled && timer->OnTimer) choices.push_back({Pulse(screen, name), 6});
+        return;
+    }
+    auto* visual = dynamic_cast<Visual*>(&control);
+    if (!visual || !In_Reach(*visual)) return;
+    if (dynamic_cast<CommandButton*>(&control)) {
+        if (!Plays_Long(top, name)) choices.push_back({Press(screen, name, index), 1.5});
+    } else if (auto* box = dynamic_cast<TextBox*>(&control)) {
+        if (!box->Locked)
+            choices.push_back({Type(screen, name, index, Text_For(top, name, index, box->Text)), 6 / std::sqrt(boxes)});
+        choices.push_back({Go(screen, name, index), 1 / boxes});
+    } else if (dynamic_cast<OptionButton*>(&control)) {
+        choices.push_back({Option(screen, name, index), 0.7});
+    } else if (dynamic_cast<CheckBox*>(&control)) {
+        choices.push_back({Tick(screen, name, index), 0.7});
+    } else if (auto* list = dynamic_cast<ComboBox*>(&control)) {
+        const int items = static_cast<int>(list->Items().size());
+        if (items > 0) choices.push_back({Item(screen, name, index, Below(items)), 3});
+        choices.push_back({Write(screen, name, index, Text_For(top, name, index, list->Text)), 0.4});
+        if (list->OnDblClick) choices.push_back({Double_List(screen, name, index), 0.3});
+    } else if (auto* bar = dynamic_cast<ScrollBar*>(&control)) {
+        const int low = std::min(bar->Min(), bar->Max());
+        const int value = low + Below(std::abs(bar->Max() - bar->Min()) + 1);
+        choices.push_back({Chance(0.5) ? Scroll(screen, name, index, value) : Thumb(screen, name, index, value), 1});
+    } else if (auto* picture = dynamic_cast<PictureBox*>(&control)) {
+        Add_Picture(choices, top, *picture);
+    }
+}
+
+void Random_User::Add_Picture(Choices& choices, const Screen& top, const PictureBox& box) {
+    if (box.OnMouseMove) choices.push_back({Mouse_Over(top, box), 6});
+    if (box.OnClick) choices.push_back({Click_Picture(top.Name(), box.Name(), box.Index()), 0.3});
+    if (box.OnDblClick) choices.push_back({Double_Picture(top.Name(), box.Name(), box.Index()), 0.3});
+}
+
+Action Random_User::Mouse_Over(const Screen& top, const PictureBox& box) {
+    constexpr int kLeft = 1, kShift = 1;
+    const bool drags = Chance(0.8);
+    return Mouse(top.Name(), box.Name(), box.Index(), Below(1001) / 1000.0, Below(1001) / 1000.0,
+                 drags ? kLeft : Below(8), drags ? kShift : Below(8));
+}
+
+std::string Random_User::Number_Near(const std::string& now) {
+    double value = 0;
+    if (Failure_Of([&] { value = Val(Ungrouped(now)); }) != 0 || std::abs(value) > 1e4) value = 1;
+    if (value == 0) value = 0.5 * (1 + Below(8));
+    constexpr std::array<double, 8> kFactors = {0.5, 0.8, 0.9, 1.05, 1.1, 1.25, 2, -1};
+    value *= kFactors[static_cast<std::size_t>(Below(static_cast<int>(kFactors.size())))];
+    return Text_Of(FNRound(value, Below(4) + 1));
+}
+
+/// Limits, speed and acceleration, with few steps mostly.
+std::string Random_User::Limit(int index) {
+    const bool by_time = Model.Calctype == 2;
+    if (Chance(0.03)) return by_time ? "0.0025" : "0.25";
+    switch (index) {
+        case 0: return by_time ? Any<std::string>({"0", "0.1", "1"}) : Any<std::string>({"0", "10", "45", "-30", "90"});
+        case 1:
+            return by_time ? Any<std::string>({"0.5", "1", "2"}) : Any<std::string>({"90", "180", "360", "400", "20"});
+        case 2:
+            return by_time ? Any<std::string>({"0.05", "0.1", "0.2", "0.07"})
+                           : Any<std::string>({"10", "15", "20", "30", "45", "7"});
+        case 3: return Any<std::string>({"10", "1", "-5", "0", "25", "6.5"});
+        default: return Any<std::string>({"0", "-5", "2", "10", "30"});
+    }
+}
+
+std::string Random_User::Text_For(const Screen& top, const std::string& box, int index, const std::string& now) {
+    if (box == "txt_Cycles") return Any<std::string>({"1", "2", "3", "0", "-1", "abc", "", "1.5"});
+    if (box == "txt_Figure" || box == "txt_UserName" || box == "txt_Find")
+        return Any<std::string>({"A press", "", "of", std::string(300, 'x'), "\"quoted\"", "a,b", " ", "Figure"});
+    if (box == "txt_Filename") return Any<std::string>({"mine", "", "a/b", "other.vlk", "na\"me"});
+    if (box == "cmb_Harmonics") return Any<std::string>({"3", "0", "-2", "8", "abc", "", "18", "200", "3500"});
+    if (box.starts_with("cmb_Var")) return Any<std::string>({"Omega4", "omega4", "", "nonsense", "Theta3"});
+    if (box.starts_with("cmb_Com")) return Any<std::string>({"X", "x", "Mag", "", "Z"});
+    if (Chance(0.2)) return Any(kNasty);
+    if (box == "txt_initial") return Limit(index);
+    if (box == "txt_Thetazero") return Any<std::string>({"0", "30", "60", "90", "-20", "400"});
+    const bool angle = (box == "txt_Linkout" && (index == 5 || index == 6)) || box.starts_with("txt_Ang") ||
+                       box.starts_with("txt_Alpha") || box.starts_with("txt_Beta") || box.starts_with("txt_Gamma");
+    if (angle && Chance(0.7) && top.Name() != "frm_Balance")
+        return Any<std::string>({"0", "30", "-45", "90", "120", "200", "359.99", "61.5", "-12.25"});
+    return Number_Near(now);
+}
+
+Reply Random_User::To_Message(const Message& message, const Action& action, const std::vector<Reply>& given) {
+    Reply reply{Reply::To::kMessage, Harmless(message.buttons)};
+    const bool prints = message.text.find("print") != std::string::npos;
+    if (action.looks && !prints) return reply;
+    switch (message.buttons) {
+        case Buttons::kYesNo: reply.answer = Chance(0.5) ? Answer::kYes : Answer::kNo; break;
+        case Buttons::kOkCancel: reply.answer = Chance(0.7) ? Answer::kOk : Answer::kCancel; break;
+        case Buttons::kRetryCancel: reply.answer = given.size() < 4 && Chance(0.5) ? Answer::kRetry : Answer::kCancel; break;
+        case Buttons::kAbortRetryIgnore:
+            if (Chance(0.2))
+                reply.answer = Answer::kAbort;
+            else if (given.size() < 6 && Chance(0.3))
+                reply.answer = Answer::kRetry;
+            break;
+        case Buttons::kOk: break;
+    }
+    return reply;
+}
+
+Reply Random_User::To_File(const FileDialog& dialog, bool save, const Action& action, const std::vector<Reply>& given) {
+    Reply reply{.to = save ? Reply::To::kSave : Reply::To::kOpen};
+    const std::string extension = Extension_Of(dialog);
+    if (save) {
+        if (action.looks || given.size() > 5 || Chance(0.15)) return reply;
+        reply.path = Chance(0.15) ? Any(Places::Unwritable()) : Any(Places::Writable(extension));
+        return reply;
+    }
+    if (Chance(action.looks ? 0.5 : 0.1)) return reply;
+    if (action.looks || Chance(0.1))
+        reply.path = Any(Places::Foreign());
+    else
+        reply.path = Chance(0.15) ? Any(Places::Broken(extension)) : Any(Places::Good(extension));
+    return reply;
+}
+
+Reply Random_User::To_Printer(const Action&, const std::vector<Reply>&) {
+    return {.to = Reply::To::kPrinter, .accepted = Chance(0.6)};
+}
+
+}  // namespace verlink::walk

@@ -1,0 +1,76 @@
+// What must be true whenever the user has a screen before him and may act.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/linkage_model.h"
+#include "platform/desktop.h"
+#include "platform/screen.h"
+#include "tests/walk/action.h"
+#include "tests/walk/aside.h"
+
+namespace verlink::walk {
+
+struct Finding {
+    std::string rule;
+    std::string kind;  ///< tells one finding of the rule from another; no numbers in it
+    std::string told;  ///< what was seen
+};
+using Found = std::optional<Finding>;
+
+/// What was typed and may be ahead of the record.
+class Pending {
+   public:
+    void Note(const platform::Screen& top, const Action& action);
+    /// Before the rules are asked: what has been taken over meanwhile is not ahead any more.
+    void Settle();
+    /// Typed since the screen came up, was calculated or solved.
+    bool Typed(const platform::Control& control) const;
+    /// Typed, and not left yet.
+    bool In_Hand(const platform::Control& control) const;
+    bool Any_In_Hand(const platform::Screen& screen) const;
+
+   private:
+    std::map<std::string, std::set<std::string>> typed_;
+    std::string taken_;  ///< the screen whose button took all its boxes
+};
+
+/// The function that was transformed last, as the record had it then.
+struct Transformed {
+    FunctionSlots slots;
+    Integer harmonics;
+};
+
+// Those that take an `Aside` try something with the record, which is put back before each.
+
+// Rules of the results: rules_results.cpp.
+Found Motion_Is_Of_The_Model(const Aside& aside, bool run_aborted);
+Found Forces_Are_Of_The_Model(const Aside& aside);
+Found Balance_Is_Of_The_Model(const Aside& aside);
+Found Transform_Is_Of_The_Model(const Aside& aside, const Transformed& last);
+/// Derived values follow the primary ones.
+Found Record_Tells_One_Story();
+
+// Rules of boxes and options: rules_boxes.cpp.
+Found Screen_Shows_The_Record(const platform::Screen& top, const Pending& pending);
+Found Reading_Back_Changes_Nothing(const Aside& aside, platform::Screen& top, const Pending& pending);
+
+// Rules of files: rules_files.cpp.
+Found Saved_And_Opened_Is_The_Same(const Aside& aside);
+
+// Rules of what is told and drawn: rules_telling.cpp.
+/// The messages of one action with their answers, in their order.
+struct Told {
+    platform::Message message;
+    platform::Answer answer;
+};
+Found Messages_Are_Few(const std::vector<Told>& told);
+Found Failures_Are_Known(const std::vector<Told>& told);
+Found Drawn_Is_Finite(const platform::Screen& top);
+
+}  // namespace verlink::walk

@@ -1,0 +1,254 @@
+// How a walk goes from screen to screen, and when its rules are asked.
+#include "tests/walk/walker.h"
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <utility>
+
+#include "platform/guard.h"
+#include "tests/walk/hand.h"
+
+namespace verlink::walk {
+
+using namespace platform;
+
+namespace {
+
+/// One trial of the files in so many of the others: it is the dearest.
+constexpr int kFilesEvery = 6;
+/// From any screen home, the way out again where one led into another screen included.
+constexpr int kWayHome = 24;
+
+std::string Kind_Of(const std::string& text) { return text.substr(0, text.find_first_of("\r\n")); }
+
+bool Asks_About_Positions(const Message& message) {
+    return message.buttons == Buttons::kAbortRetryIgnore && message.text.starts_with("Linkage cannot connect");
+}
+
+}  // namespace
+
+Answer Harmless(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::kYesNo: return Answer::kNo;
+        case Buttons::kAbortRetryIgnore: return Answer::kIgnore;
+        case Buttons::kOkCancel:
+        case Buttons::kRetryCancel: return Answer::kCancel;
+        case Buttons::kOk: break;
+    }
+    return Answer::kOk;
+}
+
+Walker::Walker(User& user, const Places& places, Counts& counts) : user_(user), places_(places), counts_(counts) {}
+
+template <class Rule>
+bool Walker::Broken(const char* rule, Rule&& check) {
+    ++counts_.checks[rule];
+    Found found = check();
+    if (!found) return false;
+    outcome_ = std::move(found);
+    over_ = true;
+    return true;
+}
+
+/// From the title to the home screen, which is no part of the walk.
+bool Walker::Arrive(Screen& top, const Hand& deed) {
+    if (arrived_) return true;
+    if (top.Name() == "frm_Title") {
+        deed(top, Press("frm_Title", "cmd_Start"));
+        return false;
+    }
+    if (top.Name() == "frm_User") {
+        deed(top, Type("frm_User", "txt_UserName", kNoIndex, "A walker"));
+        deed(top, Press("frm_User", "cmd_Done"));
+        return false;
+    }
+    arrived_ = true;
+    return true;
+}
+
+void Walker::Serve(Screen& top, const std::function<bool()>& done, const Hand& deed) {
+    while (!done() && !The_Desktop().Ending()) {
+        if (!Arrive(top, deed)) continue;
+        if (!over_) Rest(top);
+        if (!over_) {
+            if (const std::optional<Action> action = user_.Next(top, look_ && look_->screen != top.Name()))
+                Perform(top, *action, deed);
+            else
+                over_ = true;
+            continue;
+        }
+        if (outcome_ || !Go_Home(top, deed)) The_Desktop().End_Process();
+    }
+}
+
+/// Every screen can be left by its own controls. False once the walk has come to its end.
+/// Except: a name that is missing keeps the user's screen, whose window can be closed.
+bool Walker::Go_Home(Screen& top, const Hand& deed) {
+    if (top.Name() == "frm_HomeScreen") {
+        ++counts_.checks["ways home"];
+        return false;
+    }
+    if (++home_steps_ > kWayHome) {
+        outcome_ = Finding{"ways home", top.Name(), "the way home does not end; it has come to " + top.Name()};
+        return false;
+    }
+    const int tries = ways_tried_[top.Name()]++;
+    std::vector<Action> ways;
+    for (const char* button : {"cmd_NoQuit", "cmd_Close", "cmd_CancelPlotData", "cmd_CancelPickPlot", "cmd_Cancel",
+                               "cmd_back", "cmd_Done", "cmd_Back"})
+        if (const Action way = Press(top.Name(), button); Possible(top, way)) ways.push_back(way);
+    if (top.Name() == "frm_About") ways.push_back(Click(top.Name()));
+    if (top.Name() == "frm_User") ways.push_back(Close(top.Name()));
+    if (ways.empty()) {
+        outcome_ = Finding{"ways home", top.Name(), "nothing on " + top.Name() + " leads out of it"};
+        return false;
+    }
+    deed(top, ways[static_cast<std::size_t>(tries) % ways.size()]);
+    return true;
+}
+
+void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
+    ++counts_.actions;
+    ++counts_.screens[top.Name()];
+    if (log_) {
+        std::fprintf(log_, "%s,\n", Line_Of(action).c_str());
+        std::fflush(log_);
+    }
+    frames_.push_back({done_.size(), action, {}, top.Name()});
+    done_.push_back(action);
+    done_.back().replies.clear();
+    pending_.Note(top, action);
+    if (action.looks && !look_)
+        look_ = {top.Name(), Line_Of(action), Record_Words(), Screen_Words(top),
+                 std::make_unique<RunResults>(Model.RunTable), Model.NSteps};
+    try {
+        // As a desktop does, under the name of the control.
+        const Control* control = top.Find(action.control, action.index);
+        Guarded(control ? control->ObjectName() : top.Name(), [&] { deed(top, action); });
+    } catch (const std::exception& thrown) {
+        outcome_ = Finding{"thrown", action.screen + "." + action.control, thrown.what()};
+        over_ = true;
+    }
+    told_last_ = std::move(frames_.back().told);
+    frames_.pop_back();
+}
+
+const std::vector<Reply>& Walker::Given_So_Far() const {
+    static const std::vector<Reply> none;
+    return frames_.empty() ? none : done_[frames_.back().place].replies;
+}
+
+void Walker::Given(const Reply& reply) {
+    if (!frames_.empty()) done_[frames_.back().place].replies.push_back(reply);
+}
+
+Answer Walker::Answer_Message(const Message& message) {
+    if (Aside::On() || over_ || frames_.empty()) return Harmless(message.buttons);
+    Answer answer = Answer::kOk;
+    // A flood is cut short; the rule of messages will tell it.
+    constexpr std::size_t kFlood = 60;
+    if (message.buttons != Buttons::kOk && frames_.back().told.size() < kFlood) {
+        const Reply reply = user_.To_Message(message, frames_.back().action, Given_So_Far());
+        Given(reply);
+        answer = reply.answer;
+    } else {
+        answer = Harmless(message.buttons);
+    }
+    if (Asks_About_Positions(message)) run_aborted_ = answer == Answer::kAbort;
+    frames_.back().told.push_back({message, answer});
+    return answer;
+}
+
+std::optional<std::string> Walker::Answer_File(const FileDialog& dialog, bool save) {
+    if (Aside::On() || over_ || frames_.empty()) return {};
+    const Reply reply = user_.To_File(dialog, save, frames_.back().action, Given_So_Far());
+    Given(reply);
+    if (!reply.path) return {};
+    return places_.Path(*reply.path);
+}
+
+bool Walker::Answer_Printer() {
+    if (Aside::On() || over_ || frames_.empty()) return false;
+    const Reply reply = user_.To_Printer(frames_.back().action, Given_So_Far());
+    Given(reply);
+    return reply.accepted;
+}
+
+/// The user has the screen before him and may act.
+void Walker::Rest(Screen& top) {
+    static const std::vector<Told> none;
+    const std::vector<Told>& told = frames_.empty() ? none : frames_.back().told;
+    for (const std::vector<Told>* messages : {&std::as_const(told_last_), &told}) {
+        if (Broken("messages", [&] { return Messages_Are_Few(*messages); })) return;
+        if (Broken("failures", [&] { return Failures_Are_Known(*messages); })) return;
+    }
+    told_last_.clear();
+    pending_.Settle();
+    Note_Transform(top);
+    if (look_ && look_->screen == top.Name()) {
+        End_Look(top);
+        if (over_) return;
+    }
+    if (Broken("finite", [&] { return Drawn_Is_Finite(top); })) return;
+    if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
+    if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
+    tried_screen_ = top.Name();
+}
+
+bool Walker::Changed() {
+    Words words = Record_Words();
+    const bool same_table =
+        tried_table_ && std::memcmp(tried_table_.get(), &Model.RunTable, sizeof(RunResults)) == 0;
+    if (same_table && words == tried_) return false;
+    tried_ = std::move(words);
+    tried_table_ = std::make_unique<RunResults>(Model.RunTable);
+    return true;
+}
+
+void Walker::Check_Trials(Screen& top) {
+    const Aside aside;
+    if (Broken("read back", [&] { return Reading_Back_Changes_Nothing(aside, top, pending_); })) return;
+    aside.Again();
+    if (!Model.Calculated && !Model.DynamicsDone && !Model.BalanceDone && !Model.FFTDone) return;
+    if (Model.Calculated) {
+        if (Broken("Calculated", [&] { return Motion_Is_Of_The_Model(aside, run_aborted_); })) return;
+        aside.Again();
+        if (Broken("one story", [&] { return Record_Tells_One_Story(); })) return;
+        if (trials_++ % kFilesEvery == 0 && Broken("files", [&] { return Saved_And_Opened_Is_The_Same(aside); })) return;
+        aside.Again();
+    }
+    if (Model.DynamicsDone && Broken("DynamicsDone", [&] { return Forces_Are_Of_The_Model(aside); })) return;
+    aside.Again();
+    if (Model.BalanceDone && Broken("BalanceDone", [&] { return Balance_Is_Of_The_Model(aside); })) return;
+    aside.Again();
+    if (Model.FFTDone && transformed_)
+        Broken("FFTDone", [&] { return Transform_Is_Of_The_Model(aside, *transformed_); });
+}
+
+void Walker::Note_Transform(const Screen& top) {
+    if (top.Name() == "frm_FFT" && Model.FFTDone) transformed_ = Transformed{Model, Model.Harmonics};
+}
+
+/// Having looked, the user finds record, table, flags and boxes as before.
+void Walker::End_Look(Screen& top) {
+    const Look look = std::move(*look_);
+    look_.reset();
+    Broken("looking", [&]() -> Found {
+        const std::string by = Kind_Of(look.action.substr(0, look.action.find(").") + 1));
+        Difference difference = Compare(look.record, Record_Words());
+        const char* what = "record";
+        if (!difference.Any()) {
+            difference = Compare_Results(*look.table, Model.RunTable, look.last, Results::kAll);
+            what = "table";
+        }
+        if (!difference.Any()) {
+            difference = Compare(look.boxes, Screen_Words(top));
+            what = "screen";
+        }
+        if (!difference.Any()) return {};
+        return Finding{"looking", by + ": " + what + ", " + difference.names, look.action + ": " + difference.values};
+    });
+}
+
+}  // namespace verlink::walk
