@@ -2,7 +2,6 @@
 #include "screens/frm_printselect.h"
 
 #include "core/linkage_model.h"
-#include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
 #include "output/selection.h"
