@@ -62,6 +62,13 @@ void Press_Return(Screen& top) {
     if (button && In_Reach(*button)) test::Press(top, button->Name(), button->Index());
 }
 
+/// Keys go where the focus is: leaving another box may have kept it there.
+void Type_Into(Screen& top, const Action& action) {
+    Control* box = top.Find(action.control, action.index);
+    top.MoveFocus(box);
+    if (top.Focus() == box && top.Visible()) test::Type(top, action.control, action.index, action.text);
+}
+
 void Move_Mouse(PictureBox& box, const Action& action) {
     const Picture& drawing = box.Drawing();
     box.OnMouseMove(action.buttons, action.keys, drawing.Left() + action.x * (drawing.Right() - drawing.Left()),
@@ -147,7 +154,7 @@ bool Possible(const Screen& top, const Action& action) {
 void Do(Screen& top, const Action& action) {
     switch (action.deed) {
         case Deed::kPress: return test::Press(top, action.control, action.index);
-        case Deed::kType: return test::Type(top, action.control, action.index, action.text);
+        case Deed::kType: return Type_Into(top, action);
         case Deed::kGo: return top.MoveFocus(top.Find(action.control, action.index));
         case Deed::kReturn: return Press_Return(top);
         case Deed::kEscape: return test::Press(top, top.CancelButton->Name(), top.CancelButton->Index());

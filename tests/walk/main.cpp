@@ -1,4 +1,5 @@
-// Random walks over the screens without windows: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only N].
+// Random walks over the screens without windows: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only N]
+// [--list] [--without RULE]...
 #include <signal.h>
 #include <unistd.h>
 
@@ -25,6 +26,7 @@ struct Orders {
     int each = 250;      ///< actions of one walk
     long only = -1;      ///< this walk alone
     bool list = false;   ///< says each action of it
+    std::set<std::string> without = {};  ///< rules that are not asked
 };
 
 /// No action takes so long.
@@ -55,6 +57,8 @@ bool Read_Orders(int argc, char** argv, Orders& orders) {
             orders.each = std::atoi(value);
         else if (word == "--only")
             orders.only = std::atol(value);
+        else if (word == "--without")
+            orders.without.insert(value);
         else
             return false;
     }
@@ -73,12 +77,13 @@ struct Kinds {
     int New(const Finding& finding) { return seen[finding.rule + ": " + finding.kind]++; }
 };
 
-void Tell(const Finding& finding, const std::vector<Action>& done, const Places& places, long walk) {
+void Tell(const Finding& finding, const std::vector<Action>& done, const Places& places, long walk,
+          const std::set<std::string>& without) {
     std::printf("== walk %ld, after %zu actions: %s\n   %s\n", walk, done.size(), finding.rule.c_str(),
                 finding.told.c_str());
     std::fflush(stdout);
-    const std::vector<Action> fewest = Shorten(done, finding, places);
-    const Found again = Repeat(fewest, places);
+    const std::vector<Action> fewest = Shorten(done, finding, places, without);
+    const Found again = Repeat(fewest, places, without);
     if (!again) std::printf("   (it does not come again in a repetition)\n");
     std::printf("%s\n", Test_Of(fewest, again ? *again : finding).c_str());
     std::fflush(stdout);
@@ -90,7 +95,7 @@ int main(int argc, char** argv) {
     Orders orders;
     if (!Read_Orders(argc, argv, orders)) {
         std::fprintf(stderr,
-                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list]\n");
+                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list] [--without RULE]...\n");
         return 2;
     }
     ::signal(SIGALRM, On_Alarm);
@@ -109,6 +114,7 @@ int main(int argc, char** argv) {
         Random_User user(Seed_Of(orders.seed, walk), orders.each);
         Walker walker(user, places, counts);
         walker.Log_To(log);
+        walker.Leave_Out(orders.without);
         ::alarm(kSecondsAtMost);
         Walk_Once(walker, places);
         ::alarm(0);
@@ -116,7 +122,7 @@ int main(int argc, char** argv) {
         ++counts.walks;
         if (const Found& found = walker.Outcome()) {
             ++counts.findings[found->rule];
-            if (kinds.New(*found) == 0) Tell(*found, walker.Done(), places, walk);
+            if (kinds.New(*found) == 0) Tell(*found, walker.Done(), places, walk, orders.without);
         }
         if (orders.only >= 0) break;
     }

@@ -239,7 +239,7 @@ std::string Random_User::Text_For(const Screen& top, const std::string& box, int
     if (box == "cmb_Harmonics") return Any<std::string>({"3", "0", "-2", "8", "abc", "", "18", "200", "3500"});
     if (box.starts_with("cmb_Var")) return Any<std::string>({"Omega4", "omega4", "", "nonsense", "Theta3"});
     if (box.starts_with("cmb_Com")) return Any<std::string>({"X", "x", "Mag", "", "Z"});
-    if (Chance(0.2)) return Any(kNasty);
+    if (Chance(0.12)) return Any(kNasty);
     if (box == "txt_initial") return Limit(index);
     if (box == "txt_Thetazero") return Any<std::string>({"0", "30", "60", "90", "-20", "400"});
     const bool angle = (box == "txt_Linkout" && (index == 5 || index == 6)) || box.starts_with("txt_Ang") ||

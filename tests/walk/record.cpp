@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstring>
 #include <functional>
+#include <utility>
 
 #include "files/model_file.h"
 
@@ -230,9 +231,10 @@ Difference Compare(const Words& before, const Words& after) {
     for (const auto& [name, value] : after) {
         const auto found = then.find(name);
         if (found == then.end() || found->second == value) continue;
+        const std::string was = std::exchange(found->second, value);  // a field may stand in more than one list
         if (++told > kTold) continue;
         difference.names += (told > 1 ? ", " : "") + name;
-        difference.values += (told > 1 ? ", " : "") + name + " was " + found->second + " and is " + value;
+        difference.values += (told > 1 ? ", " : "") + name + " was " + was + " and is " + value;
     }
     if (told > kTold) difference.values += " and " + std::to_string(told - kTold) + " more";
     return difference;
@@ -240,6 +242,7 @@ Difference Compare(const Words& before, const Words& after) {
 
 Difference Compare_Results(const RunResults& before, const RunResults& after, int last, Results which) {
     Difference difference;
+    int told = 0;
     const auto compare = [&](const char* name, const auto& a, const auto& b, int first_row, int last_row) {
         for (int axis = 0; axis < Axes_Of(a); ++axis)
             for (int row = first_row; row <= last_row; ++row) {
@@ -247,6 +250,8 @@ Difference Compare_Results(const RunResults& before, const RunResults& after, in
                 int step = 0;
                 while (step < last && Same(a, b, step, step, row, axis)) ++step;
                 difference.names += (difference.Any() ? ", " : "") + std::string(name);
+                constexpr int kTold = 3;
+                if (++told > kTold) return;
                 difference.values += (difference.values.empty() ? "" : "; ") + std::string(name) + "(" +
                                      std::to_string(step) + "," + std::to_string(row) + "," + std::to_string(axis) +
                                      ") is " + Element_Word(a(step, row, axis)) + ", made anew " +

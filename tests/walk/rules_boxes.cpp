@@ -6,6 +6,7 @@
 #include "core/parameters.h"
 #include "core/text.h"
 #include "dynamics/mass_properties.h"
+#include "platform/guard.h"
 #include "tests/walk/aside.h"
 #include "tests/walk/record.h"
 #include "tests/walk/rules.h"
@@ -19,9 +20,11 @@ void Pending::Note(const Screen& top, const Action& action) {
         if (const Control* control = top.Find(action.control, action.index))
             typed_[top.Name()].insert(control->ObjectName());
     }
-    if ((action.deed == Deed::kPress && (action.control == "cmd_Calc" || action.control == "cmd_Solve")) ||
-        action.deed == Deed::kReturn)
-        taken_ = top.Name();
+    // Return is for the default button, unless a box takes it for itself.
+    const Control* pressed = action.deed == Deed::kPress ? top.Find(action.control, action.index) : nullptr;
+    const auto* box = dynamic_cast<const TextBox*>(top.Focus());
+    if (action.deed == Deed::kReturn && !(box && box->OnReturn)) pressed = top.DefaultButton;
+    if (pressed && (pressed->Name() == "cmd_Calc" || pressed->Name() == "cmd_Solve")) taken_ = top.Name();
 }
 
 void Pending::Settle() {
@@ -109,9 +112,9 @@ List Of_Animate() {
     List list;
     Add_Links(list);
     Add_Limits(list);
-    list.push_back({"txt_Cycles", kNoIndex, double(Model.Cycles), kAsTyped, true});
+    list.push_back({"txt_Cycles", kNoIndex, double(Model.Cycles), Half_Unit(0), true});
     list.push_back({"txt_LineAngle", kNoIndex, Model.LineAngle, Half_Unit(0), true});
-    list.push_back({"cmb_wait", kNoIndex, double(Model.AnimateWait), kAsTyped});
+    list.push_back({"cmb_wait", kNoIndex, double(Model.AnimateWait), Half_Unit(0)});
     return list;
 }
 
@@ -205,16 +208,18 @@ Found Check_Box(const Screen& top, const Shown& shown, const Pending& pending) {
     }
     if (!control || !control->Visible) return {};
     if (pending.In_Hand(*control) || (shown.may_wait && pending.Typed(*control))) return {};
-    double value = 0;
-    try {
-        value = Val(Ungrouped(text));
-    } catch (const RuntimeFailure&) {
-        value = std::nan("");
+    const double allowed = shown.rounding * 1.0001 + 2e-6 * std::abs(shown.value) + 1e-30;
+    bool beyond = false;
+    for (const std::string& way : {text, Ungrouped(text)}) {
+        double value = 0;
+        if (Failure_Of([&] { value = Single(Val(way)); }) != 0)
+            beyond = true;
+        else if (std::abs(value - shown.value) <= allowed)
+            return {};
     }
-    if (std::abs(value - shown.value) <= shown.rounding * 1.0001 + 2e-6 * std::abs(shown.value) + 1e-30) return {};
-    return Finding{"boxes", top.Name() + "." + control->ObjectName(),
-                   top.Name() + "." + control->ObjectName() + " says \"" + text + "\", the record " +
-                       Word_Of(shown.value)};
+    const std::string name = top.Name() + "." + control->ObjectName();
+    return Finding{"boxes", beyond ? top.Name() + " holds a number that no field holds" : name,
+                   name + " says \"" + text + "\", the record " + Word_Of(shown.value)};
 }
 
 Found Differs(const Screen& top, const std::string& what, const std::string& shown, const std::string& record) {
@@ -358,7 +363,6 @@ std::vector<Value> Read_Values() {
                                  {"TimeStart", m.TimeStart, 0},
                                  {"TimeEnd", m.TimeEnd, 0},
                                  {"TimeStep", m.TimeStep, 0},
-                                 {"NSteps", double(m.NSteps), 0},
                                  {"FrictionForce", m.FrictionForce, Half_Unit(m.DecForce)}};
     constexpr const char* kMasses[] = {"LinkMass(2)", "LinkMass(3)", "LinkMass(4)"};
     constexpr const char* kInertias[] = {"LinkInertia(2)", "LinkInertia(3)", "LinkInertia(4)"};
@@ -371,14 +375,15 @@ std::vector<Value> Read_Values() {
     return values;
 }
 
-Found Compare_Values(const Screen& top, const std::vector<Value>& before, const std::vector<Value>& after, bool once) {
+Found Compare_Values(const Screen& top, const char* rule, const std::vector<Value>& before,
+                     const std::vector<Value>& after, bool exact) {
     for (std::size_t i = 0; i < before.size(); ++i) {
         double apart = std::abs(after[i].value - before[i].value);
         if (before[i].name == std::string("Link1Angle")) apart = std::abs(std::remainder(apart, 360));
         const double allowed =
-            once ? before[i].rounding * 1.0001 + 4e-6 * std::abs(before[i].value) + 1e-30 : 0.0;
+            exact ? 0.0 : before[i].rounding * 1.0001 + 4e-6 * std::abs(before[i].value) + 1e-30;
         if (apart > allowed)
-            return Finding{once ? "read back" : "read back twice", top.Name() + " " + before[i].name,
+            return Finding{rule, top.Name() + " " + before[i].name,
                            std::string(before[i].name) + " is " + Word_Of(before[i].value) + ", read back " +
                                Word_Of(after[i].value)};
     }
@@ -387,20 +392,24 @@ Found Compare_Values(const Screen& top, const std::vector<Value>& before, const 
 
 }  // namespace
 
-/// Reading all boxes back changes nothing beyond the rounding of a box, and a second time nothing at all.
+/// Reading all boxes back changes nothing beyond the rounding of a box, and once that has come, nothing at all.
 /// Except: while a box is being typed into, or what was typed waits for a button.
 Found Reading_Back_Changes_Nothing(const Aside& aside, Screen& top, const Pending& pending) {
     if (pending.Any_In_Hand(top)) return {};
     for (const Shown& shown : Boxes_Of(top))
-        if (const Control* control = top.Find(shown.box, shown.index); control && pending.Typed(*control) && shown.may_wait)
+        if (const Control* control = top.Find(shown.box, shown.index);
+            control && pending.Typed(*control) && shown.may_wait)
             return {};
     aside.Again();
     const std::vector<Value> before = Read_Values();
     if (!Read_Back(top)) return {};
-    const std::vector<Value> once = Read_Values();
-    if (Found found = Compare_Values(top, before, once, true)) return found;
+    if (Found found = Compare_Values(top, "read back", before, Read_Values(), false)) return found;
+    // What was typed with more digits than its box shows is rounded when the program writes the boxes.
     Read_Back(top);
-    return Compare_Values(top, once, Read_Values(), false);
+    const std::vector<Value> rounded = Read_Values();
+    if (Found found = Compare_Values(top, "read back", before, rounded, false)) return found;
+    Read_Back(top);
+    return Compare_Values(top, "read back again", rounded, Read_Values(), true);
 }
 
 }  // namespace verlink::walk

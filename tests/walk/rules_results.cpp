@@ -16,6 +16,11 @@ namespace verlink::walk {
 
 namespace {
 
+/// The arrays that differ; where positions do, the rest is no news.
+std::string Kind_Of(const Difference& difference) {
+    return difference.names.find("PointXY") != std::string::npos ? "positions" : difference.names;
+}
+
 /// As the screens run it.
 void Run_Anew() {
     Integer Result = kRetrying;
@@ -33,7 +38,7 @@ bool Near(double a, double b, double scale) { return std::abs(a - b) <= 4e-6 * s
 /// Angles in degrees, a whole turn apart or not.
 bool Near_Turned(double a, double b) {
     const double apart = std::remainder(a - b, 360);
-    return std::abs(apart) <= 2e-4;
+    return std::abs(apart) <= 2e-4 + 1e-6 * std::abs(a);
 }
 
 }  // namespace
@@ -59,7 +64,7 @@ Found Motion_Is_Of_The_Model(const Aside& aside, bool run_aborted) {
         const int step = First_Difference(before.RunTable, Model.RunTable, last);
         if (step > 0 && !Model.RunTable.Assembled(step - 1) && Empty_From(before.RunTable, step, last)) return {};
     }
-    return Finding{"Calculated", difference.names, difference.values};
+    return Finding{"Calculated", Kind_Of(difference), difference.values};
 }
 
 /// `DynamicsDone`: the forces solved anew are the same, bit for bit.

@@ -53,6 +53,13 @@ constexpr Known_Failure kKnown[] = {
     {9, "Import"},
     // A number that was typed and that no field holds.
     {6, ""},
+    // At these a cancelled dialog is told, and nothing else comes of it.
+    {32755, "frm_Homescreen.mnu_Link_Data_Import"},
+    {32755, "frm_Homescreen.mnu_pdx"},
+    {32755, "frm_Animate.cmd_PlotPrint"},
+    {32755, "frm_Synth2A.cmd_Print"},
+    {32755, "frm_Synth2B.cmd_Print"},
+    {32755, "frm_Synth3.cmd_Print"},
     // Boxes that take nothing but a number.
     {13, "frm_Balance"},
     {13, "frm_User"},

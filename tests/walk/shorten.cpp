@@ -29,19 +29,20 @@ std::string Test_Name(const Finding& finding) {
 
 }  // namespace
 
-Found Repeat(const std::vector<Action>& actions, const Places& places) {
+Found Repeat(const std::vector<Action>& actions, const Places& places, const std::set<std::string>& without) {
     Counts counts;
     Repeating_User user(actions);
     Walker walker(user, places, counts);
+    walker.Leave_Out(without);
     Walk_Once(walker, places);
     return walker.Outcome();
 }
 
 std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding, const Places& places,
-                            int repetitions) {
+                            const std::set<std::string>& without, int repetitions) {
     const auto still = [&](const std::vector<Action>& fewer) {
         if (repetitions-- <= 0) return false;
-        const Found found = Repeat(fewer, places);
+        const Found found = Repeat(fewer, places, without);
         return found && Same_Kind(*found, finding);
     };
     for (std::size_t part = std::max<std::size_t>(actions.size() / 2, 1); repetitions > 0;) {

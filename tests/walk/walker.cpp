@@ -43,6 +43,7 @@ Walker::Walker(User& user, const Places& places, Counts& counts) : user_(user), 
 
 template <class Rule>
 bool Walker::Broken(const char* rule, Rule&& check) {
+    if (without_.contains(rule)) return false;
     ++counts_.checks[rule];
     Found found = check();
     if (!found) return false;
@@ -119,7 +120,8 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     done_.push_back(action);
     done_.back().replies.clear();
     pending_.Note(top, action);
-    if (action.looks && !look_)
+    // Pressing a button leaves the box that is being typed into, and takes it over.
+    if (action.looks && !look_ && (action.deed == Deed::kPick || !pending_.Any_In_Hand(top)))
         look_ = {top.Name(), Line_Of(action), Record_Words(), Screen_Words(top),
                  std::make_unique<RunResults>(Model.RunTable), Model.NSteps};
     try {
@@ -240,6 +242,7 @@ void Walker::End_Look(Screen& top) {
         const char* what = "record";
         if (!difference.Any()) {
             difference = Compare_Results(*look.table, Model.RunTable, look.last, Results::kAll);
+            if (difference.Any()) difference.names = "results";
             what = "table";
         }
         if (!difference.Any()) {
@@ -247,7 +250,7 @@ void Walker::End_Look(Screen& top) {
             what = "screen";
         }
         if (!difference.Any()) return {};
-        return Finding{"looking", by + ": " + what + ", " + difference.names, look.action + ": " + difference.values};
+        return Finding{"looking", by + ": " + what, look.action + ": " + difference.values};
     });
 }
 

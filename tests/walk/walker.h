@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,8 @@ class Walker {
 
     /// Each action is written there before it is done, for walks that end in a crash.
     void Log_To(std::FILE* log) { log_ = log; }
+    /// These rules are not asked: for finding what lies behind what is known.
+    void Leave_Out(const std::set<std::string>& rules) { without_ = rules; }
 
     const std::vector<Action>& Done() const { return done_; }
     const Found& Outcome() const { return outcome_; }
@@ -96,6 +99,7 @@ class Walker {
     const Places& places_;
     Counts& counts_;
     std::FILE* log_ = nullptr;
+    std::set<std::string> without_;
     std::vector<Action> done_;
     std::vector<Frame> frames_;
     std::vector<Told> told_last_;  ///< by the action that ended last
