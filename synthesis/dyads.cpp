@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cmath>
+#include <complex>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -29,6 +31,44 @@ const char kNoRotations[] = "Something is wrong - trying to take the square root
 
 constexpr double kFullTurn = 360, kHalfTurn = 180;
 constexpr char kInput[] = "frm_Inputnew";
+
+/// By how much a stored angle may be off: the last place of its number. Degrees; radians come out.
+double Last_Place(double degrees) { return std::abs(degrees) * kDegToRad * std::numeric_limits<float>::epsilon(); }
+
+double Half(double degrees) { return degrees * kDegToRad / 2; }
+
+/// An angle whose sine is not to be told from 0.
+bool Is_Level(double radians, double open) { return std::abs(std::sin(radians)) <= open; }
+
+/// A turn that moves nothing.
+bool Is_Whole_Turn(Single degrees) { return Is_Level(Half(degrees), Last_Place(degrees) / 2); }
+
+/// Two vectors that change along one line, or one that does not change: a vector moves square to the middle of its
+/// turn.
+bool Moves_Along_One_Line(Single angle1, Single turn1, Single angle2, Single turn2) {
+    const double apart = (angle2 - angle1) * kDegToRad + Half(turn2) - Half(turn1);
+    const double open = Last_Place(angle1) + Last_Place(angle2) + (Last_Place(turn1) + Last_Place(turn2)) / 2;
+    return Is_Whole_Turn(turn1) || Is_Whole_Turn(turn2) || Is_Level(apart, open);
+}
+
+/// How a vector changes that turns, as a factor, and by how much that is open.
+struct Change {
+    explicit Change(Single degrees)
+        : factor(2 * std::sin(Half(degrees)) * std::polar(1.0, Half(degrees))),  // but for a quarter turn
+          size(std::abs(factor)),
+          open(Last_Place(degrees)) {}
+
+    std::complex<double> factor;
+    double size, open;
+};
+
+/// The equations of three positions have no solution that the last places of their turns would not change beyond
+/// recognition.
+bool Is_Singular(const Change& alpha2, const Change& alpha3, const Change& beta2, const Change& beta3) {
+    const double determinant = std::abs(beta2.factor * alpha3.factor - beta3.factor * alpha2.factor);
+    return determinant <=
+           beta2.size * alpha3.open + alpha3.size * beta2.open + beta3.size * alpha2.open + alpha2.size * beta3.open;
+}
 
 void Put_Box(const char* name, int index, const std::string& text) {
     platform::With<TextBox>(kInput, name, index, [&](TextBox& box) { box.Text = text; });
@@ -117,7 +157,7 @@ void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta,
             const double D = (cb - 1) * s2 + c2 * sb;
             const double E = (ca - 1) * s1 + sa * c1;
             const double Det = E * A - D * B;
-            if (Det == 0) {
+            if (Det == 0 || Moves_Along_One_Line(angle1, beta, angle2, alpha)) {
                 platform::Tell(kNoMagnitudes);
                 return;
             }
@@ -132,7 +172,7 @@ void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta,
             y2 = mag2 * s1;
             const double A = cb - 1, C = ca - 1;
             const double Den = A * -2.0;
-            if (Den == 0) {
+            if (Den == 0 || Is_Whole_Turn(beta)) {
                 platform::Tell(kNoVector);
                 return;
             }
@@ -162,6 +202,9 @@ void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2,
         Integer N = 4;
         Model.SimqAnswer = 0;
         SimQ(N, A, B, Model.SimqError);
+        // Rounding hides from the elimination what is singular by its numbers: two of four columns go to nothing.
+        const bool singular = Is_Singular(Change(alpha2), Change(alpha3), Change(beta2), Change(beta3));
+        if (Model.SimqError == 0 && singular) Model.SimqError = 3;
         if (Model.SimqError != 0) {
             Model.SimqAnswer =
                 static_cast<int>(platform::The_Desktop().Show_Message({.text = kSingular,

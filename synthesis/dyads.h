@@ -7,11 +7,13 @@ namespace verlink {
 
 // Lengths are as link lengths, angles are degrees, vectors are in the global frame. A dyad is the vector along the
 // grounded link (W left, U right) and the vector from its moving pin to the coupler point (Z left, S right).
+// A system is singular when a change in the last place of its angles, which are single numbers, can make it so.
 
 /// One dyad for two positions. P21 is the displacement of the coupler point, `alpha` the turn of the coupler, `beta`
 /// that of the grounded link; `angle1`, `mag1`, `x1`, `y1` are of the grounded link's vector, those with 2 of the
 /// other. Method 1: both angles given, both magnitudes found, negative ones kept. Method 2: the second vector given,
-/// the first found. A zero divisor is told and leaves what is not yet written. Other methods do nothing.
+/// the first found. A singular system is told as a zero divisor and leaves what is not yet written. Other methods do
+/// nothing.
 void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
             Single& mag1, Single& x1, Single& y1, Single& mag2, Single& x2, Single& y2);
 

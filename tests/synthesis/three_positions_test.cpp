@@ -1,4 +1,7 @@
 // A dyad for three positions: with turns chosen freely, and with its ground pivot given.
+#include <cmath>
+#include <functional>
+
 #include "synthesis/dyads.h"
 #include "tests/core/linkages.h"
 #include "tests/support/reference.h"
@@ -25,7 +28,30 @@ struct ThreePositions : Synthesis {
         EXPECT_EQ(Vector(wx, wy), Vector(1, 2));
         EXPECT_EQ(Vector(zx, zy), Vector(3, 4));
     }
+    struct Turns {
+        Single alpha2, alpha3, beta2, beta3;
+    };
+    /// Turns by chance, 1000 times; each system has to be told as singular, and to leave the vectors.
+    void Expect_All_Singular(const std::function<Turns(Chance&)>& turns) {
+        Chance chance;
+        SCOPED_TRACE(chance.Trace());
+        for (int i = 0; i < 1000; ++i) {
+            const Turns t = turns(chance);
+            Notes notes(desktop, platform::Answer::kCancel);
+            Solve(t.alpha2, t.alpha3, t.beta2, t.beta3);
+            ASSERT_FALSE(notes.Messages().empty()) << t.alpha2 << " " << t.alpha3 << " " << t.beta2 << " " << t.beta3;
+            EXPECT_EQ(notes.Messages().back().text, kSingular);
+            EXPECT_NE(Model.SimqError, 0);
+            EXPECT_EQ(Model.SimqAnswer, 2);
+            Expect_Untouched();
+        }
+    }
 };
+
+/// Of the two equations in W and Z, as complex numbers; its magnitude.
+double Determinant(double alpha2, double alpha3, double beta2, double beta3) {
+    return std::abs(Turn(beta2) * Turn(alpha3) - Turn(beta3) * Turn(alpha2));
+}
 
 struct FixedPivot : Synthesis {
     Single beta2 = 11, beta3 = 22;
@@ -88,6 +114,72 @@ TEST_F(ThreePositions, TheSamePositionTwiceMakesASingularMatrix) {
     Solve(35, 35, 50, 50);
     Expect_Untouched();
     EXPECT_EQ(Model.SimqError, 3);
+}
+
+TEST_F(ThreePositions, CoincidingPositionsAreSingularWhateverTheirNumbers) {
+    Expect_All_Singular([](Chance& chance) {
+        const Single alpha = chance.Angle(), beta = chance.Angle();
+        return Turns{alpha, alpha, beta, beta};
+    });
+}
+
+TEST_F(ThreePositions, PositionsAWholeTurnApartCoincide) {
+    Expect_All_Singular([](Chance& chance) {
+        const Single alpha = chance.Angle(), beta = chance.Angle();
+        return Turns{alpha, alpha + 360, beta, beta - 360};
+    });
+}
+
+TEST_F(ThreePositions, EqualTurnsAreSingularWhateverTheirNumbers) {
+    Expect_All_Singular([](Chance& chance) {
+        const Single second = chance.Angle(), third = chance.Angle();
+        return Turns{second, third, second, third};
+    });
+}
+
+TEST_F(ThreePositions, TurnsThatAreEqualButForTheirLastPlacesAreSingular) {
+    Expect_All_Singular([](Chance& chance) {
+        const Single second = chance.Angle(), third = chance.Angle();
+        const auto next = [](Single angle) { return Single(std::nextafter(static_cast<float>(angle), 400.F)); };
+        return Turns{second, third, next(second), next(third)};
+    });
+}
+
+TEST_F(ThreePositions, WholeTurnsOfOneLinkAreSingular) {
+    Expect_All_Singular([](Chance& chance) {
+        return Turns{chance.Angle(), chance.Angle(), std::round(chance.Between(-3, 3)) * 360, 720};
+    });
+}
+
+TEST_F(ThreePositions, WhatTheirNumbersTellIsSolved) {
+    // Down to turns that differ by no more than some thousand last places.
+    Chance chance;
+    SCOPED_TRACE(chance.Trace());
+    int near = 0;
+    for (int i = 0; i < 2000; ++i) {
+        const Single alpha2 = chance.Angle(), alpha3 = chance.Angle();
+        const double apart = std::pow(10, chance.Between(-2, 2));
+        const Single beta2 = alpha2 + chance.Between(-apart, apart), beta3 = alpha3 + chance.Between(-apart, apart);
+        const double determinant = Determinant(alpha2, alpha3, beta2, beta3);
+        if (determinant < 1e-5) continue;
+        near += determinant < 1e-3 ? 1 : 0;
+        Solve(alpha2, alpha3, beta2, beta3);
+        EXPECT_EQ(Model.SimqError, 0);
+        const Vector W(wx, wy), Z(zx, zy);
+        const double close = 1e-6 * (std::abs(W) + std::abs(Z)) + 1e-6;
+        EXPECT_LT(std::abs(W * Turn(beta2) + Z * Turn(alpha2) - Vector(1, 2)), close);
+        EXPECT_LT(std::abs(W * Turn(beta3) + Z * Turn(alpha3) - Vector(3, -1)), close);
+    }
+    EXPECT_GE(near, 100);
+}
+
+TEST_F(ThreePositions, SmallTurnsAreNoSingularOnes) {
+    for (const double size : {1e-1, 1e-3, 1e-5}) {
+        Solve(size, 3 * size, 2 * size, -5 * size);
+        EXPECT_EQ(Model.SimqError, 0);
+        const Vector W(wx, wy), Z(zx, zy);
+        EXPECT_NEAR(std::abs(W * Turn(2 * size) + Z * Turn(size) - Vector(1, 2)), 0, 1e-5);
+    }
 }
 
 TEST_F(ThreePositions, TheAnswerToASingularMatrixIsKeptUntilTheNextSolution) {

@@ -89,6 +89,54 @@ TEST_F(TwoPositions, ACrankThatDoesNotTurnIsToldByMethodTwoAfterTheGivenVectorIs
     }
 }
 
+TEST_F(TwoPositions, DirectionsThatMoveAlongOneLineAreToldWhateverTheirNumbers) {
+    // Both vectors change square to the middle of their turns.
+    Chance chance;
+    SCOPED_TRACE(chance.Trace());
+    for (int i = 0; i < 1000; ++i) {
+        Dyad dyad = Filled();
+        dyad.angle1 = chance.Angle();
+        dyad.angle2 = chance.Angle();
+        const Single beta = chance.Angle();
+        const Single alpha = 2 * (dyad.angle1 + beta / 2 - dyad.angle2) + 360 * std::round(chance.Between(-2, 2));
+        const Dyad before = dyad;
+        Expect_Plain(kNoMagnitudes);
+        dyad.Solve(1, 1, 2, alpha, beta);
+        EXPECT_EQ(dyad, before) << alpha << " " << beta;
+    }
+}
+
+TEST_F(TwoPositions, WholeTurnsAreToldByMethodOne) {
+    for (const auto& [alpha, beta] : {std::pair{25.0, 360.0}, {25.0, -720.0}, {360.0, 25.0}, {-1080.0, 25.0}}) {
+        Dyad dyad = Filled();
+        Expect_Plain(kNoMagnitudes);
+        dyad.Solve(1, 1, 2, alpha, beta);
+        EXPECT_EQ(dyad, Filled()) << alpha << " " << beta;
+    }
+}
+
+TEST_F(TwoPositions, ATurnThatIsAWholeOneButForItsLastPlaceIsToldByMethodTwo) {
+    for (const float whole : {360.F, -360.F, 720.F})
+        for (const float towards : {-1000.F, 1000.F}) {
+            Dyad dyad = Filled();
+            Expect_Plain(kNoVector);
+            dyad.Solve(2, 1, 2, 25, static_cast<double>(std::nextafter(whole, towards)));
+            EXPECT_EQ(dyad.W(), Vector(2, 3));
+        }
+}
+
+TEST_F(TwoPositions, SmallTurnsAreSolved) {
+    for (const double turn : {1.0, 1e-2, 1e-4}) {
+        Dyad dyad = Filled();
+        dyad.Solve(1, 1, 2, turn, -2 * turn);
+        const Vector moved = dyad.W() * Turn(-2 * turn) + dyad.Z() * Turn(turn);
+        EXPECT_LT(std::abs(moved - Vector(1, 2)), 1e-4) << turn;
+        dyad = Filled();
+        dyad.Solve(2, 1, 2, 25, turn);
+        EXPECT_LT(std::abs(dyad.W() * Turn(turn) + dyad.Z() * Turn(25) - Vector(1, 2)), 1e-4) << turn;
+    }
+}
+
 TEST_F(TwoPositions, AHalfTurnOfTheCrankPutsItsPinMidway) {
     Dyad dyad = Filled();
     dyad.Solve(2, 3, -1, 50, 180);
