@@ -153,6 +153,26 @@ TEST_F(SmallScreensTest, ClosingTheUserScreenBeforeTheHomeScreenAsksWhetherToQui
     Screens::Get("frm_User").ShowModal();
 }
 
+TEST_F(SmallScreensTest, WhatWasTypedOnTheUserScreenOutlastsTheQuestionWhetherToQuit) {
+    Initialize();
+    desktop.Expect_Screen("frm_User", [](Screen& user) {
+        Type(user, "txt_UserName", kNoIndex, "Grace");
+        Type(user, "txt_DesignNo", kNoIndex, "12");
+        user.Close();
+        EXPECT_EQ(user.Text("txt_UserName").Text.Get(), "Grace");
+        EXPECT_EQ(user.Text("txt_DesignNo").Text.Get(), "12");
+        user.Hide();
+    });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
+    Screens::Get("frm_User").ShowModal();
+    EXPECT_EQ(Model.UserName, "") << "it is taken over by Next alone";
+    desktop.Expect_Screen("frm_User", [](Screen& user) {
+        EXPECT_EQ(user.Text("txt_UserName").Text.Get(), "") << "the screen shows the model when it comes up anew";
+        user.Hide();
+    });
+    Screens::Get("frm_User").ShowModal();
+}
+
 TEST_F(SmallScreensTest, ClosingTheUserScreenAboveTheHomeScreenGoesBackToIt) {
     Initialize();
     Model.UserName = "Ada";
