@@ -1,16 +1,28 @@
 // The program's name and version.
 #include "screens/frm_about.h"
 
+#include "core/screen_geometry.h"
+#include "platform/guard.h"
 #include "shell/startup.h"
 
 namespace verlink {
 
+namespace {
+constexpr long kDesignWidth = 6000;
+constexpr long kDesignHeight = 3000;
+}  // namespace
+
 frm_About::frm_About() : Screen("frm_About") {
-    Width() = 6000;
-    Height() = 3000;
+    Width() = kDesignWidth;
+    Height() = kDesignHeight;
 }
 
-void frm_About::Form_Activate() { lbl_Version.Caption = Version_Line(); }
+void frm_About::Form_Activate() {
+    Guarded("frm_About.Activate", [this] {
+        Fit_Screen(*this, kDesignWidth, kDesignHeight);
+        lbl_Version.Caption = Version_Line();
+    });
+}
 
 void frm_About::Form_Click() { Hide(); }
 

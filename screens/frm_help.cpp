@@ -65,7 +65,15 @@ frm_Help::frm_Help() : Screen("frm_Help") {
     Refresh();
 }
 
-void frm_Help::Form_Activate() { WebBrowser1.SetFocus(); }
+void frm_Help::Form_Activate() {
+    Guarded("frm_Help.Activate", [this] {
+        if (enlarged_)
+            Fill_Display();
+        else
+            Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        WebBrowser1.SetFocus();
+    });
+}
 
 void frm_Help::Open(const std::string& document) {
     before_.clear();
@@ -161,18 +169,26 @@ void frm_Help::Refresh() {
     }
 }
 
+void frm_Help::Fill_Display() {
+    const platform::DisplaySize display = platform::The_Desktop().Display();
+    Left() = 0;
+    Top() = 0;
+    Width() = display.width;
+    Height() = display.height;
+}
+
 void frm_Help::mnu_Full_Click() {
     Guarded("frm_Help.mnu_Full", [this] {
-        const platform::DisplaySize display = platform::The_Desktop().Display();
-        Left() = 0;
-        Top() = 0;
-        Width() = display.width;
-        Height() = display.height;
+        enlarged_ = true;
+        Fill_Display();
     });
 }
 
 void frm_Help::mnu_Shrink_Click() {
-    Guarded("frm_Help.mnu_Shrink", [this] { Reset_Screen(*this, kWorkWidth, kWorkHeight); });
+    Guarded("frm_Help.mnu_Shrink", [this] {
+        enlarged_ = false;
+        Reset_Screen(*this, kWorkWidth, kWorkHeight);
+    });
 }
 
 void frm_Help::mnu_Close_Click() { Hide(); }

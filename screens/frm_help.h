@@ -56,9 +56,11 @@ class frm_Help : public platform::Screen {
     void Follow(const std::string& target);
     void Turn(int pages);
     void Resize_Page(double factor);
+    void Fill_Display();
     /// Buttons, page number and contents, as the document is now.
     void Refresh();
 
+    bool enlarged_ = false;                            ///< by the menu, which outlasts the showing
     bool filling_ = false;                             ///< the list of contents is being filled
     std::vector<std::pair<std::string, int>> before_;  ///< documents and pages from which links were followed
 };

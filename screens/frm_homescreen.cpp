@@ -328,7 +328,10 @@ void frm_HomeScreen::mnu_Aspect_Click() {
         const Answer answer =
             The_Desktop().Show_Message({.text = text, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
         Model.AspectActive = answer == Answer::kOk;
-        if (!Model.AspectActive) Model.AspectCorrection = 1;
+        if (!Model.AspectActive)
+            Model.AspectCorrection = 1;
+        else if (!Model.FullScreen)  // where nothing is corrected, and the next question goes by it all the same
+            Model.AspectCorrection = 1.6 / Model.AspectRatio;
         Form_Activate();
     });
 }

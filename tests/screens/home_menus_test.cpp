@@ -266,6 +266,23 @@ TEST_F(HomeMenusTest, AnotherAspectRatioOffersACorrectionAndASecondTimeToKeepOrU
     EXPECT_EQ(home.Width().Get(), 17500);
 }
 
+TEST_F(HomeMenusTest, InStandardSizeTooTheSecondTimeOffersToKeepOrUndoTheCorrection) {
+    Model.AspectRatio = 2;
+    desktop.Expect_Message_With("If your circles appear as ellipses", Answer::kOk);
+    home.mnu_Aspect.Click();
+    EXPECT_EQ(Model.AspectCorrection, Single(0.8));
+    EXPECT_EQ(home.Width().Get(), 11850);
+    for (const Answer answer : {Answer::kOk, Answer::kCancel}) {
+        desktop.Expect_Message_With("An aspect-ratio correction has already been applied.", answer);
+        home.mnu_Aspect.Click();
+    }
+    EXPECT_EQ(Model.AspectCorrection, 1);
+    desktop.Expect_Message_With("If your circles appear as ellipses", Answer::kOk);
+    home.mnu_Aspect.Click();
+    home.mnu_Fullscreen.Click();
+    EXPECT_EQ(home.Width().Get(), 21875) << "it acts as soon as there is something to correct";
+}
+
 TEST_F(HomeMenusTest, ACorrectionThatIsDeclinedIsNotMade) {
     Model.AspectRatio = 2;
     Model.FullScreen = true;

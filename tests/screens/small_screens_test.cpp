@@ -153,6 +153,26 @@ TEST_F(SmallScreensTest, ClosingTheUserScreenBeforeTheHomeScreenAsksWhetherToQui
     Screens::Get("frm_User").ShowModal();
 }
 
+TEST_F(SmallScreensTest, WhatWasTypedOnTheUserScreenOutlastsTheQuestionWhetherToQuit) {
+    Initialize();
+    desktop.Expect_Screen("frm_User", [](Screen& user) {
+        Type(user, "txt_UserName", kNoIndex, "Grace");
+        Type(user, "txt_DesignNo", kNoIndex, "12");
+        user.Close();
+        EXPECT_EQ(user.Text("txt_UserName").Text.Get(), "Grace");
+        EXPECT_EQ(user.Text("txt_DesignNo").Text.Get(), "12");
+        user.Hide();
+    });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
+    Screens::Get("frm_User").ShowModal();
+    EXPECT_EQ(Model.UserName, "") << "it is taken over by Next alone";
+    desktop.Expect_Screen("frm_User", [](Screen& user) {
+        EXPECT_EQ(user.Text("txt_UserName").Text.Get(), "") << "the screen shows the model when it comes up anew";
+        user.Hide();
+    });
+    Screens::Get("frm_User").ShowModal();
+}
+
 TEST_F(SmallScreensTest, ClosingTheUserScreenAboveTheHomeScreenGoesBackToIt) {
     Initialize();
     Model.UserName = "Ada";
@@ -240,6 +260,38 @@ TEST_F(SmallScreensTest, TheHelpScreenEnlargesToTheDisplayAndShrinksBack) {
     EXPECT_EQ(help.Get<MenuEntry>("mnu_Full").Caption.Get(), "Enlarge");
     EXPECT_EQ(help.Get<MenuEntry>("mnu_Shrink").Caption.Get(), "Shrink");
     EXPECT_EQ(help.Get<MenuEntry>("mnu_Close").Caption.Get(), "Close Form");
+}
+
+TEST_F(SmallScreensTest, HelpAndAboutTakeTheSizeThatIsSetForAllScreens) {
+    Initialize();
+    Screen& home = Screens::Get("frm_HomeScreen");
+    const auto size_of = [&](const char* name, const std::function<void()>& show) {
+        std::pair<long, long> size;
+        desktop.Expect_Screen(name, [&](Screen& screen) {
+            size = {screen.Width().Get(), screen.Height().Get()};
+            screen.Hide();
+        });
+        show();
+        return size;
+    };
+    const auto help = [&] {
+        return size_of("frm_Help", [] { Show_Help("helpfiles/Program_Manual.pdf", "a handler"); });
+    };
+    const auto about = [&] { return size_of("frm_About", [&home] { Pick_Menu(home, "mnu_About"); }); };
+    using Size = std::pair<long, long>;
+    EXPECT_EQ(help(), Size(11850, 8950));
+    EXPECT_EQ(about(), Size(6000, 3000));
+    Pick_Menu(home, "mnu_Fullscreen");
+    EXPECT_EQ(help(), Size(17500, 13217));
+    EXPECT_EQ(about(), Size(17500, 8750));
+    Pick_Menu(home, "mnu_Standardsize");
+    EXPECT_EQ(help(), Size(11850, 8950));
+    EXPECT_EQ(about(), Size(6000, 3000));
+
+    Pick_Menu(Screens::Get("frm_Help"), "mnu_Full");
+    EXPECT_EQ(help(), Size(25600, 14400)) << "what the user chose for the manual stays";
+    Pick_Menu(Screens::Get("frm_Help"), "mnu_Shrink");
+    EXPECT_EQ(help(), Size(11850, 8950));
 }
 
 TEST_F(SmallScreensTest, AFailureOfTheHelpGoesToTheReporterUnderTheHandlersName) {
