@@ -1,4 +1,5 @@
 // Tables, plots and the transform through real windows: paper, typed choices, and what Return and Help do.
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -8,6 +9,7 @@
 #include "core/parameters.h"
 #include "core/runs.h"
 #include "dynamics/units.h"
+#include "output/catalogue.h"
 #include "platform/file_system.h"
 #include "platform/graph.h"
 #include "shell/initialize.h"
@@ -121,6 +123,25 @@ TEST_F(OutputTest, Too_many_harmonics_are_cut_on_Return_on_leaving_and_by_the_bu
     for (int times = 1; times <= 3; ++times) ThenMessage(cut, QStringLiteral("OK"));
     Then("message", [](QWidget& window) { static_cast<QMessageBox&>(window).button(QMessageBox::Ok)->click(); });
     Show("frm_FFT");
+}
+
+TEST_F(OutputTest, The_last_of_lines_and_fills_stays_ticked_under_the_mouse) {
+    Select_Variable("Theta4", 1);
+    Model.PlotCount = 1;
+    Model.PlotStyle = 1;
+    Then("frm_Plot1", [](QWidget& window) {
+        auto& line = Find<QCheckBox>(window, "chk_Line");
+        auto& sticks = Find<QCheckBox>(window, "chk_Sticks");
+        line.click();
+        EXPECT_TRUE(line.isChecked());
+        sticks.click();
+        line.click();
+        EXPECT_FALSE(line.isChecked());
+        EXPECT_TRUE(sticks.isChecked());
+        EXPECT_EQ(Screens::Get("frm_Plot1").Get<Graph>("grf_Plot", 0).GraphStyle, 2);
+        Click(window, "cmd_Done");
+    });
+    Show("frm_Plot1");
 }
 
 }  // namespace
