@@ -8,6 +8,7 @@
 
 #include "core/parameters.h"
 #include "core/runs.h"
+#include "desktop/graph_widget.h"
 #include "dynamics/units.h"
 #include "output/catalogue.h"
 #include "platform/file_system.h"
@@ -142,6 +143,30 @@ TEST_F(OutputTest, The_last_of_lines_and_fills_stays_ticked_under_the_mouse) {
         Click(window, "cmd_Done");
     });
     Show("frm_Plot1");
+}
+
+TEST_F(OutputTest, Labels_that_fit_stand_below_a_run_of_180_steps_and_a_transform) {
+    const auto labels = [](QWidget& window, int index) {
+        const std::string name = "grf_Plot_" + std::to_string(index);
+        auto& graph = dynamic_cast<desktop::GraphWidget&>(Find<QWidget>(window, name.c_str()));
+        EXPECT_TRUE(QTest::qWaitFor([&graph] { return !graph.labels().isEmpty(); }));
+        QTest::qWait(50);
+        return graph.labels();
+    };
+    Select_Variable("Theta4", 1);
+    Model.PlotCount = 1;
+    Model.PlotStyle = 1;
+    Then("frm_Plot1", [&](QWidget& window) {
+        EXPECT_EQ(labels(window, 0).size(), 16);
+        Click(window, "cmd_Done");
+    });
+    Show("frm_Plot1");
+    Then("frm_FFT", [&](QWidget& window) {
+        Go_Down(window, "cmb_Var1", 6);
+        for (int i = 0; i <= 3; ++i) EXPECT_EQ(labels(window, i).size(), 16) << i;
+        Click(window, "cmd_Cancel");
+    });
+    Show("frm_FFT");
 }
 
 }  // namespace
