@@ -28,9 +28,9 @@ using platform::Graph;
 namespace {
 
 constexpr double kThin = 1.5, kThick = 2.5;
-constexpr int kLabelGap = 16, kTickGap = 5;  ///< pixels between neighbours, at least
-constexpr int kFew = 64;                     ///< points that can be told apart, each with a mark on its stick
-constexpr int kLeastFrame = 8;               ///< a smaller frame is a trembling hand
+constexpr int kLabelGap = 6, kTickGap = 5;  ///< pixels between neighbours, at least
+constexpr int kFew = 64;                    ///< points that can be told apart, each with a mark on its stick
+constexpr int kLeastFrame = 8;              ///< a smaller frame is a trembling hand
 constexpr double kMostEnlarged = 1e-6;
 
 Span spanOf(const QCPRange& range) { return {range.lower, range.upper}; }
@@ -58,8 +58,8 @@ class LabelTicker : public QCPAxisTicker {
    public:
     QStringList labels;
     int tick_every = 1, label_every = 1;
-    int width = 400;      ///< pixels of the axis, about
-    int label_width = 1;  ///< pixels of the widest label
+    double width = 400;          ///< pixels of the axis
+    std::vector<double> widths;  ///< pixels of each label
 
     void generate(const QCPRange& range, const QLocale&, QChar, int, QVector<double>& ticks, QVector<double>* between,
                   QVector<QString>* texts) override {
@@ -71,10 +71,10 @@ class LabelTicker : public QCPAxisTicker {
         const int to = std::min(static_cast<int>(std::floor(range.upper + 1e-9)), last);
         const double points = range.upper - range.lower + 1;
         const int room = static_cast<int>(points) + 1;
-        int label = Thinned(label_every, room, width / (label_width + kLabelGap));
         // Where so little is in view that hardly a label is left, the points between get theirs.
-        if (room < 2 * label_every) label = Thinned(1, room, width / (label_width + kLabelGap));
-        const int tick = std::min(Thinned(tick_every, room, width / kTickGap), label);
+        const int label = Labels_Every(room < 2 * label_every ? 1 : label_every, from, to, widths,
+                                       width / std::max(range.size(), 1e-9), kLabelGap);
+        const int tick = std::min(Thinned(tick_every, room, static_cast<int>(width / kTickGap)), label);
         for (int i = (from + label - 1) / label * label; i <= to; i += label) {
             ticks.append(i);
             if (texts) texts->append(labels[i]);
@@ -128,6 +128,11 @@ class GraphWidget::Plot : public QCustomPlot {
                 [this](const QCPRange& range) { keepWithin(xAxis, range, points_); });
         connect(yAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
                 [this](const QCPRange& range) { keepWithin(yAxis, range, span_); });
+        // How wide the axis is, the layout says; how many labels it has room for, the axis.
+        connect(this, &QCustomPlot::beforeReplot, this, [this] {
+            updateLayout();
+            labels_->width = axisRect()->width();
+        });
     }
 
     ~Plot() override {
@@ -188,13 +193,10 @@ class GraphWidget::Plot : public QCustomPlot {
 
     /// What depends on the room there is.
     void fit() {
-        labels_->width = std::max(60, width() - 100);
         values_->height = std::max(60, height() - 60);
-        const QFontMetrics metrics(text_font_);
-        int widest = 1;
-        for (const QString& label : labels_->labels)
-            widest = std::max(widest, static_cast<int>(label.size()) * metrics.horizontalAdvance(u'0'));
-        labels_->label_width = widest;
+        const QFontMetricsF metrics(text_font_);
+        labels_->widths.clear();
+        for (const QString& label : labels_->labels) labels_->widths.push_back(metrics.horizontalAdvance(label));
         int cell = 1;
         // A row of the legend that is not full has empty places.
         for (int i = 0; i < legend->itemCount(); ++i)

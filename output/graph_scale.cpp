@@ -14,6 +14,16 @@ namespace {
 
 constexpr double kAir = 0.06;
 
+/// The first of the multiples of `every` by 1, 2, 5, 10, 20 ... that will do; 0 for none.
+template <class Test>
+int First_Multiple(int every, Test will_do) {
+    every = std::max(1, every);
+    for (int power = 1; power <= 1000; power *= 10)
+        for (const int factor : {1, 2, 5})
+            if (will_do(every * power * factor)) return every * power * factor;
+    return 0;
+}
+
 constexpr Color Rgb(int hex) { return ((hex & 0xFF) << 16) | (hex & 0xFF00) | ((hex >> 16) & 0xFF); }
 
 }  // namespace
@@ -49,15 +59,21 @@ Span Point_Span(const Graph& graph) {
 }
 
 int Thinned(int every, int points, int room) {
-    every = std::max(1, every);
     room = std::max(2, room);
-    constexpr std::array<int, 3> kFactors{1, 2, 5};
-    for (int power = 1; power <= 1000; power *= 10)
-        for (const int factor : kFactors) {
-            const int step = every * power * factor;
-            if ((points - 1) / step + 1 <= room) return step;
+    const int step = First_Multiple(every, [&](int candidate) { return (points - 1) / candidate + 1 <= room; });
+    return step > 0 ? step : std::max({1, every, points});
+}
+
+int Labels_Every(int every, int first, int last, const std::vector<double>& widths, double apart, double gap) {
+    const auto clear = [&](int step) {
+        for (int i = (first + step - 1) / step * step; i + step <= last; i += step) {
+            const auto here = static_cast<std::size_t>(i), next = static_cast<std::size_t>(i + step);
+            if ((widths[here] + widths[next]) / 2 + gap > step * apart) return false;
         }
-    return std::max(every, points);
+        return true;
+    };
+    const int step = First_Multiple(every, clear);
+    return step > 0 ? step : std::max({1, every, last + 1});
 }
 
 std::vector<double> Round_Values(Span span, int about) {

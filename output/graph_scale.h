@@ -25,6 +25,10 @@ Span Point_Span(const platform::Graph& graph);
 
 /// `every`, or the least of its multiples by 2, 5, 10, 20, 50 ... of which no more than `room` fall upon `points`.
 int Thinned(int every, int points, int room);
+/// The same for labels centred upon the points from first to last: of its multiples the least at which neighbours stand
+/// clear of each other. `widths` has those of all labels, `apart` the distance of two points, `gap` the least that is
+/// to be free between two labels.
+int Labels_Every(int every, int first, int last, const std::vector<double>& widths, double apart, double gap);
 /// Round numbers within the span, about so many.
 std::vector<double> Round_Values(Span span, int about);
 

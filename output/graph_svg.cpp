@@ -163,10 +163,10 @@ class Sheet {
     void Labels() {
         const int points = graph_.NumPoints();
         const double size = Size(graph_.TextFont());
-        std::size_t letters = 1;
-        for (const std::string& label : graph_.Labels()) letters = std::max(letters, label.size());
-        const double wide = kLetter * size * (static_cast<double>(letters) + 2);
-        const int every = Thinned(graph_.LabelEvery, points, static_cast<int>((right_ - left_) / wide));
+        std::vector<double> widths;
+        for (const std::string& label : graph_.Labels())
+            widths.push_back(kLetter * size * static_cast<double>(label.size()));
+        const int every = Labels_Every(graph_.LabelEvery, 0, points - 1, widths, X(1) - X(0), kLetter * size);
         const int tick = Thinned(graph_.TickEvery, points, static_cast<int>((right_ - left_) / 5));
         for (int i = 0; i < points; i += tick) Line(X(i), bottom_, X(i), bottom_ + 4, colors_.ink);
         for (int i = 0; i < points; i += every) {

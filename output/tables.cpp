@@ -104,17 +104,23 @@ void Fill_Titles(Grid& grid) {
     }
 }
 
-/// Values of the printed steps; those of skipped steps stay 0 and count in the statistics.
+/// By slot, the values of all steps of the run, printed or not.
 using Values = Table<Single, 1, 4, kLastStep + 1>;
+
+std::unique_ptr<Values> Values_Of_Run(int last) {
+    auto values = std::make_unique<Values>();
+    for (int slot = 1; slot <= Model.PrintCount; ++slot)
+        for (int i = 0; i <= last; ++i) Transform_XY(i, slot, (*values)(slot, i));
+    return values;
+}
 
 void Fill_Statistics(Grid& grid, const Values& values, int last) {
     const Element2 value = [&](int row, int i) { return values(row, i); };
-    for (int slot = 1; slot <= 4; ++slot) {
+    for (int slot = 1; slot <= Model.PrintCount; ++slot) {
         Single max, min, mean;
         Integer max_at, min_at;
         MaxMin2(value, slot, 0, last, max, min, max_at, min_at);
         Average2(0, last, value, "Pointer_I", slot, mean);
-        if (slot > Model.PrintCount) continue;
         grid.SetCell(3, slot, Shown(min));
         grid.SetCell(4, slot, Shown(mean));
         grid.SetCell(5, slot, Shown(max));
@@ -171,14 +177,11 @@ void Multiprint(Screen& screen) {
         grid.SetRows(Model.GridRows);
         Fill_Titles(grid);
         const bool harmonics = Model.Calctype == 3 && Model.FFTFunction;
-        const auto values = std::make_unique<Values>();
+        const auto values = Values_Of_Run(last);
         int row = kFirstDataRow;
         For_Each_Printed_Step(last, [&](int i) {
             grid.SetCell(row, 0, harmonics ? Text_Of(i) : Lead_Of(i));
-            for (int slot = 1; slot <= Model.PrintCount; ++slot) {
-                Transform_XY(i, slot, (*values)(slot, i));
-                grid.SetCell(row, slot, Shown((*values)(slot, i)));
-            }
+            for (int slot = 1; slot <= Model.PrintCount; ++slot) grid.SetCell(row, slot, Shown((*values)(slot, i)));
             ++row;
         });
         Fill_Statistics(grid, *values, last);

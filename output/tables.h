@@ -10,7 +10,8 @@ namespace verlink {
 /// The titles of a table and of the plot screens' headers.
 void Table_Titles(std::string& line1, std::string& line2, std::string& time, std::string& step, std::string& unit);
 
-/// Fills `grd_Data` of `frm_PrintData` and shows the screen. Statistics count skipped steps as zeros.
+/// Fills `grd_Data` of `frm_PrintData` and shows the screen. Statistics are those of all steps of the run, printed or
+/// not.
 void Multiprint(platform::Screen& screen);
 void Clear_Grid(int rows, int cols);
 

@@ -19,13 +19,20 @@ Delayed_Plot_Screen::Delayed_Plot_Screen(const std::string& name, const std::str
 
 void Delayed_Plot_Screen::Form_Activate() {
     Guarded(Procedure("Activate"), [&] {
+        // It has not been left: the user comes back from the help.
+        if (showing_ == Hidings()) return;
+        showing_ = Hidings();
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        // The integer makes it 0: the first tick draws.
-        Model.ReplotDelay = 0.1;
-        activated_ = std::chrono::steady_clock::now();
-        Timer1.Interval = 250;
-        Timer1.Enabled = true;
+        Start_Plot();
     });
+}
+
+void Delayed_Plot_Screen::Start_Plot() {
+    // The integer makes it 0: the first tick draws.
+    Model.ReplotDelay = 0.1;
+    activated_ = std::chrono::steady_clock::now();
+    Timer1.Interval = 250;
+    Timer1.Enabled = true;
 }
 
 void Delayed_Plot_Screen::Timer1_Timer() {

@@ -23,9 +23,12 @@ class Delayed_Plot_Screen : public Plot_Screen {
 
    protected:
     Delayed_Plot_Screen(const std::string& name, const std::string& selection);
+    /// What comes before the first drawing of another plot.
+    virtual void Start_Plot();
 
    private:
     std::chrono::steady_clock::time_point activated_;
+    int showing_ = -1;  ///< `Hidings` when this plot came up
 };
 
 }  // namespace verlink

@@ -15,6 +15,7 @@
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
+#include "screens/style_boxes.h"
 
 namespace verlink {
 
@@ -38,7 +39,8 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     chk_Sticks.Value = true;
-    for (auto* box : {&chk_HGrid, &chk_VGrid, &chk_Line, &chk_Sticks}) box->OnClick = [this] { Redraw(); };
+    for (auto* box : {&chk_HGrid, &chk_VGrid}) box->OnClick = [this] { Redraw(); };
+    Keep_One(chk_Line, chk_Sticks, [this] { Redraw(); });
     DefaultButton = &cmd_Calc;
     CancelButton = &cmd_Cancel;
     cmb_Var1.Tip = "The function to transform";
@@ -48,8 +50,8 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmd_Calc.Tip = "Transform the function";
     chk_HGrid.Tip = "Horizontal grid lines";
     chk_VGrid.Tip = "Vertical grid lines";
-    chk_Line.Tip = "Join the harmonics by a line";
-    chk_Sticks.Tip = "Draw each harmonic from the axis";
+    chk_Line.Tip = "Join the harmonics by a line; the last of these two boxes stays ticked";
+    chk_Sticks.Tip = "Draw each harmonic from the axis; the last of these two boxes stays ticked";
     cmd_Print.Tip = "Print this screen; calculate first";
     cmd_Copy.Tip = "How to copy this screen to the clipboard; calculate first";
     cmd_Cancel.Tip = "Go back and drop the transform";

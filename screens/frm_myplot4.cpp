@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "output/polar.h"
 #include "platform/guard.h"
+#include "screens/style_boxes.h"
 
 namespace verlink {
 
@@ -11,19 +12,18 @@ frm_MyPlot4::frm_MyPlot4() : Delayed_Plot_Screen("frm_MyPlot4", "frm_PlotSelect4
     chk_Envelope.Value = true;
     Show_Step_Controls(false);
     pct_Plot.Tip = "The vector from the origin, over the whole run";
-    chk_Envelope.Tip = "Draw the path of the vector's tip";
-    chk_Vectors.Tip = "Draw the vector of every step from the origin";
+    chk_Envelope.Tip = "Draw the path of the vector's tip; the last of these two boxes stays ticked";
+    chk_Vectors.Tip = "Draw the vector of every step from the origin; the last of these two boxes stays ticked";
     chk_Pause.Tip = "Show one vector at a time, with its values";
     cmd_Step.Tip = "Draw the plot; while paused, show the next vector";
-    chk_Envelope.OnClick = [this] { cmd_Replot_Click(); };
-    chk_Vectors.OnClick = [this] { cmd_Replot_Click(); };
+    Keep_One(chk_Envelope, chk_Vectors, [this] { cmd_Replot_Click(); });
     chk_Pause.OnClick = [this] { chk_Pause_Click(); };
     cmd_Step.OnClick = [this] { cmd_Step_Click(); };
 }
 
-void frm_MyPlot4::Form_Activate() {
+void frm_MyPlot4::Start_Plot() {
     chk_Pause.Value = false;  // the vector of an earlier plot is not this one's
-    Delayed_Plot_Screen::Form_Activate();
+    Delayed_Plot_Screen::Start_Plot();
 }
 
 void frm_MyPlot4::cmd_Replot_Click() {
@@ -48,8 +48,8 @@ void frm_MyPlot4::chk_Pause_Click() {
         Show_Step_Controls(paused);
         if (paused) {
             StepCount = 0;
-            chk_Envelope.Value = false;
             chk_Vectors.Value = true;
+            chk_Envelope.Value = false;
         }
         chk_Envelope.Enabled = !paused;
         chk_Vectors.Enabled = !paused;

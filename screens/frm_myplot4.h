@@ -33,10 +33,12 @@ class frm_MyPlot4 : public Delayed_Plot_Screen {
     platform::ControlArray<platform::Label> pnl_vector{*this, "pnl_vector", {{0, "data"}, {1, "data"}}};
     platform::Label pnl_PlotUnits{*this, "pnl_PlotUnits"};
 
-    void Form_Activate() override;
     void cmd_Replot_Click() override;
     void cmd_Step_Click();
     void chk_Pause_Click();
+
+   protected:
+    void Start_Plot() override;
 
    private:
     void Show_Step_Controls(bool shown);

@@ -11,7 +11,8 @@
 namespace verlink {
 
 frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
-    grd_Data.Tip = "The chosen functions step by step, below their smallest, mean and largest values";
+    grd_Data.Tip =
+        "The chosen functions step by step, below their smallest, mean and largest values of all steps of the run";
     cmd_PrintForm.Tip = "Print this screen";
     cmd_Copy.Tip = "How to copy this screen to the clipboard";
     cmd_Reprint.Tip = "Go back to the choice of functions";

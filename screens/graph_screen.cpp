@@ -5,6 +5,7 @@
 #include "core/screen_geometry.h"
 #include "output/cartesian.h"
 #include "platform/guard.h"
+#include "screens/style_boxes.h"
 
 namespace verlink {
 
@@ -22,8 +23,8 @@ Graph_Screen::Graph_Screen(const std::string& name, const std::string& selection
     opt_Back[0].Value = true;
     chk_HGrid.Tip = "Horizontal grid lines";
     chk_VGrid.Tip = "Vertical grid lines";
-    chk_Line.Tip = "Join the values by a line";
-    chk_Sticks.Tip = "Draw each value from the axis";
+    chk_Line.Tip = "Join the values by a line; the last of these two boxes stays ticked";
+    chk_Sticks.Tip = "Draw each value from the axis; the last of these two boxes stays ticked";
     opt_Back[0].Tip = "White graphs";
     opt_Back[1].Tip = "Blue graphs";
     opt_Back[2].Tip = "Gray graphs";
@@ -33,8 +34,8 @@ Graph_Screen::Graph_Screen(const std::string& name, const std::string& selection
 
 void Graph_Screen::Bind() {
     opt_Back.On(&platform::OptionButton::OnClick, [this](int) { opt_Back_Click(); });
-    for (platform::CheckBox* box : {&chk_HGrid, &chk_VGrid, &chk_Line, &chk_Sticks})
-        box->OnClick = [this] { Style_Click(); };
+    for (platform::CheckBox* box : {&chk_HGrid, &chk_VGrid}) box->OnClick = [this] { Style_Click(); };
+    Keep_One(chk_Line, chk_Sticks, [this] { Style_Click(); });
     cmd_Replot.OnClick = [this] { cmd_Replot_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
 }

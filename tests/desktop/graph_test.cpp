@@ -138,6 +138,31 @@ TEST_F(GraphWidgetTest, Labels_stand_every_so_many_points_and_thin_out_when_narr
     EXPECT_EQ(widget->labels().constFirst(), "0");
 }
 
+TEST_F(GraphWidgetTest, Labels_that_fit_the_axis_are_shown_and_no_two_touch) {
+    Open({900, 400});
+    Fill(1, 180);
+    Draw();
+    EXPECT_EQ(widget->labels().size(), 16);
+    const QFontMetricsF metrics(widget->font());
+    for (const int width : {900, 700, 600, 500, 400, 300, 250}) {
+        widget->resize(width, 400);
+        Draw();
+        const QStringList labels = widget->labels();
+        ASSERT_GE(labels.size(), 2) << width;
+        for (qsizetype i = 1; i < labels.size(); ++i) {
+            const double apart = widget->place(labels[i].toInt(), 0).x() - widget->place(labels[i - 1].toInt(), 0).x();
+            const double words = (metrics.horizontalAdvance(labels[i]) + metrics.horizontalAdvance(labels[i - 1])) / 2;
+            EXPECT_GE(apart, words) << width << ' ' << i;
+        }
+    }
+    // The width of the axis decides and not that of the labels of the values beside it.
+    Fill(1, 15);
+    graph.LabelEvery = 1;
+    widget->resize(430, 300);
+    Draw();
+    EXPECT_EQ(widget->labels().size(), 16);
+}
+
 TEST_F(GraphWidgetTest, The_pointer_reads_the_label_and_each_value) {
     Open();
     Fill(3, 360);

@@ -1,4 +1,5 @@
 // Tables, plots and the transform through real windows: paper, typed choices, and what Return and Help do.
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -7,7 +8,9 @@
 
 #include "core/parameters.h"
 #include "core/runs.h"
+#include "desktop/graph_widget.h"
 #include "dynamics/units.h"
+#include "output/catalogue.h"
 #include "platform/file_system.h"
 #include "platform/graph.h"
 #include "shell/initialize.h"
@@ -120,6 +123,49 @@ TEST_F(OutputTest, Too_many_harmonics_are_cut_on_Return_on_leaving_and_by_the_bu
     });
     for (int times = 1; times <= 3; ++times) ThenMessage(cut, QStringLiteral("OK"));
     Then("message", [](QWidget& window) { static_cast<QMessageBox&>(window).button(QMessageBox::Ok)->click(); });
+    Show("frm_FFT");
+}
+
+TEST_F(OutputTest, The_last_of_lines_and_fills_stays_ticked_under_the_mouse) {
+    Select_Variable("Theta4", 1);
+    Model.PlotCount = 1;
+    Model.PlotStyle = 1;
+    Then("frm_Plot1", [](QWidget& window) {
+        auto& line = Find<QCheckBox>(window, "chk_Line");
+        auto& sticks = Find<QCheckBox>(window, "chk_Sticks");
+        line.click();
+        EXPECT_TRUE(line.isChecked());
+        sticks.click();
+        line.click();
+        EXPECT_FALSE(line.isChecked());
+        EXPECT_TRUE(sticks.isChecked());
+        EXPECT_EQ(Screens::Get("frm_Plot1").Get<Graph>("grf_Plot", 0).GraphStyle, 2);
+        Click(window, "cmd_Done");
+    });
+    Show("frm_Plot1");
+}
+
+TEST_F(OutputTest, Labels_that_fit_stand_below_a_run_of_180_steps_and_a_transform) {
+    const auto labels = [](QWidget& window, int index) {
+        const std::string name = "grf_Plot_" + std::to_string(index);
+        auto& graph = dynamic_cast<desktop::GraphWidget&>(Find<QWidget>(window, name.c_str()));
+        EXPECT_TRUE(QTest::qWaitFor([&graph] { return !graph.labels().isEmpty(); }));
+        QTest::qWait(50);
+        return graph.labels();
+    };
+    Select_Variable("Theta4", 1);
+    Model.PlotCount = 1;
+    Model.PlotStyle = 1;
+    Then("frm_Plot1", [&](QWidget& window) {
+        EXPECT_EQ(labels(window, 0).size(), 16);
+        Click(window, "cmd_Done");
+    });
+    Show("frm_Plot1");
+    Then("frm_FFT", [&](QWidget& window) {
+        Go_Down(window, "cmb_Var1", 6);
+        for (int i = 0; i <= 3; ++i) EXPECT_EQ(labels(window, i).size(), 16) << i;
+        Click(window, "cmd_Cancel");
+    });
     Show("frm_FFT");
 }
 

@@ -217,6 +217,21 @@ TEST(GraphScaleTest, Labels_thin_out_by_round_multiples) {
     EXPECT_EQ(Thinned(1, 1, 0), 1);
 }
 
+TEST(GraphScaleTest, Labels_that_stand_clear_of_each_other_all_stay) {
+    const std::vector<double> narrow(16, 10.0);
+    EXPECT_EQ(Labels_Every(1, 0, 15, narrow, 16, 6), 1);
+    EXPECT_EQ(Labels_Every(1, 0, 15, narrow, 15.9, 6), 2);
+    EXPECT_EQ(Labels_Every(1, 0, 15, narrow, 3.3, 6), 5);
+    EXPECT_EQ(Labels_Every(0, 0, 15, narrow, 0.5, 6), 20) << "the first alone";
+    // Only those that are in view count, each by its own width.
+    std::vector<double> widths(181, 10.0);
+    for (std::size_t i = 100; i <= 180; ++i) widths[i] = 30;
+    EXPECT_EQ(Labels_Every(12, 0, 180, widths, 2, 6), 24);
+    EXPECT_EQ(Labels_Every(12, 0, 96, widths, 2, 6), 12);
+    EXPECT_EQ(Labels_Every(12, 0, 180, widths, 3, 6), 12);
+    EXPECT_EQ(Labels_Every(12, 0, -1, {}, 3, 6), 12);
+}
+
 TEST(GraphScaleTest, Curves_and_texts_are_readable_on_each_background) {
     const auto light = [](platform::Color color) {
         double sum = 0;

@@ -146,16 +146,33 @@ TEST_F(TablesGrid, StatisticsOfAFullTableAreThoseOfTheColumn) {
     EXPECT_EQ(Column(grid, 4, 3, 5), (Texts{"100.0", "102.0", "104.0"}));
 }
 
-TEST_F(TablesGrid, SkippedStepsCountAsZerosInTheStatistics) {
+TEST_F(TablesGrid, StatisticsAreThoseOfTheRunHoweverManyStepsArePrinted) {
     Fill_Run(10);
-    Model.PrintStep = 5;
+    Model.RunTable.Omega(7, 2) = 130;
+    Model.RunTable.Omega(8, 2) = 85;
+    for (const int every : {1, 5, 10}) {
+        Model.PrintStep = every;
+        const Grid& grid = Show_Table().grd_Data;
+        EXPECT_EQ(Column(grid, 4, 3, 5), (Texts{"85.0", "105.0", "130.0"})) << every;
+        EXPECT_EQ(Column(grid, 1, 3, 5), (Texts{"5.0", "55.0", "105.0"})) << every;
+    }
     const Grid& grid = Show_Table().grd_Data;
-    // 100, 105 and 110 are printed, eleven steps are averaged.
-    EXPECT_EQ(Column(grid, 4, 6, 8), (Texts{"100.0", "105.0", "110.0"}));
-    EXPECT_EQ(Column(grid, 4, 3, 5), (Texts{"0.0", "28.6", "110.0"}));
-    for (int i = 0; i <= 10; ++i) Model.RunTable.Omega(i, 2) = -100 - i;
-    Show_Table();
-    EXPECT_EQ(Column(grid, 4, 3, 5), (Texts{"-110.0", "-28.6", "0.0"}));
+    EXPECT_EQ(Column(grid, 4, 6, 7), (Texts{"100.0", "110.0"}));
+}
+
+TEST_F(TablesGrid, AConstantIsItsOwnLeastMeanAndLargestValue) {
+    Fill_Run(36);
+    Choose(4, "Omega2", "Mag");
+    for (int i = 0; i <= 36; ++i) Model.RunTable.Omega(i, 0) = 10;
+    Model.PrintStep = 10;
+    EXPECT_EQ(Column(Show_Table().grd_Data, 4, 3, 5), Texts(3, "10.0"));
+    for (int i = 0; i <= 36; ++i) Model.RunTable.Omega(i, 0) = -10;
+    EXPECT_EQ(Column(Show_Table().grd_Data, 4, 3, 5), Texts(3, "-10.0"));
+}
+
+TEST_F(TablesGrid, TheTipSaysWhoseStatisticsTheyAre) {
+    Fill_Run(2);
+    EXPECT_NE(Show_Table().grd_Data.Tip.Get().find("of all steps of the run"), std::string::npos);
 }
 
 TEST_F(TablesGrid, StatisticsAreMadeForFourFunctionsHoweverManyColumnsThereAre) {

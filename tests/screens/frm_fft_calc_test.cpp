@@ -227,6 +227,19 @@ TEST_F(FftCalc, EachStyleBoxDrawsAnew) {
     EXPECT_EQ(form.grf_Plot[0].GraphStyle, 4);
 }
 
+TEST_F(FftCalc, OneOfEnvelopeAndSpectralLinesAlwaysShows) {
+    Pick("Omega4");
+    Tick(form, "chk_Sticks", false);
+    EXPECT_TRUE(form.chk_Sticks.Value);
+    EXPECT_EQ(form.grf_Plot[2].GraphStyle, 2);
+    Tick(form, "chk_Line", true);
+    Tick(form, "chk_Sticks", false);
+    EXPECT_EQ(form.grf_Plot[2].GraphStyle, 4);
+    Tick(form, "chk_Line", false);
+    EXPECT_TRUE(form.chk_Line.Value);
+    EXPECT_EQ(form.grf_Plot[2].GraphStyle, 4);
+}
+
 TEST_F(FftCalc, ANumberThatIsNoneIsReportedUnderTheHandlersNames) {
     Pick("Omega4");
     form.cmb_Harmonics.Text = "1E+999";

@@ -132,6 +132,18 @@ TEST_F(AlignedScreens, PrintAsksOpensThePrinterDialogAndPrintsTheScreen) { Print
 
 TEST_F(AlignedScreens, CopyTellsTheKeys) { Copying(four); }
 
+TEST_F(AlignedScreens, HelpLeavesThePlotAsItIs) {
+    Inside(two, [&] {
+        two.Timer1.Tick();
+        two.pnl_LeftTitle[0].Caption = "as it was";
+        desktop.Expect_Screen("frm_Help", [](platform::Screen& help) { help.Hide(); });
+        Pick_Menu(two, "mnu_Help");
+        EXPECT_FALSE(two.Timer1.Enabled);
+        EXPECT_EQ(two.pnl_LeftTitle[0].Caption, "as it was");
+    });
+    Inside(two, [&] { EXPECT_TRUE(two.Timer1.Enabled) << "it comes up for another plot"; });
+}
+
 TEST_F(AlignedScreens, HelpIsThatOfPlots) { Helping(four); }
 
 }  // namespace verlink::test

@@ -150,6 +150,26 @@ TEST_F(GraphScreens, EachChangeOfStyleRedrawsFromTheRunTable) {
     });
 }
 
+TEST_F(GraphScreens, OneOfLinesAndFillsAlwaysShows) {
+    Choose("frm_PlotSelect1", 1, "Theta3", "Mag");
+    Inside(one, [&] {
+        platform::Graph& graph = one.grf_Plot[0];
+        const int drawings = graph.Drawings();
+        Tick(one, "chk_Line", false);
+        EXPECT_TRUE(one.chk_Line.Value);
+        EXPECT_EQ(graph.GraphStyle, 4);
+        EXPECT_EQ(graph.Drawings(), drawings + 1);
+        Tick(one, "chk_Sticks", true);
+        Tick(one, "chk_Line", false);
+        EXPECT_FALSE(one.chk_Line.Value);
+        EXPECT_EQ(graph.GraphStyle, 2);
+        Tick(one, "chk_Sticks", false);
+        EXPECT_TRUE(one.chk_Sticks.Value);
+        EXPECT_FALSE(one.chk_Line.Value);
+        EXPECT_EQ(graph.GraphStyle, 2) << "no line comes back";
+    });
+}
+
 TEST_F(GraphScreens, BackLeadsToTheScreenThatChose) {
     for (int slot = 1; slot <= 4; ++slot)
         for (const char* selection : {"frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3"})

@@ -72,11 +72,45 @@ TEST_F(PolarScreen, TheBoxesReplot) {
         Tick(form, "chk_Envelope", false);
         EXPECT_EQ(Model.PolarMode, 2);
         EXPECT_EQ(Blue(), 37);
+    });
+}
+
+TEST_F(PolarScreen, OneOfTheTwoBoxesAlwaysShows) {
+    After_First_Plot([&] {
+        Tick(form, "chk_Envelope", false);
+        EXPECT_TRUE(form.chk_Envelope.Value);
+        EXPECT_FALSE(form.chk_Vectors.Value);
+        EXPECT_EQ(Model.PolarMode, 1);
+        EXPECT_EQ(Blue(), 36) << "drawn once more, as it was";
+        Tick(form, "chk_Vectors", true);
+        Tick(form, "chk_Envelope", false);
+        EXPECT_EQ(Model.PolarMode, 2);
         log.Calls.clear();
-        // With neither, the plot is drawn as it was last.
         Tick(form, "chk_Vectors", false);
+        EXPECT_TRUE(form.chk_Vectors.Value);
+        EXPECT_FALSE(form.chk_Envelope.Value);
         EXPECT_EQ(Model.PolarMode, 2);
         EXPECT_EQ(Blue(), 37);
+    });
+}
+
+TEST_F(PolarScreen, HelpLeavesThePauseAtItsStep) {
+    After_First_Plot([&] {
+        Tick(form, "chk_Pause", true);
+        for (int step = 1; step <= 5; ++step) Press(form, "cmd_Step");
+        const std::string number = form.lbl_StepNumber.Caption, size = form.pnl_vector[0].Caption;
+        log.Calls.clear();
+        desktop.Expect_Screen("frm_Help", [](platform::Screen& help) { help.Hide(); });
+        Pick_Menu(form, "mnu_Help");
+        form.Timer1.Tick();
+        EXPECT_TRUE(form.chk_Pause.Value);
+        EXPECT_EQ(form.cmd_Step.Caption, "S&tep");
+        Expect_Step_Controls(true);
+        EXPECT_EQ(form.lbl_StepNumber.Caption, number);
+        EXPECT_EQ(form.pnl_vector[0].Caption, size);
+        EXPECT_TRUE(log.Calls.empty()) << log.Calls.front();
+        Press(form, "cmd_Step");
+        EXPECT_EQ(form.lbl_StepNumber.Caption, FNRoundStr(Model.RunTable.Theta(6, 0), 1));
     });
 }
 
