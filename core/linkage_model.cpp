@@ -75,8 +75,10 @@ void Clear_RunTable() {
 
 double Shown_Factor() { return Shown_Factor(Model); }
 
-double Shown_Factor(const UnitSystem& units) {
-    switch (units.Units) {
+double Shown_Factor(const UnitSystem& units) { return Shown_Factor(units.Units); }
+
+double Shown_Factor(int Units) {
+    switch (Units) {
         case 4: return 100;
         case 5: return 1000;
         default: return 1;

@@ -288,7 +288,7 @@ void Derive_Time_Limits() {
 }
 
 void Get_Linkage_Geometry(Screen& screen, Road road) {
-    Guarded("Get_Linkage_Geometry", [&] {
+    const bool taken = Guarded("Get_Linkage_Geometry", [&] {
         if (Is_Linkage_Touched(screen)) {
             Model.CognateEdit = false;
             Model.CognateNumber = 1;
@@ -322,6 +322,10 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
         if (Model.Calctype == 5) Get_Delta2();
         Model.RedrawFlag = "Y";
     });
+    if (taken) return;
+    for (platform::Control* control : screen.Controls())
+        if (auto* box = dynamic_cast<TextBox*>(control); box && box->Name() == "txt_Linkout") box->Settle();
+    Put_Linkage_Geometry(screen);
 }
 
 void Put_Linkage_Geometry(Screen& screen) {

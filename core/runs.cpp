@@ -1,7 +1,6 @@
 // The generated runs, the replay of imported ones, and what happens at a position that does not close.
 #include "core/runs.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "core/classification.h"
@@ -43,8 +42,8 @@ void Begin_Run(Integer& Result) {
 /// The run holds, unless it was ended by the user or closes nowhere.
 void End_Run(const Integer& Result) {
     if (Result == kAborted) return;
-    const bool* closed = Model.RunTable.Assembled.Steps(0, Model.NSteps + 1);
-    if (std::find(closed, closed + Model.NSteps + 1, true) != closed + Model.NSteps + 1) Run_Holds();
+    for (int step = 0; step <= Model.NSteps; ++step)
+        if (Model.RunTable.Assembled(step)) return Run_Holds();
 }
 
 /// One step; false when the user has ended the run there.

@@ -151,11 +151,10 @@ void Solve_Step(Integer step, Integer& Result) {
     Store_Motion(step);
     if (!Is_Imported() && !m.Parallelogram) Centrodes(step);
     const double factor = Shown_Factor();
-    if (factor != 1) {
-        Scale_Positions(step, factor, 0, 2);
-        Scale_Velocities(step, factor, 0, 2);
-        Scale_Accelerations(step, factor, 0, 4);
-    }
+    if (factor == 1) return;
+    const bool scaled = Scale_Positions(step, factor, 0, 2) && Scale_Velocities(step, factor, 0, 2) &&
+                        Scale_Accelerations(step, factor, 0, 4);
+    if (!scaled) m.RunTable.Assembled(step) = false;
 }
 
 template <class Points>
@@ -287,16 +286,16 @@ bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) 
     return true;
 }
 
-void Scale_Positions(int step, double factor, int First, int Last) {
-    Guarded("Scale_Positions", [&] { Scale(Model.RunTable.PointXY, step, factor, First, Last); });
+bool Scale_Positions(int step, double factor, int First, int Last) {
+    return Guarded("Scale_Positions", [&] { Scale(Model.RunTable.PointXY, step, factor, First, Last); });
 }
 
-void Scale_Velocities(int step, double factor, int First, int Last) {
-    Guarded("Scale_Velocities", [&] { Scale(Model.RunTable.VelXY, step, factor, First, Last); });
+bool Scale_Velocities(int step, double factor, int First, int Last) {
+    return Guarded("Scale_Velocities", [&] { Scale(Model.RunTable.VelXY, step, factor, First, Last); });
 }
 
-void Scale_Accelerations(int step, double factor, int First, int Last) {
-    Guarded("Scale_Accelerations", [&] { Scale(Model.RunTable.AccXY, step, factor, First, Last); });
+bool Scale_Accelerations(int step, double factor, int First, int Last) {
+    return Guarded("Scale_Accelerations", [&] { Scale(Model.RunTable.AccXY, step, factor, First, Last); });
 }
 
 }  // namespace verlink

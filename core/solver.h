@@ -46,9 +46,9 @@ class LookAhead {
     int resume_ = 1;
 };
 
-/// Multiplies points First to Last of the array at one step, both axes.
-void Scale_Positions(int step, double factor, int First, int Last);
-void Scale_Velocities(int step, double factor, int First, int Last);
-void Scale_Accelerations(int step, double factor, int First, int Last);
+/// Multiplies points First to Last of the array at one step, both axes. False after a failure, which has been reported.
+bool Scale_Positions(int step, double factor, int First, int Last);
+bool Scale_Velocities(int step, double factor, int First, int Last);
+bool Scale_Accelerations(int step, double factor, int First, int Last);
 
 }  // namespace verlink

@@ -47,6 +47,7 @@ void Check_Menus() {
 void SeedCognate() {
     Guarded("SeedCognate", [] {
         Put_Row(Model.Cognates, 1, {Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa, Model.DeltaRad});
+        Model.DeltaStr = Text_Of(FNRound(Model.Delta, 1));
         Model.CognateNumber = 1;
         Model.CognateEdit = false;
         Model.CognatesDue = false;

@@ -97,8 +97,9 @@ TEST_F(TheModel, NewModelDropsEveryFlagAndTheTitle) {
     Model_Saved();
     Model.Synthesized = Model.DiskFile = Model.CamDriven = Model.LinkDriven = true;
     New_Model();
-    for (bool flag : {Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized, Model.FFTDone,
-                      Model.DiskFile, Model.CamDriven, Model.LinkDriven, Model.SavedFlag})
+    for (bool flag :
+         std::initializer_list<bool>{Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized,
+                                     Model.FFTDone, Model.DiskFile, Model.CamDriven, Model.LinkDriven, Model.SavedFlag})
         EXPECT_FALSE(flag);
     EXPECT_EQ(Model.FigureTitle, "");
 }

@@ -55,7 +55,7 @@ TEST_F(ParametersGeometry, InCentimetresATyped25Stores025AndShows25) {
     Write(1, "25");
     Get_Linkage_Geometry(input);
     EXPECT_EQ(Model.L2, Single(0.25));
-    Write(1, "");
+    input.Text("txt_Linkout", 1).Text = "";
     Put_Linkage_Geometry(input);
     EXPECT_EQ(Box(1), "25");
 }
@@ -232,15 +232,48 @@ TEST_F(ParametersGeometry, AnglesAreShownWithTwoDecimals) {
     EXPECT_EQ(Box(6), "-7.89");
 }
 
-TEST_F(ParametersGeometry, ASynthesizedLinkageLeavesThePivotBoxesAndTheCircuitAsTheyStand) {
-    Write(15, "7");
-    Write(16, "8");
+TEST_F(ParametersGeometry, ASynthesizedLinkageShowsItsPivotAndItsCircuitAsAnyOther) {
+    input.Text("txt_Linkout", 15).Text = "7";
+    input.Text("txt_Linkout", 16).Text = "8";
     Model.Synthesized = true;
     Model.CircuitSign = 1;
     Put_Linkage_Geometry(input);
-    EXPECT_EQ(Box(15), "7");
-    EXPECT_EQ(Box(16), "8");
-    EXPECT_TRUE(input.Get<OptionButton>("opt_OpenCross", 0).Value);
+    EXPECT_EQ(Box(15), "2.667");
+    EXPECT_EQ(Box(16), "0");
+    EXPECT_TRUE(input.Get<OptionButton>("opt_OpenCross", 1).Value);
+}
+
+TEST_F(ParametersGeometry, ABoxThatNoHandHasTouchedGivesBackWhatTheRecordHas) {
+    Model.L2 = 1.5;
+    LoadLinkArray();
+    input.Text("txt_Linkout", 1).Text = "9";
+    input.Text("txt_Linkout", 15).Text = "";
+    Get_Linkage_Geometry(input);
+    EXPECT_EQ(Model.L2, 1.5);
+    EXPECT_EQ(Model.Link1X, Single(2.667));
+    EXPECT_EQ(Box(1), "1.5");
+    EXPECT_EQ(Box(15), "2.667");
+}
+
+TEST_F(ParametersGeometry, ATypedLengthKeepsItsDigitsAlsoWhenItIsReadAgain) {
+    Write(1, "1.23456");
+    Get_Linkage_Geometry(input);
+    EXPECT_FALSE(input.Text("txt_Linkout", 1).Touched());
+    Get_Linkage_Geometry(input);
+    EXPECT_EQ(Model.L2, Single(1.23456));
+    EXPECT_EQ(Box(1), "1.23456");
+}
+
+TEST_F(ParametersGeometry, ALengthThatCannotBeStoredIsToldAndTheBoxGoesBack) {
+    Put_Linkage_Geometry(input);
+    Write(1, "1.5");
+    Write(2, "1e39");
+    desktop.Expect_Message("Error 6   (Overflow)  has occurred in Get_Linkage_Geometry\r\n\r\n");
+    Get_Linkage_Geometry(input);
+    EXPECT_EQ(Model.L2, Single(1.115)) << "all of it or nothing";
+    EXPECT_EQ(Model.L3, 2.5);
+    EXPECT_EQ(Box(1), "1.115");
+    EXPECT_EQ(Box(2), "2.5");
 }
 
 TEST_F(ParametersGeometry, UnitsAndTheLineAngleAreShownBesideTheLengths) {

@@ -111,13 +111,14 @@ TEST_F(RunState, EveryRunDropsDynamicsBalancingAndTransform) {
     EXPECT_FALSE(Model.FFTDone);
 }
 
-TEST_F(RunState, LengthsThatCannotCloseDropNothing) {
+TEST_F(RunState, LengthsThatCannotCloseDropTheResultsAndRunNothing) {
     Take_Lengths(10, 1, 1, 1);
     Soil();
     desktop.Expect_Message_With("Your link lengths are incompatible\r");
     Calc_Setup(3, result);
-    EXPECT_TRUE(Model.DynamicsDone);
-    EXPECT_TRUE(Model.FFTDone);
+    EXPECT_FALSE(Model.Calculated);
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.FFTDone);
     EXPECT_EQ(result, kIgnoring);
     EXPECT_EQ(Model.RunTable.Theta(3, 3), 500);
 }

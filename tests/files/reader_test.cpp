@@ -310,11 +310,11 @@ TEST_F(Reader, UnitsBelow1AreInches) {
 }
 
 TEST_F(Reader, ValuesMayBeReplacedBeforeOthersAreDerivedFromThem) {
-    ASSERT_TRUE(Load_Model(Held(Fixture_File("rev9.vlk")), [] {
-        EXPECT_EQ(Model.L2, 8.25);
-        Set_File_Field("L2", "2.5");
-        Set_File_Field("Calctype", "3");
-        Set_File_Field("ThetaStepStr", "9");
+    ASSERT_TRUE(Load_Model(Held(Fixture_File("rev9.vlk")), [](LinkageModel& record) {
+        EXPECT_EQ(record.L2, 8.25);
+        Set_File_Field("L2", "2.5", record);
+        Set_File_Field("Calctype", "3", record);
+        Set_File_Field("ThetaStepStr", "9", record);
     }));
     EXPECT_EQ(Model.LinkArray(2), 2.5);
     EXPECT_EQ(Model.NSteps, 10);

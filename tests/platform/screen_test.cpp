@@ -20,6 +20,7 @@ std::vector<std::string> events;
 struct Told : Screen {
     explicit Told(const std::string& name) : Screen(name) {}
     void Form_Activate() override { events.push_back("activate " + Name()); }
+    void Form_Return() override { events.push_back("return to " + Name()); }
     void Form_QueryUnload(bool& cancel) override {
         events.push_back("query " + Name());
         cancel = keep;
@@ -68,7 +69,7 @@ TEST_F(ScreenTest, AShowingReturnsWhenTheScreenIsHidden) {
     EXPECT_EQ(events, Events{"activate frm_A"});
 }
 
-TEST_F(ScreenTest, TheScreenBelowIsActivatedAgainWhenTheChildCloses) {
+TEST_F(ScreenTest, TheScreenBelowIsReturnedToWhenTheChildCloses) {
     desktop.Expect_Screen("frm_A", [](Screen& a) {
         The("frm_B").ShowModal();
         EXPECT_EQ(Screen::Active(), &a);
@@ -76,7 +77,7 @@ TEST_F(ScreenTest, TheScreenBelowIsActivatedAgainWhenTheChildCloses) {
     });
     desktop.Expect_Screen("frm_B", [](Screen& b) { b.Hide(); });
     The("frm_A").ShowModal();
-    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_A"}));
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "return to frm_A"}));
 }
 
 TEST_F(ScreenTest, AScreenThatHidesItselfBeforeItShowsAnotherLeavesTheChainClean) {

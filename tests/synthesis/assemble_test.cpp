@@ -142,15 +142,16 @@ TEST_F(Assembly, EntersTheGroundByLengthAndAngleAlsoWhereThatOptionWasOn) {
     EXPECT_TRUE(Model.PolarCoords);
 }
 
-TEST_F(Assembly, LeavesTheCoordinatesOfThePivotAndTheCircuitOnTheInputScreen) {
+TEST_F(Assembly, ShowsThePivotAndTheCircuitInForceOnTheInputScreen) {
     auto& input = platform::Screens::Get("frm_Inputnew");
     input.Text("txt_Linkout", 15).Text = "a";
     input.Text("txt_Linkout", 16).Text = "b";
-    Model.CircuitSign = 1;
+    Model.CircuitIndex = 2;
     Assemble(1, 30);
-    EXPECT_EQ(Input_Box("txt_Linkout", 15), "a");
-    EXPECT_EQ(Input_Box("txt_Linkout", 16), "b");
-    EXPECT_TRUE(input.Get<platform::OptionButton>("opt_OpenCross", 0).Value);
+    EXPECT_EQ(Input_Box("txt_Linkout", 15), "7");
+    EXPECT_EQ(Input_Box("txt_Linkout", 16), "-2");
+    EXPECT_EQ(Model.Link1X, 7);
+    EXPECT_TRUE(input.Get<platform::OptionButton>("opt_OpenCross", 1).Value);
 }
 
 TEST_F(Assembly, ReportsTwoPositions) {

@@ -44,7 +44,7 @@ struct CognateCurves : Synthesis {
     static void Take_Row(const CognateTable& table, int row) {
         Take_Lengths(table(row, 1), table(row, 2), table(row, 3), table(row, 4));
         Model.Rpa = table(row, 5);
-        Model.DeltaRad = table(row, 6);
+        Model.Delta = table(row, 6) * kRadToDeg;
         Model.PolarCoords = true;
         Model.Link1Angle = 0;
     }

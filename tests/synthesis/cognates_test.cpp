@@ -188,8 +188,8 @@ TEST_F(Cognates, GoingBackToTheFirstGivesTheLinkageAsItWas) {
     Switch_Cognate(1);
     Expect_Linkage(2.667, 1.115, 2.5, 2.5, 1.697);
     EXPECT_NEAR(Model.Delta, -92.66, 1e-5);
-    EXPECT_EQ(Model.Link1X, Model.L1);
-    EXPECT_EQ(Model.Link1Y, 0);
+    EXPECT_NEAR(Model.Link1X, 2.667 * std::cos(20 * kDegToRad), 1e-6) << "where it is drawn";
+    EXPECT_NEAR(Model.Link1Y, 2.667 * std::sin(20 * kDegToRad), 1e-6);
     EXPECT_EQ(Model.Link1Angle, 20);
     EXPECT_FALSE(Model.CognateEdit);
     Expect_Checked(1);

@@ -103,7 +103,7 @@ TEST_F(DefaultLinkage, ShowsItsLimitsInTheBoxesOfTheInputScreen) {
     EXPECT_EQ(Box(3), "10");
 }
 
-TEST_F(DefaultLinkage, LeavesFlagsAndUnitsAsTheyWere) {
+TEST_F(DefaultLinkage, DropsWhatWasKnownOfAnotherAndLeavesTheUnits) {
     Model.Units = 4;
     Run_Holds();
     Forces_Hold();
@@ -111,10 +111,10 @@ TEST_F(DefaultLinkage, LeavesFlagsAndUnitsAsTheyWere) {
     Model.LinkDriven = true;
     Testlinkage();
     EXPECT_EQ(Model.Units, 4);
-    EXPECT_TRUE(Model.Calculated);
-    EXPECT_TRUE(Model.DynamicsDone);
-    EXPECT_TRUE(Model.BalanceDone);
-    EXPECT_TRUE(Model.LinkDriven);
+    EXPECT_FALSE(Model.Calculated);
+    EXPECT_FALSE(Model.DynamicsDone);
+    EXPECT_FALSE(Model.BalanceDone);
+    EXPECT_FALSE(Model.LinkDriven);
 }
 
 TEST_F(DefaultLinkage, ClosesOverItsWholeRange) {
