@@ -87,7 +87,7 @@ TEST_F(Cayley_Screen, AChoiceTakesTheCognate) {
     EXPECT_EQ(Box(4), FNRoundStr(Model.Cognates(2, 5), 3));
     EXPECT_EQ(Box(5), FNRoundStr(Model.Delta, 2));
     EXPECT_EQ(form.Pnl_Grashof.Caption, "Grashof Double-Rocker");
-    for (const bool flag : {Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized})
+    for (const bool flag : std::initializer_list<bool>{Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized})
         EXPECT_FALSE(flag);
 }
 

@@ -201,7 +201,7 @@ TEST_F(Leave, ACognateOfTheMenuStandsInTheBoxesAndWaitsForItsCalculation) {
         EXPECT_EQ(Val(input.txt_Linkout[4].Text.Get()), FNRound(Model.Rpa, 3));
         EXPECT_FALSE(input.mnu_Cog[1].Checked);
         EXPECT_TRUE(input.mnu_Cog[2].Checked);
-        for (const bool flag : {Model.Calculated, Model.Synthesized, Model.DynamicsDone, Model.BalanceDone})
+        for (const bool flag : std::initializer_list<bool>{Model.Calculated, Model.Synthesized, Model.DynamicsDone, Model.BalanceDone})
             EXPECT_FALSE(flag);
         Expect_Ways_On(false, false);
         EXPECT_TRUE(Picture_Is_Empty());
