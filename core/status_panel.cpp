@@ -104,7 +104,10 @@ void Titlebox(platform::Screen& screen) {
         std::string header = Model.UserName + platform::CR + " Design No. " + std::to_string(Model.DesignNumber) +
                              platform::CRLF + Model.DateStr + platform::CR + " at " + Model.TimeStr;
         if (!Model.FilePath.empty()) header += std::string(platform::CR) + " File: " + Model.ModelName;
-        With<Label>(screen, "lbl_Header", kNoIndex, [&](Label& label) { label.Caption = header; });
+        With<Label>(screen, "lbl_Header", kNoIndex, [&](Label& label) {
+            label.Caption = header;
+            label.Tip = "The model's own name, design number, date and file, as they are saved with it";
+        });
     });
 }
 

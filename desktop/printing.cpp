@@ -33,7 +33,27 @@ bool askPrinter(QWidget* parent, QPrinter& printer, const QString& folder, const
     return dialog.exec() == QDialog::Accepted;
 }
 
-bool printWidget(QPrinter& printer, QWidget& widget) {
+namespace {
+
+constexpr int kFootPoints = 7;
+
+/// Writes the foot of the present page and gives back what is left of the page above it.
+QSizeF writeFoot(QPainter& painter, const QPrinter& printer, const QString& foot) {
+    const QSizeF page = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+    painter.resetTransform();  // a printer keeps that of the sheet before
+    painter.save();
+    QFont font = painter.font();
+    font.setPixelSize(std::max(1, kFootPoints * printer.resolution() / 72));
+    painter.setFont(font);
+    const QFontMetricsF metrics(font);
+    painter.drawText(QPointF(0, page.height() - metrics.descent()), foot);
+    painter.restore();
+    return {page.width(), page.height() - 1.5 * metrics.lineSpacing()};
+}
+
+}  // namespace
+
+bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot) {
     // Straight on a printer a widget would become a picture of pixels; by way of a recording it stays vectors.
     QPicture recording;
     QPainter recorder(&recording);
@@ -42,7 +62,7 @@ bool printWidget(QPrinter& printer, QWidget& widget) {
 
     QPainter painter;
     if (!painter.begin(&printer)) return false;
-    const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
+    const QSizeF page = writeFoot(painter, printer, foot);
     const double scale = std::min(page.width() / widget.width(), page.height() / widget.height());
     painter.translate((page.width() - widget.width() * scale) / 2, 0);
     // A recording is played at its natural size, in inches; the page is to be filled instead.
@@ -52,10 +72,10 @@ bool printWidget(QPrinter& printer, QWidget& widget) {
     return painter.end();
 }
 
-bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages) {
+bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages, const QString& foot) {
     QPainter painter;
     if (!painter.begin(&printer)) return false;
-    const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
+    const QSizeF page = writeFoot(painter, printer, foot);
     std::size_t widest = 80, longest = 66;
     for (const auto& lines : pages) {
         longest = std::max(longest, lines.size());
@@ -71,7 +91,10 @@ bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& 
     const QFontMetricsF metrics(font);
     bool first = true;
     for (const auto& lines : pages) {
-        if (!std::exchange(first, false) && !printer.newPage()) return false;
+        if (!std::exchange(first, false)) {
+            if (!printer.newPage()) return false;
+            writeFoot(painter, printer, foot);
+        }
         double baseline = metrics.ascent();
         for (const std::string& line : lines) {
             painter.drawText(QPointF(0, baseline), QString::fromStdString(line));

@@ -17,10 +17,12 @@ std::unique_ptr<QPrinter> makePrinter();
 /// The printer dialog. A PDF would go to <folder>/<name>.pdf unless the user says otherwise; the folder is made.
 bool askPrinter(QWidget* parent, QPrinter& printer, const QString& folder, const QString& name);
 
-/// As vectors, as large as the page allows. False when the printer refuses.
-bool printWidget(QPrinter& printer, QWidget& widget);
+// Each page has `foot`, one line in small letters, at its foot. False when the printer refuses.
+
+/// As vectors, as large as the page allows.
+bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot);
 
 /// Pages of text lines in a font of one width, small enough for the widest line and the longest page.
-bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages);
+bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages, const QString& foot);
 
 }  // namespace verlink::desktop

@@ -101,12 +101,21 @@ bool QtDesktop::Ask_Printer() {
     return askPrinter(top(), printer(), toQt(Documents_Folder() + "/VERLINK"), toQt(name));
 }
 
+/// The head of a page has the name and the dates that the model was saved with, which may be another user's and of
+/// long ago.
+QString QtDesktop::footOf(bool headed) {
+    QString foot = toQt("Printed " + Date_Text() + " at " + Time_Text() + ".");
+    if (headed) foot += QStringLiteral(" Name, design number, date and time in the head are the model's own.");
+    return foot;
+}
+
 void QtDesktop::Print_Screen(Screen& screen) {
-    if (!printWidget(printer(), formOf(screen))) Raise(kPrinterError);
+    const bool headed = screen.FindAs<Label>("lbl_Header") != nullptr;
+    if (!printWidget(printer(), formOf(screen), footOf(headed))) Raise(kPrinterError);
 }
 
 void QtDesktop::Print_Pages(const std::vector<std::vector<std::string>>& pages) {
-    if (!printPages(printer(), pages)) Raise(kPrinterError);
+    if (!printPages(printer(), pages, footOf(true))) Raise(kPrinterError);
 }
 
 void QtDesktop::Show_Window(Screen& screen) {

@@ -58,6 +58,7 @@ class QtDesktop : public platform::Desktop {
     QString startFolder() const;
     void endShowings();
     QPrinter& printer();
+    QString footOf(bool headed);
 
     std::map<platform::Screen*, std::unique_ptr<Form>> forms_;
     std::vector<Form*> shown_;  ///< oldest first

@@ -194,6 +194,8 @@ TEST_F(StatusPanelTest, TitleboxNamesTheModelOnceItHasAPath) {
     Model.FilePath = "/home/ada/press.vlk";
     Titlebox(screen);
     EXPECT_EQ(screen.lbl_Header.Caption.Get(), "Ada\r Design No. 4\r\n1/2/2026\r at 9:05:00\r File: press");
+    EXPECT_EQ(screen.lbl_Header.Tip.Get(),
+              "The model's own name, design number, date and file, as they are saved with it");
 }
 
 TEST_F(StatusPanelTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords) {

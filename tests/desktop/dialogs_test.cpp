@@ -133,6 +133,13 @@ class PrintingTest : public DesktopTest {
             screen.Hide();
         });
     }
+    /// The words on the sheets.
+    std::string Words() {
+        QProcess reader;
+        reader.start(QStringLiteral("pdftotext"), {QString::fromStdString(Pdf()), QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished());
+        return reader.readAll().toStdString();
+    }
     std::string Pdf() { return qt.Documents_Folder() + "/VERLINK/frm_Sample.pdf"; }
 
     frm_Sample screen;
@@ -146,11 +153,36 @@ TEST_F(PrintingTest, Without_a_printer_a_PDF_lies_in_the_user_s_folder) {
     EXPECT_EQ(failure_number, 0);
     ASSERT_TRUE(File_Exists(Pdf()));
     EXPECT_EQ(Read_File(Pdf()).substr(0, 4), "%PDF");
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"), {QString::fromStdString(Pdf()), QStringLiteral("-")});
-    ASSERT_TRUE(reader.waitForFinished());
-    EXPECT_TRUE(reader.readAll().contains("Grashof Condition"));
+    EXPECT_NE(Words().find("Grashof Condition"), std::string::npos);
+    EXPECT_NE(Words().find("Printed " + qt.Date_Text() + " at "), std::string::npos);
+    EXPECT_EQ(Words().find("head"), std::string::npos) << "it has none";
     EXPECT_EQ(Read_File(Pdf()).find("/Subtype /Image"), std::string::npos) << "vectors, and no picture of pixels";
+}
+
+TEST_F(PrintingTest, A_sheet_says_when_it_was_printed_and_whose_the_name_and_date_in_its_head_are) {
+    constexpr char whose[] = "Name, design number, date and time in the head are the model's own.";
+    class frm_Headed : public frm_Sample {
+       public:
+        Label lbl_Header{*this, "lbl_Header", "Ada\r Design No. 7\r\n1/2/1999\r at 9:05:00"};
+    } headed;
+    qt.Show_Window(headed);
+    Then("printer", [](QWidget& window) { static_cast<QPrintDialog&>(window).accept(); });
+    ASSERT_TRUE(qt.Ask_Printer());
+    qt.Print_Screen(headed);
+    std::string words = Words();
+    for (const std::string& part : {std::string("1/2/1999"), "Printed " + qt.Date_Text() + " at ", std::string(whose)})
+        EXPECT_NE(words.find(part), std::string::npos) << part << " in:\n" << words;
+
+    // The same printer again: nothing of how the screen was fitted on its sheet is left.
+    qt.Print_Pages({std::vector<std::string>(80, "a line of a table"), {"another page"}});
+    words = Words();
+    const std::size_t first = words.find(whose);
+    EXPECT_NE(first, std::string::npos) << words;
+    EXPECT_LT(words.find("a line of a table"), first);
+    EXPECT_LT(first, words.find("another page"));
+    EXPECT_NE(words.find(whose, first + 1), std::string::npos) << "on each page";
+    qt.Hide_Window(headed);
+    qt.discardForms();
 }
 
 TEST_F(PrintingTest, A_cancelled_printer_dialog_prints_nothing) {

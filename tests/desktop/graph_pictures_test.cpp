@@ -142,7 +142,7 @@ TEST_F(GraphPicturesTest, On_paper_a_graph_is_vectors_too_on_every_background) {
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(QString::fromStdString(path));
-        ASSERT_TRUE(desktop::printWidget(printer, *widget));
+        ASSERT_TRUE(desktop::printWidget(printer, *widget, QString()));
         Expect_Vectors_With_Words(path, {"(rad/sec)", "Crank Angle (Deg)", "Function 1", "Function 2"});
     }
 }

@@ -50,6 +50,26 @@ TEST_F(AnimateRun, RunPlaysOneFrameForEachPosition) {
     });
 }
 
+TEST_F(AnimateRun, AStoppedRunLeavesTheScreenAsAtItsEndAndStepGoesOnFromThere) {
+    EXPECT_EQ(form.StopButton, &form.cmd_Reset);
+    After_First_Picture([&] {
+        Type(form, "txt_Cycles", platform::kNoIndex, "32767");
+        desktop.Pauses.clear();
+        desktop.StopAtPause = 37 + 8;
+        Press(form, "cmd_Animate");
+        EXPECT_EQ(desktop.Pauses.size(), 45U);
+        EXPECT_FALSE(form.lbl_StepNumber.Visible);
+        for (const auto* button : {&form.cmd_Animate, &form.cmd_Step, &form.cmd_Reset, &form.cmd_Done})
+            EXPECT_TRUE(button->Enabled) << button->Name();
+        EXPECT_FALSE(form.cmd_Recalc.Enabled);
+        EXPECT_GT(Alive(), 40U) << "the position stands";
+        Press(form, "cmd_Step");
+        EXPECT_EQ(Number(), "80.0") << "the eighth position of a cycle is that of 70 degrees";
+        Press(form, "cmd_Reset");
+        EXPECT_EQ(Number(), "0.0");
+    });
+}
+
 TEST_F(AnimateRun, SpeedWaitAndCyclesCountFromTheNextRun) {
     After_First_Picture([&] {
         form.hsc_speed.SetValue(32757);
