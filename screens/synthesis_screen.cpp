@@ -22,6 +22,7 @@ namespace verlink {
 namespace {
 
 constexpr int kAngleDecimals = 2;
+constexpr char kSketch[] = "Sketch, not to scale";
 
 /// The text without the marks that a formatted number has between its thousands.
 std::string Ungrouped(const std::string& text) {
@@ -86,9 +87,15 @@ void Synthesis_Screen::Bind_Boxes() {
     for (platform::Control* control : Controls()) {
         auto* box = dynamic_cast<TextBox*>(control);
         if (!box) continue;
-        box->Text.Event = [this] { Allow_Results(false); };
+        box->Text.Event = [this] { Box_Change(); };
         box->OnGotFocus = [box] { box->SelectAll(); };
     }
+}
+
+void Synthesis_Screen::Box_Change() {
+    Allow_Results(false);
+    // The diagram is of the data before.
+    lbl_Scale.Caption = kSketch;
 }
 
 void Synthesis_Screen::Allow_Results(bool allowed) {
@@ -133,7 +140,7 @@ void Synthesis_Screen::Show_Displacement(Single x, Single y, Single& magnitude, 
 void Synthesis_Screen::Draw() {
     const DyadFigure figure = Dyads_In_Force(positions_);
     const std::vector<DyadMark> marks = Draw_Dyads(Image1.Canvas(), figure);
-    lbl_Scale.Caption = figure.to_scale ? "To scale" : "Sketch, not to scale";
+    lbl_Scale.Caption = figure.to_scale ? "To scale" : kSketch;
     for (platform::Control* control : Controls()) {
         if (control->Name() != "lbl_Symbol") continue;
         auto& name = static_cast<Label&>(*control);

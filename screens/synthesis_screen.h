@@ -149,6 +149,7 @@ class Synthesis_Screen : public platform::Screen {
         Label* value;
     };
     void Write_Tips();
+    void Box_Change();
     void Allow_Results(bool allowed);
 
     int positions_;

@@ -128,8 +128,10 @@ void Switch_Cognate(Integer n) {
 }
 
 bool Refuse_Parallelogram() {
-    if (Model.Parallelogram) platform::Tell(kParallelogramMessage, platform::Icon::kInformation);
-    return Model.Parallelogram;
+    // The way back from a cognate is open, whatever it is: a coupler point on a joint has one without extent.
+    const bool refused = Model.Parallelogram && !Model.CognateEdit;
+    if (refused) platform::Tell(kParallelogramMessage, platform::Icon::kInformation);
+    return refused;
 }
 
 }  // namespace verlink

@@ -31,7 +31,7 @@ void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3
 /// refused parallelograms.
 void Switch_Cognate(Integer n);
 
-/// True, after saying why, when the linkage is a parallelogram, which has no use for cognates.
+/// True, after saying why, when the first linkage is a parallelogram, which has no use for cognates.
 bool Refuse_Parallelogram();
 
 /// All three cognates on `Picture1` of `frm_Cayley`, from `CayleyRows`.

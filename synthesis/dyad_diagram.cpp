@@ -16,6 +16,7 @@ using Vector = DyadFigure::Vector;
 namespace {
 
 constexpr double kCloses = 1e-3;    ///< of the lengths involved, by which a dyad may miss its position
+constexpr double kHangs = 1e-2;     ///< the same by which it may miss its pivot
 constexpr double kStraight = 0.05;  ///< degrees below which an angle has no arc
 
 // Parts of the window's side.
@@ -70,6 +71,11 @@ bool Reaches(Vector link, Vector arm, const std::array<double, 3>& turns, const 
         if (!(std::abs(moved - figure.P[j]) <= kCloses * lengths)) return false;
     }
     return true;
+}
+
+/// A dyad that was to be found for a given pivot, seen from the coupler point in position 1.
+bool Hangs_On(Vector link, Vector arm, Vector pivot) {
+    return std::abs(link + arm + pivot) <= kHangs * (std::abs(link) + std::abs(arm) + std::abs(pivot));
 }
 
 class Drawing {
@@ -338,6 +344,11 @@ DyadFigure Dyads_In_Force(int positions) {
     f.gamma = {0, Model.SynGamma2, Model.SynGamma3};
     f.P = {0, Vector(Model.P21x, Model.P21y), Vector(Model.P31x, Model.P31y)};
     f.to_scale = Reaches(f.W, f.Z, f.beta, f) && Reaches(f.U, f.S, f.gamma, f);
+    if (positions == 3 && Model.SpecifiedPivots) {
+        const Vector P1(Model.P1x, Model.P1y);
+        f.to_scale = f.to_scale && Hangs_On(f.W, f.Z, Vector(Model.O2x, Model.O2y) - P1) &&
+                     Hangs_On(f.U, f.S, Vector(Model.O4x, Model.O4y) - P1);
+    }
     return f.to_scale ? f : Dyad_Sketch(positions);
 }
 

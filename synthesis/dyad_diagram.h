@@ -22,7 +22,8 @@ struct DyadFigure {
     bool to_scale = false;                           ///< the record's own dyads
 };
 
-/// The dyads of the record, if they carry the coupler point to its positions; else `Dyad_Sketch`.
+/// The dyads of the record, if they carry the coupler point to its positions and hang on the pivots that were
+/// specified; else `Dyad_Sketch`.
 DyadFigure Dyads_In_Force(int positions);
 /// Dyads of pleasant proportions, for showing what is meant by what as long as nothing has been calculated.
 DyadFigure Dyad_Sketch(int positions);

@@ -84,11 +84,29 @@ void Set_Crank_Range(Integer mode, Single start, Single beta2, Single beta3) {
     Model.ThetaStep = mode == 1 ? static_cast<double>(beta2) : (Model.ThetaEnd - Model.ThetaStart) / 2;
 }
 
-void Run_Upward() {
-    if (Model.ThetaStart <= Model.ThetaEnd) return;
-    std::swap(Model.ThetaStart, Model.ThetaEnd);
-    Model.ThetaStep = -Model.ThetaStep;
-    if (Model.Omega2 > 0.0) Model.Omega2 = -Model.Omega2;
+/// The speed as entered runs the crank the way that the positions follow each other; a negative one that the user has
+/// entered stays.
+void Turn_Speed(bool clockwise) {
+    Single& speed = Model.Omega2Input;
+    if (clockwise && speed > 0.0) {
+        speed = -speed;
+        Model.TurnedOmega2 = speed;
+    } else if (!clockwise && speed < 0.0 && speed == Model.TurnedOmega2) {
+        speed = -speed;
+        Model.TurnedOmega2 = 0;
+    }
+    Model.Omega2 = speed;
+}
+
+/// True when the range has been turned round: it ends at position 1.
+bool Run_Upward() {
+    const bool clockwise = Model.ThetaStart > Model.ThetaEnd;
+    if (clockwise) {
+        std::swap(Model.ThetaStart, Model.ThetaEnd);
+        Model.ThetaStep = -Model.ThetaStep;
+    }
+    Turn_Speed(clockwise);
+    return clockwise;
 }
 
 void Derive_Crank_Range() {
@@ -105,14 +123,13 @@ void Put_On_Input_Screen() {
     Put_Box("txt_initial", 0, Text_Of(Single(Val(Model.ThetaStartStr))));
     Put_Box("txt_initial", 1, Text_Of(Single(Val(Model.ThetaEndStr))));
     Put_Box("txt_initial", 2, Text_Of(Single(Val(Model.ThetaStepStr))));
-    Put_Box("txt_initial", 3, Text_Of(Model.Omega2Input));
     platform::With<platform::OptionButton>(kInput, "opt_Polar", 1,
                                            [](platform::OptionButton& option) { option.Value = true; });
-    Put_Box("txt_initial", 3, Text_Of(Model.Omega2));
+    Put_Box("txt_initial", 3, Text_Of(Model.Omega2Input));
     if (platform::Screen* input = platform::Screens::Find(kInput)) Put_Linkage_Geometry(*input);
 }
 
-std::string Report(Integer mode, Single link1Angle) {
+std::string Report(Integer mode, Single link1Angle, bool clockwise) {
     const auto length = [](double value) {
         return FNRoundStr(value * Shown_Factor(), Model.DecLengthShown) + " " + Model.UnitLabel(6);
     };
@@ -127,13 +144,9 @@ std::string Report(Integer mode, Single link1Angle) {
     text += "  L3 = " + length(Model.L3) + CR;
     text += "  L4 = " + length(Model.L4) + CR + CR;
     text += " The Precision (coupler) Point is at: " + length(Model.Rpa) + " @ " + angle(Model.Delta) + CR + CR;
-    text += crank_at(1, Model.ThetaStart);
-    if (mode == 1) {
-        text += crank_at(2, Model.ThetaEnd);
-    } else {
-        text += crank_at(2, Model.ThetaStep + Model.ThetaStart);
-        text += crank_at(3, Model.ThetaEnd);
-    }
+    text += crank_at(1, clockwise ? Model.ThetaEnd : Model.ThetaStart);
+    if (mode != 1) text += crank_at(2, Model.ThetaStep + Model.ThetaStart);
+    text += crank_at(mode == 1 ? 2 : 3, clockwise ? Model.ThetaStart : Model.ThetaEnd);
     text += CR;
     text += std::string(" These data have been transferred to the Input and Animate screens.") + CR + CR;
     text += std::string(" Note that this synthesis procedure cannot predict which circuit (open ") + CR;
@@ -299,10 +312,10 @@ void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Sing
             Model.Synthesized = true;
         });
         Set_Crank_Range(mode, t2, beta2, beta3);
-        Run_Upward();
+        const bool clockwise = Run_Upward();
         Derive_Crank_Range();
         Put_On_Input_Screen();
-        platform::Tell(Report(mode, link1Angle));
+        platform::Tell(Report(mode, link1Angle, clockwise));
     });
 }
 

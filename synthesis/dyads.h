@@ -32,7 +32,8 @@ Single Quadrant_Fix(Single a, Single s);
 
 /// Joins two dyads into the linkage of the record, with the crank's range by `mode` (1 two positions, 2 to 4 three),
 /// puts it on the input screen and reports it. The ground goes in by length and angle. A range that passes a whole turn
-/// comes out swapped, with a negative step.
+/// comes out swapped, with a negative step. Where the range is swapped the crank's speed turns negative, and the next
+/// assembly whose range is not turns it back.
 void Assemblevlnk(Integer mode, Single wx, Single wy, Single zx, Single zy, Single ux, Single uy, Single sx, Single sy,
                   Single beta2, Single beta3, Single& link1Angle);
 

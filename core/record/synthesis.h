@@ -23,6 +23,7 @@ struct SynthesisData {
     Single P21Mag, P21Angle;                              ///< polar form of P21
     Integer SynPositions;  ///< 1 two positions, 2 three with free pivots, 3 three with specified pivots
     Integer SynMethod;     ///< of two positions: 1 three angles assumed, 2 magnitude and angle of a vector
+    Single TurnedOmega2;   ///< the crank speed that a synthesis has made negative, rad/s; 0 for none
     bool SpecifiedPivots = false;
     Integer SimqError;        ///< flag of the last solution of three positions
     Integer SimqAnswer;       ///< button pressed at its failure; 2 is Cancel, 0 no failure

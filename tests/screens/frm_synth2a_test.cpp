@@ -106,6 +106,29 @@ TEST_F(Synth2A, ACalculationFillsTheReadOutsInTheFramesAndOnTheDiagram) {
     EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
 }
 
+TEST_F(Synth2A, ANegativeTurnRunsTheCrankTheOtherWayAndAPositiveOneBackAgain) {
+    for (const auto& [beta, speed] : {std::pair{"-45", -10.0}, {"45", 10.0}}) {
+        SCOPED_TRACE(beta);
+        desktop.Expect_Screen(form.Name(), [&, beta = beta, speed = speed](platform::Screen&) {
+            Enter_Box(form, "txt_Beta2", beta);
+            Calculate(form);
+            desktop.Expect_Screen("frm_Inputnew", [&](platform::Screen& input) {
+                EXPECT_EQ(Box(input, "txt_initial", 3), Text_Of(Single(speed)));
+                EXPECT_EQ(Model.Omega2Input, speed);
+                Press(input, "cmd_Calc");
+                EXPECT_EQ(Box(input, "txt_initial", 3), Text_Of(Single(speed)));
+                ASSERT_EQ(Model.NSteps, 1);
+                // The run starts where the synthesis has position 1.
+                EXPECT_NEAR(std::remainder(Model.RunTable.Theta(0, 0) - std::arg(W()) / kRadians, 360), 0, 0.01);
+                EXPECT_EQ(Model.RunTable.Omega(1, 0), speed);
+                input.Hide();
+            });
+            Press(form, "cmd_Done");
+        });
+        form.ShowModal();
+    }
+}
+
 TEST_F(Synth2A, LengthsAreShownInTheUnitAndStoredInMetres) {
     Use_Units(4);
     Model.P21x = -0.0146;

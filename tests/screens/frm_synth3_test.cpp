@@ -139,6 +139,7 @@ TEST_F(Synth3, SpecifiedPivotsGiveTheTurns) {
     EXPECT_LT(std::abs(U() + S() + Vector(Model.O4x, Model.O4y)), 5e-3);
     Expect_Both_Reach(2, 1e-3);
     Expect_Both_Reach(3, 1e-3);
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
     Expect_Ways_On(form, true);
 }
 
@@ -248,6 +249,7 @@ TEST_F(Synth3, WhereNoTurnsLeadThroughTheOldOnesAreGoneOnWith) {
     EXPECT_EQ(Model.SynGamma3, 60);
     EXPECT_EQ(Box(form, "txt_Beta3"), "50.000");
     Expect_Both_Reach(3, 1e-5);
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale") << "they do not hang on the pivots given";
 }
 
 TEST_F(Synth3, APivotUnderTheCouplerPointHasAWEqualAndOppositeToZ) {

@@ -33,6 +33,13 @@ struct HomeSynthesis : Fixture {
         });
         Pick_Menu(home, entry, index);
     }
+    void Inside_Input(const std::function<void()>& user) {
+        desktop.Expect_Screen("frm_Inputnew", [&user](Screen& shown) {
+            user();
+            Press(shown, "cmd_Cancel");
+        });
+        input.ShowModal();
+    }
     void Pick_Example(const char* entry, const std::function<void()>& user) { Pick(entry, "frm_Inputnew", user); }
     void Calculate() {
         Run_Holds();
@@ -95,6 +102,32 @@ TEST_F(WithoutInputScreen, AnExampleIsCalculatedWhenTheInputScreenIsReached) {
     desktop.Expect_Message_With("has occurred in frm_Homescreen.cmd_Input");
     dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen")).mnu_Cheby_Click();
     EXPECT_TRUE(Model.Calculated);
+}
+
+TEST_F(HomeSynthesis, TheFirstLinkageComesBackFromACognateThatIsAPoint) {
+    // The coupler point on the rocker's joint: the third cognate has no extent.
+    Inside_Input([this] {
+        Enter(input, "txt_Linkout", 4, "2.5");
+        Enter(input, "txt_Linkout", 5, "0");
+    });
+    ASSERT_EQ(Model.Rpa, Model.L3);
+    Calculate();
+    desktop.Expect_Message_With("Your link lengths are incompatible");
+    Pick(
+        "mnu_Cog", "frm_Inputnew",
+        [this] {
+            EXPECT_EQ(Model.L2, 0.0);
+            EXPECT_EQ(Model.CognateNumber, 3);
+            Pick_Menu(input, "mnu_Cog", 1);
+            EXPECT_EQ(Model.CognateNumber, 1);
+            EXPECT_EQ(Model.L1, Single(2.667));
+            EXPECT_EQ(Model.L2, Single(1.115));
+            EXPECT_EQ(Model.L3, 2.5);
+            EXPECT_EQ(Model.Rpa, 2.5);
+            Press(input, "cmd_Calc");
+            EXPECT_TRUE(Model.RunTable.Assembled(0));
+        },
+        3);
 }
 
 TEST_F(HomeSynthesis, TheUnitsBecomeInchesOnlyAfterTheInputScreenAndNothingIsConverted) {

@@ -60,6 +60,25 @@ TEST_F(SynthesisScreens, AnyChangeOfABoxTakesTheResultsBack) {
     });
 }
 
+TEST_F(SynthesisScreens, AnEditedBoxTakesTheScaleFromTheDiagramUntilTheNextCalculation) {
+    For_Each([this](Synthesis_Screen& form) {
+        form.Form_Activate();
+        for (platform::TextBox* box : Boxes(form)) {
+            if (box->Locked) continue;
+            SCOPED_TRACE(box->ObjectName());
+            Calculate(form);
+            ASSERT_EQ(Caption(form, "lbl_Scale"), "To scale");
+            const std::string text = box->Text;
+            Type(form, box->Name(), box->Index(), text + "1");
+            EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+            Type(form, box->Name(), box->Index(), text);
+            EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+        }
+        Calculate(form);
+        EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
+    });
+}
+
 TEST_F(SynthesisScreens, ComingToABoxSelectsItsText) {
     For_Each([](Synthesis_Screen& form) {
         form.Form_Activate();

@@ -30,6 +30,13 @@ struct Assembly : Synthesis {
         EXPECT_NEAR(Model.ThetaStep, step, 1e-4);
     }
 
+    /// In the box, in the record, and so in the next run.
+    static void Expect_Speed(double omega2) {
+        EXPECT_EQ(Model.Omega2Input, omega2);
+        EXPECT_EQ(Model.Omega2, omega2);
+        EXPECT_EQ(Input_Box("txt_initial", 3), Text_Of(Single(omega2)));
+    }
+
     platform::Message report;
 };
 
@@ -97,37 +104,57 @@ TEST_F(Assembly, StoresTheWholeRangeAsTheStepInRadians) {
 }
 
 TEST_F(Assembly, TurnsTheCrankRoundWhereItsTurnIsNegative) {
-    Model.Omega2 = 10;
+    Model.Omega2Input = 10;
     Assemble(1, -30);
     Expect_Range(kCrank - 30, kCrank, 30);
-    EXPECT_EQ(Model.Omega2, -10);
-    EXPECT_EQ(Model.Omega2Input, 10);
-    EXPECT_EQ(Input_Box("txt_initial", 3), "-10");
+    Expect_Speed(-10);
 }
 
 TEST_F(Assembly, LeavesACrankThatTurnsClockwiseAlready) {
-    Model.Omega2 = -4;
+    Model.Omega2Input = -4;
     Assemble(2, -10, -50);
     Expect_Range(kCrank - 50, kCrank, 25);
-    EXPECT_EQ(Model.Omega2, -4);
+    Expect_Speed(-4);
+    Assemble(2, 10, 50);
+    Expect_Range(kCrank, kCrank + 50, 25);
+    Expect_Speed(-4);
+}
+
+TEST_F(Assembly, TurnsACrankBackThatItHasTurnedRound) {
+    Model.Omega2Input = 10;
+    Assemble(1, -30);
+    Assemble(1, -40);
+    Expect_Speed(-10);
+    Assemble(1, 30);
+    Expect_Speed(10);
+    Assemble(1, 30);
+    Expect_Speed(10);
+}
+
+TEST_F(Assembly, DoesNotTurnACrankBackWhoseSpeedIsAnother) {
+    Model.Omega2Input = 10;
+    Assemble(1, -30);
+    Model.Omega2Input = -7;
+    Assemble(1, 30);
+    Expect_Speed(-7);
 }
 
 TEST_F(Assembly, TakesAWholeTurnOffARangeThatEndsBeyondItAndSwapsItsEnds) {
-    Model.Omega2 = 10;
+    Model.Omega2Input = 10;
     Assemble(1, 330);
     Expect_Range(kCrank + 330 - 360, kCrank, -330);
     EXPECT_EQ(Model.ThetaStepStr, "-330.00");
-    EXPECT_EQ(Model.Omega2, -10);
+    Expect_Speed(-10);
 }
 
 TEST_F(Assembly, FillsTheBoxesOfTheInputScreen) {
     Model.Omega2Input = 7;
-    Model.Omega2 = 3;
+    Model.Omega2 = 3;  // of the last step of a run by time
     Assemble(1, 30);
     const std::pair<int, const char*> links[] = {{0, "7.28"},  {1, "5"},  {2, "4"},     {3, "6"},
                                                  {4, "1.414"}, {5, "45"}, {6, "-15.95"}};
     for (const auto& [index, text] : links) EXPECT_EQ(Input_Box("txt_Linkout", index), text) << index;
-    const char* const limits[] = {"53.13", "83.13", "30", "3"};
+    const char* const limits[] = {"53.13", "83.13", "30", "7"};
     for (int box = 0; box <= 3; ++box) EXPECT_EQ(Input_Box("txt_initial", box), limits[box]) << box;
 }
 
@@ -182,6 +209,17 @@ TEST_F(Assembly, ReportsThreePositionsInTheShownUnit) {
                                        " Theta2 at position 2 in the global coord system is 93.13 deg\r"
                                        " Theta2 at position 3 in the global coord system is 133.13 deg\r\r") +
                                kEnd);
+}
+
+TEST_F(Assembly, ReportsEachPositionWithItsOwnAngleAlsoWhereTheCrankTurnsClockwise) {
+    const auto line = [](int position, const char* angle) {
+        return " Theta2 at position " + std::to_string(position) + " in the global coord system is " + angle + " deg\r";
+    };
+    Assemble(1, -30);
+    EXPECT_NE(report.text.find(line(1, "53.13") + line(2, "23.13") + "\r"), std::string::npos) << report.text;
+    Assemble(3, -10, -50);
+    EXPECT_NE(report.text.find(line(1, "53.13") + line(2, "28.13") + line(3, "3.13") + "\r"), std::string::npos)
+        << report.text;
 }
 
 TEST_F(Assembly, GoesThroughTheInputScreenToTheAnimateScreen) {

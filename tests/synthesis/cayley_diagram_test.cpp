@@ -218,6 +218,21 @@ TEST_F(CayleyDiagram, OfAPointOnTheFirstJointStillHasThreeCognates) {
     Expect_Three(Draw());
 }
 
+TEST_F(CayleyDiagram, OfAPointOnTheSecondJointStillHasThreeCognates) {
+    Chance chance;
+    SCOPED_TRACE(chance.Trace());
+    for (int i = 0; i < 200; ++i) {
+        Take_Lengths(chance.Number(1, 4), chance.Number(0.5, 4), chance.Number(1, 4), chance.Number(0.5, 4));
+        Take_Coupler_Point(Model.L3, i % 4 == 0   ? 0
+                                     : i % 4 == 1 ? 360
+                                     : i % 4 == 2 ? -360
+                                                  : chance.Between(-1e-4, 1e-4));
+        SeedCognate();
+        EXPECT_EQ(Model.CognateNumber, 1);
+        Expect_Three(Draw());
+    }
+}
+
 TEST_F(CayleyDiagram, OfACouplerWithoutLengthIsDrawnAllTheSame) {
     Take_Lengths(4, 1, 0, 3);
     Take_Coupler_Point(2, 20);

@@ -94,6 +94,14 @@ TEST_F(Cognates, OfAPointOnTheJointHaveNoCouplerBetweenTheirSideLinks) {
     Expect_Row(cognates, 3, {4, 1, 2, 3, 0, h});
 }
 
+TEST_F(Cognates, OfAPointOnTheOtherJointAreTheLinkageAgainAndAPoint) {
+    Take({4, 1, 3, 2, 3, 0});
+    Expect_Row(rows, 2, {4, 2, 1, 3, 0, std::numbers::pi});
+    Expect_Row(rows, 3, {0, 0, 0, 0, 2, 0});
+    Expect_Row(cognates, 2, {4, 2, 1, 3, 0, std::numbers::pi});
+    Expect_Row(cognates, 3, {0, 0, 0, 0, 2, std::numbers::pi});
+}
+
 TEST_F(Cognates, OfACouplerWithoutLengthHaveNoneBeyondThoseOfItsPoint) {
     Take({4, 1, 0, 3, 2, 0.25});
     // The point is as far from B as from A.
