@@ -84,6 +84,7 @@ void frm_FFT::Form_Activate() {
         Load_Variables(*this, cmb_Var1);
         cmb_Var1.Choose(-1);
         clearing_ = false;
+        Model.CoordSystem = 0;  // of a plot before; vectors are transformed in the global frame
         Model.PlotStyle = 5;
         Model.GraphWindows = 4;
         Model.PlotCount = 1;
