@@ -30,6 +30,9 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_FFTHelp"), "frm_FFT.mnu_Help"); };
     cmb_Var1.OnClick = [this] { cmb_Var1_Click(); };
     cmb_Com1.OnClick = [this] { cmb_Com1_Click(); };
+    const std::vector<const platform::Control*> ways_out{&cmd_Clear1, &cmd_Cancel};
+    variable_ = std::make_unique<Listed_Choice>(cmb_Var1, "variables that have been computed", ways_out);
+    component_ = std::make_unique<Listed_Choice>(cmb_Com1, "components", ways_out);
     cmb_Harmonics.OnClick = [this] { cmb_Harmonics_Click(); };
     cmb_Harmonics.OnLostFocus = [this] { cmb_Harmonics_LostFocus(); };
     cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
@@ -82,9 +85,12 @@ void frm_FFT::Form_Activate() {
         Load_Variables(*this, cmb_Var1);
         cmb_Var1.Choose(-1);
         clearing_ = false;
+        Model.CoordSystem = 0;  // of a plot before; vectors are transformed in the global frame
         Model.PlotStyle = 5;
         Model.GraphWindows = 4;
         Model.PlotCount = 1;
+        variable_->Forget();
+        component_->Forget();
         Fill_Harmonics();
         // A number that stands there for a longer run is nobody's wish for this one.
         if (Read_Harmonics()) cmb_Harmonics.Text = Text_Of(Model.Harmonics);
@@ -190,7 +196,7 @@ void frm_FFT::cmd_Calc_Click() {
             cmb_Harmonics.Text = "";
             return;
         }
-        if (!Function_Good()) return;
+        if (!variable_->Resolve() || !component_->Resolve() || !Function_Good()) return;
         Select_Variable(cmb_Var1.Text, 1);
         Model.FFTUnitLabel = Model.UnitLabel(Model.FuncGroup(1));
         Set_Component(cmb_Com1.Text, 1);

@@ -1,9 +1,12 @@
 // The transform screen: the harmonic content of one output function in four graphs.
 #pragma once
 
+#include <memory>
+
 #include "platform/desktop.h"
 #include "platform/graph.h"
 #include "platform/screen.h"
+#include "screens/listed_choice.h"
 
 namespace verlink {
 
@@ -62,6 +65,7 @@ class frm_FFT : public platform::Screen {
     bool Function_Good();
     void Clear_Results(int last);
     bool clearing_ = false;  ///< the program itself empties the boxes
+    std::unique_ptr<Listed_Choice> variable_, component_;
 };
 
 }  // namespace verlink

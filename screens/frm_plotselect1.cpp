@@ -47,9 +47,10 @@ void frm_PlotSelect1::Count_Functions() {
 }
 
 void frm_PlotSelect1::cmb_Var_DblClick(int slot) {
-    cmb_Var_Click(slot);
     // Four functions were counted before: what the slots hold is plotted at once.
-    if (Model.PlotCount == 4) cmd_Done_Click();
+    if (!Pick_By_Name(slot) || Model.PlotCount != 4 || Slot(slot).cmb_Com.Text.Get().empty()) return;
+    Take_Slot(slot);
+    cmd_Done_Click();
 }
 
 void frm_PlotSelect1::cmd_Done_Click() {

@@ -33,6 +33,7 @@ void frm_PlotSelect4::Form_Activate() {
         Load_PolarVariables(*this, Slot(1).cmb_Var);
         Slot(1).cmb_Var.Text = "";
         Clear_Labels(*this, 1);
+        Forget_Choices();
         Slot(1).cmb_Var.SetFocus();
     });
 }

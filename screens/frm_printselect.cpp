@@ -1,6 +1,8 @@
 // The choice of a table's four functions, its steps and decimals, and its way to the screen, the printer or the disk.
 #include "screens/frm_printselect.h"
 
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
@@ -51,6 +53,7 @@ void frm_PrintSelect::Form_Activate() {
             cmb_Preset.SetFocus();
             return;
         }
+        Blank_What_Is_Gone();
         Function_Slot& first = Slot(1);
         first.cmb_Var.Enabled = true;
         first.lbl_Var.Enabled = true;
@@ -61,6 +64,16 @@ void frm_PrintSelect::Form_Activate() {
         else
             first.cmb_Var.SetFocus();
     });
+}
+
+void frm_PrintSelect::Blank_What_Is_Gone() {
+    for (const auto& slot : Slots) {
+        const auto& listed = slot->cmb_Var.Items();
+        if (std::find(listed.begin(), listed.end(), slot->cmb_Var.Text.Get()) != listed.end()) continue;
+        slot->cmb_Var.Text = "";
+        slot->cmb_Com.Text = "";
+    }
+    Forget_Choices();
 }
 
 void frm_PrintSelect::Take_Preset() {

@@ -33,6 +33,8 @@ class frm_PrintSelect : public Preset_Screen {
     /// Shows the model's step where it is not the one read here last: another model has come since.
     void Show_Step();
     void Read_Step();
+    /// Empties the slots of variables that the lists do not have any more.
+    void Blank_What_Is_Gone();
     void To_Screen();
     void To_Printer();
     void To_Disk();

@@ -44,7 +44,8 @@ Function_Screen::Function_Screen(const std::string& name, const std::string& tit
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Cancel;
     Write_Tips();
-    Bind();
+    Bind(parts == Function_Slot::Parts::kVariableOnly ? "vectors that have been computed"
+                                                      : "variables that have been computed");
 }
 
 void Function_Screen::Write_Tips() {
@@ -60,7 +61,7 @@ void Function_Screen::Write_Tips() {
     cmd_Done.Tip = "Go on with the functions chosen";
 }
 
-void Function_Screen::Bind() {
+void Function_Screen::Bind(const char* variables) {
     for (int number = 1; number <= SlotCount(); ++number) {
         Function_Slot& slot = Slot(number);
         for (platform::ComboBox* box : {&slot.cmb_Var, &slot.cmb_Com}) box->OnGotFocus = [box] { box->SelectAll(); };
@@ -69,10 +70,33 @@ void Function_Screen::Bind() {
         slot.cmb_Com.OnClick = [this, number] { cmb_Com_Click(number); };
         slot.cmd_OK.OnClick = [this, number] { cmd_OK_Click(number); };
         slot.cmd_Clear.OnClick = [this, number] { cmd_Clear_Click(number); };
+        Look_Up(slot.cmb_Var, variables, {&slot.cmd_Clear, &cmd_Cancel});
+        Look_Up(slot.cmb_Com, "components", {&slot.cmd_Clear, &cmd_Cancel});
     }
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
-    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Done.OnClick = [this] { Go_On(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+}
+
+void Function_Screen::Look_Up(platform::ComboBox& box, const char* what,
+                              std::vector<const platform::Control*> ways_out) {
+    Choices.push_back(std::make_unique<Listed_Choice>(box, what, std::move(ways_out)));
+}
+
+void Function_Screen::Forget_Choices() {
+    for (const auto& choice : Choices) choice->Forget();
+}
+
+bool Function_Screen::Resolve_Slot(int slot) {
+    const auto at = static_cast<std::size_t>(2 * (slot - 1));
+    return Choices.at(at)->Resolve() && Choices.at(at + 1)->Resolve();
+}
+
+/// By Return a box is not left before.
+void Function_Screen::Go_On() {
+    for (const auto& choice : Choices)
+        if (!choice->Settle()) return;
+    cmd_Done_Click();
 }
 
 int Function_Screen::Filled() const {
@@ -99,7 +123,11 @@ void Function_Screen::cmb_Var_Click(int slot) {
     Guarded(Name() + ".cmb_Var", [&] { Pick_Variable(slot); });
 }
 
-void Function_Screen::cmb_Var_DblClick(int slot) { cmb_Var_Click(slot); }
+bool Function_Screen::Pick_By_Name(int slot) {
+    if (Slot(slot).cmb_Var.Text.Get().empty() || !Resolve_Slot(slot)) return false;
+    cmb_Var_Click(slot);
+    return true;
+}
 
 void Function_Screen::cmb_Com_Click(int slot) {
     Guarded(Name() + ".cmb_Com", [&] { Component_Picked(*this, Slot(slot).cmb_Com, &Slot(slot).cmd_OK, slot); });
@@ -107,6 +135,7 @@ void Function_Screen::cmb_Com_Click(int slot) {
 
 void Function_Screen::cmd_OK_Click(int slot) {
     Guarded(Name() + ".cmd_OK", [&] {
+        if (!Resolve_Slot(slot)) return;
         Take_Slot(slot);
         if (slot < SlotCount()) {
             Function_Slot& next = Slot(slot + 1);
@@ -128,6 +157,8 @@ void Function_Screen::cmd_Clear_Click(int slot) {
         Function_Slot& cleared = Slot(slot);
         cleared.cmb_Var.Text = "";
         cleared.cmb_Com.Text = "";
+        cleared.cmb_Com.Enabled = true;
+        Forget_Choices();
         cleared.lbl_Function.Caption = "";
         cleared.lbl_Component.Caption = "";
         cleared.cmd_OK.Enabled = false;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/screen.h"
+#include "screens/listed_choice.h"
 
 namespace verlink {
 
@@ -43,7 +44,7 @@ class Function_Screen : public platform::Screen {
     platform::Timer Timer1{*this, "Timer1"};
 
     void cmb_Var_Click(int slot);
-    virtual void cmb_Var_DblClick(int slot);
+    virtual void cmb_Var_DblClick(int slot) { Pick_By_Name(slot); }
     void cmb_Com_Click(int slot);
     void cmd_OK_Click(int slot);
     void cmd_Clear_Click(int slot);
@@ -61,17 +62,27 @@ class Function_Screen : public platform::Screen {
 
     /// A variable was picked from the list of a slot.
     virtual void Pick_Variable(int slot);
+    /// Picks what stands in the box of a slot; false for an empty box, and for a text that was refused.
+    bool Pick_By_Name(int slot);
     /// The slot is taken over.
     virtual void Take_Slot(int slot);
     /// Counts the functions, and allows going on or not.
     virtual void Count_Functions() = 0;
 
+    /// What is typed into that box is looked up in its list.
+    void Look_Up(platform::ComboBox& box, const char* what, std::vector<const platform::Control*> ways_out);
+    /// All boxes as they stand now are what was chosen; the program has changed them.
+    void Forget_Choices();
+    std::vector<std::unique_ptr<Listed_Choice>> Choices;  ///< of slot n at 2 n - 2 and 2 n - 1, further boxes behind
+
     void Take_Coordinates();   ///< `CoordSystem` from the options
     void Reset_Coordinates();  ///< global, and no choice
 
    private:
-    void Bind();
+    void Bind(const char* variables);
     void Write_Tips();
+    bool Resolve_Slot(int slot);
+    void Go_On();
 };
 
 /// A function screen with a list of presets: functions are chosen by preset or one by one.

@@ -25,6 +25,9 @@ Preset_Screen::Preset_Screen(const std::string& name, const std::string& title, 
     cmb_Preset.OnClick = [this] { cmb_Preset_Click(); };
     cmb_Preset.OnDblClick = [this] { cmb_Preset_DblClick(); };
     cmd_ClearPreset.OnClick = [this] { cmd_ClearPreset_Click(); };
+    Look_Up(cmb_Preset, "presets for what has been computed", {&cmd_ClearPreset, &cmd_Cancel});
+    for (const auto& choice : Choices)
+        for (const auto& option : opt_PrintSet) choice->Add_Way_Out(*option);
 }
 
 void Preset_Screen::Reload_Lists() {
@@ -42,6 +45,7 @@ void Preset_Screen::Start_Selection(int windows) {
     Reset_Coordinates();
     Set_Selection_Mode(*this, SlotCount());
     Clear_Labels(*this, SlotCount());
+    Forget_Choices();
 }
 
 void Preset_Screen::Take_Slot(int slot) {
@@ -57,6 +61,7 @@ void Preset_Screen::Count_Functions() {
 void Preset_Screen::opt_PrintSet_Click(int Index) {
     Guarded(Name() + ".opt_PrintSet", [&] {
         Set_Selection_Mode(*this, SlotCount());
+        Forget_Choices();
         if (Index == 0) {
             cmb_Preset.SetFocus();
             return;
@@ -81,6 +86,7 @@ void Preset_Screen::cmb_Preset_Click() {
 
 void Preset_Screen::cmb_Preset_DblClick() {
     Guarded(Name() + ".cmb_Preset", [&] {
+        if (cmb_Preset.Text.Get().empty() || !Choices.back()->Resolve()) return;
         Take_Preset();
         Function_Taken();
         cmd_Done.Click();
@@ -88,7 +94,10 @@ void Preset_Screen::cmb_Preset_DblClick() {
 }
 
 void Preset_Screen::cmd_ClearPreset_Click() {
-    Guarded(Name() + ".cmd_ClearPreset", [&] { Clear_All(*this, SlotCount()); });
+    Guarded(Name() + ".cmd_ClearPreset", [&] {
+        Clear_All(*this, SlotCount());
+        Forget_Choices();
+    });
 }
 
 Windows_Screen::Windows_Screen(const std::string& name, const std::string& heading, int windows, Plots plots)

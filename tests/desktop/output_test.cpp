@@ -1,6 +1,7 @@
 // Tables, plots and the transform through real windows: paper, typed choices, and what Return and Help do.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -124,6 +125,41 @@ TEST_F(OutputTest, Too_many_harmonics_are_cut_on_Return_on_leaving_and_by_the_bu
     for (int times = 1; times <= 3; ++times) ThenMessage(cut, QStringLiteral("OK"));
     Then("message", [](QWidget& window) { static_cast<QMessageBox&>(window).button(QMessageBox::Ok)->click(); });
     Show("frm_FFT");
+}
+
+TEST_F(OutputTest, A_typed_function_is_found_in_its_list_and_nonsense_is_refused) {
+    Then("frm_PlotSelect1", [](QWidget& window) {
+        Find<QRadioButton>(window, "opt_PrintSet_1").click();
+        Type_In_List(window, "cmb_Var1", "omega4");
+        QTest::keyClick(&Find<QComboBox>(window, "cmb_Var1"), Qt::Key_Tab);
+        EXPECT_EQ(Text_Of_List(window, "cmb_Var1"), "Omega4");
+        EXPECT_EQ(Text_Of_List(window, "cmb_Com1"), "Mag");
+        EXPECT_EQ(window.focusWidget(), &Find<QWidget>(window, "cmd_OK1"));
+        Click(window, "cmd_OK1");
+        EXPECT_EQ(Find<QLabel>(window, "lbl_Function_0").text(), "Omega4");
+        Type_In_List(window, "cmb_Var2", "Omega9");
+        QTest::keyClick(&Find<QComboBox>(window, "cmb_Var2"), Qt::Key_Tab);
+        EXPECT_EQ(Text_Of_List(window, "cmb_Var2"), "");
+        EXPECT_EQ(Screens::Get("frm_PlotSelect1").Focus(), Screens::Get("frm_PlotSelect1").Find("cmb_Var2"));
+        Type_In_List(window, "cmb_Var2", "theta3", true);
+        // Return goes on by the button, which finds a function that is to be taken over first.
+        EXPECT_EQ(Text_Of_List(window, "cmb_Var2"), "Theta3");
+        EXPECT_TRUE(window.isVisible());
+        Click(window, "cmd_OK2");
+        EXPECT_EQ(Find<QLabel>(window, "lbl_Function_1").text(), "Theta3");
+        Type_In_List(window, "cmb_Var2", "Omega9");
+        Click(window, "cmd_Clear2");
+        EXPECT_EQ(Text_Of_List(window, "cmb_Var2"), "");
+        EXPECT_EQ(Find<QLabel>(window, "lbl_Function_1").text(), "");
+        Click(window, "cmd_Done");
+    });
+    ThenMessage("\"Omega9\" is not one of the variables that have been computed. Please choose from the list.",
+                QStringLiteral("OK"));
+    Then("frm_Plot1", [](QWidget& window) {
+        EXPECT_EQ(Screens::Get("frm_Plot1").Get<Graph>("grf_Plot", 0).NumSets(), 1);
+        Click(window, "cmd_Done");
+    });
+    Show("frm_PlotSelect1");
 }
 
 TEST_F(OutputTest, The_last_of_lines_and_fills_stays_ticked_under_the_mouse) {

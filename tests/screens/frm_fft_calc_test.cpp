@@ -74,6 +74,16 @@ TEST_F(FftCalc, APickOfAComponentCalculatesAgain) {
     EXPECT_EQ(Model.FFTUnitLabel, "in/sec");
 }
 
+TEST_F(FftCalc, VectorsAreTransformedInTheGlobalFrameWhateverWasPlottedBefore) {
+    Pick("Veloc CP");
+    const double mean = Model.FFTResult(0, 0), second = Model.FFTResult(2, 0);
+    Model.CoordSystem = 2;  // as a plot in the frame of a link leaves it
+    for (int i = 0; i <= Model.NSteps; ++i) Model.RunTable.Theta(i, 0) = i;
+    Pick("Veloc CP");
+    EXPECT_EQ(Model.FFTResult(0, 0), mean);
+    EXPECT_EQ(Model.FFTResult(2, 0), second);
+}
+
 TEST_F(FftCalc, ABlankPickAsksForAFunctionAndClearsTheResults) {
     Pick("Omega4");
     const int before = Drawings();

@@ -102,6 +102,7 @@ TEST_F(PresetsOnScreensTest, APresetWithNoMatchLeavesItsTextAndGoingOnIsAllowed)
     for (const char* name : {"frm_PlotSelect1", "frm_PlotSelect2"}) {
         auto& form = Activated<Preset_Screen>(name);
         Model.PlotCount = 0;
+        form.cmd_ClearPreset.SetFocus();  // no hand types
         form.cmb_Preset.Text = "Theta3 and Theta4 Magnitudes and more";
         form.cmb_Preset_Click();
         EXPECT_EQ(form.cmb_Preset.Text.Get(), "Theta3 and Theta4 Magnitudes and more");
