@@ -1,5 +1,5 @@
 // Random walks over the screens without windows: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only N]
-// [--list] [--without RULE]...
+// [--list] [--all] [--without RULE]...
 #include <signal.h>
 #include <unistd.h>
 
@@ -26,6 +26,7 @@ struct Orders {
     int each = 250;      ///< actions of one walk
     long only = -1;      ///< this walk alone
     bool list = false;   ///< says each action of it
+    bool all = false;    ///< shortens every finding, and tells those apart that end by other actions
     std::set<std::string> without = {};  ///< rules that are not asked
 };
 
@@ -41,8 +42,8 @@ void On_Alarm(int) {
 bool Read_Orders(int argc, char** argv, Orders& orders) {
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        if (word == "--list") {
-            orders.list = true;
+        if (word == "--list" || word == "--all") {
+            (word == "--list" ? orders.list : orders.all) = true;
             continue;
         }
         if (i + 1 == argc) return false;
@@ -72,22 +73,38 @@ std::uint64_t Seed_Of(std::uint64_t seed, long walk) {
     return x ^ (x >> 31);
 }
 
-struct Kinds {
-    std::map<std::string, int> seen;
-    int New(const Finding& finding) { return seen[finding.rule + ": " + finding.kind]++; }
-};
+class Findings {
+   public:
+    Findings(const Places& places, const Orders& orders) : places_(places), orders_(orders) {}
 
-void Tell(const Finding& finding, const std::vector<Action>& done, const Places& places, long walk,
-          const std::set<std::string>& without) {
-    std::printf("== walk %ld, after %zu actions: %s\n   %s\n", walk, done.size(), finding.rule.c_str(),
-                finding.told.c_str());
-    std::fflush(stdout);
-    const std::vector<Action> fewest = Shorten(done, finding, places, without);
-    const Found again = Repeat(fewest, places, without);
-    if (!again) std::printf("   (it does not come again in a repetition)\n");
-    std::printf("%s\n", Test_Of(fewest, again ? *again : finding).c_str());
-    std::fflush(stdout);
-}
+    void Take(const Finding& finding, const std::vector<Action>& done, long walk) {
+        const std::string kind = finding.rule + ": " + finding.kind;
+        if (!orders_.all && seen_[kind]++ > 0) return;
+        const std::vector<Action> fewest = Shorten(done, finding, places_, orders_.without);
+        const Found again = Repeat(fewest, places_, orders_.without);
+        if (orders_.all && seen_[kind + Ending(fewest)]++ > 0) return;
+        std::printf("== walk %ld, after %zu actions: %s\n", walk, done.size(), kind.c_str());
+        if (!again) std::printf("   (it does not come again in a repetition)\n");
+        std::printf("%s\n", Test_Of(fewest, again ? *again : finding).c_str());
+        std::fflush(stdout);
+    }
+    void Tell() const {
+        for (const auto& [kind, times] : seen_) std::printf("  found %4d times  %s\n", times, kind.c_str());
+    }
+    bool Any() const { return !seen_.empty(); }
+
+   private:
+    /// The last actions, which have most to do with it.
+    static std::string Ending(const std::vector<Action>& actions) {
+        std::string ending;
+        for (std::size_t i = actions.size() > 2 ? actions.size() - 2 : 0; i < actions.size(); ++i)
+            ending += " | " + actions[i].screen + "." + actions[i].control;
+        return ending;
+    }
+    const Places& places_;
+    const Orders& orders_;
+    std::map<std::string, int> seen_;
+};
 
 }  // namespace
 
@@ -95,14 +112,14 @@ int main(int argc, char** argv) {
     Orders orders;
     if (!Read_Orders(argc, argv, orders)) {
         std::fprintf(stderr,
-                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list] [--without RULE]...\n");
+                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list] [--all] [--without RULE]...\n");
         return 2;
     }
     ::signal(SIGALRM, On_Alarm);
     const std::string log_name = "/tmp/verlink-walk-" + std::to_string(::getpid()) + ".log";
     const Places places;
     Counts counts;
-    Kinds kinds;
+    Findings findings(places, orders);
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::duration<double>(60 * orders.minutes);
     std::printf("seed %llu\n", static_cast<unsigned long long>(orders.seed));
@@ -122,7 +139,7 @@ int main(int argc, char** argv) {
         ++counts.walks;
         if (const Found& found = walker.Outcome()) {
             ++counts.findings[found->rule];
-            if (kinds.New(*found) == 0) Tell(*found, walker.Done(), places, walk, orders.without);
+            findings.Take(*found, walker.Done(), walk);
         }
         if (orders.only >= 0) break;
     }
@@ -131,6 +148,6 @@ int main(int argc, char** argv) {
                 counts.actions);
     for (const auto& [screen, actions] : counts.screens) std::printf("  on %-16s %8ld\n", screen.c_str(), actions);
     for (const auto& [rule, checks] : counts.checks) std::printf("  checked %-12s %8ld\n", rule.c_str(), checks);
-    for (const auto& [kind, times] : kinds.seen) std::printf("  found %4d times  %s\n", times, kind.c_str());
-    return kinds.seen.empty() ? 0 : 1;
+    findings.Tell();
+    return findings.Any() ? 1 : 0;
 }
