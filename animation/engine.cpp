@@ -153,7 +153,8 @@ void Animate_Setup(platform::Screen& form) {
         Set_Palette();
         Check_Parameters(form);
         if (Model.RedrawFlag == "N") surface.Cls();
-        if (Autoscaling(form)) Autoscale();
+        // Without a window yet there is none to keep.
+        if (Autoscaling(form) || Model.AnimMax <= Model.AnimMin) Autoscale();
         Model.CentrodeRadius = std::abs(Model.AnimMax * 0.008);
         Model.PinRadius = std::abs(Model.AnimMax * 0.015);
         Model.CouplerPinRadius = std::abs(Model.AnimMax * 0.012);

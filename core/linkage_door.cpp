@@ -36,7 +36,7 @@ constexpr Row kRows[] = {
     {Road::kImport,    Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kFollowFirst, false},
     {Road::kSynthesis, Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kStays,  Cognates::kFollow,      false},
     {Road::kCognate,   Leading::kPolar,    Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kStay,        false},
-    {Road::kUnits,     Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kStay,        false},
+    {Road::kUnits,     Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kStay,        false},
     {Road::kNew,       Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kFalls,  Cognates::kFollow,      false},
 };
 // clang-format on

@@ -280,10 +280,7 @@ void Resolve_Forces(MassProperties& m) {
 ForceSolve Solve_Forces(LinkageModel& m) {
     Resolve_Forces(m);
     ForceSolve solve = Dynacalc(m, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque);
-    if (solve)
-        Forces_Hold();
-    else
-        Forces_Dropped();
+    Forces_Hold();
     return solve;
 }
 

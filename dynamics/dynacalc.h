@@ -54,8 +54,8 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
 /// `ExtForce3X` to `ExtForce4Y` from magnitudes and angles, which are what a model keeps.
 void Resolve_Forces(MassProperties& loads);
 
-/// The model's own masses under its own loads, into `PinForce` and `LinkTorque`. The forces hold when all steps were
-/// solved.
+/// The model's own masses under its own loads, into `PinForce` and `LinkTorque`. The forces hold, also where the solve
+/// stopped half-way: from there on they are 0.
 ForceSolve Solve_Forces(LinkageModel& model);
 
 }  // namespace verlink

@@ -77,12 +77,8 @@ void frm_Balance::Write_Tips() {
 
 void frm_Balance::Bind() {
     for (Boxes* boxes : {&txt_BerkMass, &txt_Radius, &txt_MRproduct})
-        for (const auto& box : *boxes) {
-            box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
-            box->Text.Event = [this] { Changed = true; };
-        }
+        for (const auto& box : *boxes) box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
     txt_Fluct.OnGotFocus = [this] { txt_Fluct.SelectAll(); };
-    txt_Fluct.Text.Event = [this] { Changed = true; };
     txt_BerkMass.On(&platform::Visual::OnLostFocus, [this](int link) { txt_BerkMass_LostFocus(link); });
     txt_BerkMass.On(&TextBox::OnReturn, [this](int link) { txt_BerkMass_LostFocus(link); });
     txt_Radius.On(&platform::Visual::OnLostFocus, [this](int link) { txt_Radius_LostFocus(link); });
@@ -121,14 +117,15 @@ void frm_Balance::Set_Up() {
     lbl_Ang2.Caption = FNRoundStr(Model.MRAngle(2) * kRadToDeg, 2);
     lbl_Ang4.Caption = FNRoundStr(Model.MRAngle(4) * kRadToDeg, 2);
     for (const int i : {2, 4}) {
-        Model.BerkRadius(i) = Model.LinkArray(i) / 2;
-        Model.BerkMass(i) = Model.MRNeeded(i) / Model.BerkRadius(i);
+        // The weights of a balance that holds are the user's.
+        if (!Model.BalanceDone) {
+            Model.BerkRadius(i) = Model.LinkArray(i) / 2;
+            Model.BerkMass(i) = Model.MRNeeded(i) / Model.BerkRadius(i);
+        }
         txt_BerkMass[i].Text = Rounded(Model.BerkMass(i));
         txt_Radius[i].Text = Rounded(Model.BerkRadius(i) * Shown_Factor());
         txt_MRproduct[i].Text = Rounded(Model.BerkMass(i) * Model.BerkRadius(i));
     }
-    // What the program has written is no edit.
-    Changed = false;
 }
 
 void frm_Balance::Show_Units() {
@@ -150,26 +147,27 @@ void frm_Balance::Refuse(TextBox& box) {
 }
 
 void frm_Balance::Put_Back(TextBox& box, double value) {
-    // The box that was to get the focus is not left by an edit.
-    Changed = false;
     box.SetFocus();
-    Changed = true;
-    box.Text = Text_Of(value);
+    // It waits to be taken over, as if it had been typed.
+    box.Type(Text_Of(value));
     box.SelectAll();
 }
 
 void frm_Balance::Calculate_Anew() {
     cmd_Done.Enabled = false;
     // Before the focus moves on: leaving the box is no second edit.
-    Changed = false;
+    for (Boxes* boxes : {&txt_BerkMass, &txt_Radius, &txt_MRproduct})
+        for (const auto& box : *boxes) box->Settle();
+    txt_Fluct.Settle();
     cmd_Calc_Click();
 }
 
 void frm_Balance::txt_BerkMass_LostFocus(int Index) {
     Guarded("frm_Balance.txt_BerkMass", [&] {
-        if (!Changed) return;
+        if (!txt_BerkMass[Index].Touched()) return;
         const double value = Value_Of(txt_BerkMass[Index]);
         if (value <= 0) return Refuse(txt_BerkMass[Index]);
+        Balance_Dropped();
         Model.BerkMass(Index) = value;
         Model.BerkRadius(Index) = Value_Of(txt_MRproduct[Index]) / value;
         txt_Radius[Index].Text = Text_Of(Single(Model.BerkRadius(Index) * Shown_Factor()));
@@ -179,9 +177,10 @@ void frm_Balance::txt_BerkMass_LostFocus(int Index) {
 
 void frm_Balance::txt_Radius_LostFocus(int Index) {
     Guarded("frm_Balance.txt_Radius", [&] {
-        if (!Changed) return;
+        if (!txt_Radius[Index].Touched()) return;
         const double value = Value_Of(txt_Radius[Index]) / Shown_Factor();
         if (value <= 0) return Refuse(txt_Radius[Index]);
+        Balance_Dropped();
         Model.BerkRadius(Index) = value;
         Model.BerkMass(Index) = Value_Of(txt_MRproduct[Index]) / value;
         txt_BerkMass[Index].Text = Text_Of(Model.BerkMass(Index));
@@ -191,7 +190,7 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
 
 void frm_Balance::txt_MRproduct_LostFocus(int Index) {
     Guarded("frm_Balance.txt_MRproduct", [&] {
-        if (!Changed) return;
+        if (!txt_MRproduct[Index].Touched()) return;
         txt_BerkMass[Index].Text = Rounded(Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index));
         Calculate_Anew();
     });
@@ -199,7 +198,7 @@ void frm_Balance::txt_MRproduct_LostFocus(int Index) {
 
 void frm_Balance::txt_Fluct_LostFocus() {
     Guarded("frm_Balance.txt_Fluct", [this] {
-        if (!Changed) return;
+        if (!txt_Fluct.Touched()) return;
         const double value = Value_Of(txt_Fluct);
         // The upper limit is tested on the coefficient held so far: one above 1 is taken once, and refused then.
         if (value > 0 && Fluct <= 1.0) {
@@ -216,6 +215,7 @@ void frm_Balance::txt_Fluct_LostFocus() {
 void frm_Balance::cmd_Calc_Click() {
     Guarded("frm_Balance.cmd_Calc", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
+        Balance_Dropped();
         for (const int i : {2, 4}) {
             Model.BerkMass(i) = Strict_Value_Of(txt_BerkMass[i]);
             Model.BerkRadius(i) = Strict_Value_Of(txt_Radius[i]) / Shown_Factor();
@@ -223,7 +223,7 @@ void frm_Balance::cmd_Calc_Click() {
         Fluct = Strict_Value_Of(txt_Fluct);
         for (const auto& graph : grf_Plot) graph->Visible = false;
         // There is nothing to balance without the forces of this run.
-        if (!Model.DynamicsDone && !Solve_Forces(Model)) return;
+        if (!Model.DynamicsDone) Solve_Forces(Model);
         const ForceSolve weights = Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
         if (weights.first) PrintAmatrix(weights.first->A, weights.first->C);
         Fly(Model, *this, Fluct, Model.RunTable.BalancedMoment);

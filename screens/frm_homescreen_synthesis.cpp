@@ -74,6 +74,7 @@ void frm_HomeScreen::mnu_Syntest_Click() {
     Guarded("frm_Homescreen.mnu_Syntest", [this] {
         Use_Inches();
         Testlinkagevlnk();
+        Read_Back_Limits();
         SeedCognate();
         Model.SpecifiedPivots = true;
         Show_Centered("frm_Synth3");

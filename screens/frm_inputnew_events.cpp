@@ -169,7 +169,10 @@ void frm_Inputnew::Take_Speeds() {
     if (mode == 5) Take_Motion(txt_initial[4], Model.Delta2);
 }
 
-void frm_Inputnew::Take_Pending() { MoveFocus(nullptr); }
+void frm_Inputnew::Take_Pending() {
+    MoveFocus(nullptr);
+    txt_Figure_LostFocus();
+}
 
 void frm_Inputnew::After_Change() {
     if (AutoCalc) return cmd_Calc_Click();

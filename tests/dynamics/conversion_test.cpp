@@ -170,6 +170,10 @@ TEST_F(Conversion, EveryRoadConvertsEveryFieldAndNoOther) {
                 *place = value += 0.7321;
                 others[name] = *place;
             }
+            // Both forms of link 1 are to be the same place.
+            *Other_Fields().at("Link1Angle") = others["Link1Angle"] = Model.Link1AngleRad = others["Link1AngleRad"] = 0;
+            Model.Link1X = before["Link1X"] = before["L1"];
+            Model.Link1Y = before["Link1Y"] = 0;
             Model.DecLength = Model.DecForce = Model.DecTorque = Model.DecMass = Model.DecInertia = 0;
             Change(from, to);
             for (const Dimensional& field : Dimensional_Fields())

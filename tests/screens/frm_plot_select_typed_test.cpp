@@ -82,8 +82,8 @@ TEST_F(TypedTest, NonsenseIsToldAndTheVariableBeforeIsBackWithAllThatBelongsToIt
 }
 
 TEST_F(TypedTest, AVariableThatHasNotBeenComputedIsRefused) {
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
+    Forces_Dropped();
+    Balance_Dropped();
     auto& form = Mixing<frm_PlotSelect2>("frm_PlotSelect2");
     Type(Slot(form, 1).cmb_Var, "Force 12");
     Expect_Refusal("Force 12", kVariables);
@@ -223,8 +223,8 @@ TEST_F(TypedTest, ADoubleClickRefusesNonsenseAndTakesTheWrongCase) {
 TEST_F(TypedTest, ATableForgetsAVariableThatIsGone) {
     auto& form = Mixing<frm_PrintSelect>("frm_PrintSelect");
     Fill(form, 1, "Force 12", "X");
-    Model.DynamicsDone = false;
-    Model.BalanceDone = false;
+    Forces_Dropped();
+    Balance_Dropped();
     form.Form_Activate();
     EXPECT_EQ(Slot(form, 1).cmb_Var.Text.Get(), "");
     EXPECT_EQ(Slot(form, 1).lbl_Function.Caption.Get(), "");
