@@ -130,7 +130,10 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
     });
     form.restyle.emplace_back(back);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [&form, &control](const QString& text) {
-        form.act(control, [&] { control.Type(fromQt(text)); });
+        form.act(control, [&] {
+            control.SelectedAll = false;
+            control.Type(fromQt(text));
+        });
     });
     return edit;
 }

@@ -26,7 +26,6 @@ TextBox::TextBox(Screen& owner, std::string name, std::string text, int index)
 
 void TextBox::Type(const std::string& text) {
     touched_ = true;
-    SelectedAll = false;
     Text.Property::operator=(text);
 }
 

@@ -89,7 +89,7 @@ class frm_Balance : public platform::Screen {
     /// Back to a box that was refused, with another value in it that is yet to be taken over.
     void Put_Back(platform::TextBox& box, double value);
 
-    Single Fluct = 0.05;   ///< coefficient of fluctuation
+    Single Fluct = 0.05;  ///< coefficient of fluctuation
 };
 
 }  // namespace verlink

@@ -17,16 +17,11 @@ namespace verlink {
 
 namespace {
 
-/// The limits as the boxes of the input screen hold them.
-void Read_Back_Limits() {
-    platform::Screen& input = platform::Screens::Get("frm_Inputnew");
-    Single* const numbers[] = {&Model.ThetaStart, &Model.ThetaEnd, &Model.ThetaStep, &Model.Omega2Input};
-    std::string* const texts[] = {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr};
-    for (int i = 0; i < 4; ++i) {
-        const std::string& text = input.Text("txt_initial", i).Text;
-        *numbers[i] = Val(text);
-        if (i < 3) *texts[i] = text;
-    }
+/// An example has its range as text: its numbers, radians and steps follow, so that they are one range.
+void Derive_Range() {
+    Model.ThetaStart = Val(Model.ThetaStartStr);
+    Model.ThetaEnd = Val(Model.ThetaEndStr);
+    Model.ThetaStep = Val(Model.ThetaStepStr);
     Derive_Angle_Limits();
     Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
 }
@@ -53,7 +48,7 @@ void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)()) {
     Guarded("frm_Homescreen." + entry, [&] {
         Use_Inches();
         example();
-        Read_Back_Limits();
+        Derive_Range();
         Model.Calctype = 3;
         Integer Result = kRetrying;
         Crankangle(Result);
@@ -74,7 +69,7 @@ void frm_HomeScreen::mnu_Syntest_Click() {
     Guarded("frm_Homescreen.mnu_Syntest", [this] {
         Use_Inches();
         Testlinkagevlnk();
-        Read_Back_Limits();
+        Derive_Range();
         SeedCognate();
         Model.SpecifiedPivots = true;
         Show_Centered("frm_Synth3");

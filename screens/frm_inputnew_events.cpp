@@ -245,7 +245,7 @@ void frm_Inputnew::Jump_To_Angle() {
 // Choices.
 
 void frm_Inputnew::opt_Calctype_Click(int Index) {
-    if (Model.Calctype == Index || Model.Calctype == 4) return;
+    if (!Visible() || Model.Calctype == Index || Model.Calctype == 4) return;
     Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
         Model.Calctype = Index;
         Run_Dropped();
@@ -310,8 +310,8 @@ void frm_Inputnew::Show_Run() {
 
 /// The run of the present mode from what the boxes hold; false when there was none.
 bool frm_Inputnew::Run(Integer& Result) {
-    Take_Speeds();
     if (Model.Calctype >= 4) {
+        Take_Speeds();
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
         // The boxes round what a file has; they are read once they have been typed into.
         if (!Model.DiskFile || Is_Linkage_Touched(*this)) Get_Linkage_Geometry(*this);
@@ -319,7 +319,10 @@ bool frm_Inputnew::Run(Integer& Result) {
         Imported_Run(Result);
         return Model.Grashof_Code != "NL";
     }
-    if (Model.Calctype == 1) txt_initial[0].Text = txt_Thetazero.Text;
+    if (Model.Calctype == 1) {
+        Take_Motion(txt_Thetazero, Model.ThetaZero);
+        txt_initial[0].Text = txt_Thetazero.Text;
+    }
     const bool accepted = Get_Initial_Conditions(*this);
     Get_Linkage_Geometry(*this);
     if (!accepted) return false;
@@ -432,13 +435,13 @@ void frm_Inputnew::cmd_Step_Click() {
 void frm_Inputnew::cmd_Reset_Click() { Show_First_Step(); }
 
 void frm_Inputnew::hsc_step_Change() {
-    if (Stepping || !Model.RunStands) return;
+    if (Stepping || !Model.Calculated) return;
     Model.CurrentStep = hsc_step.Value();
     Step(*this, Model.CurrentStep);
 }
 
 void frm_Inputnew::hsc_step_Scroll() {
-    if (!Model.RunStands) return;
+    if (!Model.Calculated) return;
     Model.CurrentStep = hsc_step.Value();
     Step(*this, Model.CurrentStep);
 }

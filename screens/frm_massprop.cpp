@@ -2,7 +2,6 @@
 #include "screens/frm_massprop.h"
 
 #include <string>
-#include <utility>
 
 #include "core/linkage_model.h"
 #include "core/results.h"
@@ -105,9 +104,8 @@ void frm_MassProp::Form_Activate() {
         Titlebox(*this);
         Put_Mass_Properties(*this, Model, Model);
         Show_Units();
-        const bool solved = std::exchange(FromMatrix, false);
-        Allow_Results(solved);
-        if (!solved) txt_Mass[2].SetFocus();
+        Allow_Results(false);
+        txt_Mass[2].SetFocus();
         chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
@@ -182,10 +180,7 @@ void frm_MassProp::cmd_Solve_Click() {
 }
 
 void frm_MassProp::cmd_Matrix_Click() {
-    Guarded("frm_MassProp.cmd_Matrix", [this] {
-        FromMatrix = true;
-        Show_Centered("frm_Matrix");
-    });
+    Guarded("frm_MassProp.cmd_Matrix", [] { Show_Centered("frm_Matrix"); });
 }
 
 void frm_MassProp::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_MassProp.cmd_Print"); }

@@ -94,8 +94,6 @@ class frm_MassProp : public platform::Screen {
     void Write_Solve_Tip();
     /// The buttons that need a solution of the data shown.
     void Allow_Results(bool allowed);
-
-    bool FromMatrix = false;  ///< `frm_Matrix` has been shown: the solution of the data shown still holds
 };
 
 }  // namespace verlink

@@ -69,7 +69,7 @@ void Linkage_Screen::opt_Polar_Click(int Index) {
 void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
 
 bool Linkage_Screen::Take_Circuit(int Index) {
-    if ((Model.CircuitSign == -1 ? 0 : 1) == Index) return false;
+    if (!Visible() || (Model.CircuitSign == -1 ? 0 : 1) == Index) return false;
     Enter_Linkage(Road::kBoxes, [Index] {
         Model.CircuitIndex = Index + 1;
         Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);

@@ -74,7 +74,7 @@ class Linkage_Screen : public platform::Screen {
     }
     /// The options from the record.
     void Show_Choices();
-    /// Takes the circuit of the option over; false when the record has it already.
+    /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.
     bool Take_Circuit(int Index);
     /// The title of the model in its box.
     static std::string Shown_Title();

@@ -67,7 +67,7 @@ TEST_F(AnimateEdit, ReturnActsAsLeavingTheBox) {
 TEST_F(AnimateEdit, ABoxLeftWithoutAChangeDoesNothing) {
     After_First_Picture([&] {
         form.txt_Linkout[1].SetFocus();
-        form.txt_Linkout[1].Type("1.115");
+        form.txt_Linkout[1].Text = "1.115";
         form.cmd_Step.SetFocus();
         Expect_Ready();
         EXPECT_FALSE(Model.LinkEdited);
@@ -148,25 +148,29 @@ TEST_F(AnimateEdit, RecalcRefreshesTheStatusOfTheHomeScreen) {
     });
 }
 
-TEST_F(AnimateEdit, LengthsThatCannotCloseAreRefusedWithTheWayOnOpen) {
+TEST_F(AnimateEdit, LengthsThatCannotCloseAreRefusedAndLeaveNothingToGoOnWith) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 1, "20");
         desktop.Expect_Message_With("Your link lengths are incompatible");
         Press(form, "cmd_Recalc");
         EXPECT_EQ(Model.Grashof_Code, "NL");
+        Expect_Dirty();
+        EXPECT_FALSE(Model.Calculated);
+        Enter(form, "txt_Linkout", 1, "1.2");
+        Press(form, "cmd_Recalc");
         Expect_Ready();
+        EXPECT_TRUE(Model.Calculated);
     });
 }
 
-TEST_F(AnimateEdit, AnAbortedDrivenRunIsNotCalculatedAndDrawsNothing) {
+TEST_F(AnimateEdit, AnAbortedDrivenRunAsksNoMoreIsNotCalculatedAndDrawsNothing) {
     By_Cam(2, 30);
     Model.CamDriven = true;
     After_First_Picture([&] {
         // Crank and ground link in one line are longer than coupler and rocker.
         Model.CamPhase = 150;
         Enter(form, "txt_Linkout", 1, "2.6");
-        for (int position = 0; position <= 2; ++position)
-            desktop.Expect_Message_With("Linkage cannot connect or is indeterminate", Answer::kAbort);
+        desktop.Expect_Message_With("Linkage cannot connect or is indeterminate", Answer::kAbort);
         Press(form, "cmd_Recalc");
         EXPECT_FALSE(Model.Calculated);
         EXPECT_EQ(Alive(), 0U);
@@ -201,12 +205,13 @@ TEST_F(AnimateEdit, ChoosingTheCircuitRecalculatesAtOnce) {
     });
 }
 
-TEST_F(AnimateEdit, TheCircuitOfAModelFromDiskIsNotChosenHere) {
+TEST_F(AnimateEdit, TheCircuitOfAModelFromDiskIsChosenLikeAnyOther) {
     After_First_Picture([&] {
         Model.DiskFile = true;
         Choose_Option(form, "opt_OpenCross", 1);
-        EXPECT_EQ(Model.CircuitSign, -1);
-        EXPECT_TRUE(Model.SavedFlag);
+        EXPECT_EQ(Model.CircuitSign, 1);
+        EXPECT_FALSE(Model.SavedFlag);
+        EXPECT_TRUE(Model.Calculated);
     });
 }
 
@@ -315,15 +320,21 @@ TEST_F(AnimateEdit, ClosingTheWindowIsLeavingTheScreen) {
     EXPECT_EQ(Model.CircuitSign, -1);
 }
 
-TEST_F(AnimateEdit, HelpHidesTheScreenAndBringsItBack) {
-    desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) { Pick_Menu(form, "mnu_Help"); });
-    desktop.Expect_Screen("frm_Help", [&](platform::Screen& help) {
-        EXPECT_FALSE(form.Visible());
-        EXPECT_EQ(static_cast<frm_Help&>(help).WebBrowser1.Document.Get(), "helpfiles/verlink/animate_help.pdf");
-        help.Hide();
-    });
+TEST_F(AnimateEdit, HelpLeavesTheScreenAsItIsAlsoWithARecalculationPending) {
     desktop.Expect_Screen("frm_Animate", [&](platform::Screen&) {
+        Enter(form, "txt_Linkout", 1, "1.2");
+        Type(form, "txt_Linkout", 2, "2.6");
+        desktop.Expect_Screen("frm_Help", [&](platform::Screen& help) {
+            EXPECT_EQ(static_cast<frm_Help&>(help).WebBrowser1.Document.Get(), "helpfiles/verlink/animate_help.pdf");
+            help.Hide();
+        });
+        Pick_Menu(form, "mnu_Help");
         EXPECT_TRUE(form.Visible());
+        EXPECT_EQ(form.txt_Linkout[2].Text, "2.6");
+        EXPECT_TRUE(form.txt_Linkout[2].Touched());
+        Expect_Dirty();
+        EXPECT_FALSE(Model.Calculated);
+        EXPECT_TRUE(Model.LinkEdited);
         form.Hide();
     });
     form.ShowModal();

@@ -87,7 +87,8 @@ TEST_F(Cayley_Screen, AChoiceTakesTheCognate) {
     EXPECT_EQ(Box(4), FNRoundStr(Model.Cognates(2, 5), 3));
     EXPECT_EQ(Box(5), FNRoundStr(Model.Delta, 2));
     EXPECT_EQ(form.Pnl_Grashof.Caption, "Grashof Double-Rocker");
-    for (const bool flag : std::initializer_list<bool>{Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized})
+    for (const bool flag :
+         std::initializer_list<bool>{Model.Calculated, Model.DynamicsDone, Model.BalanceDone, Model.Synthesized})
         EXPECT_FALSE(flag);
 }
 
@@ -102,8 +103,8 @@ TEST_F(Cayley_Screen, TheFirstLinkageComesBackAfterTheThird) {
     EXPECT_EQ(Model.L3, 16);
     EXPECT_EQ(Model.L4, 12);
     EXPECT_EQ(Model.Rpa, Single(14.42));
-    EXPECT_EQ(Model.Link1X, 18);
-    EXPECT_EQ(Model.Link1Y, 0);
+    EXPECT_NEAR(Model.Link1X, 18 * std::cos(30 * kDegToRad), 1e-5) << "where it is drawn";
+    EXPECT_NEAR(Model.Link1Y, 9, 1e-5);
     EXPECT_EQ(Model.Link1Angle, 30) << "a ground angle set earlier stays";
     EXPECT_FALSE(Model.CognateEdit);
 }

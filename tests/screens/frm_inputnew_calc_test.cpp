@@ -152,11 +152,16 @@ TEST_F(Calc, ANonGrashofLinkageShowsItsTogglesAndHasNoTimeStepsUntilItTurnsAgain
     });
 }
 
-TEST_F(Calc, AnAbortedRunCountsAsCalculatedOnceItsPositionsAreOnShow) {
+TEST_F(Calc, AnAbortedRunShowsWhereItStoppedAndDoesNotCount) {
     Show([&] {
         desktop.Expect_Message_With(kNoConnect, Answer::kAbort);
         Enter_Link(1, "3");
         EXPECT_TRUE(Model.NoConnectSeen);
+        EXPECT_FALSE(Model.Calculated);
+        EXPECT_FALSE(Model.RunStands);
+        Expect_Ways_On(false, false);
+        desktop.Expect_Message_With(kNoConnect, Answer::kIgnore);
+        Calculate_Now();
         EXPECT_TRUE(Model.Calculated);
         Expect_Ways_On(true, true);
     });
@@ -279,13 +284,14 @@ class DrivenCalc : public InputScreen {
     }
 };
 
-TEST_F(DrivenCalc, AModelFromFileSkipsTheLinkBoxesUntilDiskFileIsCleared) {
+TEST_F(DrivenCalc, AModelFromFileTakesTheLinkBoxesThatAreTypedInto) {
     Without_Autocalc();
     Model.DiskFile = true;
     Show([&] {
         input.txt_Linkout[1].Type("1.5");
         Calculate_Now();
-        EXPECT_EQ(Model.L2, Single(1.115));
+        EXPECT_EQ(Model.L2, 1.5);
+        EXPECT_EQ(Model.L3, 2.5) << "as the file has it";
         EXPECT_EQ(input.txt_Thetazero.Text, "15");
         EXPECT_NEAR(Model.RunTable.Theta(2, 0), 35, 1e-4);
         EXPECT_TRUE(Model.Calculated);

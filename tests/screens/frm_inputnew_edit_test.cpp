@@ -128,16 +128,18 @@ TEST_F(Edit, WithAutocalcOffALimitIsReadAndThePictureCleared) {
     });
 }
 
-TEST_F(Edit, WithAutocalcOffTheStartAngleOnlyClearsThePicture) {
+TEST_F(Edit, WithAutocalcOffTheStartAngleIsTakenAndClearsThePicture) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 2);
         Calculate_Now();
         Tick(input, "chk_autocalc", false);
         Enter(input, "txt_Thetazero", kNoIndex, "33");
         EXPECT_TRUE(Picture_Is_Empty());
-        EXPECT_EQ(Model.ThetaZero, 0.0);
+        EXPECT_EQ(Model.ThetaZero, 33.0);
+        EXPECT_FALSE(Model.Calculated);
         Calculate_Now();
         EXPECT_EQ(Model.ThetaZero, 33.0);
+        EXPECT_TRUE(Model.Calculated);
     });
 }
 
@@ -230,12 +232,14 @@ TEST_F(Edit, ATimeModeThatWasOnlyChosenIsThereAgainAtTheNextVisit) {
     });
 }
 
-TEST_F(Edit, ASpeedTooLargeForASingleIsReportedWhenTheModeChanges) {
+TEST_F(Edit, ASpeedTooLargeForASingleIsToldWhenItsBoxIsLeftAndTheBoxGoesBack) {
     Without_Autocalc();
     Show([&] {
-        input.txt_initial[3].Type("-1e60");
-        desktop.Expect_Message_With("has occurred in frm_Input.opt_Calctype_Click");
+        Type(input, "txt_initial", 3, "-1e60");
+        desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_Input.txt_initial\r\n\r\n");
         Choose_Option(input, "opt_Calctype", 1);
+        EXPECT_EQ(Model.Omega2Input, 10);
+        EXPECT_EQ(input.txt_initial[3].Text, "10");
     });
 }
 
@@ -258,13 +262,16 @@ TEST_F(Edit, TheCircuitIsCalculatedWhenItIsChosen) {
     });
 }
 
-TEST_F(Edit, TheCircuitOfADrivenModelIsOnlyReadByItsRun) {
+TEST_F(Edit, TheCircuitOfADrivenModelIsTakenAndRunWhenItIsChosen) {
     Without_Autocalc();
     Model.Calctype = 4;
+    Model.DiskFile = true;
+    Model.NSteps = 2;
     Show([&] {
-        input.opt_OpenCross[1].Value = true;
-        EXPECT_EQ(Model.CircuitSign, -1);
-        EXPECT_FALSE(Model.Calculated);
+        Choose_Option(input, "opt_OpenCross", 1);
+        EXPECT_EQ(Model.CircuitSign, 1);
+        EXPECT_EQ(Model.CircuitName, "Crossed");
+        EXPECT_TRUE(Model.Calculated);
     });
 }
 

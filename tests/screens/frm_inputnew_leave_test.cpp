@@ -24,7 +24,7 @@ TEST_F(Leave, NextTakesTheTitleRaisesTheDesignNumberOfAChangedLinkageAndGoesToTh
     Model.Synthesized = true;
     Show([&] {
         Enter_Link(1, "1");
-        input.txt_Figure.Text = "A press";
+        input.txt_Figure.Type("A press");
         desktop.Expect_Screen("frm_Animate", [&](Screen& screen) {
             EXPECT_FALSE(input.Visible());
             EXPECT_EQ(Model.FigureTitle, "A press");
@@ -60,7 +60,7 @@ TEST_F(Leave, TheWordFigureAndAnEmptyTitleLeaveTheTitleAsItWas) {
     for (const char* title : {"Figure", ""}) {
         Model.FigureTitle = "A press";
         Show([&] {
-            input.txt_Figure.Text = title;
+            input.txt_Figure.Type(title);
             Choose_Option(input, "opt_Calctype", 1);
             Press(input, "cmd_Calc");
             Press(input, "cmd_Done");
@@ -201,7 +201,8 @@ TEST_F(Leave, ACognateOfTheMenuStandsInTheBoxesAndWaitsForItsCalculation) {
         EXPECT_EQ(Val(input.txt_Linkout[4].Text.Get()), FNRound(Model.Rpa, 3));
         EXPECT_FALSE(input.mnu_Cog[1].Checked);
         EXPECT_TRUE(input.mnu_Cog[2].Checked);
-        for (const bool flag : std::initializer_list<bool>{Model.Calculated, Model.Synthesized, Model.DynamicsDone, Model.BalanceDone})
+        for (const bool flag :
+             std::initializer_list<bool>{Model.Calculated, Model.Synthesized, Model.DynamicsDone, Model.BalanceDone})
             EXPECT_FALSE(flag);
         Expect_Ways_On(false, false);
         EXPECT_TRUE(Picture_Is_Empty());

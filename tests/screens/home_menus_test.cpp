@@ -94,13 +94,13 @@ TEST_F(HomeMenusTest, NewOfASavedModelOnlyAsksForTheConfirmation) {
     EXPECT_FALSE(home.mnu_New.Enabled);
 }
 
-TEST_F(HomeMenusTest, NewThatIsNotConfirmedKeepsTheModelButDropsTheCamDrive) {
+TEST_F(HomeMenusTest, NewThatIsNotConfirmedKeepsTheModelAndItsDrive) {
     Model.L2 = 9;
     Model.CamDriven = true;
     Expect_Confirmation(Answer::kCancel);
     home.mnu_New_Click();
     EXPECT_EQ(Model.L2, 9);
-    EXPECT_FALSE(Model.CamDriven);
+    EXPECT_TRUE(Model.CamDriven);
 }
 
 TEST_F(HomeMenusTest, NewOffersToSaveUnsavedResultsFirst) {

@@ -130,10 +130,15 @@ TEST_F(HomeSynthesis, TheFirstLinkageComesBackFromACognateThatIsAPoint) {
         3);
 }
 
-TEST_F(HomeSynthesis, TheUnitsBecomeInchesOnlyAfterTheInputScreenAndNothingIsConverted) {
+TEST_F(HomeSynthesis, AnExampleIsInInchesFromTheFirstAndWhatItLeavesIsConverted) {
     Use_Units(4);
     home.mnu_pick[4].Checked = true;
-    Pick_Example("mnu_Roberts", [] { EXPECT_EQ(Model.Units, 4); });
+    Model.LinkMass(2) = 1;
+    Pick_Example("mnu_Roberts", [this] {
+        EXPECT_EQ(Model.Units, 1);
+        EXPECT_EQ(input.lbl_Units[1].Caption, "in");
+        EXPECT_NEAR(Model.LinkMass(2), 2.2046225 / 386, 1e-4) << "a kilogram";
+    });
     EXPECT_EQ(Model.Units, 1);
     EXPECT_EQ(Model.UnitLabel(6), "in");
     EXPECT_EQ(Model.L1, 2);
@@ -152,7 +157,7 @@ TEST_F(HomeSynthesis, HoekensLinkageIsInInchesFromTheStart) {
     });
 }
 
-TEST_F(HomeSynthesis, TheNumericLimitsComeFromTheInputScreensBoxesButForChebychevs) {
+TEST_F(HomeSynthesis, TheNumericLimitsOfAnExampleAreThoseOfItsText) {
     input.chk_autocalc.Value = false;  // a calculation would read the boxes too
     Model.ThetaStart = 123;
     Pick_Example("mnu_Roberts", [] {
@@ -163,8 +168,10 @@ TEST_F(HomeSynthesis, TheNumericLimitsComeFromTheInputScreensBoxesButForChebyche
     });
     Model.ThetaStart = 123;
     Pick_Example("mnu_Cheby", [] {
-        EXPECT_EQ(Model.ThetaStart, 123);
+        EXPECT_EQ(Model.ThetaStart, 37);
         EXPECT_EQ(Model.ThetaStartStr, "37");
+        EXPECT_EQ(Model.NSteps, 53);
+        EXPECT_EQ(Model.ThetaStepRad, Single(kDegToRad));
     });
 }
 
@@ -193,7 +200,7 @@ TEST_F(HomeSynthesis, TheSynthesisTestReproducesItsLinkageInInches) {
     Pick("mnu_Syntest", "frm_Synth3", [this] {
         EXPECT_TRUE(Model.SpecifiedPivots);
         EXPECT_EQ(Model.SynPositions, 2) << "as it was";
-        EXPECT_EQ(Model.Units, 3);
+        EXPECT_EQ(Model.Units, 1);
         EXPECT_FALSE(Model.Calculated);
         EXPECT_EQ(Model.Cognates(1, 1), Single(9.375));
         desktop.Expect_Message_With(" The resulting link lengths and coupler point location are:");
@@ -260,7 +267,7 @@ TEST_F(HomeSynthesis, ACognateComesUpOnTheInputScreen) {
             EXPECT_FALSE(Model.BalanceDone);
         },
         3);
-    EXPECT_FALSE(Model.Calculated);
+    EXPECT_TRUE(Model.Calculated) << "its run was shown and left with";
 }
 
 TEST_F(HomeSynthesis, AParallelogramHasNeitherCognatesNorADiagram) {
