@@ -69,7 +69,7 @@ double Toggle() {
         const Single outer = M + K, inner = K - M;
         angle = FNArcCos(std::fabs(outer) <= 1 ? outer : inner) * kRadToDeg;
         // Limits are typed in the global frame.
-        const char* unit = Model.Link1Angle == 0 ? "deg" : "deg from link 1";
+        const char* unit = Model.Link1Angle == 0 ? "deg" : "deg to link 1";
         for (const char* screen : kScreens) {
             platform::With<Label>(screen, "lbl_Toggle", 0, [&](Label& l) { l.Caption = FNRoundStr(angle, 1); });
             platform::With<Label>(screen, "lbl_Toggle", 1, [&](Label& l) { l.Caption = unit; });

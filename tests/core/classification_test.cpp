@@ -116,7 +116,7 @@ TEST_F(Classification, TheToggleAngleSaysThatItCountsFromATurnedGround) {
         const auto& words = Screens::Get(screen).Get<Label>("lbl_Toggle", 1);
         Model.Link1Angle = 30;
         Toggle();
-        EXPECT_EQ(words.Caption.Get(), "deg from link 1") << screen;
+        EXPECT_EQ(words.Caption.Get(), "deg to link 1") << screen;
         Model.Link1Angle = 0;
         Toggle();
         EXPECT_EQ(words.Caption.Get(), "deg") << screen;

@@ -62,7 +62,7 @@ TEST_F(TurnedGround, TheMessageSaysTheAngleThatTheStepIsShownWith) {
         desktop.Expect_Message_With(std::string(kNoConnect) + "180 Deg.", Answer::kRetry);
         desktop.Expect_Message_With(std::string(kNoConnect) + "210 Deg.", Answer::kRetry);
         Calculate_Now();
-        EXPECT_EQ(input.lbl_Toggle[1].Caption, "deg from link 1");
+        EXPECT_EQ(input.lbl_Toggle[1].Caption, "deg to link 1");
         for (int step = 0; step <= 5; ++step) {
             input.hsc_step.Drag(step);
             EXPECT_EQ(input.txt_Thetazero.Text, std::to_string(60 + 30 * step) + ".0");
