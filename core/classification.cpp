@@ -68,8 +68,12 @@ double Toggle() {
         const Single M = Divide(L4 * L3, L1 * L2);
         const Single outer = M + K, inner = K - M;
         angle = FNArcCos(std::fabs(outer) <= 1 ? outer : inner) * kRadToDeg;
-        for (const char* screen : kScreens)
+        // Limits are typed in the global frame.
+        const char* unit = Model.Link1Angle == 0 ? "deg" : "deg to link 1";
+        for (const char* screen : kScreens) {
             platform::With<Label>(screen, "lbl_Toggle", 0, [&](Label& l) { l.Caption = FNRoundStr(angle, 1); });
+            platform::With<Label>(screen, "lbl_Toggle", 1, [&](Label& l) { l.Caption = unit; });
+        }
         platform::With<platform::OptionButton>("frm_Inputnew", "opt_Calctype", 2,
                                                [](platform::OptionButton& o) { o.Enabled = false; });
     });

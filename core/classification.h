@@ -9,7 +9,8 @@ namespace verlink {
 void Grashof();
 
 /// The angle in degrees to which the crank of a non-Grashof linkage can swing either way from the ground link;
-/// writes `lbl_Toggle`(0) on both screens and disables `opt_Calctype`(2). Gives the angle back, unrounded.
+/// writes `lbl_Toggle`(0) on both screens, (1) with the words of its frame where the ground is turned, and disables
+/// `opt_Calctype`(2). Gives the angle back, unrounded.
 double Toggle();
 
 /// The two captions for the last `Grashof`, for those who print them.

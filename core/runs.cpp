@@ -197,7 +197,8 @@ void Imported_Run(Integer& Result) {
 void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Result) {
     Guarded("Noconnect", [&] {
         auto& table = Model.RunTable;
-        const double degrees = ThetaRad * kRadToDeg;
+        // In the frame of the limits and of all other angles of the table.
+        const double degrees = ThetaRad * kRadToDeg + Model.Link1Angle;
         Model.NoConnectSeen = true;
         table.Assembled(step) = false;
         if (Result != kIgnoring && Result != kAborted) Ask_About(degrees, Result);
@@ -206,7 +207,7 @@ void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Res
             table.Omega(step, i) = 0;
             table.Alpha(step, i) = 0;
         }
-        table.Theta(step, 0) = FNRound(degrees, 2);  // local, as it failed
+        table.Theta(step, 0) = FNRound(degrees, 2);
         for (int axis = 0; axis <= 1; ++axis) {
             for (int point = 0; point <= 2; ++point) {
                 table.PointXY(step, point, axis) = 0;

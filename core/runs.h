@@ -26,8 +26,9 @@ void Crankangle(Integer& Result);
 /// Positions by the imported drive table, for `Calctype` 4 and 5; goes on to the end also after an abort.
 void Imported_Run(Integer& Result);
 
-/// A position that does not close: clears the step and, on the input screen or in imported runs, asks whether to
-/// abort, retry or ignore. ThetaRad is local, radians.
+/// A position that does not close: clears the step but for the crank's global angle, to two decimals, and, on the
+/// input screen or in imported runs, asks about that angle whether to abort, retry or ignore. ThetaRad is local,
+/// radians.
 void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Result);
 
 /// Crank speed in rad/s and global crank angle in radians at time t, seconds.

@@ -64,8 +64,12 @@ QWidget* grashof(Form& form) {
 
 QWidget* toggles(Form& form) {
     FrameBox* frame = form.frame("fra_toggle");
-    QHBoxLayout* limits = rowOf({readOut(form.widget("lbl_Toggle", 0), 6), form.widget("lbl_Toggle", 1)});
-    limits->addStretch(1);
+    auto* unit = form.get<QLabel>("lbl_Toggle", 1);
+    // Over a turned ground it says its frame, too.
+    unit->setWordWrap(true);
+    unit->setMinimumHeight(2 * unit->fontMetrics().lineSpacing());
+    QHBoxLayout* limits = rowOf({readOut(form.widget("lbl_Toggle", 0), 6)});
+    limits->addWidget(unit, 1);
     frame->setContent(limits);
     return frame;
 }

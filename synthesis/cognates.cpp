@@ -99,8 +99,9 @@ void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3
         L2 = cognates(n, 2);
         L3 = cognates(n, 3);
         L4 = cognates(n, 4);
-        Model.Link1X = L1;
-        Model.Link1Y = 0;
+        // The ground keeps its direction.
+        Model.Link1X = L1 * std::cos(Model.Link1Angle * kDegToRad);
+        Model.Link1Y = L1 * std::sin(Model.Link1Angle * kDegToRad);
         Rpa = cognates(n, 5);
         DeltaRad = cognates(n, 6);
         Model.Delta = DeltaRad * kRadToDeg;

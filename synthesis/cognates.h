@@ -21,8 +21,8 @@ void Find_Cognates();
 /// Rows 2 and 3 of both tables from row 1 of `cognates`.
 void Cayley(CognateTable& cognates, CognateTable& rows);
 
-/// Row n to the fields given; also the record's ground pivot, along x, and `Delta` and `DeltaStr`. The pivot goes where
-/// the ground link points once the linkage enters the record.
+/// Row n to the fields given; also the record's ground pivot, in the direction of its ground link, and `Delta` and
+/// `DeltaStr`.
 void GetCognates(const CognateTable& cognates, Integer n, Single& L2, Single& L3, Single& L4, Single& L1, Single& Rpa,
                  Single& DeltaRad);
 

@@ -110,6 +110,19 @@ TEST_F(Classification, ToggleAngleClosesTheTriangleOfTheStretchedOrFoldedLinks) 
     EXPECT_FALSE(input.Get<OptionButton>("opt_Calctype", 2).Enabled);
 }
 
+TEST_F(Classification, TheToggleAngleSaysThatItCountsFromATurnedGround) {
+    Lengths(4, 2, 3, 2);
+    for (const char* screen : {"frm_Inputnew", "frm_Animate"}) {
+        const auto& words = Screens::Get(screen).Get<Label>("lbl_Toggle", 1);
+        Model.Link1Angle = 30;
+        Toggle();
+        EXPECT_EQ(words.Caption.Get(), "deg to link 1") << screen;
+        Model.Link1Angle = 0;
+        Toggle();
+        EXPECT_EQ(words.Caption.Get(), "deg") << screen;
+    }
+}
+
 TEST_F(Classification, ToggleAtTheLimitShowsOneRadianAsTheArcCosineHasIt) {
     Lengths(2, 2, 2, 2);  // K = 0 and M = 1: the cosine is exactly 1
     EXPECT_NEAR(Toggle(), 57.29577950560105, 1e-5);

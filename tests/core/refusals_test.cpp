@@ -1,6 +1,7 @@
 // Each way in which a position is refused, what the refusal asks, and what it leaves.
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "core/solver.h"
 #include "tests/core/linkages.h"
@@ -11,7 +12,7 @@ namespace {
 
 using platform::Answer;
 
-/// The question at a local crank angle, as it reads.
+/// The question at a global crank angle, as it reads.
 std::string Question(const std::string& degrees) {
     return "Linkage cannot connect or is indeterminate at Theta2 =  " + degrees +
            " Deg.\r\r\r ABORT - terminates further calculations beyond current position.\r\r"
@@ -127,11 +128,30 @@ TEST_F(Refusals, AZeroDeterminantOfTheAccelerationsIsRefused) {
     EXPECT_EQ(Model.Alpha3, 9);
 }
 
-TEST_F(Refusals, TheAngleKeptIsTheLocalOneToTwoDecimals) {
+TEST_F(Refusals, TheAngleAskedAboutAndKeptIsTheGlobalOneToTwoDecimals) {
+    Take_Lengths(4, 2, 3, 2);
+    Model.InputScreenOpen = true;
+    for (const auto& [ground, asked, kept] :
+         {std::tuple{0.0, "171.89", 171.89F}, {30.0, "201.89", 201.89F}, {-75.5, "96.39", 96.39F}}) {
+        Turn_Ground(ground);
+        desktop.Expect_Message(Question(asked), Answer::kRetry);
+        Solve(3);
+        EXPECT_DOUBLE_EQ(Model.RunTable.Theta(1, 0), static_cast<double>(kept));
+    }
+}
+
+TEST_F(Refusals, ARunOverATurnedGroundHasOneFrameForAllItsSteps) {
     Take_Lengths(4, 2, 3, 2);
     Turn_Ground(30);
-    Solve(3);
-    EXPECT_DOUBLE_EQ(Model.RunTable.Theta(1, 0), static_cast<double>(171.89F));
+    Take_Angles(45, 405, 10);
+    Crankangle(result);
+    int refused = 0;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        refused += Model.RunTable.Assembled(step) ? 0 : 1;
+        EXPECT_NEAR(std::remainder(Model.RunTable.Theta(step, 0) - (45 + 10 * step), 360), 0, 0.006) << step;
+    }
+    EXPECT_GT(refused, 5);
+    EXPECT_LT(refused, Model.NSteps);
 }
 
 TEST_F(Refusals, RowsBeyondTheLastPointStand) {

@@ -55,6 +55,29 @@ TEST_F(SizesTest, Every_screen_stands_on_the_display_with_all_its_words_at_both_
     });
 }
 
+TEST_F(SizesTest, Toggles_over_a_turned_ground_have_room_and_move_nothing) {
+    for (const char* name : {"frm_Inputnew", "frm_Animate"}) {
+        SCOPED_TRACE(name);
+        Screen& screen = Screens::Get(name);
+        desktop::Form& form = qt.formOf(screen);
+        form.applyShape();
+        form.show();
+        const auto tell = [&](const char* angle, const char* unit) {
+            screen.Get<Frame>("fra_toggle").Visible = true;
+            for (const int i : {0, 1}) {
+                screen.Get<Label>("lbl_Toggle", i).Visible = true;
+                screen.Get<Label>("lbl_Toggle", i).Caption = i == 0 ? angle : unit;
+            }
+            QCoreApplication::processEvents();
+            Expect_Nothing_Clipped(form);
+            return form.widget("Picture1")->geometry();
+        };
+        const QRect picture = tell("108.2", "deg");
+        EXPECT_EQ(tell("108.2", "deg to link 1"), picture);
+        form.hide();
+    }
+}
+
 TEST_F(SizesTest, Maximize_standard_and_aspect_ratio_are_the_home_screen_s) {
     ThenArrive();
     Then("frm_HomeScreen", [](QWidget& window) {

@@ -1,6 +1,8 @@
 // The screen of the cognates: which one is chosen, what is told of it, the diagram's zoom.
 #include "screens/frm_cayley.h"
 
+#include <cmath>
+
 #include "core/classification.h"
 #include "core/numeric.h"
 #include "core/text.h"
@@ -103,7 +105,7 @@ TEST_F(Cayley_Screen, TheFirstLinkageComesBackAfterTheThird) {
     EXPECT_EQ(Model.L3, 16);
     EXPECT_EQ(Model.L4, 12);
     EXPECT_EQ(Model.Rpa, Single(14.42));
-    EXPECT_NEAR(Model.Link1X, 18 * std::cos(30 * kDegToRad), 1e-5) << "where it is drawn";
+    EXPECT_NEAR(Model.Link1X, 18 * std::sqrt(0.75), 1e-5);
     EXPECT_NEAR(Model.Link1Y, 9, 1e-5);
     EXPECT_EQ(Model.Link1Angle, 30) << "a ground angle set earlier stays";
     EXPECT_FALSE(Model.CognateEdit);

@@ -141,7 +141,7 @@ TEST_F(Cognates, AreSeededAtTheStart) {
     Expect_Checked(1);
 }
 
-TEST_F(Cognates, BecomeTheRecordWithTheGroundAlongX) {
+TEST_F(Cognates, BecomeTheRecordWithTheGroundInItsDirection) {
     Model.Link1Angle = 30;
     Model.Link1Y = 5;
     GetCognates(Model.Cognates, 2, Model.L2, Model.L3, Model.L4, Model.L1, Model.Rpa, Model.DeltaRad);
@@ -152,9 +152,13 @@ TEST_F(Cognates, BecomeTheRecordWithTheGroundAlongX) {
     EXPECT_EQ(Model.Rpa, Model.Cognates(2, 5));
     EXPECT_EQ(Model.DeltaRad, Model.Cognates(2, 6));
     EXPECT_NEAR(Model.Delta, Degrees(Model.Cognates(2, 6)), 1e-4);
+    EXPECT_NEAR(Model.Link1X, Model.L1 * std::sqrt(0.75), 1e-6);
+    EXPECT_NEAR(Model.Link1Y, Model.L1 / 2, 1e-6);
+    EXPECT_EQ(Model.Link1Angle, 30);
+    Model.Link1Angle = 0;
+    GetCognates(Model.Cognates, 2, Model.L2, Model.L3, Model.L4, Model.L1, Model.Rpa, Model.DeltaRad);
     EXPECT_EQ(Model.Link1X, Model.L1);
     EXPECT_EQ(Model.Link1Y, 0);
-    EXPECT_EQ(Model.Link1Angle, 30);
 }
 
 TEST_F(Cognates, ShowTheirAngleWithOneDecimal) {
@@ -196,8 +200,8 @@ TEST_F(Cognates, GoingBackToTheFirstGivesTheLinkageAsItWas) {
     Switch_Cognate(1);
     Expect_Linkage(2.667, 1.115, 2.5, 2.5, 1.697);
     EXPECT_NEAR(Model.Delta, -92.66, 1e-5);
-    EXPECT_NEAR(Model.Link1X, 2.667 * std::cos(20 * kDegToRad), 1e-6) << "where it is drawn";
-    EXPECT_NEAR(Model.Link1Y, 2.667 * std::sin(20 * kDegToRad), 1e-6);
+    EXPECT_NEAR(Model.Link1X, Model.L1 * std::cos(Radians(20)), 1e-6);
+    EXPECT_NEAR(Model.Link1Y, Model.L1 * std::sin(Radians(20)), 1e-6);
     EXPECT_EQ(Model.Link1Angle, 20);
     EXPECT_FALSE(Model.CognateEdit);
     Expect_Checked(1);
