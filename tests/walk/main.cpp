@@ -1,5 +1,5 @@
 // Random walks over the screens without windows: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only N]
-// [--list] [--all] [--without RULE]...
+// [--list] [--all] [--long] [--without RULE]...
 #include <signal.h>
 #include <unistd.h>
 
@@ -22,11 +22,12 @@ using namespace verlink::walk;
 struct Orders {
     std::uint64_t seed = 1;
     long actions = 20000;
-    double minutes = 0;  ///< instead of a number of actions
-    int each = 250;      ///< actions of one walk
-    long only = -1;      ///< this walk alone
-    bool list = false;   ///< says each action of it
-    bool all = false;    ///< shortens every finding, and tells those apart that end by other actions
+    double minutes = 0;                  ///< instead of a number of actions
+    int each = 250;                      ///< actions of one walk
+    long only = -1;                      ///< this walk alone
+    bool list = false;                   ///< says each action of it
+    bool uncut = false;                  ///< findings are told as they came, not shortened
+    bool all = false;                    ///< shortens every finding, and tells those apart that end by other actions
     std::set<std::string> without = {};  ///< rules that are not asked
 };
 
@@ -42,8 +43,11 @@ void On_Alarm(int) {
 bool Read_Orders(int argc, char** argv, Orders& orders) {
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        if (word == "--list" || word == "--all") {
-            (word == "--list" ? orders.list : orders.all) = true;
+        if (bool* flag = word == "--list"   ? &orders.list
+                         : word == "--all"  ? &orders.all
+                         : word == "--long" ? &orders.uncut
+                                            : nullptr) {
+            *flag = true;
             continue;
         }
         if (i + 1 == argc) return false;
@@ -80,8 +84,8 @@ class Findings {
     void Take(const Finding& finding, const std::vector<Action>& done, long walk) {
         const std::string kind = finding.rule + ": " + finding.kind;
         if (!orders_.all && seen_[kind]++ > 0) return;
-        const std::vector<Action> fewest = Shorten(done, finding, places_, orders_.without);
-        const Found again = Repeat(fewest, places_, orders_.without);
+        const std::vector<Action> fewest = orders_.uncut ? done : Shorten(done, finding, places_, orders_.without);
+        const Found again = orders_.uncut ? finding : Repeat(fewest, places_, orders_.without);
         if (orders_.all && seen_[kind + Ending(fewest)]++ > 0) return;
         std::printf("== walk %ld, after %zu actions: %s\n", walk, done.size(), kind.c_str());
         if (!again) std::printf("   (it does not come again in a repetition)\n");
@@ -112,7 +116,8 @@ int main(int argc, char** argv) {
     Orders orders;
     if (!Read_Orders(argc, argv, orders)) {
         std::fprintf(stderr,
-                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list] [--all] [--without RULE]...\n");
+                     "usage: walk [--seed N] [--actions N] [--minutes N] [--each N] [--only WALK] [--list] [--all] "
+                     "[--long] [--without RULE]...\n");
         return 2;
     }
     ::signal(SIGALRM, On_Alarm);
@@ -123,9 +128,7 @@ int main(int argc, char** argv) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::duration<double>(60 * orders.minutes);
     std::printf("seed %llu\n", static_cast<unsigned long long>(orders.seed));
-    const auto more = [&] {
-        return orders.minutes > 0 ? Clock::now() < end : counts.actions < orders.actions;
-    };
+    const auto more = [&] { return orders.minutes > 0 ? Clock::now() < end : counts.actions < orders.actions; };
     for (long walk = orders.only < 0 ? 0 : orders.only; more(); ++walk) {
         std::FILE* log = orders.list ? stdout : std::fopen(log_name.c_str(), "w");
         Random_User user(Seed_Of(orders.seed, walk), orders.each);

@@ -72,7 +72,8 @@ std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding,
 }
 
 std::string Test_Of(const std::vector<Action>& actions, const Finding& finding) {
-    std::string test = "TEST(WalkFound, " + Test_Name(finding) + ") {\n    // " + finding.told + "\n    Expect_Sound({\n";
+    std::string test =
+        "TEST(WalkFound, " + Test_Name(finding) + ") {\n    // " + finding.told + "\n    Expect_Sound({\n";
     for (const Action& action : actions) test += "        " + Line_Of(action) + ",\n";
     return test + "    });\n}\n";
 }

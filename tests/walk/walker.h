@@ -28,7 +28,8 @@ class User {
     /// leads back.
     virtual std::optional<Action> Next(platform::Screen& top, bool looking) = 0;
     /// What is said within an action; `given` are its replies so far.
-    virtual Reply To_Message(const platform::Message& message, const Action& action, const std::vector<Reply>& given) = 0;
+    virtual Reply To_Message(const platform::Message& message, const Action& action,
+                             const std::vector<Reply>& given) = 0;
     virtual Reply To_File(const platform::FileDialog& dialog, bool save, const Action& action,
                           const std::vector<Reply>& given) = 0;
     virtual Reply To_Printer(const Action& action, const std::vector<Reply>& given) = 0;
@@ -69,8 +70,8 @@ class Walker {
 
    private:
     struct Frame {
-        std::size_t place;          ///< in `done_`
-        Action action;              ///< as it was given
+        std::size_t place;  ///< in `done_`
+        Action action;      ///< as it was given
         std::vector<Told> told;
         std::string screen_before;
     };
