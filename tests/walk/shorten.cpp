@@ -38,16 +38,12 @@ Found Repeat(const std::vector<Action>& actions, const Places& places, const std
     return walker.Outcome();
 }
 
-std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding, const Places& places,
-                            const std::set<std::string>& without, int repetitions) {
-    const auto still = [&](const std::vector<Action>& fewer) {
-        if (repetitions-- <= 0) return false;
-        const Found found = Repeat(fewer, places, without);
-        return found && Same_Kind(*found, finding);
-    };
-    for (std::size_t part = std::max<std::size_t>(actions.size() / 2, 1); repetitions > 0;) {
+std::vector<Action> Fewest(std::vector<Action> actions, const std::function<bool(const std::vector<Action>&)>& holds,
+                           int tries) {
+    const auto still = [&](const std::vector<Action>& fewer) { return tries-- > 0 && holds(fewer); };
+    for (std::size_t part = std::max<std::size_t>(actions.size() / 2, 1); tries > 0;) {
         bool shorter = false;
-        for (std::size_t from = 0; from < actions.size() && repetitions > 0;) {
+        for (std::size_t from = 0; from < actions.size() && tries > 0;) {
             const std::vector<Action> fewer = Without(actions, from, part);
             if (still(fewer)) {
                 actions = fewer;
@@ -61,7 +57,6 @@ std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding,
         else if (!shorter)
             break;
     }
-    // Answers that need not be given.
     for (Action& action : actions) {
         const std::vector<Reply> replies = action.replies;
         if (replies.empty()) continue;
@@ -69,6 +64,14 @@ std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding,
         if (!still(actions)) action.replies = replies;
     }
     return actions;
+}
+
+std::vector<Action> Shorten(const std::vector<Action>& actions, const Finding& finding, const Places& places,
+                            const std::set<std::string>& without) {
+    return Fewest(actions, [&](const std::vector<Action>& fewer) {
+        const Found found = Repeat(fewer, places, without);
+        return found && Same_Kind(*found, finding);
+    });
 }
 
 std::string Test_Of(const std::vector<Action>& actions, const Finding& finding) {

@@ -15,8 +15,6 @@ using namespace platform;
 
 namespace {
 
-/// One trial of the files in so many of the others: it is the dearest.
-constexpr int kFilesEvery = 6;
 /// From any screen home, the way out again where one led into another screen included.
 constexpr int kWayHome = 24;
 
@@ -205,7 +203,9 @@ void Walker::Rest(Screen& top) {
 bool Walker::Changed() {
     Words words = Record_Words();
     const bool same_table = tried_table_ && std::memcmp(tried_table_.get(), &Model.RunTable, sizeof(RunResults)) == 0;
-    if (same_table && words == tried_) return false;
+    const bool same_transform = std::memcmp(&tried_transform_.FFTResult, &Model.FFTResult, sizeof Model.FFTResult) == 0;
+    if (same_table && same_transform && words == tried_) return false;
+    tried_transform_.FFTResult = Model.FFTResult;
     tried_ = std::move(words);
     if (tried_table_)
         *tried_table_ = Model.RunTable;
@@ -223,7 +223,7 @@ void Walker::Check_Trials(Screen& top) {
     if (calculated) {
         if (Broken("Calculated", [&] { return Motion_Is_Of_The_Model(aside, run_aborted_); })) return;
         if (Broken("one story", [&] { return Record_Tells_One_Story(aside); })) return;
-        if (trials_++ % kFilesEvery == 0 && Broken("files", [&] { return Saved_And_Opened_Is_The_Same(aside); }))
+        if (trials_++ % files_every_ == 0 && Broken("files", [&] { return Saved_And_Opened_Is_The_Same(aside); }))
             return;
     }
     if (forces && Broken("DynamicsDone", [&] { return Forces_Are_Of_The_Model(aside); })) return;

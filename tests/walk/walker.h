@@ -62,6 +62,8 @@ class Walker {
 
     /// Each action is written there before it is done, for walks that end in a crash.
     void Log_To(std::FILE* log) { log_ = log; }
+    /// The files are tried at one change of the record in so many, since that takes longest.
+    void Try_Files_Every(int changes) { files_every_ = changes; }
     /// These rules are not asked: for finding what lies behind what is known.
     void Leave_Out(const std::set<std::string>& rules) { without_ = rules; }
 
@@ -117,7 +119,9 @@ class Walker {
     Words tried_;
     std::string tried_screen_;
     std::unique_ptr<RunResults> tried_table_;
+    Transform tried_transform_;
     int trials_ = 0;
+    int files_every_ = 6;
 };
 
 }  // namespace verlink::walk
