@@ -5,7 +5,6 @@
 #include <cctype>
 
 #include "tests/walk/users.h"
-#include "tests/walk/walk_desktop.h"
 
 namespace verlink::walk {
 
@@ -29,12 +28,12 @@ std::string Test_Name(const Finding& finding) {
 
 }  // namespace
 
-Found Repeat(const std::vector<Action>& actions, const Places& places, const std::set<std::string>& without) {
+Found Repeat(const std::vector<Action>& actions, const Trial& trial) {
     Counts counts;
     Repeating_User user(actions);
-    Walker walker(user, places, counts);
-    walker.Leave_Out(without);
-    Walk_Once(walker, places);
+    Walker walker(user, trial.places, counts);
+    walker.Leave_Out(trial.without);
+    trial.stage(walker, trial.places);
     return walker.Outcome();
 }
 
@@ -66,10 +65,9 @@ std::vector<Action> Fewest(std::vector<Action> actions, const std::function<bool
     return actions;
 }
 
-std::vector<Action> Shorten(const std::vector<Action>& actions, const Finding& finding, const Places& places,
-                            const std::set<std::string>& without) {
+std::vector<Action> Shorten(const std::vector<Action>& actions, const Finding& finding, const Trial& trial) {
     return Fewest(actions, [&](const std::vector<Action>& fewer) {
-        const Found found = Repeat(fewer, places, without);
+        const Found found = Repeat(fewer, trial);
         return found && Same_Kind(*found, finding);
     });
 }

@@ -16,7 +16,8 @@ namespace verlink::walk {
 /// A sequence after which nothing may be found; what the walk prints is pasted as one.
 inline void Expect_Sound(const std::vector<Action>& actions) {
     const Places places;
-    if (const Found found = Repeat(actions, places)) ADD_FAILURE() << found->rule << ": " << found->told;
+    const Stage stage = Walk_Once;
+    if (const Found found = Repeat(actions, {stage, places})) ADD_FAILURE() << found->rule << ": " << found->told;
 }
 
 /// Does what is said, then something happens behind the program's back, then one more thing is done.

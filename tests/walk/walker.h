@@ -39,9 +39,8 @@ class User {
 struct Counts {
     long walks = 0;
     long actions = 0;
-    std::map<std::string, long> checks;    ///< by rule
-    std::map<std::string, long> screens;   ///< actions by screen
-    std::map<std::string, long> findings;  ///< by rule
+    std::map<std::string, long> checks;   ///< by rule
+    std::map<std::string, long> screens;  ///< actions by screen
 };
 
 /// The answer that changes least.
