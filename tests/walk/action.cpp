@@ -152,7 +152,9 @@ Action Mouse(std::string screen, std::string picture, int index, double x, doubl
             .buttons = buttons,
             .keys = keys};
 }
-Action Click_Picture(std::string screen, std::string picture, int index) { return {Deed::kPicture, screen, picture, index}; }
+Action Click_Picture(std::string screen, std::string picture, int index) {
+    return {Deed::kPicture, screen, picture, index};
+}
 Action Double_Picture(std::string screen, std::string picture, int index) {
     return {Deed::kDoublePicture, screen, picture, index};
 }

@@ -19,25 +19,25 @@ struct Reply {
 };
 
 enum class Deed {
-    kPress,        ///< a button
-    kType,         ///< a text into a box, which is then not left yet
-    kGo,           ///< the focus to a control
-    kReturn,       ///< the key, where the focus is
-    kEscape,       ///< the key
-    kOption,       ///< an option is chosen
-    kTick,         ///< a check box changes
-    kItem,         ///< the item of that number of a list is chosen
-    kWrite,        ///< a text into the box of a list
-    kDoubleList,   ///< a double click on the box of a list
-    kPick,         ///< an entry of a menu
-    kScroll,       ///< a bar is set
-    kThumb,        ///< the thumb of a bar is dragged there and dropped
-    kMouse,        ///< the mouse is over a picture: x and y in parts of it, from the top left
-    kPicture,      ///< a click on a picture
+    kPress,       ///< a button
+    kType,        ///< a text into a box, which is then not left yet
+    kGo,          ///< the focus to a control
+    kReturn,      ///< the key, where the focus is
+    kEscape,      ///< the key
+    kOption,      ///< an option is chosen
+    kTick,        ///< a check box changes
+    kItem,        ///< the item of that number of a list is chosen
+    kWrite,       ///< a text into the box of a list
+    kDoubleList,  ///< a double click on the box of a list
+    kPick,        ///< an entry of a menu
+    kScroll,      ///< a bar is set
+    kThumb,       ///< the thumb of a bar is dragged there and dropped
+    kMouse,       ///< the mouse is over a picture: x and y in parts of it, from the top left
+    kPicture,     ///< a click on a picture
     kDoublePicture,
-    kScreen,       ///< a click on the screen itself
-    kClose,        ///< the window is closed
-    kPulse,        ///< a timer has run down
+    kScreen,  ///< a click on the screen itself
+    kClose,   ///< the window is closed
+    kPulse,   ///< a timer has run down
 };
 
 struct Action {

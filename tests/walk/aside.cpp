@@ -1,6 +1,9 @@
 // How record and controls are put aside, and back without an event.
 #include "tests/walk/aside.h"
 
+#include <cstddef>
+#include <memory>
+
 #include "platform/graph.h"
 
 namespace verlink::walk {
@@ -8,10 +11,13 @@ namespace verlink::walk {
 using namespace platform;
 
 namespace {
-int asides = 0;
-}
 
-bool Aside::On() { return asides > 0; }
+bool on = false;
+alignas(LinkageModel) std::byte kept[sizeof(LinkageModel)];
+
+}  // namespace
+
+bool Aside::On() { return on; }
 
 void Put_Record(const LinkageModel& model) {
     std::destroy_at(&Model);
@@ -62,10 +68,11 @@ void Aside::Hold(Screen& screen) {
     put_back_.emplace_back([&screen, focus = screen.Focus()] { screen.MoveFocus(focus); });
 }
 
-Aside::Aside() : model_(std::make_unique<LinkageModel>(Model)) {
-    ++asides;
+Aside::Aside() : model_(std::construct_at(reinterpret_cast<LinkageModel*>(kept), Model)) {
+    on = true;
     // Made first, so that none comes up half-way.
-    for (const char* name : {"frm_HomeScreen", "frm_Inputnew", "frm_Animate", "frm_Cayley", "frm_MassProp", "frm_Matrix"})
+    for (const char* name :
+         {"frm_HomeScreen", "frm_Inputnew", "frm_Animate", "frm_Cayley", "frm_MassProp", "frm_Matrix"})
         if (Screen* screen = Screens::Find(name)) Hold(*screen);
     Again();
 }
@@ -74,7 +81,8 @@ Aside::~Aside() {
     // The last thing put aside comes back first: a focus before the handlers that it would raise.
     for (auto back = put_back_.rbegin(); back != put_back_.rend(); ++back) (*back)();
     Put_Record(*model_);
-    --asides;
+    std::destroy_at(model_);
+    on = false;
 }
 
 }  // namespace verlink::walk

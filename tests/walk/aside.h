@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "core/linkage_model.h"
@@ -14,8 +13,8 @@ namespace verlink::walk {
 void Put_Record(const LinkageModel& model);
 
 /// While one exists the program may be asked to do something for which nobody has asked: no control of the screens that
-/// a run or a solution writes on raises an event, and in the end the record and those controls are as they were. Messages are up to the desktop,
-/// which asks `Aside::On()`.
+/// a run or a solution writes on raises an event, and in the end the record and those controls are as they were.
+/// Messages are up to the desktop, which asks `Aside::On()`.
 class Aside {
    public:
     Aside();
@@ -36,7 +35,7 @@ class Aside {
     template <class Event>
     void Mute(Event& event);
 
-    std::unique_ptr<LinkageModel> model_;
+    LinkageModel* model_;  ///< in a place of its own, since it is large and comes and goes at every action
     std::vector<std::function<void()>> put_back_;
 };
 

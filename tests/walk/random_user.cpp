@@ -17,9 +17,12 @@ using namespace platform;
 namespace {
 
 const std::vector<std::string> kNasty = {
-    "",     "abc",  "1e39", "-3",   "0",  "1,5", "nan",       "inf",    "-0",         "1e-40",
-    "1e38", "0.00", " 2 ",  "2..3", "--", "1/3", "&H10",      "5 in",   "99999999999", "1234567890123456789012345678901234567890",
-    "1.5e", "+4",   ".5",   "3.",   "\t", "\"",  "1,234.5",   "O.5",    "1e400",      "-1e39"};
+    "",     "abc",     "1e39", "-3",          "0",
+    "1,5",  "nan",     "inf",  "-0",          "1e-40",
+    "1e38", "0.00",    " 2 ",  "2..3",        "--",
+    "1/3",  "&H10",    "5 in", "99999999999", "1234567890123456789012345678901234567890",
+    "1.5e", "+4",      ".5",   "3.",          "\t",
+    "\"",   "1,234.5", "O.5",  "1e400",       "-1e39"};
 
 struct Preference {
     const char* screen;  ///< empty for any
@@ -79,10 +82,10 @@ bool May_Look(const Screen& top, const Action& action) {
     if (action.deed == Deed::kPick) {
         const auto& entry = top.Get<MenuEntry>(name, action.index);
         if (Is_Help_Entry(entry)) return true;
-        for (const char* looking : {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas",
-                                    "mnu_Lobetra", "mnu_Link_Data", "mnu_Export_Torque", "mnu_pdx", "mnu_Quit",
-                                    "mnu_UserName", "mnu_FilePath", "mnu_AppPath", "mnu_ChangeUser", "mnu_About",
-                                    "mnu_Cayley", "mnu_New"})
+        for (const char* looking :
+             {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas", "mnu_Lobetra", "mnu_Link_Data",
+              "mnu_Export_Torque", "mnu_pdx", "mnu_Quit", "mnu_UserName", "mnu_FilePath", "mnu_AppPath",
+              "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
             if (name.starts_with(looking)) return true;
     }
     if (action.deed == Deed::kPress)
@@ -256,7 +259,9 @@ Reply Random_User::To_Message(const Message& message, const Action& action, cons
     switch (message.buttons) {
         case Buttons::kYesNo: reply.answer = Chance(0.5) ? Answer::kYes : Answer::kNo; break;
         case Buttons::kOkCancel: reply.answer = Chance(0.7) ? Answer::kOk : Answer::kCancel; break;
-        case Buttons::kRetryCancel: reply.answer = given.size() < 4 && Chance(0.5) ? Answer::kRetry : Answer::kCancel; break;
+        case Buttons::kRetryCancel:
+            reply.answer = given.size() < 4 && Chance(0.5) ? Answer::kRetry : Answer::kCancel;
+            break;
         case Buttons::kAbortRetryIgnore:
             if (Chance(0.2))
                 reply.answer = Answer::kAbort;

@@ -140,8 +140,7 @@ void Add_Control(const Control& control, Words& words) {
     if (const auto* list = dynamic_cast<const ComboBox*>(&control)) words.emplace_back(name, Word(list->Text.Get()));
     if (const auto* option = dynamic_cast<const OptionButton*>(&control))
         words.emplace_back(name, Word(option->Value.Get()));
-    if (const auto* check = dynamic_cast<const CheckBox*>(&control))
-        words.emplace_back(name, Word(check->Value.Get()));
+    if (const auto* check = dynamic_cast<const CheckBox*>(&control)) words.emplace_back(name, Word(check->Value.Get()));
     if (const auto* bar = dynamic_cast<const ScrollBar*>(&control))
         words.emplace_back(name, std::to_string(bar->Value()));
     if (const auto* entry = dynamic_cast<const MenuEntry*>(&control)) {
@@ -149,8 +148,7 @@ void Add_Control(const Control& control, Words& words) {
         words.emplace_back(name, Word(entry->Checked.Get()));
     }
     if (const auto* picture = dynamic_cast<const PictureBox*>(&control))
-        words.emplace_back(name + " strokes",
-                           std::to_string(const_cast<PictureBox*>(picture)->Drawing().Alive()));
+        words.emplace_back(name + " strokes", std::to_string(const_cast<PictureBox*>(picture)->Drawing().Alive()));
 }
 
 /// A row of an array by its elements' bytes.
@@ -158,8 +156,8 @@ template <class T, int Rows, int Axes>
 bool Same(const StepArray<T, Rows, Axes>& a, const StepArray<T, Rows, Axes>& b, int first, int last, int row,
           int axis) {
     if (last < first) return true;
-    return std::memcmp(&a(first, row, axis), &b(first, row, axis), sizeof(T) * static_cast<std::size_t>(last - first + 1)) ==
-           0;
+    return std::memcmp(&a(first, row, axis), &b(first, row, axis),
+                       sizeof(T) * static_cast<std::size_t>(last - first + 1)) == 0;
 }
 
 /// Calls with the name of each array, its rows in question, and its place in both tables.
@@ -208,8 +206,7 @@ std::string Element_Word(T value) {
 
 Words Record_Words() {
     Words words;
-    for (const FileField& field : File_Fields())
-        words.emplace_back(field.name, std::visit(Field_Word{}, field.place));
+    for (const FileField& field : File_Fields()) words.emplace_back(field.name, std::visit(Field_Word{}, field.place));
     Add_Geometry(words);
     Add_Drive(words);
     Add_Flags(words);

@@ -43,7 +43,6 @@ class Pending {
 /// The function that was transformed last, as the record had it then.
 struct Transformed {
     FunctionSlots slots;
-    Integer harmonics;
 };
 
 // Those that take an `Aside` try something with the record, which is put back before each.
@@ -54,10 +53,12 @@ Found Forces_Are_Of_The_Model(const Aside& aside);
 Found Balance_Is_Of_The_Model(const Aside& aside);
 Found Transform_Is_Of_The_Model(const Aside& aside, const Transformed& last);
 /// Derived values follow the primary ones.
-Found Record_Tells_One_Story();
+Found Record_Tells_One_Story(const Aside& aside);
 
 // Rules of boxes and options: rules_boxes.cpp.
 Found Screen_Shows_The_Record(const platform::Screen& top, const Pending& pending);
+/// The screens whose boxes are read back.
+bool Is_Read_Back(const platform::Screen& top);
 Found Reading_Back_Changes_Nothing(const Aside& aside, platform::Screen& top, const Pending& pending);
 
 // Rules of files: rules_files.cpp.

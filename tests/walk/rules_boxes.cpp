@@ -224,7 +224,8 @@ Found Check_Box(const Screen& top, const Shown& shown, const Pending& pending) {
 
 Found Differs(const Screen& top, const std::string& what, const std::string& shown, const std::string& record) {
     if (shown == record) return {};
-    return Finding{"boxes", top.Name() + " " + what, top.Name() + " shows " + what + " " + shown + ", the record " + record};
+    return Finding{"boxes", top.Name() + " " + what,
+                   top.Name() + " shows " + what + " " + shown + ", the record " + record};
 }
 
 std::string Chosen(const Screen& top, const char* name) {
@@ -242,9 +243,9 @@ Found Check_Linkage_Options(const Screen& top) {
     if (Found found = Differs(top, "polar", Chosen(top, "opt_Polar"), m.PolarCoords ? "1" : "0")) return found;
     constexpr int kTargets[] = {2, 0, 1, 3, 4};
     const std::string drag = Chosen(top, "opt_Shift_Drag");
-    if (Found found = Differs(top, "target of a drag",
-                              drag == "none" ? drag : std::to_string(kTargets[std::stoi(drag)]),
-                              std::to_string(m.ShiftDragTarget)))
+    if (Found found =
+            Differs(top, "target of a drag", drag == "none" ? drag : std::to_string(kTargets[std::stoi(drag)]),
+                    std::to_string(m.ShiftDragTarget)))
         return found;
     if (top.Name() != "frm_Inputnew") return {};
     if (Found found = Differs(top, "modulo", Chosen(top, "opt_Modulo"), m.ModuloMode == "180" ? "0" : "1"))
@@ -284,8 +285,8 @@ Found Check_Flag(const Screen& home, int index, bool shown) {
 
 Found Check_Home(const Screen& home) {
     const auto& m = Model;
-    const bool flags[] = {true,          m.LinkDriven, m.CamDriven,   m.DynamicsDone, m.BalanceDone,
-                          m.FFTDone,     m.Synthesized, true,         m.SavedFlag};
+    const bool flags[] = {true,      m.LinkDriven,  m.CamDriven, m.DynamicsDone, m.BalanceDone,
+                          m.FFTDone, m.Synthesized, true,        m.SavedFlag};
     for (int i = 0; i <= 8; ++i)
         if (Found found = Check_Flag(home, i, flags[i] && m.Calculated)) return found;
     constexpr const char* kUnits[] = {"in-lb-bl-s", "ft-lb-sl-s", "m-kg-N-s", "cm-kg-N-s", "mm-kg-N-s"};
@@ -293,9 +294,9 @@ Found Check_Home(const Screen& home) {
         return found;
     for (int system = 1; system <= 5; ++system)
         if (home.Get<MenuEntry>("mnu_pick", system).Checked != (system == m.Units))
-            return Finding{"boxes", "frm_HomeScreen ticked units",
-                           "units " + std::to_string(system) + " are ticked or not, in force are " +
-                               std::to_string(m.Units)};
+            return Finding{
+                "boxes", "frm_HomeScreen ticked units",
+                "units " + std::to_string(system) + " are ticked or not, in force are " + std::to_string(m.Units)};
     if (home.Get<PictureBox>("Picture1").Visible != m.Calculated)
         return Finding{"boxes", "frm_HomeScreen picture", m.Calculated ? "no picture" : "a picture of nothing"};
     return {};
@@ -317,17 +318,10 @@ Found Screen_Shows_The_Record(const Screen& top, const Pending& pending) {
 namespace {
 
 /// Takes the boxes of a screen into the record, as its own handlers do.
-bool Read_Back(Screen& top) {
-    if (top.Name() == "frm_Inputnew" || top.Name() == "frm_Animate") {
-        Get_Linkage_Geometry(top);
-        if (Model.Calctype == 2 || Model.Calctype == 3) Get_Initial_Conditions(top);
-        return true;
-    }
-    if (top.Name() == "frm_MassProp") {
-        Get_Mass_Properties(top);
-        return true;
-    }
-    return false;
+void Read_Back(Screen& top) {
+    if (top.Name() == "frm_MassProp") return Get_Mass_Properties(top);
+    Get_Linkage_Geometry(top);
+    if (Model.Calctype == 2 || Model.Calctype == 3) Get_Initial_Conditions(top);
 }
 
 struct Value {
@@ -380,8 +374,7 @@ Found Compare_Values(const Screen& top, const char* rule, const std::vector<Valu
     for (std::size_t i = 0; i < before.size(); ++i) {
         double apart = std::abs(after[i].value - before[i].value);
         if (before[i].name == std::string("Link1Angle")) apart = std::abs(std::remainder(apart, 360));
-        const double allowed =
-            exact ? 0.0 : before[i].rounding * 1.0001 + 4e-6 * std::abs(before[i].value) + 1e-30;
+        const double allowed = exact ? 0.0 : before[i].rounding * 1.0001 + 4e-6 * std::abs(before[i].value) + 1e-30;
         if (apart > allowed)
             return Finding{rule, top.Name() + " " + before[i].name,
                            std::string(before[i].name) + " is " + Word_Of(before[i].value) + ", read back " +
@@ -392,17 +385,21 @@ Found Compare_Values(const Screen& top, const char* rule, const std::vector<Valu
 
 }  // namespace
 
+bool Is_Read_Back(const Screen& top) {
+    return top.Name() == "frm_Inputnew" || top.Name() == "frm_Animate" || top.Name() == "frm_MassProp";
+}
+
 /// Reading all boxes back changes nothing beyond the rounding of a box, and once that has come, nothing at all.
 /// Except: while a box is being typed into, or what was typed waits for a button.
 Found Reading_Back_Changes_Nothing(const Aside& aside, Screen& top, const Pending& pending) {
-    if (pending.Any_In_Hand(top)) return {};
+    if (!Is_Read_Back(top) || pending.Any_In_Hand(top)) return {};
     for (const Shown& shown : Boxes_Of(top))
         if (const Control* control = top.Find(shown.box, shown.index);
             control && pending.Typed(*control) && shown.may_wait)
             return {};
     aside.Again();
     const std::vector<Value> before = Read_Values();
-    if (!Read_Back(top)) return {};
+    Read_Back(top);
     if (Found found = Compare_Values(top, "read back", before, Read_Values(), false)) return found;
     // What was typed with more digits than its box shows is rounded when the program writes the boxes.
     Read_Back(top);

@@ -53,9 +53,9 @@ Found Motion_Is_Of_The_Model(const Aside& aside, bool run_aborted) {
     Run_Anew();
     const int last = Last_Step(before);
     if (Model.NSteps != before.NSteps)
-        return Finding{"Calculated", "number of steps",
-                       "the run has " + std::to_string(before.NSteps) + " steps, made anew " +
-                           std::to_string(Model.NSteps)};
+        return Finding{
+            "Calculated", "number of steps",
+            "the run has " + std::to_string(before.NSteps) + " steps, made anew " + std::to_string(Model.NSteps)};
     if (Model.Grashof_Code == "NL")
         return Finding{"Calculated", "links that close nowhere", "Calculated, and the links can close nowhere"};
     const Difference difference = Compare_Results(before.RunTable, Model.RunTable, last, Results::kMotion);
@@ -77,8 +77,7 @@ Found Forces_Are_Of_The_Model(const Aside& aside) {
     Model.RunTable.LinkTorque = {};
     Resolve_Forces();
     Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
-    const Difference difference =
-        Compare_Results(before.RunTable, Model.RunTable, Last_Step(before), Results::kForces);
+    const Difference difference = Compare_Results(before.RunTable, Model.RunTable, Last_Step(before), Results::kForces);
     if (!difference.Any()) return {};
     return Finding{"DynamicsDone", difference.names, difference.values};
 }
@@ -131,7 +130,8 @@ class Story {
         if (!so && !finding_) finding_ = Finding{"one story", what, seen};
     }
     void Equal(double derived, double primary, double scale, const char* what) {
-        Says(Near(derived, primary, scale), what, std::string(what) + ": " + Word_Of(derived) + " and " + Word_Of(primary));
+        Says(Near(derived, primary, scale), what,
+             std::string(what) + ": " + Word_Of(derived) + " and " + Word_Of(primary));
     }
     const Found& Outcome() const { return finding_; }
 
@@ -151,9 +151,10 @@ void Check_Links(Story& story) {
     const double length = std::hypot(double{m.Link1X}, double{m.Link1Y});
     story.Equal(m.L1, length, length, "L1 and the place of O4");
     if (length > 0)
-        story.Says(Near_Turned(m.Link1Angle, std::atan2(double{m.Link1Y}, double{m.Link1X}) * 180 / M_PI),
-                   "Link1Angle and the place of O4", "Link1Angle " + Word_Of(m.Link1Angle) + " of (" +
-                       Word_Of(m.Link1X) + ", " + Word_Of(m.Link1Y) + ")");
+        story.Says(
+            Near_Turned(m.Link1Angle, std::atan2(double{m.Link1Y}, double{m.Link1X}) * 180 / M_PI),
+            "Link1Angle and the place of O4",
+            "Link1Angle " + Word_Of(m.Link1Angle) + " of (" + Word_Of(m.Link1X) + ", " + Word_Of(m.Link1Y) + ")");
     story.Equal(m.Link1AngleRad, m.Link1Angle * kDegToRad, 7, "Link1Angle in radians");
     story.Says(Near_Turned(m.Delta, m.DeltaRad * kRadToDeg), "Delta in radians",
                "Delta " + Word_Of(m.Delta) + ", in radians " + Word_Of(m.DeltaRad));
@@ -185,7 +186,8 @@ void Check_Drive(Story& story) {
 
 /// While results count, derived values follow the primary ones, to the precision of a stored number.
 /// Except: steps are counted in radians, so that a half of a step may be rounded either way.
-Found Record_Tells_One_Story() {
+Found Record_Tells_One_Story(const Aside& aside) {
+    aside.Again();
     if (!Model.Calculated) return {};
     Story story;
     Check_Links(story);

@@ -5,7 +5,6 @@
 #include <cctype>
 
 #include "tests/walk/users.h"
-#include "tests/walk/walk_desktop.h"
 
 namespace verlink::walk {
 
@@ -29,25 +28,21 @@ std::string Test_Name(const Finding& finding) {
 
 }  // namespace
 
-Found Repeat(const std::vector<Action>& actions, const Places& places, const std::set<std::string>& without) {
+Found Repeat(const std::vector<Action>& actions, const Trial& trial) {
     Counts counts;
     Repeating_User user(actions);
-    Walker walker(user, places, counts);
-    walker.Leave_Out(without);
-    Walk_Once(walker, places);
+    Walker walker(user, trial.places, counts);
+    walker.Leave_Out(trial.without);
+    trial.stage(walker, trial.places);
     return walker.Outcome();
 }
 
-std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding, const Places& places,
-                            const std::set<std::string>& without, int repetitions) {
-    const auto still = [&](const std::vector<Action>& fewer) {
-        if (repetitions-- <= 0) return false;
-        const Found found = Repeat(fewer, places, without);
-        return found && Same_Kind(*found, finding);
-    };
-    for (std::size_t part = std::max<std::size_t>(actions.size() / 2, 1); repetitions > 0;) {
+std::vector<Action> Fewest(std::vector<Action> actions, const std::function<bool(const std::vector<Action>&)>& holds,
+                           int tries) {
+    const auto still = [&](const std::vector<Action>& fewer) { return tries-- > 0 && holds(fewer); };
+    for (std::size_t part = std::max<std::size_t>(actions.size() / 2, 1); tries > 0;) {
         bool shorter = false;
-        for (std::size_t from = 0; from < actions.size() && repetitions > 0;) {
+        for (std::size_t from = 0; from < actions.size() && tries > 0;) {
             const std::vector<Action> fewer = Without(actions, from, part);
             if (still(fewer)) {
                 actions = fewer;
@@ -61,7 +56,6 @@ std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding,
         else if (!shorter)
             break;
     }
-    // Answers that need not be given.
     for (Action& action : actions) {
         const std::vector<Reply> replies = action.replies;
         if (replies.empty()) continue;
@@ -71,8 +65,16 @@ std::vector<Action> Shorten(std::vector<Action> actions, const Finding& finding,
     return actions;
 }
 
+std::vector<Action> Shorten(const std::vector<Action>& actions, const Finding& finding, const Trial& trial) {
+    return Fewest(actions, [&](const std::vector<Action>& fewer) {
+        const Found found = Repeat(fewer, trial);
+        return found && Same_Kind(*found, finding);
+    });
+}
+
 std::string Test_Of(const std::vector<Action>& actions, const Finding& finding) {
-    std::string test = "TEST(WalkFound, " + Test_Name(finding) + ") {\n    // " + finding.told + "\n    Expect_Sound({\n";
+    std::string test =
+        "TEST(WalkFound, " + Test_Name(finding) + ") {\n    // " + finding.told + "\n    Expect_Sound({\n";
     for (const Action& action : actions) test += "        " + Line_Of(action) + ",\n";
     return test + "    });\n}\n";
 }

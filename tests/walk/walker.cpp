@@ -15,8 +15,6 @@ using namespace platform;
 
 namespace {
 
-/// One trial of the files in so many of the others: it is the dearest.
-constexpr int kFilesEvery = 6;
 /// From any screen home, the way out again where one led into another screen included.
 constexpr int kWayHome = 24;
 
@@ -122,8 +120,12 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     pending_.Note(top, action);
     // Pressing a button leaves the box that is being typed into, and takes it over.
     if (action.looks && !look_ && (action.deed == Deed::kPick || !pending_.Any_In_Hand(top)))
-        look_ = {top.Name(), Line_Of(action), Record_Words(), Screen_Words(top),
-                 std::make_unique<RunResults>(Model.RunTable), Model.NSteps};
+        look_ = {top.Name(),
+                 Line_Of(action),
+                 Record_Words(),
+                 Screen_Words(top),
+                 std::make_unique<RunResults>(Model.RunTable),
+                 Model.NSteps};
     try {
         // As a desktop does, under the name of the control.
         const Control* control = top.Find(action.control, action.index);
@@ -200,36 +202,37 @@ void Walker::Rest(Screen& top) {
 
 bool Walker::Changed() {
     Words words = Record_Words();
-    const bool same_table =
-        tried_table_ && std::memcmp(tried_table_.get(), &Model.RunTable, sizeof(RunResults)) == 0;
-    if (same_table && words == tried_) return false;
+    const bool same_table = tried_table_ && std::memcmp(tried_table_.get(), &Model.RunTable, sizeof(RunResults)) == 0;
+    const bool same_transform = std::memcmp(&tried_transform_.FFTResult, &Model.FFTResult, sizeof Model.FFTResult) == 0;
+    if (same_table && same_transform && words == tried_) return false;
+    tried_transform_.FFTResult = Model.FFTResult;
     tried_ = std::move(words);
-    tried_table_ = std::make_unique<RunResults>(Model.RunTable);
+    if (tried_table_)
+        *tried_table_ = Model.RunTable;
+    else
+        tried_table_ = std::make_unique<RunResults>(Model.RunTable);
     return true;
 }
 
 void Walker::Check_Trials(Screen& top) {
+    const bool calculated = Model.Calculated, forces = Model.DynamicsDone, balance = Model.BalanceDone;
+    const bool transform = Model.FFTDone && transformed_;
+    if (!calculated && !forces && !balance && !transform && !Is_Read_Back(top)) return;
     const Aside aside;
     if (Broken("read back", [&] { return Reading_Back_Changes_Nothing(aside, top, pending_); })) return;
-    aside.Again();
-    if (!Model.Calculated && !Model.DynamicsDone && !Model.BalanceDone && !Model.FFTDone) return;
-    if (Model.Calculated) {
+    if (calculated) {
         if (Broken("Calculated", [&] { return Motion_Is_Of_The_Model(aside, run_aborted_); })) return;
-        aside.Again();
-        if (Broken("one story", [&] { return Record_Tells_One_Story(); })) return;
-        if (trials_++ % kFilesEvery == 0 && Broken("files", [&] { return Saved_And_Opened_Is_The_Same(aside); })) return;
-        aside.Again();
+        if (Broken("one story", [&] { return Record_Tells_One_Story(aside); })) return;
+        if (trials_++ % files_every_ == 0 && Broken("files", [&] { return Saved_And_Opened_Is_The_Same(aside); }))
+            return;
     }
-    if (Model.DynamicsDone && Broken("DynamicsDone", [&] { return Forces_Are_Of_The_Model(aside); })) return;
-    aside.Again();
-    if (Model.BalanceDone && Broken("BalanceDone", [&] { return Balance_Is_Of_The_Model(aside); })) return;
-    aside.Again();
-    if (Model.FFTDone && transformed_)
-        Broken("FFTDone", [&] { return Transform_Is_Of_The_Model(aside, *transformed_); });
+    if (forces && Broken("DynamicsDone", [&] { return Forces_Are_Of_The_Model(aside); })) return;
+    if (balance && Broken("BalanceDone", [&] { return Balance_Is_Of_The_Model(aside); })) return;
+    if (transform) Broken("FFTDone", [&] { return Transform_Is_Of_The_Model(aside, *transformed_); });
 }
 
 void Walker::Note_Transform(const Screen& top) {
-    if (top.Name() == "frm_FFT" && Model.FFTDone) transformed_ = Transformed{Model, Model.Harmonics};
+    if (top.Name() == "frm_FFT" && Model.FFTDone) transformed_ = Transformed{Model};
 }
 
 /// Having looked, the user finds record, table, flags and boxes as before.

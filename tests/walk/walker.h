@@ -28,7 +28,8 @@ class User {
     /// leads back.
     virtual std::optional<Action> Next(platform::Screen& top, bool looking) = 0;
     /// What is said within an action; `given` are its replies so far.
-    virtual Reply To_Message(const platform::Message& message, const Action& action, const std::vector<Reply>& given) = 0;
+    virtual Reply To_Message(const platform::Message& message, const Action& action,
+                             const std::vector<Reply>& given) = 0;
     virtual Reply To_File(const platform::FileDialog& dialog, bool save, const Action& action,
                           const std::vector<Reply>& given) = 0;
     virtual Reply To_Printer(const Action& action, const std::vector<Reply>& given) = 0;
@@ -38,9 +39,8 @@ class User {
 struct Counts {
     long walks = 0;
     long actions = 0;
-    std::map<std::string, long> checks;    ///< by rule
-    std::map<std::string, long> screens;   ///< actions by screen
-    std::map<std::string, long> findings;  ///< by rule
+    std::map<std::string, long> checks;   ///< by rule
+    std::map<std::string, long> screens;  ///< actions by screen
 };
 
 /// The answer that changes least.
@@ -61,6 +61,8 @@ class Walker {
 
     /// Each action is written there before it is done, for walks that end in a crash.
     void Log_To(std::FILE* log) { log_ = log; }
+    /// The files are tried at one change of the record in so many, since that takes longest.
+    void Try_Files_Every(int changes) { files_every_ = changes; }
     /// These rules are not asked: for finding what lies behind what is known.
     void Leave_Out(const std::set<std::string>& rules) { without_ = rules; }
 
@@ -69,8 +71,8 @@ class Walker {
 
    private:
     struct Frame {
-        std::size_t place;          ///< in `done_`
-        Action action;              ///< as it was given
+        std::size_t place;  ///< in `done_`
+        Action action;      ///< as it was given
         std::vector<Told> told;
         std::string screen_before;
     };
@@ -116,7 +118,9 @@ class Walker {
     Words tried_;
     std::string tried_screen_;
     std::unique_ptr<RunResults> tried_table_;
+    Transform tried_transform_;
     int trials_ = 0;
+    int files_every_ = 6;
 };
 
 }  // namespace verlink::walk

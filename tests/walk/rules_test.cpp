@@ -1,0 +1,165 @@
+// Each rule notices what it is there for, and nothing where nothing is.
+#include "core/linkage_model.h"
+#include "tests/walk/walk_fixture.h"
+
+namespace verlink::walk {
+namespace {
+
+using namespace platform;
+
+const std::vector<Action> kCalculated = {Press("frm_HomeScreen", "cmd_Input"), Press("frm_Inputnew", "cmd_Calc")};
+const Action kStay = Go("frm_Inputnew", "txt_Figure");
+
+std::vector<Action> Then(std::vector<Action> before, const std::vector<Action>& more) {
+    before.insert(before.end(), more.begin(), more.end());
+    return before;
+}
+
+const std::vector<Action> kAtHome = Then(kCalculated, {Press("frm_Inputnew", "cmd_Cancel")});
+const std::vector<Action> kSolved =
+    Then(kAtHome, {Press("frm_HomeScreen", "cmd_Dynamics"), Press("frm_MassProp", "cmd_Solve")});
+const std::vector<Action> kBalanced =
+    Then(kAtHome, {Press("frm_HomeScreen", "cmd_Balance"), Press("frm_Balance", "cmd_Calc")});
+const std::vector<Action> kTransformed =
+    Then(kAtHome, {Pick("frm_HomeScreen", "mnu_CalcFFT"), Item("frm_FFT", "cmb_Var1", kNoIndex, 6)});
+
+/// The rule that is broken; empty when none is.
+std::string Broken_Rule(const std::vector<Action>& before, const std::function<void(Screen&)>& plant,
+                        const Action& after) {
+    const Places places;
+    Counts counts;
+    Planting_User user(before, plant, after);
+    Walker walker(user, places, counts);
+    walker.Try_Files_Every(1);
+    Walk_Once(walker, places);
+    EXPECT_GE(walker.Done().size(), before.size()) << "the way to the screen is not possible";
+    return walker.Outcome() ? walker.Outcome()->rule : "";
+}
+
+void Nothing(Screen&) {}
+
+TEST(WalkRules, Nothing_is_found_where_nothing_is) {
+    EXPECT_EQ(Broken_Rule(kCalculated, Nothing, kStay), "");
+    EXPECT_EQ(Broken_Rule(kSolved, Nothing, Go("frm_MassProp", "cmd_Solve")), "");
+    EXPECT_EQ(Broken_Rule(kBalanced, Nothing, Go("frm_Balance", "cmd_Calc")), "");
+    EXPECT_EQ(Broken_Rule(kTransformed, Nothing, Go("frm_FFT", "cmd_Calc")), "");
+}
+
+TEST(WalkRules, A_run_that_is_not_of_the_model) {
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated, [](Screen&) { Model.RunTable.PointXY(3, 0, 0) = 7; }, kStay),
+              "Calculated");
+}
+
+TEST(WalkRules, A_derived_value_that_does_not_follow) {
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated, [](Screen&) { Model.CircuitName = "Crossed"; }, kStay),
+              "one story");
+}
+
+TEST(WalkRules, A_box_that_shows_another_number) {
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated, [](Screen& top) { top.Text("txt_Linkout", 1).Text = "9"; }, kStay),
+              "boxes");
+}
+
+TEST(WalkRules, An_option_that_shows_another_choice) {
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated, [](Screen&) { Model.PolarCoords = true; }, kStay),
+              "boxes");
+}
+
+TEST(WalkRules, A_box_that_is_read_back_as_another_number) {
+    EXPECT_EQ(Broken_Rule(
+                  kAtHome,
+                  [](Screen&) {
+                      Model.LinkMass(3) = 1234.5;
+                      Model.DecMass = 1;
+                  },
+                  Press("frm_HomeScreen", "cmd_Dynamics")),
+              "")
+        << "a mark between thousands is none of the number";
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated,
+                  [](Screen& top) {
+                      Model.L3 = 1234.5;
+                      Model.LinkArray(3) = 1234.5;
+                      top.Text("txt_Linkout", 2).Text = "1,234.500";
+                  },
+                  kStay),
+              "read back");
+}
+
+TEST(WalkRules, A_field_that_is_not_saved_as_it_is) {
+    EXPECT_EQ(Broken_Rule(
+                  kAtHome, [](Screen&) { Model.FileVersion = "x"; }, Go("frm_HomeScreen", "cmd_Input")),
+              "files");
+}
+
+TEST(WalkRules, Results_that_are_not_of_the_model) {
+    EXPECT_EQ(Broken_Rule(
+                  kSolved, [](Screen&) { Model.RunTable.PinForce(2, 1, 0) += 1; }, Go("frm_MassProp", "cmd_Solve")),
+              "DynamicsDone");
+    EXPECT_EQ(Broken_Rule(
+                  kBalanced, [](Screen&) { Model.RunTable.BerkTorque(2, 1) += 1; }, Go("frm_Balance", "cmd_Calc")),
+              "BalanceDone");
+    EXPECT_EQ(Broken_Rule(
+                  kTransformed, [](Screen&) { Model.FFTResult(1, 0) += 1; }, Go("frm_FFT", "cmd_Calc")),
+              "FFTDone");
+}
+
+TEST(WalkRules, Something_that_looking_has_changed) {
+    const std::vector<Action> looks = Then(kAtHome, {Pick("frm_HomeScreen", "mnu_About").Looks()});
+    EXPECT_EQ(Broken_Rule(looks, Nothing, Click("frm_About").Looks()), "");
+    EXPECT_EQ(Broken_Rule(
+                  looks, [](Screen&) { Model.TimeEnd = 17; }, Click("frm_About").Looks()),
+              "looking");
+    EXPECT_EQ(Broken_Rule(
+                  looks, [](Screen&) { Model.RunTable.Theta(1, 1) += 1; }, Click("frm_About").Looks()),
+              "looking");
+    EXPECT_EQ(Broken_Rule(
+                  looks, [](Screen&) { Screens::Get("frm_HomeScreen").Get<Label>("lbl_Name").Caption = "?"; },
+                  Click("frm_About").Looks()),
+              "looking");
+}
+
+TEST(WalkRules, A_screen_that_cannot_be_left) {
+    EXPECT_EQ(Broken_Rule(
+                  kCalculated,
+                  [](Screen& top) {
+                      for (const char* way : {"cmd_Cancel", "cmd_Done"}) top.Get<CommandButton>(way).Enabled = false;
+                  },
+                  kStay),
+              "ways home");
+}
+
+TEST(WalkRules, A_number_that_is_none_in_what_is_told_or_drawn) {
+    EXPECT_EQ(Broken_Rule(
+                  kAtHome, [](Screen& top) { top.Get<Label>("lbl_Status", 10).Caption = "it is nan"; },
+                  Go("frm_HomeScreen", "cmd_Input")),
+              "finite");
+}
+
+std::vector<Told> Said(const std::vector<std::string>& texts, Answer answer = Answer::kOk) {
+    std::vector<Told> told;
+    for (const std::string& text : texts) told.push_back({{.text = text}, answer});
+    return told;
+}
+
+TEST(WalkRules, A_message_that_comes_again_and_again) {
+    EXPECT_FALSE(Messages_Are_Few(Said({"a", "a", "a"})));
+    EXPECT_FALSE(Messages_Are_Few(Said({"a", "a", "b", "a", "a"})));
+    EXPECT_TRUE(Messages_Are_Few(Said({"b", "a", "a", "a", "a"})));
+    EXPECT_TRUE(Messages_Are_Few(Said({"at 1", "at 2", "at 3", "at 4"}))) << "another number is no other message";
+    EXPECT_FALSE(Messages_Are_Few(Said({"at 1", "at 2", "at 3", "at 4"}, Answer::kRetry))) << "asked for";
+}
+
+TEST(WalkRules, A_failure_that_nobody_knows) {
+    EXPECT_FALSE(Failures_Are_Known(Said({"Error 53   (File not found)  has occurred in Anything\r\n\r\nhelp"})));
+    EXPECT_FALSE(Failures_Are_Known(Said({"Error in Computing Simultaneous Equations at step    1"})));
+    EXPECT_TRUE(Failures_Are_Known(Said({"Error 5   (Invalid procedure call)  has occurred in Drawone\r\n\r\n"})));
+    EXPECT_TRUE(Failures_Are_Known(Said({"Error 62   (Input past end of file)  has occurred in Drawone\r\n"})));
+}
+
+}  // namespace
+}  // namespace verlink::walk
