@@ -9,6 +9,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/panels.h"
 #include "output/plot_windows.h"
 #include "output/selection.h"
@@ -101,16 +102,13 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
             return;
         }
         const std::string name = selectionScreen.Get<Label>("lbl_Function", 0).Caption;
-        std::string unit = Model.UnitLabel(Model.FuncGroup(1));
+        const std::string unit = Model.UnitLabel(Model.FuncGroup(1));
         std::string line1, line2, time, step, lead;
         Table_Titles(line1, line2, time, step, lead);
         Put(screen, "lbl_Header2", "Linkage " + name + "  -  " + unit);
         Put(screen, "lbl_Header3", line2);
         Model.PlotSlot = 1;
         Put(screen, "pnl_LeftTitle", name);
-        // Components count from 0, so that this never holds.
-        constexpr int kNeverAComponent = 4;
-        if (Model.FuncComponent(1) == kNeverAComponent) unit = "Deg";
         Put(screen, "pnl_PlotUnits", unit);
 
         Fill_Tips();
@@ -141,15 +139,10 @@ void MyPolarStep(Screen& screen, Integer step) {
             if (Model.PolarMode == kEnvelope || Model.PolarMode == kBoth)
                 Draw_Path(surface, step > 0 ? step - 1 : 0, step);
         }
-        if (Model.Calctype == 3) {
-            Put(screen, "lbl_StepLabel", "Theta2");
-            Put(screen, "lbl_StepUnit", "deg");
-            Put(screen, "lbl_StepNumber", FNRoundStr(Model.RunTable.Theta(step, 0), 1));
-        } else {
-            Put(screen, "lbl_StepLabel", "Time");
-            Put(screen, "lbl_StepUnit", "sec");
-            Put(screen, "lbl_StepNumber", FNRoundStr(step * Model.TimeStep + Model.TimeStart, 2));
-        }
+        const bool by_angle = Output_Axis() == Axis::kAngle;
+        Put(screen, "lbl_StepLabel", by_angle ? "Theta2" : "Time");
+        Put(screen, "lbl_StepUnit", by_angle ? "deg" : "sec");
+        Put(screen, "lbl_StepNumber", Point_Text(step, by_angle ? 1 : 2));
         constexpr int kDecimals = 3;
         Single mag, ang;
         Cart_to_Polar(Model.PolarX(step), Model.PolarY(step), mag, ang);
