@@ -11,6 +11,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/panels.h"
 #include "output/plot_windows.h"
 #include "output/selection.h"
@@ -29,44 +30,35 @@ using platform::Screen;
 
 namespace {
 
-/// The last index of what is plotted.
-int Last_Point() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }
-
-bool By_Time() { return Model.Calctype == 2 || Model.Calctype == 4 || Model.Calctype == 5; }
-
 std::string Caption_Of(Screen& screen, const char* name, int index) { return screen.Get<Label>(name, index).Caption; }
 
 void Put(Screen& screen, const char* name, int index, const std::string& text) {
     platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
 }
 
-/// What stands below the x axis; one position has nothing there.
+/// What stands below the x axis.
 std::string Bottom_Title() {
-    if (By_Time()) return "Time (Sec)";
-    if (Model.Calctype == 3) return Model.FFTFunction ? "Harmonic Number" : "Crank Angle (Deg)";
-    return "";
+    switch (Output_Axis()) {
+        case Axis::kHarmonic: return "Harmonic Number";
+        case Axis::kAngle: return "Crank Angle (Deg)";
+        default: return "Time (Sec)";
+    }
 }
 
 void Show_Initial_Frame(Screen& screen) {
     platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
 }
 
-/// The unit in a graph. Components count from 0, so that an angle keeps the unit of its variable.
-std::string Graph_Unit(int slot) {
-    constexpr int kNeverAComponent = 4;
-    if (Model.FuncComponent(slot) == kNeverAComponent) return "Deg";
-    return Model.FFTFunction ? "" : Model.UnitLabel(Model.FuncGroup(slot));
+/// The unit in a graph of several functions and in a window of the aligned style, which have none for a transform.
+std::string Unit_Of(int slot) {
+    const std::string unit = Slot_Unit(slot, "Deg");
+    return Model.FFTFunction && unit != "Deg" ? "" : unit;
 }
 
-/// The labels of the points 0 to last; `harmonics` for plain numbers.
-std::vector<std::string> Point_Labels(int last, bool harmonics) {
+std::vector<std::string> Point_Labels() {
+    const int decimals = Output_Axis() == Axis::kAngle ? 0 : 2;
     std::vector<std::string> labels;
-    for (int i = 0; i <= last; ++i) {
-        if (Model.Calctype == 3)
-            labels.push_back(harmonics ? Text_Of(i) : FNRoundStr(Model.RunTable.Theta(i, 0), 0));
-        else
-            labels.push_back(FNRoundStr(i * Model.TimeStep + Model.TimeStart, 2));
-    }
+    for (int i = 0; i <= Last_Point(); ++i) labels.push_back(Point_Text(i, decimals));
     return labels;
 }
 
@@ -124,10 +116,7 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
     const std::string name = Caption_Of(selectionScreen, "lbl_Function", i);
     Put(screen, "pnl_LeftTitle", i, name);
     Put(screen, "pnl_Comp", i, Caption_Of(selectionScreen, "lbl_Component", i));
-    constexpr int kAngle = 3;
-    std::string unit = Model.FFTFunction ? "" : Model.UnitLabel(Model.FuncGroup(slot));
-    if (Model.FuncComponent(slot) == kAngle) unit = "Deg";
-    Put(screen, "pnl_PlotUnits", i, unit);
+    Put(screen, "pnl_PlotUnits", i, Unit_Of(slot));
 
     StepArray<Single> values;
     for (int j = 0; j <= last; ++j) Transform_XY(j, slot, values(j));
@@ -165,13 +154,9 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
 }  // namespace
 
 void Set_Up_Axes(Graph& graph) {
-    if (By_Time()) {
-        graph.TickEvery = 5;
-        graph.LabelEvery = 10;
-    } else if (Model.Calctype == 3) {
-        graph.TickEvery = Model.FFTFunction ? 1 : 6;
-        graph.LabelEvery = Model.FFTFunction ? 2 : 12;
-    }
+    const Axis axis = Output_Axis();
+    graph.TickEvery = axis == Axis::kHarmonic ? 1 : axis == Axis::kAngle ? 6 : 5;
+    graph.LabelEvery = 2 * graph.TickEvery;
     graph.BottomTitle = Bottom_Title();
     graph.FontUse = 4;
     graph.FontSize = 90;
@@ -206,16 +191,15 @@ void Plot_Setup(Screen& screen, int windows) {
 void MultiPlot(Screen& screen, Screen& selectionScreen, int window) {
     Guarded("MultiPlot", [&] {
         Graph& graph = screen.Get<Graph>("grf_Plot", window);
-        // The length of the run, for a transform as well.
-        const std::vector<std::string> labels = Point_Labels(Model.NSteps, false);
+        const std::vector<std::string> labels = Point_Labels();
         for (int slot = 1; slot <= Model.PlotCount; ++slot) {
             Model.PlotSlot = slot;
-            graph.SetNumPoints(Model.NSteps + 1);
+            graph.SetNumPoints(Last_Point() + 1);
             graph.ThisSet = slot;
             graph.PatternedLines = 1;
             graph.SetPatternData(slot - 1);
             graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Function", slot - 1) + " " +
-                                Caption_Of(selectionScreen, "lbl_Component", slot - 1) + " " + Graph_Unit(slot));
+                                Caption_Of(selectionScreen, "lbl_Component", slot - 1) + " " + Unit_Of(slot));
             Put_Points(graph, slot, labels);
         }
         graph.Draw();
@@ -224,7 +208,7 @@ void MultiPlot(Screen& screen, Screen& selectionScreen, int window) {
 
 void Plot(Screen& screen, Screen& selectionScreen, int windows) {
     Guarded("Plot", [&] {
-        const std::vector<std::string> labels = Point_Labels(Last_Point(), Model.FFTFunction);
+        const std::vector<std::string> labels = Point_Labels();
         for (int i = 0; i < windows; ++i) {
             Graph& graph = screen.Get<Graph>("grf_Plot", i);
             const int slot = i + 1;
@@ -233,8 +217,7 @@ void Plot(Screen& screen, Screen& selectionScreen, int windows) {
             graph.SetPatternData(0);
             graph.ThickLines = 0;
             Model.PlotSlot = slot;
-            const std::string unit = Model.FFTFunction ? Model.FFTUnitLabel : Graph_Unit(slot);
-            graph.GraphTitle = Caption_Of(selectionScreen, "lbl_Function", i) + "  (" + unit + ")";
+            graph.GraphTitle = Caption_Of(selectionScreen, "lbl_Function", i) + "  (" + Slot_Unit(slot, "Deg") + ")";
             graph.SetLegendText(Caption_Of(selectionScreen, "lbl_Component", i));
             Put_Points(graph, slot, labels);
             graph.Draw();

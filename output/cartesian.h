@@ -12,7 +12,7 @@ namespace verlink {
 void Plot_Setup(platform::Screen& screen, int windows);
 /// Ticks, labels, fonts and the title of the x axis of one graph, by the run.
 void Set_Up_Axes(platform::Graph& graph);
-/// All functions in one graph, over the steps of the run, a transform as well.
+/// All functions in one graph, over the steps of the run or the harmonics of a transform.
 void MultiPlot(platform::Screen& screen, platform::Screen& selectionScreen, int window = 0);
 /// One function in each graph, over the steps of the run or the harmonics of a transform.
 void Plot(platform::Screen& screen, platform::Screen& selectionScreen, int windows);

@@ -9,6 +9,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/panels.h"
 #include "output/plot_windows.h"
 #include "output/selection.h"
@@ -19,6 +20,7 @@
 namespace verlink {
 
 using platform::CheckBox;
+using platform::Color;
 using platform::Frame;
 using platform::kNoIndex;
 using platform::Label;
@@ -37,37 +39,36 @@ void Put(Screen& screen, const char* name, const std::string& text, int index = 
 
 Surface& Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
 
-void Draw_Vector(Surface& surface, int step) {
-    surface.PSet(0, 0, Model.ColorBlue);
-    surface.LineTo(Model.PolarX(step), Model.PolarY(step), Model.ColorBlue);
+void Draw_Vector(Surface& surface, const OutputSettings& plot, Color color, int step) {
+    surface.PSet(0, 0, color);
+    surface.LineTo(plot.PolarX(step), plot.PolarY(step), color);
 }
 
 /// The path of the tip from one step to another.
-void Draw_Path(Surface& surface, int first, int last) {
-    surface.PSet(Model.PolarX(first), Model.PolarY(first), Model.ColorBlue);
-    for (int i = first + 1; i <= last; ++i) surface.LineTo(Model.PolarX(i), Model.PolarY(i), Model.ColorBlue);
+void Draw_Path(Surface& surface, const OutputSettings& plot, Color color, int first, int last) {
+    surface.PSet(plot.PolarX(first), plot.PolarY(first), color);
+    for (int i = first + 1; i <= last; ++i) surface.LineTo(plot.PolarX(i), plot.PolarY(i), color);
 }
 
-void Draw_Grid(Screen& screen) {
-    PolarAxes(screen, 0, Model.PlotYmax);
-    PolarTicmarks(screen, 0, Model.PlotYmax, kTics);
+void Draw_Grid(Screen& screen, const OutputSettings& plot) {
+    PolarAxes(screen, 0, plot.PlotYmax);
+    PolarTicmarks(screen, 0, plot.PlotYmax, kTics);
 }
 
-void Draw_By_Mode(Screen& screen) {
-    Surface& surface = Canvas(screen);
-    if (Model.PolarMode == kVectors || Model.PolarMode == kBoth)
-        for (int i = 0; i <= Model.NSteps; ++i) Draw_Vector(surface, i);
-    if (Model.PolarMode == kEnvelope || Model.PolarMode == kBoth) Draw_Path(surface, 0, Model.NSteps);
-    if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), Model.ColorBlue);
+/// The vectors and the path, by the mode, from one step to another.
+void Draw_By_Mode(Surface& surface, const OutputSettings& plot, Color color, int first, int last) {
+    if (plot.PolarMode != kEnvelope)
+        for (int i = first; i <= last; ++i) Draw_Vector(surface, plot, color, i);
+    if (plot.PolarMode != kVectors) Draw_Path(surface, plot, color, first, last);
 }
 
-/// The tips of the vectors of slot 1. A function that has no vector leaves magnitude and angle as they are.
-void Fill_Tips() {
+/// The tips of the vectors of a slot. A function that has no vector leaves magnitude and angle as they are.
+void Fill_Tips(OutputSettings& plot, int last, int slot) {
     Single mag, ang;
-    for (int i = 0; i <= Model.NSteps; ++i) {
-        Select_PolarVariable(i, Model.PlotSlot, mag, ang);
-        Model.PolarX(i) = mag * std::cos(ang * kDegToRad);
-        Model.PolarY(i) = mag * std::sin(ang * kDegToRad);
+    for (int i = 0; i <= last; ++i) {
+        Select_PolarVariable(i, slot, mag, ang);
+        plot.PolarX(i) = mag * std::cos(ang * kDegToRad);
+        plot.PolarY(i) = mag * std::sin(ang * kDegToRad);
     }
 }
 
@@ -101,25 +102,24 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
             return;
         }
         const std::string name = selectionScreen.Get<Label>("lbl_Function", 0).Caption;
-        std::string unit = Model.UnitLabel(Model.FuncGroup(1));
+        const std::string unit = Model.UnitLabel(Model.FuncGroup(1));
         std::string line1, line2, time, step, lead;
         Table_Titles(line1, line2, time, step, lead);
         Put(screen, "lbl_Header2", "Linkage " + name + "  -  " + unit);
         Put(screen, "lbl_Header3", line2);
         Model.PlotSlot = 1;
         Put(screen, "pnl_LeftTitle", name);
-        // Components count from 0, so that this never holds.
-        constexpr int kNeverAComponent = 4;
-        if (Model.FuncComponent(1) == kNeverAComponent) unit = "Deg";
         Put(screen, "pnl_PlotUnits", unit);
 
-        Fill_Tips();
+        Fill_Tips(Model, Model.NSteps, Model.PlotSlot);
         GlobalMax([](int i) { return Model.PolarX(i); }, [](int i) { return Model.PolarY(i); }, 0, Model.NSteps,
                   Model.PlotYmax);
         SetPolarWindow(screen, 0, Model.PlotYmax, name, Model.PlotMid);
         if (!Model.WindowFailed) {
-            Draw_Grid(screen);
-            Draw_By_Mode(screen);
+            Draw_Grid(screen, Model);
+            Surface& surface = Canvas(screen);
+            Draw_By_Mode(surface, Model, Model.ColorBlue, 0, Model.NSteps);
+            if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), Model.ColorBlue);
         }
         const int d = Decimals_Of(Model.PlotYmax);
         const std::string most = FNRoundStr(Model.PlotYmax, d);
@@ -136,20 +136,14 @@ void MyPolarStep(Screen& screen, Integer step) {
         Surface& surface = Canvas(screen);
         surface.Cls();
         if (!Model.WindowFailed) {
-            Draw_Grid(screen);
-            if (Model.PolarMode == kVectors || Model.PolarMode == kBoth) Draw_Vector(surface, step);
-            if (Model.PolarMode == kEnvelope || Model.PolarMode == kBoth)
-                Draw_Path(surface, step > 0 ? step - 1 : 0, step);
+            Draw_Grid(screen, Model);
+            if (Model.PolarMode != kEnvelope) Draw_Vector(surface, Model, Model.ColorBlue, step);
+            if (Model.PolarMode != kVectors) Draw_Path(surface, Model, Model.ColorBlue, step > 0 ? step - 1 : 0, step);
         }
-        if (Model.Calctype == 3) {
-            Put(screen, "lbl_StepLabel", "Theta2");
-            Put(screen, "lbl_StepUnit", "deg");
-            Put(screen, "lbl_StepNumber", FNRoundStr(Model.RunTable.Theta(step, 0), 1));
-        } else {
-            Put(screen, "lbl_StepLabel", "Time");
-            Put(screen, "lbl_StepUnit", "sec");
-            Put(screen, "lbl_StepNumber", FNRoundStr(step * Model.TimeStep + Model.TimeStart, 2));
-        }
+        const bool by_angle = Output_Axis() == Axis::kAngle;
+        Put(screen, "lbl_StepLabel", by_angle ? "Theta2" : "Time");
+        Put(screen, "lbl_StepUnit", by_angle ? "deg" : "sec");
+        Put(screen, "lbl_StepNumber", Point_Text(step, by_angle ? 1 : 2));
         constexpr int kDecimals = 3;
         Single mag, ang;
         Cart_to_Polar(Model.PolarX(step), Model.PolarY(step), mag, ang);

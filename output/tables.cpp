@@ -12,6 +12,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/panels.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
@@ -49,14 +50,10 @@ std::string Chosen(const char* labels, int slot) {
     return caption;
 }
 
-bool Is_Angle(int slot) { return Chosen("lbl_Component", slot) == "Ang"; }
-
 std::string Shown(Single value) { return FNRoundStr(value, Model.DecimalPlaces); }
 
-/// The lead cell of a step: time, or crank angle.
-std::string Lead_Of(int step) {
-    return Model.Calctype == 3 ? Shown(Model.RunTable.Theta(step, 0)) : Shown(step * Model.TimeStep + Model.TimeStart);
-}
+/// The lead cell of a row: time, crank angle or harmonic.
+std::string Lead_Of(int row) { return Point_Text(row, Model.DecimalPlaces); }
 
 /// Steps 0 to last by `PrintStep`; failure 5 for an increment that leads nowhere.
 template <class Action>
@@ -65,17 +62,9 @@ void For_Each_Printed_Step(int last, Action action) {
     for (int i = 0; i <= last; i += Model.PrintStep) action(i);
 }
 
-/// The last index of a table with a row for each harmonic of a transform.
-int Last_Row() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }
-
-/// The unit of a column.
-std::string Unit_Of(int slot) {
-    if (Is_Angle(slot)) return "deg";
-    return Model.FFTFunction ? Model.FFTUnitLabel : Model.UnitLabel(Model.FuncGroup(slot));
-}
-
 std::string Value_At(int step, int slot) {
     Single value;
+    Model.PlotSlot = slot;
     Transform_XY(step, slot, value);
     return Shown(value);
 }
@@ -88,9 +77,10 @@ void Fill_Titles(Grid& grid) {
     struct Words {
         const char *first, *second, *third;
     };
-    const Words words = Model.Calctype != 3 ? Words{"Time", "Step", "sec"}
-                        : Model.FFTFunction ? Words{"Harmonic", "Number", ""}
-                                            : Words{"Crank", "Angle", "deg"};
+    const Axis axis = Output_Axis();
+    const Words words = axis == Axis::kHarmonic ? Words{"Harmonic", "Number", ""}
+                        : axis == Axis::kAngle  ? Words{"Crank", "Angle", "deg"}
+                                                : Words{"Time", "Step", "sec"};
     grid.SetCell(0, 0, words.first);
     grid.SetCell(1, 0, words.second);
     grid.SetCell(2, 0, words.third);
@@ -100,7 +90,7 @@ void Fill_Titles(Grid& grid) {
     for (int slot = 1; slot <= Model.PrintCount; ++slot) {
         grid.SetCell(0, slot, Chosen("lbl_Function", slot));
         grid.SetCell(1, slot, Chosen("lbl_Component", slot));
-        grid.SetCell(2, slot, Unit_Of(slot));
+        grid.SetCell(2, slot, Slot_Unit(slot, "deg"));
     }
 }
 
@@ -109,8 +99,10 @@ using Values = Table<Single, 1, 4, kLastStep + 1>;
 
 std::unique_ptr<Values> Values_Of_Run(int last) {
     auto values = std::make_unique<Values>();
-    for (int slot = 1; slot <= Model.PrintCount; ++slot)
+    for (int slot = 1; slot <= Model.PrintCount; ++slot) {
+        Model.PlotSlot = slot;
         for (int i = 0; i <= last; ++i) Transform_XY(i, slot, (*values)(slot, i));
+    }
     return values;
 }
 
@@ -138,21 +130,17 @@ void Table_Titles(std::string& line1, std::string& line2, std::string& time, std
                                            [&](platform::ComboBox& box) { function = box.Text; });
         line2 = "Fourier Transform of  " + function;
     }
-    step = "Step";
-    if (Model.Calctype == 3) {
-        time = "Angle";
-        unit = "Deg";
-    } else {
-        time = "Time";
-        unit = "Sec";
-    }
+    const Axis axis = Output_Axis();
+    time = axis == Axis::kHarmonic ? "Harmonic" : axis == Axis::kAngle ? "Angle" : "Time";
+    step = axis == Axis::kHarmonic ? "Number" : "Step";
+    unit = axis == Axis::kHarmonic ? "" : axis == Axis::kAngle ? "Deg" : "Sec";
 }
 
 void Multiprint(Screen& screen) {
     bool shown = false;
     Guarded("Multiprint", [&] {
         auto& grid = screen.Get<Grid>("grd_Data");
-        const int last = Last_Row();
+        const int last = Last_Point();
         Model.GridCols = Model.PrintCount + 1;
         const double width = std::floor(static_cast<double>(grid.Width) * 0.94);
         const int old_rows = Model.GridRows;
@@ -176,11 +164,10 @@ void Multiprint(Screen& screen) {
 
         grid.SetRows(Model.GridRows);
         Fill_Titles(grid);
-        const bool harmonics = Model.Calctype == 3 && Model.FFTFunction;
         const auto values = Values_Of_Run(last);
         int row = kFirstDataRow;
         For_Each_Printed_Step(last, [&](int i) {
-            grid.SetCell(row, 0, harmonics ? Text_Of(i) : Lead_Of(i));
+            grid.SetCell(row, 0, Lead_Of(i));
             for (int slot = 1; slot <= Model.PrintCount; ++slot) grid.SetCell(row, slot, Shown((*values)(slot, i)));
             ++row;
         });
@@ -225,14 +212,9 @@ void Print_Header() {
         for (int slot = 1; slot <= 4; ++slot) printer.Print(cell(slot)).Zone();
         printer.EndLine();
     };
-    if (Model.FFTFunction) {
-        time = "Harmonic";
-        step = "Number";
-        unit = "";
-    }
     row(time, [](int slot) { return Chosen("lbl_Function", slot); });
     row(step, [](int slot) { return Chosen("lbl_Component", slot); });
-    row(unit, Unit_Of);
+    row(unit, [](int slot) { return Slot_Unit(slot, "deg"); });
     blank(2);
 }
 
@@ -241,13 +223,13 @@ void Print_to_Printer() {
         constexpr int kRowsOfAPage = 60;
         auto& printer = platform::The_Printer();
         int rows = 0;
-        For_Each_Printed_Step(Last_Row(), [&](int i) {
+        For_Each_Printed_Step(Last_Point(), [&](int i) {
             if (rows > 0 && rows % kRowsOfAPage == 0) {
                 printer.EndLine().EndLine();
                 printer.NewPage();
             }
             if (rows++ % kRowsOfAPage == 0) Print_Header();
-            printer.Zone().Print(Model.FFTFunction ? Text_Of(i) : Lead_Of(i)).Zone();
+            printer.Zone().Print(Lead_Of(i)).Zone();
             for (int slot = 1; slot <= Model.PrintCount; ++slot) printer.Print(Value_At(i, slot)).Zone();
             printer.EndLine();
         });
@@ -273,18 +255,17 @@ void File_Header() {
     };
     row(time, [](int slot) { return Chosen("lbl_Function", slot); });
     row(step, [](int slot) { return Chosen("lbl_Component", slot); });
-    // Here an angle has the unit of its variable, unlike in the grid and on paper.
-    row(unit, [](int slot) { return Model.UnitLabel(Model.FuncGroup(slot)); });
+    row(unit, [](int slot) { return Slot_Unit(slot, "deg"); });
     file += CRLF;
 }
 
-void Row_Lead() { Stream() += Lead_Of(Model.LeadStep) + kTab; }
+void Row_Lead(int row) { Stream() += Lead_Of(row) + kTab; }
 
 void Print_to_File() {
     Guarded("Print_to_File", [] {
         File_Header();
-        For_Each_Printed_Step(Model.NSteps, [](int i) {
-            Row_Lead();
+        For_Each_Printed_Step(Last_Point(), [](int i) {
+            Row_Lead(i);
             for (int slot = 1; slot <= Model.PrintCount; ++slot) Stream() += Value_At(i, slot) + kTab;
             Stream() += CRLF;
         });

@@ -22,7 +22,7 @@ void Print_Header();
 /// The data file's content goes to the stream opened by `Open_Data_File`.
 void Print_to_File();
 void File_Header();
-void Row_Lead();
+void Row_Lead(int row);
 
 /// File number 1: what is written until `Close_Data_File` goes to that path as a whole, then.
 void Open_Data_File(const std::string& path);

@@ -42,12 +42,13 @@ double Phase_Of(double re, double im) {
 
 void Do_DFT(Integer& N) {
     Guarded("Do_DFT", [&] {
-        auto& table = Model.DFTTable;
-        Model.HalfSamples = std::floor(N / 2.0 + 0.5);
+        Transform& transform = Model;
+        auto& table = transform.DFTTable;
+        transform.HalfSamples = std::floor(N / 2.0 + 0.5);
         for (int i = 0; i <= N; ++i)
             for (int row = 0; row <= 3; ++row) table(i, row) = 0;
-        Model.DFTSmall = 0.00001;
-        const double small = Model.DFTSmall;
+        transform.DFTSmall = 0.00001;
+        const double small = transform.DFTSmall;
 
         static Samples x, angles, sines, cosines;
         for (int i = 0; i <= N; ++i) {
@@ -79,12 +80,12 @@ void Do_DFT(Integer& N) {
         }
 
         for (int row = 0; row <= 3; ++row) {
-            Model.FFTResult(0, row) = table(1, row);
+            transform.FFTResult(0, row) = table(1, row);
             // All rows are doubled, the phase as well.
-            for (int i = 1; i <= Model.HalfSamples - 1; ++i)
-                Model.FFTResult(i, row) = table(i + 1, row) + table(i + 1, row);
+            for (int i = 1; i <= transform.HalfSamples - 1; ++i)
+                transform.FFTResult(i, row) = table(i + 1, row) + table(i + 1, row);
             // A longer transform before this one must not show behind its last harmonic.
-            for (int i = std::max<int>(Model.HalfSamples, 1); i <= kLastStep; ++i) Model.FFTResult(i, row) = 0;
+            for (int i = std::max<int>(transform.HalfSamples, 1); i <= kLastStep; ++i) transform.FFTResult(i, row) = 0;
         }
     });
 }

@@ -23,7 +23,6 @@ struct OutputSettings {
     Integer DecimalPlaces;
     Integer OutputTarget;        ///< 0 screen, 1 printer, 2 disk file
     Integer GridRows, GridCols;  ///< size of the grid at the last fill
-    Integer LeadStep;            ///< step of a row's lead cell; nothing moves it
 };
 
 /// The last discrete Fourier transform; rows 0 real, 1 imaginary, 2 magnitude, 3 phase in degrees.

@@ -93,20 +93,17 @@ TEST_F(CartesianGraph, TimeRunsHaveATickEveryFivePointsAndALabelEveryTen) {
     }
 }
 
-TEST_F(CartesianGraph, AOnePositionRunGetsNoBottomTitleLeavesTheTicksAndIsLabelledWithTimes) {
+TEST_F(CartesianGraph, OnePositionIsLabelledWithItsCrankAngle) {
+    By_Time(0.25, 1, 0.25);
     Plot_Setup(stage, 1);
-    At(0).TickEvery = 44;
-    At(0).LabelEvery = 45;
     Model.Calctype = 1;
     Model.NSteps = 0;
-    Model.TimeStart = 0.25;
+    Model.RunTable.Theta(0, 0) = 77;
     Choose(1, "Theta3", "Mag");
     Multi();
-    EXPECT_EQ(At(0).TickEvery, 44);
-    EXPECT_EQ(At(0).LabelEvery, 45);
-    EXPECT_EQ(At(0).BottomTitle, "");
+    EXPECT_EQ(At(0).BottomTitle, "Crank Angle (Deg)");
     EXPECT_EQ(At(0).NumPoints(), 1);
-    EXPECT_EQ(Label_At(0, 0), "0.25");
+    EXPECT_EQ(Label_At(0, 0), FNRoundStr(77, 0));
     EXPECT_EQ(Values(0, 0).at(0), Model.RunTable.Theta(0, 1));
 }
 
@@ -223,14 +220,14 @@ TEST_F(CartesianGraph, TimeAndDrivenRunsAreLabelledWithTimes) {
     }
 }
 
-TEST_F(CartesianGraph, AnAngleComponentOfAnAnnotatedPlotKeepsTheUnitOfItsVariable) {
+TEST_F(CartesianGraph, AnAngleComponentHasDegreesBesideIt) {
     Choose(1, "Veloc CP", "Ang");
     Choose(2, "Accel CP", "Ang");
     Multi();
-    EXPECT_EQ(At(0).Sets()[0].legend, "Veloc CP Ang " + Model.UnitLabel(Model.FuncGroup(1)));
+    EXPECT_EQ(At(0).Sets()[0].legend, "Veloc CP Ang Deg");
     Single_Plots(2);
-    EXPECT_EQ(At(0).GraphTitle, "Veloc CP  (" + Model.UnitLabel(Model.FuncGroup(1)) + ")");
-    EXPECT_EQ(At(1).GraphTitle, "Accel CP  (" + Model.UnitLabel(Model.FuncGroup(2)) + ")");
+    EXPECT_EQ(At(0).GraphTitle, "Veloc CP  (Deg)");
+    EXPECT_EQ(At(1).GraphTitle, "Accel CP  (Deg)");
     for (int i = 0; i <= 36; ++i) EXPECT_NEAR(Values(0, 0)[static_cast<std::size_t>(i)], Velocity(i).Ang(), 1e-3);
 }
 
@@ -267,7 +264,7 @@ TEST_F(CartesianGraph, ATransformInItsOwnGraphsHasAPointForEachHarmonic) {
     Model.PlotStyle = 3;
     Single_Plots(4);
     for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(At(i).GraphTitle, "Current FFT  (in/s)");
+        EXPECT_EQ(At(i).GraphTitle, i == 3 ? "Current FFT  (Deg)" : "Current FFT  (in/s)");
         ASSERT_EQ(At(i).NumPoints(), 13);
         for (int j = 0; j <= 12; ++j) {
             EXPECT_EQ(Values(i, 0)[static_cast<std::size_t>(j)], 100 * i + j);
@@ -276,21 +273,23 @@ TEST_F(CartesianGraph, ATransformInItsOwnGraphsHasAPointForEachHarmonic) {
     }
 }
 
-TEST_F(CartesianGraph, ATransformInOneGraphHasTheLengthOfTheRunAndItsAngles) {
+TEST_F(CartesianGraph, ATransformInOneGraphHasItsHarmonicsToo) {
     Choose_Transform();
     Multi();
-    ASSERT_EQ(At(0).NumPoints(), 37);
-    EXPECT_EQ(Label_At(0, 1), FNRoundStr(55, 0));
-    EXPECT_EQ(Values(0, 3)[36], 336);
+    ASSERT_EQ(At(0).NumPoints(), 13);
+    EXPECT_EQ(Label_At(0, 1), "1");
+    EXPECT_EQ(Values(0, 3)[12], 312);
     EXPECT_EQ(At(0).Sets()[2].legend, "Current FFT Mag ");
+    EXPECT_EQ(At(0).Sets()[3].legend, "Current FFT Ang Deg");
 }
 
-TEST_F(CartesianGraph, ATransformOfATimeRunIsLabelledWithTimes) {
+TEST_F(CartesianGraph, ATransformOfATimeRunIsLabelledWithHarmonics) {
     By_Time(0, 1, 0.05);
     Choose_Transform();
     Single_Plots(1);
-    EXPECT_EQ(Label_At(0, 3), FNRoundStr(0.15, 2));
-    EXPECT_EQ(At(0).BottomTitle, "Time (Sec)");
+    EXPECT_EQ(Label_At(0, 3), "3");
+    EXPECT_EQ(At(0).BottomTitle, "Harmonic Number");
+    EXPECT_EQ(At(0).LabelEvery, 2);
 }
 
 TEST_F(CartesianGraph, FailuresAreReportedUnderTheNames) {

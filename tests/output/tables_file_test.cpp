@@ -64,21 +64,21 @@ TEST_F(TablesFile, OfAnAngleRunIsExactlyThis) {
     EXPECT_EQ(Written(), std::string(kHead) +
                              "Angle\tTheta2\tVeloc CP\tVeloc CP\tOmega4\t\r\n"
                              "Step\tMag\tX\tAng\tMag\t\r\n"
-                             "Deg\tdegrees\tin/sec\tin/sec\trad/sec\t\r\n"
+                             "Deg\tdegrees\tin/sec\tdeg\trad/sec\t\r\n"
                              "\r\n"
                              "5.0\t5.0\t0.0\t0.0\t100.0\t\r\n"
-                             "5.0\t15.0\t1.0\t63.4\t101.0\t\r\n"
-                             "5.0\t25.0\t2.0\t63.4\t102.0\t\r\n");
+                             "15.0\t15.0\t1.0\t63.4\t101.0\t\r\n"
+                             "25.0\t25.0\t2.0\t63.4\t102.0\t\r\n");
 }
 
-TEST_F(TablesFile, TheUnitOfAnAngleIsThatOfItsVariableUnlikeOnTheGrid) {
+TEST_F(TablesFile, AnAngleIsInDegrees) {
     Fill_Run(0);
     Choose(3, "Accel CP", "Ang");
-    EXPECT_NE(Written().find("Deg\tdegrees\tin/sec\tin/sec^2\trad/sec\t\r\n"), std::string::npos);
+    EXPECT_NE(Written().find("Deg\tdegrees\tin/sec\tdeg\trad/sec\t\r\n"), std::string::npos);
 }
 
-TEST_F(TablesFile, OfATimeRunReadsTheStartTimeOnEveryRow) {
-    for (const int calctype : {1, 2, 4, 5}) {
+TEST_F(TablesFile, OfATimeRunHasItsTimeOnEveryRow) {
+    for (const int calctype : {2, 4, 5}) {
         Fill_Run(3);
         By_Time(calctype, 2.5, 0.5);
         const std::string file = Written();
@@ -86,8 +86,8 @@ TEST_F(TablesFile, OfATimeRunReadsTheStartTimeOnEveryRow) {
         EXPECT_NE(file.find("Sec\tdegrees"), std::string::npos);
         const std::vector<std::string> data = Data("\r\n" + file);
         ASSERT_EQ(data.size(), 4u);
-        for (const std::string& line : data) EXPECT_EQ(line.substr(0, 4), "2.5\t") << calctype;
-        EXPECT_EQ(data[3], "2.5\t35.0\t3.0\t63.4\t103.0\t");
+        EXPECT_EQ(data[0].substr(0, 4), "2.5\t") << calctype;
+        EXPECT_EQ(data[3], "4.0\t35.0\t3.0\t63.4\t103.0\t");
     }
 }
 
@@ -106,7 +106,7 @@ TEST_F(TablesFile, HasARowForEachPrintedStep) {
     Model.PrintStep = 4;
     const std::vector<std::string> data = Data("\r\n" + Written());
     ASSERT_EQ(data.size(), 3u);
-    EXPECT_EQ(data[2], "5.0\t85.0\t8.0\t63.4\t108.0\t");
+    EXPECT_EQ(data[2], "85.0\t85.0\t8.0\t63.4\t108.0\t");
 }
 
 TEST_F(TablesFile, DecimalPlacesOfZeroLeaveATrailingPoint) {
@@ -115,18 +115,20 @@ TEST_F(TablesFile, DecimalPlacesOfZeroLeaveATrailingPoint) {
     EXPECT_EQ(Data("\r\n" + Written())[0], "5.\t5.\t0.\t0.\t100.\t");
 }
 
-TEST_F(TablesFile, OfATransformHasARowForEachStepOfTheRun) {
+TEST_F(TablesFile, OfATransformHasARowForEachHarmonicInTheUnitOfItsFunction) {
     Fill_Run(40);
-    Model.Harmonics = 6;
     dynamic_cast<frm_FFT&>(platform::Screens::Get("frm_FFT")).cmb_Var1.Text = "Omega4";
-    Model.FFTResult(40, 0) = 0.5;
+    Model.Harmonics = 6;
+    Model.FFTUnitLabel = "rad/sec";
+    Model.FFTResult(6, 0) = 0.5;
     for (int slot = 1; slot <= 4; ++slot) Choose(slot, "Current FFT", "X");
     const std::string file = Written();
     EXPECT_NE(file.find("   Fourier Transform of  Omega4\r\n"), std::string::npos);
-    EXPECT_NE(file.find("Angle\tCurrent FFT\tCurrent FFT\tCurrent FFT\tCurrent FFT\t\r\n"), std::string::npos);
+    EXPECT_NE(file.find("Harmonic\tCurrent FFT\tCurrent FFT\tCurrent FFT\tCurrent FFT\t\r\n"), std::string::npos);
     const std::vector<std::string> data = Data("\r\n" + file);
-    ASSERT_EQ(data.size(), 41u);
-    EXPECT_EQ(data[40], "5.0\t0.5\t0.5\t0.5\t0.5\t");
+    EXPECT_NE(file.find("\trad/sec\trad/sec\trad/sec\trad/sec\t\r\n"), std::string::npos);
+    ASSERT_EQ(data.size(), 7u);
+    EXPECT_EQ(data[6], "6\t0.5\t0.5\t0.5\t0.5\t");
 }
 
 TEST_F(TablesFile, NothingIsWrittenUntilItIsClosed) {

@@ -101,7 +101,8 @@ class FromChoiceToPlotTest : public SelectionScreenTest {
                 << kRows[number - 1].label << ' ' << component << ' ' << step;
         }
     }
-    static std::string Unit(int number, bool legend) {
+    static std::string Unit(int number, const std::string& component, bool legend) {
+        if (component == "Ang") return "Deg";
         if (number == 43) return legend ? "" : Model.FFTUnitLabel;
         return Model.UnitLabel(kRows[number - 1].group);
     }
@@ -137,7 +138,7 @@ TEST_F(FromChoiceToPlotTest, EveryPresetOfFourInASingleGraph) {
                 const int variable = row.variables[set];
                 EXPECT_EQ(graph.Sets()[set].legend, std::string(kRows[variable - 1].label) + " " +
                                                         (number == 3 ? "" : components[set]) + " " +
-                                                        Unit(variable, true));
+                                                        Unit(variable, number == 3 ? "" : components[set], true));
                 Expect_Points(graph, set, variable, number == 3 ? "Mag" : components[set]);
             }
             EXPECT_EQ(Model.PlotCount, 4);
@@ -161,8 +162,8 @@ TEST_F(FromChoiceToPlotTest, EveryPresetOfTwoInTwoGraphs) {
                 const auto slot = static_cast<std::size_t>(i);
                 const auto& graph = screen.Get<Graph>("grf_Plot", i);
                 const int variable = row.variables[slot];
-                EXPECT_EQ(graph.GraphTitle,
-                          std::string(kRows[variable - 1].label) + "  (" + Unit(variable, false) + ")");
+                EXPECT_EQ(graph.GraphTitle, std::string(kRows[variable - 1].label) + "  (" +
+                                                Unit(variable, components[slot], false) + ")");
                 EXPECT_EQ(graph.Sets()[0].legend, components[slot]);
                 Expect_Points(graph, 0, variable, components[slot]);
             }

@@ -1,0 +1,22 @@
+// What the points of a plot or table stand at.
+#pragma once
+
+#include <string>
+
+namespace verlink {
+
+/// Times of runs by time and of driven ones; crank angles, degrees, of runs by angle and of one position; the harmonics
+/// of a transform, whatever the run.
+enum class Axis { kTime, kAngle, kHarmonic };
+
+/// Of the function that was picked last.
+Axis Output_Axis();
+/// The last point: a step of the run, or a harmonic.
+int Last_Point();
+/// Where a point stands, to so many decimals; a harmonic has none.
+std::string Point_Text(int point, int decimals);
+
+/// The unit of a slot's values: that of its variable, or of what was transformed; an angle has `degrees`.
+std::string Slot_Unit(int slot, const char* degrees);
+
+}  // namespace verlink
