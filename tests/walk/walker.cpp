@@ -144,7 +144,11 @@ const std::vector<Reply>& Walker::Given_So_Far() const {
 }
 
 void Walker::Given(const Reply& reply) {
-    if (!frames_.empty()) done_[frames_.back().place].replies.push_back(reply);
+    if (frames_.empty()) return;
+    done_[frames_.back().place].replies.push_back(reply);
+    if (!log_) return;
+    std::fprintf(log_, "    // said: %s\n", Words_Of(reply).c_str());
+    std::fflush(log_);
 }
 
 Answer Walker::Answer_Message(const Message& message) {
@@ -170,6 +174,14 @@ std::optional<std::string> Walker::Answer_File(const FileDialog& dialog, bool sa
     Given(reply);
     if (!reply.path) return {};
     return places_.Path(*reply.path);
+}
+
+void Walker::Expect(const char* rule, bool so, const std::string& told) {
+    if (over_ || !arrived_) return;
+    Broken(rule, [&]() -> Found {
+        if (so) return {};
+        return Finding{rule, told.substr(0, told.find(' ')), told};
+    });
 }
 
 bool Walker::Answer_Printer() {

@@ -59,6 +59,9 @@ class Walker {
     std::optional<std::string> Answer_File(const platform::FileDialog& dialog, bool save);
     bool Answer_Printer();
 
+    /// What the desktop itself has to say of an action, under the name of a rule of its own.
+    void Expect(const char* rule, bool so, const std::string& told);
+
     /// Each action is written there before it is done, for walks that end in a crash.
     void Log_To(std::FILE* log) { log_ = log; }
     /// The files are tried at one change of the record in so many, since that takes longest.
