@@ -321,7 +321,7 @@ namespace {
 
 /// Takes the boxes of a screen into the record, as its own handlers do.
 void Read_Back(Screen& top) {
-    if (top.Name() == "frm_MassProp") return Get_Mass_Properties(top);
+    if (top.Name() == "frm_MassProp") return Get_Mass_Properties(top, Model, Model);
     Get_Linkage_Geometry(top);
     if (Model.Calctype == 2 || Model.Calctype == 3) Get_Initial_Conditions(top);
 }

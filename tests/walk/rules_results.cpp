@@ -75,8 +75,7 @@ Found Forces_Are_Of_The_Model(const Aside& aside) {
     // What a solve that stops half-way has not written is not of this model.
     Model.RunTable.PinForce = {};
     Model.RunTable.LinkTorque = {};
-    Resolve_Forces();
-    Dynacalc(0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
+    Solve_Forces(Model);
     const Difference difference = Compare_Results(before.RunTable, Model.RunTable, Last_Step(before), Results::kForces);
     if (!difference.Any()) return {};
     return Finding{"DynamicsDone", difference.names, difference.values};
@@ -89,8 +88,8 @@ Found Balance_Is_Of_The_Model(const Aside& aside) {
     const LinkageModel& before = aside.Before();
     Model.RunTable.BerkForce = {};
     Model.RunTable.BerkTorque = {};
-    Berkof_Setup();
-    Berkof_Calc(Model.BerkMass, Model.BerkRadius);
+    Berkof_Setup(Model);
+    Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
     const Difference difference =
         Compare_Results(before.RunTable, Model.RunTable, Last_Step(before), Results::kBalance);
     if (!difference.Any()) return {};

@@ -23,7 +23,7 @@ class Walk_Desktop : public platform::Desktop {
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
     void Set_Pointer(platform::Pointer) override {}
     platform::DisplaySize Display() override { return {25600, 14400, 1920, 1080}; }
-    void Pause(std::chrono::nanoseconds) override {}
+    bool Pause(std::chrono::nanoseconds) override { return true; }
     std::string Session_User() override { return "walker"; }
     std::string Documents_Folder() override;
     std::string Program_Folder() override { return "/opt/verlink"; }

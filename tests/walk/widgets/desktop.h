@@ -18,7 +18,7 @@ class Widget_Desktop : public desktop::QtDesktop {
     std::optional<std::string> Ask_Save_File(const platform::FileDialog& dialog) override;
     bool Ask_Printer() override;
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
-    void Pause(std::chrono::nanoseconds) override { QtDesktop::Pause(std::chrono::nanoseconds{0}); }
+    bool Pause(std::chrono::nanoseconds) override { return QtDesktop::Pause(std::chrono::nanoseconds{0}); }
     void Register_File_Type(const platform::FileType&) override {}
 
    private:
