@@ -23,8 +23,8 @@ TEST_F(Plots, APlotDrawsUpToFourFunctionsInOneGraph) {
     EXPECT_NE(svg.find("<svg"), std::string::npos);
     EXPECT_EQ(svg.substr(svg.size() - 7), "</svg>\n");
     // An angle keeps the unit of its variable.
-    for (const char* legend : {"Omega4 Mag rad/sec", "Veloc CP Y in/sec", "Accel CP Ang Deg", "Theta3 Mag degrees",
-                               "Crank Angle (Deg)"})
+    for (const char* legend :
+         {"Omega4 Mag rad/sec", "Veloc CP Y in/sec", "Accel CP Ang Deg", "Theta3 Mag degrees", "Crank Angle (Deg)"})
         EXPECT_NE(svg.find(legend), std::string::npos) << legend;
     EXPECT_EQ(outcome.Table().Rows(), 37);
 }
