@@ -61,6 +61,7 @@ constexpr Preference kPreferences[] = {
     {"frm_HomeScreen", "mnu_Twopos", 2},
     {"frm_HomeScreen", "mnu_Cayley", 2},
     {"frm_Quit", "cmd_YesQuit", 0.05},
+    {"frm_Title", "cmd_Start", 3},
     {"frm_Animate", "cmd_Animate", 1.5},
     {"frm_Balance", "cmd_Calc", 2},
     {"frm_MassProp", "cmd_Solve", 2},
@@ -102,6 +103,8 @@ bool May_Look(const Screen& top, const Action& action) {
               "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
             if (name.starts_with(looking)) return true;
     }
+    // A table of torques that is not taken leaves its box as it was.
+    if (action.deed == Deed::kTick && name == "chk_Torque") return !top.Get<CheckBox>(name).Value && !Model.DiskFile;
     if (action.deed == Deed::kPress)
         for (const char* looking : {"cmd_PlotPrint", "cmd_Print", "cmd_Copy", "cmd_copy", "cmd_Quit", "cmd_Matrix"})
             if (name == looking && !(top.Name() == "frm_HomeScreen" && name == "cmd_Print")) return true;
@@ -116,7 +119,7 @@ std::string Extension_Of(const FileDialog& dialog) {
 
 }  // namespace
 
-Random_User::Random_User(std::uint64_t seed, int actions) : random_(seed), left_(actions) {}
+Random_User::Random_User(std::uint64_t seed, int actions) : random_(seed), left_(actions), at_title_(Chance(0.1)) {}
 
 double Random_User::Worn(const Action& action) {
     return std::sqrt(1.0 + used_[action.screen + "." + action.control + "." + std::to_string(action.index)]);
@@ -291,6 +294,9 @@ Reply Random_User::To_File(const FileDialog& dialog, bool save, const Action& ac
     Reply reply{.to = save ? Reply::To::kSave : Reply::To::kOpen};
     const std::string extension = Extension_Of(dialog);
     if (save) {
+        // Where nothing can be written nothing is saved, and the file in hand stays the one it was.
+        const bool refused = action.looks && !Model.SavedFlag && Chance(0.5);
+        if (refused) reply.path = Any(Places::Unwritable());
         if (action.looks || given.size() > 5 || Chance(0.15)) return reply;
         reply.path = Chance(0.15) ? Any(Places::Unwritable()) : Any(Places::Writable(extension));
         return reply;

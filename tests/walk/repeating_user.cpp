@@ -32,6 +32,10 @@ bool Offers(Buttons buttons, Answer answer) {
 
 }  // namespace
 
+bool Repeating_User::Begins_At_The_Title() const {
+    return !actions_.empty() && (actions_.front().screen == "frm_Title" || actions_.front().screen == "frm_User");
+}
+
 std::optional<Action> Repeating_User::Next(Screen& top, bool looking) {
     while (next_ < actions_.size()) {
         const Action& action = actions_[next_++];

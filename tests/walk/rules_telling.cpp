@@ -54,6 +54,8 @@ constexpr Known_Failure kKnown[] = {
     // A number that was typed and that no field holds, or a length of 0.
     {6, ""},
     {11, "Calculate"},
+    // A torque of more than ten pulses of a sign has no room in the table of pulses.
+    {9, "Flywheel"},
     // At these a cancelled dialog is told, and nothing else comes of it.
     {32755, "frm_Homescreen.mnu_Link_Data_Import"},
     {32755, "frm_Homescreen.mnu_pdx"},

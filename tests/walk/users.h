@@ -15,6 +15,7 @@ namespace verlink::walk {
 class Random_User : public User {
    public:
     Random_User(std::uint64_t seed, int actions);
+    bool Begins_At_The_Title() const override { return at_title_; }
     std::optional<Action> Next(platform::Screen& top, bool looking) override;
     Reply To_Message(const platform::Message& message, const Action& action, const std::vector<Reply>& given) override;
     Reply To_File(const platform::FileDialog& dialog, bool save, const Action& action,
@@ -49,6 +50,7 @@ class Random_User : public User {
 
     std::mt19937_64 random_;
     int left_;
+    bool at_title_;
     std::map<std::string, int> used_;
 };
 
@@ -56,6 +58,7 @@ class Random_User : public User {
 class Repeating_User : public User {
    public:
     explicit Repeating_User(std::vector<Action> actions) : actions_(std::move(actions)) {}
+    bool Begins_At_The_Title() const override;
     std::optional<Action> Next(platform::Screen& top, bool looking) override;
     Reply To_Message(const platform::Message& message, const Action& action, const std::vector<Reply>& given) override;
     Reply To_File(const platform::FileDialog& dialog, bool save, const Action& action,

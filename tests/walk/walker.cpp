@@ -37,7 +37,8 @@ Answer Harmless(Buttons buttons) {
     return Answer::kOk;
 }
 
-Walker::Walker(User& user, const Places& places, Counts& counts) : user_(user), places_(places), counts_(counts) {}
+Walker::Walker(User& user, const Places& places, Counts& counts)
+    : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {}
 
 template <class Rule>
 bool Walker::Broken(const char* rule, Rule&& check) {
@@ -82,7 +83,7 @@ void Walker::Serve(Screen& top, const std::function<bool()>& done, const Hand& d
 }
 
 /// Every screen can be left by its own controls. False once the walk has come to its end.
-/// Except: a name that is missing keeps the user's screen, whose window can be closed.
+/// Except: the user's screen asks for a name and a number before it goes.
 bool Walker::Go_Home(Screen& top, const Hand& deed) {
     if (top.Name() == "frm_HomeScreen") {
         ++counts_.checks["ways home"];
@@ -93,12 +94,15 @@ bool Walker::Go_Home(Screen& top, const Hand& deed) {
         return false;
     }
     const int tries = ways_tried_[top.Name()]++;
+    if (top.Name() == "frm_User") {
+        deed(top, Type("frm_User", "txt_UserName", kNoIndex, "A walker"));
+        deed(top, Type("frm_User", "txt_DesignNo", kNoIndex, "1"));
+    }
     std::vector<Action> ways;
-    for (const char* button : {"cmd_NoQuit", "cmd_Close", "cmd_CancelPlotData", "cmd_CancelPickPlot", "cmd_Cancel",
-                               "cmd_back", "cmd_Done", "cmd_Back"})
+    for (const char* button : {"cmd_Start", "cmd_NoQuit", "cmd_Close", "cmd_CancelPlotData", "cmd_CancelPickPlot",
+                               "cmd_Cancel", "cmd_back", "cmd_Done", "cmd_Back"})
         if (const Action way = Press(top.Name(), button); Possible(top, way)) ways.push_back(way);
     if (top.Name() == "frm_About") ways.push_back(Click(top.Name()));
-    if (top.Name() == "frm_User") ways.push_back(Close(top.Name()));
     if (ways.empty()) {
         outcome_ = Finding{"ways home", top.Name(), "nothing on " + top.Name() + " leads out of it"};
         return false;

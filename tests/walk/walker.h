@@ -24,6 +24,8 @@ class User {
     virtual ~User() = default;
     User(const User&) = delete;
     User& operator=(const User&) = delete;
+    /// Does he begin at the title, or has he come as far as the home screen?
+    virtual bool Begins_At_The_Title() const { return false; }
     /// The next thing to do on this screen; nothing at the end of the walk. While the user only looks, he does what
     /// leads back.
     virtual std::optional<Action> Next(platform::Screen& top, bool looking) = 0;
