@@ -232,6 +232,11 @@ bool Get_Time_Conditions(Screen& screen) {
     return true;
 }
 
+void Settle_Linkage(Screen& screen) {
+    for (platform::Control* control : screen.Controls())
+        if (auto* box = dynamic_cast<TextBox*>(control); box && box->Name() == "txt_Linkout") box->Settle();
+}
+
 bool Same_Limits(const Drive& a, const Drive& b) {
     for (const auto field : {&Drive::ThetaZero, &Drive::ThetaStart, &Drive::ThetaEnd, &Drive::ThetaStep,
                              &Drive::TimeStart, &Drive::TimeEnd, &Drive::TimeStep, &Drive::Alpha2})
@@ -310,6 +315,8 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
             Put_Circuit(screen);
             Get_Circuit(screen);
         });
+        // Also a text that was typed into the form that is not in force.
+        Settle_Linkage(screen);
         if (Model.PolarCoords) {
             Show_Length(screen, 15, Model.Link1X);
             Show_Length(screen, 16, Model.Link1Y);
@@ -323,8 +330,7 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
         Model.RedrawFlag = "Y";
     });
     if (taken) return;
-    for (platform::Control* control : screen.Controls())
-        if (auto* box = dynamic_cast<TextBox*>(control); box && box->Name() == "txt_Linkout") box->Settle();
+    Settle_Linkage(screen);
     Put_Linkage_Geometry(screen);
 }
 

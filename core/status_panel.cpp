@@ -83,7 +83,8 @@ void Set_Menus() {
         Allow_Button("cmd_Balance", "frm_Balance", calculated, "Balance the shaking force", first);
 
         Allow_Entry("mnu_Open", true);
-        for (const char* entry : {"mnu_New", "mnu_Save", "mnu_Saveas", "mnu_Export"}) Allow_Entry(entry, calculated);
+        Allow_Entry("mnu_New", calculated || Model.DiskFile || Model.CamDriven || Model.LinkDriven);
+        for (const char* entry : {"mnu_Save", "mnu_Saveas", "mnu_Export"}) Allow_Entry(entry, calculated);
         Allow_Entry("mnu_Cayley", calculated && Screens::Knows("frm_Cayley"));
         for (int cognate = 1; cognate <= 3; ++cognate)
             Allow_Entry("mnu_Cog", calculated && Screens::Knows("frm_Cayley"), cognate);

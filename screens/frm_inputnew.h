@@ -14,8 +14,6 @@ class frm_Inputnew : public Linkage_Screen {
    public:
     frm_Inputnew();
     void Form_Activate() override;
-    /// Another cognate may have been chosen in the diagram.
-    void Form_Return() override;
     void Form_QueryUnload(bool& cancel) override;
 
     /// Takes the limits and speed of an angle run from the boxes and runs it. False when the limits are refused, with

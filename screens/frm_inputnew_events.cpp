@@ -78,13 +78,6 @@ void frm_Inputnew::Form_Activate() {
     });
 }
 
-void frm_Inputnew::Form_Return() {
-    Guarded("frm_Input.Form_Return", [this] {
-        Put_Linkage_Geometry(*this);
-        if (!Model.RunStands) Invalidate();
-    });
-}
-
 void frm_Inputnew::Form_QueryUnload(bool& cancel) {
     cancel = false;
     Take_Pending();
@@ -479,8 +472,14 @@ void frm_Inputnew::mnu_Cog_Click(int Index) {
 }
 
 void frm_Inputnew::mnu_Cayley_Click() {
-    Guarded("frm_Input.mnu_Cayley", [] {
-        if (!Refuse_Parallelogram()) Show_Centered("frm_Cayley");
+    Guarded("frm_Input.mnu_Cayley", [this] {
+        if (Refuse_Parallelogram()) return;
+        const bool stood = Model.RunStands;
+        const Integer before = Model.CognateNumber;
+        Show_Centered("frm_Cayley");
+        if (stood == Model.RunStands && before == Model.CognateNumber) return;
+        Put_Linkage_Geometry(*this);
+        Invalidate();
     });
 }
 

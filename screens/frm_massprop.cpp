@@ -164,7 +164,9 @@ void frm_MassProp::Write_Solve_Tip() {
 void frm_MassProp::cmd_Solve_Click() {
     Guarded("frm_MassProp.cmd_Solve", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
-        Get_Mass_Properties(*this, Model, Model);
+        MassProperties typed = Model;
+        Get_Mass_Properties(*this, typed, Model);
+        static_cast<MassProperties&>(Model) = typed;
         Forces_Dropped();
         const ForceSolve solve = Solve_Forces(Model);
         if (solve.first) PrintAmatrix(solve.first->A, solve.first->C);

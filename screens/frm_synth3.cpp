@@ -84,9 +84,9 @@ void frm_Synth3::Show_Values() {
     Show_Displacement(Model.P21x, Model.P21y, Model.P21Mag, Model.P21Angle, lbl_P21mag, lbl_Delta2);
     Show_Displacement(Model.P31x, Model.P31y, P31Mag, P31Angle, lbl_P31mag, lbl_Delta3);
     Synthesis_Screen::Show_Values();
-    lbl_Alpha3.Caption = txt_Alpha3.Text;
-    lbl_Beta3.Caption = txt_Beta3.Text;
-    lbl_Gamma3.Caption = txt_Gamma3.Text;
+    lbl_Alpha3.Caption = Number_Text(txt_Alpha3);
+    lbl_Beta3.Caption = Number_Text(txt_Beta3);
+    lbl_Gamma3.Caption = Number_Text(txt_Gamma3);
 }
 
 void frm_Synth3::Find_Turns() {

@@ -125,9 +125,9 @@ void Synthesis_Screen::Form_Activate() {
 }
 
 void Synthesis_Screen::Show_Values() {
-    lbl_Alpha2.Caption = txt_Alpha2.Text;
-    lbl_Beta2.Caption = txt_Beta2.Text;
-    lbl_Gamma2.Caption = txt_Gamma2.Text;
+    lbl_Alpha2.Caption = Number_Text(txt_Alpha2);
+    lbl_Beta2.Caption = Number_Text(txt_Beta2);
+    lbl_Gamma2.Caption = Number_Text(txt_Gamma2);
 }
 
 void Synthesis_Screen::Show_Displacement(Single x, Single y, Single& magnitude, Single& angle, Label& shown_magnitude,
@@ -180,15 +180,22 @@ std::string Synthesis_Screen::Rounded_Length(double stored) const {
 
 std::string Synthesis_Screen::Angle_Text(double degrees) { return FNRoundStr(degrees, kAngleDecimals); }
 
+std::string Synthesis_Screen::Number_Text(const TextBox& box) {
+    const std::string& text = box.Text;
+    return text.find_first_not_of("0123456789+-.,eEdD ") == std::string::npos ? text : Text_Of(Value_Of(box));
+}
+
 Single Synthesis_Screen::Value_Of(const TextBox& box) { return Val(Ungrouped(box.Text)); }
 
 Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(box) / LengthFactor; }
 
 void Synthesis_Screen::cmd_Calc_Click() {
-    Guarded(Name() + ".cmd_Calc", [this] {
-        if (!Solve()) return;
-        Allow_Results(true);
+    const SynthesisData before = Model;
+    const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
+        if (Solve()) Allow_Results(true);
     });
+    // A number that no field holds takes none of the others in.
+    if (!ended) static_cast<SynthesisData&>(Model) = before;
 }
 
 void Synthesis_Screen::cmd_Done_Click() {
@@ -227,10 +234,10 @@ void Two_Position_Screen::Fill() {
 void Two_Position_Screen::Show_Values() {
     Show_Displacement(Model.P21x, Model.P21y, Model.P21Mag, Model.P21Angle, lbl_P21mag, lbl_Delta);
     Synthesis_Screen::Show_Values();
-    lbl_Theta.Caption = txt_Theta.Text;
-    lbl_Phi.Caption = txt_Phi.Text;
-    lbl_Sigma.Caption = txt_Sigma.Text;
-    lbl_Xi.Caption = txt_Xi.Text;
+    lbl_Theta.Caption = Number_Text(txt_Theta);
+    lbl_Phi.Caption = Number_Text(txt_Phi);
+    lbl_Sigma.Caption = Number_Text(txt_Sigma);
+    lbl_Xi.Caption = Number_Text(txt_Xi);
 }
 
 void Two_Position_Screen::Read_Given() {

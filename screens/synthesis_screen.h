@@ -142,6 +142,8 @@ class Synthesis_Screen : public platform::Screen {
     static std::string Angle_Text(double degrees);
     Single Length_Of(const TextBox& box) const;
     static Single Value_Of(const TextBox& box);
+    /// The text of a box, or the number that it is taken for where it is more than one.
+    static std::string Number_Text(const TextBox& box);
 
    private:
     struct Follower {

@@ -53,6 +53,13 @@ void Aside::Hold(Screen& screen) {
             Keep(label->Caption);
             Keep(label->ForeColor);
         } else if (auto* box = dynamic_cast<TextBox*>(control)) {
+            // The mark of a hand comes back behind the text.
+            put_back_.emplace_back([box, touched = box->Touched()] {
+                if (touched)
+                    box->Type(box->Text);
+                else
+                    box->Settle();
+            });
             Keep(box->Text);
             Keep(box->SelectedAll);
             Keep(box->BackColor);

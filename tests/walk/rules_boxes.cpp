@@ -214,7 +214,7 @@ Found Check_Box(const Screen& top, const Shown& shown, const Pending& pending) {
     bool beyond = false;
     for (const std::string& way : {text, Ungrouped(text)}) {
         double value = 0;
-        if (Failure_Of([&] { value = Single(Val(way)); }) != 0)
+        if (Failure_Of([&] { value = Val(way); }) != 0)
             beyond = true;
         else if (std::abs(value - shown.value) <= allowed)
             return {};
