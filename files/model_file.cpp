@@ -186,6 +186,13 @@ void Forget_Extended_Block(LinkageModel& record) {
     record.LinkDriven = false;
     record.TorqueImported = false;
     record.Delta2 = 0;
+    record.NSteps = 0;
+    record.CamDirection = 0;
+    record.CamDataLength1 = 0;
+    record.CamPhase = 0;
+    record.Model5Name.clear();
+    // A drive would be that of the model before.
+    if (record.Calctype == 4 || record.Calctype == 5) record.Calctype = 3;
 }
 
 bool Holds_What_Is_No_Model(const std::string& path) {
