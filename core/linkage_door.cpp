@@ -61,9 +61,20 @@ bool Forms_Agree() {
            std::fabs(Model.L1 * std::sin(angle) - Model.Link1Y) <= slack;
 }
 
+/// Whether the angle of link 1 is the same in degrees and in radians but for the digits of a file.
+bool Angles_Agree() {
+    constexpr double kDigits = 2e-6;
+    const double radians = Model.Link1Angle * kDegToRad;
+    return std::fabs(Model.Link1AngleRad - radians) <= kDigits * std::fabs(radians);
+}
+
+/// A place of O4 whose length no single holds is a failure here; further on it would be reported and passed over.
+void Check_Reach() { [[maybe_unused]] const Single length = std::hypot(Model.Link1X, Model.Link1Y); }
+
 void Derive_Ground(Leading leading) {
+    if (leading != Leading::kPolar) Check_Reach();
     if (leading == Leading::kBoth && Forms_Agree()) {
-        Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
+        if (!Angles_Agree()) Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
     } else if (leading == Leading::kPolar || Model.PolarCoords) {
         Model.Link1AngleRad = Model.Link1Angle * kDegToRad;
         Model.Link1X = Model.L1 * std::cos(Model.Link1AngleRad);

@@ -147,6 +147,7 @@ void Put_Linkage(const Cam_Linkage& read) {
     Model.L4 = read.L4;
     Model.L1 = read.L1;
     Model.Link1Angle = read.Link1Angle;
+    Model.Link1AngleRad = read.Link1Angle * kDegToRad;
     Model.Link1X = read.Link1X;
     Model.Link1Y = read.Link1Y;
     Model.CamCenterX = read.CamCenterX;
@@ -210,9 +211,8 @@ constexpr Import kCamImport = {"Open a Lobetra export data file", "Lobetra Expor
 constexpr Import kLinkImport = {"Open a Linkage Drive Data file", "Verlink Export (*.out)|*.out|(*.*)|*.*|",
                                 kLinkExtension, Import_Linkage_Data};
 
-/// False when the user would rather save first and did not.
-bool Take_File(Screen& home, const Import& import) {
-    if (!May_Replace(home)) return false;
+void Take_File(Screen& home, const Import& import) {
+    if (!May_Replace(home)) return;
     auto& dialog = home.Get<CommonDialog>("CommonDialog1");
     dialog.DialogTitle = import.title;
     dialog.Filter = import.filter;
@@ -221,13 +221,9 @@ bool Take_File(Screen& home, const Import& import) {
     dialog.ShowOpen();
     const std::string content = Read_File(dialog.FileName);
     TextReader reader(content);
-    import.read(reader, dialog.FileName);
-    return true;
-}
-
-/// What follows an import, also one that was refused or broke off.
-void End_Import(Screen& home) {
+    const bool taken = import.read(reader, dialog.FileName);
     The_Desktop().Set_Pointer(Pointer::kDefault);
+    if (!taken) return;
     Set_Menus();
     With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
     Refresh_Status();
@@ -253,7 +249,8 @@ bool Read_Cam_Data(TextReader& reader, const std::string& path) {
 }
 
 bool Import_Linkage_Data(TextReader& reader, const std::string& path) {
-    return Guarded("Import_Linkage_Data", [&] {
+    bool taken = false;
+    Guarded("Import_Linkage_Data", [&] {
         Drive_Table table;
         const Integer last = reader.Short();
         for (Single* value : {&table.TimeStart, &table.TimeEnd, &table.TimeStep}) *value = reader.Float();
@@ -264,25 +261,22 @@ bool Import_Linkage_Data(TextReader& reader, const std::string& path) {
             Model.Calctype = 5;
             Model.LinkDriven = true;
             Model.CamDriven = false;
+            Model.LinkImportPending = true;
             Put_Name(path, kLinkExtension);
         });
+        taken = true;
         Show_Input("File " + Model.FilePath + " of Linkage output data successfully read.");
     });
+    return taken;
 }
 
 void Menu_Lobetra(Screen& home) {
-    Guarded_Unless_Cancelled("frm_Homescreen.mnu_Lobetra", [&] {
-        if (Take_File(home, kCamImport)) End_Import(home);
-    });
+    Guarded_Unless_Cancelled("frm_Homescreen.mnu_Lobetra", [&] { Take_File(home, kCamImport); });
 }
 
 void Menu_Link_Data_Import(Screen& home) {
     // A cancelled dialog is reported here, and not at the other import.
-    Guarded("frm_Homescreen.mnu_Link_Data_Import", [&] {
-        if (!Take_File(home, kLinkImport)) return;
-        Model.LinkImportPending = true;
-        End_Import(home);
-    });
+    Guarded("frm_Homescreen.mnu_Link_Data_Import", [&] { Take_File(home, kLinkImport); });
 }
 
 }  // namespace verlink

@@ -90,10 +90,6 @@ void Take_Torque_File(int Index) {
     dialog.FileName = "*.trq";
     dialog.ShowOpen();
     const std::string content = Read_File(dialog.FileName);
-    Model.FilePath = dialog.FileName;
-    Model.TorqueFileName = StripFilename(Model.FilePath) + ".trq";
-    // Also for a table that is refused: the next Save is not to write the model over it.
-    Model_Unsaved();
     TextReader reader(content);
     bool Failed = false;
     Import_Torque_Data(reader, Failed);
@@ -103,7 +99,11 @@ void Take_Torque_File(int Index) {
         Model.TorqueImported = false;
         Untick_Import();
     } else {
+        Model.FilePath = dialog.FileName;
+        Model.TorqueFileName = StripFilename(Model.FilePath) + ".trq";
         Model.TorqueImported = true;
+        // The next Save is not to write the model over the table.
+        Model_Unsaved();
         if (!Model.JustStarted)
             Tell("File " + Model.FilePath + " of Torque data successfully read.", Icon::kInformation);
     }
@@ -126,9 +126,14 @@ std::string Link4_Content() {
 }
 
 std::string Torque_Content() {
+    // What an earlier solve has left in the table is of another model.
+    const bool solved = Model.DynamicsDone;
     TextWriter writer;
     Put_Lines(writer, Model.NSteps);
-    for (int step = 0; step <= Model.NSteps; ++step) Put_Lines(writer, Model.RunTable.LinkTorque(step, 0));
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        const Single torque = Model.RunTable.LinkTorque(step, 0);
+        Put_Lines(writer, solved ? torque : Single(0));
+    }
     return writer.Content();
 }
 
@@ -203,7 +208,9 @@ void Import_Torque_Data(TextReader& reader, bool& Failed) {
     const long failure = Failure_Of([&] {
         const Integer N = reader.Short();
         if (N == Model.NSteps) {
-            for (int step = 0; step <= N; ++step) Model.RunTable.ImportedTorque(step) = reader.Float();
+            StepArray<Single> read;
+            for (int step = 0; step <= N; ++step) read(step) = reader.Float();
+            Model.RunTable.ImportedTorque = read;
             return;
         }
         Tell("This file has a different number of data than your current model and is incompatible",

@@ -9,7 +9,7 @@
 
 namespace verlink {
 
-/// The contents of the three files, from the last run and solve.
+/// The contents of the three files, from the last run; the torques are those of its solve, zeros without one.
 std::string Link4_Content();
 std::string Torque_Content();
 std::string Pendrix_Content();
@@ -25,9 +25,11 @@ void Menu_Link_Data_Export(platform::Screen& home);
 void Menu_Export_Torque(platform::Screen& home);
 void Menu_pdx(platform::Screen& home);
 
-/// Reads a table of torque on link 4 into `ImportedTorque`; `Failed` when its length is not that of the run.
+/// Reads a table of torque on link 4 into `ImportedTorque`; `Failed` when its length is not that of the run, or it
+/// cannot be read to its end, and the table of before stays.
 void Import_Torque_Data(TextReader& reader, bool& Failed);
-/// The dialog, file and consequences of `chk_Torque` on `frm_MassProp`; `Index` is the row of `txt_Torque`.
+/// The dialog, file and consequences of `chk_Torque` on `frm_MassProp`; `Index` is the row of `txt_Torque`. A table
+/// that is not taken leaves `FilePath`, `TorqueFileName` and `SavedFlag` as they were.
 void Import_Torque(Integer Index);
 
 }  // namespace verlink

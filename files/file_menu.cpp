@@ -13,14 +13,15 @@ using namespace platform;
 
 namespace {
 
-/// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved.
-void Save(bool takes_the_files_name) {
+/// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved. In a dialog
+/// the user has agreed to what is replaced, and named the model.
+void Save(bool by_dialog) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
-    if (Writefile())
+    if (Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked))
         Model_Saved();
     else
         Model_Unsaved();
-    if (Model.SavedFlag && takes_the_files_name) Model.ModelName = StripFilename(Model.FilePath);
+    if (Model.SavedFlag && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
 }

@@ -186,6 +186,19 @@ void Forget_Extended_Block(LinkageModel& record) {
     record.LinkDriven = false;
     record.TorqueImported = false;
     record.Delta2 = 0;
+    record.NSteps = 0;
+    record.CamDirection = 0;
+    record.CamDataLength1 = 0;
+    record.CamPhase = 0;
+    record.Model5Name.clear();
+    // A drive would be that of the model before.
+    if (record.Calctype == 4 || record.Calctype == 5) record.Calctype = 3;
+}
+
+bool Holds_What_Is_No_Model(const std::string& path) {
+    if (!Is_Plain_File(path)) return false;
+    const std::string content = Read_File(path);
+    return !content.empty() && !Is_Model(content);
 }
 
 }  // namespace
@@ -236,10 +249,17 @@ std::string File_Content() {
     return writer.Content();
 }
 
-bool Writefile() {
-    return Guarded("Writefile", [] {
-        Write_File(Model.FilePath, File_Content());
-        Tell("File was successfully written to " + std::string(CR) + Model.FilePath, Icon::kInformation);
+bool Writefile(Replacing replacing) {
+    return Guarded("Writefile", [replacing] {
+        const std::string& path = Model.FilePath;
+        const std::string content = File_Content();
+        std::string told = "File was successfully written to " + std::string(CR) + path;
+        if (replacing == Replacing::kUnasked && Holds_What_Is_No_Model(path))
+            told += std::string(CR) + CR + "The file that was there is no model.  It is kept as " + CR +
+                    Write_File_And_Keep(path, content);
+        else
+            Write_File(path, content);
+        Tell(told, Icon::kInformation);
     });
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "core/linkage_model.h"
@@ -30,9 +31,15 @@ bool Set_File_Field(const std::string& name, const std::string& text, LinkageMod
 /// The whole file from the model, as text.
 std::string File_Content();
 
+/// Whether a file of this content is one of the program's models.
+bool Is_Model(std::string_view content);
+
+enum class Replacing { kAgreed, kUnasked };
+
 /// Writes the model to `FilePath` and says so; failures go to the reporter as "Writefile". False when it failed; the
-/// old file is whole then.
-bool Writefile();
+/// old file is whole then. A file that is no model is kept under another name, and that is said, when nobody was asked
+/// whether it may go.
+bool Writefile(Replacing replacing = Replacing::kAgreed);
 
 // A file is read into a record of its own, which takes the place of the model when all of it was read and derived; else
 // the model stays as it was, and its results with it.

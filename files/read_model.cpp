@@ -24,10 +24,12 @@ namespace {
 constexpr char kTag[] = "VERLINK";
 constexpr char kInput[] = "frm_Inputnew";
 
+bool Is_Own(const std::string& tag) { return tag.starts_with(kTag); }
+
 /// False, with a message, for a file that is none of the program's.
 bool Recognise(TextReader& reader, LinkageModel& record) {
     record.FileTag = reader.String();
-    const bool own = record.FileTag.starts_with(kTag);
+    const bool own = Is_Own(record.FileTag);
     // A foreign file of a single line is refused for what it is, not for being short.
     if (own || !reader.AtEnd()) record.FileRev = reader.String();
     if (!own) Tell("This data file is not compatible with " + Model.ProgramCaps + ". ", Icon::kQuestion);
@@ -85,6 +87,11 @@ double Angle_Of(const std::string& text, Single& degrees) {
 }
 
 }  // namespace
+
+bool Is_Model(std::string_view content) {
+    bool own = false;
+    return Failure_Of([&] { own = Is_Own(TextReader(content).String()); }) == 0 && own;
+}
 
 void Derive_Limits_From_File(LinkageModel& record) {
     if (record.Units > 5 || record.Calctype < 1 || record.Calctype > 5) Raise(kSubscript);

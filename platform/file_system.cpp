@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "platform/failure.h"
+#include "platform/guard.h"
 
 namespace verlink::platform {
 
@@ -128,6 +129,23 @@ void Write_File(const std::string& path, const std::string& content) {
     [[maybe_unused]] const bool same_owner = replaces && ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
     if (::fchmod(file.Number(), mode) != 0 || ::fsync(file.Number()) != 0 || file.Close() != 0) fail(errno);
     if (::rename(beside.c_str(), target.c_str()) != 0) fail(errno);
+}
+
+std::string Write_File_And_Keep(const std::string& path, const std::string& content) {
+    std::string kept = path + "~";
+    while (File_Exists(kept)) kept += "~";
+    Write_File(kept, Read_File(path));
+    std::error_code none;
+    std::filesystem::permissions(kept, std::filesystem::status(path, none).permissions(), none);
+    const long failure = Failure_Of([&] { Write_File(path, content); });
+    if (failure == 0) return kept;
+    std::filesystem::remove(kept, none);
+    Raise(failure);
+}
+
+bool Is_Plain_File(const std::string& path) {
+    std::error_code none;
+    return std::filesystem::is_regular_file(path, none);
 }
 
 bool File_Exists(const std::string& path) {

@@ -17,6 +17,12 @@ std::string Read_File(const std::string& path);
 /// its owner where the system allows it. A device is written to.
 void Write_File(const std::string& path, const std::string& content);
 
+/// The same for a file that is there and is to stay: what it held is kept, with its permissions, in the first free of
+/// `path~`, `path~~` and so on, which is given back. On failure there is no such file.
+std::string Write_File_And_Keep(const std::string& path, const std::string& content);
+
+/// Whether a file is there that has a content: no folder, no device.
+bool Is_Plain_File(const std::string& path);
 bool File_Exists(const std::string& path);
 /// With the folders above it; a folder that is there already is no failure. False when it cannot be made.
 bool Make_Folder(const std::string& path);

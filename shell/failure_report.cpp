@@ -18,6 +18,8 @@ struct Advice {
 const std::string kSaveAdvice = "You should try to save your model from the Home Screen's 'File' pulldown menu, ";
 const std::string kCloseAdvice = "It may help to close other programs that are running at the same time.";
 
+bool opening_clicked_file = false;
+
 Advice Advice_For(long number) {
     switch (number) {
         case platform::kOutOfMemory:
@@ -36,11 +38,15 @@ Advice Advice_For(long number) {
         case platform::kDiskNotReady: return {"Disk not ready - is the drive empty or its door open?"};
         case 32678:  // 7FA6, a failure of the common dialog
             return {"Out of memory.  Close other programs and retry."};
-        default: return {""};
+        default: return opening_clicked_file ? Advice_For(platform::kBadFileNameOrNumber) : Advice{""};
     }
 }
 
 }  // namespace
+
+Opening_Clicked_File::Opening_Clicked_File() { opening_clicked_file = true; }
+
+Opening_Clicked_File::~Opening_Clicked_File() { opening_clicked_file = false; }
 
 void Report_Error(long ErrorNumber, const std::string& ProcName) {
     const Advice advice = Advice_For(ErrorNumber);

@@ -10,4 +10,14 @@ namespace verlink {
 /// that are told as one get the count behind the advice.
 void Report_Error(long ErrorNumber, const std::string& ProcName);
 
+/// While one exists, the file that the program was started with is being opened: a failure whose number has no advice
+/// comes with the advice for files that were clicked on.
+class Opening_Clicked_File {
+   public:
+    Opening_Clicked_File();
+    ~Opening_Clicked_File();
+    Opening_Clicked_File(const Opening_Clicked_File&) = delete;
+    Opening_Clicked_File& operator=(const Opening_Clicked_File&) = delete;
+};
+
 }  // namespace verlink

@@ -10,6 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
+#include "shell/failure_report.h"
 
 namespace verlink {
 
@@ -52,6 +53,7 @@ std::string GetLongPathFromShortPath(const std::string& path) {
 }
 
 void Open_Clicked_File() {
+    const Opening_Clicked_File opening;
     Guarded("Readfile in Open_Clicked_File", [] {
         if (Model.CommandLine.empty()) return;
         const std::string full = GetLongPathFromShortPath(Model.CommandLine);

@@ -154,7 +154,6 @@ TEST_F(CamImport, WithoutTheMassFlagMassDataInTheModelStay) {
     Model.JustStarted = true;
     for (const char* flag : {"0", "1", "32767", "-2"}) {
         CamFile file;
-        file.units = "5";
         file.mass_flag = flag;
         file.masses = {{"\"\"", "\"\"", "\"\"", "\"\""}, {"1", "2", "3", "4"}, {"a", "b", "c", "d"}};
         EXPECT_TRUE(Read_Cam(file.Content())) << flag;
@@ -166,8 +165,43 @@ TEST_F(CamImport, WithoutTheMassFlagMassDataInTheModelStay) {
     }
 }
 
+TEST_F(CamImport, WhatAFileOfOtherUnitsSaysNothingOfIsConvertedToThem) {
+    Model.JustStarted = true;
+    Model.FrictionForce = 2;
+    CamFile file;
+    file.units = "5";
+    file.mass_flag = "0";
+    EXPECT_TRUE(Read_Cam(file.Content()));
+    // From inches, pounds and blobs to metres, newtons and kilograms, each to its decimals.
+    EXPECT_EQ(Model.LinkMass(2), Stored(0.525F));
+    EXPECT_EQ(Model.LinkInertia(3), Stored(0.025F));
+    EXPECT_EQ(Model.CG(3, 0), Stored(0.0229F));
+    EXPECT_EQ(Model.CG(3, 1), Stored(-0.8726646261111112F)) << "an angle";
+    EXPECT_NEAR(Model.FrictionForce, 2 * 4.448222, 1e-6);
+    EXPECT_EQ(Model.P21x, Stored(-0.0146F));
+    EXPECT_EQ(Model.L2, Stored(0.00125F)) << "of the file, whose lengths are divided alone";
+}
+
+TEST_F(CamImport, AFileOfThreeLinksInOtherUnitsDrivesTheLinkageInThem) {
+    Model.JustStarted = true;
+    Turn_Ground(30);
+    CamFile file;
+    file.links = "3";
+    file.units = "5";
+    EXPECT_TRUE(Read_Cam(file.Content()));
+    EXPECT_EQ(Model.Units, 5);
+    EXPECT_EQ(Model.L2, Stored(0.0283F)) << "1.115 in";
+    EXPECT_EQ(Model.L3, Stored(0.0635F));
+    EXPECT_EQ(Model.Rpa, Stored(0.0431F));
+    EXPECT_NEAR(Model.L1, 2.667 * 0.0254, 5e-5);
+    EXPECT_NEAR(Model.Link1Angle, 30, 0.1);
+    EXPECT_NEAR(std::hypot(Model.Link1X, Model.Link1Y), Model.L1, 1e-8) << "both forms of link 1 are the same";
+    EXPECT_EQ(Model.CamDataLength1, Stored(0.0035F)) << "of the file: not converted";
+}
+
 TEST_F(CamImport, AFileOfThreeLinksBringsNoGeometryAndDrivesTheLinkageInTheModel) {
-    Model.Link1Angle = 12;
+    Model.PolarCoords = true;
+    Turn_Ground(12);
     Model.ThetaZero = 3;
     CamFile file;
     file.links = "3";
@@ -179,7 +213,8 @@ TEST_F(CamImport, AFileOfThreeLinksBringsNoGeometryAndDrivesTheLinkageInTheModel
     EXPECT_EQ(Model.LinkMass(2), Stored(0.003F));
     EXPECT_EQ(Model.NSteps, 3);
     EXPECT_EQ(Model.Calctype, 4);
-    EXPECT_NEAR(Model.RunTable.Theta(1, 0), 10.5 + 15 + 3, 1e-4) << "the input screen has run it";
+    // The input screen has run it; the cam drives from the ground link, at 12 degrees.
+    EXPECT_NEAR(Model.RunTable.Theta(1, 0), 10.5 + 15 + 3 + 12, 1e-4);
     EXPECT_NEAR(std::hypot(Model.RunTable.PointXY(1, 0, 0), Model.RunTable.PointXY(1, 0, 1)), 1.115, 1e-6);
 }
 
@@ -194,68 +229,97 @@ TEST_F(CamImport, AnyOtherTagIsTakenAsALinkage) {
     }
 }
 
-TEST_F(CamImport, ASixLinkFileIsRefusedBeforeAnythingIsRead) {
-    Model.RunTable.Omega(0, 0) = 4;
-    Run_Holds();
+TEST_F(CamImport, ASixLinkFileIsRefusedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
     desktop.Expect_Message(kSixLinks, Answer::kOk, Icon::kInformation, Buttons::kOk);
     CamFile file;
     file.links = "6";
     EXPECT_FALSE(Read_Cam(file.Content()));
-    EXPECT_EQ(Model.CamDirection, 0);
-    EXPECT_EQ(Model.TimeStart, 0);
-    EXPECT_EQ(Model.RunTable.Omega(0, 0), 4);
+    EXPECT_EQ(before.Changed(), "");
     EXPECT_TRUE(Model.Calculated);
-    EXPECT_FALSE(Model.CamDriven);
-    EXPECT_EQ(Model.Calctype, 3);
 }
 
-TEST_F(CamImport, ASliderFileIsRefusedAndWhatWasReadByThenStays) {
+TEST_F(CamImport, ASliderFileIsRefusedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
     desktop.Expect_Message(kSlider, Answer::kOk, Icon::kInformation, Buttons::kOk);
     CamFile file;
     file.tag = "\"Glidemark\"";
     file.units = "5";
     EXPECT_FALSE(Read_Cam(file.Content()));
-    EXPECT_EQ(Model.CamDirection, -1);
-    EXPECT_EQ(Model.CamDiameter, 2);
-    EXPECT_EQ(Model.TimeStep, 0.5);
-    EXPECT_EQ(Model.Units, 1);
-    EXPECT_EQ(Model.L2, Stored(1.115F));
-    EXPECT_FALSE(Model.CamDriven);
-    EXPECT_EQ(Model.Calctype, 3);
+    EXPECT_EQ(before.Changed(), "");
+    EXPECT_EQ(Model.CamDiameter, 0);
 }
 
-TEST_F(CamImport, AnUnreadableLineIsReportedAndWhatWasReadStays) {
+TEST_F(CamImport, AnUnreadableLineIsReportedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
     auto lines = CamFile().Lines();
     lines[24] = "fifty";  // the angle of the ground link
     Expect_Failure(13, "Type mismatch", "Read_Cam_Data");
     EXPECT_FALSE(Read_Cam(Joined(lines)));
-    EXPECT_EQ(Model.Delta2, 7);
-    EXPECT_EQ(Model.L1, 3.75);
-    EXPECT_EQ(Model.Link1Angle, 0);
-    EXPECT_EQ(Model.Rpa, Stored(1.697F));
-    EXPECT_FALSE(Model.CamDriven);
-    EXPECT_EQ(Model.Calctype, 3);
+    EXPECT_EQ(before.Changed(), "");
 }
 
-TEST_F(CamImport, AFileCutShortBehindAnyLineIsReported) {
-    const auto lines = CamFile().Lines();
+TEST_F(CamImport, AFileCutShortBehindAnyLineIsReportedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
+    CamFile file;
+    file.units = "4";
+    const auto lines = file.Lines();
     for (std::size_t kept = 0; kept < lines.size(); ++kept) {
         Expect_Failure(62, "Input past end of file", "Read_Cam_Data");
         EXPECT_FALSE(Read_Cam(Joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept)}))) << kept;
-        EXPECT_EQ(Model.Calctype, 3) << kept;
+        EXPECT_EQ(before.Changed(), "") << kept;
     }
 }
 
-TEST_F(CamImport, ATableThatBreaksOffLeavesItsRowsAndNoResults) {
-    Run_Holds();
+TEST_F(CamImport, ATableThatBreaksOffLeavesTheTableAndTheResultsOfBefore) {
+    Have_Results();
+    const Moment before;
     CamFile file;
     file.rows[2] = "20,two,-3";
     Expect_Failure(13, "Type mismatch", "Read_Cam_Data");
     EXPECT_FALSE(Read_Cam(file.Content()));
-    EXPECT_EQ(Row(1), (std::array{10.5, -1.5, 2.5}));
-    EXPECT_EQ(Model.RunTable.DriveTheta(2), 20);
-    EXPECT_EQ(Model.NSteps, 3);
-    EXPECT_FALSE(Model.Calculated) << "the rows of the last run are overwritten";
+    EXPECT_EQ(before.Changed(), "");
+    EXPECT_EQ(Row(1), (std::array{1.5, 0.25, -1.0}));
+    EXPECT_TRUE(Model.Calculated && Model.DynamicsDone);
+}
+
+TEST_F(CamImport, ADriveThatIsTakenEndsTheResultsAndTheTorqueTableOfTheRunBefore) {
+    Model.JustStarted = true;
+    Have_Results();
+    Model.TorqueImported = true;
+    EXPECT_TRUE(Read_Cam(CamFile().Content()));
+    EXPECT_FALSE(Model.Calculated || Model.DynamicsDone || Model.SavedFlag);
+    EXPECT_FALSE(Model.TorqueImported);
+}
+
+TEST_F(CamImport, AGroundLinkWhoseTwoFormsDisagreeFollowsFromTheOneInForce) {
+    Model.JustStarted = true;
+    CamFile file;
+    file.places = {"-3", "4", "0", "0"};  // O4 5 from O2, where the length says 3.75
+    EXPECT_TRUE(Read_Cam(file.Content()));
+    EXPECT_EQ(Model.L1, 5);
+    EXPECT_NEAR(Model.Link1Angle, 126.8699, 1e-4);
+    EXPECT_EQ(Model.LinkArray(1), 5);
+    Model.PolarCoords = true;
+    EXPECT_TRUE(Read_Cam(file.Content()));
+    EXPECT_EQ(Model.L1, 3.75);
+    EXPECT_NEAR(Model.Link1X, 2.25, 1e-5);
+    EXPECT_NEAR(Model.Link1Y, 3, 1e-5);
+    EXPECT_EQ(Model.LinkArray(5), Model.Link1X);
+}
+
+TEST_F(CamImport, APivotThatNoNumberReachesIsAFailureAndEverythingStays) {
+    Have_Results();
+    const Moment before;
+    CamFile file;
+    file.places = {"3e38", "3e38", "0", "0"};
+    Expect_Failure(6, "Overflow", "Read_Cam_Data");
+    EXPECT_FALSE(Read_Cam(file.Content()));
+    EXPECT_EQ(before.Changed(), "");
 }
 
 TEST_F(CamImport, ATableHasRoomFor2881RowsAndOneMoreIsABoundsFailure) {
@@ -267,10 +331,10 @@ TEST_F(CamImport, ATableHasRoomFor2881RowsAndOneMoreIsABoundsFailure) {
     EXPECT_EQ(Model.NSteps, 2880);
     EXPECT_EQ(Row(2880), (std::array{4.0, 5.0, 6.0}));
     file.rows.emplace_back("7,8,9");
-    Model.NSteps = 72;
+    const Moment before;
     Expect_Failure(9, "Subscript out of range", "Read_Cam_Data");
     EXPECT_FALSE(Read_Cam(file.Content()));
-    EXPECT_EQ(Model.NSteps, 72) << "no model asks for more steps than there are";
+    EXPECT_EQ(before.Changed(), "");
 }
 
 TEST_F(CamImport, ATableMayStandInColumnsOrOneValueToALine) {
@@ -361,15 +425,16 @@ TEST_F(CamImport, AModelFromDiskIsNotTakenForTheParallelogramItWas) {
     EXPECT_FALSE(Model.Parallelogram);
     CamFile file;
     file.lengths = {"3", "4", "3", "4"};
+    file.places = {"2.4", "3.2", "-6", "2.5"};
     EXPECT_TRUE(Read_Cam(file.Content()));
     EXPECT_TRUE(Model.Parallelogram);
 }
 
-TEST_F(CamImport, ADriveOfTheOtherKindLeavesItsFlagUp) {
+TEST_F(CamImport, ADriveOfTheOtherKindEnds) {
     Model.JustStarted = true;
     Model.LinkDriven = true;
     EXPECT_TRUE(Read_Cam(CamFile().Content()));
-    EXPECT_TRUE(Model.LinkDriven);
+    EXPECT_FALSE(Model.LinkDriven);
     EXPECT_TRUE(Model.CamDriven);
     EXPECT_EQ(Model.Calctype, 4);
 }

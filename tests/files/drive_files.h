@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "core/linkage_door.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
 #include "tests/files/model_files.h"
+#include "tests/files/moment.h"
 #include "tests/support/drive_data.h"
 
 namespace verlink::test {
@@ -40,6 +42,23 @@ class DriveFiles : public ModelFiles {
         desktop.Expect_Message(
             "Error " + std::to_string(number) + "   (" + words + ")  has occurred in " + procedure + "\r\n\r\n",
             platform::Answer::kOk, platform::Icon::kInformation);
+    }
+    /// A calculated linkage with a table of each kind, so that there is something to lose.
+    static void Have_Results() {
+        Take_Full_Turn();
+        Model.Delta2 = 3;
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            Model.RunTable.DriveTheta(step) = step + 0.5;
+            Model.RunTable.Omega(step, 0) = step / 4.0;
+            Model.RunTable.Alpha(step, 0) = -step;
+            Model.RunTable.ImportedTorque(step) = step * 2.0;
+        }
+        Run_Holds();
+        Forces_Hold();
+    }
+    static void Turn_Ground(double degrees) {
+        Model.Link1Angle = degrees;
+        Derive_Linkage(Leading::kPolar);
     }
     static std::array<double, 3> Row(int step) {
         const auto& table = Model.RunTable;

@@ -114,10 +114,12 @@ TEST_F(Exports, TorqueIsTheCountAndOneNumberALine) {
     Model.RunTable.LinkTorque(1, 0) = -0.05;
     Model.RunTable.LinkTorque(2, 0) = 1.5e-7;
     Model.RunTable.LinkTorque(1, 1) = 99;  // links 3 and 4 are not asked for
+    Forces_Hold();
     EXPECT_EQ(Torque_Content(), "2\r\n12.5\r\n-0.05\r\n1.5E-07\r\n");
 }
 
-TEST_F(Exports, TorqueBeforeAnySolveIsZeros) {
+TEST_F(Exports, TorqueBeforeAnySolveIsZerosAlsoWhereAnEarlierModelLeftItsOwn) {
+    Model.RunTable.LinkTorque(3, 0) = 12.5;
     Run();
     EXPECT_EQ(Torque_Content(), "6\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n");
 }
@@ -243,14 +245,29 @@ TEST_F(Exports, ThePendrixFileIsAskedForWrittenAndGivesTheModelItsName) {
     EXPECT_EQ(Model.ModelName, "geared");
 }
 
-TEST_F(Exports, ASaveStraightAfterAnExportWritesTheModelOverIt) {
+TEST_F(Exports, ASaveStraightAfterAnExportWritesTheModelInItsPlaceAndKeepsItBeside) {
     Run();
-    const std::string path = In("stage1.trq");
-    desktop.Expect_Save(path);
-    Menu_Export_Torque(home);
-    desktop.Expect_Message("File was successfully written to \r" + path);
-    Menu_Save(home);
-    EXPECT_EQ(Held(path), File_Content());
+    const struct {
+        void (*act)(platform::Screen&);
+        const char* name;
+        std::string content;
+        bool told;
+    } exports[] = {{Menu_Link_Data_Export, "stage 1.out", Link4_Content(), true},
+                   {Menu_Export_Torque, "stage1.trq", Torque_Content(), false},
+                   {Menu_pdx, "geared.pdx", Pendrix_Content(), true}};
+    for (const auto& made : exports) {
+        const std::string path = In(made.name);
+        desktop.Expect_Save(path);
+        if (made.told) desktop.Expect_Message_With("written to ");
+        made.act(home);
+        desktop.Expect_Message("File was successfully written to \r" + path +
+                                   "\r\rThe file that was there is no model.  It is kept as \r" + path + "~",
+                               Answer::kOk, Icon::kInformation, Buttons::kOk);
+        Menu_Save(home);
+        EXPECT_EQ(Held(path), File_Content());
+        EXPECT_EQ(Held(path + "~"), made.content);
+        EXPECT_TRUE(Model.SavedFlag);
+    }
 }
 
 TEST_F(Exports, ACancelledDialogEndsTwoExportsSilentlyAndIsReportedByTheThird) {

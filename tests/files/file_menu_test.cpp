@@ -9,6 +9,7 @@
 
 #include "core/status_panel.h"
 #include "tests/files/model_files.h"
+#include "tests/files/moment.h"
 
 namespace verlink::test {
 
@@ -47,6 +48,24 @@ class FileMenu : public ModelFiles {
     void Expect_Saved_As(const std::string& path) {
         desktop.Expect_Save(path);
         Expect_Saved(path);
+    }
+    /// A model with results and tables of every kind that lies in a file, and the screens that show it.
+    void Have_A_Saved_Model() {
+        Screens::Get("frm_Inputnew").Text("txt_Linkout", 1).Text = "1.115";
+        Screens::Get("frm_MassProp").Text("txt_Mass", 2).Text = "0.003";
+        Model.RunTable.Theta(3, 0) = 7;
+        Model.RunTable.ImportedTorque(3) = 7;
+        Model.TorqueImported = true;
+        Model.Delta2 = 12;
+        Model.CognateEdit = true;
+        Model.FilePath = In("a.vlk");
+        Model.ModelName = "a";
+        Put_File(In("a.vlk"), File_Content());
+        Run_Holds();
+        Forces_Hold();
+        Set_Menus();
+        Model_Saved();
+        Refresh_Status();
     }
     bool Panel_Shows_Saved() const { return home.Get<platform::Label>("lbl_Status", 8).Visible; }
 
@@ -211,48 +230,46 @@ TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
     picture.Redirect(nullptr);
 }
 
-TEST_F(FileMenu, OpenOfAForeignFileKeepsTheModelButTakesThePathAndTheName) {
+TEST_F(FileMenu, OpenOfAForeignFileKeepsTheModelItsResultsItsPathAndItsName) {
     Put_File(In("note.txt"), "Dear Ada,\r\nno linkage here\r\n");
-    Model_Saved();
+    Have_A_Saved_Model();
+    const Moment before;
     desktop.Expect_Open(In("note.txt"));
     desktop.Expect_Message("This data file is not compatible with VERLINK. ", Answer::kOk, Icon::kQuestion);
     Menu_Open(home);
-    EXPECT_EQ(Model.ModelName, "note");
-    EXPECT_EQ(Model.FilePath, In("note.txt"));
-    EXPECT_EQ(Model.L2, static_cast<double>(1.115F));
-    EXPECT_TRUE(Model.DiskFile);
-    EXPECT_FALSE(Model.SavedFlag);
-    EXPECT_TRUE(Model.Calculated);
+    EXPECT_EQ(before.Changed(), "");
     EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+    // The next Save still goes to the file of this model.
+    Expect_Saved(In("a.vlk"));
+    Menu_Save(home);
+    EXPECT_EQ(Held(In("note.txt")), "Dear Ada,\r\nno linkage here\r\n");
 }
 
 TEST_F(FileMenu, OpenOfAFileThatIsNotThereSaysSoAndKeepsTheSavedOne) {
-    Model.FilePath = In("a.vlk");
-    Model.ModelName = "a";
-    Model_Saved();
+    Have_A_Saved_Model();
+    const Moment before;
     desktop.Expect_Open(In("none.vlk"));
     desktop.Expect_Message(
         "Error 53   (File not found)  has occurred in frm_Homescreen.Open\r\n\r\n"
         "There are no files with your chosen name in the selected directory",
         Answer::kOk, Icon::kInformation);
     Menu_Open(home);
+    EXPECT_EQ(before.Changed(), "");
     EXPECT_EQ(Model.FilePath, In("a.vlk")) << "the next Save still goes to the file of this model";
-    EXPECT_EQ(Model.ModelName, "a");
     EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
 }
 
-TEST_F(FileMenu, OpenOfAFileCutShortIsReportedAndItsValuesCountAsUnsaved) {
+TEST_F(FileMenu, OpenOfAFileCutShortIsReportedAndEverythingStays) {
     auto lines = Lines(Held(Fixture_File("rev9.vlk")));
     lines.resize(100);
     Put_File(In("cut.vlk"), Joined(lines));
-    Model_Saved();
+    Have_A_Saved_Model();
+    const Moment before;
     desktop.Expect_Open(In("cut.vlk"));
     desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n");
     Menu_Open(home);
-    EXPECT_EQ(Model.ModelName, "cut");
-    EXPECT_FALSE(Model.SavedFlag);
-    EXPECT_FALSE(Model.Calculated);
-    EXPECT_EQ(Model.NSteps, 184);
+    EXPECT_EQ(before.Changed(), "");
+    EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
 }
 
 TEST_F(FileMenu, OpenAsksAboutUnsavedResultsAndNoGoesOn) {
@@ -311,26 +328,72 @@ TEST_F(FileMenu, CancelBeforeOpenLeavesTheRoutineWithEverythingAsItWas) {
     EXPECT_TRUE(Model.Calculated);
 }
 
-TEST_F(FileMenu, ResultsAreZeroedBeforeTheOpenDialogAlsoWhenItIsCancelled) {
-    Model_Saved();
-    Model.RunTable.Theta(3, 0) = 7;
-    Model.RunTable.ImportedTorque(3) = 7;
-    Model.TorqueImported = true;
-    Model.Delta2 = 12;
-    Model.CognateEdit = true;
-    Model.FilePath = In("a.vlk");
-    Model.ModelName = "a";
+TEST_F(FileMenu, ACancelledOpenLeavesResultsTablesAndEverythingElse) {
+    Have_A_Saved_Model();
+    const Moment before;
     desktop.Expect_Open({});
     Menu_Open(home);
-    EXPECT_EQ(Model.RunTable.Theta(3, 0), 0);
-    EXPECT_EQ(Model.RunTable.ImportedTorque(3), 0);
+    EXPECT_EQ(before.Changed(), "");
+}
+
+TEST_F(FileMenu, AnOpenedModelHasNoResultsTorqueOffsetOrCognateOfTheOneBefore) {
+    Have_A_Saved_Model();
+    Model.JustStarted = true;
+    desktop.Expect_Open(Fixture_File("rev6.vlk"));
+    Menu_Open(home);
+    EXPECT_FALSE(Model.Calculated || Model.DynamicsDone || Model.BalanceDone || Model.FFTDone);
     EXPECT_FALSE(Model.TorqueImported);
     EXPECT_EQ(Model.Delta2, 0);
     EXPECT_FALSE(Model.CognateEdit);
-    EXPECT_EQ(Model.FilePath, In("a.vlk"));
-    EXPECT_EQ(Model.ModelName, "a");
-    EXPECT_TRUE(Model.SavedFlag);
-    EXPECT_EQ(Model.L2, static_cast<double>(1.115F));
+    EXPECT_TRUE(Model.CognatesDue);
+}
+
+TEST_F(FileMenu, SaveOverAFileThatIsNoModelKeepsTheOldOneBesideItAndSaysSo) {
+    for (const char* foreign : {"2\r\n12.5\r\n0\r\n-1\r\n", "Dear Ada", "\"unended", "\r\n\"VERLINK\"\r\n"}) {
+        Model.FilePath = In("stage1.trq");
+        Put_File(In("stage1.trq"), foreign);
+        ::chmod(In("stage1.trq").c_str(), 0640);
+        Model_Saved();
+        desktop.Expect_Message("File was successfully written to \r" + In("stage1.trq") +
+                                   "\r\rThe file that was there is no model.  It is kept as \r" + In("stage1.trq~"),
+                               Answer::kOk, Icon::kInformation, Buttons::kOk);
+        Pick_Menu(home, "mnu_Save");
+        EXPECT_EQ(Held(In("stage1.trq")), File_Content());
+        EXPECT_EQ(Held(In("stage1.trq~")), foreign);
+        EXPECT_EQ(fs::status(In("stage1.trq~")).permissions(), fs::perms(0640));
+        EXPECT_TRUE(Model.SavedFlag);
+        EXPECT_EQ(Model.FilePath, In("stage1.trq"));
+        // The file is a model now, which the next Save replaces without more words.
+        Expect_Saved(In("stage1.trq"));
+        Pick_Menu(home, "mnu_Save");
+        EXPECT_EQ(Names_In(Path("models")), (std::set<std::string>{"stage1.trq", "stage1.trq~"}));
+        fs::remove(In("stage1.trq~"));
+    }
+}
+
+TEST_F(FileMenu, AnOldFileThatWasKeptStaysWhenAnotherIsKept) {
+    Model.FilePath = In("stage1.trq");
+    Put_File(In("stage1.trq"), "second");
+    Put_File(In("stage1.trq~"), "first");
+    Model_Saved();
+    desktop.Expect_Message_With("It is kept as \r" + In("stage1.trq~~"));
+    Menu_Save(home);
+    EXPECT_EQ(Held(In("stage1.trq~")), "first");
+    EXPECT_EQ(Held(In("stage1.trq~~")), "second");
+}
+
+TEST_F(FileMenu, AModelAnEmptyFileAndOneThatTheUserAgreedToReplaceAreNotKept) {
+    Model.FilePath = In("a.vlk");
+    for (const char* old : {"\"VERLINK\"\r\n\"6.0\"\r\n", "VERLINK", "\xef\xbb\xbf\"VERLINKED\",1", ""}) {
+        Put_File(In("a.vlk"), old);
+        Model_Saved();
+        Expect_Saved(In("a.vlk"));
+        Menu_Save(home);
+    }
+    Put_File(In("a.vlk"), "foreign, and the dialog has asked about it");
+    Expect_Saved_As(In("a.vlk"));
+    Menu_Saveas(home);
+    EXPECT_EQ(Names_In(Path("models")), std::set<std::string>{"a.vlk"});
 }
 
 TEST_F(FileMenu, SavedAndOpenedAgainIsTheSameModel) {

@@ -70,8 +70,7 @@ TEST_F(LinkImport, TheMessageNamesTheFileAndTheInputScreenComesUpWithThePhase) {
 
 TEST_F(LinkImport, TheInputAngleIsTheDrivesLessTheGroundLinksPlusTheOffset) {
     Model.JustStarted = true;
-    Model.Link1Angle = 25;
-    Model.Link1AngleRad = 25 * kDegToRad;
+    Turn_Ground(25);
     Model.Delta2 = 5;
     EXPECT_TRUE(Read_Links(LinkFile({"40,2,0", "100,2,0"})));
     Integer result = 0;
@@ -94,35 +93,59 @@ TEST_F(LinkImport, NoUnitsAreInTheFileAndNoneAreApplied) {
     EXPECT_EQ(Row(1), (std::array{20.0, 3.0, 4.0}));
 }
 
-TEST_F(LinkImport, AnUnreadableRowIsReportedAndWhatWasReadStays) {
-    Run_Holds();
+TEST_F(LinkImport, AnUnreadableRowIsReportedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
     Expect_Failure(13, "Type mismatch", "Import_Linkage_Data");
     EXPECT_FALSE(Read_Links(LinkFile({"1,2,3", "4,,6", "7,8,9"})));
-    EXPECT_EQ(Model.NSteps, 2);
-    EXPECT_EQ(Row(0), (std::array{1.0, 2.0, 3.0}));
-    EXPECT_EQ(Model.RunTable.DriveTheta(1), 4);
-    EXPECT_FALSE(Model.LinkDriven);
-    EXPECT_EQ(Model.Calctype, 3);
-    EXPECT_FALSE(Model.Calculated);
+    EXPECT_EQ(before.Changed(), "");
+    EXPECT_TRUE(Model.Calculated);
+}
+
+TEST_F(LinkImport, AFileCutShortBehindAnyLineIsReportedAndEverythingStays) {
+    Have_Results();
+    const Moment before;
+    const auto lines = Lines(LinkFile({"10,1,2", "20,3,4"}));
+    for (std::size_t kept = 0; kept < lines.size(); ++kept) {
+        Expect_Failure(62, "Input past end of file", "Import_Linkage_Data");
+        EXPECT_FALSE(Read_Links(Joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept)}))) << kept;
+        EXPECT_EQ(before.Changed(), "") << kept;
+    }
+}
+
+TEST_F(LinkImport, ADriveThatIsTakenLeavesTheLinkageAndEndsResultsAndTorqueTable) {
+    Model.JustStarted = true;
+    Have_Results();
+    Turn_Ground(123.4);
+    Model.TorqueImported = true;
+    const Geometry linkage = Model;
+    EXPECT_TRUE(Read_Links(LinkFile({"10,1,2", "20,3,4"})));
+    EXPECT_EQ(Model.L1, linkage.L1);
+    EXPECT_EQ(Model.Link1Angle, linkage.Link1Angle);
+    EXPECT_EQ(Model.Link1AngleRad, linkage.Link1AngleRad);
+    EXPECT_EQ(Model.Link1X, linkage.Link1X);
+    EXPECT_EQ(Model.Link1Y, linkage.Link1Y);
+    EXPECT_FALSE(Model.Calculated || Model.DynamicsDone || Model.TorqueImported);
 }
 
 TEST_F(LinkImport, MoreThan2880StepsAreABoundsFailure) {
-    Model.NSteps = 72;
+    Have_Results();
+    const Moment before;
     Expect_Failure(9, "Subscript out of range", "Import_Linkage_Data");
     EXPECT_FALSE(Read_Links(LinkFile({"1,2,3"}, "2881")));
-    EXPECT_EQ(Model.NSteps, 72);
     Expect_Failure(6, "Overflow", "Import_Linkage_Data");
     EXPECT_FALSE(Read_Links(LinkFile({"1,2,3"}, "32768")));
+    EXPECT_EQ(before.Changed(), "");
     Model.JustStarted = true;
     EXPECT_TRUE(Read_Links(LinkFile(std::vector<std::string>(2881, "1,2,3"))));
     EXPECT_EQ(Model.NSteps, 2880);
 }
 
-TEST_F(LinkImport, ADriveOfTheOtherKindLeavesItsFlagUp) {
+TEST_F(LinkImport, ADriveOfTheOtherKindEnds) {
     Model.JustStarted = true;
     Model.CamDriven = true;
     EXPECT_TRUE(Read_Links(LinkFile({"1,2,3"})));
-    EXPECT_TRUE(Model.CamDriven);
+    EXPECT_FALSE(Model.CamDriven);
     EXPECT_TRUE(Model.LinkDriven);
     EXPECT_EQ(Model.Calctype, 5);
 }
@@ -130,8 +153,7 @@ TEST_F(LinkImport, ADriveOfTheOtherKindLeavesItsFlagUp) {
 TEST_F(LinkImport, AFileWrittenAndReadBackDrivesARunByTheMotionOfLink4) {
     // A turned crank-rocker, so that angles of both signs and of many digits are written.
     Model.JustStarted = true;
-    Model.Link1Angle = 33;
-    Model.Link1AngleRad = 33 * kDegToRad;
+    Turn_Ground(33);
     Model.Calctype = 2;
     Model.Alpha2 = 4;
     Model.NSteps = 100;
@@ -145,8 +167,7 @@ TEST_F(LinkImport, AFileWrittenAndReadBackDrivesARunByTheMotionOfLink4) {
     ASSERT_TRUE(Export_Link4_to_File());
 
     Initialize();
-    Model.Link1Angle = -20;
-    Model.Link1AngleRad = -20 * kDegToRad;
+    Turn_Ground(-20);
     Model.L2 = 0.75;
     Model.Delta2 = 11;
     EXPECT_TRUE(Read_Links(Held(Path("stage1.out"))));

@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/linkage_door.h"
 #include "tests/files/model_files.h"
+#include "tests/files/moment.h"
 
 namespace verlink::test {
 
@@ -53,85 +55,150 @@ void Expect_Told(int First, int Last, std::initializer_list<int> except = {}) {
 class Reader : public ModelFiles {
    protected:
     static void Read_Fixture(const std::string& name) { ASSERT_TRUE(Load_Model(Held(Fixture_File(name)))) << name; }
-    /// Values that a short file must leave.
-    static std::vector<std::string> Extended_Values() {
-        std::vector<std::string> values;
-        for (int line = 81; line <= 96; ++line) values.push_back(Text_At(Line(line)));
-        return values;
+    /// A model whose lines 81 to 96 all hold something.
+    static void Have_Extended_Values() {
+        Model.Link1Angle = 40;
+        Derive_Linkage(Leading::kPolar);
+        Model.LineAngle = 33;
+        Model.NSteps = 77;
+        Model.CamDirection = -1;
+        Model.CamDataLength1 = 4;
+        Model.CamPhase = 5;
+        Model.CamDriven = Model.LinkDriven = true;
+        Model.Model5Name = "old.sva";
+        Model.TorqueImported = true;
+        Model.Delta2 = 6;
+        Model.ZoomFactor = 2;
+    }
+    /// Lines 81 to 96 behind a short file: a ground link along x, and settings of the screens as they are.
+    static void Expect_No_Extended_Values() {
+        const std::vector<std::string> values = {"33", "0",     "0",     "0", "11.25", "0",     "0", "0",
+                                                 "0",  "false", "false", "",  "",      "false", "0", "2"};
+        for (int line = 81; line <= 96; ++line) {
+            if (line == 92) continue;
+            EXPECT_EQ(Text_At(Line(line)), values[static_cast<std::size_t>(line - 81)]) << line;
+        }
+        EXPECT_EQ(Model.LinkArray(5), 11.25);
+        EXPECT_EQ(Model.LinkArray(6), 0);
+        EXPECT_EQ(Model.Link1LocalX, 11.25);
+    }
+    /// The fixtures' numbers for link 1 are not those of one place; what leads is their length and angle.
+    static void Expect_Ground_By_Angle() {
+        const double radians = 82.25 * kDegToRad;
+        EXPECT_EQ(Model.L1, 11.25);
+        EXPECT_EQ(Model.Link1Angle, 82.25);
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.Link1AngleRad), static_cast<float>(radians));
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.Link1X), static_cast<float>(11.25 * std::cos(radians)));
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.Link1Y), static_cast<float>(11.25 * std::sin(radians)));
+        Expect_Packed();
+    }
+    /// The same where the place of O4 leads.
+    static void Expect_Ground_By_Place() {
+        const double radians = std::atan2(86.25, 85.25);
+        EXPECT_EQ(Model.Link1X, 85.25);
+        EXPECT_EQ(Model.Link1Y, 86.25);
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.L1), static_cast<float>(std::hypot(85.25, 86.25)));
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.Link1Angle), static_cast<float>(radians * 180 / M_PI));
+        EXPECT_FLOAT_EQ(static_cast<float>(Model.Link1AngleRad), static_cast<float>(radians));
+        Expect_Packed();
+    }
+
+   private:
+    static void Expect_Packed() {
+        EXPECT_EQ(Model.LinkArray(1), Model.L1);
+        EXPECT_EQ(Model.LinkArray(5), Model.Link1X);
+        EXPECT_EQ(Model.LinkArray(6), Model.Link1Y);
+        EXPECT_NEAR(Model.Link1LocalX, Model.L1, 1e-4) << "along the ground link";
+        EXPECT_NEAR(Model.Link1LocalY, 0, 1e-4);
     }
 };
 
-TEST_F(Reader, Revision6StopsAtLine80AndHasAPolarGroundLink) {
-    Model.Link1X = 55;
-    Model.Link1Y = 66;
-    Model.NSteps = 77;
-    const auto before = Extended_Values();
+TEST_F(Reader, Revision6StopsAtLine80AndHasAPolarGroundLinkAlongX) {
+    Have_Extended_Values();
     Read_Fixture("rev6.vlk");
     Expect_Told(3, 80);
     EXPECT_TRUE(Model.PolarCoords);
-    EXPECT_EQ(Model.Link1X, 11.25) << "L1";
-    EXPECT_EQ(Model.Link1Y, 0);
-    const auto after = Extended_Values();
-    for (int line = 81; line <= 96; ++line) {
-        if (line == 85 || line == 86 || line == 92) continue;
-        EXPECT_EQ(after[static_cast<std::size_t>(line - 81)], before[static_cast<std::size_t>(line - 81)]) << line;
+    Expect_No_Extended_Values();
+}
+
+TEST_F(Reader, Revision7WithFormatBelow2StopsAtLine80AndKeepsNothingOfTheModelBeforeButSettings) {
+    for (const bool polar : {false, true}) {
+        Have_Extended_Values();
+        Model.PolarCoords = polar;
+        Read_Fixture("rev7_format1.vlk");
+        Expect_Told(3, 80);
+        Expect_No_Extended_Values();
+        EXPECT_EQ(Model.PolarCoords, polar) << "how the boxes are entered is a setting";
     }
 }
 
-TEST_F(Reader, Revision7WithFormatBelow2StopsAtLine80AndChangesNothingMore) {
-    Model.Link1X = 55;
-    Model.Link1Y = 66;
-    const auto before = Extended_Values();
-    Read_Fixture("rev7_format1.vlk");
-    Expect_Told(3, 80);
-    EXPECT_EQ(Extended_Values(), before);
+TEST_F(Reader, AShortFileOfADrivenRunHasNoDriveOfTheModelBefore) {
+    Read_Fixture("torque_table.vlk");
+    for (const char* type : {"4", "5"}) {
+        ASSERT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev6.vlk")), 44, type)));
+        EXPECT_EQ(Model.Calctype, 3);
+        EXPECT_EQ(Model.NSteps, 12) << "of the limits in the file";
+        EXPECT_FALSE(Model.CamDriven || Model.LinkDriven || Model.TorqueImported);
+    }
+}
+
+TEST_F(Reader, AShortFileWhoseStepExceedsItsRangeHasOnePosition) {
+    Model.NSteps = 77;
+    const auto angle = With_Line(Held(Fixture_File("rev6.vlk")), 44, "3");
+    ASSERT_TRUE(Load_Model(With_Line(angle, 42, "\"95\"")));
+    EXPECT_EQ(Model.NSteps, 0);
 }
 
 TEST_F(Reader, Revision7WithFormat2Or3HasNoLine92AndAPolarGroundLink) {
     for (const char* name : {"rev7_format2.vlk", "rev7_format3.vlk"}) {
         Model.PolarCoords = false;
         Read_Fixture(name);
-        Expect_Told(3, 96, {85, 86, 92});
+        Expect_Told(3, 96, {83, 85, 86, 92});
         EXPECT_TRUE(Model.PolarCoords);
-        EXPECT_EQ(Model.Link1X, 11.25);
-        EXPECT_EQ(Model.Link1Y, 0);
+        Expect_Ground_By_Angle();
     }
 }
 
 TEST_F(Reader, Revision7WithFormat4HasAllLines) {
     Model.PolarCoords = true;
     Read_Fixture("rev7_format4.vlk");
-    Expect_Told(3, 96);
+    Expect_Told(3, 96, {11, 82, 83});
     EXPECT_FALSE(Model.PolarCoords);
+    Expect_Ground_By_Place();
 }
 
 TEST_F(Reader, Revision7Point5WithFormat3HasNoLine92AndLine93FollowsDirectly) {
     Read_Fixture("rev75_format3.vlk");
-    Expect_Told(3, 96, {85, 86, 92});
+    Expect_Told(3, 96, {83, 85, 86, 92});
     EXPECT_TRUE(Model.PolarCoords);
+    Expect_Ground_By_Angle();
     EXPECT_EQ(Model.Model5Name, "line 93");
 }
 
 TEST_F(Reader, EveryRevisionAbove7HasAllLinesWhateverItsFormat) {
     Read_Fixture("rev8.vlk");
-    Expect_Told(3, 96);
+    Expect_Told(3, 96, {11, 82, 83});
+    Expect_Ground_By_Place();
     Read_Fixture("rev9.vlk");
-    Expect_Told(3, 96, {92});
+    Expect_Told(3, 96, {83, 85, 86, 92});
     EXPECT_TRUE(Model.PolarCoords);
+    Expect_Ground_By_Angle();
 }
 
 TEST_F(Reader, Revision10StartsWithA1AndHasAllLines) {
     Model.PolarCoords = true;
     Read_Fixture("rev10.vlk");
-    Expect_Told(3, 96);
+    Expect_Told(3, 96, {11, 82, 83});
     EXPECT_FALSE(Model.PolarCoords);
+    Expect_Ground_By_Place();
 }
 
 TEST_F(Reader, Revision7Point1WithFormat1IsReadOnWithoutLine92) {
     const auto content = With_Line(With_Line(Held(Fixture_File("rev7_format2.vlk")), 2, "\"7.1\""), 54, "\"1.0\"");
     ASSERT_TRUE(Load_Model(content));
-    Expect_Told(3, 96, {85, 86, 92});
+    Expect_Told(3, 96, {83, 85, 86, 92});
     EXPECT_TRUE(Model.PolarCoords);
+    Expect_Ground_By_Angle();
 }
 
 TEST_F(Reader, AnEmptyRevisionCountsAsOneBelow7) {
@@ -141,7 +208,8 @@ TEST_F(Reader, AnEmptyRevisionCountsAsOneBelow7) {
 
 TEST_F(Reader, TheDriveTableIsReadByRowsAndNumbersMayLackAZero) {
     Read_Fixture("drive_table.vlk");
-    Expect_Told(3, 96, {84});
+    Expect_Told(3, 96, {11, 82, 83, 84});
+    Expect_Ground_By_Place();
     EXPECT_EQ(Model.Calctype, 4);
     EXPECT_EQ(Model.NSteps, 4);
     for (int step = 0; step <= 4; ++step) {
@@ -182,16 +250,15 @@ TEST_F(Reader, AFirstLineThatGoesOnBehindTheTagIsAccepted) {
     EXPECT_TRUE(Load_Model(With_Line(Held(Fixture_File("rev9.vlk")), 1, "\"VERLINKED, by another\"")));
 }
 
-TEST_F(Reader, AShorterFirstLineIsRefusedAndNothingFurtherIsRead) {
-    const std::string before = File_Content();
+TEST_F(Reader, AShorterFirstLineIsRefusedAndNothingChanges) {
+    Screens::Get("frm_Inputnew").Text("txt_Linkout", 1).Text = "9.5";
+    Run_Holds();
+    Model_Saved();
+    const Moment before;
     for (const char* tag : {"\"VERLIN\"", "\"\"", "\"verlink\"", "VERLIN", "\"LINKVER\""}) {
-        Model.DiskFile = false;
-        Run_Holds();
         desktop.Expect_Message(kForeign, Answer::kOk, Icon::kQuestion);
-        Readfile(With_Line(Held(Fixture_File("rev9.vlk")), 1, tag));
-        EXPECT_EQ(File_Content(), before);
-        EXPECT_TRUE(Model.DiskFile);
-        EXPECT_TRUE(Model.Calculated);
+        EXPECT_FALSE(Readfile(With_Line(Held(Fixture_File("rev9.vlk")), 1, tag), "/models/foreign.vlk"));
+        EXPECT_EQ(before.Changed(), "") << tag;
     }
 }
 
@@ -238,19 +305,55 @@ TEST_F(Reader, DerivedValuesFollowTheFiles) {
     EXPECT_EQ(Model.LinkArray(0), 12.25);
     EXPECT_EQ(Model.LinkArray(1), 11.25);
     EXPECT_EQ(Model.LinkArray(4), 10.25);
-    EXPECT_EQ(Model.LinkArray(5), 85.25);
+    Expect_Ground_By_Angle();
     EXPECT_EQ(Model.ThetaStart, 10);
     EXPECT_EQ(Model.ThetaEnd, 100);
     EXPECT_EQ(Model.ThetaStep, 7.5);
     EXPECT_NEAR(Model.ThetaStartRad, 10 * M_PI / 180, 1e-7);
     EXPECT_NEAR(Model.ThetaEndRad, 100 * M_PI / 180, 1e-6);
     EXPECT_NEAR(Model.ThetaStepRad, 7.5 * M_PI / 180, 1e-7);
-    EXPECT_EQ(Model.Link1AngleRad, 83.25) << "the file's own, not recomputed";
     EXPECT_EQ(Model.UnitLabel(6), "m");
     EXPECT_EQ(Model.DecLength, 4);
     EXPECT_EQ(Model.NSteps, 184) << "a single position keeps the file's";
     EXPECT_TRUE(Model.DiskFile);
     EXPECT_FALSE(Model.Calculated);
+}
+
+TEST_F(Reader, BothFormsOfTheGroundLinkStayAsTheyAreWhereTheyAgreeWithinTheDigitsOfAFile) {
+    // 5 at 53.1301 degrees, each number to a digit less than it has, and once with an angle beyond a turn.
+    const auto with_ground = [](const char* angle, const char* radians, const char* x, const char* y) {
+        auto content = With_Line(Held(Fixture_File("rev9.vlk")), 11, "5");
+        content = With_Line(With_Line(content, 82, angle), 83, radians);
+        return With_Line(With_Line(content, 85, x), 86, y);
+    };
+    for (const auto& content :
+         {with_ground("53.1301", "0.927295", "3.00004", "3.99996"), with_ground("413.1301", "7.21048", "3", "4")}) {
+        for (const char* polar : {"#TRUE#", "#FALSE#"}) {
+            const auto whole = With_Line(content, 92, polar);
+            ASSERT_TRUE(Load_Model(whole));
+            const auto written = Lines(File_Content());
+            const auto read = Lines(whole);
+            for (const std::size_t line : {11U, 82U, 83U, 85U, 86U})
+                EXPECT_EQ(written[line - 1], read[line - 1]) << "line " << line;
+        }
+    }
+}
+
+TEST_F(Reader, AnAngleInRadiansThatIsNotTheOneInDegreesFollowsIt) {
+    auto content = With_Line(With_Line(Held(Fixture_File("rev9.vlk")), 11, "5"), 82, "53.1301");
+    content = With_Line(With_Line(With_Line(content, 83, "0.93"), 85, "3"), 86, "4");
+    ASSERT_TRUE(Load_Model(content));
+    EXPECT_NEAR(Model.Link1AngleRad, 53.1301 * M_PI / 180, 1e-7);
+    EXPECT_EQ(Model.Link1X, 3);
+}
+
+TEST_F(Reader, APivotThatNoNumberReachesIsAFailureAndTheModelStays) {
+    const auto content = With_Line(With_Line(Held(Fixture_File("rev8.vlk")), 85, "3E+38"), 86, "3E+38");
+    Run_Holds();
+    const Moment before;
+    desktop.Expect_Message("Error 6   (Overflow)  has occurred in Readfile\r\n\r\n");
+    EXPECT_FALSE(Load_Model(content));
+    EXPECT_EQ(before.Changed(), "");
 }
 
 TEST_F(Reader, LimitsThatAreNoNumbersReadAs0) {
@@ -289,16 +392,17 @@ TEST_F(Reader, TimeStepsCountAnewWhenTheStepIsAbove0) {
     }
 }
 
-TEST_F(Reader, AnOpenModelAfterACrossedOneKeepsTheNameCrossed) {
+TEST_F(Reader, ACircuitIsNamedByItsIndex) {
     const auto content = Held(Fixture_File("rev9.vlk"));
     ASSERT_TRUE(Load_Model(content));
     EXPECT_EQ(Model.CircuitSign, 1);
     EXPECT_EQ(Model.CircuitName, "Crossed");
     ASSERT_TRUE(Load_Model(With_Line(content, 43, "1")));
     EXPECT_EQ(Model.CircuitSign, -1);
-    EXPECT_EQ(Model.CircuitName, "Crossed");
+    EXPECT_EQ(Model.CircuitName, "Open");
     ASSERT_TRUE(Load_Model(With_Line(content, 43, "7")));
     EXPECT_EQ(Model.CircuitSign, 1) << "any other index than 1 is crossed";
+    EXPECT_EQ(Model.CircuitName, "Crossed");
 }
 
 TEST_F(Reader, UnitsBelow1AreInches) {
@@ -389,21 +493,17 @@ TEST_F(Reader, WhileTheProgramStartsAModelIsReadInSilence) {
     EXPECT_EQ(Model.L2, 8.25);
 }
 
-TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndNotSaidToBeRead) {
+TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndChangesNothing) {
     auto lines = Lines(Held(Fixture_File("rev9.vlk")));
     lines.resize(60);
+    Screens::Get("frm_Inputnew").Text("txt_Linkout", 1).Text = "9.5";
     Run_Holds();
+    Model_Saved();
+    const Moment before;
     desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n", Answer::kOk,
                            Icon::kInformation);
-    Readfile(Joined(lines));
-    // What was read stays, and what follows from it follows.
-    EXPECT_EQ(Model.L2, 8.25);
-    EXPECT_EQ(Model.LinkArray(2), 8.25);
-    EXPECT_EQ(Model.Units, 3);
-    EXPECT_EQ(Model.UnitLabel(6), "m");
-    EXPECT_EQ(Model.CG(3, 0), 60.25);
-    EXPECT_EQ(Model.CG(3, 1), static_cast<double>(-0.872664626F)) << "the line that is missing";
-    EXPECT_FALSE(Model.Calculated);
+    EXPECT_FALSE(Readfile(Joined(lines), "/models/cut.vlk"));
+    EXPECT_EQ(before.Changed(), "");
 }
 
 }  // namespace verlink::test

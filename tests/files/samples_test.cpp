@@ -140,8 +140,7 @@ TEST_F(SampleModels, WhatPassesBetweenTheTwoStagesIsWhatTheirRunsExport) {
     TextReader reader(motion);
     EXPECT_TRUE(Import_Linkage_Data(reader));
     EXPECT_EQ(File_Content(), driven);
-    EXPECT_TRUE(Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce,
-                         Model.RunTable.LinkTorque));
+    EXPECT_TRUE(Solve_Forces(Model).solved);
     const std::string torque = Held(folder + "second_stage.trq");
     EXPECT_EQ(Torque_Content(), torque);
 

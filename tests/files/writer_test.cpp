@@ -1,4 +1,5 @@
 // What stands in a model file, and that all of it comes back.
+#include "core/linkage_door.h"
 #include "tests/files/model_files.h"
 
 namespace verlink::test {
@@ -25,6 +26,9 @@ void Fill_Model(int seed) {
     Model.Calctype = 1;
     Model.Units = 3;
     Model.TorqueImported = false;
+    // Link 1 is at one place, told in two ways.
+    Model.Link1Angle = seed % 360 + 0.5;
+    Derive_Linkage(Leading::kPolar);
 }
 
 }  // namespace

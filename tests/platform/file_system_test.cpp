@@ -275,6 +275,45 @@ TEST_F(FileSystem, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(outcome, 0);
 }
 
+TEST_F(FileSystem, AFileThatIsToStayIsKeptUnderTheFirstFreeNameWithItsPermissions) {
+    Put(In("a.trq"), Bytes(5000));
+    ::chmod(In("a.trq").c_str(), 0600);
+    EXPECT_EQ(Write_File_And_Keep(In("a.trq"), "new"), In("a.trq~"));
+    EXPECT_EQ(Write_File_And_Keep(In("a.trq"), "newer"), In("a.trq~~"));
+    EXPECT_EQ(Held(In("a.trq")), "newer");
+    EXPECT_EQ(Held(In("a.trq~~")), "new");
+    EXPECT_EQ(Held(In("a.trq~")), Bytes(5000));
+    for (const char* name : {"a.trq", "a.trq~", "a.trq~~"}) EXPECT_EQ(Mode_Of(In(name)), 0600U) << name;
+}
+
+TEST_F(FileSystem, AFileThatCannotBeKeptIsNotReplacedAndNoneIsKeptOfOneThatCannotBeReplaced) {
+    const std::string longest(255, 'n');  // with one letter more it is no name
+    Put(In(longest), "old");
+    EXPECT_EQ(Failure_Of([&] { Write_File_And_Keep(In(longest), "new"); }), kBadFileName);
+    EXPECT_EQ(Held(In(longest)), "old");
+    fs::remove(In(longest));
+
+    Put(In("a.trq"), "old");
+    const int failure = In_Child([&] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit little{100, 100};
+        ::setrlimit(RLIMIT_FSIZE, &little);
+        return static_cast<int>(Failure_Of([&] { Write_File_And_Keep(In("a.trq"), Bytes(5000)); }));
+    });
+    EXPECT_EQ(failure, kDiskFull);
+    EXPECT_EQ(Held(In("a.trq")), "old");
+    EXPECT_EQ(Names_In(Folder()), std::set<std::string>{"a.trq"});
+}
+
+TEST_F(FileSystem, FoldersAndDevicesAreNoPlainFiles) {
+    Put(In("a.vlk"), "");
+    fs::create_symlink("a.vlk", In("link"));
+    EXPECT_TRUE(Is_Plain_File(In("a.vlk")));
+    EXPECT_TRUE(Is_Plain_File(In("link")));
+    for (const std::string& other : {Folder(), In("none"), std::string("/dev/null")})
+        EXPECT_FALSE(Is_Plain_File(other));
+}
+
 TEST_F(FileSystem, FoldersAreMadeWithThoseAboveThem) {
     EXPECT_TRUE(Make_Folder(In("a/b/c")));
     EXPECT_TRUE(fs::is_directory(In("a/b/c")));

@@ -92,7 +92,7 @@ TEST_F(UserTest, AFileNameWithBlanksOnTheCommandLineIsTakenWhole) {
     EXPECT_EQ(desktop.PointerNow, platform::Pointer::kDefault);
 }
 
-TEST_F(UserTest, APathForWhichTheLongFormFailsIsTriedAsGivenAndItsFailureIsNumber52) {
+TEST_F(UserTest, APathForWhichTheLongFormFailsIsUsedAsGivenAndItsFailureIsNumber52) {
     Initialize();
     Model.CommandLine = "no such folder/model.vlk";
     desktop.Expect_Message(
@@ -100,7 +100,43 @@ TEST_F(UserTest, APathForWhichTheLongFormFailsIsTriedAsGivenAndItsFailureIsNumbe
         "The filename clicked on has a problem.  Try opening it from within the program.",
         Answer::kOk, Icon::kInformation);
     Open_Clicked_File();
-    EXPECT_EQ(Model.FilePath, "") << "a model that cannot be read has no place";
+    EXPECT_EQ(Model.FilePath, "");
+    EXPECT_EQ(Model.ModelName, "Model_1");
+}
+
+TEST_F(UserTest, AFileThatBreaksOffOnTheCommandLineGetsTheAdviceForFilesThatWereClickedOn) {
+    const std::string advice = "The filename clicked on has a problem.  Try opening it from within the program.";
+    const std::string path = Path("cut.vlk");
+    Leave_Model(path, 1.25, 3);
+    const std::string whole = platform::Read_File(path);
+    Initialize();
+    const std::string before = File_Content();
+    Model.CommandLine = path;
+    const auto expect = [&](const std::string& content, const std::string& failure) {
+        platform::Write_File(path, content);
+        desktop.Expect_Message("Error " + failure + "\r\n\r\n" + advice, Answer::kOk, Icon::kInformation);
+        Open_Clicked_File();
+        EXPECT_EQ(File_Content(), before);
+        EXPECT_EQ(Model.FilePath, "");
+        EXPECT_FALSE(Model.DiskFile);
+        EXPECT_EQ(desktop.PointerNow, platform::Pointer::kDefault);
+    };
+    expect(whole.substr(0, 300), "62   (Input past end of file)  has occurred in Read_Newfile");
+    expect("", "62   (Input past end of file)  has occurred in Readfile");
+    expect("\"VERLINK\"\r\n\"9.0\"\r\n\"a\"\r\n\"b\"\r\nmany\r\n",
+           "13   (Type mismatch)  has occurred in Read_Newfile");
+    // From within the program the same file is reported without the advice.
+    desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Readfile\r\n\r\n");
+    EXPECT_FALSE(Readfile("", path));
+}
+
+TEST_F(UserTest, AForeignFileOnTheCommandLineIsRefusedWithoutAdvice) {
+    Initialize();
+    Model.CommandLine = Path("note.txt");
+    platform::Write_File(Model.CommandLine, "Dear Ada,\r\nno linkage here\r\n");
+    desktop.Expect_Message("This data file is not compatible with VERLINK. ", Answer::kOk, Icon::kQuestion);
+    Open_Clicked_File();
+    EXPECT_EQ(Model.FilePath, "");
     EXPECT_EQ(Model.ModelName, "Model_1");
 }
 
