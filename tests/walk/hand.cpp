@@ -104,7 +104,20 @@ bool In_Reach(const MenuEntry& entry) {
     return true;
 }
 
+bool Running(const Timer& timer) { return timer.Enabled && timer.OnTimer; }
+
+Timer* Timer_Of(const Action& action) {
+    for (const Screen* screen : Screens::Made())
+        if (screen->Name() == action.screen) return screen->FindAs<Timer>(action.control, action.index);
+    return nullptr;
+}
+
 bool Possible(const Screen& top, const Action& action) {
+    // Time passes on screens that are not in sight, too.
+    if (action.deed == Deed::kPulse) {
+        const Timer* timer = Timer_Of(action);
+        return timer && Running(*timer);
+    }
     if (top.Name() != action.screen) return false;
     switch (action.deed) {
         case Deed::kPress: return Reached<CommandButton>(top, action);
@@ -143,10 +156,7 @@ bool Possible(const Screen& top, const Action& action) {
         }
         case Deed::kScreen:
         case Deed::kClose: return true;
-        case Deed::kPulse: {
-            const auto* timer = top.FindAs<Timer>(action.control, action.index);
-            return timer && timer->Enabled && timer->OnTimer;
-        }
+        case Deed::kPulse: break;
     }
     return false;
 }
@@ -175,7 +185,7 @@ void Do(Screen& top, const Action& action) {
         case Deed::kDoublePicture: return top.Get<PictureBox>(action.control, action.index).OnDblClick();
         case Deed::kScreen: return top.Form_Click();
         case Deed::kClose: return top.Close();
-        case Deed::kPulse: return top.Get<Timer>(action.control, action.index).Tick();
+        case Deed::kPulse: return Timer_Of(action)->Tick();
     }
 }
 

@@ -10,6 +10,11 @@ namespace verlink::walk {
 bool In_Reach(const platform::Visual& control);
 bool In_Reach(const platform::MenuEntry& entry);
 
+/// A timer that will run down.
+bool Running(const platform::Timer& timer);
+/// The timer of an action, whatever screen it is of; null when there is none.
+platform::Timer* Timer_Of(const Action& action);
+
 /// True when the hand can do it on this screen as it stands.
 bool Possible(const platform::Screen& top, const Action& action);
 

@@ -82,14 +82,14 @@ std::uint64_t Seed_Of(std::uint64_t seed, long walk) {
 
 class Findings {
    public:
-    Findings(const Stage& stage, const Places& places, const Orders& orders)
-        : stage_(stage), places_(places), orders_(orders) {}
+    Findings(const Stage& stage, const Stage& quicker, const Places& places, const Orders& orders)
+        : stage_(stage), quicker_(quicker), places_(places), orders_(orders) {}
 
     void Take(const Finding& finding, const std::vector<Action>& done, long walk) {
         const std::string kind = finding.rule + ": " + finding.kind;
         ++seen_[kind];
         if (!orders_.all && seen_[kind] > 1) return;
-        const Trial trial{stage_, places_, orders_.without};
+        const Trial trial = Trial_For(finding, done);
         const std::vector<Action> fewest = orders_.uncut ? done : Shorten(done, finding, trial);
         const Found again = orders_.uncut ? finding : Repeat(fewest, trial);
         if (orders_.all && endings_[kind + Ending(fewest)]++ > 0) return;
@@ -104,6 +104,12 @@ class Findings {
     bool Any() const { return !seen_.empty(); }
 
    private:
+    Trial Trial_For(const Finding& finding, const std::vector<Action>& done) const {
+        const Trial quick{quicker_, places_, orders_.without};
+        if (quicker_ && !orders_.uncut)
+            if (const Found found = Repeat(done, quick); found && Same_Kind(*found, finding)) return quick;
+        return {stage_, places_, orders_.without};
+    }
     /// The last actions, which have most to do with it.
     static std::string Ending(const std::vector<Action>& actions) {
         std::string ending;
@@ -112,6 +118,7 @@ class Findings {
         return ending;
     }
     const Stage& stage_;
+    const Stage& quicker_;
     const Places& places_;
     const Orders& orders_;
     std::map<std::string, int> seen_, endings_;
@@ -144,7 +151,7 @@ void Walk_All(const Orders& orders, const Stage& stage, Counts& counts, Findings
 
 }  // namespace
 
-int Walk_Program(int argc, char** argv, const Stage& stage) {
+int Walk_Program(int argc, char** argv, const Stage& stage, const Stage& quicker) {
     Orders orders;
     if (!Read_Orders(argc, argv, orders)) {
         std::fputs(kUsage, stderr);
@@ -155,7 +162,7 @@ int Walk_Program(int argc, char** argv, const Stage& stage) {
     std::fflush(stdout);
     const Places places;
     Counts counts;
-    Findings findings(stage, places, orders);
+    Findings findings(stage, quicker, places, orders);
     Walk_All(orders, stage, counts, findings, places);
     std::printf("seed %llu: %ld walks, %ld actions\n", static_cast<unsigned long long>(orders.seed), counts.walks,
                 counts.actions);

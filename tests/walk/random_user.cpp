@@ -167,6 +167,10 @@ Random_User::Choices Random_User::All(Screen& top) {
     const auto boxes = static_cast<double>(std::ranges::count_if(
         top.Controls(), [](const Control* control) { return dynamic_cast<const TextBox*>(control); }));
     for (Control* control : top.Controls()) Add(choices, top, *control, boxes);
+    for (const Screen* screen : Screens::Made())
+        for (Control* control : screen->Controls())
+            if (auto* timer = dynamic_cast<Timer*>(control); timer && Running(*timer))
+                choices.push_back({Pulse(screen->Name(), timer->Name()), 6});
     for (Choice& choice : choices) choice.weight *= Preferred(top, choice.action.control) / Worn(choice.action);
     choices.push_back({Return(top.Name()), 0.5});
     if (top.CancelButton) choices.push_back({Escape(top.Name()), 0.3});
@@ -181,10 +185,6 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
     const int index = control.Index();
     if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
         if (In_Reach(*entry)) choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
-        return;
-    }
-    if (auto* timer = dynamic_cast<Timer*>(&control)) {
-        if (timer->Enabled && timer->OnTimer) choices.push_back({Pulse(screen, name), 6});
         return;
     }
     auto* visual = dynamic_cast<Visual*>(&control);

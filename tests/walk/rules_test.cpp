@@ -15,7 +15,8 @@ std::vector<Action> Then(std::vector<Action> before, const std::vector<Action>& 
     return before;
 }
 
-const std::vector<Action> kAtHome = Then(kCalculated, {Press("frm_Inputnew", "cmd_Cancel")});
+const std::vector<Action> kAtHome =
+    Then(kCalculated, {Pulse("frm_Inputnew", "Timer1"), Press("frm_Inputnew", "cmd_Cancel")});
 const std::vector<Action> kSolved =
     Then(kAtHome, {Press("frm_HomeScreen", "cmd_Dynamics"), Press("frm_MassProp", "cmd_Solve")});
 const std::vector<Action> kBalanced =

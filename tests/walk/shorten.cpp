@@ -10,8 +10,6 @@ namespace verlink::walk {
 
 namespace {
 
-bool Same_Kind(const Finding& a, const Finding& b) { return a.rule == b.rule && a.kind == b.kind; }
-
 std::vector<Action> Without(const std::vector<Action>& actions, std::size_t from, std::size_t count) {
     std::vector<Action> rest(actions.begin(), actions.begin() + static_cast<std::ptrdiff_t>(from));
     rest.insert(rest.end(), actions.begin() + static_cast<std::ptrdiff_t>(std::min(from + count, actions.size())),
@@ -27,6 +25,8 @@ std::string Test_Name(const Finding& finding) {
 }
 
 }  // namespace
+
+bool Same_Kind(const Finding& a, const Finding& b) { return a.rule == b.rule && a.kind == b.kind; }
 
 Found Repeat(const std::vector<Action>& actions, const Trial& trial) {
     Counts counts;

@@ -20,6 +20,8 @@ struct Trial {
     std::set<std::string> without = {};  ///< rules that are left out
 };
 
+bool Same_Kind(const Finding& a, const Finding& b);
+
 /// Does the actions from a fresh start, those that are possible. The outcome is whatever was found first.
 Found Repeat(const std::vector<Action>& actions, const Trial& trial);
 

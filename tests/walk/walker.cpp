@@ -20,6 +20,13 @@ constexpr int kWayHome = 24;
 
 std::string Kind_Of(const std::string& text) { return text.substr(0, text.find_first_of("\r\n")); }
 
+bool Time_Will_Tell() {
+    for (const Screen* screen : Screens::Made())
+        for (const Control* control : screen->Controls())
+            if (const auto* timer = dynamic_cast<const Timer*>(control); timer && Running(*timer)) return true;
+    return false;
+}
+
 bool Asks_About_Positions(const Message& message) {
     return message.buttons == Buttons::kAbortRetryIgnore && message.text.starts_with("Linkage cannot connect");
 }
@@ -122,8 +129,9 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     done_.push_back(action);
     done_.back().replies.clear();
     pending_.Note(top, action);
-    // Pressing a button leaves the box that is being typed into, and takes it over.
-    if (action.looks && !look_ && (action.deed == Deed::kPick || !pending_.Any_In_Hand(top)))
+    // Pressing a button leaves the box that is being typed into, and takes it over; and what a timer does that has yet
+    // to run down is not the looking's doing.
+    if (action.looks && !look_ && (action.deed == Deed::kPick || !pending_.Any_In_Hand(top)) && !Time_Will_Tell())
         look_ = {top.Name(),
                  Line_Of(action),
                  Record_Words(),

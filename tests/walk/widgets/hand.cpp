@@ -16,6 +16,7 @@
 
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
+#include "tests/walk/hand.h"
 
 namespace verlink::walk {
 
@@ -90,8 +91,7 @@ void With_Widget(const desktop::Form& form, const Action& action, Deed deed) {
     if (auto* widget = Of<Kind>(form, action)) deed(*widget);
 }
 
-void Wait_For_Pulse(const Screen& screen, const std::string& name) {
-    auto& timer = screen.Get<platform::Timer>(name);
+void Wait_For_Pulse(const platform::Timer& timer) {
     // A timer that runs on after its pulse is waited for as long.
     (void)QTest::qWaitFor([&timer] { return !timer.Enabled; }, kPulseMilliseconds);
 }
@@ -137,7 +137,7 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
             return QCoreApplication::processEvents();
         case Deed::kScreen: return QTest::mouseClick(&form, Qt::LeftButton, {}, {3, form.height() - 3});
         case Deed::kClose: form.close(); return;
-        case Deed::kPulse: return Wait_For_Pulse(form.screen(), action.control);
+        case Deed::kPulse: return Wait_For_Pulse(*Timer_Of(action));
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "desktop/quiet_style.h"
 #include "tests/walk/program.h"
+#include "tests/walk/walk_desktop.h"
 #include "tests/walk/widgets/desktop.h"
 
 namespace {
@@ -28,5 +29,5 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new verlink::desktop::QuietStyle);
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
-    return verlink::walk::Walk_Program(argc, argv, verlink::walk::Walk_In_Windows);
+    return verlink::walk::Walk_Program(argc, argv, verlink::walk::Walk_In_Windows, verlink::walk::Walk_Once);
 }
