@@ -219,7 +219,9 @@ bool Get_Time_Conditions(Screen& screen) {
         Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
     if (steps > kLastStep) {
         // The screen goes on all the same: its boxes wait, and the run that reads them refuses them again.
-        for (int box = 0; box <= 2; ++box) screen.Text("txt_initial", box).Type(screen.Text("txt_initial", box).Text);
+        const bool waits = screen.FindAs<CommandButton>("cmd_Calc") != nullptr;
+        for (int box = 0; waits && box <= 2; ++box)
+            screen.Text("txt_initial", box).Type(screen.Text("txt_initial", box).Text);
         Tell(Too_Many_Steps("time", "Delta Time"));
         static_cast<Drive&>(Model) = before;
     } else {

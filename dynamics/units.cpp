@@ -1,6 +1,8 @@
 // The tables of the unit systems, and the conversion of the model from one to another.
 #include "dynamics/units.h"
 
+#include <memory>
+
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -35,33 +37,34 @@ constexpr double kInchToMetre = 0.0254;
 constexpr double kPoundToNewton = 4.448222;
 constexpr double kInchPoundToNewtonMetre = 0.1129848388;
 
-void Convert() {
-    Do_Conversion(Model.ConvLength, Model.ConvForce, Model.ConvTorque, Model.ConvMass, Model.ConvInertia);
+bool Convert() {
+    return Do_Conversion(Model.ConvLength, Model.ConvForce, Model.ConvTorque, Model.ConvMass, Model.ConvInertia);
 }
 
 void Rescale(Single& value, Single factor, int decimals) { value = FNRound(value * factor, decimals); }
 
-void Rescale_Inputs(int OldUnits, int NewUnits) {
+bool Rescale_Inputs(int OldUnits, int NewUnits) {
     if (OldUnits == 1) {
         if (NewUnits == 2) Factors_In_To_Ft();
         if (Is_Metric(NewUnits)) Factors_In_To_SI();
         // From inches to inches the factors of the last conversion are applied once more.
-        if (System_Of(NewUnits)) Convert();
-    } else if (OldUnits == 2 && NewUnits != 2 && System_Of(NewUnits)) {
-        Factors_Ft_To_In();
-        Convert();
-        if (Is_Metric(NewUnits)) {
-            Factors_In_To_SI();
-            Convert();
-        }
-    } else if (Is_Metric(OldUnits) && (NewUnits == 1 || NewUnits == 2)) {
-        Factors_SI_To_In();
-        Convert();
-        if (NewUnits == 2) {
-            Factors_In_To_Ft();
-            Convert();
-        }
+        return !System_Of(NewUnits) || Convert();
     }
+    if (OldUnits == 2 && NewUnits != 2 && System_Of(NewUnits)) {
+        Factors_Ft_To_In();
+        if (!Convert()) return false;
+        if (NewUnits == 1) return true;
+        Factors_In_To_SI();
+        return Convert();
+    }
+    if (Is_Metric(OldUnits) && (NewUnits == 1 || NewUnits == 2)) {
+        Factors_SI_To_In();
+        if (!Convert()) return false;
+        if (NewUnits == 1) return true;
+        Factors_In_To_Ft();
+        return Convert();
+    }
+    return true;
 }
 
 }  // namespace
@@ -137,13 +140,18 @@ void Factors_Ft_To_In() {
     Model.ConvInertia = 12.0;
 }
 
-void Convert_Units(Integer OldUnits, Integer NewUnits) {
-    Enter_Linkage(Road::kUnits, [&] { Rescale_Inputs(OldUnits, NewUnits); });
+bool Convert_Units(Integer OldUnits, Integer NewUnits) {
+    const auto before = std::make_unique<LinkageModel>(Model);
+    bool converted = false;
+    Enter_Linkage(Road::kUnits, [&] { converted = Rescale_Inputs(OldUnits, NewUnits); });
+    // What no number holds in the new units has been told, and is not half converted.
+    if (!converted) Model = *before;
+    return converted;
 }
 
-void Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
+bool Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
                    Single InertiaFactor) {
-    Guarded("Do_Conversion", [&] {
+    return Guarded("Do_Conversion", [&] {
         auto& m = Model;
         for (Single* length : {&m.L2, &m.L3, &m.L4, &m.L1, &m.Rpa, &m.Link1X, &m.Link1Y, &m.ForceDist3, &m.ForceDist4})
             Rescale(*length, LengthFactor, m.DecLength);

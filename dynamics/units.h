@@ -22,9 +22,10 @@ void Factors_In_To_Ft();
 void Factors_Ft_To_In();
 
 /// Rescales every dimensional input of the model, rounded to the decimals in force, and then packs `LinkArray`.
-/// Between foot and metric systems by way of inches, so that such a change rounds twice.
-void Convert_Units(Integer OldUnits, Integer NewUnits);
-void Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
+/// Between foot and metric systems by way of inches, so that such a change rounds twice. False, with the model as it
+/// was, when a number overflows.
+bool Convert_Units(Integer OldUnits, Integer NewUnits);
+bool Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
                    Single InertiaFactor);
 
 /// The unit system of the record with its labels and decimals.

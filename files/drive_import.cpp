@@ -180,7 +180,7 @@ void Put_Cam(const Cam_File& file) {
     // What the file says nothing of is shown in the file's units too.
     const Integer old = Model.Units;
     Use_Units(file.Units);
-    if (old != file.Units) Convert_Units(old, file.Units);
+    if (old != file.Units && !Convert_Units(old, file.Units)) Raise(kOverflow);
     Model.CamDirection = file.CamDirection;
     Model.CamPhase = file.CamPhase;
     Model.CamDataLength1 = file.CamDataLength1;
@@ -225,7 +225,6 @@ void Take_File(Screen& home, const Import& import) {
     The_Desktop().Set_Pointer(Pointer::kDefault);
     if (!taken) return;
     Set_Menus();
-    With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
     Refresh_Status();
 }
 

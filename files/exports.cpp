@@ -1,6 +1,8 @@
 // The contents of the export files, their writers and menu actions, and the import of a torque table.
 #include "files/exports.h"
 
+#include <utility>
+
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
@@ -52,14 +54,12 @@ void Put_Lines(TextWriter& writer, const Values&... values) {
 template <class Content>
 bool Write_Export(const char* name, Content content) {
     const bool written = Guarded(name, [&] { Write_File(Model.FilePath, content()); });
-    if (written)
-        Model_Saved();
-    else
-        Model_Unsaved();
+    if (written) Model_Saved();
     return written;
 }
 
-void Ask_For_Path(Screen& home, const char* title, const char* filter, const std::string& file_name) {
+/// Asks where to, and writes there; the path is that of before when nothing was written.
+bool Export_To(Screen& home, const char* title, const char* filter, const std::string& file_name, bool (*write)()) {
     auto& dialog = home.Get<CommonDialog>("CommonDialog1");
     dialog.DialogTitle = title;
     dialog.Filter = filter;
@@ -67,7 +67,10 @@ void Ask_For_Path(Screen& home, const char* title, const char* filter, const std
     dialog.FileName = file_name;
     dialog.OverwritePrompt = true;
     dialog.ShowSave();
-    Model.FilePath = dialog.FileName;
+    const std::string before = std::exchange(Model.FilePath, dialog.FileName);
+    const bool written = write();
+    if (!written) Model.FilePath = before;
+    return written;
 }
 
 void Allow_Typing(int Index) {
@@ -178,18 +181,16 @@ bool Write_Pend() {
 
 void Menu_Link_Data_Export(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.mnu_Link_Data_Export", [&] {
-        Ask_For_Path(home, "Export Link 4 Data", "Verlink Export (*.out)|*.out|(*.*)|*.*|",
-                     Model.ModelName + "_vlnk.out");
-        Export_Link4_to_File();
+        Export_To(home, "Export Link 4 Data", "Verlink Export (*.out)|*.out|(*.*)|*.*|", Model.ModelName + "_vlnk.out",
+                  Export_Link4_to_File);
         Refresh_Status();
     });
 }
 
 void Menu_Export_Torque(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.mnu_Export_Torque", [&] {
-        Ask_For_Path(home, "Export Link 2 Driving Torque Data", "Link 2 Torque Export (*.trq)|*.trq|(*.*)|*.*|",
-                     Model.ModelName + "_vlnk.trq");
-        Export_Torque_Data();
+        Export_To(home, "Export Link 2 Driving Torque Data", "Link 2 Torque Export (*.trq)|*.trq|(*.*)|*.*|",
+                  Model.ModelName + "_vlnk.trq", Export_Torque_Data);
         Refresh_Status();
     });
 }
@@ -197,8 +198,8 @@ void Menu_Export_Torque(Screen& home) {
 void Menu_pdx(Screen& home) {
     // A cancelled dialog is reported here, and not at the other exports.
     Guarded("frm_Homescreen.mnu_pdx", [&] {
-        Ask_For_Path(home, "Export the Model to Pendrix", "(*.pdx)|*.pdx", Model.ModelName + ".pdx");
-        if (Write_Pend()) Model.ModelName = StripFilename(Model.FilePath);
+        if (Export_To(home, "Export the Model to Pendrix", "(*.pdx)|*.pdx", Model.ModelName + ".pdx", Write_Pend))
+            Model.ModelName = StripFilename(Model.FilePath);
         Refresh_Status();
     });
 }

@@ -1,4 +1,6 @@
 // The file menu of the home screen: Open, Save and Save As.
+#include <utility>
+
 #include "core/numeric.h"
 #include "core/results.h"
 #include "core/status_panel.h"
@@ -13,17 +15,16 @@ using namespace platform;
 
 namespace {
 
-/// Writes the model to `FilePath` under the hourglass. A model that could not be written counts as unsaved. In a dialog
-/// the user has agreed to what is replaced, and named the model.
-void Save(bool by_dialog) {
+/// Writes the model to `FilePath` under the hourglass. In a dialog the user has agreed to what is replaced, and named
+/// the model. False when it could not be written: the old file is whole then.
+bool Save(bool by_dialog) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
-    if (Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked))
-        Model_Saved();
-    else
-        Model_Unsaved();
-    if (Model.SavedFlag && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
+    const bool written = Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked);
+    if (written) Model_Saved();
+    if (written && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
+    return written;
 }
 
 }  // namespace
@@ -55,7 +56,7 @@ void Menu_Open(Screen& home) {
         const bool read = Readfile(Read_File(dialog.FileName), dialog.FileName);
         The_Desktop().Set_Pointer(Pointer::kDefault);
         if (!read) return;
-        With<MenuEntry>(home, "mnu_New", kNoIndex, [](MenuEntry& entry) { entry.Enabled = true; });
+        Set_Menus();
         With<PictureBox>("frm_Inputnew", "Picture1", kNoIndex, [](PictureBox& box) { box.Canvas().Cls(); });
         Refresh_Status();
     });
@@ -79,8 +80,8 @@ void Menu_Saveas(Screen& home) {
         dialog.FileName = Model.ModelName + ".vlk";
         dialog.OverwritePrompt = true;
         dialog.ShowSave();
-        Model.FilePath = dialog.FileName;
-        Save(true);
+        const std::string before = std::exchange(Model.FilePath, dialog.FileName);
+        if (!Save(true)) Model.FilePath = before;
     });
 }
 

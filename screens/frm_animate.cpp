@@ -292,13 +292,16 @@ void frm_Animate::cmd_Animate_Click() {
 
 void frm_Animate::cmd_Step_Click() {
     Guarded("frm_Animate.cmd_Step", [&] {
+        if (!Model.RunStands) return;
         Model.ShowCouplerLinesFlag = "N";
         Step_Setup(*this, StepLock);
     });
 }
 
 void frm_Animate::cmd_Reset_Click() {
-    Guarded("frm_Animate.cmd_Reset", [&] { Step_Reset(*this); });
+    Guarded("frm_Animate.cmd_Reset", [&] {
+        if (Model.RunStands) Step_Reset(*this);
+    });
 }
 
 void frm_Animate::cmd_Recalc_Click() {

@@ -122,6 +122,12 @@ void frm_Balance::Set_Up() {
             Model.BerkRadius(i) = Model.LinkArray(i) / 2;
             Model.BerkMass(i) = Model.MRNeeded(i) / Model.BerkRadius(i);
         }
+    }
+    Show_Weights();
+}
+
+void frm_Balance::Show_Weights() {
+    for (const int i : {2, 4}) {
         txt_BerkMass[i].Text = Rounded(Model.BerkMass(i));
         txt_Radius[i].Text = Rounded(Model.BerkRadius(i) * Shown_Factor());
         txt_MRproduct[i].Text = Rounded(Model.BerkMass(i) * Model.BerkRadius(i));
@@ -163,7 +169,7 @@ void frm_Balance::Calculate_Anew() {
 }
 
 void frm_Balance::txt_BerkMass_LostFocus(int Index) {
-    Guarded("frm_Balance.txt_BerkMass", [&] {
+    const bool ended = Guarded("frm_Balance.txt_BerkMass", [&] {
         if (!txt_BerkMass[Index].Touched()) return;
         const double value = Value_Of(txt_BerkMass[Index]);
         if (value <= 0) return Refuse(txt_BerkMass[Index]);
@@ -173,10 +179,12 @@ void frm_Balance::txt_BerkMass_LostFocus(int Index) {
         txt_Radius[Index].Text = Text_Of(Single(Model.BerkRadius(Index) * Shown_Factor()));
         Calculate_Anew();
     });
+    // A number that no weight can have gives way to the weights in force.
+    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_Radius_LostFocus(int Index) {
-    Guarded("frm_Balance.txt_Radius", [&] {
+    const bool ended = Guarded("frm_Balance.txt_Radius", [&] {
         if (!txt_Radius[Index].Touched()) return;
         const double value = Value_Of(txt_Radius[Index]) / Shown_Factor();
         if (value <= 0) return Refuse(txt_Radius[Index]);
@@ -186,14 +194,18 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
         txt_BerkMass[Index].Text = Text_Of(Model.BerkMass(Index));
         Calculate_Anew();
     });
+    // A number that no weight can have gives way to the weights in force.
+    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_MRproduct_LostFocus(int Index) {
-    Guarded("frm_Balance.txt_MRproduct", [&] {
+    const bool ended = Guarded("frm_Balance.txt_MRproduct", [&] {
         if (!txt_MRproduct[Index].Touched()) return;
         txt_BerkMass[Index].Text = Rounded(Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index));
         Calculate_Anew();
     });
+    // A number that no weight can have gives way to the weights in force.
+    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_Fluct_LostFocus() {

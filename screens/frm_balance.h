@@ -82,6 +82,7 @@ class frm_Balance : public platform::Screen {
     void Set_Up();
     void Show_Units();
     void Put_Colors();
+    void Show_Weights();
     /// What every accepted edit ends with.
     void Calculate_Anew();
     /// Tells that the value must be positive, and puts a small one in its place.

@@ -268,7 +268,11 @@ void frm_HomeScreen::mnu_pick_Click(int Index) {
         if (picked == old) return;
         // The decimals of the new system come first: the conversion rounds to them.
         Use_Units(picked);
-        Convert_Units(old, picked);
+        if (!Convert_Units(old, picked)) {
+            Use_Units(old);
+            Check_mnu_Units(*this, Model.Units);
+            return;
+        }
         Refresh_Status();
         Show_Centered("frm_Inputnew");
     });

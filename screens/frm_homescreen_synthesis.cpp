@@ -40,7 +40,9 @@ void Show_Synthesis(const std::string& entry, const char* screen, int positions,
 void frm_HomeScreen::Use_Inches() {
     const Integer old = Model.Units;
     Use_Units(1);
+    // What no number holds in inches keeps its own, which the example replaces for the most part.
     if (old != 1) Convert_Units(old, 1);
+    Use_Units(1);
     Check_mnu_Units(*this, Model.Units);
 }
 

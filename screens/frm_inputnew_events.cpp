@@ -62,6 +62,8 @@ void frm_Inputnew::Form_Activate() {
         Show_Values();
         Show_Choices();
         opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
+        Grashof();
+        if (Model.Grashof_Code == "N") Toggle();
         Show_Toggles(Model.Grashof_Code != "Y");
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
@@ -425,7 +427,9 @@ void frm_Inputnew::cmd_Step_Click() {
     Set_Menus();
 }
 
-void frm_Inputnew::cmd_Reset_Click() { Show_First_Step(); }
+void frm_Inputnew::cmd_Reset_Click() {
+    if (Model.RunStands) Show_First_Step();
+}
 
 void frm_Inputnew::hsc_step_Change() {
     if (Stepping || !Model.Calculated) return;
@@ -440,6 +444,7 @@ void frm_Inputnew::hsc_step_Scroll() {
 }
 
 void frm_Inputnew::mnu_Redraw_Click() {
+    if (!Model.RunStands) return;
     Model.CurrentStep = 0;
     Show_Step();
 }

@@ -349,6 +349,9 @@ DyadFigure Dyads_In_Force(int positions) {
         f.to_scale = f.to_scale && Hangs_On(f.W, f.Z, Vector(Model.O2x, Model.O2y) - P1) &&
                      Hangs_On(f.U, f.S, Vector(Model.O4x, Model.O4y) - P1);
     }
+    // No picture holds more.
+    constexpr double kLargest = 1e12;
+    for (const Vector& vector : {f.W, f.Z, f.U, f.S}) f.to_scale = f.to_scale && std::abs(vector) < kLargest;
     return f.to_scale ? f : Dyad_Sketch(positions);
 }
 

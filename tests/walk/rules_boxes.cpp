@@ -299,8 +299,10 @@ Found Check_Home(const Screen& home) {
             return Finding{
                 "boxes", "frm_HomeScreen ticked units",
                 "units " + std::to_string(system) + " are ticked or not, in force are " + std::to_string(m.Units)};
-    if (home.Get<PictureBox>("Picture1").Visible != m.Calculated)
-        return Finding{"boxes", "frm_HomeScreen picture", m.Calculated ? "no picture" : "a picture of nothing"};
+    // A model that is not calculated has a picture too, if its limits are known and it can close.
+    const bool pictured = home.Get<PictureBox>("Picture1").Visible;
+    if (m.Calculated && !pictured) return Finding{"boxes", "frm_HomeScreen picture", "no picture"};
+    if (pictured && m.NSteps < 0) return Finding{"boxes", "frm_HomeScreen picture", "a picture of nothing"};
     return {};
 }
 
