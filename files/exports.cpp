@@ -54,7 +54,10 @@ void Put_Lines(TextWriter& writer, const Values&... values) {
 template <class Content>
 bool Write_Export(const char* name, Content content) {
     const bool written = Guarded(name, [&] { Write_File(Model.FilePath, content()); });
-    if (written) Model_Saved();
+    if (written)
+        Model_Saved();
+    else
+        Model_Unsaved();
     return written;
 }
 

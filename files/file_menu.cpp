@@ -20,7 +20,10 @@ namespace {
 bool Save(bool by_dialog) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
     const bool written = Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked);
-    if (written) Model_Saved();
+    if (written)
+        Model_Saved();
+    else
+        Model_Unsaved();  // so that the next Save asks where to
     if (written && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();

@@ -381,7 +381,8 @@ void frm_Animate::mnu_Help_Click() { Show_Help(Help_Document("mnu_AnimateHelp"),
 
 void frm_Animate::Timer1_Timer() {
     Timer1.Enabled = false;
-    mnu_Redraw_Click();
+    // Who has left already is not drawn for, and his settings are not read again.
+    if (Visible()) mnu_Redraw_Click();
 }
 
 void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) {

@@ -264,8 +264,12 @@ TEST_F(Activation, ALinkDrivenModelShowsItsPhase) {
 
 TEST_F(Activation, AnyCodeButYesShowsTheTogglesUntilTheNextRun) {
     Without_Autocalc();
-    Model.Grashof_Code = "SC";
+    Model.L1 = Model.Link1X = 4;
+    Model.L2 = 2;
+    Model.L3 = Model.L4 = 3;
+    LoadLinkArray();
     Show([&] {
+        EXPECT_EQ(Model.Grashof_Code, "SC") << "as the linkage in hand is";
         EXPECT_TRUE(input.fra_toggle.Visible);
         EXPECT_TRUE(input.lbl_Toggle[0].Visible);
         Calculate_Now();

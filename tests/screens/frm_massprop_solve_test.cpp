@@ -135,7 +135,7 @@ TEST_F(MassPropSolve, AnEmptyFrictionStopsTheSolutionWithAReport) {
         Fill("txt_Frict", 3, text);
         desktop.Expect_Message(kNoNumber, platform::Answer::kOk, platform::Icon::kInformation);
         Solve();
-        EXPECT_EQ(Model.LinkMass(2), Single(0.02)) << "all other boxes were taken over before";
+        EXPECT_EQ(Model.LinkMass(2), Single(0.003)) << "none of the boxes is taken over";
         EXPECT_EQ(Model.RunTable.PinForce(3, 0, 0), 17.0);
         EXPECT_FALSE(Model.DynamicsDone);
         EXPECT_TRUE(Model.BalanceDone);

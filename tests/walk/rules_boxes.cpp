@@ -85,9 +85,11 @@ void Add_Limits(List& list) {
     const auto& m = Model;
     const bool by_time = m.Calctype == 2;
     if (!by_time && m.Calctype != 3) return;
-    list.push_back({"txt_initial", 0, by_time ? m.TimeStart : m.ThetaStart, kAsTyped});
-    list.push_back({"txt_initial", 1, by_time ? m.TimeEnd : m.ThetaEnd, kAsTyped});
-    list.push_back({"txt_initial", 2, by_time ? m.TimeStep : m.ThetaStep, kAsTyped});
+    // A synthesis has its range in two decimals as text, which is what boxes and files hold.
+    const auto told = [](const std::string& text) { return double(Single(Val(text))); };
+    list.push_back({"txt_initial", 0, by_time ? double(m.TimeStart) : told(m.ThetaStartStr), kAsTyped});
+    list.push_back({"txt_initial", 1, by_time ? double(m.TimeEnd) : told(m.ThetaEndStr), kAsTyped});
+    list.push_back({"txt_initial", 2, by_time ? double(m.TimeStep) : told(m.ThetaStepStr), kAsTyped});
 }
 
 /// On the input screen speed, acceleration and the angle at time zero are taken by a calculation, so what is typed

@@ -1,4 +1,5 @@
 // The rule of files: what is saved and opened in a program that has just started is the same model.
+#include <algorithm>
 #include <cmath>
 
 #include "core/runs.h"
@@ -71,6 +72,7 @@ Found Saved_And_Opened_Is_The_Same(const Aside& aside) {
     aside.Again();
     if (!Model.Calculated) return {};
     const LinkageModel& before = aside.Before();
+    Model.Cycles = std::max<int>(Model.Cycles, 1);  // a file with less than one cycle has one
     const std::string content = File_Content();
     const Words fields = Fields();
     const bool exact = Exact();
