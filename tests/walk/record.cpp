@@ -6,7 +6,9 @@
 #include <functional>
 #include <utility>
 
+#include "core/text.h"
 #include "files/model_file.h"
+#include "platform/guard.h"
 
 namespace verlink::walk {
 
@@ -131,12 +133,19 @@ std::string Open_Word(const Visual& control) {
     return control.Visible ? control.Enabled ? "open" : "closed" : "hidden";
 }
 
+/// A number is the same with however many zeros it is written.
+std::string Box_Word(const std::string& text) {
+    double value = 0;
+    if (Failure_Of([&] { value = Number_Of(Ungrouped(text)); }) != 0) return Word(text);
+    return Word_Of(value);
+}
+
 void Add_Control(const Control& control, Words& words) {
     const std::string name = control.ObjectName();
     if (const auto* visual = dynamic_cast<const Visual*>(&control))
         words.emplace_back(name + " is", Open_Word(*visual));
     if (const auto* label = dynamic_cast<const Label*>(&control)) words.emplace_back(name, Word(label->Caption.Get()));
-    if (const auto* box = dynamic_cast<const TextBox*>(&control)) words.emplace_back(name, Word(box->Text.Get()));
+    if (const auto* box = dynamic_cast<const TextBox*>(&control)) words.emplace_back(name, Box_Word(box->Text));
     if (const auto* list = dynamic_cast<const ComboBox*>(&control)) words.emplace_back(name, Word(list->Text.Get()));
     if (const auto* option = dynamic_cast<const OptionButton*>(&control))
         words.emplace_back(name, Word(option->Value.Get()));

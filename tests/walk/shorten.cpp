@@ -56,12 +56,12 @@ std::vector<Action> Fewest(std::vector<Action> actions, const std::function<bool
         else if (!shorter)
             break;
     }
-    for (Action& action : actions) {
-        const std::vector<Reply> replies = action.replies;
-        if (replies.empty()) continue;
-        action.replies.clear();
-        if (!still(actions)) action.replies = replies;
-    }
+    for (Action& action : actions)
+        for (std::size_t i = action.replies.size(); i-- > 0;) {
+            const std::vector<Reply> replies = action.replies;
+            action.replies.erase(action.replies.begin() + static_cast<std::ptrdiff_t>(i));
+            if (!still(actions)) action.replies = replies;
+        }
     return actions;
 }
 

@@ -260,6 +260,7 @@ void Walker::Note_Transform(const Screen& top) {
 }
 
 /// Having looked, the user finds record, table, flags and boxes as before.
+/// Except: the zeros at the end of a number in a box.
 void Walker::End_Look(Screen& top) {
     const Look look = std::move(*look_);
     look_.reset();
