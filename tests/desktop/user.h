@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
 
