@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
@@ -139,8 +140,8 @@ void Caption_Read_Out(const char* name, const char* unit) {
 }
 
 void Show_Angle_Limits(Screen& screen) {
-    Show(screen, "txt_initial", 0, Text_Of(Model.ThetaStart));
-    Show(screen, "txt_initial", 1, Text_Of(Model.ThetaEnd));
+    Show(screen, "txt_initial", 0, Model.ThetaStartStr);
+    Show(screen, "txt_initial", 1, Model.ThetaEndStr);
 }
 
 bool Get_Angle_Conditions(Screen& screen) {
@@ -168,7 +169,7 @@ bool Get_Angle_Conditions(Screen& screen) {
     const auto put_back = [&] {
         static_cast<Drive&>(Model) = before;
         Show_Angle_Limits(screen);
-        Show(screen, "txt_initial", 2, Text_Of(Model.ThetaStep));
+        Show(screen, "txt_initial", 2, Model.ThetaStepStr);
     };
     const Single range = std::abs(Model.ThetaEndRad - Model.ThetaStartRad);
     if (Single(0.98 * Model.ThetaStepRad) >= range) {
@@ -330,6 +331,9 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
         Disable(screen, "cmd_Done");
         if (Model.Calctype == 5) Get_Delta2();
         Model.RedrawFlag = "Y";
+        // The screens tell the class of the linkage in hand, run or not.
+        Grashof();
+        if (Model.Grashof_Code == "N") Toggle();
     });
     if (taken) return;
     Settle_Linkage(screen);

@@ -117,7 +117,11 @@ void frm_Animate::Bind() {
     txt_Cycles.OnGotFocus = [this] { txt_Cycles.SelectAll(); };
     txt_LineAngle.OnGotFocus = [this] { txt_LineAngle.SelectAll(); };
     // What is set here counts at once, also for who leaves without playing.
-    hsc_speed.OnChange = txt_Cycles.OnLostFocus = txt_LineAngle.OnLostFocus = [this] { Check_Parameters(*this); };
+    hsc_speed.OnChange = txt_LineAngle.OnLostFocus = [this] { Check_Parameters(*this); };
+    txt_Cycles.OnLostFocus = [this] {
+        Check_Parameters(*this);
+        txt_Cycles.Text = Text_Of(Model.Cycles);
+    };
 
     mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
     mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
@@ -352,12 +356,15 @@ void frm_Animate::chk_CouplerLines_Click() { cmd_Reset_Click(); }
 void frm_Animate::chk_autoscale_Click() { mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
 
 void frm_Animate::cmb_wait_Change() {
-    Guarded("frm_Animate.cmb_wait", [&] { Model.AnimateWait = Val(cmb_wait.Text.Get()); });
+    const bool taken = Guarded("frm_Animate.cmb_wait", [&] { Model.AnimateWait = Val(cmb_wait.Text.Get()); });
+    if (!taken) cmb_wait.Text = Text_Of(Model.AnimateWait);
 }
 
 void frm_Animate::opt_OpenCross_Click(int Index) {
     Guarded("frm_Animate.opt_OpenCross", [&] {
-        if (Take_Circuit(Index)) Recalculate();
+        if (!Take_Circuit(Index)) return;
+        Put_Linkage_Geometry(*this);
+        Recalculate();
     });
 }
 

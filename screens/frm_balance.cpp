@@ -227,6 +227,7 @@ void frm_Balance::txt_Fluct_LostFocus() {
 void frm_Balance::cmd_Calc_Click() {
     Guarded("frm_Balance.cmd_Calc", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
+        const Told_As_One once;
         Balance_Dropped();
         for (const int i : {2, 4}) {
             Model.BerkMass(i) = Strict_Value_Of(txt_BerkMass[i]);

@@ -255,7 +255,9 @@ void frm_Inputnew::opt_Calctype_Click(int Index) {
 }
 
 void frm_Inputnew::opt_OpenCross_Click(int Index) {
-    if (Take_Circuit(Index)) cmd_Calc_Click();
+    if (!Take_Circuit(Index)) return;
+    Put_Linkage_Geometry(*this);
+    cmd_Calc_Click();
 }
 
 void frm_Inputnew::opt_Modulo_Click(int Index) {

@@ -258,7 +258,8 @@ void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
         const Single K2 = A3 * A4 + A5 * A6;
         const Single K3 = (A1 * A1 - A2 * A2 - A3 * A3 - A4 * A4 - A6 * A6) / 2;
         const Single D = K1 * K1 + K2 * K2 - K3 * K3;
-        if (D < 0) {
+        // Positions that coincide leave nothing to turn about.
+        if (D < 0 || A1 == 0) {
             platform::Tell(kNoRotations);
             return;
         }

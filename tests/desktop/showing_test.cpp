@@ -15,6 +15,7 @@ class frm_Sample : public Screen {
    public:
     explicit frm_Sample(const char* name) : Screen(name) {}
     void Form_Activate() override { said += "activate;"; }
+    void Form_Return() override { said += "return;"; }
     void Form_QueryUnload(bool& cancel) override {
         said += "query;";
         cancel = refuse;
@@ -54,7 +55,7 @@ TEST_F(ShowingTest, A_screen_shown_from_another_takes_the_input_until_it_hides) 
     });
     Then("frm_One", [this](QWidget& window) {
         EXPECT_EQ(window.windowModality(), Qt::NonModal) << "a lone window is an ordinary one";
-        EXPECT_EQ(one.said, "activate;activate;");
+        EXPECT_EQ(one.said, "activate;return;");
         one.Hide();
     });
     one.ShowModal();

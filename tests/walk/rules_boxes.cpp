@@ -357,9 +357,10 @@ std::vector<Value> Read_Values() {
                                  {"Link1Angle", m.Link1Angle, direction},
                                  {"CircuitSign", double(m.CircuitSign), 0},
                                  {"Delta2", m.Delta2, 0},
-                                 {"ThetaStart", m.ThetaStart, 0},
-                                 {"ThetaEnd", m.ThetaEnd, 0},
-                                 {"ThetaStep", m.ThetaStep, 0},
+                                 // A synthesis rounds its range where it becomes text.
+                                 {"ThetaStart", m.ThetaStart, 0.0051},
+                                 {"ThetaEnd", m.ThetaEnd, 0.0051},
+                                 {"ThetaStep", m.ThetaStep, 0.0051},
                                  {"TimeStart", m.TimeStart, 0},
                                  {"TimeEnd", m.TimeEnd, 0},
                                  {"TimeStep", m.TimeStep, 0},

@@ -54,6 +54,8 @@ constexpr Known_Failure kKnown[] = {
     // A number that was typed and that no field holds, or a length of 0.
     {6, ""},
     {11, "Calculate"},
+    // Links 2 to 4 that are all 0 have no cognates.
+    {11, "Cayley"},
     // A torque of more than ten pulses of a sign has no room in the table of pulses.
     {9, "Flywheel"},
     // At these a cancelled dialog is told, and nothing else comes of it.

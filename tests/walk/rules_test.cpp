@@ -1,5 +1,6 @@
 // Each rule notices what it is there for, and nothing where nothing is.
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "tests/walk/walk_fixture.h"
 
 namespace verlink::walk {
@@ -83,12 +84,14 @@ TEST(WalkRules, A_box_that_is_read_back_as_another_number) {
     EXPECT_EQ(Broken_Rule(
                   kCalculated,
                   [](Screen& top) {
-                      Model.L3 = 1234.5;
-                      Model.LinkArray(3) = 1234.5;
-                      top.Text("txt_Linkout", 2).Text = "1,234.500";
+                      Run_Dropped();
+                      Model.Link1X = 1234.5;
+                      Model.LinkArray(5) = 1234.5;
+                      top.Text("txt_Linkout", 15).Text = "1,234.500";
                   },
                   kStay),
-              "read back");
+              "read back")
+        << "the other form of link 1 is another place";
 }
 
 TEST(WalkRules, A_field_that_is_not_saved_as_it_is) {
