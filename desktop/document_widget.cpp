@@ -18,7 +18,7 @@ bool isFilm(const QString& document) { return document.endsWith(QStringLiteral("
 
 /// A build makes the manual by itself; its film takes minutes and is made when it is asked for.
 QString notInstalled(const QString& document) {
-    const QString note = QStringLiteral("This document is not installed: ") + document;
+    QString note = QStringLiteral("This document is not installed: ") + document;
     if (!isFilm(document)) return note;
     return note + QStringLiteral(
                       "\n\nIt is a film. Where Verlink was built from its sources, tools/screencast makes it there, in "

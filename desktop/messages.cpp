@@ -81,6 +81,7 @@ Answer showMessage(QWidget* parent, const platform::Message& message) {
     box.setIcon(iconOf(message.icon));
     const std::vector<Choice> choices = choicesOf(message.buttons);
     std::vector<QPushButton*> buttons;
+    buttons.reserve(choices.size());
     for (const Choice& choice : choices) buttons.push_back(addButton(box, choice));
     const auto first =
         static_cast<std::size_t>(std::clamp<int>(message.default_button, 1, static_cast<int>(choices.size())) - 1);

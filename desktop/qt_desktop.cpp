@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QPrinter>
+#include <QPushButton>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QWindow>

@@ -25,7 +25,6 @@ namespace verlink {
 
 using platform::CR;
 using platform::CRLF;
-using platform::Visual;
 
 namespace {
 
