@@ -222,6 +222,8 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
+    // By itself it picks the entry that its text names when it loses the focus, which nobody has asked for.
+    QObject::disconnect(combo->lineEdit(), &QLineEdit::editingFinished, combo, nullptr);
     const auto back = [combo, &control] { paintBack(combo, QPalette::Base, boxColor(control)); };
     auto* mouse = new LineMouse(combo->lineEdit());
     mouse->onDoubleClick = [&form, &control] {

@@ -68,6 +68,7 @@ bool Can_Close() {
 /// The run of the model, without a question about positions that do not close.
 void Run_Quietly() {
     Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = false;
+    const Told_As_One once;
     Integer Result;
     switch (Model.Calctype) {
         case 1: Oneposition(Result); break;

@@ -44,7 +44,8 @@ class CartesianAligned : public Plotting {
         MyPlot(form, chosen, 2);
         const auto curve = Curve(0);
         ASSERT_EQ(curve.size(), static_cast<std::size_t>(Model.NSteps + 1));
-        const auto [left, right] = std::minmax(form.pct_Plot[0].Drawing().Left(), form.pct_Plot[0].Drawing().Right());
+        const double one = form.pct_Plot[0].Drawing().Left(), other = form.pct_Plot[0].Drawing().Right();
+        const double left = std::min(one, other), right = std::max(one, other);
         for (int i = 0; i <= Model.NSteps; ++i) {
             const auto point = static_cast<std::size_t>(i);
             EXPECT_NEAR(curve[point].first, first + i * stride, 1e-3) << i;

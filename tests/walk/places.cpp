@@ -114,7 +114,7 @@ std::vector<std::string> Places::Writable(const std::string& extension) {
 }
 
 std::vector<std::string> Places::Unwritable() {
-    return {"<folder>/no/such/place.vlk", "<folder>/a folder.vlk", "/dev/full"};
+    return {"<folder>/no/such/place.vlk", "<folder>/a folder.vlk", "/dev/full/model.vlk"};
 }
 
 }  // namespace verlink::walk

@@ -29,17 +29,17 @@ constexpr int kPollMilliseconds = 2;
 /// A dialog that has not gone by then has refused what was said.
 constexpr int kPollsAtMost = 60;
 
-QMessageBox::StandardButton Button_Of(Answer answer) {
+QString Word_Of(Answer answer) {
     switch (answer) {
-        case Answer::kOk: return QMessageBox::Ok;
-        case Answer::kCancel: return QMessageBox::Cancel;
-        case Answer::kAbort: return QMessageBox::Abort;
-        case Answer::kRetry: return QMessageBox::Retry;
-        case Answer::kIgnore: return QMessageBox::Ignore;
-        case Answer::kYes: return QMessageBox::Yes;
-        case Answer::kNo: return QMessageBox::No;
+        case Answer::kOk: return QStringLiteral("OK");
+        case Answer::kCancel: return QStringLiteral("Cancel");
+        case Answer::kAbort: return QStringLiteral("Abort");
+        case Answer::kRetry: return QStringLiteral("Retry");
+        case Answer::kIgnore: return QStringLiteral("Ignore");
+        case Answer::kYes: return QStringLiteral("Yes");
+        case Answer::kNo: return QStringLiteral("No");
     }
-    return QMessageBox::Ok;
+    return {};
 }
 
 /// Waits for the dialog that is about to come up, and answers it. What it asks in turn is agreed to; a dialog that
@@ -102,7 +102,8 @@ Answer Widget_Desktop::Show_Message(const Message& message) {
     if (Aside::On()) return wanted;
     const Answering answering([wanted](QDialog& dialog) {
         auto& box = static_cast<QMessageBox&>(dialog);
-        if (QAbstractButton* button = box.button(Button_Of(wanted))) button->click();
+        for (QAbstractButton* button : box.buttons())
+            if (button->text().remove(u'&') == Word_Of(wanted)) return button->click();
     });
     const Answer given = QtDesktop::Show_Message(message);
     walker_.Expect("message box", given == wanted, "a message box was answered another way than its button says");
