@@ -13,7 +13,7 @@ void Grashof();
 /// `opt_Calctype`(2). Gives the angle back, unrounded.
 double Toggle();
 
-/// The two captions for the last `Grashof`, for those who print them.
+/// The long caption of `LinkArray`, for those who print it.
 const char* Grashof_Long_Text();
 
 /// The refusal of cognates for a parallelogram, which has an infinity of them.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <memory>
 
+#include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
@@ -15,6 +16,8 @@ namespace {
 
 enum class Past { kStays, kFalls };
 enum class Cognates { kFollow, kFollowFirst, kStay };
+/// The class of a linkage is found from its lengths, or comes with it.
+enum class Class { kFound, kGiven };
 
 struct Row {
     Road road;
@@ -24,20 +27,21 @@ struct Row {
     Past synthesized;  ///< its lengths came from synthesis
     Cognates cognates;
     bool if_changed;  ///< nothing but the linkage comes in; what was known of it falls only where it is another
+    Class code;
 };
 
 // clang-format off
 constexpr Row kRows[] = {
-//   road              link 1 by           from disk      driven         synthesized    cognates               if changed
-    {Road::kBoxes,     Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollowFirst, true},
-    {Road::kDrag,      Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollow,      true},
-    {Road::kFile,      Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollow,      false},
-    {Road::kExample,   Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kFalls,  Cognates::kFollow,      false},
-    {Road::kImport,    Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kFollowFirst, false},
-    {Road::kSynthesis, Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kStays,  Cognates::kFollow,      false},
-    {Road::kCognate,   Leading::kPolar,    Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kStay,        false},
-    {Road::kUnits,     Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kStay,        false},
-    {Road::kNew,       Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kFalls,  Cognates::kFollow,      false},
+//   road              link 1 by           from disk      driven         synthesized    cognates               if changed  class
+    {Road::kBoxes,     Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollowFirst, true,       Class::kFound},
+    {Road::kDrag,      Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollow,      true,       Class::kFound},
+    {Road::kFile,      Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kFollow,      false,      Class::kGiven},
+    {Road::kExample,   Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kFalls,  Cognates::kFollow,      false,      Class::kGiven},
+    {Road::kImport,    Leading::kBoth,     Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kFollowFirst, false,      Class::kFound},
+    {Road::kSynthesis, Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kStays,  Cognates::kFollow,      false,      Class::kFound},
+    {Road::kCognate,   Leading::kPolar,    Past::kStays,  Past::kStays,  Past::kFalls,  Cognates::kStay,        false,      Class::kFound},
+    {Road::kUnits,     Leading::kInForce,  Past::kStays,  Past::kStays,  Past::kStays,  Cognates::kStay,        false,      Class::kFound},
+    {Road::kNew,       Leading::kPolar,    Past::kFalls,  Past::kFalls,  Past::kFalls,  Cognates::kFollow,      false,      Class::kGiven},
 };
 // clang-format on
 
@@ -140,6 +144,7 @@ void Enter_Linkage(Road road, const std::function<void()>& fill) {
             Model.CognateNumber = 1;
             Model.CognateEdit = false;
         }
+        if (row.code == Class::kFound) Grashof();
     }
     if (row.disk == Past::kFalls) Model.DiskFile = false;
     if (row.drive == Past::kFalls) Release_Drive();

@@ -1,6 +1,7 @@
 // How the pulses of the crank torque are found and listed, and the torque smoothed.
 #include "dynamics/flywheel.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -41,7 +42,8 @@ void Print_Areas(platform::PictureBox& paper, const std::string& unit, const Pul
     if (FirstSign == -1) paper.Print(" Order   Neg Area   Pos Area");
     if (FirstSign == 1) paper.Print(" Order   Pos Area   Neg Area");
     paper.Print("----------------------------------------------");
-    const Integer rows = (PulseCount + 1) / 2.0;
+    // Behind ten pulses of each sign an eleventh of one may have been counted that has no area yet.
+    const Integer rows = std::min<int>(kMostPulses, Integer((PulseCount + 1) / 2.0));
     if (FirstSign == -1) Print_Pulses(paper, NegArea, PosArea, rows);
     if (FirstSign == 1) Print_Pulses(paper, PosArea, NegArea, rows);
     paper.Print("");

@@ -11,7 +11,10 @@ namespace verlink {
 
 struct LinkageModel;
 
-using PulseAreas = Array<Single, 0, 10>;
+/// Of each sign, in a cycle.
+constexpr int kMostPulses = 10;
+
+using PulseAreas = Array<Single, 0, kMostPulses>;
 
 /// A run as a flywheel takes it.
 struct FlywheelRun {

@@ -168,9 +168,15 @@ void frm_Balance::Calculate_Anew() {
     cmd_Calc_Click();
 }
 
+template <class Body>
+void frm_Balance::Take_Over(const char* procedure, TextBox& box, Body body) {
+    if (!box.Touched()) return;
+    // A number that no weight can have gives way to the weights in force.
+    if (!Guarded(procedure, body)) Show_Weights();
+}
+
 void frm_Balance::txt_BerkMass_LostFocus(int Index) {
-    const bool ended = Guarded("frm_Balance.txt_BerkMass", [&] {
-        if (!txt_BerkMass[Index].Touched()) return;
+    Take_Over("frm_Balance.txt_BerkMass", txt_BerkMass[Index], [&] {
         const double value = Value_Of(txt_BerkMass[Index]);
         if (value <= 0) return Refuse(txt_BerkMass[Index]);
         Balance_Dropped();
@@ -179,13 +185,10 @@ void frm_Balance::txt_BerkMass_LostFocus(int Index) {
         txt_Radius[Index].Text = Text_Of(Single(Model.BerkRadius(Index) * Shown_Factor()));
         Calculate_Anew();
     });
-    // A number that no weight can have gives way to the weights in force.
-    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_Radius_LostFocus(int Index) {
-    const bool ended = Guarded("frm_Balance.txt_Radius", [&] {
-        if (!txt_Radius[Index].Touched()) return;
+    Take_Over("frm_Balance.txt_Radius", txt_Radius[Index], [&] {
         const double value = Value_Of(txt_Radius[Index]) / Shown_Factor();
         if (value <= 0) return Refuse(txt_Radius[Index]);
         Balance_Dropped();
@@ -194,18 +197,13 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
         txt_BerkMass[Index].Text = Text_Of(Model.BerkMass(Index));
         Calculate_Anew();
     });
-    // A number that no weight can have gives way to the weights in force.
-    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_MRproduct_LostFocus(int Index) {
-    const bool ended = Guarded("frm_Balance.txt_MRproduct", [&] {
-        if (!txt_MRproduct[Index].Touched()) return;
+    Take_Over("frm_Balance.txt_MRproduct", txt_MRproduct[Index], [&] {
         txt_BerkMass[Index].Text = Rounded(Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index));
         Calculate_Anew();
     });
-    // A number that no weight can have gives way to the weights in force.
-    if (!ended) Show_Weights();
 }
 
 void frm_Balance::txt_Fluct_LostFocus() {
@@ -224,16 +222,24 @@ void frm_Balance::txt_Fluct_LostFocus() {
     });
 }
 
+void frm_Balance::Take_Weights() {
+    auto mass = Model.BerkMass;
+    auto radius = Model.BerkRadius;
+    for (const int i : {2, 4}) {
+        mass(i) = Strict_Value_Of(txt_BerkMass[i]);
+        radius(i) = Strict_Value_Of(txt_Radius[i]) / Shown_Factor();
+    }
+    Fluct = Strict_Value_Of(txt_Fluct);
+    Model.BerkMass = mass;
+    Model.BerkRadius = radius;
+}
+
 void frm_Balance::cmd_Calc_Click() {
-    Guarded("frm_Balance.cmd_Calc", [this] {
+    const bool ended = Guarded("frm_Balance.cmd_Calc", [this] {
         platform::The_Desktop().Set_Pointer(platform::Pointer::kHourglass);
         const Told_As_One once;
         Balance_Dropped();
-        for (const int i : {2, 4}) {
-            Model.BerkMass(i) = Strict_Value_Of(txt_BerkMass[i]);
-            Model.BerkRadius(i) = Strict_Value_Of(txt_Radius[i]) / Shown_Factor();
-        }
-        Fluct = Strict_Value_Of(txt_Fluct);
+        Take_Weights();
         for (const auto& graph : grf_Plot) graph->Visible = false;
         // There is nothing to balance without the forces of this run.
         if (!Model.DynamicsDone) Solve_Forces(Model);
@@ -252,6 +258,7 @@ void frm_Balance::cmd_Calc_Click() {
         Refresh_Status();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     });
+    if (!ended) Show_Weights();
 }
 
 void frm_Balance::PlotForceTorque() {

@@ -83,6 +83,11 @@ class frm_Balance : public platform::Screen {
     void Show_Units();
     void Put_Colors();
     void Show_Weights();
+    /// All weights and the fluctuation from the boxes, or none of them: failure 6 or 13.
+    void Take_Weights();
+    /// Runs the body of an edit if a hand has touched the box.
+    template <class Body>
+    void Take_Over(const char* procedure, platform::TextBox& box, Body body);
     /// What every accepted edit ends with.
     void Calculate_Anew();
     /// Tells that the value must be positive, and puts a small one in its place.
