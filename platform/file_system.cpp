@@ -12,6 +12,7 @@
 
 #include "platform/failure.h"
 #include "platform/guard.h"
+#include "platform/temporaries.h"
 
 namespace verlink::platform {
 
@@ -68,9 +69,11 @@ std::string Followed(const std::string& path) {
     return target.string();
 }
 
-/// A name in the same folder for `mkostemp`, short enough whatever the file's own name.
-std::string Beside(const std::string& target) {
-    return (std::filesystem::path(target).parent_path() / ".verlink-XXXXXX").string();
+/// What a file that somebody makes anew may be used for. The mask belongs to the process: one thread at a time.
+mode_t New_Mode() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
 }
 
 }  // namespace
@@ -89,7 +92,7 @@ std::string Read_File(const std::string& path) {
     }
 }
 
-void Write_File(const std::string& path, const std::string& content) {
+void Write_File(const std::string& path, const std::string& content, std::optional<unsigned> own_mode) {
     const std::string target = Followed(path);
     struct stat old {};
     const bool replaces = ::stat(target.c_str(), &old) == 0;
@@ -108,7 +111,8 @@ void Write_File(const std::string& path, const std::string& content) {
     }
     if (replaces && ::access(target.c_str(), W_OK) != 0) Raise(Number_Of(errno, true));
 
-    std::string beside = Beside(target);
+    Sweep_Temporaries(std::filesystem::path(target).parent_path().string());
+    std::string beside = Temporary_Beside(target);
     Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
     if (file.Number() < 0) Raise(Number_Of(errno, true));
     const auto fail = [&](int error) {
@@ -122,9 +126,7 @@ void Write_File(const std::string& path, const std::string& content) {
         if (count <= 0) fail(count < 0 ? errno : ENOSPC);
         done += static_cast<std::size_t>(count);
     }
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    const mode_t mode = replaces ? (old.st_mode & 07777) : (0666 & ~mask);
+    const mode_t mode = own_mode ? *own_mode : replaces ? (old.st_mode & 07777) : New_Mode();
     // The owner stays too where the system allows it; a file of another's that may be written is saved all the same.
     [[maybe_unused]] const bool same_owner = replaces && ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
     if (::fchmod(file.Number(), mode) != 0 || ::fsync(file.Number()) != 0 || file.Close() != 0) fail(errno);

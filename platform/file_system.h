@@ -1,6 +1,7 @@
 // Files as the program reads and writes them: whole, or not at all.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace verlink::platform {
@@ -14,8 +15,9 @@ std::string Read_File(const std::string& path);
 
 /// Writes beside the file, flushes to the device, and renames over it. On failure nothing is left behind and the
 /// old file is whole. A link is followed, so that the file it names is replaced; the old file's permissions stay, and
-/// its owner where the system allows it. A device is written to.
-void Write_File(const std::string& path, const std::string& content);
+/// its owner where the system allows it. A device is written to. What ended processes left beside it is swept. With
+/// `own_mode` the file gets these permissions, whatever an old one had; so it may be called from another thread.
+void Write_File(const std::string& path, const std::string& content, std::optional<unsigned> own_mode = {});
 
 /// The same for a file that is there and is to stay: what it held is kept, with its permissions, in the first free of
 /// `path~`, `path~~` and so on, which is given back. On failure there is no such file.
