@@ -83,13 +83,17 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
             return;
         }
         if (Model.Grashof_Code == "N") Toggle();
-        switch (Calctype) {
-            case 1: Oneposition(Result); break;
-            case 2: Timestep(Result); break;
-            case 3: Crankangle(Result); break;
-            default: break;
-        }
+        Generated_Run(Calctype, Result);
     });
+}
+
+bool Generated_Run(Integer Calctype, Integer& Result) {
+    switch (Calctype) {
+        case 1: Oneposition(Result); return true;
+        case 2: Timestep(Result); return true;
+        case 3: Crankangle(Result); return true;
+        default: return false;
+    }
 }
 
 void Oneposition(Integer& Result) {
