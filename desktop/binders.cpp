@@ -134,6 +134,7 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
             control.SelectedAll = false;
             control.Type(fromQt(text));
         });
+        control.Notify();
     });
     return edit;
 }
@@ -252,6 +253,7 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
             control.SelectedAll = false;
             control.Text = fromQt(text);
         });
+        control.Notify();
     });
     QObject::connect(combo, &QComboBox::activated, combo, [&form, &control](int index) {
         form.act(control, [&] { control.Choose(index); });
@@ -282,7 +284,7 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
         bar->setSliderPosition(control.Value());
     });
     QObject::connect(bar, &QScrollBar::sliderReleased, bar,
-                     [&form, &control] { form.act(control, [&] { control.Drop(); }); });
+                     [&form, &control] { form.happen(control, [&] { control.Drop(); }); });
     return bar;
 }
 
@@ -325,7 +327,7 @@ QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
         if (control.Pages > 0)
             for (const DocumentPlaces::Heading& heading : view->headings())
                 control.Headings.push_back({heading.level, fromQt(heading.title), fromQt(heading.name)});
-        form.act(control, [&] {
+        form.happen(control, [&] {
             if (control.Pages > 0) control.Page = view->page();
             if (control.OnChange) control.OnChange();
         });
@@ -367,7 +369,8 @@ QObject* make(Form& form, Timer& control, QWidget* parent) {
         if (!runs) timer->stop();
     };
     control.Watcher();
-    QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] { form.act(control, [&] { control.Tick(); }); });
+    QObject::connect(timer, &QTimer::timeout, timer,
+                     [&form, &control] { form.happen(control, [&] { control.Tick(); }); });
     return timer;
 }
 

@@ -250,9 +250,20 @@ QPushButton* Form::buttonOf(CommandButton* button) const {
     return button ? qobject_cast<QPushButton*>(objectOf(*button)) : nullptr;
 }
 
+/// Is it up, with no other window or dialog over it? Keys that are pressed faster than windows come and go still find
+/// the widgets of the last one.
+bool Form::inUse() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return !closing_ && !inPause() && isVisible() && (!modal || modal == this);
+}
+
 void Form::act(const Control& control, const std::function<void()>& deed) {
-    if (closing_ || inPause()) return;
-    Guarded(control.ObjectName(), deed);
+    const auto* widget = qobject_cast<QWidget*>(objectOf(control));
+    if (inUse() && (!widget || widget->isEnabled())) Guarded(control.ObjectName(), deed);
+}
+
+void Form::happen(const Control& control, const std::function<void()>& deed) {
+    if (!closing_ && !inPause()) Guarded(control.ObjectName(), deed);
 }
 
 /// Blanks at the end of a caption would push its words out of a narrow title bar.
@@ -297,7 +308,7 @@ void Form::watch(QWidget* widget, Visual& control) {
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Close(); });
+    if (inUse()) Guarded(screen_.Name(), [this] { screen_.Close(); });
 }
 
 /// Is there nothing on it but words?
@@ -317,7 +328,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
     const bool forward = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if ((forward || event->key() == Qt::Key_Escape) && onlyTells()) {
         // Such a screen goes by a click, and by these keys as well.
-        if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
+        if (inUse()) Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
         return;
     }
     if (forward) {
@@ -331,7 +342,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::mouseReleaseEvent(QMouseEvent* event) {
     QMainWindow::mouseReleaseEvent(event);
     // What labels, frames and the bare window leave over; a press that began elsewhere is no click.
-    if (!closing_ && !inPause() && rect().contains(event->position().toPoint()))
+    if (inUse() && rect().contains(event->position().toPoint()))
         Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
 }
 
