@@ -319,6 +319,18 @@ TEST_F(PictureTest, SvgHoldsEachPrimitiveInPixels) {
               "</g>\n</svg>\n");
 }
 
+TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
+    picture.Line(-1e30, -1e30, 1e30, 1e30, kRed);
+    picture.Line(30, 0, 1e9, 5, kRed);
+    picture.Circle(1e12, 0, 1e12, kBlue);
+    picture.Circle(0, 0, 1e12, kBlue);
+    picture.PSet(1e300, 0, kGreen);
+    const std::string svg = picture.Svg(400);
+    EXPECT_NE(svg.find("<path stroke=\"#ff0000\" d=\"M-2 -2L402 402\"/>\n"), std::string::npos) << svg;
+    EXPECT_NE(svg.find("<path stroke=\"#0000ff\" d=\"M200 "), std::string::npos) << svg;
+    EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
+}
+
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {
     picture.Circle(0, 0, 1, kBlue);
     picture.Circle(0, 0, 1, kWhite);

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "desktop/memory.h"
 #include "desktop/quiet_style.h"
 #include "tests/walk/program.h"
 #include "tests/walk/walk_desktop.h"
@@ -21,6 +22,7 @@ void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    verlink::desktop::returnLargeBlocks();
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir session;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", session.path().toUtf8());
