@@ -20,6 +20,7 @@
 #include "output/cartesian.h"
 #include "output/polar.h"
 #include "screens/frm_cayley.h"
+#include "synthesis/cognates.h"
 
 namespace verlink::bench {
 
@@ -27,22 +28,22 @@ namespace {
 
 constexpr int kSteps = 2881;
 
-/// A run of 2881 steps over so many turns of the crank, by angle (3) or by time (2).
-void Run_Of(int mode, int turns) {
-    Take_Default_Linkage(kSteps);
+/// A run over so many turns of the crank, by angle (3) or by time (2).
+void Run_Of(int mode, int turns, int steps = kSteps) {
+    Take_Default_Linkage(steps);
     if (mode == 3) {
         Model.ThetaEnd = 360.0 * turns;
-        Model.ThetaStep = 360.0 * turns / (kSteps - 1);
+        Model.ThetaStep = 360.0 * turns / (steps - 1);
         Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
         Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
-        Model.NSteps = kSteps - 1;
+        Model.NSteps = steps - 1;
     } else {
         Model.Omega2Input = 6.2831853;
         Model.Alpha2 = 0;
         Model.TimeStart = 0;
         Model.TimeEnd = turns;
-        Model.TimeStep = static_cast<double>(turns) / (kSteps - 1);
-        Model.NSteps = kSteps - 1;
+        Model.TimeStep = static_cast<double>(turns) / (steps - 1);
+        Model.NSteps = steps - 1;
     }
     Integer result;
     Calc_Setup(mode, result);
@@ -53,7 +54,6 @@ void Run_Of(int mode, int turns) {
     Model.ShowCentrodesFlag = "N";
     Model.HideLinksFlag = "N";
     Model.AnimateWait = 0;
-    Model.AnimateStepSize = 1;
     Model.Cycles = 1;
 }
 
@@ -120,6 +120,8 @@ BENCHMARK(Still_Picture)
     ->Args({3, 58, 30, 0})
     ->Args({3, 58, 200, 0})
     ->Args({3, 58, -30, 0})
+    ->Args({3, 977, 0, 0})
+    ->Args({3, 977, 30, 0})
     ->Args({2, 1, 0, 0})
     ->Args({2, 58, 0, 0})
     ->Args({2, 58, 0, 1})
@@ -134,13 +136,12 @@ BENCHMARK(Still_Picture)
 void Trace(benchmark::State& state) {
     Start_Qt();
     Start_Program();
-    Run_Of(3, 1);
+    Run_Of(3, 1, static_cast<int>(state.range(0)) + 1);
     Windows windows;
     frm_Animate& screen = Animate_Window(windows);
     screen.chk_Trace.Value = true;
     screen.chk_Coupler.Value = state.range(1) != 0;
     screen.chk_Centrodes.Value = state.range(1) != 0;
-    Model.AnimateStepSize = static_cast<int>((kSteps - 1) / state.range(0));
     const auto play = [&] {
         Model.RedrawFlag = "N";
         Animate(screen);
@@ -175,6 +176,7 @@ void Cayley(benchmark::State& state) {
     Start_Program();
     Run_Of(3, 1);
     Windows windows;
+    SeedCognate();
     auto& screen = static_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
     windows.Open("frm_Cayley");
     screen.Form_Activate();

@@ -30,14 +30,14 @@ struct Ink::Stroke {
 Ink::Ink(int width, int height)
     : width_(width), height_(height), covered_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
 
-void Ink::Cover(std::size_t pixel, double part) {
-    if (part <= 0) return;
-    const auto value = static_cast<std::uint8_t>(part >= 1 ? 255 : static_cast<int>(part * 255 + 0.5));
+void Ink::Cover(std::size_t pixel, int part) {
     std::uint8_t& held = covered_[pixel];
-    if (value <= held) return;
+    if (part <= held) return;
     if (held == 0) touched_.push_back(static_cast<std::uint32_t>(pixel));
-    held = value;
+    held = static_cast<std::uint8_t>(std::min(part, 255));
 }
+
+void Ink::Cover(std::size_t pixel, double part) { Cover(pixel, static_cast<int>(part * 255 + 0.5)); }
 
 template <bool kSteep>
 void Ink::Walk(const Stroke& s) {
@@ -56,15 +56,23 @@ void Ink::Walk(const Stroke& s) {
         const int top = Whole(std::ceil(around - beside - 0.5), 0, v_end);
         const int bottom = Whole(std::floor(around + beside - 0.5) + 1, 0, v_end);
         std::size_t pixel = static_cast<std::size_t>(u) * u_step + static_cast<std::size_t>(top) * v_step;
+        if (!ends) {
+            // Nearly all of a line, in whole numbers of 256 to a part.
+            constexpr double kPart = 255 * 256;
+            const int reach = static_cast<int>(s.reach * kPart) + 128, by = static_cast<int>(s.along_u * kPart);
+            int away = static_cast<int>((top + 0.5 - middle) * s.along_u * kPart);
+            for (int v = top; v < bottom; ++v, pixel += v_step, away += by) Cover(pixel, (reach - std::abs(away)) >> 8);
+            continue;
+        }
         for (int v = top; v < bottom; ++v, pixel += v_step) {
             double away = std::abs(v + 0.5 - middle) * s.along_u;
-            if (ends) {
-                const double down = v + 0.5 - s.v1;
-                const double walked = at * s.along_u + down * s.along_v;
-                if (walked < 0)
-                    away = std::sqrt(at * at + down * down);
-                else if (walked > s.length)
-                    away = std::hypot(u + 0.5 - s.u2, v + 0.5 - s.v2);
+            const double down = v + 0.5 - s.v1;
+            const double walked = at * s.along_u + down * s.along_v;
+            if (walked < 0) {
+                away = std::sqrt(at * at + down * down);
+            } else if (walked > s.length) {
+                const double u2 = u + 0.5 - s.u2, v2 = v + 0.5 - s.v2;
+                away = std::sqrt(u2 * u2 + v2 * v2);
             }
             Cover(pixel, s.reach - away);
         }
@@ -139,17 +147,21 @@ void Ink::Disc(Point centre, double radius) {
 }
 
 void Ink::Pour(std::vector<std::uint32_t>& pixels, Color color) {
-    const auto part_of = [](unsigned under, unsigned over, unsigned part) {
-        return (under * (255 - part) + over * part + 127) / 255;
-    };
-    const auto bits = static_cast<unsigned>(color);
-    const unsigned red = bits & 255U, green = (bits >> 8U) & 255U, blue = (bits >> 16U) & 255U;
+    const auto bits = static_cast<std::uint32_t>(color);
+    // Red and blue of a pixel stand far enough apart to be mixed together.
+    const std::uint32_t red_blue = (bits & 255U) << 16U | (bits >> 16U & 255U), green = bits >> 8U & 255U;
+    const std::uint32_t whole = 0xFF000000U | red_blue | green << 8U;
     for (const std::uint32_t pixel : touched_) {
-        const unsigned part = covered_[pixel];
+        const std::uint32_t part = covered_[pixel] + (covered_[pixel] >> 7U);  // of 256
         std::uint32_t& under = pixels[pixel];
-        under = 0xFF000000U | part_of((under >> 16U) & 255U, red, part) << 16U |
-                part_of((under >> 8U) & 255U, green, part) << 8U | part_of(under & 255U, blue, part);
         covered_[pixel] = 0;
+        if (part == 256) {
+            under = whole;
+            continue;
+        }
+        const std::uint32_t mixed = (under & 0xFF00FFU) * (256 - part) + red_blue * part + 0x800080U;
+        const std::uint32_t between = (under >> 8U & 255U) * (256 - part) + green * part + 0x80U;
+        under = 0xFF000000U | (mixed >> 8U & 0xFF00FFU) | (between & 0xFF00U);
     }
     touched_.clear();
 }

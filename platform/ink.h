@@ -29,6 +29,8 @@ class Ink {
 
    private:
     struct Stroke;
+    /// By so many of 255 parts, or by a part of the whole; none are below zero.
+    void Cover(std::size_t pixel, int part);
     void Cover(std::size_t pixel, double part);
     template <bool kSteep>
     void Walk(const Stroke& stroke);

@@ -15,8 +15,9 @@ namespace verlink::platform {
 /// list, so that erasing leaves neither fringes nor holes in other curves; drawing it again in another colour, or
 /// in the same, moves it to the top. A primitive in the back colour that matches no earlier one stays, as a
 /// stroke in the back colour, unless it was itself erased since the last stroke was added: what was drawn twice may
-/// be erased twice. Two primitives are the same when their kind and their coordinates, rounded to 1/65536 of the
-/// window, agree.
+/// be erased twice. Two primitives are the same when their kind and their coordinates, rounded to 2^-24 of the
+/// window, agree: what a single number tells apart. Coarser, and positions of a run would count as the same that only
+/// lie near each other.
 class Picture : public Surface {
    public:
     struct Primitive {
@@ -101,7 +102,7 @@ class Picture : public Surface {
     double x_ = 0, y_ = 0;                  ///< the current point
     std::uint64_t revision_ = 0, epoch_ = 0;
 
-    static constexpr double kGrid = 65536;
+    static constexpr double kGrid = 1 << 24;
 };
 
 }  // namespace verlink::platform
