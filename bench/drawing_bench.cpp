@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QImage>
+#include <QWheelEvent>
 #include <algorithm>
 #include <functional>
 #include <string>
@@ -16,7 +17,7 @@
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"
-#include "desktop/picture_widget.h"
+#include "desktop/graph_widget.h"
 #include "output/cartesian.h"
 #include "output/polar.h"
 #include "screens/frm_cayley.h"
@@ -192,7 +193,13 @@ void Cayley(benchmark::State& state) {
 }
 BENCHMARK(Cayley)->Arg(0)->Arg(30)->Arg(150)->Arg(-30)->UseManualTime()->MinTime(0.2)->Unit(benchmark::kMillisecond);
 
-/// Four functions of 2881 points: which screen, sticks or lines, thick or thin, how far enlarged.
+void Turn_Wheel(QWidget& plot) {
+    const QPointF at(plot.width() * 0.41, plot.height() * 0.6);
+    QWheelEvent turn(at, plot.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&plot, &turn);
+}
+
+/// Four functions of 2881 points: sticks or lines, thick or thin, dashed or not, how many turns, how far enlarged.
 void Graph_Of_Four(benchmark::State& state) {
     Start_Qt();
     Start_Program();
@@ -206,6 +213,7 @@ void Graph_Of_Four(benchmark::State& state) {
     Model.PlotStyle = 1;
     windows.Open("frm_Plot1");
     auto& graph = plot.Get<platform::Graph>("grf_Plot", 0);
+    auto* widget = windows.qt.formOf(plot).findChild<desktop::GraphWidget*>();
     const auto set = [&] {
         graph.GraphStyle = static_cast<int>(state.range(0));
         graph.ThickLines = static_cast<int>(state.range(1));
@@ -222,19 +230,23 @@ void Graph_Of_Four(benchmark::State& state) {
             },
             windows);
         QApplication::processEvents();
+        for (int i = 0; i < state.range(4); ++i) Turn_Wheel(*widget->findChild<QWidget*>());
+        QApplication::processEvents();
+        widget->repaint();
     });
 }
 BENCHMARK(Graph_Of_Four)
-    ->ArgNames({"style", "thick", "patterned", "turns"})
-    ->Args({4, 0, 0, 2})
-    ->Args({4, 1, 0, 2})
-    ->Args({4, 0, 1, 2})
-    ->Args({4, 1, 1, 2})
-    ->Args({2, 0, 0, 2})
-    ->Args({6, 1, 1, 2})
-    ->Args({4, 0, 0, 58})
-    ->Args({4, 1, 1, 58})
-    ->Args({6, 1, 1, 58})
+    ->ArgNames({"style", "thick", "patterned", "turns", "wheel"})
+    ->Args({4, 0, 0, 2, 0})
+    ->Args({4, 1, 1, 2, 0})
+    ->Args({6, 1, 1, 2, 0})
+    ->Args({4, 0, 0, 2, 40})
+    ->Args({4, 1, 1, 2, 40})
+    ->Args({4, 0, 0, 58, 0})
+    ->Args({6, 1, 1, 58, 0})
+    ->Args({6, 1, 1, 58, 40})
+    ->Args({4, 0, 0, 977, 0})
+    ->Args({6, 1, 1, 977, 0})
     ->UseManualTime()
     ->MinTime(0.2)
     ->Unit(benchmark::kMillisecond);

@@ -166,4 +166,17 @@ void Ink::Pour(std::vector<std::uint32_t>& pixels, Color color) {
     touched_.clear();
 }
 
+void Ink::Pour_Upon_Nothing(std::vector<std::uint32_t>& pixels, Color color, int alpha) {
+    const auto bits = static_cast<std::uint32_t>(color);
+    const auto most = static_cast<std::uint32_t>(alpha);
+    const auto part_of = [](std::uint32_t value, std::uint32_t part) { return (value * part + 127) / 255; };
+    for (const std::uint32_t pixel : touched_) {
+        const std::uint32_t part = part_of(covered_[pixel], most);
+        pixels[pixel] = part << 24U | part_of(bits & 255U, part) << 16U | part_of(bits >> 8U & 255U, part) << 8U |
+                        part_of(bits >> 16U & 255U, part);
+        covered_[pixel] = 0;
+    }
+    touched_.clear();
+}
+
 }  // namespace verlink::platform

@@ -26,6 +26,8 @@ class Ink {
     void Disc(Point centre, double radius);
     /// Onto pixels of 0xFFRRGGBB, row by row from the top, as many as the sheet has; the sheet is empty again.
     void Pour(std::vector<std::uint32_t>& pixels, Color color);
+    /// Onto pixels that are all 0, as 0xAARRGGBB with the colour multiplied by `alpha`, of 255, and by what is covered.
+    void Pour_Upon_Nothing(std::vector<std::uint32_t>& pixels, Color color, int alpha);
 
    private:
     struct Stroke;
