@@ -298,7 +298,7 @@ void Aligned(benchmark::State& state) {
     Windows windows;
     const bool two = state.range(0) == 2;
     auto& choice = platform::Screens::Get(two ? "frm_PlotSelect2" : "frm_PlotSelect3");
-    auto& plot = platform::Screens::Get(two ? "frm_MyPlot2" : "frm_MyPlot3");
+    auto& plot = platform::Screens::Get(two ? "frm_Myplot2" : "frm_MyPlot3");
     windows.Open(choice.Name().c_str());
     choice.Form_Activate();
     auto& preset = choice.Get<platform::ComboBox>("cmb_Preset");
