@@ -65,7 +65,7 @@ TEST(WalkFound, TenPulsesOfEachSignAreTenRows) {
 TEST(WalkFound, AResultOfADyadThatCouldNotBeSolvedIsNotShown) {
     Expect_Sound({
         Pick("frm_HomeScreen", "mnu_Twopos2"),
-        Type("frm_Synth2B", "txt_Smag", kNoIndex, "-1e39"),
+        Type("frm_Synth2B", "txt_Smag", platform::kNoIndex, "-1e39"),
         Press("frm_Synth2B", "cmd_Calc"),
     });
 }
