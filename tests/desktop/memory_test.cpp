@@ -47,18 +47,6 @@ TEST_F(ScreensTest, Windows_that_come_and_go_hold_nothing_afterwards) {
     EXPECT_LT(grown, 2000);
 }
 
-TEST_F(ScreensTest, Windows_that_are_made_anew_hold_nothing_of_the_old_ones) {
-    const double grown = Growth(3, [this] {
-        ForEach([](Screen&, desktop::Form& form) {
-            form.show();
-            QCoreApplication::processEvents();
-        });
-        qt.discardForms();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    });
-    EXPECT_LT(grown, 2000);
-}
-
 TEST(MemoryTest, A_picture_that_is_drawn_again_and_again_holds_no_more) {
     Picture picture;
     desktop::PictureWidget widget(picture, nullptr);
