@@ -37,7 +37,7 @@ void Ink::Cover(std::size_t pixel, int part) {
     held = static_cast<std::uint8_t>(std::min(part, 255));
 }
 
-void Ink::Cover(std::size_t pixel, double part) { Cover(pixel, static_cast<int>(part * 255 + 0.5)); }
+void Ink::Cover(std::size_t pixel, double part) { Cover(pixel, static_cast<int>(std::lround(part * 255))); }
 
 template <bool kSteep>
 void Ink::Walk(const Stroke& s) {
