@@ -261,8 +261,8 @@ void Polar(benchmark::State& state) {
     auto& plot = platform::Screens::Get("frm_MyPlot4");
     windows.Open("frm_PlotSelect4");
     choice.Form_Activate();
-    auto& variable = choice.Get<platform::ComboBox>("cmb_Var", 1);
-    variable.Text = "Coupler Point Velocity";
+    auto& variable = choice.Get<platform::ComboBox>("cmb_Var1");
+    variable.Text = variable.Items().front();
     variable.OnClick();
     windows.Open("frm_MyPlot4");
     plot.Get<platform::CheckBox>("chk_Envelope").Value = state.range(0) != 2;
