@@ -83,6 +83,18 @@ double Toggle() {
     return angle;
 }
 
+void Classify_Linkage() {
+    Grashof();
+    const bool toggles = Model.Grashof_Code == "N";
+    if (toggles) Toggle();
+    for (const char* screen : kScreens) {
+        platform::With<platform::Frame>(screen, "fra_toggle", kNoIndex,
+                                        [&](platform::Frame& f) { f.Visible = toggles; });
+        for (const int index : {0, 1})
+            platform::With<Label>(screen, "lbl_Toggle", index, [&](Label& l) { l.Visible = toggles; });
+    }
+}
+
 bool Closes_Somewhere() { return Classified().code != kCannotConnect; }
 
 const char* Grashof_Long_Text() {

@@ -13,6 +13,10 @@ void Grashof();
 /// `opt_Calctype`(2). Gives the angle back, unrounded.
 double Toggle();
 
+/// `Grashof`, and `Toggle` where the class has one: both screens tell the class of the linkage in hand, and angles of
+/// toggle only while they are its own.
+void Classify_Linkage();
+
 /// Whether there is a position at which the lengths close.
 bool Closes_Somewhere();
 

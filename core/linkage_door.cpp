@@ -56,18 +56,20 @@ bool Same_Linkage(const Geometry& a, const Geometry& b) {
     return true;
 }
 
-/// Whether the two forms of link 1 are the same place but for roundings.
+/// What the digits of a file may change of an angle.
+constexpr double kDigits = 2e-6;
+
+/// Whether the two forms of link 1 are the same place but for roundings: of lengths, and of an angle of many turns.
 bool Forms_Agree() {
     constexpr double kPrecision = 1e-4;
     const double angle = Model.Link1Angle * kDegToRad;
-    const double slack = kPrecision * std::max(std::fabs(Model.L1), 1e-6);
+    const double slack = (kPrecision + kDigits * std::fabs(angle)) * std::max(std::fabs(Model.L1), 1e-6);
     return std::fabs(Model.L1 * std::cos(angle) - Model.Link1X) <= slack &&
            std::fabs(Model.L1 * std::sin(angle) - Model.Link1Y) <= slack;
 }
 
 /// Whether the angle of link 1 is the same in degrees and in radians but for the digits of a file.
 bool Angles_Agree() {
-    constexpr double kDigits = 2e-6;
     const double radians = Model.Link1Angle * kDegToRad;
     return std::fabs(Model.Link1AngleRad - radians) <= kDigits * std::fabs(radians);
 }
@@ -144,7 +146,7 @@ void Enter_Linkage(Road road, const std::function<void()>& fill) {
             Model.CognateNumber = 1;
             Model.CognateEdit = false;
         }
-        if (row.code == Class::kFound) Grashof();
+        if (row.code == Class::kFound) Classify_Linkage();
     }
     if (row.disk == Past::kFalls) Model.DiskFile = false;
     if (row.drive == Past::kFalls) Release_Drive();

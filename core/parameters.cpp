@@ -332,8 +332,7 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
         if (Model.Calctype == 5) Get_Delta2();
         Model.RedrawFlag = "Y";
         // The screens tell the class of the linkage in hand, run or not.
-        Grashof();
-        if (Model.Grashof_Code == "N") Toggle();
+        Classify_Linkage();
     });
     if (taken) return;
     Settle_Linkage(screen);

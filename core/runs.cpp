@@ -74,7 +74,7 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
     const Told_As_One told;
     Guarded("Calc_Setup", [&] {
         Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
-        Grashof();
+        Classify_Linkage();
         if (Model.Grashof_Code == "NL") {
             Run_Dropped();
             Model.MessageText = kCannotClose;
@@ -82,7 +82,6 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
             Disable_Input_Buttons();
             return;
         }
-        if (Model.Grashof_Code == "N") Toggle();
         Generated_Run(Calctype, Result);
     });
 }

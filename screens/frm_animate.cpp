@@ -235,7 +235,7 @@ void frm_Animate::Recalculate() {
     if (Model.Calctype < 4) {
         Calc_Setup(Model.Calctype, Result);
     } else {
-        Grashof();
+        Classify_Linkage();
         Imported_Run(Result);
     }
     if (Model.RunStands) {
@@ -250,7 +250,6 @@ void frm_Animate::Recalculate() {
         Lock_Run_Buttons();
     }
     Model_Unsaved();
-    fra_toggle.Visible = Model.Grashof_Code == "N";
     Model.ScreenReturn = true;
     Refresh_Status();
     platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);

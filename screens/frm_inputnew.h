@@ -122,7 +122,7 @@ class frm_Inputnew : public Linkage_Screen {
     void Label_Mode();
     /// The model's values in the boxes of the mode.
     void Show_Values();
-    void Show_Toggles(bool shown);
+    void Allow_Time_Steps();
     /// The drive's speed, acceleration and starting angle from the boxes that the mode has for them.
     void Take_Speeds();
     /// What has been typed and not been left yet is taken over.

@@ -62,9 +62,8 @@ void frm_Inputnew::Form_Activate() {
         Show_Values();
         Show_Choices();
         opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
-        Grashof();
-        if (Model.Grashof_Code == "N") Toggle();
-        Show_Toggles(Model.Grashof_Code != "Y");
+        Classify_Linkage();
+        Allow_Time_Steps();
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
         if (AutoCalc) {
@@ -134,11 +133,7 @@ void frm_Inputnew::Label_Mode() {
     pnl_time.Visible = mode == 2;
 }
 
-void frm_Inputnew::Show_Toggles(bool shown) {
-    fra_toggle.Visible = shown;
-    for (auto& label : lbl_Toggle) label->Visible = shown;
-    opt_Calctype[2].Enabled = Model.Grashof_Code != "N";
-}
+void frm_Inputnew::Allow_Time_Steps() { opt_Calctype[2].Enabled = Model.Grashof_Code != "N"; }
 
 void frm_Inputnew::Disable_Ways_On() {
     cmd_Done.Enabled = false;
@@ -291,7 +286,7 @@ void frm_Inputnew::cmd_Calc_Click() {
 
 /// What the screen shows of a run that was made, as far as it came.
 void frm_Inputnew::Show_Run() {
-    Show_Toggles(Model.Grashof_Code == "N");
+    Allow_Time_Steps();
     hsc_step.SetMax(Model.NSteps);
     Model.CurrentStep = 0;
     Show_Step();
@@ -312,7 +307,7 @@ bool frm_Inputnew::Run(Integer& Result) {
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
         // The boxes round what a file has; they are read once they have been typed into.
         if (!Model.DiskFile || Is_Linkage_Touched(*this)) Get_Linkage_Geometry(*this);
-        Grashof();
+        Classify_Linkage();
         Imported_Run(Result);
         return Model.Grashof_Code != "NL";
     }

@@ -262,7 +262,7 @@ TEST_F(Activation, ALinkDrivenModelShowsItsPhase) {
     });
 }
 
-TEST_F(Activation, AnyCodeButYesShowsTheTogglesUntilTheNextRun) {
+TEST_F(Activation, OnlyALinkageThatHasTogglesShowsThem) {
     Without_Autocalc();
     Model.L1 = Model.Link1X = 4;
     Model.L2 = 2;
@@ -270,11 +270,11 @@ TEST_F(Activation, AnyCodeButYesShowsTheTogglesUntilTheNextRun) {
     LoadLinkArray();
     Show([&] {
         EXPECT_EQ(Model.Grashof_Code, "SC") << "as the linkage in hand is";
-        EXPECT_TRUE(input.fra_toggle.Visible);
-        EXPECT_TRUE(input.lbl_Toggle[0].Visible);
-        Calculate_Now();
         EXPECT_FALSE(input.fra_toggle.Visible);
-        EXPECT_FALSE(input.lbl_Toggle[0].Visible);
+        Enter(input, "txt_Linkout", 3, "2.5");
+        EXPECT_TRUE(input.fra_toggle.Visible);
+        // Coupler and rocker in line, 5.5 long, across 2 and 4.
+        EXPECT_EQ(input.lbl_Toggle[0].Caption, "129.8");
     });
 }
 

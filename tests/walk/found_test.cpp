@@ -2,6 +2,8 @@
 #include "tests/walk/walk_fixture.h"
 
 namespace verlink::walk {
+using platform::kNoIndex;
+
 namespace {
 
 TEST(WalkFound, AWeightThatNoNumberHoldsGivesWayToTheOneInForce) {
@@ -65,7 +67,7 @@ TEST(WalkFound, TenPulsesOfEachSignAreTenRows) {
 TEST(WalkFound, AResultOfADyadThatCouldNotBeSolvedIsNotShown) {
     Expect_Sound({
         Pick("frm_HomeScreen", "mnu_Twopos2"),
-        Type("frm_Synth2B", "txt_Smag", platform::kNoIndex, "-1e39"),
+        Type("frm_Synth2B", "txt_Smag", kNoIndex, "-1e39"),
         Press("frm_Synth2B", "cmd_Calc"),
     });
 }
@@ -79,6 +81,45 @@ TEST(WalkFound, AProductAtARadiusOfNothingIsToldAndTheWeightsStay) {
         Type("frm_Balance", "txt_BerkMass", 4, "99999999999"),
         Type("frm_Balance", "txt_MRproduct", 4, "6"),
         Option("frm_Balance", "opt_Back", 0),
+    });
+}
+
+TEST(WalkFound, TogglesAreThoseOfTheLinkageInHand) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Tick("frm_Inputnew", "chk_autocalc"),
+        Type("frm_Inputnew", "txt_Linkout", 15, "8"),
+        Close("frm_Inputnew"),
+        Pick("frm_HomeScreen", "mnu_pick", 3),
+        Pulse("frm_Inputnew", "Timer1"),
+        Pick("frm_Inputnew", "mnu_Cayley").Looks(),
+        Close("frm_Cayley").Looks(),
+    });
+}
+
+TEST(WalkFound, AGroundOfManyTurnsIsSavedAsItIs) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Step"),
+        Option("frm_Inputnew", "opt_Polar", 1),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Close("frm_Animate"),
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Option("frm_Animate", "opt_Shift_Drag", 2),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.612, 0.357, 1, 1),
+        Press("frm_Animate", "cmd_Done"),
+        Pick("frm_HomeScreen", "mnu_Cog", 2),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Press("frm_Animate", "cmd_Done"),
+        Press("frm_HomeScreen", "cmd_Input"),
+        Type("frm_Inputnew", "txt_Linkout", 6, "99999999999"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Press("frm_Animate", "cmd_Animate"),
+        Close("frm_Animate"),
+        Pick("frm_HomeScreen", "mnu_pick", 5),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Print"),
     });
 }
 

@@ -28,9 +28,13 @@ void Pending::Note(const Screen& top, const Action& action) {
 }
 
 void Pending::Settle() {
-    // A button that could not do its work leaves the way on closed, and what was typed still waits.
-    if (const Screen* screen = taken_.empty() ? nullptr : Screens::Find(taken_))
-        if (const auto* on = screen->FindAs<CommandButton>("cmd_Done"); on && on->Enabled) typed_.erase(taken_);
+    // A button that could not do its work leaves the way on closed, one that a refusal kept from being pressed leaves
+    // the refused box in hand: what was typed still waits.
+    if (const Screen* screen = taken_.empty() ? nullptr : Screens::Find(taken_)) {
+        const auto* on = screen->FindAs<CommandButton>("cmd_Done");
+        const auto* box = dynamic_cast<const TextBox*>(screen->Focus());
+        if (on && on->Enabled && !(box && box->Touched())) typed_.erase(taken_);
+    }
     taken_.clear();
     std::erase_if(typed_, [](const auto& entry) {
         const Screen* screen = Screens::Find(entry.first);
