@@ -25,11 +25,12 @@ struct Refusals : BatchFixture {
 
 TEST_F(Refusals, OfAFileThatIsNotThere) {
     const std::string path = Path("nowhere.vlk");
-    Expect_Refused(Run({path}), "verlink-batch: " + path + " cannot be read: File not found\n");
+    Expect_Refused(Run({path}), "verlink-batch: " + path + " cannot be read: File not found (there is no such file)\n");
 }
 
 TEST_F(Refusals, OfAFolder) {
-    Expect_Refused(Run({Path("")}), "verlink-batch: " + Path("") + " cannot be read: Path/File access error\n");
+    Expect_Refused(Run({Path("")}),
+                   "verlink-batch: " + Path("") + " cannot be read: Path/File access error (it is a folder)\n");
 }
 
 TEST_F(Refusals, OfAForeignFile) {
