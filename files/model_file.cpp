@@ -150,7 +150,10 @@ struct Take {
 
 struct Store {
     const std::string& text;
-    void operator()(std::string* place) const { *place = text; }
+    void operator()(std::string* place) const {
+        if (text.size() > kLongestValue) Raise(kOverflow);
+        *place = text;
+    }
     void operator()(bool* place) const {
         *place = TextReader(text.starts_with('#') ? text : "#" + text + "#").Boolean();
     }

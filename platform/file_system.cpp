@@ -235,6 +235,7 @@ std::string Write_File_And_Keep(const std::string& path, const std::string& cont
     struct stat before {
     }, after{};
     while (The_System().Link_Stat(kept, after) == 0) kept += "~";
+    if (errno != ENOENT) Raise_File(kept, Way::kWriting, errno);
     if (The_System().Stat(path, before) != 0) Raise_File(path, Way::kWriting, errno);
     Keep(path, kept);
     const auto failure = What_Failed([&] { Write_File(path, content); });

@@ -119,6 +119,7 @@ TEST_F(FileCalls, ARefusedChangeOfModeIsNoReasonToLoseASave) {
 }
 
 TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
+    Put(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
     FailingSystem system(Number_Of("Flush", write), EINVAL);
     EXPECT_EQ(Matter(write), "none");
@@ -141,9 +142,10 @@ TEST_F(FileCalls, EachCallOfAReadMayFailAndIsTold) {
         const auto failure = What_Failed([&] { Read_File(In("a.vlk")); });
         if (system.Failed().empty()) return;
         EXPECT_EQ(failure.has_value(), system.Failed() != "Close") << system.Failed();
-        if (failure)
+        if (failure) {
             EXPECT_EQ(failure->Trouble().Words(),
                       In("a.vlk") + "\rcannot be read: the system says \"Input/output error\".");
+        }
     }
 }
 

@@ -28,26 +28,29 @@ bool FailingSystem::Failed_Behind(const std::string& call) const {
     return !Failed().empty() && std::find(Calls.begin(), end, call) != end;
 }
 
-bool FailingSystem::Fails(const char* call) {
+bool FailingSystem::Fails(const char* call, const std::string& path) {
     Calls.emplace_back(call);
+    if (!path.empty()) Paths.insert(path);
     if (Calls.size() != which_) return false;
     errno = error_;
     return true;
 }
 
 int FailingSystem::Stat(const std::string& path, struct stat& status) {
-    return Fails("Stat") ? -1 : System::Stat(path, status);
+    return Fails("Stat", path) ? -1 : System::Stat(path, status);
 }
 int FailingSystem::Link_Stat(const std::string& path, struct stat& status) {
-    return Fails("Link_Stat") ? -1 : System::Link_Stat(path, status);
+    return Fails("Link_Stat", path) ? -1 : System::Link_Stat(path, status);
 }
 int FailingSystem::File_Stat(int file, struct stat& status) {
     return Fails("File_Stat") ? -1 : System::File_Stat(file, status);
 }
 int FailingSystem::Access(const std::string& path, int mode) {
-    return Fails("Access") ? -1 : System::Access(path, mode);
+    return Fails("Access", path) ? -1 : System::Access(path, mode);
 }
-int FailingSystem::Open(const std::string& path, int flags) { return Fails("Open") ? -1 : System::Open(path, flags); }
+int FailingSystem::Open(const std::string& path, int flags) {
+    return Fails("Open", path) ? -1 : System::Open(path, flags);
+}
 int FailingSystem::Open_New(std::string& pattern) { return Fails("Open_New") ? -1 : System::Open_New(pattern); }
 ssize_t FailingSystem::Read(int file, char* to, std::size_t count) {
     return Fails("Read") ? -1 : System::Read(file, to, count);
@@ -78,12 +81,12 @@ int FailingSystem::Close(int file) {
     return fails ? -1 : result;
 }
 int FailingSystem::Rename(const std::string& from, const std::string& to) {
-    return Fails("Rename") ? -1 : System::Rename(from, to);
+    return Fails("Rename", to) ? -1 : System::Rename(from, to);
 }
 int FailingSystem::Link(const std::string& from, const std::string& to) {
-    return Fails("Link") ? -1 : System::Link(from, to);
+    return Fails("Link", to) ? -1 : System::Link(from, to);
 }
-int FailingSystem::Unlink(const std::string& path) { return Fails("Unlink") ? -1 : System::Unlink(path); }
+int FailingSystem::Unlink(const std::string& path) { return Fails("Unlink", path) ? -1 : System::Unlink(path); }
 
 namespace {
 
@@ -133,23 +136,26 @@ int Expect_Whole_Whatever_Fails(const Writing& writing) {
         SCOPED_TRACE(which);
         Begin(writing);
         std::string failed;
-        bool replaced = false;
+        bool replaced = false, writing_begun = false;
         {
             FailingSystem system(which);
             writing.write();
             failed = system.Failed();
+            writing_begun = system.Failed_Behind("Open_New");
             replaced = system.Failed_Behind("Rename") && failed != "Rename";
         }
         const std::vector<std::string> told = writing.told();
         if (failed.empty()) return which - 1;
         SCOPED_TRACE(failed);
-        const bool lost = !Is_Optional(failed) && (!replaced || failed == "Flush");
+        // Of a file that was only read it does not matter whether it could be closed.
+        const bool only_read = failed == "Close" && !writing_begun;
+        const bool lost = !Is_Optional(failed) && !only_read && (!replaced || failed == "Flush");
         EXPECT_EQ(Names_File_And_Reason(told, writing.path), lost);
         // Only where the last step of all failed, the flushing of the folder, the file that is told of is the new one.
         const bool old = lost && !replaced;
         EXPECT_EQ(Held(writing.path) == writing.old, old);
-        if (old) EXPECT_EQ(Names_Beside(writing.path).size(), 1U) << "something was left";
-        if (!old) EXPECT_EQ(Names_Beside(writing.path), whole);
+        const auto only = std::set<std::string>{fs::path(writing.path).filename()};
+        EXPECT_EQ(Names_Beside(writing.path), old ? only : whole);
         // The program goes on, and the next time it works.
         Begin(writing);
         writing.write();

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ class FailingSystem : public platform::System {
 
     /// The calls so far, by name; the one that failed is at `which`.
     std::vector<std::string> Calls;
+    /// The paths that were asked about, opened, or written to.
+    std::set<std::string> Paths;
     /// The name of the call that failed; empty as long as none did.
     std::string Failed() const;
     /// Whether a call of that name came before the one that failed.
@@ -43,7 +46,7 @@ class FailingSystem : public platform::System {
     int Unlink(const std::string& path) override;
 
    private:
-    bool Fails(const char* call);
+    bool Fails(const char* call, const std::string& path = {});
     std::size_t which_;
     int error_;
 };
