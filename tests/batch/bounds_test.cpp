@@ -54,7 +54,9 @@ struct Bounds : BatchFixture {
     static std::string Much(const std::string& piece, std::size_t less = 0) {
         std::string much;
         much.reserve(platform::kLargestFile);
-        while (much.size() + piece.size() <= platform::kLargestFile - less) much += piece;
+        much = piece;
+        while (2 * much.size() <= platform::kLargestFile - less) much.append(much, 0);
+        much.append(much, 0, (platform::kLargestFile - less - much.size()) / piece.size() * piece.size());
         return much;
     }
     static constexpr std::size_t kHead = 100000;
@@ -63,18 +65,15 @@ struct Bounds : BatchFixture {
 }  // namespace
 
 TEST_F(Bounds, HoldForFilesThatAreNoModelAtAll) {
-    for (const char* piece : {"\"", "\" x", "1", "\r\n", "\"VERLINK", ",", " ", "\"VERLINK\"\r\n"})
-        Expect_Modest(Of(Much(piece)), 1);
+    for (const char* piece : {"\"", "\" x", "\r\n", "\"VERLINK\"\r\n"}) Expect_Modest(Of(Much(piece)), 1);
 }
 
 TEST_F(Bounds, HoldForAValueThatFillsTheFile) {
-    for (const int line : std::initializer_list<int>{kModelName, kL2, kThetaStart, kCircuit, kCamDriven, 150}) {
-        SCOPED_TRACE(line);
-        for (const char* piece : {"x", "1", "0"}) {
-            Expect_Modest(Of(ModelText().Set(line, Much(piece, kHead)).Content()), 1);
-            Expect_Modest(Of(ModelText().Quote(line, Much(piece, kHead)).Content()), 1);
-        }
-    }
+    const std::string digits = Much("1", kHead), words = Much("x ", kHead);
+    Expect_Modest(Of(ModelText().Quote(kModelName, words).Content()), 1);
+    Expect_Modest(Of(ModelText().Set(kModelName, words).Content()), 1);
+    Expect_Modest(Of(ModelText().Set(kL2, digits).Content()), 1);
+    Expect_Modest(Of(ModelText().Quote(150, words).Content()), 1);
 }
 
 TEST_F(Bounds, HoldForAModelWithAHugeTail) { Expect_Modest(Of(ModelText().Content() + Much("1,2,3\r\n", kHead)), 0); }

@@ -154,7 +154,8 @@ TEST_F(FileMenu, AFailedSaveLeavesTheOldFileWholeAndTheModelUnsaved) {
     ::setrlimit(RLIMIT_FSIZE, &little);
     desktop.Expect_Message(
         "Error 61   (Disk full)  has occurred in Writefile\r\n\r\n"
-        " The floppy disk in the drive is full - please substitute another",
+        " The floppy disk in the drive is full - please substitute another\r\n\r\n" +
+            In("a.vlk") + "\rcannot be written: it would be larger than a file may be.",
         Answer::kOk, Icon::kInformation);
     Pick_Menu(home, "mnu_Save");
     ::setrlimit(RLIMIT_FSIZE, &before);
