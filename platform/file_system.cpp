@@ -107,8 +107,14 @@ void Refuse_What_Is_No_File(const std::string& path, const struct stat& status) 
     if (!S_ISREG(status.st_mode)) Refuse_File(path, Way::kReading, "it is a device and no file");
 }
 
-/// The content, or as much of it as `most` and one byte more.
-std::string Read_Some(const std::string& path, std::size_t most) {
+[[noreturn]] void Refuse_What_Is_Too_Large(const std::string& path) {
+    Refuse_File(path, Way::kReading, "it is larger than " + std::to_string(kLargestFile >> 20U) + " MiB");
+}
+
+enum class Part { kBeginning, kWhole };
+
+/// The content, or as much of it as `most`; where all of it is wanted, what is larger is refused.
+std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
     struct stat status {};
     // Opening a device may do something to it already.
     if (The_System().Stat(path, status) != 0) Raise_File(path, Way::kReading, errno);
@@ -116,8 +122,10 @@ std::string Read_Some(const std::string& path, std::size_t most) {
     const Descriptor file(The_System().Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY));
     if (!file.Is_Open() || The_System().File_Stat(file.Number(), status) != 0) Raise_File(path, Way::kReading, errno);
     Refuse_What_Is_No_File(path, status);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (part == Part::kWhole && size > most) Refuse_What_Is_Too_Large(path);
     std::string content;
-    content.reserve(std::min(static_cast<std::size_t>(status.st_size), most) + 1);
+    content.reserve(std::min(size, most) + 1);
     std::vector<char> block(65536);
     while (content.size() <= most) {
         const ssize_t count =
@@ -127,6 +135,9 @@ std::string Read_Some(const std::string& path, std::size_t most) {
         if (count == 0) break;
         content.append(block.data(), static_cast<std::size_t>(count));
     }
+    // Some files say nothing of their size.
+    if (part == Part::kWhole && content.size() > most) Refuse_What_Is_Too_Large(path);
+    content.resize(std::min(content.size(), most));
     return content;
 }
 
@@ -179,17 +190,10 @@ mode_t Taken_After(const std::string& target, const struct stat& old, int file) 
 
 }  // namespace
 
-std::string Read_File(const std::string& path) {
-    std::string content = Read_Some(path, kLargestFile);
-    if (content.size() > kLargestFile)
-        Refuse_File(path, Way::kReading, "it is larger than " + std::to_string(kLargestFile >> 20U) + " MiB");
-    return content;
-}
+std::string Read_File(const std::string& path) { return Read_Up_To(path, kLargestFile, Part::kWhole); }
 
 std::string Read_Beginning(const std::string& path, std::size_t most) {
-    std::string content = Read_Some(path, most);
-    content.resize(std::min(content.size(), most));
-    return content;
+    return Read_Up_To(path, most, Part::kBeginning);
 }
 
 void Write_File(const std::string& path, const std::string& content, std::optional<unsigned> own_mode) {
