@@ -115,11 +115,12 @@ void registerFileType(const FileType& type) {
     const bool mime_known = says(home + mime, mimeText(type));
     if ((entry_known && mime_known) || installed(type, entry, mime)) return;
     if (othersMayReplace(type.app_path) || belongsToAnother(type)) return;
+    // The entry comes last: where it is, all is.
+    write(home + icon, iconText());
     write(home + mime, mimeText(type));
     write(home + entry, entryText(type));
-    write(home + icon, iconText());
-    if (!mime_known) refresh(QStringLiteral("update-mime-database"), home + QStringLiteral("/mime"));
-    if (!entry_known) refresh(QStringLiteral("update-desktop-database"), home + QStringLiteral("/applications"));
+    refresh(QStringLiteral("update-mime-database"), home + QStringLiteral("/mime"));
+    refresh(QStringLiteral("update-desktop-database"), home + QStringLiteral("/applications"));
 }
 
 }  // namespace verlink::desktop

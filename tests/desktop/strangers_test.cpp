@@ -28,7 +28,7 @@ class StrangersTest : public ScreensTest {
     }
     /// A model each of whose names and titles is that text.
     void Open(const std::string& text) {
-        for (const char* field : {"UserName", "DateStr", "TimeStr", "FigureTitle", "ModuloMode"})
+        for (const char* field : {"UserName", "DateStr", "TimeStr", "FigureTitle"})
             ASSERT_TRUE(Set_File_Field(field, text)) << field;
         const std::string content = File_Content();
         ASSERT_TRUE(Readfile(content, Path(text.substr(0, 3) + ".vlk")));
