@@ -8,9 +8,7 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <thread>
 
 #include "platform/failure.h"
@@ -18,6 +16,7 @@
 #include "platform/guard.h"
 #include "platform/links.h"
 #include "tests/support/failing_system.h"
+#include "tests/support/files.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -26,15 +25,6 @@ namespace fs = std::filesystem;
 using namespace platform;
 
 namespace {
-
-std::string Held(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
-void Put(const std::string& path, const std::string& content) { std::ofstream(path, std::ios::binary) << content; }
 
 mode_t Mode_Of(const std::string& path) {
     struct stat status {};
@@ -95,11 +85,11 @@ TEST_F(FileCalls, EachCallOfAWriteThatKeepsTheOldFileMayFail) {
 }
 
 TEST_F(FileCalls, AFolderThatCouldNotBeFlushedKeepsWhatWasKept) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File_And_Keep(In("a.vlk"), "new"); };
     const int rename = Number_Of("Rename", write);
     fs::remove(In("a.vlk~"));
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     FailingSystem system(rename + 1);
     EXPECT_EQ(Matter(write), "57 the system says \"Input/output error\"");
     EXPECT_EQ(system.Failed(), "Flush");
@@ -108,10 +98,10 @@ TEST_F(FileCalls, AFolderThatCouldNotBeFlushedKeepsWhatWasKept) {
 }
 
 TEST_F(FileCalls, ARefusedChangeOfModeIsNoReasonToLoseASave) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
     const int call = Number_Of("Change_Mode", write);
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     FailingSystem system(call, EPERM);
     EXPECT_EQ(Matter(write), "none");
     EXPECT_EQ(system.Failed(), "Change_Mode");
@@ -119,7 +109,7 @@ TEST_F(FileCalls, ARefusedChangeOfModeIsNoReasonToLoseASave) {
 }
 
 TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
     FailingSystem system(Number_Of("Flush", write), EINVAL);
     EXPECT_EQ(Matter(write), "none");
@@ -127,7 +117,7 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
 }
 
 TEST_F(FileCalls, WhoMayNotReadAFolderMayStillSaveThere) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
     FailingSystem system(Number_Of("Open", write), EACCES);
     EXPECT_EQ(Matter(write), "none");
@@ -136,7 +126,7 @@ TEST_F(FileCalls, WhoMayNotReadAFolderMayStillSaveThere) {
 }
 
 TEST_F(FileCalls, EachCallOfAReadMayFailAndIsTold) {
-    Put(In("a.vlk"), "held");
+    Put_File(In("a.vlk"), "held");
     for (int which = 1;; ++which) {
         FailingSystem system(which);
         const auto failure = What_Failed([&] { Read_File(In("a.vlk")); });
@@ -151,7 +141,7 @@ TEST_F(FileCalls, EachCallOfAReadMayFailAndIsTold) {
 
 TEST_F(FileCalls, WordsNameTheFileAndWhatIsTheMatterWithIt) {
     fs::create_directory(In("sub"));
-    Put(In("file"), "held");
+    Put_File(In("file"), "held");
     fs::create_symlink("nowhere", In("link"));
     const auto writing = [&](const std::string& name) { return Matter([&] { Write_File(In(name), "x"); }); };
     const auto reading = [&](const std::string& name) { return Matter([&] { Read_File(In(name)); }); };
@@ -175,7 +165,7 @@ TEST_F(FileCalls, WordsNameTheFileAndWhatIsTheMatterWithIt) {
 // ---- what stays of the old file -----------------------------------------------------------------------------------
 
 TEST_F(FileCalls, ExtendedAttributesAndModeStay) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     ::chmod(In("a.vlk").c_str(), 0640);
     if (::setxattr(In("a.vlk").c_str(), "user.origin", "the press shop", 14, 0) != 0)
         GTEST_SKIP() << "no attributes on this file system";
@@ -187,7 +177,7 @@ TEST_F(FileCalls, ExtendedAttributesAndModeStay) {
 }
 
 TEST_F(FileCalls, ARightToActAsTheOwnerDoesNotGoOverToAnotherOwner) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     ::chmod(In("a.vlk").c_str(), 04755);
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
     write();
@@ -202,9 +192,9 @@ TEST_F(FileCalls, ARightToActAsTheOwnerDoesNotGoOverToAnotherOwner) {
 
 TEST_F(FileCalls, PipesDevicesFoldersAndHugeFilesAreRefusedAtOnce) {
     ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
-    Put(In("huge"), "");
+    Put_File(In("huge"), "");
     fs::resize_file(In("huge"), std::uintmax_t{1} << 40U);
-    Put(In("large"), "");
+    Put_File(In("large"), "");
     fs::resize_file(In("large"), kLargestFile + 1);
     const int number = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un address{};
@@ -225,7 +215,7 @@ TEST_F(FileCalls, PipesDevicesFoldersAndHugeFilesAreRefusedAtOnce) {
 }
 
 TEST_F(FileCalls, TheLargestFileIsReadWhole) {
-    Put(In("largest"), "");
+    Put_File(In("largest"), "");
     fs::resize_file(In("largest"), kLargestFile);
     EXPECT_EQ(Read_File(In("largest")).size(), kLargestFile);
 }
@@ -292,7 +282,7 @@ TEST_F(FileCalls, ALinkToNothingInAFolderThatOthersMayWriteIsNotFollowed) {
 
 TEST_F(FileCalls, AFileIsKeptUnderNoNameThatOthersHavePutThere) {
     fs::create_directory(In("home"));
-    Put(In("a.trq"), "old");
+    Put_File(In("a.trq"), "old");
     fs::create_symlink("home/.profile", In("a.trq~"));
     EXPECT_EQ(Write_File_And_Keep(In("a.trq"), "new"), In("a.trq~~"));
     EXPECT_EQ(Held(In("a.trq~~")), "old");

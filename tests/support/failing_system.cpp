@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
+
+#include "tests/support/files.h"
 
 namespace verlink::test {
 
@@ -90,13 +90,6 @@ int FailingSystem::Unlink(const std::string& path) { return Fails("Unlink", path
 
 namespace {
 
-std::string Held(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
 std::set<std::string> Names_Beside(const std::string& path) {
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(fs::path(path).parent_path()))
@@ -107,7 +100,7 @@ std::set<std::string> Names_Beside(const std::string& path) {
 /// Empties the folder and puts the old file there.
 void Begin(const Writing& writing) {
     for (const std::string& name : Names_Beside(writing.path)) fs::remove(fs::path(writing.path).parent_path() / name);
-    std::ofstream(writing.path, std::ios::binary) << writing.old;
+    Put_File(writing.path, writing.old);
 }
 
 bool Names_File_And_Reason(const std::vector<std::string>& told, const std::string& path) {
