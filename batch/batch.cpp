@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "batch/csv.h"
 #include "batch/exchange.h"
@@ -10,6 +11,7 @@
 #include "batch/functions.h"
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
+#include "batch/outputs.h"
 #include "batch/picture.h"
 #include "batch/plot.h"
 #include "batch/run.h"
@@ -76,6 +78,9 @@ const char kHelp[] =
     "  --convert-units N    converts it first: 1 in-lb-bl-s, 2 ft-lb-sl-s, 3 m-kg-N-s,\n"
     "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
     "  --help, --version    print this, or the version\n"
+    "\n"
+    "A FILE of - is standard output. No FILE may be one that the same call reads, or writes\n"
+    "for something else. The model is not saved when the run that goes with it fails.\n"
     "\n"
     "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
     "Mag or Ang behind a colon; X if there is none.\n"
@@ -157,46 +162,55 @@ void Check_Tables(const LinkageModel& record, int rows_driven, int rows_of_torqu
     if (record.TorqueImported && record.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
 }
 
+bool Printed(std::ostream& out, std::ostream& err) {
+    out.flush();
+    if (!out) err << "verlink-batch: standard output cannot be written\n";
+    return static_cast<bool>(out);
+}
+
 class Batch {
    public:
     Batch(const BatchOptions& options, std::ostream& out, std::ostream& err)
         : options_(options), out_(out), err_(err) {}
 
     int Run() {
+        const int status = Work();
+        if (!model_.empty()) err_ << "verlink-batch: " << *options_.save << " is not saved, since the run failed\n";
+        return status;
+    }
+
+   private:
+    int Work() {
         if (!Open()) return kFailed;
         if (options_.drive && !Take_Drive(*options_.drive, err_)) return kFailed;
         if (options_.torque && options_.save && !Take_Torque(*options_.torque, err_)) return kFailed;
         if (options_.convert_units) Convert(*options_.convert_units);
-        if (options_.save && !Save()) return kFailed;
+        // What a run changes of the model is not saved.
+        if (options_.save) model_ = File_Content();
+        if (!options_.Run_Wanted() && !Save()) return kFailed;
         if (options_.classify) Classify();
         if (options_.cognates && !Print_Cognates()) return kFailed;
         if (options_.balance_report && !Report_Balance()) return kFailed;
         bool done = !options_.Run_Wanted();
-        if (!done && Run_Model(err_)) {
+        if (options_.Run_Wanted() && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
             // A run by angle or time drops the torque, also what was imported to be saved.
             if (options_.torque && options_.Forces_Wanted() && !Take_Torque(*options_.torque, err_)) return kFailed;
             // A step that cannot be solved spoils the status; the table keeps what was solved before it.
             if (options_.Forces_Wanted()) done = Solve_Forces(Model).solved && done;
             if (options_.balance && !Balance()) return kFailed;
-            if (!Write_Results() || !Write_Exports()) return kFailed;
+            if (!Make_Results() || (done && !Save()) || !Write_Results()) return kFailed;
         }
-        out_.flush();
-        if (!out_) {
-            err_ << "verlink-batch: standard output cannot be written\n";
-            return kFailed;
-        }
-        return done ? kDone : kFailed;
+        return Printed(out_, err_) && done ? kDone : kFailed;
     }
 
-   private:
     bool Open() {
         if (options_.example) return Load_Example();
         std::string content;
         try {
             content = platform::Read_File(options_.model);
         } catch (const platform::RuntimeFailure& failure) {
-            err_ << "verlink-batch: " << options_.model << " cannot be read: " << failure.what() << '\n';
+            err_ << "verlink-batch: " << options_.model << " cannot be read: " << Why(failure) << '\n';
             return false;
         }
         Model.FilePath = options_.model;
@@ -234,8 +248,11 @@ class Batch {
     }
 
     bool Save() {
+        if (!options_.save) return true;
+        const std::string content = std::exchange(model_, {});
+        if (Is_Standard_Output(*options_.save)) return Write(*options_.save, content);
         Model.FilePath = *options_.save;
-        return Writefile();
+        return Writefile(content);
     }
 
     void Classify() {
@@ -267,41 +284,41 @@ class Batch {
         return !report.empty();
     }
 
-    bool Write_Results() {
+    /// Everything is made before anything is written.
+    bool Make_Results() {
         if (options_.csv || !options_.Without_Run()) {
             if (options_.fft && Model.Calctype == 1) {
                 err_ << "verlink-batch: one position has no transform\n";
                 return false;
             }
-            const std::string table =
-                options_.fft ? Transform_Csv(*options_.fft, options_.Local()) : Run_Table_Csv(options_.Local());
-            if (!options_.csv)
-                out_ << table;
-            else if (!Write(*options_.csv, table))
-                return false;
+            results_.emplace_back(options_.csv.value_or("-"), options_.fft
+                                                                  ? Transform_Csv(*options_.fft, options_.Local())
+                                                                  : Run_Table_Csv(options_.Local()));
         }
-        if (!options_.svg) return true;
-        return Write(*options_.svg,
-                     options_.plots.empty() ? Picture_Svg() : Plot_Svg(options_.plots, options_.Local()));
+        if (options_.svg)
+            results_.emplace_back(*options_.svg,
+                                  options_.plots.empty() ? Picture_Svg() : Plot_Svg(options_.plots, options_.Local()));
+        if (options_.export_out) results_.emplace_back(*options_.export_out, Link4_Content());
+        if (options_.export_trq) results_.emplace_back(*options_.export_trq, Torque_Content());
+        if (options_.export_pdx) results_.emplace_back(*options_.export_pdx, Pendrix_Content());
+        return true;
     }
 
-    bool Write_Exports() {
-        const std::pair<const std::optional<std::string>&, std::string (*)()> exports[] = {
-            {options_.export_out, Link4_Content},
-            {options_.export_trq, Torque_Content},
-            {options_.export_pdx, Pendrix_Content},
-        };
-        return std::ranges::all_of(exports, [this](const auto& exported) {
-            return !exported.first || Write(*exported.first, exported.second());
-        });
+    bool Write_Results() {
+        return std::ranges::all_of(results_, [this](const auto& result) { return Write(result.first, result.second); });
     }
 
     bool Write(const std::string& path, const std::string& content) {
+        if (Is_Standard_Output(path)) {
+            out_ << content;
+            return true;
+        }
+        out_.flush();  // what was printed before comes first, wherever the path leads
         try {
             platform::Write_File(path, content);
             return true;
         } catch (const platform::RuntimeFailure& failure) {
-            err_ << "verlink-batch: " << path << " cannot be written: " << failure.what() << '\n';
+            err_ << "verlink-batch: " << path << " cannot be written: " << Why(failure) << '\n';
             return false;
         }
     }
@@ -309,6 +326,8 @@ class Batch {
     const BatchOptions& options_;
     std::ostream& out_;
     std::ostream& err_;
+    std::string model_;                                         ///< as it is to be saved, until it is
+    std::vector<std::pair<std::string, std::string>> results_;  ///< path and content
 };
 
 }  // namespace
@@ -325,16 +344,16 @@ int Batch_Main(const std::vector<std::string>& arguments, std::ostream& out, std
     Set_Identity();
     if (options.help) {
         out << kBatchUsage << kHelp;
-        return kDone;
+        return Printed(out, err) ? kDone : kFailed;
     }
     if (options.version) {
         out << "verlink-batch " << Model.RevNumber << '\n';
-        return kDone;
+        return Printed(out, err) ? kDone : kFailed;
     }
     Model.JustStarted = true;
     Initialize();
     Use_Units(Model.Units);
-    if (!Functions_Known(options, fault)) {
+    if (!Functions_Known(options, fault) || !Outputs_Apart(options, fault)) {
         err << "verlink-batch: " << fault << '\n' << kBatchUsage;
         return kWrongUsage;
     }

@@ -28,13 +28,18 @@ bool Take_File(const std::string& path, std::ostream& notes, Take take) {
         TextReader reader(content);
         if (take(reader)) return true;
     } catch (const platform::RuntimeFailure& failure) {
-        why = std::string(": ") + failure.what();
+        why = ": " + Why(failure);
     }
     notes << "verlink-batch: " << path << " cannot be imported" << why << '\n';
     return false;
 }
 
 }  // namespace
+
+std::string Why(const platform::RuntimeFailure& failure) {
+    const std::string& matter = failure.Trouble().matter;
+    return failure.what() + (matter.empty() ? "" : " (" + matter + ")");
+}
 
 bool Is_Drive_File(const std::string& path) { return Ends_In(path, ".sva") || Ends_In(path, ".out"); }
 

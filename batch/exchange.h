@@ -4,7 +4,12 @@
 #include <ostream>
 #include <string>
 
+#include "platform/failure.h"
+
 namespace verlink {
+
+/// The words of a failure and, in brackets, what is the matter with its file.
+std::string Why(const platform::RuntimeFailure& failure);
 
 /// Whether the extension is that of cam or link drive data, .sva or .out, in letters of either case.
 bool Is_Drive_File(const std::string& path);

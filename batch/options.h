@@ -33,6 +33,8 @@ struct BatchOptions {
     bool Without_Run() const { return classify || cognates || balance_report || save || convert_units; }
     bool Export_Wanted() const { return export_out || export_trq || export_pdx; }
     bool Run_Wanted() const { return csv || svg || Export_Wanted() || !Without_Run(); }
+    /// Whether something goes to standard output without being told to.
+    bool Prints() const { return classify || cognates || balance_report || (Run_Wanted() && !csv && !Without_Run()); }
     bool Forces_Wanted() const { return dynamics || balance; }
     bool Local() const { return frame == "local"; }
 };

@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTextDocument>
 #include <QTimer>
 #include <algorithm>
 #include <memory>
@@ -56,8 +57,10 @@ void showVisual(QWidget* widget, const Visual& control) {
     if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled) widget->setEnabled(control.Enabled);
     widget->setVisible(control.Visible);
     const QString tip = lines(control.Tip);
-    if (widget->toolTip() != tip) {
-        widget->setToolTip(tip);
+    // A tip may hold a text of the model, which is shown as it stands.
+    const QString shown = Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
+    if (widget->toolTip() != shown) {
+        widget->setToolTip(shown);
         widget->setAccessibleDescription(tip);
     }
 }

@@ -7,9 +7,12 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include "desktop/desktop_entries.h"
 #include "desktop/text.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
+#include "platform/file_trouble.h"
+#include "platform/guard.h"
 
 namespace verlink::desktop {
 
@@ -84,12 +87,10 @@ bool installed(const FileType& type, const QString& entry, const QString& mime) 
 
 void write(const QString& path, const QString& text) {
     if (says(path, text)) return;
-    if (!platform::Make_Folder(fromQt(QFileInfo(path).path()))) platform::Raise(platform::kPathAccess);
-    try {
-        platform::Write_File(fromQt(path), fromQt(text));
-    } catch (const platform::RuntimeFailure&) {
-        platform::Raise(platform::kPathAccess);
-    }
+    if (!platform::Make_Folder(fromQt(QFileInfo(path).path())))
+        platform::Refuse_File(fromQt(path), platform::Way::kWriting, "its folder cannot be made");
+    const auto failure = What_Failed([&] { platform::Write_File(fromQt(path), fromQt(text)); });
+    if (failure) throw platform::RuntimeFailure(platform::kPathAccess, failure->Trouble());
 }
 
 /// Refreshes a cache of the desktop, where its tool is installed; without it the desktop looks for itself.
@@ -113,11 +114,13 @@ void registerFileType(const FileType& type) {
     const bool entry_known = says(home + entry, entryText(type));
     const bool mime_known = says(home + mime, mimeText(type));
     if ((entry_known && mime_known) || installed(type, entry, mime)) return;
+    if (othersMayReplace(type.app_path) || belongsToAnother(type)) return;
+    // The entry comes last: where it is, all is.
+    write(home + icon, iconText());
     write(home + mime, mimeText(type));
     write(home + entry, entryText(type));
-    write(home + icon, iconText());
-    if (!mime_known) refresh(QStringLiteral("update-mime-database"), home + QStringLiteral("/mime"));
-    if (!entry_known) refresh(QStringLiteral("update-desktop-database"), home + QStringLiteral("/applications"));
+    refresh(QStringLiteral("update-mime-database"), home + QStringLiteral("/mime"));
+    refresh(QStringLiteral("update-desktop-database"), home + QStringLiteral("/applications"));
 }
 
 }  // namespace verlink::desktop

@@ -8,9 +8,11 @@
 #undef signals
 #undef foreach
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QFileInfo>
 #include <QMenu>
+#include <QPdfWriter>
 #include <QSvgGenerator>
 #include <algorithm>
 #include <cmath>
@@ -21,6 +23,8 @@
 #include "desktop/theme.h"
 #include "output/graph_scale.h"
 #include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
 
 namespace verlink::desktop {
 
@@ -526,25 +530,54 @@ QPoint GraphWidget::place(double point, double value) const {
 QStringList GraphWidget::labels() const { return plot_->shownLabels(); }
 QStringList GraphWidget::readOut(const QPoint& at) const { return plot_->readOut(at); }
 
-bool GraphWidget::savePicture(const QString& path) {
+QByteArray GraphWidget::pdf() {
+    QBuffer whole;
+    whole.open(QIODevice::WriteOnly);
+    QPdfWriter document(&whole);
+    document.setCreator(QStringLiteral("Verlink"));
+    document.setTitle(lines(graph_.GraphTitle));
+    // So that a point of the picture is one of the paper, and its letters are as large as on the screen.
+    document.setResolution(logicalDpiX());
+    document.setPageLayout(QPageLayout(QPageSize(size(), QPageSize::Point, {}, QPageSize::ExactMatch),
+                                       QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+    QCPPainter painter;
+    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
+    painter.setMode(QCPPainter::pmVectorized);
+    painter.setWindow(rect());
+    plot_->toPainter(&painter, width(), height());
+    painter.end();
+    return whole.data();
+}
+
+QByteArray GraphWidget::svg() {
+    QBuffer whole;
+    whole.open(QIODevice::WriteOnly);
+    QSvgGenerator document;
+    document.setOutputDevice(&whole);
+    document.setSize(size());
+    document.setViewBox(rect());
+    document.setResolution(logicalDpiX());
+    document.setTitle(lines(graph_.GraphTitle));
+    QCPPainter painter;
+    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
+    painter.setMode(QCPPainter::pmVectorized);
+    plot_->toPainter(&painter, width(), height());
+    painter.end();
+    return whole.data();
+}
+
+QByteArray GraphWidget::png() {
+    QBuffer whole;
+    whole.open(QIODevice::WriteOnly);
+    if (!plot_->toPixmap(width(), height(), std::max(2.0, devicePixelRatioF())).save(&whole, "PNG"))
+        platform::Raise(platform::kOutOfMemory);
+    return whole.data();
+}
+
+void GraphWidget::savePicture(const QString& path) {
     const QString kind = QFileInfo(path).suffix().toLower();
-    if (kind == QStringLiteral("pdf"))
-        return plot_->savePdf(path, width(), height(), QCP::epAllowCosmetic, QStringLiteral("Verlink"),
-                              lines(graph_.GraphTitle));
-    if (kind == QStringLiteral("svg")) {
-        QSvgGenerator document;
-        document.setFileName(path);
-        document.setSize(size());
-        document.setViewBox(QRect(QPoint(0, 0), size()));
-        document.setResolution(logicalDpiX());
-        document.setTitle(lines(graph_.GraphTitle));
-        QCPPainter painter;
-        if (!painter.begin(&document)) return false;
-        painter.setMode(QCPPainter::pmVectorized);
-        plot_->toPainter(&painter, width(), height());
-        return painter.end();
-    }
-    return plot_->toPixmap(width(), height(), std::max(2.0, devicePixelRatioF())).save(path, "PNG");
+    const QByteArray picture = kind == QStringLiteral("pdf") ? pdf() : kind == QStringLiteral("svg") ? svg() : png();
+    platform::Write_File(fromQt(path), picture.toStdString());
 }
 
 void GraphWidget::copyPicture() { QApplication::clipboard()->setPixmap(plot_->toPixmap(width(), height(), 2)); }
@@ -556,8 +589,12 @@ void GraphWidget::askAndSave() {
     wish.file_name = "plot.png";
     wish.warn_before_overwriting = true;
     const auto path = askSaveFile(window(), wish, toQt(platform::The_Desktop().Documents_Folder()));
-    if (path && !savePicture(toQt(*path)))
-        platform::Tell("The picture could not be written to " + *path + ".", platform::Icon::kExclamation);
+    if (!path) return;
+    const auto failure = What_Failed([&] { savePicture(toQt(*path)); });
+    if (!failure) return;
+    std::string text = "The picture could not be written to " + *path + ".";
+    if (!failure->Trouble().path.empty()) text += platform::CRLF + failure->Trouble().Sentence();
+    platform::Tell(text, platform::Icon::kExclamation);
 }
 
 void GraphWidget::offerPictures(const QPoint& at) {

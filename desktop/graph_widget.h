@@ -31,8 +31,8 @@ class GraphWidget : public QWidget {
     /// What is read at a place: the point's label, then each curve's legend and value; empty beside the axes.
     QStringList readOut(const QPoint& at) const;
 
-    /// As PNG, SVG or PDF by the end of the name; false when it cannot be written.
-    bool savePicture(const QString& path);
+    /// As PNG, SVG or PDF by the end of the name; a `RuntimeFailure` when it cannot be written.
+    void savePicture(const QString& path);
     void copyPicture();
 
     QSize sizeHint() const override { return {520, 340}; }
@@ -47,6 +47,9 @@ class GraphWidget : public QWidget {
     void follow(bool drawn);
     /// The menu of a right click.
     void offerPictures(const QPoint& at);
+    QByteArray pdf();
+    QByteArray svg();
+    QByteArray png();
     void askAndSave();
 
     const platform::Graph& graph_;

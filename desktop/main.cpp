@@ -7,6 +7,7 @@
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
 #include "platform/guard.h"
+#include "platform/system.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
 #include "shell/startup.h"
@@ -31,6 +32,7 @@ int main(int argc, char** argv) {
             stderr);
         return 1;
     }
+    verlink::platform::Let_Writes_Fail(true);
     const std::string command_line = argc > 1 ? argv[1] : "";
 
     QApplication app(argc, argv);

@@ -1,11 +1,14 @@
 // How a window fits a page.
 #include "desktop/printing.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPageLayout>
+#include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPicture>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -13,6 +16,10 @@
 #include <QWidget>
 #include <algorithm>
 #include <utility>
+
+#include "desktop/text.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
 
 namespace verlink::desktop {
 
@@ -38,12 +45,13 @@ namespace {
 constexpr int kFootPoints = 7;
 
 /// Writes the foot of the present page and gives back what is left of the page above it.
-QSizeF writeFoot(QPainter& painter, const QPrinter& printer, const QString& foot) {
-    const QSizeF page = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+QSizeF writeFoot(QPainter& painter, const QPagedPaintDevice& paper, const QString& foot) {
+    const int resolution = paper.logicalDpiX();
+    const QSizeF page = paper.pageLayout().paintRectPixels(resolution).size();
     painter.resetTransform();  // a printer keeps that of the sheet before
     painter.save();
     QFont font = painter.font();
-    font.setPixelSize(std::max(1, kFootPoints * printer.resolution() / 72));
+    font.setPixelSize(std::max(1, kFootPoints * resolution / 72));
     painter.setFont(font);
     const QFontMetricsF metrics(font);
     painter.drawText(QPointF(0, page.height() - metrics.descent()), foot);
@@ -51,9 +59,7 @@ QSizeF writeFoot(QPainter& painter, const QPrinter& printer, const QString& foot
     return {page.width(), page.height() - 1.5 * metrics.lineSpacing()};
 }
 
-}  // namespace
-
-bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot) {
+bool paintWidget(QPagedPaintDevice& paper, QWidget& widget, const QString& foot) {
     // Straight on a printer a widget would become a picture of pixels; by way of a recording it stays vectors.
     QPicture recording;
     QPainter recorder(&recording);
@@ -61,21 +67,21 @@ bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot) {
     recorder.end();
 
     QPainter painter;
-    if (!painter.begin(&printer)) return false;
-    const QSizeF page = writeFoot(painter, printer, foot);
+    if (!painter.begin(&paper)) return false;
+    const QSizeF page = writeFoot(painter, paper, foot);
     const double scale = std::min(page.width() / widget.width(), page.height() / widget.height());
     painter.translate((page.width() - widget.width() * scale) / 2, 0);
     // A recording is played at its natural size, in inches; the page is to be filled instead.
-    painter.scale(scale * recording.logicalDpiX() / printer.logicalDpiX(),
-                  scale * recording.logicalDpiY() / printer.logicalDpiY());
+    painter.scale(scale * recording.logicalDpiX() / paper.logicalDpiX(),
+                  scale * recording.logicalDpiY() / paper.logicalDpiY());
     painter.drawPicture(0, 0, recording);
     return painter.end();
 }
 
-bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages, const QString& foot) {
+bool paintPages(QPagedPaintDevice& paper, const std::vector<std::vector<std::string>>& pages, const QString& foot) {
     QPainter painter;
-    if (!painter.begin(&printer)) return false;
-    const QSizeF page = writeFoot(painter, printer, foot);
+    if (!painter.begin(&paper)) return false;
+    const QSizeF page = writeFoot(painter, paper, foot);
     std::size_t widest = 80, longest = 66;
     for (const auto& lines : pages) {
         longest = std::max(longest, lines.size());
@@ -92,8 +98,8 @@ bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& 
     bool first = true;
     for (const auto& lines : pages) {
         if (!std::exchange(first, false)) {
-            if (!printer.newPage()) return false;
-            writeFoot(painter, printer, foot);
+            if (!paper.newPage()) return false;
+            writeFoot(painter, paper, foot);
         }
         double baseline = metrics.ascent();
         for (const std::string& line : lines) {
@@ -102,6 +108,33 @@ bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& 
         }
     }
     return painter.end();
+}
+
+/// A PDF is made whole before it takes the place of the file.
+template <class Paint>
+bool print(QPrinter& printer, Paint paint) {
+    if (printer.outputFormat() != QPrinter::PdfFormat) return paint(printer);
+    QBuffer whole;
+    whole.open(QIODevice::WriteOnly);
+    QPdfWriter paper(&whole);
+    paper.setCreator(QStringLiteral("Verlink"));
+    paper.setResolution(printer.resolution());
+    paper.setPageLayout(printer.pageLayout());
+    if (!paint(paper)) return false;
+    const auto failure =
+        What_Failed([&] { platform::Write_File(fromQt(printer.outputFileName()), whole.data().toStdString()); });
+    if (failure) throw platform::RuntimeFailure(platform::kPrinterError, failure->Trouble());
+    return true;
+}
+
+}  // namespace
+
+bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot) {
+    return print(printer, [&](QPagedPaintDevice& paper) { return paintWidget(paper, widget, foot); });
+}
+
+bool printPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages, const QString& foot) {
+    return print(printer, [&](QPagedPaintDevice& paper) { return paintPages(paper, pages, foot); });
 }
 
 }  // namespace verlink::desktop

@@ -17,7 +17,8 @@ std::unique_ptr<QPrinter> makePrinter();
 /// The printer dialog. A PDF would go to <folder>/<name>.pdf unless the user says otherwise; the folder is made.
 bool askPrinter(QWidget* parent, QPrinter& printer, const QString& folder, const QString& name);
 
-// Each page has `foot`, one line in small letters, at its foot. False when the printer refuses.
+// Each page has `foot`, one line in small letters, at its foot. False when the printer refuses; where a PDF cannot be
+// written, failure 482 with the file and what is the matter with it, and an old file is whole.
 
 /// As vectors, as large as the page allows.
 bool printWidget(QPrinter& printer, QWidget& widget, const QString& foot);

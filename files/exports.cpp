@@ -209,7 +209,7 @@ void Menu_pdx(Screen& home) {
 
 void Import_Torque_Data(TextReader& reader, bool& Failed) {
     Failed = false;
-    const long failure = Failure_Of([&] {
+    const auto failure = What_Failed([&] {
         const Integer N = reader.Short();
         if (N == Model.NSteps) {
             StepArray<Single> read;
@@ -221,23 +221,23 @@ void Import_Torque_Data(TextReader& reader, bool& Failed) {
              Icon::kExclamation);
         Failed = true;
     });
-    if (failure == 0) return;
+    if (!failure) return;
     Tell("An error has occurred in the Import_Torque_Data routine");
-    Report_Failure(failure, "Import_Torque_Data");
+    Report_Failure(*failure, "Import_Torque_Data");
     Failed = true;
 }
 
 void Import_Torque(Integer Index) {
-    const long failure = Failure_Of([&] { Take_Torque_File(Index); });
-    if (failure == 0) return;
-    if (failure == kDialogCancelled) {
+    const auto failure = What_Failed([&] { Take_Torque_File(Index); });
+    if (!failure) return;
+    if (failure->Number() == kDialogCancelled) {
         Allow_Typing(Index);
         Allow_Solving();
         Untick_Import();
         return;
     }
     Tell("An error has occurred in the Import_Torque routine", Icon::kInformation);
-    Report_Failure(failure, "Import_Torque");
+    Report_Failure(*failure, "Import_Torque");
 }
 
 }  // namespace verlink

@@ -150,7 +150,10 @@ struct Take {
 
 struct Store {
     const std::string& text;
-    void operator()(std::string* place) const { *place = text; }
+    void operator()(std::string* place) const {
+        if (text.size() > kLongestValue) Raise(kOverflow);
+        *place = text;
+    }
     void operator()(bool* place) const {
         *place = TextReader(text.starts_with('#') ? text : "#" + text + "#").Boolean();
     }
@@ -197,8 +200,21 @@ void Forget_Extended_Block(LinkageModel& record) {
 
 bool Holds_What_Is_No_Model(const std::string& path) {
     if (!Is_Plain_File(path)) return false;
-    const std::string content = Read_File(path);
+    // A model says in its first line that it is one.
+    constexpr std::size_t kEnough = 4096;
+    const std::string content = Read_Beginning(path, kEnough);
     return !content.empty() && !Is_Model(content);
+}
+
+void Write_Model(const std::string& content, Replacing replacing) {
+    const std::string& path = Model.FilePath;
+    std::string told = "File was successfully written to " + std::string(CR) + path;
+    if (replacing == Replacing::kUnasked && Holds_What_Is_No_Model(path))
+        told += std::string(CR) + CR + "The file that was there is no model.  It is kept as " + CR +
+                Write_File_And_Keep(path, content);
+    else
+        Write_File(path, content);
+    Tell(told, Icon::kInformation);
 }
 
 }  // namespace
@@ -250,17 +266,11 @@ std::string File_Content() {
 }
 
 bool Writefile(Replacing replacing) {
-    return Guarded("Writefile", [replacing] {
-        const std::string& path = Model.FilePath;
-        const std::string content = File_Content();
-        std::string told = "File was successfully written to " + std::string(CR) + path;
-        if (replacing == Replacing::kUnasked && Holds_What_Is_No_Model(path))
-            told += std::string(CR) + CR + "The file that was there is no model.  It is kept as " + CR +
-                    Write_File_And_Keep(path, content);
-        else
-            Write_File(path, content);
-        Tell(told, Icon::kInformation);
-    });
+    return Guarded("Writefile", [replacing] { Write_Model(File_Content(), replacing); });
+}
+
+bool Writefile(const std::string& content) {
+    return Guarded("Writefile", [&content] { Write_Model(content, Replacing::kAgreed); });
 }
 
 bool Read_Newfile(TextReader& reader, LinkageModel& record) {

@@ -40,6 +40,8 @@ enum class Replacing { kAgreed, kUnasked };
 /// old file is whole then. A file that is no model is kept under another name, and that is said, when nobody was asked
 /// whether it may go.
 bool Writefile(Replacing replacing = Replacing::kAgreed);
+/// The same for a content that the model had before.
+bool Writefile(const std::string& content);
 
 // A file is read into a record of its own, which takes the place of the model when all of it was read and derived; else
 // the model stays as it was, and its results with it.

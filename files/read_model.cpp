@@ -28,10 +28,15 @@ bool Is_Own(const std::string& tag) { return tag.starts_with(kTag); }
 
 /// False, with a message, for a file that is none of the program's.
 bool Recognise(TextReader& reader, LinkageModel& record) {
-    record.FileTag = reader.String();
-    const bool own = Is_Own(record.FileTag);
-    // A foreign file of a single line is refused for what it is, not for being short.
-    if (own || !reader.AtEnd()) record.FileRev = reader.String();
+    bool own = false;
+    const long failure = Failure_Of([&] {
+        record.FileTag = reader.String();
+        own = Is_Own(record.FileTag);
+        // A foreign file of a single line is refused for what it is, not for being short.
+        if (own || !reader.AtEnd()) record.FileRev = reader.String();
+    });
+    // What is too long for any value of the program's is none of them.
+    if (failure != 0 && (own || failure != kOverflow)) Raise(failure);
     if (!own) Tell("This data file is not compatible with " + Model.ProgramCaps + ". ", Icon::kQuestion);
     return own;
 }

@@ -83,6 +83,7 @@ std::string_view TextReader::Word(std::string_view ends) {
     const std::size_t end = std::min(content_.find_first_of(ends, place_), content_.size());
     std::string_view word = content_.substr(place_, end - place_);
     word = word.substr(0, word.find_last_not_of(kBlanks) + 1);
+    if (word.size() > kLongestValue) platform::Raise(platform::kOverflow);
     place_ = end;
     End_Value();
     return word;
@@ -96,6 +97,7 @@ std::string TextReader::String() {
          quote = content_.find('"', quote + 1)) {
         const std::size_t next = content_.find_first_not_of(kBlanks, quote + 1);
         if (next != std::string_view::npos && !Ends_Value(content_[next])) continue;
+        if (quote - begin > kLongestValue) platform::Raise(platform::kOverflow);
         place_ = quote + 1;
         End_Value();
         return std::string(content_.substr(begin, quote - begin));

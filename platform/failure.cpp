@@ -1,6 +1,8 @@
 // The descriptions of run-time failures.
 #include "platform/failure.h"
 
+#include <cctype>
+
 namespace verlink::platform {
 
 std::string Failure_Description(long number) {
@@ -20,11 +22,23 @@ std::string Failure_Description(long number) {
         case kBadFileName: return "Bad file name";
         case kDiskNotReady: return "Disk not ready";
         case kPathAccess: return "Path/File access error";
+        case kPathNotFound: return "Path not found";
         case kInvalidProperty: return "Invalid property value";
         case kPrinterError: return "Printer error";
         case kDialogCancelled: return "Cancel was selected";
         default: return "Application-defined or object-defined error";
     }
+}
+
+std::string FileTrouble::Words() const {
+    if (path.empty()) return {};
+    return path + "\r" + (writing ? "cannot be written: " : "cannot be read: ") + matter + ".";
+}
+
+std::string FileTrouble::Sentence() const {
+    std::string sentence = matter + ".";
+    sentence[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(sentence[0])));
+    return sentence;
 }
 
 void Raise(long number) { throw RuntimeFailure(number); }

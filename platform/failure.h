@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace verlink::platform {
 
@@ -23,6 +24,7 @@ enum FailureNumber : int {
     kBadFileName = 64,
     kDiskNotReady = 71,
     kPathAccess = 75,
+    kPathNotFound = 76,
     kInvalidProperty = 380,
     kPrinterError = 482,
     kDialogCancelled = 32755,
@@ -32,16 +34,30 @@ enum FailureNumber : int {
 /// object-defined error" for a number that has none.
 std::string Failure_Description(long number);
 
+/// The file that a failure is about, and what is the matter with it; no path for a failure that is about no file.
+struct FileTrouble {
+    std::string path;
+    bool writing = false;
+    std::string matter;
+    /// "/home/ann/press.vlk" and, on a line of its own, "cannot be written: the disk is full."; empty without a path.
+    std::string Words() const;
+    /// "The disk is full."
+    std::string Sentence() const;
+};
+
 /// Raised by whatever cannot go on; caught by `Guarded` and its like in the failure reporter alone.
 class RuntimeFailure : public std::exception {
    public:
-    explicit RuntimeFailure(long number) : number_(number), words_(Failure_Description(number)) {}
+    explicit RuntimeFailure(long number, FileTrouble trouble = {})
+        : number_(number), words_(Failure_Description(number)), trouble_(std::move(trouble)) {}
     long Number() const { return number_; }
+    const FileTrouble& Trouble() const { return trouble_; }
     const char* what() const noexcept override { return words_.c_str(); }
 
    private:
     long number_;
     std::string words_;
+    FileTrouble trouble_;
 };
 
 /// Out of line so that a check costs an inner loop no more than its branch.

@@ -2,71 +2,175 @@
 #include "platform/file_system.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdlib>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "platform/failure.h"
+#include "platform/file_trouble.h"
 #include "platform/guard.h"
+#include "platform/links.h"
+#include "platform/system.h"
 #include "platform/temporaries.h"
 
 namespace verlink::platform {
 
 namespace {
 
-/// The failure number for an error of the system, when reading or when writing.
-long Number_Of(int error, bool writing) {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR: return writing ? kDiskNotReady : kFileNotFound;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG: return kDiskFull;
-        case ENAMETOOLONG:
-        case EINVAL:
-        case ELOOP: return kBadFileName;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-        case ETXTBSY: return kPathAccess;
-        default: return kDeviceError;
-    }
-}
+namespace fs = std::filesystem;
 
 class Descriptor {
    public:
     explicit Descriptor(int number) : number_(number) {}
     ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
+        if (number_ >= 0) The_System().Close(number_);
     }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     int Number() const { return number_; }
-    int Close() {
-        const int result = ::close(number_);
-        number_ = -1;
-        return result;
+    bool Is_Open() const { return number_ >= 0; }
+    /// Where a signal came in between it is closed all the same.
+    bool Close() {
+        const int number = std::exchange(number_, -1);
+        return The_System().Close(number) == 0 || errno == EINTR;
     }
 
    private:
     int number_;
 };
 
-/// The path with a link at its end followed to what it names, whether that is there or not.
-std::string Followed(const std::string& path) {
-    constexpr int kMostLinks = 40;
-    std::error_code none;
-    std::filesystem::path target = path;
-    for (int links = 0; std::filesystem::is_symlink(target, none); ++links) {
-        if (links == kMostLinks) Raise(kBadFileName);
-        target = target.parent_path() / std::filesystem::read_symlink(target, none);
+/// A file beside another that takes its place, or goes again.
+class Beside {
+   public:
+    Beside(const std::string& target, const std::string& path)
+        : name_(Temporary_Beside(target)), file_(The_System().Open_New(name_)) {
+        if (!file_.Is_Open()) Raise_File(path, Way::kWriting, errno);
     }
-    return target.string();
+    ~Beside() {
+        if (!name_.empty()) The_System().Unlink(name_);
+    }
+    Beside(const Beside&) = delete;
+    Beside& operator=(const Beside&) = delete;
+    int Number() const { return file_.Number(); }
+    bool Close() { return file_.Close(); }
+    bool Becomes(const std::string& target) {
+        if (The_System().Rename(name_, target) != 0) return false;
+        name_.clear();
+        return true;
+    }
+
+   private:
+    std::string name_;
+    Descriptor file_;
+};
+
+/// Some file systems have nothing to flush, and say so.
+bool Flushed(int file) {
+    while (The_System().Flush(file) != 0) {
+        if (errno == EINTR) continue;
+        return errno == EINVAL || errno == ENOSYS || errno == ENOTSUP || errno == EROFS;
+    }
+    return true;
+}
+
+/// False with the error in `errno`.
+bool Written(int file, const std::string& content) {
+    std::size_t done = 0;
+    while (done < content.size()) {
+        const ssize_t count = The_System().Write(file, content.data() + done, content.size() - done);
+        if (count > 0) {
+            done += static_cast<std::size_t>(count);
+        } else if (count == 0) {
+            errno = ENOSPC;
+            return false;
+        } else if (errno == EAGAIN) {
+            pollfd room{file, POLLOUT, 0};
+            ::poll(&room, 1, -1);
+        } else if (errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Refuse_What_Is_No_File(const std::string& path, const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) Raise_File(path, Way::kReading, EISDIR);
+    if (S_ISFIFO(status.st_mode)) Refuse_File(path, Way::kReading, "it is a pipe and no file");
+    if (!S_ISREG(status.st_mode)) Refuse_File(path, Way::kReading, "it is a device and no file");
+}
+
+[[noreturn]] void Refuse_What_Is_Too_Large(const std::string& path) {
+    Refuse_File(path, Way::kReading, "it is larger than " + std::to_string(kLargestFile >> 20U) + " MiB");
+}
+
+enum class Part { kBeginning, kWhole };
+
+/// The content, or as much of it as `most`; where all of it is wanted, what is larger is refused.
+std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
+    struct stat status {};
+    // Opening a device may do something to it already.
+    if (The_System().Stat(path, status) != 0) Raise_File(path, Way::kReading, errno);
+    Refuse_What_Is_No_File(path, status);
+    const Descriptor file(The_System().Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY));
+    if (!file.Is_Open() || The_System().File_Stat(file.Number(), status) != 0) Raise_File(path, Way::kReading, errno);
+    Refuse_What_Is_No_File(path, status);
+    const auto size = static_cast<std::size_t>(status.st_size);
+    if (part == Part::kWhole && size > most) Refuse_What_Is_Too_Large(path);
+    std::string content;
+    content.reserve(std::min(size, most) + 1);
+    std::vector<char> block(65536);
+    while (content.size() <= most) {
+        const ssize_t count =
+            The_System().Read(file.Number(), block.data(), std::min(block.size(), most + 1 - content.size()));
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Raise_File(path, Way::kReading, errno);
+        if (count == 0) break;
+        content.append(block.data(), static_cast<std::size_t>(count));
+    }
+    // Some files say nothing of their size.
+    if (part == Part::kWhole && content.size() > most) Refuse_What_Is_Too_Large(path);
+    content.resize(std::min(content.size(), most));
+    return content;
+}
+
+void Write_Open_One(int file, const std::string& path, const std::string& content) {
+    if (!Written(file, content)) Raise_File(path, Way::kWriting, errno);
+}
+
+/// A pipe that nobody reads from would hold whoever opens it: a reader has a second to come.
+void Write_Device(const std::string& target, const std::string& path, bool pipe, const std::string& content) {
+    using std::chrono::steady_clock;
+    const auto patience = steady_clock::now() + std::chrono::seconds(1);
+    int number = The_System().Open(target, O_WRONLY | O_NONBLOCK | O_NOCTTY);
+    while (number < 0 && errno == ENXIO && pipe && steady_clock::now() < patience) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        number = The_System().Open(target, O_WRONLY | O_NONBLOCK | O_NOCTTY);
+    }
+    Descriptor device(number);
+    if (!device.Is_Open() && errno == ENXIO && pipe)
+        Refuse_File(path, Way::kWriting, "it is a pipe that nobody reads from");
+    if (!device.Is_Open() || !Written(device.Number(), content) || !device.Close())
+        Raise_File(path, Way::kWriting, errno);
+}
+
+/// Whatever else the system keeps with the old file, as far as it lets the new one have it.
+void Take_Attributes(const std::string& old, int file) {
+    std::vector<char> names(65536), value(65536);
+    const ssize_t length = The_System().List_Attributes(old, names.data(), names.size());
+    for (ssize_t at = 0; at < length;) {
+        const std::string name(names.data() + at);
+        const ssize_t size = The_System().Get_Attribute(old, name.c_str(), value.data(), value.size());
+        if (size >= 0) The_System().Set_Attribute(file, name.c_str(), value.data(), static_cast<std::size_t>(size));
+        at += static_cast<ssize_t>(name.size()) + 1;
+    }
 }
 
 /// What a file that somebody makes anew may be used for. The mask belongs to the process: one thread at a time.
@@ -76,88 +180,88 @@ mode_t New_Mode() {
     return 0666 & ~mask;
 }
 
+/// Owner, attributes and mode of the old file, each if the system allows it: a file of another's that may be written is
+/// saved all the same.
+mode_t Taken_After(const std::string& target, const struct stat& old, int file) {
+    const bool same_owner = The_System().Change_Owner(file, old.st_uid, old.st_gid) == 0;
+    Take_Attributes(target, file);
+    return old.st_mode & (same_owner ? 07777 : 0777);
+}
+
 }  // namespace
 
-std::string Read_File(const std::string& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.Number() < 0) Raise(Number_Of(errno, false));
-    std::string content;
-    char block[65536];
-    for (;;) {
-        const ssize_t count = ::read(file.Number(), block, sizeof block);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) Raise(Number_Of(errno, false));
-        if (count == 0) return content;
-        content.append(block, static_cast<std::size_t>(count));
-    }
+std::string Read_File(const std::string& path) { return Read_Up_To(path, kLargestFile, Part::kWhole); }
+
+std::string Read_Beginning(const std::string& path, std::size_t most) {
+    return Read_Up_To(path, most, Part::kBeginning);
 }
 
 void Write_File(const std::string& path, const std::string& content, std::optional<unsigned> own_mode) {
+    if (const auto open = Descriptor_Named(path)) return Write_Open_One(*open, path, content);
     const std::string target = Followed(path);
+    const auto fail = [&] { Raise_File(path, Way::kWriting, errno); };
     struct stat old {};
-    const bool replaces = ::stat(target.c_str(), &old) == 0;
-    if (replaces && S_ISDIR(old.st_mode)) Raise(kPathAccess);
-    if (replaces && !S_ISREG(old.st_mode)) {
-        // A device or a pipe cannot be replaced; it is written to.
-        Descriptor device(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
-        if (device.Number() < 0) Raise(Number_Of(errno, true));
-        std::size_t done = 0;
-        while (done < content.size()) {
-            const ssize_t count = ::write(device.Number(), content.data() + done, content.size() - done);
-            if (count < 0 && errno != EINTR) Raise(Number_Of(errno, true));
-            if (count > 0) done += static_cast<std::size_t>(count);
-        }
-        return;
-    }
-    if (replaces && ::access(target.c_str(), W_OK) != 0) Raise(Number_Of(errno, true));
+    const bool replaces = The_System().Stat(target, old) == 0;
+    if (!replaces && errno != ENOENT) fail();
+    if (replaces && S_ISDIR(old.st_mode)) Raise_File(path, Way::kWriting, EISDIR);
+    if (replaces && !S_ISREG(old.st_mode)) return Write_Device(target, path, S_ISFIFO(old.st_mode), content);
+    if (replaces && The_System().Access(target, W_OK) != 0) fail();
 
-    Sweep_Temporaries(std::filesystem::path(target).parent_path().string());
-    std::string beside = Temporary_Beside(target);
-    Descriptor file(::mkostemp(beside.data(), O_CLOEXEC));
-    if (file.Number() < 0) Raise(Number_Of(errno, true));
-    const auto fail = [&](int error) {
-        ::unlink(beside.c_str());
-        Raise(Number_Of(error, true));
-    };
-    std::size_t done = 0;
-    while (done < content.size()) {
-        const ssize_t count = ::write(file.Number(), content.data() + done, content.size() - done);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) fail(count < 0 ? errno : ENOSPC);
-        done += static_cast<std::size_t>(count);
-    }
-    const mode_t mode = own_mode ? *own_mode : replaces ? (old.st_mode & 07777) : New_Mode();
-    // The owner stays too where the system allows it; a file of another's that may be written is saved all the same.
-    [[maybe_unused]] const bool same_owner = replaces && ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
-    if (::fchmod(file.Number(), mode) != 0 || ::fsync(file.Number()) != 0 || file.Close() != 0) fail(errno);
-    if (::rename(beside.c_str(), target.c_str()) != 0) fail(errno);
+    Sweep_Temporaries(fs::path(target).parent_path().string());
+    Beside file(target, path);
+    if (!Written(file.Number(), content)) fail();
+    The_System().Change_Mode(file.Number(), own_mode   ? *own_mode
+                                            : replaces ? Taken_After(target, old, file.Number())
+                                                       : New_Mode());
+    if (!Flushed(file.Number()) || !file.Close()) fail();
+    // Opened before, so that afterwards as little as possible can fail. Who may not read a folder cannot flush it.
+    const Descriptor folder(The_System().Open(Folder_Of(target), O_RDONLY | O_DIRECTORY));
+    if (!folder.Is_Open() && errno != EACCES) fail();
+    if (!file.Becomes(target)) fail();
+    if (folder.Is_Open() && !Flushed(folder.Number())) fail();
 }
+
+namespace {
+
+/// A second name where the system has such, else a copy.
+void Keep(const std::string& path, const std::string& kept) {
+    if (The_System().Link(path, kept) == 0) return;
+    const int error = errno;
+    for (const int none : {EPERM, EXDEV, EMLINK, ENOSYS, ENOTSUP})
+        if (error == none) return Write_File(kept, Read_File(path));
+    Raise_File(kept, Way::kWriting, error);
+}
+
+}  // namespace
 
 std::string Write_File_And_Keep(const std::string& path, const std::string& content) {
     std::string kept = path + "~";
-    while (File_Exists(kept)) kept += "~";
-    Write_File(kept, Read_File(path));
-    std::error_code none;
-    std::filesystem::permissions(kept, std::filesystem::status(path, none).permissions(), none);
-    const long failure = Failure_Of([&] { Write_File(path, content); });
-    if (failure == 0) return kept;
-    std::filesystem::remove(kept, none);
-    Raise(failure);
+    struct stat before {
+    }, after{};
+    while (The_System().Link_Stat(kept, after) == 0) kept += "~";
+    if (errno != ENOENT) Raise_File(kept, Way::kWriting, errno);
+    if (The_System().Stat(path, before) != 0) Raise_File(path, Way::kWriting, errno);
+    Keep(path, kept);
+    const auto failure = What_Failed([&] { Write_File(path, content); });
+    if (!failure) return kept;
+    const bool still_there = The_System().Stat(path, after) == 0 && after.st_ino == before.st_ino;
+    if (still_there) The_System().Unlink(kept);
+    throw RuntimeFailure(*failure);
 }
 
 bool Is_Plain_File(const std::string& path) {
     std::error_code none;
-    return std::filesystem::is_regular_file(path, none);
+    return fs::is_regular_file(path, none);
 }
 
 bool File_Exists(const std::string& path) {
     std::error_code none;
-    return std::filesystem::exists(path, none);
+    return fs::exists(path, none);
 }
 
 bool Make_Folder(const std::string& path) {
     std::error_code failed;
-    std::filesystem::create_directories(path, failed);
+    fs::create_directories(path, failed);
     return !failed;
 }
 

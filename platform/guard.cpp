@@ -12,6 +12,7 @@ namespace {
 struct Report {
     long number;
     std::string procedure;
+    platform::FileTrouble trouble;
     int count;
 };
 
@@ -19,25 +20,29 @@ Reporter in_force = nullptr;
 int gathering = 0;
 std::vector<Report> gathered;
 int repeats = 1;
+platform::FileTrouble trouble_told;
 
 void Tell(const Report& report) {
     if (!in_force) throw std::logic_error("no failure reporter is installed");
     repeats = report.count;
+    trouble_told = report.trouble;
     in_force(report.number, report.procedure);
     repeats = 1;
+    trouble_told = {};
 }
 
 }  // namespace
 
 void Install_Reporter(Reporter reporter) { in_force = reporter; }
 
-void Report_Failure(long ErrorNumber, const std::string& ProcName) {
-    if (gathering == 0) return Tell({ErrorNumber, ProcName, 1});
+void Report_Failure(long ErrorNumber, const std::string& ProcName, const platform::FileTrouble& trouble) {
+    if (gathering == 0) return Tell({ErrorNumber, ProcName, trouble, 1});
     const auto same = std::find_if(gathered.begin(), gathered.end(), [&](const Report& report) {
-        return report.number == ErrorNumber && report.procedure == ProcName;
+        return report.number == ErrorNumber && report.procedure == ProcName &&
+               report.trouble.Words() == trouble.Words();
     });
     if (same == gathered.end())
-        gathered.push_back({ErrorNumber, ProcName, 1});
+        gathered.push_back({ErrorNumber, ProcName, trouble, 1});
     else
         ++same->count;
 }
@@ -50,5 +55,7 @@ Told_As_One::~Told_As_One() {
 }
 
 int Repeats() { return repeats; }
+
+const platform::FileTrouble& Trouble() { return trouble_told; }
 
 }  // namespace verlink

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,7 +19,10 @@ void Install_Reporter(Reporter reporter);
 
 /// Hands a failure to the reporter, at once or, while a run is told as one, with the others of its kind. Without a
 /// reporter a logic_error.
-void Report_Failure(long ErrorNumber, const std::string& ProcName);
+void Report_Failure(long ErrorNumber, const std::string& ProcName, const platform::FileTrouble& trouble = {});
+inline void Report_Failure(const platform::RuntimeFailure& failure, const std::string& ProcName) {
+    Report_Failure(failure.Number(), ProcName, failure.Trouble());
+}
 
 /// While one exists, failures of one number and procedure are told together when the outermost one ends: the report
 /// goes to the reporter once, and `Repeats` tells how many there were.
@@ -33,6 +37,9 @@ class Told_As_One {
 /// How many failures the report that is being told stands for; 1 but for those of a run.
 int Repeats();
 
+/// The file that the report that is being told is about.
+const platform::FileTrouble& Trouble();
+
 /// Runs `body`; a failure inside goes to the reporter under the procedure's name, and the caller goes on.
 /// Nothing is rolled back. Gives back whether the body ran to its end.
 template <class Body>
@@ -41,7 +48,7 @@ bool Guarded(std::string_view ProcName, Body&& body) {
         std::forward<Body>(body)();
         return true;
     } catch (const platform::RuntimeFailure& failure) {
-        Report_Failure(failure.Number(), std::string(ProcName));
+        Report_Failure(failure, std::string(ProcName));
     } catch (const std::bad_alloc&) {
         Report_Failure(platform::kOutOfMemory, std::string(ProcName));
     }
@@ -55,25 +62,31 @@ bool Guarded_Unless_Cancelled(std::string_view ProcName, Body&& body) {
         std::forward<Body>(body)();
         return true;
     } catch (const platform::RuntimeFailure& failure) {
-        if (failure.Number() != platform::kDialogCancelled) Report_Failure(failure.Number(), std::string(ProcName));
+        if (failure.Number() != platform::kDialogCancelled) Report_Failure(failure, std::string(ProcName));
     } catch (const std::bad_alloc&) {
         Report_Failure(platform::kOutOfMemory, std::string(ProcName));
     }
     return false;
 }
 
-/// Runs `body` and gives back the number of its failure, or 0: for the few places that answer a failure in their own
-/// way.
+/// Runs `body` and gives back its failure, if there was one: for the few places that answer a failure in their own way.
 template <class Body>
-long Failure_Of(Body&& body) {
+std::optional<platform::RuntimeFailure> What_Failed(Body&& body) {
     try {
         std::forward<Body>(body)();
-        return 0;
+        return {};
     } catch (const platform::RuntimeFailure& failure) {
-        return failure.Number();
+        return failure;
     } catch (const std::bad_alloc&) {
-        return platform::kOutOfMemory;
+        return platform::RuntimeFailure(platform::kOutOfMemory);
     }
+}
+
+/// The number of it alone, or 0.
+template <class Body>
+long Failure_Of(Body&& body) {
+    const auto failure = What_Failed(std::forward<Body>(body));
+    return failure ? failure->Number() : 0;
 }
 
 }  // namespace verlink

@@ -54,6 +54,9 @@ void Report_Error(long ErrorNumber, const std::string& ProcName) {
                        ")  has occurred in " + ProcName + CRLF + CRLF + advice.text;
     if (Repeats() > 1 && !advice.text.empty()) text += CRLF;
     if (Repeats() > 1) text += "It has occurred " + std::to_string(Repeats()) + " times in this run.";
+    const bool more = Repeats() > 1 || !advice.text.empty();
+    if (const std::string words = Trouble().Words(); !words.empty())
+        text += (more ? CRLF + std::string(CRLF) : "") + words;
     platform::Tell(text, advice.icon);
     // Before the home screen comes up, which may be for long.
     platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);

@@ -23,27 +23,31 @@ constexpr int kTextValue = 1;
 constexpr long kClassesRoot = -2147483647L - 1;
 
 /// What the user is told of a value that the desktop did not take.
-void Report_SetKeyValue(const std::string& sKeyName, const std::string& sValueName, const std::string& vValueSetting) {
-    platform::Tell(std::string("In Sub SetKeyValue") + CRLF + "sKeyName = " + sKeyName + CRLF +
+void Report_SetKeyValue(const std::string& sKeyName, const std::string& sValueName, const std::string& vValueSetting,
+                        const platform::FileTrouble& trouble) {
+    std::string text = std::string("In Sub SetKeyValue") + CRLF + "sKeyName = " + sKeyName + CRLF +
                        "sValueName = " + sValueName + CRLF + "vValueSetting = " + vValueSetting + CRLF +
-                       "lValueType = " + std::to_string(kTextValue) + CRLF + "hKey = " + std::to_string(kClassesRoot),
-                   platform::Icon::kInformation);
+                       "lValueType = " + std::to_string(kTextValue) + CRLF + "hKey = " + std::to_string(kClassesRoot);
+    if (const std::string words = trouble.Words(); !words.empty()) text += CRLF + std::string(CRLF) + words;
+    platform::Tell(text, platform::Icon::kInformation);
 }
 
 /// A file that was clicked on and cannot be read is failure 52, whose advice is for such files.
 std::string Clicked_Content(const std::string& path) {
     std::string content;
-    if (Failure_Of([&] { content = platform::Read_File(path); }) != 0) platform::Raise(platform::kBadFileNameOrNumber);
+    const auto failure = What_Failed([&] { content = platform::Read_File(path); });
+    if (failure) throw platform::RuntimeFailure(platform::kBadFileNameOrNumber, failure->Trouble());
     return content;
 }
 
 }  // namespace
 
 void CreateAssociation(const std::string& Type, const std::string& Extension) {
-    const long failure = Failure_Of([&] { The_Desktop().Register_File_Type({Type, Extension, Model.AppPath}); });
+    const auto failure = What_Failed([&] { The_Desktop().Register_File_Type({Type, Extension, Model.AppPath}); });
     // The association stays as it was then, and this message is the only sign.
-    if (failure != 0)
-        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", Model.AppPath + "\\" + Type + ".exe %1");
+    if (failure)
+        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", Model.AppPath + "\\" + Type + ".exe %1",
+                           failure->Trouble());
 }
 
 std::string GetLongPathFromShortPath(const std::string& path) {

@@ -222,7 +222,7 @@ TEST_F(Exchange, FilesThatCannotBeReadAreNamed) {
     for (const char* option : {"--drive", "--torque"}) {
         const std::string path = Path(option[2] == 'd' ? "none.sva" : "none.trq");
         Expect_Refused({"--dynamics", option, path},
-                       "verlink-batch: " + path + " cannot be imported: File not found\n");
+                       "verlink-batch: " + path + " cannot be imported: File not found (there is no such file)\n");
     }
     const std::string broken = Write("broken.out", LinkFile({"1,2,3", "4,x,6"}));
     Expect_Refused({"--drive", broken},
@@ -256,7 +256,8 @@ TEST_F(Exchange, AnExportThatCannotBeWrittenSpoilsTheStatus) {
     for (const char* option : {"--export-out", "--export-trq", "--export-pdx"}) {
         const Outcome outcome = Run(model, {"--dynamics", option, Path("gone/a.out")});
         EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.err, "verlink-batch: " + Path("gone/a.out") + " cannot be written: Disk not ready\n");
+        EXPECT_EQ(outcome.err, "verlink-batch: " + Path("gone/a.out") +
+                                   " cannot be written: Path not found (there is no folder " + Path("gone") + ")\n");
     }
 }
 

@@ -46,7 +46,8 @@ TEST_F(Executable, EndsWithOneAndWordsOnStandardErrorWhenTheModelCannotBeRead) {
     const Outcome outcome = Spawn({Path("nowhere.vlk")});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "verlink-batch: " + Path("nowhere.vlk") + " cannot be read: File not found\n");
+    EXPECT_EQ(outcome.err,
+              "verlink-batch: " + Path("nowhere.vlk") + " cannot be read: File not found (there is no such file)\n");
 }
 
 TEST_F(Executable, EndsWithOneWhenItClosesNowhere) {

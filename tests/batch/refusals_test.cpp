@@ -25,11 +25,12 @@ struct Refusals : BatchFixture {
 
 TEST_F(Refusals, OfAFileThatIsNotThere) {
     const std::string path = Path("nowhere.vlk");
-    Expect_Refused(Run({path}), "verlink-batch: " + path + " cannot be read: File not found\n");
+    Expect_Refused(Run({path}), "verlink-batch: " + path + " cannot be read: File not found (there is no such file)\n");
 }
 
 TEST_F(Refusals, OfAFolder) {
-    Expect_Refused(Run({Path("")}), "verlink-batch: " + Path("") + " cannot be read: Path/File access error\n");
+    Expect_Refused(Run({Path("")}),
+                   "verlink-batch: " + Path("") + " cannot be read: Path/File access error (it is a folder)\n");
 }
 
 TEST_F(Refusals, OfAForeignFile) {
@@ -191,16 +192,18 @@ TEST_F(Refusals, NegativeLengthsAreMadePositiveAndRun) {
 
 TEST_F(Refusals, OfFilesThatCannotBeWritten) {
     const std::string nowhere = Path("no/folder/out");
-    const std::string words = "verlink-batch: " + nowhere + " cannot be written: Disk not ready\n";
+    const std::string words =
+        "verlink-batch: " + nowhere + " cannot be written: Path not found (there is no folder " + Path("no") + ")\n";
     for (const char* option : {"--csv", "--svg"}) {
         const Outcome outcome = Run(ModelText(), {option, nowhere});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.err, words);
     }
-    Expect_Refused(Run(ModelText(), {"--csv", "/dev/full"}), "verlink-batch: /dev/full cannot be written: Disk full\n");
-    Expect_Refused(Run(ModelText(), {"--save", nowhere}),
-                   "Error 71   (Disk not ready)  has occurred in Writefile\n\n"
-                   "Disk not ready - is the drive empty or its door open?\n");
+    Expect_Refused(Run(ModelText(), {"--csv", "/dev/full"}),
+                   "verlink-batch: /dev/full cannot be written: Disk full (the disk is full)\n");
+    Expect_Refused(Run(ModelText(), {"--save", nowhere}), "Error 76   (Path not found)  has occurred in Writefile\n\n" +
+                                                              nowhere + "\ncannot be written: there is no folder " +
+                                                              Path("no") + ".\n");
 }
 
 }  // namespace verlink::test

@@ -77,11 +77,12 @@ TEST_F(Save, WritesTheModelAsItWasBeforeTheRun) {
     EXPECT_EQ(CsvTable(Read(Path("out.csv"))).Rows(), 37);
 }
 
-TEST_F(Save, MayReplaceTheModelThatItRead) {
+TEST_F(Save, DoesNotReplaceTheModelThatItRead) {
     const std::string path = Write(ModelText());
     const Outcome outcome = Run({path, "--set", "L2=1.25", "--save", path});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(Read(path), ModelText().Set(kL2, "1.25").Content());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(outcome.err.starts_with("verlink-batch: --save and the model are one file, " + path + "\nusage: "));
+    EXPECT_EQ(Read(path), ModelText().Content());
 }
 
 TEST_F(Save, ConvertsFromInchesToMillimetresWithTheNewDecimals) {

@@ -14,7 +14,9 @@
 #include "desktop/file_dialogs.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
+#include "platform/guard.h"
 #include "tests/desktop/user.h"
+#include "tests/support/failing_system.h"
 
 namespace verlink::test {
 
@@ -129,6 +131,7 @@ class PrintingTest : public DesktopTest {
                 if (qt.Ask_Printer()) qt.Print_Screen(screen);
             } catch (const RuntimeFailure& failure) {
                 failure_number = failure.Number();
+                failure_words = failure.Trouble().Words();
             }
             screen.Hide();
         });
@@ -144,6 +147,7 @@ class PrintingTest : public DesktopTest {
 
     frm_Sample screen;
     long failure_number = 0;
+    std::string failure_words;
 };
 
 TEST_F(PrintingTest, Without_a_printer_a_PDF_lies_in_the_user_s_folder) {
@@ -198,6 +202,33 @@ TEST_F(PrintingTest, A_printer_that_refuses_is_failure_482) {
     Then("printer", [](QWidget& window) { static_cast<QDialog&>(window).done(QDialog::Accepted); });
     screen.ShowModal();
     EXPECT_EQ(failure_number, 482);
+    EXPECT_EQ(failure_words, Pdf() + "\rcannot be written: it is a folder.");
+}
+
+TEST_F(PrintingTest, An_old_print_is_whole_until_the_new_one_is) {
+    ASSERT_TRUE(Make_Folder(qt.Documents_Folder() + "/VERLINK"));
+    Write_File(Pdf(), "an old print");
+    const auto print = [this](int which) {
+        Then("printer", [](QWidget& window) { static_cast<QDialog&>(window).done(QDialog::Accepted); });
+        ASSERT_TRUE(qt.Ask_Printer());
+        FailingSystem system(which, ENOSPC);
+        const auto failure = What_Failed([&] { qt.Print_Pages({{"a line"}}); });
+        EXPECT_EQ(failure ? failure->Trouble().Words() : "",
+                  which > 0 ? Pdf() + "\rcannot be written: the disk is full." : "");
+    };
+    int write = 0;
+    Write_File(Path("probe"), "x");
+    {
+        FailingSystem system;
+        Write_File(Path("probe"), "x");
+        while (system.Calls.at(static_cast<std::size_t>(write)) != "Write") ++write;
+    }
+    qt.Show_Window(screen);
+    print(write + 1);
+    EXPECT_EQ(Read_File(Pdf()), "an old print");
+    print(0);
+    EXPECT_EQ(Read_File(Pdf()).substr(0, 4), "%PDF");
+    qt.Hide_Window(screen);
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "desktop/printing.h"
 #include "output/graph_scale.h"
 #include "platform/file_system.h"
+#include "platform/guard.h"
 #include "tests/desktop/graph_fixture.h"
 
 namespace verlink::test {
@@ -159,14 +160,16 @@ TEST_F(GraphPicturesTest, A_picture_that_cannot_be_written_is_told) {
         Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(Path("lost/plot.png")));
         dialog.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
     });
-    ThenMessage("The picture could not be written to " + Path("lost/plot.png") + ".", QStringLiteral("OK"));
+    ThenMessage(
+        "The picture could not be written to " + Path("lost/plot.png") + ".\nThere is no folder " + Path("lost") + ".",
+        QStringLiteral("OK"));
     Take(0);
 }
 
 TEST_F(GraphPicturesTest, The_end_of_the_name_tells_the_kind_and_a_lost_folder_is_no_picture) {
     const auto head = [&](const char* name, int bytes) {
         const QString path = QString::fromStdString(Path(name));
-        EXPECT_TRUE(widget->savePicture(path)) << name;
+        widget->savePicture(path);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.read(bytes);
@@ -175,7 +178,7 @@ TEST_F(GraphPicturesTest, The_end_of_the_name_tells_the_kind_and_a_lost_folder_i
     EXPECT_EQ(head("plot.png", 4), "\x89PNG");
     EXPECT_EQ(head("plot.SVG", 5), "<?xml");
     for (const char* name : {"nowhere/plot.png", "nowhere/plot.svg", "nowhere/plot.pdf"})
-        EXPECT_FALSE(widget->savePicture(QString::fromStdString(Path(name)))) << name;
+        EXPECT_EQ(Failure_Of([&] { widget->savePicture(QString::fromStdString(Path(name))); }), 76) << name;
 }
 
 TEST_F(GraphPicturesTest, Copy_picture_puts_both_curves_on_the_clipboard) {

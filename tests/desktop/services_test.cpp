@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <regex>
 
+#include "desktop/desktop_entries.h"
 #include "desktop/document_widget.h"
 #include "desktop/file_type.h"
 #include "desktop/pace.h"
@@ -92,6 +93,76 @@ TEST_F(FileTypeTest, An_installed_program_that_the_system_knows_writes_nothing) 
     qt.Register_File_Type(type);
     EXPECT_TRUE(File_Exists(Entry())) << "the system knows another program of that name";
     qunsetenv("XDG_DATA_DIRS");
+}
+
+TEST_F(FileTypeTest, An_entry_that_points_to_another_program_that_is_there_is_left_alone) {
+    ASSERT_TRUE(Make_Folder(Path("data/applications")));
+    ASSERT_TRUE(Make_Folder(Path("other place")));
+    Write_File(Path("other place/verlink"), "#!/bin/sh\n");
+    const std::string entry = "[Desktop Entry]\nType=Application\nName=Mine\nExec=\"" + Path("other place/verlink") +
+                              "\" --own %f\nMimeType=application/x-verlink;\n";
+    Write_File(Entry(), entry);
+    // What cannot be started is not there.
+    qt.Register_File_Type(type);
+    EXPECT_NE(Read_File(Entry()), entry);
+    std::filesystem::remove_all(Path("data/mime"));
+    std::filesystem::permissions(Path("other place/verlink"), std::filesystem::perms::owner_all);
+    Write_File(Entry(), entry);
+    qt.Register_File_Type(type);
+    EXPECT_EQ(Read_File(Entry()), entry);
+    EXPECT_FALSE(File_Exists(Mime()));
+    // The same program by another name is no other.
+    std::filesystem::create_directory_symlink(Path("other place"), Path("link"));
+    type.app_path = Path("link");
+    qt.Register_File_Type(type);
+    EXPECT_NE(Read_File(Entry()).find("Exec=\"" + Path("link") + "/verlink\" %f\n"), std::string::npos);
+}
+
+TEST_F(FileTypeTest, An_extension_that_another_program_opens_is_left_alone) {
+    ASSERT_TRUE(Make_Folder(Path("data/applications")));
+    ASSERT_TRUE(Make_Folder(Path("data/mime")));
+    Write_File(Path("data/mime/globs2"), "50:model/x-other:*.vlk\n");
+    Write_File(Path("data/applications/other.desktop"),
+               "[Desktop Entry]\nExec=sh -c true\nMimeType=model/x-other;\n[Desktop Action]\nExec=nothing\n");
+    qt.Register_File_Type(type);
+    EXPECT_FALSE(File_Exists(Entry()));
+    EXPECT_FALSE(File_Exists(Mime()));
+    // One whose program is gone has no say.
+    Write_File(Path("data/applications/other.desktop"), "[Desktop Entry]\nExec=/gone/other\nMimeType=model/x-other;\n");
+    qt.Register_File_Type(type);
+    EXPECT_TRUE(File_Exists(Entry()));
+}
+
+TEST_F(FileTypeTest, A_program_in_a_folder_that_others_may_write_does_not_register_itself) {
+    namespace fs = std::filesystem;
+    ASSERT_TRUE(Make_Folder(Path("shared/bin")));
+    type.app_path = Path("shared/bin");
+    for (const char* open : {"shared/bin", "shared"}) {
+        fs::permissions(Path(open), fs::perms::all);
+        qt.Register_File_Type(type);
+        EXPECT_FALSE(File_Exists(Entry())) << open;
+        fs::permissions(Path(open), fs::perms::owner_all);
+    }
+    // Below a sticky folder, as /tmp is, nobody takes the place of what is another's.
+    fs::permissions(Path("shared"), fs::perms::all | fs::perms::sticky_bit);
+    qt.Register_File_Type(type);
+    EXPECT_TRUE(File_Exists(Entry()));
+}
+
+TEST_F(FileTypeTest, The_program_of_an_entry_is_read_as_the_desktop_reads_it) {
+    const auto program = [](const char* line) {
+        return desktop::programOf(QStringLiteral("[Desktop Entry]\nName=x\nExec=") + QString::fromLatin1(line) +
+                                  QStringLiteral("\n[Other]\nExec=wrong\n"))
+            .toStdString();
+    };
+    EXPECT_EQ(program("verlink %f"), "verlink");
+    EXPECT_EQ(program("/opt/verlink/verlink"), "/opt/verlink/verlink");
+    EXPECT_EQ(program(R"("/opt/with blank/verlink" %f)"), "/opt/with blank/verlink");
+    EXPECT_EQ(program(R"("/opt/\\$HOME and \\"more\\" 100%%/verlink" %f)"), R"(/opt/$HOME and "more" 100%/verlink)");
+    EXPECT_EQ(desktop::programOf(QStringLiteral("[Desktop Entry]\nName=x\n")), QString());
+    type.app_path = R"(/opt/$a "b" \c 5%)";
+    qt.Register_File_Type(type);
+    EXPECT_EQ(desktop::programOf(QString::fromStdString(Read_File(Entry()))).toStdString(), type.app_path + "/verlink");
 }
 
 TEST_F(FileTypeTest, A_data_home_that_cannot_be_written_is_failure_75) {

@@ -44,9 +44,9 @@ class Exports : public ModelFiles {
         }
         return line;
     }
-    void Expect_Disk_Failure(const std::string& procedure) {
-        desktop.Expect_Message("Error 71   (Disk not ready)  has occurred in " + procedure +
-                                   "\r\n\r\nDisk not ready - is the drive empty or its door open?",
+    void Expect_Lost_Folder(const std::string& procedure, const std::string& path) {
+        desktop.Expect_Message("Error 76   (Path not found)  has occurred in " + procedure + "\r\n\r\n" + path +
+                                   "\rcannot be written: there is no folder " + In("gone") + ".",
                                Answer::kOk, Icon::kInformation);
     }
     static std::string Link4_Words(const std::string& path) {
@@ -291,14 +291,14 @@ TEST_F(Exports, AFailedExportIsReportedUnderItsWriterAndTheNextSaveAsks) {
     Run();
     Model_Saved();
     desktop.Expect_Save(In("gone/a.out"));
-    Expect_Disk_Failure("Export_Link4_to_File");
+    Expect_Lost_Folder("Export_Link4_to_File", In("gone/a.out"));
     Menu_Link_Data_Export(home);
     EXPECT_FALSE(Model.SavedFlag);
     desktop.Expect_Save(In("gone/a.trq"));
-    Expect_Disk_Failure("Export_Torque_Data");
+    Expect_Lost_Folder("Export_Torque_Data", In("gone/a.trq"));
     Menu_Export_Torque(home);
     desktop.Expect_Save(In("gone/a.pdx"));
-    Expect_Disk_Failure("Write_Pend");
+    Expect_Lost_Folder("Write_Pend", In("gone/a.pdx"));
     Menu_pdx(home);
     EXPECT_FALSE(Model.SavedFlag);
     EXPECT_EQ(Model.ModelName, "Press");

@@ -93,9 +93,13 @@ class Faults : public ModelFiles {
         for (const auto& entry : fs::directory_iterator(Path("files"))) names.insert(entry.path().filename());
         return names;
     }
-    void Expect_Report(const std::string& failure, const std::string& procedure, const std::string& advice = "") {
-        desktop.Expect_Message("Error " + failure + "  has occurred in " + procedure + "\r\n\r\n" + advice,
+    void Expect_Report(const std::string& failure, const std::string& procedure, const std::string& words = "") {
+        desktop.Expect_Message("Error " + failure + "  has occurred in " + procedure + "\r\n\r\n" + words,
                                platform::Answer::kOk, platform::Icon::kInformation);
+    }
+    /// The advice of a failure, if it has any, and behind it the file and what is the matter with it.
+    static std::string Words(const std::string& advice, const std::string& path, const std::string& matter) {
+        return advice + (advice.empty() ? "" : "\r\n\r\n") + path + "\rcannot be " + matter + ".";
     }
 
     Screen& home = Screens::Get("frm_HomeScreen");
@@ -155,7 +159,8 @@ class WritingFaults : public Faults, public testing::WithParamInterface<Writer> 
 TEST_P(WritingFaults, ADiskThatFillsHalfWayLeavesTheOldFileWhole) {
     Put_File(In("a.file"), "old");
     desktop.Expect_Save(In("a.file"));
-    Expect_Report(kFull, GetParam().procedure, kFullAdvice);
+    Expect_Report(kFull, GetParam().procedure,
+                  Words(kFullAdvice, In("a.file"), "written: it would be larger than a file may be"));
     {
         const Little_Room room(GetParam().content().size() / 2);
         Write();
@@ -167,7 +172,7 @@ TEST_P(WritingFaults, AFullDeviceIsAFullDisk) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
     Put_File(In("a.file"), "old");
     desktop.Expect_Save("/dev/full");
-    Expect_Report(kFull, GetParam().procedure, kFullAdvice);
+    Expect_Report(kFull, GetParam().procedure, Words(kFullAdvice, "/dev/full", "written: the disk is full"));
     Write();
     Expect_Whole_And_Going_On("old");
 }
@@ -176,7 +181,7 @@ TEST_P(WritingFaults, AFolderOfThatNameStays) {
     Put_File(In("a.file"), "old");
     fs::create_directories(Path("folder/inner"));
     desktop.Expect_Save(Path("folder"));
-    Expect_Report(kNoAccess, GetParam().procedure);
+    Expect_Report(kNoAccess, GetParam().procedure, Words("", Path("folder"), "written: it is a folder"));
     Write();
     EXPECT_TRUE(fs::is_directory(Path("folder/inner")));
     Expect_Whole_And_Going_On("old");
@@ -185,7 +190,8 @@ TEST_P(WritingFaults, AFolderOfThatNameStays) {
 TEST_P(WritingFaults, AFolderThatMayNotBeWrittenInKeepsItsFile) {
     Put_File(In("a.file"), "old");
     desktop.Expect_Save(In("a.file"));
-    Expect_Report(kNoAccess, GetParam().procedure);
+    Expect_Report(kNoAccess, GetParam().procedure,
+                  Words("", In("a.file"), "written: you may not write it, or not in its folder"));
     {
         const Refused refused(Path("files"), 0555);
         if (!refused.Holds()) GTEST_SKIP() << "root cannot become anybody else here";
@@ -197,7 +203,8 @@ TEST_P(WritingFaults, AFolderThatMayNotBeWrittenInKeepsItsFile) {
 TEST_P(WritingFaults, ANameThatTheSystemDoesNotTakeIsReported) {
     Put_File(In("a.file"), "old");
     desktop.Expect_Save(In(std::string(300, 'n')));
-    Expect_Report("64   (Bad file name)", GetParam().procedure, kNotFoundAdvice);
+    Expect_Report("64   (Bad file name)", GetParam().procedure,
+                  Words(kNotFoundAdvice, In(std::string(300, 'n')), "written: its name is too long"));
     Write();
     Expect_Whole_And_Going_On("old");
 }
@@ -283,9 +290,9 @@ class ReadingFaults : public Faults, public testing::WithParamInterface<Reader_O
     ~ReadingFaults() override { platform::Use_Desktop(&desktop); }
 
     void Read() { GetParam().act(home); }
-    void Expect_Not_Opened(ScriptedDesktop& on, const std::string& failure, const std::string& advice = "") {
+    void Expect_Not_Opened(ScriptedDesktop& on, const std::string& failure, const std::string& words) {
         if (*GetParam().told_at_opening) on.Expect_Message(GetParam().told_at_opening);
-        on.Expect_Message("Error " + failure + "  has occurred in " + GetParam().opening + "\r\n\r\n" + advice,
+        on.Expect_Message("Error " + failure + "  has occurred in " + GetParam().opening + "\r\n\r\n" + words,
                           platform::Answer::kOk, platform::Icon::kInformation);
     }
     /// After a file that could not be opened: the model is the one it was, and a good file is read.
@@ -310,7 +317,7 @@ TEST_P(ReadingFaults, AFileThatVanishesBetweenTheDialogAndTheOpeningIsNotFound) 
     {
         Vanishing vanishing(In("a.file"));
         vanishing.Expect_Open(In("a.file"));
-        Expect_Not_Opened(vanishing, kNotFound, kNotFoundAdvice);
+        Expect_Not_Opened(vanishing, kNotFound, Words(kNotFoundAdvice, In("a.file"), "read: there is no such file"));
         Read();
         EXPECT_EQ(vanishing.PointerNow, Pointer::kDefault);
     }
@@ -325,7 +332,8 @@ TEST_P(ReadingFaults, AFolderThatVanishesWithItsFileIsNotFoundEither) {
     {
         Vanishing vanishing(In("stick"));
         vanishing.Expect_Open(In("stick/a.file"));
-        Expect_Not_Opened(vanishing, kNotFound, kNotFoundAdvice);
+        Expect_Not_Opened(vanishing, kNotFound,
+                          Words(kNotFoundAdvice, In("stick/a.file"), "read: there is no folder " + In("stick")));
         Read();
     }
     platform::Use_Desktop(&desktop);
@@ -335,7 +343,7 @@ TEST_P(ReadingFaults, AFolderThatVanishesWithItsFileIsNotFoundEither) {
 TEST_P(ReadingFaults, AFolderIsNoFile) {
     const std::string before = File_Content();
     desktop.Expect_Open(Path("files"));
-    Expect_Not_Opened(desktop, kNoAccess);
+    Expect_Not_Opened(desktop, kNoAccess, Words("", Path("files"), "read: it is a folder"));
     Read();
     Expect_As_It_Was_And_Going_On(before);
 }
@@ -344,7 +352,7 @@ TEST_P(ReadingFaults, AFileThatMayNotBeReadIsReported) {
     const std::string before = File_Content();
     Put_File(In("a.file"), GetParam().content());
     desktop.Expect_Open(In("a.file"));
-    Expect_Not_Opened(desktop, kNoAccess);
+    Expect_Not_Opened(desktop, kNoAccess, Words("", In("a.file"), "read: you may not read it"));
     {
         const Refused refused(In("a.file"), 0);
         if (!refused.Holds()) GTEST_SKIP() << "root cannot become anybody else here";
@@ -359,7 +367,7 @@ TEST_P(ReadingFaults, ADeviceThatFailsIsReported) {
     if (::access(kFailing, R_OK) != 0) GTEST_SKIP() << "no file here that fails when it is read";
     const std::string before = File_Content();
     desktop.Expect_Open(kFailing);
-    Expect_Not_Opened(desktop, kDevice, kDeviceAdvice);
+    Expect_Not_Opened(desktop, kDevice, Words(kDeviceAdvice, kFailing, "read: the system says \"Input/output error\""));
     Read();
     Expect_As_It_Was_And_Going_On(before);
 }

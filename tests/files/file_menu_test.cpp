@@ -131,10 +131,9 @@ TEST_F(FileMenu, ACancelledSaveAsLeavesEverything) {
 TEST_F(FileMenu, AFailedSaveAsIsReportedTheModelIsNotSavedAndKeepsItsName) {
     Model.ModelName = "Press";
     desktop.Expect_Save(In("gone/a.vlk"));
-    desktop.Expect_Message(
-        "Error 71   (Disk not ready)  has occurred in Writefile\r\n\r\n"
-        "Disk not ready - is the drive empty or its door open?",
-        Answer::kOk, Icon::kInformation);
+    desktop.Expect_Message("Error 76   (Path not found)  has occurred in Writefile\r\n\r\n" + In("gone/a.vlk") +
+                               "\rcannot be written: there is no folder " + In("gone") + ".",
+                           Answer::kOk, Icon::kInformation);
     Pick_Menu(home, "mnu_Saveas");
     EXPECT_FALSE(Model.SavedFlag);
     EXPECT_FALSE(Panel_Shows_Saved());
@@ -155,7 +154,8 @@ TEST_F(FileMenu, AFailedSaveLeavesTheOldFileWholeAndTheModelUnsaved) {
     ::setrlimit(RLIMIT_FSIZE, &little);
     desktop.Expect_Message(
         "Error 61   (Disk full)  has occurred in Writefile\r\n\r\n"
-        " The floppy disk in the drive is full - please substitute another",
+        " The floppy disk in the drive is full - please substitute another\r\n\r\n" +
+            In("a.vlk") + "\rcannot be written: it would be larger than a file may be.",
         Answer::kOk, Icon::kInformation);
     Pick_Menu(home, "mnu_Save");
     ::setrlimit(RLIMIT_FSIZE, &before);
@@ -251,7 +251,8 @@ TEST_F(FileMenu, OpenOfAFileThatIsNotThereSaysSoAndKeepsTheSavedOne) {
     desktop.Expect_Open(In("none.vlk"));
     desktop.Expect_Message(
         "Error 53   (File not found)  has occurred in frm_Homescreen.Open\r\n\r\n"
-        "There are no files with your chosen name in the selected directory",
+        "There are no files with your chosen name in the selected directory\r\n\r\n" +
+            In("none.vlk") + "\rcannot be read: there is no such file.",
         Answer::kOk, Icon::kInformation);
     Menu_Open(home);
     EXPECT_EQ(before.Changed(), "");

@@ -1,6 +1,7 @@
 // Files that are no model, or a broken one: a report, never a crash, and a program that goes on.
 #include <random>
 
+#include "platform/guard.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -210,15 +211,28 @@ TEST_F(Hostile, MegabytesOnOneLine) {
     EXPECT_FALSE(Load_Model(much));
     Expect_Refused("\"" + much, Report(62, "Input past end of file", "Readfile"));
     Expect_Refused(With_Line(valid, 8, digits), Overflow());
-    Expect_Refused(With_Line(valid, 8, much), Mismatch());
-    EXPECT_TRUE(Load_Model(With_Line(valid, 8, "0." + digits)));
-    EXPECT_TRUE(Load_Model(With_Line(valid, 4, "\"" + much + "\"")));
-    EXPECT_EQ(Model.UserName.size(), much.size());
+    Expect_Refused(With_Line(valid, 8, much), Overflow());
+    Expect_Refused(With_Line(valid, 8, "0." + digits), Overflow());
+    Expect_Refused(With_Line(valid, 4, "\"" + much + "\""), Overflow());
+    Expect_Refused("\"VERLINK\"\r\n" + much, Report(6, "Overflow", "Readfile"));
     Expect_Refused(std::string(4 * 1024 * 1024, '"'), kForeign);
     Expect_Refused(std::string(4 * 1024 * 1024, ','), kForeign);
     Expect_Refused(std::string(4 * 1024 * 1024, '\0'), kForeign);
     Expect_Refused(std::string(4 * 1024 * 1024, ' '), Report(62, "Input past end of file", "Readfile"));
     Expect_Usable();
+}
+
+TEST_F(Hostile, AValueIsAsLongAsABoxCanMakeItAndNoLonger) {
+    const std::string most(kLongestValue, 'x');
+    EXPECT_TRUE(Load_Model(With_Line(valid, 4, "\"" + most + "\"")));
+    EXPECT_EQ(Model.UserName.size(), most.size());
+    EXPECT_TRUE(Load_Model(With_Line(valid, 8, "0." + std::string(kLongestValue - 2, '7'))));
+    EXPECT_NEAR(Model.L2, 7.0 / 9, 1e-6);
+    Expect_Refused(With_Line(valid, 4, "\"" + most + "x\""), Overflow());
+    Expect_Refused(With_Line(valid, 4, most + "x"), Overflow());
+    // What could not be read back is not taken from elsewhere either.
+    EXPECT_TRUE(Set_File_Field("UserName", most));
+    EXPECT_EQ(Failure_Of([&] { Set_File_Field("UserName", most + "x"); }), platform::kOverflow);
 }
 
 TEST_F(Hostile, TheSameInUtf16) {

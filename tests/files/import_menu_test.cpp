@@ -196,10 +196,15 @@ TEST_F(ImportMenu, AFileThatIsNotThereIsReportedAndTheModelKeepsItsOwn) {
     Model.FilePath = In("a.vlk");
     Model.Model5Name = "old.sva";
     desktop.Expect_Open(In("none.sva"));
-    desktop.Expect_Message("Error 53   (File not found)  has occurred in frm_Homescreen.mnu_Lobetra" + advice);
+    const auto matter = [](const std::string& path) {
+        return "\r\n\r\n" + path + "\rcannot be read: there is no such file.";
+    };
+    desktop.Expect_Message("Error 53   (File not found)  has occurred in frm_Homescreen.mnu_Lobetra" + advice +
+                           matter(In("none.sva")));
     Menu_Lobetra(home);
     desktop.Expect_Open(In("none.out"));
-    desktop.Expect_Message("Error 53   (File not found)  has occurred in frm_Homescreen.mnu_Link_Data_Import" + advice);
+    desktop.Expect_Message("Error 53   (File not found)  has occurred in frm_Homescreen.mnu_Link_Data_Import" + advice +
+                           matter(In("none.out")));
     Menu_Link_Data_Import(home);
     EXPECT_EQ(Model.FilePath, In("a.vlk"));
     EXPECT_EQ(Model.Model5Name, "old.sva");

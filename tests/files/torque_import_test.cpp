@@ -163,7 +163,8 @@ TEST_F(TorqueImport, AFileThatIsNotThereIsToldAndReportedAndLeavesEverything) {
                            Buttons::kOk);
     desktop.Expect_Message(
         "Error 53   (File not found)  has occurred in Import_Torque\r\n\r\n"
-        "There are no files with your chosen name in the selected directory",
+        "There are no files with your chosen name in the selected directory\r\n\r\n" +
+            In("none.trq") + "\rcannot be read: there is no such file.",
         Answer::kOk, Icon::kInformation);
     Tick_For_Nothing();
 }

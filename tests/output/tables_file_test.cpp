@@ -145,8 +145,10 @@ TEST_F(TablesFile, ClosingWithoutAnOpenFileDoesNothing) { Close_Data_File(); }
 TEST_F(TablesFile, AFileThatCannotGrowIsReportedAndTheOldOneIsWhole) {
     Fill_Run(100);
     platform::Write_File(Path("press.dat"), "old");
-    desktop.Expect_Message(
-        Failed("61   (Disk full)", "the handler", " The floppy disk in the drive is full - please substitute another"));
+    desktop.Expect_Message(Failed("61   (Disk full)", "the handler",
+                                  " The floppy disk in the drive is full - please substitute another\r\n\r\n" +
+                                      Path("press.dat") +
+                                      "\rcannot be written: it would be larger than a file may be."));
     {
         const SmallDisk disk;
         Guarded("the handler", [&] { Written(); });

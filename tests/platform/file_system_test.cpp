@@ -108,11 +108,11 @@ TEST_F(FileSystem, AFileWithoutPermissionCannotBeRead) {
     EXPECT_EQ(Failure_Of([&] { Read_File(In("a.vlk")); }), kPathAccess);
 }
 
-TEST_F(FileSystem, ALostFolderIsADiskThatIsNotReady) {
-    EXPECT_EQ(Failure_Of([&] { Write_File(In("gone/a.vlk"), "x"); }), kDiskNotReady);
+TEST_F(FileSystem, ALostFolderIsAPathThatIsNotFound) {
+    EXPECT_EQ(Failure_Of([&] { Write_File(In("gone/a.vlk"), "x"); }), kPathNotFound);
     Put_File(In("file"), "held");
-    EXPECT_EQ(Failure_Of([&] { Write_File(In("file/a.vlk"), "x"); }), kDiskNotReady);
-    EXPECT_EQ(Failure_Of([&] { Write_File("", "x"); }), kDiskNotReady);
+    EXPECT_EQ(Failure_Of([&] { Write_File(In("file/a.vlk"), "x"); }), kPathNotFound);
+    EXPECT_EQ(Failure_Of([&] { Write_File("", "x"); }), kPathNotFound);
     EXPECT_EQ(Names_In(Folder()), std::set<std::string>{"file"});
 }
 

@@ -85,6 +85,30 @@ TEST_F(FailureReport, FilesAndDisksHaveTheirAdvice) {
           Icon::kInformation);
 }
 
+TEST_F(FailureReport, OfAFileEndsWithTheFileAndWhatIsTheMatterWithIt) {
+    desktop.Expect_Message(
+        "Error 75   (Path/File access error)  has occurred in Here\r\n\r\n"
+        "/home/ann/press.vlk\rcannot be read: it is a folder.");
+    Guarded("Here", [] { throw platform::RuntimeFailure(75, {"/home/ann/press.vlk", false, "it is a folder"}); });
+    // Twice the same is told once, and another file by itself.
+    desktop.Expect_Message(
+        "Error 61   (Disk full)  has occurred in Here\r\n\r\n"
+        " The floppy disk in the drive is full - please substitute another\r\n"
+        "It has occurred 2 times in this run.\r\n\r\na\rcannot be written: the disk is full.");
+    desktop.Expect_Message(
+        "Error 61   (Disk full)  has occurred in Here\r\n\r\n"
+        " The floppy disk in the drive is full - please substitute another\r\n\r\nb\rcannot be written: the disk is "
+        "full.");
+    {
+        const Told_As_One together;
+        for (const char* path : {"a", "b", "a"})
+            Guarded("Here", [&] { throw platform::RuntimeFailure(61, {path, true, "the disk is full"}); });
+    }
+    // The next failure is about no file.
+    desktop.Expect_Message("Error 75   (Path/File access error)  has occurred in Here\r\n\r\n");
+    Guarded("Here", [] { platform::Raise(75); });
+}
+
 TEST_F(FailureReport, BringsTheMousePointerBack) {
     desktop.PointerNow = platform::Pointer::kHourglass;
     Reads(11, "Error 11   (Division by zero)  has occurred in Somewhere\r\n\r\n", Icon::kInformation);

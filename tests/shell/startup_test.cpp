@@ -122,8 +122,8 @@ TEST_F(StartupTest, AMarkerThatCannotBeWrittenIsReportedAndDoesNotStopTheProgram
     platform::Write_File(Path("file"), "");
     desktop.Documents = Path("file");
     desktop.Expect_Message(
-        "Error 71   (Disk not ready)  has occurred in Write_Checkfile  when writing Checkfile\r\n\r\n"
-        "Disk not ready - is the drive empty or its door open?",
+        "Error 76   (Path not found)  has occurred in Write_Checkfile  when writing Checkfile\r\n\r\n" +
+            Path("file/VERLINK/Run_Check.txt") + "\rcannot be written: " + Path("file") + " is no folder.",
         Answer::kOk, Icon::kInformation);
     Check_for_Crash();
     EXPECT_FALSE(desktop.Ending());
@@ -140,7 +140,8 @@ TEST_F(StartupTest, TheContextOfAFailureIsHandedBack) {
 TEST_F(StartupTest, AMarkerThatCannotBeOpenedIsReported) {
     platform::Make_Folder(Marker());
     desktop.Expect_Message(
-        "Error 75   (Path/File access error)  has occurred in Check_for_Crash  when opening Checkfile\r\n\r\n",
+        "Error 75   (Path/File access error)  has occurred in Check_for_Crash  when opening Checkfile\r\n\r\n" +
+            Marker() + "\rcannot be read: it is a folder.",
         Answer::kOk, Icon::kInformation);
     Check_for_Crash();
     EXPECT_TRUE(std::filesystem::is_directory(Marker()));
@@ -158,9 +159,9 @@ TEST_F(StartupTest, AnEmptyMarkerIsReportedAndCorrectedByTheNextNormalEnd) {
 
 TEST_F(StartupTest, ATerminateThatCannotWriteTheMarkerEndsTheProcessAllTheSame) {
     Model.RunMarker = Path("gone/Run_Check.txt");
-    desktop.Expect_Message(
-        "Error 71   (Disk not ready)  has occurred in Terminate\r\n\r\n"
-        "Disk not ready - is the drive empty or its door open?");
+    desktop.Expect_Message("Error 76   (Path not found)  has occurred in Terminate\r\n\r\n" +
+                           Path("gone/Run_Check.txt") + "\rcannot be written: there is no folder " + Path("gone") +
+                           ".");
     Terminate();
     EXPECT_TRUE(desktop.Ending());
 }

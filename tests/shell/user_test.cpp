@@ -59,6 +59,23 @@ TEST_F(UserTest, AnAssociationThatTheDesktopRefusesIsReportedWithItsValuesAndSta
     EXPECT_TRUE(desktop.FileTypes.empty());
 }
 
+TEST_F(UserTest, AnAssociationThatCannotBeWrittenIsReportedWithItsFileAndReason) {
+    class Refusing : public ScriptedDesktop {
+       public:
+        void Register_File_Type(const platform::FileType&) override {
+            throw platform::RuntimeFailure(platform::kPathAccess,
+                                           {"/home/ann/verlink.desktop", true, "the disk is full"});
+        }
+    } refusing;
+    Model.AppPath = "/opt/verlink";
+    refusing.Expect_Message(
+        "In Sub SetKeyValue\r\nsKeyName = Verlink.Document\\shell\\open\\command\r\nsValueName = \r\n"
+        "vValueSetting = /opt/verlink\\Verlink.exe %1\r\nlValueType = 1\r\nhKey = -2147483648\r\n\r\n"
+        "/home/ann/verlink.desktop\rcannot be written: the disk is full.");
+    CreateAssociation("Verlink", "vlk");
+    platform::Use_Desktop(&desktop);
+}
+
 TEST_F(UserTest, TheLongPathIsAbsoluteWithoutDetours) {
     platform::Write_File(Path("a model.vlk"), "");
     const std::string folder = std::filesystem::canonical(desktop.Documents).string();
@@ -97,7 +114,8 @@ TEST_F(UserTest, APathForWhichTheLongFormFailsIsUsedAsGivenAndItsFailureIsNumber
     Model.CommandLine = "no such folder/model.vlk";
     desktop.Expect_Message(
         "Error 52   (Bad file name or number)  has occurred in Readfile in Open_Clicked_File\r\n\r\n"
-        "The filename clicked on has a problem.  Try opening it from within the program.",
+        "The filename clicked on has a problem.  Try opening it from within the program.\r\n\r\n"
+        "no such folder/model.vlk\rcannot be read: there is no folder no such folder.",
         Answer::kOk, Icon::kInformation);
     Open_Clicked_File();
     EXPECT_EQ(Model.FilePath, "");

@@ -2,6 +2,7 @@
 #include "tools/manual/typesetter.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,7 +12,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
@@ -25,6 +25,8 @@
 #include <vector>
 
 #include "desktop/document_places.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
 
 namespace verlink::manual {
 
@@ -295,15 +297,17 @@ void paintFoot(QPainter& painter, const QString& title, int page, int pages) {
     painter.drawText(foot, Qt::AlignRight, QStringLiteral("%1 / %2").arg(page + 1).arg(pages));
 }
 
-bool paint(QTextDocument& document, const QString& title, const QString& file) {
-    QPdfWriter writer(file);
+QByteArray pdfOf(QTextDocument& document, const QString& title) {
+    QBuffer whole;
+    whole.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&whole);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(QMarginsF());
     writer.setResolution(kResolution);
     writer.setTitle(title);
     writer.setCreator(QStringLiteral("Verlink"));
     QPainter painter;
-    if (!painter.begin(&writer)) return false;
+    painter.begin(&writer);
     painter.setRenderHint(QPainter::LosslessImageRendering);
     painter.scale(static_cast<qreal>(kResolution) / kPixelsPerInch, static_cast<qreal>(kResolution) / kPixelsPerInch);
     const int pages = document.pageCount();
@@ -320,7 +324,15 @@ bool paint(QTextDocument& document, const QString& title, const QString& file) {
         painter.restore();
         paintFoot(painter, title, page, pages);
     }
-    return painter.end();
+    painter.end();
+    return whole.data();
+}
+
+/// What is amiss, or nothing.
+QString write(const QString& file, const QByteArray& content) {
+    const auto failure = What_Failed([&] { platform::Write_File(file.toStdString(), content.toStdString()); });
+    if (!failure) return {};
+    return QStringLiteral("cannot write ") + file + u' ' + QString::fromStdString(failure->Trouble().Sentence());
 }
 
 /// The line "[contents]" becomes a list of the headings of the second and third level that follow it.
@@ -368,10 +380,9 @@ QStringList setDocument(const Folders& folders, const QString& page) {
     const QString title = places.headings.empty() ? page : places.headings.front().title;
     const QString file = folders.documents + QLatin1Char('/') + page + QStringLiteral(".pdf");
     QDir().mkpath(QFileInfo(file).path());
-    if (!paint(document, title, file)) document.amiss << QStringLiteral("cannot write ") + file;
-    QSaveFile beside(DocumentPlaces::fileOf(file));
-    if (!beside.open(QIODevice::WriteOnly) || beside.write(places.text().toUtf8()) < 0 || !beside.commit())
-        document.amiss << QStringLiteral("cannot write ") + beside.fileName();
+    document.amiss << write(file, pdfOf(document, title));
+    document.amiss << write(DocumentPlaces::fileOf(file), places.text().toUtf8());
+    document.amiss.removeAll(QString());
     document.amiss.removeDuplicates();
     return document.amiss;
 }
