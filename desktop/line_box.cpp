@@ -1,0 +1,32 @@
+// How a refused line is framed and told.
+#include "desktop/line_box.h"
+
+#include <QPainter>
+#include <QToolTip>
+
+#include "desktop/theme.h"
+
+namespace verlink::desktop {
+
+void LineBox::setRefusal(const QString& words) {
+    if (words == words_) return;
+    words_ = words;
+    update();
+    if (!isVisible()) return;
+    if (refused())
+        QToolTip::showText(mapToGlobal(rect().bottomLeft()), words_, this);
+    else
+        QToolTip::hideText();
+}
+
+void LineBox::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!refused()) return;
+    constexpr qreal kWide = 2;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(refusalColor(window()->palette()), kWide));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(kWide / 2, kWide / 2, -kWide / 2, -kWide / 2), 2, 2);
+}
+
+}  // namespace verlink::desktop
