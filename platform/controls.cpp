@@ -217,11 +217,27 @@ MenuEntry::MenuEntry(MenuEntry& parent, std::string name, std::string caption, i
     parent.children_.push_back(this);
 }
 
+namespace {
+
+/// A menu leaves the focus where it is. What is being typed is read all the same, though it does not count as left.
+void Read_In_Hand(TextBox& box) {
+    const auto forget_told = [&box] {
+        TextBox::Hand hand = box.State();
+        hand.told.clear();
+        box.Put_Back(hand);
+    };
+    if (!box.State().typing) return;
+    forget_told();
+    box.Leave();
+    if (box.Refused()) forget_told();
+}
+
+}  // namespace
+
 void MenuEntry::Click() {
     for (const MenuEntry* entry = this; entry; entry = entry->parent_)
         if (!entry->Enabled || !entry->Visible) return;
-    // A menu leaves the focus where it is; what is being typed is read all the same.
-    if (auto* box = dynamic_cast<TextBox*>(Owner().Focus())) box->Leave();
+    if (auto* box = dynamic_cast<TextBox*>(Owner().Focus())) Read_In_Hand(*box);
     if (OnClick) OnClick();
 }
 

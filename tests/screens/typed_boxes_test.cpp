@@ -131,6 +131,21 @@ TEST_F(TypedLinks, AMenuEntryReadsWhatIsBeingTyped) {
     });
 }
 
+TEST_F(TypedLinks, AMenuEntryIsNoLeaving) {
+    Show([&] {
+        Type(input, "txt_Linkout", 1, "1,500");
+        for (int time = 1; time <= 2; ++time) {
+            Pick_Menu(input, "mnu_Plus");
+            EXPECT_TRUE(Crank().Refused());
+            EXPECT_EQ(Crank().Shown(), "1,500");
+            EXPECT_EQ(Model.L2, Single(1.115));
+        }
+        Leave_To(2);
+        EXPECT_TRUE(Crank().Refused()) << "left for the first time";
+        EXPECT_EQ(Model.L2, Single(1.115));
+    });
+}
+
 TEST_F(TypedLinks, AnglesSpeedsAndTimesAreOfTheirOwnUnits) {
     Show([&] {
         Enter_Link(5, "1 rad");
@@ -199,6 +214,18 @@ TEST_F(BalanceScreen, WeightsAreTakenInTheirUnitsOrStayAsTheyWere) {
         Enter_In("txt_Radius", 2, "2 kg");
         EXPECT_TRUE(form.txt_Radius[2].Refused());
         EXPECT_EQ(Model.BerkRadius(2), 2.0);
+    });
+}
+
+TEST_F(BalanceScreen, AWeightThatIsNoNumberIsZeroWhenItIsLeftAgainAndThatIsRefusedAsEver) {
+    Inside(form, [&] {
+        const Single before = Model.BerkMass(2);
+        Enter_In("txt_BerkMass", 2, "abc");
+        EXPECT_TRUE(form.txt_BerkMass[2].Refused());
+        desktop.Expect_Message_With("This value must be positive.");
+        Enter_In("txt_BerkMass", 2, "abc");
+        EXPECT_EQ(In("txt_BerkMass", 2), "0.01");
+        EXPECT_EQ(Model.BerkMass(2), before);
     });
 }
 
