@@ -19,7 +19,7 @@ struct TypedLinks : InputScreen {
 TEST_F(TypedLinks, ADecimalCommaASumAndAUnitAreReadAndTheBoxShowsTheNumber) {
     Show([&] {
         const std::pair<const char*, const char*> texts[] = {
-            {"1,25", "1.25"}, {"5/4", "1.25"}, {"2*1.115", "2.23"}, {"1 in", "1"}, {"30 mm", "1.181102"}};
+            {"1,25", "1.25"}, {"5/4", "1.25"}, {"2*1.115", "2.23"}, {"1 in", "1"}, {"38.1 mm", "1.5"}};
         for (const auto& [typed, shown] : texts) {
             Type(input, "txt_Linkout", 1, typed);
             Leave_To(2);
@@ -149,7 +149,8 @@ TEST_F(TypedLinks, AMenuEntryIsNoLeaving) {
 TEST_F(TypedLinks, AnglesSpeedsAndTimesAreOfTheirOwnUnits) {
     Show([&] {
         Enter_Link(5, "1 rad");
-        EXPECT_EQ(input.txt_Linkout[5].Text, "57.29578");
+        EXPECT_EQ(Model.Delta, Single(57.29578));
+        EXPECT_EQ(input.txt_Linkout[5].Text, "57.3") << "rounded like every angle";
         Enter_Limit(2, "7,5");
         EXPECT_EQ(Model.ThetaStep, 7.5);
         Enter_Limit(3, "60/2 rad/s");
