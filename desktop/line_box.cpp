@@ -2,6 +2,7 @@
 #include "desktop/line_box.h"
 
 #include <QPainter>
+#include <QTimer>
 #include <QToolTip>
 
 #include "desktop/theme.h"
@@ -12,11 +13,11 @@ void LineBox::setRefusal(const QString& words) {
     if (words == words_) return;
     words_ = words;
     update();
-    if (!isVisible()) return;
-    if (refused())
-        QToolTip::showText(mapToGlobal(rect().bottomLeft()), words_, this);
-    else
-        QToolTip::hideText();
+    if (!refused()) return;
+    // Behind the coming of the focus elsewhere, which takes tips away.
+    QTimer::singleShot(0, this, [this] {
+        if (refused() && isVisible()) QToolTip::showText(mapToGlobal(rect().bottomLeft()), words_, this);
+    });
 }
 
 void LineBox::paintEvent(QPaintEvent* event) {

@@ -84,7 +84,7 @@ TEST_F(TypedTest, A_text_with_two_meanings_is_framed_in_red_and_told_and_the_val
     EXPECT_TRUE(Edit().toolTip().startsWith(QStringLiteral("Only the beginning, 1, could be read")));
     EXPECT_TRUE(Edit().toolTip().endsWith(QStringLiteral("\nA length")));
     EXPECT_EQ(Edit().accessibleDescription(), Edit().toolTip()) << "who does not see the frame is told";
-    EXPECT_TRUE(QToolTip::isVisible()) << "told at once";
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::isVisible(); })) << "told at once";
     EXPECT_EQ(screen.txt_Box[0].Text, "2.5");
     Click(form, "cmd_Go");
     EXPECT_EQ(screen.taken, "go;") << "a button works with what is in force";
