@@ -9,6 +9,11 @@
 
 namespace verlink::desktop {
 
+namespace {
+/// Clear of the box, its unit, and the boxes below.
+constexpr QPoint kBeside(32, -24);
+}  // namespace
+
 void LineBox::setRefusal(const QString& words) {
     if (words == words_) return;
     words_ = words;
@@ -16,7 +21,7 @@ void LineBox::setRefusal(const QString& words) {
     if (!refused()) return;
     // Behind the coming of the focus elsewhere, which takes tips away.
     QTimer::singleShot(0, this, [this] {
-        if (refused() && isVisible()) QToolTip::showText(mapToGlobal(rect().bottomLeft()), words_, this);
+        if (refused() && isVisible()) QToolTip::showText(mapToGlobal(rect().topRight()) + kBeside, words_, this);
     });
 }
 

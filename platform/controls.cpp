@@ -51,8 +51,8 @@ void TextBox::Leave() {
 void TextBox::Refuse(const std::string& typed, const Reading& reading) {
     hand_.refused = hand_.told = typed;
     hand_.note = reading.why;
-    if (!hand_.before.empty()) hand_.note += " " + hand_.before + " stays until the box is left again.";
-    if (reading.text != typed) hand_.note += " Leaving it as it is then takes " + reading.text + ".";
+    if (!hand_.before.empty()) hand_.note += "\n" + hand_.before + " stays until the box is left again.";
+    if (reading.text != typed) hand_.note += "\nLeaving it as it is then takes " + reading.text + ".";
     hand_.typing = false;
     hand_.touched = hand_.touched_before;
     Text.Property::operator=(hand_.before);

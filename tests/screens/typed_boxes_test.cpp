@@ -57,8 +57,8 @@ TEST_F(TypedLinks, ATextThatIsNoNumberAsAWholeIsRefusedOnceAndTheLinkStaysAsItWa
         EXPECT_EQ(Crank().Shown(), "1,500") << "to be mended";
         EXPECT_EQ(Crank().Text, "1.115");
         EXPECT_EQ(Crank().Note(),
-                  "Only the beginning, 1, could be read: the comma may part thousands or be a decimal point. 1.115 "
-                  "stays until the box is left again. Leaving it as it is then takes 1.");
+                  "Only the beginning, 1, could be read: the comma may part thousands or be a decimal point.\n1.115 "
+                  "stays until the box is left again.\nLeaving it as it is then takes 1.");
         EXPECT_FALSE(Crank().Touched());
         EXPECT_EQ(Model.L2, before);
         Calculate_Now();
