@@ -94,6 +94,8 @@ double Val(std::string_view text) {
     return Converted(std::move(dense));
 }
 
+std::string_view Leading_Number(std::string_view text) { return text.substr(0, Numeric_Length(text)); }
+
 std::string Ungrouped(std::string_view text) {
     const auto digits_from = [text](std::size_t at) {
         std::size_t count = 0;

@@ -22,6 +22,9 @@ inline std::string Text_Of(Long value) { return Text_Of(static_cast<int>(value))
 /// double is failure 6.
 double Val(std::string_view text);
 
+/// The leading part of a text that is a number as it stands; empty for none.
+std::string_view Leading_Number(std::string_view text);
+
 /// The text without the commas between groups of three digits, as `FNRoundStr` writes them: what a box has shown is
 /// read as the same number.
 std::string Ungrouped(std::string_view text);

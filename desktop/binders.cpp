@@ -23,6 +23,7 @@
 #include "desktop/frame_box.h"
 #include "desktop/graph_widget.h"
 #include "desktop/grid_widget.h"
+#include "desktop/line_box.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
@@ -51,12 +52,19 @@ void paintBack(QWidget* widget, QPalette::ColorRole role, Color wished) {
     widget->setPalette(own);
 }
 
+/// A box that holds a refused text tells of that first.
+QString tipOf(const Visual& control) {
+    const auto* box = dynamic_cast<const TextBox*>(&control);
+    const QString tip = lines(control.Tip);
+    return box && box->Refused() ? lines(box->Note()) + u'\n' + tip : tip;
+}
+
 /// What all visible controls show alike.
 void showVisual(QWidget* widget, const Visual& control) {
     // Apart from what a disabled frame around it does.
     if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled) widget->setEnabled(control.Enabled);
     widget->setVisible(control.Visible);
-    const QString tip = lines(control.Tip);
+    const QString tip = tipOf(control);
     // A tip may hold a text of the model, which is shown as it stands.
     const QString shown = Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
     if (widget->toolTip() != shown) {
@@ -117,11 +125,12 @@ Color boxColor(const TextBox& control) {
 }
 
 QWidget* make(Form& form, TextBox& control, QWidget* parent) {
-    auto* edit = new QLineEdit(parent);
+    auto* edit = new LineBox(parent);
     const auto back = [edit, &control] { paintBack(edit, QPalette::Base, boxColor(control)); };
     bind(form, control, edit, [&form, edit, &control, back, selected = false]() mutable {
-        const bool other = edit->text() != toQt(control.Text);
-        setIfOther(edit, toQt(control.Text));
+        const bool other = edit->text() != toQt(control.Shown());
+        setIfOther(edit, toQt(control.Shown()));
+        edit->setRefusal(lines(control.Note()));
         if (other && !edit->hasFocus()) edit->setCursorPosition(0);  // a long text shows its beginning
         if (edit->isReadOnly() != control.Locked) edit->setReadOnly(control.Locked);
         back();

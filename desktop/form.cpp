@@ -394,7 +394,7 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
             const int key = static_cast<QKeyEvent*>(event)->key();
             auto* box = dynamic_cast<TextBox*>(found->second);
             if (box && box->OnReturn && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-                act(*box, [box] { box->OnReturn(); });
+                act(*box, [box] { box->Return(); });
                 return true;
             }
             break;

@@ -28,6 +28,10 @@ QColor borderColor(const QPalette& palette) {
     return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
 }
 
+QColor refusalColor(const QPalette& palette) {
+    return isDark(palette) ? QColor(0xFF, 0x6B, 0x5E) : QColor(0xC6, 0x28, 0x1C);
+}
+
 QColor quietText(const QPalette& palette) {
     return mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.3);
 }

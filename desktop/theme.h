@@ -21,6 +21,8 @@ QColor plainColor(platform::Color color);
 QColor backColor(platform::Color color, const QPalette& palette);
 /// The quiet line around pictures and frames.
 QColor borderColor(const QPalette& palette);
+/// The frame around what could not be read.
+QColor refusalColor(const QPalette& palette);
 /// Text that stands back a little.
 QColor quietText(const QPalette& palette);
 

@@ -30,13 +30,6 @@ const System* System_Of(int Units) { return Units < 1 || Units > kSystems ? null
 
 bool Is_Metric(int Units) { return Units >= 3 && Units <= kSystems; }
 
-/// Pounds of mass to kilograms by way of blobs: the inch system's weight of a unit of mass over the pounds in a
-/// kilogram.
-constexpr double kBlobToKg = 386.0 / 2.2046225;
-constexpr double kInchToMetre = 0.0254;
-constexpr double kPoundToNewton = 4.448222;
-constexpr double kInchPoundToNewtonMetre = 0.1129848388;
-
 bool Convert() {
     return Do_Conversion(Model.ConvLength, Model.ConvForce, Model.ConvTorque, Model.ConvMass, Model.ConvInertia);
 }

@@ -8,6 +8,13 @@
 
 namespace verlink {
 
+/// Pounds of mass to kilograms by way of blobs: the inch system's weight of a unit of mass over the pounds in a
+/// kilogram.
+inline constexpr double kBlobToKg = 386.0 / 2.2046225;
+inline constexpr double kInchToMetre = 0.0254;
+inline constexpr double kPoundToNewton = 4.448222;
+inline constexpr double kInchPoundToNewtonMetre = 0.1129848388;
+
 /// Entries that `Set_Unit_Labels` is asked for.
 inline constexpr int kUnitLabels = 18;
 

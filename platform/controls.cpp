@@ -25,8 +25,55 @@ TextBox::TextBox(Screen& owner, std::string name, std::string text, int index)
     : Visual(owner, std::move(name), index), Text(*this, std::move(text)) {}
 
 void TextBox::Type(const std::string& text) {
-    touched_ = true;
+    if (!hand_.typing) {
+        hand_.before = Text;
+        hand_.touched_before = hand_.touched;
+    }
+    hand_.typing = hand_.touched = true;
+    const bool mends = Refused();
+    hand_.refused.clear();
+    hand_.note.clear();
     Text.Property::operator=(text);
+    if (mends) Notify();
+}
+
+void TextBox::Leave() {
+    if (!Reads || (!hand_.typing && !Refused())) return;
+    const std::string typed = Shown();
+    const Reading reading = Reads(typed);
+    if (!reading.whole && typed != hand_.told) return Refuse(typed, reading);
+    hand_.typing = false;
+    hand_.touched = true;
+    Forget();
+    Text.Property::operator=(reading.text);
+}
+
+void TextBox::Refuse(const std::string& typed, const Reading& reading) {
+    hand_.refused = hand_.told = typed;
+    hand_.note = reading.why;
+    if (!hand_.before.empty()) hand_.note += "\n" + hand_.before + " stays until the box is left again.";
+    if (reading.text != typed) hand_.note += "\nLeaving it as it is then takes " + reading.text + ".";
+    hand_.typing = false;
+    hand_.touched = hand_.touched_before;
+    Text.Property::operator=(hand_.before);
+    Notify();
+}
+
+void TextBox::Return() {
+    Leave();
+    if (OnReturn) OnReturn();
+}
+
+void TextBox::Drop_Refused() {
+    hand_.refused.clear();
+    hand_.note.clear();
+    hand_.told.clear();
+}
+
+void TextBox::Forget() {
+    const bool shown = Refused();
+    Drop_Refused();
+    if (shown) Notify();
 }
 
 void TextBox::SelectAll() {
@@ -170,9 +217,27 @@ MenuEntry::MenuEntry(MenuEntry& parent, std::string name, std::string caption, i
     parent.children_.push_back(this);
 }
 
+namespace {
+
+/// A menu leaves the focus where it is. What is being typed is read all the same, though it does not count as left.
+void Read_In_Hand(TextBox& box) {
+    const auto forget_told = [&box] {
+        TextBox::Hand hand = box.State();
+        hand.told.clear();
+        box.Put_Back(hand);
+    };
+    if (!box.State().typing) return;
+    forget_told();
+    box.Leave();
+    if (box.Refused()) forget_told();
+}
+
+}  // namespace
+
 void MenuEntry::Click() {
     for (const MenuEntry* entry = this; entry; entry = entry->parent_)
         if (!entry->Enabled || !entry->Visible) return;
+    if (auto* box = dynamic_cast<TextBox*>(Owner().Focus())) Read_In_Hand(*box);
     if (OnClick) OnClick();
 }
 

@@ -117,6 +117,13 @@ class Frame : public Visual {
     Property<std::string> Caption;
 };
 
+/// What a box takes a typed text for.
+struct Reading {
+    std::string text;   ///< what it shows for what could be read
+    bool whole = true;  ///< false: only the beginning could be read, or nothing
+    std::string why;    ///< a sentence that says so
+};
+
 /// One line of text. `OnReturn` is raised by the Return key. What a hand types marks the box as touched, until somebody
 /// takes the text over or code stores another.
 class TextBox : public Visual {
@@ -129,7 +136,8 @@ class TextBox : public Visual {
         Content(TextBox& box, std::string initial) : Property(box, std::move(initial)), box_(box) {}
         Content(const Content&) = delete;
         Content& operator=(const std::string& text) {
-            box_.touched_ = false;
+            box_.Settle();
+            if (text != Get()) box_.Drop_Refused();
             Property::operator=(text);
             return *this;
         }
@@ -143,16 +151,47 @@ class TextBox : public Visual {
     Property<bool> Locked{*this, false};  ///< the program alone writes into it; the text can be selected
     /// What the user's hand does: replaces the text and marks the box, before the Change event is raised.
     void Type(const std::string& text);
-    bool Touched() const { return touched_; }
+    bool Touched() const { return hand_.touched; }
     /// The text counts as taken over.
-    void Settle() { touched_ = false; }
+    void Settle() { hand_.touched = hand_.typing = false; }
     std::function<void()> OnReturn;
+
+    /// How a number box reads what a hand has typed; null where any text will do.
+    std::function<Reading(const std::string& typed)> Reads;
+    /// The hand leaves the box: what was typed is read, and `Text` is what was read. A text of which only the
+    /// beginning could be read is refused once: it stays to be seen, while `Text` is what it was before the hand came;
+    /// when the box is left again with the same text, the beginning is taken. Comes before the LostFocus event.
+    void Leave();
+    /// The Return key: the box is read as when it is left.
+    void Return();
+    /// What stands in the box: the refused text, or `Text`.
+    const std::string& Shown() const { return Refused() ? hand_.refused : Text.Get(); }
+    bool Refused() const { return !hand_.refused.empty(); }
+    /// Why it was refused, and what is in force.
+    const std::string& Note() const { return hand_.note; }
+    /// Drops a refused text.
+    void Forget();
+
+    /// What a box knows of the hand, apart from `Text`.
+    struct Hand {
+        bool touched = false;
+        bool typing = false;          ///< since the box was last left
+        bool touched_before = false;  ///< as it was when the typing began
+        std::string before;           ///< `Text` then
+        std::string refused, note;
+        std::string told;  ///< the text that was refused last, also while it is being mended
+    };
+    const Hand& State() const { return hand_; }
+    void Put_Back(const Hand& hand) { hand_ = hand; }
     /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
     void SelectAll();
     Property<bool> SelectedAll{*this, false};
 
    private:
-    bool touched_ = false;
+    void Drop_Refused();
+    void Refuse(const std::string& typed, const Reading& reading);
+
+    Hand hand_;
 };
 
 /// A push button; an ampersand in the caption stands before the mnemonic.

@@ -64,6 +64,8 @@ void Screen::Hide() {
     if (!visible_) return;
     visible_ = false;
     ++hidings_;
+    for (Control* control : controls_)
+        if (auto* box = dynamic_cast<TextBox*>(control)) box->Forget();
     std::erase(Registered().shown, this);
     if (Registered().active == this) Registered().active = nullptr;
     The_Desktop().Hide_Window(*this);
@@ -73,6 +75,7 @@ void Screen::MoveFocus(Control* control) {
     if (control == focus_) return;
     Control* left = focus_;
     focus_ = control;
+    if (auto* box = dynamic_cast<TextBox*>(left)) box->Leave();
     if (auto* visual = dynamic_cast<Visual*>(left); visual && visual->OnLostFocus) visual->OnLostFocus();
     if (focus_ == control) {
         if (FocusWatcher) FocusWatcher(control);

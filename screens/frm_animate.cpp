@@ -15,6 +15,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -65,7 +66,7 @@ void frm_Animate::Write_Tips() {
     hsc_speed.Tip = "Speed of a run; at the right end there is no delay";
     hsc_step.Tip = "The position shown, by step";
     txt_Figure.Tip = "One line that describes the model";
-    txt_Cycles.Tip = "How many times a run plays";
+    txt_Cycles.Tip = "How many times a run plays, from 1 to 32767";
     chk_autoscale.Tip = "Fit the window to the motion; zooming acts only then";
     chk_Trace.Tip = "Leave all positions of a run in the picture";
     chk_Showlinks.Tip = "Show crank, coupler and rocker";
@@ -79,9 +80,10 @@ void frm_Animate::Write_Tips() {
     opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";
     opt_Shift_Drag[3].Tip = "Shift-drag in the picture moves the fixed pivot O4";
     opt_Shift_Drag[4].Tip = "Shift-drag in the picture changes the length of the coupler";
-    txt_initial[0].Tip = "Where the run starts: smallest crank angle in degrees, or time in seconds";
-    txt_initial[1].Tip = "Where the run ends: largest crank angle in degrees, or time in seconds";
-    txt_initial[2].Tip = "From step to step: crank angle in degrees, or time in seconds";
+    txt_initial[0].Tip = "Where the run starts: smallest crank angle in degrees, or time in seconds; less than the end";
+    txt_initial[1].Tip = "Where the run ends: largest crank angle in degrees, or time in seconds; more than the start";
+    txt_initial[2].Tip =
+        "From step to step: crank angle in degrees, or time in seconds; more than zero, and at most 2880 steps in all";
     Write_Button_Tips();
 }
 
@@ -111,6 +113,9 @@ void frm_Animate::Bind() {
     cmb_wait.OnChange = [this] { cmb_wait_Change(); };
     cmb_wait.OnClick = [this] { cmb_wait_Change(); };
     Bind_Boxes(txt_initial, [this](int Index) { txt_initial_LostFocus(Index); });
+    Read_As_Limits(txt_initial);
+    Reads_As(txt_Cycles, Model, Quantity::kNumber);
+    Reads_As(txt_LineAngle, Model, Quantity::kAngle);
     txt_Figure.OnLostFocus = [this] { txt_Figure_LostFocus(); };
     txt_Figure.OnReturn = [this] { txt_Figure_LostFocus(); };
     txt_Cycles.OnGotFocus = [this] { txt_Cycles.SelectAll(); };

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "dynamics/balancing.h"
 #include "dynamics/flywheel.h"
+#include "dynamics/typed_units.h"
 #include "output/cartesian.h"
 #include "platform/guard.h"
 #include "screens/frm_matrix.h"
@@ -59,8 +60,8 @@ frm_Balance::frm_Balance() : Screen("frm_Balance") {
 void frm_Balance::Write_Tips() {
     for (const int link : {2, 4}) {
         const std::string of = " of the counterweight on link " + std::to_string(link);
-        txt_BerkMass[link].Tip = "Mass" + of + "; the radius follows, for the same product";
-        txt_Radius[link].Tip = "Radius" + of + "; the mass follows, for the same product";
+        txt_BerkMass[link].Tip = "Mass" + of + "; more than zero; the radius follows, for the same product";
+        txt_Radius[link].Tip = "Radius" + of + "; more than zero; the mass follows, for the same product";
         txt_MRproduct[link].Tip = "Mass times radius" + of + "; the mass follows";
     }
     txt_Fluct.Tip = "Variation of the crank's speed over its mean, between zero and one";
@@ -78,6 +79,12 @@ void frm_Balance::Write_Tips() {
 void frm_Balance::Bind() {
     for (Boxes* boxes : {&txt_BerkMass, &txt_Radius, &txt_MRproduct})
         for (const auto& box : *boxes) box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
+    for (const int link : {2, 4}) {
+        Reads_As(txt_BerkMass[link], Model, Quantity::kMass);
+        Reads_As(txt_Radius[link], Model, Quantity::kLength);
+        Reads_As(txt_MRproduct[link], Model, Quantity::kMassLength);
+    }
+    Reads_As(txt_Fluct, Model, Quantity::kNumber);
     txt_Fluct.OnGotFocus = [this] { txt_Fluct.SelectAll(); };
     txt_BerkMass.On(&platform::Visual::OnLostFocus, [this](int link) { txt_BerkMass_LostFocus(link); });
     txt_BerkMass.On(&TextBox::OnReturn, [this](int link) { txt_BerkMass_LostFocus(link); });

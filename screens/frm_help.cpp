@@ -28,7 +28,7 @@ frm_Help::frm_Help() : Screen("frm_Help") {
     Height() = kWorkHeight;
     WebBrowser1.Tip = "The manual; a click on a reference goes there";
     cmb_Contents.Tip = "The headings of this document: choose one to go there";
-    txt_Page.Tip = "The page in view: type a number to go there";
+    txt_Page.Tip = "The page in view: type a number to go there, from 1 to the number beside it";
     txt_Find.Tip = "Words to find in this document; Return finds the next place";
     cmd_PageBefore.Tip = "One page back";
     cmd_PageAfter.Tip = "One page on";

@@ -2,6 +2,7 @@
 #include "screens/frm_inputnew.h"
 
 #include "core/linkage_model.h"
+#include "dynamics/typed_units.h"
 
 namespace verlink {
 
@@ -30,9 +31,10 @@ void frm_Inputnew::Write_Tips() {
     opt_Calctype[1].Tip = "Calculate at one crank angle";
     opt_Calctype[2].Tip = "Calculate at equal steps of time, seconds, with constant crank acceleration";
     opt_Calctype[3].Tip = "Calculate at equal steps of crank angle, degrees, with constant crank speed";
-    txt_initial[0].Tip = "Start of the run: smallest crank angle, degrees, or first time, seconds";
-    txt_initial[1].Tip = "End of the run: largest crank angle, degrees, or last time, seconds";
-    txt_initial[2].Tip = "Step of the run: crank angle, degrees, or time, seconds";
+    txt_initial[0].Tip = "Start of the run: smallest crank angle, degrees, or first time, seconds; less than the end";
+    txt_initial[1].Tip = "End of the run: largest crank angle, degrees, or last time, seconds; more than the start";
+    txt_initial[2].Tip =
+        "Step of the run: crank angle, degrees, or time, seconds; more than zero, and at most 2880 steps in all";
     txt_initial[3].Tip = "Crank speed, rad/s; negative turns clockwise";
     txt_initial[4].Tip = "Crank acceleration, rad/s^2; phase of the driving angle, degrees, when link driven";
     txt_Thetazero.Tip = "Crank angle at time zero, degrees; with angle steps, the angle past the start to jump to";
@@ -62,6 +64,10 @@ void frm_Inputnew::Bind_Boxes() {
     Linkage_Screen::Bind_Boxes(txt_initial, [this](int i) { txt_initial_LostFocus(i); });
     txt_Thetazero.OnGotFocus = [this] { txt_Thetazero.SelectAll(); };
     txt_Thetazero.OnLostFocus = txt_Thetazero.OnReturn = [this] { txt_Thetazero_LostFocus(); };
+    Read_As_Limits(txt_initial);
+    Reads_As(txt_initial[3], Model, Quantity::kSpeed);
+    Reads_As(txt_initial[4], Model, [] { return Model.Calctype == 5 ? Quantity::kAngle : Quantity::kAcceleration; });
+    Reads_As(txt_Thetazero, Model, Quantity::kAngle);
     txt_Figure.OnLostFocus = txt_Figure.OnReturn = [this] { txt_Figure_LostFocus(); };
 }
 

@@ -2,6 +2,7 @@
 #include "screens/frm_massprop.h"
 
 #include <string>
+#include <utility>
 
 #include "core/linkage_model.h"
 #include "core/results.h"
@@ -10,6 +11,7 @@
 #include "core/text.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/mass_properties.h"
+#include "dynamics/typed_units.h"
 #include "files/exports.h"
 #include "platform/guard.h"
 #include "screens/frm_matrix.h"
@@ -40,8 +42,14 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     }
     txt_Frict[4].Enabled = false;
     txt_Frict[4].Tip = txt_Frict[4].Tip.Get() + kOneFriction;
-    for (Boxes* boxes : All_Boxes())
+    const std::pair<Boxes*, Quantity> kinds[] = {{&txt_Mass, Quantity::kMass},      {&txt_Inertia, Quantity::kInertia},
+                                                 {&txt_DistCG, Quantity::kLength},  {&txt_AngCG, Quantity::kAngle},
+                                                 {&txt_MagForce, Quantity::kForce}, {&txt_AngForce, Quantity::kAngle},
+                                                 {&txt_DistP, Quantity::kLength},   {&txt_AngP, Quantity::kAngle},
+                                                 {&txt_Torque, Quantity::kTorque},  {&txt_Frict, Quantity::kForce}};
+    for (const auto& [boxes, quantity] : kinds)
         for (const auto& box : *boxes) {
+            Reads_As(*box, Model, quantity, {.grouped = true, .strict = boxes == &txt_Frict});
             box->OnGotFocus = [entry = box.get()] { entry->SelectAll(); };
             box->Text.Event = [this] { Box_Change(); };
         }
@@ -76,11 +84,6 @@ void frm_MassProp::Write_Tips() {
     cmd_Copy.Tip = "How to copy this screen to the clipboard; solve first";
     cmd_Cancel.Tip = "Go back; what was typed since the last solution is not kept";
     cmd_Done.Tip = "Leave for the home screen with the solution; solve first";
-}
-
-std::vector<frm_MassProp::Boxes*> frm_MassProp::All_Boxes() {
-    return {&txt_Mass,     &txt_Inertia, &txt_DistCG, &txt_AngCG,  &txt_MagForce,
-            &txt_AngForce, &txt_DistP,   &txt_AngP,   &txt_Torque, &txt_Frict};
 }
 
 void frm_MassProp::Allow_Results(bool allowed) {

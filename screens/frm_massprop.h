@@ -1,8 +1,6 @@
 // The dynamics screen: mass properties and loads are typed, and the forces of the run are solved.
 #pragma once
 
-#include <vector>
-
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
@@ -86,7 +84,6 @@ class frm_MassProp : public platform::Screen {
 
    private:
     using Boxes = platform::ControlArray<platform::TextBox>;
-    std::vector<Boxes*> All_Boxes();
     void Write_Tips();
     void Show_Units();
     /// What ticking the import does: the table in force, or one from a file; the tick goes where there is none.

@@ -32,8 +32,8 @@ frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", "Print Sel
     opt_Whereto[1].Tip = "A table on paper";
     opt_Whereto[2].Tip = "A table in a file of tab-separated columns";
     cmb_Step.Tip =
-        "Every so many steps a row; Min, Avg and Max are of all steps; a transform has a row for each harmonic";
-    cmb_Decimal.Tip = "Decimals of the numbers in the table";
+        "Every so many steps a row, from 1; Min, Avg and Max are of all steps; a transform has a row for each harmonic";
+    cmb_Decimal.Tip = "Decimals of the numbers in the table, 0 to 6";
     cmb_Step.OnClick = [this] { cmb_Step_Click(); };
     for (platform::ComboBox* box : {&cmb_Step, &cmb_Decimal}) box->OnGotFocus = [box] { box->SelectAll(); };
 }

@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/text.h"
+#include "dynamics/typed_units.h"
 #include "synthesis/dyads.h"
 
 namespace verlink {
@@ -21,6 +22,7 @@ frm_Synth2B::frm_Synth2B() : Two_Position_Screen("frm_Synth2B", {1}) {
     txt_Wmag.Tip = "Length of W, the left grounded link, in the length unit shown";
     txt_Umag.Tip = "Length of U, the right grounded link, in the length unit shown";
     Bind_Boxes();
+    for (TextBox* kept : {&txt_Zmag, &txt_Smag}) Reads_As(*kept, Model, Quantity::kKeptLength, {.grouped = true});
 }
 
 void frm_Synth2B::Fill() {

@@ -15,7 +15,7 @@ frm_User::frm_User() : Screen("frm_User") {
     Height() = kWorkHeight;
     DefaultButton = &cmd_Done;
     txt_UserName.Tip = "Your name or a project ID, as it stands in the header of printed screens";
-    txt_DesignNo.Tip = "The revision of the design, a whole number";
+    txt_DesignNo.Tip = "The revision of the design, a whole number from -32768 to 32767";
     txt_Filename.Tip = "The name that the model is saved under, without folder and extension";
     cmd_Done.Tip = "Go on to the home screen";
     for (platform::TextBox* box : {&txt_UserName, &txt_DesignNo, &txt_Filename}) {

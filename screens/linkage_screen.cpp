@@ -7,6 +7,7 @@
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/screen_geometry.h"
+#include "dynamics/typed_units.h"
 
 namespace verlink {
 
@@ -29,12 +30,12 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     opt_Shift_Drag[0].Value = true;
     opt_Polar_Click(Model.PolarCoords ? 1 : 0);
 
-    txt_Linkout[1].Tip = "Length of link 2, the crank, from O2 to A, in the length unit shown";
-    txt_Linkout[2].Tip = "Length of link 3, the coupler, from A to B, in the length unit shown";
-    txt_Linkout[3].Tip = "Length of link 4, the rocker, from O4 to B, in the length unit shown";
-    txt_Linkout[4].Tip = "Distance from A to the coupler point P, in the length unit shown";
+    txt_Linkout[1].Tip = "Length of link 2, the crank, from O2 to A, in the length unit shown; not negative";
+    txt_Linkout[2].Tip = "Length of link 3, the coupler, from A to B, in the length unit shown; not negative";
+    txt_Linkout[3].Tip = "Length of link 4, the rocker, from O4 to B, in the length unit shown; not negative";
+    txt_Linkout[4].Tip = "Distance from A to the coupler point P, in the length unit shown; not negative";
     txt_Linkout[5].Tip = "Angle from the line AB to the line AP, degrees";
-    txt_Linkout[0].Tip = "Length of link 1, the ground, from O2 to O4, in the length unit shown";
+    txt_Linkout[0].Tip = "Length of link 1, the ground, from O2 to O4, in the length unit shown; not negative";
     txt_Linkout[6].Tip = "Direction of link 1 from O2 to O4, degrees";
     txt_Linkout[15].Tip = "X of the pivot O4 from O2, in the length unit shown";
     txt_Linkout[16].Tip = "Y of the pivot O4 from O2, in the length unit shown";
@@ -47,6 +48,13 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int i) { opt_OpenCross_Click(i); });
     opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int i) { opt_Shift_Drag_Click(i); });
     Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
+    for (const auto& box : txt_Linkout)
+        Reads_As(*box, Model, box->Index() == 5 || box->Index() == 6 ? Quantity::kAngle : Quantity::kLength);
+}
+
+void Linkage_Screen::Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes) {
+    for (const int limit : {0, 1, 2})
+        Reads_As(boxes[limit], Model, [] { return Model.Calctype == 2 ? Quantity::kTime : Quantity::kAngle; });
 }
 
 void Linkage_Screen::Show_Choices() {

@@ -72,6 +72,8 @@ class Linkage_Screen : public platform::Screen {
         boxes.On(&platform::Visual::OnLostFocus, left);
         boxes.On(&platform::TextBox::OnReturn, left);
     }
+    /// The limits of a run are times or angles, by its type.
+    static void Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes);
     /// The options from the record.
     void Show_Choices();
     /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.

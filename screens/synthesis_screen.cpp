@@ -10,6 +10,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -36,6 +37,12 @@ std::string Ungrouped(const std::string& text) {
         if (!mark) plain += text[i];
     }
     return plain;
+}
+
+bool Is_Angle(const std::string& box) {
+    constexpr const char* kAngles[] = {"txt_Alpha", "txt_Beta",  "txt_Gamma", "txt_Theta",
+                                       "txt_Phi",   "txt_Sigma", "txt_Xi"};
+    return std::ranges::any_of(kAngles, [&box](const char* angle) { return box.starts_with(angle); });
 }
 
 void Show(platform::ControlArray<platform::Label>& labels, const std::string& text) {
@@ -89,6 +96,7 @@ void Synthesis_Screen::Bind_Boxes() {
         if (!box) continue;
         box->Text.Event = [this] { Box_Change(); };
         box->OnGotFocus = [box] { box->SelectAll(); };
+        Reads_As(*box, Model, Is_Angle(box->Name()) ? Quantity::kAngle : Quantity::kLength, {.grouped = true});
     }
 }
 

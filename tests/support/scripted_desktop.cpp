@@ -173,7 +173,7 @@ void Type(Screen& screen, const std::string& box, int index, const std::string& 
 void Enter(Screen& screen, const std::string& box, int index, const std::string& text) {
     Type(screen, box, index, text);
     auto& control = screen.Text(box, index);
-    if (control.OnReturn) control.OnReturn();
+    control.Return();
 }
 
 void Choose_Option(Screen& screen, const std::string& option, int index) {

@@ -54,12 +54,8 @@ void Aside::Hold(Screen& screen) {
             Keep(label->ForeColor);
         } else if (auto* box = dynamic_cast<TextBox*>(control)) {
             // The mark of a hand comes back behind the text.
-            put_back_.emplace_back([box, touched = box->Touched()] {
-                if (touched)
-                    box->Type(box->Text);
-                else
-                    box->Settle();
-            });
+            put_back_.emplace_back([box, hand = box->State()] { box->Put_Back(hand); });
+            Mute(box->Reads);
             Keep(box->Text);
             Keep(box->SelectedAll);
             Keep(box->BackColor);

@@ -56,7 +56,7 @@ bool Value_There(const Screen& top, const Action& action) {
 
 /// What the key does that a default button or the focus takes.
 void Press_Return(Screen& top) {
-    if (auto* box = dynamic_cast<TextBox*>(top.Focus()); box && box->OnReturn) return box->OnReturn();
+    if (auto* box = dynamic_cast<TextBox*>(top.Focus()); box && box->OnReturn) return box->Return();
     auto* button = dynamic_cast<CommandButton*>(top.Focus());
     if (!button || !In_Reach(*button)) button = top.DefaultButton;
     if (button && In_Reach(*button)) test::Press(top, button->Name(), button->Index());

@@ -140,12 +140,19 @@ std::string Box_Word(const std::string& text) {
     return Word_Of(value);
 }
 
+/// What a box counts for: a text that is being typed is what it will be read as.
+std::string Taken_For(const TextBox& box) {
+    if (!box.Reads || !box.State().typing) return box.Text;
+    const Reading reading = box.Reads(box.Text);
+    return reading.whole ? reading.text : box.State().before;
+}
+
 void Add_Control(const Control& control, Words& words) {
     const std::string name = control.ObjectName();
     if (const auto* visual = dynamic_cast<const Visual*>(&control))
         words.emplace_back(name + " is", Open_Word(*visual));
     if (const auto* label = dynamic_cast<const Label*>(&control)) words.emplace_back(name, Word(label->Caption.Get()));
-    if (const auto* box = dynamic_cast<const TextBox*>(&control)) words.emplace_back(name, Box_Word(box->Text));
+    if (const auto* box = dynamic_cast<const TextBox*>(&control)) words.emplace_back(name, Box_Word(Taken_For(*box)));
     if (const auto* list = dynamic_cast<const ComboBox*>(&control)) words.emplace_back(name, Word(list->Text.Get()));
     if (const auto* option = dynamic_cast<const OptionButton*>(&control))
         words.emplace_back(name, Word(option->Value.Get()));

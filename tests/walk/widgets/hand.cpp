@@ -153,7 +153,7 @@ std::string Shown_By(const QObject& object) {
 
 /// What the widget is to show; nothing for kinds that show no value.
 std::string To_Show(const Control& control) {
-    if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->Text;
+    if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->Shown();
     if (const auto* list = dynamic_cast<const ComboBox*>(&control)) return list->Text;
     if (const auto* option = dynamic_cast<const OptionButton*>(&control)) return option->Value ? "on" : "off";
     if (const auto* check = dynamic_cast<const CheckBox*>(&control)) return check->Value ? "on" : "off";
