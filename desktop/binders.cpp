@@ -27,6 +27,7 @@
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "platform/controls.h"
+#include "platform/deed.h"
 #include "platform/graph.h"
 #include "platform/grid.h"
 
@@ -130,10 +131,13 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
     });
     form.restyle.emplace_back(back);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [&form, &control](const QString& text) {
-        form.act(control, [&] {
-            control.SelectedAll = false;
-            control.Type(fromQt(text));
-        });
+        form.act(
+            control,
+            [&] {
+                control.SelectedAll = false;
+                control.Type(fromQt(text));
+            },
+            Deed::Kind::kTyped);
     });
     return edit;
 }
@@ -290,8 +294,10 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     auto* picture = new PictureWidget(control.Drawing(), parent);
     picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
         if (!control.OnMouseMove) return;
-        form.act(control, [&] { control.OnMouseMove(button, shift, x, y); });
+        form.act(
+            control, [&] { control.OnMouseMove(button, shift, x, y); }, Deed::Kind::kDrag);
     };
+    picture->onRelease = [] { Deed::Drag_Ended(); };
     picture->takesClicks = [&control] { return control.OnClick || control.OnDblClick; };
     picture->onClick = [&form, &control] {
         if (control.OnClick) form.act(control, control.OnClick);
@@ -367,7 +373,10 @@ QObject* make(Form& form, Timer& control, QWidget* parent) {
         if (!runs) timer->stop();
     };
     control.Watcher();
-    QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] { form.act(control, [&] { control.Tick(); }); });
+    QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] {
+        form.act(
+            control, [&] { control.Tick(); }, Deed::Kind::kTimed);
+    });
     return timer;
 }
 

@@ -250,8 +250,9 @@ QPushButton* Form::buttonOf(CommandButton* button) const {
     return button ? qobject_cast<QPushButton*>(objectOf(*button)) : nullptr;
 }
 
-void Form::act(const Control& control, const std::function<void()>& deed) {
+void Form::act(const Control& control, const std::function<void()>& deed, Deed::Kind kind) {
     if (closing_ || inPause()) return;
+    const Deed at_work(control, kind);
     Guarded(control.ObjectName(), deed);
 }
 
@@ -297,7 +298,9 @@ void Form::watch(QWidget* widget, Visual& control) {
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Close(); });
+    if (closing_ || inPause()) return;
+    const Deed at_work("closing");
+    Guarded(screen_.Name(), [this] { screen_.Close(); });
 }
 
 /// Is there nothing on it but words?

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/deed.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
@@ -60,7 +61,8 @@ class Form : public QMainWindow {
 
     /// Does what the user's hand asks, as a handler of that control. A failure in it is reported under the
     /// control's name.
-    void act(const platform::Control& control, const std::function<void()>& deed);
+    void act(const platform::Control& control, const std::function<void()>& deed,
+             platform::Deed::Kind kind = platform::Deed::Kind::kWhole);
     /// Runs whenever colours or fonts of the desktop change.
     std::vector<std::function<void()>> restyle;
     /// The options of one array as one group.

@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include "platform/guard.h"
+
 namespace verlink::platform {
 
 namespace {
@@ -16,7 +18,9 @@ Desktop& The_Desktop() {
 
 void Use_Desktop(Desktop* desktop) { in_force = desktop; }
 
-void Tell(const std::string& text, Icon icon) { The_Desktop().Show_Message({.text = text, .icon = icon}); }
+void Tell(const std::string& text, Icon icon) {
+    if (!Unheard::On()) The_Desktop().Show_Message({.text = text, .icon = icon});
+}
 
 bool Ask_Yes(const std::string& text, Icon icon) {
     return The_Desktop().Show_Message({.text = text, .icon = icon, .buttons = Buttons::kYesNo}) == Answer::kYes;

@@ -15,6 +15,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -193,8 +194,10 @@ void frm_Animate::Form_Unload() {
 }
 
 void frm_Animate::Leave() {
-    if (Model.LinkEdited) ++Model.DesignNumber;
     txt_Figure_LostFocus();
+    platform::Deed::So_Far();
+    if (Model.LinkEdited) ++Model.DesignNumber;
+    platform::Deed::By_Itself();
 }
 
 void frm_Animate::Show_Initial_Panel() {

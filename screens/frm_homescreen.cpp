@@ -16,6 +16,7 @@
 #include "dynamics/units.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
@@ -37,8 +38,6 @@ namespace {
 constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 constexpr char kConfirmReset[] = "Please confirm your order to reset all variables to their default values";
 constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
-
-bool Unsaved() { return Model.Calculated && !Model.SavedFlag; }
 
 /// The window is made for the links; counterweights may reach beyond it wherever they turn.
 void Make_Room_For_Weights() {
@@ -243,14 +242,14 @@ void frm_HomeScreen::cmd_Balance_Click() {
 
 void frm_HomeScreen::cmd_Quit_Click() {
     Guarded("frm_Homescreen.cmd_Quit", [this] {
-        if (Unsaved()) Menu_Saveas(*this);
+        if (Modified()) Menu_Saveas(*this);
         Show_Centered("frm_Quit");
     });
 }
 
 void frm_HomeScreen::mnu_New_Click() {
     Guarded("frm_Homescreen.New", [this] {
-        if (Unsaved() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
+        if (Modified() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
         const Answer answer =
             The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
         if (answer != Answer::kOk) return;

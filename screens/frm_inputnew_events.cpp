@@ -12,6 +12,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/frm_inputnew.h"
@@ -504,6 +505,7 @@ void frm_Inputnew::cmd_Done_Click() {
         Take_Pending();
         Run_Counts();
         if (Model.LinkEdited) Model.DesignNumber += 1;
+        platform::Deed::By_Itself();
         Leave();
         Model.Synthesized = false;
         Model.CurrentStep = 0;

@@ -7,6 +7,7 @@
 #include "core/runs.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "files/in_hand.h"
 #include "output/catalogue.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
@@ -81,6 +82,7 @@ void New_Model() {
         Clear_RunTable();
         Enter_Linkage(Road::kNew, [] {});
         Model.FigureTitle.clear();
+        Model_Came();
         Set_Menus();
         Refresh_Status();
     });

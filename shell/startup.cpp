@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
+#include "shell/history.h"
 #include "shell/initialize.h"
 #include "shell/user.h"
 
@@ -138,6 +139,7 @@ void Sub_Main(const std::string& command_line) {
         if (The_Desktop().Ending()) return;
         CreateAssociation("Verlink", "vlk");
         Initialize();
+        Model_Came();
         Open_Clicked_File();
         Set_Screen_Titles();
         // `Initialize` has put system 1 in force; a model that was opened since keeps its own.
@@ -146,6 +148,7 @@ void Sub_Main(const std::string& command_line) {
         Set_Palette();
         Refresh_Status();
         Model.DiskFile = false;
+        The_History().Begin();
         Show_Centered("frm_Title");
     });
 }

@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "tests/walk/hand.h"
 
@@ -19,6 +20,14 @@ namespace {
 constexpr int kWayHome = 24;
 
 std::string Kind_Of(const std::string& text) { return text.substr(0, text.find_first_of("\r\n")); }
+
+platform::Deed::Kind Kind_Of(walk::Deed deed) {
+    switch (deed) {
+        case walk::Deed::kType: return platform::Deed::Kind::kTyped;
+        case walk::Deed::kPulse: return platform::Deed::Kind::kTimed;
+        default: return platform::Deed::Kind::kWhole;
+    }
+}
 
 bool Time_Will_Tell() {
     for (const Screen* screen : Screens::Made())
@@ -141,6 +150,7 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     try {
         // As a desktop does, under the name of the control.
         const Control* control = top.Find(action.control, action.index);
+        const platform::Deed at_work(control ? Deed_Name(*control) : "closing", Kind_Of(action.deed));
         Guarded(control ? control->ObjectName() : top.Name(), [&] { deed(top, action); });
     } catch (const std::exception& thrown) {
         outcome_ = Finding{"thrown", action.screen + "." + action.control, thrown.what()};
