@@ -3,13 +3,20 @@
 
 #include <stdexcept>
 
-#include "platform/guard.h"
+#include "platform/unheard.h"
 
 namespace verlink::platform {
 
 namespace {
 Desktop* in_force = nullptr;
-}
+int unheard = 0;
+}  // namespace
+
+Unheard::Unheard() { ++unheard; }
+
+Unheard::~Unheard() { --unheard; }
+
+bool Unheard::On() { return unheard > 0; }
 
 Desktop& The_Desktop() {
     if (!in_force) throw std::logic_error("no desktop is in force");

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/unheard.h"
+
 namespace verlink {
 
 namespace {
@@ -19,7 +21,6 @@ Reporter in_force = nullptr;
 int gathering = 0;
 std::vector<Report> gathered;
 int repeats = 1;
-int unheard = 0;
 
 void Tell(const Report& report) {
     if (!in_force) throw std::logic_error("no failure reporter is installed");
@@ -33,7 +34,7 @@ void Tell(const Report& report) {
 void Install_Reporter(Reporter reporter) { in_force = reporter; }
 
 void Report_Failure(long ErrorNumber, const std::string& ProcName) {
-    if (Unheard::On()) return;
+    if (platform::Unheard::On()) return;
     if (gathering == 0) return Tell({ErrorNumber, ProcName, 1});
     const auto same = std::find_if(gathered.begin(), gathered.end(), [&](const Report& report) {
         return report.number == ErrorNumber && report.procedure == ProcName;
@@ -50,12 +51,6 @@ Told_As_One::~Told_As_One() {
     if (--gathering > 0) return;
     for (const Report& report : std::exchange(gathered, {})) Tell(report);
 }
-
-Unheard::Unheard() { ++unheard; }
-
-Unheard::~Unheard() { --unheard; }
-
-bool Unheard::On() { return unheard > 0; }
 
 int Repeats() { return repeats; }
 

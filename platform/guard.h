@@ -30,16 +30,6 @@ class Told_As_One {
     Told_As_One& operator=(const Told_As_One&) = delete;
 };
 
-/// While one exists nothing is told, neither a failure nor a message: what is made anew has told it already.
-class Unheard {
-   public:
-    Unheard();
-    ~Unheard();
-    Unheard(const Unheard&) = delete;
-    Unheard& operator=(const Unheard&) = delete;
-    static bool On();
-};
-
 /// How many failures the report that is being told stands for; 1 but for those of a run.
 int Repeats();
 

@@ -40,10 +40,11 @@ std::string Clicked_Content(const std::string& path) {
 }  // namespace
 
 void CreateAssociation(const std::string& Type, const std::string& Extension) {
-    const long failure = Failure_Of([&] { The_Desktop().Register_File_Type({Type, Extension, Model.AppPath}); });
+    const std::string& program = Model.AppPath;
+    const long failure = Failure_Of([&] { The_Desktop().Register_File_Type({Type, Extension, program}); });
     // The association stays as it was then, and this message is the only sign.
     if (failure != 0)
-        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", Model.AppPath + "\\" + Type + ".exe %1");
+        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", program + "\\" + Type + ".exe %1");
 }
 
 std::string GetLongPathFromShortPath(const std::string& path) {
