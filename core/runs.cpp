@@ -92,6 +92,24 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
     });
 }
 
+void Run_Unasked(LinkageModel& model) {
+    const bool cam = model.CamDriven, link = model.LinkDriven, open = model.InputScreenOpen;
+    model.CamDriven = model.LinkDriven = model.InputScreenOpen = false;
+    {
+        const Told_As_One once;
+        Integer Result;
+        switch (model.Calctype) {
+            case 1: Oneposition(Result); break;
+            case 2: Timestep(Result); break;
+            case 3: Crankangle(Result); break;
+            default: Imported_Run(Result); break;
+        }
+    }
+    model.CamDriven = cam;
+    model.LinkDriven = link;
+    model.InputScreenOpen = open;
+}
+
 void Oneposition(Integer& Result) {
     Guarded("Oneposition", [&] {
         Begin_Run(Result);

@@ -5,6 +5,8 @@
 
 namespace verlink {
 
+struct LinkageModel;
+
 /// A run's result code: the answer to the message about a position that does not close. Runs start at 4.
 inline constexpr int kAborted = 3;
 inline constexpr int kRetrying = 4;
@@ -15,6 +17,10 @@ inline constexpr int kIgnoring = 5;
 /// Classifies the linkage and runs mode 1, 2 or 3. Lengths that cannot close at all are refused with a message, the
 /// buttons of the input screen go off, and Result stands.
 void Calc_Setup(Integer Calctype, Integer& Result);
+
+/// The run of the model as it stands, by its mode, without a word about positions that do not close; flags of the
+/// drive and the screens are as before it.
+void Run_Unasked(LinkageModel& model);
 
 /// `ThetaZero` alone, with `Omega2Input` and `Alpha2`.
 void Oneposition(Integer& Result);

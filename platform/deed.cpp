@@ -55,15 +55,21 @@ std::string Deed_Name(const Control& control) {
 
 Deed::Deed(std::string what, Kind kind) : what_(std::move(what)), kind_(kind), around_(std::exchange(at_work, this)) {}
 
-Deed::Deed(const Control& control, Kind kind) : Deed(Deed_Name(control), kind) {}
+Deed::Deed(const Control& control, Kind kind) : Deed(Deed_Name(control), kind) {
+    if (kind == Kind::kTyped && watch.to_be_typed) watch.to_be_typed(control);
+}
 
 Deed::~Deed() {
     at_work = around_;
-    if (around_ || kind_ == Kind::kTyped) return;
-    if (kind_ == Kind::kTimed)
-        By_Itself();
-    else
-        Tell_Done(what_, kind_ == Kind::kDrag);
+    if (around_) return;
+    switch (kind_) {
+        case Kind::kTyped:
+            if (watch.typed) watch.typed();
+            break;
+        case Kind::kTimed: By_Itself(); break;
+        case Kind::kWhole:
+        case Kind::kDrag: Tell_Done(what_, kind_ == Kind::kDrag); break;
+    }
 }
 
 void Deed::Drag_Ended() { Tell_Done({}, false); }

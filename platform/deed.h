@@ -14,6 +14,9 @@ struct Deed_Watch {
     std::function<void(const std::string& what, bool goes_on)> done;
     /// What has changed since is nobody's doing: a screen has come up, or the program counts on by itself.
     std::function<void()> by_itself;
+    /// A box is about to be typed into, and has been.
+    std::function<void(const Control& box)> to_be_typed;
+    std::function<void()> typed;
 };
 void Watch_Deeds(Deed_Watch watch);
 

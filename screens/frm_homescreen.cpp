@@ -19,10 +19,12 @@
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/guard.h"
+#include "screens/edit_menu.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
+#include "synthesis/cognates.h"
 
 namespace verlink {
 
@@ -62,19 +64,6 @@ bool Can_Close() {
     constexpr double kBeyondSense = 1e12;
     return Model.NSteps >= 0 && Model.NSteps <= kLastStep && *shortest > 0 && *longest < kBeyondSense &&
            2 * *longest < sum;
-}
-
-/// The run of the model, without a question about positions that do not close.
-void Run_Quietly() {
-    Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = false;
-    const Told_As_One once;
-    Integer Result;
-    switch (Model.Calctype) {
-        case 1: Oneposition(Result); break;
-        case 2: Timestep(Result); break;
-        case 3: Crankangle(Result); break;
-        default: Imported_Run(Result); break;
-    }
 }
 
 }  // namespace
@@ -144,6 +133,7 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
         Get<MenuEntry>(entry).OnClick = [name = std::string(entry)] {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
         };
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void frm_HomeScreen::Note_Status_Width() { Model.StatusWidth = Width().Get(); }  // the panel spans the screen
@@ -161,7 +151,7 @@ void frm_HomeScreen::Form_Activate() {
 }
 
 void frm_HomeScreen::Form_Return() {
-    Guarded("frm_Homescreen.Activate", [this] { Refresh(); });
+    Guarded("frm_Homescreen.Activate", [this] { Show_Model(); });
 }
 
 void frm_HomeScreen::Refresh() {
@@ -169,6 +159,12 @@ void frm_HomeScreen::Refresh() {
     Refresh_Status();
     Model.ScreenReturn = false;
     Show_Linkage();
+}
+
+void frm_HomeScreen::Show_Model() {
+    Check_mnu_Units(*this, Model.Units);
+    Check_Cognates();
+    Refresh();
 }
 
 void frm_HomeScreen::Form_QueryUnload(bool& cancel) {
@@ -182,7 +178,7 @@ void frm_HomeScreen::Show_Linkage() {
     // The picture has a run of its own where there is none yet, and settings of its own: the user's stay, and so does
     // the window that the animate screen drags in.
     const auto kept = std::make_unique<LinkageModel>(Model);
-    if (!Model.RunStands && Can_Close()) Run_Quietly();
+    if (!Model.RunStands && Can_Close()) Run_Unasked(Model);
     const bool there = Model.RunStands;
     Picture1.Visible = there;
     lbl_Name.Visible = !there;

@@ -53,19 +53,7 @@ void frm_Inputnew::Form_Activate() {
         cmd_PlotPrint.Enabled = true;
         Model.ShowCouplerFlag = "Y";
         Model.ShowCentrodesFlag = "N";
-        hsc_step.SetMax(Model.NSteps);
-        hsc_step.SetMin(0);
-        txt_initial[1].Enabled = true;
-        txt_initial[2].Enabled = true;
-        for (auto* boxes : {&txt_Linkout, &txt_initial})
-            for (const auto& box : *boxes) box->Settle();
-        txt_Thetazero.Settle();
-        Show_Values();
-        Show_Choices();
-        opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
-        Grashof();
-        if (Model.Grashof_Code == "N") Toggle();
-        Show_Toggles(Model.Grashof_Code != "Y");
+        Fill();
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
         if (AutoCalc) {
@@ -76,6 +64,42 @@ void frm_Inputnew::Form_Activate() {
         txt_Figure.Text = Shown_Title();
         Model.LinkEdited = false;
         Run_Held_Back();
+        Refresh_Status();
+        Set_Menus();
+    });
+}
+
+/// All that there is of the model, untouched by any hand.
+void frm_Inputnew::Fill() {
+    hsc_step.SetMax(Model.NSteps);
+    hsc_step.SetMin(0);
+    txt_initial[1].Enabled = true;
+    txt_initial[2].Enabled = true;
+    for (auto* boxes : {&txt_Linkout, &txt_initial})
+        for (const auto& box : *boxes) box->Settle();
+    txt_Thetazero.Settle();
+    Show_Values();
+    Show_Choices();
+    opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
+    Grashof();
+    if (Model.Grashof_Code == "N") Toggle();
+    Show_Toggles(Model.Grashof_Code != "Y");
+}
+
+void frm_Inputnew::Show_Model() {
+    Guarded("frm_Input.Show_Model", [this] {
+        Fill();
+        txt_Figure.Text = Shown_Title();
+        Disable_Ways_On();
+        Picture1.Canvas().Cls();
+        if (Model.RunStands) {
+            Stepping = true;
+            Model.CurrentStep = 0;
+            Show_Toggles(Model.Grashof_Code == "N");
+            Show_Ways_On();
+            Stepping = false;
+        }
+        Check_Cognates();
         Refresh_Status();
         Set_Menus();
     });
@@ -295,6 +319,13 @@ void frm_Inputnew::Show_Run() {
     Show_Toggles(Model.Grashof_Code == "N");
     hsc_step.SetMax(Model.NSteps);
     Model.CurrentStep = 0;
+    Show_Ways_On();
+    if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
+    Model.ScreenReturn = true;
+}
+
+/// The first step, and the buttons that lead on from a run.
+void frm_Inputnew::Show_Ways_On() {
     Show_Step();
     const bool several = Model.Calctype != 1;
     cmd_Done.Enabled = Model.RunStands;
@@ -302,8 +333,6 @@ void frm_Inputnew::Show_Run() {
     cmd_Step.Enabled = Model.RunStands && several;
     if (Model.Calctype == 3) Show_Step();
     if (Model.Calctype == 1) Show_First_Step();
-    if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
-    Model.ScreenReturn = true;
 }
 
 /// The run of the present mode from what the boxes hold; false when there was none.

@@ -90,6 +90,7 @@ void Synthesis_Screen::Bind_Boxes() {
         box->Text.Event = [this] { Box_Change(); };
         box->OnGotFocus = [box] { box->SelectAll(); };
     }
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void Synthesis_Screen::Box_Change() {
@@ -106,6 +107,13 @@ void Synthesis_Screen::Form_Activate() {
     Guarded(Name() + ".Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Model.Synthesized = false;
+        Show_Model();
+        txt_P21x.SetFocus();
+    });
+}
+
+void Synthesis_Screen::Show_Model() {
+    Guarded(Name() + ".Show_Model", [this] {
         LengthFactor = Shown_Factor();
         for (const auto& label : Label13) label->Caption = "deg";
         for (const auto& label : lbl_Length) label->Caption = Model.UnitLabel(6);
@@ -120,7 +128,6 @@ void Synthesis_Screen::Form_Activate() {
         Draw();
         Titlebox(*this);
         Allow_Results(false);
-        txt_P21x.SetFocus();
     });
 }
 
@@ -192,7 +199,10 @@ Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(b
 void Synthesis_Screen::cmd_Calc_Click() {
     const SynthesisData before = Model;
     const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
-        if (Solve()) Allow_Results(true);
+        if (!Solve()) return;
+        Allow_Results(true);
+        for (platform::Control* control : Controls())
+            if (auto* box = dynamic_cast<TextBox*>(control)) box->Settle();
     });
     // A number that no field holds takes none of the others in.
     if (!ended) static_cast<SynthesisData&>(Model) = before;

@@ -73,6 +73,7 @@ void Initialize() {
         Model.DesignNumber = 1;
         Model.DateStr = platform::The_Desktop().Date_Text();
         Model.TimeStr = platform::The_Desktop().Time_Text();
+        Model_Came();
     });
 }
 

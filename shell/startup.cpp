@@ -134,12 +134,12 @@ void Sub_Main(const std::string& command_line) {
         Model.CommandLine = command_line;
         Set_Identity();
         Model.JustStarted = true;
+        The_History().Begin();
         Prepare_Screen_Data();
         Check_for_Crash();
         if (The_Desktop().Ending()) return;
         CreateAssociation("Verlink", "vlk");
         Initialize();
-        Model_Came();
         Open_Clicked_File();
         Set_Screen_Titles();
         // `Initialize` has put system 1 in force; a model that was opened since keeps its own.
