@@ -78,6 +78,7 @@ class Form : public QMainWindow {
    protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -88,6 +89,7 @@ class Form : public QMainWindow {
     void nameTheNameless();
     void tellApart();
     bool onlyTells() const;
+    bool undoes(QKeyEvent* event, QWidget* at);
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;

@@ -5,6 +5,7 @@
 #include "desktop/icons.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
+#include "desktop/session.h"
 #include "platform/guard.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(verlink::desktop::programIcon());
     QApplication::setQuitOnLastWindowClosed(false);
     verlink::desktop::useQuietStyle();
+    verlink::desktop::watchSession(app);
 
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);
