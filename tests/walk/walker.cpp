@@ -8,6 +8,7 @@
 
 #include "platform/deed.h"
 #include "platform/guard.h"
+#include "shell/history.h"
 #include "tests/walk/hand.h"
 
 namespace verlink::walk {
@@ -28,6 +29,8 @@ platform::Deed::Kind Kind_Of(walk::Deed deed) {
         default: return platform::Deed::Kind::kWhole;
     }
 }
+
+Walker* walking = nullptr;
 
 bool Time_Will_Tell() {
     for (const Screen* screen : Screens::Made())
@@ -54,7 +57,17 @@ Answer Harmless(Buttons buttons) {
 }
 
 Walker::Walker(User& user, const Places& places, Counts& counts)
-    : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {}
+    : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {
+    walking = this;
+    [[maybe_unused]] static const bool follows = [] {
+        The_History().Follow([](bool typed) {
+            if (walking && !typed) walking->Note_Step();
+        });
+        return true;
+    }();
+}
+
+Walker::~Walker() { walking = nullptr; }
 
 template <class Rule>
 bool Walker::Broken(const char* rule, Rule&& check) {
@@ -232,6 +245,30 @@ void Walker::Rest(Screen& top) {
     if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
     tried_screen_ = top.Name();
+    if (!over_) Check_Undo(top);
+}
+
+/// A step that was made is undone and done again, unless somebody looks or a box waits to be taken over.
+void Walker::Check_Undo(Screen& top) {
+    if (!before_.empty() && !look_ && !Waits_For_A_Hand(top)) {
+        trying_undo_ = true;
+        Broken("undo", [&] { return Undo_And_Redo_Bring_Back(before_); });
+        trying_undo_ = false;
+        standing_ = std::make_shared<Standing>();
+    }
+    before_.clear();
+}
+
+/// A deed has ended.
+void Walker::Note_Step() {
+    if (trying_undo_ || Aside::On()) return;
+    const std::size_t steps = The_History().Steps();
+    if (steps == steps_ + 1 && standing_)
+        before_.push_back(standing_);
+    else if (steps != steps_)
+        before_.clear();  // undone by the user himself
+    steps_ = steps;
+    standing_ = std::make_shared<Standing>();
 }
 
 bool Walker::Changed() {
