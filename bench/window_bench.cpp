@@ -1,14 +1,11 @@
 // A plot and a table of a full run, from the button's work to the painted window.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-
 #include "bench/drag.h"
 #include "bench/program.h"
 #include "bench/qt.h"
+#include "bench/windows.h"
 #include "core/linkage_model.h"
-#include "desktop/form.h"
-#include "desktop/qt_desktop.h"
 #include "output/cartesian.h"
 #include "platform/grid.h"
 
@@ -17,30 +14,6 @@ namespace verlink::bench {
 namespace {
 
 constexpr int kSteps = 2881;
-
-/// The desktop in windows for the life of one benchmark.
-class Windows {
-   public:
-    Windows() : before_(platform::The_Desktop()) { platform::Use_Desktop(&qt); }
-    ~Windows() {
-        qt.discardForms();
-        platform::Use_Desktop(&before_);
-    }
-    Windows(const Windows&) = delete;
-    Windows& operator=(const Windows&) = delete;
-
-    desktop::Form& Open(const char* screen) {
-        desktop::Form& form = qt.formOf(platform::Screens::Get(screen));
-        form.resize(1366, 768);
-        form.show();
-        QApplication::processEvents();
-        return form;
-    }
-    desktop::QtDesktop qt;
-
-   private:
-    platform::Desktop& before_;
-};
 
 void Plot_Of_Four_Functions(benchmark::State& state) {
     Start_Qt();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -30,8 +31,10 @@ constexpr const char* kScreens[] = {"frm_Inputnew", "frm_Animate"};
 struct Kind {
     const char* long_text;
     const char* short_text;
-    const char* code;
+    std::string_view code;
 };
+
+constexpr std::string_view kCannotConnect = "NL";
 
 Kind Classified() {
     std::array<Single, 4> s{Model.LinkArray(1), Model.LinkArray(2), Model.LinkArray(3), Model.LinkArray(4)};
@@ -39,7 +42,7 @@ Kind Classified() {
     const Single extremes = s[0] + s[3];
     const Single others = s[1] + s[2];
     const Single three = s[0] + s[1] + s[2];
-    if (three <= s[3]) return {"Can't Connect", "No Linkage", "NL"};
+    if (three <= s[3]) return {"Can't Connect", "No Linkage", kCannotConnect};
     if (others < extremes) return {"Linkage is Non-Grashof", "Non-Grashof", "N"};
     if (others == extremes) return {"Special-Case Grashof Linkage", "Special Case", "SC"};
     if (s[0] == Model.LinkArray(3)) return {"Grashof Double-Rocker", "Grashof Double-Rocker", "Y"};
@@ -79,6 +82,8 @@ double Toggle() {
     });
     return angle;
 }
+
+bool Closes_Somewhere() { return Classified().code != kCannotConnect; }
 
 const char* Grashof_Long_Text() {
     const char* text = "";

@@ -13,6 +13,9 @@ void Grashof();
 /// `opt_Calctype`(2). Gives the angle back, unrounded.
 double Toggle();
 
+/// Whether there is a position at which the lengths close.
+bool Closes_Somewhere();
+
 /// The long caption of `LinkArray`, for those who print it.
 const char* Grashof_Long_Text();
 

@@ -83,13 +83,17 @@ void Calc_Setup(Integer Calctype, Integer& Result) {
             return;
         }
         if (Model.Grashof_Code == "N") Toggle();
-        switch (Calctype) {
-            case 1: Oneposition(Result); break;
-            case 2: Timestep(Result); break;
-            case 3: Crankangle(Result); break;
-            default: break;
-        }
+        Generated_Run(Calctype, Result);
     });
+}
+
+bool Generated_Run(Integer Calctype, Integer& Result) {
+    switch (Calctype) {
+        case 1: Oneposition(Result); return true;
+        case 2: Timestep(Result); return true;
+        case 3: Crankangle(Result); return true;
+        default: return false;
+    }
 }
 
 void Run_Unasked(LinkageModel& model) {
@@ -98,12 +102,7 @@ void Run_Unasked(LinkageModel& model) {
     {
         const Told_As_One once;
         Integer Result;
-        switch (model.Calctype) {
-            case 1: Oneposition(Result); break;
-            case 2: Timestep(Result); break;
-            case 3: Crankangle(Result); break;
-            default: Imported_Run(Result); break;
-        }
+        if (!Generated_Run(model.Calctype, Result)) Imported_Run(Result);
     }
     model.CamDriven = cam;
     model.LinkDriven = link;

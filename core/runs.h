@@ -12,11 +12,14 @@ inline constexpr int kAborted = 3;
 inline constexpr int kRetrying = 4;
 inline constexpr int kIgnoring = 5;
 
-/// Every run drops what is known of the one before, and holds when it was made to its end and closes somewhere.
+// Every run drops what is known of the one before, and holds when it was made to its end and closes somewhere.
 
 /// Classifies the linkage and runs mode 1, 2 or 3. Lengths that cannot close at all are refused with a message, the
 /// buttons of the input screen go off, and Result stands.
 void Calc_Setup(Integer Calctype, Integer& Result);
+
+/// The run of mode 1, 2 or 3 as it stands; false for any other mode, and nothing is done.
+bool Generated_Run(Integer Calctype, Integer& Result);
 
 /// The run of the model as it stands, by its mode, without a word about positions that do not close; flags of the
 /// drive and the screens are as before it.

@@ -138,6 +138,7 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
                 control.Type(fromQt(text));
             },
             Deed::Kind::kTyped);
+        control.Notify();
     });
     return edit;
 }
@@ -256,6 +257,7 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
             control.SelectedAll = false;
             control.Text = fromQt(text);
         });
+        control.Notify();
     });
     QObject::connect(combo, &QComboBox::activated, combo, [&form, &control](int index) {
         form.act(control, [&] { control.Choose(index); });
@@ -286,7 +288,7 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
         bar->setSliderPosition(control.Value());
     });
     QObject::connect(bar, &QScrollBar::sliderReleased, bar,
-                     [&form, &control] { form.act(control, [&] { control.Drop(); }); });
+                     [&form, &control] { form.happen(control, [&] { control.Drop(); }); });
     return bar;
 }
 
@@ -331,7 +333,7 @@ QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
         if (control.Pages > 0)
             for (const DocumentPlaces::Heading& heading : view->headings())
                 control.Headings.push_back({heading.level, fromQt(heading.title), fromQt(heading.name)});
-        form.act(control, [&] {
+        form.happen(control, [&] {
             if (control.Pages > 0) control.Page = view->page();
             if (control.OnChange) control.OnChange();
         });
@@ -374,8 +376,8 @@ QObject* make(Form& form, Timer& control, QWidget* parent) {
     };
     control.Watcher();
     QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] {
-        form.act(
-            control, [&] { control.Tick(); }, Deed::Kind::kTimed);
+        const Deed at_work(control, Deed::Kind::kTimed);
+        form.happen(control, [&] { control.Tick(); });
     });
     return timer;
 }

@@ -1,6 +1,8 @@
-// The two ways in which a button is painted.
+// The two ways in which a button is painted, and what its letter does.
 #include "desktop/button.h"
 
+#include <QApplication>
+#include <QShortcutEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <algorithm>
@@ -49,6 +51,15 @@ void Button::paintEvent(QPaintEvent* event) {
     painter.drawItemText(QRect(0, place.bottom() + kBetween, width(), fontMetrics().height()),
                          Qt::AlignHCenter | (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic), palette(),
                          isEnabled(), text(), QPalette::ButtonText);
+}
+
+PromptLetters::PromptLetters() { qApp->installEventFilter(this); }
+
+bool PromptLetters::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) return false;
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    if (button) button->click();
+    return button != nullptr;
 }
 
 }  // namespace verlink::desktop

@@ -21,4 +21,14 @@ class Button : public QPushButton {
     bool above_ = false;
 };
 
+/// While one exists, any button that is pressed by its letter acts at once. By itself it would 100 ms later, wherever
+/// the user is by then.
+class PromptLetters : public QObject {
+   public:
+    PromptLetters();
+
+   protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+};
+
 }  // namespace verlink::desktop

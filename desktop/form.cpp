@@ -252,10 +252,22 @@ QPushButton* Form::buttonOf(CommandButton* button) const {
     return button ? qobject_cast<QPushButton*>(objectOf(*button)) : nullptr;
 }
 
+/// Is it up, with no other window or dialog over it? Keys that are pressed faster than windows come and go still find
+/// the widgets of the last one.
+bool Form::inUse() const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return !closing_ && !inPause() && isVisible() && (!modal || modal == this);
+}
+
 void Form::act(const Control& control, const std::function<void()>& deed, Deed::Kind kind) {
-    if (closing_ || inPause()) return;
+    const auto* widget = qobject_cast<QWidget*>(objectOf(control));
+    if (!inUse() || (widget && !widget->isEnabled())) return;
     const Deed at_work(control, kind);
     Guarded(control.ObjectName(), deed);
+}
+
+void Form::happen(const Control& control, const std::function<void()>& deed) {
+    if (!closing_ && !inPause()) Guarded(control.ObjectName(), deed);
 }
 
 /// Blanks at the end of a caption would push its words out of a narrow title bar.
@@ -281,7 +293,7 @@ bool Form::undoes(QKeyEvent* event, QWidget* at) {
         event->accept();
         return true;
     }
-    if (closing_ || inPause()) return true;
+    if (!inUse()) return true;
     const Deed at_work(undo ? "undo" : "redo");
     Guarded(screen_.Name(), [undo] { undo ? The_History().Undo() : The_History().Redo(); });
     return true;
@@ -322,7 +334,7 @@ void Form::watch(QWidget* widget, Visual& control) {
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (closing_ || inPause()) return;
+    if (!inUse()) return;
     const Deed at_work("closing");
     Guarded(screen_.Name(), [this] { screen_.Close(); });
 }
@@ -351,7 +363,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
     const bool forward = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if ((forward || event->key() == Qt::Key_Escape) && onlyTells()) {
         // Such a screen goes by a click, and by these keys as well.
-        if (!closing_ && !inPause()) Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
+        if (inUse()) Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
         return;
     }
     if (forward) {
@@ -365,7 +377,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::mouseReleaseEvent(QMouseEvent* event) {
     QMainWindow::mouseReleaseEvent(event);
     // What labels, frames and the bare window leave over; a press that began elsewhere is no click.
-    if (!closing_ && !inPause() && rect().contains(event->position().toPoint()))
+    if (inUse() && rect().contains(event->position().toPoint()))
         Guarded(screen_.Name(), [this] { screen_.Form_Click(); });
 }
 

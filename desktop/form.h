@@ -59,10 +59,12 @@ class Form : public QMainWindow {
     /// How many twips a pixel of the display has.
     static double twipsPerPixel();
 
-    /// Does what the user's hand asks, as a handler of that control. A failure in it is reported under the
-    /// control's name.
+    /// Does what the user's hand asks, as a handler of that control: only while the window is the one in use and the
+    /// control is open. A failure in it is reported under the control's name.
     void act(const platform::Control& control, const std::function<void()>& deed,
              platform::Deed::Kind kind = platform::Deed::Kind::kWhole);
+    /// Does what comes by itself (a pulse, a document that has been read), wherever the user is.
+    void happen(const platform::Control& control, const std::function<void()>& deed);
     /// Runs whenever colours or fonts of the desktop change.
     std::vector<std::function<void()>> restyle;
     /// The options of one array as one group.
@@ -90,6 +92,7 @@ class Form : public QMainWindow {
     void tellApart();
     bool onlyTells() const;
     bool undoes(QKeyEvent* event, QWidget* at);
+    bool inUse() const;
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;

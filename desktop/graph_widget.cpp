@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/curve_paint.h"
 #include "desktop/file_dialogs.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
@@ -52,6 +53,22 @@ QPen penOf(const QColor& color, double width, int pattern) {
     if (!dashes.empty()) pen.setDashPattern(QList<qreal>(dashes.begin(), dashes.end()));
     return pen;
 }
+
+/// The library's own painting of a curve takes seconds where it turns often or is enlarged far.
+class Curve : public QCPGraph {
+   public:
+    using QCPGraph::QCPGraph;
+
+   protected:
+    void drawLinePlot(QCPPainter* painter, const QVector<QPointF>& lines) const override {
+        applyDefaultAntialiasingHint(painter);
+        paintCurve(*painter, lines, clipRect(), pen());
+    }
+    void drawImpulsePlot(QCPPainter* painter, const QVector<QPointF>& lines) const override {
+        applyDefaultAntialiasingHint(painter);
+        paintSticks(*painter, lines, clipRect(), pen());
+    }
+};
 
 /// Labels every so many points, with ticks between them; fewer where they would not fit.
 class LabelTicker : public QCPAxisTicker {
@@ -335,7 +352,7 @@ class GraphWidget::Plot : public QCustomPlot {
     }
 
     QCPGraph* addCurve(const QVector<double>& keys, const Graph::Set& set) {
-        QCPGraph* curve = addGraph();
+        auto* curve = new Curve(xAxis, yAxis);  // the plot's
         curve->setAdaptiveSampling(false);
         curve->setData(keys, QVector<double>(set.values.begin(), set.values.end()), true);
         return curve;

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "desktop/icons.h"
+#include "desktop/memory.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
 #include "desktop/session.h"
@@ -23,6 +24,7 @@ bool haveDisplay() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    verlink::desktop::returnLargeBlocks();
     if (!haveDisplay()) {
         std::fputs(
             "verlink: there is no display to open windows on (DISPLAY and WAYLAND_DISPLAY are not set).\n"

@@ -3,6 +3,7 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QImage>
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
@@ -21,8 +22,14 @@ namespace {
 using platform::Picture;
 using Kind = Picture::Primitive::Kind;
 
-constexpr double kPen = 1.2;
-constexpr double kDot = 1.6;
+using platform::Point;
+
+constexpr double kPen = platform::PicturePixels::kPen;
+constexpr double kDot = platform::PicturePixels::kDot;
+/// A larger circle is written as the part of it that is seen, nowhere further from it than the other.
+constexpr double kVast = 1e4, kOff = 0.01;
+
+QPointF toQt(Point point) { return {point.x, point.y}; }
 
 /// Collects what has one colour and hands it to the painter in few calls: within one colour the order shows not.
 class Batch {
@@ -91,8 +98,9 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
     const double perX = size.width() / (picture.Right() - picture.Left());
     const double perY = size.height() / (picture.Bottom() - picture.Top());
     const auto place = [&](double x, double y) {
-        return QPointF((x - picture.Left()) * perX, (y - picture.Top()) * perY);
+        return Point{(x - picture.Left()) * perX, (y - picture.Top()) * perY};
     };
+    const platform::ClipBox seen = platform::ClipBox{0, 0, size.width(), size.height()}.Grown(2 * kPen);
     // A line along an axis of the screen goes through the middles of pixels, or it would be grey and two wide.
     const double density = painter.device()->devicePixelRatioF();
     const auto middle = [density](double value) { return (std::floor(value * density) + 0.5) / density; };
@@ -101,22 +109,30 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
     for (const auto& primitive : picture.Primitives()) {
         if (!primitive.alive) continue;
         batch.color(primitive.color);
-        QPointF from = place(primitive.x1, primitive.y1);
+        Point from = place(primitive.x1, primitive.y1);
         switch (primitive.kind) {
             case Kind::kSegment: {
-                QPointF to = place(primitive.x2, primitive.y2);
-                if (primitive.y1 == primitive.y2) {
-                    from.setY(middle(from.y()));
-                    to.setY(from.y());
-                } else if (primitive.x1 == primitive.x2) {
-                    from.setX(middle(from.x()));
-                    to.setX(from.x());
-                }
-                batch.segment(from, to);
+                Point to = place(primitive.x2, primitive.y2);
+                if (primitive.y1 == primitive.y2)
+                    from.y = to.y = middle(from.y);
+                else if (primitive.x1 == primitive.x2)
+                    from.x = to.x = middle(from.x);
+                if (Clip_Segment(seen, from, to)) batch.segment(toQt(from), toQt(to));
                 break;
             }
-            case Kind::kCircle: batch.circle(from, primitive.x2 * std::fabs(perX)); break;
-            case Kind::kDot: batch.dot(from); break;
+            case Kind::kCircle: {
+                const double radius = primitive.x2 * std::fabs(perX);
+                if (radius < kVast) {
+                    if (Circle_Seen(seen, from, radius)) batch.circle(toQt(from), radius);
+                    break;
+                }
+                const std::vector<Point> arc = Seen_Arc(seen, from, radius, kOff);
+                for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
+                break;
+            }
+            case Kind::kDot:
+                if (seen.Holds(from)) batch.dot(toQt(from));
+                break;
         }
     }
     batch.flush();
@@ -178,26 +194,31 @@ void PictureWidget::paintLines(QPainter& painter) const {
     painter.restore();
 }
 
+void PictureWidget::paintPixels(QPainter& painter, const QRectF& place) {
+    const double density = devicePixelRatioF();
+    const int wide = qRound(place.width() * density), high = qRound(place.height() * density);
+    if (revision_ != picture_.Revision() || pixels_.Wide() != wide || pixels_.High() != high)
+        pixels_.Paint(picture_, wide, high, density, place.width(), place.height());
+    revision_ = picture_.Revision();
+    const auto* bits = reinterpret_cast<const uchar*>(pixels_.Pixels().data());
+    QImage image(bits, wide, high, qsizetype{4} * wide, QImage::Format_RGB32);
+    image.setDevicePixelRatio(density);
+    painter.drawImage(place.topLeft(), image);
+    stale_ = false;
+}
+
+void PictureWidget::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    pixels_.Release();
+}
+
 void PictureWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF place = area();
     if (place.isEmpty()) return;
     const auto engine = painter.paintEngine()->type();
     if (engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2) {
-        const double density = devicePixelRatioF();
-        const QSize pixels(qRound(place.width() * density), qRound(place.height() * density));
-        if (image_.size() != pixels) {
-            image_ = QImage(pixels, QImage::Format_RGB32);
-            revision_ = picture_.Revision() - 1;
-        }
-        image_.setDevicePixelRatio(density);
-        if (revision_ != picture_.Revision()) {
-            QPainter inside(&image_);
-            paintPicture(inside, picture_, place.size());
-            revision_ = picture_.Revision();
-        }
-        painter.drawImage(place.topLeft(), image_);
-        stale_ = false;
+        paintPixels(painter, place);
     } else {
         painter.translate(place.topLeft());
         paintPicture(painter, picture_, place.size());

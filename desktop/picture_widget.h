@@ -2,7 +2,6 @@
 // is.
 #pragma once
 
-#include <QImage>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
@@ -10,10 +9,12 @@
 #include <vector>
 
 #include "platform/picture.h"
+#include "platform/picture_pixels.h"
 
 namespace verlink::desktop {
 
-/// Paints a picture into a rectangle of `size` logical pixels whose corner is the painter's origin.
+/// Paints a picture, for printing, as vectors, with all its points that are to be seen, into a rectangle of `size`
+/// logical pixels whose corner is the painter's origin.
 void paintPicture(QPainter& painter, const platform::Picture& picture, const QSizeF& size);
 inline void paintPicture(QPainter& painter, const platform::Picture& picture, double side) {
     paintPicture(painter, picture, QSizeF(side, side));
@@ -45,6 +46,7 @@ class PictureWidget : public QWidget {
 
    protected:
     void paintEvent(QPaintEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -53,10 +55,11 @@ class PictureWidget : public QWidget {
    private:
     void tellMouse(QMouseEvent* event);
     void paintLines(QPainter& painter) const;
+    void paintPixels(QPainter& painter, const QRectF& place);
 
     platform::Picture& picture_;
     std::vector<std::string> lines_;
-    QImage image_;
+    platform::PicturePixels pixels_;
     std::uint64_t revision_ = 0;
     bool stale_ = true;
     bool fills_ = false;

@@ -119,28 +119,41 @@ void QtDesktop::Print_Pages(const std::vector<std::vector<std::string>>& pages) 
     if (!printPages(printer(), pages, footOf(true))) Raise(kPrinterError);
 }
 
+/// Each window lies over the one that was shown before it. The toolkit follows that chain to its end, so it must have
+/// one: a window that is hidden is out of it.
+void QtDesktop::chain() {
+    QWindow* below = nullptr;
+    for (Form* form : shown_) {
+        form->windowHandle()->setTransientParent(below);
+        below = form->windowHandle();
+    }
+}
+
+void QtDesktop::takeAway(Form& form) {
+    std::erase(shown_, &form);
+    form.hide();
+    if (QWindow* window = form.windowHandle()) window->setTransientParent(nullptr);
+    chain();
+}
+
 void QtDesktop::Show_Window(Screen& screen) {
     countInterruption();
     Form& form = formOf(screen);
-    if (form.isVisible() && top() != &form) form.hide();
+    if (form.isVisible() && top() != &form) takeAway(form);
     std::erase(shown_, &form);
     form.applyShape();
-    if (!form.isVisible()) {
-        // Only a window over others is modal: a lone one keeps all that the window manager offers.
-        form.setWindowModality(shown_.empty() ? Qt::NonModal : Qt::ApplicationModal);
-        form.winId();
-        form.windowHandle()->setTransientParent(top() ? top()->windowHandle() : nullptr);
-    }
+    // Only a window over others is modal: a lone one keeps all that the window manager offers.
+    if (!form.isVisible()) form.setWindowModality(shown_.empty() ? Qt::NonModal : Qt::ApplicationModal);
+    form.winId();
     shown_.push_back(&form);
+    chain();
     form.show();
     form.raise();
     form.activateWindow();
 }
 
 void QtDesktop::Hide_Window(Screen& screen) {
-    Form& form = formOf(screen);
-    std::erase(shown_, &form);
-    form.hide();
+    takeAway(formOf(screen));
     if (Form* below = top()) below->activateWindow();
     endShowings();
 }
@@ -162,8 +175,7 @@ void QtDesktop::endShowings() {
 }
 
 void QtDesktop::On_Ending() {
-    for (Form* form : shown_) form->hide();
-    shown_.clear();
+    while (!shown_.empty()) takeAway(*shown_.back());
     endShowings();
 }
 

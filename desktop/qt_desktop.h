@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/button.h"
 #include "platform/desktop.h"
 
 class QEventLoop;
@@ -55,11 +56,14 @@ class QtDesktop : public platform::Desktop {
     };
 
     Form* top() const;
+    void chain();
+    void takeAway(Form& form);
     QString startFolder() const;
     void endShowings();
     QPrinter& printer();
     QString footOf(bool headed);
 
+    PromptLetters letters_;
     std::map<platform::Screen*, std::unique_ptr<Form>> forms_;
     std::vector<Form*> shown_;  ///< oldest first
     std::vector<Showing> showings_;

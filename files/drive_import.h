@@ -8,8 +8,8 @@
 
 namespace verlink {
 
-// Both read a file whole before anything of it enters the record: a model that is refused, or breaks off, leaves the
-// one in hand as it was. `path` is that of the file; without one, its names stay as the caller has set them.
+// Both read a file whole before anything of it enters the record: a file that is refused, or breaks off, leaves the
+// model as it was. `path` is that of the file; without one, its names stay as the caller has set them.
 
 /// An .sva file: a cam-driven run (`Calctype` 4), with the linkage when the file has one, in the units of the file; the
 /// rest of the model is converted to these. Six-link and slider files are refused with a message. Failures go to the

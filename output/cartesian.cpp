@@ -50,10 +50,7 @@ void Show_Initial_Frame(Screen& screen) {
 }
 
 /// The unit in a graph of several functions and in a window of the aligned style, which have none for a transform.
-std::string Unit_Of(int slot) {
-    const std::string unit = Slot_Unit(slot, "Deg");
-    return Model.FFTFunction && unit != "Deg" ? "" : unit;
-}
+std::string Unit_Of(int slot) { return Model.FFTFunction && !Slot_Is_Angle(slot) ? "" : Slot_Unit(slot, "Deg"); }
 
 std::vector<std::string> Point_Labels() {
     const int decimals = Output_Axis() == Axis::kAngle ? 0 : 2;

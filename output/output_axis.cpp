@@ -22,9 +22,13 @@ std::string Point_Text(int point, int decimals) {
     }
 }
 
-std::string Slot_Unit(int slot, const char* degrees) {
+bool Slot_Is_Angle(int slot) {
     constexpr int kAngle = 3;
-    if (Model.FuncComponent(slot) == kAngle) return degrees;
+    return Model.FuncComponent(slot) == kAngle;
+}
+
+std::string Slot_Unit(int slot, const char* degrees) {
+    if (Slot_Is_Angle(slot)) return degrees;
     return Model.FFTFunction ? Model.FFTUnitLabel : Model.UnitLabel(Model.FuncGroup(slot));
 }
 

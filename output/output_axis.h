@@ -16,6 +16,8 @@ int Last_Point();
 /// Where a point stands, to so many decimals; a harmonic has none.
 std::string Point_Text(int point, int decimals);
 
+/// Whether a slot's values are the angles of a vector.
+bool Slot_Is_Angle(int slot);
 /// The unit of a slot's values: that of its variable, or of what was transformed; an angle has `degrees`.
 std::string Slot_Unit(int slot, const char* degrees);
 

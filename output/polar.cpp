@@ -55,11 +55,11 @@ void Draw_Grid(Screen& screen, const OutputSettings& plot) {
     PolarTicmarks(screen, 0, plot.PlotYmax, kTics);
 }
 
-/// The vectors and the path, by the mode, from one step to another.
-void Draw_By_Mode(Surface& surface, const OutputSettings& plot, Color color, int first, int last) {
+/// The vectors and the path, by the mode, up to a step.
+void Draw_By_Mode(Surface& surface, const OutputSettings& plot, Color color, int last) {
     if (plot.PolarMode != kEnvelope)
-        for (int i = first; i <= last; ++i) Draw_Vector(surface, plot, color, i);
-    if (plot.PolarMode != kVectors) Draw_Path(surface, plot, color, first, last);
+        for (int i = 0; i <= last; ++i) Draw_Vector(surface, plot, color, i);
+    if (plot.PolarMode != kVectors) Draw_Path(surface, plot, color, 0, last);
 }
 
 /// The tips of the vectors of a slot. A function that has no vector leaves magnitude and angle as they are.
@@ -118,7 +118,7 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         if (!Model.WindowFailed) {
             Draw_Grid(screen, Model);
             Surface& surface = Canvas(screen);
-            Draw_By_Mode(surface, Model, Model.ColorBlue, 0, Model.NSteps);
+            Draw_By_Mode(surface, Model, Model.ColorBlue, Model.NSteps);
             if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), Model.ColorBlue);
         }
         const int d = Decimals_Of(Model.PlotYmax);

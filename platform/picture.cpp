@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
+#include "platform/clip.h"
 #include "platform/failure.h"
 
 namespace verlink::platform {
@@ -55,7 +57,7 @@ std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
 
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
     if (index_.empty()) Compact();
-    const Primitive primitive{kind, true, color, x1, y1, x2, y2};
+    const Primitive primitive{kind, true, color, strokes_, x1, y1, x2, y2};
     const Key key = KeyOf(primitive);
     const std::uint32_t hash = key.Hash();
     std::size_t place = Seek(key, hash);
@@ -101,6 +103,8 @@ void Picture::Compact() {
 void Picture::Clear() {
     list_.clear();
     alive_ = 0;
+    strokes_ = 0;
+    ++epoch_;
     if (++generation_ == 0) {
         index_.assign(index_.size(), {});
         generation_ = 1;
@@ -139,6 +143,7 @@ void Picture::Scale(double x1, double y1, double x2, double y2) {
     across_ = kGrid / std::abs(wide);
     down_ = kGrid / std::abs(high);
     if (!list_.empty()) Compact();
+    ++epoch_;
     Touch();
 }
 
@@ -186,8 +191,7 @@ namespace {
 
 /// Up to two decimals, none that are zero.
 std::string Short(double value) {
-    constexpr double kFar = 1e7;
-    value = std::round(std::clamp(value, -kFar, kFar) * 100) / 100;
+    value = std::round(value * 100) / 100;
     if (value == 0) return "0";
     char buffer[32];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, value);
@@ -206,46 +210,89 @@ std::string Hex(Color color) {
 
 }  // namespace
 
-std::string Picture::Svg(int side) const {
-    const double pixels = side;
-    const auto x_of = [&](double x) { return (x - left_) / (right_ - left_) * pixels; };
-    const auto y_of = [&](double y) { return (y - top_) / (bottom_ - top_) * pixels; };
-    const std::string size = Short(pixels);
-    const std::string thin = Short(pixels / 400);
-    std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + size + "\" height=\"" + size +
-                       "\" viewBox=\"0 0 " + size + " " + size + "\">\n<rect width=\"" + size + "\" height=\"" + size +
-                       "\" fill=\"" + Hex(back_) + "\"/>\n<g fill=\"none\" stroke-width=\"" + thin +
-                       "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n";
-    // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
-    const Primitive* last = nullptr;
-    const auto end_path = [&] {
-        if (last) text += "\"/>\n";
-        last = nullptr;
-    };
-    for (const Primitive& primitive : list_) {
-        if (!primitive.alive) continue;
-        const std::string x = Short(x_of(primitive.x1));
-        const std::string y = Short(y_of(primitive.y1));
-        if (primitive.kind == Primitive::Kind::kSegment) {
-            if (!last || last->color != primitive.color) {
-                end_path();
-                text += "<path stroke=\"" + Hex(primitive.color) + "\" d=\"";
-            }
-            if (!last || last->x2 != primitive.x1 || last->y2 != primitive.y1) text += "M" + x + " " + y;
-            text += "L" + Short(x_of(primitive.x2)) + " " + Short(y_of(primitive.y2));
-            last = &primitive;
-            continue;
+/// Writes what of a list is seen, in pixels.
+class Picture::SvgPen {
+   public:
+    SvgPen(const Picture& picture, double pixels)
+        : picture_(picture),
+          pixels_(pixels),
+          thin_(Short(pixels / 400)),
+          seen_(ClipBox{0, 0, pixels, pixels}.Grown(2)) {}
+
+    std::string Written() && {
+        for (const Primitive& primitive : picture_.list_) {
+            if (!primitive.alive) continue;
+            const Point at = Place(primitive.x1, primitive.y1);
+            const double radius = std::abs(primitive.x2 / (picture_.right_ - picture_.left_)) * pixels_;
+            if (primitive.kind == Primitive::Kind::kSegment)
+                Segment(at, Place(primitive.x2, primitive.y2), primitive.color);
+            else if (primitive.kind == Primitive::Kind::kDot)
+                Dot(at, primitive.color);
+            else
+                Round(at, radius, primitive.color);
         }
-        end_path();
-        text += "<circle cx=\"" + x + "\" cy=\"" + y + "\" r=\"";
-        if (primitive.kind == Primitive::Kind::kDot)
-            text += thin + "\" fill=\"" + Hex(primitive.color) + "\"/>\n";
-        else
-            text += Short(std::abs(primitive.x2 / (right_ - left_)) * pixels) + "\" stroke=\"" + Hex(primitive.color) +
-                    "\"/>\n";
+        End_Path();
+        return std::move(text_);
     }
-    end_path();
-    return text + "</g>\n</svg>\n";
+
+   private:
+    Point Place(double x, double y) const {
+        return {(x - picture_.left_) / (picture_.right_ - picture_.left_) * pixels_,
+                (y - picture_.top_) / (picture_.bottom_ - picture_.top_) * pixels_};
+    }
+    static std::string Pair(Point at) { return Short(at.x) + " " + Short(at.y); }
+
+    // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
+    void Segment(Point from, Point to, Color color) {
+        if (!Clip_Segment(seen_, from, to)) return;
+        if (!in_path_ || color_ != color) {
+            End_Path();
+            text_ += "<path stroke=\"" + Hex(color) + "\" d=\"";
+        }
+        if (!in_path_ || end_ != from) text_ += "M" + Pair(from);
+        text_ += "L" + Pair(to);
+        in_path_ = true;
+        color_ = color;
+        end_ = to;
+    }
+    void Dot(Point at, Color color) {
+        End_Path();
+        if (seen_.Holds(at)) Element(at, thin_ + "\" fill=\"", color);
+    }
+    void Round(Point at, double radius, Color color) {
+        if (radius > kVast) {
+            const std::vector<Point> arc = Seen_Arc(seen_, at, radius, 0.01);
+            for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1], arc[i], color);
+            return;
+        }
+        End_Path();
+        if (Circle_Seen(seen_, at, radius)) Element(at, Short(radius) + "\" stroke=\"", color);
+    }
+    void Element(Point at, const std::string& rest, Color color) {
+        text_ += "<circle cx=\"" + Short(at.x) + "\" cy=\"" + Short(at.y) + "\" r=\"" + rest + Hex(color) + "\"/>\n";
+    }
+    void End_Path() {
+        if (in_path_) text_ += "\"/>\n";
+        in_path_ = false;
+    }
+
+    static constexpr double kVast = 1e5;  ///< a larger circle is written as the part of it that is seen
+    const Picture& picture_;
+    double pixels_;
+    std::string thin_, text_;
+    ClipBox seen_;
+    bool in_path_ = false;
+    Color color_ = 0;
+    Point end_{};
+};
+
+std::string Picture::Svg(int side) const {
+    const std::string size = Short(side);
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + size + "\" height=\"" + size + "\" viewBox=\"0 0 " +
+           size + " " + size + "\">\n<rect width=\"" + size + "\" height=\"" + size + "\" fill=\"" + Hex(back_) +
+           "\"/>\n<g fill=\"none\" stroke-width=\"" + Short(side / 400.0) +
+           "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n" + SvgPen(*this, side).Written() +
+           "</g>\n</svg>\n";
 }
 
 }  // namespace verlink::platform

@@ -15,8 +15,9 @@ namespace verlink::platform {
 /// list, so that erasing leaves neither fringes nor holes in other curves; drawing it again in another colour, or
 /// in the same, moves it to the top. A primitive in the back colour that matches no earlier one stays, as a
 /// stroke in the back colour, unless it was itself erased since the last stroke was added: what was drawn twice may
-/// be erased twice. Two primitives are the same when their kind and their coordinates, rounded to 1/65536 of the
-/// window, agree.
+/// be erased twice. Two primitives are the same when their kind and their coordinates, rounded to 2^-24 of the
+/// window, agree: what a single number tells apart. Coarser, and positions of a run would count as the same that only
+/// lie near each other.
 class Picture : public Surface {
    public:
     struct Primitive {
@@ -24,8 +25,9 @@ class Picture : public Surface {
         Kind kind;
         bool alive;
         Color color;
-        double x1, y1;  ///< start, centre or dot, world
-        double x2, y2;  ///< end of a segment; for a circle x2 is the radius
+        std::uint32_t stroke;  ///< grows from one to the next of the list
+        double x1, y1;         ///< start, centre or dot, world
+        double x2, y2;         ///< end of a segment; for a circle x2 is the radius
     };
 
     void Scale(double x1, double y1, double x2, double y2) override;
@@ -49,14 +51,19 @@ class Picture : public Surface {
     double Bottom() const { return bottom_; }
     /// Grows with every change, so that a painter knows when its image is stale.
     std::uint64_t Revision() const { return revision_; }
+    /// Another one whenever all that was drawn has gone or moved: until then, what is added comes behind.
+    std::uint64_t Epoch() const { return epoch_; }
+    /// How many strokes were added since the list was empty; the next one has this number.
+    std::uint32_t Strokes() const { return strokes_; }
 
-    /// The picture as a square SVG document, `side` pixels wide.
+    /// The picture as a square SVG document, `side` pixels wide, with all its points that are to be seen.
     std::string Svg(int side) const;
 
     /// Raised after every change; for the toolkit's side.
     std::function<void()> Changed;
 
    private:
+    class SvgPen;
     /// What a primitive is known by: its kind and its rounded coordinates.
     struct Key {
         std::int64_t kind, a, b, c, d;
@@ -87,15 +94,15 @@ class Picture : public Surface {
     std::vector<Primitive> list_;
     std::vector<Slot> index_;  ///< open addressing, a power of two, at most half full
     std::uint32_t generation_ = 1;
-    std::uint32_t strokes_ = 0;  ///< how many were added to the list so far
+    std::uint32_t strokes_ = 0;  ///< how many were added to the list since it was empty
     std::size_t alive_ = 0;
     Color back_ = 0xFFFFFF;
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
     double across_ = kGrid, down_ = kGrid;  ///< grid lines of the rounding in one unit of world x and y
     double x_ = 0, y_ = 0;                  ///< the current point
-    std::uint64_t revision_ = 0;
+    std::uint64_t revision_ = 0, epoch_ = 0;
 
-    static constexpr double kGrid = 65536;
+    static constexpr double kGrid = 1 << 24;
 };
 
 }  // namespace verlink::platform

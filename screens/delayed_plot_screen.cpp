@@ -19,9 +19,6 @@ Delayed_Plot_Screen::Delayed_Plot_Screen(const std::string& name, const std::str
 
 void Delayed_Plot_Screen::Form_Activate() {
     Guarded(Procedure("Activate"), [&] {
-        // It has not been left: the user comes back from the help.
-        if (showing_ == Hidings()) return;
-        showing_ = Hidings();
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Start_Plot();
     });

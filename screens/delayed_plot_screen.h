@@ -28,7 +28,6 @@ class Delayed_Plot_Screen : public Plot_Screen {
 
    private:
     std::chrono::steady_clock::time_point activated_;
-    int showing_ = -1;  ///< `Hidings` when this plot came up
 };
 
 }  // namespace verlink

@@ -3,11 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <memory>
-#include <numeric>
 
 #include "animation/engine.h"
+#include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
@@ -58,12 +57,11 @@ void Make_Room_For_Weights() {
 
 /// Whether there is a linkage to be shown: limits have been read, and the lengths reach.
 bool Can_Close() {
-    const double lengths[] = {Model.L1, Model.L2, Model.L3, Model.L4};
-    const auto [shortest, longest] = std::minmax_element(std::begin(lengths), std::end(lengths));
-    const double sum = std::accumulate(std::begin(lengths), std::end(lengths), 0.0);
+    const auto [shortest, longest] =
+        std::minmax({double{Model.L1}, double{Model.L2}, double{Model.L3}, double{Model.L4}});
     constexpr double kBeyondSense = 1e12;
-    return Model.NSteps >= 0 && Model.NSteps <= kLastStep && *shortest > 0 && *longest < kBeyondSense &&
-           2 * *longest < sum;
+    return Model.NSteps >= 0 && Model.NSteps <= kLastStep && shortest > 0 && longest < kBeyondSense &&
+           Closes_Somewhere();
 }
 
 }  // namespace

@@ -198,6 +198,7 @@ Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(b
 
 void Synthesis_Screen::cmd_Calc_Click() {
     const SynthesisData before = Model;
+    const std::vector<std::string> shown = Shown_Results();
     const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
         if (!Solve()) return;
         Allow_Results(true);
@@ -205,7 +206,27 @@ void Synthesis_Screen::cmd_Calc_Click() {
             if (auto* box = dynamic_cast<TextBox*>(control)) box->Settle();
     });
     // A number that no field holds takes none of the others in.
-    if (!ended) static_cast<SynthesisData&>(Model) = before;
+    if (ended) return;
+    static_cast<SynthesisData&>(Model) = before;
+    Show_Results(shown);
+}
+
+std::vector<platform::TextBox*> Synthesis_Screen::Result_Boxes() {
+    std::vector<TextBox*> boxes;
+    for (platform::Control* control : Controls())
+        if (auto* box = dynamic_cast<TextBox*>(control); box && box->Locked) boxes.push_back(box);
+    return boxes;
+}
+
+std::vector<std::string> Synthesis_Screen::Shown_Results() {
+    std::vector<std::string> texts;
+    for (const TextBox* box : Result_Boxes()) texts.push_back(box->Text);
+    return texts;
+}
+
+void Synthesis_Screen::Show_Results(const std::vector<std::string>& texts) {
+    auto text = texts.begin();
+    for (TextBox* box : Result_Boxes()) box->Text = *text++;
 }
 
 void Synthesis_Screen::cmd_Done_Click() {

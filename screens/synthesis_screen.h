@@ -148,6 +148,11 @@ class Synthesis_Screen : public platform::Screen {
     static std::string Number_Text(const TextBox& box);
 
    private:
+    /// The boxes that only a calculation fills, and what they show.
+    std::vector<platform::TextBox*> Result_Boxes();
+    std::vector<std::string> Shown_Results();
+    void Show_Results(const std::vector<std::string>& texts);
+
     struct Follower {
         Label* name;
         Label* value;

@@ -8,10 +8,10 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 #include "batch/batch.h"
+#include "tests/support/files.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -129,16 +129,13 @@ BatchFixture::~BatchFixture() {
 }
 
 std::string BatchFixture::Write(const std::string& name, const std::string& content) const {
-    std::ofstream(Path(name), std::ios::binary) << content;
+    Put_File(Path(name), content);
     return Path(name);
 }
 
 std::string BatchFixture::Read(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file.good()) << path;
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
+    EXPECT_TRUE(std::filesystem::exists(path)) << path;
+    return Held(path);
 }
 
 Outcome BatchFixture::Run(const std::vector<std::string>& arguments) {

@@ -1,33 +1,10 @@
-// The process of the tests with real widgets: a Qt application on the platform that needs no display.
+// The process of the tests with real widgets.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QTemporaryDir>
-#include <cstdio>
-#include <cstdlib>
-
-#include "desktop/quiet_style.h"
-
-namespace {
-
-/// The offscreen platform says at each window what it cannot do; everything else is worth reading.
-void Log(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (text.contains(QStringLiteral("This plugin does not support"))) return;
-    std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
-    if (type == QtFatalMsg) std::abort();
-}
-
-}  // namespace
+#include "tests/support/offscreen.h"
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QTemporaryDir session;
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", session.path().toUtf8());
-    qInstallMessageHandler(Log);
     testing::InitGoogleTest(&argc, argv);
-    QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setStyle(new verlink::desktop::QuietStyle);
-    QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);
+    const verlink::test::Offscreen offscreen(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,4 +1,5 @@
 // The picture is painted clean and crisp, and knows where the mouse is.
+#include <QElapsedTimer>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
@@ -6,6 +7,7 @@
 #include <QPicture>
 #include <QTemporaryDir>
 #include <cmath>
+#include <cstdlib>
 
 #include "desktop/picture_widget.h"
 #include "desktop/theme.h"
@@ -109,6 +111,64 @@ TEST(PaintTest, Nothing_is_painted_outside_the_square) {
     painter.end();
     EXPECT_EQ(image.pixel(48, 50), qRgb(0, 0, 255));
     EXPECT_EQ(image.pixel(152, 59), qRgb(0, 0, 255));
+}
+
+// On a screen the program paints by itself, on paper Qt does.
+TEST(PaintTest, A_screen_shows_what_paper_does) {
+    Picture picture;
+    picture.Scale(-5, -5, 5, 5);
+    DrawCurve(picture, kGreen);
+    for (int i = 0; i < 8; ++i) DrawLinkage(picture, i * 0.7, kMagenta);
+    picture.Line(-4.5, 0, 4.5, 0, kBlack);
+    picture.Circle(1, 1, 3.3, kBlack);
+    picture.Circle(-1e5, 0, 1e5 - 4, kBlack);
+    picture.Line(-1e6, -1e6 + 1, 1e6, 1e6 + 1, kMagenta);
+    for (int i = 0; i < 20; ++i) picture.PSet(-4 + 0.3 * i, 4, kBlack);
+    for (const double density : {1.0, 2.0}) {
+        const QImage paper = Painted(picture, 400, density);
+        platform::PicturePixels pixels;
+        pixels.Paint(picture, paper.width(), paper.height(), density);
+        double apart = 0, ink = 0;
+        for (int y = 0; y < paper.height(); ++y)
+            for (int x = 0; x < paper.width(); ++x) {
+                const int there = qGray(paper.pixel(x, y));
+                const int here = qGray(pixels.Pixels()[static_cast<std::size_t>(y * paper.width() + x)]);
+                apart += std::abs(there - here);
+                ink += 255 - there;
+            }
+        EXPECT_GT(ink, 255 * 3000);
+        EXPECT_LT(apart, 0.12 * ink) << "at density " << density;
+    }
+}
+
+TEST(PaintTest, Vast_things_are_painted_at_once) {
+    Picture picture;
+    picture.Scale(-5, -5, 5, 5);
+    for (int i = 0; i < 500; ++i) {
+        picture.Line(-1e9, 1e9 - i * 0.01, 1e9, -1e9 - i * 0.01, kMagenta);
+        picture.Circle(i * 1e7, 0, i * 1e7 + 3, kBlack);
+        picture.LineTo(1e12, 1e15, kGreen);
+    }
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(Painted(picture, 400).pixel(1, 1), qRgb(255, 255, 255));
+    EXPECT_LT(timer.elapsed(), 5000) << "each took hundreds of milliseconds when it was not cut";
+}
+
+TEST(PictureWidgetTest, A_window_that_is_hidden_keeps_no_pixels_and_shows_them_again) {
+    Picture picture;
+    picture.Scale(0, 0, 1, 1);
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(202, 202);
+    widget.show();
+    picture.Line(0, 0.5, 1, 0.5, kMagenta);
+    widget.paintNow();
+    widget.hide();
+    picture.Line(0.5, 0, 0.5, 0.2, kMagenta);
+    widget.show();
+    const QImage shown = widget.grab().toImage();
+    EXPECT_EQ(shown.pixel(50, 101), qRgb(255, 0, 255));
+    EXPECT_EQ(shown.pixel(101, 20), qRgb(255, 0, 255));
 }
 
 TEST(PictureWidgetTest, Lines_of_text_are_printed_within_the_picture_only) {

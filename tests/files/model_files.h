@@ -1,8 +1,6 @@
 // What the tests of the model file share: the program as it is once started, and files as lists of lines.
 #pragma once
 
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -11,6 +9,7 @@
 #include "files/model_file.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
+#include "tests/support/files.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -38,17 +37,6 @@ class ModelFiles : public Fixture {
         desktop.Expect_Screen("frm_Inputnew", [](platform::Screen& screen) { screen.Hide(); });
     }
 };
-
-inline std::string Held(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
-inline void Put_File(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-}
 
 /// The lines of a file without their CR LF; line n of the file is entry n - 1.
 inline std::vector<std::string> Lines(const std::string& content) {

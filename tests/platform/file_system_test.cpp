@@ -11,11 +11,10 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 #include "platform/failure.h"
+#include "tests/support/files.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -35,15 +34,6 @@ long Failure_Of(Action action) {
         return failure.Number();
     }
 }
-
-std::string Held(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
-void Put(const std::string& path, const std::string& content) { std::ofstream(path, std::ios::binary) << content; }
 
 std::set<std::string> Names_In(const std::string& folder) {
     std::set<std::string> names;
@@ -99,7 +89,7 @@ TEST_F(FileSystem, AnEmptyFileIsAFile) {
 }
 
 TEST_F(FileSystem, AShorterFileReplacesALongerOneWhole) {
-    Put(In("a.vlk"), Bytes(5000));
+    Put_File(In("a.vlk"), Bytes(5000));
     Write_File(In("a.vlk"), "short");
     EXPECT_EQ(Held(In("a.vlk")), "short");
 }
@@ -113,14 +103,14 @@ TEST_F(FileSystem, ReadingSaysWhatIsWrong) {
 
 TEST_F(FileSystem, AFileWithoutPermissionCannotBeRead) {
     if (Is_Root()) GTEST_SKIP() << "root may read everything";
-    Put(In("a.vlk"), "held");
+    Put_File(In("a.vlk"), "held");
     ::chmod(In("a.vlk").c_str(), 0);
     EXPECT_EQ(Failure_Of([&] { Read_File(In("a.vlk")); }), kPathAccess);
 }
 
 TEST_F(FileSystem, ALostFolderIsADiskThatIsNotReady) {
     EXPECT_EQ(Failure_Of([&] { Write_File(In("gone/a.vlk"), "x"); }), kDiskNotReady);
-    Put(In("file"), "held");
+    Put_File(In("file"), "held");
     EXPECT_EQ(Failure_Of([&] { Write_File(In("file/a.vlk"), "x"); }), kDiskNotReady);
     EXPECT_EQ(Failure_Of([&] { Write_File("", "x"); }), kDiskNotReady);
     EXPECT_EQ(Names_In(Folder()), std::set<std::string>{"file"});
@@ -149,7 +139,7 @@ TEST_F(FileSystem, NamesInAnyScriptAndWithBlanksAreTakenAsTheyAre) {
 }
 
 TEST_F(FileSystem, AWriteProtectedFileStays) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     ::chmod(In("a.vlk").c_str(), 0444);
     if (Is_Root()) GTEST_SKIP() << "root may write everything";
     EXPECT_EQ(Failure_Of([&] { Write_File(In("a.vlk"), "new"); }), kPathAccess);
@@ -159,7 +149,7 @@ TEST_F(FileSystem, AWriteProtectedFileStays) {
 
 TEST_F(FileSystem, AWriteProtectedFolderKeepsItsFile) {
     if (Is_Root()) GTEST_SKIP() << "root may write everything";
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     ::chmod(Folder().c_str(), 0555);
     EXPECT_EQ(Failure_Of([&] { Write_File(In("a.vlk"), "new"); }), kPathAccess);
     EXPECT_EQ(Failure_Of([&] { Write_File(In("b.vlk"), "new"); }), kPathAccess);
@@ -171,7 +161,7 @@ TEST_F(FileSystem, AWriteProtectedFolderKeepsItsFile) {
 // As root the two cases above are played by a child that has given its rights up.
 TEST_F(FileSystem, WithoutRightsNothingIsReplaced) {
     if (!Is_Root()) GTEST_SKIP() << "only root can give rights up";
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     ::chmod(In("a.vlk").c_str(), 0644);
     ::chmod(Folder().c_str(), 0755);
     ::chmod(fs::path(Folder()).parent_path().c_str(), 0755);
@@ -186,7 +176,7 @@ TEST_F(FileSystem, WithoutRightsNothingIsReplaced) {
 }
 
 TEST_F(FileSystem, PermissionsAndOwnerOfTheOldFileStay) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     for (const mode_t mode : {mode_t{0600}, mode_t{0640}, mode_t{0664}, mode_t{0755}}) {
         ::chmod(In("a.vlk").c_str(), mode);
         if (Is_Root()) {
@@ -210,7 +200,7 @@ TEST_F(FileSystem, ANewFileHasTheUsersUsualPermissions) {
 
 TEST_F(FileSystem, ALinkStaysALinkAndItsFileIsReplaced) {
     fs::create_directory(In("real"));
-    Put(In("real/a.vlk"), "old");
+    Put_File(In("real/a.vlk"), "old");
     fs::create_symlink("real/a.vlk", In("near.vlk"));
     fs::create_symlink("near.vlk", In("far.vlk"));
     fs::create_symlink(In("real/a.vlk"), In("absolute.vlk"));
@@ -244,7 +234,7 @@ TEST_F(FileSystem, AFullDeviceIsAFullDisk) {
 }
 
 TEST_F(FileSystem, AFileThatGrowsTooLargeLeavesTheOldOneWhole) {
-    Put(In("a.vlk"), "old");
+    Put_File(In("a.vlk"), "old");
     const int failure = In_Child([&] {
         ::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{4096, 4096};
@@ -276,7 +266,7 @@ TEST_F(FileSystem, AFullDiskLeavesTheOldFileWhole) {
 }
 
 TEST_F(FileSystem, AFileThatIsToStayIsKeptUnderTheFirstFreeNameWithItsPermissions) {
-    Put(In("a.trq"), Bytes(5000));
+    Put_File(In("a.trq"), Bytes(5000));
     ::chmod(In("a.trq").c_str(), 0600);
     EXPECT_EQ(Write_File_And_Keep(In("a.trq"), "new"), In("a.trq~"));
     EXPECT_EQ(Write_File_And_Keep(In("a.trq"), "newer"), In("a.trq~~"));
@@ -288,12 +278,12 @@ TEST_F(FileSystem, AFileThatIsToStayIsKeptUnderTheFirstFreeNameWithItsPermission
 
 TEST_F(FileSystem, AFileThatCannotBeKeptIsNotReplacedAndNoneIsKeptOfOneThatCannotBeReplaced) {
     const std::string longest(255, 'n');  // with one letter more it is no name
-    Put(In(longest), "old");
+    Put_File(In(longest), "old");
     EXPECT_EQ(Failure_Of([&] { Write_File_And_Keep(In(longest), "new"); }), kBadFileName);
     EXPECT_EQ(Held(In(longest)), "old");
     fs::remove(In(longest));
 
-    Put(In("a.trq"), "old");
+    Put_File(In("a.trq"), "old");
     const int failure = In_Child([&] {
         ::signal(SIGXFSZ, SIG_IGN);
         const rlimit little{100, 100};
@@ -306,7 +296,7 @@ TEST_F(FileSystem, AFileThatCannotBeKeptIsNotReplacedAndNoneIsKeptOfOneThatCanno
 }
 
 TEST_F(FileSystem, FoldersAndDevicesAreNoPlainFiles) {
-    Put(In("a.vlk"), "");
+    Put_File(In("a.vlk"), "");
     fs::create_symlink("a.vlk", In("link"));
     EXPECT_TRUE(Is_Plain_File(In("a.vlk")));
     EXPECT_TRUE(Is_Plain_File(In("link")));
@@ -319,7 +309,7 @@ TEST_F(FileSystem, FoldersAreMadeWithThoseAboveThem) {
     EXPECT_TRUE(fs::is_directory(In("a/b/c")));
     EXPECT_TRUE(Make_Folder(In("a/b/c")));
     EXPECT_TRUE(Make_Folder(In("a/b/c/")));
-    Put(In("file"), "held");
+    Put_File(In("file"), "held");
     EXPECT_FALSE(Make_Folder(In("file/d")));
     EXPECT_FALSE(File_Exists(In("none")));
     EXPECT_TRUE(File_Exists(In("file")));

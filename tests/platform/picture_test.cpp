@@ -138,7 +138,7 @@ TEST_F(PictureTest, WhatWasDrawnTwiceMayBeErasedTwice) {
 }
 
 TEST_F(PictureTest, CoordinatesAgreeWhenTheyRoundToTheSameGridLine) {
-    const double grid = 20.0 / 65536;
+    const double grid = 20.0 / (1 << 24);
     picture.Circle(1 * grid, 0, 1000 * grid, kRed);
     picture.Circle(1.3 * grid, 0.4 * grid, 999.6 * grid, kWhite);
     EXPECT_EQ(picture.Alive(), 0U);
@@ -317,6 +317,18 @@ TEST_F(PictureTest, SvgHoldsEachPrimitiveInPixels) {
               "<circle cx=\"200\" cy=\"200\" r=\"20\" stroke=\"#0000ff\"/>\n"
               "<circle cx=\"5\" cy=\"202.47\" r=\"1\" fill=\"#00ff00\"/>\n"
               "</g>\n</svg>\n");
+}
+
+TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
+    picture.Line(-1e9, -1e9, 1e9, 1e9, kRed);
+    picture.Line(30, 0, 1e9, 5, kRed);
+    picture.Circle(1e12, 0, 1e12, kBlue);
+    picture.Circle(0, 0, 1e12, kBlue);
+    picture.PSet(1e300, 0, kGreen);
+    const std::string svg = picture.Svg(400);
+    EXPECT_NE(svg.find("<path stroke=\"#ff0000\" d=\"M-2 -2L402 402\"/>\n"), std::string::npos) << svg;
+    EXPECT_NE(svg.find("<path stroke=\"#0000ff\" d=\"M200 "), std::string::npos) << svg;
+    EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
 }
 
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {

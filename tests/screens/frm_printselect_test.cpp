@@ -2,11 +2,10 @@
 #include "screens/frm_printselect.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "files/model_file.h"
 #include "tests/screens/plot_select_fixture.h"
+#include "tests/support/files.h"
 
 namespace verlink::test {
 namespace {
@@ -23,12 +22,6 @@ class PrintSelectTest : public SelectionScreenTest {
         Press(form, "cmd_Done");
     }
     void Velocities() { Choose(form.cmb_Preset, Model.PresetList4(6)); }
-    static std::string Content(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        std::stringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
 };
 
 }  // namespace
@@ -201,10 +194,10 @@ TEST_F(PrintSelectTest, TheModelKeepsItsNameItsFileAndItsSavingBehindATable) {
         EXPECT_EQ(Model.FilePath, Path("press.vlk"));
         EXPECT_TRUE(Model.SavedFlag);
     }
-    EXPECT_NE(Content(Path("again.dat")).find("File \tpress\t"), std::string::npos);
+    EXPECT_NE(Held(Path("again.dat")).find("File \tpress\t"), std::string::npos);
     desktop.Expect_Message_With("File was successfully written to");
     Menu_Save(Screens::Get("frm_HomeScreen"));
-    EXPECT_EQ(Content(Path("speeds.dat")), Content(Path("again.dat"))) << "the data are not the model's file";
+    EXPECT_EQ(Held(Path("speeds.dat")), Held(Path("again.dat"))) << "the data are not the model's file";
     EXPECT_TRUE(std::filesystem::exists(Path("press.vlk")));
 }
 
@@ -220,7 +213,7 @@ TEST_F(PrintSelectTest, AFileGetsTheTable) {
     desktop.Expect_Save(path);
     Send(2);
     EXPECT_EQ(Model.OutputTarget, 2);
-    const std::string text = Content(path);
+    const std::string text = Held(path);
     EXPECT_NE(text.find("Veloc CP\tVeloc CP\tVeloc CP\tVeloc CP\t"), std::string::npos) << text;
     EXPECT_NE(text.find("X\tY\tMag\tAng\t"), std::string::npos);
     std::size_t rows = 0;

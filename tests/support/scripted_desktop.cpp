@@ -5,12 +5,11 @@
 
 #include <charconv>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include "platform/deed.h"
 #include "platform/guard.h"
 #include "shell/failure_report.h"
+#include "tests/support/files.h"
 
 namespace verlink::test {
 
@@ -85,18 +84,20 @@ std::optional<Kind> ScriptedDesktop::Take(const std::string& asked) {
     return taken;
 }
 
+Answer Harmless(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::kYesNo: return Answer::kNo;
+        case Buttons::kAbortRetryIgnore: return Answer::kIgnore;
+        case Buttons::kOkCancel:
+        case Buttons::kRetryCancel: return Answer::kCancel;
+        case Buttons::kOk: break;
+    }
+    return Answer::kOk;
+}
+
 Answer ScriptedDesktop::Show_Message(const Message& message) {
     const auto expected = Take<MessageExpected>("message: " + message.text);
-    if (!expected) {
-        switch (message.buttons) {
-            case Buttons::kYesNo: return Answer::kNo;
-            case Buttons::kAbortRetryIgnore: return Answer::kIgnore;
-            case Buttons::kOkCancel:
-            case Buttons::kRetryCancel: return Answer::kCancel;
-            case Buttons::kOk: break;
-        }
-        return Answer::kOk;
-    }
+    if (!expected) return Harmless(message.buttons);
     if (expected->part)
         EXPECT_NE(message.text.find(expected->text), std::string::npos) << "message: " << message.text;
     else
@@ -250,16 +251,10 @@ std::string LogSurface::Text() const {
 
 void Expect_Log(const std::string& name, const LogSurface& surface) {
     const std::string path = std::string(VERLINK_TESTS) + "/logs/" + name + ".log";
-    std::ifstream file(path);
-    std::stringstream held;
-    held << file.rdbuf();
     const std::string text = surface.Text();
-    if (file && held.str() == text) return;
-    if (std::getenv("VERLINK_ACCEPT")) {
-        std::ofstream(path) << text;
-        return;
-    }
-    std::ofstream(path + ".new") << text;
+    if (Held(path) == text) return;
+    if (std::getenv("VERLINK_ACCEPT")) return Put_File(path, text);
+    Put_File(path + ".new", text);
     ADD_FAILURE() << "the drawing differs from " << path << "; the new log lies beside it";
 }
 

@@ -12,6 +12,9 @@
 
 namespace verlink::test {
 
+/// The answer that changes least.
+platform::Answer Harmless(platform::Buttons buttons);
+
 /// A desktop that follows a script. An asking that is not next in the queue fails the test and gets the harmless
 /// answer (OK, No, Ignore, cancelled; a screen is hidden at once); so does an expectation that nobody asked for.
 class ScriptedDesktop : public platform::Desktop {

@@ -62,5 +62,25 @@ TEST(WalkFound, TenPulsesOfEachSignAreTenRows) {
     });
 }
 
+TEST(WalkFound, AResultOfADyadThatCouldNotBeSolvedIsNotShown) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Twopos2"),
+        Type("frm_Synth2B", "txt_Smag", platform::kNoIndex, "-1e39"),
+        Press("frm_Synth2B", "cmd_Calc"),
+    });
+}
+
+TEST(WalkFound, AProductAtARadiusOfNothingIsToldAndTheWeightsStay) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Balance"),
+        Type("frm_Balance", "txt_MRproduct", 4, "0"),
+        Type("frm_Balance", "txt_BerkMass", 4, "99999999999"),
+        Type("frm_Balance", "txt_MRproduct", 4, "6"),
+        Option("frm_Balance", "opt_Back", 0),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -4,25 +4,17 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "tests/support/drive_data.h"
+#include "tests/support/files.h"
 
 namespace verlink::walk {
 
 namespace fs = std::filesystem;
+using test::Held;
+using test::Put_File;
 
 namespace {
-
-std::string Content_Of(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream content;
-    content << file.rdbuf();
-    return content.str();
-}
-
-void Write(const fs::path& path, const std::string& content) { std::ofstream(path, std::ios::binary) << content; }
 
 std::string With_Line(const std::string& content, int line, const std::string& text) {
     std::size_t from = 0;
@@ -47,32 +39,32 @@ void Places::Prepare() const {
     std::error_code ignored;
     fs::remove_all(folder_, ignored);
     fs::create_directories(folder_ + "/a folder.vlk");
-    const std::string model = Content_Of(std::string(VERLINK_SAMPLES) + "/crank_rocker.vlk");
-    Write(folder_ + "/short.vlk", model.substr(0, model.size() / 3));
-    Write(folder_ + "/word.vlk", With_Line(model, 10, "abc"));
-    Write(folder_ + "/huge.vlk", With_Line(model, 9, "1e39"));
-    Write(folder_ + "/mode.vlk", With_Line(model, 44, "7"));
-    Write(folder_ + "/letter.vlk", "Dear Sir,\r\nhere is the linkage that you asked for.\r\n");
-    Write(folder_ + "/empty.vlk", "");
-    Write(folder_ + "/bytes.vlk", std::string("\x7f\x45\x4c\x46\0\0\1\2\3", 9));
+    const std::string model = Held(std::string(VERLINK_SAMPLES) + "/crank_rocker.vlk");
+    Put_File(folder_ + "/short.vlk", model.substr(0, model.size() / 3));
+    Put_File(folder_ + "/word.vlk", With_Line(model, 10, "abc"));
+    Put_File(folder_ + "/huge.vlk", With_Line(model, 9, "1e39"));
+    Put_File(folder_ + "/mode.vlk", With_Line(model, 44, "7"));
+    Put_File(folder_ + "/letter.vlk", "Dear Sir,\r\nhere is the linkage that you asked for.\r\n");
+    Put_File(folder_ + "/empty.vlk", "");
+    Put_File(folder_ + "/bytes.vlk", std::string("\x7f\x45\x4c\x46\0\0\1\2\3", 9));
     test::CamFile cam;
     cam.rows.clear();
     for (int step = 0; step <= 36; ++step)
         cam.rows.push_back(std::to_string(10 * step) + "," + (step % 2 == 0 ? "5" : "5.5") + ",0.25");
-    Write(folder_ + "/cam.sva", cam.Content());
+    Put_File(folder_ + "/cam.sva", cam.Content());
     test::CamFile alone = cam;
     alone.links = "3";
     alone.mass_flag = "0";
-    Write(folder_ + "/cam_alone.sva", alone.Content());
+    Put_File(folder_ + "/cam_alone.sva", alone.Content());
     test::CamFile metric = cam;
     metric.units = "5";
-    Write(folder_ + "/cam_mm.sva", metric.Content());
-    Write(folder_ + "/short.sva", cam.Content().substr(0, 200));
+    Put_File(folder_ + "/cam_mm.sva", metric.Content());
+    Put_File(folder_ + "/short.sva", cam.Content().substr(0, 200));
     std::vector<std::string> rows;
     for (int step = 0; step <= 24; ++step) rows.push_back(std::to_string(15 * step) + ",10,0");
-    Write(folder_ + "/drive.out", test::LinkFile(rows));
-    Write(folder_ + "/short.out", test::LinkFile(rows).substr(0, 60));
-    Write(folder_ + "/short.trq", Content_Of(std::string(VERLINK_SAMPLES) + "/second_stage.trq").substr(0, 100));
+    Put_File(folder_ + "/drive.out", test::LinkFile(rows));
+    Put_File(folder_ + "/short.out", test::LinkFile(rows).substr(0, 60));
+    Put_File(folder_ + "/short.trq", Held(std::string(VERLINK_SAMPLES) + "/second_stage.trq").substr(0, 100));
 }
 
 std::string Places::Path(const std::string& written) const {

@@ -10,7 +10,9 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <utility>
 
+#include "tests/walk/memory.h"
 #include "tests/walk/users.h"
 
 namespace verlink::walk {
@@ -19,13 +21,14 @@ namespace {
 
 constexpr char kUsage[] =
     "usage: walk [--seed N] [--actions N | --minutes N] [--each ACTIONS] [--only WALK] [--without RULE]...\n"
-    "            [--list] [--long] [--all]\n"
+    "            [--list] [--long] [--all] [--memory]\n"
     "  --each     actions of one walk, 250\n"
     "  --only     this walk of the seed alone\n"
     "  --without  leaves a rule out, to see what lies behind a known finding\n"
     "  --list     says each action before it is done\n"
     "  --long     tells findings as they came, not shortened\n"
-    "  --all      shortens every finding, and tells those apart that end by other actions\n";
+    "  --all      shortens every finding, and tells those apart that end by other actions\n"
+    "  --memory   tells how the process grows; more than 20 MB beyond the first 3000 actions is a finding\n";
 
 struct Orders {
     std::uint64_t seed = 1;
@@ -33,17 +36,23 @@ struct Orders {
     double minutes = 0;
     int each = 250;
     long only = -1;
-    bool list = false, uncut = false, all = false;
+    bool list = false, uncut = false, all = false, memory = false;
     std::set<std::string> without = {};
 };
+
+bool Read_Switch(const std::string& word, Orders& orders) {
+    for (const auto& [name, order] : {std::pair{"--list", &orders.list},
+                                      {"--long", &orders.uncut},
+                                      {"--all", &orders.all},
+                                      {"--memory", &orders.memory}})
+        if (word == name) return *order = true;
+    return false;
+}
 
 bool Read_Orders(int argc, char** argv, Orders& orders) {
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        if (word == "--list" || word == "--long" || word == "--all") {
-            (word == "--list" ? orders.list : word == "--long" ? orders.uncut : orders.all) = true;
-            continue;
-        }
+        if (Read_Switch(word, orders)) continue;
         if (i + 1 == argc) return false;
         const char* value = argv[++i];
         if (word == "--seed")
@@ -124,7 +133,8 @@ class Findings {
     std::map<std::string, int> seen_, endings_;
 };
 
-void Walk_All(const Orders& orders, const Stage& stage, Counts& counts, Findings& findings, const Places& places) {
+void Walk_All(const Orders& orders, const Stage& stage, Counts& counts, Findings& findings, const Places& places,
+              Memory_Watch& memory) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::duration<double>(60 * orders.minutes);
     const auto more = [&] { return orders.minutes > 0 ? Clock::now() < end : counts.actions < orders.actions; };
@@ -132,6 +142,7 @@ void Walk_All(const Orders& orders, const Stage& stage, Counts& counts, Findings
     const std::string name =
         (std::filesystem::temp_directory_path() / ("verlink-walk-" + std::to_string(::getpid()) + ".log")).string();
     for (long walk = orders.only < 0 ? 0 : orders.only; more(); ++walk) {
+        if (orders.memory) memory.Note(counts.actions);
         std::FILE* log = orders.list ? stdout : std::fopen(name.c_str(), "w");
         if (log) std::fprintf(log, "// seed %llu, walk %ld\n", static_cast<unsigned long long>(orders.seed), walk);
         Random_User user(Seed_Of(orders.seed, walk), orders.each);
@@ -163,13 +174,20 @@ int Walk_Program(int argc, char** argv, const Stage& stage, const Stage& quicker
     const Places places;
     Counts counts;
     Findings findings(stage, quicker, places, orders);
-    Walk_All(orders, stage, counts, findings, places);
+    Memory_Watch memory;
+    Walk_All(orders, stage, counts, findings, places, memory);
     std::printf("seed %llu: %ld walks, %ld actions\n", static_cast<unsigned long long>(orders.seed), counts.walks,
                 counts.actions);
     for (const auto& [screen, actions] : counts.screens) std::printf("  on %-16s %8ld\n", screen.c_str(), actions);
     for (const auto& [rule, checks] : counts.checks) std::printf("  checked %-12s %8ld\n", rule.c_str(), checks);
     findings.Tell();
-    return findings.Any() ? 1 : 0;
+    bool grown = false;
+    if (orders.memory) {
+        memory.Note(counts.actions);
+        memory.Tell();
+        grown = memory.Has_Grown();
+    }
+    return findings.Any() || grown ? 1 : 0;
 }
 
 }  // namespace verlink::walk

@@ -58,6 +58,8 @@ constexpr Known_Failure kKnown[] = {
     {11, "Cayley"},
     // A torque of more than ten pulses of a sign has no room in the table of pulses.
     {9, "Flywheel"},
+    // A mass that is typed beside a product of 0 makes the radius 0, at which no product has a mass.
+    {11, "frm_Balance.txt_MRproduct"},
     // At these a cancelled dialog is told, and nothing else comes of it.
     {32755, "frm_Homescreen.mnu_Link_Data_Import"},
     {32755, "frm_Homescreen.mnu_pdx"},

@@ -45,17 +45,6 @@ bool Asks_About_Positions(const Message& message) {
 
 }  // namespace
 
-Answer Harmless(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::kYesNo: return Answer::kNo;
-        case Buttons::kAbortRetryIgnore: return Answer::kIgnore;
-        case Buttons::kOkCancel:
-        case Buttons::kRetryCancel: return Answer::kCancel;
-        case Buttons::kOk: break;
-    }
-    return Answer::kOk;
-}
-
 Walker::Walker(User& user, const Places& places, Counts& counts)
     : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {
     walking = this;

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/scripted_desktop.h"
 #include "tests/walk/action.h"
 #include "tests/walk/places.h"
 #include "tests/walk/record.h"
@@ -45,8 +46,7 @@ struct Counts {
     std::map<std::string, long> screens;  ///< actions by screen
 };
 
-/// The answer that changes least.
-platform::Answer Harmless(platform::Buttons buttons);
+using test::Harmless;
 
 class Walker {
    public:

@@ -1,0 +1,201 @@
+// Runs of one colour go onto the pixels together, so a sheet may end only between two of them.
+#include "platform/picture_pixels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace verlink::platform {
+
+namespace {
+
+using Primitive = Picture::Primitive;
+using List = std::vector<Primitive>;
+
+std::uint32_t Opaque(Color color) {
+    const auto bits = static_cast<std::uint32_t>(color);
+    return 0xFF000000U | (bits & 255U) << 16U | (bits & 0xFF00U) | (bits >> 16U & 255U);
+}
+
+List::const_iterator Place_Of(const List& list, std::uint32_t stroke) {
+    return std::ranges::lower_bound(list, stroke, {}, &Primitive::stroke);
+}
+
+List::const_iterator Next_Alive(const List& list, List::const_iterator at) {
+    return std::find_if(at, list.end(), [](const Primitive& primitive) { return primitive.alive; });
+}
+
+/// The last that is alive before a place, or the place itself where there is none.
+List::const_iterator Alive_Before(const List& list, List::const_iterator at) {
+    for (auto before = at; before != list.begin();)
+        if ((--before)->alive) return before;
+    return at;
+}
+
+/// Does a run of one colour go on across this place?
+bool Within_A_Run(const List& list, List::const_iterator at) {
+    const auto before = Alive_Before(list, at);
+    const auto after = Next_Alive(list, at);
+    return before != at && after != list.end() && before->color == after->color;
+}
+
+/// The last place up to a stroke where one run has ended and another begun.
+std::uint32_t Last_Break(const List& list, std::uint32_t stroke) {
+    auto at = Place_Of(list, stroke);
+    // The last run may go on.
+    if (Next_Alive(list, at) == list.end()) at = Alive_Before(list, at);
+    while (Within_A_Run(list, at)) at = Alive_Before(list, at);
+    return at == list.end() ? stroke : at->stroke;
+}
+
+}  // namespace
+
+/// Turns primitives into strokes on the ink and pours it where the colour changes.
+class PicturePixels::Hand {
+   public:
+    Hand(const Picture& picture, double density, double across, double down, Ink& ink)
+        : picture_(picture),
+          ink_(ink),
+          pen_(kPen * density),
+          dot_(kDot * density / 2),
+          per_x_(across * density / (picture.Right() - picture.Left())),
+          per_y_(down * density / (picture.Bottom() - picture.Top())) {}
+
+    std::size_t Draw(List::const_iterator from, List::const_iterator to, std::vector<std::uint32_t>& pixels) const {
+        std::size_t drawn = 0;
+        Chain chain{ink_, pen_};
+        Color color = 0;
+        for (auto at = from; at != to; ++at) {
+            if (!at->alive) continue;
+            if (drawn > 0 && at->color != color) {
+                chain.End();
+                ink_.Pour(pixels, color);
+            }
+            color = at->color;
+            Stroke(*at, chain);
+            ++drawn;
+        }
+        chain.End();
+        ink_.Pour(pixels, color);
+        return drawn;
+    }
+
+   private:
+    /// Segments that go on from one another.
+    struct Chain {
+        Ink& ink;
+        double pen;
+        Point drawn{}, end{};
+        bool open = false, bare = true;
+
+        void Add(Point from, Point to, Point drawn_from, Point drawn_to) {
+            if (!open || from != end) {
+                End();
+                drawn = from;
+                open = bare = true;
+            }
+            end = to;
+            // One along an axis has its place among the pixels.
+            if (drawn_from != from || drawn_to != to) {
+                if (drawn != from) ink.Line(drawn, from, pen);
+                ink.Line(drawn_from, drawn_to, pen);
+            } else if (std::hypot(to.x - drawn.x, to.y - drawn.y) >= kThinnest) {
+                ink.Line(drawn, to, pen);
+            } else {
+                return;
+            }
+            drawn = to;
+            bare = false;
+        }
+        void End() {
+            if (open && (bare || drawn != end)) ink.Line(drawn, end, pen);
+            open = false;
+        }
+    };
+
+    // A line along an axis of the screen goes through the middles of pixels, or it would be grey and two wide.
+    static double Middle(double value) { return std::floor(value) + 0.5; }
+    Point Place(double x, double y) const { return {(x - picture_.Left()) * per_x_, (y - picture_.Top()) * per_y_}; }
+
+    void Stroke(const Primitive& primitive, Chain& chain) const {
+        const Point from = Place(primitive.x1, primitive.y1);
+        switch (primitive.kind) {
+            case Primitive::Kind::kSegment: {
+                const Point to = Place(primitive.x2, primitive.y2);
+                Point drawn_from = from, drawn_to = to;
+                if (primitive.y1 == primitive.y2)
+                    drawn_from.y = drawn_to.y = Middle(from.y);
+                else if (primitive.x1 == primitive.x2)
+                    drawn_from.x = drawn_to.x = Middle(from.x);
+                chain.Add(from, to, drawn_from, drawn_to);
+                break;
+            }
+            case Primitive::Kind::kCircle: ink_.Circle(from, primitive.x2 * std::abs(per_x_), pen_); break;
+            case Primitive::Kind::kDot: ink_.Disc(from, dot_); break;
+        }
+    }
+
+    const Picture& picture_;
+    Ink& ink_;
+    double pen_, dot_, per_x_, per_y_;
+};
+
+bool PicturePixels::Sheet_Holds(const Picture& picture) const {
+    const List& list = picture.Primitives();
+    const auto end = Place_Of(list, sheet_.end);
+    const auto alive = std::count_if(list.begin(), end, [](const Primitive& primitive) { return primitive.alive; });
+    return static_cast<std::size_t>(alive) == sheet_.alive && !Within_A_Run(list, end);
+}
+
+void PicturePixels::Grow_Sheet(const Picture& picture, std::uint32_t end, const Hand& hand) {
+    if (end <= sheet_.end) return;
+    const List& list = picture.Primitives();
+    const auto from = Place_Of(list, sheet_.end), to = Place_Of(list, end);
+    if (sheet_.pixels.empty() && Next_Alive(list, from) < to)
+        sheet_.pixels.assign(front_.size(), Opaque(picture.Back()));
+    const std::size_t drawn = hand.Draw(from, to, sheet_.pixels);
+    sheet_.alive += drawn;
+    painted_ += drawn;
+    sheet_.end = end;
+}
+
+void PicturePixels::Paint(const Picture& picture, int wide, int high, double density) {
+    Paint(picture, wide, high, density, wide / density, high / density);
+}
+
+void PicturePixels::Paint(const Picture& picture, int wide, int high, double density, double across, double down) {
+    if (wide != wide_ || high != high_) {
+        wide_ = wide;
+        high_ = high;
+        ink_ = Ink(wide, high);
+        front_.resize(static_cast<std::size_t>(wide) * static_cast<std::size_t>(high));
+        sheet_ = {};
+        epoch_ = picture.Epoch() - 1;
+    }
+    if (epoch_ != picture.Epoch() || density != density_ || across != across_ || down != down_) {
+        seen_ = 0;
+        sheet_ = {};
+    }
+    epoch_ = picture.Epoch();
+    density_ = density;
+    across_ = across;
+    down_ = down;
+    painted_ = 0;
+
+    const List& list = picture.Primitives();
+    const Hand hand(picture, density, across, down, ink_);
+    if (!Sheet_Holds(picture)) {
+        sheet_.end = 0;
+        sheet_.alive = 0;
+        std::ranges::fill(sheet_.pixels, Opaque(picture.Back()));
+    }
+    Grow_Sheet(picture, Last_Break(list, seen_), hand);
+    if (sheet_.alive > 0)
+        front_ = sheet_.pixels;
+    else
+        std::ranges::fill(front_, Opaque(picture.Back()));
+    painted_ += hand.Draw(Place_Of(list, sheet_.end), list.end(), front_);
+    seen_ = picture.Strokes();
+}
+
+}  // namespace verlink::platform

@@ -1,0 +1,133 @@
+// What of lines and circles is seen, at any distance.
+#include "platform/clip.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <random>
+
+namespace verlink::test {
+namespace {
+
+using platform::ClipBox;
+using platform::Point;
+
+constexpr ClipBox kBox{0, 0, 100, 50};
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+
+double Distance_To_Line(Point p, Point a, Point b) {
+    const double x = b.x - a.x, y = b.y - a.y;
+    return std::abs((p.x - a.x) * y - (p.y - a.y) * x) / std::hypot(x, y);
+}
+
+TEST(ClipTest, What_lies_within_keeps_its_bits) {
+    Point from{1.1, 2.2}, to{99.9, 49.9};
+    ASSERT_TRUE(Clip_Segment(kBox, from, to));
+    EXPECT_EQ(from, (Point{1.1, 2.2}));
+    EXPECT_EQ(to, (Point{99.9, 49.9}));
+}
+
+TEST(ClipTest, A_line_is_cut_where_it_enters_and_leaves) {
+    Point from{-100, 25}, to{300, 25};
+    ASSERT_TRUE(Clip_Segment(kBox, from, to));
+    EXPECT_EQ(from, (Point{0, 25}));
+    EXPECT_EQ(to, (Point{100, 25}));
+    Point start{50, -50}, end{50, 20};
+    ASSERT_TRUE(Clip_Segment(kBox, start, end));
+    EXPECT_EQ(start, (Point{50, 0}));
+    EXPECT_EQ(end, (Point{50, 20}));
+}
+
+TEST(ClipTest, What_passes_by_is_not_there) {
+    for (auto [from, to] : {std::pair{Point{-10, -10}, Point{-1, 60}},
+                            {Point{-10, 45}, Point{20, 75}},
+                            {Point{200, 200}, Point{200, 200}}}) {
+        const Point before = from;
+        EXPECT_FALSE(Clip_Segment(kBox, from, to));
+        EXPECT_EQ(from, before);
+    }
+}
+
+TEST(ClipTest, The_line_stays_where_it_was_however_far_it_reaches) {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> part(0.1, 0.9), turn(0, 2 * std::numbers::pi);
+    for (const double far : {1e3, 1e8, 1e12})
+        for (int i = 0; i < 200; ++i) {
+            const Point within{100 * part(random), 50 * part(random)};
+            const double angle = turn(random), x = std::cos(angle), y = std::sin(angle);
+            Point from{within.x - far * x, within.y - far * y}, to{within.x + 2 * far * x, within.y + 2 * far * y};
+            ASSERT_TRUE(Clip_Segment(kBox, from, to));
+            EXPECT_TRUE(kBox.Holds(from) && kBox.Holds(to));
+            EXPECT_LT(Distance_To_Line(within, from, to), far * 1e-14 + 1e-12);
+        }
+}
+
+TEST(ClipTest, Numbers_at_the_end_of_their_range_end_within_too) {
+    const double most = std::numeric_limits<double>::max();
+    Point from{-most, 25}, to{most, 25};
+    ASSERT_TRUE(Clip_Segment(kBox, from, to));
+    EXPECT_TRUE(kBox.Holds(from) && kBox.Holds(to));
+    EXPECT_EQ(from.y, 25);
+    EXPECT_EQ(to.y, 25);
+}
+
+TEST(ClipTest, What_is_not_finite_is_not_there) {
+    for (const double bad : {kInfinite, -kInfinite, std::nan("")}) {
+        Point from{10, 10}, to{bad, 20};
+        EXPECT_FALSE(Clip_Segment(kBox, from, to));
+        EXPECT_FALSE(Circle_Seen(kBox, {bad, 0}, 10));
+        EXPECT_FALSE(Circle_Seen(kBox, {0, 0}, bad));
+        EXPECT_TRUE(Seen_Arc(kBox, {bad, 0}, 10, 0.1).empty());
+    }
+}
+
+TEST(ClipTest, A_circle_is_seen_where_its_line_crosses_the_box) {
+    EXPECT_TRUE(Circle_Seen(kBox, {50, 25}, 10));
+    EXPECT_TRUE(Circle_Seen(kBox, {-5, 25}, 10));
+    EXPECT_FALSE(Circle_Seen(kBox, {-20, 25}, 10));
+    EXPECT_FALSE(Circle_Seen(kBox, {50, 25}, 100)) << "the box lies within it";
+    EXPECT_TRUE(Circle_Seen(kBox, {50, 25 + 1e9}, 1e9));
+}
+
+TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
+    constexpr double kOff = 0.05;
+    for (const auto& [centre, radius] : {std::pair{Point{50, 25}, 20.0},
+                                         {Point{-30, 25}, 60.0},
+                                         {Point{50, -1e4}, 1e4 + 20},
+                                         {Point{1e6 + 40, 25}, 1e6}}) {
+        const auto arc = Seen_Arc(kBox, centre, radius, kOff);
+        ASSERT_GE(arc.size(), 2U);
+        for (std::size_t i = 1; i < arc.size(); ++i)
+            for (const double part : {0.0, 0.5}) {
+                const double x = arc[i - 1].x + part * (arc[i].x - arc[i - 1].x);
+                const double y = arc[i - 1].y + part * (arc[i].y - arc[i - 1].y);
+                EXPECT_NEAR(std::hypot(x - centre.x, y - centre.y), radius, kOff);
+            }
+        // Each point of the circle within the box has the arc at its side.
+        for (int i = 0; i < 20000; ++i) {
+            const double angle = 2 * std::numbers::pi * i / 20000;
+            const Point p{centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)};
+            if (!kBox.Holds(p)) continue;
+            double nearest = kInfinite;
+            for (std::size_t j = 1; j < arc.size(); ++j) {
+                const Point a = arc[j - 1], b = arc[j];
+                const double length = std::hypot(b.x - a.x, b.y - a.y);
+                const double along = ((p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y)) / length;
+                if (along > -kOff && along < length + kOff) nearest = std::min(nearest, Distance_To_Line(p, a, b));
+            }
+            EXPECT_LT(nearest, 2 * kOff);
+        }
+    }
+}
+
+TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {
+    const auto arc = Seen_Arc(kBox, {50, 25 + 1e15}, 1e15, 0.05);
+    ASSERT_EQ(arc.size(), 2U);
+    for (const Point p : arc) EXPECT_NEAR(p.y, 25, 1e-6);
+    EXPECT_NE(arc[0].x < 0, arc[1].x < 0);
+}
+
+}  // namespace
+}  // namespace verlink::test
