@@ -3,6 +3,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "core/linkage_model.h"
 #include "shell/history.h"
@@ -67,7 +68,10 @@ bool Tells_Of_The_Model(const Screen& screen) {
     return true;
 }
 
-void Show_What_Is_Done() {
+namespace {
+
+/// On all screens, and on one that is just being made.
+void Show_Everywhere(Screen* coming) {
     History& history = The_History();
     const std::string undo = history.Undo_What(), redo = history.Redo_What();
     const bool modified = Modified();
@@ -78,11 +82,17 @@ void Show_What_Is_Done() {
                                               : "it lies in no file as it stands, and Save asks where to put it");
     const std::string name = Model.ModelName + (modified ? "*" : "");
     const bool other_name = std::exchange(Shown_Name(), name) != name;
-    for (Screen* screen : platform::Screens::Made()) {
+    std::vector<Screen*> screens = platform::Screens::Made();
+    if (coming) screens.push_back(coming);
+    for (Screen* screen : screens) {
         Show(*screen, undo, redo, in_hand, path);
         if (other_name && screen->ShapeWatcher()) screen->ShapeWatcher()();
     }
 }
+
+}  // namespace
+
+void Show_What_Is_Done() { Show_Everywhere(nullptr); }
 
 void Serve_Undo(Screen& screen, std::function<void()> show) {
     History& history = The_History();
@@ -95,7 +105,7 @@ void Serve_Undo(Screen& screen, std::function<void()> show) {
                     [](MenuEntry& entry) { entry.OnClick = [] { The_History().Undo(); }; });
     With<MenuEntry>(screen, "mnu_Redo", kNoIndex,
                     [](MenuEntry& entry) { entry.OnClick = [] { The_History().Redo(); }; });
-    Show_What_Is_Done();
+    Show_Everywhere(&screen);
 }
 
 }  // namespace verlink
