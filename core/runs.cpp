@@ -95,6 +95,19 @@ bool Generated_Run(Integer Calctype, Integer& Result) {
     }
 }
 
+void Run_Unasked(LinkageModel& model) {
+    const bool cam = model.CamDriven, link = model.LinkDriven, open = model.InputScreenOpen;
+    model.CamDriven = model.LinkDriven = model.InputScreenOpen = false;
+    {
+        const Told_As_One once;
+        Integer Result;
+        if (!Generated_Run(model.Calctype, Result)) Imported_Run(Result);
+    }
+    model.CamDriven = cam;
+    model.LinkDriven = link;
+    model.InputScreenOpen = open;
+}
+
 void Oneposition(Integer& Result) {
     Guarded("Oneposition", [&] {
         Begin_Run(Result);

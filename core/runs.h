@@ -5,6 +5,8 @@
 
 namespace verlink {
 
+struct LinkageModel;
+
 /// A run's result code: the answer to the message about a position that does not close. Runs start at 4.
 inline constexpr int kAborted = 3;
 inline constexpr int kRetrying = 4;
@@ -18,6 +20,10 @@ void Calc_Setup(Integer Calctype, Integer& Result);
 
 /// The run of mode 1, 2 or 3 as it stands; false for any other mode, and nothing is done.
 bool Generated_Run(Integer Calctype, Integer& Result);
+
+/// The run of the model as it stands, by its mode, without a word about positions that do not close; flags of the
+/// drive and the screens are as before it.
+void Run_Unasked(LinkageModel& model);
 
 /// `ThetaZero` alone, with `Omega2Input` and `Alpha2`.
 void Oneposition(Integer& Result);

@@ -29,6 +29,7 @@
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "platform/controls.h"
+#include "platform/deed.h"
 #include "platform/graph.h"
 #include "platform/grid.h"
 
@@ -142,10 +143,13 @@ QWidget* make(Form& form, TextBox& control, QWidget* parent) {
     });
     form.restyle.emplace_back(back);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [&form, &control](const QString& text) {
-        form.act(control, [&] {
-            control.SelectedAll = false;
-            control.Type(fromQt(text));
-        });
+        form.act(
+            control,
+            [&] {
+                control.SelectedAll = false;
+                control.Type(fromQt(text));
+            },
+            Deed::Kind::kTyped);
         control.Notify();
     });
     return edit;
@@ -304,8 +308,10 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     auto* picture = new PictureWidget(control.Drawing(), parent);
     picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
         if (!control.OnMouseMove) return;
-        form.act(control, [&] { control.OnMouseMove(button, shift, x, y); });
+        form.act(
+            control, [&] { control.OnMouseMove(button, shift, x, y); }, Deed::Kind::kDrag);
     };
+    picture->onRelease = [] { Deed::Drag_Ended(); };
     picture->takesClicks = [&control] { return control.OnClick || control.OnDblClick; };
     picture->onClick = [&form, &control] {
         if (control.OnClick) form.act(control, control.OnClick);
@@ -381,8 +387,10 @@ QObject* make(Form& form, Timer& control, QWidget* parent) {
         if (!runs) timer->stop();
     };
     control.Watcher();
-    QObject::connect(timer, &QTimer::timeout, timer,
-                     [&form, &control] { form.happen(control, [&] { control.Tick(); }); });
+    QObject::connect(timer, &QTimer::timeout, timer, [&form, &control] {
+        const Deed at_work(control, Deed::Kind::kTimed);
+        form.happen(control, [&] { control.Tick(); });
+    });
     return timer;
 }
 

@@ -28,6 +28,8 @@
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
 #include "platform/guard.h"
+#include "screens/edit_menu.h"
+#include "shell/history.h"
 
 namespace verlink::desktop {
 
@@ -257,9 +259,11 @@ bool Form::inUse() const {
     return !closing_ && !inPause() && isVisible() && (!modal || modal == this);
 }
 
-void Form::act(const Control& control, const std::function<void()>& deed) {
+void Form::act(const Control& control, const std::function<void()>& deed, Deed::Kind kind) {
     const auto* widget = qobject_cast<QWidget*>(objectOf(control));
-    if (inUse() && (!widget || widget->isEnabled())) Guarded(control.ObjectName(), deed);
+    if (!inUse() || (widget && !widget->isEnabled())) return;
+    const Deed at_work(control, kind);
+    Guarded(control.ObjectName(), deed);
 }
 
 void Form::happen(const Control& control, const std::function<void()>& deed) {
@@ -270,7 +274,29 @@ void Form::happen(const Control& control, const std::function<void()>& deed) {
 void Form::showCaption() {
     QString caption = toQt(screen_.Caption());
     while (caption.endsWith(u' ')) caption.chop(1);
-    setWindowTitle(caption);
+    if (Tells_Of_The_Model(screen_)) caption = toQt(Name_In_Hand()) + QStringLiteral(" - ") + caption;
+    if (windowTitle() != caption) setWindowTitle(caption);
+}
+
+/// Undo and redo by their keys. What is being typed goes back first, as far as its line knows it.
+bool Form::undoes(QKeyEvent* event, QWidget* at) {
+    const bool undo = event->matches(QKeySequence::Undo);
+    const bool redo = event->matches(QKeySequence::Redo) ||
+                      (event->key() == Qt::Key_Y && event->modifiers() == Qt::ControlModifier) ||
+                      (event->key() == Qt::Key_Z && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier));
+    if ((!undo && !redo) || !The_History().Serves(screen_)) return false;
+    if (auto* line = qobject_cast<QLineEdit*>(at)) {
+        const auto* box = dynamic_cast<TextBox*>(screen_.Focus());
+        if (box && box->Touched() && (undo ? line->isUndoAvailable() : line->isRedoAvailable())) return false;
+    }
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
+    if (!inUse()) return true;
+    const Deed at_work(undo ? "undo" : "redo");
+    Guarded(screen_.Name(), [undo] { undo ? The_History().Undo() : The_History().Redo(); });
+    return true;
 }
 
 void Form::applyShape() {
@@ -308,7 +334,9 @@ void Form::watch(QWidget* widget, Visual& control) {
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (inUse()) Guarded(screen_.Name(), [this] { screen_.Close(); });
+    if (!inUse()) return;
+    const Deed at_work("closing");
+    Guarded(screen_.Name(), [this] { screen_.Close(); });
 }
 
 /// Is there nothing on it but words?
@@ -318,7 +346,14 @@ bool Form::onlyTells() const {
     });
 }
 
+bool Form::event(QEvent* event) {
+    // Where no line edit has the keys.
+    if (event->type() == QEvent::ShortcutOverride && undoes(static_cast<QKeyEvent*>(event), this)) return true;
+    return QMainWindow::event(event);
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
+    if (undoes(event, this)) return;
     const auto press = [this](CommandButton* button) {
         auto* widget = buttonOf(button);
         if (!widget || !widget->isEnabled() || widget->isHidden()) return false;
@@ -390,7 +425,11 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
                 return true;
             }
             break;
+        case QEvent::ShortcutOverride:
+            if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
+            break;
         case QEvent::KeyPress: {
+            if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
             const int key = static_cast<QKeyEvent*>(event)->key();
             auto* box = dynamic_cast<TextBox*>(found->second);
             if (box && box->OnReturn && (key == Qt::Key_Return || key == Qt::Key_Enter)) {

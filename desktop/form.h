@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/deed.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
@@ -60,7 +61,8 @@ class Form : public QMainWindow {
 
     /// Does what the user's hand asks, as a handler of that control: only while the window is the one in use and the
     /// control is open. A failure in it is reported under the control's name.
-    void act(const platform::Control& control, const std::function<void()>& deed);
+    void act(const platform::Control& control, const std::function<void()>& deed,
+             platform::Deed::Kind kind = platform::Deed::Kind::kWhole);
     /// Does what comes by itself (a pulse, a document that has been read), wherever the user is.
     void happen(const platform::Control& control, const std::function<void()>& deed);
     /// Runs whenever colours or fonts of the desktop change.
@@ -78,6 +80,7 @@ class Form : public QMainWindow {
    protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -88,6 +91,7 @@ class Form : public QMainWindow {
     void nameTheNameless();
     void tellApart();
     bool onlyTells() const;
+    bool undoes(QKeyEvent* event, QWidget* at);
     bool inUse() const;
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);

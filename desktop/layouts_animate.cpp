@@ -75,6 +75,7 @@ void layoutAnimate(Form& form, QWidget* room) {
     data->addWidget(initialConditions(form));
     data->addStretch(1);
     data->addWidget(note(form.widget("lbl_Header"), true));
+    data->addWidget(note(form.widget("lbl_Model"), true));
 
     QHBoxLayout* columns = row(kGroupGap);
     columns->addLayout(drawing, 1);

@@ -72,6 +72,7 @@ void layoutInputnew(Form& form, QWidget* room) {
     columns->addLayout(drawing, 1);
 
     QHBoxLayout* foot = row();
+    foot->addWidget(note(form.widget("lbl_Model")));
     foot->addStretch(1);
     foot->addWidget(form.widget("cmd_PlotPrint"));
     foot->addWidget(form.widget("cmd_Cancel"));

@@ -117,6 +117,7 @@ void layoutHomeScreen(Form& form, QWidget* room) {
     badges->addWidget(form.widget("lbl_Status", 10));
     status->setContentBeside(badges);
     whole->addWidget(status);
+    whole->addWidget(note(form.widget("lbl_Model")));
 }
 
 void layoutHelp(Form& form, QWidget* room) {

@@ -6,6 +6,7 @@
 #include "desktop/memory.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
+#include "desktop/session.h"
 #include "platform/guard.h"
 #include "platform/system.h"
 #include "screens/register.h"
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(verlink::desktop::programIcon());
     QApplication::setQuitOnLastWindowClosed(false);
     verlink::desktop::useQuietStyle();
+    verlink::desktop::watchSession(app);
 
     verlink::desktop::QtDesktop desktop;
     verlink::platform::Use_Desktop(&desktop);

@@ -235,6 +235,7 @@ void PictureWidget::mousePressEvent(QMouseEvent* event) { tellMouse(event); }
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) { tellMouse(event); }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (onRelease) onRelease();
     if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks()) return QWidget::mouseReleaseEvent(event);
     if (!std::exchange(was_double_, false) && onClick && rect().contains(event->position().toPoint())) onClick();
 }

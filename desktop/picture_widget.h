@@ -27,6 +27,7 @@ class PictureWidget : public QWidget {
 
     /// (button, keys, world x, world y) of each press and each move with a button down.
     std::function<void(int button, int shift, double x, double y)> onMouseMove;
+    std::function<void()> onRelease;
     /// Does the program want to know of clicks? If not they are the window's.
     std::function<bool()> takesClicks;
     std::function<void()> onClick, onDoubleClick;

@@ -4,6 +4,7 @@
 #include "core/numeric.h"
 #include "core/results.h"
 #include "core/status_panel.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
@@ -25,6 +26,7 @@ bool Save(bool by_dialog) {
     else
         Model_Unsaved();  // so that the next Save asks where to
     if (written && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
+    if (written) Model_Kept();
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
     return written;
@@ -33,7 +35,7 @@ bool Save(bool by_dialog) {
 }  // namespace
 
 bool May_Replace(Screen& home) {
-    if (Model.SavedFlag || !Model.Calculated) return true;
+    if (!Modified()) return true;
     const Answer answer = The_Desktop().Show_Message(
         {.text = "The current data has not been saved.  Do you want to save it before resetting?",
          .icon = Icon::kQuestion,

@@ -13,11 +13,20 @@
 
 namespace verlink {
 
+/// Whether a change of a stored value is a change of the model.
+enum class Counts {
+    kYes,
+    kNo,       ///< it follows from others, or is the program's own
+    kByAngle,  ///< in runs by angle alone; in others it follows
+    kByTime    ///< in all but those, where it follows
+};
+
 /// One stored value: the line, the field's name as users write it ("L2", "CG(3,1)"), and where it lies.
 struct FileField {
     int line;
     const char* name;
     std::variant<std::string*, Single*, Integer*, Long*, bool*> place;
+    Counts counts = Counts::kYes;
 };
 
 /// Lines 1 to 96 in the file's order, the reserved strings and the end marker left out. The places are fields of

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "dynamics/mass_properties.h"
 #include "dynamics/units.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
@@ -59,6 +60,7 @@ bool Read_Model(const std::string& content, const std::string& path, const std::
             Model.DiskFile = true;
             Use_Units(Model.Units);
         });
+        Model_Came();
         whole = true;
     });
     return whole;

@@ -3,11 +3,20 @@
 
 #include <stdexcept>
 
+#include "platform/unheard.h"
+
 namespace verlink::platform {
 
 namespace {
 Desktop* in_force = nullptr;
-}
+int unheard = 0;
+}  // namespace
+
+Unheard::Unheard() { ++unheard; }
+
+Unheard::~Unheard() { --unheard; }
+
+bool Unheard::On() { return unheard > 0; }
 
 Desktop& The_Desktop() {
     if (!in_force) throw std::logic_error("no desktop is in force");
@@ -16,7 +25,9 @@ Desktop& The_Desktop() {
 
 void Use_Desktop(Desktop* desktop) { in_force = desktop; }
 
-void Tell(const std::string& text, Icon icon) { The_Desktop().Show_Message({.text = text, .icon = icon}); }
+void Tell(const std::string& text, Icon icon) {
+    if (!Unheard::On()) The_Desktop().Show_Message({.text = text, .icon = icon});
+}
 
 bool Ask_Yes(const std::string& text, Icon icon) {
     return The_Desktop().Show_Message({.text = text, .icon = icon, .buttons = Buttons::kYesNo}) == Answer::kYes;

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/unheard.h"
+
 namespace verlink {
 
 namespace {
@@ -36,6 +38,7 @@ void Tell(const Report& report) {
 void Install_Reporter(Reporter reporter) { in_force = reporter; }
 
 void Report_Failure(long ErrorNumber, const std::string& ProcName, const platform::FileTrouble& trouble) {
+    if (platform::Unheard::On()) return;
     if (gathering == 0) return Tell({ErrorNumber, ProcName, trouble, 1});
     const auto same = std::find_if(gathered.begin(), gathered.end(), [&](const Report& report) {
         return report.number == ErrorNumber && report.procedure == ProcName &&

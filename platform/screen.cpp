@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/deed.h"
 #include "platform/desktop.h"
 
 namespace verlink::platform {
@@ -47,12 +48,17 @@ void Screen::ShowModal() {
     registry.shown.push_back(this);
     visible_ = true;
     const int before = hidings_;
+    Deed::So_Far();
     The_Desktop().Show_Window(*this);
     if (registry.active != this) {
         registry.active = this;
         Form_Activate();
     }
-    if (hidings_ == before) The_Desktop().Serve_Events(*this, [this, before] { return hidings_ != before; });
+    Deed::By_Itself();
+    if (hidings_ == before) {
+        const Deed::Waiting hand_free;
+        The_Desktop().Serve_Events(*this, [this, before] { return hidings_ != before; });
+    }
     if (The_Desktop().Ending()) return;
     Screen* below = registry.shown.empty() ? nullptr : registry.shown.back();
     if (below == registry.active) return;
@@ -76,7 +82,8 @@ void Screen::MoveFocus(Control* control) {
     Control* left = focus_;
     focus_ = control;
     if (auto* box = dynamic_cast<TextBox*>(left)) box->Leave();
-    if (auto* visual = dynamic_cast<Visual*>(left); visual && visual->OnLostFocus) visual->OnLostFocus();
+    if (auto* visual = dynamic_cast<Visual*>(left); visual && visual->OnLostFocus)
+        Leave_Box(*visual, visual->OnLostFocus);
     if (focus_ == control) {
         if (FocusWatcher) FocusWatcher(control);
         if (auto* visual = dynamic_cast<Visual*>(control); visual && visual->OnGotFocus) visual->OnGotFocus();

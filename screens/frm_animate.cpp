@@ -16,6 +16,7 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "dynamics/typed_units.h"
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -59,6 +60,7 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     StopButton = &cmd_Reset;
     Write_Tips();
     Bind();
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void frm_Animate::Write_Tips() {
@@ -143,19 +145,7 @@ void frm_Animate::Form_Activate() {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Timer1.Interval = 250;
         Timer1.Enabled = true;
-        for (auto* boxes : {&txt_Linkout, &txt_initial})
-            for (const auto& box : *boxes) box->Settle();
-        Show_Choices();
-        Show_Settings();
-        cmd_Recalc.Enabled = false;
-        hsc_step.SetMax(Model.NSteps);
-        hsc_step.SetValue(0);
-        if (Model.Grashof_Code == "NL") cmd_Animate.Enabled = false;
-        fra_toggle.Visible = Model.Grashof_Code == "N";
-        for (int box : {1, 2}) txt_initial[box].Enabled = Model.Calctype != 1;
-        for (auto& label : lbl_Units) label->Caption = Model.UnitLabel(6);
-        Fill_By_Calctype();
-        Show_Initial_Panel();
+        Fill();
         Model.CurrentStep = 0;
         cmd_Reset_Click();
         if (Model.Grashof_Code == "N") Toggle();
@@ -165,6 +155,41 @@ void frm_Animate::Form_Activate() {
         (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
         Unlock_Run_Buttons();
         Model.LinkEdited = false;
+    });
+}
+
+/// All that there is of the model, untouched by any hand.
+void frm_Animate::Fill() {
+    for (auto* boxes : {&txt_Linkout, &txt_initial})
+        for (const auto& box : *boxes) box->Settle();
+    Show_Choices();
+    Show_Settings();
+    cmd_Recalc.Enabled = false;
+    hsc_step.SetMax(Model.NSteps);
+    hsc_step.SetValue(0);
+    if (Model.Grashof_Code == "NL") cmd_Animate.Enabled = false;
+    fra_toggle.Visible = Model.Grashof_Code == "N";
+    for (int box : {1, 2}) txt_initial[box].Enabled = Model.Calctype != 1;
+    for (auto& label : lbl_Units) label->Caption = Model.UnitLabel(6);
+    Fill_By_Calctype();
+    Show_Initial_Panel();
+}
+
+void frm_Animate::Show_Model() {
+    Guarded("frm_Animate.Show_Model", [this] {
+        Fill();
+        Grashof();
+        if (Model.Grashof_Code == "N") Toggle();
+        txt_Figure.Text = Shown_Title();
+        txt_LineAngle.Text = Text_Of(Model.LineAngle);
+        if (Model.RunStands) {
+            Unlock_Run_Buttons();
+            cmd_Reset_Click();
+        } else {
+            Lock_Run_Buttons();
+        }
+        Refresh_Status();
+        Set_Menus();
     });
 }
 
@@ -198,8 +223,10 @@ void frm_Animate::Form_Unload() {
 }
 
 void frm_Animate::Leave() {
-    if (Model.LinkEdited) ++Model.DesignNumber;
     txt_Figure_LostFocus();
+    platform::Deed::So_Far();
+    if (Model.LinkEdited) ++Model.DesignNumber;
+    platform::Deed::By_Itself();
 }
 
 void frm_Animate::Show_Initial_Panel() {

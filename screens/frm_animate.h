@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/edit_menu.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -21,6 +22,7 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
     platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    Edit_Menu edit{*this};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
@@ -74,6 +76,8 @@ class frm_Animate : public Linkage_Screen {
     platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
 
     platform::Timer Timer1{*this, "Timer1"};
+    /// Name and file of the model in hand, and whether it was modified.
+    platform::Label lbl_Model{*this, "lbl_Model"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void cmd_Animate_Click();
@@ -107,6 +111,9 @@ class frm_Animate : public Linkage_Screen {
     void Bind();
     void Write_Tips();
     void Write_Button_Tips();
+    void Fill();
+    /// The screen as it is with this model, run or not.
+    void Show_Model();
     void Fill_By_Calctype();
     void Show_Settings();
     void Zoom(double factor);

@@ -15,12 +15,15 @@
 #include "dynamics/units.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/guard.h"
+#include "screens/edit_menu.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
+#include "synthesis/cognates.h"
 
 namespace verlink {
 
@@ -36,8 +39,6 @@ namespace {
 constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 constexpr char kConfirmReset[] = "Please confirm your order to reset all variables to their default values";
 constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
-
-bool Unsaved() { return Model.Calculated && !Model.SavedFlag; }
 
 /// The window is made for the links; counterweights may reach beyond it wherever they turn.
 void Make_Room_For_Weights() {
@@ -61,14 +62,6 @@ bool Can_Close() {
     constexpr double kBeyondSense = 1e12;
     return Model.NSteps >= 0 && Model.NSteps <= kLastStep && shortest > 0 && longest < kBeyondSense &&
            Closes_Somewhere();
-}
-
-/// The run of the model, without a question about positions that do not close.
-void Run_Quietly() {
-    Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = false;
-    const Told_As_One once;
-    Integer Result;
-    if (!Generated_Run(Model.Calctype, Result)) Imported_Run(Result);
 }
 
 }  // namespace
@@ -138,6 +131,7 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
         Get<MenuEntry>(entry).OnClick = [name = std::string(entry)] {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
         };
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void frm_HomeScreen::Note_Status_Width() { Model.StatusWidth = Width().Get(); }  // the panel spans the screen
@@ -155,7 +149,7 @@ void frm_HomeScreen::Form_Activate() {
 }
 
 void frm_HomeScreen::Form_Return() {
-    Guarded("frm_Homescreen.Activate", [this] { Refresh(); });
+    Guarded("frm_Homescreen.Activate", [this] { Show_Model(); });
 }
 
 void frm_HomeScreen::Refresh() {
@@ -163,6 +157,12 @@ void frm_HomeScreen::Refresh() {
     Refresh_Status();
     Model.ScreenReturn = false;
     Show_Linkage();
+}
+
+void frm_HomeScreen::Show_Model() {
+    Check_mnu_Units(*this, Model.Units);
+    Check_Cognates();
+    Refresh();
 }
 
 void frm_HomeScreen::Form_QueryUnload(bool& cancel) {
@@ -176,7 +176,7 @@ void frm_HomeScreen::Show_Linkage() {
     // The picture has a run of its own where there is none yet, and settings of its own: the user's stay, and so does
     // the window that the animate screen drags in.
     const auto kept = std::make_unique<LinkageModel>(Model);
-    if (!Model.RunStands && Can_Close()) Run_Quietly();
+    if (!Model.RunStands && Can_Close()) Run_Unasked(Model);
     const bool there = Model.RunStands;
     Picture1.Visible = there;
     lbl_Name.Visible = !there;
@@ -236,14 +236,14 @@ void frm_HomeScreen::cmd_Balance_Click() {
 
 void frm_HomeScreen::cmd_Quit_Click() {
     Guarded("frm_Homescreen.cmd_Quit", [this] {
-        if (Unsaved()) Menu_Saveas(*this);
+        if (Modified()) Menu_Saveas(*this);
         Show_Centered("frm_Quit");
     });
 }
 
 void frm_HomeScreen::mnu_New_Click() {
     Guarded("frm_Homescreen.New", [this] {
-        if (Unsaved() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
+        if (Modified() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
         const Answer answer =
             The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
         if (answer != Answer::kOk) return;

@@ -29,6 +29,9 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_pdx{mnu_Export, "mnu_pdx", " Pendrix Input File"};
     MenuEntry mnu_FileBar3{mnu_File, "mnu_FileBar3", ""};
     MenuEntry mnu_Quit{mnu_File, "mnu_Quit", "&Quit"};
+    MenuEntry mnu_FileBar5{mnu_File, "mnu_FileBar5", ""};
+    MenuEntry mnu_Undo{mnu_File, "mnu_Undo", "Undo"};
+    MenuEntry mnu_Redo{mnu_File, "mnu_Redo", "Redo"};
 
     MenuEntry mnu_Units{*this, "mnu_Units", "&Units"};
     platform::ControlArray<MenuEntry> mnu_pick{
@@ -129,6 +132,8 @@ class frm_HomeScreen : public platform::Screen {
                                                         {8, "Saved"},
                                                         {9, "Units are:"},
                                                         {10, "in-lb-bl-s"}}};
+    /// Name and file of the model in hand, and whether it was modified.
+    platform::Label lbl_Model{*this, "lbl_Model"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void Form_Activate() override;
@@ -176,6 +181,7 @@ class frm_HomeScreen : public platform::Screen {
     void Use_Inches();
     void Refresh();
     void Show_Linkage();
+    void Show_Model();
     void Note_Status_Width();
 };
 

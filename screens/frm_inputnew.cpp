@@ -25,6 +25,7 @@ frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     Bind_Boxes();
     Bind_Choices();
     Bind_Actions();
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void frm_Inputnew::Write_Tips() {

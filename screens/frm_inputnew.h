@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/edit_menu.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -37,6 +38,7 @@ class frm_Inputnew : public Linkage_Screen {
         mnu_Cognate, "mnu_Cog", {{1, "Cognate 1"}, {2, "Cognate 2"}, {3, "Cognate 3"}}};
     platform::MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley Diagram"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    Edit_Menu edit{*this};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
@@ -83,6 +85,8 @@ class frm_Inputnew : public Linkage_Screen {
     platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
 
     platform::Timer Timer1{*this, "Timer1"};
+    /// Name and file of the model in hand, and whether it was modified.
+    platform::Label lbl_Model{*this, "lbl_Model"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void txt_Linkout_Change(int Index);
@@ -123,6 +127,8 @@ class frm_Inputnew : public Linkage_Screen {
     /// The model's values in the boxes of the mode.
     void Show_Values();
     void Allow_Time_Steps();
+    /// The screen as it is with this model, run or not.
+    void Show_Model();
     /// The drive's speed, acceleration and starting angle from the boxes that the mode has for them.
     void Take_Speeds();
     /// What has been typed and not been left yet is taken over.
@@ -138,6 +144,8 @@ class frm_Inputnew : public Linkage_Screen {
     bool Run(Integer& Result);
     bool Run_Setup(Integer& Result);
     void Show_Run();
+    void Show_Ways_On();
+    void Fill();
 
     bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
     bool AutoCalc = true;   ///< `chk_autocalc` is ticked

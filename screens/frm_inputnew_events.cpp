@@ -12,6 +12,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/frm_inputnew.h"
@@ -52,18 +53,7 @@ void frm_Inputnew::Form_Activate() {
         cmd_PlotPrint.Enabled = true;
         Model.ShowCouplerFlag = "Y";
         Model.ShowCentrodesFlag = "N";
-        hsc_step.SetMax(Model.NSteps);
-        hsc_step.SetMin(0);
-        txt_initial[1].Enabled = true;
-        txt_initial[2].Enabled = true;
-        for (auto* boxes : {&txt_Linkout, &txt_initial})
-            for (const auto& box : *boxes) box->Settle();
-        txt_Thetazero.Settle();
-        Show_Values();
-        Show_Choices();
-        opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
-        Classify_Linkage();
-        Allow_Time_Steps();
+        Fill();
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
         if (AutoCalc) {
@@ -74,6 +64,40 @@ void frm_Inputnew::Form_Activate() {
         txt_Figure.Text = Shown_Title();
         Model.LinkEdited = false;
         Run_Held_Back();
+        Refresh_Status();
+        Set_Menus();
+    });
+}
+
+/// All that there is of the model, untouched by any hand.
+void frm_Inputnew::Fill() {
+    hsc_step.SetMax(Model.NSteps);
+    hsc_step.SetMin(0);
+    txt_initial[1].Enabled = true;
+    txt_initial[2].Enabled = true;
+    for (auto* boxes : {&txt_Linkout, &txt_initial})
+        for (const auto& box : *boxes) box->Settle();
+    txt_Thetazero.Settle();
+    Show_Values();
+    Show_Choices();
+    opt_Modulo[Model.ModuloMode == "180" ? 0 : 1].Value = true;
+    Classify_Linkage();
+    Allow_Time_Steps();
+}
+
+void frm_Inputnew::Show_Model() {
+    Guarded("frm_Input.Show_Model", [this] {
+        Fill();
+        txt_Figure.Text = Shown_Title();
+        Disable_Ways_On();
+        Picture1.Canvas().Cls();
+        if (Model.RunStands) {
+            Stepping = true;
+            Model.CurrentStep = 0;
+            Show_Ways_On();
+            Stepping = false;
+        }
+        Check_Cognates();
         Refresh_Status();
         Set_Menus();
     });
@@ -289,6 +313,13 @@ void frm_Inputnew::Show_Run() {
     Allow_Time_Steps();
     hsc_step.SetMax(Model.NSteps);
     Model.CurrentStep = 0;
+    Show_Ways_On();
+    if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
+    Model.ScreenReturn = true;
+}
+
+/// The first step, and the buttons that lead on from a run.
+void frm_Inputnew::Show_Ways_On() {
     Show_Step();
     const bool several = Model.Calctype != 1;
     cmd_Done.Enabled = Model.RunStands;
@@ -296,8 +327,6 @@ void frm_Inputnew::Show_Run() {
     cmd_Step.Enabled = Model.RunStands && several;
     if (Model.Calctype == 3) Show_Step();
     if (Model.Calctype == 1) Show_First_Step();
-    if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
-    Model.ScreenReturn = true;
 }
 
 /// The run of the present mode from what the boxes hold; false when there was none.
@@ -499,6 +528,7 @@ void frm_Inputnew::cmd_Done_Click() {
         Take_Pending();
         Run_Counts();
         if (Model.LinkEdited) Model.DesignNumber += 1;
+        platform::Deed::By_Itself();
         Leave();
         Model.Synthesized = false;
         Model.CurrentStep = 0;

@@ -14,6 +14,7 @@
 #include "dynamics/typed_units.h"
 #include "files/exports.h"
 #include "platform/guard.h"
+#include "screens/edit_menu.h"
 #include "screens/frm_matrix.h"
 #include "screens/print_questions.h"
 
@@ -27,6 +28,7 @@ constexpr char kOneFriction[] = "; friction acts on link 3 alone";
 constexpr char kSolveTip[] = "Solve for the forces and torques at every step with the data shown";
 constexpr char kTableTip[] =
     "Solve for the forces and torques at every step with the data shown and the imported torque";
+constexpr char kNoRunTip[] = "Calculate the linkage on the input screen first";
 constexpr char kNoSolveTip[] = "The torque table came with the file: clear its box, or leave and come back, to solve";
 
 }  // namespace
@@ -61,6 +63,7 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     DefaultButton = &cmd_Solve;
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void frm_MassProp::Write_Tips() {
@@ -111,6 +114,22 @@ void frm_MassProp::Form_Activate() {
         txt_Mass[2].SetFocus();
         chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
+        CancelButton = &cmd_Cancel;
+    });
+}
+
+void frm_MassProp::Show_Model() {
+    Guarded("frm_MassProp.Show_Model", [this] {
+        Titlebox(*this);
+        Show_Units();
+        chk_Torque.Value = Model.TorqueImported;
+        Put_Mass_Properties(*this, Model, Model);
+        // A table that the user has brought in is solved with; one that a file has brought is looked at.
+        cmd_Solve.Enabled = Model.RunStands && !(Model.TorqueImported && Model.DiskFile);
+        Write_Solve_Tip();
+        if (!Model.RunStands) cmd_Solve.Tip = kNoRunTip;
+        Allow_Results(false);
+        Refresh_Status();
         CancelButton = &cmd_Cancel;
     });
 }
@@ -175,6 +194,8 @@ void frm_MassProp::cmd_Solve_Click() {
         if (solve.first) PrintAmatrix(solve.first->A, solve.first->C);
         // The imported table takes its place.
         if (Model.TorqueImported) Model.ExtTorque(4) = 0;
+        for (Boxes* boxes : All_Boxes())
+            for (const auto& box : *boxes) box->Settle();
         Allow_Results(true);
         CancelButton = &cmd_Cancel;
         cmd_Done.SetFocus();

@@ -86,6 +86,8 @@ class frm_MassProp : public platform::Screen {
     using Boxes = platform::ControlArray<platform::TextBox>;
     void Write_Tips();
     void Show_Units();
+    /// The boxes of the model; what was solved for is to be solved for anew.
+    void Show_Model();
     /// What ticking the import does: the table in force, or one from a file; the tick goes where there is none.
     void Take_Torque_Table();
     void Write_Solve_Tip();

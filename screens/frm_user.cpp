@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
+#include "platform/deed.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -61,7 +62,10 @@ void frm_User::cmd_Done_Click() {
         // A home screen that is up already comes to the front by itself when this showing returns.
         Screen& home = Screens::Get("frm_HomeScreen");
         Centerform(home);
-        if (!home.Visible()) home.ShowModal();
+        if (home.Visible()) return;
+        // Who begins says who he is; that changes no model.
+        platform::Deed::By_Itself();
+        home.ShowModal();
     });
 }
 

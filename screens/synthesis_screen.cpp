@@ -98,6 +98,7 @@ void Synthesis_Screen::Bind_Boxes() {
         box->OnGotFocus = [box] { box->SelectAll(); };
         Reads_As(*box, Model, Is_Angle(box->Name()) ? Quantity::kAngle : Quantity::kLength, {.grouped = true});
     }
+    Serve_Undo(*this, [this] { Show_Model(); });
 }
 
 void Synthesis_Screen::Box_Change() {
@@ -114,6 +115,13 @@ void Synthesis_Screen::Form_Activate() {
     Guarded(Name() + ".Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Model.Synthesized = false;
+        Show_Model();
+        txt_P21x.SetFocus();
+    });
+}
+
+void Synthesis_Screen::Show_Model() {
+    Guarded(Name() + ".Show_Model", [this] {
         LengthFactor = Shown_Factor();
         for (const auto& label : Label13) label->Caption = "deg";
         for (const auto& label : lbl_Length) label->Caption = Model.UnitLabel(6);
@@ -128,7 +136,6 @@ void Synthesis_Screen::Form_Activate() {
         Draw();
         Titlebox(*this);
         Allow_Results(false);
-        txt_P21x.SetFocus();
     });
 }
 
@@ -201,7 +208,10 @@ void Synthesis_Screen::cmd_Calc_Click() {
     const SynthesisData before = Model;
     const std::vector<std::string> shown = Shown_Results();
     const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
-        if (Solve()) Allow_Results(true);
+        if (!Solve()) return;
+        Allow_Results(true);
+        for (platform::Control* control : Controls())
+            if (auto* box = dynamic_cast<TextBox*>(control)) box->Settle();
     });
     // A number that no field holds takes none of the others in.
     if (ended) return;

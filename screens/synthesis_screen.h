@@ -8,6 +8,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/edit_menu.h"
 
 namespace verlink {
 
@@ -23,6 +24,7 @@ class Synthesis_Screen : public platform::Screen {
     using Array = platform::ControlArray<Kind>;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Edit_Menu edit{*this};
     Label lbl_Header{*this, "lbl_Header"};
 
     Frame fra_Given{*this, "fra_Given", "Given Data Common to both Dyads"};
@@ -157,6 +159,8 @@ class Synthesis_Screen : public platform::Screen {
     };
     void Write_Tips();
     void Box_Change();
+    /// The given data of the model; what came of them is to be calculated anew.
+    void Show_Model();
     void Allow_Results(bool allowed);
 
     int positions_;

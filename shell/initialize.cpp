@@ -7,6 +7,7 @@
 #include "core/runs.h"
 #include "core/status_panel.h"
 #include "core/text.h"
+#include "files/in_hand.h"
 #include "output/catalogue.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
@@ -72,6 +73,7 @@ void Initialize() {
         Model.DesignNumber = 1;
         Model.DateStr = platform::The_Desktop().Date_Text();
         Model.TimeStr = platform::The_Desktop().Time_Text();
+        Model_Came();
     });
 }
 
@@ -81,6 +83,7 @@ void New_Model() {
         Clear_RunTable();
         Enter_Linkage(Road::kNew, [] {});
         Model.FigureTitle.clear();
+        Model_Came();
         Set_Menus();
         Refresh_Status();
     });

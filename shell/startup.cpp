@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
+#include "shell/history.h"
 #include "shell/initialize.h"
 #include "shell/user.h"
 
@@ -133,6 +134,7 @@ void Sub_Main(const std::string& command_line) {
         Model.CommandLine = command_line;
         Set_Identity();
         Model.JustStarted = true;
+        The_History().Begin();
         Prepare_Screen_Data();
         Check_for_Crash();
         if (The_Desktop().Ending()) return;
@@ -146,6 +148,7 @@ void Sub_Main(const std::string& command_line) {
         Set_Palette();
         Refresh_Status();
         Model.DiskFile = false;
+        The_History().Begin();
         Show_Centered("frm_Title");
     });
 }

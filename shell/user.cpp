@@ -43,10 +43,11 @@ std::string Clicked_Content(const std::string& path) {
 }  // namespace
 
 void CreateAssociation(const std::string& Type, const std::string& Extension) {
-    const auto failure = What_Failed([&] { The_Desktop().Register_File_Type({Type, Extension, Model.AppPath}); });
+    const std::string& program = Model.AppPath;
+    const auto failure = What_Failed([&] { The_Desktop().Register_File_Type({Type, Extension, program}); });
     // The association stays as it was then, and this message is the only sign.
     if (failure)
-        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", Model.AppPath + "\\" + Type + ".exe %1",
+        Report_SetKeyValue(Type + R"(.Document\shell\open\command)", "", program + "\\" + Type + ".exe %1",
                            failure->Trouble());
 }
 

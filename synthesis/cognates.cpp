@@ -34,15 +34,15 @@ Row From_Other_Side(const Row& row, Single Rpa, Single DeltaRad) {
     return {row.L1, row.L4, row.L3, row.L2, Rpa, DeltaRad};
 }
 
-void Check_Menus() {
+}  // namespace
+
+void Check_Cognates() {
     for (const char* screen : {"frm_HomeScreen", "frm_Inputnew"})
         for (int cognate = 1; cognate <= 3; ++cognate)
             platform::With<platform::MenuEntry>(screen, "mnu_Cog", cognate, [&](platform::MenuEntry& entry) {
                 entry.Checked = cognate == Model.CognateNumber;
             });
 }
-
-}  // namespace
 
 void SeedCognate() {
     Guarded("SeedCognate", [] {
@@ -54,7 +54,7 @@ void SeedCognate() {
         Cayley(Model.Cognates, Model.CayleyRows);
         Model.Cognates(1, kDegrees) = Model.Delta;
         for (int n : {2, 3}) Model.Cognates(n, kDegrees) = Model.Cognates(n, kItems) * kRadToDeg;
-        Check_Menus();
+        Check_Cognates();
     });
 }
 
@@ -122,7 +122,7 @@ void Switch_Cognate(Integer n) {
         });
         Model.CognateNumber = n;
         Model.CognateEdit = n != 1;
-        Check_Menus();
+        Check_Cognates();
         Refresh_Status();
         Set_Menus();
     });

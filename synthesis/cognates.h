@@ -18,6 +18,9 @@ void SeedCognate();
 /// `SeedCognate` if another linkage has come in since. Whoever reads the tables of cognates asks for this first.
 void Find_Cognates();
 
+/// The menus' marks at `CognateNumber`.
+void Check_Cognates();
+
 /// Rows 2 and 3 of both tables from row 1 of `cognates`.
 void Cayley(CognateTable& cognates, CognateTable& rows);
 

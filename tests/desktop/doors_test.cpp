@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QTest>
 
+#include "files/in_hand.h"
 #include "shell/startup.h"
 #include "tests/desktop/user.h"
 
@@ -36,6 +37,7 @@ TEST_F(DoorsTest, A_synthesised_linkage_is_shown_with_its_circuit_and_pivot_and_
         EXPECT_EQ(Model.CircuitSign, 1);
         EXPECT_FALSE(Model.Synthesized);
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Synth2A", [](QWidget& window) {
@@ -72,6 +74,7 @@ TEST_F(DoorsTest, An_example_in_millimetres_comes_up_in_inches) {
         EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 0.9575556, 1e-6) << "1.25 in at -40 degrees";
         EXPECT_EQ(Find<QLabel>(window, "lbl_Status_10").text(), "in-lb-bl-s");
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -124,6 +127,7 @@ TEST_F(DoorsTest, An_opened_model_is_at_home_with_its_ways_on_behind_next_and_ne
         for (const char* way : {"cmd_Animate", "cmd_Plot", "cmd_Print", "cmd_Dynamics"})
             EXPECT_TRUE(Find<QWidget>(window, way).isEnabled()) << way;
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     ThenFile(file);

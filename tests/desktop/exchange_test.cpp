@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "platform/file_system.h"
 #include "shell/startup.h"
 #include "tests/desktop/user.h"
@@ -60,10 +61,12 @@ TEST_F(ExchangeTest, Every_entry_leads_through_its_dialog_to_a_file_or_from_one)
         Click(window, "cmd_Dynamics");
         EXPECT_TRUE(Model.TorqueImported);
         Model_Saved();
+        Model_Kept();
         Pick(window, "mnu_Link_Data_Import");
         EXPECT_EQ(Model.Model5Name, "stage1.out");
         EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_1").isHidden());
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
 

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <set>
 
+#include "files/in_hand.h"
 #include "platform/controls.h"
 #include "platform/file_system.h"
 #include "shell/startup.h"
@@ -96,9 +97,11 @@ TEST_F(PaperTest, Every_screen_that_prints_itself_makes_one_page_with_its_pictur
                                    "cmd_Plot", "cmd_Plot", "cmd_Plot", "cmd_Print"})
             Click(window, button);
         Model_Saved();
+        Model_Kept();
         for (const char* entry : {"mnu_CalcFFT", "mnu_Twopos1", "mnu_Twopos2", "mnu_Unspec"}) {
             Pick(window, entry);
             Model_Saved();
+            Model_Kept();
         }
         Click(window, "cmd_Quit");
     });

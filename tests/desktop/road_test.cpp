@@ -11,6 +11,7 @@
 #include <set>
 
 #include "desktop/picture_widget.h"
+#include "files/in_hand.h"
 #include "platform/file_system.h"
 #include "platform/graph.h"
 #include "shell/startup.h"
@@ -65,6 +66,7 @@ TEST_F(RoadTest, From_the_start_to_a_moving_linkage_into_a_file_and_back) {
         EXPECT_EQ(Model.ModelName, "press") << "a model that was read leads through the input screen and back";
         EXPECT_EQ(Model.UserName, "A designer");
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -123,6 +125,7 @@ TEST_F(RoadTest, From_masses_to_forces_to_balance_to_a_plot_of_the_shaking_force
         EXPECT_FALSE(Find<QWidget>(window, "lbl_Status_4").isHidden());
         Click(window, "cmd_Plot");
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -200,6 +203,7 @@ TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
     Then("frm_HomeScreen", [](QWidget& window) {
         Click(window, "cmd_Input");
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Inputnew", [](QWidget& window) {
@@ -244,6 +248,7 @@ TEST_F(RoadTest, From_two_positions_to_a_linkage_that_moves_and_is_plotted) {
         EXPECT_TRUE(Find<QWidget>(window, "cmd_Plot").isEnabled());
         Click(window, "cmd_Plot");
         Model_Saved();
+        Model_Kept();
         Click(window, "cmd_Quit");
     });
     Then("frm_Synth2A", [](QWidget& window) {

@@ -12,10 +12,12 @@
 #include <filesystem>
 
 #include "desktop/pace.h"
+#include "files/in_hand.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
+#include "shell/history.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -66,6 +68,8 @@ DesktopTest::DesktopTest() {
     Reset_Model();
     platform::Screens::Discard();
     Register_Screens();
+    Model_Came();
+    The_History().Begin();
     QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { Poll(); });
     poll_.start(kPollMilliseconds);
 }

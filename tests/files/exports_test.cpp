@@ -6,6 +6,7 @@
 
 #include "core/runs.h"
 #include "core/status_panel.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 
 namespace verlink::test {
@@ -290,6 +291,7 @@ TEST_F(Exports, ACancelledDialogEndsTwoExportsSilentlyAndIsReportedByTheThird) {
 TEST_F(Exports, AFailedExportIsReportedUnderItsWriterAndTheNextSaveAsks) {
     Run();
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Save(In("gone/a.out"));
     Expect_Lost_Folder("Export_Link4_to_File", In("gone/a.out"));
     Menu_Link_Data_Export(home);

@@ -14,6 +14,7 @@
 #include "core/status_panel.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -84,6 +85,7 @@ class Faults : public ModelFiles {
         fs::create_directory(Path("files"));
         ::chmod(Path("").c_str(), 0755);
         Model_Saved();
+        Model_Kept();
         Model.FilePath = In("before.vlk");
         Model.ModelName = "before";
     }
@@ -375,6 +377,7 @@ TEST_P(ReadingFaults, ADeviceThatFailsIsReported) {
 TEST_P(ReadingFaults, AFileCutOffHalfWayIsReportedAndLeavesEverythingAsItWas) {
     Run_Holds();
     Model_Saved();
+    Model_Kept();
     Refresh_Status();
     const Moment before;
     const std::string content = GetParam().content();

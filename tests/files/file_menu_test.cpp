@@ -8,6 +8,7 @@
 #include <set>
 
 #include "core/status_panel.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -65,6 +66,7 @@ class FileMenu : public ModelFiles {
         Forces_Hold();
         Set_Menus();
         Model_Saved();
+        Model_Kept();
         Refresh_Status();
     }
     bool Panel_Shows_Saved() const { return home.Get<platform::Label>("lbl_Status", 8).Visible; }
@@ -97,6 +99,7 @@ TEST_F(FileMenu, SaveAsAsksForAFileWritesItAndTakesItsName) {
 TEST_F(FileMenu, SaveOfASavedModelAsksNothing) {
     Model.FilePath = In("a.vlk");
     Model_Saved();
+    Model_Kept();
     Expect_Saved(In("a.vlk"));
     Pick_Menu(home, "mnu_Save");
     EXPECT_EQ(Held(In("a.vlk")), File_Content());
@@ -146,6 +149,7 @@ TEST_F(FileMenu, AFailedSaveLeavesTheOldFileWholeAndTheModelUnsaved) {
     Model.FilePath = In("a.vlk");
     Put_File(In("a.vlk"), "old");
     Model_Saved();
+    Model_Kept();
     ::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ::getrlimit(RLIMIT_FSIZE, &before);
@@ -173,6 +177,7 @@ TEST_F(FileMenu, AModelThatCannotBePutIntoAFileLeavesTheOldOneWhole) {
     Model.FilePath = In("a.vlk");
     Put_File(In("a.vlk"), "old");
     Model_Saved();
+    Model_Kept();
     Model.Calctype = 4;
     Model.NSteps = 2881;
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in Writefile\r\n\r\n");
@@ -184,6 +189,7 @@ TEST_F(FileMenu, AModelThatCannotBePutIntoAFileLeavesTheOldOneWhole) {
 TEST_F(FileMenu, OpenReadsTheChosenFile) {
     const std::string path = Fixture_File("rev9.vlk");
     Model_Saved();
+    Model_Kept();
     Model.CognateEdit = true;
     desktop.Expect_Open(path);
     Expect_Read(path);
@@ -207,6 +213,7 @@ TEST_F(FileMenu, OpenReadsTheChosenFile) {
 
 TEST_F(FileMenu, AModelJustReadDoesNotCountAsSaved) {
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Open(Fixture_File("rev9.vlk"));
     Expect_Read(Fixture_File("rev9.vlk"));
     Menu_Open(home);
@@ -219,6 +226,7 @@ TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
     LogSurface log;
     auto& picture = Screens::Get("frm_Inputnew").Get<platform::PictureBox>("Picture1");
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Open(Fixture_File("rev9.vlk"));
     desktop.Expect_Message_With("successfully read.");
     desktop.Expect_Screen("frm_Inputnew", [&](platform::Screen& screen) {
@@ -287,6 +295,7 @@ TEST_F(FileMenu, OpenDoesNotAskWithoutResultsOrWithSavedOnes) {
     Menu_Open(home);
     Run_Holds();
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Open({});
     Menu_Open(home);
     EXPECT_EQ(desktop.Dialogs.size(), 2U);
@@ -355,6 +364,7 @@ TEST_F(FileMenu, SaveOverAFileThatIsNoModelKeepsTheOldOneBesideItAndSaysSo) {
         Put_File(In("stage1.trq"), foreign);
         ::chmod(In("stage1.trq").c_str(), 0640);
         Model_Saved();
+        Model_Kept();
         desktop.Expect_Message("File was successfully written to \r" + In("stage1.trq") +
                                    "\r\rThe file that was there is no model.  It is kept as \r" + In("stage1.trq~"),
                                Answer::kOk, Icon::kInformation, Buttons::kOk);
@@ -377,6 +387,7 @@ TEST_F(FileMenu, AnOldFileThatWasKeptStaysWhenAnotherIsKept) {
     Put_File(In("stage1.trq"), "second");
     Put_File(In("stage1.trq~"), "first");
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Message_With("It is kept as \r" + In("stage1.trq~~"));
     Menu_Save(home);
     EXPECT_EQ(Held(In("stage1.trq~")), "first");
@@ -388,6 +399,7 @@ TEST_F(FileMenu, AModelAnEmptyFileAndOneThatTheUserAgreedToReplaceAreNotKept) {
     for (const char* old : {"\"VERLINK\"\r\n\"6.0\"\r\n", "VERLINK", "\xef\xbb\xbf\"VERLINKED\",1", ""}) {
         Put_File(In("a.vlk"), old);
         Model_Saved();
+        Model_Kept();
         Expect_Saved(In("a.vlk"));
         Menu_Save(home);
     }
@@ -418,6 +430,7 @@ TEST_F(FileMenu, SavedAndOpenedAgainIsTheSameModel) {
 TEST_F(FileMenu, AHomeScreenWithoutADialogIsAFailureOfEachHandler) {
     platform::Screen bare("frm_HomeScreen");
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in frm_Homescreen.Open\r\n\r\n");
     Menu_Open(bare);
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in frm_Homescreen.SaveAs.vlk\r\n\r\n");

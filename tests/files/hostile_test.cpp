@@ -2,6 +2,7 @@
 #include <random>
 
 #include "platform/guard.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -312,6 +313,7 @@ TEST_F(Hostile, ThroughTheMenuTheProgramStaysUsable) {
     Put_File(Path("many.vlk"), many);
     Put_File(Path("long.vlk"), With_Line(valid, 84, "5000"));
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Open(Path("bad.vlk"));
     desktop.Expect_Message(Subscript("Readfile"));
     Menu_Open(home);

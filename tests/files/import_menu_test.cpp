@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "core/status_panel.h"
+#include "files/in_hand.h"
 #include "tests/files/drive_files.h"
 
 namespace verlink::test {
@@ -28,6 +29,7 @@ class ImportMenu : public DriveFiles {
         fs::create_directory(Path("a folder"));
         Take_Full_Turn();
         Model_Saved();
+        Model_Kept();
         Set_Menus();
     }
     std::string In(const std::string& name) const { return Path("a folder/" + name); }
@@ -182,6 +184,7 @@ TEST_F(ImportMenu, NoToSavingGoesOnAndASaveThatCameToNothingDoesNot) {
 TEST_F(ImportMenu, SavedResultsOrNoneAreNotAskedAbout) {
     Run_Holds();
     Model_Saved();
+    Model_Kept();
     desktop.Expect_Open({});
     Menu_Lobetra(home);
     Run_Dropped();
@@ -217,6 +220,7 @@ TEST_F(ImportMenu, ARefusedFileLeavesTheModelItsPathAndItsSaving) {
     Model.FilePath = In("model.vlk");
     Model.Model5Name = "old.sva";
     Model_Saved();
+    Model_Kept();
     Set_Menus();
     const Moment before;
     platform::The_Desktop().Set_Pointer(Pointer::kHourglass);
@@ -237,6 +241,7 @@ TEST_F(ImportMenu, ABrokenFileIsReportedAndLeavesResultsAndButtons) {
     Have_Results();
     Model.FilePath = In("model.vlk");
     Model_Saved();
+    Model_Kept();
     Set_Menus();
     const Moment before;
     Put_File(In("broken.out"), LinkFile({"1,2,3", "4,5"}));

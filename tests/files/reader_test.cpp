@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/linkage_door.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -254,6 +255,7 @@ TEST_F(Reader, AShorterFirstLineIsRefusedAndNothingChanges) {
     Screens::Get("frm_Inputnew").Text("txt_Linkout", 1).Text = "9.5";
     Run_Holds();
     Model_Saved();
+    Model_Kept();
     const Moment before;
     for (const char* tag : {"\"VERLIN\"", "\"\"", "\"verlink\"", "VERLIN", "\"LINKVER\""}) {
         desktop.Expect_Message(kForeign, Answer::kOk, Icon::kQuestion);
@@ -499,6 +501,7 @@ TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndChangesNothing) {
     Screens::Get("frm_Inputnew").Text("txt_Linkout", 1).Text = "9.5";
     Run_Holds();
     Model_Saved();
+    Model_Kept();
     const Moment before;
     desktop.Expect_Message("Error 62   (Input past end of file)  has occurred in Read_Newfile\r\n\r\n", Answer::kOk,
                            Icon::kInformation);

@@ -12,6 +12,7 @@
 
 #include "files/drive_import.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 
@@ -297,6 +298,7 @@ TEST_F(RoundTrip, FilesInFoldersWithBlanksAndLettersOfAnyScriptAreSavedAndOpened
         const std::string content = File_Content();
         Forget();
         Model_Saved();
+        Model_Kept();
         Model.JustStarted = true;
         desktop.Expect_Open(path);
         Menu_Open(home);

@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "dynamics/mass_properties.h"
+#include "files/in_hand.h"
 #include "tests/files/drive_files.h"
 
 namespace verlink::test {
@@ -35,6 +36,7 @@ class TorqueImport : public DriveFiles {
         Model.FilePath = In("model.vlk");
         Model.RunTable.ImportedTorque(1) = 0.25;
         Model_Saved();
+        Model_Kept();
         Put_Mass_Properties(form, Model, Model);
         // Typed, and not solved with yet.
         box().Text = "12.5";

@@ -211,7 +211,6 @@ TEST_F(Doors, CognatesFollowAnImportedLinkage) {
     Write_File(file, CamFile{}.Content());
     At_Home([&] {
         Calculate_At_Input();
-        desktop.Expect_Message_With("The current data has not been saved.", Answer::kNo);
         desktop.Expect_Open(file);
         desktop.Expect_Message("File " + file + " of Lobetra S-V-A data successfully read.");
         Then("frm_Inputnew", [](Screen& screen) { Press(screen, "cmd_Calc"); });

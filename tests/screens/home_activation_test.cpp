@@ -207,8 +207,8 @@ TEST_F(HomeActivationTest, QuitAsksAndNoKeepsTheProgramRunning) {
     EXPECT_FALSE(desktop.Ending());
 }
 
-TEST_F(HomeActivationTest, QuitOffersToSaveAModelThatIsCalculatedAndNotSaved) {
-    Run_Holds();
+TEST_F(HomeActivationTest, QuitOffersToSaveAModelThatIsModifiedCalculatedOrNot) {
+    Model.L2 = 9;
     desktop.Expect_Save({});
     desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
     home.cmd_Quit_Click();
@@ -217,9 +217,8 @@ TEST_F(HomeActivationTest, QuitOffersToSaveAModelThatIsCalculatedAndNotSaved) {
     EXPECT_TRUE(desktop.Ending());
 }
 
-TEST_F(HomeActivationTest, QuitDoesNotOfferToSaveASavedModel) {
+TEST_F(HomeActivationTest, QuitDoesNotOfferToSaveAModelThatIsNotModified) {
     Run_Holds();
-    Model_Saved();
     desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
     home.mnu_Quit.Click();
 }

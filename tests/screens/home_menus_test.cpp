@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "dynamics/units.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "screens/frm_homescreen.h"
@@ -54,7 +55,7 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "&File\n  &New\n  &Open\n  \n  &Save\n  Save &as\n  \n"
         "  &Import\n     Lobetra Drive Data\n     Linkage Drive Data\n"
         "  &Export\n     Link 4 Theta-Omega-Alpha Data\n     Link 2 Driving Torque Data\n     Pendrix Input File\n"
-        "  \n  &Quit\n"
+        "  \n  &Quit\n  \n  Undo\n  Redo\n"
         "&Units\n  &in-lb-s\n  &ft-lb-s\n  m-kg-s (&SI)\n  &cm-kg-s\n  &mm-kg-s\n"
         "&Examples\n  &Grashof Test Linkage\n  &Hoekens Straight Line Linkage\n  &Roberts Straight Line Linkage\n"
         "  &Watts Straight Line Linkage\n  &Chebychev Straight Line Linkage\n  &Synthesis Test Linkage\n"
@@ -79,11 +80,11 @@ TEST_F(HomeMenusTest, ButtonsAreCaptionedAsDesigned) {
     EXPECT_EQ(home.pnl_Status.Caption.Get(), " Status:");
 }
 
-TEST_F(HomeMenusTest, NewOfASavedModelOnlyAsksForTheConfirmation) {
+TEST_F(HomeMenusTest, NewOfAModelThatIsNotModifiedOnlyAsksForTheConfirmation) {
     Run_Holds();
-    Model_Saved();
     Model.L2 = 9;
     Model.CamDriven = true;
+    Model_Kept();
     Expect_Confirmation(Answer::kOk);
     home.mnu_New_Click();
     EXPECT_EQ(Model.L2, Single(1.115));
@@ -97,14 +98,15 @@ TEST_F(HomeMenusTest, NewOfASavedModelOnlyAsksForTheConfirmation) {
 TEST_F(HomeMenusTest, NewThatIsNotConfirmedKeepsTheModelAndItsDrive) {
     Model.L2 = 9;
     Model.CamDriven = true;
+    Model_Kept();
     Expect_Confirmation(Answer::kCancel);
     home.mnu_New_Click();
     EXPECT_EQ(Model.L2, 9);
     EXPECT_TRUE(Model.CamDriven);
 }
 
-TEST_F(HomeMenusTest, NewOffersToSaveUnsavedResultsFirst) {
-    Run_Holds();
+TEST_F(HomeMenusTest, NewOffersToSaveAModifiedModelFirst) {
+    Model.L2 = 9;
     const std::string path = Path("kept.vlk");
     desktop.Expect_Message(kUnsaved, Answer::kYes, Icon::kQuestion, Buttons::kYesNo);
     desktop.Expect_Save(path);
@@ -117,6 +119,7 @@ TEST_F(HomeMenusTest, NewOffersToSaveUnsavedResultsFirst) {
 
 TEST_F(HomeMenusTest, NewWithoutSavingGoesOnToTheConfirmation) {
     Run_Holds();
+    Model.L2 = 9;
     desktop.Expect_Message(kUnsaved, Answer::kNo);
     Expect_Confirmation(Answer::kOk);
     home.mnu_New_Click();
@@ -125,6 +128,7 @@ TEST_F(HomeMenusTest, NewWithoutSavingGoesOnToTheConfirmation) {
 
 TEST_F(HomeMenusTest, NewAfterAMetricModelBringsBackTheLabelsAndTheMarkOfInches) {
     Use_Units(5);
+    Model_Kept();
     home.mnu_pick[5].Checked = true;
     Expect_Confirmation(Answer::kOk);
     home.mnu_New_Click();

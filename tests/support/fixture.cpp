@@ -5,7 +5,9 @@
 
 #include <memory>
 
+#include "files/in_hand.h"
 #include "screens/register.h"
+#include "shell/history.h"
 
 namespace verlink::test {
 
@@ -19,8 +21,10 @@ Fixture::Fixture() {
     folder_ = ::mkdtemp(pattern.data());
     desktop.Documents = folder_;
     Reset_Model();
+    Model_Came();
     platform::Screens::Discard();
     Register_Screens();
+    The_History().Begin();
 }
 
 Fixture::~Fixture() {

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdlib>
 
+#include "platform/deed.h"
 #include "platform/guard.h"
 #include "shell/failure_report.h"
 #include "tests/support/files.h"
@@ -160,12 +161,14 @@ void ScriptedDesktop::Set_Pointer(Pointer pointer) {
 void Press(Screen& screen, const std::string& button, int index) {
     auto& control = screen.Get<CommandButton>(button, index);
     if (!control.Enabled || !control.Visible) return;
+    const Deed at_work(control);
     control.SetFocus();
     control.Click();
 }
 
 void Type(Screen& screen, const std::string& box, int index, const std::string& text) {
     auto& control = screen.Text(box, index);
+    const Deed at_work(control, Deed::Kind::kTyped);
     control.SetFocus();
     if (!control.Locked) control.Type(text);
 }
@@ -173,12 +176,14 @@ void Type(Screen& screen, const std::string& box, int index, const std::string& 
 void Enter(Screen& screen, const std::string& box, int index, const std::string& text) {
     Type(screen, box, index, text);
     auto& control = screen.Text(box, index);
+    const Deed at_work(control);
     control.Return();
 }
 
 void Choose_Option(Screen& screen, const std::string& option, int index) {
     auto& control = screen.Get<OptionButton>(option, index);
     if (!control.Enabled || !control.Visible) return;
+    const Deed at_work(control);
     control.SetFocus();
     control.Click();
 }
@@ -186,11 +191,16 @@ void Choose_Option(Screen& screen, const std::string& option, int index) {
 void Tick(Screen& screen, const std::string& box, bool on) {
     auto& control = screen.Get<CheckBox>(box);
     if (!control.Enabled || !control.Visible) return;
+    const Deed at_work(control);
     control.SetFocus();
     if (control.Value.Get() != on) control.Click();
 }
 
-void Pick_Menu(Screen& screen, const std::string& entry, int index) { screen.Get<MenuEntry>(entry, index).Click(); }
+void Pick_Menu(Screen& screen, const std::string& entry, int index) {
+    auto& control = screen.Get<MenuEntry>(entry, index);
+    const Deed at_work(control);
+    control.Click();
+}
 
 namespace {
 

@@ -71,7 +71,10 @@ void Aside::Hold(Screen& screen) {
     put_back_.emplace_back([&screen, focus = screen.Focus()] { screen.MoveFocus(focus); });
 }
 
-Aside::Aside() : model_(std::construct_at(reinterpret_cast<LinkageModel*>(kept), Model)) {
+Aside::Aside()
+    : document_(Document_In_Hand()),
+      as_it_was_(*document_),
+      model_(std::construct_at(reinterpret_cast<LinkageModel*>(kept), Model)) {
     on = true;
     // Made first, so that none comes up half-way.
     for (const char* name :
@@ -85,6 +88,8 @@ Aside::~Aside() {
     for (auto back = put_back_.rbegin(); back != put_back_.rend(); ++back) (*back)();
     Put_Record(*model_);
     std::destroy_at(model_);
+    *document_ = as_it_was_;
+    Take_In_Hand(document_);
     on = false;
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "files/in_hand.h"
 #include "platform/screen.h"
 
 namespace verlink::walk {
@@ -35,6 +37,8 @@ class Aside {
     template <class Event>
     void Mute(Event& event);
 
+    std::shared_ptr<Document> document_;
+    Document as_it_was_;
     LinkageModel* model_;  ///< in a place of its own, since it is large and comes and goes at every action
     std::vector<std::function<void()>> put_back_;
 };

@@ -64,6 +64,23 @@ Found Reading_Back_Changes_Nothing(const Aside& aside, platform::Screen& top, co
 // Rules of files: rules_files.cpp.
 Found Saved_And_Opened_Is_The_Same(const Aside& aside);
 
+// The rule of undo: rules_undo.cpp.
+/// The record with its results as they stand.
+struct Standing {
+    Standing();
+    std::vector<std::pair<std::string, std::string>> record;
+    std::unique_ptr<RunResults> table;
+    std::unique_ptr<StepArray<Single, 4>> harmonics;
+    int last;
+    bool on_input;
+    std::shared_ptr<Document> document;
+    int times_kept;
+};
+/// A box of the screen was typed into and not taken over.
+bool Waits_For_A_Hand(const platform::Screen& top);
+/// Undoes the last steps and does them again; after each the record is as it was then.
+Found Undo_And_Redo_Bring_Back(const std::vector<std::shared_ptr<const Standing>>& before);
+
 // Rules of what is told and drawn: rules_telling.cpp.
 /// The messages of one action with their answers, in their order.
 struct Told {

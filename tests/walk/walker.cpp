@@ -6,7 +6,9 @@
 #include <exception>
 #include <utility>
 
+#include "platform/deed.h"
 #include "platform/guard.h"
+#include "shell/history.h"
 #include "tests/walk/hand.h"
 
 namespace verlink::walk {
@@ -19,6 +21,16 @@ namespace {
 constexpr int kWayHome = 24;
 
 std::string Kind_Of(const std::string& text) { return text.substr(0, text.find_first_of("\r\n")); }
+
+platform::Deed::Kind Kind_Of(walk::Deed deed) {
+    switch (deed) {
+        case walk::Deed::kType: return platform::Deed::Kind::kTyped;
+        case walk::Deed::kPulse: return platform::Deed::Kind::kTimed;
+        default: return platform::Deed::Kind::kWhole;
+    }
+}
+
+Walker* walking = nullptr;
 
 bool Time_Will_Tell() {
     for (const Screen* screen : Screens::Made())
@@ -34,7 +46,17 @@ bool Asks_About_Positions(const Message& message) {
 }  // namespace
 
 Walker::Walker(User& user, const Places& places, Counts& counts)
-    : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {}
+    : user_(user), places_(places), counts_(counts), arrived_(user.Begins_At_The_Title()) {
+    walking = this;
+    [[maybe_unused]] static const bool follows = [] {
+        The_History().Follow([](bool typed) {
+            if (walking && !typed) walking->Note_Step();
+        });
+        return true;
+    }();
+}
+
+Walker::~Walker() { walking = nullptr; }
 
 template <class Rule>
 bool Walker::Broken(const char* rule, Rule&& check) {
@@ -130,6 +152,7 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     try {
         // As a desktop does, under the name of the control.
         const Control* control = top.Find(action.control, action.index);
+        const platform::Deed at_work(control ? Deed_Name(*control) : "closing", Kind_Of(action.deed));
         Guarded(control ? control->ObjectName() : top.Name(), [&] { deed(top, action); });
     } catch (const std::exception& thrown) {
         outcome_ = Finding{"thrown", action.screen + "." + action.control, thrown.what()};
@@ -211,6 +234,30 @@ void Walker::Rest(Screen& top) {
     if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
     tried_screen_ = top.Name();
+    if (!over_) Check_Undo(top);
+}
+
+/// A step that was made is undone and done again, unless somebody looks or a box waits to be taken over.
+void Walker::Check_Undo(Screen& top) {
+    if (!before_.empty() && !look_ && !Waits_For_A_Hand(top)) {
+        trying_undo_ = true;
+        Broken("undo", [&] { return Undo_And_Redo_Bring_Back(before_); });
+        trying_undo_ = false;
+        standing_ = std::make_shared<Standing>();
+    }
+    before_.clear();
+}
+
+/// A deed has ended.
+void Walker::Note_Step() {
+    if (trying_undo_ || Aside::On()) return;
+    const std::size_t steps = The_History().Steps();
+    if (steps == steps_ + 1 && standing_)
+        before_.push_back(standing_);
+    else if (steps != steps_)
+        before_.clear();  // undone by the user himself
+    steps_ = steps;
+    standing_ = std::make_shared<Standing>();
 }
 
 bool Walker::Changed() {

@@ -51,6 +51,9 @@ using test::Harmless;
 class Walker {
    public:
     Walker(User& user, const Places& places, Counts& counts);
+    ~Walker();
+    Walker(const Walker&) = delete;
+    Walker& operator=(const Walker&) = delete;
 
     /// The user's part while a screen is up; `deed` does an action there.
     using Hand = std::function<void(platform::Screen& top, const Action& action)>;
@@ -96,6 +99,8 @@ class Walker {
     void End_Look(platform::Screen& top);
     void Note_Transform(const platform::Screen& top);
     bool Changed();
+    void Check_Undo(platform::Screen& top);
+    void Note_Step();
     bool Go_Home(platform::Screen& top, const Hand& deed);
     template <class Rule>
     bool Broken(const char* rule, Rule&& check);
@@ -117,6 +122,11 @@ class Walker {
     std::map<std::string, int> ways_tried_;
     bool run_aborted_ = false;
     Pending pending_;
+    // What was before each step that was made since the last trial of undo, and what stands now.
+    std::vector<std::shared_ptr<const Standing>> before_;
+    std::shared_ptr<const Standing> standing_;
+    std::size_t steps_ = 0;
+    bool trying_undo_ = false;
     std::optional<Look> look_;
     std::optional<Transformed> transformed_;
     // The record at the last trial.

@@ -21,10 +21,10 @@
 #include <vector>
 
 #include "core/linkage_model.h"
-#include "core/results.h"
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
+#include "files/in_hand.h"
 #include "platform/guard.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
@@ -359,7 +359,7 @@ Stops Walk() {
         {"frm_Help", "", [](Screen& s) { s.Hide(); }},
         {"frm_HomeScreen", "",
          [](Screen& s) {
-             Model_Saved();  // no question about saving on this walk
+             Model_Kept();  // no question about saving on this walk
              Press(s, "cmd_Quit");
          }},
         {"frm_Quit", "quit", {}, 200},

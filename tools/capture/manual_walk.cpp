@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "core/results.h"
+#include "files/in_hand.h"
 #include "tools/capture/walk.h"
 
 namespace verlink::capture {
@@ -219,7 +219,7 @@ Stops Straight_Line() {
 Stops Quit() {
     return {{"frm_HomeScreen", "",
              [](Screen& s) {
-                 Model_Saved();  // no question about saving on this walk
+                 Model_Kept();  // no question about saving on this walk
                  Press(s, "cmd_Quit");
              },
              120, false, "", "Save the model from the File menu. The manual under Help tells the rest."},
