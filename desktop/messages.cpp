@@ -71,6 +71,9 @@ QMessageBox::Icon iconOf(platform::Icon icon) {
 int interruptions() { return interruptions_so_far; }
 void countInterruption() { ++interruptions_so_far; }
 
+/// It is always the last one.
+Answer harmlessAnswer(const platform::Message& message) { return choicesOf(message.buttons).back().answer; }
+
 Answer showMessage(QWidget* parent, const platform::Message& message) {
     countInterruption();
     QMessageBox box(parent);
@@ -92,8 +95,8 @@ Answer showMessage(QWidget* parent, const platform::Message& message) {
     box.exec();
     for (std::size_t i = 0; i < choices.size(); ++i)
         if (buttons[i] == box.clickedButton()) return choices[i].answer;
-    // The window was closed where no button stands for that: the most harmless answer is the last one.
-    return choices.back().answer;
+    // The window was closed where no button stands for that.
+    return harmlessAnswer(message);
 }
 
 }  // namespace verlink::desktop

@@ -7,6 +7,9 @@ class QWidget;
 
 namespace verlink::desktop {
 
+/// The answer of a message that nobody has answered.
+platform::Answer harmlessAnswer(const platform::Message& message);
+
 platform::Answer showMessage(QWidget* parent, const platform::Message& message);
 
 /// Grows whenever a message or a window comes up and takes the mouse and the keys away from the others.

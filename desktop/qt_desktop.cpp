@@ -67,6 +67,7 @@ class PlainPointer {
 }  // namespace
 
 Answer QtDesktop::Show_Message(const Message& message) {
+    if (Ending()) return harmlessAnswer(message);
     const PlainPointer pointer(hourglass_);
     return showMessage(top(), message);
 }
@@ -81,11 +82,13 @@ QString QtDesktop::startFolder() const {
 }
 
 std::optional<std::string> QtDesktop::Ask_Open_File(const FileDialog& dialog) {
+    if (Ending()) return {};
     const PlainPointer pointer(hourglass_);
     return askOpenFile(top(), dialog, startFolder());
 }
 
 std::optional<std::string> QtDesktop::Ask_Save_File(const FileDialog& dialog) {
+    if (Ending()) return {};
     const PlainPointer pointer(hourglass_);
     return askSaveFile(top(), dialog, startFolder());
 }
@@ -96,6 +99,7 @@ QPrinter& QtDesktop::printer() {
 }
 
 bool QtDesktop::Ask_Printer() {
+    if (Ending()) return false;
     const PlainPointer pointer(hourglass_);
     countInterruption();
     const std::string name = top() ? top()->screen().Name() : std::string("Verlink");
@@ -137,6 +141,7 @@ void QtDesktop::takeAway(Form& form) {
 }
 
 void QtDesktop::Show_Window(Screen& screen) {
+    if (Ending()) return;
     countInterruption();
     Form& form = formOf(screen);
     if (form.isVisible() && top() != &form) takeAway(form);
@@ -199,6 +204,7 @@ DisplaySize QtDesktop::Display() {
 }
 
 bool QtDesktop::Pause(std::chrono::nanoseconds pause) {
+    if (Ending()) return false;
     Form* form = top();
     return pauseFrame(pause, form, form ? form->stopButton() : nullptr);
 }
@@ -210,6 +216,13 @@ std::string QtDesktop::Session_User() {
 
 std::string QtDesktop::Documents_Folder() {
     return fromQt(QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
+}
+
+/// Qt has no name for it.
+std::string QtDesktop::State_Folder() {
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    return fromQt(
+        QDir::cleanPath(QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state")));
 }
 
 std::string QtDesktop::Program_Folder() { return fromQt(QCoreApplication::applicationDirPath()); }

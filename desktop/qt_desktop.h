@@ -41,6 +41,7 @@ class QtDesktop : public platform::Desktop {
     bool Pause(std::chrono::nanoseconds pause) override;
     std::string Session_User() override;
     std::string Documents_Folder() override;
+    std::string State_Folder() override;
     std::string Program_Folder() override;
     std::string Date_Text() override;
     std::string Time_Text() override;

@@ -235,7 +235,7 @@ bool Set_File_Field(const std::string& name, const std::string& text, LinkageMod
     return true;
 }
 
-std::string File_Content() {
+File_Snapshot Snapshot_Of_File() {
     TextWriter writer;
     for (const FileField& field : File_Fields()) {
         std::visit([&](const auto* place) { writer.Put(*place); }, field.place);
@@ -247,23 +247,31 @@ std::string File_Content() {
     }
     writer.Put(kEndMarker);
     writer.EndLine();
+    File_Snapshot snapshot{writer.Content(), {}, {}};
     const auto& table = Model.RunTable;
-    if (Model.Calctype > 3) {
-        for (int step = 0; step <= Model.NSteps; ++step) {
-            writer.Put(table.DriveTheta(step));
-            writer.Put(table.Omega(step, 0));
-            writer.Put(table.Alpha(step, 0));
-            writer.EndLine();
-        }
-    }
-    if (Model.TorqueImported) {
-        for (int step = 0; step <= Model.NSteps; ++step) {
-            writer.Put(table.ImportedTorque(step));
-            writer.EndLine();
-        }
-    }
-    return writer.Content();
+    for (int step = 0; Model.Calctype > 3 && step <= Model.NSteps; ++step)
+        for (const Single value : {table.DriveTheta(step), table.Omega(step, 0), table.Alpha(step, 0)})
+            snapshot.motion.push_back(value);
+    for (int step = 0; Model.TorqueImported && step <= Model.NSteps; ++step)
+        snapshot.torque.push_back(table.ImportedTorque(step));
+    return snapshot;
 }
+
+std::string File_Text(const File_Snapshot& snapshot) {
+    TextWriter tables;
+    int column = 0;
+    for (const Single value : snapshot.motion) {
+        tables.Put(value);
+        if (++column % 3 == 0) tables.EndLine();
+    }
+    for (const Single value : snapshot.torque) {
+        tables.Put(value);
+        tables.EndLine();
+    }
+    return snapshot.head + tables.Content();
+}
+
+std::string File_Content() { return File_Text(Snapshot_Of_File()); }
 
 bool Writefile(Replacing replacing) {
     return Guarded("Writefile", [replacing] { Write_Model(File_Content(), replacing); });

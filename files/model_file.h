@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "core/linkage_model.h"
 #include "files/text_notation.h"
@@ -39,6 +40,16 @@ bool Set_File_Field(const std::string& name, const std::string& text, LinkageMod
 
 /// The whole file from the model, as text.
 std::string File_Content();
+
+/// What the file would hold, taken from the model in a moment, to be put into words later, in any thread.
+struct File_Snapshot {
+    std::string head;            ///< all but the tables, in words already
+    std::vector<Single> motion;  ///< imported: angle, velocity and acceleration of each step
+    std::vector<Single> torque;  ///< imported, of each step
+    bool operator==(const File_Snapshot&) const = default;
+};
+File_Snapshot Snapshot_Of_File();
+std::string File_Text(const File_Snapshot& snapshot);
 
 /// Whether a file of this content is one of the program's models.
 bool Is_Model(std::string_view content);

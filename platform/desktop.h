@@ -92,9 +92,11 @@ class Desktop {
 
     virtual std::string Session_User() = 0;      ///< the login name
     virtual std::string Documents_Folder() = 0;  ///< without a separator at its end
-    virtual std::string Program_Folder() = 0;    ///< where the program's file lies, without a separator at its end
-    virtual std::string Date_Text() = 0;         ///< today, month/day/year
-    virtual std::string Time_Text() = 0;         ///< now, hour:minute:second
+    /// The folder for what is to be known at the next start, without a separator at its end; empty for none.
+    virtual std::string State_Folder() { return {}; }
+    virtual std::string Program_Folder() = 0;  ///< where the program's file lies, without a separator at its end
+    virtual std::string Date_Text() = 0;       ///< today, month/day/year
+    virtual std::string Time_Text() = 0;       ///< now, hour:minute:second
     /// Makes the file type known to the desktop; does nothing when it is known already. Throws `RuntimeFailure`.
     virtual void Register_File_Type(const FileType& type) = 0;
 

@@ -18,6 +18,7 @@
 #include "screens/register.h"
 #include "shell/failure_report.h"
 #include "shell/history.h"
+#include "shell/recovery.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -63,6 +64,7 @@ DesktopTest::DesktopTest() {
     qputenv("HOME", QByteArray::fromStdString(folder_));
     qputenv("XDG_DATA_HOME", QByteArray::fromStdString(folder_ + "/data"));
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder_ + "/config"));
+    qputenv("XDG_STATE_HOME", QByteArray::fromStdString(folder_ + "/state"));
     platform::Use_Desktop(&qt);
     Install_Reporter(Report_Error);
     Reset_Model();
@@ -75,6 +77,7 @@ DesktopTest::DesktopTest() {
 }
 
 DesktopTest::~DesktopTest() {
+    End_Keeping();
     poll_.stop();
     for (const Deed& deed : deeds_) ADD_FAILURE() << "the user still waits for " << deed.window;
     qt.discardForms();

@@ -1,9 +1,12 @@
 // The start of the process, the run marker in all its states, and the end.
 #include "shell/startup.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "platform/file_system.h"
+#include "platform/process.h"
 #include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
@@ -18,9 +21,26 @@ using platform::MenuEntry;
 using platform::Screen;
 using platform::Screens;
 
-constexpr char kRunning[] =
+/// As it was before the marker named a process.
+constexpr char kNamelessRunning[] =
     "\"Running\"\r\n\"\"\r\n\"This file records an abnormal exit from the program on last execution\"\r\n"
     "\"and is checked at each startup.  Please do not move or delete it.\"\r\n";
+std::string Running(const platform::Process& process = platform::This_Process()) {
+    return kNamelessRunning + ("\"" + platform::Name_Of(process)) + "\"\r\n";
+}
+/// One whose number this process has now.
+platform::Process Dead() {
+    platform::Process process = platform::This_Process();
+    process.start -= 1;
+    return process;
+}
+/// One that runs as long as the tests do.
+platform::Process Alive() {
+    platform::Process process = platform::This_Process();
+    process.number = ::getppid();
+    process.start = 0;
+    return process;
+}
 constexpr char kNormalExit[] =
     "\"Normal Exit\"\r\n\"\"\r\n\"This file records a normal exit from the program on last run\"\r\n"
     "\"and is checked at each startup.  Please do not move or delete.\"\r\n";
@@ -63,7 +83,7 @@ TEST_F(StartupTest, TheBannerIsBuiltFromTheIdentityOfTheProgram) {
 TEST_F(StartupTest, AFirstRunCreatesTheFolderAndTheMarkerWithoutAMessage) {
     ASSERT_FALSE(platform::File_Exists(Folder()));
     Check_for_Crash();
-    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Marked(), Running());
     EXPECT_EQ(Model.FilePath, Folder());
     EXPECT_EQ(Model.RunMarker, Marker());
     EXPECT_EQ(Model.SessionUser, "tester");
@@ -73,18 +93,18 @@ TEST_F(StartupTest, AFirstRunCreatesTheFolderAndTheMarkerWithoutAMessage) {
 TEST_F(StartupTest, AStartAfterANormalExitTakesTheMarkerWithoutAMessage) {
     Leave_Marker(kNormalExit);
     Check_for_Crash();
-    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Marked(), Running());
 }
 
 TEST_F(StartupTest, ARunKilledFromOutsideIsToldOnceAndThenTheStateIsClean) {
-    Leave_Marker(kRunning);
+    Leave_Marker(kNamelessRunning);
     desktop.Expect_Message(kCrash, Answer::kOk, Icon::kInformation, Buttons::kOk);
     Check_for_Crash();
-    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Marked(), Running());
     EXPECT_FALSE(desktop.Ending());
     Terminate();
     Check_for_Crash();
-    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Marked(), Running());
 }
 
 TEST_F(StartupTest, ADoubleClickWithTheProgramRunningStopsTheSecondInstanceAndLeavesTheMarker) {
@@ -99,10 +119,60 @@ TEST_F(StartupTest, ADoubleClickWithTheProgramRunningStopsTheSecondInstanceAndLe
     EXPECT_FALSE(Screens::Get("frm_Title").Visible());
 }
 
+TEST_F(StartupTest, ADoubleClickAfterTheDeathOfTheOneThatRanIsToldAndStarts) {
+    Leave_Marker(Running(Dead()));
+    Model.CommandLine = "/models/press.vlk";
+    desktop.Expect_Message(kCrash, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    EXPECT_FALSE(desktop.Ending());
+    EXPECT_EQ(Marked(), Running());
+}
+
+TEST_F(StartupTest, ADoubleClickWhileTheOneInTheMarkerRunsStopsTheSecond) {
+    Leave_Marker(Running(Alive()));
+    Model.CommandLine = "/models/press.vlk";
+    desktop.Expect_Message(kSecondInstance, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    EXPECT_TRUE(desktop.Ending());
+    EXPECT_EQ(Marked(), Running(Alive()));
+    Leave("SIGTERM");
+    EXPECT_EQ(Marked(), Running(Alive()));
+}
+
+TEST_F(StartupTest, ASecondInstanceIsNoCrashAndLeavesTheMarkerToTheFirst) {
+    Leave_Marker(Running(Alive()));
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), Running(Alive()));
+    Terminate();
+    EXPECT_EQ(Marked(), Running(Alive()));
+}
+
+TEST_F(StartupTest, OneThatDiedWhileThisOneRanIsLeftInTheMarkerForTheNextStart) {
+    Check_for_Crash();
+    Leave_Marker(Running(Dead()));
+    Terminate();
+    EXPECT_EQ(Marked(), Running(Dead()));
+}
+
+TEST_F(StartupTest, AnEndFromOutsideIsWrittenIntoTheMarkerOnceAndToldByNoStart) {
+    Check_for_Crash();
+    Leave("SIGTERM");
+    const std::string ended =
+        "\"Ended\"\r\n\"\"\r\n\"This file records an exit from the program by SIGTERM\"\r\n"
+        "\"and is checked at each startup.  Please do not move or delete.\"\r\n";
+    EXPECT_EQ(Marked(), ended);
+    Leave("the loss of the display");
+    EXPECT_EQ(Marked(), ended);
+    Terminate();
+    EXPECT_EQ(Marked(), ended) << "an answer that came too late";
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), Running());
+}
+
 TEST_F(StartupTest, AnythingButRunningInTheMarkerIsRenewedWithoutAMessage) {
     Leave_Marker("\"Something else\"\r\n");
     Check_for_Crash();
-    EXPECT_EQ(Marked(), kRunning);
+    EXPECT_EQ(Marked(), Running());
 }
 
 TEST_F(StartupTest, AfterTerminateTheFirstStringOfTheMarkerIsNormalExit) {
@@ -134,7 +204,7 @@ TEST_F(StartupTest, TheContextOfAFailureIsHandedBack) {
     Model.RunMarker = Path("marker");
     Write_Checkfile(context);
     EXPECT_EQ(context, " when writing Checkfile");
-    EXPECT_EQ(platform::Read_File(Path("marker")), kRunning);
+    EXPECT_EQ(platform::Read_File(Path("marker")), Running());
 }
 
 TEST_F(StartupTest, AMarkerThatCannotBeOpenedIsReported) {

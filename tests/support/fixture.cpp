@@ -7,6 +7,7 @@
 
 #include "files/in_hand.h"
 #include "screens/register.h"
+#include "shell/recovery.h"
 #include "shell/history.h"
 
 namespace verlink::test {
@@ -28,6 +29,7 @@ Fixture::Fixture() {
 }
 
 Fixture::~Fixture() {
+    End_Keeping();
     desktop.Verify();
     platform::Screens::Discard();
     std::error_code ignored;

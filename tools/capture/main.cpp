@@ -506,7 +506,8 @@ int main(int argc, char** argv) {
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", home.path().toLocal8Bit());
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_DOCUMENTS_DIR"}) qunsetenv(name);
+    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_DOCUMENTS_DIR"})
+        qunsetenv(name);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     desktop::useQuietStyle();

@@ -13,6 +13,7 @@
 #include "platform/guard.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
+#include "shell/recovery.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 #include "tests/walk/aside.h"
@@ -84,14 +85,17 @@ class Answering {
 }  // namespace
 
 Widget_Desktop::Widget_Desktop(Walker& walker, const Places& places) : walker_(walker) {
-    for (const auto& [name, below] :
-         {std::pair{"HOME", ""}, {"XDG_DATA_HOME", "/data"}, {"XDG_CONFIG_HOME", "/config"}})
+    for (const auto& [name, below] : {std::pair{"HOME", ""},
+                                      {"XDG_DATA_HOME", "/data"},
+                                      {"XDG_CONFIG_HOME", "/config"},
+                                      {"XDG_STATE_HOME", "/state"}})
         qputenv(name, QByteArray::fromStdString(places.Folder() + below));
     Use_Desktop(this);
     Install_Reporter(Report_Error);
 }
 
 Widget_Desktop::~Widget_Desktop() {
+    End_Keeping();
     discardForms();
     Screens::Discard();
     Use_Desktop(nullptr);

@@ -1,0 +1,147 @@
+// A copy of what was not saved: how it lies in a file, and how it is kept fresh.
+#include "shell/copy.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <thread>
+
+#include "platform/file_system.h"
+#include "platform/guard.h"
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+using std::chrono::system_clock;
+
+Model_Copy Some_Copy(const std::string& content) {
+    return {"/models/press.vlk", "press", content, system_clock::time_point(1763780000123ms)};
+}
+
+Model_To_Copy Some_Model(const std::string& head) {
+    return {"/models/press.vlk", "press", {head, {}, {}}, system_clock::time_point(1763780000123ms)};
+}
+
+class CopyTest : public Fixture {
+   protected:
+    std::string File() const { return Path("copy"); }
+    std::optional<Model_Copy> Held() const {
+        std::string text;
+        if (Failure_Of([&] { text = platform::Read_File(File()); }) != 0) return {};
+        return Copy_Of(text);
+    }
+    bool Comes(const std::string& content, std::chrono::milliseconds within) const {
+        const auto end = steady_clock::now() + within;
+        while (steady_clock::now() < end) {
+            if (const auto held = Held(); held && held->content == content) return true;
+            std::this_thread::sleep_for(1ms);
+        }
+        return false;
+    }
+};
+
+TEST_F(CopyTest, ACopyTellsAgainWhatWasPutIntoIt) {
+    for (const std::string path : {"/models/press.vlk", "", "/a \"b\",c%41/\xc3\xa4\n.vlk", "/ends in/"}) {
+        const Model_Copy copy{path, "a\r\nname", "\"VERLINK\"\r\nsize 3\nand more", system_clock::time_point(17637ms)};
+        const auto back = Copy_Of(Copy_Text(copy));
+        ASSERT_TRUE(back) << path;
+        EXPECT_EQ(back->path, copy.path);
+        EXPECT_EQ(back->name, copy.name);
+        EXPECT_EQ(back->content, copy.content);
+        EXPECT_EQ(back->changed, copy.changed);
+    }
+}
+
+TEST_F(CopyTest, WhatIsNotWholeIsNoCopy) {
+    const std::string text = Copy_Text(Some_Copy("\"VERLINK\"\r\n"));
+    ASSERT_TRUE(Copy_Of(text));
+    for (std::size_t length = 0; length < text.size(); ++length)
+        EXPECT_FALSE(Copy_Of(text.substr(0, length))) << length;
+    EXPECT_FALSE(Copy_Of(text + "x"));
+    EXPECT_FALSE(Copy_Of("\"VERLINK\"\r\n"));
+}
+
+TEST_F(CopyTest, AgesAreToldInWholeUnits) {
+    EXPECT_EQ(Age_In_Words(-5s), "less than a minute ago");
+    EXPECT_EQ(Age_In_Words(59s), "less than a minute ago");
+    EXPECT_EQ(Age_In_Words(60s), "1 minute ago");
+    EXPECT_EQ(Age_In_Words(59min), "59 minutes ago");
+    EXPECT_EQ(Age_In_Words(60min), "1 hour ago");
+    EXPECT_EQ(Age_In_Words(47h), "47 hours ago");
+    EXPECT_EQ(Age_In_Words(48h), "2 days ago");
+}
+
+TEST_F(CopyTest, TheFirstIsWrittenAtOnceForItsOwnerAlone) {
+    Copy_Keeper keeper(File(), 1h);
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(Comes("first", 10s));
+    EXPECT_EQ(Held()->path, "/models/press.vlk");
+    struct stat status {};
+    ASSERT_EQ(::stat(File().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0600U);
+}
+
+TEST_F(CopyTest, OfThoseThatComeWhileItRestsOnlyTheNewestIsWritten) {
+    Copy_Keeper keeper(File(), 300ms);
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(Comes("first", 10s));
+    for (int i = 0; i < 1000; ++i) keeper.Keep(Some_Model(std::to_string(i)));
+    EXPECT_EQ(Held()->content, "first") << "it rests";
+    EXPECT_TRUE(Comes("999", 10s));
+}
+
+TEST_F(CopyTest, WhatWasDroppedGoesAndMayComeAgain) {
+    Copy_Keeper keeper(File(), 1ms);
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(keeper.Flush());
+    keeper.Drop();
+    ASSERT_TRUE(keeper.Flush());
+    EXPECT_FALSE(platform::File_Exists(File()));
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(keeper.Flush());
+    EXPECT_EQ(Held()->content, "first");
+}
+
+TEST_F(CopyTest, AFlushWaitsForTheDiskAndForNoRest) {
+    Copy_Keeper keeper(File(), 1h);
+    for (const char* content : {"first", "second", "third"}) {
+        keeper.Keep(Some_Model(content));
+        ASSERT_TRUE(keeper.Flush(10s));
+        EXPECT_EQ(Held()->content, content);
+    }
+}
+
+TEST_F(CopyTest, AFrozenCopyStaysAsItIs) {
+    Copy_Keeper keeper(File(), 1ms);
+    keeper.Keep(Some_Model("first"));
+    keeper.Freeze();
+    keeper.Keep(Some_Model("second"));
+    keeper.Drop();
+    ASSERT_TRUE(keeper.Flush());
+    EXPECT_EQ(Held()->content, "first");
+}
+
+TEST_F(CopyTest, TheEndWaitsForWhatWasToBeWritten) {
+    {
+        Copy_Keeper keeper(File(), 1h);
+        keeper.Keep(Some_Model("first"));
+        keeper.Keep(Some_Model("second"));
+    }
+    EXPECT_EQ(Held()->content, "second");
+}
+
+TEST_F(CopyTest, WhatCouldNotBeWrittenIsTriedAgain) {
+    Copy_Keeper keeper(Path("folder/copy"), 1ms);
+    keeper.Keep(Some_Model("first"));
+    EXPECT_FALSE(keeper.Flush());
+    platform::Make_Folder(Path("folder"));
+    const auto end = steady_clock::now() + 20s;
+    while (!platform::File_Exists(Path("folder/copy")) && steady_clock::now() < end) std::this_thread::sleep_for(10ms);
+    EXPECT_TRUE(Copy_Of(platform::Read_File(Path("folder/copy"))));
+}
+
+}  // namespace
+}  // namespace verlink::test

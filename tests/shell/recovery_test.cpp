@@ -1,0 +1,239 @@
+// From the process that dies to the one that comes after it: the copy, the offer, and what is cleaned up.
+#include "shell/recovery.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "files/model_file.h"
+#include "platform/file_system.h"
+#include "platform/temporaries.h"
+#include "shell/copy.h"
+#include "shell/initialize.h"
+#include "shell/run_log.h"
+#include "shell/startup.h"
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+constexpr char kCrash[] = "The program did not shut down properly on its last run.";
+
+class RecoveryTest : public Fixture {
+   protected:
+    RecoveryTest() {
+        desktop.State = Path("state");
+        Set_Identity();
+        Initialize();
+        Model.JustStarted = true;
+    }
+    ~RecoveryTest() override { End_Keeping(); }
+
+    std::string Folder() const { return Path("state/verlink/"); }
+    std::size_t Kept(const std::string& suffix) const {
+        std::size_t count = 0;
+        std::error_code none;
+        for (const auto& entry : fs::directory_iterator(Folder(), none)) count += entry.path().extension() == suffix;
+        return count;
+    }
+    /// Runs `life` in a process that has begun to keep copies, and is killed then.
+    template <class Life>
+    void Live_And_Die(Life life) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            Begin_Keeping();
+            life();
+            ::kill(::getpid(), SIGKILL);
+        }
+        ::waitpid(child, nullptr, 0);
+    }
+    /// One that changed the crank and died without a word when the copy was there.
+    void Leave_Crank(double crank, const std::string& path = "/models/press.vlk", const std::string& name = "press") {
+        const std::size_t before = Kept(".copy");
+        Live_And_Die([&] {
+            Model.L2 = crank;
+            Model.FilePath = path;
+            Model.ModelName = name;
+            Keep_Copy(Model, true);
+            while (Kept(".copy") == before) ::usleep(1000);
+        });
+    }
+    std::string Question(const std::string& model, const std::string& file) const {
+        return "   " + model + " was changed and not saved.  A copy of it was kept less than a minute ago.   \r   " +
+               file +
+               "   \r\r   Do you want to go on with the copy?   \r"
+               "   If not, it stays until a model is saved, and is offered at each start.   \r";
+    }
+    void Expect_Question(const std::string& model, const std::string& file, Answer answer) {
+        desktop.Expect_Message(Question(model, file), answer, Icon::kQuestion, Buttons::kYesNo);
+    }
+};
+
+TEST_F(RecoveryTest, ACopyThatIsTakenIsTheModelUnsavedWithItsPathAndKeptAnew) {
+    Leave_Crank(1.03);
+    Begin_Keeping();
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model));
+    EXPECT_EQ(Model.L2, Single(1.03));
+    EXPECT_EQ(Model.FilePath, "/models/press.vlk");
+    EXPECT_EQ(Model.ModelName, "press");
+    EXPECT_FALSE(Model.SavedFlag);
+    EXPECT_EQ(Kept(".copy"), 1U);
+    EXPECT_TRUE(platform::File_Exists(Copy_File(Folder(), platform::This_Process())));
+    EXPECT_FALSE(Offer_Copies(Model)) << "it is nobody else's any more";
+}
+
+TEST_F(RecoveryTest, AModelWithoutAFileComesBackWithoutOne) {
+    Leave_Crank(1.03, "/home/ada/Documents/VERLINK/", "");
+    Model.FilePath = "/elsewhere/";
+    Begin_Keeping();
+    Expect_Question("A model without a name", "It has no file yet.", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model));
+    EXPECT_EQ(Model.L2, Single(1.03));
+    EXPECT_EQ(Model.FilePath, "/elsewhere/");
+    EXPECT_EQ(Model.ModelName, "");
+}
+
+TEST_F(RecoveryTest, ARefusedCopyStaysUntilAModelIsSaved) {
+    Leave_Crank(1.03);
+    const Single before = Model.L2;
+    Begin_Keeping();
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kNo);
+    EXPECT_FALSE(Offer_Copies(Model));
+    EXPECT_EQ(Model.L2, before);
+    End_Keeping();
+
+    Begin_Keeping();
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kNo);
+    EXPECT_FALSE(Offer_Copies(Model)) << "the next start offers it again";
+    Keep_Copy(Model, true);
+    Keep_Copy(Model, false);
+    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+    Drop_Refused();
+    EXPECT_EQ(Left_Copies(Folder()).size(), 0U);
+}
+
+TEST_F(RecoveryTest, OfSeveralTheNewestIsOfferedFirstAndTheOthersWaitOnceOneIsTaken) {
+    Leave_Crank(1.01, "/models/a.vlk", "a");
+    ::usleep(5000);
+    Leave_Crank(1.02, "/models/b.vlk", "b");
+    ::usleep(5000);
+    Leave_Crank(1.03, "/models/c.vlk", "c");
+    Begin_Keeping();
+    Expect_Question("The model c", "Its file is /models/c.vlk", Answer::kNo);
+    Expect_Question("The model b", "Its file is /models/b.vlk", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model));
+    EXPECT_EQ(Model.L2, Single(1.02));
+    ASSERT_EQ(Left_Copies(Folder()).size(), 2U);
+    Drop_Refused();
+    ASSERT_EQ(Left_Copies(Folder()).size(), 1U) << "what was never offered is not refused";
+    EXPECT_EQ(Left_Copies(Folder())[0].copy.name, "a");
+}
+
+TEST_F(RecoveryTest, ThereIsACopyOnlyWhileTheModelIsModified) {
+    Begin_Keeping();
+    Keep_Copy(Model, true);
+    Leave_Copy("SIGTERM");
+    EXPECT_EQ(Kept(".copy"), 1U);
+    End_Keeping();
+    EXPECT_EQ(Kept(".copy"), 1U) << "what is left for the next start is left";
+    EXPECT_EQ(Kept(".run"), 0U);
+}
+
+TEST_F(RecoveryTest, ANormalEndLeavesNothing) {
+    Begin_Keeping();
+    Keep_Copy(Model, true);
+    End_Keeping();
+    EXPECT_TRUE(fs::is_empty(Folder()));
+}
+
+TEST_F(RecoveryTest, AfterTheWordOfTheEndNothingChangesTheCopy) {
+    Begin_Keeping();
+    Model.L2 = 1.03;
+    Keep_Copy(Model, true);
+    Leave_Copy("SIGTERM");
+    Model.L2 = 1.04;
+    Keep_Copy(Model, true);
+    Keep_Copy(Model, false);
+    const auto copy = Copy_Of(platform::Read_File(Copy_File(Folder(), platform::This_Process())));
+    ASSERT_TRUE(copy);
+    Model.L2 = 0;
+    Load_Model(copy->content);
+    EXPECT_EQ(Model.L2, Single(1.03));
+}
+
+TEST_F(RecoveryTest, AStartTellsOfAProcessThatDiedThoughTheMarkerIsAnothers) {
+    Live_And_Die([] {});
+    EXPECT_TRUE(Look_Around().died);
+    desktop.Expect_Message_With(kCrash);
+    Check_for_Crash();
+    Begin_Keeping();
+    EXPECT_FALSE(Look_Around().died) << "it is told once";
+}
+
+TEST_F(RecoveryTest, AStartTellsNothingOfAProcessThatSaidItsEnd) {
+    Live_And_Die([] { Leave_Copy("the end of the session"); });
+    EXPECT_FALSE(Look_Around().died);
+    Check_for_Crash();
+}
+
+TEST_F(RecoveryTest, AnEndThatWasCalledOffIsTakenBackByTheNextChange) {
+    Live_And_Die([] {
+        Prepare_To_Leave("the end of the session");
+        Keep_Copy(Model, true);
+    });
+    EXPECT_TRUE(Look_Around().died);
+}
+
+TEST_F(RecoveryTest, AStartSweepsTheFoldersInWhichADeadProcessWrote) {
+    platform::Make_Folder(Path("models"));
+    Live_And_Die([&] {
+        platform::Write_File(Path("models/press.vlk"), "whole");
+        std::string name = platform::Temporary_Beside(Path("models/press.vlk"));
+        ::close(::mkstemp(name.data()));
+    });
+    EXPECT_EQ(std::distance(fs::directory_iterator(Path("models")), fs::directory_iterator()), 2);
+    Begin_Keeping();
+    EXPECT_EQ(std::distance(fs::directory_iterator(Path("models")), fs::directory_iterator()), 1);
+}
+
+TEST_F(RecoveryTest, WithoutAStateFolderNothingIsKeptAndNothingTold) {
+    desktop.State.clear();
+    Begin_Keeping();
+    Keep_Copy(Model, true);
+    EXPECT_FALSE(Offer_Copies(Model));
+    EXPECT_FALSE(Look_Around().died);
+    Leave_Copy("SIGTERM");
+}
+
+TEST_F(RecoveryTest, AStateFolderThatCannotBeWrittenToIsReportedOnce) {
+    platform::Write_File(Path("state"), "a file");
+    desktop.Expect_Message_With("has occurred in Begin_Keeping");
+    Begin_Keeping();
+    Keep_Copy(Model, true);
+}
+
+TEST_F(RecoveryTest, ACopyThatIsNoModelIsToldAndStays) {
+    Begin_Keeping();
+    platform::Process dead = platform::This_Process();
+    dead.start -= 1;
+    platform::Write_File(Copy_File(Folder(), dead), Copy_Text({"/models/press.vlk", "press", "\"OTHER\"\r\n\"1\"\r\n",
+                                                               std::chrono::system_clock::now()}));
+    const double before = Model.L2;
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
+    desktop.Expect_Message("This data file is not compatible with VERLINK. ");
+    EXPECT_FALSE(Offer_Copies(Model));
+    EXPECT_EQ(Model.L2, before);
+    Drop_Refused();
+    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+}
+
+}  // namespace
+}  // namespace verlink::test
