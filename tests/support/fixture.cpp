@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "platform/settings.h"
 #include "screens/register.h"
 
 namespace verlink::test {
@@ -19,6 +20,7 @@ Fixture::Fixture() {
     folder_ = ::mkdtemp(pattern.data());
     desktop.Documents = folder_;
     Reset_Model();
+    platform::The_Settings().Open("");
     platform::Screens::Discard();
     Register_Screens();
 }

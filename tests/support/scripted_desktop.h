@@ -48,6 +48,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::vector<platform::Pointer> Pointers;  ///< each that was set
     std::string User = "tester";
     std::string Documents;  ///< set to a fresh folder by `Fixture`
+    std::string Settings;   ///< none are kept until a test names a folder
     std::string Program = "/opt/verlink";
     platform::DisplaySize Size{25600, 14400, 1920, 1080};
     long FailPrinting = 0;     ///< a failure for Print_Screen to raise
@@ -70,6 +71,7 @@ class ScriptedDesktop : public platform::Desktop {
     }
     std::string Session_User() override { return User; }
     std::string Documents_Folder() override { return Documents; }
+    std::string Settings_Folder() override { return Settings; }
     std::string Program_Folder() override { return Program; }
     std::string Date_Text() override { return "11/21/2026"; }
     std::string Time_Text() override { return "10:15:00"; }
