@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -21,6 +22,7 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
     platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    File_Entries Files{*this, [this] { Take_Typed(); }};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};

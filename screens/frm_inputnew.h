@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -37,6 +38,7 @@ class frm_Inputnew : public Linkage_Screen {
         mnu_Cognate, "mnu_Cog", {{1, "Cognate 1"}, {2, "Cognate 2"}, {3, "Cognate 3"}}};
     platform::MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley Diagram"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    File_Entries Files{*this, [this] { Settle(); }};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
@@ -127,6 +129,8 @@ class frm_Inputnew : public Linkage_Screen {
     void Take_Speeds();
     /// What has been typed and not been left yet is taken over.
     void Take_Pending();
+    /// The model becomes what leaving the screen would make it.
+    void Settle();
     void After_Change();
     void Invalidate();
     void Disable_Ways_On();

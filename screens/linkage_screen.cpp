@@ -7,6 +7,7 @@
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/screen_geometry.h"
+#include "platform/guard.h"
 
 namespace verlink {
 
@@ -47,6 +48,34 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     opt_OpenCross.On(&platform::OptionButton::OnClick, [this](int i) { opt_OpenCross_Click(i); });
     opt_Shift_Drag.On(&platform::OptionButton::OnClick, [this](int i) { opt_Shift_Drag_Click(i); });
     Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
+    key_Before.OnPress = [this] { Step_By(-1); };
+    key_After.OnPress = [this] { Step_By(1); };
+}
+
+void Linkage_Screen::Take_Typed() {
+    if (auto* box = dynamic_cast<platform::TextBox*>(Focus()); box && box->OnLostFocus) box->OnLostFocus();
+}
+
+void Linkage_Screen::Name_Zoom_Keys(platform::MenuEntry& in, platform::MenuEntry& normal, platform::MenuEntry& out) {
+    in.Keys = "Ctrl++ Ctrl+= +";
+    normal.Keys = "Ctrl+0";
+    out.Keys = "Ctrl+- -";
+}
+
+void Linkage_Screen::Step_By(int steps) {
+    Guarded(Name() + ".Step_By", [&] {
+        auto& step = Get<platform::CommandButton>("cmd_Step");
+        auto& bar = Get<platform::ScrollBar>("hsc_step");
+        if (!step.Enabled) return;
+        const int positions = Model.NSteps + 1;
+        const int wished = (bar.Value() + steps + positions) % positions;
+        Model.CurrentStep = wished;
+        step.Click();
+        // A run that another stage drives is not shown by the button.
+        if (bar.Value() == wished) return;
+        bar.Drag(wished);
+        bar.Drop();
+    });
 }
 
 void Linkage_Screen::Show_Choices() {

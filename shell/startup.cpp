@@ -11,6 +11,7 @@
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
+#include "platform/settings.h"
 #include "shell/initialize.h"
 #include "shell/user.h"
 
@@ -131,6 +132,7 @@ void Terminate() {
 void Sub_Main(const std::string& command_line) {
     Guarded("Sub_Main", [&command_line] {
         Model.CommandLine = command_line;
+        platform::The_Settings().Open(The_Desktop().Settings_Folder());
         Set_Identity();
         Model.JustStarted = true;
         Prepare_Screen_Data();
