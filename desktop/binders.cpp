@@ -22,6 +22,7 @@
 #include "desktop/frame_box.h"
 #include "desktop/graph_widget.h"
 #include "desktop/grid_widget.h"
+#include "desktop/keys.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
@@ -148,6 +149,7 @@ QWidget* make(Form& form, CommandButton& control, QWidget* parent) {
             control.Click();
         });
     });
+    bindKeys(form, control);
     return button;
 }
 
@@ -390,6 +392,7 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* grid = dynamic_cast<Grid*>(&control)) return make(form, *grid, parent);
     if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
     if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);
+    if (auto* shortcut = dynamic_cast<Shortcut*>(&control)) return makeShortcut(form, *shortcut);
     return nullptr;
 }
 

@@ -61,6 +61,10 @@ class Form : public QMainWindow {
     /// Does what the user's hand asks, as a handler of that control: only while the window is the one in use and the
     /// control is open. A failure in it is reported under the control's name.
     void act(const platform::Control& control, const std::function<void()>& deed);
+    /// The same for what belongs to the screen itself.
+    void act(const std::function<void(const std::string&)>& deed, const std::string& what);
+    /// Is the user's hand on this window: in sight, nothing over it, and no run plays?
+    bool inUse() const;
     /// Does what comes by itself (a pulse, a document that has been read), wherever the user is.
     void happen(const platform::Control& control, const std::function<void()>& deed);
     /// Runs whenever colours or fonts of the desktop change.
@@ -88,7 +92,6 @@ class Form : public QMainWindow {
     void nameTheNameless();
     void tellApart();
     bool onlyTells() const;
-    bool inUse() const;
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;
@@ -101,8 +104,10 @@ class Form : public QMainWindow {
     QWidget* room_ = nullptr;
     QWidget* swallow_press_ = nullptr;
     QWidget* select_on_release_ = nullptr;
-    bool mouse_focus_ = false;  ///< the focus is coming by a press of the mouse
+    QWidget* walked_to_ = nullptr;  ///< has the focus, by the tab key
+    bool mouse_focus_ = false;      ///< the focus is coming by a press of the mouse
     bool closing_ = false;
+    bool placed_ = false;                                   ///< where it stood in the last session has been taken over
     long left_ = -1, top_ = -1, width_ = -1, height_ = -1;  ///< the wish last applied
 };
 

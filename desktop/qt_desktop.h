@@ -41,6 +41,7 @@ class QtDesktop : public platform::Desktop {
     bool Pause(std::chrono::nanoseconds pause) override;
     std::string Session_User() override;
     std::string Documents_Folder() override;
+    std::string Settings_Folder() override;
     std::string Program_Folder() override;
     std::string Date_Text() override;
     std::string Time_Text() override;
@@ -58,7 +59,7 @@ class QtDesktop : public platform::Desktop {
     Form* top() const;
     void chain();
     void takeAway(Form& form);
-    QString startFolder() const;
+    QString startFolder(const platform::FileDialog& dialog) const;
     void endShowings();
     QPrinter& printer();
     QString footOf(bool headed);

@@ -14,6 +14,7 @@
 #include "desktop/pace.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
+#include "platform/settings.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
 #include "tests/support/fixture.h"
@@ -64,6 +65,7 @@ DesktopTest::DesktopTest() {
     platform::Use_Desktop(&qt);
     Install_Reporter(Report_Error);
     Reset_Model();
+    platform::The_Settings().Open("");
     platform::Screens::Discard();
     Register_Screens();
     QObject::connect(&poll_, &QTimer::timeout, &poll_, [this] { Poll(); });
