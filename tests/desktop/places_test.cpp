@@ -7,6 +7,7 @@
 #include "screens/register.h"
 #include "shell/startup.h"
 #include "tests/desktop/user.h"
+#include "tests/support/fixture.h"
 
 namespace verlink::test {
 
