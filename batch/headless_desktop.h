@@ -33,6 +33,7 @@ class HeadlessDesktop : public platform::Desktop {
     bool Pause(std::chrono::nanoseconds) override { return true; }
     std::string Session_User() override { return ""; }
     std::string Documents_Folder() override { return ""; }
+    std::string Settings_Folder() override { return ""; }
     std::string Program_Folder() override { return ""; }
     std::string Date_Text() override { return ""; }
     std::string Time_Text() override { return ""; }

@@ -13,6 +13,8 @@ using platform::The_Desktop;
 
 namespace {
 
+constexpr char kHome[] = "frm_HomeScreen";
+
 void Center(Screen& screen) {
     const platform::DisplaySize display = The_Desktop().Display();
     screen.Left() = Long((display.width - screen.Width()) / 2.0);
@@ -32,13 +34,18 @@ void Show_Centered(const char* name) {
     screen.ShowModal();
 }
 
+void Arrive_At(const char* name) {
+    if (const Screen* home = platform::Screens::Find(kHome)) Screen::Hide_Above(*home);
+    Show_Centered(name);
+}
+
 void Maximize_Screen(Screen& screen, long width, long height) {
     const platform::DisplaySize display = The_Desktop().Display();
     const double ratio = Divide(static_cast<double>(width), static_cast<double>(height));
     if (Model.AspectActive) Model.AspectCorrection = 1.6 / Model.AspectRatio;
     double NewWidth = Model.ScreenWidth;
     double NewHeight = NewWidth / ratio * Model.AspectCorrection;
-    if (screen.Name() == "frm_HomeScreen") {
+    if (screen.Name() == kHome) {
         NewHeight = static_cast<double>(display.height - kDisplayMargin);
         NewWidth = NewHeight * ratio / Model.AspectCorrection;
         if (NewWidth > static_cast<double>(display.width)) {

@@ -18,6 +18,8 @@ inline constexpr long kDisplayMargin = 400;
 void Centerform(platform::Screen& screen);
 /// `Centerform` and then the modal showing; failure 9 when the program has no screen of that name.
 void Show_Centered(const char* name);
+/// The same for a screen that shows another linkage than those above the home screen: they go.
+void Arrive_At(const char* name);
 
 /// The largest size of the screen's own proportions, centred; `ScreenWidth` and `ScreenHeight` keep it. The home
 /// screen takes the display's height less 400 twips, and its width divided by `AspectCorrection`, as far as the

@@ -23,6 +23,7 @@
 #include "desktop/frame_box.h"
 #include "desktop/graph_widget.h"
 #include "desktop/grid_widget.h"
+#include "desktop/keys.h"
 #include "desktop/line_box.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
@@ -164,6 +165,7 @@ QWidget* make(Form& form, CommandButton& control, QWidget* parent) {
             control.Click();
         });
     });
+    bindKeys(form, control);
     return button;
 }
 
@@ -410,6 +412,7 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* grid = dynamic_cast<Grid*>(&control)) return make(form, *grid, parent);
     if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
     if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);
+    if (auto* shortcut = dynamic_cast<Shortcut*>(&control)) return makeShortcut(form, *shortcut);
     return nullptr;
 }
 

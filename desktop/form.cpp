@@ -20,13 +20,17 @@
 #include <set>
 
 #include "desktop/binders.h"
+#include "desktop/file_drops.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
+#include "desktop/keys.h"
 #include "desktop/layouts.h"
+#include "desktop/menu_keys.h"
 #include "desktop/messages.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
+#include "desktop/window_places.h"
 #include "platform/guard.h"
 #include "screens/edit_menu.h"
 #include "shell/history.h"
@@ -98,6 +102,7 @@ Form::Form(Screen& screen) : screen_(screen) {
     };
     showCaption();
     if (QPushButton* button = buttonOf(screen_.DefaultButton)) button->setDefault(true);
+    if (screen_.OnDrop) new FileDrops(*this);
 }
 
 Form::~Form() {
@@ -119,6 +124,7 @@ void Form::makeMenus() {
         auto* entry = dynamic_cast<MenuEntry*>(control);
         if (entry && !entry->Parent()) addEntry(*entry, nullptr);
     }
+    if (auto* bar = qobject_cast<QMenuBar*>(menuWidget())) new MenuKeys(*bar);
 }
 
 /// What has neither a label at its side nor a text of its own is known by what its tip says.
@@ -170,6 +176,8 @@ void Form::addEntry(MenuEntry& entry, QMenu* menu) {
     if (entry.Children().empty()) {
         action = menu ? menu->addAction(QString()) : menuBar()->addAction(QString());
         action->setSeparator(menu && entry.Caption.Get().empty());
+        action->setShortcuts(sequences(entry.Keys));
+        action->setAutoRepeat(false);
         connect(action, &QAction::triggered, this, [this, &entry] {
             act(entry, [&] { entry.Click(); });
             entry.Notify();
@@ -178,6 +186,7 @@ void Form::addEntry(MenuEntry& entry, QMenu* menu) {
         QMenu* below = menu ? menu->addMenu(QString()) : menuBar()->addMenu(QString());
         below->setToolTipsVisible(true);
         for (MenuEntry* child : entry.Children()) addEntry(*child, below);
+        connect(below, &QMenu::aboutToShow, this, [this, &entry] { act(entry, [&] { entry.Open(); }); });
         action = below->menuAction();
     }
     action->setObjectName(toQt(entry.ObjectName()));
@@ -186,6 +195,7 @@ void Form::addEntry(MenuEntry& entry, QMenu* menu) {
         action->setText(toQt(entry.Caption));
         action->setEnabled(entry.Enabled);
         action->setVisible(entry.Visible);
+        if (!entry.Tip.Get().empty()) action->setToolTip(toQt(entry.Tip));
         // An entry shows the place for its mark from the first mark on.
         if (entry.Checked) action->setCheckable(true);
         action->setChecked(entry.Checked);
@@ -270,6 +280,12 @@ void Form::happen(const Control& control, const std::function<void()>& deed) {
     if (!closing_ && !inPause()) Guarded(control.ObjectName(), deed);
 }
 
+void Form::act(const std::function<void(const std::string&)>& deed, const std::string& what) {
+    if (!inUse() || !deed) return;
+    const Deed at_work("dropping a file");
+    Guarded(screen_.Name(), [&] { deed(what); });
+}
+
 /// Blanks at the end of a caption would push its words out of a narrow title bar.
 void Form::showCaption() {
     QString caption = toQt(screen_.Caption());
@@ -309,18 +325,20 @@ void Form::applyShape() {
     if (isMaximized()) showNormal();
 
     const QSize wish(qRound(screen_.Width() / twips), qRound(screen_.Height() / twips));
-    if (size_changed) {
-        const QSize most(display.width(), display.height() - kDecoration / 2);
-        QSize least = minimumSizeHint();
-        // What scrolls for want of room gets all the room there is.
-        if (centralWidget() != room_) least = least.expandedTo(room_->minimumSizeHint()).boundedTo(most);
-        resize(wish.boundedTo(most).expandedTo(least));
+    const QSize most(display.width(), display.height() - kDecoration / 2);
+    QSize least = minimumSizeHint();
+    // What scrolls for want of room gets all the room there is.
+    if (centralWidget() != room_) least = least.expandedTo(room_->minimumSizeHint()).boundedTo(most);
+    const bool kept = !placed_ && takeKeptPlace(*this, least);
+    placed_ = placed_ || kept;
+    if (!kept) {
+        if (size_changed) resize(wish.boundedTo(most).expandedTo(least));
+        // Where the layout needs more than the wish, the window grows to both sides.
+        const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
+        const int y = display.top() + qRound(screen_.Top() / twips);
+        move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
+             std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
     }
-    // Where the layout needs more than the wish, the window grows to both sides.
-    const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
-    const int y = display.top() + qRound(screen_.Top() / twips);
-    move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
-         std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
     width_ = screen_.Width();
     height_ = screen_.Height();
     left_ = screen_.Left();
@@ -389,6 +407,7 @@ void Form::changeEvent(QEvent* event) {
 
 void Form::focusCame(Visual& control, QWidget* widget, Qt::FocusReason reason) {
     const int before = interruptions();
+    walked_to_ = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ? widget : nullptr;
     mouse_focus_ = reason == Qt::MouseFocusReason;
     act(control, [&] { screen_.MoveFocus(&control); });
     mouse_focus_ = false;
@@ -427,6 +446,10 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
             break;
         case QEvent::ShortcutOverride:
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
+            if (keepsKey(*found->second, *static_cast<QKeyEvent*>(event), walked_to_ == widget)) {
+                event->accept();
+                return true;
+            }
             break;
         case QEvent::KeyPress: {
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;

@@ -63,6 +63,10 @@ class Form : public QMainWindow {
     /// control is open. A failure in it is reported under the control's name.
     void act(const platform::Control& control, const std::function<void()>& deed,
              platform::Deed::Kind kind = platform::Deed::Kind::kWhole);
+    /// A file that the user has dropped on the window.
+    void act(const std::function<void(const std::string&)>& deed, const std::string& what);
+    /// Is the user's hand on this window: in sight, nothing over it, and no run plays?
+    bool inUse() const;
     /// Does what comes by itself (a pulse, a document that has been read), wherever the user is.
     void happen(const platform::Control& control, const std::function<void()>& deed);
     /// Runs whenever colours or fonts of the desktop change.
@@ -92,7 +96,6 @@ class Form : public QMainWindow {
     void tellApart();
     bool onlyTells() const;
     bool undoes(QKeyEvent* event, QWidget* at);
-    bool inUse() const;
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
     QPushButton* buttonOf(platform::CommandButton* button) const;
@@ -105,8 +108,10 @@ class Form : public QMainWindow {
     QWidget* room_ = nullptr;
     QWidget* swallow_press_ = nullptr;
     QWidget* select_on_release_ = nullptr;
-    bool mouse_focus_ = false;  ///< the focus is coming by a press of the mouse
+    QWidget* walked_to_ = nullptr;  ///< has the focus, by the tab key
+    bool mouse_focus_ = false;      ///< the focus is coming by a press of the mouse
     bool closing_ = false;
+    bool placed_ = false;                                   ///< where it stood in the last session has been taken over
     long left_ = -1, top_ = -1, width_ = -1, height_ = -1;  ///< the wish last applied
 };
 

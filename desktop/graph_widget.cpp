@@ -17,8 +17,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/linkage_model.h"
 #include "desktop/curve_paint.h"
-#include "desktop/file_dialogs.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "output/graph_scale.h"
@@ -586,9 +586,10 @@ void GraphWidget::askAndSave() {
     platform::FileDialog wish;
     wish.title = "Save picture";
     wish.filter = "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|";
-    wish.file_name = "plot.png";
+    wish.file_name = Model.ModelName.empty() ? "plot.png" : Model.ModelName + "_plot.png";
     wish.warn_before_overwriting = true;
-    const auto path = askSaveFile(window(), wish, toQt(platform::The_Desktop().Documents_Folder()));
+    wish.kind = "picture";
+    const auto path = platform::Ask_File(wish, true);
     if (!path) return;
     const auto failure = What_Failed([&] { savePicture(toQt(*path)); });
     if (!failure) return;

@@ -86,6 +86,7 @@ QWidget* choice(Form& form, const char* frame, const char* options, int count) {
 
 QHBoxLayout* ways(Form& form, QHBoxLayout* foot, const char* back) {
     foot->addStretch(1);
+    foot->addWidget(form.widget("cmd_Last"), 0, Qt::AlignVCenter);
     QWidget* backward = form.widget(back);
     QWidget* onward = forward(form.widget("cmd_Done"));
     equalWidths({backward, onward});

@@ -27,7 +27,8 @@ bool pausing = false;
 /// Keeps the user's hand away from the windows, but for what stops a run.
 class Deaf : public QObject {
    public:
-    Deaf(QWidget* window, QAbstractButton* button) : window_(window), button_(button) {
+    Deaf(QWidget* window, QAbstractButton* button, const QList<QKeySequence>& keys)
+        : window_(window), button_(button), keys_(keys) {
         qApp->installEventFilter(this);
     }
     ~Deaf() override {
@@ -51,7 +52,7 @@ class Deaf : public QObject {
                 if (onButton(*static_cast<QMouseEvent*>(event))) stopped_ = click_ = true;
                 return true;
             case QEvent::KeyPress:
-                if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) stopped_ = true;
+                if (stops(*static_cast<QKeyEvent*>(event))) stopped_ = true;
                 return true;
             case QEvent::Shortcut:
                 if (button_ && object == button_ && button_->isEnabled()) stopped_ = click_ = true;
@@ -81,8 +82,15 @@ class Deaf : public QObject {
                button_->rect().contains(button_->mapFromGlobal(press.globalPosition().toPoint()));
     }
 
+    /// A key that is still held down since it started the run stops nothing.
+    bool stops(const QKeyEvent& press) const {
+        return press.key() == Qt::Key_Escape ||
+               (!press.isAutoRepeat() && keys_.contains(QKeySequence(press.keyCombination())));
+    }
+
     QWidget* window_;
     QAbstractButton* button_;
+    const QList<QKeySequence>& keys_;
     bool stopped_ = false, close_ = false, click_ = false;
 };
 
@@ -94,13 +102,14 @@ Clock::time_point frameEnd(Clock::time_point last, Clock::time_point now, std::c
     return (now - last > pause + 250ms ? now : last) + pause;
 }
 
-bool pauseFrame(std::chrono::nanoseconds pause, QWidget* window, QAbstractButton* button) {
+bool pauseFrame(std::chrono::nanoseconds pause, QWidget* window, QAbstractButton* button,
+                const QList<QKeySequence>& keys) {
     if (pausing) return true;
     const Clock::time_point deadline = frameEnd(last_end, Clock::now(), pause);
     pausing = true;
     bool stopped = false;
     {
-        const Deaf deaf(window, button);
+        const Deaf deaf(window, button, keys);
         for (QWidget* shown : QApplication::topLevelWidgets()) {
             if (!shown->isVisible()) continue;
             for (QWidget* widget : shown->findChildren<QWidget*>())

@@ -21,10 +21,13 @@
 #include "desktop/file_dialogs.h"
 #include "desktop/file_type.h"
 #include "desktop/form.h"
+#include "desktop/keys.h"
 #include "desktop/messages.h"
 #include "desktop/pace.h"
 #include "desktop/printing.h"
 #include "desktop/text.h"
+#include "desktop/window_places.h"
+#include "platform/settings.h"
 
 namespace verlink::desktop {
 
@@ -72,8 +75,11 @@ Answer QtDesktop::Show_Message(const Message& message) {
     return showMessage(top(), message);
 }
 
-QString QtDesktop::startFolder() const {
+/// Models are looked for where the one in hand lies, all else where the last of its kind was.
+QString QtDesktop::startFolder(const FileDialog& dialog) const {
     const QFileInfo path(toQt(Model.FilePath));
+    const bool remembered = !dialog.folder.empty() && QFileInfo(toQt(dialog.folder)).isDir();
+    if (remembered && !(dialog.kind == "model" && path.isFile())) return toQt(dialog.folder);
     if (!Model.FilePath.empty()) {
         if (path.isDir()) return path.absoluteFilePath();
         if (path.dir().exists()) return path.dir().absolutePath();
@@ -84,13 +90,13 @@ QString QtDesktop::startFolder() const {
 std::optional<std::string> QtDesktop::Ask_Open_File(const FileDialog& dialog) {
     if (Ending()) return {};
     const PlainPointer pointer(hourglass_);
-    return askOpenFile(top(), dialog, startFolder());
+    return askOpenFile(top(), dialog, startFolder(dialog));
 }
 
 std::optional<std::string> QtDesktop::Ask_Save_File(const FileDialog& dialog) {
     if (Ending()) return {};
     const PlainPointer pointer(hourglass_);
-    return askSaveFile(top(), dialog, startFolder());
+    return askSaveFile(top(), dialog, startFolder(dialog));
 }
 
 QPrinter& QtDesktop::printer() {
@@ -158,7 +164,10 @@ void QtDesktop::Show_Window(Screen& screen) {
 }
 
 void QtDesktop::Hide_Window(Screen& screen) {
-    takeAway(formOf(screen));
+    Form& form = formOf(screen);
+    if (form.isVisible()) keepPlace(form);
+    takeAway(form);
+    The_Settings().Save();
     if (Form* below = top()) below->activateWindow();
     endShowings();
 }
@@ -180,7 +189,11 @@ void QtDesktop::endShowings() {
 }
 
 void QtDesktop::On_Ending() {
-    while (!shown_.empty()) takeAway(*shown_.back());
+    while (!shown_.empty()) {
+        if (shown_.back()->isVisible()) keepPlace(*shown_.back());
+        takeAway(*shown_.back());
+    }
+    The_Settings().Save();
     endShowings();
 }
 
@@ -206,7 +219,8 @@ DisplaySize QtDesktop::Display() {
 bool QtDesktop::Pause(std::chrono::nanoseconds pause) {
     if (Ending()) return false;
     Form* form = top();
-    return pauseFrame(pause, form, form ? form->stopButton() : nullptr);
+    if (!form) return pauseFrame(pause);
+    return pauseFrame(pause, form, form->stopButton(), sequences(form->screen().StopKeys));
 }
 
 std::string QtDesktop::Session_User() {
@@ -223,6 +237,10 @@ std::string QtDesktop::State_Folder() {
     const QString named = qEnvironmentVariable("XDG_STATE_HOME");
     return fromQt(
         QDir::cleanPath(QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state")));
+}
+
+std::string QtDesktop::Settings_Folder() {
+    return fromQt(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
 }
 
 std::string QtDesktop::Program_Folder() { return fromQt(QCoreApplication::applicationDirPath()); }

@@ -42,6 +42,7 @@ class QtDesktop : public platform::Desktop {
     std::string Session_User() override;
     std::string Documents_Folder() override;
     std::string State_Folder() override;
+    std::string Settings_Folder() override;
     std::string Program_Folder() override;
     std::string Date_Text() override;
     std::string Time_Text() override;
@@ -59,7 +60,7 @@ class QtDesktop : public platform::Desktop {
     Form* top() const;
     void chain();
     void takeAway(Form& form);
-    QString startFolder() const;
+    QString startFolder(const platform::FileDialog& dialog) const;
     void endShowings();
     QPrinter& printer();
     QString footOf(bool headed);

@@ -196,7 +196,7 @@ void Put_Cam(const Cam_File& file) {
 void Show_Input(const std::string& told) {
     if (Model.JustStarted) return;
     Tell(told);
-    Show_Centered("frm_Inputnew");
+    Arrive_At("frm_Inputnew");
 }
 
 struct Import {
@@ -211,6 +211,16 @@ constexpr Import kCamImport = {"Open a Lobetra export data file", "Lobetra Expor
 constexpr Import kLinkImport = {"Open a Linkage Drive Data file", "Verlink Export (*.out)|*.out|(*.*)|*.*|",
                                 kLinkExtension, Import_Linkage_Data};
 
+void Take_Known_File(const Import& import, const std::string& path) {
+    const std::string content = Read_File(path);
+    TextReader reader(content);
+    const bool taken = import.read(reader, path);
+    The_Desktop().Set_Pointer(Pointer::kDefault);
+    if (!taken) return;
+    Set_Menus();
+    Refresh_Status();
+}
+
 void Take_File(Screen& home, const Import& import) {
     if (!May_Replace(home)) return;
     auto& dialog = home.Get<CommonDialog>("CommonDialog1");
@@ -218,14 +228,9 @@ void Take_File(Screen& home, const Import& import) {
     dialog.Filter = import.filter;
     dialog.FilterIndex = 1;
     dialog.FileName = std::string("*") + import.extension;
+    dialog.Kind = "drive";
     dialog.ShowOpen();
-    const std::string content = Read_File(dialog.FileName);
-    TextReader reader(content);
-    const bool taken = import.read(reader, dialog.FileName);
-    The_Desktop().Set_Pointer(Pointer::kDefault);
-    if (!taken) return;
-    Set_Menus();
-    Refresh_Status();
+    Take_Known_File(import, dialog.FileName);
 }
 
 }  // namespace
@@ -271,6 +276,18 @@ bool Import_Linkage_Data(TextReader& reader, const std::string& path) {
 
 void Menu_Lobetra(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.mnu_Lobetra", [&] { Take_File(home, kCamImport); });
+}
+
+void Import_Cam_File(Screen& home, const std::string& path) {
+    Guarded("frm_Homescreen.mnu_Lobetra", [&] {
+        if (May_Replace(home)) Take_Known_File(kCamImport, path);
+    });
+}
+
+void Import_Link_File(Screen& home, const std::string& path) {
+    Guarded("frm_Homescreen.mnu_Link_Data_Import", [&] {
+        if (May_Replace(home)) Take_Known_File(kLinkImport, path);
+    });
 }
 
 void Menu_Link_Data_Import(Screen& home) {

@@ -23,5 +23,8 @@ bool Import_Linkage_Data(TextReader& reader, const std::string& path = {});
 /// The import menu's actions, each a handler of the home screen.
 void Menu_Lobetra(platform::Screen& home);
 void Menu_Link_Data_Import(platform::Screen& home);
+/// The same for a file that is known already.
+void Import_Cam_File(platform::Screen& home, const std::string& path);
+void Import_Link_File(platform::Screen& home, const std::string& path);
 
 }  // namespace verlink

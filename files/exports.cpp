@@ -62,12 +62,14 @@ bool Write_Export(const char* name, Content content) {
 }
 
 /// Asks where to, and writes there; the path is that of before when nothing was written.
-bool Export_To(Screen& home, const char* title, const char* filter, const std::string& file_name, bool (*write)()) {
+bool Export_To(Screen& home, const char* title, const char* kind, const char* filter, const std::string& file_name,
+               bool (*write)()) {
     auto& dialog = home.Get<CommonDialog>("CommonDialog1");
     dialog.DialogTitle = title;
     dialog.Filter = filter;
     dialog.FilterIndex = 1;
     dialog.FileName = file_name;
+    dialog.Kind = kind;
     dialog.OverwritePrompt = true;
     dialog.ShowSave();
     const std::string before = std::exchange(Model.FilePath, dialog.FileName);
@@ -88,14 +90,19 @@ void Untick_Import() {
     With<CheckBox>(kMassProp, "chk_Torque", kNoIndex, [](CheckBox& box) { box.Value = false; });
 }
 
-void Take_Torque_File(int Index) {
+std::string Ask_For_Torque_File() {
     auto& dialog = Screens::Get(kMassProp).Get<CommonDialog>("CommonDialog1");
     dialog.DialogTitle = "Open a Torque Data file";
     dialog.Filter = "Torque Import (*.trq)|*.trq|(*.*)|*.*|";
     dialog.FilterIndex = 1;
     dialog.FileName = "*.trq";
+    dialog.Kind = "torque";
     dialog.ShowOpen();
-    const std::string content = Read_File(dialog.FileName);
+    return dialog.FileName;
+}
+
+void Take_Torque_File(int Index, const std::string& path) {
+    const std::string content = Read_File(path);
     TextReader reader(content);
     bool Failed = false;
     Import_Torque_Data(reader, Failed);
@@ -105,7 +112,7 @@ void Take_Torque_File(int Index) {
         Model.TorqueImported = false;
         Untick_Import();
     } else {
-        Model.FilePath = dialog.FileName;
+        Model.FilePath = path;
         Model.TorqueFileName = StripFilename(Model.FilePath) + ".trq";
         Model.TorqueImported = true;
         // The next Save is not to write the model over the table.
@@ -184,15 +191,15 @@ bool Write_Pend() {
 
 void Menu_Link_Data_Export(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.mnu_Link_Data_Export", [&] {
-        Export_To(home, "Export Link 4 Data", "Verlink Export (*.out)|*.out|(*.*)|*.*|", Model.ModelName + "_vlnk.out",
-                  Export_Link4_to_File);
+        Export_To(home, "Export Link 4 Data", "drive", "Verlink Export (*.out)|*.out|(*.*)|*.*|",
+                  Model.ModelName + "_vlnk.out", Export_Link4_to_File);
         Refresh_Status();
     });
 }
 
 void Menu_Export_Torque(Screen& home) {
     Guarded_Unless_Cancelled("frm_Homescreen.mnu_Export_Torque", [&] {
-        Export_To(home, "Export Link 2 Driving Torque Data", "Link 2 Torque Export (*.trq)|*.trq|(*.*)|*.*|",
+        Export_To(home, "Export Link 2 Driving Torque Data", "torque", "Link 2 Torque Export (*.trq)|*.trq|(*.*)|*.*|",
                   Model.ModelName + "_vlnk.trq", Export_Torque_Data);
         Refresh_Status();
     });
@@ -201,7 +208,7 @@ void Menu_Export_Torque(Screen& home) {
 void Menu_pdx(Screen& home) {
     // A cancelled dialog is reported here, and not at the other exports.
     Guarded("frm_Homescreen.mnu_pdx", [&] {
-        if (Export_To(home, "Export the Model to Pendrix", "(*.pdx)|*.pdx", Model.ModelName + ".pdx", Write_Pend))
+        if (Export_To(home, "Export the Model to Pendrix", "", "(*.pdx)|*.pdx", Model.ModelName + ".pdx", Write_Pend))
             Model.ModelName = StripFilename(Model.FilePath);
         Refresh_Status();
     });
@@ -227,8 +234,8 @@ void Import_Torque_Data(TextReader& reader, bool& Failed) {
     Failed = true;
 }
 
-void Import_Torque(Integer Index) {
-    const auto failure = What_Failed([&] { Take_Torque_File(Index); });
+void Import_Torque(Integer Index, const std::string& path) {
+    const auto failure = What_Failed([&] { Take_Torque_File(Index, path.empty() ? Ask_For_Torque_File() : path); });
     if (!failure) return;
     if (failure->Number() == kDialogCancelled) {
         Allow_Typing(Index);

@@ -29,7 +29,8 @@ void Menu_pdx(platform::Screen& home);
 /// cannot be read to its end, and the table of before stays.
 void Import_Torque_Data(TextReader& reader, bool& Failed);
 /// The dialog, file and consequences of `chk_Torque` on `frm_MassProp`; `Index` is the row of `txt_Torque`. A table
-/// that is not taken leaves `FilePath`, `TorqueFileName` and `SavedFlag` as they were.
-void Import_Torque(Integer Index);
+/// that is not taken leaves `FilePath`, `TorqueFileName` and `SavedFlag` as they were. With a path nobody is asked for
+/// it.
+void Import_Torque(Integer Index, const std::string& path = {});
 
 }  // namespace verlink

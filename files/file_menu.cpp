@@ -32,6 +32,16 @@ bool Save(bool by_dialog) {
     return written;
 }
 
+void Read_Model_File(const std::string& path) {
+    The_Desktop().Set_Pointer(Pointer::kHourglass);
+    const bool read = Readfile(Read_File(path), path);
+    The_Desktop().Set_Pointer(Pointer::kDefault);
+    if (!read) return;
+    Set_Menus();
+    With<PictureBox>("frm_Inputnew", "Picture1", kNoIndex, [](PictureBox& box) { box.Canvas().Cls(); });
+    Refresh_Status();
+}
+
 }  // namespace
 
 bool May_Replace(Screen& home) {
@@ -56,14 +66,15 @@ void Menu_Open(Screen& home) {
         dialog.Filter = "Verlink (*.vlk)|*.vlk|All (*.*)|*.*|";
         dialog.FilterIndex = 1;
         dialog.FileName = "*.vlk";
+        dialog.Kind = "model";
         dialog.ShowOpen();
-        The_Desktop().Set_Pointer(Pointer::kHourglass);
-        const bool read = Readfile(Read_File(dialog.FileName), dialog.FileName);
-        The_Desktop().Set_Pointer(Pointer::kDefault);
-        if (!read) return;
-        Set_Menus();
-        With<PictureBox>("frm_Inputnew", "Picture1", kNoIndex, [](PictureBox& box) { box.Canvas().Cls(); });
-        Refresh_Status();
+        Read_Model_File(dialog.FileName);
+    });
+}
+
+void Open_Model_File(Screen& home, const std::string& path) {
+    Guarded("frm_Homescreen.Open", [&] {
+        if (May_Replace(home)) Read_Model_File(path);
     });
 }
 
@@ -84,6 +95,7 @@ void Menu_Saveas(Screen& home) {
         dialog.FilterIndex = 1;
         dialog.FileName = Model.ModelName + ".vlk";
         dialog.OverwritePrompt = true;
+        dialog.Kind = "model";
         dialog.ShowSave();
         const std::string before = std::exchange(Model.FilePath, dialog.FileName);
         if (!Save(true)) Model.FilePath = before;

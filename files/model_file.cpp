@@ -5,6 +5,7 @@
 #include <array>
 
 #include "core/text.h"
+#include "files/recent_files.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -214,6 +215,7 @@ void Write_Model(const std::string& content, Replacing replacing) {
                 Write_File_And_Keep(path, content);
     else
         Write_File(path, content);
+    Note_Recent(path);
     Tell(told, Icon::kInformation);
 }
 

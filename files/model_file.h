@@ -92,6 +92,8 @@ bool May_Replace(platform::Screen& home);
 
 /// The file menu's actions, each a handler of the home screen.
 void Menu_Open(platform::Screen& home);
+/// The same for a file that is known already.
+void Open_Model_File(platform::Screen& home, const std::string& path);
 void Menu_Save(platform::Screen& home);
 void Menu_Saveas(platform::Screen& home);
 

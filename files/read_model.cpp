@@ -13,6 +13,7 @@
 #include "dynamics/units.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
+#include "files/recent_files.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
 
@@ -132,9 +133,10 @@ bool Readfile(const std::string& content, const std::string& path) {
         Refresh_Status();
         Set_Menus();
         The_Desktop().Set_Pointer(Pointer::kDefault);
+        if (!path.empty()) Note_Recent(path);
         if (Model.JustStarted) return;
         Tell("File " + Model.FilePath + " successfully read.", Icon::kInformation);
-        Show_Centered(kInput);
+        Arrive_At(kInput);
     });
     return true;
 }

@@ -2,6 +2,8 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <iterator>
+#include <sstream>
 
 #include "platform/screen.h"
 
@@ -209,6 +211,18 @@ void Timer::Tick() {
     if (Enabled && OnTimer) OnTimer();
 }
 
+Shortcut::Shortcut(Screen& owner, std::string name, std::string keys, int index)
+    : Control(owner, std::move(name), index), Keys(*this, std::move(keys)) {}
+
+void Shortcut::Press() {
+    if (Enabled && OnPress) OnPress();
+}
+
+std::vector<std::string> Single_Keys(const std::string& keys) {
+    std::istringstream text(keys);
+    return {std::istream_iterator<std::string>(text), {}};
+}
+
 MenuEntry::MenuEntry(Screen& owner, std::string name, std::string caption, int index)
     : Control(owner, std::move(name), index), Caption(*this, std::move(caption)), parent_(nullptr) {}
 
@@ -239,6 +253,11 @@ void MenuEntry::Click() {
         if (!entry->Enabled || !entry->Visible) return;
     if (auto* box = dynamic_cast<TextBox*>(Owner().Focus())) Read_In_Hand(*box);
     if (OnClick) OnClick();
+}
+
+void MenuEntry::Open() {
+    if (parent_) parent_->Open();
+    if (OnOpen) OnOpen();
 }
 
 }  // namespace verlink::platform

@@ -199,6 +199,8 @@ class CommandButton : public Visual {
    public:
     CommandButton(Screen& owner, std::string name, std::string caption = "", int index = kNoIndex);
     Property<std::string> Caption;
+    /// Keys that click it wherever the focus is, as `Shortcut` has them.
+    Property<std::string> Keys{*this, ""};
     std::function<void()> OnClick;
     /// The click event, if the button is enabled and visible.
     void Click();
@@ -269,6 +271,8 @@ class ScrollBar : public Visual {
     void Drop();
     int SmallChange = 1;
     int LargeChange = 10;
+    /// With the focus the arrow keys are its own, also where they are those of a `Shortcut`.
+    bool KeepsArrows = true;
     std::function<void()> OnChange;
     std::function<void()> OnScroll;
 
@@ -342,6 +346,22 @@ class Timer : public Control {
     void Tick();
 };
 
+/// Keys that do something by themselves, on a screen that has no button and no entry for it. They are written as
+/// "Ctrl+S", "F1", "Space", "Left"; several stand with blanks between them. While a key is held down it is pressed
+/// again and again. A key that writes or moves the cursor in a box with the focus, or chooses there, does only that.
+class Shortcut : public Control {
+   public:
+    Shortcut(Screen& owner, std::string name, std::string keys, int index = kNoIndex);
+    Property<std::string> Keys;
+    Property<bool> Enabled{*this, true};
+    std::function<void()> OnPress;
+    /// The keys are pressed, if they are enabled.
+    void Press();
+};
+
+/// The single keys of a text of several.
+std::vector<std::string> Single_Keys(const std::string& keys);
+
 /// An entry of a menu; entries with children open a menu of their own. An empty caption is a separator.
 class MenuEntry : public Control {
    public:
@@ -353,9 +373,17 @@ class MenuEntry : public Control {
     Property<bool> Enabled{*this, true};
     Property<bool> Visible{*this, true};
     Property<bool> Checked{*this, false};
+    /// Keys that click it without its menu, as `Shortcut` has them; the first stand beside it.
+    Property<std::string> Keys{*this, ""};
+    /// One line beside the entry that says more than its caption.
+    Property<std::string> Tip{*this, ""};
     std::function<void()> OnClick;
+    /// Raised before the entries below this one come into sight.
+    std::function<void()> OnOpen;
     /// The click event, if the entry and those above it are enabled and visible.
     void Click();
+    /// What the user's hand does to see the entries below: `OnOpen`, first of those above.
+    void Open();
     MenuEntry* Parent() const { return parent_; }
     const std::vector<MenuEntry*>& Children() const { return children_; }
 

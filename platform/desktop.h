@@ -36,6 +36,10 @@ struct FileDialog {
     int filter_index = 1;
     std::string file_name;
     bool warn_before_overwriting = false;
+    /// What kind of file it is: "model", "table", "picture", "drive", "torque" or empty. A folder is remembered for
+    /// each.
+    std::string kind = {};
+    std::string folder = {};  ///< the one remembered; empty for none
 };
 
 enum class Pointer { kDefault, kHourglass };
@@ -92,6 +96,7 @@ class Desktop {
 
     virtual std::string Session_User() = 0;      ///< the login name
     virtual std::string Documents_Folder() = 0;  ///< without a separator at its end
+    virtual std::string Settings_Folder() = 0;   ///< where settings are kept; empty where none are
     /// The folder for what is to be known at the next start, without a separator at its end; empty for none.
     virtual std::string State_Folder() { return {}; }
     virtual std::string Program_Folder() = 0;  ///< where the program's file lies, without a separator at its end
@@ -123,6 +128,10 @@ void Tell(const std::string& text, Icon icon = Icon::kNone);
 /// `Show_Message` with Yes and No.
 bool Ask_Yes(const std::string& text, Icon icon = Icon::kQuestion);
 
+/// Has the desktop ask for a file to open or to save, from the folder remembered for its kind, and remembers the folder
+/// of the answer.
+std::optional<std::string> Ask_File(FileDialog dialog, bool save);
+
 /// A file dialog of a screen in the order in which handlers use one: fill, show, read. A cancelled dialog raises
 /// failure 32755 and leaves `FileName`.
 class CommonDialog : public Control {
@@ -133,9 +142,13 @@ class CommonDialog : public Control {
     int FilterIndex = 1;
     std::string FileName;
     bool OverwritePrompt = false;
+    std::string Kind;  ///< as in `FileDialog`
     void ShowOpen();
     void ShowSave();
     void ShowPrinter();
+
+   private:
+    void Show(bool save);
 };
 
 }  // namespace verlink::platform

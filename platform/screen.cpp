@@ -98,6 +98,37 @@ void Screen::Close() {
     Form_Unload();
 }
 
+bool Screen::Press_Keys(const std::string& keys) {
+    const auto has = [&keys](const std::string& all) {
+        const auto single = Single_Keys(all);
+        return std::find(single.begin(), single.end(), keys) != single.end();
+    };
+    for (Control* control : controls_) {
+        auto* entry = dynamic_cast<MenuEntry*>(control);
+        auto* button = dynamic_cast<CommandButton*>(control);
+        auto* shortcut = dynamic_cast<Shortcut*>(control);
+        if (!has(entry      ? entry->Keys.Get()
+                 : button   ? button->Keys.Get()
+                 : shortcut ? shortcut->Keys.Get()
+                            : std::string()))
+            continue;
+        const Deed at_work(*control);
+        if (entry) entry->Click();
+        if (shortcut) shortcut->Press();
+        if (!button) return true;
+        if (button->Enabled && button->Visible) button->SetFocus();
+        button->Click();
+        return true;
+    }
+    return false;
+}
+
+void Screen::Hide_Above(const Screen& base) {
+    const auto& shown = Registered().shown;
+    if (std::find(shown.begin(), shown.end(), &base) == shown.end()) return;
+    while (shown.back() != &base) shown.back()->Hide();
+}
+
 Screen* Screen::Active() { return Registered().active; }
 
 void Screens::Register(const std::string& name, Maker maker) {

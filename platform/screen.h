@@ -81,11 +81,22 @@ class Screen {
     /// The button that ends a run which plays on the screen, before it does its own work; null for none.
     CommandButton* StopButton = nullptr;
 
+    /// Does what those keys do on this screen, as a button, an entry or a `Shortcut` has them; false where nothing has.
+    bool Press_Keys(const std::string& keys);
+    /// The keys that stop a run which plays, beside Escape.
+    std::string StopKeys;
+
+    /// Takes a file that was dropped on the window, by its path; null where none is taken.
+    std::function<void(const std::string& path)> OnDrop;
+
     /// The user's attempt to close the window: `Form_QueryUnload`, then, unless cancelled, hiding and `Form_Unload`.
     void Close();
 
     /// Called with the control each time the focus has moved; for the desktop's side.
     std::function<void(Control*)> FocusWatcher;
+
+    /// Hides what was shown after that screen, the last first; nothing when it is not shown itself.
+    static void Hide_Above(const Screen& base);
 
     /// The screen that was made active last and is visible, or null.
     static Screen* Active();

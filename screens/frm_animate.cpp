@@ -58,6 +58,12 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
     DefaultButton = &cmd_Animate;
     StopButton = &cmd_Reset;
+    StopKeys = "Space";
+    cmd_Animate.Keys = "Space";
+    cmd_PlotPrint.Keys = "Ctrl+P";
+    mnu_Help.Keys = "F1";
+    Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
+    hsc_step.KeepsArrows = false;
     Write_Tips();
     Bind();
     Serve_Undo(*this, [this] { Show_Model(); });
@@ -90,8 +96,8 @@ void frm_Animate::Write_Tips() {
 }
 
 void frm_Animate::Write_Button_Tips() {
-    cmd_Animate.Tip = "Play the run; Escape stops it";
-    cmd_Step.Tip = "Show the next position";
+    cmd_Animate.Tip = "Play the run (Space); Escape or Space stops it";
+    cmd_Step.Tip = "Show the next position; the arrow keys go on and back";
     cmd_Reset.Tip = "Go back to the first position; stops a run that plays";
     cmd_Recalc.Tip = "Calculate again with the changed data";
     cmd_PlotPrint.Tip = "Print this screen";

@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
+#include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -22,6 +23,7 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
     platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    File_Entries Files{*this, [this] { Take_Typed(); }};
     Edit_Menu edit{*this};
 
     platform::Label lbl_Header{*this, "lbl_Header"};

@@ -95,6 +95,7 @@ void frm_Balance::Bind() {
     opt_Back.On(&platform::OptionButton::OnClick, [this](int) { opt_Back_Click(); });
     cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.Keys = "Ctrl+P";
     cmd_copy.OnClick = [this] { cmd_copy_Click(); };
     cmd_back.OnClick = [this] { cmd_back_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };

@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/graph.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -59,6 +60,7 @@ class frm_Balance : public platform::Screen {
     platform::CommandButton cmd_back{*this, "cmd_back", "&< Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+    Help_Key key_Help{*this, "mnu_BalanceHelp"};
 
     void Form_Activate() override;
     void txt_BerkMass_LostFocus(int Index);

@@ -28,6 +28,7 @@ constexpr int kFirstHarmonics = 15;
 
 frm_FFT::frm_FFT() : Screen("frm_FFT") {
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_FFTHelp"), "frm_FFT.mnu_Help"); };
+    mnu_Help.Keys = "F1";
     cmb_Var1.OnClick = [this] { cmb_Var1_Click(); };
     cmb_Com1.OnClick = [this] { cmb_Com1_Click(); };
     const std::vector<const platform::Control*> ways_out{&cmd_Clear1, &cmd_Cancel};
@@ -40,6 +41,7 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     chk_Sticks.Value = true;
     for (auto* box : {&chk_HGrid, &chk_VGrid}) box->OnClick = [this] { Redraw(); };

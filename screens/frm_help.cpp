@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
+#include "screens/help_documents.h"
 
 namespace verlink {
 
@@ -200,6 +201,10 @@ void Show_Help(const std::string& document, const std::string& handler) {
         reader->Open(document);
         Show_Centered("frm_Help");
     });
+}
+
+Help_Key::Help_Key(platform::Screen& owner, const std::string& entry) : Shortcut(owner, "key_Help", "F1") {
+    OnPress = [this, entry] { Show_Help(Help_Document(entry), Owner().Name() + ".key_Help"); };
 }
 
 }  // namespace verlink

@@ -69,4 +69,10 @@ class frm_Help : public platform::Screen {
 /// reported under the name of the handler.
 void Show_Help(const std::string& document, const std::string& handler);
 
+/// The key for help on a screen without a menu: it shows the document of that help entry.
+class Help_Key : public platform::Shortcut {
+   public:
+    Help_Key(platform::Screen& owner, const std::string& entry);
+};
+
 }  // namespace verlink

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <memory>
 
 #include "animation/engine.h"
@@ -17,8 +18,11 @@
 #include "files/exports.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
+#include "files/recent_files.h"
 #include "platform/guard.h"
+#include "platform/settings.h"
 #include "screens/edit_menu.h"
+#include "screens/file_entries.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
@@ -39,6 +43,16 @@ namespace {
 constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 constexpr char kConfirmReset[] = "Please confirm your order to reset all variables to their default values";
 constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
+
+constexpr char kSizeSetting[] = "screen.size", kMaximized[] = "maximized";
+constexpr char kAspectSetting[] = "screen.aspect", kCorrected[] = "corrected";
+
+/// A name is no caption: what stands in it is no mark of a mnemonic.
+std::string Without_Mnemonics(const std::string& name) {
+    std::string caption;
+    for (const char letter : name) caption += letter == '&' ? std::string("&&") : std::string(1, letter);
+    return caption;
+}
 
 /// The window is made for the links; counterweights may reach beyond it wherever they turn.
 void Make_Room_For_Weights() {
@@ -132,6 +146,53 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
         };
     Serve_Undo(*this, [this] { Show_Model(); });
+    mnu_Recent.OnOpen = [this] { Show_Recent_Files(); };
+    mnu_RecentFile.On(&MenuEntry::OnClick, [this](int index) { mnu_RecentFile_Click(index); });
+    OnDrop = [](const std::string& path) { Take_Dropped_File(path); };
+    Name_Keys();
+    Take_Kept_Size();
+    mnu_Recent.Enabled = Any_Recent();
+}
+
+void frm_HomeScreen::Name_Keys() {
+    mnu_New.Keys = "Ctrl+N";
+    mnu_Open.Keys = "Ctrl+O";
+    mnu_Save.Keys = "Ctrl+S";
+    mnu_Saveas.Keys = "Ctrl+Shift+S";
+    mnu_Quit.Keys = "Ctrl+Q";
+    mnu_Manual.Keys = "F1";
+    cmd_Print.Keys = "Ctrl+P";
+}
+
+void frm_HomeScreen::Take_Kept_Size() {
+    const platform::Settings& settings = platform::The_Settings();
+    Model.FullScreen = settings.Text(kSizeSetting) == kMaximized;
+    Model.AspectActive = settings.Text(kAspectSetting) == kCorrected && Model.AspectRatio != Single(1.6);
+    if (Model.AspectActive) Model.AspectCorrection = 1.6 / Model.AspectRatio;
+}
+
+void frm_HomeScreen::Keep_Size() {
+    platform::Settings& settings = platform::The_Settings();
+    settings.Put(kSizeSetting, Model.FullScreen ? kMaximized : "");
+    settings.Put(kAspectSetting, Model.AspectActive ? kCorrected : "");
+    settings.Save();
+}
+
+void frm_HomeScreen::Show_Recent_Files() {
+    recent_ = Recent_Files();
+    for (int number = 1; number <= kMostRecent; ++number) {
+        MenuEntry& entry = mnu_RecentFile[number];
+        entry.Visible = number <= static_cast<int>(recent_.size());
+        if (!entry.Visible) continue;
+        const std::filesystem::path path = recent_[static_cast<std::size_t>(number - 1)];
+        entry.Caption = "&" + std::to_string(number % kMostRecent) + "  " +
+                        Without_Mnemonics(path.filename().string() + "  in  " + path.parent_path().string());
+    }
+}
+
+void frm_HomeScreen::mnu_RecentFile_Click(int Index) {
+    if (Index <= static_cast<int>(recent_.size()))
+        Open_Model_File(*this, std::string(recent_[static_cast<std::size_t>(Index - 1)]));
 }
 
 void frm_HomeScreen::Note_Status_Width() { Model.StatusWidth = Width().Get(); }  // the panel spans the screen
@@ -153,6 +214,7 @@ void frm_HomeScreen::Form_Return() {
 }
 
 void frm_HomeScreen::Refresh() {
+    mnu_Recent.Enabled = Any_Recent();
     Set_Menus();
     Refresh_Status();
     Model.ScreenReturn = false;
@@ -241,17 +303,22 @@ void frm_HomeScreen::cmd_Quit_Click() {
     });
 }
 
-void frm_HomeScreen::mnu_New_Click() {
-    Guarded("frm_Homescreen.New", [this] {
+void frm_HomeScreen::mnu_New_Click() { New_Linkage(); }
+
+bool frm_HomeScreen::New_Linkage() {
+    bool made = false;
+    Guarded("frm_Homescreen.New", [&] {
         if (Modified() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
         const Answer answer =
             The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
         if (answer != Answer::kOk) return;
         New_Model();
+        made = true;
         Use_Units(Model.Units);
         Check_mnu_Units(*this, Model.Units);
         Form_Activate();
     });
+    return made;
 }
 
 void frm_HomeScreen::mnu_pick_Click(int Index) {
@@ -296,6 +363,7 @@ void frm_HomeScreen::mnu_Standardsize_Click() {
         Model.FullScreen = false;
         Reset_Screen(*this, kHomeWidth, kHomeHeight);
         Note_Status_Width();
+        Keep_Size();
     });
 }
 
@@ -304,6 +372,7 @@ void frm_HomeScreen::mnu_Fullscreen_Click() {
         Model.FullScreen = true;
         Maximize_Screen(*this, kHomeWidth, kHomeHeight);
         Note_Status_Width();
+        Keep_Size();
     });
 }
 
@@ -330,6 +399,7 @@ void frm_HomeScreen::mnu_Aspect_Click() {
             Model.AspectCorrection = 1;
         else if (!Model.FullScreen)  // where nothing is corrected, and the next question goes by it all the same
             Model.AspectCorrection = 1.6 / Model.AspectRatio;
+        Keep_Size();
         Form_Activate();
     });
 }

@@ -1,6 +1,9 @@
 // The hub: menus, the row of buttons, the status panel, the present linkage.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "platform/desktop.h"
 #include "platform/screen.h"
 
@@ -29,6 +32,11 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_pdx{mnu_Export, "mnu_pdx", " Pendrix Input File"};
     MenuEntry mnu_FileBar3{mnu_File, "mnu_FileBar3", ""};
     MenuEntry mnu_Quit{mnu_File, "mnu_Quit", "&Quit"};
+    MenuEntry mnu_FileBar4{mnu_File, "mnu_FileBar4", ""};
+    MenuEntry mnu_Recent{mnu_File, "mnu_Recent", "&Recent Files"};
+    /// The latest first, by number; as many are in sight as there are.
+    platform::ControlArray<MenuEntry> mnu_RecentFile{
+        mnu_Recent, "mnu_RecentFile", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, "Recent File"};
     MenuEntry mnu_FileBar5{mnu_File, "mnu_FileBar5", ""};
     MenuEntry mnu_Undo{mnu_File, "mnu_Undo", "Undo"};
     MenuEntry mnu_Redo{mnu_File, "mnu_Redo", "Redo"};
@@ -152,6 +160,9 @@ class frm_HomeScreen : public platform::Screen {
     void cmd_Quit_Click();
 
     void mnu_New_Click();
+    /// The linkage that the program starts with, if the user still wants it when he is asked.
+    bool New_Linkage();
+    void mnu_RecentFile_Click(int Index);
     void mnu_pick_Click(int Index);
     void mnu_CalcFFT_Click();
     void mnu_Grashof_Click();
@@ -176,9 +187,14 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_About_Click();
 
    private:
+    std::vector<std::string> recent_;  ///< as the menu shows them
     /// A built-in linkage in inches, calculated, on the input screen.
     void Show_Example(const std::string& entry, void (*example)());
     void Use_Inches();
+    void Name_Keys();
+    void Take_Kept_Size();
+    void Keep_Size();
+    void Show_Recent_Files();
     void Refresh();
     void Show_Linkage();
     void Show_Model();

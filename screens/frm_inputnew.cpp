@@ -18,6 +18,11 @@ frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     cmd_Step.Enabled = false;
     cmd_Done.Enabled = false;
 
+    cmd_PlotPrint.Keys = "Ctrl+P";
+    mnu_Linkage.Keys = "F1";
+    Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
+    hsc_step.KeepsArrows = false;
+
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
     txt_Thetazero.BackColor = Model.ColorYellow;
 
@@ -46,7 +51,7 @@ void frm_Inputnew::Write_Tips() {
     txt_Figure.Tip = "Title of the model, one line";
     chk_autoscale.Tip = "Fit the picture to the linkage";
     hsc_step.Tip = "Position shown, by step of the run";
-    cmd_Step.Tip = "Show the next position";
+    cmd_Step.Tip = "Show the next position; the arrow keys go on and back";
     cmd_Reset.Tip = "Show the first position";
     cmd_Animate.Tip = "Go to the animate screen";
     Picture1.Tip = "The linkage at the present step, and its coupler curve";

@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
+#include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
 
 namespace verlink {
@@ -38,6 +39,7 @@ class frm_Inputnew : public Linkage_Screen {
         mnu_Cognate, "mnu_Cog", {{1, "Cognate 1"}, {2, "Cognate 2"}, {3, "Cognate 3"}}};
     platform::MenuEntry mnu_Cayley{mnu_Cognate, "mnu_Cayley", "Cayley Diagram"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    File_Entries Files{*this, [this] { Settle(); }};
     Edit_Menu edit{*this};
 
     // How the crank is driven.
@@ -133,6 +135,8 @@ class frm_Inputnew : public Linkage_Screen {
     void Take_Speeds();
     /// What has been typed and not been left yet is taken over.
     void Take_Pending();
+    /// The model becomes what leaving the screen would make it.
+    void Settle();
     void After_Change();
     void Invalidate();
     void Disable_Ways_On();

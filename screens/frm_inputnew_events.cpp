@@ -188,6 +188,14 @@ void frm_Inputnew::Take_Pending() {
     txt_Figure_LostFocus();
 }
 
+void frm_Inputnew::Settle() {
+    Take_Typed();
+    txt_Figure_LostFocus();
+    Run_Counts();
+    Refresh_Status();
+    Set_Menus();
+}
+
 void frm_Inputnew::After_Change() {
     if (AutoCalc) return cmd_Calc_Click();
     if (!Model.RunStands) Disable_Ways_On();

@@ -62,6 +62,8 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Print.Keys = "Ctrl+P";
+    OnDrop = [this](const std::string& path) { Drop(path); };
     DefaultButton = &cmd_Solve;
     Serve_Undo(*this, [this] { Show_Model(); });
 }
@@ -115,6 +117,41 @@ void frm_MassProp::Form_Activate() {
         chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
+        Take_Brought_Table();
+    });
+}
+
+void frm_MassProp::Take_Brought_Table() {
+    const std::string path = brought_;
+    if (path.empty()) return;
+    if (Model.TorqueImported) {
+        const bool solvable = cmd_Solve.Enabled;
+        Import_Torque(4, path);
+        if (Model.TorqueImported) {
+            Forces_Dropped();
+            Model_Unsaved();
+            Allow_Results(false);
+            Refresh_Status();
+        } else {
+            Model.TorqueImported = true;
+            chk_Torque.Value = true;
+            cmd_Solve.Enabled = solvable;
+        }
+        Write_Solve_Tip();
+    } else {
+        chk_Torque.Value = true;
+    }
+    brought_.clear();
+}
+
+void frm_MassProp::Drop(const std::string& path) {
+    Guarded("frm_MassProp.Drop", [&] {
+        if (!path.ends_with(".trq") && !path.ends_with(".TRQ")) {
+            platform::Tell("Only a table of torques (.trq) can be taken here.", platform::Icon::kInformation);
+            return;
+        }
+        Bring_Torque(path);
+        Take_Brought_Table();
     });
 }
 
@@ -170,7 +207,7 @@ void frm_MassProp::Take_Torque_Table() {
         cmd_Solve.Enabled = !Model.DiskFile;
         return;
     }
-    Import_Torque(4);
+    Import_Torque(4, brought_);
     if (Model.TorqueImported) return;
     // Nothing came of it: all is as it was.
     chk_Torque.Value = false;

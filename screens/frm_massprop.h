@@ -1,8 +1,12 @@
 // The dynamics screen: mass properties and loads are typed, and the forces of the run are solved.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -69,9 +73,14 @@ class frm_MassProp : public platform::Screen {
     platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+    Help_Key key_Help{*this, "mnu_DynamicsHelp"};
+
+    /// The table of torques of that file is imported as the screen comes up, instead of asking for one.
+    void Bring_Torque(const std::string& path) { brought_ = path; }
 
     void Form_Activate() override;
     void Box_Change();
+    void Drop(const std::string& path);
     void chk_Torque_Click();
     void cmd_Solve_Click();
     void cmd_Matrix_Click();
@@ -90,9 +99,13 @@ class frm_MassProp : public platform::Screen {
     void Show_Model();
     /// What ticking the import does: the table in force, or one from a file; the tick goes where there is none.
     void Take_Torque_Table();
+    /// Imports the table that was brought, in place of one that may be in force; that one stays if it cannot be taken.
+    void Take_Brought_Table();
     void Write_Solve_Tip();
     /// The buttons that need a solution of the data shown.
     void Allow_Results(bool allowed);
+
+    std::string brought_;  ///< the path of a table that the user has dropped; empty for none
 };
 
 }  // namespace verlink

@@ -44,6 +44,7 @@ frm_Matrix::frm_Matrix() : Screen("frm_Matrix") {
     cmd_Back.Tip = "Back to the data";
     cmd_Done.Tip = "Back to the data";
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     cmd_Back.OnClick = [this] { cmd_Back_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };

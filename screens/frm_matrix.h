@@ -5,6 +5,7 @@
 
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -58,6 +59,7 @@ class frm_Matrix : public platform::Screen {
     platform::CommandButton cmd_Back{*this, "cmd_Back", "< &Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+    Help_Key key_Help{*this, "mnu_DynamicsHelp"};
 
     void Form_Activate() override;
     void cmd_Print_Click();

@@ -50,7 +50,7 @@ void frm_PlotSelect1::cmb_Var_DblClick(int slot) {
     // Four functions were counted before: what the slots hold is plotted at once.
     if (!Pick_By_Name(slot) || Model.PlotCount != 4 || Slot(slot).cmb_Com.Text.Get().empty()) return;
     Take_Slot(slot);
-    cmd_Done_Click();
+    Go_On();
 }
 
 void frm_PlotSelect1::cmd_Done_Click() {

@@ -34,6 +34,7 @@ void frm_PlotSelect4::Form_Activate() {
         Slot(1).cmb_Var.Text = "";
         Clear_Labels(*this, 1);
         Forget_Choices();
+        Offer_Last_Selection();
         Slot(1).cmb_Var.SetFocus();
     });
 }

@@ -118,6 +118,7 @@ void frm_PlotType::Bind() {
     cmd_PickPlotDone.OnClick = [this] { cmd_PickPlotDone_Click(); };
     cmd_CancelPickPlot.OnClick = [this] { cmd_CancelPickPlot_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.Keys = "F1";
 }
 
 void frm_PlotType::Form_Activate() {

@@ -21,9 +21,11 @@ frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
     CancelButton = &cmd_Reprint;
 
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.Keys = "F1";
     cmd_Reprint.OnClick = [this] { cmd_Reprint_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_PrintForm.OnClick = [this] { cmd_PrintForm_Click(); };
+    cmd_PrintForm.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
 }
 

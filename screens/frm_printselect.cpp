@@ -46,6 +46,7 @@ void frm_PrintSelect::Form_Activate() {
         cmd_Done.Enabled = false;
         Reload_Lists();
         Show_Step();
+        Offer_Last_Selection();
         const bool by_preset = opt_PrintSet[0].Value;
         Enable_Presets(*this, by_preset);
         Enable_Selection(*this, !by_preset, kFunctions);
@@ -139,6 +140,7 @@ void frm_PrintSelect::To_Disk() {
     CommonDialog1.DialogTitle = "Save the Data";
     CommonDialog1.Filter = "(*.dat)|*.dat";
     CommonDialog1.FileName = Model.ModelName + ".dat";
+    CommonDialog1.Kind = "table";
     CommonDialog1.OverwritePrompt = true;
     CommonDialog1.ShowSave();
     Open_Data_File(CommonDialog1.FileName);

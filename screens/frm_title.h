@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -13,6 +14,7 @@ class frm_Title : public platform::Screen {
     platform::Label lbl_Version{*this, "lbl_Version"};
     platform::CommandButton cmd_Abort{*this, "cmd_Abort", "< &Abort"};
     platform::CommandButton cmd_Start{*this, "cmd_Start", "&Start >"};
+    Help_Key key_Help{*this, "mnu_Manual"};
 
     void Form_Activate() override;
     /// Closing the window asks what `cmd_Abort` asks.

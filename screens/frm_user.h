@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -19,6 +20,7 @@ class frm_User : public platform::Screen {
     platform::TextBox txt_DesignNo{*this, "txt_DesignNo"};
     platform::TextBox txt_Filename{*this, "txt_Filename", "Model1"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
+    Help_Key key_Help{*this, "mnu_Manual"};
 
     void Form_Activate() override;
     /// Before the home screen has been up, closing the window asks whether to quit; later it goes back to it.

@@ -76,6 +76,8 @@ void Function_Screen::Bind(const char* variables) {
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { Go_On(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.Keys = "F1";
+    cmd_Last.OnClick = [this] { cmd_Last_Click(); };
 }
 
 void Function_Screen::Look_Up(platform::ComboBox& box, const char* what,
@@ -96,6 +98,7 @@ bool Function_Screen::Resolve_Slot(int slot) {
 void Function_Screen::Go_On() {
     for (const auto& choice : Choices)
         if (!choice->Settle()) return;
+    Keep_Selection(*this);
     cmd_Done_Click();
 }
 

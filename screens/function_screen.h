@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/screen.h"
+#include "screens/last_selection.h"
 #include "screens/listed_choice.h"
 
 namespace verlink {
@@ -39,6 +40,7 @@ class Function_Screen : public platform::Screen {
     platform::ControlArray<platform::OptionButton> opt_Coord{
         *this, "opt_Coord", {{0, "Global"}, {1, "Local Rotating"}}};
 
+    platform::CommandButton cmd_Last{*this, "cmd_Last", "&Last Selection"};
     platform::CommandButton cmd_Cancel;  ///< under the name that the screen gives it
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::Timer Timer1{*this, "Timer1"};
@@ -51,6 +53,7 @@ class Function_Screen : public platform::Screen {
     virtual void cmd_Cancel_Click();
     virtual void cmd_Done_Click() = 0;
     void mnu_Help_Click();
+    void cmd_Last_Click();
 
    protected:
     Function_Screen(const std::string& name, const std::string& title, int slots, Function_Slot::Parts parts,
@@ -75,6 +78,11 @@ class Function_Screen : public platform::Screen {
     void Forget_Choices();
     std::vector<std::unique_ptr<Listed_Choice>> Choices;  ///< of slot n at 2 n - 2 and 2 n - 1, further boxes behind
 
+    /// `cmd_Last` has something to bring back, or says why not.
+    void Offer_Last_Selection();
+    /// What the way on does, when what is typed into the boxes is settled: the selection is the last one now.
+    void Go_On();
+
     void Take_Coordinates();   ///< `CoordSystem` from the options
     void Reset_Coordinates();  ///< global, and no choice
 
@@ -82,7 +90,7 @@ class Function_Screen : public platform::Screen {
     void Bind(const char* variables);
     void Write_Tips();
     bool Resolve_Slot(int slot);
-    void Go_On();
+    void Choose_Functions(const Selection& last);
 };
 
 /// A function screen with a list of presets: functions are chosen by preset or one by one.

@@ -8,6 +8,8 @@
 #include "core/results.h"
 #include "core/screen_geometry.h"
 #include "dynamics/typed_units.h"
+#include "platform/deed.h"
+#include "platform/guard.h"
 
 namespace verlink {
 
@@ -50,11 +52,42 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
     for (const auto& box : txt_Linkout)
         Reads_As(*box, Model, box->Index() == 5 || box->Index() == 6 ? Quantity::kAngle : Quantity::kLength);
+    key_Before.OnPress = [this] { Step_By(-1); };
+    key_After.OnPress = [this] { Step_By(1); };
 }
 
 void Linkage_Screen::Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes) {
     for (const int limit : {0, 1, 2})
         Reads_As(boxes[limit], Model, [] { return Model.Calctype == 2 ? Quantity::kTime : Quantity::kAngle; });
+}
+
+void Linkage_Screen::Take_Typed() {
+    auto* box = dynamic_cast<platform::TextBox*>(Focus());
+    if (!box) return;
+    box->Leave();
+    if (box->OnLostFocus) platform::Leave_Box(*box, box->OnLostFocus);
+}
+
+void Linkage_Screen::Name_Zoom_Keys(platform::MenuEntry& in, platform::MenuEntry& normal, platform::MenuEntry& out) {
+    in.Keys = "Ctrl++ Ctrl+= +";
+    normal.Keys = "Ctrl+0";
+    out.Keys = "Ctrl+- -";
+}
+
+void Linkage_Screen::Step_By(int steps) {
+    Guarded(Name() + ".Step_By", [&] {
+        auto& step = Get<platform::CommandButton>("cmd_Step");
+        auto& bar = Get<platform::ScrollBar>("hsc_step");
+        if (!step.Enabled) return;
+        const int positions = Model.NSteps + 1;
+        const int wished = (bar.Value() + steps + positions) % positions;
+        Model.CurrentStep = wished;
+        step.Click();
+        // A run that another stage drives is not shown by the button.
+        if (bar.Value() == wished) return;
+        bar.Drag(wished);
+        bar.Drop();
+    });
 }
 
 void Linkage_Screen::Show_Choices() {

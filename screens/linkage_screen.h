@@ -52,6 +52,10 @@ class Linkage_Screen : public platform::Screen {
     platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
         *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
 
+    /// The position before the one shown and the one after it; beyond either end stands the other.
+    platform::Shortcut key_Before{*this, "key_Before", "Left"};
+    platform::Shortcut key_After{*this, "key_After", "Right"};
+
     void opt_Polar_Click(int Index);
     void opt_Shift_Drag_Click(int Index);
     virtual void opt_OpenCross_Click(int Index) = 0;
@@ -74,6 +78,11 @@ class Linkage_Screen : public platform::Screen {
     }
     /// The limits of a run are times or angles, by its type.
     static void Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes);
+    /// What is typed into the box with the focus counts, and the cursor stays in it.
+    void Take_Typed();
+    static void Name_Zoom_Keys(platform::MenuEntry& in, platform::MenuEntry& normal, platform::MenuEntry& out);
+    /// Shows the position so many steps after the one shown.
+    void Step_By(int steps);
     /// The options from the record.
     void Show_Choices();
     /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.

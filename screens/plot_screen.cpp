@@ -20,8 +20,10 @@ Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     cmd_PlotPrint.Tip = "Print this screen";
     cmd_Copy.Tip = "How to copy this screen to the clipboard";
     cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
+    cmd_PlotPrint.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.Keys = "F1";
 }
 
 void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::CommandButton& next) {

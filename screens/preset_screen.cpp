@@ -46,6 +46,7 @@ void Preset_Screen::Start_Selection(int windows) {
     Set_Selection_Mode(*this, SlotCount());
     Clear_Labels(*this, SlotCount());
     Forget_Choices();
+    Offer_Last_Selection();
 }
 
 void Preset_Screen::Take_Slot(int slot) {

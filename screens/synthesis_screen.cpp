@@ -67,8 +67,10 @@ Synthesis_Screen::Synthesis_Screen(const std::string& name, int positions, std::
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.Keys = "F1";
     Label* values[] = {&lbl_Wmag[1], &lbl_Zmag[1], &lbl_Umag[1], &lbl_Smag[1], &lbl_P21mag};
     for (int i = 0; i < 5; ++i) Follow(lbl_Symbol[i], *values[i]);
     Label* angles[] = {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi, &lbl_Alpha2, &lbl_Beta2, &lbl_Gamma2, &lbl_Theta1[1]};

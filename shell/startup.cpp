@@ -18,6 +18,7 @@
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "platform/process.h"
+#include "platform/settings.h"
 #include "shell/history.h"
 #include "shell/initialize.h"
 #include "shell/recovery.h"
@@ -217,6 +218,7 @@ void Leave(const char* why) {
 void Sub_Main(const std::string& command_line) {
     Guarded("Sub_Main", [&command_line] {
         Model.CommandLine = command_line;
+        platform::The_Settings().Open(The_Desktop().Settings_Folder());
         Set_Identity();
         Model.JustStarted = true;
         The_History().Begin();

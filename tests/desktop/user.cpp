@@ -15,6 +15,7 @@
 #include "files/in_hand.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
+#include "platform/settings.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
 #include "shell/history.h"
@@ -68,6 +69,7 @@ DesktopTest::DesktopTest() {
     platform::Use_Desktop(&qt);
     Install_Reporter(Report_Error);
     Reset_Model();
+    platform::The_Settings().Open("");
     platform::Screens::Discard();
     Register_Screens();
     Model_Came();

@@ -154,5 +154,69 @@ TEST_F(ScreenTest, SizeAndCaptionAreWatched) {
     EXPECT_TRUE(screen.Controls().empty());
 }
 
+TEST_F(ScreenTest, KeysDoWhatTheControlThatHasThemDoes) {
+    struct Keyed : Screen {
+        Keyed() : Screen("frm_Keyed") {}
+        platform::TextBox box{*this, "txt_Box"};
+        platform::CommandButton button{*this, "cmd_Print", "&Print"};
+        platform::MenuEntry menu{*this, "mnu_File", "&File"};
+        platform::MenuEntry entry{menu, "mnu_Save", "&Save"};
+        platform::Shortcut shortcut{*this, "key_After", "Right Ctrl++"};
+    } keyed;
+    std::vector<std::string> done;
+    keyed.button.Keys = "Ctrl+P";
+    keyed.entry.Keys = "Ctrl+S";
+    keyed.button.OnClick = [&] { done.emplace_back("print"); };
+    keyed.entry.OnClick = [&] { done.emplace_back("save"); };
+    keyed.shortcut.OnPress = [&] { done.emplace_back("after"); };
+    keyed.box.OnLostFocus = [&] { done.emplace_back("left the box"); };
+    keyed.box.SetFocus();
+    EXPECT_TRUE(keyed.Press_Keys("Ctrl+S"));
+    EXPECT_TRUE(keyed.Press_Keys("Right"));
+    EXPECT_TRUE(keyed.Press_Keys("Ctrl++"));
+    EXPECT_EQ(keyed.Focus(), &keyed.box);
+    EXPECT_TRUE(keyed.Press_Keys("Ctrl+P"));
+    EXPECT_EQ(keyed.Focus(), &keyed.button) << "as by a click";
+    EXPECT_EQ(done, (Events{"save", "after", "after", "left the box", "print"}));
+    EXPECT_FALSE(keyed.Press_Keys("Ctrl+Q"));
+    EXPECT_FALSE(keyed.Press_Keys(""));
+
+    done.clear();
+    keyed.menu.Enabled = false;
+    keyed.button.Enabled = false;
+    keyed.shortcut.Enabled = false;
+    for (const char* keys : {"Ctrl+S", "Ctrl+P", "Right"}) EXPECT_TRUE(keyed.Press_Keys(keys)) << keys;
+    EXPECT_TRUE(done.empty());
+}
+
+TEST_F(ScreenTest, AMenuIsToldBeforeItsEntriesComeIntoSightTheOuterOnesFirst) {
+    Screen screen("frm_Menus");
+    platform::MenuEntry file(screen, "mnu_File", "&File"), recent(file, "mnu_Recent", "&Recent Files");
+    file.OnOpen = [] { events.emplace_back("file"); };
+    recent.OnOpen = [] { events.emplace_back("recent"); };
+    recent.Open();
+    EXPECT_EQ(events, (Events{"file", "recent"}));
+}
+
+TEST_F(ScreenTest, WhatIsAboveAScreenGoesTheLastFirst) {
+    desktop.Expect_Screen("frm_A", [&](Screen& a) {
+        desktop.Expect_Screen("frm_B", [&](Screen&) {
+            desktop.Expect_Screen("frm_C", [&](Screen&) {
+                Screen::Hide_Above(The("frm_B"));
+                EXPECT_FALSE(The("frm_C").Visible());
+                EXPECT_TRUE(The("frm_B").Visible());
+                Screen::Hide_Above(a);
+            });
+            The("frm_C").ShowModal();
+        });
+        The("frm_B").ShowModal();
+        Screen::Hide_Above(The("frm_C"));
+        EXPECT_TRUE(a.Visible()) << "that one is not shown itself";
+        a.Hide();
+    });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_C", "return to frm_A"}));
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -138,7 +138,7 @@ TEST_F(AnimateEdit, AButtonThatIsOffSaysWhy) {
         EXPECT_EQ(form.cmd_Animate.Tip.Get(), "Recalculate first");
         EXPECT_EQ(form.cmd_Done.Tip.Get(), "Recalculate first");
         Press(form, "cmd_Recalc");
-        EXPECT_EQ(form.cmd_Animate.Tip.Get(), "Play the run; Escape stops it");
+        EXPECT_EQ(form.cmd_Animate.Tip.Get(), "Play the run (Space); Escape or Space stops it");
     });
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "files/in_hand.h"
+#include "platform/settings.h"
 #include "screens/register.h"
 #include "shell/recovery.h"
 #include "shell/history.h"
@@ -22,6 +23,7 @@ Fixture::Fixture() {
     folder_ = ::mkdtemp(pattern.data());
     desktop.Documents = folder_;
     Reset_Model();
+    platform::The_Settings().Open("");
     Model_Came();
     platform::Screens::Discard();
     Register_Screens();

@@ -49,6 +49,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::string User = "tester";
     std::string Documents;  ///< set to a fresh folder by `Fixture`
     std::string State;      ///< empty: nothing is kept between runs
+    std::string Settings;   ///< none are kept until a test names a folder
     std::string Program = "/opt/verlink";
     platform::DisplaySize Size{25600, 14400, 1920, 1080};
     long FailPrinting = 0;     ///< a failure for Print_Screen to raise
@@ -72,6 +73,7 @@ class ScriptedDesktop : public platform::Desktop {
     std::string Session_User() override { return User; }
     std::string Documents_Folder() override { return Documents; }
     std::string State_Folder() override { return State; }
+    std::string Settings_Folder() override { return Settings; }
     std::string Program_Folder() override { return Program; }
     std::string Date_Text() override { return "11/21/2026"; }
     std::string Time_Text() override { return "10:15:00"; }

@@ -74,6 +74,8 @@ std::string Call_Of(const Action& a) {
         case Deed::kScreen: return "Click(" + Quoted(a.screen) + ")";
         case Deed::kClose: return "Close(" + Quoted(a.screen) + ")";
         case Deed::kPulse: return "Pulse" + on + ")";
+        case Deed::kKeys: return "Keys" + on + ")";
+        case Deed::kDrop: return "Drop(" + Quoted(a.screen) + ", " + Quoted(a.text) + ")";
     }
     return "";
 }
@@ -151,6 +153,9 @@ Action Double_Picture(std::string screen, std::string picture, int index) {
 Action Click(std::string screen) { return {Deed::kScreen, screen}; }
 Action Close(std::string screen) { return {Deed::kClose, screen}; }
 Action Pulse(std::string screen, std::string timer) { return {Deed::kPulse, screen, timer}; }
+
+Action Keys(std::string screen, std::string shortcut) { return {Deed::kKeys, screen, shortcut}; }
+Action Drop(std::string screen, std::string path) { return {.deed = Deed::kDrop, .screen = screen, .text = path}; }
 
 std::string Words_Of(const Reply& reply) {
     switch (reply.to) {

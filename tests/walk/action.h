@@ -38,6 +38,8 @@ enum class Deed {
     kScreen,  ///< a click on the screen itself
     kClose,   ///< the window is closed
     kPulse,   ///< a timer has run down
+    kKeys,    ///< keys that no button and no entry has
+    kDrop,    ///< a file is dropped on the window: `text` as `Places` writes it
 };
 
 struct Action {
@@ -84,6 +86,8 @@ Action Double_Picture(std::string screen, std::string picture, int index = platf
 Action Click(std::string screen);
 Action Close(std::string screen);
 Action Pulse(std::string screen, std::string timer);
+Action Keys(std::string screen, std::string shortcut);
+Action Drop(std::string screen, std::string path);
 
 /// A reply as it stands behind an action in a test.
 std::string Words_Of(const Reply& reply);

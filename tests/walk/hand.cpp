@@ -156,6 +156,13 @@ bool Possible(const Screen& top, const Action& action) {
         }
         case Deed::kScreen:
         case Deed::kClose: return true;
+        case Deed::kKeys: {
+            const auto* shortcut = top.FindAs<Shortcut>(action.control, action.index);
+            // In a box they would write.
+            const bool writes = dynamic_cast<TextBox*>(top.Focus()) || dynamic_cast<ComboBox*>(top.Focus());
+            return shortcut && shortcut->Enabled && !writes;
+        }
+        case Deed::kDrop: return static_cast<bool>(top.OnDrop);
         case Deed::kPulse: break;
     }
     return false;
@@ -177,7 +184,11 @@ void Do(Screen& top, const Action& action) {
         case Deed::kItem:
         case Deed::kWrite:
         case Deed::kDoubleList: return Use_List(top, action);
-        case Deed::kPick: return test::Pick_Menu(top, action.control, action.index);
+        case Deed::kPick:
+            top.Get<MenuEntry>(action.control, action.index).Open();
+            return test::Pick_Menu(top, action.control, action.index);
+        case Deed::kKeys: return top.Get<Shortcut>(action.control, action.index).Press();
+        case Deed::kDrop: return top.OnDrop(action.text);
         case Deed::kScroll:
         case Deed::kThumb: return Use_Bar(top, action);
         case Deed::kMouse: return Move_Mouse(top.Get<PictureBox>(action.control, action.index), action);

@@ -100,12 +100,16 @@ bool May_Look(const Screen& top, const Action& action) {
     if (action.deed == Deed::kPick) {
         const auto& entry = top.Get<MenuEntry>(name, action.index);
         if (Is_Help_Entry(entry)) return true;
+        // On the screens of a linkage the file menu takes over what is being typed.
+        if (top.Name() != "frm_HomeScreen" && entry.Parent() && entry.Parent()->Name() == "mnu_File") return false;
         for (const char* looking :
              {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas", "mnu_Lobetra", "mnu_Link_Data",
               "mnu_Export_Torque", "mnu_pdx", "mnu_Quit", "mnu_UserName", "mnu_FilePath", "mnu_AppPath",
               "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
             if (name.starts_with(looking)) return true;
     }
+    if (action.deed == Deed::kDrop)
+        return top.Name() == "frm_HomeScreen" && std::ranges::count(Places::Foreign(), action.text) > 0;
     // A table of torques that is not taken leaves its box as it was.
     if (action.deed == Deed::kTick && name == "chk_Torque") return !top.Get<CheckBox>(name).Value && !Model.DiskFile;
     if (action.deed == Deed::kPress)
@@ -175,6 +179,7 @@ Random_User::Choices Random_User::All(Screen& top) {
             if (auto* timer = dynamic_cast<Timer*>(control); timer && Running(*timer))
                 choices.push_back({Pulse(screen->Name(), timer->Name()), 6});
     for (Choice& choice : choices) choice.weight *= Preferred(top, choice.action.control) / Worn(choice.action);
+    if (top.OnDrop) choices.push_back({Drop(top.Name(), Dropped()), 0.5});
     choices.push_back({Return(top.Name()), 0.5});
     if (top.CancelButton) choices.push_back({Escape(top.Name()), 0.3});
     choices.push_back({Close(top.Name()), top.Name() == "frm_HomeScreen" ? 0.05 : 0.4});
@@ -188,6 +193,11 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
     const int index = control.Index();
     if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
         if (In_Reach(*entry)) choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
+        return;
+    }
+    if (dynamic_cast<Shortcut*>(&control)) {
+        // The help of a screen is no step of its work.
+        choices.push_back({Keys(screen, name), name == "key_Help" ? 0.04 : 0.7});
         return;
     }
     auto* visual = dynamic_cast<Visual*>(&control);
@@ -236,6 +246,13 @@ std::string Random_User::Number_Near(const std::string& now) {
     constexpr std::array<double, 8> kFactors = {0.5, 0.8, 0.9, 1.05, 1.1, 1.25, 2, -1};
     value *= kFactors[static_cast<std::size_t>(Below(static_cast<int>(kFactors.size())))];
     return Text_Of(FNRound(value, Below(4) + 1));
+}
+
+/// A file of any kind that is taken, now and then one that is not.
+std::string Random_User::Dropped() {
+    if (Chance(0.15)) return Any(Places::Foreign());
+    const std::string extension = Any<std::string>({".vlk", ".sva", ".out", ".trq"});
+    return Chance(0.15) ? Any(Places::Broken(extension)) : Any(Places::Good(extension));
 }
 
 /// Limits, speed and acceleration, with few steps mostly.

@@ -45,6 +45,7 @@ class Random_User : public User {
     std::string Text_For(const platform::Screen& top, const std::string& box, int index, const std::string& now);
     std::string Number_Near(const std::string& now);
     std::string Limit(int index);
+    std::string Dropped();
     /// Uses of a control so far in this walk.
     double Worn(const Action& action);
 

@@ -140,6 +140,8 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     done_.push_back(action);
     done_.back().replies.clear();
     pending_.Note(top, action);
+    Action here = action;
+    if (here.deed == Deed::kDrop) here.text = places_.Path(here.text);
     // Pressing a button leaves the box that is being typed into, and takes it over; and what a timer does that has yet
     // to run down is not the looking's doing.
     if (action.looks && !look_ && (action.deed == Deed::kPick || !pending_.Any_In_Hand(top)) && !Time_Will_Tell())
@@ -153,7 +155,7 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
         // As a desktop does, under the name of the control.
         const Control* control = top.Find(action.control, action.index);
         const platform::Deed at_work(control ? Deed_Name(*control) : "closing", Kind_Of(action.deed));
-        Guarded(control ? control->ObjectName() : top.Name(), [&] { deed(top, action); });
+        Guarded(control ? control->ObjectName() : top.Name(), [&] { deed(top, here); });
     } catch (const std::exception& thrown) {
         outcome_ = Finding{"thrown", action.screen + "." + action.control, thrown.what()};
         over_ = true;

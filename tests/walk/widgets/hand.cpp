@@ -5,12 +5,15 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QUrl>
 #include <algorithm>
 #include <vector>
 
@@ -101,6 +104,20 @@ void Press_Key(desktop::Form& form, Qt::Key key) {
     QTest::keyClick(focus ? focus : &form, key);
 }
 
+void Press_Sequence(desktop::Form& form, const QAction& keys) {
+    const QKeyCombination key = keys.shortcut()[0];
+    QWidget* focus = form.focusWidget();
+    QTest::keyClick(focus ? focus : &form, key.key(), key.keyboardModifiers());
+}
+
+void Drop_File(desktop::Form& form, const std::string& path) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    QDropEvent drop(QRectF(form.rect()).center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&form, &drop);
+    QCoreApplication::processEvents();
+}
+
 }  // namespace
 
 void Do_On_Widgets(desktop::Form& form, const Action& action) {
@@ -138,6 +155,8 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
         case Deed::kScreen: return QTest::mouseClick(&form, Qt::LeftButton, {}, {3, form.height() - 3});
         case Deed::kClose: form.close(); return;
         case Deed::kPulse: return Wait_For_Pulse(*Timer_Of(action));
+        case Deed::kKeys: return With_Widget<QAction>(form, action, [&](auto& keys) { Press_Sequence(form, keys); });
+        case Deed::kDrop: return Drop_File(form, action.text);
     }
 }
 

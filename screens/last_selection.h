@@ -1,0 +1,25 @@
+// What was chosen last on a selection screen, kept from session to session.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/screen.h"
+
+namespace verlink {
+
+/// By control: the number of the option of an array that is on, and the texts of boxes. A slot is in it when it was
+/// taken over.
+using Selection = std::map<std::string, std::string>;
+
+/// What stands on the screen is its last selection from now on.
+void Keep_Selection(const platform::Screen& screen);
+/// Empty when nothing has been chosen on that screen yet.
+Selection Last_Selection(const platform::Screen& screen);
+
+/// Puts the option of an array on that the selection has, where it can be chosen.
+void Choose_Option_Of(const platform::Screen& screen, const Selection& last, const std::string& options);
+/// Puts a text of the selection into its box, where the screen has one.
+void Fill_Box_Of(const platform::Screen& screen, const Selection& last, const std::string& box);
+
+}  // namespace verlink
