@@ -101,10 +101,14 @@ void Serve_Undo(Screen& screen, std::function<void()> show) {
         history.Follow([](bool) { Show_What_Is_Done(); });
         return true;
     }();
-    With<MenuEntry>(screen, "mnu_Undo", kNoIndex,
-                    [](MenuEntry& entry) { entry.OnClick = [] { The_History().Undo(); }; });
-    With<MenuEntry>(screen, "mnu_Redo", kNoIndex,
-                    [](MenuEntry& entry) { entry.OnClick = [] { The_History().Redo(); }; });
+    With<MenuEntry>(screen, "mnu_Undo", kNoIndex, [](MenuEntry& entry) {
+        entry.OnClick = [] { The_History().Undo(); };
+        entry.Keys = "Ctrl+Z";
+    });
+    With<MenuEntry>(screen, "mnu_Redo", kNoIndex, [](MenuEntry& entry) {
+        entry.OnClick = [] { The_History().Redo(); };
+        entry.Keys = "Ctrl+Shift+Z Ctrl+Y";
+    });
     Show_Everywhere(&screen);
 }
 

@@ -231,8 +231,8 @@ void frm_MassProp::cmd_Solve_Click() {
         if (solve.first) PrintAmatrix(solve.first->A, solve.first->C);
         // The imported table takes its place.
         if (Model.TorqueImported) Model.ExtTorque(4) = 0;
-        for (Boxes* boxes : All_Boxes())
-            for (const auto& box : *boxes) box->Settle();
+        for (platform::Control* control : Controls())
+            if (auto* box = dynamic_cast<platform::TextBox*>(control)) box->Settle();
         Allow_Results(true);
         CancelButton = &cmd_Cancel;
         cmd_Done.SetFocus();
