@@ -288,6 +288,7 @@ class ReadingFaults : public Faults, public testing::WithParamInterface<Reader_O
         Model.Calctype = 1;
         Model.NSteps = 2;
         Put_File(In("good.file"), GetParam().content());
+        Model_Kept();
     }
     ~ReadingFaults() override { platform::Use_Desktop(&desktop); }
 

@@ -289,13 +289,12 @@ TEST_F(FileMenu, OpenAsksAboutUnsavedResultsAndNoGoesOn) {
     EXPECT_EQ(Model.ModelName, "rev9");
 }
 
-TEST_F(FileMenu, OpenDoesNotAskWithoutResultsOrWithSavedOnes) {
+TEST_F(FileMenu, OpenDoesNotAskAboutAModelThatIsNotModifiedCalculatedOrNot) {
+    Model_Kept();
     Run_Dropped();
     desktop.Expect_Open({});
     Menu_Open(home);
     Run_Holds();
-    Model_Saved();
-    Model_Kept();
     desktop.Expect_Open({});
     Menu_Open(home);
     EXPECT_EQ(desktop.Dialogs.size(), 2U);

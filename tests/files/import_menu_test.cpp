@@ -63,6 +63,7 @@ TEST_F(ImportMenu, BothEntriesAreOnBeforeAnythingIsCalculated) {
 
 TEST_F(ImportMenu, CamDataAreAskedForByTheirKindAndTheFileIsNamedWithoutItsFolder) {
     Model.ModelName = "Press";
+    Model_Kept();
     home.Get<MenuEntry>("mnu_New").Enabled = false;
     platform::The_Desktop().Set_Pointer(Pointer::kHourglass);
     const std::string path = Cam_File();
@@ -130,6 +131,7 @@ TEST_F(ImportMenu, ThePanelShowsImportedOnceTheRunIsUp) {
 TEST_F(ImportMenu, ACancelledDialogEndsTheCamImportSilently) {
     Model.FilePath = "before";
     Model.Model5Name = "before.sva";
+    Model_Kept();
     const std::string before = File_Content();
     desktop.Expect_Open({});
     Menu_Lobetra(home);
@@ -153,6 +155,7 @@ TEST_F(ImportMenu, ACancelledDialogIsReportedByTheLinkImport) {
 TEST_F(ImportMenu, YesToSavingBeforeAnImportShowsTheSaveDialogTwice) {
     for (const bool cam : {true, false}) {
         Run_Holds();
+        Model.L2 = cam ? 1.5 : 1.25;
         Model_Unsaved();
         desktop.Expect_Message(kUnsaved, Answer::kYes, Icon::kQuestion, Buttons::kYesNo);
         Expect_Saved_As(In("one.vlk"));
@@ -170,6 +173,7 @@ TEST_F(ImportMenu, YesToSavingBeforeAnImportShowsTheSaveDialogTwice) {
 
 TEST_F(ImportMenu, NoToSavingGoesOnAndASaveThatCameToNothingDoesNot) {
     Run_Holds();
+    Model.L2 = 1.5;
     Model_Unsaved();
     desktop.Expect_Message(kUnsaved, Answer::kNo);
     desktop.Expect_Open({});
@@ -198,6 +202,7 @@ TEST_F(ImportMenu, AFileThatIsNotThereIsReportedAndTheModelKeepsItsOwn) {
     const std::string advice = "\r\n\r\nThere are no files with your chosen name in the selected directory";
     Model.FilePath = In("a.vlk");
     Model.Model5Name = "old.sva";
+    Model_Kept();
     desktop.Expect_Open(In("none.sva"));
     const auto matter = [](const std::string& path) {
         return "\r\n\r\n" + path + "\rcannot be read: there is no such file.";
@@ -219,6 +224,7 @@ TEST_F(ImportMenu, ARefusedFileLeavesTheModelItsPathAndItsSaving) {
     Have_Results();
     Model.FilePath = In("model.vlk");
     Model.Model5Name = "old.sva";
+    Model_Kept();
     Model_Saved();
     Model_Kept();
     Set_Menus();

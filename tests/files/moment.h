@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/screen.h"
+#include "screens/edit_menu.h"
 #include "tests/walk/record.h"
 
 namespace verlink::test {
@@ -16,6 +17,8 @@ namespace verlink::test {
 class Moment {
    public:
     Moment() : record_(Words()), table_(std::make_unique<RunResults>(Model.RunTable)) {
+        // A test may have changed the record behind the screens' back.
+        Show_What_Is_Done();
         for (const char* name : kScreens)
             if (const platform::Screen* screen = platform::Screens::Find(name)) screens_[name] = Words_Of(*screen);
     }

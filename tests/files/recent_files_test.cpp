@@ -5,6 +5,7 @@
 
 #include "files/drive_import.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "platform/settings.h"
 #include "tests/files/model_files.h"
 
@@ -22,7 +23,7 @@ class RecentFiles : public ModelFiles {
         The_Settings().Open(Path("config"));
         Take_Full_Turn();
         Run_Holds();
-        Model_Saved();
+        Model_Kept();
     }
     platform::Screen& Home() { return Screens::Get("frm_HomeScreen"); }
     std::string Made(const std::string& name) {
@@ -43,7 +44,6 @@ TEST_F(RecentFiles, WhatWasOpenedOrSavedStandsFirstAndOnce) {
     const std::string a = Made("a.vlk"), b = Made("b.vlk");
     EXPECT_FALSE(Any_Recent());
     for (const std::string& path : {a, b, a}) {
-        Model_Saved();
         desktop.Expect_Open(path);
         Expect_Read(path);
         Menu_Open(Home());
@@ -57,7 +57,7 @@ TEST_F(RecentFiles, WhatWasOpenedOrSavedStandsFirstAndOnce) {
 TEST_F(RecentFiles, AFileThatWasRefusedOrIsNoModelIsNone) {
     Put_File(Path("foreign.vlk"), "something else");
     desktop.Expect_Open(Path("foreign.vlk"));
-    desktop.Expect_Message_With("");
+    desktop.Expect_Message_With("This data file is not compatible");
     Menu_Open(Home());
     Model_Unsaved();
     desktop.Expect_Save(Path("motion.out"));

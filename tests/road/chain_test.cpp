@@ -192,7 +192,8 @@ TEST_F(Chain, MotionGoesForwardAndTorqueGoesBack) {
                             "\rThis file can be imported to program Verlink or Corvex\r"
                             "and used as input data to drive the next stage of a multibar linkage.",
                         Answer::kOk, Icon::kInformation)
-        // The second stage, driven by it, and its torque.
+        // The second stage, driven by it, and its torque. The motion that was exported is not the model.
+        .Expect_Message("The current data has not been saved.  Do you want to save it before resetting?", Answer::kNo)
         .Expect_Open(out)
         .Expect_Message("File " + out + " of Linkage output data successfully read.")
         .Expect_Screen("frm_Inputnew", Enter_Second_Stage)

@@ -38,6 +38,7 @@ struct Writer {
     const char* name;
     const char* old;
     void (*write)(const std::string& path);
+    bool reads_first = false;
 };
 
 Screen& Home() { return Screens::Get("frm_HomeScreen"); }
@@ -75,7 +76,8 @@ constexpr Writer kWriters[] = {
      [](const std::string& path) {
          Model.RunMarker = path;
          Terminate();
-     }},
+     },
+     true},
 };
 
 class Writers : public Fixture, public testing::WithParamInterface<Writer> {
@@ -105,7 +107,8 @@ TEST_P(Writers, LeaveTheOldFileOrTheNewOneWholeAndTellWhicheverCallFails) {
     const int calls = Expect_Whole_Whatever_Fails({.path = path,
                                                    .old = GetParam().old,
                                                    .write = [&] { GetParam().write(path); },
-                                                   .told = [&] { return std::exchange(recording.Told, {}); }});
+                                                   .told = [&] { return std::exchange(recording.Told, {}); },
+                                                   .reads_first = GetParam().reads_first});
     EXPECT_GE(calls, 10);
 }
 

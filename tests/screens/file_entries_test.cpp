@@ -8,6 +8,7 @@
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
 #include "files/exports.h"
+#include "files/in_hand.h"
 #include "files/recent_files.h"
 #include "platform/file_system.h"
 #include "platform/settings.h"
@@ -70,6 +71,7 @@ class FilesTest : public ModelFiles {
         Take_Full_Turn();
         Run_Holds();
         Model_Saved();
+        Model_Kept();
         Set_Menus();
     }
     /// A model with that crank in a file of its own.
@@ -135,7 +137,7 @@ TEST_F(FilesTest, ADroppedFileThatIsNoModelLeavesTheOneInHand) {
     Put_File(Path("notes.txt"), "a shopping list");
     At_Home([&] {
         Take_Saved_Run();
-        desktop.Expect_Message_With("");
+        desktop.Expect_Message_With("This data file is not compatible");
         home.OnDrop(Path("notes.txt"));
         EXPECT_TRUE(Model.Calculated);
         EXPECT_TRUE(Model.SavedFlag);
@@ -256,8 +258,7 @@ TEST_F(FilesTest, WhatWasTypedIsInTheModelThatTheQuestionSaves) {
 TEST_F(FilesTest, AFileThatIsRefusedLeavesTheUserWhereHeIs) {
     Put_File(Path("notes.txt"), "a shopping list");
     On_Input([&] {
-        desktop.Expect_Message(kUnsaved, Answer::kNo);
-        desktop.Expect_Message_With("");
+        desktop.Expect_Message_With("This data file is not compatible");
         input.OnDrop(Path("notes.txt"));
         EXPECT_EQ(Screen::Active(), &input);
         EXPECT_TRUE(Model.RunStands);
@@ -268,7 +269,6 @@ TEST_F(FilesTest, FromTheAnimateScreenAModelLeadsToTheInputScreenAndBackHome) {
     const std::string a = Model_File("a.vlk", 1.25);
     On_Input([&] {
         desktop.Expect_Screen("frm_Animate", [&](Screen& animate) {
-            desktop.Expect_Message(kUnsaved, Answer::kNo);
             Expect_Model(a, 1.25);
             animate.OnDrop(a);
             EXPECT_FALSE(animate.Visible());
@@ -334,6 +334,7 @@ TEST_F(FilesTest, NewOnTheInputScreenBeginsThereAnew) {
 
 TEST_F(FilesTest, QuitOnTheInputScreenAsksAsAtHome) {
     On_Input([&] {
+        Enter(input, "txt_Linkout", 1, "1.4");
         desktop.Expect_Save(std::nullopt);
         desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
         EXPECT_TRUE(input.Press_Keys("Ctrl+Q"));

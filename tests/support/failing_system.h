@@ -57,6 +57,7 @@ struct Writing {
     std::string old;                                 ///< what it holds before
     std::function<void()> write;                     ///< what the user does
     std::function<std::vector<std::string>()> told;  ///< what the user was told meanwhile, and is not told again
+    bool reads_first = false;                        ///< looks at the old file, and writes whether it could or not
 };
 
 /// Does it over and over, with another call failing each time, until none is left. Each time the file is the old one
