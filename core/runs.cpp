@@ -39,9 +39,9 @@ void Begin_Run(Integer& Result) {
     Result = kRetrying;
 }
 
-/// The run holds, unless it was ended by the user or closes nowhere.
+/// The run holds, unless it was ended by the user or closes nowhere: lengths that only just reach, stretched, do not.
 void End_Run(const Integer& Result) {
-    if (Result == kAborted) return;
+    if (Result == kAborted || Model.Grashof_Code == "NL") return;
     for (int step = 0; step <= Model.NSteps; ++step)
         if (Model.RunTable.Assembled(step)) return Run_Holds();
 }

@@ -123,5 +123,86 @@ TEST(WalkFound, AGroundOfManyTurnsIsSavedAsItIs) {
     });
 }
 
+TEST(WalkFound, ALinkageBeyondAllSenseHasNoScaleAndIsTold) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Tick("frm_Animate", "chk_Showlinks"),
+        Tick("frm_Animate", "chk_Showlinks"),
+        Tick("frm_Animate", "chk_Showlinks"),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.039, 0.706, 1, 1),
+        Press("frm_Animate", "cmd_Done"),
+        Pick("frm_HomeScreen", "mnu_Unspec"),
+        Type("frm_Synth3", "txt_P31y", kNoIndex, "1e38"),
+        Type("frm_Synth3", "txt_Beta3", kNoIndex, "-90"),
+        Press("frm_Synth3", "cmd_Calc"),
+        Close("frm_Synth3"),
+        Press("frm_HomeScreen", "cmd_Input"),
+    });
+}
+
+TEST(WalkFound, AFunctionThatIsTypedIsTransformedAsItsScreenIsLeft) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Hoekens"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Press("frm_Animate", "cmd_Done"),
+        Pick("frm_HomeScreen", "mnu_CalcFFT"),
+        Item("frm_FFT", "cmb_Var1", kNoIndex, 14),
+        Write("frm_FFT", "cmb_Var1", kNoIndex, "Omega4"),
+        Press("frm_FFT", "cmd_Done"),
+    });
+}
+
+TEST(WalkFound, LinksOfVeryUnequalLengthsAreSavedAsFarAsSevenDigitsTell) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Open").Opens("<fixtures>/rev7_format2.vlk"),
+        Option("frm_Inputnew", "opt_OpenCross", 0),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Saveas").Saves("<folder>/other.vlk"),
+        Pick("frm_HomeScreen", "mnu_pick", 5),
+        Option("frm_Inputnew", "opt_Modulo", 0),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Twopos1"),
+        Type("frm_Synth2A", "txt_Sigma", kNoIndex, "62.5"),
+        Type("frm_Synth2A", "txt_P21x", kNoIndex, "0.5"),
+        Type("frm_Synth2A", "txt_Theta", kNoIndex, "25.4"),
+        Type("frm_Synth2A", "txt_P21y", kNoIndex, "1.6"),
+        Type("frm_Synth2A", "txt_Alpha2", kNoIndex, "200"),
+        Press("frm_Synth2A", "cmd_Calc"),
+        Press("frm_Synth2A", "cmd_Done"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Pick("frm_HomeScreen", "mnu_Open")
+            .Says(platform::Answer::kYes)
+            .Saves("<folder>/mine.vlk")
+            .Opens("<folder>/mine.vlk"),
+        Pick("frm_Inputnew", "mnu_Cog", 2),
+        Press("frm_Inputnew", "cmd_Calc"),
+        Close("frm_Inputnew"),
+        Pick("frm_HomeScreen", "mnu_Link_Data_Import").Opens("<folder>/drive.out"),
+        Type("frm_Inputnew", "txt_Linkout", 3, "6.006"),
+        Press("frm_Inputnew", "cmd_Reset"),
+        Option("frm_Inputnew", "opt_OpenCross", 1),
+        Type("frm_Inputnew", "txt_Linkout", 3, "-12.02"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Spec"),
+        Press("frm_Synth3", "cmd_Calc"),
+        Press("frm_Synth3", "cmd_Done"),
+        Press("frm_Inputnew", "cmd_Step"),
+        Thumb("frm_Inputnew", "hsc_step", kNoIndex, 0),
+    });
+}
+
+TEST(WalkFound, LengthsThatOnlyJustReachGiveADrivenRunNoResults) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Lobetra").Opens("<folder>/cam_mm.sva"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Type("frm_Animate", "txt_Linkout", 1, "1"),
+        Option("frm_Animate", "opt_Polar", 1),
+        Type("frm_Animate", "txt_Linkout", 0, "0"),
+        Type("frm_Animate", "txt_Linkout", 2, "2"),
+        Press("frm_Animate", "cmd_Recalc"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -45,8 +45,11 @@ bool Open_Afresh(const std::string& content) {
 }
 
 /// The same motion, as far as seven digits of the data tell it: positions near a toggle are left out, where a length's
-/// last digit moves the linkage far.
+/// last digit moves the linkage far, and linkages with a link so short that it does anywhere.
 std::string Parted(const LinkageModel& before) {
+    const auto [shortest, longest] =
+        std::minmax({double{before.L1}, double{before.L2}, double{before.L3}, double{before.L4}});
+    if (shortest < 1e-3 * longest) return "";
     const double size = before.L1 + before.L2 + before.L3 + before.L4 + before.Rpa;
     for (int step = 0; step <= before.NSteps && step <= kLastStep; ++step) {
         if (!before.RunTable.Assembled(step) || !Model.RunTable.Assembled(step)) continue;

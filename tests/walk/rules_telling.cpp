@@ -57,6 +57,8 @@ constexpr Known_Failure kKnown[] = {
     {11, "Calculate"},
     // Links 2 to 4 that are all 0 have no cognates.
     {11, "Cayley"},
+    // A linkage without extent, or beyond all sense, has no scale to be drawn in.
+    {5, "Animate_Setup"},
     // A torque of more than ten pulses of a sign has no room in the table of pulses.
     {9, "Flywheel"},
     // A mass that is typed beside a product of 0 makes the radius 0, at which no product has a mass.

@@ -294,7 +294,9 @@ void Walker::Check_Trials(Screen& top) {
 }
 
 void Walker::Note_Transform(const Screen& top) {
-    if (top.Name() == "frm_FFT" && Model.FFTDone) transformed_ = Transformed{Model};
+    // Leaving a box of the screen by its way out transforms and leaves at once.
+    const bool there = top.Name() == "frm_FFT" || (!done_.empty() && done_.back().screen == "frm_FFT");
+    if (there && Model.FFTDone) transformed_ = Transformed{Model};
 }
 
 /// Having looked, the user finds record, table, flags and boxes as before.
