@@ -182,6 +182,7 @@ bool History::Is_Other(const std::string& counts) const {
 }
 
 void History::Done(const std::string& what, bool goes_on) {
+    if (going_) return;
     std::string counts = What_Counts();
     const bool other = Is_Other(counts);
     if (other) {
@@ -203,6 +204,7 @@ void History::Done(const std::string& what, bool goes_on) {
 }
 
 void History::By_Itself() {
+    if (going_) return;
     const std::string before = std::exchange(counts_, What_Counts());
     Model_Follows(before);
     present_ = Take();
@@ -283,6 +285,22 @@ void History::Settle_Flags(const Moment& moment) {
     if (!model_.InputScreenOpen) Run_Counts();
 }
 
+namespace {
+
+/// Set for its life.
+class Going {
+   public:
+    explicit Going(bool& going) : going_(going) { going_ = true; }
+    ~Going() { going_ = false; }
+    Going(const Going&) = delete;
+    Going& operator=(const Going&) = delete;
+
+   private:
+    bool& going_;
+};
+
+}  // namespace
+
 void History::Go(std::vector<Step>& from, std::vector<Step>& to) {
     const Step step = std::move(from.back());
     from.pop_back();
@@ -290,6 +308,7 @@ void History::Go(std::vector<Step>& from, std::vector<Step>& to) {
     typed_.clear();
     taken_back_.clear();
     drag_has_step_ = false;
+    const Going going(going_);
     Put(*step.moment);
     Settle_Flags(*step.moment);
     if (const Screen* top = Screen::Active(); top && Serves(*top)) {
@@ -357,6 +376,7 @@ void History::Redo() {
     if (Last_Taken_Back()) {
         const Typed again = taken_back_.back();
         taken_back_.pop_back();
+        again.box->SetFocus();
         typed_.push_back({again.box, again.screen, again.box->Text});
         again.box->Type(again.text);
     } else if (!redo_.empty()) {

@@ -92,6 +92,7 @@ class History {
     std::vector<Step> undo_, redo_;  ///< the next one last
     std::vector<Typed> typed_, taken_back_;
     bool drag_has_step_ = false;
+    bool going_ = false;  ///< to another step: what happens on the way, as a focus that moves, is nobody's deed
     std::map<std::string, std::function<void()>> show_;  ///< by screen
     std::vector<std::function<void(Turn)>> listeners_;
     std::vector<std::function<void(bool)>> followers_;

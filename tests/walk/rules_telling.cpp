@@ -59,6 +59,7 @@ constexpr Known_Failure kKnown[] = {
     {11, "Cayley"},
     // A linkage without extent, or beyond all sense, has no scale to be drawn in.
     {5, "Animate_Setup"},
+    {5, "DrawCayley"},
     // A torque of more than ten pulses of a sign has no room in the table of pulses.
     {9, "Flywheel"},
     // A mass that is typed beside a product of 0 makes the radius 0, at which no product has a mass.

@@ -39,11 +39,12 @@ Difference Results_Differ(const Standing& before) {
     return difference;
 }
 
-/// Except: on the input screen a run that is shown waits for the user's next action to count, and nowhere else. A save
+/// Except: on the input screen a run that is shown waits for the user's next action to count, and nowhere else; the
+/// action that was undone may have been that one. A save
 /// is not undone, and names the model. Which step is shown goes by the screen.
 Found Differs(const Standing& before, const std::string& what, const std::string& done) {
     std::set<std::string> other = {"CurrentStep", "RedrawFlag"};
-    if (before.on_input != Model.InputScreenOpen) other.insert("Calculated");
+    if (before.on_input != Model.InputScreenOpen || (before.on_input && Model.RunStands)) other.insert("Calculated");
     if (before.times_kept != before.document->times_kept) other.insert({"FilePath", "ModelName", "SavedFlag"});
     Words then = before.record;
     std::erase_if(then, [&](const auto& word) { return other.contains(word.first); });

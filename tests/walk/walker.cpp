@@ -299,6 +299,23 @@ void Walker::Note_Transform(const Screen& top) {
     if (there && Model.FFTDone) transformed_ = Transformed{Model};
 }
 
+namespace {
+
+/// A text that is read as its menu opens, and refused, is not among what was typed and can be undone.
+Words But_For_Undo(Words words, const Screen& top) {
+    const bool refused = std::ranges::any_of(top.Controls(), [](const Control* control) {
+        const auto* box = dynamic_cast<const TextBox*>(control);
+        return box && box->Refused();
+    });
+    if (refused)
+        std::erase_if(words, [](const auto& word) {
+            return word.first.starts_with("mnu_Undo") || word.first.starts_with("mnu_Redo");
+        });
+    return words;
+}
+
+}  // namespace
+
 /// Having looked, the user finds record, table, flags and boxes as before.
 /// Except: the zeros at the end of a number in a box.
 void Walker::End_Look(Screen& top) {
@@ -314,7 +331,7 @@ void Walker::End_Look(Screen& top) {
             what = "table";
         }
         if (!difference.Any()) {
-            difference = Compare(look.boxes, Screen_Words(top));
+            difference = Compare(But_For_Undo(look.boxes, top), But_For_Undo(Screen_Words(top), top));
             what = "screen";
         }
         if (!difference.Any()) return {};
