@@ -1,8 +1,8 @@
 // Files that are no model, or a broken one: a report, never a crash, and a program that goes on.
 #include <random>
 
-#include "platform/guard.h"
 #include "files/in_hand.h"
+#include "platform/guard.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
 

@@ -141,7 +141,8 @@ int Expect_Whole_Whatever_Fails(const Writing& writing) {
         const std::vector<std::string> told = writing.told();
         if (failed.empty()) return which - 1;
         SCOPED_TRACE(failed);
-        // Of a file that was only read it does not matter whether it could be closed, or where one is but looked at, read.
+        // Of a file that was only read it does not matter whether it could be closed, or where one is but looked at,
+        // read.
         const bool only_read = (failed == "Close" && !writing_begun) || (writing.reads_first && !looked_at);
         const bool lost = !Is_Optional(failed) && !only_read && (!replaced || failed == "Flush");
         EXPECT_EQ(Names_File_And_Reason(told, writing.path), lost);

@@ -8,8 +8,8 @@
 #include "files/in_hand.h"
 #include "platform/settings.h"
 #include "screens/register.h"
-#include "shell/recovery.h"
 #include "shell/history.h"
+#include "shell/recovery.h"
 
 namespace verlink::test {
 
