@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -280,8 +281,21 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
     return combo;
 }
 
+/// The arrow keys move the thumb to where they point; the toolkit's own has them the other way round.
+class Bar : public QScrollBar {
+   public:
+    explicit Bar(QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {}
+
+   protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) return QScrollBar::keyPressEvent(event);
+        const bool up = (event->key() == Qt::Key_Right) != invertedAppearance();
+        triggerAction(up ? SliderSingleStepAdd : SliderSingleStepSub);
+    }
+};
+
 QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
-    auto* bar = new QScrollBar(Qt::Horizontal, parent);
+    auto* bar = new Bar(parent);
     bar->setFocusPolicy(Qt::StrongFocus);
     bind(form, control, bar, [bar, &control] {
         const QSignalBlocker quiet(bar);

@@ -290,7 +290,8 @@ void Form::act(const std::function<void(const std::string&)>& deed, const std::s
 void Form::showCaption() {
     QString caption = toQt(screen_.Caption());
     while (caption.endsWith(u' ')) caption.chop(1);
-    if (Tells_Of_The_Model(screen_)) caption = toQt(Name_In_Hand()) + QStringLiteral(" - ") + caption;
+    const QString model = toQt(Name_In_Hand());
+    if (!model.isEmpty() && Tells_Of_The_Model(screen_)) caption = model + QStringLiteral(" - ") + caption;
     if (windowTitle() != caption) setWindowTitle(caption);
 }
 
@@ -317,32 +318,36 @@ bool Form::undoes(QKeyEvent* event, QWidget* at) {
 
 void Form::applyShape() {
     showCaption();
-    const double twips = twipsPerPixel();
-    const QRect display = availableDisplay();
     const bool size_changed = screen_.Width() != width_ || screen_.Height() != height_;
     const bool place_changed = screen_.Left() != left_ || screen_.Top() != top_;
-    if (!size_changed && !place_changed) return;
-    if (isMaximized()) showNormal();
-
-    const QSize wish(qRound(screen_.Width() / twips), qRound(screen_.Height() / twips));
-    const QSize most(display.width(), display.height() - kDecoration / 2);
-    QSize least = minimumSizeHint();
-    // What scrolls for want of room gets all the room there is.
-    if (centralWidget() != room_) least = least.expandedTo(room_->minimumSizeHint()).boundedTo(most);
-    const bool kept = !placed_ && takeKeptPlace(*this, least);
-    placed_ = placed_ || kept;
-    if (!kept) {
-        if (size_changed) resize(wish.boundedTo(most).expandedTo(least));
-        // Where the layout needs more than the wish, the window grows to both sides.
-        const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
-        const int y = display.top() + qRound(screen_.Top() / twips);
-        move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
-             std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
+    if (size_changed || (place_changed && !at_kept_place_)) {
+        if (isMaximized()) showNormal();
+        takePlace(size_changed);
     }
     width_ = screen_.Width();
     height_ = screen_.Height();
     left_ = screen_.Left();
     top_ = screen_.Top();
+}
+
+/// Where it was kept once, and else as the program wishes.
+void Form::takePlace(bool size_changed) {
+    const double twips = twipsPerPixel();
+    const QRect display = availableDisplay();
+    const QSize wish(qRound(screen_.Width() / twips), qRound(screen_.Height() / twips));
+    const QSize most(display.width(), display.height() - kDecoration / 2);
+    QSize least = minimumSizeHint();
+    // What scrolls for want of room gets all the room there is.
+    if (centralWidget() != room_) least = least.expandedTo(room_->minimumSizeHint()).boundedTo(most);
+    at_kept_place_ = !placed_ && takeKeptPlace(*this, least);
+    placed_ = placed_ || at_kept_place_;
+    if (at_kept_place_) return;
+    if (size_changed) resize(wish.boundedTo(most).expandedTo(least));
+    // Where the layout needs more than the wish, the window grows to both sides.
+    const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
+    const int y = display.top() + qRound(screen_.Top() / twips);
+    move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
+         std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
 }
 
 void Form::watch(QWidget* widget, Visual& control) {

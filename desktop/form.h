@@ -95,6 +95,7 @@ class Form : public QMainWindow {
     void nameTheNameless();
     void tellApart();
     bool onlyTells() const;
+    void takePlace(bool size_changed);
     bool undoes(QKeyEvent* event, QWidget* at);
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
@@ -111,7 +112,8 @@ class Form : public QMainWindow {
     QWidget* walked_to_ = nullptr;  ///< has the focus, by the tab key
     bool mouse_focus_ = false;      ///< the focus is coming by a press of the mouse
     bool closing_ = false;
-    bool placed_ = false;                                   ///< where it stood in the last session has been taken over
+    bool at_kept_place_ = false;  ///< it stands there still: until the program wishes for another size
+    bool placed_ = false;         ///< where it stood in the last session has been taken over
     long left_ = -1, top_ = -1, width_ = -1, height_ = -1;  ///< the wish last applied
 };
 

@@ -2,6 +2,7 @@
 #include "desktop/menu_keys.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
@@ -26,7 +27,40 @@ QList<QAction*> MenuKeys::named(const QKeySequence& letter) const {
     return all;
 }
 
+/// Keys that the screen may have as well.
+bool MenuKeys::walks(const QKeyEvent& press) const {
+    const int key = press.key();
+    return bar_.hasFocus() && (key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up ||
+                               key == Qt::Key_Down || key == Qt::Key_Space);
+}
+
+/// By itself the alt key closes an open menu as it goes down, and the letter would then open the first menu again. Here
+/// it does so as it comes up, if no letter has come.
+bool MenuKeys::awaitsLetter(QObject& menu, const QKeyEvent& key) {
+    const bool down = key.type() == QEvent::KeyPress;
+    if (key.key() != Qt::Key_Alt) {
+        if (down) alt_waits_ = false;
+        return false;
+    }
+    if (alt_late_) return false;
+    if (!down && alt_waits_) {
+        QKeyEvent late(QEvent::KeyPress, Qt::Key_Alt, Qt::AltModifier);
+        alt_late_ = true;
+        QCoreApplication::sendEvent(&menu, &late);
+        alt_late_ = false;
+    }
+    alt_waits_ = down;
+    return down;
+}
+
 bool MenuKeys::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && object == &bar_ && walks(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && object != &bar_ &&
+        awaitsLetter(*object, *static_cast<QKeyEvent*>(event)))
+        return true;
     QKeySequence letter;
     if (event->type() == QEvent::Shortcut && object == &bar_)
         letter = static_cast<QShortcutEvent*>(event)->key();

@@ -54,6 +54,10 @@ class Deaf : public QObject {
             case QEvent::KeyPress:
                 if (stops(*static_cast<QKeyEvent*>(event))) stopped_ = true;
                 return true;
+            case QEvent::ShortcutOverride:
+                // Else it would come as the shortcut of what it starts.
+                if (keys_.contains(QKeySequence(static_cast<QKeyEvent*>(event)->keyCombination()))) event->accept();
+                return true;
             case QEvent::Shortcut:
                 if (button_ && object == button_ && button_->isEnabled()) stopped_ = click_ = true;
                 return true;
@@ -63,7 +67,6 @@ class Deaf : public QObject {
             case QEvent::MouseButtonRelease:
             case QEvent::Wheel:
             case QEvent::KeyRelease:
-            case QEvent::ShortcutOverride:
             case QEvent::ContextMenu:
             case QEvent::TouchBegin:
             case QEvent::TouchUpdate:

@@ -59,6 +59,7 @@ void Function_Screen::Write_Tips() {
     opt_Coord[1].Tip = "Vectors in the frame that turns with a link";
     cmd_Cancel.Tip = "Go back";
     cmd_Done.Tip = "Go on with the functions chosen";
+    Offer_Last_Selection();
 }
 
 void Function_Screen::Bind(const char* variables) {

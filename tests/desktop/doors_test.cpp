@@ -113,6 +113,9 @@ TEST_F(DoorsTest, A_recalculation_pending_leaves_no_results_through_help_and_the
         window.close();
     });
     Then("frm_Help", [](QWidget& window) { Click(window, "cmd_Close"); });
+    // What was typed is a model that was changed, calculated or not.
+    ThenFile(Path("pending.vlk"));
+    ThenMessage("File was successfully written to \n" + Path("pending.vlk"), QStringLiteral("OK"));
     ThenQuit();
     Sub_Main("");
 }
