@@ -102,7 +102,7 @@ void frm_Balance::Bind() {
 }
 
 void frm_Balance::Form_Activate() {
-    Guarded("frm_Balance.Activate", [this] {
+    const bool ended = Guarded("frm_Balance.Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Put_Colors();
         Titlebox(*this);
@@ -116,6 +116,7 @@ void frm_Balance::Form_Activate() {
         cmd_back.Enabled = true;
         cmd_Calc.SetFocus();
     });
+    if (!ended) Show_Weights();
 }
 
 void frm_Balance::Set_Up() {

@@ -204,5 +204,29 @@ TEST(WalkFound, LengthsThatOnlyJustReachGiveADrivenRunNoResults) {
     });
 }
 
+TEST(WalkFound, MassesThatNoBalanceCanBeFoundForLeaveTheWeightsThatAreInForce) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_pick", 3),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Press("frm_Animate", "cmd_Done"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Type("frm_MassProp", "txt_DistCG", 3, "1e38"),
+        Press("frm_MassProp", "cmd_Solve"),
+        Close("frm_MassProp"),
+        Press("frm_HomeScreen", "cmd_Balance"),
+    });
+}
+
+TEST(WalkFound, ATextThatIsDoneAgainWaitsInItsBoxWithTheCursor) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Type("frm_Animate", "txt_Linkout", 15, "1"),
+        Pick("frm_Animate", "mnu_Undo"),
+        Tick("frm_Animate", "chk_Showlinks"),
+        Pick("frm_Animate", "mnu_Redo"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
