@@ -106,6 +106,8 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_General{mnu_HelpHeader, "mnu_General", "General"};
     MenuEntry mnu_Manual{mnu_General, "mnu_Manual", "User Manual"};
     MenuEntry mnu_Video1{mnu_General, "mnu_Video1", "Video Tutorial"};
+    MenuEntry mnu_HelpBar1{mnu_HelpHeader, "mnu_HelpBar1", ""};
+    MenuEntry mnu_FilesHelp{mnu_HelpHeader, "mnu_FilesHelp", "Files and Undoing"};
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};

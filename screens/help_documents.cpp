@@ -24,6 +24,7 @@ constexpr std::pair<const char*, const char*> kDocuments[] = {
     {"mnu_SynthHelp", "helpfiles/verlink/synthesis_help.pdf"},
     {"mnu_Linkdata", "helpfiles/verlink/linkage_data_help.pdf"},
     {"mnu_Video1", "helpfiles/verlink/tutorial.webm"},
+    {"mnu_FilesHelp", "helpfiles/general/files_and_undoing.pdf"},
 };
 
 }  // namespace

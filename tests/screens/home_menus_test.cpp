@@ -72,7 +72,7 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "Help\n  Copying to Clipboard\n  Menu Items\n    File\n      General\n      Import\n      Export\n"
         "    Units\n    Examples\n    Cognates\n    Synthesis\n    FFT\n"
         "  Buttons\n    Input\n      Linkage Data\n      Calculation\n    Animate\n    Plot\n    Print\n"
-        "    Dynamics\n    Balance\n  General\n    User Manual\n    Video Tutorial\n"
+        "    Dynamics\n    Balance\n  General\n    User Manual\n    Video Tutorial\n  \n  Files and Undoing\n"
         "&About\n  &About Verlink\n");
 }
 
