@@ -213,8 +213,12 @@ TEST_F(KeysTest, Zoom_has_its_keys) {
         const double first = Model.ZoomFactor;
         Key(window, Qt::Key_Plus, Qt::ControlModifier);
         EXPECT_NEAR(Model.ZoomFactor, first / 1.1, 1e-6);
-        Key(window, Qt::Key_Plus, Qt::ShiftModifier);
+        // Which sign a key gives with Shift is known to the display alone, and the one of the tests has no keyboard.
+        Key(window, Qt::Key_Plus);
         EXPECT_NEAR(Model.ZoomFactor, first / 1.21, 1e-6);
+        Key(window, Qt::Key_Equal, Qt::ControlModifier);
+        EXPECT_NEAR(Model.ZoomFactor, first / 1.331, 1e-6);
+        Key(window, Qt::Key_Minus);
         Key(window, Qt::Key_Minus);
         Key(window, Qt::Key_Minus, Qt::KeypadModifier);
         Key(window, Qt::Key_Minus, Qt::ControlModifier);
