@@ -229,7 +229,7 @@ TEST_F(SmallScreensTest, EveryHelpEntryOpensItsDocument) {
         });
         entry->Click();
     }
-    EXPECT_EQ(entries, 18);
+    EXPECT_EQ(entries, 19);
 }
 
 TEST_F(SmallScreensTest, DocumentsOfTheManualLieWhereTheyWereSettled) {
