@@ -1,6 +1,7 @@
 // The input screen: what happens when a box is left, a choice is made, a button is pressed.
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <string>
 
 #include "animation/engine.h"
@@ -41,6 +42,24 @@ const char* Mode_Name(int Calctype) {
     }
 }
 
+/// An imported torque, which has a row for each step of the run and falls with the next one; not where the screen only
+/// makes the same run again as it comes up.
+class Kept_Torque {
+   public:
+    Kept_Torque() {
+        if (Model.TorqueImported) table_ = std::make_unique<StepArray<Single>>(Model.RunTable.ImportedTorque);
+    }
+    void Put_Back() const {
+        if (!table_ || Model.NSteps != steps_) return;
+        Model.RunTable.ImportedTorque = *table_;
+        Model.TorqueImported = true;
+    }
+
+   private:
+    std::unique_ptr<const StepArray<Single>> table_;
+    Integer steps_ = Model.NSteps;
+};
+
 }  // namespace
 
 void frm_Inputnew::Form_Activate() {
@@ -57,7 +76,9 @@ void frm_Inputnew::Form_Activate() {
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
         if (AutoCalc) {
+            const Kept_Torque torque;
             cmd_Calc_Click();
+            torque.Put_Back();
             Picture1.Canvas().Cls();
         }
         Label_Mode();

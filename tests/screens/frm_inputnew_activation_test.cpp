@@ -278,6 +278,19 @@ TEST_F(Activation, OnlyALinkageThatHasTogglesShowsThem) {
     });
 }
 
+TEST_F(Activation, AnImportedTorqueStaysWhileTheSameRunIsMadeAnew) {
+    Show([] {});
+    Model.TorqueImported = true;
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.ImportedTorque(step) = 1 + step;
+    Show([&] {
+        EXPECT_TRUE(Model.RunStands);
+        EXPECT_TRUE(Model.TorqueImported);
+        EXPECT_EQ(Model.RunTable.ImportedTorque(Model.NSteps), 1 + Model.NSteps);
+        Enter(input, "txt_initial", 2, "10");
+        EXPECT_FALSE(Model.TorqueImported) << "another run has other steps";
+    });
+}
+
 TEST_F(Activation, TheLengthUnitOfTheSystemStandsBesideTheBoxes) {
     Use_Units(5);
     Without_Autocalc();
