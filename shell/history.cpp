@@ -214,6 +214,7 @@ void History::By_Itself() {
 
 /// The file is the later model's from now on, and has the name that it was given.
 void History::In_Hand(Hand hand) {
+    if (platform::Unheard::On()) return;
     if (hand == Hand::kKept) {
         const std::string before = present_->name;
         for (auto* steps : {&undo_, &redo_})

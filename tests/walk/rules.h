@@ -81,6 +81,11 @@ bool Waits_For_A_Hand(const platform::Screen& top);
 /// Undoes the last steps and does them again; after each the record is as it was then.
 Found Undo_And_Redo_Bring_Back(const std::vector<std::shared_ptr<const Standing>>& before);
 
+// The rule of kills: rules_copy.cpp.
+/// Killed now, the program would offer at its next start what counts of the model as it stands; nothing where that is
+/// not modified. Waits for the copy as long as it may take.
+Found A_Kill_Would_Lose_Nothing();
+
 // Rules of what is told and drawn: rules_telling.cpp.
 /// The messages of one action with their answers, in their order.
 struct Told {

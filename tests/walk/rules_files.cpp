@@ -5,6 +5,7 @@
 #include "core/runs.h"
 #include "core/text.h"
 #include "files/model_file.h"
+#include "platform/unheard.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/walk/aside.h"
@@ -40,6 +41,8 @@ bool Open_Afresh(const std::string& content) {
     const auto fresh = std::make_unique<LinkageModel>();
     Put_Record(*fresh);
     Set_Identity();
+    // What is opened aside comes into nobody's hand.
+    const platform::Unheard aside;
     Initialize();
     return Load_Model(content);
 }

@@ -1,6 +1,13 @@
 // Each rule notices what it is there for, and nothing where nothing is.
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
 #include "core/linkage_model.h"
 #include "core/results.h"
+#include "platform/process.h"
+#include "shell/copy.h"
+#include "shell/run_log.h"
 #include "tests/walk/walk_fixture.h"
 
 namespace verlink::walk {
@@ -33,6 +40,7 @@ std::string Broken_Rule(const std::vector<Action>& before, const std::function<v
     Planting_User user(before, plant, after);
     Walker walker(user, places, counts);
     walker.Try_Files_Every(1);
+    walker.Kill_Every(1);
     Walk_Once(walker, places);
     EXPECT_GE(walker.Done().size(), before.size()) << "the way to the screen is not possible";
     return walker.Outcome() ? walker.Outcome()->rule : "";
@@ -110,6 +118,18 @@ TEST(WalkRules, Results_that_are_not_of_the_model) {
     EXPECT_EQ(Broken_Rule(
                   kTransformed, [](Screen&) { Model.FFTResult(1, 0) += 1; }, Go("frm_FFT", "cmd_Calc")),
               "FFTDone");
+}
+
+TEST(WalkRules, Something_that_a_kill_would_lose) {
+    const std::vector<Action> modified =
+        Then(kCalculated, {Type("frm_Inputnew", "txt_Linkout", 1, "1.4"), Press("frm_Inputnew", "cmd_Calc")});
+    const auto remove = [](Screen&) {
+        // Copies that are on their way come first.
+        std::this_thread::sleep_for(std::chrono::milliseconds(700));
+        std::filesystem::remove(Copy_File(State_Folder(), This_Process()));
+    };
+    EXPECT_EQ(Broken_Rule(modified, Nothing, Go("frm_Inputnew", "cmd_Done")), "");
+    EXPECT_EQ(Broken_Rule(modified, remove, Go("frm_Inputnew", "cmd_Done")), "killed");
 }
 
 TEST(WalkRules, Something_that_looking_has_changed) {

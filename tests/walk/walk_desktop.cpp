@@ -4,6 +4,7 @@
 #include "platform/guard.h"
 #include "screens/register.h"
 #include "shell/failure_report.h"
+#include "shell/recovery.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
 #include "tests/walk/hand.h"
@@ -37,6 +38,8 @@ void Walk_Desktop::Serve_Events(Screen& screen, const std::function<bool()>& don
 
 std::string Walk_Desktop::Documents_Folder() { return places_.Folder(); }
 
+std::string Walk_Desktop::State_Folder() { return places_.Folder() + "/state"; }
+
 void Walk_Once(Walker& walker, const Places& places) {
     places.Prepare();
     Walk_Desktop desktop(walker, places);
@@ -44,6 +47,7 @@ void Walk_Once(Walker& walker, const Places& places) {
     Screens::Discard();
     Register_Screens();
     Sub_Main("");
+    End_Keeping();
     Screens::Discard();
 }
 

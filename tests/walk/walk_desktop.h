@@ -27,6 +27,7 @@ class Walk_Desktop : public platform::Desktop {
     std::string Session_User() override { return "walker"; }
     std::string Documents_Folder() override;
     std::string Settings_Folder() override { return ""; }
+    std::string State_Folder() override;
     std::string Program_Folder() override { return "/opt/verlink"; }
     std::string Date_Text() override { return "11/21/2026"; }
     std::string Time_Text() override { return "10:15:00"; }

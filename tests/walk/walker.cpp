@@ -237,6 +237,7 @@ void Walker::Rest(Screen& top) {
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
     tried_screen_ = top.Name();
     if (!over_) Check_Undo(top);
+    if (!over_ && ++rests_ % kill_every_ == 0) Broken("killed", [] { return A_Kill_Would_Lose_Nothing(); });
 }
 
 /// A step that was made is undone and done again, unless somebody looks or a box waits to be taken over.

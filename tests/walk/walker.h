@@ -71,6 +71,8 @@ class Walker {
     void Log_To(std::FILE* log) { log_ = log; }
     /// The files are tried at one change of the record in so many, since that takes longest.
     void Try_Files_Every(int changes) { files_every_ = changes; }
+    /// The rule of kills waits for the disk.
+    void Kill_Every(int rests) { kill_every_ = rests; }
     /// These rules are not asked: for finding what lies behind what is known.
     void Leave_Out(const std::set<std::string>& rules) { without_ = rules; }
 
@@ -136,6 +138,7 @@ class Walker {
     Transform tried_transform_;
     int trials_ = 0;
     int files_every_ = 6;
+    int kill_every_ = 100, rests_ = 0;
 };
 
 }  // namespace verlink::walk
