@@ -343,7 +343,8 @@ TEST_F(MirrorTest, A_timer_ticks_while_it_is_enabled) {
     QTest::qWait(10);
     EXPECT_EQ(ticks, 0);
     screen.Timer1.Enabled = true;
-    QTest::qWait(50);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 2; }));
+    QTest::qWait(20);
     EXPECT_EQ(ticks, 2);
 }
 
