@@ -228,5 +228,15 @@ TEST(WalkFound, ATextThatIsDoneAgainWaitsInItsBoxWithTheCursor) {
     });
 }
 
+TEST(WalkFound, ARefusedTextThatIsTakenAfterACalculationWaitsForTheNext) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Twopos1"),
+        Type("frm_Synth2A", "txt_Beta2", kNoIndex, "abc"),
+        Press("frm_Synth2A", "cmd_Calc"),
+        Go("frm_Synth2A", "txt_Beta2"),
+        Type("frm_Synth2A", "txt_Sigma", kNoIndex, "53.98"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

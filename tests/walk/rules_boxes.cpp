@@ -32,8 +32,14 @@ void Pending::Settle() {
     // the refused box in hand: what was typed still waits.
     if (const Screen* screen = taken_.empty() ? nullptr : Screens::Find(taken_)) {
         const auto* on = screen->FindAs<CommandButton>("cmd_Done");
-        const auto* box = dynamic_cast<const TextBox*>(screen->Focus());
-        if (on && on->Enabled && !(box && box->Touched())) typed_.erase(taken_);
+        // So does each text that was refused.
+        if (on && on->Enabled)
+            std::erase_if(typed_[taken_], [&](const std::string& name) {
+                return std::ranges::none_of(screen->Controls(), [&](const Control* control) {
+                    const auto* box = dynamic_cast<const TextBox*>(control);
+                    return box && box->ObjectName() == name && (box->Touched() || box->Refused());
+                });
+            });
     }
     taken_.clear();
     std::erase_if(typed_, [](const auto& entry) {

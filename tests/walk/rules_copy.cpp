@@ -27,6 +27,18 @@ std::vector<std::string> Lines(const std::string& content) {
     return lines;
 }
 
+/// Of a run by angle, or of one by time, that counts which the run goes by.
+bool Counts_Now(const FileField& field) {
+    constexpr int kByAngleSteps = 3;
+    switch (field.counts) {
+        case Counts::kYes: return true;
+        case Counts::kNo: return false;
+        case Counts::kByAngle: return Model.Calctype == kByAngleSteps;
+        case Counts::kByTime: return Model.Calctype != kByAngleSteps;
+    }
+    return true;
+}
+
 /// What of the model counts and the copy has otherwise; empty for nothing.
 std::string Differs(const std::string& file) {
     std::optional<Model_Copy> copy;
@@ -35,7 +47,7 @@ std::string Differs(const std::string& file) {
     if (now.size() != kept.size()) return "the copy has " + std::to_string(kept.size()) + " lines";
     for (const FileField& field : File_Fields()) {
         const auto line = static_cast<std::size_t>(field.line - 1);
-        if (field.counts != Counts::kNo && now.at(line) != kept.at(line))
+        if (Counts_Now(field) && now.at(line) != kept.at(line))
             return std::string(field.name) + " is " + now[line] + ", in the copy " + kept[line];
     }
     return "";
