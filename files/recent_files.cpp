@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "platform/file_system.h"
+#include "platform/screen.h"
 #include "platform/settings.h"
 
 namespace verlink {
@@ -29,6 +30,8 @@ void Note_Recent(const std::string& path) {
     if (recent.size() > kMostKept) recent.resize(kMostKept);
     settings.Put(kSetting, recent);
     settings.Save();
+    platform::With<platform::MenuEntry>("frm_HomeScreen", "mnu_Recent", platform::kNoIndex,
+                                        [](platform::MenuEntry& entry) { entry.Enabled = true; });
 }
 
 std::vector<std::string> Recent_Files() {

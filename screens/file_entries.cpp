@@ -30,7 +30,7 @@ std::string End_Of(const std::string& path) {
 }
 
 void Take_Torque(const std::string& path) {
-    if (!Home().cmd_Dynamics.Enabled) {
+    if (!Model.RunStands) {
         platform::Tell("A table of torques has a row for each step of a run.  Calculate the linkage first.",
                        platform::Icon::kInformation);
         return;

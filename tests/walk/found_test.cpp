@@ -238,5 +238,29 @@ TEST(WalkFound, ARefusedTextThatIsTakenAfterACalculationWaitsForTheNext) {
     });
 }
 
+TEST(WalkFound, ATableOfTorquesThatIsDroppedOverAnEditHasNoRunToGoBy) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Calc"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Type("frm_Animate", "txt_initial", 0, "-30"),
+        Drop("frm_Animate", "<samples>/second_stage.trq"),
+        Tick("frm_MassProp", "chk_Torque"),
+        Press("frm_MassProp", "cmd_Solve"),
+        Press("frm_MassProp", "cmd_Cancel"),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.742, 0.629, 1, 1),
+    });
+}
+TEST(WalkFound, TheMenuOfRecentFilesOpensWithTheFirstOfThem) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Roberts"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pulse("frm_Inputnew", "Timer1"),
+        Pick("frm_HomeScreen", "mnu_Save").Saves("<folder>/other.vlk"),
+        Pick("frm_HomeScreen", "mnu_Quit").Looks(),
+        Press("frm_Quit", "cmd_NoQuit").Looks(),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
