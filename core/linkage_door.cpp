@@ -106,6 +106,12 @@ class Way_Back {
     Way_Back(const Way_Back&) = delete;
     Way_Back& operator=(const Way_Back&) = delete;
     void Close() { whole_ = true; }
+    /// The linkage is the one of before, and so to the last digit of what follows from it.
+    void Keep_Same() const {
+        const bool polar = Model.PolarCoords;
+        static_cast<Geometry&>(Model) = linkage_;
+        Model.PolarCoords = polar;
+    }
     const Geometry& Linkage() const { return linkage_; }
 
    private:
@@ -147,6 +153,8 @@ void Enter_Linkage(Road road, const std::function<void()>& fill) {
             Model.CognateEdit = false;
         }
         if (row.code == Class::kFound) Classify_Linkage();
+    } else {
+        way_back.Keep_Same();
     }
     if (row.disk == Past::kFalls) Model.DiskFile = false;
     if (row.drive == Past::kFalls) Release_Drive();

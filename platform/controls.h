@@ -182,7 +182,10 @@ class TextBox : public Visual {
         std::string told;  ///< the text that was refused last, also while it is being mended
     };
     const Hand& State() const { return hand_; }
-    void Put_Back(const Hand& hand) { hand_ = hand; }
+    void Put_Back(const Hand& hand) {
+        hand_ = hand;
+        Notify();
+    }
     /// Selects the whole text; the desktop marks it, a test reads `SelectedAll`.
     void SelectAll();
     Property<bool> SelectedAll{*this, false};

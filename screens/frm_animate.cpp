@@ -184,8 +184,7 @@ void frm_Animate::Fill() {
 void frm_Animate::Show_Model() {
     Guarded("frm_Animate.Show_Model", [this] {
         Fill();
-        Grashof();
-        if (Model.Grashof_Code == "N") Toggle();
+        Classify_Linkage();
         txt_Figure.Text = Shown_Title();
         txt_LineAngle.Text = Text_Of(Model.LineAngle);
         if (Model.RunStands) {
@@ -372,7 +371,7 @@ void frm_Animate::cmd_PlotPrint_Click() {
 
 void frm_Animate::hsc_step_Change() {
     Guarded("frm_Animate.hsc_step", [&] {
-        if (StepLock) return;
+        if (StepLock || !Model.RunStands) return;
         Model.CurrentStep = hsc_step.Value();
         if (Model.CurrentStep > 0) Step(*this, Model.CurrentStep);
     });
@@ -380,6 +379,7 @@ void frm_Animate::hsc_step_Change() {
 
 void frm_Animate::hsc_step_Scroll() {
     Guarded("frm_Animate.hsc_step", [&] {
+        if (!Model.RunStands) return;
         Model.CurrentStep = hsc_step.Value();
         Step(*this, Model.CurrentStep);
     });

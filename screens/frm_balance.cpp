@@ -162,9 +162,9 @@ void frm_Balance::Refuse(TextBox& box) {
 }
 
 void frm_Balance::Put_Back(TextBox& box, double value) {
-    box.SetFocus();
-    // It waits to be taken over, as if it had been typed.
+    // It waits to be taken over, as if it had been typed; before the box that loses the focus by it is read.
     box.Type(Text_Of(value));
+    box.SetFocus();
     box.SelectAll();
 }
 

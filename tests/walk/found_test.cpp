@@ -262,5 +262,52 @@ TEST(WalkFound, TheMenuOfRecentFilesOpensWithTheFirstOfThem) {
     });
 }
 
+TEST(WalkFound, ARefusedRadiusIsInForceNowhere) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_pick", 2),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Balance"),
+        Type("frm_Balance", "txt_MRproduct", 4, "--"),
+        Type("frm_Balance", "txt_Radius", 4, "-1.2"),
+        Type("frm_Balance", "txt_MRproduct", 4, "0.02"),
+    });
+}
+
+TEST(WalkFound, AfterAnUndoToWhatHasNoRunThereIsNoPositionToBeShown) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Pick("frm_Animate", "mnu_Undo"),
+        Thumb("frm_Animate", "hsc_step", kNoIndex, -431),
+    });
+}
+
+TEST(WalkFound, ABoxThatChangesNothingLeavesTheLinkageToTheLastDigit) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Open").Opens("<samples>/second_stage.vlk"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Return("frm_MassProp"),
+        Press("frm_MassProp", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Animate"),
+        Type("frm_Animate", "txt_Linkout", 0, ".5"),
+        Press("frm_Animate", "cmd_Step"),
+    });
+}
+
+TEST(WalkFound, TheForcesComeBackWhereABalanceHasFallen) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Press("frm_Animate", "cmd_Done"),
+        Press("frm_HomeScreen", "cmd_Balance"),
+        Type("frm_Balance", "txt_MRproduct", 2, "0.0465"),
+        Type("frm_Balance", "txt_MRproduct", 4, "0.264"),
+        Type("frm_Balance", "txt_Radius", 2, "1e-40"),
+        Escape("frm_Balance"),
+        Pick("frm_HomeScreen", "mnu_pick", 2),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -196,6 +196,10 @@ template <class Call>
 void For_Forces(const RunResults& a, const RunResults& b, Call call) {
     call("PinForce", a.PinForce, b.PinForce, 0, 7);
     call("LinkTorque", a.LinkTorque, b.LinkTorque, 0, 3);
+}
+
+template <class Call>
+void For_Mass_Centres(const RunResults& a, const RunResults& b, Call call) {
     call("VelXY of mass centres", a.VelXY, b.VelXY, 3, 5);
     call("AccXY of mass centres", a.AccXY, b.AccXY, 5, 7);
 }
@@ -272,9 +276,11 @@ Difference Compare_Results(const RunResults& before, const RunResults& after, in
                 return;
             }
     };
-    if (which != Results::kForces && which != Results::kBalance) For_Motion(before, after, compare);
-    if (which == Results::kForces || which == Results::kAll) For_Forces(before, after, compare);
-    if (which == Results::kBalance || which == Results::kAll) For_Balance(before, after, compare);
+    const bool all = which == Results::kAll, forces = all || which == Results::kForces;
+    if (all || which == Results::kMotion) For_Motion(before, after, compare);
+    if (forces || which == Results::kLoads) For_Forces(before, after, compare);
+    if (forces) For_Mass_Centres(before, after, compare);
+    if (all || which == Results::kBalance) For_Balance(before, after, compare);
     return difference;
 }
 

@@ -31,7 +31,8 @@ struct Difference {
 Difference Compare(const Words& before, const Words& after);
 
 /// The arrays of results that differ at steps 0 to `last`.
-enum class Results { kMotion, kForces, kBalance, kAll };
+/// Of forces: with the mass centres that were solved for last, or `kLoads` alone.
+enum class Results { kMotion, kForces, kLoads, kBalance, kAll };
 Difference Compare_Results(const RunResults& before, const RunResults& after, int last, Results which);
 /// The first step at which an array of the motion differs, or -1; and whether all of it from a step on is empty.
 int First_Difference(const RunResults& before, const RunResults& after, int last);

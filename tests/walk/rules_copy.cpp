@@ -60,7 +60,8 @@ Found A_Kill_Would_Lose_Nothing() {
     const std::string folder = State_Folder();
     if (folder.empty()) return {};
     const std::string file = Copy_File(folder, platform::This_Process());
-    const auto late = steady_clock::now() + std::chrono::seconds(2);
+    // As long as a busy machine may take; how long it does take, tools/test-crash tells.
+    const auto late = steady_clock::now() + std::chrono::seconds(10);
     std::string differs;
     do {
         if (Modified())
@@ -70,7 +71,7 @@ Found A_Kill_Would_Lose_Nothing() {
         if (differs.empty()) return {};
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     } while (steady_clock::now() < late);
-    return Finding{"killed", differs.substr(0, differs.find(" is ")), "killed after 2 s: " + differs};
+    return Finding{"killed", differs.substr(0, differs.find(" is ")), "killed: " + differs};
 }
 
 }  // namespace verlink::walk

@@ -22,7 +22,8 @@ Standing::Standing()
 
 namespace {
 
-/// What of the results a flag vouches for, now as before.
+/// What of the results a flag vouches for, now as before. The mass centres in the table are those that were solved for
+/// last, which may have been those of a balance that has fallen.
 Difference Results_Differ(const Standing& before) {
     Difference difference;
     const auto compare = [&](bool vouched, Results which) {
@@ -30,7 +31,7 @@ Difference Results_Differ(const Standing& before) {
             difference = Compare_Results(*before.table, Model.RunTable, before.last, which);
     };
     compare(Model.RunStands, Results::kMotion);
-    compare(Model.DynamicsDone, Results::kForces);
+    compare(Model.DynamicsDone, Model.BalanceDone ? Results::kForces : Results::kLoads);
     compare(Model.BalanceDone, Results::kBalance);
     if (difference.Any() || !Model.FFTDone) return difference;
     for (int i = 0; i <= kLastStep; ++i)
