@@ -59,7 +59,7 @@ void Grashof() {
         for (const char* screen : kScreens)
             platform::With<Label>(screen, "lbl_Grashof", kNoIndex, [&](Label& l) { l.Caption = kind.long_text; });
         platform::With<platform::Frame>("frm_Inputnew", "fra_toggle", kNoIndex,
-                                        [](platform::Frame& f) { f.Visible = Model.Grashof_Code == "N"; });
+                                        [&](platform::Frame& f) { f.Visible = kind.code == "N"; });
     });
 }
 

@@ -108,9 +108,10 @@ class Way_Back {
     void Close() { whole_ = true; }
     /// The linkage is the one of before, and so to the last digit of what follows from it.
     void Keep_Same() const {
-        const bool polar = Model.PolarCoords;
-        static_cast<Geometry&>(Model) = linkage_;
-        Model.PolarCoords = polar;
+        Geometry& now = Model;
+        const bool polar = now.PolarCoords;
+        now = linkage_;
+        now.PolarCoords = polar;
     }
     const Geometry& Linkage() const { return linkage_; }
 

@@ -5,7 +5,6 @@
 #include <filesystem>
 
 #include "platform/file_system.h"
-#include "platform/screen.h"
 #include "platform/settings.h"
 
 namespace verlink {
@@ -30,8 +29,6 @@ void Note_Recent(const std::string& path) {
     if (recent.size() > kMostKept) recent.resize(kMostKept);
     settings.Put(kSetting, recent);
     settings.Save();
-    platform::With<platform::MenuEntry>("frm_HomeScreen", "mnu_Recent", platform::kNoIndex,
-                                        [](platform::MenuEntry& entry) { entry.Enabled = true; });
 }
 
 std::vector<std::string> Recent_Files() {
