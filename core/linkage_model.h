@@ -54,9 +54,8 @@ void Clear_RunTable();
 /// The part of it that an imported run writes too: imported motion and torque stay.
 void Clear_Motion();
 
-/// The factor between a stored length and a shown one: 100 in `Units` 4, 1000 in 5, else 1.
+/// The factor between a stored length and a shown one: 100 in `Units` 4, 1000 in 5, else 1; the record's by itself.
 double Shown_Factor(const UnitSystem& units);
-/// The record's.
 double Shown_Factor();
 double Shown_Factor(int Units);
 

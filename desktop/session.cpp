@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
-#include "files/session_end.h"
+#include "files/model_file.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
 

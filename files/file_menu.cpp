@@ -42,20 +42,34 @@ void Read_Model_File(const std::string& path) {
     Refresh_Status();
 }
 
-}  // namespace
-
-bool May_Replace(Screen& home) {
-    if (!Modified()) return true;
-    const Answer answer = The_Desktop().Show_Message(
+/// No, unasked, of a model that is not modified.
+Answer Ask_To_Keep() {
+    if (!Modified()) return Answer::kNo;
+    return The_Desktop().Show_Message(
         {.text = "The current data has not been saved.  Do you want to save it before resetting?",
          .icon = Icon::kQuestion,
          .buttons = Buttons::kYesNo});
+}
+
+}  // namespace
+
+bool May_Replace(Screen& home) {
+    const Answer answer = Ask_To_Keep();
     if (answer == Answer::kCancel) return false;
     if (answer != Answer::kYes) return true;
     // The dialog comes twice, saved or not.
     Menu_Saveas(home);
     Menu_Saveas(home);
     return Model.SavedFlag;
+}
+
+bool May_End_Session(Screen& home) {
+    const Answer answer = Ask_To_Keep();
+    if (answer == Answer::kCancel) return false;
+    if (answer != Answer::kYes) return true;
+    Menu_Saveas(home);
+    // A dialog that was cancelled, and a file that could not be written, leave it as it is.
+    return !Modified();
 }
 
 void Menu_Open(Screen& home) {

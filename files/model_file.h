@@ -89,6 +89,8 @@ void Derive_From_File();
 /// Offers to save results that an opened or imported file would replace; the dialog comes twice, saved or not. False
 /// when the user would rather not go on.
 bool May_Replace(platform::Screen& home);
+/// The same as the desktop's session ends; here the dialog comes once.
+bool May_End_Session(platform::Screen& home);
 
 /// The file menu's actions, each a handler of the home screen.
 void Menu_Open(platform::Screen& home);

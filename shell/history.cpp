@@ -192,6 +192,8 @@ void History::Done(const std::string& what, bool goes_on) {
             if (undo_.size() > kSteps) undo_.erase(undo_.begin());
         }
         redo_.clear();
+        // What stands typed was typed before it, into a box that may show another linkage now.
+        typed_.clear();
         taken_back_.clear();
         drag_has_step_ = goes_on;
     } else if (!goes_on) {

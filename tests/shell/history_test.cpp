@@ -3,7 +3,6 @@
 
 #include "core/text.h"
 #include "files/model_file.h"
-#include "files/session_end.h"
 #include "platform/deed.h"
 #include "platform/file_system.h"
 #include "screens/frm_animate.h"

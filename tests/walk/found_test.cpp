@@ -309,5 +309,16 @@ TEST(WalkFound, TheForcesComeBackWhereABalanceHasFallen) {
     });
 }
 
+TEST(WalkFound, WhatWasTypedBeforeACognateWasChosenIsNotTakenBackBeforeTheChoice) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Pick("frm_Inputnew", "mnu_Cog", 3),
+        Type("frm_Inputnew", "txt_Linkout", 3, "6.172"),
+        Pick("frm_Inputnew", "mnu_Cog", 1),
+        Pick("frm_Inputnew", "mnu_Undo"),
+        Go("frm_Inputnew", "txt_Linkout", 2),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -73,8 +73,8 @@ bool Read_Orders(int argc, char** argv, Orders& orders) {
     return true;
 }
 
-/// One walk does not take so long.
-constexpr unsigned kSecondsAtMost = 300;
+/// One walk does not take so long, also where much else goes on.
+constexpr unsigned kSecondsAtMost = 1200;
 
 void On_Alarm(int) {
     constexpr char kWords[] = "a walk does not end; the log of actions says where\n";
