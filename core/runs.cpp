@@ -251,4 +251,15 @@ double Steps_Of(double First, double Last, double Increment) {
     return std::floor(Divide(Last - First, Increment) + 0.5);
 }
 
+bool Divided_Into_Steps(const Drive& drive) {
+    constexpr double kRounding = 1e-3;
+    const auto reached = [&](double first, double last, double increment) {
+        return increment != 0 && std::abs((last - first) / increment - drive.NSteps) <= 0.5 + kRounding;
+    };
+    if (drive.Calctype == 2) return reached(drive.TimeStart, drive.TimeEnd, drive.TimeStep);
+    if (drive.Calctype != 3) return true;
+    return reached(drive.ThetaStart, drive.ThetaEnd, drive.ThetaStep) &&
+           reached(drive.ThetaStartRad, drive.ThetaEndRad, drive.ThetaStepRad);
+}
+
 }  // namespace verlink

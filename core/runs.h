@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/number.h"
+#include "core/record/drive.h"
 
 namespace verlink {
 
@@ -46,5 +47,8 @@ double Time_Theta(Single t);
 
 /// Last step index for a range and an increment, any unit: the whole number nearest to their ratio.
 double Steps_Of(double First, double Last, double Increment);
+/// Whether `NSteps` increments lead from the first limit to the last, to the precision of stored numbers. The limits of
+/// a linkage that was just synthesised are divided when its boxes are read; run types without an increment always are.
+bool Divided_Into_Steps(const Drive& drive);
 
 }  // namespace verlink

@@ -6,6 +6,7 @@
 #include "core/status_panel.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
+#include "files/recent_files.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -18,7 +19,7 @@ namespace {
 
 /// Writes the model to `FilePath` under the hourglass. In a dialog the user has agreed to what is replaced, and named
 /// the model. False when it could not be written: the old file is whole then.
-bool Save(bool by_dialog) {
+bool Save(Screen& home, bool by_dialog) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
     const bool written = Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked);
     if (written)
@@ -27,6 +28,7 @@ bool Save(bool by_dialog) {
         Model_Unsaved();  // so that the next Save asks where to
     if (written && by_dialog) Model.ModelName = StripFilename(Model.FilePath);
     if (written) Model_Kept();
+    With<MenuEntry>(home, "mnu_Recent", kNoIndex, [](MenuEntry& entry) { entry.Enabled = Any_Recent(); });
     The_Desktop().Set_Pointer(Pointer::kDefault);
     Refresh_Status();
     return written;
@@ -95,7 +97,7 @@ void Open_Model_File(Screen& home, const std::string& path) {
 void Menu_Save(Screen& home) {
     Guarded("frm_Homescreen.Save", [&] {
         if (Model.SavedFlag)
-            Save(false);
+            Save(home, false);
         else
             Menu_Saveas(home);
     });
@@ -112,7 +114,7 @@ void Menu_Saveas(Screen& home) {
         dialog.Kind = "model";
         dialog.ShowSave();
         const std::string before = std::exchange(Model.FilePath, dialog.FileName);
-        if (!Save(true)) Model.FilePath = before;
+        if (!Save(home, true)) Model.FilePath = before;
     });
 }
 

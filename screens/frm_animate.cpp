@@ -270,7 +270,8 @@ void frm_Animate::Unlock_Run_Buttons() {
 void frm_Animate::Recalculate() {
     Integer Result = kRetrying;
     if (Model.Calctype < 4) {
-        Calc_Setup(Model.Calctype, Result);
+        // An undo may have come to a linkage that was synthesised and never run.
+        if (Divided_Into_Steps(Model) || Get_Initial_Conditions(*this)) Calc_Setup(Model.Calctype, Result);
     } else {
         Classify_Linkage();
         Imported_Run(Result);

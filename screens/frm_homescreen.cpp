@@ -111,14 +111,8 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     cmd_Quit.OnClick = [this] { cmd_Quit_Click(); };
     mnu_New.OnClick = [this] { mnu_New_Click(); };
     mnu_Open.OnClick = [this] { Menu_Open(*this); };
-    const auto saves = [this](void (*save)(Screen&)) {
-        return [this, save] {
-            save(*this);
-            mnu_Recent.Enabled = Any_Recent();
-        };
-    };
-    mnu_Save.OnClick = saves(Menu_Save);
-    mnu_Saveas.OnClick = saves(Menu_Saveas);
+    mnu_Save.OnClick = [this] { Menu_Save(*this); };
+    mnu_Saveas.OnClick = [this] { Menu_Saveas(*this); };
     mnu_Lobetra.OnClick = [this] { Menu_Lobetra(*this); };
     mnu_Link_Data_Import.OnClick = [this] { Menu_Link_Data_Import(*this); };
     mnu_Link_Data_Export.OnClick = [this] { Menu_Link_Data_Export(*this); };

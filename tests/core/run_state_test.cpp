@@ -195,6 +195,29 @@ TEST_F(RunState, StepsAreTheWholeNumberNearestToRangeOverIncrement) {
     EXPECT_FAILURE(11, Steps_Of(0, 1, 0));
 }
 
+TEST_F(RunState, ARangeIsDividedWhenItsStepsLeadFromLimitToLimitInDegreesAndRadians) {
+    Drive drive{};
+    drive.Calctype = 3;
+    drive.NSteps = 4;
+    drive.ThetaStart = 20, drive.ThetaEnd = 100, drive.ThetaStep = 20;
+    drive.ThetaStartRad = 20 * kDegToRad, drive.ThetaEndRad = 100 * kDegToRad, drive.ThetaStepRad = 20 * kDegToRad;
+    EXPECT_TRUE(Divided_Into_Steps(drive));
+    drive.ThetaStepRad = 80 * kDegToRad;
+    EXPECT_FALSE(Divided_Into_Steps(drive));
+    drive.ThetaStepRad = 20 * kDegToRad;
+    drive.NSteps = 10;
+    EXPECT_FALSE(Divided_Into_Steps(drive));
+    drive.ThetaStep = drive.ThetaStepRad = 0;
+    EXPECT_FALSE(Divided_Into_Steps(drive));
+    drive.Calctype = 2;
+    drive.TimeEnd = 1, drive.TimeStep = 0.1;
+    EXPECT_TRUE(Divided_Into_Steps(drive));
+    drive.TimeStep = 0.2;
+    EXPECT_FALSE(Divided_Into_Steps(drive));
+    drive.Calctype = 5;
+    EXPECT_TRUE(Divided_Into_Steps(drive));
+}
+
 }  // namespace
 
 }  // namespace verlink::test

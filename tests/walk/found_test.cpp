@@ -2,6 +2,7 @@
 #include "tests/walk/walk_fixture.h"
 
 namespace verlink::walk {
+using platform::Answer;
 using platform::kNoIndex;
 
 namespace {
@@ -171,10 +172,7 @@ TEST(WalkFound, LinksOfVeryUnequalLengthsAreSavedAsFarAsSevenDigitsTell) {
         Press("frm_Synth2A", "cmd_Calc"),
         Press("frm_Synth2A", "cmd_Done"),
         Press("frm_Inputnew", "cmd_Done"),
-        Pick("frm_HomeScreen", "mnu_Open")
-            .Says(platform::Answer::kYes)
-            .Saves("<folder>/mine.vlk")
-            .Opens("<folder>/mine.vlk"),
+        Pick("frm_HomeScreen", "mnu_Open").Says(Answer::kYes).Saves("<folder>/mine.vlk").Opens("<folder>/mine.vlk"),
         Pick("frm_Inputnew", "mnu_Cog", 2),
         Press("frm_Inputnew", "cmd_Calc"),
         Close("frm_Inputnew"),
@@ -317,6 +315,32 @@ TEST(WalkFound, WhatWasTypedBeforeACognateWasChosenIsNotTakenBackBeforeTheChoice
         Pick("frm_Inputnew", "mnu_Cog", 1),
         Pick("frm_Inputnew", "mnu_Undo"),
         Go("frm_Inputnew", "txt_Linkout", 2),
+    });
+}
+
+TEST(WalkFound, ASynthesisedRangeThatAnUndoCameToIsDividedBeforeADragRunsIt) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Roberts"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Twopos1"),
+        Press("frm_Synth2A", "cmd_Calc"),
+        Press("frm_Synth2A", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_pick", 4),
+        Press("frm_Inputnew", "cmd_Done"),
+        Pick("frm_Animate", "mnu_Undo"),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.009, 0.067, 1, 1),
+    });
+}
+
+TEST(WalkFound, RecentFilesFollowASaveThatAnImportAskedFor) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Pick("frm_Inputnew", "mnu_Plus"),
+        Pulse("frm_Inputnew", "Timer1"),
+        Close("frm_Inputnew"),
+        Pick("frm_HomeScreen", "mnu_Link_Data_Import").Says(Answer::kYes).Saves("<folder>/mine.vlk"),
+        Pick("frm_HomeScreen", "mnu_About").Looks(),
+        Click("frm_About").Looks(),
     });
 }
 
