@@ -7,6 +7,7 @@
 
 #include "core/linkage_model.h"
 #include "files/in_hand.h"
+#include "platform/deed.h"
 #include "platform/screen.h"
 
 namespace verlink::walk {
@@ -37,6 +38,8 @@ class Aside {
     template <class Event>
     void Mute(Event& event);
 
+    // A focus that leaves a disabled button meanwhile is no deed of its own.
+    platform::Deed nothing_done_{"a trial", platform::Deed::Kind::kTyped};
     std::shared_ptr<Document> document_;
     Document as_it_was_;
     LinkageModel* model_;  ///< in a place of its own, since it is large and comes and goes at every action

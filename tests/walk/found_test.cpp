@@ -344,5 +344,30 @@ TEST(WalkFound, RecentFilesFollowASaveThatAnImportAskedFor) {
     });
 }
 
+TEST(WalkFound, TheHalvesOfASynthesisedRangeAreStepsBeforeADragRunsThem) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Syntest"),
+        Press("frm_Synth3", "cmd_Calc"),
+        Press("frm_Synth3", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Roberts"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Pick("frm_Animate", "mnu_Undo"),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.903, 0.905, 1, 1),
+    });
+}
+
+TEST(WalkFound, ADragLeavesTheBoxThatIsBeingTypedInto) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Type("frm_Animate", "txt_Cycles", kNoIndex, "abc"),
+        Mouse("frm_Animate", "Picture1", kNoIndex, 0.115, 0.49, 1, 1),
+        Pick("frm_Animate", "mnu_Open")
+            .Says(Answer::kYes)
+            .Saves("<folder>/other.vlk")
+            .Opens("<samples>/second_stage.vlk"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -69,7 +69,9 @@ void Type_Into(Screen& top, const Action& action) {
     if (top.Focus() == box && top.Visible()) test::Type(top, action.control, action.index, action.text);
 }
 
+/// A press takes the focus, as on a desktop.
 void Move_Mouse(PictureBox& box, const Action& action) {
+    if (action.buttons != 0) box.SetFocus();
     const Picture& drawing = box.Drawing();
     box.OnMouseMove(action.buttons, action.keys, drawing.Left() + action.x * (drawing.Right() - drawing.Left()),
                     drawing.Top() + action.y * (drawing.Bottom() - drawing.Top()));

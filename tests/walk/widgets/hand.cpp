@@ -78,6 +78,7 @@ void Move_Mouse(desktop::PictureWidget& picture, const Action& action) {
     if (action.keys & 1) keys |= Qt::ShiftModifier;
     if (action.keys & 2) keys |= Qt::ControlModifier;
     if (action.keys & 4) keys |= Qt::AltModifier;
+    if (buttons != Qt::NoButton) picture.setFocus(Qt::MouseFocusReason);
     QMouseEvent move(QEvent::MouseMove, at, picture.mapToGlobal(at), Qt::NoButton, buttons, keys);
     QApplication::sendEvent(&picture, &move);
 }
