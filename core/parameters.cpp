@@ -349,8 +349,9 @@ void Put_Linkage_Geometry(Screen& screen) {
         Show_Length(screen, 16, Model.Link1Y);
         Put_Circuit(screen);
         for (int label : {0, 1, 2, 3, 4, 11, 12}) Caption(screen, "lbl_Units", label, Model.UnitLabel(6));
-        With<TextBox>("frm_Animate", "txt_LineAngle", kNoIndex,
-                      [](TextBox& box) { box.Text = Text_Of(FNRound(Model.LineAngle, 0)); });
+        With<TextBox>("frm_Animate", "txt_LineAngle", kNoIndex, [](TextBox& box) {
+            if (!box.Touched()) box.Text = Text_Of(FNRound(Model.LineAngle, 0));
+        });
     });
 }
 
@@ -432,7 +433,10 @@ void Check_Parameters(Screen& screen) {
         With<ScrollBar>(screen, "hsc_speed", kNoIndex,
                         [](ScrollBar& speed) { Model.AnimateDelay = 32767 - speed.Value(); });
         With<TextBox>(screen, "txt_Cycles", kNoIndex, [](TextBox& box) { Model.Cycles = Val(box.Text.Get()); });
-        With<TextBox>(screen, "txt_LineAngle", kNoIndex, [](TextBox& box) { Model.LineAngle = Val(box.Text.Get()); });
+        // The box shows whole degrees.
+        With<TextBox>(screen, "txt_LineAngle", kNoIndex, [](TextBox& box) {
+            if (box.Touched()) Model.LineAngle = Val(box.Text.Get());
+        });
         Model.AnimateStepSize = 1;
         Read_Flag(screen, "chk_Showlinks", Model.HideLinksFlag, false);
         Read_Flag(screen, "chk_Coupler", Model.ShowCouplerFlag);

@@ -281,7 +281,7 @@ TEST_F(ParametersLimits, TimeLabels) {
 TEST_F(ParametersLimits, TheSettingsOfTheAnimateScreenAreReadWithTheLinksFlagInverted) {
     animate.Get<ScrollBar>("hsc_speed").SetValue(30000);
     animate.Text("txt_Cycles").Text = "3";
-    animate.Text("txt_LineAngle").Text = "45";
+    animate.Text("txt_LineAngle").Type("45");
     Model.AnimateStepSize = 7;
     for (const bool ticked : {true, false}) {
         for (const char* box : {"chk_Showlinks", "chk_Coupler", "chk_Centrodes", "chk_Trace"})

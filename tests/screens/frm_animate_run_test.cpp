@@ -271,6 +271,17 @@ TEST_F(AnimateRun, TheLineAngleIsReadFromItsBox) {
     });
 }
 
+TEST_F(AnimateRun, ALineAngleThatItsBoxShowsRoundedStaysAsItWasTyped) {
+    After_First_Picture([&] {
+        Type(form, "txt_LineAngle", platform::kNoIndex, "99.2");
+        Press(form, "cmd_Reset");
+        Type(form, "txt_Linkout", 1, "1.2");
+        Press(form, "cmd_Recalc");
+        Press(form, "cmd_Reset");
+        EXPECT_EQ(Model.LineAngle, Single(99.2));
+    });
+}
+
 TEST_F(AnimateRun, ATraceLeavesAllPositions) {
     After_First_Picture([&] {
         Tick(form, "chk_Trace", true);
