@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPdfPageNavigator>
+#include <QPdfPageRenderer>
 #include <QPdfSearchModel>
 #include <QScreen>
 #include <QScrollBar>
@@ -43,6 +44,9 @@ DocumentPages::~DocumentPages() {
     setDocument(nullptr);
     delete search_;
     delete document_;
+    // Qt's view leaves the thread that paints its pages.
+    if (auto* renderer = findChild<QPdfPageRenderer*>())
+        renderer->setRenderMode(QPdfPageRenderer::RenderMode::SingleThreaded);
 }
 
 bool DocumentPages::load(const QString& path) {

@@ -369,5 +369,15 @@ TEST(WalkFound, ADragLeavesTheBoxThatIsBeingTypedInto) {
     });
 }
 
+TEST(WalkFound, ATextThatIsDoneAgainAfterACalculationWaitsInItsBox) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Type("frm_Inputnew", "txt_Linkout", 4, "0.7"),
+        Pick("frm_Inputnew", "mnu_Undo"),
+        Press("frm_Inputnew", "cmd_Calc"),
+        Pick("frm_Inputnew", "mnu_Redo"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -53,7 +53,12 @@ bool Pending::Typed(const Control& control) const {
     return found != typed_.end() && found->second.contains(control.ObjectName());
 }
 
-bool Pending::In_Hand(const Control& control) const { return control.Owner().Focus() == &control && Typed(control); }
+bool Pending::In_Hand(const Control& control) const {
+    if (control.Owner().Focus() != &control) return false;
+    // What is done again is typed by nobody's hand.
+    const auto* box = dynamic_cast<const TextBox*>(&control);
+    return Typed(control) || (box && box->Touched());
+}
 
 bool Pending::Any_In_Hand(const Screen& screen) const { return screen.Focus() && In_Hand(*screen.Focus()); }
 
