@@ -129,7 +129,8 @@ void frm_Animate::Bind() {
     txt_Cycles.OnGotFocus = [this] { txt_Cycles.SelectAll(); };
     txt_LineAngle.OnGotFocus = [this] { txt_LineAngle.SelectAll(); };
     // What is set here counts at once, also for who leaves without playing.
-    hsc_speed.OnChange = [this] { Check_Parameters(*this); };
+    hsc_speed.OnChange = chk_Trace.OnClick = chk_Showlinks.OnClick =
+        chk_Coupler.OnClick = [this] { Check_Parameters(*this); };
     txt_LineAngle.OnLostFocus = [this] {
         Check_Parameters(*this);
         txt_LineAngle.Settle();

@@ -379,5 +379,16 @@ TEST(WalkFound, ATextThatIsDoneAgainAfterACalculationWaitsInItsBox) {
     });
 }
 
+TEST(WalkFound, ATickOfTheAnimateScreenCountsAtOnce) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Lobetra").Opens("<folder>/cam_mm.sva"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Animate"),
+        Tick("frm_Animate", "chk_Trace"),
+        Type("frm_Animate", "txt_Cycles", kNoIndex, "abc"),
+        Drop("frm_Animate", "<folder>/drive.out").Says(Answer::kYes).Saves("<folder>/mine.vlk"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
