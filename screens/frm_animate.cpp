@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 
 #include "animation/engine.h"
@@ -18,6 +19,7 @@
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
+#include "platform/unheard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
@@ -120,6 +122,7 @@ void frm_Animate::Bind() {
     chk_autoscale.OnClick = [this] { chk_autoscale_Click(); };
     cmb_wait.OnChange = [this] { cmb_wait_Change(); };
     cmb_wait.OnClick = [this] { cmb_wait_Change(); };
+    cmb_wait.OnLostFocus = [this] { WaitRefused = false; };
     Bind_Boxes(txt_initial, [this](int Index) { txt_initial_LostFocus(Index); });
     Read_As_Limits(txt_initial);
     Reads_As(txt_Cycles, Model, Quantity::kNumber);
@@ -398,8 +401,13 @@ void frm_Animate::chk_CouplerLines_Click() { cmd_Reset_Click(); }
 void frm_Animate::chk_autoscale_Click() { mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
 
 void frm_Animate::cmb_wait_Change() {
+    // Of a number that is too large each further digit would be told of.
+    std::optional<platform::Unheard> silence;
+    if (WaitRefused) silence.emplace();
     const bool taken = Guarded("frm_Animate.cmb_wait", [&] { Model.AnimateWait = Val(cmb_wait.Text.Get()); });
-    if (!taken) cmb_wait.Text = Text_Of(Model.AnimateWait);
+    if (taken) return;
+    WaitRefused = true;
+    cmb_wait.Text = Text_Of(Model.AnimateWait);
 }
 
 void frm_Animate::opt_OpenCross_Click(int Index) {

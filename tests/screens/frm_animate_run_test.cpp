@@ -105,6 +105,24 @@ TEST_F(AnimateRun, ATypedWaitCountsAndAVastOneIsReported) {
     });
 }
 
+TEST_F(AnimateRun, EachDigitOfAVastWaitIsNotReportedAnew) {
+    Inside([&] {
+        const auto reported = [&] {
+            desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_Animate.cmb_wait\r\n\r\n");
+        };
+        form.cmb_wait.SetFocus();
+        reported();
+        for (const char* typed : {"4", "40", "400", "4000", "40000", "40001", "40002"}) form.cmb_wait.Text = typed;
+        EXPECT_EQ(Model.AnimateWait, 4000);
+        EXPECT_EQ(form.cmb_wait.Text.Get(), "4000");
+        form.cmd_Animate.SetFocus();
+        form.cmb_wait.SetFocus();
+        reported();
+        form.cmb_wait.Text = "40003";
+        EXPECT_EQ(Model.AnimateWait, 4000);
+    });
+}
+
 TEST_F(AnimateRun, ALinkageThatDoesNotCloseEverywhereIsWarnedOf) {
     Model.L2 = 2.6;
     Derive_Linkage(Leading::kInForce);
