@@ -176,6 +176,8 @@ void frm_Animate::Form_Activate() {
 void frm_Animate::Fill() {
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
+    txt_LineAngle.Settle();
+    WaitRefused = false;
     Show_Choices();
     Show_Settings();
     cmd_Recalc.Enabled = false;
@@ -194,7 +196,6 @@ void frm_Animate::Show_Model() {
         Fill();
         Classify_Linkage();
         txt_Figure.Text = Shown_Title();
-        txt_LineAngle.Text = Text_Of(Model.LineAngle);
         if (Model.RunStands) {
             Unlock_Run_Buttons();
             cmd_Reset_Click();

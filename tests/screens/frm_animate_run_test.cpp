@@ -300,6 +300,29 @@ TEST_F(AnimateRun, ALineAngleThatItsBoxShowsRoundedStaysAsItWasTyped) {
     });
 }
 
+TEST_F(AnimateRun, TicksCountWhenTheyAreSetAndNotWhenSomethingIsDrawnNext) {
+    After_First_Picture([&] {
+        Tick(form, "chk_Trace", true);
+        Tick(form, "chk_Showlinks", false);
+        Tick(form, "chk_Coupler", false);
+        EXPECT_EQ(Model.TraceFlag, "Y");
+        EXPECT_EQ(Model.HideLinksFlag, "Y");
+        EXPECT_EQ(Model.ShowCouplerFlag, "N");
+    });
+}
+
+TEST_F(AnimateRun, AVastWaitIsReportedAgainWhenTheScreenComesUpAnew) {
+    Inside([&] {
+        const auto refused = [&] {
+            desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_Animate.cmb_wait\r\n\r\n");
+            form.cmb_wait.Text = "40000";
+        };
+        refused();
+        form.Form_Activate();
+        refused();
+    });
+}
+
 TEST_F(AnimateRun, ATraceLeavesAllPositions) {
     After_First_Picture([&] {
         Tick(form, "chk_Trace", true);
