@@ -320,8 +320,46 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
     return bar;
 }
 
+/// The hand that takes what is drawn, and the one that moves the glass.
+void bindHand(Form& form, PictureBox& control, PictureWidget* picture) {
+    // Looking is no deed.
+    const auto look = [&form, &control](const std::function<void()>& heard) {
+        if (form.inUse() && control.Enabled) form.happen(control, heard);
+    };
+    if (control.OnHover) {
+        picture->setMouseTracking(true);
+        picture->onHover = [&control, look](const Touch& at) { look([&] { control.OnHover(at); }); };
+    }
+    if (control.OnLeave) picture->onLeave = [&control, look] { look(control.OnLeave); };
+    if (control.OnSeize)
+        picture->onSeize = [&form, &control](const Touch& at) {
+            bool taken = false;
+            form.act(
+                control, [&] { taken = control.OnSeize(at); }, Deed::Kind::kDrag);
+            return taken;
+        };
+    if (control.OnDrag)
+        picture->onDrag = [&form, &control](const Touch& at) {
+            form.act(
+                control, [&] { control.OnDrag(at); }, Deed::Kind::kDrag);
+        };
+    if (control.OnRelease) picture->onLetGo = [&form, &control] { form.happen(control, control.OnRelease); };
+    if (control.OnKey)
+        picture->onKey = [&form, &control](const Picture_Key& key) {
+            form.act(
+                control, [&] { control.OnKey(key); }, Deed::Kind::kDrag);
+        };
+    if (control.Magnifies) picture->magnify();
+    picture->onGlass = [&control](const Glass& glass) { control.Through = glass; };
+    picture->onSize = [&form, &control](double across) {
+        control.Across = across;
+        if (control.OnPixel) form.happen(control, control.OnPixel);
+    };
+}
+
 QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     auto* picture = new PictureWidget(control.Drawing(), parent);
+    bindHand(form, control, picture);
     picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
         if (!control.OnMouseMove) return;
         form.act(
@@ -335,7 +373,13 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     picture->onDoubleClick = [&form, &control] {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
-    bind(form, control, picture, [picture, &control] { picture->setLines(control.Lines); });
+    bind(form, control, picture, [picture, &control, &form] {
+        picture->setLines(control.Lines);
+        picture->setLight(control.Lit);
+        picture->setGrip(control.Pointer);
+        picture->setKeys(control.Keys);
+        if (picture->setGlass(control.Through) && control.OnPixel) form.happen(control, control.OnPixel);
+    });
     return picture;
 }
 

@@ -451,6 +451,11 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
             break;
         case QEvent::ShortcutOverride:
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
+            if (const auto* picture = dynamic_cast<PictureWidget*>(widget);
+                picture && picture->takes(*static_cast<QKeyEvent*>(event))) {
+                event->accept();
+                return true;
+            }
             if (keepsKey(*found->second, *static_cast<QKeyEvent*>(event), walked_to_ == widget)) {
                 event->accept();
                 return true;

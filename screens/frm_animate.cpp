@@ -82,6 +82,7 @@ void frm_Animate::Write_Tips() {
     chk_Centrodes.Tip = "Show the fixed centrode in black, the moving one in red";
     chk_CouplerLines.Tip = "Show a line of the coupler through the coupler point at each step";
     txt_LineAngle.Tip = "Angle of the coupler lines to the coupler, degrees";
+    Picture1.Magnifies = true;
     Picture1.Tip = "The linkage at the present step, and its coupler curve";
     opt_Shift_Drag[0].Tip = "Shift-drag in the picture moves the coupler point";
     opt_Shift_Drag[1].Tip = "Shift-drag in the picture changes the length of the crank";

@@ -94,6 +94,7 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     DefaultButton = &cmd_Input;
     cmd_Input.Tip = "Enter a linkage and calculate it";
     cmd_Quit.Tip = "Leave the program";
+    Picture1.Magnifies = true;
     Picture1.Tip = "The present linkage and its coupler curve";
     Picture1.Visible = false;
     for (int flag = 0; flag <= 8; ++flag) lbl_Status[flag].Visible = false;
