@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "animation/drawing.h"
+#include "animation/shown.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
@@ -56,9 +57,11 @@ bool Hold_Frame() {
     return platform::The_Desktop().Pause(std::min<std::chrono::nanoseconds>(pause, kLongestFrame));
 }
 
+/// The position stays in the picture.
 void Draw_Still(int step, platform::Screen& form) {
     Model.PassColor = Model.PenColor;
     Drawsub(step, form);
+    Position_Shown(form, step);
 }
 
 /// One cycle of a run. Gives back whether there is to be another: not when the user has stopped it, and not when there
@@ -71,16 +74,21 @@ bool Play_Cycle(platform::Screen& form) {
         const bool goes_on = Drawone(step, form, stop);
         Model.PenColor = Model.DrawColor;
         if (stop) {
-            if (step > 0) Drawsub(step - 1, form);
-            break;
+            if (step == 0) break;
+            Drawsub(step - 1, form);
+            Position_Shown(form, step - 1);
+            return shown;
         }
         shown = true;
-        if (!goes_on || step == Model.LastStep) Draw_Still(step, form);
-        if (goes_on) continue;
+        if (goes_on && step != Model.LastStep) continue;
+        Draw_Still(step, form);
+        if (goes_on) return true;
         // As after a press of Step: the position stands, and the next one is the next to be shown.
         Model.CurrentStep = step + 1;
         return false;
     }
+    // What was drawn of the last positions that close is erased by now.
+    Nothing_Shown(form);
     return shown;
 }
 
@@ -195,11 +203,10 @@ void Animate(platform::Screen& form) {
         Animate_Setup(form);
         Model.CurrentStep = 0;
         Show_Readout(form, false);
-        platform::Surface& surface = form.Get<PictureBox>("Picture1").Canvas();
         const bool curve = Model.ShowCouplerFlag == "Y";
         bool goes_on = true;
         for (int cycle = 1; cycle <= Model.Cycles && goes_on; ++cycle) {
-            surface.Cls();
+            Show_Nothing(form);
             Drawpivots(form);
             Axes(form);
             if (curve) DrawCouplerCurve(form);
@@ -225,7 +232,9 @@ bool Drawone(int step, platform::Screen& form, bool& stop) {
                 return;
             }
             Drawsub(step, form);
-            if (pass == Model.DrawColor) goes_on = Hold_Frame();
+            if (pass != Model.DrawColor) continue;
+            Position_Shown(form, step, true);
+            goes_on = Hold_Frame();
         }
         if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
@@ -270,6 +279,7 @@ void DrawLinkage(platform::Screen& form, int step) {
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
         Drawpivots(form);
         Axes(form);
+        Position_Shown(form, step);
     });
 }
 

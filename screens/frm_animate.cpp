@@ -6,6 +6,7 @@
 #include <string>
 
 #include "animation/engine.h"
+#include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -252,7 +253,7 @@ void frm_Animate::Show_Initial_Panel() {
 void frm_Animate::Lock_Run_Buttons() {
     Transform_Dropped();
     Refresh_Status();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
     for (auto* button : {&cmd_Animate, &cmd_Step, &cmd_Reset, &cmd_Done, &cmd_PlotPrint}) {
         button->Enabled = false;
         button->Tip = "Recalculate first";

@@ -7,6 +7,7 @@
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -25,6 +26,7 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     File_Entries Files{*this, [this] { Take_Typed(); }};
     Edit_Menu edit{*this};
+    View_Menu view{*this};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};

@@ -6,6 +6,7 @@
 
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -111,6 +112,7 @@ class frm_HomeScreen : public platform::Screen {
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};
+    View_Menu view{*this};
 
     Button cmd_Input{*this, "cmd_Input", "&Input"};
     Button cmd_Animate{*this, "cmd_Animate", "&Animate"};

@@ -7,6 +7,7 @@
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
 #include "screens/linkage_screen.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -41,6 +42,7 @@ class frm_Inputnew : public Linkage_Screen {
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     File_Entries Files{*this, [this] { Settle(); }};
     Edit_Menu edit{*this};
+    View_Menu view{*this};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "animation/engine.h"
+#include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
@@ -79,7 +80,7 @@ void frm_Inputnew::Form_Activate() {
             const Kept_Torque torque;
             cmd_Calc_Click();
             torque.Put_Back();
-            Picture1.Canvas().Cls();
+            Show_Nothing(*this);
         }
         Label_Mode();
         txt_Figure.Text = Shown_Title();
@@ -111,7 +112,7 @@ void frm_Inputnew::Show_Model() {
         Fill();
         txt_Figure.Text = Shown_Title();
         Disable_Ways_On();
-        Picture1.Canvas().Cls();
+        Show_Nothing(*this);
         if (Model.RunStands) {
             Stepping = true;
             Model.CurrentStep = 0;
@@ -189,7 +190,7 @@ void frm_Inputnew::Disable_Ways_On() {
 void frm_Inputnew::Invalidate() {
     Forces_Dropped();
     Disable_Ways_On();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 // Boxes.
@@ -220,7 +221,7 @@ void frm_Inputnew::Settle() {
 void frm_Inputnew::After_Change() {
     if (AutoCalc) return cmd_Calc_Click();
     if (!Model.RunStands) Disable_Ways_On();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 void frm_Inputnew::txt_Linkout_Change(int Index) {
@@ -517,7 +518,7 @@ void frm_Inputnew::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
 
 void frm_Inputnew::Timer1_Timer() {
     Timer1.Enabled = false;
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 // Other screens.
