@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 #include "animation/drawing.h"
 #include "animation/shown.h"
@@ -30,7 +31,14 @@ constexpr platform::Color Packed(int red, int green, int blue) { return red + 25
 
 int Sign_Of(double value) { return (value > 0) - (value < 0); }
 
+/// Whose windows are held; a screen may be there several times.
+std::vector<const platform::Screen*>& Held() {
+    static std::vector<const platform::Screen*> held;
+    return held;
+}
+
 bool Autoscaling(platform::Screen& form) {
+    if (std::ranges::find(Held(), &form) != Held().end()) return false;
     bool ticked = false;
     With<CheckBox>(form, "chk_autoscale", platform::kNoIndex, [&](CheckBox& box) { ticked = box.Value; });
     return ticked;
@@ -106,6 +114,10 @@ void Set_Palette() {
     Model.ColorPurple = Packed(128, 0, 128);
     Model.ColorGray = Packed(128, 128, 128);
 }
+
+Held_Window::Held_Window(const platform::Screen& form) : form_(form) { Held().push_back(&form); }
+
+Held_Window::~Held_Window() { Held().erase(std::ranges::find(Held(), &form_)); }
 
 void Autoscale() {
     Guarded("Autoscale", [] {

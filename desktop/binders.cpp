@@ -373,11 +373,11 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     picture->onDoubleClick = [&form, &control] {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
-    bind(form, control, picture, [picture, &control, &form] {
+    bind(form, control, picture, [picture, &control, &form, keys = std::string()]() mutable {
         picture->setLines(control.Lines);
         picture->setLight(control.Lit);
         picture->setGrip(control.Pointer);
-        picture->setKeys(control.Keys);
+        if (keys != control.Keys.Get()) picture->setKeys(keys = control.Keys);
         if (picture->setGlass(control.Through) && control.OnPixel) form.happen(control, control.OnPixel);
     });
     return picture;

@@ -33,6 +33,8 @@ int heldKeys(Qt::KeyboardModifiers keys) {
     return (keys & Qt::ShiftModifier ? 1 : 0) + (keys & Qt::ControlModifier ? 2 : 0) + (keys & Qt::AltModifier ? 4 : 0);
 }
 
+bool holding(Qt::MouseButtons buttons) { return bool(buttons & (Qt::LeftButton | Qt::MiddleButton)); }
+
 bool apart(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()) > kTremble; }
 
 }  // namespace
@@ -88,9 +90,13 @@ void PictureWidget::showGrip() {
 
 void PictureWidget::setKeys(const std::string& keys) { keys_ = sequences(keys); }
 
+bool PictureWidget::tells(const QKeyEvent& event) const {
+    const auto held = event.modifiers() & ~Qt::KeypadModifier;
+    return keys_.contains(QKeySequence(QKeyCombination(held, static_cast<Qt::Key>(event.key()))));
+}
+
 bool PictureWidget::takes(const QKeyEvent& event) const {
-    const QKeySequence key(event.key());
-    if (keys_.contains(key)) return true;
+    if (tells(event)) return true;
     if (!magnifies_) return false;
     switch (event.key()) {
         case Qt::Key_PageUp:
@@ -127,7 +133,8 @@ Touch PictureWidget::touchAt(QPointF at, Qt::KeyboardModifiers keys) const {
 // A press is where a drag begins: it counts as the first move, so that a click alone takes a joint to its place.
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
     event->accept();
-    if (area().isEmpty()) return;
+    // A second button while one holds something does nothing.
+    if (area().isEmpty() || (held_ != Held::kNothing && holding(event->buttons() & ~event->button()))) return;
     letGo();
     pressed_ = last_ = event->position();
     moves_ = false;
@@ -160,13 +167,14 @@ void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (held_ != Held::kNothing && holding(event->buttons())) return;
     const bool moved = held_ == Held::kPicture && moves_;
     letGo();
     if (onRelease) onRelease();
     if (onHover && !area().isEmpty() && event->buttons() == Qt::NoButton)
         onHover(touchAt(event->position(), event->modifiers()));
     if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks()) {
-        if (!magnifies_) QWidget::mouseReleaseEvent(event);
+        if (!moved) QWidget::mouseReleaseEvent(event);
         return;
     }
     if (!std::exchange(was_double_, false) && !moved && onClick && rect().contains(event->position().toPoint()))
@@ -253,11 +261,11 @@ bool PictureWidget::glassKey(const QKeyEvent& event) {
 
 void PictureWidget::keyPressEvent(QKeyEvent* event) {
     if (!takes(*event) || area().isEmpty()) return QWidget::keyPressEvent(event);
-    const QKeySequence key(event->key());
-    if (!keys_.contains(key)) {
+    if (!tells(*event)) {
         glassKey(*event);
     } else if (onKey) {
-        onKey({fromQt(key.toString(QKeySequence::PortableText)), heldKeys(event->modifiers()), pixel()});
+        const QString name = QKeySequence(event->key()).toString(QKeySequence::PortableText);
+        onKey({fromQt(name), heldKeys(event->modifiers()), pixel()});
     }
 }
 

@@ -254,7 +254,9 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     }
     paintLines(painter);
     if (on_screen) paintLight(painter);
-    painter.setPen(QPen(borderColor(palette()), 1));
+    // Who came here by the keys sees it.
+    const bool chosen = on_screen && magnifies_ && hasFocus();
+    painter.setPen(QPen(chosen ? palette().color(QPalette::Highlight) : borderColor(palette()), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));
 }

@@ -114,6 +114,7 @@ class PictureWidget : public QWidget {
     void handGlass(const platform::Glass& glass);
     void zoomAt(double by, QPointF at);
     void moveBy(QPointF pixels);
+    bool tells(const QKeyEvent& event) const;
     bool glassKey(const QKeyEvent& event);
     bool gesture(QEvent* event);
     bool nativeGesture(const QNativeGestureEvent& event);

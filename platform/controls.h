@@ -294,7 +294,7 @@ struct Touch {
     double pixel = 0;     ///< how much of the world one logical pixel is, as magnified
 };
 
-/// A key on a picture: its name as `Shortcut` has it, without the keys that are held.
+/// A key on a picture: its name as `Shortcut` has it, but for the keys that are held with it.
 struct Picture_Key {
     std::string key;
     int keys = 0;
@@ -342,7 +342,7 @@ class PictureBox : public Visual {
     std::function<void()> OnRelease;
     Property<Grip> Pointer{*this, Grip::kArrow};
     Property<std::optional<Light>> Lit{*this, std::nullopt};
-    /// Keys that it takes while it has the focus, with whatever of shift, control and alt is held.
+    /// Keys that it takes while it has the focus, as `Shortcut` has them.
     Property<std::string> Keys{*this, ""};
     std::function<void(const Picture_Key&)> OnKey;
 

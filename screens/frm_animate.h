@@ -1,11 +1,14 @@
 // The animate screen: the linkage moves, joints are dragged, and links are changed beside the picture.
 #pragma once
 
+#include <functional>
+
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
 #include "screens/view_menu.h"
 
@@ -107,9 +110,12 @@ class frm_Animate : public Linkage_Screen {
     void mnu_Redraw_Click();
     void mnu_Help_Click();
     void Timer1_Timer();
-    /// Shift-drag: the target's length follows the mouse, and the whole run is solved anew. X and Y are world
-    /// coordinates of the picture, Y as drawn.
+    /// Shift-drag: the target's length follows the mouse, measured at the position in the picture, and the whole run is
+    /// solved anew. X and Y are world coordinates of the picture, Y as drawn.
     void Picture1_MouseMove(int Button, int Shift, double X, double Y);
+
+    void Run_Dragged(int step) override;
+    void Show_Dragged(int step) override;
 
    private:
     void Bind();
@@ -122,13 +128,16 @@ class frm_Animate : public Linkage_Screen {
     void Show_Settings();
     void Zoom(double factor);
     void Leave();
-    void Drag(Single x, Single y);
+    void Drag(double X, double Y);
 
     void Lock_Run_Buttons();
     void Unlock_Run_Buttons();
     void Recalculate();
+    void Solve();
+    void Settle_Run(const std::function<void()>& show);
     void Show_Initial_Panel();
 
+    Joint_Hand joints{*this, Picture1};
     bool StepLock = false;       ///< after the first step `hsc_step` follows its thumb alone
     bool ShowInitial = true;     ///< the run is generated: its limits are shown
     bool ShowCamDriven = false;  ///< the run is imported: its file is told instead

@@ -6,6 +6,7 @@
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
 #include "screens/view_menu.h"
 
@@ -121,6 +122,9 @@ class frm_Inputnew : public Linkage_Screen {
     void mnu_Calculations_Click();
     void Timer1_Timer();
 
+    void Run_Dragged(int step) override;
+    void Show_Dragged(int step) override;
+
    private:
     void Write_Tips();
     void Bind_Boxes();
@@ -153,6 +157,7 @@ class frm_Inputnew : public Linkage_Screen {
     void Show_Ways_On();
     void Fill();
 
+    Joint_Hand joints{*this, Picture1};
     bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
     bool AutoCalc = true;   ///< `chk_autocalc` is ticked
 };

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "animation/engine.h"
 #include "animation/shown.h"
@@ -66,6 +67,7 @@ class Kept_Torque {
 void frm_Inputnew::Form_Activate() {
     Guarded("frm_Input.Form_Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        joints.Let_Go();
         Timer1.Enabled = true;
         Model.InputScreenOpen = true;
         Run_Held_Back();
@@ -230,9 +232,11 @@ void frm_Inputnew::txt_Linkout_Change(int Index) {
 
 void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
     if (!txt_Linkout[Index].Touched()) return;
+    joints.Typed(Index);
     Get_Linkage_Geometry(*this);
     Model.LinkEdited = true;
     After_Change();
+    joints.Typed_Taken();
 }
 
 void frm_Inputnew::txt_initial_LostFocus(int Index) {
@@ -472,6 +476,34 @@ void frm_Inputnew::Show_Step() {
     Model.ShowCouplerLinesFlag = "N";
     Step_Setup(*this, Stepping);
     Stepping = false;
+}
+
+void frm_Inputnew::Run_Dragged(int step) {
+    Run_Unasked(Model);
+    const bool several = Model.Calctype != 1;
+    Allow_Time_Steps();
+    if (Model.RunStands) {
+        hsc_step.SetMax(Model.NSteps);
+        Show_Dragged(step);
+        if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
+        Model.ScreenReturn = true;
+    } else {
+        Show_Nothing(*this);
+    }
+    cmd_Done.Enabled = Model.RunStands;
+    cmd_Animate.Enabled = cmd_Step.Enabled = Model.RunStands && several;
+    Refresh_Status();
+    Set_Menus();
+}
+
+void frm_Inputnew::Show_Dragged(int step) {
+    const bool stepping = std::exchange(Stepping, true);
+    Model.ShowCouplerLinesFlag = "N";
+    Integer shown = step;
+    Step(*this, shown);
+    hsc_step.SetValue(step);
+    Stepping = stepping;
+    Model.CurrentStep = Model.Calctype > 1 ? step + 1 : 0;
 }
 
 void frm_Inputnew::Show_First_Step() { Step_Reset(*this); }

@@ -107,6 +107,8 @@ void Linkage_Screen::opt_Polar_Click(int Index) {
     for (int box : {15, 16}) txt_Linkout[box].BackColor = polar ? Model.ColorCyan : Model.ColorYellow;
 }
 
+bool Linkage_Screen::Held(int /*box*/) const { return false; }
+
 void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
 
 bool Linkage_Screen::Take_Circuit(int Index) {

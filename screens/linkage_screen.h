@@ -1,9 +1,11 @@
 // What the input and animate screens share: the linkage as boxes and options, beside its picture.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/number.h"
+#include "core/record/geometry.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -60,6 +62,17 @@ class Linkage_Screen : public platform::Screen {
     void opt_Shift_Drag_Click(int Index);
     virtual void opt_OpenCross_Click(int Index) = 0;
     virtual void txt_Linkout_LostFocus(int Index) = 0;
+
+    // For the hand on the joints.
+
+    /// Whether the box of `txt_Linkout` with that index keeps its value in a drag.
+    bool Held(int box) const;
+    /// Makes the run of the linkage in hand anew, without a word about what does not close, and shows that position.
+    virtual void Run_Dragged(int step) = 0;
+    /// Shows a position of the run that stands, with the bar.
+    virtual void Show_Dragged(int step) = 0;
+    /// A drag has asked for a linkage that does not close at that step; the one before it stands.
+    std::function<void(const Geometry& refused, int step)> OnRefused;
 
    protected:
     /// Targets of a shift-drag, as `ShiftDragTarget` has them.

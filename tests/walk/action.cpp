@@ -71,6 +71,13 @@ std::string Call_Of(const Action& a) {
                    std::to_string(a.buttons) + ", " + std::to_string(a.keys) + ")";
         case Deed::kPicture: return "Click_Picture" + on + last;
         case Deed::kDoublePicture: return "Double_Picture" + on + last;
+        case Deed::kHover: return "Hover" + on + ", " + Short(a.x) + ", " + Short(a.y) + ")";
+        case Deed::kHaul:
+            return "Haul" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + Short(a.to_x) + ", " + Short(a.to_y) +
+                   ", " + std::to_string(a.keys) + ")";
+        case Deed::kGlass:
+            return "Turn_Wheel" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + std::to_string(a.value) + ")";
+        case Deed::kOnPicture: return "On_Picture" + on + ", " + Quoted(a.text) + ")";
         case Deed::kScreen: return "Click(" + Quoted(a.screen) + ")";
         case Deed::kClose: return "Close(" + Quoted(a.screen) + ")";
         case Deed::kPulse: return "Pulse" + on + ")";
@@ -149,6 +156,25 @@ Action Click_Picture(std::string screen, std::string picture, int index) {
 }
 Action Double_Picture(std::string screen, std::string picture, int index) {
     return {Deed::kDoublePicture, screen, picture, index};
+}
+Action Hover(std::string screen, std::string picture, double x, double y) {
+    return {.deed = Deed::kHover, .screen = screen, .control = picture, .x = x, .y = y};
+}
+Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys) {
+    return {.deed = Deed::kHaul,
+            .screen = screen,
+            .control = picture,
+            .x = x,
+            .y = y,
+            .keys = keys,
+            .to_x = to_x,
+            .to_y = to_y};
+}
+Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches) {
+    return {.deed = Deed::kGlass, .screen = screen, .control = picture, .value = notches, .x = x, .y = y};
+}
+Action On_Picture(std::string screen, std::string picture, std::string key) {
+    return {.deed = Deed::kOnPicture, .screen = screen, .control = picture, .text = key};
 }
 Action Click(std::string screen) { return {Deed::kScreen, screen}; }
 Action Close(std::string screen) { return {Deed::kClose, screen}; }

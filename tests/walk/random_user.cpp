@@ -7,6 +7,7 @@
 #include "core/numeric.h"
 #include "core/text.h"
 #include "platform/guard.h"
+#include "screens/joint_drag.h"
 #include "tests/walk/hand.h"
 #include "tests/walk/users.h"
 
@@ -108,6 +109,7 @@ bool May_Look(const Screen& top, const Action& action) {
               "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
             if (name.starts_with(looking)) return true;
     }
+    if (action.deed == Deed::kHover || action.deed == Deed::kGlass) return true;
     if (action.deed == Deed::kDrop)
         return top.Name() == "frm_HomeScreen" && std::ranges::count(Places::Foreign(), action.text) > 0;
     // A table of torques that is not taken leaves its box as it was.
@@ -227,9 +229,33 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
 }
 
 void Random_User::Add_Picture(Choices& choices, const Screen& top, const PictureBox& box) {
+    const std::string &screen = top.Name(), &name = box.Name();
     if (box.OnMouseMove) choices.push_back({Mouse_Over(top, box), 6});
+    if (box.Magnifies) {
+        const auto [x, y] = Somewhere(box);
+        choices.push_back({Turn_Wheel(screen, name, x, y, Below(9) - 4), 0.5});
+        const double far = Chance(0.7) ? 0.1 : 0.5;
+        const auto off = [&] { return far * (Below(201) - 100) / 100; };
+        choices.push_back(
+            {Haul(screen, name, x, y, x + off(), y + off(), Any<int>({0, 0, 0, 0, 2, 4, 1})), box.OnSeize ? 6.0 : 0.3});
+        if (box.OnHover) choices.push_back({Hover(screen, name, x, y), 0.7});
+        const std::vector<std::string> keys = Single_Keys(box.Keys);
+        // With a joint in the hand there is more to do.
+        if (!keys.empty()) choices.push_back({On_Picture(screen, name, Any(keys)), box.Lit.Get() ? 8.0 : 1.0});
+    }
     if (box.OnClick) choices.push_back({Click_Picture(top.Name(), box.Name(), box.Index()), 0.3});
     if (box.OnDblClick) choices.push_back({Double_Picture(top.Name(), box.Name(), box.Index()), 0.3});
+}
+
+std::pair<double, double> Random_User::Somewhere(const PictureBox& box) {
+    const Joint joint = kJoints[Below(4)];
+    const auto* bar = box.Owner().FindAs<ScrollBar>("hsc_step");
+    const auto place = bar && Model.RunStands ? Place_Of(joint, Model, bar->Value()) : std::nullopt;
+    if (!place || Chance(0.2)) return {Below(1001) / 1000.0, Below(1001) / 1000.0};
+    const Picture& drawing = box.Drawing();
+    const Glass& glass = box.Through;
+    return {glass.Seen_Across((place->x - drawing.Left()) / (drawing.Right() - drawing.Left())),
+            glass.Seen_Down((Model.FlipSum - place->y - drawing.Top()) / (drawing.Bottom() - drawing.Top()))};
 }
 
 Action Random_User::Mouse_Over(const Screen& top, const PictureBox& box) {

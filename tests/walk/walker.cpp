@@ -140,6 +140,7 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     done_.push_back(action);
     done_.back().replies.clear();
     pending_.Note(top, action);
+    const bool typing = pending_.Any_In_Hand(top);
     Action here = action;
     if (here.deed == Deed::kDrop) here.text = places_.Path(here.text);
     // Pressing a button leaves the box that is being typed into, and takes it over; and what a timer does that has yet
@@ -162,6 +163,13 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     }
     told_last_ = std::move(frames_.back().told);
     frames_.pop_back();
+    // What cannot be followed is not followed, and nobody is asked.
+    constexpr int kShift = 1;
+    if (action.deed == Deed::kHaul && action.keys != kShift && !typing)
+        Broken("hauling", [&]() -> Found {
+            if (told_last_.empty()) return {};
+            return Finding{"hauling", top.Name(), "a drag of a joint says: " + told_last_.front().message.text};
+        });
 }
 
 const std::vector<Reply>& Walker::Given_So_Far() const {

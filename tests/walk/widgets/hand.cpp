@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QUrl>
+#include <QWheelEvent>
 #include <algorithm>
 #include <vector>
 
@@ -81,6 +82,44 @@ void Move_Mouse(desktop::PictureWidget& picture, const Action& action) {
     if (buttons != Qt::NoButton) picture.setFocus(Qt::MouseFocusReason);
     QMouseEvent move(QEvent::MouseMove, at, picture.mapToGlobal(at), Qt::NoButton, buttons, keys);
     QApplication::sendEvent(&picture, &move);
+}
+
+QPointF Place_On(const desktop::PictureWidget& picture, double x, double y) {
+    const QRectF place = picture.area();
+    return {place.x() + x * place.width(), place.y() + y * place.height()};
+}
+
+void Send_Mouse(desktop::PictureWidget& picture, QEvent::Type type, QPointF at, Qt::MouseButtons buttons, int held) {
+    Qt::KeyboardModifiers keys;
+    if (held & 1) keys |= Qt::ShiftModifier;
+    if (held & 2) keys |= Qt::ControlModifier;
+    if (held & 4) keys |= Qt::AltModifier;
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, picture.mapToGlobal(at), button, buttons, keys);
+    QApplication::sendEvent(&picture, &event);
+}
+
+void Haul_Over(desktop::PictureWidget& picture, const Action& a) {
+    picture.setFocus(Qt::MouseFocusReason);
+    const QPointF from = Place_On(picture, a.x, a.y), to = Place_On(picture, a.to_x, a.to_y);
+    Send_Mouse(picture, QEvent::MouseButtonPress, from, Qt::LeftButton, a.keys);
+    for (const double part : {0.3, 0.7, 1.0})
+        Send_Mouse(picture, QEvent::MouseMove, from + part * (to - from), Qt::LeftButton, a.keys);
+    Send_Mouse(picture, QEvent::MouseButtonRelease, to, Qt::NoButton, a.keys);
+}
+
+void Turn_Wheel_Over(desktop::PictureWidget& picture, const Action& a) {
+    const QPointF at = Place_On(picture, a.x, a.y);
+    QWheelEvent event(at, picture.mapToGlobal(at), {}, {0, 120 * a.value}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&picture, &event);
+}
+
+void Press_On(desktop::PictureWidget& picture, const std::string& keys) {
+    picture.setFocus(Qt::TabFocusReason);
+    if (!picture.hasFocus()) return;
+    const QKeyCombination key = QKeySequence::fromString(desktop::toQt(keys), QKeySequence::PortableText)[0];
+    QTest::keyClick(&picture, key.key(), key.keyboardModifiers());
 }
 
 /// The widget or menu entry of the action's control as what it is.
@@ -153,6 +192,19 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
         case Deed::kDoublePicture:
             With_Widget<QWidget>(form, action, [](auto& box) { QTest::mouseDClick(&box, Qt::LeftButton); });
             return QCoreApplication::processEvents();
+        case Deed::kHover:
+            return With_Widget<desktop::PictureWidget>(form, action, [&](auto& picture) {
+                Send_Mouse(picture, QEvent::MouseMove, Place_On(picture, action.x, action.y), Qt::NoButton, 0);
+            });
+        case Deed::kHaul:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Haul_Over(picture, action); });
+        case Deed::kGlass:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Turn_Wheel_Over(picture, action); });
+        case Deed::kOnPicture:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Press_On(picture, action.text); });
         case Deed::kScreen: return QTest::mouseClick(&form, Qt::LeftButton, {}, {3, form.height() - 3});
         case Deed::kClose: form.close(); return;
         case Deed::kPulse: return Wait_For_Pulse(*Timer_Of(action));
