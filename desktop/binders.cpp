@@ -26,6 +26,7 @@
 #include "desktop/grid_widget.h"
 #include "desktop/keys.h"
 #include "desktop/line_box.h"
+#include "desktop/lock_widget.h"
 #include "desktop/pace.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
@@ -34,6 +35,7 @@
 #include "platform/deed.h"
 #include "platform/graph.h"
 #include "platform/grid.h"
+#include "platform/lock.h"
 
 namespace verlink::desktop {
 
@@ -200,12 +202,7 @@ QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
     return button;
 }
 
-QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
-    auto* box = new QCheckBox(parent);
-    bind(form, control, box, [box, &control] {
-        setIfOther(box, toQt(control.Caption));
-        if (box->isChecked() != control.Value) box->setChecked(control.Value);
-    });
+void connectTick(Form& form, CheckBox& control, QCheckBox* box) {
     QObject::connect(box, &QCheckBox::clicked, box, [&form, &control] {
         form.act(control, [&] {
             control.SetFocus();
@@ -213,7 +210,26 @@ QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
         });
         control.Notify();
     });
+}
+
+QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
+    auto* box = new QCheckBox(parent);
+    bind(form, control, box, [box, &control] {
+        setIfOther(box, toQt(control.Caption));
+        if (box->isChecked() != control.Value) box->setChecked(control.Value);
+    });
+    connectTick(form, control, box);
     return box;
+}
+
+QWidget* make(Form& form, Lock& control, QWidget* parent) {
+    auto* lock = new LockWidget(parent);
+    bind(form, control, lock, [lock, &control] {
+        lock->setAccessibleName(toQt(control.Caption));
+        if (lock->isChecked() != control.Value) lock->setChecked(control.Value);
+    });
+    connectTick(form, control, lock);
+    return lock;
 }
 
 /// The mouse on the line of a combo box.
@@ -462,6 +478,7 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* box = dynamic_cast<TextBox*>(&control)) return make(form, *box, parent);
     if (auto* button = dynamic_cast<CommandButton*>(&control)) return make(form, *button, parent);
     if (auto* option = dynamic_cast<OptionButton*>(&control)) return make(form, *option, parent);
+    if (auto* lock = dynamic_cast<Lock*>(&control)) return make(form, *lock, parent);
     if (auto* tick = dynamic_cast<CheckBox*>(&control)) return make(form, *tick, parent);
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) return make(form, *combo, parent);
     if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);

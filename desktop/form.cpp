@@ -21,6 +21,7 @@
 
 #include "desktop/binders.h"
 #include "desktop/file_drops.h"
+#include "desktop/fold.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
 #include "desktop/keys.h"
@@ -98,9 +99,12 @@ Form::Form(Screen& screen) : screen_(screen) {
     screen_.ShapeWatcher() = [this] { applyShape(); };
     screen_.FocusWatcher = [this](Control* control) {
         auto* widget = qobject_cast<QWidget*>(control ? objectOf(*control) : nullptr);
-        if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+        if (!widget || widget->hasFocus()) return;
+        unfoldAround(widget);
+        widget->setFocus(Qt::OtherFocusReason);
     };
     showCaption();
+    for (FoldHandle* handle : foldsOf(this)) handle->takeKept();
     if (QPushButton* button = buttonOf(screen_.DefaultButton)) button->setDefault(true);
     if (screen_.OnDrop) new FileDrops(*this);
 }
@@ -240,6 +244,11 @@ PictureWidget* Form::picture(const char* name, int index) {
     auto* found = dynamic_cast<PictureWidget*>(widget(name, index));
     if (!found) qFatal("%s of %s is not a picture", name, screen_.Name().c_str());
     return found;
+}
+
+QWidget* Form::walkTo(QWidget* widget) {
+    order_.push_back(widget);
+    return widget;
 }
 
 std::vector<std::string> Form::unplaced() const {

@@ -42,6 +42,8 @@ class Form : public QMainWindow {
     }
     FrameBox* frame(const char* name, int index = platform::kNoIndex);
     PictureWidget* picture(const char* name, int index = platform::kNoIndex);
+    /// A widget that is no control's and has its turn in the tab order all the same.
+    QWidget* walkTo(QWidget* widget);
     /// Does the screen declare it?
     bool has(const char* name, int index = platform::kNoIndex) const;
 

@@ -52,6 +52,12 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
     for (const auto& box : txt_Linkout)
         Reads_As(*box, Model, box->Index() == 5 || box->Index() == 6 ? Quantity::kAngle : Quantity::kLength);
+    chk_Lock.On(&platform::CheckBox::OnClick, [this](int i) { chk_Lock_Click(i); });
+    // As they were set on the other screen.
+    for (const platform::Screen* other : platform::Screens::Made())
+        for (const auto& lock : chk_Lock)
+            if (const auto* set = other->FindAs<platform::Lock>("chk_Lock", lock->Index())) lock->Value = set->Value;
+    Tell_Locks();
     key_Before.OnPress = [this] { Step_By(-1); };
     key_After.OnPress = [this] { Step_By(1); };
 }
@@ -107,7 +113,19 @@ void Linkage_Screen::opt_Polar_Click(int Index) {
     for (int box : {15, 16}) txt_Linkout[box].BackColor = polar ? Model.ColorCyan : Model.ColorYellow;
 }
 
-bool Linkage_Screen::Held(int /*box*/) const { return false; }
+void Linkage_Screen::chk_Lock_Click(int Index) {
+    for (const platform::Screen* other : platform::Screens::Made())
+        if (auto* lock = other->FindAs<platform::Lock>("chk_Lock", Index)) lock->Value = chk_Lock[Index].Value;
+    Tell_Locks();
+}
+
+void Linkage_Screen::Tell_Locks() {
+    for (const auto& lock : chk_Lock)
+        lock->Tip = lock->Value ? "Locked: no drag changes this value; press to unlock it"
+                                : "Lock this value, so that no drag changes it";
+}
+
+bool Linkage_Screen::Held(int box) const { return Get<platform::Lock>("chk_Lock", box).Value; }
 
 void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
 

@@ -6,6 +6,7 @@
 
 #include "core/number.h"
 #include "core/record/geometry.h"
+#include "platform/lock.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -37,6 +38,19 @@ class Linkage_Screen : public platform::Screen {
     /// The angle unit, beside `txt_Linkout`(5) and (6)
     platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
 
+    /// At the side of `txt_Linkout` of the same index: no drag changes what stands there. Both screens have them alike.
+    platform::ControlArray<platform::Lock> chk_Lock{*this,
+                                                    "chk_Lock",
+                                                    {{1, "Lock link 2"},
+                                                     {2, "Lock link 3"},
+                                                     {3, "Lock link 4"},
+                                                     {4, "Lock the distance to the coupler point"},
+                                                     {5, "Lock the angle to the coupler point"},
+                                                     {0, "Lock the length of link 1"},
+                                                     {6, "Lock the angle of link 1"},
+                                                     {15, "Lock x of O4"},
+                                                     {16, "Lock y of O4"}}};
+
     // The ground link, in one of two forms.
     platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
     platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
@@ -54,6 +68,9 @@ class Linkage_Screen : public platform::Screen {
     platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
         *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
 
+    /// Under the picture: what cannot be, and what would do, for the position shown or for what was refused.
+    platform::Label lbl_Why{*this, "lbl_Why"};
+
     /// The position before the one shown and the one after it; beyond either end stands the other.
     platform::Shortcut key_Before{*this, "key_Before", "Left"};
     platform::Shortcut key_After{*this, "key_After", "Right"};
@@ -62,6 +79,7 @@ class Linkage_Screen : public platform::Screen {
     void opt_Shift_Drag_Click(int Index);
     virtual void opt_OpenCross_Click(int Index) = 0;
     virtual void txt_Linkout_LostFocus(int Index) = 0;
+    void chk_Lock_Click(int Index);
 
     // For the hand on the joints.
 
@@ -100,6 +118,7 @@ class Linkage_Screen : public platform::Screen {
     void Show_Choices();
     /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.
     bool Take_Circuit(int Index);
+    void Tell_Locks();
     /// The title of the model in its box.
     static std::string Shown_Title();
 };
