@@ -31,8 +31,7 @@ double Gap(const Links& links, double degrees) {
 
 /// The cosine of the crank angle at which the gap is that; between -1 and 1 but for roundings, or none.
 std::optional<double> Cosine_At(const Links& links, double gap) {
-    const double cosine =
-        (links.L1 * links.L1 + links.L2 * links.L2 - gap * gap) / (2 * links.L1 * links.L2);
+    const double cosine = (links.L1 * links.L1 + links.L2 * links.L2 - gap * gap) / (2 * links.L1 * links.L2);
     if (!(std::fabs(cosine) <= 1 + kRounding)) return {};
     return std::clamp(cosine, -1.0, 1.0);
 }

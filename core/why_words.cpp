@@ -1,6 +1,7 @@
 // Sentences about what closes and what does not.
 #include "core/why_words.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace verlink {
 namespace {
 
 constexpr double kNearToggle = 10, kPoorTransmission = 40;
-constexpr int kCamDriven = 4, kTimeSteps = 2, kOnePosition = 1;
+constexpr int kOnePosition = 1, kTimeSteps = 2, kCamDriven = 4;
 constexpr const char* kNames[] = {"Link 1", "Link 2 (Crank)", "Link 3 (Coupler)", "Link 4 (Rocker)"};
 
 std::string Degrees(double angle, int decimals = 1) { return FNRoundStr(angle, decimals) + " deg"; }
@@ -136,8 +137,10 @@ std::vector<double> Angles_Of_Run(const LinkageModel& model) {
         const double t = model.TimeStart + step * model.TimeStep, drive = model.RunTable.DriveTheta(step);
         if (model.Calctype == kTimeSteps)
             angles.push_back((model.Alpha2 * t * t / 2 + model.Omega2Input * t) * kRadToDeg + model.ThetaZero);
-        else if (model.Calctype < kCamDriven)
+        else if (model.Calctype < kCamDriven && model.Omega2Input > 0)
             angles.push_back(std::min<double>(model.ThetaStart + step * model.ThetaStep, model.ThetaEnd));
+        else if (model.Calctype < kCamDriven)
+            angles.push_back(std::max<double>(model.ThetaEnd - step * model.ThetaStep, model.ThetaStart));
         else if (model.Calctype == kCamDriven)
             angles.push_back(model.CamDirection * drive + model.CamPhase + model.ThetaZero - model.Delta2 +
                              model.Link1Angle);
@@ -218,8 +221,7 @@ std::string Why_Not_Followed(const LinkageModel& model, const Geometry& wished, 
     std::string words = "Not followed: ";
     const int link = Changed_Link(model, wished);
     const auto would_do = link == 0 ? std::nullopt : Nearest_Length(telling.links(), local, link);
-    if (link != 0)
-        words += "with " + telling.Length(telling.links().Of(link)) + " of link " + Text_Of(link) + " ";
+    if (link != 0) words += "with " + telling.Length(telling.links().Of(link)) + " of link " + Text_Of(link) + " ";
     words += "coupler and rocker cannot meet " + Telling::At(shown);
     return words + (would_do ? "; " + telling.Length(*would_do) + " would do." : ".");
 }

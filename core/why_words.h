@@ -11,10 +11,12 @@ namespace verlink {
 struct LinkageModel;
 
 // Lengths are told in the shown unit; crank angles in the frame and on the turn of the read-out Theta2, global and in
-// degrees. An angle "that closes" is rounded to the side on which it does. Texts are empty where there is nothing to say.
+// degrees. An angle "that closes" is rounded to the side on which it does. Texts are empty where there is nothing to
+// say.
 
-/// Of a position of the run: how it cannot close and where the nearest one does; else how near a toggle it is, within 10
-/// degrees, and its transmission angle under 40. Of a run that was ended at a position that does not close: of that one.
+/// Of a position of the run: how it cannot close and where the nearest one does; else how near a toggle it is, within
+/// 10 degrees, and its transmission angle under 40. Of a run that was ended at a position that does not close: of that
+/// one.
 std::string Why_Shown(const LinkageModel& model, int step);
 
 /// While no position can be shown: what length would do for a linkage that closes nowhere, or nowhere in its run.

@@ -26,8 +26,7 @@ bool turns(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || ke
 void keepOnDisplay(QWidget* window) {
     const QRect display = window->screen()->availableGeometry();
     const int beyond = window->x() + window->frameGeometry().width() - display.right() - 1;
-    if (beyond > 0 && !window->isMaximized())
-        window->move(std::max(display.left(), window->x() - beyond), window->y());
+    if (beyond > 0 && !window->isMaximized()) window->move(std::max(display.left(), window->x() - beyond), window->y());
 }
 
 }  // namespace

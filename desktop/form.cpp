@@ -351,12 +351,28 @@ void Form::takePlace(bool size_changed) {
     at_kept_place_ = !placed_ && takeKeptPlace(*this, least);
     placed_ = placed_ || at_kept_place_;
     if (at_kept_place_) return;
-    if (size_changed) resize(wish.boundedTo(most).expandedTo(least));
+    if (size_changed) resize(roomForHero(wish.boundedTo(most).expandedTo(least)).boundedTo(most.expandedTo(least)));
     // Where the layout needs more than the wish, the window grows to both sides.
     const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
     const int y = display.top() + qRound(screen_.Top() / twips);
     move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
          std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
+}
+
+void Form::setHero(QWidget* drawing, int side) {
+    hero_ = drawing;
+    hero_side_ = side;
+}
+
+/// The size of the window with what its drawing lacks at another one.
+QSize Form::roomForHero(QSize size) {
+    if (!hero_ || centralWidget() != room_) return size;
+    const QSize least = minimumSizeHint(), smallest = hero_->minimumSize();
+    const auto lacking = [&](int has, int needs, int drawing) {
+        return std::max(0, hero_side_ - drawing - has + needs);
+    };
+    return size + QSize(lacking(size.width(), least.width(), smallest.width()),
+                        lacking(size.height(), least.height(), smallest.height()));
 }
 
 void Form::watch(QWidget* widget, Visual& control) {

@@ -16,8 +16,9 @@ namespace verlink::desktop {
 
 QWidget* largePicture(Form& form) {
     QWidget* picture = form.picture("Picture1");
-    constexpr int kLeast = 440;
+    constexpr int kLeast = 420, kWished = 460;
     picture->setMinimumSize(kLeast, kLeast);
+    form.setHero(picture, kWished);
     return picture;
 }
 

@@ -32,7 +32,6 @@ QWidget* shiftDrag(Form& form, QWidget* room, QWidget* before, QWidget* after);
 /// the window is wide, else two.
 QWidget* quietLine(Form& form);
 /// A column of the screen that folds: `name` is what that is kept under, `holds` says what is in there.
-void fold(Form& form, QBoxLayout* columns, QWidget* column, FoldHandle::Side side, const char* name,
-          const char* holds);
+void fold(Form& form, QBoxLayout* columns, QWidget* column, FoldHandle::Side side, const char* name, const char* holds);
 
 }  // namespace verlink::desktop

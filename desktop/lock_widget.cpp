@@ -15,9 +15,7 @@ constexpr int kWidth = 18, kHeight = 20, kIcon = 14;
 
 }  // namespace
 
-LockWidget::LockWidget(QWidget* parent) : QCheckBox(parent) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+LockWidget::LockWidget(QWidget* parent) : QCheckBox(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
 QSize LockWidget::sizeHint() const { return {kWidth, kHeight}; }
 

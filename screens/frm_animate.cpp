@@ -176,6 +176,8 @@ void frm_Animate::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Animate::Fill() {
+    lbl_Why.Caption = "";
+    Say_Why_Refused();
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
     Show_Choices();

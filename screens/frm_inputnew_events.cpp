@@ -95,6 +95,8 @@ void frm_Inputnew::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Inputnew::Fill() {
+    lbl_Why.Caption = "";
+    Say_Why_Refused();
     hsc_step.SetMax(Model.NSteps);
     hsc_step.SetMin(0);
     txt_initial[1].Enabled = true;
@@ -335,6 +337,7 @@ void frm_Inputnew::cmd_Calc_Click() {
             Show_Run();
         else
             Disable_Ways_On();
+        Say_Why_Refused();
         Refresh_Status();
         Set_Menus();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);

@@ -177,6 +177,7 @@ void Joint_Hand::Pull_To(Point to, int keys, double pixel) {
             if (screen_.OnRefused) screen_.OnRefused(*answer.refused, answer.step);
             return;
         }
+        if (answer.values.empty() && answer.step == pull.step) Say_Held(pull.coupler);
         busy_ = true;
         for (const auto& [box, value, decimals] : answer.values)
             screen_.txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
@@ -190,6 +191,15 @@ void Joint_Hand::Pull_To(Point to, int keys, double pixel) {
     });
     busy_ = false;
     Light_Up(joint_);
+}
+
+void Joint_Hand::Say_Held(bool coupler) {
+    switch (*joint_) {
+        case Joint::kA: return screen_.Say_Held({1});
+        case Joint::kB: return coupler ? screen_.Say_Held({2}) : screen_.Say_Held({3});
+        case Joint::kP: return screen_.Say_Held({4, 5});
+        case Joint::kO4: return Model.PolarCoords ? screen_.Say_Held({0, 6}) : screen_.Say_Held({15, 16});
+    }
 }
 
 // By the keys.

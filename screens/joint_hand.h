@@ -44,6 +44,7 @@ class Joint_Hand {
     void Begin_Typing(const std::string& digit);
     void Take_Typed_Boxes();
     void Pull_To(platform::Point to, int keys, double pixel);
+    void Say_Held(bool coupler);
     void Light_Up(std::optional<Joint> joint);
     std::optional<Joint> Under(const platform::Touch& at) const;
     std::optional<platform::Point> Place(Joint joint) const;

@@ -1,12 +1,15 @@
 // The linkage as boxes and options.
 #include "screens/linkage_screen.h"
 
+#include <algorithm>
+
 #include "animation/engine.h"
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/screen_geometry.h"
+#include "core/why_words.h"
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
@@ -58,6 +61,7 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
         for (const auto& lock : chk_Lock)
             if (const auto* set = other->FindAs<platform::Lock>("chk_Lock", lock->Index())) lock->Value = set->Value;
     Tell_Locks();
+    OnRefused = [this](const Geometry& refused, int step) { Say_Not_Followed(refused, step); };
     key_Before.OnPress = [this] { Step_By(-1); };
     key_After.OnPress = [this] { Step_By(1); };
 }
@@ -123,6 +127,25 @@ void Linkage_Screen::Tell_Locks() {
     for (const auto& lock : chk_Lock)
         lock->Tip = lock->Value ? "Locked: no drag changes this value; press to unlock it"
                                 : "Lock this value, so that no drag changes it";
+}
+
+void Linkage_Screen::Say_Why(const Shown& now) {
+    if (now.Nothing()) return Say_Why_Refused();
+    lbl_Why.Caption = Why_Shown(Model, now.step);
+}
+
+void Linkage_Screen::Say_Why_Refused() {
+    const std::string words = Why_Refused(Model);
+    // Of a run that was ended the line has told already where it could not go on.
+    if (!words.empty() || Shown_Step() == kNoStep) lbl_Why.Caption = words;
+}
+
+void Linkage_Screen::Say_Not_Followed(const Geometry& wished, int step) {
+    lbl_Why.Caption = Why_Not_Followed(Model, wished, step);
+}
+
+void Linkage_Screen::Say_Held(std::initializer_list<int> boxes) {
+    if (std::ranges::all_of(boxes, [this](int box) { return Held(box); })) lbl_Why.Caption = Why_Held(boxes);
 }
 
 bool Linkage_Screen::Held(int box) const { return Get<platform::Lock>("chk_Lock", box).Value; }

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 
+#include "animation/shown.h"
 #include "core/number.h"
 #include "core/record/geometry.h"
 #include "platform/lock.h"
@@ -92,6 +94,12 @@ class Linkage_Screen : public platform::Screen {
     /// A drag has asked for a linkage that does not close at that step; the one before it stands.
     std::function<void(const Geometry& refused, int step)> OnRefused;
 
+    /// Nothing has followed the hand. Where all these boxes, which alone could, are locked, the line under the picture
+    /// says so until the next position is shown, as it says why a linkage is refused.
+    void Say_Held(std::initializer_list<int> boxes);
+    /// The position of the run in the picture, or `kNoStep`.
+    int Shown_Step() const { return shown.Step(); }
+
    protected:
     /// Targets of a shift-drag, as `ShiftDragTarget` has them.
     enum Target { kCrank = 0, kRocker = 1, kCouplerPoint = 2, kGround = 3, kCoupler = 4 };
@@ -118,9 +126,16 @@ class Linkage_Screen : public platform::Screen {
     void Show_Choices();
     /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.
     bool Take_Circuit(int Index);
+    /// The line where a linkage or a run closes nowhere; empty where that is not so and nothing is shown.
+    void Say_Why_Refused();
     void Tell_Locks();
     /// The title of the model in its box.
     static std::string Shown_Title();
+
+   private:
+    Position_Ear shown{*this, [this](const Shown& now) { Say_Why(now); }};
+    void Say_Why(const Shown& now);
+    void Say_Not_Followed(const Geometry& wished, int step);
 };
 
 }  // namespace verlink
