@@ -12,13 +12,14 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180;
 
-/// What a cosine may lie beyond 1 by the roundings of four lengths.
-constexpr double kRounding = 1e-9;
+/// What a cosine may lie beyond 1 by the roundings of four single lengths.
+constexpr double kRounding = 1e-6;
 
 double Sum(const Links& links) { return links.L1 + links.L2 + links.L3 + links.L4; }
 
+/// The ground may be without: both pivots are one then.
 int Without_Length(const Links& links) {
-    for (int link = 1; link <= 4; ++link)
+    for (int link = 2; link <= 4; ++link)
         if (links.Of(link) == 0) return link;
     return 0;
 }

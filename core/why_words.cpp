@@ -72,7 +72,7 @@ class Telling {
     std::string unit_;
 };
 
-/// " 0.2 in too short", or what else is wrong at an angle that does not close.
+/// "they are 0.2 in too short", or what else is wrong at an angle that does not close.
 std::string What_Is_Wrong(const Telling& telling, const Closing& closing) {
     if (closing.is == Closing::Is::kTooShort) return "they are " + telling.By(closing.by) + " too short";
     return std::string(closing.link == 3 ? "the coupler" : "the rocker") + " is " + telling.By(closing.by) +
@@ -90,11 +90,12 @@ std::string Undetermined(const Telling& telling, double shown) {
     constexpr double kStored = 0.006;
     const auto toggle = Nearest_Toggle(telling.links(), telling.Local(shown));
     if (!toggle || std::fabs(toggle->value - telling.Local(shown)) > kStored)
-        return "Coupler or rocker lies just against the ground " + Telling::At(shown) +
-               ", which has no solution; the angles beside it close.";
+        return "Coupler and rocker can meet " + Telling::At(shown) +
+               ", yet the solution fails there; an angle beside it may do.";
     const std::string in_line = "Coupler and rocker are in line " + Telling::At(shown) + ", a ";
     if (toggle->way == 0) return in_line + "change point, which has no solution; the angles beside it close.";
-    return in_line + "toggle, which has no solution. Nearest angle that closes: " + telling.Angle(*toggle) + ".";
+    const Bound beside{toggle->value + 2 * kStored * toggle->way, toggle->way};
+    return in_line + "toggle, which has no solution. Nearest angle that closes: " + telling.Angle(beside) + ".";
 }
 
 std::string Open_At(const Telling& telling, double shown) {
@@ -121,8 +122,6 @@ std::string Closed_At(const Telling& telling, double shown) {
 }
 
 std::string Closes_Nowhere(const Telling& telling, const Longest& longest) {
-    const Closing closing = Closing_At(telling.links(), 0);
-    if (closing.is == Closing::Is::kNoLength) return Cannot_Meet(telling, closing, 0);
     const std::string by = telling.Length(longest.excess);
     const bool beyond = FNRound(longest.excess, 6) > 0 && by.substr(0, by.find(' ')) != "0";
     return std::string(kNames[longest.link - 1]) + " is " + (beyond ? by + " longer than" : "as long as") +
@@ -150,15 +149,22 @@ std::vector<double> Angles_Of_Run(const LinkageModel& model) {
     return angles;
 }
 
-/// "A coupler over 2.5 in, a rocker over 3.2 in or 101.8 deg would do."
+/// "At Theta2 = 120.0 deg they are 0.2 in too short; a coupler over 2.5 in, a rocker over 3.2 in or 101.8 deg would
+/// do."
 std::string What_Would_Do(const Telling& telling, double shown) {
     const double local = telling.Local(shown);
+    const Closing closing = Closing_At(telling.links(), local);
+    if (closing.is == Closing::Is::kNoLength) return Cannot_Meet(telling, closing, shown);
+    std::string words =
+        "A" + Telling::At(shown).substr(1) + " " +
+        (closing.is == Closing::Is::kTooShort ? "coupler and rocker are " + telling.By(closing.by) + " too short"
+                                              : What_Is_Wrong(telling, closing));
     const auto coupler = Nearest_Length(telling.links(), local, 3), rocker = Nearest_Length(telling.links(), local, 4);
     const auto angle = Nearest_Toggle(telling.links(), local);
-    if (!coupler || !rocker) return "";
-    std::string words = " A coupler " + telling.Length(*coupler);
+    if (!coupler || !rocker) return words + ".";
+    words += "; a coupler " + telling.Length(*coupler);
     if (angle && angle->way != 0)
-        words += ", a rocker " + telling.Length(*rocker) + " or Theta2 = " + telling.Angle(*angle);
+        words += ", a rocker " + telling.Length(*rocker) + " or " + telling.Angle(*angle);
     else
         words += " or a rocker " + telling.Length(*rocker);
     return words + " would do.";
@@ -200,6 +206,8 @@ std::string Why_Shown(const LinkageModel& model, int step) {
 std::string Why_Refused(const LinkageModel& model) {
     if (model.RunStands) return "";
     const Telling telling(model, model);
+    const Closing at_once = Closing_At(telling.links(), 0);
+    if (at_once.is == Closing::Is::kNoLength) return Cannot_Meet(telling, at_once, 0);
     if (const auto longest = Too_Long(Links_Of(model)))
         return Closes_Nowhere(telling, Longest{longest->link, longest->excess * Shown_Factor(model),
                                                longest->limit * Shown_Factor(model)});
@@ -207,9 +215,8 @@ std::string Why_Refused(const LinkageModel& model) {
     for (double& angle : angles) angle = telling.Local(angle);
     const auto nearest = Nearest_Miss(telling.links(), angles);
     if (!nearest) return "";
-    const double local = angles[*nearest], shown = local + model.Link1Angle;
-    return (angles.size() > 1 ? "No position of the run closes. " : "") +
-           Cannot_Meet(telling, Closing_At(telling.links(), local), shown) + What_Would_Do(telling, shown);
+    return (angles.size() > 1 ? "No position closes. " : "") +
+           What_Would_Do(telling, angles[*nearest] + model.Link1Angle);
 }
 
 std::string Why_Not_Followed(const LinkageModel& model, const Geometry& wished, int step) {

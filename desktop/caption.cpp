@@ -46,22 +46,6 @@ void Caption::setQuiet() {
     setPalette(own);
 }
 
-void Caption::setPlace(int one_line) {
-    one_line_ = one_line;
-    updateGeometry();
-}
-
-QSize Caption::minimumSizeHint() const {
-    return one_line_ > 0 ? QSize(0, heightForWidth(0)) : QLabel::minimumSizeHint();
-}
-
-bool Caption::hasHeightForWidth() const { return one_line_ > 0 || QLabel::hasHeightForWidth(); }
-
-int Caption::heightForWidth(int width) const {
-    if (one_line_ <= 0) return QLabel::heightForWidth(width);
-    return (width >= one_line_ ? 1 : 2) * fontMetrics().lineSpacing();
-}
-
 void Caption::changeEvent(QEvent* event) {
     QLabel::changeEvent(event);
     if (quiet_ && event->type() == QEvent::PaletteChange) setQuiet();

@@ -25,11 +25,6 @@ class Caption : public QLabel {
     /// Where the label belongs on the picture that it lies upon; a pane places it (desktop/diagram_pane.h).
     void setAnchor(const std::optional<platform::Anchor>& anchor);
     const std::optional<platform::Anchor>& anchor() const { return anchor_; }
-    /// Wrapped text has this place whether it is there or not: one line where that many pixels are, else two.
-    void setPlace(int one_line);
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override;
-    int heightForWidth(int width) const override;
     /// The text stands back a little, in a shade of the window's own colours.
     void setQuiet();
 
@@ -39,7 +34,6 @@ class Caption : public QLabel {
 
    private:
     bool quiet_ = false;
-    int one_line_ = 0;  ///< 0: as large as its text
     Look look_ = Look::kPlain;
     QColor back_;
     bool box_when_empty_ = true;

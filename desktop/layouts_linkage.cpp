@@ -116,8 +116,9 @@ QWidget* quietLine(Form& form) {
     auto* line = form.get<Caption>("lbl_Why");
     note(line, true);
     line->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    // As wide as the longest that it says.
-    line->setPlace(line->fontMetrics().horizontalAdvance(u'n') * 90);
+    // What it says neither widens the window nor moves what is under it.
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    line->setFixedHeight(2 * line->fontMetrics().lineSpacing());
     return line;
 }
 

@@ -28,8 +28,7 @@ QWidget* toggles(Form& form);
 QLayout* stepBar(Form& form);
 /// What a shift-drag changes, under a drawing.
 QWidget* shiftDrag(Form& form, QWidget* room, QWidget* before, QWidget* after);
-/// The quiet line under a drawing, which says what cannot be. It has its place also while it is empty: one line where
-/// the window is wide, else two.
+/// The quiet line under a drawing, which says what cannot be. It has the place of two also while it is empty.
 QWidget* quietLine(Form& form);
 /// A column of the screen that folds: `name` is what that is kept under, `holds` says what is in there.
 void fold(Form& form, QBoxLayout* columns, QWidget* column, FoldHandle::Side side, const char* name, const char* holds);

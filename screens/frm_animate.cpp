@@ -176,8 +176,7 @@ void frm_Animate::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Animate::Fill() {
-    lbl_Why.Caption = "";
-    Say_Why_Refused();
+    Say_Anew();
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
     Show_Choices();
@@ -480,11 +479,23 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
         joints.Shift_Dragged();
         if (Model.RunStands) {
             Unlock_Run_Buttons();
-            return Show_Dragged(step);
+            Show_Dragged(step);
+            return Say_Held_Target();
         }
         Solve();
         Settle_Run([&] { Show_Dragged(step); });
     });
+}
+
+void frm_Animate::Say_Held_Target() {
+    switch (Model.ShiftDragTarget) {
+        case kCrank: return Say_Held({1});
+        case kRocker: return Say_Held({3});
+        case kCouplerPoint: return Say_Held({4, 5});
+        case kGround: return Model.PolarCoords ? Say_Held({0, 6}) : Say_Held({15, 16});
+        case kCoupler: return Say_Held({2});
+        default: break;
+    }
 }
 
 void frm_Animate::Drag(double X, double Y) {

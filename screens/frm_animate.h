@@ -129,6 +129,7 @@ class frm_Animate : public Linkage_Screen {
     void Zoom(double factor);
     void Leave();
     void Drag(double X, double Y);
+    void Say_Held_Target();
 
     void Lock_Run_Buttons();
     void Unlock_Run_Buttons();

@@ -95,8 +95,7 @@ void frm_Inputnew::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Inputnew::Fill() {
-    lbl_Why.Caption = "";
-    Say_Why_Refused();
+    Say_Anew();
     hsc_step.SetMax(Model.NSteps);
     hsc_step.SetMin(0);
     txt_initial[1].Enabled = true;

@@ -129,23 +129,32 @@ void Linkage_Screen::Tell_Locks() {
                                 : "Lock this value, so that no drag changes it";
 }
 
+void Linkage_Screen::Say(const std::string& words) {
+    lbl_Why.Caption = words;
+    // A narrow window has not the room for the longest.
+    lbl_Why.Tip = words;
+}
+
 void Linkage_Screen::Say_Why(const Shown& now) {
     if (now.Nothing()) return Say_Why_Refused();
-    lbl_Why.Caption = Why_Shown(Model, now.step);
+    Say(Why_Shown(Model, now.step));
 }
 
 void Linkage_Screen::Say_Why_Refused() {
     const std::string words = Why_Refused(Model);
     // Of a run that was ended the line has told already where it could not go on.
-    if (!words.empty() || Shown_Step() == kNoStep) lbl_Why.Caption = words;
+    if (!words.empty() || Shown_Step() == kNoStep) Say(words);
 }
 
-void Linkage_Screen::Say_Not_Followed(const Geometry& wished, int step) {
-    lbl_Why.Caption = Why_Not_Followed(Model, wished, step);
+void Linkage_Screen::Say_Anew() {
+    Say("");
+    Say_Why_Refused();
 }
+
+void Linkage_Screen::Say_Not_Followed(const Geometry& wished, int step) { Say(Why_Not_Followed(Model, wished, step)); }
 
 void Linkage_Screen::Say_Held(std::initializer_list<int> boxes) {
-    if (std::ranges::all_of(boxes, [this](int box) { return Held(box); })) lbl_Why.Caption = Why_Held(boxes);
+    if (std::ranges::all_of(boxes, [this](int box) { return Held(box); })) Say(Why_Held(boxes));
 }
 
 bool Linkage_Screen::Held(int box) const { return Get<platform::Lock>("chk_Lock", box).Value; }

@@ -98,7 +98,7 @@ class Linkage_Screen : public platform::Screen {
     /// says so until the next position is shown, as it says why a linkage is refused.
     void Say_Held(std::initializer_list<int> boxes);
     /// The position of the run in the picture, or `kNoStep`.
-    int Shown_Step() const { return shown.Step(); }
+    int Shown_Step() const { return line_ear.Step(); }
 
    protected:
     /// Targets of a shift-drag, as `ShiftDragTarget` has them.
@@ -128,12 +128,15 @@ class Linkage_Screen : public platform::Screen {
     bool Take_Circuit(int Index);
     /// The line where a linkage or a run closes nowhere; empty where that is not so and nothing is shown.
     void Say_Why_Refused();
+    /// The same on arriving: what it said of another linkage goes.
+    void Say_Anew();
     void Tell_Locks();
     /// The title of the model in its box.
     static std::string Shown_Title();
 
    private:
-    Position_Ear shown{*this, [this](const Shown& now) { Say_Why(now); }};
+    Position_Ear line_ear{*this, [this](const Shown& now) { Say_Why(now); }};
+    void Say(const std::string& words);
     void Say_Why(const Shown& now);
     void Say_Not_Followed(const Geometry& wished, int step);
 };

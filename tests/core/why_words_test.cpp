@@ -83,10 +83,29 @@ TEST_F(WhyWordsTest, A_link_too_long_is_named) {
 
 TEST_F(WhyWordsTest, A_gap_too_small_to_be_shown_is_less_than_the_last_decimal) {
     Triple_Rocker();
-    Run(110, 116.802, 6.802);
+    Run(110, 116.81, 6.81);
     EXPECT_EQ(Why_Shown(Model, 1),
               "Coupler and rocker cannot meet at Theta2 = 116.8 deg: they are less than 0.001 in too short. Nearest "
               "angle that closes: 116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Too_near_a_toggle_for_a_solution_an_angle_is_told_that_has_one) {
+    Triple_Rocker();
+    Run(110, 116.802, 6.802);
+    EXPECT_FALSE(Model.RunTable.Assembled(1));
+    EXPECT_EQ(
+        Why_Shown(Model, 1),
+        "Coupler and rocker are in line at Theta2 = 116.8 deg, a toggle, which has no solution. Nearest angle that "
+        "closes: 116.7 deg.");
+}
+
+TEST_F(WhyWordsTest, A_linkage_on_one_pivot_is_told_of_as_any_other) {
+    Make(0, 2, 3, 4);
+    Run(0, 90, 45);
+    EXPECT_EQ(Why_Refused(Model), "");
+    if (Model.RunTable.Assembled(1)) {
+        EXPECT_EQ(Why_Shown(Model, 1), "Transmission angle 29.0 deg, under 40.");
+    }
 }
 
 TEST_F(WhyWordsTest, A_poor_transmission_angle_is_told_and_a_good_one_is_not) {
@@ -168,26 +187,26 @@ TEST_F(WhyWordsTest, A_run_without_a_position_is_told_with_all_that_would_do) {
     Triple_Rocker();
     Run(120, 200, 20);
     EXPECT_FALSE(Model.RunStands);
-    EXPECT_EQ(Why_Refused(Model),
-              "No position of the run closes. Coupler and rocker cannot meet at Theta2 = 120.0 deg: they are 0.144 in "
-              "too short. A coupler over 5.144 in, a rocker over 4.644 in or Theta2 = 116.8 deg would do.");
+    EXPECT_EQ(
+        Why_Refused(Model),
+        "No position closes. At Theta2 = 120.0 deg coupler and rocker are 0.144 in too short; a coupler over 5.144 "
+        "in, a rocker over 4.644 in or 116.8 deg would do.");
     At_Once(125);
     EXPECT_EQ(Why_Refused(Model),
-              "Coupler and rocker cannot meet at Theta2 = 125.0 deg: they are 0.355 in too short. A coupler over 5.355 "
-              "in, a rocker over 4.855 in or Theta2 = 116.8 deg would do.");
+              "At Theta2 = 125.0 deg coupler and rocker are 0.355 in too short; a coupler over 5.355 in, a rocker over "
+              "4.855 in or 116.8 deg would do.");
     Make(3, 3, 1, 3.5);
     Run(5, 45, 20);
     EXPECT_EQ(Why_Refused(Model),
-              "No position of the run closes. Coupler and rocker cannot meet at Theta2 = 45.0 deg: the rocker is 0.204 "
-              "in too long. A coupler over 1.204 in, a rocker under 3.296 in or Theta2 = 49.3 deg would do.");
+              "No position closes. At Theta2 = 45.0 deg the rocker is 0.204 in too long; a coupler over 1.204 in, a "
+              "rocker under 3.296 in or 49.3 deg would do.");
 }
 
 TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_angles) {
     Triple_Rocker();
     Model.Omega2Input = -10;
     Run(120, 158, 15);
-    EXPECT_TRUE(Why_Refused(Model).starts_with(
-        "No position of the run closes. Coupler and rocker cannot meet at Theta2 = 128.0 deg"))
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 128.0 deg coupler and rocker"))
         << Why_Refused(Model) << ", 30 deg before 158";
     Model.Omega2Input = 0.1;
     Model.Alpha2 = 0;
@@ -198,8 +217,7 @@ TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_an
     Model.TimeStep = 0.5;
     Model.NSteps = 2;
     Run_Unasked(Model);
-    EXPECT_TRUE(Why_Refused(Model).starts_with(
-        "No position of the run closes. Coupler and rocker cannot meet at Theta2 = 125.7 deg"))
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 125.7 deg coupler and rocker"))
         << Why_Refused(Model) << ", 0.1 rad on";
 }
 
@@ -227,6 +245,8 @@ TEST_F(WhyWordsTest, A_link_without_length_is_named) {
     Geometry wished = Model;
     wished.L2 = 0;
     EXPECT_EQ(Why_Not_Followed(Model, wished, 1), "Not followed: Link 2 (Crank) has no length.");
+    Make(7, 4, 0, 4.5);
+    EXPECT_EQ(Why_Refused(Model), "Link 3 (Coupler) has no length.");
 }
 
 TEST_F(WhyWordsTest, A_drag_that_is_not_followed_is_told_with_the_length_that_would_do) {

@@ -95,5 +95,7 @@ struct Told {
 Found Messages_Are_Few(const std::vector<Told>& told);
 Found Failures_Are_Known(const std::vector<Told>& told);
 Found Drawn_Is_Finite(const platform::Screen& top);
+/// What the line under a picture says of a position is so of the linkage as it stands.
+Found Quiet_Line_Is_Of_The_Model(const platform::Screen& top);
 
 }  // namespace verlink::walk

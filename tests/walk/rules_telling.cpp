@@ -4,7 +4,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/why_words.h"
 #include "platform/graph.h"
+#include "screens/linkage_screen.h"
 #include "tests/walk/rules.h"
 
 namespace verlink::walk {
@@ -148,6 +150,17 @@ Found Drawn_Is_Finite(const Screen& top) {
             return Finding{"finite", top.Name() + "." + control->ObjectName(), "it says " + label->Caption.Get()};
     }
     return {};
+}
+
+Found Quiet_Line_Is_Of_The_Model(const Screen& top) {
+    const auto* screen = dynamic_cast<const Linkage_Screen*>(&top);
+    // Without a run it speaks of what was refused; of a hand that nothing followed it speaks until a position is shown.
+    if (!screen || !Model.RunStands) return {};
+    const std::string& said = screen->lbl_Why.Caption;
+    if (said.empty() || said.starts_with("Not followed: ")) return {};
+    const std::string so = screen->Shown_Step() == kNoStep ? "" : Why_Shown(Model, screen->Shown_Step());
+    if (said == so) return {};
+    return Finding{"quiet line", top.Name(), "it says \"" + said + "\" where \"" + so + "\" is so"};
 }
 
 }  // namespace verlink::walk

@@ -157,6 +157,14 @@ TEST(WalkRules, A_screen_that_cannot_be_left) {
               "ways home");
 }
 
+TEST(WalkRules, A_quiet_line_about_another_position) {
+    EXPECT_EQ(
+        Broken_Rule(
+            kCalculated,
+            [](Screen& top) { top.Get<Label>("lbl_Why").Caption = "Transmission angle 12.3 deg, under 40."; }, kStay),
+        "quiet line");
+}
+
 TEST(WalkRules, A_number_that_is_none_in_what_is_told_or_drawn) {
     EXPECT_EQ(Broken_Rule(
                   kAtHome, [](Screen& top) { top.Get<Label>("lbl_Status", 10).Caption = "it is nan"; },
