@@ -36,6 +36,7 @@
 #include "platform/graph.h"
 #include "platform/grid.h"
 #include "platform/lock.h"
+#include "platform/overlaid_picture.h"
 
 namespace verlink::desktop {
 
@@ -389,8 +390,10 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     picture->onDoubleClick = [&form, &control] {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
-    bind(form, control, picture, [picture, &control, &form, keys = std::string()]() mutable {
+    auto* overlaid = dynamic_cast<Overlaid_Picture*>(&control);
+    bind(form, control, picture, [picture, overlaid, &control, &form, keys = std::string()]() mutable {
         picture->setLines(control.Lines);
+        if (overlaid) picture->setOverlay(overlaid->Over);
         picture->setLight(control.Lit);
         picture->setGrip(control.Pointer);
         if (keys != control.Keys.Get()) picture->setKeys(keys = control.Keys);

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/overlay_paint.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 
@@ -181,6 +182,13 @@ void PictureWidget::setLines(const std::vector<std::string>& lines) {
     update();
 }
 
+void PictureWidget::setOverlay(const platform::Overlay& overlay) {
+    if (overlay == overlay_) return;
+    overlay_ = overlay;
+    stale_ = true;
+    update();
+}
+
 void PictureWidget::paintLines(QPainter& painter) const {
     if (lines_.empty()) return;
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -252,6 +260,9 @@ void PictureWidget::paintEvent(QPaintEvent*) {
         paintPicture(painter, picture_, place.size());
         painter.translate(-place.topLeft());
     }
+    painter.translate(place.topLeft());
+    paintOverlay(painter, overlay_, sightOf(picture_, place.size(), on_screen ? glass_ : platform::Glass()));
+    painter.translate(-place.topLeft());
     paintLines(painter);
     if (on_screen) paintLight(painter);
     // Who came here by the keys sees it.

@@ -14,6 +14,7 @@
 
 #include "platform/controls.h"
 #include "platform/glass.h"
+#include "platform/overlay.h"
 #include "platform/picture.h"
 #include "platform/picture_pixels.h"
 
@@ -83,6 +84,9 @@ class PictureWidget : public QWidget {
     void fill();
     /// Text over the picture, from its top left corner down, in a font of one width.
     void setLines(const std::vector<std::string>& lines);
+    /// What lies over the picture, on paper as well.
+    void setOverlay(const platform::Overlay& overlay);
+    const platform::Overlay& overlay() const { return overlay_; }
     const platform::Picture& picture() const { return picture_; }
     /// The place of the picture within the widget.
     QRectF area() const;
@@ -129,6 +133,7 @@ class PictureWidget : public QWidget {
 
     platform::Picture& picture_;
     std::vector<std::string> lines_;
+    platform::Overlay overlay_;
     platform::PicturePixels pixels_;
     std::uint64_t revision_ = 0;
     bool stale_ = true;

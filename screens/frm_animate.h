@@ -5,6 +5,7 @@
 
 #include "core/number.h"
 #include "platform/desktop.h"
+#include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
@@ -33,7 +34,7 @@ class frm_Animate : public Linkage_Screen {
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
-    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Overlaid_Picture Picture1{*this, "Picture1"};
 
     platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};
     platform::ScrollBar hsc_step{*this, "hsc_step"};

@@ -3,6 +3,7 @@
 
 #include "core/number.h"
 #include "platform/desktop.h"
+#include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
@@ -71,7 +72,7 @@ class frm_Inputnew : public Linkage_Screen {
 
     // The picture and its stepping.
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
-    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Overlaid_Picture Picture1{*this, "Picture1"};
     platform::CheckBox chk_autoscale{*this, "chk_autoscale", "Autoscale"};
     platform::ScrollBar hsc_step{*this, "hsc_step"};
     platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};

@@ -298,6 +298,7 @@ void frm_Inputnew::opt_Calctype_Click(int Index) {
     Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
         Model.Calctype = Index;
         Run_Dropped();
+        Nothing_Shown(*this);
         Model_Unsaved();
         // The texts of the limits are shared by the modes: each finds its own there.
         if (Index == 2) Derive_Time_Limits();

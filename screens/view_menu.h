@@ -2,8 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "animation/overlays.h"
+#include "animation/shown.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -30,7 +33,9 @@ class View_Choice : public platform::MenuEntry {
 /// are declared behind this, the first of them with an empty caption to draw a line.
 class View_Menu {
    public:
-    explicit View_Menu(platform::Screen& owner);
+    /// What is chosen lies over `Picture1` as long as a position is shown there. `redraw`, where there is one, draws
+    /// the position again for another choice; without it the run in the record is the one that is shown.
+    explicit View_Menu(platform::Screen& owner, std::function<void()> redraw = nullptr);
 
     platform::MenuEntry mnu_View;
     View_Choice mnu_ViewPoles;
@@ -42,6 +47,20 @@ class View_Menu {
     View_Choice mnu_ViewGrid;
     View_Choice mnu_ViewNames;
     View_Choice mnu_ViewGhosts;
+
+    /// What lies over the position that was shown last, with all that goes by the run found anew; nothing where the
+    /// run does not stand.
+    platform::Overlay Found_Anew() const;
+
+   private:
+    View_Wishes Wishes() const;
+    void Show(const Shown& shown);
+    void Choice_Made();
+
+    platform::Screen& owner_;
+    std::function<void()> redraw_;
+    std::optional<Overlay_Scales> scales_;  ///< of the run that plays
+    Position_Ear ear_;
 };
 
 }  // namespace verlink

@@ -103,10 +103,32 @@ bool May_Look(const Screen& top, const Action& action) {
         if (Is_Help_Entry(entry)) return true;
         // On the screens of a linkage the file menu takes over what is being typed.
         if (top.Name() != "frm_HomeScreen" && entry.Parent() && entry.Parent()->Name() == "mnu_File") return false;
-        for (const char* looking :
-             {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas", "mnu_Lobetra", "mnu_Link_Data",
-              "mnu_Export_Torque", "mnu_pdx", "mnu_Quit", "mnu_UserName", "mnu_FilePath", "mnu_AppPath",
-              "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
+        for (const char* looking : {"mnu_Help",
+                                    "mnu_Linkage",
+                                    "mnu_Calculations",
+                                    "mnu_Open",
+                                    "mnu_Saveas",
+                                    "mnu_Lobetra",
+                                    "mnu_Link_Data",
+                                    "mnu_Export_Torque",
+                                    "mnu_pdx",
+                                    "mnu_Quit",
+                                    "mnu_UserName",
+                                    "mnu_FilePath",
+                                    "mnu_AppPath",
+                                    "mnu_ChangeUser",
+                                    "mnu_About",
+                                    "mnu_Cayley",
+                                    "mnu_New",
+                                    "mnu_ViewPoles",
+                                    "mnu_ViewVelocities",
+                                    "mnu_ViewAccelerations",
+                                    "mnu_ViewPinForces",
+                                    "mnu_ViewShakingForce",
+                                    "mnu_ViewCurvature",
+                                    "mnu_ViewGrid",
+                                    "mnu_ViewNames",
+                                    "mnu_ViewGhosts"})
             if (name.starts_with(looking)) return true;
     }
     if (action.deed == Deed::kHover || action.deed == Deed::kGlass) return true;

@@ -98,4 +98,7 @@ Found Drawn_Is_Finite(const platform::Screen& top);
 /// What the line under a picture says of a position is so of the linkage as it stands.
 Found Quiet_Line_Is_Of_The_Model(const platform::Screen& top);
 
+// The rule of the menu View: rules_view.cpp.
+Found What_Lies_Over_It_Is_Of_The_Model(const platform::Screen& top);
+
 }  // namespace verlink::walk

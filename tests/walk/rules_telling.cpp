@@ -7,6 +7,7 @@
 #include "core/why_words.h"
 #include "platform/graph.h"
 #include "screens/linkage_screen.h"
+#include "platform/overlaid_picture.h"
 #include "tests/walk/rules.h"
 
 namespace verlink::walk {
@@ -93,6 +94,12 @@ bool Finite(const Picture& picture) {
     });
 }
 
+bool Finite(const Overlay& over) {
+    return std::ranges::all_of(over.marks, [](const Overlay::Mark& mark) {
+        return std::isfinite(mark.from.x + mark.from.y + mark.to.x + mark.to.y + mark.radius);
+    });
+}
+
 bool Says_No_Number(const std::string& text) {
     for (std::size_t at = 0; at + 3 <= text.size(); ++at) {
         const std::string word = text.substr(at, 3);
@@ -140,6 +147,8 @@ Found Drawn_Is_Finite(const Screen& top) {
     for (Control* control : top.Controls()) {
         if (auto* box = dynamic_cast<PictureBox*>(control); box && !Finite(box->Drawing()))
             return Finding{"finite", top.Name() + "." + control->ObjectName(), "a stroke that is nowhere"};
+        if (auto* box = dynamic_cast<Overlaid_Picture*>(control); box && !Finite(box->Over))
+            return Finding{"finite", top.Name() + "." + control->ObjectName(), "a mark that is nowhere"};
         if (auto* graph = dynamic_cast<Graph*>(control))
             for (const Graph::Set& set : graph->Sets())
                 for (const double value : set.values)

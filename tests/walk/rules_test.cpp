@@ -1,10 +1,12 @@
 // Each rule notices what it is there for, and nothing where nothing is.
 #include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <thread>
 
 #include "core/linkage_model.h"
 #include "core/results.h"
+#include "platform/overlaid_picture.h"
 #include "platform/process.h"
 #include "shell/copy.h"
 #include "shell/run_log.h"
@@ -118,6 +120,31 @@ TEST(WalkRules, Results_that_are_not_of_the_model) {
     EXPECT_EQ(Broken_Rule(
                   kTransformed, [](Screen&) { Model.FFTResult(1, 0) += 1; }, Go("frm_FFT", "cmd_Calc")),
               "FFTDone");
+}
+
+TEST(WalkRules, Arrows_that_are_not_of_the_model) {
+    const std::vector<Action> chosen =
+        Then(kCalculated, {Pulse("frm_Inputnew", "Timer1"), Press("frm_Inputnew", "cmd_Step"),
+                           Pick("frm_Inputnew", "mnu_ViewVelocities").Looks()});
+    EXPECT_EQ(Broken_Rule(chosen, Nothing, kStay), "");
+    EXPECT_EQ(Broken_Rule(
+                  chosen, [](Screen& top) { top.Get<Overlaid_Picture>("Picture1").Over = Overlay(); }, kStay),
+              "over");
+    const auto shift = [](Screen& top) {
+        Overlay shifted = top.Get<Overlaid_Picture>("Picture1").Over;
+        shifted.marks.at(0).to.x += 1;
+        top.Get<Overlaid_Picture>("Picture1").Over = shifted;
+    };
+    EXPECT_EQ(Broken_Rule(chosen, shift, kStay), "over");
+}
+
+TEST(WalkRules, A_mark_that_is_nowhere) {
+    const auto spoil = [](Screen& top) {
+        Overlay spoilt;
+        spoilt.marks.push_back({.to = {std::nan(""), 0}});
+        top.Get<Overlaid_Picture>("Picture1").Over = spoilt;
+    };
+    EXPECT_EQ(Broken_Rule(kCalculated, spoil, kStay), "finite");
 }
 
 TEST(WalkRules, Something_that_a_kill_would_lose) {
