@@ -404,6 +404,16 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
 
 QWidget* make(Form& form, Graph& control, QWidget* parent) {
     auto* graph = new GraphWidget(control, parent);
+    graph->onSeek = [&form, &control](int point) {
+        form.act(
+            control, [&] { control.OnSeek(point); }, Deed::Kind::kDrag);
+    };
+    graph->onSought = [&form, &control] {
+        form.happen(control, [&] {
+            if (control.OnSought) control.OnSought();
+        });
+        Deed::Drag_Ended();
+    };
     bind(form, control, graph, [graph] { graph->follow(); });
     return graph;
 }

@@ -4,14 +4,15 @@
 #include <QRectF>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 
 #include "platform/graph.h"
 
 namespace verlink::desktop {
 
-/// Draws what the graph holds when its `Draw` is called, and nothing in between. The wheel enlarges about the mouse,
-/// the left button draws the frame of the part wanted, a double click shows all again; a menu saves and copies the
-/// picture.
+/// Draws what the graph holds when its `Draw` is called, and nothing in between but a cursor that moves. The wheel
+/// enlarges about the mouse, the left button draws the frame of the part wanted or, in a graph whose points can be
+/// sought, seeks one; a double click shows all again; a menu saves and copies the picture.
 class GraphWidget : public QWidget {
    public:
     GraphWidget(const platform::Graph& graph, QWidget* parent);
@@ -24,6 +25,10 @@ class GraphWidget : public QWidget {
     QRectF view() const;
     /// Shows the whole graph.
     void showAll();
+    /// The hand seeks a point, counted from 1, and lets go.
+    std::function<void(int point)> onSeek;
+    std::function<void()> onSought;
+
     /// Where a point and a value stand.
     QPoint place(double point, double value) const;
     /// The labels along the x axis.

@@ -243,7 +243,7 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
                     TorqueTable& Torques) {
     ForceSolve solve;
     int step = 0;
-    Guarded("Dynacalc", [&] {
+    const auto all_steps = [&] {
         System system;
         for (; step <= run.last_step; ++step) {
             const Links at{State_Of(run, step, 2, CG), State_Of(run, step, 3, CG), State_Of(run, step, 4, CG)};
@@ -257,6 +257,7 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
             Integer Error;
             SimQ(unknowns, system.Held.A, system.Held.C, Error);
             if (Error != 0) {
+                if (!run.tells) return;
                 platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
                                platform::Icon::kQuestion);
                 return;
@@ -265,7 +266,11 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
             if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
         }
         solve.solved = true;
-    });
+    };
+    if (run.tells)
+        Guarded("Dynacalc", all_steps);
+    else
+        What_Failed(all_steps);
     if (!solve.solved) Clear_From(step, run, Forces, Torques);
     return solve;
 }
@@ -282,6 +287,17 @@ ForceSolve Solve_Forces(LinkageModel& m) {
     ForceSolve solve = Dynacalc(m, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque);
     Forces_Hold();
     return solve;
+}
+
+bool Solve_Forces_Again(LinkageModel& m) {
+    Forces_Dropped();
+    if (!m.RunStands) return false;
+    Resolve_Forces(m);
+    LoadedRun run(m);
+    run.tells = false;
+    if (!Dynacalc(run, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque)) return false;
+    Forces_Hold();
+    return true;
 }
 
 }  // namespace verlink
