@@ -2,6 +2,7 @@
 #include "core/results.h"
 
 #include "core/linkage_model.h"
+#include "core/results_turns.h"
 
 namespace verlink {
 

@@ -26,10 +26,6 @@ void Balance_Dropped();
 void Transform_Holds();
 void Transform_Dropped();
 
-/// Moves on whenever any of the results above comes to hold or falls: whoever shows results sees by it that they are
-/// others now.
-int Results_Turns();
-
 /// The model lies in `FilePath` as it stands; or no longer does.
 void Model_Saved();
 void Model_Unsaved();

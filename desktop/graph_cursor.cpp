@@ -30,22 +30,35 @@ std::vector<double> cursorBoxes(const std::vector<double>& heights, double box, 
     return places;
 }
 
-void paintCursor(QPainter& painter, const QRectF& area, double x, const std::vector<CursorMark>& marks,
-                 const QFont& font, const QColor& ink, const QColor& paper) {
-    if (x < area.left() - 1 || x > area.right() + 1) return;
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double line = std::floor(x) + 0.5;
-    painter.setPen(QPen(ink, 1));
-    painter.drawLine(QPointF(line, area.top()), QPointF(line, area.bottom()));
+CursorPlace placeCursor(const QRectF& area, double x, const std::vector<CursorMark>& marks, const QFont& font) {
+    CursorPlace place;
+    if (x < area.left() - 1 || x > area.right() + 1) return place;
+    place.line = std::floor(x) + 0.5;
     const QFontMetricsF metrics(font);
-    double wide = 0;
-    std::vector<double> heights;
+    std::vector<double> widths, heights;
     for (const CursorMark& mark : marks) {
-        wide = std::max(wide, metrics.horizontalAdvance(mark.text) + 2 * kInset);
+        widths.push_back(metrics.horizontalAdvance(mark.text) + 2 * kInset);
         heights.push_back(std::clamp(mark.y, area.top(), area.bottom()));
     }
+    const double widest = widths.empty() ? 0 : *std::max_element(widths.begin(), widths.end());
+    const bool right = area.right() - x >= widest + kAway || area.right() - x >= x - area.left();
     const std::vector<double> tops = cursorBoxes(heights, metrics.height(), area.top(), area.bottom());
-    const bool right = area.right() - x >= wide + kAway || area.right() - x >= x - area.left();
+    place.bounds = QRectF(place.line - kDot - 2, area.top() - kDot - 2, 2 * kDot + 4, area.height() + 2 * kDot + 4);
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        const double left = right ? place.line + kAway : place.line - kAway - widths[i];
+        place.boxes.emplace_back(left, tops[i], widths[i], metrics.height());
+        place.bounds |= place.boxes.back().adjusted(-1, -1, 1, 1);
+    }
+    return place;
+}
+
+void paintCursor(QPainter& painter, const QRectF& area, const CursorPlace& place, const std::vector<CursorMark>& marks,
+                 const QFont& font, const QColor& ink, const QColor& paper) {
+    if (place.bounds.isEmpty()) return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ink, 1));
+    painter.drawLine(QPointF(place.line, area.top()), QPointF(place.line, area.bottom()));
+    const double ascent = QFontMetricsF(font).ascent();
     QColor back = paper;
     back.setAlpha(225);
     painter.setFont(font);
@@ -53,14 +66,12 @@ void paintCursor(QPainter& painter, const QRectF& area, double x, const std::vec
         painter.setPen(Qt::NoPen);
         if (area.top() <= marks[i].y && marks[i].y <= area.bottom()) {
             painter.setBrush(marks[i].color);
-            painter.drawEllipse(QPointF(line, marks[i].y), kDot, kDot);
+            painter.drawEllipse(QPointF(place.line, marks[i].y), kDot, kDot);
         }
-        const double width = metrics.horizontalAdvance(marks[i].text) + 2 * kInset;
-        const QRectF box(right ? line + kAway : line - kAway - width, tops[i], width, metrics.height());
         painter.setBrush(back);
-        painter.drawRoundedRect(box, 3, 3);
+        painter.drawRoundedRect(place.boxes[i], 3, 3);
         painter.setPen(marks[i].color);
-        painter.drawText(QPointF(box.left() + kInset, box.top() + metrics.ascent()), marks[i].text);
+        painter.drawText(QPointF(place.boxes[i].left() + kInset, place.boxes[i].top() + ascent), marks[i].text);
     }
 }
 

@@ -18,9 +18,16 @@ struct CursorMark {
     QString text;
 };
 
-/// Lays the cursor over what is painted: a line at `x`, a dot on each curve within `area`, and the values on the side
-/// where there is more room, each as near to its dot as the others let it.
-void paintCursor(QPainter& painter, const QRectF& area, double x, const std::vector<CursorMark>& marks,
+/// Where a cursor and its values stand; nothing of it lies outside `bounds`.
+struct CursorPlace {
+    double line = 0;
+    std::vector<QRectF> boxes;  ///< of the values, in the order of the marks
+    QRectF bounds;              ///< empty where the cursor is out of sight
+};
+/// For a line at `x`: the values on the side where there is more room, each as near to its curve as the others let it.
+CursorPlace placeCursor(const QRectF& area, double x, const std::vector<CursorMark>& marks, const QFont& font);
+/// Lays the cursor over what is painted: the line, a dot on each curve within `area`, and the values.
+void paintCursor(QPainter& painter, const QRectF& area, const CursorPlace& place, const std::vector<CursorMark>& marks,
                  const QFont& font, const QColor& ink, const QColor& paper);
 
 /// Where the boxes of the values stand: tops of boxes of that height for curves at `heights`, within the area, in the

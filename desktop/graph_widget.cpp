@@ -142,8 +142,10 @@ class GraphWidget::Plot : public QCustomPlot {
 
     void setCursor(int point) {
         if (point == cursor_) return;
+        // Only what the cursor leaves and where it comes to is painted anew.
+        update(cursorPlace(cursorMarks()).bounds.toAlignedRect());
         cursor_ = point;
-        update();
+        update(cursorPlace(cursorMarks()).bounds.toAlignedRect());
     }
 
     /// What takes a point that the hand seeks; null for nobody.
@@ -324,17 +326,29 @@ class GraphWidget::Plot : public QCustomPlot {
         return plainColor(colors_->curves[number % colors_->curves.size()]);
     }
 
-    void paintTheCursor() {
-        if (cursor_ < 0 || cursor_ >= static_cast<int>(names_.size())) return;
+    std::vector<CursorMark> cursorMarks() const {
         std::vector<CursorMark> marks;
+        if (cursor_ < 0 || cursor_ >= static_cast<int>(names_.size())) return marks;
         for (const std::size_t i : read(cursor_)) {
             const double value = sets_[i].values[static_cast<std::size_t>(cursor_)];
             marks.push_back({yAxis->coordToPixel(value), colorOf(i),
                              (QString::number(value, 'g', 6) + u' ' + toQt(sets_[i].unit)).trimmed()});
         }
+        return marks;
+    }
+
+    CursorPlace cursorPlace(const std::vector<CursorMark>& marks) const {
+        if (cursor_ < 0 || cursor_ >= static_cast<int>(names_.size())) return {};
+        return placeCursor(axisRect()->rect(), xAxis->coordToPixel(across(cursor_)), marks, font());
+    }
+
+    void paintTheCursor() {
+        const std::vector<CursorMark> marks = cursorMarks();
+        const CursorPlace place = cursorPlace(marks);
+        if (place.bounds.isEmpty()) return;
         QPainter painter(this);
-        paintCursor(painter, axisRect()->rect(), xAxis->coordToPixel(across(cursor_)), marks, font(),
-                    plainColor(colors_->ink), plainColor(colors_->back));
+        paintCursor(painter, axisRect()->rect(), place, marks, font(), plainColor(colors_->ink),
+                    plainColor(colors_->back));
     }
 
     /// Only what there is can be looked at, and not through a keyhole.

@@ -9,6 +9,7 @@
 #include "desktop/grid.h"
 #include "desktop/layouts.h"
 #include "desktop/layouts_linkage.h"
+#include "desktop/layouts_live.h"
 #include "desktop/picture_widget.h"
 
 namespace verlink::desktop {
@@ -69,6 +70,14 @@ void layoutAnimate(Form& form, QWidget* room) {
     split->addWidget(around(split, drawing));
     split->setCollapsible(0, false);
     split->setStretchFactor(0, 1);
+
+    // Panes that come beside or under the drawing share its place.
+    auto* split = new QSplitter(Qt::Horizontal, room);
+    split->setObjectName(QStringLiteral("split_Drawing"));
+    split->addWidget(around(split, drawing));
+    split->setCollapsible(0, false);
+    split->setStretchFactor(0, 1);
+    addLivePane(form, split);
 
     QVBoxLayout* play = column(12);
     play->addLayout(playing(form));

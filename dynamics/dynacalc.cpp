@@ -10,6 +10,7 @@
 #include "core/numeric.h"
 #include "core/results.h"
 #include "core/text.h"
+#include "dynamics/solve_again.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
 
@@ -228,6 +229,35 @@ void Clear_From(int first, const LoadedRun& run, ForceTable& Forces, TorqueTable
     }
 }
 
+/// The masses of a solve, by link.
+struct Bodies {
+    const Array<Single, 0, 4>&Mass, &Inertia;
+    const Table<Single, 0, 4, 2>& CG;
+};
+
+/// `step` is the one under way, also when a failure ends the procedure; false for a singular system there.
+bool Solve_Steps(const LoadedRun& run, bool loaded, const Bodies& bodies, ForceTable& Forces, TorqueTable& Torques,
+                 ForceSolve& solve, int& step) {
+    System system;
+    for (; step <= run.last_step; ++step) {
+        const Links at{State_Of(run, step, 2, bodies.CG), State_Of(run, step, 3, bodies.CG),
+                       State_Of(run, step, 4, bodies.CG)};
+        Store_Centres(run.table, step, at, run.shown);
+        const Inertias inertias = Inertias_At(run.table, step, at, bodies.Mass, bodies.Inertia);
+        const Loads loads = Loads_At(run, step, at);
+        Fill_Right_Side(system, inertias, run.loads, loads, loaded);
+        Fill_Matrix(system, run.linkage, at);
+        if (step == 0) solve.first = system.Held;
+        Integer unknowns = kUnknowns;
+        Integer Error;
+        SimQ(unknowns, system.Held.A, system.Held.C, Error);
+        if (Error != 0) return false;
+        Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
+        if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    }
+    return solve.solved = true;
+}
+
 }  // namespace
 
 LoadedRun::LoadedRun(LinkageModel& model)
@@ -243,34 +273,11 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
                     TorqueTable& Torques) {
     ForceSolve solve;
     int step = 0;
-    const auto all_steps = [&] {
-        System system;
-        for (; step <= run.last_step; ++step) {
-            const Links at{State_Of(run, step, 2, CG), State_Of(run, step, 3, CG), State_Of(run, step, 4, CG)};
-            Store_Centres(run.table, step, at, run.shown);
-            const Inertias inertias = Inertias_At(run.table, step, at, Mass, Inertia);
-            const Loads loads = Loads_At(run, step, at);
-            Fill_Right_Side(system, inertias, run.loads, loads, LoadFlag == 0);
-            Fill_Matrix(system, run.linkage, at);
-            if (step == 0) solve.first = system.Held;
-            Integer unknowns = kUnknowns;
-            Integer Error;
-            SimQ(unknowns, system.Held.A, system.Held.C, Error);
-            if (Error != 0) {
-                if (!run.tells) return;
-                platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
-                               platform::Icon::kQuestion);
-                return;
-            }
-            Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
-            if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
-        }
-        solve.solved = true;
-    };
-    if (run.tells)
-        Guarded("Dynacalc", all_steps);
-    else
-        What_Failed(all_steps);
+    Guarded("Dynacalc", [&] {
+        if (Solve_Steps(run, LoadFlag == 0, {Mass, Inertia, CG}, Forces, Torques, solve, step)) return;
+        platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
+                       platform::Icon::kQuestion);
+    });
     if (!solve.solved) Clear_From(step, run, Forces, Torques);
     return solve;
 }
@@ -293,9 +300,18 @@ bool Solve_Forces_Again(LinkageModel& m) {
     Forces_Dropped();
     if (!m.RunStands) return false;
     Resolve_Forces(m);
-    LoadedRun run(m);
-    run.tells = false;
-    if (!Dynacalc(run, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque)) return false;
+    const LoadedRun run(m);
+    ForceTable& Forces = m.RunTable.PinForce;
+    TorqueTable& Torques = m.RunTable.LinkTorque;
+    ForceSolve solve;
+    int step = 0;
+    const bool failed = What_Failed([&] {
+                            Solve_Steps(run, true, {m.LinkMass, m.LinkInertia, m.CG}, Forces, Torques, solve, step);
+                        }).has_value();
+    if (failed || !solve) {
+        Clear_From(step, run, Forces, Torques);
+        return false;
+    }
     Forces_Hold();
     return true;
 }

@@ -20,7 +20,6 @@ struct LoadedRun {
 
     const Geometry& linkage;
     const MassProperties& loads;
-    bool tells = true;     ///< a singular system, and a failure, are told to the user; otherwise only given back
     bool torque_imported;  ///< the torque on link 4 follows the imported table, step by step
     int last_step;
     double shown;  ///< factor between a stored length and a shown one
@@ -58,8 +57,5 @@ void Resolve_Forces(MassProperties& loads);
 /// The model's own masses under its own loads, into `PinForce` and `LinkTorque`. The forces hold, also where the solve
 /// stopped half-way: from there on they are 0.
 ForceSolve Solve_Forces(LinkageModel& model);
-/// The same for a run that has come anew under the hand: nobody is told of a solve that stopped, and the forces hold
-/// only where all steps were solved; false otherwise.
-bool Solve_Forces_Again(LinkageModel& model);
 
 }  // namespace verlink

@@ -7,6 +7,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "output/presets.h"
+#include "output/reading.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -73,7 +74,7 @@ constexpr std::array kVariables{
     Variable{"F12 Balcd", 11, 5, Kind::kPlain},
     Variable{"F14 Balcd", 11, 6, Kind::kPlain},
     Variable{"Flywl Torque", 18, 0, Kind::kPlain},
-    Variable{"Current FFT", 14, 0, Kind::kTransform},
+    Variable{"Current FFT", kTransformGroup, 0, Kind::kTransform},
 };
 constexpr int kVariableCount = static_cast<int>(kVariables.size());
 
@@ -146,6 +147,11 @@ void Load_Catalogue() {
     Load_Preset_Texts();
 }
 
+std::string Variable_Name(int number) {
+    if (number < 1 || number > kVariableCount) platform::Raise(platform::kSubscript);
+    return kVariables[static_cast<std::size_t>(number - 1)].label;
+}
+
 std::optional<Variable_Facts> Facts_Of(const std::string& name) {
     for (int number = 1; number <= kVariableCount; ++number) {
         const Variable& found = kVariables[static_cast<std::size_t>(number - 1)];
@@ -215,7 +221,7 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
         Integer link = 0;
         Local_Link(link);
         const int group = Model.FuncGroup(slot), component = Model.FuncComponent(slot);
-        if (group == 14) {
+        if (group == kTransformGroup) {
             value = Model.FFTResult(step, component);
             return;
         }

@@ -9,7 +9,7 @@
 
 #include "core/number.h"
 #include "core/numeric.h"
-#include "output/catalogue.h"
+#include "output/reading.h"
 
 namespace verlink {
 

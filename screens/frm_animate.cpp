@@ -166,6 +166,7 @@ void frm_Animate::Form_Activate() {
         cmd_Reset_Click();
         if (Model.Grashof_Code == "N") Toggle();
         txt_Figure.Text = Shown_Title();
+        live.Arrived();
         Unlock_Run_Buttons();
         mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
         (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
@@ -204,6 +205,7 @@ void frm_Animate::Show_Model() {
         } else {
             Lock_Run_Buttons();
         }
+        live.Follow();
         Refresh_Status();
         Set_Menus();
     });
@@ -292,6 +294,7 @@ void frm_Animate::Solve() {
 void frm_Animate::Settle_Run(const std::function<void()>& show) {
     if (Model.RunStands) {
         hsc_step.SetMax(Model.NSteps);
+        live.Run_Made();
         show();
         if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
         Model.DiskFile = false;

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "core/linkage_model.h"
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/overlaid_picture.h"
@@ -11,6 +12,7 @@
 #include "screens/file_entries.h"
 #include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
+#include "screens/live_plots.h"
 #include "screens/view_menu.h"
 
 namespace verlink {
@@ -31,6 +33,9 @@ class frm_Animate : public Linkage_Screen {
     File_Entries Files{*this, [this] { Take_Typed(); }};
     Edit_Menu edit{*this};
     View_Menu view{*this};
+    platform::MenuEntry mnu_ViewBar1{view.mnu_View, "mnu_ViewBar1", ""};
+    View_Choice mnu_ViewLive{view.mnu_View, "mnu_ViewLive", "Live Plots", "live",
+                             "Functions of the run beside the drawing, which move with it"};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
@@ -87,6 +92,8 @@ class frm_Animate : public Linkage_Screen {
     /// Name and file of the model in hand, and whether it was modified.
     platform::Label lbl_Model{*this, "lbl_Model"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+
+    Live_Plots live{*this, Model, hsc_step, mnu_ViewLive};
 
     void cmd_Animate_Click();
     void cmd_Step_Click();

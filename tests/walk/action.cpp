@@ -69,6 +69,7 @@ std::string Call_Of(const Action& a) {
         case Deed::kMouse:
             return "Mouse" + on + ", " + index + ", " + Short(a.x) + ", " + Short(a.y) + ", " +
                    std::to_string(a.buttons) + ", " + std::to_string(a.keys) + ")";
+        case Deed::kSeek: return "Seek" + on + ", " + index + ", " + std::to_string(a.value) + ")";
         case Deed::kPicture: return "Click_Picture" + on + last;
         case Deed::kDoublePicture: return "Double_Picture" + on + last;
         case Deed::kHover: return "Hover" + on + ", " + Short(a.x) + ", " + Short(a.y) + ")";
@@ -150,6 +151,9 @@ Action Mouse(std::string screen, std::string picture, int index, double x, doubl
             .y = y,
             .buttons = buttons,
             .keys = keys};
+}
+Action Seek(std::string screen, std::string graph, int index, int point) {
+    return {.deed = Deed::kSeek, .screen = screen, .control = graph, .index = index, .value = point};
 }
 Action Click_Picture(std::string screen, std::string picture, int index) {
     return {Deed::kPicture, screen, picture, index};

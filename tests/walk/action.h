@@ -43,6 +43,7 @@ enum class Deed {
     kClose,      ///< the window is closed
     kPulse,      ///< a timer has run down
     kKeys,       ///< keys that no button and no entry has
+    kSeek,       ///< the point of that number of a graph is sought by the mouse, which lets go there
     kDrop,       ///< a file is dropped on the window: `text` as `Places` writes it
 };
 
@@ -96,6 +97,7 @@ Action Click(std::string screen);
 Action Close(std::string screen);
 Action Pulse(std::string screen, std::string timer);
 Action Keys(std::string screen, std::string shortcut);
+Action Seek(std::string screen, std::string graph, int index, int point);
 Action Drop(std::string screen, std::string path);
 
 /// A reply as it stands behind an action in a test.

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/graph.h"
 #include "tests/support/scripted_desktop.h"
 
 namespace verlink::walk {
@@ -203,6 +204,10 @@ bool Possible(const Screen& top, const Action& action) {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnMouseMove;
         }
+        case Deed::kSeek: {
+            const auto* graph = Reached<Graph>(top, action);
+            return graph && graph->OnSeek && action.value >= 1 && action.value <= graph->NumPoints();
+        }
         case Deed::kPicture: {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnClick;
@@ -268,6 +273,12 @@ void Do(Screen& top, const Action& action) {
         case Deed::kHaul:
         case Deed::kGlass:
         case Deed::kOnPicture: return Use_Picture(top.Get<PictureBox>(action.control, action.index), action);
+        case Deed::kSeek: {
+            auto& graph = top.Get<Graph>(action.control, action.index);
+            graph.OnSeek(action.value);
+            if (graph.OnSought) graph.OnSought();
+            return;
+        }
         case Deed::kScreen: return top.Form_Click();
         case Deed::kClose: return top.Close();
         case Deed::kPulse: return Timer_Of(action)->Tick();

@@ -6,6 +6,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/text.h"
+#include "platform/graph.h"
 #include "platform/guard.h"
 #include "screens/joint_drag.h"
 #include "tests/walk/hand.h"
@@ -247,6 +248,9 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
         choices.push_back({Chance(0.5) ? Scroll(screen, name, index, value) : Thumb(screen, name, index, value), 1});
     } else if (auto* picture = dynamic_cast<PictureBox*>(&control)) {
         Add_Picture(choices, top, *picture);
+    } else if (auto* graph = dynamic_cast<Graph*>(&control)) {
+        if (graph->OnSeek && graph->NumPoints() > 0)
+            choices.push_back({Seek(screen, name, index, 1 + Below(graph->NumPoints())), 0.7});
     }
 }
 

@@ -7,6 +7,7 @@
 #include "core/linkage_model.h"
 #include "core/results.h"
 #include "platform/overlaid_picture.h"
+#include "platform/graph.h"
 #include "platform/process.h"
 #include "shell/copy.h"
 #include "shell/run_log.h"
@@ -145,6 +146,24 @@ TEST(WalkRules, A_mark_that_is_nowhere) {
         top.Get<Overlaid_Picture>("Picture1").Over = spoilt;
     };
     EXPECT_EQ(Broken_Rule(kCalculated, spoil, kStay), "finite");
+}
+
+TEST(WalkRules, Live_plots_of_another_run) {
+    const std::vector<Action> watching =
+        Then(kCalculated, {Press("frm_Inputnew", "cmd_Done"), Pulse("frm_Animate", "Timer1"),
+                           Pick("frm_Animate", "mnu_ViewLive"), Item("frm_Animate", "cmb_LivePreset", kNoIndex, 5)});
+    const Action after = Seek("frm_Animate", "grf_Live", 1, 7);
+    EXPECT_EQ(Broken_Rule(watching, Nothing, after), "");
+    EXPECT_EQ(Broken_Rule(
+                  watching,
+                  [](Screen& top) {
+                      auto& graph = top.Get<Graph>("grf_Live", 2);
+                      graph.ThisSet = 1;
+                      graph.ThisPoint = 4;
+                      graph.SetGraphData(1e3);
+                  },
+                  after),
+              "live plots");
 }
 
 TEST(WalkRules, Something_that_a_kill_would_lose) {

@@ -242,6 +242,7 @@ void Walker::Rest(Screen& top) {
     }
     if (Broken("finite", [&] { return Drawn_Is_Finite(top); })) return;
     if (Broken("over", [&] { return What_Lies_Over_It_Is_Of_The_Model(top); })) return;
+    if (Broken("live plots", [&] { return Live_Plots_Are_Of_The_Run(top); })) return;
     if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
     if (Broken("quiet line", [&] { return Quiet_Line_Is_Of_The_Model(top); })) return;
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);

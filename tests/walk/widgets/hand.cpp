@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "desktop/graph_widget.h"
 #include "desktop/picture_widget.h"
 #include "desktop/text.h"
 #include "tests/walk/hand.h"
@@ -187,6 +188,11 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
         case Deed::kMouse:
             return With_Widget<desktop::PictureWidget>(form, action,
                                                        [&](auto& picture) { Move_Mouse(picture, action); });
+        case Deed::kSeek:
+            return With_Widget<desktop::GraphWidget>(form, action, [&](auto& graph) {
+                auto* plot = graph.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).constFirst();
+                QTest::mouseClick(plot, Qt::LeftButton, {}, {graph.place(action.value - 1, 0).x(), plot->height() / 2});
+            });
         case Deed::kPicture:
             return With_Widget<QWidget>(form, action, [](auto& box) { QTest::mouseClick(&box, Qt::LeftButton); });
         case Deed::kDoublePicture:
