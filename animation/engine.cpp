@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "animation/drawing.h"
+#include "animation/film.h"
 #include "animation/shown.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -58,7 +59,8 @@ void Move_Bar(platform::Screen& form, int value) {
 }
 
 /// False when the user has stopped the run.
-bool Hold_Frame() {
+bool Hold_Frame(int step) {
+    if (const auto* take = Frame_Taker::InForce()) return (*take)(step);
     const Long turns = static_cast<std::int64_t>(Model.AnimateWait) * Model.AnimateDelay;
     const std::int64_t counted = std::max(static_cast<std::int64_t>(turns), std::int64_t{0});
     const std::chrono::nanoseconds pause(counted * kNanosecondsPerTurn);
@@ -246,7 +248,7 @@ bool Drawone(int step, platform::Screen& form, bool& stop) {
             Drawsub(step, form);
             if (pass != Model.DrawColor) continue;
             Position_Shown(form, step, true);
-            goes_on = Hold_Frame();
+            goes_on = Hold_Frame(step);
         }
         if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);

@@ -28,7 +28,9 @@
 #include "desktop/line_box.h"
 #include "desktop/lock_widget.h"
 #include "desktop/pace.h"
+#include "desktop/picture_menu.h"
 #include "desktop/picture_widget.h"
+#include "desktop/plot_hand.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "platform/controls.h"
@@ -37,6 +39,8 @@
 #include "platform/grid.h"
 #include "platform/lock.h"
 #include "platform/overlaid_picture.h"
+#include "platform/plot_box.h"
+#include "screens/picture_entries.h"
 
 namespace verlink::desktop {
 
@@ -374,8 +378,18 @@ void bindHand(Form& form, PictureBox& control, PictureWidget* picture) {
     };
 }
 
+/// What files of a picture are called.
+const char* nameOf(const PictureBox& control) {
+    if (dynamic_cast<const PlotBox*>(&control)) return kPlotPicture;
+    return control.Name() == "Picture1" && control.Owner().Name() != "frm_Cayley" ? kLinkagePicture : kDiagramPicture;
+}
+
 QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     auto* picture = new PictureWidget(control.Drawing(), parent);
+    // One that chooses by a click is no more than the face of a button.
+    if (!control.OnClick) new PictureMenu(control, *picture, nameOf(control), [picture] { return sourceOf(*picture); });
+    auto* plot = dynamic_cast<PlotBox*>(&control);
+    PlotHand* hand = plot ? new PlotHand(*plot, picture) : nullptr;
     bindHand(form, control, picture);
     picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
         if (!control.OnMouseMove) return;
@@ -391,9 +405,10 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
     auto* overlaid = dynamic_cast<Overlaid_Picture*>(&control);
-    bind(form, control, picture, [picture, overlaid, &control, &form, keys = std::string()]() mutable {
+    bind(form, control, picture, [picture, overlaid, hand, &control, &form, keys = std::string()]() mutable {
         picture->setLines(control.Lines);
         if (overlaid) picture->setOverlay(overlaid->Over);
+        if (hand) hand->follow();
         picture->setLight(control.Lit);
         picture->setGrip(control.Pointer);
         if (keys != control.Keys.Get()) picture->setKeys(keys = control.Keys);

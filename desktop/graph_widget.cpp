@@ -1,26 +1,20 @@
 // A graph drawn by the plotting library, and the hand on it.
 #include "desktop/graph_widget.h"
 
-#include <QBuffer>
-#include <QClipboard>
-#include <QFileInfo>
-#include <QMenu>
-#include <QPdfWriter>
-#include <QSvgGenerator>
+#include <QHelpEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "core/linkage_model.h"
 #include "desktop/curve_paint.h"
 #include "desktop/graph_cursor.h"
 #include "desktop/graph_parts.h"
+#include "desktop/picture_menu.h"
+#include "desktop/read_out.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "output/graph_scale.h"
-#include "platform/desktop.h"
-#include "platform/file_system.h"
-#include "platform/guard.h"
+#include "screens/picture_entries.h"
 
 namespace verlink::desktop {
 
@@ -62,7 +56,7 @@ class GraphWidget::Plot : public QCustomPlot {
           title_(new QCPTextElement(this)) {
         across_->apart = 70;
         setMouseTracking(true);
-        setContextMenuPolicy(Qt::CustomContextMenu);
+        setContextMenuPolicy(Qt::NoContextMenu);  // its parent has one
         setCursor(Qt::CrossCursor);
         setInteractions(QCP::iRangeZoom);
         setSelectionRectMode(QCP::srmZoom);
@@ -228,7 +222,7 @@ class GraphWidget::Plot : public QCustomPlot {
 
     bool event(QEvent* event) override {
         // The read-out stands where a tip would.
-        if (event->type() == QEvent::ToolTip) return true;
+        if (event->type() == QEvent::ToolTip && nearest(static_cast<QHelpEvent*>(event)->pos()) >= 0) return true;
         return QCustomPlot::event(event);
     }
 
@@ -479,43 +473,10 @@ class GraphWidget::Plot : public QCustomPlot {
             painter.setBrush(colorOf(i));
             painter.drawEllipse(at, 3.5, 3.5);
         }
-        paintReadOut(painter, area, shown);
-    }
-
-    void paintReadOut(QPainter& painter, const QRectF& area, const std::vector<std::size_t>& shown) {
-        const QStringList texts = readOut(mouse_);
-        painter.setFont(font());
-        const QFontMetricsF metrics(font());
-        double width = 0;
-        for (qsizetype i = 0; i < texts.size(); ++i)
-            width = std::max(width, metrics.horizontalAdvance(texts[i]) + (i ? 16 : 0));
-        constexpr double kInset = 8, kAway = 14;
-        const double line = metrics.height();
-        QRectF box(0, 0, width + 2 * kInset, line * static_cast<double>(texts.size()) + kInset);
-        // At the side where there is room.
-        box.moveLeft(mouse_.x() + kAway + box.width() <= area.right() ? mouse_.x() + kAway
-                                                                      : mouse_.x() - kAway - box.width());
-        box.moveTop(mouse_.y() + kAway + box.height() <= area.bottom() ? mouse_.y() + kAway
-                                                                       : mouse_.y() - kAway - box.height());
-        box.moveLeft(std::max(2.0, box.left()));
-        box.moveTop(std::max(2.0, box.top()));
-        QColor paper = plainColor(colors_->back), border = plainColor(colors_->ink);
-        paper.setAlpha(235);
-        border.setAlpha(120);
-        painter.setBrush(paper);
-        painter.setPen(border);
-        painter.drawRoundedRect(box, 4, 4);
-        double top = box.top() + kInset / 2;
-        for (qsizetype i = 0; i < texts.size(); ++i, top += line) {
-            double left = box.left() + kInset;
-            if (i > 0) {
-                painter.setPen(QPen(colorOf(shown[static_cast<std::size_t>(i - 1)]), 2.5));
-                painter.drawLine(QPointF(left, top + line / 2), QPointF(left + 10, top + line / 2));
-                left += 16;
-            }
-            painter.setPen(plainColor(colors_->ink));
-            painter.drawText(QPointF(left, top + metrics.ascent()), texts[i]);
-        }
+        std::vector<QColor> strokes;
+        for (const std::size_t i : shown) strokes.push_back(colorOf(i));
+        paintReadOut(painter, area, mouse_, readOut(mouse_), strokes, font(), plainColor(colors_->ink),
+                     plainColor(colors_->back));
     }
 
     QSharedPointer<LabelTicker> labels_;
@@ -538,8 +499,7 @@ class GraphWidget::Plot : public QCustomPlot {
 
 GraphWidget::GraphWidget(const Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph), plot_(new Plot(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    // The library's widget keeps the mouse to itself, so that its parent never sees a right click.
-    connect(plot_, &QWidget::customContextMenuRequested, this, &GraphWidget::offerPictures);
+    new PictureMenu(graph, *this, kPlotPicture, [this] { return source(); });
     if (graph_.OnSeek) {
         plot_->onSeek = [this](int point) {
             if (onSeek) onSeek(point);
@@ -583,82 +543,20 @@ QPoint GraphWidget::place(double point, double value) const {
 QStringList GraphWidget::labels() const { return plot_->shownLabels(); }
 QStringList GraphWidget::readOut(const QPoint& at) const { return plot_->readOut(at); }
 
-QByteArray GraphWidget::pdf() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    QPdfWriter document(&whole);
-    document.setCreator(QStringLiteral("Verlink"));
-    document.setTitle(lines(graph_.GraphTitle));
-    // So that a point of the picture is one of the paper, and its letters are as large as on the screen.
-    document.setResolution(logicalDpiX());
-    document.setPageLayout(QPageLayout(QPageSize(size(), QPageSize::Point, {}, QPageSize::ExactMatch),
-                                       QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
-    QCPPainter painter;
-    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setWindow(rect());
-    plot_->toPainter(&painter, width(), height());
-    painter.end();
-    return whole.data();
-}
-
-QByteArray GraphWidget::svg() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    QSvgGenerator document;
-    document.setOutputDevice(&whole);
-    document.setSize(size());
-    document.setViewBox(rect());
-    document.setResolution(logicalDpiX());
-    document.setTitle(lines(graph_.GraphTitle));
-    QCPPainter painter;
-    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
-    painter.setMode(QCPPainter::pmVectorized);
-    plot_->toPainter(&painter, width(), height());
-    painter.end();
-    return whole.data();
-}
-
-QByteArray GraphWidget::png() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    if (!plot_->toPixmap(width(), height(), std::max(2.0, devicePixelRatioF())).save(&whole, "PNG"))
-        platform::Raise(platform::kOutOfMemory);
-    return whole.data();
-}
-
-void GraphWidget::savePicture(const QString& path) {
-    const QString kind = QFileInfo(path).suffix().toLower();
-    const QByteArray picture = kind == QStringLiteral("pdf") ? pdf() : kind == QStringLiteral("svg") ? svg() : png();
-    platform::Write_File(fromQt(path), picture.toStdString());
-}
-
-void GraphWidget::copyPicture() { QApplication::clipboard()->setPixmap(plot_->toPixmap(width(), height(), 2)); }
-
-void GraphWidget::askAndSave() {
-    platform::FileDialog wish;
-    wish.title = "Save picture";
-    wish.filter = "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|";
-    wish.file_name = Model.ModelName.empty() ? "plot.png" : Model.ModelName + "_plot.png";
-    wish.warn_before_overwriting = true;
-    wish.kind = "picture";
-    const auto path = platform::Ask_File(wish, true);
-    if (!path) return;
-    const auto failure = What_Failed([&] { savePicture(toQt(*path)); });
-    if (!failure) return;
-    std::string text = "The picture could not be written to " + *path + ".";
-    if (!failure->Trouble().path.empty()) text += platform::CRLF + failure->Trouble().Sentence();
-    platform::Tell(text, platform::Icon::kExclamation);
-}
-
-void GraphWidget::offerPictures(const QPoint& at) {
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("qt_graph_menu"));
-    const QAction* save = menu.addAction(QStringLiteral("Save picture..."));
-    const QAction* copy = menu.addAction(QStringLiteral("Copy picture"));
-    const QAction* chosen = menu.exec(plot_->mapToGlobal(at));
-    if (chosen == save) askAndSave();
-    if (chosen == copy) copyPicture();
+PictureSource GraphWidget::source() {
+    return {.title = lines(graph_.GraphTitle),
+            .size = size(),
+            .dpi = logicalDpiX(),
+            .vectors =
+                [this](QPaintDevice& device) {
+                    QCPPainter painter;
+                    if (!painter.begin(&device)) platform::Raise(platform::kOutOfMemory);
+                    painter.setMode(QCPPainter::pmVectorized);
+                    painter.setWindow(rect());
+                    plot_->toPainter(&painter, width(), height());
+                    painter.end();
+                },
+            .image = [this](double density) { return plot_->toPixmap(width(), height(), density).toImage(); }};
 }
 
 void GraphWidget::resizeEvent(QResizeEvent* event) {

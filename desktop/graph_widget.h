@@ -10,6 +10,8 @@
 
 namespace verlink::desktop {
 
+struct PictureSource;
+
 /// Draws what the graph holds when its `Draw` is called, and nothing in between but a cursor that moves. The wheel
 /// enlarges about the mouse, the left button draws the frame of the part wanted or, in a graph whose points can be
 /// sought, seeks one; a double click shows all again; a menu saves and copies the picture.
@@ -36,10 +38,6 @@ class GraphWidget : public QWidget {
     /// What is read at a place: the point's label, then each curve's legend and value; empty beside the axes.
     QStringList readOut(const QPoint& at) const;
 
-    /// As PNG, SVG or PDF by the end of the name; a `RuntimeFailure` when it cannot be written.
-    void savePicture(const QString& path);
-    void copyPicture();
-
     QSize sizeHint() const override { return {520, 340}; }
     QSize minimumSizeHint() const override { return {220, 150}; }
 
@@ -50,12 +48,7 @@ class GraphWidget : public QWidget {
    private:
     class Plot;
     void follow(bool drawn);
-    /// The menu of a right click.
-    void offerPictures(const QPoint& at);
-    QByteArray pdf();
-    QByteArray svg();
-    QByteArray png();
-    void askAndSave();
+    PictureSource source();
 
     const platform::Graph& graph_;
     Plot* plot_;

@@ -13,6 +13,7 @@
 #include "desktop/overlay_paint.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "platform/picture_part.h"
 
 namespace verlink::desktop {
 
@@ -229,22 +230,36 @@ void PictureWidget::paintLight(QPainter& painter) const {
 }
 
 void PictureWidget::paintPixels(QPainter& painter, const QRectF& place) {
-    const double density = devicePixelRatioF();
+    const double density = bare_ ? painter.device()->devicePixelRatioF() : devicePixelRatioF();
     const int wide = qRound(place.width() * density), high = qRound(place.height() * density);
-    if (revision_ != picture_.Revision() || pixels_.Wide() != wide || pixels_.High() != high)
-        pixels_.Paint(picture_, wide, high, density, place.width(), place.height(), glass_);
-    revision_ = picture_.Revision();
-    const auto* bits = reinterpret_cast<const uchar*>(pixels_.Pixels().data());
+    platform::PicturePixels& pixels = bare_ ? apart_ : pixels_;
+    if (bare_ || revision_ != picture_.Revision() || pixels.Wide() != wide || pixels.High() != high)
+        pixels.Paint(picture_, wide, high, density, place.width(), place.height(), glass_);
+    const auto* bits = reinterpret_cast<const uchar*>(pixels.Pixels().data());
     QImage image(bits, wide, high, qsizetype{4} * wide, QImage::Format_RGB32);
     image.setDevicePixelRatio(density);
     painter.drawImage(place.topLeft(), image);
+    if (bare_) return;
+    revision_ = picture_.Revision();
     stale_ = false;
+}
+
+/// Under the glass the part that is seen, as a picture of its own.
+void PictureWidget::paintVectors(QPainter& painter, const QSizeF& size) const {
+    if (glass_ == platform::Glass{}) return paintPicture(painter, picture_, size);
+    const double wide = picture_.Right() - picture_.Left(), high = picture_.Bottom() - picture_.Top();
+    paintPicture(painter,
+                 Part_Of(picture_, picture_.Left() + glass_.Part_Across(0) * wide,
+                         picture_.Top() + glass_.Part_Down(0) * high, picture_.Left() + glass_.Part_Across(1) * wide,
+                         picture_.Top() + glass_.Part_Down(1) * high, glass_.factor),
+                 size);
 }
 
 void PictureWidget::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     letGo();
     pixels_.Release();
+    apart_.Release();
 }
 
 void PictureWidget::paintEvent(QPaintEvent*) {
@@ -257,13 +272,14 @@ void PictureWidget::paintEvent(QPaintEvent*) {
         paintPixels(painter, place);
     } else {
         painter.translate(place.topLeft());
-        paintPicture(painter, picture_, place.size());
+        paintVectors(painter, place.size());
         painter.translate(-place.topLeft());
     }
     painter.translate(place.topLeft());
     paintOverlay(painter, overlay_, sightOf(picture_, place.size(), on_screen ? glass_ : platform::Glass()));
     painter.translate(-place.topLeft());
     paintLines(painter);
+    if (bare_) return;
     if (on_screen) paintLight(painter);
     // Who came here by the keys sees it.
     const bool chosen = on_screen && magnifies_ && hasFocus();

@@ -90,6 +90,9 @@ class PictureWidget : public QWidget {
     const platform::Picture& picture() const { return picture_; }
     /// The place of the picture within the widget.
     QRectF area() const;
+    /// While it is painted for a file nothing of the pointer is upon it, and no frame around it.
+    void setBare(bool bare) { bare_ = bare; }
+    bool bare() const { return bare_; }
     /// Paints at once if the picture has changed since the last painting.
     void paintNow();
 
@@ -129,15 +132,18 @@ class PictureWidget : public QWidget {
     double pixel() const;
     void paintLines(QPainter& painter) const;
     void paintPixels(QPainter& painter, const QRectF& place);
+    void paintVectors(QPainter& painter, const QSizeF& size) const;
     void paintLight(QPainter& painter) const;
 
     platform::Picture& picture_;
     std::vector<std::string> lines_;
     platform::Overlay overlay_;
     platform::PicturePixels pixels_;
+    platform::PicturePixels apart_;  ///< for files, of another density
     std::uint64_t revision_ = 0;
     bool stale_ = true;
     bool fills_ = false;
+    bool bare_ = false;
     bool was_double_ = false;  ///< the release to come ends a double click
 
     platform::Glass glass_;

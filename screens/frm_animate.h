@@ -13,6 +13,7 @@
 #include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
 #include "screens/live_plots.h"
+#include "screens/picture_entries.h"
 #include "screens/view_menu.h"
 
 namespace verlink {
@@ -36,6 +37,8 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_ViewBar1{view.mnu_View, "mnu_ViewBar1", ""};
     View_Choice mnu_ViewLive{view.mnu_View, "mnu_ViewLive", "Live Plots", "live",
                              "Functions of the run beside the drawing, which move with it"};
+    Picture_Entries pictures{view.mnu_View, Picture1};
+    Motion_Entry motion{view.mnu_View};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};

@@ -9,6 +9,7 @@
 #include "screens/file_entries.h"
 #include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
+#include "screens/picture_entries.h"
 #include "screens/view_menu.h"
 
 namespace verlink {
@@ -45,6 +46,7 @@ class frm_Inputnew : public Linkage_Screen {
     File_Entries Files{*this, [this] { Settle(); }};
     Edit_Menu edit{*this};
     View_Menu view{*this};
+    Picture_Entries pictures{view.mnu_View, Picture1};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
