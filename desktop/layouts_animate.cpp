@@ -70,13 +70,6 @@ void layoutAnimate(Form& form, QWidget* room) {
     split->addWidget(around(split, drawing));
     split->setCollapsible(0, false);
     split->setStretchFactor(0, 1);
-
-    // Panes that come beside or under the drawing share its place.
-    auto* split = new QSplitter(Qt::Horizontal, room);
-    split->setObjectName(QStringLiteral("split_Drawing"));
-    split->addWidget(around(split, drawing));
-    split->setCollapsible(0, false);
-    split->setStretchFactor(0, 1);
     addLivePane(form, split);
 
     QVBoxLayout* play = column(12);

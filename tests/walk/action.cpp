@@ -75,9 +75,9 @@ std::string Call_Of(const Action& a) {
         case Deed::kHover: return "Hover" + on + ", " + Short(a.x) + ", " + Short(a.y) + ")";
         case Deed::kHaul:
             return "Haul" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + Short(a.to_x) + ", " + Short(a.to_y) +
-                   ", " + std::to_string(a.keys) + ")";
+                   ", " + std::to_string(a.keys) + last;
         case Deed::kGlass:
-            return "Turn_Wheel" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + std::to_string(a.value) + ")";
+            return "Turn_Wheel" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + std::to_string(a.value) + last;
         case Deed::kOnPicture: return "On_Picture" + on + ", " + Quoted(a.text) + ")";
         case Deed::kScreen: return "Click(" + Quoted(a.screen) + ")";
         case Deed::kClose: return "Close(" + Quoted(a.screen) + ")";
@@ -164,18 +164,21 @@ Action Double_Picture(std::string screen, std::string picture, int index) {
 Action Hover(std::string screen, std::string picture, double x, double y) {
     return {.deed = Deed::kHover, .screen = screen, .control = picture, .x = x, .y = y};
 }
-Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys) {
+Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys,
+            int index) {
     return {.deed = Deed::kHaul,
             .screen = screen,
             .control = picture,
+            .index = index,
             .x = x,
             .y = y,
             .keys = keys,
             .to_x = to_x,
             .to_y = to_y};
 }
-Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches) {
-    return {.deed = Deed::kGlass, .screen = screen, .control = picture, .value = notches, .x = x, .y = y};
+Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches, int index) {
+    return {
+        .deed = Deed::kGlass, .screen = screen, .control = picture, .index = index, .value = notches, .x = x, .y = y};
 }
 Action On_Picture(std::string screen, std::string picture, std::string key) {
     return {.deed = Deed::kOnPicture, .screen = screen, .control = picture, .text = key};

@@ -90,8 +90,10 @@ Action Mouse(std::string screen, std::string picture, int index, double x, doubl
 Action Click_Picture(std::string screen, std::string picture, int index = platform::kNoIndex);
 Action Double_Picture(std::string screen, std::string picture, int index = platform::kNoIndex);
 Action Hover(std::string screen, std::string picture, double x, double y);
-Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys);
-Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches);
+Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys,
+            int index = platform::kNoIndex);
+Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches,
+                  int index = platform::kNoIndex);
 Action On_Picture(std::string screen, std::string picture, std::string key);
 Action Click(std::string screen);
 Action Close(std::string screen);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/graph.h"
+#include "platform/plot_box.h"
 #include "tests/support/scripted_desktop.h"
 
 namespace verlink::walk {
@@ -118,7 +119,13 @@ bool Takes_Key(const PictureBox& box, const std::string& key) {
     return box.OnKey && std::ranges::find(keys, key) != keys.end();
 }
 
+/// Of a plot a part is enlarged, of which without windows nothing is to be seen.
+bool Looks_At_A_Plot(const PictureBox& box, Deed deed) {
+    return dynamic_cast<const PlotBox*>(&box) && (deed == Deed::kHaul || deed == Deed::kGlass);
+}
+
 void Use_Picture(PictureBox& box, const Action& action) {
+    if (Looks_At_A_Plot(box, action.deed)) return;
     switch (action.deed) {
         case Deed::kMouse: return Move_Mouse(box, action);
         case Deed::kPicture: return box.OnClick();
@@ -223,7 +230,7 @@ bool Possible(const Screen& top, const Action& action) {
         case Deed::kHaul:
         case Deed::kGlass: {
             const auto* box = Reached<PictureBox>(top, action);
-            return box && box->Magnifies;
+            return box && (box->Magnifies || Looks_At_A_Plot(*box, action.deed));
         }
         case Deed::kOnPicture: {
             const auto* box = Reached<PictureBox>(top, action);

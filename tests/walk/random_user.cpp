@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "platform/graph.h"
 #include "platform/guard.h"
+#include "platform/plot_box.h"
 #include "screens/joint_drag.h"
 #include "tests/walk/hand.h"
 #include "tests/walk/users.h"
@@ -129,10 +130,14 @@ bool May_Look(const Screen& top, const Action& action) {
                                     "mnu_ViewCurvature",
                                     "mnu_ViewGrid",
                                     "mnu_ViewNames",
-                                    "mnu_ViewGhosts"})
+                                    "mnu_ViewGhosts",
+                                    "mnu_SavePicture",
+                                    "mnu_CopyPicture",
+                                    "mnu_SaveMotion"})
             if (name.starts_with(looking)) return true;
     }
     if (action.deed == Deed::kHover || action.deed == Deed::kGlass) return true;
+    if (action.deed == Deed::kHaul && top.FindAs<PlotBox>(name, action.index)) return true;
     if (action.deed == Deed::kDrop)
         return top.Name() == "frm_HomeScreen" && std::ranges::count(Places::Foreign(), action.text) > 0;
     // A table of torques that is not taken leaves its box as it was.
@@ -144,7 +149,7 @@ bool May_Look(const Screen& top, const Action& action) {
 }
 
 std::string Extension_Of(const FileDialog& dialog) {
-    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx"})
+    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx", ".gif", ".png"})
         if (dialog.filter.find(extension) != std::string::npos) return extension;
     return ".vlk";
 }
@@ -217,7 +222,10 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
     const std::string& name = control.Name();
     const int index = control.Index();
     if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
-        if (In_Reach(*entry)) choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
+        // A film of many positions would hold up the walk.
+        const bool long_film = name == "mnu_SaveMotion" && Model.NSteps > 40;
+        if (In_Reach(*entry) && !long_film)
+            choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
         return;
     }
     if (dynamic_cast<Shortcut*>(&control)) {
@@ -268,6 +276,11 @@ void Random_User::Add_Picture(Choices& choices, const Screen& top, const Picture
         const std::vector<std::string> keys = Single_Keys(box.Keys);
         // With a joint in the hand there is more to do.
         if (!keys.empty()) choices.push_back({On_Picture(screen, name, Any(keys)), box.Lit.Get() ? 8.0 : 1.0});
+    }
+    if (dynamic_cast<const PlotBox*>(&box)) {
+        const auto part = [this] { return Below(1001) / 1000.0; };
+        choices.push_back({Haul(screen, name, part(), part(), part(), part(), 0, box.Index()), 0.3});
+        choices.push_back({Turn_Wheel(screen, name, part(), part(), Below(9) - 4, box.Index()), 0.3});
     }
     if (box.OnClick) choices.push_back({Click_Picture(top.Name(), box.Name(), box.Index()), 0.3});
     if (box.OnDblClick) choices.push_back({Double_Picture(top.Name(), box.Name(), box.Index()), 0.3});

@@ -20,6 +20,7 @@
 
 #include "desktop/graph_widget.h"
 #include "desktop/picture_widget.h"
+#include "desktop/plot_hand.h"
 #include "desktop/text.h"
 #include "tests/walk/hand.h"
 
@@ -90,14 +91,23 @@ QPointF Place_On(const desktop::PictureWidget& picture, double x, double y) {
     return {place.x() + x * place.width(), place.y() + y * place.height()};
 }
 
+/// What lies over the picture and takes the mouse, else the picture.
+QWidget& Under_The_Mouse(desktop::PictureWidget& picture) {
+    for (QObject* beside : picture.parentWidget()->children())
+        if (auto* hand = dynamic_cast<desktop::PlotHand*>(beside)) return *hand;
+    return picture;
+}
+
 void Send_Mouse(desktop::PictureWidget& picture, QEvent::Type type, QPointF at, Qt::MouseButtons buttons, int held) {
     Qt::KeyboardModifiers keys;
     if (held & 1) keys |= Qt::ShiftModifier;
     if (held & 2) keys |= Qt::ControlModifier;
     if (held & 4) keys |= Qt::AltModifier;
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, at, picture.mapToGlobal(at), button, buttons, keys);
-    QApplication::sendEvent(&picture, &event);
+    QWidget& under = Under_The_Mouse(picture);
+    const QPointF there = picture.mapToGlobal(at);
+    QMouseEvent event(type, under.mapFromGlobal(there), there, button, buttons, keys);
+    QApplication::sendEvent(&under, &event);
 }
 
 void Haul_Over(desktop::PictureWidget& picture, const Action& a) {
@@ -111,9 +121,11 @@ void Haul_Over(desktop::PictureWidget& picture, const Action& a) {
 
 void Turn_Wheel_Over(desktop::PictureWidget& picture, const Action& a) {
     const QPointF at = Place_On(picture, a.x, a.y);
-    QWheelEvent event(at, picture.mapToGlobal(at), {}, {0, 120 * a.value}, Qt::NoButton, Qt::NoModifier,
+    QWidget& under = Under_The_Mouse(picture);
+    const QPointF there = picture.mapToGlobal(at);
+    QWheelEvent event(under.mapFromGlobal(there), there, {}, {0, 120 * a.value}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&picture, &event);
+    QApplication::sendEvent(&under, &event);
 }
 
 void Press_On(desktop::PictureWidget& picture, const std::string& keys) {
