@@ -276,7 +276,7 @@ void PictureWidget::paintEvent(QPaintEvent*) {
         painter.translate(-place.topLeft());
     }
     painter.translate(place.topLeft());
-    paintOverlay(painter, overlay_, sightOf(picture_, place.size(), on_screen ? glass_ : platform::Glass()));
+    paintOverlay(painter, overlay_, sightOf(picture_, place.size(), glass_));
     painter.translate(-place.topLeft());
     paintLines(painter);
     if (bare_) return;

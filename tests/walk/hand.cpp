@@ -91,6 +91,7 @@ Touch Touch_At(const PictureBox& box, double x, double y, int keys) {
 /// In a few moves; where there is nothing to be taken, the glass moves.
 void Haul_Over(PictureBox& box, const Action& a) {
     constexpr int kMoves = 3;
+    box.SetFocus();
     if (!box.OnSeize || !box.OnSeize(Touch_At(box, a.x, a.y, a.keys))) {
         box.Through = Moved(box.Through, a.to_x - a.x, a.to_y - a.y);
         return;
