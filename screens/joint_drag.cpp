@@ -47,7 +47,7 @@ class Follower {
         answer_.step = pull.step;
     }
 
-    Answer Found() {
+    Followed Found() {
         switch (pull_.joint) {
             case Joint::kA: Crank(); break;
             case Joint::kB: pull_.coupler ? Coupler() : Rocker(); break;
@@ -177,7 +177,7 @@ class Follower {
     double unit_;  ///< shown units in a stored one
     Vector to_, A_, B_, O4_;
     Geometry asked_;
-    Answer answer_;
+    Followed answer_;
     bool other_circuit_ = false;
 };
 
@@ -191,7 +191,7 @@ std::optional<platform::Point> Place_Of(Joint joint, const LinkageModel& model, 
     return platform::Point{global.real(), global.imag()};
 }
 
-Answer Follow(const Pull& pull, const LinkageModel& model) { return Follower(pull, model).Found(); }
+Followed Follow(const Pull& pull, const LinkageModel& model) { return Follower(pull, model).Found(); }
 
 int Decimals_For(double fine, int least) {
     constexpr int kMost = 6;

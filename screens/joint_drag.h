@@ -33,7 +33,7 @@ struct Pull {
 };
 
 /// What the linkage does.
-struct Answer {
+struct Followed {
     struct Value {
         int box;  ///< index of `txt_Linkout`
         double value;
@@ -50,7 +50,7 @@ struct Answer {
 /// The linkage whose joint lies at `to` or, as far as it cannot lie there, as near as it can: P by its distance and
 /// angle from the coupler; A on the ray of the position of the run that points nearest to it; B on its circle around
 /// A (around O4 with `coupler`); O4 by the form of link 1 in force. Angles stay next to what they were.
-Answer Follow(const Pull& pull, const LinkageModel& model);
+Followed Follow(const Pull& pull, const LinkageModel& model);
 
 /// How many decimals of a value make what they leave over nothing to the eye, as `fine` is; at least `least`.
 int Decimals_For(double fine, int least = 3);

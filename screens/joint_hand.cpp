@@ -172,7 +172,7 @@ void Joint_Hand::Pull_To(Point to, int keys, double pixel) {
         // key is free then.
         if (!by_key_ && (keys & (kAlt | kShift)) != 0) pull.round = Round_Up_1_2_5(kRoundOver * pixel);
         pull.holds = [this](int box) { return typed_.contains(box) || screen_.Held(box); };
-        const Answer answer = Follow(pull, Model);
+        const Followed answer = Follow(pull, Model);
         if (answer.refused) {
             if (screen_.OnRefused) screen_.OnRefused(*answer.refused, answer.step);
             return;

@@ -49,7 +49,9 @@ TEST(Films, Last_as_long_as_the_run) {
             EXPECT_EQ(Sum(film), std::llround((last + 1) * stride * 100)) << stride << " " << last;
             for (std::size_t i = 0; i < film.size(); ++i) {
                 EXPECT_GE(film[i].hundredths, kShortestFrame) << stride << " " << last;
-                if (i) EXPECT_GT(film[i].step, film[i - 1].step);
+                if (i > 0) {
+                    EXPECT_GT(film[i].step, film[i - 1].step);
+                }
             }
         }
 }

@@ -74,7 +74,9 @@ TEST(Gifs, Keep_plain_colours_as_they_are_among_many_shades_which_come_out_near)
     int most = 0;
     for (std::size_t i = 0; i < picture.colors.size(); ++i) {
         most = std::max(most, Apart(read.frames[0].pixels[i], picture.colors[i]));
-        if (i >= 2000) EXPECT_EQ(read.frames[0].pixels[i], picture.colors[i]);
+        if (i >= 2000) {
+            EXPECT_EQ(read.frames[0].pixels[i], picture.colors[i]);
+        }
     }
     EXPECT_LT(most, 8);
 }

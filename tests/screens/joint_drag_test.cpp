@@ -11,7 +11,7 @@ namespace {
 
 class JointDrag : public JointHand {
    protected:
-    static Answer Ask(Joint joint, Spot to, std::set<int> held = {}, bool coupler = false, int step = 0) {
+    static Followed Ask(Joint joint, Spot to, std::set<int> held = {}, bool coupler = false, int step = 0) {
         Pull pull;
         pull.joint = joint;
         pull.coupler = coupler;
@@ -20,12 +20,12 @@ class JointDrag : public JointHand {
         pull.holds = [held](int box) { return held.contains(box); };
         return Follow(pull, Model);
     }
-    static double Value(const Answer& answer, int box) {
+    static double Value(const Followed& answer, int box) {
         for (const auto& value : answer.values)
             if (value.box == box) return value.value;
         return -1e9;
     }
-    static std::set<int> Boxes(const Answer& answer) {
+    static std::set<int> Boxes(const Followed& answer) {
         std::set<int> boxes;
         for (const auto& value : answer.values) boxes.insert(value.box);
         return boxes;
@@ -55,7 +55,7 @@ TEST_F(JointDrag, PlacesAreThoseOfTheCirclesThatMeet) {
 
 TEST_F(JointDrag, WhereNothingMovesNothingBecomesAnother) {
     for (const Joint joint : kJoints) {
-        const Answer answer = Ask(joint, Now(joint));
+        const Followed answer = Ask(joint, Now(joint));
         EXPECT_TRUE(answer.values.empty());
         EXPECT_EQ(answer.step, 0);
         EXPECT_FALSE(answer.refused);
@@ -66,10 +66,10 @@ TEST_F(JointDrag, AHeldDistanceLetsTheCouplerPointTurnAndAHeldAngleLetsItSlide) 
     const Spot to = Now(Joint::kP) + Spot(0.3, 0.2);
     EXPECT_EQ(Boxes(Ask(Joint::kP, to)), (std::set{4, 5}));
     const Spot arm = (to - Now(Joint::kA)) / (Now(Joint::kB) - Now(Joint::kA));
-    const Answer turns = Ask(Joint::kP, to, {4});
+    const Followed turns = Ask(Joint::kP, to, {4});
     EXPECT_EQ(Boxes(turns), std::set{5});
     EXPECT_NEAR(std::remainder(Value(turns, 5) - std::arg(arm) * 180 / M_PI, 360), 0, 0.001);
-    const Answer slides = Ask(Joint::kP, to, {5});
+    const Followed slides = Ask(Joint::kP, to, {5});
     EXPECT_EQ(Boxes(slides), std::set{4});
     const Spot along = std::polar(1.0, Model.Delta * M_PI / 180);
     EXPECT_NEAR(Value(slides, 4), (arm * std::conj(along)).real() * Model.L3, 0.001);
@@ -77,7 +77,7 @@ TEST_F(JointDrag, AHeldDistanceLetsTheCouplerPointTurnAndAHeldAngleLetsItSlide) 
 }
 
 TEST_F(JointDrag, AHeldCrankTurnsAndAHeldRockerStays) {
-    const Answer answer = Ask(Joint::kA, std::polar(2.0, 41 * M_PI / 180), {1});
+    const Followed answer = Ask(Joint::kA, std::polar(2.0, 41 * M_PI / 180), {1});
     EXPECT_TRUE(answer.values.empty());
     EXPECT_EQ(answer.step, 4);
     EXPECT_TRUE(Ask(Joint::kB, Now(Joint::kB) + Spot(0.1, 0.1), {3}).values.empty());
@@ -89,10 +89,10 @@ TEST_F(JointDrag, AHeldCoordinateLetsO4GoAlongTheOther) {
     EXPECT_EQ(Boxes(Ask(Joint::kO4, {2.5, 0.4}, {15})), std::set{16});
     EXPECT_EQ(Boxes(Ask(Joint::kO4, {2.5, 0.4}, {16})), std::set{15});
     Model.PolarCoords = true;
-    const Answer turns = Ask(Joint::kO4, {2.5, 0.4}, {0});
+    const Followed turns = Ask(Joint::kO4, {2.5, 0.4}, {0});
     EXPECT_EQ(Boxes(turns), std::set{6});
     EXPECT_NEAR(Value(turns, 6), std::atan2(0.4, 2.5) * 180 / M_PI, 0.001);
-    const Answer slides = Ask(Joint::kO4, {2.5, 0.4}, {6});
+    const Followed slides = Ask(Joint::kO4, {2.5, 0.4}, {6});
     EXPECT_EQ(Boxes(slides), std::set{0});
     EXPECT_NEAR(Value(slides, 0), 2.5, 0.001);
 }
@@ -106,7 +106,7 @@ TEST_F(JointDrag, TheRockerIsLongEnoughForTheNearestPointOfTheCircleAboutA) {
 }
 
 TEST_F(JointDrag, WhatDoesNotCloseIsToldAndNothingFollows) {
-    const Answer answer = Ask(Joint::kO4, {20, 1});
+    const Followed answer = Ask(Joint::kO4, {20, 1});
     EXPECT_TRUE(answer.values.empty());
     ASSERT_TRUE(answer.refused);
     EXPECT_NEAR(answer.refused->L1, std::hypot(20, 1), 1e-4);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <complex>
 
+#include "core/linkage_door.h"
 #include "dynamics/units.h"
 #include "files/in_hand.h"
 #include "screens/joint_drag.h"

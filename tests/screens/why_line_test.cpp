@@ -1,4 +1,6 @@
 // The quiet line under the picture, and the locks beside the boxes.
+#include "core/linkage_door.h"
+#include "core/parameters.h"
 #include "core/why_words.h"
 #include "screens/frm_inputnew.h"
 #include "tests/screens/frm_inputnew_fixture.h"

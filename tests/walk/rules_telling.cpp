@@ -6,8 +6,8 @@
 
 #include "core/why_words.h"
 #include "platform/graph.h"
-#include "screens/linkage_screen.h"
 #include "platform/overlaid_picture.h"
+#include "screens/linkage_screen.h"
 #include "tests/walk/rules.h"
 
 namespace verlink::walk {

@@ -6,8 +6,8 @@
 
 #include "core/linkage_model.h"
 #include "core/results.h"
-#include "platform/overlaid_picture.h"
 #include "platform/graph.h"
+#include "platform/overlaid_picture.h"
 #include "platform/process.h"
 #include "shell/copy.h"
 #include "shell/run_log.h"
