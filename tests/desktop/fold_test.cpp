@@ -15,6 +15,7 @@
 #include "screens/register.h"
 #include "shell/initialize.h"
 #include "tests/desktop/screens.h"
+#include "tests/support/fixture.h"
 
 namespace verlink::test {
 

@@ -213,8 +213,9 @@ TEST_F(PlotScreensTest, Every_plot_has_a_hand_and_a_line_that_tells_of_it) {
             if (!graph && !drawn) continue;
             const auto* visual = static_cast<const platform::Visual*>(control);
             for (const char* word : {"wheel", "frame", "double click", "right click"})
-                if (!graph || !graph->OnSeek)
+                if (!graph || !graph->OnSeek) {
                     EXPECT_NE(visual->Tip.Get().find(word), std::string::npos) << control->ObjectName() << " " << word;
+                }
             EXPECT_EQ(visual->Tip.Get().find('\n'), std::string::npos);
             graphs += graph != nullptr;
             if (!drawn) continue;

@@ -105,7 +105,7 @@ TEST_F(WhyLine, Says_which_lock_holds_a_joint) {
         EXPECT_EQ(Line(), "Not followed: link 2 is locked.");
         EXPECT_EQ(Model.L2, 4);
         Release();
-        EXPECT_EQ(Line(), "");
+        EXPECT_EQ(Line(), "Not followed: link 2 is locked.") << "it can be read when the hand has let go";
         Lock(1);
         ASSERT_TRUE(Press_At(A));
         Move(A * 0.9);

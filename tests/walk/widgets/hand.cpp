@@ -201,7 +201,7 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
             return With_Widget<desktop::PictureWidget>(form, action,
                                                        [&](auto& picture) { Move_Mouse(picture, action); });
         case Deed::kSeek:
-            return With_Widget<desktop::GraphWidget>(form, action, [&](auto& graph) {
+            return With_Widget<desktop::GraphWidget>(form, action, [&](desktop::GraphWidget& graph) {
                 auto* plot = graph.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).constFirst();
                 QTest::mouseClick(plot, Qt::LeftButton, {}, {graph.place(action.value - 1, 0).x(), plot->height() / 2});
             });
