@@ -283,12 +283,18 @@ bool PictureWidget::gesture(QEvent* event) {
     auto* gestures = static_cast<QGestureEvent*>(event);
     auto* pinch = static_cast<QPinchGesture*>(gestures->gesture(Qt::PinchGesture));
     if (!pinch) return false;
+    gestures->accept(pinch);
+    // The first finger has pressed as a mouse does.
+    letGo();
     const QPointF at = mapFromGlobal(pinch->centerPoint());
+    // The toolkit tells each move of the fingers twice.
+    const bool again =
+        pinch->scaleFactor() == pinch->lastScaleFactor() && pinch->centerPoint() == pinch->lastCenterPoint();
+    if (again) return true;
     if (pinch->changeFlags() & QPinchGesture::CenterPointChanged && pinch->state() == Qt::GestureUpdated)
         moveBy(pinch->centerPoint() - pinch->lastCenterPoint());
     if (pinch->changeFlags() & QPinchGesture::ScaleFactorChanged && pinch->scaleFactor() > 0)
         zoomAt(pinch->scaleFactor(), at);
-    gestures->accept(pinch);
     return true;
 }
 

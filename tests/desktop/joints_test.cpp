@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QResizeEvent>
 #include <QWheelEvent>
 
 #include "desktop/picture_widget.h"
@@ -95,7 +96,7 @@ TEST_F(JointsTest, A_plain_drag_takes_the_joint_under_the_pointer_and_is_one_ste
             at += QPointF(4, -3);
             Move(picture, at);
             EXPECT_LE(Off(Seen(window, Joint::kP, 0), at), 1);
-            EXPECT_EQ(Find<QLineEdit>(window, "txt_Linkout_4").text().toDouble(), Model.Rpa);
+            EXPECT_EQ(Single(Find<QLineEdit>(window, "txt_Linkout_4").text().toDouble()), Model.Rpa);
         }
         Release(picture, at);
         EXPECT_EQ(The_History().Steps(), steps + 1);
@@ -239,6 +240,9 @@ TEST_F(JointsTest, Every_picture_of_a_mechanism_or_diagram_has_the_glass) {
         auto& widget = Find<desktop::PictureWidget>(form, name);
         EXPECT_TRUE(widget.magnifies());
         widget.resize(402, 402);
+        // As the window does when it comes up.
+        QResizeEvent resized(widget.size(), {});
+        QApplication::sendEvent(&widget, &resized);
         EXPECT_NEAR(box.Across, 400, 1e-9);
         Wheel(widget, {201, 201}, 3);
         EXPECT_NEAR(box.Through.Get().factor, 1.728, 1e-9);

@@ -109,11 +109,11 @@ TEST_F(PixelsTest, Under_the_glass_it_is_the_picture_of_a_smaller_window) {
 TEST_F(PixelsTest, Lines_keep_their_widths_and_pins_their_size) {
     Picture line, pin, circle;
     for (Picture* picture : {&line, &pin, &circle}) picture->Scale(-1, -1, 1, 1);
-    line.Line(-0.9, 0.003, 0.9, 0.004, 0);
+    line.Line(-0.9, -0.6, 0.9, 0.6, 0);
     pin.Pin(0.02, 0.03, 0.05, 0);
     circle.Circle(0.02, 0.03, 0.05, 0);
     const Glass near{8, 0.5, 0.5};
-    EXPECT_NEAR(Dark(Painted(line, near)), Dark(Painted(line, {})) / 0.9, 40);
+    EXPECT_NEAR(Dark(Painted(line, near)), Dark(Painted(line, {})) / 0.9, 30);
     EXPECT_NEAR(Dark(Painted(pin, near)), Dark(Painted(pin, {})), 12);
     EXPECT_GT(Dark(Painted(circle, near)), 6 * Dark(Painted(circle, {})));
     EXPECT_EQ(Painted(pin, {}), Painted(circle, {}));

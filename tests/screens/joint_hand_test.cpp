@@ -60,6 +60,7 @@ TEST_F(JointHand, NothingCanBeTakenWhereNoRunIsShown) {
 class Everywhere : public JointHand {
    protected:
     void Drag_All(const char* where, std::initializer_list<int> steps) {
+        before_ = Model;
         After_First_Picture([&] {
             for (const bool autoscale : {true, false}) {
                 form.chk_autoscale.Value = autoscale;
@@ -67,21 +68,32 @@ class Everywhere : public JointHand {
                     for (const Joint joint : {Joint::kP, Joint::kO4}) {
                         SCOPED_TRACE(std::string(where) + " joint " + Text_Of(static_cast<int>(joint)) + " step " +
                                      Text_Of(step));
-                        Show_Step(step);
+                        As_Before(step);
                         Drag_Around(joint, autoscale);
                     }
                 for (const int step : steps) {
                     SCOPED_TRACE(std::string(where) + " step " + Text_Of(step));
-                    Show_Step(step);
+                    As_Before(step);
                     Drag_Along(Joint::kA, Where(Joint::kA), 0);
+                    As_Before(step);
                     Drag_On_Circle(Where(Joint::kA), 0);
+                    As_Before(step);
                     Drag_On_Circle(Where(Joint::kO4), kControl);
                 }
+                As_Before(0);
             }
         });
     }
 
    private:
+    /// The linkage as it was at the beginning, at a position.
+    void As_Before(int step) {
+        Enter_Linkage(Road::kDrag, [&] { static_cast<Geometry&>(Model) = before_; });
+        form.Run_Dragged(step);
+        EXPECT_EQ(form.hsc_step.Value(), step);
+    }
+    Geometry before_;
+
     void Drag_Around(Joint joint, bool autoscale) {
         const Spot start = Where(joint);
         const int step = form.hsc_step.Value();
