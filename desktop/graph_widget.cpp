@@ -56,7 +56,6 @@ class GraphWidget::Plot : public QCustomPlot {
           title_(new QCPTextElement(this)) {
         across_->apart = 70;
         setMouseTracking(true);
-        setContextMenuPolicy(Qt::NoContextMenu);  // its parent has one
         setCursor(Qt::CrossCursor);
         setInteractions(QCP::iRangeZoom);
         setSelectionRectMode(QCP::srmZoom);
@@ -499,7 +498,8 @@ class GraphWidget::Plot : public QCustomPlot {
 
 GraphWidget::GraphWidget(const Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph), plot_(new Plot(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    new PictureMenu(graph, *this, kPlotPicture, [this] { return source(); });
+    // The library's widget keeps the mouse to itself, so that its parent never sees a right click.
+    plot_->installEventFilter(new PictureMenu(graph, *this, kPlotPicture, [this] { return source(); }));
     if (graph_.OnSeek) {
         plot_->onSeek = [this](int point) {
             if (onSeek) onSeek(point);

@@ -23,6 +23,7 @@ class PictureMenu : public QObject {
     platform::Picture_Maker& maker() { return maker_; }
 
    protected:
+    /// Also of what lies within the widget and keeps the mouse from it.
     bool eventFilter(QObject* object, QEvent* event) override;
 
    private:

@@ -127,6 +127,7 @@ void PlotHand::paintPart(QPainter& painter) {
     if (stale_) {
         const Window part = seen();
         part_ = platform::Part_Of(picture_->picture(), part.left, part.top, part.right, part.bottom);
+        pixels_.Release();  // they know another picture by its changes alone
         stale_ = false;
     }
     const auto engine = painter.paintEngine()->type();

@@ -243,8 +243,8 @@ TEST_F(JointsTest, Every_picture_of_a_mechanism_or_diagram_has_the_glass) {
         // As the window does when it comes up.
         QResizeEvent resized(widget.size(), {});
         QApplication::sendEvent(&widget, &resized);
-        EXPECT_NEAR(box.Across, 400, 1e-9);
-        Wheel(widget, {201, 201}, 3);
+        EXPECT_NEAR(box.Across, widget.area().width(), 1e-9);
+        Wheel(widget, widget.area().center(), 3);
         EXPECT_NEAR(box.Through.Get().factor, 1.728, 1e-9);
         EXPECT_EQ(widget.glass(), box.Through.Get());
         box.Through = Glass{};

@@ -138,8 +138,8 @@ TEST_F(PlotHandTest, A_frame_shows_that_part_and_a_double_click_all) {
     Expect_View(0.5, 0.25, 0.25, 0.5);
     Drag({400, 100}, {405, 300});
     Expect_View(0.5, 0.25, 0.25, 0.5);
-    Drag({0, 0}, {400, 200});
-    Expect_View(0.5, 0.25, 0.125, 0.25);
+    Drag({40, 20}, {440, 220});
+    Expect_View(0.5125, 0.275, 0.125, 0.25);
     QTest::mouseDClick(hand, Qt::LeftButton, {}, {10, 10});
     Expect_View(0, 0, 1, 1);
     QTest::mouseRelease(hand, Qt::LeftButton, {}, {300, 300});
@@ -165,6 +165,15 @@ TEST_F(PlotHandTest, What_is_enlarged_covers_the_labels_and_moves_the_curve) {
     EXPECT_NE(part.copy(label->geometry()), whole.copy(label->geometry()));
     hand->showAll();
     EXPECT_EQ(Shot(), whole);
+}
+
+TEST_F(PlotHandTest, Each_part_is_painted_anew) {
+    Open();
+    Drag({300, 100}, {500, 300});
+    EXPECT_GE(Rows(Shot()).x(), 0);
+    hand->showAll();
+    Drag({20, 20}, {70, 70});
+    EXPECT_EQ(Rows(Shot()).x(), -1) << "no curve passes there";
 }
 
 TEST_F(PlotHandTest, The_part_stays_while_the_plot_is_drawn_anew_over_the_same_window) {

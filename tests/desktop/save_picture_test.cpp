@@ -51,9 +51,10 @@ class SavePictureTest : public DesktopTest {
     static Screen& Animating() { return Screens::Get("frm_Animate"); }
     static PictureBox& Box() { return Animating().Get<PictureBox>("Picture1"); }
     static desktop::PictureWidget& Picture(QWidget& window) { return Find<desktop::PictureWidget>(window, "Picture1"); }
+    /// Within its frame, which shows where the focus is.
     static QImage Seen(QWidget& window) {
-        const auto& picture = Picture(window);
-        return window.grab(QRect(picture.mapTo(&window, QPoint()), picture.size())).toImage();
+        auto& picture = Picture(window);
+        return picture.grab(picture.area().toRect().adjusted(3, 3, -3, -3)).toImage();
     }
 
     /// Takes the entry of that number when the menu has come up; with none it is left by Escape.

@@ -42,7 +42,7 @@ TEST_F(Plot_Readings, Of_an_aligned_window_are_angle_and_value_of_each_step_wher
         EXPECT_FALSE(reading.polar);
         EXPECT_EQ(reading.across, "Crank Angle (Deg)");
         ASSERT_EQ(reading.labels.size(), 37U);
-        EXPECT_EQ(reading.labels[9], "90");
+        EXPECT_EQ(reading.labels[9], "90.");
         ASSERT_EQ(reading.values.size(), 1U);
         EXPECT_EQ(reading.values[0].name, window ? "Theta3 Mag" : "Omega4 Mag");
         EXPECT_EQ(reading.values[0].unit, aligned.pnl_PlotUnits[window].Caption.Get());
