@@ -1,6 +1,7 @@
 // How the live plots sit: what they show above, the graphs under it, one under the other over one axis.
 #include "desktop/layouts_live.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QSplitter>
@@ -10,6 +11,7 @@
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
 #include "platform/settings.h"
+#include "screens/live_choice.h"
 
 namespace verlink::desktop {
 
@@ -59,6 +61,16 @@ QWidget* elastic(QWidget* list) {
     return list;
 }
 
+/// Presets are told apart by the middle of their words: the open list is as wide as the longest of them.
+void showWholePresets(QWidget* list) {
+    auto* combo = qobject_cast<QComboBox*>(list);
+    int widest = 0;
+    for (const Preset* preset : Live_Presets())
+        widest = std::max(widest, combo->fontMetrics().horizontalAdvance(QString::fromUtf8(preset->text)));
+    constexpr int kScrollBar = 40;
+    combo->view()->setMinimumWidth(widest + kScrollBar);
+}
+
 QLayout* choices(Form& form) {
     auto* grid = new QGridLayout;
     grid->setSpacing(4);
@@ -82,6 +94,7 @@ void addLivePane(Form& form, QSplitter* split) {
     QHBoxLayout* preset = row();
     preset->addWidget(labelOf(form.widget("lbl_LivePreset"), form.widget("cmb_LivePreset")));
     preset->addWidget(elastic(form.widget("cmb_LivePreset")), 1);
+    showWholePresets(form.widget("cmb_LivePreset"));
     all->addLayout(preset);
     all->addLayout(choices(form));
     form.frame("fra_LiveScale")
@@ -92,14 +105,14 @@ void addLivePane(Form& form, QSplitter* split) {
     QVBoxLayout* graphs = column(2);
     for (const int graph : {0, 1, 2, 3, 4}) {
         QWidget* widget = collapse(form.widget("grf_Live", graph));
-        widget->setMinimumHeight(70);
+        widget->setMinimumHeight(84);
         graphs->addWidget(widget, 1);
     }
-    // Where no graph is shown, the boxes stay at the top.
-    all->addLayout(graphs, 1);
-    all->addStretch(0);
-
+    // Where no graph is shown, its place stays empty and the boxes stay at the top.
     FrameBox* pane = form.frame("fra_Live");
+    QWidget* place = around(pane, graphs);
+    place->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    all->addWidget(place, 1);
     pane->setContent(all);
     pane->setMinimumWidth(kLeast);
     collapse(pane);

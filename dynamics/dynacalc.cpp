@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 
+#include "core/elimination.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
@@ -235,9 +236,20 @@ struct Bodies {
     const Table<Single, 0, 4, 2>& CG;
 };
 
+/// Both to the same bits; false for a singular system, of which the first tells the user.
+bool Solve_And_Tell(System& s) {
+    Integer unknowns = kUnknowns;
+    Integer Error;
+    SimQ(unknowns, s.Held.A, s.Held.C, Error);
+    return Error == 0;
+}
+bool Solve_Quietly(System& s) {
+    return PairedSystem<kUnknowns>(s.Held.A.data(), s.Held.C.data()).Solve(s.Held.C.data());
+}
+
 /// `step` is the one under way, also when a failure ends the procedure; false for a singular system there.
 bool Solve_Steps(const LoadedRun& run, bool loaded, const Bodies& bodies, ForceTable& Forces, TorqueTable& Torques,
-                 ForceSolve& solve, int& step) {
+                 ForceSolve& solve, int& step, bool (*solve_system)(System&)) {
     System system;
     for (; step <= run.last_step; ++step) {
         const Links at{State_Of(run, step, 2, bodies.CG), State_Of(run, step, 3, bodies.CG),
@@ -248,10 +260,7 @@ bool Solve_Steps(const LoadedRun& run, bool loaded, const Bodies& bodies, ForceT
         Fill_Right_Side(system, inertias, run.loads, loads, loaded);
         Fill_Matrix(system, run.linkage, at);
         if (step == 0) solve.first = system.Held;
-        Integer unknowns = kUnknowns;
-        Integer Error;
-        SimQ(unknowns, system.Held.A, system.Held.C, Error);
-        if (Error != 0) return false;
+        if (!solve_system(system)) return false;
         Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
         if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
     }
@@ -274,7 +283,7 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
     ForceSolve solve;
     int step = 0;
     Guarded("Dynacalc", [&] {
-        if (Solve_Steps(run, LoadFlag == 0, {Mass, Inertia, CG}, Forces, Torques, solve, step)) return;
+        if (Solve_Steps(run, LoadFlag == 0, {Mass, Inertia, CG}, Forces, Torques, solve, step, Solve_And_Tell)) return;
         platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
                        platform::Icon::kQuestion);
     });
@@ -305,9 +314,10 @@ bool Solve_Forces_Again(LinkageModel& m) {
     TorqueTable& Torques = m.RunTable.LinkTorque;
     ForceSolve solve;
     int step = 0;
-    const bool failed = What_Failed([&] {
-                            Solve_Steps(run, true, {m.LinkMass, m.LinkInertia, m.CG}, Forces, Torques, solve, step);
-                        }).has_value();
+    const bool failed =
+        What_Failed([&] {
+            Solve_Steps(run, true, {m.LinkMass, m.LinkInertia, m.CG}, Forces, Torques, solve, step, Solve_Quietly);
+        }).has_value();
     if (failed || !solve) {
         Clear_From(step, run, Forces, Torques);
         return false;

@@ -205,7 +205,7 @@ void frm_Animate::Show_Model() {
         } else {
             Lock_Run_Buttons();
         }
-        live.Follow();
+        live.Arrived();
         Refresh_Status();
         Set_Menus();
     });

@@ -353,6 +353,7 @@ void Live_Plots::Fill(Graph& graph, const std::vector<int>& slots) {
 
 void Live_Plots::Empty(Graph& graph) {
     graph.Visible = false;
+    graph.Cursor = 0;
     if (graph.NumPoints() == 0) return;
     graph.Places.clear();
     graph.SetNumSets(0);

@@ -105,7 +105,7 @@ TEST_F(LivePlotsTest, A_click_and_a_drag_in_a_graph_show_the_position_there) {
         EXPECT_EQ(Read_Out(window), "270.0");
         // Beyond the end of the axis stands the last.
         Send(plot, QEvent::MouseMove, {plot.width() + 40, 5}, Qt::LeftButton);
-        EXPECT_EQ(Read_Out(window), "0.0");
+        EXPECT_EQ(Read_Out(window), "360.0");
         EXPECT_EQ(Find<QScrollBar>(window, "hsc_step").value(), 36);
         Send(plot, QEvent::MouseButtonRelease, {plot.width() + 40, 5}, Qt::NoButton);
         Send(plot, QEvent::MouseMove, Middle_At(graph, 5), Qt::NoButton);

@@ -90,7 +90,7 @@ TEST_F(SeriesTest, AFunctionKnowsWhatItNeedsAndItsUnit) {
 
 TEST_F(SeriesTest, ARunByAngleHasItsAnglesInTheirOrderAndTimesByItsSpeed) {
     By_Angle(30, 90, 20);
-    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"30", "50", "70", "90"}));
+    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"30.", "50.", "70.", "90."}));
     EXPECT_EQ(By(Abscissa::kAngle).title, "Crank Angle (Deg)");
     EXPECT_TRUE(By(Abscissa::kAngle).places.empty());
     // 20 degrees take 0.034907 s at 10 rad/s.
@@ -101,9 +101,9 @@ TEST_F(SeriesTest, ARunByAngleHasItsAnglesInTheirOrderAndTimesByItsSpeed) {
     Model.Omega2Input = -10;
     By_Angle(30, 90, 20);
     Model.Omega2Input = -10;
-    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"90", "70", "50", "30"}));
+    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"90.", "70.", "50.", "30."}));
     Model.Omega2Input = 0;
-    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"90", "90", "90", "90"}));
+    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"90.", "90.", "90.", "90."}));
     EXPECT_EQ(Abscissa_In_Force(Abscissa::kTime, Model), Abscissa::kAngle);
     EXPECT_EQ(By(Abscissa::kTime).title, "Crank Angle (Deg)");
 }
