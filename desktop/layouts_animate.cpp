@@ -66,7 +66,7 @@ void layoutAnimate(Form& form, QWidget* room) {
     drawing->addWidget(shiftDrag(form, room, form.widget("pnl_ShiftDrag"), form.widget("pnl_ShiftDragNote")));
     // Panes that come beside or under the drawing share its place.
     auto* split = new QSplitter(Qt::Horizontal, room);
-    split->setObjectName(QStringLiteral("split_Drawing"));
+    split->setObjectName(QStringLiteral("qt_split_Drawing"));
     split->addWidget(around(split, drawing));
     split->setCollapsible(0, false);
     split->setStretchFactor(0, 1);

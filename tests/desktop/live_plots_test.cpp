@@ -78,7 +78,7 @@ class LivePlotsTest : public DesktopTest {
     }
     static std::string Read_Out(QWidget& window) { return Find<QLabel>(window, "lbl_StepNumber").text().toStdString(); }
     static void Move_Handle(QWidget& window, int by) {
-        QWidget* handle = Find<QSplitter>(window, "split_Drawing").handle(1);
+        QWidget* handle = Find<QSplitter>(window, "qt_split_Drawing").handle(1);
         const QPoint at = handle->rect().center();
         QTest::mousePress(handle, Qt::LeftButton, {}, at);
         Send(*handle, QEvent::MouseMove, at + QPoint(by, 0), Qt::LeftButton);
