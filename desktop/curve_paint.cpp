@@ -75,6 +75,19 @@ class Sheet {
         if (round_ > 0 && std::isfinite(length)) walked_ = std::fmod(walked_ + length, round_);
     }
 
+    /// Each pair of points is a line; upright ones are drawn together.
+    void sticks(const QVector<QPointF>& ends) {
+        std::vector<Ink::Upright> upright;
+        for (qsizetype i = 1; i < ends.size(); i += 2) {
+            const Point from = place(ends[i - 1]), to = place(ends[i]);
+            if (round_ > 0 || from.x != to.x)
+                line(from, to);
+            else
+                upright.push_back({from.x, from.y, to.y});
+        }
+        ink_.Lines(upright, width_);
+    }
+
     void lay() {
         const Ink::Area area = ink_.Covered();
         if (area.right == 0) return;
@@ -200,7 +213,7 @@ void paintSticks(QPainter& painter, const QVector<QPointF>& ends, const QRectF& 
         return;
     }
     Sheet sheet(painter, area, pen);
-    for (qsizetype i = 1; i < ends.size(); i += 2) sheet.line(sheet.place(ends[i - 1]), sheet.place(ends[i]));
+    sheet.sticks(ends);
     sheet.lay();
 }
 

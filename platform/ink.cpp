@@ -112,11 +112,28 @@ Eight Size(const Eight& x) { return Most(x, All(0) - x); }
 /// A segment, in pixels.
 struct Ink::Stroke {
     Point from, to;
-    double along_x, along_y;  ///< of length 1
-    double length;
-    double reach;  ///< from the middle line to where nothing is covered
-    bool level;
-    double slope;  ///< by so much to the right with each row
+    double reach;        ///< from the middle line to where nothing is covered
+    double length = 0;   ///< of the segment
+    double along_x = 1;  ///< of length 1 together
+    double along_y = 0;
+    bool level = true;  ///< no row tells the place of a level one
+    double slope = 0;   ///< by so much to the right with each row
+
+    Stroke(Point a, Point b, double far) : from(a), to(b), reach(far) {
+        const double x = to.x - from.x, y = to.y - from.y;
+        length = std::sqrt(x * x + y * y);
+        if (length > 0) {
+            along_x = x / length;
+            along_y = y / length;
+        }
+        level = std::abs(along_y) * kVast < std::abs(along_x);
+        if (!level) slope = along_x / along_y;
+    }
+    /// Times 255, how far the first pixel of a block is from the middle line, by which the next ones are nearer.
+    double Across(double down, int column) const {
+        const double by_x = along_x * kWhole, by_y = along_y * kWhole;
+        return down * by_x + (from.x - 0.5) * by_y - column * by_y;
+    }
 };
 
 struct Ink::Ring {
@@ -139,18 +156,20 @@ inline void Ink::Each_Block(double from, double to, Action action) const {
     for (unsigned block = first; block <= last; ++block) action(static_cast<int>(block * kBlock));
 }
 
+inline void Ink::Put(int row, std::size_t place, std::uint64_t parts) {
+    std::uint64_t& held = covered_[static_cast<std::size_t>(row) * blocks_ + place];
+    if (held == 0) {
+        touched_.push_back({static_cast<std::uint32_t>(row), static_cast<std::uint32_t>(place)});
+        held = parts;
+    } else {
+        held = Most_Of(held, parts);
+    }
+}
+
 template <class Parts>
 inline void Ink::Cover(int row, int column, const Parts& parts) {
     const std::uint64_t fresh = Bytes(parts);
-    if (fresh == 0) return;
-    const auto place = static_cast<std::uint32_t>(column / kBlock);
-    std::uint64_t& held = covered_[static_cast<std::size_t>(row) * blocks_ + place];
-    if (held == 0) {
-        touched_.push_back({static_cast<std::uint32_t>(row), place});
-        held = fresh;
-    } else {
-        held = Most_Of(held, fresh);
-    }
+    if (fresh != 0) Put(row, static_cast<std::size_t>(column / kBlock), fresh);
 }
 
 /// Rows near the ends, where a pixel may be nearest to an end.
@@ -187,32 +206,65 @@ void Ink::Cover_Between(const Stroke& s, int first, int last) {
     const Eight beside = Ramp(-s.along_y * kWhole), reach = All(s.reach * kWhole);
     // Half of what the stroke takes of a row.
     const double half = s.reach / std::abs(s.along_y);
-    const double along_x = s.along_x * kWhole, along_y = s.along_y * kWhole;
     for (int row = first; row < last; ++row) {
         const double down = row + 0.5 - s.from.y, at = s.from.x + down * s.slope;
-        const double across = down * along_x + (s.from.x - 0.5) * along_y;
         Each_Block(at - half, at + half,
-                   [&](int column) { Cover(row, column, reach - Size(All(across - column * along_y) + beside)); });
+                   [&](int column) { Cover(row, column, reach - Size(All(s.Across(down, column)) + beside)); });
     }
+}
+
+Ink::Rows Ink::Cover_Ends(const Stroke& s) {
+    const double top = std::min(s.from.y, s.to.y), bottom = std::max(s.from.y, s.to.y);
+    const int first = Whole(top - s.reach, 0, height_), last = Whole(bottom + s.reach + 1, 0, height_);
+    const int in = Whole(top + s.reach + 1, first, last), out = Whole(bottom - s.reach - 1, first, last);
+    if (s.level || in >= out) {
+        Cover_Around(s, first, last);
+        return {0, 0};
+    }
+    Cover_Around(s, first, in);
+    Cover_Around(s, out, last);
+    return {in, out};
 }
 
 void Ink::Line(Point from, Point to, double width) {
     const double reach = width / 2 + 0.5;
-    const ClipBox sheet{0, 0, static_cast<double>(width_), static_cast<double>(height_)};
-    if (!Clip_Segment(sheet.Grown(2 * reach), from, to)) return;
-    const double x = to.x - from.x, y = to.y - from.y;
-    const double length = std::sqrt(x * x + y * y);
-    Stroke s{from, to, length > 0 ? x / length : 1, length > 0 ? y / length : 0, length, reach, false, 0};
-    // No row tells the place of a level one.
-    s.level = std::abs(s.along_y) * kVast < std::abs(s.along_x);
-    s.slope = s.level ? 0 : s.along_x / s.along_y;
-    const double top = std::min(from.y, to.y), bottom = std::max(from.y, to.y);
-    const int first = Whole(top - reach, 0, height_), last = Whole(bottom + reach + 1, 0, height_);
-    const int in = Whole(top + reach + 1, first, last), out = Whole(bottom - reach - 1, first, last);
-    if (s.level || in >= out) return Cover_Around(s, first, last);
-    Cover_Around(s, first, in);
-    Cover_Between(s, in, out);
-    Cover_Around(s, out, last);
+    if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) return;
+    const Stroke stroke(from, to, reach);
+    const Rows between = Cover_Ends(stroke);
+    Cover_Between(stroke, between.first, between.last);
+}
+
+void Ink::Lines(const std::vector<Upright>& lines, double width) {
+    struct Piece {
+        Rows rows;
+        std::uint64_t parts;
+    };
+    std::vector<std::vector<Piece>> pieces(blocks_);
+    const double reach = width / 2 + 0.5;
+    for (const Upright& line : lines) {
+        Point from{line.x, line.y1}, to{line.x, line.y2};
+        if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) continue;
+        const Stroke stroke(from, to, reach);
+        const Rows rows = Cover_Ends(stroke);
+        if (rows.first >= rows.last) continue;
+        const Eight beside = Ramp(-stroke.along_y * kWhole);
+        Each_Block(line.x - reach, line.x + reach, [&](int column) {
+            const Eight away = Size(All(stroke.Across(0, column)) + beside);
+            pieces[static_cast<std::size_t>(column / kBlock)].push_back({rows, Bytes(All(reach * kWhole) - away)});
+        });
+    }
+    std::vector<int> cuts;
+    for (std::size_t place = 0; place < pieces.size(); ++place) {
+        cuts.clear();
+        for (const Piece& piece : pieces[place]) cuts.insert(cuts.end(), {piece.rows.first, piece.rows.last});
+        std::sort(cuts.begin(), cuts.end());
+        for (std::size_t i = 1; i < cuts.size(); ++i) {
+            std::uint64_t most = 0;
+            for (const Piece& piece : pieces[place])
+                if (piece.rows.first <= cuts[i - 1] && piece.rows.last >= cuts[i]) most = Most_Of(most, piece.parts);
+            for (int row = cuts[i - 1]; most != 0 && row < cuts[i]; ++row) Put(row, place, most);
+        }
+    }
 }
 
 void Ink::Ring_Row(int row, const Ring& ring) {
@@ -234,7 +286,7 @@ void Ink::Ring_Row(int row, const Ring& ring) {
 
 void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
-    const ClipBox sheet{0, 0, static_cast<double>(width_), static_cast<double>(height_)};
+    const ClipBox sheet = Sheet();
     if (radius > kVast) {
         const std::vector<Point> arc = Seen_Arc(sheet.Grown(2 * reach), centre, radius, kOff);
         for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], width);

@@ -24,6 +24,11 @@ class Ink {
 
     /// A line with round ends.
     void Line(Point from, Point to, double width);
+    /// Upright lines, each as `Line` draws it. However close they stand, no pixel is covered more than once.
+    struct Upright {
+        double x, y1, y2;
+    };
+    void Lines(const std::vector<Upright>& lines, double width);
     void Circle(Point centre, double radius, double width);
     /// A filled one.
     void Disc(Point centre, double radius);
@@ -42,6 +47,7 @@ class Ink {
    private:
     struct Stroke;
     struct Ring;
+    ClipBox Sheet() const { return {0, 0, static_cast<double>(width_), static_cast<double>(height_)}; }
     /// Eight pixels of a row beside each other, which are covered in one go; the last of a row may reach beyond it.
     struct Block {
         std::uint32_t row, place;
@@ -52,6 +58,12 @@ class Ink {
     /// By so much of 255, eight times; less than 0 is nothing, and more than 255 all.
     template <class Parts>
     void Cover(int row, int column, const Parts& parts);
+    void Put(int row, std::size_t place, std::uint64_t parts);
+    /// What `Line` does of a stroke near its ends; gives back the rows between.
+    struct Rows {
+        int first, last;
+    };
+    Rows Cover_Ends(const Stroke& stroke);
     void Cover_Around(const Stroke& stroke, int first, int last);
     void Cover_Between(const Stroke& stroke, int first, int last);
     void Ring_Row(int row, const Ring& ring);
