@@ -149,10 +149,13 @@ Ink::Ink(int width, int height)
 
 template <class Action>
 inline void Ink::Each_Block(double from, double to, Action action) const {
-    // The middles of pixels count.
+    // The middles of pixels count, which are half a pixel on.
     if (!(to >= 0.5 && from <= width_ - 0.5)) return;
-    const unsigned first = static_cast<unsigned>(static_cast<int>(std::max(from, 0.0) + 0.5)) / kBlock;
-    const unsigned last = static_cast<unsigned>(static_cast<int>(std::min(to, width_ + 0.0) - 0.5)) / kBlock;
+    constexpr double kMiddle = 0.5;
+    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
+    const int last_pixel = static_cast<int>(std::min(to, width_ + 0.0) - kMiddle);
+    const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
+    const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
     for (unsigned block = first; block <= last; ++block) action(static_cast<int>(block * kBlock));
 }
 
@@ -268,7 +271,8 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
 }
 
 void Ink::Ring_Row(int row, const Ring& ring) {
-    const auto [centre, radius, half] = ring;
+    const Point centre = ring.centre;
+    const double radius = ring.radius, half = ring.half;
     const double down = row + 0.5 - centre.y;
     const double outer = radius + half + 0.5, inner = radius - half - 0.5;
     const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
