@@ -1,6 +1,7 @@
 // A graph drawn by the plotting library, and the hand on it.
 #include "desktop/graph_widget.h"
 
+#include <QHash>
 #include <QHelpEvent>
 #include <algorithm>
 #include <cmath>
@@ -35,6 +36,18 @@ QFont fontOf(const QFont& base, const Graph::Font& wish, double scale = 1) {
     font.setBold(wish.style & 2);
     if (wish.family == 1) font.setStyleHint(QFont::SansSerif);
     return font;
+}
+
+/// Of each text. Crank angles come back with every turn, and to measure a text takes long.
+std::vector<double> widthsOf(const QStringList& texts, const QFontMetricsF& metrics) {
+    QHash<QString, double> known;
+    std::vector<double> widths;
+    for (const QString& text : texts) {
+        auto width = known.constFind(text);
+        if (width == known.cend()) width = known.insert(text, metrics.horizontalAdvance(text));
+        widths.push_back(*width);
+    }
+    return widths;
 }
 
 QPen penOf(const QColor& color, double width, int pattern) {
@@ -161,8 +174,7 @@ class GraphWidget::Plot : public QCustomPlot {
     void fit() {
         values_->length = std::max(60, height() - 60);
         const QFontMetricsF metrics(text_font_);
-        if (labels_->widths.empty())
-            for (const QString& label : labels_->labels) labels_->widths.push_back(metrics.horizontalAdvance(label));
+        if (labels_->widths.empty()) labels_->widths = widthsOf(labels_->labels, metrics);
         int cell = 1;
         // A row of the legend that is not full has empty places.
         for (int i = 0; i < legend->itemCount(); ++i)
