@@ -371,7 +371,9 @@ QSize Form::roomForHero(QSize size) {
     const auto lacking = [&](int has, int needs, int drawing) {
         return std::max(0, hero_side_ - drawing - has + needs);
     };
-    return size + QSize(lacking(size.width(), least.width(), smallest.width()),
+    // What stands beside it takes all it likes first, and what stands above and under it what it needs.
+    const int beside = room_->sizeHint().width() - hero_->sizeHint().width();
+    return size + QSize(lacking(size.width(), std::max(least.width(), beside + smallest.width()), smallest.width()),
                         lacking(size.height(), least.height(), smallest.height()));
 }
 

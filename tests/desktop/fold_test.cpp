@@ -68,24 +68,26 @@ TEST_F(FoldTest, A_click_on_a_handle_folds_its_column_away_and_another_brings_it
         {"frm_Animate", "fold_Data", "txt_Linkout_1", "the column with the linkage and its initial conditions"},
         {"frm_Inputnew", "fold_Linkage", "txt_Linkout_1", "the column with the linkage and its initial conditions"},
         {"frm_Inputnew", "fold_Drive", "cmd_Calc", "the column with the drive, circuit and Calculate"}};
-    for (const Column& column : columns) {
-        SCOPED_TRACE(column.handle);
-        Show(column.screen, [&](QWidget& window) {
-            desktop::FoldHandle& handle = Handle(window, column.handle);
-            const QString holds = QString::fromLatin1(column.holds);
-            EXPECT_EQ(handle.toolTip(), QStringLiteral("Fold away ") + holds);
-            EXPECT_EQ(handle.accessibleName(), handle.toolTip());
-            const int width = Find<QWidget>(window, "Picture1").width();
-            Press_Mouse(handle);
-            EXPECT_FALSE(Seen(window, column.inside));
-            EXPECT_TRUE(Seen(window, "Picture1"));
-            EXPECT_GT(Find<QWidget>(window, "Picture1").width(), width);
-            EXPECT_EQ(handle.toolTip(), QStringLiteral("Show ") + holds);
-            Press_Mouse(handle);
-            EXPECT_TRUE(Seen(window, column.inside));
-            EXPECT_EQ(Find<QWidget>(window, "Picture1").width(), width);
+    for (const char* name : {"frm_Animate", "frm_Inputnew"})
+        Show(name, [&](QWidget& window) {
+            for (const Column& column : columns) {
+                if (column.screen != std::string(name)) continue;
+                SCOPED_TRACE(column.handle);
+                desktop::FoldHandle& handle = Handle(window, column.handle);
+                const QString holds = QString::fromLatin1(column.holds);
+                EXPECT_EQ(handle.toolTip(), QStringLiteral("Fold away ") + holds);
+                EXPECT_EQ(handle.accessibleName(), handle.toolTip());
+                const int width = Find<QWidget>(window, "Picture1").width();
+                Press_Mouse(handle);
+                EXPECT_FALSE(Seen(window, column.inside));
+                EXPECT_TRUE(Seen(window, "Picture1"));
+                EXPECT_GT(Find<QWidget>(window, "Picture1").width(), width);
+                EXPECT_EQ(handle.toolTip(), QStringLiteral("Show ") + holds);
+                Press_Mouse(handle);
+                EXPECT_TRUE(Seen(window, column.inside));
+                EXPECT_EQ(Find<QWidget>(window, "Picture1").width(), width);
+            }
         });
-    }
 }
 
 TEST_F(FoldTest, The_space_bar_and_Return_turn_a_handle_and_start_nothing) {
@@ -154,17 +156,16 @@ TEST_F(FoldTest, A_box_that_gets_the_focus_from_the_program_comes_into_sight) {
     });
 }
 
-TEST_F(FoldTest, With_both_columns_folded_a_narrow_window_is_wide_enough_and_grows_back) {
+TEST_F(FoldTest, With_both_columns_folded_a_narrow_window_is_wide_enough) {
     Show("frm_Animate", [](QWidget& window) {
-        const QSize least = window.minimumSizeHint();
+        const auto& room = Find<QWidget>(window, "room");
+        const QSize least = room.minimumSizeHint();
         Press_Mouse(Handle(window, "fold_Play"));
         Press_Mouse(Handle(window, "fold_Data"));
-        EXPECT_LT(window.minimumSizeHint().width(), least.width() - 300);
-        window.resize(window.minimumSizeHint());
-        QCoreApplication::processEvents();
+        EXPECT_LT(room.minimumSizeHint().width(), least.width() - 300);
         Press_Mouse(Handle(window, "fold_Play"));
         Press_Mouse(Handle(window, "fold_Data"));
-        EXPECT_GE(window.width(), least.width());
+        EXPECT_EQ(room.minimumSizeHint(), least);
     });
 }
 
