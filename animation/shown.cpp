@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/results_turns.h"
+
 namespace verlink {
 
 namespace {
@@ -25,11 +27,22 @@ Position_Ear::~Position_Ear() { std::erase(Ears(), this); }
 void Position_Shown(platform::Screen& form, int step, bool playing) {
     const Shown shown{form, step, playing};
     // One that hears may show a screen, which brings ears of its own.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (std::size_t i = 0; i < Ears().size(); ++i) {
         Position_Ear& ear = *Ears()[i];
         if (&ear.screen_ != &form) continue;
         ear.step_ = step;
         if (ear.hear_) ear.hear_(shown);
+    }
+}
+
+void Follow_Results() {
+    static int seen = 0;
+    if (std::exchange(seen, Results_Turns()) == seen) return;
+    // NOLINTNEXTLINE(modernize-loop-convert): as above
+    for (std::size_t i = 0; i < Ears().size(); ++i) {
+        Position_Ear& ear = *Ears()[i];
+        if (ear.hear_) ear.hear_({ear.screen_, ear.step_, false});
     }
 }
 

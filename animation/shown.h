@@ -24,6 +24,9 @@ void Position_Shown(platform::Screen& form, int step, bool playing = false);
 void Nothing_Shown(platform::Screen& form);
 /// Clears `Picture1` and says so.
 void Show_Nothing(platform::Screen& form);
+/// Tells each ear again what it heard last, if results are others than when this was asked last: what goes along with
+/// the drawing belongs to the model as it stands, also where nothing is drawn anew.
+void Follow_Results();
 
 /// Hears, for as long as it lives, what one screen shows: by Step, the bar, each frame of a run, a drag, and all else
 /// that draws the linkage. It is told after the drawing and, in a run, before the frame is held, so that what it does
@@ -41,6 +44,7 @@ class Position_Ear {
 
    private:
     friend void Position_Shown(platform::Screen& form, int step, bool playing);
+    friend void Follow_Results();
     platform::Screen& screen_;
     Hear hear_;
     int step_ = kNoStep;

@@ -23,7 +23,7 @@ std::vector<double> cursorBoxes(const std::vector<double>& heights, double box, 
     double free = top;
     for (const std::size_t i : order) free = (places[i] = std::max(free, heights[i] - box / 2)) + box;
     double limit = bottom - box;
-    for (auto i = order.rbegin(); i != order.rend(); ++i) limit = (places[*i] = std::min(limit, places[*i])) - box;
+    for (std::size_t n = order.size(); n-- > 0;) limit = (places[order[n]] = std::min(limit, places[order[n]])) - box;
     // Where there is too little room for all, the highest stay in sight.
     if (!order.empty() && places[order.front()] < top)
         for (std::size_t n = 0; n < order.size(); ++n) places[order[n]] = top + static_cast<double>(n) * box;

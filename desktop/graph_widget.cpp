@@ -485,6 +485,7 @@ class GraphWidget::Plot : public QCustomPlot {
             painter.drawEllipse(at, 3.5, 3.5);
         }
         std::vector<QColor> strokes;
+        strokes.reserve(strokes.size() + shown.size());
         for (const std::size_t i : shown) strokes.push_back(colorOf(i));
         paintReadOut(painter, area, mouse_, readOut(mouse_), strokes, font(), plainColor(colors_->ink),
                      plainColor(colors_->back));

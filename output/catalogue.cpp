@@ -220,14 +220,15 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
         Model.SmallValue = 0.0001;
         Integer link = 0;
         Local_Link(link);
-        const int group = Model.FuncGroup(slot), component = Model.FuncComponent(slot);
-        if (group == kTransformGroup) {
-            value = Model.FFTResult(step, component);
-            return;
-        }
-        if (const auto read =
-                Read_Run(Model.RunTable, group, Model.FuncRow(slot), step, link, component, Frame_In_Force()))
-            value = *read;
+        const RunResults& table = Model.RunTable;
+        const int group = Model.FuncGroup(slot), row = Model.FuncRow(slot);
+        Single x, y;
+        if (group == kTransformGroup)
+            value = Model.FFTResult(step, Model.FuncComponent(slot));
+        else if (const auto scalar = Take_Scalar(table, group, step, row))
+            value = *scalar;
+        else if (Take_Vector(table, group, step, row, x, y))
+            Resolve_Vector(step, link, slot, x, y, value);
     });
 }
 

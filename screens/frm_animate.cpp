@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,6 +21,7 @@
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
+#include "platform/unheard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
@@ -125,6 +127,7 @@ void frm_Animate::Bind() {
     chk_autoscale.OnClick = [this] { chk_autoscale_Click(); };
     cmb_wait.OnChange = [this] { cmb_wait_Change(); };
     cmb_wait.OnClick = [this] { cmb_wait_Change(); };
+    cmb_wait.OnLostFocus = [this] { WaitRefused = false; };
     Bind_Boxes(txt_initial, [this](int Index) { txt_initial_LostFocus(Index); });
     Read_As_Limits(txt_initial);
     Reads_As(txt_Cycles, Model, Quantity::kNumber);
@@ -134,7 +137,8 @@ void frm_Animate::Bind() {
     txt_Cycles.OnGotFocus = [this] { txt_Cycles.SelectAll(); };
     txt_LineAngle.OnGotFocus = [this] { txt_LineAngle.SelectAll(); };
     // What is set here counts at once, also for who leaves without playing.
-    hsc_speed.OnChange = [this] { Check_Parameters(*this); };
+    hsc_speed.OnChange = chk_Trace.OnClick = chk_Showlinks.OnClick =
+        chk_Coupler.OnClick = [this] { Check_Parameters(*this); };
     txt_LineAngle.OnLostFocus = [this] {
         Check_Parameters(*this);
         txt_LineAngle.Settle();
@@ -180,6 +184,8 @@ void frm_Animate::Fill() {
     Say_Anew();
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
+    txt_LineAngle.Settle();
+    WaitRefused = false;
     Show_Choices();
     Show_Settings();
     cmd_Recalc.Enabled = false;
@@ -198,7 +204,6 @@ void frm_Animate::Show_Model() {
         Fill();
         Classify_Linkage();
         txt_Figure.Text = Shown_Title();
-        txt_LineAngle.Text = Text_Of(Model.LineAngle);
         if (Model.RunStands) {
             Unlock_Run_Buttons();
             cmd_Reset_Click();
@@ -433,8 +438,13 @@ void frm_Animate::chk_CouplerLines_Click() { cmd_Reset_Click(); }
 void frm_Animate::chk_autoscale_Click() { mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
 
 void frm_Animate::cmb_wait_Change() {
+    // Of a number that is too large each further digit would be told of.
+    std::optional<platform::Unheard> silence;
+    if (WaitRefused) silence.emplace();
     const bool taken = Guarded("frm_Animate.cmb_wait", [&] { Model.AnimateWait = Val(cmb_wait.Text.Get()); });
-    if (!taken) cmb_wait.Text = Text_Of(Model.AnimateWait);
+    if (taken) return;
+    WaitRefused = true;
+    cmb_wait.Text = Text_Of(Model.AnimateWait);
 }
 
 void frm_Animate::opt_OpenCross_Click(int Index) {

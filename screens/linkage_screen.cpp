@@ -137,7 +137,8 @@ void Linkage_Screen::Say(const std::string& words) {
 
 void Linkage_Screen::Say_Why(const Shown& now) {
     if (now.Nothing()) return Say_Why_Refused();
-    Say(Why_Shown(Model, now.step));
+    const std::string refused = Why_Refused(Model);
+    Say(refused.empty() ? Why_Shown(Model, now.step) : refused);
 }
 
 void Linkage_Screen::Say_Why_Refused() {

@@ -105,6 +105,24 @@ TEST_F(AnimateRun, ATypedWaitCountsAndAVastOneIsReported) {
     });
 }
 
+TEST_F(AnimateRun, EachDigitOfAVastWaitIsNotReportedAnew) {
+    Inside([&] {
+        const auto reported = [&] {
+            desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_Animate.cmb_wait\r\n\r\n");
+        };
+        form.cmb_wait.SetFocus();
+        reported();
+        for (const char* typed : {"4", "40", "400", "4000", "40000", "40001", "40002"}) form.cmb_wait.Text = typed;
+        EXPECT_EQ(Model.AnimateWait, 4000);
+        EXPECT_EQ(form.cmb_wait.Text.Get(), "4000");
+        form.cmd_Animate.SetFocus();
+        form.cmb_wait.SetFocus();
+        reported();
+        form.cmb_wait.Text = "40003";
+        EXPECT_EQ(Model.AnimateWait, 4000);
+    });
+}
+
 TEST_F(AnimateRun, ALinkageThatDoesNotCloseEverywhereIsWarnedOf) {
     Model.L2 = 2.6;
     Derive_Linkage(Leading::kInForce);
@@ -279,6 +297,29 @@ TEST_F(AnimateRun, ALineAngleThatItsBoxShowsRoundedStaysAsItWasTyped) {
         Press(form, "cmd_Recalc");
         Press(form, "cmd_Reset");
         EXPECT_EQ(Model.LineAngle, Single(99.2));
+    });
+}
+
+TEST_F(AnimateRun, TicksCountWhenTheyAreSetAndNotWhenSomethingIsDrawnNext) {
+    After_First_Picture([&] {
+        Tick(form, "chk_Trace", true);
+        Tick(form, "chk_Showlinks", false);
+        Tick(form, "chk_Coupler", false);
+        EXPECT_EQ(Model.TraceFlag, "Y");
+        EXPECT_EQ(Model.HideLinksFlag, "Y");
+        EXPECT_EQ(Model.ShowCouplerFlag, "N");
+    });
+}
+
+TEST_F(AnimateRun, AVastWaitIsReportedAgainWhenTheScreenComesUpAnew) {
+    Inside([&] {
+        const auto refused = [&] {
+            desktop.Expect_Message("Error 6   (Overflow)  has occurred in frm_Animate.cmb_wait\r\n\r\n");
+            form.cmb_wait.Text = "40000";
+        };
+        refused();
+        form.Form_Activate();
+        refused();
     });
 }
 

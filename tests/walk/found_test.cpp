@@ -379,5 +379,47 @@ TEST(WalkFound, ATextThatIsDoneAgainAfterACalculationWaitsInItsBox) {
     });
 }
 
+TEST(WalkFound, WhatLiesOverThePictureFallsWithTheRun) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Pick("frm_Inputnew", "mnu_ViewGrid"),
+        Type("frm_Inputnew", "txt_Linkout", 16, "2.6"),
+        Tick("frm_Inputnew", "chk_autocalc"),
+    });
+}
+
+TEST(WalkFound, WhatLiesOverThePictureIsOfTheNewRunWhereNothingIsDrawnAnew) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_ViewAccelerations").Looks(),
+        Pick("frm_HomeScreen", "mnu_Open").Opens("<samples>/second_stage.vlk"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Option("frm_Animate", "opt_OpenCross", 1),
+    });
+}
+
+TEST(WalkFound, WhatLiesOverThePictureGoesWithAModelThatWasDropped) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Tick("frm_Inputnew", "chk_autocalc"),
+        Option("frm_Inputnew", "opt_Calctype", 2),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Pick("frm_Inputnew", "mnu_ViewGrid"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Drop("frm_Animate", "<folder>/drive.out").Saves("<folder>/other.vlk"),
+    });
+}
+
+TEST(WalkFound, ATickOfTheAnimateScreenCountsAtOnce) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Lobetra").Opens("<folder>/cam_mm.sva"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Animate"),
+        Tick("frm_Animate", "chk_Trace"),
+        Type("frm_Animate", "txt_Cycles", kNoIndex, "abc"),
+        Drop("frm_Animate", "<folder>/drive.out").Says(Answer::kYes).Saves("<folder>/mine.vlk"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -4,6 +4,7 @@
 
 #include "output/catalogue.h"
 #include "platform/graph.h"
+#include "screens/live_choice.h"
 #include "tests/walk/rules.h"
 
 namespace verlink::walk {
@@ -16,6 +17,15 @@ constexpr int kSlots = 4;
 
 std::string In(const Screen& top, const char* box, int slot) {
     return top.Get<ComboBox>(box + std::to_string(slot)).Text;
+}
+
+/// What is being typed into one of a function's boxes is chosen when the box is left.
+bool Is_Chosen(const Screen& top, int slot) {
+    const Output_Function& function = Live_Choice::Kept().functions[static_cast<std::size_t>(slot - 1)];
+    const auto typed = [&](const char* box) { return top.Focus() == &top.Get<ComboBox>(box + std::to_string(slot)); };
+    if (typed("cmb_LiveVar")) return In(top, "cmb_LiveVar", slot) == function.variable;
+    if (typed("cmb_LiveCom")) return In(top, "cmb_LiveCom", slot) == function.component;
+    return !typed("cmb_LiveFrame") || (In(top, "cmb_LiveFrame", slot) == "Local") == function.local;
 }
 
 /// The set of a slot in a graph; null where it is not shown there.
@@ -61,7 +71,8 @@ Found Live_Plots_Are_Of_The_Run(const Screen& top) {
         if (graph->Cursor < 0 || graph->Cursor > graph->NumPoints())
             return Finding{"live plots", "cursor", where + " has its cursor nowhere"};
         for (int slot = 1; slot <= kSlots; ++slot)
-            if (const Graph::Set* set = Set_Of(top, *graph, slot); set && !Is_Read_So(top, slot, *set))
+            if (const Graph::Set* set = Set_Of(top, *graph, slot);
+                set && Is_Chosen(top, slot) && !Is_Read_So(top, slot, *set))
                 return Finding{"live plots", In(top, "cmb_LiveVar", slot), where + " shows another run"};
     }
     return {};
