@@ -44,6 +44,7 @@ class Pen {
     void Line_To(Spot to, Color color) { surface_.LineTo(to.x, Flip(to.y), color); }
     void Line_By(Spot offset, Color color) { surface_.LineStep(offset.x, -offset.y, color); }
     void Circle(Spot center, double radius, Color color) { surface_.Circle(center.x, Flip(center.y), radius, color); }
+    void Pin(Spot center, double radius, Color color) { surface_.Pin(center.x, Flip(center.y), radius, color); }
     void Dot(Spot spot, Color color) { surface_.PSet(spot.x, Flip(spot.y), color); }
     void Dot(Spot spot) { surface_.PSet(spot.x, Flip(spot.y)); }
     platform::Surface& Unflipped() { return surface_; }
@@ -61,9 +62,9 @@ void Draw_Links(Pen& pen, Spot A, Spot B, Spot P) {
     pen.Line(A, P, color);
     pen.Line_To(B, color);
     const Color pins = Model.TraceFlag == "Y" ? Model.TracePinColor : color;
-    pen.Circle(A, Model.PinRadius, pins);
-    pen.Circle(B, Model.PinRadius, pins);
-    pen.Circle(P, Model.CouplerPinRadius, pins);
+    pen.Pin(A, Model.PinRadius, pins);
+    pen.Pin(B, Model.PinRadius, pins);
+    pen.Pin(P, Model.CouplerPinRadius, pins);
 }
 
 void Draw_Cam_Follower(Pen& pen, int step, Spot A) {
@@ -72,7 +73,7 @@ void Draw_Cam_Follower(Pen& pen, int step, Spot A) {
     const double arm = Model.CamDataLength1 * factor;
     const Spot roller{arm * std::cos(a), arm * std::sin(a)};
     pen.Circle(roller, Model.CamDataLength2 * factor, Model.PenColor);
-    pen.Circle(roller, Model.PinRadius, Model.PenColor);
+    pen.Pin(roller, Model.PinRadius, Model.PenColor);
     pen.Line({kOrigin, kOrigin}, roller, Model.PenColor);
     pen.Line_To(A, Model.PenColor);
 }
@@ -91,18 +92,18 @@ void DrawMassCenters(int step, Pen& pen) {
     const Spot G2 = center(2, kOrigin, kOrigin);
     pen.Line({kOrigin, kOrigin}, G2, color);
     pen.Line_To(A, color);
-    pen.Circle(G2, Model.PinRadius, color);
+    pen.Pin(G2, Model.PinRadius, color);
 
     const Spot G4 = center(4, Model.L1, kOrigin);
     pen.Line(Turned(Model.L1, kOrigin), G4, color);
     pen.Line_To(B, color);
-    pen.Circle(G4, Model.PinRadius, color);
+    pen.Pin(G4, Model.PinRadius, color);
 
     const Spot G3 = center(3, points(step, 0, 0), points(step, 0, 1));
     pen.Dot(A, color);
     pen.Line_To(G3, color);
     pen.Line_To(B, color);
-    pen.Circle(G3, Model.PinRadius, color);
+    pen.Pin(G3, Model.PinRadius, color);
 }
 
 // The angle of the ground link is not taken off here, unlike at the centres of gravity.
@@ -112,7 +113,7 @@ void DrawBalanceWeights(int step, Pen& pen) {
         const double m = Model.BerkCG(link, 0);
         const Spot W = Turned(pivot_x + m * std::cos(a), m * std::sin(a));
         pen.Line(Turned(pivot_x, kOrigin), W, Model.PenColor);
-        pen.Circle(W, Model.PivotRadius, Model.PenColor);
+        pen.Pin(W, Model.PivotRadius, Model.PenColor);
     };
     weight(2, kOrigin);
     weight(4, Model.L1);
@@ -146,14 +147,14 @@ void Drawpivots(platform::Screen& form) {
         Pen pen(form);
         const Color color = Model.PivotColor;
         for (const Spot pivot : {Spot{kOrigin, kOrigin}, Pivot_O4()}) {
-            pen.Circle(pivot, Model.PivotRadius, color);
-            pen.Circle(pivot, Model.PinRadius, color);
+            pen.Pin(pivot, Model.PivotRadius, color);
+            pen.Pin(pivot, Model.PinRadius, color);
         }
         if (Model.Calctype != 4) return;
         const double factor = Shown_Factor();
         const Spot cam{-Model.CamCenterX * factor, -Model.CamCenterY * factor};
         pen.Circle(cam, Model.CamDiameter * factor, color);
-        pen.Circle(cam, Model.PivotRadius, color);
+        pen.Pin(cam, Model.PivotRadius, color);
     });
 }
 
@@ -188,7 +189,7 @@ void DrawCouplerCurve(platform::Screen& form) {
             if (mode == 3)
                 pen.Line_To(P, Model.ColorGreen);
             else if (mode != 1)
-                pen.Circle(P, Model.PinRadius / 2, Model.ColorBlack);
+                pen.Pin(P, Model.PinRadius / 2, Model.ColorBlack);
         }
         if (Model.ShowCouplerLinesFlag == "Y") DrawCentrodeCurves(form);
     });
@@ -206,7 +207,7 @@ void DrawCentrodeCurves(platform::Screen& form) {
             const Spot P = Point_At(step, 2);
             const double c = (Model.LineAngle + Model.RunTable.Theta(step, 1)) * kDegToRad;
             const Spot d = Turned(Model.CouplerLineLength * std::cos(c), Model.CouplerLineLength * std::sin(c));
-            pen.Circle(P, Model.PinRadius / 2, color);
+            pen.Pin(P, Model.PinRadius / 2, color);
             pen.Dot(P);
             pen.Line_By(d, color);
             pen.Dot(P);
@@ -224,8 +225,8 @@ void PlotCentrodeCircles(int step, platform::Screen& form) {
         const double reach = 2 * Model.AnimMax;
         if (!(reach > std::abs(F.x) && reach > std::abs(F.y))) return;
         Pen pen(form);
-        pen.Circle(F, Model.CentrodeRadius, Model.ColorBlack);
-        pen.Circle(M, Model.CentrodeRadius, Model.ColorRed);
+        pen.Pin(F, Model.CentrodeRadius, Model.ColorBlack);
+        pen.Pin(M, Model.CentrodeRadius, Model.ColorRed);
     });
 }
 

@@ -5,8 +5,11 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 #include "animation/drawing.h"
+#include "animation/film.h"
+#include "animation/shown.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
@@ -29,7 +32,14 @@ constexpr platform::Color Packed(int red, int green, int blue) { return red + 25
 
 int Sign_Of(double value) { return (value > 0) - (value < 0); }
 
+/// Whose windows are held; a screen may be there several times.
+std::vector<const platform::Screen*>& Held() {
+    static std::vector<const platform::Screen*> held;
+    return held;
+}
+
 bool Autoscaling(platform::Screen& form) {
+    if (std::ranges::find(Held(), &form) != Held().end()) return false;
     bool ticked = false;
     With<CheckBox>(form, "chk_autoscale", platform::kNoIndex, [&](CheckBox& box) { ticked = box.Value; });
     return ticked;
@@ -49,16 +59,19 @@ void Move_Bar(platform::Screen& form, int value) {
 }
 
 /// False when the user has stopped the run.
-bool Hold_Frame() {
+bool Hold_Frame(int step) {
+    if (const auto* take = Frame_Taker::InForce()) return (*take)(step);
     const Long turns = static_cast<std::int64_t>(Model.AnimateWait) * Model.AnimateDelay;
     const std::int64_t counted = std::max(static_cast<std::int64_t>(turns), std::int64_t{0});
     const std::chrono::nanoseconds pause(counted * kNanosecondsPerTurn);
     return platform::The_Desktop().Pause(std::min<std::chrono::nanoseconds>(pause, kLongestFrame));
 }
 
+/// The position stays in the picture.
 void Draw_Still(int step, platform::Screen& form) {
     Model.PassColor = Model.PenColor;
     Drawsub(step, form);
+    Position_Shown(form, step);
 }
 
 /// One cycle of a run. Gives back whether there is to be another: not when the user has stopped it, and not when there
@@ -71,16 +84,21 @@ bool Play_Cycle(platform::Screen& form) {
         const bool goes_on = Drawone(step, form, stop);
         Model.PenColor = Model.DrawColor;
         if (stop) {
-            if (step > 0) Drawsub(step - 1, form);
-            break;
+            if (step == 0) break;
+            Drawsub(step - 1, form);
+            Position_Shown(form, step - 1);
+            return shown;
         }
         shown = true;
-        if (!goes_on || step == Model.LastStep) Draw_Still(step, form);
-        if (goes_on) continue;
+        if (goes_on && step != Model.LastStep) continue;
+        Draw_Still(step, form);
+        if (goes_on) return true;
         // As after a press of Step: the position stands, and the next one is the next to be shown.
         Model.CurrentStep = step + 1;
         return false;
     }
+    // What was drawn of the last positions that close is erased by now.
+    Nothing_Shown(form);
     return shown;
 }
 
@@ -98,6 +116,10 @@ void Set_Palette() {
     Model.ColorPurple = Packed(128, 0, 128);
     Model.ColorGray = Packed(128, 128, 128);
 }
+
+Held_Window::Held_Window(const platform::Screen& form) : form_(form) { Held().push_back(&form); }
+
+Held_Window::~Held_Window() { Held().erase(std::ranges::find(Held(), &form_)); }
 
 void Autoscale() {
     Guarded("Autoscale", [] {
@@ -195,11 +217,10 @@ void Animate(platform::Screen& form) {
         Animate_Setup(form);
         Model.CurrentStep = 0;
         Show_Readout(form, false);
-        platform::Surface& surface = form.Get<PictureBox>("Picture1").Canvas();
         const bool curve = Model.ShowCouplerFlag == "Y";
         bool goes_on = true;
         for (int cycle = 1; cycle <= Model.Cycles && goes_on; ++cycle) {
-            surface.Cls();
+            Show_Nothing(form);
             Drawpivots(form);
             Axes(form);
             if (curve) DrawCouplerCurve(form);
@@ -225,7 +246,9 @@ bool Drawone(int step, platform::Screen& form, bool& stop) {
                 return;
             }
             Drawsub(step, form);
-            if (pass == Model.DrawColor) goes_on = Hold_Frame();
+            if (pass != Model.DrawColor) continue;
+            Position_Shown(form, step, true);
+            goes_on = Hold_Frame(step);
         }
         if (Model.ShowCouplerFlag == "Y") DrawCouplerCurve(form);
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
@@ -270,6 +293,7 @@ void DrawLinkage(platform::Screen& form, int step) {
         if (Model.ShowCentrodesFlag == "Y") PlotCentrodeCircles(step, form);
         Drawpivots(form);
         Axes(form);
+        Position_Shown(form, step);
     });
 }
 

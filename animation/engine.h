@@ -13,6 +13,18 @@ void Set_Palette();
 
 /// Window bounds `AnimMin` and `AnimMax` for the whole run, both axes alike, zoomed by `ZoomFactor`.
 void Autoscale();
+/// While it lives, the pictures of one screen are drawn in the window that they have, Autoscale or not.
+class Held_Window {
+   public:
+    explicit Held_Window(const platform::Screen& form);
+    ~Held_Window();
+    Held_Window(const Held_Window&) = delete;
+    Held_Window& operator=(const Held_Window&) = delete;
+
+   private:
+    const platform::Screen& form_;
+};
+
 /// Settings, window, radii and colours for the next picture or run, on the surface of the form's `Picture1`.
 void Animate_Setup(platform::Screen& form);
 /// Plays `Cycles` times from step 0 to `NSteps`; holds the thread, while the desktop repaints. The user may stop it:

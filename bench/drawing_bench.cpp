@@ -171,6 +171,30 @@ BENCHMARK(Trace)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
+/// A run at no delay with the path of the coupler point and the centrodes, each frame painted in the window.
+void Play(benchmark::State& state) {
+    Start_Qt();
+    Start_Program();
+    const int frames = static_cast<int>(state.range(0));
+    Run_Of(3, 1, frames);
+    Windows windows;
+    frm_Animate& screen = Animate_Window(windows);
+    screen.chk_Centrodes.Value = true;
+    double least = 1e9, floor = 1e9;
+    for (auto _ : state) {
+        const double start = Processor_Time();
+        Model.RedrawFlag = "N";
+        Animate(screen);
+        const double took = Processor_Time() - start;
+        state.SetIterationTime(took);
+        least = std::min(least, took);
+        floor = std::min(floor, Filled(700));
+    }
+    state.counters["frames_per_second"] = frames / least;
+    state.counters["frame_to_floor"] = least / frames / floor;
+}
+BENCHMARK(Play)->ArgName("frames")->Arg(361)->Arg(2881)->Iterations(2)->UseManualTime()->Unit(benchmark::kMillisecond);
+
 /// Cayley's diagram, so often enlarged (or, below zero, made smaller).
 void Cayley(benchmark::State& state) {
     Start_Qt();

@@ -1,8 +1,7 @@
-// Numbers that go through the same formulas in pairs, and the rounding of what is stored of them.
+// Numbers that go through the same formulas in pairs.
 #pragma once
 
 #include <cmath>
-#include <type_traits>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -15,7 +14,11 @@ namespace verlink {
 typedef double Pair __attribute__((vector_size(16)));
 using PairOfTruths = decltype(Pair{} == Pair{});
 
-// What follows serves one double and a pair under the same names.
+// What follows serves one double and a pair under the same names; core/quads.h has the same for four.
+
+/// How many numbers a V holds.
+template <class V>
+inline constexpr int kLanesOf = sizeof(V) / sizeof(double);
 
 template <class V>
 inline V Both(double x) {
@@ -53,44 +56,8 @@ inline Pair Sqrt(Pair x) { return Pair{std::sqrt(x[0]), std::sqrt(x[1])}; }
 inline PairOfFloats Narrow(Pair x) { return PairOfFloats{static_cast<float>(x[0]), static_cast<float>(x[1])}; }
 inline Pair Wide(PairOfFloats x) { return Pair{x[0], x[1]}; }
 #endif
-template <class V>
-V Rounded(V x) {
-    return Wide(Narrow(x));
-}
-
 inline bool Is_Finite(double x) { return x - x == 0; }
 inline bool Is_Finite(Pair x) { return Is_Finite(x[0] + x[1]); }
 inline bool Is_Zero(Pair x) { return x[0] == 0 || x[1] == 0; }
-
-/// Rounds as storing does, and watches for overflows by the sum of all it gave out. The sum of a pair may overflow
-/// where none of the floats did.
-template <class V>
-class Rounding {
-   public:
-    using SumType = std::conditional_t<std::is_same_v<V, double>, double, Stored<V>>;
-
-    V operator()(V x) {
-        const Stored<V> stored = Narrow(x);
-        sum_ += stored;
-        return Wide(stored);
-    }
-    /// The same, kept for storing.
-    V Keep(Stored<V>& place, V x) {
-        place = Narrow(x);
-        sum_ += place;
-        return Wide(place);
-    }
-    bool All_Finite() const {
-        if constexpr (std::is_same_v<V, double>)
-            return Is_Finite(sum_);
-        else
-            return Is_Finite(Wide(sum_));
-    }
-    SumType Sum() const { return sum_; }
-    void Add(SumType sum) { sum_ += sum; }
-
-   private:
-    SumType sum_{};
-};
 
 }  // namespace verlink

@@ -1,7 +1,7 @@
 // The crossing of two lines, and the pole of the coupler as the coupler sees it; nothing is stored here.
 #pragma once
 
-#include "core/pairs.h"
+#include "core/rounding.h"
 
 namespace verlink {
 

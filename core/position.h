@@ -1,8 +1,8 @@
-// The formulas of one position, for a number alone or for pairs of them; nothing is stored here.
+// The formulas of one position, for a number alone, for pairs or for fours of them; nothing is stored here.
 #pragma once
 
 #include "core/number.h"
-#include "core/pairs.h"
+#include "core/rounding.h"
 #include "core/trigonometry.h"
 
 namespace verlink {
@@ -27,9 +27,9 @@ inline LinkageShape Shape_Of(double L1, double L2, double L3, double L4, double 
     return g;
 }
 
-/// A crank angle and all that follows from it, in the local frame and stored length units; V is double or `Pair`.
-/// The sums are finite unless something overflowed so far. Beyond the first refusal, in the order of the fields, the
-/// numbers mean nothing.
+/// A crank angle and all that follows from it, in the local frame and stored length units; V is double, `Pair` or
+/// `Quad`. The sums are finite unless something overflowed so far. Beyond the first refusal, in the order of the
+/// fields, the numbers mean nothing.
 template <class V>
 struct Position {
     using Float = Stored<V>;

@@ -2,6 +2,7 @@
 #include "core/results.h"
 
 #include "core/linkage_model.h"
+#include "core/results_turns.h"
 
 namespace verlink {
 
@@ -12,9 +13,17 @@ class Results {
 
 namespace {
 
+int turns = 0;
+
+/// A result comes to hold, perhaps another of its kind than before, or falls.
+void Turn(Fact& fact, bool so) {
+    ++turns;
+    Results::Set(fact, so);
+}
+
 void Set_Run(bool stands, bool counts) {
     Forces_Dropped();
-    Results::Set(Model.RunStands, stands);
+    Turn(Model.RunStands, stands);
     Results::Set(Model.Calculated, counts);
 }
 
@@ -32,27 +41,29 @@ void Run_Dropped() { Set_Run(false, false); }
 
 void Forces_Hold() {
     Forces_Dropped();
-    Results::Set(Model.DynamicsDone, true);
+    Turn(Model.DynamicsDone, true);
 }
 
 void Forces_Dropped() {
-    Results::Set(Model.DynamicsDone, false);
+    Turn(Model.DynamicsDone, false);
     Balance_Dropped();
 }
 
 void Balance_Holds() {
     Transform_Dropped();
-    Results::Set(Model.BalanceDone, true);
+    Turn(Model.BalanceDone, true);
 }
 
 void Balance_Dropped() {
-    Results::Set(Model.BalanceDone, false);
+    Turn(Model.BalanceDone, false);
     Transform_Dropped();
 }
 
-void Transform_Holds() { Results::Set(Model.FFTDone, true); }
+void Transform_Holds() { Turn(Model.FFTDone, true); }
 
-void Transform_Dropped() { Results::Set(Model.FFTDone, false); }
+void Transform_Dropped() { Turn(Model.FFTDone, false); }
+
+int Results_Turns() { return turns; }
 
 void Model_Saved() { Results::Set(Model.SavedFlag, true); }
 

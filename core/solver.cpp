@@ -5,7 +5,6 @@
 
 #include "core/centrodes.h"
 #include "core/linkage_model.h"
-#include "core/pole.h"
 #include "core/position.h"
 #include "core/runs.h"
 #include "platform/guard.h"
@@ -163,92 +162,28 @@ void Scale(Points& points, int step, double factor, int First, int Last) {
         for (int axis = 0; axis <= 1; ++axis) points(step, point, axis) *= factor;
 }
 
-/// Numbers known to be finite, into two consecutive steps.
-template <class Column>
-inline void Store(Column& column, int step, const PairOfFloats& values, int row = 0, int axis = 0) {
-    Single::Store_Finite<2>(&values, column.Steps(step, 2, row, axis));
-}
-
-/// What is stored of a pair of positions besides the positions themselves.
-struct PairOfSteps {
-    PairOfFloats Theta[4];
-    PairOfFloats Points[3][2];
-    PairOfFloats Ratio, Advantage;
-    Crossing<Pair> Fixed;
-    MovingPoint<Pair> Moving;
-};
-
-/// The poles of all, as ground and coupler see them: each kind of work for all in turn, so that their waits overlap.
-template <int N>
-inline void Find_Poles(const LinkageShape& g, const Position<Pair> (&positions)[N], PairOfSteps (&steps)[N]) {
-    const auto& m = Model;
-    const CouplerStart start{m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0};
-    for (int i = 0; i < N; ++i) {
-        const auto& p = positions[i];
-        steps[i].Fixed =
-            Cross(Pair{}, Pair{}, Wide(p.Ax), Wide(p.Ay), Both<Pair>(g.L1), Pair{}, Wide(p.Bx), Wide(p.By));
-    }
-    for (int i = 0; i < N; ++i) {
-        const auto& p = positions[i];
-        steps[i].Moving = On_Coupler(start, Wide(steps[i].Fixed.X), Wide(steps[i].Fixed.Y), Wide(p.Ax), Wide(p.Ay),
-                                     p.SinTheta3, p.CosTheta3);
-    }
-}
-
-/// The rest of a pair; false when one of the two needs the care of a single solution.
-inline bool Finish(Position<Pair>& p, PairOfSteps& steps, double factor, Wrap wrap) {
-    const auto& m = Model;
-    Rounding<Pair> r = p.All;
-    Store_Angles(p, m.Link1Angle, wrap, r, steps.Theta);
-    r.Keep(steps.Ratio, Wide(p.Omega4) / p.Omega2);
-    r.Keep(steps.Advantage, p.Omega2 / Wide(p.Omega4));
-    Pair not_zero = p.A * p.D * p.S34 * p.G;
-    if (!m.Parallelogram) {
-        r.Add(steps.Fixed.All.Sum());
-        r.Add(steps.Moving.All.Sum());
-        not_zero = not_zero * steps.Fixed.Run1 * steps.Fixed.Run2 * steps.Fixed.SlopeDifference;
-    }
-    steps.Points[0][0] = p.Ax;
-    steps.Points[0][1] = p.Ay;
-    steps.Points[1][0] = p.Bx;
-    steps.Points[1][1] = p.By;
-    steps.Points[2][0] = p.Px;
-    steps.Points[2][1] = p.Py;
-    if (factor != 1) {
-        const auto show = [&](auto& vectors) {
-            for (auto& vector : vectors)
-                for (auto& component : vector) r.Keep(component, Wide(component) * factor);
-        };
-        show(steps.Points);
-        show(p.Vel);
-        show(p.Acc);
-    }
-    return r.All_Finite() && !Is_Zero(not_zero);
-}
-
-inline void Store(int step, const Position<Pair>& p, const PairOfSteps& steps) {
-    auto& table = Model.RunTable;
-    for (int row = 0; row <= 3; ++row) Store(table.Theta, step, steps.Theta[row], row);
-    Store(table.OmegaRatio, step, steps.Ratio);
-    Store(table.MechAdvantage, step, steps.Advantage);
-    const PairOfFloats omegas[] = {Narrow(p.Omega2), p.Omega3, p.Omega4};
-    const PairOfFloats alphas[] = {Narrow(p.Alpha2), p.Alpha3, p.Alpha4};
+ahead::Columns Columns_Of(RunResults& table) {
+    ahead::Columns c{};
+    const auto take = [](auto& array, Single*& column, int row = 0, int axis = 0) {
+        column = array.Steps(0, 1, row, axis);
+    };
+    for (int row = 0; row <= 3; ++row) take(table.Theta, c.Theta[row], row);
+    take(table.OmegaRatio, c.Ratio);
+    take(table.MechAdvantage, c.Advantage);
     for (int row = 0; row <= 2; ++row) {
-        Store(table.Omega, step, omegas[row], row);
-        Store(table.Alpha, step, alphas[row], row);
+        take(table.Omega, c.Omega[row], row);
+        take(table.Alpha, c.Alpha[row], row);
     }
     for (int axis = 0; axis <= 1; ++axis) {
         for (int point = 0; point <= 2; ++point) {
-            Store(table.PointXY, step, steps.Points[point][axis], point, axis);
-            Store(table.VelXY, step, p.Vel[point][axis], point, axis);
+            take(table.PointXY, c.Points[point][axis], point, axis);
+            take(table.VelXY, c.Vel[point][axis], point, axis);
         }
-        for (int point = 0; point <= 4; ++point) Store(table.AccXY, step, p.Acc[point][axis], point, axis);
+        for (int point = 0; point <= 4; ++point) take(table.AccXY, c.Acc[point][axis], point, axis);
+        take(table.FixedCentrode, c.Fixed[axis], 0, axis);
+        take(table.MovingCentrode, c.Moving[axis], 0, axis);
     }
-    if (Model.Parallelogram) return;
-    Store(table.FixedCentrode, step, steps.Fixed.X, 0, 0);
-    Store(table.FixedCentrode, step, steps.Fixed.Y, 0, 1);
-    Store(table.MovingCentrode, step, steps.Moving.X, 0, 0);
-    Store(table.MovingCentrode, step, steps.Moving.Y, 0, 1);
+    return c;
 }
 
 }  // namespace
@@ -258,31 +193,22 @@ void Calculate(Integer step, Integer& Result) {
     if (!solved && step >= 0 && step <= kLastStep) Model.RunTable.Assembled(step) = false;
 }
 
-LookAhead::LookAhead() : shape_(Present_Shape()), wrap_(Wrap_Mode()) {}
+LookAhead::LookAhead(Lanes lanes)
+    : run_{Present_Shape(), Wrap_Mode(), Model.Link1Angle,          Shown_Factor(), !Model.Parallelogram,
+           Model.Alpha2,    {},          Columns_Of(Model.RunTable)},
+      solve_(lanes == Lanes::kFour && ahead::kSolve_By_Fours ? ahead::kSolve_By_Fours : ahead::Solve_By_Pairs) {}
 
 bool LookAhead::Is_Possible(int step) const {
     const int last = step + kSteps - 1;
-    return step >= resume_ && Is_Finite(shape_.Sum) && last < Model.NSteps && last <= kLastStep && !Is_Imported();
+    return step >= resume_ && Is_Finite(run_.shape.Sum) && last < Model.NSteps && last <= kLastStep && !Is_Imported();
 }
 
-bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) const {
-    constexpr int kPairs = kSteps / 2;
-    const double factor = Shown_Factor();
-    Position<Pair> positions[kPairs];
-    PairOfSteps steps[kPairs];
-    for (int i = 0; i < kPairs; ++i) {
-        positions[i].Theta2 = Rounded(Pair{theta2[2 * i], theta2[2 * i + 1]});
-        positions[i].Omega2 = Rounded(Pair{omega2[2 * i], omega2[2 * i + 1]});
-        positions[i].Alpha2 = positions[i].Alpha2Before = Both<Pair>(Model.Alpha2);
-    }
-    verlink::Solve(shape_, positions);
-    if (!Model.Parallelogram) Find_Poles(shape_, positions, steps);
-    for (int i = 0; i < kPairs; ++i)
-        if (!Finish(positions[i], steps[i], factor, wrap_)) return false;
-
-    for (int i = 0; i < kPairs; ++i) Store(step + 2 * i, positions[i], steps[i]);
-    std::fill_n(Model.RunTable.Assembled.Steps(step, kSteps), kSteps, true);
-    Mend_First_Angle(wrap_);
+bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) {
+    auto& m = Model;
+    // Known since the first step was solved.
+    run_.start = {m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0};
+    if (!solve_(run_, step, theta2, omega2)) return false;
+    std::fill_n(m.RunTable.Assembled.Steps(step, kSteps), kSteps, true);
     return true;
 }
 

@@ -1,6 +1,8 @@
 // The closed-form solution of one position.
 #pragma once
 
+#include "core/lanes.h"
+#include "core/look_ahead.h"
 #include "core/number.h"
 #include "core/position.h"
 
@@ -16,10 +18,11 @@ void Calculate(Integer step, Integer& Result);
 /// Solves the positions of a run side by side, so many at a time, where nothing out of the ordinary happens.
 class LookAhead {
    public:
-    static constexpr int kSteps = 8;
+    static constexpr int kSteps = ahead::kSteps;
 
-    /// For the linkage and the `Alpha2` of the record as they stand.
-    LookAhead();
+    /// For the linkage and the `Alpha2` of the record as they stand; to the same bits with any lanes that the machine
+    /// has.
+    explicit LookAhead(Lanes lanes = Widest_Lanes());
 
     /// `Calculate` for steps `step` to `step` + 7, to the same bits, but for the fields of the current position, which
     /// stay. `motion` tells crank angle (local, radians) and speed of one step after the other, before they are
@@ -39,10 +42,10 @@ class LookAhead {
 
    private:
     bool Is_Possible(int step) const;
-    bool Solve_All(int step, const double* theta2, const double* omega2) const;
+    bool Solve_All(int step, const double* theta2, const double* omega2);
 
-    LinkageShape shape_;
-    Wrap wrap_;
+    ahead::Run run_;
+    ahead::Solver solve_;
     int resume_ = 1;
 };
 

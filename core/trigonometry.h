@@ -1,4 +1,5 @@
-// Sine, cosine and arc tangent of a number or of a pair of them, to the same bits in either way and on every machine.
+// Sine, cosine and arc tangent of a number, of a pair or of four of them, to the same bits in each way and on every
+// machine.
 #pragma once
 
 #include <bit>
@@ -6,13 +7,13 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "core/pairs.h"
+#include "core/rounding.h"
 
 namespace verlink {
 
-// V is double or `Pair`; radians. All are odd or even to the bit, the sign of a zero aside, and within 2 units in the
-// last place below kTrigonometryLimit; sine and cosine are the C library's beyond. The coefficients are those that
-// tests/reference/trigonometry.py fits.
+// V is double, `Pair` or, below kTrigonometryLimit, `Quad`; radians. All are odd or even to the bit, the sign of a zero
+// aside, and within 2 units in the last place below kTrigonometryLimit; sine and cosine are the C library's beyond. The
+// coefficients are those that tests/reference/trigonometry.py fits.
 
 /// Up to here the multiple of pi/2 that is taken off has 20 bits, so that its products with 33 bits are exact.
 inline constexpr double kTrigonometryLimit = 1.6e6;
@@ -25,6 +26,10 @@ inline std::int64_t Bits(double x) { return std::bit_cast<std::int64_t>(x); }
 inline double From_Bits(std::int64_t bits) { return std::bit_cast<double>(bits); }
 inline PairOfTruths Bits(Pair x) { return PairOfTruths(x); }
 inline Pair From_Bits(PairOfTruths bits) { return Pair(bits); }
+#ifdef __AVX2__
+inline QuadOfTruths Bits(Quad x) { return QuadOfTruths(x); }
+inline Quad From_Bits(QuadOfTruths bits) { return Quad(bits); }
+#endif
 
 template <class V>
 inline V Magnitude(V x) {
@@ -55,24 +60,20 @@ inline V Reduce(V x, decltype(Bits(V{}))& turns) {
     return second - (n * kPart3 - ((first - second) - n * kPart2));
 }
 
+inline void Sin_Cos_Beyond(double x, double& sine, double& cosine) {
+    sine = std::sin(x);
+    cosine = std::cos(x);
+}
+inline void Sin_Cos_Beyond(Pair x, Pair& sine, Pair& cosine);
+
 }  // namespace trigonometry
 
 template <class V>
 inline void Sin_Cos(V x, V& sine, V& cosine) {
     using namespace trigonometry;
-    if (!Within(x, kTrigonometryLimit)) [[unlikely]] {
-        if constexpr (std::is_same_v<V, double>) {
-            sine = std::sin(x);
-            cosine = std::cos(x);
-        } else {
-            for (int i = 0; i < 2; ++i) {
-                double s, c;
-                Sin_Cos(double{x[i]}, s, c);
-                sine[i] = s;
-                cosine[i] = c;
-            }
-        }
-        return;
+    if constexpr (kLanesOf<V> <= 2) {
+        if (!Within(x, kTrigonometryLimit)) [[unlikely]]
+            return Sin_Cos_Beyond(x, sine, cosine);
     }
     decltype(Bits(V{})) turns;
     const V r = Reduce(x, turns);
@@ -122,6 +123,16 @@ inline V Atan(V x) {
                    w * ((-0.05085449318930035 + z * 0.039231646190551486) + w * -0.019176872294336067);
     const V tail = low + (w * w) * (w * high);
     return Signed(base + (t + (t * (z * tail) + rest)), x);
+}
+
+/// Of the two, one may lie within.
+inline void trigonometry::Sin_Cos_Beyond(Pair x, Pair& sine, Pair& cosine) {
+    for (int i = 0; i < 2; ++i) {
+        double s, c;
+        Sin_Cos(double{x[i]}, s, c);
+        sine[i] = s;
+        cosine[i] = c;
+    }
 }
 
 }  // namespace verlink

@@ -26,14 +26,21 @@
 #include "desktop/grid_widget.h"
 #include "desktop/keys.h"
 #include "desktop/line_box.h"
+#include "desktop/lock_widget.h"
 #include "desktop/pace.h"
+#include "desktop/picture_menu.h"
 #include "desktop/picture_widget.h"
+#include "desktop/plot_hand.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "platform/controls.h"
 #include "platform/deed.h"
 #include "platform/graph.h"
 #include "platform/grid.h"
+#include "platform/lock.h"
+#include "platform/overlaid_picture.h"
+#include "platform/plot_box.h"
+#include "screens/picture_entries.h"
 
 namespace verlink::desktop {
 
@@ -200,12 +207,7 @@ QWidget* make(Form& form, OptionButton& control, QWidget* parent) {
     return button;
 }
 
-QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
-    auto* box = new QCheckBox(parent);
-    bind(form, control, box, [box, &control] {
-        setIfOther(box, toQt(control.Caption));
-        if (box->isChecked() != control.Value) box->setChecked(control.Value);
-    });
+void connectTick(Form& form, CheckBox& control, QCheckBox* box) {
     QObject::connect(box, &QCheckBox::clicked, box, [&form, &control] {
         form.act(control, [&] {
             control.SetFocus();
@@ -213,7 +215,26 @@ QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
         });
         control.Notify();
     });
+}
+
+QWidget* make(Form& form, CheckBox& control, QWidget* parent) {
+    auto* box = new QCheckBox(parent);
+    bind(form, control, box, [box, &control] {
+        setIfOther(box, toQt(control.Caption));
+        if (box->isChecked() != control.Value) box->setChecked(control.Value);
+    });
+    connectTick(form, control, box);
     return box;
+}
+
+QWidget* make(Form& form, Lock& control, QWidget* parent) {
+    auto* lock = new LockWidget(parent);
+    bind(form, control, lock, [lock, &control] {
+        lock->setAccessibleName(toQt(control.Caption));
+        if (lock->isChecked() != control.Value) lock->setChecked(control.Value);
+    });
+    connectTick(form, control, lock);
+    return lock;
 }
 
 /// The mouse on the line of a combo box.
@@ -320,8 +341,56 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
     return bar;
 }
 
+/// The hand that takes what is drawn, and the one that moves the glass.
+void bindHand(Form& form, PictureBox& control, PictureWidget* picture) {
+    // Looking is no deed.
+    const auto look = [&form, &control](const std::function<void()>& heard) {
+        if (form.inUse() && control.Enabled) form.happen(control, heard);
+    };
+    if (control.OnHover) {
+        picture->setMouseTracking(true);
+        picture->onHover = [&control, look](const Touch& at) { look([&] { control.OnHover(at); }); };
+    }
+    if (control.OnLeave) picture->onLeave = [&control, look] { look(control.OnLeave); };
+    if (control.OnSeize)
+        picture->onSeize = [&form, &control](const Touch& at) {
+            bool taken = false;
+            form.act(
+                control, [&] { taken = control.OnSeize(at); }, Deed::Kind::kDrag);
+            return taken;
+        };
+    if (control.OnDrag)
+        picture->onDrag = [&form, &control](const Touch& at) {
+            form.act(
+                control, [&] { control.OnDrag(at); }, Deed::Kind::kDrag);
+        };
+    if (control.OnRelease) picture->onLetGo = [&form, &control] { form.happen(control, control.OnRelease); };
+    if (control.OnKey)
+        picture->onKey = [&form, &control](const Picture_Key& key) {
+            form.act(
+                control, [&] { control.OnKey(key); }, Deed::Kind::kDrag);
+        };
+    if (control.Magnifies) picture->magnify();
+    picture->onGlass = [&control](const Glass& glass) { control.Through = glass; };
+    picture->onSize = [&form, &control](double across) {
+        control.Across = across;
+        if (control.OnPixel) form.happen(control, control.OnPixel);
+    };
+}
+
+/// What files of a picture are called.
+const char* nameOf(const PictureBox& control) {
+    if (dynamic_cast<const PlotBox*>(&control)) return kPlotPicture;
+    return control.Name() == "Picture1" && control.Owner().Name() != "frm_Cayley" ? kLinkagePicture : kDiagramPicture;
+}
+
 QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     auto* picture = new PictureWidget(control.Drawing(), parent);
+    // One that chooses by a click is no more than the face of a button.
+    if (!control.OnClick) new PictureMenu(control, *picture, nameOf(control), [picture] { return sourceOf(*picture); });
+    auto* plot = dynamic_cast<PlotBox*>(&control);
+    PlotHand* hand = plot ? new PlotHand(*plot, picture) : nullptr;
+    bindHand(form, control, picture);
     picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
         if (!control.OnMouseMove) return;
         form.act(
@@ -335,12 +404,31 @@ QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
     picture->onDoubleClick = [&form, &control] {
         if (control.OnDblClick) form.act(control, control.OnDblClick);
     };
-    bind(form, control, picture, [picture, &control] { picture->setLines(control.Lines); });
+    auto* overlaid = dynamic_cast<Overlaid_Picture*>(&control);
+    bind(form, control, picture, [picture, overlaid, hand, &control, &form, keys = std::string()]() mutable {
+        picture->setLines(control.Lines);
+        if (overlaid) picture->setOverlay(overlaid->Over);
+        if (hand) hand->follow();
+        picture->setLight(control.Lit);
+        picture->setGrip(control.Pointer);
+        if (keys != control.Keys.Get()) picture->setKeys(keys = control.Keys);
+        if (picture->setGlass(control.Through) && control.OnPixel) form.happen(control, control.OnPixel);
+    });
     return picture;
 }
 
 QWidget* make(Form& form, Graph& control, QWidget* parent) {
     auto* graph = new GraphWidget(control, parent);
+    graph->onSeek = [&form, &control](int point) {
+        form.act(
+            control, [&] { control.OnSeek(point); }, Deed::Kind::kDrag);
+    };
+    graph->onSought = [&form, &control] {
+        form.happen(control, [&] {
+            if (control.OnSought) control.OnSought();
+        });
+        Deed::Drag_Ended();
+    };
     bind(form, control, graph, [graph] { graph->follow(); });
     return graph;
 }
@@ -418,6 +506,7 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* box = dynamic_cast<TextBox*>(&control)) return make(form, *box, parent);
     if (auto* button = dynamic_cast<CommandButton*>(&control)) return make(form, *button, parent);
     if (auto* option = dynamic_cast<OptionButton*>(&control)) return make(form, *option, parent);
+    if (auto* lock = dynamic_cast<Lock*>(&control)) return make(form, *lock, parent);
     if (auto* tick = dynamic_cast<CheckBox*>(&control)) return make(form, *tick, parent);
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) return make(form, *combo, parent);
     if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);

@@ -4,7 +4,9 @@
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -25,6 +27,21 @@ bool byPixel(const QPainter& painter) {
     return engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2;
 }
 
+/// Kept from one curve to the next, empty: as much memory as a graph has pixels, made anew for each, costs more than
+/// the curve.
+struct Blank {
+    Ink ink;
+    std::vector<std::uint32_t> pixels;
+};
+
+Blank& blankOf(int wide, int high) {
+    static Blank blank;
+    if (blank.ink.Width() != wide || blank.ink.Height() != high)
+        blank = {Ink(wide, high),
+                 std::vector<std::uint32_t>(static_cast<std::size_t>(wide) * static_cast<std::size_t>(high))};
+    return blank;
+}
+
 /// The ink of one pen on the device pixels of an area.
 class Sheet {
    public:
@@ -37,7 +54,8 @@ class Sheet {
           high_(static_cast<int>(std::ceil(area.bottom() * scale_ - corner_.y()))),
           width_(pen.widthF() * scale_),
           seen_(ClipBox{0, 0, static_cast<double>(wide_), static_cast<double>(high_)}.Grown(2 * width_)),
-          ink_(wide_, high_) {
+          blank_(blankOf(wide_, high_)),
+          ink_(blank_.ink) {
         for (const double part : pen.dashPattern()) dashes_.push_back(part * width_);
         for (const double dash : dashes_) round_ += dash;
     }
@@ -57,14 +75,33 @@ class Sheet {
         if (round_ > 0 && std::isfinite(length)) walked_ = std::fmod(walked_ + length, round_);
     }
 
+    /// Each pair of points is a line; upright ones are drawn together.
+    void sticks(const QVector<QPointF>& ends) {
+        std::vector<Ink::Upright> upright;
+        for (qsizetype i = 1; i < ends.size(); i += 2) {
+            const Point from = place(ends[i - 1]), to = place(ends[i]);
+            if (round_ > 0 || from.x != to.x)
+                line(from, to);
+            else
+                upright.push_back({from.x, from.y, to.y});
+        }
+        ink_.Lines(upright, width_);
+    }
+
     void lay() {
-        std::vector<std::uint32_t> pixels(static_cast<std::size_t>(wide_) * static_cast<std::size_t>(high_));
+        const Ink::Area area = ink_.Covered();
+        if (area.right == 0) return;
         const QColor color = pen_.color();
-        ink_.Pour_Upon_Nothing(pixels, color.red() + 256 * color.green() + 65536 * color.blue(), color.alpha());
-        QImage image(reinterpret_cast<const uchar*>(pixels.data()), wide_, high_, qsizetype{4} * wide_,
+        ink_.Pour_Upon_Nothing(blank_.pixels, color.red() + 256 * color.green() + 65536 * color.blue(), color.alpha());
+        const auto row = [&](int y) {
+            return blank_.pixels.data() + static_cast<std::ptrdiff_t>(y) * wide_ + area.left;
+        };
+        const int wide = area.right - area.left, high = area.bottom - area.top;
+        QImage image(reinterpret_cast<const uchar*>(row(area.top)), wide, high, qsizetype{4} * wide_,
                      QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(scale_);
-        painter_.drawImage(corner_ / scale_, image);
+        painter_.drawImage((corner_ + QPointF(area.left, area.top)) / scale_, image);
+        for (int y = area.top; y < area.bottom; ++y) std::fill_n(row(y), wide, 0U);
     }
 
    private:
@@ -101,7 +138,8 @@ class Sheet {
     int wide_, high_;
     double width_;
     ClipBox seen_;
-    Ink ink_;
+    Blank& blank_;
+    Ink& ink_;
     std::vector<double> dashes_;
     double round_ = 0;   ///< the length of all dashes and gaps
     double walked_ = 0;  ///< of that
@@ -175,7 +213,7 @@ void paintSticks(QPainter& painter, const QVector<QPointF>& ends, const QRectF& 
         return;
     }
     Sheet sheet(painter, area, pen);
-    for (qsizetype i = 1; i < ends.size(); i += 2) sheet.line(sheet.place(ends[i - 1]), sheet.place(ends[i]));
+    sheet.sticks(ends);
     sheet.lay();
 }
 

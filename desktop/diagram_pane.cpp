@@ -57,6 +57,7 @@ DiagramPane::DiagramPane(PictureWidget* picture, QWidget* parent)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(picture);
     leaders_->raise();
+    picture->onPlaced = [this] { place(); };
 }
 
 void DiagramPane::add(QWidget* name, QWidget* value) {
@@ -69,11 +70,15 @@ void DiagramPane::add(QWidget* name, QWidget* value) {
 void DiagramPane::place() {
     const QRectF area = picture_->area();
     if (area.isEmpty()) return;
+    const platform::Glass& glass = picture_->glass();
     std::vector<platform::LabelWish> wishes;
     std::vector<Entry> placed;
     for (const Entry& entry : entries_) {
         if (entry.name->isHidden() || !entry.name->anchor()) continue;
-        if (!upon(*entry.name->anchor())) {
+        platform::Anchor at = *entry.name->anchor();
+        at.across = glass.Seen_Across(at.across);
+        at.down = glass.Seen_Down(at.down);
+        if (!upon(at)) {
             entry.name->setGeometry(QRect());
             if (entry.value) entry.value->setGeometry(QRect());
             continue;
@@ -84,10 +89,10 @@ void DiagramPane::place() {
             width += kBetween + widthOf(entry.value);
             height = std::max(height, entry.value->sizeHint().height());
         }
-        wishes.push_back({*entry.name->anchor(), static_cast<double>(width), static_cast<double>(height)});
+        wishes.push_back({at, static_cast<double>(width), static_cast<double>(height)});
         placed.push_back(entry);
     }
-    const auto places = platform::Find_Label_Places(picture_->picture(), area.width(), wishes);
+    const auto places = platform::Find_Label_Places(picture_->picture(), area.width(), wishes, glass);
     std::vector<QLineF> lines;
     const QPointF corner = QPointF(picture_->pos()) + area.topLeft();
     for (std::size_t i = 0; i < placed.size(); ++i) {

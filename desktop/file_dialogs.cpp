@@ -6,9 +6,12 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSplitter>
+#include <set>
 
 #include "desktop/messages.h"
 #include "desktop/text.h"
+#include "platform/pictures.h"
+#include "platform/settings.h"
 
 namespace verlink::desktop {
 
@@ -44,6 +47,15 @@ QString suffixOf(const NameFilter& filter) {
     return plain.match(filter.patterns).captured(1);
 }
 
+/// Where several entries of the list have one end, the name of the file does not tell which was taken.
+void keepEntry(const std::string& kind, const std::vector<NameFilter>& filters, qsizetype entry) {
+    if (kind.empty() || entry < 0) return;
+    std::set<QString> ends;
+    for (const NameFilter& filter : filters) ends.insert(filter.patterns);
+    if (ends.size() < filters.size())
+        platform::The_Settings().Put(platform::Entry_Setting(kind), std::to_string(entry + 1));
+}
+
 std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish, const QString& folder, bool save) {
     countInterruption();
     QFileDialog dialog(parent, toQt(wish.title));
@@ -76,6 +88,7 @@ std::optional<std::string> ask(QWidget* parent, const platform::FileDialog& wish
     dialog.resize(dialog.sizeHint().expandedTo(kRoomy));
     if (auto* halves = dialog.findChild<QSplitter*>()) halves->setSizes({kRoomy.width() / 5, kRoomy.width() * 4 / 5});
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    keepEntry(wish.kind, filters, shown.indexOf(dialog.selectedNameFilter()));
     return fromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
 }
 

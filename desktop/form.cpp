@@ -21,6 +21,7 @@
 
 #include "desktop/binders.h"
 #include "desktop/file_drops.h"
+#include "desktop/fold.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
 #include "desktop/keys.h"
@@ -98,9 +99,12 @@ Form::Form(Screen& screen) : screen_(screen) {
     screen_.ShapeWatcher() = [this] { applyShape(); };
     screen_.FocusWatcher = [this](Control* control) {
         auto* widget = qobject_cast<QWidget*>(control ? objectOf(*control) : nullptr);
-        if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+        if (!widget || widget->hasFocus()) return;
+        unfoldAround(widget);
+        widget->setFocus(Qt::OtherFocusReason);
     };
     showCaption();
+    for (FoldHandle* handle : foldsOf(this)) handle->takeKept();
     if (QPushButton* button = buttonOf(screen_.DefaultButton)) button->setDefault(true);
     if (screen_.OnDrop) new FileDrops(*this);
 }
@@ -242,6 +246,11 @@ PictureWidget* Form::picture(const char* name, int index) {
     return found;
 }
 
+QWidget* Form::walkTo(QWidget* widget) {
+    order_.push_back(widget);
+    return widget;
+}
+
 std::vector<std::string> Form::unplaced() const {
     std::vector<std::string> names;
     for (Control* control : screen_.Controls()) {
@@ -342,12 +351,30 @@ void Form::takePlace(bool size_changed) {
     at_kept_place_ = !placed_ && takeKeptPlace(*this, least);
     placed_ = placed_ || at_kept_place_;
     if (at_kept_place_) return;
-    if (size_changed) resize(wish.boundedTo(most).expandedTo(least));
+    if (size_changed) resize(roomForHero(wish.boundedTo(most).expandedTo(least)).boundedTo(most.expandedTo(least)));
     // Where the layout needs more than the wish, the window grows to both sides.
     const int x = display.left() + qRound(screen_.Left() / twips) - (width() - wish.width()) / 2;
     const int y = display.top() + qRound(screen_.Top() / twips);
     move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
          std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
+}
+
+void Form::setHero(QWidget* drawing, int side) {
+    hero_ = drawing;
+    hero_side_ = side;
+}
+
+/// The size of the window with what its drawing lacks at another one.
+QSize Form::roomForHero(QSize size) {
+    if (!hero_ || centralWidget() != room_) return size;
+    const QSize least = minimumSizeHint(), smallest = hero_->minimumSize();
+    const auto lacking = [&](int has, int needs, int drawing) {
+        return std::max(0, hero_side_ - drawing - has + needs);
+    };
+    // What stands beside it takes all it likes first, and what stands above and under it what it needs.
+    const int beside = room_->sizeHint().width() - hero_->sizeHint().width();
+    return size + QSize(lacking(size.width(), std::max(least.width(), beside + smallest.width()), smallest.width()),
+                        lacking(size.height(), least.height(), smallest.height()));
 }
 
 void Form::watch(QWidget* widget, Visual& control) {
@@ -451,6 +478,11 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
             break;
         case QEvent::ShortcutOverride:
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
+            if (const auto* picture = dynamic_cast<PictureWidget*>(widget);
+                picture && picture->takes(*static_cast<QKeyEvent*>(event))) {
+                event->accept();
+                return true;
+            }
             if (keepsKey(*found->second, *static_cast<QKeyEvent*>(event), walked_to_ == widget)) {
                 event->accept();
                 return true;

@@ -42,6 +42,10 @@ class Form : public QMainWindow {
     }
     FrameBox* frame(const char* name, int index = platform::kNoIndex);
     PictureWidget* picture(const char* name, int index = platform::kNoIndex);
+    /// A widget that is no control's and has its turn in the tab order all the same.
+    QWidget* walkTo(QWidget* widget);
+    /// The drawing of the screen: where the display allows it, the window comes up with that many pixels for it.
+    void setHero(QWidget* drawing, int side);
     /// Does the screen declare it?
     bool has(const char* name, int index = platform::kNoIndex) const;
 
@@ -96,6 +100,7 @@ class Form : public QMainWindow {
     void tellApart();
     bool onlyTells() const;
     void takePlace(bool size_changed);
+    QSize roomForHero(QSize size);
     bool undoes(QKeyEvent* event, QWidget* at);
     void addEntry(platform::MenuEntry& entry, QMenu* menu);
     void focusCame(platform::Visual& control, QWidget* widget, Qt::FocusReason reason);
@@ -107,6 +112,8 @@ class Form : public QMainWindow {
     std::map<std::string, QButtonGroup*> groups_;
     std::vector<QWidget*> order_;  ///< as the layout asked for them
     QWidget* room_ = nullptr;
+    QWidget* hero_ = nullptr;
+    int hero_side_ = 0;
     QWidget* swallow_press_ = nullptr;
     QWidget* select_on_release_ = nullptr;
     QWidget* walked_to_ = nullptr;  ///< has the focus, by the tab key

@@ -1,30 +1,21 @@
 // A graph drawn by the plotting library, and the hand on it.
 #include "desktop/graph_widget.h"
 
-// The library's header uses the short words for signals and loops, which this room has switched off.
-#define signals Q_SIGNALS
-#define foreach Q_FOREACH
-#include <qcustomplot.h>
-#undef signals
-#undef foreach
-
-#include <QBuffer>
-#include <QClipboard>
-#include <QFileInfo>
-#include <QMenu>
-#include <QPdfWriter>
-#include <QSvgGenerator>
+#include <QHash>
+#include <QHelpEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include "core/linkage_model.h"
 #include "desktop/curve_paint.h"
+#include "desktop/graph_cursor.h"
+#include "desktop/graph_parts.h"
+#include "desktop/picture_menu.h"
+#include "desktop/read_out.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "output/graph_scale.h"
-#include "platform/desktop.h"
-#include "platform/file_system.h"
-#include "platform/guard.h"
+#include "screens/picture_entries.h"
 
 namespace verlink::desktop {
 
@@ -33,13 +24,9 @@ using platform::Graph;
 namespace {
 
 constexpr double kThin = 1.5, kThick = 2.5;
-constexpr int kLabelGap = 6, kTickGap = 5;  ///< pixels between neighbours, at least
-constexpr int kFew = 64;                    ///< points that can be told apart, each with a mark on its stick
-constexpr int kLeastFrame = 8;              ///< a smaller frame is a trembling hand
+constexpr int kFew = 64;        ///< points that can be told apart, each with a mark on its stick
+constexpr int kLeastFrame = 8;  ///< a smaller frame is a trembling hand
 constexpr double kMostEnlarged = 1e-6;
-
-Span spanOf(const QCPRange& range) { return {range.lower, range.upper}; }
-QCPRange rangeOf(const Span& span) { return {span.low, span.high}; }
 
 bool marksPoints(const Graph& graph) { return Draws_Sticks(graph) && graph.NumPoints() <= kFew; }
 
@@ -51,6 +38,18 @@ QFont fontOf(const QFont& base, const Graph::Font& wish, double scale = 1) {
     return font;
 }
 
+/// Of each text. Crank angles come back with every turn, and to measure a text takes long.
+std::vector<double> widthsOf(const QStringList& texts, const QFontMetricsF& metrics) {
+    QHash<QString, double> known;
+    std::vector<double> widths;
+    for (const QString& text : texts) {
+        auto width = known.constFind(text);
+        if (width == known.cend()) width = known.insert(text, metrics.horizontalAdvance(text));
+        widths.push_back(*width);
+    }
+    return widths;
+}
+
 QPen penOf(const QColor& color, double width, int pattern) {
     QPen pen(color, width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
     const std::vector<double>& dashes = Dashes_Of(pattern);
@@ -58,73 +57,18 @@ QPen penOf(const QColor& color, double width, int pattern) {
     return pen;
 }
 
-/// The library's own painting of a curve takes seconds where it turns often or is enlarged far.
-class Curve : public QCPGraph {
-   public:
-    using QCPGraph::QCPGraph;
-
-   protected:
-    void drawLinePlot(QCPPainter* painter, const QVector<QPointF>& lines) const override {
-        applyDefaultAntialiasingHint(painter);
-        paintCurve(*painter, lines, clipRect(), pen());
-    }
-    void drawImpulsePlot(QCPPainter* painter, const QVector<QPointF>& lines) const override {
-        applyDefaultAntialiasingHint(painter);
-        paintSticks(*painter, lines, clipRect(), pen());
-    }
-};
-
-/// Labels every so many points, with ticks between them; fewer where they would not fit.
-class LabelTicker : public QCPAxisTicker {
-   public:
-    QStringList labels;
-    int tick_every = 1, label_every = 1;
-    double width = 400;          ///< pixels of the axis
-    std::vector<double> widths;  ///< pixels of each label
-
-    void generate(const QCPRange& range, const QLocale&, QChar, int, QVector<double>& ticks, QVector<double>* between,
-                  QVector<QString>* texts) override {
-        ticks.clear();
-        if (between) between->clear();
-        if (texts) texts->clear();
-        const int last = static_cast<int>(labels.size()) - 1;
-        const int from = std::clamp(static_cast<int>(std::ceil(range.lower - 1e-9)), 0, std::max(0, last));
-        const int to = std::min(static_cast<int>(std::floor(range.upper + 1e-9)), last);
-        const double points = range.upper - range.lower + 1;
-        const int room = static_cast<int>(points) + 1;
-        // Where so little is in view that hardly a label is left, the points between get theirs.
-        const int label = Labels_Every(room < 2 * label_every ? 1 : label_every, from, to, widths,
-                                       width / std::max(range.size(), 1e-9), kLabelGap);
-        const int tick = std::min(Thinned(tick_every, room, static_cast<int>(width / kTickGap)), label);
-        for (int i = (from + label - 1) / label * label; i <= to; i += label) {
-            ticks.append(i);
-            if (texts) texts->append(labels[i]);
-        }
-        for (int i = (from + tick - 1) / tick * tick; between && i <= to; i += tick) between->append(i);
-    }
-};
-
-/// Round values, as many as the height has room for.
-class ValueTicker : public QCPAxisTicker {
-   public:
-    int height = 300;
-
-   protected:
-    QVector<double> createTickVector(double, const QCPRange& range) override {
-        const std::vector<double> values = Round_Values(spanOf(range), std::clamp(height / 40, 3, 12));
-        return {values.begin(), values.end()};
-    }
-    int getSubTickCount(double) override { return 0; }
-};
-
 }  // namespace
 
 class GraphWidget::Plot : public QCustomPlot {
    public:
     explicit Plot(QWidget* parent)
-        : QCustomPlot(parent), labels_(new LabelTicker), values_(new ValueTicker), title_(new QCPTextElement(this)) {
+        : QCustomPlot(parent),
+          labels_(new LabelTicker),
+          values_(new ValueTicker),
+          across_(new ValueTicker),
+          title_(new QCPTextElement(this)) {
+        across_->apart = 70;
         setMouseTracking(true);
-        setContextMenuPolicy(Qt::CustomContextMenu);
         setCursor(Qt::CrossCursor);
         setInteractions(QCP::iRangeZoom);
         setSelectionRectMode(QCP::srmZoom);
@@ -153,6 +97,7 @@ class GraphWidget::Plot : public QCustomPlot {
         connect(this, &QCustomPlot::beforeReplot, this, [this] {
             updateLayout();
             labels_->width = axisRect()->width();
+            across_->length = axisRect()->width();
         });
     }
 
@@ -168,6 +113,8 @@ class GraphWidget::Plot : public QCustomPlot {
                             QPointF(xAxis->range().upper, yAxis->range().upper));
         sets_ = graph.Sets();
         curves_ = graph.NumSets();
+        first_color_ = graph.FirstColor;
+        cursor_ = graph.Cursor - 1;
         points_ = Point_Span(graph);
         span_ = Value_Span(graph);
         // A mark at zero is not cut in half by the frame.
@@ -179,8 +126,7 @@ class GraphWidget::Plot : public QCustomPlot {
         bottom_title_ = lines(graph.BottomTitle);
         colors_ = &Colors_Of(graph.Background);
 
-        labels_->labels.clear();
-        for (const std::string& label : graph.Labels()) labels_->labels << toQt(label);
+        takeAcross(graph);
         labels_->tick_every = graph.TickEvery;
         labels_->label_every = graph.LabelEvery;
         text_font_ = fontOf(font(), graph.TextFont());
@@ -200,6 +146,18 @@ class GraphWidget::Plot : public QCustomPlot {
         redraw();
     }
 
+    void setCursor(int point) {
+        if (point == cursor_) return;
+        // Only what the cursor leaves and where it comes to is painted anew.
+        update(cursorPlace(cursorMarks()).bounds.toAlignedRect());
+        cursor_ = point;
+        update(cursorPlace(cursorMarks()).bounds.toAlignedRect());
+    }
+
+    /// What takes a point that the hand seeks; null for nobody.
+    std::function<void(int)> onSeek;
+    std::function<void()> onSought;
+
     void redraw() {
         if (isVisible()) replot(rpQueuedReplot);
     }
@@ -214,10 +172,9 @@ class GraphWidget::Plot : public QCustomPlot {
 
     /// What depends on the room there is.
     void fit() {
-        values_->height = std::max(60, height() - 60);
+        values_->length = std::max(60, height() - 60);
         const QFontMetricsF metrics(text_font_);
-        labels_->widths.clear();
-        for (const QString& label : labels_->labels) labels_->widths.push_back(metrics.horizontalAdvance(label));
+        if (labels_->widths.empty()) labels_->widths = widthsOf(labels_->labels, metrics);
         int cell = 1;
         // A row of the legend that is not full has empty places.
         for (int i = 0; i < legend->itemCount(); ++i)
@@ -230,9 +187,12 @@ class GraphWidget::Plot : public QCustomPlot {
 
     int nearest(const QPointF& at) const {
         if (!axisRect()->rect().contains(at.toPoint()) || labels_->labels.isEmpty()) return -1;
-        const int last = static_cast<int>(labels_->labels.size()) - 1;
-        return std::clamp(static_cast<int>(std::lround(xAxis->pixelToCoord(at.x()))), 0, last);
+        return nearestTo(xAxis->pixelToCoord(at.x()));
     }
+
+    /// Where a point stands on the x axis, also between two at equal distances.
+    double placeOf(double point) const { return places_.empty() ? point : across(static_cast<int>(point)); }
+    double across(int point) const { return places_.empty() ? point : places_[static_cast<std::size_t>(point)]; }
 
     QStringList readOut(const QPointF& at) const {
         const int point = nearest(at);
@@ -267,25 +227,34 @@ class GraphWidget::Plot : public QCustomPlot {
             return;
         }
         QCustomPlot::paintEvent(event);
-        if (underMouse()) paintCrosshair();
+        paintTheCursor();
+        if (underMouse() && !seeking_) paintCrosshair();
     }
 
     bool event(QEvent* event) override {
         // The read-out stands where a tip would.
-        if (event->type() == QEvent::ToolTip) return true;
+        if (event->type() == QEvent::ToolTip && nearest(static_cast<QHelpEvent*>(event)->pos()) >= 0) return true;
         return QCustomPlot::event(event);
     }
 
     void mousePressEvent(QMouseEvent* event) override {
-        if (event->button() == Qt::LeftButton) QCustomPlot::mousePressEvent(event);
+        if (event->button() != Qt::LeftButton) return;
+        if (!onSeek) return QCustomPlot::mousePressEvent(event);
+        seeking_ = nearest(event->position()) >= 0;
+        seek(event->position());
     }
     void mouseMoveEvent(QMouseEvent* event) override {
         mouse_ = event->position();
+        if (seeking_) return seek(mouse_);
         QCustomPlot::mouseMoveEvent(event);
         update();
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() != Qt::LeftButton) return;
+        if (onSeek) {
+            if (std::exchange(seeking_, false) && onSought) onSought();
+            return update();
+        }
         const QRectF frame = selectionRect()->rect().normalized();
         if (selectionRect()->isActive() && (frame.width() < kLeastFrame || frame.height() < kLeastFrame))
             selectionRect()->cancel();
@@ -312,6 +281,79 @@ class GraphWidget::Plot : public QCustomPlot {
         for (std::size_t i = 0; i < sets_.size(); ++i)
             if (!alike(sets_[i].values, graph.Sets()[i].values)) return false;
         return true;
+    }
+
+    /// The labels, the places and how the axis goes on about them. What is as it was costs nothing.
+    void takeAcross(const Graph& graph) {
+        const bool same_labels = graph.Labels() == names_;
+        if (!same_labels) {
+            names_ = graph.Labels();
+            labels_->labels.clear();
+            for (const std::string& label : names_) labels_->labels << toQt(label);
+        }
+        const QFont font = fontOf(this->font(), graph.TextFont());
+        if (!same_labels || font != text_font_) labels_->widths.clear();
+        places_ = graph.Places;
+        if (places_.size() != names_.size()) places_.clear();
+        if (!places_.empty()) {
+            const auto [low, high] = std::minmax_element(places_.begin(), places_.end());
+            const double beside = *low == *high ? 0.5 : 0;
+            points_ = {*low - beside, *high + beside};
+        }
+        xAxis->setTicker(places_.empty() ? QSharedPointer<QCPAxisTicker>(labels_) : across_);
+        xAxis->setTickLabels(graph.Labelled);
+        // Left enough for any value, so that graphs under one another have their points in line.
+        const int left = graph.InLine ? QFontMetrics(font).horizontalAdvance(QStringLiteral("-0.00000")) + 24 : 0;
+        axisRect()->setMinimumMargins(QMargins(left, 0, graph.InLine ? 16 : 0, 0));
+    }
+
+    /// The point that stands nearest to a place of the axis; of several there, the one next to the cursor.
+    int nearestTo(double place) const {
+        const int last = static_cast<int>(labels_->labels.size()) - 1;
+        if (places_.empty()) return std::clamp(static_cast<int>(std::lround(place)), 0, last);
+        int best = 0;
+        for (int i = 1; i <= last; ++i) {
+            const double better = std::abs(across(best) - place) - std::abs(across(i) - place);
+            if (better > 0 || (better == 0 && std::abs(i - cursor_) < std::abs(best - cursor_))) best = i;
+        }
+        return best;
+    }
+
+    void seek(const QPointF& at) {
+        if (!seeking_ || !onSeek || labels_->labels.isEmpty()) return;
+        const QRect area = axisRect()->rect();
+        const double x = std::clamp<double>(at.x(), area.left(), area.right());
+        onSeek(nearestTo(xAxis->pixelToCoord(x)) + 1);
+    }
+
+    QColor colorOf(std::size_t set) const {
+        const std::size_t number = set + static_cast<std::size_t>(std::max(0, first_color_));
+        return plainColor(colors_->curves[number % colors_->curves.size()]);
+    }
+
+    std::vector<CursorMark> cursorMarks() const {
+        std::vector<CursorMark> marks;
+        if (cursor_ < 0 || cursor_ >= static_cast<int>(names_.size())) return marks;
+        for (const std::size_t i : read(cursor_)) {
+            const double value = sets_[i].values[static_cast<std::size_t>(cursor_)];
+            marks.push_back({yAxis->coordToPixel(value), colorOf(i),
+                             (QString::number(value, 'g', 6) + u' ' + toQt(sets_[i].unit)).trimmed()});
+        }
+        return marks;
+    }
+
+    CursorPlace cursorPlace(const std::vector<CursorMark>& marks) const {
+        if (cursor_ < 0 || cursor_ >= static_cast<int>(names_.size())) return {};
+        return placeCursor(axisRect()->rect(), xAxis->coordToPixel(across(cursor_)), marks, font());
+    }
+
+    void paintTheCursor() {
+        const std::vector<CursorMark> marks = cursorMarks();
+        const CursorPlace place = cursorPlace(marks);
+        if (place.bounds.isEmpty()) return;
+        QPainter painter(this);
+        paintCursor(painter, axisRect()->rect(), place, marks, font(), plainColor(colors_->ink),
+                    plainColor(colors_->back));
     }
 
     /// Only what there is can be looked at, and not through a keyhole.
@@ -357,8 +399,10 @@ class GraphWidget::Plot : public QCustomPlot {
 
     QCPGraph* addCurve(const QVector<double>& keys, const Graph::Set& set) {
         auto* curve = new Curve(xAxis, yAxis);  // the plot's
+        const QVector<double> values(set.values.begin(), set.values.end());
         curve->setAdaptiveSampling(false);
-        curve->setData(keys, QVector<double>(set.values.begin(), set.values.end()), true);
+        curve->setData(keys, values, true);
+        if (!places_.empty()) curve->setPoints(QVector<double>(places_.begin(), places_.end()), values);
         return curve;
     }
 
@@ -369,7 +413,7 @@ class GraphWidget::Plot : public QCustomPlot {
         for (int i = 0; i < points; ++i) keys[i] = i;
         const double width = graph.ThickLines == 1 ? kThick : kThin;
         for (std::size_t i = 0; i < sets_.size(); ++i) {
-            const QColor color = plainColor(colors_->curves[i % colors_->curves.size()]);
+            const QColor color = colorOf(i);
             const QPen pen = penOf(color, width, Pattern_Of(graph, sets_[i]));
             QCPGraph* shown = nullptr;
             if (Draws_Sticks(graph)) {
@@ -429,7 +473,7 @@ class GraphWidget::Plot : public QCustomPlot {
         QColor ink = plainColor(colors_->ink);
         ink.setAlpha(110);
         painter.setPen(QPen(ink, 1));
-        const double x = std::floor(xAxis->coordToPixel(point)) + 0.5, y = std::floor(mouse_.y()) + 0.5;
+        const double x = std::floor(xAxis->coordToPixel(across(point))) + 0.5, y = std::floor(mouse_.y()) + 0.5;
         if (area.left() <= x && x <= area.right()) painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
         painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
         painter.setPen(Qt::NoPen);
@@ -437,56 +481,27 @@ class GraphWidget::Plot : public QCustomPlot {
         for (const std::size_t i : shown) {
             const QPointF at(x, yAxis->coordToPixel(sets_[i].values[static_cast<std::size_t>(point)]));
             if (!area.contains(at)) continue;
-            painter.setBrush(plainColor(colors_->curves[i % colors_->curves.size()]));
+            painter.setBrush(colorOf(i));
             painter.drawEllipse(at, 3.5, 3.5);
         }
-        paintReadOut(painter, area, shown);
-    }
-
-    void paintReadOut(QPainter& painter, const QRectF& area, const std::vector<std::size_t>& shown) {
-        const QStringList texts = readOut(mouse_);
-        painter.setFont(font());
-        const QFontMetricsF metrics(font());
-        double width = 0;
-        for (qsizetype i = 0; i < texts.size(); ++i)
-            width = std::max(width, metrics.horizontalAdvance(texts[i]) + (i ? 16 : 0));
-        constexpr double kInset = 8, kAway = 14;
-        const double line = metrics.height();
-        QRectF box(0, 0, width + 2 * kInset, line * static_cast<double>(texts.size()) + kInset);
-        // At the side where there is room.
-        box.moveLeft(mouse_.x() + kAway + box.width() <= area.right() ? mouse_.x() + kAway
-                                                                      : mouse_.x() - kAway - box.width());
-        box.moveTop(mouse_.y() + kAway + box.height() <= area.bottom() ? mouse_.y() + kAway
-                                                                       : mouse_.y() - kAway - box.height());
-        box.moveLeft(std::max(2.0, box.left()));
-        box.moveTop(std::max(2.0, box.top()));
-        QColor paper = plainColor(colors_->back), border = plainColor(colors_->ink);
-        paper.setAlpha(235);
-        border.setAlpha(120);
-        painter.setBrush(paper);
-        painter.setPen(border);
-        painter.drawRoundedRect(box, 4, 4);
-        double top = box.top() + kInset / 2;
-        for (qsizetype i = 0; i < texts.size(); ++i, top += line) {
-            double left = box.left() + kInset;
-            if (i > 0) {
-                const std::size_t curve = shown[static_cast<std::size_t>(i - 1)] % colors_->curves.size();
-                painter.setPen(QPen(plainColor(colors_->curves[curve]), 2.5));
-                painter.drawLine(QPointF(left, top + line / 2), QPointF(left + 10, top + line / 2));
-                left += 16;
-            }
-            painter.setPen(plainColor(colors_->ink));
-            painter.drawText(QPointF(left, top + metrics.ascent()), texts[i]);
-        }
+        std::vector<QColor> strokes;
+        strokes.reserve(strokes.size() + shown.size());
+        for (const std::size_t i : shown) strokes.push_back(colorOf(i));
+        paintReadOut(painter, area, mouse_, readOut(mouse_), strokes, font(), plainColor(colors_->ink),
+                     plainColor(colors_->back));
     }
 
     QSharedPointer<LabelTicker> labels_;
-    QSharedPointer<ValueTicker> values_;
+    QSharedPointer<ValueTicker> values_, across_;
     QCPTextElement* title_;
     QFont text_font_, title_font_, heading_font_;
     QString bottom_title_;
     std::vector<Graph::Set> sets_;
-    int curves_ = 0;
+    std::vector<std::string> names_;  ///< the labels as the program set them
+    std::vector<double> places_;      ///< empty for points at equal distances
+    int curves_ = 0, first_color_ = 0;
+    int cursor_ = -1;
+    bool seeking_ = false;
     Span points_{-0.5, 0.5}, span_{-1, 1};
     const Graph_Colors* colors_ = &Colors_Of(15);
     QPointF mouse_{-1, -1};
@@ -497,13 +512,24 @@ class GraphWidget::Plot : public QCustomPlot {
 GraphWidget::GraphWidget(const Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph), plot_(new Plot(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     // The library's widget keeps the mouse to itself, so that its parent never sees a right click.
-    connect(plot_, &QWidget::customContextMenuRequested, this, &GraphWidget::offerPictures);
+    plot_->installEventFilter(new PictureMenu(graph, *this, kPlotPicture, [this] { return source(); }));
+    if (graph_.OnSeek) {
+        plot_->onSeek = [this](int point) {
+            if (onSeek) onSeek(point);
+        };
+        plot_->onSought = [this] {
+            if (onSought) onSought();
+        };
+    }
     follow(true);
 }
 
 GraphWidget::~GraphWidget() = default;
 
-void GraphWidget::follow() { follow(graph_.Drawings() != seen_); }
+void GraphWidget::follow() {
+    follow(graph_.Drawings() != seen_);
+    plot_->setCursor(graph_.Cursor - 1);
+}
 
 void GraphWidget::follow(bool drawn) {
     if (!drawn) return;
@@ -524,88 +550,26 @@ void GraphWidget::showAll() {
 }
 
 QPoint GraphWidget::place(double point, double value) const {
-    return {qRound(plot_->xAxis->coordToPixel(point)), qRound(plot_->yAxis->coordToPixel(value))};
+    return {qRound(plot_->xAxis->coordToPixel(plot_->placeOf(point))), qRound(plot_->yAxis->coordToPixel(value))};
 }
 
 QStringList GraphWidget::labels() const { return plot_->shownLabels(); }
 QStringList GraphWidget::readOut(const QPoint& at) const { return plot_->readOut(at); }
 
-QByteArray GraphWidget::pdf() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    QPdfWriter document(&whole);
-    document.setCreator(QStringLiteral("Verlink"));
-    document.setTitle(lines(graph_.GraphTitle));
-    // So that a point of the picture is one of the paper, and its letters are as large as on the screen.
-    document.setResolution(logicalDpiX());
-    document.setPageLayout(QPageLayout(QPageSize(size(), QPageSize::Point, {}, QPageSize::ExactMatch),
-                                       QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
-    QCPPainter painter;
-    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setWindow(rect());
-    plot_->toPainter(&painter, width(), height());
-    painter.end();
-    return whole.data();
-}
-
-QByteArray GraphWidget::svg() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    QSvgGenerator document;
-    document.setOutputDevice(&whole);
-    document.setSize(size());
-    document.setViewBox(rect());
-    document.setResolution(logicalDpiX());
-    document.setTitle(lines(graph_.GraphTitle));
-    QCPPainter painter;
-    if (!painter.begin(&document)) platform::Raise(platform::kOutOfMemory);
-    painter.setMode(QCPPainter::pmVectorized);
-    plot_->toPainter(&painter, width(), height());
-    painter.end();
-    return whole.data();
-}
-
-QByteArray GraphWidget::png() {
-    QBuffer whole;
-    whole.open(QIODevice::WriteOnly);
-    if (!plot_->toPixmap(width(), height(), std::max(2.0, devicePixelRatioF())).save(&whole, "PNG"))
-        platform::Raise(platform::kOutOfMemory);
-    return whole.data();
-}
-
-void GraphWidget::savePicture(const QString& path) {
-    const QString kind = QFileInfo(path).suffix().toLower();
-    const QByteArray picture = kind == QStringLiteral("pdf") ? pdf() : kind == QStringLiteral("svg") ? svg() : png();
-    platform::Write_File(fromQt(path), picture.toStdString());
-}
-
-void GraphWidget::copyPicture() { QApplication::clipboard()->setPixmap(plot_->toPixmap(width(), height(), 2)); }
-
-void GraphWidget::askAndSave() {
-    platform::FileDialog wish;
-    wish.title = "Save picture";
-    wish.filter = "PNG picture|*.png|SVG drawing|*.svg|PDF document|*.pdf|";
-    wish.file_name = Model.ModelName.empty() ? "plot.png" : Model.ModelName + "_plot.png";
-    wish.warn_before_overwriting = true;
-    wish.kind = "picture";
-    const auto path = platform::Ask_File(wish, true);
-    if (!path) return;
-    const auto failure = What_Failed([&] { savePicture(toQt(*path)); });
-    if (!failure) return;
-    std::string text = "The picture could not be written to " + *path + ".";
-    if (!failure->Trouble().path.empty()) text += platform::CRLF + failure->Trouble().Sentence();
-    platform::Tell(text, platform::Icon::kExclamation);
-}
-
-void GraphWidget::offerPictures(const QPoint& at) {
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("qt_graph_menu"));
-    const QAction* save = menu.addAction(QStringLiteral("Save picture..."));
-    const QAction* copy = menu.addAction(QStringLiteral("Copy picture"));
-    const QAction* chosen = menu.exec(plot_->mapToGlobal(at));
-    if (chosen == save) askAndSave();
-    if (chosen == copy) copyPicture();
+PictureSource GraphWidget::source() {
+    return {.title = lines(graph_.GraphTitle),
+            .size = size(),
+            .dpi = logicalDpiX(),
+            .vectors =
+                [this](QPaintDevice& device) {
+                    QCPPainter painter;
+                    if (!painter.begin(&device)) platform::Raise(platform::kOutOfMemory);
+                    painter.setMode(QCPPainter::pmVectorized);
+                    painter.setWindow(rect());
+                    plot_->toPainter(&painter, width(), height());
+                    painter.end();
+                },
+            .image = [this](double density) { return plot_->toPixmap(width(), height(), density).toImage(); }};
 }
 
 void GraphWidget::resizeEvent(QResizeEvent* event) {

@@ -4,14 +4,17 @@
 #include <QRectF>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 
 #include "platform/graph.h"
 
 namespace verlink::desktop {
 
-/// Draws what the graph holds when its `Draw` is called, and nothing in between. The wheel enlarges about the mouse,
-/// the left button draws the frame of the part wanted, a double click shows all again; a menu saves and copies the
-/// picture.
+struct PictureSource;
+
+/// Draws what the graph holds when its `Draw` is called, and nothing in between but a cursor that moves. The wheel
+/// enlarges about the mouse, the left button draws the frame of the part wanted or, in a graph whose points can be
+/// sought, seeks one; a double click shows all again; a menu saves and copies the picture.
 class GraphWidget : public QWidget {
    public:
     GraphWidget(const platform::Graph& graph, QWidget* parent);
@@ -24,16 +27,16 @@ class GraphWidget : public QWidget {
     QRectF view() const;
     /// Shows the whole graph.
     void showAll();
+    /// The hand seeks a point, counted from 1, and lets go.
+    std::function<void(int point)> onSeek;
+    std::function<void()> onSought;
+
     /// Where a point and a value stand.
     QPoint place(double point, double value) const;
     /// The labels along the x axis.
     QStringList labels() const;
     /// What is read at a place: the point's label, then each curve's legend and value; empty beside the axes.
     QStringList readOut(const QPoint& at) const;
-
-    /// As PNG, SVG or PDF by the end of the name; a `RuntimeFailure` when it cannot be written.
-    void savePicture(const QString& path);
-    void copyPicture();
 
     QSize sizeHint() const override { return {520, 340}; }
     QSize minimumSizeHint() const override { return {220, 150}; }
@@ -45,12 +48,7 @@ class GraphWidget : public QWidget {
    private:
     class Plot;
     void follow(bool drawn);
-    /// The menu of a right click.
-    void offerPictures(const QPoint& at);
-    QByteArray pdf();
-    QByteArray svg();
-    QByteArray png();
-    void askAndSave();
+    PictureSource source();
 
     const platform::Graph& graph_;
     Plot* plot_;

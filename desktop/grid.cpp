@@ -153,6 +153,14 @@ void NumberRows::add(QWidget* label, QWidget* box, QWidget* unit, int digits) {
     ++rows_;
 }
 
+void NumberRows::addLocked(QWidget* label, QWidget* box, QWidget* lock, QWidget* unit, int digits) {
+    grid_->addWidget(labelOf(label, box), rows_, 0);
+    constexpr int kClose = 1;
+    grid_->addLayout(rowOf({numberBox(box, digits), lock}, kClose), rows_, 1);
+    grid_->addWidget(unit, rows_, 2, Qt::AlignLeft | Qt::AlignVCenter);
+    ++rows_;
+}
+
 void NumberRows::addWide(QWidget* widget) { grid_->addWidget(widget, rows_++, 0, 1, 3); }
 
 }  // namespace verlink::desktop

@@ -52,6 +52,8 @@ class NumberRows {
     NumberRows();
     /// `unit` may be null, and so may `label`.
     void add(QWidget* label, QWidget* box, QWidget* unit = nullptr, int digits = 9);
+    /// The same with a lock close beside the box.
+    void addLocked(QWidget* label, QWidget* box, QWidget* lock, QWidget* unit, int digits = 9);
     /// A widget over all three columns.
     void addWide(QWidget* widget);
     QGridLayout* layout() const { return grid_; }

@@ -98,6 +98,20 @@ QPainterPath quitStrokes() {
     return path;
 }
 
+/// A padlock; open, its shackle stands up on one side.
+QPainterPath lockStrokes(bool open) {
+    QPainterPath path;
+    path.addRoundedRect(4.5, 11, 15, 10.5, 1.8, 1.8);
+    path.addPath(polyline({{12, 15}, {12, 17.5}}));
+    const double left = open ? 11.5 : 7.5, top = 2.5;
+    QPainterPath shackle(QPointF(left, 11));
+    shackle.lineTo(left, top + 4.5);
+    shackle.arcTo(left, top, 9, 9, 180, -180);
+    if (!open) shackle.lineTo(left + 9, 11);
+    path.addPath(shackle);
+    return path;
+}
+
 QPainterPath strokesOf(Picto picto) {
     switch (picto) {
         case Picto::kInput: return inputStrokes();
@@ -107,6 +121,8 @@ QPainterPath strokesOf(Picto picto) {
         case Picto::kDynamics: return dynamicsStrokes();
         case Picto::kBalance: return balanceStrokes();
         case Picto::kQuit: return quitStrokes();
+        case Picto::kLocked: return lockStrokes(false);
+        case Picto::kUnlocked: return lockStrokes(true);
     }
     return {};
 }

@@ -5,7 +5,7 @@
 
 namespace verlink::desktop {
 
-enum class Picto { kInput, kAnimate, kPlot, kPrint, kDynamics, kBalance, kQuit };
+enum class Picto { kInput, kAnimate, kPlot, kPrint, kDynamics, kBalance, kQuit, kUnlocked, kLocked };
 
 QIcon lineIcon(Picto picto);
 /// The program's own icon, in all usual sizes.

@@ -1,12 +1,15 @@
 // How the animate screen sits: the drawing at the left, how it plays and what it shows beside it, the data at the
 // right.
 #include <QLabel>
+#include <QSplitter>
 
+#include "desktop/fold.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
 #include "desktop/layouts.h"
 #include "desktop/layouts_linkage.h"
+#include "desktop/layouts_live.h"
 #include "desktop/picture_widget.h"
 
 namespace verlink::desktop {
@@ -53,13 +56,21 @@ void layoutAnimate(Form& form, QWidget* room) {
     QVBoxLayout* drawing = column();
     drawing->addWidget(textBox(form.widget("txt_Figure")));
     drawing->addWidget(largePicture(form), 1);
+    drawing->addWidget(quietLine(form));
     QHBoxLayout* position = row();
     position->addLayout(stepBar(form), 1);
     position->addWidget(form.widget("lbl_StepLabel"));
     position->addWidget(readOut(form.widget("lbl_StepNumber"), 7), 0, Qt::AlignVCenter);
     position->addWidget(form.widget("lbl_StepUnit"));
     drawing->addLayout(position);
-    drawing->addLayout(shiftDrag(form, form.widget("pnl_ShiftDrag"), form.widget("pnl_ShiftDragNote")));
+    drawing->addWidget(shiftDrag(form, room, form.widget("pnl_ShiftDrag"), form.widget("pnl_ShiftDragNote")));
+    // Panes that come beside or under the drawing share its place.
+    auto* split = new QSplitter(Qt::Horizontal, room);
+    split->setObjectName(QStringLiteral("qt_split_Drawing"));
+    split->addWidget(around(split, drawing));
+    split->setCollapsible(0, false);
+    split->setStretchFactor(0, 1);
+    addLivePane(form, split);
 
     QVBoxLayout* play = column(12);
     play->addLayout(playing(form));
@@ -77,10 +88,10 @@ void layoutAnimate(Form& form, QWidget* room) {
     data->addWidget(note(form.widget("lbl_Header"), true));
     data->addWidget(note(form.widget("lbl_Model"), true));
 
-    QHBoxLayout* columns = row(kGroupGap);
-    columns->addLayout(drawing, 1);
-    columns->addLayout(play);
-    columns->addLayout(data);
+    QHBoxLayout* columns = row(0);
+    columns->addWidget(split, 1);
+    fold(form, columns, around(room, play), FoldHandle::Side::kRight, "Play", "speed, settings and circuit");
+    fold(form, columns, around(room, data), FoldHandle::Side::kRight, "Data", "the linkage and its initial conditions");
 
     QHBoxLayout* foot = rowOf(
         {form.widget("cmd_Animate"), form.widget("cmd_Step"), form.widget("cmd_Reset"), form.widget("cmd_Recalc")});

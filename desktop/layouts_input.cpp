@@ -1,6 +1,7 @@
 // How the input screen sits: the linkage at the left, how it is driven in the middle, the drawing at the right.
 #include <QLabel>
 
+#include "desktop/fold.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
@@ -46,6 +47,10 @@ void layoutInputnew(Form& form, QWidget* room) {
     linkage->addWidget(initialConditions(form));
     linkage->addStretch(1);
 
+    QHBoxLayout* columns = row(0);
+    fold(form, columns, around(room, linkage), FoldHandle::Side::kLeft, "Linkage",
+         "the linkage and its initial conditions");
+
     QVBoxLayout* drive = column(12);
     drive->addWidget(calculationMode(form));
     drive->addWidget(circuit(form));
@@ -56,19 +61,19 @@ void layoutInputnew(Form& form, QWidget* room) {
     drive->addWidget(form.widget("chk_autocalc"));
     drive->addWidget(form.widget("cmd_Calc"));
 
+    fold(form, columns, around(room, drive), FoldHandle::Side::kLeft, "Drive", "the drive, circuit and Calculate");
+
     QVBoxLayout* drawing = column();
     drawing->addWidget(textBox(form.widget("txt_Figure")));
     drawing->addWidget(largePicture(form), 1);
+    drawing->addWidget(quietLine(form));
     drawing->addLayout(stepBar(form));
     QHBoxLayout* steps = rowOf({form.widget("cmd_Step"), form.widget("cmd_Reset"), form.widget("cmd_Animate")});
     steps->addStretch(1);
     steps->addWidget(form.widget("chk_autoscale"));
     drawing->addLayout(steps);
-    drawing->addLayout(shiftDrag(form, form.widget("pnl_shift", 0), form.widget("pnl_shift", 1)));
+    drawing->addWidget(shiftDrag(form, room, form.widget("pnl_shift", 0), form.widget("pnl_shift", 1)));
 
-    QHBoxLayout* columns = row(kGroupGap);
-    columns->addLayout(linkage);
-    columns->addLayout(drive);
     columns->addLayout(drawing, 1);
 
     QHBoxLayout* foot = row();

@@ -3,24 +3,39 @@
 
 #include <QLabel>
 
+#include "desktop/caption.h"
+#include "desktop/fold.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
 #include "desktop/picture_widget.h"
+#include "desktop/wrap_row.h"
+#include "platform/lock.h"
 
 namespace verlink::desktop {
 
 QWidget* largePicture(Form& form) {
     QWidget* picture = form.picture("Picture1");
-    picture->setMinimumSize(460, 460);
+    constexpr int kLeast = 420, kWished = 460;
+    picture->setMinimumSize(kLeast, kLeast);
+    form.setHero(picture, kWished);
     return picture;
 }
+
+namespace {
+
+/// The tab key comes to the locks when it has been to all boxes, so it is not asked for here.
+QWidget* lockOf(Form& form, int box) {
+    return qobject_cast<QWidget*>(form.objectOf(form.screen().Get<platform::Lock>("chk_Lock", box)));
+}
+
+}  // namespace
 
 QWidget* linkageData(Form& form) {
     NumberRows rows;
     for (int link = 1; link <= 5; ++link)
-        rows.add(form.widget("lbl_Link", link), form.widget("txt_Linkout", link),
-                 link == 5 ? form.widget("lbl_Degrees", 5) : form.widget("lbl_Units", link));
+        rows.addLocked(form.widget("lbl_Link", link), form.widget("txt_Linkout", link), lockOf(form, link),
+                       link == 5 ? form.widget("lbl_Degrees", 5) : form.widget("lbl_Units", link));
     FrameBox* frame = form.frame("fra_Links");
     frame->setContent(rows.layout());
     return frame;
@@ -32,17 +47,21 @@ QLayout* groundLink(Form& form) {
     choice->addWidget(form.widget("opt_Polar", 1), 1);
 
     NumberRows pivot;
-    pivot.add(form.widget("lbl_Link", 15), form.widget("txt_Linkout", 15), form.widget("lbl_Units", 11), 7);
-    pivot.add(form.widget("lbl_Link", 16), form.widget("txt_Linkout", 16), form.widget("lbl_Units", 12), 7);
+    const auto add = [&form](NumberRows& rows, int box, QWidget* unit) {
+        rows.addLocked(form.widget("lbl_Link", box), form.widget("txt_Linkout", box), lockOf(form, box), unit, 7);
+    };
+    add(pivot, 15, form.widget("lbl_Units", 11));
+    add(pivot, 16, form.widget("lbl_Units", 12));
     form.frame("SSFrame3")->setContent(pivot.layout());
     NumberRows polar;
-    polar.add(form.widget("lbl_Link", 0), form.widget("txt_Linkout", 0), form.widget("lbl_Units", 0), 7);
-    polar.add(form.widget("lbl_Link", 6), form.widget("txt_Linkout", 6), form.widget("lbl_Degrees", 6), 7);
+    add(polar, 0, form.widget("lbl_Units", 0));
+    add(polar, 6, form.widget("lbl_Degrees", 6));
     form.frame("SSFrame1")->setContent(polar.layout());
 
     QVBoxLayout* all = column(4);
     all->addLayout(choice);
     all->addLayout(rowOf({form.widget("SSFrame3"), form.widget("SSFrame1")}));
+    for (const int box : {1, 2, 3, 4, 5, 15, 16, 0, 6}) form.widget("chk_Lock", box);
     return all;
 }
 
@@ -87,18 +106,28 @@ QLayout* stepBar(Form& form) {
     return all;
 }
 
-QLayout* shiftDrag(Form& form, QWidget* before, QWidget* after) {
-    QHBoxLayout* words = row();
-    words->addWidget(before);
-    words->addWidget(note(after));
-    words->addStretch(1);
+QWidget* shiftDrag(Form& form, QWidget* room, QWidget* before, QWidget* after) {
     QHBoxLayout* targets = row();
     for (int target = 0; target <= 4; ++target) targets->addWidget(form.widget("opt_Shift_Drag", target));
-    targets->addStretch(1);
-    QVBoxLayout* all = column(2);
-    all->addLayout(words);
-    all->addLayout(targets);
-    return all;
+    return new WrapRow(room, before, around(room, targets), note(after));
+}
+
+QWidget* quietLine(Form& form) {
+    auto* line = form.get<Caption>("lbl_Why");
+    note(line, true);
+    line->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // What it says neither widens the window nor moves what is under it.
+    line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    line->setFixedHeight(2 * line->fontMetrics().lineSpacing());
+    return line;
+}
+
+void fold(Form& form, QBoxLayout* columns, QWidget* column, FoldHandle::Side side, const char* name,
+          const char* holds) {
+    auto* handle = new FoldHandle(form, column, side, QString::fromLatin1(name),
+                                  QStringLiteral("the column with ") + QString::fromLatin1(holds));
+    addFolding(columns, handle);
+    form.walkTo(handle);
 }
 
 }  // namespace verlink::desktop

@@ -3,6 +3,9 @@
 
 #include <QtGlobal>
 
+#include "desktop/fold.h"
+
+class QBoxLayout;
 class QLayout;
 class QWidget;
 
@@ -24,6 +27,10 @@ QWidget* toggles(Form& form);
 /// The scroll bar over the steps with its legends under it.
 QLayout* stepBar(Form& form);
 /// What a shift-drag changes, under a drawing.
-QLayout* shiftDrag(Form& form, QWidget* before, QWidget* after);
+QWidget* shiftDrag(Form& form, QWidget* room, QWidget* before, QWidget* after);
+/// The quiet line under a drawing, which says what cannot be. It has the place of two also while it is empty.
+QWidget* quietLine(Form& form);
+/// A column of the screen that folds: `name` is what that is kept under, `holds` says what is in there.
+void fold(Form& form, QBoxLayout* columns, QWidget* column, FoldHandle::Side side, const char* name, const char* holds);
 
 }  // namespace verlink::desktop

@@ -64,8 +64,9 @@ class Deaf : public QObject {
             case QEvent::MouseMove:
                 // The window hears of a free mouse, so that buttons look as they should where it passes.
                 return !object->isWindowType() || static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton;
+            // A run can be looked at closely as it plays.
+            case QEvent::Wheel: return !object->isWindowType() && !dynamic_cast<PictureWidget*>(object);
             case QEvent::MouseButtonRelease:
-            case QEvent::Wheel:
             case QEvent::KeyRelease:
             case QEvent::ContextMenu:
             case QEvent::TouchBegin:

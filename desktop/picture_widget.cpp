@@ -1,19 +1,19 @@
-// Painting a list of primitives, and the mouse over it.
+// Painting a list of primitives.
 #include "desktop/picture_widget.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QImage>
-#include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QTimer>
 #include <cmath>
 #include <utility>
 #include <vector>
 
+#include "desktop/overlay_paint.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "platform/picture_part.h"
 
 namespace verlink::desktop {
 
@@ -28,6 +28,11 @@ constexpr double kPen = platform::PicturePixels::kPen;
 constexpr double kDot = platform::PicturePixels::kDot;
 /// A larger circle is written as the part of it that is seen, nowhere further from it than the other.
 constexpr double kVast = 1e4, kOff = 0.01;
+/// Of the ring around what the hand can take, logical pixels.
+constexpr double kLightRadius = 9;
+
+/// On the white paper, also of a dark desktop, and apart from the colours of drawings.
+QColor lightColor() { return {0xF0, 0x80, 0x00}; }
 
 QPointF toQt(Point point) { return {point.x, point.y}; }
 
@@ -120,6 +125,7 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
                 if (Clip_Segment(seen, from, to)) batch.segment(toQt(from), toQt(to));
                 break;
             }
+            case Kind::kPin:
             case Kind::kCircle: {
                 const double radius = primitive.x2 * std::fabs(perX);
                 if (radius < kVast) {
@@ -177,6 +183,13 @@ void PictureWidget::setLines(const std::vector<std::string>& lines) {
     update();
 }
 
+void PictureWidget::setOverlay(const platform::Overlay& overlay) {
+    if (overlay == overlay_) return;
+    overlay_ = overlay;
+    stale_ = true;
+    update();
+}
+
 void PictureWidget::paintLines(QPainter& painter) const {
     if (lines_.empty()) return;
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -194,22 +207,59 @@ void PictureWidget::paintLines(QPainter& painter) const {
     painter.restore();
 }
 
+void PictureWidget::paintLight(QPainter& painter) const {
+    if (!light_) return;
+    const QRectF place = area();
+    const platform::Picture& drawing = picture_;
+    const double across = (light_->x - drawing.Left()) / (drawing.Right() - drawing.Left());
+    const double down = (light_->y - drawing.Top()) / (drawing.Bottom() - drawing.Top());
+    const QPointF at =
+        place.topLeft() + QPointF(glass_.Seen_Across(across) * place.width(), glass_.Seen_Down(down) * place.height());
+    // Far outside a painter's numbers end.
+    if (!place.adjusted(-kLightRadius, -kLightRadius, kLightRadius, kLightRadius).contains(at)) return;
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor color = lightColor();
+    QColor within = color;
+    within.setAlpha(light_->held ? 90 : 45);
+    painter.setPen(QPen(color, light_->held ? 2.5 : 1.5));
+    painter.setBrush(within);
+    painter.drawEllipse(at, kLightRadius, kLightRadius);
+    painter.restore();
+}
+
 void PictureWidget::paintPixels(QPainter& painter, const QRectF& place) {
-    const double density = devicePixelRatioF();
+    const double density = bare_ ? painter.device()->devicePixelRatioF() : devicePixelRatioF();
     const int wide = qRound(place.width() * density), high = qRound(place.height() * density);
-    if (revision_ != picture_.Revision() || pixels_.Wide() != wide || pixels_.High() != high)
-        pixels_.Paint(picture_, wide, high, density, place.width(), place.height());
-    revision_ = picture_.Revision();
-    const auto* bits = reinterpret_cast<const uchar*>(pixels_.Pixels().data());
+    platform::PicturePixels& pixels = bare_ ? apart_ : pixels_;
+    if (bare_ || revision_ != picture_.Revision() || pixels.Wide() != wide || pixels.High() != high)
+        pixels.Paint(picture_, wide, high, density, place.width(), place.height(), glass_);
+    const auto* bits = reinterpret_cast<const uchar*>(pixels.Pixels().data());
     QImage image(bits, wide, high, qsizetype{4} * wide, QImage::Format_RGB32);
     image.setDevicePixelRatio(density);
     painter.drawImage(place.topLeft(), image);
+    if (bare_) return;
+    revision_ = picture_.Revision();
     stale_ = false;
+}
+
+/// Under the glass the part that is seen, as a picture of its own.
+void PictureWidget::paintVectors(QPainter& painter, const QSizeF& size) const {
+    if (glass_ == platform::Glass{}) return paintPicture(painter, picture_, size);
+    const double wide = picture_.Right() - picture_.Left(), high = picture_.Bottom() - picture_.Top();
+    paintPicture(painter,
+                 Part_Of(picture_, picture_.Left() + glass_.Part_Across(0) * wide,
+                         picture_.Top() + glass_.Part_Down(0) * high, picture_.Left() + glass_.Part_Across(1) * wide,
+                         picture_.Top() + glass_.Part_Down(1) * high, glass_.factor),
+                 size);
 }
 
 void PictureWidget::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
+    letGo();
     pixels_.Release();
+    apart_.Release();
 }
 
 void PictureWidget::paintEvent(QPaintEvent*) {
@@ -217,50 +267,25 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     const QRectF place = area();
     if (place.isEmpty()) return;
     const auto engine = painter.paintEngine()->type();
-    if (engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2) {
+    const bool on_screen = engine == QPaintEngine::Raster || engine == QPaintEngine::OpenGL2;
+    if (on_screen) {
         paintPixels(painter, place);
     } else {
         painter.translate(place.topLeft());
-        paintPicture(painter, picture_, place.size());
+        paintVectors(painter, place.size());
         painter.translate(-place.topLeft());
     }
+    painter.translate(place.topLeft());
+    paintOverlay(painter, overlay_, sightOf(picture_, place.size(), glass_));
+    painter.translate(-place.topLeft());
     paintLines(painter);
-    painter.setPen(QPen(borderColor(palette()), 1));
+    if (bare_) return;
+    if (on_screen) paintLight(painter);
+    // Who came here by the keys sees it.
+    const bool chosen = on_screen && magnifies_ && hasFocus();
+    painter.setPen(QPen(chosen ? palette().color(QPalette::Highlight) : borderColor(palette()), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));
-}
-
-// A press is where a drag begins: it counts as the first move, so that a click alone takes a joint to its place.
-void PictureWidget::mousePressEvent(QMouseEvent* event) { tellMouse(event); }
-void PictureWidget::mouseMoveEvent(QMouseEvent* event) { tellMouse(event); }
-
-void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (onRelease) onRelease();
-    if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks()) return QWidget::mouseReleaseEvent(event);
-    if (!std::exchange(was_double_, false) && onClick && rect().contains(event->position().toPoint())) onClick();
-}
-
-void PictureWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !takesClicks || !takesClicks())
-        return QWidget::mouseDoubleClickEvent(event);
-    was_double_ = true;
-    // Posted: the deed may show a screen and not return, and the release is still to come.
-    if (onDoubleClick) QTimer::singleShot(0, this, onDoubleClick);
-}
-
-void PictureWidget::tellMouse(QMouseEvent* event) {
-    event->accept();
-    const QRectF place = area();
-    if (!onMouseMove || place.isEmpty()) return;
-    const int button = (event->buttons() & Qt::LeftButton ? 1 : 0) + (event->buttons() & Qt::RightButton ? 2 : 0) +
-                       (event->buttons() & Qt::MiddleButton ? 4 : 0);
-    const int shift = (event->modifiers() & Qt::ShiftModifier ? 1 : 0) +
-                      (event->modifiers() & Qt::ControlModifier ? 2 : 0) +
-                      (event->modifiers() & Qt::AltModifier ? 4 : 0);
-    const double across = (event->position().x() - place.x()) / place.width();
-    const double down = (event->position().y() - place.y()) / place.height();
-    onMouseMove(button, shift, picture_.Left() + across * (picture_.Right() - picture_.Left()),
-                picture_.Top() + down * (picture_.Bottom() - picture_.Top()));
 }
 
 }  // namespace verlink::desktop

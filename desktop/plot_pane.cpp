@@ -8,6 +8,7 @@
 
 #include "desktop/caption.h"
 #include "desktop/picture_widget.h"
+#include "desktop/plot_hand.h"
 
 namespace verlink::desktop {
 
@@ -23,6 +24,9 @@ PlotPane::PlotPane(PictureWidget* picture, QWidget* parent) : QWidget(parent), p
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(picture);
+    for (QObject* child : picture->children())
+        if (auto* hand = dynamic_cast<PlotHand*>(child)) hand_ = hand;
+    if (hand_) hand_->setParent(this);
 }
 
 void PlotPane::add(QLabel* label, double x, double y, Side side) {
@@ -35,6 +39,10 @@ void PlotPane::add(QLabel* label, double x, double y, Side side) {
 
 void PlotPane::place() {
     const QRectF area = picture_->area();
+    if (hand_) {
+        hand_->setGeometry(area.toRect().translated(picture_->pos()));
+        hand_->raise();
+    }
     for (const Mark& mark : marks_) {
         const int high = mark.label->fontMetrics().height();
         const int x = qRound(picture_->x() + area.left() + mark.x * area.width());

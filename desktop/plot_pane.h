@@ -9,6 +9,7 @@ class QLabel;
 namespace verlink::desktop {
 
 class PictureWidget;
+class PlotHand;
 
 /// The picture fills the pane; the labels lie upon it, black as the axes are, and move with it.
 class PlotPane : public QWidget {
@@ -33,6 +34,7 @@ class PlotPane : public QWidget {
     void place();
 
     PictureWidget* picture_;
+    PlotHand* hand_ = nullptr;  ///< over picture and labels; null where there is nothing to be read
     std::vector<Mark> marks_;
 };
 

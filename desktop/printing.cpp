@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/picture_widget.h"
 #include "desktop/text.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -62,9 +63,11 @@ QSizeF writeFoot(QPainter& painter, const QPagedPaintDevice& paper, const QStrin
 bool paintWidget(QPagedPaintDevice& paper, QWidget& widget, const QString& foot) {
     // Straight on a printer a widget would become a picture of pixels; by way of a recording it stays vectors.
     QPicture recording;
-    QPainter recorder(&recording);
-    widget.render(&recorder);
-    recorder.end();
+    {
+        const WholePictures whole(widget);
+        QPainter recorder(&recording);
+        widget.render(&recorder);
+    }
 
     QPainter painter;
     if (!painter.begin(&paper)) return false;

@@ -6,10 +6,12 @@
 #include <cstddef>
 #include <string>
 
+#include "core/elimination.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
 #include "core/text.h"
+#include "dynamics/solve_again.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
 
@@ -228,6 +230,43 @@ void Clear_From(int first, const LoadedRun& run, ForceTable& Forces, TorqueTable
     }
 }
 
+/// The masses of a solve, by link.
+struct Bodies {
+    const Array<Single, 0, 4>&Mass, &Inertia;
+    const Table<Single, 0, 4, 2>& CG;
+};
+
+/// Both to the same bits; false for a singular system, of which the first tells the user.
+bool Solve_And_Tell(System& s) {
+    Integer unknowns = kUnknowns;
+    Integer Error;
+    SimQ(unknowns, s.Held.A, s.Held.C, Error);
+    return Error == 0;
+}
+bool Solve_Quietly(System& s) {
+    return PairedSystem<kUnknowns>(s.Held.A.data(), s.Held.C.data()).Solve(s.Held.C.data());
+}
+
+/// `step` is the one under way, also when a failure ends the procedure; false for a singular system there.
+bool Solve_Steps(const LoadedRun& run, bool loaded, const Bodies& bodies, ForceTable& Forces, TorqueTable& Torques,
+                 ForceSolve& solve, int& step, bool (*solve_system)(System&)) {
+    System system;
+    for (; step <= run.last_step; ++step) {
+        const Links at{State_Of(run, step, 2, bodies.CG), State_Of(run, step, 3, bodies.CG),
+                       State_Of(run, step, 4, bodies.CG)};
+        Store_Centres(run.table, step, at, run.shown);
+        const Inertias inertias = Inertias_At(run.table, step, at, bodies.Mass, bodies.Inertia);
+        const Loads loads = Loads_At(run, step, at);
+        Fill_Right_Side(system, inertias, run.loads, loads, loaded);
+        Fill_Matrix(system, run.linkage, at);
+        if (step == 0) solve.first = system.Held;
+        if (!solve_system(system)) return false;
+        Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
+        if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    }
+    return solve.solved = true;
+}
+
 }  // namespace
 
 LoadedRun::LoadedRun(LinkageModel& model)
@@ -244,27 +283,9 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
     ForceSolve solve;
     int step = 0;
     Guarded("Dynacalc", [&] {
-        System system;
-        for (; step <= run.last_step; ++step) {
-            const Links at{State_Of(run, step, 2, CG), State_Of(run, step, 3, CG), State_Of(run, step, 4, CG)};
-            Store_Centres(run.table, step, at, run.shown);
-            const Inertias inertias = Inertias_At(run.table, step, at, Mass, Inertia);
-            const Loads loads = Loads_At(run, step, at);
-            Fill_Right_Side(system, inertias, run.loads, loads, LoadFlag == 0);
-            Fill_Matrix(system, run.linkage, at);
-            if (step == 0) solve.first = system.Held;
-            Integer unknowns = kUnknowns;
-            Integer Error;
-            SimQ(unknowns, system.Held.A, system.Held.C, Error);
-            if (Error != 0) {
-                platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
-                               platform::Icon::kQuestion);
-                return;
-            }
-            Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
-            if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
-        }
-        solve.solved = true;
+        if (Solve_Steps(run, LoadFlag == 0, {Mass, Inertia, CG}, Forces, Torques, solve, step, Solve_And_Tell)) return;
+        platform::Tell("Error in Computing Simultaneous Equations at step    " + Text_Of(step),
+                       platform::Icon::kQuestion);
     });
     if (!solve.solved) Clear_From(step, run, Forces, Torques);
     return solve;
@@ -282,6 +303,27 @@ ForceSolve Solve_Forces(LinkageModel& m) {
     ForceSolve solve = Dynacalc(m, 0, m.LinkMass, m.LinkInertia, m.CG, m.RunTable.PinForce, m.RunTable.LinkTorque);
     Forces_Hold();
     return solve;
+}
+
+bool Solve_Forces_Again(LinkageModel& m) {
+    Forces_Dropped();
+    if (!m.RunStands) return false;
+    Resolve_Forces(m);
+    const LoadedRun run(m);
+    ForceTable& Forces = m.RunTable.PinForce;
+    TorqueTable& Torques = m.RunTable.LinkTorque;
+    ForceSolve solve;
+    int step = 0;
+    const bool failed =
+        What_Failed([&] {
+            Solve_Steps(run, true, {m.LinkMass, m.LinkInertia, m.CG}, Forces, Torques, solve, step, Solve_Quietly);
+        }).has_value();
+    if (failed || !solve) {
+        Clear_From(step, run, Forces, Torques);
+        return false;
+    }
+    Forces_Hold();
+    return true;
 }
 
 }  // namespace verlink

@@ -18,6 +18,7 @@
 #include "output/tables.h"
 #include "platform/graph.h"
 #include "platform/guard.h"
+#include "platform/plot_box.h"
 
 namespace verlink {
 
@@ -96,14 +97,36 @@ double Angle_On_Axis(const Drive& drive, const RunResults& table, int step) {
     return stored + 360 * std::round((nominal - stored) / 360);
 }
 
-void Draw_Curve(platform::Surface& surface, const Drive& drive, const Element& y, int last) {
-    const RunResults& table = Model.RunTable;
-    const auto x = [&](int step) -> double {
-        if (drive.Calctype == 3) return Angle_On_Axis(drive, table, step);
-        return table.Theta(step, 0);
-    };
-    surface.PSet(x(0), y(0), Model.ColorBlue);
-    for (int j = 0; j <= last; ++j) surface.LineTo(x(j), y(j), Model.ColorBlue);
+/// Where the points of a slot are drawn.
+struct Curve {
+    std::vector<double> x, y;
+};
+
+Curve Curve_Of(const Drive& drive, const RunResults& table, const Element& y, int last) {
+    Curve curve;
+    for (int step = 0; step <= last; ++step) {
+        curve.x.push_back(drive.Calctype == 3 ? Angle_On_Axis(drive, table, step) : double{table.Theta(step, 0)});
+        curve.y.push_back(y(step));
+    }
+    return curve;
+}
+
+void Draw_Curve(platform::Surface& surface, const Curve& curve, platform::Color color) {
+    surface.PSet(curve.x[0], curve.y[0], color);
+    for (std::size_t i = 0; i < curve.x.size(); ++i) surface.LineTo(curve.x[i], curve.y[i], color);
+}
+
+/// What the hand reads off a window.
+platform::Plot_Reading Reading_Of(const Curve& curve, const std::string& name, const std::string& unit,
+                                  platform::Color color) {
+    platform::Plot_Reading reading;
+    reading.across = Bottom_Title();
+    reading.labels = Point_Labels();
+    reading.values = {{name, unit, curve.y}};
+    reading.x = curve.x;
+    reading.y = curve.y;
+    reading.color = color;
+    return reading;
 }
 
 void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows) {
@@ -125,13 +148,18 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
     const Single Q = (xmax - xmin) / 4;
 
     SetWindow(screen, i, Model.PlotYmax, xmin, xmax, name, Model.PlotMid, windows);
+    platform::Plot_Reading reading;
     if (!Model.WindowFailed) {
-        Draw_Curve(screen.Get<PictureBox>("pct_Plot", i).Canvas(), Model, y, last);
+        const platform::Color blue = Model.ColorBlue;
+        const Curve curve = Curve_Of(Model, Model.RunTable, y, last);
+        Draw_Curve(screen.Get<PictureBox>("pct_Plot", i).Canvas(), curve, blue);
+        reading = Reading_Of(curve, name + " " + Caption_Of(selectionScreen, "lbl_Component", i), Unit_Of(slot), blue);
         Vertical_lines(screen, i, Model.PlotYmax, xmin, xmax);
         CartesianAxes(screen, i, Model.PlotYmax, xmin, xmax);
         XticMarks(screen, i, Model.PlotYmax, xmin, xmax);
         YticMarks(screen, i, Model.PlotYmax, 5, xmin, xmax);
     }
+    platform::With<platform::PlotBox>(screen, "pct_Plot", i, [&](platform::PlotBox& box) { box.Read(reading); });
 
     Put(screen, "pnl_Xmin", i, FNRoundStr(xmin, 0));
     Put(screen, "pnl_X1", i, FNRoundStr(xmin + Q, 0));

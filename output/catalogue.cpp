@@ -7,6 +7,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "output/presets.h"
+#include "output/reading.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -73,30 +74,31 @@ constexpr std::array kVariables{
     Variable{"F12 Balcd", 11, 5, Kind::kPlain},
     Variable{"F14 Balcd", 11, 6, Kind::kPlain},
     Variable{"Flywl Torque", 18, 0, Kind::kPlain},
-    Variable{"Current FFT", 14, 0, Kind::kTransform},
+    Variable{"Current FFT", kTransformGroup, 0, Kind::kTransform},
 };
 constexpr int kVariableCount = static_cast<int>(kVariables.size());
 
 constexpr std::array kComponents{"X", "Y", "Mag", "Ang"};
 
-void Zero_If_Small(Single& component) {
-    if (!(std::abs(component) >= Model.SmallValue)) component = 0;
+void Zero_If_Small(Single& component, Single small) {
+    if (!(std::abs(component) >= small)) component = 0;
 }
 
-/// From the ground link's frame to the frame of `CoordSystem`; small components become 0.
-void To_Frame(Integer step, Integer link, Single x, Single y, Single& xr, Single& yr) {
-    Rotate(x, y, Model.Link1Angle, 1, xr, yr);
-    if (Model.CoordSystem != 0) {
+/// From the ground link's frame to the frame wanted, whose link stands at `turn` degrees; small components become 0.
+void To_Frame(const Reading_Frame& frame, Single turn, Single x, Single y, Single& xr, Single& yr) {
+    Rotate(x, y, frame.link1_angle, 1, xr, yr);
+    if (frame.local) {
         const Single global_x = xr, global_y = yr;
-        Rotate(global_x, global_y, Model.RunTable.Theta(step, link), -1, xr, yr);
+        Rotate(global_x, global_y, turn, -1, xr, yr);
     }
-    Zero_If_Small(xr);
-    Zero_If_Small(yr);
+    Zero_If_Small(xr, frame.small);
+    Zero_If_Small(yr, frame.small);
 }
+
+Reading_Frame Frame_In_Force() { return {Model.Link1Angle, Model.CoordSystem != 0, Model.SmallValue}; }
 
 /// A vector in the ground link's frame; false for a group that has none.
-bool Take_Vector(int group, Integer step, int row, Single& x, Single& y) {
-    const RunResults& table = Model.RunTable;
+bool Take_Vector(const RunResults& table, int group, int step, int row, Single& x, Single& y) {
     const auto take = [&](const auto& vectors) {
         x = vectors(step, row, 0);
         y = vectors(step, row, 1);
@@ -113,6 +115,28 @@ bool Take_Vector(int group, Integer step, int row, Single& x, Single& y) {
     }
 }
 
+/// A variable without components.
+std::optional<Single> Take_Scalar(const RunResults& table, int group, int step, int row) {
+    switch (group) {
+        case 1: return table.Theta(step, row);
+        case 2: return table.Omega(step, row);
+        case 3: return table.Alpha(step, row);
+        case 7: return table.OmegaRatio(step);
+        case 8: return table.MechAdvantage(step);
+        case 9: return table.LinkTorque(step, row);
+        case 12: return table.BalancedMoment(step, row);
+        case 18: return table.FlywheelTorque(step);
+        default: return std::nullopt;
+    }
+}
+
+Single Component_Of(const Reading_Frame& frame, Single turn, Single x, Single y, int component) {
+    Array<Single, 0, 3> components;
+    To_Frame(frame, turn, x, y, components(0), components(1));
+    if (component > 1) Cart_to_Polar(components(0), components(1), components(2), components(3));
+    return components(component);
+}
+
 }  // namespace
 
 void Load_Catalogue() {
@@ -121,6 +145,32 @@ void Load_Catalogue() {
     for (int component = 1; component <= 4; ++component)
         Model.ComponentNames(component) = kComponents[static_cast<std::size_t>(component - 1)];
     Load_Preset_Texts();
+}
+
+std::string Variable_Name(int number) {
+    if (number < 1 || number > kVariableCount) platform::Raise(platform::kSubscript);
+    return kVariables[static_cast<std::size_t>(number - 1)].label;
+}
+
+std::optional<Variable_Facts> Facts_Of(const std::string& name) {
+    for (int number = 1; number <= kVariableCount; ++number) {
+        const Variable& found = kVariables[static_cast<std::size_t>(number - 1)];
+        if (name != found.label) continue;
+        // A flywheel's torque has one value, though components are offered for it.
+        const bool vector = found.group != 18 && (found.kind == Kind::kVector || found.kind == Kind::kPlain);
+        return Variable_Facts{number, found.group, found.row, vector, found.kind == Kind::kVector};
+    }
+    return std::nullopt;
+}
+
+int Frame_Link(int row) { return row == 1 ? 2 : row == 2 ? 1 : 0; }
+
+std::optional<Single> Read_Run(const RunResults& table, int group, int row, int step, int link, int component,
+                               const Reading_Frame& frame) {
+    if (const auto scalar = Take_Scalar(table, group, step, row)) return scalar;
+    Single x, y;
+    if (!Take_Vector(table, group, step, row, x, y)) return std::nullopt;
+    return Component_Of(frame, frame.local ? table.Theta(step, link) : Single(0), x, y, component);
 }
 
 void Select_Variable(const std::string& name, Integer slot) {
@@ -171,21 +221,14 @@ void Transform_XY(Integer step, Integer slot, Single& value) {
         Integer link = 0;
         Local_Link(link);
         const RunResults& table = Model.RunTable;
-        const int row = Model.FuncRow(slot);
-        switch (Model.FuncGroup(slot)) {
-            case 1: value = table.Theta(step, row); return;
-            case 2: value = table.Omega(step, row); return;
-            case 3: value = table.Alpha(step, row); return;
-            case 7: value = table.OmegaRatio(step); return;
-            case 8: value = table.MechAdvantage(step); return;
-            case 9: value = table.LinkTorque(step, row); return;
-            case 12: value = table.BalancedMoment(step, row); return;
-            case 14: value = Model.FFTResult(step, Model.FuncComponent(slot)); return;
-            case 18: value = table.FlywheelTorque(step); return;
-            default: break;
-        }
+        const int group = Model.FuncGroup(slot), row = Model.FuncRow(slot);
         Single x, y;
-        if (Take_Vector(Model.FuncGroup(slot), step, row, x, y)) Resolve_Vector(step, link, slot, x, y, value);
+        if (group == kTransformGroup)
+            value = Model.FFTResult(step, Model.FuncComponent(slot));
+        else if (const auto scalar = Take_Scalar(table, group, step, row))
+            value = *scalar;
+        else if (Take_Vector(table, group, step, row, x, y))
+            Resolve_Vector(step, link, slot, x, y, value);
     });
 }
 
@@ -195,17 +238,14 @@ void Select_PolarVariable(Integer step, Integer slot, Single& mag, Single& ang) 
         Integer link = 0;
         Local_Link(link);
         Single x, y;
-        if (Take_Vector(Model.FuncGroup(slot), step, Model.FuncRow(slot), x, y))
+        if (Take_Vector(Model.RunTable, Model.FuncGroup(slot), step, Model.FuncRow(slot), x, y))
             Resolve_Polar(step, link, x, y, mag, ang);
     });
 }
 
 void Resolve_Vector(Integer step, Integer link, Integer slot, Single x, Single y, Single& value) {
     Guarded("Resolve_Vector", [&] {
-        Array<Single, 0, 3> components;
-        To_Frame(step, link, x, y, components(0), components(1));
-        Cart_to_Polar(components(0), components(1), components(2), components(3));
-        value = components(Model.FuncComponent(slot));
+        value = Component_Of(Frame_In_Force(), Model.RunTable.Theta(step, link), x, y, Model.FuncComponent(slot));
     });
 }
 
@@ -213,7 +253,7 @@ void Resolve_Polar(Integer step, Integer link, Single x, Single y, Single& mag, 
     Guarded("Resolve_Polar", [&] {
         Single xr;
         Single yr;
-        To_Frame(step, link, x, y, xr, yr);
+        To_Frame(Frame_In_Force(), Model.RunTable.Theta(step, link), x, y, xr, yr);
         Cart_to_Polar(xr, yr, mag, ang);
     });
 }

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -16,6 +17,7 @@
 #include "output/tables.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
+#include "platform/plot_box.h"
 
 namespace verlink {
 
@@ -72,11 +74,41 @@ void Fill_Tips(OutputSettings& plot, int last, int slot) {
     }
 }
 
+std::string Point_Name() { return Output_Axis() == Axis::kAngle ? "Theta2" : "Time"; }
+std::string Point_Unit() { return Output_Axis() == Axis::kAngle ? "deg" : "sec"; }
+int Point_Decimals() { return Output_Axis() == Axis::kAngle ? 1 : 2; }
+
+/// What the hand reads off the vectors that are drawn.
+void Read_Vectors(Screen& screen, const OutputSettings& plot, const std::string& unit, Color color, int first,
+                  int last) {
+    platform::Plot_Reading reading;
+    reading.across = Point_Name();
+    reading.polar = true;
+    reading.color = color;
+    reading.values = {{"Mag", unit, {}}, {"Ang", "deg", {}}};
+    for (int i = first; i <= last; ++i) {
+        Single mag, ang;
+        Cart_to_Polar(plot.PolarX(i), plot.PolarY(i), mag, ang);
+        reading.labels.push_back(Point_Text(i, Point_Decimals()) + " " + Point_Unit());
+        reading.values[0].at.push_back(mag);
+        reading.values[1].at.push_back(ang);
+        reading.x.push_back(plot.PolarX(i));
+        reading.y.push_back(plot.PolarY(i));
+    }
+    platform::With<platform::PlotBox>(screen, "pct_Plot", kNoIndex,
+                                      [&](platform::PlotBox& box) { box.Read(std::move(reading)); });
+}
+
+void Read_Nothing(Screen& screen) {
+    platform::With<platform::PlotBox>(screen, "pct_Plot", kNoIndex, [](platform::PlotBox& box) { box.Read({}); });
+}
+
 }  // namespace
 
 void MyPolarPlotSetup(Screen& screen) {
     Guarded("MyPolarPlotSetup", [&] {
         Canvas(screen).Cls();
+        Read_Nothing(screen);
         Titlebox(screen);
         Show_Run_Panel(screen);
         Model.PolarVectors = screen.Get<CheckBox>("chk_Vectors").Value;
@@ -118,8 +150,10 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         if (!Model.WindowFailed) {
             Draw_Grid(screen, Model);
             Surface& surface = Canvas(screen);
-            Draw_By_Mode(surface, Model, Model.ColorBlue, Model.NSteps);
-            if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), Model.ColorBlue);
+            const Color blue = Model.ColorBlue;
+            Draw_By_Mode(surface, Model, blue, Model.NSteps);
+            if (Model.PolarMode == kBoth) surface.LineTo(Model.PolarX(0), Model.PolarY(0), blue);
+            Read_Vectors(screen, Model, unit, blue, 0, Model.NSteps);
         }
         const int d = Decimals_Of(Model.PlotYmax);
         const std::string most = FNRoundStr(Model.PlotYmax, d);
@@ -136,14 +170,15 @@ void MyPolarStep(Screen& screen, Integer step) {
         Surface& surface = Canvas(screen);
         surface.Cls();
         if (!Model.WindowFailed) {
+            const Color blue = Model.ColorBlue;
             Draw_Grid(screen, Model);
-            if (Model.PolarMode != kEnvelope) Draw_Vector(surface, Model, Model.ColorBlue, step);
-            if (Model.PolarMode != kVectors) Draw_Path(surface, Model, Model.ColorBlue, step > 0 ? step - 1 : 0, step);
+            if (Model.PolarMode != kEnvelope) Draw_Vector(surface, Model, blue, step);
+            if (Model.PolarMode != kVectors) Draw_Path(surface, Model, blue, step > 0 ? step - 1 : 0, step);
+            Read_Vectors(screen, Model, screen.Get<Label>("pnl_PlotUnits").Caption, blue, step, step);
         }
-        const bool by_angle = Output_Axis() == Axis::kAngle;
-        Put(screen, "lbl_StepLabel", by_angle ? "Theta2" : "Time");
-        Put(screen, "lbl_StepUnit", by_angle ? "deg" : "sec");
-        Put(screen, "lbl_StepNumber", Point_Text(step, by_angle ? 1 : 2));
+        Put(screen, "lbl_StepLabel", Point_Name());
+        Put(screen, "lbl_StepUnit", Point_Unit());
+        Put(screen, "lbl_StepNumber", Point_Text(step, Point_Decimals()));
         constexpr int kDecimals = 3;
         Single mag, ang;
         Cart_to_Polar(Model.PolarX(step), Model.PolarY(step), mag, ang);

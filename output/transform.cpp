@@ -1,4 +1,4 @@
-// The discrete Fourier transform by its plain double sum.
+// The discrete Fourier transform by its double sum.
 #include "output/transform.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/harmonics.h"
 #include "output/plot_windows.h"
-#include "output/sines.h"
 #include "platform/graph.h"
 #include "platform/guard.h"
 
@@ -23,11 +23,6 @@ constexpr int kReal = 0, kImaginary = 1, kMagnitude = 2, kPhase = 3;
 constexpr double kTwoPi = 6.283185308;
 
 using Samples = std::array<double, kLastStep + 1>;
-
-/// One pass of a running sum: a sum that is below the small value, as a single, starts again from 0.
-inline double Cut(double sum, double small) {
-    return std::fabs(static_cast<double>(static_cast<float>(sum))) < small ? 0.0 : sum;
-}
 
 double Phase_Of(double re, double im) {
     double angle = 0;
@@ -48,9 +43,8 @@ void Do_DFT(Integer& N) {
         for (int i = 0; i <= N; ++i)
             for (int row = 0; row <= 3; ++row) table(i, row) = 0;
         transform.DFTSmall = 0.00001;
-        const double small = transform.DFTSmall;
 
-        static Samples x, angles, sines, cosines;
+        static Samples x, reals, imaginaries;
         for (int i = 0; i <= N; ++i) {
             Single value;
             Transform_XY(i, 1, value);
@@ -58,21 +52,11 @@ void Do_DFT(Integer& N) {
         }
 
         const auto count = static_cast<std::size_t>(std::max<int>(N, 0));
+        Sum_Harmonics({std::span(x).subspan(1, count), kTwoPi,
+                       static_cast<float>(static_cast<double>(transform.DFTSmall)), std::span(reals).first(count),
+                       std::span(imaginaries).first(count)});
         for (int k = 1; k <= N; ++k) {
-            const double turn = (k - 1) * kTwoPi;
-            for (std::size_t n = 0; n < count; ++n) angles[n] = turn * static_cast<double>(n) / N;
-            Sines_And_Cosines(std::span(angles).first(count), std::span(sines).first(count),
-                              std::span(cosines).first(count));
-            // The terms first, so that only the sums wait for one another.
-            for (std::size_t n = 0; n < count; ++n) {
-                cosines[n] = x[n + 1] * cosines[n] / N;
-                sines[n] = x[n + 1] * sines[n] / N;
-            }
-            double re = 0, im = 0;
-            for (std::size_t n = 0; n < count; ++n) {
-                re = Cut(re + cosines[n], small);
-                im = Cut(im - sines[n], small);
-            }
+            const double re = reals[static_cast<std::size_t>(k - 1)], im = imaginaries[static_cast<std::size_t>(k - 1)];
             table(k, kReal) = re;
             table(k, kImaginary) = im;
             table(k, kMagnitude) = std::sqrt(im * im + re * re);

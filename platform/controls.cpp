@@ -2,6 +2,7 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <sstream>
 
@@ -200,6 +201,10 @@ void PictureBox::Print(const std::string& line) {
     std::vector<std::string> lines = Lines;
     lines.push_back(line);
     Lines = lines;
+}
+
+double PictureBox::Pixel() const {
+    return std::fabs(picture_.Right() - picture_.Left()) / (Across * Through.Get().factor);
 }
 
 DocumentView::DocumentView(Screen& owner, std::string name, int index)

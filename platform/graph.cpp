@@ -45,6 +45,7 @@ void Graph::SetLabelText(const std::string& text) {
 
 void Graph::SetLegendText(const std::string& text) { Present().legend = text; }
 void Graph::SetPatternData(int pattern) { Present().pattern = pattern; }
+void Graph::SetUnitText(const std::string& unit) { Present().unit = unit; }
 
 Graph::FontSetting& Graph::FontSetting::operator=(int value) {
     last_ = value;

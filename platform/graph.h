@@ -1,6 +1,7 @@
 // A graph of up to a few sets of points over one row of labels.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@
 namespace verlink::platform {
 
 /// Filled set by set and point by point through `ThisSet` and `ThisPoint`, both from 1, and drawn by `Draw`. Points
-/// stand at equal distances along the x axis, each with a label; a set has a value for each point.
+/// stand at equal distances along the x axis, each with a label, or at `Places`; a set has a value for each point.
 class Graph : public Visual {
    public:
     Graph(Screen& owner, std::string name, int index = kNoIndex);
@@ -30,7 +31,12 @@ class Graph : public Visual {
     /// while `PatternedLines` is 1.
     void SetLegendText(const std::string& text);
     void SetPatternData(int pattern);
+    /// The unit that stands behind a value of the present set at the cursor.
+    void SetUnitText(const std::string& unit);
 
+    /// Where the points stand along the x axis, one place for each and all finite; empty for equal distances. They may
+    /// turn back. The axis then has round numbers, and labels are for reading alone.
+    std::vector<double> Places;
     std::string GraphTitle;   ///< above the graph
     std::string BottomTitle;  ///< below the x axis
     int PatternedLines = 0;
@@ -40,6 +46,17 @@ class Graph : public Visual {
     int GridStyle = 0;    ///< 0 none, 1 horizontal lines, 2 vertical, 3 both
     int GraphStyle = 4;   ///< 0 lines, 2 sticks, 4 lines, 6 both
     int Background = 15;  ///< 15 white, 1 blue, 7 gray
+    int FirstColor = 0;   ///< of the first set, counted from 0; the others follow
+    /// Graphs that stand under one another over one x axis: only the last is labelled, and their edges are in line.
+    bool Labelled = true, InLine = false;
+
+    /// The point that is marked with its values, from 1; 0 for none. It moves at once, without `Draw`.
+    Property<int> Cursor{*this, 0};
+    /// The hand seeks a point, from 1: it has clicked there, or drags to there. Where nothing takes that, a drag draws
+    /// the frame of a part to be enlarged.
+    std::function<void(int point)> OnSeek;
+    /// The button has been let go after that.
+    std::function<void()> OnSought;
 
     /// Percent of the screen's font; 2 bold; 1 sans serif.
     struct Font {
@@ -74,7 +91,7 @@ class Graph : public Visual {
     int Drawings() const { return drawings_; }
 
     struct Set {
-        std::string legend;
+        std::string legend, unit;
         int pattern = 0;
         std::vector<double> values;  ///< not a number where none was given: nothing is drawn there
     };

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <numbers>
 
+#include "platform/clip.h"
 #include "platform/picture.h"
 
 namespace verlink::platform {
@@ -33,19 +34,21 @@ struct Rect {
 /// Which cells of the picture have something drawn in them, summed up from the top left corner.
 class Ink {
    public:
-    Ink(const Picture& picture, double side) : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
+    Ink(const Picture& picture, double side, const Glass& glass)
+        : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
         const auto wide = static_cast<std::size_t>(cells_) + 1;
         sums_.assign(wide * wide, 0);
-        const double per_x = side / (picture.Right() - picture.Left());
-        const double per_y = side / (picture.Bottom() - picture.Top());
-        const auto x_of = [&](double x) { return (x - picture.Left()) * per_x; };
-        const auto y_of = [&](double y) { return (y - picture.Top()) * per_y; };
+        const double wide_world = picture.Right() - picture.Left(), high_world = picture.Bottom() - picture.Top();
+        const double pin = std::abs(side / wide_world);
+        const auto x_of = [&](double x) { return glass.Seen_Across((x - picture.Left()) / wide_world) * side; };
+        const auto y_of = [&](double y) { return glass.Seen_Down((y - picture.Top()) / high_world) * side; };
         for (const auto& drawn : picture.Primitives()) {
             if (!drawn.alive || drawn.color == picture.Back()) continue;
             const double x = x_of(drawn.x1), y = y_of(drawn.y1);
             switch (drawn.kind) {
                 case Picture::Primitive::Kind::kSegment: Segment(x, y, x_of(drawn.x2), y_of(drawn.y2)); break;
-                case Picture::Primitive::Kind::kCircle: Circle(x, y, drawn.x2 * std::abs(per_x)); break;
+                case Picture::Primitive::Kind::kPin: Circle({x, y}, drawn.x2 * pin); break;
+                case Picture::Primitive::Kind::kCircle: Circle({x, y}, drawn.x2 * pin * glass.factor); break;
                 case Picture::Primitive::Kind::kDot: Dot(x, y); break;
             }
         }
@@ -88,23 +91,20 @@ class Ink {
         Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
     }
     void Segment(double x1, double y1, double x2, double y2) {
-        // What lies far outside is not walked along.
-        const double reach = 4 * cells_ * kCell;
-        for (double* value : {&x1, &y1, &x2, &y2}) *value = std::clamp(*value, -reach, reach);
-        const int steps = static_cast<int>(std::hypot(x2 - x1, y2 - y1) / (kCell / 2)) + 1;
+        Point from{x1, y1}, to{x2, y2};
+        if (!Clip_Segment(Sheet(), from, to)) return;
+        const int steps = static_cast<int>(std::hypot(to.x - from.x, to.y - from.y) / (kCell / 2)) + 1;
         for (int i = 0; i <= steps; ++i) {
             const double part = static_cast<double>(i) / steps;
-            Dot(x1 + (x2 - x1) * part, y1 + (y2 - y1) * part);
+            Dot(from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part);
         }
     }
-    void Circle(double x, double y, double radius) {
-        const double reach = std::min(radius, 4 * cells_ * kCell);
-        const int steps = static_cast<int>(reach * 2 * std::numbers::pi / (kCell / 2)) + 4;
-        for (int i = 0; i < steps; ++i) {
-            const double angle = 2 * std::numbers::pi * i / steps;
-            Dot(x + radius * std::cos(angle), y + radius * std::sin(angle));
-        }
+    void Circle(Point centre, double radius) {
+        if (!Circle_Seen(Sheet(), centre, radius)) return;
+        const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
+        for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
     }
+    ClipBox Sheet() const { return ClipBox{0, 0, cells_ * kCell, cells_ * kCell}.Grown(kCell); }
 
     int cells_;
     std::vector<int> sums_;
@@ -172,8 +172,9 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink&
 
 }  // namespace
 
-std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes) {
-    const Ink ink(picture, side);
+std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes,
+                                          const Glass& glass) {
+    const Ink ink(picture, side, glass);
     std::vector<std::vector<Candidate>> candidates;
     candidates.reserve(wishes.size());
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));

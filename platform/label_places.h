@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "platform/glass.h"
+
 namespace verlink::platform {
 
 class Picture;
@@ -29,7 +31,8 @@ struct LabelPlace {
 
 /// Places for all labels upon a picture of `side` pixels: each near its anchor, within the picture as far as it is
 /// large enough, clear of the others, and clear of what is drawn where there is room. The same input gives the same
-/// places.
-std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes);
+/// places. Under a glass the anchors are parts of what is seen, and so are the places.
+std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes,
+                                          const Glass& glass = {});
 
 }  // namespace verlink::platform

@@ -170,13 +170,18 @@ void Picture::Line(double x1, double y1, double x2, double y2, Color color) { Se
 void Picture::LineTo(double x, double y, Color color) { Segment(x_, y_, x, y, color); }
 void Picture::LineStep(double dx, double dy, Color color) { Segment(x_, y_, x_ + dx, y_ + dy, color); }
 
-void Picture::Circle(double x, double y, double radius, Color color) {
+void Picture::Round(Primitive::Kind kind, double x, double y, double radius, Color color) {
     Check(x, y, radius);
     if (radius < 0) Raise(kInvalidCall);
-    Add(Primitive::Kind::kCircle, color, x, y, radius, 0);
+    Add(kind, color, x, y, radius, 0);
     x_ = x;
     y_ = y;
 }
+
+void Picture::Circle(double x, double y, double radius, Color color) {
+    Round(Primitive::Kind::kCircle, x, y, radius, color);
+}
+void Picture::Pin(double x, double y, double radius, Color color) { Round(Primitive::Kind::kPin, x, y, radius, color); }
 
 void Picture::PSet(double x, double y, Color color) {
     Check(x, y);

@@ -21,13 +21,13 @@ namespace verlink::platform {
 class Picture : public Surface {
    public:
     struct Primitive {
-        enum class Kind : std::uint8_t { kSegment, kCircle, kDot };
+        enum class Kind : std::uint8_t { kSegment, kCircle, kDot, kPin };
         Kind kind;
         bool alive;
         Color color;
         std::uint32_t stroke;  ///< grows from one to the next of the list
         double x1, y1;         ///< start, centre or dot, world
-        double x2, y2;         ///< end of a segment; for a circle x2 is the radius
+        double x2, y2;         ///< end of a segment; for a circle or a pin x2 is the radius
     };
 
     void Scale(double x1, double y1, double x2, double y2) override;
@@ -38,6 +38,7 @@ class Picture : public Surface {
     void LineTo(double x, double y, Color color) override;
     void LineStep(double dx, double dy, Color color) override;
     void Circle(double x, double y, double radius, Color color) override;
+    void Pin(double x, double y, double radius, Color color) override;
     void PSet(double x, double y, Color color) override;
     void PSet(double x, double y) override;
 
@@ -80,6 +81,7 @@ class Picture : public Surface {
 
     void Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2);
     void Segment(double x1, double y1, double x2, double y2, Color color);
+    void Round(Primitive::Kind kind, double x, double y, double radius, Color color);
     Key KeyOf(const Primitive& primitive) const;
     /// The slot of the primitive of that key, or the free one where it belongs.
     std::size_t Seek(const Key& key, std::uint32_t hash) const;

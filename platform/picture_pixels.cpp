@@ -53,13 +53,15 @@ std::uint32_t Last_Break(const List& list, std::uint32_t stroke) {
 /// Turns primitives into strokes on the ink and pours it where the colour changes.
 class PicturePixels::Hand {
    public:
-    Hand(const Picture& picture, double density, double across, double down, Ink& ink)
-        : picture_(picture),
-          ink_(ink),
+    Hand(const Picture& picture, double density, double across, double down, const Glass& glass, Ink& ink)
+        : ink_(ink),
           pen_(kPen * density),
           dot_(kDot * density / 2),
-          per_x_(across * density / (picture.Right() - picture.Left())),
-          per_y_(down * density / (picture.Bottom() - picture.Top())) {}
+          per_x_(across * density / (picture.Right() - picture.Left()) * glass.factor),
+          per_y_(down * density / (picture.Bottom() - picture.Top()) * glass.factor),
+          pin_(std::abs(per_x_) / glass.factor),
+          left_(picture.Left() + (picture.Right() - picture.Left()) * glass.Part_Across(0)),
+          top_(picture.Top() + (picture.Bottom() - picture.Top()) * glass.Part_Down(0)) {}
 
     std::size_t Draw(List::const_iterator from, List::const_iterator to, std::vector<std::uint32_t>& pixels) const {
         std::size_t drawn = 0;
@@ -115,7 +117,7 @@ class PicturePixels::Hand {
 
     // A line along an axis of the screen goes through the middles of pixels, or it would be grey and two wide.
     static double Middle(double value) { return std::floor(value) + 0.5; }
-    Point Place(double x, double y) const { return {(x - picture_.Left()) * per_x_, (y - picture_.Top()) * per_y_}; }
+    Point Place(double x, double y) const { return {(x - left_) * per_x_, (y - top_) * per_y_}; }
 
     void Stroke(const Primitive& primitive, Chain& chain) const {
         const Point from = Place(primitive.x1, primitive.y1);
@@ -131,13 +133,15 @@ class PicturePixels::Hand {
                 break;
             }
             case Primitive::Kind::kCircle: ink_.Circle(from, primitive.x2 * std::abs(per_x_), pen_); break;
+            case Primitive::Kind::kPin: ink_.Circle(from, primitive.x2 * pin_, pen_); break;
             case Primitive::Kind::kDot: ink_.Disc(from, dot_); break;
         }
     }
 
-    const Picture& picture_;
     Ink& ink_;
     double pen_, dot_, per_x_, per_y_;
+    double pin_;         ///< pixels in one unit of a pin's radius
+    double left_, top_;  ///< world, of what is seen
 };
 
 bool PicturePixels::Sheet_Holds(const Picture& picture) const {
@@ -163,7 +167,8 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
     Paint(picture, wide, high, density, wide / density, high / density);
 }
 
-void PicturePixels::Paint(const Picture& picture, int wide, int high, double density, double across, double down) {
+void PicturePixels::Paint(const Picture& picture, int wide, int high, double density, double across, double down,
+                          const Glass& glass) {
     if (wide != wide_ || high != high_) {
         wide_ = wide;
         high_ = high;
@@ -172,7 +177,7 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
         sheet_ = {};
         epoch_ = picture.Epoch() - 1;
     }
-    if (epoch_ != picture.Epoch() || density != density_ || across != across_ || down != down_) {
+    if (epoch_ != picture.Epoch() || density != density_ || across != across_ || down != down_ || glass != glass_) {
         seen_ = 0;
         sheet_ = {};
     }
@@ -180,10 +185,11 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
     density_ = density;
     across_ = across;
     down_ = down;
+    glass_ = glass;
     painted_ = 0;
 
     const List& list = picture.Primitives();
-    const Hand hand(picture, density, across, down, ink_);
+    const Hand hand(picture, density, across, down, glass, ink_);
     if (!Sheet_Holds(picture)) {
         sheet_.end = 0;
         sheet_.alive = 0;

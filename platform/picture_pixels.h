@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/glass.h"
 #include "platform/ink.h"
 #include "platform/picture.h"
 
@@ -22,9 +23,11 @@ class PicturePixels {
     static constexpr double kThinnest = 0.5;
 
     /// Brings the pixels up to date: `wide` by `high` of them, `density` for each one of the pens' measures. The
-    /// window of the picture fills `across` by `down` of those measures, or the pixels where none are given.
+    /// window of the picture fills `across` by `down` of those measures, or the pixels where none are given; under a
+    /// glass the part of it that is seen does.
     void Paint(const Picture& picture, int wide, int high, double density = 1);
-    void Paint(const Picture& picture, int wide, int high, double density, double across, double down);
+    void Paint(const Picture& picture, int wide, int high, double density, double across, double down,
+               const Glass& glass = {});
     /// Gives the memory back; the next painting is from the start.
     void Release() { *this = {}; }
 
@@ -49,6 +52,7 @@ class PicturePixels {
 
     int wide_ = 0, high_ = 0;
     double density_ = 1, across_ = 0, down_ = 0;
+    Glass glass_;
     std::uint64_t epoch_ = 0;
     std::uint32_t seen_ = 0;  ///< strokes of the list at the last painting
     std::size_t painted_ = 0;

@@ -3,6 +3,7 @@
 
 #include "output/cartesian.h"
 #include "platform/guard.h"
+#include "screens/plot_tips.h"
 
 namespace verlink {
 
@@ -30,7 +31,8 @@ Aligned_Screen::Aligned_Screen(const std::string& name, const std::string& selec
       lbl_PtoPName(*this, "lbl_PtoPName", windows, "P to P"),
       lbl_Peak(*this, "lbl_Peak", windows),
       windows_(static_cast<int>(windows.size())) {
-    for (const auto& picture : pct_Plot) picture->Tip = "The function over the crank angle, with its quarter lines";
+    for (const auto& picture : pct_Plot)
+        picture->Tip = std::string("The function over the crank angle, with its quarter lines") + kPlotHand;
 }
 
 void Aligned_Screen::cmd_Replot_Click() {

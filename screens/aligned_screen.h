@@ -4,13 +4,14 @@
 #include <initializer_list>
 #include <string>
 
+#include "platform/plot_box.h"
 #include "screens/delayed_plot_screen.h"
 
 namespace verlink {
 
 class Aligned_Screen : public Delayed_Plot_Screen {
    public:
-    platform::ControlArray<platform::PictureBox> pct_Plot;
+    platform::ControlArray<platform::PlotBox> pct_Plot;
 
     // By window: the function, its component and unit, and what stands along the axes.
     platform::ControlArray<platform::Label> pnl_LeftTitle, pnl_Comp, pnl_PlotUnits;

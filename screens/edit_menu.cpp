@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "animation/shown.h"
 #include "core/linkage_model.h"
 #include "shell/history.h"
 
@@ -98,7 +99,10 @@ void Serve_Undo(Screen& screen, std::function<void()> show) {
     History& history = The_History();
     history.Serve(screen, std::move(show));
     [[maybe_unused]] static const bool follows = [&history] {
-        history.Follow([](bool) { Show_What_Is_Done(); });
+        history.Follow([](bool) {
+            Show_What_Is_Done();
+            Follow_Results();
+        });
         return true;
     }();
     With<MenuEntry>(screen, "mnu_Undo", kNoIndex, [](MenuEntry& entry) {

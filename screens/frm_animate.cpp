@@ -5,8 +5,10 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "animation/engine.h"
+#include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -84,7 +86,10 @@ void frm_Animate::Write_Tips() {
     chk_Centrodes.Tip = "Show the fixed centrode in black, the moving one in red";
     chk_CouplerLines.Tip = "Show a line of the coupler through the coupler point at each step";
     txt_LineAngle.Tip = "Angle of the coupler lines to the coupler, degrees";
-    Picture1.Tip = "The linkage at the present step, and its coupler curve";
+    Picture1.Tip =
+        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the arrow "
+        "keys; "
+        "the wheel zooms, a double click fits";
     opt_Shift_Drag[0].Tip = "Shift-drag in the picture moves the coupler point";
     opt_Shift_Drag[1].Tip = "Shift-drag in the picture changes the length of the crank";
     opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";
@@ -157,6 +162,7 @@ void frm_Animate::Bind() {
 void frm_Animate::Form_Activate() {
     Guarded("frm_Animate.Activate", [&] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        joints.Let_Go();
         Timer1.Interval = 250;
         Timer1.Enabled = true;
         Fill();
@@ -164,6 +170,7 @@ void frm_Animate::Form_Activate() {
         cmd_Reset_Click();
         if (Model.Grashof_Code == "N") Toggle();
         txt_Figure.Text = Shown_Title();
+        live.Arrived();
         Unlock_Run_Buttons();
         mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
         (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
@@ -174,6 +181,7 @@ void frm_Animate::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Animate::Fill() {
+    Say_Anew();
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
     txt_LineAngle.Settle();
@@ -202,6 +210,7 @@ void frm_Animate::Show_Model() {
         } else {
             Lock_Run_Buttons();
         }
+        live.Arrived();
         Refresh_Status();
         Set_Menus();
     });
@@ -256,7 +265,7 @@ void frm_Animate::Show_Initial_Panel() {
 void frm_Animate::Lock_Run_Buttons() {
     Transform_Dropped();
     Refresh_Status();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
     for (auto* button : {&cmd_Animate, &cmd_Step, &cmd_Reset, &cmd_Done, &cmd_PlotPrint}) {
         button->Enabled = false;
         button->Tip = "Recalculate first";
@@ -276,7 +285,7 @@ void frm_Animate::Unlock_Run_Buttons() {
     if (!several) cmd_Animate.Tip = cmd_Step.Tip = "A single position does not move";
 }
 
-void frm_Animate::Recalculate() {
+void frm_Animate::Solve() {
     Integer Result = kRetrying;
     if (Model.Calctype < 4) {
         // An undo may have come to a linkage that was synthesised and never run.
@@ -285,10 +294,13 @@ void frm_Animate::Recalculate() {
         Classify_Linkage();
         Imported_Run(Result);
     }
+}
+
+void frm_Animate::Settle_Run(const std::function<void()>& show) {
     if (Model.RunStands) {
         hsc_step.SetMax(Model.NSteps);
-        Model.CurrentStep = 0;
-        cmd_Step_Click();
+        live.Run_Made();
+        show();
         if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
         Model.DiskFile = false;
         Unlock_Run_Buttons();
@@ -302,12 +314,36 @@ void frm_Animate::Recalculate() {
     platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
 }
 
+void frm_Animate::Recalculate() {
+    Solve();
+    Settle_Run([this] {
+        Model.CurrentStep = 0;
+        cmd_Step_Click();
+    });
+}
+
+void frm_Animate::Run_Dragged(int step) {
+    Run_Unasked(Model);
+    Settle_Run([&] { Show_Dragged(step); });
+}
+
+void frm_Animate::Show_Dragged(int step) {
+    const bool lock = std::exchange(StepLock, true);
+    Integer shown = step;
+    Step(*this, shown);
+    hsc_step.SetValue(step);
+    StepLock = lock;
+    Model.CurrentStep = Model.Calctype > 1 ? step + 1 : 0;
+}
+
 void frm_Animate::txt_Linkout_LostFocus(int Index) {
     Guarded("frm_Animate.txt_Linkout", [&] {
         if (!txt_Linkout[Index].Touched()) return;
+        joints.Typed(Index);
         Get_Linkage_Geometry(*this);
         Model.LinkEdited = true;
         Lock_Run_Buttons();
+        joints.Typed_Taken();
     });
 }
 
@@ -447,50 +483,79 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
     constexpr int kLeft = 1;
     constexpr int kShiftAlone = 1;
     if (Button != kLeft || Shift != kShiftAlone) return;
+    if (joints.Holds_Joint()) return;
     Guarded("frm_Animate.Picture1", [&] {
-        Single x;
-        Single y;
-        Rotate(X, Model.FlipSum - Y, Model.Link1Angle, -1, x, y);
-        Drag(x, y);
+        const Held_Window window(*this);
+        const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
+        Drag(X, Model.FlipSum - Y);
         Get_Linkage_Geometry(*this, Road::kDrag);
-        Recalculate();
+        joints.Shift_Dragged();
+        if (Model.RunStands) {
+            Unlock_Run_Buttons();
+            Show_Dragged(step);
+            return Say_Held_Target();
+        }
+        Solve();
+        Settle_Run([&] { Show_Dragged(step); });
     });
 }
 
-void frm_Animate::Drag(Single x, Single y) {
-    const auto write = [&](int box, double value, int decimals = 3) {
-        txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
+void frm_Animate::Say_Held_Target() {
+    switch (Model.ShiftDragTarget) {
+        case kCrank: return Say_Held({1});
+        case kRocker: return Say_Held({3});
+        case kCouplerPoint: return Say_Held({4, 5});
+        case kGround: return Model.PolarCoords ? Say_Held({0, 6}) : Say_Held({15, 16});
+        case kCoupler: return Say_Held({2});
+        default: break;
+    }
+}
+
+void frm_Animate::Drag(double X, double Y) {
+    const double fine = Picture1.Pixel() / 8;
+    const auto write = [&](int box, double value, int decimals) {
+        if (!Held(box)) txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
     };
-    // After the last step the next one to be shown is the first.
-    const int step = Model.CurrentStep > Model.NSteps ? 0 : int{Model.CurrentStep};
+    const auto write_length = [&](int box, double value) { write(box, value, Decimals_For(fine)); };
+    const auto write_angle = [&](int box, double value, double arm, int least) {
+        write(box, value, Decimals_For(arm > 0 ? fine / arm * kRadToDeg : 1, least));
+    };
+    const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
+    Single x;
+    Single y;
+    Rotate(X, Y, Model.Link1Angle, -1, x, y);
     const Single from_A_x = x - Model.RunTable.PointXY(step, 0, 0);
     const Single from_A_y = y - Model.RunTable.PointXY(step, 0, 1);
     const auto length = [](Single dx, Single dy) { return Single(std::sqrt(dy * dy + dx * dx)); };
+    // From A nothing is measured where no A is in the picture.
+    const bool from_A = Model.ShiftDragTarget == kCouplerPoint || Model.ShiftDragTarget == kCoupler;
+    if (from_A && !Model.RunTable.Assembled(step)) return;
     switch (Model.ShiftDragTarget) {
         case kCrank: {
             const Single L = length(x, y);
-            write(1, L);
+            write_length(1, L);
             lbl_StepNumber.Caption = Text_Of(FNRound(Atan2D(x, y), 1));
             Picture1.Canvas().Circle(0, Model.FlipSum, L, Model.ColorBlue);
             break;
         }
-        // O4 is taken where it lies in the global frame, and in stored units.
-        case kRocker: write(3, length(x - Model.Link1X, y - Model.Link1Y)); break;
-        case kCouplerPoint:
-            write(4, length(from_A_x, from_A_y));
-            write(5, Atan2D(from_A_x, from_A_y) - Model.RunTable.Theta(step, 1));
+        case kRocker: write_length(3, length(x - Model.L1 * Shown_Factor(), y)); break;
+        case kCouplerPoint: {
+            const Single arm = length(from_A_x, from_A_y);
+            write_length(4, arm);
+            const double coupler = Model.RunTable.Theta(step, 1) - Model.Link1Angle;
+            write_angle(5, Atan2D(from_A_x, from_A_y) - coupler, arm, 3);
             break;
+        }
         case kGround:
             if (Model.PolarCoords) {
-                // The new angle is measured in the frame of the old one.
-                write(0, length(x, y));
-                write(6, Atan2D(x, y), 2);
+                write_length(0, length(X, Y));
+                write_angle(6, Atan2D(X, Y), length(X, Y), 2);
             } else {
-                write(15, x);
-                write(16, y);
+                write_length(15, X);
+                write_length(16, Y);
             }
             break;
-        case kCoupler: write(2, length(from_A_x, from_A_y)); break;
+        case kCoupler: write_length(2, length(from_A_x, from_A_y)); break;
         default: break;
     }
 }

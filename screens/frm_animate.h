@@ -1,12 +1,20 @@
 // The animate screen: the linkage moves, joints are dragged, and links are changed beside the picture.
 #pragma once
 
+#include <functional>
+
+#include "core/linkage_model.h"
 #include "core/number.h"
 #include "platform/desktop.h"
+#include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
+#include "screens/live_plots.h"
+#include "screens/picture_entries.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -25,10 +33,16 @@ class frm_Animate : public Linkage_Screen {
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     File_Entries Files{*this, [this] { Take_Typed(); }};
     Edit_Menu edit{*this};
+    View_Menu view{*this};
+    platform::MenuEntry mnu_ViewBar1{view.mnu_View, "mnu_ViewBar1", ""};
+    View_Choice mnu_ViewLive{view.mnu_View, "mnu_ViewLive", "Live Plots", "live",
+                             "Functions of the run beside the drawing, which move with it"};
+    Picture_Entries pictures{view.mnu_View, Picture1};
+    Motion_Entry motion{view.mnu_View};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
-    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Overlaid_Picture Picture1{*this, "Picture1"};
 
     platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};
     platform::ScrollBar hsc_step{*this, "hsc_step"};
@@ -82,6 +96,8 @@ class frm_Animate : public Linkage_Screen {
     platform::Label lbl_Model{*this, "lbl_Model"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
+    Live_Plots live{*this, Model, hsc_step, mnu_ViewLive};
+
     void cmd_Animate_Click();
     void cmd_Step_Click();
     void cmd_Reset_Click();
@@ -105,9 +121,12 @@ class frm_Animate : public Linkage_Screen {
     void mnu_Redraw_Click();
     void mnu_Help_Click();
     void Timer1_Timer();
-    /// Shift-drag: the target's length follows the mouse, and the whole run is solved anew. X and Y are world
-    /// coordinates of the picture, Y as drawn.
+    /// Shift-drag: the target's length follows the mouse, measured at the position in the picture, and the whole run is
+    /// solved anew. X and Y are world coordinates of the picture, Y as drawn.
     void Picture1_MouseMove(int Button, int Shift, double X, double Y);
+
+    void Run_Dragged(int step) override;
+    void Show_Dragged(int step) override;
 
    private:
     void Bind();
@@ -120,13 +139,17 @@ class frm_Animate : public Linkage_Screen {
     void Show_Settings();
     void Zoom(double factor);
     void Leave();
-    void Drag(Single x, Single y);
+    void Drag(double X, double Y);
+    void Say_Held_Target();
 
     void Lock_Run_Buttons();
     void Unlock_Run_Buttons();
     void Recalculate();
+    void Solve();
+    void Settle_Run(const std::function<void()>& show);
     void Show_Initial_Panel();
 
+    Joint_Hand joints{*this, Picture1};
     bool WaitRefused = false;    ///< since `cmb_wait` has the focus a number was too large for it, and that was told
     bool StepLock = false;       ///< after the first step `hsc_step` follows its thumb alone
     bool ShowInitial = true;     ///< the run is generated: its limits are shown

@@ -15,6 +15,7 @@
 #include "output/cartesian.h"
 #include "platform/guard.h"
 #include "screens/frm_matrix.h"
+#include "screens/plot_tips.h"
 #include "screens/print_questions.h"
 
 namespace verlink {
@@ -67,6 +68,8 @@ void frm_Balance::Write_Tips() {
     txt_Fluct.Tip = "Variation of the crank's speed over its mean, between zero and one";
     cmd_Calc.Tip = "Calculate forces and torques with these counterweights";
     pct_Pict1.Tip = "Pulses of the crank torque about its average, as energy";
+    for (const auto& graph : grf_Plot)
+        graph->Tip = std::string("Before and after balancing, by step, with their values") + kPlotHand;
     opt_Back[0].Tip = "White graphs";
     opt_Back[1].Tip = "Blue graphs";
     opt_Back[2].Tip = "Gray graphs";

@@ -46,7 +46,8 @@ frm_Cayley::frm_Cayley() : Screen("frm_Cayley") {
                             "Distance from the pin of links 2 and 3 to the coupler point, in the length unit shown",
                             "Angle from link 3 to the line to the coupler point, degrees"};
     for (int i = 0; i < 6; ++i) txt_Linkout[i].Tip = values[i];
-    Picture1.Tip = "Cayley's diagram: the three linkages with one coupler point";
+    Picture1.Magnifies = true;
+    Picture1.Tip = "Cayley's diagram: the three linkages with one coupler point; the wheel zooms, a double click fits";
     cmd_Redraw.Tip = "Draw the diagram again";
     cmd_Done.Tip = "Leave with the chosen cognate";
 }

@@ -14,6 +14,7 @@
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
+#include "screens/plot_tips.h"
 #include "screens/print_questions.h"
 #include "screens/style_boxes.h"
 
@@ -48,6 +49,7 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     Keep_One(chk_Line, chk_Sticks, [this] { Redraw(); });
     DefaultButton = &cmd_Calc;
     CancelButton = &cmd_Cancel;
+    for (const auto& graph : grf_Plot) graph->Tip = std::string("The transform, with its values") + kPlotHand;
     cmb_Var1.Tip = "The function to transform";
     cmb_Com1.Tip = "Its component: X, Y, magnitude or angle";
     cmb_Harmonics.Tip = "How many harmonics to show, at most half the number of steps";

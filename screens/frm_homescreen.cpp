@@ -94,7 +94,8 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     DefaultButton = &cmd_Input;
     cmd_Input.Tip = "Enter a linkage and calculate it";
     cmd_Quit.Tip = "Leave the program";
-    Picture1.Tip = "The present linkage and its coupler curve";
+    Picture1.Magnifies = true;
+    Picture1.Tip = "The present linkage and its coupler curve; the wheel zooms, a double click fits";
     Picture1.Visible = false;
     for (int flag = 0; flag <= 8; ++flag) lbl_Status[flag].Visible = false;
     for (Button* button : {&cmd_Animate, &cmd_Plot, &cmd_Print, &cmd_Dynamics, &cmd_Balance}) button->Enabled = false;

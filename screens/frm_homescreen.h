@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/overlaid_picture.h"
 #include "platform/screen.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -111,6 +113,7 @@ class frm_HomeScreen : public platform::Screen {
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};
+    View_Menu view{*this, [this] { Show_Linkage(); }};
 
     Button cmd_Input{*this, "cmd_Input", "&Input"};
     Button cmd_Animate{*this, "cmd_Animate", "&Animate"};
@@ -122,7 +125,7 @@ class frm_HomeScreen : public platform::Screen {
 
     /// The present linkage at its first position that closes, calculated or not; the two labels are there until there
     /// is one.
-    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Overlaid_Picture Picture1{*this, "Picture1"};
     platform::Label lbl_Name{*this, "lbl_Name", "Verlink"};
     platform::Label lbl_Advice{*this, "lbl_Advice",
                                "Choose Input to enter a linkage, or open a model from the File menu."};

@@ -3,10 +3,14 @@
 
 #include "core/number.h"
 #include "platform/desktop.h"
+#include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
+#include "screens/picture_entries.h"
+#include "screens/view_menu.h"
 
 namespace verlink {
 
@@ -41,6 +45,8 @@ class frm_Inputnew : public Linkage_Screen {
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     File_Entries Files{*this, [this] { Settle(); }};
     Edit_Menu edit{*this};
+    View_Menu view{*this};
+    Picture_Entries pictures{view.mnu_View, Picture1};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};
@@ -68,7 +74,7 @@ class frm_Inputnew : public Linkage_Screen {
 
     // The picture and its stepping.
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};
-    platform::PictureBox Picture1{*this, "Picture1"};
+    platform::Overlaid_Picture Picture1{*this, "Picture1"};
     platform::CheckBox chk_autoscale{*this, "chk_autoscale", "Autoscale"};
     platform::ScrollBar hsc_step{*this, "hsc_step"};
     platform::Label pnl_cw{*this, "pnl_cw", "<-- Start"};
@@ -119,6 +125,9 @@ class frm_Inputnew : public Linkage_Screen {
     void mnu_Calculations_Click();
     void Timer1_Timer();
 
+    void Run_Dragged(int step) override;
+    void Show_Dragged(int step) override;
+
    private:
     void Write_Tips();
     void Bind_Boxes();
@@ -151,6 +160,7 @@ class frm_Inputnew : public Linkage_Screen {
     void Show_Ways_On();
     void Fill();
 
+    Joint_Hand joints{*this, Picture1};
     bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
     bool AutoCalc = true;   ///< `chk_autocalc` is ticked
 };

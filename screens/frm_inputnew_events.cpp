@@ -3,8 +3,10 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "animation/engine.h"
+#include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
@@ -65,6 +67,7 @@ class Kept_Torque {
 void frm_Inputnew::Form_Activate() {
     Guarded("frm_Input.Form_Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
+        joints.Let_Go();
         Timer1.Enabled = true;
         Model.InputScreenOpen = true;
         Run_Held_Back();
@@ -79,7 +82,7 @@ void frm_Inputnew::Form_Activate() {
             const Kept_Torque torque;
             cmd_Calc_Click();
             torque.Put_Back();
-            Picture1.Canvas().Cls();
+            Show_Nothing(*this);
         }
         Label_Mode();
         txt_Figure.Text = Shown_Title();
@@ -92,6 +95,7 @@ void frm_Inputnew::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Inputnew::Fill() {
+    Say_Anew();
     hsc_step.SetMax(Model.NSteps);
     hsc_step.SetMin(0);
     txt_initial[1].Enabled = true;
@@ -111,7 +115,7 @@ void frm_Inputnew::Show_Model() {
         Fill();
         txt_Figure.Text = Shown_Title();
         Disable_Ways_On();
-        Picture1.Canvas().Cls();
+        Show_Nothing(*this);
         if (Model.RunStands) {
             Stepping = true;
             Model.CurrentStep = 0;
@@ -189,7 +193,7 @@ void frm_Inputnew::Disable_Ways_On() {
 void frm_Inputnew::Invalidate() {
     Forces_Dropped();
     Disable_Ways_On();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 // Boxes.
@@ -220,7 +224,7 @@ void frm_Inputnew::Settle() {
 void frm_Inputnew::After_Change() {
     if (AutoCalc) return cmd_Calc_Click();
     if (!Model.RunStands) Disable_Ways_On();
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 void frm_Inputnew::txt_Linkout_Change(int Index) {
@@ -229,9 +233,11 @@ void frm_Inputnew::txt_Linkout_Change(int Index) {
 
 void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
     if (!txt_Linkout[Index].Touched()) return;
+    joints.Typed(Index);
     Get_Linkage_Geometry(*this);
     Model.LinkEdited = true;
     After_Change();
+    joints.Typed_Taken();
 }
 
 void frm_Inputnew::txt_initial_LostFocus(int Index) {
@@ -292,6 +298,7 @@ void frm_Inputnew::opt_Calctype_Click(int Index) {
     Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
         Model.Calctype = Index;
         Run_Dropped();
+        Nothing_Shown(*this);
         Model_Unsaved();
         // The texts of the limits are shared by the modes: each finds its own there.
         if (Index == 2) Derive_Time_Limits();
@@ -330,6 +337,7 @@ void frm_Inputnew::cmd_Calc_Click() {
             Show_Run();
         else
             Disable_Ways_On();
+        Say_Why_Refused();
         Refresh_Status();
         Set_Menus();
         platform::The_Desktop().Set_Pointer(platform::Pointer::kDefault);
@@ -473,6 +481,34 @@ void frm_Inputnew::Show_Step() {
     Stepping = false;
 }
 
+void frm_Inputnew::Run_Dragged(int step) {
+    Run_Unasked(Model);
+    const bool several = Model.Calctype != 1;
+    Allow_Time_Steps();
+    if (Model.RunStands) {
+        hsc_step.SetMax(Model.NSteps);
+        Show_Dragged(step);
+        if (!Model.CamDriven && !Model.CognateEdit) SeedCognate();
+        Model.ScreenReturn = true;
+    } else {
+        Show_Nothing(*this);
+    }
+    cmd_Done.Enabled = Model.RunStands;
+    cmd_Animate.Enabled = cmd_Step.Enabled = Model.RunStands && several;
+    Refresh_Status();
+    Set_Menus();
+}
+
+void frm_Inputnew::Show_Dragged(int step) {
+    const bool stepping = std::exchange(Stepping, true);
+    Model.ShowCouplerLinesFlag = "N";
+    Integer shown = step;
+    Step(*this, shown);
+    hsc_step.SetValue(step);
+    Stepping = stepping;
+    Model.CurrentStep = Model.Calctype > 1 ? step + 1 : 0;
+}
+
 void frm_Inputnew::Show_First_Step() { Step_Reset(*this); }
 
 void frm_Inputnew::cmd_Step_Click() {
@@ -517,7 +553,7 @@ void frm_Inputnew::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
 
 void frm_Inputnew::Timer1_Timer() {
     Timer1.Enabled = false;
-    Picture1.Canvas().Cls();
+    Show_Nothing(*this);
 }
 
 // Other screens.

@@ -1,9 +1,12 @@
 // The polar plot and its step mode.
 #include "screens/frm_myplot4.h"
 
+#include <string>
+
 #include "core/linkage_model.h"
 #include "output/polar.h"
 #include "platform/guard.h"
+#include "screens/plot_tips.h"
 #include "screens/style_boxes.h"
 
 namespace verlink {
@@ -11,7 +14,7 @@ namespace verlink {
 frm_MyPlot4::frm_MyPlot4() : Delayed_Plot_Screen("frm_MyPlot4", "frm_PlotSelect4") {
     chk_Envelope.Value = true;
     Show_Step_Controls(false);
-    pct_Plot.Tip = "The vector from the origin, over the whole run";
+    pct_Plot.Tip = std::string("The vector from the origin, over the whole run") + kPlotHand;
     chk_Envelope.Tip = "Draw the path of the vector's tip; the last of these two boxes stays ticked";
     chk_Vectors.Tip = "Draw the vector of every step from the origin; the last of these two boxes stays ticked";
     chk_Pause.Tip = "Show one vector at a time, with its values";

@@ -1,6 +1,7 @@
 // The polar plot of a vector: its tip's path, the vector at every step, or both, and a mode that shows one at a time.
 #pragma once
 
+#include "platform/plot_box.h"
 #include "screens/delayed_plot_screen.h"
 
 namespace verlink {
@@ -9,7 +10,7 @@ class frm_MyPlot4 : public Delayed_Plot_Screen {
    public:
     frm_MyPlot4();
 
-    platform::PictureBox pct_Plot{*this, "pct_Plot"};
+    platform::PlotBox pct_Plot{*this, "pct_Plot"};
     platform::Label pnl_LeftTitle{*this, "pnl_LeftTitle"};
     /// Beside the ends of the axes: the window's bounds, the origin, and the names of the axes.
     platform::ControlArray<platform::Label> pnl_Comp{*this, "pnl_Comp", {{0, "X"}, {1, "Y"}}};

@@ -1,10 +1,13 @@
 // How the screens with graphs look, and what their style boxes do.
 #include "screens/graph_screen.h"
 
+#include <string>
+
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "output/cartesian.h"
 #include "platform/guard.h"
+#include "screens/plot_tips.h"
 #include "screens/style_boxes.h"
 
 namespace verlink {
@@ -28,6 +31,7 @@ Graph_Screen::Graph_Screen(const std::string& name, const std::string& selection
     opt_Back[0].Tip = "White graphs";
     opt_Back[1].Tip = "Blue graphs";
     opt_Back[2].Tip = "Gray graphs";
+    for (const auto& graph : grf_Plot) graph->Tip = std::string("The functions by step, with their values") + kPlotHand;
     Bind_Ways_Out(cmd_Replot, cmd_Done);
     Bind();
 }

@@ -24,7 +24,9 @@ constexpr int kSlots = 4;
 
 std::string Numbered(const char* name, int slot) { return name + std::to_string(slot); }
 
-std::string Setting_Of(const Screen& screen) { return "selection." + screen.Name(); }
+constexpr char kPlotScreens[] = "frm_PlotSelect", kLastPlot[] = "selection.plot";
+
+std::string Setting_Of(const std::string& screen) { return "selection." + screen; }
 
 const std::string& Text_In(const Selection& last, const std::string& name) {
     static const std::string none;
@@ -57,10 +59,15 @@ void Keep_Selection(const Screen& screen) {
         keep_box(Numbered("cmb_Var", slot));
         keep_box(Numbered("cmb_Com", slot));
     }
-    platform::The_Settings().Put(Setting_Of(screen), kept);
+    platform::The_Settings().Put(Setting_Of(screen.Name()), kept);
+    if (screen.Name().starts_with(kPlotScreens)) platform::The_Settings().Put(kLastPlot, screen.Name());
 }
 
-Selection Last_Selection(const Screen& screen) {
+std::string Last_Plot_Screen() { return platform::The_Settings().Text(kLastPlot); }
+
+Selection Last_Selection(const Screen& screen) { return Selection_Kept(screen.Name()); }
+
+Selection Selection_Kept(const std::string& screen) {
     Selection last;
     for (const std::string& line : platform::The_Settings().List(Setting_Of(screen))) {
         const std::size_t sign = line.find('=');

@@ -17,6 +17,11 @@ void Keep_Selection(const platform::Screen& screen);
 /// Empty when nothing has been chosen on that screen yet.
 Selection Last_Selection(const platform::Screen& screen);
 
+/// The same of a screen by its name, which need not have been made.
+Selection Selection_Kept(const std::string& screen);
+/// The name of the screen on which something was chosen last for a plot; empty for none.
+std::string Last_Plot_Screen();
+
 /// Puts the option of an array on that the selection has, where it can be chosen.
 void Choose_Option_Of(const platform::Screen& screen, const Selection& last, const std::string& options);
 /// Puts a text of the selection into its box, where the screen has one.

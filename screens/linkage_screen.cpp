@@ -1,12 +1,15 @@
 // The linkage as boxes and options.
 #include "screens/linkage_screen.h"
 
+#include <algorithm>
+
 #include "animation/engine.h"
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/screen_geometry.h"
+#include "core/why_words.h"
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
@@ -52,6 +55,13 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     Bind_Boxes(txt_Linkout, [this](int i) { txt_Linkout_LostFocus(i); });
     for (const auto& box : txt_Linkout)
         Reads_As(*box, Model, box->Index() == 5 || box->Index() == 6 ? Quantity::kAngle : Quantity::kLength);
+    chk_Lock.On(&platform::CheckBox::OnClick, [this](int i) { chk_Lock_Click(i); });
+    // As they were set on the other screen.
+    for (const platform::Screen* other : platform::Screens::Made())
+        for (const auto& lock : chk_Lock)
+            if (const auto* set = other->FindAs<platform::Lock>("chk_Lock", lock->Index())) lock->Value = set->Value;
+    Tell_Locks();
+    OnRefused = [this](const Geometry& refused, int step) { Say_Not_Followed(refused, step); };
     key_Before.OnPress = [this] { Step_By(-1); };
     key_After.OnPress = [this] { Step_By(1); };
 }
@@ -106,6 +116,49 @@ void Linkage_Screen::opt_Polar_Click(int Index) {
     for (int box : {0, 6}) txt_Linkout[box].BackColor = polar ? Model.ColorYellow : Model.ColorCyan;
     for (int box : {15, 16}) txt_Linkout[box].BackColor = polar ? Model.ColorCyan : Model.ColorYellow;
 }
+
+void Linkage_Screen::chk_Lock_Click(int Index) {
+    for (const platform::Screen* other : platform::Screens::Made())
+        if (auto* lock = other->FindAs<platform::Lock>("chk_Lock", Index)) lock->Value = chk_Lock[Index].Value;
+    Tell_Locks();
+}
+
+void Linkage_Screen::Tell_Locks() {
+    for (const auto& lock : chk_Lock)
+        lock->Tip = lock->Value ? "Locked: no drag changes this value; press to unlock it"
+                                : "Lock this value, so that no drag changes it";
+}
+
+void Linkage_Screen::Say(const std::string& words) {
+    lbl_Why.Caption = words;
+    // A narrow window has not the room for the longest.
+    lbl_Why.Tip = words;
+}
+
+void Linkage_Screen::Say_Why(const Shown& now) {
+    if (now.Nothing()) return Say_Why_Refused();
+    const std::string refused = Why_Refused(Model);
+    Say(refused.empty() ? Why_Shown(Model, now.step) : refused);
+}
+
+void Linkage_Screen::Say_Why_Refused() {
+    const std::string words = Why_Refused(Model);
+    // Of a run that was ended the line has told already where it could not go on.
+    if (!words.empty() || Shown_Step() == kNoStep) Say(words);
+}
+
+void Linkage_Screen::Say_Anew() {
+    Say("");
+    Say_Why_Refused();
+}
+
+void Linkage_Screen::Say_Not_Followed(const Geometry& wished, int step) { Say(Why_Not_Followed(Model, wished, step)); }
+
+void Linkage_Screen::Say_Held(std::initializer_list<int> boxes) {
+    if (std::ranges::all_of(boxes, [this](int box) { return Held(box); })) Say(Why_Held(boxes));
+}
+
+bool Linkage_Screen::Held(int box) const { return Get<platform::Lock>("chk_Lock", box).Value; }
 
 void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
 

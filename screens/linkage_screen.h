@@ -1,9 +1,14 @@
 // What the input and animate screens share: the linkage as boxes and options, beside its picture.
 #pragma once
 
+#include <functional>
+#include <initializer_list>
 #include <string>
 
+#include "animation/shown.h"
 #include "core/number.h"
+#include "core/record/geometry.h"
+#include "platform/lock.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -35,6 +40,19 @@ class Linkage_Screen : public platform::Screen {
     /// The angle unit, beside `txt_Linkout`(5) and (6)
     platform::ControlArray<platform::Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}, {6, "deg"}}};
 
+    /// At the side of `txt_Linkout` of the same index: no drag changes what stands there. Both screens have them alike.
+    platform::ControlArray<platform::Lock> chk_Lock{*this,
+                                                    "chk_Lock",
+                                                    {{1, "Lock link 2"},
+                                                     {2, "Lock link 3"},
+                                                     {3, "Lock link 4"},
+                                                     {4, "Lock the distance to the coupler point"},
+                                                     {5, "Lock the angle to the coupler point"},
+                                                     {0, "Lock the length of link 1"},
+                                                     {6, "Lock the angle of link 1"},
+                                                     {15, "Lock x of O4"},
+                                                     {16, "Lock y of O4"}}};
+
     // The ground link, in one of two forms.
     platform::ControlArray<platform::OptionButton> opt_Polar{*this, "opt_Polar", {{0, "Cartesian"}, {1, "Polar"}}};
     platform::Frame SSFrame1{*this, "SSFrame1", "Link 1 Coords"};
@@ -52,6 +70,9 @@ class Linkage_Screen : public platform::Screen {
     platform::ControlArray<platform::OptionButton> opt_Shift_Drag{
         *this, "opt_Shift_Drag", {{0, "Cplr Pt"}, {1, "Crnk"}, {2, "Rckr"}, {3, "Grnd"}, {4, "Cplr"}}};
 
+    /// Under the picture: what cannot be, and what would do, for the position shown or for what was refused.
+    platform::Label lbl_Why{*this, "lbl_Why"};
+
     /// The position before the one shown and the one after it; beyond either end stands the other.
     platform::Shortcut key_Before{*this, "key_Before", "Left"};
     platform::Shortcut key_After{*this, "key_After", "Right"};
@@ -60,6 +81,24 @@ class Linkage_Screen : public platform::Screen {
     void opt_Shift_Drag_Click(int Index);
     virtual void opt_OpenCross_Click(int Index) = 0;
     virtual void txt_Linkout_LostFocus(int Index) = 0;
+    void chk_Lock_Click(int Index);
+
+    // For the hand on the joints.
+
+    /// Whether the box of `txt_Linkout` with that index keeps its value in a drag.
+    bool Held(int box) const;
+    /// Makes the run of the linkage in hand anew, without a word about what does not close, and shows that position.
+    virtual void Run_Dragged(int step) = 0;
+    /// Shows a position of the run that stands, with the bar.
+    virtual void Show_Dragged(int step) = 0;
+    /// A drag has asked for a linkage that does not close at that step; the one before it stands.
+    std::function<void(const Geometry& refused, int step)> OnRefused;
+
+    /// Nothing has followed the hand. Where all these boxes, which alone could, are locked, the line under the picture
+    /// says so until the next position is shown, as it says why a linkage is refused.
+    void Say_Held(std::initializer_list<int> boxes);
+    /// The position of the run in the picture, or `kNoStep`.
+    int Shown_Step() const { return line_ear.Step(); }
 
    protected:
     /// Targets of a shift-drag, as `ShiftDragTarget` has them.
@@ -87,8 +126,19 @@ class Linkage_Screen : public platform::Screen {
     void Show_Choices();
     /// Takes the circuit of the option over; false when the record has it already, or the screen is not up.
     bool Take_Circuit(int Index);
+    /// The line where a linkage or a run closes nowhere; empty where that is not so and nothing is shown.
+    void Say_Why_Refused();
+    /// The same on arriving: what it said of another linkage goes.
+    void Say_Anew();
+    void Tell_Locks();
     /// The title of the model in its box.
     static std::string Shown_Title();
+
+   private:
+    Position_Ear line_ear{*this, [this](const Shown& now) { Say_Why(now); }};
+    void Say(const std::string& words);
+    void Say_Why(const Shown& now);
+    void Say_Not_Followed(const Geometry& wished, int step);
 };
 
 }  // namespace verlink

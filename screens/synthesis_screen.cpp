@@ -84,7 +84,8 @@ void Synthesis_Screen::Write_Tips() {
     txt_Alpha2.Tip = "Turn of the coupler from position 1 to position 2, degrees";
     txt_Beta2.Tip = "Turn of W, the left grounded link, from position 1 to position 2, degrees";
     txt_Gamma2.Tip = "Turn of U, the right grounded link, from position 1 to position 2, degrees";
-    Image1.Tip = "The two dyads in their positions, the first one in full color";
+    Image1.Magnifies = true;
+    Image1.Tip = "The two dyads in their positions, the first one in full color; the wheel zooms, a double click fits";
     cmd_Calc.Tip = "Find both dyads and the linkage that they make";
     cmd_Print.Tip = "Print this screen; calculate first";
     cmd_Copy.Tip = "How to copy this screen to the clipboard; calculate first";

@@ -61,8 +61,8 @@ class Pen {
 
     void Disc(Spot center, double radius, Color color) {
         constexpr int kRings = 10;
-        for (int ring = 1; ring <= kRings; ++ring) surface_.Circle(X(center), Y(center), radius * ring / kRings, color);
-        surface_.Circle(X(center), Y(center), radius, Model.ColorBlack);
+        for (int ring = 1; ring <= kRings; ++ring) surface_.Pin(X(center), Y(center), radius * ring / kRings, color);
+        surface_.Pin(X(center), Y(center), radius, Model.ColorBlack);
     }
 
    private:

@@ -275,8 +275,8 @@ class Drawing {
     void Disc(Vector center, double radius, Color rim) {
         constexpr int kRings = 4;
         for (int i = 1; i < kRings; ++i)
-            surface_.Circle(center.real(), center.imag(), radius * i / kRings, Model.ColorWhite);
-        surface_.Circle(center.real(), center.imag(), radius, rim);
+            surface_.Pin(center.real(), center.imag(), radius * i / kRings, Model.ColorWhite);
+        surface_.Pin(center.real(), center.imag(), radius, rim);
     }
 
     /// A ground pivot: a triangle on hatched ground.
@@ -298,7 +298,7 @@ class Drawing {
     void Pins(int j) {
         for (const Dyad* dyad : {&left_, &right_})
             Disc(dyad->Pin(j), kPin * side_, j == 0 ? Model.ColorBlack : Model.ColorGray);
-        surface_.Circle(P(j).real(), P(j).imag(), kPin * 0.6 * side_, Model.ColorMagenta);
+        surface_.Pin(P(j).real(), P(j).imag(), kPin * 0.6 * side_, Model.ColorMagenta);
     }
 
     /// Vectors of position 1 are named beside their middles, away from the rest; coupler points away from the coupler.

@@ -86,7 +86,7 @@ TEST_F(AfterARun, ATraceKeepsEveryPosition) {
             const double x = Model.RunTable.PointXY(step, row, 0);
             const double y = Model.FlipSum - Model.RunTable.PointXY(step, row, 1);
             pins += static_cast<int>(
-                seen.count({static_cast<int>(platform::Picture::Primitive::Kind::kCircle), 0, x, y, radius, 0}));
+                seen.count({static_cast<int>(platform::Picture::Primitive::Kind::kPin), 0, x, y, radius, 0}));
         }
     // The first and the last position of a full turn are the same but for the last bits.
     EXPECT_GE(pins, 36 * 3);

@@ -128,6 +128,81 @@ TEST_F(Determinism, LongRunsHaveTheBitsOfSingleSolutions) {
     EXPECT_GT(open, 1000);
 }
 
+/// The steps of an angle run that can be solved side by side, with these lanes; gives back how many.
+int Look_Ahead_By(Lanes lanes) {
+    Integer result = kRetrying;
+    Model.Alpha2 = 0;
+    Model.Omega2 = Model.Omega2Input;
+    Model.Theta2Rad = Model.ThetaStartRad - Model.Link1AngleRad;
+    Clear_RunTable();
+    Calculate(0, result);
+    LookAhead ahead(lanes);
+    int solved = 0;
+    double angle = Model.Theta2Rad + Model.ThetaStepRad;
+    for (int step = 1; step + LookAhead::kSteps <= Model.NSteps; step += LookAhead::kSteps) {
+        const bool done = ahead.Solve(step, [&](double& theta2, double& omega2) {
+            theta2 = angle;
+            omega2 = Model.Omega2;
+            angle = Single(angle + Model.ThetaStepRad);
+            return true;
+        });
+        if (done) solved += LookAhead::kSteps;
+    }
+    return solved;
+}
+
+TEST_F(Determinism, StepsAheadHaveTheSameBitsInFoursAsInPairs) {
+    if (Widest_Lanes() != Lanes::kFour) GTEST_SKIP() << "this machine has no fours";
+    std::mt19937 random(21);
+    std::uniform_real_distribution<double> length(0.5, 4), angle(-180, 180);
+    int ahead = 0;
+    for (int i = 0; i < 200; ++i) {
+        Reset_Model();
+        Take_Crank_Rocker();
+        Take_Lengths(length(random), length(random), length(random), length(random));
+        Take_Coupler_Point(length(random), angle(random));
+        Take_Circuit(1 + i % 2);
+        Turn_Ground(i % 3 == 0 ? angle(random) : 0);
+        Model.ModuloMode = i % 5 == 0 ? "180" : i % 5 == 1 ? "none" : "abs";
+        Model.Units = 1 + i % 5;
+        Model.Parallelogram = i % 7 == 0;
+        Model.Omega2Input = i % 11 == 0 ? 2e18 : 10;  // too fast for some of the steps
+        Take_Angles(-30, 330, 1);
+        Notes notes(desktop);
+        const int by_pairs = Look_Ahead_By(Lanes::kTwo);
+        const RunResults pairs = Results();
+        ASSERT_EQ(Look_Ahead_By(Lanes::kFour), by_pairs) << "linkage " << i;
+        Expect_Equal_Results(pairs, Model.RunTable, Model.NSteps);
+        if (HasFatalFailure()) FAIL() << "linkage " << i;
+        ahead += by_pairs;
+    }
+    EXPECT_GT(ahead, 20000);
+}
+
+TEST_F(Determinism, CrankAnglesOfManyThousandTurnsHaveTheBitsOfSingleSolutions) {
+    Take_Crank_Rocker();
+    Take_Angles(0, 360, 1);
+    constexpr double kFar = 3e6;
+    const auto far_away = [](double& theta2, double& omega2) {
+        theta2 = kFar;
+        omega2 = Model.Omega2;
+        return true;
+    };
+    Integer result = kRetrying;
+    Model.Theta2Rad = kFar;
+    Calculate(0, result);
+    for (const Lanes lanes : {Lanes::kTwo, Widest_Lanes()}) {
+        Clear_RunTable();
+        // Or they are left to those.
+        if (!LookAhead(lanes).Solve(1, far_away)) continue;
+        const RunResults several = Results();
+        Calculate(1, result);
+        EXPECT_EQ(several.Theta(1, 1), Model.RunTable.Theta(1, 1));
+        EXPECT_EQ(several.AccXY(1, 2, 0), Model.RunTable.AccXY(1, 2, 0));
+    }
+    EXPECT_TRUE(LookAhead(Lanes::kTwo).Solve(1, far_away));
+}
+
 TEST_F(Determinism, LongTimeRunsHaveTheBitsOfSingleSolutions) {
     Take_Crank_Rocker();
     Model.Calctype = 2;

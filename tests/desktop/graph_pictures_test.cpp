@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPainter>
 #include <QPrinter>
 #include <QProcess>
@@ -17,6 +18,7 @@
 #include <QXmlStreamReader>
 
 #include "desktop/printing.h"
+#include "files/picture_files.h"
 #include "output/graph_scale.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -48,6 +50,8 @@ class GraphPicturesTest : public GraphWidgetTest {
         // Through the window, as a real click comes, and not to the widget that is meant to have it.
         QTest::mousePress(widget->windowHandle(), Qt::RightButton, {}, {200, 200});
         QTest::mouseRelease(widget->windowHandle(), Qt::RightButton, {}, {200, 200});
+        // What was chosen is done when the menu has gone.
+        Settle();
         return offered;
     }
 
@@ -57,15 +61,18 @@ class GraphPicturesTest : public GraphWidgetTest {
             auto& dialog = static_cast<QFileDialog&>(window);
             EXPECT_EQ(dialog.windowTitle(), "Save picture");
             EXPECT_EQ(dialog.nameFilters(),
-                      QStringList({"PNG picture (*.png)", "SVG drawing (*.svg)", "PDF document (*.pdf)"}));
+                      QStringList({"PNG picture, 900 x 500 pixels (*.png)", "PNG picture, 1800 x 1000 pixels (*.png)",
+                                   "PNG picture, 3600 x 2000 pixels (*.png)", "SVG drawing (*.svg)",
+                                   "PDF document (*.pdf)"}));
             auto& edit = Find<QLineEdit>(dialog, "fileNameEdit");
             EXPECT_EQ(edit.text(), "plot.png");
             auto& kinds = Find<QComboBox>(dialog, "fileTypeCombo");
             for (int i = 0; i < kinds_down; ++i) QTest::keyClick(&kinds, Qt::Key_Down);
+            for (int i = 0; i > kinds_down; --i) QTest::keyClick(&kinds, Qt::Key_Up);
             edit.setText(QString::fromStdString(Path(name)));
             dialog.findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
         });
-        EXPECT_EQ(Take(0), (QStringList{"Save picture...", "Copy picture"}));
+        EXPECT_EQ(Take(0), (QStringList{"Save Picture...", "Copy Picture"}));
     }
 
     static void Expect_Vectors_With_Words(const std::string& path, const std::vector<std::string>& words) {
@@ -96,8 +103,19 @@ TEST_F(GraphPicturesTest, Save_picture_writes_a_png_of_twice_the_size_on_screen)
     Expect_Both_Curves(image);
 }
 
+TEST_F(GraphPicturesTest, A_png_has_the_density_taken_which_is_offered_the_next_time) {
+    Then_Save(1, "large");
+    EXPECT_EQ(QImage(QString::fromStdString(Path("large.png"))).size(), widget->size() * 4);
+    Then_Save(0, "as_large");
+    EXPECT_EQ(QImage(QString::fromStdString(Path("as_large.png"))).size(), widget->size() * 4);
+    Then_Save(-2, "small");
+    const QImage small(QString::fromStdString(Path("small.png")));
+    EXPECT_EQ(small.size(), widget->size());
+    Expect_Both_Curves(small);
+}
+
 TEST_F(GraphPicturesTest, Save_picture_writes_an_svg_of_vectors_that_opens) {
-    Then_Save(1, "curves");
+    Then_Save(2, "curves");
     const QString path = QString::fromStdString(Path("curves.svg"));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -129,7 +147,7 @@ TEST_F(GraphPicturesTest, Save_picture_writes_an_svg_of_vectors_that_opens) {
 }
 
 TEST_F(GraphPicturesTest, Save_picture_writes_a_pdf_of_vectors_whose_words_can_be_read) {
-    Then_Save(2, "curves");
+    Then_Save(3, "curves");
     const std::string path = Path("curves.pdf");
     Expect_Vectors_With_Words(path, {"(rad/sec)", "Crank Angle (Deg)", "Function 1", "Function 2"});
 }
@@ -168,9 +186,8 @@ TEST_F(GraphPicturesTest, A_picture_that_cannot_be_written_is_told) {
 
 TEST_F(GraphPicturesTest, The_end_of_the_name_tells_the_kind_and_a_lost_folder_is_no_picture) {
     const auto head = [&](const char* name, int bytes) {
-        const QString path = QString::fromStdString(Path(name));
-        widget->savePicture(path);
-        QFile file(path);
+        Write_Picture(*platform::Maker_Of(graph), Path(name), 2);
+        QFile file(QString::fromStdString(Path(name)));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.read(bytes);
     };
@@ -178,15 +195,18 @@ TEST_F(GraphPicturesTest, The_end_of_the_name_tells_the_kind_and_a_lost_folder_i
     EXPECT_EQ(head("plot.png", 4), "\x89PNG");
     EXPECT_EQ(head("plot.SVG", 5), "<?xml");
     for (const char* name : {"nowhere/plot.png", "nowhere/plot.svg", "nowhere/plot.pdf"})
-        EXPECT_EQ(Failure_Of([&] { widget->savePicture(QString::fromStdString(Path(name))); }), 76) << name;
+        EXPECT_EQ(Failure_Of([&] { Write_Picture(*platform::Maker_Of(graph), Path(name), 2); }), 76) << name;
 }
 
 TEST_F(GraphPicturesTest, Copy_picture_puts_both_curves_on_the_clipboard) {
     QApplication::clipboard()->clear();
-    EXPECT_EQ(Take(1), (QStringList{"Save picture...", "Copy picture"}));
+    EXPECT_EQ(Take(1), (QStringList{"Save Picture...", "Copy Picture"}));
     const QImage image = QApplication::clipboard()->image();
     EXPECT_EQ(image.size(), widget->size() * 2);
     Expect_Both_Curves(image);
+    const QByteArray vectors = QApplication::clipboard()->mimeData()->data(QStringLiteral("image/svg+xml"));
+    EXPECT_TRUE(vectors.startsWith("<?xml"));
+    EXPECT_TRUE(vectors.contains("Crank Angle (Deg)"));
 }
 
 }  // namespace verlink::test

@@ -229,7 +229,7 @@ TEST_F(RoadTest, Shift_and_the_mouse_reshape_the_coupler_curve) {
         const auto& drawing = Screens::Get("frm_Animate").Get<PictureBox>("Picture1").Drawing();
         const double x = (drawing.Left() + drawing.Right()) / 2, y = -(drawing.Top() + drawing.Bottom()) / 2;
         const double flip = drawing.Top() + drawing.Bottom();
-        const int step = Model.CurrentStep;
+        const int step = Screens::Get("frm_Animate").Get<platform::ScrollBar>("hsc_step").Value();
         const double ax = Model.RunTable.PointXY(step, 0, 0), ay = Model.RunTable.PointXY(step, 0, 1);
         move(at, Qt::ShiftModifier);
         EXPECT_NEAR(Model.Rpa, std::hypot(x - ax, flip + y - ay), 6e-4) << "rounded to three decimals in its box";

@@ -6,6 +6,7 @@
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
+#include "desktop/picture_widget.h"
 #include "platform/controls.h"
 #include "shell/startup.h"
 #include "tests/desktop/looks.h"
@@ -74,6 +75,42 @@ TEST_F(SizesTest, Toggles_over_a_turned_ground_have_room_and_move_nothing) {
         };
         const QRect picture = tell("108.2", "deg");
         EXPECT_EQ(tell("108.2", "deg to link 1"), picture);
+        form.hide();
+    }
+}
+
+TEST_F(SizesTest, In_a_maximised_window_the_drawing_of_the_animate_screen_is_the_hero) {
+    const QSize display = QGuiApplication::primaryScreen()->availableGeometry().size();
+    if (display.width() < 1366 || display.height() < 768) GTEST_SKIP() << "a display that nobody was promised";
+    desktop::Form& form = qt.formOf(Screens::Get("frm_Animate"));
+    form.applyShape();
+    form.show();
+    constexpr int kTitleBar = 28;
+    form.resize(display - QSize(0, kTitleBar));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.size(), display - QSize(0, kTitleBar));
+    const double side = form.picture("Picture1")->area().width();
+    EXPECT_GE(side, display.height() >= 1080 ? 820 : 520);
+    Expect_Nothing_Clipped(form);
+    form.hide();
+}
+
+TEST_F(SizesTest, Windows_come_up_with_room_for_the_drawing_and_may_be_made_smaller) {
+    if (QGuiApplication::primaryScreen()->availableGeometry().width() < 1366) GTEST_SKIP() << "no room for it";
+    for (const char* name : {"frm_Inputnew", "frm_Animate"}) {
+        SCOPED_TRACE(name);
+        desktop::Form& form = qt.formOf(Screens::Get(name));
+        form.applyShape();
+        form.show();
+        QCoreApplication::processEvents();
+        // 460 with its frame.
+        EXPECT_GE(form.picture("Picture1")->area().width(), 458);
+        const QSize came = form.size();
+        form.resize(1, 1);
+        QCoreApplication::processEvents();
+        EXPECT_LE(form.width(), came.width() - 40);
+        EXPECT_LE(form.height(), came.height() - 40);
+        Expect_Nothing_Clipped(form);
         form.hide();
     }
 }

@@ -3,6 +3,7 @@
 #include <QSvgRenderer>
 
 #include "desktop/printing.h"
+#include "files/picture_files.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "tests/desktop/graph_fixture.h"
@@ -16,7 +17,7 @@ using namespace platform;
 
 struct WindowWriter {
     const char* name;
-    void (*write)(desktop::GraphWidget& widget, const std::string& path);
+    void (*write)(desktop::GraphWidget& widget, const Graph& graph, const std::string& path);
 };
 
 QPrinter& Printer_To(const std::string& path) {
@@ -26,20 +27,20 @@ QPrinter& Printer_To(const std::string& path) {
     return printer;
 }
 
-void Save_Picture(desktop::GraphWidget& widget, const std::string& path) {
-    widget.savePicture(QString::fromStdString(path));
+void Save_Graph(desktop::GraphWidget&, const Graph& graph, const std::string& path) {
+    Write_Picture(*Maker_Of(graph), path, 2);
 }
 
 constexpr WindowWriter kWriters[] = {
-    {"a.png", Save_Picture},
-    {"a.svg", Save_Picture},
-    {"a.pdf", Save_Picture},
+    {"a.png", Save_Graph},
+    {"a.svg", Save_Graph},
+    {"a.pdf", Save_Graph},
     {"screen.pdf",
-     [](desktop::GraphWidget& widget, const std::string& path) {
+     [](desktop::GraphWidget& widget, const Graph&, const std::string& path) {
          desktop::printWidget(Printer_To(path), widget, QStringLiteral("Printed today."));
      }},
     {"table.pdf",
-     [](desktop::GraphWidget&, const std::string& path) {
+     [](desktop::GraphWidget&, const Graph&, const std::string& path) {
          desktop::printPages(Printer_To(path), {{"a line"}, {"another page"}}, QStringLiteral("Printed today."));
      }},
 };
@@ -60,7 +61,7 @@ TEST_P(WindowWriters, Leave_the_old_file_or_the_new_one_whole_and_tell_whichever
     const std::string path = Path("out/") + GetParam().name;
     std::vector<std::string> told;
     const auto write = [&] {
-        if (const auto failure = What_Failed([&] { GetParam().write(*widget, path); }))
+        if (const auto failure = What_Failed([&] { GetParam().write(*widget, graph, path); }))
             told.push_back(failure->Trouble().Words());
     };
     const int calls = Expect_Whole_Whatever_Fails(

@@ -261,6 +261,50 @@ TEST(InkTest, OverlappingStrokesOfOneColourShowNoSeams) {
     EXPECT_NEAR(one, many, 0.002 * one);
 }
 
+TEST(InkTest, UprightLinesTogetherAreThoseOneByOne) {
+    std::mt19937 dice(5);
+    std::uniform_real_distribution<double> x(-3, 203), y(-60, 260);
+    for (const int count : {0, 1, 7, 400}) {
+        std::vector<Ink::Upright> lines;
+        for (int i = 0; i < count; ++i) lines.push_back({x(dice), i % 3 == 0 ? y(dice) : 100.25, y(dice)});
+        if (count > 1) lines[1].y2 = lines[1].y1;
+        if (count > 2) lines[2] = {50.5, 80, NAN};
+        const auto poured = [](const std::function<void(Ink&)>& draw) {
+            Ink ink(200, 200);
+            draw(ink);
+            std::vector<std::uint32_t> pixels(200 * 200);
+            ink.Pour_Upon_Nothing(pixels, kBlack, 255);
+            return pixels;
+        };
+        for (const double width : {1.0, 2.5}) {
+            const auto together = poured([&](Ink& on) { on.Lines(lines, width); });
+            const auto one_by_one = poured([&](Ink& on) {
+                for (const auto& line : lines) on.Line({line.x, line.y1}, {line.x, line.y2}, width);
+            });
+            EXPECT_EQ(together, one_by_one) << count;
+        }
+    }
+}
+
+TEST(InkTest, WhatIsCoveredLiesInItsArea) {
+    Ink ink(203, 90);
+    EXPECT_EQ(ink.Covered().right, 0);
+    ink.Line({40.5, 20.5}, {60.5, 31.5}, 1);
+    const Ink::Area area = ink.Covered();
+    EXPECT_LE(area.left, 40);
+    EXPECT_GE(area.left, 32);
+    EXPECT_EQ(area.top, 20);
+    EXPECT_GE(area.right, 61);
+    EXPECT_LE(area.right, 68);
+    EXPECT_EQ(area.bottom, 32);
+    ink.Line({-50, 45}, {300, 45}, 1);
+    EXPECT_EQ(ink.Covered().left, 0);
+    EXPECT_EQ(ink.Covered().right, 203);
+    std::vector<std::uint32_t> pixels(203 * 90);
+    ink.Pour_Upon_Nothing(pixels, kBlack, 255);
+    EXPECT_EQ(ink.Covered().right, 0);
+}
+
 TEST(InkTest, StrokesAcrossTheEdgeStayOnTheSheet) {
     Poured([](Ink& on) {
         on.Line({-1e9, -50}, {1e9, 260}, 3);

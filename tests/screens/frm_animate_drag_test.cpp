@@ -5,6 +5,7 @@
 #include "core/parameters.h"
 #include "core/text.h"
 #include "dynamics/units.h"
+#include "files/in_hand.h"
 #include "tests/screens/frm_animate_fixture.h"
 
 namespace verlink::test {
@@ -17,8 +18,10 @@ class AnimateDrag : public AnimateScreen {
     /// Drags to a world point, y upward.
     void Drag(double x, double y) { form.Picture1.OnMouseMove(kLeft, kShift, x, Model.FlipSum - y); }
     double Value_In(int box) { return Val(Text_In(box)); }
-    static double A_x() { return Model.RunTable.PointXY(Model.CurrentStep, 0, 0); }
-    static double A_y() { return Model.RunTable.PointXY(Model.CurrentStep, 0, 1); }
+    /// The position in the picture.
+    int Shown() { return form.hsc_step.Value(); }
+    double A_x() { return Model.RunTable.PointXY(Shown(), 0, 0); }
+    double A_y() { return Model.RunTable.PointXY(Shown(), 0, 1); }
     static double Degrees(double x, double y) { return std::atan2(y, x) * 180 / M_PI; }
 };
 
@@ -97,21 +100,24 @@ TEST_F(AnimateDrag, TheCouplerPointGoesWhereTheMouseIs) {
     After_First_Picture([&] {
         Press(form, "cmd_Step");
         Choose_Option(form, "opt_Shift_Drag", 0);
-        // The position measured at is the next to be shown.
-        const int step = Model.CurrentStep;
-        EXPECT_EQ(step, 2);
+        // The position measured at is the one in the picture, not the next to be shown.
+        const int step = Shown();
+        EXPECT_EQ(step, 1);
+        EXPECT_EQ(Model.CurrentStep, 2);
         const double dx = 1.5 - A_x();
         const double dy = -1.25 - A_y();
         const double angle = Degrees(dx, dy) - Model.RunTable.Theta(step, 1);
         Drag(1.5, -1.25);
         EXPECT_NEAR(Value_In(4), std::hypot(dx, dy), 0.00051);
-        EXPECT_NEAR(Value_In(5), angle, 0.00051 + 360 * (angle < -270 ? 1 : 0));
+        EXPECT_NEAR(std::remainder(Model.Delta - angle, 360), 0, 0.00051);
         EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 0), 1.5, 0.002);
         EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 1), -1.25, 0.002);
+        EXPECT_EQ(Shown(), step);
+        EXPECT_EQ(Model.CurrentStep, 2);
     });
 }
 
-TEST_F(AnimateDrag, AfterTheLastStepTheFirstIsMeasuredAt) {
+TEST_F(AnimateDrag, AtTheLastStepItIsMeasuredThere) {
     After_First_Picture([&] {
         form.hsc_step.Drag(36);
         form.hsc_step.Drop();
@@ -120,8 +126,8 @@ TEST_F(AnimateDrag, AfterTheLastStepTheFirstIsMeasuredAt) {
         const double x = 1;
         const double y = -1;
         Drag(x, y);
-        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 0), x, 0.002);
-        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 1), y, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(36, 2, 0), x, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(36, 2, 1), y, 0.002);
     });
 }
 
@@ -156,14 +162,15 @@ TEST_F(AnimateDrag, TheGroundTakesLengthAndAngleInPolarCoordinates) {
     });
 }
 
-TEST_F(AnimateDrag, InPolarCoordinatesTheNewAngleIsMeasuredFromTheOldOne) {
+TEST_F(AnimateDrag, InPolarCoordinatesTheNewAngleIsMeasuredFromTheXAxisWhateverTheOldOne) {
     Turn_Ground(30);
     By_Angle(0, 360, 10);
     After_First_Picture([&] {
         Choose_Option(form, "opt_Shift_Drag", 3);
         Drag(2.5 * std::cos(50 * M_PI / 180), 2.5 * std::sin(50 * M_PI / 180));
         EXPECT_EQ(Text_In(0), "2.5");
-        EXPECT_EQ(Text_In(6), "20");
+        EXPECT_EQ(Text_In(6), "50");
+        EXPECT_EQ(Model.Link1Angle, 50);
     });
 }
 
@@ -180,16 +187,60 @@ TEST_F(AnimateDrag, OnATurnedGroundTheMouseIsTakenIntoTheLocalFrame) {
     });
 }
 
-TEST_F(AnimateDrag, OnATurnedGroundTheRockerIsStillMeasuredFromTheGlobalO4) {
+TEST_F(AnimateDrag, OnATurnedGroundTheRockerIsMeasuredFromWhereO4IsDrawn) {
     Turn_Ground(30);
     By_Angle(0, 360, 10);
     After_First_Picture([&] {
         Choose_Option(form, "opt_Shift_Drag", 2);
-        const double x = 3 * std::cos(M_PI / 6) + 3 * std::sin(M_PI / 6);
-        const double y = -3 * std::sin(M_PI / 6) + 3 * std::cos(M_PI / 6);
-        const double length = std::hypot(x - Model.Link1X, y - Model.Link1Y);
+        const double length = std::hypot(3 - 2.667 * std::cos(M_PI / 6), 3 - 2.667 * std::sin(M_PI / 6));
         Drag(3, 3);
         EXPECT_NEAR(Value_In(3), length, 0.00051);
+    });
+}
+
+TEST_F(AnimateDrag, OnATurnedGroundO4GoesWhereTheMouseIsInItsCoordinatesToo) {
+    Turn_Ground(30);
+    Model.PolarCoords = false;
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 3);
+        Drag(2.5, 0.51234);
+        EXPECT_EQ(Text_In(15), "2.5");
+        EXPECT_EQ(Text_In(16), "0.512");
+    });
+}
+
+TEST_F(AnimateDrag, AStillHandAsksForTheSameAgain) {
+    for (const bool autoscale : {true, false}) {
+        By_Angle(0, 360, 10);
+        After_First_Picture([&] {
+            form.chk_autoscale.Value = autoscale;
+            for (int option = 0; option <= 4; ++option) {
+                Choose_Option(form, "opt_Shift_Drag", option);
+                const double X = Model.AnimMin + 0.7 * (Model.AnimMax - Model.AnimMin);
+                const double Y = Model.AnimMin + 0.45 * (Model.AnimMax - Model.AnimMin);
+                form.Picture1.OnMouseMove(kLeft, kShift, X, Y);
+                const std::string first = What_Counts();
+                for (int i = 0; i < 5; ++i) form.Picture1.OnMouseMove(kLeft, kShift, X, Y);
+                EXPECT_EQ(What_Counts(), first) << "option " << option;
+                EXPECT_TRUE(form.cmd_Animate.Enabled);
+            }
+        });
+    }
+}
+
+TEST_F(AnimateDrag, TheCrankAt135DegreesStaysThere) {
+    By_Angle(0, 360, 5);
+    After_First_Picture([&] {
+        form.hsc_step.Drag(27);
+        form.hsc_step.Drop();
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        const double side = std::sqrt(0.5);
+        Drag(-1.25 * side, 1.25 * side);
+        EXPECT_EQ(Text_In(1), "1.25");
+        EXPECT_EQ(Number(), "135.0");
+        EXPECT_NEAR(A_x(), -1.25 * side, 1e-5);
+        EXPECT_NEAR(A_y(), 1.25 * side, 1e-5);
     });
 }
 

@@ -252,7 +252,7 @@ TEST_F(HomeActivationTest, ThePictureHasRoomForCounterweightsWhereverTheyTurn) {
         home.Form_Activate();
         const auto& picture = home.Picture1.Drawing();
         for (const auto& drawn : picture.Primitives()) {
-            if (!drawn.alive || drawn.kind != platform::Picture::Primitive::Kind::kCircle) continue;
+            if (!drawn.alive || drawn.kind != platform::Picture::Primitive::Kind::kPin) continue;
             EXPECT_GE(drawn.x1 - drawn.x2, std::min(picture.Left(), picture.Right())) << angle;
             EXPECT_LE(drawn.x1 + drawn.x2, std::max(picture.Left(), picture.Right())) << angle;
             EXPECT_GE(drawn.y1 - drawn.x2, std::min(picture.Top(), picture.Bottom())) << angle;

@@ -69,8 +69,16 @@ std::string Call_Of(const Action& a) {
         case Deed::kMouse:
             return "Mouse" + on + ", " + index + ", " + Short(a.x) + ", " + Short(a.y) + ", " +
                    std::to_string(a.buttons) + ", " + std::to_string(a.keys) + ")";
+        case Deed::kSeek: return "Seek" + on + ", " + index + ", " + std::to_string(a.value) + ")";
         case Deed::kPicture: return "Click_Picture" + on + last;
         case Deed::kDoublePicture: return "Double_Picture" + on + last;
+        case Deed::kHover: return "Hover" + on + ", " + Short(a.x) + ", " + Short(a.y) + ")";
+        case Deed::kHaul:
+            return "Haul" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + Short(a.to_x) + ", " + Short(a.to_y) +
+                   ", " + std::to_string(a.keys) + last;
+        case Deed::kGlass:
+            return "Turn_Wheel" + on + ", " + Short(a.x) + ", " + Short(a.y) + ", " + std::to_string(a.value) + last;
+        case Deed::kOnPicture: return "On_Picture" + on + ", " + Quoted(a.text) + ")";
         case Deed::kScreen: return "Click(" + Quoted(a.screen) + ")";
         case Deed::kClose: return "Close(" + Quoted(a.screen) + ")";
         case Deed::kPulse: return "Pulse" + on + ")";
@@ -144,11 +152,36 @@ Action Mouse(std::string screen, std::string picture, int index, double x, doubl
             .buttons = buttons,
             .keys = keys};
 }
+Action Seek(std::string screen, std::string graph, int index, int point) {
+    return {.deed = Deed::kSeek, .screen = screen, .control = graph, .index = index, .value = point};
+}
 Action Click_Picture(std::string screen, std::string picture, int index) {
     return {Deed::kPicture, screen, picture, index};
 }
 Action Double_Picture(std::string screen, std::string picture, int index) {
     return {Deed::kDoublePicture, screen, picture, index};
+}
+Action Hover(std::string screen, std::string picture, double x, double y) {
+    return {.deed = Deed::kHover, .screen = screen, .control = picture, .x = x, .y = y};
+}
+Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys,
+            int index) {
+    return {.deed = Deed::kHaul,
+            .screen = screen,
+            .control = picture,
+            .index = index,
+            .x = x,
+            .y = y,
+            .keys = keys,
+            .to_x = to_x,
+            .to_y = to_y};
+}
+Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches, int index) {
+    return {
+        .deed = Deed::kGlass, .screen = screen, .control = picture, .index = index, .value = notches, .x = x, .y = y};
+}
+Action On_Picture(std::string screen, std::string picture, std::string key) {
+    return {.deed = Deed::kOnPicture, .screen = screen, .control = picture, .text = key};
 }
 Action Click(std::string screen) { return {Deed::kScreen, screen}; }
 Action Close(std::string screen) { return {Deed::kClose, screen}; }

@@ -35,11 +35,16 @@ enum class Deed {
     kMouse,       ///< the mouse is over a picture: x and y in parts of it, from the top left
     kPicture,     ///< a click on a picture
     kDoublePicture,
-    kScreen,  ///< a click on the screen itself
-    kClose,   ///< the window is closed
-    kPulse,   ///< a timer has run down
-    kKeys,    ///< keys that no button and no entry has
-    kDrop,    ///< a file is dropped on the window: `text` as `Places` writes it
+    kHover,      ///< the mouse is over a picture with no button down: x and y as with `kMouse`
+    kHaul,       ///< the left button goes down on a picture at x and y, and up at to_x and to_y
+    kGlass,      ///< the wheel is turned there by so many notches
+    kOnPicture,  ///< a key for a picture, in `text` as `Shortcut` has it
+    kScreen,     ///< a click on the screen itself
+    kClose,      ///< the window is closed
+    kPulse,      ///< a timer has run down
+    kKeys,       ///< keys that no button and no entry has
+    kSeek,       ///< the point of that number of a graph is sought by the mouse, which lets go there
+    kDrop,       ///< a file is dropped on the window: `text` as `Places` writes it
 };
 
 struct Action {
@@ -51,6 +56,7 @@ struct Action {
     int value = 0;
     double x = 0, y = 0;
     int buttons = 0, keys = 0;
+    double to_x = 0, to_y = 0;
     /// Only to look: when the user has the screen before him again, everything is as it was. What he does on the
     /// screens in between, to come back, is marked likewise.
     bool looks = false;
@@ -83,10 +89,17 @@ Action Thumb(std::string screen, std::string bar, int index, int value);
 Action Mouse(std::string screen, std::string picture, int index, double x, double y, int buttons, int keys);
 Action Click_Picture(std::string screen, std::string picture, int index = platform::kNoIndex);
 Action Double_Picture(std::string screen, std::string picture, int index = platform::kNoIndex);
+Action Hover(std::string screen, std::string picture, double x, double y);
+Action Haul(std::string screen, std::string picture, double x, double y, double to_x, double to_y, int keys,
+            int index = platform::kNoIndex);
+Action Turn_Wheel(std::string screen, std::string picture, double x, double y, int notches,
+                  int index = platform::kNoIndex);
+Action On_Picture(std::string screen, std::string picture, std::string key);
 Action Click(std::string screen);
 Action Close(std::string screen);
 Action Pulse(std::string screen, std::string timer);
 Action Keys(std::string screen, std::string shortcut);
+Action Seek(std::string screen, std::string graph, int index, int point);
 Action Drop(std::string screen, std::string path);
 
 /// A reply as it stands behind an action in a test.

@@ -379,6 +379,37 @@ TEST(WalkFound, ATextThatIsDoneAgainAfterACalculationWaitsInItsBox) {
     });
 }
 
+TEST(WalkFound, WhatLiesOverThePictureFallsWithTheRun) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Pick("frm_Inputnew", "mnu_ViewGrid"),
+        Type("frm_Inputnew", "txt_Linkout", 16, "2.6"),
+        Tick("frm_Inputnew", "chk_autocalc"),
+    });
+}
+
+TEST(WalkFound, WhatLiesOverThePictureIsOfTheNewRunWhereNothingIsDrawnAnew) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_ViewAccelerations").Looks(),
+        Pick("frm_HomeScreen", "mnu_Open").Opens("<samples>/second_stage.vlk"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Option("frm_Animate", "opt_OpenCross", 1),
+    });
+}
+
+TEST(WalkFound, WhatLiesOverThePictureGoesWithAModelThatWasDropped) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Tick("frm_Inputnew", "chk_autocalc"),
+        Option("frm_Inputnew", "opt_Calctype", 2),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Pick("frm_Inputnew", "mnu_ViewGrid"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Drop("frm_Animate", "<folder>/drive.out").Saves("<folder>/other.vlk"),
+    });
+}
+
 TEST(WalkFound, ATickOfTheAnimateScreenCountsAtOnce) {
     Expect_Sound({
         Pick("frm_HomeScreen", "mnu_Lobetra").Opens("<folder>/cam_mm.sva"),

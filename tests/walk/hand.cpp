@@ -3,7 +3,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
+#include <utility>
 
+#include "platform/graph.h"
+#include "platform/plot_box.h"
 #include "tests/support/scripted_desktop.h"
 
 namespace verlink::walk {
@@ -77,6 +81,66 @@ void Move_Mouse(PictureBox& box, const Action& action) {
                     drawing.Top() + action.y * (drawing.Bottom() - drawing.Top()));
 }
 
+Touch Touch_At(const PictureBox& box, double x, double y, int keys) {
+    const Picture& drawing = box.Drawing();
+    const Glass& glass = box.Through;
+    return {drawing.Left() + glass.Part_Across(x) * (drawing.Right() - drawing.Left()),
+            drawing.Top() + glass.Part_Down(y) * (drawing.Bottom() - drawing.Top()), keys, box.Pixel()};
+}
+
+/// In a few moves; where there is nothing to be taken, the glass moves.
+void Haul_Over(PictureBox& box, const Action& a) {
+    constexpr int kMoves = 3;
+    box.SetFocus();
+    if (!box.OnSeize || !box.OnSeize(Touch_At(box, a.x, a.y, a.keys))) {
+        box.Through = Moved(box.Through, a.to_x - a.x, a.to_y - a.y);
+        return;
+    }
+    for (int i = 1; i <= kMoves; ++i) {
+        const double part = static_cast<double>(i) / kMoves;
+        box.OnDrag(Touch_At(box, a.x + part * (a.to_x - a.x), a.y + part * (a.to_y - a.y), a.keys));
+    }
+    box.OnRelease();
+}
+
+void Press_On_Picture(PictureBox& box, const std::string& keys) {
+    int held = 0;
+    std::string key = keys;
+    for (const auto& [name, code] : {std::pair{"Shift+", 1}, std::pair{"Ctrl+", 2}})
+        if (key.starts_with(name)) {
+            held += code;
+            key.erase(0, std::string(name).size());
+        }
+    box.SetFocus();
+    box.OnKey({key, held, box.Pixel()});
+}
+
+bool Takes_Key(const PictureBox& box, const std::string& key) {
+    const std::vector<std::string> keys = Single_Keys(box.Keys);
+    return box.OnKey && std::ranges::find(keys, key) != keys.end();
+}
+
+/// Of a plot a part is enlarged, of which without windows nothing is to be seen.
+bool Looks_At_A_Plot(const PictureBox& box, Deed deed) {
+    return dynamic_cast<const PlotBox*>(&box) && (deed == Deed::kHaul || deed == Deed::kGlass);
+}
+
+void Use_Picture(PictureBox& box, const Action& action) {
+    if (Looks_At_A_Plot(box, action.deed)) return;
+    switch (action.deed) {
+        case Deed::kMouse: return Move_Mouse(box, action);
+        case Deed::kPicture: return box.OnClick();
+        case Deed::kDoublePicture: return box.OnDblClick();
+        case Deed::kHover:
+            box.OnHover(Touch_At(box, action.x, action.y, 0));
+            if (box.OnLeave && action.x < 0) box.OnLeave();
+            return;
+        case Deed::kHaul: return Haul_Over(box, action);
+        case Deed::kGlass: box.Through = Zoomed(box.Through, std::pow(1.2, action.value), action.x, action.y); return;
+        default: return Press_On_Picture(box, action.text);
+    }
+}
+
 void Use_List(Screen& top, const Action& action) {
     auto& list = top.Get<ComboBox>(action.control, action.index);
     list.SetFocus();
@@ -148,6 +212,10 @@ bool Possible(const Screen& top, const Action& action) {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnMouseMove;
         }
+        case Deed::kSeek: {
+            const auto* graph = Reached<Graph>(top, action);
+            return graph && graph->OnSeek && action.value >= 1 && action.value <= graph->NumPoints();
+        }
         case Deed::kPicture: {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnClick;
@@ -155,6 +223,19 @@ bool Possible(const Screen& top, const Action& action) {
         case Deed::kDoublePicture: {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnDblClick;
+        }
+        case Deed::kHover: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && box->OnHover;
+        }
+        case Deed::kHaul:
+        case Deed::kGlass: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && (box->Magnifies || Looks_At_A_Plot(*box, action.deed));
+        }
+        case Deed::kOnPicture: {
+            const auto* box = Reached<PictureBox>(top, action);
+            return box && Takes_Key(*box, action.text);
         }
         case Deed::kScreen:
         case Deed::kClose: return true;
@@ -193,9 +274,19 @@ void Do(Screen& top, const Action& action) {
         case Deed::kDrop: return top.OnDrop(action.text);
         case Deed::kScroll:
         case Deed::kThumb: return Use_Bar(top, action);
-        case Deed::kMouse: return Move_Mouse(top.Get<PictureBox>(action.control, action.index), action);
-        case Deed::kPicture: return top.Get<PictureBox>(action.control, action.index).OnClick();
-        case Deed::kDoublePicture: return top.Get<PictureBox>(action.control, action.index).OnDblClick();
+        case Deed::kMouse:
+        case Deed::kPicture:
+        case Deed::kDoublePicture:
+        case Deed::kHover:
+        case Deed::kHaul:
+        case Deed::kGlass:
+        case Deed::kOnPicture: return Use_Picture(top.Get<PictureBox>(action.control, action.index), action);
+        case Deed::kSeek: {
+            auto& graph = top.Get<Graph>(action.control, action.index);
+            graph.OnSeek(action.value);
+            if (graph.OnSought) graph.OnSought();
+            return;
+        }
         case Deed::kScreen: return top.Form_Click();
         case Deed::kClose: return top.Close();
         case Deed::kPulse: return Timer_Of(action)->Tick();

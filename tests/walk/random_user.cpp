@@ -6,7 +6,10 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/text.h"
+#include "platform/graph.h"
 #include "platform/guard.h"
+#include "platform/plot_box.h"
+#include "screens/joint_drag.h"
 #include "tests/walk/hand.h"
 #include "tests/walk/users.h"
 
@@ -102,12 +105,39 @@ bool May_Look(const Screen& top, const Action& action) {
         if (Is_Help_Entry(entry)) return true;
         // On the screens of a linkage the file menu takes over what is being typed.
         if (top.Name() != "frm_HomeScreen" && entry.Parent() && entry.Parent()->Name() == "mnu_File") return false;
-        for (const char* looking :
-             {"mnu_Help", "mnu_Linkage", "mnu_Calculations", "mnu_Open", "mnu_Saveas", "mnu_Lobetra", "mnu_Link_Data",
-              "mnu_Export_Torque", "mnu_pdx", "mnu_Quit", "mnu_UserName", "mnu_FilePath", "mnu_AppPath",
-              "mnu_ChangeUser", "mnu_About", "mnu_Cayley", "mnu_New"})
+        for (const char* looking : {"mnu_Help",
+                                    "mnu_Linkage",
+                                    "mnu_Calculations",
+                                    "mnu_Open",
+                                    "mnu_Saveas",
+                                    "mnu_Lobetra",
+                                    "mnu_Link_Data",
+                                    "mnu_Export_Torque",
+                                    "mnu_pdx",
+                                    "mnu_Quit",
+                                    "mnu_UserName",
+                                    "mnu_FilePath",
+                                    "mnu_AppPath",
+                                    "mnu_ChangeUser",
+                                    "mnu_About",
+                                    "mnu_Cayley",
+                                    "mnu_New",
+                                    "mnu_ViewPoles",
+                                    "mnu_ViewVelocities",
+                                    "mnu_ViewAccelerations",
+                                    "mnu_ViewPinForces",
+                                    "mnu_ViewShakingForce",
+                                    "mnu_ViewCurvature",
+                                    "mnu_ViewGrid",
+                                    "mnu_ViewNames",
+                                    "mnu_ViewGhosts",
+                                    "mnu_SavePicture",
+                                    "mnu_CopyPicture",
+                                    "mnu_SaveMotion"})
             if (name.starts_with(looking)) return true;
     }
+    if (action.deed == Deed::kHover || action.deed == Deed::kGlass) return true;
+    if (action.deed == Deed::kHaul && top.FindAs<PlotBox>(name, action.index)) return true;
     if (action.deed == Deed::kDrop)
         return top.Name() == "frm_HomeScreen" && std::ranges::count(Places::Foreign(), action.text) > 0;
     // A table of torques that is not taken leaves its box as it was.
@@ -119,7 +149,7 @@ bool May_Look(const Screen& top, const Action& action) {
 }
 
 std::string Extension_Of(const FileDialog& dialog) {
-    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx"})
+    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx", ".gif", ".png"})
         if (dialog.filter.find(extension) != std::string::npos) return extension;
     return ".vlk";
 }
@@ -192,7 +222,10 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
     const std::string& name = control.Name();
     const int index = control.Index();
     if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
-        if (In_Reach(*entry)) choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
+        // A film of many positions would hold up the walk.
+        const bool long_film = name == "mnu_SaveMotion" && Model.NSteps > 40;
+        if (In_Reach(*entry) && !long_film)
+            choices.push_back({Pick(screen, name, index), Is_Help_Entry(*entry) ? 0.04 : 0.4});
         return;
     }
     if (dynamic_cast<Shortcut*>(&control)) {
@@ -223,13 +256,45 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
         choices.push_back({Chance(0.5) ? Scroll(screen, name, index, value) : Thumb(screen, name, index, value), 1});
     } else if (auto* picture = dynamic_cast<PictureBox*>(&control)) {
         Add_Picture(choices, top, *picture);
+    } else if (auto* graph = dynamic_cast<Graph*>(&control)) {
+        if (graph->OnSeek && graph->NumPoints() > 0)
+            choices.push_back({Seek(screen, name, index, 1 + Below(graph->NumPoints())), 0.7});
     }
 }
 
 void Random_User::Add_Picture(Choices& choices, const Screen& top, const PictureBox& box) {
+    const std::string &screen = top.Name(), &name = box.Name();
     if (box.OnMouseMove) choices.push_back({Mouse_Over(top, box), 6});
+    if (box.Magnifies) {
+        const auto [x, y] = Somewhere(box);
+        choices.push_back({Turn_Wheel(screen, name, x, y, Below(9) - 4), 0.5});
+        const double far = Chance(0.7) ? 0.1 : 0.5;
+        const auto off = [&] { return far * (Below(201) - 100) / 100; };
+        choices.push_back(
+            {Haul(screen, name, x, y, x + off(), y + off(), Any<int>({0, 0, 0, 0, 2, 4, 1})), box.OnSeize ? 6.0 : 0.3});
+        if (box.OnHover) choices.push_back({Hover(screen, name, x, y), 0.7});
+        const std::vector<std::string> keys = Single_Keys(box.Keys);
+        // With a joint in the hand there is more to do.
+        if (!keys.empty()) choices.push_back({On_Picture(screen, name, Any(keys)), box.Lit.Get() ? 8.0 : 1.0});
+    }
+    if (dynamic_cast<const PlotBox*>(&box)) {
+        const auto part = [this] { return Below(1001) / 1000.0; };
+        choices.push_back({Haul(screen, name, part(), part(), part(), part(), 0, box.Index()), 0.3});
+        choices.push_back({Turn_Wheel(screen, name, part(), part(), Below(9) - 4, box.Index()), 0.3});
+    }
     if (box.OnClick) choices.push_back({Click_Picture(top.Name(), box.Name(), box.Index()), 0.3});
     if (box.OnDblClick) choices.push_back({Double_Picture(top.Name(), box.Name(), box.Index()), 0.3});
+}
+
+std::pair<double, double> Random_User::Somewhere(const PictureBox& box) {
+    const Joint joint = kJoints[Below(4)];
+    const auto* bar = box.Owner().FindAs<ScrollBar>("hsc_step");
+    const auto place = bar && Model.RunStands ? Place_Of(joint, Model, bar->Value()) : std::nullopt;
+    if (!place || Chance(0.2)) return {Below(1001) / 1000.0, Below(1001) / 1000.0};
+    const Picture& drawing = box.Drawing();
+    const Glass& glass = box.Through;
+    return {glass.Seen_Across((place->x - drawing.Left()) / (drawing.Right() - drawing.Left())),
+            glass.Seen_Down((Model.FlipSum - place->y - drawing.Top()) / (drawing.Bottom() - drawing.Top()))};
 }
 
 Action Random_User::Mouse_Over(const Screen& top, const PictureBox& box) {

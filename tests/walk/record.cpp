@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "files/model_file.h"
 #include "platform/guard.h"
+#include "screens/view_menu.h"
 
 namespace verlink::walk {
 
@@ -161,7 +162,8 @@ void Add_Control(const Control& control, Words& words) {
         words.emplace_back(name, std::to_string(bar->Value()));
     if (const auto* entry = dynamic_cast<const MenuEntry*>(&control)) {
         words.emplace_back(name + " is", entry->Visible ? entry->Enabled ? "open" : "closed" : "hidden");
-        words.emplace_back(name, Word(entry->Checked.Get()));
+        // What is chosen to be seen is no result.
+        if (!dynamic_cast<const View_Choice*>(entry)) words.emplace_back(name, Word(entry->Checked.Get()));
     }
     if (const auto* picture = dynamic_cast<const PictureBox*>(&control))
         words.emplace_back(name + " strokes", std::to_string(const_cast<PictureBox*>(picture)->Drawing().Alive()));

@@ -86,6 +86,10 @@ Found Undo_And_Redo_Bring_Back(const std::vector<std::shared_ptr<const Standing>
 /// not modified. Waits for the copy as long as it may take.
 Found A_Kill_Would_Lose_Nothing();
 
+// The rule of live plots: rules_live.cpp.
+/// What the pane shows is of the run as it stands, and its cursor within it.
+Found Live_Plots_Are_Of_The_Run(const platform::Screen& top);
+
 // Rules of what is told and drawn: rules_telling.cpp.
 /// The messages of one action with their answers, in their order.
 struct Told {
@@ -95,5 +99,10 @@ struct Told {
 Found Messages_Are_Few(const std::vector<Told>& told);
 Found Failures_Are_Known(const std::vector<Told>& told);
 Found Drawn_Is_Finite(const platform::Screen& top);
+/// What the line under a picture says of a position is so of the linkage as it stands.
+Found Quiet_Line_Is_Of_The_Model(const platform::Screen& top);
+
+// The rule of the menu View: rules_view.cpp.
+Found What_Lies_Over_It_Is_Of_The_Model(const platform::Screen& top);
 
 }  // namespace verlink::walk

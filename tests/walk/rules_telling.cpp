@@ -4,7 +4,10 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "core/why_words.h"
 #include "platform/graph.h"
+#include "platform/overlaid_picture.h"
+#include "screens/linkage_screen.h"
 #include "tests/walk/rules.h"
 
 namespace verlink::walk {
@@ -91,6 +94,12 @@ bool Finite(const Picture& picture) {
     });
 }
 
+bool Finite(const Overlay& over) {
+    return std::ranges::all_of(over.marks, [](const Overlay::Mark& mark) {
+        return std::isfinite(mark.from.x + mark.from.y + mark.to.x + mark.to.y + mark.radius);
+    });
+}
+
 bool Says_No_Number(const std::string& text) {
     for (std::size_t at = 0; at + 3 <= text.size(); ++at) {
         const std::string word = text.substr(at, 3);
@@ -138,6 +147,8 @@ Found Drawn_Is_Finite(const Screen& top) {
     for (Control* control : top.Controls()) {
         if (auto* box = dynamic_cast<PictureBox*>(control); box && !Finite(box->Drawing()))
             return Finding{"finite", top.Name() + "." + control->ObjectName(), "a stroke that is nowhere"};
+        if (auto* box = dynamic_cast<Overlaid_Picture*>(control); box && !Finite(box->Over))
+            return Finding{"finite", top.Name() + "." + control->ObjectName(), "a mark that is nowhere"};
         if (auto* graph = dynamic_cast<Graph*>(control))
             for (const Graph::Set& set : graph->Sets())
                 for (const double value : set.values)
@@ -148,6 +159,17 @@ Found Drawn_Is_Finite(const Screen& top) {
             return Finding{"finite", top.Name() + "." + control->ObjectName(), "it says " + label->Caption.Get()};
     }
     return {};
+}
+
+Found Quiet_Line_Is_Of_The_Model(const Screen& top) {
+    const auto* screen = dynamic_cast<const Linkage_Screen*>(&top);
+    // Without a run it speaks of what was refused; of a hand that nothing followed it speaks until a position is shown.
+    if (!screen || !Model.RunStands) return {};
+    const std::string& said = screen->lbl_Why.Caption;
+    if (said.empty() || said.starts_with("Not followed: ")) return {};
+    const std::string so = screen->Shown_Step() == kNoStep ? "" : Why_Shown(Model, screen->Shown_Step());
+    if (said == so) return {};
+    return Finding{"quiet line", top.Name(), "it says \"" + said + "\" where \"" + so + "\" is so"};
 }
 
 }  // namespace verlink::walk

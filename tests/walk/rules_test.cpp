@@ -1,10 +1,13 @@
 // Each rule notices what it is there for, and nothing where nothing is.
 #include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <thread>
 
 #include "core/linkage_model.h"
 #include "core/results.h"
+#include "platform/graph.h"
+#include "platform/overlaid_picture.h"
 #include "platform/process.h"
 #include "shell/copy.h"
 #include "shell/run_log.h"
@@ -120,6 +123,49 @@ TEST(WalkRules, Results_that_are_not_of_the_model) {
               "FFTDone");
 }
 
+TEST(WalkRules, Arrows_that_are_not_of_the_model) {
+    const std::vector<Action> chosen =
+        Then(kCalculated, {Pulse("frm_Inputnew", "Timer1"), Press("frm_Inputnew", "cmd_Step"),
+                           Pick("frm_Inputnew", "mnu_ViewVelocities").Looks()});
+    EXPECT_EQ(Broken_Rule(chosen, Nothing, kStay), "");
+    EXPECT_EQ(Broken_Rule(
+                  chosen, [](Screen& top) { top.Get<Overlaid_Picture>("Picture1").Over = Overlay(); }, kStay),
+              "over");
+    const auto shift = [](Screen& top) {
+        Overlay shifted = top.Get<Overlaid_Picture>("Picture1").Over;
+        shifted.marks.at(0).to.x += 1;
+        top.Get<Overlaid_Picture>("Picture1").Over = shifted;
+    };
+    EXPECT_EQ(Broken_Rule(chosen, shift, kStay), "over");
+}
+
+TEST(WalkRules, A_mark_that_is_nowhere) {
+    const auto spoil = [](Screen& top) {
+        Overlay spoilt;
+        spoilt.marks.push_back({.to = {std::nan(""), 0}});
+        top.Get<Overlaid_Picture>("Picture1").Over = spoilt;
+    };
+    EXPECT_EQ(Broken_Rule(kCalculated, spoil, kStay), "finite");
+}
+
+TEST(WalkRules, Live_plots_of_another_run) {
+    const std::vector<Action> watching =
+        Then(kCalculated, {Press("frm_Inputnew", "cmd_Done"), Pulse("frm_Animate", "Timer1"),
+                           Pick("frm_Animate", "mnu_ViewLive"), Item("frm_Animate", "cmb_LivePreset", kNoIndex, 5)});
+    const Action after = Seek("frm_Animate", "grf_Live", 1, 7);
+    EXPECT_EQ(Broken_Rule(watching, Nothing, after), "");
+    EXPECT_EQ(Broken_Rule(
+                  watching,
+                  [](Screen& top) {
+                      auto& graph = top.Get<Graph>("grf_Live", 2);
+                      graph.ThisSet = 1;
+                      graph.ThisPoint = 4;
+                      graph.SetGraphData(1e3);
+                  },
+                  after),
+              "live plots");
+}
+
 TEST(WalkRules, Something_that_a_kill_would_lose) {
     const std::vector<Action> modified =
         Then(kCalculated, {Type("frm_Inputnew", "txt_Linkout", 1, "1.4"), Press("frm_Inputnew", "cmd_Calc")});
@@ -155,6 +201,14 @@ TEST(WalkRules, A_screen_that_cannot_be_left) {
                   },
                   kStay),
               "ways home");
+}
+
+TEST(WalkRules, A_quiet_line_about_another_position) {
+    EXPECT_EQ(
+        Broken_Rule(
+            kCalculated,
+            [](Screen& top) { top.Get<Label>("lbl_Why").Caption = "Transmission angle 12.3 deg, under 40."; }, kStay),
+        "quiet line");
 }
 
 TEST(WalkRules, A_number_that_is_none_in_what_is_told_or_drawn) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/walk/walker.h"
@@ -40,6 +41,8 @@ class Random_User : public User {
     void Add(Choices& choices, platform::Screen& top, platform::Control& control, double boxes);
     void Add_Picture(Choices& choices, const platform::Screen& top, const platform::PictureBox& box);
     Action Mouse_Over(const platform::Screen& top, const platform::PictureBox& box);
+    /// A place on a picture, in parts of what is seen of it: often that of a joint.
+    std::pair<double, double> Somewhere(const platform::PictureBox& box);
     std::optional<Action> Pick_One(Choices& choices);
     Action Way_Back(platform::Screen& top);
     std::string Text_For(const platform::Screen& top, const std::string& box, int index, const std::string& now);

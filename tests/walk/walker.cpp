@@ -140,6 +140,7 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     done_.push_back(action);
     done_.back().replies.clear();
     pending_.Note(top, action);
+    const bool typing = pending_.Any_In_Hand(top);
     Action here = action;
     if (here.deed == Deed::kDrop) here.text = places_.Path(here.text);
     // Pressing a button leaves the box that is being typed into, and takes it over; and what a timer does that has yet
@@ -162,6 +163,15 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     }
     told_last_ = std::move(frames_.back().told);
     frames_.pop_back();
+    // What cannot be followed is not followed, and nobody is asked. Except: links next to nothing, whose angles cannot
+    // be computed, are told of as on any other road.
+    constexpr int kShift = 1;
+    if (action.deed == Deed::kHaul && action.keys != kShift && !typing)
+        Broken("hauling", [&]() -> Found {
+            if (told_last_.empty()) return {};
+            if (told_last_.front().message.text.find("has occurred in Calculate") != std::string::npos) return {};
+            return Finding{"hauling", top.Name(), "a drag of a joint says: " + told_last_.front().message.text};
+        });
 }
 
 const std::vector<Reply>& Walker::Given_So_Far() const {
@@ -233,7 +243,10 @@ void Walker::Rest(Screen& top) {
         if (over_) return;
     }
     if (Broken("finite", [&] { return Drawn_Is_Finite(top); })) return;
+    if (Broken("over", [&] { return What_Lies_Over_It_Is_Of_The_Model(top); })) return;
+    if (Broken("live plots", [&] { return Live_Plots_Are_Of_The_Run(top); })) return;
     if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
+    if (Broken("quiet line", [&] { return Quiet_Line_Is_Of_The_Model(top); })) return;
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
     tried_screen_ = top.Name();
     if (!over_) Check_Undo(top);

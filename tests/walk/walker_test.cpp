@@ -32,8 +32,9 @@ Walked Walk(User& user, const Places& places, const std::set<std::string>& witho
 }
 
 /// All rules, so that a walk goes on whatever it meets.
-const std::set<std::string> kEvery = {"messages",  "failures",     "finite",      "boxes",   "read back", "Calculated",
-                                      "one story", "DynamicsDone", "BalanceDone", "FFTDone", "files",     "looking"};
+const std::set<std::string> kEvery = {"messages",   "failures",  "finite",       "boxes",       "read back",
+                                      "Calculated", "one story", "DynamicsDone", "BalanceDone", "FFTDone",
+                                      "files",      "looking",   "quiet line"};
 
 TEST(Walker, ASeedIsAWalk) {
     const Places places;
@@ -135,6 +136,13 @@ TEST(Walker, AnActionIsPrintedAsTheLineOfATest) {
               "Press(\"frm_X\", \"cmd_Y\").Says(Answer::kAbort).Saves_Nothing().Prints(false).Looks()");
     EXPECT_EQ(Line_Of(Mouse("frm_X", "Picture1", kNoIndex, 0.25, 1, 1, 1)),
               "Mouse(\"frm_X\", \"Picture1\", kNoIndex, 0.25, 1, 1, 1)");
+    EXPECT_EQ(Line_Of(Haul("frm_X", "Picture1", 0.25, 1, 0.5, -0.1, 2)),
+              "Haul(\"frm_X\", \"Picture1\", 0.25, 1, 0.5, -0.1, 2)");
+    EXPECT_EQ(Line_Of(Hover("frm_X", "Picture1", 0.25, 1).Looks()), "Hover(\"frm_X\", \"Picture1\", 0.25, 1).Looks()");
+    EXPECT_EQ(Line_Of(Turn_Wheel("frm_X", "Picture1", 0.25, 1, -3)),
+              "Turn_Wheel(\"frm_X\", \"Picture1\", 0.25, 1, -3)");
+    EXPECT_EQ(Line_Of(On_Picture("frm_X", "Picture1", "Ctrl+Left")),
+              "On_Picture(\"frm_X\", \"Picture1\", \"Ctrl+Left\")");
     const Finding finding{"boxes", "frm_X.box", "it says so"};
     EXPECT_EQ(Test_Of({Close("frm_X")}, finding),
               "TEST(WalkFound, boxes_frm_X_box) {\n    // it says so\n    Expect_Sound({\n        Close(\"frm_X\"),\n"

@@ -14,10 +14,13 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QUrl>
+#include <QWheelEvent>
 #include <algorithm>
 #include <vector>
 
+#include "desktop/graph_widget.h"
 #include "desktop/picture_widget.h"
+#include "desktop/plot_hand.h"
 #include "desktop/text.h"
 #include "tests/walk/hand.h"
 
@@ -81,6 +84,55 @@ void Move_Mouse(desktop::PictureWidget& picture, const Action& action) {
     if (buttons != Qt::NoButton) picture.setFocus(Qt::MouseFocusReason);
     QMouseEvent move(QEvent::MouseMove, at, picture.mapToGlobal(at), Qt::NoButton, buttons, keys);
     QApplication::sendEvent(&picture, &move);
+}
+
+QPointF Place_On(const desktop::PictureWidget& picture, double x, double y) {
+    const QRectF place = picture.area();
+    return {place.x() + x * place.width(), place.y() + y * place.height()};
+}
+
+/// What lies over the picture and takes the mouse, else the picture.
+QWidget& Under_The_Mouse(desktop::PictureWidget& picture) {
+    for (QObject* beside : picture.parentWidget()->children())
+        if (auto* hand = dynamic_cast<desktop::PlotHand*>(beside)) return *hand;
+    return picture;
+}
+
+void Send_Mouse(desktop::PictureWidget& picture, QEvent::Type type, QPointF at, Qt::MouseButtons buttons, int held) {
+    Qt::KeyboardModifiers keys;
+    if (held & 1) keys |= Qt::ShiftModifier;
+    if (held & 2) keys |= Qt::ControlModifier;
+    if (held & 4) keys |= Qt::AltModifier;
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QWidget& under = Under_The_Mouse(picture);
+    const QPointF there = picture.mapToGlobal(at);
+    QMouseEvent event(type, under.mapFromGlobal(there), there, button, buttons, keys);
+    QApplication::sendEvent(&under, &event);
+}
+
+void Haul_Over(desktop::PictureWidget& picture, const Action& a) {
+    picture.setFocus(Qt::MouseFocusReason);
+    const QPointF from = Place_On(picture, a.x, a.y), to = Place_On(picture, a.to_x, a.to_y);
+    Send_Mouse(picture, QEvent::MouseButtonPress, from, Qt::LeftButton, a.keys);
+    for (const double part : {0.3, 0.7, 1.0})
+        Send_Mouse(picture, QEvent::MouseMove, from + part * (to - from), Qt::LeftButton, a.keys);
+    Send_Mouse(picture, QEvent::MouseButtonRelease, to, Qt::NoButton, a.keys);
+}
+
+void Turn_Wheel_Over(desktop::PictureWidget& picture, const Action& a) {
+    const QPointF at = Place_On(picture, a.x, a.y);
+    QWidget& under = Under_The_Mouse(picture);
+    const QPointF there = picture.mapToGlobal(at);
+    QWheelEvent event(under.mapFromGlobal(there), there, {}, {0, 120 * a.value}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&under, &event);
+}
+
+void Press_On(desktop::PictureWidget& picture, const std::string& keys) {
+    picture.setFocus(Qt::TabFocusReason);
+    if (!picture.hasFocus()) return;
+    const QKeyCombination key = QKeySequence::fromString(desktop::toQt(keys), QKeySequence::PortableText)[0];
+    QTest::keyClick(&picture, key.key(), key.keyboardModifiers());
 }
 
 /// The widget or menu entry of the action's control as what it is.
@@ -148,11 +200,29 @@ void Do_On_Widgets(desktop::Form& form, const Action& action) {
         case Deed::kMouse:
             return With_Widget<desktop::PictureWidget>(form, action,
                                                        [&](auto& picture) { Move_Mouse(picture, action); });
+        case Deed::kSeek:
+            return With_Widget<desktop::GraphWidget>(form, action, [&](desktop::GraphWidget& graph) {
+                auto* plot = graph.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).constFirst();
+                QTest::mouseClick(plot, Qt::LeftButton, {}, {graph.place(action.value - 1, 0).x(), plot->height() / 2});
+            });
         case Deed::kPicture:
             return With_Widget<QWidget>(form, action, [](auto& box) { QTest::mouseClick(&box, Qt::LeftButton); });
         case Deed::kDoublePicture:
             With_Widget<QWidget>(form, action, [](auto& box) { QTest::mouseDClick(&box, Qt::LeftButton); });
             return QCoreApplication::processEvents();
+        case Deed::kHover:
+            return With_Widget<desktop::PictureWidget>(form, action, [&](auto& picture) {
+                Send_Mouse(picture, QEvent::MouseMove, Place_On(picture, action.x, action.y), Qt::NoButton, 0);
+            });
+        case Deed::kHaul:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Haul_Over(picture, action); });
+        case Deed::kGlass:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Turn_Wheel_Over(picture, action); });
+        case Deed::kOnPicture:
+            return With_Widget<desktop::PictureWidget>(form, action,
+                                                       [&](auto& picture) { Press_On(picture, action.text); });
         case Deed::kScreen: return QTest::mouseClick(&form, Qt::LeftButton, {}, {3, form.height() - 3});
         case Deed::kClose: form.close(); return;
         case Deed::kPulse: return Wait_For_Pulse(*Timer_Of(action));

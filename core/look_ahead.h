@@ -1,0 +1,152 @@
+// Several positions of a run solved at once, for vectors of any width; the record is not known here.
+#pragma once
+
+#include "core/number.h"
+#include "core/pole.h"
+#include "core/position.h"
+#include "core/rounding.h"
+
+namespace verlink::ahead {
+
+/// So many steps at a time.
+inline constexpr int kSteps = 8;
+
+/// Where the results of step 0 go; those of the next steps follow.
+struct Columns {
+    Single *Theta[4], *Ratio, *Advantage, *Omega[3], *Alpha[3];
+    Single *Points[3][2], *Vel[3][2], *Acc[5][2], *Fixed[2], *Moving[2];
+};
+
+/// What all steps of a run have in common.
+struct Run {
+    LinkageShape shape;
+    Wrap wrap;
+    double Link1Angle;   ///< degrees
+    double factor;       ///< from stored to shown lengths
+    bool has_poles;      ///< not for a parallelogram
+    double Alpha2;       ///< rad/s^2
+    CouplerStart start;  ///< of the moving centrode
+    Columns columns;
+};
+
+/// Steps `step` to `step` + 7, at these crank angles (local, radians) and speeds before they are rounded. False, with
+/// nothing stored, when one of them needs the care of a single solution.
+using Solver = bool (*)(const Run& run, int step, const double* theta2, const double* omega2);
+bool Solve_By_Pairs(const Run& run, int step, const double* theta2, const double* omega2);
+/// For machines with AVX2; null in a build that has none.
+extern const Solver kSolve_By_Fours;
+
+/// What is stored of a vector of positions besides the positions themselves.
+template <class V>
+struct Steps {
+    Stored<V> Theta[4];
+    Stored<V> Points[3][2];
+    Stored<V> Ratio, Advantage;
+    Crossing<V> Fixed;
+    MovingPoint<V> Moving;
+};
+
+/// The poles of all, as ground and coupler see them: each kind of work for all in turn, so that their waits overlap.
+template <class V, int N>
+inline void Find_Poles(const Run& run, const Position<V> (&positions)[N], Steps<V> (&steps)[N]) {
+    for (int i = 0; i < N; ++i) {
+        const auto& p = positions[i];
+        steps[i].Fixed = Cross(V{}, V{}, Wide(p.Ax), Wide(p.Ay), Both<V>(run.shape.L1), V{}, Wide(p.Bx), Wide(p.By));
+    }
+    for (int i = 0; i < N; ++i) {
+        const auto& p = positions[i];
+        steps[i].Moving = On_Coupler(run.start, Wide(steps[i].Fixed.X), Wide(steps[i].Fixed.Y), Wide(p.Ax), Wide(p.Ay),
+                                     p.SinTheta3, p.CosTheta3);
+    }
+}
+
+/// The rest of a vector; false when one of its steps needs the care of a single solution.
+template <class V>
+inline bool Finish(const Run& run, Position<V>& p, Steps<V>& steps) {
+    Rounding<V> r = p.All;
+    Store_Angles(p, run.Link1Angle, run.wrap, r, steps.Theta);
+    r.Keep(steps.Ratio, Wide(p.Omega4) / p.Omega2);
+    r.Keep(steps.Advantage, p.Omega2 / Wide(p.Omega4));
+    V not_zero = p.A * p.D * p.S34 * p.G;
+    if (run.has_poles) {
+        r.Add(steps.Fixed.All.Sum());
+        r.Add(steps.Moving.All.Sum());
+        not_zero = not_zero * steps.Fixed.Run1 * steps.Fixed.Run2 * steps.Fixed.SlopeDifference;
+    }
+    steps.Points[0][0] = p.Ax;
+    steps.Points[0][1] = p.Ay;
+    steps.Points[1][0] = p.Bx;
+    steps.Points[1][1] = p.By;
+    steps.Points[2][0] = p.Px;
+    steps.Points[2][1] = p.Py;
+    if (run.factor != 1) {
+        const auto show = [&](auto& vectors) {
+            for (auto& vector : vectors)
+                for (auto& component : vector) r.Keep(component, Wide(component) * run.factor);
+        };
+        show(steps.Points);
+        show(p.Vel);
+        show(p.Acc);
+    }
+    return r.All_Finite() && !Is_Zero(not_zero);
+}
+
+/// Numbers that are known to be finite.
+template <class V>
+inline void Put(Single* column, int step, const Stored<V>& values) {
+    Single::Store_Finite<kLanesOf<V>>(&values, column + step);
+}
+
+template <class V>
+inline void Put_All(const Run& run, int step, const Position<V>& p, const Steps<V>& steps) {
+    const Columns& c = run.columns;
+    for (int row = 0; row <= 3; ++row) Put<V>(c.Theta[row], step, steps.Theta[row]);
+    Put<V>(c.Ratio, step, steps.Ratio);
+    Put<V>(c.Advantage, step, steps.Advantage);
+    const Stored<V> omegas[] = {Narrow(p.Omega2), p.Omega3, p.Omega4};
+    const Stored<V> alphas[] = {Narrow(p.Alpha2), p.Alpha3, p.Alpha4};
+    for (int row = 0; row <= 2; ++row) {
+        Put<V>(c.Omega[row], step, omegas[row]);
+        Put<V>(c.Alpha[row], step, alphas[row]);
+    }
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int point = 0; point <= 2; ++point) {
+            Put<V>(c.Points[point][axis], step, steps.Points[point][axis]);
+            Put<V>(c.Vel[point][axis], step, p.Vel[point][axis]);
+        }
+        for (int point = 0; point <= 4; ++point) Put<V>(c.Acc[point][axis], step, p.Acc[point][axis]);
+    }
+    if (!run.has_poles) return;
+    Put<V>(c.Fixed[0], step, steps.Fixed.X);
+    Put<V>(c.Fixed[1], step, steps.Fixed.Y);
+    Put<V>(c.Moving[0], step, steps.Moving.X);
+    Put<V>(c.Moving[1], step, steps.Moving.Y);
+}
+
+/// So many numbers in a row.
+template <class V>
+inline V Taken(const double* numbers) {
+    V taken{};
+    for (int i = 0; i < kLanesOf<V>; ++i) taken[i] = numbers[i];
+    return taken;
+}
+
+template <class V>
+inline bool Solve_All(const Run& run, int step, const double* theta2, const double* omega2) {
+    constexpr int kLanes = kLanesOf<V>, kVectors = kSteps / kLanes;
+    Position<V> positions[kVectors];
+    Steps<V> steps[kVectors];
+    for (int i = 0; i < kVectors; ++i) {
+        positions[i].Theta2 = Rounded(Taken<V>(theta2 + kLanes * i));
+        positions[i].Omega2 = Rounded(Taken<V>(omega2 + kLanes * i));
+        positions[i].Alpha2 = positions[i].Alpha2Before = Both<V>(run.Alpha2);
+    }
+    Solve(run.shape, positions);
+    if (run.has_poles) Find_Poles(run, positions, steps);
+    for (int i = 0; i < kVectors; ++i)
+        if (!Finish(run, positions[i], steps[i])) return false;
+    for (int i = 0; i < kVectors; ++i) Put_All(run, step + kLanes * i, positions[i], steps[i]);
+    return true;
+}
+
+}  // namespace verlink::ahead

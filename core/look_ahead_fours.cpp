@@ -1,0 +1,25 @@
+// Positions of a run in fours; built for machines with AVX2, and called on them alone.
+#include "core/look_ahead.h"
+
+namespace verlink::ahead {
+
+#ifdef __AVX2__
+namespace {
+
+/// No angle is further from these than a few turns.
+bool Is_Moderate(double angle) { return angle < kTrigonometryLimit / 2 && angle > -kTrigonometryLimit / 2; }
+
+bool Solve_By_Fours(const Run& run, int step, const double* theta2, const double* omega2) {
+    bool moderate = Is_Moderate(run.shape.DeltaRad);
+    for (int i = 0; i < kSteps; ++i) moderate = moderate && Is_Moderate(theta2[i]);
+    return moderate && Solve_All<Quad>(run, step, theta2, omega2);
+}
+
+}  // namespace
+
+const Solver kSolve_By_Fours = Solve_By_Fours;
+#else
+const Solver kSolve_By_Fours = nullptr;
+#endif
+
+}  // namespace verlink::ahead

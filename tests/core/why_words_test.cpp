@@ -1,0 +1,303 @@
+// The sentences of the quiet line, each with its exact text; angles and lengths are those of the law of cosines.
+#include "core/why_words.h"
+
+#include "core/classification.h"
+#include "core/linkage_door.h"
+#include "core/runs.h"
+#include "dynamics/units.h"
+#include "shell/initialize.h"
+#include "tests/support/fixture.h"
+
+namespace verlink::test {
+
+namespace {
+
+class WhyWordsTest : public Fixture {
+   protected:
+    WhyWordsTest() {
+        Initialize();
+        Use_Units(1);
+    }
+
+    /// Lengths in the shown unit.
+    static void Make(double L1, double L2, double L3, double L4, double ground = 0) {
+        const double shown = Shown_Factor();
+        Model.PolarCoords = true;
+        Model.L1 = L1 / shown;
+        Model.L2 = L2 / shown;
+        Model.L3 = L3 / shown;
+        Model.L4 = L4 / shown;
+        Model.Link1Angle = ground;
+        Derive_Linkage(Leading::kInForce);
+        Run_Dropped();
+        Classify_Linkage();
+    }
+    static void Run(double first, double last, double increment) {
+        Model.Calctype = 3;
+        Model.ThetaStart = first;
+        Model.ThetaEnd = last;
+        Model.ThetaStep = increment;
+        Model.ThetaStartRad = Model.ThetaStart * kDegToRad;
+        Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
+        Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
+        Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
+        Run_Unasked(Model);
+    }
+    /// What is said at a position of a run that has it second.
+    static std::string At(double angle) {
+        Run(angle - 1, angle + 1, 1);
+        return Why_Shown(Model, 1);
+    }
+    static std::string At_Once(double angle) {
+        Model.Calctype = 1;
+        Model.ThetaZero = angle;
+        Run_Unasked(Model);
+        return Why_Shown(Model, 0);
+    }
+    static void Triple_Rocker(double ground = 0) { Make(7, 4, 5, 4.5, ground); }
+};
+
+TEST_F(WhyWordsTest, Links_too_short_are_told_with_the_gap_and_the_nearest_angle_that_closes) {
+    Triple_Rocker();
+    Run(100, 140, 5);
+    EXPECT_EQ(Why_Shown(Model, 7),
+              "Coupler and rocker cannot meet at Theta2 = 135.0 deg: they are 0.727 in too short. Nearest angle that "
+              "closes: 116.8 deg.");
+    Run(-140, 100, 20);
+    EXPECT_EQ(Why_Shown(Model, 1),
+              "Coupler and rocker cannot meet at Theta2 = -120.0 deg: they are 0.144 in too short. Nearest angle that "
+              "closes: -116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, A_link_too_long_is_named) {
+    Make(3, 3, 1, 3.5);
+    Run(25, 65, 20);
+    EXPECT_EQ(
+        Why_Shown(Model, 1),
+        "Coupler and rocker cannot meet at Theta2 = 45.0 deg: the rocker is 0.204 in too long. Nearest angle that "
+        "closes: 49.3 deg.");
+    Make(3, 3, 3.5, 1);
+    Run(25, 65, 20);
+    EXPECT_EQ(
+        Why_Shown(Model, 1),
+        "Coupler and rocker cannot meet at Theta2 = 45.0 deg: the coupler is 0.204 in too long. Nearest angle that "
+        "closes: 49.3 deg.");
+}
+
+TEST_F(WhyWordsTest, A_gap_too_small_to_be_shown_is_less_than_the_last_decimal) {
+    Triple_Rocker();
+    Run(110, 116.81, 6.81);
+    EXPECT_EQ(Why_Shown(Model, 1),
+              "Coupler and rocker cannot meet at Theta2 = 116.8 deg: they are less than 0.001 in too short. Nearest "
+              "angle that closes: 116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Too_near_a_toggle_for_a_solution_an_angle_is_told_that_has_one) {
+    Triple_Rocker();
+    Run(110, 116.802, 6.802);
+    EXPECT_FALSE(Model.RunTable.Assembled(1));
+    EXPECT_EQ(
+        Why_Shown(Model, 1),
+        "Coupler and rocker are in line at Theta2 = 116.8 deg, a toggle, which has no solution. Nearest angle that "
+        "closes: 116.7 deg.");
+}
+
+TEST_F(WhyWordsTest, A_linkage_on_one_pivot_is_told_of_as_any_other) {
+    Make(0, 2, 3, 4);
+    Run(0, 90, 45);
+    EXPECT_EQ(Why_Refused(Model), "");
+    if (Model.RunTable.Assembled(1)) {
+        EXPECT_EQ(Why_Shown(Model, 1), "Transmission angle 29.0 deg, under 40.");
+    }
+}
+
+TEST_F(WhyWordsTest, A_poor_transmission_angle_is_told_and_a_good_one_is_not) {
+    Triple_Rocker();
+    EXPECT_EQ(At(60), "");
+    EXPECT_EQ(At(100), "");
+    EXPECT_EQ(At(0), "Transmission angle 36.3 deg, under 40.");
+}
+
+TEST_F(WhyWordsTest, Near_a_toggle_it_is_told_how_near) {
+    Triple_Rocker();
+    EXPECT_EQ(At(114.5), "Transmission angle 17.3 deg, under 40; 2.3 deg from the toggle at Theta2 = 116.8 deg.");
+    EXPECT_EQ(At(-110), "Transmission angle 30.2 deg, under 40; 6.8 deg from the toggle at Theta2 = 243.2 deg.")
+        << "as the read-out has it";
+    Make(3, 3, 1, 3.5);
+    EXPECT_EQ(At(55), "Transmission angle 37.2 deg, under 40; 5.8 deg from the toggle at Theta2 = 49.2 deg.");
+    EXPECT_EQ(At(305), "Transmission angle 37.2 deg, under 40; 5.8 deg from the toggle at Theta2 = 310.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Near_a_change_point_it_is_called_one) {
+    Make(4, 2, 4, 2);
+    EXPECT_EQ(At(95), "");
+    const std::string words = At(5);
+    EXPECT_EQ(words.substr(words.find("; ")), "; 5.0 deg from the change point at Theta2 = 0.0 deg.");
+    EXPECT_EQ(At_Once(0),
+              "Coupler and rocker are in line at Theta2 = 0.0 deg, a change point, which has no solution; the angles "
+              "beside it close.");
+}
+
+TEST_F(WhyWordsTest, Over_a_turned_ground_all_angles_are_those_of_the_read_out) {
+    Triple_Rocker(30);
+    Run(100, 170, 65);
+    EXPECT_EQ(Why_Shown(Model, 1),
+              "Coupler and rocker cannot meet at Theta2 = 165.0 deg: they are 0.727 in too short. Nearest angle that "
+              "closes: 146.8 deg.");
+    EXPECT_EQ(At(144.5), "Transmission angle 17.3 deg, under 40; 2.3 deg from the toggle at Theta2 = 146.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Lengths_are_told_in_each_unit_system) {
+    const char* told[] = {"0.727 in", "0.727 ft", "0.7273 m", "0.727 cm", "0.73 mm"};
+    for (int units = 1; units <= 5; ++units) {
+        SCOPED_TRACE(units);
+        Use_Units(units);
+        Triple_Rocker();
+        Run(100, 140, 5);
+        EXPECT_EQ(Why_Shown(Model, 7), "Coupler and rocker cannot meet at Theta2 = 135.0 deg: they are " +
+                                           std::string(told[units - 1]) +
+                                           " too short. Nearest angle that closes: 116.8 deg.");
+    }
+}
+
+TEST_F(WhyWordsTest, The_angle_that_closes_does) {
+    const double ground[] = {0, 30, -77.3};
+    for (const double turn : ground) {
+        Triple_Rocker(turn);
+        const std::string words = At(135 + turn);
+        const std::string told = words.substr(words.rfind(": ") + 2);
+        Run(std::stod(told) - 5, std::stod(told), 5);
+        EXPECT_TRUE(Model.RunTable.Assembled(1)) << told;
+    }
+}
+
+TEST_F(WhyWordsTest, A_linkage_that_closes_nowhere_is_told_with_the_length_that_would_do) {
+    Make(2, 1.5, 7.5, 2.75);
+    Model.ThetaZero = 0;
+    Run(0, 360, 10);
+    EXPECT_EQ(Why_Refused(Model),
+              "Link 3 (Coupler) is 1.25 in longer than the other three together; it closes under 6.25 in.");
+    Make(2, 1.5, 2.75, 6.25);
+    Run(0, 360, 10);
+    EXPECT_EQ(Why_Refused(Model), "Link 4 (Rocker) is as long as the other three together; it closes under 6.25 in.");
+    Use_Units(5);
+    Make(200, 900, 150, 75);
+    Run(0, 360, 10);
+    EXPECT_EQ(Why_Refused(Model),
+              "Link 2 (Crank) is 475 mm longer than the other three together; it closes under 425 mm.");
+}
+
+TEST_F(WhyWordsTest, A_run_without_a_position_is_told_with_all_that_would_do) {
+    Triple_Rocker();
+    Run(120, 200, 20);
+    EXPECT_FALSE(Model.RunStands);
+    EXPECT_EQ(
+        Why_Refused(Model),
+        "No position closes. At Theta2 = 120.0 deg coupler and rocker are 0.144 in too short; a coupler over 5.144 "
+        "in, a rocker over 4.644 in or 116.8 deg would do.");
+    At_Once(125);
+    EXPECT_EQ(Why_Refused(Model),
+              "At Theta2 = 125.0 deg coupler and rocker are 0.355 in too short; a coupler over 5.355 in, a rocker over "
+              "4.855 in or 116.8 deg would do.");
+    Make(3, 3, 1, 3.5);
+    Run(5, 45, 20);
+    EXPECT_EQ(Why_Refused(Model),
+              "No position closes. At Theta2 = 45.0 deg the rocker is 0.204 in too long; a coupler over 1.204 in, a "
+              "rocker under 3.296 in or 49.3 deg would do.");
+}
+
+TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_angles) {
+    Triple_Rocker();
+    Model.Omega2Input = -10;
+    Run(120, 165, 20);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 125.0 deg coupler and rocker"))
+        << Why_Refused(Model) << ", 40 deg before 165";
+    Model.Omega2Input = 0.1;
+    Model.Alpha2 = 0;
+    Model.ThetaZero = 120;
+    Model.Calctype = 2;
+    Model.TimeStart = 1;
+    Model.TimeEnd = 2;
+    Model.TimeStep = 0.5;
+    Model.NSteps = 2;
+    Run_Unasked(Model);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 125.7 deg coupler and rocker"))
+        << Why_Refused(Model) << ", 0.1 rad on";
+}
+
+TEST_F(WhyWordsTest, Nothing_is_refused_while_a_run_stands_or_some_of_it_closes) {
+    Triple_Rocker();
+    Run(0, 200, 20);
+    EXPECT_TRUE(Model.RunStands);
+    EXPECT_EQ(Why_Refused(Model), "");
+    Run_Dropped();
+    EXPECT_EQ(Why_Refused(Model), "");
+}
+
+TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
+    Triple_Rocker();
+    Run(100, 200, 10);
+    Run_Dropped();
+    EXPECT_EQ(Why_Shown(Model, 0),
+              "Coupler and rocker cannot meet at Theta2 = 120.0 deg: they are 0.144 in too short. Nearest angle that "
+              "closes: 116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, A_link_without_length_is_named) {
+    Triple_Rocker();
+    Run(0, 90, 45);
+    Geometry wished = Model;
+    wished.L2 = 0;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 1), "Not followed: Link 2 (Crank) has no length.");
+    Make(7, 4, 0, 4.5);
+    EXPECT_EQ(Why_Refused(Model), "Link 3 (Coupler) has no length.");
+}
+
+TEST_F(WhyWordsTest, A_drag_that_is_not_followed_is_told_with_the_length_that_would_do) {
+    Triple_Rocker();
+    Run(60, 100, 40);
+    Geometry wished = Model;
+    wished.L3 = 1.2;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 0),
+              "Not followed: with 1.2 in of link 3 coupler and rocker cannot meet at Theta2 = 60.0 deg; over 1.583 in "
+              "would do.");
+    wished = Model;
+    wished.L4 = 12;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 0),
+              "Not followed: with 12 in of link 4 coupler and rocker cannot meet at Theta2 = 60.0 deg; under 11.082 in "
+              "would do.");
+    wished = Model;
+    wished.L1 = 8.5;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 1),
+              "Not followed: with 8.5 in of link 1 coupler and rocker cannot meet at Theta2 = 100.0 deg; under 7.95 in "
+              "would do.");
+    wished = Model;
+    wished.L3 = 5.5;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 0), "Not followed: there it would close on its other circuit.");
+}
+
+TEST_F(WhyWordsTest, A_drag_of_the_pivot_is_told_in_the_frame_of_the_read_out) {
+    Triple_Rocker(30);
+    Run(90, 130, 40);
+    Geometry wished = Model;
+    wished.L1 = 8.5;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 1),
+              "Not followed: with 8.5 in of link 1 coupler and rocker cannot meet at Theta2 = 130.0 deg; under 7.95 in "
+              "would do.");
+    wished = Model;
+    wished.Link1Angle = 0;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 1),
+              "Not followed: coupler and rocker cannot meet at Theta2 = 130.0 deg.");
+}
+
+TEST_F(WhyWordsTest, Locks_are_named) {
+    EXPECT_EQ(Why_Held({1}), "Not followed: link 2 is locked.");
+    EXPECT_EQ(Why_Held({4, 5}),
+              "Not followed: the distance to the coupler point and the angle to the coupler point are locked.");
+    EXPECT_EQ(Why_Held({15, 16}), "Not followed: x of O4 and y of O4 are locked.");
+    EXPECT_EQ(Why_Held({0, 6}), "Not followed: the length of link 1 and the angle of link 1 are locked.");
+}
+
+}  // namespace
+
+}  // namespace verlink::test

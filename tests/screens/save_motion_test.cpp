@@ -1,0 +1,227 @@
+// A run saved as a film on the animate screen: its pictures and its time, and that nothing is left of the making.
+#include "animation/film.h"
+#include "files/picture_files.h"
+#include "platform/file_system.h"
+#include "platform/picture_pixels.h"
+#include "platform/settings.h"
+#include "screens/picture_entries.h"
+#include "tests/screens/frm_animate_fixture.h"
+#include "tests/support/gif_reader.h"
+
+namespace verlink::test {
+
+namespace {
+
+class Motion : public AnimateScreen {
+   protected:
+    Motion() { Model.ModelName = "press"; }
+
+    static void Take_Entry(int entry) {
+        platform::The_Settings().Put(platform::Entry_Setting("motion"), std::to_string(entry));
+    }
+    /// What the user saves, read back.
+    Gif_Read Saved(int entry) {
+        Take_Entry(entry);
+        desktop.Expect_Save(Path("run.gif"));
+        Pick_Menu(form, "mnu_SaveMotion");
+        return Read_Gif(platform::Read_File(Path("run.gif")));
+    }
+    struct Look {
+        std::set<Shape> drawn;
+        std::string number, header;
+        bool number_shown;
+        int bar, current;
+        double least, most;
+        bool operator==(const Look&) const = default;
+    };
+    Look Seen_Now() {
+        return {Seen(form.Picture1.Drawing()),
+                form.lbl_StepNumber.Caption,
+                form.lbl_Header.Caption,
+                form.lbl_StepNumber.Visible,
+                form.hsc_step.Value(),
+                Model.CurrentStep,
+                Model.AnimMin,
+                Model.AnimMax};
+    }
+    std::vector<std::uint32_t> Painted(int side) {
+        platform::PicturePixels pixels;
+        pixels.Paint(form.Picture1.Drawing(), side, side, side / form.Picture1.Across, form.Picture1.Across,
+                     form.Picture1.Across);
+        return pixels.Pixels();
+    }
+};
+
+}  // namespace
+
+TEST_F(Motion, Is_offered_under_the_models_name_in_four_sizes_in_real_time_and_as_played) {
+    Model.Omega2 = Model.Omega2Input = 10;
+    Model.AnimateWait = 100;
+    After_First_Picture([&] {
+        form.hsc_speed.SetValue(32767 - 5000);
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    const platform::FileDialog& dialog = desktop.Dialogs.back();
+    EXPECT_EQ(dialog.title, "Save motion");
+    EXPECT_EQ(dialog.file_name, "press_motion.gif");
+    EXPECT_EQ(dialog.kind, "motion");
+    EXPECT_EQ(dialog.filter_index, 2);
+    EXPECT_TRUE(dialog.warn_before_overwriting);
+    // 37 steps of 10 degrees at 10 rad/s, and of 50 ms.
+    EXPECT_EQ(dialog.filter,
+              "Animated GIF, 360 x 360 pixels, 0.65 s in real time|*.gif|"
+              "Animated GIF, 540 x 540 pixels, 0.65 s in real time|*.gif|"
+              "Animated GIF, 720 x 720 pixels, 0.65 s in real time|*.gif|"
+              "Animated GIF, 1080 x 1080 pixels, 0.65 s in real time|*.gif|"
+              "Animated GIF, 360 x 360 pixels, 1.85 s as played|*.gif|"
+              "Animated GIF, 540 x 540 pixels, 1.85 s as played|*.gif|"
+              "Animated GIF, 720 x 720 pixels, 1.85 s as played|*.gif|"
+              "Animated GIF, 1080 x 1080 pixels, 1.85 s as played|*.gif|");
+}
+
+TEST_F(Motion, Of_a_crank_that_stands_is_offered_as_played_alone) {
+    Model.Omega2 = 0;
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    EXPECT_EQ(desktop.Dialogs.back().filter.find("real time"), std::string::npos);
+    EXPECT_EQ(std::ranges::count(desktop.Dialogs.back().filter, '|'), 8);
+}
+
+TEST_F(Motion, Shows_each_position_for_its_time_as_it_is_painted) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        const Gif_Read film = Saved(1);
+        EXPECT_EQ(film.wide, 360);
+        EXPECT_EQ(film.high, 360);
+        EXPECT_TRUE(film.again_and_again);
+        // 10 degrees at 4 rad/s are 4.363 hundredths.
+        ASSERT_EQ(film.frames.size(), 37U);
+        EXPECT_EQ(film.Hundredths(), 161);
+        const auto plan = Film_Of(Steps_Shown(Model, Model.RunTable), *Real_Stride(Model));
+        std::vector<std::vector<std::uint32_t>> painted;
+        const Frame_Taker taker([&](int) {
+            painted.push_back(Painted(360));
+            return true;
+        });
+        Animate(form);
+        ASSERT_EQ(painted.size(), 37U);
+        for (std::size_t i = 0; i < 37; ++i) {
+            EXPECT_EQ(film.frames[i].hundredths, plan[i].hundredths) << i;
+            int most = 0;
+            for (std::size_t p = 0; p < painted[i].size(); ++p)
+                most = std::max(most, Apart(film.frames[i].pixels[p], painted[i][p]));
+            EXPECT_LT(most, 16) << i;
+        }
+        EXPECT_NE(painted[0], painted[9]);
+    });
+}
+
+TEST_F(Motion, Leaves_screen_picture_position_and_model_as_they_were) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        form.chk_Trace.Value = true;
+        for (int i = 0; i < 5; ++i) Press(form, "cmd_Step");
+        const Look before = Seen_Now();
+        const Position_Ear ear(form, nullptr);
+        const bool saved = Model.SavedFlag;
+        Position_Shown(form, 5);
+        Saved(1);
+        EXPECT_EQ(Seen_Now(), before);
+        EXPECT_EQ(ear.Step(), 5) << "who goes along with the drawing is told";
+        EXPECT_EQ(Model.SavedFlag, saved) << "a film is no model file";
+        const std::string number = Number();
+        Press(form, "cmd_Step");
+        EXPECT_NE(Number(), number) << "stepping goes on from there";
+    });
+}
+
+TEST_F(Motion, Tells_how_far_it_is_while_the_run_goes_by) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        std::vector<std::string> told;
+        const std::string before = form.lbl_Header.Caption;
+        form.lbl_Header.Watcher = [&] { told.push_back(form.lbl_Header.Caption); };
+        Saved(1);
+        form.lbl_Header.Watcher = nullptr;
+        EXPECT_NE(std::ranges::find(told, "Saving motion:\rpicture 1 of 37\rEscape cancels"), told.end());
+        EXPECT_NE(std::ranges::find(told, "Saving motion:\rpicture 36 of 37\rEscape cancels"), told.end());
+        EXPECT_EQ(told.back(), before);
+    });
+}
+
+TEST_F(Motion, That_the_user_stops_leaves_no_file_and_nothing_else) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        for (int i = 0; i < 5; ++i) Press(form, "cmd_Step");
+        const Look before = Seen_Now();
+        desktop.StopAtPause = desktop.Pauses.size() + 12;
+        desktop.Expect_Save(Path("run.gif"));
+        Pick_Menu(form, "mnu_SaveMotion");
+        EXPECT_EQ(desktop.Pauses.size(), desktop.StopAtPause) << "it ends there";
+        EXPECT_FALSE(platform::File_Exists(Path("run.gif")));
+        EXPECT_EQ(Seen_Now(), before);
+    });
+}
+
+TEST_F(Motion, That_cannot_be_written_is_told_and_leaves_no_file) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        const Look before = Seen_Now();
+        desktop.Expect_Save(Path("lost/run.gif"))
+            .Expect_Message("The motion could not be written to " + Path("lost/run.gif") + ".\r\nThere is no folder " +
+                                Path("lost") + ".",
+                            platform::Answer::kOk, platform::Icon::kExclamation);
+        Pick_Menu(form, "mnu_SaveMotion");
+        EXPECT_FALSE(platform::File_Exists(Path("lost/run.gif")));
+        EXPECT_EQ(Seen_Now(), before);
+    });
+}
+
+TEST_F(Motion, A_cancelled_dialog_plays_nothing) {
+    After_First_Picture([&] {
+        const Look before = Seen_Now();
+        const std::size_t pauses = desktop.Pauses.size();
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+        EXPECT_EQ(desktop.Pauses.size(), pauses);
+        EXPECT_EQ(Seen_Now(), before);
+    });
+}
+
+TEST_F(Motion, Of_one_position_or_without_a_run_is_refused_in_a_sentence) {
+    constexpr char kNone[] = "There is no run to be saved. Calculate one that moves first.";
+    After_First_Picture([&] {
+        Type(form, "txt_Linkout", 1, "1.3");
+        form.MoveFocus(&form.cmd_Recalc);
+        ASSERT_FALSE(Model.RunStands);
+        desktop.Expect_Message(kNone, platform::Answer::kOk, platform::Icon::kInformation);
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    Model.Calctype = 1;
+    desktop.Expect_Message(kNone);
+    Save_Motion(form, 0);
+}
+
+TEST_F(Motion, Shows_a_trace_and_the_glass_as_they_are_seen) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        const Gif_Read plain = Saved(1);
+        form.Picture1.Through = platform::Glass{.factor = 3, .across = 0.4, .down = 0.6};
+        const Gif_Read close = Saved(1);
+        form.Picture1.Through = platform::Glass{};
+        form.chk_Trace.Value = true;
+        const Gif_Read trace = Saved(1);
+        ASSERT_EQ(close.frames.size(), 37U);
+        ASSERT_EQ(trace.frames.size(), 37U);
+        EXPECT_NE(close.frames[20].pixels, plain.frames[20].pixels);
+        const auto inked = [](const Gif_Read::Frame& frame) {
+            return std::ranges::count_if(frame.pixels, [](std::uint32_t pixel) { return pixel != 0xFFFFFFFF; });
+        };
+        EXPECT_GT(inked(trace.frames[20]), 2 * inked(plain.frames[20])) << "every position so far";
+    });
+}
+
+}  // namespace verlink::test
