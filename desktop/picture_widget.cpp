@@ -1,11 +1,13 @@
 // Painting a list of primitives.
 #include "desktop/picture_widget.h"
 
+#include <QBackingStore>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QTimer>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -28,6 +30,8 @@ constexpr double kPen = platform::PicturePixels::kPen;
 constexpr double kDot = platform::PicturePixels::kDot;
 /// A larger circle is written as the part of it that is seen, nowhere further from it than the other.
 constexpr double kVast = 1e4, kOff = 0.01;
+/// Of a picture that is painted anew, so many primitives before the window answers again: some 20 ms.
+constexpr std::size_t kOneTurn = 5000;
 /// Of the ring around what the hand can take, logical pixels.
 constexpr double kLightRadius = 9;
 
@@ -233,7 +237,12 @@ void PictureWidget::paintPixels(QPainter& painter, const QRectF& place) {
     const double density = bare_ ? painter.device()->devicePixelRatioF() : devicePixelRatioF();
     const int wide = qRound(place.width() * density), high = qRound(place.height() * density);
     platform::PicturePixels& pixels = bare_ ? apart_ : pixels_;
-    if (bare_ || revision_ != picture_.Revision() || pixels.Wide() != wide || pixels.High() != high)
+    // Who takes the window's likeness gets the whole of it.
+    QBackingStore* shown = window()->backingStore();
+    QPoint offset;
+    const bool in_turns = !bare_ && shown && redirected(&offset) == shown->paintDevice();
+    pixels.Paint_In_Turns(in_turns ? kOneTurn : platform::PicturePixels::kAll);
+    if (bare_ || pixels.Behind() || revision_ != picture_.Revision() || pixels.Wide() != wide || pixels.High() != high)
         pixels.Paint(picture_, wide, high, density, place.width(), place.height(), glass_);
     const auto* bits = reinterpret_cast<const uchar*>(pixels.Pixels().data());
     QImage image(bits, wide, high, qsizetype{4} * wide, QImage::Format_RGB32);
@@ -242,6 +251,7 @@ void PictureWidget::paintPixels(QPainter& painter, const QRectF& place) {
     if (bare_) return;
     revision_ = picture_.Revision();
     stale_ = false;
+    if (pixels.Behind()) QTimer::singleShot(0, this, [this] { update(); });
 }
 
 /// Under the glass the part that is seen, as a picture of its own.

@@ -95,6 +95,8 @@ class PictureWidget : public QWidget {
     bool bare() const { return bare_; }
     /// Paints at once if the picture has changed since the last painting.
     void paintNow();
+    /// Does the window show all that is drawn? What is much comes in turns.
+    bool paintedAll() const { return !stale_ && !pixels_.Behind(); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -163,6 +163,16 @@ void PicturePixels::Grow_Sheet(const Picture& picture, std::uint32_t end, const 
     sheet_.end = end;
 }
 
+/// The stroke before which this painting ends.
+std::uint32_t PicturePixels::End_Of_Turn(const Picture& picture) const {
+    const List& list = picture.Primitives();
+    auto at = Place_Of(list, sheet_.end);
+    if (static_cast<std::size_t>(list.end() - at) <= most_) return picture.Strokes();
+    for (std::size_t left = most_; at != list.end() && left > 0; ++at) left -= at->alive ? 1 : 0;
+    while (at != list.end() && Within_A_Run(list, at)) ++at;
+    return at == list.end() ? picture.Strokes() : at->stroke;
+}
+
 void PicturePixels::Paint(const Picture& picture, int wide, int high, double density) {
     Paint(picture, wide, high, density, wide / density, high / density);
 }
@@ -190,16 +200,21 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
 
     const List& list = picture.Primitives();
     const Hand hand(picture, density, across, down, glass, ink_);
-    if (!Sheet_Holds(picture)) {
+    const bool lost = !Sheet_Holds(picture);
+    if (lost) {
         sheet_.end = 0;
         sheet_.alive = 0;
         std::ranges::fill(sheet_.pixels, Opaque(picture.Back()));
     }
-    Grow_Sheet(picture, Last_Break(list, seen_), hand);
+    // Where what turns had painted is erased again meanwhile, they might never come to an end.
+    const std::uint32_t turn = seen_ > 0 || lost ? picture.Strokes() : End_Of_Turn(picture);
+    behind_ = turn < picture.Strokes();
+    Grow_Sheet(picture, behind_ ? turn : Last_Break(list, seen_), hand);
     if (sheet_.alive > 0)
         front_ = sheet_.pixels;
     else
         std::ranges::fill(front_, Opaque(picture.Back()));
+    if (behind_) return;
     painted_ += hand.Draw(Place_Of(list, sheet_.end), list.end(), front_);
     seen_ = picture.Strokes();
 }

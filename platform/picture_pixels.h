@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "platform/glass.h"
@@ -21,6 +22,7 @@ class PicturePixels {
     static constexpr double kPen = 1.2, kDot = 1.6;
     /// Lines that go on from one another are drawn at every half pixel.
     static constexpr double kThinnest = 0.5;
+    static constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
 
     /// Brings the pixels up to date: `wide` by `high` of them, `density` for each one of the pens' measures. The
     /// window of the picture fills `across` by `down` of those measures, or the pixels where none are given; under a
@@ -28,6 +30,11 @@ class PicturePixels {
     void Paint(const Picture& picture, int wide, int high, double density = 1);
     void Paint(const Picture& picture, int wide, int high, double density, double across, double down,
                const Glass& glass = {});
+    /// A picture that is painted from the start may take several paintings, each of at most about so many primitives,
+    /// runs of one colour whole.
+    void Paint_In_Turns(std::size_t most) { most_ = most; }
+    /// Is the last painting not the whole picture?
+    bool Behind() const { return behind_; }
     /// Gives the memory back; the next painting is from the start.
     void Release() { *this = {}; }
 
@@ -49,6 +56,7 @@ class PicturePixels {
 
     bool Sheet_Holds(const Picture& picture) const;
     void Grow_Sheet(const Picture& picture, std::uint32_t end, const Hand& hand);
+    std::uint32_t End_Of_Turn(const Picture& picture) const;
 
     int wide_ = 0, high_ = 0;
     double density_ = 1, across_ = 0, down_ = 0;
@@ -56,6 +64,8 @@ class PicturePixels {
     std::uint64_t epoch_ = 0;
     std::uint32_t seen_ = 0;  ///< strokes of the list at the last painting
     std::size_t painted_ = 0;
+    std::size_t most_ = kAll;
+    bool behind_ = false;
     std::vector<std::uint32_t> front_;
     Sheet sheet_;
     Ink ink_;

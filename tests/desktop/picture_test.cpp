@@ -5,6 +5,8 @@
 #include <QPdfWriter>
 #include <QPicture>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 #include <cmath>
 #include <cstdlib>
 
@@ -165,6 +167,29 @@ TEST(PictureWidgetTest, A_window_that_is_hidden_keeps_no_pixels_and_shows_them_a
     const QImage shown = widget.grab().toImage();
     EXPECT_EQ(shown.pixel(50, 101), qRgb(255, 0, 255));
     EXPECT_EQ(shown.pixel(101, 20), qRgb(255, 0, 255));
+}
+
+TEST(PictureWidgetTest, Much_is_painted_in_turns_between_which_the_window_answers_and_a_likeness_is_whole) {
+    Picture picture;
+    picture.Scale(-5, -5, 5, 5);
+    for (int i = 0; i < 15000; ++i) picture.Line(-5, i * 6e-4 - 4.5, 5, 4.5 - i * 6e-4, i % 2 ? kMagenta : kGreen);
+    desktop::PictureWidget widget(picture, nullptr);
+    widget.resize(202, 202);
+    widget.show();
+    int answered = 0;
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, [&] { answered += widget.paintedAll() ? 0 : 1; });
+    answers.start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return widget.paintedAll(); }));
+    EXPECT_GE(answered, 2);
+    const QImage shown = widget.grab().toImage();
+
+    widget.resize(302, 302);
+    widget.repaint();
+    widget.resize(202, 202);
+    widget.repaint();
+    EXPECT_FALSE(widget.paintedAll());
+    EXPECT_EQ(widget.grab().toImage(), shown);
 }
 
 TEST(PictureWidgetTest, Lines_of_text_are_printed_within_the_picture_only) {

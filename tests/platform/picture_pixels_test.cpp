@@ -103,6 +103,42 @@ TEST_F(PicturePixelsTest, AnythingBitByBitIsTheSameAsAnew) {
     }
 }
 
+TEST_F(PicturePixelsTest, MuchIsPaintedInTurnsAndIsTheSameInTheEnd) {
+    constexpr std::size_t kMost = 30, kLongestRun = 91;
+    Play(true, true, 40);
+    const std::size_t alive = picture.Alive();
+    pixels.Paint_In_Turns(kMost);
+    std::size_t turns = 0, painted = 0;
+    do {
+        pixels.Paint(picture, 2 * kSide, 2 * kSide);
+        EXPECT_LE(pixels.Painted(), kMost + kLongestRun);
+        painted += pixels.Painted();
+    } while (pixels.Behind() && ++turns < alive);
+    EXPECT_GE(turns, 4U);
+    EXPECT_EQ(painted, alive) << "each once";
+    EXPECT_EQ(pixels.Pixels(), Anew(picture, 2 * kSide));
+}
+
+TEST_F(PicturePixelsTest, WhatIsDrawnAndErasedBetweenTurnsIsTheSameInTheEnd) {
+    std::mt19937 random(12);
+    const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    int behind = 0;
+    for (int i = 0; i < 2000; ++i) {
+        if (any(600) == 0) picture.Cls();
+        Linkage(any(60) * 0.1, any(2) ? kMagenta : kWhite, any(2) ? kRed : kWhite);
+        if (any(4)) continue;
+        pixels.Paint_In_Turns(any(3) ? 20 : 100);
+        pixels.Paint(picture, any(5) ? kSide : kSide + 1, kSide);
+        behind += pixels.Behind() ? 1 : 0;
+        if (any(8)) continue;
+        for (int turn = 0; pixels.Behind() && turn < 1000; ++turn) pixels.Paint(picture, pixels.Wide(), kSide);
+        PicturePixels anew;
+        anew.Paint(picture, pixels.Wide(), kSide);
+        ASSERT_EQ(pixels.Pixels(), anew.Pixels()) << "after " << i;
+    }
+    EXPECT_GT(behind, 50);
+}
+
 TEST_F(PicturePixelsTest, AnotherSizeOrDensityIsPaintedAnew) {
     Linkage(1, kMagenta, kBlack);
     for (const double density : {1.0, 1.5, 2.0})
