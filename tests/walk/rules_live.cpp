@@ -21,7 +21,7 @@ std::string In(const Screen& top, const char* box, int slot) {
 
 /// What is being typed into one of a function's boxes is chosen when the box is left.
 bool Is_Chosen(const Screen& top, int slot) {
-    const Output_Function& function = Live_Choice::Kept().functions[static_cast<std::size_t>(slot - 1)];
+    const Output_Function function = Live_Choice::Kept().functions[static_cast<std::size_t>(slot - 1)];
     const auto typed = [&](const char* box) { return top.Focus() == &top.Get<ComboBox>(box + std::to_string(slot)); };
     if (typed("cmb_LiveVar")) return In(top, "cmb_LiveVar", slot) == function.variable;
     if (typed("cmb_LiveCom")) return In(top, "cmb_LiveCom", slot) == function.component;
