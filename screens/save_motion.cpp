@@ -149,8 +149,8 @@ void Save_Motion(platform::Screen& form, int step) {
         std::vector<double> strides;
         if (const auto real = Real_Stride(Model)) strides.push_back(*real);
         strides.push_back(Played_Stride(Model));
-        std::vector<double> seconds;
-        for (const double stride : strides) seconds.push_back(stride * (steps.back() + 1 - steps.front()));
+        std::vector<double> seconds = strides;
+        for (double& whole : seconds) whole *= steps.back() + 1 - steps.front();
 
         constexpr int kSizes = static_cast<int>(kSides.size());
         const int entries = kSizes * static_cast<int>(strides.size());
