@@ -15,6 +15,7 @@
 #include "desktop/overlay_paint.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "platform/hatched_ground.h"
 #include "platform/picture_part.h"
 
 namespace verlink::desktop {
@@ -140,6 +141,11 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
                 for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
                 break;
             }
+            case Kind::kGround:
+                platform::Each_Ground_Stroke(from, primitive.x2 * std::fabs(perX), [&](Point a, Point b) {
+                    if (Clip_Segment(seen, a, b)) batch.segment(toQt(a), toQt(b));
+                });
+                break;
             case Kind::kDot:
                 if (seen.Holds(from)) batch.dot(toQt(from));
                 break;

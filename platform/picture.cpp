@@ -8,6 +8,7 @@
 
 #include "platform/clip.h"
 #include "platform/failure.h"
+#include "platform/hatched_ground.h"
 
 namespace verlink::platform {
 
@@ -182,6 +183,9 @@ void Picture::Circle(double x, double y, double radius, Color color) {
     Round(Primitive::Kind::kCircle, x, y, radius, color);
 }
 void Picture::Pin(double x, double y, double radius, Color color) { Round(Primitive::Kind::kPin, x, y, radius, color); }
+void Picture::Ground(double x, double y, double size, Color color) {
+    Round(Primitive::Kind::kGround, x, y, size, color);
+}
 
 void Picture::PSet(double x, double y, Color color) {
     Check(x, y);
@@ -233,6 +237,8 @@ class Picture::SvgPen {
                 Segment(at, Place(primitive.x2, primitive.y2), primitive.color);
             else if (primitive.kind == Primitive::Kind::kDot)
                 Dot(at, primitive.color);
+            else if (primitive.kind == Primitive::Kind::kGround)
+                Each_Ground_Stroke(at, radius, [&](Point from, Point to) { Segment(from, to, primitive.color); });
             else
                 Round(at, radius, primitive.color);
         }

@@ -21,13 +21,13 @@ namespace verlink::platform {
 class Picture : public Surface {
    public:
     struct Primitive {
-        enum class Kind : std::uint8_t { kSegment, kCircle, kDot, kPin };
+        enum class Kind : std::uint8_t { kSegment, kCircle, kDot, kPin, kGround };
         Kind kind;
         bool alive;
         Color color;
         std::uint32_t stroke;  ///< grows from one to the next of the list
         double x1, y1;         ///< start, centre or dot, world
-        double x2, y2;         ///< end of a segment; for a circle or a pin x2 is the radius
+        double x2, y2;         ///< end of a segment; else x2 is the radius of a circle or a pin, the size of a ground
     };
 
     void Scale(double x1, double y1, double x2, double y2) override;
@@ -39,6 +39,7 @@ class Picture : public Surface {
     void LineStep(double dx, double dy, Color color) override;
     void Circle(double x, double y, double radius, Color color) override;
     void Pin(double x, double y, double radius, Color color) override;
+    void Ground(double x, double y, double size, Color color) override;
     void PSet(double x, double y, Color color) override;
     void PSet(double x, double y) override;
 

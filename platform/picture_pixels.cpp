@@ -5,6 +5,8 @@
 #include <cmath>
 #include <iterator>
 
+#include "platform/hatched_ground.h"
+
 namespace verlink::platform {
 
 namespace {
@@ -134,13 +136,16 @@ class PicturePixels::Hand {
             }
             case Primitive::Kind::kCircle: ink_.Circle(from, primitive.x2 * std::abs(per_x_), pen_); break;
             case Primitive::Kind::kPin: ink_.Circle(from, primitive.x2 * pin_, pen_); break;
+            case Primitive::Kind::kGround:
+                Each_Ground_Stroke(from, primitive.x2 * pin_, [this](Point a, Point b) { ink_.Line(a, b, pen_); });
+                break;
             case Primitive::Kind::kDot: ink_.Disc(from, dot_); break;
         }
     }
 
     Ink& ink_;
     double pen_, dot_, per_x_, per_y_;
-    double pin_;         ///< pixels in one unit of a pin's radius
+    double pin_;         ///< pixels in one unit of a pin's radius or a ground's size
     double left_, top_;  ///< world, of what is seen
 };
 

@@ -1,4 +1,4 @@
-// What the program draws on: nine calls, in world coordinates.
+// What the program draws on, in world coordinates.
 #pragma once
 
 namespace verlink::platform {
@@ -32,6 +32,8 @@ class Surface {
     virtual void Circle(double x, double y, double radius, Color color) = 0;
     /// A circle that marks a place: its size on the screen is the same however closely it is looked at.
     virtual void Pin(double x, double y, double radius, Color color) { Circle(x, y, radius, color); }
+    /// The hatched ground under a pivot, below it on the screen; its size stays likewise.
+    virtual void Ground(double x, double y, double size, Color color) = 0;
     /// One dot, which becomes the current point.
     virtual void PSet(double x, double y, Color color) = 0;
     /// The same in the pen's own colour, black.

@@ -279,18 +279,9 @@ class Drawing {
         surface_.Pin(center.real(), center.imag(), radius, rim);
     }
 
-    /// A ground pivot: a triangle on hatched ground.
     void Pivot(Vector at, const char* name) {
         const double size = kPivot * side_;
-        const Vector left = at + Vector(-0.8, -1.5) * size, right = at + Vector(0.8, -1.5) * size;
-        Line(at, left, Model.ColorBlack);
-        Line(at, right, Model.ColorBlack);
-        Line(left - 0.4 * size, right + 0.4 * size, Model.ColorBlack);
-        constexpr int kHatches = 5;
-        for (int i = 0; i <= kHatches; ++i) {
-            const Vector top = left - 0.4 * size + (right - left + 0.8 * size) * (i / static_cast<double>(kHatches));
-            Line(top, top + Vector(-0.35, -0.45) * size, Model.ColorBlack);
-        }
+        surface_.Ground(at.real(), at.imag(), size, Model.ColorBlack);
         Disc(at, kPin * 1.3 * side_, Model.ColorBlack);
         Mark(name, at + Vector(0, -1.9) * size, {0, -1});
     }

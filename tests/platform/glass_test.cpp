@@ -119,6 +119,26 @@ TEST_F(PixelsTest, Lines_keep_their_widths_and_pins_their_size) {
     EXPECT_EQ(Painted(pin, {}), Painted(circle, {}));
 }
 
+TEST_F(PixelsTest, The_ground_under_a_pivot_keeps_its_size_and_hangs_down) {
+    Picture picture;
+    picture.Scale(-1, 1, 1, -1);
+    picture.Ground(0.02, 0.03, 0.05, 0);
+    const Glass near{8, 0.5, 0.5};
+    EXPECT_NEAR(Dark(Painted(picture, near)), Dark(Painted(picture, {})), 20);
+    const Sheet sheet = Painted(picture, {});
+    int above = 0, below = 0;
+    for (std::size_t i = 0; i < sheet.size(); ++i)
+        if ((sheet[i] & 0xFFFFFFU) != 0xFFFFFFU) (i / kSide < 144 ? above : below) += 1;
+    EXPECT_EQ(above, 0);
+    EXPECT_GT(below, 60);
+    const std::string svg = picture.Svg(100);
+    EXPECT_NE(svg.find("M51 48.5L49 52.25"), std::string::npos) << svg;
+    EXPECT_NE(svg.find("M48 52.25L54 52.25"), std::string::npos) << svg;
+
+    picture.Ground(0.02, 0.03, 0.05, 0xFFFFFF);
+    EXPECT_EQ(picture.Alive(), 0U);
+}
+
 TEST_F(PixelsTest, A_glass_that_moves_paints_anew_and_back_gives_the_same) {
     Picture picture;
     picture.Scale(-1, -1, 1, 1);

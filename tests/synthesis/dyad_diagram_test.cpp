@@ -63,7 +63,7 @@ struct DyadDiagram : Fixture {
     void Expect_All_Inside(const std::vector<DyadMark>& marks) const {
         const double air = 1e-9 * (picture.Right() - picture.Left());
         for (const auto& drawn : picture.Primitives()) {
-            const double reach = drawn.kind == Kind::kPin ? drawn.x2 : 0;
+            const double reach = drawn.kind == Kind::kPin ? drawn.x2 : drawn.kind == Kind::kGround ? 2 * drawn.x2 : 0;
             EXPECT_GE(drawn.x1 - reach, picture.Left() - air);
             EXPECT_LE(drawn.x1 + reach, picture.Right() + air);
             EXPECT_GE(drawn.y1 - reach, picture.Bottom() - air);
