@@ -65,6 +65,8 @@ void Transform_Dropped() { Turn(Model.FFTDone, false); }
 
 int Results_Turns() { return turns; }
 
+void Results_Put_Back() { ++turns; }
+
 void Model_Saved() { Results::Set(Model.SavedFlag, true); }
 
 void Model_Unsaved() { Results::Set(Model.SavedFlag, false); }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/results.h"
+#include "core/results_turns.h"
 #include "core/runs.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
@@ -116,6 +117,7 @@ struct Beside : Geometry, Drive, CamDrive, CentrodeScratch, MassProperties, Bala
 void Put_Flags(const StatusFlags& flags, LinkageModel& model) {
     const bool open = model.InputScreenOpen, back = model.ScreenReturn, started = model.JustStarted;
     static_cast<StatusFlags&>(model) = flags;
+    Results_Put_Back();
     model.InputScreenOpen = open;
     model.ScreenReturn = back;
     model.JustStarted = started;

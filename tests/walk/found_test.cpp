@@ -421,5 +421,15 @@ TEST(WalkFound, ATickOfTheAnimateScreenCountsAtOnce) {
     });
 }
 
+TEST(WalkFound, WhatLiesOverThePictureGoesWithAStepThatIsDoneAgainUnderAnotherScreen) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Watts"),
+        Pick("frm_Inputnew", "mnu_ViewPoles").Looks(),
+        Type("frm_Inputnew", "txt_Linkout", 15, "-1.252"),
+        Pick("frm_Inputnew", "mnu_Quit"),
+        Escape("frm_Quit"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
