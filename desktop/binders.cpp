@@ -280,6 +280,7 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
              }
              if (combo->currentIndex() != control.ListIndex()) combo->setCurrentIndex(control.ListIndex());
              if (combo->currentText() != toQt(control.Text)) combo->setEditText(toQt(control.Text));
+             if (!combo->hasFocus()) combo->lineEdit()->home(false);
              back();
              if (control.SelectedAll && !selected) {
                  combo->lineEdit()->selectAll();
@@ -295,9 +296,14 @@ QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
         });
         control.Notify();
     });
-    QObject::connect(combo, &QComboBox::activated, combo, [&form, &control](int index) {
+    QObject::connect(combo, &QComboBox::activated, combo, [&form, &control, combo](int index) {
         form.act(control, [&] { control.Choose(index); });
         control.Notify();
+        combo->lineEdit()->home(false);
+    });
+    // What is longer than the box shows its beginning.
+    QObject::connect(combo->lineEdit(), &QLineEdit::editingFinished, combo, [combo] {
+        if (!combo->hasFocus()) combo->lineEdit()->home(false);
     });
     return combo;
 }

@@ -27,6 +27,7 @@ constexpr double kThin = 1.5, kThick = 2.5;
 constexpr int kFew = 64;        ///< points that can be told apart, each with a mark on its stick
 constexpr int kLeastFrame = 8;  ///< a smaller frame is a trembling hand
 constexpr double kMostEnlarged = 1e-6;
+constexpr int kLeastAxes = 50, kLeastAxesInLine = 28;  ///< pixels
 
 bool marksPoints(const Graph& graph) { return Draws_Sticks(graph) && graph.NumPoints() <= kFew; }
 
@@ -305,6 +306,7 @@ class GraphWidget::Plot : public QCustomPlot {
         // Left enough for any value, so that graphs under one another have their points in line.
         const int left = graph.InLine ? QFontMetrics(font).horizontalAdvance(QStringLiteral("-0.00000")) + 24 : 0;
         axisRect()->setMinimumMargins(QMargins(left, 0, graph.InLine ? 16 : 0, 0));
+        axisRect()->setMinimumSize(kLeastAxes, graph.InLine ? kLeastAxesInLine : kLeastAxes);
     }
 
     /// The point that stands nearest to a place of the axis; of several there, the one next to the cursor.
@@ -433,6 +435,8 @@ class GraphWidget::Plot : public QCustomPlot {
             if (sets_[i].legend.empty() || !shown) continue;
             shown->setName(lines(sets_[i].legend));
             shown->addToLegend();
+            // At some densities a letter that hangs would be cut.
+            if (graph.InLine) legend->itemWithPlottable(shown)->setMargins(QMargins(0, 0, 0, 1));
         }
     }
 

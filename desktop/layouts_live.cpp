@@ -10,6 +10,7 @@
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
+#include "desktop/strips.h"
 #include "platform/settings.h"
 #include "screens/live_choice.h"
 
@@ -18,7 +19,7 @@ namespace verlink::desktop {
 namespace {
 
 constexpr char kWidth[] = "live.width";
-constexpr int kUsual = 380, kLeast = 260, kMost = 4000;
+constexpr int kUsual = 380, kLeast = 260, kMost = 4000, kLeastStrip = 68;
 
 /// Gives the pane the width that it had last whenever it comes up, and keeps the one that the hand gives it.
 class WidthKeeper : public QObject {
@@ -91,6 +92,7 @@ QLayout* choices(Form& form) {
 
 void addLivePane(Form& form, QSplitter* split) {
     QVBoxLayout* all = column();
+    all->addStrut(kLeast - 2 * kInset);
     QHBoxLayout* preset = row();
     preset->addWidget(labelOf(form.widget("lbl_LivePreset"), form.widget("cmb_LivePreset")));
     preset->addWidget(elastic(form.widget("cmb_LivePreset")), 1);
@@ -102,19 +104,14 @@ void addLivePane(Form& form, QSplitter* split) {
     form.frame("fra_LiveX")->setContent(columnOf({form.widget("opt_LiveX", 0), form.widget("opt_LiveX", 1)}, 2));
     all->addLayout(rowOf({form.widget("fra_LiveScale"), form.widget("fra_LiveX")}));
     all->addWidget(collapse(note(form.widget("lbl_LiveNote"), true)));
-    QVBoxLayout* graphs = column(2);
-    for (const int graph : {0, 1, 2, 3, 4}) {
-        QWidget* widget = collapse(form.widget("grf_Live", graph));
-        widget->setMinimumHeight(84);
-        graphs->addWidget(widget, 1);
-    }
+    auto* graphs = new Strips(kLeastStrip);
+    for (const int graph : {0, 1, 2, 3, 4}) graphs->addWidget(collapse(form.widget("grf_Live", graph)));
     // Where no graph is shown, its place stays empty and the boxes stay at the top.
     FrameBox* pane = form.frame("fra_Live");
     QWidget* place = around(pane, graphs);
     place->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     all->addWidget(place, 1);
     pane->setContent(all);
-    pane->setMinimumWidth(kLeast);
     collapse(pane);
     new WidthKeeper(split, pane);  // the pane's
     split->addWidget(pane);

@@ -318,8 +318,11 @@ void History::Go(std::vector<Step>& from, std::vector<Step>& to) {
     Settle_Flags(*step.moment);
     if (const Screen* top = Screen::Active(); top && Serves(*top)) {
         show_[top->Name()]();
+        const Integer shown = model_.CurrentStep;
         // Drawing takes settings over from the screen.
         Put_Values(*step.moment);
+        // Step goes on from what the screen shows, not from where it was then.
+        model_.CurrentStep = shown;
         Settle_Flags(*step.moment);
     }
     counts_ = What_Counts();

@@ -1,6 +1,7 @@
 // The pane of live plots in a real window: the hand in its graphs, and its width.
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSplitter>
 #include <algorithm>
@@ -159,6 +160,54 @@ TEST_F(LivePlotsTest, The_graphs_stand_in_line_over_one_axis) {
         const int first = Graph_Of(window, 1).place(9, 0).x();
         for (const int number : {2, 3, 4}) EXPECT_EQ(Graph_Of(window, number).place(9, 0).x(), first) << number;
         EXPECT_TRUE(Graph_Of(window, 1).labels().isEmpty() || Graph_Of(window, 4).labels().size() > 1);
+    });
+}
+
+/// At the least height of the window as well.
+TEST_F(LivePlotsTest, Four_curves_have_the_same_height_under_heads_that_are_whole) {
+    Inside([](QWidget& window) {
+        Pick(window, "mnu_ViewLive");
+        Choose_Preset(window, 5);
+        for (const int height : {768, 0}) {
+            window.resize(1366, height);
+            Settle();
+            EXPECT_LE(window.height(), 768);
+            const auto curve = [&](int number) {
+                const GraphWidget& graph = Graph_Of(window, number);
+                const QRectF view = graph.view();
+                EXPECT_GE(graph.place(0, view.bottom()).y(), graph.fontMetrics().height()) << number;
+                return graph.place(0, view.top()).y() - graph.place(0, view.bottom()).y();
+            };
+            const int first = curve(1);
+            EXPECT_GE(first, 20);
+            for (const int number : {2, 3, 4}) EXPECT_NEAR(curve(number), first, 4) << number;
+        }
+    });
+}
+
+TEST_F(LivePlotsTest, A_text_that_is_longer_than_its_list_shows_its_beginning) {
+    Inside([](QWidget& window) {
+        Pick(window, "mnu_ViewLive");
+        Choose_Preset(window, 5);
+        auto& preset = Find<QComboBox>(window, "cmb_LivePreset");
+        EXPECT_GT(preset.fontMetrics().horizontalAdvance(preset.currentText()), preset.width());
+        EXPECT_EQ(preset.lineEdit()->cursorPosition(), 0) << "picked from the list";
+        QTest::keyClick(&preset, Qt::Key_End);
+        EXPECT_GT(preset.lineEdit()->cursorPosition(), 0);
+        Find<QWidget>(window, "Picture1").setFocus();
+        EXPECT_EQ(preset.lineEdit()->cursorPosition(), 0) << "left";
+    });
+}
+
+TEST_F(LivePlotsTest, A_narrow_pane_has_room_for_the_words_of_its_choices) {
+    Inside([](QWidget& window) {
+        Pick(window, "mnu_ViewLive");
+        Settle();
+        Move_Handle(window, 2000);
+        for (const char* option : {"opt_LiveScale_0", "opt_LiveScale_1", "opt_LiveX_0", "opt_LiveX_1"}) {
+            const QWidget& choice = Find<QWidget>(window, option);
+            EXPECT_GE(choice.width(), choice.sizeHint().width()) << option;
+        }
     });
 }
 

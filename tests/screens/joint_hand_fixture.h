@@ -5,6 +5,7 @@
 #include <complex>
 
 #include "core/linkage_door.h"
+#include "core/runs.h"
 #include "dynamics/units.h"
 #include "files/in_hand.h"
 #include "screens/joint_drag.h"
@@ -23,6 +24,19 @@ class JointHand : public AnimateScreen {
         Initialize();
         Use_Units(1);
         Model_Saved();
+    }
+    /// Driven by the motion that another stage has written: its link turns by so many degrees from step to step.
+    static void By_Another_Stage(int steps, double by) {
+        Model.Calctype = 5;
+        Model.Delta2 = 20;
+        Model.NSteps = steps;
+        for (int step = 0; step <= steps; ++step) {
+            Model.RunTable.DriveTheta(step) = by * step;
+            Model.RunTable.Omega(step, 0) = 1;
+            Model.RunTable.Alpha(step, 0) = 0;
+        }
+        Integer result;
+        Imported_Run(result);
     }
     static double Unit() { return Model.Units == 4 ? 100 : Model.Units == 5 ? 1000 : 1; }
 

@@ -186,6 +186,20 @@ TEST_F(Everywhere, ByTimeAndByCam) {
     Drag_All("cam", {0, 7});
 }
 
+TEST_F(Everywhere, ByAnotherStageAndByCamOverATurnedGround) {
+    for (const bool polar : {true, false}) {
+        Fresh();
+        Turn_Ground(25);
+        Model.PolarCoords = polar;
+        By_Another_Stage(20, 12);
+        Drag_All(polar ? "stage, polar" : "stage, cartesian", {0, 7});
+    }
+    Fresh();
+    Turn_Ground(-40);
+    By_Cam(20, 12);
+    Drag_All("cam, turned", {0, 7});
+}
+
 TEST_F(JointHand, AStillHandChangesNothing) {
     After_First_Picture([&] {
         Show_Step(13);
