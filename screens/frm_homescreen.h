@@ -110,6 +110,7 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_Video1{mnu_General, "mnu_Video1", "Video Tutorial"};
     MenuEntry mnu_HelpBar1{mnu_HelpHeader, "mnu_HelpBar1", ""};
     MenuEntry mnu_FilesHelp{mnu_HelpHeader, "mnu_FilesHelp", "Files and Undoing"};
+    MenuEntry mnu_HandHelp{mnu_HelpHeader, "mnu_HandHelp", "Under the Hand"};
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};

@@ -3,6 +3,8 @@
 
 #include "core/linkage_model.h"
 #include "dynamics/typed_units.h"
+#include "screens/frm_help.h"
+#include "screens/help_documents.h"
 
 namespace verlink {
 
@@ -104,6 +106,7 @@ void frm_Inputnew::Bind_Actions() {
     mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
     mnu_Linkage.OnClick = [this] { mnu_Linkage_Click(); };
     mnu_Calculations.OnClick = [this] { mnu_Calculations_Click(); };
+    mnu_HandHelp.OnClick = [] { Show_Help(Help_Document("mnu_HandHelp"), "frm_Input.mnu_HandHelp"); };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
 }
 

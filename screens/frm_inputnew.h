@@ -34,6 +34,7 @@ class frm_Inputnew : public Linkage_Screen {
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     platform::MenuEntry mnu_Linkage{mnu_Help, "mnu_Linkage", "Linkage Data"};
     platform::MenuEntry mnu_Calculations{mnu_Help, "mnu_Calculations", "Calculations"};
+    platform::MenuEntry mnu_HandHelp{mnu_Help, "mnu_HandHelp", "Under the Hand"};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
     platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};

@@ -25,6 +25,7 @@ constexpr std::pair<const char*, const char*> kDocuments[] = {
     {"mnu_Linkdata", "helpfiles/verlink/linkage_data_help.pdf"},
     {"mnu_Video1", "helpfiles/verlink/tutorial.webm"},
     {"mnu_FilesHelp", "helpfiles/general/files_and_undoing.pdf"},
+    {"mnu_HandHelp", "helpfiles/general/under_the_hand.pdf"},
 };
 
 }  // namespace

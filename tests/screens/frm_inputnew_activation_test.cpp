@@ -62,6 +62,7 @@ TEST_F(Activation, TheMenusReadAsTheyShould) {
     EXPECT_EQ(input.mnu_Help.Caption, "Help");
     EXPECT_EQ(input.mnu_Linkage.Caption, "Linkage Data");
     EXPECT_EQ(input.mnu_Calculations.Caption, "Calculations");
+    EXPECT_EQ(input.mnu_HandHelp.Caption, "Under the Hand");
     EXPECT_EQ(input.mnu_Zoomcontrol.Caption, "Zoom");
     EXPECT_EQ(input.mnu_Plus.Caption, "Zoom In");
     EXPECT_EQ(input.mnu_Normal.Caption, "Normal");

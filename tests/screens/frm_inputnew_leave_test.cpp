@@ -159,7 +159,8 @@ TEST_F(Leave, TheHelpMenuOpensTheManualsPages) {
     Without_Autocalc();
     const std::pair<const char*, const char*> pages[] = {
         {"mnu_Linkage", "helpfiles/verlink/linkage_data_help.pdf"},
-        {"mnu_Calculations", "helpfiles/linkages/linkage_calc_help.pdf"}};
+        {"mnu_Calculations", "helpfiles/linkages/linkage_calc_help.pdf"},
+        {"mnu_HandHelp", "helpfiles/general/under_the_hand.pdf"}};
     Show([&] {
         for (const auto& [entry, page] : pages) {
             desktop.Expect_Screen("frm_Help", [wanted = std::string(page)](Screen& help) {

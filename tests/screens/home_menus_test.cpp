@@ -73,6 +73,7 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "    Units\n    Examples\n    Cognates\n    Synthesis\n    FFT\n"
         "  Buttons\n    Input\n      Linkage Data\n      Calculation\n    Animate\n    Plot\n    Print\n"
         "    Dynamics\n    Balance\n  General\n    User Manual\n    Video Tutorial\n  \n  Files and Undoing\n"
+        "  Under the Hand\n"
         "&About\n  &About Verlink\n"
         "View\n  Poles I13 and I24\n  Velocities\n  Accelerations\n  Pin Forces\n  Shaking Force\n  Curvature at P\n"
         "  Grid\n  Names of Joints\n  Ghosts at Both Ends\n");

@@ -108,6 +108,7 @@ bool May_Look(const Screen& top, const Action& action) {
         for (const char* looking : {"mnu_Help",
                                     "mnu_Linkage",
                                     "mnu_Calculations",
+                                    "mnu_HandHelp",
                                     "mnu_Open",
                                     "mnu_Saveas",
                                     "mnu_Lobetra",

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <vector>
 
+#include "tools/capture/hand_mark.h"
+
 namespace verlink::capture {
 
 namespace {
@@ -23,7 +25,7 @@ Film::Film(std::FILE* stream) : stream_(stream) {
     good_ = std::fprintf(stream_, "YUV4MPEG2 W%d H%d F%d:1 Ip A1:1 C420jpeg\n", kWidth, kHeight, kPerSecond) > 0;
 }
 
-void Film::Show(QWidget& window, double seconds, const QWidget* ringed) {
+void Film::Show(QWidget& window, double seconds, const QWidget* ringed, std::optional<Pointer> pointer) {
     const QImage picture = window.grab().toImage();
     QImage frame(kWidth, kHeight, QImage::Format_RGB32);
     frame.fill(QColor(0x3A, 0x44, 0x50));
@@ -34,8 +36,9 @@ void Film::Show(QWidget& window, double seconds, const QWidget* ringed) {
     const QSizeF size = QSizeF(window.size()).scaled(room, Qt::KeepAspectRatio).boundedTo(QSizeF(window.size()));
     const QRectF place(QPointF((kWidth - size.width()) / 2, kMargin + (room.height() - size.height()) / 2), size);
     painter.drawImage(place, picture);
+    const double scale = size.width() / window.width();
+    if (pointer) Paint_Hand(painter, place.topLeft() + pointer->at * scale, pointer->holds);
     if (ringed && ringed->isVisible()) {
-        const double scale = size.width() / window.width();
         const QPointF centre = ringed->mapTo(&window, ringed->rect().center());
         painter.setPen(QPen(QColor(0xE0, 0x4F, 0x1B), 4));
         painter.drawEllipse(place.topLeft() + centre * scale, 22, 22);

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <QImage>
-#include <QPoint>
+#include <QPointF>
 #include <cstdio>
+#include <optional>
 #include <string>
 
 class QWidget;
@@ -19,8 +20,13 @@ class Film {
 
     /// What is told from now on.
     void Say(const std::string& words) { words_ = words; }
-    /// The window as it is, for that long; with a ring around a widget of it when one is given.
-    void Show(QWidget& window, double seconds, const QWidget* ringed = nullptr);
+    /// The mouse over a drawing, in the window.
+    struct Pointer {
+        QPointF at;
+        bool holds;  ///< a joint
+    };
+    /// The window as it is, for that long; with a ring around a widget of it when one is given, and with the pointer.
+    void Show(QWidget& window, double seconds, const QWidget* ringed = nullptr, std::optional<Pointer> pointer = {});
     /// Has everything been written?
     bool Good() const { return good_; }
 

@@ -5,23 +5,15 @@
 //     verlink-capture - film             the tutorial, as uncompressed video on the standard output
 //
 // The user's folders are temporary ones, so that nothing of the real user is touched.
-#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
-#include <QMessageBox>
 #include <QPalette>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "core/linkage_model.h"
-#include "desktop/form.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
 #include "files/in_hand.h"
@@ -31,6 +23,7 @@
 #include "shell/startup.h"
 #include "tools/capture/film.h"
 #include "tools/capture/walk.h"
+#include "tools/capture/walker.h"
 
 using namespace verlink;
 using namespace verlink::capture;
@@ -262,8 +255,6 @@ Stops Time_Run() {
     return stops;
 }
 
-void Choose_Entry(Screen& screen, const char* entry) { screen.Get<platform::MenuEntry>(entry).Click(); }
-
 /// A synthesis screen as it comes up, and calculated.
 Stops Synthesis_Screen_Of(const char* entry, const char* screen, const std::string& picture) {
     return {{"frm_HomeScreen", "", [entry](Screen& s) { Choose_Entry(s, entry); }, 300},
@@ -368,109 +359,6 @@ Stops Walk() {
     stops.insert(stops.end(), last.begin(), last.end());
     return stops;
 }
-
-class Walker {
-   public:
-    /// The account of the walk goes to a file, when one is named.
-    Walker(desktop::QtDesktop& desktop, const QDir& folder, std::vector<Stop> stops, std::string account)
-        : desktop_(desktop), folder_(folder), stops_(std::move(stops)), account_file_(std::move(account)) {}
-
-    /// Films the walk in place of taking pictures.
-    void Use(Film& film) {
-        film_ = &film;
-        On_Hand = [this](Screen& screen, platform::Control& control) { Show_Hand(screen, control); };
-    }
-
-    void Start() { Later(300); }
-    /// The last deed ends the process, so that nothing comes after it.
-    bool Done() const { return next_ + (acted_ ? 1 : 0) >= stops_.size(); }
-    /// The status of the process. A manual is made without the pictures of the rest of the way, and a test complains.
-    int End() {
-        if (account_file_.empty()) return Done() ? 0 : 1;
-        account_ += Done() ? "complete\n" : "given up at " + stops_[next_].screen + "\n";
-        std::ofstream file(account_file_);
-        file << account_;
-        return file.flush() ? 0 : 1;
-    }
-
-   private:
-    void Later(int ms) {
-        QTimer::singleShot(ms, [this] { Go(); });
-    }
-
-    void Save(QWidget& widget, const std::string& name) {
-        if (film_) return film_->Show(widget, kLooking);
-        const QString path = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
-        if (!widget.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-        account_ += "picture " + name + "\n";
-    }
-
-    void Answer(QMessageBox& box) {
-        const std::string& wished = stops_[next_].message;
-        account_ += "message " + box.text().toStdString() + "\n";
-        Save(box, wished.empty() ? "message-" + std::to_string(++messages_) : wished);
-        Later(50);
-        box.button(box.standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
-    }
-
-    void Go() {
-        if (next_ >= stops_.size()) return;
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            Answer(*box);
-            return;
-        }
-        const Stop& stop = stops_[next_];
-        Screen* active = Screen::Active();
-        if (!acted_ && (!active || active->Name() != stop.screen)) {
-            if (++waits_ > kPatience) {
-                std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
-                std::_Exit(End());
-            }
-            Later(50);
-            return;
-        }
-        waits_ = 0;
-        if (!acted_) {
-            acted_ = true;
-            if (film_ && !stop.words.empty()) {
-                film_->Say(stop.words);
-                film_->Show(desktop_.formOf(*active), kReading);
-            }
-            if (!stop.plays) Later(stop.settle_ms);  // before the deed, which may show a screen and not return
-            if (stop.act) stop.act(*active);
-            if (stop.plays) Later(stop.settle_ms);
-            return;
-        }
-        acted_ = false;
-        ++next_;
-        if (!stop.picture.empty() && active) Save(desktop_.formOf(*active), stop.picture);
-        Later(20);
-    }
-
-    /// Each press, box and choice is seen before it happens; a button pressed again and again is a motion.
-    void Show_Hand(Screen& screen, platform::Control& control) {
-        desktop::Form& form = desktop_.formOf(screen);
-        const auto* widget = qobject_cast<QWidget*>(form.objectOf(control));
-        const bool again = hand_ == &control;
-        hand_ = &control;
-        film_->Show(form, again ? 0 : kPointing, again ? nullptr : widget);
-    }
-
-    static constexpr int kPatience = 400;
-    static constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
-
-    desktop::QtDesktop& desktop_;
-    QDir folder_;
-    std::vector<Stop> stops_;
-    Film* film_ = nullptr;
-    const platform::Control* hand_ = nullptr;  ///< where the hand was last
-    std::string account_file_;
-    std::string account_;
-    std::size_t next_ = 0;
-    bool acted_ = false;
-    int waits_ = 0;
-    int messages_ = 0;
-};
 
 /// As a dark desktop would have it.
 QPalette Dark_Palette() {

@@ -1,8 +1,11 @@
 // The road of the manual's worked example, click by click, and the other screens that the manual shows.
 #include <algorithm>
+#include <initializer_list>
 
 #include "core/linkage_model.h"
 #include "files/in_hand.h"
+#include "screens/joint_drag.h"
+#include "screens/linkage_screen.h"
 #include "tools/capture/walk.h"
 
 namespace verlink::capture {
@@ -18,7 +21,7 @@ Deed Pressing(const char* button) {
 }
 
 Deed Menu(const char* entry, int index = kNoIndex) {
-    return [entry, index](Screen& s) { s.Get<platform::MenuEntry>(entry, index).Click(); };
+    return [entry, index](Screen& s) { Choose_Entry(s, entry, index); };
 }
 
 struct Typed {
@@ -31,6 +34,55 @@ Deed Typing(std::vector<Typed> boxes) {
     return [boxes = std::move(boxes)](Screen& s) {
         for (const Typed& typed : boxes) Fill(s, typed.box, typed.index, typed.text);
     };
+}
+
+/// Several entries in turn, as to switch on what is to be seen, and off again.
+Deed Menus(std::initializer_list<const char*> entries) {
+    return [entries = std::vector<const char*>(entries)](Screen& s) {
+        for (const char* entry : entries) Choose_Entry(s, entry);
+    };
+}
+
+Deed Stepping(int steps) {
+    return [steps](Screen& s) {
+        for (int i = 0; i < steps; ++i) Press(s, "cmd_Step");
+    };
+}
+
+/// Takes a joint with the mouse and leads it along a way: where to from its place, each in parts of the drawing.
+struct Pull_Along {
+    Joint joint;
+    std::vector<platform::Point> way;
+    bool let_go;
+
+    void operator()(Screen& s) const {
+        const auto place = Place_Of(joint, Model, dynamic_cast<Linkage_Screen&>(s).Shown_Step());
+        if (!place) return;
+        const auto& drawing = s.Get<platform::PictureBox>("Picture1").Drawing();
+        const double width = drawing.Right() - drawing.Left();
+        const platform::Point from{place->x, Model.FlipSum - place->y};
+        On_Mouse(s, Mouse::kMove, from);
+        On_Mouse(s, Mouse::kPress, from);
+        platform::Point before{0, 0}, at = from;
+        for (const platform::Point& to : way) {
+            // As a hand goes, not in one leap.
+            constexpr int kMoves = 10;
+            for (int move = 1; move <= kMoves; ++move) {
+                const double part = static_cast<double>(move) / kMoves;
+                at = {from.x + width * (before.x + part * (to.x - before.x)),
+                      from.y + width * (before.y + part * (to.y - before.y))};
+                On_Mouse(s, Mouse::kMove, at);
+            }
+            before = to;
+        }
+        if (let_go) On_Mouse(s, Mouse::kRelease, at);
+    }
+};
+
+/// Lets go of what is held where it is.
+void Let_Go(Screen& s) {
+    const auto place = Place_Of(Joint::kP, Model, dynamic_cast<Linkage_Screen&>(s).Shown_Step());
+    if (place) On_Mouse(s, Mouse::kRelease, {place->x, Model.FlipSum - place->y});
 }
 
 Stops To_Home() {
@@ -68,32 +120,61 @@ Stops Synthesis() {
         {"frm_Synth3", "", Pressing("cmd_Done")}};
 }
 
+/// Functions in the live plots, by their numbers in the lists of variables.
+void Choose_Live(Screen& s, std::initializer_list<int> variables) {
+    int slot = 0;
+    for (const int variable : variables) Choose(s, ("cmb_LiveVar" + std::to_string(++slot)).c_str(), variable);
+}
+
+constexpr int kMagnitude = 2, kOmega4 = 7, kTransmission = 4, kVelocityOfP = 13, kAccelerationOfP = 16, kTorque = 31;
+
+/// A joint is dragged beside live plots, and the drag is taken back.
+Stops Drag_With_Live_Plots() {
+    return {{"frm_Animate", "", Menu("mnu_ViewLive"), 400, false, "",
+             "View, Live Plots: curves beside the drawing that go along with it."},
+            {"frm_Animate", "",
+             [](Screen& s) {
+                 Choose_Live(s, {kTransmission, kVelocityOfP, kAccelerationOfP});
+             },
+             300},
+            {"frm_Animate", "", Stepping(60), 200, false, "", "The cursor marks the position shown, with its values."},
+            {"frm_Animate", "",
+             Pull_Along{Joint::kP, {{0.05, -0.08}, {0.1, 0.02}, {-0.06, 0.07}, {-0.1, -0.06}, {0.03, -0.1}}, true}, 300,
+             false, "", "Take the coupler point and drag: its curve, the boxes and the plots follow."},
+            {"frm_Animate", "", Pull_Along{Joint::kO4, {{0.05, 0.03}, {-0.06, -0.05}, {0.02, 0.06}}, true}, 300, false,
+             "", "The ground pivot is taken in the same way. What cannot close is not followed, and a line says why."},
+            {"frm_Animate", "", Menus({"mnu_Undo", "mnu_Undo"}), 400, false, "",
+             "Each drag is one step of Undo: twice, and the linkage is as it was."},
+            {"frm_Animate", "", Menu("mnu_ViewLive"), 300}};
+}
+
 /// The linkage is run over a full turn and animated.
-Stops Run_And_Animate(int steps) {
-    return {{"frm_Inputnew", "",
-             Typing({{"txt_initial", 1, "360"},
-                     {"txt_initial", 0, "0"},
-                     {"txt_initial", 2, "2"},
-                     {"txt_initial", 3, "10"},
-                     {"txt_Figure", kNoIndex, "Three-position transfer"}}),
-             400, false, "",
-             "The linkage is in the boxes of the input screen. Let the crank turn fully, at 10 radians a second."},
-            {"frm_Inputnew", "input", Pressing("cmd_Calc")},
-            {"frm_Inputnew", "", Pressing("cmd_Done")},
-            {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
-             "The animate screen plays it. The green curve is the path of the coupler point."},
-            {"frm_Animate", "animate",
-             [steps](Screen& s) {
-                 for (int i = 0; i < steps; ++i) Press(s, "cmd_Step");
-             }},
-            {"frm_Animate", "", Pressing("cmd_Done")},
-            {"frm_HomeScreen",
-             "home",
-             {},
-             200,
-             false,
-             "",
-             "The strip at the foot of the home screen tells what is there."}};
+Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
+    Stops stops = {
+        {"frm_Inputnew", "",
+         Typing({{"txt_initial", 1, "360"},
+                 {"txt_initial", 0, "0"},
+                 {"txt_initial", 2, "2"},
+                 {"txt_initial", 3, "10"},
+                 {"txt_Figure", kNoIndex, "Three-position transfer"}}),
+         400, false, "",
+         "The linkage is in the boxes of the input screen. Let the crank turn fully, at 10 radians a second."},
+        {"frm_Inputnew", "input", Pressing("cmd_Calc")},
+        {"frm_Inputnew", "", Pressing("cmd_Done")},
+        {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
+         "The animate screen plays it. The green curve is the path of the coupler point."},
+        {"frm_Animate", "animate", Stepping(steps)}};
+    const Stops home = {{"frm_Animate", "", Pressing("cmd_Done")},
+                        {"frm_HomeScreen",
+                         "home",
+                         {},
+                         200,
+                         false,
+                         "",
+                         "The strip at the foot of the home screen tells what is there."}};
+    stops.insert(stops.end(), under_the_hand.begin(), under_the_hand.end());
+    stops.insert(stops.end(), home.begin(), home.end());
+    return stops;
 }
 
 Stops Plot_Accelerations() {
@@ -202,10 +283,7 @@ Stops Straight_Line() {
             {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
             {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400},
-            {"frm_Animate", "straight-line",
-             [](Screen& s) {
-                 for (int i = 0; i < 9; ++i) Press(s, "cmd_Step");
-             }},
+            {"frm_Animate", "straight-line", Stepping(9)},
             {"frm_Animate", "centrodes",
              [](Screen& s) {
                  Tick(s, "chk_Centrodes", true);
@@ -214,6 +292,55 @@ Stops Straight_Line() {
              },
              120, true},
             {"frm_Animate", "", Pressing("cmd_Done")}};
+}
+
+/// What the animate screen does under the hand.
+Stops Under_The_Hand() {
+    const auto fold = [](Screen& s) { On_Button(s, "fold_Play"); };
+    const auto shown = [](const char* picture, std::vector<std::string> part, Deed deed = {}) {
+        return Stop{"frm_Animate", picture, std::move(deed), 300, false, "", "", std::move(part)};
+    };
+    // The screen draws the first position once more, a moment after it has come up.
+    const Stop settled{"frm_Animate", "", {}, 500};
+    const auto done = [](Deed deed) { return Stop{"frm_Animate", "", std::move(deed), 300}; };
+    return {{"frm_HomeScreen", "", Menu("mnu_Grashof")},
+            {"frm_Inputnew", "", Pressing("cmd_Calc"), 400},
+            {"frm_Inputnew", "", Pressing("cmd_Done")},
+            done([](Screen& s) { Tick(s, "chk_Coupler", true); }),
+            settled,
+            done(Stepping(14)),
+            done(Menus({"mnu_ViewPoles", "mnu_ViewVelocities", "mnu_ViewCurvature", "mnu_ViewGrid", "mnu_ViewNames"})),
+            shown("hand-view", {"Picture1"}),
+            done(Menus({"mnu_ViewPoles", "mnu_ViewVelocities", "mnu_ViewCurvature", "mnu_ViewGrid"})),
+            done(fold),
+            shown("hand-drag", {"Picture1", "lbl_Why", "fra_Links"}, Pull_Along{Joint::kP, {{0.06, -0.06}}, false}),
+            done(Let_Go),
+            done(Menu("mnu_Undo")),
+            done(fold),
+            done(Stepping(14)),
+            shown("hand-line", {"Picture1", "lbl_Why"}, Pull_Along{Joint::kO4, {{0.16, 0.02}}, false}),
+            done(Let_Go),
+            done(Menu("mnu_Undo")),
+            shown("hand-locks", {"fra_Links"}, [](Screen& s) { Tick(s, "chk_Lock", true, 4); }),
+            done([](Screen& s) { Tick(s, "chk_Lock", false, 4); }),
+            done(Pressing("cmd_Done")),
+            {"frm_HomeScreen", "", Pressing("cmd_Dynamics"), 300},
+            {"frm_MassProp", "", Pressing("cmd_Solve"), 300},
+            {"frm_MassProp", "", Pressing("cmd_Done")},
+            {"frm_HomeScreen", "", Pressing("cmd_Animate")},
+            settled,
+            done(Stepping(25)),
+            done(Menus({"mnu_ViewPinForces", "mnu_ViewShakingForce", "mnu_ViewGhosts"})),
+            shown("hand-forces", {"Picture1"}),
+            done(Menus({"mnu_ViewNames", "mnu_ViewPinForces", "mnu_ViewShakingForce", "mnu_ViewGhosts"})),
+            done(Menu("mnu_ViewLive")),
+            shown("hand-live", {"Picture1", "fra_Live"},
+                  [](Screen& s) {
+                      Choose_Live(s, {kOmega4, kVelocityOfP, kAccelerationOfP, kTorque});
+                      for (const char* component : {"cmb_LiveCom2", "cmb_LiveCom3"}) Choose(s, component, kMagnitude);
+                  }),
+            done(Menu("mnu_ViewLive")),
+            done(Pressing("cmd_Done"))};
 }
 
 Stops Quit() {
@@ -241,14 +368,15 @@ Stops Manual_Walk() {
     add(Cognates());
     add(Two_Positions());
     add(Straight_Line());
+    add(Under_The_Hand());
     add(Quit());
     return walk;
 }
 
 Stops Tutorial_Walk() {
     Stops walk;
-    for (const Stops& part :
-         {To_Home(), Synthesis(), Run_And_Animate(90), Plot_Accelerations(), Forces_And_Balance(), Table(), Quit()})
+    for (const Stops& part : {To_Home(), Synthesis(), Run_And_Animate(90, Drag_With_Live_Plots()), Plot_Accelerations(),
+                              Forces_And_Balance(), Table(), Quit()})
         walk.insert(walk.end(), part.begin(), part.end());
     return walk;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/clip.h"
+#include "platform/deed.h"
 #include "platform/screen.h"
 
 namespace verlink::capture {
@@ -17,34 +19,54 @@ struct Stop {
     std::string picture;  ///< empty: none
     std::function<void(Screen&)> act;
     int settle_ms = 120;
-    bool plays = false;        ///< the walk waits until the deed has ended
-    std::string message = {};  ///< the name for the picture of a message that comes up here
-    std::string words = {};    ///< what the tutorial says here
+    bool plays = false;                  ///< the walk waits until the deed has ended
+    std::string message = {};            ///< the name for the picture of a message that comes up here
+    std::string words = {};              ///< what the tutorial says here
+    std::vector<std::string> part = {};  ///< the widgets that the picture is cut to; empty: the window
 };
 
 /// Told where the user's hand is, before it does anything; a film is made of this.
 inline std::function<void(Screen&, platform::Control&)> On_Hand;
 
+/// What a mouse does over the drawing of a screen.
+enum class Mouse { kMove, kPress, kRelease };
+/// Does it, at a place of the drawing's world.
+inline std::function<void(Screen&, Mouse, platform::Point)> On_Mouse;
+/// Clicks a button of the window that is no control of the screen, by its name.
+inline std::function<void(Screen&, const char*)> On_Button;
+
+/// One deed of the hand on a control, which is seen before it happens.
 template <class Control>
-Control& Hand_On(Screen& screen, Control& control) {
+void By_Hand(Screen& screen, Control& control, const std::function<void(Control&)>& deed) {
     if (On_Hand) On_Hand(screen, control);
-    return control;
+    const platform::Deed whole(control);
+    deed(control);
 }
 
 inline void Press(Screen& screen, const char* button) {
-    auto& control = Hand_On(screen, screen.Get<platform::CommandButton>(button));
-    control.SetFocus();
-    control.Click();
+    By_Hand<platform::CommandButton>(screen, screen.Get<platform::CommandButton>(button), [](auto& control) {
+        control.SetFocus();
+        control.Click();
+    });
 }
 
 inline void Fill(Screen& screen, const char* box, int index, const char* text) {
-    auto& control = Hand_On(screen, screen.Text(box, index));
-    control.SetFocus();
-    control.Text = text;
+    By_Hand<platform::TextBox>(screen, screen.Text(box, index), [text](auto& control) {
+        control.SetFocus();
+        control.Text = text;
+    });
 }
 
-inline void Tick(Screen& screen, const char* box, bool on) {
-    Hand_On(screen, screen.Get<platform::CheckBox>(box)).Value = on;
+inline void Tick(Screen& screen, const char* box, bool on, int index = platform::kNoIndex) {
+    By_Hand<platform::CheckBox>(screen, screen.Get<platform::CheckBox>(box, index),
+                                [on](auto& control) { control.Value = on; });
+}
+
+/// An entry of a menu.
+inline void Choose_Entry(Screen& screen, const char* entry, int index = platform::kNoIndex) {
+    auto& control = screen.Get<platform::MenuEntry>(entry, index);
+    const platform::Deed whole(control);
+    control.Click();
 }
 
 /// Press button 1 with shift and move over the drawing, at a place given in parts of its width and height.
@@ -56,10 +78,12 @@ inline void Drag(Screen& screen, double across, double down) {
 }
 
 inline void Choose(Screen& screen, const char* box, int entry) {
-    Hand_On(screen, screen.Get<platform::ComboBox>(box)).Choose(entry);
+    By_Hand<platform::ComboBox>(screen, screen.Get<platform::ComboBox>(box),
+                                [entry](auto& control) { control.Choose(entry); });
 }
 inline void Pick(Screen& screen, const char* options, int index) {
-    Hand_On(screen, screen.Get<platform::OptionButton>(options, index)).Value = true;
+    By_Hand<platform::OptionButton>(screen, screen.Get<platform::OptionButton>(options, index),
+                                    [](auto& control) { control.Value = true; });
 }
 
 using Stops = std::vector<Stop>;

@@ -1,0 +1,171 @@
+// A timer leads from stop to stop, as screens are shown from within the deeds on others.
+#include "tools/capture/walker.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <utility>
+
+#include "desktop/form.h"
+#include "desktop/picture_widget.h"
+#include "desktop/qt_desktop.h"
+#include "tools/capture/film.h"
+#include "tools/capture/hand_mark.h"
+
+namespace verlink::capture {
+
+namespace {
+
+constexpr int kPatience = 400;
+constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
+constexpr int kMargin = 8;                                         ///< pixels around what a picture is cut to
+
+/// What of a window holds all these widgets; all of it for none.
+QRect Part_Of(QWidget& window, const std::vector<std::string>& names) {
+    QRect part;
+    for (const std::string& name : names) {
+        const auto* widget = window.findChild<QWidget*>(QString::fromStdString(name));
+        if (!widget) std::fprintf(stderr, "no %s in sight\n", name.c_str());
+        if (!widget) continue;
+        const auto* drawing = dynamic_cast<const desktop::PictureWidget*>(widget);
+        const QRect place = drawing ? drawing->area().toAlignedRect() : widget->rect();
+        part |= place.translated(widget->mapTo(&window, QPoint()));
+    }
+    if (part.isNull()) return window.rect();
+    return part.adjusted(-kMargin, -kMargin, kMargin, kMargin) & window.rect();
+}
+
+/// Where a place of the drawing's world is seen.
+QPointF Place_In(const desktop::PictureWidget& widget, platform::Point at) {
+    const platform::Picture& drawing = widget.picture();
+    const QRectF area = widget.area();
+    const double across = (at.x - drawing.Left()) / (drawing.Right() - drawing.Left());
+    const double down = (at.y - drawing.Top()) / (drawing.Bottom() - drawing.Top());
+    return {area.x() + widget.glass().Seen_Across(across) * area.width(),
+            area.y() + widget.glass().Seen_Down(down) * area.height()};
+}
+
+}  // namespace
+
+Walker::Walker(desktop::QtDesktop& desktop, const QDir& folder, Stops stops, std::string account)
+    : desktop_(desktop), folder_(folder), stops_(std::move(stops)), account_file_(std::move(account)) {
+    On_Mouse = [this](Screen& screen, Mouse deed, platform::Point at) { Move_Mouse(screen, deed, at); };
+    On_Button = [this](Screen& screen, const char* name) {
+        auto* button = desktop_.formOf(screen).findChild<QAbstractButton*>(QString::fromLatin1(name));
+        if (button) button->click();
+    };
+}
+
+void Walker::Use(Film& film) {
+    film_ = &film;
+    On_Hand = [this](Screen& screen, platform::Control& control) { Show_Hand(screen, control); };
+}
+
+int Walker::End() {
+    if (account_file_.empty()) return Done() ? 0 : 1;
+    account_ += Done() ? "complete\n" : "given up at " + stops_[next_].screen + "\n";
+    std::ofstream file(account_file_);
+    file << account_;
+    return file.flush() ? 0 : 1;
+}
+
+void Walker::Later(int ms) {
+    QTimer::singleShot(ms, [this] { Go(); });
+}
+
+void Walker::Save(QWidget& window, const Stop& stop) {
+    if (film_) return film_->Show(window, kLooking);
+    const QRect part = Part_Of(window, stop.part);
+    QPixmap picture = window.grab(part);
+    if (over_drawing_) {
+        QPainter painter(&picture);
+        Paint_Hand(painter, mouse_ - part.topLeft(), holds_);
+    }
+    Keep(picture, stop.picture);
+}
+
+void Walker::Keep(const QPixmap& picture, const std::string& name) {
+    const QString path = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
+    if (!picture.save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    account_ += "picture " + name + "\n";
+}
+
+void Walker::Answer(QMessageBox& box) {
+    const std::string& wished = stops_[next_].message;
+    account_ += "message " + box.text().toStdString() + "\n";
+    if (film_)
+        film_->Show(box, kLooking);
+    else
+        Keep(box.grab(), wished.empty() ? "message-" + std::to_string(++messages_) : wished);
+    Later(50);
+    box.button(box.standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
+}
+
+void Walker::Go() {
+    if (next_ >= stops_.size()) return;
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        Answer(*box);
+        return;
+    }
+    const Stop& stop = stops_[next_];
+    Screen* active = Screen::Active();
+    if (!acted_ && (!active || active->Name() != stop.screen)) {
+        if (++waits_ > kPatience) {
+            std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
+            std::_Exit(End());
+        }
+        Later(50);
+        return;
+    }
+    waits_ = 0;
+    if (!acted_) {
+        acted_ = true;
+        over_drawing_ = false;
+        if (film_ && !stop.words.empty()) {
+            film_->Say(stop.words);
+            film_->Show(desktop_.formOf(*active), kReading);
+        }
+        if (!stop.plays) Later(stop.settle_ms);  // before the deed, which may show a screen and not return
+        if (stop.act) stop.act(*active);
+        if (stop.plays) Later(stop.settle_ms);
+        return;
+    }
+    acted_ = false;
+    ++next_;
+    if (!stop.picture.empty() && active) Save(desktop_.formOf(*active), stop);
+    Later(20);
+}
+
+/// Each press, box and choice is seen before it happens; a button pressed again and again is a motion.
+void Walker::Show_Hand(Screen& screen, platform::Control& control) {
+    desktop::Form& form = desktop_.formOf(screen);
+    const auto* widget = qobject_cast<QWidget*>(form.objectOf(control));
+    const bool again = hand_ == &control;
+    hand_ = &control;
+    film_->Show(form, again ? 0 : kPointing, again ? nullptr : widget);
+}
+
+void Walker::Move_Mouse(Screen& screen, Mouse deed, platform::Point at) {
+    desktop::Form& form = desktop_.formOf(screen);
+    auto& picture = dynamic_cast<desktop::PictureWidget&>(*form.objectOf(screen.Get<platform::PictureBox>("Picture1")));
+    const QPointF place = Place_In(picture, at);
+    mouse_ = picture.mapTo(&form, place);
+    over_drawing_ = true;
+    if (deed != Mouse::kMove) holds_ = deed == Mouse::kPress;
+    const QEvent::Type type = deed == Mouse::kMove    ? QEvent::MouseMove
+                              : deed == Mouse::kPress ? QEvent::MouseButtonPress
+                                                      : QEvent::MouseButtonRelease;
+    QMouseEvent event(type, place, picture.mapToGlobal(place), deed == Mouse::kMove ? Qt::NoButton : Qt::LeftButton,
+                      holds_ ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&picture, &event);
+    if (film_) film_->Show(form, 0, nullptr, Film::Pointer{mouse_, holds_});
+}
+
+}  // namespace verlink::capture
