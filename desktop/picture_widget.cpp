@@ -15,7 +15,6 @@
 #include "desktop/overlay_paint.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
-#include "platform/hatched_ground.h"
 #include "platform/picture_part.h"
 
 namespace verlink::desktop {
@@ -119,13 +118,14 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
     for (const auto& primitive : picture.Primitives()) {
         if (!primitive.alive) continue;
         batch.color(primitive.color);
-        Point from = place(primitive.x1, primitive.y1);
+        Point from = place(primitive.x1 + primitive.dx1, primitive.y1 + primitive.dy1);
         switch (primitive.kind) {
+            case Kind::kMark:
             case Kind::kSegment: {
-                Point to = place(primitive.x2, primitive.y2);
-                if (primitive.y1 == primitive.y2)
+                Point to = place(primitive.x2 + primitive.dx2, primitive.y2 + primitive.dy2);
+                if (from.y == to.y)
                     from.y = to.y = middle(from.y);
-                else if (primitive.x1 == primitive.x2)
+                else if (from.x == to.x)
                     from.x = to.x = middle(from.x);
                 if (Clip_Segment(seen, from, to)) batch.segment(toQt(from), toQt(to));
                 break;
@@ -141,11 +141,6 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
                 for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
                 break;
             }
-            case Kind::kGround:
-                platform::Each_Ground_Stroke(from, primitive.x2 * std::fabs(perX), [&](Point a, Point b) {
-                    if (Clip_Segment(seen, a, b)) batch.segment(toQt(a), toQt(b));
-                });
-                break;
             case Kind::kDot:
                 if (seen.Holds(from)) batch.dot(toQt(from));
                 break;

@@ -7,7 +7,6 @@
 #include <numbers>
 
 #include "platform/clip.h"
-#include "platform/hatched_ground.h"
 #include "platform/picture.h"
 
 namespace verlink::platform {
@@ -50,9 +49,10 @@ class Ink {
                 case Picture::Primitive::Kind::kSegment: Segment(x, y, x_of(drawn.x2), y_of(drawn.y2)); break;
                 case Picture::Primitive::Kind::kPin: Circle({x, y}, drawn.x2 * pin); break;
                 case Picture::Primitive::Kind::kCircle: Circle({x, y}, drawn.x2 * pin * glass.factor); break;
-                case Picture::Primitive::Kind::kGround:
-                    Each_Ground_Stroke({x, y}, drawn.x2 * pin,
-                                       [this](Point from, Point to) { Segment(from.x, from.y, to.x, to.y); });
+                case Picture::Primitive::Kind::kMark:
+                    Segment(x + drawn.dx1 * side / wide_world, y + drawn.dy1 * side / high_world,
+                            x_of(drawn.x2) + drawn.dx2 * side / wide_world,
+                            y_of(drawn.y2) + drawn.dy2 * side / high_world);
                     break;
                 case Picture::Primitive::Kind::kDot: Dot(x, y); break;
             }

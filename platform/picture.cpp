@@ -8,7 +8,6 @@
 
 #include "platform/clip.h"
 #include "platform/failure.h"
-#include "platform/hatched_ground.h"
 
 namespace verlink::platform {
 
@@ -43,8 +42,9 @@ std::uint32_t Picture::Key::Hash() const {
 }
 
 Picture::Key Picture::KeyOf(const Primitive& primitive) const {
-    return {static_cast<std::int64_t>(primitive.kind), Line_Of(primitive.x1 * across_), Line_Of(primitive.y1 * down_),
-            Line_Of(primitive.x2 * across_), Line_Of(primitive.y2 * down_)};
+    return {static_cast<std::int64_t>(primitive.kind), Line_Of((primitive.x1 + primitive.dx1) * across_),
+            Line_Of((primitive.y1 + primitive.dy1) * down_), Line_Of((primitive.x2 + primitive.dx2) * across_),
+            Line_Of((primitive.y2 + primitive.dy2) * down_)};
 }
 
 std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
@@ -57,8 +57,12 @@ std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
 }
 
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
+    Add({kind, true, color, strokes_, x1, y1, x2, y2});
+}
+
+void Picture::Add(Primitive primitive) {
+    const Color color = primitive.color;
     if (index_.empty()) Compact();
-    const Primitive primitive{kind, true, color, strokes_, x1, y1, x2, y2};
     const Key key = KeyOf(primitive);
     const std::uint32_t hash = key.Hash();
     std::size_t place = Seek(key, hash);
@@ -128,7 +132,11 @@ void Picture::Scale(double x1, double y1, double x2, double y2) {
     for (Primitive& primitive : list_) {
         primitive.x1 = x_of(primitive.x1);
         primitive.y1 = y_of(primitive.y1);
-        if (primitive.kind == Primitive::Kind::kSegment) {
+        primitive.dx1 *= static_cast<float>(x_ratio);
+        primitive.dy1 *= static_cast<float>(y_ratio);
+        primitive.dx2 *= static_cast<float>(x_ratio);
+        primitive.dy2 *= static_cast<float>(y_ratio);
+        if (primitive.kind == Primitive::Kind::kSegment || primitive.kind == Primitive::Kind::kMark) {
             primitive.x2 = x_of(primitive.x2);
             primitive.y2 = y_of(primitive.y2);
         } else {
@@ -183,8 +191,13 @@ void Picture::Circle(double x, double y, double radius, Color color) {
     Round(Primitive::Kind::kCircle, x, y, radius, color);
 }
 void Picture::Pin(double x, double y, double radius, Color color) { Round(Primitive::Kind::kPin, x, y, radius, color); }
-void Picture::Ground(double x, double y, double size, Color color) {
-    Round(Primitive::Kind::kGround, x, y, size, color);
+
+void Picture::Mark(const Beside& from, const Beside& to, Color color) {
+    Check(from.x + from.dx, from.y + from.dy, to.x + to.dx, to.y + to.dy);
+    Add({Primitive::Kind::kMark, true, color, strokes_, from.x, from.y, to.x, to.y, static_cast<float>(from.dx),
+         static_cast<float>(from.dy), static_cast<float>(to.dx), static_cast<float>(to.dy)});
+    x_ = to.x + to.dx;
+    y_ = to.y + to.dy;
 }
 
 void Picture::PSet(double x, double y, Color color) {
@@ -231,14 +244,12 @@ class Picture::SvgPen {
     std::string Written() && {
         for (const Primitive& primitive : picture_.list_) {
             if (!primitive.alive) continue;
-            const Point at = Place(primitive.x1, primitive.y1);
+            const Point at = Place(primitive.x1 + primitive.dx1, primitive.y1 + primitive.dy1);
             const double radius = std::abs(primitive.x2 / (picture_.right_ - picture_.left_)) * pixels_;
-            if (primitive.kind == Primitive::Kind::kSegment)
-                Segment(at, Place(primitive.x2, primitive.y2), primitive.color);
+            if (primitive.kind == Primitive::Kind::kSegment || primitive.kind == Primitive::Kind::kMark)
+                Segment(at, Place(primitive.x2 + primitive.dx2, primitive.y2 + primitive.dy2), primitive.color);
             else if (primitive.kind == Primitive::Kind::kDot)
                 Dot(at, primitive.color);
-            else if (primitive.kind == Primitive::Kind::kGround)
-                Each_Ground_Stroke(at, radius, [&](Point from, Point to) { Segment(from, to, primitive.color); });
             else
                 Round(at, radius, primitive.color);
         }

@@ -21,13 +21,15 @@ namespace verlink::platform {
 class Picture : public Surface {
    public:
     struct Primitive {
-        enum class Kind : std::uint8_t { kSegment, kCircle, kDot, kPin, kGround };
+        enum class Kind : std::uint8_t { kSegment, kCircle, kDot, kPin, kMark };
         Kind kind;
         bool alive;
         Color color;
         std::uint32_t stroke;  ///< grows from one to the next of the list
         double x1, y1;         ///< start, centre or dot, world
-        double x2, y2;         ///< end of a segment; else x2 is the radius of a circle or a pin, the size of a ground
+        double x2, y2;         ///< end of a segment; for a circle or a pin x2 is the radius
+        /// What the ends of a mark are off from there; 0 of all else.
+        float dx1 = 0, dy1 = 0, dx2 = 0, dy2 = 0;
     };
 
     void Scale(double x1, double y1, double x2, double y2) override;
@@ -39,7 +41,7 @@ class Picture : public Surface {
     void LineStep(double dx, double dy, Color color) override;
     void Circle(double x, double y, double radius, Color color) override;
     void Pin(double x, double y, double radius, Color color) override;
-    void Ground(double x, double y, double size, Color color) override;
+    void Mark(const Beside& from, const Beside& to, Color color) override;
     void PSet(double x, double y, Color color) override;
     void PSet(double x, double y) override;
 
@@ -81,6 +83,7 @@ class Picture : public Surface {
     };
 
     void Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2);
+    void Add(Primitive primitive);
     void Segment(double x1, double y1, double x2, double y2, Color color);
     void Round(Primitive::Kind kind, double x, double y, double radius, Color color);
     Key KeyOf(const Primitive& primitive) const;

@@ -14,7 +14,10 @@ Picture Part_Of(const Picture& picture, double left, double top, double right, d
             case Kind::kSegment: part.Line(drawn.x1, drawn.y1, drawn.x2, drawn.y2, drawn.color); break;
             case Kind::kCircle: part.Circle(drawn.x1, drawn.y1, drawn.x2, drawn.color); break;
             case Kind::kPin: part.Pin(drawn.x1, drawn.y1, drawn.x2 / pins, drawn.color); break;
-            case Kind::kGround: part.Ground(drawn.x1, drawn.y1, drawn.x2 / pins, drawn.color); break;
+            case Kind::kMark:
+                part.Mark({drawn.x1, drawn.y1, drawn.dx1 / pins, drawn.dy1 / pins},
+                          {drawn.x2, drawn.y2, drawn.dx2 / pins, drawn.dy2 / pins}, drawn.color);
+                break;
             case Kind::kDot: part.PSet(drawn.x1, drawn.y1, drawn.color); break;
         }
     }

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <iterator>
 
-#include "platform/hatched_ground.h"
-
 namespace verlink::platform {
 
 namespace {
@@ -62,6 +60,8 @@ class PicturePixels::Hand {
           per_x_(across * density / (picture.Right() - picture.Left()) * glass.factor),
           per_y_(down * density / (picture.Bottom() - picture.Top()) * glass.factor),
           pin_(std::abs(per_x_) / glass.factor),
+          mark_x_(per_x_ / glass.factor),
+          mark_y_(per_y_ / glass.factor),
           left_(picture.Left() + (picture.Right() - picture.Left()) * glass.Part_Across(0)),
           top_(picture.Top() + (picture.Bottom() - picture.Top()) * glass.Part_Down(0)) {}
 
@@ -118,7 +118,13 @@ class PicturePixels::Hand {
     };
 
     // A line along an axis of the screen goes through the middles of pixels, or it would be grey and two wide.
-    static double Middle(double value) { return std::floor(value) + 0.5; }
+    static void Align(Point& from, Point& to) {
+        const auto middle = [](double value) { return std::floor(value) + 0.5; };
+        if (from.y == to.y)
+            from.y = to.y = middle(from.y);
+        else if (from.x == to.x)
+            from.x = to.x = middle(from.x);
+    }
     Point Place(double x, double y) const { return {(x - left_) * per_x_, (y - top_) * per_y_}; }
 
     void Stroke(const Primitive& primitive, Chain& chain) const {
@@ -127,25 +133,28 @@ class PicturePixels::Hand {
             case Primitive::Kind::kSegment: {
                 const Point to = Place(primitive.x2, primitive.y2);
                 Point drawn_from = from, drawn_to = to;
-                if (primitive.y1 == primitive.y2)
-                    drawn_from.y = drawn_to.y = Middle(from.y);
-                else if (primitive.x1 == primitive.x2)
-                    drawn_from.x = drawn_to.x = Middle(from.x);
+                Align(drawn_from, drawn_to);
                 chain.Add(from, to, drawn_from, drawn_to);
                 break;
             }
             case Primitive::Kind::kCircle: ink_.Circle(from, primitive.x2 * std::abs(per_x_), pen_); break;
             case Primitive::Kind::kPin: ink_.Circle(from, primitive.x2 * pin_, pen_); break;
-            case Primitive::Kind::kGround:
-                Each_Ground_Stroke(from, primitive.x2 * pin_, [this](Point a, Point b) { ink_.Line(a, b, pen_); });
+            case Primitive::Kind::kMark: {
+                const Point to = Place(primitive.x2, primitive.y2);
+                Point start{from.x + primitive.dx1 * mark_x_, from.y + primitive.dy1 * mark_y_};
+                Point end{to.x + primitive.dx2 * mark_x_, to.y + primitive.dy2 * mark_y_};
+                Align(start, end);
+                ink_.Line(start, end, pen_);
                 break;
+            }
             case Primitive::Kind::kDot: ink_.Disc(from, dot_); break;
         }
     }
 
     Ink& ink_;
     double pen_, dot_, per_x_, per_y_;
-    double pin_;         ///< pixels in one unit of a pin's radius or a ground's size
+    double pin_;  ///< pixels in one unit of a pin's radius
+    double mark_x_, mark_y_;
     double left_, top_;  ///< world, of what is seen
 };
 

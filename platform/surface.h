@@ -32,8 +32,14 @@ class Surface {
     virtual void Circle(double x, double y, double radius, Color color) = 0;
     /// A circle that marks a place: its size on the screen is the same however closely it is looked at.
     virtual void Pin(double x, double y, double radius, Color color) { Circle(x, y, radius, color); }
-    /// The hatched ground under a pivot, below it on the screen; its size stays likewise.
-    virtual void Ground(double x, double y, double size, Color color) = 0;
+    /// A place of the world, and what it is off from it: that is as large on the screen however closely one looks.
+    struct Beside {
+        double x, y, dx = 0, dy = 0;
+    };
+    /// A segment of a mark, as heads of arrows have; the current point moves to its end.
+    virtual void Mark(const Beside& from, const Beside& to, Color color) {
+        Line(from.x + from.dx, from.y + from.dy, to.x + to.dx, to.y + to.dy, color);
+    }
     /// One dot, which becomes the current point.
     virtual void PSet(double x, double y, Color color) = 0;
     /// The same in the pen's own colour, black.

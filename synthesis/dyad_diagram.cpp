@@ -130,11 +130,17 @@ class Drawing {
     void Line(Vector from, Vector to, Color color) {
         surface_.Line(from.real(), from.imag(), to.real(), to.imag(), color);
     }
+    /// From beside one place to beside another: what it is off there stays as large however closely one looks.
+    void Beside(Vector from, Vector off, Vector to, Vector far, Color color) {
+        surface_.Mark({from.real(), from.imag(), off.real(), off.imag()},
+                      {to.real(), to.imag(), far.real(), far.imag()}, color);
+    }
     void Thick_Line(Vector from, Vector to, Color color) {
         const Vector along = to - from;
         if (std::abs(along) == 0) return;
         const Vector aside = Vector(0, 1) * along / std::abs(along) * (kThick * side_);
-        for (const double part : {-1.0, -0.5, 0.0, 0.5, 1.0}) Line(from + part * aside, to + part * aside, color);
+        for (const double part : {-1.0, -0.5, 0.5, 1.0}) Beside(from, part * aside, to, part * aside, color);
+        Line(from, to, color);
     }
     void Dashes(Vector from, Vector to, Color color) {
         const double length = std::abs(to - from);
@@ -148,7 +154,7 @@ class Drawing {
         if (std::abs(direction) == 0) return;
         const Vector back = -direction / std::abs(direction) * std::min(kHead * side_, 0.4 * length);
         constexpr int kStrokes = 6;
-        for (int i = -kStrokes; i <= kStrokes; ++i) Line(tip, tip + back * Vector(1, 0.36 * i / kStrokes), color);
+        for (int i = -kStrokes; i <= kStrokes; ++i) Beside(tip, 0, tip, back * Vector(1, 0.36 * i / kStrokes), color);
     }
     void Arrow(Vector from, Vector to, Color color, bool thick) {
         if (thick)
@@ -279,9 +285,19 @@ class Drawing {
         surface_.Pin(center.real(), center.imag(), radius, rim);
     }
 
+    /// A ground pivot: a triangle on hatched ground.
     void Pivot(Vector at, const char* name) {
         const double size = kPivot * side_;
-        surface_.Ground(at.real(), at.imag(), size, Model.ColorBlack);
+        const auto line = [&](Vector from, Vector to) { Beside(at, from * size, at, to * size, Model.ColorBlack); };
+        const Vector left(-0.8, -1.5), right(0.8, -1.5), over(0.4, 0);
+        line(0, left);
+        line(0, right);
+        line(left - over, right + over);
+        constexpr int kHatches = 5;
+        for (int i = 0; i <= kHatches; ++i) {
+            const Vector top = left - over + (right - left + 2.0 * over) * (i / static_cast<double>(kHatches));
+            line(top, top + Vector(-0.35, -0.45));
+        }
         Disc(at, kPin * 1.3 * side_, Model.ColorBlack);
         Mark(name, at + Vector(0, -1.9) * size, {0, -1});
     }

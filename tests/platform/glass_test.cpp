@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "platform/controls.h"
+#include "platform/picture_part.h"
 #include "platform/picture_pixels.h"
 #include "platform/screen.h"
 
@@ -119,24 +120,32 @@ TEST_F(PixelsTest, Lines_keep_their_widths_and_pins_their_size) {
     EXPECT_EQ(Painted(pin, {}), Painted(circle, {}));
 }
 
-TEST_F(PixelsTest, The_ground_under_a_pivot_keeps_its_size_and_hangs_down) {
-    Picture picture;
-    picture.Scale(-1, 1, 1, -1);
-    picture.Ground(0.02, 0.03, 0.05, 0);
-    const Glass near{8, 0.5, 0.5};
-    EXPECT_NEAR(Dark(Painted(picture, near)), Dark(Painted(picture, {})), 20);
-    const Sheet sheet = Painted(picture, {});
-    int above = 0, below = 0;
-    for (std::size_t i = 0; i < sheet.size(); ++i)
-        if ((sheet[i] & 0xFFFFFFU) != 0xFFFFFFU) (i / kSide < 144 ? above : below) += 1;
-    EXPECT_EQ(above, 0);
-    EXPECT_GT(below, 60);
-    const std::string svg = picture.Svg(100);
-    EXPECT_NE(svg.find("M51 48.5L49 52.25"), std::string::npos) << svg;
-    EXPECT_NE(svg.find("M48 52.25L54 52.25"), std::string::npos) << svg;
+TEST_F(PixelsTest, A_mark_goes_with_its_place_and_keeps_its_size) {
+    // A head of an arrow at the middle, 0.1 of the world long, and a segment from there.
+    Picture mark, plain;
+    for (Picture* picture : {&mark, &plain}) picture->Scale(-1, 1, 1, -1);
+    mark.Mark({0.02, 0.03}, {0.02, 0.03, -0.1, -0.05}, 0);
+    mark.Mark({0.02, 0.03, 0, 0.01}, {0.5, 0.03, 0, 0.01}, 0);
+    plain.Line(0.02, 0.03, -0.08, -0.02, 0);
+    plain.Line(0.02, 0.04, 0.5, 0.04, 0);
+    EXPECT_NEAR(Dark(Painted(mark, {})), Dark(Painted(plain, {})), 4);
+    EXPECT_EQ(mark.Svg(100), plain.Svg(100));
 
-    picture.Ground(0.02, 0.03, 0.05, 0xFFFFFF);
-    EXPECT_EQ(picture.Alive(), 0U);
+    const Glass near{8, 0.5, 0.5};
+    Picture seen;
+    seen.Scale(-0.125, 0.125, 0.125, -0.125);
+    seen.Line(0.02, 0.03, 0.02 - 0.1 / 8, 0.03 - 0.05 / 8, 0);
+    seen.Line(0.02, 0.03 + 0.01 / 8, 0.5, 0.03 + 0.01 / 8, 0);
+    EXPECT_NEAR(Dark(Painted(mark, near)), Dark(Painted(seen, {})), 4);
+    const Picture part = Part_Of(mark, -0.125, 0.125, 0.125, -0.125, 8);
+    EXPECT_EQ(part.Svg(1000), seen.Svg(1000));
+
+    mark.Scale(-2, 2, 2, -2);
+    EXPECT_FLOAT_EQ(mark.Primitives().front().dx1, 0);
+    EXPECT_FLOAT_EQ(mark.Primitives().front().dx2, -0.2F)
+        << "the window is another, and the mark as large on the screen";
+    mark.Mark({0.04, 0.06}, {0.04, 0.06, -0.2, -0.1}, 0xFFFFFF);
+    EXPECT_EQ(mark.Alive(), 1U);
 }
 
 TEST_F(PixelsTest, A_glass_that_moves_paints_anew_and_back_gives_the_same) {

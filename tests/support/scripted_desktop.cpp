@@ -240,9 +240,6 @@ void LogSurface::LineStep(double dx, double dy, Color color) {
 void LogSurface::Circle(double x, double y, double radius, Color color) {
     Calls.push_back(Row("Circle", x, y, radius) + ColorDigits(color));
 }
-void LogSurface::Ground(double x, double y, double size, Color color) {
-    Calls.push_back(Row("Ground", x, y, size) + ColorDigits(color));
-}
 void LogSurface::PSet(double x, double y, Color color) { Calls.push_back(Row("PSet", x, y) + ColorDigits(color)); }
 void LogSurface::PSet(double x, double y) { Calls.push_back(Row("PSet", x, y)); }
 

@@ -131,7 +131,6 @@ class LogSurface : public platform::Surface {
     void LineTo(double x, double y, platform::Color color) override;
     void LineStep(double dx, double dy, platform::Color color) override;
     void Circle(double x, double y, double radius, platform::Color color) override;
-    void Ground(double x, double y, double size, platform::Color color) override;
     void PSet(double x, double y, platform::Color color) override;
     void PSet(double x, double y) override;
     std::string Text() const;

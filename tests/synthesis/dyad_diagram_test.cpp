@@ -63,11 +63,12 @@ struct DyadDiagram : Fixture {
     void Expect_All_Inside(const std::vector<DyadMark>& marks) const {
         const double air = 1e-9 * (picture.Right() - picture.Left());
         for (const auto& drawn : picture.Primitives()) {
-            const double reach = drawn.kind == Kind::kPin ? drawn.x2 : drawn.kind == Kind::kGround ? 2 * drawn.x2 : 0;
-            EXPECT_GE(drawn.x1 - reach, picture.Left() - air);
-            EXPECT_LE(drawn.x1 + reach, picture.Right() + air);
-            EXPECT_GE(drawn.y1 - reach, picture.Bottom() - air);
-            EXPECT_LE(drawn.y1 + reach, picture.Top() + air);
+            const double reach = drawn.kind == Kind::kPin ? drawn.x2 : 0;
+            const double x = drawn.x1 + drawn.dx1, y = drawn.y1 + drawn.dy1;
+            EXPECT_GE(x - reach, picture.Left() - air);
+            EXPECT_LE(x + reach, picture.Right() + air);
+            EXPECT_GE(y - reach, picture.Bottom() - air);
+            EXPECT_LE(y + reach, picture.Top() + air);
         }
         for (const DyadMark& mark : marks) {
             EXPECT_GE(std::min(mark.at.across, mark.at.down), 0) << mark.name;
