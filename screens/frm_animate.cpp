@@ -483,7 +483,7 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
     constexpr int kLeft = 1;
     constexpr int kShiftAlone = 1;
     if (Button != kLeft || Shift != kShiftAlone) return;
-    if (joints.Holds_Joint()) return;
+    if (joints.Holds_Joint() || joints.Shift_Drag_Ended()) return;
     Guarded("frm_Animate.Picture1", [&] {
         const Held_Window window(*this);
         const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
@@ -496,6 +496,7 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
             return Say_Held_Target();
         }
         Solve();
+        if (!Model.RunStands) joints.End_Shift_Drag();
         Settle_Run([&] { Show_Dragged(step); });
     });
 }

@@ -126,7 +126,7 @@ void Joint_Hand::Drag(const Touch& at) {
 void Joint_Hand::Let_Go() {
     if (!Holds_Joint() && !shifts_) return;
     joint_.reset();
-    shifts_ = false;
+    shifts_ = ended_ = false;
     // Moved by keys until now, it is one step.
     if (std::exchange(by_key_, false)) platform::Deed::Drag_Ended();
     typed_.clear();

@@ -28,6 +28,9 @@ class Joint_Hand {
     /// By `OnMouseMove`, for which a press with the shift key alone takes the picture, something was drawn in a held
     /// window.
     void Shift_Dragged() { moved_ = true; }
+    /// A message has asked for another place: until the next press nothing follows.
+    void End_Shift_Drag() { ended_ = shifts_; }
+    bool Shift_Drag_Ended() const { return ended_; }
     /// While something is held: a box was typed into and is about to be taken over, and has been.
     void Typed(int box);
     void Typed_Taken();
@@ -58,6 +61,7 @@ class Joint_Hand {
     bool coupler_ = false;        ///< it was taken for the coupler
     bool by_key_ = false;
     bool shifts_ = false;
+    bool ended_ = false;
     bool moved_ = false;    ///< the window is to be fitted again
     bool busy_ = false;     ///< what is drawn is drawn by the hand itself
     platform::Point to_{};  ///< where the keys have moved it; global frame, shown unit

@@ -301,6 +301,25 @@ TEST_F(AnimateDrag, ALinkageThatCannotCloseIsToldAndReappears) {
     });
 }
 
+TEST_F(AnimateDrag, OneThatIsHeldOnIsToldOnceAndFollowsFromTheNextPressOn) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        const auto press = [&] { return form.Picture1.OnSeize({1, 0, kShift, form.Picture1.Pixel()}); };
+        ASSERT_TRUE(press());
+        desktop.Expect_Message_With("Your link lengths are incompatible");
+        Drag(50, 0);
+        Drag(60, 0);
+        Drag(1, 0);
+        EXPECT_EQ(Model.Grashof_Code, "NL");
+        EXPECT_EQ(Model.L2, 50);
+        form.Picture1.OnRelease();
+        ASSERT_TRUE(press());
+        Drag(1, 0);
+        EXPECT_EQ(Model.Grashof_Code, "Y");
+        form.Picture1.OnRelease();
+    });
+}
+
 TEST_F(AnimateDrag, ABoxWithTheFocusIsNotChangedByADrag) {
     After_First_Picture([&] {
         form.txt_Linkout[1].SetFocus();

@@ -431,5 +431,14 @@ TEST(WalkFound, WhatLiesOverThePictureGoesWithAStepThatIsDoneAgainUnderAnotherSc
     });
 }
 
+TEST(WalkFound, AShiftDragTellsOnceThatTheLengthsCloseNowhere) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_pick", 3),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Type("frm_Animate", "txt_Linkout", 16, "0.23"),
+        Haul("frm_Animate", "Picture1", 0.834, 0.234, 0.742, 0.139, 1),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
