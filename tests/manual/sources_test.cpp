@@ -157,6 +157,13 @@ TEST(ManualSourcesTest, The_walk_of_the_worked_example_reached_its_end) {
     EXPECT_TRUE(Text_Of_File(QStringLiteral(VERLINK_PICTURES "/walk.txt")).endsWith(QStringLiteral("\ncomplete\n")));
 }
 
+TEST(ManualSourcesTest, The_pictures_are_of_the_run_that_the_worked_example_types) {
+    const QString account = Text_Of_File(QStringLiteral(VERLINK_PICTURES "/walk.txt"));
+    for (const char* picture : {"input", "animate", "plot-acceleration", "dynamics", "balance", "print-data"})
+        EXPECT_TRUE(account.contains(QStringLiteral("\npicture %1, 181 positions\n").arg(QLatin1String(picture))))
+            << picture;
+}
+
 TEST(DocumentPlacesTest, Places_are_read_as_they_were_written) {
     DocumentPlaces places;
     places.headings.push_back({2, 3, 71.25, QStringLiteral("how-many-steps"), QStringLiteral("How many steps?")});

@@ -50,11 +50,13 @@ inline void Press(Screen& screen, const char* button) {
     });
 }
 
+/// Typed as by a hand; what comes of it, the next control takes over as it gets the focus.
 inline void Fill(Screen& screen, const char* box, int index, const char* text) {
-    By_Hand<platform::TextBox>(screen, screen.Text(box, index), [text](auto& control) {
-        control.SetFocus();
-        control.Text = text;
-    });
+    auto& control = screen.Text(box, index);
+    if (On_Hand) On_Hand(screen, control);
+    const platform::Deed typing(control, platform::Deed::Kind::kTyped);
+    control.SetFocus();
+    control.Type(text);
 }
 
 inline void Tick(Screen& screen, const char* box, bool on, int index = platform::kNoIndex) {

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <utility>
 
+#include "core/linkage_model.h"
 #include "desktop/form.h"
 #include "desktop/picture_widget.h"
 #include "desktop/qt_desktop.h"
@@ -94,7 +95,7 @@ void Walker::Save(QWidget& window, const Stop& stop) {
 void Walker::Keep(const QPixmap& picture, const std::string& name) {
     const QString path = folder_.filePath(QString::fromStdString(name) + QStringLiteral(".png"));
     if (!picture.save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-    account_ += "picture " + name + "\n";
+    account_ += "picture " + name + ", " + std::to_string(Model.NSteps + 1) + " positions\n";
 }
 
 void Walker::Answer(QMessageBox& box) {
