@@ -229,7 +229,7 @@ TEST_F(SmallScreensTest, EveryHelpEntryOpensItsDocument) {
         });
         entry->Click();
     }
-    EXPECT_EQ(entries, 19);
+    EXPECT_EQ(entries, 20);
 }
 
 TEST_F(SmallScreensTest, DocumentsOfTheManualLieWhereTheyWereSettled) {

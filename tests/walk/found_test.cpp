@@ -440,5 +440,20 @@ TEST(WalkFound, AShiftDragTellsOnceThatTheLengthsCloseNowhere) {
     });
 }
 
+TEST(WalkFound, WhatLiesOverThePictureGoesWithStepsThatAreDoneAgainAfterANewModel) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Cheby"),
+        Press("frm_Inputnew", "cmd_Done"),
+        Pick("frm_Animate", "mnu_Quit").Saves("<folder>/mine.vlk"),
+        Close("frm_Quit"),
+        Pick("frm_Animate", "mnu_New").Says(Answer::kOk),
+        Type("frm_Inputnew", "txt_Linkout", 1, "2.23"),
+        Type("frm_Inputnew", "txt_Linkout", 15, "3.3"),
+        Pick("frm_Inputnew", "mnu_ViewPinForces").Looks(),
+        Pick("frm_Inputnew", "mnu_Quit").Says(Answer::kAbort),
+        Return("frm_Quit"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
