@@ -143,7 +143,7 @@ Stops Drag_With_Live_Plots() {
              false, "", "Take the coupler point and drag: its curve, the boxes and the plots follow."},
             {"frm_Animate", "", Pull_Along{Joint::kO4, {{0.05, 0.03}, {-0.06, -0.05}, {0.02, 0.06}}, true}, 300, false,
              "", "The ground pivot is taken in the same way. What cannot close is not followed, and a line says why."},
-            {"frm_Animate", "", Menus({"mnu_Undo", "mnu_Undo"}), 400, false, "",
+            {"frm_Animate", "undone", Menus({"mnu_Undo", "mnu_Undo"}), 400, false, "",
              "Each drag is one step of Undo: twice, and the linkage is as it was."},
             {"frm_Animate", "", Menu("mnu_ViewLive"), 300}};
 }
