@@ -32,7 +32,9 @@ Spot Point_At(int step, int row) {
 
 bool At_Origin(int step) { return Model.RunTable.PointXY(step, 2, 0) == 0 && Model.RunTable.PointXY(step, 2, 1) == 0; }
 
-Spot Pivot_O4() { return Turned(Model.L1 * Shown_Factor(), 0); }
+/// In the ground link's frame.
+Spot Pivot_On_Ground() { return {Model.L1 * Shown_Factor(), 0}; }
+Spot Pivot_O4() { return Turned(Pivot_On_Ground().x, 0); }
 
 constexpr double kOrigin = 0;
 
@@ -78,45 +80,48 @@ void Draw_Cam_Follower(Pen& pen, int step, Spot A) {
     pen.Line_To(A, Model.PenColor);
 }
 
-// The lengths of this overlay stay in stored units, also beside points in centimetres or millimetres.
+/// Off a link's joint by a distance, stored, and an angle in the link's own frame; both spots in the ground link's
+/// frame.
+Spot On_Link(int link, int step, Spot joint, double distance, double angle) {
+    const double a = Model.RunTable.Theta(step, link - 2) * kDegToRad + angle - Model.Link1AngleRad;
+    const double length = distance * Shown_Factor();
+    return Turned(joint.x + length * std::cos(a), joint.y + length * std::sin(a));
+}
+
 void DrawMassCenters(int step, Pen& pen) {
     const Color color = Model.PenColor;
     const auto& points = Model.RunTable.PointXY;
-    const auto center = [&](int link, double from_x, double from_y) {
-        const double a = Model.RunTable.Theta(step, link - 2) * kDegToRad + Model.CG(link, 1) - Model.Link1AngleRad;
-        return Turned(from_x + Model.CG(link, 0) * std::cos(a), from_y + Model.CG(link, 0) * std::sin(a));
+    const auto center = [&](int link, Spot joint) {
+        return On_Link(link, step, joint, Model.CG(link, 0), Model.CG(link, 1));
     };
     const Spot A = Point_At(step, 0);
     const Spot B = Point_At(step, 1);
 
-    const Spot G2 = center(2, kOrigin, kOrigin);
+    const Spot G2 = center(2, {kOrigin, kOrigin});
     pen.Line({kOrigin, kOrigin}, G2, color);
     pen.Line_To(A, color);
     pen.Pin(G2, Model.PinRadius, color);
 
-    const Spot G4 = center(4, Model.L1, kOrigin);
-    pen.Line(Turned(Model.L1, kOrigin), G4, color);
+    const Spot G4 = center(4, Pivot_On_Ground());
+    pen.Line(Pivot_O4(), G4, color);
     pen.Line_To(B, color);
     pen.Pin(G4, Model.PinRadius, color);
 
-    const Spot G3 = center(3, points(step, 0, 0), points(step, 0, 1));
+    const Spot G3 = center(3, {points(step, 0, 0), points(step, 0, 1)});
     pen.Dot(A, color);
     pen.Line_To(G3, color);
     pen.Line_To(B, color);
     pen.Pin(G3, Model.PinRadius, color);
 }
 
-// The angle of the ground link is not taken off here, unlike at the centres of gravity.
 void DrawBalanceWeights(int step, Pen& pen) {
-    const auto weight = [&](int link, double pivot_x) {
-        const double a = Model.RunTable.Theta(step, link - 2) * kDegToRad + Model.BerkCG(link, 1);
-        const double m = Model.BerkCG(link, 0);
-        const Spot W = Turned(pivot_x + m * std::cos(a), m * std::sin(a));
-        pen.Line(Turned(pivot_x, kOrigin), W, Model.PenColor);
+    const auto weight = [&](int link, Spot pivot) {
+        const Spot W = On_Link(link, step, pivot, Model.BerkCG(link, 0), Model.BerkCG(link, 1));
+        pen.Line(Turned(pivot.x, pivot.y), W, Model.PenColor);
         pen.Pin(W, Model.PivotRadius, Model.PenColor);
     };
-    weight(2, kOrigin);
-    weight(4, Model.L1);
+    weight(2, {kOrigin, kOrigin});
+    weight(4, Pivot_On_Ground());
 }
 
 }  // namespace

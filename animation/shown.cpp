@@ -12,7 +12,8 @@ namespace verlink {
 namespace {
 
 std::vector<Position_Ear*>& Ears() {
-    static std::vector<Position_Ear*> ears;
+    // Never destroyed: a screen that lives until the process ends takes its ear out even then.
+    static auto& ears = *new std::vector<Position_Ear*>;
     return ears;
 }
 
@@ -38,7 +39,8 @@ void Position_Shown(platform::Screen& form, int step, bool playing) {
 
 void Follow_Results() {
     static int seen = 0;
-    if (std::exchange(seen, Results_Turns()) == seen) return;
+    const int turns = Results_Turns();
+    if (std::exchange(seen, turns) == turns) return;
     // NOLINTNEXTLINE(modernize-loop-convert): as above
     for (std::size_t i = 0; i < Ears().size(); ++i) {
         Position_Ear& ear = *Ears()[i];

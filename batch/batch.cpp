@@ -2,24 +2,31 @@
 #include "batch/batch.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
+#include <memory>
+#include <sstream>
 #include <utility>
 
+#include "batch/check.h"
 #include "batch/csv.h"
+#include "batch/design.h"
 #include "batch/exchange.h"
 #include "batch/forces.h"
 #include "batch/functions.h"
 #include "batch/headless_desktop.h"
 #include "batch/options.h"
 #include "batch/outputs.h"
-#include "batch/picture.h"
-#include "batch/plot.h"
+#include "batch/printout.h"
+#include "batch/progress.h"
+#include "batch/results.h"
 #include "batch/run.h"
+#include "batch/study.h"
+#include "batch/write.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/units.h"
-#include "files/exports.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -34,71 +41,7 @@ namespace verlink {
 namespace {
 
 constexpr int kDone = 0, kFailed = 1, kWrongUsage = 2;
-
-const char kHelp[] =
-    "\n"
-    "Opens a model file, runs it, and writes what the links do at each step.\n"
-    "\n"
-    "  --example NAME       takes a built-in linkage in place of a file: grashof, hoekens,\n"
-    "                       roberts, watts or cheby\n"
-    "  --set FIELD=VALUE    replaces a field of the model file, as if the file had held\n"
-    "                       that value: --set L2=1.2 --set \"CG(3,1)=0.5\"\n"
-    "  --csv FILE           writes the table to a file instead of standard output\n"
-    "  --svg FILE           draws the linkage at step 0 with its coupler curve\n"
-    "  --frame global|local the frame of the vectors: global if not given; in local each\n"
-    "                       is seen from its own link\n"
-    "  --fft FUNCTION       transforms a function and writes, in place of the table, a row\n"
-    "                       for each harmonic: --fft \"Accel CP:Mag\"\n"
-    "  --plot FUNCTION      draws a function with --svg in place of the linkage; up to four\n"
-    "                       in one graph: --plot Omega4 --plot \"Veloc CP:Y\"\n"
-    "  --dynamics           solves for pin forces and torques with the external loads; the\n"
-    "                       table gains them and the motion of the mass centres\n"
-    "  --balance            the same, and then balances the shaking force by counterweights\n"
-    "                       at half the lengths of links 2 and 4, with a flywheel that\n"
-    "                       leaves 0.05 of the torque's pulses; the table gains what they\n"
-    "                       change, and its mass centres are those of the counterweights\n"
-    "  --classify           prints the Grashof code, its words, and the toggle angle in\n"
-    "                       degrees of a non-Grashof linkage\n"
-    "  --cognates           prints a row for each of the three linkages that trace the same\n"
-    "                       coupler curve, lengths as the file stores them, the angle in\n"
-    "                       radians\n"
-    "  --balance-report     prints a row for link 2 and for link 4: the mass-radius product\n"
-    "                       that balances the linkage, its angle, the mass at half the\n"
-    "                       link's length, and that length as the file stores it\n"
-    "  --drive FILE         imports the motion of the input link, as the menus do, once the\n"
-    "                       fields are replaced: an .sva file of a cam program, or an .out\n"
-    "                       file of another stage\n"
-    "  --torque FILE        imports a .trq file of another stage as the torque on link 4, as\n"
-    "                       it stands there; goes with --dynamics, --balance or --save\n"
-    "  --export-out FILE    writes the motion of link 4, which drives another stage\n"
-    "  --export-trq FILE    writes the driving torque of link 2; goes with --dynamics or\n"
-    "                       --balance\n"
-    "  --export-pdx FILE    writes the input of Pendrix\n"
-    "  --save OUT.vlk       writes the model again, with what was imported\n"
-    "  --convert-units N    converts it first: 1 in-lb-bl-s, 2 ft-lb-sl-s, 3 m-kg-N-s,\n"
-    "                       4 cm-kg-N-s, 5 mm-kg-N-s\n"
-    "  --help, --version    print this, or the version\n"
-    "\n"
-    "A FILE of - is standard output. No FILE may be one that the same call reads, or writes\n"
-    "for something else. The model is not saved when the run that goes with it fails.\n"
-    "\n"
-    "A FUNCTION is a column of the table, by its label, and of a vector a component X, Y,\n"
-    "Mag or Ang behind a colon; X if there is none.\n"
-    "\n"
-    "With --classify, --cognates, --balance-report or --save nothing is run unless --csv,\n"
-    "--svg or an export is given too, and then the table is written only to the file of\n"
-    "--csv.\n"
-    "\n"
-    "The table has a header line and a row for each step. Assembled is 1 where the\n"
-    "position closed. Angles are degrees, lengths in the model's shown unit. The centrodes\n"
-    "are in the global frame always; their lengths are in the unit that the file stores,\n"
-    "metres where the screen shows centimetres or millimetres.\n"
-    "\n"
-    "Of a transform, harmonic 0 is the mean; the real and imaginary part, magnitude and\n"
-    "phase of every other are doubled.\n"
-    "\n"
-    "Exit status: 0 done, 1 when the model cannot be read, run, solved or balanced or closes\n"
-    "nowhere or a file cannot be written, 2 for wrong usage. Messages go to standard error.\n";
+const char kClassified[] = "Grashof_Code,LongText,ToggleDegrees\n";
 
 /// The desktop in force as long as this lives.
 struct Session {
@@ -162,16 +105,21 @@ void Check_Tables(const LinkageModel& record, int rows_driven, int rows_of_torqu
     if (record.TorqueImported && record.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
 }
 
-bool Printed(std::ostream& out, std::ostream& err) {
-    out.flush();
-    if (!out) err << "verlink-batch: standard output cannot be written\n";
-    return static_cast<bool>(out);
+/// A record as it is at the start of a process.
+void Start_Afresh() {
+    std::destroy_at(&Model);
+    std::construct_at(&Model);
+    Set_Identity();
+    Model.JustStarted = true;
+    Initialize();
+    Use_Units(Model.Units);
 }
 
+/// One model of a call.
 class Batch {
    public:
-    Batch(const BatchOptions& options, std::ostream& out, std::ostream& err)
-        : options_(options), out_(out), err_(err) {}
+    Batch(const BatchOptions& options, Printout& print, std::ostream& err, int columns)
+        : options_(options), print_(print), err_(err), columns_(columns) {}
 
     int Run() {
         const int status = Work();
@@ -182,6 +130,7 @@ class Batch {
    private:
     int Work() {
         if (!Open()) return kFailed;
+        if (options_.study.Wanted()) return Study();
         if (options_.drive && !Take_Drive(*options_.drive, err_)) return kFailed;
         if (options_.torque && options_.save && !Take_Torque(*options_.torque, err_)) return kFailed;
         if (options_.convert_units) Convert(*options_.convert_units);
@@ -199,9 +148,18 @@ class Batch {
             // A step that cannot be solved spoils the status; the table keeps what was solved before it.
             if (options_.Forces_Wanted()) done = Solve_Forces(Model).solved && done;
             if (options_.balance && !Balance()) return kFailed;
+            // Before functions are chosen for what is written.
+            if (options_.check) checks_ = Checks_Of(Model);
             if (!Make_Results() || (done && !Save()) || !Write_Results()) return kFailed;
+            if (options_.check) print_.Table(Check_Csv(checks_));
         }
-        return Printed(out_, err_) && done ? kDone : kFailed;
+        if (!print_.Done(err_) || !done) return kFailed;
+        return Check_Status(checks_);
+    }
+
+    int Study() {
+        const int status = Run_Study(options_, print_, err_, columns_);
+        return print_.Done(err_) ? status : kFailed;
     }
 
     bool Open() {
@@ -250,17 +208,14 @@ class Batch {
     bool Save() {
         if (!options_.save) return true;
         const std::string content = std::exchange(model_, {});
-        if (Is_Standard_Output(*options_.save)) return Write(*options_.save, content);
-        Model.FilePath = *options_.save;
-        return Writefile(content);
+        return Save_Model(*options_.save, content, print_, err_);
     }
 
     void Classify() {
         Take_Geometry();
         Grashof();
-        out_ << Model.Grashof_Code << ',' << Csv_Field(Grashof_Long_Text()) << ',';
-        if (Model.Grashof_Code == "N") out_ << Shortest(Toggle());
-        out_ << '\n';
+        const std::string toggle = Model.Grashof_Code == "N" ? Shortest(Toggle()) : "";
+        print_.Table(kClassified + Model.Grashof_Code + "," + Csv_Field(Grashof_Long_Text()) + "," + toggle + "\n");
     }
 
     bool Print_Cognates() {
@@ -268,96 +223,108 @@ class Batch {
         if (Refuse_Parallelogram()) return false;
         SeedCognate();
         if (Model.L2 + Model.L3 + Model.L4 == 0) return false;  // said by then
-        out_ << "Cognate,L1,L2,L3,L4,Rpa,DeltaRad\n";
+        std::string table = "Cognate,L1,L2,L3,L4,Rpa,DeltaRad\n";
         for (int cognate = 1; cognate <= 3; ++cognate) {
-            out_ << cognate;
-            for (int item = 1; item <= 6; ++item) out_ << ',' << Shortest(Model.Cognates(cognate, item));
-            out_ << '\n';
+            table += std::to_string(cognate);
+            for (int item = 1; item <= 6; ++item) table += "," + Shortest(Model.Cognates(cognate, item));
+            table += '\n';
         }
+        print_.Table(table);
         return true;
     }
 
     bool Report_Balance() {
         Take_Geometry();
         const std::string report = Balance_Report();
-        out_ << report;
+        print_.Table(report);
         return !report.empty();
     }
 
     /// Everything is made before anything is written.
     bool Make_Results() {
-        if (options_.csv || !options_.Without_Run()) {
-            if (options_.fft && Model.Calctype == 1) {
-                err_ << "verlink-batch: one position has no transform\n";
-                return false;
-            }
-            results_.emplace_back(options_.csv.value_or("-"), options_.fft
-                                                                  ? Transform_Csv(*options_.fft, options_.Local())
-                                                                  : Run_Table_Csv(options_.Local()));
+        for (const ResultRow& row : Result_Rows()) {
+            const std::string* path = options_.Result(row.option);
+            const bool printed = row.option == std::string("--csv") && options_.Table_Printed();
+            if (!path && !printed) continue;
+            std::optional<std::string> content = row.make(options_, err_);
+            if (!content) return false;
+            results_.push_back({path ? *path : "-", std::move(*content), std::string(row.option) == "--csv"});
         }
-        if (options_.svg)
-            results_.emplace_back(*options_.svg,
-                                  options_.plots.empty() ? Picture_Svg() : Plot_Svg(options_.plots, options_.Local()));
-        if (options_.export_out) results_.emplace_back(*options_.export_out, Link4_Content());
-        if (options_.export_trq) results_.emplace_back(*options_.export_trq, Torque_Content());
-        if (options_.export_pdx) results_.emplace_back(*options_.export_pdx, Pendrix_Content());
         return true;
     }
 
     bool Write_Results() {
-        return std::ranges::all_of(results_, [this](const auto& result) { return Write(result.first, result.second); });
-    }
-
-    bool Write(const std::string& path, const std::string& content) {
-        if (Is_Standard_Output(path)) {
-            out_ << content;
-            return true;
-        }
-        out_.flush();  // what was printed before comes first, wherever the path leads
-        try {
-            platform::Write_File(path, content);
-            return true;
-        } catch (const platform::RuntimeFailure& failure) {
-            err_ << "verlink-batch: " << path << " cannot be written: " << Why(failure) << '\n';
-            return false;
-        }
+        return std::ranges::all_of(results_, [this](const Made& result) { return Write_Result(result, print_, err_); });
     }
 
     const BatchOptions& options_;
-    std::ostream& out_;
+    Printout& print_;
     std::ostream& err_;
-    std::string model_;                                         ///< as it is to be saved, until it is
-    std::vector<std::pair<std::string, std::string>> results_;  ///< path and content
+    int columns_;        ///< of the terminal that a study shows itself on
+    std::string model_;  ///< as it is to be saved, until it is
+    std::vector<Made> results_;
+    std::vector<Check> checks_;
 };
+
+/// All models, one after the other; the worst of their statuses. Messages of one among several stand below its name.
+int Run_All(const std::vector<BatchOptions>& jobs, Printout& print, std::ostream& err, int columns) {
+    Progress progress(err, columns, jobs.size());
+    const bool several = jobs.size() > 1;
+    int status = kDone;
+    for (const BatchOptions& job : jobs) {
+        if (several) progress.Show(static_cast<std::size_t>(&job - jobs.data()), job.model);
+        std::ostringstream gathered;
+        std::ostream& notes = several ? gathered : err;
+        HeadlessDesktop desktop(notes);
+        const Session session(desktop);
+        Start_Afresh();
+        print.Of_Model(job.model);
+        status = std::max(status, Batch(job, print, notes, columns).Run());
+        if (!gathered.str().empty()) {
+            progress.Clear();
+            err << job.model << ":\n" << gathered.str();
+        }
+        if (print.Closed() && job.results.empty() && !job.save) break;
+    }
+    return print.Unread() ? kNobodyReads : status;
+}
+
+int Refuse(const std::string& fault, std::ostream& err) {
+    err << "verlink-batch: " << fault << '\n' << Batch_Usage();
+    return kWrongUsage;
+}
+
+/// Help or version.
+int Tell(const std::string& text, std::ostream& out, std::ostream& err) {
+    Printout print(out, false);
+    print.Text(text);
+    if (print.Done(err)) return kDone;
+    return print.Unread() ? kNobodyReads : kFailed;
+}
 
 }  // namespace
 
-int Batch_Main(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int Batch_Main(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, Terminal terminal) {
     HeadlessDesktop desktop(err);
     const Session session(desktop);
     BatchOptions options;
     std::string fault;
-    if (!Parse_Options(arguments, options, fault) || !Example_Known(options, fault) || !Fields_Fit(options, fault)) {
-        err << "verlink-batch: " << fault << '\n' << kBatchUsage;
-        return kWrongUsage;
+    if (!Parse_Options(arguments, options, fault) || !Example_Known(options, fault) || !Fields_Fit(options, fault))
+        return Refuse(fault, err);
+    if (options.help) return Tell(Batch_Help(), out, err);
+    Start_Afresh();
+    if (options.version) return Tell("verlink-batch " + Model.RevNumber + '\n', out, err);
+    if (options.study.merge) return Merge_Parts(options.models, *options.study.merge, err);
+    const std::vector<BatchOptions> jobs = Jobs_Of(options);
+    if (!Functions_Known(options, fault) || !Outputs_Apart(jobs, fault)) return Refuse(fault, err);
+    if (!Folders_There(jobs, fault)) {
+        err << "verlink-batch: " << fault << '\n';
+        return kFailed;
     }
-    Set_Identity();
-    if (options.help) {
-        out << kBatchUsage << kHelp;
-        return Printed(out, err) ? kDone : kFailed;
-    }
-    if (options.version) {
-        out << "verlink-batch " << Model.RevNumber << '\n';
-        return Printed(out, err) ? kDone : kFailed;
-    }
-    Model.JustStarted = true;
-    Initialize();
-    Use_Units(Model.Units);
-    if (!Functions_Known(options, fault) || !Outputs_Apart(options, fault)) {
-        err << "verlink-batch: " << fault << '\n' << kBatchUsage;
-        return kWrongUsage;
-    }
-    return Batch(options, out, err).Run();
+    Printout print(out, jobs.size() > 1);
+    if (options.design) return Run_Design(jobs.front(), print, err);
+    const bool room = !terminal.takes_output || !Writes_To_Standard_Output(jobs.front());
+    return Run_All(jobs, print, err, room ? terminal.columns : 0);
 }
 
 }  // namespace verlink

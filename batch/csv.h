@@ -1,8 +1,10 @@
-// The results of a run as comma-separated values.
+// Columns as comma-separated values.
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "batch/columns.h"
 #include "core/number.h"
 
 namespace verlink {
@@ -13,12 +15,8 @@ std::string Shortest(Single value);
 /// A text as a field: in quotes, with its own quotes doubled, where it holds a comma, a quote or a line end.
 std::string Csv_Field(const std::string& text);
 
-/// A header line and a row for each step 0 to `NSteps`: the step, whether the position closed, its time, every
-/// output variable that the run has, and both centrodes. A scalar has one column, any other variable its four
-/// components, in the global frame or, each by its own link, in the local one; centrodes are always global. Lengths
-/// are in the shown unit, those of the centrodes in the stored one. Rows that did not close stand as the run left
-/// them. Lines end in LF.
-std::string Run_Table_Csv(bool local = false);
+/// A header line and a line for each row, ending in LF.
+std::string Csv(const std::vector<Column>& columns);
 
 /// How many of the steps 0 to `NSteps` closed.
 int Closed_Positions();

@@ -1,17 +1,14 @@
-// How functions get from the command line into the slots and into the transform.
+// How functions get from the command line into the slots.
 #include "batch/functions.h"
 
-#include "batch/csv.h"
 #include "core/linkage_model.h"
 #include "output/catalogue.h"
-#include "output/transform.h"
 
 namespace verlink {
 
 namespace {
 
 constexpr int kGlobal = 0, kLocalRotating = 2;
-constexpr int kTransformed = 1;
 
 }  // namespace
 
@@ -34,19 +31,6 @@ void Take_Function(const FunctionChoice& choice, int slot) {
 void Use_Frame(bool local, int slot) {
     Model.CoordSystem = local ? kLocalRotating : kGlobal;
     Model.PlotSlot = slot;
-}
-
-std::string Transform_Csv(const FunctionChoice& choice, bool local) {
-    Take_Function(choice, kTransformed);
-    Use_Frame(local, kTransformed);
-    Do_DFT(Model.NSteps);
-    std::string table = "Harmonic,Real,Imag,Mag,Phase\n";
-    for (int i = 0; i < Model.HalfSamples; ++i) {
-        table += std::to_string(i);
-        for (int row = 0; row <= 3; ++row) table += "," + Shortest(Model.FFTResult(i, row));
-        table += '\n';
-    }
-    return table;
 }
 
 }  // namespace verlink

@@ -1,4 +1,4 @@
-// The output variables of a run, by their names, and their transform.
+// The output variables of a run, by their names.
 #pragma once
 
 #include <string>
@@ -16,9 +16,5 @@ bool Is_Variable(const std::string& label, int last);
 void Take_Function(const FunctionChoice& choice, int slot);
 /// The frame of all vectors; in the local one the slot that is being drawn is `slot`.
 void Use_Frame(bool local, int slot);
-
-/// The transform of a function over the steps of the run: a header line and a row for each harmonic below half the
-/// number of steps. Lines end in LF.
-std::string Transform_Csv(const FunctionChoice& choice, bool local);
 
 }  // namespace verlink

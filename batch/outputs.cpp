@@ -4,11 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "batch/results.h"
 #include "platform/links.h"
 
 namespace verlink {
@@ -20,8 +24,9 @@ namespace fs = std::filesystem;
 constexpr char kStandardOutput[] = "standard output";
 
 struct Use {
-    std::string who;  ///< the option, or "the model"
+    std::string who;  ///< the option, or "the model"; of several models each with its path
     std::string path;
+    std::string option{}, name{};  ///< of an output: the option alone, and the model's name
 };
 
 /// What tells a file from every other; empty for a device, in which nothing is lost.
@@ -46,29 +51,54 @@ std::string Identity_Of(const std::string& path) {
     return ::stat(path.c_str(), &status) == 0 ? Identity_Of(status) : Place_Of(path);
 }
 
-void Add(std::vector<Use>& uses, const std::string& who, const std::optional<std::string>& path) {
-    if (path) uses.push_back({who, *path});
-}
-
-std::vector<Use> Inputs_Of(const BatchOptions& options) {
+std::vector<Use> Inputs_Of(const BatchOptions& job, bool several) {
     std::vector<Use> uses;
-    if (!options.example) uses.push_back({"the model", options.model});
-    Add(uses, "--drive", options.drive);
-    Add(uses, "--torque", options.torque);
+    if (!job.example) uses.push_back({several ? "the model " + job.model : "the model", job.model});
+    if (job.drive) uses.push_back({"--drive", *job.drive});
+    if (job.torque) uses.push_back({"--torque", *job.torque});
     return uses;
 }
 
-std::vector<Use> Outputs_Of(const BatchOptions& options) {
+/// Files and devices by option; what is printed is left out.
+std::vector<Use> Outputs_Of(const BatchOptions& job, bool several) {
     std::vector<Use> uses;
-    if (options.Prints()) uses.push_back({kStandardOutput, "-"});
-    Add(uses, "--csv", options.csv);
-    Add(uses, "--svg", options.svg);
-    Add(uses, "--save", options.save);
-    Add(uses, "--export-out", options.export_out);
-    Add(uses, "--export-trq", options.export_trq);
-    Add(uses, "--export-pdx", options.export_pdx);
+    const auto add = [&](const std::string& option, const std::string& path) {
+        uses.push_back({several ? option + " of " + job.model : option, path, option, job.Name()});
+    };
+    for (const WantedResult& result : job.results) add(result.row->option, result.path);
+    if (job.save) add("--save", *job.save);
     return uses;
 }
+
+/// All files of a call, each with who uses it.
+class Files {
+   public:
+    void Read(const Use& use) { uses_[Identity_Of(use.path)].push_back(use); }
+    bool Write(const Use& use, std::string& fault) {
+        const std::string identity = Identity_Of(use.path);
+        if (identity.empty()) return true;
+        std::vector<Use>& others = uses_[identity];
+        for (const Use& other : others) {
+            // Tables of several models follow each other, and so do what is printed and what is told to go there too.
+            if (Tables_Of_All(other, use)) return true;
+            if (other.who == kStandardOutput && Is_Standard_Output(use.path)) continue;
+            fault = use.who + " and " + other.who + " are one file, " +
+                    (use.who == kStandardOutput ? other.path : use.path);
+            if (use.path == other.path && use.option == other.option && use.name != other.name)
+                fault += "; {name} in it stands for the name of each model";
+            return false;
+        }
+        others.push_back(use);
+        return true;
+    }
+
+   private:
+    static bool Tables_Of_All(const Use& other, const Use& use) {
+        return other.option == "--csv" && use.option == "--csv" && Is_Standard_Output(use.path);
+    }
+
+    std::unordered_map<std::string, std::vector<Use>> uses_;
+};
 
 }  // namespace
 
@@ -76,19 +106,37 @@ bool Is_Standard_Output(const std::string& path) {
     return path == "-" || platform::Descriptor_Named(path) == STDOUT_FILENO;
 }
 
-bool Outputs_Apart(const BatchOptions& options, std::string& fault) {
-    std::vector<Use> before = Inputs_Of(options);
-    for (const Use& output : Outputs_Of(options)) {
-        const std::string identity = Identity_Of(output.path);
-        for (const Use& other : before) {
-            // What is printed and what is told to go there too follow each other.
-            if (other.who == kStandardOutput && Is_Standard_Output(output.path)) continue;
-            if (identity.empty() || Identity_Of(other.path) != identity) continue;
-            fault = output.who + " and " + other.who + " are one file, " +
-                    (output.who == kStandardOutput ? other.path : output.path);
-            return false;
+bool Writes_To_Standard_Output(const BatchOptions& job) {
+    return job.Prints() || (job.save && Is_Standard_Output(*job.save)) ||
+           std::ranges::any_of(job.results, [](const WantedResult& result) { return Is_Standard_Output(result.path); });
+}
+
+bool Outputs_Apart(const std::vector<BatchOptions>& jobs, std::string& fault) {
+    const bool several = jobs.size() > 1;
+    Files files;
+    for (const BatchOptions& job : jobs)
+        for (const Use& input : Inputs_Of(job, several)) files.Read(input);
+    if (jobs.front().Prints() && !files.Write({kStandardOutput, "-"}, fault)) return false;
+    for (const BatchOptions& job : jobs)
+        for (const Use& output : Outputs_Of(job, several))
+            if (!files.Write(output, fault)) return false;
+    return true;
+}
+
+bool Folders_There(const std::vector<BatchOptions>& jobs, std::string& fault) {
+    if (jobs.size() < 2) return true;
+    std::unordered_set<std::string> there;
+    for (const BatchOptions& job : jobs) {
+        for (const Use& output : Outputs_Of(job, true)) {
+            const std::string folder = platform::Folder_Of(output.path);
+            std::error_code none;
+            if (there.contains(folder)) continue;
+            if (!fs::is_directory(folder, none)) {
+                fault = output.path + " cannot be written: Path not found (there is no folder " + folder + ")";
+                return false;
+            }
+            there.insert(folder);
         }
-        before.push_back(output);
     }
     return true;
 }

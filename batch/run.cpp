@@ -74,10 +74,17 @@ void Take_Geometry() {
     Derive_Linkage(Leading::kInForce);
 }
 
+bool Take_Limits() {
+    switch (Model.Calctype) {
+        case 1: return !Refuse_Time_Steps();
+        case 2: return Take_Time_Limits();
+        case 3: return Take_Angle_Limits();
+        default: return true;
+    }
+}
+
 bool Run_Model(std::ostream& notes) {
-    if (Model.Calctype == 1 && Refuse_Time_Steps()) return false;
-    if (Model.Calctype == 2 && !Take_Time_Limits()) return false;
-    if (Model.Calctype == 3 && !Take_Angle_Limits()) return false;
+    if (!Take_Limits()) return false;
     Take_Geometry();
     Integer Result = kRetrying;
     if (Model.Calctype > 3) {

@@ -9,6 +9,10 @@ namespace verlink {
 /// stands.
 void Take_Geometry();
 
+/// The limits of run types 1 to 3 as the run takes them. False, with the words that a screen would show, when they are
+/// refused.
+bool Take_Limits();
+
 /// Runs types 1 to 3, or replays the drive table of types 4 and 5. False, with the words that a screen would show,
 /// when the limits are refused or the lengths cannot close at all; then there is no table. A drive table without rows
 /// is noted on the stream.

@@ -47,7 +47,7 @@ void Hand_Over_For_A_Copy(benchmark::State& state) {
     double length = 1;
     for (auto _ : state) {
         Model.L2 = length += 1e-3;
-        keeper.Keep({"/models/press.vlk", "press", Snapshot_Of_File(), std::chrono::system_clock::now()});
+        keeper.Keep({"/models/press.vlk", "press", Snapshot_Of_File(), Model, std::chrono::system_clock::now()});
     }
     Model.TorqueImported = false;
     Model.Calctype = 3;

@@ -4,10 +4,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <string_view>
 
+#include "core/grashof.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/toggle.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
 
@@ -28,16 +29,16 @@ namespace {
 
 constexpr const char* kScreens[] = {"frm_Inputnew", "frm_Animate"};
 
-struct Kind {
-    const char* long_text;
-    const char* short_text;
-    std::string_view code;
-};
+GrashofKind Classified() {
+    const auto& length = Model.LinkArray;
+    return Grashof_Kind({length(1), length(2), length(3), length(4)});
+}
 
-constexpr std::string_view kCannotConnect = "NL";
+}  // namespace
 
-Kind Classified() {
-    std::array<Single, 4> s{Model.LinkArray(1), Model.LinkArray(2), Model.LinkArray(3), Model.LinkArray(4)};
+GrashofKind Grashof_Kind(const Links& links) {
+    std::array<Single, 4> s{links.L1, links.L2, links.L3, links.L4};
+    const Single coupler = links.L3;
     std::sort(s.begin(), s.end());
     const Single extremes = s[0] + s[3];
     const Single others = s[1] + s[2];
@@ -45,15 +46,13 @@ Kind Classified() {
     if (three <= s[3]) return {"Can't Connect", "No Linkage", kCannotConnect};
     if (others < extremes) return {"Linkage is Non-Grashof", "Non-Grashof", "N"};
     if (others == extremes) return {"Special-Case Grashof Linkage", "Special Case", "SC"};
-    if (s[0] == Model.LinkArray(3)) return {"Grashof Double-Rocker", "Grashof Double-Rocker", "Y"};
+    if (s[0] == coupler) return {"Grashof Double-Rocker", "Grashof Double-Rocker", "Y"};
     return {"Linkage is Grashof", "Grashof", "Y"};
 }
 
-}  // namespace
-
 void Grashof() {
     Guarded("Grashof", [] {
-        const Kind kind = Classified();
+        const GrashofKind kind = Classified();
         Model.Grashof_Code = kind.code;
         platform::With<Label>("frm_Cayley", "Pnl_Grashof", kNoIndex, [&](Label& l) { l.Caption = kind.short_text; });
         for (const char* screen : kScreens)
@@ -63,14 +62,19 @@ void Grashof() {
     });
 }
 
+Single Toggle_Angle(const Geometry& linkage) {
+    const auto& length = linkage.LinkArray;
+    const Single L1 = length(1), L2 = length(2), L3 = length(3), L4 = length(4);
+    const Single K = Divide(L1 * L1 + L2 * L2 - L3 * L3 - L4 * L4, 2 * L2 * L1);
+    const Single M = Divide(L4 * L3, L1 * L2);
+    const Single outer = M + K, inner = K - M;
+    return FNArcCos(std::fabs(outer) <= 1 ? outer : inner) * kRadToDeg;
+}
+
 double Toggle() {
     Single angle = 0;
     Guarded("Toggle", [&] {
-        const Single L1 = Model.LinkArray(1), L2 = Model.LinkArray(2), L3 = Model.LinkArray(3), L4 = Model.LinkArray(4);
-        const Single K = Divide(L1 * L1 + L2 * L2 - L3 * L3 - L4 * L4, 2 * L2 * L1);
-        const Single M = Divide(L4 * L3, L1 * L2);
-        const Single outer = M + K, inner = K - M;
-        angle = FNArcCos(std::fabs(outer) <= 1 ? outer : inner) * kRadToDeg;
+        angle = Toggle_Angle(Model);
         // Limits are typed in the global frame.
         const char* unit = Model.Link1Angle == 0 ? "deg" : "deg to link 1";
         for (const char* screen : kScreens) {

@@ -12,6 +12,7 @@
 #include "core/record/slots.h"
 #include "core/record/status.h"
 #include "core/record/synthesis.h"
+#include "core/record/tasks.h"
 #include "core/record/units.h"
 
 namespace verlink {
@@ -32,6 +33,7 @@ struct LinkageModel : Geometry,
                       MassProperties,
                       BalanceWeights,
                       SynthesisData,
+                      Tasks,
                       FunctionSlots,
                       OutputSettings,
                       Transform {};

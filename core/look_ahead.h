@@ -6,6 +6,10 @@
 #include "core/position.h"
 #include "core/rounding.h"
 
+namespace verlink {
+struct RunResults;
+}
+
 namespace verlink::ahead {
 
 /// So many steps at a time.
@@ -17,6 +21,13 @@ struct Columns {
     Single *Points[3][2], *Vel[3][2], *Acc[5][2], *Fixed[2], *Moving[2];
 };
 
+/// Those of a table of results.
+Columns Columns_Of(RunResults& table);
+
+/// How far a run is solved. Short of the motion, that is for a linkage in which no speed and no acceleration can be
+/// beyond a single where links 3 and 4 are a thousandth off a line, and which closes there without a look at them.
+enum class Depth { kAngles, kPoints, kMotion };
+
 /// What all steps of a run have in common.
 struct Run {
     LinkageShape shape;
@@ -27,6 +38,8 @@ struct Run {
     double Alpha2;       ///< rad/s^2
     CouplerStart start;  ///< of the moving centrode
     Columns columns;
+    bool on_coupler = true;  ///< whether the acceleration on link 3's axes is wanted
+    Depth depth = Depth::kMotion;
 };
 
 /// Steps `step` to `step` + 7, at these crank angles (local, radians) and speeds before they are rounded. False, with
@@ -60,6 +73,27 @@ inline void Find_Poles(const Run& run, const Position<V> (&positions)[N], Steps<
     }
 }
 
+/// Points among what is stored, and all lengths in the shown unit.
+template <class V>
+inline void Show_Lengths(const Run& run, Position<V>& p, Steps<V>& steps, Rounding<V>& r) {
+    steps.Points[0][0] = p.Ax;
+    steps.Points[0][1] = p.Ay;
+    steps.Points[1][0] = p.Bx;
+    steps.Points[1][1] = p.By;
+    steps.Points[2][0] = p.Px;
+    steps.Points[2][1] = p.Py;
+    if (run.factor != 1) {
+        const auto show = [&](auto& vectors, int count) {
+            for (int i = 0; i < count; ++i)
+                for (auto& component : vectors[i]) r.Keep(component, Wide(component) * run.factor);
+        };
+        show(steps.Points, 3);
+        if (run.depth != Depth::kMotion) return;
+        show(p.Vel, 3);
+        show(p.Acc, run.on_coupler ? 5 : 4);
+    }
+}
+
 /// The rest of a vector; false when one of its steps needs the care of a single solution.
 template <class V>
 inline bool Finish(const Run& run, Position<V>& p, Steps<V>& steps) {
@@ -73,21 +107,7 @@ inline bool Finish(const Run& run, Position<V>& p, Steps<V>& steps) {
         r.Add(steps.Moving.All.Sum());
         not_zero = not_zero * steps.Fixed.Run1 * steps.Fixed.Run2 * steps.Fixed.SlopeDifference;
     }
-    steps.Points[0][0] = p.Ax;
-    steps.Points[0][1] = p.Ay;
-    steps.Points[1][0] = p.Bx;
-    steps.Points[1][1] = p.By;
-    steps.Points[2][0] = p.Px;
-    steps.Points[2][1] = p.Py;
-    if (run.factor != 1) {
-        const auto show = [&](auto& vectors) {
-            for (auto& vector : vectors)
-                for (auto& component : vector) r.Keep(component, Wide(component) * run.factor);
-        };
-        show(steps.Points);
-        show(p.Vel);
-        show(p.Acc);
-    }
+    Show_Lengths(run, p, steps, r);
     return r.All_Finite() && !Is_Zero(not_zero);
 }
 
@@ -114,7 +134,8 @@ inline void Put_All(const Run& run, int step, const Position<V>& p, const Steps<
             Put<V>(c.Points[point][axis], step, steps.Points[point][axis]);
             Put<V>(c.Vel[point][axis], step, p.Vel[point][axis]);
         }
-        for (int point = 0; point <= 4; ++point) Put<V>(c.Acc[point][axis], step, p.Acc[point][axis]);
+        for (int point = 0; point <= (run.on_coupler ? 4 : 3); ++point)
+            Put<V>(c.Acc[point][axis], step, p.Acc[point][axis]);
     }
     if (!run.has_poles) return;
     Put<V>(c.Fixed[0], step, steps.Fixed.X);
@@ -131,17 +152,48 @@ inline V Taken(const double* numbers) {
     return taken;
 }
 
+/// Angles, and points where they are wanted, of a vector; false when one of its steps needs more care.
+template <class V>
+inline bool Finish_Places(const Run& run, Position<V>& p, Steps<V>& steps) {
+    constexpr double kThousandth = 1e-3;
+    Rounding<V> r = p.All;
+    Store_Angles(p, run.Link1Angle, run.wrap, r, steps.Theta);
+    if (run.depth != Depth::kAngles) Show_Lengths(run, p, steps, r);
+    const V in_line = If(p.S34 * p.S34 < kThousandth * kThousandth, V{}, Both<V>(1));
+    return r.All_Finite() && !Is_Zero(p.A * p.D * in_line);
+}
+
+template <class V, int N>
+inline bool Solve_Places(const Run& run, int step, Position<V> (&positions)[N]) {
+    Steps<V> steps[N];
+    Solve_Angles(run.shape, positions);
+    if (run.depth != Depth::kAngles) Solve_Points(run.shape, positions);
+    for (int i = 0; i < N; ++i)
+        if (!Finish_Places(run, positions[i], steps[i])) return false;
+    for (int i = 0; i < N; ++i) {
+        const int at = step + kLanesOf<V> * i;
+        for (int row = 0; row <= 3; ++row) Put<V>(run.columns.Theta[row], at, steps[i].Theta[row]);
+        if (run.depth != Depth::kAngles)
+            for (int point = 0; point <= 2; ++point)
+                for (int axis = 0; axis <= 1; ++axis)
+                    Put<V>(run.columns.Points[point][axis], at, steps[i].Points[point][axis]);
+    }
+    return true;
+}
+
 template <class V>
 inline bool Solve_All(const Run& run, int step, const double* theta2, const double* omega2) {
     constexpr int kLanes = kLanesOf<V>, kVectors = kSteps / kLanes;
     Position<V> positions[kVectors];
+    for (int i = 0; i < kVectors; ++i) positions[i].Theta2 = Rounded(Taken<V>(theta2 + kLanes * i));
+    if (run.depth != Depth::kMotion) return Solve_Places(run, step, positions);
     Steps<V> steps[kVectors];
     for (int i = 0; i < kVectors; ++i) {
-        positions[i].Theta2 = Rounded(Taken<V>(theta2 + kLanes * i));
         positions[i].Omega2 = Rounded(Taken<V>(omega2 + kLanes * i));
         positions[i].Alpha2 = positions[i].Alpha2Before = Both<V>(run.Alpha2);
     }
-    Solve(run.shape, positions);
+    Solve_Motion(run.shape, positions);
+    if (run.on_coupler) Solve_On_Coupler(positions);
     if (run.has_poles) Find_Poles(run, positions, steps);
     for (int i = 0; i < kVectors; ++i)
         if (!Finish(run, positions[i], steps[i])) return false;

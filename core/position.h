@@ -78,19 +78,24 @@ inline void Close_Loop(const LinkageShape& g, Position<V>& p) {
     p.All = r;
 }
 
-/// Points and speeds, by the loop closure and its derivative.
+template <class V>
+inline void Place_Points(const LinkageShape& g, Position<V>& p) {
+    Rounding<V> r = p.All;
+    const V Ax = r.Keep(p.Ax, g.L2 * p.CosTheta2), Ay = r.Keep(p.Ay, g.L2 * p.SinTheta2);
+    r.Keep(p.Px, g.Rpa * p.CosDelta3 + Ax);
+    r.Keep(p.Py, g.Rpa * p.SinDelta3 + Ay);
+    r.Keep(p.Bx, g.L4 * p.CosTheta4 + g.L1);
+    r.Keep(p.By, g.L4 * p.SinTheta4);
+    p.All = r;
+}
+
+/// Speeds, by the derivative of the loop closure.
 template <class V>
 inline void Move(const LinkageShape& g, Position<V>& p) {
-    const double L1 = g.L1, L2 = g.L2, L3 = g.L3, L4 = g.L4, Rpa = g.Rpa;
+    const double L2 = g.L2, L3 = g.L3, L4 = g.L4, Rpa = g.Rpa;
     const V s2 = p.SinTheta2, c2 = p.CosTheta2, s4 = p.SinTheta4, c4 = p.CosTheta4;
     const V sP = p.SinDelta3, cP = p.CosDelta3, w2 = p.Omega2;
     Rounding<V> r = p.All;
-    const V Ax = r.Keep(p.Ax, L2 * c2), Ay = r.Keep(p.Ay, L2 * s2);
-    r.Keep(p.Px, Rpa * cP + Ax);
-    r.Keep(p.Py, Rpa * sP + Ay);
-    r.Keep(p.Bx, L4 * c4 + L1);
-    r.Keep(p.By, L4 * s4);
-
     const V S43 = -p.S34;  // to the bit, as the sine is odd
     const V w3 = r.Keep(p.Omega3, w2 * L2 / L3 * p.S42 / p.S34);
     const V w4 = r.Keep(p.Omega4, w2 * L2 / L4 * p.S23 / S43);
@@ -155,26 +160,52 @@ inline void Resolve_On_Coupler(Position<V>& p, V Sine, V Cosine) {
     p.All.Keep(p.Acc[4][1], magnitude * Sine);
 }
 
-/// All of it for N positions, each kind of work for all of them in turn, so that their waits overlap.
+/// The angles of N positions and how far links 3 and 4 are from lying in line; each kind of work for all of them in
+/// turn, so that their waits overlap.
 template <class V, int N>
-inline void Solve(const LinkageShape& g, Position<V> (&positions)[N]) {
+inline void Solve_Angles(const LinkageShape& g, Position<V> (&positions)[N]) {
     for (auto& p : positions) Sin_Cos(p.Theta2, p.SinTheta2, p.CosTheta2);
     for (auto& p : positions) Close_Loop(g, p);
     for (auto& p : positions) p.Theta4 = Rounded(2 * Atan(p.Theta4));
     for (auto& p : positions) p.Theta3 = Rounded(2 * Atan(p.Theta3));
-    for (auto& p : positions) Sin_Cos(p.Theta4, p.SinTheta4, p.CosTheta4);
-    for (auto& p : positions) Sin_Cos(p.Theta3, p.SinTheta3, p.CosTheta3);
-    for (auto& p : positions) Sin_Cos(g.DeltaRad + p.Theta3, p.SinDelta3, p.CosDelta3);
     for (auto& p : positions) p.S34 = Sin(p.Theta3 - p.Theta4);
+}
+
+/// Then the points.
+template <class V, int N>
+inline void Solve_Points(const LinkageShape& g, Position<V> (&positions)[N]) {
+    for (auto& p : positions) Sin_Cos(p.Theta4, p.SinTheta4, p.CosTheta4);
+    for (auto& p : positions) Sin_Cos(g.DeltaRad + p.Theta3, p.SinDelta3, p.CosDelta3);
+    for (auto& p : positions) Place_Points(g, p);
+}
+
+/// All but the acceleration on link 3's axes.
+template <class V, int N>
+inline void Solve_Motion(const LinkageShape& g, Position<V> (&positions)[N]) {
+    Solve_Angles(g, positions);
+    Solve_Points(g, positions);
+    for (auto& p : positions) Sin_Cos(p.Theta3, p.SinTheta3, p.CosTheta3);
     for (auto& p : positions) p.S42 = Sin(p.Theta4 - p.Theta2);
     for (auto& p : positions) p.S23 = Sin(p.Theta2 - p.Theta3);
     for (auto& p : positions) Move(g, p);
     for (auto& p : positions) Accelerate(g, p);
+}
+
+/// The rest of it.
+template <class V, int N>
+inline void Solve_On_Coupler(Position<V> (&positions)[N]) {
     V angle[N], sine[N], cosine[N];
     for (int i = 0; i < N; ++i) angle[i] = Atan(Wide(positions[i].Acc[2][1]) / Wide(positions[i].Acc[2][0]));
     for (int i = 0; i < N; ++i) angle[i] = Angle_On_Coupler(positions[i], angle[i]);
     for (int i = 0; i < N; ++i) Sin_Cos(angle[i], sine[i], cosine[i]);
     for (int i = 0; i < N; ++i) Resolve_On_Coupler(positions[i], sine[i], cosine[i]);
+}
+
+/// All of it.
+template <class V, int N>
+inline void Solve(const LinkageShape& g, Position<V> (&positions)[N]) {
+    Solve_Motion(g, positions);
+    Solve_On_Coupler(positions);
 }
 
 /// How stored angles are wrapped, once: "abs" below 0, "180" above 180.

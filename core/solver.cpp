@@ -162,30 +162,6 @@ void Scale(Points& points, int step, double factor, int First, int Last) {
         for (int axis = 0; axis <= 1; ++axis) points(step, point, axis) *= factor;
 }
 
-ahead::Columns Columns_Of(RunResults& table) {
-    ahead::Columns c{};
-    const auto take = [](auto& array, Single*& column, int row = 0, int axis = 0) {
-        column = array.Steps(0, 1, row, axis);
-    };
-    for (int row = 0; row <= 3; ++row) take(table.Theta, c.Theta[row], row);
-    take(table.OmegaRatio, c.Ratio);
-    take(table.MechAdvantage, c.Advantage);
-    for (int row = 0; row <= 2; ++row) {
-        take(table.Omega, c.Omega[row], row);
-        take(table.Alpha, c.Alpha[row], row);
-    }
-    for (int axis = 0; axis <= 1; ++axis) {
-        for (int point = 0; point <= 2; ++point) {
-            take(table.PointXY, c.Points[point][axis], point, axis);
-            take(table.VelXY, c.Vel[point][axis], point, axis);
-        }
-        for (int point = 0; point <= 4; ++point) take(table.AccXY, c.Acc[point][axis], point, axis);
-        take(table.FixedCentrode, c.Fixed[axis], 0, axis);
-        take(table.MovingCentrode, c.Moving[axis], 0, axis);
-    }
-    return c;
-}
-
 }  // namespace
 
 void Calculate(Integer step, Integer& Result) {
@@ -194,8 +170,14 @@ void Calculate(Integer step, Integer& Result) {
 }
 
 LookAhead::LookAhead(Lanes lanes)
-    : run_{Present_Shape(), Wrap_Mode(), Model.Link1Angle,          Shown_Factor(), !Model.Parallelogram,
-           Model.Alpha2,    {},          Columns_Of(Model.RunTable)},
+    : run_{Present_Shape(),
+           Wrap_Mode(),
+           Model.Link1Angle,
+           Shown_Factor(),
+           !Model.Parallelogram,
+           Model.Alpha2,
+           {},
+           ahead::Columns_Of(Model.RunTable)},
       solve_(lanes == Lanes::kFour && ahead::kSolve_By_Fours ? ahead::kSolve_By_Fours : ahead::Solve_By_Pairs) {}
 
 bool LookAhead::Is_Possible(int step) const {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace verlink {
@@ -128,9 +129,11 @@ std::optional<Longest> Too_Long(const Links& links) {
     for (int link = 1; link <= 4; ++link)
         if (link != longest) lengths[count++] = links.Of(link);
     std::sort(std::begin(lengths), std::end(lengths));
-    const Single others = lengths[0] + lengths[1] + lengths[2];
+    const double others = lengths[0] + lengths[1] + lengths[2];
     const double length = links.Of(longest), limit = Sum(links) - length;
-    if (!(others <= Single(length))) return {};
+    // What no single holds is more than any length.
+    const bool held = others <= std::numeric_limits<float>::max();
+    if (!held || !(Single(others) <= Single(length))) return {};
     return Longest{longest, std::max(0.0, length - limit), limit};
 }
 

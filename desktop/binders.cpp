@@ -19,6 +19,7 @@
 
 #include "desktop/button.h"
 #include "desktop/caption.h"
+#include "desktop/chart_widgets.h"
 #include "desktop/document_widget.h"
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
@@ -33,6 +34,7 @@
 #include "desktop/plot_hand.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "platform/charts.h"
 #include "platform/controls.h"
 #include "platform/deed.h"
 #include "platform/graph.h"
@@ -334,16 +336,22 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
     });
     QObject::connect(bar, &QScrollBar::actionTriggered, bar, [&form, &control, bar](int action) {
         const int wished = bar->sliderPosition();
-        form.act(control, [&] {
-            if (action == QAbstractSlider::SliderMove && bar->isSliderDown())
-                control.Drag(wished);
-            else
-                control.SetValue(std::clamp(wished, bar->minimum(), bar->maximum()));
-        });
+        const bool drags = action == QAbstractSlider::SliderMove && bar->isSliderDown();
+        form.act(
+            control,
+            [&] {
+                if (drags)
+                    control.Drag(wished);
+                else
+                    control.SetValue(std::clamp(wished, bar->minimum(), bar->maximum()));
+            },
+            drags ? Deed::Kind::kDrag : Deed::Kind::kWhole);
         bar->setSliderPosition(control.Value());
     });
-    QObject::connect(bar, &QScrollBar::sliderReleased, bar,
-                     [&form, &control] { form.happen(control, [&] { control.Drop(); }); });
+    QObject::connect(bar, &QScrollBar::sliderReleased, bar, [&form, &control] {
+        form.happen(control, [&] { control.Drop(); });
+        Deed::Drag_Ended();
+    });
     return bar;
 }
 
@@ -439,6 +447,30 @@ QWidget* make(Form& form, Graph& control, QWidget* parent) {
     return graph;
 }
 
+QWidget* make(Form& form, Histogram& control, QWidget* parent) {
+    auto* histogram = new HistogramWidget(control, parent);
+    histogram->onPick = [&form, &control](double value) {
+        if (control.OnPick) form.act(control, [&] { control.OnPick(value); });
+    };
+    bind(form, control, histogram, [histogram] { histogram->follow(); });
+    return histogram;
+}
+
+QWidget* make(Form& form, Bars& control, QWidget* parent) {
+    auto* bars = new BarsWidget(control, parent);
+    bind(form, control, bars, [bars] { bars->follow(); });
+    return bars;
+}
+
+QWidget* make(Form& form, Color_Map& control, QWidget* parent) {
+    auto* map = new ColorMapWidget(control, parent);
+    map->onPick = [&form, &control](Color_Map::Cell cell) {
+        if (control.OnPick) form.act(control, [&] { control.OnPick(cell); });
+    };
+    bind(form, control, map, [map] { map->follow(); });
+    return map;
+}
+
 QWidget* make(Form& form, Grid& control, QWidget* parent) {
     auto* grid = new GridWidget(control, parent);
     bind(form, control, grid, [grid] { grid->follow(); });
@@ -518,6 +550,9 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);
     if (auto* picture = dynamic_cast<PictureBox*>(&control)) return make(form, *picture, parent);
     if (auto* graph = dynamic_cast<Graph*>(&control)) return make(form, *graph, parent);
+    if (auto* histogram = dynamic_cast<Histogram*>(&control)) return make(form, *histogram, parent);
+    if (auto* bars = dynamic_cast<Bars*>(&control)) return make(form, *bars, parent);
+    if (auto* map = dynamic_cast<Color_Map*>(&control)) return make(form, *map, parent);
     if (auto* grid = dynamic_cast<Grid*>(&control)) return make(form, *grid, parent);
     if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
     if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);

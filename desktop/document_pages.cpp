@@ -52,8 +52,10 @@ DocumentPages::~DocumentPages() {
 bool DocumentPages::load(const QString& path) {
     seek({});
     places_ = {};
+    sheets_.clear();
     if (document_->load(path) != QPdfDocument::Error::None) return false;
     places_ = DocumentPlaces::ofDocument(path);
+    for (int i = 0; i < pages(); ++i) sheets_.push_back(document_->pagePointSize(i));
     pageNavigator()->jump(0, {});
     goTo(0);
     return true;
@@ -72,9 +74,8 @@ qreal DocumentPages::scale() const {
 
 QRectF DocumentPages::pageArea(int page) const {
     const QMargins margins = documentMargins();
-    const auto sized = [this](int number) {
-        return (document_->pagePointSize(number) * pixelsPerPoint() * scale()).toSize();
-    };
+    const qreal point = pixelsPerPoint(), zoom = scale();
+    const auto sized = [&](int number) { return (sheets_.value(number) * point * zoom).toSize(); };
     int widest = 0;
     for (int i = 0; i < pages(); ++i) widest = std::max(widest, sized(i).width());
     widest += margins.left() + margins.right();

@@ -66,6 +66,7 @@ class DocumentPages : public QPdfView {
     QPdfDocument* document_;
     QPdfSearchModel* search_;
     DocumentPlaces places_;
+    QList<QSizeF> sheets_;  ///< the sizes of the pages, points
     QList<QPdfLink> finds_;
     int find_ = -1;
     Spot spot_;            ///< at the top of the view

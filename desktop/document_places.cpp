@@ -1,4 +1,4 @@
-// The file of places: a line for each heading and link, its values parted by tabs.
+// The file of places: a line for each heading, label and link, its values parted by tabs.
 #include "desktop/document_places.h"
 
 #include <QFile>
@@ -13,9 +13,12 @@ QString number(qreal value) { return QString::number(value, 'f', 2); }
 
 }  // namespace
 
-const DocumentPlaces::Heading* DocumentPlaces::heading(const QString& name) const {
-    const auto found = std::ranges::find(headings, name, &Heading::name);
-    return found == headings.end() ? nullptr : &*found;
+const DocumentPlaces::Heading* DocumentPlaces::place(const QString& name) const {
+    for (const std::vector<Heading>* places : {&headings, &labels}) {
+        const auto found = std::ranges::find(*places, name, &Heading::name);
+        if (found != places->end()) return &*found;
+    }
+    return nullptr;
 }
 
 QString DocumentPlaces::text() const {
@@ -28,6 +31,9 @@ QString DocumentPlaces::text() const {
                              heading.name,
                              heading.title}
                      .join(QLatin1Char('\t'));
+    for (const Heading& label : labels)
+        lines << QStringList{QStringLiteral("label"), QString::number(label.page), number(label.top), label.name}.join(
+            QLatin1Char('\t'));
     for (const Link& link : links)
         lines << QStringList{QStringLiteral("link"),
                              QString::number(link.page),
@@ -46,6 +52,8 @@ DocumentPlaces DocumentPlaces::fromText(const QString& text) {
         const QStringList parts = line.split(QLatin1Char('\t'));
         if (parts.size() == 6 && parts[0] == QStringLiteral("heading"))
             places.headings.push_back({parts[1].toInt(), parts[2].toInt(), parts[3].toDouble(), parts[4], parts[5]});
+        else if (parts.size() == 4 && parts[0] == QStringLiteral("label"))
+            places.labels.push_back({0, parts[1].toInt(), parts[2].toDouble(), parts[3], {}});
         else if (parts.size() == 7 && parts[0] == QStringLiteral("link"))
             places.links.push_back(
                 {parts[1].toInt(),

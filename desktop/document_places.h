@@ -22,9 +22,11 @@ struct DocumentPlaces {
         QString target;  ///< a path below the folder of the help, with "#name" behind it for a heading
     };
     std::vector<Heading> headings;
+    std::vector<Heading> labels;  ///< figures and formulas that links lead to; level 0, the title is empty
     std::vector<Link> links;
 
-    const Heading* heading(const QString& name) const;
+    /// Of a heading or a label; null for neither.
+    const Heading* place(const QString& name) const;
 
     QString text() const;
     static DocumentPlaces fromText(const QString& text);

@@ -75,7 +75,7 @@ void DocumentWidget::show(const QString& document) {
             note_->clear();
             shown_ = file;
             static_cast<QStackedLayout*>(layout())->setCurrentWidget(pages_);
-            if (const auto* heading = pages_->places().heading(name)) pages_->goTo(heading->page, heading->top);
+            if (const auto* heading = pages_->places().place(name)) pages_->goTo(heading->page, heading->top);
         }
     }
     if (onChange) onChange();

@@ -69,6 +69,13 @@ QString titleAround(const QWidget* widget) {
     return {};
 }
 
+bool takesKey(const QWidget* widget, const QKeyEvent& key) {
+    const auto* picture = dynamic_cast<const PictureWidget*>(widget);
+    return picture && picture->takes(key);
+}
+
+bool isReturn(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter; }
+
 }  // namespace
 
 double Form::twipsPerPixel() {
@@ -478,26 +485,20 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
             break;
         case QEvent::ShortcutOverride:
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
-            if (const auto* picture = dynamic_cast<PictureWidget*>(widget);
-                picture && picture->takes(*static_cast<QKeyEvent*>(event))) {
-                event->accept();
-                return true;
-            }
-            if (keepsKey(*found->second, *static_cast<QKeyEvent*>(event), walked_to_ == widget)) {
+            if (takesKey(widget, *static_cast<QKeyEvent*>(event)) ||
+                keepsKey(*found->second, *static_cast<QKeyEvent*>(event), walked_to_ == widget)) {
                 event->accept();
                 return true;
             }
             break;
-        case QEvent::KeyPress: {
+        case QEvent::KeyPress:
             if (undoes(static_cast<QKeyEvent*>(event), widget)) return true;
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            auto* box = dynamic_cast<TextBox*>(found->second);
-            if (box && box->OnReturn && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+            if (auto* box = dynamic_cast<TextBox*>(found->second);
+                box && box->OnReturn && isReturn(*static_cast<QKeyEvent*>(event))) {
                 act(*box, [box] { box->Return(); });
                 return true;
             }
             break;
-        }
         default: break;
     }
     return QMainWindow::eventFilter(object, event);

@@ -20,8 +20,7 @@ namespace verlink::desktop {
 
 namespace {
 
-constexpr int kStatistics = 3;  ///< rows of smallest, mean and largest values below the fixed ones
-constexpr int kRowAir = 6;
+constexpr int kRowAir = 6, kLeastColumn = 60;
 
 Qt::Alignment alignmentOf(int wish) {
     return Qt::AlignVCenter | (wish == 1 ? Qt::AlignRight : wish == 2 ? Qt::AlignHCenter : Qt::AlignLeft);
@@ -73,7 +72,7 @@ class GridWidget::Rows : public QAbstractTableModel {
                 return QVariant(alignmentOf(fixed ? grid_.FixedAlignment(column) : grid_.ColAlignment(column)));
             case Qt::BackgroundRole:
                 if (fixed) return fixed_;
-                return row < grid_.FixedRows + kStatistics ? QVariant(statistics_) : QVariant();
+                return row < grid_.FixedRows + grid_.StatisticRows ? QVariant(statistics_) : QVariant();
             case Qt::FontRole:
                 if (fixed && row == 0) {
                     QFont bold;
@@ -113,7 +112,7 @@ QTableView* GridWidget::makeView(Rows* rows) {
     auto* view = new QTableView(this);
     view->setModel(rows);
     view->setFrameShape(QFrame::NoFrame);
-    view->setWordWrap(false);
+    view->setWordWrap(grid_.Wraps);
     view->setCornerButtonEnabled(false);
     view->setTextElideMode(Qt::ElideRight);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -137,7 +136,7 @@ void GridWidget::tint() {
 }
 
 void GridWidget::follow() {
-    const int head = std::min(grid_.Rows(), grid_.FixedRows + kStatistics);
+    const int head = std::min(grid_.Rows(), grid_.FixedRows + grid_.StatisticRows);
     head_rows_->show(0, head);
     body_rows_->show(head, grid_.Rows() - head);
     head_->setFixedHeight(head * head_->verticalHeader()->defaultSectionSize());
@@ -155,12 +154,20 @@ void GridWidget::fitColumns() {
     // The widths are shares of the whole: the table is as wide as the window lets it be.
     const auto share = [&](int column) {
         const double part = wished > 0 ? grid_.ColWidth(column) / wished : 1.0 / columns;
-        return std::max(60, static_cast<int>(room * part));
+        return std::max(kLeastColumn, static_cast<int>(room * part));
     };
     for (QTableView* view : {head_, body_}) {
         view->verticalHeader()->setFixedWidth(share(0));
-        for (int i = 1; i < columns; ++i) view->setColumnWidth(i - 1, share(i));
+        int taken = share(0);
+        for (int i = 1; i < columns; ++i) {
+            // The last of wrapped columns makes up for what others need more than their share.
+            const bool last = grid_.Wraps && i == columns - 1;
+            const int wide = last ? std::max(kLeastColumn, room - taken) : share(i);
+            view->setColumnWidth(i - 1, wide);
+            taken += wide;
+        }
     }
+    if (grid_.Wraps) body_->resizeRowsToContents();
 }
 
 QString GridWidget::selectedText() const {

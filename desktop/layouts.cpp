@@ -7,6 +7,7 @@
 
 #include "desktop/form.h"
 #include "desktop/grid.h"
+#include "desktop/layouts_report.h"
 
 namespace verlink::desktop {
 
@@ -36,6 +37,10 @@ Layout layoutFor(const std::string& screen) {
         {"frm_PrintData", layoutPrintData},
         {"frm_PrintSelect", layoutPrintSelect},
         {"frm_Cayley", layoutCayley},
+        {"frm_Checks", layoutChecks},
+        {"frm_Explore", layoutExplore},
+        {"frm_Report", layoutReport},
+        {"frm_Studies", layoutStudies},
         {"frm_Synth2A", layoutSynth2A},
         {"frm_Synth2B", layoutSynth2B},
         {"frm_Synth3", layoutSynth3},

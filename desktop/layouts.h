@@ -20,6 +20,8 @@ Layout layoutFor(const std::string& screen);
 void layoutPlain(Form& form, QWidget* room);
 
 void layoutCayley(Form& form, QWidget* room);
+void layoutChecks(Form& form, QWidget* room);
+void layoutExplore(Form& form, QWidget* room);
 void layoutFFT(Form& form, QWidget* room);
 void layoutBalance(Form& form, QWidget* room);
 void layoutMassProp(Form& form, QWidget* room);
@@ -43,6 +45,7 @@ void layoutHelp(Form& form, QWidget* room);
 void layoutHomeScreen(Form& form, QWidget* room);
 void layoutInputnew(Form& form, QWidget* room);
 void layoutQuit(Form& form, QWidget* room);
+void layoutStudies(Form& form, QWidget* room);
 void layoutSynth2A(Form& form, QWidget* room);
 void layoutSynth2B(Form& form, QWidget* room);
 void layoutSynth3(Form& form, QWidget* room);

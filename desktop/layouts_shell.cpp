@@ -117,7 +117,10 @@ void layoutHomeScreen(Form& form, QWidget* room) {
     badges->addWidget(form.widget("lbl_Status", 10));
     status->setContentBeside(badges);
     whole->addWidget(status);
-    whole->addWidget(note(form.widget("lbl_Model")));
+    QHBoxLayout* last = row();
+    last->addWidget(note(form.widget("lbl_Model")), 1);
+    last->addWidget(collapse(form.widget("lbl_Checks")));
+    whole->addLayout(last);
 }
 
 void layoutHelp(Form& form, QWidget* room) {

@@ -96,12 +96,16 @@ void put(Form& form, QWidget* room, QLayout* given, QLayout* left, std::initiali
     columns->addLayout(left);
     QVBoxLayout* middle = column(4);
     middle->addWidget(diagram(form, marks), 1);
+    middle->addWidget(collapse(note(form.widget("lbl_Reach"), true)));
     columns->addLayout(middle, 1);
     columns->addLayout(right);
     all->addLayout(columns, 1);
     QHBoxLayout* foot = row();
     foot->addWidget(note(form.widget("lbl_Scale")));
+    constexpr int kWays = 4;
+    QWidget* explore = form.widget("cmd_Explore");
     addWays(form, foot, "cmd_Print", "cmd_Cancel", "cmd_Done");
+    foot->insertWidget(foot->count() - kWays, explore, 0, Qt::AlignVCenter);
     all->addLayout(foot);
 }
 

@@ -1,4 +1,4 @@
-// How the table sits: the grid fills the screen, the linkage's data beside it.
+// How tables sit: the grid fills the screen, what belongs to it stands beside and above.
 #include "desktop/form.h"
 #include "desktop/grid.h"
 #include "desktop/layouts.h"
@@ -15,6 +15,23 @@ void layoutPrintData(Form& form, QWidget* room) {
     QVBoxLayout* all = page(room);
     all->addLayout(headerStrip(form));
     all->addLayout(middle, 1);
+    all->addLayout(foot);
+}
+
+void layoutChecks(Form& form, QWidget* room) {
+    QHBoxLayout* foot = row();
+    foot->addWidget(note(form.widget("lbl_Note")), 1);
+    foot->addWidget(forward(form.widget("cmd_Done")));
+    QVBoxLayout* all = page(room);
+    QHBoxLayout* above = row();
+    above->addWidget(title(form.widget("lbl_Summary")), 1);
+    above->addWidget(note(form.widget("lbl_Header")));
+    all->addLayout(above);
+    // Sentences stand in it.
+    constexpr int kLeastWidth = 1000;
+    QWidget* table = form.widget("grd_Data");
+    table->setMinimumWidth(kLeastWidth);
+    all->addWidget(table, 1);
     all->addLayout(foot);
 }
 

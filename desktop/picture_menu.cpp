@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "desktop/chart_widgets.h"
 #include "desktop/form.h"
 #include "desktop/text.h"
 #include "files/picture_files.h"
@@ -87,6 +88,7 @@ QString PictureMenu::title() const {
         const auto& values = plot->Reading().values;
         title = values.empty() ? QStringLiteral("Plot") : toQt(values[0].name);
     }
+    if (dynamic_cast<const ChartWidget*>(&widget_)) title = widget_.accessibleName();
     return title.simplified().replace(u'&', QStringLiteral("&&"));
 }
 
@@ -109,6 +111,11 @@ void PictureMenu::fill(QMenu& menu) {
     add(QStringLiteral("Copy Picture"), [this] { Guarded("Copy_Picture", [this] { maker_.Copy(); }); });
     if (auto* motion = widget_.window()->findChild<QAction*>(QStringLiteral("mnu_SaveMotion")))
         add(motion->text(), [motion] { motion->trigger(); })->setEnabled(motion->isEnabled());
+    // A graph has no mechanism.
+    if (dynamic_cast<const ChartWidget*>(&widget_)) return;
+    if (dynamic_cast<const platform::Graph*>(&control_) || dynamic_cast<const platform::PlotBox*>(&control_)) return;
+    if (auto* drawing = widget_.window()->findChild<QAction*>(QStringLiteral("mnu_SaveDrawing")))
+        add(drawing->text(), [drawing] { drawing->trigger(); })->setEnabled(drawing->isEnabled());
 }
 
 }  // namespace verlink::desktop

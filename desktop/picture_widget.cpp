@@ -96,6 +96,16 @@ class Batch {
     std::vector<QPointF> dots_;
 };
 
+/// Of a vast one the part that is seen, as a chain.
+void paintCircle(Batch& batch, const platform::ClipBox& seen, Point centre, double radius) {
+    if (radius < kVast) {
+        if (Circle_Seen(seen, centre, radius)) batch.circle(toQt(centre), radius);
+        return;
+    }
+    const std::vector<Point> arc = Seen_Arc(seen, centre, radius, kOff);
+    for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
+}
+
 }  // namespace
 
 void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size) {
@@ -131,16 +141,7 @@ void paintPicture(QPainter& painter, const Picture& picture, const QSizeF& size)
                 break;
             }
             case Kind::kPin:
-            case Kind::kCircle: {
-                const double radius = primitive.x2 * std::fabs(perX);
-                if (radius < kVast) {
-                    if (Circle_Seen(seen, from, radius)) batch.circle(toQt(from), radius);
-                    break;
-                }
-                const std::vector<Point> arc = Seen_Arc(seen, from, radius, kOff);
-                for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
-                break;
-            }
+            case Kind::kCircle: paintCircle(batch, seen, from, primitive.x2 * std::fabs(perX)); break;
             case Kind::kDot:
                 if (seen.Holds(from)) batch.dot(toQt(from));
                 break;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDateTime>
 #include <QDir>
 #include <QEventLoop>
@@ -25,16 +26,29 @@
 #include "desktop/messages.h"
 #include "desktop/pace.h"
 #include "desktop/printing.h"
+#include "desktop/progress.h"
+#include "desktop/report_pages.h"
 #include "desktop/text.h"
 #include "desktop/window_places.h"
+#include "platform/clipboard.h"
 #include "platform/settings.h"
 
 namespace verlink::desktop {
 
 using namespace platform;
 
-QtDesktop::QtDesktop() = default;
-QtDesktop::~QtDesktop() { discardForms(); }
+QtDesktop::QtDesktop() {
+    Use_Clipboard([](const std::string& text) { QApplication::clipboard()->setText(toQt(text)); },
+                  [] { return fromQt(QApplication::clipboard()->text()); });
+    Use_Progress(showProgress);
+    Use_Setter(setReport);
+}
+QtDesktop::~QtDesktop() {
+    Use_Clipboard(nullptr);
+    Use_Progress(nullptr);
+    Use_Setter(nullptr);
+    discardForms();
+}
 
 Form& QtDesktop::formOf(Screen& screen) {
     std::unique_ptr<Form>& form = forms_[&screen];

@@ -80,9 +80,9 @@ void Store_Centres(RunResults& table, int step, const Links& at, double shown) {
     velocity(step, 3, 1) = l2.w * l2.R * l2.C;
     velocity(step, 4, 0) = l4.w * l4.R * -l4.S;
     velocity(step, 4, 1) = l4.w * l4.R * l4.C;
-    // The velocity of A is taken in the shown unit: in centimetres and millimetres this adds two units.
-    velocity(step, 5, 0) = l3.w * l3.R * -l3.S + velocity(step, 0, 0);
-    velocity(step, 5, 1) = l3.w * l3.R * l3.C + velocity(step, 0, 1);
+    // That of A is in the table already, in the unit shown.
+    velocity(step, 5, 0) = l3.w * l3.R * -l3.S + velocity(step, 0, 0) / shown;
+    velocity(step, 5, 1) = l3.w * l3.R * l3.C + velocity(step, 0, 1) / shown;
 
     auto& acceleration = table.AccXY;
     const Single Ax = acceleration(step, 0, 0) / shown;
@@ -247,23 +247,72 @@ bool Solve_Quietly(System& s) {
     return PairedSystem<kUnknowns>(s.Held.A.data(), s.Held.C.data()).Solve(s.Held.C.data());
 }
 
+using System_Solver = bool (*)(System&);
+
+/// What a step is made of before it is solved.
+struct Loaded_Step {
+    Links at;
+    Inertias inertias;
+    Loads loads;
+};
+
+/// Also stores the motion of the mass centres, in stored lengths, and the right side of the system.
+Loaded_Step Load_Step(const LoadedRun& run, int step, bool loaded, const Bodies& bodies, System& system) {
+    Loaded_Step s{
+        {State_Of(run, step, 2, bodies.CG), State_Of(run, step, 3, bodies.CG), State_Of(run, step, 4, bodies.CG)},
+        {},
+        {}};
+    Store_Centres(run.table, step, s.at, run.shown);
+    s.inertias = Inertias_At(run.table, step, s.at, bodies.Mass, bodies.Inertia);
+    s.loads = Loads_At(run, step, s.at);
+    Fill_Right_Side(system, s.inertias, run.loads, s.loads, loaded);
+    return s;
+}
+
+/// The solution takes the place of the right side; false where links 3 and 4 are in line.
+bool Solve_By_Links(const Geometry& linkage, const Links& at, System& s) {
+    const auto& [l2, l3, l4] = at;
+    const double a = -linkage.L3 * l3.sin, b = linkage.L3 * l3.cos, c = linkage.L4 * l4.sin, d = -linkage.L4 * l4.cos;
+    const double about3 = s.C(6) - l3.R * l3.S * s.C(4) + l3.R * l3.C * s.C(5);
+    const double about4 = s.C(9) - l4.R * l4.S * s.C(7) + l4.R * l4.C * s.C(8);
+    const double determinant = a * d - b * c;
+    const double F43x = (about3 * d - b * about4) / determinant, F43y = (a * about4 - about3 * c) / determinant;
+    const double F32x = F43x - s.C(4), F32y = F43y - s.C(5);
+    const double F14x = F43x + s.C(7), F14y = F43y + s.C(8);
+    const double F12x = s.C(1) - F32x, F12y = s.C(2) - F32y;
+    const double T12 = s.C(3) - l2.R * l2.S * F12x + l2.R * l2.C * F12y + (linkage.L2 * l2.sin - l2.S * l2.R) * F32x -
+                       (linkage.L2 * l2.cos - l2.C * l2.R) * F32y;
+    const double solution[] = {F12x, F12y, F32x, F32y, F43x, F43y, F14x, F14y, T12};
+    std::copy(std::begin(solution), std::end(solution), s.Held.C.begin());
+    return std::isfinite(F43x + F43y + T12);
+}
+
+bool Solve_Step_Directly(const LoadedRun& run, int step, const Bodies& bodies, System& system) {
+    const Loaded_Step s = Load_Step(run, step, true, bodies, system);
+    if (!Solve_By_Links(run.linkage, s.at, system)) return false;
+    Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, run.table.PinForce, run.table.LinkTorque);
+    if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    return true;
+}
+
+/// False for a singular system.
+bool Solve_Step(const LoadedRun& run, int step, bool loaded, const Bodies& bodies, ForceTable& Forces,
+                TorqueTable& Torques, ForceSolve& solve, System& system, System_Solver solve_system) {
+    const Loaded_Step s = Load_Step(run, step, loaded, bodies, system);
+    Fill_Matrix(system, run.linkage, s.at);
+    if (step == 0) solve.first = system.Held;
+    if (!solve_system(system)) return false;
+    Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, Forces, Torques);
+    if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    return true;
+}
+
 /// `step` is the one under way, also when a failure ends the procedure; false for a singular system there.
 bool Solve_Steps(const LoadedRun& run, bool loaded, const Bodies& bodies, ForceTable& Forces, TorqueTable& Torques,
-                 ForceSolve& solve, int& step, bool (*solve_system)(System&)) {
+                 ForceSolve& solve, int& step, System_Solver solve_system) {
     System system;
-    for (; step <= run.last_step; ++step) {
-        const Links at{State_Of(run, step, 2, bodies.CG), State_Of(run, step, 3, bodies.CG),
-                       State_Of(run, step, 4, bodies.CG)};
-        Store_Centres(run.table, step, at, run.shown);
-        const Inertias inertias = Inertias_At(run.table, step, at, bodies.Mass, bodies.Inertia);
-        const Loads loads = Loads_At(run, step, at);
-        Fill_Right_Side(system, inertias, run.loads, loads, loaded);
-        Fill_Matrix(system, run.linkage, at);
-        if (step == 0) solve.first = system.Held;
-        if (!solve_system(system)) return false;
-        Store(step, system, at, inertias, run.loads.ExtTorque(3), loads, Forces, Torques);
-        if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
-    }
+    for (; step <= run.last_step; ++step)
+        if (!Solve_Step(run, step, loaded, bodies, Forces, Torques, solve, system, solve_system)) return false;
     return solve.solved = true;
 }
 
@@ -289,6 +338,17 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
     });
     if (!solve.solved) Clear_From(step, run, Forces, Torques);
     return solve;
+}
+
+void Solve_Closed_Steps(const LoadedRun& run, std::span<char> solved) {
+    const MassProperties& m = run.loads;
+    const Bodies bodies{m.LinkMass, m.LinkInertia, m.CG};
+    System system;
+    for (int step = 0; step <= run.last_step; ++step) {
+        char& done = solved[static_cast<std::size_t>(step)] = 0;
+        if (!run.table.Assembled(step)) continue;
+        What_Failed([&] { done = Solve_Step_Directly(run, step, bodies, system) ? 1 : 0; });
+    }
 }
 
 void Resolve_Forces(MassProperties& m) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 
 #include "core/array.h"
 #include "core/number.h"
@@ -17,6 +18,15 @@ struct LinkageModel;
 /// A run as a solve takes it: the linkage, what loads it, and its motion, to which that of the mass centres is added.
 struct LoadedRun {
     LoadedRun(LinkageModel& model);
+    /// One that no record has: `shown` as below, the loads with their components.
+    LoadedRun(const Geometry& geometry, const MassProperties& masses, int last, double shown_factor,
+              RunResults& results)
+        : linkage(geometry),
+          loads(masses),
+          torque_imported(false),
+          last_step(last),
+          shown(shown_factor),
+          table(results) {}
 
     const Geometry& linkage;
     const MassProperties& loads;
@@ -50,6 +60,12 @@ struct ForceSolve {
 ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 0, 4>& Mass,
                     const Array<Single, 0, 4>& Inertia, const Table<Single, 0, 4, 2>& CG, ForceTable& Forces,
                     TorqueTable& Torques);
+
+/// The closed steps of a run under its own masses and loads, into `PinForce` and `LinkTorque` of its table; nobody is
+/// told, and a step that cannot be solved does not keep the others from it. The equations are those of `Dynacalc`, with
+/// the pin of links 3 and 4 found first, from the moments of both about their other pins, and the rest link by link:
+/// what single precision holds is the same but for the last place. By step, `solved` tells where there was a solution.
+void Solve_Closed_Steps(const LoadedRun& run, std::span<char> solved);
 
 /// `ExtForce3X` to `ExtForce4Y` from magnitudes and angles, which are what a model keeps.
 void Resolve_Forces(MassProperties& loads);

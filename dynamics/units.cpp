@@ -6,6 +6,7 @@
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "dynamics/shown_length.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -61,6 +62,13 @@ bool Rescale_Inputs(int OldUnits, int NewUnits) {
 }
 
 }  // namespace
+
+ShownLength Shown_Length(int units) {
+    const System* system = System_Of(units);
+    if (!system) system = kSystem;
+    const double factor = units == 4 ? 100 : units == 5 ? 1000 : 1;
+    return {system->length, system->DecLengthShown, factor};
+}
 
 void Set_Unit_Labels(Integer Units, Array<std::string, 0, 25>& UnitLabel, Integer Count) {
     const System* system = System_Of(Units);
@@ -161,6 +169,10 @@ bool Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor,
              {&m.CamDataLength1, &m.CamDiameter, &m.CamDataLength2, &m.CamCenterX, &m.CamCenterY, &m.P1x, &m.P1y,
               &m.P21x, &m.P21y, &m.P31x, &m.P31y, &m.SynS, &m.SynZ, &m.O2x, &m.O2y, &m.O4x, &m.O4y})
             Rescale(*length, LengthFactor, m.DecLength);
+        // Dyads have no box, and so no decimals.
+        for (Single* dyad :
+             {&m.SynW, &m.SynU, &m.SynWx, &m.SynWy, &m.SynZx, &m.SynZy, &m.SynUx, &m.SynUy, &m.SynSx, &m.SynSy})
+            *dyad *= LengthFactor;
         for (int i = 1; i <= 4; ++i) {
             Rescale(m.LinkMass(i), MassFactor, m.DecMass);
             Rescale(m.LinkInertia(i), InertiaFactor, m.DecInertia);

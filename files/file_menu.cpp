@@ -7,6 +7,7 @@
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "files/recent_files.h"
+#include "files/task_file.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -17,11 +18,22 @@ using namespace platform;
 
 namespace {
 
+/// The tasks, beside the model that was written.
+bool Save_Tasks(const LinkageModel& model) {
+    return Guarded("Writefile", [&] {
+        Document& document = *Document_In_Hand();
+        const std::string& path = model.FilePath;
+        const bool left = document.tasks_left == Tasks_Path(path);
+        document.tasks = Write_Tasks(model, path, document.tasks, left);
+        if (left && !document.tasks.empty()) document.tasks_left.clear();
+    });
+}
+
 /// Writes the model to `FilePath` under the hourglass. In a dialog the user has agreed to what is replaced, and named
 /// the model. False when it could not be written: the old file is whole then.
 bool Save(Screen& home, bool by_dialog) {
     The_Desktop().Set_Pointer(Pointer::kHourglass);
-    const bool written = Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked);
+    const bool written = Writefile(by_dialog ? Replacing::kAgreed : Replacing::kUnasked) && Save_Tasks(Model);
     if (written)
         Model_Saved();
     else

@@ -72,13 +72,16 @@ std::string What_Counts() {
         pack(&table.Alpha(step, 0));
     }
     for (int step = 0; m.TorqueImported && step <= last; ++step) pack(&table.ImportedTorque(step));
+    pack(&m.DesignTask);
+    pack(&m.StudySettings);
     return packed;
 }
 
 bool Modified() { return In_Hand()->kept != What_Counts(); }
 
 void Model_Came() {
-    In_Hand() = std::make_shared<Document>(Document{What_Counts()});
+    In_Hand() = std::make_shared<Document>();
+    In_Hand()->kept = What_Counts();
     Tell_Watch(Hand::kCame);
 }
 

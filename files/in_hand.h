@@ -7,13 +7,16 @@
 
 namespace verlink {
 
-/// What of the model counts as its own, of all that its file holds. Two models of the same text are the same model.
+/// What of the model counts as its own, of all that its file and the one of its tasks hold. Two models of the same text
+/// are the same model.
 std::string What_Counts();
 
 /// A model from its coming on: opened, begun anew, or found as the program started.
 struct Document {
     std::string kept;    ///< what counted when it was last saved, opened or begun; empty for what never lay in a file
     int times_kept = 0;  ///< how often it was saved
+    std::string tasks;   ///< what its file of tasks holds, as it was last read or written
+    std::string tasks_left;  ///< the path of one that could not be read, and stays as it is
 };
 
 /// The model in hand differs from what was last saved or opened.

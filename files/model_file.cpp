@@ -23,6 +23,8 @@ constexpr char kEndMarker[] = "Last Item";
 
 using FieldTable = std::array<FileField, kLastField>;
 
+/// As long as the file is.
+// NOLINTNEXTLINE(readability-function-size)
 FieldTable Fields_Of(LinkageModel& m) {
     return {{
         {1, "ProgramTag", &m.ProgramTag, Counts::kNo},

@@ -14,6 +14,7 @@
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "files/recent_files.h"
+#include "files/task_file.h"
 #include "platform/desktop.h"
 #include "platform/guard.h"
 
@@ -43,6 +44,23 @@ bool Recognise(TextReader& reader, LinkageModel& record) {
     return own;
 }
 
+/// Of a file of tasks that cannot be read the user hears when the model stands.
+void Keep_In_Mind(const Tasks_Found& beside, const std::string& path) {
+    Document& document = *Document_In_Hand();
+    if (beside.fault.empty())
+        document.tasks = beside.text;
+    else
+        document.tasks_left = Tasks_Path(path);
+}
+
+void Tell_Of_Unread_Tasks(const std::string& path) {
+    if (Document_In_Hand()->tasks_left.empty()) return;
+    const Tasks_Found beside = Find_Tasks(path);
+    Tell("The tasks beside this model cannot be read: " + beside.fault + ". " + CR + Tasks_Path(path) +
+             " stays as it is.",
+         Icon::kExclamation);
+}
+
 bool Read_Model(const std::string& content, const std::string& path, const std::function<void(LinkageModel&)>& amend) {
     bool whole = false;
     Guarded("Readfile", [&] {
@@ -54,6 +72,9 @@ bool Read_Model(const std::string& content, const std::string& path, const std::
             record->FilePath = path;
             record->ModelName = StripFilename(path);
         }
+        Tasks_Found beside;
+        if (!path.empty()) beside = Find_Tasks(path);
+        static_cast<Tasks&>(*record) = beside.tasks;
         if (record->Units < 1) record->Units = 1;
         Derive_Limits_From_File(*record);
         Enter_Linkage(Road::kFile, [&] {
@@ -62,6 +83,7 @@ bool Read_Model(const std::string& content, const std::string& path, const std::
             Use_Units(Model.Units);
         });
         Model_Came();
+        Keep_In_Mind(beside, path);
         whole = true;
     });
     return whole;
@@ -134,6 +156,7 @@ bool Readfile(const std::string& content, const std::string& path) {
         Set_Menus();
         The_Desktop().Set_Pointer(Pointer::kDefault);
         if (!path.empty()) Note_Recent(path);
+        Tell_Of_Unread_Tasks(path);
         if (Model.JustStarted) return;
         Tell("File " + Model.FilePath + " successfully read.", Icon::kInformation);
         Arrive_At(kInput);

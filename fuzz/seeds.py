@@ -5,12 +5,13 @@ The samples and the fixtures of the tests, and small files of its own for the la
 """
 
 import itertools
+import json
 import pathlib
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LAST_STEP = 2880
-KINDS = ("vlk", "sva", "out", "trq")
+KINDS = ("vlk", "sva", "out", "trq", "vld")
 
 
 def lines(*values):
@@ -50,6 +51,14 @@ def trq(steps, count=None):
     return lines(steps, *[step % 9 - 4.5 for step in range(steps + 1 if count is None else count)])
 
 
+def vld(positions, **more):
+    """A task of so many positions, with these fields too."""
+    places = [{"x": 1.5 * place, "y": place % 2, "angle": 25 * place} for place in range(positions)]
+    head = {"format": "verlink-design", "version": 1, "kind": "motion", "title": "lid", "units": 1, "relative": False}
+    weights = {"transmission": 1, "proportion": 0.5, "room": 1, "rounding": 0}
+    return json.dumps({**head, "positions": places, "weights": weights, **more}, indent=2)
+
+
 def own(kind):
     if kind == "vlk":
         # A full table, one with a row too many, an editor's habits, and values that the reader puts right.
@@ -73,6 +82,13 @@ def own(kind):
         yield sva(count=0)
         yield sva(links=3, count=LAST_STEP + 1)
         yield sva(links=3, count=LAST_STEP + 2)
+    if kind == "vld":
+        for count in range(2, 6):
+            yield vld(count)
+        yield vld(3, studies={"version": 1})
+        yield vld(4, left={"fixed": {"within": [-3, -3, 1, 1]}, "moving": {}}, links={"shortest": 0.5, "longest": 9})
+        yield vld(3, left={"fixed": {"points": [[0, 0], [1, 2]]}}, drive="left", full_turn=True, transmission=30)
+        yield json.dumps({"format": "verlink-design", "version": 1, "studies": {"version": 1}})
     if kind == "out":
         for padding in ("", ",", " , ", "            "):
             yield out(padding=padding)

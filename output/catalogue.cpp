@@ -1,6 +1,7 @@
 // The table of output variables, and the reading of one number of it.
 #include "output/catalogue.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -161,6 +162,16 @@ std::optional<Variable_Facts> Facts_Of(const std::string& name) {
         return Variable_Facts{number, found.group, found.row, vector, found.kind == Kind::kVector};
     }
     return std::nullopt;
+}
+
+bool Group_Has_Components(int group) {
+    constexpr std::array kVectors{4, 5, 6, 10, 11, 13};
+    return std::find(kVectors.begin(), kVectors.end(), group) != kVectors.end();
+}
+
+int Unit_Of_Group(int group) {
+    constexpr int kFlywheel = 18, kTorque = 9;
+    return group == kFlywheel ? kTorque : group;
 }
 
 int Frame_Link(int row) { return row == 1 ? 2 : row == 2 ? 1 : 0; }

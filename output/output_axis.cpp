@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/text.h"
+#include "output/reading.h"
 
 namespace verlink {
 
@@ -24,12 +25,21 @@ std::string Point_Text(int point, int decimals) {
 
 bool Slot_Is_Angle(int slot) {
     constexpr int kAngle = 3;
-    return Model.FuncComponent(slot) == kAngle;
+    const FunctionSlots& slots = Model;
+    const int group = slots.FuncGroup(slot);
+    return slots.FuncComponent(slot) == kAngle && (Group_Has_Components(group) || group == kTransformGroup);
+}
+
+std::string Variable_Unit(int slot) {
+    constexpr int kAngles = 1;
+    const LinkageModel& model = Model;
+    return model.UnitLabel(Slot_Is_Angle(slot) ? kAngles : Unit_Of_Group(model.FuncGroup(slot)));
 }
 
 std::string Slot_Unit(int slot, const char* degrees) {
     if (Slot_Is_Angle(slot)) return degrees;
-    return Model.FFTFunction ? Model.FFTUnitLabel : Model.UnitLabel(Model.FuncGroup(slot));
+    const LinkageModel& model = Model;
+    return model.FFTFunction ? model.FFTUnitLabel : Variable_Unit(slot);
 }
 
 }  // namespace verlink

@@ -18,6 +18,8 @@ std::string Point_Text(int point, int decimals);
 
 /// Whether a slot's values are the angles of a vector.
 bool Slot_Is_Angle(int slot);
+/// The unit of the variable in a slot, for the component in force.
+std::string Variable_Unit(int slot);
 /// The unit of a slot's values: that of its variable, or of what was transformed; an angle has `degrees`.
 std::string Slot_Unit(int slot, const char* degrees);
 

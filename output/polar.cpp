@@ -13,6 +13,7 @@
 #include "output/output_axis.h"
 #include "output/panels.h"
 #include "output/plot_windows.h"
+#include "output/reading.h"
 #include "output/selection.h"
 #include "output/tables.h"
 #include "platform/desktop.h"
@@ -134,7 +135,7 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
             return;
         }
         const std::string name = selectionScreen.Get<Label>("lbl_Function", 0).Caption;
-        const std::string unit = Model.UnitLabel(Model.FuncGroup(1));
+        const std::string unit = Model.UnitLabel(Unit_Of_Group(Model.FuncGroup(1)));
         std::string line1, line2, time, step, lead;
         Table_Titles(line1, line2, time, step, lead);
         Put(screen, "lbl_Header2", "Linkage " + name + "  -  " + unit);

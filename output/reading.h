@@ -13,13 +13,18 @@ struct RunResults;
 /// What there is to know of a variable by itself.
 struct Variable_Facts {
     int number;      ///< from 1
-    int group;       ///< which array of the run, and the index into `UnitLabel`
+    int group;       ///< which array of the run
     int row;         ///< of that array
     bool vector;     ///< it has components
     bool in_frames;  ///< which can be taken in either frame
 };
 /// The name of a variable by its number; failure 9 for one that there is not.
 std::string Variable_Name(int number);
+/// Whether the variables of a group are vectors.
+bool Group_Has_Components(int group);
+/// The index into `UnitLabel` of a group's values. A flywheel's torque is a torque like others; what has its group's
+/// number there is the unit of areas under torques.
+int Unit_Of_Group(int group);
 /// The group of the current transform, which goes by harmonics and not by steps.
 inline constexpr int kTransformGroup = 14;
 /// Of the variable of that exact name.

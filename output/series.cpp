@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kByAngle = 3, kOnePosition = 1;
 constexpr int kLastOfRun = 19, kLastOfForces = 37, kLastOfBalance = 42;  ///< numbers of the catalogue
+constexpr int kAngleUnit = 1;                                            ///< of `UnitLabel`
 constexpr double kSmall = 0.0001;                                        ///< what plots and tables cut components at
 
 std::optional<int> Component_Number(const std::string& name) {
@@ -96,8 +97,8 @@ std::string Words_Of(const Output_Function& function) {
 }
 
 std::string Unit_Of(const Output_Function& function, const UnitSystem& units) {
-    if (Has_Components(function) && function.component == "Ang") return "Deg";
-    return units.UnitLabel(Facts(function).group);
+    if (Has_Components(function) && function.component == "Ang") return units.UnitLabel(kAngleUnit);
+    return units.UnitLabel(Unit_Of_Group(Facts(function).group));
 }
 
 std::vector<double> Series(const Output_Function& function, const RunResults& table, Single link1_angle, int last) {

@@ -32,7 +32,7 @@ bool Has_Components(const Output_Function& function);
 bool Has_Frames(const Output_Function& function);
 /// In words: "Veloc CP X", with "local" behind it in the local frame.
 std::string Words_Of(const Output_Function& function);
-/// The unit in force of its values; "Deg" for the angle of a vector.
+/// The unit in force of its values; of a vector's angle that of all angles.
 std::string Unit_Of(const Output_Function& function, const UnitSystem& units);
 
 /// The value at each step from 0 to `last`, as plots and tables have it; not a number where the position does not

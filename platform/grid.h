@@ -20,6 +20,8 @@ class Grid : public Visual {
     int Rows() const { return rows_; }
     int Cols() const { return cols_; }
     int FixedRows = 3;
+    int StatisticRows = 3;  ///< below the fixed ones, in sight with them
+    bool Wraps = false;     ///< a long text goes on in a second line of its cell
 
     const std::string& Cell(int row, int col) const;
     void SetCell(int row, int col, std::string text);

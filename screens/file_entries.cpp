@@ -9,7 +9,10 @@
 #include "core/screen_geometry.h"
 #include "files/drive_import.h"
 #include "files/model_file.h"
+#include "files/task_file.h"
 #include "platform/desktop.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
 #include "screens/frm_homescreen.h"
 #include "screens/frm_massprop.h"
 
@@ -37,6 +40,21 @@ void Take_Torque(const std::string& path) {
     }
     dynamic_cast<frm_MassProp&>(platform::Screens::Get(kMasses)).Bring_Torque(path);
     Show_Centered(kMasses);
+}
+
+/// Those that the file has take the place of those in hand, and the screen of the first is shown.
+void Take_Task_File(const std::string& path) {
+    Guarded("Take_Task_File", [&] {
+        Tasks tasks;
+        std::string fault;
+        if (!Take_Tasks(platform::Read_File(path), tasks, fault)) {
+            platform::Tell("The tasks in " + path + " cannot be read: " + fault + ".", platform::Icon::kExclamation);
+            return;
+        }
+        if (!tasks.DesignTask.empty()) Model.DesignTask = tasks.DesignTask;
+        if (!tasks.StudySettings.empty()) Model.StudySettings = tasks.StudySettings;
+        if (!tasks.DesignTask.empty()) Show_Centered("frm_Explore");
+    });
 }
 
 }  // namespace
@@ -93,6 +111,8 @@ void Take_Dropped_File(const std::string& path) {
         Import_Link_File(Home(), path);
     else if (end == ".trq")
         Take_Torque(path);
+    else if (end == ".vld")
+        Take_Task_File(path);
     else
         Open_Model_File(Home(), path);
 }

@@ -30,7 +30,7 @@ class File_Entries {
 };
 
 /// A file goes the way that the menus have for its kind, with their questions: drive data (.sva, .out) and torque
-/// tables (.trq) by the end of its name, everything else as a model.
+/// tables (.trq) by the end of its name, tasks (.vld) into the model in hand, everything else as a model.
 void Take_Dropped_File(const std::string& path);
 
 }  // namespace verlink

@@ -87,9 +87,8 @@ void frm_Animate::Write_Tips() {
     chk_CouplerLines.Tip = "Show a line of the coupler through the coupler point at each step";
     txt_LineAngle.Tip = "Angle of the coupler lines to the coupler, degrees";
     Picture1.Tip =
-        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the arrow "
-        "keys; "
-        "the wheel zooms, a double click fits";
+        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the "
+        "arrow keys; the wheel zooms, a double click fits";
     opt_Shift_Drag[0].Tip = "Shift-drag in the picture moves the coupler point";
     opt_Shift_Drag[1].Tip = "Shift-drag in the picture changes the length of the crank";
     opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";
@@ -206,7 +205,10 @@ void frm_Animate::Show_Model() {
         txt_Figure.Text = Shown_Title();
         if (Model.RunStands) {
             Unlock_Run_Buttons();
+            const int shown = Shown_Step();
             cmd_Reset_Click();
+            // A step back leaves the user in the position that he looks at.
+            if (shown > 0 && shown <= Model.NSteps) Show_Dragged(shown);
         } else {
             Lock_Run_Buttons();
         }
@@ -372,6 +374,8 @@ void frm_Animate::cmd_Animate_Click() {
         }
         Model.RedrawFlag = "N";
         Animate(*this);
+        // Where nothing plays, the picture would be none of the scale that was set up.
+        if (Model.Cycles < 1) Step_Reset(*this);
     });
 }
 

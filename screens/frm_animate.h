@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
+#include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
 #include "screens/joint_hand.h"
@@ -39,6 +40,8 @@ class frm_Animate : public Linkage_Screen {
                              "Functions of the run beside the drawing, which move with it"};
     Picture_Entries pictures{view.mnu_View, Picture1};
     Motion_Entry motion{view.mnu_View};
+    Linkage_Drawing_Entry drawing{view.mnu_View};
+    Positions_Entry positions{view};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::TextBox txt_Figure{*this, "txt_Figure", "Figure"};

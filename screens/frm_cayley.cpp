@@ -13,6 +13,7 @@
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "synthesis/cognates.h"
+#include "synthesis/diagram_dxf.h"
 
 namespace verlink {
 
@@ -90,6 +91,10 @@ void frm_Cayley::opt_Cognate_Click(int Index) {
 void frm_Cayley::Draw() {
     DrawCayley();
     Place_Labels();
+}
+
+std::optional<std::function<std::string()>> frm_Cayley::Diagram() {
+    return [] { return Cayley_Dxf(Model); };
 }
 
 /// The names beside the corners and sides of the outer triangle.

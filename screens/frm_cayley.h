@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/drawing_entry.h"
 
 namespace verlink {
 
@@ -20,6 +21,7 @@ class frm_Cayley : public platform::Screen {
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
     platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
+    Drawing_Menu drawing{*this, "cognates", [this] { return Diagram(); }};
 
     platform::Frame fra_Cognate{*this, "fra_Cognate", "Cognate"};
     Array<platform::OptionButton> opt_Cognate{
@@ -61,6 +63,7 @@ class frm_Cayley : public platform::Screen {
     void Mark_Present();
     void Fill();
     void Draw();
+    std::optional<std::function<std::string()>> Diagram();
     void Zoom(double factor);
     void Place_Labels();
     bool Activating = false;  ///< the screen itself sets an option, whose event is to be ignored

@@ -9,7 +9,9 @@
 #include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/selection.h"
+#include "output/table_sheet.h"
 #include "output/transform.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
@@ -202,8 +204,8 @@ void frm_FFT::cmd_Calc_Click() {
         }
         if (!variable_->Resolve() || !component_->Resolve() || !Function_Good()) return;
         Select_Variable(cmb_Var1.Text, 1);
-        Model.FFTUnitLabel = Model.UnitLabel(Model.FuncGroup(1));
         Set_Component(cmb_Com1.Text, 1);
+        Model.FFTUnitLabel = Variable_Unit(1);
         Do_DFT(Model.NSteps);
         Transform_Holds();
         Redraw();
@@ -212,6 +214,17 @@ void frm_FFT::cmd_Calc_Click() {
         cmd_Copy.Enabled = true;
         cmd_Done.SetFocus();
     });
+}
+
+std::optional<Table_To_Save> frm_FFT::Transform_Table() {
+    if (!Model.FFTDone) {
+        platform::Tell("There is no transform to be saved. Calculate one first.", Icon::kInformation);
+        return {};
+    }
+    std::string function = cmb_Var1.Text;
+    if (!Model.ScalarFunction) function += " " + cmb_Com1.Text.Get();
+    return Table_Of_The_Model("transform", 1,
+                              [function](int) { return Transform_Sheet(Model, function, Model.Harmonics); });
 }
 
 void frm_FFT::cmd_Clear1_Click() {

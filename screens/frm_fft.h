@@ -7,6 +7,7 @@
 #include "platform/graph.h"
 #include "platform/screen.h"
 #include "screens/listed_choice.h"
+#include "screens/table_menu.h"
 
 namespace verlink {
 
@@ -15,6 +16,7 @@ class frm_FFT : public platform::Screen {
     frm_FFT();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Table_Menu table{*this, [this] { return Transform_Table(); }};
 
     platform::Frame fra_Function1{*this, "fra_Function1", "Function for FFT"};
     platform::ControlArray<platform::Label> lbl_Var{*this, "lbl_Var", {{0, "Variable"}, {1, "No of Harmonics"}}};
@@ -56,6 +58,7 @@ class frm_FFT : public platform::Screen {
 
    private:
     void Form_Load();
+    std::optional<Table_To_Save> Transform_Table();
     void Redraw();
     void Fill_Harmonics();
     /// `Harmonics` from the box, at most half the steps; whether more was wished for.

@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <memory>
 
 #include "animation/engine.h"
+#include "animation/linkage_dxf.h"
+#include "checks/words.h"
 #include "core/classification.h"
+#include "core/kept_record.h"
 #include "core/linkage_model.h"
 #include "core/runs.h"
 #include "core/screen_geometry.h"
@@ -23,6 +25,7 @@
 #include "platform/settings.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/frm_checks.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
@@ -78,6 +81,13 @@ bool Can_Close() {
            Closes_Somewhere();
 }
 
+/// Of the run in the table.
+int First_That_Closes() {
+    int step = 0;
+    while (step < Model.NSteps && !Model.RunTable.Assembled(step)) ++step;
+    return step;
+}
+
 }  // namespace
 
 frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
@@ -102,7 +112,15 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     for (MenuEntry* entry : {&mnu_New, &mnu_Save, &mnu_Saveas, &mnu_Export, &mnu_Cayley, &mnu_CalcFFT})
         entry->Enabled = false;
     for (const auto& entry : mnu_Cog) entry->Enabled = false;
+    lbl_Checks.Visible = false;
+    mnu_Explore.Tip = "All linkages that move a body through two to five positions";
+    mnu_Studies.Tip = "Solve many linkages about the one in hand: sweeps, tolerances, what matters";
+    mnu_Report.Tip = "Choose chapters and plots, and write the linkage in hand as a PDF document";
+    Bind_Buttons_And_Files();
+    Bind_Menus();
+}
 
+void frm_HomeScreen::Bind_Buttons_And_Files() {
     cmd_Input.OnClick = [this] { cmd_Input_Click(); };
     cmd_Animate.OnClick = [this] { cmd_Animate_Click(); };
     cmd_Plot.OnClick = [this] { cmd_Plot_Click(); };
@@ -120,6 +138,9 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Export_Torque.OnClick = [this] { Menu_Export_Torque(*this); };
     mnu_pdx.OnClick = [this] { Menu_pdx(*this); };
     mnu_Quit.OnClick = [this] { cmd_Quit_Click(); };
+}
+
+void frm_HomeScreen::Bind_Menus() {
     mnu_pick.On(&MenuEntry::OnClick, [this](int index) { mnu_pick_Click(index); });
     mnu_CalcFFT.OnClick = [this] { mnu_CalcFFT_Click(); };
     mnu_Grashof.OnClick = [this] { mnu_Grashof_Click(); };
@@ -134,6 +155,7 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Twopos2.OnClick = [this] { mnu_Twopos2_Click(); };
     mnu_Unspec.OnClick = [this] { mnu_Unspec_Click(); };
     mnu_Spec.OnClick = [this] { mnu_Spec_Click(); };
+    mnu_Explore.OnClick = [this] { mnu_Explore_Click(); };
     mnu_UserName.OnClick = [this] { mnu_UserName_Click(); };
     mnu_FilePath.OnClick = [this] { mnu_FilePath_Click(); };
     mnu_AppPath.OnClick = [this] { mnu_AppPath_Click(); };
@@ -142,6 +164,9 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Fullscreen.OnClick = [this] { mnu_Fullscreen_Click(); };
     mnu_Aspect.OnClick = [this] { mnu_Aspect_Click(); };
     mnu_About.OnClick = [this] { mnu_About_Click(); };
+    mnu_Checks.OnClick = [this] { mnu_Checks_Click(); };
+    mnu_Report.OnClick = [this] { mnu_Report_Click(); };
+    mnu_Studies.OnClick = [this] { mnu_Studies_Click(); };
     for (const auto& [entry, document] : Help_Documents())
         Get<MenuEntry>(entry).OnClick = [name = std::string(entry)] {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
@@ -220,6 +245,18 @@ void frm_HomeScreen::Refresh() {
     Refresh_Status();
     Model.ScreenReturn = false;
     Show_Linkage();
+    Mark_Failing_Checks();
+}
+
+void frm_HomeScreen::Mark_Failing_Checks() {
+    if (!Model.Calculated) {
+        lbl_Checks.Visible = false;
+        return;
+    }
+    const std::vector<Check> checks = Checks_Of(Model);
+    lbl_Checks.Visible = Any_Fails(checks);
+    lbl_Checks.Caption = Summary_Of(checks);
+    lbl_Checks.Tip = "Checks, in the menu Tools, tells which";
 }
 
 void frm_HomeScreen::Show_Model() {
@@ -238,15 +275,13 @@ void frm_HomeScreen::Form_Unload() { Terminate(); }
 void frm_HomeScreen::Show_Linkage() {
     // The picture has a run of its own where there is none yet, and settings of its own: the user's stay, and so does
     // the window that the animate screen drags in.
-    const auto kept = std::make_unique<LinkageModel>(Model);
+    const Kept_Record kept(Model);
     if (!Model.RunStands && Can_Close()) Run_Unasked(Model);
     const bool there = Model.RunStands;
     Picture1.Visible = there;
     lbl_Name.Visible = !there;
     lbl_Advice.Visible = !there;
     if (there) {
-        int step = 0;
-        while (step < Model.NSteps && !Model.RunTable.Assembled(step)) ++step;
         Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = "N";
         Model.ShowCouplerFlag = "Y";
         Model.ShowCentrodesFlag = "N";
@@ -254,9 +289,21 @@ void frm_HomeScreen::Show_Linkage() {
         Autoscale();
         Make_Room_For_Weights();
         Animate_Setup(*this);
-        DrawLinkage(*this, step);
+        DrawLinkage(*this, First_That_Closes());
     }
-    Model = *kept;
+}
+
+std::optional<std::function<std::string()>> frm_HomeScreen::Linkage_Drawing() {
+    if (!Picture1.Visible) {
+        Tell_Nothing_To_Draw();
+        return {};
+    }
+    return [] {
+        // As for the picture.
+        const Kept_Record kept(Model);
+        if (!Model.RunStands) Run_Unasked(Model);
+        return Linkage_Dxf(Model, First_That_Closes());
+    };
 }
 
 void frm_HomeScreen::cmd_Input_Click() {
@@ -407,6 +454,18 @@ void frm_HomeScreen::mnu_Aspect_Click() {
 
 void frm_HomeScreen::mnu_About_Click() {
     Guarded("frm_Homescreen.mnu_About", [] { Show_Centered("frm_About"); });
+}
+
+void frm_HomeScreen::mnu_Checks_Click() {
+    Guarded("frm_Homescreen.mnu_Checks", [] { Show_Centered("frm_Checks"); });
+}
+
+void frm_HomeScreen::mnu_Report_Click() {
+    Guarded("frm_Homescreen.mnu_Report", [] { Show_Centered("frm_Report"); });
+}
+
+void frm_HomeScreen::mnu_Studies_Click() {
+    Guarded("frm_Homescreen.mnu_Studies", [] { Show_Centered("frm_Studies"); });
 }
 
 }  // namespace verlink

@@ -1,12 +1,15 @@
 // The hub: menus, the row of buttons, the status panel, the present linkage.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/desktop.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
+#include "screens/drawing_entry.h"
 #include "screens/view_menu.h"
 
 namespace verlink {
@@ -69,6 +72,8 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_3pos{mnu_Synthesis, "mnu_3pos", "T&hree Position"};
     MenuEntry mnu_Unspec{mnu_3pos, "mnu_Unspec", "with &Unspecified Fixed Pivots"};
     MenuEntry mnu_Spec{mnu_3pos, "mnu_Spec", "with &Specified Fixed Pivots"};
+    MenuEntry mnu_SynthesisBar1{mnu_Synthesis, "mnu_SynthesisBar1", ""};
+    MenuEntry mnu_Explore{mnu_Synthesis, "mnu_Explore", "&Explore..."};
 
     MenuEntry mnu_FFT{*this, "mnu_FFT", "&FFT"};
     MenuEntry mnu_CalcFFT{mnu_FFT, "mnu_CalcFFT", "&Calculate FFT"};
@@ -111,10 +116,30 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_HelpBar1{mnu_HelpHeader, "mnu_HelpBar1", ""};
     MenuEntry mnu_FilesHelp{mnu_HelpHeader, "mnu_FilesHelp", "Files and Undoing"};
     MenuEntry mnu_HandHelp{mnu_HelpHeader, "mnu_HandHelp", "Under the Hand"};
+    MenuEntry mnu_ChecksHelp{mnu_HelpHeader, "mnu_ChecksHelp", "Checks"};
+    MenuEntry mnu_ReportHelp{mnu_HelpHeader, "mnu_ReportHelp", "Report"};
+    MenuEntry mnu_StudiesHelp{mnu_HelpHeader, "mnu_StudiesHelp", "Studies"};
+    MenuEntry mnu_ExploreHelp{mnu_HelpHeader, "mnu_ExploreHelp", "Explore"};
+    MenuEntry mnu_ReferenceHelp{mnu_HelpHeader, "mnu_ReferenceHelp", "Reference"};
+    MenuEntry mnu_ConventionsHelp{mnu_ReferenceHelp, "mnu_ConventionsHelp", "Conventions"};
+    MenuEntry mnu_TheoryHelp{mnu_ReferenceHelp, "mnu_TheoryHelp", "Theory"};
+    MenuEntry mnu_VerificationHelp{mnu_ReferenceHelp, "mnu_VerificationHelp", "Verification"};
+    MenuEntry mnu_MessagesHelp{mnu_ReferenceHelp, "mnu_MessagesHelp", "Messages"};
+    MenuEntry mnu_KeyboardHelp{mnu_ReferenceHelp, "mnu_KeyboardHelp", "Keyboard"};
+    MenuEntry mnu_BatchHelp{mnu_ReferenceHelp, "mnu_BatchHelp", "Without a Screen"};
+    MenuEntry mnu_GlossaryHelp{mnu_ReferenceHelp, "mnu_GlossaryHelp", "Glossary"};
+    MenuEntry mnu_CardHelp{mnu_ReferenceHelp, "mnu_CardHelp", "Quick Reference"};
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};
     View_Menu view{*this, [this] { Show_Linkage(); }};
+    MenuEntry mnu_ViewDrawingLine{view.mnu_View, "mnu_ViewDrawingLine", ""};
+    Drawing_Entry drawing{view.mnu_View, "linkage", [this] { return Linkage_Drawing(); }};
+
+    MenuEntry mnu_Tools{*this, "mnu_Tools", "&Tools"};
+    MenuEntry mnu_Checks{mnu_Tools, "mnu_Checks", "&Checks..."};
+    MenuEntry mnu_Report{mnu_Tools, "mnu_Report", "&Report..."};
+    MenuEntry mnu_Studies{mnu_Tools, "mnu_Studies", "&Studies..."};
 
     Button cmd_Input{*this, "cmd_Input", "&Input"};
     Button cmd_Animate{*this, "cmd_Animate", "&Animate"};
@@ -148,6 +173,8 @@ class frm_HomeScreen : public platform::Screen {
                                                         {10, "in-lb-bl-s"}}};
     /// Name and file of the model in hand, and whether it was modified.
     platform::Label lbl_Model{*this, "lbl_Model"};
+    /// In sight when a check of the results fails.
+    platform::Label lbl_Checks{*this, "lbl_Checks"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void Form_Activate() override;
@@ -183,6 +210,7 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_Twopos2_Click();
     void mnu_Unspec_Click();
     void mnu_Spec_Click();
+    void mnu_Explore_Click();
     void mnu_UserName_Click();
     void mnu_FilePath_Click();
     void mnu_AppPath_Click();
@@ -191,6 +219,9 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_Fullscreen_Click();
     void mnu_Aspect_Click();
     void mnu_About_Click();
+    void mnu_Checks_Click();
+    void mnu_Report_Click();
+    void mnu_Studies_Click();
 
    private:
     std::vector<std::string> recent_;  ///< as the menu shows them
@@ -203,7 +234,12 @@ class frm_HomeScreen : public platform::Screen {
     void Show_Recent_Files();
     void Refresh();
     void Show_Linkage();
+    /// What its picture shows, as a drawing.
+    std::optional<std::function<std::string()>> Linkage_Drawing();
     void Show_Model();
+    void Mark_Failing_Checks();
+    void Bind_Buttons_And_Files();
+    void Bind_Menus();
     void Note_Status_Width();
 };
 

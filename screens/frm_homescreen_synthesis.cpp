@@ -107,4 +107,8 @@ void frm_HomeScreen::mnu_Twopos2_Click() {
 void frm_HomeScreen::mnu_Unspec_Click() { Show_Synthesis("mnu_Unspec", "frm_Synth3", 2, false); }
 void frm_HomeScreen::mnu_Spec_Click() { Show_Synthesis("mnu_Spec", "frm_Synth3", 3, true); }
 
+void frm_HomeScreen::mnu_Explore_Click() {
+    Guarded("frm_HomeScreen.mnu_Explore", [] { Show_Centered("frm_Explore"); });
+}
+
 }  // namespace verlink

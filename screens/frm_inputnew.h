@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
+#include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
 #include "screens/joint_hand.h"
@@ -48,6 +49,8 @@ class frm_Inputnew : public Linkage_Screen {
     Edit_Menu edit{*this};
     View_Menu view{*this};
     Picture_Entries pictures{view.mnu_View, Picture1};
+    Linkage_Drawing_Entry drawing{view.mnu_View};
+    Positions_Entry positions{view};
 
     // How the crank is driven.
     platform::Frame fra_calcmode{*this, "fra_calcmode", "Calculation Mode"};

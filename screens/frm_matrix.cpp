@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -33,6 +34,10 @@ void PrintAmatrix(std::span<const double> A, std::span<const double> C) {
                 print("lbl_A" + std::to_string(j), i, A[static_cast<std::size_t>((j - 1) * kUnknowns + i - 1)]);
             print("lbl_B", i, C[static_cast<std::size_t>(i - 1)]);
         }
+        if (auto* equations = dynamic_cast<frm_Matrix*>(&screen)) {
+            equations->Matrix.assign(A.begin(), A.end());
+            equations->Right_Side.assign(C.begin(), C.end());
+        }
     });
 }
 
@@ -48,6 +53,7 @@ frm_Matrix::frm_Matrix() : Screen("frm_Matrix") {
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     cmd_Back.OnClick = [this] { cmd_Back_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    table.mnu_CopyTable.Keys = "Ctrl+C";
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Back;
 }
@@ -57,6 +63,34 @@ void frm_Matrix::Form_Activate() {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         cmd_Print.Enabled = true;
         cmd_Copy.Enabled = true;
+    });
+}
+
+std::optional<Table_To_Save> frm_Matrix::Equations() {
+    if (Matrix.empty()) {
+        platform::Tell("There are no equations to be saved. Solve for the forces first.", platform::Icon::kInformation);
+        return {};
+    }
+    return Table_Of_The_Model("equations", 1, [this](int) {
+        // Forces and moments, the latter in metres where lengths are shown in smaller units.
+        const std::string length = Model.Units > 3 ? "m" : Model.UnitLabel(6), force = Model.UnitLabel(10);
+        Sheet sheet{.name = "Equations", .columns = {{.name = "Equation", .component = "", .unit = "", .decimals = 0}}};
+        for (int i = 1; i <= kUnknowns; ++i) sheet.columns[0].values.push_back(i);
+        for (int j = 1; j <= kUnknowns; ++j) {
+            Sheet_Column column{.name = lbl_Var[j].Caption,
+                                .component = "coefficient",
+                                .unit = j < kUnknowns ? "1 or " + length : "1",
+                                .decimals = Model.DecLengthShown};
+            for (int i = 0; i < kUnknowns; ++i)
+                column.values.push_back(Matrix.at(static_cast<std::size_t>(i * kUnknowns + j - 1)));
+            sheet.columns.push_back(std::move(column));
+        }
+        sheet.columns.push_back({.name = "C",
+                                 .component = "right side",
+                                 .unit = force + " or " + Model.UnitLabel(9),
+                                 .values = Right_Side,
+                                 .decimals = Model.DecLengthShown});
+        return sheet;
     });
 }
 

@@ -1,11 +1,14 @@
 // The screen of the equations: the matrix and the right side of the first position that was solved.
 #pragma once
 
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "platform/screen.h"
 #include "screens/frm_help.h"
+#include "screens/table_menu.h"
 
 namespace verlink {
 
@@ -60,12 +63,19 @@ class frm_Matrix : public platform::Screen {
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
     Help_Key key_Help{*this, "mnu_DynamicsHelp"};
+    Table_Menu table{*this, [this] { return Equations(); }};
 
     void Form_Activate() override;
     void cmd_Print_Click();
     void cmd_Copy_Click();
     void cmd_Back_Click();
     void cmd_Done_Click();
+
+    /// The numbers behind the labels.
+    std::vector<double> Matrix, Right_Side;
+
+   private:
+    std::optional<Table_To_Save> Equations();
 };
 
 }  // namespace verlink

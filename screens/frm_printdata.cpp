@@ -3,6 +3,7 @@
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
+#include "output/table_sheet.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -31,6 +32,18 @@ frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
 
 void frm_PrintData::Form_Activate() {
     Guarded("frm_PrintData.Activate", [this] { Fit_Screen(*this, kWorkWidth, kWorkHeight); });
+}
+
+std::optional<Table_To_Save> frm_PrintData::Shown_Table() {
+    std::array<std::string, 4> captions;
+    for (int slot = 1; slot <= Model.PrintCount; ++slot)
+        captions.at(static_cast<std::size_t>(slot - 1)) = grd_Data.Cell(0, slot);
+    const int every = Model.PrintStep;
+    Table_Wish wish{.decimals = Model.DecimalPlaces, .local = Model.CoordSystem != 0};
+    return Table_Of_The_Model("table", every, [captions, wish](int rows) mutable {
+        wish.every = rows;
+        return Table_Sheet(Model, captions, wish);
+    });
 }
 
 void frm_PrintData::mnu_Help_Click() { Show_Help(Help_Document("mnu_PrintHelp"), "frm_PrintData.mnu_Help"); }

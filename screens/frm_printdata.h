@@ -5,6 +5,7 @@
 #include "platform/grid.h"
 #include "platform/screen.h"
 #include "screens/summary_panel.h"
+#include "screens/table_menu.h"
 
 namespace verlink {
 
@@ -14,6 +15,7 @@ class frm_PrintData : public platform::Screen {
     frm_PrintData();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Table_Menu table{*this, [this] { return Shown_Table(); }};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::Label lbl_Header2{*this, "lbl_Header2"};
@@ -33,6 +35,9 @@ class frm_PrintData : public platform::Screen {
     void cmd_Done_Click();
     void cmd_PrintForm_Click();
     void cmd_Copy_Click();
+
+   private:
+    std::optional<Table_To_Save> Shown_Table();
 };
 
 }  // namespace verlink

@@ -2,11 +2,13 @@
 #include "screens/frm_printselect.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/linkage_model.h"
 #include "core/screen_geometry.h"
 #include "core/text.h"
 #include "output/selection.h"
+#include "output/table_sheet.h"
 #include "output/tables.h"
 #include "platform/guard.h"
 
@@ -125,10 +127,28 @@ void frm_PrintSelect::cmd_Done_Click() {
     });
 }
 
+/// As the table will be; nothing of the choice is taken for that.
+std::optional<Table_To_Save> frm_PrintSelect::Chosen_Table() {
+    if (!cmd_Done.Enabled) {
+        platform::Tell("Choose the functions of the table first.", platform::Icon::kInformation);
+        return {};
+    }
+    std::array<std::string, kFunctions> captions;
+    for (int i = 0; i < kFunctions; ++i)
+        captions.at(static_cast<std::size_t>(i)) = Get<platform::Label>("lbl_Function", i).Caption;
+    const int every = Model.FFTFunction ? 1 : std::max(static_cast<int>(Integer(Val(cmb_Step.Text.Get()))), 1);
+    const Integer decimals = Val(cmb_Decimal.Text.Get());
+    Table_Wish wish{.decimals = decimals, .local = opt_Coord[1].Value};
+    return Table_Of_The_Model("table", every, [captions, wish](int rows) mutable {
+        wish.every = rows;
+        return Table_Sheet(Model, captions, wish);
+    });
+}
+
 void frm_PrintSelect::To_Screen() {
-    platform::Screen& table = platform::Screens::Get(kTable);
+    platform::Screen& shown = platform::Screens::Get(kTable);
     Hide();
-    Multiprint(table);
+    Multiprint(shown);
 }
 
 void frm_PrintSelect::To_Printer() {

@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "screens/function_screen.h"
+#include "screens/table_menu.h"
 
 namespace verlink {
 
@@ -19,6 +20,7 @@ class frm_PrintSelect : public Preset_Screen {
     platform::Frame fra_Decimal{*this, "fra_Decimal", "Decimal Plcs"};
     platform::ComboBox cmb_Decimal{*this, "cmb_Decimal"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+    Table_Menu table{*this, [this] { return Chosen_Table(); }};
 
     void Form_Activate() override;
     void cmb_Step_Click();
@@ -35,6 +37,7 @@ class frm_PrintSelect : public Preset_Screen {
     void Read_Step();
     /// Empties the slots of variables that the lists do not have any more.
     void Blank_What_Is_Gone();
+    std::optional<Table_To_Save> Chosen_Table();
     void To_Screen();
     void To_Printer();
     void To_Disk();

@@ -8,6 +8,7 @@ namespace verlink {
 class frm_Synth2A : public Two_Position_Screen {
    public:
     frm_Synth2A();
+    std::string Trouble_With(const design::Choices& choices) const override;
 
    protected:
     bool Solve() override;

@@ -15,9 +15,12 @@ class frm_Synth2B : public Two_Position_Screen {
     TextBox txt_Wmag{*this, "txt_Wmag"};
     TextBox txt_Umag{*this, "txt_Umag"};
 
+    std::string Trouble_With(const design::Choices& choices) const override;
+
    protected:
     void Fill() override;
     bool Solve() override;
+    void Type_Choices(const design::Choices& choices) override;
 };
 
 }  // namespace verlink

@@ -68,7 +68,11 @@ class frm_Synth3 : public Synthesis_Screen {
     Array<Label> lbl_Units{*this, "lbl_Units", {0, 1, 2, 3, 4}, "len"};
     Array<Label> lbl_Degrees{*this, "lbl_Degrees", {{5, "deg"}}};
 
+    std::string Trouble_With(const design::Choices& choices) const override;
+
    protected:
+    Typed_Positions Typed() const override;
+    void Type_Choices(const design::Choices& choices) override;
     void Fill() override;
     bool Solve() override;
     void Show_Values() override;

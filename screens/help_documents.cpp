@@ -26,6 +26,18 @@ constexpr std::pair<const char*, const char*> kDocuments[] = {
     {"mnu_Video1", "helpfiles/verlink/tutorial.webm"},
     {"mnu_FilesHelp", "helpfiles/general/files_and_undoing.pdf"},
     {"mnu_HandHelp", "helpfiles/general/under_the_hand.pdf"},
+    {"mnu_ChecksHelp", "helpfiles/general/checks_help.pdf"},
+    {"mnu_ReportHelp", "helpfiles/general/report_help.pdf"},
+    {"mnu_StudiesHelp", "helpfiles/general/studies_help.pdf"},
+    {"mnu_ExploreHelp", "helpfiles/general/explore_help.pdf"},
+    {"mnu_ConventionsHelp", "helpfiles/general/conventions.pdf"},
+    {"mnu_TheoryHelp", "helpfiles/general/theory.pdf"},
+    {"mnu_VerificationHelp", "helpfiles/general/verification.pdf"},
+    {"mnu_MessagesHelp", "helpfiles/general/messages_help.pdf"},
+    {"mnu_KeyboardHelp", "helpfiles/general/keyboard_help.pdf"},
+    {"mnu_BatchHelp", "helpfiles/general/batch_help.pdf"},
+    {"mnu_GlossaryHelp", "helpfiles/general/glossary.pdf"},
+    {"mnu_CardHelp", "helpfiles/general/quick_reference.pdf"},
 };
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "screens/frm_animate.h"
 #include "screens/frm_balance.h"
 #include "screens/frm_cayley.h"
+#include "screens/frm_checks.h"
+#include "screens/frm_explore.h"
 #include "screens/frm_fft.h"
 #include "screens/frm_help.h"
 #include "screens/frm_homescreen.h"
@@ -28,6 +30,8 @@
 #include "screens/frm_printdata.h"
 #include "screens/frm_printselect.h"
 #include "screens/frm_quit.h"
+#include "screens/frm_report.h"
+#include "screens/frm_studies.h"
 #include "screens/frm_synth2a.h"
 #include "screens/frm_synth2b.h"
 #include "screens/frm_synth3.h"
@@ -50,6 +54,8 @@ void Register_Screens() {
     Register_One<frm_Animate>("frm_Animate");
     Register_One<frm_Balance>("frm_Balance");
     Register_One<frm_Cayley>("frm_Cayley");
+    Register_One<frm_Checks>("frm_Checks");
+    Register_One<frm_Explore>("frm_Explore");
     Register_One<frm_FFT>("frm_FFT");
     Register_One<frm_Help>("frm_Help");
     Register_One<frm_HomeScreen>("frm_HomeScreen");
@@ -70,6 +76,8 @@ void Register_Screens() {
     Register_One<frm_PrintData>("frm_PrintData");
     Register_One<frm_PrintSelect>("frm_PrintSelect");
     Register_One<frm_Quit>("frm_Quit");
+    Register_One<frm_Report>("frm_Report");
+    Register_One<frm_Studies>("frm_Studies");
     Register_One<frm_Synth2A>("frm_Synth2A");
     Register_One<frm_Synth2B>("frm_Synth2B");
     Register_One<frm_Synth3>("frm_Synth3");

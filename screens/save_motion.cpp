@@ -15,6 +15,7 @@
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "platform/picture_pixels.h"
+#include "screens/filmed_run.h"
 #include "screens/picture_entries.h"
 
 namespace verlink {
@@ -91,7 +92,14 @@ platform::Pixels Painted(PictureBox& box, int side) {
     return {side, side, pixels.Pixels()};
 }
 
-/// Nothing when the user has stopped it.
+std::string Seconds_Text(double seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.*f s", seconds < 10 ? 2 : 1, seconds);
+    return text;
+}
+
+}  // namespace
+
 std::optional<std::string> Filmed(platform::Screen& form, int shown, const std::vector<Film_Frame>& frames, int side) {
     const Kept_Screen kept(form, shown);
     std::optional<Gif> film;
@@ -118,14 +126,6 @@ std::optional<std::string> Filmed(platform::Screen& form, int shown, const std::
     if (next < frames.size() || !film) return {};
     return film->Finish();
 }
-
-std::string Seconds_Text(double seconds) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.*f s", seconds < 10 ? 2 : 1, seconds);
-    return text;
-}
-
-}  // namespace
 
 std::string Motion_Filter(const std::vector<double>& seconds) {
     std::string filter;

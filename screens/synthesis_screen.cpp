@@ -2,9 +2,10 @@
 #include "screens/synthesis_screen.h"
 
 #include <algorithm>
-#include <cctype>
+#include <utility>
 
 #include "animation/engine.h"
+#include "checks/positions.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/screen_geometry.h"
@@ -15,6 +16,7 @@
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
+#include "synthesis/diagram_dxf.h"
 #include "synthesis/dyad_diagram.h"
 #include "synthesis/dyads.h"
 
@@ -24,20 +26,6 @@ namespace {
 
 constexpr int kAngleDecimals = 2;
 constexpr char kSketch[] = "Sketch, not to scale";
-
-/// The text without the marks that a formatted number has between its thousands.
-std::string Ungrouped(const std::string& text) {
-    const auto digit = [&text](std::size_t at) {
-        return at < text.size() && std::isdigit(static_cast<unsigned char>(text[at])) != 0;
-    };
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool mark =
-            text[i] == ',' && i > 0 && digit(i - 1) && digit(i + 1) && digit(i + 2) && digit(i + 3) && !digit(i + 4);
-        if (!mark) plain += text[i];
-    }
-    return plain;
-}
 
 bool Is_Angle(const std::string& box) {
     constexpr const char* kAngles[] = {"txt_Alpha", "txt_Beta",  "txt_Gamma", "txt_Theta",
@@ -69,6 +57,7 @@ Synthesis_Screen::Synthesis_Screen(const std::string& name, int positions, std::
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
     cmd_Print.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Explore.OnClick = [this] { cmd_Explore_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
     mnu_Help.Keys = "F1";
     Label* values[] = {&lbl_Wmag[1], &lbl_Zmag[1], &lbl_Umag[1], &lbl_Smag[1], &lbl_P21mag};
@@ -91,6 +80,7 @@ void Synthesis_Screen::Write_Tips() {
     cmd_Copy.Tip = "How to copy this screen to the clipboard; calculate first";
     cmd_Cancel.Tip = "Go back to the home screen";
     cmd_Done.Tip = "Go on to the input screen with this linkage; calculate first";
+    cmd_Explore.Tip = "See all linkages for these positions";
 }
 
 void Synthesis_Screen::Bind_Boxes() {
@@ -101,7 +91,7 @@ void Synthesis_Screen::Bind_Boxes() {
         box->OnGotFocus = [box] { box->SelectAll(); };
         Reads_As(*box, Model, Is_Angle(box->Name()) ? Quantity::kAngle : Quantity::kLength, {.grouped = true});
     }
-    Serve_Undo(*this, [this] { Show_Model(); });
+    Serve_Undo(*this, [this] { Show_Undone(); });
 }
 
 void Synthesis_Screen::Box_Change() {
@@ -111,6 +101,7 @@ void Synthesis_Screen::Box_Change() {
 }
 
 void Synthesis_Screen::Allow_Results(bool allowed) {
+    if (!allowed) lbl_Reach.Visible = false;
     for (Button* button : {&cmd_Done, &cmd_Copy, &cmd_Print}) button->Enabled = allowed;
 }
 
@@ -120,6 +111,7 @@ void Synthesis_Screen::Form_Activate() {
         Model.Synthesized = false;
         Show_Model();
         txt_P21x.SetFocus();
+        if (to_type_) std::exchange(to_type_, nullptr)();
     });
 }
 
@@ -139,6 +131,7 @@ void Synthesis_Screen::Show_Model() {
         Draw();
         Titlebox(*this);
         Allow_Results(false);
+        Note_Shown();
     });
 }
 
@@ -153,6 +146,13 @@ void Synthesis_Screen::Show_Displacement(Single x, Single y, Single& magnitude, 
     Cart_to_Polar(x, y, magnitude, angle);
     shown_magnitude.Caption = Length_Text(magnitude);
     shown_angle.Caption = Angle_Text(angle);
+}
+
+std::optional<std::function<std::string()>> Synthesis_Screen::Diagram() {
+    const DyadFigure figure = Dyads_In_Force(positions_);
+    if (figure.to_scale) return [figure] { return Dyads_Dxf(Model, figure); };
+    platform::Tell("The diagram is not to scale yet. Calculate first.", platform::Icon::kInformation);
+    return {};
 }
 
 void Synthesis_Screen::Draw() {
@@ -203,7 +203,7 @@ std::string Synthesis_Screen::Number_Text(const TextBox& box) {
     return text.find_first_not_of("0123456789+-.,eEdD ") == std::string::npos ? text : Text_Of(Value_Of(box));
 }
 
-Single Synthesis_Screen::Value_Of(const TextBox& box) { return Val(Ungrouped(box.Text)); }
+Single Synthesis_Screen::Value_Of(const TextBox& box) { return Val(Ungrouped(box.Text.Get())); }
 
 Single Synthesis_Screen::Length_Of(const TextBox& box) const { return Value_Of(box) / LengthFactor; }
 
@@ -213,13 +213,20 @@ void Synthesis_Screen::cmd_Calc_Click() {
     const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
         if (!Solve()) return;
         Allow_Results(true);
+        Show_Reach();
         for (platform::Control* control : Controls())
             if (auto* box = dynamic_cast<TextBox*>(control)) box->Settle();
+        Note_Shown();
     });
     // A number that no field holds takes none of the others in.
     if (ended) return;
     static_cast<SynthesisData&>(Model) = before;
     Show_Results(shown);
+}
+
+void Synthesis_Screen::Show_Reach() {
+    lbl_Reach.Caption = "The linkage " + Words_Of_Positions(Model, Positions_Reached(Model)) + ".";
+    lbl_Reach.Visible = true;
 }
 
 std::vector<platform::TextBox*> Synthesis_Screen::Result_Boxes() {

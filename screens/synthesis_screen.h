@@ -1,16 +1,24 @@
 // What the synthesis screens share: the data common to both dyads, the diagram, the ways out.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/number.h"
 #include "platform/desktop.h"
 #include "platform/screen.h"
+#include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
+#include "screens/typed_positions.h"
 
 namespace verlink {
+
+namespace design {
+struct Choices;
+}
 
 /// Lengths in the boxes are in the shown unit, those of the record in stored ones; angles are degrees. A change of any
 /// box takes the results back until the next calculation.
@@ -25,6 +33,7 @@ class Synthesis_Screen : public platform::Screen {
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     Edit_Menu edit{*this};
+    Drawing_Menu drawing{*this, "dyads", [this] { return Diagram(); }};
     Label lbl_Header{*this, "lbl_Header"};
 
     Frame fra_Given{*this, "fra_Given", "Given Data Common to both Dyads"};
@@ -94,6 +103,8 @@ class Synthesis_Screen : public platform::Screen {
     Label lbl_Beta2{*this, "lbl_Beta2"};
     Label lbl_Gamma2{*this, "lbl_Gamma2"};
     Label lbl_Scale{*this, "lbl_Scale"};
+    /// Which positions the linkage found reaches, and on which circuit.
+    Label lbl_Reach{*this, "lbl_Reach"};
 
     Button cmd_Calc{*this, "cmd_Calc", "&Calculate"};
     Button cmd_Print{*this, "cmd_Print", "&Print"};
@@ -101,6 +112,7 @@ class Synthesis_Screen : public platform::Screen {
     Button cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     Button cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
+    Button cmd_Explore{*this, "cmd_Explore", "&Explore"};
 
     /// Read-outs of lengths: 0 in a frame, so far as it has them there, and 1 on the diagram.
     Array<Label> lbl_Wmag, lbl_Zmag, lbl_Umag, lbl_Smag;
@@ -112,6 +124,12 @@ class Synthesis_Screen : public platform::Screen {
     void cmd_Print_Click();
     void cmd_Copy_Click();
     void mnu_Help_Click();
+    void cmd_Explore_Click();
+
+    /// Why a calculation of this screen would not come to that linkage, in words; empty where it does.
+    virtual std::string Trouble_With(const design::Choices& choices) const = 0;
+    /// Types what it takes to calculate that linkage, at once or, where the screen is not shown, as it comes up.
+    void Take_Choices(const design::Choices& choices);
 
    protected:
     Synthesis_Screen(const std::string& name, int positions, std::initializer_list<int> magnitudes);
@@ -125,6 +143,10 @@ class Synthesis_Screen : public platform::Screen {
     virtual void Fill() = 0;
     /// Dyads, linkage and read-outs from the boxes; false when the user gave up.
     virtual bool Solve() = 0;
+    /// What the boxes give to a task; a box that no hand has touched stands for the record's number, whose digits it
+    /// need not have.
+    virtual Typed_Positions Typed() const;
+    virtual void Type_Choices(const design::Choices& choices);
     /// The values on the diagram, from boxes and record; here those that all screens have.
     virtual void Show_Values();
 
@@ -144,10 +166,19 @@ class Synthesis_Screen : public platform::Screen {
     static std::string Angle_Text(double degrees);
     Single Length_Of(const TextBox& box) const;
     static Single Value_Of(const TextBox& box);
+    /// What is typed into a box, else the stored number as it is shown.
+    design::Point Shown_Point(const TextBox& x, const TextBox& y, Single stored_x, Single stored_y) const;
+    static double Shown_Angle(const TextBox& box, Single stored);
+    /// Types a number of single precision, all of its digits.
+    static void Type_Number(TextBox& box, double value);
+    static void Type_Point(TextBox& x, TextBox& y, design::Point point);
+    /// Shown units in a stored one.
+    double Factor() const { return LengthFactor; }
     /// The text of a box, or the number that it is taken for where it is more than one.
     static std::string Number_Text(const TextBox& box);
 
    private:
+    std::optional<std::function<std::string()>> Diagram();
     /// The boxes that only a calculation fills, and what they show.
     std::vector<platform::TextBox*> Result_Boxes();
     std::vector<std::string> Shown_Results();
@@ -162,10 +193,16 @@ class Synthesis_Screen : public platform::Screen {
     /// The given data of the model; what came of them is to be calculated anew.
     void Show_Model();
     void Allow_Results(bool allowed);
+    void Show_Reach();
+    /// After an undo: as it was left where nothing that the screen shows is another.
+    void Show_Undone();
+    void Note_Shown();
 
     int positions_;
     Integer LengthFactor = 1;  ///< shown units in a stored one
     std::vector<Follower> followers_;
+    std::string shown_;  ///< the record's numbers that stand on the screen
+    std::function<void()> to_type_;
 };
 
 /// What the two screens of two positions share: their angles, given or found.
@@ -182,6 +219,7 @@ class Two_Position_Screen : public Synthesis_Screen {
     Two_Position_Screen(const std::string& name, std::initializer_list<int> magnitudes);
     void Fill() override;
     void Show_Values() override;
+    void Type_Choices(const design::Choices& choices) override;
     /// The displacement and the coupler's turn from their boxes.
     void Read_Given();
 };

@@ -3,14 +3,16 @@
 
 #include <utility>
 
+#include "core/results_turns.h"
 #include "platform/overlaid_picture.h"
 #include "platform/settings.h"
+#include "screens/positions_over.h"
 
 namespace verlink {
 
 namespace {
 
-constexpr char kOn[] = "on";
+constexpr char kOn[] = "on", kPositions[] = "mnu_ViewPositions";
 
 }  // namespace
 
@@ -29,7 +31,10 @@ void View_Choice::Choose(bool on) {
     settings.Put(setting_, on ? kOn : "");
     settings.Save();
     for (platform::Screen* screen : platform::Screens::Made())
-        if (auto* same = screen->FindAs<View_Choice>(Name())) same->Follow();
+        if (auto* same = screen->FindAs<View_Choice>(Name()); same && same != this) {
+            same->Follow();
+            if (same->OnChoiceElsewhere) same->OnChoiceElsewhere();
+        }
     Follow();
     if (OnChoice) OnChoice();
 }
@@ -65,7 +70,17 @@ View_Menu::View_Menu(platform::Screen& owner, std::function<void()> redraw)
     for (View_Choice* choice :
          {&mnu_ViewPoles, &mnu_ViewVelocities, &mnu_ViewAccelerations, &mnu_ViewPinForces, &mnu_ViewShakingForce,
           &mnu_ViewCurvature, &mnu_ViewGrid, &mnu_ViewNames, &mnu_ViewGhosts})
-        choice->OnChoice = [this] { Choice_Made(); };
+        Serve(*choice);
+}
+
+void View_Menu::Serve(View_Choice& choice) {
+    choice.OnChoice = [this] { Choice_Made(); };
+    choice.OnChoiceElsewhere = [this] { Lay_Over_Anew(); };
+}
+
+std::vector<design::Wanted> View_Menu::Wanted() const {
+    const auto* choice = owner_.FindAs<View_Choice>(kPositions);
+    return choice && choice->On() ? design::Positions_Wanted(Model) : std::vector<design::Wanted>();
 }
 
 View_Wishes View_Menu::Wishes() const {
@@ -82,8 +97,12 @@ View_Wishes View_Menu::Wishes() const {
 
 platform::Overlay View_Menu::Found_Anew() const {
     const View_Wishes wishes = Wishes();
-    if (ear_.Step() == kNoStep || !wishes.Any() || !Model.RunStands) return {};
-    return Overlay_At(Model, ear_.Step(), wishes, Find_Scales(Model, wishes));
+    if (ear_.Step() == kNoStep || !Model.RunStands) return {};
+    const std::vector<design::Wanted> wanted = Wanted();
+    if (!wishes.Any() && wanted.empty()) return {};
+    platform::Overlay over = Overlay_At(Model, ear_.Step(), wishes, Find_Scales(Model, wishes));
+    Lay_Over(over, Model, wanted);
+    return over;
 }
 
 void View_Menu::Show(const Shown& shown) {
@@ -95,15 +114,34 @@ void View_Menu::Show(const Shown& shown) {
         return;
     }
     const View_Wishes wishes = Wishes();
-    if (!wishes.Any()) return;
-    if (!scales_) scales_ = Find_Scales(Model, wishes);
-    picture->Over = Overlay_At(Model, shown.step, wishes, *scales_);
+    const int turns = Results_Turns();
+    if (std::exchange(scaled_, turns) != turns) scales_.reset();
+    if (!scales_) {
+        scales_ = Find_Scales(Model, wishes);
+        wanted_ = Wanted();
+    }
+    if (!wishes.Any() && wanted_.empty()) return;
+    platform::Overlay over = Overlay_At(Model, shown.step, wishes, *scales_);
+    Lay_Over(over, Model, wanted_);
+    picture->Over = over;
 }
 
 void View_Menu::Choice_Made() {
     if (redraw_) return redraw_();
+    Lay_Over_Anew();
+}
+
+void View_Menu::Lay_Over_Anew() {
     scales_.reset();
     if (auto* picture = owner_.FindAs<platform::Overlaid_Picture>("Picture1")) picture->Over = Found_Anew();
+}
+
+Positions_Entry::Positions_Entry(View_Menu& view)
+    : mnu_ViewBar9(view.mnu_View, "mnu_ViewBar9", ""),
+      mnu_ViewPositions(view.mnu_View, kPositions, "Positions", "positions",
+                        "The positions of the body that the linkage was found for, and which of them the run passes; "
+                        "nothing for a linkage that was found for none") {
+    view.Serve(mnu_ViewPositions);
 }
 
 }  // namespace verlink

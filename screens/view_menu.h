@@ -4,9 +4,11 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "animation/overlays.h"
 #include "animation/shown.h"
+#include "design/wanted.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -22,6 +24,8 @@ class View_Choice : public platform::MenuEntry {
     void Choose(bool on);
     /// Raised on the screen where the user chose, after the marks of all screens have followed.
     std::function<void()> OnChoice;
+    /// Raised on the other screens that have the same choice.
+    std::function<void()> OnChoiceElsewhere;
     /// Takes the mark over that was chosen elsewhere.
     void Follow() { Checked = On(); }
 
@@ -52,15 +56,31 @@ class View_Menu {
     /// run does not stand.
     platform::Overlay Found_Anew() const;
 
+    /// An entry that stands elsewhere in the menu: its choice lies over the picture with the others.
+    void Serve(View_Choice& choice);
+
    private:
     View_Wishes Wishes() const;
+    /// The positions to be marked, where they are chosen.
+    std::vector<design::Wanted> Wanted() const;
     void Show(const Shown& shown);
     void Choice_Made();
+    void Lay_Over_Anew();
 
     platform::Screen& owner_;
     std::function<void()> redraw_;
     std::optional<Overlay_Scales> scales_;  ///< of the run that plays
+    std::vector<design::Wanted> wanted_;    ///< positions that it passes or not
+    int scaled_ = 0;                        ///< which results they are of
     Position_Ear ear_;
+};
+
+/// The last entry of the view menu, behind a line: the positions that the linkage was found for.
+class Positions_Entry {
+   public:
+    explicit Positions_Entry(View_Menu& view);
+    platform::MenuEntry mnu_ViewBar9;
+    View_Choice mnu_ViewPositions;
 };
 
 }  // namespace verlink

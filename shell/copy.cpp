@@ -43,22 +43,25 @@ std::string Some(long long count, const char* unit) {
 std::string Copy_Text(const Model_Copy& copy) {
     const auto since = std::chrono::duration_cast<milliseconds>(copy.changed.time_since_epoch()).count();
     return std::string(kHead) + "path " + In_One_Line(copy.path) + "\nname " + In_One_Line(copy.name) + "\nchanged " +
-           std::to_string(since) + "\nsize " + std::to_string(copy.content.size()) + "\n" + copy.content;
+           std::to_string(since) + "\ntasks " + std::to_string(copy.tasks.size()) + "\nsize " +
+           std::to_string(copy.content.size()) + "\n" + copy.content + copy.tasks;
 }
 
 std::optional<Model_Copy> Copy_Of(std::string_view text) {
     if (!text.starts_with(kHead)) return {};
     text.remove_prefix(kHead.size());
-    const auto path = Line(text, "path "), name = Line(text, "name "), changed = Line(text, "changed "),
-               size = Line(text, "size ");
+    const auto path = Line(text, "path "), name = Line(text, "name "), changed = Line(text, "changed ");
+    // A copy of an earlier program has none.
+    const auto tasks = Line(text, "tasks "), size = Line(text, "size ");
     if (!path || !name || !changed || !size) return {};
     long long since = 0;
-    std::size_t length = 0;
+    std::size_t length = 0, behind = 0;
     std::from_chars(changed->data(), changed->data() + changed->size(), since);
     std::from_chars(size->data(), size->data() + size->size(), length);
-    if (text.size() != length) return {};
-    return Model_Copy{From_One_Line(*path), From_One_Line(*name), std::string(text),
-                      system_clock::time_point(milliseconds(since))};
+    if (tasks) std::from_chars(tasks->data(), tasks->data() + tasks->size(), behind);
+    if (behind > text.size() || text.size() - behind != length) return {};
+    return Model_Copy{From_One_Line(*path), From_One_Line(*name), std::string(text.substr(0, length)),
+                      std::string(text.substr(length)), system_clock::time_point(milliseconds(since))};
 }
 
 std::string Copy_File(const std::string& folder, const platform::Process& process) {
@@ -161,7 +164,8 @@ void Copy_Keeper::Work() {
 bool Copy_Keeper::Do(const Wish& wish) const {
     if (wish) {
         const auto write = [&] {
-            const Model_Copy copy{wish->path, wish->name, File_Text(wish->file), wish->changed};
+            const Model_Copy copy{wish->path, wish->name, File_Text(wish->file), Tasks_Text(wish->tasks),
+                                  wish->changed};
             platform::Write_File(file_, Copy_Text(copy), 0600);
         };
         return Failure_Of(write) == 0;

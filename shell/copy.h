@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "files/model_file.h"
+#include "files/task_file.h"
 #include "platform/process.h"
 
 namespace verlink {
@@ -21,6 +22,7 @@ struct Model_Copy {
     std::string path;     ///< the model's file, or the folder for it
     std::string name;     ///< of the model
     std::string content;  ///< as its file would hold it
+    std::string tasks;    ///< as the file beside it would hold them
     std::chrono::system_clock::time_point changed;
 };
 
@@ -28,6 +30,7 @@ struct Model_Copy {
 struct Model_To_Copy {
     std::string path, name;
     File_Snapshot file;
+    Tasks tasks;
     std::chrono::system_clock::time_point changed;
 };
 

@@ -12,6 +12,7 @@
 #include "dynamics/dynacalc.h"
 #include "files/model_file.h"
 #include "platform/deed.h"
+#include "platform/guard.h"
 #include "platform/unheard.h"
 
 namespace verlink {
@@ -90,7 +91,15 @@ void Put_Values_Of_File(const std::string& values) {
 }
 
 /// What follows from the fields of a file and goes with them.
-struct Beside : Geometry, Drive, CamDrive, CentrodeScratch, MassProperties, BalanceWeights, SynthesisData, UnitSystem {
+struct Beside : Geometry,
+                Drive,
+                CamDrive,
+                CentrodeScratch,
+                MassProperties,
+                BalanceWeights,
+                SynthesisData,
+                Tasks,
+                UnitSystem {
     explicit Beside(const LinkageModel& model)
         : Geometry(model),
           Drive(model),
@@ -99,6 +108,7 @@ struct Beside : Geometry, Drive, CamDrive, CentrodeScratch, MassProperties, Bala
           MassProperties(model),
           BalanceWeights(model),
           SynthesisData(model),
+          Tasks(model),
           UnitSystem(model) {}
     void Put(LinkageModel& model) const {
         static_cast<Geometry&>(model) = *this;
@@ -109,6 +119,7 @@ struct Beside : Geometry, Drive, CamDrive, CentrodeScratch, MassProperties, Bala
         static_cast<MassProperties&>(model) = *this;
         static_cast<BalanceWeights&>(model) = *this;
         static_cast<SynthesisData&>(model) = *this;
+        static_cast<Tasks&>(model) = *this;
         static_cast<UnitSystem&>(model) = *this;
     }
 };
@@ -383,8 +394,10 @@ void History::Undo() {
 void History::Redo() {
     if (Last_Taken_Back()) {
         const Typed again = taken_back_.back();
-        taken_back_.pop_back();
         again.box->SetFocus();
+        // A box that keeps the cursor, since its text is refused, comes first.
+        if (again.screen->Focus() != again.box) return;
+        taken_back_.pop_back();
         typed_.push_back({again.box, again.screen, again.box->Text});
         again.box->Type(again.text);
     } else if (!redo_.empty()) {
@@ -394,11 +407,12 @@ void History::Redo() {
 }
 
 void History::Tell(Turn turn) const {
-    for (const auto& listener : listeners_) listener(turn);
+    for (const auto& listener : listeners_) Guarded("History", [&] { listener(turn); });
 }
 
+// The end of a deed is no place to fail: it is a destructor's.
 void History::Tell_Followers(bool typed) const {
-    for (const auto& follower : followers_) follower(typed);
+    for (const auto& follower : followers_) Guarded("History", [&] { follower(typed); });
 }
 
 History& The_History() {

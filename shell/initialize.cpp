@@ -68,11 +68,13 @@ void Initialize() {
         SeedCognate();
         // The start is in degrees here and the end in radians, so that the count is far below zero.
         Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
-        Model.ModuloMode = "abs";
-        Model.ModelName = "Model_1";
-        Model.DesignNumber = 1;
-        Model.DateStr = platform::The_Desktop().Date_Text();
-        Model.TimeStr = platform::The_Desktop().Time_Text();
+        auto& m = Model;
+        m.ModuloMode = "abs";
+        m.ModelName = "Model_1";
+        m.DesignNumber = 1;
+        m.DateStr = platform::The_Desktop().Date_Text();
+        m.TimeStr = platform::The_Desktop().Time_Text();
+        static_cast<Tasks&>(m) = {};
         Model_Came();
     });
 }

@@ -45,6 +45,9 @@ bool Take(const Left_Copy& left, LinkageModel& model) {
     const Model_Copy& copy = left.copy;
     if (!Readfile(copy.content, Names_File(copy.path) ? copy.path : std::string())) return false;
     model.ModelName = copy.name;
+    std::string fault;
+    Tasks tasks;
+    if (Take_Tasks(copy.tasks, tasks, fault) || copy.tasks.empty()) static_cast<Tasks&>(model) = tasks;
     Model_Unsaved();
     Keep_Copy(model, true);
     // Not before there is another one.
@@ -105,7 +108,7 @@ void Keep_Copy(const LinkageModel& model, bool modified) {
     if (!keeper) return;
     Log_Going_On();
     if (modified)
-        keeper->Keep({model.FilePath, model.ModelName, Snapshot_Of_File(), system_clock::now()});
+        keeper->Keep({model.FilePath, model.ModelName, Snapshot_Of_File(), model, system_clock::now()});
     else
         keeper->Drop();
 }

@@ -6,7 +6,9 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
+#include "files/task_file.h"
 #include "platform/desktop.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -40,6 +42,22 @@ std::string Clicked_Content(const std::string& path) {
     return content;
 }
 
+/// A file of tasks stands for the model that it lies beside; without one its tasks come alone.
+bool Take_Clicked_Tasks(std::string& path) {
+    if (!path.ends_with(".vld")) return false;
+    const std::string model = std::filesystem::path(path).replace_extension(".vlk").string();
+    if (platform::Is_Plain_File(model)) {
+        path = model;
+        return false;
+    }
+    std::string fault;
+    if (Take_Tasks(Clicked_Content(path), Model, fault))
+        Model_Came();
+    else
+        platform::Tell("The tasks in " + path + " cannot be read: " + fault + ".", platform::Icon::kExclamation);
+    return true;
+}
+
 }  // namespace
 
 void CreateAssociation(const std::string& Type, const std::string& Extension) {
@@ -62,7 +80,8 @@ void Open_Clicked_File() {
     Guarded("Readfile in Open_Clicked_File", [] {
         if (Model.CommandLine.empty()) return;
         const std::string full = GetLongPathFromShortPath(Model.CommandLine);
-        const std::string path = full.empty() ? Model.CommandLine : full;
+        std::string path = full.empty() ? Model.CommandLine : full;
+        if (Take_Clicked_Tasks(path)) return;
         Readfile(Clicked_Content(path), path);
         The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     });

@@ -1,6 +1,7 @@
 // Cayley's diagram: the three cognates laid out with their coupler triangles between three ground lines.
 #include <algorithm>
 #include <cmath>
+#include <complex>
 #include <initializer_list>
 
 #include "core/linkage_model.h"
@@ -15,39 +16,9 @@ using platform::Color;
 
 namespace {
 
-struct Spot {
-    double x, y;
-};
+using Spot = std::complex<double>;
 
-Spot operator+(Spot a, Spot b) { return {a.x + b.x, a.y + b.y}; }
-Spot operator*(double factor, Spot a) { return {factor * a.x, factor * a.y}; }
-
-/// The points of the diagram, with O2 at the origin and the ground line of cognate 1, drawn out straight, along x.
-struct Diagram {
-    Spot O2, O4, O6, P;
-    Spot A, B;    ///< moving joints of cognate 1, from O2
-    Spot A2, B2;  ///< of cognate 2, from O2
-    Spot A3, B3;  ///< of cognate 3, from O4
-};
-
-Diagram Laid_Out() {
-    const CognateTable& rows = Model.CayleyRows;
-    const double L2 = rows(1, 2), L3 = rows(1, 3), L4 = rows(1, 4), R = rows(1, 5), d = rows(1, 6);
-    const double c2 = rows(2, 2), c3 = rows(2, 3), c4 = rows(2, 4), f = rows(3, 5);
-    const Spot x{1, 0}, along_d{std::cos(d), std::sin(d)};
-    Diagram to;
-    to.O2 = {0, 0};
-    to.O4 = (L3 + L2 + L4) * x;
-    to.O6 = (c4 + c3 + c2) * along_d;
-    to.A = L2 * x;
-    to.B = (L2 + L3) * x;
-    to.P = R * along_d + to.A;
-    to.A2 = c4 * along_d;
-    to.B2 = (c4 + c3) * along_d;
-    to.A3 = f * x + to.P;
-    to.B3 = (R + (L3 == 0 ? 0 : R * f / L3)) * along_d + to.A;
-    return to;
-}
+Cayley_Layout In_Force() { return Cayley_Laid_Out(Model.CayleyRows); }
 
 /// Draws with P at the origin, y upward.
 class Pen {
@@ -66,16 +37,17 @@ class Pen {
     }
 
    private:
-    double X(Spot spot) const { return spot.x - origin_.x; }
-    double Y(Spot spot) const { return -(spot.y - origin_.y); }
+    double X(Spot spot) const { return spot.real() - origin_.real(); }
+    double Y(Spot spot) const { return -(spot.imag() - origin_.imag()); }
 
     platform::Surface& surface_;
     Spot origin_;
 };
 
-void Set_Window(platform::Surface& surface, const Diagram& at) {
-    const double reach = std::max({std::abs(at.O4.x - at.P.x), std::abs(at.P.x), std::abs(at.O6.x - at.P.x),
-                                   std::abs(at.P.y), std::abs(at.O6.y - at.P.y)});
+void Set_Window(platform::Surface& surface, const Cayley_Layout& at) {
+    const double reach =
+        std::max({std::abs(at.O4.real() - at.P.real()), std::abs(at.P.real()), std::abs(at.O6.real() - at.P.real()),
+                  std::abs(at.P.imag()), std::abs(at.O6.imag() - at.P.imag())});
     const double H = reach * 1.1 * Model.ZoomFactor;
     const double low = -H * Model.ZoomFactor;  // the zoom counts twice at the lower bound
     surface.Cls();
@@ -84,11 +56,28 @@ void Set_Window(platform::Surface& surface, const Diagram& at) {
 
 }  // namespace
 
+Cayley_Layout Cayley_Laid_Out(const CognateTable& rows) {
+    const double L2 = rows(1, 2), L3 = rows(1, 3), L4 = rows(1, 4), R = rows(1, 5), d = rows(1, 6);
+    const double c2 = rows(2, 2), c3 = rows(2, 3), c4 = rows(2, 4), f = rows(3, 5);
+    const Spot along_d{std::cos(d), std::sin(d)};
+    Cayley_Layout to;
+    to.O4 = L3 + L2 + L4;
+    to.O6 = (c4 + c3 + c2) * along_d;
+    to.A = L2;
+    to.B = L2 + L3;
+    to.P = R * along_d + to.A;
+    to.A2 = c4 * along_d;
+    to.B2 = (c4 + c3) * along_d;
+    to.A3 = f + to.P;
+    to.B3 = (R + (L3 == 0 ? 0 : R * f / L3)) * along_d + to.A;
+    return to;
+}
+
 void DrawCayley() {
     Guarded("DrawCayley", [] {
         platform::With<platform::PictureBox>(
             "frm_Cayley", "Picture1", platform::kNoIndex, [](platform::PictureBox& picture) {
-                const Diagram at = Laid_Out();
+                const Cayley_Layout at = In_Force();
                 platform::Surface& surface = picture.Canvas();
                 Set_Window(surface, at);
                 Pen pen(surface, at.P);
@@ -100,7 +89,7 @@ void DrawCayley() {
                 pen.Path({at.O2, at.A2, at.P, at.B2, at.O6}, Model.ColorBlue);
                 pen.Path({at.O4, at.A3, at.P, at.B3, at.O6}, Model.ColorRed);
 
-                const double small = std::abs(at.O4.x * 0.015), large = std::abs(at.O4.x * 0.03);
+                const double small = std::abs(at.O4.real() * 0.015), large = std::abs(at.O4.real() * 0.03);
                 for (const Spot pivot : {at.O2, at.O4, at.O6}) {
                     pen.Disc(pivot, large, Model.ColorWhite);
                     pen.Disc(pivot, small, Model.ColorBlack);
@@ -113,8 +102,8 @@ void DrawCayley() {
 }
 
 std::array<std::complex<double>, 4> Cayley_Corners() {
-    const Diagram at = Laid_Out();
-    const auto seen = [&at](Spot spot) { return std::complex<double>(spot.x - at.P.x, at.P.y - spot.y); };
+    const Cayley_Layout at = In_Force();
+    const auto seen = [&at](Spot spot) { return Spot(spot.real() - at.P.real(), at.P.imag() - spot.imag()); };
     return {seen(at.O2), seen(at.O4), seen(at.O6), seen(at.P)};
 }
 

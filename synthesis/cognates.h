@@ -37,6 +37,16 @@ void Switch_Cognate(Integer n);
 /// True, after saying why, when the first linkage is a parallelogram, which has no use for cognates.
 bool Refuse_Parallelogram();
 
+/// The points of Cayley's diagram, with O2 at the origin and the ground line of cognate 1, drawn out straight, along x;
+/// stored lengths.
+struct Cayley_Layout {
+    std::complex<double> O2, O4, O6, P;
+    std::complex<double> A, B;    ///< moving joints of cognate 1, from O2
+    std::complex<double> A2, B2;  ///< of cognate 2, from O2
+    std::complex<double> A3, B3;  ///< of cognate 3, from O4
+};
+Cayley_Layout Cayley_Laid_Out(const CognateTable& rows);
+
 /// All three cognates on `Picture1` of `frm_Cayley`, from `CayleyRows`.
 void DrawCayley();
 

@@ -183,14 +183,14 @@ TEST_F(DrawingCalls, MassCentersAreTakenToTheLocalFrameAndTurnedBack) {
     Expect_Rows({Take()[0]}, {Row("Line", {0, 10, 2 * Cos(40), 10 - 2 * Sin(40)}, kMagenta)});
 }
 
-TEST_F(DrawingCalls, MassCentersStayInMetresBesideATableInMillimetres) {
+TEST_F(DrawingCalls, MassCentersAreInMillimetresLikeTheTableBesideThem) {
     Forces_Hold();
     Model.HideLinksFlag = "Y";
     Model.Units = 5;
     Model.L1 = 0.07;
     Model.CG(4, 0) = 0.5;
     Drawsub(0, stage);
-    EXPECT_EQ(Take()[3], "Line 0.07 10 0.57 10 FF00FF");
+    EXPECT_EQ(Take()[3], "Line 70 10 570 10 FF00FF");
 }
 
 TEST_F(DrawingCalls, BalanceWeightsAreCirclesOnCrankAndRocker) {
@@ -211,7 +211,7 @@ TEST_F(DrawingCalls, BalanceWeightsAreCirclesOnCrankAndRocker) {
                          Row("Line", {7, 10, x4, y4}, kMagenta), Row("Circle", {x4, y4, 1}, kMagenta)});
 }
 
-TEST_F(DrawingCalls, BalanceWeightsKeepTheGroundAngleAndAreTurnedByItAgain) {
+TEST_F(DrawingCalls, BalanceWeightsAreTurnedWithTheGroundOnce) {
     Balance_Holds();
     Model.HideLinksFlag = "Y";
     Model.Link1Angle = 30;
@@ -219,7 +219,7 @@ TEST_F(DrawingCalls, BalanceWeightsKeepTheGroundAngleAndAreTurnedByItAgain) {
     Model.BerkCG(2, 0) = 2;
     Model.RunTable.Theta(0, 0) = 40;
     Drawsub(0, stage);
-    Expect_Rows({Take()[0]}, {Row("Line", {0, 10, 2 * Cos(70), 10 - 2 * Sin(70)}, kMagenta)});
+    Expect_Rows({Take()[0]}, {Row("Line", {0, 10, 2 * Cos(40), 10 - 2 * Sin(40)}, kMagenta)});
 }
 
 TEST_F(DrawingCalls, TheAxesEndShortOfTheWindowAndTheUpperEndShorterStill) {

@@ -59,7 +59,8 @@ TEST_F(Cognates, HaveTheirLengthsAsTheFileStoresThem) {
 
 TEST_F(Cognates, FollowTheReplacedFieldsAndStandBehindTheClassification) {
     const Outcome outcome = Run(ModelText(), {"--cognates", "--classify", "--set", "L2=1.25"});
-    EXPECT_TRUE(outcome.out.starts_with(std::string("Y,Linkage is Grashof,\n") + kHead + "1,2.667,1.25,2.5,2.5,"))
+    EXPECT_TRUE(outcome.out.starts_with(std::string("Grashof_Code,LongText,ToggleDegrees\nY,Linkage is Grashof,\n") +
+                                        kHead + "1,2.667,1.25,2.5,2.5,"))
         << outcome.out;
 }
 

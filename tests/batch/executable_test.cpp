@@ -57,8 +57,12 @@ TEST_F(Executable, EndsWithOneWhenItClosesNowhere) {
 }
 
 TEST_F(Executable, EndsWithTwoAndItsUsageOnWrongUsage) {
-    const std::vector<std::vector<std::string>> wrong{
-        {}, {"--frame"}, {"a", "b"}, {"a", "--set", "L2"}, {"a", "--set", "L9=1"}, {"a", "--convert-units", "3"}};
+    const std::vector<std::vector<std::string>> wrong{{},
+                                                      {"--frame"},
+                                                      {"a", "b", "--csv", "c"},
+                                                      {"a", "--set", "L2"},
+                                                      {"a", "--set", "L9=1"},
+                                                      {"a", "--convert-units", "3"}};
     for (const auto& arguments : wrong) {
         const Outcome outcome = Spawn(arguments);
         EXPECT_EQ(outcome.status, 2);

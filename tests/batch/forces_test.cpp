@@ -160,7 +160,8 @@ TEST_F(Forces, TheReportRunsNothingAndStandsBehindTheClassification) {
     const Outcome outcome = Solved({"--balance-report", "--classify"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_TRUE(outcome.out.starts_with("Y,Linkage is Grashof,\nLink,MRNeeded,")) << outcome.out;
+    EXPECT_TRUE(outcome.out.starts_with("Grashof_Code,LongText,ToggleDegrees\nY,Linkage is Grashof,\nLink,MRNeeded,"))
+        << outcome.out;
 }
 
 TEST_F(Forces, TheReportHasItsRadiusAsTheFileStoresLengths) {

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "batch/option_rows.h"
+
 namespace verlink::test {
 
 namespace {
@@ -13,6 +17,12 @@ BatchOptions Parsed(const std::vector<std::string>& arguments) {
     EXPECT_TRUE(Parse_Options(arguments, options, fault)) << fault;
     EXPECT_EQ(fault, "");
     return options;
+}
+
+/// Where a result goes; "none" when it is not wanted.
+std::string Path(const BatchOptions& options, const std::string& option) {
+    const std::string* path = options.Result(option);
+    return path ? *path : "none";
 }
 
 std::string Refused(const std::vector<std::string>& arguments) {
@@ -26,18 +36,18 @@ std::string Refused(const std::vector<std::string>& arguments) {
 
 TEST(Options, TheModelAloneIsRunToStandardOutput) {
     const BatchOptions options = Parsed({"press.vlk"});
-    EXPECT_EQ(options.model, "press.vlk");
+    EXPECT_EQ(options.models, std::vector<std::string>{"press.vlk"});
     EXPECT_TRUE(options.Run_Wanted());
     EXPECT_FALSE(options.Without_Run());
-    EXPECT_FALSE(options.csv || options.svg || options.save || options.convert_units);
+    EXPECT_FALSE(!options.results.empty() || options.save || options.convert_units);
 }
 
 TEST(Options, StandInAnyOrder) {
     const BatchOptions options = Parsed({"--svg", "a.svg", "--set", "L2=1.2", "m.vlk", "--csv", "a.csv", "--classify",
                                          "--convert-units", "5", "--save", "b.vlk"});
-    EXPECT_EQ(options.model, "m.vlk");
-    EXPECT_EQ(options.csv, "a.csv");
-    EXPECT_EQ(options.svg, "a.svg");
+    EXPECT_EQ(options.models, std::vector<std::string>{"m.vlk"});
+    EXPECT_EQ(Path(options, "--csv"), "a.csv");
+    EXPECT_EQ(Path(options, "--svg"), "a.svg");
     EXPECT_EQ(options.save, "b.vlk");
     EXPECT_EQ(options.convert_units, 5);
     EXPECT_TRUE(options.classify);
@@ -46,7 +56,7 @@ TEST(Options, StandInAnyOrder) {
 
 TEST(Options, AnExampleStandsInPlaceOfTheModel) {
     const BatchOptions options = Parsed({"--cognates", "--example", "watts"});
-    EXPECT_EQ(options.model, "");
+    EXPECT_TRUE(options.models.empty());
     EXPECT_EQ(options.example, "watts");
     EXPECT_TRUE(options.cognates);
 }
@@ -77,7 +87,7 @@ TEST(Options, HelpAndVersionNeedNoModel) {
 TEST(Options, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(Refused({}), "no model is given");
     EXPECT_EQ(Refused({""}), "no model is given");
-    EXPECT_EQ(Refused({"a.vlk", "b.vlk"}), "one model at a time: \"b.vlk\" is one too many");
+    EXPECT_EQ(Refused({"a.vlk", ""}), "no model is given");
     EXPECT_EQ(Refused({"a.vlk", "--example", "watts"}),
               "--example stands in place of a model: \"a.vlk\" is one too many");
     EXPECT_EQ(Refused({"--example", "watts", "--example", "cheby"}), "--example is given twice");
@@ -92,6 +102,92 @@ TEST(Options, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"a.vlk", "--csv", "x", "--csv", "y"}), "--csv is given twice");
     EXPECT_EQ(Refused({"a.vlk", "--set", "L2"}), "--set wants FIELD=VALUE, not \"L2\"");
     EXPECT_EQ(Refused({"a.vlk", "--set", "=1"}), "--set wants FIELD=VALUE, not \"=1\"");
+}
+
+TEST(Options, AValueMayStandBehindAnEqualsSign) {
+    const BatchOptions options = Parsed({"--csv=a b.csv", "--set=FigureTitle=a = b", "--set=L2=", "--convert-units=5",
+                                         "--save=-", "--frame=local", "--fft=Accel CP:Mag", "m.vlk"});
+    EXPECT_EQ(Path(options, "--csv"), "a b.csv");
+    ASSERT_EQ(options.sets.size(), 2u);
+    EXPECT_EQ(options.sets[0], std::pair(std::string("FigureTitle"), std::string("a = b")));
+    EXPECT_EQ(options.sets[1], std::pair(std::string("L2"), std::string("")));
+    EXPECT_EQ(options.convert_units, 5);
+    EXPECT_EQ(options.save, "-");
+    EXPECT_TRUE(options.Local());
+    EXPECT_EQ(options.fft->label, "Accel CP");
+    EXPECT_EQ(Refused({"--csv=", "m.vlk"}), "--csv wants a path");
+    EXPECT_EQ(Refused({"--frame=", "m.vlk"}), "--frame wants global or local, not \"\"");
+    EXPECT_EQ(Refused({"--csv=x", "--csv", "y", "m"}), "--csv is given twice");
+    EXPECT_EQ(Refused({"m", "--dynamics=no"}), "--dynamics takes no value");
+}
+
+TEST(Options, WhatStandsBehindAnOptionIsItsValueWhateverItLooksLike) {
+    const BatchOptions options =
+        Parsed({"m", "--set", "-L2=-1", "--csv", "--svg", "--svg", "-", "--save", "[a,b]", "--drive", "--x=.out"});
+    EXPECT_EQ(options.sets[0], std::pair(std::string("-L2"), std::string("-1")));
+    EXPECT_EQ(Path(options, "--csv"), "--svg");
+    EXPECT_EQ(Path(options, "--svg"), "-");
+    EXPECT_EQ(options.save, "[a,b]");
+    EXPECT_EQ(options.drive, "--x=.out");
+    EXPECT_EQ(Path(Parsed({"m", "--csv", "--save="}), "--csv"), "--save=");
+}
+
+TEST(Options, BehindTwoHyphensStandsTheModel) {
+    EXPECT_EQ(Parsed({"--csv", "t", "--", "--odd.vlk"}).models, std::vector<std::string>{"--odd.vlk"});
+    EXPECT_EQ(Parsed({"--", "--csv="}).models, std::vector<std::string>{"--csv="});
+    EXPECT_EQ(Parsed({"[a]"}).models, std::vector<std::string>{"[a]"});
+    EXPECT_EQ(Parsed({"-"}).models, std::vector<std::string>{"-"});
+    EXPECT_EQ(Refused({"--"}), "no model is given");
+    EXPECT_EQ(Refused({"-1"}), "there is no option -1");
+}
+
+TEST(Options, AWrongOptionNamesTheNearestRightOne) {
+    const std::pair<const char*, const char*> meant[] = {{"--cvs", "--csv"},
+                                                         {"-csv", "--csv"},
+                                                         {"--cvs=table.csv", "--csv"},
+                                                         {"--clasify", "--classify"},
+                                                         {"--dynamic", "--dynamics"},
+                                                         {"--frames", "--frame"},
+                                                         {"--conv", "--convert-units"},
+                                                         {"--trq", "--export-trq"},
+                                                         {"--ballance-raport", "--balance-report"},
+                                                         {"--exmaple", "--example"},
+                                                         {"--CSV", nullptr},
+                                                         {"--colour", nullptr},
+                                                         {"--nonsense", nullptr}};
+    for (const auto& [wrong, right] : meant) {
+        const std::string name = std::string(wrong).substr(0, std::string(wrong).find('='));
+        EXPECT_EQ(Refused({"m", wrong}),
+                  "there is no option " + name + (right ? "; did you mean " + std::string(right) + "?" : ""));
+    }
+    EXPECT_EQ(Refused({"m", "--export"}),
+              "there is no option --export; did you mean --export-out, --export-trq or --export-pdx?");
+}
+
+TEST(Options, TheFirstFaultIsTheOneThatIsTold) {
+    EXPECT_EQ(Refused({"m", "--frame", "up", "--convert-units", "9"}), "--frame wants global or local, not \"up\"");
+    EXPECT_EQ(Refused({"m", "--convert-units", "9", "--frame", "up"}),
+              "--convert-units wants a unit system from 1 to 5, not \"9\"");
+}
+
+TEST(Options, TheHelpHasEveryOptionOnceInAGroup) {
+    const std::string help = Batch_Help();
+    for (const char* group : {"Model:", "Forces:", "Results of a run:", "Functions and frames:", "Saving:"})
+        EXPECT_NE(help.find("\n\n" + std::string(group) + "\n  --"), std::string::npos) << group;
+    int options = 0;
+    for (const OptionRow& row : Option_Rows()) {
+        const std::string head = "\n  " + row.name + (row.value.empty() ? "" : " " + row.value) + " ";
+        const auto at = help.find(head);
+        EXPECT_NE(at, std::string::npos) << head;
+        EXPECT_EQ(help.find(head, at + 1), std::string::npos) << head;
+        ++options;
+    }
+    EXPECT_GT(options, 18);
+    std::size_t longest = 0, from = 0;
+    for (std::size_t end; (end = help.find('\n', from)) != std::string::npos; from = end + 1)
+        longest = std::max(longest, end - from);
+    EXPECT_LE(longest, 90u);
+    EXPECT_TRUE(help.starts_with(Batch_Usage()));
 }
 
 TEST(Options, AFunctionIsALabelAndPerhapsAComponent) {
@@ -121,7 +217,8 @@ TEST(Options, RefusalsOfFramesAndFunctionsNameWhatIsWrong) {
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--fft", "Omega3"}), "--fft is given twice");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--save", "o"}), "--fft where nothing is run goes with --csv");
     EXPECT_EQ(Refused({"m", "--fft", "Omega4", "--classify"}), "--fft where nothing is run goes with --csv");
-    EXPECT_EQ(Refused({"m", "--plot", "Omega4"}), "--plot goes with --svg");
+    EXPECT_EQ(Refused({"m", "--plot", "Omega4"}), "--plot goes with --svg, --picture or --report");
+    EXPECT_TRUE(Parsed({"m", "--plot", "Omega4", "--report", "a.pdf"}).plots.size() == 1);
     EXPECT_EQ(Refused({"m", "--svg", "s", "--plot", "a", "--plot", "b", "--plot", "c", "--plot", "d", "--plot", "e"}),
               "--plot is given more than four times");
 }
@@ -149,9 +246,9 @@ TEST(Options, ImportsAndExportsGoWithWhatUsesThem) {
                                          "c", "--export-trq", "d", "--export-pdx", "e"});
     EXPECT_EQ(options.drive, "a.sva");
     EXPECT_EQ(options.torque, "b.trq");
-    EXPECT_EQ(options.export_out, "c");
-    EXPECT_EQ(options.export_trq, "d");
-    EXPECT_EQ(options.export_pdx, "e");
+    EXPECT_EQ(Path(options, "--export-out"), "c");
+    EXPECT_EQ(Path(options, "--export-trq"), "d");
+    EXPECT_EQ(Path(options, "--export-pdx"), "e");
     EXPECT_TRUE(Parsed({"m", "--classify", "--export-out", "c"}).Run_Wanted());
     EXPECT_FALSE(Parsed({"m", "--save", "o", "--drive", "a.OUT", "--torque", "b"}).Run_Wanted());
     EXPECT_TRUE(Parsed({"m", "--save", "o", "--dynamics", "--export-trq", "d"}).Forces_Wanted());

@@ -147,7 +147,7 @@ TEST_F(Outputs, StandardOutputHasManyNamesAndKeepsWhatIsThere) {
 TEST_F(Outputs, WhatIsPrintedComesBeforeWhatIsToldToGoThereToo) {
     const Outcome outcome = Shell("%B model.vlk --classify --csv -");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "Y,Linkage is Grashof,\n" + Table());
+    EXPECT_EQ(outcome.out, "Grashof_Code,LongText,ToggleDegrees\nY,Linkage is Grashof,\n" + Table());
 }
 
 TEST_F(Outputs, AModelAndADrawingGoToStandardOutputToo) {

@@ -119,6 +119,11 @@ TEST(WhyTest, A_link_just_as_long_as_the_others_closes_nowhere_and_one_a_little_
     EXPECT_FALSE(Too_Long({1, 2, 5.99, 3}));
 }
 
+TEST(WhyTest, No_link_is_too_long_beside_others_whose_sum_no_number_holds) {
+    EXPECT_FALSE(Too_Long({2e38, 2e38, 3e38, 1e38}));
+    EXPECT_EQ(Too_Long({1, 2, 3e38, 3})->link, 3);
+}
+
 TEST(WhyTest, A_link_without_length_is_named_and_has_no_limits) {
     const Links links{7, 0, 5, 4.5};
     EXPECT_EQ(Closing_At(links, 30).is, Is::kNoLength);

@@ -38,13 +38,22 @@ QString Told(QWidget* widget, QAccessible::Text kind) {
     return told ? told->text(kind) : QString();
 }
 
+/// Of a list the toolkit tells what stands in it, behind the label at its side.
+QString Name_Of(QWidget* widget) {
+    const QString name = Told(widget, QAccessible::Name);
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
+    if (!told || told->role() != QAccessible::ComboBox) return name;
+    const auto labels = told->relations(QAccessible::Label);
+    return labels.empty() ? name : labels.front().first->text(QAccessible::Name) + QStringLiteral(": ") + name;
+}
+
 TEST_F(AccessTest, Whoever_does_not_see_the_screen_is_told_a_name_of_its_own_for_every_control) {
     ForEach([](Screen& screen, desktop::Form& form) {
         std::map<QString, std::string> taken;
         for (Control* control : screen.Controls()) {
             auto* widget = qobject_cast<QWidget*>(form.objectOf(*control));
             if (!widget || dynamic_cast<Label*>(control) || dynamic_cast<Frame*>(control)) continue;
-            const QString name = Told(widget, QAccessible::Name);
+            const QString name = Name_Of(widget);
             EXPECT_FALSE(name.trimmed().isEmpty()) << control->ObjectName();
             const auto [other, fresh] = taken.emplace(name, control->ObjectName());
             EXPECT_TRUE(fresh) << "\"" << name.toStdString() << "\" is " << other->second << " and "

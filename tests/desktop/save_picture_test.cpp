@@ -14,6 +14,7 @@
 
 #include "animation/engine.h"
 #include "animation/film.h"
+#include "animation/linkage_dxf.h"
 #include "core/screen_geometry.h"
 #include "desktop/picture_widget.h"
 #include "platform/file_system.h"
@@ -100,7 +101,7 @@ class SavePictureTest : public DesktopTest {
     }
 };
 
-const QStringList kOffered{"Save Picture...", "Copy Picture", "Save Motion..."};
+const QStringList kOffered{"Save Picture...", "Copy Picture", "Save Motion...", "Save Drawing..."};
 
 }  // namespace
 
@@ -114,6 +115,14 @@ TEST_F(SavePictureTest, The_menu_comes_by_a_right_click_and_by_the_menu_key_from
         EXPECT_EQ(By_Key(Find<QWidget>(window, "cmd_Step"), -1), kOffered);
         EXPECT_TRUE(Seen() == before);
         EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(SavePictureTest, The_drawing_of_the_mechanism_is_saved_by_the_menu_of_its_picture) {
+    Animate([this](QWidget& window) {
+        Then_Save(QStringLiteral("Save drawing"), 0, "run.dxf");
+        By_Mouse(window, 3);
+        EXPECT_EQ(Saved("run.dxf"), Linkage_Dxf(Model, 0));
     });
 }
 

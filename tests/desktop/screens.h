@@ -9,11 +9,12 @@
 namespace verlink::test {
 
 inline constexpr const char* kScreens[] = {
-    "frm_About",       "frm_Animate",     "frm_Balance",  "frm_Cayley",    "frm_FFT",         "frm_Help",
-    "frm_HomeScreen",  "frm_Inputnew",    "frm_MassProp", "frm_Matrix",    "frm_MyPlot3",     "frm_MyPlot4",
-    "frm_Myplot2",     "frm_Plot1",       "frm_Plot2",    "frm_Plot3",     "frm_PlotSelect1", "frm_PlotSelect2",
-    "frm_PlotSelect3", "frm_PlotSelect4", "frm_PlotType", "frm_PrintData", "frm_PrintSelect", "frm_Quit",
-    "frm_Synth2A",     "frm_Synth2B",     "frm_Synth3",   "frm_Title",     "frm_User"};
+    "frm_About",       "frm_Animate",     "frm_Balance",     "frm_Cayley",      "frm_Checks",   "frm_Explore",
+    "frm_FFT",         "frm_Help",        "frm_HomeScreen",  "frm_Inputnew",    "frm_MassProp", "frm_Matrix",
+    "frm_MyPlot3",     "frm_MyPlot4",     "frm_Myplot2",     "frm_Plot1",       "frm_Plot2",    "frm_Plot3",
+    "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4", "frm_PlotType", "frm_PrintData",
+    "frm_PrintSelect", "frm_Quit",        "frm_Report",      "frm_Studies",     "frm_Synth2A",  "frm_Synth2B",
+    "frm_Synth3",      "frm_Title",       "frm_User"};
 
 class ScreensTest : public DesktopTest {
    protected:

@@ -143,7 +143,7 @@ TEST_F(ReaderTest, The_contents_lead_to_a_heading) {
         const int entry = contents.findText(QStringLiteral("Methods"));
         ASSERT_GT(entry, 0);
         screen.cmb_Contents.Choose(entry);
-        const auto* heading = Pages().places().heading(QStringLiteral("methods"));
+        const auto* heading = Pages().places().place(QStringLiteral("methods"));
         ASSERT_NE(heading, nullptr);
         const double point = PixelsPerPoint();
         EXPECT_NEAR(Pages().verticalScrollBar()->value(), Pages().pageArea(heading->page).top() + heading->top * point,

@@ -83,9 +83,9 @@ TEST_F(SeriesTest, AFunctionKnowsWhatItNeedsAndItsUnit) {
     EXPECT_EQ(Needs_Of({"Flywl Torque", "", false}), Needs::kBalance);
     EXPECT_EQ(Words_Of({"Veloc CP", "Ang", true}), "Veloc CP Ang local");
     EXPECT_EQ(Words_Of({"Omega4", "Mag", true}), "Omega4");
-    EXPECT_EQ(Unit_Of({"Veloc CP", "Ang", false}, Model), "Deg");
+    EXPECT_EQ(Unit_Of({"Veloc CP", "Ang", false}, Model), "degrees");
     EXPECT_EQ(Unit_Of({"Veloc CP", "X", false}, Model), Model.UnitLabel(4));
-    EXPECT_EQ(Unit_Of({"Flywl Torque", "Ang", false}, Model), Model.UnitLabel(18));
+    EXPECT_EQ(Unit_Of({"Flywl Torque", "Ang", false}, Model), Model.UnitLabel(9));
 }
 
 TEST_F(SeriesTest, ARunByAngleHasItsAnglesInTheirOrderAndTimesByItsSpeed) {

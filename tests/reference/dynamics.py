@@ -228,9 +228,7 @@ def results(row):
         line += [digits(f.t12), digits(-links[1].moment + on3.torque + cross(on3.arm, on3.force)),
                  digits(-link4.moment + on4.moment()), digits(cross(arm, f.f14) - f.t12)]
         for link in links:
-            # In centimetres and millimetres the velocity of A is added as it is shown.
-            pivot = (link.velocity - link.relative) * shown
-            velocity = (link.relative + pivot) * shown
+            velocity = shown * link.velocity
             line += [digits(velocity.real), digits(velocity.imag)]
             line += [digits(shown * link.acceleration.real), digits(shown * link.acceleration.imag)]
         for vector in (balance.f12, balance.f14):

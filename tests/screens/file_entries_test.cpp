@@ -7,6 +7,7 @@
 #include "core/results.h"
 #include "core/screen_geometry.h"
 #include "core/status_panel.h"
+#include "design/task.h"
 #include "files/exports.h"
 #include "files/in_hand.h"
 #include "files/recent_files.h"
@@ -179,6 +180,34 @@ TEST_F(FilesTest, ADroppedTableOfTorquesIsImportedOnTheDynamicsScreen) {
             Press(screen, "cmd_Cancel");
         });
         home.OnDrop(Path("a.trq"));
+    });
+}
+
+TEST_F(FilesTest, DroppedTasksComeToTheModelInHandAndAreShown) {
+    design::Task task;
+    task.positions = {{{1, 2}, 10}, {{3, 4.5}, 40}};
+    Put_File(Path("lid.vld"), design::Task_Text(task));
+    At_Home([&] {
+        Take_Saved_Run();
+        Model.StudySettings = "{}\n";
+        desktop.Expect_Screen("frm_Explore", [&](Screen& screen) {
+            EXPECT_EQ(screen.Text("txt_Y", 2).Text.Get(), "4.5");
+            Press(screen, "cmd_Cancel");
+        });
+        home.OnDrop(Path("lid.vld"));
+        EXPECT_EQ(Model.DesignTask, design::Task_Text(task));
+        EXPECT_EQ(Model.StudySettings, "{}\n") << "the file has none";
+        EXPECT_TRUE(Model.Calculated);
+    });
+}
+
+TEST_F(FilesTest, DroppedTasksThatCannotBeReadAreToldAndChangeNothing) {
+    Put_File(Path("lid.vld"), "{");
+    At_Home([&] {
+        desktop.Expect_Message("The tasks in " + Path("lid.vld") + " cannot be read: it is no JSON.", Answer::kOk,
+                               Icon::kExclamation);
+        home.OnDrop(Path("lid.vld"));
+        EXPECT_EQ(Model.DesignTask, "");
     });
 }
 

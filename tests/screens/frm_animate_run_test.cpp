@@ -50,6 +50,20 @@ TEST_F(AnimateRun, RunPlaysOneFrameForEachPosition) {
     });
 }
 
+TEST_F(AnimateRun, ARunOfNoCyclesShowsTheFirstPosition) {
+    After_First_Picture([&] {
+        Type(form, "txt_Cycles", platform::kNoIndex, "0");
+        form.hsc_step.Drag(20);
+        form.hsc_step.Drop();
+        ASSERT_EQ(Number(), "200.0");
+        desktop.Pauses.clear();
+        Press(form, "cmd_Animate");
+        EXPECT_TRUE(desktop.Pauses.empty());
+        EXPECT_EQ(form.hsc_step.Value(), 0);
+        EXPECT_EQ(Number(), "0.0");
+    });
+}
+
 TEST_F(AnimateRun, AStoppedRunLeavesTheScreenAsAtItsEndAndStepGoesOnFromThere) {
     EXPECT_EQ(form.StopButton, &form.cmd_Reset);
     After_First_Picture([&] {

@@ -143,6 +143,14 @@ TEST_F(Synth3, SpecifiedPivotsGiveTheTurns) {
     Expect_Ways_On(form, true);
 }
 
+TEST_F(Synth3, TheWayThroughThePositionsIsToldBesideTheReport) {
+    Specify();
+    Calculate(form);
+    EXPECT_EQ(Caption(form, "lbl_Reach"),
+              "The linkage reaches all positions on the open circuit, in the order 1, 2, 3 as the crank turns "
+              "counterclockwise.");
+}
+
 TEST_F(Synth3, LengthsAreShownInTheUnitAndStoredInMetres) {
     Use_Units(5);
     Model.P1x = 0.05;

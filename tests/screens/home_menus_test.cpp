@@ -66,6 +66,7 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "&Cognates\n  Cognate &1\n  Cognate &2\n  Cognate &3\n  Cayley &Diagram\n"
         "&Synthesis\n  T&wo Position\n    Assume Three &Angles\n    Assume Mag and Angle of &Vector\n"
         "  T&hree Position\n    with &Unspecified Fixed Pivots\n    with &Specified Fixed Pivots\n"
+        "  \n  &Explore...\n"
         "&FFT\n  &Calculate FFT\n"
         "&User\n  User Name\n  File Path\n  Application Path\n  Change Project/File Name\n"
         "Screen Size\n  Standard\n  Maximize\n  Aspect Ratio\n"
@@ -73,10 +74,13 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "    Units\n    Examples\n    Cognates\n    Synthesis\n    FFT\n"
         "  Buttons\n    Input\n      Linkage Data\n      Calculation\n    Animate\n    Plot\n    Print\n"
         "    Dynamics\n    Balance\n  General\n    User Manual\n    Video Tutorial\n  \n  Files and Undoing\n"
-        "  Under the Hand\n"
+        "  Under the Hand\n  Checks\n  Report\n  Studies\n  Explore\n"
+        "  Reference\n    Conventions\n    Theory\n    Verification\n    Messages\n    Keyboard\n"
+        "    Without a Screen\n    Glossary\n    Quick Reference\n"
         "&About\n  &About Verlink\n"
         "View\n  Poles I13 and I24\n  Velocities\n  Accelerations\n  Pin Forces\n  Shaking Force\n  Curvature at P\n"
-        "  Grid\n  Names of Joints\n  Ghosts at Both Ends\n");
+        "  Grid\n  Names of Joints\n  Ghosts at Both Ends\n  \n  Save Drawing...\n"
+        "&Tools\n  &Checks...\n  &Report...\n  &Studies...\n");
 }
 
 TEST_F(HomeMenusTest, ButtonsAreCaptionedAsDesigned) {

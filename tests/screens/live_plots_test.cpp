@@ -6,88 +6,15 @@
 #include "core/linkage_door.h"
 #include "core/text.h"
 #include "dynamics/balancing.h"
-#include "dynamics/dynacalc.h"
 #include "dynamics/units.h"
 #include "output/catalogue.h"
 #include "platform/deed.h"
 #include "platform/settings.h"
 #include "screens/frm_plotselect1.h"
-#include "tests/screens/frm_animate_fixture.h"
+#include "tests/screens/live_plots_fixture.h"
 
 namespace verlink::test {
 namespace {
-
-using platform::Graph;
-using platform::The_Settings;
-
-constexpr char kNoRun[] = "Nothing is calculated for this linkage as it stands.";
-constexpr char kVelocityPreset[] = "Velocity of Coupler Point  -  X, Y, Mag, Ang Coordinates";
-constexpr char kForcePreset[] = "Force of Link 1 on 2  -  X, Y, Mag, Ang Coordinates";
-
-class LivePlots : public AnimateScreen {
-   protected:
-    LivePlots() {
-        The_Settings().Open(Path("config"));
-        Load_Catalogue();
-    }
-    ~LivePlots() override { The_Settings().Open(""); }
-
-    /// The pane is open and shows that function in slot 1 alone.
-    void Watching(const std::string& variable, const std::string& component, const std::function<void()>& user) {
-        After_First_Picture([&] {
-            Open();
-            Pick(form.live.Slots[0]->cmb_LiveVar, variable);
-            if (!component.empty()) Pick(form.live.Slots[0]->cmb_LiveCom, component);
-            user();
-        });
-    }
-    void Open() { Pick_Menu(form, "mnu_ViewLive"); }
-    static void Pick(platform::ComboBox& box, const std::string& item) {
-        const auto found = std::find(box.Items().begin(), box.Items().end(), item);
-        ASSERT_NE(found, box.Items().end()) << item;
-        box.Choose(static_cast<int>(found - box.Items().begin()));
-    }
-    Graph& Own(int slot) { return form.live.grf_Live[slot]; }
-    static const std::vector<double>& Values(const Graph& graph, int set = 0) {
-        return graph.Sets().at(static_cast<std::size_t>(set)).values;
-    }
-    double At_Cursor(int slot = 1) {
-        const int point = Own(slot).Cursor;
-        return point < 1 ? NAN : Values(Own(slot)).at(static_cast<std::size_t>(point - 1));
-    }
-    std::string Note() { return form.live.lbl_LiveNote.Caption; }
-    bool All_Empty() {
-        for (const auto& graph : form.live.grf_Live)
-            if (graph->Visible || graph->NumPoints() > 0 || graph->Cursor != 0) return false;
-        return true;
-    }
-    void Drag(double x, double y) { form.Picture1.OnMouseMove(1, 1, x, Model.FlipSum - y); }
-    void Give_Masses() {
-        for (int link = 2; link <= 4; ++link) {
-            Model.LinkMass(link) = 0.1 * link;
-            Model.LinkInertia(link) = 0.05 * link;
-            Model.CG(link, 0) = 0.5;
-            Model.CG(link, 1) = 0.3;
-        }
-        ASSERT_TRUE(Solve_Forces(Model));
-    }
-    /// Velocity of the coupler point in the global frame, by the angle and speed of the links that carry it.
-    static double Velocity_X(int step) {
-        const double to_shown = Shown_Factor(), k = M_PI / 180;
-        const double theta2 = Model.RunTable.Theta(step, 0) * k, theta3 = Model.RunTable.Theta(step, 1) * k;
-        return to_shown * (-Model.L2 * Model.RunTable.Omega(step, 0) * std::sin(theta2) -
-                           Model.Rpa * Model.RunTable.Omega(step, 1) * std::sin(theta3 + Model.DeltaRad));
-    }
-    static double Velocity_Y(int step) {
-        const double to_shown = Shown_Factor(), k = M_PI / 180;
-        const double theta2 = Model.RunTable.Theta(step, 0) * k, theta3 = Model.RunTable.Theta(step, 1) * k;
-        return to_shown * (Model.L2 * Model.RunTable.Omega(step, 0) * std::cos(theta2) +
-                           Model.Rpa * Model.RunTable.Omega(step, 1) * std::cos(theta3 + Model.DeltaRad));
-    }
-    static void Expect_Near(double found, double expected) {
-        EXPECT_NEAR(found, expected, 2e-5 * std::max(1.0, std::abs(expected)));
-    }
-};
 
 TEST_F(LivePlots, ThePaneIsClosedUntilTheMenuOpensIt) {
     After_First_Picture([&] {
@@ -152,7 +79,7 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
             EXPECT_EQ(Own(slot).Labelled, slot == 4);
         }
         EXPECT_EQ(Own(1).Sets()[0].legend, "Veloc CP X  " + Model.UnitLabel(4));
-        EXPECT_EQ(Own(4).Sets()[0].legend, "Veloc CP Ang  Deg");
+        EXPECT_EQ(Own(4).Sets()[0].legend, "Veloc CP Ang  degrees");
         EXPECT_EQ(Own(4).BottomTitle, "Crank Angle (Deg)");
         EXPECT_EQ(Own(4).Labels()[9], "90.");
         for (int step = 0; step <= 36; ++step) {
@@ -414,146 +341,6 @@ TEST_F(LivePlots, ARunByTimeStandsAtItsCrankAngles) {
         EXPECT_EQ(Own(1).Labels()[20], "1.000");
         Press(form, "cmd_Step");
         EXPECT_EQ(Own(1).Cursor, 2);
-    });
-}
-
-TEST_F(LivePlots, ForcesAreSolvedAnewWhileAJointIsDragged) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Open();
-        Pick(form.live.cmb_LivePreset, kForcePreset);
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        for (const double length : {1.0, 0.8}) {
-            Drag(length, 0);
-            EXPECT_TRUE(Model.DynamicsDone);
-            EXPECT_EQ(Note(), "");
-            const auto shown = std::make_unique<RunResults>(Model.RunTable);
-            ASSERT_TRUE(Solve_Forces(Model));
-            for (int step = 0; step <= 36; ++step) {
-                const auto at = static_cast<std::size_t>(step);
-                for (const int axis : {0, 1})
-                    EXPECT_EQ(shown->PinForce(step, 5, axis), Model.RunTable.PinForce(step, 5, axis));
-                const double x = Model.RunTable.PinForce(step, 5, 0), y = Model.RunTable.PinForce(step, 5, 1);
-                EXPECT_NEAR(Values(Own(1))[at], x, 1e-4) << step;
-                EXPECT_NEAR(Values(Own(2))[at], y, 1e-4) << step;
-                EXPECT_NEAR(Values(Own(3))[at], std::hypot(x, y), 1e-3 + 1e-6 * std::hypot(x, y)) << step;
-            }
-        }
-    });
-}
-
-TEST_F(LivePlots, ForcesThatThePaneDoesNotShowFallWithTheRun) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        Open();
-        Pick(form.live.cmb_LivePreset, kVelocityPreset);
-        Drag(1, 0);
-        EXPECT_FALSE(Model.DynamicsDone);
-        Give_Masses();
-        Pick(form.live.cmb_LivePreset, kVelocityPreset);
-        Open();
-        Drag(0.9, 0);
-        EXPECT_FALSE(Model.DynamicsDone);
-    });
-}
-
-TEST_F(LivePlots, ForcesThatWereNotSolvedAreNotSolvedByADrag) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Open();
-        Pick(form.live.cmb_LivePreset, kForcePreset);
-        Open();
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        Drag(1, 0);
-        ASSERT_FALSE(Model.DynamicsDone);
-        Open();
-        EXPECT_EQ(Note(), "The forces of this linkage are not solved.");
-        EXPECT_TRUE(All_Empty());
-        Drag(0.9, 0);
-        EXPECT_FALSE(Model.DynamicsDone);
-        EXPECT_TRUE(All_Empty());
-    });
-}
-
-TEST_F(LivePlots, ATypedLengthHasItsForcesSolvedAnewToo) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Open();
-        Pick(form.live.cmb_LivePreset, kForcePreset);
-        Type(form, "txt_Linkout", 1, "0.8");
-        form.txt_Linkout[2].SetFocus();
-        EXPECT_TRUE(All_Empty());
-        Press(form, "cmd_Recalc");
-        EXPECT_TRUE(Model.DynamicsDone);
-        EXPECT_NEAR(Values(Own(1))[4], Model.RunTable.PinForce(4, 5, 0), 1e-4);
-    });
-}
-
-TEST_F(LivePlots, ForcesThatCannotBeSolvedAreToldAndNothingStaleIsShown) {
-    Model.L4 = 2;
-    Derive_Linkage(Leading::kInForce);
-    By_Angle(0, 360, 10);
-    After_First_Picture([&] {
-        Give_Masses();
-        // Mass centres upon the pins leave nothing to hold links that lie in line.
-        for (int link = 2; link <= 4; ++link) Model.CG(link, 0) = 0;
-        ASSERT_TRUE(Solve_Forces(Model));
-        Open();
-        Pick(form.live.cmb_LivePreset, kForcePreset);
-        Pick(form.live.Slots[3]->cmb_LiveVar, "Omega4");
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        form.hsc_step.Drag(9);
-        form.hsc_step.Drop();
-        // The first position does not close with that crank, and counts as all links in line; no message tells of it.
-        Drag(0, 2.5);
-        ASSERT_NEAR(Model.L2, 2.5, 1e-6);
-        ASSERT_TRUE(Model.RunStands);
-        ASSERT_FALSE(Model.RunTable.Assembled(0));
-        EXPECT_FALSE(Model.DynamicsDone);
-        EXPECT_EQ(Note(), "The forces of this linkage cannot be solved at every step of the run.");
-        for (int slot = 1; slot <= 3; ++slot) EXPECT_EQ(Own(slot).NumPoints(), 0);
-        EXPECT_EQ(Own(4).NumPoints(), 37);
-        // The hand goes on, and back where they can.
-        Drag(0, 1);
-        EXPECT_TRUE(Model.DynamicsDone);
-        EXPECT_EQ(Note(), "");
-        EXPECT_EQ(Own(1).NumPoints(), 37);
-    });
-}
-
-TEST_F(LivePlots, AnImportedTorqueFellWithItsRunAndTheForcesWithIt) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Model.TorqueImported = true;
-        for (int step = 0; step <= 36; ++step) Model.RunTable.ImportedTorque(step) = step;
-        ASSERT_TRUE(Solve_Forces(Model));
-        Open();
-        Pick(form.live.cmb_LivePreset, kForcePreset);
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        Drag(1, 0);
-        EXPECT_FALSE(Model.DynamicsDone);
-        EXPECT_EQ(
-            Note(),
-            "The imported torque has a row for each step of the run before; import it again to solve the forces.");
-        EXPECT_TRUE(All_Empty());
-    });
-}
-
-TEST_F(LivePlots, ABalanceFallsWithTheDragAndThePaneSaysSo) {
-    After_First_Picture([&] {
-        Give_Masses();
-        Berkof_Setup(Model);
-        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
-        Balance_Holds();
-        Open();
-        Pick(form.live.cmb_LivePreset, "Shaking Force - Balanced   -  X, Y, Mag, Ang Coordinates");
-        EXPECT_EQ(Note(), "");
-        EXPECT_EQ(Own(3).NumPoints(), 37);
-        Choose_Option(form, "opt_Shift_Drag", 1);
-        Drag(1, 0);
-        EXPECT_EQ(Note(), "The balance of this linkage is not calculated.");
-        EXPECT_TRUE(All_Empty());
     });
 }
 

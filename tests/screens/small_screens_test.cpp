@@ -229,7 +229,7 @@ TEST_F(SmallScreensTest, EveryHelpEntryOpensItsDocument) {
         });
         entry->Click();
     }
-    EXPECT_EQ(entries, 20);
+    EXPECT_EQ(entries, 32);
 }
 
 TEST_F(SmallScreensTest, DocumentsOfTheManualLieWhereTheyWereSettled) {

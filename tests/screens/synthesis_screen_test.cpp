@@ -1,6 +1,7 @@
 // What all synthesis screens do alike: results come and go, and the ways out.
 #include "screens/synthesis_screen.h"
 
+#include "checks/positions.h"
 #include "tests/screens/synthesis_screens_fixture.h"
 
 namespace verlink::test {
@@ -57,6 +58,19 @@ TEST_F(SynthesisScreens, AnyChangeOfABoxTakesTheResultsBack) {
             Expect_Ways_On(form, false);
             Type(form, box->Name(), box->Index(), text);
         }
+    });
+}
+
+TEST_F(SynthesisScreens, SayAtOnceWhichPositionsAreReachedUntilABoxIsEdited) {
+    For_Each([this](Synthesis_Screen& form) {
+        form.Form_Activate();
+        EXPECT_FALSE(form.lbl_Reach.Visible);
+        Calculate(form);
+        EXPECT_TRUE(form.lbl_Reach.Visible);
+        EXPECT_EQ(Caption(form, "lbl_Reach"),
+                  "The linkage " + Words_Of_Positions(Model, Positions_Reached(Model)) + ".");
+        Type(form, "txt_P21x", platform::kNoIndex, "1");
+        EXPECT_FALSE(form.lbl_Reach.Visible);
     });
 }
 

@@ -18,11 +18,11 @@ using std::chrono::steady_clock;
 using std::chrono::system_clock;
 
 Model_Copy Some_Copy(const std::string& content) {
-    return {"/models/press.vlk", "press", content, system_clock::time_point(1763780000123ms)};
+    return {"/models/press.vlk", "press", content, "{}\n", system_clock::time_point(1763780000123ms)};
 }
 
 Model_To_Copy Some_Model(const std::string& head) {
-    return {"/models/press.vlk", "press", {head, {}, {}}, system_clock::time_point(1763780000123ms)};
+    return {"/models/press.vlk", "press", {head, {}, {}}, {}, system_clock::time_point(1763780000123ms)};
 }
 
 class CopyTest : public Fixture {
@@ -45,14 +45,26 @@ class CopyTest : public Fixture {
 
 TEST_F(CopyTest, ACopyTellsAgainWhatWasPutIntoIt) {
     for (const std::string path : {"/models/press.vlk", "", "/a \"b\",c%41/\xc3\xa4\n.vlk", "/ends in/"}) {
-        const Model_Copy copy{path, "a\r\nname", "\"VERLINK\"\r\nsize 3\nand more", system_clock::time_point(17637ms)};
+        const Model_Copy copy{path, "a\r\nname", "\"VERLINK\"\r\nsize 3\nand more", "{\n}\n",
+                              system_clock::time_point(17637ms)};
         const auto back = Copy_Of(Copy_Text(copy));
         ASSERT_TRUE(back) << path;
         EXPECT_EQ(back->path, copy.path);
         EXPECT_EQ(back->name, copy.name);
         EXPECT_EQ(back->content, copy.content);
+        EXPECT_EQ(back->tasks, copy.tasks);
         EXPECT_EQ(back->changed, copy.changed);
     }
+}
+
+TEST_F(CopyTest, OneOfAnEarlierProgramHasNoTasks) {
+    std::string text = Copy_Text(Some_Copy("\"VERLINK\"\r\n"));
+    text.erase(text.find("tasks 3\n"), 8);
+    text.resize(text.size() - 3);
+    const auto back = Copy_Of(text);
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->content, "\"VERLINK\"\r\n");
+    EXPECT_EQ(back->tasks, "");
 }
 
 TEST_F(CopyTest, WhatIsNotWholeIsNoCopy) {

@@ -47,6 +47,26 @@ class HistoryTest : public Fixture {
     static std::string Told(Screen& screen) { return screen.Get<Label>("lbl_Model").Caption; }
 };
 
+TEST_F(HistoryTest, A_follower_that_fails_at_the_end_of_a_deed_is_reported_and_the_next_one_is_told) {
+    static bool fails = false;
+    static int told = 0;
+    Steps().Follow([](bool) {
+        if (std::exchange(fails, false)) platform::Raise(platform::kOverflow);
+    });
+    Steps().Follow([](bool) { ++told; });
+    At_Home([&](Screen& home) {
+        On_Input(home, [&](Screen& input) {
+            desktop.Expect_Message_With("Error 6   (Overflow)  has occurred in History");
+            fails = true;
+            told = 0;
+            Type(input, "txt_Linkout", 1, "1.25");
+            EXPECT_GT(told, 0);
+            EXPECT_EQ(input.Get<TextBox>("txt_Linkout", 1).Text, "1.25");
+            Press(input, "cmd_Cancel");
+        });
+    });
+}
+
 TEST_F(HistoryTest, Nothing_is_modified_by_the_start_nor_by_looking) {
     At_Home([&](Screen& home) {
         EXPECT_FALSE(Modified());

@@ -26,6 +26,8 @@ using platform::Icon;
 
 constexpr char kCrash[] = "The program did not shut down properly on its last run.";
 
+const std::string kTask = "{\n  \"format\": \"verlink-design\",\n  \"version\": 1,\n  \"kind\": \"motion\"\n}\n";
+
 class RecoveryTest : public Fixture {
    protected:
     RecoveryTest() {
@@ -61,6 +63,7 @@ class RecoveryTest : public Fixture {
             Model.L2 = crank;
             Model.FilePath = path;
             Model.ModelName = name;
+            Model.DesignTask = kTask;
             Keep_Copy(Model, true);
             while (Kept(".copy") == before) ::usleep(1000);
         });
@@ -84,6 +87,7 @@ TEST_F(RecoveryTest, ACopyThatIsTakenIsTheModelUnsavedWithItsPathAndKeptAnew) {
     EXPECT_EQ(Model.L2, Single(1.03));
     EXPECT_EQ(Model.FilePath, "/models/press.vlk");
     EXPECT_EQ(Model.ModelName, "press");
+    EXPECT_EQ(Model.DesignTask, kTask);
     EXPECT_FALSE(Model.SavedFlag);
     EXPECT_EQ(Kept(".copy"), 1U);
     EXPECT_TRUE(platform::File_Exists(Copy_File(Folder(), platform::This_Process())));
@@ -225,7 +229,7 @@ TEST_F(RecoveryTest, ACopyThatIsNoModelIsToldAndStays) {
     platform::Process dead = platform::This_Process();
     dead.start -= 1;
     platform::Write_File(Copy_File(Folder(), dead), Copy_Text({"/models/press.vlk", "press", "\"OTHER\"\r\n\"1\"\r\n",
-                                                               std::chrono::system_clock::now()}));
+                                                               "", std::chrono::system_clock::now()}));
     const double before = Model.L2;
     Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
     desktop.Expect_Message("This data file is not compatible with VERLINK. ");

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "dynamics/units.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "shell/initialize.h"
@@ -107,6 +108,36 @@ TEST_F(UserTest, AFileNameWithBlanksOnTheCommandLineIsTakenWhole) {
     EXPECT_EQ(Model.FilePath, std::filesystem::canonical(path).string());
     EXPECT_EQ(Model.ModelName, "my crank press");
     EXPECT_EQ(desktop.PointerNow, platform::Pointer::kDefault);
+}
+
+TEST_F(UserTest, TasksOnTheCommandLineBringTheModelThatTheyLieBeside) {
+    const std::string tasks = "{\n  \"format\": \"verlink-design\",\n  \"version\": 1,\n  \"kind\": \"motion\"\n}\n";
+    platform::Write_File(Path("press.vld"), tasks);
+    Initialize();
+    Model.CommandLine = Path("press.vld");
+    Open_Clicked_File();
+    EXPECT_EQ(Model.DesignTask, tasks);
+    EXPECT_EQ(Model.ModelName, "Model_1");
+    EXPECT_FALSE(Modified());
+    Leave_Model(Path("press.vlk"), 1.25, 1);
+    Initialize();
+    Model.CommandLine = Path("press.vld");
+    Open_Clicked_File();
+    EXPECT_EQ(Model.L2, 1.25);
+    EXPECT_EQ(Model.ModelName, "press");
+    EXPECT_EQ(Model.DesignTask, tasks);
+    EXPECT_FALSE(Modified());
+}
+
+TEST_F(UserTest, TasksOnTheCommandLineThatCannotBeReadAreTold) {
+    platform::Write_File(Path("press.vld"), "[]");
+    Initialize();
+    Model.CommandLine = Path("press.vld");
+    desktop.Expect_Message("The tasks in " + std::filesystem::canonical(Path("press.vld")).string() +
+                               " cannot be read: it is no file of tasks.",
+                           platform::Answer::kOk, platform::Icon::kExclamation);
+    Open_Clicked_File();
+    EXPECT_EQ(Model.DesignTask, "");
 }
 
 TEST_F(UserTest, APathForWhichTheLongFormFailsIsUsedAsGivenAndItsFailureIsNumber52) {

@@ -145,7 +145,8 @@ void Use_List(Screen& top, const Action& action) {
     auto& list = top.Get<ComboBox>(action.control, action.index);
     list.SetFocus();
     if (action.deed == Deed::kItem && Item_There(top, action)) list.Choose(action.value);
-    if (action.deed == Deed::kWrite) list.Text = action.text;
+    // Letters go where the cursor is, and a box whose text is refused keeps it.
+    if (action.deed == Deed::kWrite && top.Focus() == &list) list.Text = action.text;
     if (action.deed == Deed::kDoubleList && list.Enabled) list.OnDblClick();
 }
 

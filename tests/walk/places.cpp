@@ -32,6 +32,7 @@ Places::Places() {
 
 Places::~Places() {
     std::error_code ignored;
+    fs::current_path(fs::temp_directory_path(), ignored);
     fs::remove_all(folder_, ignored);
 }
 
@@ -39,6 +40,7 @@ void Places::Prepare() const {
     std::error_code ignored;
     fs::remove_all(folder_, ignored);
     fs::create_directories(folder_ + "/a folder.vlk");
+    fs::current_path(folder_);  // a name typed without a folder stays in it, too
     const std::string model = Held(std::string(VERLINK_SAMPLES) + "/crank_rocker.vlk");
     Put_File(folder_ + "/short.vlk", model.substr(0, model.size() / 3));
     Put_File(folder_ + "/word.vlk", With_Line(model, 10, "abc"));

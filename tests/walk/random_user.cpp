@@ -9,6 +9,7 @@
 #include "platform/graph.h"
 #include "platform/guard.h"
 #include "platform/plot_box.h"
+#include "screens/frm_explore.h"
 #include "screens/joint_drag.h"
 #include "tests/walk/hand.h"
 #include "tests/walk/users.h"
@@ -65,7 +66,18 @@ constexpr Preference kPreferences[] = {
     {"frm_HomeScreen", "mnu_Unspec", 2},
     {"frm_HomeScreen", "mnu_Spec", 2},
     {"frm_HomeScreen", "mnu_Twopos", 2},
+    {"frm_Synth", "cmd_Explore", 2},
+    {"frm_Explore", "cmd_Choices", 3},
     {"frm_HomeScreen", "mnu_Cayley", 2},
+    {"frm_HomeScreen", "mnu_Checks", 2},
+    {"frm_HomeScreen", "mnu_Report", 2},
+    {"frm_HomeScreen", "mnu_Studies", 3},
+    {"frm_Studies", "cmd_Start", 4},
+    {"frm_Studies", "cmd_Take", 3},
+    {"frm_HomeScreen", "mnu_Explore", 3},
+    {"frm_Explore", "txt_", 2},
+    {"frm_Explore", "pic_Map", 2},
+    {"frm_Explore", "cmd_Cancel", 0.5},
     {"frm_Quit", "cmd_YesQuit", 0.05},
     {"frm_Title", "cmd_Start", 3},
     {"frm_Animate", "cmd_Animate", 1.5},
@@ -122,6 +134,10 @@ bool May_Look(const Screen& top, const Action& action) {
                                     "mnu_ChangeUser",
                                     "mnu_About",
                                     "mnu_Cayley",
+                                    "mnu_Checks",
+                                    "mnu_Report",
+                                    "mnu_Studies",
+                                    "mnu_Explore",
                                     "mnu_New",
                                     "mnu_ViewPoles",
                                     "mnu_ViewVelocities",
@@ -134,7 +150,10 @@ bool May_Look(const Screen& top, const Action& action) {
                                     "mnu_ViewGhosts",
                                     "mnu_SavePicture",
                                     "mnu_CopyPicture",
-                                    "mnu_SaveMotion"})
+                                    "mnu_SaveMotion",
+                                    "mnu_SaveDrawing",
+                                    "mnu_SaveTable",
+                                    "mnu_CopyTable"})
             if (name.starts_with(looking)) return true;
     }
     if (action.deed == Deed::kHover || action.deed == Deed::kGlass) return true;
@@ -150,7 +169,7 @@ bool May_Look(const Screen& top, const Action& action) {
 }
 
 std::string Extension_Of(const FileDialog& dialog) {
-    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx", ".gif", ".png"})
+    for (const char* extension : {".sva", ".out", ".trq", ".dat", ".pdx", ".gif", ".png", ".dxf", ".xlsx"})
         if (dialog.filter.find(extension) != std::string::npos) return extension;
     return ".vlk";
 }
@@ -231,7 +250,8 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
     }
     if (dynamic_cast<Shortcut*>(&control)) {
         // The help of a screen is no step of its work.
-        choices.push_back({Keys(screen, name), name == "key_Help" ? 0.04 : 0.7});
+        if (const Action keys = Keys(screen, name); Possible(top, keys))
+            choices.push_back({keys, name == "key_Help" ? 0.04 : 0.7});
         return;
     }
     auto* visual = dynamic_cast<Visual*>(&control);
@@ -288,6 +308,14 @@ void Random_User::Add_Picture(Choices& choices, const Screen& top, const Picture
 }
 
 std::pair<double, double> Random_User::Somewhere(const PictureBox& box) {
+    if (const auto* explore = dynamic_cast<const frm_Explore*>(&box.Owner()); explore && Chance(0.7)) {
+        // Where a body is put down, which can be taken, or a dot of the map.
+        const std::vector<design::Place> places = design::Absolute_Positions(explore->The_Task());
+        const auto place = places[static_cast<std::size_t>(Below(static_cast<int>(places.size())))].at;
+        const Picture& drawing = box.Drawing();
+        return {box.Through.Get().Seen_Across((place.real() - drawing.Left()) / (drawing.Right() - drawing.Left())),
+                box.Through.Get().Seen_Down((place.imag() - drawing.Top()) / (drawing.Bottom() - drawing.Top()))};
+    }
     const Joint joint = kJoints[Below(4)];
     const auto* bar = box.Owner().FindAs<ScrollBar>("hsc_step");
     const auto place = bar && Model.RunStands ? Place_Of(joint, Model, bar->Value()) : std::nullopt;
@@ -345,6 +373,10 @@ std::string Random_User::Text_For(const Screen& top, const std::string& box, int
     if (box == "cmb_Harmonics") return Any<std::string>({"3", "0", "-2", "8", "abc", "", "18", "200", "3500"});
     if (box.starts_with("cmb_Var")) return Any<std::string>({"Omega4", "omega4", "", "nonsense", "Theta3"});
     if (box.starts_with("cmb_Com")) return Any<std::string>({"X", "x", "Mag", "", "Z"});
+    if (box == "txt_Area")
+        return Any<std::string>({"anywhere", "0 0 to 4 3", "-4 -4 to 8 8", "at 1 2", "at 0 0, 3 1", "here", "1 2 3", "",
+                                 "at 1e9 0", "8 8 to -4 -4"});
+    if (box == "txt_Least") return Any<std::string>({"0", "30", "60", "91", "nan", ""});
     if (Chance(0.12)) return Any(kNasty);
     if (box == "txt_initial") return Limit(index);
     if (box == "txt_Thetazero") return Any<std::string>({"0", "30", "60", "90", "-20", "400"});

@@ -118,6 +118,8 @@ void Add_Rest(Words& words) {
         for (int item = 1; item <= 6; ++item)
             words.emplace_back("Cognates(" + std::to_string(cognate) + "," + std::to_string(item) + ")",
                                Word(Single(Model.Cognates(cognate, item))));
+    add("DesignTask", Model.DesignTask);
+    add("StudySettings", Model.StudySettings);
     words.emplace_back("UnitLabel(6)", Word(Model.UnitLabel(6)));
 }
 

@@ -61,6 +61,9 @@ Found Screen_Shows_The_Record(const platform::Screen& top, const Pending& pendin
 bool Is_Read_Back(const platform::Screen& top);
 Found Reading_Back_Changes_Nothing(const Aside& aside, platform::Screen& top, const Pending& pending);
 
+// The rule of studies: rules_studies.cpp.
+Found Studies_Are_Of_The_Model(platform::Screen& top, const Pending& pending);
+
 // Rules of files: rules_files.cpp.
 Found Saved_And_Opened_Is_The_Same(const Aside& aside);
 
@@ -90,6 +93,10 @@ Found A_Kill_Would_Lose_Nothing();
 /// What the pane shows is of the run as it stands, and its cursor within it.
 Found Live_Plots_Are_Of_The_Run(const platform::Screen& top);
 
+// The rule of checks: rules_checks.cpp.
+/// No check of results that count fails, but for positions that a synthesis was asked for.
+Found Results_Pass_Their_Checks(const platform::Screen& top);
+
 // Rules of what is told and drawn: rules_telling.cpp.
 /// The messages of one action with their answers, in their order.
 struct Told {
@@ -102,7 +109,16 @@ Found Drawn_Is_Finite(const platform::Screen& top);
 /// What the line under a picture says of a position is so of the linkage as it stands.
 Found Quiet_Line_Is_Of_The_Model(const platform::Screen& top);
 
+// The rules of linkages for a task: rules_explore.cpp.
+/// The screen has the task of the model, and each linkage that it shows as one that does it is followed through all
+/// positions by formulas that share nothing with those that found it.
+Found Explored_Linkages_Do_It(const platform::Screen& top);
+/// Actions there that change nothing of the model.
+bool Only_Looks(const platform::Screen& top, const Action& action);
+
 // The rule of the menu View: rules_view.cpp.
 Found What_Lies_Over_It_Is_Of_The_Model(const platform::Screen& top);
+/// What is marked as a position that the run passes lies on the path of the coupler point in the table.
+Found Marked_Positions_Are_Passed();
 
 }  // namespace verlink::walk

@@ -226,7 +226,10 @@ Found Check_Box(const Screen& top, const Shown& shown, const Pending& pending) {
         text = list->Text;
     }
     if (!control || !control->Visible) return {};
-    if (pending.In_Hand(*control) || (shown.may_wait && pending.Typed(*control))) return {};
+    // Free choices are typed by the screen that they come from.
+    const auto* typed = dynamic_cast<const TextBox*>(control);
+    const bool waits = pending.Typed(*control) || (typed && typed->Touched());
+    if (pending.In_Hand(*control) || (shown.may_wait && waits)) return {};
     const double allowed = shown.rounding * 1.0001 + 2e-6 * std::abs(shown.value) + 1e-30;
     bool beyond = false;
     for (const std::string& way : {text, Ungrouped(text)}) {

@@ -9,6 +9,8 @@
 #include "platform/graph.h"
 #include "platform/overlaid_picture.h"
 #include "platform/process.h"
+#include "screens/frm_explore.h"
+#include "screens/frm_studies.h"
 #include "shell/copy.h"
 #include "shell/run_log.h"
 #include "tests/walk/walk_fixture.h"
@@ -166,6 +168,31 @@ TEST(WalkRules, Live_plots_of_another_run) {
               "live plots");
 }
 
+TEST(WalkRules, Studies_that_are_not_of_the_model) {
+    const std::vector<Action> studies = Then(kAtHome, {Pick("frm_HomeScreen", "mnu_Studies")});
+    const Action stay = Go("frm_Studies", "txt_Count", 1);
+    const auto solved = [](Screen& screen) -> frm_Studies& {
+        auto& form = dynamic_cast<frm_Studies&>(screen);
+        form.cmd_Start_Click();
+        while (form.Timer1.Enabled) form.Timer1.Tick();
+        return form;
+    };
+    EXPECT_EQ(Broken_Rule(
+                  studies, [&](Screen& screen) { solved(screen); }, stay),
+              "");
+    EXPECT_EQ(Broken_Rule(
+                  studies, [](Screen& screen) { screen.Text("txt_From", 1).Text = "5"; }, stay),
+              "studies");
+    EXPECT_EQ(Broken_Rule(
+                  studies,
+                  [&](Screen& screen) {
+                      solved(screen);
+                      Model.Link1X = 1.1 * Model.Link1X;
+                  },
+                  stay),
+              "studies");
+}
+
 TEST(WalkRules, Something_that_a_kill_would_lose) {
     const std::vector<Action> modified =
         Then(kCalculated, {Type("frm_Inputnew", "txt_Linkout", 1, "1.4"), Press("frm_Inputnew", "cmd_Calc")});
@@ -209,6 +236,44 @@ TEST(WalkRules, A_quiet_line_about_another_position) {
             kCalculated,
             [](Screen& top) { top.Get<Label>("lbl_Why").Caption = "Transmission angle 12.3 deg, under 40."; }, kStay),
         "quiet line");
+}
+
+const std::vector<Action> kExplored = {Pick("frm_HomeScreen", "mnu_Explore"), Type("frm_Explore", "txt_X", 2, "4.5"),
+                                       Press("frm_Explore", "cmd_Search")};
+const Action kStayThere = Go("frm_Explore", "cmd_Search");
+
+TEST(WalkRules, Linkages_that_do_their_task_are_no_finding) {
+    EXPECT_EQ(Broken_Rule(kExplored, Nothing, kStayThere), "");
+}
+
+TEST(WalkRules, A_task_on_the_screen_that_is_not_the_models) {
+    EXPECT_EQ(Broken_Rule(
+                  kExplored,
+                  [](Screen&) {
+                      design::Task other;
+                      other.positions = {{{0, 0}, 0}, {{5, 1}, 20}};
+                      Model.DesignTask = design::Task_Text(other);
+                  },
+                  kStayThere),
+              "explore");
+}
+
+TEST(WalkRules, A_linkage_that_misses_a_position_it_is_shown_for) {
+    EXPECT_EQ(Broken_Rule(
+                  kExplored,
+                  [](Screen& top) {
+                      const auto& shown = dynamic_cast<frm_Explore&>(top).Shown();
+                      const_cast<design::Solution&>(shown.back()).linkage.other.fixed += 0.01;
+                  },
+                  kStayThere),
+              "explore");
+}
+
+TEST(WalkRules, A_look_at_what_was_found_that_changes_the_model) {
+    EXPECT_EQ(Broken_Rule(
+                  kExplored, [](Screen& top) { top.Get<ComboBox>("cmb_Sort").OnClick = [] { Model.Rpa = 9; }; },
+                  Item("frm_Explore", "cmb_Sort", kNoIndex, 2)),
+              "exploring");
 }
 
 TEST(WalkRules, A_number_that_is_none_in_what_is_told_or_drawn) {

@@ -8,6 +8,7 @@
 
 #include "platform/deed.h"
 #include "platform/guard.h"
+#include "screens/frm_explore.h"
 #include "shell/history.h"
 #include "tests/walk/hand.h"
 
@@ -152,6 +153,11 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
                  Screen_Words(top),
                  std::make_unique<RunResults>(Model.RunTable),
                  Model.NSteps};
+    // A search that ends by itself is the same each time, which one that is watched as it goes is not.
+    auto* explore = dynamic_cast<frm_Explore*>(&top);
+    if (explore) explore->Effort.coarse = true;
+    const bool only_looks = !typing && !Waits_For_A_Hand(top) && Only_Looks(top, action);
+    const Words before = only_looks ? Record_Words() : Words();
     try {
         // As a desktop does, under the name of the control.
         const Control* control = top.Find(action.control, action.index);
@@ -161,8 +167,15 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
         outcome_ = Finding{"thrown", action.screen + "." + action.control, thrown.what()};
         over_ = true;
     }
+    if (explore) explore->Await_Search();
     told_last_ = std::move(frames_.back().told);
     frames_.pop_back();
+    if (only_looks)
+        Broken("exploring", [&]() -> Found {
+            const Difference difference = Compare(before, Record_Words());
+            if (!difference.Any()) return {};
+            return Finding{"exploring", action.control, Line_Of(action) + ": " + difference.values};
+        });
     // What cannot be followed is not followed, and nobody is asked. Except: links next to nothing, whose angles cannot
     // be computed, are told of as on any other road.
     constexpr int kShift = 1;
@@ -243,12 +256,16 @@ void Walker::Rest(Screen& top) {
         if (over_) return;
     }
     if (Broken("finite", [&] { return Drawn_Is_Finite(top); })) return;
+    if (Broken("explore", [&] { return Explored_Linkages_Do_It(top); })) return;
     if (Broken("over", [&] { return What_Lies_Over_It_Is_Of_The_Model(top); })) return;
+    if (Broken("positions", [] { return Marked_Positions_Are_Passed(); })) return;
     if (Broken("live plots", [&] { return Live_Plots_Are_Of_The_Run(top); })) return;
     if (Broken("boxes", [&] { return Screen_Shows_The_Record(top, pending_); })) return;
+    if (Broken("studies", [&] { return Studies_Are_Of_The_Model(top, pending_); })) return;
     if (Broken("quiet line", [&] { return Quiet_Line_Is_Of_The_Model(top); })) return;
     if (Changed() || tried_screen_ != top.Name()) Check_Trials(top);
     tried_screen_ = top.Name();
+    if (!over_) Broken("checks", [&] { return Results_Pass_Their_Checks(top); });
     if (!over_) Check_Undo(top);
     if (!over_ && ++rests_ % kill_every_ == 0) Broken("killed", [] { return A_Kill_Would_Lose_Nothing(); });
 }
@@ -328,6 +345,15 @@ Words But_For_Undo(Words words, const Screen& top) {
     return words;
 }
 
+constexpr char kLine[] = "lbl_Why";
+
+/// What a drag could not follow is told until something is drawn.
+bool Tells_Of_A_Drag(const Words& words) {
+    return std::ranges::any_of(words, [](const auto& word) {
+        return word.first == kLine && word.second.find("Not followed: ") != std::string::npos;
+    });
+}
+
 }  // namespace
 
 /// Having looked, the user finds record, table, flags and boxes as before.
@@ -345,7 +371,11 @@ void Walker::End_Look(Screen& top) {
             what = "table";
         }
         if (!difference.Any()) {
-            difference = Compare(But_For_Undo(look.boxes, top), But_For_Undo(Screen_Words(top), top));
+            Words before = But_For_Undo(look.boxes, top), now = But_For_Undo(Screen_Words(top), top);
+            if (Tells_Of_A_Drag(before))
+                for (Words* words : {&before, &now})
+                    std::erase_if(*words, [](const auto& word) { return word.first == kLine; });
+            difference = Compare(before, now);
             what = "screen";
         }
         if (!difference.Any()) return {};

@@ -115,6 +115,24 @@ Stops Polar_Plot() {
     return stops;
 }
 
+Stops Studies() {
+    const auto second = [](Screen& s) {
+        auto& list = s.Get<platform::ComboBox>("cmb_Sweep", 2);
+        const platform::Deed whole(list);
+        list.Choose(2);
+    };
+    return {
+        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_Studies").Click(); }},
+        {"frm_Studies", "studies-sweep", [](Screen& s) { Press(s, "cmd_Start"); }, 2000},
+        {"frm_Studies", "", second},
+        {"frm_Studies", "studies-map", [](Screen& s) { Press(s, "cmd_Start"); }, 4000},
+        {"frm_Studies", "", [](Screen& s) { Pick(s, "opt_Kind", 1); }},
+        {"frm_Studies", "", [](Screen& s) { Press(s, "cmd_Start"); }, 4000},
+        {"frm_Studies", "studies-tolerances", [](Screen& s) { Press(s, "cmd_After"); }, 500},
+        {"frm_Studies", "", [](Screen& s) { Press(s, "cmd_Cancel"); }},
+    };
+}
+
 Stops Table_And_Transform() {
     return {
         {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
@@ -285,11 +303,17 @@ Stops Design() {
                               Synthesis_Screen_Of("mnu_Unspec", "frm_Synth3", "synthesis-three"),
                               Synthesis_Screen_Of("mnu_Spec", "frm_Synth3", "synthesis-pivots")})
         stops.insert(stops.end(), more.begin(), more.end());
+    const Stops explore = {
+        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Explore"); }},
+        {"frm_Explore", "explore", [](Screen& s) { s.Get<platform::ComboBox>("cmb_Count").Choose(2); }, 400},
+        {"frm_Explore", "", [](Screen& s) { Press(s, "cmd_Cancel"); }}};
+    stops.insert(stops.end(), explore.begin(), explore.end());
     return stops;
 }
 
-Stops Walk() {
-    Stops stops = {
+/// From the title to a run that is played.
+Stops First_Linkage() {
+    return {
         {"frm_Title", "title", {}, 200},
         {"frm_Title", "", [](Screen& s) { Press(s, "cmd_Start"); }},
         {"frm_User", "user", [](Screen& s) { Fill(s, "txt_UserName", platform::kNoIndex, "A. Designer"); }},
@@ -336,10 +360,14 @@ Stops Walk() {
         {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
         {"frm_HomeScreen", "home", {}, 300},
     };
+}
+
+Stops Walk() {
+    Stops stops = First_Linkage();
     for (const Stops& more :
          {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
           Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(), Forces_And_Balance(),
-          Table_And_Transform(), Plots_Of_The_Transform(), Time_Run(), Design()})
+          Table_And_Transform(), Plots_Of_The_Transform(), Time_Run(), Studies(), Design()})
         stops.insert(stops.end(), more.begin(), more.end());
     const Stops last = {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},

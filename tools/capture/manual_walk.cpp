@@ -4,6 +4,7 @@
 
 #include "core/linkage_model.h"
 #include "files/in_hand.h"
+#include "screens/frm_explore.h"
 #include "screens/joint_drag.h"
 #include "screens/linkage_screen.h"
 #include "tools/capture/walk.h"
@@ -277,6 +278,40 @@ Stops Two_Positions() {
             {"frm_Synth3", "", Pressing("cmd_Cancel")}};
 }
 
+/// All linkages for the two tasks of their chapter.
+Stops All_Linkages() {
+    const auto found = [](const design::Task& task) {
+        return [task](Screen& s) {
+            auto& explore = dynamic_cast<frm_Explore&>(s);
+            explore.Take_Task(task);
+            Press(s, "cmd_Search");
+            explore.Await_Search();
+            explore.hsc_Stroke.SetValue(frm_Explore::kStroke / 4);
+        };
+    };
+    design::Task lid;
+    lid.relative = true;
+    lid.positions = {{{0, 0}, 0}, {{-2, 4}, 35}, {{-6, 6}, 80}};
+    for (design::Side* side : {&lid.left, &lid.right})
+        side->fixed = {design::Area::Is::kWithin, {-10, -4}, {-2, 6}, {}};
+    lid.shortest = 1;
+    lid.longest = 12;
+    lid.transmission = 30;
+    design::Task platform;
+    platform.positions = {{{0, 0}, 0}, {{2, 4}, -10}, {{5, 4}, 5}, {{8, 2}, 30}};
+    platform.shortest = 1;
+    platform.longest = 15;
+    platform.transmission = 25;
+    return {{"frm_HomeScreen", "", Menu("mnu_Explore")},
+            {"frm_Explore", "explore", found(lid), 400},
+            {"frm_Explore", "explore-four", found(platform), 400},
+            {"frm_Explore", "", [](Screen& s) {
+                 // The walk goes on with the model as it was.
+                 Model.DesignTask.clear();
+                 Press(s, "cmd_Cancel");
+             }}};
+}
+
 /// A straight line, with what the animate screen can show of it.
 Stops Straight_Line() {
     return {{"frm_HomeScreen", "", Menu("mnu_Hoekens")},
@@ -343,6 +378,20 @@ Stops Under_The_Hand() {
             done(Pressing("cmd_Done"))};
 }
 
+/// Tolerances of a crank-rocker, with what they come to.
+Stops Studies() {
+    return {{"frm_HomeScreen", "", Menu("mnu_Studies")},
+            {"frm_Studies", "", [](Screen& s) { Pick(s, "opt_Kind", 1); }},
+            {"frm_Studies", "",
+             Typing({{"txt_PlusMinus", 1, "0.01"},
+                     {"txt_PlusMinus", 2, "0.02"},
+                     {"txt_PlusMinus", 3, "0.02"},
+                     {"txt_PlusMinus", 4, "0.01"}})},
+            {"frm_Studies", "", Pressing("cmd_Start"), 6000},
+            {"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
+            {"frm_Studies", "", Pressing("cmd_Cancel")}};
+}
+
 Stops Quit() {
     return {{"frm_HomeScreen", "",
              [](Screen& s) {
@@ -367,8 +416,10 @@ Stops Manual_Walk() {
     add(Other_Plots());
     add(Cognates());
     add(Two_Positions());
+    add(All_Linkages());
     add(Straight_Line());
     add(Under_The_Hand());
+    add(Studies());
     add(Quit());
     return walk;
 }

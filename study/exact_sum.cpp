@@ -1,0 +1,102 @@
+// How doubles are taken apart into digits of 32 bits.
+#include "study/exact_sum.h"
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+
+namespace verlink::study {
+
+namespace {
+
+constexpr std::int64_t kBase = std::int64_t{1} << 32;
+constexpr int kMostAdded = 1 << 29;
+constexpr int kLowest = -1074;  ///< the power of two of digit 0
+
+}  // namespace
+
+void Exact_Sum::Add(double value) {
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const auto exponent = static_cast<unsigned>(bits >> 52U) & 0x7ffU;
+    std::uint64_t mantissa = bits & 0xfffffffffffffU;
+    if (exponent > 0) mantissa |= std::uint64_t{1} << 52U;
+    const unsigned place = exponent > 0 ? exponent - 1 : 0;
+    const auto digit = static_cast<std::size_t>(place / 32);
+    const unsigned shift = place % 32;
+    const auto low = (mantissa & 0xffffffffU) << shift, high = (mantissa >> 32U) << shift;
+    const std::int64_t sign = (bits >> 63U) != 0 ? -1 : 1;
+    digits_[digit] += sign * static_cast<std::int64_t>(low & 0xffffffffU);
+    digits_[digit + 1] += sign * static_cast<std::int64_t>((low >> 32U) + (high & 0xffffffffU));
+    digits_[digit + 2] += sign * static_cast<std::int64_t>(high >> 32U);
+    if (++added_ >= kMostAdded) Carry();
+}
+
+void Exact_Sum::Add(const Exact_Sum& other) {
+    Carry();
+    const Digits more = other.Carried();
+    for (std::size_t i = 0; i < more.size(); ++i) digits_[i] += more[i];
+    Carry();
+}
+
+/// All digits but the highest from 0 to 2^32 - 1.
+Exact_Sum::Digits Exact_Sum::Carried() const {
+    Digits digits = digits_;
+    for (std::size_t i = 0; i + 1 < digits.size(); ++i) {
+        const std::int64_t carry = digits[i] >> 32;  // towards the negative
+        digits[i] -= carry * kBase;
+        digits[i + 1] += carry;
+    }
+    return digits;
+}
+
+void Exact_Sum::Carry() {
+    digits_ = Carried();
+    added_ = 0;
+}
+
+double Exact_Sum::Value() const {
+    Digits digits = Carried();
+    const bool negative = digits.back() < 0;
+    if (negative) {
+        Exact_Sum turned;
+        for (std::size_t i = 0; i < digits.size(); ++i) turned.digits_[i] = -digits[i];
+        digits = turned.Carried();
+    }
+    std::size_t top = digits.size() - 1;
+    while (top > 0 && digits[top] == 0) --top;
+    // Three digits hold more than a double does.
+    double value = 0;
+    for (std::size_t i = top + 1; i-- > (top >= 2 ? top - 2 : 0);)
+        value += std::ldexp(static_cast<double>(digits[i]), kLowest + 32 * static_cast<int>(i));
+    return negative ? -value : value;
+}
+
+std::string Exact_Sum::Text() const {
+    const Digits digits = Carried();
+    std::string text;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i > 0) text += ':';
+        if (digits[i] != 0) text += std::to_string(digits[i]);
+    }
+    return text;
+}
+
+bool Exact_Sum::Take(const std::string& text) {
+    Digits digits{};
+    const char *at = text.data(), *end = at + text.size();
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i > 0 && (at == end || *at++ != ':')) return false;
+        if (at == end || *at == ':') continue;
+        const auto read = std::from_chars(at, end, digits[i]);
+        if (read.ec != std::errc()) return false;
+        at = read.ptr;
+    }
+    digits_ = digits;
+    added_ = 0;
+    return at == end;
+}
+
+bool Exact_Sum::operator==(const Exact_Sum& other) const { return Carried() == other.Carried(); }
+
+}  // namespace verlink::study

@@ -1,0 +1,37 @@
+// A sum that does not depend on the order of what is added.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace verlink::study {
+
+/// Doubles are added up as whole numbers of the smallest one that there is, so that nothing is rounded; after Kulisch's
+/// long accumulator. Infinities and what is not a number are not to be added.
+class Exact_Sum {
+   public:
+    void Add(double value);
+    void Add(const Exact_Sum& other);
+    /// The sum, cut to a double: the same for the same numbers, whatever way they came, and within a unit in the last
+    /// place.
+    double Value() const;
+
+    /// As text without blanks, and back; false for a text that is none.
+    std::string Text() const;
+    bool Take(const std::string& text);
+
+    bool operator==(const Exact_Sum& other) const;
+
+   private:
+    static constexpr int kDigits = 68;  ///< of 32 bits, the lowest first; each may be ahead of itself by 31 bits more
+    using Digits = std::array<std::int64_t, kDigits>;
+
+    void Carry();
+    Digits Carried() const;
+
+    Digits digits_{};
+    int added_ = 0;  ///< since the last carry
+};
+
+}  // namespace verlink::study

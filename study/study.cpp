@@ -1,0 +1,112 @@
+// What linkages have in common is found once; the rest is one motion after the other.
+#include "study/study.h"
+
+#include <algorithm>
+
+#include "core/array.h"
+#include "platform/guard.h"
+
+namespace verlink::study {
+
+namespace {
+
+constexpr int kByTime = 2, kByAngle = 3;
+
+Single& Place(int field, Design& design) { return Fields()[static_cast<std::size_t>(field)].place(design); }
+
+std::size_t Angles_Of(const Study& study) {
+    std::vector<double> angles;
+    const auto add = [&](const Measure& measure) {
+        if (measure.statistic == Statistic::kAt && std::ranges::find(angles, measure.angle) == angles.end())
+            angles.push_back(measure.angle);
+    };
+    for (const Measure& measure : study.measures) add(measure);
+    for (const Keep& keep : study.keeps) add(keep.measure);
+    return angles.size();
+}
+
+}  // namespace
+
+std::string Fault_Of(const Study& study) {
+    const Design& design = study.design;
+    if (design.Calctype > kByAngle) return "a study takes a model that is run by angle, by time or at one position";
+    const std::size_t angles = Angles_Of(study);
+    if (angles > 0 && design.Calctype == kByTime)
+        return "a measure \"at\" an angle takes a run by angle or one position";
+    const int last = design.Calctype == 1 ? 0 : int{design.NSteps};
+    if (last + static_cast<int>(angles) > kLastStep)
+        return "the run and the angles of \"at\" have more than " + std::to_string(kLastStep + 1) + " positions";
+    if (!study.plan.Count()) return "the study has more linkages than can be numbered";
+    return {};
+}
+
+std::size_t Bench::Ask(const Measure& measure) {
+    const auto same = std::ranges::find_if(asked_, [&](const Asked& a) { return a.measure.words == measure.words; });
+    if (same != asked_.end()) return static_cast<std::size_t>(same - asked_.begin());
+    int further = 0;
+    if (measure.statistic == Statistic::kAt) {
+        auto angle = std::ranges::find(angles_, measure.angle);
+        if (angle == angles_.end()) angle = angles_.insert(angle, measure.angle);
+        further = static_cast<int>(angle - angles_.begin());
+    }
+    solved_ = std::max(solved_, measure.wanted);
+    asked_.push_back({measure, further});
+    return asked_.size() - 1;
+}
+
+Bench::Bench(Study study) : study_(std::move(study)), moved_(study_.plan.Moved()) {
+    for (const int field : moved_) home_.push_back(Place(field, study_.design));
+    for (const Measure& measure : study_.measures) wanted_.push_back(Ask(measure));
+    for (const Keep& keep : study_.keeps) bounding_.push_back(Ask(keep.measure));
+    const bool deviates =
+        std::ranges::any_of(asked_, [](const Asked& a) { return a.measure.statistic == Statistic::kDeviation; });
+    if (!deviates) return;
+    Motion motion;
+    Design design = study_.design;
+    motion.Solve(design, Wanted::kPoints);
+    nominal_ = Path_Of(motion, design);
+}
+
+Worker::Worker(const Bench& bench)
+    : bench_(bench),
+      design_(bench.study_.design),
+      motion_(bench.angles_),
+      meter_(bench.nominal_),
+      found_(bench.asked_.size()) {}
+
+void Worker::Measure_All() {
+    motion_.Solve(design_, bench_.solved_);
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        const Bench::Asked& asked = bench_.asked_[i];
+        found_[i] = meter_.Take(asked.measure, motion_, design_, asked.further);
+    }
+}
+
+bool Worker::Solve(Number linkage, std::span<float> fields, std::span<float> measures) {
+    // A value that no single holds makes no linkage.
+    const bool put =
+        !What_Failed([&] { bench_.study_.plan.Put(linkage, bench_.moved_, bench_.home_, design_); }).has_value();
+    for (std::size_t i = 0; i < bench_.moved_.size(); ++i)
+        fields[i] = put ? static_cast<float>(double{Place(bench_.moved_[i], design_)}) : kNone;
+    if (put)
+        Measure_All();
+    else
+        std::ranges::fill(found_, kNone);
+    for (std::size_t i = 0; i < bench_.bounding_.size(); ++i)
+        if (!bench_.study_.keeps[i].Holds(found_[bench_.bounding_[i]])) return false;
+    for (std::size_t i = 0; i < bench_.wanted_.size(); ++i) measures[i] = found_[bench_.wanted_[i]];
+    return true;
+}
+
+Path Worker::Last_Path() {
+    if (bench_.solved_ < Wanted::kPoints) motion_.Solve(design_, Wanted::kPoints);
+    return Path_Of(motion_, design_);
+}
+
+void Worker::Solve_At(std::span<const Single> fields, std::span<float> measures) {
+    for (std::size_t i = 0; i < bench_.moved_.size(); ++i) Place(bench_.moved_[i], design_) = fields[i];
+    Measure_All();
+    for (std::size_t i = 0; i < bench_.wanted_.size(); ++i) measures[i] = found_[bench_.wanted_[i]];
+}
+
+}  // namespace verlink::study

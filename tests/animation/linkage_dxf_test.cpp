@@ -1,0 +1,156 @@
+// The linkage as a drawing for CAD programs: what lies on which layer, where, in which unit, as another program reads
+// it.
+#include "animation/linkage_dxf.h"
+
+#include <complex>
+#include <numbers>
+
+#include "platform/file_system.h"
+#include "shell/initialize.h"
+#include "tests/dynamics/motion.h"
+#include "tests/support/foreign.h"
+
+namespace verlink::test {
+
+namespace {
+
+class LinkageDxf : public Fixture {
+   protected:
+    LinkageDxf() { Initialize(); }
+
+    Dxf_Read Written(int step) {
+        platform::Write_File(Path("a.dxf"), Linkage_Dxf(Model, step));
+        return Read_Dxf(Path("a.dxf"));
+    }
+    /// Units of the drawing in one of the model's stored lengths.
+    static double Scale() { return Model.Units == 1 ? 1 : Model.Units == 2 ? 12 : 1000; }
+    static Vector Ground() { return Scale() * std::polar(1.0, Model.Link1Angle * std::numbers::pi / 180); }
+
+    /// The joints by the angles of the links, in the drawing.
+    struct Places {
+        Vector O4, A, B, P;
+        explicit Places(int step) {
+            const auto link = [step](int row, double length, double more = 0) {
+                return std::polar(Scale() * length, (Model.RunTable.Theta(step, row) + more) * std::numbers::pi / 180);
+            };
+            O4 = Ground() * double{Model.L1};
+            A = link(0, Model.L2);
+            B = A + link(1, Model.L3);
+            P = A + link(1, Model.Rpa, Model.Delta);
+        }
+    };
+    static void Expect_At(double x, double y, Vector place) {
+        const double close = 2e-6 * Scale() * (Model.L1 + Model.L2 + Model.L3 + Model.L4);
+        EXPECT_NEAR(x, place.real(), close);
+        EXPECT_NEAR(y, place.imag(), close);
+    }
+    static void Expect_Line(const Dxf_Read& read, const char* layer, Vector from, Vector to) {
+        SCOPED_TRACE(layer);
+        const auto found = read.On(layer);
+        ASSERT_EQ(found.size(), 1U);
+        ASSERT_EQ(found[0].kind, "LINE");
+        Expect_At(found[0].numbers[0], found[0].numbers[1], from);
+        Expect_At(found[0].numbers[2], found[0].numbers[3], to);
+    }
+    static void Expect_Path(const Dxf_Entity& path, bool closed, const std::vector<Vector>& places) {
+        ASSERT_EQ(path.kind, "POLYLINE");
+        EXPECT_EQ(path.numbers[0], closed ? 1 : 0);
+        ASSERT_EQ(path.numbers.size(), 1 + 2 * places.size());
+        for (std::size_t i = 0; i < places.size(); ++i)
+            Expect_At(path.numbers[1 + 2 * i], path.numbers[2 + 2 * i], places[i]);
+    }
+};
+
+}  // namespace
+
+TEST_F(LinkageDxf, Has_the_links_pivots_and_coupler_curve_in_all_units_circuits_and_grounds) {
+    for (const Scenario& scenario : kScenarios) {
+        if (scenario.rocker) continue;
+        SCOPED_TRACE(scenario.name);
+        Reset_Model();
+        Initialize();
+        Run_Scenario(scenario);
+        const int step = 17;
+        const Dxf_Read read = Written(step);
+        EXPECT_EQ(read.unit, scenario.units > 2 ? "unit 4 AC1009" : "unit 1 AC1009");
+        const Places at(step);
+        Expect_Line(read, "LINK_1", {}, at.O4);
+        Expect_Line(read, "LINK_2", {}, at.A);
+        Expect_Line(read, "LINK_4", at.O4, at.B);
+        const auto coupler = read.On("LINK_3");
+        ASSERT_EQ(coupler.size(), 1U);
+        Expect_Path(coupler[0], true, {at.A, at.B, at.P});
+        const auto pivots = read.On("PIVOTS");
+        ASSERT_EQ(pivots.size(), 4U);
+        const Vector centres[] = {{}, at.O4, at.A, at.B};
+        for (std::size_t i = 0; i < pivots.size(); ++i)
+            Expect_At(pivots[i].numbers[0], pivots[i].numbers[1], centres[i]);
+        const auto point = read.On("COUPLER_POINT");
+        ASSERT_EQ(point.size(), 1U);
+        Expect_At(point[0].numbers[0], point[0].numbers[1], at.P);
+        const auto curve = read.On("COUPLER_CURVE");
+        ASSERT_EQ(curve.size(), 1U) << "one polyline";
+        std::vector<Vector> places;
+        for (int i = 0; i < Model.NSteps; ++i) places.push_back(Places(i).P);
+        Expect_Path(curve[0], true, places);
+    }
+}
+
+TEST_F(LinkageDxf, Has_poles_and_centrodes_where_the_lines_of_the_links_meet) {
+    Run_Scenario({.name = "millimetres", .units = 5, .ground = 30});
+    const int step = 9;
+    const Places at(step);
+    // Where P + s p and Q + t q meet.
+    const auto meet = [](Vector P, Vector p, Vector Q, Vector q) { return P + p * (Cross(Q - P, q) / Cross(p, q)); };
+    const Vector pole = meet({}, at.A, at.O4, at.B - at.O4);
+    const auto close_to = [](const std::vector<double>& numbers, std::size_t from, Vector place) {
+        return std::abs(Vector(numbers.at(from), numbers.at(from + 1)) - place) < 1e-3 * std::abs(place) + 1e-3;
+    };
+    const Dxf_Read read = Written(step);
+    const auto poles = read.On("POLES");
+    ASSERT_EQ(poles.size(), 2U);
+    EXPECT_TRUE(close_to(poles[0].numbers, 0, pole));
+    EXPECT_TRUE(close_to(poles[1].numbers, 0, meet({}, at.O4, at.A, at.B - at.A)));
+
+    const auto holds = [&](const char* layer, Vector place) {
+        for (const Dxf_Entity& path : read.On(layer))
+            for (std::size_t i = 1; i < path.numbers.size(); i += 2)
+                if (close_to(path.numbers, i, place)) return true;
+        return false;
+    };
+    EXPECT_TRUE(holds("FIXED_CENTRODE", pole));
+    // The pole as the coupler sees it, on the coupler as it lies at step 0.
+    const Places start(0);
+    const Vector on_coupler = start.A + (pole - at.A) * (start.B - start.A) / (at.B - at.A);
+    EXPECT_TRUE(holds("MOVING_CENTRODE", on_coupler));
+}
+
+TEST_F(LinkageDxf, Leaves_out_poles_and_centrodes_that_are_far_away) {
+    Run_Scenario({.name = "metres", .units = 3});
+    const double far = 10 * Scale() * (Model.L1 + Model.L2 + Model.L3 + Model.L4);
+    int points = 0;
+    for (const int step : {0, 13, 26, 39})
+        for (const Dxf_Entity& entity : Written(step).entities)
+            for (const double number : entity.numbers) {
+                EXPECT_LE(std::abs(number), 1.001 * far) << entity.layer;
+                ++points;
+            }
+    EXPECT_GT(points, 1000);
+}
+
+TEST_F(LinkageDxf, Has_a_polyline_for_each_stretch_that_closes_and_no_moving_links_where_none_does) {
+    Run_Scenario({.name = "gaps", .rocker = true});
+    for (const int gap : {0, 7, 8}) Model.RunTable.Assembled(gap) = false;
+    const Dxf_Read read = Written(7);
+    for (const char* layer : {"LINK_2", "LINK_3", "LINK_4", "COUPLER_POINT", "POLES", "MOVING_CENTRODE"})
+        EXPECT_TRUE(read.On(layer).empty()) << layer;
+    Expect_Line(read, "LINK_1", {}, Places(0).O4);
+    EXPECT_EQ(read.On("PIVOTS").size(), 2U);
+    const auto curve = read.On("COUPLER_CURVE");
+    ASSERT_EQ(curve.size(), 2U);
+    EXPECT_EQ(curve[0].numbers.size(), 1U + 2 * 6) << "steps 1 to 6";
+    EXPECT_EQ(curve[0].numbers[0], 0) << "open";
+    EXPECT_EQ(curve[1].numbers.size(), 1U + 2 * static_cast<std::size_t>(Model.NSteps - 8));
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,143 @@
+// Burmester's curves: of what they are, how they are picked on, and the linkages with a link that was picked.
+#include "design/curves.h"
+
+#include "design/task_units.h"
+#include "platform/picture.h"
+#include "tests/design/follower.h"
+#include "tests/design/tasks.h"
+
+namespace verlink::test {
+
+namespace {
+
+using namespace design;
+
+Task Platform() {
+    Task task;
+    task.positions = {{{0, 0}, 0}, {{2, 4}, -10}, {{5, 4}, 5}, {{8, 2}, 30}};
+    return task;
+}
+
+/// Where the body carries a point of position 1.
+Point Carried_To(const Place& from, const Place& to, Point point) {
+    return to.at + (point - from.at) * std::polar(1.0, (to.angle - from.angle) * kDegree);
+}
+
+}  // namespace
+
+TEST(Curves, AreThoseOfFourPositionsInWhichNothingIsWrong) {
+    Task task = Platform();
+    EXPECT_FALSE(Curves_Of(task).empty());
+    task.positions.pop_back();
+    EXPECT_TRUE(Curves_Of(task).empty());
+    task.positions.push_back(task.positions.front());
+    EXPECT_TRUE(Curves_Of(task).empty());
+}
+
+TEST(Curves, AllPlacesOfAMovingPivotAreAsFarFromItsCentre) {
+    const Task task = Platform();
+    for (const auto& piece : Curves_Of(task))
+        for (const Dyad& dyad : piece) {
+            const double length = std::abs(dyad.moving - dyad.fixed);
+            for (const Place& place : task.positions)
+                EXPECT_NEAR(std::abs(Carried_To(task.positions[0], place, dyad.moving) - dyad.fixed), length,
+                            1e-8 * (10 + length));
+        }
+}
+
+TEST(Curves, TheNearestDyadWithinReachIsPicked) {
+    const Curves curves = Curves_Of(Platform());
+    const Dyad dyad = curves[0][curves[0].size() / 3];
+    const auto centre = Nearest_Dyad(curves, Curve::kCentres, dyad.fixed + Point(1e-6, 0), 0.01);
+    ASSERT_TRUE(centre.has_value());
+    EXPECT_LT(std::abs(centre->fixed - dyad.fixed), 1e-6);
+    const auto circle_point = Nearest_Dyad(curves, Curve::kCirclePoints, dyad.moving, 0.01);
+    ASSERT_TRUE(circle_point.has_value());
+    EXPECT_EQ(circle_point->moving, dyad.moving);
+    EXPECT_FALSE(Nearest_Dyad(curves, Curve::kCentres, {1e6, 1e6}, 0.01).has_value());
+}
+
+TEST(Curves, LinkagesWithALinkHaveItAndGoThroughAllPositions) {
+    const Task task = Platform();
+    const Curves curves = Curves_Of(task);
+    int with_some = 0;
+    for (const auto& piece : curves)
+        for (std::size_t i = 0; i < piece.size(); i += 97) {
+            const Found found = Find_With(task, curves, piece[i], 10);
+            EXPECT_EQ(found.words.empty(), !found.solutions.empty());
+            with_some += found.solutions.empty() ? 0 : 1;
+            double before = 100;
+            for (const Solution& solution : found.solutions) {
+                EXPECT_TRUE(solution.linkage.crank == piece[i] || solution.linkage.other == piece[i]);
+                EXPECT_LE(solution.judgement.score, before);
+                before = solution.judgement.score;
+                const double way = solution.judgement.crank[1] > solution.judgement.crank[0] ? 1 : -1;
+                EXPECT_EQ(Follower(solution.linkage).Through(task.positions, solution.linkage, way), "");
+            }
+        }
+    EXPECT_GT(with_some, 2);
+}
+
+TEST(Curves, ALinkKeepsTheSideAndTheLimitsOfTheTask) {
+    Task task = Platform();
+    task.drive = design::Drive::kRight;
+    task.right.fixed.is = Area::Is::kWithin;
+    task.right.fixed.low = {-1, 5};
+    task.right.fixed.high = {2, 9};
+    task.transmission = 40;
+    const Curves curves = Curves_Of(task);
+    int found = 0;
+    for (const auto& piece : curves)
+        for (std::size_t i = 0; i < piece.size(); i += 29)
+            for (const Solution& solution : Find_With(task, curves, piece[i], 10).solutions) {
+                ++found;
+                EXPECT_FALSE(solution.linkage.crank_is_left);
+                EXPECT_TRUE(task.right.fixed.Holds(solution.linkage.crank.fixed));
+                EXPECT_GE(solution.judgement.transmission, 40);
+            }
+    EXPECT_GT(found, 0);
+}
+
+TEST(Curves, AreDrawnWithinTheWindowAlone) {
+    const Curves curves = Curves_Of(Platform());
+    platform::Picture all, part;
+    Draw_Curve(all, curves, Curve::kCentres, {{-1e9, -1e9}, {1e9, 1e9}});
+    Draw_Curve(part, curves, Curve::kCentres, {{-2, -2}, {4, 12}});
+    EXPECT_GT(part.Alive(), 0U);
+    EXPECT_LT(part.Alive(), all.Alive());
+}
+
+TEST(TaskUnits, LengthsBecomeThoseOfTheOtherSystemAndAnglesStay) {
+    Task task = Platform();
+    task.left.fixed = {Area::Is::kWithin, {-1, -2}, {3, 4}, {}};
+    task.right.moving = {Area::Is::kPoints, {}, {}, {{1, 2}}};
+    task.shortest = 0.5;
+    task.longest = 10;
+    task.transmission = 35;
+    const Task mm = In_Units(task, 5);
+    EXPECT_EQ(mm.units, 5);
+    EXPECT_NEAR(mm.positions[1].at.imag(), 101.6, 1e-9);
+    EXPECT_EQ(mm.positions[1].angle, -10);
+    EXPECT_NEAR(mm.left.fixed.low.imag(), -50.8, 1e-9);
+    EXPECT_NEAR(mm.right.moving.points[0].real(), 25.4, 1e-9);
+    EXPECT_NEAR(mm.shortest, 12.7, 1e-9);
+    EXPECT_NEAR(mm.longest, 254, 1e-9);
+    EXPECT_EQ(mm.transmission, 35);
+    // 1 ft is 12 in, 1 m is 100 cm.
+    EXPECT_NEAR(In_Units(task, 2).positions[1].at.imag(), 4.0 / 12, 1e-12);
+    EXPECT_NEAR(In_Units(In_Units(task, 3), 4).positions[2].at.real(), 5 * 2.54, 1e-9);
+    EXPECT_EQ(In_Units(task, 1), task);
+}
+
+TEST(TaskUnits, NoLongestLinkStaysNone) {
+    EXPECT_EQ(In_Units(Platform(), 4).longest, std::numeric_limits<double>::infinity());
+}
+
+TEST(Rounds, OneRoundJudgesAPartOfWhatTheCoarseOnesDo) {
+    const Found one = Find(Platform(), {.best = 20, .threads = 0, .coarse = true, .rounds = 1});
+    const Found coarse = Find(Platform(), {.best = 20, .threads = 0, .coarse = true});
+    EXPECT_GT(one.judged, 0U);
+    EXPECT_LT(one.judged, coarse.judged);
+}
+
+}  // namespace verlink::test

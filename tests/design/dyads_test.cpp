@@ -1,0 +1,167 @@
+// Dyads of two to five positions, and the tasks that have none.
+#include "design/dyads.h"
+
+#include <algorithm>
+
+#include "tests/design/tasks.h"
+
+namespace verlink::test {
+
+namespace {
+
+using design::Absolute_Positions;
+using design::Burmester;
+using design::Carried;
+using design::Dyad;
+using design::Task;
+
+/// The largest that the places of the moving pivot are off their circle.
+double Off_Circle(const Task& task, const Dyad& dyad) {
+    const auto places = Absolute_Positions(task);
+    const double radius = std::abs(dyad.moving - dyad.fixed);
+    double worst = 0;
+    for (const auto& place : places) {
+        const double turn = (place.angle - places[0].angle) * std::acos(-1.0) / 180;
+        const auto pivot = place.at + (dyad.moving - places[0].at) * std::polar(1.0, turn);
+        worst = std::max(worst, std::abs(std::abs(pivot - dyad.fixed) - radius));
+    }
+    return worst;
+}
+
+double Apart(const Dyad& a, const Dyad& b) { return std::abs(a.fixed - b.fixed) + std::abs(a.moving - b.moving); }
+
+double Nearest(const std::vector<Dyad>& dyads, const Dyad& wanted) {
+    double nearest = 1e9;
+    for (const Dyad& dyad : dyads) nearest = std::min(nearest, Apart(dyad, wanted));
+    return nearest;
+}
+
+struct Dyads : Design {};
+
+}  // namespace
+
+// C. H. Suh and C. W. Radcliffe, Kinematics and Mechanisms Design, 1978: three positions of a body with both fixed
+// pivots given.
+TEST_F(Dyads, OfThreePositionsAreThePublishedOnes) {
+    const std::vector<design::Place> places = {{{1, 1}, 0}, {{2, 0.5}, 0}, {{3, 1.5}, 45}};
+    const auto carried = design::Carried_Through(places);
+    const Carried three[3] = {carried[0], carried[1], carried[2]};
+    const auto left = Dyad_Of_Fixed(three, {0, 0}), right = Dyad_Of_Fixed(three, {5, 0});
+    ASSERT_TRUE(left && right);
+    EXPECT_NEAR(left->moving.real(), 0.994, 5e-4);
+    EXPECT_NEAR(left->moving.imag(), 3.238, 5e-4);
+    EXPECT_NEAR(right->moving.real(), 3.548, 5e-4);
+    EXPECT_NEAR(right->moving.imag(), -1.655, 5e-4);
+    const auto back = Dyad_Of_Moving(three, left->moving);
+    ASSERT_TRUE(back);
+    EXPECT_LT(Apart(*back, *left), 1e-9);
+}
+
+TEST_F(Dyads, OfTwoPositionsTurnAsTheyAreTold) {
+    SCOPED_TRACE(Trace());
+    for (int i = 0; i < 1000; ++i) {
+        const Task task = Random_Task(2);
+        const auto carried = design::Carried_Through(task.positions);
+        const Carried two[2] = {carried[0], carried[1]};
+        const double turn = Number(0.2, 3);
+        const auto pivot = Point(3);
+        for (const auto& dyad : {Dyad_Of_Moving(two, pivot, turn), Dyad_Of_Fixed(two, pivot, turn)}) {
+            if (!dyad) continue;
+            const auto second = two[1].Of(dyad->moving) - dyad->fixed;
+            const double reach = std::abs(second);
+            EXPECT_LT(std::abs(second - (dyad->moving - dyad->fixed) * std::polar(1.0, turn)), 1e-9 * (10 + reach));
+        }
+    }
+}
+
+TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
+    SCOPED_TRACE(Trace());
+    int found = 0;
+    for (int i = 0; i < 200; ++i) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(4, known);
+        const Burmester curves(design::Carried_Through(task.positions));
+        double nearest = 1e9;
+        for (const auto& piece : curves.Curves(3600))
+            for (const Dyad& dyad : piece) {
+                nearest = std::min(nearest, Apart(dyad, {known.O2, known.A}));
+                const double size = 10 + std::abs(dyad.fixed - dyad.moving);
+                EXPECT_LT(Off_Circle(task, dyad), 1e-8 * size);
+            }
+        // Pieces have steps, which are long where the curve runs to infinity.
+        found += nearest < 0.2;
+    }
+    EXPECT_GE(found, 195);
+}
+
+TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
+    SCOPED_TRACE(Trace());
+    int both = 0;
+    for (int i = 0; i < 1000; ++i) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(5, known);
+        const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+        EXPECT_LE(dyads.size(), 4U);
+        for (const Dyad& dyad : dyads)
+            EXPECT_LT(Off_Circle(task, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+        both += Nearest(dyads, {known.O2, known.A}) < 1e-4 && Nearest(dyads, {known.O4, known.B}) < 1e-4;
+    }
+    // Where two dyads nearly coincide, the digits of a double do not hold them apart.
+    EXPECT_GE(both, 990);
+}
+
+TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {
+    SCOPED_TRACE(Trace());
+    int even = 0;
+    for (int i = 0; i < 1000; ++i)
+        even += Dyads_Through_Five(design::Carried_Through(Random_Task(5).positions)).size() % 2 == 0;
+    EXPECT_GE(even, 980);
+}
+
+TEST_F(Dyads, WhatIsWrongWithATaskIsSaid) {
+    const auto said = [](std::vector<design::Place> places) {
+        Task task;
+        task.positions = std::move(places);
+        return Trouble_With(task);
+    };
+    EXPECT_EQ(said({{{0, 0}, 0}, {{1, 0}, 10}}), "");
+    EXPECT_EQ(said({{{0, 0}, 0}, {{1, 0}, 10}, {{0, 0}, 360}}),
+              "Positions 1 and 3 coincide: move or turn one of them, or leave it out.");
+    EXPECT_EQ(said({{{0, 0}, 5}, {{1, 1}, 5}, {{3, 3}, 5}}),
+              "The positions lie on a line and do not turn, so that no circle passes through the places of any point: "
+              "turn one of them, or move one off the line.");
+    EXPECT_EQ(said({{{0, 0}, 5}, {{1, 1}, 5}, {{3, 1}, 5}}), "");
+    EXPECT_EQ(said({{{0, 0}, 5}, {{1, 1}, 5}, {{3, 1}, 5}, {{4, 0}, 5}}),
+              "The positions do not turn, so that all points of the body move alike: turn one of them, or give three "
+              "positions.");
+    EXPECT_EQ(
+        said({{{2, 0}, 0}, {{0, 2}, 90}, {{-2, 0}, 180}}),
+        "All positions turn about the one point 0, 0, so that every link has its pivot there: a single joint does "
+        "it. Move or turn one of the positions.");
+    for (const double none : {std::nan(""), std::numeric_limits<double>::infinity(), -1e300}) {
+        const char* words = "Position 2 has a number that is none or too large: give its place and angle anew.";
+        EXPECT_EQ(said({{{2, 0}, 0}, {{none, 2}, 90}}), words);
+        EXPECT_EQ(said({{{2, 0}, 0}, {{1, none}, 90}}), words);
+        EXPECT_EQ(said({{{2, 0}, 0}, {{1, 2}, none}}), words);
+    }
+    EXPECT_EQ(said({{{2, 0}, 0}}), "A task has two to five positions: give more.");
+}
+
+TEST_F(Dyads, PivotsThatAreGivenBeyondWhatIsFreeAreRefused) {
+    Task task;
+    task.positions = {{{0, 0}, 0}, {{1, 0}, 10}, {{2, 1}, 30}};
+    task.left.fixed = {design::Area::Is::kPoints, {}, {}, {{1, 1}}};
+    EXPECT_EQ(Trouble_With(task), "");
+    task.left.moving = task.left.fixed;
+    EXPECT_EQ(
+        Trouble_With(task),
+        "Both pivots of the left link are given as points, which leaves nothing to find: give a rectangle for one "
+        "of them.");
+    task.left.moving = {};
+    task.positions.push_back({{4, 4}, 40});
+    EXPECT_EQ(Trouble_With(task),
+              "With 4 positions a pivot of the left link cannot be given as a point: its places are found. Give a "
+              "rectangle, or three positions.");
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,218 @@
+// Searches: every linkage that is shown does the task, whoever looks.
+#include "design/search.h"
+
+#include <algorithm>
+
+#include "tests/design/follower.h"
+#include "tests/design/tasks.h"
+
+namespace verlink::test {
+
+namespace {
+
+using design::Effort;
+using design::Found;
+using design::Solution;
+using design::Task;
+
+struct Searching : Design {
+    static void Expect_All_Do_It(const Task& task, const Found& found) {
+        const auto places = Absolute_Positions(task);
+        for (const Solution& solution : found.solutions) {
+            const auto& j = solution.judgement;
+            const double way = j.crank[1] > j.crank[0] ? 1 : -1;
+            EXPECT_EQ(Follower(solution.linkage).Through(places, solution.linkage, way), "") << Task_Text(task);
+        }
+    }
+    /// How many linkages 200 tasks get, every fourth without one that is known to do it.
+    std::size_t Shown_For_Random_Tasks(int positions, const Effort& effort) {
+        SCOPED_TRACE(Trace());
+        std::size_t shown = 0;
+        for (int i = 0; i < 200; ++i) {
+            Known known;
+            const Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
+            const Found found = Find(task, effort);
+            Expect_All_Do_It(task, found);
+            shown += found.solutions.size();
+            EXPECT_NE(found.solutions.empty(), found.words.empty());
+        }
+        return shown;
+    }
+    static bool Same(const Found& a, const Found& b) {
+        return a.judged == b.judged && a.counts == b.counts &&
+               std::ranges::equal(a.solutions, b.solutions, [](const Solution& x, const Solution& y) {
+                   return x.linkage.crank == y.linkage.crank && x.linkage.other == y.linkage.other &&
+                          x.judgement.score == y.judgement.score && x.family == y.family;
+               });
+    }
+    static Task Three() {
+        Task task;
+        task.positions = {{{0, 0}, 0}, {{1, 1}, 30}, {{3, 1}, 70}};
+        return task;
+    }
+};
+
+constexpr Effort kCoarse{.best = 20, .threads = 0, .coarse = true};
+
+}  // namespace
+
+TEST_F(Searching, EveryLinkageOfThreePositionsDoesThem) {
+    SCOPED_TRACE(Trace());
+    std::size_t shown = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const Task task = Random_Task(3);
+        const Found found = Find(task, kCoarse);
+        Expect_All_Do_It(task, found);
+        shown += found.solutions.size();
+    }
+    EXPECT_GT(shown, 5000U);
+}
+
+TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(4, kCoarse), 300U); }
+
+TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(5, {}), 100U); }
+
+TEST_F(Searching, WhatADescentFindsDoesItToo) {
+    SCOPED_TRACE(Trace());
+    for (const int positions : {2, 3, 4}) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(positions, known);
+        const Found found = Find(task);
+        Expect_All_Do_It(task, found);
+        const Found coarse = Find(task, kCoarse);
+        if (coarse.solutions.empty()) continue;
+        ASSERT_FALSE(found.solutions.empty());
+        EXPECT_GE(found.solutions[0].judgement.score, coarse.solutions[0].judgement.score);
+    }
+}
+
+TEST_F(Searching, TheLinkageBehindFivePositionsIsFoundAgain) {
+    SCOPED_TRACE(Trace());
+    int good = 0, again = 0;
+    for (int i = 0; i < 200; ++i) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(5, known);
+        const design::FourBar own{{known.O2, known.A}, {known.O4, known.B}, known.P};
+        if (!design::Judge(task).Of(own).Good()) continue;
+        ++good;
+        const Found found = Find(task);
+        again += std::ranges::any_of(found.solutions,
+                                     [&](const Solution& s) { return Apart_As_Driven(s.linkage, own) < 1e-3; });
+    }
+    EXPECT_GT(good, 100);
+    EXPECT_GE(again, good - 2);
+}
+
+TEST_F(Searching, TheListIsTheSameWithAnyNumberOfThreads) {
+    const Task task = Three();
+    for (const bool coarse : {true, false}) {
+        const Found one = Find(task, {.best = 20, .threads = 1, .coarse = coarse});
+        EXPECT_EQ(one.solutions.size(), 20U);
+        for (const int threads : {2, 3, 7})
+            EXPECT_TRUE(Same(one, Find(task, {.best = 20, .threads = threads, .coarse = coarse})));
+    }
+}
+
+TEST_F(Searching, TheListSpansLinkagesThatDiffer) {
+    const Found found = Find(Three());
+    const double near = 0.25 * Span_Of(Three());
+    for (const Solution& a : found.solutions)
+        for (const Solution& b : found.solutions)
+            if (a.family != b.family) {
+                EXPECT_GT(Apart(a.linkage, b.linkage), near);
+            }
+    EXPECT_GE(found.solutions.back().family, 5);
+}
+
+TEST_F(Searching, TwinsStandTogether) {
+    const Found found = Find(Three());
+    int twins = 0;
+    for (std::size_t i = 1; i < found.solutions.size(); ++i) {
+        const Solution &a = found.solutions[i - 1], &b = found.solutions[i];
+        EXPECT_TRUE(b.family == a.family || b.family == a.family + 1);
+        if (b.family != a.family) continue;
+        EXPECT_TRUE(Twins(a.linkage, b.linkage, 1e-6) || Cognates(a.linkage, b.linkage, 1e-6));
+        EXPECT_GE(a.judgement.score, b.judgement.score);
+        ++twins;
+    }
+    EXPECT_GT(twins, 0);
+}
+
+TEST_F(Searching, CognatesAreKnown) {
+    // The curve's point in place, both others by Roberts' diagram: sides of the parallelograms and similar triangles.
+    const design::FourBar own{{{0, 0}, {0.5, 1}}, {{4, 0}, {3.5, 2.5}}, {2, 3.5}};
+    const auto A = own.crank.moving, B = own.other.moving, P = own.coupler, O2 = own.crank.fixed;
+    const auto ratio = (P - A) / (B - A), third = O2 + ratio * (own.other.fixed - O2);
+    const design::FourBar cognate{{O2, O2 + P - A}, {third, O2 + P - A + ratio * (A - O2)}, P};
+    EXPECT_TRUE(Cognates(own, cognate, 1e-9));
+    EXPECT_TRUE(Cognates(cognate, own, 1e-9));
+    design::FourBar other = cognate;
+    other.other.moving += 0.01;
+    EXPECT_FALSE(Cognates(own, other, 1e-3));
+}
+
+TEST_F(Searching, LimitsHoldForAllThatIsShown) {
+    Task task = Three();
+    task.left.fixed = {design::Area::Is::kWithin, {-3, 0}, {3, 6}, {}};
+    task.right.fixed = {design::Area::Is::kPoints, {}, {}, {{1, 3}, {2, 4}}};
+    task.shortest = 1;
+    task.longest = 6;
+    task.transmission = 30;
+    task.drive = design::Drive::kLeft;
+    const Found found = Find(task);
+    ASSERT_FALSE(found.solutions.empty()) << found.words;
+    Expect_All_Do_It(task, found);
+    for (const Solution& s : found.solutions) {
+        EXPECT_TRUE(s.linkage.crank_is_left);
+        EXPECT_TRUE(task.left.fixed.Holds(s.linkage.crank.fixed));
+        EXPECT_TRUE(task.right.fixed.Holds(s.linkage.other.fixed));
+        EXPECT_GE(s.judgement.transmission, 30);
+        const Links links = Links_Of(s.linkage);
+        for (const double length : {links.L1, links.L2, links.L3, links.L4}) {
+            EXPECT_GE(length, 1 - 1e-6);
+            EXPECT_LE(length, 6 + 1e-6);
+        }
+    }
+}
+
+TEST_F(Searching, StoppingKeepsWhatIsThere) {
+    int told = 0;
+    double last = 0;
+    bool rising = true;
+    const Found found = Find(Three(), {}, [&](double part, const Found* so_far) {
+        rising = rising && part >= last;
+        last = part;
+        return !so_far || ++told < 3;
+    });
+    EXPECT_TRUE(found.stopped);
+    EXPECT_TRUE(rising);
+    EXPECT_FALSE(found.solutions.empty());
+    const Found nothing = Find(Three(), {}, [](double, const Found*) { return false; });
+    EXPECT_TRUE(nothing.stopped);
+}
+
+TEST_F(Searching, WhereNothingDoesItTheMostFrequentReasonIsSaid) {
+    Task task = Three();
+    task.transmission = 89.5;
+    EXPECT_EQ(Find(task, kCoarse).words.find("None of "), 0U);
+    task.transmission = 0;
+    task.longest = 0.01;
+    EXPECT_EQ(
+        Find(task).words,
+        "No dyad of the left link lies within its limits: widen the places of its pivots, or allow other lengths.");
+    task = Three();
+    task.positions = {{{0, 0}, 0}, {{1, 1}, 0}, {{2, 2}, 0}};
+    EXPECT_EQ(Find(task).words.find("The positions lie on a line"), 0U);
+}
+
+TEST_F(Searching, SmallAndLargeTasksAreTheSame) {
+    for (const double scale : {1e-4, 1e5}) {
+        Task task = Three();
+        for (auto& place : task.positions) place.at *= scale;
+        const Found found = Find(task, kCoarse);
+        EXPECT_FALSE(found.solutions.empty());
+        Expect_All_Do_It(task, found);
+    }
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,94 @@
+// Drawings as DXF: what other programs find in them.
+#include "files/dxf.h"
+
+#include <cmath>
+
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
+#include "tests/support/fixture.h"
+#include "tests/support/foreign.h"
+
+namespace verlink::test {
+
+namespace {
+
+using Spot = Dxf::Spot;
+using Numbers = std::vector<double>;
+
+class Drawings : public Fixture {
+   protected:
+    Dxf_Read Written(const Dxf& drawing) {
+        platform::Write_File(Path("a.dxf"), drawing.Content());
+        return Read_Dxf(Path("a.dxf"));
+    }
+    Dxf dxf{Dxf_Unit::kMillimetre, "press", 0.5};
+};
+
+}  // namespace
+
+TEST_F(Drawings, Hold_lines_circles_points_and_paths_on_their_layers) {
+    dxf.Layer("LINKS", 5);
+    dxf.Line({1, 2}, {-3.25, 4});
+    dxf.Circle({0.5, -1}, 2.5);
+    dxf.Layer("CURVE", 6);
+    dxf.Path({Spot(0, 0), Spot(1, 0.125), Spot(2, 3)});
+    dxf.Point({7, 8});
+    const Dxf_Read read = Written(dxf);
+    EXPECT_EQ(read.unit, "unit 4 AC1009");
+    ASSERT_EQ(read.entities.size(), 4U);
+    const auto links = read.On("LINKS"), curve = read.On("CURVE");
+    ASSERT_EQ(links.size(), 2U);
+    EXPECT_EQ(links[0].kind, "LINE");
+    EXPECT_EQ(links[0].numbers, (Numbers{1, 2, -3.25, 4}));
+    EXPECT_EQ(links[1].kind, "CIRCLE");
+    EXPECT_EQ(links[1].numbers, (Numbers{0.5, -1, 2.5}));
+    EXPECT_EQ(curve[0].kind, "POLYLINE");
+    EXPECT_EQ(curve[0].numbers, (Numbers{0, 0, 0, 1, 0.125, 2, 3})) << "open";
+    EXPECT_EQ(curve[1].kind, "POINT");
+    EXPECT_EQ(curve[1].numbers, (Numbers{7, 8}));
+}
+
+TEST_F(Drawings, Are_in_inches_where_that_is_the_unit) {
+    EXPECT_EQ(Written(Dxf(Dxf_Unit::kInch, "", 1)).unit, "unit 1 AC1009");
+}
+
+TEST_F(Drawings, Close_a_path_that_comes_back_to_its_start) {
+    dxf.Layer("CURVE", 6);
+    dxf.Path({Spot(0, 0), Spot(1, 0), Spot(1, 1), Spot(1e-7, 0)});
+    const Dxf_Read read = Written(dxf);
+    ASSERT_EQ(read.entities.size(), 1U);
+    EXPECT_EQ(read.entities[0].numbers, (Numbers{1, 0, 0, 1, 0, 1, 1}));
+}
+
+TEST_F(Drawings, Have_no_path_of_one_point) {
+    dxf.Layer("CURVE", 6);
+    dxf.Path({Spot(1, 1)});
+    dxf.Path({});
+    EXPECT_TRUE(Written(dxf).entities.empty());
+}
+
+TEST_F(Drawings, Keep_eight_decimals_and_no_exponents) {
+    dxf.Layer("P", 1);
+    dxf.Point({1e-9, -1234567.123456789});
+    dxf.Point({-1e-12, 1e14});
+    const std::string content = dxf.Content();
+    EXPECT_NE(content.find("10\r\n0.0\r\n20\r\n-1234567.12345679\r\n"), std::string::npos) << content;
+    EXPECT_NE(content.find("10\r\n0.0\r\n20\r\n100000000000000.0\r\n"), std::string::npos) << content;
+}
+
+TEST_F(Drawings, Refuse_what_is_no_number) {
+    dxf.Layer("P", 1);
+    for (const double bad : {std::nan(""), HUGE_VAL, 1e16}) {
+        const auto failure = What_Failed([&] { dxf.Point({bad, 0}); });
+        ASSERT_TRUE(failure);
+        EXPECT_EQ(failure->Number(), platform::kOverflow);
+    }
+}
+
+TEST_F(Drawings, Name_their_model_and_unit_in_plain_letters) {
+    const std::string content = Dxf(Dxf_Unit::kInch, "pr\xC3\xA4zis\nx", 1).Content();
+    EXPECT_TRUE(content.starts_with("999\r\npr??zis?x\r\n999\r\nLengths are in inches\r\n")) << content.substr(0, 80);
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,232 @@
+// Tables for spreadsheets: as text, and as workbooks that other programs read.
+#include "files/sheet.h"
+
+#include <sys/resource.h>
+
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+
+#include "files/table_files.h"
+#include "files/whole_zip.h"
+#include "platform/file_system.h"
+#include "platform/guard.h"
+#include "platform/pictures.h"
+#include "platform/settings.h"
+#include "tests/support/fixture.h"
+#include "tests/support/foreign.h"
+
+namespace verlink::test {
+
+namespace {
+
+Sheet A_Sheet() {
+    return {.name = "Table",
+            .columns = {{.name = "Crank", .component = "Angle", .unit = "deg", .values = {0, 90, 180}, .decimals = 1},
+                        {.name = "Veloc I 2,3",
+                         .component = "X",
+                         .unit = "in/sec",
+                         .values = {0.1, std::nan(""), -1234.5678},
+                         .least = -1234.5678,
+                         .mean = -4.5,
+                         .most = 0.1,
+                         .decimals = 2}},
+            .statistics = true};
+}
+
+const std::vector<Sheet_Fact> kModel = {{"Model", std::string("press & \"die\""), ""}, {"Link 2", 2.5, "in"}};
+
+class Sheets : public Fixture {
+   protected:
+    Xlsx_Read Written(const std::string& book) {
+        platform::Write_File(Path("a.xlsx"), book);
+        return Read_Xlsx(Path("a.xlsx"));
+    }
+    static void Take_Entry(int entry) {
+        platform::The_Settings().Put(platform::Entry_Setting("table"), std::to_string(entry));
+    }
+    Table_To_Save Table(int every) {
+        return {.sheet =
+                    [this](int rows) {
+                        asked = rows;
+                        return A_Sheet();
+                    },
+                .every = every,
+                .model = kModel,
+                .author = "Ada",
+                .name = "press_table"};
+    }
+    int asked = 0;
+};
+
+}  // namespace
+
+TEST_F(Sheets, Have_the_shortest_decimal_that_is_the_stored_number) {
+    EXPECT_EQ(Decimal_Of(0.1), 0.1);
+    EXPECT_EQ(Decimal_Of(1e-38), 1e-38);
+    EXPECT_EQ(Decimal_Of(-16777217.0), -16777216.0);
+    for (const float value : {1.0F / 3, 2.0F / 3, 1e10F / 7, -5.4321e-12F})
+        EXPECT_EQ(static_cast<float>(Decimal_Of(value)), value);
+}
+
+TEST_F(Sheets, Are_text_with_one_head_a_column_and_all_digits) {
+    EXPECT_EQ(Separated_Text(A_Sheet(), ','),
+              "Crank Angle (deg),\"Veloc I 2,3 X (in/sec)\"\r\n0,0.1\r\n90,\r\n180,-1234.5678\r\n");
+    EXPECT_EQ(Separated_Text(A_Sheet(), '\t'),
+              "Crank Angle (deg)\tVeloc I 2,3 X (in/sec)\r\n0\t0.1\r\n90\t\r\n180\t-1234.5678\r\n");
+}
+
+TEST_F(Sheets, Are_workbooks_with_numbers_frozen_heads_statistics_and_the_model) {
+    const Xlsx_Read read = Written(Workbook(A_Sheet(), kModel, "Ada"));
+    EXPECT_EQ(read.sheets, (std::vector<std::string>{"Table B7", "Model None"}));
+    const std::map<std::string, std::string> texts = {{"Table!A1", "Crank"},
+                                                      {"Table!B1", "Veloc I 2,3"},
+                                                      {"Table!A2", "Angle"},
+                                                      {"Table!B2", "X"},
+                                                      {"Table!A3", "deg"},
+                                                      {"Table!B3", "in/sec"},
+                                                      {"Table!A4", "Min"},
+                                                      {"Table!A5", "Avg"},
+                                                      {"Table!A6", "Max"},
+                                                      {"Model!A1", "Model"},
+                                                      {"Model!B1", "press & \"die\""},
+                                                      {"Model!A2", "Link 2"},
+                                                      {"Model!C2", "in"}};
+    EXPECT_EQ(read.texts, texts);
+    const std::map<std::string, double> numbers = {
+        {"Table!B4", -1234.5678}, {"Table!B5", -4.5}, {"Table!B6", 0.1},        {"Table!A7", 0},  {"Table!A8", 90},
+        {"Table!A9", 180},        {"Table!B7", 0.1},  {"Table!B9", -1234.5678}, {"Model!B2", 2.5}};
+    EXPECT_EQ(read.numbers, numbers) << "a cell that has no number is empty";
+    EXPECT_EQ(read.formats.at("Table!A8"), "0.0");
+    EXPECT_EQ(read.formats.at("Table!B7"), "0.00");
+}
+
+TEST_F(Sheets, Are_read_by_a_spreadsheet_program_number_by_number) {
+    Sheet sheet{
+        .name = "Table",
+        .columns = {{.name = "Step", .component = "", .unit = ""}, {.name = "Value", .component = "", .unit = "in"}}};
+    for (int i = 0; i < 500; ++i) {
+        sheet.columns[0].values.push_back(i);
+        sheet.columns[1].values.push_back(Decimal_Of(std::sin(i) * std::pow(10, i % 13 - 6)));
+    }
+    platform::Write_File(Path("a.xlsx"), Workbook(sheet, {}, ""));
+    Said_By("ssconvert --export-type=Gnumeric_stf:stf_assistant -O 'format=raw separator=,' '" + Path("a.xlsx") +
+            "' '" + Path("a.txt") + "' 2>&1");
+    std::istringstream lines(platform::Read_File(Path("a.txt")));
+    std::string line;
+    for (int head = 0; head < 3; ++head) std::getline(lines, line);
+    for (std::size_t i = 0; i < 500; ++i) {
+        ASSERT_TRUE(std::getline(lines, line));
+        EXPECT_EQ(std::stod(line), sheet.columns[0].values[i]);
+        EXPECT_EQ(std::stod(line.substr(line.find(',') + 1)), sheet.columns[1].values[i]) << line;
+    }
+}
+
+TEST_F(Sheets, Take_words_of_any_bytes) {
+    const Xlsx_Read read =
+        Written(Workbook(A_Sheet(), {{"Model", std::string("\xFF<a>\x01 gr\xC3\xB6\xC3"), ""}}, "\xE9ve"));
+    EXPECT_EQ(read.texts.at("Model!B1"), "?<a>? gr\xC3\xB6?");
+    EXPECT_EQ(Written(Workbook(A_Sheet(), {{"Model", std::string(50000, 'x'), ""}}, "")).texts.at("Model!B1").size(),
+              4000U);
+}
+
+TEST_F(Sheets, Leave_nothing_of_their_making) {
+    const std::string folder = Path("workshop");
+    ASSERT_TRUE(platform::Make_Folder(folder));
+    ::setenv("TMPDIR", folder.c_str(), 1);
+    Workbook(A_Sheet(), kModel, "Ada");
+    ::unsetenv("TMPDIR");
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST_F(Sheets, Are_refused_where_there_is_no_room_to_make_them) {
+    Sheet sheet = A_Sheet();
+    sheet.columns[1].values.assign(3000, 1.0 / 3);
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    for (const rlim_t room : {rlim_t{0}, rlim_t{600}, rlim_t{20000}, rlim_t{100000}}) {
+        SCOPED_TRACE(room);
+        rlimit small = limit;
+        small.rlim_cur = room;
+        setrlimit(RLIMIT_FSIZE, &small);
+        const auto failure = What_Failed([&] { Workbook(sheet, kModel, "Ada"); });
+        setrlimit(RLIMIT_FSIZE, &limit);
+        EXPECT_TRUE(failure);
+    }
+    std::signal(SIGXFSZ, before);
+    EXPECT_FALSE(What_Failed([&] { Workbook(sheet, kModel, "Ada"); }));
+}
+
+TEST_F(Sheets, Are_whole_only_with_each_byte_in_its_place) {
+    const std::string book = Workbook(A_Sheet(), kModel, "Ada");
+    EXPECT_TRUE(Is_Whole_Zip_Of_Xml(book));
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml(book.substr(0, book.size() - 1)));
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml(book.substr(1)));
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml({}));
+    // Within what was packed of the first entry.
+    for (std::size_t at = 80; at < 120; ++at) {
+        std::string broken = book;
+        broken[at] = static_cast<char>(broken[at] ^ 0x55);
+        EXPECT_FALSE(Is_Whole_Zip_Of_Xml(broken)) << at;
+    }
+}
+
+TEST_F(Sheets, Are_offered_as_three_kinds_with_every_step_and_every_so_many) {
+    desktop.Expect_Save({});
+    Save_Table(Table(10));
+    ASSERT_EQ(desktop.Dialogs.size(), 1U);
+    const platform::FileDialog& dialog = desktop.Dialogs[0];
+    EXPECT_EQ(dialog.title, "Save table");
+    EXPECT_EQ(dialog.filter,
+              "Spreadsheet, every step|*.xlsx|Spreadsheet, every 10th step|*.xlsx|"
+              "Comma-separated text, every step|*.csv|Comma-separated text, every 10th step|*.csv|"
+              "Tab-separated text, every step|*.txt|Tab-separated text, every 10th step|*.txt|");
+    EXPECT_EQ(dialog.file_name, "press_table.xlsx");
+    EXPECT_EQ(dialog.filter_index, 1);
+    EXPECT_EQ(dialog.kind, "table");
+    EXPECT_TRUE(dialog.warn_before_overwriting);
+    EXPECT_EQ(asked, 0) << "nothing is made for nobody";
+    EXPECT_EQ(Table_Filter(1), "Spreadsheet|*.xlsx|Comma-separated text|*.csv|Tab-separated text|*.txt|");
+    EXPECT_NE(Table_Filter(2).find("every 2nd step"), std::string::npos);
+    EXPECT_NE(Table_Filter(3).find("every 3rd step"), std::string::npos);
+    EXPECT_NE(Table_Filter(21).find("every 21st step"), std::string::npos);
+    EXPECT_NE(Table_Filter(12).find("every 12th step"), std::string::npos);
+}
+
+TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
+    struct Choice {
+        int entry;
+        const char* name;
+        int rows;
+        const char* begins;
+    };
+    for (const Choice& choice :
+         {Choice{1, "a.xlsx", 1, "PK"}, Choice{2, "b.xlsx", 10, "PK"}, Choice{3, "c.csv", 1, "Crank Angle (deg),"},
+          Choice{4, "d.CSV", 10, "Crank Angle (deg),"}, Choice{6, "e.txt", 10, "Crank Angle (deg)\t"},
+          Choice{1, "f.tsv", 1, "Crank Angle (deg)\t"}}) {
+        SCOPED_TRACE(choice.name);
+        Take_Entry(choice.entry);
+        desktop.Expect_Save(Path(choice.name));
+        Save_Table(Table(10));
+        EXPECT_EQ(asked, choice.rows);
+        EXPECT_TRUE(platform::Read_File(Path(choice.name)).starts_with(choice.begins));
+    }
+    Take_Entry(4);
+    desktop.Expect_Save({});
+    Save_Table(Table(10));
+    EXPECT_EQ(desktop.Dialogs.back().file_name, "press_table.csv") << "what was taken last is offered";
+    desktop.Expect_Save(Path("g.csv"));
+    Save_Table(Table(1));
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(Sheets, That_cannot_be_written_are_told_with_the_reason) {
+    desktop.Expect_Save(Path("nowhere/a.csv"));
+    desktop.Expect_Message("The table could not be written to " + Path("nowhere/a.csv") + ".\r\nThere is no folder " +
+                               Path("nowhere") + ".",
+                           platform::Answer::kOk, platform::Icon::kExclamation);
+    Save_Table(Table(1));
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,174 @@
+// The numbers of a report are those of the screens: same texts, same rounding, same units.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "core/classification.h"
+#include "output/cartesian.h"
+#include "output/plot_windows.h"
+#include "screens/frm_cayley.h"
+#include "screens/frm_inputnew.h"
+#include "screens/frm_massprop.h"
+#include "screens/frm_myplot2.h"
+#include "tests/report/report_fixture.h"
+
+namespace verlink::test {
+
+using Texts = std::vector<std::string>;
+
+TEST_F(Reports, TheLinkageIsThatOfTheInputScreen) {
+    Make_The_Press();
+    const Report report = Made();
+    auto& input = dynamic_cast<frm_Inputnew&>(platform::Screens::Get("frm_Inputnew"));
+    Inside(input, [&] {
+        const auto box = [&](int index) { return input.txt_Linkout[index].Text.Get(); };
+        const auto length = [&](int index, int unit) { return Texts{box(index), input.lbl_Units[unit].Caption}; };
+        EXPECT_EQ(input.lbl_Units[1].Caption, "mm");
+        EXPECT_EQ(Row_Of(report, Chapter::kModel, "Link 1 (Ground)"), length(0, 0));
+        for (const int link : {1, 2, 3, 4})
+            EXPECT_EQ(Row_Of(report, Chapter::kModel, input.lbl_Link[link].Caption), length(link, link));
+        EXPECT_EQ(Row_Of(report, Chapter::kModel, input.lbl_Link[5].Caption), (Texts{box(5), "deg"}));
+        EXPECT_EQ(Row_Of(report, Chapter::kModel, "Angle of Link 1"), (Texts{box(6), "deg"}));
+        EXPECT_EQ(box(6), "30");
+        EXPECT_EQ(Row_Of(report, Chapter::kModel, "Pivot O4, x"), length(15, 11));
+        EXPECT_EQ(Row_Of(report, Chapter::kModel, "Pivot O4, y"), length(16, 12));
+        for (int limit = 0; limit <= 3; ++limit)
+            EXPECT_EQ(Row_Of(report, Chapter::kModel, input.lbl_Initial[limit].Caption),
+                      (Texts{input.txt_initial[limit].Text, input.lbl_Unit[limit].Caption}));
+        EXPECT_EQ(Row_Of(report, Chapter::kClass, "Grashof Condition"), Texts{input.lbl_Grashof.Caption});
+    });
+}
+
+TEST_F(Reports, TheToggleAngleIsThatOfTheInputScreen) {
+    Model.L2 = 3;
+    Model.L3 = 2;
+    Model.L4 = 2.5;
+    Model.L1 = 4;
+    Model.PolarCoords = true;
+    Turn_Ground(30);
+    By_Angle(30, 60, 10);
+    const Report report = Made();
+    ASSERT_EQ(Model.Grashof_Code, "N");
+    auto& input = dynamic_cast<frm_Inputnew&>(platform::Screens::Get("frm_Inputnew"));
+    Toggle();
+    EXPECT_EQ(Row_Of(report, Chapter::kClass, "Toggles at +/-"),
+              Texts{input.lbl_Toggle[0].Caption.Get() + " " + input.lbl_Toggle[1].Caption.Get()});
+    EXPECT_EQ(input.lbl_Toggle[1].Caption, "deg to link 1");
+}
+
+TEST_F(Reports, MassesAndLoadsAreThoseOfTheDynamicsScreen) {
+    Make_The_Press();
+    const Report report = Made();
+    auto& form = dynamic_cast<frm_MassProp&>(platform::Screens::Get("frm_MassProp"));
+    Inside(form, [&] {
+        const auto row = [&](const std::string& name, auto& boxes, const std::string& unit) {
+            const Texts found = Row_Of(report, Chapter::kModel, name);
+            ASSERT_EQ(found.size(), 4U) << name;
+            for (int link = 2; link <= 4; ++link) {
+                if (!boxes[link].Enabled) continue;
+                EXPECT_EQ(found[static_cast<std::size_t>(link - 2)], boxes[link].Text.Get()) << name;
+                EXPECT_FALSE(boxes[link].Text.Get().empty()) << name;
+            }
+            EXPECT_EQ(found[3], unit) << name;
+        };
+        const auto caption = [](const platform::Label& label) { return label.Caption.Get(); };
+        row("Mass of Link", form.txt_Mass, caption(form.lbl_MassUnit));
+        row("Mass Moment of Inertia about CG", form.txt_Inertia, caption(form.lbl_InertiaUnit));
+        row("Distance to CG from Pivot", form.txt_DistCG, caption(form.Lbl_DistUnit[1]));
+        row("Angle to CG in LRCS", form.txt_AngCG, caption(form.lbl_AngUnit[1]));
+        row("Force Magnitude", form.txt_MagForce, caption(form.lbl_ForceUnit[1]));
+        row("Angle of Force in GCS", form.txt_AngForce, caption(form.lbl_AngUnit[2]));
+        row("Distance to Force Point from CG", form.txt_DistP, caption(form.Lbl_DistUnit[2]));
+        row("Angle to Force Point in LRCS", form.txt_AngP, caption(form.lbl_AngUnit[3]));
+        row("Torque on Link", form.txt_Torque, caption(form.lbl_TorqueUnit));
+        row("Friction Force on Link", form.txt_Frict, caption(form.lbl_ForceUnit[2]));
+    });
+}
+
+TEST_F(Reports, CounterweightsAndPulsesAreThoseOfTheBalancingScreen) {
+    Make_The_Press();
+    const Report report = Made();
+    Inside(balance, [&] {
+        const auto both = [](const std::string& two, const std::string& four, const std::string& unit) {
+            return Texts{two, four, unit};
+        };
+        const std::string product = balance.lbl_MRUnit.begin()->get()->Caption;
+        EXPECT_EQ(Row_Of(report, Chapter::kBalance, "MR product needed"),
+                  both(balance.lbl_MR2.Caption, balance.lbl_MR4.Caption, product));
+        EXPECT_EQ(
+            Row_Of(report, Chapter::kBalance, "at angle"),
+            both(balance.lbl_Ang2.Caption, balance.lbl_Ang4.Caption, balance.lbl_AngUnit.begin()->get()->Caption));
+        EXPECT_EQ(Row_Of(report, Chapter::kBalance, "Mass"),
+                  both(balance.txt_BerkMass[2].Text, balance.txt_BerkMass[4].Text, balance.lbl_Unit[0].Caption));
+        EXPECT_EQ(Row_Of(report, Chapter::kBalance, "Radius"),
+                  both(balance.txt_Radius[2].Text, balance.txt_Radius[4].Text, balance.lbl_Unit[1].Caption));
+        EXPECT_EQ(Row_Of(report, Chapter::kBalance, "MR product"),
+                  both(balance.txt_MRproduct[2].Text, balance.txt_MRproduct[4].Text, product));
+        Press(balance, "cmd_Calc");
+        const std::vector<std::string>& lines = balance.pct_Pict1.Lines;
+        // "    1   12.3      -4.5 "
+        int pulses = 0;
+        for (const std::string& line : lines) {
+            std::istringstream words(line);
+            std::string order, first, second, more;
+            if (!(words >> order >> first >> second) || words >> more || order.size() > 2 ||
+                first.find_first_not_of("-.0123456789") != std::string::npos)
+                continue;
+            ++pulses;
+            EXPECT_EQ(Row_Of(report, Chapter::kFlywheel, order), (Texts{first, second})) << line;
+        }
+        EXPECT_GT(pulses, 0);
+        EXPECT_TRUE(Row_Of(report, Chapter::kFlywheel, std::to_string(pulses + 1)).empty());
+    });
+}
+
+TEST_F(Reports, ExtremesAreThoseOfTheWindowsOfPlots) {
+    Make_The_Press();
+    const std::vector<Output_Function> functions{{"Veloc CP", "Mag", false},  {"Accel CP", "X", false},
+                                                 {"Trans Ang", "", false},    {"Torque 12", "", false},
+                                                 {"F Shaking", "Ang", false}, {"F Shk Balcd", "Y", false}};
+    const Report report = Made(functions);
+    Model.CoordSystem = 0;
+    Model.SmallValue = 0.0001;
+    auto& plot = dynamic_cast<frm_Myplot2&>(platform::Screens::Get("frm_Myplot2"));
+    struct Chosen : platform::Screen {
+        Chosen() : Screen("frm_Chosen") {}
+        platform::ControlArray<platform::Label> lbl_Function{*this, "lbl_Function", {0, 1, 2, 3}};
+        platform::ControlArray<platform::Label> lbl_Component{*this, "lbl_Component", {0, 1, 2, 3}};
+    } chosen;
+    for (const Output_Function& function : functions) {
+        for (const int slot : {1, 2}) {
+            Select_Variable(function.variable, slot);
+            Set_Component(function.component, slot);
+        }
+        MyPlot(plot, chosen, 2);
+        const Texts found = Row_Of(report, Chapter::kPlots, Words_Of(function));
+        ASSERT_EQ(found.size(), 7U) << Words_Of(function);
+        EXPECT_EQ(found[0], plot.lbl_Min[0].Caption.Get()) << Words_Of(function);
+        EXPECT_EQ(found[3], plot.lbl_Max[0].Caption.Get()) << Words_Of(function);
+        EXPECT_EQ(found[5], plot.lbl_Peak[0].Caption.Get()) << Words_Of(function);
+        // The window has no room for the word.
+        const std::string unit = plot.pnl_PlotUnits[0].Caption;
+        EXPECT_EQ(found[6], unit == "Deg" ? "degrees" : unit) << Words_Of(function);
+    }
+}
+
+TEST_F(Reports, CognatesAreThoseOfTheirScreen) {
+    Make_The_Press();
+    const Report report = Made();
+    auto& form = dynamic_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
+    Inside(form, [&] {
+        for (int cognate = 0; cognate <= 2; ++cognate) {
+            Choose_Option(form, "opt_Cognate", cognate);
+            const auto found = [&](const std::string& name) {
+                const Texts row = Row_Of(report, Chapter::kCognates, name);
+                return row.size() == 4 ? row[static_cast<std::size_t>(cognate)] : "";
+            };
+            const char* names[] = {"Link 1 (Ground)", "Link 2 (Crank)",     "Link 3 (Coupler)",
+                                   "Link 4 (Rocker)", "Dist to Coupler Pt", "Angle to Coupler Pt"};
+            for (int i = 0; i < 6; ++i) EXPECT_EQ(found(names[i]), form.txt_Linkout[i].Text.Get()) << names[i];
+        }
+    });
+}
+
+}  // namespace verlink::test

@@ -1,0 +1,181 @@
+// A study beside: the same numbers as one by one, whatever the threads; stopped, it has what is there.
+#include "study/aside.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <thread>
+
+#include "study/drawing.h"
+#include "study/words.h"
+
+namespace verlink::study {
+
+namespace {
+
+Design Crank_Rocker() {
+    Design d;
+    d.PolarCoords = true;
+    d.L1 = 4, d.L2 = 1, d.L3 = 3.5, d.L4 = 3, d.Rpa = 2.5, d.Delta = 20, d.Link1Angle = 10;
+    d.CircuitIndex = 1;
+    d.CircuitSign = -1;
+    d.Calctype = 3;
+    d.ThetaStart = 0, d.ThetaEnd = 360, d.ThetaStep = 10;
+    d.ThetaEndRad = 360 * kDegToRad;
+    d.ThetaStepRad = 10 * kDegToRad;
+    d.Omega2Input = 7;
+    EXPECT_EQ(Take_Limits(d), "");
+    EXPECT_EQ(int{d.NSteps}, 36);
+    return d;
+}
+
+Study Study_In(const Words& words, const Design& design = Crank_Rocker()) {
+    std::string fault;
+    auto study = Study_Of(words, design, fault);
+    EXPECT_TRUE(study) << fault;
+    return study.value();
+}
+
+Findings To_The_End(Aside& aside) {
+    Findings found;
+    while (!(found = aside.Look()).ended) std::this_thread::yield();
+    return found;
+}
+
+TEST(Aside, FindsWhatAWorkerFindsOneByOne) {
+    Words words;
+    words.sweeps = {"L2=0.5:2:17", "Delta=0:90:9"};
+    words.measures = {"max Theta4"};
+    words.keeps = {"min Trans Ang > 40"};
+    for (const int threads : {1, 3}) {
+        Aside aside;
+        aside.Begin(Study_In(words), threads);
+        const Findings found = To_The_End(aside);
+        EXPECT_FALSE(aside.Runs());
+        EXPECT_TRUE(found.Whole());
+        ASSERT_EQ(found.values.size(), 17U * 9U);
+        const Bench bench(Study_In(words));
+        Worker worker(bench);
+        std::vector<float> fields(2), measures(1);
+        Number kept = 0;
+        for (Number linkage = 0; linkage < found.all; ++linkage) {
+            const bool keeps = worker.Solve(linkage, fields, measures);
+            kept += keeps ? 1 : 0;
+            if (keeps)
+                EXPECT_EQ(found.values[linkage], measures[0]);
+            else
+                EXPECT_TRUE(Is_None(found.values[linkage]));
+            EXPECT_EQ(aside.Values_Of(linkage), fields);
+        }
+        EXPECT_EQ(found.summary.kept, kept);
+        EXPECT_LT(kept, found.all);
+    }
+}
+
+TEST(Aside, ASpeedOfAPinIsItsRadiusTimesThatOfTheCrank) {
+    Words words;
+    words.tolerances = {"L2=0.03:uniform"};
+    words.measures = {"max Veloc I 2,3:Mag"};
+    words.samples = 20000;
+    Aside aside;
+    aside.Begin(Study_In(words), 2);
+    const Findings found = To_The_End(aside);
+    EXPECT_NEAR(found.nominal[0], 7, 1e-5);
+    const Tally& tally = found.summary.measures[0];
+    const double sigma = 7 * 0.03 / std::sqrt(3.0), error = sigma / std::sqrt(20000.0);
+    EXPECT_NEAR(tally.Mean(), 7, 5 * error);
+    EXPECT_NEAR(tally.Deviation(), sigma, 5 * error);
+    EXPECT_NEAR(found.sensitivities[0][0].derivative, 7, 1e-3);
+    EXPECT_FLOAT_EQ(found.sensitivities[0][0].share, 1);
+    EXPECT_TRUE(found.values.empty());
+}
+
+TEST(Aside, StoppedItHasWhatIsThereAndCanBeginAnew) {
+    Words words;
+    words.tolerances = {"L2=0.01", "L3=0.01"};
+    words.measures = {"min Trans Ang"};
+    words.samples = 1ULL << 50U;
+    Aside aside;
+    aside.Begin(Study_In(words), 2);
+    while (aside.Look().done == 0) std::this_thread::yield();
+    aside.Stop();
+    const Findings found = To_The_End(aside);
+    EXPECT_GT(found.done, 0U);
+    EXPECT_LT(found.done, found.all);
+    EXPECT_EQ(found.summary.kept, found.done);
+    words.samples = 10;
+    aside.Begin(Study_In(words), 2);
+    EXPECT_EQ(To_The_End(aside).done, 10U);
+    aside.Begin(Study_In(words), 2);  // and is waited for as it goes
+}
+
+TEST(Aside, TheCloudHasTheCouplerPointOfTheFirstLinkages) {
+    Words words;
+    words.tolerances = {"L2=0.02:worst", "Rpa=0.05:worst"};
+    words.measures = {"closes"};
+    Aside aside;
+    aside.Begin(Study_In(words), 1);
+    To_The_End(aside);
+    const auto cloud = aside.Cloud_At(5);
+    ASSERT_EQ(cloud.size(), 4U);
+    for (const Cloud_Point& point : cloud) {
+        std::vector<float> fields, measures;
+        ASSERT_TRUE(aside.Solve(point.linkage, fields, measures));
+        Design design = Crank_Rocker();
+        design.L2 = fields[0];
+        design.Rpa = fields[1];
+        const Joints joints = Mechanism(design).At(5).value();
+        EXPECT_NEAR(point.x, joints.P.real(), 1e-6);
+        EXPECT_NEAR(point.y, joints.P.imag(), 1e-6);
+        // By vectors: the crank, and from its pin along the coupler.
+        const Spot A = std::polar(double{fields[0]}, 50 * kDegToRad);
+        EXPECT_NEAR(std::abs(joints.A - A), 0, 1e-5);
+        EXPECT_NEAR(std::abs(joints.P - joints.A), fields[1], 1e-5);
+        EXPECT_NEAR(std::arg((joints.P - joints.A) / (joints.B - joints.A)), 20 * kDegToRad, 1e-5);
+        EXPECT_NEAR(std::abs(joints.O4 - std::polar(4.0, 10 * kDegToRad)), 0, 1e-5);
+        EXPECT_NEAR(std::abs(joints.B - joints.O4), 3, 1e-5);
+    }
+}
+
+TEST(Aside, ACloudIsDrawnLargeEnoughAndPickedWhereItIsDrawn) {
+    const Window window{{-5, -5}, {5, 5}};
+    const std::vector<Cloud_Point> cloud{{1.01, 2, 4}, {1, 1.98, 9}};
+    const Spot nominal(1, 2);
+    const double enlarged = Enlargement(cloud, nominal, window);
+    EXPECT_DOUBLE_EQ(enlarged, 50);
+    EXPECT_EQ(Nearest_In(cloud, nominal, enlarged, {1.4, 2}), 4U);
+    EXPECT_EQ(Nearest_In(cloud, nominal, enlarged, {1, 1.2}), 9U);
+    EXPECT_DOUBLE_EQ(Enlargement({{9, 9, 0}}, nominal, window), 1);
+    EXPECT_DOUBLE_EQ(Enlargement({{1, 2, 0}}, nominal, window), 1);
+}
+
+TEST(Limits, OfARunAreTakenOrRefused) {
+    Design d = Crank_Rocker();
+    d.ThetaEnd = -10;
+    EXPECT_EQ(Take_Limits(d), "the limits of the run do not ascend; the input screen has them");
+    d = Crank_Rocker();
+    d.ThetaStep = 0;
+    EXPECT_EQ(Take_Limits(d), "the steps of the run are not positive; the input screen has them");
+    d = Crank_Rocker();
+    d.ThetaStepRad = 370 * kDegToRad;
+    EXPECT_EQ(Take_Limits(d), "the steps of the run are larger than its range; the input screen has them");
+    d = Crank_Rocker();
+    d.ThetaStepRad = 0.05 * kDegToRad;
+    d.ThetaStep = 0.05;
+    EXPECT_EQ(Take_Limits(d), "the run has more than 2881 positions; the input screen has its steps");
+    d.Calctype = 1;
+    EXPECT_EQ(Take_Limits(d), "");
+    d.Calctype = 0;
+    EXPECT_EQ(Take_Limits(d), "there is no run yet; the input screen makes one");
+    d = Crank_Rocker();
+    d.ThetaEndRad = -1;
+    EXPECT_EQ(Take_Limits(d), "the limits of the run do not ascend; the input screen has them");
+    d.Calctype = 2;
+    d.TimeStart = 0, d.TimeEnd = 1, d.TimeStep = 0.125;
+    EXPECT_EQ(Take_Limits(d), "");
+    EXPECT_EQ(int{d.NSteps}, 8);
+}
+
+}  // namespace
+
+}  // namespace verlink::study

@@ -1,0 +1,193 @@
+// A study's numbers are those of the record's run, to the bit.
+#include "study/motion.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+
+#include "core/linkage_model.h"
+#include "core/runs.h"
+#include "output/catalogue.h"
+#include "output/series.h"
+#include "study/measure.h"
+#include "tests/checks/linkages.h"
+
+namespace verlink::test {
+
+namespace {
+
+std::uint32_t Bits(double x) { return std::bit_cast<std::uint32_t>(static_cast<float>(x)); }
+
+#define EXPECT_SAME(a, b) ASSERT_EQ(Bits(a), Bits(b)) << what << " at step " << step
+
+class Study_Motion : public Random_Linkages {
+   protected:
+    /// A random linkage with random loads, solved; false where this one is not to be.
+    bool Take_Loaded_Run() {
+        if (!Take_Random() || Model.Calctype > 3) return false;
+        Take_Forces();
+        Model.TorqueImported = false;
+        Notes notes(desktop, platform::Answer::kOk);
+        return static_cast<bool>(verlink::Solve_Forces(Model));
+    }
+    /// Both runs step by step; how many steps closed.
+    static int Compare_Motion(const study::Motion& motion, study::Wanted wanted) {
+        const RunResults &a = motion.Table(), &b = Model.RunTable;
+        int closed = 0;
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            const char* what = "motion";
+            EXPECT_EQ(a.Assembled(step), b.Assembled(step)) << step;
+            if (!b.Assembled(step)) continue;
+            ++closed;
+            Compare_Step(a, b, step, what, wanted);
+            if (testing::Test::HasFatalFailure()) return closed;
+        }
+        return closed;
+    }
+    static void Compare_Step(const RunResults& a, const RunResults& b, int step, const char* what,
+                             study::Wanted wanted) {
+        for (int row = 0; row <= 3; ++row) EXPECT_SAME(a.Theta(step, row), b.Theta(step, row));
+        if (wanted == study::Wanted::kAngles) return;
+        for (int point = 0; point <= 2; ++point)
+            for (int axis = 0; axis <= 1; ++axis)
+                EXPECT_SAME(a.PointXY(step, point, axis), b.PointXY(step, point, axis));
+        if (wanted == study::Wanted::kPoints) return;
+        for (int row = 0; row <= 2; ++row) {
+            EXPECT_SAME(a.Omega(step, row), b.Omega(step, row));
+            EXPECT_SAME(a.Alpha(step, row), b.Alpha(step, row));
+        }
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int point = 0; point <= 2; ++point)
+                EXPECT_SAME(a.VelXY(step, point, axis), b.VelXY(step, point, axis));
+            for (int point = 0; point <= 3; ++point)
+                EXPECT_SAME(a.AccXY(step, point, axis), b.AccXY(step, point, axis));
+        }
+        EXPECT_SAME(a.OmegaRatio(step), b.OmegaRatio(step));
+        EXPECT_SAME(a.MechAdvantage(step), b.MechAdvantage(step));
+    }
+    /// Mass centres to the bit; what the equations give, which are solved in another order, to the last place of the
+    /// largest of them.
+    static void Compare_Forces(const RunResults& a, const RunResults& b, int step) {
+        const char* what = "mass centres";
+        double force = 0;
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int row = 3; row <= 5; ++row) EXPECT_SAME(a.VelXY(step, row, axis), b.VelXY(step, row, axis));
+            for (int row = 5; row <= 7; ++row) EXPECT_SAME(a.AccXY(step, row, axis), b.AccXY(step, row, axis));
+            for (int row = 0; row <= 7; ++row) force = std::max(force, std::abs(b.PinForce(step, row, axis)));
+        }
+        constexpr double kLastPlace = 1.2e-7;
+        for (int axis = 0; axis <= 1; ++axis)
+            for (int row = 0; row <= 7; ++row)
+                ASSERT_NEAR(a.PinForce(step, row, axis), b.PinForce(step, row, axis), kLastPlace * force) << step;
+        const double torque = force * std::max({double{Model.L2}, double{Model.L3}, double{Model.L4}});
+        for (int row = 0; row <= 3; ++row)
+            ASSERT_NEAR(a.LinkTorque(step, row), b.LinkTorque(step, row),
+                        kLastPlace * std::max(torque, std::abs(b.LinkTorque(step, row))))
+                << step;
+    }
+};
+
+TEST_F(Study_Motion, IsTheRecordsRunToTheBitForRandomLinkagesAndBothWidths) {
+    SCOPED_TRACE(Trace());
+    int runs = 0, gaps = 0;
+    study::Motion pairs({}, Lanes::kTwo), widest;
+    while (runs < 150) {
+        if (!Take_Random() || Model.Calctype > 3) continue;
+        ++runs;
+        study::Design design = study::Design_Of(Model);
+        for (study::Motion* motion : {&pairs, &widest})
+            for (const auto wanted : {study::Wanted::kAngles, study::Wanted::kPoints, study::Wanted::kMotion}) {
+                motion->Solve(design, wanted);
+                ASSERT_EQ(motion->Last(), Model.NSteps);
+                const int closed = Compare_Motion(*motion, wanted);
+                if (HasFailure()) return;
+                EXPECT_EQ(motion->Closed_Steps(), closed);
+                gaps += closed <= Model.NSteps ? 1 : 0;
+            }
+    }
+    EXPECT_GT(gaps, 10);
+}
+
+TEST_F(Study_Motion, HasTheRecordsForcesToTheirLastPlace) {
+    SCOPED_TRACE(Trace());
+    study::Motion motion;
+    int runs = 0;
+    while (runs < 60) {
+        if (!Take_Loaded_Run()) continue;
+        ++runs;
+        study::Design design = study::Design_Of(Model);
+        motion.Solve(design, study::Wanted::kForces);
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            if (!motion.Closed(step)) continue;
+            ASSERT_TRUE(motion.Loaded(step));
+            Compare_Forces(motion.Table(), Model.RunTable, step);
+            if (HasFatalFailure()) return;
+        }
+    }
+}
+
+TEST_F(Study_Motion, SolvesAFurtherAngleAsARunOfOnePositionDoes) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Model.PolarCoords = true;
+    Turn_Ground(20);
+    Model.Calctype = 3;
+    Take_Angles(0, 360, 7);
+    study::Design design = study::Design_Of(Model);
+    study::Motion motion({33.25, 500});
+    ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+    Model.Calctype = 1;
+    Model.Alpha2 = 0;
+    for (const int angle : {0, 1}) {
+        Model.ThetaZero = angle == 0 ? 33.25 : 500;
+        Integer result;
+        Oneposition(result);
+        const int step = motion.Step_At(angle);
+        ASSERT_TRUE(motion.Closed(step));
+        const char* what = "angle";
+        for (int row = 0; row <= 3; ++row) EXPECT_SAME(motion.Table().Theta(step, row), Model.RunTable.Theta(0, row));
+        EXPECT_SAME(motion.Table().AccXY(step, 2, 1), Model.RunTable.AccXY(0, 2, 1));
+    }
+}
+
+/// Each statistic from the series that plots have, for every variable and component.
+TEST_F(Study_Motion, MeasuresAreThoseOfTheSeriesOfEveryVariable) {
+    SCOPED_TRACE(Trace());
+    study::Motion motion;
+    int runs = 0;
+    while (runs < 8) {
+        if (!Take_Loaded_Run()) continue;
+        ++runs;
+        study::Design design = study::Design_Of(Model);
+        motion.Solve(design, study::Wanted::kForces);
+        study::Meter meter;
+        for (int number = 1; number <= 37; ++number)
+            for (const char* component : {"X", "Y", "Mag", "Ang"})
+                for (const bool local : {false, true}) {
+                    const Output_Function function{Variable_Name(number), component, local};
+                    std::vector<double> values = Series(function, motion.Table(), Model.Link1Angle, Model.NSteps);
+                    std::erase_if(values, [](double v) { return std::isnan(v); });
+                    const std::string words =
+                        function.variable + (Has_Components(function) ? ":" + function.component : "");
+                    const auto take = [&](const std::string& statistic) {
+                        std::string fault;
+                        const auto measure = study::Measure_Of(statistic + " " + words, local, fault);
+                        EXPECT_TRUE(measure) << fault;
+                        return measure ? meter.Take(*measure, motion, design, 0) : 0.0F;
+                    };
+                    const auto [least, most] = std::minmax_element(values.begin(), values.end());
+                    double sum = 0, squares = 0;
+                    for (const double v : values) sum += v, squares += v * v;
+                    const auto count = static_cast<double>(values.size());
+                    ASSERT_EQ(take("min"), static_cast<float>(*least)) << words;
+                    ASSERT_EQ(take("max"), static_cast<float>(*most)) << words;
+                    ASSERT_EQ(take("range"), static_cast<float>(*most - *least)) << words;
+                    ASSERT_EQ(take("mean"), static_cast<float>(sum / count)) << words;
+                    ASSERT_EQ(take("rms"), static_cast<float>(std::sqrt(squares / count))) << words;
+                }
+    }
+}
+
+}  // namespace
+
+}  // namespace verlink::test

@@ -1,0 +1,135 @@
+// Summaries hold what the values are, whatever order they come in and however they are shared out.
+#include "study/tally.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <sstream>
+
+namespace verlink::study {
+
+namespace {
+
+std::vector<float> Values(int count, double middle, double width) {
+    std::mt19937 random(3);
+    std::normal_distribution<double> number(middle, width);
+    std::vector<float> values;
+    for (int i = 0; i < count; ++i) values.push_back(static_cast<float>(number(random)));
+    return values;
+}
+
+Tally Tally_Of(const std::vector<float>& values, double about = 0) {
+    Tally tally(about);
+    for (std::size_t i = 0; i < values.size(); ++i) tally.Add(values[i], i);
+    return tally;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::istringstream in(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
+TEST(Exact_Sum, LosesNothing) {
+    Exact_Sum sum;
+    for (const double value : {1e300, 1.0, -1e300, 0x1p-1074, 0.1, -0.1, -0x1p-1074}) sum.Add(value);
+    EXPECT_EQ(sum.Value(), 1.0);
+    sum.Add(-1.0);
+    EXPECT_EQ(sum.Value(), 0.0);
+    sum.Add(-3.25);
+    EXPECT_EQ(sum.Value(), -3.25);
+    sum.Add(-std::numeric_limits<double>::max());
+    EXPECT_EQ(sum.Value(), -std::numeric_limits<double>::max());
+}
+
+TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
+    std::vector<float> values = Values(2000, -3, 1e4);
+    Exact_Sum forth, back, halves[2];
+    for (const float value : values) forth.Add(value);
+    for (std::size_t i = 0; i < values.size(); ++i) halves[i % 2].Add(values[i]);
+    std::ranges::reverse(values);
+    for (const float value : values) back.Add(value);
+    halves[0].Add(halves[1]);
+    EXPECT_TRUE(forth == back);
+    EXPECT_TRUE(forth == halves[0]);
+    long double plain = 0;
+    for (const float value : values) plain += value;
+    EXPECT_NEAR(forth.Value(), static_cast<double>(plain), 1e-9);
+    Exact_Sum read;
+    ASSERT_TRUE(read.Take(forth.Text()));
+    EXPECT_TRUE(read == forth);
+    EXPECT_FALSE(read.Take("1:2"));
+    EXPECT_FALSE(read.Take(forth.Text() + ":1"));
+}
+
+TEST(Tally, IsExactForFewValues) {
+    const std::vector<float> values{3, 1, 2, 5, 4};
+    const Tally tally = Tally_Of(values);
+    EXPECT_EQ(tally.Mean(), 3);
+    EXPECT_NEAR(tally.Deviation(), std::sqrt(2.5), 1e-15);
+    EXPECT_EQ(tally.Spread().Quantile(0), 1);
+    EXPECT_EQ(tally.Spread().Quantile(0.5), 3);
+    EXPECT_EQ(tally.Spread().Quantile(0.625), 3.5);
+    EXPECT_EQ(tally.Spread().Quantile(1), 5);
+    EXPECT_EQ(tally.Spread().Between({1, 2, 4, 5}), (std::vector<std::uint64_t>{1, 2, 2}));
+    EXPECT_EQ(tally.Lowest().front(), (Tally::Extreme{1, 1}));
+    EXPECT_EQ(tally.Highest().front(), (Tally::Extreme{5, 3}));
+}
+
+/// More values than bins, near one place and through zero.
+TEST(Tally, QuantilesOfManyAreWithinABin) {
+    for (const double middle : {0.0, 40.0}) {
+        std::vector<float> values = Values(50000, middle, 0.05);
+        const Tally tally = Tally_Of(values, middle);
+        std::ranges::sort(values);
+        for (const double share : {0.0, 0.01, 0.25, 0.5, 0.9, 0.999, 1.0}) {
+            const double exact = values[static_cast<std::size_t>(share * 49999)];
+            EXPECT_NEAR(tally.Spread().Quantile(share), exact, 0.05 * 0.01) << middle << " " << share;
+        }
+        double sum = 0, squares = 0;
+        for (const float v : values) sum += v;
+        for (const float v : values) squares += std::pow(v - sum / 50000, 2);
+        EXPECT_NEAR(tally.Mean(), sum / 50000, 1e-10);
+        EXPECT_NEAR(tally.Deviation(), std::sqrt(squares / 49999), 1e-10);
+    }
+}
+
+TEST(Tally, IsTheSameInAnyOrderAndFromParts) {
+    std::vector<float> values = Values(30000, 1, 3);
+    values[5] = std::numeric_limits<float>::quiet_NaN();
+    values[17] = values[18] = values[4000] = -9999;
+    const std::string whole = Tally_Of(values, 1).Text();
+    Tally back(1), parts(1);
+    for (std::size_t i = values.size(); i-- > 0;) back.Add(values[i], i);
+    EXPECT_EQ(back.Text(), whole);
+    for (std::size_t part = 0; part < 7; ++part) {
+        Tally tally(1), read(1);
+        for (std::size_t i = part; i < values.size(); i += 7) tally.Add(values[i], i);
+        ASSERT_TRUE(read.Take(Lines(tally.Text())));
+        parts.Add(read);
+    }
+    EXPECT_EQ(parts.Text(), whole);
+    EXPECT_EQ(parts.None(), 1u);
+    EXPECT_EQ(parts.Lowest()[0], (Tally::Extreme{-9999, 17}));
+    EXPECT_EQ(parts.Lowest()[2], (Tally::Extreme{-9999, 4000}));
+}
+
+TEST(Tally, TakesNoLinesThatAreNone) {
+    Tally tally;
+    const std::vector<std::string> lines = Lines(Tally_Of({1, 2, 3}).Text());
+    ASSERT_TRUE(tally.Take(lines));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        std::vector<std::string> broken = lines;
+        broken[i] += "x";
+        EXPECT_FALSE(tally.Take(broken)) << i;
+    }
+    EXPECT_FALSE(tally.Take({}));
+}
+
+}  // namespace
+
+}  // namespace verlink::study
