@@ -9,16 +9,10 @@
 
 namespace verlink {
 
-namespace {
-
-constexpr double kFluctuation = 0.05;
-
-}  // namespace
-
 bool Balance() {
     if (!Default_Weights(Model)) return false;
     Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
-    Smooth_Torque(Model, kFluctuation, Model.RunTable.BalancedMoment);
+    Smooth_Torque(Model, kUsualFluct, Model.RunTable.BalancedMoment);
     return Model.Calctype == 3;
 }
 

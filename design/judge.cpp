@@ -89,10 +89,10 @@ void Judge::Ask_Circuits(Case& c) const {
     };
     const auto open = [&](std::size_t i) { return Cross(O4 - c.A[i], c.B[i] - c.A[i]) > 0; };
     c.j.open = open(0);
-    for (std::size_t i = 1; i < carried_.size(); ++i) {
-        if (two_circuits && side(i) != side(0)) return c.Refuse(Refusal::kCircuit, 0, 1, i + 1);
+    for (std::size_t i = 1; two_circuits && i < carried_.size(); ++i)
+        if (side(i) != side(0)) return c.Refuse(Refusal::kCircuit, 0, 1, i + 1);
+    for (std::size_t i = 1; i < carried_.size(); ++i)
         if (open(i) != c.j.open) return c.Refuse(Refusal::kBranch, 0, 1, i + 1);
-    }
 }
 
 void Judge::Ask_Stroke(Case& c) const {

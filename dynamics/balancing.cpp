@@ -16,6 +16,8 @@ using platform::Tell;
 
 namespace {
 
+constexpr int kByAngle = 3;
+
 /// What is missing of a required mass-radius product, as magnitude and angle.
 void Take_Need(const MassProperties& m, BalanceWeights& weights, int link, Single required_x, Single required_y) {
     const Single mx = m.LinkMass(link) * m.CG(link, 0) * std::cos(m.CG(link, 1));
@@ -47,7 +49,7 @@ ForceSolve Solve_Weights(const Balancing& balancing, const Array<Single, 0, 4>& 
     switch (balancing.calctype) {
         case 1: Tell("Cannot balance a linkage for one position." + advice); break;
         case 2: Tell("Cannot balance a linkage for Time Steps." + advice); break;
-        case 3:
+        case kByAngle:
             return Dynacalc(balancing.run, -1, BerkMass, weights.BerkInertia, weights.BerkCG, table.BerkForce,
                             table.BerkTorque);
         default: Tell(std::string("Cannot balance a cam- or linkage-driven linkage.") + CR); break;
@@ -55,10 +57,12 @@ ForceSolve Solve_Weights(const Balancing& balancing, const Array<Single, 0, 4>& 
     return {};
 }
 
-void Sum_Torques(RunResults& t, int last, BalanceWeights& weights) {
-    for (int step = 0; step <= last; ++step)
-        for (int slot = 0; slot <= 3; ++slot)
-            t.BalancedMoment(step, slot) = t.BerkTorque(step, slot) + t.LinkTorque(step, slot);
+void Sum_Torques(RunResults& t, int step) {
+    for (int slot = 0; slot <= 3; ++slot)
+        t.BalancedMoment(step, slot) = t.BerkTorque(step, slot) + t.LinkTorque(step, slot);
+}
+
+void Take_Statistics(const RunResults& t, int last, BalanceWeights& weights) {
     const auto element = [](const TorqueTable& table) {
         return [&table](int step, int slot) { return table(step, slot); };
     };
@@ -72,13 +76,12 @@ void Sum_Torques(RunResults& t, int last, BalanceWeights& weights) {
     }
 }
 
-void Sum_Forces(RunResults& t, int last) {
-    for (int step = 0; step <= last; ++step)
-        for (int axis = 0; axis <= 1; ++axis) {
-            for (int slot = 0; slot <= 6; ++slot)
-                t.BalancedForce(step, slot, axis) = t.BerkForce(step, slot, axis) + t.PinForce(step, slot, axis);
-            t.BalancedForce(step, 7, axis) = -t.BalancedForce(step, 5, axis) - t.BalancedForce(step, 6, axis);
-        }
+void Sum_Forces(RunResults& t, int step) {
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int slot = 0; slot <= 6; ++slot)
+            t.BalancedForce(step, slot, axis) = t.BerkForce(step, slot, axis) + t.PinForce(step, slot, axis);
+        t.BalancedForce(step, 7, axis) = -t.BalancedForce(step, 5, axis) - t.BalancedForce(step, 6, axis);
+    }
 }
 
 void Take_Needs(const Balancing& balancing) {
@@ -95,6 +98,15 @@ void Take_Needs(const Balancing& balancing) {
     Take_Need(m, balancing.weights, 4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
 }
 
+void Take_Default_Weights(const Balancing& balancing) {
+    Take_Needs(balancing);
+    BalanceWeights& weights = balancing.weights;
+    for (const int link : {2, 4}) {
+        weights.BerkRadius(link) = balancing.run.linkage.LinkArray(link) / 2;
+        weights.BerkMass(link) = weights.MRNeeded(link) / weights.BerkRadius(link);
+    }
+}
+
 }  // namespace
 
 Balancing::Balancing(LinkageModel& model) : run(model), calctype(model.Calctype), weights(model) {}
@@ -104,14 +116,7 @@ void Berkof_Setup(const Balancing& balancing) {
 }
 
 bool Default_Weights(const Balancing& balancing) {
-    return Guarded("Berkof_Setup", [&] {
-        Take_Needs(balancing);
-        BalanceWeights& weights = balancing.weights;
-        for (const int link : {2, 4}) {
-            weights.BerkRadius(link) = balancing.run.linkage.LinkArray(link) / 2;
-            weights.BerkMass(link) = weights.MRNeeded(link) / weights.BerkRadius(link);
-        }
-    });
+    return Guarded("Berkof_Setup", [&] { Take_Default_Weights(balancing); });
 }
 
 ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius) {
@@ -121,11 +126,28 @@ ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass
         Complete_Weights(run.loads, balancing.weights, BerkMass, BerkRadius);
         solve = Solve_Weights(balancing, BerkMass);
         // After a refusal the sums are made with what the tables of the counterweights hold.
-        Sum_Torques(run.table, run.last_step, balancing.weights);
-        Sum_Forces(run.table, run.last_step);
+        for (int step = 0; step <= run.last_step; ++step) Sum_Torques(run.table, step);
+        Take_Statistics(run.table, run.last_step, balancing.weights);
+        for (int step = 0; step <= run.last_step; ++step) Sum_Forces(run.table, step);
         Balance_Holds();
     });
     return solve;
+}
+
+void Balance_Closed_Steps(const LoadedRun& run, std::span<char> solved) {
+    BalanceWeights weights;
+    Take_Default_Weights({run, kByAngle, weights});
+    Complete_Weights(run.loads, weights, weights.BerkMass, weights.BerkRadius);
+    Solve_Closed_Steps(run, weights, solved);
+    for (int step = 0; step <= run.last_step; ++step) {
+        char& done = solved[static_cast<std::size_t>(step)];
+        if (!done) continue;
+        const auto failed = What_Failed([&] {
+            Sum_Torques(run.table, step);
+            Sum_Forces(run.table, step);
+        });
+        if (failed) done = 0;
+    }
 }
 
 }  // namespace verlink

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "core/elimination.h"
 #include "core/linkage_model.h"
@@ -101,6 +102,28 @@ void Scale_Centres(RunResults& table, int step, double shown) {
         for (int row = 5; row <= 7; ++row) table.AccXY(step, row, axis) *= shown;
     }
 }
+
+/// What a table has of the mass centres' motion at a step.
+class Centres {
+   public:
+    Centres(const RunResults& table, int step) {
+        for (int row = 0; row <= 2; ++row)
+            for (int axis = 0; axis <= 1; ++axis) {
+                velocity_[row][axis] = table.VelXY(step, 3 + row, axis);
+                acceleration_[row][axis] = table.AccXY(step, 5 + row, axis);
+            }
+    }
+    void Put_Back(RunResults& table, int step) const {
+        for (int row = 0; row <= 2; ++row)
+            for (int axis = 0; axis <= 1; ++axis) {
+                table.VelXY(step, 3 + row, axis) = velocity_[row][axis];
+                table.AccXY(step, 5 + row, axis) = acceleration_[row][axis];
+            }
+    }
+
+   private:
+    Single velocity_[3][2], acceleration_[3][2];
+};
 
 /// Moment of a force about a mass centre, given the place of its point in the link's frame, degrees.
 double Moment(Single distance, Single angle, const LinkState& link, Single X, Single Y) {
@@ -287,10 +310,11 @@ bool Solve_By_Links(const Geometry& linkage, const Links& at, System& s) {
     return std::isfinite(F43x + F43y + T12);
 }
 
-bool Solve_Step_Directly(const LoadedRun& run, int step, const Bodies& bodies, System& system) {
-    const Loaded_Step s = Load_Step(run, step, true, bodies, system);
+bool Solve_Step_Directly(const LoadedRun& run, int step, bool loaded, const Bodies& bodies, ForceTable& Forces,
+                         TorqueTable& Torques, System& system) {
+    const Loaded_Step s = Load_Step(run, step, loaded, bodies, system);
     if (!Solve_By_Links(run.linkage, s.at, system)) return false;
-    Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, run.table.PinForce, run.table.LinkTorque);
+    Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, Forces, Torques);
     if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
     return true;
 }
@@ -347,7 +371,23 @@ void Solve_Closed_Steps(const LoadedRun& run, std::span<char> solved) {
     for (int step = 0; step <= run.last_step; ++step) {
         char& done = solved[static_cast<std::size_t>(step)] = 0;
         if (!run.table.Assembled(step)) continue;
-        What_Failed([&] { done = Solve_Step_Directly(run, step, bodies, system) ? 1 : 0; });
+        What_Failed([&] {
+            done = Solve_Step_Directly(run, step, true, bodies, run.table.PinForce, run.table.LinkTorque, system);
+        });
+    }
+}
+
+void Solve_Closed_Steps(const LoadedRun& run, const BalanceWeights& weights, std::span<char> solved) {
+    const Bodies bodies{weights.BerkMass, weights.BerkInertia, weights.BerkCG};
+    System system;
+    for (int step = 0; step <= run.last_step; ++step) {
+        char& done = solved[static_cast<std::size_t>(step)];
+        if (!std::exchange(done, 0)) continue;
+        const Centres own(run.table, step);
+        What_Failed([&] {
+            done = Solve_Step_Directly(run, step, false, bodies, run.table.BerkForce, run.table.BerkTorque, system);
+        });
+        own.Put_Back(run.table, step);
     }
 }
 

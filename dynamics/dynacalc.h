@@ -67,6 +67,10 @@ ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 
 /// what single precision holds is the same but for the last place. By step, `solved` tells where there was a solution.
 void Solve_Closed_Steps(const LoadedRun& run, std::span<char> solved);
 
+/// The same for counterweights alone, into `BerkForce` and `BerkTorque`, at the steps that `solved` names; where it
+/// cannot be done the step is struck off. The motion of the mass centres stays that of the run's own masses.
+void Solve_Closed_Steps(const LoadedRun& run, const BalanceWeights& weights, std::span<char> solved);
+
 /// `ExtForce3X` to `ExtForce4Y` from magnitudes and angles, which are what a model keeps.
 void Resolve_Forces(MassProperties& loads);
 

@@ -59,9 +59,13 @@ Single Average_Of(const TorqueTable& Torque, int last_step) {
 }
 
 // The average is that of the balanced torque, the pulses that are smoothed those of the unbalanced one.
+Single Smoothed(Single unbalanced, Single AvgTorque, Single Fluct) {
+    return (unbalanced - AvgTorque) * Fluct + AvgTorque;
+}
+
 void Smooth_About(const FlywheelRun& run, Single AvgTorque, Single Fluct) {
     for (int step = 0; step <= run.last_step; ++step)
-        run.smoothed(step) = (run.unbalanced(step, 0) - AvgTorque) * Fluct + AvgTorque;
+        run.smoothed(step) = Smoothed(run.unbalanced(step, 0), AvgTorque, Fluct);
 }
 
 }  // namespace
@@ -88,6 +92,20 @@ void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const Tor
 
 void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torque) {
     Smooth_About(run, Average_Of(Torque, run.last_step), Fluct);
+}
+
+void Smooth_Solved_Steps(RunResults& table, int last, Single Fluct, std::span<const char> solved) {
+    Single sum = 0;
+    int count = 0;
+    for (int step = 0; step <= last; ++step) {
+        if (!solved[static_cast<std::size_t>(step)]) continue;
+        sum += table.BalancedMoment(step, 0);
+        ++count;
+    }
+    const Single average = count != 0 ? sum / count : static_cast<double>(sum);
+    for (int step = 0; step < static_cast<int>(solved.size()); ++step)
+        if (solved[static_cast<std::size_t>(step)])
+            table.FlywheelTorque(step) = Smoothed(table.LinkTorque(step, 0), average, Fluct);
 }
 
 void Flywheel(const Element& Array, Integer Start, Integer End, Single StepSize, Single Average, PulseAreas& NegArea,

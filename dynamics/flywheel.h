@@ -1,6 +1,8 @@
 // Pulses of the crank torque over a cycle, and the torque that a flywheel leaves.
 #pragma once
 
+#include <span>
+
 #include "core/array.h"
 #include "core/number.h"
 #include "core/numeric.h"
@@ -13,6 +15,9 @@ struct LinkageModel;
 
 /// Of each sign, in a cycle.
 constexpr int kMostPulses = 10;
+
+/// The coefficient of fluctuation where none was chosen.
+constexpr double kUsualFluct = 0.05;
 
 using PulseAreas = Array<Single, 0, kMostPulses>;
 
@@ -34,6 +39,10 @@ void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const Tor
 
 /// `FlywheelTorque`: the unbalanced driving torque, its distance from the average of row 0 of `Torque` times `Fluct`.
 void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torque);
+
+/// The same of a run with forces at some of its steps alone: the average of row 0 of `BalancedMoment` is over those up
+/// to `last` that `solved` names, and all that it names are smoothed.
+void Smooth_Solved_Steps(RunResults& table, int last, Single Fluct, std::span<const char> solved);
 
 /// Areas between a function and its average from step `Start` to `End`, a pulse to an entry, by the trapezoid rule
 /// from the second interval on; one pulse ends where the sign changes. `FirstSign` is that of the first pulse.

@@ -27,7 +27,6 @@ namespace {
 
 constexpr int kWhiteGraph = 15, kBlueGraph = 1, kGrayGraph = 7;
 constexpr double kLeast = 0.01;  ///< stands in for a mass or radius that was refused
-constexpr double kUsualFluct = 0.05;
 
 double Value_Of(const TextBox& box) { return Val(box.Text.Get()); }
 double Strict_Value_Of(const TextBox& box) { return Number_Of(box.Text.Get()); }

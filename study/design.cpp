@@ -138,6 +138,9 @@ bool Design::Derive() {
     }
     Link1AngleRad = Link1Angle * kDegToRad;
     DeltaRad = Delta * kDegToRad;
+    LinkArray(2) = L2;
+    LinkArray(3) = L3;
+    LinkArray(4) = L4;
     Resolve_Forces(*this);
     return Rpa >= 0 && Reaches(*this);
 }

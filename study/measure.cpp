@@ -22,6 +22,8 @@ const Single* Scalars(const RunResults& table, const Variable_Facts& facts) {
         case 7: return &table.OmegaRatio(0);
         case 8: return &table.MechAdvantage(0);
         case 9: return &table.LinkTorque(0, facts.row);
+        case 12: return &table.BalancedMoment(0, facts.row);
+        case 18: return &table.FlywheelTorque(0);
         default: return nullptr;
     }
 }
@@ -38,6 +40,7 @@ Columns Vectors(const RunResults& table, const Variable_Facts& facts) {
         case 4: return both(table.VelXY);
         case 5: return both(table.AccXY);
         case 6: return both(table.PointXY);
+        case 11: return both(table.BalancedForce);
         default: return both(table.PinForce);
     }
 }
@@ -120,8 +123,10 @@ Path Path_Of(const Motion& motion, const Design& design) {
 /// The values at the closed steps of a range, those first that come first.
 void Meter::Read(const Measure& measure, const Motion& motion, const Design& design, int first, int last) {
     const RunResults& table = motion.Table();
-    const bool forces = measure.wanted == Wanted::kForces;
-    const auto there = [&](int step) { return motion.Closed(step) && (!forces || motion.Loaded(step)); };
+    const auto there = [&](int step) {
+        if (measure.wanted == Wanted::kBalance) return motion.Closed(step) && motion.Balanced(step);
+        return motion.Closed(step) && (measure.wanted != Wanted::kForces || motion.Loaded(step));
+    };
     values_.clear();
     if (const Single* column = Scalars(table, measure.facts)) {
         for (int step = first; step <= last; ++step)

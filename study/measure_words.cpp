@@ -23,8 +23,6 @@ constexpr std::array kKinds{
     Kind{"closes", Statistic::kCloses}, Kind{"deviation", Statistic::kDeviation},
 };
 constexpr std::array kComponents{"X", "Y", "Mag", "Ang"};
-constexpr int kLastSolved = 37;  ///< of the catalogue, forces included
-
 std::string Trimmed(const std::string& text) {
     const auto first = text.find_first_not_of(' '), last = text.find_last_not_of(' ');
     return first == std::string::npos ? std::string() : text.substr(first, last - first + 1);
@@ -53,11 +51,16 @@ std::optional<double> Number(const std::string& text) {
 
 std::vector<std::string> Variables() {
     std::vector<std::string> names;
-    for (int number = 1; number <= kLastSolved; ++number) names.push_back(Variable_Name(number));
+    for (int number = 1; number <= kLastMeasured; ++number) names.push_back(Variable_Name(number));
     return names;
 }
 
-Wanted Wanted_For(const Variable_Facts& facts) {
+Wanted Wanted_For(const Output_Function& function, const Variable_Facts& facts) {
+    switch (Needs_Of(function)) {
+        case Needs::kForces: return Wanted::kForces;
+        case Needs::kBalance: return Wanted::kBalance;
+        case Needs::kRun: break;
+    }
     constexpr int kAngles = 1, kPoints = 6;
     if (facts.group == kAngles) return Wanted::kAngles;
     return facts.group == kPoints ? Wanted::kPoints : Wanted::kMotion;
@@ -74,8 +77,8 @@ bool Take_Variable(const std::string& text, Measure& measure, std::string& fault
         fault = "there is no variable \"" + function.variable + "\"" + Meant(function.variable, Variables());
         return false;
     }
-    if (facts->number > kLastSolved) {
-        fault = "a study solves no balance and no transform: it has no \"" + function.variable + "\"";
+    if (facts->number > kLastMeasured) {
+        fault = "a study transforms no function: it has no \"" + function.variable + "\"";
         return false;
     }
     const auto component = std::ranges::find(kComponents, function.component);
@@ -85,7 +88,7 @@ bool Take_Variable(const std::string& text, Measure& measure, std::string& fault
     }
     measure.facts = *facts;
     measure.component = static_cast<int>(component - kComponents.begin());
-    measure.wanted = Needs_Of(function) != Needs::kRun ? Wanted::kForces : Wanted_For(*facts);
+    measure.wanted = Wanted_For(function, *facts);
     return true;
 }
 

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "core/position.h"
+#include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
+#include "dynamics/flywheel.h"
 #include "platform/failure.h"
 #include "platform/guard.h"
 
@@ -163,11 +165,23 @@ bool Motion::Solve(Design& design, Wanted wanted) {
     }
     Solve_Steps(design, wanted);
     for (int step = 0; step <= last_; ++step) closed_ += Closed(step) ? 1 : 0;
-    if (wanted == Wanted::kForces) {
-        loaded_.resize(static_cast<std::size_t>(all_));
-        Solve_Closed_Steps({design, design, all_ - 1, design.shown, *table_}, loaded_);
-    }
+    if (wanted >= Wanted::kForces) Load(design, wanted);
     return closed_ > 0;
+}
+
+void Motion::Load(const Design& design, Wanted wanted) {
+    const LoadedRun run(design, design, all_ - 1, design.shown, *table_);
+    loaded_.resize(static_cast<std::size_t>(all_));
+    Solve_Closed_Steps(run, loaded_);
+    balanced_.assign(loaded_.size(), 0);
+    if (wanted != Wanted::kBalance) return;
+    balanced_ = loaded_;
+    // What has no counterweights has no balance, and what overflows in smoothing no smoothed torque.
+    const auto failed = What_Failed([&] {
+        Balance_Closed_Steps(run, balanced_);
+        Smooth_Solved_Steps(*table_, last_, kUsualFluct, balanced_);
+    });
+    if (failed) std::ranges::fill(balanced_, 0);
 }
 
 }  // namespace verlink::study

@@ -13,11 +13,12 @@
 namespace verlink::study {
 
 /// How far a run is wanted; each has those before it.
-enum class Wanted { kAngles, kPoints, kMotion, kForces };
+enum class Wanted { kAngles, kPoints, kMotion, kForces, kBalance };
 
 /// By the formulas of `Calculate`, to their bits, without poles and the acceleration on link 3's axes, and by
-/// `Solve_Closed_Steps`; for runs of one position, by time and by angle. What closes nowhere, and what overflows, is a
-/// step that does not close. Nothing is told, and nothing is shared: each thread has one.
+/// `Solve_Closed_Steps`; for runs of one position, by time and by angle. The balance is that of `Default_Weights`, and
+/// the flywheel smooths to `kUsualFluct`; both are of runs by angle alone. What closes nowhere, and what overflows, is
+/// a step that does not close. Nothing is told, and nothing is shared: each thread has one.
 class Motion {
    public:
     /// Crank angles, global and in degrees, that are solved behind the last step of each run, with the speed and the
@@ -35,6 +36,8 @@ class Motion {
     bool Closed(int step) const { return table_->Assembled(step); }
     /// Whether the forces of a closed step were found.
     bool Loaded(int step) const { return loaded_[static_cast<std::size_t>(step)] != 0; }
+    /// Whether its balance was found; false where none was wanted.
+    bool Balanced(int step) const { return balanced_[static_cast<std::size_t>(step)] != 0; }
     int Closed_Steps() const { return closed_; }  ///< of the run alone
 
    private:
@@ -42,6 +45,7 @@ class Motion {
     void Solve_Steps(const Design& design, Wanted wanted);
     bool Is_Moderate(const Design& design) const;
     bool Solve_One(const ahead::Run& run, int step);
+    void Load(const Design& design, Wanted wanted);
     void Add(double theta2, double omega2);
 
     using Way = std::array<double, 12>;  ///< what the crank's angles and speeds depend on
@@ -51,7 +55,7 @@ class Motion {
     std::unique_ptr<RunResults> table_;
     ahead::Solver solve_;
     std::vector<double> theta2_, omega2_;  ///< by step: radians in the ground link's frame, rad/s
-    std::vector<char> loaded_;
+    std::vector<char> loaded_, balanced_;
     int last_ = 0, closed_ = 0, all_ = 0;
     int reached_ = 0;     ///< steps of the run that come before an overshot end
     double fastest_ = 0;  ///< of the crank's speeds

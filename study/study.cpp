@@ -25,6 +25,15 @@ std::size_t Angles_Of(const Study& study) {
     return angles.size();
 }
 
+const Measure* First_Of_A_Balance(const Study& study) {
+    const auto balance = [](const Measure& measure) { return measure.wanted == Wanted::kBalance; };
+    for (const Measure& measure : study.measures)
+        if (balance(measure)) return &measure;
+    for (const Keep& keep : study.keeps)
+        if (balance(keep.measure)) return &keep.measure;
+    return nullptr;
+}
+
 }  // namespace
 
 std::string Fault_Of(const Study& study) {
@@ -33,6 +42,9 @@ std::string Fault_Of(const Study& study) {
     const std::size_t angles = Angles_Of(study);
     if (angles > 0 && design.Calctype == kByTime)
         return "a measure \"at\" an angle takes a run by angle or one position";
+    if (design.Calctype != kByAngle)
+        if (const Measure* measure = First_Of_A_Balance(study))
+            return "\"" + measure->words + "\" takes a run by angle, which alone is balanced";
     const int last = design.Calctype == 1 ? 0 : int{design.NSteps};
     if (last + static_cast<int>(angles) > kLastStep)
         return "the run and the angles of \"at\" have more than " + std::to_string(kLastStep + 1) + " positions";

@@ -1,10 +1,12 @@
 // Linkages that were published, and the motion that they are known for: the search finds them, or better ones.
 #include <algorithm>
+#include <map>
 
 #include "design/judge.h"
 #include "design/search.h"
 #include "tests/design/follower.h"
 #include "tests/design/tasks.h"
+#include "tests/support/reference.h"
 
 namespace verlink::test {
 
@@ -65,6 +67,46 @@ TEST_F(Published, ThroughFourPositionsOfTheParallelMotionGoBetterOnesToo) {
     pivots.right.fixed = about(known.O4);
     const Found own = Find(pivots);
     EXPECT_LT(Place_Among(known, own, 0.1), own.solutions.size()) << own.words;
+}
+
+/// A. P. Morgan and C. W. Wampler, Solving a Planar Four-Bar Design Problem Using Continuation, 1990, problem 7: all
+/// linkages on two pivots whose point goes through five points of a line, as tests/reference/five_points.py finds them.
+/// That they lead through the points is true of each; that they can be moved through them, of one.
+TEST_F(Published, OfAllLinkagesThroughFivePointsThoseThatJumpTheirCircuitAreNoSolutions) {
+    const std::vector<Row> rows = Read_Table("five_points.csv");
+    ASSERT_EQ(rows.size(), 15);
+    const std::vector<std::complex<double>> points{
+        {-0.83, -0.27}, {-0.34, 0.22}, {-0.13, 0.43}, {0.22, 0.78}, {0.5, 1.06}};
+    std::map<std::string, int> verdicts;
+    for (const Row& row : rows) {
+        const std::string verdict = row.at("Verdict");
+        SCOPED_TRACE("through " + row.at("Turn2") + ", " + verdict);
+        ++verdicts[verdict];
+        const auto at = [&row](const char* name) { return test::Number(row, name); };
+        const Known known{{0, 0}, {1, 0}, {at("Ax"), at("Ay")}, {at("Bx"), at("By")}, points[0]};
+        Task task;
+        task.positions = {{points[0], 0},
+                          {points[1], at("Turn2")},
+                          {points[2], at("Turn3")},
+                          {points[3], at("Turn4")},
+                          {points[4], at("Turn5")}};
+        const auto judged = design::Judge(task).Of(Linkage_Of(known));
+        const Found found = Find(task);
+        const std::size_t place = Place_Among(known, found, 1e-6);
+        if (verdict == "good") {
+            EXPECT_EQ(judged.refusal, Refusal::kNone);
+            ASSERT_LT(place, found.solutions.size());
+            EXPECT_LT(found.solutions[place].judgement.miss.place, 1e-5);
+        } else {
+            EXPECT_EQ(judged.refusal == Refusal::kCircuit, verdict == "circuit") << Words_Of(judged, task);
+            EXPECT_NE(judged.refusal, Refusal::kNone);
+            EXPECT_EQ(place, found.solutions.size());
+            EXPECT_TRUE(std::ranges::any_of(found.thrown_out, [&](const design::Thrown_Out& out) {
+                return Apart(out.linkage, Linkage_Of(known)) < 1e-6;
+            })) << found.words;
+        }
+    }
+    EXPECT_EQ(verdicts, (std::map<std::string, int>{{"circuit", 8}, {"good", 1}, {"way", 6}}));
 }
 
 TEST_F(Published, ALinkageThatWouldJumpItsCircuitIsThrownOutAndSaysSo) {

@@ -7,6 +7,8 @@
 
 #include "core/linkage_model.h"
 #include "core/runs.h"
+#include "dynamics/balancing.h"
+#include "dynamics/flywheel.h"
 #include "output/catalogue.h"
 #include "output/series.h"
 #include "study/measure.h"
@@ -85,6 +87,29 @@ class Study_Motion : public Random_Linkages {
                         kLastPlace * std::max(torque, std::abs(b.LinkTorque(step, row))))
                 << step;
     }
+    /// The sums to the last place of the largest force, or of the torque that it makes on the longest link; the
+    /// smoothed torque where its average is over the same steps.
+    static void Compare_Balance(const RunResults& a, const RunResults& b, int step, bool whole) {
+        double force = 0;
+        for (int axis = 0; axis <= 1; ++axis)
+            for (int row = 0; row <= 7; ++row)
+                force =
+                    std::max({force, std::abs(b.PinForce(step, row, axis)), std::abs(b.BerkForce(step, row, axis))});
+        constexpr double kLastPlaces = 4e-7;
+        for (int axis = 0; axis <= 1; ++axis)
+            for (int row = 0; row <= 7; ++row)
+                ASSERT_NEAR(a.BalancedForce(step, row, axis), b.BalancedForce(step, row, axis), kLastPlaces * force)
+                    << step;
+        const double torque = force * std::max({double{Model.L2}, double{Model.L3}, double{Model.L4}});
+        for (int row = 0; row <= 3; ++row)
+            ASSERT_NEAR(a.BalancedMoment(step, row), b.BalancedMoment(step, row),
+                        kLastPlaces * std::max(torque, std::abs(b.LinkTorque(step, row))))
+                << step;
+        if (!whole) return;
+        ASSERT_NEAR(a.FlywheelTorque(step), b.FlywheelTorque(step),
+                    kLastPlaces * std::max(torque, std::abs(b.LinkTorque(step, 0))))
+            << step;
+    }
 };
 
 TEST_F(Study_Motion, IsTheRecordsRunToTheBitForRandomLinkagesAndBothWidths) {
@@ -126,6 +151,53 @@ TEST_F(Study_Motion, HasTheRecordsForcesToTheirLastPlace) {
     }
 }
 
+/// Full balance by counterweights at half the length of their link, as it stands without a choice.
+TEST_F(Study_Motion, HasTheRecordsBalanceToItsLastPlace) {
+    SCOPED_TRACE(Trace());
+    study::Motion motion;
+    int runs = 0, steps = 0;
+    while (runs < 60) {
+        if (!Take_Loaded_Run() || Model.Calctype != 3) continue;
+        ++runs;
+        Notes notes(desktop, platform::Answer::kOk);
+        study::Design design = study::Design_Of(Model);
+        motion.Solve(design, study::Wanted::kBalance);
+        // The record balances each step, those that do not close among them.
+        const bool whole = motion.Closed_Steps() == Model.NSteps + 1;
+        ASSERT_TRUE(Default_Weights(Model));
+        ASSERT_TRUE(Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius));
+        Smooth_Torque(Model, 0.05, Model.RunTable.BalancedMoment);
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            if (!motion.Closed(step)) continue;
+            ++steps;
+            ASSERT_TRUE(motion.Balanced(step));
+            Compare_Balance(motion.Table(), Model.RunTable, step, whole);
+            if (HasFatalFailure()) return;
+        }
+    }
+    EXPECT_GT(steps, 1000);
+}
+
+TEST_F(Study_Motion, KeepsTheMassCentresOfTheLinksWhereItBalances) {
+    SCOPED_TRACE(Trace());
+    while (!Take_Loaded_Run() || Model.Calctype != 3) continue;
+    study::Design design = study::Design_Of(Model);
+    study::Motion loaded, balanced;
+    loaded.Solve(design, study::Wanted::kForces);
+    balanced.Solve(design, study::Wanted::kBalance);
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        if (!loaded.Closed(step)) continue;
+        const char* what = "mass centres";
+        for (int axis = 0; axis <= 1; ++axis) {
+            for (int row = 3; row <= 5; ++row)
+                EXPECT_SAME(balanced.Table().VelXY(step, row, axis), loaded.Table().VelXY(step, row, axis));
+            for (int row = 5; row <= 7; ++row)
+                EXPECT_SAME(balanced.Table().AccXY(step, row, axis), loaded.Table().AccXY(step, row, axis));
+        }
+        EXPECT_FALSE(loaded.Balanced(step));
+    }
+}
+
 TEST_F(Study_Motion, SolvesAFurtherAngleAsARunOfOnePositionDoes) {
     Take_Crank_Rocker();
     Take_Circuit(2);
@@ -154,14 +226,16 @@ TEST_F(Study_Motion, SolvesAFurtherAngleAsARunOfOnePositionDoes) {
 TEST_F(Study_Motion, MeasuresAreThoseOfTheSeriesOfEveryVariable) {
     SCOPED_TRACE(Trace());
     study::Motion motion;
-    int runs = 0;
-    while (runs < 8) {
+    int runs = 0, balanced = 0;
+    while (runs < 8 || balanced < 3) {
         if (!Take_Loaded_Run()) continue;
         ++runs;
         study::Design design = study::Design_Of(Model);
-        motion.Solve(design, study::Wanted::kForces);
+        const bool balances = Model.Calctype == 3;
+        balanced += balances ? 1 : 0;
+        motion.Solve(design, balances ? study::Wanted::kBalance : study::Wanted::kForces);
         study::Meter meter;
-        for (int number = 1; number <= 37; ++number)
+        for (int number = 1; number <= (balances ? study::kLastMeasured : 37); ++number)
             for (const char* component : {"X", "Y", "Mag", "Ang"})
                 for (const bool local : {false, true}) {
                     const Output_Function function{Variable_Name(number), component, local};

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "study/measure.h"
+#include "study/study.h"
 
 namespace verlink::study {
 
@@ -24,6 +25,8 @@ TEST(Measure_Words, AreRead) {
     EXPECT_EQ(at->wanted, Wanted::kMotion);
     EXPECT_EQ(at->words, "at -12.5  Accel CP:Mag");
     EXPECT_EQ(Measure_Of("max Torque 12", false, fault)->wanted, Wanted::kForces);
+    for (const char* balance : {"max F Shk Balcd:Mag", "rms Flywl Torque", "range MShk Balcd"})
+        EXPECT_EQ(Measure_Of(balance, false, fault)->wanted, Wanted::kBalance) << balance;
     EXPECT_EQ(Measure_Of("min Trans Ang", false, fault)->wanted, Wanted::kAngles);
     for (const char* points : {"deviation", "deviation line", "range Coupler Pt"})
         EXPECT_EQ(Measure_Of(points, false, fault)->wanted, Wanted::kPoints) << points;
@@ -42,7 +45,21 @@ TEST(Measure_Words, WrongOnesAreToldWithTheNearestRightOne) {
     EXPECT_EQ(Fault("at 90"), "\"at 90\" wants a variable, as in \"max Theta4\"");
     EXPECT_EQ(Fault("closes all"), "\"closes\" is of the whole run: \"all\" is too much");
     EXPECT_EQ(Fault("deviation lin"), "\"deviation\" is of the whole run: \"lin\" is too much; did you mean line?");
-    EXPECT_EQ(Fault("max F Shk Balcd"), "a study solves no balance and no transform: it has no \"F Shk Balcd\"");
+    EXPECT_EQ(Fault("max Current FFT"), "a study transforms no function: it has no \"Current FFT\"");
+}
+
+TEST(Measure_Words, OfABalanceTakeARunByAngle) {
+    std::string fault;
+    Study study;
+    study.design.Calctype = 3;
+    study.design.NSteps = 36;
+    study.keeps.push_back(*Keep_Of("max F Shk Balcd:Mag < 1", false, fault));
+    EXPECT_EQ(Fault_Of(study), "");
+    study.design.Calctype = 2;
+    EXPECT_EQ(Fault_Of(study), "\"max F Shk Balcd:Mag\" takes a run by angle, which alone is balanced");
+    study.measures.push_back(*Measure_Of("rms Flywl Torque", false, fault));
+    study.design.Calctype = 1;
+    EXPECT_EQ(Fault_Of(study), "\"rms Flywl Torque\" takes a run by angle, which alone is balanced");
 }
 
 TEST(Keep_Words, AreReadOrTold) {
