@@ -165,7 +165,7 @@ void frm_Explore::cmd_Search_Click() {
     Guarded("frm_Explore.cmd_Search", [this] {
         if (!Read()) return;
         link_.reset();
-        if (looked_ == Looked::kWithALink) looked_ = Looked::kAtAGlance;
+        looked_ = Looked::kAtAGlance;  // the list of before is none of what this search has so far
         picked_ = false;
         search_.Begin(task_, Effort);
         Listen();

@@ -13,7 +13,6 @@ namespace verlink::test {
 namespace {
 
 using design::Found;
-using design::FourBar;
 using design::Refusal;
 using design::Solution;
 using design::Task;

@@ -61,7 +61,7 @@ class FilesTest : public ModelFiles {
     /// The message of a model that was read, and then the input screen with it.
     void Expect_Model(const std::string& path, Single crank) {
         desktop.Expect_Message("File " + path + " successfully read.", Answer::kOk, Icon::kInformation);
-        desktop.Expect_Screen("frm_Inputnew", [this, crank](Screen& screen) {
+        desktop.Expect_Screen("frm_Inputnew", [crank](Screen& screen) {
             EXPECT_EQ(Model.L2, crank);
             EXPECT_EQ(screen.Text("txt_Linkout", 1).Text.Get(), Text_Of(crank)) << "the boxes are those of the file";
             EXPECT_EQ(Screen::Active(), &screen);

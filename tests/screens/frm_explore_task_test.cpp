@@ -323,9 +323,10 @@ TEST_F(ExploreTask, TasksThatNothingSolvesAreSaidInASentence) {
         {{{{2, 0}, 0}, {{0, 2}, 90}, {{-2, 0}, 180}},
          "All positions turn about the one point 0, 0, so that every link has its pivot there: a single joint does it. "
          "Move or turn one of the positions."}};
-    for (const auto& [places, words] : tasks) {
+    for (const auto& task : tasks) {
+        const std::string& words = task.second;
         SCOPED_TRACE(words);
-        form.Take_Task(With(places));
+        form.Take_Task(With(task.first));
         Inside([&] {
             EXPECT_EQ(Said(), words);
             Search();
