@@ -10,7 +10,7 @@
 #include "core/results.h"
 #include "core/runs.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

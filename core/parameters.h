@@ -9,6 +9,7 @@
 
 namespace verlink {
 
+// Get and Put are seen from the model: Get is from the boxes into it, Put is back into the boxes.
 // Each serves `frm_Inputnew` and `frm_Animate`, which have controls of the same names. Boxes show lengths in the
 // shown unit; the model holds metres in `Units` 4 and 5.
 

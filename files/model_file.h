@@ -84,7 +84,7 @@ bool Read_Newfile(TextReader& reader, LinkageModel& record = Model);
 void Derive_Limits_From_File(LinkageModel& record);
 
 /// The values in `Model` have been changed as if a file had held them: it becomes that model.
-void Derive_From_File();
+void Enter_As_From_File();
 
 /// Offers to save results that an opened or imported file would replace; the dialog comes twice, saved or not. False
 /// when the user would rather not go on.

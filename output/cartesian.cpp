@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"

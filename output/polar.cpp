@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
@@ -16,7 +16,7 @@
 #include "output/reading.h"
 #include "output/selection.h"
 #include "output/tables.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/plot_box.h"
 

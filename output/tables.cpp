@@ -7,14 +7,14 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
 #include "output/panels.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/grid.h"
 #include "platform/guard.h"

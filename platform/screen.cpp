@@ -5,7 +5,7 @@
 #include <map>
 
 #include "platform/deed.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::platform {
 

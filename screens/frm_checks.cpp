@@ -5,8 +5,8 @@
 
 #include "checks/words.h"
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/help_documents.h"
 

@@ -7,8 +7,8 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "screens/edit_menu.h"

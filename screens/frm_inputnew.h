@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"

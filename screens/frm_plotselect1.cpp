@@ -2,10 +2,10 @@
 #include "screens/frm_plotselect1.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/cartesian.h"
 #include "output/selection.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

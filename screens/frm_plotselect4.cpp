@@ -2,7 +2,7 @@
 #include "screens/frm_plotselect4.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/catalogue.h"
 #include "output/polar.h"
 #include "output/selection.h"

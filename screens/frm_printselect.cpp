@@ -5,8 +5,8 @@
 #include <array>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "output/selection.h"
 #include "output/table_sheet.h"
 #include "output/tables.h"

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "files/picture_files.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"

@@ -6,8 +6,8 @@
 #include <limits>
 #include <thread>
 
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "study/hand_over.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/selection.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"

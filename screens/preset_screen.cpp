@@ -1,6 +1,6 @@
 // The events of the screens that offer presets, and the two screens whose plots have a window for each function.
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/cartesian.h"
 #include "output/selection.h"
 #include "platform/guard.h"

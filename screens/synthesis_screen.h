@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"

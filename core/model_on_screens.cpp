@@ -1,10 +1,10 @@
 // The status panel, the enabling of the home screen's menus and buttons, headers and captions of screens.
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 
 #include <utility>
 
 #include "core/linkage_model.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
