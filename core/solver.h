@@ -13,6 +13,9 @@ namespace verlink {
 /// local frame, `Theta` is global and wrapped by `ModuloMode`, lengths are in the shown unit. No memory between
 /// steps but that of imported runs, whose first acceleration term holds the previous step's `Alpha2`. A position
 /// that does not close goes to `Noconnect` with Result; one that fails is told and counts as not closed.
+/// Measured against 40 digits (tests/core/reference_test.cpp), in units in the last place of a single of the largest
+/// term that a result is made of: angles 3, points 8, speeds and centrodes 12, accelerations 32; where the sine of the
+/// angle between links 3 and 4 is below 0.3, up to (0.3 / sine)^2 times that.
 void Calculate(Integer step, Integer& Result);
 
 /// Solves the positions of a run side by side, so many at a time, where nothing out of the ordinary happens.
