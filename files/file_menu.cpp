@@ -56,7 +56,8 @@ void Read_Model_File(const std::string& path) {
     Refresh_Status();
 }
 
-/// No, unasked, of a model that is not modified.
+}  // namespace
+
 Answer Ask_To_Keep() {
     if (!Modified()) return Answer::kNo;
     return The_Desktop().Show_Message(
@@ -64,8 +65,6 @@ Answer Ask_To_Keep() {
          .icon = Icon::kQuestion,
          .buttons = Buttons::kYesNo});
 }
-
-}  // namespace
 
 bool May_Replace(Screen& home) {
     const Answer answer = Ask_To_Keep();

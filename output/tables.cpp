@@ -69,10 +69,6 @@ std::string Value_At(int step, int slot) {
     return Shown(value);
 }
 
-void Put(Screen& screen, const char* name, const std::string& text) {
-    platform::With<Label>(screen, name, platform::kNoIndex, [&](Label& label) { label.Caption = text; });
-}
-
 void Fill_Titles(Grid& grid) {
     struct Words {
         const char *first, *second, *third;
@@ -158,8 +154,8 @@ void Multiprint(Screen& screen) {
         std::string line1, line2, time, step, unit;
         Table_Titles(line1, line2, time, step, unit);
         Titlebox(screen);
-        Put(screen, "lbl_Header2", line1);
-        Put(screen, "lbl_Header3", line2);
+        Put_Caption(screen, "lbl_Header2", platform::kNoIndex, line1);
+        Put_Caption(screen, "lbl_Header3", platform::kNoIndex, line2);
         Show_Run_Panel(screen);
 
         grid.SetRows(Model.GridRows);

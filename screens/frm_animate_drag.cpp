@@ -10,6 +10,8 @@
 
 namespace verlink {
 
+using namespace shift_drag;
+
 void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) {
     constexpr int kLeft = 1;
     constexpr int kShiftAlone = 1;

@@ -16,9 +16,7 @@ void frm_Animate::Write_Tips() {
     chk_Centrodes.Tip = "Show the fixed centrode in black, the moving one in red";
     chk_CouplerLines.Tip = "Show a line of the coupler through the coupler point at each step";
     txt_LineAngle.Tip = "Angle of the coupler lines to the coupler, degrees";
-    Picture1.Tip =
-        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the "
-        "arrow keys; the wheel zooms, a double click fits";
+    Picture1.Tip = kPictureTip;
     opt_Shift_Drag[0].Tip = "Shift-drag in the picture moves the coupler point";
     opt_Shift_Drag[1].Tip = "Shift-drag in the picture changes the length of the crank";
     opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";

@@ -43,7 +43,6 @@ std::string Advice(const StatusFlags& flags) {
 }  // namespace
 
 frm_Checks::frm_Checks() : Screen("frm_Checks") {
-    Caption() = "Checks" + Model.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     grd_Data.Tip = "Each check with its worst value beside what is expected of single precision; select and copy";

@@ -75,7 +75,6 @@ std::string Count_Of(std::size_t count, const char* what) {
 }  // namespace
 
 frm_Explore::frm_Explore() : Screen("frm_Explore") {
-    Caption() = "Explore" + Model.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     DefaultButton = &cmd_Search;

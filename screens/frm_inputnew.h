@@ -29,7 +29,6 @@ class frm_Inputnew : public Linkage_Screen {
     /// The same for time and one-position runs.
     bool TimeStepDone(Integer& Result);
     /// Runs the present mode again without reading a box, and shows the first position.
-    void Recalculate();
 
     // Menus.
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};

@@ -160,21 +160,6 @@ bool frm_Inputnew::TimeStepDone(Integer& Result) {
     return done;
 }
 
-void frm_Inputnew::Recalculate() {
-    Guarded("frm_Input.Recalculate", [this] {
-        Integer Result = kRetrying;
-        if (Model.Calctype < 4)
-            Calc_Setup(Model.Calctype, Result);
-        else
-            Imported_Run(Result);
-        if (Model.RunStands) {
-            Model.CurrentStep = 0;
-            Show_Step();
-        }
-        Model.ScreenReturn = true;
-    });
-}
-
 // The picture.
 
 void frm_Inputnew::Show_Step() {

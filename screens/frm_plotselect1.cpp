@@ -22,7 +22,7 @@ const std::string kGap = std::string("Something is wrong. ") + CR + CR + "You ar
 
 }  // namespace
 
-frm_PlotSelect1::frm_PlotSelect1() : Preset_Screen("frm_PlotSelect1", "Select Plot Data", 4, "cmd_CancelPlotData") {
+frm_PlotSelect1::frm_PlotSelect1() : Preset_Screen("frm_PlotSelect1", 4, "cmd_CancelPlotData") {
     Model.GraphWindows = 1;
 }
 

@@ -17,8 +17,7 @@ constexpr char kPlot[] = "frm_MyPlot4";
 }  // namespace
 
 frm_PlotSelect4::frm_PlotSelect4()
-    : Function_Screen("frm_PlotSelect4", "Select Plot Data", 1, Function_Slot::Parts::kVariableOnly,
-                      "cmd_CancelPlotData") {
+    : Function_Screen("frm_PlotSelect4", 1, Function_Slot::Parts::kVariableOnly, "cmd_CancelPlotData") {
     Model.GraphWindows = 1;
     Load_Components(*this, Slot(1).cmb_Com);
 }

@@ -79,7 +79,6 @@ void Sketch_Polar(PictureBox& picture) {
 }  // namespace
 
 frm_PlotType::frm_PlotType() : Screen("frm_PlotType") {
-    Caption() = "Select Plot Type";
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     cmd_PickPlotDone.Enabled = false;

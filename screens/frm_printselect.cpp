@@ -21,7 +21,7 @@ constexpr char kTable[] = "frm_PrintData";
 
 }  // namespace
 
-frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", "Print Select", kFunctions, "cmd_Cancel") {
+frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", kFunctions, "cmd_Cancel") {
     Enable_Selection(*this, false, kFunctions);
     Toggle_Coordinate(*this, false);
     for (const char* step : {"1", "2", "3", "5", "10"}) cmb_Step.AddItem(step);

@@ -40,7 +40,6 @@ bool Names_A_Plot(const std::string& words) {
 }  // namespace
 
 frm_Report::frm_Report() : Screen("frm_Report") {
-    Caption() = "Report" + Model.TitleSuffix;
     Width() = kDesignWidth;
     Height() = kDesignHeight;
     DefaultButton = &cmd_Save;

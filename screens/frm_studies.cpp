@@ -53,7 +53,6 @@ std::string Field_Text(const ComboBox& list) {
 }  // namespace
 
 frm_Studies::frm_Studies() : Screen("frm_Studies"), model_(Model) {
-    Caption() = "Studies" + model_.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     DefaultButton = &cmd_Start;

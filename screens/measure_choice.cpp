@@ -34,7 +34,6 @@ constexpr std::array<Kind_Of, 9> kStatistics{{{"min", Statistic::kMin},
 constexpr const char* kComponents[] = {"X", "Y", "Mag", "Ang"};
 constexpr const char* kOrders[] = {"<", "<=", ">", ">="};
 constexpr char kNone[] = "(none)";
-constexpr int kLastSolved = 37;  ///< of the catalogue, forces included
 
 const Kind_Of* Statistic_Named(const std::string& word) {
     const auto* found =
@@ -67,7 +66,7 @@ Measure_Choice::Measure_Choice(platform::Screen& owner, int index, Kind kind, co
 void Measure_Choice::Fill_Lists() {
     if (cmb_Order) cmb_Statistic.AddItem(kNone);
     for (const Kind_Of& kind : kStatistics) cmb_Statistic.AddItem(kind.word);
-    for (int number = 1; number <= kLastSolved; ++number) cmb_Variable.AddItem(Variable_Name(number));
+    for (const std::string& variable : Variables_Up_To(Needs::kForces)) cmb_Variable.AddItem(variable);
     for (const char* component : kComponents) cmb_Component.AddItem(component);
     if (!cmb_Order) return;
     for (const char* order : kOrders) cmb_Order->AddItem(order);

@@ -14,7 +14,6 @@ namespace verlink {
 
 Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     : Screen(name), selection_(std::move(selection)) {
-    Caption() = "Output Screen";
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     cmd_PlotPrint.Tip = "Print this screen";

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -201,6 +202,8 @@ class Synthesis_Screen : public platform::Screen {
     int positions_;
     Integer LengthFactor = 1;  ///< shown units in a stored one
     std::vector<Follower> followers_;
+    /// The symbols alone; a value may follow one with "=".
+    std::map<const Label*, std::string> symbols_;
     std::string shown_;  ///< the record's numbers that stand on the screen
     std::function<void()> to_type_;
 };
