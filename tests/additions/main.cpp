@@ -1,4 +1,4 @@
-// Asks the program for the screen and the output variable that docs/architecture.md adds; tools/test-additions builds it.
+// Asks the program for the screen and the output variable that docs/architecture.md adds; see tools/test-additions.
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
