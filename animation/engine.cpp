@@ -11,11 +11,11 @@
 #include "animation/film.h"
 #include "animation/shown.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
-#include "core/status_panel.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -183,7 +183,7 @@ class Batch {
         Model.Calctype = 3;
         if (Guarded("Readfile", [this] {
                 Replace_Fields(Model);
-                Derive_From_File();
+                Enter_As_From_File();
             }))
             return true;
         err_ << "verlink-batch: the example " << *options_.example << " cannot be read with these values\n";
@@ -212,14 +212,14 @@ class Batch {
     }
 
     void Classify() {
-        Take_Geometry();
+        Derive_Geometry();
         Grashof();
         const std::string toggle = Model.Grashof_Code == "N" ? Shortest(Toggle()) : "";
         print_.Table(kClassified + Model.Grashof_Code + "," + Csv_Field(Grashof_Long_Text()) + "," + toggle + "\n");
     }
 
     bool Print_Cognates() {
-        Take_Geometry();
+        Derive_Geometry();
         if (Refuse_Parallelogram()) return false;
         SeedCognate();
         if (Model.L2 + Model.L3 + Model.L4 == 0) return false;  // said by then
@@ -234,7 +234,7 @@ class Batch {
     }
 
     bool Report_Balance() {
-        Take_Geometry();
+        Derive_Geometry();
         const std::string report = Balance_Report();
         print_.Table(report);
         return !report.empty();

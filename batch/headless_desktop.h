@@ -3,7 +3,7 @@
 
 #include <ostream>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink {
 

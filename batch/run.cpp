@@ -7,7 +7,7 @@
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/runs.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink {
 
@@ -68,7 +68,7 @@ bool Take_Time_Limits() {
 
 }  // namespace
 
-void Take_Geometry() {
+void Derive_Geometry() {
     for (Single* length : {&Model.L2, &Model.L3, &Model.L4, &Model.Rpa}) Check_Positive(*length);
     if (Model.PolarCoords) Check_Positive(Model.L1);
     Derive_Linkage(Leading::kInForce);
@@ -85,7 +85,7 @@ bool Take_Limits() {
 
 bool Run_Model(std::ostream& notes) {
     if (!Take_Limits()) return false;
-    Take_Geometry();
+    Derive_Geometry();
     Integer Result = kRetrying;
     if (Model.Calctype > 3) {
         if (Model.NSteps < 0) {

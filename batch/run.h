@@ -7,7 +7,7 @@ namespace verlink {
 
 /// Link 1 by the model's form of it, negative lengths made positive with the screen's message, the rest as it
 /// stands.
-void Take_Geometry();
+void Derive_Geometry();
 
 /// The limits of run types 1 to 3 as the run takes them. False, with the words that a screen would show, when they are
 /// refused.

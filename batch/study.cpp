@@ -343,7 +343,7 @@ int Write_Sensitivities(const BatchOptions& options, const study::Study& study, 
 
 int Run_Study(const BatchOptions& options, Printout& print, std::ostream& err, int columns) {
     if (!Take_Limits()) return kFailed;
-    Take_Geometry();
+    Derive_Geometry();
     std::string fault;
     const auto study = Study_Of(options, Model, fault);
     if (!study) {

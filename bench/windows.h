@@ -5,7 +5,7 @@
 
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 
 namespace verlink::bench {

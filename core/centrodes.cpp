@@ -5,7 +5,7 @@
 #include "core/numeric.h"
 #include "core/pole.h"
 #include "core/trigonometry.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -16,7 +16,8 @@ struct GrashofKind {
 
 inline constexpr std::string_view kCannotConnect = "NL";
 
-/// Sums are compared in single precision. Failure 6 for a length that no single holds.
+/// Shortest and longest against the two others, after Grashof, as sums in single precision. Failure 6 for a length that
+/// no single holds.
 GrashofKind Grashof_Kind(const Links& links);
 
 }  // namespace verlink

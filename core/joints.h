@@ -21,6 +21,9 @@ struct Pole {
     bool at_infinity = false;  ///< they are parallel, or as nearly as single numbers can tell
 };
 
+// Poles of stored joints are within 2e-6 of their distance, radii of curvature within 2e-5 of their own, more where
+// lines are nearly parallel or a path is nearly straight: tests/core/joints_test.cpp, against tests/reference/poles.py.
+
 /// The pole of the coupler against the ground: crank and rocker meet there. None where both lie on one line.
 std::optional<Pole> Pole_13(const Joints& joints);
 /// The pole of the rocker against the crank: coupler and ground meet there. None where both lie on one line.

@@ -13,7 +13,7 @@
 #include "core/pole.h"
 #include "core/position.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -10,7 +10,7 @@
 #include "core/results.h"
 #include "core/runs.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -443,10 +443,10 @@ void Check_Parameters(Screen& screen) {
         Read_Flag(screen, "chk_CouplerLines", Model.ShowCouplerLinesFlag);
         Read_Flag(screen, "chk_Centrodes", Model.ShowCentrodesFlag);
         Read_Flag(screen, "chk_Trace", Model.TraceFlag);
-        constexpr int kTargets[] = {2, 0, 1, 3};
-        for (int option = 0; option < 4; ++option)
-            With<OptionButton>(screen, "opt_Shift_Drag", option, [&](OptionButton& found) {
-                if (found.Value) Model.ShiftDragTarget = kTargets[option];
+        int option = 0;
+        for (const int target : shift_drag::kOfOption)
+            With<OptionButton>(screen, "opt_Shift_Drag", option++, [&](OptionButton& found) {
+                if (found.Value) Model.ShiftDragTarget = target;
             });
     });
 }

@@ -9,6 +9,7 @@
 
 namespace verlink {
 
+// Get and Put are seen from the model: Get is from the boxes into it, Put is back into the boxes.
 // Each serves `frm_Inputnew` and `frm_Animate`, which have controls of the same names. Boxes show lengths in the
 // shown unit; the model holds metres in `Units` 4 and 5.
 
@@ -49,6 +50,13 @@ void Put_Circuit(platform::Screen& screen);
 
 /// Negates a negative length, with a message.
 void Check_Positive(Single& length);
+
+/// What a shift-drag takes hold of, as `ShiftDragTarget` has it.
+namespace shift_drag {
+enum Target { kCrank = 0, kRocker = 1, kCouplerPoint = 2, kGround = 3, kCoupler = 4 };
+/// By the index of `opt_Shift_Drag`.
+inline constexpr int kOfOption[] = {kCouplerPoint, kCrank, kRocker, kGround, kCoupler};
+}  // namespace shift_drag
 
 /// The settings of the animate screen into the model; controls that a screen does not have leave theirs alone.
 void Check_Parameters(platform::Screen& screen);

@@ -21,23 +21,21 @@ void Turn(Fact& fact, bool so) {
     Results::Set(fact, so);
 }
 
-void Set_Run(bool stands, bool counts) {
+void Set_Run(bool holds) {
     Forces_Dropped();
-    Turn(Model.RunStands, stands);
-    Results::Set(Model.Calculated, counts);
+    Turn(Model.RunStands, holds);
+    Results::Set(Model.Calculated, holds);
 }
 
 }  // namespace
 
-void Run_Holds() { Set_Run(true, true); }
-
-void Run_Shown() { Set_Run(true, false); }
+void Run_Holds() { Set_Run(true); }
 
 void Run_Counts() { Results::Set(Model.Calculated, Model.RunStands); }
 
 void Run_Held_Back() { Results::Set(Model.Calculated, false); }
 
-void Run_Dropped() { Set_Run(false, false); }
+void Run_Dropped() { Set_Run(false); }
 
 void Forces_Hold() {
     Forces_Dropped();

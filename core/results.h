@@ -3,11 +3,9 @@
 
 namespace verlink {
 
-/// The run in `RunTable` is that of the model as it stands. `Run_Holds`: and the user has asked for it. `Run_Shown`:
-/// it was made for the input screen to show and counts only from the user's next action, `Run_Counts`, which does
-/// nothing where no run stands. What was found out from an earlier run falls with the new one.
+/// The run in `RunTable` is that of the model as it stands, and counts. What was found out from an earlier run falls.
 void Run_Holds();
-void Run_Shown();
+/// The run that stands, if one does, counts from now on: the user has acted.
 void Run_Counts();
 /// The input screen is up: the run that stands counts again only from the user's next action.
 void Run_Held_Back();

@@ -10,7 +10,7 @@
 #include "core/rounding.h"
 #include "core/solver.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -128,16 +128,16 @@ void Timestep(Integer& Result) {
         Model.CamDriven = false;
         Single t = Model.TimeStart;
         Clear_RunTable();
-        LookAhead ahead;
+        StepsAtOnce several;
         for (int step = 0; step <= Model.NSteps; ++step) {
             double later = t;
-            if (ahead.Solve(step, [&later](double& theta2, double& omega2) {
+            if (several.Solve(step, [&later](double& theta2, double& omega2) {
                     omega2 = Omega_At(later);
                     theta2 = Theta_At(later) - Model.Link1AngleRad;
                     later = Rounded(later + Model.TimeStep);
                     return true;
                 })) {
-                step += LookAhead::kSteps - 1;
+                step += StepsAtOnce::kSteps - 1;
                 t = later;
                 continue;
             }
@@ -162,16 +162,16 @@ void Crankangle(Integer& Result) {
         const double stride = from_the_end ? -Model.ThetaStepRad : +Model.ThetaStepRad;
         const auto overshot = [&](double angle) { return from_the_end ? angle < Final : angle > Final; };
         Clear_RunTable();
-        LookAhead ahead;
+        StepsAtOnce several;
         for (int step = 0; step <= Model.NSteps; ++step) {
             double angle = Model.Theta2Rad;
-            if (ahead.Solve(step, [&](double& theta2, double& omega2) {
+            if (several.Solve(step, [&](double& theta2, double& omega2) {
                     omega2 = Model.Omega2;
                     theta2 = angle;
                     angle = Rounded(angle + stride);
                     return !overshot(theta2);
                 })) {
-                step += LookAhead::kSteps - 1;
+                step += StepsAtOnce::kSteps - 1;
                 Model.Theta2Rad = angle;
                 continue;
             }

@@ -169,7 +169,7 @@ void Calculate(Integer step, Integer& Result) {
     if (!solved && step >= 0 && step <= kLastStep) Model.RunTable.Assembled(step) = false;
 }
 
-LookAhead::LookAhead(Lanes lanes)
+StepsAtOnce::StepsAtOnce(Lanes lanes)
     : run_{Present_Shape(),
            Wrap_Mode(),
            Model.Link1Angle,
@@ -177,15 +177,15 @@ LookAhead::LookAhead(Lanes lanes)
            !Model.Parallelogram,
            Model.Alpha2,
            {},
-           ahead::Columns_Of(Model.RunTable)},
-      solve_(lanes == Lanes::kFour && ahead::kSolve_By_Fours ? ahead::kSolve_By_Fours : ahead::Solve_By_Pairs) {}
+           at_once::Columns_Of(Model.RunTable)},
+      solve_(lanes == Lanes::kFour && at_once::kSolve_By_Fours ? at_once::kSolve_By_Fours : at_once::Solve_By_Pairs) {}
 
-bool LookAhead::Is_Possible(int step) const {
+bool StepsAtOnce::Is_Possible(int step) const {
     const int last = step + kSteps - 1;
     return step >= resume_ && Is_Finite(run_.shape.Sum) && last < Model.NSteps && last <= kLastStep && !Is_Imported();
 }
 
-bool LookAhead::Solve_All(int step, const double* theta2, const double* omega2) {
+bool StepsAtOnce::Solve_All(int step, const double* theta2, const double* omega2) {
     auto& m = Model;
     // Known since the first step was solved.
     run_.start = {m.Centrode0Ax, m.Centrode0Ay, m.SinCentrode0, m.CosCentrode0};

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "core/lanes.h"
-#include "core/look_ahead.h"
 #include "core/number.h"
 #include "core/position.h"
+#include "core/steps_at_once.h"
 
 namespace verlink {
 
@@ -13,16 +13,19 @@ namespace verlink {
 /// local frame, `Theta` is global and wrapped by `ModuloMode`, lengths are in the shown unit. No memory between
 /// steps but that of imported runs, whose first acceleration term holds the previous step's `Alpha2`. A position
 /// that does not close goes to `Noconnect` with Result; one that fails is told and counts as not closed.
+/// Measured against 40 digits (tests/core/reference_test.cpp), in units in the last place of a single of the largest
+/// term that a result is made of: angles 3, points 8, speeds and centrodes 12, accelerations 32; where the sine of the
+/// angle between links 3 and 4 is below 0.3, up to (0.3 / sine)^2 times that.
 void Calculate(Integer step, Integer& Result);
 
 /// Solves the positions of a run side by side, so many at a time, where nothing out of the ordinary happens.
-class LookAhead {
+class StepsAtOnce {
    public:
-    static constexpr int kSteps = ahead::kSteps;
+    static constexpr int kSteps = at_once::kSteps;
 
     /// For the linkage and the `Alpha2` of the record as they stand; to the same bits with any lanes that the machine
     /// has.
-    explicit LookAhead(Lanes lanes = Widest_Lanes());
+    explicit StepsAtOnce(Lanes lanes = Widest_Lanes());
 
     /// `Calculate` for steps `step` to `step` + 7, to the same bits, but for the fields of the current position, which
     /// stay. `motion` tells crank angle (local, radians) and speed of one step after the other, before they are
@@ -44,8 +47,8 @@ class LookAhead {
     bool Is_Possible(int step) const;
     bool Solve_All(int step, const double* theta2, const double* omega2);
 
-    ahead::Run run_;
-    ahead::Solver solve_;
+    at_once::Run run_;
+    at_once::Solver solve_;
     int resume_ = 1;
 };
 

@@ -6,7 +6,8 @@
 
 namespace verlink {
 
-/// The angle in degrees to which it can swing either way from the ground link, in single precision.
+/// The angle in degrees to which it can swing either way from the ground link, in single precision, by the law of
+/// cosines of the triangle that coupler and rocker in line make with crank and ground.
 Single Toggle_Angle(const Geometry& linkage);
 
 }  // namespace verlink

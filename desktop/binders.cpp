@@ -17,38 +17,32 @@
 #include <memory>
 #include <utility>
 
+#include "desktop/bind.h"
 #include "desktop/button.h"
 #include "desktop/caption.h"
-#include "desktop/chart_widgets.h"
 #include "desktop/document_widget.h"
-#include "desktop/form.h"
 #include "desktop/frame_box.h"
-#include "desktop/graph_widget.h"
 #include "desktop/grid_widget.h"
 #include "desktop/keys.h"
 #include "desktop/line_box.h"
 #include "desktop/lock_widget.h"
-#include "desktop/pace.h"
-#include "desktop/picture_menu.h"
-#include "desktop/picture_widget.h"
-#include "desktop/plot_hand.h"
-#include "desktop/text.h"
 #include "desktop/theme.h"
-#include "platform/charts.h"
-#include "platform/controls.h"
 #include "platform/deed.h"
-#include "platform/graph.h"
 #include "platform/grid.h"
 #include "platform/lock.h"
-#include "platform/overlaid_picture.h"
-#include "platform/plot_box.h"
-#include "screens/picture_entries.h"
 
 namespace verlink::desktop {
 
+using namespace platform;
+
 namespace {
 
-using namespace platform;
+/// A box that holds a refused text tells of that first.
+QString tipOf(const Visual& control) {
+    const auto* box = dynamic_cast<const TextBox*>(&control);
+    const QString tip = lines(control.Tip);
+    return box && box->Refused() ? lines(box->Note()) + u'\n' + tip : tip;
+}
 
 /// Sets the back colour of a control. What is derived keeps its colour while it is disabled; what is typed does
 /// not, since nothing can be typed there then.
@@ -62,42 +56,6 @@ void paintBack(QWidget* widget, QPalette::ColorRole role, Color wished) {
         if (wished != kYellow) own.setColor(QPalette::Disabled, role, color);
     }
     widget->setPalette(own);
-}
-
-/// A box that holds a refused text tells of that first.
-QString tipOf(const Visual& control) {
-    const auto* box = dynamic_cast<const TextBox*>(&control);
-    const QString tip = lines(control.Tip);
-    return box && box->Refused() ? lines(box->Note()) + u'\n' + tip : tip;
-}
-
-/// What all visible controls show alike.
-void showVisual(QWidget* widget, const Visual& control) {
-    // Apart from what a disabled frame around it does.
-    if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled) widget->setEnabled(control.Enabled);
-    widget->setVisible(control.Visible);
-    const QString tip = tipOf(control);
-    // A tip may hold a text of the model, which is shown as it stands.
-    const QString shown = Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
-    if (widget->toolTip() != shown) {
-        widget->setToolTip(shown);
-        widget->setAccessibleDescription(tip);
-    }
-}
-
-/// Names the widget, keeps its place when hidden, and shows the control now and at each change.
-template <class Show>
-void bind(Form& form, Visual& control, QWidget* widget, Show show) {
-    widget->setObjectName(toQt(control.ObjectName()));
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-    control.Watcher = [widget, &control, show]() mutable {
-        show();
-        showVisual(widget, control);
-    };
-    control.Watcher();
-    form.watch(widget, control);
 }
 
 template <class Text>
@@ -355,122 +313,6 @@ QWidget* make(Form& form, ScrollBar& control, QWidget* parent) {
     return bar;
 }
 
-/// The hand that takes what is drawn, and the one that moves the glass.
-void bindHand(Form& form, PictureBox& control, PictureWidget* picture) {
-    // Looking is no deed.
-    const auto look = [&form, &control](const std::function<void()>& heard) {
-        if (form.inUse() && control.Enabled) form.happen(control, heard);
-    };
-    if (control.OnHover) {
-        picture->setMouseTracking(true);
-        picture->onHover = [&control, look](const Touch& at) { look([&] { control.OnHover(at); }); };
-    }
-    if (control.OnLeave) picture->onLeave = [&control, look] { look(control.OnLeave); };
-    if (control.OnSeize)
-        picture->onSeize = [&form, &control](const Touch& at) {
-            bool taken = false;
-            form.act(
-                control, [&] { taken = control.OnSeize(at); }, Deed::Kind::kDrag);
-            return taken;
-        };
-    if (control.OnDrag)
-        picture->onDrag = [&form, &control](const Touch& at) {
-            form.act(
-                control, [&] { control.OnDrag(at); }, Deed::Kind::kDrag);
-        };
-    if (control.OnRelease) picture->onLetGo = [&form, &control] { form.happen(control, control.OnRelease); };
-    if (control.OnKey)
-        picture->onKey = [&form, &control](const Picture_Key& key) {
-            form.act(
-                control, [&] { control.OnKey(key); }, Deed::Kind::kDrag);
-        };
-    if (control.Magnifies) picture->magnify();
-    picture->onGlass = [&control](const Glass& glass) { control.Through = glass; };
-    picture->onSize = [&form, &control](double across) {
-        control.Across = across;
-        if (control.OnPixel) form.happen(control, control.OnPixel);
-    };
-}
-
-/// What files of a picture are called.
-const char* nameOf(const PictureBox& control) {
-    if (dynamic_cast<const PlotBox*>(&control)) return kPlotPicture;
-    return control.Name() == "Picture1" && control.Owner().Name() != "frm_Cayley" ? kLinkagePicture : kDiagramPicture;
-}
-
-QWidget* make(Form& form, PictureBox& control, QWidget* parent) {
-    auto* picture = new PictureWidget(control.Drawing(), parent);
-    // One that chooses by a click is no more than the face of a button.
-    if (!control.OnClick) new PictureMenu(control, *picture, nameOf(control), [picture] { return sourceOf(*picture); });
-    auto* plot = dynamic_cast<PlotBox*>(&control);
-    PlotHand* hand = plot ? new PlotHand(*plot, picture) : nullptr;
-    bindHand(form, control, picture);
-    picture->onMouseMove = [&form, &control](int button, int shift, double x, double y) {
-        if (!control.OnMouseMove) return;
-        form.act(
-            control, [&] { control.OnMouseMove(button, shift, x, y); }, Deed::Kind::kDrag);
-    };
-    picture->onRelease = [] { Deed::Drag_Ended(); };
-    picture->takesClicks = [&control] { return control.OnClick || control.OnDblClick; };
-    picture->onClick = [&form, &control] {
-        if (control.OnClick) form.act(control, control.OnClick);
-    };
-    picture->onDoubleClick = [&form, &control] {
-        if (control.OnDblClick) form.act(control, control.OnDblClick);
-    };
-    auto* overlaid = dynamic_cast<Overlaid_Picture*>(&control);
-    bind(form, control, picture, [picture, overlaid, hand, &control, &form, keys = std::string()]() mutable {
-        picture->setLines(control.Lines);
-        if (overlaid) picture->setOverlay(overlaid->Over);
-        if (hand) hand->follow();
-        picture->setLight(control.Lit);
-        picture->setGrip(control.Pointer);
-        if (keys != control.Keys.Get()) picture->setKeys(keys = control.Keys);
-        if (picture->setGlass(control.Through) && control.OnPixel) form.happen(control, control.OnPixel);
-    });
-    return picture;
-}
-
-QWidget* make(Form& form, Graph& control, QWidget* parent) {
-    auto* graph = new GraphWidget(control, parent);
-    graph->onSeek = [&form, &control](int point) {
-        form.act(
-            control, [&] { control.OnSeek(point); }, Deed::Kind::kDrag);
-    };
-    graph->onSought = [&form, &control] {
-        form.happen(control, [&] {
-            if (control.OnSought) control.OnSought();
-        });
-        Deed::Drag_Ended();
-    };
-    bind(form, control, graph, [graph] { graph->follow(); });
-    return graph;
-}
-
-QWidget* make(Form& form, Histogram& control, QWidget* parent) {
-    auto* histogram = new HistogramWidget(control, parent);
-    histogram->onPick = [&form, &control](double value) {
-        if (control.OnPick) form.act(control, [&] { control.OnPick(value); });
-    };
-    bind(form, control, histogram, [histogram] { histogram->follow(); });
-    return histogram;
-}
-
-QWidget* make(Form& form, Bars& control, QWidget* parent) {
-    auto* bars = new BarsWidget(control, parent);
-    bind(form, control, bars, [bars] { bars->follow(); });
-    return bars;
-}
-
-QWidget* make(Form& form, Color_Map& control, QWidget* parent) {
-    auto* map = new ColorMapWidget(control, parent);
-    map->onPick = [&form, &control](Color_Map::Cell cell) {
-        if (control.OnPick) form.act(control, [&] { control.OnPick(cell); });
-    };
-    bind(form, control, map, [map] { map->follow(); });
-    return map;
-}
-
 QWidget* make(Form& form, Grid& control, QWidget* parent) {
     auto* grid = new GridWidget(control, parent);
     bind(form, control, grid, [grid] { grid->follow(); });
@@ -538,6 +380,19 @@ QObject* make(Form& form, Timer& control, QWidget* parent) {
 
 }  // namespace
 
+void showVisual(QWidget* widget, const Visual& control) {
+    // Apart from what a disabled frame around it does.
+    if (widget->isEnabledTo(widget->parentWidget()) != control.Enabled) widget->setEnabled(control.Enabled);
+    widget->setVisible(control.Visible);
+    const QString tip = tipOf(control);
+    // A tip may hold a text of the model, which is shown as it stands.
+    const QString shown = Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
+    if (widget->toolTip() != shown) {
+        widget->setToolTip(shown);
+        widget->setAccessibleDescription(tip);
+    }
+}
+
 QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* label = dynamic_cast<Label*>(&control)) return make(form, *label, parent);
     if (auto* frame = dynamic_cast<Frame*>(&control)) return make(form, *frame, parent);
@@ -548,11 +403,7 @@ QObject* makeObject(Form& form, Control& control, QWidget* parent) {
     if (auto* tick = dynamic_cast<CheckBox*>(&control)) return make(form, *tick, parent);
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) return make(form, *combo, parent);
     if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return make(form, *bar, parent);
-    if (auto* picture = dynamic_cast<PictureBox*>(&control)) return make(form, *picture, parent);
-    if (auto* graph = dynamic_cast<Graph*>(&control)) return make(form, *graph, parent);
-    if (auto* histogram = dynamic_cast<Histogram*>(&control)) return make(form, *histogram, parent);
-    if (auto* bars = dynamic_cast<Bars*>(&control)) return make(form, *bars, parent);
-    if (auto* map = dynamic_cast<Color_Map*>(&control)) return make(form, *map, parent);
+    if (QWidget* drawn = makeDrawn(form, control, parent)) return drawn;
     if (auto* grid = dynamic_cast<Grid*>(&control)) return make(form, *grid, parent);
     if (auto* view = dynamic_cast<DocumentView*>(&control)) return make(form, *view, parent);
     if (auto* timer = dynamic_cast<Timer*>(&control)) return make(form, *timer, parent);

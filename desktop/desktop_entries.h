@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::desktop {
 

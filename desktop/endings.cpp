@@ -14,7 +14,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "shell/recovery.h"
 #include "shell/run_log.h"
 #include "shell/startup.h"

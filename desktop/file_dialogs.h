@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
 // The model file as a type that the desktop of the user knows.
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::desktop {
 

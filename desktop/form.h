@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/deed.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 
 class QMenu;

@@ -10,6 +10,7 @@
 
 namespace verlink::desktop {
 
+class GraphPlot;
 struct PictureSource;
 
 /// Draws what the graph holds when its `Draw` is called, and nothing in between but a cursor that moves. The wheel
@@ -46,12 +47,11 @@ class GraphWidget : public QWidget {
     void showEvent(QShowEvent* event) override;
 
    private:
-    class Plot;
     void follow(bool drawn);
     PictureSource source();
 
     const platform::Graph& graph_;
-    Plot* plot_;
+    GraphPlot* plot_;
     int seen_ = 0;
 };
 

@@ -161,6 +161,4 @@ void NumberRows::addLocked(QWidget* label, QWidget* box, QWidget* lock, QWidget*
     ++rows_;
 }
 
-void NumberRows::addWide(QWidget* widget) { grid_->addWidget(widget, rows_++, 0, 1, 3); }
-
 }  // namespace verlink::desktop

@@ -54,8 +54,6 @@ class NumberRows {
     void add(QWidget* label, QWidget* box, QWidget* unit = nullptr, int digits = 9);
     /// The same with a lock close beside the box.
     void addLocked(QWidget* label, QWidget* box, QWidget* lock, QWidget* unit, int digits = 9);
-    /// A widget over all three columns.
-    void addWide(QWidget* widget);
     QGridLayout* layout() const { return grid_; }
 
    private:

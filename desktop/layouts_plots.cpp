@@ -94,6 +94,21 @@ QWidget* alignedWindow(Form& form, int window, const Margins& margins) {
     return pane;
 }
 
+/// The plots with the summary at their side, and under them what else is chosen and the ways out.
+void setBesideSummary(Form& form, QWidget* room, QLayout* plots, QWidget* (*choices)(Form&)) {
+    QHBoxLayout* middle = row();
+    middle->addLayout(plots, 1);
+    middle->addWidget(foldingSummary(form));
+    QHBoxLayout* foot = row();
+    foot->addWidget(form.widget("cmd_Replot"));
+    addWays(form, foot, "cmd_PlotPrint", "cmd_Back", "cmd_PlotDone");
+    QVBoxLayout* all = page(room);
+    all->addLayout(headerStrip(form));
+    all->addLayout(middle, 1);
+    if (choices) all->addWidget(choices(form));
+    all->addLayout(foot);
+}
+
 void layoutAligned(Form& form, QWidget* room, int windows) {
     auto* plots = new QGridLayout;
     plots->setHorizontalSpacing(kGap);
@@ -105,16 +120,7 @@ void layoutAligned(Form& form, QWidget* room, int windows) {
         plots->addWidget(alignedWindow(form, i, windows == 2 ? kOfTwo : kOfFour), i, 1);
         plots->setRowStretch(i, 1);
     }
-    QHBoxLayout* middle = row();
-    middle->addLayout(plots, 1);
-    middle->addWidget(foldingSummary(form));
-    QHBoxLayout* foot = row();
-    foot->addWidget(form.widget("cmd_Replot"));
-    addWays(form, foot, "cmd_PlotPrint", "cmd_Back", "cmd_PlotDone");
-    QVBoxLayout* all = page(room);
-    all->addLayout(headerStrip(form));
-    all->addLayout(middle, 1);
-    all->addLayout(foot);
+    setBesideSummary(form, room, plots, nullptr);
 }
 
 /// What is shown and, while paused, of which step: one strip under the plot.
@@ -163,17 +169,7 @@ void layoutMyPlot4(Form& form, QWidget* room) {
     QVBoxLayout* drawing = column(4);
     drawing->addWidget(name);
     drawing->addWidget(pane, 1);
-    QHBoxLayout* middle = row();
-    middle->addLayout(drawing, 1);
-    middle->addWidget(foldingSummary(form));
-    QHBoxLayout* foot = row();
-    foot->addWidget(form.widget("cmd_Replot"));
-    addWays(form, foot, "cmd_PlotPrint", "cmd_Back", "cmd_PlotDone");
-    QVBoxLayout* all = page(room);
-    all->addLayout(headerStrip(form));
-    all->addLayout(middle, 1);
-    all->addWidget(polarChoices(form));
-    all->addLayout(foot);
+    setBesideSummary(form, room, drawing, polarChoices);
 }
 
 }  // namespace verlink::desktop

@@ -1,7 +1,7 @@
 // Message boxes as the program words them.
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 class QWidget;
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "desktop/button.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 class QEventLoop;
 class QPrinter;

@@ -6,7 +6,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/results.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

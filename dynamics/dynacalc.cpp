@@ -13,7 +13,7 @@
 #include "core/results.h"
 #include "core/text.h"
 #include "dynamics/solve_again.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -55,6 +55,9 @@ struct ForceSolve {
 /// `LoadFlag` 0 takes the external forces, torques and friction of the run in, -1 leaves them out of the system;
 /// rows 1 and 2 of `Torques` take them in either way. No weight. Angles and forces are relative to the ground link.
 /// Also fills rows 3 to 5 of `VelXY` and rows 5 to 7 of `AccXY`, the mass centres, in the shown unit.
+/// Measured against 40 digits (tests/dynamics/reference_test.cpp): 12 units in the last place of a single of the sum of
+/// the pin forces, that times the longest link for torques; where the sine of the angle between links 3 and 4 is below
+/// 0.3, up to (0.3 / sine)^3 times that.
 /// A singular system is told with its step and ends the procedure, as a failure does: steps done stay, and what an
 /// earlier solve had in the others is zeroed.
 ForceSolve Dynacalc(const LoadedRun& run, Integer LoadFlag, const Array<Single, 0, 4>& Mass,

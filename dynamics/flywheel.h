@@ -37,6 +37,9 @@ struct FlywheelRun {
 /// fluctuation.
 void Fly(const FlywheelRun& run, platform::Screen& Form, Single Fluct, const TorqueTable& Torque);
 
+// The method is the usual one for flywheels: areas of pulses about the mean torque, by trapezoids. The areas are those
+// of the samples; how far they are from those of the curve depends on the steps, and is nowhere corrected.
+
 /// `FlywheelTorque`: the unbalanced driving torque, its distance from the average of row 0 of `Torque` times `Fluct`.
 void Smooth_Torque(const FlywheelRun& run, Single Fluct, const TorqueTable& Torque);
 

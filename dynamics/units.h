@@ -30,7 +30,7 @@ void Factors_Ft_To_In();
 
 /// Rescales every dimensional input of the model, rounded to the decimals in force, and then packs `LinkArray`.
 /// Between foot and metric systems by way of inches, so that such a change rounds twice. False, with the model as it
-/// was, when a number overflows.
+/// was, when a number overflows. What a way there and back loses is the rounding: tests/dynamics/conversion_test.cpp.
 bool Convert_Units(Integer OldUnits, Integer NewUnits);
 bool Do_Conversion(Single LengthFactor, Single ForceFactor, Single TorqueFactor, Single MassFactor,
                    Single InertiaFactor);

@@ -9,13 +9,13 @@
 
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
+#include "core/window_sizes.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/results.h"
-#include "core/status_panel.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 

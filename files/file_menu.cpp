@@ -1,14 +1,14 @@
 // The file menu of the home screen: Open, Save and Save As.
 #include <utility>
 
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/results.h"
-#include "core/status_panel.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "files/recent_files.h"
 #include "files/task_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 
@@ -56,7 +56,8 @@ void Read_Model_File(const std::string& path) {
     Refresh_Status();
 }
 
-/// No, unasked, of a model that is not modified.
+}  // namespace
+
 Answer Ask_To_Keep() {
     if (!Modified()) return Answer::kNo;
     return The_Desktop().Show_Message(
@@ -64,8 +65,6 @@ Answer Ask_To_Keep() {
          .icon = Icon::kQuestion,
          .buttons = Buttons::kYesNo});
 }
-
-}  // namespace
 
 bool May_Replace(Screen& home) {
     const Answer answer = Ask_To_Keep();

@@ -6,7 +6,7 @@
 
 #include "core/text.h"
 #include "files/recent_files.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 

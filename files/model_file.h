@@ -10,6 +10,7 @@
 
 #include "core/linkage_model.h"
 #include "files/text_notation.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 
 namespace verlink {
@@ -84,8 +85,10 @@ bool Read_Newfile(TextReader& reader, LinkageModel& record = Model);
 void Derive_Limits_From_File(LinkageModel& record);
 
 /// The values in `Model` have been changed as if a file had held them: it becomes that model.
-void Derive_From_File();
+void Enter_As_From_File();
 
+/// Asks whether to save what a reset would lose; No, unasked, of a model that is not modified.
+platform::Answer Ask_To_Keep();
 /// Offers to save results that an opened or imported file would replace; the dialog comes twice, saved or not. False
 /// when the user would rather not go on.
 bool May_Replace(platform::Screen& home);

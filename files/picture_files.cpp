@@ -5,7 +5,7 @@
 #include <array>
 #include <cctype>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "platform/settings.h"

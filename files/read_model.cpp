@@ -4,18 +4,18 @@
 #include <string>
 
 #include "core/linkage_door.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/runs.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/mass_properties.h"
 #include "dynamics/units.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "files/recent_files.h"
 #include "files/task_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -135,7 +135,7 @@ void Derive_Limits_From_File(LinkageModel& record) {
         record.NSteps = Steps_Of(record.ThetaStartRad, record.ThetaEndRad, record.ThetaStepRad);
 }
 
-void Derive_From_File() {
+void Enter_As_From_File() {
     Enter_Linkage(Road::kFile, [] {
         Derive_Limits_From_File(Model);
         Model.DiskFile = true;

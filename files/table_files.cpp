@@ -4,7 +4,7 @@
 #include <array>
 
 #include "files/picture_files.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "platform/pictures.h"

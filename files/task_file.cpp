@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"

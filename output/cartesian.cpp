@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
@@ -32,10 +32,6 @@ using platform::Screen;
 namespace {
 
 std::string Caption_Of(Screen& screen, const char* name, int index) { return screen.Get<Label>(name, index).Caption; }
-
-void Put(Screen& screen, const char* name, int index, const std::string& text) {
-    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
-}
 
 /// What stands below the x axis.
 std::string Bottom_Title() {
@@ -134,9 +130,9 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
     const int last = Last_Point();
     Model.PlotSlot = slot;
     const std::string name = Caption_Of(selectionScreen, "lbl_Function", i);
-    Put(screen, "pnl_LeftTitle", i, name);
-    Put(screen, "pnl_Comp", i, Caption_Of(selectionScreen, "lbl_Component", i));
-    Put(screen, "pnl_PlotUnits", i, Unit_Of(slot));
+    Put_Caption(screen, "pnl_LeftTitle", i, name);
+    Put_Caption(screen, "pnl_Comp", i, Caption_Of(selectionScreen, "lbl_Component", i));
+    Put_Caption(screen, "pnl_PlotUnits", i, Unit_Of(slot));
 
     StepArray<Single> values;
     for (int j = 0; j <= last; ++j) Transform_XY(j, slot, values(j));
@@ -161,18 +157,18 @@ void Plot_In_Window(Screen& screen, Screen& selectionScreen, int i, int windows)
     }
     platform::With<platform::PlotBox>(screen, "pct_Plot", i, [&](platform::PlotBox& box) { box.Read(reading); });
 
-    Put(screen, "pnl_Xmin", i, FNRoundStr(xmin, 0));
-    Put(screen, "pnl_X1", i, FNRoundStr(xmin + Q, 0));
-    Put(screen, "pnl_X2", i, FNRoundStr(xmin + 2 * Q, 0));
-    Put(screen, "pnl_X3", i, FNRoundStr(xmin + 3 * Q, 0));
-    Put(screen, "pnl_Xmax", i, FNRoundStr(xmax, 0));
+    Put_Caption(screen, "pnl_Xmin", i, FNRoundStr(xmin, 0));
+    Put_Caption(screen, "pnl_X1", i, FNRoundStr(xmin + Q, 0));
+    Put_Caption(screen, "pnl_X2", i, FNRoundStr(xmin + 2 * Q, 0));
+    Put_Caption(screen, "pnl_X3", i, FNRoundStr(xmin + 3 * Q, 0));
+    Put_Caption(screen, "pnl_Xmax", i, FNRoundStr(xmax, 0));
     const int d = Decimals_Of(Model.PlotYmax);
-    Put(screen, "pnl_Ymax", i, FNRoundStr(Model.PlotYmax, d));
-    Put(screen, "pnl_Ymin", i, FNRoundStr(-Model.PlotYmax, d));
+    Put_Caption(screen, "pnl_Ymax", i, FNRoundStr(Model.PlotYmax, d));
+    Put_Caption(screen, "pnl_Ymin", i, FNRoundStr(-Model.PlotYmax, d));
     if (windows > 1) {
-        Put(screen, "lbl_Min", i, FNRoundStr(min, d));
-        Put(screen, "lbl_Max", i, FNRoundStr(max, d));
-        Put(screen, "lbl_Peak", i, FNRoundStr(max - min, d));
+        Put_Caption(screen, "lbl_Min", i, FNRoundStr(min, d));
+        Put_Caption(screen, "lbl_Max", i, FNRoundStr(max, d));
+        Put_Caption(screen, "lbl_Peak", i, FNRoundStr(max - min, d));
     }
 }
 
@@ -206,8 +202,8 @@ void Plot_Setup(Screen& screen, int windows) {
         }
         std::string line1, line2, time, step, unit;
         Table_Titles(line1, line2, time, step, unit);
-        Put(screen, "lbl_Header2", kNoIndex, line1);
-        Put(screen, "lbl_Header3", kNoIndex, line2);
+        Put_Caption(screen, "lbl_Header2", kNoIndex, line1);
+        Put_Caption(screen, "lbl_Header3", kNoIndex, line2);
         Put_Coordinate_Labels(screen, Model.CoordSystem);
         Show_Initial_Frame(screen);
     });
@@ -254,7 +250,7 @@ void MyPlotSetup(Screen& screen, int windows) {
     Guarded("MyPlotSetup", [&] {
         for (int i = 0; i < windows; ++i) {
             Titlebox(screen);
-            Put(screen, "pnl_BottomTitle", i, Bottom_Title());
+            Put_Caption(screen, "pnl_BottomTitle", i, Bottom_Title());
             Show_Run_Panel(screen);
         }
         Show_Initial_Frame(screen);

@@ -29,6 +29,10 @@ struct Variable {
     int group;
     int row;
     Kind kind;
+    Needs needs = Needs::kRun;
+
+    /// Components are offered for it, and a polar plot.
+    constexpr bool Is_Vector() const { return kind == Kind::kVector || kind == Kind::kPlain; }
 };
 
 // The order of the mass centres' rows is that in which the solution stores them.
@@ -52,29 +56,29 @@ constexpr std::array kVariables{
     Variable{"Coupler Pt", 6, 2, Kind::kPlain},
     Variable{"w4 / w2", 7, 0, Kind::kScalar},
     Variable{"T4 / T2", 8, 0, Kind::kScalar},
-    Variable{"Veloc CG 2", 4, 3, Kind::kVector},
-    Variable{"Veloc CG 3", 4, 5, Kind::kVector},
-    Variable{"Veloc CG 4", 4, 4, Kind::kVector},
-    Variable{"Accel CG 2", 5, 6, Kind::kVector},
-    Variable{"Accel CG 3", 5, 5, Kind::kVector},
-    Variable{"Accel CG 4", 5, 7, Kind::kVector},
-    Variable{"Force 12", 10, 5, Kind::kVector},
-    Variable{"Force 32", 10, 0, Kind::kVector},
-    Variable{"Force 43", 10, 1, Kind::kVector},
-    Variable{"Force 14", 10, 6, Kind::kVector},
-    Variable{"F Shaking", 10, 7, Kind::kVector},
-    Variable{"Torque 12", 9, 0, Kind::kScalarInFrames},
-    Variable{"M Shaking", 9, 3, Kind::kScalar},
-    Variable{"Torque L3", 9, 1, Kind::kScalar},
-    Variable{"Torque L4", 9, 2, Kind::kScalar},
-    Variable{"F Inertia L2", 10, 3, Kind::kVector},
-    Variable{"F Inertia L3", 10, 2, Kind::kVector},
-    Variable{"F Inertia L4", 10, 4, Kind::kVector},
-    Variable{"F Shk Balcd", 11, 7, Kind::kPlain},
-    Variable{"MShk Balcd", 12, 3, Kind::kScalar},
-    Variable{"F12 Balcd", 11, 5, Kind::kPlain},
-    Variable{"F14 Balcd", 11, 6, Kind::kPlain},
-    Variable{"Flywl Torque", 18, 0, Kind::kPlain},
+    Variable{"Veloc CG 2", 4, 3, Kind::kVector, Needs::kForces},
+    Variable{"Veloc CG 3", 4, 5, Kind::kVector, Needs::kForces},
+    Variable{"Veloc CG 4", 4, 4, Kind::kVector, Needs::kForces},
+    Variable{"Accel CG 2", 5, 6, Kind::kVector, Needs::kForces},
+    Variable{"Accel CG 3", 5, 5, Kind::kVector, Needs::kForces},
+    Variable{"Accel CG 4", 5, 7, Kind::kVector, Needs::kForces},
+    Variable{"Force 12", 10, 5, Kind::kVector, Needs::kForces},
+    Variable{"Force 32", 10, 0, Kind::kVector, Needs::kForces},
+    Variable{"Force 43", 10, 1, Kind::kVector, Needs::kForces},
+    Variable{"Force 14", 10, 6, Kind::kVector, Needs::kForces},
+    Variable{"F Shaking", 10, 7, Kind::kVector, Needs::kForces},
+    Variable{"Torque 12", 9, 0, Kind::kScalarInFrames, Needs::kForces},
+    Variable{"M Shaking", 9, 3, Kind::kScalar, Needs::kForces},
+    Variable{"Torque L3", 9, 1, Kind::kScalar, Needs::kForces},
+    Variable{"Torque L4", 9, 2, Kind::kScalar, Needs::kForces},
+    Variable{"F Inertia L2", 10, 3, Kind::kVector, Needs::kForces},
+    Variable{"F Inertia L3", 10, 2, Kind::kVector, Needs::kForces},
+    Variable{"F Inertia L4", 10, 4, Kind::kVector, Needs::kForces},
+    Variable{"F Shk Balcd", 11, 7, Kind::kPlain, Needs::kBalance},
+    Variable{"MShk Balcd", 12, 3, Kind::kScalar, Needs::kBalance},
+    Variable{"F12 Balcd", 11, 5, Kind::kPlain, Needs::kBalance},
+    Variable{"F14 Balcd", 11, 6, Kind::kPlain, Needs::kBalance},
+    Variable{"Flywl Torque", 18, 0, Kind::kPlain, Needs::kBalance},
     Variable{"Current FFT", kTransformGroup, 0, Kind::kTransform},
 };
 constexpr int kVariableCount = static_cast<int>(kVariables.size());
@@ -148,6 +152,20 @@ void Load_Catalogue() {
     Load_Preset_Texts();
 }
 
+std::vector<std::string> Variables_Up_To(Needs most) {
+    std::vector<std::string> names;
+    for (const Variable& variable : kVariables)
+        if (variable.kind != Kind::kTransform && variable.needs <= most) names.emplace_back(variable.label);
+    return names;
+}
+
+std::vector<std::string> Vectors_That_Need(Needs needs) {
+    std::vector<std::string> names;
+    for (const Variable& variable : kVariables)
+        if (variable.Is_Vector() && variable.needs == needs) names.emplace_back(variable.label);
+    return names;
+}
+
 std::string Variable_Name(int number) {
     if (number < 1 || number > kVariableCount) platform::Raise(platform::kSubscript);
     return kVariables[static_cast<std::size_t>(number - 1)].label;
@@ -158,8 +176,8 @@ std::optional<Variable_Facts> Facts_Of(const std::string& name) {
         const Variable& found = kVariables[static_cast<std::size_t>(number - 1)];
         if (name != found.label) continue;
         // A flywheel's torque has one value, though components are offered for it.
-        const bool vector = found.group != 18 && (found.kind == Kind::kVector || found.kind == Kind::kPlain);
-        return Variable_Facts{number, found.group, found.row, vector, found.kind == Kind::kVector};
+        const bool vector = found.group != 18 && found.Is_Vector();
+        return Variable_Facts{number, found.group, found.row, vector, found.kind == Kind::kVector, found.needs};
     }
     return std::nullopt;
 }

@@ -3,51 +3,23 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 #include "output/graph_scale.h"
+#include "platform/svg.h"
 
 namespace verlink {
 
 using platform::Graph;
+using platform::svg::Escaped;
+using platform::svg::Hex;
+using platform::svg::Number;
 
 namespace {
 
 constexpr double kPoints = 13;    ///< the font at 100 percent
 constexpr double kLetter = 0.58;  ///< the mean width of a letter, in sizes of the font
 constexpr double kGap = 12;
-
-std::string Number(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.6g", value);
-    return text;
-}
-
-/// A coordinate, to a hundredth of a pixel.
-std::string Place(double value) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.2f", value);
-    return text;
-}
-
-std::string Hex(platform::Color color) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X", color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-    return text;
-}
-
-std::string Escaped(const std::string& text) {
-    std::string out;
-    for (const char c : text) switch (c) {
-            case '&': out += "&amp;"; break;
-            case '<': out += "&lt;"; break;
-            case '>': out += "&gt;"; break;
-            case '"': out += "&quot;"; break;
-            default: out += c;
-        }
-    return out;
-}
 
 class Sheet {
    public:
@@ -70,8 +42,8 @@ class Sheet {
         Frame();
         Values();
         Labels();
-        out_ += "<rect x=\"" + Place(left_) + "\" y=\"" + Place(top_) + "\" width=\"" + Place(right_ - left_) +
-                "\" height=\"" + Place(bottom_ - top_) + "\" fill=\"none\" stroke=\"" + Hex(colors_.ink) + "\"/>\n";
+        out_ += "<rect x=\"" + Number(left_) + "\" y=\"" + Number(top_) + "\" width=\"" + Number(right_ - left_) +
+                "\" height=\"" + Number(bottom_ - top_) + "\" fill=\"none\" stroke=\"" + Hex(colors_.ink) + "\"/>\n";
         Curves();
         return out_ + "</svg>\n";
     }
@@ -83,13 +55,13 @@ class Sheet {
 
     void Text(double x, double y, const char* anchor, const Graph::Font& font, const std::string& text,
               double scale = 1) {
-        out_ += "<text x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" text-anchor=\"" + anchor + "\" font-size=\"" +
+        out_ += "<text x=\"" + Number(x) + "\" y=\"" + Number(y) + "\" text-anchor=\"" + anchor + "\" font-size=\"" +
                 Number(Size(font) * scale) + "\"" + (font.style & 2 ? " font-weight=\"bold\"" : "") + " fill=\"" +
                 Hex(colors_.ink) + "\">" + Escaped(text) + "</text>\n";
     }
     void Line(double x1, double y1, double x2, double y2, platform::Color color) {
-        out_ += "<line x1=\"" + Place(x1) + "\" y1=\"" + Place(y1) + "\" x2=\"" + Place(x2) + "\" y2=\"" + Place(y2) +
-                "\" stroke=\"" + Hex(color) + "\"/>\n";
+        out_ += "<line x1=\"" + Number(x1) + "\" y1=\"" + Number(y1) + "\" x2=\"" + Number(x2) + "\" y2=\"" +
+                Number(y2) + "\" stroke=\"" + Hex(color) + "\"/>\n";
     }
     /// The stroke of a set, as attributes.
     std::string Stroke(std::size_t set) const {
@@ -129,7 +101,7 @@ class Sheet {
             if (shown % columns == 0) top_ += 1.5 * size;
             const double x = start + cell * static_cast<double>(shown++ % columns);
             const double middle = top_ - 0.35 * size;
-            out_ += "<path d=\"M" + Place(x) + ' ' + Place(middle) + 'H' + Place(x + 32) + "\" fill=\"none\" " +
+            out_ += "<path d=\"M" + Number(x) + ' ' + Number(middle) + 'H' + Number(x + 32) + "\" fill=\"none\" " +
                     Stroke(i) + "/>\n";
             Text(x + 40, top_, "start", graph_.TextFont(), graph_.Sets()[i].legend);
         }
@@ -187,9 +159,9 @@ class Sheet {
                     pen = false;
                     continue;
                 }
-                const std::string at = Place(X(static_cast<double>(j))) + ' ' + Place(Y(values[j]));
+                const std::string at = Number(X(static_cast<double>(j))) + ' ' + Number(Y(values[j]));
                 lines += (pen ? 'L' : 'M') + at;
-                sticks += 'M' + Place(X(static_cast<double>(j))) + ' ' + Place(Y(0)) + 'L' + at;
+                sticks += 'M' + Number(X(static_cast<double>(j))) + ' ' + Number(Y(0)) + 'L' + at;
                 pen = true;
             }
             if (lines.empty()) continue;

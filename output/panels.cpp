@@ -16,10 +16,6 @@ using platform::Screen;
 
 namespace {
 
-void Put(Screen& screen, const char* name, int index, const std::string& text) {
-    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
-}
-
 void Show(Screen& screen, const char* name, int index, bool visible) {
     platform::With<Label>(screen, name, index, [&](Label& label) { label.Visible = visible; });
 }
@@ -33,14 +29,14 @@ struct RunLine {
 
 void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
     for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, index, true);
-    Put(screen, "lbl_Initial", index, line.name);
-    Put(screen, "lbl_Unit", index, line.unit);
-    Put(screen, "lbl_Linkout2", index, line.value);
+    Put_Caption(screen, "lbl_Initial", index, line.name);
+    Put_Caption(screen, "lbl_Unit", index, line.unit);
+    Put_Caption(screen, "lbl_Linkout2", index, line.value);
 }
 
 void Put_Run_Lines(Screen& screen, const Drive& drive, const std::array<RunLine, 6>& lines) {
     for (const char* label : {"lbl_Linkout2", "lbl_Initial"}) Show(screen, label, 0, true);
-    Put(screen, "lbl_Linkout2", 0, drive.CircuitName);
+    Put_Caption(screen, "lbl_Linkout2", 0, drive.CircuitName);
     for (int i = 1; i <= 6; ++i) Put_Run_Line(screen, i, lines[static_cast<std::size_t>(i - 1)]);
 }
 
@@ -48,12 +44,12 @@ void Put_Run_Lines(Screen& screen, const Drive& drive, const std::array<RunLine,
 template <class Text>
 void Put_Links(Screen& screen, const Geometry& linkage, Text text) {
     const std::array<Single, 5> lengths{linkage.L1, linkage.L2, linkage.L3, linkage.L4, linkage.Rpa};
-    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Links", i, text(lengths[static_cast<std::size_t>(i)]));
-    Put(screen, "lbl_Links", 5, Text_Of(linkage.Delta));
+    for (int i = 0; i <= 4; ++i) Put_Caption(screen, "lbl_Links", i, text(lengths[static_cast<std::size_t>(i)]));
+    Put_Caption(screen, "lbl_Links", 5, Text_Of(linkage.Delta));
 }
 
 void Put_Length_Units(Screen& screen, const UnitSystem& units) {
-    for (int i = 0; i <= 4; ++i) Put(screen, "lbl_Units", i, units.UnitLabel(6));
+    for (int i = 0; i <= 4; ++i) Put_Caption(screen, "lbl_Units", i, units.UnitLabel(6));
 }
 
 }  // namespace

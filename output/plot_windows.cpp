@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "core/linkage_model.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/graph.h"
 #include "platform/guard.h"
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
@@ -16,7 +16,7 @@
 #include "output/reading.h"
 #include "output/selection.h"
 #include "output/tables.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/plot_box.h"
 
@@ -35,10 +35,6 @@ namespace {
 
 constexpr int kEnvelope = 1, kVectors = 2, kBoth = 3;
 constexpr int kTics = 10;
-
-void Put(Screen& screen, const char* name, const std::string& text, int index = kNoIndex) {
-    platform::With<Label>(screen, name, index, [&](Label& label) { label.Caption = text; });
-}
 
 Surface& Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
 
@@ -138,11 +134,11 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         const std::string unit = Model.UnitLabel(Unit_Of_Group(Model.FuncGroup(1)));
         std::string line1, line2, time, step, lead;
         Table_Titles(line1, line2, time, step, lead);
-        Put(screen, "lbl_Header2", "Linkage " + name + "  -  " + unit);
-        Put(screen, "lbl_Header3", line2);
+        Put_Caption(screen, "lbl_Header2", kNoIndex, "Linkage " + name + "  -  " + unit);
+        Put_Caption(screen, "lbl_Header3", kNoIndex, line2);
         Model.PlotSlot = 1;
-        Put(screen, "pnl_LeftTitle", name);
-        Put(screen, "pnl_PlotUnits", unit);
+        Put_Caption(screen, "pnl_LeftTitle", kNoIndex, name);
+        Put_Caption(screen, "pnl_PlotUnits", kNoIndex, unit);
 
         Fill_Tips(Model, Model.NSteps, Model.PlotSlot);
         GlobalMax([](int i) { return Model.PolarX(i); }, [](int i) { return Model.PolarY(i); }, 0, Model.NSteps,
@@ -159,10 +155,10 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         const int d = Decimals_Of(Model.PlotYmax);
         const std::string most = FNRoundStr(Model.PlotYmax, d);
         const std::string least = FNRoundStr(-Model.PlotYmax, d);
-        Put(screen, "pnl_Ymax", most);
-        Put(screen, "pnl_Xmax", most);
-        Put(screen, "pnl_Ymin", least);
-        Put(screen, "pnl_Xmin", least);
+        Put_Caption(screen, "pnl_Ymax", kNoIndex, most);
+        Put_Caption(screen, "pnl_Xmax", kNoIndex, most);
+        Put_Caption(screen, "pnl_Ymin", kNoIndex, least);
+        Put_Caption(screen, "pnl_Xmin", kNoIndex, least);
     });
 }
 
@@ -177,14 +173,14 @@ void MyPolarStep(Screen& screen, Integer step) {
             if (Model.PolarMode != kVectors) Draw_Path(surface, Model, blue, step > 0 ? step - 1 : 0, step);
             Read_Vectors(screen, Model, screen.Get<Label>("pnl_PlotUnits").Caption, blue, step, step);
         }
-        Put(screen, "lbl_StepLabel", Point_Name());
-        Put(screen, "lbl_StepUnit", Point_Unit());
-        Put(screen, "lbl_StepNumber", Point_Text(step, Point_Decimals()));
+        Put_Caption(screen, "lbl_StepLabel", kNoIndex, Point_Name());
+        Put_Caption(screen, "lbl_StepUnit", kNoIndex, Point_Unit());
+        Put_Caption(screen, "lbl_StepNumber", kNoIndex, Point_Text(step, Point_Decimals()));
         constexpr int kDecimals = 3;
         Single mag, ang;
         Cart_to_Polar(Model.PolarX(step), Model.PolarY(step), mag, ang);
-        Put(screen, "pnl_vector", Text_Of(FNRound(mag, kDecimals)), 0);
-        Put(screen, "pnl_vector", Text_Of(FNRound(ang, kDecimals)), 1);
+        Put_Caption(screen, "pnl_vector", 0, Text_Of(FNRound(mag, kDecimals)));
+        Put_Caption(screen, "pnl_vector", 1, Text_Of(FNRound(ang, kDecimals)));
     });
 }
 

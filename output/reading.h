@@ -3,12 +3,16 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/number.h"
 
 namespace verlink {
 
 struct RunResults;
+
+/// Since when there is a variable.
+enum class Needs { kRun, kForces, kBalance };
 
 /// What there is to know of a variable by itself.
 struct Variable_Facts {
@@ -17,9 +21,14 @@ struct Variable_Facts {
     int row;         ///< of that array
     bool vector;     ///< it has components
     bool in_frames;  ///< which can be taken in either frame
+    Needs needs;
 };
 /// The name of a variable by its number; failure 9 for one that there is not.
 std::string Variable_Name(int number);
+/// The names of all variables that there are by then, in the catalogue's order; not the current transform.
+std::vector<std::string> Variables_Up_To(Needs most);
+/// The names of those that come with it and have components, as a polar plot takes them.
+std::vector<std::string> Vectors_That_Need(Needs needs);
 /// Whether the variables of a group are vectors.
 bool Group_Has_Components(int group);
 /// The index into `UnitLabel` of a group's values. A flywheel's torque is a torque like others; what has its group's

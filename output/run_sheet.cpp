@@ -87,9 +87,8 @@ Sheet Run_Sheet(const LinkageModel& model, bool local) {
         columns.push_back(Column_Of(model, "Time", "sec", kDecimals, [&](int step) {
             return Decimal_Of(Single(step * model.TimeStep + model.TimeStart));
         }));
-    constexpr int kLast = 42;  // the current transform, behind it, has no steps
-    for (int number = 1; number <= kLast; ++number) {
-        const Output_Function function{Variable_Name(number), "Mag", local};
+    for (const std::string& variable : Variables_Up_To(Needs::kBalance)) {
+        const Output_Function function{variable, "Mag", local};
         if (!Is_There(model, function)) continue;
         if (!Has_Components(function)) {
             columns.push_back(Variable_Column(model, function));

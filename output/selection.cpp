@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "output/catalogue.h"
 #include "output/presets.h"
+#include "output/reading.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -49,8 +50,8 @@ bool Mixing(const Screen& screen) {
     return option && option->Value;
 }
 
-void Add_Variables(ComboBox& combo, int first, int last) {
-    for (int number = first; number <= last; ++number) combo.AddItem(Model.VariableNames(number));
+void Add_Items(ComboBox& combo, const std::vector<std::string>& items) {
+    for (const std::string& item : items) combo.AddItem(item);
 }
 
 void Fill_Components(Screen& screen, Preset::Components components) {
@@ -96,22 +97,17 @@ void Choose_From(Screen& screen, const List& texts, std::span<const Preset> pres
 void Load_Variables(Screen&, ComboBox& combo) {
     Guarded("Load_Variables", [&] {
         combo.Clear();
-        Add_Variables(combo, 1, Model.BalanceDone ? 42 : Model.DynamicsDone ? 37 : 19);
+        const Needs most = Model.BalanceDone ? Needs::kBalance : Model.DynamicsDone ? Needs::kForces : Needs::kRun;
+        Add_Items(combo, Variables_Up_To(most));
     });
 }
 
 void Load_PolarVariables(Screen&, ComboBox& combo) {
     Guarded("Load_PolarVariables", [&] {
         combo.Clear();
-        Add_Variables(combo, 11, 17);
-        if (Model.DynamicsDone) {
-            Add_Variables(combo, 20, 30);
-            Add_Variables(combo, 35, 37);
-        }
-        if (Model.BalanceDone) {
-            Add_Variables(combo, 38, 38);
-            Add_Variables(combo, 40, 42);
-        }
+        Add_Items(combo, Vectors_That_Need(Needs::kRun));
+        if (Model.DynamicsDone) Add_Items(combo, Vectors_That_Need(Needs::kForces));
+        if (Model.BalanceDone) Add_Items(combo, Vectors_That_Need(Needs::kBalance));
     });
 }
 

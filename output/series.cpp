@@ -16,9 +16,8 @@ namespace verlink {
 namespace {
 
 constexpr int kByAngle = 3, kOnePosition = 1;
-constexpr int kLastOfRun = 19, kLastOfForces = 37, kLastOfBalance = 42;  ///< numbers of the catalogue
-constexpr int kAngleUnit = 1;                                            ///< of `UnitLabel`
-constexpr double kSmall = 0.0001;                                        ///< what plots and tables cut components at
+constexpr int kAngleUnit = 1;      ///< of `UnitLabel`
+constexpr double kSmall = 0.0001;  ///< what plots and tables cut components at
 
 std::optional<int> Component_Number(const std::string& name) {
     constexpr std::array kNames{"X", "Y", "Mag", "Ang"};
@@ -77,14 +76,11 @@ double Time_At(const Drive& drive, int step) {
 
 bool Can_Be_Read(const Output_Function& function) {
     const auto facts = Facts_Of(function.variable);
-    if (!facts || facts->number > kLastOfBalance) return false;
+    if (!facts || facts->group == kTransformGroup) return false;
     return !facts->vector || Component_Number(function.component);
 }
 
-Needs Needs_Of(const Output_Function& function) {
-    const int number = Facts(function).number;
-    return number <= kLastOfRun ? Needs::kRun : number <= kLastOfForces ? Needs::kForces : Needs::kBalance;
-}
+Needs Needs_Of(const Output_Function& function) { return Facts(function).needs; }
 
 bool Has_Components(const Output_Function& function) { return Facts(function).vector; }
 bool Has_Frames(const Output_Function& function) { return Facts(function).in_frames; }

@@ -8,11 +8,9 @@
 #include "core/record/drive.h"
 #include "core/record/run_table.h"
 #include "core/record/units.h"
+#include "output/reading.h"
 
 namespace verlink {
-
-/// What has to be solved before a variable has values.
-enum class Needs { kRun, kForces, kBalance };
 
 /// A variable of the catalogue, which of its components, and in which frame.
 struct Output_Function {

@@ -7,14 +7,14 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
 #include "output/panels.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/grid.h"
 #include "platform/guard.h"
@@ -67,10 +67,6 @@ std::string Value_At(int step, int slot) {
     Model.PlotSlot = slot;
     Transform_XY(step, slot, value);
     return Shown(value);
-}
-
-void Put(Screen& screen, const char* name, const std::string& text) {
-    platform::With<Label>(screen, name, platform::kNoIndex, [&](Label& label) { label.Caption = text; });
 }
 
 void Fill_Titles(Grid& grid) {
@@ -158,8 +154,8 @@ void Multiprint(Screen& screen) {
         std::string line1, line2, time, step, unit;
         Table_Titles(line1, line2, time, step, unit);
         Titlebox(screen);
-        Put(screen, "lbl_Header2", line1);
-        Put(screen, "lbl_Header3", line2);
+        Put_Caption(screen, "lbl_Header2", platform::kNoIndex, line1);
+        Put_Caption(screen, "lbl_Header3", platform::kNoIndex, line2);
         Show_Run_Panel(screen);
 
         grid.SetRows(Model.GridRows);

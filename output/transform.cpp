@@ -7,7 +7,7 @@
 #include <span>
 
 #include "core/linkage_model.h"
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "core/text.h"
 #include "output/catalogue.h"
 #include "output/harmonics.h"

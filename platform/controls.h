@@ -1,105 +1,16 @@
-// The controls of a screen as plain values that can be watched, free of any toolkit.
+// The kinds of controls that a screen is made of.
 #pragma once
 
 #include <functional>
-#include <initializer_list>
-#include <memory>
 #include <optional>
 #include <string>
-#include <type_traits>
-#include <utility>
 #include <vector>
 
-#include "platform/failure.h"
-#include "platform/glass.h"
+#include "platform/control.h"
 #include "platform/label_places.h"
-#include "platform/picture.h"
-#include "platform/surface.h"
+#include "platform/picture_box.h"
 
 namespace verlink::platform {
-
-class Screen;
-
-/// The index of a control that is not part of an array.
-inline constexpr int kNoIndex = -1;
-
-/// The default colour of a control: whatever the desktop's style gives it.
-inline constexpr Color kStyleColor = -1;
-
-/// What every control has: an owner, a name, perhaps an index, and somebody who may watch it.
-class Control {
-   public:
-    Control(Screen& owner, std::string name, int index);
-    virtual ~Control() = default;
-    Control(const Control&) = delete;
-    Control& operator=(const Control&) = delete;
-
-    Screen& Owner() const { return owner_; }
-    const std::string& Name() const { return name_; }
-    int Index() const { return index_; }
-    /// "txt_Linkout_1" for an entry of an array, else the name.
-    std::string ObjectName() const;
-
-    /// Moves the screen's focus here, with the events of losing and getting it.
-    void SetFocus();
-
-    /// Set by the toolkit's side: called after any property of the control has changed.
-    std::function<void()> Watcher;
-    void Notify() const {
-        if (Watcher) Watcher();
-    }
-
-   private:
-    Screen& owner_;
-    std::string name_;
-    int index_;
-};
-
-/// A value of a control. Storing a different value tells the watcher and then raises the value's event; storing
-/// the same value does nothing.
-template <class T>
-class Property {
-   public:
-    Property(Control& owner, T initial) : owner_(&owner), value_(std::move(initial)) {}
-    Property(const Property&) = delete;
-
-    // NOLINTNEXTLINE(google-explicit-constructor): a property reads as its value
-    operator const T&() const { return value_; }
-    const T& Get() const { return value_; }
-
-    Property& operator=(const T& value) {
-        if (value == value_) return *this;
-        value_ = value;
-        owner_->Notify();
-        if (Event) Event();
-        return *this;
-    }
-    Property& operator=(const Property& other) { return *this = other.value_; }
-
-    std::function<void()> Event;
-
-   private:
-    Control* owner_;
-    T value_;
-};
-
-template <class T, class U>
-bool operator==(const Property<T>& a, const U& b) {
-    return a.Get() == b;
-}
-
-/// A control that the user sees, with what all of them share.
-class Visual : public Control {
-   public:
-    using Control::Control;
-    Property<bool> Enabled{*this, true};
-    Property<bool> Visible{*this, true};
-    Property<Color> BackColor{*this, kStyleColor};
-    /// One line that says what the control is for, with its unit, or why it is disabled.
-    Property<std::string> Tip{*this, ""};
-    std::function<void()> OnGotFocus;
-    std::function<void()> OnLostFocus;
-};
 
 /// A text in the picture of a screen: a caption, a unit, a read-out, a legend.
 class Label : public Visual {
@@ -287,81 +198,6 @@ class ScrollBar : public Visual {
     bool dragging_ = false;
 };
 
-/// Where the hand is on a picture.
-struct Touch {
-    double x = 0, y = 0;  ///< world, as the `Surface` has it
-    int keys = 0;         ///< that are held: 1 shift, 2 control, 4 alt
-    double pixel = 0;     ///< how much of the world one logical pixel is, as magnified
-};
-
-/// A key on a picture: its name as `Shortcut` has it, but for the keys that are held with it.
-struct Picture_Key {
-    std::string key;
-    int keys = 0;
-    double pixel = 0;
-};
-
-/// A ring upon a picture around what a hand can take or has taken; of one size on the screen.
-struct Light {
-    double x = 0, y = 0;  ///< world
-    bool held = false;
-    bool operator==(const Light&) const = default;
-};
-
-/// What the mouse's pointer looks like.
-enum class Grip { kArrow, kOpenHand, kClosedHand };
-
-/// A square drawing surface on a screen. The program draws on `Canvas()`; the desktop paints `Drawing()`, and over it
-/// the text lines from the top left corner down, in a font of one width. On paper and in files it stands whole and
-/// without a light, however it is looked at.
-class PictureBox : public Visual {
-   public:
-    PictureBox(Screen& owner, std::string name, int index = kNoIndex);
-    Property<std::vector<std::string>> Lines{*this, {}};
-    /// A line of text below those that are there.
-    void Print(const std::string& line);
-    Surface& Canvas() { return log_ ? *log_ : static_cast<Surface&>(picture_); }
-    Picture& Drawing() { return picture_; }
-    const Picture& Drawing() const { return picture_; }
-    /// Sends the calls elsewhere (a test's log); null brings them back.
-    void Redirect(Surface* log) { log_ = log; }
-    /// A move of the mouse: buttons (1 left, 2 right, 4 middle), keys (1 shift, 2 control, 4 alt), world position.
-    std::function<void(int button, int shift, double x, double y)> OnMouseMove;
-    std::function<void()> OnClick;
-    std::function<void()> OnDblClick;
-
-    // A hand that takes what is drawn. None of these is raised while a run plays.
-    /// The pointer has come here with no button down.
-    std::function<void(const Touch&)> OnHover;
-    /// The pointer has gone from the picture.
-    std::function<void()> OnLeave;
-    /// The left button goes down. True: something is taken, and each move until the release is an `OnDrag`.
-    std::function<bool(const Touch&)> OnSeize;
-    std::function<void(const Touch&)> OnDrag;
-    /// The left button is let go after something was taken, or the hand was interrupted.
-    std::function<void()> OnRelease;
-    Property<Grip> Pointer{*this, Grip::kArrow};
-    Property<std::optional<Light>> Lit{*this, std::nullopt};
-    /// Keys that it takes while it has the focus, as `Shortcut` has them.
-    Property<std::string> Keys{*this, ""};
-    std::function<void(const Picture_Key&)> OnKey;
-
-    // How closely it is looked at.
-    /// The wheel, the middle button and a drag on what cannot be taken zoom and move the picture under its glass.
-    bool Magnifies = false;
-    Property<Glass> Through{*this, {}};
-    /// Told by the desktop: logical pixels across.
-    double Across = 480;
-    /// How much of the world one logical pixel is, as magnified: for what keeps its size on the screen.
-    double Pixel() const;
-    /// `Pixel` has become another, by the glass or the window.
-    std::function<void()> OnPixel;
-
-   private:
-    Picture picture_;
-    Surface* log_ = nullptr;
-};
-
 /// A reader of documents. The program says what is to be shown; the desktop tells what there is, and when it has
 /// changed raises `OnChange`.
 class DocumentView : public Visual {
@@ -447,66 +283,6 @@ class MenuEntry : public Control {
    private:
     MenuEntry* parent_;
     std::vector<MenuEntry*> children_;
-};
-
-/// Controls of one name, told apart by an index; any set of indices.
-template <class T>
-class ControlArray {
-   public:
-    /// (index, caption or start text) each.
-    template <class Owner>
-    ControlArray(Owner& owner, const std::string& name, std::initializer_list<std::pair<int, const char*>> entries) {
-        for (const auto& [index, text] : entries) {
-            if constexpr (std::is_constructible_v<T, Owner&, std::string, std::string, int>)
-                controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
-            else  // a kind that has no text of its own
-                controls_.push_back(std::make_unique<T>(owner, name, index));
-        }
-    }
-
-    /// The same text for each index; kinds without a text take none.
-    template <class Owner>
-    ControlArray(Owner& owner, const std::string& name, std::initializer_list<int> indices, const char* text = "") {
-        for (const int index : indices) {
-            if constexpr (std::is_constructible_v<T, Owner&, std::string, std::string, int>)
-                controls_.push_back(std::make_unique<T>(owner, name, std::string(text), index));
-            else
-                controls_.push_back(std::make_unique<T>(owner, name, index));
-        }
-    }
-
-    bool Has(int index) const {
-        for (const auto& control : controls_)
-            if (control->Index() == index) return true;
-        return false;
-    }
-    /// Failure 9 when there is none of that index.
-    T& operator[](int index) {
-        for (auto& control : controls_)
-            if (control->Index() == index) return *control;
-        Raise(kSubscript);
-    }
-    auto begin() const { return controls_.begin(); }
-    auto end() const { return controls_.end(); }
-
-    /// Gives every entry the same handler, which takes the index.
-    template <class Member, class Handler>
-    void On(Member member, Handler handler) {
-        for (auto& control : controls_) {
-            int index = control->Index();
-            (*control).*member = [handler, index] { handler(index); };
-        }
-    }
-    template <class Handler>
-    void OnTextChange(Handler handler) {
-        for (auto& control : controls_) {
-            int index = control->Index();
-            control->Text.Event = [handler, index] { handler(index); };
-        }
-    }
-
-   private:
-    std::vector<std::unique_ptr<T>> controls_;
 };
 
 }  // namespace verlink::platform

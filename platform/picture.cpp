@@ -2,12 +2,12 @@
 #include "platform/picture.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
 #include "platform/clip.h"
 #include "platform/failure.h"
+#include "platform/svg.h"
 
 namespace verlink::platform {
 
@@ -209,28 +209,8 @@ void Picture::PSet(double x, double y, Color color) {
 
 void Picture::PSet(double x, double y) { PSet(x, y, 0); }
 
-namespace {
-
-/// Up to two decimals, none that are zero.
-std::string Short(double value) {
-    value = std::round(value * 100) / 100;
-    if (value == 0) return "0";
-    char buffer[32];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value);
-    return {buffer, end.ptr};
-}
-
-std::string Hex(Color color) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    std::string text = "#";
-    for (int part = 0; part < 3; ++part, color >>= 8) {
-        text += kDigits[(color >> 4) & 15];
-        text += kDigits[color & 15];
-    }
-    return text;
-}
-
-}  // namespace
+using svg::Hex;
+using svg::Number;
 
 /// Writes what of a list is seen, in pixels.
 class Picture::SvgPen {
@@ -238,7 +218,7 @@ class Picture::SvgPen {
     SvgPen(const Picture& picture, double pixels)
         : picture_(picture),
           pixels_(pixels),
-          thin_(Short(pixels / 400)),
+          thin_(Number(pixels / 400)),
           seen_(ClipBox{0, 0, pixels, pixels}.Grown(2)) {}
 
     std::string Written() && {
@@ -262,7 +242,7 @@ class Picture::SvgPen {
         return {(x - picture_.left_) / (picture_.right_ - picture_.left_) * pixels_,
                 (y - picture_.top_) / (picture_.bottom_ - picture_.top_) * pixels_};
     }
-    static std::string Pair(Point at) { return Short(at.x) + " " + Short(at.y); }
+    static std::string Pair(Point at) { return Number(at.x) + " " + Number(at.y); }
 
     // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
     void Segment(Point from, Point to, Color color) {
@@ -288,10 +268,10 @@ class Picture::SvgPen {
             return;
         }
         End_Path();
-        if (Circle_Seen(seen_, at, radius)) Element(at, Short(radius) + "\" stroke=\"", color);
+        if (Circle_Seen(seen_, at, radius)) Element(at, Number(radius) + "\" stroke=\"", color);
     }
     void Element(Point at, const std::string& rest, Color color) {
-        text_ += "<circle cx=\"" + Short(at.x) + "\" cy=\"" + Short(at.y) + "\" r=\"" + rest + Hex(color) + "\"/>\n";
+        text_ += "<circle cx=\"" + Number(at.x) + "\" cy=\"" + Number(at.y) + "\" r=\"" + rest + Hex(color) + "\"/>\n";
     }
     void End_Path() {
         if (in_path_) text_ += "\"/>\n";
@@ -309,10 +289,10 @@ class Picture::SvgPen {
 };
 
 std::string Picture::Svg(int side) const {
-    const std::string size = Short(side);
+    const std::string size = Number(side);
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + size + "\" height=\"" + size + "\" viewBox=\"0 0 " +
            size + " " + size + "\">\n<rect width=\"" + size + "\" height=\"" + size + "\" fill=\"" + Hex(back_) +
-           "\"/>\n<g fill=\"none\" stroke-width=\"" + Short(side / 400.0) +
+           "\"/>\n<g fill=\"none\" stroke-width=\"" + Number(side / 400.0) +
            "\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n" + SvgPen(*this, side).Written() +
            "</g>\n</svg>\n";
 }

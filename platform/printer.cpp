@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::platform {
 

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "platform/deed.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::platform {
 
@@ -13,6 +13,7 @@ namespace {
 
 struct Registry {
     std::map<std::string, Screens::Maker> makers;
+    std::map<std::string, std::string> titles;
     std::vector<std::unique_ptr<Screen>> made;
     std::vector<Screen*> shown;  // oldest first; a screen shown again moves to the end
     Screen* active = nullptr;
@@ -131,12 +132,16 @@ void Screen::Hide_Above(const Screen& base) {
 
 Screen* Screen::Active() { return Registered().active; }
 
-void Screens::Register(const std::string& name, Maker maker) {
-    if (maker)
-        Registered().makers[name] = std::move(maker);
-    else
-        Registered().makers.erase(name);
+void Screens::Register(const std::string& name, Maker maker, std::optional<std::string> title) {
+    Registry& registry = Registered();
+    registry.makers.erase(name);
+    registry.titles.erase(name);
+    if (!maker) return;
+    registry.makers[name] = std::move(maker);
+    if (title) registry.titles[name] = *std::move(title);
 }
+
+const std::map<std::string, std::string>& Screens::Titles() { return Registered().titles; }
 
 bool Screens::Knows(const std::string& name) { return Registered().makers.contains(name); }
 
@@ -165,6 +170,10 @@ void Screens::Discard() {
     Registered().made.clear();
     Registered().shown.clear();
     Registered().active = nullptr;
+}
+
+void Put_Caption(Screen& screen, const std::string& label, int index, const std::string& text) {
+    With<Label>(screen, label, index, [&](Label& found) { found.Caption = text; });
 }
 
 }  // namespace verlink::platform

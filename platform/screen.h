@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -124,9 +126,11 @@ class Screen {
 class Screens {
    public:
     using Maker = std::function<std::unique_ptr<Screen>()>;
-    /// Tells how a screen is made; a second maker of the same name replaces the first, and a null one takes the
-    /// name away.
-    static void Register(const std::string& name, Maker maker);
+    /// Tells how a screen is made, and the words of its title; a second maker of the same name replaces the first, and
+    /// a null one takes the name away.
+    static void Register(const std::string& name, Maker maker, std::optional<std::string> title = {});
+    /// The words, of all names that were registered with some.
+    static const std::map<std::string, std::string>& Titles();
     static bool Knows(const std::string& name);
     /// The screen of that name, made if need be; null for a name that nobody registered.
     static Screen* Find(const std::string& name);
@@ -149,5 +153,8 @@ template <class T, class Action>
 void With(Screen& screen, const std::string& control, int index, Action action) {
     if (T* wanted = screen.FindAs<T>(control, index)) action(*wanted);
 }
+
+/// Writes a label of a screen, if it has one of that name and index.
+void Put_Caption(Screen& screen, const std::string& label, int index, const std::string& text);
 
 }  // namespace verlink::platform

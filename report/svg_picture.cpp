@@ -2,21 +2,19 @@
 #include "report/svg_picture.h"
 
 #include <cmath>
-#include <cstdio>
+#include <string>
+
+#include "platform/svg.h"
 
 namespace verlink::report {
+
+using platform::svg::Number;
 
 namespace {
 
 constexpr double kMillimetresOfPixel = 25.4 / 96;
 constexpr double kLetterHigh = 12, kLetterWide = 0.6;  ///< pixels; the mean width in heights
 constexpr double kDyadSide = 110;
-
-std::string Place(double value) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.2f", value);
-    return text;
-}
 
 }  // namespace
 
@@ -32,8 +30,8 @@ Report_Picture Svg_Of(const platform::Picture& picture, double side, const std::
     std::string svg = picture.Svg(pixels);
     std::string texts;
     for (std::size_t i = 0; i < names.size(); ++i)
-        texts += "<text x=\"" + Place(places[i].x + 2) + "\" y=\"" + Place(places[i].y + kLetterHigh) +
-                 "\" font-family=\"sans-serif\" font-size=\"" + Place(kLetterHigh) + "\" fill=\"#222222\">" +
+        texts += "<text x=\"" + Number(places[i].x + 2) + "\" y=\"" + Number(places[i].y + kLetterHigh) +
+                 "\" font-family=\"sans-serif\" font-size=\"" + Number(kLetterHigh) + "\" fill=\"#222222\">" +
                  names[i].name + "</text>\n";
     svg.insert(svg.rfind("</svg>"), texts);
     return {svg, side, side, caption};

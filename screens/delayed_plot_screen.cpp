@@ -2,7 +2,7 @@
 #include "screens/delayed_plot_screen.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 
 namespace verlink {

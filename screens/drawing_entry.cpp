@@ -6,7 +6,7 @@
 #include "animation/linkage_dxf.h"
 #include "core/linkage_model.h"
 #include "files/table_files.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <utility>
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "files/drive_import.h"
 #include "files/model_file.h"
 #include "files/task_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "screens/frm_homescreen.h"

@@ -1,7 +1,7 @@
 // The program's name and version.
 #include "screens/frm_about.h"
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "shell/startup.h"
 

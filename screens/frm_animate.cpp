@@ -11,13 +11,13 @@
 #include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/runs.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
@@ -71,44 +71,6 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     Write_Tips();
     Bind();
     Serve_Undo(*this, [this] { Show_Model(); });
-}
-
-void frm_Animate::Write_Tips() {
-    cmb_wait.Tip = "Multiplies the delay of a frame";
-    hsc_speed.Tip = "Speed of a run; at the right end there is no delay";
-    hsc_step.Tip = "The position shown, by step";
-    txt_Figure.Tip = "One line that describes the model";
-    txt_Cycles.Tip = "How many times a run plays, from 1 to 32767";
-    chk_autoscale.Tip = "Fit the window to the motion; zooming acts only then";
-    chk_Trace.Tip = "Leave all positions of a run in the picture";
-    chk_Showlinks.Tip = "Show crank, coupler and rocker";
-    chk_Coupler.Tip = "Show the path of the coupler point: a line by angle, dots by time";
-    chk_Centrodes.Tip = "Show the fixed centrode in black, the moving one in red";
-    chk_CouplerLines.Tip = "Show a line of the coupler through the coupler point at each step";
-    txt_LineAngle.Tip = "Angle of the coupler lines to the coupler, degrees";
-    Picture1.Tip =
-        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the "
-        "arrow keys; the wheel zooms, a double click fits";
-    opt_Shift_Drag[0].Tip = "Shift-drag in the picture moves the coupler point";
-    opt_Shift_Drag[1].Tip = "Shift-drag in the picture changes the length of the crank";
-    opt_Shift_Drag[2].Tip = "Shift-drag in the picture changes the length of the rocker";
-    opt_Shift_Drag[3].Tip = "Shift-drag in the picture moves the fixed pivot O4";
-    opt_Shift_Drag[4].Tip = "Shift-drag in the picture changes the length of the coupler";
-    txt_initial[0].Tip = "Where the run starts: smallest crank angle in degrees, or time in seconds; less than the end";
-    txt_initial[1].Tip = "Where the run ends: largest crank angle in degrees, or time in seconds; more than the start";
-    txt_initial[2].Tip =
-        "From step to step: crank angle in degrees, or time in seconds; more than zero, and at most 2880 steps in all";
-    Write_Button_Tips();
-}
-
-void frm_Animate::Write_Button_Tips() {
-    cmd_Animate.Tip = "Play the run (Space); Escape or Space stops it";
-    cmd_Step.Tip = "Show the next position; the arrow keys go on and back";
-    cmd_Reset.Tip = "Go back to the first position; stops a run that plays";
-    cmd_Recalc.Tip = "Calculate again with the changed data";
-    cmd_PlotPrint.Tip = "Print this screen";
-    cmd_Back.Tip = "Go back to the input screen";
-    cmd_Done.Tip = "Leave for the home screen";
 }
 
 void frm_Animate::Bind() {
@@ -481,88 +443,6 @@ void frm_Animate::Timer1_Timer() {
     Timer1.Enabled = false;
     // Who has left already is not drawn for, and his settings are not read again.
     if (Visible()) mnu_Redraw_Click();
-}
-
-void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) {
-    constexpr int kLeft = 1;
-    constexpr int kShiftAlone = 1;
-    if (Button != kLeft || Shift != kShiftAlone) return;
-    if (joints.Holds_Joint() || joints.Shift_Drag_Ended()) return;
-    Guarded("frm_Animate.Picture1", [&] {
-        const Held_Window window(*this);
-        const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
-        Drag(X, Model.FlipSum - Y);
-        Get_Linkage_Geometry(*this, Road::kDrag);
-        joints.Shift_Dragged();
-        if (Model.RunStands) {
-            Unlock_Run_Buttons();
-            Show_Dragged(step);
-            return Say_Held_Target();
-        }
-        Solve();
-        if (!Model.RunStands) joints.End_Shift_Drag();
-        Settle_Run([&] { Show_Dragged(step); });
-    });
-}
-
-void frm_Animate::Say_Held_Target() {
-    switch (Model.ShiftDragTarget) {
-        case kCrank: return Say_Held({1});
-        case kRocker: return Say_Held({3});
-        case kCouplerPoint: return Say_Held({4, 5});
-        case kGround: return Model.PolarCoords ? Say_Held({0, 6}) : Say_Held({15, 16});
-        case kCoupler: return Say_Held({2});
-        default: break;
-    }
-}
-
-void frm_Animate::Drag(double X, double Y) {
-    const double fine = Picture1.Pixel() / 8;
-    const auto write = [&](int box, double value, int decimals) {
-        if (!Held(box)) txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
-    };
-    const auto write_length = [&](int box, double value) { write(box, value, Decimals_For(fine)); };
-    const auto write_angle = [&](int box, double value, double arm, int least) {
-        write(box, value, Decimals_For(arm > 0 ? fine / arm * kRadToDeg : 1, least));
-    };
-    const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
-    Single x;
-    Single y;
-    Rotate(X, Y, Model.Link1Angle, -1, x, y);
-    const Single from_A_x = x - Model.RunTable.PointXY(step, 0, 0);
-    const Single from_A_y = y - Model.RunTable.PointXY(step, 0, 1);
-    const auto length = [](Single dx, Single dy) { return Single(std::sqrt(dy * dy + dx * dx)); };
-    // From A nothing is measured where no A is in the picture.
-    const bool from_A = Model.ShiftDragTarget == kCouplerPoint || Model.ShiftDragTarget == kCoupler;
-    if (from_A && !Model.RunTable.Assembled(step)) return;
-    switch (Model.ShiftDragTarget) {
-        case kCrank: {
-            const Single L = length(x, y);
-            write_length(1, L);
-            lbl_StepNumber.Caption = Text_Of(FNRound(Atan2D(x, y), 1));
-            Picture1.Canvas().Circle(0, Model.FlipSum, L, Model.ColorBlue);
-            break;
-        }
-        case kRocker: write_length(3, length(x - Model.L1 * Shown_Factor(), y)); break;
-        case kCouplerPoint: {
-            const Single arm = length(from_A_x, from_A_y);
-            write_length(4, arm);
-            const double coupler = Model.RunTable.Theta(step, 1) - Model.Link1Angle;
-            write_angle(5, Atan2D(from_A_x, from_A_y) - coupler, arm, 3);
-            break;
-        }
-        case kGround:
-            if (Model.PolarCoords) {
-                write_length(0, length(X, Y));
-                write_angle(6, Atan2D(X, Y), length(X, Y), 2);
-            } else {
-                write_length(15, X);
-                write_length(16, Y);
-            }
-            break;
-        case kCoupler: write_length(2, length(from_A_x, from_A_y)); break;
-        default: break;
-    }
 }
 
 }  // namespace verlink

@@ -5,7 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"

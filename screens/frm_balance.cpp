@@ -4,11 +4,11 @@
 #include <string>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/results.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/balancing.h"
 #include "dynamics/flywheel.h"
 #include "dynamics/typed_units.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/graph.h"
 #include "platform/screen.h"
 #include "screens/frm_help.h"

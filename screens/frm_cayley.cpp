@@ -8,7 +8,7 @@
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"

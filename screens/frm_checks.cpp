@@ -5,8 +5,8 @@
 
 #include "checks/words.h"
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/help_documents.h"
 
@@ -43,7 +43,6 @@ std::string Advice(const StatusFlags& flags) {
 }  // namespace
 
 frm_Checks::frm_Checks() : Screen("frm_Checks") {
-    Caption() = "Checks" + Model.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     grd_Data.Tip = "Each check with its worst value beside what is expected of single precision; select and copy";

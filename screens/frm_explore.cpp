@@ -7,8 +7,8 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "screens/edit_menu.h"
@@ -75,7 +75,6 @@ std::string Count_Of(std::size_t count, const char* what) {
 }  // namespace
 
 frm_Explore::frm_Explore() : Screen("frm_Explore") {
-    Caption() = "Explore" + Model.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     DefaultButton = &cmd_Search;

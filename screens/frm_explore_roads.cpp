@@ -1,6 +1,6 @@
 // What becomes of the linkage that is chosen: the one in hand, or free choices of a synthesis.
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "design/choices.h"
 #include "design/hand_over.h"
 #include "platform/guard.h"

@@ -10,7 +10,7 @@
 #include "dynamics/shown_length.h"
 #include "dynamics/typed_units.h"
 #include "platform/clipboard.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "screens/area_text.h"
 #include "screens/frm_explore.h"

@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/results.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
 #include "output/selection.h"

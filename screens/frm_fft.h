@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/graph.h"
 #include "platform/screen.h"
 #include "screens/listed_choice.h"

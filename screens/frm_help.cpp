@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "core/screen_geometry.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "core/window_sizes.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "screens/help_documents.h"
 

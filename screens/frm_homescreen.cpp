@@ -11,10 +11,10 @@
 #include "core/classification.h"
 #include "core/kept_record.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/runs.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/units.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
@@ -43,7 +43,6 @@ using platform::The_Desktop;
 
 namespace {
 
-constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 constexpr char kConfirmReset[] = "Please confirm your order to reset all variables to their default values";
 constexpr char kNoConstantOmega[] = "You must calculate the linkage for a constant Omega2 in order to balance it.";
 
@@ -356,7 +355,7 @@ void frm_HomeScreen::mnu_New_Click() { New_Linkage(); }
 bool frm_HomeScreen::New_Linkage() {
     bool made = false;
     Guarded("frm_Homescreen.New", [&] {
-        if (Modified() && platform::Ask_Yes(kUnsaved)) Menu_Saveas(*this);
+        if (Ask_To_Keep() == Answer::kYes) Menu_Saveas(*this);
         const Answer answer =
             The_Desktop().Show_Message({.text = kConfirmReset, .icon = Icon::kQuestion, .buttons = Buttons::kOkCancel});
         if (answer != Answer::kOk) return;

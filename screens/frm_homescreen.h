@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"

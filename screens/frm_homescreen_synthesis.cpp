@@ -2,11 +2,11 @@
 #include <string>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/parameters.h"
 #include "core/runs.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/units.h"
 #include "platform/guard.h"
 #include "screens/frm_homescreen.h"

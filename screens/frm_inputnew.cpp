@@ -56,10 +56,7 @@ void frm_Inputnew::Write_Tips() {
     cmd_Step.Tip = "Show the next position; the arrow keys go on and back";
     cmd_Reset.Tip = "Show the first position";
     cmd_Animate.Tip = "Go to the animate screen";
-    Picture1.Tip =
-        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the arrow "
-        "keys; "
-        "the wheel zooms, a double click fits";
+    Picture1.Tip = kPictureTip;
     opt_Shift_Drag[0].Tip = "A shift-drag on the animate screen moves the coupler point";
     opt_Shift_Drag[1].Tip = "A shift-drag on the animate screen changes the crank's length";
     opt_Shift_Drag[2].Tip = "A shift-drag on the animate screen changes the rocker's length";

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
@@ -29,7 +29,6 @@ class frm_Inputnew : public Linkage_Screen {
     /// The same for time and one-position runs.
     bool TimeStepDone(Integer& Result);
     /// Runs the present mode again without reading a box, and shows the first position.
-    void Recalculate();
 
     // Menus.
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};

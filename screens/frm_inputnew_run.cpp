@@ -8,10 +8,10 @@
 #include "animation/shown.h"
 #include "core/classification.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/runs.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "platform/guard.h"
 #include "screens/frm_inputnew.h"
@@ -158,21 +158,6 @@ bool frm_Inputnew::TimeStepDone(Integer& Result) {
         done = Run_Setup(Result);
     });
     return done;
-}
-
-void frm_Inputnew::Recalculate() {
-    Guarded("frm_Input.Recalculate", [this] {
-        Integer Result = kRetrying;
-        if (Model.Calctype < 4)
-            Calc_Setup(Model.Calctype, Result);
-        else
-            Imported_Run(Result);
-        if (Model.RunStands) {
-            Model.CurrentStep = 0;
-            Show_Step();
-        }
-        Model.ScreenReturn = true;
-    });
 }
 
 // The picture.

@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/results.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/mass_properties.h"
 #include "dynamics/typed_units.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "screens/frm_help.h"
 

@@ -7,7 +7,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/print_questions.h"
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "screens/frm_help.h"
 #include "screens/table_menu.h"

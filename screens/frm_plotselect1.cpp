@@ -2,10 +2,10 @@
 #include "screens/frm_plotselect1.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/cartesian.h"
 #include "output/selection.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -22,7 +22,7 @@ const std::string kGap = std::string("Something is wrong. ") + CR + CR + "You ar
 
 }  // namespace
 
-frm_PlotSelect1::frm_PlotSelect1() : Preset_Screen("frm_PlotSelect1", "Select Plot Data", 4, "cmd_CancelPlotData") {
+frm_PlotSelect1::frm_PlotSelect1() : Preset_Screen("frm_PlotSelect1", 4, "cmd_CancelPlotData") {
     Model.GraphWindows = 1;
 }
 

@@ -2,7 +2,7 @@
 #include "screens/frm_plotselect4.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/catalogue.h"
 #include "output/polar.h"
 #include "output/selection.h"
@@ -17,8 +17,7 @@ constexpr char kPlot[] = "frm_MyPlot4";
 }  // namespace
 
 frm_PlotSelect4::frm_PlotSelect4()
-    : Function_Screen("frm_PlotSelect4", "Select Plot Data", 1, Function_Slot::Parts::kVariableOnly,
-                      "cmd_CancelPlotData") {
+    : Function_Screen("frm_PlotSelect4", 1, Function_Slot::Parts::kVariableOnly, "cmd_CancelPlotData") {
     Model.GraphWindows = 1;
     Load_Components(*this, Slot(1).cmb_Com);
 }

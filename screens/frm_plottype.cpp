@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -79,7 +79,6 @@ void Sketch_Polar(PictureBox& picture) {
 }  // namespace
 
 frm_PlotType::frm_PlotType() : Screen("frm_PlotType") {
-    Caption() = "Select Plot Type";
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     cmd_PickPlotDone.Enabled = false;

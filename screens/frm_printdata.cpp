@@ -2,7 +2,7 @@
 #include "screens/frm_printdata.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/table_sheet.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"

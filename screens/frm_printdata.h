@@ -1,7 +1,7 @@
 // The table of up to four functions, with the linkage's data beside it.
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/grid.h"
 #include "platform/screen.h"
 #include "screens/summary_panel.h"

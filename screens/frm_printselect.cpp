@@ -5,8 +5,8 @@
 #include <array>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "output/selection.h"
 #include "output/table_sheet.h"
 #include "output/tables.h"
@@ -21,7 +21,7 @@ constexpr char kTable[] = "frm_PrintData";
 
 }  // namespace
 
-frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", "Print Select", kFunctions, "cmd_Cancel") {
+frm_PrintSelect::frm_PrintSelect() : Preset_Screen("frm_PrintSelect", kFunctions, "cmd_Cancel") {
     Enable_Selection(*this, false, kFunctions);
     Toggle_Coordinate(*this, false);
     for (const char* step : {"1", "2", "3", "5", "10"}) cmb_Step.AddItem(step);

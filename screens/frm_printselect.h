@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "screens/function_screen.h"
 #include "screens/table_menu.h"
 

@@ -1,7 +1,7 @@
 // The question before the end.
 #include "screens/frm_quit.h"
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "shell/startup.h"
 

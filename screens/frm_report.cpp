@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "files/picture_files.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -40,7 +40,6 @@ bool Names_A_Plot(const std::string& words) {
 }  // namespace
 
 frm_Report::frm_Report() : Screen("frm_Report") {
-    Caption() = "Report" + Model.TitleSuffix;
     Width() = kDesignWidth;
     Height() = kDesignHeight;
     DefaultButton = &cmd_Save;

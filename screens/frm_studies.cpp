@@ -6,8 +6,8 @@
 #include <limits>
 #include <thread>
 
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "study/hand_over.h"
@@ -53,7 +53,6 @@ std::string Field_Text(const ComboBox& list) {
 }  // namespace
 
 frm_Studies::frm_Studies() : Screen("frm_Studies"), model_(Model) {
-    Caption() = "Studies" + model_.TitleSuffix;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     DefaultButton = &cmd_Start;

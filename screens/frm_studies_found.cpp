@@ -8,7 +8,7 @@
 #include "core/numeric.h"
 #include "core/text.h"
 #include "output/series.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "screens/frm_studies.h"
 #include "study/pace.h"
 

@@ -1,7 +1,7 @@
 // The title screen: the program's name, the way in and the way out.
 #include "screens/frm_title.h"
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "shell/startup.h"
 

@@ -2,8 +2,8 @@
 #include "screens/frm_user.h"
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/selection.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
@@ -31,10 +31,9 @@ Function_Slot::Function_Slot(platform::Screen& owner, int slot, Parts parts)
       lbl_Function(owner, "lbl_Function", "", slot - 1),
       lbl_Component(owner, "lbl_Component", "", slot - 1) {}
 
-Function_Screen::Function_Screen(const std::string& name, const std::string& title, int slots,
-                                 Function_Slot::Parts parts, const std::string& cancelName)
+Function_Screen::Function_Screen(const std::string& name, int slots, Function_Slot::Parts parts,
+                                 const std::string& cancelName)
     : Screen(name), cmd_Cancel(*this, cancelName, "< &Back") {
-    Caption() = title;
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     for (int slot = 1; slot <= slots; ++slot) Slots.push_back(std::make_unique<Function_Slot>(*this, slot, parts));

@@ -56,8 +56,7 @@ class Function_Screen : public platform::Screen {
     void cmd_Last_Click();
 
    protected:
-    Function_Screen(const std::string& name, const std::string& title, int slots, Function_Slot::Parts parts,
-                    const std::string& cancelName);
+    Function_Screen(const std::string& name, int slots, Function_Slot::Parts parts, const std::string& cancelName);
 
     Function_Slot& Slot(int slot) { return *Slots.at(static_cast<std::size_t>(slot - 1)); }
     int SlotCount() const { return static_cast<int>(Slots.size()); }
@@ -110,7 +109,7 @@ class Preset_Screen : public Function_Screen {
     void cmd_ClearPreset_Click();
 
    protected:
-    Preset_Screen(const std::string& name, const std::string& title, int slots, const std::string& cancelName);
+    Preset_Screen(const std::string& name, int slots, const std::string& cancelName);
 
     /// The counts that go with a preset, and the preset itself.
     virtual void Take_Preset() = 0;

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/cartesian.h"
 #include "platform/guard.h"
 #include "screens/plot_tips.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/settings.h"
 #include "screens/function_screen.h"

@@ -8,20 +8,13 @@
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/results.h"
-#include "core/screen_geometry.h"
 #include "core/why_words.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
 
 namespace verlink {
-
-namespace {
-
-/// Targets of a shift-drag, by the index of their option.
-constexpr int kTargets[] = {2, 0, 1, 3, 4};
-
-}  // namespace
 
 Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
     : Screen(name), opt_OpenCross(*this, "opt_OpenCross", {{0, "Open"}, {1, crossed}}) {
@@ -104,7 +97,7 @@ void Linkage_Screen::Show_Choices() {
     Put_Circuit(*this);
     opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
     for (int option = 0; option < 5; ++option)
-        if (kTargets[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
+        if (shift_drag::kOfOption[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;
 }
 
 void Linkage_Screen::opt_Polar_Click(int Index) {
@@ -160,7 +153,7 @@ void Linkage_Screen::Say_Held(std::initializer_list<int> boxes) {
 
 bool Linkage_Screen::Held(int box) const { return Get<platform::Lock>("chk_Lock", box).Value; }
 
-void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = kTargets[Index]; }
+void Linkage_Screen::opt_Shift_Drag_Click(int Index) { Model.ShiftDragTarget = shift_drag::kOfOption[Index]; }
 
 bool Linkage_Screen::Take_Circuit(int Index) {
     if (!Visible() || (Model.CircuitSign == -1 ? 0 : 1) == Index) return false;

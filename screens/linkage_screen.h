@@ -101,8 +101,9 @@ class Linkage_Screen : public platform::Screen {
     int Shown_Step() const { return line_ear.Step(); }
 
    protected:
-    /// Targets of a shift-drag, as `ShiftDragTarget` has them.
-    enum Target { kCrank = 0, kRocker = 1, kCouplerPoint = 2, kGround = 3, kCoupler = 4 };
+    static constexpr char kPictureTip[] =
+        "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the arrow "
+        "keys; the wheel zooms, a double click fits";
     /// Menus change the zoom by this factor.
     static constexpr double kZoomStep = 1.1;
 

@@ -5,7 +5,7 @@
 #include <cctype>
 #include <utility>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 
 namespace verlink {

@@ -207,12 +207,14 @@ void Live_Plots::Fill_Lists() {
         for (const std::string& preset : presets) cmb_LivePreset.AddItem(preset);
     }
     ComboBox& first = Slots.front()->cmb_LiveVar;
-    const int variables = balance ? 42 : forces ? 37 : 19;
-    if (static_cast<int>(first.Items().size()) == variables + 1) return;
+    const std::vector<std::string> variables = Variables_Up_To(balance  ? Needs::kBalance
+                                                               : forces ? Needs::kForces
+                                                                        : Needs::kRun);
+    if (first.Items().size() == variables.size() + 1) return;
     for (const auto& slot : Slots) {
         slot->cmb_LiveVar.Clear();
         slot->cmb_LiveVar.AddItem(kNone);
-        for (int number = 1; number <= variables; ++number) slot->cmb_LiveVar.AddItem(Variable_Name(number));
+        for (const std::string& variable : variables) slot->cmb_LiveVar.AddItem(variable);
     }
 }
 

@@ -66,7 +66,7 @@ Measure_Choice::Measure_Choice(platform::Screen& owner, int index, Kind kind, co
 void Measure_Choice::Fill_Lists() {
     if (cmb_Order) cmb_Statistic.AddItem(kNone);
     for (const Kind_Of& kind : kStatistics) cmb_Statistic.AddItem(kind.word);
-    for (int number = 1; number <= study::kLastMeasured; ++number) cmb_Variable.AddItem(Variable_Name(number));
+    for (const std::string& variable : Variables_Up_To(Needs::kBalance)) cmb_Variable.AddItem(variable);
     for (const char* component : kComponents) cmb_Component.AddItem(component);
     if (!cmb_Order) return;
     for (const char* order : kOrders) cmb_Order->AddItem(order);

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
 #include "screens/help_documents.h"
@@ -14,7 +14,6 @@ namespace verlink {
 
 Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     : Screen(name), selection_(std::move(selection)) {
-    Caption() = "Output Screen";
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     cmd_PlotPrint.Tip = "Print this screen";

@@ -1,6 +1,6 @@
 // The events of the screens that offer presets, and the two screens whose plots have a window for each function.
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "output/cartesian.h"
 #include "output/selection.h"
 #include "platform/guard.h"
@@ -11,9 +11,8 @@ namespace verlink {
 using platform::OptionButton;
 using platform::Screens;
 
-Preset_Screen::Preset_Screen(const std::string& name, const std::string& title, int slots,
-                             const std::string& cancelName)
-    : Function_Screen(name, title, slots, Function_Slot::Parts::kVariableAndComponent, cancelName) {
+Preset_Screen::Preset_Screen(const std::string& name, int slots, const std::string& cancelName)
+    : Function_Screen(name, slots, Function_Slot::Parts::kVariableAndComponent, cancelName) {
     opt_PrintSet[0].Value = true;
     opt_PrintSet[0].Tip = "Choose all functions at once from a list";
     opt_PrintSet[1].Tip = "Choose function by function";
@@ -102,7 +101,7 @@ void Preset_Screen::cmd_ClearPreset_Click() {
 }
 
 Windows_Screen::Windows_Screen(const std::string& name, const std::string& heading, int windows, Plots plots)
-    : Preset_Screen(name, "Select Plot Data", windows, "cmd_CancelPlotData"),
+    : Preset_Screen(name, windows, "cmd_CancelPlotData"),
       frm_Plotstyle(*this, "frm_Plotstyle", heading),
       plots_(plots) {
     Model.GraphWindows = windows;

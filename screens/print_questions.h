@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink {
 

@@ -1,8 +1,9 @@
-// How each screen is made.
+// How each screen is made, and what its title says: a row for each.
 #include "screens/register.h"
 
 #include <memory>
 
+#include "core/linkage_model.h"
 #include "platform/screen.h"
 #include "screens/frm_about.h"
 #include "screens/frm_animate.h"
@@ -42,47 +43,53 @@ namespace verlink {
 
 namespace {
 
+/// The title is without the banner that follows it; screens that are made later than the others get both at once.
 template <class Form>
-void Register_One(const char* name) {
-    platform::Screens::Register(name, [] { return std::make_unique<Form>(); });
+void Register_One(const char* name, const char* title) {
+    const auto make = [title] {
+        auto screen = std::make_unique<Form>();
+        screen->Caption() = title + Model.TitleSuffix;
+        return screen;
+    };
+    platform::Screens::Register(name, make, title);
 }
 
 }  // namespace
 
 void Register_Screens() {
-    Register_One<frm_About>("frm_About");
-    Register_One<frm_Animate>("frm_Animate");
-    Register_One<frm_Balance>("frm_Balance");
-    Register_One<frm_Cayley>("frm_Cayley");
-    Register_One<frm_Checks>("frm_Checks");
-    Register_One<frm_Explore>("frm_Explore");
-    Register_One<frm_FFT>("frm_FFT");
-    Register_One<frm_Help>("frm_Help");
-    Register_One<frm_HomeScreen>("frm_HomeScreen");
-    Register_One<frm_Inputnew>("frm_Inputnew");
-    Register_One<frm_MassProp>("frm_MassProp");
-    Register_One<frm_Matrix>("frm_Matrix");
-    Register_One<frm_Myplot2>("frm_Myplot2");
-    Register_One<frm_MyPlot3>("frm_MyPlot3");
-    Register_One<frm_MyPlot4>("frm_MyPlot4");
-    Register_One<frm_Plot1>("frm_Plot1");
-    Register_One<frm_Plot2>("frm_Plot2");
-    Register_One<frm_Plot3>("frm_Plot3");
-    Register_One<frm_PlotSelect1>("frm_PlotSelect1");
-    Register_One<frm_PlotSelect2>("frm_PlotSelect2");
-    Register_One<frm_PlotSelect3>("frm_PlotSelect3");
-    Register_One<frm_PlotSelect4>("frm_PlotSelect4");
-    Register_One<frm_PlotType>("frm_PlotType");
-    Register_One<frm_PrintData>("frm_PrintData");
-    Register_One<frm_PrintSelect>("frm_PrintSelect");
-    Register_One<frm_Quit>("frm_Quit");
-    Register_One<frm_Report>("frm_Report");
-    Register_One<frm_Studies>("frm_Studies");
-    Register_One<frm_Synth2A>("frm_Synth2A");
-    Register_One<frm_Synth2B>("frm_Synth2B");
-    Register_One<frm_Synth3>("frm_Synth3");
-    Register_One<frm_Title>("frm_Title");
-    Register_One<frm_User>("frm_User");
+    Register_One<frm_About>("frm_About", "");
+    Register_One<frm_Animate>("frm_Animate", "Animation Screen");
+    Register_One<frm_Balance>("frm_Balance", "Linkage Balancing");
+    Register_One<frm_Cayley>("frm_Cayley", "Linkage Cognates");
+    Register_One<frm_Checks>("frm_Checks", "Checks");
+    Register_One<frm_Explore>("frm_Explore", "Explore");
+    Register_One<frm_FFT>("frm_FFT", "Fourier Transform");
+    Register_One<frm_Help>("frm_Help", "");
+    Register_One<frm_HomeScreen>("frm_HomeScreen", "");
+    Register_One<frm_Inputnew>("frm_Inputnew", "Input Screen");
+    Register_One<frm_MassProp>("frm_MassProp", "Dynamics Screen");
+    Register_One<frm_Matrix>("frm_Matrix", "Matrix Screen");
+    Register_One<frm_Myplot2>("frm_Myplot2", "Output Screen");
+    Register_One<frm_MyPlot3>("frm_MyPlot3", "Output Screen");
+    Register_One<frm_MyPlot4>("frm_MyPlot4", "Output Screen");
+    Register_One<frm_Plot1>("frm_Plot1", "Output Screen");
+    Register_One<frm_Plot2>("frm_Plot2", "Output Screen");
+    Register_One<frm_Plot3>("frm_Plot3", "Output Screen");
+    Register_One<frm_PlotSelect1>("frm_PlotSelect1", "Select Plot Data");
+    Register_One<frm_PlotSelect2>("frm_PlotSelect2", "Select Plot Data");
+    Register_One<frm_PlotSelect3>("frm_PlotSelect3", "Select Plot Data");
+    Register_One<frm_PlotSelect4>("frm_PlotSelect4", "Select Plot Data");
+    Register_One<frm_PlotType>("frm_PlotType", "Select Plot Type");
+    Register_One<frm_PrintData>("frm_PrintData", "");
+    Register_One<frm_PrintSelect>("frm_PrintSelect", "Print Select");
+    Register_One<frm_Quit>("frm_Quit", "");
+    Register_One<frm_Report>("frm_Report", "Report");
+    Register_One<frm_Studies>("frm_Studies", "Studies");
+    Register_One<frm_Synth2A>("frm_Synth2A", "Two-Position Synthesis");
+    Register_One<frm_Synth2B>("frm_Synth2B", "Two-Position Synthesis");
+    Register_One<frm_Synth3>("frm_Synth3", "Three-Position Synthesis");
+    Register_One<frm_Title>("frm_Title", "");
+    Register_One<frm_User>("frm_User", "");
 }
 
 }  // namespace verlink

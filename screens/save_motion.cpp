@@ -11,7 +11,7 @@
 #include "animation/shown.h"
 #include "core/linkage_model.h"
 #include "files/picture_files.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "platform/picture_pixels.h"

@@ -2,8 +2,8 @@
 #include <charconv>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "design/choices.h"
 #include "platform/guard.h"
 #include "screens/frm_synth2a.h"

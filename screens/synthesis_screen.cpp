@@ -7,10 +7,10 @@
 #include "animation/engine.h"
 #include "checks/positions.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
 #include "core/text.h"
+#include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
 #include "screens/frm_help.h"
@@ -162,7 +162,7 @@ void Synthesis_Screen::Draw() {
     for (platform::Control* control : Controls()) {
         if (control->Name() != "lbl_Symbol") continue;
         auto& name = static_cast<Label&>(*control);
-        const std::string symbol = name.Caption.Get().substr(0, name.Caption.Get().find(' '));
+        const std::string& symbol = symbols_.try_emplace(&name, name.Caption.Get()).first->second;
         const auto mark = std::find_if(marks.begin(), marks.end(), [&](const DyadMark& m) { return m.name == symbol; });
         const auto follower =
             std::find_if(followers_.begin(), followers_.end(), [&](const Follower& f) { return f.name == &name; });

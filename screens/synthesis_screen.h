@@ -3,12 +3,13 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/number.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
@@ -201,6 +202,8 @@ class Synthesis_Screen : public platform::Screen {
     int positions_;
     Integer LengthFactor = 1;  ///< shown units in a stored one
     std::vector<Follower> followers_;
+    /// The symbols alone; a value may follow one with "=".
+    std::map<const Label*, std::string> symbols_;
     std::string shown_;  ///< the record's numbers that stand on the screen
     std::function<void()> to_type_;
 };

@@ -1,7 +1,7 @@
 // The words of the failure reporter.
 #include "shell/failure_report.h"
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {

@@ -8,7 +8,7 @@
 
 #include "core/results.h"
 #include "files/model_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/temporaries.h"
 #include "shell/copy.h"

@@ -12,7 +12,7 @@
 #include <mutex>
 #include <set>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"

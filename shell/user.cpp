@@ -9,7 +9,7 @@
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "files/task_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
 #include "shell/failure_report.h"

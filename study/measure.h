@@ -17,9 +17,6 @@ namespace verlink::study {
 inline constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
 inline bool Is_None(float value) { return value != value; }
 
-/// Of the catalogue: all but the current transform, which is of a function that its screen chose.
-inline constexpr int kLastMeasured = 42;
-
 enum class Statistic { kMin, kMax, kMean, kRms, kRange, kAt, kDeviation, kLine, kCloses };
 
 /// Over the positions of the run that close, in the unit that tables have the variable in.

@@ -49,14 +49,8 @@ std::optional<double> Number(const std::string& text) {
     return number;
 }
 
-std::vector<std::string> Variables() {
-    std::vector<std::string> names;
-    for (int number = 1; number <= kLastMeasured; ++number) names.push_back(Variable_Name(number));
-    return names;
-}
-
-Wanted Wanted_For(const Output_Function& function, const Variable_Facts& facts) {
-    switch (Needs_Of(function)) {
+Wanted Wanted_For(const Variable_Facts& facts) {
+    switch (facts.needs) {
         case Needs::kForces: return Wanted::kForces;
         case Needs::kBalance: return Wanted::kBalance;
         case Needs::kRun: break;
@@ -74,10 +68,12 @@ bool Take_Variable(const std::string& text, Measure& measure, std::string& fault
     function.component = colon == std::string::npos ? "X" : Trimmed(text.substr(colon + 1));
     const auto facts = Facts_Of(function.variable);
     if (!facts) {
-        fault = "there is no variable \"" + function.variable + "\"" + Meant(function.variable, Variables());
+        fault = "there is no variable \"" + function.variable + "\"" +
+                Meant(function.variable, Variables_Up_To(Needs::kBalance));
         return false;
     }
-    if (facts->number > kLastMeasured) {
+    // It is of a function that its screen chose.
+    if (facts->group == kTransformGroup) {
         fault = "a study transforms no function: it has no \"" + function.variable + "\"";
         return false;
     }
@@ -88,7 +84,7 @@ bool Take_Variable(const std::string& text, Measure& measure, std::string& fault
     }
     measure.facts = *facts;
     measure.component = static_cast<int>(component - kComponents.begin());
-    measure.wanted = Wanted_For(function, *facts);
+    measure.wanted = Wanted_For(*facts);
     return true;
 }
 

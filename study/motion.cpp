@@ -30,7 +30,7 @@ double Alpha_Of(const Design& d) { return d.Calctype == 1 || d.Calctype == kByTi
 Motion::Motion(std::vector<double> angles, Lanes lanes)
     : angles_(std::move(angles)),
       table_(std::make_unique<RunResults>()),
-      solve_(lanes == Lanes::kFour && ahead::kSolve_By_Fours ? ahead::kSolve_By_Fours : ahead::Solve_By_Pairs) {}
+      solve_(lanes == Lanes::kFour && at_once::kSolve_By_Fours ? at_once::kSolve_By_Fours : at_once::Solve_By_Pairs) {}
 
 void Motion::Add(double theta2, double omega2) {
     theta2_.push_back(Rounded(theta2));
@@ -85,14 +85,14 @@ void Motion::Set_Out(const Design& d) {
     fastest_ = 0;
     for (const double omega2 : omega2_) fastest_ = std::max(fastest_, std::fabs(omega2));
     // Eight at once, as long as the table has room for what is too many.
-    const int whole = (all_ + ahead::kSteps - 1) / ahead::kSteps * ahead::kSteps;
+    const int whole = (all_ + at_once::kSteps - 1) / at_once::kSteps * at_once::kSteps;
     if (whole > kLastStep + 1) return;
     theta2_.resize(static_cast<std::size_t>(whole), theta2_.back());
     omega2_.resize(static_cast<std::size_t>(whole), omega2_.back());
 }
 
 /// A step with all its refusals; false when it does not close.
-bool Motion::Solve_One(const ahead::Run& run, int step) {
+bool Motion::Solve_One(const at_once::Run& run, int step) {
     const auto at = static_cast<std::size_t>(step);
     Position<double> positions[1]{};
     Position<double>& p = positions[0];
@@ -106,17 +106,17 @@ bool Motion::Solve_One(const ahead::Run& run, int step) {
     const double before = step > 0 ? double{table_->OmegaRatio(step - 1)} : 0.0;
     const double ratio = omega2 != 0 ? Rounded(omega4 / omega2) : before;
     const double advantage = omega4 != 0 ? Rounded(omega2 / omega4) : 0.0;
-    ahead::Steps<double> steps{};
+    at_once::Steps<double> steps{};
     Rounding<double> r = p.All;
     Store_Angles(p, run.Link1Angle, run.wrap, r, steps.Theta);
     r.Keep(steps.Ratio, ratio);
     r.Keep(steps.Advantage, advantage);
-    ahead::Show_Lengths(run, p, steps, r);
+    at_once::Show_Lengths(run, p, steps, r);
     if (refused || !r.All_Finite() || !Is_Finite(run.shape.Sum)) {
         table_->OmegaRatio(step) = 0;
         return false;
     }
-    ahead::Put_All(run, step, p, steps);
+    at_once::Put_All(run, step, p, steps);
     return true;
 }
 
@@ -130,23 +130,23 @@ bool Motion::Is_Moderate(const Design& d) const {
 }
 
 void Motion::Solve_Steps(const Design& d, Wanted wanted) {
-    const ahead::Run whole{Shape_Of_Design(d),        d.wrap, d.Link1Angle, d.shown, false, Alpha_Of(d), {},
-                           ahead::Columns_Of(*table_)};
-    ahead::Run run = whole;
+    const at_once::Run whole{Shape_Of_Design(d),          d.wrap, d.Link1Angle, d.shown, false, Alpha_Of(d), {},
+                             at_once::Columns_Of(*table_)};
+    at_once::Run run = whole;
     if (wanted <= Wanted::kPoints && Is_Moderate(d))
-        run.depth = wanted == Wanted::kPoints ? ahead::Depth::kPoints : ahead::Depth::kAngles;
+        run.depth = wanted == Wanted::kPoints ? at_once::Depth::kPoints : at_once::Depth::kAngles;
     const int room = static_cast<int>(theta2_.size());
     const bool sound = Is_Finite(run.shape.Sum);
     auto& closes = table_->Assembled;
     int step = 0;
     while (step < all_) {
-        if (sound && step + ahead::kSteps <= room &&
+        if (sound && step + at_once::kSteps <= room &&
             solve_(run, step, &theta2_[static_cast<std::size_t>(step)], &omega2_[static_cast<std::size_t>(step)])) {
-            std::fill_n(closes.Steps(step, ahead::kSteps), ahead::kSteps, true);
-            step += ahead::kSteps;
+            std::fill_n(closes.Steps(step, at_once::kSteps), at_once::kSteps, true);
+            step += at_once::kSteps;
             continue;
         }
-        const int end = std::min(step + ahead::kSteps, all_);
+        const int end = std::min(step + at_once::kSteps, all_);
         for (; step < end; ++step) closes(step) = Solve_One(whole, step);
     }
     for (step = reached_; step <= last_; ++step) closes(step) = false;

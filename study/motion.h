@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "core/lanes.h"
-#include "core/look_ahead.h"
 #include "core/record/run_table.h"
+#include "core/steps_at_once.h"
 #include "study/design.h"
 
 namespace verlink::study {
@@ -44,7 +44,7 @@ class Motion {
     void Set_Out(const Design& design);
     void Solve_Steps(const Design& design, Wanted wanted);
     bool Is_Moderate(const Design& design) const;
-    bool Solve_One(const ahead::Run& run, int step);
+    bool Solve_One(const at_once::Run& run, int step);
     void Load(const Design& design, Wanted wanted);
     void Add(double theta2, double omega2);
 
@@ -53,7 +53,7 @@ class Motion {
     std::vector<double> angles_;
     Way way_{};  ///< of which they are now
     std::unique_ptr<RunResults> table_;
-    ahead::Solver solve_;
+    at_once::Solver solve_;
     std::vector<double> theta2_, omega2_;  ///< by step: radians in the ground link's frame, rad/s
     std::vector<char> loaded_, balanced_;
     int last_ = 0, closed_ = 0, all_ = 0;

@@ -6,10 +6,10 @@
 #include "core/classification.h"
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
 

@@ -13,7 +13,7 @@
 #include "core/numeric.h"
 #include "core/parameters.h"
 #include "core/text.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/screen.h"
 

@@ -1,107 +1,12 @@
 // What the view menu lays over the picture: of each kind, in all units, on both circuits, with the ground turned.
+#include "tests/animation/view_overlays.h"
+
 #include <algorithm>
 #include <complex>
 #include <map>
 
-#include "animation/engine.h"
-#include "animation/overlays.h"
-#include "core/joints.h"
-#include "shell/initialize.h"
-#include "tests/dynamics/motion.h"
-#include "tests/support/drawing.h"
-#include "tests/support/overlay_log.h"
-
 namespace verlink::test {
 namespace {
-
-using platform::Overlay;
-using platform::Point;
-using Mark = Overlay::Mark;
-using Kind = Mark::Kind;
-using Rows = std::vector<std::string>;
-
-/// A kind of overlay, and the one wish for it.
-struct Sort {
-    const char* name;
-    bool View_Wishes::*wish;
-};
-constexpr Sort kSorts[] = {{"poles", &View_Wishes::poles},
-                           {"velocities", &View_Wishes::velocities},
-                           {"accelerations", &View_Wishes::accelerations},
-                           {"pin_forces", &View_Wishes::pin_forces},
-                           {"shaking_force", &View_Wishes::shaking_force},
-                           {"curvature", &View_Wishes::curvature},
-                           {"grid", &View_Wishes::grid},
-                           {"names", &View_Wishes::names},
-                           {"ghosts", &View_Wishes::ghosts}};
-
-View_Wishes Only(bool View_Wishes::*wish) {
-    View_Wishes wishes;
-    wishes.*wish = true;
-    return wishes;
-}
-
-View_Wishes All() {
-    View_Wishes wishes;
-    for (const Sort& sort : kSorts) wishes.*sort.wish = true;
-    return wishes;
-}
-
-class ViewOverlays : public Drawing {
-   protected:
-    static Overlay At_Step(int step, const View_Wishes& wishes) {
-        return Overlay_At(Model, step, wishes, Find_Scales(Model, wishes));
-    }
-    static void Solve() {
-        Solve_Forces();
-        Forces_Hold();
-    }
-    static void Run(const Scenario& scenario) {
-        Initialize();
-        Run_Scenario(scenario);
-        Solve();
-        Set_Palette();
-        Autoscale();
-        Model.FlipSum = Model.AnimMin + Model.AnimMax;
-        Model.PivotRadius = std::abs(Model.AnimMax * 0.03);
-        Model.PinRadius = std::abs(Model.AnimMax * 0.015);
-    }
-    /// As the picture of the present window has it.
-    static OverlayLog Painted(const Overlay& overlay) {
-        OverlayLog log;
-        const double wide = double{Model.AnimMax} - Model.AnimMin;
-        platform::Draw_Overlay(overlay, {Model.AnimMin, Model.AnimMin, wide, wide, 600, 600}, log);
-        return log;
-    }
-    static std::vector<Mark> Of_Kind(const Overlay& overlay, Kind kind) {
-        std::vector<Mark> found;
-        std::ranges::copy_if(overlay.marks, std::back_inserter(found),
-                             [kind](const Mark& m) { return m.kind == kind; });
-        return found;
-    }
-    /// Back in the global frame.
-    static Spot World(Point drawn) { return {drawn.x, Model.FlipSum - drawn.y}; }
-    static Spot Way(const Mark& mark) { return World(mark.to) - World(mark.from); }
-    static Spot Turn() { return std::polar(1.0, Model.Link1Angle * kDegToRad); }
-    static Spot Joint(int step, int row) { return At(Model.RunTable.PointXY, step, row) * Turn(); }
-    static double Window() { return double{Model.AnimMax} - Model.AnimMin; }
-};
-
-std::vector<Scenario> Every_Way() {
-    static std::vector<std::string> names;
-    std::vector<Scenario> ways;
-    names.reserve(20);
-    for (int units = 1; units <= 5; ++units)
-        for (const int circuit : {1, 2})
-            for (const double ground : {0.0, 30.0}) {
-                if (names.size() < 20)
-                    names.push_back("units " + std::to_string(units) + (circuit == 1 ? ", open" : ", crossed") +
-                                    (ground == 0 ? "" : ", ground turned"));
-                ways.push_back(
-                    {.name = names[ways.size()].c_str(), .units = units, .circuit = circuit, .ground = ground});
-            }
-    return ways;
-}
 
 TEST_F(ViewOverlays, AreDrawnAsTheyWereInEveryUnitOnBothCircuitsAndWithTheGroundTurned) {
     for (const Sort& sort : kSorts) {
@@ -395,24 +300,6 @@ TEST_F(ViewOverlays, ForcesThatAreNotSolvedAreSaidAndNotDrawn) {
     }
 }
 
-TEST_F(ViewOverlays, TheLegendHasTheUnitsThatAreShown) {
-    const std::map<int, Rows> units = {{1, {"in/sec", "in/sec^2", "lb", "lb"}},
-                                       {2, {"ft/sec", "ft/sec^2", "lb", "lb"}},
-                                       {3, {"m/sec", "m/sec^2", "N", "N"}},
-                                       {4, {"cm/sec", "cm/sec^2", "N", "N"}},
-                                       {5, {"mm/sec", "mm/sec^2", "N", "N"}}};
-    for (const auto& [system, expected] : units) {
-        Run({.name = "units", .units = system});
-        const Overlay overlay = At_Step(4, All());
-        Rows found;
-        for (const auto& line : overlay.legend)
-            if (line.per_world > 0) found.push_back(line.unit);
-        EXPECT_EQ(found, expected) << system;
-        const std::string radius = overlay.legend[0].text;
-        EXPECT_TRUE(radius.ends_with(" " + Model.UnitLabel(6))) << radius;
-    }
-}
-
 TEST_F(ViewOverlays, ALinkageAtRestHasNoArrowsAndItsCurvatureAllTheSame) {
     Model.Omega2Input = 0;
     Model.Alpha2 = 0;
@@ -463,49 +350,6 @@ TEST_F(ViewOverlays, OfAParallelogramHaveTheirRaysLeadToTheEdges) {
     // All that is painted ends at the edge.
     for (const auto& call : Painted(overlay).Calls)
         for (const double number : call.numbers) EXPECT_LE(std::abs(number - 300), 303);
-}
-
-TEST_F(ViewOverlays, TheFewWildArrowsNearAToggleDoNotMakeTheOthersVanish) {
-    Run({.name = "toggle", .rocker = true});
-    const View_Wishes wishes = Only(&View_Wishes::accelerations);
-    const double calm = Find_Scales(Model, wishes).acceleration;
-    Model.RunTable.AccXY(0, 2, 0) = 1e9;
-    EXPECT_LT(Find_Scales(Model, wishes).acceleration, 4 * calm);
-    for (const auto& arrow : Of_Kind(At_Step(0, wishes), Kind::kArrow)) EXPECT_TRUE(std::isfinite(arrow.to.x));
-}
-
-TEST_F(ViewOverlays, TheLongestArrowOfARunIsSeenAndTheScaleIsTheSameInAllItsFrames) {
-    Run({.name = "scale"});
-    const View_Wishes wishes = Only(&View_Wishes::velocities);
-    double longest = 0;
-    std::set<double> scales;
-    for (int step = 0; step <= Model.NSteps; ++step) {
-        const Overlay overlay = At_Step(step, wishes);
-        for (const Mark& arrow : Of_Kind(overlay, Kind::kOpenArrow)) longest = std::max(longest, std::abs(Way(arrow)));
-        scales.insert(overlay.legend.at(0).per_world);
-    }
-    EXPECT_NEAR(longest / Window(), 0.28, 0.001);
-    EXPECT_EQ(scales.size(), 1U);
-}
-
-TEST_F(ViewOverlays, TheLegendStandsWhereTheJointsDoNotCome) {
-    for (const Scenario& way : Every_Way()) {
-        Run(way);
-        View_Wishes wishes = Only(&View_Wishes::velocities);
-        const auto papers = Painted(At_Step(3, wishes)).Calls;
-        const auto paper = std::ranges::find_if(papers, [](const auto& call) { return call.kind == "Paper"; });
-        ASSERT_NE(paper, papers.end());
-        int under = 0;
-        for (int step = 0; step <= Model.NSteps; ++step)
-            for (int row = 0; row <= 2; ++row) {
-                const Spot at = Joint(step, row);
-                const double x = (at.real() - Model.AnimMin) / Window() * 600;
-                const double y = (Model.FlipSum - at.imag() - Model.AnimMin) / Window() * 600;
-                under += x > paper->numbers[0] && x < paper->numbers[0] + paper->numbers[2] && y > paper->numbers[1] &&
-                         y < paper->numbers[1] + paper->numbers[3];
-            }
-        EXPECT_EQ(under, 0) << way.name;
-    }
 }
 
 }  // namespace

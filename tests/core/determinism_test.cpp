@@ -136,26 +136,26 @@ int Look_Ahead_By(Lanes lanes) {
     Model.Theta2Rad = Model.ThetaStartRad - Model.Link1AngleRad;
     Clear_RunTable();
     Calculate(0, result);
-    LookAhead ahead(lanes);
+    StepsAtOnce several(lanes);
     int solved = 0;
     double angle = Model.Theta2Rad + Model.ThetaStepRad;
-    for (int step = 1; step + LookAhead::kSteps <= Model.NSteps; step += LookAhead::kSteps) {
-        const bool done = ahead.Solve(step, [&](double& theta2, double& omega2) {
+    for (int step = 1; step + StepsAtOnce::kSteps <= Model.NSteps; step += StepsAtOnce::kSteps) {
+        const bool done = several.Solve(step, [&](double& theta2, double& omega2) {
             theta2 = angle;
             omega2 = Model.Omega2;
             angle = Single(angle + Model.ThetaStepRad);
             return true;
         });
-        if (done) solved += LookAhead::kSteps;
+        if (done) solved += StepsAtOnce::kSteps;
     }
     return solved;
 }
 
-TEST_F(Determinism, StepsAheadHaveTheSameBitsInFoursAsInPairs) {
+TEST_F(Determinism, StepsAtOnceHaveTheSameBitsInFoursAsInPairs) {
     if (Widest_Lanes() != Lanes::kFour) GTEST_SKIP() << "this machine has no fours";
     std::mt19937 random(21);
     std::uniform_real_distribution<double> length(0.5, 4), angle(-180, 180);
-    int ahead = 0;
+    int at_once = 0;
     for (int i = 0; i < 200; ++i) {
         Reset_Model();
         Take_Crank_Rocker();
@@ -174,9 +174,9 @@ TEST_F(Determinism, StepsAheadHaveTheSameBitsInFoursAsInPairs) {
         ASSERT_EQ(Look_Ahead_By(Lanes::kFour), by_pairs) << "linkage " << i;
         Expect_Equal_Results(pairs, Model.RunTable, Model.NSteps);
         if (HasFatalFailure()) FAIL() << "linkage " << i;
-        ahead += by_pairs;
+        at_once += by_pairs;
     }
-    EXPECT_GT(ahead, 20000);
+    EXPECT_GT(at_once, 20000);
 }
 
 TEST_F(Determinism, CrankAnglesOfManyThousandTurnsHaveTheBitsOfSingleSolutions) {
@@ -194,13 +194,13 @@ TEST_F(Determinism, CrankAnglesOfManyThousandTurnsHaveTheBitsOfSingleSolutions) 
     for (const Lanes lanes : {Lanes::kTwo, Widest_Lanes()}) {
         Clear_RunTable();
         // Or they are left to those.
-        if (!LookAhead(lanes).Solve(1, far_away)) continue;
+        if (!StepsAtOnce(lanes).Solve(1, far_away)) continue;
         const RunResults several = Results();
         Calculate(1, result);
         EXPECT_EQ(several.Theta(1, 1), Model.RunTable.Theta(1, 1));
         EXPECT_EQ(several.AccXY(1, 2, 0), Model.RunTable.AccXY(1, 2, 0));
     }
-    EXPECT_TRUE(LookAhead(Lanes::kTwo).Solve(1, far_away));
+    EXPECT_TRUE(StepsAtOnce(Lanes::kTwo).Solve(1, far_away));
 }
 
 TEST_F(Determinism, LongTimeRunsHaveTheBitsOfSingleSolutions) {

@@ -12,7 +12,7 @@
 #include <map>
 #include <set>
 
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "desktop/text.h"
 #include "platform/controls.h"
 #include "platform/graph.h"

@@ -2,7 +2,7 @@
 #include <QImage>
 #include <QLineEdit>
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/picture_widget.h"
 #include "dynamics/units.h"
 #include "platform/overlaid_picture.h"

@@ -13,7 +13,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/pace.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"

@@ -6,7 +6,7 @@
 #include <QScrollBar>
 #include <QWindow>
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/pace.h"
 #include "shell/initialize.h"
 #include "tests/desktop/user.h"

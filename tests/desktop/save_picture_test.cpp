@@ -15,7 +15,7 @@
 #include "animation/engine.h"
 #include "animation/film.h"
 #include "animation/linkage_dxf.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/picture_widget.h"
 #include "platform/file_system.h"
 #include "platform/pictures.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/picture_widget.h"
 #include "platform/controls.h"
 #include "shell/startup.h"

@@ -5,7 +5,7 @@
 #include <QTextDocument>
 
 #include "files/model_file.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/file_system.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"

@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QPicture>
 
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 #include "desktop/overlay_paint.h"
 #include "desktop/picture_widget.h"
 #include "platform/overlaid_picture.h"

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <filesystem>
 
+#include "core/model_on_screens.h"
 #include "core/runs.h"
-#include "core/status_panel.h"
 #include "files/in_hand.h"
 #include "tests/files/model_files.h"
 

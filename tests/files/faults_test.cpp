@@ -10,8 +10,8 @@
 #include <filesystem>
 #include <set>
 
+#include "core/model_on_screens.h"
 #include "core/runs.h"
-#include "core/status_panel.h"
 #include "files/drive_import.h"
 #include "files/exports.h"
 #include "files/in_hand.h"

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <set>
 
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"

@@ -1,7 +1,7 @@
 // The import menu: dialogs, the question about unsaved results, cancelled dialogs, and what an import leaves behind.
 #include <filesystem>
 
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "files/in_hand.h"
 #include "tests/files/drive_files.h"
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "files/in_hand.h"
 #include "platform/file_system.h"
 #include "tests/files/model_files.h"

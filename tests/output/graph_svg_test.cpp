@@ -147,7 +147,7 @@ TEST_F(GraphSvgTest, Sticks_begin_at_zero_and_lines_can_be_left_out) {
 
 TEST_F(GraphSvgTest, The_grid_follows_its_style) {
     Fill(1, 10, [](int i) { return i; });
-    const std::string grid = "stroke=\"#DDE1E6\"";
+    const std::string grid = "stroke=\"#dde1e6\"";
     int lines[4];
     for (int style = 0; style <= 3; ++style) {
         graph.GridStyle = style;

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "tests/support/scripted_desktop.h"
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "core/linkage_model.h"
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
 #include "core/runs.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "dynamics/units.h"
 #include "files/model_file.h"

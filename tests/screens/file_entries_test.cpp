@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <set>
 
+#include "core/model_on_screens.h"
 #include "core/results.h"
-#include "core/screen_geometry.h"
-#include "core/status_panel.h"
+#include "core/window_sizes.h"
 #include "design/task.h"
 #include "files/exports.h"
 #include "files/in_hand.h"

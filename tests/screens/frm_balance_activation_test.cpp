@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/status_panel.h"
 #include "core/text.h"
 #include "tests/screens/frm_balance_fixture.h"
 

@@ -318,47 +318,5 @@ TEST_F(DrivenCalc, ALinkDrivenRunTakesThePhaseThatIsTyped) {
     });
 }
 
-TEST_F(Calc, RecalculateRunsWithoutReadingABox) {
-    Show([&] {
-        Calculate_Now();
-        Model.ScreenReturn = false;
-        Without_Autocalc();
-        input.txt_Linkout[1].Type("1.5");
-        Model.L3 = 2.6;
-        LoadLinkArray();
-        input.Recalculate();
-        EXPECT_EQ(Model.L2, Single(1.115));
-        EXPECT_NEAR(Distance(7, 0, 1), 2.6, 2e-6);
-        EXPECT_TRUE(Model.Calculated);
-        EXPECT_TRUE(Model.ScreenReturn);
-        EXPECT_EQ(Model.CurrentStep, 1);
-    });
-}
-
-TEST_F(Calc, RecalculateOfAnAbortedRunDropsTheResults) {
-    Show([&] {
-        Calculate_Now();
-        Model.L2 = 3;
-        LoadLinkArray();
-        desktop.Expect_Message_With(kNoConnect, Answer::kAbort);
-        input.Recalculate();
-        EXPECT_FALSE(Model.Calculated);
-        EXPECT_TRUE(Model.ScreenReturn);
-    });
-}
-
-TEST_F(Calc, RecalculateOfADrivenRunReplaysItsTable) {
-    Without_Autocalc();
-    Show([&] {
-        Model.Calctype = 4;
-        Model.CamDirection = 1;
-        Model.NSteps = 1;
-        Model.RunTable.DriveTheta(1) = 40;
-        input.Recalculate();
-        EXPECT_NEAR(Model.RunTable.Theta(1, 0), 40, 1e-4);
-        EXPECT_TRUE(Model.Calculated);
-    });
-}
-
 }  // namespace
 }  // namespace verlink::test

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 #include "files/model_file.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"

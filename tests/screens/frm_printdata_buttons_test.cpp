@@ -3,8 +3,8 @@
 
 #include <cmath>
 
+#include "core/model_on_screens.h"
 #include "core/runs.h"
-#include "core/status_panel.h"
 #include "screens/frm_printdata.h"
 #include "screens/frm_printselect.h"
 #include "tests/screens/plot_select_fixture.h"

@@ -235,10 +235,10 @@ TEST_F(Study_Motion, MeasuresAreThoseOfTheSeriesOfEveryVariable) {
         balanced += balances ? 1 : 0;
         motion.Solve(design, balances ? study::Wanted::kBalance : study::Wanted::kForces);
         study::Meter meter;
-        for (int number = 1; number <= (balances ? study::kLastMeasured : 37); ++number)
+        for (const std::string& variable : Variables_Up_To(balances ? Needs::kBalance : Needs::kForces))
             for (const char* component : {"X", "Y", "Mag", "Ang"})
                 for (const bool local : {false, true}) {
-                    const Output_Function function{Variable_Name(number), component, local};
+                    const Output_Function function{variable, component, local};
                     std::vector<double> values = Series(function, motion.Table(), Model.Link1Angle, Model.NSteps);
                     std::erase_if(values, [](double v) { return std::isnan(v); });
                     const std::string words =

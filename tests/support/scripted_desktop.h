@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::test {
 

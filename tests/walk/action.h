@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink::walk {
 

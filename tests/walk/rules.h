@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/linkage_model.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "tests/walk/action.h"
 #include "tests/walk/aside.h"

@@ -1,7 +1,7 @@
 // The desktop of a walk without windows.
 #pragma once
 
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "tests/walk/walker.h"
 
 namespace verlink::walk {

@@ -1,4 +1,4 @@
-// What the home screen shows of the model, and the header of printed screens, all by the controls' names.
+// What screens show of the model as a whole: status, menus, heads and banners, all by the controls' names.
 #pragma once
 
 #include "core/number.h"

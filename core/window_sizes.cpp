@@ -1,10 +1,10 @@
 // The sizes and places of screens, by the display and the settings.
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 namespace verlink {
 

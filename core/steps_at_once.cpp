@@ -1,9 +1,9 @@
 // Positions of a run in pairs, as any machine solves them, and where they go.
-#include "core/look_ahead.h"
+#include "core/steps_at_once.h"
 
 #include "core/record/run_table.h"
 
-namespace verlink::ahead {
+namespace verlink::at_once {
 
 Columns Columns_Of(RunResults& table) {
     Columns c{};
@@ -33,4 +33,4 @@ bool Solve_By_Pairs(const Run& run, int step, const double* theta2, const double
     return Solve_All<Pair>(run, step, theta2, omega2);
 }
 
-}  // namespace verlink::ahead
+}  // namespace verlink::at_once

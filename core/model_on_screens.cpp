@@ -1,10 +1,8 @@
 // The status panel, the enabling of the home screen's menus and buttons, headers and captions of screens.
-#include "core/status_panel.h"
-
-#include <utility>
+#include "core/model_on_screens.h"
 
 #include "core/linkage_model.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "platform/guard.h"
 
 namespace verlink {
@@ -115,39 +113,7 @@ void Titlebox(platform::Screen& screen) {
 void Set_Screen_Titles() {
     Guarded("Set_Screen_Titles", [] {
         // The banner follows the words without a blank between them.
-        static constexpr std::pair<const char*, const char*> titles[] = {
-            {"frm_Animate", "Animation Screen"},
-            {"frm_Balance", "Linkage Balancing"},
-            {"frm_Cayley", "Linkage Cognates"},
-            {"frm_FFT", "Fourier Transform"},
-            {"frm_Inputnew", "Input Screen"},
-            {"frm_MassProp", "Dynamics Screen"},
-            {"frm_Matrix", "Matrix Screen"},
-            {"frm_Myplot2", "Output Screen"},
-            {"frm_MyPlot3", "Output Screen"},
-            {"frm_MyPlot4", "Output Screen"},
-            {"frm_Plot1", "Output Screen"},
-            {"frm_Plot2", "Output Screen"},
-            {"frm_Plot3", "Output Screen"},
-            {"frm_PlotSelect1", "Select Plot Data"},
-            {"frm_PlotSelect2", "Select Plot Data"},
-            {"frm_PlotSelect3", "Select Plot Data"},
-            {"frm_PlotSelect4", "Select Plot Data"},
-            {"frm_PlotType", "Select Plot Type"},
-            {"frm_PrintSelect", "Print Select"},
-            {"frm_Synth2A", "Two-Position Synthesis"},
-            {"frm_Synth2B", "Two-Position Synthesis"},
-            {"frm_Synth3", "Three-Position Synthesis"},
-            {"frm_PrintData", ""},
-            {"frm_Title", ""},
-            {"frm_User", ""},
-            {"frm_HomeScreen", ""},
-            {"frm_Quit", ""},
-            {"frm_About", ""},
-            {"frm_Help", ""},
-        };
-        for (const auto& [name, words] : titles)
-            if (platform::Screen* screen = Screens::Find(name)) screen->Caption() = words + Model.TitleSuffix;
+        for (const auto& [name, words] : Screens::Titles()) Screens::Get(name).Caption() = words + Model.TitleSuffix;
     });
 }
 

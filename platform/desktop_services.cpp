@@ -1,5 +1,5 @@
 // The desktop in force, and the short forms of asking it.
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 
 #include <filesystem>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // Positions of a run in fours; built for machines with AVX2, and called on them alone.
-#include "core/look_ahead.h"
+#include "core/steps_at_once.h"
 
-namespace verlink::ahead {
+namespace verlink::at_once {
 
 #ifdef __AVX2__
 namespace {
@@ -22,4 +22,4 @@ const Solver kSolve_By_Fours = Solve_By_Fours;
 const Solver kSolve_By_Fours = nullptr;
 #endif
 
-}  // namespace verlink::ahead
+}  // namespace verlink::at_once

@@ -1,5 +1,5 @@
 // Sizes and places of screens on displays of several sizes.
-#include "core/screen_geometry.h"
+#include "core/window_sizes.h"
 
 #include "tests/support/fixture.h"
 
@@ -9,9 +9,9 @@ namespace {
 using platform::Screen;
 using platform::Screens;
 
-class ScreenGeometryTest : public Fixture {
+class WindowSizesTest : public Fixture {
    protected:
-    ScreenGeometryTest() { Screens::Get("frm_HomeScreen"); }
+    WindowSizesTest() { Screens::Get("frm_HomeScreen"); }
     static void Expect_Shape(Screen& screen, long left, long top, long width, long height) {
         EXPECT_EQ(screen.Left().Get(), left);
         EXPECT_EQ(screen.Top().Get(), top);
@@ -20,7 +20,7 @@ class ScreenGeometryTest : public Fixture {
     }
 };
 
-TEST_F(ScreenGeometryTest, TheHomeScreenCentresItselfWhenItIsMadeAndNotesItsTop) {
+TEST_F(WindowSizesTest, TheHomeScreenCentresItselfWhenItIsMadeAndNotesItsTop) {
     Expect_Shape(Screens::Get("frm_HomeScreen"), 6875, 2460, 11850, 9480);
     EXPECT_EQ(Model.HomeTop, 2460);
     EXPECT_EQ(Model.ScreenHeight, 9480);
@@ -28,7 +28,7 @@ TEST_F(ScreenGeometryTest, TheHomeScreenCentresItselfWhenItIsMadeAndNotesItsTop)
     EXPECT_EQ(Model.StatusWidth, 11850);
 }
 
-TEST_F(ScreenGeometryTest, CenterformPutsAScreenAtTheTopOfTheHomeScreen) {
+TEST_F(WindowSizesTest, CenterformPutsAScreenAtTheTopOfTheHomeScreen) {
     Screen& screen = Screens::Get("frm_Animate");
     screen.Width() = 11850;
     Centerform(screen);
@@ -36,14 +36,14 @@ TEST_F(ScreenGeometryTest, CenterformPutsAScreenAtTheTopOfTheHomeScreen) {
     EXPECT_EQ(screen.Top().Get(), 2460);
 }
 
-TEST_F(ScreenGeometryTest, CenterformUsesTheTopOfTheDisplayWhereTheHomeScreenIsAboveIt) {
+TEST_F(WindowSizesTest, CenterformUsesTheTopOfTheDisplayWhereTheHomeScreenIsAboveIt) {
     Model.HomeTop = -240;
     Screen& screen = Screens::Get("frm_Animate");
     Centerform(screen);
     EXPECT_EQ(screen.Top().Get(), 0);
 }
 
-TEST_F(ScreenGeometryTest, MaximizeGivesTheHomeScreenTheHeightOfTheDisplayLess400) {
+TEST_F(WindowSizesTest, MaximizeGivesTheHomeScreenTheHeightOfTheDisplayLess400) {
     Screen& home = Screens::Get("frm_HomeScreen");
     Maximize_Screen(home, 11850, 9480);
     Expect_Shape(home, 4050, 200, 17500, 14000);  // 14000 * 1.25
@@ -51,21 +51,21 @@ TEST_F(ScreenGeometryTest, MaximizeGivesTheHomeScreenTheHeightOfTheDisplayLess40
     EXPECT_EQ(Model.ScreenHeight, 14000);
 }
 
-TEST_F(ScreenGeometryTest, MaximizeIsCappedAtTheWidthOfTheDisplay) {
+TEST_F(WindowSizesTest, MaximizeIsCappedAtTheWidthOfTheDisplay) {
     desktop.Size = {12000, 14400, 900, 1080};
     Screen& home = Screens::Get("frm_HomeScreen");
     Maximize_Screen(home, 11850, 9480);
     Expect_Shape(home, 0, 2400, 12000, 9600);
 }
 
-TEST_F(ScreenGeometryTest, OtherScreensTakeTheWidthOfTheMaximizedHomeScreenAndTheirOwnProportions) {
+TEST_F(WindowSizesTest, OtherScreensTakeTheWidthOfTheMaximizedHomeScreenAndTheirOwnProportions) {
     Maximize_Screen(Screens::Get("frm_HomeScreen"), 11850, 9480);
     Screen& screen = Screens::Get("frm_Animate");
     Maximize_Screen(screen, 11850, 8950);
     Expect_Shape(screen, 4050, 592, 17500, 13217);  // 17500 * 8950 / 11850 = 13217.3; (14400 - 13217) / 2 = 591.5
 }
 
-TEST_F(ScreenGeometryTest, AnActiveAspectCorrectionIsOnePointSixOverTheRatioOfTheDisplay) {
+TEST_F(WindowSizesTest, AnActiveAspectCorrectionIsOnePointSixOverTheRatioOfTheDisplay) {
     Model.AspectRatio = 2;
     Model.AspectActive = true;
     Screen& home = Screens::Get("frm_HomeScreen");
@@ -78,20 +78,20 @@ TEST_F(ScreenGeometryTest, AnActiveAspectCorrectionIsOnePointSixOverTheRatioOfTh
     EXPECT_EQ(screen.Height().Get(), 13217);  // 21875 * 8950 / 11850 * 0.8
 }
 
-TEST_F(ScreenGeometryTest, AnInactiveAspectCorrectionIsLeftAsItIs) {
+TEST_F(WindowSizesTest, AnInactiveAspectCorrectionIsLeftAsItIs) {
     Model.AspectRatio = 2;
     Maximize_Screen(Screens::Get("frm_HomeScreen"), 11850, 9480);
     EXPECT_EQ(Model.AspectCorrection, 1.0);
 }
 
-TEST_F(ScreenGeometryTest, ResetRestoresTheDesignSizeAndCentres) {
+TEST_F(WindowSizesTest, ResetRestoresTheDesignSizeAndCentres) {
     Screen& home = Screens::Get("frm_HomeScreen");
     Maximize_Screen(home, 11850, 9480);
     Reset_Screen(home, 11850, 9480);
     Expect_Shape(home, 6875, 2460, 11850, 9480);
 }
 
-TEST_F(ScreenGeometryTest, FitScreenGoesByTheFullScreenFlag) {
+TEST_F(WindowSizesTest, FitScreenGoesByTheFullScreenFlag) {
     Screen& home = Screens::Get("frm_HomeScreen");
     Model.FullScreen = true;
     Fit_Screen(home, 11850, 9480);
@@ -101,14 +101,14 @@ TEST_F(ScreenGeometryTest, FitScreenGoesByTheFullScreenFlag) {
     EXPECT_EQ(home.Height().Get(), 9480);
 }
 
-TEST_F(ScreenGeometryTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough) {
+TEST_F(WindowSizesTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough) {
     desktop.Size = {16000, 9350, 1067, 623};
     Screen& title = Screens::Get("frm_Title");
     Fit_Display(title);
     Expect_Shape(title, 2075, 2460, 11850, 8950);
 }
 
-TEST_F(ScreenGeometryTest, FitDisplayShrinksAScreenThatIsHigherThanTheDisplay) {
+TEST_F(WindowSizesTest, FitDisplayShrinksAScreenThatIsHigherThanTheDisplay) {
     desktop.Size = {16000, 9349, 1067, 623};
     Screen& title = Screens::Get("frm_Title");
     Fit_Display(title);
@@ -116,7 +116,7 @@ TEST_F(ScreenGeometryTest, FitDisplayShrinksAScreenThatIsHigherThanTheDisplay) {
     EXPECT_EQ(title.Width().Get(), 11849);  // 8949 * 11850 / 8950 = 11848.7
 }
 
-TEST_F(ScreenGeometryTest, ShowCenteredPlacesAScreenAndShowsItModally) {
+TEST_F(WindowSizesTest, ShowCenteredPlacesAScreenAndShowsItModally) {
     desktop.Expect_Screen("frm_About", [](Screen& screen) {
         EXPECT_EQ(screen.Left().Get(), 9800);
         EXPECT_EQ(screen.Top().Get(), 2460);
@@ -125,7 +125,7 @@ TEST_F(ScreenGeometryTest, ShowCenteredPlacesAScreenAndShowsItModally) {
     Show_Centered("frm_About");
 }
 
-TEST_F(ScreenGeometryTest, ShowCenteredOfAScreenThatDoesNotExistIsASubscriptFailure) {
+TEST_F(WindowSizesTest, ShowCenteredOfAScreenThatDoesNotExistIsASubscriptFailure) {
     try {
         Show_Centered("frm_Nowhere");
         ADD_FAILURE() << "no failure";

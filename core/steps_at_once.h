@@ -10,7 +10,7 @@ namespace verlink {
 struct RunResults;
 }
 
-namespace verlink::ahead {
+namespace verlink::at_once {
 
 /// So many steps at a time.
 inline constexpr int kSteps = 8;
@@ -201,4 +201,4 @@ inline bool Solve_All(const Run& run, int step, const double* theta2, const doub
     return true;
 }
 
-}  // namespace verlink::ahead
+}  // namespace verlink::at_once

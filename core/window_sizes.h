@@ -1,4 +1,4 @@
-// Where screens stand and how large they are, in twips.
+// Where the windows of screens stand and how large they are, in twips.
 #pragma once
 
 #include "platform/screen.h"

@@ -1,5 +1,5 @@
 // The status panel, the enabling of menus and buttons, the header of printed screens, and the captions of screens.
-#include "core/status_panel.h"
+#include "core/model_on_screens.h"
 
 #include "tests/support/fixture.h"
 
@@ -12,7 +12,7 @@ using platform::MenuEntry;
 using platform::Screen;
 using platform::Screens;
 
-class StatusPanelTest : public Fixture {
+class ModelOnScreensTest : public Fixture {
    protected:
     Screen& home = Screens::Get("frm_HomeScreen");
     /// The captions of the labels 0 to 8 that are shown, joined by commas.
@@ -31,7 +31,7 @@ class StatusPanelTest : public Fixture {
     }
 };
 
-TEST_F(StatusPanelTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
+TEST_F(ModelOnScreensTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
     Forces_Hold();
     Balance_Holds();
     Transform_Holds();
@@ -45,21 +45,21 @@ TEST_F(StatusPanelTest, BeforeTheFirstCalculationThePanelShowsOnlyTheUnits) {
     EXPECT_EQ(Caption(10), "in-lb-bl-s");
 }
 
-TEST_F(StatusPanelTest, ACalculatedModelShowsCalculatedAndItsCognate) {
+TEST_F(ModelOnScreensTest, ACalculatedModelShowsCalculatedAndItsCognate) {
     Run_Holds();
     Model.CognateNumber = 2;
     Refresh_Status();
     EXPECT_EQ(Shown(), "Calculated,Cognate 2");
 }
 
-TEST_F(StatusPanelTest, AModelFromDiskShowsDiskFile) {
+TEST_F(ModelOnScreensTest, AModelFromDiskShowsDiskFile) {
     Run_Holds();
     Model.DiskFile = true;
     Refresh_Status();
     EXPECT_EQ(Shown(), "DiskFile,Cognate 1");
 }
 
-TEST_F(StatusPanelTest, ImportedOverridesDiskFileAndCalculated) {
+TEST_F(ModelOnScreensTest, ImportedOverridesDiskFileAndCalculated) {
     Run_Holds();
     Model.DiskFile = true;
     Model.CamDriven = true;
@@ -72,7 +72,7 @@ TEST_F(StatusPanelTest, ImportedOverridesDiskFileAndCalculated) {
     EXPECT_EQ(Shown(), "Imported,Link Driven,Cognate 1");
 }
 
-TEST_F(StatusPanelTest, EachFlagHasItsLabel) {
+TEST_F(ModelOnScreensTest, EachFlagHasItsLabel) {
     Run_Holds();
     Forces_Hold();
     Balance_Holds();
@@ -84,7 +84,7 @@ TEST_F(StatusPanelTest, EachFlagHasItsLabel) {
     for (int i = 1; i <= 6; ++i) EXPECT_TRUE(home.Get<Label>("lbl_Status", i).Visible) << i;
 }
 
-TEST_F(StatusPanelTest, TheUnitSystemsAreNamed) {
+TEST_F(ModelOnScreensTest, TheUnitSystemsAreNamed) {
     const char* names[] = {"in-lb-bl-s", "ft-lb-sl-s", "m-kg-N-s", "cm-kg-N-s", "mm-kg-N-s"};
     for (int units = 1; units <= 5; ++units) {
         Model.Units = units;
@@ -93,7 +93,7 @@ TEST_F(StatusPanelTest, TheUnitSystemsAreNamed) {
     }
 }
 
-TEST_F(StatusPanelTest, BeforeTheFirstCalculationTheOutputButtonsAreOff) {
+TEST_F(ModelOnScreensTest, BeforeTheFirstCalculationTheOutputButtonsAreOff) {
     Model.Calctype = 3;
     Set_Menus();
     for (const char* name : {"cmd_Animate", "cmd_Plot", "cmd_Print", "cmd_Dynamics", "cmd_Balance", "mnu_New",
@@ -106,7 +106,7 @@ TEST_F(StatusPanelTest, BeforeTheFirstCalculationTheOutputButtonsAreOff) {
     EXPECT_EQ(home.Get<CommandButton>("cmd_Animate").Tip.Get(), "Calculate a linkage on the input screen first");
 }
 
-TEST_F(StatusPanelTest, ACalculatedModelCanBeSavedAndAnimated) {
+TEST_F(ModelOnScreensTest, ACalculatedModelCanBeSavedAndAnimated) {
     Run_Holds();
     Model.Calctype = 3;
     Set_Menus();
@@ -114,7 +114,7 @@ TEST_F(StatusPanelTest, ACalculatedModelCanBeSavedAndAnimated) {
         EXPECT_TRUE(On(name)) << name;
 }
 
-TEST_F(StatusPanelTest, OnePositionCannotBeAnimated) {
+TEST_F(ModelOnScreensTest, OnePositionCannotBeAnimated) {
     Run_Holds();
     Model.Calctype = 1;
     Set_Menus();
@@ -123,7 +123,7 @@ TEST_F(StatusPanelTest, OnePositionCannotBeAnimated) {
               "Calculate a range of positions on the input screen first");
 }
 
-TEST_F(StatusPanelTest, ButtonsAndEntriesThatLeadToNoScreenStayOff) {
+TEST_F(ModelOnScreensTest, ButtonsAndEntriesThatLeadToNoScreenStayOff) {
     Run_Holds();
     Model.Calctype = 3;
     Set_Menus();
@@ -133,7 +133,7 @@ TEST_F(StatusPanelTest, ButtonsAndEntriesThatLeadToNoScreenStayOff) {
     for (const auto& [name, screen] : ways) EXPECT_EQ(On(name), Screens::Knows(screen)) << name;
 }
 
-TEST_F(StatusPanelTest, ButtonsComeOnWithTheScreensTheyLeadTo) {
+TEST_F(ModelOnScreensTest, ButtonsComeOnWithTheScreensTheyLeadTo) {
     const char* screens[] = {"frm_PlotType", "frm_PrintSelect", "frm_MassProp", "frm_Balance", "frm_FFT", "frm_Cayley"};
     std::vector<std::string> added;
     for (const char* name : screens) {
@@ -153,7 +153,7 @@ TEST_F(StatusPanelTest, ButtonsComeOnWithTheScreensTheyLeadTo) {
     for (const std::string& name : added) Screens::Register(name, nullptr);
 }
 
-TEST_F(StatusPanelTest, TheEntryOfTheUnitSystemIsMarkedAlone) {
+TEST_F(ModelOnScreensTest, TheEntryOfTheUnitSystemIsMarkedAlone) {
     for (int units = 5; units >= 1; --units) {
         Integer marked = units;
         Check_mnu_Units(home, marked);
@@ -161,7 +161,7 @@ TEST_F(StatusPanelTest, TheEntryOfTheUnitSystemIsMarkedAlone) {
     }
 }
 
-TEST_F(StatusPanelTest, AUnitSystemBelow1IsSetTo1) {
+TEST_F(ModelOnScreensTest, AUnitSystemBelow1IsSetTo1) {
     Integer units = -3;
     Check_mnu_Units(home, units);
     EXPECT_EQ(units, 1);
@@ -173,7 +173,7 @@ struct HeadedScreen : Screen {
     Label lbl_Header{*this, "lbl_Header"};
 };
 
-TEST_F(StatusPanelTest, TitleboxWithFilePathEmptyHasNoThirdLine) {
+TEST_F(ModelOnScreensTest, TitleboxWithFilePathEmptyHasNoThirdLine) {
     HeadedScreen screen;
     Model.UserName = "Ada";
     Model.DesignNumber = 4;
@@ -184,7 +184,7 @@ TEST_F(StatusPanelTest, TitleboxWithFilePathEmptyHasNoThirdLine) {
     EXPECT_EQ(screen.lbl_Header.Caption.Get(), "Ada\r Design No. 4\r\n1/2/2026\r at 9:05:00");
 }
 
-TEST_F(StatusPanelTest, TitleboxNamesTheModelOnceItHasAPath) {
+TEST_F(ModelOnScreensTest, TitleboxNamesTheModelOnceItHasAPath) {
     HeadedScreen screen;
     Model.UserName = "Ada";
     Model.DesignNumber = 4;
@@ -198,7 +198,7 @@ TEST_F(StatusPanelTest, TitleboxNamesTheModelOnceItHasAPath) {
               "The model's own name, design number, date and file, as they are saved with it");
 }
 
-TEST_F(StatusPanelTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords) {
+TEST_F(ModelOnScreensTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords) {
     Model.TitleSuffix = "BANNER";
     Set_Screen_Titles();
     EXPECT_EQ(Screens::Get("frm_Animate").Caption().Get(), "Animation ScreenBANNER");

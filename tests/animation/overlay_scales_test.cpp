@@ -1,0 +1,73 @@
+// How long the arrows over a picture are, and what its legend says of them.
+#include <algorithm>
+#include <complex>
+#include <map>
+
+#include "tests/animation/view_overlays.h"
+
+namespace verlink::test {
+namespace {
+
+TEST_F(ViewOverlays, TheLegendHasTheUnitsThatAreShown) {
+    const std::map<int, Rows> units = {{1, {"in/sec", "in/sec^2", "lb", "lb"}},
+                                       {2, {"ft/sec", "ft/sec^2", "lb", "lb"}},
+                                       {3, {"m/sec", "m/sec^2", "N", "N"}},
+                                       {4, {"cm/sec", "cm/sec^2", "N", "N"}},
+                                       {5, {"mm/sec", "mm/sec^2", "N", "N"}}};
+    for (const auto& [system, expected] : units) {
+        Run({.name = "units", .units = system});
+        const Overlay overlay = At_Step(4, All());
+        Rows found;
+        for (const auto& line : overlay.legend)
+            if (line.per_world > 0) found.push_back(line.unit);
+        EXPECT_EQ(found, expected) << system;
+        const std::string radius = overlay.legend[0].text;
+        EXPECT_TRUE(radius.ends_with(" " + Model.UnitLabel(6))) << radius;
+    }
+}
+
+TEST_F(ViewOverlays, TheFewWildArrowsNearAToggleDoNotMakeTheOthersVanish) {
+    Run({.name = "toggle", .rocker = true});
+    const View_Wishes wishes = Only(&View_Wishes::accelerations);
+    const double calm = Find_Scales(Model, wishes).acceleration;
+    Model.RunTable.AccXY(0, 2, 0) = 1e9;
+    EXPECT_LT(Find_Scales(Model, wishes).acceleration, 4 * calm);
+    for (const auto& arrow : Of_Kind(At_Step(0, wishes), Kind::kArrow)) EXPECT_TRUE(std::isfinite(arrow.to.x));
+}
+
+TEST_F(ViewOverlays, TheLongestArrowOfARunIsSeenAndTheScaleIsTheSameInAllItsFrames) {
+    Run({.name = "scale"});
+    const View_Wishes wishes = Only(&View_Wishes::velocities);
+    double longest = 0;
+    std::set<double> scales;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        const Overlay overlay = At_Step(step, wishes);
+        for (const Mark& arrow : Of_Kind(overlay, Kind::kOpenArrow)) longest = std::max(longest, std::abs(Way(arrow)));
+        scales.insert(overlay.legend.at(0).per_world);
+    }
+    EXPECT_NEAR(longest / Window(), 0.28, 0.001);
+    EXPECT_EQ(scales.size(), 1U);
+}
+
+TEST_F(ViewOverlays, TheLegendStandsWhereTheJointsDoNotCome) {
+    for (const Scenario& way : Every_Way()) {
+        Run(way);
+        View_Wishes wishes = Only(&View_Wishes::velocities);
+        const auto papers = Painted(At_Step(3, wishes)).Calls;
+        const auto paper = std::ranges::find_if(papers, [](const auto& call) { return call.kind == "Paper"; });
+        ASSERT_NE(paper, papers.end());
+        int under = 0;
+        for (int step = 0; step <= Model.NSteps; ++step)
+            for (int row = 0; row <= 2; ++row) {
+                const Spot at = Joint(step, row);
+                const double x = (at.real() - Model.AnimMin) / Window() * 600;
+                const double y = (Model.FlipSum - at.imag() - Model.AnimMin) / Window() * 600;
+                under += x > paper->numbers[0] && x < paper->numbers[0] + paper->numbers[2] && y > paper->numbers[1] &&
+                         y < paper->numbers[1] + paper->numbers[3];
+            }
+        EXPECT_EQ(under, 0) << way.name;
+    }
+}
+
+}  // namespace
+}  // namespace verlink::test
