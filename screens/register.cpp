@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "core/linkage_model.h"
 #include "platform/screen.h"
 #include "screens/frm_about.h"
 #include "screens/frm_animate.h"
@@ -43,12 +42,12 @@ namespace verlink {
 
 namespace {
 
-/// The title is without the banner that follows it; screens that are made later than the others get both at once.
+/// The title is without the banner, which `Set_Screen_Titles` puts behind it.
 template <class Form>
 void Register_One(const char* name, const char* title) {
     const auto make = [title] {
         auto screen = std::make_unique<Form>();
-        screen->Caption() = title + Model.TitleSuffix;
+        screen->Caption() = title;
         return screen;
     };
     platform::Screens::Register(name, make, title);
