@@ -1,7 +1,6 @@
 // The table of checks, the entry that leads to it, and the mark of the home screen.
 #include "screens/frm_checks.h"
 
-#include "core/model_on_screens.h"
 #include "core/runs.h"
 #include "dynamics/dynacalc.h"
 #include "screens/frm_homescreen.h"
@@ -44,7 +43,6 @@ TEST_F(ChecksScreen, IsReachedByTheLastMenuOfTheHomeScreen) {
     Pick_Menu(home, "mnu_Checks");
     EXPECT_EQ(home.mnu_Tools.Caption, "&Tools");
     EXPECT_EQ(home.mnu_Checks.Caption, "&Checks...");
-    Set_Screen_Titles();
     EXPECT_EQ(form.Caption().Get(), "Checks" + Model.TitleSuffix);
 }
 
