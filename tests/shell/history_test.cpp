@@ -30,7 +30,7 @@ class HistoryTest : public Fixture {
             Press(user, "cmd_Done");
         });
         desktop.Expect_Message_With("Your default path");
-        desktop.Expect_Screen("frm_HomeScreen", [this, deeds](Screen& home) {
+        desktop.Expect_Screen("frm_HomeScreen", [deeds](Screen& home) {
             deeds(home);
             The_Desktop().End_Process();
         });
