@@ -16,21 +16,25 @@
 
 namespace verlink::desktop {
 
+/// Shows what the graph held when it was last taken; the part in view is never more than there is.
 class GraphPlot : public QCustomPlot {
    public:
     explicit GraphPlot(QWidget* parent);
     ~GraphPlot() override;
     void take(const platform::Graph& graph);
+    /// Counted from 0; -1 for none.
     void setCursor(int point);
 
     /// What takes a point that the hand seeks; null for nobody.
     std::function<void(int)> onSeek;
     std::function<void()> onSought;
+
     void redraw();
     void showAll();
 
     /// What depends on the room there is.
     void fit();
+    /// The point whose place is nearest to one of the widget; -1 beside the axes.
     int nearest(const QPointF& at) const;
 
     /// Where a point stands on the x axis, also between two at equal distances.

@@ -43,15 +43,26 @@ namespace verlink {
 
 namespace {
 
-/// The title is without the banner that follows it; screens that are made later than the others get both at once.
+/// The title is without the banner, which `Set_Screen_Titles` puts behind it.
 template <class Form>
 void Register_One(const char* name, const char* title) {
     const auto make = [title] {
         auto screen = std::make_unique<Form>();
-        screen->Caption() = title + Model.TitleSuffix;
+        screen->Caption() = title;
         return screen;
     };
     platform::Screens::Register(name, make, title);
+}
+
+/// The same for a screen that is made when it is first shown, long after the others: it has the banner from the
+/// beginning.
+template <class Form>
+void Register_Late(const char* name, const char* title) {
+    platform::Screens::Register(name, [title] {
+        auto screen = std::make_unique<Form>();
+        screen->Caption() = title + Model.TitleSuffix;
+        return screen;
+    });
 }
 
 }  // namespace
@@ -61,8 +72,8 @@ void Register_Screens() {
     Register_One<frm_Animate>("frm_Animate", "Animation Screen");
     Register_One<frm_Balance>("frm_Balance", "Linkage Balancing");
     Register_One<frm_Cayley>("frm_Cayley", "Linkage Cognates");
-    Register_One<frm_Checks>("frm_Checks", "Checks");
-    Register_One<frm_Explore>("frm_Explore", "Explore");
+    Register_Late<frm_Checks>("frm_Checks", "Checks");
+    Register_Late<frm_Explore>("frm_Explore", "Explore");
     Register_One<frm_FFT>("frm_FFT", "Fourier Transform");
     Register_One<frm_Help>("frm_Help", "");
     Register_One<frm_HomeScreen>("frm_HomeScreen", "");
@@ -83,8 +94,8 @@ void Register_Screens() {
     Register_One<frm_PrintData>("frm_PrintData", "");
     Register_One<frm_PrintSelect>("frm_PrintSelect", "Print Select");
     Register_One<frm_Quit>("frm_Quit", "");
-    Register_One<frm_Report>("frm_Report", "Report");
-    Register_One<frm_Studies>("frm_Studies", "Studies");
+    Register_Late<frm_Report>("frm_Report", "Report");
+    Register_Late<frm_Studies>("frm_Studies", "Studies");
     Register_One<frm_Synth2A>("frm_Synth2A", "Two-Position Synthesis");
     Register_One<frm_Synth2B>("frm_Synth2B", "Two-Position Synthesis");
     Register_One<frm_Synth3>("frm_Synth3", "Three-Position Synthesis");

@@ -8,7 +8,6 @@
 
 #include "batch/headless_desktop.h"
 #include "core/linkage_model.h"
-#include "core/model_on_screens.h"
 #include "output/catalogue.h"
 #include "output/reading.h"
 #include "output/series.h"
@@ -33,9 +32,8 @@ void Ask_For_The_Screen() {
     using namespace verlink;
     Register_Screens();
     Expect(platform::Screens::Knows("frm_Gears"), "the screen is known by its name");
-    auto& screen = platform::Screens::Get("frm_Gears");
     Model.TitleSuffix = " - BANNER";
-    Set_Screen_Titles();
+    auto& screen = platform::Screens::Get("frm_Gears");
     Expect(screen.Caption() == std::string("Gears - BANNER"), "its title has the banner");
     Expect(screen.Text("txt_Teeth").Text == std::string("20"), "its box is found by its name");
 }

@@ -156,7 +156,7 @@ TEST_F(By_Design, ADrivenRunTakesTheAccelerationOfTheStepBefore) {
 TEST_F(By_Design, StepsBehindOneThatIsNotSolvedHaveNoForces) {
     Notes notes(desktop, platform::Answer::kIgnore);
     auto& m = Model;
-    Enter_Linkage(Road::kBoxes, [&] {
+    Enter_Linkage(Road::kBoxes, [] {
         m.PolarCoords = true;
         m.L1 = 5;
         m.L2 = 4;

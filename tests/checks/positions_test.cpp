@@ -21,7 +21,7 @@ class Positions : public Random_Linkages {
     /// its other positions those at further crank angles.
     void Take_Positions(const std::vector<double>& cranks, const std::vector<int>& circuits) {
         auto& m = Model;
-        Enter_Linkage(Road::kBoxes, [&] {
+        Enter_Linkage(Road::kBoxes, [] {
             m.PolarCoords = true;
             m.Link1Angle = 20;
         });

@@ -16,7 +16,7 @@ class Verdicts : public Random_Linkages {
     /// The crank-rocker with masses and a load, solved, balanced and transformed.
     void Take_All() {
         auto& m = Model;
-        Enter_Linkage(Road::kBoxes, [&] {
+        Enter_Linkage(Road::kBoxes, [] {
             m.PolarCoords = true;
             m.Link1Angle = 0;
         });
