@@ -144,6 +144,7 @@ TEST_F(Runs, DrivenRunsReplayTheirTable) {
         Model.RunTable.Alpha(step, 0) = 2 * step;
     }
     Imported_Run(result);
+    EXPECT_TRUE(Model.RunStands);
     for (int step = 0; step <= 3; ++step) {
         EXPECT_NEAR(Theta2(step), -10 * step + 5 + 100 - 7, 1e-3);
         EXPECT_EQ(Model.RunTable.Omega(step, 0), 1.0 + step);
