@@ -293,6 +293,13 @@ TEST_F(DrawingCalls, AnAssembledStepAtTheExactOriginDrawsNoLine) {
     EXPECT_EQ(Take(), (Rows{"PSet 3 2", "LineTo 3 2 00FF00"}));
 }
 
+TEST_F(DrawingCalls, APointOnAnAxisIsNotTheOrigin) {
+    Put(0, 2, 0, 1);
+    Put(1, 2, 1, 0);
+    DrawCouplerCurve(stage);
+    EXPECT_EQ(Take(), (Rows{"PSet 0 9", "LineTo 0 9 00FF00", "LineTo 1 10 00FF00"}));
+}
+
 TEST_F(DrawingCalls, WithNoStepAssembledNothingIsDrawn) {
     for (int step : {0, 1}) {
         Model.RunTable.Assembled(step) = false;
