@@ -128,6 +128,10 @@ TEST(Tally, TakesNoLinesThatAreNone) {
         EXPECT_FALSE(tally.Take(broken)) << i;
     }
     EXPECT_FALSE(tally.Take({}));
+    Spread_Of_Values spread;
+    EXPECT_FALSE(spread.Take("")) << "nor nothing at all";
+    EXPECT_FALSE(spread.Take("33"));
+    EXPECT_TRUE(spread.Take("32"));
 }
 
 }  // namespace
