@@ -105,6 +105,10 @@ TEST_F(Synth2A, TheDyadsAreThoseOfWhatIsTyped) {
     Expect_Along(U(), 110);
     Expect_Along(S(), 200);
     EXPECT_NEAR(Model.ThetaEnd - Model.ThetaStart, 50, 1e-4);
+    for (const char* angle : {"Alpha2", "Theta", "Beta2", "Phi", "Sigma", "Gamma2", "Xi"})
+        EXPECT_EQ(Val(Caption(form, ("lbl_" + std::string(angle)).c_str())),
+                  Val(Box(form, ("txt_" + std::string(angle)).c_str())))
+            << angle;
 }
 
 TEST_F(Synth2A, ACalculationFillsTheReadOutsInTheFramesAndOnTheDiagram) {
