@@ -66,6 +66,15 @@ TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
     EXPECT_FALSE(read.Take(forth.Text() + ":1"));
 }
 
+TEST(Exact_Sum, TakesNoDigitThatIsTooLarge) {
+    Exact_Sum sum;
+    sum.Add(1);
+    std::string text = sum.Text();
+    ASSERT_TRUE(Exact_Sum().Take(text));
+    text.replace(0, text.find(':'), "99999999999999999999999");
+    EXPECT_FALSE(Exact_Sum().Take(text));
+}
+
 TEST(Tally, IsExactForFewValues) {
     const std::vector<float> values{3, 1, 2, 5, 4};
     const Tally tally = Tally_Of(values);
