@@ -83,16 +83,18 @@ TEST_F(DrawingCalls, HiddenLinksAreNotDrawn) {
 }
 
 TEST_F(DrawingCalls, TheGlobalPictureIsTurnedByTheGroundAngle) {
-    Model.Link1Angle = 30;
-    Drawsub(0, stage);
-    const auto x = [&](double px, double py) { return px * Cos(30) - py * Sin(30); };
-    const auto y = [&](double px, double py) { return 10 - (px * Sin(30) + py * Cos(30)); };
-    Expect_Rows(
-        Take(),
-        {Row("Line", {0, 10, x(1, 2), y(1, 2)}, kMagenta), Row("LineTo", {x(4, 6), y(4, 6)}, kMagenta),
-         Row("LineTo", {x(7, 0), y(7, 0)}, kMagenta), Row("Line", {x(1, 2), y(1, 2), x(3, 8), y(3, 8)}, kMagenta),
-         Row("LineTo", {x(4, 6), y(4, 6)}, kMagenta), Row("Circle", {x(1, 2), y(1, 2), 0.5}, kMagenta),
-         Row("Circle", {x(4, 6), y(4, 6), 0.5}, kMagenta), Row("Circle", {x(3, 8), y(3, 8), 0.4}, kMagenta)});
+    for (const double ground : {30, 1, -1}) {
+        Model.Link1Angle = ground;
+        Drawsub(0, stage);
+        const auto x = [&](double px, double py) { return px * Cos(ground) - py * Sin(ground); };
+        const auto y = [&](double px, double py) { return 10 - (px * Sin(ground) + py * Cos(ground)); };
+        Expect_Rows(
+            Take(),
+            {Row("Line", {0, 10, x(1, 2), y(1, 2)}, kMagenta), Row("LineTo", {x(4, 6), y(4, 6)}, kMagenta),
+             Row("LineTo", {x(7, 0), y(7, 0)}, kMagenta), Row("Line", {x(1, 2), y(1, 2), x(3, 8), y(3, 8)}, kMagenta),
+             Row("LineTo", {x(4, 6), y(4, 6)}, kMagenta), Row("Circle", {x(1, 2), y(1, 2), 0.5}, kMagenta),
+             Row("Circle", {x(4, 6), y(4, 6), 0.5}, kMagenta), Row("Circle", {x(3, 8), y(3, 8), 0.4}, kMagenta)});
+    }
 }
 
 TEST_F(DrawingCalls, AGroundAngleOfZeroDrawsTheLocalFrameAsItIs) {
@@ -289,6 +291,13 @@ TEST_F(DrawingCalls, AnAssembledStepAtTheExactOriginDrawsNoLine) {
     Put(1, 2, 0, 0);
     DrawCouplerCurve(stage);
     EXPECT_EQ(Take(), (Rows{"PSet 3 2", "LineTo 3 2 00FF00"}));
+}
+
+TEST_F(DrawingCalls, APointOnAnAxisIsNotTheOrigin) {
+    Put(0, 2, 0, 1);
+    Put(1, 2, 1, 0);
+    DrawCouplerCurve(stage);
+    EXPECT_EQ(Take(), (Rows{"PSet 0 9", "LineTo 0 9 00FF00", "LineTo 1 10 00FF00"}));
 }
 
 TEST_F(DrawingCalls, WithNoStepAssembledNothingIsDrawn) {

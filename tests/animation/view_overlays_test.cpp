@@ -346,7 +346,12 @@ TEST_F(ViewOverlays, OfAParallelogramHaveTheirRaysLeadToTheEdges) {
     EXPECT_TRUE(overlay.names.empty());
     const auto rays = Of_Kind(overlay, Kind::kDashes);
     ASSERT_EQ(rays.size(), 8U);
-    for (const Mark& ray : rays) EXPECT_GT(std::abs(Way(ray)), 20 * Window());
+    std::complex<double> together;
+    for (const Mark& ray : rays) {
+        EXPECT_GT(std::abs(Way(ray)), 20 * Window());
+        together += Way(ray);
+    }
+    EXPECT_LT(std::abs(together), 5 * Window()) << "as many lead one way as the other";
     // All that is painted ends at the edge.
     for (const auto& call : Painted(overlay).Calls)
         for (const double number : call.numbers) EXPECT_LE(std::abs(number - 300), 303);

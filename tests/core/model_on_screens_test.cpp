@@ -1,6 +1,10 @@
 // The status panel, the enabling of menus and buttons, the header of printed screens, and the captions of screens.
 #include "core/model_on_screens.h"
 
+#include <map>
+#include <string>
+#include <vector>
+
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -200,17 +204,26 @@ TEST_F(ModelOnScreensTest, TitleboxNamesTheModelOnceItHasAPath) {
 
 TEST_F(ModelOnScreensTest, ScreensAreCaptionedWithTheBannerDirectlyBehindTheirWords) {
     Model.TitleSuffix = "BANNER";
+    const std::map<std::string, std::vector<const char*>> titles = {
+        {"Animation Screen", {"frm_Animate"}},
+        {"Linkage Balancing", {"frm_Balance"}},
+        {"Linkage Cognates", {"frm_Cayley"}},
+        {"Fourier Transform", {"frm_FFT"}},
+        {"Input Screen", {"frm_Inputnew"}},
+        {"Dynamics Screen", {"frm_MassProp"}},
+        {"Matrix Screen", {"frm_Matrix"}},
+        {"Output Screen", {"frm_Plot1", "frm_Plot2", "frm_Plot3", "frm_Myplot2", "frm_MyPlot3", "frm_MyPlot4"}},
+        {"Select Plot Data", {"frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4"}},
+        {"Select Plot Type", {"frm_PlotType"}},
+        {"Print Select", {"frm_PrintSelect"}},
+        {"Two-Position Synthesis", {"frm_Synth2A", "frm_Synth2B"}},
+        {"Three-Position Synthesis", {"frm_Synth3"}},
+        {"", {"frm_PrintData", "frm_Title", "frm_User", "frm_HomeScreen", "frm_Quit", "frm_About", "frm_Help"}}};
+    for (const auto& [words, names] : titles)
+        for (const char* name : names) Screens::Get(name);
     Set_Screen_Titles();
-    EXPECT_EQ(Screens::Get("frm_Animate").Caption().Get(), "Animation ScreenBANNER");
-    EXPECT_EQ(Screens::Get("frm_Inputnew").Caption().Get(), "Input ScreenBANNER");
-    for (const char* name : {"frm_Title", "frm_User", "frm_HomeScreen", "frm_Quit", "frm_About", "frm_Help"})
-        EXPECT_EQ(Screens::Get(name).Caption().Get(), "BANNER") << name;
-    EXPECT_EQ(Screens::Get("frm_PlotType").Caption().Get(), "Select Plot TypeBANNER");
-    EXPECT_EQ(Screens::Get("frm_PrintSelect").Caption().Get(), "Print SelectBANNER");
-    for (const char* name : {"frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4"})
-        EXPECT_EQ(Screens::Get(name).Caption().Get(), "Select Plot DataBANNER") << name;
-    for (const char* name : {"frm_Plot1", "frm_Plot2", "frm_Plot3", "frm_Myplot2", "frm_MyPlot3", "frm_MyPlot4"})
-        EXPECT_EQ(Screens::Get(name).Caption().Get(), "Output ScreenBANNER") << name;
+    for (const auto& [words, names] : titles)
+        for (const char* name : names) EXPECT_EQ(Screens::Get(name).Caption().Get(), words + "BANNER") << name;
 }
 
 }  // namespace

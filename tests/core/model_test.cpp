@@ -1,6 +1,9 @@
 // The record at the start of the process, the empty model, and the clearing of results.
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "shell/initialize.h"
@@ -56,6 +59,76 @@ TEST_F(TheModel, ClearingOfAFullTableReachesIndex2880) {
         EXPECT_EQ(table.ImportedTorque(step), 0.0);
         EXPECT_EQ(table.AccXY(step, 5, 1), 1.0) << "the centres of gravity are left";
         EXPECT_EQ(table.VelXY(step, 4, 0), 1.0);
+    }
+}
+
+/// Fills all rows of a result, and tells which of them a clearing takes, by step.
+template <class T, int Rows, int Axes>
+class Rows_Cleared {
+   public:
+    explicit Rows_Cleared(StepArray<T, Rows, Axes>& table) : table_(table) {
+        Each([this](int step, int row, int axis) { table_(step, row, axis) = T(1); });
+    }
+    std::vector<int> At(int step) const {
+        std::vector<int> rows;
+        for (int row = 0; row < Rows; ++row) {
+            int cleared = 0;
+            for (int axis = 0; axis < Axes; ++axis) cleared += table_(step, row, axis) == T(0);
+            if (cleared > 0) rows.push_back(cleared == Axes ? row : -row);
+        }
+        return rows;
+    }
+
+   private:
+    template <class Action>
+    void Each(const Action& action) {
+        for (int step = 0; step <= kLastStep; ++step)
+            for (int row = 0; row < Rows; ++row)
+                for (int axis = 0; axis < Axes; ++axis) action(step, row, axis);
+    }
+    StepArray<T, Rows, Axes>& table_;
+};
+
+TEST_F(TheModel, ClearingTakesTheRowsOfTheMotionToTheLastStepAndNoOthers) {
+    using Rows = std::vector<int>;
+    auto& t = Model.RunTable;
+    const Rows_Cleared assembled(t.Assembled);
+    const Rows_Cleared points(t.PointXY);
+    const Rows_Cleared theta(t.Theta);
+    const Rows_Cleared velocity(t.VelXY);
+    const Rows_Cleared acceleration(t.AccXY);
+    const Rows_Cleared omega(t.Omega);
+    const Rows_Cleared alpha(t.Alpha);
+    const Rows_Cleared ratio(t.OmegaRatio);
+    const Rows_Cleared advantage(t.MechAdvantage);
+    const Rows_Cleared fixed(t.FixedCentrode);
+    const Rows_Cleared moving(t.MovingCentrode);
+    const Rows_Cleared torque(t.ImportedTorque);
+    const Rows_Cleared drive(t.DriveTheta);
+    Model.NSteps = 4;
+    const auto expect = [&](int step, bool cleared, bool driven) {
+        const auto when = [](bool so, Rows rows) { return so ? std::move(rows) : Rows{}; };
+        EXPECT_EQ(assembled.At(step), when(cleared, {0}));
+        EXPECT_EQ(points.At(step), when(cleared, {0, 1, 2, 3}));
+        EXPECT_EQ(theta.At(step), when(cleared, {0, 1, 2, 3}));
+        EXPECT_EQ(velocity.At(step), when(cleared, {0, 1, 2, 3}));
+        EXPECT_EQ(acceleration.At(step), when(cleared, {0, 1, 2, 3, 4}));
+        EXPECT_EQ(omega.At(step), driven ? Rows({0, 1, 2}) : when(cleared, {1, 2}));
+        EXPECT_EQ(alpha.At(step), driven ? Rows({0, 1, 2}) : when(cleared, {1, 2}));
+        for (const Rows& rows : {ratio.At(step), advantage.At(step), fixed.At(step), moving.At(step)})
+            EXPECT_EQ(rows, when(cleared, {0}));
+        EXPECT_EQ(torque.At(step), when(driven, {0}));
+        EXPECT_EQ(drive.At(step), Rows{});
+    };
+    Clear_Motion();
+    for (const int step : {0, 1, 4, 5}) {
+        SCOPED_TRACE(step);
+        expect(step, step <= 4, false);
+    }
+    Clear_RunTable();
+    for (const int step : {0, 1, 4, 5}) {
+        SCOPED_TRACE(step);
+        expect(step, step <= 4, step <= 4);
     }
 }
 

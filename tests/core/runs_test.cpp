@@ -144,9 +144,13 @@ TEST_F(Runs, DrivenRunsReplayTheirTable) {
         Model.RunTable.Alpha(step, 0) = 2 * step;
     }
     Imported_Run(result);
+    EXPECT_TRUE(Model.RunStands);
     for (int step = 0; step <= 3; ++step) {
         EXPECT_NEAR(Theta2(step), -10 * step + 5 + 100 - 7, 1e-3);
         EXPECT_EQ(Model.RunTable.Omega(step, 0), 1.0 + step);
+        EXPECT_EQ(Model.RunTable.Alpha(step, 0), 2.0 * step);
+        EXPECT_NEAR(std::hypot(Model.RunTable.AccXY(step, 0, 0), Model.RunTable.AccXY(step, 0, 1)),
+                    Model.L2 * std::hypot((1.0 + step) * (1.0 + step), 2.0 * step), 1e-4);
     }
     Model.Calctype = 5;
     Model.Link1Angle = 20;

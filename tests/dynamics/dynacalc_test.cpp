@@ -1,6 +1,7 @@
 // What a solve takes in, leaves out, stores and refuses.
 #include "dynamics/dynacalc.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <string>
@@ -249,6 +250,7 @@ TEST_F(ForceSolution, TurningTheGroundWithTheCrankLeavesTheForcesInItsFrame) {
 
 TEST_F(ForceSolution, TheEquationsOfTheFirstPositionAreGivenBackAsTheyStandBeforeTheyAreSolved) {
     Run_Scenario({.name = "ground turned", .ground = 30});
+    Model.NSteps = 5;  // elsewhere than where the run begins
     const ForceSolve solve = verlink::Solve_Forces(Model);
     EXPECT_TRUE(solve);
     ASSERT_TRUE(solve.first);
@@ -275,6 +277,36 @@ TEST_F(ForceSolution, TheEquationsOfTheFirstPositionAreGivenBackAsTheyStandBefor
         }
     EXPECT_EQ(solve.first->C[2], 0);  // the crank turns evenly
     EXPECT_NEAR(solve.first->C[5], at.l3.Moment(), 1e-4);
+}
+
+TEST_F(ForceSolution, LinkByLinkItIsTheSameAsByElimination) {
+    for (const Scenario& scenario : kScenarios) {
+        SCOPED_TRACE(scenario.name);
+        Run_Scenario(scenario);
+        Solve_Forces();
+        const std::vector<double> eliminated = Forces_And_Torques();
+        const double centre = table.AccXY(3, 5, 0);
+        Fill_Steps(0, Model.NSteps, -77);
+        table.Assembled(1) = false;
+        std::vector<char> solved(static_cast<std::size_t>(Model.NSteps) + 1, 7);
+        Solve_Closed_Steps(Model, solved);
+        const std::vector<double> by_links = Forces_And_Torques();
+        double most = 0;
+        for (const double number : eliminated) most = std::max(most, std::abs(number));
+        const std::size_t of_a_step = eliminated.size() / solved.size();
+        for (std::size_t i = 0; i < eliminated.size(); ++i)
+            EXPECT_NEAR(by_links[i], i / of_a_step == 1 ? -77 : eliminated[i], 1e-6 * most) << i;
+        for (std::size_t step = 0; step < solved.size(); ++step) EXPECT_EQ(solved[step], step != 1) << step;
+        EXPECT_EQ(table.AccXY(3, 5, 0), centre);
+    }
+}
+
+TEST_F(ForceSolution, WhatCannotBeSolvedLinkByLinkIsSaidOfItsStepAlone) {
+    Run_To_A_Singular_Step();
+    table.Assembled(2) = true;
+    std::vector<char> solved(3, 7);
+    Solve_Closed_Steps(Model, solved);
+    EXPECT_EQ(solved, (std::vector<char>{1, 1, 0}));
 }
 
 TEST_F(ForceSolution, AnOverflowIsReportedUnderItsName) {

@@ -166,6 +166,16 @@ TEST_F(Exports, TheThirdSideAndThePhaseOfTheTriangleAreThoseOfItsPlaneGeometry) 
     EXPECT_NEAR(std::stod(lines[15]), Model.RunTable.Theta(0, 0) - (at_b + Model.RunTable.Theta(0, 1)), 0.0051);
 }
 
+TEST_F(Exports, ThePhaseIsTheCranksAngleLessTheTrianglesInHundredthsOfADegree) {
+    Run();
+    Model.RunTable.Theta(0, 0) = 45.125;
+    Model.RunTable.Theta(0, 1) = 30.4062;
+    // An equilateral triangle has 60 degrees at B, and 60 + 30.4062 is 90.41.
+    Model.Rpa = Model.L3;
+    Set_Delta(60, Model.DeltaRad, Model.DeltaStr);
+    EXPECT_NEAR(std::stod(Lines(Pendrix_Content())[15]), 45.125 - 90.41, 1e-5);
+}
+
 TEST_F(Exports, ThePendrixFileIsWrittenAlsoWhenTheRunHasNoResults) {
     const auto lines = Lines(Pendrix_Content());
     ASSERT_EQ(lines.size(), 68U);

@@ -130,6 +130,29 @@ TEST_F(GraphSvgTest, Labels_that_would_overlap_are_thinned_to_round_multiples) {
     EXPECT_EQ(std::stoi(labels[1].second) % 12, 0);
 }
 
+TEST_F(GraphSvgTest, The_last_label_counts_among_those_that_would_overlap) {
+    Fill(1, 4, [](int i) { return i; });
+    graph.LabelEvery = 1;
+    ASSERT_EQ(Centred(Svg()).size(), 5U);
+    const auto curve = Curves(Svg()).at(0);
+    graph.ThisPoint = 5;
+    graph.SetLabelText(std::string(static_cast<std::size_t>(curve[4].first - curve[3].first) / 3, 'w'));
+    EXPECT_LT(Centred(Svg()).size(), 5U);
+}
+
+TEST_F(GraphSvgTest, A_title_and_a_legend_stand_clear_of_the_frame) {
+    Fill(1, 4, [](int i) { return i; });
+    const auto top = [this] { return Curves(Svg()).at(0).at(4).second; };
+    const double bare = top();
+    graph.GraphTitle = "Title";
+    const double below = top();
+    graph.GraphTitle = "";
+    graph.ThisSet = 1;
+    graph.SetLegendText("Legend");
+    EXPECT_GT(below - bare, 1.2 * 12) << "more than its own height";
+    EXPECT_GT(top() - bare, 1.5 * 9);
+}
+
 TEST_F(GraphSvgTest, Sticks_begin_at_zero_and_lines_can_be_left_out) {
     Fill(1, 10, [](int i) { return 5 + i; });
     graph.GraphStyle = 2;

@@ -123,6 +123,10 @@ TEST_F(SeriesTest, ARunByTimeStandsAtItsAnglesWhichGoOnBeyondATurn) {
         EXPECT_NEAR(stations.places[static_cast<std::size_t>(step)] - stations.places[0], turned, 1e-3) << step;
     }
     EXPECT_NEAR(std::remainder(stations.places[0] - 300, 360), 0, 1e-3);
+    // Where it does not close the table has the crank in the ground link's frame.
+    Model.RunTable.Assembled(3) = false;
+    Model.RunTable.Theta(3, 0) -= 40;
+    EXPECT_NEAR(By(Abscissa::kAngle).places[3], stations.places[3], 1e-3);
 }
 
 }  // namespace

@@ -128,10 +128,29 @@ TEST_F(Reports, PositionsThatDoNotCloseAreNoExtremes) {
     const Report report = Made();
     const auto row = Row_Of(report, Chapter::kClass, "Calculated");
     ASSERT_EQ(row.size(), 1U);
-    EXPECT_NE(row[0].find("of which"), std::string::npos) << row[0];
+    int closed = 0;
+    for (int step = 0; step <= 18; ++step) closed += Model.RunTable.Assembled(step) ? 1 : 0;
+    EXPECT_EQ(row[0], "19 positions, of which " + std::to_string(closed) + " close");
+    EXPECT_EQ(Row_Of(report, Chapter::kClass, "Circuit"), std::vector<std::string>{"Open"});
     const auto angle = Row_Of(report, Chapter::kClass, "Trans Ang");
     ASSERT_EQ(angle.size(), 7U);
     EXPECT_NE(angle[0], "0.000");
+}
+
+TEST_F(Reports, TheDrawingIsOfTheFirstPositionThatCloses) {
+    Model.L1 = 4;
+    Model.L2 = 3;
+    Model.L3 = 2;
+    Model.L4 = 2.5;
+    Model.PolarCoords = true;
+    Turn_Ground(0);
+    Model.NoConnectSeen = true;
+    // It closes within acos((9 + 16 - 4.5 * 4.5) / 24) = 78.58 degrees of the ground.
+    By_Angle(250, 340, 10);
+    ASSERT_FALSE(Model.RunTable.Assembled(3));
+    const Report report = Made();
+    const auto& picture = std::get<Report_Picture>(Chapter_Of(report, Chapter::kDrawing)->pieces.front());
+    EXPECT_NE(picture.caption.find("The linkage at Theta2 = 290 deg"), std::string::npos) << picture.caption;
 }
 
 TEST_F(Reports, ANameWithMarksOfItsOwnIsTheTitleAsItStands) {

@@ -6,10 +6,13 @@
 #include "core/classification.h"
 #include "output/cartesian.h"
 #include "output/plot_windows.h"
+#include "output/reading.h"
 #include "screens/frm_cayley.h"
 #include "screens/frm_inputnew.h"
 #include "screens/frm_massprop.h"
 #include "screens/frm_myplot2.h"
+#include "screens/frm_synth2a.h"
+#include "screens/frm_synth3.h"
 #include "tests/report/report_fixture.h"
 
 namespace verlink::test {
@@ -153,8 +156,125 @@ TEST_F(Reports, ExtremesAreThoseOfTheWindowsOfPlots) {
     }
 }
 
+TEST_F(Reports, ExtremesTellWhereTheyAreAndTheAverage) {
+    Make_The_Press();
+    const auto expect = [](double start, double apart, const std::string& at) {
+        const Report report = Made();
+        double sum = 0;
+        int least = 0, most = 0;
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            const double angle = Model.RunTable.Theta(step, 3);
+            sum += angle;
+            if (angle < Model.RunTable.Theta(least, 3)) least = step;
+            if (angle > Model.RunTable.Theta(most, 3)) most = step;
+        }
+        const Texts row = Row_Of(report, Chapter::kClass, "Trans Ang");
+        ASSERT_EQ(row.size(), 7U);
+        EXPECT_NEAR(std::stod(row[1]), start + apart * least, 1e-3);
+        EXPECT_NEAR(std::stod(row[2]), sum / (Model.NSteps + 1), 0.051);
+        EXPECT_NEAR(std::stod(row[4]), start + apart * most, 1e-3);
+        EXPECT_NE(least, 0);
+        for (const Report_Piece& piece : Chapter_Of(report, Chapter::kClass)->pieces) {
+            const auto* table = std::get_if<Report_Table>(&piece);
+            if (!table || table->rows.front().front() != "Trans Ang") continue;
+            EXPECT_EQ(table->heads, (Texts{"Function", "Min", at, "Avg", "Max", at, "Peak to Peak", "Unit"}));
+        }
+    };
+    By_Angle(0, 350, 5);
+    expect(0, 5, "at deg");
+    Model.Omega2Input = 2;
+    Model.Alpha2 = 0;
+    By_Time(1, 3, 0.125);
+    expect(1, 0.125, "at sec");
+}
+
+TEST_F(Reports, ForcesAndBalanceHaveARowForEachOfTheirVariables) {
+    Make_The_Press();
+    const Report report = Made();
+    const auto expect = [&](Chapter chapter, const std::function<bool(int)>& wanted) {
+        for (int number = 1; number <= 43; ++number) {
+            const auto facts = Facts_Of(Variable_Name(number));
+            const Output_Function function{Variable_Name(number), facts && facts->vector ? "Mag" : "", false};
+            EXPECT_EQ(Row_Of(report, chapter, Words_Of(function)).empty(), !wanted(number)) << Words_Of(function);
+        }
+    };
+    expect(Chapter::kForces, [](int number) { return number >= 26 && number <= 37; });
+    expect(Chapter::kBalance, [](int number) { return number == 30 || (number >= 38 && number <= 41); });
+    expect(Chapter::kFlywheel, [](int number) { return number == 31 || number == 42; });
+}
+
+TEST_F(Reports, MassesAndLoadsAreThereAsSoonAsThereIsOne) {
+    const auto there = [] { return !Row_Of(Made(), Chapter::kModel, "Mass of Link").empty(); };
+    for (int link = 2; link <= 4; ++link) {
+        Model.LinkMass(link) = Model.LinkInertia(link) = Model.ExtForceMag(link) = Model.ExtTorque(link) = 0;
+    }
+    Model.FrictionForce = 0;
+    EXPECT_FALSE(there());
+    Single* some[] = {&Model.FrictionForce, &Model.LinkMass(2), &Model.LinkInertia(3), &Model.ExtForceMag(4),
+                      &Model.ExtTorque(4),  &Model.LinkMass(4), &Model.ExtForceMag(3), &Model.LinkInertia(2)};
+    for (Single* one : some) {
+        for (const double value : {1.0, 0.5}) {
+            *one = value;
+            EXPECT_TRUE(there());
+        }
+        *one = 0;
+    }
+}
+
+TEST_F(Reports, NumbersOfATableStandBetweenItsNamesAndItsUnits) {
+    Make_The_Press();
+    int tables = 0;
+    for (const Report_Chapter& chapter : Made().chapters)
+        for (const Report_Piece& piece : chapter.pieces) {
+            const auto* table = std::get_if<Report_Table>(&piece);
+            if (!table || table->heads.empty() || table->heads.back() != "Unit") continue;
+            ++tables;
+            EXPECT_EQ(table->first_number, 1) << chapter.title;
+            EXPECT_EQ(table->numbers, static_cast<int>(table->heads.size()) - 2) << chapter.title;
+            for (const auto& row : table->rows) EXPECT_EQ(row.size(), table->heads.size()) << row.front();
+        }
+    EXPECT_GT(tables, 4);
+}
+
+TEST_F(Reports, ASynthesisOfThreePositionsIsThatOfItsScreen) {
+    In_Units(5);
+    for (const bool pivots : {false, true}) {
+        Model.SynPositions = pivots ? 3 : 2;
+        Model.SpecifiedPivots = pivots;
+        auto& form = dynamic_cast<frm_Synth3&>(platform::Screens::Get("frm_Synth3"));
+        form.Form_Activate();
+        desktop.Expect_Message_With(" The resulting link lengths and coupler point location are:");
+        Press(form, "cmd_Calc");
+        const Report report = Made();
+        const auto row = [&](const std::string& name) { return Row_Of(report, Chapter::kSynthesis, name); };
+        const auto box = [&](const char* name, int index = platform::kNoIndex) {
+            return form.Text(name, index).Text.Get();
+        };
+        for (const char* name : {"P21x", "P21y", "P31x", "P31y"})
+            EXPECT_EQ(row(name), (Texts{box(("txt_" + std::string(name)).c_str()), "mm"})) << name;
+        for (const char* name : {"Alpha2", "Alpha3"})
+            EXPECT_EQ(row(name), (Texts{box(("txt_" + std::string(name)).c_str()), "deg"})) << name;
+        const char* names[] = {"O2", "O4", "P1"};
+        for (const std::string name : names)
+            for (const int axis : {0, 1})
+                EXPECT_EQ(row(name + (axis == 0 ? "x" : "y")),
+                          pivots ? (Texts{box(("txt_" + name).c_str(), axis), "mm"}) : Texts{})
+                    << name;
+        for (const std::string position : {"2", "3"})
+            EXPECT_EQ(row("Beta" + position), (Texts{box(("txt_Beta" + position).c_str()), "Gamma" + position,
+                                                     box(("txt_Gamma" + position).c_str()), "deg"}));
+        EXPECT_EQ(row("W mag"), (Texts{form.lbl_Wmag[0].Caption, "U mag", form.lbl_Umag[0].Caption, "mm"}));
+        EXPECT_EQ(row("Z mag"), (Texts{form.lbl_Zmag[0].Caption, "S mag", form.lbl_Smag[0].Caption, "mm"}));
+        EXPECT_EQ(row("Theta"), (Texts{form.lbl_Theta.Caption, "Sigma", form.lbl_Sigma.Caption, "deg"}));
+        EXPECT_EQ(row("Phi"), (Texts{form.lbl_Phi.Caption, "Xi", form.lbl_Xi.Caption, "deg"}));
+    }
+}
+
 TEST_F(Reports, CognatesAreThoseOfTheirScreen) {
     Make_The_Press();
+    Model.CognatesDue = true;
+    for (int cognate = 1; cognate <= 3; ++cognate)
+        for (int item = 0; item <= 6; ++item) Model.Cognates(cognate, item) = 99;
     const Report report = Made();
     auto& form = dynamic_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
     Inside(form, [&] {

@@ -91,6 +91,26 @@ TEST_F(Synth2A, ACalculationSolvesBothDyadsAndTheLinkage) {
     Expect_Ways_On(form, true);
 }
 
+TEST_F(Synth2A, TheDyadsAreThoseOfWhatIsTyped) {
+    Activate();
+    const std::pair<const char*, const char*> typed[] = {
+        {"txt_P21x", "-0.7"}, {"txt_P21y", "0.9"},  {"txt_Alpha2", "-12"}, {"txt_Theta", "35"}, {"txt_Beta2", "50"},
+        {"txt_Phi", "71"},    {"txt_Sigma", "110"}, {"txt_Gamma2", "14"},  {"txt_Xi", "200"}};
+    for (const auto& [box, text] : typed) Enter_Box(form, box, text);
+    Calculate(form);
+    EXPECT_LT(Miss(W(), Z(), 50, -12, {-0.7, 0.9}), 1e-5);
+    EXPECT_LT(Miss(U(), S(), 14, -12, {-0.7, 0.9}), 1e-5);
+    Expect_Along(W(), 35);
+    Expect_Along(Z(), 71);
+    Expect_Along(U(), 110);
+    Expect_Along(S(), 200);
+    EXPECT_NEAR(Model.ThetaEnd - Model.ThetaStart, 50, 1e-4);
+    for (const char* angle : {"Alpha2", "Theta", "Beta2", "Phi", "Sigma", "Gamma2", "Xi"})
+        EXPECT_EQ(Val(Caption(form, ("lbl_" + std::string(angle)).c_str())),
+                  Val(Box(form, ("txt_" + std::string(angle)).c_str())))
+            << angle;
+}
+
 TEST_F(Synth2A, ACalculationFillsTheReadOutsInTheFramesAndOnTheDiagram) {
     Activate();
     Calculate(form);

@@ -50,6 +50,25 @@ TEST_F(Synth2B, ACalculationFindsBothGroundedLinks) {
     Expect_Ways_On(form, true);
 }
 
+TEST_F(Synth2B, TheDyadsAreThoseOfWhatIsTyped) {
+    Activate();
+    const std::pair<const char*, const char*> typed[] = {
+        {"txt_P21x", "-0.7"}, {"txt_P21y", "0.9"},  {"txt_Alpha2", "-12"}, {"txt_Beta2", "50"}, {"txt_Zmag", "3.5"},
+        {"txt_Phi", "71"},    {"txt_Gamma2", "14"}, {"txt_Smag", "2.5"},   {"txt_Xi", "200"}};
+    for (const auto& [box, text] : typed) Enter_Box(form, box, text);
+    Calculate(form);
+    EXPECT_LT(Miss(W(), Z(), 50, -12, {-0.7, 0.9}), 1e-5);
+    EXPECT_LT(Miss(U(), S(), 14, -12, {-0.7, 0.9}), 1e-5);
+    EXPECT_LT(std::abs(Z() - std::polar(3.5, 71 * kRadians)), 1e-5);
+    EXPECT_LT(std::abs(S() - std::polar(2.5, 200 * kRadians)), 1e-5);
+    const std::pair<const char*, const char*> copies[] = {{"lbl_Beta2", "txt_Beta2"},
+                                                          {"lbl_Phi", "txt_Phi"},
+                                                          {"lbl_Gamma2", "txt_Gamma2"},
+                                                          {"lbl_Sigma", "txt_Sigma"},
+                                                          {"lbl_Xi", "txt_Xi"}};
+    for (const auto& [label, box] : copies) EXPECT_EQ(Val(Caption(form, label)), Val(Box(form, box))) << label;
+}
+
 TEST_F(Synth2B, TheLengthsOfZAndSAreMetresAlsoWhereCentimetresAreShown) {
     Use_Units(4);
     Model.P21x = -0.0146;

@@ -101,6 +101,24 @@ TEST_F(Synth3, FreePivotsComeOutOfTheTurns) {
     Expect_Ways_On(form, true);
 }
 
+TEST_F(Synth3, TheDyadsAreThoseOfWhatIsTyped) {
+    Activate();
+    const std::pair<const char*, const char*> typed[] = {
+        {"txt_P21x", "-0.7"},  {"txt_P21y", "0.9"}, {"txt_Alpha2", "-12"}, {"txt_P31x", "-2.1"}, {"txt_P31y", "0.4"},
+        {"txt_Alpha3", "-16"}, {"txt_Beta2", "40"}, {"txt_Beta3", "80"},   {"txt_Gamma2", "6"},  {"txt_Gamma3", "21"}};
+    for (const auto& [box, text] : typed) Enter_Box(form, box, text);
+    Calculate(form);
+    EXPECT_LT(Miss(W(), Z(), 40, -12, {-0.7, 0.9}), 2e-4);
+    EXPECT_LT(Miss(W(), Z(), 80, -16, {-2.1, 0.4}), 2e-4);
+    EXPECT_LT(Miss(U(), S(), 6, -12, {-0.7, 0.9}), 2e-4);
+    EXPECT_LT(Miss(U(), S(), 21, -16, {-2.1, 0.4}), 2e-4);
+    EXPECT_NEAR(Model.ThetaEnd - Model.ThetaStart, 80, 1e-3) << "the run goes through all three";
+    const std::pair<const char*, Vector> directions[] = {
+        {"lbl_Theta", W()}, {"lbl_Phi", Z()}, {"lbl_Sigma", U()}, {"lbl_Xi", S()}};
+    for (const auto& [label, vector] : directions)
+        EXPECT_NEAR(std::remainder(Val(Caption(form, label)) - std::arg(vector) / kRadians, 360), 0, 6e-4) << label;
+}
+
 TEST_F(Synth3, ACalculationFillsTheReadOuts) {
     Activate();
     Calculate(form);

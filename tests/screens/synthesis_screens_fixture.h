@@ -63,6 +63,11 @@ class SynthesisScreenTest : public Fixture {
         const auto moved = [](Vector v, double degrees) { return v * (std::polar(1.0, degrees * kRadians) - 1.0); };
         return std::abs(moved(link, link_turn) + moved(arm, arm_turn) - P);
     }
+    /// Along a line by an angle in degrees, one way or the other.
+    static void Expect_Along(Vector link, double degrees) {
+        EXPECT_LT(std::abs((link * std::polar(1.0, -degrees * kRadians)).imag()), 1e-5 * std::abs(link)) << degrees;
+        EXPECT_GT(std::abs(link), 1e-3);
+    }
     static Vector W() { return {Model.SynWx, Model.SynWy}; }
     static Vector Z() { return {Model.SynZx, Model.SynZy}; }
     static Vector U() { return {Model.SynUx, Model.SynUy}; }

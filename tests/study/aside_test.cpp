@@ -69,6 +69,11 @@ TEST(Aside, FindsWhatAWorkerFindsOneByOne) {
         }
         EXPECT_EQ(found.summary.kept, kept);
         EXPECT_LT(kept, found.all);
+        const Tally& tally = found.summary.measures[0];
+        EXPECT_EQ(tally.Highest().size(), 10U);
+        for (const auto* extremes : {&tally.Lowest(), &tally.Highest()})
+            for (const Tally::Extreme& extreme : *extremes)
+                EXPECT_EQ(extreme.value, found.values.at(extreme.linkage)) << "each by its own number";
     }
 }
 

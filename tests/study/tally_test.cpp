@@ -66,6 +66,15 @@ TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
     EXPECT_FALSE(read.Take(forth.Text() + ":1"));
 }
 
+TEST(Exact_Sum, TakesNoDigitThatIsTooLarge) {
+    Exact_Sum sum;
+    sum.Add(1);
+    std::string text = sum.Text();
+    ASSERT_TRUE(Exact_Sum().Take(text));
+    text.replace(0, text.find(':'), "99999999999999999999999");
+    EXPECT_FALSE(Exact_Sum().Take(text));
+}
+
 TEST(Tally, IsExactForFewValues) {
     const std::vector<float> values{3, 1, 2, 5, 4};
     const Tally tally = Tally_Of(values);
@@ -128,6 +137,10 @@ TEST(Tally, TakesNoLinesThatAreNone) {
         EXPECT_FALSE(tally.Take(broken)) << i;
     }
     EXPECT_FALSE(tally.Take({}));
+    Spread_Of_Values spread;
+    EXPECT_FALSE(spread.Take("")) << "nor nothing at all";
+    EXPECT_FALSE(spread.Take("33"));
+    EXPECT_TRUE(spread.Take("32"));
 }
 
 }  // namespace
