@@ -107,7 +107,7 @@ TEST_F(DoorsTest, A_recalculation_pending_leaves_no_results_through_help_and_the
         Type(window, "txt_Linkout_2", QStringLiteral("2.6"));
         EXPECT_FALSE(Model.Calculated);
         Pick(window, "mnu_Help");
-        Click(qt.formOf(Screens::Get("frm_Help")), "cmd_Close");
+        Click(qt.formOf(platform::Screens::Get("frm_Help")), "cmd_Close");
         EXPECT_EQ(TextOf(window, "txt_Linkout_2"), "2.6");
         EXPECT_FALSE(Find<QWidget>(window, "cmd_Done").isEnabled());
         EXPECT_TRUE(Find<QWidget>(window, "cmd_Recalc").isEnabled());
