@@ -114,10 +114,12 @@ std::vector<DocumentWidget::Place> DocumentWidget::seekIn(const std::vector<QStr
     QPdfDocument read;
     QPdfSearchModel search;
     search.setDocument(&read);
-    search.setSearchString(words);
     for (const QString& document : documents) {
         const QString path = helpDocument(document);
         if (path.isEmpty() || read.load(path) != QPdfDocument::Error::None) continue;
+        // The model counts the pages when it is given the words.
+        search.setSearchString({});
+        search.setSearchString(words);
         int finds = 0;
         for (int page = 0; page < read.pageCount(); ++page)
             finds += static_cast<int>(search.resultsOnPage(page).size());
