@@ -344,12 +344,21 @@ QWidget* make(Form& form, DocumentView& control, QWidget* parent) {
             const std::string wished = control.Document;
             shown->document = wished.substr(0, wished.find('#'));
             shown->page = 1;
+            shown->find = 0;
             view->show(toQt(wished));
             control.Document = shown->document;
             tell();
         }
         if (control.Zoom != shown->zoom) view->setZoom(shown->zoom = control.Zoom);
-        if (control.Sought != shown->sought) view->seek(toQt(shown->sought = control.Sought));
+        if (control.Sought != shown->sought) {
+            shown->sought = control.Sought;
+            std::vector<QString> library;
+            for (const std::string& document : control.Library) library.push_back(toQt(document));
+            control.Everywhere.clear();
+            for (const DocumentWidget::Place& place : view->seekIn(library, toQt(shown->sought)))
+                control.Everywhere.push_back({fromQt(place.document), fromQt(place.title), place.finds});
+            view->seek(toQt(shown->sought));
+        }
         if (control.Find != shown->find) view->setFind(shown->find = control.Find);
         if (control.Page != shown->page) view->setPage(shown->page = control.Page);
     });

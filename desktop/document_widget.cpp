@@ -5,6 +5,8 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPdfDocument>
+#include <QPdfSearchModel>
 #include <QStackedLayout>
 #include <QUrl>
 
@@ -73,6 +75,7 @@ void DocumentWidget::show(const QString& document) {
             say(QStringLiteral("This document cannot be shown: ") + path);
         } else {
             note_->clear();
+            if (file != shown_ && !sought_.isEmpty()) pages_->seek(sought_);
             shown_ = file;
             static_cast<QStackedLayout*>(layout())->setCurrentWidget(pages_);
             if (const auto* heading = pages_->places().place(name)) pages_->goTo(heading->page, heading->top);
@@ -98,7 +101,36 @@ void DocumentWidget::setPage(int page) {
 
 void DocumentWidget::setZoom(double zoom) { pages_->setZoom(zoom); }
 double DocumentWidget::scale() const { return pages_->scale(); }
-void DocumentWidget::seek(const QString& words) { pages_->seek(words); }
+
+void DocumentWidget::seek(const QString& words) {
+    sought_ = words;
+    pages_->seek(words);
+}
+
+std::vector<DocumentWidget::Place> DocumentWidget::seekIn(const std::vector<QString>& documents,
+                                                          const QString& words) const {
+    std::vector<Place> places;
+    if (words.isEmpty()) return places;
+    QPdfDocument read;
+    QPdfSearchModel search;
+    search.setDocument(&read);
+    for (const QString& document : documents) {
+        const QString path = helpDocument(document);
+        if (path.isEmpty() || read.load(path) != QPdfDocument::Error::None) continue;
+        // The model counts the pages when it is given the words.
+        search.setSearchString({});
+        search.setSearchString(words);
+        int finds = 0;
+        for (int page = 0; page < read.pageCount(); ++page)
+            finds += static_cast<int>(search.resultsOnPage(page).size());
+        if (finds == 0) continue;
+        const DocumentPlaces inside = DocumentPlaces::ofDocument(path);
+        places.push_back({document, inside.headings.empty() ? document : inside.headings.front().title, finds});
+    }
+    search.setDocument(nullptr);
+    return places;
+}
+
 int DocumentWidget::finds() const { return pages_->finds(); }
 void DocumentWidget::setFind(int find) { pages_->goToFind(find - 1); }
 

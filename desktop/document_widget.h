@@ -30,7 +30,14 @@ class DocumentWidget : public QWidget {
     void setPage(int page);
     void setZoom(double zoom);
     double scale() const;
+    /// The words stay marked in whatever document is shown next.
     void seek(const QString& words);
+    struct Place {
+        QString document, title;
+        int finds;
+    };
+    /// Which of these documents have the words, case aside, in their order; one that is not installed has none.
+    std::vector<Place> seekIn(const std::vector<QString>& documents, const QString& words) const;
     int finds() const;
     void setFind(int find);
     const std::vector<DocumentPlaces::Heading>& headings() const;
@@ -47,6 +54,7 @@ class DocumentWidget : public QWidget {
     QLabel* note_;
     DocumentPages* pages_ = nullptr;
     QString shown_;  ///< the document on the pages; empty while there is none
+    QString sought_;
 };
 
 }  // namespace verlink::desktop

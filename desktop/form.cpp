@@ -267,8 +267,10 @@ QPushButton* Form::buttonOf(CommandButton* button) const {
 /// Is it up, with no other window or dialog over it? Keys that are pressed faster than windows come and go still find
 /// the widgets of the last one.
 bool Form::inUse() const {
+    if (closing_ || inPause() || !isVisible()) return false;
     const QWidget* modal = QApplication::activeModalWidget();
-    return !closing_ && !inPause() && isVisible() && (!modal || modal == this);
+    if (!modal || modal == this) return true;
+    return screen_.Beside() && modal->windowModality() == Qt::WindowModal;
 }
 
 void Form::act(const Control& control, const std::function<void()>& deed, Deed::Kind kind) {

@@ -128,38 +128,51 @@ void layoutHelp(Form& form, QWidget* room) {
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
 
-    QHBoxLayout* above = row();
-    above->setContentsMargins(kInset, kGap, kInset, kGap);
+    // Rows are short: it stands beside the program.
+    const auto strip = [whole] {
+        QHBoxLayout* one = row();
+        one->setContentsMargins(kInset, kGap, kInset, 0);
+        whole->addLayout(one);
+        return one;
+    };
+    QHBoxLayout* above = strip();
     QWidget* contents = form.widget("cmb_Contents");
     contents->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     contents->setMinimumWidth(120);
     above->addWidget(labelOf(form.widget("lbl_Contents"), contents));
     above->addWidget(contents, 1);
-    above->addSpacing(kGap);
-    above->addWidget(form.widget("cmd_PageBefore"));
-    QWidget* page = numberBox(form.widget("txt_Page"), 3);
-    above->addWidget(labelOf(form.widget("lbl_Page"), page));
-    above->addWidget(page);
-    above->addWidget(form.widget("lbl_Pages"));
-    above->addWidget(form.widget("cmd_PageAfter"));
-    above->addSpacing(kGap);
-    for (const char* name : {"cmd_Smaller", "cmd_Larger", "cmd_FitWidth"}) above->addWidget(form.widget(name));
-    whole->addLayout(above);
 
+    QHBoxLayout* pages = strip();
+    pages->addWidget(form.widget("cmd_PageBefore"));
+    QWidget* page = numberBox(form.widget("txt_Page"), 3);
+    pages->addWidget(labelOf(form.widget("lbl_Page"), page));
+    pages->addWidget(page);
+    pages->addWidget(form.widget("lbl_Pages"));
+    pages->addWidget(form.widget("cmd_PageAfter"));
+    pages->addStretch(1);
+    for (const char* name : {"cmd_Smaller", "cmd_Larger", "cmd_FitWidth"}) pages->addWidget(form.widget(name));
+
+    whole->addSpacing(kGap);
     whole->addWidget(form.widget("WebBrowser1"), 1);
 
-    QHBoxLayout* below = row();
+    QHBoxLayout* finding = strip();
+    QWidget* back = form.widget("cmd_Back");
+    QWidget* words = textBox(form.widget("txt_Find"), 14);
+    finding->addWidget(labelOf(form.widget("lbl_Find"), words));
+    finding->addWidget(words);
+    for (const char* name : {"cmd_FindBefore", "cmd_FindAfter"}) finding->addWidget(form.widget(name));
+    finding->addStretch(1);
+    finding->addWidget(note(form.widget("lbl_Finds")));
+
+    QHBoxLayout* below = strip();
     below->setContentsMargins(kInset, kGap, kInset, kGap);
-    below->addWidget(form.widget("cmd_Back"));
-    below->addSpacing(kGap);
-    QWidget* words = textBox(form.widget("txt_Find"), 18);
-    below->addWidget(labelOf(form.widget("lbl_Find"), words));
-    below->addWidget(words);
-    for (const char* name : {"cmd_FindBefore", "cmd_FindAfter"}) below->addWidget(form.widget(name));
-    below->addWidget(note(form.widget("lbl_Finds")));
-    below->addStretch(1);
+    below->addWidget(back);
+    QWidget* found = form.widget("cmb_Finds");
+    found->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    found->setMinimumWidth(100);
+    below->addWidget(found, 1);
+    below->addWidget(form.widget("chk_Follow"));
     below->addWidget(forward(form.widget("cmd_Close")));
-    whole->addLayout(below);
 }
 
 void layoutAbout(Form& form, QWidget* room) {

@@ -77,6 +77,8 @@ Answer harmlessAnswer(const platform::Message& message) { return choicesOf(messa
 Answer showMessage(QWidget* parent, const platform::Message& message) {
     countInterruption();
     QMessageBox box(parent);
+    // What stands beside the program can be read meanwhile.
+    if (parent) box.setWindowModality(Qt::WindowModal);
     box.setWindowTitle(message.title.empty() ? QStringLiteral("Verlink") : toQt(message.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(lines(message.text));

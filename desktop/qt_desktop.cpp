@@ -58,6 +58,7 @@ Form& QtDesktop::formOf(Screen& screen) {
 
 void QtDesktop::discardForms() {
     shown_.clear();
+    beside_.clear();
     forms_.clear();
 }
 
@@ -155,6 +156,7 @@ void QtDesktop::chain() {
 
 void QtDesktop::takeAway(Form& form) {
     std::erase(shown_, &form);
+    std::erase(beside_, &form);
     form.hide();
     if (QWindow* window = form.windowHandle()) window->setTransientParent(nullptr);
     chain();
@@ -167,11 +169,26 @@ void QtDesktop::Show_Window(Screen& screen) {
     if (form.isVisible() && top() != &form) takeAway(form);
     std::erase(shown_, &form);
     form.applyShape();
-    // Only a window over others is modal: a lone one keeps all that the window manager offers.
-    if (!form.isVisible()) form.setWindowModality(shown_.empty() ? Qt::NonModal : Qt::ApplicationModal);
+    // Only a window over others is modal: a lone one keeps all that the window manager offers. What stands beside them
+    // is not closed by it.
+    if (!form.isVisible()) form.setWindowModality(shown_.empty() ? Qt::NonModal : Qt::WindowModal);
     form.winId();
     shown_.push_back(&form);
     chain();
+    form.show();
+    form.raise();
+    for (Form* beside : beside_)
+        if (beside->screen().KeepsInSight) beside->raise();
+    form.activateWindow();
+}
+
+void QtDesktop::Show_Beside(Screen& screen) {
+    if (Ending()) return;
+    Form& form = formOf(screen);
+    form.applyShape();
+    std::erase(beside_, &form);
+    beside_.push_back(&form);
+    if (form.isMinimized()) form.showNormal();
     form.show();
     form.raise();
     form.activateWindow();
@@ -182,7 +199,9 @@ void QtDesktop::Hide_Window(Screen& screen) {
     if (form.isVisible()) keepPlace(form);
     takeAway(form);
     The_Settings().Save();
-    if (Form* below = top()) below->activateWindow();
+    QWidget* below = QApplication::activeModalWidget();
+    if (!below) below = top();
+    if (below) below->activateWindow();
     endShowings();
 }
 
@@ -203,6 +222,7 @@ void QtDesktop::endShowings() {
 }
 
 void QtDesktop::On_Ending() {
+    shown_.insert(shown_.begin(), beside_.begin(), beside_.end());
     while (!shown_.empty()) {
         if (shown_.back()->isVisible()) keepPlace(*shown_.back());
         takeAway(*shown_.back());

@@ -35,6 +35,7 @@ class QtDesktop : public platform::Desktop {
     void Print_Pages(const std::vector<std::vector<std::string>>& pages) override;
     void Show_Window(platform::Screen& screen) override;
     void Hide_Window(platform::Screen& screen) override;
+    void Show_Beside(platform::Screen& screen) override;
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
     void Set_Pointer(platform::Pointer pointer) override;
     platform::DisplaySize Display() override;
@@ -67,7 +68,8 @@ class QtDesktop : public platform::Desktop {
 
     PromptLetters letters_;
     std::map<platform::Screen*, std::unique_ptr<Form>> forms_;
-    std::vector<Form*> shown_;  ///< oldest first
+    std::vector<Form*> shown_;   ///< oldest first
+    std::vector<Form*> beside_;  ///< what stands beside them
     std::vector<Showing> showings_;
     std::unique_ptr<QPrinter> printer_;
     bool hourglass_ = false;

@@ -217,10 +217,18 @@ class DocumentView : public Visual {
         std::string title;
         std::string name;  ///< as links know it
     };
+    /// The documents in which words are sought, beside the one that is shown; to be filled before `Sought`.
+    std::vector<std::string> Library;
+    struct Place {
+        std::string document;
+        std::string title;
+        int finds;
+    };
     // Told by the desktop.
-    int Pages = 0;     ///< 0 while no document is shown
-    int Finds = 0;     ///< in how many places the words sought stand
-    double Scale = 1;  ///< the zoom in force, where 0 was asked for too
+    std::vector<Place> Everywhere;  ///< the documents of `Library` in which the words sought stand, in its order
+    int Pages = 0;                  ///< 0 while no document is shown
+    int Finds = 0;                  ///< in how many places the words sought stand
+    double Scale = 1;               ///< the zoom in force, where 0 was asked for too
     std::vector<Heading> Headings;
 
     std::function<void()> OnChange;

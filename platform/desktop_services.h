@@ -82,6 +82,9 @@ class Desktop {
     /// Brings the screen's window up, or to the front, as the one that takes input.
     virtual void Show_Window(Screen& screen) = 0;
     virtual void Hide_Window(Screen& screen) = 0;
+    /// Brings up the window of a screen that stands beside the others and takes input while they do, or brings it to
+    /// the front.
+    virtual void Show_Beside(Screen& screen) { Show_Window(screen); }
     /// Serves events until `done` is true or the process is ending.
     virtual void Serve_Events(Screen& screen, const std::function<bool()>& done) = 0;
 

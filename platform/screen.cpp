@@ -17,11 +17,16 @@ struct Registry {
     std::vector<std::unique_ptr<Screen>> made;
     std::vector<Screen*> shown;  // oldest first; a screen shown again moves to the end
     Screen* active = nullptr;
+    std::function<void(Screen&)> active_watcher;
 };
 
 Registry& Registered() {
     static Registry registry;
     return registry;
+}
+
+void Tell_Active(Screen& screen) {
+    if (Registered().active_watcher) Registered().active_watcher(screen);
 }
 
 }  // namespace
@@ -48,12 +53,14 @@ void Screen::ShowModal() {
     std::erase(registry.shown, this);
     registry.shown.push_back(this);
     visible_ = true;
+    beside_ = false;
     const int before = hidings_;
     Deed::So_Far();
     The_Desktop().Show_Window(*this);
     if (registry.active != this) {
         registry.active = this;
         Form_Activate();
+        if (registry.active == this) Tell_Active(*this);
     }
     Deed::By_Itself();
     if (hidings_ == before) {
@@ -64,7 +71,18 @@ void Screen::ShowModal() {
     Screen* below = registry.shown.empty() ? nullptr : registry.shown.back();
     if (below == registry.active) return;
     registry.active = below;
-    if (below) below->Form_Return();
+    if (!below) return;
+    below->Form_Return();
+    if (registry.active == below) Tell_Active(*below);
+}
+
+void Screen::ShowBeside() {
+    if (The_Desktop().Ending()) return;
+    const bool comes = !visible_;
+    visible_ = true;
+    beside_ = true;
+    if (comes) Form_Activate();
+    The_Desktop().Show_Beside(*this);
 }
 
 void Screen::Hide() {
@@ -131,6 +149,8 @@ void Screen::Hide_Above(const Screen& base) {
 }
 
 Screen* Screen::Active() { return Registered().active; }
+
+std::function<void(Screen&)>& Screen::ActiveWatcher() { return Registered().active_watcher; }
 
 void Screens::Register(const std::string& name, Maker maker, std::optional<std::string> title) {
     Registry& registry = Registered();

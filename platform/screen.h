@@ -47,6 +47,14 @@ class Screen {
     /// A screen may be shown again while an earlier showing has not returned yet; hiding ends every showing.
     /// Does nothing once the process is ending.
     void ShowModal();
+    /// Shows the screen beside the others, or brings it to the front, and returns at once. The others go on as they
+    /// are: it is never the active one, and stands there until it is hidden.
+    void ShowBeside();
+    /// Was it shown so the last time?
+    bool Beside() const { return beside_; }
+    /// While it stands beside: screens that come up do not cover it.
+    bool KeepsInSight = false;
+
     /// Hides the screen, which ends its showings. The screen below becomes active when they have returned.
     void Hide();
     bool Visible() const { return visible_; }
@@ -102,6 +110,8 @@ class Screen {
 
     /// The screen that was made active last and is visible, or null.
     static Screen* Active();
+    /// Called when a screen has become the active one, after its own event; for one that goes along with the user.
+    static std::function<void(Screen&)>& ActiveWatcher();
 
    private:
     friend class Control;
@@ -117,6 +127,7 @@ class Screen {
     std::string name_;
     std::vector<Control*> controls_;
     bool visible_ = false;
+    bool beside_ = false;
     int hidings_ = 0;
     Control* focus_ = nullptr;
     Shape shape_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -11,6 +12,7 @@ class frm_About : public platform::Screen {
 
     platform::Label Label1{*this, "Label1", "Verlink"};
     platform::Label lbl_Version{*this, "lbl_Version"};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     /// A click anywhere closes the screen.

@@ -22,7 +22,6 @@
 #include "platform/deed.h"
 #include "platform/guard.h"
 #include "platform/unheard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 #include "synthesis/cognates.h"
@@ -65,7 +64,6 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     StopKeys = "Space";
     cmd_Animate.Keys = "Space";
     cmd_PlotPrint.Keys = "Ctrl+P";
-    mnu_Help.Keys = "F1";
     Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
     hsc_step.KeepsArrows = false;
     Write_Tips();

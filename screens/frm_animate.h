@@ -11,6 +11,7 @@
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/frm_help.h"
 #include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
 #include "screens/live_plots.h"
@@ -27,6 +28,7 @@ class frm_Animate : public Linkage_Screen {
     void Form_Unload() override;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
     platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};

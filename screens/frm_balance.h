@@ -60,7 +60,8 @@ class frm_Balance : public platform::Screen {
     platform::CommandButton cmd_back{*this, "cmd_back", "&< Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
-    Help_Key key_Help{*this, "mnu_BalanceHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     void txt_BerkMass_LostFocus(int Index);

@@ -10,7 +10,6 @@
 #include "core/numeric.h"
 #include "core/window_sizes.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "synthesis/cognates.h"
 #include "synthesis/diagram_dxf.h"
@@ -32,7 +31,6 @@ frm_Cayley::frm_Cayley() : Screen("frm_Cayley") {
     mnu_Minus.OnClick = [this] { mnu_Minus_Click(); };
     mnu_Redraw.OnClick = cmd_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_CognateHelp"), "frm_Cayley.mnu_Help"); };
-    mnu_Help.Keys = "F1";
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     for (const auto& box : txt_Linkout) box->Locked = true;
 

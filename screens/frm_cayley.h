@@ -3,6 +3,7 @@
 
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -16,6 +17,7 @@ class frm_Cayley : public platform::Screen {
     using Array = platform::ControlArray<Kind>;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
     platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};

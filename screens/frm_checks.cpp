@@ -52,7 +52,6 @@ frm_Checks::frm_Checks() : Screen("frm_Checks") {
     cmd_Done.Tip = "Back to the home screen";
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Done;
 }

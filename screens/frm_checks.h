@@ -17,6 +17,7 @@ class frm_Checks : public platform::Screen {
     frm_Checks();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::Label lbl_Summary{*this, "lbl_Summary"};
     platform::Grid grd_Data{*this, "grd_Data"};

@@ -99,7 +99,8 @@ class frm_Explore : public platform::Screen {
     Button cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     Button cmd_Use{*this, "cmd_Use", "&Use >"};
     platform::Timer Timer1{*this, "Timer1"};
-    Help_Key key_Help{*this, "mnu_ExploreHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
     Button cmd_Choices{*this, "cmd_Choices", "Use as Free C&hoices"};
 
     platform::Shortcut key_Before{*this, "key_Before", "Ctrl+PgUp"};

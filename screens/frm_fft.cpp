@@ -14,7 +14,6 @@
 #include "output/table_sheet.h"
 #include "output/transform.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/plot_tips.h"
 #include "screens/print_questions.h"
@@ -31,7 +30,6 @@ constexpr int kFirstHarmonics = 15;
 
 frm_FFT::frm_FFT() : Screen("frm_FFT") {
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_FFTHelp"), "frm_FFT.mnu_Help"); };
-    mnu_Help.Keys = "F1";
     cmb_Var1.OnClick = [this] { cmb_Var1_Click(); };
     cmb_Com1.OnClick = [this] { cmb_Com1_Click(); };
     const std::vector<const platform::Control*> ways_out{&cmd_Clear1, &cmd_Cancel};

@@ -6,6 +6,7 @@
 #include "platform/desktop_services.h"
 #include "platform/graph.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 #include "screens/listed_choice.h"
 #include "screens/table_menu.h"
 
@@ -16,6 +17,7 @@ class frm_FFT : public platform::Screen {
     frm_FFT();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     Table_Menu table{*this, [this] { return Transform_Table(); }};
 
     platform::Frame fra_Function1{*this, "fra_Function1", "Function for FFT"};

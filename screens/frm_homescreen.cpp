@@ -26,7 +26,6 @@
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
 #include "screens/frm_checks.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
@@ -185,7 +184,6 @@ void frm_HomeScreen::Name_Keys() {
     mnu_Save.Keys = "Ctrl+S";
     mnu_Saveas.Keys = "Ctrl+Shift+S";
     mnu_Quit.Keys = "Ctrl+Q";
-    mnu_Manual.Keys = "F1";
     cmd_Print.Keys = "Ctrl+P";
 }
 

@@ -10,6 +10,7 @@
 #include "platform/overlaid_picture.h"
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
+#include "screens/frm_help.h"
 #include "screens/view_menu.h"
 
 namespace verlink {
@@ -129,6 +130,7 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_BatchHelp{mnu_ReferenceHelp, "mnu_BatchHelp", "Without a Screen"};
     MenuEntry mnu_GlossaryHelp{mnu_ReferenceHelp, "mnu_GlossaryHelp", "Glossary"};
     MenuEntry mnu_CardHelp{mnu_ReferenceHelp, "mnu_CardHelp", "Quick Reference"};
+    Help_Key key_Help{*this};
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};
     MenuEntry mnu_About{mnu_Version, "mnu_About", "&About Verlink"};

@@ -3,7 +3,6 @@
 
 #include "core/linkage_model.h"
 #include "dynamics/typed_units.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 
 namespace verlink {
@@ -21,7 +20,6 @@ frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     cmd_Done.Enabled = false;
 
     cmd_PlotPrint.Keys = "Ctrl+P";
-    mnu_Linkage.Keys = "F1";
     Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
     hsc_step.KeepsArrows = false;
 

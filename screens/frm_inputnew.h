@@ -8,6 +8,7 @@
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
+#include "screens/frm_help.h"
 #include "screens/joint_hand.h"
 #include "screens/linkage_screen.h"
 #include "screens/picture_entries.h"
@@ -35,6 +36,7 @@ class frm_Inputnew : public Linkage_Screen {
     platform::MenuEntry mnu_Linkage{mnu_Help, "mnu_Linkage", "Linkage Data"};
     platform::MenuEntry mnu_Calculations{mnu_Help, "mnu_Calculations", "Calculations"};
     platform::MenuEntry mnu_HandHelp{mnu_Help, "mnu_HandHelp", "Under the Hand"};
+    Help_Key key_Help{*this};
     platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
     platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
     platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};

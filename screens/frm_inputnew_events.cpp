@@ -16,7 +16,6 @@
 #include "core/window_sizes.h"
 #include "platform/deed.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/frm_inputnew.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"

@@ -73,7 +73,8 @@ class frm_MassProp : public platform::Screen {
     platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
-    Help_Key key_Help{*this, "mnu_DynamicsHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
 
     /// The table of torques of that file is imported as the screen comes up, instead of asking for one.
     void Bring_Torque(const std::string& path) { brought_ = path; }

@@ -62,7 +62,8 @@ class frm_Matrix : public platform::Screen {
     platform::CommandButton cmd_Back{*this, "cmd_Back", "< &Back"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
-    Help_Key key_Help{*this, "mnu_DynamicsHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
     Table_Menu table{*this, [this] { return Equations(); }};
 
     void Form_Activate() override;

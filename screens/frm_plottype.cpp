@@ -7,7 +7,6 @@
 #include "core/linkage_model.h"
 #include "core/window_sizes.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 
 namespace verlink {
@@ -117,7 +116,6 @@ void frm_PlotType::Bind() {
     cmd_PickPlotDone.OnClick = [this] { cmd_PickPlotDone_Click(); };
     cmd_CancelPickPlot.OnClick = [this] { cmd_CancelPickPlot_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
 }
 
 void frm_PlotType::Form_Activate() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -10,6 +11,7 @@ class frm_PlotType : public platform::Screen {
     frm_PlotType();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
 
     /// By layout: single window, two windows, four windows, polar.
     platform::ControlArray<platform::Frame> fra_PickPlot{*this,

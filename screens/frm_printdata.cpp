@@ -5,7 +5,6 @@
 #include "core/window_sizes.h"
 #include "output/table_sheet.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 
@@ -22,7 +21,6 @@ frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
     CancelButton = &cmd_Reprint;
 
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
     cmd_Reprint.OnClick = [this] { cmd_Reprint_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_PrintForm.OnClick = [this] { cmd_PrintForm_Click(); };

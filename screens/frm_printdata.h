@@ -4,6 +4,7 @@
 #include "platform/desktop_services.h"
 #include "platform/grid.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 #include "screens/summary_panel.h"
 #include "screens/table_menu.h"
 
@@ -15,6 +16,7 @@ class frm_PrintData : public platform::Screen {
     frm_PrintData();
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     Table_Menu table{*this, [this] { return Shown_Table(); }};
 
     platform::Label lbl_Header{*this, "lbl_Header"};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 
 namespace verlink {
 
@@ -12,6 +13,7 @@ class frm_Quit : public platform::Screen {
     platform::Label Label1{*this, "Label1", "Do you really want to Quit?"};
     platform::CommandButton cmd_NoQuit{*this, "cmd_NoQuit", "&No"};
     platform::CommandButton cmd_YesQuit{*this, "cmd_YesQuit", "&Yes"};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     void cmd_NoQuit_Click();

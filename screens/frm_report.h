@@ -28,7 +28,8 @@ class frm_Report : public platform::Screen {
     platform::Label lbl_Note{*this, "lbl_Note"};
     platform::CommandButton cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     platform::CommandButton cmd_Save{*this, "cmd_Save", "&Save Report..."};
-    Help_Key key_Help{*this, "mnu_ReportHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     void cmd_Save_Click();

@@ -87,7 +87,8 @@ class frm_Studies : public platform::Screen {
     Button cmd_Stop{*this, "cmd_Stop", "St&op"};
     Button cmd_Cancel{*this, "cmd_Cancel", "< &Back"};
     platform::Timer Timer1{*this, "Timer1"};
-    Help_Key key_Help{*this, "mnu_StudiesHelp"};
+    Help_Entry mnu_Help{*this};
+    Help_Key key_Help{*this};
     Edit_Menu edit{*this};
     Table_Menu table{*this, [this] { return Table(); }};
 

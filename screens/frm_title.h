@@ -14,7 +14,7 @@ class frm_Title : public platform::Screen {
     platform::Label lbl_Version{*this, "lbl_Version"};
     platform::CommandButton cmd_Abort{*this, "cmd_Abort", "< &Abort"};
     platform::CommandButton cmd_Start{*this, "cmd_Start", "&Start >"};
-    Help_Key key_Help{*this, "mnu_Manual"};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     /// Closing the window asks what `cmd_Abort` asks.

@@ -20,7 +20,7 @@ class frm_User : public platform::Screen {
     platform::TextBox txt_DesignNo{*this, "txt_DesignNo"};
     platform::TextBox txt_Filename{*this, "txt_Filename", "Model1"};
     platform::CommandButton cmd_Done{*this, "cmd_Done", "Next >"};
-    Help_Key key_Help{*this, "mnu_Manual"};
+    Help_Key key_Help{*this};
 
     void Form_Activate() override;
     /// Before the home screen has been up, closing the window asks whether to quit; later it goes back to it.

@@ -7,7 +7,6 @@
 #include "core/window_sizes.h"
 #include "output/selection.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 
 namespace verlink {
@@ -76,7 +75,6 @@ void Function_Screen::Bind(const char* variables) {
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { Go_On(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
     cmd_Last.OnClick = [this] { cmd_Last_Click(); };
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 #include "screens/last_selection.h"
 #include "screens/listed_choice.h"
 
@@ -34,6 +35,7 @@ struct Function_Slot {
 class Function_Screen : public platform::Screen {
    public:
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     std::vector<std::unique_ptr<Function_Slot>> Slots;  ///< slot n at n - 1
 
     platform::Frame fra_coord{*this, "fra_coord", "Coordinate System"};

@@ -6,7 +6,6 @@
 #include "core/linkage_model.h"
 #include "core/window_sizes.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 
@@ -22,7 +21,6 @@ Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     cmd_PlotPrint.Keys = "Ctrl+P";
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
 }
 
 void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::CommandButton& next) {

@@ -6,6 +6,7 @@
 #include "core/number.h"
 #include "platform/desktop_services.h"
 #include "platform/screen.h"
+#include "screens/frm_help.h"
 #include "screens/summary_panel.h"
 
 namespace verlink {
@@ -13,6 +14,7 @@ namespace verlink {
 class Plot_Screen : public platform::Screen {
    public:
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
 
     platform::Label lbl_Header{*this, "lbl_Header"};
     platform::Label lbl_Header2{*this, "lbl_Header2"};

@@ -13,7 +13,6 @@
 #include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
 #include "platform/guard.h"
-#include "screens/frm_help.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
 #include "synthesis/diagram_dxf.h"
@@ -59,7 +58,6 @@ Synthesis_Screen::Synthesis_Screen(const std::string& name, int positions, std::
     cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
     cmd_Explore.OnClick = [this] { cmd_Explore_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
-    mnu_Help.Keys = "F1";
     Label* values[] = {&lbl_Wmag[1], &lbl_Zmag[1], &lbl_Umag[1], &lbl_Smag[1], &lbl_P21mag};
     for (int i = 0; i < 5; ++i) Follow(lbl_Symbol[i], *values[i]);
     Label* angles[] = {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi, &lbl_Alpha2, &lbl_Beta2, &lbl_Gamma2, &lbl_Theta1[1]};

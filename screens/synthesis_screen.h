@@ -13,6 +13,7 @@
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
+#include "screens/frm_help.h"
 #include "screens/typed_positions.h"
 
 namespace verlink {
@@ -33,6 +34,7 @@ class Synthesis_Screen : public platform::Screen {
     using Array = platform::ControlArray<Kind>;
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
+    Help_Key key_Help{*this};
     Edit_Menu edit{*this};
     Drawing_Menu drawing{*this, "dyads", [this] { return Diagram(); }};
     Label lbl_Header{*this, "lbl_Header"};

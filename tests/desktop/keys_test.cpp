@@ -87,7 +87,6 @@ TEST_F(KeysTest, The_entries_show_their_keys) {
     QWidget& home = qt.formOf(Screens::Get("frm_HomeScreen"));
     EXPECT_EQ(Shown(home, "mnu_New"), "Ctrl+N");
     EXPECT_EQ(Shown(home, "mnu_Saveas"), "Ctrl+Shift+S");
-    EXPECT_EQ(Shown(home, "mnu_Manual"), "F1");
     QWidget& animate = qt.formOf(Screens::Get("frm_Animate"));
     EXPECT_EQ(Shown(animate, "mnu_Plus"), "Ctrl++");
     EXPECT_EQ(Shown(animate, "mnu_Normal"), "Ctrl+0");

@@ -199,15 +199,17 @@ TEST_F(ServicesTest, A_document_that_is_not_installed_is_named) {
 }
 
 TEST_F(ServicesTest, A_film_that_is_not_there_is_told_with_what_makes_it) {
-    Then("frm_Help", [](QWidget& window) {
+    const auto reads = [](QWidget& window) {
         auto& view = static_cast<desktop::DocumentWidget&>(Find<QWidget>(window, "WebBrowser1"));
         EXPECT_EQ(view.note(),
                   "This document is not installed: helpfiles/verlink/no_such_film.webm\n\n"
                   "It is a film. Where Verlink was built from its sources, tools/screencast makes it there, in some "
                   "minutes; then this entry shows it.");
         Click(window, "cmd_Close");
-    });
+    };
     Show_Help("helpfiles/verlink/no_such_film.webm", "frm_Homescreen.mnu_Video1");
+    reads(qt.formOf(platform::Screens::Get("frm_Help")));
+    EXPECT_FALSE(platform::Screens::Get("frm_Help").Visible());
 }
 
 TEST_F(ServicesTest, A_document_that_is_installed_is_shown) {

@@ -49,7 +49,7 @@ TEST_F(ShowingTest, A_screen_shown_from_another_takes_the_input_until_it_hides) 
     Then("frm_One", [](QWidget& window) { Click(window, "cmd_Go"); });
     Then("frm_Two", [this](QWidget& window) {
         EXPECT_TRUE(qt.formOf(one).isVisible());
-        EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+        EXPECT_EQ(window.windowModality(), Qt::WindowModal);
         EXPECT_EQ(window.windowHandle()->transientParent(), qt.formOf(one).windowHandle());
         Click(window, "cmd_Go");
     });
@@ -106,12 +106,73 @@ TEST_F(ShowingTest, A_screen_shown_from_one_above_it_comes_to_the_top) {
     Then("frm_One", [](QWidget& window) { Click(window, "cmd_Go"); });
     Then("frm_Two", [](QWidget& window) { Click(window, "cmd_Go"); });
     Then("frm_One", [this](QWidget& window) {
-        EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+        EXPECT_EQ(window.windowModality(), Qt::WindowModal);
         one.Hide();
     });
     Then("frm_Two", [this](QWidget&) { two.Hide(); });
     one.ShowModal();
     EXPECT_FALSE(two.Visible());
+}
+
+TEST_F(ShowingTest, A_screen_beside_is_in_use_with_the_others_and_closes_none) {
+    frm_Sample beside("frm_Beside");
+    bool told = false;
+    beside.cmd_Go.OnClick = [&told] { told = true; };
+    one.cmd_Go.OnClick = [&] {
+        beside.ShowBeside();
+        two.ShowModal();
+    };
+    two.cmd_Go.OnClick = [this] { two.Hide(); };
+    Then("frm_One", [](QWidget& window) { Click(window, "cmd_Go"); });
+    Then("frm_Beside", [&](QWidget& window) {
+        EXPECT_EQ(Screen::Active(), &two);
+        EXPECT_TRUE(qt.formOf(beside).inUse());
+        EXPECT_TRUE(qt.formOf(two).inUse());
+        EXPECT_FALSE(qt.formOf(one).inUse());
+        Click(window, "cmd_Go");
+        EXPECT_TRUE(told);
+    });
+    Then("frm_Two", [](QWidget& window) { Click(window, "cmd_Go"); });
+    Then("frm_One", [&](QWidget&) {
+        EXPECT_TRUE(qt.formOf(beside).isVisible());
+        EXPECT_TRUE(qt.formOf(one).inUse());
+        qt.formOf(beside).close();
+        EXPECT_FALSE(beside.Visible());
+        one.Hide();
+    });
+    one.ShowModal();
+    EXPECT_EQ(one.said, "activate;return;") << "what stood beside was not above it";
+    qt.discardForms();
+}
+
+TEST_F(ShowingTest, A_message_can_be_answered_with_a_screen_beside_in_use) {
+    frm_Sample beside("frm_Beside");
+    one.cmd_Go.OnClick = [&] {
+        beside.ShowBeside();
+        Tell("a message");
+        one.Hide();
+    };
+    Then("frm_One", [](QWidget& window) { Click(window, "cmd_Go"); });
+    Then("message", [&](QWidget& window) {
+        EXPECT_TRUE(qt.formOf(beside).inUse());
+        EXPECT_FALSE(qt.formOf(one).inUse());
+        beside.Hide();
+        QTest::keyClick(&window, Qt::Key_Return);
+    });
+    one.ShowModal();
+    qt.discardForms();
+}
+
+TEST_F(ShowingTest, The_end_of_the_process_takes_what_stands_beside) {
+    frm_Sample beside("frm_Beside");
+    one.cmd_Go.OnClick = [&] {
+        beside.ShowBeside();
+        qt.End_Process();
+    };
+    Then("frm_One", [](QWidget& window) { Click(window, "cmd_Go"); });
+    one.ShowModal();
+    EXPECT_FALSE(qt.formOf(beside).isVisible());
+    qt.discardForms();
 }
 
 TEST_F(ShowingTest, The_end_of_the_process_ends_every_showing) {

@@ -39,12 +39,16 @@ std::string NameOf(const QWidget& window) {
     return window.objectName().toStdString();
 }
 
-/// The window that takes the user's hand, made the active one where no window manager does that.
-QWidget* WindowInUse() {
+/// The window that takes the user's hand, made the active one where no window manager does that. What stands beside is
+/// that when it is the one that is waited for.
+QWidget* WindowInUse(const std::string& wanted) {
     QWidget* window = QApplication::activeModalWidget();
-    if (!window) {
-        for (QWidget* candidate : QApplication::topLevelWidgets())
-            if (dynamic_cast<Form*>(candidate) && candidate->isVisible()) window = candidate;
+    for (QWidget* candidate : QApplication::topLevelWidgets()) {
+        const auto* form = dynamic_cast<Form*>(candidate);
+        if (!form || !form->isVisible()) continue;
+        const bool beside = form->screen().Beside();
+        if (beside ? form->screen().Name() == wanted : !QApplication::activeModalWidget()) window = candidate;
+        if (beside && window == candidate) break;
     }
     if (window && !window->isActiveWindow()) window->activateWindow();
     return window && window->isActiveWindow() ? window : nullptr;
@@ -124,7 +128,7 @@ void DesktopTest::Pick(QWidget& window, const char* entry) { Find<QAction>(windo
 
 void DesktopTest::Poll() {
     if (posted_ || desktop::inPause()) return;
-    QWidget* window = WindowInUse();
+    QWidget* window = WindowInUse(deeds_.empty() ? std::string() : deeds_.front().window);
     if (!window || (!at_work_.empty() && at_work_.back() == window)) return;
     if (!deeds_.empty() && deeds_.front().window == NameOf(*window)) {
         puzzled_ = 0;

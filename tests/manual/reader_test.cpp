@@ -35,17 +35,16 @@ class Player : public QObject {
 
 class ReaderTest : public DesktopTest {
    protected:
-    ReaderTest() : screen(static_cast<frm_Help&>(Screens::Get("frm_Help"))), form(qt.formOf(screen)) {}
+    ReaderTest() : screen(static_cast<frm_Help&>(Screens::Get("frm_Help"))), form(qt.formOf(screen)) { ActAlone(); }
 
     /// Opens the document of an entry as the program does, reads in it, and closes it.
     void Read(const char* entry, const std::function<void()>& reading) {
-        Then("frm_Help", [this, &reading](QWidget& window) {
-            window.resize(900, 700);
-            QCoreApplication::processEvents();
-            reading();
-            screen.Hide();
-        });
         Show_Help(Help_Document(entry), "reading");
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        form.resize(900, 700);
+        QCoreApplication::processEvents();
+        reading();
+        screen.Hide();
     }
 
     DocumentWidget& Document() { return static_cast<DocumentWidget&>(*form.widget("WebBrowser1")); }
@@ -112,12 +111,13 @@ TEST_F(ReaderTest, Scrolling_tells_the_page_in_view) {
 }
 
 TEST_F(ReaderTest, A_word_is_found_marked_and_brought_into_view) {
-    Read("mnu_LinkCalc", [&] {
+    Read("mnu_Manual", [&] {
         EXPECT_FALSE(Find<QPushButton>(form, "cmd_FindAfter").isEnabled());
         Type(form, "txt_Find", QStringLiteral("freudenstein"));
         QTest::keyClick(&Find<QLineEdit>(form, "txt_Find"), Qt::Key_Return);
-        ASSERT_EQ(Pages().finds(), 1);
-        EXPECT_EQ(Text("lbl_Finds"), "1 of 1");
+        const int named = Pages().finds();
+        ASSERT_GT(named, 0);
+        EXPECT_EQ(Text("lbl_Finds"), "1 of " + std::to_string(named));
         EXPECT_GT(Pages().verticalScrollBar()->value(), 0);
 
         Type(form, "txt_Find", QStringLiteral("theta"));
@@ -135,6 +135,52 @@ TEST_F(ReaderTest, A_word_is_found_marked_and_brought_into_view) {
         Click(form, "cmd_FindAfter");
         EXPECT_EQ(Text("lbl_Finds"), "Not found");
     });
+}
+
+TEST_F(ReaderTest, A_word_is_found_in_all_documents_and_marked_in_each) {
+    Read("mnu_LinkCalc", [&] {
+        Type(form, "txt_Find", QStringLiteral("freudenstein"));
+        QTest::keyClick(&Find<QLineEdit>(form, "txt_Find"), Qt::Key_Return);
+        const auto places = screen.WebBrowser1.Everywhere;
+        ASSERT_GT(places.size(), 1u);
+        int all = 0;
+        std::set<std::string> documents;
+        for (const auto& place : places) {
+            all += place.finds;
+            documents.insert(place.document);
+        }
+        EXPECT_EQ(Find<QComboBox>(form, "cmb_Finds").count(), static_cast<int>(places.size()));
+        std::set<std::string> stepped;
+        std::set<std::string> told;
+        for (int i = 0; i < all; ++i) {
+            stepped.insert(screen.WebBrowser1.Document);
+            told.insert(Text("lbl_Finds"));
+            EXPECT_GT(Pages().finds(), 0) << "marked there too";
+            const auto place =
+                std::ranges::find(places, screen.WebBrowser1.Document.Get(), &platform::DocumentView::Place::document);
+            ASSERT_NE(place, places.end());
+            EXPECT_EQ(Pages().finds(), place->finds);
+            Click(form, "cmd_FindAfter");
+        }
+        EXPECT_EQ(stepped, documents);
+        EXPECT_EQ(told.size(), static_cast<std::size_t>(all)) << "each place once";
+        EXPECT_EQ(screen.WebBrowser1.Document.Get(), Help_Document("mnu_LinkCalc")) << "round the end";
+        Click(form, "cmd_Back");
+        EXPECT_EQ(screen.WebBrowser1.Document.Get(), Help_Document("mnu_LinkCalc"));
+    });
+}
+
+TEST_F(ReaderTest, Every_place_that_F1_leads_to_is_a_heading_of_its_document) {
+    int headings = 0;
+    for (const Help_Place& row : Help_Places()) {
+        if (*row.heading == '\0') continue;
+        const QString path = desktop::helpDocument(QString::fromStdString(Help_Document(row.entry)));
+        ASSERT_FALSE(path.isEmpty()) << row.entry;
+        EXPECT_NE(desktop::DocumentPlaces::ofDocument(path).place(QString::fromLatin1(row.heading)), nullptr)
+            << row.entry << "#" << row.heading;
+        ++headings;
+    }
+    EXPECT_GT(headings, 60);
 }
 
 TEST_F(ReaderTest, The_contents_lead_to_a_heading) {
@@ -257,11 +303,10 @@ TEST_F(ReaderTest, The_video_goes_to_the_users_player) {
 }
 
 TEST_F(ReaderTest, Escape_closes_the_manual) {
-    Then("frm_Help", [](QWidget& window) {
-        EXPECT_EQ(static_cast<desktop::Form&>(window).screen().Focus()->Name(), "WebBrowser1");
-        QTest::keyClick(window.focusWidget() ? window.focusWidget() : &window, Qt::Key_Escape);
-    });
     Show_Help(Help_Document("mnu_UnitsHelp"), "frm_Homescreen.mnu_UnitsHelp");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_EQ(screen.Focus()->Name(), "WebBrowser1");
+    QTest::keyClick(form.focusWidget() ? form.focusWidget() : &form, Qt::Key_Escape);
     EXPECT_FALSE(screen.Visible());
 }
 

@@ -279,6 +279,9 @@ TEST_F(SmallScreensTest, HelpAndAboutTakeTheSizeThatIsSetForAllScreens) {
     };
     const auto about = [&] { return size_of("frm_About", [&home] { Pick_Menu(home, "mnu_About"); }); };
     using Size = std::pair<long, long>;
+    EXPECT_EQ(help(), Size(10240, 14000)) << "at first it stands beside the program";
+    EXPECT_EQ(Screens::Get("frm_Help").Left().Get(), 25600 - 10240);
+    Pick_Menu(Screens::Get("frm_Help"), "mnu_Shrink");
     EXPECT_EQ(help(), Size(11850, 8950));
     EXPECT_EQ(about(), Size(6000, 3000));
     Pick_Menu(home, "mnu_Fullscreen");
@@ -292,6 +295,9 @@ TEST_F(SmallScreensTest, HelpAndAboutTakeTheSizeThatIsSetForAllScreens) {
     EXPECT_EQ(help(), Size(25600, 14400)) << "what the user chose for the manual stays";
     Pick_Menu(Screens::Get("frm_Help"), "mnu_Shrink");
     EXPECT_EQ(help(), Size(11850, 8950));
+    Pick_Menu(Screens::Get("frm_Help"), "mnu_Beside");
+    EXPECT_EQ(help(), Size(10240, 14000));
+    EXPECT_TRUE(Screens::Get("frm_Help").Get<MenuEntry>("mnu_Beside").Checked);
 }
 
 TEST_F(SmallScreensTest, AFailureOfTheHelpGoesToTheReporterUnderTheHandlersName) {

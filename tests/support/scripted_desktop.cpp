@@ -153,6 +153,13 @@ void ScriptedDesktop::Serve_Events(Screen& screen, const std::function<bool()>& 
     screen.Hide();
 }
 
+void ScriptedDesktop::Show_Beside(Screen& screen) {
+    const auto expected = Take<ScreenExpected>("screen " + screen.Name());
+    if (!expected) return screen.Hide();
+    EXPECT_EQ(expected->name, screen.Name());
+    if (expected->name == screen.Name()) expected->user(screen);
+}
+
 void ScriptedDesktop::Set_Pointer(Pointer pointer) {
     PointerNow = pointer;
     Pointers.push_back(pointer);

@@ -63,6 +63,8 @@ class ScriptedDesktop : public platform::Desktop {
     void Print_Pages(const std::vector<std::vector<std::string>>& pages) override;
     void Show_Window(platform::Screen&) override {}
     void Hide_Window(platform::Screen&) override {}
+    /// As with other screens, the user's part comes next in the queue; he may leave it open.
+    void Show_Beside(platform::Screen& screen) override;
     void Serve_Events(platform::Screen& screen, const std::function<bool()>& done) override;
     void Set_Pointer(platform::Pointer pointer) override;
     platform::DisplaySize Display() override { return Size; }

@@ -179,7 +179,20 @@ Timer* Timer_Of(const Action& action) {
     return nullptr;
 }
 
+Screen* Beside() {
+    for (Screen* screen : Screens::Made())
+        if (screen->Visible() && screen->Beside()) return screen;
+    return nullptr;
+}
+
+Screen& Where(Screen& top, const Action& action) {
+    Screen* beside = Beside();
+    return beside && action.screen == beside->Name() ? *beside : top;
+}
+
 bool Possible(const Screen& top, const Action& action) {
+    if (const Screen* beside = Beside(); beside && beside != &top && action.screen == beside->Name())
+        return Possible(*beside, action);
     // Time passes on screens that are not in sight, too.
     if (action.deed == Deed::kPulse) {
         const Timer* timer = Timer_Of(action);

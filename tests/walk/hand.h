@@ -15,7 +15,12 @@ bool Running(const platform::Timer& timer);
 /// The timer of an action, whatever screen it is of; null when there is none.
 platform::Timer* Timer_Of(const Action& action);
 
-/// True when the hand can do it on this screen as it stands.
+/// The screen that stands beside the others; null when there is none.
+platform::Screen* Beside();
+/// The screen that an action is done on: the one beside when it is of that, else the one on top.
+platform::Screen& Where(platform::Screen& top, const Action& action);
+
+/// True when the hand can do it on this screen as it stands, or on the one that stands beside it.
 bool Possible(const platform::Screen& top, const Action& action);
 
 /// Does it. Returns when all that followed has, other screens included.

@@ -185,6 +185,10 @@ double Random_User::Worn(const Action& action) {
 std::optional<Action> Random_User::Next(Screen& top, bool looking) {
     if (left_-- <= 0) return {};
     if (looking) return Way_Back(top);
+    if (Screen* beside = Beside(); beside && Chance(0.15)) {
+        Choices choices = All(*beside);
+        return Pick_One(choices);
+    }
     Choices choices = All(top);
     std::optional<Action> action = Pick_One(choices);
     if (action && May_Look(top, *action) && Chance(0.6)) action->looks = true;

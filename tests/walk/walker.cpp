@@ -92,7 +92,7 @@ void Walker::Serve(Screen& top, const std::function<bool()>& done, const Hand& d
         if (!over_) Rest(top);
         if (!over_) {
             if (const std::optional<Action> action = user_.Next(top, look_ && look_->screen != top.Name()))
-                Perform(top, *action, deed);
+                Perform(Where(top, *action), *action, deed);
             else
                 over_ = true;
             continue;
@@ -156,7 +156,8 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     // A search that ends by itself is the same each time, which one that is watched as it goes is not.
     auto* explore = dynamic_cast<frm_Explore*>(&top);
     if (explore) explore->Effort.coarse = true;
-    const bool only_looks = !typing && !Waits_For_A_Hand(top) && Only_Looks(top, action);
+    // What stands beside changes nothing, whatever waits to be taken over on the others.
+    const bool only_looks = top.Beside() || (!typing && !Waits_For_A_Hand(top) && Only_Looks(top, action));
     const Words before = only_looks ? Record_Words() : Words();
     try {
         // As a desktop does, under the name of the control.

@@ -117,6 +117,8 @@ void Walker::Go() {
     }
     const Stop& stop = stops_[next_];
     Screen* active = Screen::Active();
+    for (Screen* screen : platform::Screens::Made())
+        if (screen->Visible() && screen->Beside() && screen->Name() == stop.screen) active = screen;
     if (!acted_ && (!active || active->Name() != stop.screen)) {
         if (++waits_ > kPatience) {
             std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());

@@ -143,7 +143,7 @@ void Widget_Desktop::Serve_Events(Screen& screen, const std::function<bool()>& d
         if (!form.isActiveWindow()) form.activateWindow();
         QCoreApplication::processEvents();
         // A timer may have led elsewhere meanwhile.
-        if (Screen::Active() != &top) return;
+        if (Screen::Active() != &top && !top.Beside()) return;
         Do_On_Widgets(form, action);
         QCoreApplication::processEvents();
         if (Screen* active = Screen::Active(); active && active->Visible() && !Ending()) {
