@@ -64,9 +64,11 @@ inline void Choose_Words(Screen& screen, const std::string& box, const std::stri
     Account("cannot choose", words);
 }
 
-/// A stop whose picture has numbers at places of widgets.
-inline Stop Marked(Stop stop, std::vector<Mark> marks) {
+/// A stop whose picture has numbers at places of widgets, and is cut to some of them.
+inline Stop Marked(Stop stop, std::vector<Mark> marks, std::vector<std::string> part = {}, double lower = 1) {
     stop.marks = std::move(marks);
+    if (!part.empty()) stop.part = std::move(part);
+    stop.lower = lower;
     return stop;
 }
 

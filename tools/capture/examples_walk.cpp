@@ -248,41 +248,40 @@ Stops Cam_Drive() {
 /// The lid's task is looked through by a search, which is awaited.
 Stops Lid_Found() {
     Stops walk = New_In_Units("a-lid-with-loads", 5);
-    Add(walk,
-        {At("frm_Inputnew", Pressing("cmd_Cancel")), At("frm_HomeScreen", Menu("mnu_Explore")),
-         At("frm_Explore", Picking("opt_Relative", 1)),
-         At("frm_Explore", Typing({{"txt_X", 1, "0"},
-                                   {"txt_Y", 1, "0"},
-                                   {"txt_Angle", 1, "0"},
-                                   {"txt_X", 2, "-50"},
-                                   {"txt_Y", 2, "180"},
-                                   {"txt_Angle", 2, "40"},
-                                   {"txt_X", 3, "-210"},
-                                   {"txt_Y", 3, "280"},
-                                   {"txt_Angle", 3, "85"},
-                                   {"txt_Area", 0, "-420 -160 to -180 160"},
-                                   {"txt_Area", 2, "-420 -160 to -180 160"},
-                                   {"txt_Limit", 0, "60"},
-                                   {"txt_Limit", 1, "450"},
-                                   {"txt_Limit", 2, "35"}})),
-         Shown("frm_Explore", "lid-explore", {"Picture1", "hsc_Stroke", "lbl_Told", "pic_Found_0", "lbl_Found_5"},
-               {{"Picture1", 0.06, 0.06}, {"hsc_Stroke", 0.5, 0.5}, {"pic_Found_0", 0.9, 0.1}, {"lbl_Told", 0.9, 0.9}},
-               [](Screen& s) {
-                   Press(s, "cmd_Search");
-                   auto& explore = dynamic_cast<frm_Explore&>(s);
-                   explore.Await_Search();
-                   explore.hsc_Stroke.SetValue(frm_Explore::kStroke / 2);
-               }),
-         At("frm_Explore", Seeing({{"lid_told", "lbl_Told"}})), At("frm_Explore", Pressing("cmd_Use"), 400),
-         At("frm_Inputnew", Seeing({{"lid_l1", "txt_Linkout", 0},
-                                    {"lid_l2", "txt_Linkout", 1},
-                                    {"lid_l3", "txt_Linkout", 2},
-                                    {"lid_l4", "txt_Linkout", 3},
-                                    {"lid_r", "txt_Linkout", 4},
-                                    {"lid_delta", "txt_Linkout", 5},
-                                    {"lid_ground", "txt_Linkout", 6},
-                                    {"lid_from", "txt_initial", 0},
-                                    {"lid_to", "txt_initial", 1}}))});
+    Add(walk, {At("frm_Inputnew", Pressing("cmd_Cancel")), At("frm_HomeScreen", Menu("mnu_Explore")),
+               At("frm_Explore", Picking("opt_Relative", 1)),
+               At("frm_Explore", Typing({{"txt_X", 1, "0"},
+                                         {"txt_Y", 1, "0"},
+                                         {"txt_Angle", 1, "0"},
+                                         {"txt_X", 2, "-50"},
+                                         {"txt_Y", 2, "180"},
+                                         {"txt_Angle", 2, "40"},
+                                         {"txt_X", 3, "-210"},
+                                         {"txt_Y", 3, "280"},
+                                         {"txt_Angle", 3, "85"},
+                                         {"txt_Area", 0, "-420 -160 to -180 160"},
+                                         {"txt_Area", 2, "-420 -160 to -180 160"},
+                                         {"txt_Limit", 0, "60"},
+                                         {"txt_Limit", 1, "450"},
+                                         {"txt_Limit", 2, "35"}})),
+               Shown("frm_Explore", "lid-explore", {"Picture1", "hsc_Stroke", "pic_Found_0", "lbl_Found_3"},
+                     {{"Picture1", 0.06, 0.06}, {"hsc_Stroke", 0.5, 0.5}, {"pic_Found_0", 0.9, 0.1}},
+                     [](Screen& s) {
+                         Press(s, "cmd_Search");
+                         auto& explore = dynamic_cast<frm_Explore&>(s);
+                         explore.Await_Search();
+                         explore.hsc_Stroke.SetValue(frm_Explore::kStroke / 2);
+                     }),
+               At("frm_Explore", Seeing({{"lid_told", "lbl_Told"}})), At("frm_Explore", Pressing("cmd_Use"), 400),
+               At("frm_Inputnew", Seeing({{"lid_l1", "txt_Linkout", 0},
+                                          {"lid_l2", "txt_Linkout", 1},
+                                          {"lid_l3", "txt_Linkout", 2},
+                                          {"lid_l4", "txt_Linkout", 3},
+                                          {"lid_r", "txt_Linkout", 4},
+                                          {"lid_delta", "txt_Linkout", 5},
+                                          {"lid_ground", "txt_Linkout", 6},
+                                          {"lid_from", "txt_initial", 0},
+                                          {"lid_to", "txt_initial", 1}}))});
     return walk;
 }
 
@@ -299,7 +298,7 @@ Stops Lid() {
                                     {"txt_AngForce", 3, "78.73"},
                                     {"txt_DistP", 3, "0"}})),
          Shown("frm_MassProp", "lid-loads", {"lbl_Link_3", "fra_CG", "fra_Force", "fra_ForceAt"},
-               {{"fra_CG", 0.02, 0.25}, {"fra_Force", 0.02, 0.25}, {"fra_ForceAt", 0.02, 0.25}}, Pressing("cmd_Solve")),
+               {{"fra_CG", 0.24, 0.5}, {"fra_Force", 0.24, 0.5}, {"fra_ForceAt", 0.24, 0.5}}, Pressing("cmd_Solve")),
          At("frm_MassProp", Pressing("cmd_Done"))});
     Add(walk, Table_Of({{"Torque 12", ""}, {"Force 12", "Mag"}, {"Force 14", "Mag"}, {"Coupler Pt", "Y"}}, 3));
     Add(walk, {At("frm_PrintData", Seeing_Cells({{"lid_t_min", "Min", 1},

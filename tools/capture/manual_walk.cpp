@@ -84,11 +84,11 @@ Stops Synthesis() {
          120, false, "", "Type how the point moves and how the part turns, and choose how far crank and rocker turn."},
         Marked({"frm_Synth3", "synthesis-3", Pressing("cmd_Calc"), 300, false, "synthesis-report",
                 "Calculate reports the linkage that reaches all three."},
-               {{"fra_Given", 0.03, 0.12},
-                {"fra_Left", 0.05, 0.1},
-                {"fra_Right", 0.05, 0.1},
-                {"fra_LeftCalc", 0.05, 0.06},
-                {"fra_RightCalc", 0.05, 0.06},
+               {{"fra_Given", 0.9, 0.08},
+                {"fra_Left", 0.93, 0.14},
+                {"fra_Right", 0.93, 0.14},
+                {"fra_LeftCalc", 0.93, 0.08},
+                {"fra_RightCalc", 0.93, 0.08},
                 {"Image1", 0.06, 0.06}}),
         {"frm_Synth3", "", Pressing("cmd_Done")}};
 }
@@ -159,30 +159,30 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
                                 "The strip at the foot of the home screen tells what is there."},
                                {{"cmd_Input", 0.12, 0.2},
                                 {"Picture1", 0.06, 0.06},
-                                {"lbl_Status_0", -0.1, 0.5},
-                                {"lbl_Status_10", 1.1, 0.5}})};
+                                {"lbl_Status_0", 0.5, -0.7},
+                                {"lbl_Status_10", 0.5, -0.7}})};
     stops.insert(stops.end(), under_the_hand.begin(), under_the_hand.end());
     stops.insert(stops.end(), home.begin(), home.end());
     return stops;
 }
 
 Stops Plot_Accelerations() {
-    return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
-             "Plot: the acceleration of the coupler point, in a single window."},
-            {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
-                   {{"fra_Method", 0.95, 0.2},
-                    {"cmb_Preset", 0.9, 0.5},
-                    {"fra_Function1", 0.92, 0.1},
-                    {"fra_Plot_1", 0.9, 0.15},
-                    {"fra_coord", 0.95, 0.2}}),
-            {"frm_PlotSelect1", "", Pressing("cmd_Done")},
-            Marked({"frm_Plot1", "plot-acceleration", {}, 300}, {{"grf_Plot_0", 0.09, 0.03},
-                                                                 {"grf_Plot_0", 0.12, 0.3},
-                                                                 {"fra_Grid", 0.95, 0.2},
-                                                                 {"fra_Links", 0.92, 0.07}}),
-            {"frm_Plot1", "", Pressing("cmd_Done")}};
+    return {
+        {"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
+         "Plot: the acceleration of the coupler point, in a single window."},
+        {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+               {{"fra_Method", 0.95, 0.2},
+                {"cmb_Preset", 0.9, 0.5},
+                {"fra_Function1", 0.92, 0.1},
+                {"fra_Plot_0", 0.9, 0.15},
+                {"fra_coord", 1.0, 0.1}}),
+        {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+        Marked(
+            {"frm_Plot1", "plot-acceleration", {}, 300},
+            {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}, {"fra_Links", 0.92, 0.07}}),
+        {"frm_Plot1", "", Pressing("cmd_Done")}};
 }
 
 Stops Forces_And_Balance() {
@@ -201,12 +201,14 @@ Stops Forces_And_Balance() {
                      {"txt_AngCG", 2, "0"},
                      {"txt_AngCG", 3, "15"},
                      {"txt_AngCG", 4, "0"}})},
-            Marked({"frm_MassProp", "dynamics", Pressing("cmd_Solve"), 300}, {{"fra_Mass", 0.02, 0.2},
-                                                                              {"fra_CG", 0.02, 0.2},
-                                                                              {"fra_Force", 0.02, 0.2},
-                                                                              {"fra_ForceAt", 0.02, 0.2},
-                                                                              {"fra_Torque", 0.02, 0.2},
-                                                                              {"cmd_Solve", 0.08, 0.5}}),
+            Marked({"frm_MassProp", "dynamics", Pressing("cmd_Solve"), 300},
+                   {{"fra_Mass", 0.02, 0.2},
+                    {"fra_CG", 0.02, 0.2},
+                    {"fra_Force", 0.02, 0.2},
+                    {"fra_ForceAt", 0.02, 0.2},
+                    {"fra_Torque", 0.02, 0.2},
+                    {"cmd_Solve", 0.08, 0.5}},
+                   {"lbl_Link_4", "fra_Mass", "cmd_Matrix"}),
             {"frm_MassProp", "", Pressing("cmd_Matrix")},
             {"frm_Matrix", "matrix", {}, 200},
             {"frm_Matrix", "", Pressing("cmd_Done")},
@@ -238,7 +240,8 @@ Stops Table() {
         {"frm_PrintSelect", "", Pressing("cmd_Done")},
         Marked(
             {"frm_PrintData", "print-data", {}, 300},
-            {{"grd_Data", 0.23, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.5}, {"fra_Links", 0.92, 0.08}}),
+            {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.4}, {"fra_Links", 0.92, 0.08}},
+            {"grd_Data", "fra_Links"}, 0.7),
         {"frm_PrintData", "", Pressing("cmd_Done")}};
 }
 
@@ -405,7 +408,7 @@ Stops Studies() {
                      {"txt_PlusMinus", 4, "0.01"}})},
             {"frm_Studies", "", Pressing("cmd_Start"), 6000},
             Marked({"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
-                   {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.96, 0.3}, {"Picture1", 0.06, 0.06}}),
+                   {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.94, 0.75}, {"Picture1", 0.06, 0.06}}),
             {"frm_Studies", "", Pressing("cmd_Cancel")}};
 }
 
