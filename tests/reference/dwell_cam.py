@@ -12,7 +12,7 @@ import pathlib
 import sys
 
 LIFT, SPEED, STEP = 26.0, 4 * math.pi, 2  # degrees, rad/s, degrees of the cam
-ARM, ROLLER, CAM = 45, 14, 30  # length of the arm, radius of the roller, size of the cam
+ARM, ROLLER, CAM = 40, 8, 30  # length of the arm, radius of the roller, size of the cam
 LINKS = {"L2": 70, "L3": 120, "L4": 55, "L1": 110}
 PHASE = 70  # of the arm at rest, degrees
 
@@ -40,7 +40,7 @@ def main():
     blank = ['""']
     lines = ["4", "1", number(PHASE), number(ARM), number(CAM), number(ROLLER)]
     lines += ["0", number(period), f"{period / (count - 1):.9g}", '"Fourbar"', "5"] + 7 * blank
-    lines += ["0", "-1"] + [number(length) for length in LINKS.values()] + ["0", number(LINKS["L1"]), "0", "6", "-63"]
+    lines += ["0", "-1"] + [number(length) for length in LINKS.values()] + ["0", number(LINKS["L1"]), "0", "6", "-55"]
     lines += 9 * blank + ["0"] + 12 * blank + 30 * blank + [str(count)]
     lines += [",".join(number(round(value, 6)) for value in lift(STEP * row)) for row in range(count)]
     pathlib.Path(sys.argv[1]).write_bytes(("\r\n".join(lines) + "\r\n").encode("ascii"))

@@ -98,7 +98,7 @@ Stops Straight_Line() {
                       {"SSFrame1", 0.85, 0.16},
                       {"fra_initial", 0.62, 0.08},
                       {"SSFrame6", 0.92, 0.22}},
-                     Pressing("cmd_Calc"), 0.9),
+                     Pressing("cmd_Calc"), 0.94),
                At("frm_Inputnew", Seeing({{"line_class", "lbl_Grashof"}}))});
     Add(walk, {At("frm_Inputnew", Pressing("cmd_Done"), 400),
                At(
@@ -232,7 +232,7 @@ Stops Cam_Drive() {
                   At("frm_HomeScreen", Pressing("cmd_Animate")),
                   At(
                       "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 500),
-                  Shown("frm_Animate", "cam-drive", {"Picture1"}, {{"Picture1", 0.12, 0.2}}, Stepping(20)),
+                  Shown("frm_Animate", "cam-drive", {"Picture1"}, {{"Picture1", 0.1, 0.42}}, Stepping(8)),
                   At("frm_Animate", Pressing("cmd_Done"))};
     Add(walk, Table_Of({{"Theta2", ""}, {"Theta4", ""}, {"Alpha2", ""}, {"Alpha4", ""}}, 3));
     Add(walk, {At("frm_PrintData", Seeing_Cells({{"cam_arm", "Max", 1},
