@@ -16,12 +16,14 @@ namespace {
 
 constexpr int kOne = platform::kNoIndex;  ///< of controls that are alone of their name
 
-Stop At(const char* screen, Deed deed, int settle = 200) { return {screen, "", std::move(deed), settle}; }
+constexpr int kAMoment = 30;  ///< enough where no picture is taken
+
+Stop At(const char* screen, Deed deed, int settle = kAMoment) { return {screen, "", std::move(deed), settle}; }
 
 /// A picture cut to some widgets, with numbers at places of widgets.
 Stop Shown(const char* screen, const char* picture, std::vector<std::string> part, std::vector<Mark> marks,
            Deed deed = {}, double lower = 1) {
-    Stop stop{screen, picture, std::move(deed), 400};
+    Stop stop{screen, picture, std::move(deed), 250};
     stop.part = std::move(part);
     stop.marks = std::move(marks);
     stop.lower = lower;
@@ -30,7 +32,7 @@ Stop Shown(const char* screen, const char* picture, std::vector<std::string> par
 
 /// A deed after which a dialog asks for a file.
 Stop With_File(const char* screen, std::string file, Deed deed) {
-    Stop stop{screen, "", std::move(deed), 400};
+    Stop stop{screen, "", std::move(deed), 100};
     stop.file = std::move(file);
     return stop;
 }
@@ -39,22 +41,18 @@ void Add(Stops& walk, const Stops& more) { walk.insert(walk.end(), more.begin(),
 
 /// A new linkage in another unit system, on the input screen.
 Stops New_In_Units(const char* example, int units) {
-    return {At(
-                "frm_HomeScreen",
-                [example](Screen& s) {
-                    Account("example", example);
-                    Model_Kept();  // a question less
-                    Choose_Entry(s, "mnu_New");
-                },
-                400),
-            At("frm_HomeScreen", Menu("mnu_pick", units), 400),
+    return {At("frm_HomeScreen",
+               [example](Screen& s) {
+                   Account("example", example);
+                   Model_Kept();  // a question less
+                   Choose_Entry(s, "mnu_New");
+               }),
+            At("frm_HomeScreen", Menu("mnu_pick", units)),
             // Else half a linkage would be calculated.
             At("frm_Inputnew", [](Screen& s) { Tick(s, "chk_autocalc", false); })};
 }
 
-Stops Back_Home() {
-    return {At("frm_Inputnew", Pressing("cmd_Done"), 400), At("frm_Animate", Pressing("cmd_Done"), 500)};
-}
+Stops Back_Home() { return {At("frm_Inputnew", Pressing("cmd_Done")), At("frm_Animate", Pressing("cmd_Done"), 100)}; }
 
 struct Column {
     const char* variable;
@@ -100,14 +98,14 @@ Stops Straight_Line() {
                       {"SSFrame6", 0.92, 0.22}},
                      Pressing("cmd_Calc"), 0.94),
                At("frm_Inputnew", Seeing({{"line_class", "lbl_Grashof"}}))});
-    Add(walk, {At("frm_Inputnew", Pressing("cmd_Done"), 400),
+    Add(walk, {At("frm_Inputnew", Pressing("cmd_Done")),
                At(
-                   "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 500),
+                   "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400),
                Shown("frm_Animate", "line-curve", {"Picture1"}, {{"Picture1", 0.32, 0.2}, {"Picture1", 0.5, 0.06}},
                      Stepping(180)),
                At("frm_Animate", Pressing("cmd_Back"), 400),
                At("frm_Inputnew", Typing({{"txt_initial", 0, "110"}, {"txt_initial", 1, "250"}})),
-               At("frm_Inputnew", Pressing("cmd_Calc"), 300)});
+               At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk, Table_Of({{"Coupler Pt", "X"}, {"Coupler Pt", "Y"}, {"Veloc CP", "Mag"}, {"Trans Ang", ""}}, 3));
     Add(walk,
@@ -143,7 +141,7 @@ void Change_Signs(const std::string& from, const std::string& to) {
 
 Stops First_Stage() {
     Stops walk = New_In_Units("two-stages", 5);
-    Add(walk, {At("frm_Inputnew", Both(Picking("opt_Polar", 1), Picking("opt_Calctype", 2)), 300),
+    Add(walk, {At("frm_Inputnew", Both(Picking("opt_Polar", 1), Picking("opt_Calctype", 2))),
                At("frm_Inputnew", Typing({{"txt_Linkout", 1, "45"},
                                           {"txt_Linkout", 2, "180"},
                                           {"txt_Linkout", 3, "110"},
@@ -155,7 +153,7 @@ Stops First_Stage() {
                                           {"txt_Thetazero", kOne, "0"},
                                           {"txt_initial", 3, "12.5664"},
                                           {"txt_initial", 4, "0"}})),
-               At("frm_Inputnew", Pressing("cmd_Calc"), 300)});
+               At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk, {With_File("frm_HomeScreen", "stage1.vlk", Menu("mnu_Saveas")),
                With_File("frm_HomeScreen", "stage1.out", Menu("mnu_Link_Data_Export"))});
@@ -173,13 +171,13 @@ Stops Second_Stage() {
                                              {"txt_Linkout", 3, "60"},
                                              {"txt_Linkout", 0, "150"},
                                              {"txt_initial", 4, "-50"}})),
-                  At("frm_Inputnew", Pressing("cmd_Calc"), 400),
-                  At("frm_Inputnew", Pressing("cmd_Done"), 400),
-                  At("frm_HomeScreen", Pressing("cmd_Animate"), 300),
+                  At("frm_Inputnew", Pressing("cmd_Calc")),
+                  At("frm_Inputnew", Pressing("cmd_Done")),
+                  At("frm_HomeScreen", Pressing("cmd_Animate")),
                   Shown("frm_Animate", "stage-two", {"Picture1"}, {}, Stepping(20)),
-                  At("frm_Animate", Pressing("cmd_Done"), 300)};
+                  At("frm_Animate", Pressing("cmd_Done"), 100)};
     Add(walk, {At("frm_HomeScreen", Pressing("cmd_Dynamics")), At("frm_MassProp", Typing(kNoMasses)),
-               At("frm_MassProp", Typing({{"txt_Torque", 4, "2.5"}})), At("frm_MassProp", Pressing("cmd_Solve"), 300),
+               At("frm_MassProp", Typing({{"txt_Torque", 4, "2.5"}})), At("frm_MassProp", Pressing("cmd_Solve")),
                At("frm_MassProp", Pressing("cmd_Done"))});
     Add(walk, Table_Of({{"Theta4", ""}, {"Omega4", ""}, {"Trans Ang", ""}, {"Torque 12", ""}}, 3));
     Add(walk, {At("frm_PrintData", Seeing_Cells({{"two_min", "Min", 1},
@@ -196,18 +194,17 @@ Stops Second_Stage() {
 Stops Both_Stages() {
     Stops walk = First_Stage();
     Add(walk, Second_Stage());
-    Add(walk,
-        {At("frm_HomeScreen",
-            [](Screen&) {
-                const std::string folder = platform::The_Desktop().Documents_Folder() + "/VERLINK";
-                Change_Signs(folder + "/stage2.trq", folder + "/load.trq");
-                Model_Kept();
-            }),
-         With_File("frm_HomeScreen", "stage1.vlk", Menu("mnu_Open")), At("frm_Inputnew", Pressing("cmd_Calc"), 300)});
+    Add(walk, {At("frm_HomeScreen",
+                  [](Screen&) {
+                      const std::string folder = platform::The_Desktop().Documents_Folder() + "/VERLINK";
+                      Change_Signs(folder + "/stage2.trq", folder + "/load.trq");
+                      Model_Kept();
+                  }),
+               With_File("frm_HomeScreen", "stage1.vlk", Menu("mnu_Open")), At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk, {At("frm_HomeScreen", Pressing("cmd_Dynamics")), At("frm_MassProp", Typing(kNoMasses)),
                With_File("frm_MassProp", "load.trq", [](Screen& s) { Tick(s, "chk_Torque", true); }),
-               At("frm_MassProp", Pressing("cmd_Solve"), 300), At("frm_MassProp", Pressing("cmd_Done"))});
+               At("frm_MassProp", Pressing("cmd_Solve")), At("frm_MassProp", Pressing("cmd_Done"))});
     Add(walk, Table_Of({{"Omega2", ""}, {"Torque 12", ""}, {"Omega4", ""}, {"Trans Ang", ""}}, 3));
     Add(walk,
         {At("frm_PrintData",
@@ -217,21 +214,19 @@ Stops Both_Stages() {
 }
 
 Stops Cam_Drive() {
-    Stops walk = {At(
-                      "frm_HomeScreen",
-                      [](Screen& s) {
-                          Account("example", "a-cam-drive");
-                          Model_Kept();
-                          Choose_Entry(s, "mnu_New");
-                      },
-                      400),
+    Stops walk = {At("frm_HomeScreen",
+                     [](Screen& s) {
+                         Account("example", "a-cam-drive");
+                         Model_Kept();
+                         Choose_Entry(s, "mnu_New");
+                     }),
                   With_File("frm_HomeScreen", VERLINK_SAMPLES "/dwell_cam.sva", Menu("mnu_Lobetra")),
                   At("frm_Inputnew", Typing({{"txt_Linkout", 4, "95"}, {"txt_Linkout", 5, "25"}})),
-                  At("frm_Inputnew", Pressing("cmd_Calc"), 300),
-                  At("frm_Inputnew", Pressing("cmd_Done"), 400),
+                  At("frm_Inputnew", Pressing("cmd_Calc")),
+                  At("frm_Inputnew", Pressing("cmd_Done")),
                   At("frm_HomeScreen", Pressing("cmd_Animate")),
                   At(
-                      "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 500),
+                      "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400),
                   Shown("frm_Animate", "cam-drive", {"Picture1"}, {{"Picture1", 0.1, 0.42}}, Stepping(8)),
                   At("frm_Animate", Pressing("cmd_Done"))};
     Add(walk, Table_Of({{"Theta2", ""}, {"Theta4", ""}, {"Alpha2", ""}, {"Alpha4", ""}}, 3));
@@ -272,7 +267,7 @@ Stops Lid_Found() {
                          explore.Await_Search();
                          explore.hsc_Stroke.SetValue(frm_Explore::kStroke / 2);
                      }),
-               At("frm_Explore", Seeing({{"lid_told", "lbl_Told"}})), At("frm_Explore", Pressing("cmd_Use"), 400),
+               At("frm_Explore", Seeing({{"lid_told", "lbl_Told"}})), At("frm_Explore", Pressing("cmd_Use")),
                At("frm_Inputnew", Seeing({{"lid_l1", "txt_Linkout", 0},
                                           {"lid_l2", "txt_Linkout", 1},
                                           {"lid_l3", "txt_Linkout", 2},
@@ -288,7 +283,7 @@ Stops Lid_Found() {
 Stops Lid() {
     Stops walk = Lid_Found();
     Add(walk, {At("frm_Inputnew", Typing({{"txt_initial", 2, "1"}, {"txt_initial", 3, "0.5"}})),
-               At("frm_Inputnew", Pressing("cmd_Calc"), 300)});
+               At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk,
         {At("frm_HomeScreen", Pressing("cmd_Dynamics")), At("frm_MassProp", Typing(kNoMasses)),
@@ -335,7 +330,7 @@ Stops Balance_And_Flywheel() {
                                           {"txt_initial", 1, "360"},
                                           {"txt_initial", 2, "1"},
                                           {"txt_initial", 3, "30"}})),
-               At("frm_Inputnew", Pressing("cmd_Calc"), 300)});
+               At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk,
         {At("frm_HomeScreen", Pressing("cmd_Dynamics")),
@@ -352,7 +347,7 @@ Stops Balance_And_Flywheel() {
                                     {"txt_AngCG", 3, "0"},
                                     {"txt_AngCG", 4, "0"},
                                     {"txt_MagForce", 3, "0"}})),
-         At("frm_MassProp", Pressing("cmd_Solve"), 300), At("frm_MassProp", Pressing("cmd_Done")),
+         At("frm_MassProp", Pressing("cmd_Solve")), At("frm_MassProp", Pressing("cmd_Done")),
          At("frm_HomeScreen", Pressing("cmd_Balance")),
          At("frm_Balance",
             Seeing({{"bal_mr2", "lbl_MR2"}, {"bal_a2", "lbl_Ang2"}, {"bal_mr4", "lbl_MR4"}, {"bal_a4", "lbl_Ang4"}})),

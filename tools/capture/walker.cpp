@@ -27,7 +27,7 @@ namespace verlink::capture {
 
 namespace {
 
-constexpr int kPatience = 400;
+constexpr int kPatience = 1600;
 constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
 constexpr int kMargin = 8;                                         ///< pixels around what a picture is cut to
 
@@ -166,7 +166,7 @@ void Walker::Go() {
             std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
             std::_Exit(End());
         }
-        Later(50);
+        Later(12);
         return;
     }
     waits_ = 0;
