@@ -174,6 +174,7 @@ Stops Second_Stage() {
                   At("frm_Inputnew", Pressing("cmd_Calc")),
                   At("frm_Inputnew", Pressing("cmd_Done")),
                   At("frm_HomeScreen", Pressing("cmd_Animate")),
+                  At("frm_Animate", {}, 400),  // the screen draws the first position once more
                   Shown("frm_Animate", "stage-two", {"Picture1"}, {}, Stepping(20)),
                   At("frm_Animate", Pressing("cmd_Done"), 100)};
     Add(walk, {At("frm_HomeScreen", Pressing("cmd_Dynamics")), At("frm_MassProp", Typing(kNoMasses)),
