@@ -117,7 +117,8 @@ TEST_F(SampleModels, TheCamDriveIsSmoothAndComesBack) {
 TEST_F(SampleModels, TheDwellCamRisesAsItsPolynomialAndStandsStill) {
     EXPECT_NE(Held(std::string(VERLINK_SAMPLES) + "/README.md").find("`dwell_cam.sva`"), std::string::npos);
     Model.JustStarted = true;  // no message, no screen
-    TextReader reader(Held(std::string(VERLINK_SAMPLES) + "/dwell_cam.sva"));
+    const std::string content = Held(std::string(VERLINK_SAMPLES) + "/dwell_cam.sva");
+    TextReader reader(content);
     ASSERT_TRUE(Read_Cam_Data(reader));
     EXPECT_EQ(Model.Units, 5);
     Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
