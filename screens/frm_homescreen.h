@@ -130,6 +130,7 @@ class frm_HomeScreen : public platform::Screen {
     MenuEntry mnu_BatchHelp{mnu_ReferenceHelp, "mnu_BatchHelp", "Without a Screen"};
     MenuEntry mnu_GlossaryHelp{mnu_ReferenceHelp, "mnu_GlossaryHelp", "Glossary"};
     MenuEntry mnu_CardHelp{mnu_ReferenceHelp, "mnu_CardHelp", "Quick Reference"};
+    MenuEntry mnu_WorkedHelp{mnu_HelpHeader, "mnu_WorkedHelp", "Worked Examples"};
     Help_Key key_Help{*this};
 
     MenuEntry mnu_Version{*this, "mnu_Version", "&About"};

@@ -38,6 +38,7 @@ constexpr std::pair<const char*, const char*> kDocuments[] = {
     {"mnu_BatchHelp", "helpfiles/general/batch_help.pdf"},
     {"mnu_GlossaryHelp", "helpfiles/general/glossary.pdf"},
     {"mnu_CardHelp", "helpfiles/general/quick_reference.pdf"},
+    {"mnu_WorkedHelp", "helpfiles/general/worked_examples.pdf"},
 };
 
 }  // namespace

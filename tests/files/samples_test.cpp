@@ -114,6 +114,30 @@ TEST_F(SampleModels, TheCamDriveIsSmoothAndComesBack) {
     EXPECT_EQ(highest, 40);
 }
 
+TEST_F(SampleModels, TheDwellCamRisesAsItsPolynomialAndStandsStill) {
+    EXPECT_NE(Held(std::string(VERLINK_SAMPLES) + "/README.md").find("`dwell_cam.sva`"), std::string::npos);
+    Model.JustStarted = true;  // no message, no screen
+    const std::string content = Held(std::string(VERLINK_SAMPLES) + "/dwell_cam.sva");
+    TextReader reader(content);
+    ASSERT_TRUE(Read_Cam_Data(reader));
+    EXPECT_EQ(Model.Units, 5);
+    Set_Circuit(Model.CircuitIndex, Model.CircuitSign, Model.CircuitName);
+    Integer result = 0;
+    Imported_Run(result);
+    ASSERT_EQ(Model.NSteps, 180);
+    EXPECT_TRUE(Closes_Everywhere());
+    const auto& table = Model.RunTable;
+    for (int step = 0; step <= 40; ++step) {
+        const double u = step / 40.0;
+        EXPECT_NEAR(table.DriveTheta(step), 26 * (10 - 15 * u + 6 * u * u) * u * u * u, 1e-4) << step;
+        // The rise takes a ninth of a second.
+        const double change = (60 - 180 * u + 120 * u * u) * u;
+        EXPECT_NEAR(table.Alpha(step, 0), 26 * M_PI / 180 * change * 81, 1e-3) << step;
+    }
+    for (int step = 41; step <= 75; ++step) EXPECT_EQ(table.Theta(step, 2), table.Theta(40, 2)) << step;
+    for (int step = 121; step <= 180; ++step) EXPECT_EQ(table.Theta(step, 2), table.Theta(0, 2)) << step;
+}
+
 TEST_F(SampleModels, TheCouplerOfTheParallelogramKeepsItsDirection) {
     Run("parallelogram");
     EXPECT_TRUE(Model.Parallelogram);

@@ -76,7 +76,7 @@ TEST_F(HomeMenusTest, TheMenuTreeStandsAsDesigned) {
         "    Dynamics\n    Balance\n  General\n    User Manual\n    Video Tutorial\n  \n  Files and Undoing\n"
         "  Under the Hand\n  Checks\n  Report\n  Studies\n  Explore\n"
         "  Reference\n    Conventions\n    Theory\n    Verification\n    Messages\n    Keyboard\n"
-        "    Without a Screen\n    Glossary\n    Quick Reference\n"
+        "    Without a Screen\n    Glossary\n    Quick Reference\n  Worked Examples\n"
         "&About\n  &About Verlink\n"
         "View\n  Poles I13 and I24\n  Velocities\n  Accelerations\n  Pin Forces\n  Shaking Force\n  Curvature at P\n"
         "  Grid\n  Names of Joints\n  Ghosts at Both Ends\n  \n  Save Drawing...\n"

@@ -7,6 +7,7 @@
 #include "screens/frm_explore.h"
 #include "screens/joint_drag.h"
 #include "screens/linkage_screen.h"
+#include "tools/capture/deeds.h"
 #include "tools/capture/walk.h"
 
 namespace verlink::capture {
@@ -14,41 +15,6 @@ namespace verlink::capture {
 namespace {
 
 using platform::kNoIndex;
-
-using Deed = std::function<void(Screen&)>;
-
-Deed Pressing(const char* button) {
-    return [button](Screen& s) { Press(s, button); };
-}
-
-Deed Menu(const char* entry, int index = kNoIndex) {
-    return [entry, index](Screen& s) { Choose_Entry(s, entry, index); };
-}
-
-struct Typed {
-    const char* box;
-    int index;
-    const char* text;
-};
-
-Deed Typing(std::vector<Typed> boxes) {
-    return [boxes = std::move(boxes)](Screen& s) {
-        for (const Typed& typed : boxes) Fill(s, typed.box, typed.index, typed.text);
-    };
-}
-
-/// Several entries in turn, as to switch on what is to be seen, and off again.
-Deed Menus(std::initializer_list<const char*> entries) {
-    return [entries = std::vector<const char*>(entries)](Screen& s) {
-        for (const char* entry : entries) Choose_Entry(s, entry);
-    };
-}
-
-Deed Stepping(int steps) {
-    return [steps](Screen& s) {
-        for (int i = 0; i < steps; ++i) Press(s, "cmd_Step");
-    };
-}
 
 /// Takes a joint with the mouse and leads it along a way: where to from its place, each in parts of the drawing.
 struct Pull_Along {
@@ -116,8 +82,14 @@ Stops Synthesis() {
                  {"txt_Gamma2", kNoIndex, "3.355"},
                  {"txt_Gamma3", kNoIndex, "14.972"}}),
          120, false, "", "Type how the point moves and how the part turns, and choose how far crank and rocker turn."},
-        {"frm_Synth3", "synthesis-3", Pressing("cmd_Calc"), 300, false, "synthesis-report",
-         "Calculate reports the linkage that reaches all three."},
+        Marked({"frm_Synth3", "synthesis-3", Pressing("cmd_Calc"), 300, false, "synthesis-report",
+                "Calculate reports the linkage that reaches all three."},
+               {{"fra_Given", 0.9, 0.08},
+                {"fra_Left", 0.93, 0.14},
+                {"fra_Right", 0.93, 0.14},
+                {"fra_LeftCalc", 0.93, 0.08},
+                {"fra_RightCalc", 0.93, 0.08},
+                {"Image1", 0.06, 0.06}}),
         {"frm_Synth3", "", Pressing("cmd_Done")}};
 }
 
@@ -160,33 +132,57 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
                  {"txt_Figure", kNoIndex, "Three-position transfer"}}),
          400, false, "",
          "The linkage is in the boxes of the input screen. Let the crank turn fully, at 10 radians a second."},
-        {"frm_Inputnew", "input", Pressing("cmd_Calc")},
+        Marked({"frm_Inputnew", "input", Pressing("cmd_Calc")}, {{"fra_Links", 0.62, 0.09},
+                                                                 {"SSFrame1", 0.85, 0.16},
+                                                                 {"fra_initial", 0.62, 0.08},
+                                                                 {"fra_calcmode", 0.92, 0.14},
+                                                                 {"SSFrame6", 0.92, 0.22},
+                                                                 {"cmd_Calc", 0.1, 0.5},
+                                                                 {"Picture1", 0.06, 0.06},
+                                                                 {"hsc_step", 0.5, 0.5}}),
         {"frm_Inputnew", "", Pressing("cmd_Done")},
         {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
          "The animate screen plays it. The green curve is the path of the coupler point."},
-        {"frm_Animate", "animate", Stepping(steps)}};
+        Marked({"frm_Animate", "animate", Stepping(steps)}, {{"Picture1", 0.06, 0.06},
+                                                             {"hsc_step", 0.5, 0.5},
+                                                             {"cmd_Animate", 0.08, 0.5},
+                                                             {"fra_Speed", 0.92, 0.18},
+                                                             {"fra_Show", 0.92, 0.12},
+                                                             {"fra_Links", 0.92, 0.08}})};
     const Stops home = {{"frm_Animate", "", Pressing("cmd_Done")},
-                        {"frm_HomeScreen",
-                         "home",
-                         {},
-                         200,
-                         false,
-                         "",
-                         "The strip at the foot of the home screen tells what is there."}};
+                        Marked({"frm_HomeScreen",
+                                "home",
+                                {},
+                                200,
+                                false,
+                                "",
+                                "The strip at the foot of the home screen tells what is there."},
+                               {{"cmd_Input", 0.12, 0.2},
+                                {"Picture1", 0.06, 0.06},
+                                {"lbl_Status_0", 0.5, -0.7},
+                                {"lbl_Status_10", 0.5, -0.7}})};
     stops.insert(stops.end(), under_the_hand.begin(), under_the_hand.end());
     stops.insert(stops.end(), home.begin(), home.end());
     return stops;
 }
 
 Stops Plot_Accelerations() {
-    return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
-             "Plot: the acceleration of the coupler point, in a single window."},
-            {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            {"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
-            {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+    return {
+        {"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
+         "Plot: the acceleration of the coupler point, in a single window."},
+        {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+               {{"fra_Method", 0.95, 0.2},
+                {"cmb_Preset", 0.9, 0.5},
+                {"fra_Function1", 0.92, 0.1},
+                {"fra_Plot_0", 0.9, 0.15},
+                {"fra_coord", 1.0, 0.1}}),
+        {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+        Marked(
             {"frm_Plot1", "plot-acceleration", {}, 300},
-            {"frm_Plot1", "", Pressing("cmd_Done")}};
+            {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}, {"fra_Links", 0.92, 0.07}}),
+        {"frm_Plot1", "", Pressing("cmd_Done")}};
 }
 
 Stops Forces_And_Balance() {
@@ -205,32 +201,48 @@ Stops Forces_And_Balance() {
                      {"txt_AngCG", 2, "0"},
                      {"txt_AngCG", 3, "15"},
                      {"txt_AngCG", 4, "0"}})},
-            {"frm_MassProp", "dynamics", Pressing("cmd_Solve"), 300},
+            Marked({"frm_MassProp", "dynamics", Pressing("cmd_Solve"), 300},
+                   {{"fra_Mass", 0.02, 0.2},
+                    {"fra_CG", 0.02, 0.2},
+                    {"fra_Force", 0.02, 0.2},
+                    {"fra_ForceAt", 0.02, 0.2},
+                    {"fra_Torque", 0.02, 0.2},
+                    {"cmd_Solve", 0.08, 0.5}},
+                   {"lbl_Link_4", "fra_Mass", "cmd_Matrix"}),
             {"frm_MassProp", "", Pressing("cmd_Matrix")},
             {"frm_Matrix", "matrix", {}, 200},
             {"frm_Matrix", "", Pressing("cmd_Done")},
             {"frm_MassProp", "", Pressing("cmd_Done")},
             {"frm_HomeScreen", "", Pressing("cmd_Balance"), 120, false, "",
              "Balance: two counterweights take the shaking force away."},
-            {"frm_Balance", "balance", Pressing("cmd_Calc"), 400},
+            Marked({"frm_Balance", "balance", Pressing("cmd_Calc"), 400}, {{"fra_Needed", 0.93, 0.08},
+                                                                           {"fra_Link_2", 0.93, 0.12},
+                                                                           {"txt_Fluct", 0.15, 0.5},
+                                                                           {"grf_Plot_0", 0.94, 0.05},
+                                                                           {"grf_Plot_1", 0.94, 0.05},
+                                                                           {"pct_Pict1", 0.9, 0.04}}),
             {"frm_Balance", "", Pressing("cmd_Done")}};
 }
 
 /// A table of the shaking force and torque before and after balancing.
 Stops Table() {
-    return {{"frm_HomeScreen", "", Pressing("cmd_Print"), 120, false, "",
-             "Print: a table of force and moment, before and after."},
-            {"frm_PrintSelect", "print-select",
-             [](Screen& s) {
-                 const auto& presets = s.Get<platform::ComboBox>("cmb_Preset").Items();
-                 const auto wished = std::ranges::find(presets, "Balanced and Unbalanced Shaking Force and Torque");
-                 Choose(s, "cmb_Preset", static_cast<int>(wished - presets.begin()));
-                 Choose(s, "cmb_Step", 0);
-                 Choose(s, "cmb_Decimal", 3);
-             }},
-            {"frm_PrintSelect", "", Pressing("cmd_Done")},
+    return {
+        {"frm_HomeScreen", "", Pressing("cmd_Print"), 120, false, "",
+         "Print: a table of force and moment, before and after."},
+        {"frm_PrintSelect", "print-select",
+         [](Screen& s) {
+             const auto& presets = s.Get<platform::ComboBox>("cmb_Preset").Items();
+             const auto wished = std::ranges::find(presets, "Balanced and Unbalanced Shaking Force and Torque");
+             Choose(s, "cmb_Preset", static_cast<int>(wished - presets.begin()));
+             Choose(s, "cmb_Step", 0);
+             Choose(s, "cmb_Decimal", 3);
+         }},
+        {"frm_PrintSelect", "", Pressing("cmd_Done")},
+        Marked(
             {"frm_PrintData", "print-data", {}, 300},
-            {"frm_PrintData", "", Pressing("cmd_Done")}};
+            {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.4}, {"fra_Links", 0.92, 0.08}},
+            {"grd_Data", "fra_Links"}, 0.7),
+        {"frm_PrintData", "", Pressing("cmd_Done")}};
 }
 
 /// Two, four and polar windows, and the transform.
@@ -303,7 +315,14 @@ Stops All_Linkages() {
     platform.longest = 15;
     platform.transmission = 25;
     return {{"frm_HomeScreen", "", Menu("mnu_Explore")},
-            {"frm_Explore", "explore", found(lid), 400},
+            Marked({"frm_Explore", "explore", found(lid), 400}, {{"fra_Positions", 0.92, 0.07},
+                                                                 {"fra_Limits", 0.92, 0.06},
+                                                                 {"fra_Weights", 0.92, 0.12},
+                                                                 {"Picture1", 0.06, 0.06},
+                                                                 {"hsc_Stroke", 0.5, 0.5},
+                                                                 {"pic_Map", 0.9, 0.08},
+                                                                 {"lbl_Told", 0.95, 0.9},
+                                                                 {"pic_Found_0", 0.9, 0.1}}),
             {"frm_Explore", "explore-four", found(platform), 400},
             {"frm_Explore", "", [](Screen& s) {
                  // The walk goes on with the model as it was.
@@ -388,7 +407,8 @@ Stops Studies() {
                      {"txt_PlusMinus", 3, "0.02"},
                      {"txt_PlusMinus", 4, "0.01"}})},
             {"frm_Studies", "", Pressing("cmd_Start"), 6000},
-            {"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
+            Marked({"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
+                   {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.94, 0.75}, {"Picture1", 0.06, 0.06}}),
             {"frm_Studies", "", Pressing("cmd_Cancel")}};
 }
 
@@ -420,6 +440,7 @@ Stops Manual_Walk() {
     add(Straight_Line());
     add(Under_The_Hand());
     add(Studies());
+    add(Examples_Walk());
     add(Quit());
     return walk;
 }

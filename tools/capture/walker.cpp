@@ -3,6 +3,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,6 +19,7 @@
 #include "desktop/form.h"
 #include "desktop/picture_widget.h"
 #include "desktop/qt_desktop.h"
+#include "tools/capture/callouts.h"
 #include "tools/capture/film.h"
 #include "tools/capture/hand_mark.h"
 
@@ -24,23 +27,44 @@ namespace verlink::capture {
 
 namespace {
 
-constexpr int kPatience = 400;
+constexpr int kPatience = 1600;
 constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
 constexpr int kMargin = 8;                                         ///< pixels around what a picture is cut to
 
-/// What of a window holds all these widgets; all of it for none.
-QRect Part_Of(QWidget& window, const std::vector<std::string>& names) {
-    QRect part;
-    for (const std::string& name : names) {
-        const auto* widget = window.findChild<QWidget*>(QString::fromStdString(name));
-        if (!widget) std::fprintf(stderr, "no %s in sight\n", name.c_str());
-        if (!widget) continue;
-        const auto* drawing = dynamic_cast<const desktop::PictureWidget*>(widget);
-        const QRect place = drawing ? drawing->area().toAlignedRect() : widget->rect();
-        part |= place.translated(widget->mapTo(&window, QPoint()));
+/// Of a widget of a window, or of its drawing; nothing where there is none.
+QRect Place_Of_Widget(QWidget& window, const std::string& name) {
+    const auto* widget = window.findChild<QWidget*>(QString::fromStdString(name));
+    if (!widget || !widget->isVisible()) {
+        std::fprintf(stderr, "no %s in sight\n", name.c_str());
+        return {};
     }
-    if (part.isNull()) return window.rect();
-    return part.adjusted(-kMargin, -kMargin, kMargin, kMargin) & window.rect();
+    const auto* drawing = dynamic_cast<const desktop::PictureWidget*>(widget);
+    const QRect place = drawing ? drawing->area().toAlignedRect() : widget->rect();
+    return place.translated(widget->mapTo(&window, QPoint()));
+}
+
+/// What of a window holds all these widgets; all of it for none.
+QRect Part_Of(QWidget& window, const Stop& stop) {
+    QRect part;
+    for (const std::string& name : stop.part) part |= Place_Of_Widget(window, name);
+    if (part.isNull()) part = window.rect();
+    part = part.adjusted(-kMargin, -kMargin, kMargin, kMargin) & window.rect();
+    part.setHeight(qRound(part.height() * stop.lower));
+    return part;
+}
+
+void Paint_Marks(QPainter& painter, QWidget& window, const Stop& stop, const QRect& part) {
+    int number = 0;
+    for (const Mark& mark : stop.marks) {
+        const QRect place = Place_Of_Widget(window, mark.widget);
+        const QPointF at(place.x() + mark.across * place.width(), place.y() + mark.down * place.height());
+        const double within = kCalloutSize / 2 + 1;
+        const QRectF room = QRectF(QPointF(), part.size()).adjusted(within, within, -within, -within);
+        const QPointF seen = at - part.topLeft();
+        Paint_Callout(painter,
+                      {qBound(room.left(), seen.x(), room.right()), qBound(room.top(), seen.y(), room.bottom())},
+                      ++number);
+    }
 }
 
 /// Where a place of the drawing's world is seen.
@@ -58,6 +82,11 @@ QPointF Place_In(const desktop::PictureWidget& widget, platform::Point at) {
 Walker::Walker(desktop::QtDesktop& desktop, const QDir& folder, Stops stops, std::string account)
     : desktop_(desktop), folder_(folder), stops_(std::move(stops)), account_file_(std::move(account)) {
     On_Mouse = [this](Screen& screen, Mouse deed, platform::Point at) { Move_Mouse(screen, deed, at); };
+    On_Account = [this](const std::string& line) {
+        // A button pressed again and again is one line.
+        if (line != said_ || line.starts_with("typed")) account_ += line + "\n";
+        said_ = line;
+    };
     On_Button = [this](Screen& screen, const char* name) {
         auto* button = desktop_.formOf(screen).findChild<QAbstractButton*>(QString::fromLatin1(name));
         if (button) button->click();
@@ -83,12 +112,12 @@ void Walker::Later(int ms) {
 
 void Walker::Save(QWidget& window, const Stop& stop) {
     if (film_) return film_->Show(window, kLooking);
-    const QRect part = Part_Of(window, stop.part);
+    const QRect part = Part_Of(window, stop);
     QPixmap picture = window.grab(part);
-    if (over_drawing_) {
-        QPainter painter(&picture);
-        Paint_Hand(painter, mouse_ - part.topLeft(), holds_);
-    }
+    QPainter painter(&picture);
+    if (over_drawing_) Paint_Hand(painter, mouse_ - part.topLeft(), holds_);
+    Paint_Marks(painter, window, stop, part);
+    painter.end();
     Keep(picture, stop.picture);
 }
 
@@ -106,11 +135,26 @@ void Walker::Answer(QMessageBox& box) {
     else
         Keep(box.grab(), wished.empty() ? "message-" + std::to_string(++messages_) : wished);
     Later(50);
-    box.button(box.standardButtons() & QMessageBox::Ok ? QMessageBox::Ok : QMessageBox::No)->click();
+    for (const auto button : {QMessageBox::Ok, QMessageBox::No, QMessageBox::Ignore})
+        if (box.standardButtons() & button) return box.button(button)->click();
+}
+
+void Walker::Answer(QFileDialog& dialog) {
+    const QString name = QString::fromStdString(stops_[next_].file);
+    account_ += "file " + QFileInfo(name).fileName().toStdString() + "\n";
+    if (auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) box->setText(name);
+    Later(50);
+    // A file that is refused is not offered again.
+    const bool offered = std::exchange(offered_, &stops_[next_]) == &stops_[next_];
+    QMetaObject::invokeMethod(&dialog, name.isEmpty() || offered ? "reject" : "accept");
 }
 
 void Walker::Go() {
     if (next_ >= stops_.size()) return;
+    if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+        Answer(*dialog);
+        return;
+    }
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
         Answer(*box);
         return;
@@ -124,7 +168,7 @@ void Walker::Go() {
             std::fprintf(stderr, "waited in vain for %s\n", stop.screen.c_str());
             std::_Exit(End());
         }
-        Later(50);
+        Later(12);
         return;
     }
     waits_ = 0;

@@ -11,6 +11,7 @@
 #include "platform/clip.h"
 #include "tools/capture/walk.h"
 
+class QFileDialog;
 class QMessageBox;
 class QWidget;
 
@@ -41,6 +42,7 @@ class Walker {
     void Save(QWidget& window, const Stop& stop);
     void Keep(const QPixmap& picture, const std::string& name);
     void Answer(QMessageBox& box);
+    void Answer(QFileDialog& dialog);
     void Go();
     void Show_Hand(Screen& screen, platform::Control& control);
     void Move_Mouse(Screen& screen, Mouse deed, platform::Point at);
@@ -54,7 +56,8 @@ class Walker {
     bool holds_ = false;                       ///< its left button is down
     QPointF mouse_;                            ///< in the window
     std::string account_file_;
-    std::string account_;
+    std::string account_, said_;
+    const Stop* offered_ = nullptr;  ///< whose file was typed into a dialog
     std::size_t next_ = 0;
     bool acted_ = false;
     int waits_ = 0;

@@ -8,6 +8,7 @@ Beyond plain Markdown a page may hold
     [](page.md#eq-name)       a reference without words, which says the number
     [contents]                the headings that follow
     [made:name]               what the build has written to name.md
+    [shown:name 1.5]          1.5, which the walk through the program has to have seen under that name
 
 `order.txt` beside the pages has their order, and index.txt the words of the index.
 """
@@ -22,6 +23,7 @@ import xml.etree.ElementTree as ET
 import markdown
 
 import formulas
+import sights
 
 OVERVIEW = "Program_Manual"
 CARD = "quick_reference"  # stands on one page, closer than the others
@@ -225,9 +227,24 @@ def _contents(chapter):
                     link.text = heading.title
 
 
-def read_chapter(sources, made, part, page, number):
+def _as_walked(text, page, account):
+    """The text with what the walk saw; a section that the walk has an example for is to tell its deeds."""
+    try:
+        deeds = sights.read_deeds(account)
+        for section in re.split(r"^(?=## )", text, flags=re.MULTILINE):
+            title = section.partition("\n")[0].removeprefix("## ")
+            if sights.MARK.search(section) and name_of(title) not in deeds:
+                raise sights.Untrue(f"nothing of {title} was walked")
+            if sights.MARK.search(section):
+                sights.check_deeds(section, deeds[name_of(title)])
+        return sights.put(text, sights.read_sights(account))
+    except sights.Untrue as untrue:
+        raise Trouble(f"{page}: {untrue}") from untrue
+
+
+def read_chapter(sources, made, part, page, number, account=""):
     chapter = Chapter(page, part, number)
-    text = (sources / (page + ".md")).read_text(encoding="utf-8")
+    text = _as_walked((sources / (page + ".md")).read_text(encoding="utf-8"), page, account)
     text = _take_formulas(_with_pieces(text, made), chapter)
     body = markdown.markdown(text, extensions=["tables", "fenced_code", "sane_lists", "attr_list", "md_in_html"],
                              output_format="xhtml")
@@ -261,11 +278,11 @@ def target_of(href, chapter, chapters):
     return there, name
 
 
-def read_manual(sources, made):
+def read_manual(sources, made, account=""):
     """All chapters by their pages, in the order of the book; references without words say what they lead to."""
     chapters = {}
     for number, (part, page) in enumerate(read_order(sources), 1):
-        chapters[page] = read_chapter(sources, made, part, page, number)
+        chapters[page] = read_chapter(sources, made, part, page, number, account)
     for chapter in chapters.values():
         for link in chapter.root.iter("a"):
             there = target_of(link.get("href", ""), chapter, chapters)

@@ -4,7 +4,8 @@
     set_manual.py SOURCES PICTURES DOCUMENTS [--made FOLDER] [--version VERSION]
 
 Every Markdown file below SOURCES becomes a PDF below DOCUMENTS, with its places beside it; all of them together become
-Program_Manual.pdf; and DOCUMENTS/html has them as pages for a browser. FOLDER has what the build wrote for them.
+Program_Manual.pdf; and DOCUMENTS/html has them as pages for a browser. FOLDER has what the build wrote for them, and
+walk.txt in PICTURES what was seen on the walk that took them.
 The date on the title is today's, or that of SOURCE_DATE_EPOCH.
 """
 
@@ -60,7 +61,8 @@ def main():
     logging.getLogger("weasyprint").setLevel(logging.ERROR)
     logging.getLogger("fontTools").setLevel(logging.ERROR)
     try:
-        chapters = pages.read_manual(options.sources, options.made)
+        account = (options.pictures / "walk.txt").read_text(encoding="utf-8")
+        chapters = pages.read_manual(options.sources, options.made, account)
         index = pages.read_index(options.sources, chapters)
         css = (HERE / "paper.css").read_text(encoding="utf-8")
         date = paper.date_in_words(today())

@@ -1,0 +1,94 @@
+// Deeds of a hand, put together from those of walk.h, and what a walk reads off a screen.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tools/capture/walk.h"
+
+namespace verlink::capture {
+
+using Deed = std::function<void(Screen&)>;
+
+inline Deed Pressing(const char* button) {
+    return [button](Screen& s) { Press(s, button); };
+}
+
+inline Deed Menu(const char* entry, int index = platform::kNoIndex) {
+    return [entry, index](Screen& s) { Choose_Entry(s, entry, index); };
+}
+
+inline Deed Picking(const char* options, int index) {
+    return [options, index](Screen& s) { Pick(s, options, index); };
+}
+
+struct Typed {
+    const char* box;
+    int index;
+    const char* text;
+};
+
+inline Deed Typing(std::vector<Typed> boxes) {
+    return [boxes = std::move(boxes)](Screen& s) {
+        for (const Typed& typed : boxes) Fill(s, typed.box, typed.index, typed.text);
+    };
+}
+
+/// Several entries in turn, as to switch on what is to be seen, and off again.
+inline Deed Menus(std::initializer_list<const char*> entries) {
+    return [entries = std::vector<const char*>(entries)](Screen& s) {
+        for (const char* entry : entries) Choose_Entry(s, entry);
+    };
+}
+
+inline Deed Stepping(int steps) {
+    return [steps](Screen& s) {
+        for (int i = 0; i < steps; ++i) Press(s, "cmd_Step");
+    };
+}
+
+inline Deed Both(Deed first, Deed second) {
+    return [first = std::move(first), second = std::move(second)](Screen& s) {
+        first(s);
+        second(s);
+    };
+}
+
+/// The entry of a list by its words.
+inline void Choose_Words(Screen& screen, const std::string& box, const std::string& words) {
+    const auto& items = screen.Get<platform::ComboBox>(box).Items();
+    for (int entry = 0; entry < static_cast<int>(items.size()); ++entry)
+        if (Plain(items[static_cast<std::size_t>(entry)]) == words) return Choose(screen, box.c_str(), entry);
+    Account("cannot choose", words);
+}
+
+/// A stop whose picture has numbers at places of widgets, and is cut to some of them.
+inline Stop Marked(Stop stop, std::vector<Mark> marks, std::vector<std::string> part = {}, double lower = 1) {
+    stop.marks = std::move(marks);
+    if (!part.empty()) stop.part = std::move(part);
+    stop.lower = lower;
+    return stop;
+}
+
+/// What a text box or a label shows goes into the account under a name, for the manual to be compared with.
+struct Sight {
+    const char* name;
+    const char* control;
+    int index = platform::kNoIndex;
+};
+Deed Seeing(std::vector<Sight> sights);
+
+/// The same of cells of the table on the screen: by the first cell of their row and the number of their column.
+struct Cell_Sight {
+    const char* name;
+    const char* row;
+    int column;
+};
+Deed Seeing_Cells(std::vector<Cell_Sight> sights);
+
+/// The same of all numbers in the lines of a picture, under the name with a number behind it.
+Deed Seeing_Lines(const char* name, const char* picture);
+
+}  // namespace verlink::capture
