@@ -64,6 +64,7 @@ void Initialize() {
         Set_Limits();
         Set_Settings();
         Load_Catalogue();
+        static_cast<MassProperties&>(Model) = {};
         Testlinkage();
         SeedCognate();
         // The start is in degrees here and the end in radians, so that the count is far below zero.

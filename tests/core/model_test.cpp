@@ -6,6 +6,7 @@
 
 #include "core/linkage_model.h"
 #include "core/parameters.h"
+#include "dynamics/units.h"
 #include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
@@ -175,6 +176,22 @@ TEST_F(TheModel, NewModelDropsEveryFlagAndTheTitle) {
                                      Model.FFTDone, Model.DiskFile, Model.CamDriven, Model.LinkDriven, Model.SavedFlag})
         EXPECT_FALSE(flag);
     EXPECT_EQ(Model.FigureTitle, "");
+}
+
+TEST_F(TheModel, NewModelHasNoLoadsOfTheOneBefore) {
+    Initialize();
+    Use_Units(5);
+    Model.ExtForceMag(4) = 183;
+    Model.ExtForceAng(4) = 270;
+    Model.ExtForce4Y = -183;
+    Model.ForceDist3 = 0.1;
+    Model.ForceAng4 = 20;
+    Model.FrictionForce = 7;
+    New_Model();
+    for (const Single load : {Model.ExtForceMag(4), Model.ExtForceAng(4), Model.ExtForce4Y, Model.ForceDist3,
+                              Model.ForceAng4, Model.FrictionForce})
+        EXPECT_EQ(load, 0);
+    EXPECT_EQ(Model.LinkMass(2), Single(0.003));
 }
 
 TEST_F(TheModel, CircuitIndexOtherThanOneOrTwoLeavesBoth) {

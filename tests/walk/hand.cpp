@@ -190,9 +190,9 @@ Screen& Where(Screen& top, const Action& action) {
     return beside && action.screen == beside->Name() ? *beside : top;
 }
 
-bool Possible(const Screen& top, const Action& action) {
-    if (const Screen* beside = Beside(); beside && beside != &top && action.screen == beside->Name())
-        return Possible(*beside, action);
+namespace {
+
+bool Possible_On(const Screen& top, const Action& action) {
     // Time passes on screens that are not in sight, too.
     if (action.deed == Deed::kPulse) {
         const Timer* timer = Timer_Of(action);
@@ -263,6 +263,13 @@ bool Possible(const Screen& top, const Action& action) {
         case Deed::kPulse: break;
     }
     return false;
+}
+
+}  // namespace
+
+bool Possible(const Screen& top, const Action& action) {
+    const Screen* beside = Beside();
+    return Possible_On(beside && action.screen == beside->Name() ? *beside : top, action);
 }
 
 void Do(Screen& top, const Action& action) {

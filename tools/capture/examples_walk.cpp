@@ -5,7 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "files/in_hand.h"
-#include "platform/desktop.h"
+#include "platform/desktop_services.h"
 #include "screens/frm_explore.h"
 #include "tools/capture/deeds.h"
 #include "tools/capture/walk.h"
