@@ -64,12 +64,12 @@ void Initialize() {
         Set_Limits();
         Set_Settings();
         Load_Catalogue();
-        static_cast<MassProperties&>(Model) = {};
+        auto& m = Model;
+        static_cast<MassProperties&>(m) = {};
         Testlinkage();
         SeedCognate();
         // The start is in degrees here and the end in radians, so that the count is far below zero.
-        Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
-        auto& m = Model;
+        m.NSteps = Steps_Of(m.ThetaStartRad, m.ThetaEndRad, m.ThetaStepRad);
         m.ModuloMode = "abs";
         m.ModelName = "Model_1";
         m.DesignNumber = 1;
