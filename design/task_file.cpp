@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "core/one_line.h"
 #include "design/task.h"
 
 namespace verlink::design {
@@ -236,7 +237,7 @@ bool Read_Task(const std::string& text, Task& task, std::string& fault) {
     } catch (const Json::parse_error& error) {
         fault = "the file is no JSON from its byte " + std::to_string(error.byte) + " on";
     } catch (const Fault& wrong) {
-        fault = wrong.words;
+        fault = In_One_Line(wrong.words);
     }
     return false;
 }

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "core/numeric.h"
+#include "core/one_line.h"
 #include "dynamics/shown_length.h"
 
 namespace verlink::study {
@@ -195,7 +196,7 @@ bool Read_Settings(const std::string& text, Settings& settings, std::string& fau
     try {
         settings = Taken(json);
     } catch (const Fault& found) {
-        fault = found.words;
+        fault = In_One_Line(found.words);
         return false;
     }
     return true;

@@ -86,6 +86,7 @@ TEST(Task_File, ARefusalNamesTheField) {
     EXPECT_EQ(Refused(kHead + R"(,"positions":[{"x":1,"y":1,"angle":0},{"x":1,"angle":0}]})"),
               "the field positions[1].y is missing");
     EXPECT_EQ(Refused_With(R"("transmision":3)"), "there is no field transmision");
+    EXPECT_EQ(Refused_With(R"("a\nb\u007f":3)"), "there is no field a b ") << "in one line";
     EXPECT_EQ(Refused_With(R"("left":{"fixed":{"inside":[]}})"), "there is no field left.fixed.inside");
     EXPECT_EQ(Refused_With(R"("left":{"fixed":{"within":[0,0,-1,1]}})"),
               "the field left.fixed.within is to be left, bottom, right, top");

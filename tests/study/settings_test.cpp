@@ -58,6 +58,7 @@ TEST(StudySettings, AreRefusedByTheNameOfTheField) {
     EXPECT_EQ(Fault_With("\"uniform\"", "\"even\""),
               "the field tolerances[1].spread is to be normal, uniform or worst, not \"even\"");
     EXPECT_EQ(Fault_With("\"keep\": ", "\"keeps\": "), "there is no field keeps");
+    EXPECT_EQ(Fault_With("\"keep\": ", "\"ke\\nep\": "), "there is no field ke ep") << "in one line";
     EXPECT_EQ(Fault_With("\"field\": \"L2\"", "\"field\": 2"), "the field sweeps[0].field is to be a text");
     EXPECT_EQ(Fault_With("\"spread\": \"worst\"", "\"spread\": \"worst\", \"why\": 1"),
               "there is no field tolerances[3].why");
