@@ -70,16 +70,24 @@ bool Is_Task_Of(const LinkageModel& m, const std::vector<Place>& places, double 
     return true;
 }
 
-/// Whether the run has the crank between two of its steps. At its ends it may lack what lengths were rounded by.
-bool Run_Has(const LinkageModel& m, const Approach& approach) {
+/// From O2, global frame, stored length.
+Point Coupler_Point(const LinkageModel& m, int step) {
+    const auto& at = m.RunTable.PointXY;
+    return std::polar(1 / Shown_Factor(m), m.Link1Angle * kDegree) * Point(at(step, 2, 0), at(step, 2, 1));
+}
+
+/// Whether the run has the crank between two of its steps that close. At its ends it may lack what lengths were rounded
+/// by, of the crank's turn and of the coupler point's way.
+bool Run_Has(const LinkageModel& m, const Approach& approach, Point wanted) {
     constexpr double kSlack = 0.01, kMost = 1, kFullTurn = 360;
-    const double slack = std::clamp(approach.boxes / m.L2 / kDegree, kSlack, kMost);
     const double at = approach.crank / kDegree + m.Link1Angle;
     const auto wrapped = [](double degrees) { return std::remainder(degrees, kFullTurn); };
     for (int step = 0; step <= m.NSteps; ++step) {
+        if (!m.RunTable.Assembled(step)) continue;
         const double here = m.RunTable.Theta(step, 0), way = wrapped(at - here);
-        if (std::abs(way) <= slack) return true;
-        if (step == m.NSteps) continue;
+        if (std::abs(way) <= kSlack) return true;
+        if (std::abs(way) <= kMost && Distance(Coupler_Point(m, step), wanted) <= approach.boxes) return true;
+        if (step == m.NSteps || !m.RunTable.Assembled(step + 1)) continue;
         const double stride = wrapped(m.RunTable.Theta(step + 1, 0) - here);
         if (way * stride > 0 && std::abs(way) <= std::abs(stride)) return true;
     }
@@ -93,7 +101,7 @@ void Ask(const LinkageModel& m, double coupler, Wanted& wanted) {
     wanted.off = here.closes ? here.place : HUGE_VAL;
     wanted.askew = here.closes ? here.angle / kDegree : HUGE_VAL;
     if (here.Reaches_As_Shown())
-        wanted.is = Run_Has(m, here) ? Wanted::Is::kPassed : Wanted::Is::kBeyondRun;
+        wanted.is = Run_Has(m, here, wanted.at) ? Wanted::Is::kPassed : Wanted::Is::kBeyondRun;
     else
         wanted.is =
             reached.circuits[1 - in_force].Reaches_As_Shown() ? Wanted::Is::kOnOtherCircuit : Wanted::Is::kMissed;

@@ -156,6 +156,23 @@ TEST_F(PositionsWanted, AreToldWhereTheRunOrTheCircuitLeavesThemOut) {
     EXPECT_EQ(States(), std::vector<Is>(3, Is::kOnOtherCircuit));
 }
 
+TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
+    Use_Three();
+    Run();
+    ASSERT_EQ(States(), std::vector<Is>(3, Is::kPassed));
+    auto& closes = Model.RunTable.Assembled;
+    const int middle = Model.NSteps / 2;
+    for (int step = 0; step <= middle; ++step) closes(step) = false;
+    const auto states = States();
+    EXPECT_GE(std::ranges::count(states, Is::kBeyondRun), 1);
+    EXPECT_GE(std::ranges::count(states, Is::kPassed), 1);
+    // A position between two steps of which the run has one.
+    for (int step = 0; step <= Model.NSteps; ++step) closes(step) = step % 2 == 0;
+    EXPECT_EQ(States()[1], Is::kBeyondRun);
+    for (int step = 0; step <= Model.NSteps; ++step) closes(step) = false;
+    EXPECT_EQ(States(), std::vector<Is>(3, Is::kBeyondRun));
+}
+
 TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     Use_Three();
     Hoekens();
