@@ -166,9 +166,11 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
     const auto states = States();
     EXPECT_GE(std::ranges::count(states, Is::kBeyondRun), 1);
     EXPECT_GE(std::ranges::count(states, Is::kPassed), 1);
-    // A position between two steps of which the run has one.
-    for (int step = 0; step <= Model.NSteps; ++step) closes(step) = step % 2 == 0;
-    EXPECT_EQ(States()[1], Is::kBeyondRun);
+    // A position between two steps of which the run has the one, or the other.
+    for (const int even : {0, 1}) {
+        for (int step = 0; step <= Model.NSteps; ++step) closes(step) = step % 2 == even;
+        EXPECT_EQ(States()[1], Is::kBeyondRun);
+    }
     for (int step = 0; step <= Model.NSteps; ++step) closes(step) = false;
     EXPECT_EQ(States(), std::vector<Is>(3, Is::kBeyondRun));
 }

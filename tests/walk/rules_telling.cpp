@@ -100,8 +100,12 @@ bool Finite(const Overlay& over) {
     });
 }
 
+/// What stands in quotes is somebody's own word.
 bool Says_No_Number(const std::string& text) {
+    bool quoted = false;
     for (std::size_t at = 0; at + 3 <= text.size(); ++at) {
+        if (text[at] == '"') quoted = !quoted;
+        if (quoted) continue;
         const std::string word = text.substr(at, 3);
         const bool begins = at == 0 || std::isalpha(static_cast<unsigned char>(text[at - 1])) == 0;
         const bool ends = at + 3 == text.size() || std::isalpha(static_cast<unsigned char>(text[at + 3])) == 0;

@@ -281,6 +281,10 @@ TEST(WalkRules, A_number_that_is_none_in_what_is_told_or_drawn) {
                   kAtHome, [](Screen& top) { top.Get<Label>("lbl_Status", 10).Caption = "it is nan"; },
                   Go("frm_HomeScreen", "cmd_Input")),
               "finite");
+    EXPECT_NE(Broken_Rule(
+                  kAtHome, [](Screen& top) { top.Get<Label>("lbl_Status", 10).Caption = "no field \"nan\""; },
+                  Go("frm_HomeScreen", "cmd_Input")),
+              "finite");
 }
 
 std::vector<Told> Said(const std::vector<std::string>& texts, Answer answer = Answer::kOk) {
