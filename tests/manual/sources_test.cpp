@@ -164,12 +164,15 @@ TEST(ManualSourcesTest, Every_picture_was_taken) {
     }
 }
 
-TEST(ManualSourcesTest, The_walk_of_the_worked_example_reached_its_end) {
-    EXPECT_TRUE(Text_Of_File(QStringLiteral(VERLINK_PICTURES "/walk.txt")).endsWith(QStringLiteral("\ncomplete\n")));
+TEST(ManualSourcesTest, The_walks_for_its_pictures_reached_their_ends) {
+    for (const char* account : {"road", "chapters"})
+        EXPECT_TRUE(Text_Of_File(QStringLiteral(VERLINK_PICTURES "/%1.txt").arg(QLatin1String(account)))
+                        .endsWith(QStringLiteral("\ncomplete\n")))
+            << account;
 }
 
 TEST(ManualSourcesTest, The_pictures_are_of_the_run_that_the_worked_example_types) {
-    const QString account = Text_Of_File(QStringLiteral(VERLINK_PICTURES "/walk.txt"));
+    const QString account = Text_Of_File(QStringLiteral(VERLINK_PICTURES "/road.txt"));
     for (const char* picture : {"input", "animate", "plot-acceleration", "dynamics", "balance", "print-data"})
         EXPECT_TRUE(account.contains(QStringLiteral("\npicture %1, 181 positions\n").arg(QLatin1String(picture))))
             << picture;

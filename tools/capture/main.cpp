@@ -1,7 +1,8 @@
 // Walks through the program as a user would and saves a picture of each screen on the way.
 //
 //     verlink-capture FOLDER [dark]      every screen, also as on a dark desktop
-//     verlink-capture FOLDER manual      the road of the manual, with an account of it in walk.txt
+//     verlink-capture FOLDER road        the pictures of the manual's worked example, with an account of it in road.txt
+//     verlink-capture FOLDER chapters    those of its other chapters, with theirs in chapters.txt
 //     verlink-capture - film             the tutorial, as uncompressed video on the standard output
 //
 // The user's folders are temporary ones, so that nothing of the real user is touched.
@@ -12,6 +13,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "core/linkage_model.h"
 #include "desktop/qt_desktop.h"
@@ -408,10 +410,10 @@ QPalette Dark_Palette() {
 int main(int argc, char** argv) {
     const std::string kind = argc == 3 ? argv[2] : "";
     const bool dark = kind == "dark";
-    const bool manual = kind == "manual";
+    const bool manual = kind == "road" || kind == "chapters";
     const bool film = kind == "film";
     if (argc != 2 && !dark && !manual && !film) {
-        std::fputs("usage: verlink-capture FOLDER [dark | manual]\n       verlink-capture - film\n", stderr);
+        std::fputs("usage: verlink-capture FOLDER [dark | road | chapters]\n       verlink-capture - film\n", stderr);
         return 2;
     }
     // The platform without a display says at each window what it cannot do.
@@ -435,8 +437,9 @@ int main(int argc, char** argv) {
     platform::Use_Desktop(&desktop);
     Install_Reporter(Report_Error);
     Register_Screens();
-    const QString account = manual ? folder.filePath(QStringLiteral("walk.txt")) : QString();
-    Walker walker(desktop, folder, film ? Tutorial_Walk() : manual ? Manual_Walk() : Walk(), account.toStdString());
+    const std::string account = manual ? folder.filePath(QString::fromStdString(kind + ".txt")).toStdString() : "";
+    Stops stops = film ? Tutorial_Walk() : kind == "road" ? Road_Walk() : manual ? Chapters_Walk() : Walk();
+    Walker walker(desktop, folder, std::move(stops), account);
     std::optional<Film> tutorial;
     if (film) walker.Use(tutorial.emplace(stdout));
     walker.Start();

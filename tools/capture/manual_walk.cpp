@@ -399,6 +399,7 @@ Stops Under_The_Hand() {
 
 /// Tolerances of a crank-rocker, with what they come to.
 Stops Studies() {
+    const auto ended = [](Screen& s) { return !s.Get<platform::CommandButton>("cmd_Stop").Enabled; };
     return {{"frm_HomeScreen", "", Menu("mnu_Studies")},
             {"frm_Studies", "", [](Screen& s) { Pick(s, "opt_Kind", 1); }},
             {"frm_Studies", "",
@@ -406,7 +407,7 @@ Stops Studies() {
                      {"txt_PlusMinus", 2, "0.02"},
                      {"txt_PlusMinus", 3, "0.02"},
                      {"txt_PlusMinus", 4, "0.01"}})},
-            {"frm_Studies", "", Pressing("cmd_Start"), 6000},
+            {.screen = "frm_Studies", .picture = "", .act = Pressing("cmd_Start"), .until = ended},
             Marked({"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
                    {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.94, 0.75}, {"Picture1", 0.06, 0.06}}),
             {"frm_Studies", "", Pressing("cmd_Cancel")}};
@@ -422,35 +423,27 @@ Stops Quit() {
             {"frm_Quit", "", Pressing("cmd_YesQuit")}};
 }
 
-}  // namespace
-
-Stops Manual_Walk() {
+/// Walks one behind the other.
+Stops Together(std::initializer_list<Stops> parts) {
     Stops walk;
-    const auto add = [&walk](const Stops& part) { walk.insert(walk.end(), part.begin(), part.end()); };
-    add(To_Home());
-    add(Synthesis());
-    add(Run_And_Animate(15));
-    add(Plot_Accelerations());
-    add(Forces_And_Balance());
-    add(Table());
-    add(Other_Plots());
-    add(Cognates());
-    add(Two_Positions());
-    add(All_Linkages());
-    add(Straight_Line());
-    add(Under_The_Hand());
-    add(Studies());
-    add(Examples_Walk());
-    add(Quit());
+    for (const Stops& part : parts) walk.insert(walk.end(), part.begin(), part.end());
     return walk;
 }
 
+}  // namespace
+
+Stops Road_Walk() {
+    return Together({To_Home(), Synthesis(), Run_And_Animate(15), Plot_Accelerations(), Forces_And_Balance(), Table(),
+                     Other_Plots(), Cognates(), Two_Positions(), All_Linkages(), Quit()});
+}
+
+Stops Chapters_Walk() {
+    return Together({To_Home(), Straight_Line(), Under_The_Hand(), Studies(), Examples_Walk(), Quit()});
+}
+
 Stops Tutorial_Walk() {
-    Stops walk;
-    for (const Stops& part : {To_Home(), Synthesis(), Run_And_Animate(90, Drag_With_Live_Plots()), Plot_Accelerations(),
-                              Forces_And_Balance(), Table(), Quit()})
-        walk.insert(walk.end(), part.begin(), part.end());
-    return walk;
+    return Together({To_Home(), Synthesis(), Run_And_Animate(90, Drag_With_Live_Plots()), Plot_Accelerations(),
+                     Forces_And_Balance(), Table(), Quit()});
 }
 
 }  // namespace verlink::capture

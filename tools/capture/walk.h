@@ -25,13 +25,14 @@ struct Stop {
     std::string picture;  ///< empty: none
     std::function<void(Screen&)> act;
     int settle_ms = 120;
-    bool plays = false;                  ///< the walk waits until the deed has ended
-    std::string message = {};            ///< the name for the picture of a message that comes up here
-    std::string words = {};              ///< what the tutorial says here
-    std::vector<std::string> part = {};  ///< the widgets that the picture is cut to; empty: the window
-    double lower = 1;                    ///< how much of that part is in the picture, from its top
-    std::vector<Mark> marks = {};        ///< numbered in their order, from 1
-    std::string file = {};               ///< typed where a dialog asks for a file; a path, or a name in its folder
+    bool plays = false;                       ///< the walk waits until the deed has ended
+    std::string message = {};                 ///< the name for the picture of a message that comes up here
+    std::string words = {};                   ///< what the tutorial says here
+    std::vector<std::string> part = {};       ///< the widgets that the picture is cut to; empty: the window
+    double lower = 1;                         ///< how much of that part is in the picture, from its top
+    std::vector<Mark> marks = {};             ///< numbered in their order, from 1
+    std::string file = {};                    ///< typed where a dialog asks for a file; a path, or a name in its folder
+    std::function<bool(Screen&)> until = {};  ///< true once the screen has ended what the deed began
 };
 
 /// Told where the user's hand is, before it does anything; a film is made of this.
@@ -127,8 +128,11 @@ inline void Pick(Screen& screen, const char* options, int index) {
 
 using Stops = std::vector<Stop>;
 
-/// The road of the manual's worked example, after it the other screens that the manual shows, and the examples.
-Stops Manual_Walk();
+/// The road of the manual's worked example, and after it the other screens that the manual shows.
+Stops Road_Walk();
+
+/// What chapters of their own show, and the short worked examples.
+Stops Chapters_Walk();
 
 /// The short worked examples, from the home screen back to it.
 Stops Examples_Walk();

@@ -110,6 +110,13 @@ void Walker::Later(int ms) {
     QTimer::singleShot(ms, [this] { Go(); });
 }
 
+int Walker::Rest(const Stop& stop) const {
+    const bool arrives = next_ == 0 || stops_[next_ - 1].screen != stop.screen;
+    const bool stays = next_ + 1 < stops_.size() && stops_[next_ + 1].screen == stop.screen;
+    const bool seen = film_ || !stop.act || !stop.picture.empty();
+    return seen || (arrives && stays) ? stop.settle_ms : stop.settle_ms / 4;
+}
+
 void Walker::Save(QWidget& window, const Stop& stop) {
     if (film_) return film_->Show(window, kLooking);
     const QRect part = Part_Of(window, stop);
@@ -132,8 +139,10 @@ void Walker::Answer(QMessageBox& box) {
     account_ += "message " + box.text().toStdString() + "\n";
     if (film_)
         film_->Show(box, kLooking);
-    else
-        Keep(box.grab(), wished.empty() ? "message-" + std::to_string(++messages_) : wished);
+    else if (!wished.empty())
+        Keep(box.grab(), wished);
+    else if (account_file_.empty())
+        Keep(box.grab(), "message-" + std::to_string(++messages_));
     Later(50);
     for (const auto button : {QMessageBox::Ok, QMessageBox::No, QMessageBox::Ignore})
         if (box.standardButtons() & button) return box.button(button)->click();
@@ -179,15 +188,16 @@ void Walker::Go() {
             film_->Say(stop.words);
             film_->Show(desktop_.formOf(*active), kReading);
         }
-        if (!stop.plays) Later(stop.settle_ms);  // before the deed, which may show a screen and not return
+        if (!stop.plays) Later(Rest(stop));  // before the deed, which may show a screen and not return
         if (stop.act) stop.act(*active);
-        if (stop.plays) Later(stop.settle_ms);
+        if (stop.plays) Later(Rest(stop));
         return;
     }
+    if (stop.until && active && !stop.until(*active)) return Later(50);
     acted_ = false;
     ++next_;
     if (!stop.picture.empty() && active) Save(desktop_.formOf(*active), stop);
-    Later(20);
+    Later(0);
 }
 
 /// Each press, box and choice is seen before it happens; a button pressed again and again is a motion.

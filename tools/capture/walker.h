@@ -39,6 +39,9 @@ class Walker {
 
    private:
     void Later(int ms);
+    /// Milliseconds after a deed: in full where something is seen, and on a screen that has just come up, as it draws
+    /// once more by itself.
+    int Rest(const Stop& stop) const;
     void Save(QWidget& window, const Stop& stop);
     void Keep(const QPixmap& picture, const std::string& name);
     void Answer(QMessageBox& box);

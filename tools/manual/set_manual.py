@@ -5,13 +5,14 @@
 
 Every Markdown file below SOURCES becomes a PDF below DOCUMENTS, with its places beside it; all of them together become
 Program_Manual.pdf; and DOCUMENTS/html has them as pages for a browser. FOLDER has what the build wrote for them, and
-walk.txt in PICTURES what was seen on the walk that took them.
+chapters.txt in PICTURES what was seen on the walk that took them.
 The date on the title is today's, or that of SOURCE_DATE_EPOCH.
 """
 
 import argparse
 import concurrent.futures
 import datetime
+import gc
 import logging
 import os
 import pathlib
@@ -58,10 +59,11 @@ def main():
     parser.add_argument("--version", default="")
     options = parser.parse_args()
 
+    gc.disable()  # a seventh of the time, and the memory is there
     logging.getLogger("weasyprint").setLevel(logging.ERROR)
     logging.getLogger("fontTools").setLevel(logging.ERROR)
     try:
-        account = (options.pictures / "walk.txt").read_text(encoding="utf-8")
+        account = (options.pictures / "chapters.txt").read_text(encoding="utf-8")
         chapters = pages.read_manual(options.sources, options.made, account)
         index = pages.read_index(options.sources, chapters)
         css = (HERE / "paper.css").read_text(encoding="utf-8")
