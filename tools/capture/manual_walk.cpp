@@ -334,7 +334,7 @@ Stops All_Linkages() {
 /// A straight line, with what the animate screen can show of it.
 Stops Straight_Line() {
     return {{"frm_HomeScreen", "", Menu("mnu_Hoekens")},
-            {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 400},
+            {"frm_Inputnew", "", Both(Picking("opt_Polar", 1), Pressing("cmd_Calc")), 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
             {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400},
             {"frm_Animate", "straight-line", Stepping(9)},
