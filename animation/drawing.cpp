@@ -14,27 +14,27 @@ using platform::Color;
 namespace {
 
 /// A point or an offset in the global frame.
-struct Spot {
+struct Place {
     Single x, y;
 };
 
-Spot Turned(Single x, Single y) {
+Place Turned(Single x, Single y) {
     if (Model.Link1Angle == 0) return {x, y};
-    Spot turned;
+    Place turned;
     Rotate(x, y, Model.Link1Angle, 1, turned.x, turned.y);
     return turned;
 }
 
 /// Row 0 is A, 1 is B, 2 is P.
-Spot Point_At(int step, int row) {
+Place Point_At(int step, int row) {
     return Turned(Model.RunTable.PointXY(step, row, 0), Model.RunTable.PointXY(step, row, 1));
 }
 
 bool At_Origin(int step) { return Model.RunTable.PointXY(step, 2, 0) == 0 && Model.RunTable.PointXY(step, 2, 1) == 0; }
 
 /// In the ground link's frame.
-Spot Pivot_On_Ground() { return {Model.L1 * Shown_Factor(), 0}; }
-Spot Pivot_O4() { return Turned(Pivot_On_Ground().x, 0); }
+Place Pivot_On_Ground() { return {Model.L1 * Shown_Factor(), 0}; }
+Place Pivot_O4() { return Turned(Pivot_On_Ground().x, 0); }
 
 constexpr double kOrigin = 0;
 
@@ -42,13 +42,13 @@ constexpr double kOrigin = 0;
 class Pen {
    public:
     explicit Pen(platform::Screen& form) : surface_(form.Get<platform::PictureBox>("Picture1").Canvas()) {}
-    void Line(Spot from, Spot to, Color color) { surface_.Line(from.x, Flip(from.y), to.x, Flip(to.y), color); }
-    void Line_To(Spot to, Color color) { surface_.LineTo(to.x, Flip(to.y), color); }
-    void Line_By(Spot offset, Color color) { surface_.LineStep(offset.x, -offset.y, color); }
-    void Circle(Spot center, double radius, Color color) { surface_.Circle(center.x, Flip(center.y), radius, color); }
-    void Pin(Spot center, double radius, Color color) { surface_.Pin(center.x, Flip(center.y), radius, color); }
-    void Dot(Spot spot, Color color) { surface_.PSet(spot.x, Flip(spot.y), color); }
-    void Dot(Spot spot) { surface_.PSet(spot.x, Flip(spot.y)); }
+    void Line(Place from, Place to, Color color) { surface_.Line(from.x, Flip(from.y), to.x, Flip(to.y), color); }
+    void Line_To(Place to, Color color) { surface_.LineTo(to.x, Flip(to.y), color); }
+    void Line_By(Place offset, Color color) { surface_.LineStep(offset.x, -offset.y, color); }
+    void Circle(Place center, double radius, Color color) { surface_.Circle(center.x, Flip(center.y), radius, color); }
+    void Pin(Place center, double radius, Color color) { surface_.Pin(center.x, Flip(center.y), radius, color); }
+    void Dot(Place spot, Color color) { surface_.PSet(spot.x, Flip(spot.y), color); }
+    void Dot(Place spot) { surface_.PSet(spot.x, Flip(spot.y)); }
     platform::Surface& Unflipped() { return surface_; }
 
    private:
@@ -56,7 +56,7 @@ class Pen {
     platform::Surface& surface_;
 };
 
-void Draw_Links(Pen& pen, Spot A, Spot B, Spot P) {
+void Draw_Links(Pen& pen, Place A, Place B, Place P) {
     const Color color = Model.PenColor;
     pen.Line({kOrigin, kOrigin}, A, color);
     pen.Line_To(B, color);
@@ -69,11 +69,11 @@ void Draw_Links(Pen& pen, Spot A, Spot B, Spot P) {
     pen.Pin(P, Model.CouplerPinRadius, pins);
 }
 
-void Draw_Cam_Follower(Pen& pen, int step, Spot A) {
+void Draw_Cam_Follower(Pen& pen, int step, Place A) {
     const double factor = Shown_Factor();
     const double a = Model.CamPhase * kDegToRad + Model.RunTable.Theta(step, 0) * kDegToRad;
     const double arm = Model.CamDataLength1 * factor;
-    const Spot roller{arm * std::cos(a), arm * std::sin(a)};
+    const Place roller{arm * std::cos(a), arm * std::sin(a)};
     pen.Circle(roller, Model.CamDataLength2 * factor, Model.PenColor);
     pen.Pin(roller, Model.PinRadius, Model.PenColor);
     pen.Line({kOrigin, kOrigin}, roller, Model.PenColor);
@@ -82,7 +82,7 @@ void Draw_Cam_Follower(Pen& pen, int step, Spot A) {
 
 /// Off a link's joint by a distance, stored, and an angle in the link's own frame; both spots in the ground link's
 /// frame.
-Spot On_Link(int link, int step, Spot joint, double distance, double angle) {
+Place On_Link(int link, int step, Place joint, double distance, double angle) {
     const double a = Model.RunTable.Theta(step, link - 2) * kDegToRad + angle - Model.Link1AngleRad;
     const double length = distance * Shown_Factor();
     return Turned(joint.x + length * std::cos(a), joint.y + length * std::sin(a));
@@ -91,23 +91,23 @@ Spot On_Link(int link, int step, Spot joint, double distance, double angle) {
 void DrawMassCenters(int step, Pen& pen) {
     const Color color = Model.PenColor;
     const auto& points = Model.RunTable.PointXY;
-    const auto center = [&](int link, Spot joint) {
+    const auto center = [&](int link, Place joint) {
         return On_Link(link, step, joint, Model.CG(link, 0), Model.CG(link, 1));
     };
-    const Spot A = Point_At(step, 0);
-    const Spot B = Point_At(step, 1);
+    const Place A = Point_At(step, 0);
+    const Place B = Point_At(step, 1);
 
-    const Spot G2 = center(2, {kOrigin, kOrigin});
+    const Place G2 = center(2, {kOrigin, kOrigin});
     pen.Line({kOrigin, kOrigin}, G2, color);
     pen.Line_To(A, color);
     pen.Pin(G2, Model.PinRadius, color);
 
-    const Spot G4 = center(4, Pivot_On_Ground());
+    const Place G4 = center(4, Pivot_On_Ground());
     pen.Line(Pivot_O4(), G4, color);
     pen.Line_To(B, color);
     pen.Pin(G4, Model.PinRadius, color);
 
-    const Spot G3 = center(3, {points(step, 0, 0), points(step, 0, 1)});
+    const Place G3 = center(3, {points(step, 0, 0), points(step, 0, 1)});
     pen.Dot(A, color);
     pen.Line_To(G3, color);
     pen.Line_To(B, color);
@@ -115,8 +115,8 @@ void DrawMassCenters(int step, Pen& pen) {
 }
 
 void DrawBalanceWeights(int step, Pen& pen) {
-    const auto weight = [&](int link, Spot pivot) {
-        const Spot W = On_Link(link, step, pivot, Model.BerkCG(link, 0), Model.BerkCG(link, 1));
+    const auto weight = [&](int link, Place pivot) {
+        const Place W = On_Link(link, step, pivot, Model.BerkCG(link, 0), Model.BerkCG(link, 1));
         pen.Line(Turned(pivot.x, pivot.y), W, Model.PenColor);
         pen.Pin(W, Model.PivotRadius, Model.PenColor);
     };
@@ -129,7 +129,7 @@ void DrawBalanceWeights(int step, Pen& pen) {
 void Drawsub(int step, platform::Screen& form) {
     Guarded("Drawsub", [&] {
         Pen pen(form);
-        const Spot A = Point_At(step, 0);
+        const Place A = Point_At(step, 0);
         if (Model.HideLinksFlag == "N") Draw_Links(pen, A, Point_At(step, 1), Point_At(step, 2));
         if (Model.Calctype == 4) Draw_Cam_Follower(pen, step, A);
         if (Model.DynamicsDone) DrawMassCenters(step, pen);
@@ -151,13 +151,13 @@ void Drawpivots(platform::Screen& form) {
     Guarded("Drawpivots", [&] {
         Pen pen(form);
         const Color color = Model.PivotColor;
-        for (const Spot pivot : {Spot{kOrigin, kOrigin}, Pivot_O4()}) {
+        for (const Place pivot : {Place{kOrigin, kOrigin}, Pivot_O4()}) {
             pen.Pin(pivot, Model.PivotRadius, color);
             pen.Pin(pivot, Model.PinRadius, color);
         }
         if (Model.Calctype != 4) return;
         const double factor = Shown_Factor();
-        const Spot cam{-Model.CamCenterX * factor, -Model.CamCenterY * factor};
+        const Place cam{-Model.CamCenterX * factor, -Model.CamCenterY * factor};
         pen.Circle(cam, Model.CamDiameter * factor, color);
         pen.Pin(cam, Model.PivotRadius, color);
     });
@@ -170,7 +170,7 @@ void DrawCouplerCurve(platform::Screen& form) {
         const int by = Model.StepIncrement;
         for (int step = Model.FirstStep; step <= last; step += by) {
             if (At_Origin(step)) continue;
-            const Spot start = Point_At(step, 2);
+            const Place start = Point_At(step, 2);
             Model.CurveStartX = start.x;
             Model.CurveStartY = start.y;
             Model.CurveStartLocalX = Model.RunTable.PointXY(step, 2, 0);
@@ -185,7 +185,7 @@ void DrawCouplerCurve(platform::Screen& form) {
                 pen_up = true;
                 continue;
             }
-            const Spot P = Point_At(step, 2);
+            const Place P = Point_At(step, 2);
             if (pen_up) {
                 pen.Dot(P, Model.ColorCyan);
                 pen_up = false;
@@ -209,9 +209,9 @@ void DrawCentrodeCurves(platform::Screen& form) {
         pen.Unflipped().PSet(Model.CurveStartLocalX, Model.CurveStartLocalY);
         for (int step = Model.FirstStep; step <= Model.LastStep; step += Model.StepIncrement) {
             if (!Model.RunTable.Assembled(step)) continue;
-            const Spot P = Point_At(step, 2);
+            const Place P = Point_At(step, 2);
             const double c = (Model.LineAngle + Model.RunTable.Theta(step, 1)) * kDegToRad;
-            const Spot d = Turned(Model.CouplerLineLength * std::cos(c), Model.CouplerLineLength * std::sin(c));
+            const Place d = Turned(Model.CouplerLineLength * std::cos(c), Model.CouplerLineLength * std::sin(c));
             pen.Pin(P, Model.PinRadius / 2, color);
             pen.Dot(P);
             pen.Line_By(d, color);
@@ -225,8 +225,8 @@ void PlotCentrodeCircles(int step, platform::Screen& form) {
     Guarded("PlotCentrodeCircles", [&] {
         const auto& fixed = Model.RunTable.FixedCentrode;
         const auto& moving = Model.RunTable.MovingCentrode;
-        const Spot F = Turned(fixed(step, 0, 0), fixed(step, 0, 1));
-        const Spot M = Turned(moving(step, 0, 0), moving(step, 0, 1));
+        const Place F = Turned(fixed(step, 0, 0), fixed(step, 0, 1));
+        const Place M = Turned(moving(step, 0, 0), moving(step, 0, 1));
         const double reach = 2 * Model.AnimMax;
         if (!(reach > std::abs(F.x) && reach > std::abs(F.y))) return;
         Pen pen(form);

@@ -40,7 +40,6 @@ namespace verlink {
 
 namespace {
 
-constexpr int kDone = 0, kFailed = 1, kWrongUsage = 2;
 const char kClassified[] = "Grashof_Code,LongText,ToggleDegrees\n";
 
 /// The desktop in force as long as this lives.

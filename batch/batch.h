@@ -15,6 +15,8 @@ struct Terminal {
 
 /// What a process ends with in the eyes of a shell when it writes into a pipe that nobody reads.
 inline constexpr int kNobodyReads = 141;
+/// What it ends with by itself.
+inline constexpr int kDone = 0, kFailed = 1, kWrongUsage = 2;
 
 /// The whole program, given its arguments without the program's name. The record is made afresh for each model. The
 /// exit status: 0 done, 1 when a model cannot be read, is refused, closes nowhere, or a file cannot be written, 2 for

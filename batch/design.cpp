@@ -1,6 +1,7 @@
 // A task in, its linkages as a table, a gallery and a model out.
 #include "batch/design.h"
 
+#include "batch/batch.h"
 #include "batch/csv.h"
 #include "batch/exchange.h"
 #include "batch/write.h"
@@ -22,8 +23,6 @@ using design::Found;
 using design::kDegree;
 using design::Solution;
 using design::Task;
-
-constexpr int kDone = 0, kFailed = 1;
 
 std::string Row_Of(const Task& task, const Solution& solution, std::size_t rank) {
     const auto& [linkage, j, genes, family] = solution;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <thread>
 
+#include "batch/batch.h"
 #include "batch/csv.h"
 #include "batch/exchange.h"
 #include "batch/run.h"
@@ -25,7 +26,6 @@ using study::Number;
 
 namespace {
 
-constexpr int kDone = 0, kFailed = 1, kWrongUsage = 2;
 constexpr Number kBlock = 64;  ///< linkages
 
 std::vector<std::string> Measure_Words(const study::Bench& bench) {

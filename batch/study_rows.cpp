@@ -22,7 +22,7 @@ std::optional<std::uint64_t> Whole_Number(const std::string& text) {
     return number;
 }
 
-Take Words(std::vector<std::string> StudyOptions::*list) {
+Take Words_Of_List(std::vector<std::string> StudyOptions::*list) {
     return [list](const std::string& value, BatchOptions& options, std::string&) {
         (options.study.*list).push_back(value);
         return true;
@@ -119,7 +119,7 @@ std::vector<OptionRow> Study_Rows() {
         {kStudies, "--sweep", "RANGE",
          "takes a field from one value to another in so many values; several\n"
          "make a grid: --sweep L2=1:2:11 --sweep L4=2:4:21",
-         Words(&StudyOptions::sweeps), again("--sweep FIELD=FROM:TO:COUNT")},
+         Words_Of_List(&StudyOptions::sweeps), again("--sweep FIELD=FROM:TO:COUNT")},
         {kStudies, "--sweep-list", "FILE",
          "takes the values of fields from the rows of a table with their\nnames as its head",
          Path_Of("--sweep-list", &StudyOptions::list)},
@@ -127,7 +127,7 @@ std::vector<OptionRow> Study_Rows() {
          "spreads a field about its value: PLUSMINUS is three standard\n"
          "deviations (normal, if not said), or both ends of a uniform spread,\n"
          "or both ends themselves, all corners of which are tried (worst)",
-         Words(&StudyOptions::tolerances), again("--tolerance FIELD=PLUSMINUS[:normal|uniform|worst]")},
+         Words_Of_List(&StudyOptions::tolerances), again("--tolerance FIELD=PLUSMINUS[:normal|uniform|worst]")},
         {kStudies, "--samples", "N", "how many random linkages; 10000 if not given",
          Count("--samples", 1, kMost, &StudyOptions::samples)},
         {kStudies, "--seed", "S", "which random numbers; 1 if not given",
@@ -138,9 +138,9 @@ std::vector<OptionRow> Study_Rows() {
          "that of the model or from a line, or the share that closes:\n"
          "--measure \"max Accel CP:Mag\" --measure \"at 90 Theta4\"\n"
          "--measure deviation --measure \"deviation line\" --measure closes",
-         Words(&StudyOptions::measures), again("--measure WORDS")},
+         Words_Of_List(&StudyOptions::measures), again("--measure WORDS")},
         {kStudies, "--keep", "BOUND", "leaves out linkages beyond a bound: --keep \"min Trans Ang > 40\"",
-         Words(&StudyOptions::keeps), again("--keep BOUND")},
+         Words_Of_List(&StudyOptions::keeps), again("--keep BOUND")},
         {kStudies, "--summary", "",
          "prints, in place of the rows, counts, mean, standard deviation,\n"
          "quantiles, a histogram and the ten lowest and highest of each\n"

@@ -13,13 +13,8 @@ namespace verlink::checks {
 
 namespace {
 
-constexpr Vector kQuarter{0, 1};
 constexpr double kRadians = M_PI / 180;
 
-template <class Column>
-Vector At(const Column& column, int step, int row) {
-    return {column(step, row, 0), column(step, row, 1)};
-}
 Vector Value(const Estimate2& e) { return {e.x.value, e.y.value}; }
 
 /// What a solve took and stored.

@@ -17,11 +17,6 @@ constexpr double kDegrees = 180 / M_PI;
 constexpr const char* kPoints[] = {"A", "B", "P"};
 constexpr const char* kLinks[] = {"link 2", "link 3", "link 4"};
 
-template <class Column>
-Vector At(const Column& column, int step, int row) {
-    return {column(step, row, 0), column(step, row, 1)};
-}
-
 /// An angle brought to half a turn about 0, degrees.
 double Wrapped(double degrees) { return std::remainder(degrees, 360); }
 
@@ -122,7 +117,6 @@ class Motion {
                              kLinks[1]);
         turns_.Add_By_Design(std::abs(table_.Alpha(n, 2) - a4), s.expected.alpha4.error, std::abs(s.design_alpha4), n,
                              kLinks[2]);
-        constexpr Vector kQuarter{0, 1};
         const Vector off_B = kQuarter * s.design_alpha4 * (s.pose.B - shape_.L1);
         const Vector off_P = kQuarter * s.design_alpha3 * (s.pose.P - s.pose.A);
         const double w4 = w2 * s.pose.th4.first;

@@ -7,8 +7,6 @@ namespace verlink::checks {
 
 namespace {
 
-constexpr Vector kQuarter{0, 1};
-
 /// The angle between sides d and a of a triangle whose third side is c, as d changes with the crank: d itself and its
 /// first and second derivatives.
 Turning Corner(double d, double d1, double d2, double a, double c) {

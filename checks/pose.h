@@ -9,6 +9,13 @@
 namespace verlink::checks {
 
 using Vector = std::complex<double>;
+inline constexpr Vector kQuarter{0, 1};  ///< of a turn
+
+/// Both components of a row of a table at a step.
+template <class Column>
+Vector At(const Column& column, int step, int row) {
+    return {column(step, row, 0), column(step, row, 1)};
+}
 
 /// z component of a x b, and their scalar product.
 inline double Cross(Vector a, Vector b) { return (std::conj(a) * b).imag(); }

@@ -10,7 +10,6 @@ namespace verlink::checks {
 
 namespace {
 
-constexpr Vector kQuarter{0, 1};
 constexpr double kRadians = M_PI / 180;
 
 double Size(const Estimate2& e) { return std::hypot(e.x.value, e.y.value); }

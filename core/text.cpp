@@ -18,9 +18,6 @@ std::string General(double value, int digits) {
     return {buffer, end};
 }
 
-bool Is_Blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
-
 /// Length of the leading numeric part: sign, digits with at most one point, and an exponent that has digits.
 std::size_t Numeric_Length(std::string_view text) {
     std::size_t at = 0;

@@ -8,6 +8,10 @@
 
 namespace verlink {
 
+/// Of the plain letters, whatever the locale.
+inline bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
+inline bool Is_Blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 /// The shortest decimal form of up to 7 significant digits ("0.05", "1.234568E-05", "1E+07"), without a leading
 /// blank; the mantissa and exponent form from 1E+07 up and below 1E-04.
 std::string Text_Of(Single value);
@@ -16,6 +20,9 @@ std::string Text_Of(double value);
 std::string Text_Of(int value);
 inline std::string Text_Of(Integer value) { return Text_Of(static_cast<int>(value)); }
 inline std::string Text_Of(Long value) { return Text_Of(static_cast<int>(value)); }
+
+/// A name with a number behind it, as rows of controls have.
+inline std::string Numbered(const char* name, int number) { return name + std::to_string(number); }
 
 /// The value of the leading numeric part of a text, blanks skipped; 0 when there is none. "1.5abc" is 1.5, ".5" is
 /// 0.5, "1e3" and "1d3" are 1000, "" and "abc" are 0. Infinities and NaNs are no numbers. A text too large for a

@@ -17,9 +17,7 @@ namespace {
 
 constexpr int kDeepest = 40;  ///< brackets within brackets
 
-bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
 bool Is_Letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool Is_Blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 bool Is_Mark(char c) { return c == '-' || c == '^' || c == '*' || c == '.'; }
 char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 

@@ -9,8 +9,7 @@ namespace verlink::design {
 
 namespace {
 
-constexpr platform::Color Rgb(int red, int green, int blue) { return red + 256 * (green + 256 * blue); }
-constexpr platform::Color kCentres = Rgb(150, 90, 200), kCirclePoints = Rgb(0, 140, 160);
+constexpr platform::Color kCentres = platform::Rgb(150, 90, 200), kCirclePoints = platform::Rgb(0, 140, 160);
 
 Point Pivot_Of(const Dyad& dyad, Curve which) { return which == Curve::kCentres ? dyad.fixed : dyad.moving; }
 

@@ -13,9 +13,9 @@ namespace verlink::design {
 namespace {
 
 using platform::Color;
+using platform::Rgb;
 using platform::Surface;
 
-constexpr Color Rgb(int red, int green, int blue) { return red + 256 * (green + 256 * blue); }
 constexpr Color kCurve = Rgb(160, 160, 160), kGhost = Rgb(190, 205, 225), kBody = Rgb(200, 120, 40),
                 kCrank = Rgb(200, 40, 40), kCoupler = Rgb(30, 90, 180), kOther = Rgb(30, 130, 60),
                 kGround = Rgb(40, 40, 40);

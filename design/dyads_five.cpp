@@ -168,9 +168,9 @@ double Partner(const Conic& f, const Conic& g, double s) {
 }
 
 bool On_A_Circle(std::span<const Carried> five, const Dyad& dyad, double span) {
-    constexpr double kExact = 1e-9, kFarthest = 1e5;
+    constexpr double kExact = 1e-9, kFar = 1e5;
     const double radius = Distance(dyad.fixed, dyad.moving);
-    if (!(radius <= kFarthest * span)) return false;
+    if (!(radius <= kFar * span)) return false;
     return std::ranges::all_of(five, [&](const Carried& carried) {
         return std::abs(Distance(carried.Of(dyad.moving), dyad.fixed) - radius) <= kExact * (radius + span);
     });

@@ -8,7 +8,7 @@ namespace verlink::design {
 
 namespace {
 
-double Apart(const Dyad& a, const Dyad& b) {
+double Dyads_Apart(const Dyad& a, const Dyad& b) {
     return std::max(Distance(a.fixed, b.fixed), Distance(a.moving, b.moving));
 }
 
@@ -27,7 +27,7 @@ std::array<FourBar, 2> Cognates_Of(const FourBar& linkage) {
 }  // namespace
 
 double Apart_As_Driven(const FourBar& a, const FourBar& b) {
-    return std::max(Apart(a.crank, b.crank), Apart(a.other, b.other));
+    return std::max(Dyads_Apart(a.crank, b.crank), Dyads_Apart(a.other, b.other));
 }
 
 double Apart(const FourBar& a, const FourBar& b) {

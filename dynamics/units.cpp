@@ -15,19 +15,19 @@ namespace {
 
 constexpr int kSystems = 5;
 
-struct System {
+struct Unit_System {
     const char *length, *force, *mass, *inertia;
     int DecLength, DecLengthShown, DecForce, DecTorque, DecMass, DecInertia;
 };
 
 // "ft-lb-^2" has no s.
-constexpr System kSystem[kSystems] = {
+constexpr Unit_System kSystem[kSystems] = {
     {"in", "lb", "bl", "in-lb-s^2", 3, 3, 2, 2, 4, 4}, {"ft", "lb", "sl", "ft-lb-^2", 3, 3, 2, 3, 3, 3},
     {"m", "N", "kg", "kg-m^2", 4, 4, 2, 3, 3, 3},      {"cm", "N", "kg", "kg-m^2", 4, 3, 2, 3, 3, 3},
     {"mm", "N", "kg", "kg-m^2", 4, 2, 2, 3, 3, 3},
 };
 
-const System* System_Of(int Units) { return Units < 1 || Units > kSystems ? nullptr : &kSystem[Units - 1]; }
+const Unit_System* System_Of(int Units) { return Units < 1 || Units > kSystems ? nullptr : &kSystem[Units - 1]; }
 
 bool Is_Metric(int Units) { return Units >= 3 && Units <= kSystems; }
 
@@ -64,14 +64,14 @@ bool Rescale_Inputs(int OldUnits, int NewUnits) {
 }  // namespace
 
 ShownLength Shown_Length(int units) {
-    const System* system = System_Of(units);
+    const Unit_System* system = System_Of(units);
     if (!system) system = kSystem;
     const double factor = units == 4 ? 100 : units == 5 ? 1000 : 1;
     return {system->length, system->DecLengthShown, factor};
 }
 
 void Set_Unit_Labels(Integer Units, Array<std::string, 0, 25>& UnitLabel, Integer Count) {
-    const System* system = System_Of(Units);
+    const Unit_System* system = System_Of(Units);
     const std::string L = system ? system->length : "";
     const std::string F = system ? system->force : "";
     Array<std::string, 0, 25> label;
@@ -99,7 +99,7 @@ void Set_Unit_Labels(Integer Units, Array<std::string, 0, 25>& UnitLabel, Intege
 }
 
 void Set_Decimals(Integer Units) {
-    const System* system = System_Of(Units);
+    const Unit_System* system = System_Of(Units);
     if (!system) return;
     Model.DecLength = system->DecLength;
     Model.DecLengthShown = system->DecLengthShown;

@@ -30,7 +30,7 @@ std::string Number(double value) {
 }
 
 /// A remark is one line of plain letters.
-std::string Plain(std::string text) {
+std::string In_Ascii(std::string text) {
     for (char& letter : text)
         if (letter < ' ' || letter > '~') letter = '?';
     return text;
@@ -44,7 +44,7 @@ double Extent(const std::vector<Dxf::Spot>& spots) {
 
 }  // namespace
 
-Dxf::Dxf(Dxf_Unit unit, const std::string& about, double cross) : unit_(unit), about_(Plain(about)), cross_(cross) {}
+Dxf::Dxf(Dxf_Unit unit, const std::string& about, double cross) : unit_(unit), about_(In_Ascii(about)), cross_(cross) {}
 
 void Dxf::Put(int code, const std::string& value) { entities_ += Pair(code, value); }
 void Dxf::Put(int code, double value) { Put(code, Number(value)); }

@@ -68,11 +68,11 @@ void Put_Points(Graph& graph, int slot, const std::vector<std::string>& labels) 
 }
 
 /// The span of the x axis of an aligned window.
-struct Span {
+struct X_Span {
     Single xmin, xmax;
 };
 
-Span Span_Of_X() {
+X_Span Span_Of_X() {
     if (Model.Calctype != 3) return {Model.TimeStart, Model.TimeEnd};
     if (Model.FFTFunction) return {0, Last_Point()};
     if (Model.Omega2 < 0) return {Model.ThetaEnd, Model.ThetaStart};

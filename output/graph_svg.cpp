@@ -21,9 +21,9 @@ constexpr double kPoints = 13;    ///< the font at 100 percent
 constexpr double kLetter = 0.58;  ///< the mean width of a letter, in sizes of the font
 constexpr double kGap = 12;
 
-class Sheet {
+class Svg_Page {
    public:
-    Sheet(const Graph& graph, int width, int height)
+    Svg_Page(const Graph& graph, int width, int height)
         : graph_(graph),
           colors_(Colors_Of(graph.Background)),
           width_(width),
@@ -184,6 +184,6 @@ class Sheet {
 
 }  // namespace
 
-std::string Graph_Svg(const Graph& graph, int width, int height) { return Sheet(graph, width, height).Write(); }
+std::string Graph_Svg(const Graph& graph, int width, int height) { return Svg_Page(graph, width, height).Write(); }
 
 }  // namespace verlink

@@ -11,6 +11,9 @@ namespace verlink {
 
 struct RunResults;
 
+/// What plots and tables cut components at.
+inline constexpr double kSmall = 0.0001;
+
 /// Since when there is a variable.
 enum class Needs { kRun, kForces, kBalance };
 

@@ -2,6 +2,7 @@
 #include "output/selection.h"
 
 #include "core/linkage_model.h"
+#include "core/text.h"
 #include "output/catalogue.h"
 #include "output/presets.h"
 #include "output/reading.h"
@@ -19,8 +20,6 @@ using platform::Screen;
 using platform::With;
 
 namespace {
-
-std::string Numbered(const char* name, int slot) { return name + std::to_string(slot); }
 
 ComboBox& Variable_Box(Screen& screen, int slot) { return screen.Get<ComboBox>(Numbered("cmb_Var", slot)); }
 ComboBox& Component_Box(Screen& screen, int slot) { return screen.Get<ComboBox>(Numbered("cmb_Com", slot)); }

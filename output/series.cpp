@@ -16,8 +16,7 @@ namespace verlink {
 namespace {
 
 constexpr int kByAngle = 3, kOnePosition = 1;
-constexpr int kAngleUnit = 1;      ///< of `UnitLabel`
-constexpr double kSmall = 0.0001;  ///< what plots and tables cut components at
+constexpr int kAngleUnit = 1;  ///< of `UnitLabel`
 
 std::optional<int> Component_Number(const std::string& name) {
     constexpr std::array kNames{"X", "Y", "Mag", "Ang"};

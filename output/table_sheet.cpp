@@ -12,7 +12,6 @@ namespace verlink {
 namespace {
 
 /// What plots and tables cut components at.
-constexpr double kSmall = 0.0001;
 
 std::vector<Single> Values_Of_Slot(const LinkageModel& model, int slot, bool local, int last) {
     const int group = model.FuncGroup(slot), row = model.FuncRow(slot), component = model.FuncComponent(slot);

@@ -198,7 +198,7 @@ std::string Read_Beginning(const std::string& path, std::size_t most) {
 
 void Write_File(const std::string& path, const std::string& content, std::optional<unsigned> own_mode) {
     if (const auto open = Descriptor_Named(path)) return Write_Open_One(*open, path, content);
-    const std::string target = Followed(path);
+    const std::string target = Link_Target(path);
     const auto fail = [&] { Raise_File(path, Way::kWriting, errno); };
     struct stat old {};
     const bool replaces = The_System().Stat(target, old) == 0;

@@ -32,9 +32,9 @@ struct Rect {
 };
 
 /// Which cells of the picture have something drawn in them, summed up from the top left corner.
-class Ink {
+class Drawn {
    public:
-    Ink(const Picture& picture, double side, const Glass& glass)
+    Drawn(const Picture& picture, double side, const Glass& glass)
         : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
         const auto wide = static_cast<std::size_t>(cells_) + 1;
         sums_.assign(wide * wide, 0);
@@ -146,7 +146,7 @@ double Between_Labels(const Candidate& a, const Candidate& b) {
            (Crosses(b, a.rect) ? kPerCrossing : 0);
 }
 
-std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink& ink) {
+std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Drawn& ink) {
     const double x = wish.at.across * side, y = wish.at.down * side;
     const double length = std::hypot(wish.at.right, wish.at.below);
     const double wished = length > 0 ? std::atan2(wish.at.below, wish.at.right) : 0;
@@ -179,7 +179,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Ink&
 
 std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, std::span<const LabelWish> wishes,
                                           const Glass& glass) {
-    const Ink ink(picture, side, glass);
+    const Drawn ink(picture, side, glass);
     std::vector<std::vector<Candidate>> candidates;
     candidates.reserve(wishes.size());
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));

@@ -42,7 +42,7 @@ std::string Folder_Of(const std::string& path) {
     return folder.empty() ? "." : folder;
 }
 
-std::string Followed(const std::string& path) {
+std::string Link_Target(const std::string& path) {
     struct stat status {};
     const bool nothing_there = The_System().Stat(path, status) != 0;
     if (nothing_there && errno != ENOENT) Raise_File(path, Way::kWriting, errno);

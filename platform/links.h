@@ -11,7 +11,7 @@ std::string Folder_Of(const std::string& path);
 
 /// The path with a link at its end followed to what it names, whether that is there or not; not to nothing in a folder
 /// that others may write, since they may have put the link there.
-std::string Followed(const std::string& path);
+std::string Link_Target(const std::string& path);
 
 /// The number under which this process has open what the path names, as "/dev/stdout" or "/dev/fd/3", links followed;
 /// nothing for other paths.

@@ -15,11 +15,11 @@ using Stroke = Overlay_Pen::Stroke;
 
 constexpr double kHeadLong = 9, kHeadWide = 3.2;  ///< of an arrow, pixels; the second to each side
 constexpr double kRing = 4;
-constexpr double kVast = 1e4, kOff = 0.1;  ///< beyond that radius a circle is drawn as what is seen of it
-constexpr double kLeastGrid = 64;          ///< pixels from line to line
-constexpr double kBarAtMost = 64;          ///< pixels of an arrow of the legend
-constexpr double kAir = 6;                 ///< pixels around what stands in a legend, and along the edges
-constexpr double kNear = 7;                ///< pixels from a place to its name
+constexpr double kVastRadius = 1e4, kArcError = 0.1;  ///< beyond that radius a circle is drawn as what is seen of it
+constexpr double kLeastGrid = 64;                     ///< pixels from line to line
+constexpr double kBarAtMost = 64;                     ///< pixels of an arrow of the legend
+constexpr double kAir = 6;                            ///< pixels around what stands in a legend, and along the edges
+constexpr double kNear = 7;                           ///< pixels from a place to its name
 constexpr Color kGridColor = 0xA0A0A0;
 constexpr Color kGridText = 0x606060;
 constexpr double kRounding = 1e-12;
@@ -78,11 +78,11 @@ class Painting {
     void Circle(Point centre, double radius, Color color) {
         const ClipBox box = window_.Grown(2);
         if (!Circle_Seen(box, centre, radius)) return;
-        if (radius < kVast) {
+        if (radius < kVastRadius) {
             pen_.Circle(centre, radius, color);
             return;
         }
-        const std::vector<Point> arc = Seen_Arc(box, centre, radius, kOff);
+        const std::vector<Point> arc = Seen_Arc(box, centre, radius, kArcError);
         for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], Stroke::kPlain, color);
     }
 

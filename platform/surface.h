@@ -5,6 +5,8 @@ namespace verlink::platform {
 
 /// A colour as red + 256 green + 65536 blue, each 0 to 255.
 using Color = int;
+/// Of parts from 0 to 255.
+constexpr Color Rgb(int red, int green, int blue) { return red + 256 * (green + 256 * blue); }
 
 /// A square drawing surface with a current point. World x grows to the right and world y downward,
 /// between the corners given to `Scale`. Calls that get a coordinate which is not finite raise failure 6.

@@ -15,8 +15,6 @@ namespace verlink::report {
 
 namespace {
 
-constexpr char kDegrees[] = "deg";
-
 Report_Table Weights(const LinkageModel& model) {
     constexpr int kDecimals = 3, kAngleDecimals = 2;
     const std::string length = model.Units > 3 ? "m" : model.UnitLabel(6), mass = model.UnitLabel(14);

@@ -15,7 +15,7 @@ namespace verlink::report {
 
 namespace {
 
-constexpr char kDegrees[] = "deg", kSpeed[] = "rad/s", kAcceleration[] = "rad/s^2", kSeconds[] = "sec";
+constexpr char kSpeed[] = "rad/s", kAcceleration[] = "rad/s^2", kSeconds[] = "sec";
 constexpr int kOnePosition = 1, kByTime = 2, kByAngle = 3, kCamDriven = 4, kLinkDriven = 5;
 
 const char* Run_Words(int calctype) {

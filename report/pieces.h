@@ -17,6 +17,8 @@ using Row = std::vector<std::string>;
 std::string Length_Text(const LinkageModel& model, Single stored);
 std::string Angle_Text(Single degrees);
 
+inline constexpr char kDegrees[] = "deg";  ///< as tables have it
+
 Pieces Model_Pieces(const LinkageModel& model);
 Pieces Class_Pieces(const LinkageModel& model);
 Pieces Balance_Pieces(const LinkageModel& model);

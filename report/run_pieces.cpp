@@ -10,6 +10,7 @@
 #include "platform/graph.h"
 #include "platform/screen.h"
 #include "report/pieces.h"
+#include "report/svg_picture.h"
 
 namespace verlink::report {
 
@@ -17,13 +18,12 @@ namespace {
 
 constexpr double kTextWide = 165;  ///< millimetres, on the narrower of the two papers
 constexpr double kPlotHigh = 52;
-constexpr double kMillimetresOfPixel = 25.4 / 96;
 constexpr int kFirstOfForces = 26, kLastOfForces = 37, kLastOfBalance = 42;  ///< numbers of the catalogue
 
 /// Steps of a run by angle and one position stand at angles, all others at times: so plots and tables have it.
 Abscissa Abscissa_Of(const Drive& drive) {
-    constexpr int kOnePosition = 1, kByAngle = 3;
-    return drive.Calctype == kOnePosition || drive.Calctype == kByAngle ? Abscissa::kAngle : Abscissa::kTime;
+    constexpr int kPosition = 1, kAngles = 3;
+    return drive.Calctype == kPosition || drive.Calctype == kAngles ? Abscissa::kAngle : Abscissa::kTime;
 }
 
 Stations Stations_In(const LinkageModel& model) {

@@ -12,7 +12,6 @@ using platform::svg::Number;
 
 namespace {
 
-constexpr double kMillimetresOfPixel = 25.4 / 96;
 constexpr double kLetterHigh = 12, kLetterWide = 0.6;  ///< pixels; the mean width in heights
 constexpr double kDyadSide = 110;
 

@@ -11,6 +11,8 @@
 
 namespace verlink::report {
 
+inline constexpr double kMillimetresOfPixel = 25.4 / 96;
+
 /// A name upon a picture.
 struct Named_Place {
     std::string name;

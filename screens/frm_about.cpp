@@ -8,18 +8,18 @@
 namespace verlink {
 
 namespace {
-constexpr long kDesignWidth = 6000;
-constexpr long kDesignHeight = 3000;
+constexpr long kAboutWidth = 6000;
+constexpr long kAboutHeight = 3000;
 }  // namespace
 
 frm_About::frm_About() : Screen("frm_About") {
-    Width() = kDesignWidth;
-    Height() = kDesignHeight;
+    Width() = kAboutWidth;
+    Height() = kAboutHeight;
 }
 
 void frm_About::Form_Activate() {
     Guarded("frm_About.Activate", [this] {
-        Fit_Screen(*this, kDesignWidth, kDesignHeight);
+        Fit_Screen(*this, kAboutWidth, kAboutHeight);
         lbl_Version.Caption = Version_Line();
     });
 }

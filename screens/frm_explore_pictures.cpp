@@ -24,7 +24,7 @@ void Open_Window(platform::PictureBox& picture, const design::Box& seen) {
 
 double Side_Of(const design::Box& seen) { return seen.high.real() - seen.low.real(); }
 
-std::string Rounded(double value) { return Text_Of(FNRound(value, 1)); }
+std::string To_One_Decimal(double value) { return Text_Of(FNRound(value, 1)); }
 
 /// There is no room for more.
 const char* Short_Words(design::Class kind) {
@@ -83,10 +83,10 @@ void frm_Explore::Show_Found(int place) {
     if (&solution == Chosen()) Frame_It(pic_Found[place].Canvas(), seen);
     design::Draw_Solution(pic_Found[place].Canvas(), task_, solution, Part_Shown(solution));
     const design::Judgement& j = solution.judgement;
-    lbl_Found[place].Caption =
-        std::to_string(number + 1) + "  " +
-        (j.Good() ? Short_Words(j.kind) + ("\n" + Rounded(j.transmission)) + " deg, " + Size_Of(solution, task_.units)
-                  : design::Words_Of(j.refusal));
+    lbl_Found[place].Caption = std::to_string(number + 1) + "  " +
+                               (j.Good() ? Short_Words(j.kind) + ("\n" + To_One_Decimal(j.transmission)) + " deg, " +
+                                               Size_Of(solution, task_.units)
+                                         : design::Words_Of(j.refusal));
 }
 
 void frm_Explore::Pick(int number) {
@@ -114,9 +114,9 @@ void frm_Explore::Show_Chosen() {
     lbl_Told.Caption =
         std::to_string(chosen_ + 1) + " of " + std::to_string(shown_.size()) + ": " +
         (j.Good() ? std::string(design::Words_Of(j.kind)) + ", " + (j.open ? "open" : "crossed") +
-                        " circuit, transmission angle " + Rounded(j.transmission) + " deg and more, longest link " +
-                        Rounded(j.proportion) + " times the shortest, room " + Size_Of(*solution, task_.units) +
-                        " across, score " + Rounded(j.score)
+                        " circuit, transmission angle " + To_One_Decimal(j.transmission) +
+                        " deg and more, longest link " + To_One_Decimal(j.proportion) + " times the shortest, room " +
+                        Size_Of(*solution, task_.units) + " across, score " + To_One_Decimal(j.score)
                   : design::Words_Of(j, task_));
 }
 
@@ -136,7 +136,7 @@ std::string frm_Explore::Words_Of_Stroke(const Solution& solution) const {
     const std::size_t last = task_.positions.size() - 1;
     const double part = Part_Shown(solution),
                  crank = (j.crank[0] + part * (j.crank[last] - j.crank[0])) / design::kDegree;
-    std::string words = "Crank at " + Rounded(crank - kFullTurn * std::floor(crank / kFullTurn)) + " deg";
+    std::string words = "Crank at " + To_One_Decimal(crank - kFullTurn * std::floor(crank / kFullTurn)) + " deg";
     for (std::size_t i = 0; i <= last; ++i)
         if (j.crank[i] == j.crank[0] + part * (j.crank[last] - j.crank[0]) ||
             std::abs(j.crank[i] - j.crank[0] - part * (j.crank[last] - j.crank[0])) < 1e-9)

@@ -12,7 +12,7 @@ namespace verlink {
 
 namespace {
 
-constexpr char kPlot[] = "frm_MyPlot4";
+constexpr char kPolarPlot[] = "frm_MyPlot4";
 
 }  // namespace
 
@@ -63,10 +63,10 @@ void frm_PlotSelect4::cmd_Done_Click() {
     Guarded("frm_PlotSelect4.cmd_Done", [&] {
         Take_Coordinates();
         Model.PlotCount = 1;
-        MyPolarPlotSetup(platform::Screens::Get(kPlot));
+        MyPolarPlotSetup(platform::Screens::Get(kPolarPlot));
         Reset_Coordinates();
         Hide();
-        Show_Centered(kPlot);
+        Show_Centered(kPolarPlot);
     });
 }
 

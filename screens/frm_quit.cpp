@@ -8,13 +8,13 @@
 namespace verlink {
 
 namespace {
-constexpr long kDesignWidth = 6000;
-constexpr long kDesignHeight = 2250;
+constexpr long kQuitWidth = 6000;
+constexpr long kQuitHeight = 2250;
 }  // namespace
 
 frm_Quit::frm_Quit() : Screen("frm_Quit") {
-    Width() = kDesignWidth;
-    Height() = kDesignHeight;
+    Width() = kQuitWidth;
+    Height() = kQuitHeight;
     DefaultButton = &cmd_NoQuit;
     CancelButton = &cmd_NoQuit;
     cmd_NoQuit.Tip = "Go on working";
@@ -25,7 +25,7 @@ frm_Quit::frm_Quit() : Screen("frm_Quit") {
 
 void frm_Quit::Form_Activate() {
     Guarded("frm_Quit.Activate", [this] {
-        Fit_Screen(*this, kDesignWidth, kDesignHeight);
+        Fit_Screen(*this, kQuitWidth, kQuitHeight);
         cmd_NoQuit.SetFocus();
     });
 }

@@ -18,7 +18,7 @@ namespace verlink {
 
 namespace {
 
-constexpr long kDesignWidth = 9000, kDesignHeight = 6000;
+constexpr long kReportWidth = 9000, kReportHeight = 6000;
 constexpr char kChapterSetting[] = "report.chapters", kPlotSetting[] = "report.plots";
 constexpr char kNone[] = "(none)", kWhether[] = "Whether the report has this chapter";
 
@@ -40,8 +40,8 @@ bool Names_A_Plot(const std::string& words) {
 }  // namespace
 
 frm_Report::frm_Report() : Screen("frm_Report") {
-    Width() = kDesignWidth;
-    Height() = kDesignHeight;
+    Width() = kReportWidth;
+    Height() = kReportHeight;
     DefaultButton = &cmd_Save;
     CancelButton = &cmd_Cancel;
     for (std::size_t i = 0; i < kChapters.size(); ++i)
@@ -103,7 +103,7 @@ std::vector<std::string> frm_Report::Plots_Chosen() {
 
 void frm_Report::Form_Activate() {
     Guarded("frm_Report.Activate", [this] {
-        Fit_Screen(*this, kDesignWidth, kDesignHeight);
+        Fit_Screen(*this, kReportWidth, kReportHeight);
         Show_Chapters();
         Fill_Lists();
         cmd_Save.Enabled = static_cast<bool>(Setter_In_Force());

@@ -26,7 +26,7 @@ constexpr char kNoField[] = "(none)", kGlobal[] = "Global", kLocal[] = "Local";
 constexpr Number kMost = Number{1} << 53U;
 
 /// With the digits of a single; what is beyond those was written by a hand into a file.
-std::string Shown(double kept, double factor) {
+std::string In_Digits(double kept, double factor) {
     const double shown = kept * factor;
     return std::fabs(shown) <= std::numeric_limits<float>::max() ? Text_Of(static_cast<Single>(shown)) : Text_Of(shown);
 }
@@ -295,8 +295,8 @@ void frm_Studies::Fill_Sweeps() {
         const study::Shown_As shown = study::Shown_Field(swept.field, model_.Units);
         const bool there = !swept.field.empty();
         cmb_Sweep[row].Text = there ? swept.field : kNoField;
-        txt_From[row].Text = there ? Shown(swept.from, shown.factor) : "";
-        txt_To[row].Text = there ? Shown(swept.to, shown.factor) : "";
+        txt_From[row].Text = there ? In_Digits(swept.from, shown.factor) : "";
+        txt_To[row].Text = there ? In_Digits(swept.to, shown.factor) : "";
         txt_Count[row].Text = there ? std::to_string(swept.count) : "";
         lbl_SweepUnit[row].Caption = shown.unit;
         txt_From[row].Enabled = txt_To[row].Enabled = txt_Count[row].Enabled = there;
@@ -309,7 +309,7 @@ void frm_Studies::Fill_Tolerances() {
         const study::Shown_As shown = study::Shown_Field(tolerated.field, model_.Units);
         const bool there = !tolerated.field.empty();
         cmb_Tolerance[row].Text = there ? tolerated.field : kNoField;
-        txt_PlusMinus[row].Text = there ? Shown(tolerated.plus_minus, shown.factor) : "";
+        txt_PlusMinus[row].Text = there ? In_Digits(tolerated.plus_minus, shown.factor) : "";
         lbl_ToleranceUnit[row].Caption = shown.unit;
         cmb_Spread[row].Text = study::Name_Of(tolerated.spread);
         txt_PlusMinus[row].Enabled = cmb_Spread[row].Enabled = there;

@@ -22,17 +22,9 @@ constexpr const char* kOptions[] = {"opt_PrintSet", "opt_Coord", "opt_Plotstyle"
 constexpr const char* kBoxes[] = {"cmb_Preset", "cmb_Step", "cmb_Decimal"};
 constexpr int kSlots = 4;
 
-std::string Numbered(const char* name, int slot) { return name + std::to_string(slot); }
-
 constexpr char kPlotScreens[] = "frm_PlotSelect", kLastPlot[] = "selection.plot";
 
 std::string Setting_Of(const std::string& screen) { return "selection." + screen; }
-
-const std::string& Text_In(const Selection& last, const std::string& name) {
-    static const std::string none;
-    const auto found = last.find(name);
-    return found == last.end() ? none : found->second;
-}
 
 /// Where the text stands in the list; -1 for nowhere.
 int Place_In(const ComboBox& box, const std::string& text) {

@@ -12,6 +12,13 @@ namespace verlink {
 /// taken over.
 using Selection = std::map<std::string, std::string>;
 
+/// What is kept under a name; empty for nothing.
+inline const std::string& Text_In(const Selection& last, const std::string& name) {
+    static const std::string none;
+    const auto found = last.find(name);
+    return found == last.end() ? none : found->second;
+}
+
 /// What stands on the screen is its last selection from now on.
 void Keep_Selection(const platform::Screen& screen);
 /// Empty when nothing has been chosen on that screen yet.

@@ -15,7 +15,7 @@ using platform::ComboBox;
 namespace {
 
 /// Without the blanks around it, in small letters.
-std::string Plain(const std::string& text) {
+std::string Without_Blanks(const std::string& text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string::npos) return "";
     std::string plain = text.substr(first, text.find_last_not_of(' ') - first + 1);
@@ -50,8 +50,9 @@ int Listed_Choice::Entry() const {
     const std::string& text = box_.Text;
     auto found = std::find(items.begin(), items.end(), text);
     if (found == items.end())
-        found = std::find_if(items.begin(), items.end(),
-                             [wanted = Plain(text)](const std::string& item) { return Plain(item) == wanted; });
+        found = std::find_if(items.begin(), items.end(), [wanted = Without_Blanks(text)](const std::string& item) {
+            return Without_Blanks(item) == wanted;
+        });
     return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
@@ -66,7 +67,7 @@ void Listed_Choice::Put_Back() {
 
 bool Listed_Choice::Resolve() {
     const std::string typed = box_.Text;
-    if (Plain(typed).empty()) return true;
+    if (Without_Blanks(typed).empty()) return true;
     const int entry = Entry();
     if (entry >= 0) {
         box_.Text = box_.Items()[static_cast<std::size_t>(entry)];
@@ -80,7 +81,7 @@ bool Listed_Choice::Resolve() {
 
 bool Listed_Choice::Settle() {
     if (!touched_) return true;
-    if (On_Way_Out() || Plain(box_.Text).empty()) {
+    if (On_Way_Out() || Without_Blanks(box_.Text).empty()) {
         Put_Back();
         return true;
     }

@@ -46,12 +46,6 @@ std::string Component_In(const Preset& preset, std::size_t slot, const Output_Fu
     }
 }
 
-const std::string& Text_In(const Selection& last, const std::string& name) {
-    static const std::string none;
-    const auto found = last.find(name);
-    return found == last.end() ? none : found->second;
-}
-
 }  // namespace
 
 void Live_Choice::Take(const Preset& of) {

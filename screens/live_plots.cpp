@@ -7,6 +7,7 @@
 
 #include "core/linkage_model.h"
 #include "core/results_turns.h"
+#include "core/text.h"
 #include "dynamics/solve_again.h"
 #include "output/reading.h"
 #include "platform/guard.h"
@@ -19,8 +20,8 @@ using platform::Screen;
 
 namespace {
 
-constexpr char kNone[] = "(none)", kGlobal[] = "Global", kLocal[] = "Local";
-constexpr char kLastPlot[] = "Last Plot";
+constexpr char kNone[] = "(none)", kGlobal[] = "Global", kLocalFrame[] = "Local";
+constexpr char kLastLivePlot[] = "Last Plot";
 constexpr char kNothingChosen[] = "Choose a preset, or functions one by one.";
 constexpr char kNoRun[] = "Nothing is calculated for this linkage as it stands.";
 constexpr char kNoForces[] = "The forces of this linkage are not solved.";
@@ -28,8 +29,6 @@ constexpr char kNoBalance[] = "The balance of this linkage is not calculated.";
 constexpr char kSingular[] = "The forces of this linkage cannot be solved at every step of the run.";
 constexpr char kTorqueFell[] =
     "The imported torque has a row for each step of the run before; import it again to solve the forces.";
-
-std::string Numbered(const char* name, int slot) { return name + std::to_string(slot); }
 
 /// Puts a text into a box without picking anything.
 void Put(ComboBox& box, const std::string& text) {
@@ -66,7 +65,7 @@ Live_Plots::Live_Plots(Screen& owner, LinkageModel& model, platform::ScrollBar& 
     for (int slot = 1; slot <= Live_Choice::kSlots; ++slot) {
         Slots.push_back(std::make_unique<Live_Slot>(owner, slot));
         for (const char* component : {"X", "Y", "Mag", "Ang"}) Slots.back()->cmb_LiveCom.AddItem(component);
-        for (const char* frame : {kGlobal, kLocal}) Slots.back()->cmb_LiveFrame.AddItem(frame);
+        for (const char* frame : {kGlobal, kLocalFrame}) Slots.back()->cmb_LiveFrame.AddItem(frame);
     }
     opt_LiveScale[choice_.one_scale ? 1 : 0].Value = true;
     opt_LiveX[choice_.abscissa == Abscissa::kTime ? 1 : 0].Value = true;
@@ -144,9 +143,9 @@ void Live_Plots::Open_Or_Close() {
 void Live_Plots::Take_Preset() {
     Guarded("Live_Plots.Preset", [this] {
         const std::string wished = cmb_LivePreset.Text;
-        if (wished == kLastPlot) {
+        if (wished == kLastLivePlot) {
             choice_.Take(Last_Plotted());
-            choice_.preset = kLastPlot;
+            choice_.preset = kLastLivePlot;
         }
         for (const Preset* preset : Live_Presets())
             if (preset->text == wished) choice_.Take(*preset);
@@ -174,7 +173,7 @@ void Live_Plots::Take_Part(int slot) {
         const Live_Slot& boxes = *Slots[static_cast<std::size_t>(slot - 1)];
         if (!Can_Be_Read(function)) return;
         if (Has_Components(function)) function.component = boxes.cmb_LiveCom.Text;
-        if (Has_Frames(function)) function.local = boxes.cmb_LiveFrame.Text == kLocal;
+        if (Has_Frames(function)) function.local = boxes.cmb_LiveFrame.Text == kLocalFrame;
         choice_.preset.clear();
         Chosen();
     });
@@ -199,7 +198,7 @@ void Live_Plots::Fill_Lists() {
         return needs == Needs::kRun || (needs == Needs::kForces ? forces : balance);
     };
     std::vector<std::string> presets;
-    if (!Last_Plotted().empty()) presets.emplace_back(kLastPlot);
+    if (!Last_Plotted().empty()) presets.emplace_back(kLastLivePlot);
     for (const Preset* preset : Live_Presets())
         if (offered(Needs_Of(*preset))) presets.emplace_back(preset->text);
     if (presets != cmb_LivePreset.Items()) {
@@ -233,7 +232,7 @@ void Live_Plots::Show_Slot(int slot) {
     const bool vector = chosen && Has_Components(function), frames = chosen && Has_Frames(function);
     Put(boxes.cmb_LiveVar, chosen ? function.variable : kNone);
     Put(boxes.cmb_LiveCom, vector ? function.component : "");
-    Put(boxes.cmb_LiveFrame, !frames ? "" : function.local ? kLocal : kGlobal);
+    Put(boxes.cmb_LiveFrame, !frames ? "" : function.local ? kLocalFrame : kGlobal);
     boxes.cmb_LiveCom.Enabled = vector;
     boxes.cmb_LiveFrame.Enabled = frames;
 }

@@ -31,9 +31,9 @@ constexpr std::array<Kind_Of, 9> kStatistics{{{"min", Statistic::kMin},
                                               {"deviation", Statistic::kDeviation, false},
                                               {"deviation line", Statistic::kLine, false},
                                               {"closes", Statistic::kCloses, false}}};
-constexpr const char* kComponents[] = {"X", "Y", "Mag", "Ang"};
+constexpr const char* kMeasuredComponents[] = {"X", "Y", "Mag", "Ang"};
 constexpr const char* kOrders[] = {"<", "<=", ">", ">="};
-constexpr char kNone[] = "(none)";
+constexpr char kNoMeasure[] = "(none)";
 
 const Kind_Of* Statistic_Named(const std::string& word) {
     const auto* found =
@@ -64,10 +64,10 @@ Measure_Choice::Measure_Choice(platform::Screen& owner, int index, Kind kind, co
 }
 
 void Measure_Choice::Fill_Lists() {
-    if (cmb_Order) cmb_Statistic.AddItem(kNone);
+    if (cmb_Order) cmb_Statistic.AddItem(kNoMeasure);
     for (const Kind_Of& kind : kStatistics) cmb_Statistic.AddItem(kind.word);
     for (const std::string& variable : Variables_Up_To(Needs::kBalance)) cmb_Variable.AddItem(variable);
-    for (const char* component : kComponents) cmb_Component.AddItem(component);
+    for (const char* component : kMeasuredComponents) cmb_Component.AddItem(component);
     if (!cmb_Order) return;
     for (const char* order : kOrders) cmb_Order->AddItem(order);
 }
@@ -104,7 +104,7 @@ void Measure_Choice::Bind(const UnitSystem& units) {
 /// As the lists say it.
 std::string Measure_Choice::Words() const {
     const std::string statistic = cmb_Statistic.Text;
-    if (statistic == kNone || statistic.empty()) return "";
+    if (statistic == kNoMeasure || statistic.empty()) return "";
     std::string words = statistic;
     const Kind_Of* kind = Statistic_Named(statistic);
     const auto given = [](const std::string& text, const char* usual) { return text.empty() ? usual : text; };
@@ -148,12 +148,12 @@ void Measure_Choice::Show(const std::string& words) {
         measure = study::Measure_Of(words, false, fault);
     }
     const auto* kind = measure ? std::ranges::find(kStatistics, measure->statistic, &Kind_Of::statistic) : nullptr;
-    cmb_Statistic.Text = kind ? kind->word : cmb_Order && words.empty() ? kNone : "";
+    cmb_Statistic.Text = kind ? kind->word : cmb_Order && words.empty() ? kNoMeasure : "";
     const bool variable = kind && kind->of_a_variable, vector = variable && measure->facts.vector;
     const bool at = kind && kind->statistic == Statistic::kAt;
     txt_Angle.Text = at ? Text_Of(measure->angle) : "";
     cmb_Variable.Text = variable ? measure->function.variable : "";
-    cmb_Component.Text = vector ? kComponents[measure->component] : "";
+    cmb_Component.Text = vector ? kMeasuredComponents[measure->component] : "";
     txt_Angle.Enabled = at;
     cmb_Variable.Enabled = variable;
     cmb_Component.Enabled = vector;

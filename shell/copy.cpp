@@ -21,7 +21,7 @@ using std::chrono::system_clock;
 
 namespace {
 
-constexpr std::string_view kSuffix = ".copy";
+constexpr std::string_view kCopySuffix = ".copy";
 constexpr std::string_view kHead = "a copy of a model that was not saved\n";
 constexpr milliseconds kRetry(2000);
 
@@ -65,7 +65,7 @@ std::optional<Model_Copy> Copy_Of(std::string_view text) {
 }
 
 std::string Copy_File(const std::string& folder, const platform::Process& process) {
-    return folder + platform::Name_Of(process) + std::string(kSuffix);
+    return folder + platform::Name_Of(process) + std::string(kCopySuffix);
 }
 
 std::vector<Left_Copy> Left_Copies(const std::string& folder) {
@@ -73,8 +73,8 @@ std::vector<Left_Copy> Left_Copies(const std::string& folder) {
     std::error_code none;
     for (fs::directory_iterator entry(folder, none), end; !none && entry != end; entry.increment(none)) {
         std::string name = entry->path().filename().string();
-        if (!name.ends_with(kSuffix) || !entry->is_regular_file(none) || entry->is_symlink(none)) continue;
-        name.resize(name.size() - kSuffix.size());
+        if (!name.ends_with(kCopySuffix) || !entry->is_regular_file(none) || entry->is_symlink(none)) continue;
+        name.resize(name.size() - kCopySuffix.size());
         const auto process = platform::Process_Of(name);
         if (!process || *process == platform::This_Process() || platform::Runs(*process)) continue;
         std::string text;

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kSuffix = ".run";
+constexpr std::string_view kRunSuffix = ".run";
 constexpr std::string_view kEnd = "end ";
 constexpr std::string_view kGoingOn = "going on";
 constexpr std::string_view kWrites = "writes ";
@@ -36,7 +36,7 @@ std::mutex noting;
 std::set<std::string> noted;
 
 std::string Path_Of(const std::string& folder, const platform::Process& process) {
-    return folder + platform::Name_Of(process) + std::string(kSuffix);
+    return folder + platform::Name_Of(process) + std::string(kRunSuffix);
 }
 
 /// As long as it is short, the system adds it whole.
@@ -60,8 +60,8 @@ std::vector<platform::Process> Logged(const std::string& folder) {
     std::error_code none;
     for (fs::directory_iterator entry(folder, none), end; !none && entry != end; entry.increment(none)) {
         std::string name = entry->path().filename().string();
-        if (!name.ends_with(kSuffix)) continue;
-        name.resize(name.size() - kSuffix.size());
+        if (!name.ends_with(kRunSuffix)) continue;
+        name.resize(name.size() - kRunSuffix.size());
         const auto process = platform::Process_Of(name);
         if (process && *process != platform::This_Process()) found.push_back(*process);
     }

@@ -45,6 +45,8 @@ struct Field {
     Single& (*place)(Design& design);
 };
 std::span<const Field> Fields();
+/// Where a design has one of `Fields`, by its number there.
+inline Single& Place(int field, Design& design) { return Fields()[static_cast<std::size_t>(field)].place(design); }
 /// Angles are degrees but for these.
 bool Kept_In_Radians(const Field& field);
 

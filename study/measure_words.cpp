@@ -41,7 +41,7 @@ std::string Meant(const std::string& word, const std::vector<std::string>& words
     return near.empty() ? "" : "; did you mean " + near + "?";
 }
 
-std::optional<double> Number(const std::string& text) {
+std::optional<double> Number_In(const std::string& text) {
     double number = 0;
     const char* end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
@@ -91,7 +91,7 @@ bool Take_Variable(const std::string& text, Measure& measure, std::string& fault
 /// The angle of "at 90 Theta4".
 bool Take_Angle(std::string& rest, Measure& measure, std::string& fault) {
     const std::string word = Next_Word(rest);
-    const auto angle = Number(word);
+    const auto angle = Number_In(word);
     if (angle)
         measure.angle = *angle;
     else
@@ -139,7 +139,7 @@ std::optional<Keep> Keep_Of(const std::string& text, bool local, std::string& fa
     const auto sign = text.find_first_of("<>");
     const bool with_equal = sign != std::string::npos && sign + 1 < text.size() && text[sign + 1] == '=';
     const auto bound =
-        sign == std::string::npos ? std::nullopt : Number(Trimmed(text.substr(sign + (with_equal ? 2 : 1))));
+        sign == std::string::npos ? std::nullopt : Number_In(Trimmed(text.substr(sign + (with_equal ? 2 : 1))));
     if (!bound) {
         fault =
             "a bound is a measure, <, <=, > or >=, and a number, as in \"min Trans Ang > 40\", not \"" + text + "\"";

@@ -24,8 +24,6 @@ double Value_Of(const Sweep& sweep, Number place) {
                                               static_cast<double>(sweep.count - 1);
 }
 
-Single& Place(int field, Design& design) { return Fields()[static_cast<std::size_t>(field)].place(design); }
-
 double Random_Deviation(const Tolerance& tolerance, std::uint64_t seed, Number sample) {
     const int stream = Fields()[static_cast<std::size_t>(tolerance.field)].stream;
     const double uniform = Uniform(seed, sample, static_cast<std::uint32_t>(stream));

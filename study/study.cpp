@@ -12,8 +12,6 @@ namespace {
 
 constexpr int kByTime = 2, kByAngle = 3;
 
-Single& Place(int field, Design& design) { return Fields()[static_cast<std::size_t>(field)].place(design); }
-
 std::size_t Angles_Of(const Study& study) {
     std::vector<double> angles;
     const auto add = [&](const Measure& measure) {

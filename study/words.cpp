@@ -168,8 +168,8 @@ std::optional<Study> Study_Of(const Words& words, Design design, std::string& fa
 }
 
 std::string Shortest(double value) {
-    constexpr std::size_t kMost = 32;
-    std::array<char, kMost> digits{};
+    constexpr std::size_t kRoom = 32;
+    std::array<char, kRoom> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     return {digits.data(), end};
 }

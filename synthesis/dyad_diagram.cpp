@@ -24,7 +24,7 @@ constexpr double kAir = 0.14;
 constexpr double kThick = 0.0022;
 constexpr double kHead = 0.026;
 constexpr double kPin = 0.008;
-constexpr double kPivot = 0.024;
+constexpr double kPivotSize = 0.024;
 constexpr double kArc = 0.075;
 constexpr double kArcStep = 0.032;
 constexpr double kDash = 0.012;
@@ -287,7 +287,7 @@ class Drawing {
 
     /// A ground pivot: a triangle on hatched ground.
     void Pivot(Vector at, const char* name) {
-        const double size = kPivot * side_;
+        const double size = kPivotSize * side_;
         const auto line = [&](Vector from, Vector to) { Beside(at, from * size, at, to * size, Model.ColorBlack); };
         const Vector left(-0.8, -1.5), right(0.8, -1.5), over(0.4, 0);
         line(0, left);
