@@ -4,15 +4,12 @@
 #include <cmath>
 
 #include "animation/engine.h"
+#include "tests/animation/engine.h"
+#include "tests/support/colors.h"
 #include "tests/support/drawing.h"
 
 namespace verlink::test {
 namespace {
-
-using Rows = std::vector<std::string>;
-
-constexpr platform::Color kMagenta = 0xFF00FF;
-constexpr platform::Color kBlue = 0xFF0000;
 
 /// Two steps of a made-up table: A (1, 2), B (4, 6), P (3, 8), and then P at (5, 1); L1 is 7.
 class DrawingCalls : public Drawing {

@@ -13,7 +13,7 @@ namespace {
 
 using platform::Pixels;
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFF, kRed = 0xFFFF0000, kBlue = 0xFF0000FF;
+constexpr std::uint32_t kWhitePixel = 0xFFFFFFFF, kRedPixel = 0xFFFF0000, kBluePixel = 0xFF0000FF;
 
 Pixels Plain(int wide, int high, std::uint32_t color) {
     return {wide, high,
@@ -27,9 +27,9 @@ void Dot(Pixels& picture, int x, int y, std::uint32_t color) {
 }  // namespace
 
 TEST(Gifs, Show_each_picture_whole_for_its_time_again_and_again) {
-    Pixels first = Plain(7, 5, kWhite), second = first;
-    Dot(second, 3, 2, kRed);
-    Dot(second, 5, 4, kBlue);
+    Pixels first = Plain(7, 5, kWhitePixel), second = first;
+    Dot(second, 3, 2, kRedPixel);
+    Dot(second, 5, 4, kBluePixel);
     Gif gif(7, 5);
     gif.Add(first, 4);
     gif.Add(second, 13);
@@ -59,14 +59,14 @@ TEST(Gifs, Keep_up_to_256_colours_exactly) {
 }
 
 TEST(Gifs, Keep_plain_colours_as_they_are_among_many_shades_which_come_out_near) {
-    Pixels picture = Plain(100, 100, kWhite);
+    Pixels picture = Plain(100, 100, kWhitePixel);
     std::mt19937 random(7);
     for (std::size_t i = 0; i < 2000; ++i) {
         // A stroke's edge: a share of red or blue over white.
         const std::uint32_t share = random() % 256;
         picture.colors[i] = i % 2 ? (0xFFFF0000U | share << 8U | share) : (0xFF0000FFU | share << 16U | share << 8U);
     }
-    for (std::size_t i = 2000; i < 2400; ++i) picture.colors[i] = i % 2 ? kRed : kBlue;
+    for (std::size_t i = 2000; i < 2400; ++i) picture.colors[i] = i % 2 ? kRedPixel : kBluePixel;
     Gif gif(100, 100);
     gif.Add(picture, 10);
     const Gif_Read read = Read_Gif(gif.Finish());
@@ -93,7 +93,7 @@ TEST(Gifs, Bring_any_picture_down_to_256_colours) {
 
 TEST(Gifs, Refuse_a_picture_of_another_size) {
     Gif gif(7, 5);
-    EXPECT_EQ(Failure_Of([&] { gif.Add(Plain(5, 7, kWhite), 2); }), platform::kInvalidCall);
+    EXPECT_EQ(Failure_Of([&] { gif.Add(Plain(5, 7, kWhitePixel), 2); }), platform::kInvalidCall);
 }
 
 }  // namespace verlink::test

@@ -5,20 +5,13 @@
 
 #include "core/solver.h"
 #include "tests/core/linkages.h"
+#include "tests/core/question.h"
 
 namespace verlink::test {
 
 namespace {
 
 using platform::Answer;
-
-/// The question at a global crank angle, as it reads.
-std::string Question(const std::string& degrees) {
-    return "Linkage cannot connect or is indeterminate at Theta2 =  " + degrees +
-           " Deg.\r\r\r ABORT - terminates further calculations beyond current position.\r\r"
-           " RETRY - continues calculating and reports new problem positions.\r\r"
-           "IGNORE - continues calculating with no further messages.\r\r";
-}
 
 class Refusals : public Fixture {
    protected:

@@ -7,6 +7,7 @@
 
 #include "core/linkage_model.h"
 #include "shell/initialize.h"
+#include "tests/core/question.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -17,13 +18,6 @@ using platform::Buttons;
 using platform::CommandButton;
 using platform::Icon;
 using platform::Screens;
-
-std::string Question(const std::string& degrees) {
-    return "Linkage cannot connect or is indeterminate at Theta2 =  " + degrees +
-           " Deg.\r\r\r ABORT - terminates further calculations beyond current position.\r\r"
-           " RETRY - continues calculating and reports new problem positions.\r\r"
-           "IGNORE - continues calculating with no further messages.\r\r";
-}
 
 class Runs : public Fixture {
    protected:

@@ -11,6 +11,7 @@
 #include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
+#include "tests/files/unsaved.h"
 
 namespace verlink::test {
 
@@ -22,8 +23,6 @@ using platform::Pointer;
 using platform::Screens;
 
 namespace {
-
-constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 
 std::set<std::string> Names_In(const std::string& folder) {
     std::set<std::string> names;

@@ -4,6 +4,7 @@
 #include "core/model_on_screens.h"
 #include "files/in_hand.h"
 #include "tests/files/drive_files.h"
+#include "tests/files/unsaved.h"
 
 namespace verlink::test {
 
@@ -17,7 +18,6 @@ using platform::Screens;
 
 namespace {
 
-constexpr char kUnsaved[] = "The current data has not been saved.  Do you want to save it before resetting?";
 constexpr char kCancelReported[] =
     "Error 32755   (Cancel was selected)  has occurred in frm_Homescreen.mnu_Link_Data_Import\r\n\r\n";
 

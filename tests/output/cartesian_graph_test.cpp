@@ -198,7 +198,7 @@ TEST_F(CartesianGraph, InLocalCoordinatesEachFunctionIsTurnedByTheLinkOfItsOwnSl
     for (int i = 0; i <= 36; ++i) {
         const auto point = static_cast<std::size_t>(i);
         const auto local = [&](int row, int link) {
-            return Vector{v(i, row, 0), v(i, row, 1)}.Turned(Model.Link1Angle - Theta(i, link));
+            return Plane_Vector{v(i, row, 0), v(i, row, 1)}.Turned(Model.Link1Angle - Theta(i, link));
         };
         EXPECT_NEAR(Values(0, 0)[point], local(0, 0).x, 2e-4);
         EXPECT_NEAR(Values(0, 1)[point], local(1, 2).x, 2e-4);

@@ -18,7 +18,7 @@ struct Chosen_Functions : platform::Screen {
     platform::ControlArray<platform::Label> lbl_Component{*this, "lbl_Component", {0, 1, 2, 3}};
 };
 
-struct Vector {
+struct Plane_Vector {
     double x, y;
     double Mag() const { return std::hypot(x, y); }
     /// Degrees from -90 up to 270.
@@ -26,7 +26,7 @@ struct Vector {
         const double angle = std::atan2(y, x) * 180 / std::numbers::pi;
         return angle < -90 ? angle + 360 : angle;
     }
-    Vector Turned(double degrees) const {
+    Plane_Vector Turned(double degrees) const {
         const double a = degrees * std::numbers::pi / 180;
         return {x * std::cos(a) - y * std::sin(a), x * std::sin(a) + y * std::cos(a)};
     }
@@ -49,13 +49,13 @@ class Plotting : public Drawing {
     }
 
     /// Velocity and acceleration of the coupler point in the global frame.
-    static Vector Velocity(int step) {
+    static Plane_Vector Velocity(int step) {
         const auto& v = Model.RunTable.VelXY;
-        return Vector{v(step, 2, 0), v(step, 2, 1)}.Turned(Model.Link1Angle);
+        return Plane_Vector{v(step, 2, 0), v(step, 2, 1)}.Turned(Model.Link1Angle);
     }
-    static Vector Acceleration(int step) {
+    static Plane_Vector Acceleration(int step) {
         const auto& a = Model.RunTable.AccXY;
-        return Vector{a(step, 2, 0), a(step, 2, 1)}.Turned(Model.Link1Angle);
+        return Plane_Vector{a(step, 2, 0), a(step, 2, 1)}.Turned(Model.Link1Angle);
     }
 
     template <class T = platform::Label>

@@ -12,7 +12,7 @@ namespace verlink::test {
 
 namespace {
 
-class Polar : public Plotting {
+class PolarPlot : public Plotting {
    protected:
     Polar() {
         Turn_Ground(20);
@@ -53,7 +53,7 @@ class Polar : public Plotting {
 
 }  // namespace
 
-TEST_F(Polar, TipsAreTheVectorsOfTheWholeRun) {
+TEST_F(PolarPlot, TipsAreTheVectorsOfTheWholeRun) {
     Choose_Polar("Veloc CP");
     Whole();
     double most = 0;
@@ -74,7 +74,7 @@ TEST_F(Polar, TipsAreTheVectorsOfTheWholeRun) {
     EXPECT_EQ(Model.PlotSlot, 1);
 }
 
-TEST_F(Polar, HeadersNameFunctionAndUnit) {
+TEST_F(PolarPlot, HeadersNameFunctionAndUnit) {
     Choose_Polar("Accel CP");
     Whole();
     const std::string unit = Model.UnitLabel(Model.FuncGroup(1));
@@ -84,26 +84,26 @@ TEST_F(Polar, HeadersNameFunctionAndUnit) {
     EXPECT_EQ(Text_At("pnl_PlotUnits"), unit);
 }
 
-TEST_F(Polar, AnAngleComponentOfTheSlotDoesNotChangeTheUnit) {
+TEST_F(PolarPlot, AnAngleComponentOfTheSlotDoesNotChangeTheUnit) {
     Choose_Polar("Accel CP");
     Set_Component("Ang", 1);
     Whole();
     EXPECT_EQ(Text_At("pnl_PlotUnits"), Model.UnitLabel(Model.FuncGroup(1)));
 }
 
-TEST_F(Polar, InLocalRotatingCoordinatesTheTipsAreTurnedAtEachStep) {
+TEST_F(PolarPlot, InLocalRotatingCoordinatesTheTipsAreTurnedAtEachStep) {
     Choose_Polar("Veloc CP");
     Model.CoordSystem = 2;
     Whole();
     for (int i = 0; i <= 8; ++i) {
-        const Vector seen = Velocity(i).Turned(-Model.RunTable.Theta(i, 1));
+        const Plane_Vector seen = Velocity(i).Turned(-Model.RunTable.Theta(i, 1));
         EXPECT_NEAR(Model.PolarX(i), seen.x, 2e-4);
         EXPECT_NEAR(Model.PolarY(i), seen.y, 2e-4);
     }
     EXPECT_EQ(Text_At("lbl_Coord"), "Local Rotating");
 }
 
-TEST_F(Polar, TheSetUpClearsAndFillsThePanels) {
+TEST_F(PolarPlot, TheSetUpClearsAndFillsThePanels) {
     form.pct_Plot.Drawing().Line(0, 0, 1, 1, 255);
     MyPolarPlotSetup(form);
     EXPECT_EQ(form.pct_Plot.Drawing().Alive(), 0U);
@@ -123,7 +123,7 @@ TEST_F(Polar, TheSetUpClearsAndFillsThePanels) {
     EXPECT_EQ(Text_At("lbl_Initial", 4), "Theta2");
 }
 
-TEST_F(Polar, TheModeFollowsTheBoxesAndWithNeitherItStays) {
+TEST_F(PolarPlot, TheModeFollowsTheBoxesAndWithNeitherItStays) {
     Boxes(true, false);
     MyPolarPlotSetup(form);
     EXPECT_EQ(Model.PolarMode, 1);
@@ -143,7 +143,7 @@ TEST_F(Polar, TheModeFollowsTheBoxesAndWithNeitherItStays) {
     EXPECT_FALSE(Model.PolarVectors);
 }
 
-TEST_F(Polar, BothBoxesClearAtTheFirstPlotDrawByTheLastMode) {
+TEST_F(PolarPlot, BothBoxesClearAtTheFirstPlotDrawByTheLastMode) {
     Choose_Polar("Veloc CP");
     Model.PolarMode = 2;
     Boxes(false, false);
@@ -152,7 +152,7 @@ TEST_F(Polar, BothBoxesClearAtTheFirstPlotDrawByTheLastMode) {
     EXPECT_EQ(Curves().size(), 18U);
 }
 
-TEST_F(Polar, EnvelopeAlone) {
+TEST_F(PolarPlot, EnvelopeAlone) {
     Choose_Polar("Veloc CP");
     Boxes(true, false);
     form.pct_Plot.Redirect(&log);
@@ -163,7 +163,7 @@ TEST_F(Polar, EnvelopeAlone) {
     Expect_Log("polar_envelope", log);
 }
 
-TEST_F(Polar, VectorsAlone) {
+TEST_F(PolarPlot, VectorsAlone) {
     Choose_Polar("Veloc CP");
     Boxes(false, true);
     form.pct_Plot.Redirect(&log);
@@ -177,7 +177,7 @@ TEST_F(Polar, VectorsAlone) {
     Expect_Log("polar_vectors", log);
 }
 
-TEST_F(Polar, BothAreTheVectorsFirstThenThePathWhichCloses) {
+TEST_F(PolarPlot, BothAreTheVectorsFirstThenThePathWhichCloses) {
     Choose_Polar("Accel CP");
     Boxes(true, true);
     form.pct_Plot.Redirect(&log);
@@ -194,7 +194,7 @@ TEST_F(Polar, BothAreTheVectorsFirstThenThePathWhichCloses) {
     Expect_Log("polar_both", log);
 }
 
-TEST_F(Polar, ATransformIsRefused) {
+TEST_F(PolarPlot, ATransformIsRefused) {
     Choose_Polar("Current FFT");
     form.pnl_LeftTitle.Caption = "before";
     desktop.Expect_Message("FFT data are not suited to polar plots.\r\nUse a cartesian plot format instead.");
@@ -203,7 +203,7 @@ TEST_F(Polar, ATransformIsRefused) {
     EXPECT_EQ(form.pct_Plot.Drawing().Alive(), 0U);
 }
 
-TEST_F(Polar, TheFlywheelTorqueHasNoVectorAndAllItsTipsAreTheOrigin) {
+TEST_F(PolarPlot, TheFlywheelTorqueHasNoVectorAndAllItsTipsAreTheOrigin) {
     Choose_Polar("Flywl Torque");
     Whole();
     for (int i = 0; i <= 8; ++i) {
@@ -214,7 +214,7 @@ TEST_F(Polar, TheFlywheelTorqueHasNoVectorAndAllItsTipsAreTheOrigin) {
     EXPECT_EQ(Text_At("pnl_Ymax"), FNRoundStr(0.0001, 3));
 }
 
-TEST_F(Polar, AWindowThatFailsIsToldSkippedAndNumberedAllTheSame) {
+TEST_F(PolarPlot, AWindowThatFailsIsToldSkippedAndNumberedAllTheSame) {
     Choose_Polar("Veloc CP");
     for (int i = 0; i <= 8; ++i)
         for (const int axis : {0, 1}) Model.RunTable.VelXY(i, 2, axis) = axis == 0 ? 2.9e38 : 0;
@@ -227,7 +227,7 @@ TEST_F(Polar, AWindowThatFailsIsToldSkippedAndNumberedAllTheSame) {
     EXPECT_EQ(Text_At("pnl_Ymax"), FNRoundStr(Model.PlotYmax, 0));
 }
 
-TEST_F(Polar, AStepShowsItsVectorAloneWithItsValues) {
+TEST_F(PolarPlot, AStepShowsItsVectorAloneWithItsValues) {
     Choose_Polar("Veloc CP");
     Boxes(false, true);
     Whole();
@@ -242,7 +242,7 @@ TEST_F(Polar, AStepShowsItsVectorAloneWithItsValues) {
     EXPECT_NEAR(std::stod(Text_At("pnl_vector", 1)), Velocity(3).Ang(), 2e-3);
 }
 
-TEST_F(Polar, AStepOfTheOtherModes) {
+TEST_F(PolarPlot, AStepOfTheOtherModes) {
     Choose_Polar("Veloc CP");
     Boxes(true, false);
     Whole();
@@ -259,7 +259,7 @@ TEST_F(Polar, AStepOfTheOtherModes) {
     Expect_Log("polar_step", log);
 }
 
-TEST_F(Polar, AStepOfATimeOrDrivenRunShowsTheTime) {
+TEST_F(PolarPlot, AStepOfATimeOrDrivenRunShowsTheTime) {
     By_Time(0.5, 1, 0.05);
     Choose_Polar("Veloc CP");
     for (const int type : {2, 4, 5}) {
@@ -273,7 +273,7 @@ TEST_F(Polar, AStepOfATimeOrDrivenRunShowsTheTime) {
     }
 }
 
-TEST_F(Polar, FailuresAreReportedUnderTheNames) {
+TEST_F(PolarPlot, FailuresAreReportedUnderTheNames) {
     platform::Screen bare("frm_Bare");
     desktop.Expect_Message_With("MyPolarPlotSetup");
     MyPolarPlotSetup(bare);

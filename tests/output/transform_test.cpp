@@ -15,7 +15,7 @@ namespace {
 
 using Exact = long double;
 
-struct Vector {
+struct Exact_Vector {
     Exact x, y;
     Exact Mag() const { return std::hypot(x, y); }
     /// Degrees from -90 up to 270.
@@ -25,7 +25,7 @@ struct Vector {
     }
 };
 
-Vector Turned(Exact x, Exact y, Exact degrees) {
+Exact_Vector Turned_Exactly(Exact x, Exact y, Exact degrees) {
     const Exact a = degrees * std::numbers::pi_v<Exact> / 180;
     return {x * std::cos(a) - y * std::sin(a), x * std::sin(a) + y * std::cos(a)};
 }
@@ -49,7 +49,7 @@ struct Transform : Fixture {
         Select_Variable(variable, slot);
         Set_Component(component, slot);
     }
-    void Expect_Vector(const char* variable, const Vector& expected) {
+    void Expect_Vector(const char* variable, const Exact_Vector& expected) {
         SCOPED_TRACE(variable);
         const double close = 2e-6 * static_cast<double>(expected.Mag());
         Choose(variable, "X");
@@ -99,19 +99,19 @@ TEST_F(Transform, GlobalVectorsAreTurnedByTheGroundLink) {
         for (const char* variable : {"Veloc I 2,3", "Veloc I 3,4", "Veloc CP"}) {
             table.VelXY(kStep, place, 0) = 3.5 - place;
             table.VelXY(kStep, place, 1) = -1.25 * place + 0.5;
-            Expect_Vector(variable, Turned(3.5L - place, -1.25L * place + 0.5L, ground));
+            Expect_Vector(variable, Turned_Exactly(3.5L - place, -1.25L * place + 0.5L, ground));
             ++place;
         }
         place = 0;
         for (const char* variable : {"Accel I 2,3", "Accel I 3,4", "Accel CP"}) {
             table.AccXY(kStep, place, 0) = -300 + 200 * place;
             table.AccXY(kStep, place, 1) = 75 - 13 * place;
-            Expect_Vector(variable, Turned(-300 + 200 * place, 75 - 13 * place, ground));
+            Expect_Vector(variable, Turned_Exactly(-300 + 200 * place, 75 - 13 * place, ground));
             ++place;
         }
         table.PointXY(kStep, 2, 0) = -1.5;
         table.PointXY(kStep, 2, 1) = 2.25;
-        Expect_Vector("Coupler Pt", Turned(-1.5L, 2.25L, ground));
+        Expect_Vector("Coupler Pt", Turned_Exactly(-1.5L, 2.25L, ground));
     }
 }
 
@@ -141,9 +141,9 @@ TEST_F(Transform, LocalVectorsAreTurnedBackByTheLinkOfTheDrawnSlotsRow) {
         table.VelXY(kStep, row, 0) = 2 + row;
         table.VelXY(kStep, row, 1) = 5 - row;
     }
-    Expect_Vector("Veloc I 2,3", Turned(2, 5, 25.0L - 100));
-    Expect_Vector("Veloc I 3,4", Turned(3, 4, 25.0L - 290));
-    Expect_Vector("Veloc CP", Turned(4, 3, 25.0L - 40));
+    Expect_Vector("Veloc I 2,3", Turned_Exactly(2, 5, 25.0L - 100));
+    Expect_Vector("Veloc I 3,4", Turned_Exactly(3, 4, 25.0L - 290));
+    Expect_Vector("Veloc CP", Turned_Exactly(4, 3, 25.0L - 40));
 }
 
 TEST_F(Transform, TheMassCentresOfLinks3And4AreTurnedByTheAngleOfLink2) {
@@ -154,10 +154,10 @@ TEST_F(Transform, TheMassCentresOfLinks3And4AreTurnedByTheAngleOfLink2) {
     table.Theta(kStep, 2) = 290;
     table.VelXY(kStep, 5, 0) = 7;
     table.VelXY(kStep, 5, 1) = 0.5;
-    Expect_Vector("Veloc CG 3", Turned(7, 0.5L, -100));
+    Expect_Vector("Veloc CG 3", Turned_Exactly(7, 0.5L, -100));
     table.AccXY(kStep, 7, 0) = 7;
     table.AccXY(kStep, 7, 1) = 0.5;
-    Expect_Vector("Accel CG 4", Turned(7, 0.5L, -100));
+    Expect_Vector("Accel CG 4", Turned_Exactly(7, 0.5L, -100));
 }
 
 TEST_F(Transform, TheLocalFrameFollowsThePlotSlotAndNotTheSlotRead) {
@@ -169,7 +169,7 @@ TEST_F(Transform, TheLocalFrameFollowsThePlotSlotAndNotTheSlotRead) {
     table.VelXY(kStep, 2, 1) = 3;
     Model.PlotSlot = 4;
     Choose("Accel CP", "X", 4);
-    Expect_Vector("Veloc I 2,3", Turned(1, 0, -40));
+    Expect_Vector("Veloc I 2,3", Turned_Exactly(1, 0, -40));
 }
 
 TEST_F(Transform, BeforeAnyPlotTheLocalFrameIsThatOfLink2) {
@@ -179,7 +179,7 @@ TEST_F(Transform, BeforeAnyPlotTheLocalFrameIsThatOfLink2) {
     table.VelXY(kStep, 2, 0) = 4;
     table.VelXY(kStep, 2, 1) = 3;
     EXPECT_EQ(Model.PlotSlot, 0);
-    Expect_Vector("Veloc CP", Turned(4, 3, -100));
+    Expect_Vector("Veloc CP", Turned_Exactly(4, 3, -100));
 }
 
 TEST_F(Transform, LocalLinkLeavesTheLinkForRowsAboveTwo) {
@@ -200,7 +200,7 @@ TEST_F(Transform, TheCouplerPointIsTurnedAsLocalWhenTheFrameWasLeftLocal) {
     table.Theta(kStep, 1) = 70;
     table.PointXY(kStep, 2, 0) = 3;
     table.PointXY(kStep, 2, 1) = 1;
-    Expect_Vector("Coupler Pt", Turned(3, 1, -60));
+    Expect_Vector("Coupler Pt", Turned_Exactly(3, 1, -60));
 }
 
 TEST_F(Transform, AnyFrameNumberButZeroIsLocal) {
@@ -210,7 +210,7 @@ TEST_F(Transform, AnyFrameNumberButZeroIsLocal) {
     table.VelXY(kStep, 0, 1) = 1;
     for (const int system : {1, 2, -1}) {
         Model.CoordSystem = system;
-        Expect_Vector("Veloc I 2,3", Turned(2, 1, -90));
+        Expect_Vector("Veloc I 2,3", Turned_Exactly(2, 1, -90));
     }
 }
 

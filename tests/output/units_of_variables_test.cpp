@@ -17,7 +17,7 @@ namespace verlink::test {
 
 namespace {
 
-constexpr int kSlot = 2;
+constexpr int kOneSlot = 2;
 
 /// "deg", "N-m" for all that says the same.
 std::string Plain(std::string unit) {
@@ -46,9 +46,9 @@ class UnitsOfVariables : public Fixture {
     }
 
     static void Choose(const std::string& variable, const std::string& component) {
-        Select_Variable(variable, kSlot);
-        Set_Component(component, kSlot);
-        Model.PlotSlot = kSlot;
+        Select_Variable(variable, kOneSlot);
+        Set_Component(component, kOneSlot);
+        Model.PlotSlot = kOneSlot;
     }
     static void Solve_And_Balance() {
         Integer result;
@@ -76,9 +76,9 @@ TEST_F(UnitsOfVariables, Are_those_of_their_dimensions_in_tables_plots_and_live_
         SCOPED_TRACE(variable + " " + component + " in system " + row.at("system"));
         if (Model.Units != system) Use_Units(system);
         Choose(variable, component);
-        EXPECT_EQ(Plain(Slot_Unit(kSlot, "deg")), unit);
-        EXPECT_EQ(Plain(Slot_Unit(kSlot, "Deg")), unit);
-        EXPECT_EQ(Plain(Variable_Unit(kSlot)), unit) << "of a transform";
+        EXPECT_EQ(Plain(Slot_Unit(kOneSlot, "deg")), unit);
+        EXPECT_EQ(Plain(Slot_Unit(kOneSlot, "Deg")), unit);
+        EXPECT_EQ(Plain(Variable_Unit(kOneSlot)), unit) << "of a transform";
         EXPECT_EQ(Plain(Unit_Of({variable, component, false}, Model)), unit);
         ++rows;
     }
@@ -102,11 +102,11 @@ TEST_F(UnitsOfVariables, Are_what_the_numbers_are_in) {
             const std::string variable = Model.VariableNames(number);
             for (const char* component : {"X", "Y", "Mag", "Ang"}) {
                 Choose(variable, component);
-                const double unit = In_SI(Plain(Slot_Unit(kSlot, "deg")));
+                const double unit = In_SI(Plain(Slot_Unit(kOneSlot, "deg")));
                 double most = 0;
                 for (int step = 0; step <= Model.NSteps; ++step) {
                     Single value;
-                    Transform_XY(step, kSlot, value);
+                    Transform_XY(step, kOneSlot, value);
                     most = std::max(most, std::abs(value * unit));
                 }
                 const std::string name = variable + " " + component;
@@ -127,10 +127,10 @@ TEST_F(UnitsOfVariables, Of_a_transform_are_those_of_what_was_transformed_and_de
     Model.FFTUnitLabel = "mm/sec";
     for (const char* component : {"X", "Y", "Mag"}) {
         Choose("Current FFT", component);
-        EXPECT_EQ(Slot_Unit(kSlot, "deg"), "mm/sec");
+        EXPECT_EQ(Slot_Unit(kOneSlot, "deg"), "mm/sec");
     }
     Choose("Current FFT", "Ang");
-    EXPECT_EQ(Slot_Unit(kSlot, "deg"), "deg");
+    EXPECT_EQ(Slot_Unit(kOneSlot, "deg"), "deg");
 }
 
 }  // namespace verlink::test

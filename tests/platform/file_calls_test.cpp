@@ -26,12 +26,6 @@ using namespace platform;
 
 namespace {
 
-mode_t Mode_Of(const std::string& path) {
-    struct stat status {};
-    ::stat(path.c_str(), &status);
-    return status.st_mode & 07777;
-}
-
 /// The number of the call that comes first under that name when something is written.
 template <class Action>
 int Number_Of(const std::string& call, Action action) {

@@ -41,12 +41,6 @@ std::set<std::string> Names_In(const std::string& folder) {
     return names;
 }
 
-mode_t Mode_Of(const std::string& path) {
-    struct stat status {};
-    ::stat(path.c_str(), &status);
-    return status.st_mode & 07777;
-}
-
 /// Runs `action` in a child and gives back what it returned, 0 to 254; 255 when the child died.
 template <class Action>
 int In_Child(Action action) {

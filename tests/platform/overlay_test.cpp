@@ -7,6 +7,7 @@
 #include <cmath>
 #include <random>
 
+#include "tests/support/colors.h"
 #include "tests/support/overlay_log.h"
 
 namespace verlink::test {
@@ -21,8 +22,6 @@ using platform::Sight;
 using Kind = Overlay::Mark::Kind;
 using Rows = std::vector<std::string>;
 using Call = OverlayLog::Call;
-
-constexpr platform::Color kRed = 0x0000FF;
 
 /// Ten units of the world over 500 pixels.
 constexpr Sight kWhole{0, 0, 10, 10, 500, 500};

@@ -8,6 +8,8 @@
 #include <numbers>
 #include <random>
 
+#include "tests/support/colors.h"
+
 namespace verlink::test {
 namespace {
 
@@ -16,10 +18,9 @@ using platform::Ink;
 using platform::Picture;
 using platform::PicturePixels;
 
-constexpr Color kWhite = 0xFFFFFF, kBlack = 0, kRed = 255, kGreen = 0xFF00, kMagenta = 0xFF00FF;
-constexpr int kSide = 120;
+constexpr int kPixels = 120;
 
-std::vector<std::uint32_t> Anew(const Picture& picture, int side = kSide, double density = 1) {
+std::vector<std::uint32_t> Anew(const Picture& picture, int side = kPixels, double density = 1) {
     PicturePixels pixels;
     pixels.Paint(picture, side, side, density);
     return pixels.Pixels();
@@ -57,7 +58,7 @@ class PicturePixelsTest : public testing::Test {
         Pivots();
         for (int i = 0; i < frames; ++i) {
             Linkage(i * 0.1, kMagenta, kRed);
-            pixels.Paint(picture, kSide, kSide);
+            pixels.Paint(picture, kPixels, kPixels);
             EXPECT_EQ(pixels.Pixels(), Anew(picture)) << "frame " << i;
             if (i > 2) most = std::max(most, pixels.Painted());
             Linkage(i * 0.1, trace ? kMagenta : kWhite, trace ? kRed : kWhite);
@@ -98,7 +99,7 @@ TEST_F(PicturePixelsTest, AnythingBitByBitIsTheSameAsAnew) {
         if (kind == 2) picture.Circle(x, y, any(4), color);
         if (kind == 3) picture.PSet(x, y, color);
         if (any(40)) continue;
-        pixels.Paint(picture, kSide, kSide);
+        pixels.Paint(picture, kPixels, kPixels);
         ASSERT_EQ(pixels.Pixels(), Anew(picture)) << "after " << i;
     }
 }
@@ -110,13 +111,13 @@ TEST_F(PicturePixelsTest, MuchIsPaintedInTurnsAndIsTheSameInTheEnd) {
     pixels.Paint_In_Turns(kMost);
     std::size_t turns = 0, painted = 0;
     do {
-        pixels.Paint(picture, 2 * kSide, 2 * kSide);
+        pixels.Paint(picture, 2 * kPixels, 2 * kPixels);
         EXPECT_LE(pixels.Painted(), kMost + kLongestRun);
         painted += pixels.Painted();
     } while (pixels.Behind() && ++turns < alive);
     EXPECT_GE(turns, 4U);
     EXPECT_EQ(painted, alive) << "each once";
-    EXPECT_EQ(pixels.Pixels(), Anew(picture, 2 * kSide));
+    EXPECT_EQ(pixels.Pixels(), Anew(picture, 2 * kPixels));
 }
 
 TEST_F(PicturePixelsTest, WhatIsDrawnAndErasedBetweenTurnsIsTheSameInTheEnd) {
@@ -128,12 +129,12 @@ TEST_F(PicturePixelsTest, WhatIsDrawnAndErasedBetweenTurnsIsTheSameInTheEnd) {
         Linkage(any(60) * 0.1, any(2) ? kMagenta : kWhite, any(2) ? kRed : kWhite);
         if (any(4)) continue;
         pixels.Paint_In_Turns(any(3) ? 20 : 100);
-        pixels.Paint(picture, any(5) ? kSide : kSide + 1, kSide);
+        pixels.Paint(picture, any(5) ? kPixels : kPixels + 1, kPixels);
         behind += pixels.Behind() ? 1 : 0;
         if (any(8)) continue;
-        for (int turn = 0; pixels.Behind() && turn < 1000; ++turn) pixels.Paint(picture, pixels.Wide(), kSide);
+        for (int turn = 0; pixels.Behind() && turn < 1000; ++turn) pixels.Paint(picture, pixels.Wide(), kPixels);
         PicturePixels anew;
-        anew.Paint(picture, pixels.Wide(), kSide);
+        anew.Paint(picture, pixels.Wide(), kPixels);
         ASSERT_EQ(pixels.Pixels(), anew.Pixels()) << "after " << i;
     }
     EXPECT_GT(behind, 50);
@@ -150,10 +151,10 @@ TEST_F(PicturePixelsTest, AnotherSizeOrDensityIsPaintedAnew) {
 
 TEST_F(PicturePixelsTest, ReleasedPixelsComeBack) {
     Linkage(1, kMagenta, kBlack);
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     pixels.Release();
     EXPECT_TRUE(pixels.Pixels().empty());
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     EXPECT_EQ(pixels.Pixels(), Anew(picture));
 }
 
@@ -232,8 +233,8 @@ TEST_F(PicturePixelsTest, LinesAlongTheAxesAreSharp) {
     picture.Line(-5, 0.3337, 5, 0.3337, kBlack);
     const auto painted = Anew(picture);
     int dark = 0;
-    for (int row = 0; row < kSide; ++row) {
-        const std::uint32_t gray = painted[static_cast<std::size_t>(row * kSide + kSide / 2)] & 255U;
+    for (int row = 0; row < kPixels; ++row) {
+        const std::uint32_t gray = painted[static_cast<std::size_t>(row * kPixels + kPixels / 2)] & 255U;
         if (gray < 10) ++dark;
         EXPECT_TRUE(gray < 10 || gray > 200);
     }
@@ -245,10 +246,10 @@ TEST_F(PicturePixelsTest, ErasedFramesLeaveNothing) {
     const auto clean = Anew(picture);
     for (int i = 0; i < 30; ++i) {
         Linkage(i * 0.2, kMagenta, kBlack);
-        pixels.Paint(picture, kSide, kSide);
+        pixels.Paint(picture, kPixels, kPixels);
         Linkage(i * 0.2, kWhite, kWhite);
     }
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     EXPECT_EQ(pixels.Pixels(), clean);
 }
 

@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "platform/failure.h"
+#include "tests/support/colors.h"
 
 namespace verlink::test {
 namespace {
@@ -18,13 +19,7 @@ namespace {
 using platform::Color;
 using platform::Picture;
 using platform::RuntimeFailure;
-using Kind = Picture::Primitive::Kind;
-
-constexpr Color kWhite = 0xFFFFFF;
-constexpr Color kBlack = 0;
-constexpr Color kRed = 255;
-constexpr Color kGreen = 0xFF00;
-constexpr Color kBlue = 0xFF0000;
+using Primitive_Kind = Picture::Primitive::Kind;
 
 std::vector<Picture::Primitive> Living(const Picture& picture) {
     std::vector<Picture::Primitive> living;
@@ -54,13 +49,13 @@ TEST_F(PictureTest, KeepsWhatIsDrawnInItsOrder) {
     picture.PSet(5, 6);
     const auto living = Living(picture);
     ASSERT_EQ(living.size(), 3U);
-    EXPECT_EQ(living[0].kind, Kind::kSegment);
+    EXPECT_EQ(living[0].kind, Primitive_Kind::kSegment);
     EXPECT_EQ(living[0].x2, 1);
     EXPECT_EQ(living[0].y2, 2);
-    EXPECT_EQ(living[1].kind, Kind::kCircle);
+    EXPECT_EQ(living[1].kind, Primitive_Kind::kCircle);
     EXPECT_EQ(living[1].x2, 0.5);
     EXPECT_EQ(living[1].color, kBlue);
-    EXPECT_EQ(living[2].kind, Kind::kDot);
+    EXPECT_EQ(living[2].kind, Primitive_Kind::kDot);
     EXPECT_EQ(living[2].color, kBlack);
     EXPECT_EQ(picture.Alive(), 3U);
 }
@@ -109,7 +104,7 @@ TEST_F(PictureTest, DrawingAgainMovesToTheTop) {
     picture.Line(0, 0, 1, 2, kRed);
     auto living = Living(picture);
     ASSERT_EQ(living.size(), 2U);
-    EXPECT_EQ(living[1].kind, Kind::kSegment);
+    EXPECT_EQ(living[1].kind, Primitive_Kind::kSegment);
     picture.Circle(0, 0, 1, kBlue);
     living = Living(picture);
     ASSERT_EQ(living.size(), 2U);
@@ -284,9 +279,9 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
     ASSERT_EQ(living.size(), picture.Alive());
     for (std::size_t i = 0; i < plain.size(); ++i) {
         const auto& p = living[i];
-        const What what{p.kind == Kind::kSegment  ? 0
-                        : p.kind == Kind::kCircle ? 1
-                                                  : 2,
+        const What what{p.kind == Primitive_Kind::kSegment  ? 0
+                        : p.kind == Primitive_Kind::kCircle ? 1
+                                                            : 2,
                         static_cast<int>(p.x1), static_cast<int>(p.y1), static_cast<int>(p.x2), static_cast<int>(p.y2)};
         EXPECT_EQ(what, plain[i].what) << i;
         EXPECT_EQ(p.color, plain[i].color) << i;

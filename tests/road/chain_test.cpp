@@ -13,7 +13,7 @@ namespace verlink::test {
 namespace {
 
 using namespace platform;
-using Vector = std::complex<double>;
+using Complex = std::complex<double>;
 
 constexpr int kSteps = 126;
 
@@ -48,11 +48,11 @@ class Chain : public Fixture {
 
     /// The power that the masses of the stage take up: the rate of their kinetic energy, link by link.
     static double Power_Of_Masses(const Motion& motion) {
-        const Vector i(0, 1);
+        const Complex i(0, 1);
         const auto turned = [&](std::size_t link, double length, double angle) {
             const double w = motion.omega[link], a = motion.alpha[link];
-            const Vector arm = std::polar(length, motion.theta[link] + angle);
-            return std::pair<Vector, Vector>{i * w * arm, (i * a - w * w) * arm};
+            const Complex arm = std::polar(length, motion.theta[link] + angle);
+            return std::pair<Complex, Complex>{i * w * arm, (i * a - w * w) * arm};
         };
         double power = 0;
         for (std::size_t link = 0; link <= 2; ++link) {

@@ -7,7 +7,7 @@ namespace verlink::test {
 
 namespace {
 
-constexpr char kNoDivisor[] = " Attempting to divide by zero in TwoPosition, Method 2";
+constexpr char kNoDivisor2B[] = " Attempting to divide by zero in TwoPosition, Method 2";
 
 struct Synth2B : SynthesisScreenTest {
     Synth2B() { Model.SynPositions = 1; }
@@ -94,7 +94,7 @@ TEST_F(Synth2B, ABetaOfNoTurnOrOfAWholeOneIsRefusedAfterZIsWritten) {
         Enter_Box(form, "txt_Beta2", beta);
         Enter_Box(form, "txt_Zmag", "2");
         Enter_Box(form, "txt_Phi", "90");
-        desktop.Expect_Message(kNoDivisor, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
+        desktop.Expect_Message(kNoDivisor2B, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
         Calculate(form);
         EXPECT_EQ(Model.SynWx, 0.5) << beta;
         EXPECT_NEAR(Model.SynZx, 0, 1e-6);

@@ -44,7 +44,7 @@ platform::Process Alive() {
 constexpr char kNormalExit[] =
     "\"Normal Exit\"\r\n\"\"\r\n\"This file records a normal exit from the program on last run\"\r\n"
     "\"and is checked at each startup.  Please do not move or delete.\"\r\n";
-constexpr char kCrash[] =
+constexpr char kCrashMessage[] =
     "   The program did not shut down properly on its last run.     \r\r"
     "            This problem will now be corrected.\r\r"
     "   To avoid this problem in the future, please use the   \r"
@@ -98,7 +98,7 @@ TEST_F(StartupTest, AStartAfterANormalExitTakesTheMarkerWithoutAMessage) {
 
 TEST_F(StartupTest, ARunKilledFromOutsideIsToldOnceAndThenTheStateIsClean) {
     Leave_Marker(kNamelessRunning);
-    desktop.Expect_Message(kCrash, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    desktop.Expect_Message(kCrashMessage, Answer::kOk, Icon::kInformation, Buttons::kOk);
     Check_for_Crash();
     EXPECT_EQ(Marked(), Running());
     EXPECT_FALSE(desktop.Ending());
@@ -122,7 +122,7 @@ TEST_F(StartupTest, ADoubleClickWithTheProgramRunningStopsTheSecondInstanceAndLe
 TEST_F(StartupTest, ADoubleClickAfterTheDeathOfTheOneThatRanIsToldAndStarts) {
     Leave_Marker(Running(Dead()));
     Model.CommandLine = "/models/press.vlk";
-    desktop.Expect_Message(kCrash, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    desktop.Expect_Message(kCrashMessage, Answer::kOk, Icon::kInformation, Buttons::kOk);
     Check_for_Crash();
     EXPECT_FALSE(desktop.Ending());
     EXPECT_EQ(Marked(), Running());

@@ -10,15 +10,15 @@ namespace verlink::study {
 
 namespace {
 
-using Words = std::array<std::uint32_t, 4>;
+using Block = std::array<std::uint32_t, 4>;
 
 TEST(Philox, GivesThePublishedAnswers) {
-    EXPECT_EQ(Philox({0, 0, 0, 0}, {0, 0}), (Words{0x6627e8d5, 0xe169c58d, 0xbc57ac4c, 0x9b00dbd8}));
+    EXPECT_EQ(Philox({0, 0, 0, 0}, {0, 0}), (Block{0x6627e8d5, 0xe169c58d, 0xbc57ac4c, 0x9b00dbd8}));
     constexpr std::uint32_t kOnes = 0xffffffff;
     EXPECT_EQ(Philox({kOnes, kOnes, kOnes, kOnes}, {kOnes, kOnes}),
-              (Words{0x408f276d, 0x41c83b0e, 0xa20bc7c6, 0x6d5451fd}));
+              (Block{0x408f276d, 0x41c83b0e, 0xa20bc7c6, 0x6d5451fd}));
     EXPECT_EQ(Philox({0x243f6a88, 0x85a308d3, 0x13198a2e, 0x03707344}, {0xa4093822, 0x299f31d0}),
-              (Words{0xd16cfe09, 0x94fdcceb, 0x5001e420, 0x24126ea1}));
+              (Block{0xd16cfe09, 0x94fdcceb, 0x5001e420, 0x24126ea1}));
 }
 
 TEST(Philox, UniformNumbersFillTheirRangeEvenly) {

@@ -109,7 +109,7 @@ struct SynthesizedMotion : Synthesis {
 };
 
 /// Of a place as a part of the longest link, of a turn in radians.
-constexpr double kLastPlaces = 4e-6, kWrong = 0.05;
+constexpr double kOfMotion = 4e-6, kWrongMotion = 0.05;
 /// The closed form for given pivots takes lengths to the fourth power in single numbers before it gives angles.
 constexpr double kOfGivenPivots = 1e-4, kWrongPivots = 0.1;
 
@@ -137,7 +137,7 @@ TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfChosenAngles) {
         if (std::abs(moved - move) > 0.1 || std::abs(moved_right - move) > 0.1) continue;  // a dyad that was skipped
         Take_Linkage(1, 0);
     }
-    Expect_All_Reached(kLastPlaces, kWrong, 100);
+    Expect_All_Reached(kOfMotion, kWrongMotion, 100);
 }
 
 TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfAChosenVector) {
@@ -155,7 +155,7 @@ TEST_F(SynthesizedMotion, GoesThroughTwoPositionsOfAChosenVector) {
         if (!Worth_Running()) continue;
         Take_Linkage(1, 0);
     }
-    Expect_All_Reached(kLastPlaces, kWrong, 100);
+    Expect_All_Reached(kOfMotion, kWrongMotion, 100);
 }
 
 TEST_F(SynthesizedMotion, OfTwoPositionsIsTheRunThatTheAssemblySetsUp) {
@@ -200,8 +200,8 @@ TEST_F(SynthesizedMotion, OfTwoPositionsIsTheRunThatTheAssemblySetsUp) {
         ++run;
         backward += Model.Omega2 < 0 ? 1 : 0;
     }
-    places.Expect_Below(kLastPlaces, kWrong);
-    turns.Expect_Below(kLastPlaces, kWrong);
+    places.Expect_Below(kOfMotion, kWrongMotion);
+    turns.Expect_Below(kOfMotion, kWrongMotion);
     EXPECT_GE(run, 50);
     EXPECT_GE(backward, 10);
     EXPECT_GE(run - backward, 10);
@@ -226,7 +226,7 @@ TEST_F(SynthesizedMotion, GoesThroughThreePositionsOfChosenTurns) {
         if (!solvable || !Worth_Running()) continue;
         Take_Linkage(2, 0);
     }
-    Expect_All_Reached(kLastPlaces, kWrong, 100);
+    Expect_All_Reached(kOfMotion, kWrongMotion, 100);
 }
 
 TEST_F(SynthesizedMotion, GoesThroughThreePositionsAboutGivenPivots) {

@@ -31,10 +31,10 @@ std::vector<std::string> Lines(const std::string& content) {
 bool Counts_Now(const FileField& field) {
     constexpr int kByAngleSteps = 3;
     switch (field.counts) {
-        case Counts::kYes: return true;
-        case Counts::kNo: return false;
-        case Counts::kByAngle: return Model.Calctype == kByAngleSteps;
-        case Counts::kByTime: return Model.Calctype != kByAngleSteps;
+        case verlink::Counts::kYes: return true;
+        case verlink::Counts::kNo: return false;
+        case verlink::Counts::kByAngle: return Model.Calctype == kByAngleSteps;
+        case verlink::Counts::kByTime: return Model.Calctype != kByAngleSteps;
     }
     return true;
 }

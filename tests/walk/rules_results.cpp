@@ -132,7 +132,7 @@ Found Transform_Is_Of_The_Model(const Aside& aside, const Transformed& last) {
 namespace {
 
 /// Is it the number of steps from first to last? Either one, where a half is to be rounded.
-bool Counts(int steps, double first, double last, double step) {
+bool Is_Count(int steps, double first, double last, double step) {
     if (step == 0) return true;
     const double ratio = (last - first) / step;
     return std::abs(ratio - steps) <= 0.5 + 1e-3;
@@ -188,12 +188,12 @@ void Check_Drive(Story& story) {
         story.Equal(m.ThetaStartRad, m.ThetaStart * kDegToRad, m.ThetaStart, "ThetaStart in radians");
         story.Equal(m.ThetaEndRad, m.ThetaEnd * kDegToRad, m.ThetaEnd, "ThetaEnd in radians");
         story.Equal(m.ThetaStepRad, m.ThetaStep * kDegToRad, m.ThetaStep, "ThetaStep in radians");
-        story.Says(Counts(m.NSteps, m.ThetaStart, m.ThetaEnd, m.ThetaStep), "NSteps of angles",
+        story.Says(Is_Count(m.NSteps, m.ThetaStart, m.ThetaEnd, m.ThetaStep), "NSteps of angles",
                    std::to_string(m.NSteps) + " steps of " + Word_Of(m.ThetaStep) + " from " + Word_Of(m.ThetaStart) +
                        " to " + Word_Of(m.ThetaEnd));
     }
     if (m.Calctype == 2)
-        story.Says(Counts(m.NSteps, m.TimeStart, m.TimeEnd, m.TimeStep), "NSteps of times",
+        story.Says(Is_Count(m.NSteps, m.TimeStart, m.TimeEnd, m.TimeStep), "NSteps of times",
                    std::to_string(m.NSteps) + " steps of " + Word_Of(m.TimeStep) + " from " + Word_Of(m.TimeStart) +
                        " to " + Word_Of(m.TimeEnd));
 }

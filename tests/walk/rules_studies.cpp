@@ -18,7 +18,7 @@ Found Differs(const std::string& what, const std::string& shown, const std::stri
     return Finding{"studies", what, "the studies show " + what + " \"" + shown + "\", the record \"" + kept + "\""};
 }
 
-std::string Words(double kept, const std::string& field) {
+std::string In_Words(double kept, const std::string& field) {
     if (field.empty()) return "";
     return Text_Of(static_cast<Single>(kept * study::Shown_Field(field, Model.Units).factor));
 }
@@ -30,12 +30,12 @@ Found Boxes_Show(frm_Studies& form, const Settings& kept, const Pending& pending
     };
     for (int row = 1; row <= Settings::kSweeps; ++row) {
         const Settings::Swept& swept = kept.sweeps.at(static_cast<std::size_t>(row - 1));
-        if (Found found = box(form.txt_From[row], Words(swept.from, swept.field))) return found;
-        if (Found found = box(form.txt_To[row], Words(swept.to, swept.field))) return found;
+        if (Found found = box(form.txt_From[row], In_Words(swept.from, swept.field))) return found;
+        if (Found found = box(form.txt_To[row], In_Words(swept.to, swept.field))) return found;
     }
     for (int row = 1; row <= Settings::kTolerances; ++row) {
         const Settings::Tolerated& one = kept.tolerances.at(static_cast<std::size_t>(row - 1));
-        if (Found found = box(form.txt_PlusMinus[row], Words(one.plus_minus, one.field))) return found;
+        if (Found found = box(form.txt_PlusMinus[row], In_Words(one.plus_minus, one.field))) return found;
     }
     if (Found found = box(form.txt_Samples, std::to_string(kept.samples))) return found;
     if (Found found = box(form.measure.txt_Words, kept.measure)) return found;
