@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "desktop/text.h"
 #include "platform/clip.h"
 #include "platform/ink.h"
 
@@ -146,8 +147,6 @@ class Sheet {
 };
 
 Point pointOf(const QPointF& at) { return {at.x(), at.y()}; }
-QPointF toQt(Point at) { return {at.x, at.y}; }
-
 ClipBox around(const QRectF& area, const QPen& pen) {
     return ClipBox{area.left(), area.top(), area.right(), area.bottom()}.Grown(2 * pen.widthF());
 }

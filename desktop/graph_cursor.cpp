@@ -11,7 +11,7 @@ namespace verlink::desktop {
 
 namespace {
 
-constexpr double kDot = 3.5, kAway = 8, kInset = 3;
+constexpr double kDot = 3.5, kAway = 8, kBoxInset = 3;
 
 }  // namespace
 
@@ -37,7 +37,7 @@ CursorPlace placeCursor(const QRectF& area, double x, const std::vector<CursorMa
     const QFontMetricsF metrics(font);
     std::vector<double> widths, heights;
     for (const CursorMark& mark : marks) {
-        widths.push_back(metrics.horizontalAdvance(mark.text) + 2 * kInset);
+        widths.push_back(metrics.horizontalAdvance(mark.text) + 2 * kBoxInset);
         heights.push_back(std::clamp(mark.y, area.top(), area.bottom()));
     }
     const double widest = widths.empty() ? 0 : *std::max_element(widths.begin(), widths.end());
@@ -71,7 +71,7 @@ void paintCursor(QPainter& painter, const QRectF& area, const CursorPlace& place
         painter.setBrush(back);
         painter.drawRoundedRect(place.boxes[i], 3, 3);
         painter.setPen(marks[i].color);
-        painter.drawText(QPointF(place.boxes[i].left() + kInset, place.boxes[i].top() + ascent), marks[i].text);
+        painter.drawText(QPointF(place.boxes[i].left() + kBoxInset, place.boxes[i].top() + ascent), marks[i].text);
     }
 }
 

@@ -12,18 +12,18 @@ namespace verlink::desktop {
 
 namespace {
 
-constexpr int kDigits = 8, kPositions = 5;
+constexpr int kTaskDigits = 8, kPositions = 5;
 
 QWidget* positions(Form& form) {
     auto* grid = new QGridLayout;
     grid->setSpacing(kGap / 2);
     for (int i = 0; i < 3; ++i) grid->addWidget(note(form.widget("lbl_Head", i)), 1, i + 1, Qt::AlignHCenter);
     for (int i = 1; i <= kPositions; ++i) {
-        QWidget* x = numberBox(form.widget("txt_X", i), kDigits);
+        QWidget* x = numberBox(form.widget("txt_X", i), kTaskDigits);
         grid->addWidget(labelOf(form.widget("lbl_Position", i), x), i + 1, 0);
         grid->addWidget(x, i + 1, 1);
-        grid->addWidget(numberBox(form.widget("txt_Y", i), kDigits), i + 1, 2);
-        grid->addWidget(numberBox(form.widget("txt_Angle", i), kDigits), i + 1, 3);
+        grid->addWidget(numberBox(form.widget("txt_Y", i), kTaskDigits), i + 1, 2);
+        grid->addWidget(numberBox(form.widget("txt_Angle", i), kTaskDigits), i + 1, 3);
     }
     QHBoxLayout* how = row();
     how->addWidget(numberBox(form.widget("cmb_Count"), 2));
@@ -48,7 +48,7 @@ QWidget* limits(Form& form) {
     };
     for (int i = 0; i < 4; ++i) add(form.widget("lbl_Area", i), textBox(form.widget("txt_Area", i), 12));
     for (int i = 0; i < 3; ++i) {
-        QWidget* box = numberBox(form.widget("txt_Limit", i), kDigits);
+        QWidget* box = numberBox(form.widget("txt_Limit", i), kTaskDigits);
         grid->addWidget(labelOf(form.widget("lbl_Limit", i), box), line, 0);
         QHBoxLayout* value = rowOf({box, form.widget("lbl_Unit", i)});
         value->addStretch(1);
@@ -91,7 +91,7 @@ QLayout* map(Form& form) {
     return all;
 }
 
-QWidget* largePicture(Form& form) {
+QWidget* numberedPicture(Form& form) {
     constexpr int kLeast = 340;
     PictureWidget* picture = form.picture("Picture1");
     picture->setMinimumSize(kLeast, kLeast);
@@ -105,7 +105,7 @@ QLayout* chosen(Form& form) {
     stroke->addWidget(form.widget("hsc_Stroke"), 1);
     stroke->addWidget(form.widget("cmd_Play"));
     QVBoxLayout* all = column();
-    all->addWidget(largePicture(form), 1);
+    all->addWidget(numberedPicture(form), 1);
     all->addLayout(stroke);
     all->addWidget(note(form.widget("lbl_Stroke")));
     all->addLayout(map(form));

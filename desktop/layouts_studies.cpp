@@ -14,7 +14,7 @@ namespace verlink::desktop {
 
 namespace {
 
-constexpr int kTight = 4, kDigits = 6, kSweeps = 2, kTolerances = 6;
+constexpr int kTight = 4, kStudyDigits = 6, kSweeps = 2, kTolerances = 6;
 
 /// A list or a box that takes the room there is, however long its entries are.
 QWidget* elastic(QWidget* widget, int letters) {
@@ -43,8 +43,8 @@ QWidget* sweeps(Form& form) {
     for (int i = 0; i < 4; ++i) grid->addWidget(note(form.widget("lbl_SweepHead", i)), 0, columns[i]);
     for (int row = 1; row <= kSweeps; ++row) {
         grid->addWidget(elastic(form.widget("cmb_Sweep", row), 7), row, 0);
-        grid->addWidget(numberBox(form.widget("txt_From", row), kDigits), row, 1);
-        grid->addWidget(numberBox(form.widget("txt_To", row), kDigits), row, 2);
+        grid->addWidget(numberBox(form.widget("txt_From", row), kStudyDigits), row, 1);
+        grid->addWidget(numberBox(form.widget("txt_To", row), kStudyDigits), row, 2);
         grid->addWidget(unitLabel(form.widget("lbl_SweepUnit", row)), row, kUnit);
         grid->addWidget(numberBox(form.widget("txt_Count", row), 4), row, kCount);
     }
@@ -59,7 +59,7 @@ QWidget* tolerances(Form& form) {
     for (int i = 0; i < 4; ++i) grid->addWidget(note(form.widget("lbl_ToleranceHead", i)), 0, i);
     for (int row = 1; row <= kTolerances; ++row) {
         grid->addWidget(elastic(form.widget("cmb_Tolerance", row), 7), row, 0);
-        grid->addWidget(numberBox(form.widget("txt_PlusMinus", row), kDigits), row, 1);
+        grid->addWidget(numberBox(form.widget("txt_PlusMinus", row), kStudyDigits), row, 1);
         grid->addWidget(unitLabel(form.widget("lbl_ToleranceUnit", row)), row, 2);
         grid->addWidget(elastic(form.widget("cmb_Spread", row), 6), row, 3);
     }
@@ -82,13 +82,13 @@ QWidget* choice(Form& form, int index) {
     auto* grid = new QGridLayout;
     grid->setSpacing(kTight);
     grid->addWidget(elastic(form.widget("cmb_Statistic", index), 9), 0, 0);
-    grid->addWidget(numberBox(form.widget("txt_Angle", index), kDigits), 0, 1);
+    grid->addWidget(numberBox(form.widget("txt_Angle", index), kStudyDigits), 0, 1);
     grid->addWidget(elastic(form.widget("cmb_Variable", index), 9), 1, 0);
     grid->addWidget(elastic(form.widget("cmb_Component", index), 4), 1, 1);
     int line = 2;
     if (form.has("cmb_Order", index)) {
         grid->addWidget(elastic(form.widget("cmb_Order", index), 3), line, 0);
-        grid->addWidget(numberBox(form.widget("txt_Bound", index), kDigits), line++, 1);
+        grid->addWidget(numberBox(form.widget("txt_Bound", index), kStudyDigits), line++, 1);
     }
     QHBoxLayout* words = row(kTight);
     words->addWidget(elastic(form.widget("txt_Words", index), 16), 1);

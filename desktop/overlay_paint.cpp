@@ -17,11 +17,9 @@ namespace {
 using platform::Color;
 using platform::Point;
 
-constexpr double kPen = platform::PicturePixels::kPen;
+constexpr double kMarkPen = platform::PicturePixels::kPen;
 constexpr int kLetters = 12;                ///< pixels
 constexpr int kFaint = 70, kOnPaper = 215;  ///< of 255: how much of it covers what lies below
-
-QPointF toQt(Point point) { return {point.x, point.y}; }
 
 class QtOverlayPen : public platform::Overlay_Pen {
    public:
@@ -32,13 +30,13 @@ class QtOverlayPen : public platform::Overlay_Pen {
     void Line(Point from, Point to, Stroke stroke, Color color) override {
         QColor ink = plainColor(color);
         if (stroke == Stroke::kFaint) ink.setAlpha(kFaint);
-        QPen pen(ink, stroke == Stroke::kDashed ? 1 : kPen, Qt::SolidLine, Qt::FlatCap);
+        QPen pen(ink, stroke == Stroke::kDashed ? 1 : kMarkPen, Qt::SolidLine, Qt::FlatCap);
         if (stroke == Stroke::kDashed) pen.setDashPattern({5, 4});
         painter_.setPen(pen);
         painter_.drawLine(toQt(from), toQt(to));
     }
     void Circle(Point centre, double radius, Color color) override {
-        painter_.setPen(QPen(plainColor(color), kPen));
+        painter_.setPen(QPen(plainColor(color), kMarkPen));
         painter_.setBrush(Qt::NoBrush);
         painter_.drawEllipse(toQt(centre), radius, radius);
     }

@@ -38,8 +38,6 @@ constexpr double kLightRadius = 9;
 /// On the white paper, also of a dark desktop, and apart from the colours of drawings.
 QColor lightColor() { return {0xF0, 0x80, 0x00}; }
 
-QPointF toQt(Point point) { return {point.x, point.y}; }
-
 /// Collects what has one colour and hands it to the painter in few calls: within one colour the order shows not.
 class Batch {
    public:

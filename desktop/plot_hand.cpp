@@ -29,7 +29,7 @@ constexpr double kBeside = 4;                           ///< pixels beside a cur
 constexpr int kLeastFrame = 8;                          ///< a smaller frame is a trembling hand
 constexpr double kMostEnlarged = 1e-6;                  ///< part of the window
 constexpr double kWheelStep = 0.85;                     ///< as graphs have it, for a notch
-constexpr double kNotch = 120;                          ///< eighths of a degree
+constexpr double kWheelNotch = 120;                     ///< eighths of a degree
 constexpr int kBetweenValues = 70, kBetweenLines = 40;  ///< pixels between round values across and down
 constexpr platform::Color kInk = 0, kPaper = 0xFFFFFF;
 
@@ -256,7 +256,7 @@ void PlotHand::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void PlotHand::wheelEvent(QWheelEvent* event) {
     event->accept();
-    const double by = std::pow(kWheelStep, event->angleDelta().y() / kNotch);
+    const double by = std::pow(kWheelStep, event->angleDelta().y() / kWheelNotch);
     const double across = event->position().x() / width(), down = event->position().y() / height();
     const QSizeF now(std::clamp(view_.width() * by, kMostEnlarged, 1.0),
                      std::clamp(view_.height() * by, kMostEnlarged, 1.0));

@@ -1,12 +1,16 @@
-// Texts between the program, UTF-8 with its own line ends, and Qt.
+// Texts between the program, UTF-8 with its own line ends, and Qt, and places.
 #pragma once
 
+#include <QPointF>
 #include <QString>
 #include <string>
+
+#include "platform/clip.h"
 
 namespace verlink::desktop {
 
 inline QString toQt(const std::string& text) { return QString::fromStdString(text); }
+inline QPointF toQt(platform::Point at) { return {at.x, at.y}; }
 inline std::string fromQt(const QString& text) { return text.toStdString(); }
 
 /// CR, LF and CRLF each as one line end.

@@ -10,9 +10,9 @@ using namespace platform;
 
 namespace {
 
-class frm_Sample : public Screen {
+class frm_Focused : public Screen {
    public:
-    frm_Sample() : Screen("frm_Sample") {
+    frm_Focused() : Screen("frm_Focused") {
         for (const auto& box : txt_Box) {
             TextBox* one = box.get();
             one->OnGotFocus = [this, one] {
@@ -41,12 +41,12 @@ class FocusTest : public DesktopTest {
     }
     ~FocusTest() override { qt.discardForms(); }
 
-    frm_Sample screen;
+    frm_Focused screen;
     desktop::Form& form;
 };
 
 TEST_F(FocusTest, The_first_control_of_a_window_that_comes_up_gets_the_focus) {
-    frm_Sample fresh;
+    frm_Focused fresh;
     desktop::Form& window = qt.formOf(fresh);
     window.show();
     window.activateWindow();

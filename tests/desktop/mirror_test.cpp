@@ -23,9 +23,9 @@ using namespace platform;
 namespace {
 
 /// A screen with one of each kind; it has no layout of its own.
-class frm_Sample : public Screen {
+class frm_Mirrored : public Screen {
    public:
-    frm_Sample() : Screen("frm_Sample") { DefaultButton = &cmd_Go; }
+    frm_Mirrored() : Screen("frm_Mirrored") { DefaultButton = &cmd_Go; }
 
     Label lbl_Text{*this, "lbl_Text", "Link 2 (Crank)"};
     Frame fra_Group{*this, "fra_Group", "Group"};
@@ -59,7 +59,7 @@ class MirrorTest : public DesktopTest {
         return Find<Widget>(form, name);
     }
 
-    frm_Sample screen;
+    frm_Mirrored screen;
     desktop::Form& form;
 };
 

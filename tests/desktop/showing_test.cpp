@@ -11,9 +11,9 @@ using namespace platform;
 
 namespace {
 
-class frm_Sample : public Screen {
+class frm_Shown : public Screen {
    public:
-    explicit frm_Sample(const char* name) : Screen(name) {}
+    explicit frm_Shown(const char* name) : Screen(name) {}
     void Form_Activate() override { said += "activate;"; }
     void Form_Return() override { said += "return;"; }
     void Form_QueryUnload(bool& cancel) override {
@@ -32,7 +32,7 @@ class frm_Sample : public Screen {
 class ShowingTest : public DesktopTest {
    protected:
     ~ShowingTest() override { qt.discardForms(); }
-    frm_Sample one{"frm_One"}, two{"frm_Two"};
+    frm_Shown one{"frm_One"}, two{"frm_Two"};
 };
 
 TEST_F(ShowingTest, A_showing_lasts_until_the_screen_hides) {
@@ -115,7 +115,7 @@ TEST_F(ShowingTest, A_screen_shown_from_one_above_it_comes_to_the_top) {
 }
 
 TEST_F(ShowingTest, A_screen_beside_is_in_use_with_the_others_and_closes_none) {
-    frm_Sample beside("frm_Beside");
+    frm_Shown beside("frm_Beside");
     bool told = false;
     beside.cmd_Go.OnClick = [&told] { told = true; };
     one.cmd_Go.OnClick = [&] {
@@ -146,7 +146,7 @@ TEST_F(ShowingTest, A_screen_beside_is_in_use_with_the_others_and_closes_none) {
 }
 
 TEST_F(ShowingTest, A_message_can_be_answered_with_a_screen_beside_in_use) {
-    frm_Sample beside("frm_Beside");
+    frm_Shown beside("frm_Beside");
     one.cmd_Go.OnClick = [&] {
         beside.ShowBeside();
         Tell("a message");
@@ -164,7 +164,7 @@ TEST_F(ShowingTest, A_message_can_be_answered_with_a_screen_beside_in_use) {
 }
 
 TEST_F(ShowingTest, The_end_of_the_process_takes_what_stands_beside) {
-    frm_Sample beside("frm_Beside");
+    frm_Shown beside("frm_Beside");
     one.cmd_Go.OnClick = [&] {
         beside.ShowBeside();
         qt.End_Process();

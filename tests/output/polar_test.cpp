@@ -14,7 +14,7 @@ namespace {
 
 class PolarPlot : public Plotting {
    protected:
-    Polar() {
+    PolarPlot() {
         Turn_Ground(20);
         By_Angle(0, 360, 45);
         // The boxes answer only on a screen that is up.
