@@ -56,6 +56,30 @@ struct MassPropSolve : MassPropScreen {
 
 }  // namespace
 
+TEST_F(MassPropSolve, LeavesWhatNoHandHasChangedWithAllItsDigits) {
+    Model.LinkMass(2) = 9.067357e-05F;
+    Model.LinkInertia(3) = 3.022452e-05F;
+    Model.CG(4, 0) = 1.2345678F;
+    Model.CG(4, 1) = 0.7654321F;
+    Model.ExtTorque(3) = 0.00123F;
+    Model.FrictionForce = 0.0456789F;
+    const MassProperties before = Model;
+    form.Form_Activate();
+    EXPECT_EQ(In("txt_Inertia", 3), "0.0000");
+    Fill("txt_Mass", 3, "0.0012345");
+    form.cmd_Solve.Click();
+    form.Form_Activate();
+    EXPECT_EQ(In("txt_Mass", 3), "0.0012");
+    form.cmd_Solve.Click();
+    EXPECT_EQ(Model.LinkMass(3), 0.0012345F);
+    EXPECT_EQ(Model.LinkMass(2), before.LinkMass(2));
+    EXPECT_EQ(Model.LinkInertia(3), before.LinkInertia(3));
+    EXPECT_EQ(Model.CG(4, 0), before.CG(4, 0));
+    EXPECT_EQ(Model.CG(4, 1), before.CG(4, 1));
+    EXPECT_EQ(Model.ExtTorque(3), before.ExtTorque(3));
+    EXPECT_EQ(Model.FrictionForce, before.FrictionForce);
+}
+
 TEST_F(MassPropSolve, TakesAllBoxesOver) {
     for (int link = 2; link <= 4; ++link) {
         Fill("txt_Mass", link, std::to_string(link) + ".5");
