@@ -178,7 +178,7 @@ StepsAtOnce::StepsAtOnce(Lanes lanes)
            Model.Alpha2,
            {},
            at_once::Columns_Of(Model.RunTable)},
-      solve_(lanes == Lanes::kFour && at_once::kSolve_By_Fours ? at_once::kSolve_By_Fours : at_once::Solve_By_Pairs) {}
+      solve_(lanes == Lanes::kFour && at_once::kSolveByFours ? at_once::kSolveByFours : at_once::Solve_By_Pairs) {}
 
 bool StepsAtOnce::Is_Possible(int step) const {
     const int last = step + kSteps - 1;

@@ -47,7 +47,7 @@ struct Run {
 using Solver = bool (*)(const Run& run, int step, const double* theta2, const double* omega2);
 bool Solve_By_Pairs(const Run& run, int step, const double* theta2, const double* omega2);
 /// For machines with AVX2; null in a build that has none.
-extern const Solver kSolve_By_Fours;
+extern const Solver kSolveByFours;
 
 /// What is stored of a vector of positions besides the positions themselves.
 template <class V>

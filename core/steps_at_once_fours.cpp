@@ -17,9 +17,9 @@ bool Solve_By_Fours(const Run& run, int step, const double* theta2, const double
 
 }  // namespace
 
-const Solver kSolve_By_Fours = Solve_By_Fours;
+const Solver kSolveByFours = Solve_By_Fours;
 #else
-const Solver kSolve_By_Fours = nullptr;
+const Solver kSolveByFours = nullptr;
 #endif
 
 }  // namespace verlink::at_once

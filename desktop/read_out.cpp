@@ -15,9 +15,9 @@ void paintReadOut(QPainter& painter, const QRectF& area, const QPointF& at, cons
     double width = 0;
     for (qsizetype i = 0; i < texts.size(); ++i)
         width = std::max(width, metrics.horizontalAdvance(texts[i]) + (stroke(i) ? 16 : 0));
-    constexpr double kInset = 8, kAway = 14;
+    constexpr double kEdge = 8, kAway = 14;
     const double line = metrics.height();
-    QRectF box(0, 0, width + 2 * kInset, line * static_cast<double>(texts.size()) + kInset);
+    QRectF box(0, 0, width + 2 * kEdge, line * static_cast<double>(texts.size()) + kEdge);
     box.moveLeft(at.x() + kAway + box.width() <= area.right() ? at.x() + kAway : at.x() - kAway - box.width());
     box.moveTop(at.y() + kAway + box.height() <= area.bottom() ? at.y() + kAway : at.y() - kAway - box.height());
     box.moveLeft(std::max(2.0, box.left()));
@@ -28,9 +28,9 @@ void paintReadOut(QPainter& painter, const QRectF& area, const QPointF& at, cons
     painter.setBrush(back);
     painter.setPen(border);
     painter.drawRoundedRect(box, 4, 4);
-    double top = box.top() + kInset / 2;
+    double top = box.top() + kEdge / 2;
     for (qsizetype i = 0; i < texts.size(); ++i, top += line) {
-        double left = box.left() + kInset;
+        double left = box.left() + kEdge;
         if (stroke(i)) {
             painter.setPen(QPen(curves[static_cast<std::size_t>(i - 1)], 2.5));
             painter.drawLine(QPointF(left, top + line / 2), QPointF(left + 10, top + line / 2));

@@ -1,6 +1,7 @@
 // What the summary panels show.
 #include "output/panels.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -66,13 +67,15 @@ void Show_Time_Panel(Screen& screen) {
         Show_Link_Data(screen);
         // In a time run the three texts hold times.
         Put_Length_Units(screen, Model);
-        Put_Run_Lines(screen, Model,
-                      {{{"Start Time", "sec", Model.ThetaStartStr},
-                        {"End Time", "sec", Model.ThetaEndStr},
-                        {"Delta Time", "sec", Model.ThetaStepStr},
-                        {"Theta0", "deg", Text_Of(Model.ThetaZero)},
-                        {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
-                        {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}});
+        std::array<RunLine, 6> lines{{{"Start Time", "sec", Model.ThetaStartStr},
+                                      {"End Time", "sec", Model.ThetaEndStr},
+                                      {"Delta Time", "sec", Model.ThetaStepStr},
+                                      {"Theta0", "deg", Text_Of(Model.ThetaZero)},
+                                      {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
+                                      {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}};
+        // Where a table drives the crank, these are of no run.
+        if (Model.Calctype >= 4) std::fill(lines.begin() + 3, lines.end(), RunLine{"", "", ""});
+        Put_Run_Lines(screen, Model, lines);
     });
 }
 

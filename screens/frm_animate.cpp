@@ -121,7 +121,7 @@ void frm_Animate::Bind() {
 void frm_Animate::Form_Activate() {
     Guarded("frm_Animate.Activate", [&] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        joints.Let_Go();
+        joints_.Let_Go();
         Timer1.Interval = 250;
         Timer1.Enabled = true;
         Fill();
@@ -301,11 +301,11 @@ void frm_Animate::Show_Dragged(int step) {
 void frm_Animate::txt_Linkout_LostFocus(int Index) {
     Guarded("frm_Animate.txt_Linkout", [&] {
         if (!txt_Linkout[Index].Touched()) return;
-        joints.Typed(Index);
+        joints_.Typed(Index);
         Get_Linkage_Geometry(*this);
         Model.LinkEdited = true;
         Lock_Run_Buttons();
-        joints.Typed_Taken();
+        joints_.Typed_Taken();
     });
 }
 

@@ -154,7 +154,7 @@ class frm_Animate : public Linkage_Screen {
     void Settle_Run(const std::function<void()>& show);
     void Show_Initial_Panel();
 
-    Joint_Hand joints{*this, Picture1};
+    Joint_Hand joints_{*this, Picture1};
     bool WaitRefused = false;    ///< since `cmb_wait` has the focus a number was too large for it, and that was told
     bool StepLock = false;       ///< after the first step `hsc_step` follows its thumb alone
     bool ShowInitial = true;     ///< the run is generated: its limits are shown

@@ -16,20 +16,20 @@ void frm_Animate::Picture1_MouseMove(int Button, int Shift, double X, double Y) 
     constexpr int kLeft = 1;
     constexpr int kShiftAlone = 1;
     if (Button != kLeft || Shift != kShiftAlone) return;
-    if (joints.Holds_Joint() || joints.Shift_Drag_Ended()) return;
+    if (joints_.Holds_Joint() || joints_.Shift_Drag_Ended()) return;
     Guarded("frm_Animate.Picture1", [&] {
         const Held_Window window(*this);
-        const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
+        const int step = joints_.Step() > Model.NSteps ? 0 : joints_.Step();
         Drag(X, Model.FlipSum - Y);
         Get_Linkage_Geometry(*this, Road::kDrag);
-        joints.Shift_Dragged();
+        joints_.Shift_Dragged();
         if (Model.RunStands) {
             Unlock_Run_Buttons();
             Show_Dragged(step);
             return Say_Held_Target();
         }
         Solve();
-        if (!Model.RunStands) joints.End_Shift_Drag();
+        if (!Model.RunStands) joints_.End_Shift_Drag();
         Settle_Run([&] { Show_Dragged(step); });
     });
 }
@@ -54,7 +54,7 @@ void frm_Animate::Drag(double X, double Y) {
     const auto write_angle = [&](int box, double value, double arm, int least) {
         write(box, value, Decimals_For(arm > 0 ? fine / arm * kRadToDeg : 1, least));
     };
-    const int step = joints.Step() > Model.NSteps ? 0 : joints.Step();
+    const int step = joints_.Step() > Model.NSteps ? 0 : joints_.Step();
     Single x;
     Single y;
     Rotate(X, Y, Model.Link1Angle, -1, x, y);

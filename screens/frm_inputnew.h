@@ -165,7 +165,7 @@ class frm_Inputnew : public Linkage_Screen {
     void Show_Ways_On();
     void Fill();
 
-    Joint_Hand joints{*this, Picture1};
+    Joint_Hand joints_{*this, Picture1};
     bool Stepping = false;  ///< a step is being drawn; the scroll bar's change event is to be ignored
     bool AutoCalc = true;   ///< `chk_autocalc` is ticked
 };

@@ -37,22 +37,45 @@ const char* Mode_Name(int Calctype) {
     }
 }
 
-/// An imported torque, which has a row for each step of the run and falls with the next one; not where the screen only
-/// makes the same run again as it comes up.
-class Kept_Torque {
+/// What was found out from a run, and an imported torque, fall with the next run; not where the screen only makes the
+/// same run again as it comes up.
+class Kept_Results {
    public:
-    Kept_Torque() {
-        if (Model.TorqueImported) table_ = std::make_unique<StepArray<Single>>(Model.RunTable.ImportedTorque);
+    Kept_Results() {
+        if (Model.TorqueImported || Model.DynamicsDone || Model.FFTDone)
+            kept_ = std::make_unique<const LinkageModel>(Model);
     }
     void Put_Back() const {
-        if (!table_ || Model.NSteps != steps_) return;
-        Model.RunTable.ImportedTorque = *table_;
-        Model.TorqueImported = true;
+        if (!kept_ || Model.NSteps != kept_->NSteps) return;
+        if (kept_->TorqueImported) {
+            Model.RunTable.ImportedTorque = kept_->RunTable.ImportedTorque;
+            Model.TorqueImported = true;
+        }
+        if (!Model.RunStands || !Is_The_Same_Run()) return;
+        Model.RunTable = kept_->RunTable;  // with the rows of mass centres
+        if (kept_->DynamicsDone) Forces_Hold();
+        if (kept_->BalanceDone) Balance_Holds();
+        if (kept_->FFTDone) Transform_Holds();
     }
 
    private:
-    std::unique_ptr<const StepArray<Single>> table_;
-    Integer steps_ = Model.NSteps;
+    bool Is_The_Same_Run() const {
+        const RunResults &now = Model.RunTable, &then = kept_->RunTable;
+        for (int step = 0; step <= Model.NSteps; ++step) {
+            if (now.Assembled(step) != then.Assembled(step)) return false;
+            for (int row = 0; row <= 2; ++row)
+                if (now.Theta(step, row) != then.Theta(step, row) || now.Omega(step, row) != then.Omega(step, row) ||
+                    now.Alpha(step, row) != then.Alpha(step, row) || !Is_At(now, then, step, row))
+                    return false;
+        }
+        return true;
+    }
+    static bool Is_At(const RunResults& now, const RunResults& then, int step, int row) {
+        return now.PointXY(step, row, 0) == then.PointXY(step, row, 0) &&
+               now.PointXY(step, row, 1) == then.PointXY(step, row, 1);
+    }
+
+    std::unique_ptr<const LinkageModel> kept_;
 };
 
 }  // namespace
@@ -60,7 +83,7 @@ class Kept_Torque {
 void frm_Inputnew::Form_Activate() {
     Guarded("frm_Input.Form_Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        joints.Let_Go();
+        joints_.Let_Go();
         Timer1.Enabled = true;
         Model.InputScreenOpen = true;
         Run_Held_Back();
@@ -72,9 +95,9 @@ void frm_Inputnew::Form_Activate() {
         Model.CurrentStep = 5;
         AutoCalc = chk_autocalc.Value;
         if (AutoCalc) {
-            const Kept_Torque torque;
+            const Kept_Results results;
             cmd_Calc_Click();
-            torque.Put_Back();
+            results.Put_Back();
             Show_Nothing(*this);
         }
         Label_Mode();
@@ -226,11 +249,11 @@ void frm_Inputnew::txt_Linkout_Change(int Index) {
 
 void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
     if (!txt_Linkout[Index].Touched()) return;
-    joints.Typed(Index);
+    joints_.Typed(Index);
     Get_Linkage_Geometry(*this);
     Model.LinkEdited = true;
     After_Change();
-    joints.Typed_Taken();
+    joints_.Typed_Taken();
 }
 
 void frm_Inputnew::txt_initial_LostFocus(int Index) {

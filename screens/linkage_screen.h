@@ -98,7 +98,7 @@ class Linkage_Screen : public platform::Screen {
     /// says so until the next position is shown, as it says why a linkage is refused.
     void Say_Held(std::initializer_list<int> boxes);
     /// The position of the run in the picture, or `kNoStep`.
-    int Shown_Step() const { return line_ear.Step(); }
+    int Shown_Step() const { return line_ear_.Step(); }
 
    protected:
     static constexpr char kPictureTip[] =
@@ -136,7 +136,7 @@ class Linkage_Screen : public platform::Screen {
     static std::string Shown_Title();
 
    private:
-    Position_Ear line_ear{*this, [this](const Shown& now) { Say_Why(now); }};
+    Position_Ear line_ear_{*this, [this](const Shown& now) { Say_Why(now); }};
     void Say(const std::string& words);
     void Say_Why(const Shown& now);
     void Say_Not_Followed(const Geometry& wished, int step);

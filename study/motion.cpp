@@ -30,7 +30,7 @@ double Alpha_Of(const Design& d) { return d.Calctype == 1 || d.Calctype == kByTi
 Motion::Motion(std::vector<double> angles, Lanes lanes)
     : angles_(std::move(angles)),
       table_(std::make_unique<RunResults>()),
-      solve_(lanes == Lanes::kFour && at_once::kSolve_By_Fours ? at_once::kSolve_By_Fours : at_once::Solve_By_Pairs) {}
+      solve_(lanes == Lanes::kFour && at_once::kSolveByFours ? at_once::kSolveByFours : at_once::Solve_By_Pairs) {}
 
 void Motion::Add(double theta2, double omega2) {
     theta2_.push_back(Rounded(theta2));

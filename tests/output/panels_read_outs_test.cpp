@@ -90,6 +90,17 @@ TEST_F(Panels, OfATimeRunNameTheThreeTimesAndTheStart) {
     EXPECT_NE(panel.lbl_Links[5].Caption, "");
 }
 
+TEST_F(Panels, OfADrivenRunNameTheThreeTimesAndNoStartThatItHasNot) {
+    for (const int mode : {4, 5}) {
+        Show_Time_Panel(screen);
+        Model.Calctype = mode;
+        Show_Time_Panel(screen);
+        EXPECT_EQ(Captions(panel.lbl_Linkout2, 0, 6), (Texts{"Open", "45", "405", "2", "", "", ""}));
+        EXPECT_EQ(Captions(panel.lbl_Initial, 1, 6), (Texts{"Start Time", "End Time", "Delta Time", "", "", ""}));
+        EXPECT_EQ(Captions(panel.lbl_Unit, 1, 6), (Texts{"sec", "sec", "sec", "", "", ""}));
+    }
+}
+
 TEST_F(Panels, OfAnAngleRunNameTheAnglesAndTheSpeedAndBlankTheRest) {
     Show_Time_Panel(screen);
     Use_Units(5);

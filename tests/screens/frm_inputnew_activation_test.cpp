@@ -1,4 +1,6 @@
 // How the input screen looks, and what it does when it comes up.
+#include "core/results.h"
+#include "dynamics/dynacalc.h"
 #include "tests/screens/frm_inputnew_fixture.h"
 
 namespace verlink::test {
@@ -290,6 +292,29 @@ TEST_F(Activation, AnImportedTorqueStaysWhileTheSameRunIsMadeAnew) {
         Enter(input, "txt_initial", 2, "10");
         EXPECT_FALSE(Model.TorqueImported) << "another run has other steps";
     });
+}
+
+TEST_F(Activation, ForcesBalanceAndTransformStayWhileTheSameRunIsMadeAnew) {
+    Show([&] { Calculate_Now(); });
+    ASSERT_TRUE(Solve_Forces(Model).solved);
+    Balance_Holds();
+    Transform_Holds();
+    const Single torque = Model.RunTable.LinkTorque(7, 0), weight = Model.RunTable.AccXY(7, 5, 0);
+    ASSERT_NE(torque, 0);
+    Show([&] {
+        EXPECT_TRUE(Model.DynamicsDone);
+        EXPECT_TRUE(Model.BalanceDone);
+        EXPECT_TRUE(Model.FFTDone);
+        EXPECT_EQ(Model.RunTable.LinkTorque(7, 0), torque);
+        EXPECT_EQ(Model.RunTable.AccXY(7, 5, 0), weight) << "the mass centres' rows belong to the forces";
+        Calculate_Now();
+        EXPECT_FALSE(Model.DynamicsDone) << "who calculates wants the forces anew";
+        EXPECT_FALSE(Model.BalanceDone);
+    });
+    Show([&] { Calculate_Now(); });
+    Forces_Hold();
+    Model.L3 += 0.5F;
+    Show([&] { EXPECT_FALSE(Model.DynamicsDone) << "another run has other forces"; });
 }
 
 TEST_F(Activation, TheLengthUnitOfTheSystemStandsBesideTheBoxes) {
