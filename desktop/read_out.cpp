@@ -15,11 +15,13 @@ void paintReadOut(QPainter& painter, const QRectF& area, const QPointF& at, cons
     double width = 0;
     for (qsizetype i = 0; i < texts.size(); ++i)
         width = std::max(width, metrics.horizontalAdvance(texts[i]) + (stroke(i) ? 16 : 0));
-    constexpr double kEdge = 8, kAway = 14;
+    constexpr double kEdge = 8, kFromPointer = 14;
     const double line = metrics.height();
     QRectF box(0, 0, width + 2 * kEdge, line * static_cast<double>(texts.size()) + kEdge);
-    box.moveLeft(at.x() + kAway + box.width() <= area.right() ? at.x() + kAway : at.x() - kAway - box.width());
-    box.moveTop(at.y() + kAway + box.height() <= area.bottom() ? at.y() + kAway : at.y() - kAway - box.height());
+    box.moveLeft(at.x() + kFromPointer + box.width() <= area.right() ? at.x() + kFromPointer
+                                                                     : at.x() - kFromPointer - box.width());
+    box.moveTop(at.y() + kFromPointer + box.height() <= area.bottom() ? at.y() + kFromPointer
+                                                                      : at.y() - kFromPointer - box.height());
     box.moveLeft(std::max(2.0, box.left()));
     box.moveTop(std::max(2.0, box.top()));
     QColor back = paper, border = ink;

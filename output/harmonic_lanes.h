@@ -25,7 +25,7 @@ inline constexpr int kTogether = 8;
 using Group = void (*)(const Common& common, int first, double* re, double* im);
 void Group_By_Pairs(const Common& common, int first, double* re, double* im);
 /// For machines with AVX2; null in a build that has none.
-extern const Group kGroup_By_Fours;
+extern const Group kGroupByFours;
 
 /// The cosines and sines of one harmonic after the other.
 inline void Take_Turned(const Turned* table, const std::int32_t* at, Pair& cosine, Pair& sine) {

@@ -67,8 +67,8 @@ void Sum_Harmonics(const HarmonicSums& sums, Lanes lanes) {
     harmonics::Common common{parts.data(), turned.data(), N, sums.two_pi, Least_Rounded_To(sums.small), 0, 0};
     common.step = Short_Step(kTurn / N);
     common.rest = ((kTurn - common.step * N) + kTurnRest) / N;
-    const bool by_fours = lanes == Lanes::kFour && harmonics::kGroup_By_Fours;
-    const harmonics::Group group = by_fours ? harmonics::kGroup_By_Fours : harmonics::Group_By_Pairs;
+    const bool by_fours = lanes == Lanes::kFour && harmonics::kGroupByFours;
+    const harmonics::Group group = by_fours ? harmonics::kGroupByFours : harmonics::Group_By_Pairs;
     for (int first = 0; first < N; first += kTogether) {
         std::array<double, kTogether> re, im;
         group(common, first, re.data(), im.data());

@@ -10,9 +10,9 @@ void Group_By_Fours(const Common& common, int first, double* re, double* im) { S
 
 }  // namespace
 
-const Group kGroup_By_Fours = Group_By_Fours;
+const Group kGroupByFours = Group_By_Fours;
 #else
-const Group kGroup_By_Fours = nullptr;
+const Group kGroupByFours = nullptr;
 #endif
 
 }  // namespace verlink::harmonics

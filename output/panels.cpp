@@ -35,7 +35,9 @@ void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
     Put_Caption(screen, "lbl_Linkout2", index, line.value);
 }
 
-void Put_Run_Lines(Screen& screen, const Drive& drive, const std::array<RunLine, 6>& lines) {
+void Put_Run_Lines(Screen& screen, const Drive& drive, std::array<RunLine, 6> lines) {
+    // Where a table drives the crank, what stands behind the limits is of another drive.
+    if (drive.Calctype >= 4) std::fill(lines.begin() + 3, lines.end(), RunLine{"", "", ""});
     for (const char* label : {"lbl_Linkout2", "lbl_Initial"}) Show(screen, label, 0, true);
     Put_Caption(screen, "lbl_Linkout2", 0, drive.CircuitName);
     for (int i = 1; i <= 6; ++i) Put_Run_Line(screen, i, lines[static_cast<std::size_t>(i - 1)]);
@@ -67,15 +69,13 @@ void Show_Time_Panel(Screen& screen) {
         Show_Link_Data(screen);
         // In a time run the three texts hold times.
         Put_Length_Units(screen, Model);
-        std::array<RunLine, 6> lines{{{"Start Time", "sec", Model.ThetaStartStr},
-                                      {"End Time", "sec", Model.ThetaEndStr},
-                                      {"Delta Time", "sec", Model.ThetaStepStr},
-                                      {"Theta0", "deg", Text_Of(Model.ThetaZero)},
-                                      {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
-                                      {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}};
-        // Where a table drives the crank, these are of no run.
-        if (Model.Calctype >= 4) std::fill(lines.begin() + 3, lines.end(), RunLine{"", "", ""});
-        Put_Run_Lines(screen, Model, lines);
+        Put_Run_Lines(screen, Model,
+                      {{{"Start Time", "sec", Model.ThetaStartStr},
+                        {"End Time", "sec", Model.ThetaEndStr},
+                        {"Delta Time", "sec", Model.ThetaStepStr},
+                        {"Theta0", "deg", Text_Of(Model.ThetaZero)},
+                        {"Omega0", "rad/s", Text_Of(Model.Omega2Input)},
+                        {"Alpha0", "rad/s/s", Text_Of(Model.Alpha2)}}});
     });
 }
 

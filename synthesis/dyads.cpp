@@ -266,9 +266,9 @@ void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
         const Single b1 = 2 * Atan2D(K1 + K3, K2 + std::sqrt(D));
         const Single b2 = 2 * Atan2D(K1 + K3, K2 - std::sqrt(D));
         // One root is the dyad turning with the coupler as one body, which is no solution.
-        const Single kSame = 0.05;
+        const Single same = 0.05;
         const Single d = std::abs(b1 - alpha3);
-        beta3 = kSame <= d && kSame <= std::abs(d - kFullTurn) ? b1 : b2;
+        beta3 = same <= d && same <= std::abs(d - kFullTurn) ? b1 : b2;
         Solve_Beta2(beta3, A1, A2, A3, A4, A5, A6, beta2);
         if (beta2 > kHalfTurn) beta2 -= kFullTurn;
         if (beta3 > kHalfTurn) beta3 -= kFullTurn;
