@@ -94,6 +94,7 @@ TEST(ClipTest, A_circle_is_seen_where_its_line_crosses_the_box) {
 TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
     constexpr double kOff = 0.05;
     for (const auto& [centre, radius] : {std::pair{Point{50, 25}, 20.0},
+                                         {Point{70, 25}, 20.0},
                                          {Point{-30, 25}, 60.0},
                                          {Point{50, -1e4}, 1e4 + 20},
                                          {Point{1e6 + 40, 25}, 1e6}}) {

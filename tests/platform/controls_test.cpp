@@ -252,6 +252,18 @@ TEST_F(ControlsTest, NarrowerLimitsPullTheValueIn) {
     EXPECT_EQ(events, Events{"change"});
 }
 
+TEST_F(ControlsTest, OnlyALimitThatIsAnotherIsTold) {
+    form.hsc_Bar.SetMin(1);
+    form.hsc_Bar.SetMax(10);
+    form.hsc_Bar.Watcher = Note("watcher");
+    form.hsc_Bar.SetMin(1);
+    form.hsc_Bar.SetMax(10);
+    EXPECT_EQ(events, Events{});
+    form.hsc_Bar.SetMax(11);
+    form.hsc_Bar.SetMin(0);
+    EXPECT_EQ(events, (Events{"watcher", "watcher"}));
+}
+
 TEST_F(ControlsTest, LimitsMayStandTheOtherWayRound) {
     form.hsc_Bar.SetMax(-435);
     form.hsc_Bar.SetValue(-100);

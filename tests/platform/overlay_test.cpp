@@ -240,6 +240,14 @@ TEST(OverlayNames, StandInTheDirectionThatTheyAreGiven) {
     }
 }
 
+TEST(OverlayNames, WithoutADirectionStandAboveOnTheRight) {
+    Overlay overlay;
+    overlay.names = {{"A", {5, 5}, {}, kRed}};
+    const Rect word = Words(Drawn(overlay)).at(0);
+    EXPECT_GT(word.left, 250);
+    EXPECT_LT(word.bottom, 250);
+}
+
 TEST(OverlayNames, OneWhosePlaceIsNotSeenIsNotThere) {
     Overlay overlay;
     overlay.names = {{"A", {15, 5}, {}, kRed}, {"B", {5, 5}, {}, kRed}};
