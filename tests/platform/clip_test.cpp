@@ -123,6 +123,16 @@ TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
     }
 }
 
+TEST(ClipTest, An_arc_goes_as_far_as_the_corners_and_has_no_more_points_than_it_needs) {
+    const auto arc = Seen_Arc(kBox, {-30, 25}, 60, 0.05);
+    const double corner = std::hypot(50, 25), middle = 50 + 30;
+    ASSERT_GE(arc.size(), 2U);
+    for (const Point end : {arc.front(), arc.back()}) EXPECT_NEAR(std::hypot(end.x - 50, end.y - 25), corner, 1e-9);
+    // By the law of cosines, and a chord whose middle is off by a twentieth.
+    const double half = std::acos((60 * 60 + middle * middle - corner * corner) / (2 * 60 * middle));
+    EXPECT_EQ(arc.size(), 1U + static_cast<std::size_t>(std::ceil(half / std::acos(1 - 0.05 / 60))));
+}
+
 TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {
     const auto arc = Seen_Arc(kBox, {50, 25 + 1e15}, 1e15, 0.05);
     ASSERT_EQ(arc.size(), 2U);
