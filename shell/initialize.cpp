@@ -4,7 +4,6 @@
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/model_on_screens.h"
-#include "core/results.h"
 #include "core/runs.h"
 #include "files/in_hand.h"
 #include "output/catalogue.h"
@@ -26,7 +25,6 @@ void Set_Limits() {
 }
 
 void Set_Settings() {
-    Run_Dropped();
     Model.Calctype = 3;
     Model.CurrentStep = 0;
     Model.Units = 1;
@@ -37,7 +35,6 @@ void Set_Settings() {
     Model.ZoomFactor = 1;
     Model.LineAngle = 90;
     Model.PolarCoords = false;
-    Model.Parallelogram = false;
 }
 
 }  // namespace
