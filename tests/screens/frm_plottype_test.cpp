@@ -95,7 +95,8 @@ TEST_F(PlotTypeTest, ThePolarSketchHasAVectorInEachEighthOfATurn) {
     std::set<long> eighths;
     for (const auto& one : Picture(7).Drawing().Primitives()) {
         const double reach = std::hypot(one.x2, one.y2);
-        if (one.kind != platform::Picture::Primitive::Kind::kSegment || one.x1 != 0 || one.y1 != 0 || reach == 1) continue;
+        if (one.kind != platform::Picture::Primitive::Kind::kSegment || one.x1 != 0 || one.y1 != 0 || reach == 1)
+            continue;
         const double turn = std::atan2(-one.y2, one.x2) / (2 * M_PI);
         EXPECT_NEAR(8 * turn, std::round(8 * turn), 1e-3);
         eighths.insert((std::lround(8 * turn) + 8) % 8);
