@@ -139,7 +139,9 @@ std::vector<double> Angles_Of_Run(const LinkageModel& model) {
         else if (model.Calctype < kCamDriven && model.Omega2Input > 0)
             angles.push_back(std::min<double>(model.ThetaStart + step * model.ThetaStep, model.ThetaEnd));
         else if (model.Calctype < kCamDriven)
-            angles.push_back(std::max<double>(model.ThetaEnd - step * model.ThetaStep, model.ThetaStart));
+            // At rest every step repeats the first position.
+            angles.push_back(std::max<double>(model.ThetaEnd - (model.Omega2Input == 0 ? 0 : step * model.ThetaStep),
+                                              model.ThetaStart));
         else if (model.Calctype == kCamDriven)
             angles.push_back(model.CamDirection * drive + model.CamPhase + model.ThetaZero - model.Delta2 +
                              model.Link1Angle);

@@ -15,7 +15,6 @@
 #include "output/plot_windows.h"
 #include "output/reading.h"
 #include "output/selection.h"
-#include "output/tables.h"
 #include "platform/desktop_services.h"
 #include "platform/guard.h"
 #include "platform/plot_box.h"
@@ -132,10 +131,8 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         }
         const std::string name = selectionScreen.Get<Label>("lbl_Function", 0).Caption;
         const std::string unit = Model.UnitLabel(Unit_Of_Group(Model.FuncGroup(1)));
-        std::string line1, line2, time, step, lead;
-        Table_Titles(line1, line2, time, step, lead);
         Put_Caption(screen, "lbl_Header2", kNoIndex, "Linkage " + name + "  -  " + unit);
-        Put_Caption(screen, "lbl_Header3", kNoIndex, line2);
+        Put_Caption(screen, "lbl_Header3", kNoIndex, "");
         Model.PlotSlot = 1;
         Put_Caption(screen, "pnl_LeftTitle", kNoIndex, name);
         Put_Caption(screen, "pnl_PlotUnits", kNoIndex, unit);

@@ -82,13 +82,13 @@ std::vector<Point> Seen_Arc(const ClipBox& box, Point centre, double radius, dou
     const double step = std::sqrt(8 * off / radius);
     constexpr double kMostPoints = 4000;
     const int pieces = static_cast<int>(std::clamp(std::ceil(2 * half / step), 1.0, kMostPoints));
-    std::vector<Point> arc;
-    arc.reserve(static_cast<std::size_t>(pieces) + 1);
+    std::vector<Point> arc(static_cast<std::size_t>(pieces) + 1);
     for (int i = 0; i <= pieces; ++i) {
         const double turn = half * (2.0 * i / pieces - 1);
         // From the foot, so that nothing is lost where the centre is far away.
         const double inward = 2 * radius * std::sin(turn / 2) * std::sin(turn / 2), aside = radius * std::sin(turn);
-        arc.push_back({foot.x - inward * out.x - aside * out.y, foot.y - inward * out.y + aside * out.x});
+        arc[static_cast<std::size_t>(i)] = {foot.x - inward * out.x - aside * out.y,
+                                            foot.y - inward * out.y + aside * out.x};
     }
     return arc;
 }

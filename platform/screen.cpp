@@ -186,11 +186,7 @@ std::vector<Screen*> Screens::Made() {
     return all;
 }
 
-void Screens::Discard() {
-    Registered().made.clear();
-    Registered().shown.clear();
-    Registered().active = nullptr;
-}
+void Screens::Discard() { Registered().made.clear(); }
 
 void Put_Caption(Screen& screen, const std::string& label, int index, const std::string& text) {
     With<Label>(screen, label, index, [&](Label& found) { found.Caption = text; });

@@ -85,7 +85,6 @@ void frm_Report::Take_Kept() {
 }
 
 void frm_Report::Keep() {
-    if (filling_) return;
     platform::Settings& settings = platform::The_Settings();
     std::vector<std::string> names;
     for (std::size_t i = 0; i < kChapters.size(); ++i)

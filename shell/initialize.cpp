@@ -4,9 +4,7 @@
 #include "core/linkage_door.h"
 #include "core/linkage_model.h"
 #include "core/model_on_screens.h"
-#include "core/results.h"
 #include "core/runs.h"
-#include "core/text.h"
 #include "files/in_hand.h"
 #include "output/catalogue.h"
 #include "platform/desktop_services.h"
@@ -19,12 +17,7 @@ namespace verlink {
 namespace {
 
 void Set_Limits() {
-    Model.ThetaStartStr = "0";
-    Model.ThetaEndStr = "360";
-    Model.ThetaStepStr = "5";
-    Model.ThetaStartRad = Val(Model.ThetaStartStr) * kDegToRad;
-    Model.ThetaEndRad = Val(Model.ThetaEndStr) * kDegToRad;
-    Model.ThetaStepRad = Val(Model.ThetaStepStr) * kDegToRad;
+    Model.ThetaStepRad = 5 * kDegToRad;
     Model.ThetaZero = 0;
     Model.TimeStart = 0;
     Model.TimeEnd = 5;
@@ -32,10 +25,6 @@ void Set_Limits() {
 }
 
 void Set_Settings() {
-    Run_Dropped();
-    Model.CamDriven = false;
-    Model.LinkDriven = false;
-    Model.CircuitIndex = 1;
     Model.Calctype = 3;
     Model.CurrentStep = 0;
     Model.Units = 1;
@@ -45,10 +34,7 @@ void Set_Settings() {
     Model.AnimateWait = 10;
     Model.ZoomFactor = 1;
     Model.LineAngle = 90;
-    Model.Link1Angle = 0;
-    Model.Link1AngleRad = 0;
     Model.PolarCoords = false;
-    Model.Parallelogram = false;
 }
 
 }  // namespace
@@ -56,11 +42,8 @@ void Set_Settings() {
 void Initialize() {
     Guarded("Initialize", [] {
         Model.ScreenReturn = true;
-        Model.Omega2Input = 10;
         Model.Omega2 = 10;
         Model.Alpha2 = -5;
-        Model.CircuitSign = -1;
-        Model.CircuitName = "Open";
         Set_Limits();
         Set_Settings();
         Load_Catalogue();

@@ -89,7 +89,7 @@ void Aside::Begin(Study study, int threads) {
     Await();
     bench_ = std::make_unique<Bench>(std::move(study));
     found_ = {};
-    found_.all = bench_->Of().plan.Count().value_or(0);
+    found_.all = bench_->Of().plan.Count().value();
     cloud_of_.clear();
     at_.clear();
     stop_ = false;

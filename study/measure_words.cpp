@@ -42,7 +42,7 @@ std::string Meant(const std::string& word, const std::vector<std::string>& words
 }
 
 std::optional<double> Number_In(const std::string& text) {
-    double number = 0;
+    double number{};
     const char* end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return std::nullopt;

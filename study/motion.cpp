@@ -51,7 +51,7 @@ void Motion::Set_Out(const Design& d) {
                   d.Alpha2,
                   d.Link1AngleRad,
                   d.Link1Angle};
-    if (std::exchange(way_, way) == way && all_ > 0) return;
+    if (std::exchange(way_, way) == way) return;
     theta2_.clear();
     omega2_.clear();
     last_ = d.Calctype == kOnePosition ? 0 : int{d.NSteps};

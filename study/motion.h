@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/lanes.h"
@@ -51,7 +52,7 @@ class Motion {
     using Way = std::array<double, 12>;  ///< what the crank's angles and speeds depend on
 
     std::vector<double> angles_;
-    Way way_{};  ///< of which they are now
+    std::optional<Way> way_;  ///< of which they are now
     std::unique_ptr<RunResults> table_;
     at_once::Solver solve_;
     std::vector<double> theta2_, omega2_;  ///< by step: radians in the ground link's frame, rad/s

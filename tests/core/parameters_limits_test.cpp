@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/parameters.h"
+#include "core/results.h"
 #include "dynamics/units.h"
 #include "shell/initialize.h"
 #include "tests/support/fixture.h"
@@ -54,6 +55,16 @@ TEST_F(ParametersLimits, OnePositionReadsItsAngleAndCopiesTheTextIntoBox1) {
     EXPECT_TRUE(Read("62.50", "", ""));
     EXPECT_EQ(Model.ThetaZero, 62.5);
     EXPECT_EQ(Box(1), "62.50");
+}
+
+TEST_F(ParametersLimits, TheRunFallsWithAnotherAngleOfOnePositionAndStaysWithTheSame) {
+    Model.Calctype = 1;
+    ASSERT_TRUE(Read("62.5", "", ""));
+    Run_Holds();
+    ASSERT_TRUE(Read("62.50", "", ""));
+    EXPECT_TRUE(Model.RunStands);
+    ASSERT_TRUE(Read("62.6", "", ""));
+    EXPECT_FALSE(Model.RunStands);
 }
 
 TEST_F(ParametersLimits, AngleLimitsAreTakenWithTheirTextsAndRadians) {

@@ -68,6 +68,8 @@ TEST(TypedValue, NumbersAreJoinedAsOnPaper) {
     EXPECT_EQ(Shown("2*1.115"), "2.23");
     EXPECT_EQ(Shown("1+2*3"), "7");
     EXPECT_EQ(Shown("10-4-3"), "3");
+    EXPECT_EQ(Shown("2*(10-4-3)"), "6");
+    EXPECT_EQ(Shown("(7 - 2 + 1) * 3"), "18");
     EXPECT_EQ(Shown("24/4/2"), "3");
     EXPECT_EQ(Shown("-(1 + 2) * 3"), "-9");
     EXPECT_EQ(Shown("2*-3"), "-6");

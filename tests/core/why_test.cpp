@@ -117,6 +117,7 @@ TEST(WhyTest, A_link_just_as_long_as_the_others_closes_nowhere_and_one_a_little_
     EXPECT_EQ(Too_Long({1, 2, 6, 3})->link, 3);
     EXPECT_EQ(Too_Long({1, 2, 6, 3})->excess, 0);
     EXPECT_FALSE(Too_Long({1, 2, 5.99, 3}));
+    EXPECT_EQ(Too_Long({5, 0, 5, 0})->link, 1) << "the first of two";
 }
 
 TEST(WhyTest, No_link_is_too_long_beside_others_whose_sum_no_number_holds) {

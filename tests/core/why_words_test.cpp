@@ -206,6 +206,34 @@ TEST_F(WhyWordsTest, A_run_without_a_position_is_told_with_all_that_would_do) {
               "rocker under 3.296 in or 49.3 deg would do.");
 }
 
+TEST_F(WhyWordsTest, A_slow_run_forwards_is_refused_by_its_angles_and_one_at_rest_by_its_end) {
+    Triple_Rocker();
+    Model.Omega2Input = 0.5;
+    Run(120, 165, 20);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 120.0 deg")) << Why_Refused(Model);
+    Model.Omega2Input = 0;
+    Run(120, 165, 20);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 165.0 deg")) << Why_Refused(Model);
+}
+
+TEST_F(WhyWordsTest, A_driven_run_is_refused_by_the_angles_that_its_drive_comes_to) {
+    Triple_Rocker();
+    const std::string words = "No position closes. At Theta2 = 125.0 deg coupler and rocker are 0.355 in too short";
+    Model.NSteps = 1;
+    Model.CamDirection = -1;
+    Model.CamPhase = 20;
+    Model.ThetaZero = 30;
+    Model.Delta2 = 5;
+    Model.Calctype = 4;
+    Model.RunTable.DriveTheta(0) = -100;
+    Model.RunTable.DriveTheta(1) = -80;  // 80 + 20 + 30 - 5
+    EXPECT_TRUE(Why_Refused(Model).starts_with(words)) << Why_Refused(Model);
+    Model.Calctype = 5;
+    Model.RunTable.DriveTheta(0) = 140;
+    Model.RunTable.DriveTheta(1) = 120;
+    EXPECT_TRUE(Why_Refused(Model).starts_with(words)) << Why_Refused(Model);
+}
+
 TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_angles) {
     Triple_Rocker();
     Model.Omega2Input = -10;

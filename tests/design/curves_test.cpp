@@ -1,6 +1,8 @@
 // Burmester's curves: of what they are, how they are picked on, and the linkages with a link that was picked.
 #include "design/curves.h"
 
+#include <random>
+
 #include "design/task_units.h"
 #include "platform/picture.h"
 #include "tests/design/follower.h"
@@ -32,6 +34,16 @@ TEST(Curves, AreThoseOfFourPositionsInWhichNothingIsWrong) {
     EXPECT_TRUE(Curves_Of(task).empty());
     task.positions.push_back(task.positions.front());
     EXPECT_TRUE(Curves_Of(task).empty());
+}
+
+TEST(Curves, APieceHasTwoEnds) {
+    std::mt19937 dice(3);
+    std::uniform_real_distribution<double> place(-2, 2), angle(-90, 90);
+    for (int i = 0; i < 40; ++i) {
+        Task task;
+        for (int k = 0; k < 4; ++k) task.positions.push_back({{place(dice), place(dice)}, angle(dice)});
+        for (const auto& piece : Curves_Of(task)) EXPECT_GE(piece.size(), 2U);
+    }
 }
 
 TEST(Curves, AllPlacesOfAMovingPivotAreAsFarFromItsCentre) {

@@ -144,6 +144,8 @@ TEST_F(Dyads, WhatIsWrongWithATaskIsSaid) {
         EXPECT_EQ(said({{{2, 0}, 0}, {{1, none}, 90}}), words);
         EXPECT_EQ(said({{{2, 0}, 0}, {{1, 2}, none}}), words);
     }
+    EXPECT_EQ(said({{{std::nan(""), 0}, 0}, {{1, 2}, 3}}),
+              "Position 1 has a number that is none or too large: give its place and angle anew.");
     EXPECT_EQ(said({{{2, 0}, 0}}), "A task has two to five positions: give more.");
 }
 

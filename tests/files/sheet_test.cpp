@@ -78,6 +78,7 @@ TEST_F(Sheets, Are_text_with_one_head_a_column_and_all_digits) {
 
 TEST_F(Sheets, Are_workbooks_with_numbers_frozen_heads_statistics_and_the_model) {
     const Xlsx_Read read = Written(Workbook(A_Sheet(), kModel, "Ada"));
+    EXPECT_EQ(read.title, "Table");
     EXPECT_EQ(read.sheets, (std::vector<std::string>{"Table B7", "Model None"}));
     const std::map<std::string, std::string> texts = {{"Table!A1", "Crank"},
                                                       {"Table!B1", "Veloc I 2,3"},

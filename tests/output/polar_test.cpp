@@ -76,6 +76,7 @@ TEST_F(PolarPlot, TipsAreTheVectorsOfTheWholeRun) {
 
 TEST_F(PolarPlot, HeadersNameFunctionAndUnit) {
     Choose_Polar("Accel CP");
+    form.Get<platform::Label>("lbl_Header3").Caption = "of an earlier plot";
     Whole();
     const std::string unit = Model.UnitLabel(Model.FuncGroup(1));
     EXPECT_EQ(Text_At("lbl_Header2"), "Linkage Accel CP  -  " + unit);

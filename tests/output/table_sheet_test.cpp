@@ -150,6 +150,11 @@ TEST_F(TableSheets, Have_the_model_beside_them_in_the_units_shown) {
     Model.CG(2, 0) = 0.01;
     Model.CG(2, 1) = M_PI / 2;
     Model.LinkMass(2) = 1.5;
+    Model.FrictionForce = 0.75;
+    Model.ForceDist3 = 0.125;
+    Model.ForceDist4 = 0.25;
+    Model.ForceAng3 = 15;
+    Model.ForceAng4 = 25;
     const auto facts = Model_Facts(Model);
     const auto fact = [&](const std::string& what) {
         for (const Sheet_Fact& found : facts)
@@ -166,6 +171,12 @@ TEST_F(TableSheets, Have_the_model_beside_them_in_the_units_shown) {
     EXPECT_EQ(fact("Mass of Link 2").unit, "kg");
     EXPECT_EQ(fact("Inertia of Link 2").unit, "kg-m^2");
     EXPECT_EQ(fact("Torque on Link 4").unit, "N- m");
+    EXPECT_EQ(std::get<double>(fact("Friction on Link 3").value), 0.75);
+    EXPECT_EQ(fact("Friction on Link 3").unit, "N");
+    EXPECT_NEAR(std::get<double>(fact("Distance of Force on Link 3").value), 125, 1e-4);
+    EXPECT_NEAR(std::get<double>(fact("Distance of Force on Link 4").value), 250, 1e-4);
+    EXPECT_EQ(std::get<double>(fact("Angle of its Point on Link 3").value), 15);
+    EXPECT_EQ(std::get<double>(fact("Angle of its Point on Link 4").value), 25);
     Use_Units(2);
     for (const Sheet_Fact& found : Model_Facts(Model)) {
         if (found.what != "Inertia of Link 2") continue;

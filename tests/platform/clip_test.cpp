@@ -94,6 +94,7 @@ TEST(ClipTest, A_circle_is_seen_where_its_line_crosses_the_box) {
 TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
     constexpr double kOff = 0.05;
     for (const auto& [centre, radius] : {std::pair{Point{50, 25}, 20.0},
+                                         {Point{70, 25}, 20.0},
                                          {Point{-30, 25}, 60.0},
                                          {Point{50, -1e4}, 1e4 + 20},
                                          {Point{1e6 + 40, 25}, 1e6}}) {
@@ -120,6 +121,16 @@ TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
             EXPECT_LT(nearest, 2 * kOff);
         }
     }
+}
+
+TEST(ClipTest, An_arc_goes_as_far_as_the_corners_and_has_no_more_points_than_it_needs) {
+    const auto arc = Seen_Arc(kBox, {-30, 25}, 60, 0.05);
+    const double corner = std::hypot(50, 25), middle = 50 + 30;
+    ASSERT_GE(arc.size(), 2U);
+    for (const Point end : {arc.front(), arc.back()}) EXPECT_NEAR(std::hypot(end.x - 50, end.y - 25), corner, 1e-9);
+    // By the law of cosines, and a chord whose middle is off by a twentieth.
+    const double half = std::acos((60 * 60 + middle * middle - corner * corner) / (2 * 60 * middle));
+    EXPECT_EQ(arc.size(), 1U + static_cast<std::size_t>(std::ceil(half / std::acos(1 - 0.05 / 60))));
 }
 
 TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {

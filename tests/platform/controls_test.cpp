@@ -250,6 +250,24 @@ TEST_F(ControlsTest, NarrowerLimitsPullTheValueIn) {
     form.hsc_Bar.SetMax(20);
     EXPECT_EQ(form.hsc_Bar.Value(), 20);
     EXPECT_EQ(events, Events{"change"});
+    form.hsc_Bar.SetMax(60);
+    form.hsc_Bar.SetMin(30);
+    EXPECT_EQ(form.hsc_Bar.Value(), 30);
+    EXPECT_EQ(events, (Events{"change", "change"}));
+}
+
+TEST_F(ControlsTest, OnlyALimitThatIsAnotherIsTold) {
+    form.hsc_Bar.SetMin(1);
+    form.hsc_Bar.SetMax(10);
+    EXPECT_EQ(form.hsc_Bar.Min(), 1);
+    EXPECT_EQ(form.hsc_Bar.Max(), 10);
+    form.hsc_Bar.Watcher = Note("watcher");
+    form.hsc_Bar.SetMin(1);
+    form.hsc_Bar.SetMax(10);
+    EXPECT_EQ(events, Events{});
+    form.hsc_Bar.SetMax(11);
+    form.hsc_Bar.SetMin(0);
+    EXPECT_EQ(events, (Events{"watcher", "watcher"}));
 }
 
 TEST_F(ControlsTest, LimitsMayStandTheOtherWayRound) {

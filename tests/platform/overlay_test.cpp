@@ -239,6 +239,17 @@ TEST(OverlayNames, StandInTheDirectionThatTheyAreGiven) {
     }
 }
 
+TEST(OverlayNames, WithoutADirectionStandAboveOnTheRight) {
+    Overlay overlay;
+    overlay.names = {{"A", {5, 5}, {}, kRed}};
+    const Rect word = Words(Drawn(overlay)).at(0);
+    overlay.names = {{"A", {5, 5}, {1, 0}, kRed}};
+    const double away = Words(Drawn(overlay)).at(0).left - 250;
+    const double diagonal = std::sqrt(0.5);
+    EXPECT_NEAR((word.left + word.right) / 2 - 250, diagonal * (away + (word.right - word.left) / 2), 1e-9);
+    EXPECT_NEAR((word.top + word.bottom) / 2 - 250, -diagonal * (away + (word.bottom - word.top) / 2), 1e-9);
+}
+
 TEST(OverlayNames, OneWhosePlaceIsNotSeenIsNotThere) {
     Overlay overlay;
     overlay.names = {{"A", {15, 5}, {}, kRed}, {"B", {5, 5}, {}, kRed}};

@@ -84,6 +84,21 @@ TEST_F(PicturePixelsTest, FramesThatAreErasedArePaintedAnewEach) {
     EXPECT_LT(picture.Alive(), 110U);
 }
 
+TEST_F(PicturePixelsTest, AfterSomethingWasTakenOutATraceGoesOnWithWhatIsNew) {
+    Play(true, false, 40);
+    picture.Line(-5, -5, 5, 5, kGreen);
+    pixels.Paint(picture, kSide, kSide);
+    Pivots();
+    pixels.Paint(picture, kSide, kSide);
+    picture.Line(-5, -5, 5, 5, kWhite);
+    pixels.Paint(picture, kSide, kSide);
+    EXPECT_GT(pixels.Painted(), 150U) << "all of it anew";
+    Linkage(5, kMagenta, kRed);
+    pixels.Paint(picture, kSide, kSide);
+    EXPECT_LE(pixels.Painted(), 20U);
+    EXPECT_EQ(pixels.Pixels(), Anew(picture));
+}
+
 TEST_F(PicturePixelsTest, AnythingBitByBitIsTheSameAsAnew) {
     std::mt19937 random(11);
     const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
@@ -272,6 +287,18 @@ TEST(InkTest, AStrokeHasItsLengthTimesItsWidth) {
             });
             EXPECT_NEAR(ink, 80 * width + std::numbers::pi * width * width / 4, 0.04 * 80 * width) << turn;
         }
+    }
+}
+
+TEST(InkTest, BlackOnWhiteIsAsGrayAsItCoversToTheLastOf255) {
+    for (int part = 0; part <= 255; ++part) {
+        Ink ink(40, 20);
+        const double middle = 10.5 + 1 - part / 255.0;  // of a stroke one pixel wide, below the middle of row 10
+        ink.Line({-20, middle}, {60, middle}, 1);
+        std::vector<std::uint32_t> pixels(40 * 20, 0xFFFFFFFFU);
+        ink.Pour(pixels, kBlack);
+        const auto gray = static_cast<std::uint32_t>(255 - part);
+        EXPECT_EQ(pixels[10 * 40 + 20], 0xFF000000U | gray << 16U | gray << 8U | gray) << part;
     }
 }
 

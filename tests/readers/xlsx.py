@@ -1,12 +1,14 @@
 """xlsx.py FILE: what a workbook holds, as an independent reader sees it.
 
-For each sheet "sheet NAME FREEZE", then its filled cells row by row: "CELL n NUMBER FORMAT" or "CELL s TEXT".
+"title WORDS" of its properties; for each sheet "sheet NAME FREEZE", then its filled cells row by row: "CELL n NUMBER FORMAT" or "CELL s TEXT".
 """
 import sys
 
 import openpyxl
 
-for sheet in openpyxl.load_workbook(sys.argv[1]):
+book = openpyxl.load_workbook(sys.argv[1])
+print("title", book.properties.title or "")
+for sheet in book:
     print("sheet", sheet.title, sheet.freeze_panes)
     for row in sheet.iter_rows():
         for cell in row:

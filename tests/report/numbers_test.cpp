@@ -121,6 +121,18 @@ TEST_F(Reports, CounterweightsAndPulsesAreThoseOfTheBalancingScreen) {
             EXPECT_EQ(Row_Of(report, Chapter::kFlywheel, order), (Texts{first, second})) << line;
         }
         EXPECT_GT(pulses, 0);
+        const auto average = std::ranges::find(lines, "    Average Torque:");
+        ASSERT_NE(average, lines.end());
+        std::istringstream words(*(average + 1));
+        std::string number, unit;
+        ASSERT_TRUE(words >> number >> unit);
+        EXPECT_LE(number.size(), std::min(number.find('.'), number.size()) + 3) << number;
+        bool told = false;
+        for (const Report_Piece& piece : Chapter_Of(report, Chapter::kFlywheel)->pieces) {
+            const auto* text = std::get_if<Report_Text>(&piece);
+            told |= text && text->words.starts_with("Average torque: " + number + " " + unit);
+        }
+        EXPECT_TRUE(told) << number;
         EXPECT_TRUE(Row_Of(report, Chapter::kFlywheel, std::to_string(pulses + 1)).empty());
     });
 }
@@ -186,6 +198,39 @@ TEST_F(Reports, ExtremesTellWhereTheyAreAndTheAverage) {
     Model.Alpha2 = 0;
     By_Time(1, 3, 0.125);
     expect(1, 0.125, "at sec");
+}
+
+TEST_F(Reports, OfEqualValuesTheFirstIsTheExtreme) {
+    Make_The_Press();
+    By_Angle(20, 80, 5);
+    const Output_Function still{"Omega2", "", false};
+    const Report report = Made({still});
+    const Texts row = Row_Of(report, Chapter::kPlots, Words_Of(still));
+    ASSERT_EQ(row.size(), 7U);
+    EXPECT_NEAR(std::stod(row[1]), 20, 1e-3);
+    EXPECT_NEAR(std::stod(row[4]), 20, 1e-3);
+}
+
+TEST_F(Reports, ARunByAngleHasNoValuesThatOnlyOnesByTimeHave) {
+    Make_The_Press();
+    const Report by_angle = Made();
+    for (const char* name : {"Theta Zero", "Omega Zero", "Alpha2", "Start Time", "End Time", "Delta Time"})
+        EXPECT_EQ(Row_Of(by_angle, Chapter::kModel, name), Texts{}) << name;
+    By_Time(1, 3, 0.125);
+    const Report by_time = Made();
+    for (const char* name : {"Theta Zero", "Omega Zero", "Alpha2", "Start Time", "End Time", "Delta Time"})
+        EXPECT_EQ(Row_Of(by_time, Chapter::kModel, name).size(), 2U) << name;
+    EXPECT_EQ(Row_Of(by_time, Chapter::kModel, "Min Theta"), Texts{});
+}
+
+TEST_F(Reports, FunctionsAreAllButTheTransform) {
+    const std::vector<Output_Function> all = All_Functions();
+    const auto has = [&](int number) {
+        return std::ranges::count(all, Variable_Name(number), &Output_Function::variable);
+    };
+    for (int number = 1; number <= 42; ++number)
+        EXPECT_EQ(has(number), Facts_Of(Variable_Name(number))->vector ? 4 : 1) << number;
+    EXPECT_EQ(has(43), 0);
 }
 
 TEST_F(Reports, ForcesAndBalanceHaveARowForEachOfTheirVariables) {

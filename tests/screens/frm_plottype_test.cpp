@@ -1,6 +1,7 @@
 // The chooser of the plot type: options, pictures, and the way to the screens behind it.
 #include "screens/frm_plottype.h"
 
+#include <cmath>
 #include <set>
 
 #include "tests/screens/plot_select_fixture.h"
@@ -88,6 +89,19 @@ TEST_F(PlotTypeTest, TheSketchesShowAxesAndAsManyCurvesAsAWindowHas) {
         EXPECT_EQ(colors.size(), picture == 0 ? 5u : picture == 7 ? 3u : 2u) << picture;
         EXPECT_GT(Picture(picture).Drawing().Alive(), 70u);
     }
+}
+
+TEST_F(PlotTypeTest, ThePolarSketchHasAVectorInEachEighthOfATurn) {
+    std::set<long> eighths;
+    for (const auto& one : Picture(7).Drawing().Primitives()) {
+        const double reach = std::hypot(one.x2, one.y2);
+        if (one.kind != platform::Picture::Primitive::Kind::kSegment || one.x1 != 0 || one.y1 != 0 || reach == 1)
+            continue;
+        const double turn = std::atan2(-one.y2, one.x2) / (2 * M_PI);
+        EXPECT_NEAR(8 * turn, std::round(8 * turn), 1e-3);
+        eighths.insert((std::lround(8 * turn) + 8) % 8);
+    }
+    EXPECT_EQ(eighths.size(), 8U);
 }
 
 TEST_F(PlotTypeTest, BackLeavesForTheHomeScreen) {

@@ -121,7 +121,7 @@ TEST_F(CopyTest, AFlushWaitsForTheDiskAndForNoRest) {
     Copy_Keeper keeper(File(), 1h);
     for (const char* content : {"first", "second", "third"}) {
         keeper.Keep(Some_Model(content));
-        ASSERT_TRUE(keeper.Flush(10s));
+        ASSERT_TRUE(keeper.Flush(1h)) << "it is woken once the copy lies there";
         EXPECT_EQ(Held()->content, content);
     }
 }

@@ -1,6 +1,7 @@
 // Steps of the model: how they are found, undone and done again, and what counts as modified.
 #include "shell/history.h"
 
+#include "core/results.h"
 #include "core/text.h"
 #include "files/model_file.h"
 #include "platform/deed.h"
@@ -235,6 +236,103 @@ TEST_F(HistoryTest, Masses_are_typed_and_solved_and_undone_with_their_forces) {
         });
         Press(home, "cmd_Dynamics");
     });
+}
+
+TEST_F(HistoryTest, What_was_undone_is_gone_once_something_else_is_done) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [&](Screen& input) {
+            Enter(input, "txt_Linkout", 1, "1.25");
+            Undo(input);
+            EXPECT_TRUE(Steps().Can_Redo());
+            Enter(input, "txt_Linkout", 1, "1.5");
+            EXPECT_FALSE(Steps().Can_Redo());
+            EXPECT_EQ(Caption_Of(input, "mnu_Redo"), "Redo");
+            Press(input, "cmd_Cancel");
+        });
+    });
+}
+
+TEST_F(HistoryTest, What_a_screen_does_as_it_shows_an_undone_step_is_none_of_its_own) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [&](Screen& input) {
+            Enter(input, "txt_Linkout", 1, "1.25");
+            Steps().Serve(input, [] {
+                Deed::So_Far();
+                Deed::By_Itself();
+            });
+            Undo(input);
+            EXPECT_EQ(Steps().Steps(), 0u);
+            EXPECT_EQ(Steps().Redo_What(), "length of link 2");
+            Press(input, "cmd_Cancel");
+        });
+    });
+}
+
+TEST_F(HistoryTest, Flags_of_the_screens_are_not_undone) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [&](Screen& input) {
+            for (const bool flag : {true, false}) {
+                Model.ScreenReturn = Model.JustStarted = Model.InputScreenOpen = !flag;
+                Enter(input, "txt_Linkout", 1, flag ? "1.25" : "1.5");
+                Model.ScreenReturn = Model.JustStarted = Model.InputScreenOpen = flag;
+                Steps().Undo();
+                EXPECT_EQ(Model.ScreenReturn, flag);
+                EXPECT_EQ(Model.JustStarted, flag);
+                EXPECT_EQ(Model.InputScreenOpen, flag);
+            }
+            Press(input, "cmd_Cancel");
+        });
+    });
+}
+
+TEST_F(HistoryTest, An_imported_table_comes_back_with_its_step) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [](Screen& input) { Press(input, "cmd_Cancel"); });
+        const auto bring = [&home](double first) {
+            const Deed import(home.Get<platform::CommandButton>("cmd_Input"));
+            Model.TorqueImported = true;
+            Model.LinkMass(2) = first;
+            Model.RunTable.ImportedTorque(7) = first;
+        };
+        bring(1.5);
+        bring(2.5);
+        Steps().Undo();
+        EXPECT_EQ(Model.RunTable.ImportedTorque(7), 1.5);
+        Steps().Redo();
+        EXPECT_EQ(Model.RunTable.ImportedTorque(7), 2.5);
+        Steps().Undo();
+        Steps().Undo();
+        EXPECT_FALSE(Model.TorqueImported);
+    });
+}
+
+TEST_F(HistoryTest, Angles_speeds_and_accelerations_of_an_imported_drive_come_back_with_their_step) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [](Screen& input) { Press(input, "cmd_Cancel"); });
+        const auto bring = [&home](double first) {
+            const Deed import(home.Get<platform::CommandButton>("cmd_Input"));
+            Run_Dropped();
+            Model.Calctype = 5;
+            Model.LinkMass(2) = first;
+            Model.RunTable.DriveTheta(7) = first;
+            Model.RunTable.Omega(7, 0) = first + 1;
+            Model.RunTable.Alpha(7, 0) = first + 2;
+        };
+        bring(1.5);
+        bring(2.5);
+        Steps().Undo();
+        EXPECT_EQ(Model.RunTable.DriveTheta(7), 1.5);
+        EXPECT_EQ(Model.RunTable.Omega(7, 0), 2.5);
+        EXPECT_EQ(Model.RunTable.Alpha(7, 0), 3.5);
+    });
+}
+
+TEST_F(HistoryTest, Whoever_follows_is_told_of_a_new_beginning_and_that_nothing_is_typed) {
+    static std::vector<bool> told;
+    Steps().Follow([](bool typed) { told.push_back(typed); });
+    told.clear();
+    Steps().Begin();
+    EXPECT_EQ(told, std::vector<bool>{false});
 }
 
 TEST_F(HistoryTest, A_drag_is_one_step_from_press_to_release) {

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
 #include "platform/temporaries.h"
@@ -92,6 +93,25 @@ TEST_F(RecoveryTest, ACopyThatIsTakenIsTheModelUnsavedWithItsPathAndKeptAnew) {
     EXPECT_EQ(Kept(".copy"), 1U);
     EXPECT_TRUE(platform::File_Exists(Copy_File(Folder(), platform::This_Process())));
     EXPECT_FALSE(Offer_Copies(Model)) << "it is nobody else's any more";
+}
+
+TEST_F(RecoveryTest, ACopyThatIsTakenAtTheStartIsModified) {
+    // As a new model is, but not as its file is.
+    Live_And_Die([this] {
+        Model.FilePath = "/models/press.vlk";
+        Model.ModelName = "press";
+        Keep_Copy(Model, true);
+        while (Kept(".copy") == 0) ::usleep(1000);
+    });
+    desktop.Expect_Message_With(kCrash);
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
+    desktop.Expect_Screen("frm_Title", [](platform::Screen& title) {
+        EXPECT_EQ(Model.FilePath, "/models/press.vlk");
+        EXPECT_TRUE(Modified());
+        Press(title, "cmd_Abort");
+    });
+    desktop.Expect_Screen("frm_Quit", [](platform::Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
 }
 
 TEST_F(RecoveryTest, AModelWithoutAFileComesBackWithoutOne) {
@@ -186,6 +206,30 @@ TEST_F(RecoveryTest, AStartTellsNothingOfAProcessThatSaidItsEnd) {
     Live_And_Die([] { Leave_Copy("the end of the session"); });
     EXPECT_FALSE(Look_Around().died);
     Check_for_Crash();
+}
+
+TEST_F(RecoveryTest, OfEachDeadProcessItIsKnownWhetherItSaidItsEnd) {
+    const auto die = [this](const char* why) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            Begin_Run_Log(Folder());
+            if (why) Log_End(why);
+            ::kill(::getpid(), SIGKILL);
+        }
+        ::waitpid(child, nullptr, 0);
+    };
+    die("the end of the session");
+    const platform::Process said = Past_Runs(Folder()).at(0).process;
+    die(nullptr);
+    const auto runs = Past_Runs(Folder());
+    ASSERT_EQ(runs.size(), 2U);
+    const platform::Process silent = runs[0].process == said ? runs[1].process : runs[0].process;
+    EXPECT_TRUE(Said_Its_End(said));
+    EXPECT_FALSE(Said_Its_End(silent));
+    platform::Process unknown = said;
+    unknown.number += 1;
+    unknown.start += 1;
+    EXPECT_FALSE(Said_Its_End(unknown));
 }
 
 TEST_F(RecoveryTest, AnEndThatWasCalledOffIsTakenBackByTheNextChange) {

@@ -51,6 +51,18 @@ TEST_F(RunLogTest, TheFolderAndTheLogAreTheUsersAlone) {
     EXPECT_EQ(Files(), 0U);
 }
 
+TEST(OneLine, HasWhatBreaksALineAndThePercentItselfByTheirNumbers) {
+    EXPECT_EQ(In_One_Line("a\nb%\x01"), "a%0Ab%25%01");
+    EXPECT_EQ(From_One_Line("a%0Ab%25%01"), "a\nb%\x01");
+    EXPECT_EQ(From_One_Line("%7E%1F"), "~\x1F");
+}
+
+TEST(OneLine, KeepsWhatIsNoNumberOfTwoDigits) {
+    for (const char* text : {"%", "%4", "50 %", "%g1", "%1g", "%:0", "%0:", "%@0", "%0G", "%/0"})
+        EXPECT_EQ(From_One_Line(text), text);
+    EXPECT_EQ(From_One_Line(std::string_view("%41").substr(0, 2)), "%4") << "what lies behind is not read";
+}
+
 TEST_F(RunLogTest, AKilledProcessIsAPastRunWithoutAnEnd) {
     Live_And_Die([this] { Begin_Run_Log(Folder()); });
     const auto runs = Past_Runs(Folder());

@@ -259,8 +259,10 @@ TEST_F(StartupTest, TheStartLeadsFromTheTitleThroughTheUserScreenToTheHomeScreen
 
 TEST_F(StartupTest, TheStartFixesTheScreenDataTitlesUnitsAndColours) {
     Model.FullScreen = true;
+    Model.ProgramTag.clear();
     Expect_Title_And_Abort();
     Sub_Main("");
+    EXPECT_EQ(Model.ProgramTag, "VERLINK");
     EXPECT_EQ(Model.AspectRatio, Single(1920.0 / 1080.0));
     EXPECT_FALSE(Model.FullScreen);
     EXPECT_EQ(Model.DateStr, "11/21/2026");

@@ -4,8 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <thread>
+#include <utility>
+#include <vector>
 
+#include "platform/picture.h"
 #include "study/drawing.h"
 #include "study/words.h"
 
@@ -152,6 +156,50 @@ TEST(Aside, ACloudIsDrawnLargeEnoughAndPickedWhereItIsDrawn) {
     EXPECT_EQ(Nearest_In(cloud, nominal, enlarged, {1, 1.2}), 9U);
     EXPECT_DOUBLE_EQ(Enlargement({{9, 9, 0}}, nominal, window), 1);
     EXPECT_DOUBLE_EQ(Enlargement({{1, 2, 0}}, nominal, window), 1);
+}
+
+TEST(Aside, ACloudIsOrangeItsLinkageBlackAndThePickedOneRingedInBlue) {
+    const Window window{{-5, -5}, {5, 5}};
+    platform::Picture picture;
+    picture.Scale(-5, 5, 5, -5);
+    Draw_Cloud(picture, {{1.01, 2, 4}, {1, 1.98, 9}}, {1, 2}, 50, Number{9}, window);
+    std::vector<std::pair<Spot, platform::Color>> drawn;
+    for (const auto& pin : picture.Primitives()) drawn.emplace_back(Spot(pin.x1, pin.y1), pin.color);
+    ASSERT_EQ(drawn.size(), 4U);
+    const auto color = [](int red, int green, int blue) { return red + 256 * green + 65536 * blue; };
+    EXPECT_NEAR(std::abs(drawn[0].first - Spot(1.5, 2)), 0, 1e-5);
+    EXPECT_EQ(drawn[0].second, color(215, 110, 20));
+    EXPECT_EQ(drawn[1].second, color(215, 110, 20));
+    EXPECT_EQ(drawn[2].first, Spot(1, 2));
+    EXPECT_EQ(drawn[2].second, 0);
+    EXPECT_NEAR(std::abs(drawn[3].first - Spot(1, 1)), 0, 1e-5);
+    EXPECT_EQ(drawn[3].second, color(0, 90, 160));
+}
+
+TEST(Aside, AMechanismHasTheColoursOfTheProgramAndAGhostIsGray) {
+    const Mechanism mechanism(Crank_Rocker());
+    const auto colors = [&](bool ghost) {
+        platform::Picture picture;
+        const Window window = Window_Of(mechanism);
+        picture.Scale(window.low.real(), window.high.imag(), window.high.real(), window.low.imag());
+        Draw_Mechanism(picture, mechanism, 5, window, ghost);
+        std::set<platform::Color> found;
+        for (const auto& one : picture.Primitives()) found.insert(one.color);
+        return found;
+    };
+    EXPECT_EQ(colors(false), (std::set<platform::Color>{0x00FF00, 0xFF00FF, 0xFF0000}));
+    EXPECT_EQ(colors(true), (std::set<platform::Color>{195 + 256 * 195 + 65536 * 205}));
+}
+
+TEST(Designs, ReachWhereTheLongestLinkIsShorterThanTheOthersTogether) {
+    Design d = Crank_Rocker();
+    d.L2 = d.L3 = d.L4 = 1;
+    d.L1 = 2.75;
+    EXPECT_TRUE(d.Derive());
+    d.L1 = 3;
+    EXPECT_FALSE(d.Derive());
+    d.L1 = 3.25;
+    EXPECT_FALSE(d.Derive());
 }
 
 TEST(Limits, OfARunAreTakenOrRefused) {

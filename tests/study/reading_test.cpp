@@ -113,6 +113,7 @@ TEST(Short_Numbers, HaveTwoOrThreeDigits) {
     EXPECT_EQ(Short_Number(999.4), "999");
     EXPECT_EQ(Short_Number(999.5), "1.0k");
     EXPECT_EQ(Short_Number(9940), "9.9k");
+    EXPECT_EQ(Short_Number(9950), "10k");
     EXPECT_EQ(Short_Number(9960), "10k");
     EXPECT_EQ(Short_Number(2.5e6), "2.5M");
     EXPECT_EQ(Short_Number(3e12), "3000G");

@@ -96,6 +96,7 @@ TEST(StudySettings, GoWithTheUnitsOfTheModel) {
 }
 
 TEST(StudySettings, AreShownAsTheScreensShowTheirFields) {
+    EXPECT_EQ(Shown_Field(" L 2", 5).unit, "mm") << "blanks do not count";
     EXPECT_EQ(Shown_Field("L2", 5).unit, "mm");
     EXPECT_DOUBLE_EQ(Shown_Field("L2", 5).factor, 1000);
     EXPECT_DOUBLE_EQ(Shown_Field("L2", 1).factor, 1);

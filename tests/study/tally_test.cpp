@@ -107,6 +107,15 @@ TEST(Tally, QuantilesOfManyAreWithinABin) {
     }
 }
 
+/// Bins of two neighbours each, and a quantile in the middle of one.
+TEST(Tally, WithinABinAQuantileGoesEvenlyFromTheLeastToTheGreatest) {
+    std::vector<float> values;
+    for (int i = 0; i < 40000; ++i) values.push_back(1 + static_cast<float>(i) / 40000);
+    const Tally tally = Tally_Of(values, 1.5);
+    for (const double share : {0.1, 0.35, 0.5, 0.77})
+        EXPECT_NEAR(tally.Spread().Quantile(share), 1 + share * 39999 / 40000, 3e-5) << share;
+}
+
 TEST(Tally, IsTheSameInAnyOrderAndFromParts) {
     std::vector<float> values = Values(30000, 1, 3);
     values[5] = std::numeric_limits<float>::quiet_NaN();

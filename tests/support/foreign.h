@@ -63,6 +63,7 @@ inline Dxf_Read Read_Dxf(const std::string& path) {
 
 /// A workbook, by "SHEET!CELL".
 struct Xlsx_Read {
+    std::string title;
     std::vector<std::string> sheets;  ///< name and where its heads are frozen
     std::map<std::string, double> numbers;
     std::map<std::string, std::string> formats, texts;
@@ -71,6 +72,10 @@ inline Xlsx_Read Read_Xlsx(const std::string& path) {
     Xlsx_Read read;
     std::string sheet;
     for (const std::string& line : Said_By(Reader("xlsx.py", path))) {
+        if (line.starts_with("title ")) {
+            read.title = line.substr(6);
+            continue;
+        }
         if (line.starts_with("sheet ")) {
             read.sheets.push_back(line.substr(6));
             sheet = line.substr(6, line.rfind(' ') - 6) + "!";

@@ -160,6 +160,24 @@ TEST_F(DyadDiagram, EveryVectorIsDrawnInEveryPosition) {
     }
 }
 
+TEST_F(DyadDiagram, CouplerPointsAreMagentaAndPivotsStandOnATriangleWithSixHatches) {
+    for (int positions : {2, 3}) {
+        const DyadFigure f = Dyad_Sketch(positions);
+        Draw(f);
+        const double near = 1e-9 * (picture.Right() - picture.Left());
+        const auto count = [&](Kind kind, Color color, Vector at) {
+            return std::ranges::count_if(picture.Primitives(), [&](const Picture::Primitive& drawn) {
+                return drawn.alive && drawn.kind == kind && drawn.color == color &&
+                       std::abs(Vector(drawn.x1, drawn.y1) - at) < near;
+            });
+        };
+        for (std::size_t j = 0; j < static_cast<std::size_t>(positions); ++j)
+            EXPECT_GE(count(Kind::kPin, Model.ColorMagenta, f.P[j]), 1) << j;
+        for (const Vector pivot : {-f.W - f.Z, -f.U - f.S})
+            EXPECT_EQ(count(Kind::kMark, Model.ColorBlack, pivot), 3 + 6);
+    }
+}
+
 TEST_F(DyadDiagram, NamesAndAnglesOfTwoPositions) {
     EXPECT_EQ(Names(Draw(Dyad_Sketch(2))),
               (std::set<std::string>{"W", "Z", "U", "S", "P21", "O2", "O4", "P1", "P2", "Theta", "Phi", "Sigma", "Xi",
