@@ -204,8 +204,7 @@ def _lead(chapter):
     """What stands right before a table, a list of code or a formula stays with it."""
     children = list(chapter.root)
     for element, following in zip(children, children[1:]):
-        if element.tag == "p" and following.tag in ("table", "pre") or (
-                element.tag == "p" and following.get("class") == "display" and text_of(element).rstrip().endswith((":", ","))):
+        if element.tag == "p" and (following.tag in ("table", "pre") or following.get("class") == "display"):
             element.set("class", "lead")
     for table in chapter.root.iter("table"):
         rows = len(table.findall(".//tr"))
