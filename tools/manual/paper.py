@@ -215,7 +215,6 @@ class Setter:
                     pixels = _pixels(file)
                     width = math.ceil(_width(file.name, pixels))
                     beyond = f"max-width:none;margin:0 {(COLUMN - width) / 2:.1f}px;" if width > COLUMN else ""
-                    element.set("data-pixels", str(pixels))
                     if file.name not in DRAWINGS:
                         element.set("data-read", f"{LEAST * pixels:.1f}")
                     element.set("style", f"width:{width}px;{beyond}" + element.get("style", ""))
@@ -352,20 +351,6 @@ class Setter:
                     target = "helpfiles/" + posixpath.normpath(posixpath.join(posixpath.dirname(page), target))
                 links.append("\t".join(["link", str(number)] + [f"{value * POINTS:.2f}" for value in (x, y, width, height)] + [target]))
         return "\n".join(lines + links) + "\n"
-
-
-def pictures_of(document):
-    """A line for each picture of a screen in a document: its name, its own pixels across, and those on paper."""
-    lines = []
-    for sheet in document.pages:
-        figures = {}
-        _figures(sheet._page_box, figures)
-        for box in figures.values():
-            picture = _picture(box)
-            if picture.element.get("data-pixels"):
-                name = posixpath.basename(picture.element.get("src"))
-                lines.append(f"{name}\t{picture.element.get('data-pixels')}\t{picture.width:.1f}")
-    return lines
 
 
 def date_in_words(day):

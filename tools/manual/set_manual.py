@@ -5,8 +5,7 @@
 
 Every Markdown file below SOURCES becomes a PDF below DOCUMENTS, with its places beside it; all of them together become
 Program_Manual.pdf; and DOCUMENTS/html has them as pages for a browser. FOLDER has what the build wrote for them, and
-chapters.txt in PICTURES what was seen on the walk that took them. DOCUMENTS/pictures.txt tells of each picture of a
-screen its document, its name, its own pixels across and those on paper, which are 96 to an inch.
+chapters.txt in PICTURES what was seen on the walk that took them.
 The date on the title is today's, or that of SOURCE_DATE_EPOCH.
 """
 
@@ -31,27 +30,23 @@ def today():
     return datetime.datetime.fromtimestamp(int(epoch), datetime.timezone.utc).date() if epoch else datetime.date.today()
 
 
-def write(document, places, documents, page):
-    """Gives back the lines about its pictures."""
-    file = documents / (page + ".pdf")
+def write(document, places, file):
     file.parent.mkdir(parents=True, exist_ok=True)
     document.write_pdf(str(file))
     file.with_suffix(".places").write_text(places, encoding="utf-8")
-    return [f"{page}\t{line}" for line in paper.pictures_of(document)]
 
 
 _setter = None
 
 
 def set_topics(task):
-    """Runs in a process of its own; gives back where pictures went, for the book to put them there too, and how large."""
+    """Runs in a process of its own; gives back where pictures went, for the book to put them there too."""
     documents, parts = task
-    pictures = []
     for part in parts:
         document, places = _setter.topic(_setter.chapters[part])
         if part != pages.OVERVIEW:  # its document is the book
-            pictures += write(document, places, documents, part)
-    return _setter.look, pictures
+            write(document, places, documents / (part + ".pdf"))
+    return _setter.look
 
 
 def main():
@@ -75,17 +70,15 @@ def main():
         date = paper.date_in_words(today())
         _setter = paper.Setter(chapters, index, css, options.pictures, options.version, date)
         web.write(chapters, options.documents / "html", options.pictures, options.version, date)
-        topics, pictures = list(chapters), []
+        topics = list(chapters)
         with concurrent.futures.ProcessPoolExecutor(max_workers=2) as workers:
-            for look, lines in workers.map(set_topics, [(options.documents, topics[i::2]) for i in (0, 1)]):
+            for look in workers.map(set_topics, [(options.documents, topics[i::2]) for i in (0, 1)]):
                 _setter.look.later.update(look.later)
                 _setter.look.smaller.update(look.smaller)
-                pictures += lines
-        pictures += write(*_setter.book(), options.documents, pages.OVERVIEW)
+        write(*_setter.book(), options.documents / (pages.OVERVIEW + ".pdf"))
     except pages.Trouble as trouble:
         print(f"The manual cannot be set: {trouble}", file=sys.stderr)
         return 1
-    (options.documents / "pictures.txt").write_text("\n".join(sorted(pictures)) + "\n", encoding="utf-8")
     (options.documents / "made.txt").write_text("\n".join(sorted(chapters)) + "\n", encoding="utf-8")
     return 0
 
