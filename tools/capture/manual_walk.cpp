@@ -247,7 +247,7 @@ Stops Table() {
         Marked(
             {"frm_PrintData", "print-data", {}, 300},
             {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.27}, {"fra_Links", 0.92, 0.08}},
-            {"grd_Data", "fra_Links"}, 0.39),
+            {"grd_Data", "fra_Links"}, 0.375),
         {"frm_PrintData", "", Pressing("cmd_Done")}};
 }
 
