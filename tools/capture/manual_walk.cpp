@@ -166,24 +166,22 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
 }
 
 Stops Plot_Accelerations() {
-    return {
-        {"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
-         "Plot: the acceleration of the coupler point, in a single window."},
-        Marked({"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }}, {},
-               {"fra_PickPlot_0", "fra_PickPlot_3"}),
-        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-        Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
-               {{"fra_Method", 0.95, 0.2},
-                {"cmb_Preset", 0.9, 0.5},
-                {"fra_Function1", 0.92, 0.1},
-                {"fra_Plot_0", 0.9, 0.15}},
-               {"frm_Plotstyle"}),
-        {"frm_PlotSelect1", "", Pressing("cmd_Done")},
-        Marked(
-            {"frm_Plot1", "plot-acceleration", {}, 300},
-            {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}},
-            {"grf_Plot_0", "fra_Grid"}),
-        {"frm_Plot1", "", Pressing("cmd_Done")}};
+    return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
+             "Plot: the acceleration of the coupler point, in a single window."},
+            Marked({"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }}, {},
+                   {"fra_PickPlot_0", "fra_PickPlot_3"}),
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+            Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+                   {{"fra_Method", 0.95, 0.2},
+                    {"cmb_Preset", 0.9, 0.5},
+                    {"fra_Function1", 0.92, 0.1},
+                    {"fra_Plot_0", 0.9, 0.15}},
+                   {"frm_Plotstyle"}),
+            {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+            Marked({"frm_Plot1", "plot-acceleration", {}, 300},
+                   {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}},
+                   {"grf_Plot_0", "fra_Grid"}),
+            {"frm_Plot1", "", Pressing("cmd_Done")}};
 }
 
 Stops Forces_And_Balance() {
@@ -247,37 +245,37 @@ Stops Table() {
         Marked(
             {"frm_PrintData", "print-data", {}, 300},
             {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.27}, {"fra_Links", 0.92, 0.08}},
-            {"grd_Data", "fra_Links"}, 0.375),
+            {"grd_Data", "fra_Links"}, 0.358),
         {"frm_PrintData", "", Pressing("cmd_Done")}};
 }
 
 /// Two, four and polar windows, and the transform.
 Stops Other_Plots() {
-    return {{"frm_HomeScreen", "", Pressing("cmd_Plot")},
-            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            {"frm_PlotSelect2", "",
-             [](Screen& s) {
-                 Pick(s, "opt_Plotstyle", 0);
-                 Choose(s, "cmb_Preset", 1);
-             }},
-            {"frm_PlotSelect2", "", Pressing("cmd_Done")},
-            Marked({"frm_Myplot2", "plot-aligned", {}, 700}, {},
-                   {"pnl_LeftTitle_0", "pct_Plot_0", "pnl_BottomTitle_1"}),
-            {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
-            {"frm_HomeScreen", "", Pressing("cmd_Plot")},
-            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
-            {"frm_PlotSelect4", "", Pressing("cmd_Done")},
-            {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
-            Marked({"frm_MyPlot4", "plot-polar", {}, 300}, {}, {"pnl_LeftTitle", "pct_Plot"}),
-            {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
-            {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
-            With(Marked({"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400}, {},
-                        {"fra_Function1", "grf_Plot_0", "grf_Plot_1"}),
-                 {{"transform-phase", {"grf_Plot_2", "grf_Plot_3"}}}),
-            {"frm_FFT", "", Pressing("cmd_Done")}};
+    return {
+        {"frm_HomeScreen", "", Pressing("cmd_Plot")},
+        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        {"frm_PlotSelect2", "",
+         [](Screen& s) {
+             Pick(s, "opt_Plotstyle", 0);
+             Choose(s, "cmb_Preset", 1);
+         }},
+        {"frm_PlotSelect2", "", Pressing("cmd_Done")},
+        Marked({"frm_Myplot2", "plot-aligned", {}, 700}, {}, {"pnl_LeftTitle_0", "pct_Plot_0", "pnl_BottomTitle_1"}),
+        {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
+        {"frm_HomeScreen", "", Pressing("cmd_Plot")},
+        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
+        {"frm_PlotSelect4", "", Pressing("cmd_Done")},
+        {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
+        Marked({"frm_MyPlot4", "plot-polar", {}, 300}, {}, {"pnl_LeftTitle", "pct_Plot"}),
+        {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
+        {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
+        With(Marked({"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400}, {},
+                    {"fra_Function1", "grf_Plot_0", "grf_Plot_1"}),
+             {{"transform-phase", {"grf_Plot_2", "grf_Plot_3"}}}),
+        {"frm_FFT", "", Pressing("cmd_Done")}};
 }
 
 /// The linkages that belong to the same curve.
@@ -304,7 +302,10 @@ Stops Two_Positions() {
             {"frm_Synth2B", "", Pressing("cmd_Cancel")},
             {"frm_HomeScreen", "", Menu("mnu_Spec")},
             Marked({"frm_Synth3", "synthesis-pivots", Pressing("cmd_Calc"), 300, false, "report-3"},
-                   {{"fra_Pivot_0", 0.93, 0.14}, {"fra_Pivot_2", 0.93, 0.14}, {"fra_Left", 0.93, 0.14}, {"fra_LeftCalc", 0.93, 0.08}},
+                   {{"fra_Pivot_0", 0.93, 0.14},
+                    {"fra_Pivot_2", 0.93, 0.14},
+                    {"fra_Left", 0.93, 0.14},
+                    {"fra_LeftCalc", 0.93, 0.08}},
                    {"fra_Left", "fra_Ground", "Image1"}),
             {"frm_Synth3", "", Pressing("cmd_Cancel")}};
 }
@@ -345,7 +346,7 @@ Stops All_Linkages() {
                    {"fra_Positions", "fra_Limits", "fra_Weights"},
                    {{"fra_Positions", 0.92, 0.07}, {"fra_Limits", 0.92, 0.06}, {"fra_Weights", 0.92, 0.12}}}}),
             With(Marked({"frm_Explore", "explore-four", found(platform), 400}, {}, {"Picture1"}),
-                 {{"explore-map", {"pic_Map", "cmb_Map", "lbl_Told"}}}),
+                 {{"explore-map", {"pic_Map", "lbl_Map", "lbl_Told"}}}),
             {"frm_Explore", "", [](Screen& s) {
                  // The walk goes on with the model as it was.
                  Model.DesignTask.clear();

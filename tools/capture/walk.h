@@ -107,8 +107,8 @@ inline void Choose_Entry(Screen& screen, const char* entry, int index = platform
     auto& control = screen.Get<platform::MenuEntry>(entry, index);
     const platform::Deed whole(control);
     std::vector<std::string> way;
-    for (const platform::MenuEntry* at = &control; at; at = at->Parent()) way.push_back(Plain(at->Caption));
-    for (auto at = way.rbegin(); at != way.rend(); ++at) Account(control.Enabled ? "pressed" : "cannot press", *at);
+    for (const platform::MenuEntry* at = &control; at; at = at->Parent()) way.insert(way.begin(), Plain(at->Caption));
+    for (const std::string& words : way) Account(control.Enabled ? "pressed" : "cannot press", words);
     control.Click();
 }
 
