@@ -209,7 +209,7 @@ Stops Forces_And_Balance() {
                     {"cmd_Solve", 0.08, 0.5}},
                    {"lbl_Link_4", "fra_Mass", "cmd_Matrix"}),
             {"frm_MassProp", "", Pressing("cmd_Matrix")},
-            Marked({"frm_Matrix", "matrix", {}, 200}, {}, {"fra_A", "fra_C"}, 0.57),
+            Marked({"frm_Matrix", "matrix", {}, 200}, {}, {"fra_A", "fra_C"}, 0.46),
             {"frm_Matrix", "", Pressing("cmd_Done")},
             {"frm_MassProp", "", Pressing("cmd_Done")},
             {"frm_HomeScreen", "", Pressing("cmd_Balance"), 120, false, "",

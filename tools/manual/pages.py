@@ -99,6 +99,14 @@ def read_order(sources):
     return order + [(part, page) for page in there if page not in known]
 
 
+def across(picture):
+    """The pixels across a PNG, 0 of what cannot be read."""
+    try:
+        return int.from_bytes(picture.read_bytes()[16:20], "big")
+    except OSError:
+        return 0
+
+
 def _take_formulas(text, chapter):
     """Formulas become marks that Markdown leaves alone."""
     count = 0

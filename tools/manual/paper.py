@@ -12,7 +12,7 @@ import xml.etree.ElementTree as ET
 
 import weasyprint
 
-from pages import OVERVIEW, Trouble, escaped, target_of
+from pages import OVERVIEW, Trouble, across, escaped, target_of
 
 POINTS = 0.75  # of a CSS pixel
 UNKNOWN = 99  # stands for the number of a page in the first layout
@@ -158,14 +158,6 @@ def _least(picture, part):
     return max(part, read / picture.width) * picture.height
 
 
-def _pixels(picture):
-    """Across a PNG, its own; what cannot be read is as wide as the text."""
-    try:
-        return int.from_bytes(picture.read_bytes()[16:20], "big")
-    except OSError:
-        return round(COLUMN / SCREEN)
-
-
 def _width(name, pixels):
     """On paper, of a picture of a screen: in the column where its text is large enough there, else beyond it."""
     if name in DRAWINGS:
@@ -212,7 +204,7 @@ class Setter:
                 file = self.pictures / posixpath.basename(element.get("src"))
                 element.set("src", file.absolute().as_uri())
                 if file.suffix == ".png":
-                    pixels = _pixels(file)
+                    pixels = across(file) or round(COLUMN / SCREEN)  # what cannot be read is as wide as the text
                     width = math.ceil(_width(file.name, pixels))
                     beyond = f"max-width:none;margin:0 {(COLUMN - width) / 2:.1f}px;" if width > COLUMN else ""
                     if file.name not in DRAWINGS:
