@@ -72,6 +72,12 @@ inline Stop Marked(Stop stop, std::vector<Mark> marks, std::vector<std::string> 
     return stop;
 }
 
+/// A stop at which further pictures are taken.
+inline Stop With(Stop stop, std::vector<Cut> more) {
+    stop.more = std::move(more);
+    return stop;
+}
+
 /// What a text box or a label shows goes into the account under a name, for the manual to be compared with.
 struct Sight {
     const char* name;

@@ -260,7 +260,7 @@ Stops Lid_Found() {
                                          {"txt_Limit", 0, "60"},
                                          {"txt_Limit", 1, "450"},
                                          {"txt_Limit", 2, "35"}})),
-               Shown("frm_Explore", "lid-explore", {"Picture1", "hsc_Stroke", "pic_Found_0", "lbl_Found_3"},
+               Shown("frm_Explore", "lid-explore", {"Picture1", "lbl_Stroke", "cmb_Sort", "lbl_Found_3"},
                      {{"Picture1", 0.06, 0.06}, {"hsc_Stroke", 0.5, 0.5}, {"pic_Found_0", 0.9, 0.1}},
                      [](Screen& s) {
                          Press(s, "cmd_Search");

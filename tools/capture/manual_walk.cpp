@@ -84,12 +84,8 @@ Stops Synthesis() {
          120, false, "", "Type how the point moves and how the part turns, and choose how far crank and rocker turn."},
         Marked({"frm_Synth3", "synthesis-3", Pressing("cmd_Calc"), 300, false, "synthesis-report",
                 "Calculate reports the linkage that reaches all three."},
-               {{"fra_Given", 0.9, 0.08},
-                {"fra_Left", 0.93, 0.14},
-                {"fra_Right", 0.93, 0.14},
-                {"fra_LeftCalc", 0.93, 0.08},
-                {"fra_RightCalc", 0.93, 0.08},
-                {"Image1", 0.06, 0.06}}),
+               {{"fra_Left", 0.93, 0.14}, {"fra_LeftCalc", 0.93, 0.08}, {"Image1", 0.06, 0.06}},
+               {"fra_Left", "fra_Ground", "Image1", "lbl_Reach"}),
         {"frm_Synth3", "", Pressing("cmd_Done")}};
 }
 
@@ -132,23 +128,26 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
                  {"txt_Figure", kNoIndex, "Three-position transfer"}}),
          400, false, "",
          "The linkage is in the boxes of the input screen. Let the crank turn fully, at 10 radians a second."},
-        Marked({"frm_Inputnew", "input", Pressing("cmd_Calc")}, {{"fra_Links", 0.62, 0.09},
-                                                                 {"SSFrame1", 0.85, 0.16},
-                                                                 {"fra_initial", 0.62, 0.08},
-                                                                 {"fra_calcmode", 0.92, 0.14},
-                                                                 {"SSFrame6", 0.92, 0.22},
-                                                                 {"cmd_Calc", 0.1, 0.5},
-                                                                 {"Picture1", 0.06, 0.06},
-                                                                 {"hsc_step", 0.5, 0.5}}),
+        With(Marked({"frm_Inputnew", "input", Pressing("cmd_Calc")},
+                    {{"fra_Links", 0.62, 0.09},
+                     {"SSFrame1", 0.85, 0.16},
+                     {"fra_initial", 0.62, 0.08},
+                     {"fra_calcmode", 0.92, 0.14},
+                     {"SSFrame6", 0.92, 0.22}},
+                    {"fra_Links", "fra_initial", "fra_calcmode", "SSFrame6"}, 0.925),
+             {{"input-drawing",
+               {"Picture1", "hsc_step", "cmd_Step", "chk_autoscale"},
+               {{"Picture1", 0.06, 0.06}, {"hsc_step", 0.5, 0.5}, {"cmd_Step", 0.08, 0.5}}}}),
         {"frm_Inputnew", "", Pressing("cmd_Done")},
         {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
          "The animate screen plays it. The green curve is the path of the coupler point."},
-        Marked({"frm_Animate", "animate", Stepping(steps)}, {{"Picture1", 0.06, 0.06},
-                                                             {"hsc_step", 0.5, 0.5},
-                                                             {"cmd_Animate", 0.08, 0.5},
-                                                             {"fra_Speed", 0.92, 0.18},
-                                                             {"fra_Show", 0.92, 0.12},
-                                                             {"fra_Links", 0.92, 0.08}})};
+        Marked({"frm_Animate", "animate", Stepping(steps)},
+               {{"Picture1", 0.06, 0.06},
+                {"hsc_step", 0.5, 0.5},
+                {"cmd_Animate", 0.08, 0.5},
+                {"fra_Speed", 0.92, 0.18},
+                {"fra_Show", 0.92, 0.12}},
+               {"Picture1", "fra_Speed", "fra_Show", "cmd_Animate"})};
     const Stops home = {{"frm_Animate", "", Pressing("cmd_Done")},
                         Marked({"frm_HomeScreen",
                                 "home",
@@ -167,22 +166,22 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
 }
 
 Stops Plot_Accelerations() {
-    return {
-        {"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
-         "Plot: the acceleration of the coupler point, in a single window."},
-        {"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }},
-        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-        Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
-               {{"fra_Method", 0.95, 0.2},
-                {"cmb_Preset", 0.9, 0.5},
-                {"fra_Function1", 0.92, 0.1},
-                {"fra_Plot_0", 0.9, 0.15},
-                {"fra_coord", 1.0, 0.1}}),
-        {"frm_PlotSelect1", "", Pressing("cmd_Done")},
-        Marked(
-            {"frm_Plot1", "plot-acceleration", {}, 300},
-            {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}, {"fra_Links", 0.92, 0.07}}),
-        {"frm_Plot1", "", Pressing("cmd_Done")}};
+    return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
+             "Plot: the acceleration of the coupler point, in a single window."},
+            Marked({"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }}, {},
+                   {"fra_PickPlot_0", "fra_PickPlot_3"}),
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+            Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+                   {{"fra_Method", 0.95, 0.2},
+                    {"cmb_Preset", 0.9, 0.5},
+                    {"fra_Function1", 0.92, 0.1},
+                    {"fra_Plot_0", 0.9, 0.15}},
+                   {"frm_Plotstyle"}),
+            {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+            Marked({"frm_Plot1", "plot-acceleration", {}, 300},
+                   {{"grf_Plot_0", 0.42, 0.03}, {"grf_Plot_0", 0.12, 0.3}, {"fra_Grid", 1.0, 0.1}},
+                   {"grf_Plot_0", "fra_Grid"}),
+            {"frm_Plot1", "", Pressing("cmd_Done")}};
 }
 
 Stops Forces_And_Balance() {
@@ -210,17 +209,19 @@ Stops Forces_And_Balance() {
                     {"cmd_Solve", 0.08, 0.5}},
                    {"lbl_Link_4", "fra_Mass", "cmd_Matrix"}),
             {"frm_MassProp", "", Pressing("cmd_Matrix")},
-            {"frm_Matrix", "matrix", {}, 200},
+            Marked({"frm_Matrix", "matrix", {}, 200}, {}, {"fra_A", "fra_C"}, 0.46),
             {"frm_Matrix", "", Pressing("cmd_Done")},
             {"frm_MassProp", "", Pressing("cmd_Done")},
             {"frm_HomeScreen", "", Pressing("cmd_Balance"), 120, false, "",
              "Balance: two counterweights take the shaking force away."},
-            Marked({"frm_Balance", "balance", Pressing("cmd_Calc"), 400}, {{"fra_Needed", 0.93, 0.08},
-                                                                           {"fra_Link_2", 0.93, 0.12},
-                                                                           {"txt_Fluct", 0.15, 0.5},
-                                                                           {"grf_Plot_0", 0.94, 0.05},
-                                                                           {"grf_Plot_1", 0.94, 0.05},
-                                                                           {"pct_Pict1", 0.9, 0.04}}),
+            With(Marked({"frm_Balance", "balance", Pressing("cmd_Calc"), 400},
+                        {{"fra_Needed", 0.93, 0.08},
+                         {"fra_Link_2", 0.93, 0.12},
+                         {"txt_Fluct", 0.15, 0.5},
+                         {"grf_Plot_0", 0.94, 0.05},
+                         {"grf_Plot_1", 0.94, 0.05}},
+                        {"fra_Needed", "cmd_Calc", "grf_Plot_0", "grf_Plot_1"}),
+                 {{"balance-pulses", {"pct_Pict1"}, {}, 0.42}}),
             {"frm_Balance", "", Pressing("cmd_Done")}};
 }
 
@@ -229,64 +230,83 @@ Stops Table() {
     return {
         {"frm_HomeScreen", "", Pressing("cmd_Print"), 120, false, "",
          "Print: a table of force and moment, before and after."},
-        {"frm_PrintSelect", "print-select",
-         [](Screen& s) {
-             const auto& presets = s.Get<platform::ComboBox>("cmb_Preset").Items();
-             const auto wished = std::ranges::find(presets, "Balanced and Unbalanced Shaking Force and Torque");
-             Choose(s, "cmb_Preset", static_cast<int>(wished - presets.begin()));
-             Choose(s, "cmb_Step", 0);
-             Choose(s, "cmb_Decimal", 3);
-         }},
+        With(Marked({"frm_PrintSelect", "print-select",
+                     [](Screen& s) {
+                         const auto& presets = s.Get<platform::ComboBox>("cmb_Preset").Items();
+                         const auto wished =
+                             std::ranges::find(presets, "Balanced and Unbalanced Shaking Force and Torque");
+                         Choose(s, "cmb_Preset", static_cast<int>(wished - presets.begin()));
+                         Choose(s, "cmb_Step", 0);
+                         Choose(s, "cmb_Decimal", 3);
+                     }},
+                    {}, {"fra_Method", "fra_Preset", "fra_Plot_0", "fra_Plot_3"}),
+             {{"print-where", {"fra_Whereto", "fra_Decimal"}}}),
         {"frm_PrintSelect", "", Pressing("cmd_Done")},
         Marked(
             {"frm_PrintData", "print-data", {}, 300},
-            {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.4}, {"fra_Links", 0.92, 0.08}},
-            {"grd_Data", "fra_Links"}, 0.7),
+            {{"grd_Data", 0.195, 0.02}, {"grd_Data", 0.05, 0.16}, {"grd_Data", 0.05, 0.27}, {"fra_Links", 0.92, 0.08}},
+            {"grd_Data", "fra_Links"}, 0.358),
         {"frm_PrintData", "", Pressing("cmd_Done")}};
 }
 
 /// Two, four and polar windows, and the transform.
 Stops Other_Plots() {
-    return {{"frm_HomeScreen", "", Pressing("cmd_Plot")},
-            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            {"frm_PlotSelect2", "",
-             [](Screen& s) {
-                 Pick(s, "opt_Plotstyle", 0);
-                 Choose(s, "cmb_Preset", 1);
-             }},
-            {"frm_PlotSelect2", "", Pressing("cmd_Done")},
-            {"frm_Myplot2", "plot-aligned", {}, 700},
-            {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
-            {"frm_HomeScreen", "", Pressing("cmd_Plot")},
-            {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
-            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
-            {"frm_PlotSelect4", "", Pressing("cmd_Done")},
-            {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
-            {"frm_MyPlot4", "plot-polar", {}, 300},
-            {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
-            {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
-            {"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400},
-            {"frm_FFT", "", Pressing("cmd_Done")}};
+    return {
+        {"frm_HomeScreen", "", Pressing("cmd_Plot")},
+        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        {"frm_PlotSelect2", "",
+         [](Screen& s) {
+             Pick(s, "opt_Plotstyle", 0);
+             Choose(s, "cmb_Preset", 1);
+         }},
+        {"frm_PlotSelect2", "", Pressing("cmd_Done")},
+        Marked({"frm_Myplot2", "plot-aligned", {}, 700}, {}, {"pnl_LeftTitle_0", "pct_Plot_0", "pnl_BottomTitle_1"}),
+        {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
+        {"frm_HomeScreen", "", Pressing("cmd_Plot")},
+        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
+        {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
+        {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
+        {"frm_PlotSelect4", "", Pressing("cmd_Done")},
+        {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
+        Marked({"frm_MyPlot4", "plot-polar", {}, 300}, {}, {"pnl_LeftTitle", "pct_Plot"}),
+        {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
+        {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
+        With(Marked({"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400}, {},
+                    {"fra_Function1", "grf_Plot_0", "grf_Plot_1"}),
+             {{"transform-phase", {"grf_Plot_2", "grf_Plot_3"}}}),
+        {"frm_FFT", "", Pressing("cmd_Done")}};
 }
 
 /// The linkages that belong to the same curve.
 Stops Cognates() {
     return {{"frm_HomeScreen", "", Menu("mnu_Cayley")},
-            {"frm_Cayley", "cayley", {}, 300},
+            Marked({"frm_Cayley", "cayley", {}, 300}, {}, {"Picture1", "fra_Cognate", "fra_Grashof"}, 0.8),
             {"frm_Cayley", "", Pressing("cmd_Done")}};
 }
 
 Stops Two_Positions() {
     return {{"frm_HomeScreen", "", Menu("mnu_Twopos1")},
-            {"frm_Synth2A", "synthesis-2a", Pressing("cmd_Calc"), 300, false, "report-2a"},
+            Marked({"frm_Synth2A", "synthesis-2a", Pressing("cmd_Calc"), 300, false, "report-2a"},
+                   {{"fra_Given", 0.93, 0.1},
+                    {"fra_Left", 0.93, 0.14},
+                    {"fra_Right", 0.93, 0.14},
+                    {"fra_LeftCalc", 0.93, 0.14},
+                    {"fra_RightCalc", 0.93, 0.14},
+                    {"Image1", 0.06, 0.06}},
+                   {"fra_Given", "cmd_Calc", "fra_Right", "Image1", "lbl_Reach"}),
             {"frm_Synth2A", "", Pressing("cmd_Cancel")},
             {"frm_HomeScreen", "", Menu("mnu_Twopos2")},
-            {"frm_Synth2B", "synthesis-2b", Pressing("cmd_Calc"), 300, false, "report-2b"},
+            Marked({"frm_Synth2B", "synthesis-2b", Pressing("cmd_Calc"), 300, false, "report-2b"},
+                   {{"fra_Left", 0.93, 0.14}, {"fra_LeftCalc", 0.93, 0.14}}, {"fra_Left", "fra_Ground", "Image1"}),
             {"frm_Synth2B", "", Pressing("cmd_Cancel")},
             {"frm_HomeScreen", "", Menu("mnu_Spec")},
-            {"frm_Synth3", "synthesis-pivots", Pressing("cmd_Calc"), 300, false, "report-3"},
+            Marked({"frm_Synth3", "synthesis-pivots", Pressing("cmd_Calc"), 300, false, "report-3"},
+                   {{"fra_Pivot_0", 0.93, 0.14},
+                    {"fra_Pivot_2", 0.93, 0.14},
+                    {"fra_Left", 0.93, 0.14},
+                    {"fra_LeftCalc", 0.93, 0.08}},
+                   {"fra_Left", "fra_Ground", "Image1"}),
             {"frm_Synth3", "", Pressing("cmd_Cancel")}};
 }
 
@@ -315,15 +335,18 @@ Stops All_Linkages() {
     platform.longest = 15;
     platform.transmission = 25;
     return {{"frm_HomeScreen", "", Menu("mnu_Explore")},
-            Marked({"frm_Explore", "explore", found(lid), 400}, {{"fra_Positions", 0.92, 0.07},
-                                                                 {"fra_Limits", 0.92, 0.06},
-                                                                 {"fra_Weights", 0.92, 0.12},
-                                                                 {"Picture1", 0.06, 0.06},
-                                                                 {"hsc_Stroke", 0.5, 0.5},
-                                                                 {"pic_Map", 0.9, 0.08},
-                                                                 {"lbl_Told", 0.95, 0.9},
-                                                                 {"pic_Found_0", 0.9, 0.1}}),
-            {"frm_Explore", "explore-four", found(platform), 400},
+            With(Marked({"frm_Explore", "explore", found(lid), 400},
+                        {{"Picture1", 0.06, 0.06},
+                         {"hsc_Stroke", 0.5, 0.5},
+                         {"pic_Map", 0.9, 0.08},
+                         {"lbl_Told", 0.95, 0.9},
+                         {"pic_Found_0", 0.9, 0.1}},
+                        {"Picture1", "pic_Map", "lbl_Told", "cmb_Sort", "cmd_Later"}),
+                 {{"explore-task",
+                   {"fra_Positions", "fra_Limits", "fra_Weights"},
+                   {{"fra_Positions", 0.92, 0.07}, {"fra_Limits", 0.92, 0.06}, {"fra_Weights", 0.92, 0.12}}}}),
+            With(Marked({"frm_Explore", "explore-four", found(platform), 400}, {}, {"Picture1"}),
+                 {{"explore-map", {"pic_Map", "lbl_Map", "lbl_Told"}}}),
             {"frm_Explore", "", [](Screen& s) {
                  // The walk goes on with the model as it was.
                  Model.DesignTask.clear();
@@ -337,20 +360,20 @@ Stops Straight_Line() {
             {"frm_Inputnew", "", Both(Picking("opt_Polar", 1), Pressing("cmd_Calc")), 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
             {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400},
-            {"frm_Animate", "straight-line", Stepping(9)},
-            {"frm_Animate", "centrodes",
-             [](Screen& s) {
-                 Tick(s, "chk_Centrodes", true);
-                 s.Get<platform::ScrollBar>("hsc_speed").SetValue(32767);
-                 Press(s, "cmd_Animate");
-             },
-             120, true},
+            Marked({"frm_Animate", "straight-line", Stepping(9)}, {}, {"Picture1"}),
+            Marked({"frm_Animate", "centrodes",
+                    [](Screen& s) {
+                        Tick(s, "chk_Centrodes", true);
+                        s.Get<platform::ScrollBar>("hsc_speed").SetValue(32767);
+                        Press(s, "cmd_Animate");
+                    },
+                    120, true},
+                   {}, {"Picture1"}),
             {"frm_Animate", "", Pressing("cmd_Done")}};
 }
 
 /// What the animate screen does under the hand.
 Stops Under_The_Hand() {
-    const auto fold = [](Screen& s) { On_Button(s, "fold_Play"); };
     const auto shown = [](const char* picture, std::vector<std::string> part, Deed deed = {}) {
         return Stop{"frm_Animate", picture, std::move(deed), 300, false, "", "", std::move(part)};
     };
@@ -366,13 +389,11 @@ Stops Under_The_Hand() {
             done(Menus({"mnu_ViewPoles", "mnu_ViewVelocities", "mnu_ViewCurvature", "mnu_ViewGrid", "mnu_ViewNames"})),
             shown("hand-view", {"Picture1"}),
             done(Menus({"mnu_ViewPoles", "mnu_ViewVelocities", "mnu_ViewCurvature", "mnu_ViewGrid"})),
-            done(fold),
-            shown("hand-drag", {"Picture1", "lbl_Why", "fra_Links"}, Pull_Along{Joint::kP, {{0.06, -0.06}}, false}),
+            shown("hand-drag", {"Picture1"}, Pull_Along{Joint::kP, {{0.06, -0.06}}, false}),
             done(Let_Go),
             done(Menu("mnu_Undo")),
-            done(fold),
             done(Stepping(14)),
-            shown("hand-line", {"Picture1", "lbl_Why"}, Pull_Along{Joint::kO4, {{0.16, 0.02}}, false}),
+            shown("hand-line", {"Picture1", "lbl_Why"}, Pull_Along{Joint::kO4, {{-0.4, 0.1}}, false}),
             done(Let_Go),
             done(Menu("mnu_Undo")),
             shown("hand-locks", {"fra_Links"}, [](Screen& s) { Tick(s, "chk_Lock", true, 4); }),
@@ -408,8 +429,9 @@ Stops Studies() {
                      {"txt_PlusMinus", 3, "0.02"},
                      {"txt_PlusMinus", 4, "0.01"}})},
             {.screen = "frm_Studies", .picture = "", .act = Pressing("cmd_Start"), .until = ended},
-            Marked({"frm_Studies", "studies", {}, 300, false, "", "", {"his_Spread", "bar_Share", "Picture1"}},
-                   {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.94, 0.75}, {"Picture1", 0.06, 0.06}}),
+            Marked({"frm_Studies", "studies", {}, 300},
+                   {{"his_Spread", 0.06, 0.06}, {"bar_Share", 0.94, 0.75}, {"Picture1", 0.06, 0.06}},
+                   {"his_Spread", "bar_Share", "Picture1"}, 0.98),
             {"frm_Studies", "", Pressing("cmd_Cancel")}};
 }
 

@@ -19,6 +19,14 @@ struct Mark {
     double across = 0, down = 0.5;
 };
 
+/// A picture of a part of a window.
+struct Cut {
+    std::string picture;
+    std::vector<std::string> part = {};  ///< the widgets that it is cut to; empty: the window
+    std::vector<Mark> marks = {};        ///< numbered in their order, from 1
+    double lower = 1;                    ///< how much of that part is in the picture, from its top
+};
+
 /// One stop of the walk: wait for a screen, do something on it, let it settle, save its picture under a name.
 struct Stop {
     std::string screen;
@@ -33,6 +41,7 @@ struct Stop {
     std::vector<Mark> marks = {};             ///< numbered in their order, from 1
     std::string file = {};                    ///< typed where a dialog asks for a file; a path, or a name in its folder
     std::function<bool(Screen&)> until = {};  ///< true once the screen has ended what the deed began
+    std::vector<Cut> more = {};               ///< further pictures of what is seen then
 };
 
 /// Told where the user's hand is, before it does anything; a film is made of this.
@@ -44,8 +53,6 @@ enum class Mouse { kMove, kPress, kRelease };
 inline std::function<void(Screen&, Mouse, platform::Point)> On_Mouse;
 /// Told what the hand does and what the walk looks at, each as one line; the account of the walk has them.
 inline std::function<void(const std::string&)> On_Account;
-/// Clicks a button of the window that is no control of the screen, by its name.
-inline std::function<void(Screen&, const char*)> On_Button;
 
 inline void Account(const std::string& deed, const std::string& words) {
     if (On_Account) On_Account(deed + " " + words);
@@ -101,7 +108,7 @@ inline void Choose_Entry(Screen& screen, const char* entry, int index = platform
     const platform::Deed whole(control);
     std::vector<std::string> way;
     for (const platform::MenuEntry* at = &control; at; at = at->Parent()) way.insert(way.begin(), Plain(at->Caption));
-    for (const std::string& step : way) Account(control.Enabled ? "pressed" : "cannot press", step);
+    for (const std::string& words : way) Account(control.Enabled ? "pressed" : "cannot press", words);
     control.Click();
 }
 

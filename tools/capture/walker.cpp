@@ -1,7 +1,6 @@
 // A timer leads from stop to stop, as screens are shown from within the deeds on others.
 #include "tools/capture/walker.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -29,7 +28,7 @@ namespace {
 
 constexpr int kPatience = 1600;
 constexpr double kReading = 3.5, kLooking = 2.5, kPointing = 0.5;  ///< seconds of film
-constexpr int kMargin = 8;                                         ///< pixels around what a picture is cut to
+constexpr int kMargin = 4;                                         ///< pixels around what a picture is cut to
 
 /// Of a widget of a window, or of its drawing; nothing where there is none.
 QRect Place_Of_Widget(QWidget& window, const std::string& name) {
@@ -44,18 +43,18 @@ QRect Place_Of_Widget(QWidget& window, const std::string& name) {
 }
 
 /// What of a window holds all these widgets; all of it for none.
-QRect Part_Of(QWidget& window, const Stop& stop) {
+QRect Part_Of(QWidget& window, const Cut& cut) {
     QRect part;
-    for (const std::string& name : stop.part) part |= Place_Of_Widget(window, name);
+    for (const std::string& name : cut.part) part |= Place_Of_Widget(window, name);
     if (part.isNull()) part = window.rect();
     part = part.adjusted(-kMargin, -kMargin, kMargin, kMargin) & window.rect();
-    part.setHeight(qRound(part.height() * stop.lower));
+    part.setHeight(qRound(part.height() * cut.lower));
     return part;
 }
 
-void Paint_Marks(QPainter& painter, QWidget& window, const Stop& stop, const QRect& part) {
+void Paint_Marks(QPainter& painter, QWidget& window, const std::vector<Mark>& marks, const QRect& part) {
     int number = 0;
-    for (const Mark& mark : stop.marks) {
+    for (const Mark& mark : marks) {
         const QRect place = Place_Of_Widget(window, mark.widget);
         const QPointF at(place.x() + mark.across * place.width(), place.y() + mark.down * place.height());
         const double within = kCalloutSize / 2 + 1;
@@ -87,10 +86,6 @@ Walker::Walker(desktop::QtDesktop& desktop, const QDir& folder, Stops stops, std
         if (line != said_ || line.starts_with("typed")) account_ += line + "\n";
         said_ = line;
     };
-    On_Button = [this](Screen& screen, const char* name) {
-        auto* button = desktop_.formOf(screen).findChild<QAbstractButton*>(QString::fromLatin1(name));
-        if (button) button->click();
-    };
 }
 
 void Walker::Use(Film& film) {
@@ -119,13 +114,18 @@ int Walker::Rest(const Stop& stop) const {
 
 void Walker::Save(QWidget& window, const Stop& stop) {
     if (film_) return film_->Show(window, kLooking);
-    const QRect part = Part_Of(window, stop);
+    Take(window, {stop.picture, stop.part, stop.marks, stop.lower});
+    for (const Cut& cut : stop.more) Take(window, cut);
+}
+
+void Walker::Take(QWidget& window, const Cut& cut) {
+    const QRect part = Part_Of(window, cut);
     QPixmap picture = window.grab(part);
     QPainter painter(&picture);
     if (over_drawing_) Paint_Hand(painter, mouse_ - part.topLeft(), holds_);
-    Paint_Marks(painter, window, stop, part);
+    Paint_Marks(painter, window, cut.marks, part);
     painter.end();
-    Keep(picture, stop.picture);
+    Keep(picture, cut.picture);
 }
 
 void Walker::Keep(const QPixmap& picture, const std::string& name) {

@@ -43,6 +43,7 @@ class Walker {
     /// once more by itself.
     int Rest(const Stop& stop) const;
     void Save(QWidget& window, const Stop& stop);
+    void Take(QWidget& window, const Cut& cut);
     void Keep(const QPixmap& picture, const std::string& name);
     void Answer(QMessageBox& box);
     void Answer(QFileDialog& dialog);

@@ -99,6 +99,14 @@ def read_order(sources):
     return order + [(part, page) for page in there if page not in known]
 
 
+def across(picture):
+    """The pixels across a PNG, 0 of what cannot be read."""
+    try:
+        return int.from_bytes(picture.read_bytes()[16:20], "big")
+    except OSError:
+        return 0
+
+
 def _take_formulas(text, chapter):
     """Formulas become marks that Markdown leaves alone."""
     count = 0
@@ -204,8 +212,7 @@ def _lead(chapter):
     """What stands right before a table, a list of code or a formula stays with it."""
     children = list(chapter.root)
     for element, following in zip(children, children[1:]):
-        if element.tag == "p" and following.tag in ("table", "pre") or (
-                element.tag == "p" and following.get("class") == "display" and text_of(element).rstrip().endswith((":", ","))):
+        if element.tag == "p" and (following.tag in ("table", "pre") or following.get("class") == "display"):
             element.set("class", "lead")
     for table in chapter.root.iter("table"):
         rows = len(table.findall(".//tr"))

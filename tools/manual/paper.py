@@ -6,21 +6,27 @@ that follows, or shown a little smaller.
 
 import copy
 import dataclasses
+import math
 import posixpath
 import xml.etree.ElementTree as ET
 
 import weasyprint
 
-from pages import OVERVIEW, Trouble, escaped, target_of
+from pages import OVERVIEW, Trouble, across, escaped, target_of
 
 POINTS = 0.75  # of a CSS pixel
 UNKNOWN = 99  # stands for the number of a page in the first layout
 FULL = 0.80  # a page that is fuller than this has no gap
 HEADED = 62  # pixels that a heading takes with the room about it
 FEW = 0.12  # a last page that is emptier than this has too few lines
-ROUNDS = 7
+ROUNDS, TOPIC_ROUNDS = 7, 16  # layouts until it is taken as it is; of a page by itself they cost little
 COLUMN = 605  # pixels across the text
-SCREEN = 0.36  # of the pixels of a picture of a screen, which is twice as dense as most displays
+WIDE = 695  # pixels across a picture that goes beyond the text into both margins
+# Pixels on paper for one of a picture of a screen, which is twice as dense as most displays. The interface's 9 points
+# are 24 of them: as a rule they become 7.2 points in print, and never less than 7.
+SCREEN, LEAST = 0.40, 7 / 18
+DRAWING = 0.33  # the same of a picture of a drawing in which no word is to be read
+DRAWINGS = {"cam-drive.png", "centrodes.png", "line-curve.png", "stage-two.png", "straight-line.png"}
 
 
 @dataclasses.dataclass
@@ -100,12 +106,12 @@ def _look_again(document, arranged_roots, prefixes, look):
             changed.add(chapter)
             plain = name[len(prefixes[chapter]):]
             room = top + height - bottom - above - 75  # a caption takes its part
-            picture = next(child for child in _descend(box) if child.element_tag == "img")
-            if room >= 0.68 * picture.height and (chapter, plain) not in look.smaller:
+            picture = _picture(box)
+            if room >= _least(picture, 0.68) and (chapter, plain) not in look.smaller:
                 look.smaller[chapter, plain] = room
             elif _can_move(arranged_roots[chapter], plain) and look.later.get((chapter, plain), 0) < 4:
                 look.later[chapter, plain] = look.later.get((chapter, plain), 0) + 1
-            elif (chapter, plain) not in look.smaller and room >= 0.5 * picture.height:
+            elif (chapter, plain) not in look.smaller and room >= _least(picture, 0.5):
                 look.smaller[chapter, plain] = room
             else:
                 changed.discard(chapter)
@@ -124,12 +130,15 @@ def _few_left(document, chapter, look):
     figures = {}
     for sheet in sheets:
         _figures(sheet._page_box, figures)
-    heights = {name: next(child for child in _descend(box) if child.element_tag == "img").height
-               for name, box in figures.items() if (chapter.page, name) not in look.smaller}
-    name = max(heights, key=heights.get, default=None)
-    if name is None or heights[name] - over - 30 < 0.6 * heights[name]:
+    spare = {}
+    for name, box in figures.items():
+        if (chapter.page, name) not in look.smaller:
+            picture = _picture(box)
+            spare[name] = picture.height - _least(picture, 0.6), picture.height - over - 30
+    name = max(spare, key=spare.get, default=None)
+    if name is None or spare[name][0] < over + 30:
         return False
-    look.smaller[chapter.page, name] = heights[name] - over - 30
+    look.smaller[chapter.page, name] = spare[name][1]
     return True
 
 
@@ -139,12 +148,23 @@ def _descend(box):
         yield from _descend(child)
 
 
-def _width(picture):
-    """Of a PNG, in its own pixels; what cannot be read is as wide as the text."""
-    try:
-        return int.from_bytes(picture.read_bytes()[16:20], "big")
-    except OSError:
-        return COLUMN / SCREEN
+def _picture(figure):
+    return next(child for child in _descend(figure) if child.element_tag == "img")
+
+
+def _least(picture, part):
+    """The least height of a picture on paper: that part of the present one, and of a screen's what can be read."""
+    read = float(picture.element.get("data-read", 0))
+    return max(part, read / picture.width) * picture.height
+
+
+def _width(name, pixels):
+    """On paper, of a picture of a screen: in the column where its text is large enough there, else beyond it."""
+    if name in DRAWINGS:
+        return DRAWING * pixels
+    if LEAST * pixels <= COLUMN:
+        return min(COLUMN, SCREEN * pixels)
+    return min(WIDE, LEAST * pixels)
 
 
 def _html(title, language, css, body):
@@ -184,7 +204,12 @@ class Setter:
                 file = self.pictures / posixpath.basename(element.get("src"))
                 element.set("src", file.absolute().as_uri())
                 if file.suffix == ".png":
-                    element.set("style", f"width:{min(COLUMN, SCREEN * _width(file)):.0f}px;" + element.get("style", ""))
+                    pixels = across(file) or round(COLUMN / SCREEN)  # what cannot be read is as wide as the text
+                    width = math.ceil(_width(file.name, pixels))
+                    beyond = f"max-width:none;margin:0 {(COLUMN - width) / 2:.1f}px;" if width > COLUMN else ""
+                    if file.name not in DRAWINGS:
+                        element.set("data-read", f"{LEAST * pixels:.1f}")
+                    element.set("style", f"width:{width}px;{beyond}" + element.get("style", ""))
             if element.tag == "a":
                 there = target_of(element.get("href"), chapter, self.chapters)
                 if there is None:
@@ -216,7 +241,7 @@ class Setter:
         if book:  # the overview has no prefix, so it is asked last
             prefixes = dict(sorted(prefixes.items(), key=lambda item: item[1] == ""))
         pages, settled = {}, False
-        for _ in range(ROUNDS):
+        for _ in range(ROUNDS if book else TOPIC_ROUNDS):
             arranged, text = self._body(chapters, look, book, pages)
             document = self._laid_out(around(text, pages))
             known, pages = pages, {name: number for number, page in enumerate(document.pages, 1) for name in page.anchors}

@@ -8,7 +8,7 @@ import re
 import shutil
 import xml.etree.ElementTree as ET
 
-from pages import escaped, target_of, text_of
+from pages import across, escaped, target_of, text_of
 
 HOME = "index.html"
 # It needs scripts, and shows itself when there are.
@@ -16,7 +16,7 @@ SEARCH = ('<form class="search" role="search" hidden><label for="find">Find</lab
           'autocomplete="off"><p id="told" aria-live="polite"></p><ol id="found"></ol></form>')
 
 
-def _dressed(chapter, chapters):
+def _dressed(chapter, chapters, pictures):
     root = copy.deepcopy(chapter.root)
     numbers = {heading.name: heading for heading in chapter.headings}
     for element in root.iter():
@@ -27,7 +27,10 @@ def _dressed(chapter, chapters):
             element.text = None
             element.insert(0, span)
         if element.tag == "img":
-            element.set("src", "pictures/" + posixpath.basename(element.get("src")))
+            name = posixpath.basename(element.get("src"))
+            element.set("src", "pictures/" + name)
+            if name.endswith(".png") and across(pictures / name):
+                element.set("width", str(across(pictures / name) // 2))  # as large as on a screen
             element.set("loading", "lazy")
         if element.tag == "a":
             there = target_of(element.get("href"), chapter, chapters)
@@ -109,7 +112,7 @@ def write(chapters, folder, pictures, version, date):
             if (pictures / name).is_file():
                 shutil.copy(pictures / name, folder / "pictures" / name)
         beside = f'<nav class="beside"><p class="home"><a href="{HOME}">Verlink manual</a></p>{SEARCH}{_list(chapters, chapter)}</nav>'
-        body = chapter.written(_dressed(chapter, chapters)) + _neighbours(order, at)
+        body = chapter.written(_dressed(chapter, chapters, pictures)) + _neighbours(order, at)
         text = _page(f"{chapter.title} - Verlink manual", beside, body, version, date)
         (folder / (chapter.stem + ".html")).write_text(text, encoding="utf-8")
     body = (f'<h1>Verlink: the manual</h1><p>Version {escaped(version)}, {escaped(date)}. The same as one document for '
