@@ -147,10 +147,10 @@ Stops First_Stage() {
                                           {"txt_Linkout", 3, "110"},
                                           {"txt_Linkout", 0, "200"},
                                           {"txt_Linkout", 6, "0"},
+                                          {"txt_Thetazero", kOne, "0"},
                                           {"txt_initial", 0, "0"},
                                           {"txt_initial", 1, "0.5"},
                                           {"txt_initial", 2, "0.005"},
-                                          {"txt_Thetazero", kOne, "0"},
                                           {"txt_initial", 3, "12.5664"},
                                           {"txt_initial", 4, "0"}})),
                At("frm_Inputnew", Pressing("cmd_Calc"))});
