@@ -87,14 +87,14 @@ TEST_F(PicturePixelsTest, FramesThatAreErasedArePaintedAnewEach) {
 TEST_F(PicturePixelsTest, AfterSomethingWasTakenOutATraceGoesOnWithWhatIsNew) {
     Play(true, false, 40);
     picture.Line(-5, -5, 5, 5, kGreen);
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     Pivots();
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     picture.Line(-5, -5, 5, 5, kWhite);
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     EXPECT_GT(pixels.Painted(), 150U) << "all of it anew";
     Linkage(5, kMagenta, kRed);
-    pixels.Paint(picture, kSide, kSide);
+    pixels.Paint(picture, kPixels, kPixels);
     EXPECT_LE(pixels.Painted(), 20U);
     EXPECT_EQ(pixels.Pixels(), Anew(picture));
 }
