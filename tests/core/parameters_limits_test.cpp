@@ -259,11 +259,13 @@ TEST_F(ParametersLimits, AnOverflowWhileReadingIsReportedAndCountsAsRefused) {
 
 TEST_F(ParametersLimits, AngleLabels) {
     Model.Omega2Input = 12.5;
+    for (int i = 0; i < 6; ++i)
+        input.Get<Label>("lbl_Initial", i).Caption = input.Get<Label>("lbl_Unit", i).Caption.Get() + " before";
     Put_Angle_Initial_Conditions(input);
     Expect_Boxes("45", "405", "10");
-    const char* names[] = {"Min Theta", "Max Theta", "Delta Theta", "Omega2"};
-    const char* units[] = {"deg", "deg", "deg", "rad/s"};
-    for (int i = 0; i < 4; ++i) {
+    const char* names[] = {"Min Theta", "Max Theta", "Delta Theta", "Omega2", "Alpha2", "Theta Zero"};
+    const char* units[] = {"deg", "deg", "deg", "rad/s", "rad/s^2", "deg"};
+    for (int i = 0; i < 6; ++i) {
         EXPECT_EQ(input.Get<Label>("lbl_Initial", i).Caption, names[i]);
         EXPECT_EQ(input.Get<Label>("lbl_Unit", i).Caption, units[i]);
     }
@@ -274,6 +276,22 @@ TEST_F(ParametersLimits, AngleLabels) {
     Put_Angle_Initial_Conditions(animate);
     EXPECT_EQ(animate.Get<Label>("lbl_StepLabel").Caption, "Alpha2");
     EXPECT_EQ(animate.Get<Label>("lbl_StepUnit").Caption, "rad/s^2");
+}
+
+TEST_F(ParametersLimits, AnotherSpeedDropsTheRunAndTheSaveAndTheSameKeepsThem) {
+    Model.Omega2Input = 10;
+    Run_Holds();
+    Model_Saved();
+    TextBox& speed = input.Text("txt_initial", 3);
+    speed.Type("10.0");
+    Take_Motion(speed, Model.Omega2Input);
+    EXPECT_TRUE(Model.RunStands);
+    EXPECT_TRUE(Model.SavedFlag);
+    speed.Type("11");
+    Take_Motion(speed, Model.Omega2Input);
+    EXPECT_EQ(Model.Omega2Input, 11);
+    EXPECT_FALSE(Model.RunStands);
+    EXPECT_FALSE(Model.SavedFlag);
 }
 
 TEST_F(ParametersLimits, TimeLabels) {

@@ -144,6 +144,11 @@ TEST(Tally, TakesNoLinesThatAreNone) {
         std::vector<std::string> broken = lines;
         broken[i] += "x";
         EXPECT_FALSE(tally.Take(broken)) << i;
+        // A value without its linkage, or a bin without its greatest.
+        broken[i] = lines[i].substr(0, lines[i].find_last_of(' ', lines[i].size() - 2) + 1);
+        if (lines[i].find(' ') + 1 < lines[i].size()) {
+            EXPECT_FALSE(tally.Take(broken)) << i;
+        }
     }
     EXPECT_FALSE(tally.Take({}));
     Spread_Of_Values spread;
