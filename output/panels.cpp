@@ -36,8 +36,15 @@ void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
 }
 
 void Put_Run_Lines(Screen& screen, const Drive& drive, std::array<RunLine, 6> lines) {
-    // Where a table drives the crank, what stands behind the limits is of another drive.
-    if (drive.Calctype >= 4) std::fill(lines.begin() + 3, lines.end(), RunLine{"", "", ""});
+    // Where a table drives the crank, texts of limits are of another drive, and so is what stands behind them.
+    if (drive.Calctype >= 4) {
+        constexpr int kTimeDecimals = 4;
+        const auto time = [](double seconds) { return Text_Of(Single(FNRound(seconds, kTimeDecimals))); };
+        lines[0].value = time(drive.TimeStart);
+        lines[1].value = time(drive.TimeStart + double{drive.TimeStep} * int{drive.NSteps});
+        lines[2].value = time(drive.TimeStep);
+        std::fill(lines.begin() + 3, lines.end(), RunLine{"", "", ""});
+    }
     for (const char* label : {"lbl_Linkout2", "lbl_Initial"}) Show(screen, label, 0, true);
     Put_Caption(screen, "lbl_Linkout2", 0, drive.CircuitName);
     for (int i = 1; i <= 6; ++i) Put_Run_Line(screen, i, lines[static_cast<std::size_t>(i - 1)]);

@@ -90,12 +90,17 @@ TEST_F(Panels, OfATimeRunNameTheThreeTimesAndTheStart) {
     EXPECT_NE(panel.lbl_Links[5].Caption, "");
 }
 
-TEST_F(Panels, OfADrivenRunNameTheThreeTimesAndNoStartThatItHasNot) {
+TEST_F(Panels, OfADrivenRunNameTheTimesOfItsTableAndNoStartThatItHasNot) {
+    // The texts of the limits are still those of 45 to 405 by 2.
+    Model.TimeStart = 0.25F;
+    Model.TimeStep = 1.0F / 360;
+    Model.NSteps = 180;
     for (const int mode : {4, 5}) {
+        Model.Calctype = 3;
         Show_Time_Panel(screen);
         Model.Calctype = mode;
         Show_Time_Panel(screen);
-        EXPECT_EQ(Captions(panel.lbl_Linkout2, 0, 6), (Texts{"Open", "45", "405", "2", "", "", ""}));
+        EXPECT_EQ(Captions(panel.lbl_Linkout2, 0, 6), (Texts{"Open", "0.25", "0.75", "0.0028", "", "", ""}));
         EXPECT_EQ(Captions(panel.lbl_Initial, 1, 6), (Texts{"Start Time", "End Time", "Delta Time", "", "", ""}));
         EXPECT_EQ(Captions(panel.lbl_Unit, 1, 6), (Texts{"sec", "sec", "sec", "", "", ""}));
     }
