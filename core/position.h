@@ -57,8 +57,18 @@ struct Position {
     Rounding<V> All;
 };
 
+/// A root of A x^2 + B x + C = 0; `root` is that of its discriminant, with the sign of the circuit. Beside a small A
+/// the usual numerator may be what two numbers of nearly the same size leave of each other; there the same root's other
+/// form keeps their digits.
+template <class V>
+inline V Root_Of_Quadratic(V A, V B, V C, V root) {
+    const auto cancels = 256 * A * A < B * root;
+    return If(cancels, 2 * C, -B + root) / If(cancels, -B - root, 2 * A);
+}
+
 /// Both quadratics of the half-angle substitution into Freudenstein's equation. Leaves the tangents of the half angles
-/// in Theta4 and Theta3.
+/// in Theta4 and Theta3. Away from toggles the loop closes to 6e-7 of the ground link, beside a vanishing leading
+/// coefficient too (tests/core/solver_test.cpp).
 template <class V>
 inline void Close_Loop(const LinkageShape& g, Position<V>& p) {
     const V s2 = p.SinTheta2, c2 = p.CosTheta2;
@@ -68,13 +78,13 @@ inline void Close_Loop(const LinkageShape& g, Position<V>& p) {
     const V C = r(g.K3 + g.K1 - (g.K2 + 1) * c2);
     p.D4 = r(B * B - 4 * p.A * C);
     p.ClosureSum = r.Sum();
-    p.Theta4 = (-B + g.Sign * Sqrt(p.D4)) / (2 * p.A);
+    p.Theta4 = Root_Of_Quadratic(p.A, B, C, g.Sign * Sqrt(p.D4));
     p.D = r((g.K4 + 1) * c2 + g.K5 - g.K1);
     const V E = B;
     const V F = r((g.K4 - 1) * c2 + g.K5 + g.K1);
     p.D3 = r(E * E - 4 * p.D * F);
     p.CouplerSum = r.Sum();
-    p.Theta3 = (-E + g.Sign * Sqrt(p.D3)) / (2 * p.D);
+    p.Theta3 = Root_Of_Quadratic(p.D, E, F, g.Sign * Sqrt(p.D3));
     p.All = r;
 }
 

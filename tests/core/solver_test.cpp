@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <iostream>
+#include <vector>
 
 #include "core/linkage_model.h"
 #include "core/runs.h"
@@ -57,6 +61,39 @@ TEST_F(Position, DefaultLinkageClosesOnBothCircuitsWithDifferentAngles) {
     EXPECT_LT(Model.By, 0.0);
     EXPECT_NE(open3, Model.Theta3Rad);
     EXPECT_NE(open4, Model.Theta4Rad);
+}
+
+/// The crank angles at which the leading coefficient of one of the quadratics vanishes, degrees.
+std::vector<double> Without_Leading_Coefficient() {
+    const auto& m = Model;
+    const double L1 = m.L1, L2 = m.L2, L3 = m.L3, L4 = m.L4;
+    const double K3 = (L2 * L2 - L3 * L3 + L4 * L4 + L1 * L1) / (2 * L2 * L4);
+    const double K5 = (L4 * L4 - L1 * L1 - L2 * L2 - L3 * L3) / (2 * L2 * L3);
+    std::vector<double> angles;
+    for (const double cosine : {(L1 / L2 - K3) / (1 - L1 / L4), (L1 / L2 - K5) / (L1 / L3 + 1)})
+        if (std::fabs(cosine) < 1)
+            for (const int side : {1, -1}) angles.push_back(side * std::acos(cosine) * kRadToDeg);
+    return angles;
+}
+
+TEST_F(Position, ClosesAsWellWhereALeadingCoefficientNearlyVanishes) {
+    int solved = 0;
+    double worst = 0;
+    for (const auto& [L1, L2, L3, L4] : {std::array{6.0, 3.0, 5.0, 7.0}, {2.0, 5.0, 6.0, 4.5}, {5.0, 6.0, 3.5, 7.0}}) {
+        Lengths(L1, L2, L3, L4);
+        for (const double vanishes : Without_Leading_Coefficient())
+            for (int sign : {1, -1})
+                for (double beside = 8; beside > 1e-6; beside *= 0.7) {
+                    Model.CircuitSign = sign;
+                    Solve(vanishes + sign * beside);
+                    if (!Model.RunTable.Assembled(0)) continue;
+                    ++solved;
+                    worst = std::max(worst, Closure() / Model.L1);
+                }
+    }
+    std::cout << "[  closure ] " << worst << " of the ground at most, " << solved << " positions\n";
+    EXPECT_GT(solved, 300);
+    EXPECT_LT(worst, 1.5e-6);
 }
 
 TEST_F(Position, CrankAtRestHasNoSpeedsAndRepeatsThePreviousRatio) {

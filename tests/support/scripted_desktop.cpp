@@ -5,6 +5,7 @@
 
 #include <charconv>
 #include <cstdlib>
+#include <sstream>
 
 #include "platform/deed.h"
 #include "platform/guard.h"
@@ -258,11 +259,14 @@ std::string LogSurface::Text() const {
 
 void Expect_Log(const std::string& name, const LogSurface& surface) {
     const std::string path = std::string(VERLINK_TESTS) + "/logs/" + name + ".log";
-    const std::string text = surface.Text();
-    if (Held(path) == text) return;
+    const std::string text = surface.Text(), held = Held(path);
+    if (held == text) return;
     if (std::getenv("VERLINK_ACCEPT")) return Put_File(path, text);
-    Put_File(path + ".new", text);
-    ADD_FAILURE() << "the drawing differs from " << path << "; the new log lies beside it";
+    std::istringstream drawn(text), accepted(held);
+    std::string now, then;
+    int line = 1;
+    while (std::getline(drawn, now) && std::getline(accepted, then) && now == then) ++line;
+    ADD_FAILURE() << path << ":" << line << ": the drawing has\n" << now << "\nwhere the log has\n" << then;
 }
 
 }  // namespace verlink::test

@@ -138,8 +138,8 @@ class LogSurface : public platform::Surface {
     std::string Text() const;
 };
 
-/// Compares a log with tests/logs/<name>.log. A difference fails the test and leaves the new log beside it as
-/// <name>.log.new; with VERLINK_ACCEPT=1 in the environment the reference is replaced instead.
+/// Compares a log with tests/logs/<name>.log. A difference fails the test with the first line that differs; with
+/// VERLINK_ACCEPT=1 in the environment the reference is replaced instead.
 void Expect_Log(const std::string& name, const LogSurface& surface);
 
 }  // namespace verlink::test

@@ -38,7 +38,7 @@ Placed Place(const Posed& at, int cognate, bool swapped) {
 }
 
 /// Parts of the longest length of a cognate.
-constexpr double kLastPlaces = 4e-6, kWrong = 0.05;
+constexpr double kLastPlaces = 4e-6, kWrong = 0.001;
 
 struct CognateCurves : Synthesis {
     static void Take_Row(const CognateTable& table, int row) {

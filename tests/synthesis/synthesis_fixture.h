@@ -59,9 +59,8 @@ class Chance {
     std::mt19937 generator_;
 };
 
-/// How far results lie from where they ought to, over many cases. The angle of a link comes from the half-angle
-/// equation, which loses digits where its leading coefficient happens to be small: a few cases in a thousand lose some
-/// digits, so that the bound that nearly all keep to tells the precision, and the one for all tells a wrong result.
+/// How far results lie from where they ought to, over many cases. A few in a thousand lose some digits, near a toggle
+/// above all, so that the bound that nearly all keep to tells the precision, and the one for all tells a wrong result.
 class Misses {
    public:
     void Add(double miss) { misses_.push_back(miss); }

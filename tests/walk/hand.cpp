@@ -35,6 +35,9 @@ bool Frames_Let(const Visual& control) {
     if (name == "txt_O2") return Frame_Lets(screen, "fra_Pivot", 0);
     if (name == "txt_O4") return Frame_Lets(screen, "fra_Pivot", 1);
     if (name == "txt_P1") return Frame_Lets(screen, "fra_Pivot", 2);
+    if (Any_Of(name, {"cmb_Sweep", "txt_From", "txt_To", "txt_Count"})) return Frame_Lets(screen, "fra_Sweep");
+    if (Any_Of(name, {"cmb_Tolerance", "txt_PlusMinus", "cmb_Spread", "txt_Samples", "txt_Seed"}))
+        return Frame_Lets(screen, "fra_Tolerance");
     const char slot = name.empty() ? ' ' : name.back();
     if (std::isdigit(static_cast<unsigned char>(slot)) != 0 &&
         Any_Of(name.substr(0, name.size() - 1), {"cmb_Var", "cmb_Com", "cmd_OK", "cmd_Clear"}))

@@ -156,8 +156,10 @@ void Walker::Perform(Screen& top, const Action& action, const Hand& deed) {
     // A search that ends by itself is the same each time, which one that is watched as it goes is not.
     auto* explore = dynamic_cast<frm_Explore*>(&top);
     if (explore) explore->Effort.coarse = true;
-    // What stands beside changes nothing, whatever waits to be taken over on the others.
-    const bool only_looks = top.Beside() || (!typing && !Waits_For_A_Hand(top) && Only_Looks(top, action));
+    // What stands beside changes nothing, whatever waits to be taken over on the others. Except: what is on its way
+    // anyhow.
+    const bool only_looks =
+        top.Beside() ? !Time_Will_Tell() : !typing && !Waits_For_A_Hand(top) && Only_Looks(top, action);
     const Words before = only_looks ? Record_Words() : Words();
     try {
         // As a desktop does, under the name of the control.
