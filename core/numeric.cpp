@@ -92,8 +92,24 @@ std::string Scientific(double value) {
     return text + std::to_string(std::abs(decimal.exponent));
 }
 
-/// 1 - x^2 in single precision, on which both inverse functions decide.
-Single Arc_Argument(Single x) { return 1 - x * x; }
+/// `angle` of 1 - x^2 in single precision, on which both inverse functions decide. At the ends of the range they give
+/// `at_ends`, and not the multiples of pi/2.
+template <class Angle>
+double Arc(const std::string& function, Single x, double at_ends, Angle angle) {
+    double found = 0;
+    Guarded("FNArc" + function, [&] {
+        const Single t = 1 - x * x;
+        if (t < 0)
+            Model.MathDomainError = true;
+        else if (t == 0)
+            found = at_ends;
+        else if (t <= 1)
+            found = angle(t);
+        else
+            platform::Tell("Something wrong - cannot take Arc" + function + " of " + Text_Of(x));
+    });
+    return found;
+}
 
 double Angle_Of(double x, double y) { return Direction<double>(x, y, std::atan(y / x)); }
 
@@ -137,35 +153,11 @@ void Eliminate(int n, std::span<double> A, std::span<double> B, Integer& Flag) {
 }  // namespace
 
 double FNArcCos(Single x) {
-    double angle = 0;
-    Guarded("FNArcCos", [&] {
-        const Single t = Arc_Argument(x);
-        if (t < 0)
-            Model.MathDomainError = true;
-        else if (t == 0)
-            angle = 1;  // the limits of the range give 1, and not 0 and pi
-        else if (t <= 1)
-            angle = -std::atan(x / std::sqrt(t)) + kPi / 2;
-        else
-            platform::Tell("Something wrong - cannot take ArcCos of " + Text_Of(x));
-    });
-    return angle;
+    return Arc("Cos", x, 1, [x](Single t) { return -std::atan(x / std::sqrt(t)) + kPi / 2; });
 }
 
 double FNArcSin(Single x) {
-    double angle = 0;
-    Guarded("FNArcSin", [&] {
-        const Single t = Arc_Argument(x);
-        if (t < 0)
-            Model.MathDomainError = true;
-        else if (t == 0)
-            angle = 0;  // the limits of the range give 0, and not pi/2 either way
-        else if (t <= 1)
-            angle = std::atan(x / std::sqrt(t));
-        else
-            platform::Tell("Something wrong - cannot take ArcSin of " + Text_Of(x));
-    });
-    return angle;
+    return Arc("Sin", x, 0, [x](Single t) { return std::atan(x / std::sqrt(t)); });
 }
 
 double Atan2(Single x, Single y) { return Angle_Of(x, y); }

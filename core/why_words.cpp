@@ -31,7 +31,7 @@ class Telling {
         for (int link = 1; link <= 4; ++link) links_.Of(link) *= Shown_Factor(model);
     }
 
-    const Links& links() const { return links_; }
+    const Links& Lengths() const { return links_; }
     double Local(double shown) const { return shown - ground_; }
 
     std::string Length(double length) const { return Number(FNRound(length, decimals_)); }
@@ -88,7 +88,7 @@ std::string Cannot_Meet(const Telling& telling, const Closing& closing, double s
 std::string Undetermined(const Telling& telling, double shown) {
     // The angle of a position that does not close is stored to two decimals.
     constexpr double kStored = 0.006;
-    const auto toggle = Nearest_Toggle(telling.links(), telling.Local(shown));
+    const auto toggle = Nearest_Toggle(telling.Lengths(), telling.Local(shown));
     if (!toggle || std::fabs(toggle->value - telling.Local(shown)) > kStored)
         return "Coupler and rocker can meet " + Telling::At(shown) +
                ", yet the solution fails there; an angle beside it may do.";
@@ -99,9 +99,9 @@ std::string Undetermined(const Telling& telling, double shown) {
 }
 
 std::string Open_At(const Telling& telling, double shown) {
-    const Closing closing = Closing_At(telling.links(), telling.Local(shown));
+    const Closing closing = Closing_At(telling.Lengths(), telling.Local(shown));
     if (closing.is == Closing::Is::kClosed) return Undetermined(telling, shown);
-    const auto nearest = Nearest_Toggle(telling.links(), telling.Local(shown));
+    const auto nearest = Nearest_Toggle(telling.Lengths(), telling.Local(shown));
     std::string words = Cannot_Meet(telling, closing, shown);
     if (nearest && nearest->way != 0) words += " Nearest angle that closes: " + telling.Angle(*nearest) + ".";
     return words;
@@ -109,11 +109,11 @@ std::string Open_At(const Telling& telling, double shown) {
 
 std::string Closed_At(const Telling& telling, double shown) {
     const double local = telling.Local(shown);
-    const double transmission = Transmission_At(telling.links(), local);
+    const double transmission = Transmission_At(telling.Lengths(), local);
     std::string words;
     if (FNRound(transmission, 1) < kPoorTransmission)
         words = "Transmission angle " + Degrees(transmission) + ", under 40";
-    const auto toggle = Nearest_Toggle(telling.links(), local);
+    const auto toggle = Nearest_Toggle(telling.Lengths(), local);
     const double way = toggle ? std::fabs(toggle->value - local) : kNearToggle;
     if (way < kNearToggle)
         words += (words.empty() ? "" : "; ") + Degrees(way) + " from the " +
@@ -155,14 +155,14 @@ std::vector<double> Angles_Of_Run(const LinkageModel& model) {
 /// do."
 std::string What_Would_Do(const Telling& telling, double shown) {
     const double local = telling.Local(shown);
-    const Closing closing = Closing_At(telling.links(), local);
+    const Closing closing = Closing_At(telling.Lengths(), local);
     if (closing.is == Closing::Is::kNoLength) return Cannot_Meet(telling, closing, shown);
     std::string words =
         "A" + Telling::At(shown).substr(1) + " " +
         (closing.is == Closing::Is::kTooShort ? "coupler and rocker are " + telling.By(closing.by) + " too short"
                                               : What_Is_Wrong(telling, closing));
-    const auto coupler = Nearest_Length(telling.links(), local, 3), rocker = Nearest_Length(telling.links(), local, 4);
-    const auto angle = Nearest_Toggle(telling.links(), local);
+    const auto coupler = Nearest_Length(telling.Lengths(), local, 3), rocker = Nearest_Length(telling.Lengths(), local, 4);
+    const auto angle = Nearest_Toggle(telling.Lengths(), local);
     if (!coupler || !rocker) return words + ".";
     words += "; a coupler " + telling.Length(*coupler);
     if (angle && angle->way != 0)
@@ -208,14 +208,14 @@ std::string Why_Shown(const LinkageModel& model, int step) {
 std::string Why_Refused(const LinkageModel& model) {
     if (model.RunStands) return "";
     const Telling telling(model, model);
-    const Closing at_once = Closing_At(telling.links(), 0);
+    const Closing at_once = Closing_At(telling.Lengths(), 0);
     if (at_once.is == Closing::Is::kNoLength) return Cannot_Meet(telling, at_once, 0);
     if (const auto longest = Too_Long(Links_Of(model)))
         return Closes_Nowhere(telling, Longest{longest->link, longest->excess * Shown_Factor(model),
                                                longest->limit * Shown_Factor(model)});
     std::vector<double> angles = Angles_Of_Run(model);
     for (double& angle : angles) angle = telling.Local(angle);
-    const auto nearest = Nearest_Miss(telling.links(), angles);
+    const auto nearest = Nearest_Miss(telling.Lengths(), angles);
     if (!nearest) return "";
     return (angles.size() > 1 ? "No position closes. " : "") +
            What_Would_Do(telling, angles[*nearest] + model.Link1Angle);
@@ -224,13 +224,13 @@ std::string Why_Refused(const LinkageModel& model) {
 std::string Why_Not_Followed(const LinkageModel& model, const Geometry& wished, int step) {
     const Telling telling(model, wished);
     const double shown = model.RunTable.Theta(step, 0), local = telling.Local(shown);
-    const Closing closing = Closing_At(telling.links(), local);
+    const Closing closing = Closing_At(telling.Lengths(), local);
     if (closing.is == Closing::Is::kClosed) return "Not followed: there it would close on its other circuit.";
     if (closing.is == Closing::Is::kNoLength) return "Not followed: " + Cannot_Meet(telling, closing, shown);
     std::string words = "Not followed: ";
     const int link = Changed_Link(model, wished);
-    const auto would_do = link == 0 ? std::nullopt : Nearest_Length(telling.links(), local, link);
-    if (link != 0) words += "with " + telling.Length(telling.links().Of(link)) + " of link " + Text_Of(link) + " ";
+    const auto would_do = link == 0 ? std::nullopt : Nearest_Length(telling.Lengths(), local, link);
+    if (link != 0) words += "with " + telling.Length(telling.Lengths().Of(link)) + " of link " + Text_Of(link) + " ";
     words += "coupler and rocker cannot meet " + Telling::At(shown);
     return words + (would_do ? "; " + telling.Length(*would_do) + " would do." : ".");
 }

@@ -98,15 +98,6 @@ void Take_Needs(const Balancing& balancing) {
     Take_Need(m, balancing.weights, 4, c3 * (L4 / L3) * (r3 * -m3), s3 * (L4 / L3) * (r3 * -m3));
 }
 
-void Take_Default_Weights(const Balancing& balancing) {
-    Take_Needs(balancing);
-    BalanceWeights& weights = balancing.weights;
-    for (const int link : {2, 4}) {
-        weights.BerkRadius(link) = balancing.run.linkage.LinkArray(link) / 2;
-        weights.BerkMass(link) = weights.MRNeeded(link) / weights.BerkRadius(link);
-    }
-}
-
 }  // namespace
 
 Balancing::Balancing(LinkageModel& model) : run(model), calctype(model.Calctype), weights(model) {}
@@ -115,8 +106,19 @@ void Berkof_Setup(const Balancing& balancing) {
     Guarded("Berkof_Setup", [&] { Take_Needs(balancing); });
 }
 
+void Place_Weights(const Balancing& balancing) {
+    BalanceWeights& weights = balancing.weights;
+    for (const int link : {2, 4}) {
+        weights.BerkRadius(link) = balancing.run.linkage.LinkArray(link) / 2;
+        weights.BerkMass(link) = weights.MRNeeded(link) / weights.BerkRadius(link);
+    }
+}
+
 bool Default_Weights(const Balancing& balancing) {
-    return Guarded("Berkof_Setup", [&] { Take_Default_Weights(balancing); });
+    return Guarded("Berkof_Setup", [&] {
+        Take_Needs(balancing);
+        Place_Weights(balancing);
+    });
 }
 
 ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass, Array<Single, 0, 4>& BerkRadius) {
@@ -136,7 +138,9 @@ ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass
 
 void Balance_Closed_Steps(const LoadedRun& run, std::span<char> solved) {
     BalanceWeights weights;
-    Take_Default_Weights({run, kByAngle, weights});
+    const Balancing by_angle{run, kByAngle, weights};
+    Take_Needs(by_angle);
+    Place_Weights(by_angle);
     Complete_Weights(run.loads, weights, weights.BerkMass, weights.BerkRadius);
     Solve_Closed_Steps(run, weights, solved);
     for (int step = 0; step <= run.last_step; ++step) {

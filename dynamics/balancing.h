@@ -22,8 +22,11 @@ struct Balancing {
 /// `MRNeeded` and `MRAngle` of links 2 and 4 from the masses and mass centres of the model.
 void Berkof_Setup(const Balancing& balancing);
 
-/// The same, and the counterweights of links 2 and 4 that give it at half the length of their link. False after a
-/// failure, which has been reported.
+/// The counterweights of links 2 and 4 that give this at half the length of their link; failure 11 for one without
+/// length.
+void Place_Weights(const Balancing& balancing);
+
+/// Both. False after a failure, which has been reported.
 bool Default_Weights(const Balancing& balancing);
 
 /// Completes the counterweights, solves for them alone, and sums with the last solve into `BalancedForce` and

@@ -64,7 +64,6 @@ frm_Animate::frm_Animate() : Linkage_Screen("frm_Animate", "Crossed") {
     StopKeys = "Space";
     cmd_Animate.Keys = "Space";
     cmd_PlotPrint.Keys = "Ctrl+P";
-    Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
     hsc_step.KeepsArrows = false;
     Write_Tips();
     Bind();
@@ -107,9 +106,6 @@ void frm_Animate::Bind() {
         txt_Cycles.Text = Text_Of(Model.Cycles);
     };
 
-    mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
-    mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
-    mnu_Minus.OnClick = [this] { mnu_Minus_Click(); };
     mnu_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
     mnu_Help.OnClick = [this] { mnu_Help_Click(); };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
@@ -131,7 +127,7 @@ void frm_Animate::Form_Activate() {
         txt_Figure.Text = Shown_Title();
         live.Arrived();
         Unlock_Run_Buttons();
-        mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
+        zoom.mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
         (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
         Unlock_Run_Buttons();
         Model.LinkEdited = false;
@@ -399,7 +395,7 @@ void frm_Animate::chk_Centrodes_Click() { Model.ShowCentrodesFlag = chk_Centrode
 
 void frm_Animate::chk_CouplerLines_Click() { cmd_Reset_Click(); }
 
-void frm_Animate::chk_autoscale_Click() { mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
+void frm_Animate::chk_autoscale_Click() { zoom.mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
 
 void frm_Animate::cmb_wait_Change() {
     // Of a number that is too large each further digit would be told of.
@@ -418,17 +414,6 @@ void frm_Animate::opt_OpenCross_Click(int Index) {
         Recalculate();
     });
 }
-
-void frm_Animate::Zoom(double factor) {
-    Guarded("frm_Animate.Zoom", [&] {
-        Model.ZoomFactor = factor;
-        cmd_Reset_Click();
-    });
-}
-
-void frm_Animate::mnu_Plus_Click() { Zoom(Model.ZoomFactor / kZoomStep); }
-void frm_Animate::mnu_Normal_Click() { Zoom(1); }
-void frm_Animate::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
 
 void frm_Animate::mnu_Redraw_Click() {
     Model.CurrentStep = 0;

@@ -17,6 +17,7 @@
 #include "screens/live_plots.h"
 #include "screens/picture_entries.h"
 #include "screens/view_menu.h"
+#include "screens/zoom_menu.h"
 
 namespace verlink {
 
@@ -29,10 +30,7 @@ class frm_Animate : public Linkage_Screen {
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     Help_Key key_Help{*this};
-    platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
-    platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
-    platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
-    platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
+    Zoom_Menu zoom{*this, "frm_Animate", [this] { cmd_Reset_Click(); }};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     File_Entries Files{*this, [this] { Take_Typed(); }};
     Edit_Menu edit{*this};
@@ -120,9 +118,6 @@ class frm_Animate : public Linkage_Screen {
     void txt_Linkout_LostFocus(int Index) override;
     void txt_initial_LostFocus(int Index);
     void txt_Figure_LostFocus();
-    void mnu_Plus_Click();
-    void mnu_Normal_Click();
-    void mnu_Minus_Click();
     void mnu_Redraw_Click();
     void mnu_Help_Click();
     void Timer1_Timer();
@@ -142,7 +137,6 @@ class frm_Animate : public Linkage_Screen {
     void Show_Model();
     void Fill_By_Calctype();
     void Show_Settings();
-    void Zoom(double factor);
     void Leave();
     void Drag(double X, double Y);
     void Say_Held_Target();

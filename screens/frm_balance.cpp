@@ -127,13 +127,8 @@ void frm_Balance::Set_Up() {
     lbl_MR4.Caption = FNRoundStr(Model.MRNeeded(4), 3);
     lbl_Ang2.Caption = FNRoundStr(Model.MRAngle(2) * kRadToDeg, 2);
     lbl_Ang4.Caption = FNRoundStr(Model.MRAngle(4) * kRadToDeg, 2);
-    for (const int i : {2, 4}) {
-        // The weights of a balance that holds are the user's.
-        if (!Model.BalanceDone) {
-            Model.BerkRadius(i) = Model.LinkArray(i) / 2;
-            Model.BerkMass(i) = Model.MRNeeded(i) / Model.BerkRadius(i);
-        }
-    }
+    // The weights of a balance that holds are the user's.
+    if (!Model.BalanceDone) Place_Weights(Model);
     Show_Weights();
 }
 

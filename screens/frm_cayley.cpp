@@ -16,19 +16,12 @@
 
 namespace verlink {
 
-namespace {
-constexpr double kZoomStep = 1.1;
-}
-
 frm_Cayley::frm_Cayley() : Screen("frm_Cayley") {
     Set_Palette();
     Width() = kWorkWidth;
     Height() = kWorkHeight;
     DefaultButton = CancelButton = &cmd_Done;
     opt_Cognate.On(&platform::OptionButton::OnClick, [this](int Index) { opt_Cognate_Click(Index); });
-    mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
-    mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
-    mnu_Minus.OnClick = [this] { mnu_Minus_Click(); };
     mnu_Redraw.OnClick = cmd_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_CognateHelp"), "frm_Cayley.mnu_Help"); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
@@ -123,17 +116,6 @@ void frm_Cayley::Place_Labels() {
         put(pnl_CogLabel[i], at, aside);
     }
 }
-
-void frm_Cayley::Zoom(double factor) {
-    Guarded("frm_Cayley.Zoom", [this, factor] {
-        Model.ZoomFactor = factor;
-        Draw();
-    });
-}
-
-void frm_Cayley::mnu_Plus_Click() { Zoom(Model.ZoomFactor / kZoomStep); }
-void frm_Cayley::mnu_Normal_Click() { Zoom(1); }
-void frm_Cayley::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
 
 void frm_Cayley::mnu_Redraw_Click() {
     Guarded("frm_Cayley.mnu_Redraw", [this] { Draw(); });

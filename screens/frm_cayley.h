@@ -4,6 +4,7 @@
 #include "platform/screen.h"
 #include "screens/drawing_entry.h"
 #include "screens/frm_help.h"
+#include "screens/zoom_menu.h"
 
 namespace verlink {
 
@@ -18,10 +19,7 @@ class frm_Cayley : public platform::Screen {
 
     platform::MenuEntry mnu_Help{*this, "mnu_Help", "Help"};
     Help_Key key_Help{*this};
-    platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
-    platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
-    platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
-    platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
+    Zoom_Menu zoom{*this, "frm_Cayley", [this] { Draw(); }};
     platform::MenuEntry mnu_Redraw{*this, "mnu_Redraw", "Redraw"};
     Drawing_Menu drawing{*this, "cognates", [this] { return Diagram(); }};
 
@@ -54,9 +52,6 @@ class frm_Cayley : public platform::Screen {
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Next >"};
 
     void opt_Cognate_Click(int Index);
-    void mnu_Plus_Click();
-    void mnu_Normal_Click();
-    void mnu_Minus_Click();
     void mnu_Redraw_Click();
     void cmd_Done_Click();
 
@@ -66,7 +61,6 @@ class frm_Cayley : public platform::Screen {
     void Fill();
     void Draw();
     std::optional<std::function<std::string()>> Diagram();
-    void Zoom(double factor);
     void Place_Labels();
     bool Activating = false;  ///< the screen itself sets an option, whose event is to be ignored
 };

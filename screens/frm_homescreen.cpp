@@ -158,8 +158,8 @@ void frm_HomeScreen::Bind_Menus() {
     mnu_FilePath.OnClick = [this] { mnu_FilePath_Click(); };
     mnu_AppPath.OnClick = [this] { mnu_AppPath_Click(); };
     mnu_ChangeUser.OnClick = [this] { mnu_ChangeUser_Click(); };
-    mnu_Standardsize.OnClick = [this] { mnu_Standardsize_Click(); };
-    mnu_Fullscreen.OnClick = [this] { mnu_Fullscreen_Click(); };
+    mnu_Standardsize.OnClick = [this] { Take_Size("frm_Homescreen.mnu_Standardsize", false); };
+    mnu_Fullscreen.OnClick = [this] { Take_Size("frm_Homescreen.mnu_Fullscreen", true); };
     mnu_Aspect.OnClick = [this] { mnu_Aspect_Click(); };
     mnu_About.OnClick = [this] { mnu_About_Click(); };
     mnu_Checks.OnClick = [this] { mnu_Checks_Click(); };
@@ -403,19 +403,10 @@ void frm_HomeScreen::mnu_ChangeUser_Click() {
     Guarded("frm_Homescreen.mnu_ChangeUser", [] { Show_Centered("frm_User"); });
 }
 
-void frm_HomeScreen::mnu_Standardsize_Click() {
-    Guarded("frm_Homescreen.mnu_Standardsize", [this] {
-        Model.FullScreen = false;
-        Reset_Screen(*this, kHomeWidth, kHomeHeight);
-        Note_Status_Width();
-        Keep_Size();
-    });
-}
-
-void frm_HomeScreen::mnu_Fullscreen_Click() {
-    Guarded("frm_Homescreen.mnu_Fullscreen", [this] {
-        Model.FullScreen = true;
-        Maximize_Screen(*this, kHomeWidth, kHomeHeight);
+void frm_HomeScreen::Take_Size(const char* told_as, bool full) {
+    Guarded(told_as, [this, full] {
+        Model.FullScreen = full;
+        (full ? Maximize_Screen : Reset_Screen)(*this, kHomeWidth, kHomeHeight);
         Note_Status_Width();
         Keep_Size();
     });

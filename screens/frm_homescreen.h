@@ -218,8 +218,6 @@ class frm_HomeScreen : public platform::Screen {
     void mnu_FilePath_Click();
     void mnu_AppPath_Click();
     void mnu_ChangeUser_Click();
-    void mnu_Standardsize_Click();
-    void mnu_Fullscreen_Click();
     void mnu_Aspect_Click();
     void mnu_About_Click();
     void mnu_Checks_Click();
@@ -233,6 +231,7 @@ class frm_HomeScreen : public platform::Screen {
     void Use_Inches();
     void Name_Keys();
     void Take_Kept_Size();
+    void Take_Size(const char* told_as, bool full);
     void Keep_Size();
     void Show_Recent_Files();
     void Refresh();

@@ -20,7 +20,6 @@ frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     cmd_Done.Enabled = false;
 
     cmd_PlotPrint.Keys = "Ctrl+P";
-    Name_Zoom_Keys(mnu_Plus, mnu_Normal, mnu_Minus);
     hsc_step.KeepsArrows = false;
 
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
@@ -94,9 +93,6 @@ void frm_Inputnew::Bind_Actions() {
     hsc_step.OnChange = [this] { hsc_step_Change(); };
     hsc_step.OnScroll = [this] { hsc_step_Scroll(); };
     mnu_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
-    mnu_Plus.OnClick = [this] { mnu_Plus_Click(); };
-    mnu_Normal.OnClick = [this] { mnu_Normal_Click(); };
-    mnu_Minus.OnClick = [this] { mnu_Minus_Click(); };
     mnu_Cog.On(&platform::MenuEntry::OnClick, [this](int i) { mnu_Cog_Click(i); });
     mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
     mnu_Linkage.OnClick = [this] { mnu_Linkage_Click(); };

@@ -13,6 +13,7 @@
 #include "screens/linkage_screen.h"
 #include "screens/picture_entries.h"
 #include "screens/view_menu.h"
+#include "screens/zoom_menu.h"
 
 namespace verlink {
 
@@ -37,10 +38,7 @@ class frm_Inputnew : public Linkage_Screen {
     platform::MenuEntry mnu_Calculations{mnu_Help, "mnu_Calculations", "Calculations"};
     platform::MenuEntry mnu_HandHelp{mnu_Help, "mnu_HandHelp", "Under the Hand"};
     Help_Key key_Help{*this};
-    platform::MenuEntry mnu_Zoomcontrol{*this, "mnu_Zoomcontrol", "Zoom"};
-    platform::MenuEntry mnu_Plus{mnu_Zoomcontrol, "mnu_Plus", "Zoom In"};
-    platform::MenuEntry mnu_Normal{mnu_Zoomcontrol, "mnu_Normal", "Normal"};
-    platform::MenuEntry mnu_Minus{mnu_Zoomcontrol, "mnu_Minus", "Zoom Out"};
+    Zoom_Menu zoom{*this, "frm_Input", [this] { cmd_Reset_Click(); }};
     platform::MenuEntry mnu_Cognate{*this, "mnu_Cognate", "Cognates"};
     platform::ControlArray<platform::MenuEntry> mnu_Cog{
         mnu_Cognate, "mnu_Cog", {{1, "Cognate 1"}, {2, "Cognate 2"}, {3, "Cognate 3"}}};
@@ -121,9 +119,6 @@ class frm_Inputnew : public Linkage_Screen {
     void hsc_step_Change();
     void hsc_step_Scroll();
     void mnu_Redraw_Click();
-    void mnu_Plus_Click();
-    void mnu_Normal_Click();
-    void mnu_Minus_Click();
     void mnu_Cog_Click(int Index);
     void mnu_Cayley_Click();
     void mnu_Linkage_Click();
@@ -157,7 +152,6 @@ class frm_Inputnew : public Linkage_Screen {
     void Show_Step();
     void Show_First_Step();
     void Jump_To_Angle();
-    void Zoom(double factor);
     void Leave();
     bool Run(Integer& Result);
     bool Run_Setup(Integer& Result);

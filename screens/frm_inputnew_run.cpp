@@ -227,17 +227,6 @@ void frm_Inputnew::mnu_Redraw_Click() {
     Show_Step();
 }
 
-void frm_Inputnew::Zoom(double factor) {
-    Guarded("frm_Input.Zoom", [this, factor] {
-        Model.ZoomFactor = factor;
-        cmd_Reset_Click();
-    });
-}
-
-void frm_Inputnew::mnu_Plus_Click() { Zoom(Model.ZoomFactor / kZoomStep); }
-void frm_Inputnew::mnu_Normal_Click() { Zoom(1); }
-void frm_Inputnew::mnu_Minus_Click() { Zoom(Model.ZoomFactor * kZoomStep); }
-
 void frm_Inputnew::Timer1_Timer() {
     Timer1.Enabled = false;
     Show_Nothing(*this);

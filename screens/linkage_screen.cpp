@@ -71,12 +71,6 @@ void Linkage_Screen::Take_Typed() {
     if (box->OnLostFocus) platform::Leave_Box(*box, box->OnLostFocus);
 }
 
-void Linkage_Screen::Name_Zoom_Keys(platform::MenuEntry& in, platform::MenuEntry& normal, platform::MenuEntry& out) {
-    in.Keys = "Ctrl++ Ctrl+= +";
-    normal.Keys = "Ctrl+0";
-    out.Keys = "Ctrl+- -";
-}
-
 void Linkage_Screen::Step_By(int steps) {
     Guarded(Name() + ".Step_By", [&] {
         auto& step = Get<platform::CommandButton>("cmd_Step");

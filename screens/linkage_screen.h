@@ -104,8 +104,6 @@ class Linkage_Screen : public platform::Screen {
     static constexpr char kPictureTip[] =
         "The linkage at the present step, and its coupler curve; drag a joint, or press A, B, P or O and the arrow "
         "keys; the wheel zooms, a double click fits";
-    /// Menus change the zoom by this factor.
-    static constexpr double kZoomStep = 1.1;
 
     Linkage_Screen(const std::string& name, const char* crossed);
 
@@ -120,7 +118,6 @@ class Linkage_Screen : public platform::Screen {
     static void Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes);
     /// What is typed into the box with the focus counts, and the cursor stays in it.
     void Take_Typed();
-    static void Name_Zoom_Keys(platform::MenuEntry& in, platform::MenuEntry& normal, platform::MenuEntry& out);
     /// Shows the position so many steps after the one shown.
     void Step_By(int steps);
     /// The options from the record.

@@ -17,7 +17,7 @@ namespace verlink {
 
 namespace {
 
-QByteArray Pdf_Of(QSvgRenderer& drawing) {
+QByteArray pdfOf(QSvgRenderer& drawing) {
     QBuffer whole;
     whole.open(QIODevice::WriteOnly);
     QPdfWriter document(&whole);
@@ -31,7 +31,7 @@ QByteArray Pdf_Of(QSvgRenderer& drawing) {
     return whole.data();
 }
 
-QByteArray Png_Of(QSvgRenderer& drawing) {
+QByteArray pngOf(QSvgRenderer& drawing) {
     constexpr int kDensity = 2;
     QImage image(kDensity * drawing.defaultSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -45,9 +45,9 @@ QByteArray Png_Of(QSvgRenderer& drawing) {
     return whole.data();
 }
 
-std::string Drawn(const std::string& svg, bool pdf) {
+std::string drawn(const std::string& svg, bool pdf) {
     QSvgRenderer drawing(QByteArray::fromStdString(svg));
-    return (pdf ? Pdf_Of(drawing) : Png_Of(drawing)).toStdString();
+    return (pdf ? pdfOf(drawing) : pngOf(drawing)).toStdString();
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ void Get_Ready_For_Paper(int count, char** arguments) {
     static int given = count;
     static const QGuiApplication app(given, arguments);
     Use_Setter(desktop::setReport);
-    Use_Drawer(Drawn);
+    Use_Drawer(drawn);
 }
 
 }  // namespace verlink

@@ -200,10 +200,10 @@ TEST_F(AnimateActivation, NonGrashofLinkagesShowTheirToggles) {
 }
 
 TEST_F(AnimateActivation, TheZoomMenuFollowsAutoscale) {
-    Inside([&] { EXPECT_TRUE(form.mnu_Zoomcontrol.Enabled); });
+    Inside([&] { EXPECT_TRUE(form.zoom.mnu_Zoomcontrol.Enabled); });
     form.chk_autoscale.Value = false;
-    EXPECT_FALSE(form.mnu_Zoomcontrol.Enabled);
-    Inside([&] { EXPECT_FALSE(form.mnu_Zoomcontrol.Enabled); });
+    EXPECT_FALSE(form.zoom.mnu_Zoomcontrol.Enabled);
+    Inside([&] { EXPECT_FALSE(form.zoom.mnu_Zoomcontrol.Enabled); });
 }
 
 TEST_F(AnimateActivation, Link1IsColouredByTheWayItIsEntered) {

@@ -48,9 +48,9 @@ TEST_F(Cayley_Screen, CaptionsStandAsDesigned) {
     for (int i = 0; i < 6; ++i) EXPECT_EQ(form.lbl_Link[i].Caption, names[i]);
     for (int i = 0; i < 3; ++i) EXPECT_EQ(form.pnl_CogLabel[i].Caption.Get(), "Cognate #" + std::to_string(i + 1));
     EXPECT_EQ(form.cmd_Done.Caption, "&Next >");
-    EXPECT_EQ(form.mnu_Plus.Caption, "Zoom In");
-    EXPECT_EQ(form.mnu_Normal.Caption, "Normal");
-    EXPECT_EQ(form.mnu_Minus.Caption, "Zoom Out");
+    EXPECT_EQ(form.zoom.mnu_Plus.Caption, "Zoom In");
+    EXPECT_EQ(form.zoom.mnu_Normal.Caption, "Normal");
+    EXPECT_EQ(form.zoom.mnu_Minus.Caption, "Zoom Out");
 }
 
 TEST_F(Cayley_Screen, ComesUpWithThePresentCognateAndTakesNoneByThat) {
@@ -128,15 +128,15 @@ TEST_F(Cayley_Screen, AParallelogramIsRefusedAndNothingIsTouched) {
 TEST_F(Cayley_Screen, TheZoomMenuChangesTheWindowAndTheFactor) {
     Activate();
     const double normal = Reach();
-    form.mnu_Plus.Click();
+    form.zoom.mnu_Plus.Click();
     EXPECT_NEAR(Model.ZoomFactor, 1 / 1.1, 1e-6);
     EXPECT_NEAR(Reach(), normal / 1.1, 1e-4);
     // The factor counts twice at the lower bound.
     EXPECT_NEAR(form.Picture1.Drawing().Left(), -normal / 1.21, 1e-4);
-    form.mnu_Normal.Click();
+    form.zoom.mnu_Normal.Click();
     EXPECT_EQ(Model.ZoomFactor, 1);
     EXPECT_EQ(Reach(), normal);
-    form.mnu_Minus.Click();
+    form.zoom.mnu_Minus.Click();
     EXPECT_NEAR(Reach(), normal * 1.1, 1e-4);
 }
 

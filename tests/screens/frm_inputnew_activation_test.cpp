@@ -65,10 +65,10 @@ TEST_F(Activation, TheMenusReadAsTheyShould) {
     EXPECT_EQ(input.mnu_Linkage.Caption, "Linkage Data");
     EXPECT_EQ(input.mnu_Calculations.Caption, "Calculations");
     EXPECT_EQ(input.mnu_HandHelp.Caption, "Under the Hand");
-    EXPECT_EQ(input.mnu_Zoomcontrol.Caption, "Zoom");
-    EXPECT_EQ(input.mnu_Plus.Caption, "Zoom In");
-    EXPECT_EQ(input.mnu_Normal.Caption, "Normal");
-    EXPECT_EQ(input.mnu_Minus.Caption, "Zoom Out");
+    EXPECT_EQ(input.zoom.mnu_Zoomcontrol.Caption, "Zoom");
+    EXPECT_EQ(input.zoom.mnu_Plus.Caption, "Zoom In");
+    EXPECT_EQ(input.zoom.mnu_Normal.Caption, "Normal");
+    EXPECT_EQ(input.zoom.mnu_Minus.Caption, "Zoom Out");
     EXPECT_EQ(input.mnu_Cognate.Caption, "Cognates");
     EXPECT_EQ(input.mnu_Cog[1].Caption, "Cognate 1");
     EXPECT_EQ(input.mnu_Cog[2].Caption, "Cognate 2");

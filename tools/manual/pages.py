@@ -13,6 +13,7 @@ Beyond plain Markdown a page may hold
 `order.txt` beside the pages has their order, and index.txt the words of the index.
 """
 
+import copy
 import dataclasses
 import html
 import pathlib
@@ -147,6 +148,20 @@ def _with_pieces(text, made):
         return file.read_text(encoding="utf-8")
 
     return re.sub(r"^\[made:([a-z-]+)\]$", piece, text, flags=re.MULTILINE)
+
+
+def numbered(root, chapter):
+    """A copy of a part of the chapter, with the numbers before its headings."""
+    root = copy.deepcopy(root)
+    numbers = {heading.name: heading.number for heading in chapter.headings}
+    for element in root.iter():
+        number = numbers[element.get("id")] if element.tag in ("h1", "h2", "h3") else ""
+        if number:
+            span = ET.Element("span", {"class": "number"})
+            span.text, span.tail = number, " " + (element.text or "")
+            element.text = None
+            element.insert(0, span)
+    return root
 
 
 def _number_headings(chapter):

@@ -12,7 +12,7 @@ import xml.etree.ElementTree as ET
 
 import weasyprint
 
-from pages import OVERVIEW, Trouble, across, escaped, target_of
+from pages import OVERVIEW, Trouble, across, escaped, numbered, target_of
 
 POINTS = 0.75  # of a CSS pixel
 UNKNOWN = 99  # stands for the number of a page in the first layout
@@ -188,16 +188,10 @@ class Setter:
 
     def _dressed(self, chapter, root, book, pages):
         """Names, references and pictures as this form has them, and numbers before headings."""
-        root = copy.deepcopy(root)
+        root = numbered(root, chapter)
         prefix = self._prefix(chapter, book)
-        numbers = {heading.name: heading for heading in chapter.headings}
         for element in root.iter():
             name = element.get("id")
-            if element.tag in ("h1", "h2", "h3") and numbers[name].number:
-                span = ET.Element("span", {"class": "number"})
-                span.text, span.tail = numbers[name].number, " " + (element.text or "")
-                element.text = None
-                element.insert(0, span)
             if name:
                 element.set("id", prefix + name)
             if element.tag == "img":

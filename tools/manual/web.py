@@ -1,14 +1,12 @@
 """The manual for a browser: a page for each document with the contents beside it, and a page of contents."""
 
-import copy
 import json
 import pathlib
 import posixpath
 import re
 import shutil
-import xml.etree.ElementTree as ET
 
-from pages import across, escaped, target_of, text_of
+from pages import across, escaped, numbered, target_of, text_of
 
 HOME = "index.html"
 # It needs scripts, and shows itself when there are.
@@ -17,15 +15,8 @@ SEARCH = ('<form class="search" role="search" hidden><label for="find">Find</lab
 
 
 def _dressed(chapter, chapters, pictures):
-    root = copy.deepcopy(chapter.root)
-    numbers = {heading.name: heading for heading in chapter.headings}
+    root = numbered(chapter.root, chapter)
     for element in root.iter():
-        name = element.get("id")
-        if element.tag in ("h1", "h2", "h3") and numbers[name].number:
-            span = ET.Element("span", {"class": "number"})
-            span.text, span.tail = numbers[name].number, " " + (element.text or "")
-            element.text = None
-            element.insert(0, span)
         if element.tag == "img":
             name = posixpath.basename(element.get("src"))
             element.set("src", "pictures/" + name)
