@@ -95,9 +95,9 @@ std::string Scientific(double value) {
 /// `angle` of 1 - x^2 in single precision, on which both inverse functions decide. At the ends of the range they give
 /// `at_ends`, and not the multiples of pi/2.
 template <class Angle>
-double Arc(const std::string& function, Single x, double at_ends, Angle angle) {
+double Arc(const char* function, const char* refusal, Single x, double at_ends, Angle angle) {
     double found = 0;
-    Guarded("FNArc" + function, [&] {
+    Guarded(function, [&] {
         const Single t = 1 - x * x;
         if (t < 0)
             Model.MathDomainError = true;
@@ -106,7 +106,7 @@ double Arc(const std::string& function, Single x, double at_ends, Angle angle) {
         else if (t <= 1)
             found = angle(t);
         else
-            platform::Tell("Something wrong - cannot take Arc" + function + " of " + Text_Of(x));
+            platform::Tell(refusal + Text_Of(x));
     });
     return found;
 }
@@ -153,11 +153,13 @@ void Eliminate(int n, std::span<double> A, std::span<double> B, Integer& Flag) {
 }  // namespace
 
 double FNArcCos(Single x) {
-    return Arc("Cos", x, 1, [x](Single t) { return -std::atan(x / std::sqrt(t)) + kPi / 2; });
+    return Arc("FNArcCos", "Something wrong - cannot take ArcCos of ", x, 1,
+               [x](Single t) { return -std::atan(x / std::sqrt(t)) + kPi / 2; });
 }
 
 double FNArcSin(Single x) {
-    return Arc("Sin", x, 0, [x](Single t) { return std::atan(x / std::sqrt(t)); });
+    return Arc("FNArcSin", "Something wrong - cannot take ArcSin of ", x, 0,
+               [x](Single t) { return std::atan(x / std::sqrt(t)); });
 }
 
 double Atan2(Single x, Single y) { return Angle_Of(x, y); }

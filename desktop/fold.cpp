@@ -41,6 +41,7 @@ FoldHandle::FoldHandle(Form& form, QWidget* column, Side side, const QString& na
     setObjectName(QStringLiteral("fold_") + name);
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     connect(this, &QAbstractButton::clicked, this, &FoldHandle::press);
     tell();
@@ -92,16 +93,6 @@ void FoldHandle::keyPressEvent(QKeyEvent* event) {
     }
     // The arrow keys are not for walking from handle to handle.
     event->ignore();
-}
-
-void FoldHandle::enterEvent(QEnterEvent* event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void FoldHandle::leaveEvent(QEvent* event) {
-    QAbstractButton::leaveEvent(event);
-    update();
 }
 
 /// A mark that points to where the column goes.

@@ -15,19 +15,12 @@ constexpr int kWidth = 18, kHeight = 20, kIcon = 14;
 
 }  // namespace
 
-LockWidget::LockWidget(QWidget* parent) : QCheckBox(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
+LockWidget::LockWidget(QWidget* parent) : QCheckBox(parent) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_Hover);
+}
 
 QSize LockWidget::sizeHint() const { return {kWidth, kHeight}; }
-
-void LockWidget::enterEvent(QEnterEvent* event) {
-    QCheckBox::enterEvent(event);
-    update();
-}
-
-void LockWidget::leaveEvent(QEvent* event) {
-    QCheckBox::leaveEvent(event);
-    update();
-}
 
 void LockWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);

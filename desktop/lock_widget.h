@@ -14,8 +14,6 @@ class LockWidget : public QCheckBox {
 
    protected:
     bool hitButton(const QPoint& place) const override { return rect().contains(place); }
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -9,9 +9,14 @@
 
 namespace verlink {
 
-/// The contents of the three files, from the last run; the torques are those of its solve, zeros without one.
+/// Of the last run: number of steps, start, end and step in seconds, and by step angle (global, degrees), speed (rad/s)
+/// and acceleration (rad/s^2) of link 4, as `Import_Linkage_Data` reads them.
 std::string Link4_Content();
+/// Number of steps, and by step the driving torque of the last solve, in the unit that results have, as
+/// `Import_Torque_Data` reads it; zeros without a solve.
 std::string Torque_Content();
+/// The linkage with a triangle in place of coupler and coupler point: lengths as stored, the phase of the triangle in
+/// degrees.
 std::string Pendrix_Content();
 
 /// Each writes its file to `FilePath` and sets `SavedFlag`; failures go to the reporter under the writer's own name

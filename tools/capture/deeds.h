@@ -49,12 +49,21 @@ inline Deed Stepping(int steps) {
     };
 }
 
-inline Deed Both(Deed first, Deed second) {
-    return [first = std::move(first), second = std::move(second)](Screen& s) {
-        first(s);
-        second(s);
+inline Deed Choosing(const char* list, int entry) {
+    return [list, entry](Screen& s) { Choose(s, list, entry); };
+}
+
+inline Deed Ticking(const char* box, bool on, int index = platform::kNoIndex) {
+    return [box, on, index](Screen& s) { Tick(s, box, on, index); };
+}
+
+inline Deed In_Turn(std::vector<Deed> deeds) {
+    return [deeds = std::move(deeds)](Screen& s) {
+        for (const Deed& deed : deeds) deed(s);
     };
 }
+
+inline void Add(Stops& walk, const Stops& more) { walk.insert(walk.end(), more.begin(), more.end()); }
 
 /// The entry of a list by its words.
 inline void Choose_Words(Screen& screen, const std::string& box, const std::string& words) {

@@ -37,8 +37,6 @@ Stop With_File(const char* screen, std::string file, Deed deed) {
     return stop;
 }
 
-void Add(Stops& walk, const Stops& more) { walk.insert(walk.end(), more.begin(), more.end()); }
-
 /// A new linkage in another unit system, on the input screen.
 Stops New_In_Units(const char* example, int units) {
     return {At("frm_HomeScreen",
@@ -49,7 +47,7 @@ Stops New_In_Units(const char* example, int units) {
                }),
             At("frm_HomeScreen", Menu("mnu_pick", units)),
             // Else half a linkage would be calculated.
-            At("frm_Inputnew", [](Screen& s) { Tick(s, "chk_autocalc", false); })};
+            At("frm_Inputnew", Ticking("chk_autocalc", false))};
 }
 
 Stops Back_Home() { return {At("frm_Inputnew", Pressing("cmd_Done")), At("frm_Animate", Pressing("cmd_Done"), 100)}; }
@@ -98,9 +96,7 @@ Stops Straight_Line() {
                       {"SSFrame6", 0.92, 0.22}},
                      Pressing("cmd_Calc"), 0.94),
                At("frm_Inputnew", Seeing({{"line_class", "lbl_Grashof"}}))});
-    Add(walk, {At("frm_Inputnew", Pressing("cmd_Done")),
-               At(
-                   "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400),
+    Add(walk, {At("frm_Inputnew", Pressing("cmd_Done")), At("frm_Animate", Ticking("chk_Coupler", true), 400),
                Shown("frm_Animate", "line-curve", {"Picture1"}, {{"Picture1", 0.32, 0.2}, {"Picture1", 0.5, 0.06}},
                      Stepping(180)),
                At("frm_Animate", Pressing("cmd_Back"), 400),
@@ -141,7 +137,7 @@ void Change_Signs(const std::string& from, const std::string& to) {
 
 Stops First_Stage() {
     Stops walk = New_In_Units("two-stages", 5);
-    Add(walk, {At("frm_Inputnew", Both(Picking("opt_Polar", 1), Picking("opt_Calctype", 2))),
+    Add(walk, {At("frm_Inputnew", In_Turn({Picking("opt_Polar", 1), Picking("opt_Calctype", 2)})),
                At("frm_Inputnew", Typing({{"txt_Linkout", 1, "45"},
                                           {"txt_Linkout", 2, "180"},
                                           {"txt_Linkout", 3, "110"},
@@ -204,7 +200,7 @@ Stops Both_Stages() {
                With_File("frm_HomeScreen", "stage1.vlk", Menu("mnu_Open")), At("frm_Inputnew", Pressing("cmd_Calc"))});
     Add(walk, Back_Home());
     Add(walk, {At("frm_HomeScreen", Pressing("cmd_Dynamics")), At("frm_MassProp", Typing(kNoMasses)),
-               With_File("frm_MassProp", "load.trq", [](Screen& s) { Tick(s, "chk_Torque", true); }),
+               With_File("frm_MassProp", "load.trq", Ticking("chk_Torque", true)),
                At("frm_MassProp", Pressing("cmd_Solve")), At("frm_MassProp", Pressing("cmd_Done"))});
     Add(walk, Table_Of({{"Omega2", ""}, {"Torque 12", ""}, {"Omega4", ""}, {"Trans Ang", ""}}, 3));
     Add(walk,
@@ -226,8 +222,7 @@ Stops Cam_Drive() {
                   At("frm_Inputnew", Pressing("cmd_Calc")),
                   At("frm_Inputnew", Pressing("cmd_Done")),
                   At("frm_HomeScreen", Pressing("cmd_Animate")),
-                  At(
-                      "frm_Animate", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400),
+                  At("frm_Animate", Ticking("chk_Coupler", true), 400),
                   Shown("frm_Animate", "cam-drive", {"Picture1"}, {{"Picture1", 0.1, 0.42}}, Stepping(8)),
                   At("frm_Animate", Pressing("cmd_Done"))};
     Add(walk, Table_Of({{"Theta2", ""}, {"Theta4", ""}, {"Alpha2", ""}, {"Alpha4", ""}}, 3));

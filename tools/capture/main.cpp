@@ -23,6 +23,7 @@
 #include "screens/register.h"
 #include "shell/failure_report.h"
 #include "shell/startup.h"
+#include "tools/capture/deeds.h"
 #include "tools/capture/film.h"
 #include "tools/capture/walk.h"
 #include "tools/capture/walker.h"
@@ -35,40 +36,26 @@ namespace {
 
 /// From the home screen to a selection screen of plots, by the type of the plot.
 Stops To_Selection(int type, const char* type_picture) {
-    return {{"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Plot"); }},
+    return {{"frm_HomeScreen", "", Pressing("cmd_Plot")},
             {"frm_PlotType", type_picture, [type](Screen& s) { Pick(s, "opt_PickPlot", type); }},
-            {"frm_PlotType", "", [](Screen& s) { Press(s, "cmd_PickPlotDone"); }}};
+            {"frm_PlotType", "", Pressing("cmd_PickPlotDone")}};
 }
 
 Stops Plots_On_Graphs() {
     Stops stops = To_Selection(0, "plot-type");
-    const Stops single = {
-        {"frm_PlotSelect1", "plot-select-1", [](Screen& s) { Choose(s, "cmb_Preset", 6); }},
-        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Plot1", "plot-1", {}, 400},
-        {"frm_Plot1", "plot-1-blue", [](Screen& s) { Pick(s, "opt_Back", 1); }, 300},
-        {"frm_Plot1", "plot-1-gray-fills",
-         [](Screen& s) {
-             Pick(s, "opt_Back", 2);
-             Tick(s, "chk_Sticks", true);
-         },
-         300},
-        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Replot"); }},
-        {"frm_PlotSelect1", "plot-select-1-mix",
-         [](Screen& s) {
-             Pick(s, "opt_PrintSet", 1);
-             Choose(s, "cmb_Var1", 2);
-             Press(s, "cmd_OK1");
-             Choose(s, "cmb_Var2", 12);
-             Choose(s, "cmb_Com2", 2);
-             Press(s, "cmd_OK2");
-         }},
-        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Plot1", "", [](Screen& s) { Tick(s, "chk_Sticks", false); }},
-        {"frm_Plot1", "plot-1-mix", [](Screen& s) { Pick(s, "opt_Back", 0); }, 300},
-        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-    };
-    stops.insert(stops.end(), single.begin(), single.end());
+    Add(stops, {{"frm_PlotSelect1", "plot-select-1", Choosing("cmb_Preset", 6)},
+                {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+                {"frm_Plot1", "plot-1", {}, 400},
+                {"frm_Plot1", "plot-1-blue", Picking("opt_Back", 1), 300},
+                {"frm_Plot1", "plot-1-gray-fills", In_Turn({Picking("opt_Back", 2), Ticking("chk_Sticks", true)}), 300},
+                {"frm_Plot1", "", Pressing("cmd_Replot")},
+                {"frm_PlotSelect1", "plot-select-1-mix",
+                 In_Turn({Picking("opt_PrintSet", 1), Choosing("cmb_Var1", 2), Pressing("cmd_OK1"),
+                          Choosing("cmb_Var2", 12), Choosing("cmb_Com2", 2), Pressing("cmd_OK2")})},
+                {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+                {"frm_Plot1", "", Ticking("chk_Sticks", false)},
+                {"frm_Plot1", "plot-1-mix", Picking("opt_Back", 0), 300},
+                {"frm_Plot1", "", Pressing("cmd_Done")}});
     return stops;
 }
 
@@ -76,44 +63,30 @@ Stops Plots_On_Graphs() {
 Stops Plots_In_Windows(int type, const char* selection, const char* aligned, const char* annotated) {
     Stops stops = To_Selection(type, "");
     const std::string number = type == 1 ? "2" : "3";
-    const Stops both = {
-        {selection, "plot-select-" + number,
-         [](Screen& s) {
-             Pick(s, "opt_Plotstyle", 1);
-             Choose(s, "cmb_Preset", 5);
-         }},
-        {selection, "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {annotated, "plot-" + number, {}, 400},
-        {annotated, "", [](Screen& s) { Press(s, "cmd_Replot"); }},
-        {selection, "",
-         [](Screen& s) {
-             Pick(s, "opt_Plotstyle", 0);
-             Choose(s, "cmb_Preset", 5);
-         }},
-        {selection, "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {aligned, "plot-" + number + "-aligned", {}, 700},
-        {aligned, "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
-    };
-    stops.insert(stops.end(), both.begin(), both.end());
+    Add(stops, {{selection, "plot-select-" + number, In_Turn({Picking("opt_Plotstyle", 1), Choosing("cmb_Preset", 5)})},
+                {selection, "", Pressing("cmd_Done")},
+                {annotated, "plot-" + number, {}, 400},
+                {annotated, "", Pressing("cmd_Replot")},
+                {selection, "", In_Turn({Picking("opt_Plotstyle", 0), Choosing("cmb_Preset", 5)})},
+                {selection, "", Pressing("cmd_Done")},
+                {aligned, "plot-" + number + "-aligned", {}, 700},
+                {aligned, "", Pressing("cmd_PlotDone")}});
     return stops;
 }
 
 Stops Polar_Plot() {
     Stops stops = To_Selection(3, "");
-    const Stops polar = {
-        {"frm_PlotSelect4", "plot-select-4", [](Screen& s) { Choose(s, "cmb_Var1", 2); }},
-        {"frm_PlotSelect4", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
-        {"frm_MyPlot4", "plot-4", {}, 300},
-        {"frm_MyPlot4", "plot-4-step",
-         [](Screen& s) {
-             Tick(s, "chk_Pause", true);
-             for (int i = 0; i < 20; ++i) Press(s, "cmd_Step");
-         },
-         300},
-        {"frm_MyPlot4", "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
-    };
-    stops.insert(stops.end(), polar.begin(), polar.end());
+    Add(stops, {{"frm_PlotSelect4", "plot-select-4", Choosing("cmb_Var1", 2)},
+                {"frm_PlotSelect4", "", Pressing("cmd_Done")},
+                {"frm_MyPlot4", "", Ticking("chk_Vectors", true), 700},
+                {"frm_MyPlot4", "plot-4", {}, 300},
+                {"frm_MyPlot4", "plot-4-step",
+                 [](Screen& s) {
+                     Tick(s, "chk_Pause", true);
+                     for (int i = 0; i < 20; ++i) Press(s, "cmd_Step");
+                 },
+                 300},
+                {"frm_MyPlot4", "", Pressing("cmd_PlotDone")}});
     return stops;
 }
 
@@ -125,26 +98,26 @@ Stops Studies() {
     };
     return {
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_Studies").Click(); }},
-        {"frm_Studies", "studies-sweep", [](Screen& s) { Press(s, "cmd_Start"); }, 2000},
+        {"frm_Studies", "studies-sweep", Pressing("cmd_Start"), 2000},
         {"frm_Studies", "", second},
-        {"frm_Studies", "studies-map", [](Screen& s) { Press(s, "cmd_Start"); }, 4000},
-        {"frm_Studies", "", [](Screen& s) { Pick(s, "opt_Kind", 1); }},
-        {"frm_Studies", "", [](Screen& s) { Press(s, "cmd_Start"); }, 4000},
-        {"frm_Studies", "studies-tolerances", [](Screen& s) { Press(s, "cmd_After"); }, 500},
-        {"frm_Studies", "", [](Screen& s) { Press(s, "cmd_Cancel"); }},
+        {"frm_Studies", "studies-map", Pressing("cmd_Start"), 4000},
+        {"frm_Studies", "", Picking("opt_Kind", 1)},
+        {"frm_Studies", "", Pressing("cmd_Start"), 4000},
+        {"frm_Studies", "studies-tolerances", Pressing("cmd_After"), 500},
+        {"frm_Studies", "", Pressing("cmd_Cancel")},
     };
 }
 
 Stops Table_And_Transform() {
     return {
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
-        {"frm_PrintSelect", "print-select", [](Screen& s) { Choose(s, "cmb_Preset", 5); }},
-        {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_HomeScreen", "", Pressing("cmd_Print")},
+        {"frm_PrintSelect", "print-select", Choosing("cmb_Preset", 5)},
+        {"frm_PrintSelect", "", Pressing("cmd_Done")},
         {"frm_PrintData", "print-data", {}, 400},
-        {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_PrintData", "", Pressing("cmd_Done")},
         {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_CalcFFT").Click(); }},
-        {"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 8); }, 500},
-        {"frm_FFT", "", [](Screen& s) { Press(s, "cmd_Done"); }, 300},
+        {"frm_FFT", "transform", Choosing("cmb_Var1", 8), 500},
+        {"frm_FFT", "", Pressing("cmd_Done"), 300},
     };
 }
 
@@ -156,97 +129,72 @@ void Choose_Last(Screen& screen) {
 
 Stops Plots_Of_The_Transform() {
     Stops stops = To_Selection(2, "");
-    const Stops four = {
-        {"frm_PlotSelect3", "", [](Screen& s) { Choose_Last(s); }},
-        {"frm_PlotSelect3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Plot3", "", [](Screen& s) { Tick(s, "chk_Line", false); }, 300},
-        {"frm_Plot3", "plot-3-transform", [](Screen& s) { Tick(s, "chk_Sticks", true); }, 400},
-        {"frm_Plot3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
-        {"frm_PrintSelect", "", [](Screen& s) { Choose_Last(s); }},
-        {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_PrintData", "print-data-transform", {}, 400},
-        {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-    };
-    stops.insert(stops.end(), four.begin(), four.end());
+    Add(stops, {{"frm_PlotSelect3", "", [](Screen& s) { Choose_Last(s); }},
+                {"frm_PlotSelect3", "", Pressing("cmd_Done")},
+                {"frm_Plot3", "", Ticking("chk_Line", false), 300},
+                {"frm_Plot3", "plot-3-transform", Ticking("chk_Sticks", true), 400},
+                {"frm_Plot3", "", Pressing("cmd_Done")},
+                {"frm_HomeScreen", "", Pressing("cmd_Print")},
+                {"frm_PrintSelect", "", [](Screen& s) { Choose_Last(s); }},
+                {"frm_PrintSelect", "", Pressing("cmd_Done")},
+                {"frm_PrintData", "print-data-transform", {}, 400},
+                {"frm_PrintData", "", Pressing("cmd_Done")}});
     return stops;
 }
 
 /// Loads, the solution, its equations, the balance of the linkage and a plot of all that.
 Stops Forces_And_Balance() {
     Stops stops = {
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Dynamics"); }},
+        {"frm_HomeScreen", "", Pressing("cmd_Dynamics")},
         {"frm_MassProp", "mass-properties",
-         [](Screen& s) {
-             Fill(s, "txt_MagForce", 3, "2.5");
-             Fill(s, "txt_AngForce", 3, "-90");
-             Fill(s, "txt_Frict", 3, "0.4");
-         },
-         300},
-        {"frm_MassProp", "mass-properties-solved", [](Screen& s) { Press(s, "cmd_Solve"); }},
-        {"frm_MassProp", "", [](Screen& s) { Press(s, "cmd_Matrix"); }},
+         Typing({{"txt_MagForce", 3, "2.5"}, {"txt_AngForce", 3, "-90"}, {"txt_Frict", 3, "0.4"}}), 300},
+        {"frm_MassProp", "mass-properties-solved", Pressing("cmd_Solve")},
+        {"frm_MassProp", "", Pressing("cmd_Matrix")},
         {"frm_Matrix", "matrix", {}, 300},
-        {"frm_Matrix", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_MassProp", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Balance"); }},
+        {"frm_Matrix", "", Pressing("cmd_Done")},
+        {"frm_MassProp", "", Pressing("cmd_Done")},
+        {"frm_HomeScreen", "", Pressing("cmd_Balance")},
         {"frm_Balance", "balance-empty", {}, 300},
-        {"frm_Balance", "balance", [](Screen& s) { Press(s, "cmd_Calc"); }, 400},
-        {"frm_Balance", "balance-blue", [](Screen& s) { Pick(s, "opt_Back", 1); }, 300},
-        {"frm_Balance", "", [](Screen& s) { Pick(s, "opt_Back", 0); }},
-        {"frm_Balance", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Balance", "balance", Pressing("cmd_Calc"), 400},
+        {"frm_Balance", "balance-blue", Picking("opt_Back", 1), 300},
+        {"frm_Balance", "", Picking("opt_Back", 0)},
+        {"frm_Balance", "", Pressing("cmd_Done")},
         {"frm_HomeScreen", "home-forces", {}, 300},
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Animate"); }},
+        {"frm_HomeScreen", "", Pressing("cmd_Animate")},
         {"frm_Animate", "", {}, 500},
         {"frm_Animate", "animate-forces",
          [](Screen& s) {
              for (int i = 0; i < 30; ++i) Press(s, "cmd_Step");
          }},
-        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "", Pressing("cmd_Done")},
     };
-    const Stops plot = To_Selection(0, "");
-    stops.insert(stops.end(), plot.begin(), plot.end());
-    const Stops shaking = {
-        {"frm_PlotSelect1", "",
-         [](Screen& s) {
-             Pick(s, "opt_PrintSet", 1);
-             Choose(s, "cmb_Var1", 29);
-             Choose(s, "cmb_Com1", 2);
-             Press(s, "cmd_OK1");
-         }},
-        {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Plot1", "plot-1-force", {}, 400},
-        {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-    };
-    stops.insert(stops.end(), shaking.begin(), shaking.end());
+    Add(stops, To_Selection(0, ""));
+    Add(stops, {{"frm_PlotSelect1", "",
+                 In_Turn({Picking("opt_PrintSet", 1), Choosing("cmb_Var1", 29), Choosing("cmb_Com1", 2),
+                          Pressing("cmd_OK1")})},
+                {"frm_PlotSelect1", "", Pressing("cmd_Done")},
+                {"frm_Plot1", "plot-1-force", {}, 400},
+                {"frm_Plot1", "", Pressing("cmd_Done")}});
     return stops;
 }
 
 /// A run by time, with one function and with three in a window, four windows, a locus and a table.
 Stops Time_Run() {
     Stops stops = {
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Input"); }},
-        {"frm_Inputnew", "", [](Screen& s) { Pick(s, "opt_Calctype", 2); }, 500},
+        {"frm_HomeScreen", "", Pressing("cmd_Input")},
+        {"frm_Inputnew", "", Picking("opt_Calctype", 2), 500},
         {"frm_Inputnew", "",
-         [](Screen& s) {
-             Fill(s, "txt_initial", 1, "1");
-             Fill(s, "txt_initial", 2, "0.01");
-             Press(s, "cmd_Calc");
-         }},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         In_Turn({Typing({{"txt_initial", 1, "1"}, {"txt_initial", 2, "0.01"}}), Pressing("cmd_Calc")})},
+        {"frm_Inputnew", "", Pressing("cmd_Done")},
         {"frm_Animate", "animate-time", {}, 500},
-        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "", Pressing("cmd_Done")},
     };
-    const auto add = [&stops](const Stops& more) { stops.insert(stops.end(), more.begin(), more.end()); };
-    add(To_Selection(0, ""));
-    add({{"frm_PlotSelect1", "",
-          [](Screen& s) {
-              Pick(s, "opt_PrintSet", 1);
-              Choose(s, "cmb_Var1", 6);
-              Press(s, "cmd_OK1");
-          }},
-         {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+    Add(stops, To_Selection(0, ""));
+    Add(stops,
+        {{"frm_PlotSelect1", "", In_Turn({Picking("opt_PrintSet", 1), Choosing("cmb_Var1", 6), Pressing("cmd_OK1")})},
+         {"frm_PlotSelect1", "", Pressing("cmd_Done")},
          {"frm_Plot1", "plot-1-time", {}, 400},
-         {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Replot"); }},
+         {"frm_Plot1", "", Pressing("cmd_Replot")},
          {"frm_PlotSelect1", "",
           [](Screen& s) {
               for (const char* slot : {"1", "2", "3"}) {
@@ -254,24 +202,24 @@ Stops Time_Run() {
                   Press(s, (std::string("cmd_OK") + slot).c_str());
               }
           }},
-         {"frm_PlotSelect1", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+         {"frm_PlotSelect1", "", Pressing("cmd_Done")},
          {"frm_Plot1", "plot-1-time-three", {}, 400},
-         {"frm_Plot1", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
-    add(To_Selection(2, ""));
-    add({{"frm_PlotSelect3", "", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
-         {"frm_PlotSelect3", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-         {"frm_Plot3", "plot-3-time", {}, 400},
-         {"frm_Plot3", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
-    add(To_Selection(3, ""));
-    add({{"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
-         {"frm_PlotSelect4", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-         {"frm_MyPlot4", "plot-4-time", {}, 700},
-         {"frm_MyPlot4", "", [](Screen& s) { Press(s, "cmd_PlotDone"); }},
-         {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Print"); }},
-         {"frm_PrintSelect", "", [](Screen& s) { Choose(s, "cmb_Preset", 0); }},
-         {"frm_PrintSelect", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-         {"frm_PrintData", "print-data-time", {}, 400},
-         {"frm_PrintData", "", [](Screen& s) { Press(s, "cmd_Done"); }}});
+         {"frm_Plot1", "", Pressing("cmd_Done")}});
+    Add(stops, To_Selection(2, ""));
+    Add(stops, {{"frm_PlotSelect3", "", Choosing("cmb_Preset", 8)},
+                {"frm_PlotSelect3", "", Pressing("cmd_Done")},
+                {"frm_Plot3", "plot-3-time", {}, 400},
+                {"frm_Plot3", "", Pressing("cmd_Done")}});
+    Add(stops, To_Selection(3, ""));
+    Add(stops, {{"frm_PlotSelect4", "", Choosing("cmb_Var1", 5)},
+                {"frm_PlotSelect4", "", Pressing("cmd_Done")},
+                {"frm_MyPlot4", "plot-4-time", {}, 700},
+                {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
+                {"frm_HomeScreen", "", Pressing("cmd_Print")},
+                {"frm_PrintSelect", "", Choosing("cmb_Preset", 0)},
+                {"frm_PrintSelect", "", Pressing("cmd_Done")},
+                {"frm_PrintData", "print-data-time", {}, 400},
+                {"frm_PrintData", "", Pressing("cmd_Done")}});
     return stops;
 }
 
@@ -279,37 +227,37 @@ Stops Time_Run() {
 Stops Synthesis_Screen_Of(const char* entry, const char* screen, const std::string& picture) {
     return {{"frm_HomeScreen", "", [entry](Screen& s) { Choose_Entry(s, entry); }, 300},
             {screen, picture + "-start", {}, 300},
-            {screen, "", [](Screen& s) { Press(s, "cmd_Calc"); }, 300},
+            {screen, "", Pressing("cmd_Calc"), 300},
             {screen, picture, {}, 300},
-            {screen, "", [](Screen& s) { Press(s, "cmd_Cancel"); }}};
+            {screen, "", Pressing("cmd_Cancel")}};
 }
 
 /// An example with its cognates, and all synthesis screens.
 Stops Design() {
     Stops stops = {
-        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Grashof"); }},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Calc"); }, 500},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }, 500},
-        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Cayley"); }, 300},
+        {"frm_HomeScreen", "", Menu("mnu_Grashof")},
+        {"frm_Inputnew", "", Pressing("cmd_Calc"), 500},
+        {"frm_Inputnew", "", Pressing("cmd_Done")},
+        {"frm_Animate", "", Pressing("cmd_Done"), 500},
+        {"frm_HomeScreen", "", Menu("mnu_Cayley"), 300},
         {"frm_Cayley", "cayley", {}, 300},
-        {"frm_Cayley", "cayley-second", [](Screen& s) { Pick(s, "opt_Cognate", 1); }, 300},
-        {"frm_Cayley", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Roberts"); }},
+        {"frm_Cayley", "cayley-second", Picking("opt_Cognate", 1), 300},
+        {"frm_Cayley", "", Pressing("cmd_Done")},
+        {"frm_HomeScreen", "", Menu("mnu_Roberts")},
         {"frm_Inputnew", "", {}, 500},
-        {"frm_Inputnew", "example-roberts", [](Screen& s) { Press(s, "cmd_Calc"); }, 300},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Cancel"); }},
+        {"frm_Inputnew", "example-roberts", Pressing("cmd_Calc"), 300},
+        {"frm_Inputnew", "", Pressing("cmd_Cancel")},
     };
     for (const Stops& more : {Synthesis_Screen_Of("mnu_Twopos1", "frm_Synth2A", "synthesis-angles"),
                               Synthesis_Screen_Of("mnu_Twopos2", "frm_Synth2B", "synthesis-vector"),
                               Synthesis_Screen_Of("mnu_Unspec", "frm_Synth3", "synthesis-three"),
                               Synthesis_Screen_Of("mnu_Spec", "frm_Synth3", "synthesis-pivots")})
-        stops.insert(stops.end(), more.begin(), more.end());
+        Add(stops, more);
     const Stops explore = {
-        {"frm_HomeScreen", "", [](Screen& s) { Choose_Entry(s, "mnu_Explore"); }},
+        {"frm_HomeScreen", "", Menu("mnu_Explore")},
         {"frm_Explore", "explore", [](Screen& s) { s.Get<platform::ComboBox>("cmb_Count").Choose(2); }, 400},
-        {"frm_Explore", "", [](Screen& s) { Press(s, "cmd_Cancel"); }}};
-    stops.insert(stops.end(), explore.begin(), explore.end());
+        {"frm_Explore", "", Pressing("cmd_Cancel")}};
+    Add(stops, explore);
     return stops;
 }
 
@@ -317,14 +265,14 @@ Stops Design() {
 Stops First_Linkage() {
     return {
         {"frm_Title", "title", {}, 200},
-        {"frm_Title", "", [](Screen& s) { Press(s, "cmd_Start"); }},
+        {"frm_Title", "", Pressing("cmd_Start")},
         {"frm_User", "user", [](Screen& s) { Fill(s, "txt_UserName", platform::kNoIndex, "A. Designer"); }},
-        {"frm_User", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_User", "", Pressing("cmd_Done")},
         {"frm_HomeScreen", "home-empty", {}, 300},
-        {"frm_HomeScreen", "", [](Screen& s) { Press(s, "cmd_Input"); }},
+        {"frm_HomeScreen", "", Pressing("cmd_Input")},
         {"frm_Inputnew", "", [](Screen& s) { s.Get<platform::OptionButton>("opt_Calctype", 3).Value = true; }, 500},
-        {"frm_Inputnew", "", [](Screen& s) { Fill(s, "txt_initial", 2, "5"); }},
-        {"frm_Inputnew", "input", [](Screen& s) { Press(s, "cmd_Calc"); }},
+        {"frm_Inputnew", "", Typing({{"txt_initial", 2, "5"}})},
+        {"frm_Inputnew", "input", Pressing("cmd_Calc")},
         {"frm_Inputnew", "input-time",
          [](Screen& s) {
              s.Get<platform::OptionButton>("opt_Calctype", 2).Value = true;
@@ -338,8 +286,8 @@ Stops First_Linkage() {
              Fill(s, "txt_initial", 0, "0");
              Press(s, "cmd_Calc");
          }},
-        {"frm_Inputnew", "", [](Screen& s) { Press(s, "cmd_Done"); }},
-        {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 500},
+        {"frm_Inputnew", "", Pressing("cmd_Done")},
+        {"frm_Animate", "", Ticking("chk_Coupler", true), 500},
         {"frm_Animate", "animate",
          [](Screen& s) {
              for (int i = 0; i < 30; ++i) Press(s, "cmd_Step");
@@ -359,7 +307,7 @@ Stops First_Linkage() {
              Drag(s, 0.62, 0.30);
              Drag(s, 0.60, 0.28);
          }},
-        {"frm_Animate", "", [](Screen& s) { Press(s, "cmd_Done"); }},
+        {"frm_Animate", "", Pressing("cmd_Done")},
         {"frm_HomeScreen", "home", {}, 300},
     };
 }
@@ -370,23 +318,20 @@ Stops Walk() {
          {Plots_On_Graphs(), Plots_In_Windows(1, "frm_PlotSelect2", "frm_Myplot2", "frm_Plot2"),
           Plots_In_Windows(2, "frm_PlotSelect3", "frm_MyPlot3", "frm_Plot3"), Polar_Plot(), Forces_And_Balance(),
           Table_And_Transform(), Plots_Of_The_Transform(), Time_Run(), Studies(), Design()})
-        stops.insert(stops.end(), more.begin(), more.end());
-    const Stops last = {
-        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},
-        {"frm_About", "about", {}, 200},
-        {"frm_About", "", [](Screen& s) { s.Hide(); }},
-        {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_Manual").Click(); }},
-        {"frm_Help", "help", {}, 300},
-        {"frm_Help", "", [](Screen& s) { s.Hide(); }},
-        {"frm_HomeScreen", "",
-         [](Screen& s) {
-             Model_Kept();  // no question about saving on this walk
-             Press(s, "cmd_Quit");
-         }},
-        {"frm_Quit", "quit", {}, 200},
-        {"frm_Quit", "", [](Screen& s) { Press(s, "cmd_YesQuit"); }},
-    };
-    stops.insert(stops.end(), last.begin(), last.end());
+        Add(stops, more);
+    Add(stops, {{"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_About").Click(); }},
+                {"frm_About", "about", {}, 200},
+                {"frm_About", "", [](Screen& s) { s.Hide(); }},
+                {"frm_HomeScreen", "", [](Screen& s) { s.Get<platform::MenuEntry>("mnu_Manual").Click(); }},
+                {"frm_Help", "help", {}, 300},
+                {"frm_Help", "", [](Screen& s) { s.Hide(); }},
+                {"frm_HomeScreen", "",
+                 [](Screen& s) {
+                     Model_Kept();  // no question about saving on this walk
+                     Press(s, "cmd_Quit");
+                 }},
+                {"frm_Quit", "quit", {}, 200},
+                {"frm_Quit", "", Pressing("cmd_YesQuit")}});
     return stops;
 }
 

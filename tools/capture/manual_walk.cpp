@@ -139,7 +139,7 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
                {"Picture1", "hsc_step", "cmd_Step", "chk_autoscale"},
                {{"Picture1", 0.06, 0.06}, {"hsc_step", 0.5, 0.5}, {"cmd_Step", 0.08, 0.5}}}}),
         {"frm_Inputnew", "", Pressing("cmd_Done")},
-        {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400, false, "",
+        {"frm_Animate", "", Ticking("chk_Coupler", true), 400, false, "",
          "The animate screen plays it. The green curve is the path of the coupler point."},
         Marked({"frm_Animate", "animate", Stepping(steps)},
                {{"Picture1", 0.06, 0.06},
@@ -160,18 +160,17 @@ Stops Run_And_Animate(int steps, const Stops& under_the_hand = {}) {
                                 {"Picture1", 0.06, 0.06},
                                 {"lbl_Status_0", 0.5, -0.7},
                                 {"lbl_Status_10", 0.5, -0.7}})};
-    stops.insert(stops.end(), under_the_hand.begin(), under_the_hand.end());
-    stops.insert(stops.end(), home.begin(), home.end());
+    Add(stops, under_the_hand);
+    Add(stops, home);
     return stops;
 }
 
 Stops Plot_Accelerations() {
     return {{"frm_HomeScreen", "", Pressing("cmd_Plot"), 120, false, "",
              "Plot: the acceleration of the coupler point, in a single window."},
-            Marked({"frm_PlotType", "plot-type", [](Screen& s) { Pick(s, "opt_PickPlot", 0); }}, {},
-                   {"fra_PickPlot_0", "fra_PickPlot_3"}),
+            Marked({"frm_PlotType", "plot-type", Picking("opt_PickPlot", 0)}, {}, {"fra_PickPlot_0", "fra_PickPlot_3"}),
             {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-            Marked({"frm_PlotSelect1", "plot-select", [](Screen& s) { Choose(s, "cmb_Preset", 8); }},
+            Marked({"frm_PlotSelect1", "plot-select", Choosing("cmb_Preset", 8)},
                    {{"fra_Method", 0.95, 0.2},
                     {"cmb_Preset", 0.9, 0.5},
                     {"fra_Function1", 0.92, 0.1},
@@ -253,26 +252,22 @@ Stops Table() {
 Stops Other_Plots() {
     return {
         {"frm_HomeScreen", "", Pressing("cmd_Plot")},
-        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 1); }},
+        {"frm_PlotType", "", Picking("opt_PickPlot", 1)},
         {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-        {"frm_PlotSelect2", "",
-         [](Screen& s) {
-             Pick(s, "opt_Plotstyle", 0);
-             Choose(s, "cmb_Preset", 1);
-         }},
+        {"frm_PlotSelect2", "", In_Turn({Picking("opt_Plotstyle", 0), Choosing("cmb_Preset", 1)})},
         {"frm_PlotSelect2", "", Pressing("cmd_Done")},
         Marked({"frm_Myplot2", "plot-aligned", {}, 700}, {}, {"pnl_LeftTitle_0", "pct_Plot_0", "pnl_BottomTitle_1"}),
         {"frm_Myplot2", "", Pressing("cmd_PlotDone")},
         {"frm_HomeScreen", "", Pressing("cmd_Plot")},
-        {"frm_PlotType", "", [](Screen& s) { Pick(s, "opt_PickPlot", 3); }},
+        {"frm_PlotType", "", Picking("opt_PickPlot", 3)},
         {"frm_PlotType", "", Pressing("cmd_PickPlotDone")},
-        {"frm_PlotSelect4", "", [](Screen& s) { Choose(s, "cmb_Var1", 5); }},
+        {"frm_PlotSelect4", "", Choosing("cmb_Var1", 5)},
         {"frm_PlotSelect4", "", Pressing("cmd_Done")},
-        {"frm_MyPlot4", "", [](Screen& s) { Tick(s, "chk_Vectors", true); }, 700},
+        {"frm_MyPlot4", "", Ticking("chk_Vectors", true), 700},
         Marked({"frm_MyPlot4", "plot-polar", {}, 300}, {}, {"pnl_LeftTitle", "pct_Plot"}),
         {"frm_MyPlot4", "", Pressing("cmd_PlotDone")},
         {"frm_HomeScreen", "", Menu("mnu_CalcFFT")},
-        With(Marked({"frm_FFT", "transform", [](Screen& s) { Choose(s, "cmb_Var1", 6); }, 400}, {},
+        With(Marked({"frm_FFT", "transform", Choosing("cmb_Var1", 6), 400}, {},
                     {"fra_Function1", "grf_Plot_0", "grf_Plot_1"}),
              {{"transform-phase", {"grf_Plot_2", "grf_Plot_3"}}}),
         {"frm_FFT", "", Pressing("cmd_Done")}};
@@ -357,9 +352,9 @@ Stops All_Linkages() {
 /// A straight line, with what the animate screen can show of it.
 Stops Straight_Line() {
     return {{"frm_HomeScreen", "", Menu("mnu_Hoekens")},
-            {"frm_Inputnew", "", Both(Picking("opt_Polar", 1), Pressing("cmd_Calc")), 400},
+            {"frm_Inputnew", "", In_Turn({Picking("opt_Polar", 1), Pressing("cmd_Calc")}), 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
-            {"frm_Animate", "", [](Screen& s) { Tick(s, "chk_Coupler", true); }, 400},
+            {"frm_Animate", "", Ticking("chk_Coupler", true), 400},
             Marked({"frm_Animate", "straight-line", Stepping(9)}, {}, {"Picture1"}),
             Marked({"frm_Animate", "centrodes",
                     [](Screen& s) {
@@ -383,7 +378,7 @@ Stops Under_The_Hand() {
     return {{"frm_HomeScreen", "", Menu("mnu_Grashof")},
             {"frm_Inputnew", "", Pressing("cmd_Calc"), 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
-            done([](Screen& s) { Tick(s, "chk_Coupler", true); }),
+            done(Ticking("chk_Coupler", true)),
             settled,
             done(Stepping(14)),
             done(Menus({"mnu_ViewPoles", "mnu_ViewVelocities", "mnu_ViewCurvature", "mnu_ViewGrid", "mnu_ViewNames"})),
@@ -396,8 +391,8 @@ Stops Under_The_Hand() {
             shown("hand-line", {"Picture1", "lbl_Why"}, Pull_Along{Joint::kO4, {{-0.4, 0.1}}, false}),
             done(Let_Go),
             done(Menu("mnu_Undo")),
-            shown("hand-locks", {"fra_Links"}, [](Screen& s) { Tick(s, "chk_Lock", true, 4); }),
-            done([](Screen& s) { Tick(s, "chk_Lock", false, 4); }),
+            shown("hand-locks", {"fra_Links"}, Ticking("chk_Lock", true, 4)),
+            done(Ticking("chk_Lock", false, 4)),
             done(Pressing("cmd_Done")),
             {"frm_HomeScreen", "", Pressing("cmd_Dynamics"), 300},
             {"frm_MassProp", "", Pressing("cmd_Solve"), 300},
@@ -422,7 +417,7 @@ Stops Under_The_Hand() {
 Stops Studies() {
     const auto ended = [](Screen& s) { return !s.Get<platform::CommandButton>("cmd_Stop").Enabled; };
     return {{"frm_HomeScreen", "", Menu("mnu_Studies")},
-            {"frm_Studies", "", [](Screen& s) { Pick(s, "opt_Kind", 1); }},
+            {"frm_Studies", "", Picking("opt_Kind", 1)},
             {"frm_Studies", "",
              Typing({{"txt_PlusMinus", 1, "0.01"},
                      {"txt_PlusMinus", 2, "0.02"},
@@ -448,7 +443,7 @@ Stops Quit() {
 /// Walks one behind the other.
 Stops Together(std::initializer_list<Stops> parts) {
     Stops walk;
-    for (const Stops& part : parts) walk.insert(walk.end(), part.begin(), part.end());
+    for (const Stops& part : parts) Add(walk, part);
     return walk;
 }
 
