@@ -33,7 +33,7 @@ int GraphPlot::nearest(const QPointF& at) const {
 QStringList GraphPlot::readOut(const QPointF& at) const {
     const int point = nearest(at);
     if (point < 0) return {};
-    QStringList texts{(bottom_title_ + u' ' + labels_->labels[point]).trimmed()};
+    QStringList texts{(bottom_title_ + u' ' + toQt(readings_[static_cast<std::size_t>(point)])).trimmed()};
     for (const std::size_t set : read(point))
         texts << (toQt(sets_[set].legend).trimmed() + u' ' +
                   QString::number(sets_[set].values[static_cast<std::size_t>(point)], 'g', 6))

@@ -182,6 +182,7 @@ void GraphPlot::takeAcross(const Graph& graph) {
     }
     const QFont font = fontOf(this->font(), graph.TextFont());
     if (!same_labels || font != text_font_) labels_->widths.clear();
+    readings_ = graph.Readings.size() == names_.size() ? graph.Readings : names_;
     places_ = graph.Places;
     if (places_.size() != names_.size()) places_.clear();
     if (!places_.empty()) {

@@ -88,8 +88,9 @@ class GraphPlot : public QCustomPlot {
     QFont text_font_, title_font_, heading_font_;
     QString bottom_title_;
     std::vector<platform::Graph::Set> sets_;
-    std::vector<std::string> names_;  ///< the labels as the program set them
-    std::vector<double> places_;      ///< empty for points at equal distances
+    std::vector<std::string> names_;     ///< the labels as the program set them
+    std::vector<std::string> readings_;  ///< in place of them where a hand reads; by point
+    std::vector<double> places_;         ///< empty for points at equal distances
     int curves_ = 0, first_color_ = 0;
     int cursor_ = -1;
     bool seeking_ = false;

@@ -56,6 +56,12 @@ std::vector<std::string> Point_Labels() {
     return labels;
 }
 
+std::vector<std::string> Point_Readings() {
+    std::vector<std::string> readings;
+    for (int i = 0; i <= Last_Point(); ++i) readings.push_back(Point_Reading(i));
+    return readings;
+}
+
 /// Puts a slot's values into the present set of a graph.
 void Put_Points(Graph& graph, int slot, const std::vector<std::string>& labels) {
     Single value;
@@ -117,7 +123,7 @@ platform::Plot_Reading Reading_Of(const Curve& curve, const std::string& name, c
                                   platform::Color color) {
     platform::Plot_Reading reading;
     reading.across = Bottom_Title();
-    reading.labels = Point_Labels();
+    reading.labels = Point_Readings();
     reading.values = {{name, unit, curve.y}};
     reading.x = curve.x;
     reading.y = curve.y;
@@ -191,15 +197,17 @@ void Plot_Setup(Screen& screen, int windows) {
     Guarded("Plot_Setup", [&] {
         const int last = Last_Point();
         constexpr int kPolar = 4;
+        const std::vector<std::string> readings = Point_Readings();
+        Titlebox(screen);
         for (int i = 0; i < windows; ++i) {
             Graph& graph = screen.Get<Graph>("grf_Plot", i);
-            Titlebox(screen);
-            SetGridstyle(screen, windows);
             if (Model.PlotStyle < kPolar) graph.SetNumSets(Model.PlotCount);
             graph.SetNumPoints(last + 1);
+            graph.Readings = readings;
             Set_Up_Axes(graph);
-            Show_Run_Panel(screen);
         }
+        SetGridstyle(screen, windows);
+        Show_Run_Panel(screen);
         std::string line1, line2, time, step, unit;
         Table_Titles(line1, line2, time, step, unit);
         Put_Caption(screen, "lbl_Header2", kNoIndex, line1);
@@ -248,11 +256,9 @@ void Plot(Screen& screen, Screen& selectionScreen, int windows) {
 
 void MyPlotSetup(Screen& screen, int windows) {
     Guarded("MyPlotSetup", [&] {
-        for (int i = 0; i < windows; ++i) {
-            Titlebox(screen);
-            Put_Caption(screen, "pnl_BottomTitle", i, Bottom_Title());
-            Show_Run_Panel(screen);
-        }
+        Titlebox(screen);
+        for (int i = 0; i < windows; ++i) Put_Caption(screen, "pnl_BottomTitle", i, Bottom_Title());
+        Show_Run_Panel(screen);
         Show_Initial_Frame(screen);
         Put_Coordinate_Labels(screen, Model.CoordSystem);
     });

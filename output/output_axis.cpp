@@ -15,12 +15,26 @@ Axis Output_Axis() {
 
 int Last_Point() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }
 
-std::string Point_Text(int point, int decimals) {
+namespace {
+
+/// Degrees or seconds; a harmonic's number.
+double Place_Of(int point) {
     switch (Output_Axis()) {
-        case Axis::kHarmonic: return Text_Of(point);
-        case Axis::kAngle: return FNRoundStr(Model.RunTable.Theta(point, 0), decimals);
-        default: return FNRoundStr(point * Model.TimeStep + Model.TimeStart, decimals);
+        case Axis::kHarmonic: return point;
+        case Axis::kAngle: return Model.RunTable.Theta(point, 0);
+        default: return point * Model.TimeStep + Model.TimeStart;
     }
+}
+
+}  // namespace
+
+std::string Point_Text(int point, int decimals) {
+    return Output_Axis() == Axis::kHarmonic ? Text_Of(point) : FNRoundStr(Place_Of(point), decimals);
+}
+
+std::string Point_Reading(int point) {
+    const int decimals = Output_Axis() == Axis::kTime ? 6 : 4;
+    return Text_Of(Single(FNRound(Place_Of(point), decimals)));
 }
 
 bool Slot_Is_Angle(int slot) {

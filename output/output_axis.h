@@ -15,6 +15,8 @@ Axis Output_Axis();
 int Last_Point();
 /// Where a point stands, to so many decimals; a harmonic has none.
 std::string Point_Text(int point, int decimals);
+/// The same for the hand that reads a point: no digit is missing, and none is more than rounding has left.
+std::string Point_Reading(int point);
 
 /// Whether a slot's values are the angles of a vector.
 bool Slot_Is_Angle(int slot);

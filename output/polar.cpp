@@ -85,7 +85,7 @@ void Read_Vectors(Screen& screen, const OutputSettings& plot, const std::string&
     for (int i = first; i <= last; ++i) {
         Single mag, ang;
         Cart_to_Polar(plot.PolarX(i), plot.PolarY(i), mag, ang);
-        reading.labels.push_back(Point_Text(i, Point_Decimals()) + " " + Point_Unit());
+        reading.labels.push_back(Point_Reading(i) + " " + Point_Unit());
         reading.values[0].at.push_back(mag);
         reading.values[1].at.push_back(ang);
         reading.x.push_back(plot.PolarX(i));

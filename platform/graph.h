@@ -37,6 +37,8 @@ class Graph : public Visual {
     /// Where the points stand along the x axis, one place for each and all finite; empty for equal distances. They may
     /// turn back. The axis then has round numbers, and labels are for reading alone.
     std::vector<double> Places;
+    /// What stands for the label of a point where a hand reads it, one for each; empty for the labels themselves.
+    std::vector<std::string> Readings;
     std::string GraphTitle;   ///< above the graph
     std::string BottomTitle;  ///< below the x axis
     int PatternedLines = 0;

@@ -170,6 +170,9 @@ TEST_F(GraphWidgetTest, The_pointer_reads_the_label_and_each_value) {
     EXPECT_EQ(widget->readOut(widget->place(90, 0.2)),
               (QStringList{"Crank Angle (Deg) 90", "Function 1 1", "Function 2 2", "Function 3 3"}));
     EXPECT_EQ(widget->readOut(QPoint(2, 2)), QStringList());
+    graph.Readings.assign(361, "90.25");
+    Draw();
+    EXPECT_EQ(widget->readOut(widget->place(90, 0.2)).constFirst(), "Crank Angle (Deg) 90.25");
 }
 
 TEST_F(GraphWidgetTest, Points_that_were_never_given_are_neither_drawn_nor_read) {

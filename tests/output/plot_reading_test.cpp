@@ -5,6 +5,7 @@
 #include "output/polar.h"
 #include "screens/frm_myplot2.h"
 #include "screens/frm_myplot4.h"
+#include "screens/frm_plot1.h"
 #include "tests/output/plotting.h"
 
 namespace verlink::test {
@@ -42,7 +43,7 @@ TEST_F(Plot_Readings, Of_an_aligned_window_are_angle_and_value_of_each_step_wher
         EXPECT_FALSE(reading.polar);
         EXPECT_EQ(reading.across, "Crank Angle (Deg)");
         ASSERT_EQ(reading.labels.size(), 37U);
-        EXPECT_EQ(reading.labels[9], "90.");
+        EXPECT_EQ(reading.labels[9], "90");
         ASSERT_EQ(reading.values.size(), 1U);
         EXPECT_EQ(reading.values[0].name, window ? "Theta3 Mag" : "Omega4 Mag");
         EXPECT_EQ(reading.values[0].unit, aligned.pnl_PlotUnits[window].Caption.Get());
@@ -55,6 +56,24 @@ TEST_F(Plot_Readings, Of_an_aligned_window_are_angle_and_value_of_each_step_wher
             EXPECT_NEAR(reading.x[i], 10 * step, 1e-3) << step;
         }
     }
+}
+
+TEST_F(Plot_Readings, Tell_the_place_of_a_point_with_all_its_digits_where_the_axis_rounds) {
+    By_Angle(0.25, 90.25, 2.5);
+    Choose(1, "Omega4", "Mag");
+    Choose(2, "Theta3", "Mag");
+    MyPlot(aligned, chosen, 2);
+    EXPECT_EQ(aligned.pct_Plot[1].Reading().labels[1], "2.75");
+    frm_Plot1 graphs;
+    Plot_Setup(graphs, 1);
+    MultiPlot(graphs, chosen);
+    const platform::Graph& graph = graphs.grf_Plot[0];
+    ASSERT_EQ(graph.Readings.size(), 37U);
+    EXPECT_EQ(graph.Readings[36], "90.25");
+    EXPECT_EQ(graph.Labels()[36], "90.");
+    By_Time(0, 0.01, 0.0025);
+    Plot_Setup(graphs, 1);
+    EXPECT_EQ(graph.Readings, (std::vector<std::string>{"0", "0.0025", "0.005", "0.0075", "0.01"}));
 }
 
 TEST_F(Plot_Readings, Of_a_window_that_is_left_empty_are_none) {
@@ -76,7 +95,7 @@ TEST_F(Plot_Readings, Of_a_polar_plot_are_magnitude_and_angle_of_each_tip) {
     EXPECT_TRUE(reading.polar);
     EXPECT_EQ(reading.across, "Theta2");
     ASSERT_EQ(reading.labels.size(), 37U);
-    EXPECT_EQ(reading.labels[9], "90.0 deg");
+    EXPECT_EQ(reading.labels[9], "90 deg");
     ASSERT_EQ(reading.values.size(), 2U);
     EXPECT_EQ(reading.values[0].name, "Mag");
     EXPECT_EQ(reading.values[1].name, "Ang");
@@ -97,7 +116,7 @@ TEST_F(Plot_Readings, Of_a_polar_plot_that_shows_one_vector_are_those_of_that_on
     MyPolarPlot(polar, chosen);
     const double x = polar.pct_Plot.Reading().x[4];
     MyPolarStep(polar, 4);
-    ASSERT_EQ(polar.pct_Plot.Reading().labels, std::vector<std::string>{"40.0 deg"});
+    ASSERT_EQ(polar.pct_Plot.Reading().labels, std::vector<std::string>{"40 deg"});
     EXPECT_EQ(polar.pct_Plot.Reading().x[0], x);
     MyPolarPlotSetup(polar);
     EXPECT_TRUE(polar.pct_Plot.Reading().Empty()) << "nothing is drawn any more";
