@@ -48,8 +48,22 @@ def balanced(text):
     return depth == 0
 
 
+def for_other_machines(line, stack):
+    """Whether the line stands where only machines without the vectors of this one get."""
+    if line.startswith("#if"):
+        stack.append("__SSE2__" in line and "plain")
+    elif line.startswith("#else") and stack[-1]:
+        stack[-1] = "else"
+    elif line.startswith("#endif"):
+        stack.pop()
+    return "else" in stack
+
+
 def mutants_of(path, lines=None):
+    stack = []
     for number, line in enumerate(path.read_text().split("\n"), 1):
+        if for_other_machines(line, stack):
+            continue
         if lines is not None and number not in lines or LEFT_ALONE.match(line):
             continue
         code = BLANKED.sub(lambda found: " " * len(found.group()), line).rstrip()
