@@ -1,6 +1,8 @@
 // The status panel, the enabling of the home screen's menus and buttons, headers and captions of screens.
 #include "core/model_on_screens.h"
 
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "platform/desktop_services.h"
 #include "platform/guard.h"
@@ -92,7 +94,7 @@ void Set_Menus() {
 
 void Check_mnu_Units(platform::Screen& HomeScreen, Integer& Units) {
     Guarded("Check_mnu_Units", [&] {
-        if (Units < 1) Units = 1;
+        Units = std::max<int>(Units, 1);
         for (int system = 1; system <= 5; ++system)
             With<MenuEntry>(HomeScreen, "mnu_pick", system, [&](MenuEntry& entry) { entry.Checked = system == Units; });
     });

@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kDeepest = 40;  ///< brackets within brackets
 
-bool Is_Letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool Is_Mark(char c) { return c == '-' || c == '^' || c == '*' || c == '.'; }
 char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -169,8 +168,7 @@ class Reader {
             else
                 return 0;
         }
-        const char behind = at < text_.size() ? text_[at] : '\0';
-        return Is_Letter(behind) || Is_Digit(behind) ? 0 : at;
+        return at;
     }
 
     std::string_view text_;
@@ -186,7 +184,7 @@ bool Is_Plain(const std::string& text, bool grouped) {
     const long failure = Failure_Of([&] { (void)Number_Of(dense); });
     if (failure != platform::kTypeMismatch) return true;
     const std::size_t sign = dense.front() == '-' || dense.front() == '+' ? 1 : 0;
-    return grouped && dense.size() > sign && Parts_Thousands(std::string_view(dense).substr(sign)) &&
+    return grouped && Parts_Thousands(std::string_view(dense).substr(sign)) &&
            Failure_Of([&] { (void)Number_Of(Ungrouped(dense)); }) == 0;
 }
 

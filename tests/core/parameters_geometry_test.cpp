@@ -185,6 +185,13 @@ TEST_F(ParametersGeometry, OtherRunsLeaveThePhaseAlone) {
     EXPECT_EQ(Model.Delta2, 3.0);
 }
 
+TEST_F(ParametersGeometry, TheClassIsThatOfTheLinkageAlsoWhereItIsTheOneOfBefore) {
+    Get_Linkage_Geometry(input);
+    Model.Grashof_Code = "N";  // as a file may say
+    Get_Linkage_Geometry(input);
+    EXPECT_EQ(Model.Grashof_Code, "Y");
+}
+
 TEST_F(ParametersGeometry, TheCircuitIsReadFromTheOptions) {
     input.Get<OptionButton>("opt_OpenCross", 1).Value = true;
     Get_Circuit(input);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <initializer_list>
 
 #include "core/linkage_model.h"
 #include "shell/initialize.h"
@@ -102,6 +103,7 @@ TEST_F(Runs, OnePositionHasNoStepsAndLeavesItsAngleRoundedInTheLimits) {
     EXPECT_EQ(Model.ThetaStepStr, "0");
     EXPECT_NEAR(Theta2(0), 33.26, 1e-4);
     EXPECT_TRUE(Model.RunTable.Assembled(0));
+    EXPECT_TRUE(Model.RunStands);
 }
 
 TEST_F(Runs, TimeRunFollowsTheConstantAccelerationWithTimeAddedInSingle) {
@@ -154,6 +156,53 @@ TEST_F(Runs, DrivenRunsReplayTheirTable) {
     Run_Dropped();
     Imported_Run(result);
     EXPECT_FALSE(Model.Calculated);
+}
+
+TEST_F(Runs, ADrivenRunLeavesTheAccelerationOfTheModelAsItWas) {
+    Model.Calctype = 5;
+    Model.Alpha2 = 2.5;
+    Model.NSteps = 2;
+    for (int step = 0; step <= 2; ++step) {
+        Model.RunTable.DriveTheta(step) = 10 * step;
+        Model.RunTable.Omega(step, 0) = Model.RunTable.Alpha(step, 0) = 1 + step;
+    }
+    Imported_Run(result);
+    EXPECT_EQ(Model.Alpha2, 2.5);
+}
+
+TEST_F(Runs, NothingOfTheRunBeforeIsInOneAtRest) {
+    const auto expect_clear = [] {
+        const auto& table = Model.RunTable;
+        EXPECT_EQ(table.OmegaRatio(0), 0);
+        EXPECT_EQ(table.MechAdvantage(0), 0);
+        EXPECT_FALSE(Model.TorqueImported);
+        EXPECT_EQ(Model.Delta2, 0);
+    };
+    using OneOfThem = void (*)(Integer&);
+    for (const OneOfThem run : std::initializer_list<OneOfThem>{Oneposition, Timestep, Crankangle}) {
+        Model.Omega2Input = 10;
+        Crankangle(result);
+        EXPECT_NE(Model.RunTable.OmegaRatio(0), 0);
+        Model.TorqueImported = true;
+        Model.Delta2 = 5;
+        Model.Omega2Input = 0;
+        Model.Alpha2 = 0;
+        run(result);
+        expect_clear();
+    }
+}
+
+TEST_F(Runs, ARunHoldsWhichClosesAtOneStepAndNoneThatClosesNowhere) {
+    Lengths(4, 2, 3, 2);  // closes up to 104 degrees
+    Model.Calctype = 3;
+    for (const auto& [first, last] : {std::pair{100.0, 140.0}, {220.0, 260.0}}) {
+        Angles(first, last, 20);
+        Crankangle(result);
+        EXPECT_TRUE(Model.RunStands) << first;
+    }
+    Angles(120, 160, 20);
+    Crankangle(result);
+    EXPECT_FALSE(Model.RunStands);
 }
 
 TEST_F(Runs, NewRunDropsDynamicsAndBalancing) {

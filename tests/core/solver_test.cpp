@@ -229,6 +229,24 @@ TEST_F(Position, ZeroLengthIsADivisionByZero) {
     Lengths(3, 0, 2, 4);
     desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Calculate\r\n\r\n");
     Solve(30);
+    EXPECT_FALSE(Model.RunTable.Assembled(0));
+}
+
+TEST_F(Position, RowsOfTheMassCentresStand) {
+    auto& table = Model.RunTable;
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int row = 3; row <= 5; ++row) table.VelXY(1, row, axis) = 7;
+        for (int row = 5; row <= 7; ++row) table.AccXY(1, row, axis) = 7;
+        table.PointXY(1, 3, axis) = 7;
+    }
+    Model.Units = 5;
+    Solve(30, 1);
+    EXPECT_TRUE(table.Assembled(1));
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int row = 3; row <= 5; ++row) EXPECT_EQ(table.VelXY(1, row, axis), 7);
+        for (int row = 5; row <= 7; ++row) EXPECT_EQ(table.AccXY(1, row, axis), 7);
+        EXPECT_EQ(table.PointXY(1, 3, axis), 7);
+    }
 }
 
 TEST_F(Position, StepOutsideTheTableIsASubscriptFailure) {

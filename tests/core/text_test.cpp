@@ -110,6 +110,11 @@ TEST(ValueOfText, TooLargeForADoubleIsFailure6AndTooSmallIsZero) {
     EXPECT_EQ(Val("1e-400"), 0);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
     EXPECT_EQ(Val("0e999999"), 0);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1e50"), 0);
+    EXPECT_FAILURE(6, Val("1" + std::string(400, '0') + "e-50"));
+    EXPECT_EQ(Val("1" + std::string(400, '0') + "e-800"), 0);
+    EXPECT_EQ(Val("0." + std::string(1329, '0') + "1e1000"), 0);
+    EXPECT_FAILURE(6, Val("1" + std::string(1320, '0') + "e-1000"));
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1e401"), 1);
 }
 

@@ -146,6 +146,12 @@ TEST(WhyTest, A_parallelogram_has_a_change_point_at_either_end_and_closes_on_bot
     EXPECT_NEAR(Nearest_Toggle(links, 545)->value, 540, 1e-6) << "on the turn that was asked about";
 }
 
+TEST(WhyTest, A_toggle_that_only_roundings_take_away_is_one_all_the_same) {
+    // Its cosine is 1 and 0.9, or 1.2, millionths.
+    EXPECT_TRUE(Nearest_Toggle({4, 2, 4, 2 + 3.6e-6}, 10));
+    EXPECT_FALSE(Nearest_Toggle({4, 2, 4, 2 + 4.8e-6}, 10));
+}
+
 TEST(WhyTest, Of_angles_that_miss_the_one_that_misses_least_is_found_and_none_where_one_closes) {
     const Links links{7, 4, 5, 4.5};
     const std::vector<double> beyond{125, 170, 120, 190}, with_one{125, 100, 120};

@@ -106,6 +106,15 @@ TEST_F(TwoPositions, DirectionsThatMoveAlongOneLineAreToldWhateverTheirNumbers) 
     }
 }
 
+TEST_F(TwoPositions, TurnsTooSmallForTheirCosinesAreToldByMethodOne) {
+    Dyad dyad = Filled();
+    dyad.angle1 = dyad.angle2 = 0;
+    const Dyad before = dyad;
+    Expect_Plain(kNoMagnitudes);
+    dyad.Solve(1, 1, 2, 1e-7, 3e-7);
+    EXPECT_EQ(dyad, before);
+}
+
 TEST_F(TwoPositions, WholeTurnsAreToldByMethodOne) {
     for (const auto& [alpha, beta] : {std::pair{25.0, 360.0}, {25.0, -720.0}, {360.0, 25.0}, {-1080.0, 25.0}}) {
         Dyad dyad = Filled();
