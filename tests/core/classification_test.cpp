@@ -144,5 +144,14 @@ TEST_F(Classification, RefusalOfCognatesStandsToTheLetter) {
                  "not available for parallelogram linkages\ras they have no value in this case.\r");
 }
 
+TEST_F(Classification, LengthsCloseSomewhereUnlessOneIsAsLongAsTheOthersTogether) {
+    Lengths(3, 1, 3, 2.5);
+    EXPECT_TRUE(Closes_Somewhere());
+    EXPECT_STREQ(Grashof_Long_Text(), "Linkage is Grashof");
+    Lengths(6.5, 1, 3, 2.5);
+    EXPECT_FALSE(Closes_Somewhere());
+    EXPECT_STREQ(Grashof_Long_Text(), "Can't Connect");
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <array>
 #include <vector>
 
 #include "core/numeric.h"
@@ -107,10 +108,12 @@ TEST_F(EquationSolver, ASingleZeroEquationPassesInSilence) {
 }
 
 TEST_F(EquationSolver, ASystemLargerThanItsArraysIsReportedAsASubscript) {
-    std::vector<double> a(4, 1.0), b(2, 1.0);
-    desktop.Expect_Message(Report(9, "Subscript out of range", "SimQ"));
-    Solve(3, a, b);
-    EXPECT_EQ(Flag, 1);
+    for (const auto& [n, matrix, right] : {std::array{3, 4, 2}, {3, 8, 3}, {3, 9, 2}, {0, 9, 3}, {-1, 9, 3}}) {
+        std::vector<double> a(static_cast<std::size_t>(matrix), 1.0), b(static_cast<std::size_t>(right), 1.0);
+        desktop.Expect_Message(Report(9, "Subscript out of range", "SimQ"));
+        Solve(n, a, b);
+        EXPECT_EQ(Flag, 1);
+    }
 }
 
 TEST_F(EquationSolver, AnOverflowIsReported) {

@@ -231,6 +231,7 @@ TEST_F(ParametersLimits, MoreThan2880TimeStepsAreToldAndTheRoutineGoesOnWithTheM
     EXPECT_EQ(Model.ThetaStepStr, "0.5");
     EXPECT_EQ(Model.NSteps, 4);
     Expect_Boxes("0", "2", "0.0001");
+    for (int box = 0; box <= 2; ++box) EXPECT_TRUE(input.Text("txt_initial", box).Touched()) << "it is read again";
     EXPECT_EQ(animate.Text("txt_initial", 2).Text, "0.5");
     EXPECT_FALSE(input.Get<CommandButton>("cmd_Done").Enabled);
 }
@@ -276,6 +277,50 @@ TEST_F(ParametersLimits, AngleLabels) {
     Put_Angle_Initial_Conditions(animate);
     EXPECT_EQ(animate.Get<Label>("lbl_StepLabel").Caption, "Alpha2");
     EXPECT_EQ(animate.Get<Label>("lbl_StepUnit").Caption, "rad/s^2");
+}
+
+TEST_F(ParametersLimits, ALimitThatIsWrittenOtherwiseOrAnotherCountDropsTheRunAndTheSave) {
+    ASSERT_TRUE(Get_Initial_Conditions(input));
+    const auto stands = [this] {
+        Run_Holds();
+        Model_Saved();
+        EXPECT_TRUE(Get_Initial_Conditions(input));
+        EXPECT_EQ(Model.RunStands, Model.SavedFlag);
+        return bool{Model.RunStands};
+    };
+    EXPECT_TRUE(stands());
+    for (std::string* text : {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr}) {
+        *text += ".0";
+        EXPECT_FALSE(stands());
+        EXPECT_TRUE(stands());
+    }
+    Model.NSteps = 35;
+    EXPECT_FALSE(stands());
+    EXPECT_EQ(Model.NSteps, 36);
+    Model.Alpha2 = 1;
+    EXPECT_FALSE(stands());
+}
+
+TEST_F(ParametersLimits, TimeLimitsGoToTheAnimateScreenWithTheLengthsOfTheModel) {
+    Model.Calctype = 2;
+    Model.L2 = 1.25;
+    LoadLinkArray();
+    ASSERT_TRUE(Read("0", "2", "0.5"));
+    EXPECT_EQ(animate.Text("txt_Linkout", 1).Text, "1.25");
+    EXPECT_EQ(animate.Text("txt_initial", 1).Text, "2");
+}
+
+TEST_F(ParametersLimits, ALinkDrivenRunShowsItsPhaseWhereOthersHaveTheAcceleration) {
+    Model.Alpha2 = 3;
+    Model.Delta2 = 7;
+    for (const int type : {2, 3, 4, 5}) {
+        Model.Calctype = type;
+        Put_Time_Initial_Conditions(input);
+        EXPECT_EQ(Box(4), type == 5 ? "7" : "3");
+        EXPECT_EQ(input.Get<Label>("lbl_Initial", 4).Caption, type == 5 ? "Delta 2" : "Alpha2");
+        EXPECT_EQ(input.Get<Label>("lbl_Unit", 4).Caption, type == 5 ? "deg" : "rad/s^2");
+        EXPECT_EQ(input.Get<Label>("lbl_Initial", 5).Caption, type < 4 ? "ThetaZero" : "Thetazero");
+    }
 }
 
 TEST_F(ParametersLimits, AnotherSpeedDropsTheRunAndTheSaveAndTheSameKeepsThem) {

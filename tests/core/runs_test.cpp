@@ -67,6 +67,37 @@ TEST_F(Runs, NegativeSpeedRunsFromTheMaximumDown) {
     EXPECT_NEAR(Theta2(8), 20, 1e-3);
 }
 
+TEST_F(Runs, ASlowCrankRunsForwardsAsAnyOther) {
+    Angles(20, 100, 10);
+    Model.Omega2Input = 0.5;
+    Crankangle(result);
+    for (int step = 0; step <= 8; ++step) EXPECT_NEAR(Theta2(step), 20 + 10 * step, 1e-3) << step;
+}
+
+TEST_F(Runs, ARunUnaskedIsThatOfItsKindAsksNothingAndLeavesWhatDrivesTheModel) {
+    Lengths(4, 2, 3, 2);
+    Model.ThetaZero = 180;
+    Model.TimeStart = 0;
+    Model.TimeStep = 0.01;
+    Model.CamDirection = 1;
+    Model.CamPhase = Model.Delta2 = Model.Alpha2 = 0;
+    // The first angle of each kind, at which it does not close, and the last one.
+    const double last[] = {180, 180 + 5 * 10 * 0.01 * kRadToDeg, 170, 330, 150};
+    for (int type = 1; type <= 5; ++type) {
+        Angles(120, 170, 10);
+        for (int step = 0; step <= 5; ++step)
+            Model.RunTable.DriveTheta(step) = type == 4 ? 30 * step : 100 + 10 * step;
+        Model.Calctype = type;
+        Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = true;
+        Model.Link1Angle = 0;
+        Run_Unasked(Model);
+        EXPECT_TRUE(Model.NoConnectSeen);
+        EXPECT_TRUE(Model.CamDriven && Model.LinkDriven && Model.InputScreenOpen);
+        EXPECT_EQ(Model.NSteps, type == 1 ? 0 : 5);
+        EXPECT_NEAR(std::remainder(Theta2(Model.NSteps) - last[type - 1], 360), 0, 0.01) << type;
+    }
+}
+
 TEST_F(Runs, RangeThatRoundsDownEndsByCountShortOfTheLimit) {
     Angles(0, 94, 10);
     EXPECT_EQ(Model.NSteps, 9);
@@ -115,6 +146,7 @@ TEST_F(Runs, TimeRunFollowsTheConstantAccelerationWithTimeAddedInSingle) {
     Model.TimeStep = 0.1;
     Model.NSteps = 50;
     Timestep(result);
+    EXPECT_TRUE(Model.RunStands);
     float t = 0.25F;
     for (int step = 0; step <= 50; ++step) {
         const double seconds = static_cast<double>(t);

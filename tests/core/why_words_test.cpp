@@ -302,6 +302,14 @@ TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
               "closes: 116.8 deg.");
 }
 
+TEST_F(WhyWordsTest, A_run_that_was_dropped_and_closed_throughout_tells_of_its_last_position) {
+    Triple_Rocker();
+    Run(60, 114.5, 54.5);
+    Run_Dropped();
+    EXPECT_EQ(Why_Shown(Model, 0),
+              "Transmission angle 17.3 deg, under 40; 2.3 deg from the toggle at Theta2 = 116.8 deg.");
+}
+
 TEST_F(WhyWordsTest, A_link_without_length_is_named) {
     Triple_Rocker();
     Run(0, 90, 45);

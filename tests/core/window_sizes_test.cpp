@@ -106,6 +106,9 @@ TEST_F(WindowSizesTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough)
     Screen& title = Screens::Get("frm_Title");
     Fit_Display(title);
     Expect_Shape(title, 2075, 2460, 11850, 8950);
+    EXPECT_TRUE(Display_Is_High_Enough());
+    desktop.Size = {16000, 9349, 1067, 623};
+    EXPECT_FALSE(Display_Is_High_Enough());
 }
 
 TEST_F(WindowSizesTest, FitDisplayShrinksAScreenThatIsHigherThanTheDisplay) {
@@ -123,6 +126,20 @@ TEST_F(WindowSizesTest, ShowCenteredPlacesAScreenAndShowsItModally) {
         screen.Hide();
     });
     Show_Centered("frm_About");
+}
+
+TEST_F(WindowSizesTest, WhatIsArrivedAtTakesAwayTheScreensAboveHome) {
+    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) {
+        Arrive_At("frm_About");
+        EXPECT_TRUE(home.Visible());
+        home.Hide();
+    });
+    desktop.Expect_Screen("frm_About", [](Screen&) { Arrive_At("frm_Title"); });
+    desktop.Expect_Screen("frm_Title", [](Screen& title) {
+        EXPECT_FALSE(Screens::Get("frm_About").Visible());
+        title.Hide();
+    });
+    Screens::Get("frm_HomeScreen").ShowModal();
 }
 
 TEST_F(WindowSizesTest, ShowCenteredOfAScreenThatDoesNotExistIsASubscriptFailure) {

@@ -14,12 +14,12 @@ class Units : public Fixture {};
 
 namespace {
 
-struct Row {
+struct LabelsOfSystem {
     int units;
     std::vector<const char*> labels;  // 1 to 18
 };
 
-const Row kLabels[] = {
+const LabelsOfSystem kLabels[] = {
     {1,
      {"degrees", "rad/sec", "rad/sec^2", "in/sec", "in/sec^2", "in", "ratio", "ratio", "lb-in", "lb", "lb", "lb-in",
       "lb", "bl", "in-lb-s^2", "rad/sec^3", "in/sec^3", "lb-in"}},
@@ -44,7 +44,7 @@ std::vector<int> Decimals() {
 }  // namespace
 
 TEST_F(Units, LabelsOfEverySystem) {
-    for (const Row& row : kLabels) {
+    for (const LabelsOfSystem& row : kLabels) {
         ASSERT_EQ(row.labels.size(), 18U);
         Use_Units(row.units);
         EXPECT_EQ(Model.Units, row.units);
