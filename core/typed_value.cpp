@@ -41,17 +41,17 @@ class Reader {
 
     /// The value of the text as a whole; nothing when there is more to it than can be read.
     std::optional<double> Whole() {
-        double sum = 0;
+        double sum = 0, sign = 1;
         int with_unit = 0, terms = 0;
-        do {
-            const double sign = terms > 0 && text_[at_ - 1] == '-' ? -1 : 1;
+        for (bool more = true; more; ++terms) {
             const std::optional<double> term = Product(0);
             if (!term) return {};
             const std::optional<double> factor = Unit();
             sum += sign * *term * factor.value_or(1);
             with_unit += factor ? 1 : 0;
-            ++terms;
-        } while (Take("+-"));
+            more = Take("+-");
+            if (more) sign = text_[at_ - 1] == '-' ? -1 : 1;
+        }
         Skip_Blanks();
         const bool all = at_ == text_.size() && (with_unit == 0 || with_unit == terms);
         return all && std::isfinite(sum) ? std::optional(sum) : std::nullopt;

@@ -127,6 +127,8 @@ TEST_F(Classification, ToggleAtTheLimitShowsOneRadianAsTheArcCosineHasIt) {
     Lengths(2, 2, 2, 2);  // K = 0 and M = 1: the cosine is exactly 1
     EXPECT_NEAR(Toggle(), 57.29577950560105, 1e-5);
     EXPECT_EQ(Screens::Get("frm_Inputnew").Get<Label>("lbl_Toggle", 0).Caption.Get(), "57.3");
+    Lengths(4, 2, 3, 1);  // 5/8 and 3/8
+    EXPECT_NEAR(Toggle(), 57.29577950560105, 1e-5);
 }
 
 TEST_F(Classification, GrashofLinkageKeepsTheOldToggleText) {

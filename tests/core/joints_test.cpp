@@ -133,8 +133,8 @@ TEST(Joints, LinksInOneLineHaveNoPole) {
     EXPECT_FALSE(Pole_24(stretched));
     EXPECT_FALSE(Curvature_At_P(stretched));
     // Off a line by what a single number does not hold, and by what it does.
-    EXPECT_FALSE(Curvature_At_P({{0, 0}, {5, 0.5 + 1e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
-    EXPECT_TRUE(Curvature_At_P({{0, 0}, {5, 0.5 + 1e-5}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
+    EXPECT_FALSE(Curvature_At_P({{0, 0}, {5, 0.5 + 1.8e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
+    EXPECT_TRUE(Curvature_At_P({{0, 0}, {5, 0.5 + 2.4e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
 }
 
 TEST(Joints, ALinkWithoutLengthHasNoPole) {

@@ -198,11 +198,12 @@ TEST_F(ParametersGeometry, ATextInTheFormThatIsNotInForceGivesWayToThePlaceOfThe
 }
 
 TEST_F(ParametersGeometry, ATypedLinkMakesACognateALinkageOfItsOwn) {
-    for (const bool typed : {false, true}) {
+    for (const std::string text : {"", "1.115", "1.25"}) {
+        const bool typed = !text.empty();
         Model.CognateNumber = 3;
         Model.CognateEdit = true;
         Model.CognatesDue = false;
-        if (typed) Write(1, "1.25");
+        if (typed) Write(1, text.c_str());
         Get_Linkage_Geometry(input);
         EXPECT_EQ(Model.CognateNumber, typed ? 1 : 3);
         EXPECT_EQ(Model.CognateEdit, !typed);

@@ -236,6 +236,12 @@ TEST_F(ParametersLimits, MoreThan2880TimeStepsAreToldAndTheRoutineGoesOnWithTheM
     EXPECT_FALSE(input.Get<CommandButton>("cmd_Done").Enabled);
 }
 
+TEST_F(ParametersLimits, Exactly2880TimeStepsPass) {
+    Model.Calctype = 2;
+    EXPECT_TRUE(Read("0", "2880", "1"));
+    EXPECT_EQ(Model.NSteps, 2880);
+}
+
 TEST_F(ParametersLimits, ATimeStepOf0InTheModelItselfIsToldAsTooSmall) {
     Model.Calctype = 2;
     Model.TimeStep = 0;
@@ -255,6 +261,7 @@ TEST_F(ParametersLimits, DrivenRunsReadNoLimits) {
 TEST_F(ParametersLimits, AnOverflowWhileReadingIsReportedAndCountsAsRefused) {
     desktop.Expect_Message_With("has occurred in Get_Initial_Conditions");
     EXPECT_FALSE(Read("0", "1e60", "5"));
+    EXPECT_EQ(Box(1), "405");
     Expect_Angles(45, 405, 10, -435);
 }
 
@@ -321,6 +328,26 @@ TEST_F(ParametersLimits, ALinkDrivenRunShowsItsPhaseWhereOthersHaveTheAccelerati
         EXPECT_EQ(input.Get<Label>("lbl_Unit", 4).Caption, type == 5 ? "deg" : "rad/s^2");
         EXPECT_EQ(input.Get<Label>("lbl_Initial", 5).Caption, type < 4 ? "ThetaZero" : "Thetazero");
     }
+}
+
+TEST_F(ParametersLimits, TextsAndRadiansFollowFromTheLimitsOfTheModel) {
+    Model.TimeStart = 0.25;
+    Model.TimeEnd = 2.5;
+    Model.TimeStep = 0.125;
+    Derive_Time_Limits();
+    EXPECT_EQ(Model.ThetaStartStr, "0.25");
+    EXPECT_EQ(Model.ThetaEndStr, "2.5");
+    EXPECT_EQ(Model.ThetaStepStr, "0.125");
+    Model.ThetaStart = -30;
+    Model.ThetaEnd = 60;
+    Model.ThetaStep = 15;
+    Derive_Angle_Limits();
+    EXPECT_EQ(Model.ThetaStartStr, "-30");
+    EXPECT_EQ(Model.ThetaEndStr, "60");
+    EXPECT_EQ(Model.ThetaStepStr, "15");
+    EXPECT_NEAR(Model.ThetaStartRad, -M_PI / 6, 1e-7);
+    EXPECT_NEAR(Model.ThetaEndRad, M_PI / 3, 1e-7);
+    EXPECT_NEAR(Model.ThetaStepRad, M_PI / 12, 1e-7);
 }
 
 TEST_F(ParametersLimits, AnotherSpeedDropsTheRunAndTheSaveAndTheSameKeepsThem) {

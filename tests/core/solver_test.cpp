@@ -249,6 +249,15 @@ TEST_F(OnePosition, AtAnySpeedResultsAreNumbersOrTheFailureIsTold) {
     EXPECT_LT(told, 110);
 }
 
+TEST_F(OnePosition, LengthsWhoseRatioNoNumberHoldsAreReportedAsAnOverflow) {
+    Lengths(1e20, 1e-20, 1e20, 1e-20);
+    for (const double degrees : {0.0, 60.0, 180.0}) {
+        desktop.Expect_Message("Error 6   (Overflow)  has occurred in Calculate\r\n\r\n");
+        Solve(degrees);
+        EXPECT_FALSE(Model.RunTable.Assembled(0));
+    }
+}
+
 TEST_F(OnePosition, RowsOfTheMassCentresStand) {
     auto& table = Model.RunTable;
     for (int axis = 0; axis <= 1; ++axis) {

@@ -282,6 +282,11 @@ TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_an
     Run_Unasked(Model);
     EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 125.7 deg coupler and rocker"))
         << Why_Refused(Model) << ", 0.1 rad on";
+    Model.Omega2Input = 0;
+    Model.Alpha2 = 0.4;
+    Run_Unasked(Model);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 131.5 deg coupler and rocker"))
+        << Why_Refused(Model) << ", half of 0.4 rad on";
 }
 
 TEST_F(WhyWordsTest, Nothing_is_refused_while_a_run_stands_or_some_of_it_closes) {
@@ -291,6 +296,10 @@ TEST_F(WhyWordsTest, Nothing_is_refused_while_a_run_stands_or_some_of_it_closes)
     EXPECT_EQ(Why_Refused(Model), "");
     Run_Dropped();
     EXPECT_EQ(Why_Refused(Model), "");
+    Make(2, 1.5, 7.5, 2.75);
+    EXPECT_NE(Why_Refused(Model), "");
+    Run_Holds();
+    EXPECT_EQ(Why_Refused(Model), "") << "a run that stands speaks for itself";
 }
 
 TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
@@ -300,6 +309,20 @@ TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
     EXPECT_EQ(Why_Shown(Model, 0),
               "Coupler and rocker cannot meet at Theta2 = 120.0 deg: they are 0.144 in too short. Nearest angle that "
               "closes: 116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Where_the_links_meet_and_the_solution_failed_all_the_same_another_angle_is_advised) {
+    for (const bool rocker : {true, false}) {
+        if (rocker)
+            Triple_Rocker();
+        else
+            Make(2.667, 1.115, 2.5, 2.5);
+        Run(50, 70, 10);
+        Model.RunTable.Assembled(1) = false;
+        EXPECT_EQ(Why_Shown(Model, 1),
+                  "Coupler and rocker can meet at Theta2 = 60.0 deg, yet the solution fails there; an angle beside it "
+                  "may do.");
+    }
 }
 
 TEST_F(WhyWordsTest, A_run_that_was_dropped_and_closed_throughout_tells_of_its_last_position) {

@@ -107,6 +107,9 @@ TEST_F(WindowSizesTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough)
     Fit_Display(title);
     Expect_Shape(title, 2075, 2460, 11850, 8950);
     EXPECT_TRUE(Display_Is_High_Enough());
+    desktop.Size = {16000, 14400, 1067, 960};
+    Fit_Display(title);
+    Expect_Shape(title, 2075, 2460, 11850, 8950);
     desktop.Size = {16000, 9349, 1067, 623};
     EXPECT_FALSE(Display_Is_High_Enough());
 }
@@ -125,6 +128,8 @@ TEST_F(WindowSizesTest, ShowCenteredPlacesAScreenAndShowsItModally) {
         EXPECT_EQ(screen.Top().Get(), 2460);
         screen.Hide();
     });
+    Screens::Get("frm_About").Left() = 0;
+    Screens::Get("frm_About").Top() = 0;
     Show_Centered("frm_About");
 }
 
