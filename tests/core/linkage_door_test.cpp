@@ -20,7 +20,8 @@ class LinkageDoor : public Fixture {
         Derive_Linkage(Leading::kPolar);
     }
 
-    /// A driven linkage from a file that came from synthesis, calculated and saved, of which the third cognate is shown.
+    /// A driven linkage from a file that came from synthesis, calculated and saved, of which the third cognate is
+    /// shown.
     static void Take_A_Past(bool edited) {
         Run_Holds();
         Forces_Hold();
@@ -51,21 +52,17 @@ class LinkageDoor : public Fixture {
 
 struct Expected {
     Road road;
-    bool disk, drive, synthesized;  ///< stay
+    bool disk, drive, synthesized;    ///< stay
     bool cognates, of_an_edited_one;  ///< follow
     bool classified;
 };
 
 // A file brings what it was with it; examples and a new model bring nothing of the one before.
 const Expected kExpected[] = {
-    {Road::kBoxes, true, true, true, true, false, true},
-    {Road::kDrag, true, true, true, true, true, true},
-    {Road::kFile, true, true, true, true, true, false},
-    {Road::kExample, false, false, false, true, true, false},
-    {Road::kImport, true, true, false, true, false, true},
-    {Road::kSynthesis, false, false, true, true, true, true},
-    {Road::kCognate, true, true, false, false, false, true},
-    {Road::kUnits, true, true, true, false, false, true},
+    {Road::kBoxes, true, true, true, true, false, true},     {Road::kDrag, true, true, true, true, true, true},
+    {Road::kFile, true, true, true, true, true, false},      {Road::kExample, false, false, false, true, true, false},
+    {Road::kImport, true, true, false, true, false, true},   {Road::kSynthesis, false, false, true, true, true, true},
+    {Road::kCognate, true, true, false, false, false, true}, {Road::kUnits, true, true, true, false, false, true},
     {Road::kNew, false, false, false, true, true, false},
 };
 
@@ -123,8 +120,8 @@ TEST_F(LinkageDoor, TheSameLinkageByBoxesOrADragLeavesAllThatIsKnownOfIt) {
 
 TEST_F(LinkageDoor, AnyOtherLengthAngleOrCircuitMakesItAnotherLinkage) {
     for (const bool polar : {true, false}) {
-        std::vector<Single Geometry::*> fields{&Geometry::L2,  &Geometry::L3,    &Geometry::L4,
-                                               &Geometry::Rpa, &Geometry::Delta};
+        std::vector<Single Geometry::*> fields{&Geometry::L2, &Geometry::L3, &Geometry::L4, &Geometry::Rpa,
+                                               &Geometry::Delta};
         for (const auto field : polar ? std::vector{&Geometry::L1, &Geometry::Link1Angle}
                                       : std::vector{&Geometry::Link1X, &Geometry::Link1Y})
             fields.push_back(field);
@@ -271,9 +268,9 @@ TEST_F(LinkageDoor, EachResultFallsWithWhatItWasFoundFrom) {
     };
     using Flags = std::vector<bool>;
     const std::pair<void (*)(), Flags> steps[] = {
-        {Run_Holds, {true, true, false, false, false}},      {Run_Dropped, {false, false, false, false, false}},
-        {Forces_Hold, {true, true, true, false, false}},     {Forces_Dropped, {true, true, false, false, false}},
-        {Balance_Holds, {true, true, true, true, false}},    {Balance_Dropped, {true, true, true, false, false}},
+        {Run_Holds, {true, true, false, false, false}},       {Run_Dropped, {false, false, false, false, false}},
+        {Forces_Hold, {true, true, true, false, false}},      {Forces_Dropped, {true, true, false, false, false}},
+        {Balance_Holds, {true, true, true, true, false}},     {Balance_Dropped, {true, true, true, false, false}},
         {Transform_Dropped, {true, true, true, true, false}}, {Run_Held_Back, {true, false, true, true, true}},
         {Model_Saved, {true, true, true, true, true}},
     };

@@ -1,8 +1,8 @@
 // The equation solver.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <random>
-#include <array>
 #include <vector>
 
 #include "core/numeric.h"

@@ -212,8 +212,8 @@ TEST_F(RunState, ARangeIsDividedWhenItsStepsLeadFromLimitToLimitInDegreesAndRadi
     EXPECT_FALSE(Divided_Into_Steps(drive));
     // Half a step more or less, and a thousandth for the digits.
     drive.NSteps = 4;
-    for (const auto& [last, divided] : {std::pair{90.0, true}, {110.0, true}, {89.985, true}, {110.015, true},
-                                        {89.976, false}, {110.024, false}}) {
+    for (const auto& [last, divided] :
+         {std::pair{90.0, true}, {110.0, true}, {89.985, true}, {110.015, true}, {89.976, false}, {110.024, false}}) {
         drive.ThetaEnd = last, drive.ThetaEndRad = last * kDegToRad;
         EXPECT_EQ(Divided_Into_Steps(drive), divided) << last;
     }

@@ -85,8 +85,7 @@ TEST_F(Runs, ARunUnaskedIsThatOfItsKindAsksNothingAndLeavesWhatDrivesTheModel) {
     const double last[] = {180, 180 + 5 * 10 * 0.01 * kRadToDeg, 170, 330, 150};
     for (int type = 1; type <= 5; ++type) {
         Angles(120, 170, 10);
-        for (int step = 0; step <= 5; ++step)
-            Model.RunTable.DriveTheta(step) = type == 4 ? 30 * step : 100 + 10 * step;
+        for (int step = 0; step <= 5; ++step) Model.RunTable.DriveTheta(step) = type == 4 ? 30 * step : 100 + 10 * step;
         Model.Calctype = type;
         Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = true;
         Model.Link1Angle = 0;

@@ -128,7 +128,8 @@ TEST(UngroupedText, LosesTheCommasBetweenGroupsOfThreeDigitsOnly) {
 }
 
 TEST(NumberOfText, TakesAWholeNumberWithBlanksAround) {
-    for (const char* text : {"42", " 42", "42 ", "  42  ", "   42   ", "\t42\r\n"}) EXPECT_EQ(Number_Of(text), 42) << text;
+    for (const char* text : {"42", " 42", "42 ", "  42  ", "   42   ", "\t42\r\n"})
+        EXPECT_EQ(Number_Of(text), 42) << text;
     EXPECT_EQ(Number_Of("12.5"), 12.5);
     EXPECT_EQ(Number_Of("  -3 "), -3);
     EXPECT_EQ(Number_Of("+1E+2"), 100);

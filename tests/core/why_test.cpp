@@ -155,7 +155,8 @@ TEST(WhyTest, Links_that_just_reach_close) {
 
 TEST(WhyTest, A_toggle_that_only_roundings_take_away_is_one_all_the_same) {
     // Its cosine is 1 and 0.9, or 1.2, millionths, on either side.
-    const auto folded = Nearest_Toggle({4, 2, 4, 2 + 3.6e-6}, 10), stretched = Nearest_Toggle({4, 2, 3, 3 + 1.2e-6}, 170);
+    const auto folded = Nearest_Toggle({4, 2, 4, 2 + 3.6e-6}, 10),
+               stretched = Nearest_Toggle({4, 2, 3, 3 + 1.2e-6}, 170);
     ASSERT_TRUE(folded && stretched);
     EXPECT_NEAR(folded->value, 0, 1e-6);
     EXPECT_NEAR(stretched->value, 180, 1e-6);

@@ -178,8 +178,7 @@ TEST_F(ClosedSteps, AreSmoothedAboutTheAverageOfThoseUpToTheLast) {
     Smooth_Solved_Steps(table, 3, 0.25, solved);
     const double average = (4 + 24) / 2.0;
     for (int step = 0; step <= 6; ++step)
-        EXPECT_EQ(table.FlywheelTorque(step),
-                  step % 2 == 0 && step < 6 ? average + (100 + step - average) / 4 : -77)
+        EXPECT_EQ(table.FlywheelTorque(step), step % 2 == 0 && step < 6 ? average + (100 + step - average) / 4 : -77)
             << step;
     Smooth_Solved_Steps(table, 4, 0, solved);
     EXPECT_EQ(table.FlywheelTorque(0), 24);

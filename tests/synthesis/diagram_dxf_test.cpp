@@ -4,9 +4,9 @@
 #include <map>
 #include <sstream>
 
+#include "synthesis/cognates.h"
 #include "tests/core/linkages.h"
 #include "tests/synthesis/synthesis_fixture.h"
-#include "synthesis/cognates.h"
 
 namespace verlink::test {
 
@@ -162,8 +162,9 @@ TEST_F(DiagramDxf, OfCognatesHasThreeLinkagesBetweenThreePivotsInTheUnitOfTheDra
         Expect_Layer(read, "COUPLER_POINT", "POINT", {{P}});
         EXPECT_NEAR(read.cross, 0.13 * scale, close);
         EXPECT_EQ(read.unit, units < 3 ? 1 : 4);
-        EXPECT_EQ(read.colors, (std::map<std::string, int>{
-                                   {"COGNATE_1", 3}, {"COGNATE_2", 5}, {"COGNATE_3", 1}, {"PIVOTS", 7}, {"COUPLER_POINT", 6}}));
+        EXPECT_EQ(read.colors,
+                  (std::map<std::string, int>{
+                      {"COGNATE_1", 3}, {"COGNATE_2", 5}, {"COGNATE_3", 1}, {"PIVOTS", 7}, {"COUPLER_POINT", 6}}));
     }
 }
 
