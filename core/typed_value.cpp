@@ -50,7 +50,7 @@ class Reader {
             sum += sign * *term * factor.value_or(1);
             with_unit += factor ? 1 : 0;
             more = Take("+-");
-            if (more) sign = text_[at_ - 1] == '-' ? -1 : 1;
+            sign = text_[at_ - 1] == '-' ? -1 : 1;
         }
         Skip_Blanks();
         const bool all = at_ == text_.size() && (with_unit == 0 || with_unit == terms);
@@ -105,7 +105,6 @@ class Reader {
     }
 
     std::optional<double> Number() {
-        Skip_Blanks();
         const std::size_t first = at_;
         while (Is_Digit(Next()) || Next() == ',' || Next() == '.') ++at_;
         std::optional<std::string> digits = With_Point(text_.substr(first, at_ - first));
@@ -115,7 +114,7 @@ class Reader {
             ++at_;
             if (Next() == '+' || Next() == '-') ++at_;
             if (!Is_Digit(Next())) at_ = behind;
-            while (at_ > behind && Is_Digit(Next())) ++at_;
+            while (Is_Digit(Next())) ++at_;
         }
         double value = 0;
         const std::string number = *digits + std::string(text_.substr(behind, at_ - behind));
@@ -142,7 +141,6 @@ class Reader {
 
     /// The factor of the longest unit that stands here, which is passed over.
     std::optional<double> Unit() {
-        Skip_Blanks();
         std::optional<double> factor;
         std::size_t end = at_;
         for (const TypedUnit& unit : form_.units)

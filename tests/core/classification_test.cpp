@@ -146,6 +146,19 @@ TEST_F(Classification, RefusalOfCognatesStandsToTheLetter) {
                  "not available for parallelogram linkages\ras they have no value in this case.\r");
 }
 
+TEST_F(Classification, TheToggleAngleIsShownWithItsWordsWhereThereIsOne) {
+    for (const bool toggles : {true, false, true}) {
+        if (toggles)
+            Lengths(7, 4, 5, 4.5);
+        else
+            Lengths(3, 1, 3, 2.5);
+        Classify_Linkage();
+        for (const char* screen : {"frm_Inputnew", "frm_Animate"})
+            for (const int index : {0, 1})
+                EXPECT_EQ(Screens::Get(screen).Get<Label>("lbl_Toggle", index).Visible.Get(), toggles) << screen;
+    }
+}
+
 TEST_F(Classification, LengthsCloseSomewhereUnlessOneIsAsLongAsTheOthersTogether) {
     Lengths(3, 1, 3, 2.5);
     EXPECT_TRUE(Closes_Somewhere());

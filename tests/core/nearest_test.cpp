@@ -13,6 +13,10 @@ TEST(Nearest, CountsLettersPutInLeftOutExchangedAndSwapped) {
     EXPECT_EQ(Letters_Apart("cvs", "csv"), 1u);
     EXPECT_EQ(Letters_Apart("kitten", "sitting"), 3u);
     EXPECT_EQ(Letters_Apart("ca", "abc"), 3u);
+    EXPECT_EQ(Letters_Apart("abcd", "acd"), 1u);
+    EXPECT_EQ(Letters_Apart("acd", "abcd"), 1u);
+    EXPECT_EQ(Letters_Apart("abcde", "bd"), 3u);
+    EXPECT_EQ(Letters_Apart("bd", "abcde"), 3u);
     EXPECT_EQ(Letters_Apart("ab", "ba"), 1u);
     EXPECT_EQ(Letters_Apart("bacd", "abdc"), 2u);
     EXPECT_EQ(Letters_Apart("abc", "acb"), 1u);

@@ -116,6 +116,17 @@ TEST_F(EquationSolver, ASystemLargerThanItsArraysIsReportedAsASubscript) {
     }
 }
 
+TEST_F(EquationSolver, OfArraysLargerThanTheSystemTheBeginningCounts) {
+    std::vector<double> a(81, 7.0), b(9, 7.0);
+    std::ranges::copy(std::array{2.0, 0.0, 0.0, 4.0}, a.begin());
+    std::ranges::copy(std::array{6.0, 8.0}, b.begin());
+    Solve(2, a, b);
+    EXPECT_EQ(Flag, 0);
+    EXPECT_EQ(b[0], 3);
+    EXPECT_EQ(b[1], 2);
+    EXPECT_EQ(b[2], 7);
+}
+
 TEST_F(EquationSolver, AnOverflowIsReported) {
     std::vector<double> a{1, 1.7e308, 1, -1.7e308}, b{1, 2};
     desktop.Expect_Message(Report(6, "Overflow", "SimQ"));

@@ -350,6 +350,15 @@ TEST_F(ParametersLimits, TextsAndRadiansFollowFromTheLimitsOfTheModel) {
     EXPECT_NEAR(Model.ThetaStepRad, M_PI / 12, 1e-7);
 }
 
+TEST_F(ParametersLimits, ABoxThatNoHandHasTouchedShowsTheLimitOfTheModel) {
+    for (const char* text : {"99", "", "45.0"}) {
+        input.Text("txt_initial", 0).Text = text;
+        EXPECT_TRUE(Get_Initial_Conditions(input));
+        EXPECT_EQ(Box(0), std::string(text) == "45.0" ? "45.0" : "45");
+        Expect_Angles(45, 405, 10, 36);
+    }
+}
+
 TEST_F(ParametersLimits, AnotherSpeedDropsTheRunAndTheSaveAndTheSameKeepsThem) {
     Model.Omega2Input = 10;
     Run_Holds();

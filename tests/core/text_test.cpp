@@ -122,7 +122,8 @@ TEST(UngroupedText, LosesTheCommasBetweenGroupsOfThreeDigitsOnly) {
     EXPECT_EQ(Ungrouped("1,234.50"), "1234.50");
     EXPECT_EQ(Ungrouped("-12,345,678."), "-12345678.");
     EXPECT_EQ(Ungrouped(" 1,234 lb"), " 1234 lb");
-    for (const char* text : {"", "12.5", "1,5", "1,2345", ",123", "1,,234", "a,123"}) EXPECT_EQ(Ungrouped(text), text);
+    for (const char* text : {"", "12.5", "1,5", "1,2345", ",123", "1,,234", "a,123", "1,x23", "1,.234"})
+        EXPECT_EQ(Ungrouped(text), text);
     for (const double value : {0.0, 999.99, -1000.0, 1234567.25})
         EXPECT_EQ(Val(Ungrouped(FNRoundStr(value, 2))), value);
 }

@@ -137,6 +137,7 @@ TEST(TypedValue, AnExponentNeedsItsDigits) {
     EXPECT_EQ(Shown("2*1e"), "<2>");
     EXPECT_EQ(Shown("2*1e+"), "<2>");
     EXPECT_EQ(Shown("2e+3+1"), "2001");
+    EXPECT_EQ(Shown("2*3e", {{{"e", 5}}}), "30");
     EXPECT_EQ(Shown("2*3 e", {{{"e", 5}}}), "30") << "where it is no exponent it may be a unit";
 }
 

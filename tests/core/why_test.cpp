@@ -153,6 +153,16 @@ TEST(WhyTest, Links_that_just_reach_close) {
     EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).by, 0.5);
 }
 
+TEST(WhyTest, The_transmission_angle_is_the_same_at_any_size_and_none_in_line) {
+    const double large = Transmission_At({267, 111, 250, 200}, 60);
+    EXPECT_GT(large, 30);
+    EXPECT_NEAR(Transmission_At({2.67e-3, 1.11e-3, 2.5e-3, 2e-3}, 60), large, 1e-9);
+    EXPECT_EQ(Transmission_At({10, 4, 3, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({5, 1, 7, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({10.5, 4, 3, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({4.5, 1, 7, 3}, 0), 0);
+}
+
 TEST(WhyTest, A_toggle_that_only_roundings_take_away_is_one_all_the_same) {
     // Its cosine is 1 and 0.9, or 1.2, millionths, on either side.
     const auto folded = Nearest_Toggle({4, 2, 4, 2 + 3.6e-6}, 10),

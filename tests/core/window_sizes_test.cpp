@@ -65,6 +65,14 @@ TEST_F(WindowSizesTest, OtherScreensTakeTheWidthOfTheMaximizedHomeScreenAndTheir
     Expect_Shape(screen, 4050, 592, 17500, 13217);  // 17500 * 8950 / 11850 = 13217.3; (14400 - 13217) / 2 = 591.5
 }
 
+TEST_F(WindowSizesTest, AScreenHigherThanTheDisplayBeginsAtItsTop) {
+    Model.ScreenWidth = 30000;
+    Screen& screen = Screens::Get("frm_Animate");
+    Maximize_Screen(screen, 11850, 8950);
+    EXPECT_EQ(screen.Height().Get(), 22658);  // 30000 * 8950 / 11850 = 22658.2
+    EXPECT_EQ(screen.Top().Get(), 0);
+}
+
 TEST_F(WindowSizesTest, AnActiveAspectCorrectionIsOnePointSixOverTheRatioOfTheDisplay) {
     Model.AspectRatio = 2;
     Model.AspectActive = true;

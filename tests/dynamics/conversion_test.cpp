@@ -57,17 +57,11 @@ std::vector<Dimensional> Dimensional_Fields() {
         {"O2y", &m.O2y, Kind::kLength},
         {"O4x", &m.O4x, Kind::kLength},
         {"O4y", &m.O4y, Kind::kLength},
-        {"SynW", &m.SynW, Kind::kDyad},
-        {"SynU", &m.SynU, Kind::kDyad},
-        {"SynWx", &m.SynWx, Kind::kDyad},
-        {"SynWy", &m.SynWy, Kind::kDyad},
-        {"SynZx", &m.SynZx, Kind::kDyad},
-        {"SynZy", &m.SynZy, Kind::kDyad},
-        {"SynUx", &m.SynUx, Kind::kDyad},
-        {"SynUy", &m.SynUy, Kind::kDyad},
-        {"SynSx", &m.SynSx, Kind::kDyad},
-        {"SynSy", &m.SynSy, Kind::kDyad},
     };
+    int dyad = 0;
+    for (Single* number :
+         {&m.SynW, &m.SynU, &m.SynWx, &m.SynWy, &m.SynZx, &m.SynZy, &m.SynUx, &m.SynUy, &m.SynSx, &m.SynSy})
+        fields.push_back({"number " + std::to_string(++dyad) + " of the dyads", number, Kind::kDyad});
     for (int cognate = 1; cognate <= 3; ++cognate)
         for (int item = 1; item <= 5; ++item) {
             const std::string index = "(" + std::to_string(cognate) + ", " + std::to_string(item) + ")";
