@@ -159,6 +159,12 @@ TEST_F(Classification, TheToggleAngleIsShownWithItsWordsWhereThereIsOne) {
     }
 }
 
+TEST_F(Classification, TheToggleAngleOfALinkageWithoutACrankIsReportedAndZero) {
+    Lengths(3, 0, 2, 2);
+    desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Toggle\r\n\r\n");
+    EXPECT_EQ(Toggle(), 0);
+}
+
 TEST_F(Classification, LengthsCloseSomewhereUnlessOneIsAsLongAsTheOthersTogether) {
     Lengths(3, 1, 3, 2.5);
     EXPECT_TRUE(Closes_Somewhere());

@@ -177,6 +177,16 @@ TEST(Joints, TheCurvatureIsTheSameWhateverTheFrame) {
     const std::optional<Curvature> one = Curvature_At_P(joints), other = Curvature_At_P(turned);
     ASSERT_TRUE(one && other);
     EXPECT_LT(std::abs(one->centre * turn - other->centre), 1e-9);
+    const Spot away(3, -2);
+    const std::optional<Curvature> shifted =
+        Curvature_At_P({away, joints.O4 + away, joints.A + away, joints.B + away, joints.P + away});
+    ASSERT_TRUE(shifted);
+    EXPECT_LT(std::abs(one->centre + away - shifted->centre), 1e-9);
+    const std::optional<Pole> pole = Pole_13(joints);
+    const std::optional<Pole> moved =
+        Pole_13({away, joints.O4 + away, joints.A + away, joints.B + away, joints.P + away});
+    ASSERT_TRUE(pole && moved);
+    EXPECT_LT(std::abs(pole->at + away - moved->at), 1e-9);
     EXPECT_LT(std::abs((one->along * turn * std::conj(other->along)).imag()), 1e-9);
 }
 

@@ -201,6 +201,22 @@ TEST_F(Runs, ADrivenRunLeavesTheAccelerationOfTheModelAsItWas) {
     EXPECT_EQ(Model.Alpha2, 2.5);
 }
 
+TEST_F(Runs, EachRunBeginsAnewWithWhatWasAnsweredAndFoundBefore) {
+    using OneOfThem = void (*)(Integer&);
+    for (const OneOfThem run : std::initializer_list<OneOfThem>{Oneposition, Timestep, Crankangle, Imported_Run}) {
+        Angles(0, 360, 10);
+        Run_Holds();
+        Forces_Hold();
+        Model.NoConnectSeen = true;
+        result = kIgnoring;
+        run(result);
+        EXPECT_EQ(result, kRetrying);
+        EXPECT_FALSE(Model.NoConnectSeen);
+        EXPECT_TRUE(Model.RunStands);
+        EXPECT_FALSE(Model.DynamicsDone);
+    }
+}
+
 TEST_F(Runs, NothingOfTheRunBeforeIsInOneAtRest) {
     const auto expect_clear = [] {
         const auto& table = Model.RunTable;

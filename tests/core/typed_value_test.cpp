@@ -86,6 +86,7 @@ TEST(TypedValue, WhatIsNoSumIsReadAsFarAsItsFirstNumber) {
     EXPECT_EQ(Shown("(1+2"), "<0>");
     EXPECT_EQ(Shown("1+2)"), "<1>");
     EXPECT_EQ(Shown("2 pi"), "<2>");
+    EXPECT_EQ(Shown(" \t 2 pi"), "<2>");
     EXPECT_EQ(Shown("sin(3)"), "<0>");
     EXPECT_EQ(Shown("1.5.2"), "<1.5>");
     EXPECT_EQ(Shown("1.5e"), "<1.5>");

@@ -151,6 +151,7 @@ TEST(WhyTest, Links_that_just_reach_close) {
     EXPECT_EQ(Closing_At({5, 1, 7, 3}, 0).is, Closing::Is::kClosed);
     EXPECT_EQ(Closing_At({5, 1, 3, 7}, 0).is, Closing::Is::kClosed);
     EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).by, 0.5);
+    EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).link, 0) << "both are";
 }
 
 TEST(WhyTest, The_transmission_angle_is_the_same_at_any_size_and_none_in_line) {

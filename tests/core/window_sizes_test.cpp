@@ -116,6 +116,8 @@ TEST_F(WindowSizesTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough)
     Expect_Shape(title, 2075, 2460, 11850, 8950);
     EXPECT_TRUE(Display_Is_High_Enough());
     desktop.Size = {16000, 14400, 1067, 960};
+    title.Width() = 100;
+    title.Height() = 100;
     Fit_Display(title);
     Expect_Shape(title, 2075, 2460, 11850, 8950);
     desktop.Size = {16000, 9349, 1067, 623};

@@ -137,6 +137,12 @@ TEST_F(DyadDiagram, TheSketchesReachTheirPositions) {
             EXPECT_LT(Miss(f.W, f.Z, f.beta[j], f.alpha[j], f.P[j]), 1e-3);
             EXPECT_LT(Miss(f.U, f.S, f.gamma[j], f.alpha[j], f.P[j]), 1e-3);
         }
+        for (const auto& turns : {f.alpha, f.beta, f.gamma}) {
+            EXPECT_EQ(turns[0], 0);
+            EXPECT_EQ(turns[2] == 0, positions == 2);
+        }
+        EXPECT_EQ(f.P[0], Vector(0));
+        EXPECT_EQ(f.P[2] == Vector(0), positions == 2);
         EXPECT_NEAR(f.theta * kRadians, std::arg(f.W), 1e-9);
         EXPECT_NEAR(f.xi * kRadians, std::arg(f.S), 1e-9);
     }
@@ -313,6 +319,20 @@ TEST_F(DyadDiagram, NamesBelongBesideWhatTheyName) {
     const Vector A2 = O2 + Turned(f.W, f.beta[1]);
     EXPECT_NEAR(direction(Place(marks, "Alpha2") - A2), direction(f.Z) + f.alpha[1] / 2, 1e-6);
     EXPECT_NEAR(direction(Place(marks, "Delta2")), direction(f.P[1]) / 2, 1e-6);
+}
+
+TEST_F(DyadDiagram, ASecondTurnIsNamedInWhatItHasBeyondTheFirst) {
+    const auto named_at = [this](double second, double third) {
+        DyadFigure f = Dyad_Sketch(3);
+        f.beta = {0, second, third};
+        return Direction(Place(Draw(f), "Beta3") + f.W + f.Z) - Direction(f.W);
+    };
+    EXPECT_NEAR(named_at(0.5, 1.1), 0.8, 1e-6);
+    EXPECT_NEAR(named_at(20, 60), 40, 1e-6);
+    EXPECT_NEAR(named_at(-20, -60), -40, 1e-6);
+    EXPECT_NEAR(named_at(30, 30), 15, 1e-6);
+    EXPECT_NEAR(named_at(60, 20), 10, 1e-6);
+    EXPECT_NEAR(named_at(-20, 60), 30, 1e-6);
 }
 
 // The third has its pivots the other way round, a link of negative length and one too short for a whole head, turns the
