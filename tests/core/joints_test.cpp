@@ -125,6 +125,9 @@ TEST(Joints, AnUprightCrankHasItsPoleWhereTheRockerCrossesIt) {
     const std::optional<Pole> pole = Pole_13({{0, 0}, {3, 0}, {0, 1}, {2, 2}, {1, 3}});
     ASSERT_TRUE(pole);
     EXPECT_LT(std::abs(pole->at - Spot(0, 6)), 1e-12);
+    const std::optional<Pole> small = Pole_13({{0, 0}, {3e-4, 0}, {0, 1e-4}, {2e-4, 2e-4}, {1e-4, 3e-4}});
+    ASSERT_TRUE(small);
+    EXPECT_LT(std::abs(small->at - Spot(0, 6e-4)), 1e-15);
 }
 
 TEST(Joints, LinksInOneLineHaveNoPole) {

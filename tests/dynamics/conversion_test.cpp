@@ -137,9 +137,9 @@ std::vector<Factors> Road(int from, int to) {
 
 /// Decimals of a system by kind of quantity: length, force, torque, mass, inertia.
 int Decimals_Of(Kind kind, int units) {
-    static constexpr int table[5][5] = {
+    static constexpr int kTable[5][5] = {
         {3, 2, 2, 4, 4}, {3, 2, 3, 3, 3}, {4, 2, 3, 3, 3}, {4, 2, 3, 3, 3}, {4, 2, 3, 3, 3}};
-    const auto& row = table[units - 1];
+    const auto& row = kTable[units - 1];
     switch (kind) {
         case Kind::kLength: return row[0];
         case Kind::kTorque: return row[2];
