@@ -1,6 +1,8 @@
 // The status panel, the enabling of the home screen's menus and buttons, headers and captions of screens.
 #include "core/model_on_screens.h"
 
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "platform/desktop_services.h"
 #include "platform/guard.h"
@@ -80,7 +82,6 @@ void Set_Menus() {
         Allow_Button("cmd_Dynamics", "frm_MassProp", calculated, "Mass properties, loads and dynamic forces", first);
         Allow_Button("cmd_Balance", "frm_Balance", calculated, "Balance the shaking force", first);
 
-        Allow_Entry("mnu_Open", true);
         Allow_Entry("mnu_New", calculated || Model.DiskFile || Model.CamDriven || Model.LinkDriven);
         for (const char* entry : {"mnu_Save", "mnu_Saveas", "mnu_Export"}) Allow_Entry(entry, calculated);
         Allow_Entry("mnu_Cayley", calculated && Screens::Knows("frm_Cayley"));
@@ -92,7 +93,7 @@ void Set_Menus() {
 
 void Check_mnu_Units(platform::Screen& HomeScreen, Integer& Units) {
     Guarded("Check_mnu_Units", [&] {
-        if (Units < 1) Units = 1;
+        Units = std::max<int>(Units, 1);
         for (int system = 1; system <= 5; ++system)
             With<MenuEntry>(HomeScreen, "mnu_pick", system, [&](MenuEntry& entry) { entry.Checked = system == Units; });
     });

@@ -73,7 +73,7 @@ std::string Grouped(double value, int decimals) {
     std::string text = value < 0 && !decimal.Is_Zero() ? "-" : "";
     for (int place = std::max(decimal.exponent, 0); place >= 0; --place) {
         text += decimal.Digit(place);
-        if (place > 0 && place % 3 == 0) text += ',';
+        if (place != 0 && place % 3 == 0) text += ',';
     }
     text += '.';
     for (int place = 1; place <= decimals; ++place) {

@@ -132,11 +132,12 @@ void Disable(Screen& screen, const char* button) {
 
 /// The read-out of the animate screen, which tells a position of the run.
 void Caption_Read_Out(const char* name, const char* unit) {
-    Screen* animate = Screens::Find("frm_Animate");
-    if (!animate) return;
-    Caption(*animate, "lbl_StepLabel", kNoIndex, name);
-    Caption(*animate, "lbl_StepUnit", kNoIndex, unit);
-    Caption(*animate, "lbl_Omega", kNoIndex, Text_Of(Model.Omega2Input));
+    const auto caption = [](const char* label, const std::string& text) {
+        With<Label>("frm_Animate", label, kNoIndex, [&](Label& found) { found.Caption = text; });
+    };
+    caption("lbl_StepLabel", name);
+    caption("lbl_StepUnit", unit);
+    caption("lbl_Omega", Text_Of(Model.Omega2Input));
 }
 
 void Show_Angle_Limits(Screen& screen) {

@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kDeepest = 40;  ///< brackets within brackets
 
-bool Is_Letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool Is_Mark(char c) { return c == '-' || c == '^' || c == '*' || c == '.'; }
 char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -42,17 +41,17 @@ class Reader {
 
     /// The value of the text as a whole; nothing when there is more to it than can be read.
     std::optional<double> Whole() {
-        double sum = 0;
+        double sum = 0, sign = 1;
         int with_unit = 0, terms = 0;
-        do {
-            const double sign = terms > 0 && text_[at_ - 1] == '-' ? -1 : 1;
+        for (bool more = true; more; ++terms) {
             const std::optional<double> term = Product(0);
             if (!term) return {};
             const std::optional<double> factor = Unit();
             sum += sign * *term * factor.value_or(1);
             with_unit += factor ? 1 : 0;
-            ++terms;
-        } while (Take("+-"));
+            more = Take("+-");
+            sign = text_[at_ - 1] == '-' ? -1 : 1;
+        }
         Skip_Blanks();
         const bool all = at_ == text_.size() && (with_unit == 0 || with_unit == terms);
         return all && std::isfinite(sum) ? std::optional(sum) : std::nullopt;
@@ -106,7 +105,6 @@ class Reader {
     }
 
     std::optional<double> Number() {
-        Skip_Blanks();
         const std::size_t first = at_;
         while (Is_Digit(Next()) || Next() == ',' || Next() == '.') ++at_;
         std::optional<std::string> digits = With_Point(text_.substr(first, at_ - first));
@@ -116,7 +114,7 @@ class Reader {
             ++at_;
             if (Next() == '+' || Next() == '-') ++at_;
             if (!Is_Digit(Next())) at_ = behind;
-            while (at_ > behind && Is_Digit(Next())) ++at_;
+            while (Is_Digit(Next())) ++at_;
         }
         double value = 0;
         const std::string number = *digits + std::string(text_.substr(behind, at_ - behind));
@@ -143,7 +141,6 @@ class Reader {
 
     /// The factor of the longest unit that stands here, which is passed over.
     std::optional<double> Unit() {
-        Skip_Blanks();
         std::optional<double> factor;
         std::size_t end = at_;
         for (const TypedUnit& unit : form_.units)
@@ -169,8 +166,7 @@ class Reader {
             else
                 return 0;
         }
-        const char behind = at < text_.size() ? text_[at] : '\0';
-        return Is_Letter(behind) || Is_Digit(behind) ? 0 : at;
+        return at;
     }
 
     std::string_view text_;
@@ -186,7 +182,7 @@ bool Is_Plain(const std::string& text, bool grouped) {
     const long failure = Failure_Of([&] { (void)Number_Of(dense); });
     if (failure != platform::kTypeMismatch) return true;
     const std::size_t sign = dense.front() == '-' || dense.front() == '+' ? 1 : 0;
-    return grouped && dense.size() > sign && Parts_Thousands(std::string_view(dense).substr(sign)) &&
+    return grouped && Parts_Thousands(std::string_view(dense).substr(sign)) &&
            Failure_Of([&] { (void)Number_Of(Ungrouped(dense)); }) == 0;
 }
 

@@ -129,7 +129,8 @@ std::optional<Longest> Too_Long(const Links& links) {
     for (int link = 1; link <= 4; ++link)
         if (link != longest) lengths[count++] = links.Of(link);
     std::sort(std::begin(lengths), std::end(lengths));
-    const double others = lengths[0] + lengths[1] + lengths[2];
+    double others = 0;
+    for (const Single other : lengths) others += other;
     const double length = links.Of(longest), limit = Sum(links) - length;
     // What no single holds is more than any length.
     const bool held = others <= std::numeric_limits<float>::max();

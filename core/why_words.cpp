@@ -123,7 +123,7 @@ std::string Closed_At(const Telling& telling, double shown) {
 
 std::string Closes_Nowhere(const Telling& telling, const Longest& longest) {
     const std::string by = telling.Length(longest.excess);
-    const bool beyond = FNRound(longest.excess, 6) > 0 && by.substr(0, by.find(' ')) != "0";
+    const bool beyond = by.substr(0, by.find(' ')) != "0";
     return std::string(kNames[longest.link - 1]) + " is " + (beyond ? by + " longer than" : "as long as") +
            " the other three together; it closes " + telling.Length(Bound{longest.limit, -1}) + ".";
 }

@@ -193,7 +193,6 @@ class Drawing {
     void Ground() {
         const Vector along = right_.ground - left_.ground;
         Dashes(left_.ground, right_.ground, Model.ColorGray);
-        if (std::abs(along) == 0) return Mark("Theta1", left_.ground, {0, -1});
         const double angle = Told_Direction(along);
         const double radius = 2.6 * kArc * side_;
         if (std::abs(angle) > 1) {

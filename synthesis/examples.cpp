@@ -141,12 +141,6 @@ void Put_Initial(int index, double value) {
                                       [&](platform::TextBox& box) { box.Text = Text_Of(Single(value)); });
 }
 
-void Put_Time_Fields() {
-    Put_Initial(0, Model.TimeStart);
-    Put_Initial(1, Model.TimeEnd);
-    Put_Initial(2, Model.TimeStep);
-}
-
 void Put_Initial_Values() {
     Put_Initial(0, Val(Model.ThetaStartStr));
     Put_Initial(1, Val(Model.ThetaEndStr));
@@ -178,7 +172,6 @@ void Testlinkage() {
         Put(kDefaultMasses);
         Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
-        Put_Time_Fields();
         Put_Initial_Values();
     });
 }
@@ -188,7 +181,6 @@ void Testlinkagevlnk() {
         Put_With_Step(kExamples[kSynthesisTest]);
         Put_Dyads(&Dyads::test);
         Set_Default_Masses(4);
-        Put_Time_Fields();
         Put_Initial_Values();
     });
 }
@@ -199,7 +191,6 @@ void Testlinkage_old() {
         Put(kGrashofTestMasses);
         Put_Dyads(&Dyads::test);
         Put_Test_Vectors();
-        Put_Time_Fields();
         Put_Initial_Values();
     });
 }

@@ -127,6 +127,8 @@ TEST_F(Classification, ToggleAtTheLimitShowsOneRadianAsTheArcCosineHasIt) {
     Lengths(2, 2, 2, 2);  // K = 0 and M = 1: the cosine is exactly 1
     EXPECT_NEAR(Toggle(), 57.29577950560105, 1e-5);
     EXPECT_EQ(Screens::Get("frm_Inputnew").Get<Label>("lbl_Toggle", 0).Caption.Get(), "57.3");
+    Lengths(4, 2, 3, 1);  // 5/8 and 3/8
+    EXPECT_NEAR(Toggle(), 57.29577950560105, 1e-5);
 }
 
 TEST_F(Classification, GrashofLinkageKeepsTheOldToggleText) {
@@ -142,6 +144,34 @@ TEST_F(Classification, RefusalOfCognatesStandsToTheLetter) {
                  "Your present linkage is a parallelogram,\rwhich has an infinity of cognates\r"
                  "all of which have circular coupler curves.\r\rCognate switching and the Cayley diagram are\r"
                  "not available for parallelogram linkages\ras they have no value in this case.\r");
+}
+
+TEST_F(Classification, TheToggleAngleIsShownWithItsWordsWhereThereIsOne) {
+    for (const bool toggles : {true, false, true}) {
+        if (toggles)
+            Lengths(7, 4, 5, 4.5);
+        else
+            Lengths(3, 1, 3, 2.5);
+        Classify_Linkage();
+        for (const char* screen : {"frm_Inputnew", "frm_Animate"})
+            for (const int index : {0, 1})
+                EXPECT_EQ(Screens::Get(screen).Get<Label>("lbl_Toggle", index).Visible.Get(), toggles) << screen;
+    }
+}
+
+TEST_F(Classification, TheToggleAngleOfALinkageWithoutACrankIsReportedAndZero) {
+    Lengths(3, 0, 2, 2);
+    desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Toggle\r\n\r\n");
+    EXPECT_EQ(Toggle(), 0);
+}
+
+TEST_F(Classification, LengthsCloseSomewhereUnlessOneIsAsLongAsTheOthersTogether) {
+    Lengths(3, 1, 3, 2.5);
+    EXPECT_TRUE(Closes_Somewhere());
+    EXPECT_STREQ(Grashof_Long_Text(), "Linkage is Grashof");
+    Lengths(6.5, 1, 3, 2.5);
+    EXPECT_FALSE(Closes_Somewhere());
+    EXPECT_STREQ(Grashof_Long_Text(), "Can't Connect");
 }
 
 }  // namespace

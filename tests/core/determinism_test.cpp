@@ -203,6 +203,35 @@ TEST_F(Determinism, CrankAnglesOfManyThousandTurnsHaveTheBitsOfSingleSolutions) 
     EXPECT_TRUE(StepsAtOnce(Lanes::kTwo).Solve(1, far_away));
 }
 
+TEST_F(Determinism, OneAngleOfVeryManyTurnsAmongOthersHasTheBitsOfASingleSolution) {
+    Take_Crank_Rocker();
+    Take_Angles(0, 360, 1);
+    constexpr int kSteps = StepsAtOnce::kSteps;
+    for (const Lanes lanes : {Lanes::kTwo, Widest_Lanes()})
+        for (const double far_away : {3.1e12, -3.1e12})
+            // Behind the last crank angle it is the coupler point's that is so far away.
+            for (int place = 0; place <= kSteps; ++place) {
+                Model.DeltaRad = place == kSteps ? far_away : 0.5;
+                const auto angle = [&](int i) { return Single(0.1 + 0.02 * i + (i == place ? far_away : 0)); };
+                Integer result = kRetrying;
+                Model.Theta2Rad = 0;
+                Calculate(0, result);
+                for (int i = 0; i < kSteps; ++i) {
+                    Model.Theta2Rad = angle(i);
+                    Calculate(1 + i, result);
+                }
+                const RunResults single = Results();
+                int next = 0;
+                const bool done = StepsAtOnce(lanes).Solve(1, [&](double& theta2, double& omega2) {
+                    theta2 = angle(next++);
+                    omega2 = Model.Omega2;
+                    return true;
+                });
+                if (done) Expect_Equal_Results(single, Model.RunTable, kSteps);
+                if (HasFatalFailure()) FAIL() << place;
+            }
+}
+
 TEST_F(Determinism, LongTimeRunsHaveTheBitsOfSingleSolutions) {
     Take_Crank_Rocker();
     Model.Calctype = 2;

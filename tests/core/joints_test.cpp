@@ -125,6 +125,9 @@ TEST(Joints, AnUprightCrankHasItsPoleWhereTheRockerCrossesIt) {
     const std::optional<Pole> pole = Pole_13({{0, 0}, {3, 0}, {0, 1}, {2, 2}, {1, 3}});
     ASSERT_TRUE(pole);
     EXPECT_LT(std::abs(pole->at - Spot(0, 6)), 1e-12);
+    const std::optional<Pole> small = Pole_13({{0, 0}, {3e-4, 0}, {0, 1e-4}, {2e-4, 2e-4}, {1e-4, 3e-4}});
+    ASSERT_TRUE(small);
+    EXPECT_LT(std::abs(small->at - Spot(0, 6e-4)), 1e-15);
 }
 
 TEST(Joints, LinksInOneLineHaveNoPole) {
@@ -132,6 +135,9 @@ TEST(Joints, LinksInOneLineHaveNoPole) {
     EXPECT_FALSE(Pole_13(stretched));
     EXPECT_FALSE(Pole_24(stretched));
     EXPECT_FALSE(Curvature_At_P(stretched));
+    // Off a line by what a single number does not hold, and by what it does.
+    EXPECT_FALSE(Curvature_At_P({{0, 0}, {5, 0.5 + 1.8e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
+    EXPECT_TRUE(Curvature_At_P({{0, 0}, {5, 0.5 + 2.4e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
 }
 
 TEST(Joints, ALinkWithoutLengthHasNoPole) {
@@ -174,6 +180,16 @@ TEST(Joints, TheCurvatureIsTheSameWhateverTheFrame) {
     const std::optional<Curvature> one = Curvature_At_P(joints), other = Curvature_At_P(turned);
     ASSERT_TRUE(one && other);
     EXPECT_LT(std::abs(one->centre * turn - other->centre), 1e-9);
+    const Spot away(3, -2);
+    const std::optional<Curvature> shifted =
+        Curvature_At_P({away, joints.O4 + away, joints.A + away, joints.B + away, joints.P + away});
+    ASSERT_TRUE(shifted);
+    EXPECT_LT(std::abs(one->centre + away - shifted->centre), 1e-9);
+    const std::optional<Pole> pole = Pole_13(joints);
+    const std::optional<Pole> moved =
+        Pole_13({away, joints.O4 + away, joints.A + away, joints.B + away, joints.P + away});
+    ASSERT_TRUE(pole && moved);
+    EXPECT_LT(std::abs(pole->at + away - moved->at), 1e-9);
     EXPECT_LT(std::abs((one->along * turn * std::conj(other->along)).imag()), 1e-9);
 }
 

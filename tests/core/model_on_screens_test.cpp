@@ -56,6 +56,22 @@ TEST_F(ModelOnScreensTest, ACalculatedModelShowsCalculatedAndItsCognate) {
     EXPECT_EQ(Shown(), "Calculated,Cognate 2");
 }
 
+TEST_F(ModelOnScreensTest, ANewModelIsOfferedOnceThereIsAnyOther) {
+    Run_Dropped();
+    Model.DiskFile = Model.CamDriven = Model.LinkDriven = false;
+    Set_Menus();
+    EXPECT_FALSE(On("mnu_New"));
+    for (bool* flag : {&Model.DiskFile, &Model.CamDriven, &Model.LinkDriven}) {
+        *flag = true;
+        Set_Menus();
+        EXPECT_TRUE(On("mnu_New"));
+        *flag = false;
+    }
+    Run_Holds();
+    Set_Menus();
+    EXPECT_TRUE(On("mnu_New"));
+}
+
 TEST_F(ModelOnScreensTest, AModelFromDiskShowsDiskFile) {
     Run_Holds();
     Model.DiskFile = true;

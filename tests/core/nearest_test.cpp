@@ -13,6 +13,14 @@ TEST(Nearest, CountsLettersPutInLeftOutExchangedAndSwapped) {
     EXPECT_EQ(Letters_Apart("cvs", "csv"), 1u);
     EXPECT_EQ(Letters_Apart("kitten", "sitting"), 3u);
     EXPECT_EQ(Letters_Apart("ca", "abc"), 3u);
+    EXPECT_EQ(Letters_Apart("abcd", "acd"), 1u);
+    EXPECT_EQ(Letters_Apart("acd", "abcd"), 1u);
+    EXPECT_EQ(Letters_Apart("abcde", "bd"), 3u);
+    EXPECT_EQ(Letters_Apart("bd", "abcde"), 3u);
+    EXPECT_EQ(Letters_Apart("ab", "ba"), 1u);
+    EXPECT_EQ(Letters_Apart("bacd", "abdc"), 2u);
+    EXPECT_EQ(Letters_Apart("abc", "acb"), 1u);
+    EXPECT_EQ(Letters_Apart("abab", "baba"), 2u);
 }
 
 TEST(Nearest, TakesTheLeastAndAllThatAreAsNear) {
@@ -28,6 +36,15 @@ TEST(Nearest, TakesTheLeastAndAllThatAreAsNear) {
     EXPECT_EQ(Nearest("--quick", words), "");
     EXPECT_EQ(Nearest("---", words), "");
     EXPECT_EQ(Nearest("", words), "");
+}
+
+TEST(Nearest, AllowsAThirdOfTheLettersToBeOthersButAlwaysOne) {
+    EXPECT_EQ(Nearest("--abcdef", {"--abcdxy"}), "--abcdxy");
+    EXPECT_EQ(Nearest("--abcde", {"--abcxy"}), "");
+    EXPECT_EQ(Nearest("--abcde", {"--abcxe"}), "--abcxe");
+    EXPECT_EQ(Nearest("--ab", {"--xb"}), "--xb");
+    EXPECT_EQ(Nearest("ab", {"xy"}), "");
+    EXPECT_EQ(Nearest("--xa", {"--xb", "--xc", "--xd"}), "--xb, --xc or --xd");
 }
 
 }  // namespace verlink::test

@@ -179,6 +179,10 @@ TEST_F(NumericAngles, TheLawOfSinesOfARightAngleGivesZeroThroughTheArcSinesEndPo
 
 TEST_F(NumericAngles, ModuloCorrectsOnceAndIsNoRemainder) {
     Single r;
+    Modulo(0.5, -360, r);
+    EXPECT_EQ(r, 360.5);
+    Modulo(-0.5, -360, r);
+    EXPECT_EQ(r, -360.5);
     Modulo(725, 360, r);
     EXPECT_EQ(r, 365);
     Modulo(360, 360, r);

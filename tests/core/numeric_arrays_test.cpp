@@ -27,6 +27,12 @@ TEST_F(NumericArrays, FindsTheExtremes) {
     MaxMin1(At, 2, 2, max, min);
     EXPECT_EQ(max, 2);
     EXPECT_EQ(min, 2);
+    for (const double sign : {1.0, -1.0}) {
+        const auto rising = [sign](int i) { return Single(sign * i); };
+        MaxMin1(rising, 1, 4, max, min);
+        EXPECT_EQ(max, sign > 0 ? 4 : -1);
+        EXPECT_EQ(min, sign > 0 ? 1 : -4);
+    }
 }
 
 TEST_F(NumericArrays, FindsTheFirstOfEqualExtremesWithItsIndex) {

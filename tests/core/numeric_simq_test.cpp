@@ -1,5 +1,6 @@
 // The equation solver.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -107,10 +108,23 @@ TEST_F(EquationSolver, ASingleZeroEquationPassesInSilence) {
 }
 
 TEST_F(EquationSolver, ASystemLargerThanItsArraysIsReportedAsASubscript) {
-    std::vector<double> a(4, 1.0), b(2, 1.0);
-    desktop.Expect_Message(Report(9, "Subscript out of range", "SimQ"));
-    Solve(3, a, b);
-    EXPECT_EQ(Flag, 1);
+    for (const auto& [n, matrix, right] : {std::array{3, 4, 2}, {3, 8, 3}, {3, 9, 2}, {0, 9, 3}, {-1, 9, 3}}) {
+        std::vector<double> a(static_cast<std::size_t>(matrix), 1.0), b(static_cast<std::size_t>(right), 1.0);
+        desktop.Expect_Message(Report(9, "Subscript out of range", "SimQ"));
+        Solve(n, a, b);
+        EXPECT_EQ(Flag, 1);
+    }
+}
+
+TEST_F(EquationSolver, OfArraysLargerThanTheSystemTheBeginningCounts) {
+    std::vector<double> a(81, 7.0), b(9, 7.0);
+    std::ranges::copy(std::array{2.0, 0.0, 0.0, 4.0}, a.begin());
+    std::ranges::copy(std::array{6.0, 8.0}, b.begin());
+    Solve(2, a, b);
+    EXPECT_EQ(Flag, 0);
+    EXPECT_EQ(b[0], 3);
+    EXPECT_EQ(b[1], 2);
+    EXPECT_EQ(b[2], 7);
 }
 
 TEST_F(EquationSolver, AnOverflowIsReported) {

@@ -185,6 +185,39 @@ TEST_F(ParametersGeometry, OtherRunsLeaveThePhaseAlone) {
     EXPECT_EQ(Model.Delta2, 3.0);
 }
 
+TEST_F(ParametersGeometry, ATextInTheFormThatIsNotInForceGivesWayToThePlaceOfThePivot) {
+    for (const bool polar : {true, false}) {
+        Model.PolarCoords = polar;
+        const int box = polar ? 15 : 0;
+        Write(box, "99");
+        Get_Linkage_Geometry(input);
+        EXPECT_EQ(Box(box), "2.667");
+        EXPECT_FALSE(input.Text("txt_Linkout", box).Touched());
+        EXPECT_EQ(Model.L1, Single(2.667));
+    }
+}
+
+TEST_F(ParametersGeometry, ATypedLinkMakesACognateALinkageOfItsOwn) {
+    for (const std::string text : {"", "1.115", "1.25"}) {
+        const bool typed = !text.empty();
+        Model.CognateNumber = 3;
+        Model.CognateEdit = true;
+        Model.CognatesDue = false;
+        if (typed) Write(1, text.c_str());
+        Get_Linkage_Geometry(input);
+        EXPECT_EQ(Model.CognateNumber, typed ? 1 : 3);
+        EXPECT_EQ(Model.CognateEdit, !typed);
+        EXPECT_EQ(Model.CognatesDue, typed);
+    }
+}
+
+TEST_F(ParametersGeometry, TheClassIsThatOfTheLinkageAlsoWhereItIsTheOneOfBefore) {
+    Get_Linkage_Geometry(input);
+    Model.Grashof_Code = "N";  // as a file may say
+    Get_Linkage_Geometry(input);
+    EXPECT_EQ(Model.Grashof_Code, "Y");
+}
+
 TEST_F(ParametersGeometry, TheCircuitIsReadFromTheOptions) {
     input.Get<OptionButton>("opt_OpenCross", 1).Value = true;
     Get_Circuit(input);

@@ -231,8 +231,15 @@ TEST_F(ParametersLimits, MoreThan2880TimeStepsAreToldAndTheRoutineGoesOnWithTheM
     EXPECT_EQ(Model.ThetaStepStr, "0.5");
     EXPECT_EQ(Model.NSteps, 4);
     Expect_Boxes("0", "2", "0.0001");
+    for (int box = 0; box <= 2; ++box) EXPECT_TRUE(input.Text("txt_initial", box).Touched()) << "it is read again";
     EXPECT_EQ(animate.Text("txt_initial", 2).Text, "0.5");
     EXPECT_FALSE(input.Get<CommandButton>("cmd_Done").Enabled);
+}
+
+TEST_F(ParametersLimits, Exactly2880TimeStepsPass) {
+    Model.Calctype = 2;
+    EXPECT_TRUE(Read("0", "2880", "1"));
+    EXPECT_EQ(Model.NSteps, 2880);
 }
 
 TEST_F(ParametersLimits, ATimeStepOf0InTheModelItselfIsToldAsTooSmall) {
@@ -254,6 +261,7 @@ TEST_F(ParametersLimits, DrivenRunsReadNoLimits) {
 TEST_F(ParametersLimits, AnOverflowWhileReadingIsReportedAndCountsAsRefused) {
     desktop.Expect_Message_With("has occurred in Get_Initial_Conditions");
     EXPECT_FALSE(Read("0", "1e60", "5"));
+    EXPECT_EQ(Box(1), "405");
     Expect_Angles(45, 405, 10, -435);
 }
 
@@ -276,6 +284,79 @@ TEST_F(ParametersLimits, AngleLabels) {
     Put_Angle_Initial_Conditions(animate);
     EXPECT_EQ(animate.Get<Label>("lbl_StepLabel").Caption, "Alpha2");
     EXPECT_EQ(animate.Get<Label>("lbl_StepUnit").Caption, "rad/s^2");
+}
+
+TEST_F(ParametersLimits, ALimitThatIsWrittenOtherwiseOrAnotherCountDropsTheRunAndTheSave) {
+    ASSERT_TRUE(Get_Initial_Conditions(input));
+    const auto stands = [this] {
+        Run_Holds();
+        Model_Saved();
+        EXPECT_TRUE(Get_Initial_Conditions(input));
+        EXPECT_EQ(Model.RunStands, Model.SavedFlag);
+        return bool{Model.RunStands};
+    };
+    EXPECT_TRUE(stands());
+    for (std::string* text : {&Model.ThetaStartStr, &Model.ThetaEndStr, &Model.ThetaStepStr}) {
+        *text += ".0";
+        EXPECT_FALSE(stands());
+        EXPECT_TRUE(stands());
+    }
+    Model.NSteps = 35;
+    EXPECT_FALSE(stands());
+    EXPECT_EQ(Model.NSteps, 36);
+    Model.Alpha2 = 1;
+    EXPECT_FALSE(stands());
+}
+
+TEST_F(ParametersLimits, TimeLimitsGoToTheAnimateScreenWithTheLengthsOfTheModel) {
+    Model.Calctype = 2;
+    Model.L2 = 1.25;
+    LoadLinkArray();
+    ASSERT_TRUE(Read("0", "2", "0.5"));
+    EXPECT_EQ(animate.Text("txt_Linkout", 1).Text, "1.25");
+    EXPECT_EQ(animate.Text("txt_initial", 1).Text, "2");
+}
+
+TEST_F(ParametersLimits, ALinkDrivenRunShowsItsPhaseWhereOthersHaveTheAcceleration) {
+    Model.Alpha2 = 3;
+    Model.Delta2 = 7;
+    for (const int type : {2, 3, 4, 5}) {
+        Model.Calctype = type;
+        Put_Time_Initial_Conditions(input);
+        EXPECT_EQ(Box(4), type == 5 ? "7" : "3");
+        EXPECT_EQ(input.Get<Label>("lbl_Initial", 4).Caption, type == 5 ? "Delta 2" : "Alpha2");
+        EXPECT_EQ(input.Get<Label>("lbl_Unit", 4).Caption, type == 5 ? "deg" : "rad/s^2");
+        EXPECT_EQ(input.Get<Label>("lbl_Initial", 5).Caption, type < 4 ? "ThetaZero" : "Thetazero");
+    }
+}
+
+TEST_F(ParametersLimits, TextsAndRadiansFollowFromTheLimitsOfTheModel) {
+    Model.TimeStart = 0.25;
+    Model.TimeEnd = 2.5;
+    Model.TimeStep = 0.125;
+    Derive_Time_Limits();
+    EXPECT_EQ(Model.ThetaStartStr, "0.25");
+    EXPECT_EQ(Model.ThetaEndStr, "2.5");
+    EXPECT_EQ(Model.ThetaStepStr, "0.125");
+    Model.ThetaStart = -30;
+    Model.ThetaEnd = 60;
+    Model.ThetaStep = 15;
+    Derive_Angle_Limits();
+    EXPECT_EQ(Model.ThetaStartStr, "-30");
+    EXPECT_EQ(Model.ThetaEndStr, "60");
+    EXPECT_EQ(Model.ThetaStepStr, "15");
+    EXPECT_NEAR(Model.ThetaStartRad, -M_PI / 6, 1e-7);
+    EXPECT_NEAR(Model.ThetaEndRad, M_PI / 3, 1e-7);
+    EXPECT_NEAR(Model.ThetaStepRad, M_PI / 12, 1e-7);
+}
+
+TEST_F(ParametersLimits, ABoxThatNoHandHasTouchedShowsTheLimitOfTheModel) {
+    for (const char* text : {"99", "", "45.0"}) {
+        input.Text("txt_initial", 0).Text = text;
+        EXPECT_TRUE(Get_Initial_Conditions(input));
+        EXPECT_EQ(Box(0), std::string(text) == "45.0" ? "45.0" : "45");
+        Expect_Angles(45, 405, 10, 36);
+    }
 }
 
 TEST_F(ParametersLimits, AnotherSpeedDropsTheRunAndTheSaveAndTheSameKeepsThem) {

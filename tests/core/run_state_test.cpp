@@ -114,9 +114,12 @@ TEST_F(RunState, EveryRunDropsDynamicsBalancingAndTransform) {
 TEST_F(RunState, LengthsThatCannotCloseDropTheResultsAndRunNothing) {
     Take_Lengths(10, 1, 1, 1);
     Soil();
+    Run_Holds();
+    Forces_Hold();
+    Transform_Holds();
     desktop.Expect_Message_With("Your link lengths are incompatible\r");
     Calc_Setup(3, result);
-    EXPECT_FALSE(Model.Calculated);
+    EXPECT_FALSE(Model.RunStands || Model.Calculated);
     EXPECT_FALSE(Model.DynamicsDone);
     EXPECT_FALSE(Model.FFTDone);
     EXPECT_EQ(result, kIgnoring);
@@ -207,6 +210,14 @@ TEST_F(RunState, ARangeIsDividedWhenItsStepsLeadFromLimitToLimitInDegreesAndRadi
     drive.ThetaStepRad = 20 * kDegToRad;
     drive.NSteps = 10;
     EXPECT_FALSE(Divided_Into_Steps(drive));
+    // Half a step more or less, and a thousandth for the digits.
+    drive.NSteps = 4;
+    for (const auto& [last, divided] :
+         {std::pair{90.0, true}, {110.0, true}, {89.985, true}, {110.015, true}, {89.976, false}, {110.024, false}}) {
+        drive.ThetaEnd = last, drive.ThetaEndRad = last * kDegToRad;
+        EXPECT_EQ(Divided_Into_Steps(drive), divided) << last;
+    }
+    drive.NSteps = 10;
     drive.ThetaStep = drive.ThetaStepRad = 0;
     EXPECT_FALSE(Divided_Into_Steps(drive));
     drive.Calctype = 2;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <initializer_list>
 
 #include "core/linkage_model.h"
 #include "shell/initialize.h"
@@ -66,6 +67,36 @@ TEST_F(Runs, NegativeSpeedRunsFromTheMaximumDown) {
     EXPECT_NEAR(Theta2(8), 20, 1e-3);
 }
 
+TEST_F(Runs, ASlowCrankRunsForwardsAsAnyOther) {
+    Angles(20, 100, 10);
+    Model.Omega2Input = 0.5;
+    Crankangle(result);
+    for (int step = 0; step <= 8; ++step) EXPECT_NEAR(Theta2(step), 20 + 10 * step, 1e-3) << step;
+}
+
+TEST_F(Runs, ARunUnaskedIsThatOfItsKindAsksNothingAndLeavesWhatDrivesTheModel) {
+    Lengths(4, 2, 3, 2);
+    Model.ThetaZero = 180;
+    Model.TimeStart = 0;
+    Model.TimeStep = 0.01;
+    Model.CamDirection = 1;
+    Model.CamPhase = Model.Delta2 = Model.Alpha2 = 0;
+    // The first angle of each kind, at which it does not close, and the last one.
+    const double last[] = {180, 180 + 5 * 10 * 0.01 * kRadToDeg, 170, 330, 150};
+    for (int type = 1; type <= 5; ++type) {
+        Angles(120, 170, 10);
+        for (int step = 0; step <= 5; ++step) Model.RunTable.DriveTheta(step) = type == 4 ? 30 * step : 100 + 10 * step;
+        Model.Calctype = type;
+        Model.CamDriven = Model.LinkDriven = Model.InputScreenOpen = true;
+        Model.Link1Angle = 0;
+        Run_Unasked(Model);
+        EXPECT_TRUE(Model.NoConnectSeen);
+        EXPECT_TRUE(Model.CamDriven && Model.LinkDriven && Model.InputScreenOpen);
+        EXPECT_EQ(Model.NSteps, type == 1 ? 0 : 5);
+        EXPECT_NEAR(std::remainder(Theta2(Model.NSteps) - last[type - 1], 360), 0, 0.01) << type;
+    }
+}
+
 TEST_F(Runs, RangeThatRoundsDownEndsByCountShortOfTheLimit) {
     Angles(0, 94, 10);
     EXPECT_EQ(Model.NSteps, 9);
@@ -102,6 +133,7 @@ TEST_F(Runs, OnePositionHasNoStepsAndLeavesItsAngleRoundedInTheLimits) {
     EXPECT_EQ(Model.ThetaStepStr, "0");
     EXPECT_NEAR(Theta2(0), 33.26, 1e-4);
     EXPECT_TRUE(Model.RunTable.Assembled(0));
+    EXPECT_TRUE(Model.RunStands);
 }
 
 TEST_F(Runs, TimeRunFollowsTheConstantAccelerationWithTimeAddedInSingle) {
@@ -113,6 +145,7 @@ TEST_F(Runs, TimeRunFollowsTheConstantAccelerationWithTimeAddedInSingle) {
     Model.TimeStep = 0.1;
     Model.NSteps = 50;
     Timestep(result);
+    EXPECT_TRUE(Model.RunStands);
     float t = 0.25F;
     for (int step = 0; step <= 50; ++step) {
         const double seconds = static_cast<double>(t);
@@ -154,6 +187,69 @@ TEST_F(Runs, DrivenRunsReplayTheirTable) {
     Run_Dropped();
     Imported_Run(result);
     EXPECT_FALSE(Model.Calculated);
+}
+
+TEST_F(Runs, ADrivenRunLeavesTheAccelerationOfTheModelAsItWas) {
+    Model.Calctype = 5;
+    Model.Alpha2 = 2.5;
+    Model.NSteps = 2;
+    for (int step = 0; step <= 2; ++step) {
+        Model.RunTable.DriveTheta(step) = 10 * step;
+        Model.RunTable.Omega(step, 0) = Model.RunTable.Alpha(step, 0) = 1 + step;
+    }
+    Imported_Run(result);
+    EXPECT_EQ(Model.Alpha2, 2.5);
+}
+
+TEST_F(Runs, EachRunBeginsAnewWithWhatWasAnsweredAndFoundBefore) {
+    using OneOfThem = void (*)(Integer&);
+    for (const OneOfThem run : std::initializer_list<OneOfThem>{Oneposition, Timestep, Crankangle, Imported_Run}) {
+        Angles(0, 360, 10);
+        Run_Holds();
+        Forces_Hold();
+        Model.NoConnectSeen = true;
+        result = kIgnoring;
+        run(result);
+        EXPECT_EQ(result, kRetrying);
+        EXPECT_FALSE(Model.NoConnectSeen);
+        EXPECT_TRUE(Model.RunStands);
+        EXPECT_FALSE(Model.DynamicsDone);
+    }
+}
+
+TEST_F(Runs, NothingOfTheRunBeforeIsInOneAtRest) {
+    const auto expect_clear = [] {
+        const auto& table = Model.RunTable;
+        EXPECT_EQ(table.OmegaRatio(0), 0);
+        EXPECT_EQ(table.MechAdvantage(0), 0);
+        EXPECT_FALSE(Model.TorqueImported);
+        EXPECT_EQ(Model.Delta2, 0);
+    };
+    using OneOfThem = void (*)(Integer&);
+    for (const OneOfThem run : std::initializer_list<OneOfThem>{Oneposition, Timestep, Crankangle}) {
+        Model.Omega2Input = 10;
+        Crankangle(result);
+        EXPECT_NE(Model.RunTable.OmegaRatio(0), 0);
+        Model.TorqueImported = true;
+        Model.Delta2 = 5;
+        Model.Omega2Input = 0;
+        Model.Alpha2 = 0;
+        run(result);
+        expect_clear();
+    }
+}
+
+TEST_F(Runs, ARunHoldsWhichClosesAtOneStepAndNoneThatClosesNowhere) {
+    Lengths(4, 2, 3, 2);  // closes up to 104 degrees
+    Model.Calctype = 3;
+    for (const auto& [first, last] : {std::pair{100.0, 140.0}, {220.0, 260.0}}) {
+        Angles(first, last, 20);
+        Crankangle(result);
+        EXPECT_TRUE(Model.RunStands) << first;
+    }
+    Angles(120, 160, 20);
+    Crankangle(result);
+    EXPECT_FALSE(Model.RunStands);
 }
 
 TEST_F(Runs, NewRunDropsDynamicsAndBalancing) {

@@ -12,14 +12,14 @@
 #include "core/linkage_model.h"
 #include "core/runs.h"
 #include "shell/initialize.h"
-#include "tests/support/fixture.h"
+#include "tests/core/linkages.h"
 
 namespace verlink::test {
 namespace {
 
-class Position : public Fixture {
+class OnePosition : public Fixture {
    protected:
-    Position() {
+    OnePosition() {
         Initialize();
         Model.NSteps = 10;
         Clear_RunTable();
@@ -49,7 +49,7 @@ class Position : public Fixture {
     }
 };
 
-TEST_F(Position, DefaultLinkageClosesOnBothCircuitsWithDifferentAngles) {
+TEST_F(OnePosition, DefaultLinkageClosesOnBothCircuitsWithDifferentAngles) {
     Solve(45);
     EXPECT_TRUE(Model.RunTable.Assembled(0));
     EXPECT_LT(Closure(), 1e-6);
@@ -76,7 +76,7 @@ std::vector<double> Without_Leading_Coefficient() {
     return angles;
 }
 
-TEST_F(Position, ClosesAsWellWhereALeadingCoefficientNearlyVanishes) {
+TEST_F(OnePosition, ClosesAsWellWhereALeadingCoefficientNearlyVanishes) {
     int solved = 0;
     double worst = 0;
     for (const auto& [L1, L2, L3, L4] : {std::array{6.0, 3.0, 5.0, 7.0}, {2.0, 5.0, 6.0, 4.5}, {5.0, 6.0, 3.5, 7.0}}) {
@@ -96,7 +96,7 @@ TEST_F(Position, ClosesAsWellWhereALeadingCoefficientNearlyVanishes) {
     EXPECT_LT(worst, 1.5e-6);
 }
 
-TEST_F(Position, CrankAtRestHasNoSpeedsAndRepeatsThePreviousRatio) {
+TEST_F(OnePosition, CrankAtRestHasNoSpeedsAndRepeatsThePreviousRatio) {
     Solve(40, 0);
     const double ratio = Model.RunTable.OmegaRatio(0);
     EXPECT_NE(ratio, 0.0);
@@ -114,7 +114,7 @@ TEST_F(Position, CrankAtRestHasNoSpeedsAndRepeatsThePreviousRatio) {
     EXPECT_EQ(Model.RunTable.MechAdvantage(1), 7.0) << "nothing is carried forward, and nothing is written";
 }
 
-TEST_F(Position, CouplerAndRockerInOneLineAreRejectedAsIndeterminate) {
+TEST_F(OnePosition, CouplerAndRockerInOneLineAreRejectedAsIndeterminate) {
     // The crank lies along the ground, 5 short of O4; coupler 8 and rocker 3 are folded over those 5. Every constant
     // of this position is exact, so that both angles come out as 0.
     Lengths(6, 1, 8, 3);
@@ -127,14 +127,14 @@ TEST_F(Position, CouplerAndRockerInOneLineAreRejectedAsIndeterminate) {
     EXPECT_EQ(Model.RunTable.PointXY(0, 1, 0), 0.0);
 }
 
-TEST_F(Position, AbsoluteModeAddsOneTurnOnce) {
+TEST_F(OnePosition, AbsoluteModeAddsOneTurnOnce) {
     Solve(-10);
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), 350, 1e-4);
     Solve(-370);
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), -10, 1e-4);
 }
 
-TEST_F(Position, HalfTurnModeTakesOneTurnOffAbove180Only) {
+TEST_F(OnePosition, HalfTurnModeTakesOneTurnOffAbove180Only) {
     Model.ModuloMode = "180";
     Solve(270);
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), -90, 1e-4);
@@ -142,7 +142,7 @@ TEST_F(Position, HalfTurnModeTakesOneTurnOffAbove180Only) {
     EXPECT_EQ(Model.RunTable.Theta(0, 0), 180.0);
 }
 
-TEST_F(Position, OtherModesWrapNothing) {
+TEST_F(OnePosition, OtherModesWrapNothing) {
     Model.ModuloMode = "none";
     Solve(-370);
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), -370, 1e-4);
@@ -150,7 +150,7 @@ TEST_F(Position, OtherModesWrapNothing) {
     EXPECT_NEAR(Model.RunTable.Theta(0, 0), 500, 1e-4);
 }
 
-TEST_F(Position, ExactTurnIsMendedAtTheFirstStepAlone) {
+TEST_F(OnePosition, ExactTurnIsMendedAtTheFirstStepAlone) {
     Model.Theta2Rad = 360 * kDegToRad;
     Model.Link1Angle = 360 - Model.Theta2Rad * kRadToDeg;  // so that the sum is 360 as a single
     Integer result = kRetrying;
@@ -160,7 +160,7 @@ TEST_F(Position, ExactTurnIsMendedAtTheFirstStepAlone) {
     EXPECT_EQ(Model.RunTable.Theta(3, 0), 360.0);
 }
 
-TEST_F(Position, CentimetresScaleTheTableAndLeaveTheScratchInMetres) {
+TEST_F(OnePosition, CentimetresScaleTheTableAndLeaveTheScratchInMetres) {
     Model.Units = 4;
     Solve(45);
     EXPECT_EQ(Model.RunTable.PointXY(0, 0, 0), static_cast<double>(Single(Model.Ax * 100)));
@@ -168,7 +168,7 @@ TEST_F(Position, CentimetresScaleTheTableAndLeaveTheScratchInMetres) {
     EXPECT_NEAR(Model.RunTable.AccXY(0, 3, 0), -Model.L4 * Model.Omega4Sq * 100, 1e-3);
 }
 
-TEST_F(Position, TransmissionAngleLiesWithinARightAngle) {
+TEST_F(OnePosition, TransmissionAngleLiesWithinARightAngle) {
     for (int degrees = 0; degrees < 360; degrees += 7) {
         Solve(degrees);
         const double between = std::fabs(Model.Theta4Rad - Model.Theta3Rad) * 180 / std::acos(-1.0);
@@ -177,7 +177,7 @@ TEST_F(Position, TransmissionAngleLiesWithinARightAngle) {
     }
 }
 
-TEST_F(Position, ImportedMotionKeepsItsOwnSpeedAndEndsWithItsAcceleration) {
+TEST_F(OnePosition, ImportedMotionKeepsItsOwnSpeedAndEndsWithItsAcceleration) {
     Model.Calctype = 4;
     Model.RunTable.Omega(2, 0) = 3;
     Model.RunTable.Alpha(2, 0) = 4;
@@ -191,7 +191,7 @@ TEST_F(Position, ImportedMotionKeepsItsOwnSpeedAndEndsWithItsAcceleration) {
     EXPECT_EQ(Model.RunTable.FixedCentrode(2, 0, 0), 0.0) << "driven runs have no centrodes";
 }
 
-TEST_F(Position, ImportedMotionTakesOneTermFromThePreviousStepsAcceleration) {
+TEST_F(OnePosition, ImportedMotionTakesOneTermFromThePreviousStepsAcceleration) {
     Model.Calctype = 5;
     Model.Omega2 = 3;
     Model.ImportedAlpha2 = 4;
@@ -213,7 +213,7 @@ TEST_F(Position, ImportedMotionTakesOneTermFromThePreviousStepsAcceleration) {
     EXPECT_NE(Model.Alpha3, settled);
 }
 
-TEST_F(Position, ZeroLeadingCoefficientOfTheCouplerIsReportedAsADivisionByZeroAndTheStepStaysZeroed) {
+TEST_F(OnePosition, ZeroLeadingCoefficientOfTheCouplerIsReportedAsADivisionByZeroAndTheStepStaysZeroed) {
     // L4 = L1 - L2 + L3: at angle 0 the coupler's leading coefficient is exactly 0, while the rocker's is not, since
     // its constants are rounded.
     Lengths(4, 1, 2, 5);
@@ -225,13 +225,57 @@ TEST_F(Position, ZeroLeadingCoefficientOfTheCouplerIsReportedAsADivisionByZeroAn
     EXPECT_EQ(Model.Ax, 1.0) << "the crank pin was stored before";
 }
 
-TEST_F(Position, ZeroLengthIsADivisionByZero) {
+TEST_F(OnePosition, ZeroLengthIsADivisionByZero) {
     Lengths(3, 0, 2, 4);
     desktop.Expect_Message("Error 11   (Division by zero)  has occurred in Calculate\r\n\r\n");
     Solve(30);
+    EXPECT_FALSE(Model.RunTable.Assembled(0));
 }
 
-TEST_F(Position, StepOutsideTheTableIsASubscriptFailure) {
+TEST_F(OnePosition, AtAnySpeedResultsAreNumbersOrTheFailureIsTold) {
+    int told = 0;
+    for (const double speed : {1e18, 8e18, 1.2e19, 1.5e19, 1.8e19})
+        for (int degrees = 0; degrees < 360; degrees += 15) {
+            Model.Omega2 = speed;
+            Model.Alpha2 = 0;
+            Model.Alpha3 = Model.Alpha4 = 9;
+            Notes notes(desktop);
+            Solve(degrees);
+            EXPECT_EQ(notes.Messages().empty(), Model.RunTable.Assembled(0)) << speed << " " << degrees;
+            EXPECT_TRUE(std::isfinite(double{Model.Alpha3}) && std::isfinite(double{Model.Alpha4}));
+            told += Model.RunTable.Assembled(0) ? 0 : 1;
+        }
+    EXPECT_GT(told, 10);
+    EXPECT_LT(told, 110);
+}
+
+TEST_F(OnePosition, LengthsWhoseRatioNoNumberHoldsAreReportedAsAnOverflow) {
+    Lengths(1e20, 1e-20, 1e20, 1e-20);
+    for (const double degrees : {0.0, 60.0, 180.0}) {
+        desktop.Expect_Message("Error 6   (Overflow)  has occurred in Calculate\r\n\r\n");
+        Solve(degrees);
+        EXPECT_FALSE(Model.RunTable.Assembled(0));
+    }
+}
+
+TEST_F(OnePosition, RowsOfTheMassCentresStand) {
+    auto& table = Model.RunTable;
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int row = 3; row <= 5; ++row) table.VelXY(1, row, axis) = 7;
+        for (int row = 5; row <= 7; ++row) table.AccXY(1, row, axis) = 7;
+        table.PointXY(1, 3, axis) = 7;
+    }
+    Model.Units = 5;
+    Solve(30, 1);
+    EXPECT_TRUE(table.Assembled(1));
+    for (int axis = 0; axis <= 1; ++axis) {
+        for (int row = 3; row <= 5; ++row) EXPECT_EQ(table.VelXY(1, row, axis), 7);
+        for (int row = 5; row <= 7; ++row) EXPECT_EQ(table.AccXY(1, row, axis), 7);
+        EXPECT_EQ(table.PointXY(1, 3, axis), 7);
+    }
+}
+
+TEST_F(OnePosition, StepOutsideTheTableIsASubscriptFailure) {
     desktop.Expect_Message("Error 9   (Subscript out of range)  has occurred in Calculate\r\n\r\n");
     Solve(30, 2881);
 }

@@ -110,6 +110,11 @@ TEST(ValueOfText, TooLargeForADoubleIsFailure6AndTooSmallIsZero) {
     EXPECT_EQ(Val("1e-400"), 0);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
     EXPECT_EQ(Val("0e999999"), 0);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1e50"), 0);
+    EXPECT_FAILURE(6, Val("1" + std::string(400, '0') + "e-50"));
+    EXPECT_EQ(Val("1" + std::string(400, '0') + "e-800"), 0);
+    EXPECT_EQ(Val("0." + std::string(1329, '0') + "1e1000"), 0);
+    EXPECT_FAILURE(6, Val("1" + std::string(1320, '0') + "e-1000"));
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1e401"), 1);
 }
 
@@ -117,12 +122,15 @@ TEST(UngroupedText, LosesTheCommasBetweenGroupsOfThreeDigitsOnly) {
     EXPECT_EQ(Ungrouped("1,234.50"), "1234.50");
     EXPECT_EQ(Ungrouped("-12,345,678."), "-12345678.");
     EXPECT_EQ(Ungrouped(" 1,234 lb"), " 1234 lb");
-    for (const char* text : {"", "12.5", "1,5", "1,2345", ",123", "1,,234", "a,123"}) EXPECT_EQ(Ungrouped(text), text);
+    for (const char* text : {"", "12.5", "1,5", "1,2345", ",123", "1,,234", "a,123", "1,x23", "1,.234"})
+        EXPECT_EQ(Ungrouped(text), text);
     for (const double value : {0.0, 999.99, -1000.0, 1234567.25})
         EXPECT_EQ(Val(Ungrouped(FNRoundStr(value, 2))), value);
 }
 
 TEST(NumberOfText, TakesAWholeNumberWithBlanksAround) {
+    for (const char* text : {"42", " 42", "42 ", "  42  ", "   42   ", "\t42\r\n"})
+        EXPECT_EQ(Number_Of(text), 42) << text;
     EXPECT_EQ(Number_Of("12.5"), 12.5);
     EXPECT_EQ(Number_Of("  -3 "), -3);
     EXPECT_EQ(Number_Of("+1E+2"), 100);

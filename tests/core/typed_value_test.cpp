@@ -65,6 +65,7 @@ TEST(TypedValue, ABoxThatPartsThousandsItselfReadsWhatItWrites) {
 
 TEST(TypedValue, NumbersAreJoinedAsOnPaper) {
     EXPECT_EQ(Shown("1/4"), "0.25");
+    EXPECT_EQ(Shown("8/1"), "8");
     EXPECT_EQ(Shown("2*1.115"), "2.23");
     EXPECT_EQ(Shown("1+2*3"), "7");
     EXPECT_EQ(Shown("10-4-3"), "3");
@@ -85,6 +86,7 @@ TEST(TypedValue, WhatIsNoSumIsReadAsFarAsItsFirstNumber) {
     EXPECT_EQ(Shown("(1+2"), "<0>");
     EXPECT_EQ(Shown("1+2)"), "<1>");
     EXPECT_EQ(Shown("2 pi"), "<2>");
+    EXPECT_EQ(Shown(" \t 2 pi"), "<2>");
     EXPECT_EQ(Shown("sin(3)"), "<0>");
     EXPECT_EQ(Shown("1.5.2"), "<1.5>");
     EXPECT_EQ(Shown("1.5e"), "<1.5>");
@@ -94,6 +96,50 @@ TEST(TypedValue, WhatIsNoSumIsReadAsFarAsItsFirstNumber) {
     EXPECT_EQ(Shown(std::string(100000, '(') + "1"), "<0>");
     EXPECT_EQ(Shown(std::string(50, '(') + "1" + std::string(50, ')')), "<0>");
     EXPECT_EQ(Read_Typed("2 pi", {}).why, "Only the beginning, 2, could be read.");
+}
+
+TEST(TypedValue, FortyBracketsWithinEachOtherAreRead) {
+    const auto within = [](std::size_t count) { return std::string(count, '(') + "7" + std::string(count, ')'); };
+    EXPECT_EQ(Shown(within(40)), "7");
+    EXPECT_EQ(Shown(within(41)), "<0>");
+}
+
+TEST(TypedValue, ThousandsBeginWithOneToThreeDigitsThatAreNotZero) {
+    EXPECT_EQ(Shown("12,345.5"), "12345.5");
+    EXPECT_EQ(Shown("123,456.5"), "123456.5");
+    EXPECT_EQ(Shown("-123,456,789"), "-1.234568E+08");
+    EXPECT_EQ(Shown("1234,567.5"), "<1234>");
+    EXPECT_EQ(Shown("0,500.5"), "<0>");
+    EXPECT_EQ(Shown(",500.5"), "<0>");
+    EXPECT_EQ(Shown("1,2345.5"), "<1>");
+    EXPECT_EQ(Shown("1,234.5,678"), "<1>");
+    EXPECT_EQ(Shown("+1,500", kGrouped), "+1,500");
+    EXPECT_EQ(Shown("1,500.", kGrouped), "1,500.");
+    EXPECT_EQ(Shown("-", kGrouped), "<0>");
+}
+
+TEST(TypedValue, AUnitEndsWhereNeitherLetterNorDigitFollows) {
+    const TypedForm form{{{"in", 1}, {"az", 2}, {"m^2", 3}}};
+    for (const char* behind : {"a", "z", "A", "Z", "m", "0", "9"})
+        EXPECT_EQ(Shown("3 in" + std::string(behind), form), "<3>") << behind;
+    for (const char* text : {"3 in", "3 in ", "3\tin"}) EXPECT_EQ(Shown(text, form), "3") << text;
+    for (const char* text : {"3 az", "3 AZ", "3 aZ", "3 a z"}) EXPECT_EQ(Shown(text, form), "6") << text;
+    for (const char* text : {"3 m^2", "3 m2", "3 m-2", "3 m*2", "3 m.2", "3 M^2"})
+        EXPECT_EQ(Shown(text, form), "9") << text;
+    EXPECT_EQ(Shown("3 in + 2 az - 1 in", form), "6");
+    EXPECT_EQ(Shown("3 in + 2", form), "<3>");
+    EXPECT_EQ(Shown("3 {n", form), "<3>");
+    EXPECT_EQ(Shown("3 i[", form), "<3>");
+}
+
+TEST(TypedValue, AnExponentNeedsItsDigits) {
+    for (const char* text : {"1e+2*1", "1E2*1", "1d2*1", "1D2*1", "100*1"}) EXPECT_EQ(Shown(text), "100") << text;
+    EXPECT_EQ(Shown("100e-2*1"), "1");
+    EXPECT_EQ(Shown("2*1e"), "<2>");
+    EXPECT_EQ(Shown("2*1e+"), "<2>");
+    EXPECT_EQ(Shown("2e+3+1"), "2001");
+    EXPECT_EQ(Shown("2*3e", {{{"e", 5}}}), "30");
+    EXPECT_EQ(Shown("2*3 e", {{{"e", 5}}}), "30") << "where it is no exponent it may be a unit";
 }
 
 TEST(TypedValue, ATextWithoutANumberIsZeroOrLeftToAStrictReader) {

@@ -146,6 +146,35 @@ TEST(WhyTest, A_parallelogram_has_a_change_point_at_either_end_and_closes_on_bot
     EXPECT_NEAR(Nearest_Toggle(links, 545)->value, 540, 1e-6) << "on the turn that was asked about";
 }
 
+TEST(WhyTest, Links_that_just_reach_close) {
+    EXPECT_EQ(Closing_At({10, 4, 3, 3}, 0).is, Closing::Is::kClosed);
+    EXPECT_EQ(Closing_At({5, 1, 7, 3}, 0).is, Closing::Is::kClosed);
+    EXPECT_EQ(Closing_At({5, 1, 3, 7}, 0).is, Closing::Is::kClosed);
+    EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).by, 0.5);
+    EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).link, 0) << "both are";
+}
+
+TEST(WhyTest, The_transmission_angle_is_the_same_at_any_size_and_none_in_line) {
+    const double large = Transmission_At({267, 111, 250, 200}, 60);
+    EXPECT_GT(large, 30);
+    EXPECT_NEAR(Transmission_At({2.67e-3, 1.11e-3, 2.5e-3, 2e-3}, 60), large, 1e-9);
+    EXPECT_EQ(Transmission_At({10, 4, 3, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({5, 1, 7, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({10.5, 4, 3, 3}, 0), 0);
+    EXPECT_EQ(Transmission_At({4.5, 1, 7, 3}, 0), 0);
+}
+
+TEST(WhyTest, A_toggle_that_only_roundings_take_away_is_one_all_the_same) {
+    // Its cosine is 1 and 0.9, or 1.2, millionths, on either side.
+    const auto folded = Nearest_Toggle({4, 2, 4, 2 + 3.6e-6}, 10),
+               stretched = Nearest_Toggle({4, 2, 3, 3 + 1.2e-6}, 170);
+    ASSERT_TRUE(folded && stretched);
+    EXPECT_NEAR(folded->value, 0, 1e-6);
+    EXPECT_NEAR(stretched->value, 180, 1e-6);
+    EXPECT_FALSE(Nearest_Toggle({4, 2, 4, 2 + 4.8e-6}, 10));
+    EXPECT_FALSE(Nearest_Toggle({4, 2, 3, 3 + 1.6e-6}, 170));
+}
+
 TEST(WhyTest, Of_angles_that_miss_the_one_that_misses_least_is_found_and_none_where_one_closes) {
     const Links links{7, 4, 5, 4.5};
     const std::vector<double> beyond{125, 170, 120, 190}, with_one{125, 100, 120};

@@ -84,6 +84,34 @@ TEST_F(WhyWordsTest, A_link_too_long_is_named) {
         "closes: 49.3 deg.");
 }
 
+TEST_F(WhyWordsTest, Of_a_linkage_that_closes_nowhere_or_at_one_angle_no_other_angle_is_told) {
+    Make(2, 1.5, 7.5, 2.75);
+    EXPECT_EQ(At(180), "Coupler and rocker cannot meet at Theta2 = 180.0 deg: the coupler is 1.25 in too long.");
+    Make(2, 1.5, 2.75, 6.25);
+    EXPECT_EQ(At(170), "Coupler and rocker cannot meet at Theta2 = 170.0 deg: the rocker is 0.013 in too long.")
+        << "the root of 2 2 + 1.5 1.5 + 2 2 1.5 cos 10 short of 6.25 - 2.75";
+    Make(10, 1.5, 2.75, 3);
+    EXPECT_EQ(At(0), "Coupler and rocker cannot meet at Theta2 = 0.0 deg: they are 2.75 in too short.");
+}
+
+TEST_F(WhyWordsTest, A_transmission_angle_counts_as_poor_by_what_is_shown_of_it) {
+    // Coupler 5 and rocker 5 at right angles would bridge 7.071; the angle between them is set by the gap.
+    const auto at = [](double transmission) {
+        Make(1, 1 + 10 * std::sin(transmission * kDegToRad / 2), 5, 5);
+        return At(0).substr(0, At(0).find(';'));
+    };
+    EXPECT_EQ(at(40.4), "");
+    EXPECT_EQ(at(39.96), "") << "40.0 as shown";
+    EXPECT_EQ(at(39.94), "Transmission angle 39.9 deg, under 40.");
+}
+
+TEST_F(WhyWordsTest, A_toggle_is_near_within_ten_degrees) {
+    Make(4, 2, 4, 2);
+    for (const double angle : {10.1, -10.1}) EXPECT_TRUE(At(angle).ends_with("deg, under 40.")) << At(angle);
+    EXPECT_EQ(At(9.9).substr(At(9.9).find("; ")), "; 9.9 deg from the change point at Theta2 = 0.0 deg.");
+    EXPECT_EQ(At(-9.9).substr(At(-9.9).find("; ")), "; 9.9 deg from the change point at Theta2 = 360.0 deg.");
+}
+
 TEST_F(WhyWordsTest, A_gap_too_small_to_be_shown_is_less_than_the_last_decimal) {
     Triple_Rocker();
     Run(110, 116.81, 6.81);
@@ -177,6 +205,9 @@ TEST_F(WhyWordsTest, A_linkage_that_closes_nowhere_is_told_with_the_length_that_
     Run(0, 360, 10);
     EXPECT_EQ(Why_Refused(Model),
               "Link 3 (Coupler) is 1.25 in longer than the other three together; it closes under 6.25 in.");
+    Make(2, 1.5, 6.75, 2.75);
+    EXPECT_EQ(Why_Refused(Model),
+              "Link 3 (Coupler) is 0.5 in longer than the other three together; it closes under 6.25 in.");
     Make(2, 1.5, 2.75, 6.25);
     Run(0, 360, 10);
     EXPECT_EQ(Why_Refused(Model), "Link 4 (Rocker) is as long as the other three together; it closes under 6.25 in.");
@@ -251,6 +282,11 @@ TEST_F(WhyWordsTest, A_run_backwards_and_one_by_time_are_refused_by_their_own_an
     Run_Unasked(Model);
     EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 125.7 deg coupler and rocker"))
         << Why_Refused(Model) << ", 0.1 rad on";
+    Model.Omega2Input = 0;
+    Model.Alpha2 = 0.4;
+    Run_Unasked(Model);
+    EXPECT_TRUE(Why_Refused(Model).starts_with("No position closes. At Theta2 = 131.5 deg coupler and rocker"))
+        << Why_Refused(Model) << ", half of 0.4 rad on";
 }
 
 TEST_F(WhyWordsTest, Nothing_is_refused_while_a_run_stands_or_some_of_it_closes) {
@@ -260,6 +296,10 @@ TEST_F(WhyWordsTest, Nothing_is_refused_while_a_run_stands_or_some_of_it_closes)
     EXPECT_EQ(Why_Refused(Model), "");
     Run_Dropped();
     EXPECT_EQ(Why_Refused(Model), "");
+    Make(2, 1.5, 7.5, 2.75);
+    EXPECT_NE(Why_Refused(Model), "");
+    Run_Holds();
+    EXPECT_EQ(Why_Refused(Model), "") << "a run that stands speaks for itself";
 }
 
 TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
@@ -269,6 +309,28 @@ TEST_F(WhyWordsTest, A_run_that_was_ended_tells_of_the_position_where_it_was) {
     EXPECT_EQ(Why_Shown(Model, 0),
               "Coupler and rocker cannot meet at Theta2 = 120.0 deg: they are 0.144 in too short. Nearest angle that "
               "closes: 116.8 deg.");
+}
+
+TEST_F(WhyWordsTest, Where_the_links_meet_and_the_solution_failed_all_the_same_another_angle_is_advised) {
+    for (const bool rocker : {true, false}) {
+        if (rocker)
+            Triple_Rocker();
+        else
+            Make(2.667, 1.115, 2.5, 2.5);
+        Run(50, 70, 10);
+        Model.RunTable.Assembled(1) = false;
+        EXPECT_EQ(Why_Shown(Model, 1),
+                  "Coupler and rocker can meet at Theta2 = 60.0 deg, yet the solution fails there; an angle beside it "
+                  "may do.");
+    }
+}
+
+TEST_F(WhyWordsTest, A_run_that_was_dropped_and_closed_throughout_tells_of_its_last_position) {
+    Triple_Rocker();
+    Run(60, 114.5, 54.5);
+    Run_Dropped();
+    EXPECT_EQ(Why_Shown(Model, 0),
+              "Transmission angle 17.3 deg, under 40; 2.3 deg from the toggle at Theta2 = 116.8 deg.");
 }
 
 TEST_F(WhyWordsTest, A_link_without_length_is_named) {

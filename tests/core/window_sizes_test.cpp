@@ -65,6 +65,14 @@ TEST_F(WindowSizesTest, OtherScreensTakeTheWidthOfTheMaximizedHomeScreenAndTheir
     Expect_Shape(screen, 4050, 592, 17500, 13217);  // 17500 * 8950 / 11850 = 13217.3; (14400 - 13217) / 2 = 591.5
 }
 
+TEST_F(WindowSizesTest, AScreenHigherThanTheDisplayBeginsAtItsTop) {
+    Model.ScreenWidth = 30000;
+    Screen& screen = Screens::Get("frm_Animate");
+    Maximize_Screen(screen, 11850, 8950);
+    EXPECT_EQ(screen.Height().Get(), 22658);  // 30000 * 8950 / 11850 = 22658.2
+    EXPECT_EQ(screen.Top().Get(), 0);
+}
+
 TEST_F(WindowSizesTest, AnActiveAspectCorrectionIsOnePointSixOverTheRatioOfTheDisplay) {
     Model.AspectRatio = 2;
     Model.AspectActive = true;
@@ -106,6 +114,14 @@ TEST_F(WindowSizesTest, FitDisplayKeepsTheDesignSizeWhereTheDisplayIsHighEnough)
     Screen& title = Screens::Get("frm_Title");
     Fit_Display(title);
     Expect_Shape(title, 2075, 2460, 11850, 8950);
+    EXPECT_TRUE(Display_Is_High_Enough());
+    desktop.Size = {16000, 14400, 1067, 960};
+    title.Width() = 100;
+    title.Height() = 100;
+    Fit_Display(title);
+    Expect_Shape(title, 2075, 2460, 11850, 8950);
+    desktop.Size = {16000, 9349, 1067, 623};
+    EXPECT_FALSE(Display_Is_High_Enough());
 }
 
 TEST_F(WindowSizesTest, FitDisplayShrinksAScreenThatIsHigherThanTheDisplay) {
@@ -122,7 +138,23 @@ TEST_F(WindowSizesTest, ShowCenteredPlacesAScreenAndShowsItModally) {
         EXPECT_EQ(screen.Top().Get(), 2460);
         screen.Hide();
     });
+    Screens::Get("frm_About").Left() = 0;
+    Screens::Get("frm_About").Top() = 0;
     Show_Centered("frm_About");
+}
+
+TEST_F(WindowSizesTest, WhatIsArrivedAtTakesAwayTheScreensAboveHome) {
+    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) {
+        Arrive_At("frm_About");
+        EXPECT_TRUE(home.Visible());
+        home.Hide();
+    });
+    desktop.Expect_Screen("frm_About", [](Screen&) { Arrive_At("frm_Title"); });
+    desktop.Expect_Screen("frm_Title", [](Screen& title) {
+        EXPECT_FALSE(Screens::Get("frm_About").Visible());
+        title.Hide();
+    });
+    Screens::Get("frm_HomeScreen").ShowModal();
 }
 
 TEST_F(WindowSizesTest, ShowCenteredOfAScreenThatDoesNotExistIsASubscriptFailure) {

@@ -85,7 +85,7 @@ TEST_F(Balancing, MassTradedForRadiusBalancesAsWell) {
 
 TEST_F(Balancing, WeightsAreCompletedWithInertiaAndPlace) {
     Run_Scenario({.name = "masses alone"});
-    Model.BerkMass(1) = Model.BerkMass(3) = 5;
+    for (const int link : {1, 3}) Model.BerkMass(link) = Model.BerkInertia(link) = 5;
     Balance();
     for (const int link : {2, 4}) {
         const double mass = Model.BerkMass(link), radius = Model.LinkArray(link) / 2;

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/parameters.h"
@@ -13,7 +14,7 @@ namespace verlink::test {
 
 namespace {
 
-enum class Kind { kLength, kForce, kFriction, kTorque, kMass, kInertia };
+enum class Kind { kLength, kDyad, kForce, kFriction, kTorque, kMass, kInertia };
 
 struct Dimensional {
     std::string name;
@@ -57,6 +58,16 @@ std::vector<Dimensional> Dimensional_Fields() {
         {"O4x", &m.O4x, Kind::kLength},
         {"O4y", &m.O4y, Kind::kLength},
     };
+    int dyad = 0;
+    for (Single* number :
+         {&m.SynW, &m.SynU, &m.SynWx, &m.SynWy, &m.SynZx, &m.SynZy, &m.SynUx, &m.SynUy, &m.SynSx, &m.SynSy})
+        fields.push_back({"number " + std::to_string(++dyad) + " of the dyads", number, Kind::kDyad});
+    for (int cognate = 1; cognate <= 3; ++cognate)
+        for (int item = 1; item <= 5; ++item) {
+            const std::string index = "(" + std::to_string(cognate) + ", " + std::to_string(item) + ")";
+            fields.push_back({"Cognates" + index, &m.Cognates(cognate, item), Kind::kLength});
+            fields.push_back({"CayleyRows" + index, &m.CayleyRows(cognate, item), Kind::kLength});
+        }
     for (int i = 1; i <= 4; ++i) {
         const std::string index = "(" + std::to_string(i) + ")";
         fields.push_back({"CG" + index, &m.CG(i, 0), Kind::kLength});
@@ -83,6 +94,12 @@ std::map<std::string, Single*> Other_Fields() {
         const std::string index = std::to_string(i);
         fields["CGangle" + index] = &m.CG(i, 1);
         fields["ExtForceAng" + index] = &m.ExtForceAng(i);
+    }
+    for (int cognate = 1; cognate <= 3; ++cognate) {
+        const std::string index = std::to_string(cognate);
+        fields["CognateDegrees" + index] = &m.Cognates(cognate, 0);
+        fields["CognateRadians" + index] = &m.Cognates(cognate, 6);
+        fields["CayleyRadians" + index] = &m.CayleyRows(cognate, 6);
     }
     for (const int step : {0, 7, kLastStep}) {
         const std::string at = std::to_string(step);
@@ -120,9 +137,9 @@ std::vector<Factors> Road(int from, int to) {
 
 /// Decimals of a system by kind of quantity: length, force, torque, mass, inertia.
 int Decimals_Of(Kind kind, int units) {
-    static constexpr int table[5][5] = {
+    static constexpr int kTable[5][5] = {
         {3, 2, 2, 4, 4}, {3, 2, 3, 3, 3}, {4, 2, 3, 3, 3}, {4, 2, 3, 3, 3}, {4, 2, 3, 3, 3}};
-    const auto& row = table[units - 1];
+    const auto& row = kTable[units - 1];
     switch (kind) {
         case Kind::kLength: return row[0];
         case Kind::kTorque: return row[2];
@@ -134,14 +151,15 @@ int Decimals_Of(Kind kind, int units) {
 
 double Converted(double value, Kind kind, int from, int to) {
     for (const Factors& factors : Road(from, to)) {
-        const double factor = kind == Kind::kLength    ? factors.length
-                              : kind == Kind::kTorque  ? factors.torque
-                              : kind == Kind::kMass    ? factors.mass
-                              : kind == Kind::kInertia ? factors.inertia
-                                                       : factors.force;
+        const double factor = kind == Kind::kLength || kind == Kind::kDyad ? factors.length
+                              : kind == Kind::kTorque                      ? factors.torque
+                              : kind == Kind::kMass                        ? factors.mass
+                              : kind == Kind::kInertia                     ? factors.inertia
+                                                                           : factors.force;
         const double product = value * static_cast<double>(static_cast<float>(factor));
-        value = kind == Kind::kFriction ? static_cast<double>(static_cast<float>(product))
-                                        : By_Text(product, Decimals_Of(kind, to));
+        const bool keeps_its_digits = kind == Kind::kFriction || kind == Kind::kDyad;
+        value = keeps_its_digits ? static_cast<double>(static_cast<float>(product))
+                                 : By_Text(product, Decimals_Of(kind, to));
     }
     return value;
 }
@@ -258,6 +276,43 @@ TEST_F(Conversion, FromInchesToInchesTheFactorsOfTheLastConversionApplyOnceMore)
     Convert_Units(2, 2);
     EXPECT_EQ(Model.L2, 2);
     EXPECT_EQ(Model.LinkArray(2), 2) << "the lengths are packed on every road";
+}
+
+TEST_F(Conversion, AnImportedTorqueIsConvertedOverItsRunAndKeepsItsDigits) {
+    Use_Units(1);
+    Model.TorqueImported = true;
+    Model.NSteps = 2;
+    for (int step = 0; step <= 3; ++step) Model.RunTable.ImportedTorque(step) = 1.2345678 + step;
+    Change(1, 2);
+    for (int step = 0; step <= 3; ++step) {
+        const double before = static_cast<double>(static_cast<float>(1.2345678 + step));
+        EXPECT_NEAR(Model.RunTable.ImportedTorque(step), step <= 2 ? before / 12 : before, 1e-7) << step;
+    }
+}
+
+TEST_F(Conversion, OfNumbersThatTheNewUnitsCannotHoldLeavesTheModelAsItWas) {
+    const auto whole = [](int from, int to) {
+        Use_Units(from);
+        Model.L2 = 2;
+        Model.PolarCoords = true;
+        Model.LinkMass(4) = from == 2 && to == 1 ? 1.0 : 3e38;
+        Model.ExtForceMag(2) = from == 2 ? 1.0 : 3e38;
+        if (from == 2 && to == 1) Model.ExtTorque(3) = 3e38;
+        const Single length = Model.L2, load = Model.ExtForceMag(2);
+        const bool converted = Convert_Units(from, to);
+        EXPECT_EQ(Model.L2, length);
+        EXPECT_EQ(Model.ExtForceMag(2), load);
+        return converted;
+    };
+    for (const auto& [from, to] : {std::pair{1, 2}, {1, 3}, {2, 1}}) {
+        desktop.Expect_Message_With("Error 6   (Overflow)  has occurred in Do_Conversion");
+        EXPECT_FALSE(whole(from, to)) << from << " to " << to;
+    }
+}
+
+TEST_F(Conversion, IsToldAsDoneWhereItIsAndWhereThereIsNothingToDo) {
+    for (int from = 1; from <= 5; ++from)
+        for (int to = 1; to <= 5; ++to) EXPECT_TRUE(Convert_Units(from, to)) << from << " to " << to;
 }
 
 TEST_F(Conversion, AnUnknownSystemConvertsNothing) {

@@ -251,8 +251,10 @@ TEST_F(ForceSolution, TurningTheGroundWithTheCrankLeavesTheForcesInItsFrame) {
 TEST_F(ForceSolution, TheEquationsOfTheFirstPositionAreGivenBackAsTheyStandBeforeTheyAreSolved) {
     Run_Scenario({.name = "ground turned", .ground = 30});
     Model.NSteps = 5;  // elsewhere than where the run begins
+    Forces_Dropped();
     const ForceSolve solve = verlink::Solve_Forces(Model);
     EXPECT_TRUE(solve);
+    EXPECT_TRUE(Model.DynamicsDone);
     ASSERT_TRUE(solve.first);
     const Motion at(0);
     const Vector r2 = at.l2.centre, q2 = at.A - r2;

@@ -140,6 +140,13 @@ TEST_F(Pulses, TheTableOfACycleThatStartsAbove) {
                              "    2  -3.5       0 ", "", "    Average Torque:", "    8   lb-in"}));
 }
 
+TEST_F(Pulses, TheTableHasAreasToATenthAndTheAverageToAHundredth) {
+    Take({0.25, 0.25, 1.625, 0.25, -1.3125});  // 0.2125 on the average
+    const auto lines = Printed();
+    EXPECT_EQ(lines[9], "    1   0.7      -0.4 ");
+    EXPECT_EQ(lines.back(), "    0.21   lb-in");
+}
+
 TEST_F(Pulses, TheTableOfACycleThatStartsBelowHasItsColumnsTheOtherWayRound) {
     Take({-12, -20, -30, 10, 22, -14, -12});
     const auto lines = Printed();

@@ -1,6 +1,7 @@
 // Masses and loads between the boxes of a screen and the model.
 #include "dynamics/mass_properties.h"
 
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -90,6 +91,69 @@ TEST_F(MassBoxes, ShowWhatTheModelHasForEachLink) {
         EXPECT_EQ(std::stod(Box("txt_MagForce", link)), 10 * link - 20);
         EXPECT_EQ(std::stod(Box("txt_AngForce", link)), 90 * link - 180);
         EXPECT_EQ(std::stod(Box("txt_Torque", link)), link + 4);
+    }
+}
+
+TEST_F(MassBoxes, InMillimetresDistancesAreShownInThemAndKeptInMetres) {
+    Use_Units(5);
+    MassProperties masses;
+    masses.CG(3, 0) = 1.23456;
+    masses.ForceDist3 = 0.5;
+    masses.ForceDist4 = 0.25;
+    masses.FrictionForce = 1234.567;
+    masses.LinkMass(2) = 0.00049;
+    masses.LinkInertia(4) = 2.0005;
+    masses.ExtTorque(3) = 0.0125;
+    Put_Mass_Properties(boxes, masses, Model);
+    EXPECT_EQ(Box("txt_DistCG", 3), "1,234.56");
+    EXPECT_EQ(Box("txt_DistP", 3), "500.00");
+    EXPECT_EQ(Box("txt_DistP", 4), "250.00");
+    EXPECT_EQ(Box("txt_Frict", 3), "1,234.57");
+    EXPECT_EQ(Box("txt_Mass", 2), "0.000");
+    EXPECT_EQ(Box("txt_AngCG", 2), "0.00");
+    EXPECT_EQ(Box("txt_MagForce", 3), "0");
+    boxes.Text("txt_DistCG", 2).Text = "2,500";
+    boxes.Text("txt_DistP", 4).Text = "1,125.5";
+    Get_Mass_Properties(boxes, masses, Model);
+    EXPECT_EQ(masses.CG(2, 0), 2.5);
+    EXPECT_EQ(masses.ForceDist4, Single(1.1255));
+    // What shows its number rounded keeps all of it.
+    EXPECT_EQ(masses.CG(3, 0), Single(1.23456));
+    EXPECT_EQ(masses.LinkMass(2), Single(0.00049));
+    EXPECT_EQ(masses.LinkInertia(4), Single(2.0005));
+    EXPECT_EQ(masses.ExtTorque(3), Single(0.0125));
+    EXPECT_EQ(masses.FrictionForce, Single(1234.567));
+    boxes.Text("txt_Frict", 3).Text = "2,000.5";
+    Get_Mass_Properties(boxes, masses, Model);
+    EXPECT_EQ(masses.FrictionForce, 2000.5);
+}
+
+TEST_F(MassBoxes, ShowAsManyDecimalsAsTheirQuantityHasInTheUnitSystem) {
+    const std::array<const char*, 5> expected[] = {{"1.2346", "2.3457", "3.457", "4.57", "5.68"},
+                                                   {"1.235", "2.346", "3.457", "4.568", "5.68"}};
+    for (int units = 1; units <= 2; ++units) {
+        Use_Units(units);
+        MassProperties masses;
+        for (int link = 2; link <= 4; ++link) {
+            masses.LinkMass(link) = 1.234567;
+            masses.LinkInertia(link) = 2.345678;
+            masses.CG(link, 0) = 3.456789;
+            masses.ExtTorque(link) = 4.567891;
+        }
+        masses.ForceDist3 = masses.ForceDist4 = 3.456789;
+        masses.FrictionForce = 5.678912;
+        Put_Mass_Properties(boxes, masses, Model);
+        const auto& shown = expected[units - 1];
+        for (int link = 2; link <= 4; ++link) {
+            EXPECT_EQ(Box("txt_Mass", link), shown[0]);
+            EXPECT_EQ(Box("txt_Inertia", link), shown[1]);
+            EXPECT_EQ(Box("txt_DistCG", link), shown[2]);
+        }
+        for (int link = 3; link <= 4; ++link) {
+            EXPECT_EQ(Box("txt_DistP", link), shown[2]);
+            EXPECT_EQ(Box("txt_Torque", link), shown[3]);
+        }
+        EXPECT_EQ(Box("txt_Frict", 3), shown[4]);
     }
 }
 

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <map>
 #include <string>
 
 #include "dynamics/units.h"
@@ -48,6 +51,58 @@ TEST_F(TypedUnits, MassesForcesAndWhatIsMadeOfThem) {
     EXPECT_EQ(Shown("1 ft-lb-^2", Quantity::kInertia, 1), "12") << "as its label has it";
     EXPECT_EQ(Shown("1 kg-m", Quantity::kMassLength, 1), "0.2248605");
     EXPECT_EQ(Shown("1 sl-ft", Quantity::kMassLength, 1), "1");
+}
+
+// Of every name the figure that a table of units has, and by what the systems count.
+TEST_F(TypedUnits, EveryUnitHasItsSizeInEverySystem) {
+    constexpr double kInch = 0.0254, kPound = 4.448222, kBlob = 386 / 2.2046225, kPoundInch = 0.1129848388;
+    struct Kind {
+        Quantity quantity;
+        std::map<std::string, double> sizes;
+        std::array<double, 5> counted_by;
+    };
+    const Kind kinds[] = {
+        {Quantity::kAngle, {{"deg", 1}, {"degrees", 1}, {"\u00B0", 1}, {"rad", 180 / M_PI}}, {1, 1, 1, 1, 1}},
+        {Quantity::kTime, {{"s", 1}, {"sec", 1}}, {1, 1, 1, 1, 1}},
+        {Quantity::kSpeed, {{"rad/s", 1}, {"rad/sec", 1}}, {1, 1, 1, 1, 1}},
+        {Quantity::kAcceleration, {{"rad/s^2", 1}, {"rad/sec^2", 1}}, {1, 1, 1, 1, 1}},
+        {Quantity::kLength,
+         {{"in", kInch}, {"ft", 12 * kInch}, {"m", 1}, {"cm", 0.01}, {"mm", 0.001}},
+         {kInch, 12 * kInch, 1, 0.01, 0.001}},
+        {Quantity::kKeptLength,
+         {{"in", kInch}, {"ft", 12 * kInch}, {"m", 1}, {"cm", 0.01}, {"mm", 0.001}},
+         {kInch, 12 * kInch, 1, 1, 1}},
+        {Quantity::kForce, {{"lb", kPound}, {"N", 1}}, {kPound, kPound, 1, 1, 1}},
+        {Quantity::kTorque,
+         {{"lb-in", kPoundInch},
+          {"in-lb", kPoundInch},
+          {"lb-ft", 12 * kPoundInch},
+          {"ft-lb", 12 * kPoundInch},
+          {"N-m", 1},
+          {"N-cm", 0.01},
+          {"N-mm", 0.001}},
+         {kPoundInch, 12 * kPoundInch, 1, 1, 1}},
+        {Quantity::kMass, {{"bl", kBlob}, {"sl", kBlob / 12}, {"kg", 1}}, {kBlob, kBlob / 12, 1, 1, 1}},
+        {Quantity::kInertia,
+         {{"in-lb-s^2", kInch * kInch * kBlob},
+          {"ft-lb-s^2", 12 * kInch * kInch * kBlob},
+          {"ft-lb-^2", 12 * kInch * kInch * kBlob},
+          {"kg-m^2", 1}},
+         {kInch * kInch * kBlob, 12 * kInch * kInch * kBlob, 1, 1, 1}},
+        {Quantity::kMassLength,
+         {{"bl-in", kBlob * kInch}, {"sl-ft", kBlob * kInch}, {"kg-m", 1}},
+         {kBlob * kInch, kBlob * kInch, 1, 1, 1}},
+    };
+    for (const Kind& kind : kinds)
+        for (int units = 1; units <= 5; ++units) {
+            const auto found = Typed_Units(kind.quantity, units);
+            EXPECT_EQ(found.size(), kind.sizes.size());
+            for (const TypedUnit& unit : found) {
+                SCOPED_TRACE(unit.name);
+                const double expected = kind.sizes.at(std::string(unit.name)) / kind.counted_by.at(units - 1U);
+                EXPECT_NEAR(unit.factor / expected, 1, 1e-6);
+            }
+        }
 }
 
 TEST_F(TypedUnits, AnglesTimesAndSpeeds) {

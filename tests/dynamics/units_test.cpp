@@ -1,9 +1,11 @@
 // The tables of the unit systems: labels, decimals, conversion factors.
 #include "dynamics/units.h"
 
+#include <string>
 #include <vector>
 
 #include "core/parameters.h"
+#include "dynamics/shown_length.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -12,12 +14,12 @@ class Units : public Fixture {};
 
 namespace {
 
-struct Row {
+struct LabelsOfSystem {
     int units;
     std::vector<const char*> labels;  // 1 to 18
 };
 
-const Row kLabels[] = {
+const LabelsOfSystem kLabels[] = {
     {1,
      {"degrees", "rad/sec", "rad/sec^2", "in/sec", "in/sec^2", "in", "ratio", "ratio", "lb-in", "lb", "lb", "lb-in",
       "lb", "bl", "in-lb-s^2", "rad/sec^3", "in/sec^3", "lb-in"}},
@@ -42,7 +44,7 @@ std::vector<int> Decimals() {
 }  // namespace
 
 TEST_F(Units, LabelsOfEverySystem) {
-    for (const Row& row : kLabels) {
+    for (const LabelsOfSystem& row : kLabels) {
         ASSERT_EQ(row.labels.size(), 18U);
         Use_Units(row.units);
         EXPECT_EQ(Model.Units, row.units);
@@ -88,6 +90,23 @@ TEST_F(Units, DecimalsOfEverySystem) {
     for (int units = 1; units <= 5; ++units) {
         Set_Decimals(units);
         EXPECT_EQ(Decimals(), expected[units - 1]) << units;
+    }
+}
+
+TEST_F(Units, LengthsAreShownInTheUnitOfTheirSystemAndKeptInMetres) {
+    const double factors[] = {1, 1, 1, 100, 1000};
+    const int decimals[] = {3, 3, 4, 3, 2};
+    const std::string names[] = {"in", "ft", "m", "cm", "mm"};
+    for (int units = 1; units <= 5; ++units) {
+        const ShownLength shown = Shown_Length(units);
+        EXPECT_EQ(shown.unit, names[units - 1]);
+        EXPECT_EQ(shown.decimals, decimals[units - 1]);
+        EXPECT_EQ(shown.factor, factors[units - 1]);
+    }
+    for (const int units : {0, 6, -4}) {
+        EXPECT_EQ(std::string(Shown_Length(units).unit), "in");
+        EXPECT_EQ(Shown_Length(units).decimals, 3);
+        EXPECT_EQ(Shown_Length(units).factor, 1);
     }
 }
 

@@ -249,6 +249,15 @@ TEST_F(CayleyDiagram, WithoutAnyExtentIsReported) {
     DrawCayley();
 }
 
+TEST_F(CayleyDiagram, NamesItsPivotsAndItsPointWhereTheyAreDrawn) {
+    const Drawn drawn = Draw();
+    const auto corners = Cayley_Corners();
+    const Segment &green = drawn.lines.at(Model.ColorGreen)[0], &red = drawn.lines.at(Model.ColorRed)[0];
+    const Vector drawn_at[] = {green.from, green.to, red.to, 0};
+    for (std::size_t i = 0; i < 4; ++i) EXPECT_LT(std::abs(std::conj(corners[i]) - drawn_at[i]), 1e-5) << i;
+    EXPECT_GT(std::abs(corners[2].imag()), 1);
+}
+
 TEST_F(CayleyDiagram, IsNotDrawnWhereThereIsNoScreenForIt) {
     platform::Screens::Discard();
     platform::Screens::Register("frm_Cayley", {});

@@ -179,7 +179,10 @@ TEST_F(Cognates, ASwitchDropsTheResults) {
     Forces_Hold();
     Balance_Holds();
     Model.Synthesized = true;
+    auto& save = platform::Screens::Get("frm_HomeScreen").Get<platform::MenuEntry>("mnu_Save");
+    save.Enabled = true;
     Switch_Cognate(3);
+    EXPECT_FALSE(save.Enabled.Get()) << "there is nothing calculated to be saved";
     EXPECT_EQ(Model.CognateNumber, 3);
     EXPECT_TRUE(Model.CognateEdit);
     EXPECT_EQ(Model.L1, Model.Cognates(3, 1));

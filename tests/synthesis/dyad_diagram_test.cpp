@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iomanip>
 #include <iostream>
 #include <random>
 #include <set>
+#include <sstream>
 
 #include "animation/engine.h"
 #include "core/linkage_model.h"
@@ -30,6 +32,7 @@ struct DyadDiagram : Fixture {
     }
 
     static constexpr double kRadians = 3.14159265358979323846 / 180;
+    static double Direction(Vector v) { return std::arg(v) / kRadians; }
     static Vector Turned(Vector v, double degrees) { return v * std::polar(1.0, degrees * kRadians); }
     /// How far a dyad misses a position.
     static double Miss(Vector link, Vector arm, double link_turn, double arm_turn, Vector P) {
@@ -37,6 +40,18 @@ struct DyadDiagram : Fixture {
     }
 
     std::vector<DyadMark> Draw(const DyadFigure& figure) { return Draw_Dyads(picture, figure); }
+    /// Call by call, with the places of the names behind.
+    static void Expect_Calls(const std::string& name, const DyadFigure& figure) {
+        LogSurface log;
+        for (const DyadMark& mark : Draw_Dyads(log, figure)) {
+            std::ostringstream row;
+            row << std::fixed << std::setprecision(4) << "Name " << mark.name;
+            for (const double number : {mark.at.across, mark.at.down, mark.at.right, mark.at.below})
+                row << ' ' << number + 0.0;
+            log.Calls.push_back(row.str());
+        }
+        Expect_Log(name, log);
+    }
     bool Drawn(Vector from, Vector to, Color color) const {
         const double near = 1e-9 * (picture.Right() - picture.Left());
         const auto& all = picture.Primitives();
@@ -82,6 +97,31 @@ struct DyadDiagram : Fixture {
         TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi, Model.SynU,
                Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
     }
+    /// Two like dyads whose links make half a turn and then a quarter of one, while the coupler does not turn.
+    static void Take_Half_Turns(Vector link, Vector arm) {
+        auto& m = Model;
+        m.SynWx = m.SynUx = link.real();
+        m.SynWy = m.SynUy = link.imag();
+        m.SynZx = m.SynSx = arm.real();
+        m.SynZy = m.SynSy = arm.imag();
+        m.SynAlpha2 = m.SynAlpha3 = 0;
+        m.SynBeta2 = m.SynGamma2 = 180;
+        m.SynBeta3 = m.SynGamma3 = 90;
+        m.P21x = -2 * link.real();
+        m.P21y = -2 * link.imag();
+        m.P31x = (link * Vector(-1, 1)).real();
+        m.P31y = (link * Vector(-1, 1)).imag();
+        m.P1x = 3;
+        m.P1y = 5;
+        m.O2x = m.O4x = 3 - (link + arm).real();
+        m.O2y = m.O4y = 5 - (link + arm).imag();
+    }
+    /// Whether such dyads of 1 and 1 count as solved when one number is off by that much.
+    static bool Missed(Single& number, double miss, int positions) {
+        Take_Half_Turns({1, 0}, {1, 0});
+        number += miss;
+        return Dyads_In_Force(positions).to_scale;
+    }
 
     Picture picture;
 };
@@ -97,6 +137,12 @@ TEST_F(DyadDiagram, TheSketchesReachTheirPositions) {
             EXPECT_LT(Miss(f.W, f.Z, f.beta[j], f.alpha[j], f.P[j]), 1e-3);
             EXPECT_LT(Miss(f.U, f.S, f.gamma[j], f.alpha[j], f.P[j]), 1e-3);
         }
+        for (const auto& turns : {f.alpha, f.beta, f.gamma}) {
+            EXPECT_EQ(turns[0], 0);
+            EXPECT_EQ(turns[2] == 0, positions == 2);
+        }
+        EXPECT_EQ(f.P[0], Vector(0));
+        EXPECT_EQ(f.P[2] == Vector(0), positions == 2);
         EXPECT_NEAR(f.theta * kRadians, std::arg(f.W), 1e-9);
         EXPECT_NEAR(f.xi * kRadians, std::arg(f.S), 1e-9);
     }
@@ -128,6 +174,70 @@ TEST_F(DyadDiagram, DyadsThatMissTheirPositionAreNotDrawnAsIfTheyReachedIt) {
         EXPECT_FALSE(Dyads_In_Force(2).to_scale);
         *changed = before;
         EXPECT_TRUE(Dyads_In_Force(2).to_scale);
+    }
+}
+
+TEST_F(DyadDiagram, SolvedDyadsOfThreePositionsAreDrawnWithAllTheirAngles) {
+    Take_Half_Turns({1, 2}, {3, -1});
+    Model.SynAlpha2 = 40;
+    Model.SynAlpha3 = -70;
+    const Vector P2 = Vector(1, 2) * -2.0 + Turned({3, -1}, 40) - Vector(3, -1);
+    const Vector P3 = Turned({1, 2}, 90) - Vector(1, 2) + Turned({3, -1}, -70) - Vector(3, -1);
+    Model.P21x = P2.real();
+    Model.P21y = P2.imag();
+    Model.P31x = P3.real();
+    Model.P31y = P3.imag();
+    Model.SynTheta = 1;
+    Model.SynPhi = 2;
+    Model.SynSigma = 3;
+    Model.SynXi = 4;
+    const DyadFigure f = Dyads_In_Force(3);
+    EXPECT_TRUE(f.to_scale);
+    EXPECT_EQ(f.positions, 3);
+    for (const Vector link : {f.W, f.U}) EXPECT_EQ(link, Vector(1, 2));
+    for (const Vector arm : {f.Z, f.S}) EXPECT_EQ(arm, Vector(3, -1));
+    EXPECT_EQ(f.theta, 1);
+    EXPECT_EQ(f.phi, 2);
+    EXPECT_EQ(f.sigma, 3);
+    EXPECT_EQ(f.xi, 4);
+    EXPECT_EQ(f.alpha, (std::array<double, 3>{0, 40, -70}));
+    EXPECT_EQ(f.beta, (std::array<double, 3>{0, 180, 90}));
+    EXPECT_EQ(f.gamma, (std::array<double, 3>{0, 180, 90}));
+    EXPECT_EQ(f.P[0], Vector(0));
+    EXPECT_EQ(f.P[2], Vector(Model.P31x, Model.P31y));
+}
+
+TEST_F(DyadDiagram, ADyadMayMissItsPositionsByAThousandthOfTheLengths) {
+    // Lengths of 1, 1 and 2; whichever of the dyads it is that misses.
+    const auto drawn = [](double miss) { return Missed(Model.P21y, miss, 2); };
+    EXPECT_TRUE(drawn(0.0038));
+    EXPECT_FALSE(drawn(0.0044));
+    for (Single* link : {&Model.SynWy, &Model.SynUy}) {
+        EXPECT_TRUE(Missed(*link, 0.0018, 2)) << "it counts twice in what is moved";
+        EXPECT_FALSE(Missed(*link, 0.0022, 2));
+    }
+    EXPECT_TRUE(Missed(Model.P31y, 0.0032, 3));
+    EXPECT_FALSE(Missed(Model.P31y, 0.0038, 3)) << "of 1, 1 and the root of 2";
+    for (Single* arm : {&Model.SynZy, &Model.SynSy}) EXPECT_TRUE(Missed(*arm, 5, 3)) << "the coupler does not turn";
+}
+
+TEST_F(DyadDiagram, DyadsOfGivenPivotsMayMissThemByAHundredthOfTheLengths) {
+    Model.SpecifiedPivots = true;
+    for (Single* place : {&Model.O2y, &Model.O4y}) {
+        EXPECT_TRUE(Missed(*place, 0.038, 3));
+        EXPECT_FALSE(Missed(*place, 0.044, 3));
+        EXPECT_TRUE(Missed(*place, 0.044, 2)) << "two positions have no given pivots";
+    }
+    Model.SpecifiedPivots = false;
+    EXPECT_TRUE(Missed(Model.O2x, 5, 3));
+}
+
+TEST_F(DyadDiagram, DyadsLargerThanAnyPictureAreNotDrawn) {
+    for (const double size : {9e11, 1.1e12}) {
+        Take_Half_Turns({size, 0}, {1, 0});
+        EXPECT_EQ(Dyads_In_Force(2).to_scale, size < 1e12);
+        Take_Half_Turns({1, 0}, {size, 0});
+        EXPECT_EQ(Dyads_In_Force(2).to_scale, size < 1e12);
     }
 }
 
@@ -211,6 +321,40 @@ TEST_F(DyadDiagram, NamesBelongBesideWhatTheyName) {
     EXPECT_NEAR(direction(Place(marks, "Delta2")), direction(f.P[1]) / 2, 1e-6);
 }
 
+TEST_F(DyadDiagram, ASecondTurnIsNamedInWhatItHasBeyondTheFirst) {
+    const auto named_at = [this](double second, double third) {
+        DyadFigure f = Dyad_Sketch(3);
+        f.beta = {0, second, third};
+        return Direction(Place(Draw(f), "Beta3") + f.W + f.Z) - Direction(f.W);
+    };
+    EXPECT_NEAR(named_at(0.5, 1.1), 0.8, 1e-6);
+    EXPECT_NEAR(named_at(20, 60), 40, 1e-6);
+    EXPECT_NEAR(named_at(-20, -60), -40, 1e-6);
+    EXPECT_NEAR(named_at(30, 30), 15, 1e-6);
+    EXPECT_NEAR(named_at(60, 20), 10, 1e-6);
+    EXPECT_NEAR(named_at(-20, 60), 30, 1e-6);
+}
+
+// The third has its pivots the other way round, a link of negative length and one too short for a whole head, turns the
+// other way round and two of no size to see.
+TEST_F(DyadDiagram, IsDrawnCallByCall) {
+    Expect_Calls("dyads_two", Dyad_Sketch(2));
+    Expect_Calls("dyads_three", Dyad_Sketch(3));
+    DyadFigure f = Dyad_Sketch(3);
+    std::swap(f.W, f.U);
+    std::swap(f.Z, f.S);
+    f.U *= 0.1;
+    f.theta = Direction(f.W) + 180;
+    f.phi = Direction(f.Z) - 720;
+    f.sigma = Direction(f.U);
+    f.xi = Direction(f.S);
+    f.beta = {0, -20, 0.04};
+    f.gamma = {0, -30, 50};
+    f.alpha = {0, 200, -0.04};
+    f.P[1] = {-0.1, -1.5};
+    Expect_Calls("dyads_turned", f);
+}
+
 TEST_F(DyadDiagram, EverythingLiesWithinTheWindow) {
     for (int positions : {2, 3}) Expect_All_Inside(Draw(Dyad_Sketch(positions)));
     Solve_Two();
@@ -238,6 +382,17 @@ TEST_F(DyadDiagram, AnglesOfZeroHaveNoArcAndADisplacementOfZeroHasNoDirection) {
     EXPECT_TRUE(names.contains("P21"));
     EXPECT_TRUE(names.contains("Beta2"));
     EXPECT_FALSE(names.contains("Delta"));
+}
+
+TEST_F(DyadDiagram, PivotsThatAreOneHaveTheirNameBelow) {
+    DyadFigure f = Dyad_Sketch(2);
+    f.U = f.W;
+    f.S = f.Z;
+    const auto marks = Draw(f);
+    EXPECT_LT(std::abs(Place(marks, "Theta1") + f.W + f.Z), 1e-9);
+    const auto mark = std::ranges::find(marks, "Theta1", &DyadMark::name);
+    EXPECT_EQ(mark->at.right, 0);
+    EXPECT_EQ(mark->at.below, 1);
 }
 
 TEST_F(DyadDiagram, ADyadOfNoLengthIsDrawnAsAPoint) {

@@ -10,7 +10,7 @@ namespace {
 const char kNoMagnitudes[] = " Attempting to divide by zero in TwoPosition, Method 1";
 const char kNoVector[] = " Attempting to divide by zero in TwoPosition, Method 2";
 
-struct Dyad {
+struct SolvedDyad {
     Single angle1, angle2, mag1, x1, y1, mag2, x2, y2;
 
     void Solve(int method, double P21x, double P21y, double alpha, double beta) {
@@ -18,11 +18,11 @@ struct Dyad {
     }
     Vector W() const { return {x1, y1}; }
     Vector Z() const { return {x2, y2}; }
-    bool operator==(const Dyad&) const = default;
+    bool operator==(const SolvedDyad&) const = default;
 };
 
 /// Before the dyad is solved every field holds something.
-Dyad Filled() { return {30, 80, 1, 2, 3, 4, 5, 6}; }
+SolvedDyad Filled() { return {30, 80, 1, 2, 3, 4, 5, 6}; }
 
 struct TwoPositions : Synthesis {
     void Expect_Plain(const char* words) {
@@ -34,7 +34,7 @@ struct TwoPositions : Synthesis {
 
 TEST_F(TwoPositions, AreThoseOfAComputationToFortyDigits) {
     for (const Row& row : Read_Table("two_positions.csv")) {
-        Dyad dyad;
+        SolvedDyad dyad;
         const int method = static_cast<int>(Number(row, "Method"));
         dyad.angle1 = Number(row, "Angle1");
         dyad.angle2 = Number(row, "Angle2");
@@ -57,7 +57,7 @@ TEST_F(TwoPositions, AreThoseOfAComputationToFortyDigits) {
 }
 
 TEST_F(TwoPositions, NegativeMagnitudesStayAndTheirComponentsPointTheOtherWay) {
-    Dyad dyad;
+    SolvedDyad dyad;
     dyad.angle1 = 30 + 180;
     dyad.angle2 = 75;
     // W of 3 and Z of 2 in the directions 30 and 75, with the first direction turned round.
@@ -71,7 +71,7 @@ TEST_F(TwoPositions, NegativeMagnitudesStayAndTheirComponentsPointTheOtherWay) {
 }
 
 TEST_F(TwoPositions, NoTurnsAtAllAreToldByMethodOneAndNothingIsWritten) {
-    Dyad dyad = Filled();
+    SolvedDyad dyad = Filled();
     Expect_Plain(kNoMagnitudes);
     dyad.Solve(1, 1, 2, 0, 0);
     EXPECT_EQ(dyad, Filled());
@@ -79,7 +79,7 @@ TEST_F(TwoPositions, NoTurnsAtAllAreToldByMethodOneAndNothingIsWritten) {
 
 TEST_F(TwoPositions, ACrankThatDoesNotTurnIsToldByMethodTwoAfterTheGivenVectorIsWritten) {
     for (const double beta : {0, 360, -360, 720}) {
-        Dyad dyad = Filled();
+        SolvedDyad dyad = Filled();
         Expect_Plain(kNoVector);
         dyad.Solve(2, 1, 2, 25, beta);
         EXPECT_LT(std::abs(dyad.Z() - 4.0 * Toward(80)), 1e-6) << beta;
@@ -94,21 +94,30 @@ TEST_F(TwoPositions, DirectionsThatMoveAlongOneLineAreToldWhateverTheirNumbers) 
     Chance chance;
     SCOPED_TRACE(chance.Trace());
     for (int i = 0; i < 1000; ++i) {
-        Dyad dyad = Filled();
+        SolvedDyad dyad = Filled();
         dyad.angle1 = chance.Angle();
         dyad.angle2 = chance.Angle();
         const Single beta = chance.Angle();
         const Single alpha = 2 * (dyad.angle1 + beta / 2 - dyad.angle2) + 360 * std::round(chance.Between(-2, 2));
-        const Dyad before = dyad;
+        const SolvedDyad before = dyad;
         Expect_Plain(kNoMagnitudes);
         dyad.Solve(1, 1, 2, alpha, beta);
         EXPECT_EQ(dyad, before) << alpha << " " << beta;
     }
 }
 
+TEST_F(TwoPositions, TurnsTooSmallForTheirCosinesAreToldByMethodOne) {
+    SolvedDyad dyad = Filled();
+    dyad.angle1 = dyad.angle2 = 0;
+    const SolvedDyad before = dyad;
+    Expect_Plain(kNoMagnitudes);
+    dyad.Solve(1, 1, 2, 1e-7, 3e-7);
+    EXPECT_EQ(dyad, before);
+}
+
 TEST_F(TwoPositions, WholeTurnsAreToldByMethodOne) {
     for (const auto& [alpha, beta] : {std::pair{25.0, 360.0}, {25.0, -720.0}, {360.0, 25.0}, {-1080.0, 25.0}}) {
-        Dyad dyad = Filled();
+        SolvedDyad dyad = Filled();
         Expect_Plain(kNoMagnitudes);
         dyad.Solve(1, 1, 2, alpha, beta);
         EXPECT_EQ(dyad, Filled()) << alpha << " " << beta;
@@ -118,7 +127,7 @@ TEST_F(TwoPositions, WholeTurnsAreToldByMethodOne) {
 TEST_F(TwoPositions, ATurnThatIsAWholeOneButForItsLastPlaceIsToldByMethodTwo) {
     for (const float whole : {360.F, -360.F, 720.F})
         for (const float towards : {-1000.F, 1000.F}) {
-            Dyad dyad = Filled();
+            SolvedDyad dyad = Filled();
             Expect_Plain(kNoVector);
             dyad.Solve(2, 1, 2, 25, static_cast<double>(std::nextafter(whole, towards)));
             EXPECT_EQ(dyad.W(), Vector(2, 3));
@@ -127,7 +136,7 @@ TEST_F(TwoPositions, ATurnThatIsAWholeOneButForItsLastPlaceIsToldByMethodTwo) {
 
 TEST_F(TwoPositions, SmallTurnsAreSolved) {
     for (const double turn : {1.0, 1e-2, 1e-4}) {
-        Dyad dyad = Filled();
+        SolvedDyad dyad = Filled();
         dyad.Solve(1, 1, 2, turn, -2 * turn);
         const Vector moved = dyad.W() * Turn(-2 * turn) + dyad.Z() * Turn(turn);
         EXPECT_LT(std::abs(moved - Vector(1, 2)), 1e-4) << turn;
@@ -138,7 +147,7 @@ TEST_F(TwoPositions, SmallTurnsAreSolved) {
 }
 
 TEST_F(TwoPositions, AHalfTurnOfTheCrankPutsItsPinMidway) {
-    Dyad dyad = Filled();
+    SolvedDyad dyad = Filled();
     dyad.Solve(2, 3, -1, 50, 180);
     const Vector expected = (Vector(3, -1) - 4.0 * Toward(80) * Turn(50)) / -2.0;
     EXPECT_LT(std::abs(dyad.W() - expected), 1e-6);
@@ -147,14 +156,14 @@ TEST_F(TwoPositions, AHalfTurnOfTheCrankPutsItsPinMidway) {
 
 TEST_F(TwoPositions, ThereIsNoThirdMethod) {
     for (const int method : {0, 3, -1}) {
-        Dyad dyad = Filled();
+        SolvedDyad dyad = Filled();
         dyad.Solve(method, 1, 2, 25, 30);
         EXPECT_EQ(dyad, Filled()) << method;
     }
 }
 
 TEST_F(TwoPositions, AMagnitudeBeyondASingleNumberIsReported) {
-    Dyad dyad = Filled();
+    SolvedDyad dyad = Filled();
     desktop.Expect_Message("Error 6   (Overflow)  has occurred in TwoPos\r\n\r\n");
     dyad.Solve(1, 1, 2, 1e-38, 1e-38);
     EXPECT_EQ(dyad.mag1, 1);
