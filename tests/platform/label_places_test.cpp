@@ -201,6 +201,25 @@ TEST_F(LabelPlaces, AtTheEdgeFivePixelsAreLeftOnEachSide) {
     EXPECT_DOUBLE_EQ(larger.y, 5);
 }
 
+TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
+    const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2};
+    const double distances[] = {3, 7, 12, 18, 26, 36, 48, 62, 80, 100};
+    for (std::size_t i = 1; i < std::size(distances); ++i) {
+        picture.Cls();
+        const double filled = distances[i - 1] + 1;
+        for (double x = -filled; x <= filled; ++x)
+            for (double y = -filled; y <= filled; ++y) {
+                // A way is left free to both sides, too narrow for a label.
+                const bool way = y >= 0 && y < 2;
+                if (std::hypot(x, y) <= filled && !way) picture.PSet(200 + x, 200 + y, 1);
+            }
+        const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+        const double gap = place.x > 200 ? place.x - 2 - 200 : 200 - (place.x + 4);
+        EXPECT_NEAR(gap, distances[i], 1e-9) << i;
+        EXPECT_NEAR(place.y + 1, 200, 1e-9) << i;
+    }
+}
+
 namespace {
 
 /// A picture whose window is given, seen through a glass, with one label over the anchor at pixel 200, 160.
