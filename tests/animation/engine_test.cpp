@@ -34,6 +34,7 @@ TEST_F(Engine, RadiiAndColoursComeFromTheWindow) {
     stage.chk_autoscale.Value = false;
     Model.AnimMax = -200;
     Model.AnimMin = -300;
+    Model.ColorMagenta = Model.ColorBlue = Model.ColorWhite = 0x123456;
     Animate_Setup(stage);
     EXPECT_FLOAT_EQ(Model.CentrodeRadius, 1.6F);
     EXPECT_FLOAT_EQ(Model.PinRadius, 3);
@@ -183,6 +184,19 @@ TEST_F(Engine, ACouplerPointAtTheExactOriginEndsTheCycleAtTheLastGoodPosition) {
     }
     EXPECT_EQ(rows, expected);
     EXPECT_EQ(desktop.Pauses.size(), 4U);
+}
+
+TEST_F(Engine, ACouplerPointOnOneOfTheAxesIsAPositionLikeAnyOther) {
+    Model.RunTable.PointXY(1, 2, 0) = 0;
+    Model.RunTable.PointXY(3, 2, 1) = 0;
+    Model.ShowCouplerFlag = "Y";
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(desktop.Pauses.size(), 5U);
 }
 
 TEST_F(Engine, AtStepZeroTheExactOriginLeavesNothing) {

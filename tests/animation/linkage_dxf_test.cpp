@@ -153,4 +153,20 @@ TEST_F(LinkageDxf, Has_a_polyline_for_each_stretch_that_closes_and_no_moving_lin
     EXPECT_EQ(curve[1].numbers.size(), 1U + 2 * static_cast<std::size_t>(Model.NSteps - 8));
 }
 
+TEST_F(LinkageDxf, Has_no_centrode_where_a_position_does_not_close) {
+    Run_Scenario({.name = "gaps", .rocker = true});
+    const auto vertices = [](const Dxf_Read& read, const char* layer) {
+        std::size_t count = 0;
+        for (const Dxf_Entity& path : read.On(layer)) count += (path.numbers.size() - 1) / 2;
+        return count;
+    };
+    const Dxf_Read whole = Written(3);
+    for (const int gap : {7, 8}) Model.RunTable.Assembled(gap) = false;
+    const Dxf_Read gaps = Written(3);
+    for (const char* layer : {"FIXED_CENTRODE", "MOVING_CENTRODE"}) {
+        EXPECT_GT(vertices(gaps, layer), 10U) << layer;
+        EXPECT_LT(vertices(gaps, layer), vertices(whole, layer)) << layer;
+    }
+}
+
 }  // namespace verlink::test

@@ -35,6 +35,28 @@ TEST_F(ViewOverlays, TheFewWildArrowsNearAToggleDoNotMakeTheOthersVanish) {
     for (const auto& arrow : Of_Kind(At_Step(0, wishes), Kind::kArrow)) EXPECT_TRUE(std::isfinite(arrow.to.x));
 }
 
+TEST_F(ViewOverlays, ArrowsThriceAsLongAsNearlyAllOthersCountAsWild) {
+    Run({.name = "made up"});
+    const int positions = Model.NSteps + 1;
+    const double longest = 0.28 * Window();
+    const View_Wishes wishes = Only(&View_Wishes::velocities);
+    // Of three arrows in each position all are 1, but for some; nineteen of twenty decide.
+    const int few = (3 * positions - 1) / 20;
+    for (const int wild : {0, 1, few, few + 2}) {
+        for (int i = 0; i < 3 * positions; ++i) {
+            Model.RunTable.VelXY(i / 3, i % 3, 0) = i < wild ? 0 : 1;
+            Model.RunTable.VelXY(i / 3, i % 3, 1) = i < wild ? -100 : 0;
+        }
+        const double most = wild == 0 ? 1 : wild <= few ? 3 : 100;
+        EXPECT_NEAR(Find_Scales(Model, wishes).velocity * longest, most, 1e-4) << wild;
+    }
+    // Those of positions that do not close do not count.
+    Model.RunTable.Assembled(0) = Model.RunTable.Assembled(1) = Model.RunTable.Assembled(2) = false;
+    for (int row = 0; row <= 2; ++row) Model.RunTable.VelXY(3, row, 1) = 0;
+    EXPECT_EQ(Find_Scales(Model, wishes).first, 3);
+    EXPECT_EQ(Find_Scales(Model, wishes).last, Model.NSteps);
+}
+
 TEST_F(ViewOverlays, TheLongestArrowOfARunIsSeenAndTheScaleIsTheSameInAllItsFrames) {
     Run({.name = "scale"});
     const View_Wishes wishes = Only(&View_Wishes::velocities);

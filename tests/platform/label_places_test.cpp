@@ -201,12 +201,20 @@ TEST_F(LabelPlaces, AtTheEdgeFivePixelsAreLeftOnEachSide) {
     EXPECT_DOUBLE_EQ(larger.y, 5);
 }
 
+TEST_F(LabelPlaces, ALabelTurnsALittleRatherThanMoveOut) {
+    const LabelWish wish = Wish(200, 160, 0, -1);
+    // Under the lower left corner of where it would stand, 158 to 242 across and 137 to 157 down.
+    picture.PSet(159, 155, 1);
+    const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_NEAR(place.x + 40 - 200, (3 + 10 / std::cos(M_PI / 12)) * std::sin(M_PI / 12), 1e-9) << "a 24th of a turn";
+    EXPECT_NEAR(160 - place.y - 8, (3 + 10 / std::cos(M_PI / 12)) * std::cos(M_PI / 12), 1e-9);
+}
+
 TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
     const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2};
-    const double distances[] = {3, 7, 12, 18, 26, 36, 48, 62, 80, 100};
-    for (std::size_t i = 1; i < std::size(distances); ++i) {
+    for (const double distance : {26.0, 36.0, 48.0, 62.0, 80.0, 100.0}) {
         picture.Cls();
-        const double filled = distances[i - 1] + 1;
+        const double filled = distance - 3;
         for (double x = -filled; x <= filled; ++x)
             for (double y = -filled; y <= filled; ++y) {
                 // A way is left free to both sides, too narrow for a label.
@@ -215,8 +223,8 @@ TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
             }
         const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
         const double gap = place.x > 200 ? place.x - 2 - 200 : 200 - (place.x + 4);
-        EXPECT_NEAR(gap, distances[i], 1e-9) << i;
-        EXPECT_NEAR(place.y + 1, 200, 1e-9) << i;
+        EXPECT_NEAR(gap, distance, 1e-9);
+        EXPECT_NEAR(place.y + 1, 200, 1e-9) << distance;
     }
 }
 
