@@ -237,6 +237,10 @@ TEST(GraphScaleTest, Labels_thin_out_by_round_multiples) {
     EXPECT_EQ(Thinned(12, 361, 20), 24);
     EXPECT_EQ(Thinned(12, 2881, 30), 120);
     EXPECT_EQ(Thinned(0, 3, 10), 1);
+    EXPECT_EQ(Thinned(12, 24, 2), 12) << "at 0 and 12";
+    EXPECT_EQ(Thinned(12, 25, 2), 24) << "three at 0, 12 and 24 are too many";
+    EXPECT_EQ(Thinned(12, 25, 3), 12);
+    EXPECT_EQ(Thinned(7, 1 << 20, 2), 1 << 20) << "no round multiple is enough, and the first stands alone";
     EXPECT_EQ(Thinned(1, 1, 0), 1);
 }
 
