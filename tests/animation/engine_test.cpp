@@ -75,6 +75,33 @@ TEST_F(Engine, WithoutAutoscaleTheLastWindowStaysAndTheZoomDoesNothing) {
     EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before);
 }
 
+TEST_F(Engine, WhileItsWindowIsHeldAScreenKeepsItThoughItWouldFit) {
+    Animate_Setup(stage);
+    const double before = Model.AnimMax;
+    Model.ZoomFactor = 0.5;
+    {
+        const Held_Window outer(stage);
+        {
+            const Held_Window inner(stage);
+            Animate_Setup(stage);
+            EXPECT_EQ(Model.AnimMax, before);
+        }
+        Animate_Setup(stage);
+        EXPECT_EQ(Model.AnimMax, before) << "the outer one holds it still";
+    }
+    {
+        Stage other;
+        const Held_Window of_another(other);
+        Animate_Setup(stage);
+        EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before);
+    }
+    stage.chk_autoscale.Value = false;
+    Model.AnimMin = 3;
+    Model.AnimMax = 3;
+    Animate_Setup(stage);
+    EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before) << "there was no window to keep";
+}
+
 TEST_F(Engine, TheBoxesAreFilledByTheKindOfRun) {
     stage.txt_initial[0].Text = "kept";
     Model.Calctype = 1;

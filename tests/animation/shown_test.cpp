@@ -102,5 +102,37 @@ TEST_F(ShownPositions, AnEarThatHasGoneIsNotTold) {
     EXPECT_EQ(told, 1);
 }
 
+TEST_F(ShownPositions, WhereResultsAreOthersEachIsToldAgainWhatItHeardLast) {
+    struct Other : Stage {
+    } other;
+    Heard told;
+    const Position_Ear elsewhere(other, [&told](const Shown& shown) {
+        EXPECT_FALSE(shown.playing);
+        told.push_back(shown.Nothing() ? "-" : std::to_string(shown.step));
+    });
+    const Position_Ear deaf(stage, nullptr);
+    By_Angle(0, 30, 10);
+    DrawLinkage(stage, 2);
+    DrawLinkage(other, 1);
+    Follow_Results();
+    Take();
+    told.clear();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{});
+    EXPECT_EQ(told, Heard{});
+    Forces_Hold();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{"2"});
+    EXPECT_EQ(told, Heard{"1"});
+    Nothing_Shown(other);
+    told.clear();
+    Forces_Dropped();
+    Follow_Results();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{"2"});
+    EXPECT_EQ(told, Heard{"-"});
+    EXPECT_EQ(deaf.Step(), 2) << "one that does not listen knows it all the same";
+}
+
 }  // namespace
 }  // namespace verlink::test

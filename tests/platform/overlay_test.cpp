@@ -221,6 +221,25 @@ TEST(OverlayGrid, AValueThatWouldLeaveThePictureIsLeftOut) {
     EXPECT_EQ(texts, (Rows{"-4", "-2", "0", "2", "-2", "0", "2", "4"}));
 }
 
+TEST(OverlayGrid, AValueStandsWhereItJustFitsUnderTheUpperEdgeOrBesideTheLegend) {
+    Overlay overlay;
+    // Half a pixel more and half a pixel less than the height of letters below the edge.
+    for (const auto& [at, shown] : {std::pair{14.5, true}, {13.5, false}}) {
+        overlay.grid = Overlay::Grid{.sum = at / 50};
+        const auto texts = Calls_Of(Drawn(overlay), "Text");
+        const auto beside = [](const Call& text) { return text.numbers[0] == 3 && text.words == "606060 0"; };
+        EXPECT_EQ(std::ranges::count_if(texts, beside), shown ? 1 : 0) << at;
+    }
+    // A legend of one line in the corner is 22 high and begins 6 from the edges.
+    overlay.legend = {{.text = "w"}};
+    for (const auto& [at, shown] : {std::pair{28 + 14.05, true}, {28 + 13.9, false}}) {
+        overlay.grid = Overlay::Grid{.sum = at / 50};
+        const auto texts = Calls_Of(Drawn(overlay), "Text");
+        const auto beside = [](const Call& text) { return text.numbers[0] == 3 && text.words == "606060 0"; };
+        EXPECT_EQ(std::ranges::count_if(texts, beside), shown ? 1 : 0) << at;
+    }
+}
+
 TEST(OverlayGrid, WhereNumbersAreTooCoarseThereIsNone) {
     Overlay overlay;
     overlay.grid = Overlay::Grid{.sum = 0};

@@ -140,6 +140,17 @@ TEST_F(PictureTest, CoordinatesAgreeWhenTheyRoundToTheSameGridLine) {
     picture.Circle(1 * grid, 0, 1000 * grid, kRed);
     picture.Circle(1.6 * grid, 0, 1000 * grid, kWhite);
     EXPECT_EQ(picture.Alive(), 2U);
+    picture.Cls();
+    // On the other side of zero as well.
+    for (const double off : {-0.45, 0.45}) {
+        picture.Line(-7 * grid, -9 * grid, 0, 0, kRed);
+        picture.Line((-7 + off) * grid, (-9 - off) * grid, 0, 0, kWhite);
+        EXPECT_EQ(picture.Alive(), 0U) << off;
+    }
+    picture.Line(-7 * grid, -9 * grid, 0, 0, kRed);
+    picture.Line(-7.55 * grid, -9 * grid, 0, 0, kWhite);
+    picture.Line(-7 * grid, -8.45 * grid, 0, 0, kWhite);
+    EXPECT_EQ(picture.Alive(), 3U);
 }
 
 TEST_F(PictureTest, KindsAreNotTakenForEachOther) {
