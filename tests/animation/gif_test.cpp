@@ -115,8 +115,8 @@ TEST(Gifs, Have_of_each_picture_what_differs_from_the_one_before) {
     const Gif_Read read = Read_Gif(gif.Finish());
     EXPECT_EQ(read.version, "GIF89a");
     EXPECT_EQ(read.bits, 8);
-    const int boxes[][5] = {{0, 0, 9, 7, 2}, {3, 2, 4, 3, 4}, {0, 0, 1, 1, 2},
-                            {0, 6, 1, 1, 2}, {8, 0, 1, 1, 2}, {0, 0, 9, 7, 4}, {0, 2, 4, 2, 2}};
+    const int boxes[][5] = {{0, 0, 9, 7, 2}, {3, 2, 4, 3, 4}, {0, 0, 1, 1, 2}, {0, 6, 1, 1, 2},
+                            {8, 0, 1, 1, 2}, {0, 0, 9, 7, 4}, {0, 2, 4, 2, 2}};
     ASSERT_EQ(read.frames.size(), std::size(boxes));
     for (std::size_t i = 0; i < std::size(boxes); ++i) {
         const Gif_Read::Frame& frame = read.frames[i];

@@ -91,5 +91,37 @@ TEST_F(ViewOverlays, TheLegendStandsWhereTheJointsDoNotCome) {
     }
 }
 
+TEST_F(ViewOverlays, TheLegendStandsInTheFirstCornerOfWhichLeastIsTaken) {
+    using Corner = Overlay::Corner;
+    Run({.name = "one position"});
+    Model.NSteps = 0;
+    Model.L1 = 0;
+    // Both pivots are in the middle of the window, and the joints where they are put, in parts of it.
+    Model.AnimMin = -5;
+    Model.AnimMax = 5;
+    const auto corner = [](Spot A, Spot B, Spot P) {
+        const Spot joints[] = {A, B, P};
+        for (int row = 0; row <= 2; ++row) {
+            Model.RunTable.PointXY(0, row, 0) = 10 * joints[row].real() - 5;
+            Model.RunTable.PointXY(0, row, 1) = 10 * joints[row].imag() - 5;
+        }
+        return Find_Scales(Model, Only(&View_Wishes::velocities)).legend;
+    };
+    // A corner is 45 in 100 wide and 20 in 100 high.
+    const Spot none{0.5, 0.5}, first{0.1, 0.95}, second{0.9, 0.95}, third{0.1, 0.05};
+    EXPECT_EQ(corner(none, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner({0.44, 0.95}, none, none), Corner::kTopRight);
+    EXPECT_EQ(corner({0.46, 0.95}, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner({0.1, 0.81}, none, none), Corner::kTopRight);
+    EXPECT_EQ(corner({0.1, 0.79}, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner(first, {0.56, 0.95}, none), Corner::kBottomLeft);
+    EXPECT_EQ(corner(first, {0.54, 0.95}, none), Corner::kTopRight);
+    EXPECT_EQ(corner(first, second, {0.1, 0.19}), Corner::kBottomRight);
+    EXPECT_EQ(corner(first, second, {0.1, 0.21}), Corner::kBottomLeft);
+    EXPECT_EQ(corner(third, first, third), Corner::kTopRight);
+    EXPECT_EQ(corner(first, second, {0.9, 0.05}), Corner::kBottomLeft);
+    EXPECT_EQ(corner(first, first, second), Corner::kBottomLeft);
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -84,14 +84,29 @@ class GraphSvgLayout : public testing::Test {
              numbers);
     }
     void Next_Page(double width, double height) {
-        Next("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"#\" height=\"#\" viewBox=\"# # # #\" "
-             "font-family=\"sans-serif\">",
-             {width, height, 0, 0, width, height});
+        Next(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"#\" height=\"#\" viewBox=\"# # # #\" "
+            "font-family=\"sans-serif\">",
+            {width, height, 0, 0, width, height});
         Next("<rect width=\"#%\" height=\"#%\" fill=\"#ffffff\"/>", {100, 100});
     }
     void Next_Frame(double left, double top, double right, double bottom) {
         Next("<rect x=\"#\" y=\"#\" width=\"#\" height=\"#\" fill=\"none\" stroke=\"#2b3036\"/>",
              {left, top, right - left, bottom - top});
+    }
+    /// The rising set as it is, the falling one in dashes.
+    template <class X_Of, class Y_Of>
+    void Next_Curves(X_Of x_of, Y_Of y_of) {
+        const std::string path = "<path d=\"M# #L# #L# #L# #L# #\" fill=\"none\" stroke-linejoin=\"round\" stroke=\"";
+        std::vector<double> rising, falling;
+        for (int i = 0; i <= 4; ++i) {
+            rising.insert(rising.end(), {x_of(i), y_of(i)});
+            falling.insert(falling.end(), {x_of(i), y_of(4 - i)});
+        }
+        rising.push_back(1.5);
+        falling.insert(falling.end(), {1.5, 9, 4.5});
+        Next(path + "#1f5fbf\" stroke-width=\"#\"/>", rising);
+        Next(path + "#c23b22\" stroke-width=\"#\" stroke-dasharray=\"# #\"/>", falling);
     }
     void Expect_End() {
         Next("</svg>", {});
@@ -154,18 +169,7 @@ TEST_F(GraphSvgLayout, TitlesLegendsValuesLabelsAndCurvesStandClearOfEachOther) 
         Next_Text(x_of(i), bottom + 10 + size, "middle", size, std::to_string(10 * i));
     }
     Next_Frame(left, top, right, bottom);
-    for (int set = 0; set < 2; ++set) {
-        std::vector<double> numbers;
-        for (int i = 0; i <= 4; ++i) {
-            numbers.push_back(x_of(i));
-            numbers.push_back(y_of(set == 0 ? i : 4 - i));
-        }
-        numbers.push_back(1.5);
-        if (set == 1) numbers.insert(numbers.end(), {9, 4.5});
-        Next(std::string("<path d=\"M# #L# #L# #L# #L# #\" fill=\"none\" stroke-linejoin=\"round\" stroke=\"") +
-                 (set == 0 ? "#1f5fbf\" stroke-width=\"#\"/>" : "#c23b22\" stroke-width=\"#\" stroke-dasharray=\"# #\"/>"),
-             numbers);
-    }
+    Next_Curves(x_of, y_of);
     Expect_End();
 }
 

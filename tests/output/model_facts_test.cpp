@@ -164,11 +164,9 @@ TEST_F(ModelFacts, OfADriveFromAFileHaveItsTimesAloneAndOfATorqueFromAFileItsNam
     const Fact_Row torque{"Torque on Link 4", 0, "", "from load.trq"};
     for (const auto& [kind, words] : {std::pair{4, "Cam driven"}, {5, "Link driven"}}) {
         Model.Calctype = kind;
-        Expect_Facts({{"Run", 0, "", words},
-                      {"Start Time", 15, "sec"},
-                      {"End Time", 16, "sec"},
-                      {"Delta Time", 17, "sec"}},
-                     torque);
+        Expect_Facts(
+            {{"Run", 0, "", words}, {"Start Time", 15, "sec"}, {"End Time", 16, "sec"}, {"Delta Time", 17, "sec"}},
+            torque);
     }
 }
 

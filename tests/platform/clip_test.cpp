@@ -160,8 +160,10 @@ TEST(ClipTest, OnTheEdgeIsStillWithin) {
         EXPECT_EQ(from, corner);
         EXPECT_EQ(to, corner);
     }
-    for (const auto& [a, b] : {std::pair{Point{-10, 0}, Point{120, 0}}, {Point{-10, 50}, Point{120, 50}},
-                               {Point{0, -10}, Point{0, 70}}, {Point{100, -10}, Point{100, 70}}}) {
+    for (const auto& [a, b] : {std::pair{Point{-10, 0}, Point{120, 0}},
+                               {Point{-10, 50}, Point{120, 50}},
+                               {Point{0, -10}, Point{0, 70}},
+                               {Point{100, -10}, Point{100, 70}}}) {
         Point from = a, to = b;
         EXPECT_TRUE(Clip_Segment(kBox, from, to)) << "along an edge";
         EXPECT_TRUE(kBox.Holds(from) && kBox.Holds(to));
@@ -169,8 +171,12 @@ TEST(ClipTest, OnTheEdgeIsStillWithin) {
 }
 
 TEST(ClipTest, ACircleThatTouchesAnEdgeOrTheFarthestCornerIsSeen) {
-    for (const auto& [centre, radius] : {std::pair{Point{-7, 25}, 7.0}, {Point{107, 25}, 7.0}, {Point{50, -7}, 7.0},
-                                         {Point{50, 57}, 7.0}, {Point{-3, -4}, 5.0}, {Point{0, 0}, std::hypot(100, 50)},
+    for (const auto& [centre, radius] : {std::pair{Point{-7, 25}, 7.0},
+                                         {Point{107, 25}, 7.0},
+                                         {Point{50, -7}, 7.0},
+                                         {Point{50, 57}, 7.0},
+                                         {Point{-3, -4}, 5.0},
+                                         {Point{0, 0}, std::hypot(100, 50)},
                                          {Point{130, 90}, std::hypot(130, 90)}}) {
         EXPECT_TRUE(Circle_Seen(kBox, centre, radius)) << centre.x << ' ' << centre.y;
         const bool from_within = radius > 100;

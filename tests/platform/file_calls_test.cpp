@@ -254,8 +254,7 @@ TEST_F(FileCalls, FortyLinksAreFollowedAndNotOneMore) {
     Put_File(In("aim"), "old");
     const auto chain = [&](const std::string& name, const std::string& aim) {
         fs::create_symlink(aim, In(name + "1"));
-        for (int i = 2; i <= 41; ++i)
-            fs::create_symlink(name + std::to_string(i - 1), In(name + std::to_string(i)));
+        for (int i = 2; i <= 41; ++i) fs::create_symlink(name + std::to_string(i - 1), In(name + std::to_string(i)));
     };
     chain("file", "aim");
     EXPECT_EQ(Link_Target(In("file40")), In("aim"));

@@ -73,11 +73,13 @@ TEST(InkPixels, ALineThatIsNearlyLevelOrNearlyUprightIsWhereItIs) {
 
 TEST(InkPixels, LinesOfAnyLengthAcrossAnyEdgeAreCutThereAndNowhereElse) {
     std::mt19937 dice(21);
-    std::uniform_real_distribution<double> x(-30, kInkWide + 30), y(-30, kInkHigh + 30), width(0.3, 9), short_way(-2, 2);
+    std::uniform_real_distribution<double> x(-30, kInkWide + 30), y(-30, kInkHigh + 30), width(0.3, 9),
+        short_way(-2, 2);
     for (int i = 0; i < 150; ++i) {
-        Ink_And_Plain both;
+        Ink_And_Plain both(kWidths[i % 2]);
         const Point from{x(dice), y(dice)};
-        both.Line(from, i % 3 == 0 ? Point{from.x + short_way(dice), from.y + short_way(dice)} : Point{x(dice), y(dice)},
+        both.Line(from,
+                  i % 3 == 0 ? Point{from.x + short_way(dice), from.y + short_way(dice)} : Point{x(dice), y(dice)},
                   width(dice));
         both.Line({-4, y(dice)}, {kInkWide + 4, y(dice)}, 1);
         both.Expect_Same();
@@ -86,26 +88,22 @@ TEST(InkPixels, LinesOfAnyLengthAcrossAnyEdgeAreCutThereAndNowhereElse) {
 }
 
 TEST(InkPixels, ALineAlongAnEdgeShowsTheHalfThatIsOnTheSheet) {
-    Ink_And_Plain both;
-    both.Line({0, 3}, {0, 40}, 1.4);
-    both.Line({kInkWide, 3}, {kInkWide, 40}, 1.4);
-    both.Line({5, 0}, {50, 0}, 1.4);
-    both.Line({5, kInkHigh}, {50, kInkHigh}, 1.4);
-    both.Expect_Same();
-    // And those that only just do not reach it.
-    for (const double beyond : {1.19, 1.21}) {
-        Ink_And_Plain beside;
-        beside.Line({-beyond, 3}, {-beyond, 40}, 1.4);
-        beside.Line({kInkWide + beyond, 3}, {kInkWide + beyond, 40}, 1.4);
-        beside.Line({5, -beyond}, {50, -beyond}, 1.4);
-        beside.Line({5, kInkHigh + beyond}, {50, kInkHigh + beyond}, 1.4);
-        beside.Expect_Same();
-    }
+    // And those beside it that only just do not reach it.
+    for (const int wide : kWidths)
+        for (const double beyond : {0.0, 1.19, 1.21}) {
+            Ink_And_Plain both(wide);
+            both.Line({-beyond, 3}, {-beyond, 40}, 1.4);
+            both.Line({wide + beyond, 3}, {wide + beyond, 40}, 1.4);
+            both.Line({5, -beyond}, {50, -beyond}, 1.4);
+            both.Line({5, kInkHigh + beyond}, {50, kInkHigh + beyond}, 1.4);
+            both.Expect_Same();
+        }
 }
 
 TEST(InkPixels, ACircleOfAnySizeAnywhereCoversItsRoundAlone) {
     for (const double radius : {0.0, 0.3, 0.9, 2.5, 11.0, 19.4, 60.0})
-        for (const Point centre : {Point{30.3, 21.8}, Point{-1.5, 20}, Point{62, 44}, Point{30.5, -12.5}, Point{75, 21}})
+        for (const Point centre :
+             {Point{30.3, 21.8}, Point{-1.5, 20}, Point{62, 44}, Point{30.5, -12.5}, Point{75, 21}})
             for (const double width : {0.8, 1.2, 4.5}) {
                 Ink_And_Plain both(kWidths[static_cast<int>(radius) % 2]);
                 both.Circle(centre, radius, width);
@@ -185,7 +183,8 @@ TEST(InkPixels, UponNothingAPixelHasTheColourTimesItsPartOfTheWhole) {
 }
 
 TEST(InkPixels, TheAreaCoveredIsThatOfItsRowsAndOfItsBlocksOfEight) {
-    for (const auto& [from, to] : {std::pair{Point{13.2, 8.4}, Point{27.9, 19.3}}, {Point{50, 40}, Point{58, 12}},
+    for (const auto& [from, to] : {std::pair{Point{13.2, 8.4}, Point{27.9, 19.3}},
+                                   {Point{50, 40}, Point{58, 12}},
                                    {Point{3, 3}, Point{4, 41}}}) {
         Ink_And_Plain both;
         both.Line(from, to, 1.2);

@@ -235,7 +235,8 @@ struct Label_Sheet {
     Picture picture;
     platform::Glass glass;
     double left, top, right, bottom;
-    Label_Sheet(double l, double t, double r, double b, platform::Glass g) : glass(g), left(l), top(t), right(r), bottom(b) {
+    Label_Sheet(double l, double t, double r, double b, platform::Glass g)
+        : glass(g), left(l), top(t), right(r), bottom(b) {
         picture.Scale(l, t, r, b);
     }
     double X(double pixel) const { return left + (right - left) * glass.Part_Across(pixel / kSide); }

@@ -204,6 +204,12 @@ TEST_F(PictureTest, AWindowThatCannotBeDrawnIsAnInvalidCallAndIsNotTaken) {
     EXPECT_EQ(Number_Raised([&] { picture.Scale(-infinite, 0, infinite, 1); }), 5);
     EXPECT_EQ(picture.Left(), -10);
     EXPECT_EQ(picture.Bottom(), 10);
+    for (const double extent : {0.9e-25, 1.2e-25, 3.3e38, 4e38}) {
+        const bool taken = extent > 1e-25 && extent < 3.4e38;
+        Picture across, down;
+        EXPECT_EQ(Number_Raised([&] { across.Scale(0, 0, -extent, 1); }), taken ? 0 : 5) << extent;
+        EXPECT_EQ(Number_Raised([&] { down.Scale(0, extent, 1, 0); }), taken ? 0 : 5) << extent;
+    }
     EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 2e-24, 360, -2e-24); }), 0);
     EXPECT_EQ(picture.Top(), 2e-24);
     EXPECT_EQ(picture.Bottom(), -2e-24);

@@ -257,8 +257,8 @@ TEST_F(ScreenTest, WhoGoesAlongHearsOfTheActiveScreenAfterItsOwnEvent) {
     });
     The("frm_A").ShowModal();
     Screen::ActiveWatcher() = nullptr;
-    EXPECT_EQ(events, (Events{"activate frm_A", "at frm_A", "activate frm_B", "at frm_B", "return to frm_A",
-                              "at frm_A"}));
+    EXPECT_EQ(events,
+              (Events{"activate frm_A", "at frm_A", "activate frm_B", "at frm_B", "return to frm_A", "at frm_A"}));
 }
 
 TEST_F(ScreenTest, OneThatHidesItselfAsItComesIsNotWaitedForNorGoneAlongWith) {
@@ -278,9 +278,7 @@ TEST_F(ScreenTest, AScreenThatIsDestroyedIsNeitherShownNorActive) {
     Screens::Register("frm_C", [] { return std::make_unique<Told>("frm_C"); });
     desktop.Expect_Screen("frm_A", [&](Screen& a) {
         auto brief = std::make_unique<Told>("frm_Brief");
-        desktop.Expect_Screen("frm_Brief", [&](Screen&) {
-            platform::The_Desktop().End_Process();
-        });
+        desktop.Expect_Screen("frm_Brief", [&](Screen&) { platform::The_Desktop().End_Process(); });
         brief->ShowModal();
         EXPECT_EQ(Screen::Active(), brief.get());
         brief.reset();

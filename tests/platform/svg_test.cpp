@@ -12,8 +12,16 @@ namespace {
 using namespace platform;
 
 TEST(SvgWords, NumbersHaveAtMostTwoDecimalsAndNoneThatAreZero) {
-    for (const auto& [value, text] : {std::pair{0.0, "0"}, {-0.0, "0"}, {0.004, "0"}, {-0.004, "0"}, {0.005, "0.01"},
-                                      {1.0, "1"}, {-2.5, "-2.5"}, {3.14159, "3.14"}, {-0.126, "-0.13"}, {120.0, "120"}})
+    for (const auto& [value, text] : {std::pair{0.0, "0"},
+                                      {-0.0, "0"},
+                                      {0.004, "0"},
+                                      {-0.004, "0"},
+                                      {0.005, "0.01"},
+                                      {1.0, "1"},
+                                      {-2.5, "-2.5"},
+                                      {3.14159, "3.14"},
+                                      {-0.126, "-0.13"},
+                                      {120.0, "120"}})
         EXPECT_EQ(svg::Number(value), text) << value;
 }
 
@@ -62,11 +70,11 @@ TEST(PicturePart, HasAllThatIsAliveInItsOwnWindowWithPinsAndMarksMadeSmaller) {
         const Row& row = rows[i];
         EXPECT_EQ(drawn.kind, row.kind) << i;
         EXPECT_EQ(drawn.color, row.color) << i;
-        for (const auto& [is, was] : {std::pair{drawn.x1, row.x1}, {drawn.y1, row.y1}, {drawn.x2, row.x2},
-                                      {drawn.y2, row.y2}})
+        for (const auto& [is, was] :
+             {std::pair{drawn.x1, row.x1}, {drawn.y1, row.y1}, {drawn.x2, row.x2}, {drawn.y2, row.y2}})
             EXPECT_DOUBLE_EQ(is, was) << i;
-        for (const auto& [is, was] : {std::pair{drawn.dx1, row.dx1}, {drawn.dy1, row.dy1}, {drawn.dx2, row.dx2},
-                                      {drawn.dy2, row.dy2}})
+        for (const auto& [is, was] :
+             {std::pair{drawn.dx1, row.dx1}, {drawn.dy1, row.dy1}, {drawn.dx2, row.dx2}, {drawn.dy2, row.dy2}})
             EXPECT_FLOAT_EQ(is, was) << i;
     }
 }

@@ -14,7 +14,7 @@ namespace verlink::test {
 struct Gif_Read {
     struct Frame {
         int hundredths;
-        std::vector<std::uint32_t> pixels;  ///< 0xFFRRGGBB of the whole picture, as it stands then
+        std::vector<std::uint32_t> pixels;          ///< 0xFFRRGGBB of the whole picture, as it stands then
         int left = 0, top = 0, wide = 0, high = 0;  ///< of what the file has of it
         int colors = 0;
         bool plain = false;  ///< stays for the next, waits for nobody and lets nothing shine through
