@@ -356,6 +356,7 @@ TEST_F(ControlsTest, WhateverChangesInAListOrABarIsToldToItsWatcher) {
     };
     EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.AddItem("10"); }));
     EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.Choose(0); })) << "its text is the same";
+    EXPECT_EQ(form.cmb_List.Text.Get(), "10");
     EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.SelectAll(); }));
     EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.SelectAll(); }));
     EXPECT_EQ(events.size(), 2U);

@@ -435,6 +435,9 @@ TEST(OverlayNames, TurnAsideByEighthsAndMoveOutFromWhatSurroundsThem) {
     overlay.marks = {{Kind::kNothing, {5.24, 4.88}, {5.24, 5.12}, 0}};
     EXPECT_NEAR((word().left + word().right) / 2 - 250, std::sqrt(0.5) * (7 + 3.5), 1e-9);
     EXPECT_NEAR((word().top + word().bottom) / 2 - 250, std::sqrt(0.5) * (7 + 7), 1e-9);
+    // A long one, which takes a quarter of one.
+    overlay.marks = {{Kind::kNothing, {5.14, 4.5}, {5.14, 5.5}, 0}};
+    EXPECT_NEAR((word().left + word().right) / 2, 250, 1e-9);
     // Squares around it, 12, 9 and 20 pixels away on each side.
     overlay.marks.clear();
     for (const auto& [half, gap] : {std::pair{0.24, 2.5 * 7}, {0.18, 2.5 * 7}, {0.4, 4.0 * 7}}) {

@@ -343,6 +343,15 @@ TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
     EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
 }
 
+TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
+    picture.Line(0, 0, 10, 0, kRed);
+    EXPECT_TRUE(picture.Svg(100).ends_with("\n<path stroke=\"#ff0000\" d=\"M50 50L100 50\"/>\n</g>\n</svg>\n"));
+    picture.PSet(0, 0, kGreen);
+    EXPECT_TRUE(
+        picture.Svg(100).ends_with("L100 50\"/>\n<circle cx=\"50\" cy=\"50\" r=\"0.25\" fill=\"#00ff00\"/>\n"
+                                   "</g>\n</svg>\n"));
+}
+
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {
     picture.Circle(0, 0, 1, kBlue);
     picture.Circle(0, 0, 1, kWhite);
