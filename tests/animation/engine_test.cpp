@@ -119,6 +119,22 @@ TEST_F(Engine, TheBoxesAreFilledByTheKindOfRun) {
     EXPECT_NE(stage.lbl_Header.Caption.Get().find(" Design No. 1"), std::string::npos);
 }
 
+TEST_F(Engine, TheLengthsStandBesideEveryRun) {
+    struct With_Lengths : Stage {
+        platform::ControlArray<platform::TextBox> txt_Linkout{*this, "txt_Linkout", {{0, ""}, {1, ""}}};
+    } lengths;
+    for (const int mode : {1, 2, 3, 4, 5}) {
+        lengths.txt_Linkout[1].Text = "";
+        Model.Calctype = mode;
+        Animate_Setup(lengths);
+        const std::string& shown = lengths.txt_Linkout[1].Text;
+        if (mode == 1)
+            EXPECT_EQ(shown, "") << "one position leaves the boxes as they are";
+        else
+            EXPECT_NEAR(std::atof(shown.c_str()), Model.L2, 1e-3) << mode;
+    }
+}
+
 TEST_F(Engine, ARunDrawsHoldsAndErasesEachPositionAndLeavesTheLast) {
     Rows rows = Played();
     Rows expected = Opening();

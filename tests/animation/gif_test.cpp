@@ -150,6 +150,17 @@ TEST(Gifs, Let_the_more_frequent_of_two_neighbouring_shades_stand_for_both) {
     for (std::size_t i = 0; i < pixels.size(); ++i) EXPECT_EQ(few.colors[few.of_pixel[i]], wanted[i]) << i;
 }
 
+TEST(Gifs, Let_one_colour_too_many_stand_for_its_neighbour) {
+    std::vector<std::uint32_t> pixels;
+    for (std::uint32_t i = 0; i <= 256; ++i) pixels.push_back(0xFF000000U | (i / 16) << 20U | (i % 16) << 12U);
+    EXPECT_EQ(Reduced({pixels.begin(), pixels.end() - 1}).colors.size(), 256U);
+    pixels.back() = pixels.front() + 1;
+    const Few_Colors few = Reduced(pixels);
+    EXPECT_EQ(few.colors.size(), 256U);
+    EXPECT_EQ(few.of_pixel.front(), few.of_pixel.back());
+    EXPECT_NE(few.of_pixel[1], few.of_pixel[0]);
+}
+
 TEST(Gifs, Refuse_a_picture_of_another_size) {
     Gif gif(7, 5);
     EXPECT_EQ(Failure_Of([&] { gif.Add(Plain(5, 7, kWhitePixel), 2); }), platform::kInvalidCall);

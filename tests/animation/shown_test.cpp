@@ -6,6 +6,7 @@
 
 #include "animation/engine.h"
 #include "core/linkage_model.h"
+#include "core/results_turns.h"
 #include "tests/support/drawing.h"
 
 namespace verlink::test {
@@ -132,6 +133,16 @@ TEST_F(ShownPositions, WhereResultsAreOthersEachIsToldAgainWhatItHeardLast) {
     EXPECT_EQ(Take(), Heard{"2"});
     EXPECT_EQ(told, Heard{"-"});
     EXPECT_EQ(deaf.Step(), 2) << "one that does not listen knows it all the same";
+}
+
+TEST(ShownAlone, TheFirstToListenIsToldLikeAllOthers) {
+    platform::Screen screen("frm_Bare");
+    std::vector<int> told;
+    const Position_Ear ear(screen, [&told](const Shown& shown) { told.push_back(shown.step); });
+    Position_Shown(screen, 3);
+    Results_Put_Back();
+    Follow_Results();
+    EXPECT_EQ(told, (std::vector<int>{3, 3}));
 }
 
 }  // namespace

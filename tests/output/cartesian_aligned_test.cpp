@@ -193,6 +193,12 @@ TEST_F(CartesianAligned, PositionsThatDoNotCloseStandAtTheirAnglesAsWell) {
     Expect_Along_The_Axis(0, 10);
 }
 
+TEST_F(CartesianAligned, ASlowCrankGoesItsWayAsAFastOneDoes) {
+    Model.Omega2Input = 0.5;
+    By_Angle(0, 360, 10);
+    Expect_Along_The_Axis(0, 10);
+}
+
 TEST_F(CartesianAligned, ACrankAtRestStandsAtOneAngle) {
     Model.Omega2Input = 0;
     By_Angle(0, 360, 10);
