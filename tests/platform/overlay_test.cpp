@@ -270,7 +270,6 @@ TEST(OverlayGrid, AValueStandsWhereItJustFitsUnderTheUpperEdgeOrBesideTheLegend)
             return text.numbers[0] == 3 && text.numbers[1] < 480 && text.words == "606060 0";
         });
     };
-    // Letters are 14 high; twice as much is left for the values of x.
     for (const auto& [at, fits] : {std::pair{14.5, true}, {13.5, false}, {465.0, true}, {475.0, false}})
         EXPECT_EQ(shown(at), fits) << at;
     // A legend of one line in the corner is 22 high and begins 6 from the edges.
@@ -432,13 +431,14 @@ TEST(OverlayNames, TurnAsideByEighthsAndMoveOutFromWhatSurroundsThem) {
     overlay.names = {{"A", {5, 5}, {1, 0}, kRed}};
     const auto word = [&] { return Words(Drawn(overlay)).at(0); };
     // An upright stroke in the way, which an eighth of a turn avoids and a sixteenth does not.
-    overlay.marks = {{Kind::kNothing, {5.24, 4.88}, {5.24, 5.12}, 0}};
-    EXPECT_NEAR((word().left + word().right) / 2 - 250, std::sqrt(0.5) * (7 + 3.5), 1e-9);
-    EXPECT_NEAR((word().top + word().bottom) / 2 - 250, std::sqrt(0.5) * (7 + 7), 1e-9);
+    for (const Kind kind : {Kind::kNothing, Kind::kLine}) {
+        overlay.marks = {{kind, {5.24, 4.88}, {5.24, 5.12}, 0}};
+        EXPECT_NEAR((word().left + word().right) / 2 - 250, std::sqrt(0.5) * (7 + 3.5), 1e-9);
+        EXPECT_NEAR((word().top + word().bottom) / 2 - 250, std::sqrt(0.5) * (7 + 7), 1e-9);
+    }
     // A long one, which takes a quarter of one.
     overlay.marks = {{Kind::kNothing, {5.14, 4.5}, {5.14, 5.5}, 0}};
     EXPECT_NEAR((word().left + word().right) / 2, 250, 1e-9);
-    // Squares around it, 12, 9 and 20 pixels away on each side.
     overlay.marks.clear();
     for (const auto& [half, gap] : {std::pair{0.24, 2.5 * 7}, {0.18, 2.5 * 7}, {0.4, 4.0 * 7}}) {
         const Point corners[] = {
