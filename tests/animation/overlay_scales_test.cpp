@@ -50,6 +50,12 @@ TEST_F(ViewOverlays, ArrowsThriceAsLongAsNearlyAllOthersCountAsWild) {
         const double most = wild == 0 ? 1 : wild <= few ? 3 : 100;
         EXPECT_NEAR(Find_Scales(Model, wishes).velocity * longest, most, 1e-4) << wild;
     }
+    // Where nearly all are nothing the few are all there is.
+    for (int i = 0; i < 3 * positions; ++i) {
+        Model.RunTable.VelXY(i / 3, i % 3, 0) = 0;
+        Model.RunTable.VelXY(i / 3, i % 3, 1) = i == 5 ? -100 : 0;
+    }
+    EXPECT_NEAR(Find_Scales(Model, wishes).velocity * longest, 100, 1e-4);
     // Those of positions that do not close do not count.
     Model.RunTable.Assembled(0) = Model.RunTable.Assembled(1) = Model.RunTable.Assembled(2) = false;
     for (int row = 0; row <= 2; ++row) Model.RunTable.VelXY(3, row, 1) = 0;

@@ -159,6 +159,14 @@ TEST_F(Modes, EveryPresetFillsTheBoxesToTheLastOfTheList) {
         for (std::size_t slot = 0; slot < 4; ++slot)
             EXPECT_EQ(four.Slots[slot]->cmb_Var.Text.Get(), Model.VariableNames(presets[i].variables[slot]))
                 << presets[i].text;
+        using enum Preset::Components;
+        if (presets[i].components == kXYXY) {
+            EXPECT_EQ(Components(), (Texts{"X", "Y", "X", "Y"})) << presets[i].text;
+        } else if (presets[i].components == kAll) {
+            EXPECT_EQ(Components(), (Texts{"X", "Y", "Mag", "Ang"})) << presets[i].text;
+        } else if (presets[i].components == kMagnitudes) {
+            EXPECT_EQ(Components(), (Texts{"Mag", "Mag", "Mag", "Mag"})) << presets[i].text;
+        }
     }
     for (const Preset& preset : Presets_Of_Two()) {
         screen.cmb_Var1.Text = screen.cmb_Var2.Text = "";
