@@ -30,20 +30,20 @@ class ServicesTest : public testing::Test {
 };
 
 TEST_F(ServicesTest, TheFolderOfEachKindOfFileIsRemembered) {
-    desktop.Expect_Open("/work/models/press.vlk").Expect_Save("/work/tables/press.txt");
-    EXPECT_EQ(Ask_File(Of_Kind("model"), false), "/work/models/press.vlk");
+    desktop.Expect_Open("/home/ann/models/press.vlk").Expect_Save("/home/ann/tables/press.txt");
+    EXPECT_EQ(Ask_File(Of_Kind("model"), false), "/home/ann/models/press.vlk");
     EXPECT_EQ(desktop.Dialogs.back().folder, "");
-    EXPECT_EQ(Ask_File(Of_Kind("table"), true), "/work/tables/press.txt");
+    EXPECT_EQ(Ask_File(Of_Kind("table"), true), "/home/ann/tables/press.txt");
     EXPECT_EQ(desktop.Dialogs.back().folder, "");
     desktop.Expect_Save({}).Expect_Open("/elsewhere/a");
     EXPECT_EQ(Ask_File(Of_Kind("model"), true), std::nullopt);
-    EXPECT_EQ(desktop.Dialogs.back().folder, "/work/models");
+    EXPECT_EQ(desktop.Dialogs.back().folder, "/home/ann/models");
     FileDialog of_none = Of_Kind("");
     of_none.folder = "/mine";
     EXPECT_EQ(Ask_File(of_none, false), "/elsewhere/a");
     EXPECT_EQ(desktop.Dialogs.back().folder, "/mine") << "of no kind, so nothing is remembered";
-    EXPECT_EQ(The_Settings().Text("folder.model"), "/work/models") << "a cancelled dialog leaves it";
-    EXPECT_EQ(The_Settings().Text("folder.table"), "/work/tables");
+    EXPECT_EQ(The_Settings().Text("folder.model"), "/home/ann/models") << "a cancelled dialog leaves it";
+    EXPECT_EQ(The_Settings().Text("folder.table"), "/home/ann/tables");
     EXPECT_FALSE(The_Settings().Has("folder."));
 }
 
