@@ -153,7 +153,7 @@ inline void Ink::Each_Block(double from, double to, Action action) const {
     if (!(to >= 0.5 && from <= width_ - 0.5)) return;
     constexpr double kMiddle = 0.5;
     const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
-    const int last_pixel = static_cast<int>(std::min(to, width_ + 0.0) - kMiddle);
+    const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
     const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
     const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
     for (unsigned block = first; block <= last; ++block) action(static_cast<int>(block * kBlock));

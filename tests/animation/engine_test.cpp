@@ -34,6 +34,7 @@ TEST_F(Engine, RadiiAndColoursComeFromTheWindow) {
     stage.chk_autoscale.Value = false;
     Model.AnimMax = -200;
     Model.AnimMin = -300;
+    Model.ColorMagenta = Model.ColorBlue = Model.ColorWhite = 0x123456;
     Animate_Setup(stage);
     EXPECT_FLOAT_EQ(Model.CentrodeRadius, 1.6F);
     EXPECT_FLOAT_EQ(Model.PinRadius, 3);
@@ -74,6 +75,33 @@ TEST_F(Engine, WithoutAutoscaleTheLastWindowStaysAndTheZoomDoesNothing) {
     EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before);
 }
 
+TEST_F(Engine, WhileItsWindowIsHeldAScreenKeepsItThoughItWouldFit) {
+    Animate_Setup(stage);
+    const double before = Model.AnimMax;
+    Model.ZoomFactor = 0.5;
+    {
+        const Held_Window outer(stage);
+        {
+            const Held_Window inner(stage);
+            Animate_Setup(stage);
+            EXPECT_EQ(Model.AnimMax, before);
+        }
+        Animate_Setup(stage);
+        EXPECT_EQ(Model.AnimMax, before) << "the outer one holds it still";
+    }
+    {
+        Stage other;
+        const Held_Window of_another(other);
+        Animate_Setup(stage);
+        EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before);
+    }
+    stage.chk_autoscale.Value = false;
+    Model.AnimMin = 3;
+    Model.AnimMax = 3;
+    Animate_Setup(stage);
+    EXPECT_FLOAT_EQ(Model.AnimMax, 0.5 * before) << "there was no window to keep";
+}
+
 TEST_F(Engine, TheBoxesAreFilledByTheKindOfRun) {
     stage.txt_initial[0].Text = "kept";
     Model.Calctype = 1;
@@ -89,6 +117,22 @@ TEST_F(Engine, TheBoxesAreFilledByTheKindOfRun) {
         EXPECT_EQ(stage.txt_initial[1].Text.Get(), "5") << mode;
     }
     EXPECT_NE(stage.lbl_Header.Caption.Get().find(" Design No. 1"), std::string::npos);
+}
+
+TEST_F(Engine, TheLengthsStandBesideEveryRun) {
+    struct With_Lengths : Stage {
+        platform::ControlArray<platform::TextBox> txt_Linkout{*this, "txt_Linkout", {{0, ""}, {1, ""}}};
+    } lengths;
+    for (const int mode : {1, 2, 3, 4, 5}) {
+        lengths.txt_Linkout[1].Text = "";
+        Model.Calctype = mode;
+        Animate_Setup(lengths);
+        const std::string& shown = lengths.txt_Linkout[1].Text;
+        if (mode == 1)
+            EXPECT_EQ(shown, "") << "one position leaves the boxes as they are";
+        else
+            EXPECT_NEAR(std::atof(shown.c_str()), Model.L2, 1e-3) << mode;
+    }
 }
 
 TEST_F(Engine, ARunDrawsHoldsAndErasesEachPositionAndLeavesTheLast) {
@@ -183,6 +227,19 @@ TEST_F(Engine, ACouplerPointAtTheExactOriginEndsTheCycleAtTheLastGoodPosition) {
     }
     EXPECT_EQ(rows, expected);
     EXPECT_EQ(desktop.Pauses.size(), 4U);
+}
+
+TEST_F(Engine, ACouplerPointOnOneOfTheAxesIsAPositionLikeAnyOther) {
+    Model.RunTable.PointXY(1, 2, 0) = 0;
+    Model.RunTable.PointXY(3, 2, 1) = 0;
+    Model.ShowCouplerFlag = "Y";
+    Rows rows = Played();
+    Rows expected = Opening();
+    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
+    Append(expected, Links(4, Model.ColorMagenta));
+    Append(expected, Closing());
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(desktop.Pauses.size(), 5U);
 }
 
 TEST_F(Engine, AtStepZeroTheExactOriginLeavesNothing) {

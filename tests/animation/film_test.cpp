@@ -61,6 +61,19 @@ TEST(Films, Of_a_run_too_short_for_two_pictures_show_one) {
     EXPECT_TRUE(Film_Of({}, 0.1).empty());
 }
 
+TEST(Films, Have_no_picture_that_stands_longer_than_can_be_written) {
+    EXPECT_EQ(Film_Of(Steps(2), 1000), (std::vector<Film_Frame>{{0, 65535}, {1, 65535}, {2, 65535}}));
+    EXPECT_EQ(Film_Of(Steps(1), 655.35), (std::vector<Film_Frame>{{0, 65535}, {1, 65535}}));
+}
+
+TEST(Films, Give_the_last_picture_its_time_from_the_one_before_where_that_has_enough) {
+    // Step 2 stands at 3 hundredths, rounded, and the run ends at 4: two are left for each.
+    EXPECT_EQ(Film_Of({0, 2}, 0.0125), (std::vector<Film_Frame>{{0, 2}, {2, 2}}));
+    // Steps 1 at 2 and the end at 3, so that three are too few for both.
+    EXPECT_EQ(Film_Of(Steps(1), 0.015), (std::vector<Film_Frame>{{1, 3}}));
+    EXPECT_EQ(Film_Of({7}, 0.02), (std::vector<Film_Frame>{{7, 2}}));
+}
+
 TEST(Films, Let_the_time_of_positions_that_do_not_close_pass) {
     EXPECT_EQ(Film_Of({4, 5, 9}, 0.1), (std::vector<Film_Frame>{{4, 10}, {5, 40}, {9, 10}}));
 }
@@ -106,6 +119,8 @@ TEST_F(Films_Of_Runs, Show_the_positions_that_close_up_to_one_at_the_exact_origi
     EXPECT_EQ(Steps_Shown(Model, Model.RunTable), Steps(9));
     Model.RunTable.Assembled(3) = false;
     Model.RunTable.PointXY(7, 2, 0) = 0;
+    Model.RunTable.PointXY(5, 2, 0) = 0;
+    Model.RunTable.PointXY(6, 2, 1) = 0;
     Model.RunTable.PointXY(7, 2, 1) = 0;
     EXPECT_EQ(Steps_Shown(Model, Model.RunTable), (std::vector<int>{0, 1, 2, 4, 5, 6}));
 }

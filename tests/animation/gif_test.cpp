@@ -1,6 +1,7 @@
 // Animated pictures, read back by the library: what they show, for how long, and in which colours.
 #include "animation/gif.h"
 
+#include <algorithm>
 #include <random>
 
 #include "platform/failure.h"
@@ -89,6 +90,75 @@ TEST(Gifs, Bring_any_picture_down_to_256_colours) {
     EXPECT_LE(few.colors.size(), 256U);
     for (std::size_t i = 0; i < picture.colors.size(); ++i)
         EXPECT_LT(Apart(few.colors[few.of_pixel[i]], picture.colors[i]), 64) << i;
+}
+
+TEST(Gifs, Have_of_each_picture_what_differs_from_the_one_before) {
+    Pixels picture = Plain(9, 7, kWhitePixel);
+    Gif gif(9, 7);
+    gif.Add(picture, 2);
+    Dot(picture, 3, 2, kRedPixel);
+    Dot(picture, 6, 4, kBluePixel);
+    gif.Add(picture, 2);
+    gif.Add(picture, 2);
+    Dot(picture, 0, 6, kRedPixel);
+    gif.Add(picture, 2);
+    Dot(picture, 8, 0, kRedPixel);
+    gif.Add(picture, 2);
+    Dot(picture, 0, 0, kBluePixel);
+    Dot(picture, 8, 6, kBluePixel);
+    gif.Add(picture, 2);
+    // What begins the next row is no end of this one.
+    Dot(picture, 3, 2, kBluePixel);
+    Dot(picture, 0, 3, kBluePixel);
+    Dot(picture, 1, 3, kBluePixel);
+    gif.Add(picture, 2);
+    const Gif_Read read = Read_Gif(gif.Finish());
+    EXPECT_EQ(read.version, "GIF89a");
+    EXPECT_EQ(read.bits, 8);
+    const int boxes[][5] = {{0, 0, 9, 7, 2}, {3, 2, 4, 3, 4}, {0, 0, 1, 1, 2}, {0, 6, 1, 1, 2},
+                            {8, 0, 1, 1, 2}, {0, 0, 9, 7, 4}, {0, 2, 4, 2, 2}};
+    ASSERT_EQ(read.frames.size(), std::size(boxes));
+    for (std::size_t i = 0; i < std::size(boxes); ++i) {
+        const Gif_Read::Frame& frame = read.frames[i];
+        EXPECT_EQ(frame.left, boxes[i][0]) << i;
+        EXPECT_EQ(frame.top, boxes[i][1]) << i;
+        EXPECT_EQ(frame.wide, boxes[i][2]) << i;
+        EXPECT_EQ(frame.high, boxes[i][3]) << i;
+        EXPECT_EQ(frame.colors, boxes[i][4]) << i;
+        EXPECT_TRUE(frame.plain) << i;
+    }
+    EXPECT_EQ(read.frames.back().pixels, picture.colors);
+}
+
+TEST(Gifs, Let_the_more_frequent_of_two_neighbouring_shades_stand_for_both) {
+    // 300 shades: 150 far enough apart to be told by seven bits, each with one that only the eighth tells from it.
+    std::vector<std::uint32_t> pixels, wanted;
+    for (std::uint32_t i = 0; i < 150; ++i) {
+        const std::uint32_t base = 0xFF000000U | (2 * (i % 100)) << 16U | (2 * (i / 100)) << 8U;
+        // Thrice the one and once the other, by turns, and both as often in every third.
+        const std::uint32_t lower = i % 3 == 0 ? 3 : i % 3 == 1 ? 1 : 2, upper = 4 - lower;
+        const std::uint32_t chief = lower > upper ? base : base + 1;
+        for (std::uint32_t n = 0; n < 4; ++n) {
+            pixels.push_back(n < lower ? base : base + 1);
+            wanted.push_back(chief);
+        }
+    }
+    const Few_Colors few = Reduced(pixels);
+    ASSERT_EQ(few.colors.size(), 150U);
+    EXPECT_TRUE(std::ranges::is_sorted(few.colors));
+    ASSERT_EQ(few.of_pixel.size(), pixels.size());
+    for (std::size_t i = 0; i < pixels.size(); ++i) EXPECT_EQ(few.colors[few.of_pixel[i]], wanted[i]) << i;
+}
+
+TEST(Gifs, Let_one_colour_too_many_stand_for_its_neighbour) {
+    std::vector<std::uint32_t> pixels;
+    for (std::uint32_t i = 0; i <= 256; ++i) pixels.push_back(0xFF000000U | (i / 16) << 20U | (i % 16) << 12U);
+    EXPECT_EQ(Reduced({pixels.begin(), pixels.end() - 1}).colors.size(), 256U);
+    pixels.back() = pixels.front() + 1;
+    const Few_Colors few = Reduced(pixels);
+    EXPECT_EQ(few.colors.size(), 256U);
+    EXPECT_EQ(few.of_pixel.front(), few.of_pixel.back());
+    EXPECT_NE(few.of_pixel[1], few.of_pixel[0]);
 }
 
 TEST(Gifs, Refuse_a_picture_of_another_size) {

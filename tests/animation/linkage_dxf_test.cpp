@@ -4,6 +4,7 @@
 
 #include <complex>
 #include <numbers>
+#include <regex>
 
 #include "platform/file_system.h"
 #include "shell/initialize.h"
@@ -151,6 +152,43 @@ TEST_F(LinkageDxf, Has_a_polyline_for_each_stretch_that_closes_and_no_moving_lin
     EXPECT_EQ(curve[0].numbers.size(), 1U + 2 * 6) << "steps 1 to 6";
     EXPECT_EQ(curve[0].numbers[0], 0) << "open";
     EXPECT_EQ(curve[1].numbers.size(), 1U + 2 * static_cast<std::size_t>(Model.NSteps - 8));
+}
+
+TEST_F(LinkageDxf, Has_no_centrode_where_a_position_does_not_close) {
+    Run_Scenario({.name = "gaps", .rocker = true});
+    const auto vertices = [](const Dxf_Read& read, const char* layer) {
+        std::size_t count = 0;
+        for (const Dxf_Entity& path : read.On(layer)) count += (path.numbers.size() - 1) / 2;
+        return count;
+    };
+    const Dxf_Read whole = Written(3);
+    for (const int gap : {7, 8}) Model.RunTable.Assembled(gap) = false;
+    const Dxf_Read gaps = Written(3);
+    for (const char* layer : {"FIXED_CENTRODE", "MOVING_CENTRODE"}) {
+        EXPECT_GT(vertices(gaps, layer), 10U) << layer;
+        EXPECT_LT(vertices(gaps, layer), vertices(whole, layer)) << layer;
+    }
+}
+
+TEST_F(LinkageDxf, Has_each_layer_in_a_colour_of_its_own) {
+    Run_Scenario({.name = "colours"});
+    const std::string text = Linkage_Dxf(Model, 3);
+    // Red is 1, green 3, blue 5, magenta 6, black on white 7 and gray 8.
+    for (const auto& [layer, color] : {std::pair{"LINK_1", "8"},
+                                       {"LINK_2", "5"},
+                                       {"LINK_3", "3"},
+                                       {"LINK_4", "1"},
+                                       {"PIVOTS", "7"},
+                                       {"COUPLER_POINT", "6"},
+                                       {"POLES", "1"},
+                                       {"COUPLER_CURVE", "6"},
+                                       {"FIXED_CENTRODE", "7"},
+                                       {"MOVING_CENTRODE", "1"}}) {
+        std::smatch found;
+        ASSERT_TRUE(std::regex_search(text, found, std::regex(layer + std::string(R"(\s+70\s+0\s+62\s+(\d+))"))))
+            << layer;
+        EXPECT_EQ(found[1], color) << layer;
+    }
 }
 
 }  // namespace verlink::test

@@ -35,6 +35,34 @@ TEST_F(ViewOverlays, TheFewWildArrowsNearAToggleDoNotMakeTheOthersVanish) {
     for (const auto& arrow : Of_Kind(At_Step(0, wishes), Kind::kArrow)) EXPECT_TRUE(std::isfinite(arrow.to.x));
 }
 
+TEST_F(ViewOverlays, ArrowsThriceAsLongAsNearlyAllOthersCountAsWild) {
+    Run({.name = "made up"});
+    const int positions = Model.NSteps + 1;
+    const double longest = 0.28 * Window();
+    const View_Wishes wishes = Only(&View_Wishes::velocities);
+    // Of three arrows in each position all are 1, but for some; nineteen of twenty decide.
+    const int few = (3 * positions - 1) / 20;
+    for (const int wild : {0, 1, few, few + 2}) {
+        for (int i = 0; i < 3 * positions; ++i) {
+            Model.RunTable.VelXY(i / 3, i % 3, 0) = i < wild ? 0 : 1;
+            Model.RunTable.VelXY(i / 3, i % 3, 1) = i < wild ? -100 : 0;
+        }
+        const double most = wild == 0 ? 1 : wild <= few ? 3 : 100;
+        EXPECT_NEAR(Find_Scales(Model, wishes).velocity * longest, most, 1e-4) << wild;
+    }
+    // Where nearly all are nothing the few are all there is.
+    for (int i = 0; i < 3 * positions; ++i) {
+        Model.RunTable.VelXY(i / 3, i % 3, 0) = 0;
+        Model.RunTable.VelXY(i / 3, i % 3, 1) = i == 5 ? -100 : 0;
+    }
+    EXPECT_NEAR(Find_Scales(Model, wishes).velocity * longest, 100, 1e-4);
+    // Those of positions that do not close do not count.
+    Model.RunTable.Assembled(0) = Model.RunTable.Assembled(1) = Model.RunTable.Assembled(2) = false;
+    for (int row = 0; row <= 2; ++row) Model.RunTable.VelXY(3, row, 1) = 0;
+    EXPECT_EQ(Find_Scales(Model, wishes).first, 3);
+    EXPECT_EQ(Find_Scales(Model, wishes).last, Model.NSteps);
+}
+
 TEST_F(ViewOverlays, TheLongestArrowOfARunIsSeenAndTheScaleIsTheSameInAllItsFrames) {
     Run({.name = "scale"});
     const View_Wishes wishes = Only(&View_Wishes::velocities);
@@ -67,6 +95,38 @@ TEST_F(ViewOverlays, TheLegendStandsWhereTheJointsDoNotCome) {
             }
         EXPECT_EQ(under, 0) << way.name;
     }
+}
+
+TEST_F(ViewOverlays, TheLegendStandsInTheFirstCornerOfWhichLeastIsTaken) {
+    using Corner = Overlay::Corner;
+    Run({.name = "one position"});
+    Model.NSteps = 0;
+    Model.L1 = 0;
+    // Both pivots are in the middle of the window, and the joints where they are put, in parts of it.
+    Model.AnimMin = -5;
+    Model.AnimMax = 5;
+    const auto corner = [](Spot A, Spot B, Spot P) {
+        const Spot joints[] = {A, B, P};
+        for (int row = 0; row <= 2; ++row) {
+            Model.RunTable.PointXY(0, row, 0) = 10 * joints[row].real() - 5;
+            Model.RunTable.PointXY(0, row, 1) = 10 * joints[row].imag() - 5;
+        }
+        return Find_Scales(Model, Only(&View_Wishes::velocities)).legend;
+    };
+    // A corner is 45 in 100 wide and 20 in 100 high.
+    const Spot none{0.5, 0.5}, first{0.1, 0.95}, second{0.9, 0.95}, third{0.1, 0.05};
+    EXPECT_EQ(corner(none, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner({0.44, 0.95}, none, none), Corner::kTopRight);
+    EXPECT_EQ(corner({0.46, 0.95}, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner({0.1, 0.81}, none, none), Corner::kTopRight);
+    EXPECT_EQ(corner({0.1, 0.79}, none, none), Corner::kTopLeft);
+    EXPECT_EQ(corner(first, {0.56, 0.95}, none), Corner::kBottomLeft);
+    EXPECT_EQ(corner(first, {0.54, 0.95}, none), Corner::kTopRight);
+    EXPECT_EQ(corner(first, second, {0.1, 0.19}), Corner::kBottomRight);
+    EXPECT_EQ(corner(first, second, {0.1, 0.21}), Corner::kBottomLeft);
+    EXPECT_EQ(corner(third, first, third), Corner::kTopRight);
+    EXPECT_EQ(corner(first, second, {0.9, 0.05}), Corner::kBottomLeft);
+    EXPECT_EQ(corner(first, first, second), Corner::kBottomLeft);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "animation/engine.h"
 #include "core/linkage_model.h"
+#include "core/results_turns.h"
 #include "tests/support/drawing.h"
 
 namespace verlink::test {
@@ -100,6 +101,48 @@ TEST_F(ShownPositions, AnEarThatHasGoneIsNotTold) {
     }
     DrawLinkage(stage, 2);
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(ShownPositions, WhereResultsAreOthersEachIsToldAgainWhatItHeardLast) {
+    struct Other : Stage {
+    } other;
+    Heard told;
+    const Position_Ear elsewhere(other, [&told](const Shown& shown) {
+        EXPECT_FALSE(shown.playing);
+        told.push_back(shown.Nothing() ? "-" : std::to_string(shown.step));
+    });
+    const Position_Ear deaf(stage, nullptr);
+    By_Angle(0, 30, 10);
+    DrawLinkage(stage, 2);
+    DrawLinkage(other, 1);
+    Follow_Results();
+    Take();
+    told.clear();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{});
+    EXPECT_EQ(told, Heard{});
+    Forces_Hold();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{"2"});
+    EXPECT_EQ(told, Heard{"1"});
+    Nothing_Shown(other);
+    told.clear();
+    Forces_Dropped();
+    Follow_Results();
+    Follow_Results();
+    EXPECT_EQ(Take(), Heard{"2"});
+    EXPECT_EQ(told, Heard{"-"});
+    EXPECT_EQ(deaf.Step(), 2) << "one that does not listen knows it all the same";
+}
+
+TEST(ShownAlone, TheFirstToListenIsToldLikeAllOthers) {
+    platform::Screen screen("frm_Bare");
+    std::vector<int> told;
+    const Position_Ear ear(screen, [&told](const Shown& shown) { told.push_back(shown.step); });
+    Position_Shown(screen, 3);
+    Results_Put_Back();
+    Follow_Results();
+    EXPECT_EQ(told, (std::vector<int>{3, 3}));
 }
 
 }  // namespace

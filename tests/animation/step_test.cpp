@@ -76,6 +76,7 @@ TEST_F(Engine, AnAngleStepBeyondTheLastBecomesTheFirst) {
 }
 
 TEST_F(Engine, SteppingByAngleGoesThroughTheRunAndWraps) {
+    Model.RunTable.Theta(5, 0) = 77;  // left from a longer run
     bool lock = false;
     for (const char* angle : {"0.0", "90.0", "180.0", "270.0", "360.0", "0.0", "90.0"}) {
         Step_Setup(stage, lock);

@@ -193,9 +193,16 @@ TEST_F(CartesianAligned, PositionsThatDoNotCloseStandAtTheirAnglesAsWell) {
     Expect_Along_The_Axis(0, 10);
 }
 
+TEST_F(CartesianAligned, ASlowCrankGoesItsWayAsAFastOneDoes) {
+    Model.Omega2Input = 0.5;
+    By_Angle(0, 360, 10);
+    Expect_Along_The_Axis(0, 10);
+}
+
 TEST_F(CartesianAligned, ACrankAtRestStandsAtOneAngle) {
     Model.Omega2Input = 0;
     By_Angle(0, 360, 10);
+    for (const int open : {2, 30}) Model.RunTable.Assembled(open) = false;
     Choose(1, "Theta4", "Mag");
     MyPlot(form, chosen, 2);
     for (const auto& [x, y] : Curve(0)) EXPECT_NEAR(x, 360, 1e-3);

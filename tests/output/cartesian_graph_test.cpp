@@ -4,6 +4,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "output/cartesian.h"
+#include "output/transform.h"
 #include "platform/graph.h"
 #include "screens/summary_panel.h"
 #include "tests/output/plotting.h"
@@ -314,6 +315,46 @@ TEST_F(CartesianGraph, ARunOfFullCapacityIsPlottedWhole) {
     ASSERT_EQ(At(0).NumPoints(), 2881);
     EXPECT_NEAR(Values(0, 3)[2880], Acceleration(2880).y, 1e-3);
     EXPECT_EQ(Label_At(0, 2880), FNRoundStr(Model.RunTable.Theta(2880, 0), 0));
+}
+
+TEST_F(CartesianGraph, TheFourGraphsOfATransformAreSetUpByItsHarmonics) {
+    Choose_Transform();
+    stage.chk_HGrid.Value = stage.chk_Sticks.Value = true;
+    for (const auto& [harmonics, every] : {std::pair{0, 1}, {15, 1}, {16, 2}, {30, 2}, {31, 3}}) {
+        Model.Harmonics = harmonics;
+        FFT_Plot_Setup(stage);
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(At(i).NumPoints(), harmonics + 1);
+            EXPECT_EQ(At(i).BottomTitle, "Harmonic Number");
+            EXPECT_EQ(At(i).TickEvery, 1);
+            EXPECT_EQ(At(i).LabelEvery, every) << "at most 16 labels";
+            EXPECT_EQ(At(i).GridStyle, 1);
+            EXPECT_EQ(At(i).GraphStyle, 2);
+        }
+    }
+    EXPECT_NE(Caption(stage, "lbl_Header").find("Design No. "), std::string::npos);
+}
+
+TEST_F(CartesianGraph, TheFourGraphsOfATransformHaveAPartOfItEach) {
+    Choose_Transform();
+    FFT_Plot_Setup(stage);
+    Model.GraphWindows = 4;
+    At(2).SetNumSets(2);
+    At(2).ThisSet = 2;
+    FFT_Plot(stage);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(At(i).Drawings(), 1);
+        ASSERT_EQ(Values(i, 0).size(), 13U);
+        for (int j = 0; j <= 12; ++j) {
+            EXPECT_EQ(Values(i, 0)[static_cast<std::size_t>(j)], 100 * i + j);
+            EXPECT_EQ(Label_At(i, j), std::to_string(j));
+        }
+    }
+    EXPECT_EQ(Model.PlotSlot, 4);
+    Model.GraphWindows = 2;
+    FFT_Plot(stage);
+    EXPECT_EQ(At(1).Drawings(), 2);
+    EXPECT_EQ(At(2).Drawings(), 1) << "there are two windows";
 }
 
 }  // namespace verlink::test

@@ -182,6 +182,19 @@ TEST_F(GraphSvgTest, The_grid_follows_its_style) {
     EXPECT_EQ(lines[3], lines[1] + lines[2]);
 }
 
+TEST_F(GraphSvgTest, Zero_has_its_line_where_values_of_both_signs_are_in_view_and_nowhere_else) {
+    const std::regex across("<line x1=\"([0-9.]*)\" y1=\"([0-9.]*)\" x2=\"([0-9.]*)\" y2=\"([0-9.]*)\"");
+    for (const auto& [from, to, lines] :
+         {std::tuple{-0.4, 0.5, 1}, {0.2, 0.9, 0}, {8.0, 12.0, 0}, {-0.9, -0.2, 0}, {-12.0, -8.0, 0}}) {
+        Fill(1, 10, [from = from, to = to](int i) { return from + (to - from) * i / 10; });
+        const std::string svg = Svg();
+        int found = 0;
+        for (std::sregex_iterator i(svg.begin(), svg.end(), across), end; i != end; ++i)
+            found += std::stod((*i)[3]) - std::stod((*i)[1]) > 100;
+        EXPECT_EQ(found, lines) << from;
+    }
+}
+
 TEST_F(GraphSvgTest, Gaps_of_values_that_are_no_numbers_break_the_curve) {
     Fill(1, 10, [](int i) { return i == 5 ? std::numeric_limits<double>::quiet_NaN() : i; });
     const std::string svg = Svg();
@@ -237,6 +250,10 @@ TEST(GraphScaleTest, Labels_thin_out_by_round_multiples) {
     EXPECT_EQ(Thinned(12, 361, 20), 24);
     EXPECT_EQ(Thinned(12, 2881, 30), 120);
     EXPECT_EQ(Thinned(0, 3, 10), 1);
+    EXPECT_EQ(Thinned(12, 24, 2), 12) << "at 0 and 12";
+    EXPECT_EQ(Thinned(12, 25, 2), 24) << "three at 0, 12 and 24 are too many";
+    EXPECT_EQ(Thinned(12, 25, 3), 12);
+    EXPECT_EQ(Thinned(7, 1 << 20, 2), 1 << 20) << "no round multiple is enough, and the first stands alone";
     EXPECT_EQ(Thinned(1, 1, 0), 1);
 }
 

@@ -1,6 +1,7 @@
 // The routines that write, blank and enable the boxes of a selection screen.
 #include <gtest/gtest.h>
 
+#include "output/presets.h"
 #include "screens/frm_plotselect1.h"
 #include "tests/output/selection_stage.h"
 
@@ -146,6 +147,34 @@ TEST_F(Modes, MixAndMatchOpensTheSlotsAndGivesTheFirstVariableTheFocus) {
     EXPECT_EQ(screen.cmb_Var1.Text.Get(), "");
     EXPECT_EQ(screen.Focus(), &screen.cmb_Var1);
     EXPECT_FALSE(screen.cmd_Done.Enabled);
+}
+
+TEST_F(Modes, EveryPresetFillsTheBoxesToTheLastOfTheList) {
+    for (const auto& slot : four.Slots) Load_Components(four, slot->cmb_Com);
+    const auto presets = Presets_Of_Four();
+    for (std::size_t i = 0; i < presets.size(); ++i) {
+        Write_All("");
+        four.cmb_Preset.Text = presets[i].text;
+        Choose_Preset(four);
+        for (std::size_t slot = 0; slot < 4; ++slot)
+            EXPECT_EQ(four.Slots[slot]->cmb_Var.Text.Get(), Model.VariableNames(presets[i].variables[slot]))
+                << presets[i].text;
+        using enum Preset::Components;
+        if (presets[i].components == kXYXY) {
+            EXPECT_EQ(Components(), (Texts{"X", "Y", "X", "Y"})) << presets[i].text;
+        } else if (presets[i].components == kAll) {
+            EXPECT_EQ(Components(), (Texts{"X", "Y", "Mag", "Ang"})) << presets[i].text;
+        } else if (presets[i].components == kMagnitudes) {
+            EXPECT_EQ(Components(), (Texts{"Mag", "Mag", "Mag", "Mag"})) << presets[i].text;
+        }
+    }
+    for (const Preset& preset : Presets_Of_Two()) {
+        screen.cmb_Var1.Text = screen.cmb_Var2.Text = "";
+        screen.cmb_Preset.Text = preset.text;
+        Choose_Preset_2(screen);
+        EXPECT_EQ(screen.cmb_Var1.Text.Get(), Model.VariableNames(preset.variables[0])) << preset.text;
+        EXPECT_EQ(screen.cmb_Var2.Text.Get(), Model.VariableNames(preset.variables[1])) << preset.text;
+    }
 }
 
 }  // namespace verlink::test

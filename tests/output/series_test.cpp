@@ -108,6 +108,41 @@ TEST_F(SeriesTest, ARunByAngleHasItsAnglesInTheirOrderAndTimesByItsSpeed) {
     EXPECT_EQ(By(Abscissa::kTime).title, "Crank Angle (Deg)");
 }
 
+TEST_F(SeriesTest, LabelsHaveAsManyDecimalsAsTellTheStepsApart) {
+    Model.NSteps = 1;
+    Model.Calctype = 2;
+    Model.TimeStart = 0;
+    for (const auto& [step, label] : {std::pair{10.0, "10.00"},
+                                      {1.0, "1.00"},
+                                      {0.25, "0.25"},
+                                      {0.05, "0.050"},
+                                      {0.001, "0.0010"},
+                                      {2e-5, "0.000 020"},
+                                      {2e-6, "0.000 002"},
+                                      {0.0, "0.00"}}) {
+        Model.TimeStep = step;
+        EXPECT_EQ(By(Abscissa::kTime).labels.at(1), label);
+    }
+    Model.Calctype = 3;
+    Model.Omega2Input = 1;
+    Model.ThetaStart = 0;
+    Model.ThetaEnd = 90;
+    for (const auto& [step, label] : {std::pair{30.0, "30."},
+                                      {0.5, "0.5"},
+                                      {0.25, "0.25"},
+                                      {0.125, "0.125"},
+                                      {1.0 / 3, "0.333"},
+                                      {0.0625, "0.063"}}) {
+        Model.ThetaStep = step;
+        EXPECT_EQ(By(Abscissa::kAngle).labels.at(1), label);
+    }
+    Model.Calctype = 1;
+    Model.NSteps = 0;
+    Model.ThetaZero = 67.5;
+    EXPECT_EQ(By(Abscissa::kTime).labels, std::vector<std::string>{"67.5"}) << "one position has no time";
+    EXPECT_EQ(By(Abscissa::kTime).title, "Crank Angle (Deg)");
+}
+
 TEST_F(SeriesTest, ARunByTimeStandsAtItsAnglesWhichGoOnBeyondATurn) {
     Turn_Ground(40);
     Model.ThetaZero = 300;

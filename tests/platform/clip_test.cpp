@@ -140,5 +140,49 @@ TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {
     EXPECT_NE(arc[0].x < 0, arc[1].x < 0);
 }
 
+TEST(ClipTest, ACircleThatOnlyTouchesACornerHasNoArc) {
+    // The corner is 5 from the middle of the box and from the centre beyond it.
+    EXPECT_TRUE(Seen_Arc(ClipBox{0, 0, 6, 8}, {9, 12}, 5, 0.05).empty());
+    EXPECT_FALSE(Seen_Arc(ClipBox{0, 0, 6, 8}, {9, 12}, 5.001, 0.05).empty());
+    EXPECT_TRUE(Seen_Arc(ClipBox{0, 0, 6, 8}, {3, 4}, 0, 0.05).empty()) << "nor has one without a radius";
+}
+
+TEST(ClipTest, OnTheEdgeIsStillWithin) {
+    for (const Point corner : {Point{0, 0}, Point{100, 0}, Point{100, 50}, Point{0, 50}}) {
+        Point from = corner, to = corner;
+        EXPECT_TRUE(Clip_Segment(kBox, from, to));
+        EXPECT_EQ(from, corner);
+        // A line that leads through the corner alone.
+        const double out_x = corner.x == 0 ? 1 : -1, out_y = corner.y == 0 ? -1 : 1;
+        from = {corner.x + 10 * out_x, corner.y + 10 * out_y};
+        to = {corner.x - 10 * out_x, corner.y - 10 * out_y};
+        EXPECT_TRUE(Clip_Segment(kBox, from, to));
+        EXPECT_EQ(from, corner);
+        EXPECT_EQ(to, corner);
+    }
+    for (const auto& [a, b] : {std::pair{Point{-10, 0}, Point{120, 0}},
+                               {Point{-10, 50}, Point{120, 50}},
+                               {Point{0, -10}, Point{0, 70}},
+                               {Point{100, -10}, Point{100, 70}}}) {
+        Point from = a, to = b;
+        EXPECT_TRUE(Clip_Segment(kBox, from, to)) << "along an edge";
+        EXPECT_TRUE(kBox.Holds(from) && kBox.Holds(to));
+    }
+}
+
+TEST(ClipTest, ACircleThatTouchesAnEdgeOrTheFarthestCornerIsSeen) {
+    for (const auto& [centre, radius] : {std::pair{Point{-7, 25}, 7.0},
+                                         {Point{107, 25}, 7.0},
+                                         {Point{50, -7}, 7.0},
+                                         {Point{50, 57}, 7.0},
+                                         {Point{-3, -4}, 5.0},
+                                         {Point{0, 0}, std::hypot(100, 50)},
+                                         {Point{130, 90}, std::hypot(130, 90)}}) {
+        EXPECT_TRUE(Circle_Seen(kBox, centre, radius)) << centre.x << ' ' << centre.y;
+        const bool from_within = radius > 100;
+        EXPECT_FALSE(Circle_Seen(kBox, centre, radius * (from_within ? 1.0001 : 0.9999)));
+    }
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -347,6 +347,75 @@ TEST_F(ControlsTest, ACancelledDialogIsAFailureAndKeepsTheName) {
     EXPECT_TRUE(desktop.Dialogs.back().warn_before_overwriting);
 }
 
+TEST_F(ControlsTest, WhateverChangesInAListOrABarIsToldToItsWatcher) {
+    const auto told_by = [&](platform::Control& control, const std::function<void()>& change) {
+        events.clear();
+        control.Watcher = Note("watcher");
+        change();
+        return !events.empty();
+    };
+    EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.AddItem("10"); }));
+    EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.Choose(0); })) << "its text is the same";
+    EXPECT_EQ(form.cmb_List.Text.Get(), "10");
+    EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.SelectAll(); }));
+    EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.SelectAll(); }));
+    EXPECT_EQ(events.size(), 2U);
+    EXPECT_TRUE(told_by(form.cmb_List, [&] { form.cmb_List.Clear(); }));
+    EXPECT_EQ(form.cmb_List.ListIndex(), -1);
+    EXPECT_TRUE(told_by(form.hsc_Bar, [&] { form.hsc_Bar.SetValue(4); }));
+    EXPECT_TRUE(told_by(form.hsc_Bar, [&] { form.hsc_Bar.Drag(6); }));
+    EXPECT_TRUE(told_by(form.hsc_Bar, [&] { form.hsc_Bar.SetMax(5); }));
+    EXPECT_EQ(events.size(), 2U) << "the limit, and the value that it pulls in";
+    EXPECT_TRUE(told_by(form.hsc_Bar, [&] { form.hsc_Bar.SetMin(6); }));
+    EXPECT_TRUE(told_by(form.txt_Name, [&] { form.txt_Name.Put_Back({}); }));
+}
+
+TEST_F(ControlsTest, OptionsAndTicksThatAreOutOfReachAreNotClicked) {
+    form.opt_Way[1].Visible = false;
+    form.opt_Way[1].Click();
+    EXPECT_FALSE(form.opt_Way[1].Value);
+    form.chk_Box.Visible = false;
+    form.chk_Box.Click();
+    EXPECT_FALSE(form.chk_Box.Value);
+    form.chk_Box.Visible = true;
+    form.chk_Box.Click();
+    EXPECT_TRUE(form.chk_Box.Value);
+    form.cmb_List.Choose(-1);
+    EXPECT_EQ(form.cmb_List.ListIndex(), -1);
+    platform::Shortcut key(form, "key_After", "Right");
+    key.OnPress = Note("key");
+    key.Press();
+    key.Enabled = false;
+    key.Press();
+    EXPECT_EQ(events, Events{"key"});
+    EXPECT_EQ(platform::Single_Keys(" Right  Ctrl++ "), (std::vector<std::string>{"Right", "Ctrl++"}));
+}
+
+TEST_F(ControlsTest, ANumberInHandIsReadBeforeAMenuActsThoughItsBoxIsNotLeft) {
+    form.txt_Name.Reads = [](const std::string& typed) {
+        return platform::Reading{.text = typed.substr(0, 1), .whole = typed.size() == 1, .why = "too long"};
+    };
+    form.mnu_Top.OnClick = [&] { events.push_back("acts on " + form.txt_Name.Text.Get()); };
+    form.txt_Name.Text = "1";
+    form.txt_Name.SetFocus();
+    form.txt_Name.Type("2");
+    form.mnu_Top.Click();
+    EXPECT_EQ(events, Events{"acts on 2"});
+    EXPECT_EQ(form.Focus(), &form.txt_Name);
+    // A text that is refused counts as not told of yet, whether it was told of before or not.
+    for (int time = 0; time < 2; ++time) {
+        form.txt_Name.Type("34");
+        form.mnu_Top.Click();
+        EXPECT_TRUE(form.txt_Name.Refused());
+        EXPECT_EQ(form.txt_Name.State().told, "");
+        EXPECT_EQ(form.txt_Name.Text.Get(), "2");
+    }
+    form.txt_Name.Leave();
+    EXPECT_TRUE(form.txt_Name.Refused()) << "left for the first time";
+    form.txt_Name.Leave();
+    EXPECT_EQ(form.txt_Name.Text.Get(), "3");
+}
+
 // Focus.
 
 TEST_F(ControlsTest, TheFocusLeavesBeforeItArrives) {

@@ -250,6 +250,20 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
         EXPECT_FALSE(Descriptor_Named(none)) << none;
 }
 
+TEST_F(FileCalls, FortyLinksAreFollowedAndNotOneMore) {
+    Put_File(In("aim"), "old");
+    const auto chain = [&](const std::string& name, const std::string& aim) {
+        fs::create_symlink(aim, In(name + "1"));
+        for (int i = 2; i <= 41; ++i) fs::create_symlink(name + std::to_string(i - 1), In(name + std::to_string(i)));
+    };
+    chain("file", "aim");
+    EXPECT_EQ(Link_Target(In("file40")), In("aim"));
+    EXPECT_EQ(Matter([&] { Link_Target(In("file41")); }), "64 its links lead in a circle");
+    chain("out", "/dev/stdout");
+    EXPECT_EQ(Descriptor_Named(In("out40")), 1);
+    EXPECT_FALSE(Descriptor_Named(In("out41")));
+}
+
 // ---- strangers ----------------------------------------------------------------------------------------------------
 
 TEST_F(FileCalls, ALinkToNothingInAFolderThatOthersMayWriteIsNotFollowed) {
@@ -284,6 +298,7 @@ TEST_F(FileCalls, AFileIsKeptUnderNoNameThatOthersHavePutThere) {
 }
 
 TEST_F(FileCalls, OthersMayWriteWhereModeOrOwnerLetThem) {
+    EXPECT_TRUE(Others_May_Write(In("gone"))) << "nobody knows who will";
     EXPECT_FALSE(Others_May_Write(In("")));
     ::chmod(In("").c_str(), 0777);
     EXPECT_TRUE(Others_May_Write(In("")));

@@ -106,6 +106,16 @@ TEST_F(GraphTest, ASetOrAPointOutsideTheRoomIsFailure380) {
     EXPECT_EQ(Failure([&] { graph.SetNumPoints(-1); }), 380);
 }
 
+TEST_F(GraphTest, WithoutSetsOrPointsThereIsRoomForNothing) {
+    graph.SetNumPoints(2);
+    graph.SetNumPoints(0);
+    EXPECT_EQ(graph.NumPoints(), 0);
+    EXPECT_EQ(Failure([&] { graph.SetGraphData(1); }), 380);
+    graph.SetNumSets(0);
+    EXPECT_EQ(graph.NumSets(), 0);
+    EXPECT_EQ(Failure([&] { graph.SetLegendText("1"); }), 380);
+}
+
 TEST_F(GraphTest, WatchersAreToldByDrawAndNotByEveryValue) {
     int told = 0;
     graph.Watcher = [&] { ++told; };

@@ -105,6 +105,21 @@ TEST_F(GridTest, ACellOrAColumnOutsideIsFailure380) {
     EXPECT_EQ(Failure([&] { grid.SetCols(-1); }), 380);
 }
 
+TEST_F(GridTest, NoRowsAndNoColumnsAreAGridToo) {
+    grid.SetRows(3);
+    grid.SetCols(2);
+    grid.SetRows(0);
+    EXPECT_EQ(grid.Rows(), 0);
+    EXPECT_EQ(Failure([&] { grid.SetCell(0, 0, "x"); }), 380);
+    grid.SetCols(0);
+    EXPECT_EQ(grid.Cols(), 0);
+    EXPECT_EQ(Failure([&] { grid.SetColWidth(0, 5); }), 380);
+    grid.SetRows(1);
+    grid.SetCols(1);
+    grid.SetCell(0, 0, "x");
+    EXPECT_EQ(grid.Cell(0, 0), "x");
+}
+
 TEST_F(GridTest, WatchersAreToldByRefreshAndNotByEveryCell) {
     int told = 0;
     grid.Watcher = [&] { ++told; };

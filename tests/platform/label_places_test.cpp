@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
+#include <numbers>
 #include <random>
 
 #include "platform/picture.h"
@@ -159,6 +160,146 @@ TEST_F(LabelPlaces, WhatIsDrawnFarOutsideTheWindowIsNoHindrance) {
     picture.Circle(1e20, 1e20, 1e25, 1);
     const LabelWish wish = Wish(200, 200, 0, -1);
     EXPECT_LT(Distance(wish, Find_Label_Places(picture, kSide, {{wish}}).front()), 8);
+}
+
+TEST_F(LabelPlaces, TheMiddleOfALabelLiesInTheVeryDirectionAndItsEdgeThreePixelsOff) {
+    for (const auto& [wide, high] : {std::pair{80.0, 16.0}, {30.0, 50.0}})
+        for (int way = 0; way < 16; ++way) {
+            const double turn = 2 * std::numbers::pi * way / 16;
+            const double right = std::cos(turn), below = std::sin(turn);
+            const LabelWish wish{Anchor{0.5, 0.45, 3 * right, 3 * below}, wide, high};
+            const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+            const double x = place.x + wide / 2 - 200, y = place.y + high / 2 - 180;
+            EXPECT_NEAR(x * below - y * right, 0, 1e-9) << way;
+            EXPECT_GT(x * right + y * below, 0) << way;
+            // From the middle back towards the anchor until the edge, with two pixels of air around the label.
+            const double out_x = (wide / 2 + 2) / std::max(std::abs(right), 1e-12);
+            const double out_y = (high / 2 + 2) / std::max(std::abs(below), 1e-12);
+            EXPECT_NEAR(std::hypot(x, y) - std::min(out_x, out_y), 3, 1e-9) << way;
+        }
+}
+
+TEST_F(LabelPlaces, WithoutADirectionALabelStandsOnTheRight) {
+    const LabelWish wish = Wish(200, 150);
+    const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_NEAR(place.x, 200 + 3 + 2, 1e-9);
+    EXPECT_NEAR(place.y + wish.height / 2, 150, 1e-9);
+}
+
+TEST_F(LabelPlaces, AtTheEdgeFivePixelsAreLeftOnEachSide) {
+    const auto place_of = [&](double x, double y, double right, double below) {
+        return Find_Label_Places(picture, kSide, {{Wish(x, y, right, below)}}).front();
+    };
+    const LabelPlace first = place_of(-30, -40, -1, -1), last = place_of(430, 440, 1, 1);
+    EXPECT_DOUBLE_EQ(first.x, 5);
+    EXPECT_DOUBLE_EQ(first.y, 5);
+    EXPECT_DOUBLE_EQ(last.x, kSide - 5 - 80);
+    EXPECT_DOUBLE_EQ(last.y, kSide - 5 - 16);
+    const LabelWish wide{Anchor{0.5, 0.5, 0, 0}, 500, 600};
+    const LabelPlace larger = Find_Label_Places(picture, kSide, {{wide}}).front();
+    EXPECT_DOUBLE_EQ(larger.x, 5) << "what is larger than the picture begins at its corner";
+    EXPECT_DOUBLE_EQ(larger.y, 5);
+}
+
+TEST_F(LabelPlaces, ALabelTurnsALittleRatherThanMoveOut) {
+    const LabelWish wish = Wish(200, 160, 0, -1);
+    // Under the lower left corner of where it would stand, 158 to 242 across and 137 to 157 down.
+    picture.PSet(159, 155, 1);
+    const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_NEAR(place.x + 40 - 200, (3 + 10 / std::cos(M_PI / 12)) * std::sin(M_PI / 12), 1e-9) << "a 24th of a turn";
+    EXPECT_NEAR(160 - place.y - 8, (3 + 10 / std::cos(M_PI / 12)) * std::cos(M_PI / 12), 1e-9);
+}
+
+TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
+    const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2};
+    for (const double distance : {26.0, 36.0, 48.0, 62.0, 80.0, 100.0}) {
+        picture.Cls();
+        const double filled = distance - 3;
+        for (double x = -filled; x <= filled; ++x)
+            for (double y = -filled; y <= filled; ++y) {
+                // A way is left free to both sides, too narrow for a label.
+                const bool way = y >= 0 && y < 2;
+                if (std::hypot(x, y) <= filled && !way) picture.PSet(200 + x, 200 + y, 1);
+            }
+        const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+        const double gap = place.x > 200 ? place.x - 2 - 200 : 200 - (place.x + 4);
+        EXPECT_NEAR(gap, distance, 1e-9);
+        EXPECT_NEAR(place.y + 1, 200, 1e-9) << distance;
+    }
+}
+
+namespace {
+
+/// A picture whose window is given, seen through a glass, with one label over the anchor at pixel 200, 160.
+struct Label_Sheet {
+    Picture picture;
+    platform::Glass glass;
+    double left, top, right, bottom;
+    Label_Sheet(double l, double t, double r, double b, platform::Glass g)
+        : glass(g), left(l), top(t), right(r), bottom(b) {
+        picture.Scale(l, t, r, b);
+    }
+    double X(double pixel) const { return left + (right - left) * glass.Part_Across(pixel / kSide); }
+    double Y(double pixel) const { return top + (bottom - top) * glass.Part_Down(pixel / kSide); }
+    /// World, of a length in pixels: of what goes with the glass, and of what keeps its size.
+    double Length(double pixels) const { return pixels / kSide * std::abs(right - left) / glass.factor; }
+    double Kept(double pixels) const { return pixels / kSide * std::abs(right - left); }
+    float Dx(double pixels) const { return static_cast<float>(pixels / kSide * (right - left)); }
+    float Dy(double pixels) const { return static_cast<float>(pixels / kSide * (bottom - top)); }
+    LabelPlace Place() const {
+        const LabelWish wish{Anchor{200 / kSide, 160 / kSide, 0, -1}, 80, 16};
+        return Find_Label_Places(picture, kSide, {{wish}}, glass).front();
+    }
+};
+
+}  // namespace
+
+TEST_F(LabelPlaces, ALabelMovesForWhatIsDrawnUnderItAndForNothingBesideIt) {
+    // With its air the label stands from 158 to 242 across and from 137 to 157 down.
+    struct Spot {
+        double x, y;
+        bool under;
+    };
+    const Spot spots[] = {{161, 147, true},  {239, 147, true},  {200, 140, true},  {200, 154.5, true},
+                          {154, 147, false}, {247, 147, false}, {200, 133, false}, {200, 162, false}};
+    const platform::Glass whole, near{2.5, 0.4, 0.55};
+    for (Label_Sheet sheet : {Label_Sheet{0, 0, kSide, kSide, whole}, Label_Sheet{-3, 40, 5, -20, near}}) {
+        const LabelPlace free = sheet.Place();
+        EXPECT_NEAR(free.x, 160, 1e-9);
+        EXPECT_NEAR(free.y, 139, 1e-9);
+        Picture& on = sheet.picture;
+        for (const auto& [x, y, under] : spots) {
+            const auto moved = [&](const auto& draw) {
+                on.Cls();
+                draw();
+                const LabelPlace place = sheet.Place();
+                return place.x != free.x || place.y != free.y;
+            };
+            const double wx = sheet.X(x), wy = sheet.Y(y);
+            EXPECT_EQ(moved([&] { on.PSet(wx, wy, 1); }), under) << x << ' ' << y;
+            EXPECT_EQ(moved([&] { on.Line(wx, wy, sheet.X(x + 0.2), wy, 1); }), under) << x << ' ' << y;
+            EXPECT_EQ(moved([&] { on.Pin(wx, wy, sheet.Kept(0.4), 1); }), under) << x << ' ' << y;
+            EXPECT_EQ(moved([&] {
+                          on.Mark({sheet.X(20), sheet.Y(30), sheet.Dx(x - 20), sheet.Dy(y - 30)},
+                                  {sheet.X(350), sheet.Y(380), sheet.Dx(x - 350), sheet.Dy(y - 380)}, 1);
+                      }),
+                      under)
+                << x << ' ' << y;
+        }
+        // Circles and pins, 60 pixels large, that reach to a place from above and from the left.
+        for (const auto& [x, y, under] : {spots[2], spots[6], spots[0], spots[4]}) {
+            const double cx = y == 147 ? x - 60 : x, cy = y == 147 ? y : y - 60;
+            for (const bool pin : {false, true}) {
+                on.Cls();
+                if (pin)
+                    on.Pin(sheet.X(cx), sheet.Y(cy), sheet.Kept(60), 1);
+                else
+                    on.Circle(sheet.X(cx), sheet.Y(cy), sheet.Length(60), 1);
+                const LabelPlace place = sheet.Place();
+                EXPECT_EQ(place.x != free.x || place.y != free.y, under) << x << ' ' << y << ' ' << pin;
+            }
+        }
+    }
 }
 
 }  // namespace verlink::test

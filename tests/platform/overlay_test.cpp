@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <tuple>
 
 #include "tests/support/colors.h"
 #include "tests/support/overlay_log.h"
@@ -111,6 +112,39 @@ TEST(OverlayPainting, NumbersThatAreNoneAreNotPainted) {
                     .Calls.empty());
 }
 
+TEST(OverlayPainting, WhatIsJustBeyondTheEdgeOrTooShortIsLeftOut) {
+    const auto calls = [](const Overlay::Mark& mark) { return Drawn(Of_Marks({mark})).Calls.size(); };
+    // A pixel is a fiftieth of a unit; two beyond the edge are still painted.
+    EXPECT_EQ(calls({Kind::kCircle, {-1.03, 5}, {}, kRed, 1}), 1U);
+    EXPECT_EQ(calls({Kind::kCircle, {-1.05, 5}, {}, kRed, 1}), 0U);
+    // Arrows of 0.4 and of 0.6 pixels.
+    EXPECT_EQ(calls({Kind::kArrow, {1, 1}, {1.008, 1}, kRed}), 0U);
+    EXPECT_EQ(calls({Kind::kArrow, {1, 1}, {1.012, 1}, kRed}), 2U);
+    // Heads whose tips lie 8 and 10 pixels outside, with a shaft of which a part is seen.
+    EXPECT_EQ(calls({Kind::kArrow, {5, 5}, {10.16, 5}, kRed}), 2U);
+    EXPECT_EQ(calls({Kind::kArrow, {5, 5}, {10.2, 5}, kRed}), 1U);
+}
+
+TEST(OverlayPainting, ACircleIsAnArcFromTenThousandPixelsOnAndStaysWithinATenthOfOne) {
+    for (const double radius : {9900.0, 10100.0}) {
+        const double centre = 250 + radius;
+        const OverlayLog log = Drawn(Of_Marks({{Kind::kCircle, {centre / 50, 5}, {}, kRed, radius / 50}}));
+        if (radius < 1e4) {
+            ASSERT_EQ(log.Rows().size(), 1U);
+            EXPECT_EQ(log.Calls[0].kind, "Circle");
+            continue;
+        }
+        double most = 0;
+        for (const Call& call : log.Calls) {
+            ASSERT_EQ(call.kind, "Line");
+            const double x = (call.numbers[0] + call.numbers[2]) / 2, y = (call.numbers[1] + call.numbers[3]) / 2;
+            most = std::max(most, radius - std::hypot(x - centre, y - 250));
+        }
+        EXPECT_LE(most, 0.1);
+        EXPECT_GT(most, 0.05) << "with no more pieces than that takes";
+    }
+}
+
 TEST(RoundNumbers, AreOneTwoAndFiveTimesPowersOfTen) {
     for (const auto& [value, down, up] :
          {std::array{1.0, 1.0, 1.0}, std::array{1.9, 1.0, 2.0}, std::array{2.0, 2.0, 2.0}, std::array{4.99, 2.0, 5.0},
@@ -153,6 +187,108 @@ TEST(OverlayLegend, StandsInTheCornerThatItIsGiven) {
         EXPECT_NEAR(right ? 500 - paper.numbers[0] - paper.numbers[2] : paper.numbers[0], 6, 1e-9);
         EXPECT_NEAR(bottom ? 500 - paper.numbers[1] - paper.numbers[3] : paper.numbers[1], 6, 1e-9);
     }
+}
+
+/// Three lines: with a filled arrow, without a scale, with an open arrow.
+Overlay Of_Three_Lines() {
+    Overlay overlay;
+    overlay.legend = {{.text = "velocity", .color = kRed, .per_world = 1, .unit = "in/sec"},
+                      {.text = "plain words", .color = kBlue},
+                      {.text = "acceleration", .color = kGreen, .per_world = 200, .unit = "in/sec2", .open = true}};
+    return overlay;
+}
+
+TEST(OverlayLegend, ItsLinesStandUnderOneAnotherBehindTheirArrows) {
+    // A unit is 50 pixels, so that at most 1.28 in/sec and 256 in/sec2 fit into 64 of them. The longest words have 25
+    // letters of 7 pixels, after 64 + 6 for the arrow, with 6 around; three lines of 14 + 2, and 6.
+    EXPECT_EQ(Drawn(Of_Three_Lines()).Rows(),
+              (Rows{"Paper 6.00 6.00 257.00 54.00", "Line 12.00 17.00 53.00 17.00 0000FF",
+                    "Triangle 62.00 17.00 53.00 20.20 53.00 13.80 0000FF", "Text 82.00 10.00 0000FF 1 in/sec  velocity",
+                    "Text 12.00 26.00 FF0000 plain words", "Line 12.00 49.00 62.00 49.00 00FF00",
+                    "Line 53.00 52.20 62.00 49.00 00FF00", "Line 62.00 49.00 53.00 45.80 00FF00",
+                    "Text 82.00 42.00 00FF00 200 in/sec2  acceleration"}));
+}
+
+TEST(OverlayLegend, InAPictureThatIsTooSmallItBeginsAtItsCorner) {
+    using Corner = Overlay::Corner;
+    for (const Corner corner : {Corner::kTopLeft, Corner::kTopRight, Corner::kBottomLeft, Corner::kBottomRight}) {
+        Overlay overlay = Of_Three_Lines();
+        overlay.corner = corner;
+        const Call paper = Calls_Of(Drawn(overlay, {0, 0, 10, 10, 100, 40}), "Paper").at(0);
+        EXPECT_EQ(paper.numbers[0], 6);
+        EXPECT_EQ(paper.numbers[1], 6);
+    }
+}
+
+TEST(OverlayLegend, ANumberHasTheDecimalsThatItNeedsAndAPowerWhereItIsVastOrTiny) {
+    // 64 pixels are 1.28 of the world.
+    for (const auto& [per_world, text] : {std::pair{4e6, "5e+06 u  w"},
+                                          {8e5, "1e+06 u  w"},
+                                          {4e5, "500000 u  w"},
+                                          {40.0, "50 u  w"},
+                                          {4.0, "5 u  w"},
+                                          {0.4, "0.5 u  w"},
+                                          {0.04, "0.05 u  w"},
+                                          {0.0008, "0.001 u  w"},
+                                          {1.6e-6, "0.000002 u  w"},
+                                          {1.6e-7, "2e-07 u  w"}}) {
+        Overlay overlay;
+        overlay.legend = {{.text = "w", .color = kRed, .per_world = per_world, .unit = "u"}};
+        EXPECT_EQ(Drawn(overlay).Texts(), Rows{text});
+    }
+}
+
+TEST(OverlayGrid, LinesAndValuesStandAtFivesWhereTheWindowIsWideAndFlat) {
+    // 50 pixels a unit across and 20 down: lines at least 64 pixels apart are at every 5 units. y is 3 less the world.
+    Overlay overlay;
+    overlay.grid = Overlay::Grid{.sum = 3};
+    EXPECT_EQ(Drawn(overlay, {-1, -2, 10, 20, 500, 400}).Rows(),
+              (Rows{"Faint 50.00 0.00 50.00 400.00 A0A0A0", "Text 53.00 385.00 606060 0",
+                    "Faint 300.00 0.00 300.00 400.00 A0A0A0", "Text 303.00 385.00 606060 5",
+                    "Faint 0.00 400.00 500.00 400.00 A0A0A0", "Faint 0.00 300.00 500.00 300.00 A0A0A0",
+                    "Text 3.00 286.00 606060 -10", "Faint 0.00 200.00 500.00 200.00 A0A0A0",
+                    "Text 3.00 186.00 606060 -5", "Faint 0.00 100.00 500.00 100.00 A0A0A0", "Text 3.00 86.00 606060 0",
+                    "Faint 0.00 0.00 500.00 0.00 A0A0A0"}));
+}
+
+TEST(OverlayGrid, AValueThatWouldLeaveThePictureIsLeftOut) {
+    Overlay overlay;
+    overlay.grid = Overlay::Grid{.sum = 0};
+    // The line of 4 is half a pixel from the right edge, and that of -4 as near to the bottom.
+    const OverlayLog log = Drawn(overlay, {-5.99, -5.99, 10, 10, 500, 500});
+    EXPECT_EQ(Calls_Of(log, "Faint").size(), 2U * 5);
+    const Rows texts = log.Texts();
+    EXPECT_EQ(texts, (Rows{"-4", "-2", "0", "2", "-2", "0", "2", "4"}));
+}
+
+TEST(OverlayGrid, AValueStandsWhereItJustFitsUnderTheUpperEdgeOrBesideTheLegend) {
+    Overlay overlay;
+    const auto shown = [&](double at) {
+        overlay.grid = Overlay::Grid{.sum = at / 50};
+        const auto texts = Calls_Of(Drawn(overlay), "Text");
+        return std::ranges::any_of(texts, [](const Call& text) {
+            return text.numbers[0] == 3 && text.numbers[1] < 480 && text.words == "606060 0";
+        });
+    };
+    for (const auto& [at, fits] : {std::pair{14.5, true}, {13.5, false}, {465.0, true}, {475.0, false}})
+        EXPECT_EQ(shown(at), fits) << at;
+    // A legend of one line in the corner is 22 high and begins 6 from the edges.
+    overlay.legend = {{.text = "w"}};
+    EXPECT_TRUE(shown(28 + 14.05));
+    EXPECT_FALSE(shown(28 + 13.9));
+}
+
+TEST(OverlayGrid, WhereNumbersAreTooCoarseThereIsNone) {
+    Overlay overlay;
+    overlay.grid = Overlay::Grid{.sum = 0};
+    EXPECT_TRUE(Drawn(overlay, {1e15, 1e15, 10, 10, 500, 500}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {-1e15, -1e15, 10, 10, 500, 500}).Calls.empty());
+    EXPECT_FALSE(Drawn(overlay, {1e11, 1e11, 10, 10, 500, 500}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 1e6, 1e6}).Calls.empty()) << "nor where there would be thousands";
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 0, 10, 500, 500}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 0, 500, 500}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 0, 500}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 500, 0}).Calls.empty());
 }
 
 TEST(OverlayGrid, HasRoundValuesAtTheLinesThatBearThem) {
@@ -248,6 +384,69 @@ TEST(OverlayNames, WithoutADirectionStandAboveOnTheRight) {
     const double diagonal = std::sqrt(0.5);
     EXPECT_NEAR((word.left + word.right) / 2 - 250, diagonal * (away + (word.right - word.left) / 2), 1e-9);
     EXPECT_NEAR((word.top + word.bottom) / 2 - 250, -diagonal * (away + (word.bottom - word.top) / 2), 1e-9);
+}
+
+TEST(OverlayNames, KeepSevenPixelsFromThePinWhateverTheMagnifier) {
+    // Letters are 7 by 14. The pin is 0.2 of a unit of 50 pixels; magnified twice, of 100, and drawn half as large.
+    for (const auto& [sight, x, y] :
+         {std::tuple{kWhole, 300.0, 350.0}, std::tuple{Sight{5, 5, 5, 5, 500, 500, 2}, 100.0, 200.0}}) {
+        for (const Point away : {Point{1, 0}, Point{-2, 0}, Point{0, 3}, Point{0, -1}}) {
+            Overlay overlay;
+            overlay.names = {{"A", {6, 7}, away, kRed, 0.2}};
+            const Rect word = Words(Drawn(overlay, sight)).at(0);
+            const double gap = away.x > 0   ? word.left - x
+                               : away.x < 0 ? x - word.right
+                               : away.y > 0 ? word.top - y
+                                            : y - word.bottom;
+            EXPECT_NEAR(gap, 10 + 7, 1e-9) << away.x << ' ' << away.y;
+        }
+    }
+}
+
+TEST(OverlayNames, GoNoFurtherThanTheyHaveTo) {
+    // A word of one letter on the right would be 264 to 271 across, 243 to 257 down; a stroke leads through it.
+    Overlay overlay;
+    overlay.names = {{"A", {5, 5}, {1, 0}, kRed}};
+    const Rect free = Words(Drawn(overlay)).at(0);
+    EXPECT_NEAR(free.left, 257, 1e-9);
+    for (const auto& [from, to, touches] : {std::tuple{Point{5.2, 4}, Point{5.2, 6}, true},
+                                            {Point{5.27, 4}, Point{5.27, 6}, true},
+                                            {Point{5.13, 4}, Point{5.13, 6}, false},
+                                            {Point{5.3, 4}, Point{5.3, 6}, false},
+                                            {Point{5.1, 4.84}, Point{6, 4.84}, false},
+                                            {Point{5.1, 4.88}, Point{6, 4.88}, true},
+                                            {Point{5.1, 5.16}, Point{6, 5.16}, false},
+                                            {Point{5.1, 5.12}, Point{6, 5.12}, true}}) {
+        overlay.marks = {{Kind::kNothing, from, to, 0}};
+        const Rect word = Words(Drawn(overlay)).at(0);
+        EXPECT_EQ(word.left != free.left || word.top != free.top, touches) << from.x << ' ' << from.y;
+        Point a{from.x * 50, from.y * 50}, b{to.x * 50, to.y * 50};
+        EXPECT_FALSE(platform::Clip_Segment({word.left, word.top, word.right, word.bottom}, a, b));
+        EXPECT_LT(std::hypot((word.left + word.right) / 2 - 250, (word.top + word.bottom) / 2 - 250), 40);
+    }
+}
+
+TEST(OverlayNames, TurnAsideByEighthsAndMoveOutFromWhatSurroundsThem) {
+    Overlay overlay;
+    overlay.names = {{"A", {5, 5}, {1, 0}, kRed}};
+    const auto word = [&] { return Words(Drawn(overlay)).at(0); };
+    // An upright stroke in the way, which an eighth of a turn avoids and a sixteenth does not.
+    for (const Kind kind : {Kind::kNothing, Kind::kLine}) {
+        overlay.marks = {{kind, {5.24, 4.88}, {5.24, 5.12}, 0}};
+        EXPECT_NEAR((word().left + word().right) / 2 - 250, std::sqrt(0.5) * (7 + 3.5), 1e-9);
+        EXPECT_NEAR((word().top + word().bottom) / 2 - 250, std::sqrt(0.5) * (7 + 7), 1e-9);
+    }
+    // A long one, which takes a quarter of one.
+    overlay.marks = {{Kind::kNothing, {5.14, 4.5}, {5.14, 5.5}, 0}};
+    EXPECT_NEAR((word().left + word().right) / 2, 250, 1e-9);
+    overlay.marks.clear();
+    for (const auto& [half, gap] : {std::pair{0.24, 2.5 * 7}, {0.18, 2.5 * 7}, {0.4, 4.0 * 7}}) {
+        const Point corners[] = {
+            {5 - half, 5 - half}, {5 + half, 5 - half}, {5 + half, 5 + half}, {5 - half, 5 + half}};
+        for (int i = 0; i < 4; ++i) overlay.marks.push_back({Kind::kNothing, corners[i], corners[(i + 1) % 4], 0});
+        EXPECT_NEAR(word().left - 250, gap, 1e-9);
+        EXPECT_NEAR((word().top + word().bottom) / 2, 250, 1e-9);
+    }
 }
 
 TEST(OverlayNames, OneWhosePlaceIsNotSeenIsNotThere) {

@@ -140,6 +140,17 @@ TEST_F(PictureTest, CoordinatesAgreeWhenTheyRoundToTheSameGridLine) {
     picture.Circle(1 * grid, 0, 1000 * grid, kRed);
     picture.Circle(1.6 * grid, 0, 1000 * grid, kWhite);
     EXPECT_EQ(picture.Alive(), 2U);
+    picture.Cls();
+    // On the other side of zero as well.
+    for (const double off : {-0.45, 0.45}) {
+        picture.Line(-7 * grid, -9 * grid, 0, 0, kRed);
+        picture.Line((-7 + off) * grid, (-9 - off) * grid, 0, 0, kWhite);
+        EXPECT_EQ(picture.Alive(), 0U) << off;
+    }
+    picture.Line(-7 * grid, -9 * grid, 0, 0, kRed);
+    picture.Line(-7.55 * grid, -9 * grid, 0, 0, kWhite);
+    picture.Line(-7 * grid, -8.45 * grid, 0, 0, kWhite);
+    EXPECT_EQ(picture.Alive(), 3U);
 }
 
 TEST_F(PictureTest, KindsAreNotTakenForEachOther) {
@@ -193,6 +204,12 @@ TEST_F(PictureTest, AWindowThatCannotBeDrawnIsAnInvalidCallAndIsNotTaken) {
     EXPECT_EQ(Number_Raised([&] { picture.Scale(-infinite, 0, infinite, 1); }), 5);
     EXPECT_EQ(picture.Left(), -10);
     EXPECT_EQ(picture.Bottom(), 10);
+    for (const double extent : {0.9e-25, 1.2e-25, 3.3e38, 4e38}) {
+        const bool taken = extent > 1e-25 && extent < 3.4e38;
+        Picture across, down;
+        EXPECT_EQ(Number_Raised([&] { across.Scale(0, 0, -extent, 1); }), taken ? 0 : 5) << extent;
+        EXPECT_EQ(Number_Raised([&] { down.Scale(0, extent, 1, 0); }), taken ? 0 : 5) << extent;
+    }
     EXPECT_EQ(Number_Raised([&] { picture.Scale(0, 2e-24, 360, -2e-24); }), 0);
     EXPECT_EQ(picture.Top(), 2e-24);
     EXPECT_EQ(picture.Bottom(), -2e-24);
@@ -324,6 +341,15 @@ TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
     EXPECT_NE(svg.find("<path stroke=\"#ff0000\" d=\"M-2 -2L402 402\"/>\n"), std::string::npos) << svg;
     EXPECT_NE(svg.find("<path stroke=\"#0000ff\" d=\"M200 "), std::string::npos) << svg;
     EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
+}
+
+TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
+    picture.Line(0, 0, 10, 0, kRed);
+    EXPECT_TRUE(picture.Svg(100).ends_with("\n<path stroke=\"#ff0000\" d=\"M50 50L100 50\"/>\n</g>\n</svg>\n"));
+    picture.PSet(0, 0, kGreen);
+    EXPECT_TRUE(
+        picture.Svg(100).ends_with("L100 50\"/>\n<circle cx=\"50\" cy=\"50\" r=\"0.25\" fill=\"#00ff00\"/>\n"
+                                   "</g>\n</svg>\n"));
 }
 
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {

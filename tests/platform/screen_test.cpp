@@ -218,5 +218,122 @@ TEST_F(ScreenTest, WhatIsAboveAScreenGoesTheLastFirst) {
     EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_C", "return to frm_A"}));
 }
 
+TEST_F(ScreenTest, OneThatStandsBesideIsArrivedAtOnceAndIsNeverTheActiveOne) {
+    desktop.Expect_Screen("frm_A", [&](Screen& a) {
+        desktop.Expect_Screen("frm_B", [](Screen&) {}).Expect_Screen("frm_B", [](Screen&) {});
+        Screen& b = The("frm_B");
+        EXPECT_FALSE(b.Beside());
+        b.ShowBeside();
+        EXPECT_TRUE(b.Visible());
+        EXPECT_TRUE(b.Beside());
+        b.ShowBeside();
+        EXPECT_EQ(Screen::Active(), &a);
+        Screen::Hide_Above(b);
+        EXPECT_TRUE(a.Visible()) << "nothing was shown above one that stands beside";
+        b.Hide();
+        EXPECT_FALSE(b.Visible());
+        desktop.Expect_Screen("frm_B", [](Screen& shown) {
+            EXPECT_FALSE(shown.Beside());
+            EXPECT_EQ(Screen::Active(), &shown);
+            shown.Hide();
+        });
+        b.ShowModal();
+        platform::The_Desktop().End_Process();
+        b.ShowBeside();
+        EXPECT_FALSE(b.Visible()) << "the process is ending";
+    });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B", "activate frm_B", "return to frm_A"}));
+    desktop.Verify();
+}
+
+TEST_F(ScreenTest, WhoGoesAlongHearsOfTheActiveScreenAfterItsOwnEvent) {
+    Screen::ActiveWatcher() = [](Screen& screen) { events.push_back("at " + screen.Name()); };
+    desktop.Expect_Screen("frm_A", [&](Screen& a) {
+        desktop.Expect_Screen("frm_B", [](Screen& b) { b.ShowModal(); });
+        desktop.Expect_Screen("frm_B", [](Screen& b) { b.Hide(); });
+        The("frm_B").ShowModal();
+        a.Hide();
+    });
+    The("frm_A").ShowModal();
+    Screen::ActiveWatcher() = nullptr;
+    EXPECT_EQ(events,
+              (Events{"activate frm_A", "at frm_A", "activate frm_B", "at frm_B", "return to frm_A", "at frm_A"}));
+}
+
+TEST_F(ScreenTest, OneThatHidesItselfAsItComesIsNotWaitedForNorGoneAlongWith) {
+    struct Gone : Screen {
+        Gone() : Screen("frm_Gone") {}
+        void Form_Activate() override { Hide(); }
+    } gone;
+    Screen::ActiveWatcher() = [](Screen& screen) { events.push_back("at " + screen.Name()); };
+    gone.ShowModal();
+    Screen::ActiveWatcher() = nullptr;
+    EXPECT_TRUE(events.empty());
+    EXPECT_EQ(gone.Hidings(), 1);
+    EXPECT_EQ(Screen::Active(), nullptr);
+}
+
+TEST_F(ScreenTest, AScreenThatIsDestroyedIsNeitherShownNorActive) {
+    Screens::Register("frm_C", [] { return std::make_unique<Told>("frm_C"); });
+    desktop.Expect_Screen("frm_A", [&](Screen& a) {
+        auto brief = std::make_unique<Told>("frm_Brief");
+        desktop.Expect_Screen("frm_Brief", [&](Screen&) { platform::The_Desktop().End_Process(); });
+        brief->ShowModal();
+        EXPECT_EQ(Screen::Active(), brief.get());
+        brief.reset();
+        EXPECT_EQ(Screen::Active(), nullptr);
+        Screen::Hide_Above(a);
+        EXPECT_TRUE(a.Visible());
+    });
+    The("frm_A").ShowModal();
+}
+
+TEST_F(ScreenTest, WordsOfATitleAreKnownOfThoseThatWereRegisteredWithThem) {
+    const auto make = [] { return std::make_unique<Told>("frm_C"); };
+    EXPECT_FALSE(Screens::Titles().contains("frm_C"));
+    Screens::Register("frm_C", make, "Balance");
+    EXPECT_EQ(Screens::Titles().at("frm_C"), "Balance");
+    Screens::Register("frm_C", make, "Flywheel");
+    EXPECT_EQ(Screens::Titles().at("frm_C"), "Flywheel");
+    Screens::Register("frm_C", make);
+    EXPECT_FALSE(Screens::Titles().contains("frm_C"));
+    Screens::Register("frm_C", make, "Balance");
+    Screens::Register("frm_C", nullptr, "Nothing");
+    EXPECT_FALSE(Screens::Titles().contains("frm_C"));
+    EXPECT_FALSE(Screens::Knows("frm_C"));
+}
+
+TEST_F(ScreenTest, WhatWasRefusedInABoxIsForgottenWithTheScreen) {
+    struct Boxed : Screen {
+        Boxed() : Screen("frm_Boxed") {}
+        platform::TextBox box{*this, "txt_Box", "3"};
+    } boxed;
+    boxed.box.Reads = [](const std::string&) {
+        return platform::Reading{.text = "4", .whole = false, .why = "no number"};
+    };
+    desktop.Expect_Screen("frm_Boxed", [&](Screen& screen) {
+        boxed.box.Type("4 apples");
+        boxed.box.Leave();
+        EXPECT_TRUE(boxed.box.Refused());
+        screen.Hide();
+    });
+    boxed.ShowModal();
+    EXPECT_FALSE(boxed.box.Refused());
+    EXPECT_EQ(boxed.box.Shown(), "3");
+}
+
+TEST_F(ScreenTest, ALabelIsWrittenWhereThereIsOne) {
+    struct Labelled : Screen {
+        Labelled() : Screen("frm_Labelled") {}
+        platform::Label label{*this, "lbl_Say", "before", 2};
+    } screen;
+    platform::Put_Caption(screen, "lbl_Say", 1, "nobody");
+    platform::Put_Caption(screen, "lbl_None", 2, "nobody");
+    EXPECT_EQ(screen.label.Caption.Get(), "before");
+    platform::Put_Caption(screen, "lbl_Say", 2, "after");
+    EXPECT_EQ(screen.label.Caption.Get(), "after");
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -78,7 +78,8 @@ TEST_F(SettingsTest, ABrokenFileCountsAsNoneAndIsReplacedByAWholeOne) {
     const std::string noise("\x00\x01\xff\n=\n\n\\", 9);
     for (const std::string& content :
          {noise, std::string("a=1\n"), std::string(), std::string("Verlink settings 2\na=1\n"),
-          "Verlink settings 1\na=1\n" + noise, std::string(3 << 20, 'x')}) {
+          "Verlink settings 1\na=1\n" + noise, std::string(3 << 20, 'x'),
+          "Verlink settings 1\na=1\nb=" + std::string(3 << 20, 'x') + "\n"}) {
         Hold(content);
         Settings settings = Opened();
         EXPECT_FALSE(settings.Has("a")) << content.size() << " bytes";

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "platform/file_system.h"
@@ -84,6 +85,17 @@ TEST(ProcessTest, ThisProcessRunsAndItsNameReadsBack) {
     EXPECT_NE(self.boot, 0U);
     EXPECT_TRUE(Runs(self));
     EXPECT_EQ(Process_Of(Name_Of(self)), self);
+}
+
+TEST(ProcessTest, TheStartOfTheMachineIsKnownByTheFirstEightDigitsOfItsName) {
+    std::ifstream file("/proc/sys/kernel/random/boot_id");
+    std::string name;
+    ASSERT_TRUE(std::getline(file, name));
+    const std::string own = Name_Of(This_Process());
+    EXPECT_EQ(own.substr(own.rfind('-') + 1), name.substr(0, 8));
+    Process dead = This_Process();
+    dead.number = 1 << 22;
+    EXPECT_FALSE(Runs(dead)) << "no machine numbers its processes that far";
 }
 
 TEST(ProcessTest, AProcessRunsNoMoreOnceItIsDeadWaitedForOrNot) {

@@ -14,9 +14,14 @@ namespace verlink::test {
 struct Gif_Read {
     struct Frame {
         int hundredths;
-        std::vector<std::uint32_t> pixels;  ///< 0xFFRRGGBB of the whole picture, as it stands then
+        std::vector<std::uint32_t> pixels;          ///< 0xFFRRGGBB of the whole picture, as it stands then
+        int left = 0, top = 0, wide = 0, high = 0;  ///< of what the file has of it
+        int colors = 0;
+        bool plain = false;  ///< stays for the next, waits for nobody and lets nothing shine through
     };
     int wide = 0, high = 0;
+    std::string version;
+    int bits = 0;  ///< of a colour's channel
     bool again_and_again = false;
     std::vector<Frame> frames;
 
@@ -49,12 +54,18 @@ inline Gif_Read Read_Gif(const std::string& bytes) {
     }
     read.wide = file->SWidth;
     read.high = file->SHeight;
+    read.version = bytes.substr(0, 6);
+    read.bits = file->SColorResolution;
     std::vector<std::uint32_t> canvas(static_cast<std::size_t>(read.wide) * static_cast<std::size_t>(read.high), 0);
     for (int i = 0; i < file->ImageCount; ++i) {
         const SavedImage& image = file->SavedImages[i];
-        for (int e = 0; e < image.ExtensionBlockCount; ++e)
-            if (image.ExtensionBlocks[e].Function == APPLICATION_EXT_FUNC_CODE)
-                read.again_and_again = std::memcmp(image.ExtensionBlocks[e].Bytes, "NETSCAPE2.0", 11) == 0;
+        for (int e = 0; e + 1 < image.ExtensionBlockCount; ++e) {
+            const ExtensionBlock &name = image.ExtensionBlocks[e], &times = image.ExtensionBlocks[e + 1];
+            if (name.Function != APPLICATION_EXT_FUNC_CODE) continue;
+            const GifByteType forever[] = {1, 0, 0};
+            read.again_and_again = name.ByteCount == 11 && std::memcmp(name.Bytes, "NETSCAPE2.0", 11) == 0 &&
+                                   times.ByteCount == 3 && std::memcmp(times.Bytes, forever, 3) == 0;
+        }
         GraphicsControlBlock control{};
         EXPECT_EQ(DGifSavedExtensionToGCB(file, i, &control), GIF_OK);
         const GifImageDesc& place = image.ImageDesc;
@@ -66,7 +77,10 @@ inline Gif_Read Read_Gif(const std::string& bytes) {
                     0xFF000000U | static_cast<std::uint32_t>(color.Red) << 16U |
                     static_cast<std::uint32_t>(color.Green) << 8U | color.Blue;
             }
-        read.frames.push_back({control.DelayTime, canvas});
+        const bool plain = control.DisposalMode == DISPOSE_DO_NOT && !control.UserInputFlag &&
+                           control.TransparentColor == NO_TRANSPARENT_COLOR;
+        read.frames.push_back({control.DelayTime, canvas, place.Left, place.Top, place.Width, place.Height,
+                               map->ColorCount, plain && !place.Interlace});
     }
     DGifCloseFile(file, &error);
     return read;
