@@ -96,6 +96,24 @@ TEST_F(OnePosition, ClosesAsWellWhereALeadingCoefficientNearlyVanishes) {
     EXPECT_LT(worst, 1.5e-6);
 }
 
+TEST_F(OnePosition, HasTheSinesOfItsAnglesAndTheSquaresOfItsSpeeds) {
+    Model.Omega2 = 3;
+    Solve(70);
+    const auto& m = Model;
+    const double angles[] = {m.Theta2Rad, m.Theta3Rad, m.Theta4Rad, m.Theta3Rad + m.DeltaRad};
+    const double sines[] = {m.SinTheta2, m.SinTheta3, m.SinTheta4, m.SinDelta3};
+    const double cosines[] = {m.CosTheta2, m.CosTheta3, m.CosTheta4, m.CosDelta3};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_NEAR(sines[i], std::sin(angles[i]), 1e-6) << i;
+        EXPECT_NEAR(cosines[i], std::cos(angles[i]), 1e-6) << i;
+    }
+    EXPECT_EQ(m.Omega2Sq, 9.0);
+    EXPECT_NEAR(m.Omega3Sq, m.Omega3 * m.Omega3, 1e-6);
+    EXPECT_NEAR(m.Omega4Sq, m.Omega4 * m.Omega4, 1e-6);
+    EXPECT_GT(m.Omega3Sq, 1e-3);
+    EXPECT_GT(m.Omega4Sq, 1e-3);
+}
+
 TEST_F(OnePosition, CrankAtRestHasNoSpeedsAndRepeatsThePreviousRatio) {
     Solve(40, 0);
     const double ratio = Model.RunTable.OmegaRatio(0);
