@@ -222,6 +222,34 @@ TEST_F(Study_Motion, SolvesAFurtherAngleAsARunOfOnePositionDoes) {
     }
 }
 
+TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Model.PolarCoords = true;
+    Turn_Ground(20);
+    study::Motion motion;
+    for (const double speed : {7.0, -7.0, 0.0})
+        for (const double acceleration : {-3.75, 0.0})
+            for (const int calctype : {1, 2, 3}) {
+                SCOPED_TRACE(testing::Message() << speed << ' ' << acceleration << ' ' << calctype);
+                Model.Omega2Input = speed;
+                Model.Alpha2 = acceleration;
+                Model.ThetaZero = 33;
+                Model.TimeStart = 0.125;
+                Model.TimeStep = 0.03125;
+                Take_Angles(10, 85, 10);
+                Model.Calctype = calctype;
+                Model.NSteps = calctype == 1 ? 0 : 8;
+                study::Design design = study::Design_Of(Model);
+                ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+                Integer result;
+                Calc_Setup(calctype, result);
+                EXPECT_EQ(motion.Last(), Model.NSteps);
+                EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), motion.Closed_Steps());
+                EXPECT_GT(motion.Closed_Steps(), 0);
+            }
+}
+
 TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
     SCOPED_TRACE(Trace());
     study::Motion motion;

@@ -89,6 +89,26 @@ TEST(Tally, IsExactForFewValues) {
     EXPECT_EQ(tally.Highest().front(), (Tally::Extreme{5, 3}));
 }
 
+TEST(Tally, TheTenLeastAndGreatestStandInOrder) {
+    Tally tally;
+    for (int i = 0; i < 30; ++i) tally.Add(static_cast<float>(i / 2), 100 - i);
+    tally.Add(std::numeric_limits<float>::quiet_NaN(), 7);
+    ASSERT_EQ(tally.Lowest().size(), 10u);
+    ASSERT_EQ(tally.Highest().size(), 10u);
+    for (std::size_t i = 0; i < 10; ++i) {
+        // Of two alike the one with the smaller number, which came second.
+        const std::uint64_t low = 100 - (i % 2 == 0 ? i + 1 : i - 1);
+        EXPECT_EQ(tally.Lowest()[i], (Tally::Extreme{static_cast<float>(i / 2), low}));
+        EXPECT_EQ(tally.Highest()[i], (Tally::Extreme{static_cast<float>(14 - i / 2), 71 + i}));
+    }
+    EXPECT_EQ(tally.None(), 1u);
+    Tally one;
+    one.Add(3, 1);
+    EXPECT_EQ(one.Deviation(), 0);
+    one.Add(5, 2);
+    EXPECT_NEAR(one.Deviation(), std::sqrt(2.0), 1e-15);
+}
+
 /// More values than bins, near one place and through zero.
 TEST(Tally, QuantilesOfManyAreWithinABin) {
     for (const double middle : {0.0, 40.0}) {
@@ -155,6 +175,15 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     EXPECT_FALSE(spread.Take("")) << "nor nothing at all";
     EXPECT_FALSE(spread.Take("33"));
     EXPECT_TRUE(spread.Take("32"));
+    EXPECT_TRUE(spread.Take("0 4294967295 1 0 0"));
+    EXPECT_FALSE(spread.Take("0 4294967296 1 0 0")) << "no single has such bits";
+    EXPECT_FALSE(spread.Take("0 5 1 4294967296 0"));
+    for (const char* broken : {"0 5", "0 5 1", "0 5 1 0", "0 x"}) EXPECT_FALSE(spread.Take(broken)) << broken;
+    std::string bins = "0";
+    for (int key = 1; key <= 4096; ++key) bins += " " + std::to_string(key) + " 1 0 0";
+    EXPECT_TRUE(spread.Take(bins));
+    EXPECT_EQ(spread.Count(), 4096u);
+    EXPECT_FALSE(spread.Take(bins + " 5000 1 0 0"));
 }
 
 }  // namespace
