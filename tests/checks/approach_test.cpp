@@ -1,7 +1,6 @@
 // How near a linkage comes to a pose that is asked for, beside a walk around its crank, and what is expected of it.
-#include "checks/positions.h"
-
 #include "checks/designs.h"
+#include "checks/positions.h"
 #include "core/text.h"
 #include "tests/checks/told.h"
 
@@ -117,7 +116,8 @@ TEST_F(Approaches, PosesBesideTheCurveAreComeNearTo) {
                 Calc_Setup(3, result);
                 for (int step = 0; step <= Model.NSteps; ++step) {
                     const Vector P = Point(step, 2) * std::polar(1.0, Model.Link1Angle / kRadian);
-                    const double turn = std::remainder(Model.RunTable.Theta(step, 1) / kRadian - asked.coupler, 2 * M_PI);
+                    const double turn =
+                        std::remainder(Model.RunTable.Theta(step, 1) / kRadian - asked.coupler, 2 * M_PI);
                     const double distance = std::hypot(std::abs(P - wanted), longer * turn);
                     if (distance >= least) continue;
                     least = distance;

@@ -27,8 +27,8 @@ void Expect_Same(const Estimate2& found, const Ranges& sought, const char* what)
 void Expect_All_Same(const Links& g, double th2, double w2, double a2, double a2_before) {
     SCOPED_TRACE(th2);
     const Solved_Position p = Solve_Position(g, th2, w2, a2, a2_before);
-    const Expected e = checks::Expected_At({g.L1, g.L2, g.L3, g.L4, g.Rpa, g.delta, g.sign < 0},
-                                           {th2, w2, a2, a2_before, th2});
+    const Expected e =
+        checks::Expected_At({g.L1, g.L2, g.L3, g.L4, g.Rpa, g.delta, g.sign < 0}, {th2, w2, a2, a2_before, th2});
     Expect_Same(e.th2, {th2, kHalf}, "crank");
     Expect_Same(e.th3, p.th3, "coupler");
     Expect_Same(e.th4, p.th4, "rocker");
@@ -42,7 +42,8 @@ void Expect_All_Same(const Links& g, double th2, double w2, double a2, double a2
     Expect_Same(e.determinant, p.G, "determinant");
     for (int i = 0; i <= 2; ++i) Expect_Same(e.velocity[i], p.velocity[i], "velocity");
     for (int i = 0; i <= 3; ++i) Expect_Same(e.acceleration[i], p.acceleration[i], "acceleration");
-    // By its magnitude and the coupler's angle, which goes through degrees kept as singles: ten half places of a radian.
+    // By its magnitude and the coupler's angle, which goes through degrees kept as singles: ten half places of a
+    // radian.
     const Ranges& P = p.acceleration[2];
     const double along = P.Off() + P.Size() * (p.th3.off + 10 * kHalf);
     for (const Estimate& component : {e.acceleration[4].x, e.acceleration[4].y}) {

@@ -150,10 +150,10 @@ TEST_F(Positions, OnDifferentCircuitsAreByDesignInBothChecks) {
         if (!check.name.ends_with(" of the synthesis")) continue;
         ++told;
         EXPECT_EQ(check.verdict, Verdict::kByDesign);
-        EXPECT_EQ(check.meaning, (check.name.starts_with("Turns")
-                                      ? "The coupler turns by the angles given between the positions."
-                                      : "The linkage " + Words() + ".") +
-                                     std::string(" The synthesis does not tell circuits apart."));
+        EXPECT_EQ(check.meaning,
+                  (check.name.starts_with("Turns") ? "The coupler turns by the angles given between the positions."
+                                                   : "The linkage " + Words() + ".") +
+                      std::string(" The synthesis does not tell circuits apart."));
     }
     EXPECT_EQ(told, 2);
 }

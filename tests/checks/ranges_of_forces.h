@@ -31,7 +31,8 @@ struct Acting {
 
 class Ranges_Of_Forces : public Told {
    protected:
-    /// From the direction of the diagonal between A and O4, by the corner that the triangle with coupler and rocker has.
+    /// From the direction of the diagonal between A and O4, by the corner that the triangle with coupler and rocker
+    /// has.
     static double By_Triangle(int step, int link) {
         const auto& m = Model;
         const Vector diagonal = double{m.L1} - Point(step, 0);
@@ -115,8 +116,7 @@ class Ranges_Of_Forces : public Told {
         const Solved_Position p = Solved_At(step);
         const auto& t = Model.RunTable;
         Acting a;
-        a.l2 = Link_Of(step, 2, {Crank(step), kHalf}, double{t.Omega(step, 0)}, double{t.Alpha(step, 0)}, {},
-                       weights);
+        a.l2 = Link_Of(step, 2, {Crank(step), kHalf}, double{t.Omega(step, 0)}, double{t.Alpha(step, 0)}, {}, weights);
         a.l3 = Link_Of(step, 3, p.th3, p.omega3, p.alpha3, p.acceleration[0], weights);
         a.l4 = Link_Of(step, 4, p.th4, p.omega4, p.alpha4, {}, weights);
         if (loaded) Take_Loads(step, p, a);

@@ -73,7 +73,8 @@ class Told : public Random_Linkages {
         return {};
     }
     /// With a number that is `by` more, the check fails there, by so much, beside four times what rounding does.
-    static void Expect_Told(const std::string& name, Single& cell, double by, const std::string& where, double rounding) {
+    static void Expect_Told(const std::string& name, Single& cell, double by, const std::string& where,
+                            double rounding) {
         const Single kept = cell;
         cell += by;
         Expect_Failing(name, where, std::abs(by), rounding);

@@ -69,8 +69,9 @@ TEST_F(Told_Of_Balance, AMassCentreThatMovesIsToldWhereItIsFarthest) {
             most = off;
             at = step;
         }
-        Expect_Failing("Balanced mass centre", "step " + std::to_string(at) + ", " + std::to_string(40 + 5 * at) + " deg",
-                       most, Centre_Rounding());
+        Expect_Failing("Balanced mass centre",
+                       "step " + std::to_string(at) + ", " + std::to_string(40 + 5 * at) + " deg", most,
+                       Centre_Rounding());
     }
 }
 
@@ -99,12 +100,14 @@ TEST_F(Told_Of_Balance, AShakingForceThatIsAnotherIsToldBesideTheRoundingOfAllPi
         const Check good = Found("Balanced shaking force");
         EXPECT_EQ(good.verdict, Verdict::kGood);
         EXPECT_EQ(good.unit, "N");
-        EXPECT_EQ(good.meaning,
-                  "The shaking force with counterweights is what the momentum of links and counterweights and the loads "
-                  "leave.");
+        EXPECT_EQ(
+            good.meaning,
+            "The shaking force with counterweights is what the momentum of links and counterweights and the loads "
+            "leave.");
         const Acting own = Acting_At(8, Own_Weights{}, true), weights = Acting_At(8, Counterweights{}, false);
         double open = 0;
-        for (const Ranges& pin : {own.F12, own.F14, weights.F12, weights.F14}) open += pin.Off() + 4 * kHalf * pin.Size();
+        for (const Ranges& pin : {own.F12, own.F14, weights.F12, weights.F14})
+            open += pin.Off() + 4 * kHalf * pin.Size();
         for (const int axis : {0, 1})
             Expect_Told("Balanced shaking force", t.BalancedForce(8, 7, axis), 100, "step 8, 80 deg", open);
     }
@@ -125,9 +128,10 @@ TEST_F(Told_Of_Balance, StepsThatASolveHasNotReachedAreCounted) {
         EXPECT_EQ(check.expected, 0);
         EXPECT_EQ(check.unit, "steps");
         EXPECT_EQ(check.where, "step 16, 120 deg");
-        EXPECT_EQ(check.meaning,
-                  "Steps without the forces of counterweights. A solve stopped there, and the sums that follow lack what "
-                  "it has not found.");
+        EXPECT_EQ(
+            check.meaning,
+            "Steps without the forces of counterweights. A solve stopped there, and the sums that follow lack what "
+            "it has not found.");
         t.BalancedForce(15, 7, 0) += 100;
         EXPECT_EQ(Found("Balanced shaking force").where, "step 15, 115 deg");
         t.BalancedForce(17, 7, 0) += 1000;

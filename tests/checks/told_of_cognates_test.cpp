@@ -133,10 +133,11 @@ TEST_F(Told_Of_Cognates, RoundedByAChangeOfUnitsAreByDesignUpToTenPlaces) {
         EXPECT_NEAR(check.worst / (1000 * std::abs(by)), 1, 1e-2);
         EXPECT_EQ(check.where, "cognate 3 of the diagram");
         EXPECT_NEAR(check.expected / (4 * 1000 * 16 * kHalf * Sum(Model.CayleyRows, 3)), 1, 1e-4);
-        EXPECT_EQ(check.meaning,
-                  "Set beside each other by Roberts' triangles, the three cognates carry their coupler points along one "
-                  "curve, mirrored where the side links are exchanged. Lengths are rounded, as the boxes show them or as "
-                  "a change of units does, by so much.");
+        EXPECT_EQ(
+            check.meaning,
+            "Set beside each other by Roberts' triangles, the three cognates carry their coupler points along one "
+            "curve, mirrored where the side links are exchanged. Lengths are rounded, as the boxes show them or as "
+            "a change of units does, by so much.");
         EXPECT_EQ(check.unit, "mm");
     }
     for (const double places : {0.5, 1.25, 11.0, -11.0}) {

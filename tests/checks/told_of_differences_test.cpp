@@ -1,4 +1,5 @@
-// Differences of positions beside a velocity and an acceleration that are others: by the polynomials through the points.
+// Differences of positions beside a velocity and an acceleration that are others: by the polynomials through the
+// points.
 #include <map>
 
 #include "tests/checks/told.h"
@@ -96,9 +97,9 @@ class Told_Of_Differences : public Told {
                 t.VelXY(step, row, axis) = kept_v;
                 t.AccXY(step, row, axis) += 1e7;
                 const double a = std::hypot(t.AccXY(step, row, 0), t.AccXY(step, row, 1));
-                Expect_Failing("Accelerations by differences", where, 1e7,
-                               std::abs(a2) * first + w2 * w2 * second + 1000 * p.acceleration[row].Off() +
-                                   2 * kHalf * a);
+                Expect_Failing(
+                    "Accelerations by differences", where, 1e7,
+                    std::abs(a2) * first + w2 * w2 * second + 1000 * p.acceleration[row].Off() + 2 * kHalf * a);
                 t.AccXY(step, row, axis) = kept_a;
             }
         }
@@ -107,7 +108,8 @@ class Told_Of_Differences : public Told {
     std::string Steps_Seen(const std::string& check = "Velocities by differences") {
         std::string seen;
         for (int step = 0; step <= Model.NSteps; ++step) {
-            Single& cell = check.starts_with("Vel") ? Model.RunTable.VelXY(step, 2, 0) : Model.RunTable.AccXY(step, 2, 0);
+            Single& cell =
+                check.starts_with("Vel") ? Model.RunTable.VelXY(step, 2, 0) : Model.RunTable.AccXY(step, 2, 0);
             const Single kept = cell;
             cell += 1e7;
             const std::vector<Check> checks = Checks_Of(Model);

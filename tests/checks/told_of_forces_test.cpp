@@ -86,9 +86,8 @@ TEST_F(Told_Of_Forces, TheShakingMomentAndByHowMuchItIsAnotherAboutO2) {
         const Vector F14 = Middle(a.F14), arm = Middle(a.l4.arm);
         const double told = -(arm.real() * F14.imag() - arm.imag() * F14.real()) - a.T12.value;
         EXPECT_NEAR(t.LinkTorque(kStep, 3), told, 1e-5);
-        const double open = std::abs(arm) * (a.F14.Off() + 8 * kHalf * std::abs(F14)) +
-                            a.l4.arm.Off() * std::abs(F14) + a.T12.off + 4 * kHalf * std::abs(a.T12.value) +
-                            2 * kHalf * std::abs(told);
+        const double open = std::abs(arm) * (a.F14.Off() + 8 * kHalf * std::abs(F14)) + a.l4.arm.Off() * std::abs(F14) +
+                            a.T12.off + 4 * kHalf * std::abs(a.T12.value) + 2 * kHalf * std::abs(told);
         double most = 0;
         for (int step = 0; step <= Model.NSteps; ++step) {
             const Acting at = Acting_At(step, Own_Weights{}, true);
@@ -145,9 +144,10 @@ TEST_F(Told_Of_Forces, TheMomentOfFrictionIsItsPowerAtTheCouplerPoint) {
     EXPECT_EQ(check.verdict, Verdict::kByDesign);
     EXPECT_NEAR(check.worst / most, 1, 1e-5);
     EXPECT_EQ(check.unit, "N- m");
-    EXPECT_EQ(check.meaning,
-              "Where friction acts. Friction acts at the mass centre of link 3, without a moment: at the coupler point, "
-              "against whose motion it is, the driving torque would be another by so much.");
+    EXPECT_EQ(
+        check.meaning,
+        "Where friction acts. Friction acts at the mass centre of link 3, without a moment: at the coupler point, "
+        "against whose motion it is, the driving torque would be another by so much.");
 }
 
 TEST_F(Told_Of_Forces, DirectionsOfLoadsAreToldByTheirPowerWhenTheyAreTurnedBack) {
@@ -194,7 +194,8 @@ TEST_F(Told_Of_Forces, ChecksSayWhatTheyCheckInTheirUnits) {
     Solve_All();
     const std::tuple<const char*, const char*, const char*> all[] = {
         {"Power in and out", "N- m",
-         "Power in equals power out: the driving torque is what virtual work of inertia, loads and friction asks of the "
+         "Power in equals power out: the driving torque is what virtual work of inertia, loads and friction asks of "
+         "the "
          "crank."},
         {"Pin forces", "N", "Each link is in balance: the pin forces are those of moments about A and O4."},
         {"Shaking force", "N",
@@ -207,7 +208,8 @@ TEST_F(Told_Of_Forces, ChecksSayWhatTheyCheckInTheirUnits) {
         {"Moment of friction", "N- m", ""},
         {"Directions of loads", "N- m", ""},
         {"Torque on link 4", "N- m",
-         "The imported torque on link 4. It is taken as it stands in its file, with its sign and step by step, wherever "
+         "The imported torque on link 4. It is taken as it stands in its file, with its sign and step by step, "
+         "wherever "
          "link 4 is there."},
     };
     const std::vector<Check> checks = Checks_Of(Model);

@@ -145,20 +145,19 @@ TEST_F(Told_Of_Motion, WhatTheAccelerationOfTheStepBeforeTakesOrGives) {
         EXPECT_EQ(angular.verdict, Verdict::kByDesign);
         EXPECT_NEAR(angular.worst / turns, 1, 1e-5);
         EXPECT_NEAR(linear.worst / points, 1, 1e-5);
-        EXPECT_EQ(angular.meaning,
-                  "Links 3 and 4 are sped up as the triangle's second derivative has it. In a driven run one term takes "
-                  "the crank's acceleration of the step before.");
+        EXPECT_EQ(
+            angular.meaning,
+            "Links 3 and 4 are sped up as the triangle's second derivative has it. In a driven run one term takes "
+            "the crank's acceleration of the step before.");
     }
 }
 
 TEST_F(Told_Of_Motion, EachCheckHasItsUnit) {
     Take_Driven_Run(1);
     const std::pair<const char*, const char*> units[] = {
-        {"Loop closure", "mm"},       {"Positions", "mm"},
-        {"Angles", "degrees"},        {"Angular speeds", "rad/sec"},
-        {"Velocities", "mm/sec"},     {"Angular accelerations", "rad/sec^2"},
-        {"Accelerations", "mm/sec^2"}, {"Ratio of speeds", "ratio"},
-        {"Mechanical advantage", "ratio"},
+        {"Loop closure", "mm"},        {"Positions", "mm"},          {"Angles", "degrees"},
+        {"Angular speeds", "rad/sec"}, {"Velocities", "mm/sec"},     {"Angular accelerations", "rad/sec^2"},
+        {"Accelerations", "mm/sec^2"}, {"Ratio of speeds", "ratio"}, {"Mechanical advantage", "ratio"},
     };
     const std::vector<Check> checks = Checks_Of(Model);
     for (std::size_t i = 0; i < std::size(units); ++i) {

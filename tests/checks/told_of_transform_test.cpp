@@ -131,7 +131,8 @@ TEST_F(Told_Of_Transform, WhatCuttingTakesIsByDesignAndNoMore) {
     for (int sample = 1; sample <= 48; ++sample) Model.RunTable.Omega(sample, 2) = Inverse(sample);
     const Single kept = Model.RunTable.Omega(5, 2);
     const std::string meaning =
-        "The harmonics of the transform give one of the run's functions back, and the magnitudes are those of their real "
+        "The harmonics of the transform give one of the run's functions back, and the magnitudes are those of their "
+        "real "
         "and imaginary parts.";
     EXPECT_EQ(Told_Now().verdict, Verdict::kGood);
     EXPECT_EQ(Told_Now().meaning, meaning);
@@ -139,7 +140,8 @@ TEST_F(Told_Of_Transform, WhatCuttingTakesIsByDesignAndNoMore) {
     for (const double sign : {1.0, -1.0}) {
         Model.RunTable.Omega(5, 2) = kept + sign * 0.99 * most;
         EXPECT_EQ(Told_Now().verdict, Verdict::kByDesign);
-        EXPECT_EQ(Told_Now().meaning, meaning + " Sums below 0.00001 are cut to 0 as they grow, which takes so much of it.");
+        EXPECT_EQ(Told_Now().meaning,
+                  meaning + " Sums below 0.00001 are cut to 0 as they grow, which takes so much of it.");
         EXPECT_NEAR(Told_Now().worst / (0.99 * most), 1, 1e-2);
         Model.RunTable.Omega(5, 2) = kept + sign * 1.01 * most;
         EXPECT_EQ(Told_Now().verdict, Verdict::kFails);

@@ -86,7 +86,8 @@ TEST_F(Whole_Chapters, UsualPlotsAreThoseThatTheRunHas) {
     EXPECT_EQ(words(), (Lines{"Coupler Pt Y", "Veloc CP Mag", "Accel CP Mag", "Trans Ang "}));
     Make_The_Press();
     EXPECT_EQ(words(), (Lines{"Coupler Pt Y", "Veloc CP Mag", "Accel CP Mag", "Trans Ang ", "Torque 12 "}));
-    const std::vector<Output_Function> needs{{"F Shk Balcd", "X", false}, {"F Shaking", "X", false}, {"Omega3", "", false}};
+    const std::vector<Output_Function> needs{
+        {"F Shk Balcd", "X", false}, {"F Shaking", "X", false}, {"Omega3", "", false}};
     EXPECT_EQ(report::There(Model, needs).size(), 3U);
     Balance_Dropped();
     EXPECT_EQ(report::There(Model, needs).size(), 2U);
@@ -130,8 +131,9 @@ TEST_F(Whole_Chapters, NamesStandInThePlacesThatWereFoundForThem) {
     std::vector<platform::LabelWish> wishes;
     for (const auto& name : names) wishes.push_back({name.at, 7.2 * double(name.name.size()) + 4, 14});
     const auto places = platform::Find_Label_Places(picture, pixels, wishes);
-    const std::regex text("<text x=\"([^\"]*)\" y=\"([^\"]*)\" font-family=\"sans-serif\" font-size=\"12\" "
-                          "fill=\"#222222\">([^<]*)</text>\n");
+    const std::regex text(
+        "<text x=\"([^\"]*)\" y=\"([^\"]*)\" font-family=\"sans-serif\" font-size=\"12\" "
+        "fill=\"#222222\">([^<]*)</text>\n");
     std::size_t i = 0;
     for (std::sregex_iterator at(set.svg.begin(), set.svg.end(), text), end; at != end; ++at, ++i) {
         EXPECT_EQ((*at)[3], names[i].name);

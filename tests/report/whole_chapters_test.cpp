@@ -1,11 +1,12 @@
 // Chapters as they are read, line by line, of models whose numbers were put there by hand.
+#include "tests/report/whole_chapters.h"
+
 #include <cmath>
 #include <map>
 #include <regex>
 
 #include "checks/words.h"
 #include "core/results.h"
-#include "tests/report/whole_chapters.h"
 
 namespace verlink::test {
 
@@ -43,15 +44,14 @@ TEST_F(Whole_Chapters, TheDriveHasTheRowsOfItsMode) {
     const Lines times{"Start Time | 0.25 | sec", "End Time | 1.5 | sec", "Delta Time | 0.125 | sec"};
     const Lines zero{"Theta Zero | 33.5 | deg", "Omega2 | 12.5 | rad/s", "Alpha2 | -3.75 | rad/s^2"};
     Model.FrictionForce = 0;
-    for (const int link : {2, 3, 4})
-        Model.LinkInertia(link) = Model.ExtForceMag(link) = Model.ExtTorque(link) = 0;
+    for (const int link : {2, 3, 4}) Model.LinkInertia(link) = Model.ExtForceMag(link) = Model.ExtTorque(link) = 0;
     EXPECT_EQ(drive(1), (Lines{"Calculation Mode | One Position | ", zero[0], zero[1], zero[2]}));
     EXPECT_EQ(drive(2), (Lines{"Calculation Mode | Time Steps | ", times[0], times[1], times[2], zero[0],
                                "Omega Zero | 12.5 | rad/s", zero[2]}));
     EXPECT_EQ(drive(3), (Lines{"Calculation Mode | Angle Steps | ", "Min Theta | 10 | deg", "Max Theta | 350 | deg",
                                "Delta Theta | 2.5 | deg", zero[1]}));
-    EXPECT_EQ(drive(4), (Lines{"Calculation Mode | Cam Driven | ", times[0], times[1], times[2],
-                               "Driven by | other.vlk | "}));
+    EXPECT_EQ(drive(4),
+              (Lines{"Calculation Mode | Cam Driven | ", times[0], times[1], times[2], "Driven by | other.vlk | "}));
     EXPECT_EQ(drive(5), (Lines{"Calculation Mode | Link Driven | ", times[0], times[1], times[2],
                                "Driven by | other.vlk | ", "Delta 2 | 4.5 | deg"}));
     EXPECT_EQ(drive(0)[0], "Calculation Mode | One Position | ");
@@ -63,7 +63,8 @@ TEST_F(Whole_Chapters, OneMassOrLoadAloneBringsTheirTable) {
     auto& m = Model;
     const auto clear = [&] {
         m.FrictionForce = 0;
-        for (const int link : {2, 3, 4}) m.LinkMass(link) = m.LinkInertia(link) = m.ExtForceMag(link) = m.ExtTorque(link) = 0;
+        for (const int link : {2, 3, 4})
+            m.LinkMass(link) = m.LinkInertia(link) = m.ExtForceMag(link) = m.ExtTorque(link) = 0;
     };
     const auto has = [&] { return !From(Lines_In(Chapter::kModel), "# Masses and loads").empty(); };
     clear();
@@ -255,7 +256,8 @@ TEST_F(Whole_Chapters, CounterweightsStandInTheUnitsOfTheirSystem) {
               "coordinate systems of the links. \"Balcd\" is with the counterweights.");
     const char* rows[] = {"F Shaking Mag", "F Shk Balcd Mag", "MShk Balcd", "F12 Balcd Mag", "F14 Balcd Mag"};
     ASSERT_EQ(lines.size(), 13U);
-    for (std::size_t i = 0; i < std::size(rows); ++i) EXPECT_EQ(lines[8 + i].substr(0, lines[8 + i].find(" | ")), rows[i]);
+    for (std::size_t i = 0; i < std::size(rows); ++i)
+        EXPECT_EQ(lines[8 + i].substr(0, lines[8 + i].find(" | ")), rows[i]);
 }
 
 TEST_F(Whole_Chapters, ASynthesisOfTwoPositionsHasWhatWasGivenAndItsDyads) {

@@ -251,7 +251,9 @@ TEST(Designs, AStudyThatCannotBeMadeSaysWhy) {
     Study study{Four_Bars(), {}, {}, {}};
     study.design.NSteps = 36;
     std::string fault;
-    const auto at = [&](double angle) { return Measure_Of("at " + std::to_string(angle) + " Theta4", false, fault).value(); };
+    const auto at = [&](double angle) {
+        return Measure_Of("at " + std::to_string(angle) + " Theta4", false, fault).value();
+    };
     const auto words = [&](int calctype) {
         study.design.Calctype = calctype;
         return Fault_Of(study);
