@@ -106,6 +106,11 @@ TEST_F(Study_Tables, PartsWhoseFirstLineIsNoneAreTold) {
         return Run({"--merge", Path("all.csv"), Path("broken.csv")});
     };
     EXPECT_EQ(merged(", shard 1/1").status, 0);
+    for (const std::string& text : {"x" + whole, whole.substr(0, whole.find('\n')), std::string()}) {
+        Write("broken.csv", text);
+        EXPECT_EQ(Run({"--merge", Path("all.csv"), Path("broken.csv")}).err,
+                  "verlink-batch: " + Path("broken.csv") + " is no part of a study\n");
+    }
     for (const char* broken :
          {", shard x/1", ", shard 1-1", ", shard 0/1", ", shard 1/x", ", shard 1 1", ", shrad 1/1"}) {
         const Outcome outcome = merged(broken);

@@ -129,6 +129,7 @@ TEST_F(Whole_Chapters, NamesStandInThePlacesThatWereFoundForThem) {
     EXPECT_NE(set.svg.find("width=\"" + std::to_string(pixels) + "\""), std::string::npos);
     // Letters 12 pixels high and as a rule 0.6 of that wide, with 2 around them aside and below.
     std::vector<platform::LabelWish> wishes;
+    wishes.reserve(names.size());
     for (const auto& name : names) wishes.push_back({name.at, 7.2 * double(name.name.size()) + 4, 14});
     const auto places = platform::Find_Label_Places(picture, pixels, wishes);
     const std::regex text(

@@ -98,6 +98,8 @@ TEST_F(Whole_Chapters, MassesAndLoadsStandByLink) {
     m.FrictionForce = 0.75;
     m.TorqueImported = true;
     m.TorqueFileName = "torque.txt";
+    const std::string systems =
+        "LRCS: local rotating coordinate system of the link, along its line of centers. GCS: global coordinate system.";
     const Lines expected{"# Masses and loads",
                          " | Link 2 | Link 3 | Link 4 | Unit",
                          "Mass of Link | 1.000 | 1.500 | 2.000 | kg",
@@ -110,8 +112,7 @@ TEST_F(Whole_Chapters, MassesAndLoadsStandByLink) {
                          "Angle to Force Point in LRCS |  | 33 | 44 | degrees",
                          "Torque on Link |  | 4.500 | from torque.txt | N- m",
                          "Friction Force on Link |  | 0.75 |  | N",
-                         "LRCS: local rotating coordinate system of the link, along its line of centers. GCS: global "
-                         "coordinate system."};
+                         systems};
     EXPECT_EQ(From(Lines_In(Chapter::kModel), "# Masses and loads"), expected);
 }
 

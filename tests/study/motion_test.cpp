@@ -250,6 +250,38 @@ TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
             }
 }
 
+TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
+    study::Motion motion;
+    const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
+        SCOPED_TRACE(testing::Message() << scale << ' ' << speed << ' ' << acceleration);
+        Notes notes(desktop, platform::Answer::kIgnore);
+        Take_Lengths(2.667 * scale, 1.115 * scale, 2.5 * scale, 2.5 * scale);
+        Take_Coupler_Point(1.697 * scale, -92.66);
+        Take_Circuit(1);
+        Model.PolarCoords = true;
+        Model.Calctype = 1;
+        Model.NSteps = 0;
+        Model.ThetaZero = 50;
+        Model.Omega2Input = speed;
+        Model.Alpha2 = acceleration;
+        study::Design design = study::Design_Of(Model);
+        Integer result;
+        Calc_Setup(1, result);
+        EXPECT_EQ(bool(Model.RunTable.Assembled(0)), closes);
+        for (const auto wanted : {study::Wanted::kAngles, study::Wanted::kPoints, study::Wanted::kMotion}) {
+            EXPECT_EQ(motion.Solve(design, wanted), closes);
+            EXPECT_EQ(motion.Closed(0), closes);
+        }
+    };
+    expect(1, 7, 3, true);
+    expect(1, 1e25, 0, false);
+    expect(1, -1e25, 0, false);
+    expect(1, 7, 3.3e38, false);
+    expect(1, 7, -3.3e38, false);
+    expect(1e31, 9000, 0, false);
+    expect(1e15, 9000, 0, true);
+}
+
 TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
     SCOPED_TRACE(Trace());
     study::Motion motion;

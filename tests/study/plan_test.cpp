@@ -24,10 +24,12 @@ class Plans : public testing::Test {
     std::vector<double> Values(Number linkage) {
         const std::vector<int> moved = plan.Moved();
         std::vector<Single> home;
+        home.reserve(moved.size());
         Design at = design;
         for (const int field : moved) home.push_back(Fields()[static_cast<std::size_t>(field)].place(at));
         plan.Put(linkage, moved, home, at);
         std::vector<double> values;
+        values.reserve(moved.size());
         for (const int field : moved) values.push_back(Fields()[static_cast<std::size_t>(field)].place(at));
         return values;
     }

@@ -17,6 +17,7 @@ std::vector<float> Values(int count, double middle, double width) {
     std::mt19937 random(3);
     std::normal_distribution<double> number(middle, width);
     std::vector<float> values;
+    values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) values.push_back(static_cast<float>(number(random)));
     return values;
 }
@@ -91,15 +92,16 @@ TEST(Tally, IsExactForFewValues) {
 
 TEST(Tally, TheTenLeastAndGreatestStandInOrder) {
     Tally tally;
-    for (int i = 0; i < 30; ++i) tally.Add(static_cast<float>(i / 2), 100 - i);
+    for (int i = 0; i < 30; ++i) tally.Add(static_cast<float>(i >> 1U), 100 - i);
     tally.Add(std::numeric_limits<float>::quiet_NaN(), 7);
     ASSERT_EQ(tally.Lowest().size(), 10u);
     ASSERT_EQ(tally.Highest().size(), 10u);
     for (std::size_t i = 0; i < 10; ++i) {
         // Of two alike the one with the smaller number, which came second.
         const std::uint64_t low = 100 - (i % 2 == 0 ? i + 1 : i - 1);
-        EXPECT_EQ(tally.Lowest()[i], (Tally::Extreme{static_cast<float>(i / 2), low}));
-        EXPECT_EQ(tally.Highest()[i], (Tally::Extreme{static_cast<float>(14 - i / 2), 71 + i}));
+        const std::size_t pair = i / 2;
+        EXPECT_EQ(tally.Lowest()[i], (Tally::Extreme{static_cast<float>(pair), low}));
+        EXPECT_EQ(tally.Highest()[i], (Tally::Extreme{static_cast<float>(14 - pair), 71 + i}));
     }
     EXPECT_EQ(tally.None(), 1u);
     Tally one;
@@ -130,6 +132,7 @@ TEST(Tally, QuantilesOfManyAreWithinABin) {
 /// Bins of two neighbours each, and a quantile in the middle of one.
 TEST(Tally, WithinABinAQuantileGoesEvenlyFromTheLeastToTheGreatest) {
     std::vector<float> values;
+    values.reserve(40000);
     for (int i = 0; i < 40000; ++i) values.push_back(1 + static_cast<float>(i) / 40000);
     const Tally tally = Tally_Of(values, 1.5);
     for (const double share : {0.1, 0.35, 0.5, 0.77})
