@@ -79,6 +79,11 @@ TEST_F(Study_Tables, SensitivitiesOfTheSpeedItself) {
     EXPECT_EQ(table.At(1, "Share"), 0);
 }
 
+TEST_F(Study_Tables, ANegativeLengthOfTheModelIsMadePositive) {
+    const Outcome closed = Run(ModelText().Set(kL2, "-1.115"), {"--sweep", "L4=2.5:2.75:2", "--measure", "closes"});
+    EXPECT_EQ(closed.out, "Linkage,L4,closes\n1,2.5,1\n2,2.75,1\n") << closed.err;
+}
+
 TEST_F(Study_Tables, SharesAreNumberedFromTheWhole) {
     std::string rows;
     for (const char* shard : {"1/3", "2/3", "3/3"}) {
