@@ -98,7 +98,12 @@ TEST_F(By_Design, ASolveStopsWhereNumbersAreBeyondASingle) {
     const Check* steps = Find(stopped, "Steps not solved");
     ASSERT_NE(steps, nullptr);
     EXPECT_EQ(steps->verdict, Verdict::kByDesign);
-    EXPECT_NE(steps->meaning.find("The solve stopped there"), std::string::npos);
+    EXPECT_EQ(steps->meaning, "Steps without forces. The solve stopped there, and the steps that follow have none.");
+    EXPECT_EQ(steps->unit, "steps");
+    EXPECT_EQ(steps->worst, Model.NSteps + 1);
+    EXPECT_EQ(steps->where, "step 0, 0 deg");
+    for (const char* name : {"Power in and out", "Pin forces", "Shaking force", "Shaking moment", "Net torques"})
+        EXPECT_EQ(Find(stopped, name), nullptr) << "nothing is compared where there is nothing";
     Model.CG(3, 0) = 1;
     Model.LinkMass(3) = 1;
     EXPECT_TRUE(Any_Fails(Checks_Of(Model))) << "nothing stops it there";
