@@ -70,12 +70,9 @@ void Compare_In_Hand(const LinkageModel& m, const CognateTable& table, double sh
     const double expected = 4 * kHalfPlace * Lengths(table, n) * shown;
     for (int item = 1; item <= 5; ++item) {
         const double length = now[item - 1] * shown, own = table(n, item) * shown;
-        const double place = std::pow(10, -m.DecLengthShown), off = std::abs(length - own);
-        // Whoever types beside it takes what the boxes show: lengths, and the ground also as two coordinates.
-        const bool rounded = std::abs(length - place * std::floor(own / place + 0.5)) <= expected;
-        const bool across = item == 1 && off <= place;
-        const bool converted = off <= 10 * Decimal_Place(m) * shown;
-        if (off > expected && (rounded || across || converted))
+        const double off = std::abs(length - own);
+        // As a change of units rounds it, and more coarsely than the boxes show it to whoever types beside it.
+        if (off > expected && off <= 10 * Decimal_Place(m) * shown)
             worst.Add_By_Design(0, expected, off, -1, "the linkage in hand");
         else
             worst.Add(off, expected, -1, "the linkage in hand");

@@ -132,8 +132,7 @@ bool Goes(const Shape& g, double from, double way) {
 }
 
 std::string Order(const LinkageModel& m, const std::vector<Reached_Position>& positions, int circuit) {
-    Shape g = checks::Shape_Of(m, m);
-    g.open = circuit == 0;
+    const Shape g = checks::Shape_Of(m, m);  // both circuits close at the same crank angles
     const double first = positions[0].circuits[static_cast<std::size_t>(circuit)].crank;
     for (const double sign : {m.Omega2Input < 0 ? -1.0 : 1.0, m.Omega2Input < 0 ? 1.0 : -1.0}) {
         std::vector<std::pair<double, int>> ways;

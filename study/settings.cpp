@@ -145,8 +145,11 @@ Quantity Quantity_Of(const Measure& measure) {
         case 4:
         case 5:
         case 6: return Quantity::kLength;
-        case 9: return Quantity::kTorque;
-        case 10: return Quantity::kForce;
+        case 9:
+        case 12:
+        case 18: return Quantity::kTorque;
+        case 10:
+        case 11: return Quantity::kForce;
         default: return Quantity::kNumber;
     }
 }

@@ -98,7 +98,12 @@ TEST_F(By_Design, ASolveStopsWhereNumbersAreBeyondASingle) {
     const Check* steps = Find(stopped, "Steps not solved");
     ASSERT_NE(steps, nullptr);
     EXPECT_EQ(steps->verdict, Verdict::kByDesign);
-    EXPECT_NE(steps->meaning.find("The solve stopped there"), std::string::npos);
+    EXPECT_EQ(steps->meaning, "Steps without forces. The solve stopped there, and the steps that follow have none.");
+    EXPECT_EQ(steps->unit, "steps");
+    EXPECT_EQ(steps->worst, Model.NSteps + 1);
+    EXPECT_EQ(steps->where, "step 0, 0 deg");
+    for (const char* name : {"Power in and out", "Pin forces", "Shaking force", "Shaking moment", "Net torques"})
+        EXPECT_EQ(Find(stopped, name), nullptr) << "nothing is compared where there is nothing";
     Model.CG(3, 0) = 1;
     Model.LinkMass(3) = 1;
     EXPECT_TRUE(Any_Fails(Checks_Of(Model))) << "nothing stops it there";
@@ -122,6 +127,50 @@ TEST_F(By_Design, NumbersBeyondAllSenseAreNamedAndNothingElseIsChecked) {
     EXPECT_EQ(checks[0].expected, 1e6);
     Model.ForceAng3 = 30;
     EXPECT_GT(Checks_Of(Model).size(), 5U);
+}
+
+TEST_F(By_Design, EachNumberTypedCountsWhereItIsBeyondAllSense) {
+    Notes notes(desktop);
+    Make_Run();
+    auto& m = Model;
+    std::vector<Single*> sizes{&m.L1, &m.L2, &m.L3, &m.L4, &m.Rpa};
+    for (Single* more : {&m.Omega2Input, &m.Alpha2, &m.FrictionForce, &m.ForceDist3, &m.ForceDist4})
+        sizes.push_back(more);
+    std::vector<Single*> angles{&m.Delta, &m.Link1Angle, &m.ForceAng3, &m.ForceAng4};
+    for (const int link : {2, 3, 4}) {
+        for (Single* more : {&m.LinkMass(link), &m.LinkInertia(link), &m.ExtForceMag(link), &m.ExtTorque(link),
+                             &m.BerkMass(link), &m.BerkRadius(link), &m.CG(link, 0)})
+            sizes.push_back(more);
+        angles.push_back(&m.CG(link, 1));
+        angles.push_back(&m.ExtForceAng(link));
+    }
+    const auto expect = [&](Single* number, double limit) {
+        const Single kept = *number;
+        for (const double sign : {1.0, -1.0}) {
+            *number = sign * 1.125 * limit;
+            const std::vector<Check> checks = Checks_Of(m);
+            ASSERT_EQ(checks.size(), 1U);
+            EXPECT_EQ(checks[0].worst, std::abs(*number));
+            EXPECT_EQ(checks[0].expected, limit);
+            EXPECT_EQ(checks[0].where, "");
+            EXPECT_EQ(checks[0].unit, "");
+            EXPECT_EQ(checks[0].meaning,
+                      "Single precision has no digits left beside numbers of this size: nothing else is checked.");
+        }
+        *number = kept;
+    };
+    for (Single* number : sizes) expect(number, 1e12);
+    for (Single* number : angles) expect(number, 1e6);
+    m.ForceAng3 = 1e6;
+    EXPECT_EQ(Checks_Of(m).size(), 1U) << "the limit itself is beyond";
+    m.ForceAng4 = 3e6;
+    EXPECT_EQ(Checks_Of(m)[0].worst, 3e6) << "the largest is told";
+    m.LinkMass(2) = 2e12F;
+    EXPECT_EQ(Checks_Of(m)[0].expected, 1e12);
+    m.ForceAng4 = 30;
+    m.ForceAng3 = Single(0.99e6);
+    m.LinkMass(2) = 0.99e12F;
+    EXPECT_GT(Checks_Of(m).size(), 5U);
 }
 
 TEST_F(By_Design, ACognateInHandMayHaveTheLengthsOfTheBoxes) {

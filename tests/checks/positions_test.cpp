@@ -77,6 +77,10 @@ TEST_F(Positions, AreReachedOnTheirCircuitInTheirOrder) {
     Take_Positions({60, 160, 110}, {2, 2, 2});
     EXPECT_EQ(Words(),
               "reaches all positions on the crossed circuit, in the order 1, 3, 2 as the crank turns counterclockwise");
+    for (const double speed : {0.5, 0.0}) {
+        Model.Omega2Input = speed;
+        EXPECT_TRUE(Words().ends_with("in the order 1, 3, 2 as the crank turns counterclockwise")) << speed;
+    }
     Model.Omega2Input = -10;
     EXPECT_EQ(Words(),
               "reaches all positions on the crossed circuit, in the order 1, 2, 3 as the crank turns clockwise");
@@ -103,6 +107,12 @@ TEST_F(Positions, OnBothSidesOfTheGroundThatARockerCannotCrossAreTold) {
     Take_Positions({20 + 60, 20 + 70}, {1, 1});
     EXPECT_EQ(Words(),
               "reaches all positions on the open circuit, in the order 1, 2 as the crank turns counterclockwise");
+    // The way back goes over the ground the other way round.
+    for (const double speed : {10.0, 0.5, 0.0, -10.0}) {
+        Take_Positions({20 + 70, 20 + 60}, {1, 1});
+        Model.Omega2Input = speed;
+        EXPECT_EQ(Words(), "reaches all positions on the open circuit, in the order 1, 2 as the crank turns clockwise");
+    }
 }
 
 TEST_F(Positions, MissedOnesAreToldWithTheirDistance) {
@@ -127,6 +137,25 @@ TEST_F(Positions, AreToldInTheShownUnit) {
     Use_Units(5);  // the numbers are metres now
     const double shown = std::round(nearest.place * 1000 * 100) / 100;
     EXPECT_NE(Words().find("by " + Text_Of(shown) + " mm"), std::string::npos) << Words();
+}
+
+TEST_F(Positions, OnDifferentCircuitsAreByDesignInBothChecks) {
+    Take_Positions({60, 110}, {1, 2});
+    Take_Angles(0, 360, 10);
+    Integer result;
+    Notes notes(desktop, platform::Answer::kIgnore);
+    Calc_Setup(3, result);
+    int told = 0;
+    for (const Check& check : Checks_Of(Model)) {
+        if (!check.name.ends_with(" of the synthesis")) continue;
+        ++told;
+        EXPECT_EQ(check.verdict, Verdict::kByDesign);
+        EXPECT_EQ(check.meaning,
+                  (check.name.starts_with("Turns") ? "The coupler turns by the angles given between the positions."
+                                                   : "The linkage " + Words() + ".") +
+                      std::string(" The synthesis does not tell circuits apart."));
+    }
+    EXPECT_EQ(told, 2);
 }
 
 TEST_F(Positions, AMissedOneFailsItsCheck) {

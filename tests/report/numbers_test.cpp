@@ -89,7 +89,7 @@ TEST_F(Reports, MassesAndLoadsAreThoseOfTheDynamicsScreen) {
 }
 
 TEST_F(Reports, CounterweightsAndPulsesAreThoseOfTheBalancingScreen) {
-    Make_The_Press();
+    Make_The_Press(200);  // of areas with some digits
     const Report report = Made();
     Inside(balance, [&] {
         const auto both = [](const std::string& two, const std::string& four, const std::string& unit) {

@@ -18,8 +18,9 @@ class Reports : public Forces {
     Reports() { Load_Catalogue(); }
 
     /// Calculated, solved and balanced as a user does it on the screens.
-    void Make_The_Press() {
+    void Make_The_Press(double speed = 0) {
         In_Units(5);
+        if (speed > 0) Model.Omega2Input = speed;
         Turn_Ground(30);
         Model.ModelName = "press";
         for (int link = 2; link <= 4; ++link) {

@@ -222,6 +222,66 @@ TEST_F(Study_Motion, SolvesAFurtherAngleAsARunOfOnePositionDoes) {
     }
 }
 
+TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Model.PolarCoords = true;
+    Turn_Ground(20);
+    study::Motion motion;
+    for (const double speed : {7.0, -7.0, 0.0})
+        for (const double acceleration : {-3.75, 0.0})
+            for (const int calctype : {1, 2, 3}) {
+                SCOPED_TRACE(testing::Message() << speed << ' ' << acceleration << ' ' << calctype);
+                Model.Omega2Input = speed;
+                Model.Alpha2 = acceleration;
+                Model.ThetaZero = 33;
+                Model.TimeStart = 0.125;
+                Model.TimeStep = 0.03125;
+                Take_Angles(10, 85, 10);
+                Model.Calctype = calctype;
+                Model.NSteps = calctype == 1 ? 0 : 8;
+                study::Design design = study::Design_Of(Model);
+                ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+                Integer result;
+                Calc_Setup(calctype, result);
+                EXPECT_EQ(motion.Last(), Model.NSteps);
+                EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), motion.Closed_Steps());
+                EXPECT_GT(motion.Closed_Steps(), 0);
+            }
+}
+
+TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
+    study::Motion motion;
+    const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
+        SCOPED_TRACE(testing::Message() << scale << ' ' << speed << ' ' << acceleration);
+        Notes notes(desktop, platform::Answer::kIgnore);
+        Take_Lengths(2.667 * scale, 1.115 * scale, 2.5 * scale, 2.5 * scale);
+        Take_Coupler_Point(1.697 * scale, -92.66);
+        Take_Circuit(1);
+        Model.PolarCoords = true;
+        Model.Calctype = 1;
+        Model.NSteps = 0;
+        Model.ThetaZero = 50;
+        Model.Omega2Input = speed;
+        Model.Alpha2 = acceleration;
+        study::Design design = study::Design_Of(Model);
+        Integer result;
+        Calc_Setup(1, result);
+        EXPECT_EQ(bool(Model.RunTable.Assembled(0)), closes);
+        for (const auto wanted : {study::Wanted::kAngles, study::Wanted::kPoints, study::Wanted::kMotion}) {
+            EXPECT_EQ(motion.Solve(design, wanted), closes);
+            EXPECT_EQ(motion.Closed(0), closes);
+        }
+    };
+    expect(1, 7, 3, true);
+    expect(1, 1e25, 0, false);
+    expect(1, -1e25, 0, false);
+    expect(1, 7, 3.3e38, false);
+    expect(1, 7, -3.3e38, false);
+    expect(1e31, 9000, 0, false);
+    expect(1e15, 9000, 0, true);
+}
+
 TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
     SCOPED_TRACE(Trace());
     study::Motion motion;

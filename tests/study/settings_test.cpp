@@ -95,6 +95,75 @@ TEST(StudySettings, GoWithTheUnitsOfTheModel) {
     EXPECT_EQ(In_Units(s, 3).keep, s.keep);
 }
 
+TEST(StudySettings, ABoundGoesWithTheUnitOfItsMeasure) {
+    const auto in_units = [](const std::string& keep, int from, int to) {
+        Settings s;
+        s.units = from;
+        s.keep = keep;
+        return In_Units(s, to).keep;
+    };
+    const std::pair<const char*, const char*> metric[] = {
+        {"max Veloc CP:Mag < 10", "max Veloc CP:Mag < 254"},
+        {"max Accel CP:X >= 1", "max Accel CP:X >= 25.4"},
+        {"deviation <= 2", "deviation <= 50.8"},
+        {"deviation line > 2", "deviation line > 50.8"},
+        {"max Torque 12 > 1", "max Torque 12 > 0.1129848"},
+        {"max MShk Balcd > 1", "max MShk Balcd > 0.1129848"},
+        {"max Flywl Torque:X > 1", "max Flywl Torque:X > 0.1129848"},
+        {"max F Shaking:Mag < 2", "max F Shaking:Mag < 8.896444"},
+        {"max F Shk Balcd:Mag < 2", "max F Shk Balcd:Mag < 8.896444"},
+        {"max F14 Balcd:Y < 2000000", "max F14 Balcd:Y < 8896444"},
+    };
+    for (const auto& [inches, millimetres] : metric) EXPECT_EQ(in_units(inches, 1, 5), millimetres);
+    for (const char* keep : {"closes > 0.5", "max Veloc CP:Ang > 5", "max F Shaking:Ang < 2", "max Omega4 > 3",
+                             "max w4 / w2 < 0.25", "no bound at all"})
+        EXPECT_EQ(in_units(keep, 1, 5), keep);
+    EXPECT_EQ(in_units("max Coupler Pt:X < 24", 1, 2), "max Coupler Pt:X < 2");
+    EXPECT_EQ(in_units("max Torque 12 > 0", 1, 5), "max Torque 12 > 0");
+}
+
+TEST(StudySettings, RowsAreObjectsAndNotTooMany) {
+    EXPECT_EQ(Fault_With("\"sweeps\": [", "\"sweeps\": [{},"), "the field sweeps is to be a list of at most 2");
+    EXPECT_EQ(Fault_With("\"tolerances\": [", "\"tolerances\": [1,2,3,"),
+              "the field tolerances is to be a list of at most 6");
+    EXPECT_EQ(Fault_With("\"tolerances\": [", "\"tolerances\": [1,2,"), "the field tolerances[0] is to be an object");
+    EXPECT_EQ(Fault_With("\"measure\": \"", "\"measure\": 1, \"keep\": \""), "the field measure is to be a text");
+    EXPECT_EQ(Fault_With("\"units\": 5", "\"units\": 0"), "the field units is to be a whole number from 1");
+    EXPECT_EQ(Fault_With("\"seed\": 18446744073709551615", "\"seed\": -1"),
+              "the field seed is to be a whole number from 0");
+    EXPECT_EQ(Fault_With("\"frame\": \"local\"", "\"frame\": \"l\""),
+              "the field frame is to be global or local, not \"l\"");
+    Settings none;
+    none.seed = 0;
+    none.tolerances[2] = {"L2", 0, Spread::kNormal};
+    Settings read;
+    std::string fault;
+    ASSERT_TRUE(Read_Settings(Settings_Text(none), read, fault)) << fault;
+    EXPECT_EQ(read, none);
+    EXPECT_NE(Settings_Text(none).find("\"sweeps\": []"), std::string::npos) << "rows without a field are none";
+    EXPECT_NE(Settings_Text(none).find("\n  \"seed\": 0,\n"), std::string::npos);
+}
+
+TEST(StudySettings, UsualRowsReachATenthAndKeepToHalfAHundredth) {
+    Design design;
+    design.L2 = 0.012345F;
+    design.L3 = -1234.5F;
+    design.L4 = 0;
+    EXPECT_EQ(Usual_Sweep("L2", design), (Settings::Swept{"L2", 0.01111, 0.01358, 41}));
+    EXPECT_EQ(Usual_Sweep("L3", design), (Settings::Swept{"L3", -1358, -1111, 41}));
+    EXPECT_EQ(Usual_Sweep("none", design), (Settings::Swept{"none", -1, 1, 41}));
+    EXPECT_EQ(Usual_Tolerance("L2", design), (Settings::Tolerated{"L2", 0.00006, Spread::kNormal}));
+    EXPECT_EQ(Usual_Tolerance("L3", design), (Settings::Tolerated{"L3", 6, Spread::kNormal}));
+    EXPECT_EQ(Usual_Tolerance("L4", design), (Settings::Tolerated{"L4", 0, Spread::kNormal}));
+    design.PolarCoords = true;
+    const Settings usual = Usual_Settings(design, 1);
+    EXPECT_EQ(usual.tolerances[1].field, "L3");
+    EXPECT_EQ(usual.tolerances[2].field, "L4");
+    EXPECT_EQ(usual.tolerances[3].field, "L1");
+    EXPECT_EQ(usual.tolerances[4].field, "");
+    EXPECT_EQ(usual.sweeps[1].field, "");
+}
+
 TEST(StudySettings, AreShownAsTheScreensShowTheirFields) {
     EXPECT_EQ(Shown_Field(" L 2", 5).unit, "mm") << "blanks do not count";
     EXPECT_EQ(Shown_Field("L2", 5).unit, "mm");

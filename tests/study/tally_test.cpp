@@ -17,6 +17,7 @@ std::vector<float> Values(int count, double middle, double width) {
     std::mt19937 random(3);
     std::normal_distribution<double> number(middle, width);
     std::vector<float> values;
+    values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) values.push_back(static_cast<float>(number(random)));
     return values;
 }
@@ -89,6 +90,27 @@ TEST(Tally, IsExactForFewValues) {
     EXPECT_EQ(tally.Highest().front(), (Tally::Extreme{5, 3}));
 }
 
+TEST(Tally, TheTenLeastAndGreatestStandInOrder) {
+    Tally tally;
+    for (int i = 0; i < 30; ++i) tally.Add(static_cast<float>(i >> 1U), 100 - i);
+    tally.Add(std::numeric_limits<float>::quiet_NaN(), 7);
+    ASSERT_EQ(tally.Lowest().size(), 10u);
+    ASSERT_EQ(tally.Highest().size(), 10u);
+    for (std::size_t i = 0; i < 10; ++i) {
+        // Of two alike the one with the smaller number, which came second.
+        const std::uint64_t low = 100 - (i % 2 == 0 ? i + 1 : i - 1);
+        const std::size_t pair = i / 2;
+        EXPECT_EQ(tally.Lowest()[i], (Tally::Extreme{static_cast<float>(pair), low}));
+        EXPECT_EQ(tally.Highest()[i], (Tally::Extreme{static_cast<float>(14 - pair), 71 + i}));
+    }
+    EXPECT_EQ(tally.None(), 1u);
+    Tally one;
+    one.Add(3, 1);
+    EXPECT_EQ(one.Deviation(), 0);
+    one.Add(5, 2);
+    EXPECT_NEAR(one.Deviation(), std::sqrt(2.0), 1e-15);
+}
+
 /// More values than bins, near one place and through zero.
 TEST(Tally, QuantilesOfManyAreWithinABin) {
     for (const double middle : {0.0, 40.0}) {
@@ -110,6 +132,7 @@ TEST(Tally, QuantilesOfManyAreWithinABin) {
 /// Bins of two neighbours each, and a quantile in the middle of one.
 TEST(Tally, WithinABinAQuantileGoesEvenlyFromTheLeastToTheGreatest) {
     std::vector<float> values;
+    values.reserve(40000);
     for (int i = 0; i < 40000; ++i) values.push_back(1 + static_cast<float>(i) / 40000);
     const Tally tally = Tally_Of(values, 1.5);
     for (const double share : {0.1, 0.35, 0.5, 0.77})
@@ -155,6 +178,15 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     EXPECT_FALSE(spread.Take("")) << "nor nothing at all";
     EXPECT_FALSE(spread.Take("33"));
     EXPECT_TRUE(spread.Take("32"));
+    EXPECT_TRUE(spread.Take("0 4294967295 1 0 0"));
+    EXPECT_FALSE(spread.Take("0 4294967296 1 0 0")) << "no single has such bits";
+    EXPECT_FALSE(spread.Take("0 5 1 4294967296 0"));
+    for (const char* broken : {"0 5", "0 5 1", "0 5 1 0", "0 x"}) EXPECT_FALSE(spread.Take(broken)) << broken;
+    std::string bins = "0";
+    for (int key = 1; key <= 4096; ++key) bins += " " + std::to_string(key) + " 1 0 0";
+    EXPECT_TRUE(spread.Take(bins));
+    EXPECT_EQ(spread.Count(), 4096u);
+    EXPECT_FALSE(spread.Take(bins + " 5000 1 0 0"));
 }
 
 }  // namespace
