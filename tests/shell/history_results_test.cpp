@@ -1,5 +1,6 @@
 // What comes back with a step beside the values of the model, what is typed meanwhile, and who is told.
 #include "core/results.h"
+#include "core/results_turns.h"
 #include "core/text.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
@@ -299,6 +300,20 @@ TEST_F(HistoryOfResults, OffTheInputScreenARunThatComesBackCounts) {
         Steps().Undo();
         EXPECT_TRUE(Model.RunStands);
         EXPECT_FALSE(Model.Calculated) << "there it counts from the next action";
+    });
+}
+
+TEST_F(HistoryOfResults, WhoeverShowsResultsCanSeeThatTheyAreThoseOfAnotherStep) {
+    At_Home([](Screen& home) {
+        Do(home, [] {
+            Run_Dropped();
+            Model.LinkMass(2) = 1;
+        });
+        Do(home, [] { Model.LinkMass(2) = 2; });
+        const int turns = Results_Turns();
+        Steps().Undo();
+        EXPECT_FALSE(Model.RunStands);
+        EXPECT_NE(Results_Turns(), turns);
     });
 }
 
