@@ -317,6 +317,21 @@ TEST_F(HistoryOfResults, WhoeverShowsResultsCanSeeThatTheyAreThoseOfAnotherStep)
     });
 }
 
+TEST_F(HistoryOfResults, AfterAnUndoStepGoesOnFromWhatTheScreenShows) {
+    At_Home([&](Screen& home) {
+        On_Input(home, [](Screen& input) {
+            for (int i = 0; i < 7; ++i) Press(input, "cmd_Step");
+            Enter(input, "txt_Linkout", 1, "1.25");
+            Undo(input);
+            const int shown = input.Get<ScrollBar>("hsc_step").Value();
+            EXPECT_LT(shown, 4) << "it begins at the beginning";
+            Press(input, "cmd_Step");
+            EXPECT_EQ(input.Get<ScrollBar>("hsc_step").Value(), shown + 1);
+            Press(input, "cmd_Cancel");
+        });
+    });
+}
+
 TEST_F(HistoryOfResults, BeingTakenToAnotherStepIsNobodysDeed) {
     With_A_Run([](Screen& home) {
         Do(home, [] { Model.LinkMass(2) = 1; });
