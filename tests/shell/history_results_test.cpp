@@ -332,6 +332,43 @@ TEST_F(HistoryOfResults, AfterAnUndoStepGoesOnFromWhatTheScreenShows) {
     });
 }
 
+TEST_F(HistoryOfResults, SettingsThatTheFileHasComeBackWithTheStep) {
+    With_A_Run([](Screen& home) {
+        const auto set = [&](int by) {
+            Do(home, [by] {
+                Model.LinkMass(2) = by;
+                Model.PrintStep = 10 + by;
+                Model.LineAngle = 20 + by;
+                Model.FigureTitle = "Figure " + std::to_string(by);
+            });
+        };
+        set(1);
+        set(2);
+        Steps().Undo();
+        EXPECT_EQ(Model.PrintStep, 11);
+        EXPECT_EQ(Model.LineAngle, 21);
+        EXPECT_EQ(Model.FigureTitle, "Figure 1");
+        Steps().Redo();
+        EXPECT_EQ(Model.PrintStep, 12);
+        EXPECT_EQ(Model.LineAngle, 22);
+        EXPECT_EQ(Model.FigureTitle, "Figure 2");
+    });
+}
+
+TEST_F(HistoryOfResults, WhatWasTakenBackInABoxIsGoneOnceTheModelHasChanged) {
+    With_A_Run([this](Screen& home) {
+        desktop.Expect_Screen("frm_MassProp", [&home](Screen& masses) {
+            Type(masses, "txt_Mass", 2, "0.5");
+            Steps().Undo();
+            EXPECT_TRUE(Steps().Can_Redo());
+            Do(home, [] { Model.LinkMass(3) = 2; });
+            EXPECT_FALSE(Steps().Can_Redo());
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
 TEST_F(HistoryOfResults, BeingTakenToAnotherStepIsNobodysDeed) {
     With_A_Run([](Screen& home) {
         Do(home, [] { Model.LinkMass(2) = 1; });
