@@ -92,8 +92,9 @@ class EveryScreen : public Fixture {
 
 TEST_F(EveryScreen, HasAHandlerForEachButtonTickOptionEntryAndKey) {
     // What is chosen there is read when it goes on; and it waits for nothing.
-    const Names read_later{"frm_PrintSelect.opt_Coord_0", "frm_PrintSelect.opt_Coord_1", "frm_PrintSelect.opt_Whereto_0",
-                           "frm_PrintSelect.opt_Whereto_1", "frm_PrintSelect.opt_Whereto_2"};
+    const Names read_later{"frm_PrintSelect.opt_Coord_0", "frm_PrintSelect.opt_Coord_1",
+                           "frm_PrintSelect.opt_Whereto_0", "frm_PrintSelect.opt_Whereto_1",
+                           "frm_PrintSelect.opt_Whereto_2"};
     const auto heard = [](const Control& control) {
         if (const auto* button = dynamic_cast<const CommandButton*>(&control)) return bool(button->OnClick);
         if (const auto* key = dynamic_cast<const Shortcut*>(&control)) return bool(key->OnPress);
@@ -145,12 +146,12 @@ TEST_F(EveryScreen, ReadsNumbersInTheirUnitsWhereverNumbersAreTyped) {
 }
 
 TEST_F(EveryScreen, HasTheKeysOfItsPrintingItsTableItsHistoryAndItsFiles) {
-    std::map<std::string, std::string> by_name{{"mnu_Undo", "Ctrl+Z"},        {"mnu_Redo", "Ctrl+Shift+Z Ctrl+Y"},
-                                               {"mnu_CopyTable", "Ctrl+C"},   {"mnu_New", "Ctrl+N"},
-                                               {"mnu_Open", "Ctrl+O"},        {"mnu_Save", "Ctrl+S"},
-                                               {"mnu_Saveas", "Ctrl+Shift+S"}, {"mnu_Quit", "Ctrl+Q"},
+    std::map<std::string, std::string> by_name{{"mnu_Undo", "Ctrl+Z"},          {"mnu_Redo", "Ctrl+Shift+Z Ctrl+Y"},
+                                               {"mnu_CopyTable", "Ctrl+C"},     {"mnu_New", "Ctrl+N"},
+                                               {"mnu_Open", "Ctrl+O"},          {"mnu_Save", "Ctrl+S"},
+                                               {"mnu_Saveas", "Ctrl+Shift+S"},  {"mnu_Quit", "Ctrl+Q"},
                                                {"mnu_Plus", "Ctrl++ Ctrl+= +"}, {"mnu_Normal", "Ctrl+0"},
-                                               {"mnu_Minus", "Ctrl+- -"},     {"key_Help", "F1"}};
+                                               {"mnu_Minus", "Ctrl+- -"},       {"key_Help", "F1"}};
     const Names with_files{"frm_HomeScreen", "frm_Inputnew", "frm_Animate"};
     const Names with_tables{"frm_Matrix", "frm_Studies"};
     const std::map<std::string, std::string> own{{"frm_Animate.cmd_Animate", "Space"},
@@ -160,8 +161,8 @@ TEST_F(EveryScreen, HasTheKeysOfItsPrintingItsTableItsHistoryAndItsFiles) {
     For_All([&](const Control& control) {
         const std::string screen = control.Owner().Name(), name = control.Name();
         std::string keys = by_name.contains(name) ? by_name.at(name) : "";
-        const bool file = name == "mnu_New" || name == "mnu_Open" || name == "mnu_Save" || name == "mnu_Saveas" ||
-                          name == "mnu_Quit";
+        const bool file =
+            name == "mnu_New" || name == "mnu_Open" || name == "mnu_Save" || name == "mnu_Saveas" || name == "mnu_Quit";
         if (file && !with_files.contains(screen)) keys.clear();
         if (screen == "frm_Cayley" && name.starts_with("mnu_")) keys.clear();
         if (name == "mnu_CopyTable" && !with_tables.contains(screen)) keys.clear();
@@ -177,8 +178,8 @@ TEST_F(EveryScreen, HasItsButtonsForReturnAndEscape) {
     struct Keys {
         const char *for_return, *for_escape;
     };
-    const Keys plot{"cmd_Done", "cmd_Replot"}, grid{"cmd_PlotDone", "cmd_Back"}, select{"cmd_Done", "cmd_CancelPlotData"},
-        synthesis{"cmd_Calc", "cmd_Cancel"}, none{"", ""};
+    const Keys plot{"cmd_Done", "cmd_Replot"}, grid{"cmd_PlotDone", "cmd_Back"},
+        select{"cmd_Done", "cmd_CancelPlotData"}, synthesis{"cmd_Calc", "cmd_Cancel"}, none{"", ""};
     const std::map<std::string, Keys> table{{"frm_About", none},
                                             {"frm_Animate", {"cmd_Animate", ""}},
                                             {"frm_Balance", {"cmd_Calc", "cmd_back"}},
@@ -224,18 +225,18 @@ TEST_F(EveryScreen, HasItsButtonsForReturnAndEscape) {
 
 TEST_F(EveryScreen, IsOffBeforeTheFirstLookWhereNothingCanBeDoneYet) {
     const Names history{"mnu_Undo", "mnu_Redo"}, selection{"cmd_Last", "cmd_Done"};
-    const Names all_of_slots = Slots(
-        1, 4, {"fra_Function", "lbl_Var", "cmb_Var", "lbl_Comp", "cmb_Com", "cmd_OK", "cmd_Clear"});
+    const Names all_of_slots =
+        Slots(1, 4, {"fra_Function", "lbl_Var", "cmb_Var", "lbl_Comp", "cmb_Com", "cmd_OK", "cmd_Clear"});
     Expect({{"frm_Animate", history},
             {"frm_Explore", Each("txt_X", 4, 5) + Each("txt_Y", 4, 5) + Each("txt_Angle", 4, 5) +
                                 Names{"chk_Curves", "cmd_Earlier", "cmd_Stop"}},
             {"frm_Help",
-             {"cmb_Contents", "cmd_PageBefore", "txt_Page", "cmd_PageAfter", "cmd_Smaller", "cmd_Larger", "cmd_FitWidth",
-              "cmd_Back", "txt_Find", "cmd_FindBefore", "cmd_FindAfter", "cmb_Finds"}},
-            {"frm_HomeScreen", history + Each("mnu_Cog", 1, 3) +
-                                   Names{"mnu_New", "mnu_Save", "mnu_Saveas", "mnu_Export", "mnu_Recent", "mnu_Cayley",
-                                         "mnu_CalcFFT", "cmd_Animate", "cmd_Plot", "cmd_Print", "cmd_Dynamics",
-                                         "cmd_Balance"}},
+             {"cmb_Contents", "cmd_PageBefore", "txt_Page", "cmd_PageAfter", "cmd_Smaller", "cmd_Larger",
+              "cmd_FitWidth", "cmd_Back", "txt_Find", "cmd_FindBefore", "cmd_FindAfter", "cmb_Finds"}},
+            {"frm_HomeScreen",
+             history + Each("mnu_Cog", 1, 3) +
+                 Names{"mnu_New", "mnu_Save", "mnu_Saveas", "mnu_Export", "mnu_Recent", "mnu_Cayley", "mnu_CalcFFT",
+                       "cmd_Animate", "cmd_Plot", "cmd_Print", "cmd_Dynamics", "cmd_Balance"}},
             {"frm_Inputnew", history + Names{"cmd_Step", "cmd_Animate", "cmd_Done"}},
             {"frm_MassProp",
              {"txt_MagForce_2", "txt_AngForce_2", "txt_DistP_2", "txt_AngP_2", "txt_Torque_2", "txt_Frict_2",

@@ -113,8 +113,8 @@ TEST_F(ExplorePictures, TheGalleryTurnsItsPagesAndStopsAtItsEnds) {
             Press(form, "cmd_Later");
             ++page;
             const int first = 6 * page, last = std::min(count, first + 6);
-            EXPECT_EQ(form.lbl_Page.Caption.Get(), std::to_string(first + 1) + " to " + std::to_string(last) + " of " +
-                                                       std::to_string(count));
+            EXPECT_EQ(form.lbl_Page.Caption.Get(),
+                      std::to_string(first + 1) + " to " + std::to_string(last) + " of " + std::to_string(count));
             for (int i = 0; i < 6; ++i) {
                 EXPECT_EQ(form.pic_Found[i].Visible, first + i < count) << i;
                 EXPECT_EQ(form.lbl_Found[i].Visible, first + i < count) << i;
@@ -139,8 +139,8 @@ TEST_F(ExplorePictures, TheGalleryTurnsItsPagesAndStopsAtItsEnds) {
 }
 
 TEST_F(ExplorePictures, EachOfTheGalleryIsToldInTwoLinesAndTheChosenOneInASentence) {
-    const char* classes[] = {"crank-rocker", "double-crank", "double-rocker", "rocker-crank", "special case",
-                             "triple-rocker"};
+    const char* classes[] = {"crank-rocker", "double-crank", "double-rocker",
+                             "rocker-crank", "special case", "triple-rocker"};
     Inside([&] {
         Search();
         for (std::size_t i = 0; i < 6; ++i) {
@@ -159,7 +159,8 @@ TEST_F(ExplorePictures, EachOfTheGalleryIsToldInTwoLinesAndTheChosenOneInASenten
         const std::string told = form.lbl_Told.Caption;
         EXPECT_TRUE(told.starts_with("2 of " + std::to_string(form.Shown().size()) + ": ")) << told;
         for (const std::string& part :
-             {std::string(j.open ? "open" : "crossed") + " circuit", "transmission angle " + One(j.transmission) + " deg",
+             {std::string(j.open ? "open" : "crossed") + " circuit",
+              "transmission angle " + One(j.transmission) + " deg",
               "longest link " + One(j.proportion) + " times the shortest", "score " + One(j.score)})
             EXPECT_NE(told.find(part), std::string::npos) << part << "\n" << told;
     });
@@ -245,8 +246,9 @@ TEST_F(ExplorePictures, TheStrokeTellsTheAngleOfTheCrankWithinATurn) {
             const std::string words = form.lbl_Stroke.Caption;
             EXPECT_TRUE(words.starts_with("Crank at ")) << words;
             const double told = Val(words.substr(9));
-            EXPECT_LT(std::abs(std::remainder(told - angle(j.crank[0] + place / 200.0 * (j.crank[2] - j.crank[0])), 360)),
-                      1.5);
+            EXPECT_LT(
+                std::abs(std::remainder(told - angle(j.crank[0] + place / 200.0 * (j.crank[2] - j.crank[0])), 360)),
+                1.5);
             EXPECT_GE(told, 0);
             EXPECT_LE(told, 360);
         }

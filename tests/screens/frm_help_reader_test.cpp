@@ -56,9 +56,9 @@ TEST_F(HelpReader, WithoutADocumentNothingCanBeTurnedSoughtOrResized) {
              &reader.cmd_Back, &reader.cmb_Finds})
         EXPECT_FALSE(control->Enabled) << control->Name();
     Told(4);
-    for (const platform::Visual* control : std::initializer_list<const platform::Visual*>{
-             &reader.txt_Page, &reader.cmb_Contents, &reader.cmd_Smaller, &reader.cmd_Larger, &reader.cmd_FitWidth,
-             &reader.txt_Find})
+    for (const platform::Visual* control :
+         std::initializer_list<const platform::Visual*>{&reader.txt_Page, &reader.cmb_Contents, &reader.cmd_Smaller,
+                                                        &reader.cmd_Larger, &reader.cmd_FitWidth, &reader.txt_Find})
         EXPECT_TRUE(control->Enabled) << control->Name();
     EXPECT_FALSE(reader.cmd_FindAfter.Enabled) << "there are no words yet";
     EXPECT_EQ(reader.CancelButton, &reader.cmd_Close);

@@ -123,8 +123,8 @@ TEST_F(PlotTypeTest, EachWindowOfASketchHasItsAxesWithQuarterTicksAndItsOwnCurve
             for (std::size_t piece = 1; piece <= 72; ++piece) {
                 const double angle = 2 * M_PI * static_cast<double>(piece) / 72;
                 EXPECT_NEAR(path[piece - 1].first, static_cast<double>(piece) / 72, 1e-9);
-                EXPECT_NEAR(path[piece - 1].second, -0.55 * std::sin(angle + shift) - 0.25 * std::sin(2 * angle - 1.7 * shift),
-                            1e-9);
+                EXPECT_NEAR(path[piece - 1].second,
+                            -0.55 * std::sin(angle + shift) - 0.25 * std::sin(2 * angle - 1.7 * shift), 1e-9);
             }
         }
     }

@@ -197,7 +197,8 @@ TEST_F(StudiesFound, TheMapHasItsAxesInTheUnitsOfTheModelAndMarksWhatIsPicked) {
         EXPECT_EQ(map.across.count, 3);
         EXPECT_EQ(map.up.count, 2);
         ASSERT_EQ(map.values.size(), 6U);
-        for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(map.values[i], 7 * (20 + 5.0 * static_cast<double>(i / 2)), 1e-3);
+        for (std::size_t i = 0; i < 6; ++i)
+            EXPECT_NEAR(map.values[i], 7 * (20 + 5.0 * static_cast<double>(i / 2)), 1e-3);
         EXPECT_EQ(Told(), "Of the model 177.8; on the map from 140 to 210.");
         EXPECT_EQ(form.map_Sweep.Picked.Get(), platform::Color_Map::Cell());
         form.map_Sweep.OnPick({1, 1});
@@ -313,8 +314,8 @@ TEST_F(StudiesFound, TheTableOfASpreadHasTheSharesAndTheBins) {
         ASSERT_GE(rows.size(), 41U);
         EXPECT_EQ(rows[0], (std::vector<std::string>{"Below share (%)", "max Veloc I 2,3:Mag (in/sec)",
                                                      "From bin (in/sec)", "Linkages bin"}));
-        const std::map<std::size_t, double> shares = {{1, 0}, {2, 1}, {3, 5}, {4, 25}, {5, 50}, {6, 75}, {7, 95}, {8, 99},
-                                                      {9, 100}};
+        const std::map<std::size_t, double> shares = {{1, 0},  {2, 1},  {3, 5},  {4, 25}, {5, 50},
+                                                      {6, 75}, {7, 95}, {8, 99}, {9, 100}};
         for (const auto& [row, share] : shares) {
             EXPECT_EQ(rows[row][0], Text_Of(share));
             EXPECT_NEAR(std::stod(rows[row][1]), 7 * (0.97 + 0.06 * share / 100), 0.03) << row;
@@ -323,7 +324,8 @@ TEST_F(StudiesFound, TheTableOfASpreadHasTheSharesAndTheBins) {
         EXPECT_NEAR(std::stod(rows[9][1]), shown.to, 1e-5);
         double all = 0;
         for (std::size_t i = 0; i < 40; ++i) {
-            EXPECT_NEAR(std::stod(rows[i + 1][2]), shown.from + (shown.to - shown.from) * static_cast<double>(i) / 40, 1e-5);
+            EXPECT_NEAR(std::stod(rows[i + 1][2]), shown.from + (shown.to - shown.from) * static_cast<double>(i) / 40,
+                        1e-5);
             all += std::stod(rows[i + 1][3]);
         }
         EXPECT_EQ(all, 2000);
@@ -382,7 +384,8 @@ TEST_F(StudiesFound, ADotOfTheCloudIsPickedWhereItStandsAndNowhereElse) {
     Inside([&] {
         Tolerate_Crank("0.03", "uniform", "1");
         Solve();
-        ASSERT_NE(form.lbl_Step.Caption.Get().find(";  the coupler point of 1 linkages, deviations "), std::string::npos)
+        ASSERT_NE(form.lbl_Step.Caption.Get().find(";  the coupler point of 1 linkages, deviations "),
+                  std::string::npos)
             << form.lbl_Step.Caption.Get();
         EXPECT_TRUE(form.Picture1.OnSeize({0, 0, 0, 0.01}));
         EXPECT_EQ(Picked().substr(0, 10), "Linkage 1:");

@@ -119,9 +119,10 @@ TEST_F(MeasureChoice, LeavingAListOrABoxThatWasNotTouchedChangesNothing) {
         const std::size_t steps = The_History().Steps();
         for (const int index : {0, 1}) {
             Measure_Choice& choice = Choice(index);
-            for (const auto& leave : {choice.cmb_Statistic.OnLostFocus, choice.cmb_Variable.OnLostFocus,
-                                      choice.cmb_Component.OnLostFocus, choice.txt_Angle.OnLostFocus,
-                                      choice.txt_Angle.OnReturn, choice.txt_Words.OnLostFocus, choice.txt_Words.OnReturn})
+            for (const auto& leave :
+                 {choice.cmb_Statistic.OnLostFocus, choice.cmb_Variable.OnLostFocus, choice.cmb_Component.OnLostFocus,
+                  choice.txt_Angle.OnLostFocus, choice.txt_Angle.OnReturn, choice.txt_Words.OnLostFocus,
+                  choice.txt_Words.OnReturn})
                 leave();
         }
         Choice(1).cmb_Order->OnLostFocus();

@@ -39,7 +39,8 @@ class ShownAnew : public Forces {
                 said[name + " is on"] = Word(visual->Enabled);
                 said[name + " is shown"] = Word(visual->Visible);
             }
-            if (const auto* entry = dynamic_cast<const MenuEntry*>(control)) said[name + " is on"] = Word(entry->Enabled);
+            if (const auto* entry = dynamic_cast<const MenuEntry*>(control))
+                said[name + " is on"] = Word(entry->Enabled);
         }
         return said;
     }
@@ -118,17 +119,16 @@ void ShownAnew::Expect_Written(const char* name, const std::set<std::string>& al
 }
 
 TEST_F(ShownAnew, BoxesUnitsAndWaysOnOfTheWorkScreensAsTheyAreArrivedAt) {
-    const std::set<std::string> three{"txt_Mass",  "txt_Inertia", "txt_DistCG", "txt_AngCG"},
+    const std::set<std::string> three{"txt_Mass", "txt_Inertia", "txt_DistCG", "txt_AngCG"},
         two{"txt_MagForce", "txt_AngForce", "txt_DistP", "txt_AngP", "txt_Torque"};
     std::set<std::string> boxes{"txt_Frict_3"};
     for (const std::string& box : three) boxes = boxes + Those(box, {2, 3, 4});
     for (const std::string& box : two) boxes = boxes + Those(box, {3, 4});
-    Expect_Written("frm_MassProp",
-                   All("says", boxes + Those("Lbl_DistUnit", {1, 2}) + Those("lbl_AngUnit", {1, 2, 3}) +
-                                   Those("lbl_ForceUnit", {1, 2}) +
-                                   std::set<std::string>{"lbl_Header", "lbl_InertiaUnit", "lbl_MassUnit",
-                                                         "lbl_TorqueUnit"}) +
-                       All("is on", {"cmd_Solve", "cmd_Done", "cmd_Matrix", "cmd_Copy", "cmd_Print"}));
+    Expect_Written("frm_MassProp", All("says", boxes + Those("Lbl_DistUnit", {1, 2}) + Those("lbl_AngUnit", {1, 2, 3}) +
+                                                   Those("lbl_ForceUnit", {1, 2}) +
+                                                   std::set<std::string>{"lbl_Header", "lbl_InertiaUnit",
+                                                                         "lbl_MassUnit", "lbl_TorqueUnit"}) +
+                                       All("is on", {"cmd_Solve", "cmd_Done", "cmd_Matrix", "cmd_Copy", "cmd_Print"}));
     Expect_Written("frm_Balance",
                    All("says", Those("txt_BerkMass", {2, 4}) + Those("txt_Radius", {2, 4}) +
                                    Those("txt_MRproduct", {2, 4}) + Those("lbl_MRUnit", {0, 1, 2, 3}) +
@@ -136,11 +136,11 @@ TEST_F(ShownAnew, BoxesUnitsAndWaysOnOfTheWorkScreensAsTheyAreArrivedAt) {
                                    std::set<std::string>{"lbl_Header", "lbl_Ang2", "lbl_Ang4", "lbl_MR2", "lbl_MR4"}) +
                        All("is on", {"cmd_Done", "cmd_Print", "cmd_copy", "cmd_back"}) +
                        All("is shown", Those("grf_Plot", {0, 1}) + std::set<std::string>{"pct_Pict1"}));
-    Expect_Written("frm_FFT", All("says", {"lbl_Header", "lbl_Header2"}) +
-                                  All("is on", {"cmd_Copy", "cmd_Done", "cmd_Print"}));
-    Expect_Written("frm_Cayley", All("says", Those("txt_Linkout", {0, 1, 2, 3, 4, 5}) +
-                                                 Those("lbl_Units", {0, 1, 2, 3, 4}) +
-                                                 std::set<std::string>{"Pnl_Grashof"}));
+    Expect_Written("frm_FFT",
+                   All("says", {"lbl_Header", "lbl_Header2"}) + All("is on", {"cmd_Copy", "cmd_Done", "cmd_Print"}));
+    Expect_Written("frm_Cayley",
+                   All("says", Those("txt_Linkout", {0, 1, 2, 3, 4, 5}) + Those("lbl_Units", {0, 1, 2, 3, 4}) +
+                                   std::set<std::string>{"Pnl_Grashof"}));
     Expect_Written("frm_Matrix", All("is on", {"cmd_Copy", "cmd_Print"}));
     Expect_Written("frm_User", All("says", {"txt_DesignNo", "txt_Filename", "txt_UserName"}));
     Expect_Written("frm_Title", {"lbl_Version says"});
@@ -154,29 +154,30 @@ TEST_F(ShownAnew, LinkageAndRunOfTheScreensOfTheLinkageAsTheyAreArrivedAt) {
                        Those("lbl_Unit", {0, 1, 2, 3}) +
                        std::set<std::string>{"fra_toggle", "lbl_camdriven", "pnl_cw", "pnl_ccw", "pnl_time"};
     const std::set<std::string> also{"txt_Figure", "lbl_camdriven"};
-    Expect_Written("frm_Inputnew",
-                   All("says", lengths + also + Those("lbl_Unit", {0, 1, 2, 4}) +
-                                   std::set<std::string>{"txt_initial_3", "txt_Thetazero", "lbl_Grashof", "lbl_calctype"}) +
-                       All("is shown", shown + Those("opt_Calctype", {1, 2, 3}) +
-                                           std::set<std::string>{"fra_calcmode", "txt_initial_3", "txt_initial_4"}) +
-                       All("is on", Those("txt_initial", {1, 2}) +
-                                        std::set<std::string>{"cmd_Animate", "cmd_Done", "cmd_PlotPrint", "cmd_Step",
-                                                              "opt_Calctype_2"}));
+    Expect_Written(
+        "frm_Inputnew",
+        All("says", lengths + also + Those("lbl_Unit", {0, 1, 2, 4}) +
+                        std::set<std::string>{"txt_initial_3", "txt_Thetazero", "lbl_Grashof", "lbl_calctype"}) +
+            All("is shown", shown + Those("opt_Calctype", {1, 2, 3}) +
+                                std::set<std::string>{"fra_calcmode", "txt_initial_3", "txt_initial_4"}) +
+            All("is on",
+                Those("txt_initial", {1, 2}) +
+                    std::set<std::string>{"cmd_Animate", "cmd_Done", "cmd_PlotPrint", "cmd_Step", "opt_Calctype_2"}));
     Expect_Written("frm_Animate",
                    All("says", lengths + also + std::set<std::string>{"lbl_Header", "txt_Cycles", "txt_LineAngle"}) +
                        All("is shown", shown + std::set<std::string>{"lbl_Omega"}) +
                        All("is on", Those("txt_initial", {1, 2}) +
                                         std::set<std::string>{"cmd_Animate", "cmd_Done", "cmd_PlotPrint", "cmd_Recalc",
                                                               "cmd_Reset", "cmd_Step", "mnu_Zoomcontrol"}));
-    Expect_Written("frm_HomeScreen",
-                   All("says", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 7, 8, 10})) +
-                       All("is shown", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 7, 8}) +
-                                           std::set<std::string>{"Picture1", "lbl_Advice", "lbl_Checks", "lbl_Name"}) +
-                       All("is on", Those("mnu_Cog", {1, 2, 3}) +
-                                        std::set<std::string>{"cmd_Animate", "cmd_Balance", "cmd_Dynamics", "cmd_Plot",
-                                                              "cmd_Print", "mnu_CalcFFT", "mnu_Cayley", "mnu_Export",
-                                                              "mnu_New", "mnu_Open", "mnu_Recent", "mnu_Save",
-                                                              "mnu_Saveas"}));
+    Expect_Written(
+        "frm_HomeScreen",
+        All("says", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 7, 8, 10})) +
+            All("is shown", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 7, 8}) +
+                                std::set<std::string>{"Picture1", "lbl_Advice", "lbl_Checks", "lbl_Name"}) +
+            All("is on", Those("mnu_Cog", {1, 2, 3}) +
+                             std::set<std::string>{"cmd_Animate", "cmd_Balance", "cmd_Dynamics", "cmd_Plot",
+                                                   "cmd_Print", "mnu_CalcFFT", "mnu_Cayley", "mnu_Export", "mnu_New",
+                                                   "mnu_Open", "mnu_Recent", "mnu_Save", "mnu_Saveas"}));
 }
 
 TEST_F(ShownAnew, SlotsOfTheSelectionScreensAsTheyAreArrivedAt) {
@@ -201,8 +202,8 @@ TEST_F(ShownAnew, SlotsOfTheSelectionScreensAsTheyAreArrivedAt) {
 
 TEST_F(ShownAnew, DyadsOfTheScreensOfSynthesisAsTheyAreArrivedAt) {
     const std::set<std::string> ways{"cmd_Copy", "cmd_Done", "cmd_Print"};
-    const std::set<std::string> angles{"lbl_Alpha2", "lbl_Beta2", "lbl_Gamma2", "lbl_P21mag", "lbl_Phi", "lbl_Sigma",
-                                       "lbl_Theta",  "lbl_Xi"};
+    const std::set<std::string> angles{"lbl_Alpha2", "lbl_Beta2", "lbl_Gamma2", "lbl_P21mag",
+                                       "lbl_Phi",    "lbl_Sigma", "lbl_Theta",  "lbl_Xi"};
     const std::set<std::string> results{"lbl_Smag_1", "lbl_Umag_1", "lbl_Wmag_1", "lbl_Zmag_1", "lbl_Theta1_1"};
     const std::set<std::string> two{"txt_Alpha2", "txt_Beta2", "txt_Gamma2", "txt_P21x", "txt_P21y",
                                     "txt_Phi",    "txt_Sigma", "txt_Theta",  "txt_Xi"};
@@ -212,15 +213,16 @@ TEST_F(ShownAnew, DyadsOfTheScreensOfSynthesisAsTheyAreArrivedAt) {
     const auto symbols = Those("lbl_Symbol", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17});
     const auto shown = All("is shown", angles + results + symbols + std::set<std::string>{"lbl_Reach"});
     Expect_Written("frm_Synth2A", All("is on", ways) + shown + All("says", two + units + results));
-    Expect_Written("frm_Synth2B",
-                   All("is on", ways) + shown +
-                       All("says", two + units + std::set<std::string>{"txt_Smag", "txt_Umag", "txt_Wmag", "txt_Zmag"}));
-    Expect_Written("frm_Synth3",
-                   All("is on", ways) + shown +
-                       All("says", three + units + Those("txt_Linkout", {0, 1, 2, 3, 4, 5}) +
-                                       Those("lbl_Length", {6, 7, 8, 9}) + Those("lbl_Units", {0, 1, 2, 3, 4}) +
-                                       Those("lbl_Direction", {0, 1, 2, 3})) +
-                       All("is shown", Those("fra_Pivot", {0, 1, 2})));
+    Expect_Written(
+        "frm_Synth2B",
+        All("is on", ways) + shown +
+            All("says", two + units + std::set<std::string>{"txt_Smag", "txt_Umag", "txt_Wmag", "txt_Zmag"}));
+    Expect_Written(
+        "frm_Synth3",
+        All("is on", ways) + shown +
+            All("says", three + units + Those("txt_Linkout", {0, 1, 2, 3, 4, 5}) + Those("lbl_Length", {6, 7, 8, 9}) +
+                            Those("lbl_Units", {0, 1, 2, 3, 4}) + Those("lbl_Direction", {0, 1, 2, 3})) +
+            All("is shown", Those("fra_Pivot", {0, 1, 2})));
 }
 
 TEST_F(ShownAnew, OnTheDynamicsScreen) { Expect_Said_Again("frm_MassProp"); }
@@ -228,9 +230,7 @@ TEST_F(ShownAnew, OnTheInputScreen) {
     // No step touches these.
     Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says"});
 }
-TEST_F(ShownAnew, OnTheAnimateScreen) {
-    Expect_Said_Again("frm_Animate", {"mnu_Zoomcontrol is on"});
-}
+TEST_F(ShownAnew, OnTheAnimateScreen) { Expect_Said_Again("frm_Animate", {"mnu_Zoomcontrol is on"}); }
 TEST_F(ShownAnew, OnTheHomeScreen) { Expect_Said_Again("frm_HomeScreen"); }
 TEST_F(ShownAnew, OnTheScreenOfStudies) { Expect_Said_Again("frm_Studies"); }
 TEST_F(ShownAnew, OnTheScreenOfAllLinkages) { Expect_Said_Again("frm_Explore"); }

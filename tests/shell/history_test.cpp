@@ -15,7 +15,6 @@ namespace verlink::test {
 
 namespace {
 
-
 TEST_F(HistoryTest, A_follower_that_fails_at_the_end_of_a_deed_is_reported_and_the_next_one_is_told) {
     static bool fails = false;
     static int told = 0;

@@ -257,9 +257,7 @@ TEST_F(RecoveryTest, AStartSweepsWhatADeadProcessLeftInTheStateFolderItself) {
         std::string name = platform::Temporary_Beside(Folder() + "some.copy");
         ::close(::mkstemp(name.data()));
     });
-    const auto files = [this] {
-        return std::distance(fs::directory_iterator(Folder()), fs::directory_iterator());
-    };
+    const auto files = [this] { return std::distance(fs::directory_iterator(Folder()), fs::directory_iterator()); };
     EXPECT_EQ(files(), 2) << "its log and its temporary";
     Begin_Keeping();
     EXPECT_EQ(files(), 1) << "the log of this one";
@@ -272,9 +270,8 @@ TEST_F(RecoveryTest, TheTasksOfTheCopyCountAndThoseBesideTheFileWhereTheyCannotB
     const auto tasks_from = [this](const std::string& tasks) {
         platform::Process dead = platform::This_Process();
         dead.start -= 1;
-        platform::Write_File(
-            Copy_File(Folder(), dead),
-            Copy_Text({Path("press.vlk"), "press", File_Content(), tasks, std::chrono::system_clock::now()}));
+        platform::Write_File(Copy_File(Folder(), dead), Copy_Text({Path("press.vlk"), "press", File_Content(), tasks,
+                                                                   std::chrono::system_clock::now()}));
         Expect_Question("The model press", "Its file is " + Path("press.vlk"), Answer::kYes);
         EXPECT_TRUE(Offer_Copies(Model));
         return Model.DesignTask;
