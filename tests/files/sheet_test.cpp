@@ -61,6 +61,29 @@ class Sheets : public Fixture {
 
 }  // namespace
 
+TEST_F(Sheets, LettersOfOneToFourBytesStandInABookAndHalvesOfThemDoNot) {
+    const std::pair<const char*, const char*> names[] = {
+        {"plain", "plain"},
+        {"\x7e", "\x7e"},
+        {"\x80", "?"},
+        {"\xc2\xa1\xdf\xbf", "\xc2\xa1\xdf\xbf"},
+        {"\xe0\xa0\x80\xef\xbf\xbd", "\xe0\xa0\x80\xef\xbf\xbd"},
+        {"\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf", "\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf"},
+        {"\xc1\x80", "??"},
+        {"\xf5\x80\x80\x80", "????"},
+        {"a\xe2\x82", "a??"},
+        {"\xc3(", "?("},
+        {"\x01", "?"}};
+    std::vector<Sheet_Fact> facts;
+    for (const auto& [name, kept] : names) facts.push_back({"Model", std::string(name), ""});
+    const Xlsx_Read read = Written(Workbook(A_Sheet(), facts, "Ada"));
+    for (const auto& [name, kept] : names) {
+        bool found = false;
+        for (const auto& [cell, text] : read.texts) found = found || text == kept;
+        EXPECT_TRUE(found) << kept;
+    }
+}
+
 TEST_F(Sheets, Have_the_shortest_decimal_that_is_the_stored_number) {
     EXPECT_EQ(Decimal_Of(0.1), 0.1);
     EXPECT_EQ(Decimal_Of(1e-38), 1e-38);
