@@ -61,7 +61,26 @@ class Sheets : public Fixture {
 
 }  // namespace
 
-TEST_F(Sheets, LettersOfOneToFourBytesStandInABookAndHalvesOfThemDoNot) {
+TEST_F(Sheets, Are_whole_with_more_behind_their_names_and_never_empty) {
+    std::string archive = Workbook(A_Sheet(), kModel, "Ada");
+    const auto number = [&archive](std::size_t at, int bytes) {
+        std::size_t value = 0;
+        for (int i = bytes; i-- > 0;)
+            value = 256 * value + static_cast<unsigned char>(archive[at + static_cast<std::size_t>(i)]);
+        return value;
+    };
+    // The first entry of its directory gets a field of four bytes and a remark of three.
+    const std::size_t end = archive.size() - 22, first = number(end + 16, 4);
+    archive[first + 30] = 4;
+    archive[first + 32] = 3;
+    archive.insert(first + 46 + number(first + 28, 2), "extrawd");
+    EXPECT_TRUE(Is_Whole_Zip_Of_Xml(archive));
+    archive[first + 32] = 2;
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml(archive));
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml("PK\5\6" + std::string(18, '\0'))) << "an empty one";
+}
+
+TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
     const std::pair<const char*, const char*> names[] = {
         {"plain", "plain"},
         {"\x7e", "\x7e"},
