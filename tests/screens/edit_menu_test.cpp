@@ -1,6 +1,8 @@
 // What the screens say of the model in hand, and what a menu of files does with a text that is still being typed.
 #include "screens/edit_menu.h"
 
+#include <cmath>
+
 #include "core/results.h"
 #include "files/in_hand.h"
 #include "shell/history.h"
@@ -119,6 +121,26 @@ TEST_F(BeingTyped, IsPartOfTheModelForQuit) {
         desktop.Expect_Save({});
         desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_NoQuit"); });
         EXPECT_TRUE(input.Press_Keys("Ctrl+Q"));
+    });
+}
+
+TEST_F(InputScreen, ADragMakesTheRunAnewAndLeavesTheWaysOnOpen) {
+    Show([&] {
+        Calculate_Now();
+        const double angle = Model.RunTable.Theta(input.hsc_step.Value(), 0) * M_PI / 180;
+        const auto touch = [&](double radius) {
+            return Touch{radius * std::cos(angle), Model.FlipSum - radius * std::sin(angle), 0, 0.01};
+        };
+        ASSERT_TRUE(input.Picture1.OnSeize(touch(Model.L2)));
+        input.Picture1.OnDrag(touch(0.9));
+        EXPECT_NEAR(Model.L2, 0.9, 0.01);
+        EXPECT_TRUE(Model.RunStands);
+        for (int step = 0; step <= Model.NSteps; ++step)
+            EXPECT_NEAR(std::hypot(Model.RunTable.PointXY(step, 0, 0), Model.RunTable.PointXY(step, 0, 1)), Model.L2,
+                        1e-5);
+        Expect_Ways_On(true, true);
+        EXPECT_EQ(input.hsc_step.Max(), Model.NSteps);
+        input.Picture1.OnRelease();
     });
 }
 
