@@ -80,6 +80,14 @@ TEST_F(Sheets, Are_whole_with_more_behind_their_names_and_never_empty) {
     EXPECT_FALSE(Is_Whole_Zip_Of_Xml("PK\5\6" + std::string(18, '\0'))) << "an empty one";
 }
 
+TEST_F(Sheets, Leave_cells_empty_behind_a_shorter_column) {
+    Sheet sheet = A_Sheet();
+    sheet.columns[1].values = {0.5};
+    std::string text = Separated_Text(sheet, ',');
+    std::erase(text, '\r');
+    EXPECT_TRUE(text.ends_with("\n0,0.5\n90,\n180,\n")) << text;
+}
+
 TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
     const std::pair<const char*, const char*> names[] = {
         {"plain", "plain"},
