@@ -159,7 +159,7 @@ TEST_F(EveryScreen, HasTheKeysOfItsPrintingItsTableItsHistoryAndItsFiles) {
                                                  {"frm_Explore.key_Before", "Ctrl+PgUp"},
                                                  {"frm_Explore.key_Next", "Ctrl+PgDown"}};
     For_All([&](const Control& control) {
-        const std::string screen = control.Owner().Name(), name = control.Name();
+        const std::string &screen = control.Owner().Name(), &name = control.Name();
         std::string keys = by_name.contains(name) ? by_name.at(name) : "";
         const bool file =
             name == "mnu_New" || name == "mnu_Open" || name == "mnu_Save" || name == "mnu_Saveas" || name == "mnu_Quit";

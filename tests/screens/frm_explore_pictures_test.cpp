@@ -1,5 +1,6 @@
 // What the screen of linkages for a task shows of them: numbers of the gallery, words, dots of the map, drawings; and
 // what it says under the hand.
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 
@@ -14,7 +15,6 @@ namespace {
 
 using design::Point;
 using design::Solution;
-using platform::Touch;
 
 class ExplorePictures : public ExploreFixture {
    protected:
@@ -179,13 +179,11 @@ TEST_F(ExplorePictures, TheMapHasADotForEachAtThePivotThatIsAskedForAndALargeOne
                 const design::FourBar& bar = The(i).linkage;
                 const Point pivots[] = {bar.crank.moving, bar.crank.fixed, bar.other.moving, bar.other.fixed};
                 const Point at = pivots[map];
-                bool found = false;
-                for (const auto& [x, y, size] : dots) {
-                    const bool here = std::abs(x - at.real()) < 1e-6 &&
-                                      (std::abs(y - at.imag()) < 1e-6 || std::abs(flip - y - at.imag()) < 1e-6);
-                    found = found || (here && std::abs(size - (i == 2 ? 0.032 : 0.016) * side) < 1e-6 * side);
-                }
-                EXPECT_TRUE(found) << i;
+                const double size = (i == 2 ? 0.032 : 0.016) * side;
+                EXPECT_TRUE(std::ranges::any_of(dots, [&](const auto& dot) {
+                    return std::abs(dot[0] - at.real()) < 1e-6 && std::abs(dot[2] - size) < 1e-6 * side &&
+                           (std::abs(dot[1] - at.imag()) < 1e-6 || std::abs(flip - dot[1] - at.imag()) < 1e-6);
+                })) << i;
                 EXPECT_GT(at.real(), form.pic_Map.Drawing().Left());
                 EXPECT_LT(at.real(), form.pic_Map.Drawing().Right());
             }

@@ -25,7 +25,7 @@ class HelpReader : public Fixture {
         view.OnChange();
     }
     /// The desktop finds them as soon as words are sought.
-    void Found_In(std::vector<DocumentView::Place> everywhere) {
+    void Found_In(const std::vector<DocumentView::Place>& everywhere) {
         view.Watcher = [this, everywhere] {
             const bool sought = !view.Sought.Get().empty();
             view.Everywhere = sought ? everywhere : std::vector<DocumentView::Place>();

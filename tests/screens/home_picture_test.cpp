@@ -12,8 +12,6 @@
 namespace verlink::test {
 namespace {
 
-using platform::Picture;
-
 class HomePicture : public Fixture {
    protected:
     HomePicture() {

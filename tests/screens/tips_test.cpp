@@ -8,13 +8,9 @@
 namespace verlink::test {
 namespace {
 
-using platform::CheckBox;
 using platform::ComboBox;
 using platform::CommandButton;
-using platform::Screen;
 using platform::Screens;
-using platform::ScrollBar;
-using platform::TextBox;
 using platform::Visual;
 
 class Tips : public Forces {
