@@ -28,6 +28,13 @@ class ExplorePictures : public ExploreFixture {
                 dots.push_back({drawn.x1, drawn.y1, drawn.x2});
         return dots;
     }
+    bool Has_Dot(Point at, double size) {
+        const double flip = Middle_Y(form.pic_Map);
+        return std::ranges::any_of(Dots(), [&](const auto& dot) {
+            return std::abs(dot[0] - at.real()) < 1e-6 && std::abs(dot[2] - size) < 1e-6 &&
+                   (std::abs(dot[1] - at.imag()) < 1e-6 || std::abs(flip - dot[1] - at.imag()) < 1e-6);
+        });
+    }
     static double Middle_Y(const platform::PictureBox& picture) {
         return picture.Drawing().Top() + picture.Drawing().Bottom();
     }
@@ -173,17 +180,13 @@ TEST_F(ExplorePictures, TheMapHasADotForEachAtThePivotThatIsAskedForAndALargeOne
         for (int map = 0; map < 4; ++map) {
             SCOPED_TRACE(map);
             form.cmb_Map.Choose(map);
-            const double side = Side(form.pic_Map), flip = Middle_Y(form.pic_Map);
-            const auto dots = Dots();
+            const double side = Side(form.pic_Map);
             for (std::size_t i = 0; i < form.Shown().size(); ++i) {
                 const design::FourBar& bar = The(i).linkage;
                 const Point pivots[] = {bar.crank.moving, bar.crank.fixed, bar.other.moving, bar.other.fixed};
                 const Point at = pivots[map];
                 const double size = (i == 2 ? 0.032 : 0.016) * side;
-                EXPECT_TRUE(std::ranges::any_of(dots, [&](const auto& dot) {
-                    return std::abs(dot[0] - at.real()) < 1e-6 && std::abs(dot[2] - size) < 1e-6 * side &&
-                           (std::abs(dot[1] - at.imag()) < 1e-6 || std::abs(flip - dot[1] - at.imag()) < 1e-6);
-                })) << i;
+                EXPECT_TRUE(Has_Dot(at, size)) << i;
                 EXPECT_GT(at.real(), form.pic_Map.Drawing().Left());
                 EXPECT_LT(at.real(), form.pic_Map.Drawing().Right());
             }
