@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace verlink {
@@ -48,7 +49,7 @@ bool Is_Whole_Xml(const std::string& text) {
     const std::size_t end = text.find_last_not_of(" \t\r\n");
     if (text[end] != '>') return false;
     const std::string closing = "</" + root + ">";
-    if (end + 1 >= closing.size() && text.compare(end + 1 - closing.size(), closing.size(), closing) == 0) return true;
+    if (std::string_view(text).substr(0, end + 1).ends_with(closing)) return true;
     // A root that is closed at once, and nothing behind it.
     return text[end - 1] == '/' && text.find('>', open) == end;
 }

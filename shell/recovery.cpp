@@ -60,16 +60,13 @@ bool Take(const Left_Copy& left, LinkageModel& model) {
 Left_Behind Look_Around() {
     const std::string folder = State_Folder();
     Left_Behind found;
-    if (folder.empty()) return found;
     found.running = !Other_Runs(folder).empty();
     for (const Past_Run& run : Past_Runs(folder)) found.died |= run.end.empty();
     return found;
 }
 
 bool Said_Its_End(const platform::Process& process) {
-    const std::string folder = State_Folder();
-    if (folder.empty()) return false;
-    for (const Past_Run& run : Past_Runs(folder))
+    for (const Past_Run& run : Past_Runs(State_Folder()))
         if (run.process == process) return !run.end.empty();
     return false;
 }
@@ -89,9 +86,7 @@ void Begin_Keeping() {
 }
 
 bool Offer_Copies(LinkageModel& model) {
-    const std::string folder = State_Folder();
-    if (folder.empty()) return false;
-    for (const Left_Copy& left : Left_Copies(folder)) {
+    for (const Left_Copy& left : Left_Copies(State_Folder())) {
         if (!platform::Ask_Yes(Question(left.copy)))
             refused.push_back(left.file);
         else if (Take(left, model))

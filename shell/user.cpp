@@ -83,7 +83,6 @@ void Open_Clicked_File() {
         std::string path = full.empty() ? Model.CommandLine : full;
         if (Take_Clicked_Tasks(path)) return;
         Readfile(Clicked_Content(path), path);
-        The_Desktop().Set_Pointer(platform::Pointer::kDefault);
     });
 }
 

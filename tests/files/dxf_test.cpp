@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "files/table_files.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/guard.h"
@@ -59,6 +60,31 @@ TEST_F(Drawings, Close_a_path_that_comes_back_to_its_start) {
     const Dxf_Read read = Written(dxf);
     ASSERT_EQ(read.entities.size(), 1U);
     EXPECT_EQ(read.entities[0].numbers, (Numbers{1, 0, 0, 1, 0, 1, 1}));
+}
+
+TEST_F(Drawings, Close_a_path_wherever_it_lies_and_none_that_ends_across_the_origin) {
+    dxf.Layer("CURVE", 6);
+    dxf.Path({Spot(5, 5), Spot(6, 5), Spot(6, 6), Spot(5, 5)});
+    dxf.Path({Spot(5, 5), Spot(6, 5), Spot(6, 6), Spot(-5, -5)});
+    dxf.Path({Spot(5, 5), Spot(6, 5), Spot(5, 5)});
+    const Dxf_Read read = Written(dxf);
+    ASSERT_EQ(read.entities.size(), 3U);
+    EXPECT_EQ(read.entities[0].numbers, (Numbers{1, 5, 5, 6, 5, 6, 6}));
+    EXPECT_EQ(read.entities[1].numbers, (Numbers{0, 5, 5, 6, 5, 6, 6, -5, -5}));
+    EXPECT_EQ(read.entities[2].numbers, (Numbers{0, 5, 5, 6, 5, 5, 5})) << "there and back";
+}
+
+TEST_F(Drawings, Are_saved_where_the_user_says_with_a_warning_before_another_file_goes) {
+    desktop.Expect_Save({});
+    Save_Drawing([]() -> std::string { platform::Raise(platform::kOverflow); }, "press");
+    desktop.Expect_Save(Path("b.dxf"));
+    Save_Drawing([this] { return dxf.Content(); }, "press");
+    EXPECT_EQ(platform::Read_File(Path("b.dxf")), dxf.Content());
+    ASSERT_EQ(desktop.Dialogs.size(), 2U);
+    EXPECT_EQ(desktop.Dialogs[1].title, "Save drawing");
+    EXPECT_EQ(desktop.Dialogs[1].filter, "DXF drawing|*.dxf|");
+    EXPECT_EQ(desktop.Dialogs[1].file_name, "press.dxf");
+    EXPECT_TRUE(desktop.Dialogs[1].warn_before_overwriting);
 }
 
 TEST_F(Drawings, Have_no_path_of_one_point) {

@@ -425,6 +425,24 @@ TEST_F(FileMenu, SavedAndOpenedAgainIsTheSameModel) {
     EXPECT_EQ(File_Content(), With_Line(held, 3, "\"press\""));
 }
 
+TEST_F(FileMenu, TheEndOfTheSessionWaitsUntilTheModelLiesInAFileOrNobodyWantsIt) {
+    Model_Kept();
+    EXPECT_TRUE(May_End_Session(home)) << "nothing was modified, and nobody asked";
+    Model.L2 = 9;
+    desktop.Expect_Message_With("has not been saved", Answer::kCancel);
+    EXPECT_FALSE(May_End_Session(home));
+    desktop.Expect_Message_With("has not been saved", Answer::kYes);
+    desktop.Expect_Save({});
+    EXPECT_FALSE(May_End_Session(home));
+    desktop.Expect_Message_With("has not been saved", Answer::kNo);
+    EXPECT_TRUE(May_End_Session(home));
+    desktop.Expect_Message_With("has not been saved", Answer::kYes);
+    desktop.Expect_Save(Path("kept.vlk"));
+    desktop.Expect_Message_With("successfully written");
+    EXPECT_TRUE(May_End_Session(home));
+    EXPECT_TRUE(std::filesystem::exists(Path("kept.vlk")));
+}
+
 TEST_F(FileMenu, AHomeScreenWithoutADialogIsAFailureOfEachHandler) {
     platform::Screen bare("frm_HomeScreen");
     Model_Saved();

@@ -128,6 +128,21 @@ TEST_F(ImportMenu, ThePanelShowsImportedOnceTheRunIsUp) {
     EXPECT_FALSE(home.Get<platform::Label>("lbl_Status", 8).Visible) << "an import counts as unsaved";
 }
 
+TEST_F(ImportMenu, ThePanelShowsNoMoreOfTheRunBeforeAlsoWhereNoScreenComesUp) {
+    Model.JustStarted = true;
+    auto& saved = home.Get<platform::Label>("lbl_Status", 8);
+    for (const bool cam : {true, false}) {
+        const std::string path = cam ? Cam_File() : Link_File();
+        Model_Kept();
+        saved.Visible = true;
+        if (cam)
+            Import_Cam_File(home, path);
+        else
+            Import_Link_File(home, path);
+        EXPECT_FALSE(saved.Visible) << path;
+    }
+}
+
 TEST_F(ImportMenu, ACancelledDialogEndsTheCamImportSilently) {
     Model.FilePath = "before";
     Model.Model5Name = "before.sva";

@@ -61,6 +61,56 @@ class Sheets : public Fixture {
 
 }  // namespace
 
+TEST_F(Sheets, Are_whole_with_more_behind_their_names_and_never_empty) {
+    std::string archive = Workbook(A_Sheet(), kModel, "Ada");
+    const auto number = [&archive](std::size_t at, int bytes) {
+        std::size_t value = 0;
+        for (int i = bytes; i-- > 0;)
+            value = 256 * value + static_cast<unsigned char>(archive[at + static_cast<std::size_t>(i)]);
+        return value;
+    };
+    // The first entry of its directory gets a field of four bytes and a remark of three.
+    const std::size_t end = archive.size() - 22, first = number(end + 16, 4);
+    archive[first + 30] = 4;
+    archive[first + 32] = 3;
+    archive.insert(first + 46 + number(first + 28, 2), "extrawd");
+    EXPECT_TRUE(Is_Whole_Zip_Of_Xml(archive));
+    archive[first + 32] = 2;
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml(archive));
+    EXPECT_FALSE(Is_Whole_Zip_Of_Xml("PK\5\6" + std::string(18, '\0'))) << "an empty one";
+}
+
+TEST_F(Sheets, Leave_cells_empty_behind_a_shorter_column) {
+    Sheet sheet = A_Sheet();
+    sheet.columns[1].values = {0.5};
+    std::string text = Separated_Text(sheet, ',');
+    std::erase(text, '\r');
+    EXPECT_TRUE(text.ends_with("\n0,0.5\n90,\n180,\n")) << text;
+}
+
+TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
+    const std::pair<const char*, const char*> names[] = {
+        {"plain", "plain"},
+        {"\x7e", "\x7e"},
+        {"\x80", "?"},
+        {"\xc2\xa1\xdf\xbf", "\xc2\xa1\xdf\xbf"},
+        {"\xe0\xa0\x80\xef\xbf\xbd", "\xe0\xa0\x80\xef\xbf\xbd"},
+        {"\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf", "\xf0\x9f\x98\x80\xf4\x8f\xbf\xbf"},
+        {"\xc1\x80", "??"},
+        {"\xf5\x80\x80\x80", "????"},
+        {"a\xe2\x82", "a??"},
+        {"\xc3(", "?("},
+        {"\x01", "?"}};
+    std::vector<Sheet_Fact> facts;
+    for (const auto& [name, kept] : names) facts.push_back({"Model", std::string(name), ""});
+    const Xlsx_Read read = Written(Workbook(A_Sheet(), facts, "Ada"));
+    for (const auto& [name, kept] : names) {
+        bool found = false;
+        for (const auto& [cell, text] : read.texts) found = found || text == kept;
+        EXPECT_TRUE(found) << kept;
+    }
+}
+
 TEST_F(Sheets, Have_the_shortest_decimal_that_is_the_stored_number) {
     EXPECT_EQ(Decimal_Of(0.1), 0.1);
     EXPECT_EQ(Decimal_Of(1e-38), 1e-38);

@@ -7,6 +7,7 @@
 #include "files/in_hand.h"
 #include "platform/file_system.h"
 #include "tests/files/model_files.h"
+#include "tests/support/failing_system.h"
 
 namespace verlink::test {
 
@@ -170,6 +171,23 @@ TEST_F(TaskFile, ThatCannotBeWrittenLeavesTheModelModified) {
     Menu_Save(home);
     EXPECT_TRUE(Modified());
     EXPECT_EQ(Model.DesignTask, kDesign);
+}
+
+TEST_F(TaskFile, ThatTheSystemDoesNotGiveIsNotReadAndSaysWhy) {
+    platform::Write_File(In("a.vld"), kDesign);
+    EXPECT_EQ(Find_Tasks(In("a.vlk")).tasks.DesignTask, kDesign);
+    class Refusing : public FailingSystem {
+       public:
+        int Open(const std::string& path, int flags) override {
+            if (!path.ends_with(".vld")) return FailingSystem::Open(path, flags);
+            errno = EIO;
+            return -1;
+        }
+    } refusing;
+    const Tasks_Found found = Find_Tasks(In("a.vlk"));
+    EXPECT_EQ(found.tasks.DesignTask, "");
+    EXPECT_NE(found.fault.find("a.vld"), std::string::npos) << found.fault;
+    EXPECT_NE(found.fault.find("cannot be read"), std::string::npos) << found.fault;
 }
 
 }  // namespace verlink::test

@@ -2,6 +2,7 @@
 #include "screens/frm_plottype.h"
 
 #include <cmath>
+#include <map>
 #include <set>
 
 #include "tests/screens/plot_select_fixture.h"
@@ -89,6 +90,75 @@ TEST_F(PlotTypeTest, TheSketchesShowAxesAndAsManyCurvesAsAWindowHas) {
         EXPECT_EQ(colors.size(), picture == 0 ? 5u : picture == 7 ? 3u : 2u) << picture;
         EXPECT_GT(Picture(picture).Drawing().Alive(), 70u);
     }
+}
+
+TEST_F(PlotTypeTest, EachWindowOfASketchHasItsAxesWithQuarterTicksAndItsOwnCurveOverOneTurn) {
+    const std::set<int> curves[] = {{0, 1, 2, 3}, {0}, {1}, {0}, {1}, {2}, {3}};
+    const platform::Color colors[] = {30 + 256 * 80 + 65536 * 200, 200 + 256 * 50 + 65536 * 50,
+                                      30 + 256 * 140 + 65536 * 70, 150 + 256 * 60 + 65536 * 160};
+    for (std::size_t picture = 0; picture < 7; ++picture) {
+        SCOPED_TRACE(picture);
+        const auto& drawn = Picture(picture).Drawing();
+        EXPECT_EQ(drawn.Left(), -0.12);
+        EXPECT_EQ(drawn.Right(), 1.08);
+        int ticks = 0, axes = 0;
+        std::map<platform::Color, std::vector<std::pair<double, double>>> paths;
+        for (const auto& one : drawn.Primitives()) {
+            const bool segment = one.kind == platform::Picture::Primitive::Kind::kSegment;
+            if (one.color == 128 * (1 + 256 + 65536)) {
+                axes += (one.x1 == 0 && one.x2 == 0) || (one.y1 == 0 && one.y2 == 0 && one.x2 == 1);
+                ticks += one.x1 == one.x2 && one.x1 > 0 && std::fmod(one.x1, 0.25) == 0 && one.y1 == -one.y2;
+            } else if (segment) {
+                paths[one.color].emplace_back(one.x2, one.y2);
+            }
+        }
+        EXPECT_EQ(axes, 2);
+        EXPECT_EQ(ticks, 4);
+        ASSERT_EQ(paths.size(), curves[picture].size());
+        for (const int number : curves[picture]) {
+            const auto& path = paths[colors[number]];
+            ASSERT_EQ(path.size(), 72U) << number;
+            // A wave and its second harmonic, a quarter as high, which go on where they began.
+            const double shift = 0.9 * number;
+            for (std::size_t piece = 1; piece <= 72; ++piece) {
+                const double angle = 2 * M_PI * static_cast<double>(piece) / 72;
+                EXPECT_NEAR(path[piece - 1].first, static_cast<double>(piece) / 72, 1e-9);
+                EXPECT_NEAR(path[piece - 1].second,
+                            -0.55 * std::sin(angle + shift) - 0.25 * std::sin(2 * angle - 1.7 * shift), 1e-9);
+            }
+        }
+    }
+}
+
+TEST_F(PlotTypeTest, ThePolarSketchIsWithinItsCircleAndOnBothOfItsAxes) {
+    const auto& drawn = Picture(7).Drawing();
+    EXPECT_EQ(drawn.Left(), -1.15);
+    EXPECT_EQ(drawn.Right(), 1.15);
+    int level = 0, upright = 0, circles = 0, path = 0;
+    for (const auto& one : drawn.Primitives()) {
+        level += one.x1 == -1 && one.x2 == 1 && one.y1 == 0 && one.y2 == 0;
+        upright += one.x1 == 0 && one.x2 == 0 && one.y1 == -1 && one.y2 == 1;
+        if (one.kind != platform::Picture::Primitive::Kind::kSegment) {
+            circles += one.x2 == 1;
+            continue;
+        }
+        if (one.color != 30 + 256 * 80 + 65536 * 200) continue;
+        ++path;
+        // The locus reaches farthest where twice its angle is 0.7.
+        const double angle = std::atan2(-one.y2, one.x2);
+        EXPECT_NEAR(std::hypot(one.x2, one.y2), 0.62 + 0.3 * std::cos(2 * angle - 0.7), 1e-9);
+    }
+    EXPECT_EQ(level, 1);
+    EXPECT_EQ(upright, 1);
+    EXPECT_GE(circles, 1);
+    EXPECT_EQ(path, 72);
+}
+
+TEST_F(PlotTypeTest, PicturesAreForWhatTheirOptionIsFor) {
+    for (std::size_t picture = 0; picture < 8; ++picture)
+        EXPECT_EQ(Picture(picture).Tip.Get(), form.opt_PickPlot[kLayouts[picture]].Tip.Get()) << picture;
+    EXPECT_EQ(form.opt_PickPlot[0].Tip.Get(), "Up to four functions in one graph");
+    EXPECT_EQ(form.opt_PickPlot[3].Tip.Get(), "A vector as a locus about the origin");
 }
 
 TEST_F(PlotTypeTest, ThePolarSketchHasAVectorInEachEighthOfATurn) {

@@ -8,6 +8,7 @@
 
 #include "platform/file_system.h"
 #include "platform/guard.h"
+#include "platform/process.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -74,6 +75,29 @@ TEST_F(CopyTest, WhatIsNotWholeIsNoCopy) {
         EXPECT_FALSE(Copy_Of(text.substr(0, length))) << length;
     EXPECT_FALSE(Copy_Of(text + "x"));
     EXPECT_FALSE(Copy_Of("\"VERLINK\"\r\n"));
+}
+
+TEST_F(CopyTest, OnlyPlainFilesOfThatNameAreCopiesThatWereLeft) {
+    platform::Process dead = platform::This_Process();
+    const auto next = [&dead] {
+        dead.start -= 1;
+        return dead;
+    };
+    const std::string folder = Path("left/"), text = Copy_Text(Some_Copy("\"VERLINK\"\r\n"));
+    platform::Make_Folder(folder);
+    const auto leave = [&](const std::string& name) { platform::Write_File(folder + name, text); };
+    const std::string left = platform::Name_Of(next()) + ".copy";
+    leave(left);
+    leave(platform::Name_Of(next()) + ".kept");
+    leave("no process.copy");
+    leave(platform::Name_Of(platform::This_Process()) + ".copy");
+    std::filesystem::create_symlink(folder + left, folder + platform::Name_Of(next()) + ".copy");
+    std::filesystem::create_directory(folder + platform::Name_Of(next()) + ".copy");
+    platform::Write_File(folder + platform::Name_Of(next()) + ".copy", "something else");
+    const auto found = Left_Copies(folder);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].file, folder + left);
+    EXPECT_EQ(found[0].copy.name, "press");
 }
 
 TEST_F(CopyTest, AgesAreToldInWholeUnits) {

@@ -1,6 +1,4 @@
 // Steps of the model: how they are found, undone and done again, and what counts as modified.
-#include "shell/history.h"
-
 #include "core/results.h"
 #include "core/text.h"
 #include "files/model_file.h"
@@ -10,43 +8,12 @@
 #include "screens/frm_homescreen.h"
 #include "screens/frm_inputnew.h"
 #include "screens/frm_massprop.h"
-#include "shell/startup.h"
-#include "tests/support/fixture.h"
+#include "tests/shell/history_fixture.h"
 #include "tests/walk/record.h"
 
 namespace verlink::test {
 
-using namespace platform;
-
 namespace {
-
-class HistoryTest : public Fixture {
-   protected:
-    /// Has the user come as far as the home screen, where he does `deeds`, and leaves.
-    void At_Home(const std::function<void(Screen&)>& deeds) {
-        std::filesystem::create_directories(desktop.Documents + "/VERLINK");
-        desktop.Expect_Screen("frm_Title", [](Screen& title) { Press(title, "cmd_Start"); });
-        desktop.Expect_Screen("frm_User", [](Screen& user) {
-            Type(user, "txt_UserName", kNoIndex, "A designer");
-            Press(user, "cmd_Done");
-        });
-        desktop.Expect_Message_With("Your default path");
-        desktop.Expect_Screen("frm_HomeScreen", [deeds](Screen& home) {
-            deeds(home);
-            The_Desktop().End_Process();
-        });
-        Sub_Main("");
-    }
-    void On_Input(Screen& home, const std::function<void(Screen&)>& deeds) {
-        desktop.Expect_Screen("frm_Inputnew", deeds);
-        Press(home, "cmd_Input");
-    }
-    static History& Steps() { return The_History(); }
-    static void Undo(Screen& screen) { Pick_Menu(screen, "mnu_Undo"); }
-    static void Redo(Screen& screen) { Pick_Menu(screen, "mnu_Redo"); }
-    static std::string Caption_Of(Screen& screen, const char* entry) { return screen.Get<MenuEntry>(entry).Caption; }
-    static std::string Told(Screen& screen) { return screen.Get<Label>("lbl_Model").Caption; }
-};
 
 TEST_F(HistoryTest, A_follower_that_fails_at_the_end_of_a_deed_is_reported_and_the_next_one_is_told) {
     static bool fails = false;

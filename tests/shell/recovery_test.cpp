@@ -252,9 +252,112 @@ TEST_F(RecoveryTest, AStartSweepsTheFoldersInWhichADeadProcessWrote) {
     EXPECT_EQ(std::distance(fs::directory_iterator(Path("models")), fs::directory_iterator()), 1);
 }
 
+TEST_F(RecoveryTest, AStartSweepsWhatADeadProcessLeftInTheStateFolderItself) {
+    Live_And_Die([&] {
+        std::string name = platform::Temporary_Beside(Folder() + "some.copy");
+        ::close(::mkstemp(name.data()));
+    });
+    const auto files = [this] { return std::distance(fs::directory_iterator(Folder()), fs::directory_iterator()); };
+    EXPECT_EQ(files(), 2) << "its log and its temporary";
+    Begin_Keeping();
+    EXPECT_EQ(files(), 1) << "the log of this one";
+}
+
+TEST_F(RecoveryTest, TheTasksOfTheCopyCountAndThoseBesideTheFileWhereTheyCannotBeRead) {
+    Begin_Keeping();
+    platform::Write_File(Path("press.vlk"), File_Content());
+    platform::Write_File(Path("press.vld"), kTask);
+    const auto tasks_from = [this](const std::string& tasks) {
+        platform::Process dead = platform::This_Process();
+        dead.start -= 1;
+        platform::Write_File(Copy_File(Folder(), dead), Copy_Text({Path("press.vlk"), "press", File_Content(), tasks,
+                                                                   std::chrono::system_clock::now()}));
+        Expect_Question("The model press", "Its file is " + Path("press.vlk"), Answer::kYes);
+        EXPECT_TRUE(Offer_Copies(Model));
+        return Model.DesignTask;
+    };
+    EXPECT_EQ(tasks_from("no tasks"), kTask);
+    EXPECT_EQ(tasks_from(""), "") << "they were taken away";
+}
+
+TEST_F(RecoveryTest, ACopyThatWasTakenStaysUntilThisProcessHasOneOfItsOwn) {
+    Leave_Crank(1.03);
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model)) << "nothing is kept yet";
+    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+
+    Begin_Keeping();
+    // Where its own should come to lie is a folder.
+    fs::create_directories(Copy_File(Folder(), platform::This_Process()) + "/full");
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model));
+    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+}
+
+TEST_F(RecoveryTest, AStartKnowsWhetherAnotherProcessRuns) {
+    EXPECT_FALSE(Look_Around().running);
+    int over[2];
+    ASSERT_EQ(::pipe(over), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::close(over[1]);
+        Begin_Keeping();
+        char byte = 0;
+        ::_exit(::read(over[0], &byte, 1) < 0);
+    }
+    while (Kept(".run") == 0) ::usleep(1000);
+    EXPECT_TRUE(Look_Around().running);
+    EXPECT_FALSE(Look_Around().died);
+    for (const int end : over) ::close(end);
+    ::waitpid(child, nullptr, 0);
+    EXPECT_FALSE(Look_Around().running);
+    EXPECT_TRUE(Look_Around().died);
+}
+
+TEST_F(RecoveryTest, AnEndThatIsPreparedIsWrittenDownWithTheCopyAsItIs) {
+    Live_And_Die([] {
+        Model.L2 = 1.03;
+        Keep_Copy(Model, true);
+        Prepare_To_Leave("the end of the session");
+    });
+    ASSERT_EQ(Past_Runs(Folder()).size(), 1U);
+    EXPECT_EQ(Past_Runs(Folder())[0].end, "the end of the session");
+    ASSERT_EQ(Left_Copies(Folder()).size(), 1U);
+    Prepare_To_Leave("without a log nothing is written");
+}
+
+TEST_F(RecoveryTest, WhatWasRefusedBeforeIsNotDroppedByAProcessThatBeginsAnew) {
+    Leave_Crank(1.03);
+    Begin_Keeping();
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kNo);
+    EXPECT_FALSE(Offer_Copies(Model));
+    End_Keeping();
+    Begin_Keeping();
+    Drop_Refused();
+    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+}
+
+TEST_F(RecoveryTest, SavingTheModelDropsTheCopiesThatWereRefused) {
+    Leave_Crank(1.03);
+    desktop.Expect_Message_With(kCrash);
+    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kNo);
+    desktop.Expect_Screen("frm_Title", [this](platform::Screen& title) {
+        EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
+        Model_Came();
+        EXPECT_EQ(Left_Copies(Folder()).size(), 1U) << "another model was begun";
+        Model_Kept();
+        EXPECT_EQ(Left_Copies(Folder()).size(), 0U);
+        Press(title, "cmd_Abort");
+    });
+    desktop.Expect_Screen("frm_Quit", [](platform::Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
+    EXPECT_TRUE(fs::is_empty(Folder())) << "a normal end leaves nothing";
+}
+
 TEST_F(RecoveryTest, WithoutAStateFolderNothingIsKeptAndNothingTold) {
     desktop.State.clear();
     Begin_Keeping();
+    EXPECT_FALSE(fs::exists(platform::Name_Of(platform::This_Process()) + ".run")) << "in the folder at hand";
     Keep_Copy(Model, true);
     EXPECT_FALSE(Offer_Copies(Model));
     EXPECT_FALSE(Look_Around().died);

@@ -5,8 +5,12 @@
 
 #include <filesystem>
 
+#include "core/results.h"
+#include "files/in_hand.h"
 #include "platform/file_system.h"
 #include "platform/process.h"
+#include "platform/settings.h"
+#include "shell/history.h"
 #include "shell/initialize.h"
 #include "tests/support/fixture.h"
 
@@ -277,6 +281,111 @@ TEST_F(StartupTest, TheStartFixesTheScreenDataTitlesUnitsAndColours) {
     EXPECT_EQ(Screens::Get("frm_HomeScreen").Get<Label>("lbl_Status", 10).Caption.Get(), "in-lb-bl-s");
     EXPECT_FALSE(Model.DiskFile);
     EXPECT_EQ(Model.NSteps, -435);
+}
+
+TEST_F(StartupTest, TheStartTakesBackWhateverTheRecordHeld) {
+    Model.AspectCorrection = 1.5;
+    Model.AspectActive = true;
+    Model.ColorPurple = 0;
+    Run_Holds();
+    Forces_Hold();
+    desktop.Settings = Path("settings");
+    desktop.Expect_Screen("frm_Title", [](Screen& title) {
+        EXPECT_EQ(Model.AspectCorrection, 1);
+        EXPECT_FALSE(Model.AspectActive);
+        EXPECT_EQ(Model.ColorPurple, 0x800080);
+        EXPECT_FALSE(Model.RunStands);
+        EXPECT_FALSE(Model.DynamicsDone);
+        EXPECT_TRUE(Model.JustStarted);
+        EXPECT_FALSE(Modified());
+        EXPECT_FALSE(The_History().Can_Undo());
+        EXPECT_TRUE(Screens::Get("frm_HomeScreen").Caption().Get().ends_with(Model.TitleSuffix));
+        Press(title, "cmd_Abort");
+    });
+    desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
+}
+
+TEST_F(StartupTest, WhatWasKeptInTheSettingsIsThereFromTheStart) {
+    platform::Settings& settings = platform::The_Settings();
+    settings.Open(Path("settings"));
+    settings.Put("Tests.word", "kept");
+    settings.Save();
+    settings.Open("");
+    desktop.Settings = Path("settings");
+    Expect_Title_And_Abort();
+    Sub_Main("");
+    EXPECT_EQ(settings.Text("Tests.word"), "kept");
+}
+
+TEST_F(StartupTest, AfterTheEndNothingFromOutsideIsWrittenIntoTheMarker) {
+    Check_for_Crash();
+    Terminate();
+    Leave("SIGTERM");
+    EXPECT_EQ(Marked(), kNormalExit);
+}
+
+TEST_F(StartupTest, ASecondInstanceThatWasRefusedWritesNoEndIntoANamelessMarker) {
+    Leave_Marker(kNamelessRunning);
+    Model.CommandLine = "/models/press.vlk";
+    desktop.Expect_Message(kSecondInstance, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    Leave("SIGTERM");
+    EXPECT_EQ(Marked(), kNamelessRunning);
+}
+
+TEST_F(StartupTest, AMarkerOfThisProcessIsNoCrashAndNoSecondInstance) {
+    Leave_Marker(Running());
+    Model.CommandLine = "/models/press.vlk";
+    Check_for_Crash();
+    EXPECT_FALSE(desktop.Ending());
+    EXPECT_EQ(Marked(), Running());
+    Leave("SIGTERM");
+    EXPECT_NE(Marked(), Running());
+}
+
+TEST_F(StartupTest, AMarkerOfAShorterKindNamesNoProcess) {
+    Leave_Marker("\"Running\"\r\n\"\"\r\n");
+    desktop.Expect_Message(kCrashMessage, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), Running());
+}
+
+TEST_F(StartupTest, WhenOneEndsTheMarkerIsTheOthersThatStillRuns) {
+    desktop.State = Path("state");
+    Check_for_Crash();
+    platform::Make_Folder(Path("state/verlink"));
+    platform::Write_File(Path("state/verlink/") + platform::Name_Of(Alive()) + ".run", "running\n");
+    Terminate();
+    EXPECT_EQ(Marked(), Running(Alive()));
+}
+
+TEST_F(StartupTest, OneThatRunsWithoutItsMarkerStopsADoubleClickAllTheSame) {
+    desktop.State = Path("state");
+    platform::Make_Folder(Path("state/verlink"));
+    platform::Write_File(Path("state/verlink/") + platform::Name_Of(Alive()) + ".run", "running\n");
+    Model.CommandLine = "/models/press.vlk";
+    desktop.Expect_Message(kSecondInstance, Answer::kOk, Icon::kInformation, Buttons::kOk);
+    Check_for_Crash();
+    EXPECT_TRUE(desktop.Ending());
+}
+
+TEST_F(StartupTest, BesideOneThatRunsANamelessMarkerIsNoCrash) {
+    desktop.State = Path("state");
+    platform::Make_Folder(Path("state/verlink"));
+    platform::Write_File(Path("state/verlink/") + platform::Name_Of(Alive()) + ".run", "running\n");
+    Leave_Marker(kNamelessRunning);
+    Check_for_Crash();
+    EXPECT_FALSE(desktop.Ending());
+}
+
+TEST_F(StartupTest, OneThatDiedAndHadSaidWhyIsNoCrash) {
+    desktop.State = Path("state");
+    platform::Make_Folder(Path("state/verlink"));
+    platform::Write_File(Path("state/verlink/") + platform::Name_Of(Dead()) + ".run", "running\nend SIGTERM\n");
+    Leave_Marker(Running(Dead()));
+    Check_for_Crash();
+    EXPECT_EQ(Marked(), Running());
 }
 
 TEST_F(StartupTest, TheFileTypeIsMadeKnownByItsExtensionAndThePlaceOfTheProgram) {

@@ -1,0 +1,85 @@
+// From the screen of linkages for a task, come to from home, to the screens of synthesis; and where no road leads.
+#include "tests/screens/frm_explore_fixture.h"
+
+namespace verlink::test {
+namespace {
+
+class ExploreChoices : public ExploreFixture {
+   protected:
+    /// The screen of synthesis comes up and is left.
+    void Expect_Synthesis(const char* name) {
+        desktop.Expect_Screen(name, [](platform::Screen& synthesis) { Press(synthesis, "cmd_Cancel"); });
+    }
+    static design::Task So_Many(std::size_t positions) {
+        design::Task task = Four();
+        task.positions.resize(positions);
+        return task;
+    }
+};
+
+TEST_F(ExploreChoices, OfTwoPositionsGoToTheMethodThatWasUsedLast) {
+    form.Take_Task(So_Many(2));
+    for (const int method : {1, 2}) {
+        SCOPED_TRACE(method);
+        Model.SynMethod = method;
+        Model.SynPositions = 2;
+        Model.SpecifiedPivots = true;
+        Inside([&] {
+            ASSERT_TRUE(form.cmd_Choices.Enabled);
+            Expect_Synthesis(method == 1 ? "frm_Synth2A" : "frm_Synth2B");
+            Press(form, "cmd_Choices");
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_EQ(Model.SynMethod, method);
+        EXPECT_EQ(Model.SynPositions, 1);
+        EXPECT_FALSE(Model.SpecifiedPivots);
+    }
+}
+
+TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
+    form.Take_Task(So_Many(3));
+    Model.SynMethod = 2;
+    Model.SynPositions = 1;
+    Model.SpecifiedPivots = true;
+    Inside([&] {
+        Expect_Synthesis("frm_Synth3");
+        Press(form, "cmd_Choices");
+        EXPECT_FALSE(form.Visible());
+    });
+    EXPECT_EQ(Model.SynMethod, 2);
+    EXPECT_EQ(Model.SynPositions, 2);
+    EXPECT_FALSE(Model.SpecifiedPivots);
+}
+
+TEST_F(ExploreChoices, OfFourPositionsAreNone) {
+    form.Take_Task(Four());
+    Inside([&] {
+        EXPECT_TRUE(form.cmd_Use.Enabled);
+        EXPECT_FALSE(form.cmd_Choices.Enabled);
+        form.cmd_Choices.OnClick();
+        EXPECT_TRUE(form.Visible());
+    });
+}
+
+TEST_F(ExploreChoices, OfALinkageThatDoesNotDoItAreNoneAndItIsNotUsed) {
+    const Single before = Model.L2;
+    Inside([&] {
+        Search();
+        form.chk_ThrownOut.Click();
+        ASSERT_FALSE(form.Shown().empty());
+        form.cmd_Use.OnClick();
+        form.cmd_Choices.OnClick();
+        form.chk_ThrownOut.Click();
+        Type(form, "txt_Least", platform::kNoIndex, "90.1");
+        Leave_Box();
+        ASSERT_FALSE(form.Chosen());
+        form.cmd_Use.OnClick();
+        form.cmd_Choices.OnClick();
+        EXPECT_TRUE(form.Visible());
+    });
+    EXPECT_EQ(Model.L2, before);
+    EXPECT_EQ(Model.DesignTask, "");
+}
+
+}  // namespace
+}  // namespace verlink::test
