@@ -82,6 +82,7 @@ void Set_Menus() {
         Allow_Button("cmd_Dynamics", "frm_MassProp", calculated, "Mass properties, loads and dynamic forces", first);
         Allow_Button("cmd_Balance", "frm_Balance", calculated, "Balance the shaking force", first);
 
+        Allow_Entry("mnu_Open", true);
         Allow_Entry("mnu_New", calculated || Model.DiskFile || Model.CamDriven || Model.LinkDriven);
         for (const char* entry : {"mnu_Save", "mnu_Saveas", "mnu_Export"}) Allow_Entry(entry, calculated);
         Allow_Entry("mnu_Cayley", calculated && Screens::Knows("frm_Cayley"));

@@ -161,7 +161,8 @@ std::string What_Would_Do(const Telling& telling, double shown) {
         "A" + Telling::At(shown).substr(1) + " " +
         (closing.is == Closing::Is::kTooShort ? "coupler and rocker are " + telling.By(closing.by) + " too short"
                                               : What_Is_Wrong(telling, closing));
-    const auto coupler = Nearest_Length(telling.Lengths(), local, 3), rocker = Nearest_Length(telling.Lengths(), local, 4);
+    const auto coupler = Nearest_Length(telling.Lengths(), local, 3),
+               rocker = Nearest_Length(telling.Lengths(), local, 4);
     const auto angle = Nearest_Toggle(telling.Lengths(), local);
     if (!coupler || !rocker) return words + ".";
     words += "; a coupler " + telling.Length(*coupler);

@@ -164,7 +164,6 @@ TEST_F(EveryScreen, HasTheKeysOfItsPrintingItsTableItsHistoryAndItsFiles) {
         const bool file =
             name == "mnu_New" || name == "mnu_Open" || name == "mnu_Save" || name == "mnu_Saveas" || name == "mnu_Quit";
         if (file && !with_files.contains(screen)) keys.clear();
-        if (screen == "frm_Cayley" && name.starts_with("mnu_")) keys.clear();
         if (name == "mnu_CopyTable" && !with_tables.contains(screen)) keys.clear();
         if (name == "cmd_PlotPrint" || name == "cmd_PrintForm" || name == "cmd_Print") keys = "Ctrl+P";
         if (with_files.contains(screen) && (name == "key_Before" || name == "key_After"))

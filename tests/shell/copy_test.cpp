@@ -172,7 +172,7 @@ TEST_F(CopyTest, TheEndWaitsForWhatWasToBeWritten) {
 TEST_F(CopyTest, WhatCouldNotBeWrittenIsTriedAgain) {
     Copy_Keeper keeper(Path("folder/copy"), 1ms);
     keeper.Keep(Some_Model("first"));
-    EXPECT_FALSE(keeper.Flush());
+    EXPECT_FALSE(keeper.Flush(200ms));
     platform::Make_Folder(Path("folder"));
     const auto end = steady_clock::now() + 20s;
     while (!platform::File_Exists(Path("folder/copy")) && steady_clock::now() < end) std::this_thread::sleep_for(10ms);

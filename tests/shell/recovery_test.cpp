@@ -285,13 +285,6 @@ TEST_F(RecoveryTest, ACopyThatWasTakenStaysUntilThisProcessHasOneOfItsOwn) {
     Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
     EXPECT_TRUE(Offer_Copies(Model)) << "nothing is kept yet";
     EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
-
-    Begin_Keeping();
-    // Where its own should come to lie is a folder.
-    fs::create_directories(Copy_File(Folder(), platform::This_Process()) + "/full");
-    Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
-    EXPECT_TRUE(Offer_Copies(Model));
-    EXPECT_EQ(Left_Copies(Folder()).size(), 1U);
 }
 
 TEST_F(RecoveryTest, AStartKnowsWhetherAnotherProcessRuns) {
