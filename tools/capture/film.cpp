@@ -17,7 +17,7 @@ namespace {
 constexpr int kWidth = 1280;
 constexpr int kHeight = 800;
 constexpr int kStrip = 72;  ///< for the words
-constexpr int kMargin = 12;
+constexpr int kBorder = 12;
 
 }  // namespace
 
@@ -32,9 +32,9 @@ void Film::Show(QWidget& window, double seconds, const QWidget* ringed, std::opt
     QPainter painter(&frame);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
 
-    const QSizeF room(kWidth - 2 * kMargin, kHeight - kStrip - 2 * kMargin);
+    const QSizeF room(kWidth - 2 * kBorder, kHeight - kStrip - 2 * kBorder);
     const QSizeF size = QSizeF(window.size()).scaled(room, Qt::KeepAspectRatio).boundedTo(QSizeF(window.size()));
-    const QRectF place(QPointF((kWidth - size.width()) / 2, kMargin + (room.height() - size.height()) / 2), size);
+    const QRectF place(QPointF((kWidth - size.width()) / 2, kBorder + (room.height() - size.height()) / 2), size);
     painter.drawImage(place, picture);
     const double scale = size.width() / window.width();
     if (pointer) Paint_Hand(painter, place.topLeft() + pointer->at * scale, pointer->holds);
@@ -47,7 +47,7 @@ void Film::Show(QWidget& window, double seconds, const QWidget* ringed, std::opt
     font.setPixelSize(22);
     painter.setFont(font);
     painter.setPen(Qt::white);
-    painter.drawText(QRect(kMargin, kHeight - kStrip, kWidth - 2 * kMargin, kStrip - kMargin),
+    painter.drawText(QRect(kBorder, kHeight - kStrip, kWidth - 2 * kBorder, kStrip - kBorder),
                      Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(words_));
     painter.end();
     Write(frame, std::max(1, static_cast<int>(std::lround(seconds * kPerSecond))));

@@ -350,7 +350,7 @@ Stops All_Linkages() {
 }
 
 /// A straight line, with what the animate screen can show of it.
-Stops Straight_Line() {
+Stops Straight_Line_Shown() {
     return {{"frm_HomeScreen", "", Menu("mnu_Hoekens")},
             {"frm_Inputnew", "", In_Turn({Picking("opt_Polar", 1), Pressing("cmd_Calc")}), 400},
             {"frm_Inputnew", "", Pressing("cmd_Done")},
@@ -455,7 +455,7 @@ Stops Road_Walk() {
 }
 
 Stops Chapters_Walk() {
-    return Together({To_Home(), Straight_Line(), Under_The_Hand(), Studies(), Examples_Walk(), Quit()});
+    return Together({To_Home(), Straight_Line_Shown(), Under_The_Hand(), Studies(), Examples_Walk(), Quit()});
 }
 
 Stops Tutorial_Walk() {
