@@ -106,8 +106,8 @@ void Still_Picture(benchmark::State& state) {
     Windows windows;
     frm_Animate& screen = Animate_Window(windows);
     screen.chk_CouplerLines.Value = state.range(3) != 0;
-    for (int i = 0; i < state.range(2); ++i) screen.mnu_Plus.OnClick();
-    for (int i = 0; i > state.range(2); --i) screen.mnu_Minus.OnClick();
+    for (int i = 0; i < state.range(2); ++i) screen.zoom.mnu_Plus.OnClick();
+    for (int i = 0; i > state.range(2); --i) screen.zoom.mnu_Minus.OnClick();
     Worst(state, [&] {
         Painted(
             "frm_Animate", [&] { screen.cmd_Reset.OnClick(); }, windows);
@@ -213,13 +213,13 @@ void Cayley(benchmark::State& state) {
     auto& screen = static_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
     windows.Open("frm_Cayley");
     screen.Form_Activate();
-    for (int i = 0; i < state.range(0); ++i) screen.mnu_Plus.OnClick();
-    for (int i = 0; i > state.range(0); --i) screen.mnu_Minus.OnClick();
+    for (int i = 0; i < state.range(0); ++i) screen.zoom.mnu_Plus.OnClick();
+    for (int i = 0; i > state.range(0); --i) screen.zoom.mnu_Minus.OnClick();
     Worst(state, [&] {
         Painted(
-            "frm_Cayley", [&] { screen.mnu_Plus.OnClick(); }, windows);
+            "frm_Cayley", [&] { screen.zoom.mnu_Plus.OnClick(); }, windows);
         Painted(
-            "frm_Cayley", [&] { screen.mnu_Minus.OnClick(); }, windows);
+            "frm_Cayley", [&] { screen.zoom.mnu_Minus.OnClick(); }, windows);
     });
     Model.ZoomFactor = 1;
 }
