@@ -268,7 +268,8 @@ TEST_F(LabelPlaces, ALabelMovesForWhatIsDrawnUnderItAndForNothingBesideIt) {
         EXPECT_NEAR(free.x, 160, 1e-9);
         EXPECT_NEAR(free.y, 139, 1e-9);
         Picture& on = sheet.picture;
-        for (const auto& [x, y, under] : spots) {
+        for (const auto& [spot_x, spot_y, under] : spots) {
+            const double x = spot_x, y = spot_y;
             const auto moved = [&](const auto& draw) {
                 on.Cls();
                 draw();
