@@ -34,7 +34,11 @@ class HelpReader : public Fixture {
                 if (place.document == view.Document.Get()) view.Finds = place.finds;
         };
     }
-    ~HelpReader() override { view.Watcher = nullptr; }
+    /// A test may have discarded the screens.
+    ~HelpReader() override {
+        for (const platform::Screen* screen : Screens::Made())
+            if (screen == &reader) view.Watcher = nullptr;
+    }
     std::string Finds() { return reader.lbl_Finds.Caption; }
 
     const std::string balance = Help_Document("mnu_BalanceHelp"), theory = Help_Document("mnu_TheoryHelp"),
