@@ -15,7 +15,7 @@ Axis Output_Axis();
 int Last_Point();
 /// Where a point stands, to so many decimals; a harmonic has none.
 std::string Point_Text(int point, int decimals);
-/// The same for the hand that reads a point: no digit is missing, and none is more than rounding has left.
+/// The same for the hand that reads a point: to 4 decimals of a degree and 6 of a second, as far as they are not zero.
 std::string Point_Reading(int point);
 
 /// Whether a slot's values are the angles of a vector.
