@@ -75,6 +75,14 @@ class Engine : public Drawing {
         Append(rows, Axis_Lines());
         return rows;
     }
+    /// All five positions, one after the other.
+    Rows Whole_Run() {
+        Rows rows = Opening();
+        for (int step = 0; step <= 4; ++step) Append(rows, Frame(step));
+        Append(rows, Links(4, Model.ColorMagenta));
+        Append(rows, Closing());
+        return rows;
+    }
     /// The rows of a run without those of its preparation.
     Rows Played() {
         Take();

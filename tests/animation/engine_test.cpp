@@ -136,24 +136,16 @@ TEST_F(Engine, TheLengthsStandBesideEveryRun) {
 }
 
 TEST_F(Engine, ARunDrawsHoldsAndErasesEachPositionAndLeavesTheLast) {
-    Rows rows = Played();
-    Rows expected = Opening();
-    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
-    Append(expected, Links(4, Model.ColorMagenta));
-    Append(expected, Closing());
-    EXPECT_EQ(rows, expected);
+    const Rows rows = Played();
+    EXPECT_EQ(rows, Whole_Run());
     EXPECT_EQ(Model.PenColor, Model.ColorMagenta);
     EXPECT_EQ(Model.CurrentStep, 0);
 }
 
 TEST_F(Engine, TheCouplerCurveIsDrawnAgainAtEveryFrame) {
     Model.ShowCouplerFlag = "Y";
-    Rows rows = Played();
-    Rows expected = Opening();
-    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
-    Append(expected, Links(4, Model.ColorMagenta));
-    Append(expected, Closing());
-    EXPECT_EQ(rows, expected);
+    const Rows rows = Played();
+    EXPECT_EQ(rows, Whole_Run());
     EXPECT_EQ(std::count(rows.begin(), rows.end(), Curve()[0]), 7);
 }
 
@@ -233,12 +225,8 @@ TEST_F(Engine, ACouplerPointOnOneOfTheAxesIsAPositionLikeAnyOther) {
     Model.RunTable.PointXY(1, 2, 0) = 0;
     Model.RunTable.PointXY(3, 2, 1) = 0;
     Model.ShowCouplerFlag = "Y";
-    Rows rows = Played();
-    Rows expected = Opening();
-    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
-    Append(expected, Links(4, Model.ColorMagenta));
-    Append(expected, Closing());
-    EXPECT_EQ(rows, expected);
+    const Rows rows = Played();
+    EXPECT_EQ(rows, Whole_Run());
     EXPECT_EQ(desktop.Pauses.size(), 5U);
 }
 
@@ -358,12 +346,8 @@ TEST_F(Engine, SteppingGoesOnFromWhereARunWasStopped) {
 
 TEST_F(Engine, ARunStoppedAtItsLastFrameHasThatOnce) {
     desktop.StopAtPause = 5;
-    Rows rows = Played();
-    Rows expected = Opening();
-    for (int step = 0; step <= 4; ++step) Append(expected, Frame(step));
-    Append(expected, Links(4, Model.ColorMagenta));
-    Append(expected, Closing());
-    EXPECT_EQ(rows, expected);
+    const Rows rows = Played();
+    EXPECT_EQ(rows, Whole_Run());
     bool lock = false;
     Step_Setup(stage, lock);
     EXPECT_EQ(stage.lbl_StepNumber.Caption.Get(), "0.0");

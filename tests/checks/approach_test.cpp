@@ -12,6 +12,16 @@ class Approaches : public Told {
    protected:
     static constexpr double kRadian = 180 / M_PI;
 
+    /// Nearby, and turned so much that no circuit reaches it.
+    static void Ask_For_A_Second_Position() {
+        auto& m = Model;
+        m.O2x = m.O2y = 0;
+        m.SynZx = m.Rpa;
+        m.SynZy = 0;
+        m.P21x = 0.05;
+        m.P21y = 0.07;
+        m.SynAlpha2 = 40;
+    }
     /// One position of the linkage in hand.
     void Take_Crank(double degrees, int circuit) {
         auto& m = Model;
@@ -160,12 +170,7 @@ TEST_F(Approaches, AMissIsSaidInTheShownUnitAndInDegrees) {
         auto& m = Model;
         m.SynPositions = 1;
         m.SpecifiedPivots = false;
-        m.O2x = m.O2y = 0;
-        m.SynZx = m.Rpa;
-        m.SynZy = 0;
-        m.P21x = 0.05;
-        m.P21y = 0.07;
-        m.SynAlpha2 = 40;
+        Ask_For_A_Second_Position();
         std::string words;
         for (const Reached_Position& p : Positions_Reached(m)) {
             const Approach& a = p.Nearest();
@@ -240,12 +245,7 @@ TEST_F(Approaches, ChecksTellTheWorstPositionWithItsSentence) {
     auto& m = Model;
     m.SynPositions = 2;
     m.Synthesized = true;
-    m.O2x = m.O2y = 0;
-    m.SynZx = m.Rpa;
-    m.SynZy = 0;
-    m.P21x = 0.05;
-    m.P21y = 0.07;
-    m.SynAlpha2 = 40;
+    Ask_For_A_Second_Position();
     m.P31x = 0.35;
     m.P31y = 0.17;
     m.SynAlpha3 = 60;

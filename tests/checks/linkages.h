@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "checks/check.h"
 #include "core/linkage_door.h"
@@ -33,6 +35,14 @@ class Random_Linkages : public Fixture {
     int Whole_Number(int low, int high) { return std::uniform_int_distribution<>(low, high)(engine); }
     bool Perhaps() { return Whole_Number(0, 1) == 1; }
     std::string Trace() const { return "VERLINK_SEED=" + std::to_string(seed); }
+
+    static Check Found(const std::string& name) {
+        const std::vector<Check> checks = Checks_Of(Model);
+        const auto found = std::ranges::find(checks, name, &Check::name);
+        if (found != checks.end()) return *found;
+        ADD_FAILURE() << "no check " << name;
+        return {};
+    }
 
     /// Lengths, units, ground, circuit, kind of steps and speeds by chance; false where it closes nowhere.
     bool Take_Random() {

@@ -51,6 +51,14 @@ class Told : public Random_Linkages {
         Integer result;
         Imported_Run(result);
     }
+    void Run_And_Balance() {
+        Integer result;
+        Notes notes(desktop, platform::Answer::kIgnore);
+        Calc_Setup(3, result);
+        verlink::Solve_Forces(Model);
+        Default_Weights(Model);
+        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+    }
     static Links Own_Links() {
         const auto& m = Model;
         return {m.L1, m.L2, m.L3, m.L4, m.Rpa, m.DeltaRad, double(m.CircuitSign)};
@@ -64,13 +72,6 @@ class Told : public Random_Linkages {
         const double a2 = t.Alpha(step, 0);
         const double before = step > 0 ? double{t.Alpha(step - 1, 0)} : double{Model.Alpha2};
         return Solve_Position(Own_Links(), Crank(step), t.Omega(step, 0), a2, Model.Calctype > 3 ? before : a2);
-    }
-    static Check Found(const std::string& name) {
-        const std::vector<Check> checks = Checks_Of(Model);
-        const auto found = std::ranges::find(checks, name, &Check::name);
-        if (found != checks.end()) return *found;
-        ADD_FAILURE() << "no check " << name;
-        return {};
     }
     /// With a number that is `by` more, the check fails there, by so much, beside four times what rounding does.
     static void Expect_Told(const std::string& name, Single& cell, double by, const std::string& where,

@@ -12,12 +12,7 @@ class Told_Of_Balance : public Ranges_Of_Forces {
         Take_Masses();
         Model.Omega2Input = 9;
         Take_Angles(40, 140, 5);
-        Integer result;
-        Notes notes(desktop, platform::Answer::kIgnore);
-        Calc_Setup(3, result);
-        verlink::Solve_Forces(Model);
-        Default_Weights(Model);
-        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        Run_And_Balance();
         ASSERT_TRUE(Model.BalanceDone);
     }
     static Vector Unit(double radians) { return std::polar(1.0, radians); }

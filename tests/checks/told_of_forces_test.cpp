@@ -18,6 +18,12 @@ class Told_Of_Forces : public Ranges_Of_Forces {
     static Vector Centre_Velocity(const Moving_Link& b, const Ranges& joint) {
         return Vector(0, b.omega.value) * Middle(b.arm) + Middle(joint);
     }
+    Acting Solved_With(int circuit, double friction) {
+        Take_All(circuit);
+        Model.FrictionForce = friction;
+        Solve_All();
+        return Acting_At(kStep, Own_Weights{}, true);
+    }
     RunResults& t = Model.RunTable;
 };
 
@@ -26,10 +32,7 @@ class Told_Of_Forces : public Ranges_Of_Forces {
 TEST_F(Told_Of_Forces, EachPinAndEachInertia) {
     for (const int circuit : {1, 2})
         for (const double friction : {0.0, 3.0}) {
-            Take_All(circuit);
-            Model.FrictionForce = friction;
-            Solve_All();
-            const Acting a = Acting_At(kStep, Own_Weights{}, true);
+            const Acting a = Solved_With(circuit, friction);
             const std::pair<const Ranges*, const char*> rows[] = {
                 {&a.F32, ", link 3 on link 2"},       {&a.F43, ", link 4 on link 3"},
                 {&a.l3.force, ", inertia of link 3"}, {&a.l2.force, ", inertia of link 2"},
@@ -46,10 +49,7 @@ TEST_F(Told_Of_Forces, EachPinAndEachInertia) {
 TEST_F(Told_Of_Forces, TheDrivingTorqueAndTheNetTorques) {
     for (const int circuit : {1, 2})
         for (const double friction : {0.0, 3.0}) {
-            Take_All(circuit);
-            Model.FrictionForce = friction;
-            Solve_All();
-            const Acting a = Acting_At(kStep, Own_Weights{}, true);
+            const Acting a = Solved_With(circuit, friction);
             Expect_Told("Power in and out", t.LinkTorque(kStep, 0), 10, kPlace, a.T12.off);
             Expect_Told("Net torques", t.LinkTorque(kStep, 1), 10, kPlace + ", link 3",
                         Kept(a.moment3 - a.l3.moment).off);

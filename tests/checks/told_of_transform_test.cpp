@@ -12,12 +12,7 @@ class Told_Of_Transform : public Told {
         Model.L1 = 0.2667;
         Model.Omega2Input = 9;
         Take_Angles(0, 360, 360.0 / steps);
-        Integer result;
-        Notes notes(desktop, platform::Answer::kIgnore);
-        Calc_Setup(3, result);
-        verlink::Solve_Forces(Model);
-        Default_Weights(Model);
-        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        Run_And_Balance();
         ASSERT_EQ(Model.NSteps, steps);
     }
     void Transform(const std::string& variable, const std::string& component = "X", bool local = false) {

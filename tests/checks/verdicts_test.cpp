@@ -40,13 +40,6 @@ class Verdicts : public Random_Linkages {
         Do_DFT(m.NSteps);
         Transform_Holds();
     }
-    static Check Found(const std::string& name) {
-        const std::vector<Check> checks = Checks_Of(Model);
-        const auto found = std::ranges::find(checks, name, &Check::name);
-        if (found != checks.end()) return *found;
-        ADD_FAILURE() << "no check " << name;
-        return {};
-    }
     /// Good, or what the design leaves; then failing, where it was disturbed.
     void Expect_To_See(const std::string& name, const std::function<void()>& disturb, const std::string& where = "",
                        Verdict before = Verdict::kGood) {

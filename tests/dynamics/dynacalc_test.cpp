@@ -54,24 +54,6 @@ class ForceSolution : public Fixture {
         }
         return all;
     }
-    /// A run of three steps whose last does not close, with the crank on the ground link.
-    static void Run_To_A_Singular_Step() {
-        auto& m = Model;
-        Run_Scenario({.name = "backwards", .omega2 = -10});
-        m.L1 = 3;
-        m.L2 = 2.5;
-        m.L3 = 4;
-        m.L4 = 2;
-        m.ThetaStart = m.ThetaStartRad = 0;
-        m.ThetaEnd = 120;
-        m.ThetaStep = 60;
-        m.ThetaEndRad = m.ThetaEnd * kDegToRad;
-        m.ThetaStepRad = m.ThetaStep * kDegToRad;
-        m.NSteps = 2;
-        Derive_Linkage(Leading::kInForce);
-        Integer result;
-        Calc_Setup(3, result);
-    }
 };
 
 }  // namespace
@@ -156,7 +138,7 @@ TEST_F(ForceSolution, FrictionTurnsWithTheDirectionOfTravel) {
 }
 
 TEST_F(ForceSolution, ASingularStepIsToldWithItsNumberAndEndsTheSolve) {
-    Run_To_A_Singular_Step();
+    Run_To_An_Open_Step(false);
     ASSERT_TRUE(table.Assembled(1));
     ASSERT_FALSE(table.Assembled(2));
     for (int step = 0; step <= 2; ++step) table.LinkTorque(step, 0) = -77;
@@ -172,7 +154,7 @@ TEST_F(ForceSolution, ASingularStepIsToldWithItsNumberAndEndsTheSolve) {
 }
 
 TEST_F(ForceSolution, BehindASingularStepNothingOfAnEarlierSolveIsLeft) {
-    Run_To_A_Singular_Step();
+    Run_To_An_Open_Step(false);
     Fill_Steps(0, 3, -77);
     desktop.Expect_Message_With("zero value on diagonal").Expect_Message_With("Error in Computing");
     Solve_Forces();
@@ -304,7 +286,7 @@ TEST_F(ForceSolution, LinkByLinkItIsTheSameAsByElimination) {
 }
 
 TEST_F(ForceSolution, WhatCannotBeSolvedLinkByLinkIsSaidOfItsStepAlone) {
-    Run_To_A_Singular_Step();
+    Run_To_An_Open_Step(false);
     table.Assembled(2) = true;
     std::vector<char> solved(3, 7);
     Solve_Closed_Steps(Model, solved);

@@ -103,6 +103,25 @@ inline void Run_Scenario(const Scenario& scenario) {
     Calc_Setup(3, result);
 }
 
+/// Three steps, backwards: at the first the crank lies on the ground link, the last does not close.
+inline void Run_To_An_Open_Step(bool loads) {
+    Run_Scenario({.name = "backwards", .loads = loads, .omega2 = -10});
+    auto& m = Model;
+    m.L1 = 3;
+    m.L2 = 2.5;
+    m.L3 = 4;
+    m.L4 = 2;
+    m.ThetaStart = m.ThetaStartRad = 0;
+    m.ThetaEnd = 120;
+    m.ThetaStep = 60;
+    m.ThetaEndRad = m.ThetaEnd * kDegToRad;
+    m.ThetaStepRad = m.ThetaStep * kDegToRad;
+    m.NSteps = 2;
+    Derive_Linkage(Leading::kInForce);
+    Integer result;
+    Calc_Setup(3, result);
+}
+
 inline void Solve_Forces() {
     Dynacalc(Model, 0, Model.LinkMass, Model.LinkInertia, Model.CG, Model.RunTable.PinForce, Model.RunTable.LinkTorque);
 }
