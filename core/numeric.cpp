@@ -52,9 +52,8 @@ Decimal Decimal_Of(double magnitude) {
 /// Keeps the digits down to the one worth 10 to the place; halves go away from zero.
 void Round_At(Decimal& decimal, int place) {
     const int kept = decimal.exponent - place + 1;
-    if (kept >= static_cast<int>(decimal.digits.size())) return;
-    const bool up = kept >= 0 && decimal.digits[static_cast<std::size_t>(kept)] >= '5';
-    decimal.digits.resize(static_cast<std::size_t>(std::max(kept, 0)));
+    const bool up = kept >= 0 && Char_At(decimal.digits, static_cast<std::size_t>(kept)) >= '5';
+    decimal.digits.resize(std::min(decimal.digits.size(), static_cast<std::size_t>(std::max(kept, 0))));
     if (!up) return;
     for (std::size_t i = decimal.digits.size(); i-- > 0;) {
         if (decimal.digits[i] != '9') {
@@ -70,7 +69,7 @@ void Round_At(Decimal& decimal, int place) {
 std::string Grouped(double value, int decimals) {
     Decimal decimal = Decimal_Of(std::fabs(value));
     Round_At(decimal, -decimals);
-    std::string text = value < 0 && !decimal.Is_Zero() ? "-" : "";
+    std::string text = std::signbit(value) && !decimal.Is_Zero() ? "-" : "";
     for (int place = std::max(decimal.exponent, 0); place >= 0; --place) {
         text += decimal.Digit(place);
         if (place != 0 && place % 3 == 0) text += ',';
@@ -103,10 +102,10 @@ double Arc(const char* function, const char* refusal, Single x, double at_ends, 
             Model.MathDomainError = true;
         else if (t == 0)
             found = at_ends;
-        else if (t <= 1)
-            found = angle(t);
-        else
+        else if (std::isnan(t))
             platform::Tell(refusal + Text_Of(x));
+        else
+            found = angle(t);
     });
     return found;
 }
@@ -250,8 +249,8 @@ void MaxMin1(const Element& Arr, int First, int Last, Single& MaxVal, Single& Mi
         MinVal = Arr(First);
         for (int i = First; i <= Last; ++i) {
             const Single element = Arr(i);
-            if (element > MaxVal) MaxVal = element;
-            if (element < MinVal) MinVal = element;
+            MaxVal = std::max(MaxVal, element);
+            MinVal = std::min(MinVal, element);
         }
     });
 }
@@ -292,8 +291,7 @@ void GlobalMax(const Element& ArrA, const Element& ArrB, int First, int Last, Si
         MaxMin1(ArrA, First, Last, max_a, min_a);
         MaxMin1(ArrB, First, Last, max_b, min_b);
         Single largest = std::fabs(max_a);
-        for (const Single extreme : {min_a, max_b, min_b})
-            if (std::fabs(extreme) > largest) largest = std::fabs(extreme);
+        for (const Single extreme : {min_a, max_b, min_b}) largest = std::max<Single>(largest, std::fabs(extreme));
         Result = largest;
     });
 }

@@ -2,6 +2,7 @@
 #include "core/parameters.h"
 
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "core/classification.h"
@@ -217,8 +218,8 @@ bool Get_Time_Conditions(Screen& screen) {
         Model.TimeStep = Step;
     }
     Model.ThetaStepStr = Text_Of(Model.TimeStep);
-    const double steps =
-        Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
+    const double steps = Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep)
+                                              : std::numeric_limits<double>::infinity();
     if (steps > kLastStep) {
         // The screen goes on all the same: its boxes wait, and the run that reads them refuses them again.
         const bool waits = screen.FindAs<CommandButton>("cmd_Calc") != nullptr;
@@ -317,7 +318,6 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
                 Model.Link1Y = Read_Coordinate(screen, 16, Model.Link1Y);
             }
             Put_Circuit(screen);
-            Get_Circuit(screen);
         });
         // Also a text that was typed into the form that is not in force.
         Settle_Linkage(screen);

@@ -18,38 +18,39 @@ std::string General(double value, int digits) {
     return {buffer, end};
 }
 
-/// Length of the leading numeric part: sign, digits with at most one point, and an exponent that has digits.
-std::size_t Numeric_Length(std::string_view text) {
-    std::size_t at = 0;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
-    std::size_t digits = 0;
-    bool point = false;
-    for (; at < text.size(); ++at) {
-        if (Is_Digit(text[at]))
-            ++digits;
-        else if (text[at] == '.' && !point)
-            point = true;
-        else
-            break;
-    }
-    if (digits == 0) return 0;
-    if (at < text.size() && (text[at] == 'E' || text[at] == 'e' || text[at] == 'D' || text[at] == 'd')) {
-        std::size_t end = at + 1;
-        if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
-        const std::size_t first = end;
-        while (end < text.size() && Is_Digit(text[end])) ++end;
-        if (end > first) at = end;
-    }
+bool Is_Sign(char c) { return c == '+' || c == '-'; }
+
+/// Where the digits that stand there end.
+std::size_t Behind_Digits(std::string_view text, std::size_t at) {
+    while (Is_Digit(Char_At(text, at))) ++at;
     return at;
 }
 
-/// Whether a number that no double holds is too large, and not too small.
-bool Is_Too_Large(std::string_view number) {
+/// Length of the leading numeric part: sign, digits with at most one point, and an exponent that has digits.
+std::size_t Numeric_Length(std::string_view text) {
+    const std::size_t whole = Is_Sign(Char_At(text, 0)) ? 1 : 0;
+    std::size_t end = Behind_Digits(text, whole);
+    std::size_t digits = end - whole;
+    if (Char_At(text, end) == '.') {
+        const std::size_t fraction = end + 1;
+        end = Behind_Digits(text, fraction);
+        digits += end - fraction;
+    }
+    if (digits == 0) return 0;
+    if (std::string_view("EeDd").find(Char_At(text, end)) != std::string_view::npos) {
+        const std::size_t exponent = end + (Is_Sign(Char_At(text, end + 1)) ? 2 : 1);
+        if (Is_Digit(Char_At(text, exponent))) end = Behind_Digits(text, exponent);
+    }
+    return end;
+}
+
+/// Whether a number that no double holds is too small, and not too large: it is so by hundreds of digits.
+bool Is_Too_Small(std::string_view number) {
     const std::size_t mark = number.find('e');
     const std::string_view mantissa = number.substr(0, mark);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_of("123456789");
-    const double lead = first < point ? static_cast<double>(point - first) : -static_cast<double>(first - point - 1);
+    const double lead = static_cast<double>(point) - static_cast<double>(first);
     double exponent = 0;
     if (mark != std::string_view::npos) {
         const bool negative = number[mark + 1] == '-';
@@ -57,18 +58,18 @@ bool Is_Too_Large(std::string_view number) {
         for (const char c : number.substr(digits)) exponent = exponent * 10 + (c - '0');
         if (negative) exponent = -exponent;
     }
-    return lead + exponent > 0;
+    return std::signbit(lead + exponent);
 }
 
-/// The value of a text that is one number.
+/// The value of a text that is one number, or empty, which is 0.
 double Converted(std::string number) {
     std::replace_if(
         number.begin(), number.end(), [](char c) { return c == 'E' || c == 'D' || c == 'd'; }, 'e');
-    if (number.front() == '+') number.erase(0, 1);
+    if (number.starts_with('+')) number.erase(0, 1);
     double value = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc::result_out_of_range) {
-        if (Is_Too_Large(number)) platform::Raise(platform::kOverflow);
+        if (!Is_Too_Small(number)) platform::Raise(platform::kOverflow);
         return 0;
     }
     return value;
@@ -85,23 +86,17 @@ std::string Text_Of(int value) { return std::to_string(value); }
 double Val(std::string_view text) {
     std::string dense(text);
     std::erase_if(dense, Is_Blank);
-    const std::size_t length = Numeric_Length(dense);
-    if (length == 0) return 0;
-    dense.resize(length);
+    dense.resize(Numeric_Length(dense));
     return Converted(std::move(dense));
 }
 
 std::string_view Leading_Number(std::string_view text) { return text.substr(0, Numeric_Length(text)); }
 
 std::string Ungrouped(std::string_view text) {
-    const auto digits_from = [text](std::size_t at) {
-        std::size_t count = 0;
-        while (at + count < text.size() && Is_Digit(text[at + count])) ++count;
-        return count;
-    };
     std::string plain;
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool between = text[at] == ',' && at > 0 && Is_Digit(text[at - 1]) && digits_from(at + 1) == 3;
+        const bool between =
+            text[at] == ',' && at > 0 && Is_Digit(text[at - 1]) && Behind_Digits(text, at + 1) == at + 4;
         if (!between) plain += text[at];
     }
     return plain;

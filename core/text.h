@@ -12,6 +12,9 @@ namespace verlink {
 inline bool Is_Digit(char c) { return c >= '0' && c <= '9'; }
 inline bool Is_Blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+/// The character that stands there; behind the end a zero, which is part of no number.
+inline char Char_At(std::string_view text, std::size_t at) { return at < text.size() ? text[at] : '\0'; }
+
 /// The shortest decimal form of up to 7 significant digits ("0.05", "1.234568E-05", "1E+07"), without a leading
 /// blank; the mantissa and exponent form from 1E+07 up and below 1E-04.
 std::string Text_Of(Single value);

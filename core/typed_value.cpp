@@ -60,7 +60,7 @@ class Reader {
     bool Either_Way() const { return either_way_; }
 
    private:
-    char Next() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+    char Next() const { return Char_At(text_, at_); }
     void Skip_Blanks() {
         while (Is_Blank(Next())) ++at_;
     }
@@ -116,9 +116,10 @@ class Reader {
             if (!Is_Digit(Next())) at_ = behind;
             while (Is_Digit(Next())) ++at_;
         }
-        double value = 0;
+        std::optional<double> value;
         const std::string number = *digits + std::string(text_.substr(behind, at_ - behind));
-        return Failure_Of([&] { value = Number_Of(number); }) == 0 ? std::optional(value) : std::nullopt;
+        (void)Failure_Of([&] { value = Number_Of(number); });
+        return value;
     }
 
     /// The digits with a point for a decimal comma, and without commas between thousands.
@@ -152,19 +153,19 @@ class Reader {
         return factor;
     }
 
-    /// Where the text goes on behind that unit; 0 when it does not stand here.
+    /// Where the text goes on behind that unit; here, when it does not stand here.
     std::size_t Behind(std::string_view unit) const {
         std::size_t at = at_;
         for (const char wanted : unit) {
             const std::size_t before = at;
-            while (at < text_.size() && Is_Blank(text_[at])) ++at;
-            const char found = at < text_.size() ? text_[at] : '\0';
+            while (Is_Blank(Char_At(text_, at))) ++at;
+            const char found = Char_At(text_, at);
             if (Is_Mark(wanted))
                 at = Is_Mark(found) ? at + 1 : before;
             else if (Small(found) == Small(wanted))
                 ++at;
             else
-                return 0;
+                return at_;
         }
         return at;
     }

@@ -87,8 +87,8 @@ double Transmission_At(const Links& links, double degrees) {
     // Half the angle between coupler and rocker, by the half perimeter of their triangle: exact near a toggle too.
     const double gap = Gap(links, degrees), half = (links.L3 + links.L4 + gap) / 2;
     const double folded = (half - links.L3) * (half - links.L4), stretched = half * (half - gap);
-    if (folded <= 0 || stretched <= 0) return 0;
-    const double angle = 2 * std::atan2(std::sqrt(folded), std::sqrt(stretched)) / kDegree;
+    const double angle =
+        2 * std::atan2(std::sqrt(std::max(0.0, folded)), std::sqrt(std::max(0.0, stretched))) / kDegree;
     return std::min(angle, 180 - angle);
 }
 
@@ -140,11 +140,11 @@ std::optional<Longest> Too_Long(const Links& links) {
 
 std::optional<std::size_t> Nearest_Miss(const Links& links, std::span<const double> degrees) {
     std::optional<std::size_t> nearest;
-    double least = 0;
+    double least = std::numeric_limits<double>::infinity();
     for (std::size_t i = 0; i < degrees.size(); ++i) {
         const Closing closing = Closing_At(links, degrees[i]);
         if (closing.is == Closing::Is::kClosed || closing.is == Closing::Is::kNoLength) return {};
-        if (nearest && closing.by >= least) continue;
+        if (closing.by >= least) continue;
         nearest = i;
         least = closing.by;
     }

@@ -315,7 +315,7 @@ bool Solve_Step_Directly(const LoadedRun& run, int step, bool loaded, const Bodi
     const Loaded_Step s = Load_Step(run, step, loaded, bodies, system);
     if (!Solve_By_Links(run.linkage, s.at, system)) return false;
     Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, Forces, Torques);
-    if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    Scale_Centres(run.table, step, run.shown);
     return true;
 }
 
@@ -327,7 +327,7 @@ bool Solve_Step(const LoadedRun& run, int step, bool loaded, const Bodies& bodie
     if (step == 0) solve.first = system.Held;
     if (!solve_system(system)) return false;
     Store(step, system, s.at, s.inertias, run.loads.ExtTorque(3), s.loads, Forces, Torques);
-    if (run.shown != 1) Scale_Centres(run.table, step, run.shown);
+    Scale_Centres(run.table, step, run.shown);
     return true;
 }
 

@@ -1,9 +1,9 @@
 """What tools/mutate changes: the mutants of a line, and a line that can be any of them as it runs."""
 import re
 
-# Words that no test can see, and lines that are no code of their own.
+# Words that no test can see, and lines that are no code of their own, or room alone.
 BLANKED = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])+\'|//.*')
-LEFT_ALONE = re.compile(r"^\s*(#|///|//|template|using|namespace|static_assert|\}|public:|private:|protected:|case \w+:$)")
+LEFT_ALONE = re.compile(r"^\s*([\w.]+\.reserve\(|#|///|//|template|using|namespace|static_assert|\}|public:|private:|protected:|case \w+:$)")
 
 
 def swaps(code):
@@ -19,9 +19,13 @@ def swaps(code):
         yield "sign", found.start(), found.end(), "+"
     for found in re.finditer(r" ([+-])= ", code):
         yield "sign", found.start(1), found.end(1), "-" if found.group(1) == "+" else "+"
-    for found in re.finditer(r"(?<![\w.])(\d+\.?\d*(?:e[+-]?\d+)?)(?![\w.])", code):
+    for found in re.finditer(r"(?<![\w.])(\d+\.?\d*(?:e[+-]?\d+)?)(?![\w.])", without_sizes(code)):
         number = found.group(1)
-        other = str(int(number) + 1) if number.isdigit() else number + " * 1.5" if float(number) else "1.0"
+        other = number + " * 1.5" if not number.isdigit() else str(int(number) + 1)
+        if code[:found.start()].endswith("-") and number == "1":
+            other = "0"  # as good as any other where all below zero says that there is none
+        elif "." in number and not float(number):
+            other = "1.0"
         yield "constant", found.start(1), found.end(1), other
     for found in re.finditer(r"\b(true|false)\b", code):
         yield "constant", found.start(), found.end(), "false" if found.group() == "true" else "true"
@@ -37,6 +41,12 @@ def swaps(code):
             yield "condition " + word, condition.start(1), condition.end(1), word
     for found in re.finditer(r"&&|\|\|", code):
         yield "condition", found.start(), found.end(), "||" if found.group() == "&&" else "&&"
+
+
+def without_sizes(code):
+    """The same line without how much room there is, of which more is as good."""
+    sizes = r"^\s*(?!return\b)[\w:]+ \w+(?:\[\d+\])+(?:, \w+(?:\[\d+\])+)*|[Aa]rray<[^()<>]+, \d+>"
+    return re.sub(sizes, lambda found: re.sub(r"\d", " ", found.group()), code)
 
 
 def balanced(text):
