@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "core/elimination.h"
 #include "core/linkage_model.h"
 #include "core/pole.h"
 #include "core/position.h"
@@ -28,7 +27,7 @@ double Finite(double value) {
 /// A magnitude as a formatter sees it: 15 significant digits, the first of them worth 10 to the exponent.
 struct Decimal {
     std::string digits;
-    int exponent = 0;
+    int exponent;
 
     /// Digit worth 10 to the place; 0 where there is none.
     char Digit(int place) const {
@@ -76,7 +75,7 @@ std::string Grouped(double value, int decimals) {
     }
     text += '.';
     for (int place = 1; place <= decimals; ++place) {
-        if (place == 4 && decimals > 4) text += ' ';
+        if (place == 4 && decimals == 6) text += ' ';
         text += decimal.Digit(-place);
     }
     return text;
@@ -217,12 +216,7 @@ void Modulo(Single x, Single m, Single& r) {
 void SimQ(Integer& N, std::span<double> A, std::span<double> B, Integer& Flag) {
     Guarded("SimQ", [&] {
         Flag = 1;
-        constexpr int kMany = 9;
-        if (N == kMany && A.size() >= kMany * kMany && B.size() >= kMany &&
-            PairedSystem<kMany>(A.data(), B.data()).Solve(B.data()))
-            Flag = 0;
-        else
-            Eliminate(N, A, B, Flag);
+        Eliminate(N, A, B, Flag);
     });
 }
 

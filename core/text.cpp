@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <system_error>
 
 namespace verlink {
@@ -67,7 +68,7 @@ double Converted(std::string number) {
         number.begin(), number.end(), [](char c) { return c == 'E' || c == 'D' || c == 'd'; }, 'e');
     if (number.starts_with('+')) number.erase(0, 1);
     double value = 0;
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    const auto [end, error] = std::from_chars(std::to_address(number.begin()), std::to_address(number.end()), value);
     if (error == std::errc::result_out_of_range) {
         if (!Is_Too_Small(number)) platform::Raise(platform::kOverflow);
         return 0;
@@ -96,7 +97,7 @@ std::string Ungrouped(std::string_view text) {
     std::string plain;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool between =
-            text[at] == ',' && at > 0 && Is_Digit(text[at - 1]) && Behind_Digits(text, at + 1) == at + 4;
+            text[at] == ',' && Is_Digit(Char_At(text, at - 1)) && Behind_Digits(text, at + 1) == at + 4;
         if (!between) plain += text[at];
     }
     return plain;

@@ -52,7 +52,6 @@ class Reader {
             more = Take("+-");
             sign = text_[at_ - 1] == '-' ? -1 : 1;
         }
-        Skip_Blanks();
         const bool all = at_ == text_.size() && (with_unit == 0 || with_unit == terms);
         return all && std::isfinite(sum) ? std::optional(sum) : std::nullopt;
     }

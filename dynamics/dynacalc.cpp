@@ -259,15 +259,16 @@ struct Bodies {
     const Table<Single, 0, 4, 2>& CG;
 };
 
-/// Both to the same bits; false for a singular system, of which the first tells the user.
+/// Both to the same bits; false for a singular system, of which the second tells the user.
+bool Solve_Quietly(System& s) {
+    return PairedSystem<kUnknowns>(s.Held.A.data(), s.Held.C.data()).Solve(s.Held.C.data());
+}
 bool Solve_And_Tell(System& s) {
+    if (Solve_Quietly(s)) return true;
     Integer unknowns = kUnknowns;
     Integer Error;
     SimQ(unknowns, s.Held.A, s.Held.C, Error);
     return Error == 0;
-}
-bool Solve_Quietly(System& s) {
-    return PairedSystem<kUnknowns>(s.Held.A.data(), s.Held.C.data()).Solve(s.Held.C.data());
 }
 
 using System_Solver = bool (*)(System&);

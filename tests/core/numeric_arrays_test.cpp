@@ -84,6 +84,8 @@ TEST_F(NumericArrays, TheLargestMagnitudeIsOverBothArrays) {
     const auto negated = [](int i) { return Single(-2 * At(i)); };
     GlobalMax(At, negated, 0, 5, largest);
     EXPECT_EQ(largest, 14);
+    GlobalMax(negated, At, 0, 5, largest);
+    EXPECT_EQ(largest, 14);
     GlobalMax(At, At, 0, 2, largest);
     EXPECT_EQ(largest, 5);
     const auto zeros = [](int) { return Single(0); };
@@ -200,8 +202,7 @@ TEST(FileNames, WithoutAThreeLetterExtensionAreEmpty) {
     EXPECT_EQ(StripFilename("C:\\Data\\press.html"), "");
     EXPECT_EQ(StripFilename("press"), "");
     EXPECT_EQ(StripFilename("press.c"), "");
-    EXPECT_EQ(StripFilename(""), "");
-    EXPECT_EQ(StripFilename("vlk"), "");
+    for (const char* short_name : {"", "k", "lk", "vlk", ".k"}) EXPECT_EQ(StripFilename(short_name), "") << short_name;
 }
 
 TEST(FileNames, AreCutWhereverTheFourthCharacterFromTheEndIsAPoint) {

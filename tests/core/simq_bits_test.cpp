@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/elimination.h"
 #include "core/numeric.h"
 #include "tests/core/linkages.h"
 
@@ -130,15 +131,20 @@ class NineEquations : public Fixture {
     int solved = 0, without_pivot = 0, overflowed = 0;
 
     void Expect_Plain_Results(System s) {
-        System plain = s;
+        System plain = s, paired = s;
         int column = 0;
         const End end = Plain_Elimination(plain, column);
+        const std::vector<double> given = s.b;
         if (end == End::kNoPivot)
             desktop.Expect_Message("There is a zero value on diagonal in column " + std::to_string(column));
         if (end == End::kOverflow) desktop.Expect_Message(Report(6, "Overflow", "SimQ"));
         Integer N = kN, Flag = -7;
         SimQ(N, s.a, s.b, Flag);
         EXPECT_EQ(N, kN);
+        // What has no end here is left to the plain loops, with the right side as it was.
+        const bool at_once = PairedSystem<kN>(paired.a.data(), paired.b.data()).Solve(paired.b.data());
+        EXPECT_EQ(at_once, end == End::kSolved);
+        EXPECT_EQ(Bits(paired.b), Bits(at_once ? plain.b : given));
         switch (end) {
             case End::kSolved:
                 EXPECT_EQ(Flag, 0);

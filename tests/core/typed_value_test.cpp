@@ -58,6 +58,8 @@ TEST(TypedValue, ThousandsThatCanBeNothingElseAreRead) {
 TEST(TypedValue, ABoxThatPartsThousandsItselfReadsWhatItWrites) {
     EXPECT_EQ(Shown("1,500", kGrouped), "1,500");
     EXPECT_EQ(Shown("-1,500.250", kGrouped), "-1,500.250");
+    EXPECT_EQ(Shown("-123,500.250", kGrouped), "-123,500.250");
+    EXPECT_EQ(Shown("+123,500.250", kGrouped), "+123,500.250");
     EXPECT_EQ(Shown("1,500*2", kGrouped), "3000");
     EXPECT_EQ(Shown("1,5", kGrouped), "1.5");
     EXPECT_EQ(Shown("1234,567", kGrouped), "1234.567");
