@@ -80,7 +80,7 @@ TEST_F(NumericRounding, ThousandsAreGroupedHoweverManyThereAre) {
 TEST_F(NumericRounding, HalvesOfTheDecimalValueGoAwayFromZero) {
     EXPECT_EQ(FNRoundStr(0.125, 2), "0.13");
     EXPECT_EQ(FNRoundStr(-0.125, 2), "-0.13");
-    EXPECT_EQ(FNRoundStr(2.675, 2), "2.68");  // a little below in binary
+    EXPECT_EQ(FNRoundStr(2.675, 2), "2.68");   // a little below in binary
     EXPECT_EQ(FNRoundStr(9.995, 2), "10.00");  // 9.994999999999999 to one digit more than are looked at
     EXPECT_EQ(FNRoundStr(0.5, 0), "1.");
     EXPECT_EQ(FNRoundStr(-0.5, 0), "-1.");

@@ -138,7 +138,8 @@ TEST(NumberOfText, TakesAWholeNumberWithBlanksAround) {
 }
 
 TEST(NumberOfText, AnythingElseIsFailure13) {
-    for (const char* text : {"", "  ", "abc", "1.5abc", "1 000", "inf", "nan", "0x10", "1,5", "--1", "1e", ".", "-.", ".e5"})
+    for (const char* text :
+         {"", "  ", "abc", "1.5abc", "1 000", "inf", "nan", "0x10", "1,5", "--1", "1e", ".", "-.", ".e5"})
         EXPECT_FAILURE(13, Number_Of(text));
     EXPECT_FAILURE(6, Number_Of("1e400"));
 }
