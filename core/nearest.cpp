@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "core/text.h"
+
 namespace verlink {
 
 std::size_t Letters_Apart(const std::string& one, const std::string& other) {
@@ -15,7 +17,7 @@ std::size_t Letters_Apart(const std::string& one, const std::string& other) {
             if (i == 0 || j == 0) continue;
             const std::size_t exchanged = at(i - 1, j - 1) + (one[i - 1] == other[j - 1] ? 0 : 1);
             at(i, j) = std::min({at(i - 1, j) + 1, at(i, j - 1) + 1, exchanged});
-            if (i > 1 && j > 1 && one[i - 1] == other[j - 2] && one[i - 2] == other[j - 1])
+            if (one[i - 1] == Char_At(other, j - 2) && Char_At(one, i - 2) == other[j - 1])
                 at(i, j) = std::min(at(i, j), at(i - 2, j - 2) + 1);
         }
     }

@@ -224,7 +224,7 @@ double FNRound(double value, int decimals) {
     static constexpr std::array kPowers{1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
     double rounded = 0;
     Guarded("FNRound", [&] {
-        const double power = kPowers[decimals >= 0 && decimals <= 5 ? static_cast<std::size_t>(decimals) : 6];
+        const double power = kPowers[std::min<std::size_t>(static_cast<std::size_t>(decimals), 6)];
         rounded = std::floor(Finite(value * power) + 0.5) / power;
     });
     return rounded;

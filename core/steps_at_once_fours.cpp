@@ -1,4 +1,6 @@
 // Positions of a run in fours; built for machines with AVX2, and called on them alone.
+#include <cmath>
+
 #include "core/steps_at_once.h"
 
 namespace verlink::at_once {
@@ -7,7 +9,7 @@ namespace verlink::at_once {
 namespace {
 
 /// No angle is further from these than a few turns.
-bool Is_Moderate(double angle) { return angle < kTrigonometryLimit / 2 && angle > -kTrigonometryLimit / 2; }
+bool Is_Moderate(double angle) { return std::abs(angle) < kTrigonometryLimit / 2; }
 
 bool Solve_By_Fours(const Run& run, int step, const double* theta2, const double* omega2) {
     bool moderate = Is_Moderate(run.shape.DeltaRad);

@@ -48,12 +48,12 @@ int Way_At(const Links& links, double angle) {
     return int{closes(angle + kAside)} - int{closes(angle - kAside)};
 }
 
-/// The lengths of crank or ground, the other one given, that leave just that gap at a crank angle; negative ones where
-/// there are none.
+/// The lengths of crank or ground, the other one given, that leave just that gap at a crank angle; zeros where there
+/// are none.
 std::array<double, 2> Lengths_At(double other, double degrees, double gap) {
     const double along = other * std::cos(degrees * kDegree), across = other * std::sin(degrees * kDegree);
     const double square = gap * gap - across * across;
-    if (square < 0) return {-1, -1};
+    if (square < 0) return {};
     return {along - std::sqrt(square), along + std::sqrt(square)};
 }
 
@@ -61,7 +61,7 @@ std::array<double, 2> Lengths_At(double other, double degrees, double gap) {
 std::array<double, 4> Bounds_Of(const Links& links, double degrees, int link) {
     if (link >= 3) {
         const double gap = Gap(links, degrees), other = links.Of(7 - link);
-        return {std::fabs(gap - other), gap + other, -1, -1};
+        return {std::fabs(gap - other), gap + other};
     }
     const double other = links.Of(3 - link);
     const auto stretched = Lengths_At(other, degrees, links.L3 + links.L4);

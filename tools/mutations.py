@@ -24,6 +24,8 @@ def swaps(code):
         other = number + " * 1.5" if not number.isdigit() else str(int(number) + 1)
         if code[:found.start()].endswith("-") and number == "1":
             other = "0"  # as good as any other where all below zero says that there is none
+        elif "e" in number:
+            other = number + " * 1e3"  # an order of magnitude, of which half as much again is as good
         elif "." in number and not float(number):
             other = "1.0"
         yield "constant", found.start(1), found.end(1), other

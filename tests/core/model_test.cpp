@@ -208,6 +208,14 @@ TEST_F(TheModel, CircuitIndexOtherThanOneOrTwoLeavesBoth) {
     EXPECT_EQ(name, "Open");
 }
 
+TEST_F(TheModel, ThePackedLinkageHoldsNineFieldsInTheirOrder) {
+    Single* const fields[] = {&Model.Rpa,    &Model.L1,     &Model.L2,          &Model.L3,         &Model.L4,
+                              &Model.Link1X, &Model.Link1Y, &Model.Link1LocalX, &Model.Link1LocalY};
+    for (int i = 0; i <= 8; ++i) *fields[i] = 10 + i;
+    LoadLinkArray();
+    for (int i = 0; i <= 8; ++i) EXPECT_EQ(Model.LinkArray(i), 10 + i);
+}
+
 TEST_F(TheModel, LengthsAreMetresInCentimetresAndMillimetres) {
     Model.Units = 5;
     EXPECT_EQ(Shown_Factor(), 1000);

@@ -132,6 +132,9 @@ TEST(WhyTest, A_link_without_length_is_named_and_has_no_limits) {
     EXPECT_FALSE(Nearest_Toggle(links, 30));
     EXPECT_FALSE(Nearest_Length(links, 30, 3));
     EXPECT_EQ(Transmission_At(links, 30), 0);
+    EXPECT_EQ(Closing_At({7, 2, 0, 4.5}, 30).link, 3);
+    EXPECT_EQ(Closing_At({7, 2, 5, 0}, 30).link, 4);
+    EXPECT_NE(Closing_At({0, 2, 5, 4.5}, 30).is, Is::kNoLength) << "both pivots are one";
 }
 
 TEST(WhyTest, A_parallelogram_has_a_change_point_at_either_end_and_closes_on_both_sides_of_it) {
