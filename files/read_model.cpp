@@ -119,8 +119,8 @@ double Angle_Of(const std::string& text, Single& degrees) {
 }  // namespace
 
 bool Is_Model(std::string_view content) {
-    bool own = false;
-    return Failure_Of([&] { own = Is_Own(TextReader(content).String()); }) == 0 && own;
+    std::string tag;
+    return Failure_Of([&] { tag = TextReader(content).String(); }) == 0 && Is_Own(tag);
 }
 
 void Derive_Limits_From_File(LinkageModel& record) {

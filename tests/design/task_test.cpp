@@ -125,7 +125,7 @@ TEST_F(Design, AFileThatWasSpoiltIsTakenWholeOrRefused) {
     SCOPED_TRACE(Trace());
     const std::string whole = Task_Text(Full_Task());
     int taken = 0;
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         std::string text = whole;
         for (int changes = 1 + static_cast<int>(Number(0, 3)); changes > 0; --changes) {
             const auto at = static_cast<std::size_t>(Number(0, static_cast<double>(text.size())));
@@ -143,7 +143,7 @@ TEST_F(Design, AFileThatWasSpoiltIsTakenWholeOrRefused) {
         ASSERT_TRUE(Read_Task(Task_Text(task), again, fault)) << fault;
         EXPECT_EQ(again, task);
     }
-    EXPECT_GT(taken, 100);
+    EXPECT_GT(taken, 15);
 }
 
 }  // namespace verlink::test

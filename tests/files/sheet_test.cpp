@@ -86,6 +86,8 @@ TEST_F(Sheets, Leave_cells_empty_behind_a_shorter_column) {
     std::string text = Separated_Text(sheet, ',');
     std::erase(text, '\r');
     EXPECT_TRUE(text.ends_with("\n0,0.5\n90,\n180,\n")) << text;
+    for (Sheet_Column& column : sheet.columns) column.values.clear();
+    EXPECT_EQ(Separated_Text(sheet, ','), "Crank Angle (deg),\"Veloc I 2,3 X (in/sec)\"\r\n") << "no rows at all";
 }
 
 TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
@@ -150,6 +152,32 @@ TEST_F(Sheets, Are_workbooks_with_numbers_frozen_heads_statistics_and_the_model)
     EXPECT_EQ(read.numbers, numbers) << "a cell that has no number is empty";
     EXPECT_EQ(read.formats.at("Table!A8"), "0.0");
     EXPECT_EQ(read.formats.at("Table!B7"), "0.00");
+    for (const char* cell : {"A1", "B1", "A2", "B2", "A3", "B3", "A4", "A5", "A6"})
+        EXPECT_EQ(read.looks.at(std::string("Table!") + cell), "bold center FFE6EBF2") << cell;
+    for (const char* cell : {"B4", "B5", "B6"}) {
+        EXPECT_EQ(read.looks.at(std::string("Table!") + cell), "plain None FFEEF7F6") << cell;
+        EXPECT_EQ(read.formats.at(std::string("Table!") + cell), "0.00") << cell;
+    }
+    for (const char* cell : {"A1", "A2"})
+        EXPECT_EQ(read.looks.at(std::string("Model!") + cell), "bold None none") << cell;
+    EXPECT_EQ(read.looks.size(), 14U);
+    // Letters of 7 pixels and 5 of air around them, in whole pixels and parts of 256.
+    EXPECT_EQ(read.widths,
+              (std::vector<std::string>{"Table! 1 2 13.7109375", "Model! 1 1 33.28515625", "Model! 2 2 20.28515625"}));
+}
+
+TEST_F(Sheets, Without_statistics_begin_below_their_heads) {
+    Sheet sheet = A_Sheet();
+    sheet.statistics = false;
+    sheet.columns[0].decimals = 0;
+    sheet.columns.push_back({.name = "", .component = "", .unit = "", .values = {3}, .decimals = -1});
+    const Xlsx_Read read = Written(Workbook(sheet, {}, "Ada"));
+    EXPECT_EQ(read.sheets.front(), "Table B4");
+    EXPECT_EQ(read.numbers.at("Table!A4"), 0);
+    EXPECT_EQ(read.numbers.at("Table!A6"), 180);
+    EXPECT_EQ(read.formats.at("Table!A6"), "0");
+    EXPECT_EQ(read.formats.at("Table!C4"), "0") << "no fewer than none";
+    EXPECT_EQ(read.widths.front(), "Table! 1 3 13.7109375");
 }
 
 TEST_F(Sheets, Are_read_by_a_spreadsheet_program_number_by_number) {

@@ -159,6 +159,15 @@ TEST_F(TorqueImport, ACancelledDialogLeavesEverythingAndSaysNothing) {
     Tick_For_Nothing();
 }
 
+TEST_F(TorqueImport, ACancelledDialogLeavesNothingThatCannotBeTypedOrSolved) {
+    box().Enabled = false;
+    solve().Enabled = false;
+    desktop.Expect_Open({});
+    Import_Torque(4);
+    EXPECT_TRUE(box().Enabled);
+    EXPECT_TRUE(solve().Enabled);
+}
+
 TEST_F(TorqueImport, AFileThatIsNotThereIsToldAndReportedAndLeavesEverything) {
     desktop.Expect_Open(In("none.trq"));
     desktop.Expect_Message("An error has occurred in the Import_Torque routine", Answer::kOk, Icon::kInformation,
