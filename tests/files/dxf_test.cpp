@@ -85,6 +85,12 @@ TEST_F(Drawings, Are_saved_where_the_user_says_with_a_warning_before_another_fil
     EXPECT_EQ(desktop.Dialogs[1].filter, "DXF drawing|*.dxf|");
     EXPECT_EQ(desktop.Dialogs[1].file_name, "press.dxf");
     EXPECT_TRUE(desktop.Dialogs[1].warn_before_overwriting);
+    EXPECT_EQ(desktop.Dialogs[1].kind, "drawing");
+    desktop.Expect_Save(Path("nowhere/b.dxf"));
+    desktop.Expect_Message("The drawing could not be written to " + Path("nowhere/b.dxf") + ".\r\nThere is no folder " +
+                               Path("nowhere") + ".",
+                           platform::Answer::kOk, platform::Icon::kExclamation);
+    Save_Drawing([this] { return dxf.Content(); }, "press");
 }
 
 TEST_F(Drawings, Have_no_path_of_one_point) {

@@ -81,6 +81,14 @@ TEST_F(RecentFiles, TenAreShownAndThoseThatAreGoneLeaveTheirPlaceToOthers) {
     EXPECT_EQ(Recent_Files(), made);
 }
 
+TEST_F(RecentFiles, ThirtyAreKeptForWhenThoseBeforeThemAreGone) {
+    for (int i = 1; i <= 40; ++i) Note_Recent(Path("m" + std::to_string(i) + ".vlk"));
+    const auto kept = The_Settings().List("recent");
+    ASSERT_EQ(kept.size(), 30U);
+    EXPECT_EQ(kept.front(), Path("m40.vlk"));
+    EXPECT_EQ(kept.back(), Path("m11.vlk"));
+}
+
 TEST_F(RecentFiles, TheyAreThereInTheNextSessionAndThoseOfAnotherOneAtTheSameTimeToo) {
     const std::string a = Made("a.vlk"), b = Made("b.vlk");
     Note_Recent(a);

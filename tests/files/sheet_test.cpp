@@ -270,7 +270,8 @@ TEST_F(Sheets, Are_offered_as_three_kinds_with_every_step_and_every_so_many) {
     EXPECT_NE(Table_Filter(2).find("every 2nd step"), std::string::npos);
     EXPECT_NE(Table_Filter(3).find("every 3rd step"), std::string::npos);
     EXPECT_NE(Table_Filter(21).find("every 21st step"), std::string::npos);
-    EXPECT_NE(Table_Filter(12).find("every 12th step"), std::string::npos);
+    for (const char* nth : {"4th", "11th", "12th", "13th", "20th", "22nd", "23rd", "101st", "111th", "112th", "113th"})
+        EXPECT_NE(Table_Filter(std::atoi(nth)).find("every " + std::string(nth) + " step"), std::string::npos) << nth;
 }
 
 TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
@@ -295,9 +296,29 @@ TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
     desktop.Expect_Save({});
     Save_Table(Table(10));
     EXPECT_EQ(desktop.Dialogs.back().file_name, "press_table.csv") << "what was taken last is offered";
+    const char* ends[] = {"xlsx", "xlsx", "csv", "csv", "txt", "txt", "xlsx"};
+    for (int entry = 1; entry <= 7; ++entry) {
+        Take_Entry(entry);
+        desktop.Expect_Save({});
+        Save_Table(Table(2));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, std::string("press_table.") + ends[entry - 1]) << entry;
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, entry <= 6 ? entry : 1);
+        desktop.Expect_Save({});
+        Save_Table(Table(1));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, "press_table.xlsx") << "one entry a kind, and none is kept";
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, 1);
+    }
+    Take_Entry(4);
     desktop.Expect_Save(Path("g.csv"));
     Save_Table(Table(1));
     EXPECT_EQ(asked, 1);
+}
+
+TEST_F(Sheets, Are_of_the_kind_that_the_end_of_their_name_says) {
+    for (const char* name : {"a.csv", "b.x.CSV", ".csv"}) EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kCsv) << name;
+    for (const char* name : {"a.txt", "a.Tsv", "a.dat"}) EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kTabs) << name;
+    for (const char* name : {"a.xlsx", "csv", "", "a.csv.zip", "a."})
+        EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kXlsx) << name;
 }
 
 TEST_F(Sheets, That_cannot_be_written_are_told_with_the_reason) {
