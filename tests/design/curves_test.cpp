@@ -46,6 +46,23 @@ TEST(Curves, APieceHasTwoEnds) {
     }
 }
 
+TEST(Curves, ALoopComesBackToWhereItBeganByBothWays) {
+    Task task;
+    task.positions = {{{0, 0}, 0}, {{1, 0.2}, 20}, {{1.5, -0.5}, 50}, {{0.5, -1}, 80}};
+    const Curves curves = Curves_Of(task);
+    int loops = 0;
+    for (const auto& piece : curves) {
+        if (std::abs(piece.front().fixed - piece.back().fixed) > 1e-9) continue;
+        ++loops;
+        EXPECT_LT(std::abs(piece.front().moving - piece.back().moving), 1e-9);
+        // Each turn has a dyad on either way; where they meet there is one, of which that of the beginning counts
+        // twice.
+        EXPECT_EQ(piece.size() % 2, 1U);
+    }
+    EXPECT_EQ(loops, 1);
+    ASSERT_GT(curves.size(), 1U);
+}
+
 TEST(Curves, AllPlacesOfAMovingPivotAreAsFarFromItsCentre) {
     const Task task = Platform();
     for (const auto& piece : Curves_Of(task))

@@ -208,6 +208,23 @@ TEST_F(Limits, LinksOfWhichOneIsHundredsOfTimesAsLongAsAnotherHaveNoDigitsInComm
     EXPECT_NEAR(judged(2).amount, longest, 1e-9);
 }
 
+TEST_F(Limits, ALinkThatRoundsToNothingMeetsNoPosition) {
+    const auto closes = [](const FourBar& linkage, bool as_shown) {
+        Task task;
+        task.positions = {{linkage.coupler, 0}};
+        const double crank[] = {std::arg(linkage.crank.moving - linkage.crank.fixed)};
+        const auto carried = Carried_Through(task.positions);
+        return Miss_Of(linkage, Is_Open(linkage), carried, crank, 1, as_shown).closes;
+    };
+    // 0.0004 inches are none in thousandths.
+    const FourBar shorts[] = {{{{0, 0}, {2, 0}}, {{0, 0.0004}, {1, 1}}, {1, 2}},
+                              {{{0, 0}, {0, 0.0004}}, {{2, 0}, {1, 1}}, {1, 2}},
+                              {{{0, 0}, {1, 1}}, {{2, 0}, {1, 1.0004}}, {1, 2}},
+                              {{{0, 0}, {1, 1}}, {{2, 0}, {2, 0.0004}}, {1, 2}}};
+    for (const FourBar& linkage : shorts) EXPECT_FALSE(closes(linkage, true));
+    EXPECT_TRUE(closes(Linkage_Of(Crank_Rocker()), true));
+}
+
 TEST_F(Limits, TheScoreIsTheMeanOfItsMeritsByTheirWeights) {
     const Known known = Crank_Rocker();
     Task task = *Task_Of(known, {0, 1, 2.5});

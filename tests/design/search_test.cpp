@@ -92,6 +92,28 @@ TEST_F(Searching, WhatADescentFindsDoesItToo) {
     }
 }
 
+TEST_F(Searching, ADescentMakesTheBestBetter) {
+    const Found fine = Find(Three(), kShort), coarse = Find(Three(), {.best = 5, .threads = 0, .coarse = true});
+    ASSERT_FALSE(coarse.solutions.empty());
+    EXPECT_GT(fine.solutions[0].judgement.score, coarse.solutions[0].judgement.score + 0.01);
+}
+
+TEST_F(Searching, LinksTurnNeitherHardlyNorNearlyFullyToAnotherPosition) {
+    SCOPED_TRACE(Trace());
+    for (const int positions : {2, 4}) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(positions, known);
+        for (const Solution& solution : Find(task, kCoarse).solutions) {
+            const auto& genes = solution.genes;
+            ASSERT_EQ(genes.count, positions == 2 ? 6U : 2U);
+            for (std::size_t i = positions == 2 ? 2 : 0; i < genes.count; i += genes.count / 2) {
+                EXPECT_GE(genes.number[i], 0.02 * design::kTurn);
+                EXPECT_LE(genes.number[i], 0.98 * design::kTurn);
+            }
+        }
+    }
+}
+
 TEST_F(Searching, TheLinkageBehindFivePositionsIsFoundAgain) {
     SCOPED_TRACE(Trace());
     int good = 0, again = 0;
@@ -199,6 +221,15 @@ TEST_F(Searching, StoppingKeepsWhatIsThere) {
     EXPECT_FALSE(found.solutions.empty());
     const Found nothing = Find(Three(), {}, [](double, const Found*) { return false; });
     EXPECT_TRUE(nothing.stopped);
+    for (const int threads : {1, 3}) {
+        // In the midst of the descents: what has not been refined is none.
+        const Found midst = Find(Three(), {.best = 5, .threads = threads, .rounds = 2},
+                                 [](double part, const Found*) { return part <= 0.81; });
+        EXPECT_TRUE(midst.stopped);
+        EXPECT_EQ(midst.solutions.size(), 5U);
+        Expect_All_Do_It(Three(), midst);
+        for (const Solution& solution : midst.solutions) EXPECT_GT(solution.judgement.score, 0);
+    }
 }
 
 TEST_F(Searching, WhereNothingDoesItTheMostFrequentReasonIsSaid) {
