@@ -120,8 +120,12 @@ std::vector<Point> Roots_Of(Quartic r) {
     for (const double c : r) largest = std::max(largest, std::abs(c));
     std::size_t degree = 4;
     while (degree > 0 && std::abs(r[degree]) <= 1e-14 * largest) --degree;
-    std::vector<Point> roots;
-    for (std::size_t i = 0; i < degree; ++i) roots.push_back(std::pow(Point(0.4, 0.9), static_cast<double>(i)));
+    std::vector<Point> roots(degree);
+    Point begin = 1;
+    for (Point& root : roots) {
+        root = begin;
+        begin *= Point(0.4, 0.9);
+    }
     for (int turn = 0; turn < 200; ++turn)
         for (std::size_t i = 0; i < degree; ++i) {
             Point value = r[degree], others = r[degree];

@@ -117,6 +117,9 @@ TEST_F(Limits, PositionsCoincideWithinABillionthAndATenMillionthOfADegree) {
     };
     EXPECT_NE(line(0.9e-8), "");
     EXPECT_EQ(line(1.1e-8), "");
+    // The line is that to the farthest, which a place hardly off the first does not turn.
+    const std::string near_first = Said({{{0, 0}, 5}, {{3, 4}, 5}, {{2.28e-8, 4.54e-8}, 5}});
+    EXPECT_NE(near_first.find("lie on a line"), std::string::npos) << near_first;
     EXPECT_NE(Said({{{3, 4}, 5}, {{0, 0}, 5}, {{-3, -4}, 5}, {{6, 8}, 5}}).find("lie on a line"), std::string::npos);
 }
 
