@@ -60,8 +60,8 @@ Spread Spread_Of(const std::vector<double>& values) {
 int Labels_Of(const Drive& drive) {
     constexpr double kApart = 30;
     constexpr int kSteps = 10;
-    if (Abscissa_Of(drive) != Abscissa::kAngle || !(drive.ThetaStep > 0)) return kSteps;
-    const double steps = kApart / drive.ThetaStep;
+    if (Abscissa_Of(drive) != Abscissa::kAngle) return kSteps;
+    const double steps = kApart / double{drive.ThetaStep};  // infinite, and no round number, where there is no step
     const bool round = steps >= 1 && std::abs(steps - std::round(steps)) < 1e-3;
     return round ? static_cast<int>(std::round(steps)) : kSteps;
 }

@@ -21,16 +21,6 @@ constexpr Color kCurve = Rgb(160, 160, 160), kGhost = Rgb(190, 205, 225), kBody 
                 kCrank = Rgb(200, 40, 40), kCoupler = Rgb(30, 90, 180), kOther = Rgb(30, 130, 60),
                 kGround = Rgb(40, 40, 40);
 
-/// A crank-rocker of lengths 1, 3.5 and 3 on a turned ground of 4, on the open circuit or the crossed one.
-Known Crank_Rocker(bool open = true) {
-    const auto turned = std::polar(1.0, 0.3);
-    Known known{{1, 2}, Point(1, 2) + 4.0 * turned, Point(1, 2) + Point(0, 1) * turned, {}, {}};
-    const double d = std::abs(known.O4 - known.A), angle = std::acos((3.5 * 3.5 + d * d - 9) / (7 * d));
-    known.B = known.A + std::polar(3.5, std::arg(known.O4 - known.A) + (open ? angle : -angle));
-    known.P = known.A + 0.6 * (known.B - known.A) * std::polar(1.0, 0.7);
-    return known;
-}
-
 struct Stroke_Drawn {
     Point from, to;
 };
@@ -58,9 +48,9 @@ Joints Joints_At(const Known& known, double turn) {
 }
 
 struct Drawn_Solutions : testing::Test {
-    Drawn_Solutions() { Take(Crank_Rocker()); }
-    void Take(const Known& other) {
-        known = other;
+    Drawn_Solutions() { Take(true); }
+    void Take(bool open) {
+        known = Crank_Rocker_At({1, 2}, std::polar(1.0, 0.3), open);
         task = *Task_Of(known, {0, 0.8, 2});
         solution = {Linkage_Of(known), Judge(task).Of(Linkage_Of(known)), {}, 1};
         ASSERT_TRUE(solution.judgement.Good());
@@ -75,7 +65,7 @@ struct Drawn_Solutions : testing::Test {
 TEST_F(Drawn_Solutions, HaveTheirCurveTheirPositionsAndTheLinkageAtAPartOfTheStroke) {
     for (const bool open : {true, false}) {
         SCOPED_TRACE(open);
-        Take(Crank_Rocker(open));
+        Take(open);
         Picture picture;
         const Box seen{{-4, -3}, {6, 7}};
         Draw_Solution(picture, task, solution, 0.25, seen);

@@ -18,23 +18,14 @@ using namespace design;
 
 const double kInDegrees = 180 / std::acos(-1.0);
 
-/// Lengths 160, 40, 140 and 120 in millimetres on a turned ground.
-Known Crank_Rocker(bool open) {
-    const auto turned = std::polar(40.0, 0.3);
-    Known known{{10, 20}, Point(10, 20) + 4.0 * turned, Point(10, 20) + Point(0, 1) * turned, {}, {}};
-    const double d = std::abs(known.O4 - known.A), angle = std::acos((140.0 * 140 + d * d - 120.0 * 120) / (280 * d));
-    known.B = known.A + std::polar(140.0, std::arg(known.O4 - known.A) + (open ? angle : -angle));
-    known.P = known.A + 0.6 * (known.B - known.A) * std::polar(1.0, 0.7);
-    return known;
-}
-
 struct Handed_Over : Fixture {
     Handed_Over() {
         Initialize();
         Use_Units(5);
     }
     void Take(const std::vector<double>& turns, bool open = true) {
-        known = Crank_Rocker(open);
+        // Lengths 160, 40, 140 and 120 in millimetres on a turned ground.
+        known = Crank_Rocker_At({10, 20}, std::polar(40.0, 0.3), open);
         task = *Task_Of(known, turns);
         task.units = 5;
         solution = {Linkage_Of(known), Judge(task).Of(Linkage_Of(known)), {}, 1};

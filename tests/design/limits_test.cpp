@@ -21,14 +21,6 @@ struct Limits : testing::Test {
         task.positions = std::move(places);
         return Trouble_With(task);
     }
-    /// Lengths 4, 1, 3.5 and 3 with the crank up.
-    static Known Crank_Rocker(double scale = 1) {
-        Known known{{0, 0}, {4, 0}, {0, 1}, {}, {2, 3}};
-        const double d = std::abs(known.O4 - known.A), angle = std::acos((3.5 * 3.5 + d * d - 9) / (7 * d));
-        known.B = known.A + std::polar(3.5, std::arg(known.O4 - known.A) + angle);
-        for (Point* point : {&known.O4, &known.A, &known.B, &known.P}) *point *= scale;
-        return known;
-    }
     static Judgement Judged(const Known& known, const std::vector<double>& turns) {
         const Task task = *Task_Of(known, turns);
         return Judge(task).Of(Linkage_Of(known));

@@ -4,6 +4,7 @@
 #include <map>
 #include <regex>
 
+#include "core/kept_record.h"
 #include "core/results.h"
 #include "report/setter.h"
 #include "report/svg_picture.h"
@@ -114,6 +115,32 @@ TEST_F(Whole_Chapters, TheDrawingNamesItsAngleAndStandsAtItsScale) {
     Model.RunTable.Theta(Model.NSteps, 0) = 11;
     Model.RunTable.Theta(Model.NSteps + 1, 0) = 22;
     EXPECT_TRUE(picture().caption.ends_with(" at Theta2 = 11 deg, with its coupler curve."));
+}
+
+TEST_F(Whole_Chapters, TheDrawingIsTheSameWhateverTheAnimationShowsAndNamesItsPins) {
+    Make_The_Press();
+    const auto drawn = [] {
+        const Kept_Record kept(Model);
+        return report::Drawing_Of(Model).svg;
+    };
+    Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = Model.ShowCentrodesFlag = "N";
+    Model.ShowCouplerFlag = "Y";
+    Model.ZoomFactor = 1;
+    const std::string plain = drawn();
+    for (std::string* flag :
+         {&Model.HideLinksFlag, &Model.TraceFlag, &Model.ShowCouplerLinesFlag, &Model.ShowCentrodesFlag}) {
+        *flag = "Y";
+        EXPECT_EQ(drawn(), plain);
+        *flag = "N";
+    }
+    Model.ShowCouplerFlag = "N";
+    Model.ZoomFactor = 2.5;
+    EXPECT_EQ(drawn(), plain);
+    Lines names;
+    const std::regex text("<text[^>]*>([^<]*)</text>");
+    for (std::sregex_iterator at(plain.begin(), plain.end(), text), end; at != end; ++at) names.push_back((*at)[1]);
+    std::ranges::sort(names);
+    EXPECT_EQ(names, (Lines{"A", "B", "O2", "O4", "P"}));
 }
 
 TEST_F(Whole_Chapters, NamesStandInThePlacesThatWereFoundForThem) {

@@ -279,6 +279,18 @@ TEST_F(Reports, NumbersOfATableStandBetweenItsNamesAndItsUnits) {
             for (const auto& row : table->rows) EXPECT_EQ(row.size(), table->heads.size()) << row.front();
         }
     EXPECT_GT(tables, 4);
+    Model.Synthesized = true;
+    for (const auto& [chapter, index] : {std::pair(Chapter::kModel, 1U), std::pair(Chapter::kClass, 0U),
+                                         std::pair(Chapter::kFlywheel, 1U), std::pair(Chapter::kSynthesis, 4U)}) {
+        const Report report = Made();
+        const auto& table = std::get<Report_Table>(Chapter_Of(report, chapter)->pieces[index]);
+        // Pulses are numbers in all columns, the class is words, and of two dyads the left one's are in a column.
+        EXPECT_EQ(table.first_number, chapter == Chapter::kFlywheel ? 0 : 1) << Name_Of(chapter);
+        EXPECT_EQ(table.numbers, chapter == Chapter::kFlywheel ? 3
+                                 : chapter == Chapter::kClass  ? 0
+                                                               : 1)
+            << Name_Of(chapter);
+    }
 }
 
 TEST_F(Reports, ASynthesisOfThreePositionsIsThatOfItsScreen) {

@@ -164,7 +164,9 @@ TEST_F(Whole_Chapters, ExtremesAreTheLeastMeanAndMostOfTheStepsThatClose) {
     EXPECT_EQ(lines(), (Lines{heads, "Omega3 | -2.50 | 10. | 3.15 | 9.00 | 0. | 11.50 | rad/sec"}));
     Model.RunTable.Assembled(0) = false;
     EXPECT_EQ(lines(), (Lines{heads, "Omega3 | -2.50 | 10. | 1.69 | 4.00 | 20. | 6.50 | rad/sec"}));
-    for (int step = 0; step <= 4; ++step) Model.RunTable.Assembled(step) = false;
+    for (int step = 0; step <= 4; ++step) Model.RunTable.Assembled(step) = step == 3;
+    EXPECT_EQ(lines(), (Lines{heads, "Omega3 | 4.00 | 30. | 4.00 | 4.00 | 30. | 0.00 | rad/sec"}));
+    Model.RunTable.Assembled(3) = false;
     EXPECT_EQ(lines(), Lines{heads});
 }
 
@@ -200,6 +202,15 @@ TEST_F(Whole_Chapters, PlotsHaveALabelAtEveryThirtyDegreesWhereThereIsAStep) {
     By_Angle(0, 360, 60);
     EXPECT_EQ(labels().substr(0, 1), "0");
     EXPECT_EQ(labels().find("60"), std::string::npos) << "each tenth alone";
+    By_Angle(0, 90, 5);
+    Model.ThetaStep = 0;
+    EXPECT_EQ(labels(), "0. | 0.") << "each tenth, where no step says how far they are apart";
+    // 30 degrees are 6.0006 steps, which is round, or 6.0012.
+    By_Angle(0, 100, 4.9995);
+    EXPECT_EQ(std::ranges::count(labels(), '|'), 3);
+    By_Angle(0, 100, 4.999);
+    EXPECT_EQ(std::ranges::count(labels(), '|'), 2);
+    By_Angle(0, 120, 5);
     Model.Omega2Input = 2;
     By_Time(0, 3, 0.125);
     EXPECT_EQ(labels(), "0.00 | 1.25 | 2.50");
