@@ -74,6 +74,44 @@ TEST_F(Dyads, OfTwoPositionsTurnAsTheyAreTold) {
     }
 }
 
+TEST_F(Dyads, WhosePivotLiesAMillionTimesAsFarAreNone) {
+    // Nothing turns: a point moves by 1, and by 2 in a direction that differs by so many radians.
+    for (const double off : {0.9e-6, 1.1e-6}) {
+        const Carried three[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, std::polar(2.0, off)}};
+        EXPECT_EQ(Dyad_Of_Moving(three, {3, 4}).has_value(), off > 1e-6);
+        EXPECT_EQ(Dyad_Of_Fixed(three, {3, 4}).has_value(), off > 1e-6);
+        // A link that turns so little is the inverse of that as long as its pivot's way.
+        const Carried two[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
+        EXPECT_EQ(Dyad_Of_Moving(two, {3, 4}, off).has_value(), off > 1e-6);
+        EXPECT_EQ(Dyad_Of_Fixed(two, {3, 4}, off).has_value(), off > 1e-6);
+    }
+    const Carried still[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
+    EXPECT_FALSE(Dyad_Of_Moving(still, {3, 4}, 0));
+    EXPECT_FALSE(Dyad_Of_Fixed(still, {3, 4}, 0));
+}
+
+TEST_F(Dyads, OfFourPositionsAreDrawnFiftySpansFarAndWithoutAStepAcrossInfinity) {
+    SCOPED_TRACE(Trace());
+    double farthest = 0, longest = 0;
+    for (int i = 0; i < 30; ++i) {
+        const Task task = Random_Task(4);
+        double span = 0;
+        for (const auto& place : task.positions) span = std::max(span, std::abs(place.at - task.positions[0].at));
+        for (const auto& piece : Burmester(design::Carried_Through(task.positions)).Curves(360)) {
+            EXPECT_GT(piece.size(), 1U);
+            for (std::size_t k = 0; k < piece.size(); ++k) {
+                for (const auto& pivot : {piece[k].fixed, piece[k].moving})
+                    farthest = std::max(farthest, std::abs(pivot - task.positions[0].at) / span);
+                if (k > 0) longest = std::max(longest, std::abs(piece[k].fixed - piece[k - 1].fixed) / span);
+            }
+        }
+    }
+    EXPECT_LE(farthest, 50);
+    EXPECT_GT(farthest, 40);
+    EXPECT_LE(longest, 12.5);
+    EXPECT_GT(longest, 6);
+}
+
 TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
     SCOPED_TRACE(Trace());
     int found = 0;
