@@ -94,12 +94,11 @@ Report_Table Extremes(const LinkageModel& model, const std::vector<Output_Functi
 }
 
 Report_Picture Plot_Of(const LinkageModel& model, const Output_Function& function) {
-    constexpr int kGrid = 3, kLines = 4;
+    constexpr int kGrid = 3;
     Graph_Sheet sheet;
     platform::Graph& graph = sheet.graph;
     const Stations stations = Stations_In(model);
     const std::vector<double> values = Values_Of(model, function);
-    graph.SetNumSets(1);
     graph.SetNumPoints(static_cast<int>(values.size()));
     for (std::size_t i = 0; i < values.size(); ++i) {
         graph.ThisPoint = static_cast<int>(i) + 1;
@@ -107,7 +106,6 @@ Report_Picture Plot_Of(const LinkageModel& model, const Output_Function& functio
         graph.SetLabelText(stations.labels[i]);
     }
     graph.GridStyle = kGrid;
-    graph.GraphStyle = kLines;
     graph.LabelEvery = graph.TickEvery = Labels_Of(model);
     graph.BottomTitle = stations.title;
     const auto pixels = [](double millimetres) {

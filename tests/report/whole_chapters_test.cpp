@@ -98,6 +98,7 @@ TEST_F(Whole_Chapters, MassesAndLoadsStandByLink) {
     m.FrictionForce = 0.75;
     m.TorqueImported = true;
     m.TorqueFileName = "torque.txt";
+    m.UnitLabel(11) = m.UnitLabel(13) = "of another thing";
     const std::string systems =
         "LRCS: local rotating coordinate system of the link, along its line of centers. GCS: global coordinate system.";
     const Lines expected{"# Masses and loads",
@@ -307,6 +308,9 @@ TEST_F(Whole_Chapters, ASynthesisOfTwoPositionsHasWhatWasGivenAndItsDyads) {
                    "Angle of the ground link: 12.35 deg."};
     Lines lines = Lines_In(Chapter::kSynthesis);
     ASSERT_EQ(lines.size(), 14U);
+    const auto diagram = std::get<Report_Picture>(Chapter_Of(Made(), Chapter::kSynthesis)->pieces.back());
+    EXPECT_EQ(diagram.wide, 110);
+    EXPECT_EQ(diagram.high, 110);
     lines.pop_back();
     EXPECT_EQ(lines, expected);
     m.SynMethod = 2;
