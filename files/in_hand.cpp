@@ -100,7 +100,9 @@ void Model_Follows(const std::string& counted_before) {
     if (In_Hand()->kept == counted_before) In_Hand()->kept = What_Counts();
 }
 
-void Watch_Hand(std::function<void(Hand)> whoever) { Watch() = std::move(whoever); }
+std::function<void(Hand)> Watch_Hand(std::function<void(Hand)> whoever) {
+    return std::exchange(Watch(), std::move(whoever));
+}
 
 std::shared_ptr<Document> Document_In_Hand() { return In_Hand(); }
 

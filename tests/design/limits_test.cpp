@@ -137,8 +137,11 @@ TEST_F(Limits, NumbersOfPositionsMayBeTwiceTheLargestOfAFile) {
     EXPECT_EQ(Said({{{0, 0}, 0}, {{1.001 * place, 0}, 30}}), words);
     EXPECT_EQ(Said({{{0, 0}, 0}, {{0, 1.001 * place}, 30}}), words);
     EXPECT_EQ(Said({{{0, 0}, 0}, {{1, 1}, 1.001 * angle}}), words);
-    std::vector<Place> six;
-    for (int i = 0; i < 6; ++i) six.push_back({{1.0 * i, 0.5 * i * i}, 7.0 * i});
+    std::vector<Place> six(6);
+    for (std::size_t i = 0; i < 6; ++i) {
+        const auto number = static_cast<double>(i);
+        six[i] = {{number, number * number / 2}, 7 * number};
+    }
     EXPECT_EQ(Said(six), "A task has two to five positions: give fewer.");
     six.pop_back();
     EXPECT_EQ(Said(six), "");

@@ -10,7 +10,6 @@ namespace verlink::test {
 namespace {
 
 struct In_Hand : ModelFiles {
-    ~In_Hand() override { Watch_Hand({}); }
     /// Whether a change of the value counts; it is put back.
     template <class Value>
     static bool Counts_As_Change(Value& place, Value other) {
@@ -88,7 +87,7 @@ TEST_F(In_Hand, ADriveCountsWhereItDrivesAndATorqueWhereItIsImported) {
 
 TEST_F(In_Hand, ComingAndKeepingAreHeardOnceAndLeaveItUnmodified) {
     std::vector<Hand> heard;
-    Watch_Hand([&](Hand hand) { heard.push_back(hand); });
+    const auto before = Watch_Hand([&](Hand hand) { heard.push_back(hand); });
     Model.L2 = 1.5;
     Model_Came();
     EXPECT_FALSE(Modified());
@@ -110,6 +109,7 @@ TEST_F(In_Hand, ComingAndKeepingAreHeardOnceAndLeaveItUnmodified) {
     Watch_Hand({});
     Model_Kept();
     EXPECT_EQ(heard.size(), 4U);
+    Watch_Hand(before);
 }
 
 TEST_F(In_Hand, WhatChangesByItselfModifiesNothingThatWasUnmodified) {

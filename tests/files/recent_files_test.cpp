@@ -27,7 +27,7 @@ class RecentFiles : public ModelFiles {
     }
     platform::Screen& Home() { return Screens::Get("frm_HomeScreen"); }
     std::string Made(const std::string& name) {
-        const std::string path = Path(name);
+        std::string path = Path(name);
         fs::create_directories(fs::path(path).parent_path());
         Put_File(path, File_Content());
         return path;

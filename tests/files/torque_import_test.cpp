@@ -39,7 +39,7 @@ class TorqueImport : public DriveFiles {
         Model_Kept();
         Put_Mass_Properties(form, Model, Model);
         // Typed, and not solved with yet.
-        box().Text = "12.5";
+        Box().Text = "12.5";
     }
     std::string In(const std::string& name) const { return Path("loads/" + name); }
     std::string File(const std::string& name, const std::string& content) const {
@@ -61,16 +61,16 @@ class TorqueImport : public DriveFiles {
         const Moment before;
         Tick(form, "chk_Torque", true);
         EXPECT_EQ(before.Changed(), "");
-        EXPECT_FALSE(chk().Value);
-        EXPECT_TRUE(box().Enabled);
-        EXPECT_EQ(box().Text.Get(), "12.5");
-        EXPECT_TRUE(solve().Enabled);
+        EXPECT_FALSE(Chk().Value);
+        EXPECT_TRUE(Box().Enabled);
+        EXPECT_EQ(Box().Text.Get(), "12.5");
+        EXPECT_TRUE(Solve().Enabled);
         EXPECT_FALSE(Model.TorqueImported);
         EXPECT_TRUE(Model.SavedFlag);
     }
-    platform::CheckBox& chk() const { return form.Get<platform::CheckBox>("chk_Torque"); }
-    platform::TextBox& box() const { return form.Text("txt_Torque", 4); }
-    CommandButton& solve() const { return form.Get<CommandButton>("cmd_Solve"); }
+    platform::CheckBox& Chk() const { return form.Get<platform::CheckBox>("chk_Torque"); }
+    platform::TextBox& Box() const { return form.Text("txt_Torque", 4); }
+    CommandButton& Solve() const { return form.Get<CommandButton>("cmd_Solve"); }
 
     platform::Screen& form = Screens::Get("frm_MassProp");
 };
@@ -131,10 +131,10 @@ TEST_F(TorqueImport, TheBoxAsksForAFileAndSaysThatItWasRead) {
     EXPECT_EQ(Model.TorqueFileName, "press.trq");
     EXPECT_TRUE(Model.TorqueImported);
     EXPECT_FALSE(Model.SavedFlag);
-    EXPECT_TRUE(chk().Value);
-    EXPECT_TRUE(solve().Enabled);
-    EXPECT_EQ(box().Text, "0");
-    EXPECT_FALSE(box().Enabled);
+    EXPECT_TRUE(Chk().Value);
+    EXPECT_TRUE(Solve().Enabled);
+    EXPECT_EQ(Box().Text, "0");
+    EXPECT_FALSE(Box().Enabled);
     EXPECT_EQ(Model.RunTable.ImportedTorque(4), 2);
 }
 
@@ -160,12 +160,12 @@ TEST_F(TorqueImport, ACancelledDialogLeavesEverythingAndSaysNothing) {
 }
 
 TEST_F(TorqueImport, ACancelledDialogLeavesNothingThatCannotBeTypedOrSolved) {
-    box().Enabled = false;
-    solve().Enabled = false;
+    Box().Enabled = false;
+    Solve().Enabled = false;
     desktop.Expect_Open({});
     Import_Torque(4);
-    EXPECT_TRUE(box().Enabled);
-    EXPECT_TRUE(solve().Enabled);
+    EXPECT_TRUE(Box().Enabled);
+    EXPECT_TRUE(Solve().Enabled);
 }
 
 TEST_F(TorqueImport, AFileThatIsNotThereIsToldAndReportedAndLeavesEverything) {
