@@ -73,6 +73,15 @@ TEST_F(TaskFile, BothTasksAreOneTextAndTwoAgain) {
     EXPECT_NE(Tasks_Text({"", kStudies}).find("\"format\": \"verlink-design\""), std::string::npos);
 }
 
+TEST_F(TaskFile, LettersStandInItAsTheyAreAndBytesThatAreNoneAsAMark) {
+    Tasks tasks, back;
+    std::string fault;
+    tasks.StudySettings = "{\"title\": \"gr\xC3\xB6\xC3\x9F\"}";
+    EXPECT_NE(Tasks_Text(tasks).find("\"title\": \"gr\xC3\xB6\xC3\x9F\"\n"), std::string::npos) << Tasks_Text(tasks);
+    ASSERT_TRUE(Take_Tasks(Tasks_Text(tasks), back, fault));
+    EXPECT_EQ(back.StudySettings, "{\n  \"title\": \"gr\xC3\xB6\xC3\x9F\"\n}\n");
+}
+
 TEST_F(TaskFile, WhatIsNoneOrNewerIsRefusedInWords) {
     const auto fault = [](const std::string& text) {
         Tasks tasks{kDesign, kStudies};

@@ -159,6 +159,18 @@ TEST_F(TorqueImport, ACancelledDialogLeavesEverythingAndSaysNothing) {
     Tick_For_Nothing();
 }
 
+TEST_F(TorqueImport, ATableThatIsNoneInPlaceOfOneThatWasUnticksTheBox) {
+    desktop.Expect_Open(File("press.trq", Table(360)));
+    desktop.Expect_Message_With("of Torque data successfully read.");
+    Tick(form, "chk_Torque", true);
+    ASSERT_TRUE(Chk().Value);
+    Expect_Broken(62, "Input past end of file");
+    Import_Torque(4, File("broken.trq", "360\r\n1\r\n"));
+    EXPECT_FALSE(Chk().Value);
+    EXPECT_FALSE(Model.TorqueImported);
+    EXPECT_TRUE(Box().Enabled);
+}
+
 TEST_F(TorqueImport, ACancelledDialogLeavesNothingThatCannotBeTypedOrSolved) {
     Box().Enabled = false;
     Solve().Enabled = false;
