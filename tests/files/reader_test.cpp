@@ -11,7 +11,6 @@ namespace verlink::test {
 
 using platform::Answer;
 using platform::Icon;
-using platform::Pointer;
 using platform::Screens;
 
 namespace {

@@ -13,7 +13,6 @@ namespace verlink::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::Answer;
 using platform::Screens;
 using platform::The_Settings;
 

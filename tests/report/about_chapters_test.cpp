@@ -186,7 +186,14 @@ TEST_F(Whole_Chapters, TheDrawingFillsItsPictureAndItsNamesStandAtTheirPins) {
 TEST_F(Whole_Chapters, PicturesHaveTheColorsOfTheProgramWhateverTheRecordHas) {
     Make_The_Press();
     Model.ColorGreen = Model.ColorMagenta = Model.ColorBlue = 0x123456;
-    const auto report = Made();
+    Model.Synthesized = true;
+    const auto only = [](Chapter chapter) {
+        return *Make_Report(Model, {{chapter}, {}, ""}, [](double) { return true; });
+    };
+    const auto synthesis = only(Chapter::kSynthesis);
+    const auto& diagram = std::get<Report_Picture>(synthesis.chapters.front().pieces.back());
+    for (const char* color : {"#ff00ff", "#0000ff"}) EXPECT_NE(diagram.svg.find(color), std::string::npos) << color;
+    const auto report = only(Chapter::kDrawing);
     const auto& drawing = std::get<Report_Picture>(Chapter_Of(report, Chapter::kDrawing)->pieces.front());
     for (const char* color : {"#00ff00", "#ff00ff", "#0000ff"})
         EXPECT_NE(drawing.svg.find(color), std::string::npos) << color;
