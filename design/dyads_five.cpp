@@ -102,15 +102,15 @@ Quartic Resultant(const Conic& f, const Conic& g) {
     std::array<double, 3> ac{};
     std::array<double, 2> ab{};
     std::array<double, 4> bc{};
-    for (std::size_t i = 0; i < 3; ++i) ac[i] = A(f) * C(g)[i] - A(g) * C(f)[i];
-    for (std::size_t i = 0; i < 2; ++i) ab[i] = A(f) * B(g)[i] - A(g) * B(f)[i];
+    for (std::size_t i = 0; i < 3; ++i) ac.at(i) = A(f) * C(g).at(i) - A(g) * C(f).at(i);
+    for (std::size_t i = 0; i < 2; ++i) ab.at(i) = A(f) * B(g).at(i) - A(g) * B(f).at(i);
     for (std::size_t i = 0; i < 2; ++i)
-        for (std::size_t j = 0; j < 3; ++j) bc[i + j] += B(f)[i] * C(g)[j] - B(g)[i] * C(f)[j];
+        for (std::size_t j = 0; j < 3; ++j) bc.at(i + j) += B(f).at(i) * C(g).at(j) - B(g).at(i) * C(f).at(j);
     Quartic r{};
     for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j < 3; ++j) r[i + j] += ac[i] * ac[j];
+        for (std::size_t j = 0; j < 3; ++j) r.at(i + j) += ac.at(i) * ac.at(j);
     for (std::size_t i = 0; i < 2; ++i)
-        for (std::size_t j = 0; j < 4; ++j) r[i + j] -= ab[i] * bc[j];
+        for (std::size_t j = 0; j < 4; ++j) r.at(i + j) -= ab.at(i) * bc.at(j);
     return r;
 }
 
@@ -120,8 +120,12 @@ std::vector<Point> Roots_Of(Quartic r) {
     for (const double c : r) largest = std::max(largest, std::abs(c));
     std::size_t degree = 4;
     while (degree > 0 && std::abs(r[degree]) <= 1e-14 * largest) --degree;
-    std::vector<Point> roots;
-    for (std::size_t i = 0; i < degree; ++i) roots.push_back(std::pow(Point(0.4, 0.9), static_cast<double>(i)));
+    std::vector<Point> roots(degree);
+    Point begin = 1;
+    for (Point& root : roots) {
+        root = begin;
+        begin *= Point(0.4, 0.9);
+    }
     for (int turn = 0; turn < 200; ++turn)
         for (std::size_t i = 0; i < degree; ++i) {
             Point value = r[degree], others = r[degree];

@@ -31,9 +31,13 @@ struct Judge::Case {
     Judgement& j;
     std::array<Point, 5> A{}, B{};
 
-    void Refuse(Refusal refusal, double amount = 0, std::size_t from = 0, std::size_t to = 0) const {
+    void Refuse(Refusal refusal, double amount = 0) const {
         j.refusal = refusal;
         j.amount = amount;
+        j.from = j.to = 0;
+    }
+    void Refuse_Between(Refusal refusal, std::size_t from, std::size_t to) const {
+        Refuse(refusal);
         j.from = static_cast<int>(from);
         j.to = static_cast<int>(to);
     }
@@ -90,9 +94,9 @@ void Judge::Ask_Circuits(Case& c) const {
     const auto open = [&](std::size_t i) { return Cross(O4 - c.A[i], c.B[i] - c.A[i]) > 0; };
     c.j.open = open(0);
     for (std::size_t i = 1; two_circuits && i < carried_.size(); ++i)
-        if (side(i) != side(0)) return c.Refuse(Refusal::kCircuit, 0, 1, i + 1);
+        if (side(i) != side(0)) return c.Refuse_Between(Refusal::kCircuit, 1, i + 1);
     for (std::size_t i = 1; i < carried_.size(); ++i)
-        if (open(i) != c.j.open) return c.Refuse(Refusal::kBranch, 0, 1, i + 1);
+        if (open(i) != c.j.open) return c.Refuse_Between(Refusal::kBranch, 1, i + 1);
 }
 
 void Judge::Ask_Stroke(Case& c) const {
@@ -113,15 +117,15 @@ void Judge::Ask_Stroke(Case& c, double way) const {
     c.j.crank[0] = std::arg(c.A[0] - O2);
     for (std::size_t i = 1; i < count; ++i) {
         double turn = way * std::arg(Times(c.A[i] - O2, std::conj(c.A[i - 1] - O2)));
-        if (std::abs(turn) < kStands) return c.Refuse(Refusal::kStands, 0, i, i + 1);
+        if (std::abs(turn) < kStands) return c.Refuse_Between(Refusal::kStands, i, i + 1);
         if (turn < 0) turn += kTurn;
         c.j.crank[i] = c.j.crank[i - 1] + way * turn;
-        if (std::abs(c.j.crank[i] - c.j.crank[0]) > kTurn - kStands) return c.Refuse(Refusal::kOrder, 0, i, i + 1);
+        if (std::abs(c.j.crank[i] - c.j.crank[0]) > kTurn - kStands) return c.Refuse_Between(Refusal::kOrder, i, i + 1);
     }
     const double ground = Ground_Angle(c.linkage);
     for (std::size_t i = 1; i < count; ++i)
         if (!Closes_Over(c.links, {c.j.crank[i - 1] - ground, c.j.crank[i] - ground}))
-            return c.Refuse(Refusal::kGap, 0, i, i + 1);
+            return c.Refuse_Between(Refusal::kGap, i, i + 1);
     Stroke stroke{c.j.crank[0] - ground, c.j.crank[count - 1] - ground};
     if (task_.full_turn) {
         if (!Turns_Fully(c.links)) return c.Refuse(Refusal::kFullTurn);

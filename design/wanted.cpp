@@ -107,10 +107,11 @@ void Ask(const LinkageModel& m, double coupler, Wanted& wanted) {
             reached.circuits[1 - in_force].Reaches_As_Shown() ? Wanted::Is::kOnOtherCircuit : Wanted::Is::kMissed;
 }
 
-/// By how much, in the decimals that are shown; empty where these are zeros.
+/// By how much, in the decimals that are shown; empty where these are zeros, or where the linkage does not close.
 std::string Amount(const LinkageModel& m, double off, double askew) {
+    if (!std::isfinite(off)) return "";
     const double place = FNRound(off * Shown_Factor(m), m.DecLengthShown), angle = FNRound(askew, 2);
-    if (!std::isfinite(off) || (place == 0 && angle == 0)) return "";
+    if (place == 0 && angle == 0) return "";
     return Text_Of(place) + " " + m.UnitLabel(6) + ", " + Text_Of(angle) + " deg";
 }
 

@@ -1,6 +1,7 @@
 // What counts of a model, packed, and what it is compared with.
 #include "files/in_hand.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "files/model_file.h"
@@ -64,7 +65,7 @@ std::string What_Counts() {
     const LinkageModel& m = Model;
     for (const FileField& field : File_Fields())
         if (Is_Counted(field, m.Calctype)) std::visit(pack, field.place);
-    const int last = m.NSteps > kLastStep ? kLastStep : int{m.NSteps};
+    const int last = std::min<int>(m.NSteps, kLastStep);
     const RunResults& table = m.RunTable;
     for (int step = 0; m.Calctype > kOwnDrives && step <= last; ++step) {
         pack(&table.DriveTheta(step));
@@ -100,7 +101,9 @@ void Model_Follows(const std::string& counted_before) {
     if (In_Hand()->kept == counted_before) In_Hand()->kept = What_Counts();
 }
 
-void Watch_Hand(std::function<void(Hand)> whoever) { Watch() = std::move(whoever); }
+std::function<void(Hand)> Watch_Hand(std::function<void(Hand)> whoever) {
+    return std::exchange(Watch(), std::move(whoever));
+}
 
 std::shared_ptr<Document> Document_In_Hand() { return In_Hand(); }
 

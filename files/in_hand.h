@@ -32,8 +32,8 @@ void Model_Kept();
 void Model_Follows(const std::string& counted_before);
 
 enum class Hand { kCame, kKept };
-/// Hears of each; there is one who does.
-void Watch_Hand(std::function<void(Hand)> watch);
+/// Hears of each; there is one who does. What it gives back is who did before.
+std::function<void(Hand)> Watch_Hand(std::function<void(Hand)> watch);
 
 /// The one in hand, and another one in its place, as undo brings it back.
 std::shared_ptr<Document> Document_In_Hand();

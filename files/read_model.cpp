@@ -1,4 +1,5 @@
 // Opening a model from a file's content: recognition, the values that follow from the file's, and the screens.
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -75,7 +76,7 @@ bool Read_Model(const std::string& content, const std::string& path, const std::
         Tasks_Found beside;
         if (!path.empty()) beside = Find_Tasks(path);
         static_cast<Tasks&>(*record) = beside.tasks;
-        if (record->Units < 1) record->Units = 1;
+        record->Units = std::max<int>(record->Units, 1);
         Derive_Limits_From_File(*record);
         Enter_Linkage(Road::kFile, [&] {
             Model = *record;
@@ -107,7 +108,7 @@ void Fill_Input_Screen() {
     const auto choose = [](const char* option, int index) {
         With<OptionButton>(kInput, option, index, [](OptionButton& found) { found.Value = true; });
     };
-    if (Model.Calctype < 4) choose("opt_Calctype", Model.Calctype);
+    choose("opt_Calctype", Model.Calctype);  // an imported drive has none
     choose("opt_OpenCross", Model.CircuitIndex == 1 ? 0 : 1);
 }
 
@@ -119,8 +120,8 @@ double Angle_Of(const std::string& text, Single& degrees) {
 }  // namespace
 
 bool Is_Model(std::string_view content) {
-    bool own = false;
-    return Failure_Of([&] { own = Is_Own(TextReader(content).String()); }) == 0 && own;
+    std::string tag;
+    return Failure_Of([&] { tag = TextReader(content).String(); }) == 0 && Is_Own(tag);
 }
 
 void Derive_Limits_From_File(LinkageModel& record) {

@@ -26,7 +26,8 @@ std::string Text_Of_Json(const Json& json) { return json.dump(2, ' ', false, Jso
 
 /// Empty where it is sound.
 std::string Fault_Of(const Json& file) {
-    if (!file.is_object() || !file.contains("format") || file["format"] != kFormat) return "it is no file of tasks";
+    const auto format = file.find("format");
+    if (format == file.end() || *format != kFormat) return "it is no file of tasks";
     if (!file.contains("version") || !file["version"].is_number_integer()) return "the field version is missing";
     if (file["version"] != kVersion) return "it was written by a newer program";
     if (file.contains(kStudies) && !file[kStudies].is_object()) return "the field studies is to be an object";

@@ -15,15 +15,12 @@ namespace {
 constexpr std::uint32_t kEnd = 0x06054b50, kEntry = 0x02014b50, kLocal = 0x04034b50;
 constexpr std::size_t kEndSize = 22, kEntrySize = 46, kLocalSize = 30;
 
-/// Little-endian numbers of a text; nothing beyond its end.
-std::uint32_t Number(const std::string& text, std::size_t at, int bytes) {
-    std::uint32_t number = 0;
-    for (int byte = bytes - 1; byte >= 0; --byte) {
-        const std::size_t place = at + static_cast<std::size_t>(byte);
-        number = number << 8U | (place < text.size() ? static_cast<unsigned char>(text[place]) : 0U);
-    }
-    return number;
+/// A byte of a text, and little-endian numbers of two and four; nothing beyond its end.
+std::uint32_t Byte(const std::string& text, std::size_t at) {
+    return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
 }
+std::uint32_t Two(const std::string& text, std::size_t at) { return Byte(text, at) | Byte(text, at + 1) << 8U; }
+std::uint32_t Four(const std::string& text, std::size_t at) { return Two(text, at) | Two(text, at + 2) << 16U; }
 
 std::optional<std::string> Unpacked(const std::string& packed, std::size_t size) {
     std::string text(size, '\0');
@@ -56,11 +53,11 @@ bool Is_Whole_Xml(const std::string& text) {
 
 bool Is_Whole_Entry(const std::string& archive, std::size_t at) {
     constexpr std::uint32_t kDeflated = 8;
-    const std::uint32_t method = Number(archive, at + 10, 2), sum = Number(archive, at + 16, 4);
-    const std::size_t packed = Number(archive, at + 20, 4), size = Number(archive, at + 24, 4);
-    const std::size_t local = Number(archive, at + 42, 4);
-    if (method != kDeflated || Number(archive, local, 4) != kLocal) return false;
-    const std::size_t start = local + kLocalSize + Number(archive, local + 26, 2) + Number(archive, local + 28, 2);
+    const std::uint32_t method = Two(archive, at + 10), sum = Four(archive, at + 16);
+    const std::size_t packed = Four(archive, at + 20), size = Four(archive, at + 24);
+    const std::size_t local = Four(archive, at + 42);
+    if (method != kDeflated || Four(archive, local) != kLocal) return false;
+    const std::size_t start = local + kLocalSize + Two(archive, local + 26) + Two(archive, local + 28);
     if (start + packed > archive.size()) return false;
     const auto text = Unpacked(archive.substr(start, packed), size);
     return text && crc32(0, reinterpret_cast<const Bytef*>(text->data()), static_cast<uInt>(size)) == sum &&
@@ -72,12 +69,12 @@ bool Is_Whole_Entry(const std::string& archive, std::size_t at) {
 bool Is_Whole_Zip_Of_Xml(const std::string& archive) {
     if (archive.size() < kEndSize) return false;
     const std::size_t end = archive.size() - kEndSize;  // there is no remark behind it
-    if (Number(archive, end, 4) != kEnd) return false;
-    const std::uint32_t entries = Number(archive, end + 10, 2);
-    std::size_t at = Number(archive, end + 16, 4);
+    if (Four(archive, end) != kEnd) return false;
+    const std::uint32_t entries = Two(archive, end + 10);
+    std::size_t at = Four(archive, end + 16);
     for (std::uint32_t entry = 0; entry < entries; ++entry) {
-        if (Number(archive, at, 4) != kEntry || !Is_Whole_Entry(archive, at)) return false;
-        at += kEntrySize + Number(archive, at + 28, 2) + Number(archive, at + 30, 2) + Number(archive, at + 32, 2);
+        if (Four(archive, at) != kEntry || !Is_Whole_Entry(archive, at)) return false;
+        at += kEntrySize + Two(archive, at + 28) + Two(archive, at + 30) + Two(archive, at + 32);
     }
     return entries > 0 && at == end;
 }

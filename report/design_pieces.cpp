@@ -75,10 +75,11 @@ class Synthesis_Texts {
 
     Report_Table Dyads() const {
         const LinkageModel& m = model_;
-        Report_Table table{{"", "Left dyad", "", "Right dyad", "", "Unit"}, {}, 1, 4};
+        Report_Table table;  // of which the first numbers alone stand in a column of numbers
+        table.heads = {"Left dyad", "", "Right dyad", "", "Unit"};
         const auto row = [&](const char* left, const std::string& left_text, const char* right,
                              const std::string& right_text, const std::string& unit) {
-            table.rows.push_back({"", left, left_text, right, right_text, unit});
+            table.rows.push_back({left, left_text, right, right_text, unit});
         };
         row("Beta2", Turn(m.SynBeta2), "Gamma2", Turn(m.SynGamma2), kDegrees);
         if (Three()) row("Beta3", Turn(m.SynBeta3), "Gamma3", Turn(m.SynGamma3), kDegrees);
@@ -86,10 +87,6 @@ class Synthesis_Texts {
         row("Theta", Direction(m.SynTheta), "Sigma", Direction(m.SynSigma), kDegrees);
         row("Z mag", Length(m.SynZ), "S mag", Length(m.SynS), m.UnitLabel(6));
         row("Phi", Direction(m.SynPhi), "Xi", Direction(m.SynXi), kDegrees);
-        for (Row& texts : table.rows) texts.erase(texts.begin());
-        table.heads.erase(table.heads.begin());
-        table.first_number = 1;
-        table.numbers = 1;
         return table;
     }
 

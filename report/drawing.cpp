@@ -1,4 +1,5 @@
 // The linkage on paper, as large as its scale says.
+#include <algorithm>
 #include <cmath>
 
 #include "animation/engine.h"
@@ -28,13 +29,10 @@ std::vector<Named_Place> Names_At(const LinkageModel& model, int step, const pla
     const platform::Overlay overlay = Overlay_At(model, step, wishes, Find_Scales(model, wishes));
     const double wide = picture.Right() - picture.Left(), high = picture.Bottom() - picture.Top();
     std::vector<Named_Place> names;
-    for (const platform::Overlay::Name& name : overlay.names) {
-        // Beside the pin that is drawn around the place.
-        const double length = std::hypot(name.away.x, name.away.y), beside = length > 0 ? name.radius / length : 0;
-        names.push_back({name.text,
-                         {(name.at.x + beside * name.away.x - picture.Left()) / wide,
-                          (name.at.y + beside * name.away.y - picture.Top()) / high, name.away.x, name.away.y}});
-    }
+    for (const platform::Overlay::Name& name : overlay.names)
+        names.push_back(
+            {name.text,
+             {(name.at.x - picture.Left()) / wide, (name.at.y - picture.Top()) / high, name.away.x, name.away.y}});
     return names;
 }
 
@@ -53,9 +51,8 @@ double Millimetres(const UnitSystem& units) {
 
 Drawing_Scale Scale_For(double extent, double room) {
     const double factor = platform::Round_Down_1_2_5(room / extent);
-    const bool larger = factor >= 1;
-    const Single number = larger ? factor : 1 / factor;
-    return {factor, larger ? Text_Of(number) + " : 1" : "1 : " + Text_Of(number)};
+    const auto part = [](double number) { return Text_Of(Single(std::max(number, 1.0))); };
+    return {factor, part(factor) + " : " + part(1 / factor)};
 }
 
 Report_Picture Drawing_Of(LinkageModel& model) {

@@ -60,8 +60,8 @@ Spread Spread_Of(const std::vector<double>& values) {
 int Labels_Of(const Drive& drive) {
     constexpr double kApart = 30;
     constexpr int kSteps = 10;
-    if (Abscissa_Of(drive) != Abscissa::kAngle || !(drive.ThetaStep > 0)) return kSteps;
-    const double steps = kApart / drive.ThetaStep;
+    if (Abscissa_Of(drive) != Abscissa::kAngle) return kSteps;
+    const double steps = kApart / double{drive.ThetaStep};  // infinite, and no round number, where there is no step
     const bool round = steps >= 1 && std::abs(steps - std::round(steps)) < 1e-3;
     return round ? static_cast<int>(std::round(steps)) : kSteps;
 }
@@ -94,12 +94,11 @@ Report_Table Extremes(const LinkageModel& model, const std::vector<Output_Functi
 }
 
 Report_Picture Plot_Of(const LinkageModel& model, const Output_Function& function) {
-    constexpr int kGrid = 3, kLines = 4;
+    constexpr int kGrid = 3;
     Graph_Sheet sheet;
     platform::Graph& graph = sheet.graph;
     const Stations stations = Stations_In(model);
     const std::vector<double> values = Values_Of(model, function);
-    graph.SetNumSets(1);
     graph.SetNumPoints(static_cast<int>(values.size()));
     for (std::size_t i = 0; i < values.size(); ++i) {
         graph.ThisPoint = static_cast<int>(i) + 1;
@@ -107,7 +106,6 @@ Report_Picture Plot_Of(const LinkageModel& model, const Output_Function& functio
         graph.SetLabelText(stations.labels[i]);
     }
     graph.GridStyle = kGrid;
-    graph.GraphStyle = kLines;
     graph.LabelEvery = graph.TickEvery = Labels_Of(model);
     graph.BottomTitle = stations.title;
     const auto pixels = [](double millimetres) {

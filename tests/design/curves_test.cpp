@@ -1,6 +1,8 @@
 // Burmester's curves: of what they are, how they are picked on, and the linkages with a link that was picked.
 #include "design/curves.h"
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 #include "design/task_units.h"
@@ -44,6 +46,23 @@ TEST(Curves, APieceHasTwoEnds) {
         for (int k = 0; k < 4; ++k) task.positions.push_back({{place(dice), place(dice)}, angle(dice)});
         for (const auto& piece : Curves_Of(task)) EXPECT_GE(piece.size(), 2U);
     }
+}
+
+TEST(Curves, ALoopComesBackToWhereItBeganByBothWays) {
+    Task task;
+    task.positions = {{{0, 0}, 0}, {{1, 0.2}, 20}, {{1.5, -0.5}, 50}, {{0.5, -1}, 80}};
+    const Curves curves = Curves_Of(task);
+    int loops = 0;
+    for (const auto& piece : curves) {
+        if (std::abs(piece.front().fixed - piece.back().fixed) > 1e-9) continue;
+        ++loops;
+        EXPECT_LT(std::abs(piece.front().moving - piece.back().moving), 1e-9);
+        // Each turn has a dyad on either way; where they meet there is one, of which that of the beginning counts
+        // twice.
+        EXPECT_EQ(piece.size() % 2, 1U);
+    }
+    EXPECT_EQ(loops, 1);
+    ASSERT_GT(curves.size(), 1U);
 }
 
 TEST(Curves, AllPlacesOfAMovingPivotAreAsFarFromItsCentre) {
@@ -117,6 +136,90 @@ TEST(Curves, AreDrawnWithinTheWindowAlone) {
     Draw_Curve(part, curves, Curve::kCentres, {{-2, -2}, {4, 12}});
     EXPECT_GT(part.Alive(), 0U);
     EXPECT_LT(part.Alive(), all.Alive());
+}
+
+TEST(Curves, AreDrawnStrokeByStrokeInTheirColors) {
+    const Curves curves = Curves_Of(Platform());
+    EXPECT_EQ(curves, Burmester(Carried_Through(Platform().positions)).Curves(720));
+    const Box seen{{-2, -2}, {4, 12}};
+    for (const Curve which : {Curve::kCentres, Curve::kCirclePoints}) {
+        const auto pivot = [which](const Dyad& dyad) { return which == Curve::kCentres ? dyad.fixed : dyad.moving; };
+        platform::Picture picture;
+        Draw_Curve(picture, curves, which, seen);
+        std::vector<std::array<double, 4>> drawn, expected;
+        for (const auto& p : picture.Primitives()) {
+            EXPECT_EQ(p.color, which == Curve::kCentres ? platform::Rgb(150, 90, 200) : platform::Rgb(0, 140, 160));
+            drawn.push_back({p.x1, p.y1, p.x2, p.y2});
+        }
+        for (const auto& piece : curves)
+            for (std::size_t i = 1; i < piece.size(); ++i) {
+                const Point a = pivot(piece[i - 1]), b = pivot(piece[i]);
+                // Both ends on one side of the window are beside it.
+                const bool left = a.real() < -2 && b.real()<-2, right = a.real()> 4 && b.real() > 4;
+                const bool below = a.imag() < -2 && b.imag()<-2, above = a.imag()> 12 && b.imag() > 12;
+                if (!left && !right && !below && !above) expected.push_back({a.real(), a.imag(), b.real(), b.imag()});
+            }
+        EXPECT_EQ(drawn, expected);
+    }
+}
+
+TEST(Curves, LinkagesWithALinkAreTheBestThatDifferByATenthOfTheSpan) {
+    const Task task = Platform();
+    const Curves curves = Curves_Of(task);
+    const Dyad dyad = curves.back()[curves.back().size() / 2];
+    const Found all = Find_With(task, curves, dyad, 1000), few = Find_With(task, curves, dyad, 3);
+    ASSERT_GT(all.solutions.size(), 3U);
+    ASSERT_EQ(few.solutions.size(), 3U);
+    const double near = 0.1 * Span_Of(task);
+    for (std::size_t i = 0; i < all.solutions.size(); ++i) {
+        EXPECT_EQ(all.solutions[i].family, static_cast<int>(i) + 1);
+        if (i < 3) {
+            EXPECT_EQ(few.solutions[i].linkage.crank, all.solutions[i].linkage.crank);
+        }
+        for (std::size_t k = 0; k < i; ++k)
+            EXPECT_GT(Apart_As_Driven(all.solutions[i].linkage, all.solutions[k].linkage), near);
+    }
+    // Those left out stand within that of a better one: of all that are good each has one.
+    const Judge judge(task);
+    std::size_t judged = 0, good = 0;
+    for (const auto& piece : curves)
+        for (const Dyad& other : piece) {
+            if (other == dyad) continue;
+            for (const bool drives : {true, false}) {
+                const Point coupler = task.positions[0].at;
+                const FourBar linkage =
+                    drives ? FourBar{dyad, other, coupler, true} : FourBar{other, dyad, coupler, false};
+                ++judged;
+                if (!judge.Of(linkage).Good()) continue;
+                ++good;
+                EXPECT_TRUE(std::ranges::any_of(all.solutions, [&](const Solution& kept) {
+                    return Apart_As_Driven(kept.linkage, linkage) <= near ||
+                           Apart_As_Driven(kept.linkage, {linkage.other, linkage.crank, coupler}) <= near;
+                }));
+            }
+        }
+    EXPECT_EQ(all.judged, judged);
+    EXPECT_EQ(all.counts[0], good);
+    for (int refusal = 1; refusal < kRefusals; ++refusal) {
+        const auto kept = std::ranges::count(all.thrown_out, static_cast<Refusal>(refusal),
+                                             [](const Thrown_Out& out) { return out.judgement.refusal; });
+        EXPECT_EQ(static_cast<std::size_t>(kept),
+                  std::min<std::size_t>(4, all.counts[static_cast<std::size_t>(refusal)]));
+    }
+}
+
+TEST(Curves, WhereNoLinkageWithALinkDoesItTheMostFrequentReasonIsSaid) {
+    Task task = Platform();
+    task.transmission = 89.9;
+    const Curves curves = Curves_Of(task);
+    const Found none = Find_With(task, curves, curves[0][10], 5);
+    ASSERT_TRUE(none.solutions.empty());
+    std::size_t most = 1;
+    for (std::size_t i = 2; i < none.counts.size(); ++i)
+        if (none.counts[i] > none.counts[most]) most = i;
+    EXPECT_EQ(none.words, "None of " + std::to_string(none.judged) + " linkages with this link does it. Of most, " +
+                              Words_Of(static_cast<Refusal>(most)) +
+                              ": pick another place on the curve, or loosen a limit.");
 }
 
 TEST(TaskUnits, LengthsBecomeThoseOfTheOtherSystemAndAnglesStay) {

@@ -74,10 +74,48 @@ TEST_F(Dyads, OfTwoPositionsTurnAsTheyAreTold) {
     }
 }
 
+TEST_F(Dyads, WhosePivotLiesAMillionTimesAsFarAreNone) {
+    // Nothing turns: a point moves by 1, and by 2 in a direction that differs by so many radians.
+    for (const double off : {0.9e-6, 1.1e-6}) {
+        const Carried three[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, std::polar(2.0, off)}};
+        EXPECT_EQ(Dyad_Of_Moving(three, {3, 4}).has_value(), off > 1e-6);
+        EXPECT_EQ(Dyad_Of_Fixed(three, {3, 4}).has_value(), off > 1e-6);
+        // A link that turns so little is the inverse of that as long as its pivot's way.
+        const Carried two[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
+        EXPECT_EQ(Dyad_Of_Moving(two, {3, 4}, off).has_value(), off > 1e-6);
+        EXPECT_EQ(Dyad_Of_Fixed(two, {3, 4}, off).has_value(), off > 1e-6);
+    }
+    const Carried still[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
+    EXPECT_FALSE(Dyad_Of_Moving(still, {3, 4}, 0));
+    EXPECT_FALSE(Dyad_Of_Fixed(still, {3, 4}, 0));
+}
+
+TEST_F(Dyads, OfFourPositionsAreDrawnFiftySpansFarAndWithoutAStepAcrossInfinity) {
+    SCOPED_TRACE(Trace());
+    double farthest = 0, longest = 0;
+    for (int i = 0; i < 30; ++i) {
+        const Task task = Random_Task(4);
+        double span = 0;
+        for (const auto& place : task.positions) span = std::max(span, std::abs(place.at - task.positions[0].at));
+        for (const auto& piece : Burmester(design::Carried_Through(task.positions)).Curves(360)) {
+            EXPECT_GT(piece.size(), 1U);
+            for (std::size_t k = 0; k < piece.size(); ++k) {
+                for (const auto& pivot : {piece[k].fixed, piece[k].moving})
+                    farthest = std::max(farthest, std::abs(pivot - task.positions[0].at) / span);
+                if (k > 0) longest = std::max(longest, std::abs(piece[k].fixed - piece[k - 1].fixed) / span);
+            }
+        }
+    }
+    EXPECT_LE(farthest, 50);
+    EXPECT_GT(farthest, 40);
+    EXPECT_LE(longest, 12.5);
+    EXPECT_GT(longest, 6);
+}
+
 TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
     SCOPED_TRACE(Trace());
     int found = 0;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 40; ++i) {
         Known known;
         const Task task = Task_Of_Random_Linkage(4, known);
         const Burmester curves(design::Carried_Through(task.positions));
@@ -91,13 +129,13 @@ TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
         // Pieces have steps, which are long where the curve runs to infinity.
         found += nearest < 0.2;
     }
-    EXPECT_GE(found, 195);
+    EXPECT_GE(found, 37);
 }
 
 TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
     SCOPED_TRACE(Trace());
     int both = 0;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 300; ++i) {
         Known known;
         const Task task = Task_Of_Random_Linkage(5, known);
         const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
@@ -107,15 +145,15 @@ TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
         both += Nearest(dyads, {known.O2, known.A}) < 1e-4 && Nearest(dyads, {known.O4, known.B}) < 1e-4;
     }
     // Where two dyads nearly coincide, the digits of a double do not hold them apart.
-    EXPECT_GE(both, 990);
+    EXPECT_GE(both, 294);
 }
 
 TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {
     SCOPED_TRACE(Trace());
     int even = 0;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 300; ++i)
         even += Dyads_Through_Five(design::Carried_Through(Random_Task(5).positions)).size() % 2 == 0;
-    EXPECT_GE(even, 980);
+    EXPECT_GE(even, 291);
 }
 
 TEST_F(Dyads, WhatIsWrongWithATaskIsSaid) {

@@ -18,14 +18,6 @@ using design::Judgement;
 using design::Refusal;
 using design::Task;
 
-/// Lengths 4, 1, 3.5 and 3 with the crank up, on the open circuit.
-Known Crank_Rocker() {
-    Known known{{0, 0}, {4, 0}, {0, 1}, {}, {2, 3}};
-    const double d = std::abs(known.O4 - known.A), angle = std::acos((3.5 * 3.5 + d * d - 9) / (7 * d));
-    known.B = known.A + std::polar(3.5, std::arg(known.O4 - known.A) + angle);
-    return known;
-}
-
 struct Judging : Design {};
 
 }  // namespace

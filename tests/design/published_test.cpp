@@ -124,7 +124,7 @@ TEST_F(Published, ALinkageThatWouldJumpItsCircuitIsThrownOutAndSaysSo) {
         Words_Of(judged, task),
         "Positions 1 and 3 lie on different circuits: the linkage jumps, and would have to be taken apart between "
         "them.");
-    const Found found = Find(task);
+    const Found found = Find(task, {.best = 20, .threads = 0, .coarse = true});
     EXPECT_EQ(Place_Among(known, found), found.solutions.size());
     for (const Solution& solution : found.solutions) {
         const auto& j = solution.judgement;

@@ -24,11 +24,11 @@ struct Searching : Design {
             EXPECT_EQ(Follower(solution.linkage).Through(places, solution.linkage, way), "") << Task_Text(task);
         }
     }
-    /// How many linkages 200 tasks get, every fourth without one that is known to do it.
+    /// How many linkages 60 tasks get, every fourth without one that is known to do it.
     std::size_t Shown_For_Random_Tasks(int positions, const Effort& effort) {
         SCOPED_TRACE(Trace());
         std::size_t shown = 0;
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < 60; ++i) {
             Known known;
             const Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
             const Found found = Find(task, effort);
@@ -50,39 +50,67 @@ struct Searching : Design {
         task.positions = {{{0, 0}, 0}, {{1, 1}, 30}, {{3, 1}, 70}};
         return task;
     }
+    static const Found& List_Of_Three() {
+        static const Found found = Find(Three());
+        return found;
+    }
 };
 
 constexpr Effort kCoarse{.best = 20, .threads = 0, .coarse = true};
+/// With a descent, from what the first rounds find.
+constexpr Effort kShort{.best = 5, .threads = 0, .rounds = 2};
 
 }  // namespace
 
 TEST_F(Searching, EveryLinkageOfThreePositionsDoesThem) {
     SCOPED_TRACE(Trace());
     std::size_t shown = 0;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 60; ++i) {
         const Task task = Random_Task(3);
         const Found found = Find(task, kCoarse);
         Expect_All_Do_It(task, found);
         shown += found.solutions.size();
     }
-    EXPECT_GT(shown, 5000U);
+    EXPECT_GT(shown, 250U);
 }
 
-TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(4, kCoarse), 300U); }
+TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(4, kCoarse), 70U); }
 
-TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(5, {}), 100U); }
+TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(5, {}), 20U); }
 
 TEST_F(Searching, WhatADescentFindsDoesItToo) {
     SCOPED_TRACE(Trace());
     for (const int positions : {2, 3, 4}) {
         Known known;
         const Task task = Task_Of_Random_Linkage(positions, known);
-        const Found found = Find(task);
+        const Found found = Find(task, kShort);
         Expect_All_Do_It(task, found);
-        const Found coarse = Find(task, kCoarse);
+        const Found coarse = Find(task, {.best = 5, .threads = 0, .coarse = true});
         if (coarse.solutions.empty()) continue;
         ASSERT_FALSE(found.solutions.empty());
         EXPECT_GE(found.solutions[0].judgement.score, coarse.solutions[0].judgement.score);
+    }
+}
+
+TEST_F(Searching, ADescentMakesTheBestBetter) {
+    const Found fine = Find(Three(), kShort), coarse = Find(Three(), {.best = 5, .threads = 0, .coarse = true});
+    ASSERT_FALSE(coarse.solutions.empty());
+    EXPECT_GT(fine.solutions[0].judgement.score, coarse.solutions[0].judgement.score + 0.01);
+}
+
+TEST_F(Searching, LinksTurnNeitherHardlyNorNearlyFullyToAnotherPosition) {
+    SCOPED_TRACE(Trace());
+    for (const int positions : {2, 4}) {
+        Known known;
+        const Task task = Task_Of_Random_Linkage(positions, known);
+        for (const Solution& solution : Find(task, kCoarse).solutions) {
+            const auto& genes = solution.genes;
+            ASSERT_EQ(genes.count, positions == 2 ? 6U : 2U);
+            for (std::size_t i = positions == 2 ? 2 : 0; i < genes.count; i += genes.count / 2) {
+                EXPECT_GE(genes.number[i], 0.02 * design::kTurn);
+                EXPECT_LE(genes.number[i], 0.98 * design::kTurn);
+            }
+        }
     }
 }
 
@@ -106,15 +134,19 @@ TEST_F(Searching, TheLinkageBehindFivePositionsIsFoundAgain) {
 TEST_F(Searching, TheListIsTheSameWithAnyNumberOfThreads) {
     const Task task = Three();
     for (const bool coarse : {true, false}) {
-        const Found one = Find(task, {.best = 20, .threads = 1, .coarse = coarse});
-        EXPECT_EQ(one.solutions.size(), 20U);
-        for (const int threads : {2, 3, 7})
-            EXPECT_TRUE(Same(one, Find(task, {.best = 20, .threads = threads, .coarse = coarse})));
+        Effort effort = coarse ? kCoarse : kShort;
+        effort.threads = 1;
+        const Found one = Find(task, effort);
+        EXPECT_EQ(one.solutions.size(), effort.best);
+        for (const int threads : {2, 3, 7}) {
+            effort.threads = threads;
+            EXPECT_TRUE(Same(one, Find(task, effort)));
+        }
     }
 }
 
 TEST_F(Searching, TheListSpansLinkagesThatDiffer) {
-    const Found found = Find(Three());
+    const Found& found = List_Of_Three();
     const double near = 0.25 * Span_Of(Three());
     for (const Solution& a : found.solutions)
         for (const Solution& b : found.solutions)
@@ -125,7 +157,7 @@ TEST_F(Searching, TheListSpansLinkagesThatDiffer) {
 }
 
 TEST_F(Searching, TwinsStandTogether) {
-    const Found found = Find(Three());
+    const Found& found = List_Of_Three();
     int twins = 0;
     for (std::size_t i = 1; i < found.solutions.size(); ++i) {
         const Solution &a = found.solutions[i - 1], &b = found.solutions[i];
@@ -189,6 +221,15 @@ TEST_F(Searching, StoppingKeepsWhatIsThere) {
     EXPECT_FALSE(found.solutions.empty());
     const Found nothing = Find(Three(), {}, [](double, const Found*) { return false; });
     EXPECT_TRUE(nothing.stopped);
+    for (const int threads : {1, 3}) {
+        // In the midst of the descents: what has not been refined is none.
+        const Found midst = Find(Three(), {.best = 5, .threads = threads, .rounds = 2},
+                                 [](double part, const Found*) { return part <= 0.81; });
+        EXPECT_TRUE(midst.stopped);
+        EXPECT_EQ(midst.solutions.size(), 5U);
+        Expect_All_Do_It(Three(), midst);
+        for (const Solution& solution : midst.solutions) EXPECT_GT(solution.judgement.score, 0);
+    }
 }
 
 TEST_F(Searching, WhereNothingDoesItTheMostFrequentReasonIsSaid) {

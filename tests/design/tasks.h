@@ -34,6 +34,22 @@ struct Known {
 
 inline design::FourBar Linkage_Of(const Known& known) { return {{known.O2, known.A}, {known.O4, known.B}, known.P}; }
 
+/// Lengths 4, 1, 3.5 and 3 with the crank up.
+inline Known Crank_Rocker(bool open = true) {
+    Known known{{0, 0}, {4, 0}, {0, 1}, {}, {2, 3}};
+    const double d = std::abs(known.O4 - known.A), angle = std::acos((3.5 * 3.5 + d * d - 9) / (7 * d));
+    known.B = known.A + std::polar(3.5, std::arg(known.O4 - known.A) + (open ? angle : -angle));
+    return known;
+}
+
+/// The same in another place, turned and scaled by a factor, with its coupler point beside the coupler.
+inline Known Crank_Rocker_At(std::complex<double> place, std::complex<double> factor, bool open) {
+    Known known = Crank_Rocker(open);
+    known.P = known.A + 0.6 * (known.B - known.A) * std::polar(1.0, 0.7);
+    for (auto* point : {&known.O2, &known.O4, &known.A, &known.B, &known.P}) *point = place + factor * *point;
+    return known;
+}
+
 /// The positions of a linkage at crank angles, radians, the first of which is 0; none where it does not close at all.
 inline std::optional<design::Task> Task_Of(const Known& known, const std::vector<double>& turns) {
     design::Task task;

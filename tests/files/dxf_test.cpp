@@ -85,6 +85,12 @@ TEST_F(Drawings, Are_saved_where_the_user_says_with_a_warning_before_another_fil
     EXPECT_EQ(desktop.Dialogs[1].filter, "DXF drawing|*.dxf|");
     EXPECT_EQ(desktop.Dialogs[1].file_name, "press.dxf");
     EXPECT_TRUE(desktop.Dialogs[1].warn_before_overwriting);
+    EXPECT_EQ(desktop.Dialogs[1].kind, "drawing");
+    desktop.Expect_Save(Path("nowhere/b.dxf"));
+    desktop.Expect_Message("The drawing could not be written to " + Path("nowhere/b.dxf") + ".\r\nThere is no folder " +
+                               Path("nowhere") + ".",
+                           platform::Answer::kOk, platform::Icon::kExclamation);
+    Save_Drawing([this] { return dxf.Content(); }, "press");
 }
 
 TEST_F(Drawings, Have_no_path_of_one_point) {
@@ -115,6 +121,54 @@ TEST_F(Drawings, Refuse_what_is_no_number) {
 TEST_F(Drawings, Name_their_model_and_unit_in_plain_letters) {
     const std::string content = Dxf(Dxf_Unit::kInch, "pr\xC3\xA4zis\nx", 1).Content();
     EXPECT_TRUE(content.starts_with("999\r\npr??zis?x\r\n999\r\nLengths are in inches\r\n")) << content.substr(0, 80);
+}
+
+TEST_F(Drawings, Are_pairs_of_code_and_value_from_the_first_remark_to_the_end) {
+    dxf.Layer("LINKS", 5);
+    dxf.Line({-1, 2}, {3, -4.5});
+    dxf.Circle({0.25, 0}, 2);
+    dxf.Layer("CURVE", 6);
+    dxf.Point({7, 8});
+    dxf.Path({Spot(0, 0), Spot(1, 0)});
+    // Codes of the release of 1992: 0 begins, 2 names, 8 is the layer, 10 and 20 are the place, 11 and 21 the end.
+    const std::string expected =
+        "999,press,999,Lengths are in millimetres,"
+        "0,SECTION,2,HEADER,9,$ACADVER,1,AC1009,9,$INSUNITS,70,4,9,$MEASUREMENT,70,1,9,$EXTMIN,10,-1.0,20,-4.5,30,0.0,"
+        "9,$EXTMAX,10,7.0,20,8.0,30,0.0,9,$PDMODE,70,3,9,$PDSIZE,40,0.5,0,ENDSEC,"
+        "0,SECTION,2,TABLES,0,TABLE,2,LTYPE,70,1,0,LTYPE,2,CONTINUOUS,70,0,3,Solid line,72,65,73,0,40,0.0,0,ENDTAB,"
+        "0,TABLE,2,LAYER,70,2,0,LAYER,2,LINKS,70,0,62,5,6,CONTINUOUS,0,LAYER,2,CURVE,70,0,62,6,6,CONTINUOUS,0,ENDTAB,"
+        "0,ENDSEC,0,SECTION,2,ENTITIES,"
+        "0,LINE,8,LINKS,10,-1.0,20,2.0,11,3.0,21,-4.5,0,CIRCLE,8,LINKS,10,0.25,20,0.0,40,2.0,"
+        "0,POINT,8,CURVE,10,7.0,20,8.0,"
+        "0,POLYLINE,8,CURVE,66,1,10,0.0,20,0.0,30,0.0,70,0,0,VERTEX,8,CURVE,10,0.0,20,0.0,"
+        "0,VERTEX,8,CURVE,10,1.0,20,0.0,0,SEQEND,8,CURVE,0,ENDSEC,0,EOF,";
+    std::string content;
+    for (const char letter : dxf.Content())
+        if (letter != '\r') content += letter == '\n' ? ',' : letter;
+    EXPECT_EQ(content, expected);
+    const std::string inches = Dxf(Dxf_Unit::kInch, "", 1).Content();
+    EXPECT_NE(inches.find("$INSUNITS\r\n70\r\n1\r\n9\r\n$MEASUREMENT\r\n70\r\n0\r\n"), std::string::npos) << inches;
+}
+
+TEST_F(Drawings, Close_a_path_whose_ends_are_a_hundred_thousandth_of_its_extent_apart) {
+    // It extends 5, from its start to (3, 4), wherever that is.
+    for (const double apart : {4.9e-5, 5.1e-5})
+        for (const Spot start : {Spot(0, 0), Spot(100, 70)}) {
+            Dxf drawing(Dxf_Unit::kInch, "", 1);
+            drawing.Path({start, start + 1.0, start + Spot(3, 4), start + apart});
+            EXPECT_EQ(drawing.Content().find("70\r\n1\r\n0\r\nVERTEX") != std::string::npos, apart < 5e-5) << apart;
+        }
+}
+
+TEST_F(Drawings, Refuse_a_number_from_a_one_with_fifteen_zeros_on) {
+    EXPECT_FALSE(What_Failed([&] { dxf.Point({0, 0.9999e15}); }));
+    EXPECT_TRUE(What_Failed([&] { dxf.Point({0, 1e15}); }));
+    EXPECT_TRUE(What_Failed([&] { dxf.Circle({0, 0}, -1.2e15); }));
+    EXPECT_FALSE(What_Failed([&] { dxf.Line({-0.9999e15, 0}, {0, 0}); }));
+}
+
+TEST_F(Drawings, Have_letters_from_the_blank_to_the_tilde_in_their_remark) {
+    EXPECT_TRUE(Dxf(Dxf_Unit::kInch, " ~\x1f\x7f", 1).Content().starts_with("999\r\n ~??\r\n"));
 }
 
 }  // namespace verlink::test

@@ -235,6 +235,7 @@ TEST_F(Exports, TorqueIsAskedForAndWrittenWithoutAWord) {
     EXPECT_EQ(Held(path), Torque_Content());
     EXPECT_EQ(Model.FilePath, path);
     EXPECT_TRUE(Model.SavedFlag);
+    EXPECT_TRUE(home.Get<platform::Label>("lbl_Status", 8).Visible);
     EXPECT_EQ(Model.ModelName, "Press");
 }
 
@@ -251,6 +252,7 @@ TEST_F(Exports, ThePendrixFileIsAskedForWrittenAndGivesTheModelItsName) {
     EXPECT_EQ(desktop.Dialogs[0].file_name, "Press.pdx");
     EXPECT_TRUE(desktop.Dialogs[0].warn_before_overwriting);
     EXPECT_EQ(Held(path), content) << "written under the name that the model had";
+    EXPECT_TRUE(home.Get<platform::Label>("lbl_Status", 8).Visible);
     EXPECT_EQ(Model.FilePath, path);
     EXPECT_TRUE(Model.SavedFlag);
     EXPECT_EQ(Model.ModelName, "geared");

@@ -95,6 +95,19 @@ TEST_F(FileMenu, SaveAsAsksForAFileWritesItAndTakesItsName) {
     EXPECT_EQ(desktop.Pointers, (std::vector{Pointer::kHourglass, Pointer::kDefault}));
 }
 
+TEST_F(FileMenu, DialogsBeginWithTheirOwnEntryWhateverWasTakenBefore) {
+    auto& dialog = home.Get<platform::CommonDialog>("CommonDialog1");
+    Model_Kept();
+    for (const bool open : {true, false}) {
+        dialog.FilterIndex = 2;
+        dialog.OverwritePrompt = false;
+        open ? desktop.Expect_Open({}) : desktop.Expect_Save({});
+        (open ? Menu_Open : Menu_Saveas)(home);
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, 1);
+        EXPECT_EQ(desktop.Dialogs.back().warn_before_overwriting, !open);
+    }
+}
+
 TEST_F(FileMenu, SaveOfASavedModelAsksNothing) {
     Model.FilePath = In("a.vlk");
     Model_Saved();

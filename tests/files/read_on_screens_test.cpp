@@ -1,5 +1,7 @@
 // What a model that is read changes on the screens, and what is said of it.
 #include "core/linkage_door.h"
+#include "core/model_on_screens.h"
+#include "core/results.h"
 #include "files/in_hand.h"
 #include "tests/files/model_files.h"
 #include "tests/files/moment.h"
@@ -74,6 +76,17 @@ TEST_F(ReadOnScreens, ReadingSaysSoAndShowsTheInputScreen) {
     desktop.Set_Pointer(Pointer::kHourglass);
     Readfile(Held(Fixture_File("rev9.vlk")));
     EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+}
+
+TEST_F(ReadOnScreens, ThePanelShowsNoMoreOfTheRunBefore) {
+    Model.JustStarted = true;
+    Run_Holds();
+    Model_Saved();
+    Refresh_Status();
+    auto& saved = Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 8);
+    saved.Visible = true;
+    Readfile(Held(Fixture_File("rev9.vlk")));
+    EXPECT_FALSE(saved.Visible);
 }
 
 TEST_F(ReadOnScreens, WhileTheProgramStartsAModelIsReadInSilence) {

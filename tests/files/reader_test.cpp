@@ -11,7 +11,6 @@ namespace verlink::test {
 
 using platform::Answer;
 using platform::Icon;
-using platform::Pointer;
 using platform::Screens;
 
 namespace {
@@ -424,6 +423,20 @@ TEST_F(Reader, ValuesMayBeReplacedBeforeOthersAreDerivedFromThem) {
     }));
     EXPECT_EQ(Model.LinkArray(2), 2.5);
     EXPECT_EQ(Model.NSteps, 10);
+}
+
+TEST_F(Reader, AModelThatIsEnteredAsFromAFileHasItsLimits) {
+    Model.Calctype = 3;
+    Model.ThetaStartStr = "30";
+    Model.ThetaEndStr = "90";
+    Model.ThetaStepStr = "7.5";
+    Model.DiskFile = false;
+    Enter_As_From_File();
+    EXPECT_EQ(Model.ThetaStart, 30);
+    EXPECT_NEAR(Model.ThetaEndRad, std::acos(0.0), 1e-6);
+    EXPECT_EQ(Model.ThetaStep, 7.5);
+    EXPECT_EQ(Model.NSteps, 8);
+    EXPECT_TRUE(Model.DiskFile);
 }
 
 TEST_F(Reader, AFileThatWasNotReadWholeIsReportedAndChangesNothing) {

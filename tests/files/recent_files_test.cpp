@@ -13,7 +13,6 @@ namespace verlink::test {
 namespace {
 
 namespace fs = std::filesystem;
-using platform::Answer;
 using platform::Screens;
 using platform::The_Settings;
 
@@ -27,7 +26,7 @@ class RecentFiles : public ModelFiles {
     }
     platform::Screen& Home() { return Screens::Get("frm_HomeScreen"); }
     std::string Made(const std::string& name) {
-        const std::string path = Path(name);
+        std::string path = Path(name);
         fs::create_directories(fs::path(path).parent_path());
         Put_File(path, File_Content());
         return path;
@@ -79,6 +78,14 @@ TEST_F(RecentFiles, TenAreShownAndThoseThatAreGoneLeaveTheirPlaceToOthers) {
     made.erase(made.begin() + 4);
     made.erase(made.begin());
     EXPECT_EQ(Recent_Files(), made);
+}
+
+TEST_F(RecentFiles, ThirtyAreKeptForWhenThoseBeforeThemAreGone) {
+    for (int i = 1; i <= 40; ++i) Note_Recent(Path("m" + std::to_string(i) + ".vlk"));
+    const auto kept = The_Settings().List("recent");
+    ASSERT_EQ(kept.size(), 30U);
+    EXPECT_EQ(kept.front(), Path("m40.vlk"));
+    EXPECT_EQ(kept.back(), Path("m11.vlk"));
 }
 
 TEST_F(RecentFiles, TheyAreThereInTheNextSessionAndThoseOfAnotherOneAtTheSameTimeToo) {

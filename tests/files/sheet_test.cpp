@@ -86,6 +86,8 @@ TEST_F(Sheets, Leave_cells_empty_behind_a_shorter_column) {
     std::string text = Separated_Text(sheet, ',');
     std::erase(text, '\r');
     EXPECT_TRUE(text.ends_with("\n0,0.5\n90,\n180,\n")) << text;
+    for (Sheet_Column& column : sheet.columns) column.values.clear();
+    EXPECT_EQ(Separated_Text(sheet, ','), "Crank Angle (deg),\"Veloc I 2,3 X (in/sec)\"\r\n") << "no rows at all";
 }
 
 TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
@@ -150,6 +152,32 @@ TEST_F(Sheets, Are_workbooks_with_numbers_frozen_heads_statistics_and_the_model)
     EXPECT_EQ(read.numbers, numbers) << "a cell that has no number is empty";
     EXPECT_EQ(read.formats.at("Table!A8"), "0.0");
     EXPECT_EQ(read.formats.at("Table!B7"), "0.00");
+    for (const char* cell : {"A1", "B1", "A2", "B2", "A3", "B3", "A4", "A5", "A6"})
+        EXPECT_EQ(read.looks.at(std::string("Table!") + cell), "bold center FFE6EBF2") << cell;
+    for (const char* cell : {"B4", "B5", "B6"}) {
+        EXPECT_EQ(read.looks.at(std::string("Table!") + cell), "plain None FFEEF7F6") << cell;
+        EXPECT_EQ(read.formats.at(std::string("Table!") + cell), "0.00") << cell;
+    }
+    for (const char* cell : {"A1", "A2"})
+        EXPECT_EQ(read.looks.at(std::string("Model!") + cell), "bold None none") << cell;
+    EXPECT_EQ(read.looks.size(), 14U);
+    // Letters of 7 pixels and 5 of air around them, in whole pixels and parts of 256.
+    EXPECT_EQ(read.widths,
+              (std::vector<std::string>{"Table! 1 2 13.7109375", "Model! 1 1 33.28515625", "Model! 2 2 20.28515625"}));
+}
+
+TEST_F(Sheets, Without_statistics_begin_below_their_heads) {
+    Sheet sheet = A_Sheet();
+    sheet.statistics = false;
+    sheet.columns[0].decimals = 0;
+    sheet.columns.push_back({.name = "", .component = "", .unit = "", .values = {3}, .decimals = -1});
+    const Xlsx_Read read = Written(Workbook(sheet, {}, "Ada"));
+    EXPECT_EQ(read.sheets.front(), "Table B4");
+    EXPECT_EQ(read.numbers.at("Table!A4"), 0);
+    EXPECT_EQ(read.numbers.at("Table!A6"), 180);
+    EXPECT_EQ(read.formats.at("Table!A6"), "0");
+    EXPECT_EQ(read.formats.at("Table!C4"), "0") << "no fewer than none";
+    EXPECT_EQ(read.widths.front(), "Table! 1 3 13.7109375");
 }
 
 TEST_F(Sheets, Are_read_by_a_spreadsheet_program_number_by_number) {
@@ -242,7 +270,8 @@ TEST_F(Sheets, Are_offered_as_three_kinds_with_every_step_and_every_so_many) {
     EXPECT_NE(Table_Filter(2).find("every 2nd step"), std::string::npos);
     EXPECT_NE(Table_Filter(3).find("every 3rd step"), std::string::npos);
     EXPECT_NE(Table_Filter(21).find("every 21st step"), std::string::npos);
-    EXPECT_NE(Table_Filter(12).find("every 12th step"), std::string::npos);
+    for (const char* nth : {"4th", "11th", "12th", "13th", "20th", "22nd", "23rd", "101st", "111th", "112th", "113th"})
+        EXPECT_NE(Table_Filter(std::atoi(nth)).find("every " + std::string(nth) + " step"), std::string::npos) << nth;
 }
 
 TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
@@ -267,9 +296,29 @@ TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
     desktop.Expect_Save({});
     Save_Table(Table(10));
     EXPECT_EQ(desktop.Dialogs.back().file_name, "press_table.csv") << "what was taken last is offered";
+    const char* ends[] = {"xlsx", "xlsx", "csv", "csv", "txt", "txt", "xlsx"};
+    for (int entry = 1; entry <= 7; ++entry) {
+        Take_Entry(entry);
+        desktop.Expect_Save({});
+        Save_Table(Table(2));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, std::string("press_table.") + ends[entry - 1]) << entry;
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, entry <= 6 ? entry : 1);
+        desktop.Expect_Save({});
+        Save_Table(Table(1));
+        EXPECT_EQ(desktop.Dialogs.back().file_name, "press_table.xlsx") << "one entry a kind, and none is kept";
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, 1);
+    }
+    Take_Entry(4);
     desktop.Expect_Save(Path("g.csv"));
     Save_Table(Table(1));
     EXPECT_EQ(asked, 1);
+}
+
+TEST_F(Sheets, Are_of_the_kind_that_the_end_of_their_name_says) {
+    for (const char* name : {"a.csv", "b.x.CSV", ".csv"}) EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kCsv) << name;
+    for (const char* name : {"a.txt", "a.Tsv", "a.dat"}) EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kTabs) << name;
+    for (const char* name : {"a.xlsx", "csv", "", "a.csv.zip", "a."})
+        EXPECT_EQ(Sheet_Kind_Of(name), Sheet_Kind::kXlsx) << name;
 }
 
 TEST_F(Sheets, That_cannot_be_written_are_told_with_the_reason) {

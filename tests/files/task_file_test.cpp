@@ -1,6 +1,7 @@
 // The file of tasks beside a model: written with it, read with it, and never lost by it.
 #include "files/task_file.h"
 
+#include <chrono>
 #include <filesystem>
 
 #include "core/model_on_screens.h"
@@ -72,6 +73,15 @@ TEST_F(TaskFile, BothTasksAreOneTextAndTwoAgain) {
     EXPECT_NE(Tasks_Text({"", kStudies}).find("\"format\": \"verlink-design\""), std::string::npos);
 }
 
+TEST_F(TaskFile, LettersStandInItAsTheyAreAndBytesThatAreNoneAsAMark) {
+    Tasks tasks, back;
+    std::string fault;
+    tasks.StudySettings = "{\"title\": \"gr\xC3\xB6\xC3\x9F\"}";
+    EXPECT_NE(Tasks_Text(tasks).find("\"title\": \"gr\xC3\xB6\xC3\x9F\"\n"), std::string::npos) << Tasks_Text(tasks);
+    ASSERT_TRUE(Take_Tasks(Tasks_Text(tasks), back, fault));
+    EXPECT_EQ(back.StudySettings, "{\n  \"title\": \"gr\xC3\xB6\xC3\x9F\"\n}\n");
+}
+
 TEST_F(TaskFile, WhatIsNoneOrNewerIsRefusedInWords) {
     const auto fault = [](const std::string& text) {
         Tasks tasks{kDesign, kStudies};
@@ -85,7 +95,10 @@ TEST_F(TaskFile, WhatIsNoneOrNewerIsRefusedInWords) {
     EXPECT_EQ(fault(""), "it is no JSON");
     EXPECT_EQ(fault("[1, 2]"), "it is no file of tasks");
     EXPECT_EQ(fault("{\"format\": \"other\", \"version\": 1}"), "it is no file of tasks");
+    EXPECT_EQ(fault("{\"version\": 1}"), "it is no file of tasks");
+    EXPECT_EQ(fault("7"), "it is no file of tasks");
     EXPECT_EQ(fault("{\"format\": \"verlink-design\"}"), "the field version is missing");
+    EXPECT_EQ(fault("{\"format\": \"verlink-design\", \"version\": 1.5}"), "the field version is missing");
     EXPECT_EQ(fault("{\"format\": \"verlink-design\", \"version\": 2}"), "it was written by a newer program");
     EXPECT_EQ(fault("{\"format\": \"verlink-design\", \"version\": 1, \"studies\": 5}"),
               "the field studies is to be an object");
@@ -108,6 +121,18 @@ TEST_F(TaskFile, IsSavedWithTheModelAndComesBackWithIt) {
     EXPECT_TRUE(Modified());
     Save();
     EXPECT_EQ(platform::Read_File(In("a.vld")), kDesign);
+}
+
+TEST_F(TaskFile, ThatHasNotChangedIsNotWrittenAgain) {
+    Model.DesignTask = kDesign;
+    Save_As("a.vlk");
+    const auto long_ago = std::filesystem::last_write_time(In("a.vld")) - std::chrono::hours(5);
+    std::filesystem::last_write_time(In("a.vld"), long_ago);
+    Save();
+    EXPECT_EQ(std::filesystem::last_write_time(In("a.vld")), long_ago);
+    Model.StudySettings = kStudies;
+    Save();
+    EXPECT_GT(std::filesystem::last_write_time(In("a.vld")), long_ago);
 }
 
 TEST_F(TaskFile, IsNotThereForAModelWithoutTasksAndGoesWithTheLast) {

@@ -39,7 +39,7 @@ class TorqueImport : public DriveFiles {
         Model_Kept();
         Put_Mass_Properties(form, Model, Model);
         // Typed, and not solved with yet.
-        box().Text = "12.5";
+        Box().Text = "12.5";
     }
     std::string In(const std::string& name) const { return Path("loads/" + name); }
     std::string File(const std::string& name, const std::string& content) const {
@@ -61,16 +61,16 @@ class TorqueImport : public DriveFiles {
         const Moment before;
         Tick(form, "chk_Torque", true);
         EXPECT_EQ(before.Changed(), "");
-        EXPECT_FALSE(chk().Value);
-        EXPECT_TRUE(box().Enabled);
-        EXPECT_EQ(box().Text.Get(), "12.5");
-        EXPECT_TRUE(solve().Enabled);
+        EXPECT_FALSE(Chk().Value);
+        EXPECT_TRUE(Box().Enabled);
+        EXPECT_EQ(Box().Text.Get(), "12.5");
+        EXPECT_TRUE(Solve().Enabled);
         EXPECT_FALSE(Model.TorqueImported);
         EXPECT_TRUE(Model.SavedFlag);
     }
-    platform::CheckBox& chk() const { return form.Get<platform::CheckBox>("chk_Torque"); }
-    platform::TextBox& box() const { return form.Text("txt_Torque", 4); }
-    CommandButton& solve() const { return form.Get<CommandButton>("cmd_Solve"); }
+    platform::CheckBox& Chk() const { return form.Get<platform::CheckBox>("chk_Torque"); }
+    platform::TextBox& Box() const { return form.Text("txt_Torque", 4); }
+    CommandButton& Solve() const { return form.Get<CommandButton>("cmd_Solve"); }
 
     platform::Screen& form = Screens::Get("frm_MassProp");
 };
@@ -131,10 +131,10 @@ TEST_F(TorqueImport, TheBoxAsksForAFileAndSaysThatItWasRead) {
     EXPECT_EQ(Model.TorqueFileName, "press.trq");
     EXPECT_TRUE(Model.TorqueImported);
     EXPECT_FALSE(Model.SavedFlag);
-    EXPECT_TRUE(chk().Value);
-    EXPECT_TRUE(solve().Enabled);
-    EXPECT_EQ(box().Text, "0");
-    EXPECT_FALSE(box().Enabled);
+    EXPECT_TRUE(Chk().Value);
+    EXPECT_TRUE(Solve().Enabled);
+    EXPECT_EQ(Box().Text, "0");
+    EXPECT_FALSE(Box().Enabled);
     EXPECT_EQ(Model.RunTable.ImportedTorque(4), 2);
 }
 
@@ -157,6 +157,27 @@ TEST_F(TorqueImport, ABrokenTableLeavesEverything) {
 TEST_F(TorqueImport, ACancelledDialogLeavesEverythingAndSaysNothing) {
     desktop.Expect_Open({});
     Tick_For_Nothing();
+}
+
+TEST_F(TorqueImport, ATableThatIsNoneInPlaceOfOneThatWasUnticksTheBox) {
+    desktop.Expect_Open(File("press.trq", Table(360)));
+    desktop.Expect_Message_With("of Torque data successfully read.");
+    Tick(form, "chk_Torque", true);
+    ASSERT_TRUE(Chk().Value);
+    Expect_Broken(62, "Input past end of file");
+    Import_Torque(4, File("broken.trq", "360\r\n1\r\n"));
+    EXPECT_FALSE(Chk().Value);
+    EXPECT_FALSE(Model.TorqueImported);
+    EXPECT_TRUE(Box().Enabled);
+}
+
+TEST_F(TorqueImport, ACancelledDialogLeavesNothingThatCannotBeTypedOrSolved) {
+    Box().Enabled = false;
+    Solve().Enabled = false;
+    desktop.Expect_Open({});
+    Import_Torque(4);
+    EXPECT_TRUE(Box().Enabled);
+    EXPECT_TRUE(Solve().Enabled);
 }
 
 TEST_F(TorqueImport, AFileThatIsNotThereIsToldAndReportedAndLeavesEverything) {

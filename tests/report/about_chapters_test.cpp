@@ -4,7 +4,9 @@
 #include <map>
 #include <regex>
 
+#include "core/kept_record.h"
 #include "core/results.h"
+#include "output/graph_svg.h"
 #include "report/setter.h"
 #include "report/svg_picture.h"
 #include "tests/report/whole_chapters.h"
@@ -90,7 +92,9 @@ TEST_F(Whole_Chapters, UsualPlotsAreThoseThatTheRunHas) {
         {"F Shk Balcd", "X", false}, {"F Shaking", "X", false}, {"Omega3", "", false}};
     EXPECT_EQ(report::There(Model, needs).size(), 3U);
     Balance_Dropped();
-    EXPECT_EQ(report::There(Model, needs).size(), 2U);
+    ASSERT_EQ(report::There(Model, needs).size(), 2U);
+    EXPECT_EQ(report::There(Model, needs)[0].variable, "F Shaking");
+    EXPECT_EQ(report::There(Model, needs)[1].variable, "Omega3");
     Run_Dropped();
     EXPECT_TRUE(words().empty());
 }
@@ -114,6 +118,136 @@ TEST_F(Whole_Chapters, TheDrawingNamesItsAngleAndStandsAtItsScale) {
     Model.RunTable.Theta(Model.NSteps, 0) = 11;
     Model.RunTable.Theta(Model.NSteps + 1, 0) = 22;
     EXPECT_TRUE(picture().caption.ends_with(" at Theta2 = 11 deg, with its coupler curve."));
+}
+
+TEST_F(Whole_Chapters, TheDrawingIsTheSameWhateverTheAnimationShowsAndNamesItsPins) {
+    Make_The_Press();
+    const auto drawn = [] {
+        const Kept_Record kept(Model);
+        return report::Drawing_Of(Model).svg;
+    };
+    Model.HideLinksFlag = Model.TraceFlag = Model.ShowCouplerLinesFlag = Model.ShowCentrodesFlag = "N";
+    Model.ShowCouplerFlag = "Y";
+    Model.ZoomFactor = 1;
+    const std::string plain = drawn();
+    for (std::string* flag :
+         {&Model.HideLinksFlag, &Model.TraceFlag, &Model.ShowCouplerLinesFlag, &Model.ShowCentrodesFlag}) {
+        *flag = "Y";
+        EXPECT_EQ(drawn(), plain);
+        *flag = "N";
+    }
+    Model.ShowCouplerFlag = "N";
+    Model.ZoomFactor = 2.5;
+    EXPECT_EQ(drawn(), plain);
+    Lines names;
+    const std::regex text("<text[^>]*>([^<]*)</text>");
+    for (std::sregex_iterator at(plain.begin(), plain.end(), text), end; at != end; ++at) names.push_back((*at)[1]);
+    std::ranges::sort(names);
+    EXPECT_EQ(names, (Lines{"A", "B", "O2", "O4", "P"}));
+}
+
+TEST_F(Whole_Chapters, TheDrawingFillsItsPictureAndItsNamesStandAtTheirPins) {
+    Make_The_Press();
+    const Report_Picture picture = report::Drawing_Of(Model);
+    const double side = std::lround(picture.wide / 25.4 * 96);
+    struct Spot {
+        double x, y;
+    };
+    const auto found = [&](const char* form) {
+        std::vector<Spot> spots;
+        const std::regex pattern(form);
+        for (std::sregex_iterator at(picture.svg.begin(), picture.svg.end(), pattern), end; at != end; ++at)
+            spots.push_back({std::stod((*at)[1]), std::stod((*at)[2])});
+        return spots;
+    };
+    // The coupler curve is seen whole, and takes a good part of the picture.
+    double left = side, right = 0;
+    std::smatch curve;
+    ASSERT_TRUE(std::regex_search(picture.svg, curve, std::regex("<path stroke=\"#00ff00\" d=\"([^\"]*)\"")));
+    const std::string path = curve[1];
+    const std::regex corner("[ML]([-0-9.]+) ([-0-9.]+)");
+    for (std::sregex_iterator at(path.begin(), path.end(), corner), end; at != end; ++at) {
+        left = std::min({left, std::stod((*at)[1]), std::stod((*at)[2])});
+        right = std::max({right, std::stod((*at)[1]), std::stod((*at)[2])});
+    }
+    EXPECT_GT(left, 0.01 * side);
+    EXPECT_LT(right, 0.99 * side);
+    EXPECT_GT(right - left, 0.3 * side);
+    const auto pins = found("<circle cx=\"([-0-9.]+)\" cy=\"([-0-9.]+)\"");
+    const auto names = found("<text x=\"([-0-9.]+)\" y=\"([-0-9.]+)\"");
+    ASSERT_EQ(names.size(), 5U);
+    for (const Spot& name : names) {
+        double nearest = side;
+        for (const Spot& pin : pins) nearest = std::min(nearest, std::hypot(name.x - pin.x, name.y - pin.y));
+        EXPECT_LT(nearest, 40) << name.x << " " << name.y;
+    }
+}
+
+TEST_F(Whole_Chapters, PicturesHaveTheColorsOfTheProgramWhateverTheRecordHas) {
+    Make_The_Press();
+    Model.ColorGreen = Model.ColorMagenta = Model.ColorBlue = 0x123456;
+    Model.Synthesized = true;
+    const auto only = [](Chapter chapter) {
+        return *Make_Report(Model, {{chapter}, {}, ""}, [](double) { return true; });
+    };
+    const auto synthesis = only(Chapter::kSynthesis);
+    const auto& diagram = std::get<Report_Picture>(synthesis.chapters.front().pieces.back());
+    for (const char* color : {"#ff00ff", "#0000ff"}) EXPECT_NE(diagram.svg.find(color), std::string::npos) << color;
+    const auto report = only(Chapter::kDrawing);
+    const auto& drawing = std::get<Report_Picture>(Chapter_Of(report, Chapter::kDrawing)->pieces.front());
+    for (const char* color : {"#00ff00", "#ff00ff", "#0000ff"})
+        EXPECT_NE(drawing.svg.find(color), std::string::npos) << color;
+    EXPECT_EQ(Model.ColorGreen, 0x123456) << "looking changes nothing";
+}
+
+TEST_F(Whole_Chapters, TheDiagramOfASynthesisHasItsPositions) {
+    Make_The_Press();
+    Model.Synthesized = true;
+    const auto named = [](int positions, const char* name) {
+        Model.SynPositions = positions;
+        const auto report = Made();
+        const auto& diagram = std::get<Report_Picture>(Chapter_Of(report, Chapter::kSynthesis)->pieces.back());
+        return diagram.svg.find(std::string(">") + name + "</text>") != std::string::npos;
+    };
+    for (const int positions : {1, 2, 3}) {
+        EXPECT_TRUE(named(positions, "Beta2")) << positions;
+        EXPECT_EQ(named(positions, "Beta3"), positions > 1);
+        EXPECT_FALSE(named(positions, "Beta4"));
+    }
+}
+
+TEST_F(Whole_Chapters, APlotIsAGraphOfItsRunWithLinesAtItsLabelsBothWays) {
+    Make_The_Press();
+    By_Angle(0, 90, 5);
+    struct Sheet : platform::Screen {
+        Sheet() : Screen("Own_Sheet") {}
+        platform::Graph graph{*this, "grf_Own"};
+    } sheet;
+    platform::Graph& graph = sheet.graph;
+    graph.SetNumPoints(19);
+    for (int step = 0; step <= 18; ++step) {
+        graph.ThisPoint = step + 1;
+        graph.SetGraphData(Model.RunTable.Omega(step, 1));
+        graph.SetLabelText(std::to_string(5 * step) + ".");
+    }
+    graph.GridStyle = 3;
+    graph.LabelEvery = graph.TickEvery = 6;
+    graph.BottomTitle = "Crank Angle (Deg)";
+    EXPECT_EQ(report::Plot_Of(Model, {"Omega3", "", false}).svg,
+              Graph_Svg(graph, int(1.45 * 165 / 25.4 * 96), int(1.45 * 52 / 25.4 * 96)));
+}
+
+TEST_F(Whole_Chapters, PlotsHaveTheirStationsUnderThem) {
+    Make_The_Press();
+    By_Angle(0, 90, 5);
+    const auto has = [](const char* words) {
+        return report::Plot_Of(Model, {"Omega3", "", false}).svg.find(std::string(">") + words + "</text>") !=
+               std::string::npos;
+    };
+    EXPECT_TRUE(has("Crank Angle (Deg)"));
+    Model.Omega2Input = 2;
+    By_Time(0, 3, 0.125);
+    EXPECT_TRUE(has("Time (Sec)"));
 }
 
 TEST_F(Whole_Chapters, NamesStandInThePlacesThatWereFoundForThem) {

@@ -231,6 +231,7 @@ TEST_F(Reports, FunctionsAreAllButTheTransform) {
     for (int number = 1; number <= 42; ++number)
         EXPECT_EQ(has(number), Facts_Of(Variable_Name(number))->vector ? 4 : 1) << number;
     EXPECT_EQ(has(43), 0);
+    for (const Output_Function& function : all) EXPECT_FALSE(function.local) << function.variable;
 }
 
 TEST_F(Reports, ForcesAndBalanceHaveARowForEachOfTheirVariables) {
@@ -246,6 +247,22 @@ TEST_F(Reports, ForcesAndBalanceHaveARowForEachOfTheirVariables) {
     expect(Chapter::kForces, [](int number) { return number >= 26 && number <= 37; });
     expect(Chapter::kBalance, [](int number) { return number == 30 || (number >= 38 && number <= 41); });
     expect(Chapter::kFlywheel, [](int number) { return number == 31 || number == 42; });
+}
+
+TEST_F(Reports, PulsesBeginWithTheSideOfTheFirst) {
+    Make_The_Press(200);
+    std::vector<std::string> seconds;
+    for (const double side : {1.0, -1.0}) {
+        for (int step = 0; step <= Model.NSteps; ++step)
+            Model.RunTable.BalancedMoment(step, 0) = side * Model.RunTable.BalancedMoment(step, 0);
+        const Report report = Made();
+        const auto& table = std::get<Report_Table>(Chapter_Of(report, Chapter::kFlywheel)->pieces[1]);
+        const bool negative = std::stod(table.rows.at(0).at(1)) < 0;
+        EXPECT_EQ(table.heads,
+                  (Texts{"Order", negative ? "Neg Area" : "Pos Area", negative ? "Pos Area" : "Neg Area"}));
+        seconds.push_back(table.heads[1]);
+    }
+    EXPECT_NE(seconds[0], seconds[1]) << "the other way round it begins with the other";
 }
 
 TEST_F(Reports, MassesAndLoadsAreThereAsSoonAsThereIsOne) {
@@ -279,6 +296,18 @@ TEST_F(Reports, NumbersOfATableStandBetweenItsNamesAndItsUnits) {
             for (const auto& row : table->rows) EXPECT_EQ(row.size(), table->heads.size()) << row.front();
         }
     EXPECT_GT(tables, 4);
+    Model.Synthesized = true;
+    for (const auto& [chapter, index] : {std::pair(Chapter::kModel, 1U), std::pair(Chapter::kClass, 0U),
+                                         std::pair(Chapter::kFlywheel, 1U), std::pair(Chapter::kSynthesis, 4U)}) {
+        const Report report = Made();
+        const auto& table = std::get<Report_Table>(Chapter_Of(report, chapter)->pieces[index]);
+        // Pulses are numbers in all columns, the class is words, and of two dyads the left one's are in a column.
+        EXPECT_EQ(table.first_number, chapter == Chapter::kFlywheel ? 0 : 1) << Name_Of(chapter);
+        EXPECT_EQ(table.numbers, chapter == Chapter::kFlywheel ? 3
+                                 : chapter == Chapter::kClass  ? 0
+                                                               : 1)
+            << Name_Of(chapter);
+    }
 }
 
 TEST_F(Reports, ASynthesisOfThreePositionsIsThatOfItsScreen) {

@@ -98,6 +98,7 @@ TEST_F(Whole_Chapters, MassesAndLoadsStandByLink) {
     m.FrictionForce = 0.75;
     m.TorqueImported = true;
     m.TorqueFileName = "torque.txt";
+    m.UnitLabel(11) = m.UnitLabel(13) = "of another thing";
     const std::string systems =
         "LRCS: local rotating coordinate system of the link, along its line of centers. GCS: global coordinate system.";
     const Lines expected{"# Masses and loads",
@@ -164,7 +165,9 @@ TEST_F(Whole_Chapters, ExtremesAreTheLeastMeanAndMostOfTheStepsThatClose) {
     EXPECT_EQ(lines(), (Lines{heads, "Omega3 | -2.50 | 10. | 3.15 | 9.00 | 0. | 11.50 | rad/sec"}));
     Model.RunTable.Assembled(0) = false;
     EXPECT_EQ(lines(), (Lines{heads, "Omega3 | -2.50 | 10. | 1.69 | 4.00 | 20. | 6.50 | rad/sec"}));
-    for (int step = 0; step <= 4; ++step) Model.RunTable.Assembled(step) = false;
+    for (int step = 0; step <= 4; ++step) Model.RunTable.Assembled(step) = step == 3;
+    EXPECT_EQ(lines(), (Lines{heads, "Omega3 | 4.00 | 30. | 4.00 | 4.00 | 30. | 0.00 | rad/sec"}));
+    Model.RunTable.Assembled(3) = false;
     EXPECT_EQ(lines(), Lines{heads});
 }
 
@@ -200,6 +203,15 @@ TEST_F(Whole_Chapters, PlotsHaveALabelAtEveryThirtyDegreesWhereThereIsAStep) {
     By_Angle(0, 360, 60);
     EXPECT_EQ(labels().substr(0, 1), "0");
     EXPECT_EQ(labels().find("60"), std::string::npos) << "each tenth alone";
+    By_Angle(0, 90, 5);
+    Model.ThetaStep = 0;
+    EXPECT_EQ(labels(), "0. | 0.") << "each tenth, where no step says how far they are apart";
+    // 30 degrees are 6.0006 steps, which is round, or 6.0012.
+    By_Angle(0, 100, 4.9995);
+    EXPECT_EQ(std::ranges::count(labels(), '|'), 3);
+    By_Angle(0, 100, 4.999);
+    EXPECT_EQ(std::ranges::count(labels(), '|'), 2);
+    By_Angle(0, 120, 5);
     Model.Omega2Input = 2;
     By_Time(0, 3, 0.125);
     EXPECT_EQ(labels(), "0.00 | 1.25 | 2.50");
@@ -296,6 +308,9 @@ TEST_F(Whole_Chapters, ASynthesisOfTwoPositionsHasWhatWasGivenAndItsDyads) {
                    "Angle of the ground link: 12.35 deg."};
     Lines lines = Lines_In(Chapter::kSynthesis);
     ASSERT_EQ(lines.size(), 14U);
+    const auto diagram = std::get<Report_Picture>(Chapter_Of(Made(), Chapter::kSynthesis)->pieces.back());
+    EXPECT_EQ(diagram.wide, 110);
+    EXPECT_EQ(diagram.high, 110);
     lines.pop_back();
     EXPECT_EQ(lines, expected);
     m.SynMethod = 2;

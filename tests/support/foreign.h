@@ -67,6 +67,8 @@ struct Xlsx_Read {
     std::vector<std::string> sheets;  ///< name and where its heads are frozen
     std::map<std::string, double> numbers;
     std::map<std::string, std::string> formats, texts;
+    std::map<std::string, std::string> looks;  ///< "bold center FFE6EBF2"
+    std::vector<std::string> widths;           ///< by sheet: "Table! 1 2 13.7109375"
 };
 inline Xlsx_Read Read_Xlsx(const std::string& path) {
     Xlsx_Read read;
@@ -84,6 +86,14 @@ inline Xlsx_Read Read_Xlsx(const std::string& path) {
         std::istringstream words(line);
         std::string cell, kind;
         words >> cell >> kind;
+        if (cell == "width") {
+            read.widths.push_back(sheet + line.substr(5));
+            continue;
+        }
+        if (cell == "look") {
+            read.looks[sheet + kind] = line.substr(cell.size() + kind.size() + 2);
+            continue;
+        }
         if (kind == "n") {
             words >> read.numbers[sheet + cell];
             words >> read.formats[sheet + cell];
