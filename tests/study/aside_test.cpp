@@ -146,6 +146,38 @@ TEST(Aside, TheCloudHasTheCouplerPointOfTheFirstLinkages) {
     }
 }
 
+TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {
+    Words words;
+    words.tolerances = {"L2=0.02:uniform"};
+    words.measures = {"closes"};
+    words.samples = 330;
+    Design design = Crank_Rocker();
+    for (const auto& [last, most] : {std::pair{36, 330U}, {2588, 308U}}) {
+        design.NSteps = last;
+        Aside aside;
+        aside.Begin(Study_In(words, design), 1);
+        To_The_End(aside);
+        EXPECT_EQ(aside.Cloud_At(0).size(), most) << "800000 places, " << last + 1 << " of each linkage";
+    }
+}
+
+TEST(Aside, StopsBetweenBlocksOf64LinkagesOrOfEightLongRuns) {
+    Words words;
+    words.sweeps = {"L2=0.5:2:1000000", "Delta=0:90:1000000"};
+    words.measures = {"max Theta4"};
+    Design design = Crank_Rocker();
+    for (const auto& [last, each] : {std::pair{36, 64U}, {359, 64U}, {360, 63U}, {2879, 8U}, {2880, 7U}}) {
+        design.NSteps = last;
+        Aside aside;
+        aside.Begin(Study_In(words, design), 1);
+        while (aside.Look().done == 0) std::this_thread::yield();
+        aside.Stop();
+        const Number done = To_The_End(aside).done;
+        EXPECT_GT(done, 0U);
+        EXPECT_EQ(done % each, 0U) << last;
+    }
+}
+
 TEST(Aside, ACloudIsDrawnLargeEnoughAndPickedWhereItIsDrawn) {
     const Window window{{-5, -5}, {5, 5}};
     const std::vector<Cloud_Point> cloud{{1.01, 2, 4}, {1, 1.98, 9}};

@@ -326,6 +326,26 @@ TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
     }
 }
 
+TEST_F(Study_Motion, NothingIsLeftOfForcesAndBalanceWhereTheNextLinkageDoesNotClose) {
+    SCOPED_TRACE(Trace());
+    while (!Take_Loaded_Run() || Model.Calctype != 3) continue;
+    study::Motion motion;
+    study::Meter meter;
+    const auto measured = [&](const char* words, study::Design design) {
+        std::string fault;
+        const auto measure = study::Measure_Of(words, false, fault).value();
+        motion.Solve(design, measure.wanted);
+        return meter.Take(measure, motion, design, 0);
+    };
+    for (const char* words : {"max Torque 12", "max MShk Balcd", "max F14 Balcd:Mag", "max Theta4"}) {
+        study::Design design = study::Design_Of(Model);
+        EXPECT_FALSE(study::Is_None(measured(words, design))) << words;
+        design.PolarCoords = true;
+        design.L1 = 2 * (design.L2 + design.L3 + design.L4);
+        EXPECT_TRUE(study::Is_None(measured(words, design))) << words;
+    }
+}
+
 /// Each statistic from the series that plots have, for every variable and component.
 TEST_F(Study_Motion, MeasuresAreThoseOfTheSeriesOfEveryVariable) {
     SCOPED_TRACE(Trace());

@@ -47,6 +47,20 @@ TEST(Exact_Sum, LosesNothing) {
     EXPECT_EQ(sum.Value(), -std::numeric_limits<double>::max());
 }
 
+TEST(Exact_Sum, OfOneNumberIsThatNumberWhateverItsPowerOfTwo) {
+    for (int power = -1074; power <= 1023; ++power)
+        for (const double value : {std::ldexp(1.0, power), -std::ldexp(1.0, power), std::ldexp(0x1.fffffffffffffp0, power)}) {
+            Exact_Sum sum, twice, read;
+            sum.Add(value);
+            ASSERT_EQ(sum.Value(), value) << power;
+            ASSERT_TRUE(read.Take(sum.Text()));
+            ASSERT_EQ(read.Value(), value) << power;
+            twice.Add(value / 2);
+            twice.Add(value - value / 2);
+            ASSERT_TRUE(twice == sum) << power;
+        }
+}
+
 TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
     std::vector<float> values = Values(2000, -3, 1e4);
     Exact_Sum forth, back, halves[2];
