@@ -126,6 +126,27 @@ TEST_F(LinkageDxf, Has_poles_and_centrodes_where_the_lines_of_the_links_meet) {
     EXPECT_TRUE(holds("MOVING_CENTRODE", on_coupler));
 }
 
+TEST_F(LinkageDxf, Has_no_poles_and_no_centrodes_of_a_parallelogram) {
+    Model.PolarCoords = true;
+    Model.L1 = Model.L3 = 4;
+    Model.L2 = Model.L4 = 2;
+    Derive_Linkage(Leading::kInForce);
+    Model.ThetaStart = 30;
+    Model.ThetaEnd = 150;
+    Model.ThetaStep = 30;
+    Derive_Angle_Limits();
+    Model.NSteps = 4;
+    Integer result;
+    Calc_Setup(3, result);
+    for (const int step : {0, 3}) {
+        ASSERT_TRUE(Model.RunTable.Assembled(step));
+        const Dxf_Read read = Written(step);
+        EXPECT_EQ(read.On("LINK_4").size(), 1U);
+        for (const char* layer : {"POLES", "FIXED_CENTRODE", "MOVING_CENTRODE"})
+            EXPECT_TRUE(read.On(layer).empty()) << layer << ' ' << step;
+    }
+}
+
 TEST_F(LinkageDxf, Leaves_out_poles_and_centrodes_that_are_far_away) {
     Run_Scenario({.name = "metres", .units = 3});
     const double far = 10 * Scale() * (Model.L1 + Model.L2 + Model.L3 + Model.L4);

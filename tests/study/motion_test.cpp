@@ -250,6 +250,23 @@ TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
             }
 }
 
+TEST_F(Study_Motion, StepsBehindTheLimitOfTheRunDoNotClose) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(10, 85, 10);
+    Model.Calctype = 3;
+    study::Motion motion;
+    for (const double speed : {7.0, -7.0}) {
+        Model.Omega2Input = speed;
+        Model.NSteps = 12;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        EXPECT_EQ(motion.Last(), 12);
+        EXPECT_EQ(motion.Closed_Steps(), 9) << "seven and a half strides";
+        for (int step = 0; step <= 12; ++step) EXPECT_EQ(motion.Closed(step), step <= 8) << step;
+    }
+}
+
 TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
     study::Motion motion;
     const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
