@@ -189,6 +189,34 @@ TEST(Aside, AMeasureAtAnAngleIsThatOfTheRunAsItPassesThere) {
     }
 }
 
+TEST(Aside, ADeviationIsTheLargestDistanceBetweenTheCouplerPointsOfEachStep) {
+    Words words;
+    words.sweeps = {"L2=1.25:1.5:2"};
+    words.measures = {"deviation"};
+    for (const int calctype : {1, 3})
+        for (const double start : {0.0, 180.0}) {
+            Design design = Crank_Rocker();
+            design.Calctype = calctype;
+            design.ThetaZero = start;
+            design.ThetaStart = start, design.ThetaEnd = start + 60;
+            design.ThetaStartRad = start * kDegToRad, design.ThetaEndRad = (start + 60) * kDegToRad;
+            EXPECT_EQ(Take_Limits(design), "");
+            const Mechanism nominal(design);
+            Aside aside;
+            aside.Begin(Study_In(words, design), 1);
+            const Findings found = To_The_End(aside);
+            for (const Number linkage : {0U, 1U}) {
+                Design moved = design;
+                moved.L2 = linkage == 0 ? 1.25 : 1.5;
+                const Mechanism mechanism(moved);
+                double most = 0;
+                for (int step = 0; step <= nominal.Last(); ++step)
+                    most = std::max(most, std::abs(mechanism.At(step)->P - nominal.At(step)->P));
+                EXPECT_NEAR(found.values.at(linkage), most, 1e-5) << calctype << ' ' << start;
+            }
+        }
+}
+
 TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {
     Words words;
     words.tolerances = {"L2=0.02:uniform"};

@@ -250,6 +250,27 @@ TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
             }
 }
 
+TEST_F(Study_Motion, ARunThatStartsAtAWholeTurnStartsAtZeroAsTheRecordsDoes) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(360, 720, 30);
+    Model.Calctype = 3;
+    Model.NSteps = 12;
+    study::Motion motion;
+    for (const char* mode : {"abs", "180", "mod"}) {
+        Model.ModuloMode = mode;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kAngles));
+        Integer result;
+        Calc_Setup(3, result);
+        EXPECT_EQ(motion.Table().Theta(0, 0), Model.RunTable.Theta(0, 0)) << mode;
+        EXPECT_EQ(Compare_Motion(motion, study::Wanted::kAngles), 13);
+        if (std::string(mode) == "abs") {
+            EXPECT_EQ(motion.Table().Theta(0, 0), 0);
+        }
+    }
+}
+
 TEST_F(Study_Motion, StepsBehindTheLimitOfTheRunDoNotClose) {
     Take_Crank_Rocker();
     Take_Circuit(2);
