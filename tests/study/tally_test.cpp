@@ -49,7 +49,8 @@ TEST(Exact_Sum, LosesNothing) {
 
 TEST(Exact_Sum, OfOneNumberIsThatNumberWhateverItsPowerOfTwo) {
     for (int power = -1074; power <= 1023; ++power)
-        for (const double value : {std::ldexp(1.0, power), -std::ldexp(1.0, power), std::ldexp(0x1.fffffffffffffp0, power)}) {
+        for (const double value :
+             {std::ldexp(1.0, power), -std::ldexp(1.0, power), std::ldexp(0x1.fffffffffffffp0, power)}) {
             Exact_Sum sum, twice, read;
             sum.Add(value);
             ASSERT_EQ(sum.Value(), value) << power;
