@@ -170,8 +170,8 @@ TEST(Gifs, End_once) {
 
 TEST(Gifs, Refuse_a_picture_of_another_size) {
     Gif gif(7, 5);
-    for (const auto& [wide, high] : {std::pair{5, 7}, {7, 6}, {6, 5}})
-        EXPECT_EQ(Failure_Of([&] { gif.Add(Plain(wide, high, kWhitePixel), 2); }), platform::kInvalidCall) << wide;
+    for (const Pixels& other : {Plain(5, 7, kWhitePixel), Plain(7, 6, kWhitePixel), Plain(6, 5, kWhitePixel)})
+        EXPECT_EQ(Failure_Of([&] { gif.Add(other, 2); }), platform::kInvalidCall) << other.wide;
 }
 
 }  // namespace verlink::test
