@@ -68,6 +68,18 @@ TEST_F(CopyTest, OneOfAnEarlierProgramHasNoTasks) {
     EXPECT_EQ(back->tasks, "");
 }
 
+TEST_F(CopyTest, ACountThatIsNoNumberIsOfNothing) {
+    Model_Copy none = Some_Copy("");
+    none.tasks.clear();
+    for (const std::string count : {"size ", "tasks "}) {
+        std::string text = Copy_Text(none);
+        text.replace(text.find(count + "0\n"), count.size() + 1, count + "x");
+        const auto back = Copy_Of(text);
+        ASSERT_TRUE(back) << count;
+        EXPECT_EQ(back->content + back->tasks, "");
+    }
+}
+
 TEST_F(CopyTest, WhatIsNotWholeIsNoCopy) {
     const std::string text = Copy_Text(Some_Copy("\"VERLINK\"\r\n"));
     ASSERT_TRUE(Copy_Of(text));
