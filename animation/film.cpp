@@ -43,7 +43,7 @@ std::optional<double> Real_Stride(const Drive& drive) {
 
 double Played_Stride(const DisplaySettings& settings) {
     const double turns = static_cast<double>(settings.AnimateWait) * settings.AnimateDelay;
-    const double held = std::max(0.0, turns) * kNanosecondsPerTurn * 1e-9;
+    const double held = turns * kNanosecondsPerTurn * 1e-9;
     const double longest = std::chrono::duration<double>(kLongestFrame).count();
     return std::clamp(held, kLeastPlayed, longest);
 }
@@ -51,7 +51,7 @@ double Played_Stride(const DisplaySettings& settings) {
 std::vector<Film_Frame> Film_Of(const std::vector<int>& steps, double stride) {
     std::vector<Film_Frame> frames;
     if (steps.empty()) return frames;
-    const auto when = [&](int step) { return std::llround((step - steps.front()) * stride * 100); };
+    const auto when = [&](int step) { return std::llround(step * stride * 100); };
     const auto stands = [](long long hundredths) {
         return static_cast<int>(std::clamp<long long>(hundredths, kShortestFrame, kLongestFilmFrame));
     };
@@ -62,16 +62,13 @@ std::vector<Film_Frame> Film_Of(const std::vector<int>& steps, double stride) {
         present = step;
     }
     const auto left = static_cast<int>(std::min<long long>(when(steps.back() + 1) - when(present), kLongestFilmFrame));
-    if (left >= kShortestFrame || frames.empty()) {
-        frames.push_back({present, stands(left)});
-        return frames;
-    }
-    // Too little is left for the last position: it has it from the one before, or stands in its place.
+    if (frames.empty()) return {Film_Frame{present, stands(left)}};
+    // Where too little is left for the last position it has it from the one before, or stands in its place.
     Film_Frame& before = frames.back();
-    const int both = before.hundredths + left;
-    if (both >= 2 * kShortestFrame) {
-        before.hundredths = both - kShortestFrame;
-        frames.push_back({present, kShortestFrame});
+    const int both = before.hundredths + left, last = stands(left);
+    if (both - last >= kShortestFrame) {
+        before.hundredths = both - last;
+        frames.push_back({present, last});
     } else {
         before = {present, both};
     }

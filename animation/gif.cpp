@@ -53,9 +53,9 @@ Few_Colors Reduced(const std::vector<std::uint32_t>& pixels) {
     std::unordered_map<std::uint32_t, std::size_t> counts;
     for (const std::uint32_t pixel : pixels) ++counts[pixel];
     struct Group {
-        std::uint32_t chief = 0;
-        std::size_t count = 0;
-        std::uint8_t number = 0;
+        std::uint32_t chief{};
+        std::size_t count{};
+        std::uint8_t number{};
     };
     std::unordered_map<std::uint32_t, Group> groups;
     // With two bits each there are 64 at most.
@@ -75,7 +75,6 @@ Few_Colors Reduced(const std::vector<std::uint32_t>& pixels) {
     std::ranges::sort(few.colors);
     for (std::size_t i = 0; i < few.colors.size(); ++i)
         groups[Coarse(few.colors[i], bits)].number = static_cast<std::uint8_t>(i);
-    few.of_pixel.reserve(pixels.size());
     for (const std::uint32_t pixel : pixels) few.of_pixel.push_back(groups[Coarse(pixel, bits)].number);
     return few;
 }
@@ -83,18 +82,8 @@ Few_Colors Reduced(const std::vector<std::uint32_t>& pixels) {
 /// The library's file, which is written into a text.
 class Gif::Coder {
    public:
-    Coder(int wide, int high) {
-        int error = 0;
-        file_ = EGifOpen(this, &Coder::Take, &error);
-        Hold(file_ != nullptr);
-        EGifSetGifVersion(file_, true);
-        const bool begun = EGifPutScreenDesc(file_, wide, high, 8, 0, nullptr) == GIF_OK && Put_Loop();
-        if (!begun) {
-            Close();
-            Hold(false);
-        }
-    }
-    ~Coder() { Close(); }
+    Coder(int wide, int high) : file_(EGifOpen(this, &Coder::Take, nullptr)) { Hold(file_ && Put_Head(wide, high)); }
+    ~Coder() = default;
     Coder(const Coder&) = delete;
     Coder& operator=(const Coder&) = delete;
 
@@ -107,21 +96,19 @@ class Gif::Coder {
                               static_cast<GifByteType>(color)});
         const std::unique_ptr<ColorMapObject, decltype(&GifFreeMapObject)> map(
             GifMakeMapObject(static_cast<int>(colors.size()), colors.data()), GifFreeMapObject);
-        Hold(map != nullptr);
         GraphicsControlBlock control{DISPOSE_DO_NOT, false, hundredths, NO_TRANSPARENT_COLOR};
         GifByteType extension[4];
         EGifGCBToExtension(&control, extension);
-        Hold(EGifPutExtension(file_, GRAPHICS_EXT_FUNC_CODE, sizeof extension, extension) == GIF_OK);
-        Hold(EGifPutImageDesc(file_, box.left, box.top, box.wide, box.high, false, map.get()) == GIF_OK);
+        GifFileType* file = file_.get();
+        Hold(map && EGifPutExtension(file, GRAPHICS_EXT_FUNC_CODE, sizeof extension, extension) == GIF_OK &&
+             EGifPutImageDesc(file, box.left, box.top, box.wide, box.high, false, map.get()) == GIF_OK);
         for (int y = 0; y < box.high; ++y)
-            Hold(EGifPutLine(file_, few.of_pixel.data() + static_cast<std::ptrdiff_t>(y) * box.wide, box.wide) ==
+            Hold(EGifPutLine(file, few.of_pixel.data() + static_cast<std::ptrdiff_t>(y) * box.wide, box.wide) ==
                  GIF_OK);
     }
 
     std::string Finish() {
-        int error = 0;
-        const bool closed = EGifCloseFile(std::exchange(file_, nullptr), &error) == GIF_OK;
-        Hold(closed);
+        Hold(EGifCloseFile(file_.release(), nullptr) == GIF_OK);
         return std::move(written_);
     }
 
@@ -129,31 +116,35 @@ class Gif::Coder {
     static void Hold(bool done) {
         if (!done) platform::Raise(platform::kOutOfMemory);
     }
-    void Close() {
-        int error = 0;
-        if (file_) EGifCloseFile(std::exchange(file_, nullptr), &error);
-    }
-    /// Again and again.
-    bool Put_Loop() {
+    /// It is played again and again.
+    bool Put_Head(int wide, int high) {
         constexpr char kName[] = "NETSCAPE2.0";
         constexpr GifByteType kForever[] = {1, 0, 0};
-        return EGifPutExtensionLeader(file_, APPLICATION_EXT_FUNC_CODE) == GIF_OK &&
-               EGifPutExtensionBlock(file_, sizeof kName - 1, kName) == GIF_OK &&
-               EGifPutExtensionBlock(file_, sizeof kForever, kForever) == GIF_OK &&
-               EGifPutExtensionTrailer(file_) == GIF_OK;
+        GifFileType* file = file_.get();
+        EGifSetGifVersion(file, true);
+        return EGifPutScreenDesc(file, wide, high, 8, 0, nullptr) == GIF_OK &&
+               EGifPutExtensionLeader(file, APPLICATION_EXT_FUNC_CODE) == GIF_OK &&
+               EGifPutExtensionBlock(file, sizeof kName - 1, kName) == GIF_OK &&
+               EGifPutExtensionBlock(file, sizeof kForever, kForever) == GIF_OK &&
+               EGifPutExtensionTrailer(file) == GIF_OK;
     }
     /// No exception may pass through the library.
     static int Take(GifFileType* file, const GifByteType* bytes, int count) {
+        std::string& written = static_cast<Coder*>(file->UserData)->written_;
+        const std::size_t before = written.size();
         try {
-            static_cast<Coder*>(file->UserData)->written_.append(reinterpret_cast<const char*>(bytes), count);
+            written.append(reinterpret_cast<const char*>(bytes), count);
         } catch (const std::bad_alloc&) {
-            return 0;
+            // As the library sees by the count.
         }
-        return count;
+        return static_cast<int>(written.size() - before);
     }
+    struct Close {
+        void operator()(GifFileType* file) const { EGifCloseFile(file, nullptr); }
+    };
 
-    GifFileType* file_ = nullptr;
-    std::string written_;
+    std::string written_;  ///< still there when the file is closed
+    std::unique_ptr<GifFileType, Close> file_;
 };
 
 Gif::Gif(int wide, int high) : coder_(std::make_unique<Coder>(wide, high)), wide_(wide), high_(high) {}
@@ -163,7 +154,6 @@ void Gif::Add(const platform::Pixels& picture, int hundredths) {
     if (picture.wide != wide_ || picture.high != high_) platform::Raise(platform::kInvalidCall);
     const Box box = Changed(before_, picture.colors, wide_, high_);
     std::vector<std::uint32_t> part;
-    part.reserve(static_cast<std::size_t>(box.wide) * static_cast<std::size_t>(box.high));
     for (int y = 0; y < box.high; ++y) {
         const auto row = picture.colors.begin() + static_cast<std::ptrdiff_t>(box.top + y) * wide_ + box.left;
         part.insert(part.end(), row, row + box.wide);

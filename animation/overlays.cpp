@@ -81,7 +81,7 @@ Overlay::Corner Emptiest(const LinkageModel& model) {
     const double window = double{model.AnimMax} - model.AnimMin;
     const Spot turn = std::polar(1.0, double{model.Link1AngleRad});
     const int by = std::max(1, model.NSteps / kEnough);
-    std::array<int, 4> met{};
+    std::array met{0, 0, 0, 0};
     for (int step = 0; step <= model.NSteps; step += by) {
         if (!model.RunTable.Assembled(step)) continue;
         const Joints joints = Joints_At(model, step);

@@ -2,6 +2,7 @@
 #include "animation/shown.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -38,7 +39,7 @@ void Position_Shown(platform::Screen& form, int step, bool playing) {
 }
 
 void Follow_Results() {
-    static int seen = 0;
+    static std::optional<int> seen;
     const int turns = Results_Turns();
     if (std::exchange(seen, turns) == turns) return;
     // NOLINTNEXTLINE(modernize-loop-convert): as above

@@ -25,8 +25,8 @@ Number Cloud_Of(const Study& study) {
 
 /// So that a thread is asked whether to stop about as often in long runs.
 Number Block_Of(const Study& study) {
-    constexpr Number kSteps = 24000, kMost = 64;
-    return std::clamp<Number>(kSteps / Steps_Of(study), 1, kMost);
+    constexpr Number kSteps = 8 * kLastStep, kMost = 64;
+    return std::min(kSteps / Steps_Of(study), kMost);
 }
 
 std::vector<float> In_Turn(const Path& path) {
@@ -107,7 +107,7 @@ void Aside::Run(int threads) {
         found_.sensitivities = std::move(sensitivities);
     }
     const Number each = Block_Of(bench_->Of()), blocks = (found_.all + each - 1) / each;
-    const int crew = static_cast<int>(std::clamp<Number>(blocks, 1, static_cast<Number>(std::max(threads, 1))));
+    const int crew = static_cast<int>(std::min(blocks, static_cast<Number>(threads)));
     In_Order<Block>(
         blocks, crew, [&] { return Solver(*bench_, found_.all); }, [this](const Block& block) { return Take(block); });
     const std::lock_guard lock(hand_over_);

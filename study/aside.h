@@ -47,7 +47,8 @@ class Aside {
     /// At most so many linkages of the first ones are in the cloud.
     static constexpr Number kCloud = 2000;
 
-    /// Another one that runs is stopped, and what it found is dropped. The study has no fault.
+    /// Another one that runs is stopped, and what it found is dropped. The study has no fault; of threads there is one
+    /// at least.
     void Begin(Study study, int threads);
     /// Asks it to end with what it has, at once but for the blocks in hand.
     void Stop();

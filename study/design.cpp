@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 #include <vector>
@@ -13,6 +12,7 @@
 #include "core/numeric.h"
 #include "core/runs.h"
 #include "dynamics/dynacalc.h"
+#include "study/words.h"
 
 namespace verlink::study {
 
@@ -113,13 +113,7 @@ std::string Take_Limits(Drive& drive) {
 
 std::string Key_Of(Design design) {
     std::string facts;
-    const auto add = [&facts](double value) {
-        constexpr std::size_t kMost = 32;
-        std::array<char, kMost> digits{};
-        facts.append(digits.data(),
-                     std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value)).ptr);
-        facts += '\n';
-    };
+    const auto add = [&facts](double value) { facts += Shortest(static_cast<float>(value)) + '\n'; };
     for (const Field& field : kFields) add(field.place(design));
     for (const Single value : {design.ThetaStartRad, design.ThetaEndRad, design.ThetaStepRad, design.TimeStart,
                                design.TimeStep, Single(design.shown)})

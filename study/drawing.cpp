@@ -93,7 +93,7 @@ double Enlargement(const std::vector<Cloud_Point>& cloud, Spot nominal, const Wi
     double farthest = 0;
     for (const Cloud_Point& point : cloud) farthest = std::max(farthest, std::abs(Spot(point.x, point.y) - nominal));
     const double wanted = kSeen * window.Side() / farthest;
-    return std::isfinite(wanted) && wanted > 1 ? platform::Round_Down_1_2_5(wanted) : 1;
+    return std::isfinite(wanted) ? std::max(1.0, platform::Round_Down_1_2_5(wanted)) : 1;
 }
 
 void Draw_Cloud(Surface& surface, const std::vector<Cloud_Point>& cloud, Spot nominal, double enlarged,

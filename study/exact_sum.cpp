@@ -63,11 +63,9 @@ double Exact_Sum::Value() const {
         for (std::size_t i = 0; i < digits.size(); ++i) turned.digits_[i] = -digits[i];
         digits = turned.Carried();
     }
-    std::size_t top = digits.size() - 1;
-    while (top > 0 && digits[top] == 0) --top;
-    // Three digits hold more than a double does.
+    // What a double does not hold any more changes nothing.
     double value = 0;
-    for (std::size_t i = top + 1; i-- > (top >= 2 ? top - 2 : 0);)
+    for (std::size_t i = digits.size(); i-- > 0;)
         value += std::ldexp(static_cast<double>(digits[i]), kLowest + 32 * static_cast<int>(i));
     return negative ? -value : value;
 }

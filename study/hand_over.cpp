@@ -2,15 +2,13 @@
 #include "study/hand_over.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <string>
 #include <string_view>
 
 #include "core/linkage_door.h"
 #include "core/results.h"
 #include "files/model_file.h"
 #include "study/design.h"
+#include "study/words.h"
 
 namespace verlink::study {
 
@@ -24,12 +22,6 @@ bool Among(const std::string_view (&names)[N], std::string_view name) {
     return std::ranges::find(names, name) != std::end(names);
 }
 
-std::string Digits(float value) {
-    constexpr std::size_t kMost = 32;
-    std::array<char, kMost> digits{};
-    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
-}
-
 }  // namespace
 
 void Hand_Over(std::span<const int> fields, std::span<const float> values, LinkageModel& model) {
@@ -38,7 +30,7 @@ void Hand_Over(std::span<const int> fields, std::span<const float> values, Linka
     Enter_Linkage(Road::kBoxes, [&] {
         for (std::size_t i = 0; i < fields.size(); ++i) {
             const Field& field = Fields()[static_cast<std::size_t>(fields[i])];
-            Set_File_Field(field.name, Digits(values[i]), model);
+            Set_File_Field(field.name, Shortest(values[i]), model);
             if (Among(kLinkage, field.name) || double{field.place(before)} == values[i]) continue;
             (Among(kDrive, field.name) ? drive : loads) = true;
         }

@@ -180,7 +180,8 @@ float Meter::From_Line(const Motion& motion, const Design& design) {
     }
     // The line goes the way of the larger principal moment.
     const double half = (xx - yy) / 2, root = std::hypot(half, xy);
-    double ux = half >= 0 ? half + root : xy, uy = half >= 0 ? xy : root - half;
+    const bool steep = std::signbit(half);
+    double ux = steep ? xy : half + root, uy = steep ? root - half : xy;
     const double length = std::hypot(ux, uy);
     if (length == 0)
         ux = 1, uy = 0;

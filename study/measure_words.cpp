@@ -137,7 +137,7 @@ std::optional<Measure> Measure_Of(const std::string& text, bool local, std::stri
 
 std::optional<Keep> Keep_Of(const std::string& text, bool local, std::string& fault) {
     const auto sign = text.find_first_of("<>");
-    const bool with_equal = sign != std::string::npos && sign + 1 < text.size() && text[sign + 1] == '=';
+    const bool with_equal = sign != std::string::npos && text[sign + 1] == '=';
     const auto bound =
         sign == std::string::npos ? std::nullopt : Number_In(Trimmed(text.substr(sign + (with_equal ? 2 : 1))));
     if (!bound) {

@@ -14,9 +14,9 @@ std::string Short_Number(double number) {
         number /= 1000;
         ++mark;
     }
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.*f%s", number < 9.95 && mark > 0 ? 1 : 0, number, kMarks[mark]);
-    return text.data();
+    char text[sizeof "1000000000000G"];
+    std::snprintf(text, sizeof text, "%.*f%s", number < 9.95 && mark > 0 ? 1 : 0, number, kMarks[mark]);
+    return text;
 }
 
 std::string Time_Words(double seconds) {

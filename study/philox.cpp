@@ -2,6 +2,7 @@
 #include "study/philox.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace verlink::study {
 
@@ -37,13 +38,10 @@ constexpr double kFarBottom[] = {
 /// The natural logarithm by the series of the inverse hyperbolic tangent; the C library's differs from machine to
 /// machine.
 double Logarithm(double x) {
-    constexpr double kLog2 = 0.69314718055994530942, kHalfRoot = 0.70710678118654752440;
-    int exponent = 0;
-    double mantissa = std::frexp(x, &exponent);
-    if (mantissa < kHalfRoot) {
-        mantissa *= 2;
-        --exponent;
-    }
+    constexpr double kLog2 = 0.69314718055994530942;
+    // The series is the shorter the nearer to 1.
+    const int exponent = std::ilogb(x * std::numbers::sqrt2);
+    const double mantissa = std::ldexp(x, -exponent);
     const double t = (mantissa - 1) / (mantissa + 1), square = t * t;
     double sum = 0;
     for (int odd = 25; odd >= 1; odd -= 2) sum = sum * square + 1.0 / odd;

@@ -157,9 +157,9 @@ Quantity Quantity_Of(const Measure& measure) {
 /// To so many digits.
 double To_Digits(double value, int digits) {
     if (value == 0 || !std::isfinite(value)) return 0;
-    const double unit = std::pow(10, std::floor(std::log10(std::fabs(value))) - digits + 1);
+    const double power = std::floor(std::log10(std::fabs(value))) - digits + 1, unit = std::pow(10, power);
     // By a division where the unit is a part of one: 0.1 is the nearest number to a tenth then.
-    return unit < 1 ? std::round(value / unit) / std::round(1 / unit) : std::round(value / unit) * unit;
+    return std::signbit(power) ? std::round(value / unit) / std::round(1 / unit) : std::round(value / unit) * unit;
 }
 
 }  // namespace

@@ -5,7 +5,9 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace verlink::study {
 
@@ -20,10 +22,10 @@ std::uint32_t Key_Of(float value) {
 }
 
 bool Lower(const Tally::Extreme& a, const Tally::Extreme& b) {
-    return a.value != b.value ? a.value < b.value : a.linkage < b.linkage;
+    return std::less()(std::pair(a.value, a.linkage), std::pair(b.value, b.linkage));
 }
 bool Higher(const Tally::Extreme& a, const Tally::Extreme& b) {
-    return a.value != b.value ? a.value > b.value : a.linkage < b.linkage;
+    return std::less()(std::pair(-a.value, a.linkage), std::pair(-b.value, b.linkage));
 }
 
 template <class Before>

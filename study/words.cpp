@@ -2,9 +2,9 @@
 #include "study/words.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "core/nearest.h"
@@ -112,6 +112,12 @@ std::vector<std::string> Cells(std::string line) {
     return cells;
 }
 
+template <class T>
+std::string Digits(T value) {
+    char digits[sizeof "-1.7976931348623157e+308"];
+    return {digits, std::to_chars(digits, std::end(digits), value).ptr};
+}
+
 }  // namespace
 
 bool Take_List(const std::string& content, const std::string& called, const Design& design, List& list,
@@ -167,11 +173,7 @@ std::optional<Study> Study_Of(const Words& words, Design design, std::string& fa
     return fault.empty() ? std::optional(std::move(study)) : std::nullopt;
 }
 
-std::string Shortest(double value) {
-    constexpr std::size_t kRoom = 32;
-    std::array<char, kRoom> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    return {digits.data(), end};
-}
+std::string Shortest(double value) { return Digits(value); }
+std::string Shortest(float value) { return Digits(value); }
 
 }  // namespace verlink::study

@@ -34,5 +34,6 @@ bool Take_List(const std::string& content, const std::string& called, const Desi
 
 /// The shortest digits that are read as the same number.
 std::string Shortest(double value);
+std::string Shortest(float value);
 
 }  // namespace verlink::study

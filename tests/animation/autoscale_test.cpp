@@ -110,6 +110,8 @@ TEST_F(Scaling, ACamWidensTheLowerBoundAloneByHalfItsRadius) {
     Expect_Window(-11.5, 5);
     Model.CamCenterX = Model.CamCenterY = 0;
     Expect_Window(-1, 5);
+    Model.CamCenterX = -1;
+    Expect_Window(-1, 5);
     Model.Calctype = 3;
     Model.CamCenterX = 6;
     Expect_Window(-1, 5);

@@ -161,9 +161,17 @@ TEST(Gifs, Let_one_colour_too_many_stand_for_its_neighbour) {
     EXPECT_NE(few.of_pixel[1], few.of_pixel[0]);
 }
 
+TEST(Gifs, End_once) {
+    Gif gif(7, 5);
+    gif.Add(Plain(7, 5, kWhitePixel), 2);
+    EXPECT_FALSE(gif.Finish().empty());
+    EXPECT_EQ(Failure_Of([&] { gif.Finish(); }), platform::kOutOfMemory) << "there is no file any more";
+}
+
 TEST(Gifs, Refuse_a_picture_of_another_size) {
     Gif gif(7, 5);
-    EXPECT_EQ(Failure_Of([&] { gif.Add(Plain(5, 7, kWhitePixel), 2); }), platform::kInvalidCall);
+    for (const Pixels& other : {Plain(5, 7, kWhitePixel), Plain(7, 6, kWhitePixel), Plain(6, 5, kWhitePixel)})
+        EXPECT_EQ(Failure_Of([&] { gif.Add(other, 2); }), platform::kInvalidCall) << other.wide;
 }
 
 }  // namespace verlink::test

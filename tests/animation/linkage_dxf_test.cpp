@@ -2,7 +2,9 @@
 // it.
 #include "animation/linkage_dxf.h"
 
+#include <algorithm>
 #include <complex>
+#include <iterator>
 #include <numbers>
 #include <regex>
 
@@ -19,9 +21,15 @@ class LinkageDxf : public Fixture {
    protected:
     LinkageDxf() { Initialize(); }
 
+    /// A drawing that is to be read with others.
+    void Write(int step) {
+        paths_.push_back(Path(std::to_string(paths_.size()) + ".dxf"));
+        platform::Write_File(paths_.back(), Linkage_Dxf(Model, step));
+    }
+    std::vector<Dxf_Read> Read_All() const { return Read_Dxfs(paths_); }
     Dxf_Read Written(int step) {
-        platform::Write_File(Path("a.dxf"), Linkage_Dxf(Model, step));
-        return Read_Dxf(Path("a.dxf"));
+        Write(step);
+        return Read_Dxf(paths_.back());
     }
     /// Units of the drawing in one of the model's stored lengths.
     static double Scale() { return Model.Units == 1 ? 1 : Model.Units == 2 ? 12 : 1000; }
@@ -60,19 +68,32 @@ class LinkageDxf : public Fixture {
         for (std::size_t i = 0; i < places.size(); ++i)
             Expect_At(path.numbers[1 + 2 * i], path.numbers[2 + 2 * i], places[i]);
     }
+
+   private:
+    std::vector<std::string> paths_;
 };
 
 }  // namespace
 
 TEST_F(LinkageDxf, Has_the_links_pivots_and_coupler_curve_in_all_units_circuits_and_grounds) {
-    for (const Scenario& scenario : kScenarios) {
-        if (scenario.rocker) continue;
-        SCOPED_TRACE(scenario.name);
+    const int step = 17;
+    std::vector<Scenario> turning;
+    std::ranges::copy_if(kScenarios, std::back_inserter(turning), [](const Scenario& s) { return !s.rocker; });
+    const auto run = [](const Scenario& scenario) {
         Reset_Model();
         Initialize();
         Run_Scenario(scenario);
-        const int step = 17;
-        const Dxf_Read read = Written(step);
+    };
+    for (const Scenario& scenario : turning) {
+        run(scenario);
+        Write(step);
+    }
+    const auto reads = Read_All();
+    for (std::size_t one = 0; one < turning.size(); ++one) {
+        const Scenario& scenario = turning[one];
+        const Dxf_Read& read = reads[one];
+        SCOPED_TRACE(scenario.name);
+        run(scenario);
         EXPECT_EQ(read.unit, scenario.units > 2 ? "unit 4 AC1009" : "unit 1 AC1009");
         const Places at(step);
         Expect_Line(read, "LINK_1", {}, at.O4);
@@ -126,12 +147,36 @@ TEST_F(LinkageDxf, Has_poles_and_centrodes_where_the_lines_of_the_links_meet) {
     EXPECT_TRUE(holds("MOVING_CENTRODE", on_coupler));
 }
 
+TEST_F(LinkageDxf, Has_no_poles_and_no_centrodes_of_a_parallelogram) {
+    Model.PolarCoords = true;
+    Model.L1 = Model.L3 = 4;
+    Model.L2 = Model.L4 = 2;
+    Derive_Linkage(Leading::kInForce);
+    Model.ThetaStart = 30;
+    Model.ThetaEnd = 150;
+    Model.ThetaStep = 30;
+    Derive_Angle_Limits();
+    Model.NSteps = 4;
+    Integer result;
+    Calc_Setup(3, result);
+    for (const int step : {0, 3}) {
+        ASSERT_TRUE(Model.RunTable.Assembled(step));
+        Write(step);
+    }
+    for (const Dxf_Read& read : Read_All()) {
+        EXPECT_EQ(read.On("LINK_4").size(), 1U);
+        for (const char* layer : {"POLES", "FIXED_CENTRODE", "MOVING_CENTRODE"})
+            EXPECT_TRUE(read.On(layer).empty()) << layer;
+    }
+}
+
 TEST_F(LinkageDxf, Leaves_out_poles_and_centrodes_that_are_far_away) {
     Run_Scenario({.name = "metres", .units = 3});
     const double far = 10 * Scale() * (Model.L1 + Model.L2 + Model.L3 + Model.L4);
     int points = 0;
-    for (const int step : {0, 13, 26, 39})
-        for (const Dxf_Entity& entity : Written(step).entities)
+    for (const int step : {0, 13, 26, 39}) Write(step);
+    for (const Dxf_Read& read : Read_All())
+        for (const Dxf_Entity& entity : read.entities)
             for (const double number : entity.numbers) {
                 EXPECT_LE(std::abs(number), 1.001 * far) << entity.layer;
                 ++points;
@@ -161,9 +206,11 @@ TEST_F(LinkageDxf, Has_no_centrode_where_a_position_does_not_close) {
         for (const Dxf_Entity& path : read.On(layer)) count += (path.numbers.size() - 1) / 2;
         return count;
     };
-    const Dxf_Read whole = Written(3);
+    Write(3);
     for (const int gap : {7, 8}) Model.RunTable.Assembled(gap) = false;
-    const Dxf_Read gaps = Written(3);
+    Write(3);
+    const auto reads = Read_All();
+    const Dxf_Read &whole = reads[0], &gaps = reads[1];
     for (const char* layer : {"FIXED_CENTRODE", "MOVING_CENTRODE"}) {
         EXPECT_GT(vertices(gaps, layer), 10U) << layer;
         EXPECT_LT(vertices(gaps, layer), vertices(whole, layer)) << layer;

@@ -63,6 +63,18 @@ TEST_F(ViewOverlays, ArrowsThriceAsLongAsNearlyAllOthersCountAsWild) {
     EXPECT_EQ(Find_Scales(Model, wishes).last, Model.NSteps);
 }
 
+TEST_F(ViewOverlays, OfARunThatClosesNowhereHaveNoScaleAndNoEnds) {
+    Run({.name = "open"});
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.Assembled(step) = false;
+    const Overlay_Scales scales = Find_Scales(Model, All());
+    EXPECT_EQ(scales.velocity, 0);
+    EXPECT_EQ(scales.acceleration, 0);
+    EXPECT_EQ(scales.pin_force, 0);
+    EXPECT_EQ(scales.shaking_force, 0);
+    EXPECT_EQ(scales.first, Model.NSteps);
+    EXPECT_EQ(scales.last, 0);
+}
+
 TEST_F(ViewOverlays, TheLongestArrowOfARunIsSeenAndTheScaleIsTheSameInAllItsFrames) {
     Run({.name = "scale"});
     const View_Wishes wishes = Only(&View_Wishes::velocities);

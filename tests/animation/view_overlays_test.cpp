@@ -348,13 +348,84 @@ TEST_F(ViewOverlays, OfAParallelogramHaveTheirRaysLeadToTheEdges) {
     ASSERT_EQ(rays.size(), 8U);
     std::complex<double> together;
     for (const Mark& ray : rays) {
-        EXPECT_GT(std::abs(Way(ray)), 20 * Window());
+        // Thirty windows, and along the ground, where nothing is drawn, from the other end.
+        const bool level = std::abs(World(ray.to).imag()) + std::abs(World(ray.from).imag()) < 1e-5;
+        const double length = 30 * Window() + (level && World(ray.to).real() > 0 ? 4 : 0);
+        EXPECT_NEAR(std::abs(Way(ray)), length, 1e-3);
         together += Way(ray);
     }
     EXPECT_LT(std::abs(together), 5 * Window()) << "as many lead one way as the other";
     // All that is painted ends at the edge.
     for (const auto& call : Painted(overlay).Calls)
         for (const double number : call.numbers) EXPECT_LE(std::abs(number - 300), 303);
+}
+
+class OnePosition : public ViewOverlays {
+   protected:
+    /// The joints of the only position, with pivots at 0 and 4.
+    static void Put(Spot A, Spot B, Spot P) {
+        Run({.name = "one position"});
+        Model.NSteps = 0;
+        Model.L1 = 4;
+        const Spot joints[] = {A, B, P};
+        for (int row = 0; row <= 2; ++row) {
+            Model.RunTable.PointXY(0, row, 0) = joints[row].real();
+            Model.RunTable.PointXY(0, row, 1) = joints[row].imag();
+        }
+    }
+    static void Look_Through(double window) {
+        Model.AnimMin = 0;
+        Model.AnimMax = window;
+        Model.FlipSum = 0;
+    }
+    static std::string Legend(const Overlay& overlay) { return overlay.legend.at(0).text; }
+};
+
+TEST_F(OnePosition, APoleFartherThanThirtyWindowsHasNoRingAndRaysOfThatLength) {
+    // The crank stands upright, and the rocker leans a tenth on each unit: they meet 40 above the crank's pivot.
+    Put({0, 1}, {3.9, 1}, {2, 2});
+    const auto at = [](double windows) {
+        Look_Through(40 / windows);
+        return At_Step(0, Only(&View_Wishes::poles));
+    };
+    Overlay overlay = at(29.5);
+    ASSERT_EQ(overlay.names.size(), 1U);
+    EXPECT_EQ(overlay.names[0].text, "I13");
+    EXPECT_LT(std::abs(World(overlay.names[0].at) - Spot(0, 40)), 1e-3);
+    EXPECT_LT(std::abs(World(Of_Kind(overlay, Kind::kDashes).at(0).to) - Spot(0, 40)), 1e-3);
+    overlay = at(30.5);
+    EXPECT_TRUE(overlay.names.empty());
+    EXPECT_TRUE(Of_Kind(overlay, Kind::kRing).empty());
+    EXPECT_LT(std::abs(World(Of_Kind(overlay, Kind::kDashes).at(0).to) - Spot(0, 30 * Window())), 1e-3);
+}
+
+TEST_F(OnePosition, APathIsStraightWhereItsRadiusIsMoreThanTenThousandWindows) {
+    Put({1, 2}, {4, 3}, {2.5, 4});
+    Look_Through(10);
+    const View_Wishes wishes = Only(&View_Wishes::curvature);
+    const auto circles = Of_Kind(At_Step(0, wishes), Kind::kCircle);
+    ASSERT_EQ(circles.size(), 1U);
+    const double radius = circles[0].radius;
+    const Spot P(2.5, 4), out = (P - World(circles[0].from)) / radius;
+    Look_Through(radius / 9500);
+    EXPECT_EQ(Of_Kind(At_Step(0, wishes), Kind::kCircle).size(), 1U);
+    Look_Through(radius / 10500);
+    const Overlay straight = At_Step(0, wishes);
+    EXPECT_EQ(Legend(straight), "Radius of curvature at P: infinite");
+    EXPECT_TRUE(Of_Kind(straight, Kind::kCircle).empty());
+    const auto lines = Of_Kind(straight, Kind::kLine);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_LT(std::abs((World(lines[0].from) + World(lines[0].to)) / 2.0 - P), 1e-5);
+    EXPECT_NEAR(std::abs(Way(lines[0])), 60 * Window(), 1e-3 * Window());
+    EXPECT_NEAR((Way(lines[0]) * std::conj(out)).real(), 0, 1e-3 * Window()) << "across the radius";
+}
+
+TEST_F(OnePosition, WhereCouplerAndRockerLieInOneLineThePathHasNoRadius) {
+    Put({0, 1}, {2, 0.5}, {2, 2});
+    Look_Through(10);
+    const Overlay overlay = At_Step(0, Only(&View_Wishes::curvature));
+    EXPECT_EQ(Of_Kind(overlay, Kind::kNothing).size(), overlay.marks.size()) << "nothing but what names keep clear of";
+    EXPECT_EQ(Legend(overlay), "Radius of curvature at P: none here");
 }
 
 }  // namespace

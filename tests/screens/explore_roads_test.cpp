@@ -27,7 +27,11 @@ using platform::kNoIndex;
 using platform::Screen;
 
 struct ExploreRoads : SynthesisScreenTest {
-    ExploreRoads() { engine.seed(20240611); }
+    ExploreRoads() {
+        engine.seed(20240611);
+        // What a whole search takes longer for is of no matter here.
+        explore.Effort.coarse = true;
+    }
 
     frm_Synth2A& two_by_angles = Made<frm_Synth2A>("frm_Synth2A");
     frm_Synth2B& two_by_arms = Made<frm_Synth2B>("frm_Synth2B");
@@ -74,8 +78,8 @@ struct ExploreRoads : SynthesisScreenTest {
             task.positions.push_back({{Number(-size, size), Number(-size, size)}, Number(-90, 90)});
         return task;
     }
-    static std::vector<Solution> Some_Of(const Task& task) {
-        return design::Find(task, {.best = 4, .threads = 1, .coarse = true}).solutions;
+    static std::vector<Solution> Some_Of(const Task& task, std::size_t best = 10) {
+        return design::Find(task, {.best = best, .threads = 1, .coarse = true, .rounds = 2}).solutions;
     }
 
     /// The largest departure of the record's linkage from the one found, as a part of the longest link.
@@ -99,7 +103,7 @@ struct ExploreRoads : SynthesisScreenTest {
     };
     /// Calculates each of them on the screen.
     void Calculate_All(Synthesis_Screen& form, const Task& task, bool specified, double within, Tally& tally) {
-        for (const Solution& solution : Some_Of(task)) {
+        for (const Solution& solution : Some_Of(task, specified ? 4 : 10)) {
             Choices choices = design::Choices_Of(task, solution);
             choices.specified = specified;
             if (!form.Trouble_With(choices).empty()) {
@@ -284,7 +288,7 @@ TEST_F(ExploreRoads, ANumberThatNoTaskTakesIsToldAndTheTaskStays) {
 
 TEST_F(ExploreRoads, FreeChoicesOfThreePositionsGiveTheSameLinkage) {
     Tally tally;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 52; ++i) {
         const int units = i % 4 == 0 ? 5 : 1;
         Use_Units(units);
         Model.SynPositions = 2;
@@ -300,7 +304,7 @@ TEST_F(ExploreRoads, FreeChoicesOfThreePositionsGiveTheSameLinkage) {
 TEST_F(ExploreRoads, FreeChoicesOfTwoPositionsGiveTheSameLinkageByBothMethods) {
     for (Synthesis_Screen* form : std::initializer_list<Synthesis_Screen*>{&two_by_angles, &two_by_arms}) {
         Tally tally;
-        for (int i = 0; i < 100; ++i) {
+        for (int i = 0; i < 24; ++i) {
             const int units = i % 4 == 0 ? 5 : 1;
             Use_Units(units);
             Model.SynPositions = 1;
@@ -316,7 +320,7 @@ TEST_F(ExploreRoads, FreeChoicesOfTwoPositionsGiveTheSameLinkageByBothMethods) {
 
 TEST_F(ExploreRoads, SpecifiedPivotsGiveTheSameLinkageOrItIsSaidThatTheyDoNot) {
     Tally tally;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 80; ++i) {
         Model.SynPositions = 3;
         Model.SpecifiedPivots = true;
         // Their closed form has lengths to the fourth power in singles.
@@ -360,10 +364,10 @@ TEST_F(ExploreRoads, FreeChoicesComeToTheScreenBelowOrToTheOneForSoManyPositions
 }
 
 TEST_F(ExploreRoads, UseHandsTheSynthesisDataOverAndTheChecksTellOfThem) {
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 12; ++i) {
         const int positions = 2 + i % 4;
         const Task task = Random_Task(positions, 1);
-        for (const Solution& solution : Some_Of(task)) {
+        for (const Solution& solution : Some_Of(task, 4)) {
             design::Hand_Over(task, solution, Model);
             EXPECT_TRUE(Model.Synthesized);
             EXPECT_EQ(Model.SynPositions, positions == 2 ? 1 : 2);

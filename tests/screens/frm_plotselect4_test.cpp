@@ -85,6 +85,21 @@ TEST_F(PolarSelectTest, ClearingLeavesNothingToGoOnWith) {
     EXPECT_FALSE(form.cmd_Done.Enabled);
 }
 
+TEST_F(PolarSelectTest, ThePlotComesUpWithoutThatOfBeforeAndUnderTheTitleOfTheModel) {
+    platform::Screen& plot = platform::Screens::Get("frm_MyPlot4");
+    auto& picture = plot.Get<platform::PictureBox>("pct_Plot").Drawing();
+    picture.Line(0, 0, 1, 1, 0);
+    plot.Get<platform::Label>("lbl_Header").Caption = "before";
+    Choose(slot.cmb_Var, "Veloc CP");
+    desktop.Expect_Screen("frm_MyPlot4", [&](platform::Screen& shown) {
+        EXPECT_EQ(picture.Alive(), 0U);
+        EXPECT_NE(shown.Get<platform::Label>("lbl_Header").Caption.Get(), "before");
+        EXPECT_EQ(Model.PlotCount, 1);
+        shown.Hide();
+    });
+    Press(form, "cmd_Done");
+}
+
 TEST_F(PolarSelectTest, ADoubleClickOnAVariableIsAPick) {
     slot.cmb_Var.Text = "Veloc I 3,4";
     slot.cmb_Var.OnDblClick();

@@ -419,5 +419,30 @@ TEST_F(LivePlots, ASpoiltSettingIsNoChoice) {
     EXPECT_EQ(again.live.grf_Live[3].NumPoints(), 37);
 }
 
+TEST_F(LivePlots, AChoiceComesBackFromTheSettingsWithItsPresetAsLongAsItsFunctionsAreThosePicked) {
+    const std::vector<const Preset*> presets = Live_Presets();
+    for (const Preset* preset : {presets.front(), presets.at(presets.size() / 2), presets.back()}) {
+        Live_Choice choice;
+        choice.Take(*preset);
+        choice.abscissa = Abscissa::kTime;
+        choice.one_scale = true;
+        choice.Keep();
+        Live_Choice kept = Live_Choice::Kept();
+        EXPECT_EQ(kept.preset, preset->text);
+        EXPECT_EQ(kept.functions, choice.functions);
+        EXPECT_EQ(kept.abscissa, Abscissa::kTime);
+        EXPECT_TRUE(kept.one_scale);
+        choice.functions[0] = {"Theta4", "", false};
+        choice.abscissa = Abscissa::kAngle;
+        choice.one_scale = false;
+        choice.Keep();
+        kept = Live_Choice::Kept();
+        EXPECT_EQ(kept.preset, "");
+        EXPECT_EQ(kept.functions, choice.functions);
+        EXPECT_EQ(kept.abscissa, Abscissa::kAngle);
+        EXPECT_FALSE(kept.one_scale);
+    }
+}
+
 }  // namespace
 }  // namespace verlink::test

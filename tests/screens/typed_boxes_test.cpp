@@ -165,6 +165,23 @@ TEST_F(TypedLinks, AnglesSpeedsAndTimesAreOfTheirOwnUnits) {
     });
 }
 
+TEST_F(TypedLinks, TheGroundIsALengthAndAnAngleOrTwoLengths) {
+    Show([&] {
+        Choose_Option(input, "opt_Polar", 1);
+        Enter_Link(6, "0.5 rad");
+        EXPECT_EQ(Model.Link1Angle, Single(28.64789));
+        Choose_Option(input, "opt_Polar", 0);
+        for (const int box : {15, 16}) {
+            Enter_Link(box, "0.25 rad");
+            EXPECT_TRUE(input.txt_Linkout[box].Refused()) << "no length";
+        }
+        Enter_Link(15, "0.2 ft");
+        EXPECT_EQ(Model.Link1X, Single(2.4));
+        Enter_Link(16, "0.01 ft");
+        EXPECT_EQ(Model.Link1Y, Single(0.12));
+    });
+}
+
 TEST_F(TypedLinks, EveryBoxThatHoldsANumberTellsItsRange) {
     for (const int length : {0, 1, 2, 3, 4})
         EXPECT_NE(input.txt_Linkout[length].Tip.Get().find("not negative"), std::string::npos) << length;

@@ -1,4 +1,6 @@
 // Steps of the model: how they are found, undone and done again, and what counts as modified.
+#include <unistd.h>
+
 #include "core/results.h"
 #include "core/text.h"
 #include "files/model_file.h"
@@ -363,7 +365,38 @@ TEST_F(HistoryTest, Saving_is_no_step_and_says_where_the_model_stands) {
         Redo(home);
         EXPECT_FALSE(Modified());
         EXPECT_TRUE(Model.SavedFlag);
+
+        // Nor does it lie in the file any more when that has a later model.
+        On_Input(home, [](Screen& input) {
+            Enter(input, "txt_Linkout", 1, "1.5");
+            Press(input, "cmd_Cancel");
+        });
+        desktop.Expect_Save(Path("mine.vlk"));
+        desktop.Expect_Message_With("successfully written");
+        Pick_Menu(home, "mnu_Save");
+        EXPECT_TRUE(Model.SavedFlag);
+        Undo(home);
+        EXPECT_EQ(Model.L2, 1.25);
+        EXPECT_TRUE(Modified());
+        EXPECT_FALSE(Model.SavedFlag);
     });
+}
+
+TEST_F(HistoryTest, A_history_begins_with_the_model_as_it_stands) {
+    // In a process of its own, since a second history would take the hand from the first.
+    EXPECT_EXIT(
+        {
+            History history(Model);
+            const double before = Model.L2;
+            {
+                const Deed deed("Typed");
+                Model.L2 = before + 1;
+            }
+            const bool kept = history.Undo_What() == "Typed";
+            history.Undo();
+            ::_exit(kept && Model.L2 == before ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST_F(HistoryTest, Whoever_listens_hears_of_changes_saves_and_other_models) {

@@ -9,9 +9,11 @@
 
 #include "files/in_hand.h"
 #include "files/model_file.h"
+#include "platform/deed.h"
 #include "platform/file_system.h"
 #include "platform/temporaries.h"
 #include "shell/copy.h"
+#include "shell/history.h"
 #include "shell/initialize.h"
 #include "shell/run_log.h"
 #include "shell/startup.h"
@@ -25,6 +27,8 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
+/// Milliseconds that a copy is waited for.
+constexpr int kPatience = 20000;
 constexpr char kCrash[] = "The program did not shut down properly on its last run.";
 
 const std::string kTask = "{\n  \"format\": \"verlink-design\",\n  \"version\": 1,\n  \"kind\": \"motion\"\n}\n";
@@ -66,7 +70,7 @@ class RecoveryTest : public Fixture {
             Model.ModelName = name;
             Model.DesignTask = kTask;
             Keep_Copy(Model, true);
-            while (Kept(".copy") == before) ::usleep(1000);
+            for (int i = 0; i < kPatience && Kept(".copy") == before; ++i) ::usleep(1000);
         });
     }
     std::string Question(const std::string& model, const std::string& file) const {
@@ -101,13 +105,44 @@ TEST_F(RecoveryTest, ACopyThatIsTakenAtTheStartIsModified) {
         Model.FilePath = "/models/press.vlk";
         Model.ModelName = "press";
         Keep_Copy(Model, true);
-        while (Kept(".copy") == 0) ::usleep(1000);
+        for (int i = 0; i < kPatience && Kept(".copy") == 0; ++i) ::usleep(1000);
     });
     desktop.Expect_Message_With(kCrash);
     Expect_Question("The model press", "Its file is /models/press.vlk", Answer::kYes);
     desktop.Expect_Screen("frm_Title", [](platform::Screen& title) {
         EXPECT_EQ(Model.FilePath, "/models/press.vlk");
         EXPECT_TRUE(Modified());
+        Press(title, "cmd_Abort");
+    });
+    desktop.Expect_Screen("frm_Quit", [](platform::Screen& quit) { Press(quit, "cmd_YesQuit"); });
+    Sub_Main("");
+}
+
+TEST_F(RecoveryTest, ACopyHasTheNameThatItsModelWasGivenNotThatOfTheFile) {
+    Leave_Crank(1.03, "/models/press.vlk", "A stronger press");
+    Begin_Keeping();
+    Expect_Question("The model A stronger press", "Its file is /models/press.vlk", Answer::kYes);
+    EXPECT_TRUE(Offer_Copies(Model));
+    EXPECT_EQ(Model.ModelName, "A stronger press");
+    EXPECT_EQ(Model.FilePath, "/models/press.vlk");
+}
+
+TEST_F(RecoveryTest, WhatIsChangedAfterTheStartIsKeptAndNoLongerWhenItIsUndone) {
+    desktop.Expect_Screen("frm_Title", [this](platform::Screen& title) {
+        const std::string copy = Copy_File(Folder(), platform::This_Process());
+        EXPECT_FALSE(platform::File_Exists(copy));
+        {
+            const platform::Deed deed("Typed");
+            Model.L2 = 1.25;
+        }
+        Prepare_To_Leave("SIGTERM");
+        ASSERT_TRUE(platform::File_Exists(copy));
+        const auto kept = Copy_Of(platform::Read_File(copy));
+        ASSERT_TRUE(kept);
+        EXPECT_EQ(kept->content, File_Content());
+        The_History().Undo();
+        Prepare_To_Leave("SIGTERM");
+        EXPECT_FALSE(platform::File_Exists(copy));
         Press(title, "cmd_Abort");
     });
     desktop.Expect_Screen("frm_Quit", [](platform::Screen& quit) { Press(quit, "cmd_YesQuit"); });

@@ -102,6 +102,28 @@ TEST_F(RunLogTest, FoldersThatWereWrittenToAreNotedOnce) {
     EXPECT_EQ(Past_Runs(Folder())[0].folders, folders);
 }
 
+TEST_F(RunLogTest, ALogThatIsBegunAnewNotesItsFoldersAnewAndHasSaidNoEnd) {
+    Live_And_Die([this] {
+        Begin_Run_Log(Folder());
+        platform::Write_File(Path("press.vlk"), "x");
+        Log_End("SIGTERM");
+        Begin_Run_Log(Folder());
+        platform::Write_File(Path("press.vlk"), "x");
+    });
+    ASSERT_EQ(Past_Runs(Folder()).size(), 1U);
+    EXPECT_EQ(Past_Runs(Folder())[0].folders.size(), 1U);
+    EXPECT_EQ(Past_Runs(Folder())[0].end, "");
+    Begin_Run_Log(Folder());
+    EXPECT_FALSE(End_Logged());
+    Log_End("SIGTERM");
+    EXPECT_TRUE(End_Logged());
+    Log_Going_On();
+    EXPECT_FALSE(End_Logged());
+    Log_End("SIGTERM");
+    End_Run_Log();
+    EXPECT_FALSE(End_Logged());
+}
+
 TEST_F(RunLogTest, ARunningProcessIsNoPastRun) {
     int ready[2], over[2];
     ASSERT_EQ(::pipe(ready), 0);

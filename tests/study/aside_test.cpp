@@ -114,6 +114,7 @@ TEST(Aside, StoppedItHasWhatIsThereAndCanBeginAnew) {
     EXPECT_EQ(found.summary.kept, found.done);
     words.samples = 10;
     aside.Begin(Study_In(words), 2);
+    aside.Begin(Study_In(words), 2);
     EXPECT_EQ(To_The_End(aside).done, 10U);
     aside.Begin(Study_In(words), 2);  // and is waited for as it goes
 }
@@ -143,6 +144,108 @@ TEST(Aside, TheCloudHasTheCouplerPointOfTheFirstLinkages) {
         EXPECT_NEAR(std::arg((joints.P - joints.A) / (joints.B - joints.A)), 20 * kDegToRad, 1e-5);
         EXPECT_NEAR(std::abs(joints.O4 - std::polar(4.0, 10 * kDegToRad)), 0, 1e-5);
         EXPECT_NEAR(std::abs(joints.B - joints.O4), 3, 1e-5);
+    }
+}
+
+TEST(Aside, TheCloudLeavesOutWhatDoesNotCloseAndStepsThatThereAreNot) {
+    Words words;
+    // The shorter crank goes round; with the longer one there is no linkage where it lies along the ground.
+    words.tolerances = {"L2=0.5:worst"};
+    words.measures = {"closes"};
+    Design design = Crank_Rocker();
+    design.L2 = 3, design.L3 = 1.6, design.L4 = 3, design.Link1Angle = 0;
+    Aside aside;
+    aside.Begin(Study_In(words, design), 1);
+    To_The_End(aside);
+    for (int step = 0; step <= 36; ++step) {
+        std::size_t closing = 0;
+        for (const double crank : {2.5, 3.5}) {
+            const double apart = std::abs(std::polar(crank, step * 10 * kDegToRad) - 4.0);
+            closing += apart <= 4.6 && apart >= 1.4 ? 1 : 0;
+        }
+        EXPECT_EQ(aside.Cloud_At(step).size(), closing) << step;
+    }
+    EXPECT_TRUE(aside.Cloud_At(37).empty());
+    EXPECT_TRUE(aside.Cloud_At(1000).empty());
+}
+
+TEST(Aside, AMeasureAtAnAngleIsThatOfTheRunAsItPassesThere) {
+    Words words;
+    words.sweeps = {"L2=1:1.5:2"};
+    words.measures = {"at 130 Theta4", "at 40 Coupler Pt:Y", "at 130 Coupler Pt:X"};
+    Aside aside;
+    aside.Begin(Study_In(words), 1);
+    To_The_End(aside);
+    for (const Number linkage : {0U, 1U}) {
+        std::vector<float> fields, measures;
+        ASSERT_TRUE(aside.Solve(linkage, fields, measures));
+        Design design = Crank_Rocker();
+        design.L2 = fields[0];
+        const Mechanism mechanism(design);
+        const Joints one = mechanism.At(13).value(), other = mechanism.At(4).value();
+        EXPECT_NEAR(std::remainder(measures[0] - std::arg(one.B - one.O4) / kDegToRad, 360), 0, 1e-4);
+        EXPECT_NEAR(measures[1], other.P.imag(), 1e-5);
+        EXPECT_NEAR(measures[2], one.P.real(), 1e-5);
+    }
+}
+
+TEST(Aside, ADeviationIsTheLargestDistanceBetweenTheCouplerPointsOfEachStep) {
+    Words words;
+    words.sweeps = {"L2=1.25:1.5:2"};
+    words.measures = {"deviation"};
+    for (const int calctype : {1, 3})
+        for (const double start : {0.0, 180.0}) {
+            Design design = Crank_Rocker();
+            design.Calctype = calctype;
+            design.ThetaZero = start;
+            design.ThetaStart = start, design.ThetaEnd = start + 60;
+            design.ThetaStartRad = start * kDegToRad, design.ThetaEndRad = (start + 60) * kDegToRad;
+            EXPECT_EQ(Take_Limits(design), "");
+            const Mechanism nominal(design);
+            Aside aside;
+            aside.Begin(Study_In(words, design), 1);
+            const Findings found = To_The_End(aside);
+            for (const Number linkage : {0U, 1U}) {
+                Design moved = design;
+                moved.L2 = linkage == 0 ? 1.25 : 1.5;
+                const Mechanism mechanism(moved);
+                double most = 0;
+                for (int step = 0; step <= nominal.Last(); ++step)
+                    most = std::max(most, std::abs(mechanism.At(step)->P - nominal.At(step)->P));
+                EXPECT_NEAR(found.values.at(linkage), most, 1e-5) << calctype << ' ' << start;
+            }
+        }
+}
+
+TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {
+    Words words;
+    words.tolerances = {"L2=0.02:uniform"};
+    words.measures = {"closes"};
+    words.samples = 330;
+    Design design = Crank_Rocker();
+    for (const auto& [last, most] : {std::pair{36, 330U}, {2588, 308U}}) {
+        design.NSteps = last;
+        Aside aside;
+        aside.Begin(Study_In(words, design), 1);
+        To_The_End(aside);
+        EXPECT_EQ(aside.Cloud_At(0).size(), most) << "800000 places, " << last + 1 << " of each linkage";
+    }
+}
+
+TEST(Aside, StopsBetweenBlocksOf64LinkagesOrOfEightLongRuns) {
+    Words words;
+    words.sweeps = {"L2=0.5:2:1000000", "Delta=0:90:1000000"};
+    words.measures = {"max Theta4"};
+    Design design = Crank_Rocker();
+    for (const auto& [last, each] : {std::pair{36, 64U}, {359, 64U}, {360, 63U}, {2879, 8U}, {2880, 7U}}) {
+        design.NSteps = last;
+        Aside aside;
+        aside.Begin(Study_In(words, design), 1);
+        while (aside.Look().done == 0) std::this_thread::yield();
+        aside.Stop();
+        const Number done = To_The_End(aside).done;
+        EXPECT_GT(done, 0U);
+        EXPECT_EQ(done % each, 0U) << last;
     }
 }
 

@@ -250,6 +250,44 @@ TEST_F(Study_Motion, ACrankThatIsSpedUpOrAtRestIsTheRecords) {
             }
 }
 
+TEST_F(Study_Motion, ARunThatStartsAtAWholeTurnStartsAtZeroAsTheRecordsDoes) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(360, 720, 30);
+    Model.Calctype = 3;
+    Model.NSteps = 12;
+    study::Motion motion;
+    for (const char* mode : {"abs", "180", "mod"}) {
+        Model.ModuloMode = mode;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kAngles));
+        Integer result;
+        Calc_Setup(3, result);
+        EXPECT_EQ(motion.Table().Theta(0, 0), Model.RunTable.Theta(0, 0)) << mode;
+        EXPECT_EQ(Compare_Motion(motion, study::Wanted::kAngles), 13);
+        if (std::string(mode) == "abs") {
+            EXPECT_EQ(motion.Table().Theta(0, 0), 0);
+        }
+    }
+}
+
+TEST_F(Study_Motion, StepsBehindTheLimitOfTheRunDoNotClose) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(10, 85, 10);
+    Model.Calctype = 3;
+    study::Motion motion;
+    for (const double speed : {7.0, -7.0}) {
+        Model.Omega2Input = speed;
+        Model.NSteps = 12;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        EXPECT_EQ(motion.Last(), 12);
+        EXPECT_EQ(motion.Closed_Steps(), 9) << "seven and a half strides";
+        for (int step = 0; step <= 12; ++step) EXPECT_EQ(motion.Closed(step), step <= 8) << step;
+    }
+}
+
 TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
     study::Motion motion;
     const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
@@ -323,6 +361,26 @@ TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
         double extent = 0;
         for (const auto& [x, y] : points) extent = std::max(extent, std::hypot(x - x0, y - y0));
         EXPECT_NEAR(taken, most, 3e-4 * extent);
+    }
+}
+
+TEST_F(Study_Motion, NothingIsLeftOfForcesAndBalanceWhereTheNextLinkageDoesNotClose) {
+    SCOPED_TRACE(Trace());
+    while (!Take_Loaded_Run() || Model.Calctype != 3) continue;
+    study::Motion motion;
+    study::Meter meter;
+    const auto measured = [&](const char* words, study::Design design) {
+        std::string fault;
+        const auto measure = study::Measure_Of(words, false, fault).value();
+        motion.Solve(design, measure.wanted);
+        return meter.Take(measure, motion, design, 0);
+    };
+    for (const char* words : {"max Torque 12", "max MShk Balcd", "max F14 Balcd:Mag", "max Theta4"}) {
+        study::Design design = study::Design_Of(Model);
+        EXPECT_FALSE(study::Is_None(measured(words, design))) << words;
+        design.PolarCoords = true;
+        design.L1 = 2 * (design.L2 + design.L3 + design.L4);
+        EXPECT_TRUE(study::Is_None(measured(words, design))) << words;
     }
 }
 

@@ -78,6 +78,7 @@ TEST(StudySettings, GoWithTheUnitsOfTheModel) {
     s.sweeps[1] = {"Omega2Input", 10, 20, 3};
     s.tolerances[0] = {"LinkMass(2)", 0.5, Spread::kNormal};
     s.tolerances[1] = {"ExtForceMag(3)", 2, Spread::kNormal};
+    s.tolerances[2] = {"no such field", 7, Spread::kNormal};
     s.keep = "range Coupler Pt:X <= 3";
     const Settings metric = In_Units(s, 5);
     EXPECT_EQ(metric.units, 5);
@@ -86,6 +87,7 @@ TEST(StudySettings, GoWithTheUnitsOfTheModel) {
     EXPECT_EQ(metric.sweeps[1], s.sweeps[1]);
     EXPECT_NEAR(metric.tolerances[0].plus_minus, 0.5 * 175.087, 1e-3);
     EXPECT_NEAR(metric.tolerances[1].plus_minus, 8.896444, 1e-6);
+    EXPECT_EQ(metric.tolerances[2], s.tolerances[2]);
     EXPECT_EQ(metric.keep, "range Coupler Pt:X <= 76.2");
     const Settings back = In_Units(metric, 1);
     EXPECT_NEAR(back.sweeps[0].to, 2, 1e-12);

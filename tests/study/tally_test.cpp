@@ -47,6 +47,21 @@ TEST(Exact_Sum, LosesNothing) {
     EXPECT_EQ(sum.Value(), -std::numeric_limits<double>::max());
 }
 
+TEST(Exact_Sum, OfOneNumberIsThatNumberWhateverItsPowerOfTwo) {
+    for (int power = -1074; power <= 1023; ++power)
+        for (const double value :
+             {std::ldexp(1.0, power), -std::ldexp(1.0, power), std::ldexp(0x1.fffffffffffffp0, power)}) {
+            Exact_Sum sum, twice, read;
+            sum.Add(value);
+            ASSERT_EQ(sum.Value(), value) << power;
+            ASSERT_TRUE(read.Take(sum.Text()));
+            ASSERT_EQ(read.Value(), value) << power;
+            twice.Add(value / 2);
+            twice.Add(value - value / 2);
+            ASSERT_TRUE(twice == sum) << power;
+        }
+}
+
 TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
     std::vector<float> values = Values(2000, -3, 1e4);
     Exact_Sum forth, back, halves[2];
@@ -157,6 +172,24 @@ TEST(Tally, IsTheSameInAnyOrderAndFromParts) {
     EXPECT_EQ(parts.None(), 1u);
     EXPECT_EQ(parts.Lowest()[0], (Tally::Extreme{-9999, 17}));
     EXPECT_EQ(parts.Lowest()[2], (Tally::Extreme{-9999, 4000}));
+}
+
+TEST(Tally, BinsOfTwoGetNoWiderThanThoseOfEither) {
+    Tally few = Tally_Of({1, 2, 3}), more(0);
+    for (const float value : {4.0F, 5.0F}) more.Add(value, static_cast<std::uint64_t>(value) - 1);
+    few.Add(more);
+    EXPECT_EQ(few.Text(), Tally_Of({1, 2, 3, 4, 5}).Text());
+    // In the widest there is one bin for all.
+    Spread_Of_Values widest, one;
+    ASSERT_TRUE(widest.Take("32 0 2 1065353216 1073741824"));
+    one.Add(3);
+    widest.Add(one);
+    EXPECT_EQ(widest.Text(), "32 0 3 1065353216 1077936128 ") << "from 1 to 3";
+    EXPECT_EQ(widest.Quantile(0.5), 2);
+    Spread_Of_Values wider;
+    ASSERT_TRUE(wider.Take("31 1 2 1065353216 1073741824"));
+    wider.Add(one);
+    EXPECT_EQ(wider.Text(), "31 1 3 1065353216 1077936128 ") << "which is that of the positive ones";
 }
 
 TEST(Tally, TakesNoLinesThatAreNone) {

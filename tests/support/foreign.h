@@ -46,20 +46,26 @@ struct Dxf_Read {
         return found;
     }
 };
-inline Dxf_Read Read_Dxf(const std::string& path) {
-    Dxf_Read read;
-    for (const std::string& line : Said_By(Reader("dxf.py", path))) {
-        if (read.unit.empty()) {
-            read.unit = line;
+/// Several at once, since the reader takes longer to begin than to read.
+inline std::vector<Dxf_Read> Read_Dxfs(const std::vector<std::string>& paths) {
+    std::string all;
+    for (const std::string& path : paths) all += (all.empty() ? "" : "' '") + path;
+    std::vector<Dxf_Read> reads;
+    for (const std::string& line : Said_By(Reader("dxf.py", all))) {
+        if (line.starts_with("unit ")) {
+            reads.push_back({line, {}});
             continue;
         }
         std::istringstream words(line);
-        Dxf_Entity& entity = read.entities.emplace_back();
+        Dxf_Entity& entity = reads.at(reads.size() - 1).entities.emplace_back();
         words >> entity.layer >> entity.kind;
         for (double number = 0; words >> number;) entity.numbers.push_back(number);
     }
-    return read;
+    EXPECT_EQ(reads.size(), paths.size());
+    reads.resize(paths.size());
+    return reads;
 }
+inline Dxf_Read Read_Dxf(const std::string& path) { return Read_Dxfs({path}).front(); }
 
 /// A workbook, by "SHEET!CELL".
 struct Xlsx_Read {
