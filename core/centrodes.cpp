@@ -17,7 +17,7 @@ void Centrodes(int step) {
             m.Centrode0Ax = m.Ax;
             m.Centrode0Ay = m.Ay;
             m.Centrode0Theta3 = m.Theta3Rad;
-            double sine = 0, cosine = 0;
+            double sine{}, cosine{};
             Sin_Cos<double>(m.Centrode0Theta3, sine, cosine);
             m.SinCentrode0 = sine;
             m.CosCentrode0 = cosine;

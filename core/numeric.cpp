@@ -250,8 +250,8 @@ void MaxMin1(const Element& Arr, int First, int Last, Single& MaxVal, Single& Mi
         MinVal = Arr(First);
         for (int i = First; i <= Last; ++i) {
             const Single element = Arr(i);
-            if (element > MaxVal) MaxVal = element;
-            if (element < MinVal) MinVal = element;
+            MaxVal = std::max<double>(MaxVal, element);
+            MinVal = std::min<double>(MinVal, element);
         }
     });
 }
@@ -291,10 +291,7 @@ void GlobalMax(const Element& ArrA, const Element& ArrB, int First, int Last, Si
         Single max_a, min_a, max_b, min_b;
         MaxMin1(ArrA, First, Last, max_a, min_a);
         MaxMin1(ArrB, First, Last, max_b, min_b);
-        Single largest = std::fabs(max_a);
-        for (const Single extreme : {min_a, max_b, min_b})
-            if (std::fabs(extreme) > largest) largest = std::fabs(extreme);
-        Result = largest;
+        Result = std::max({std::fabs(max_a), std::fabs(min_a), std::fabs(max_b), std::fabs(min_b)});
     });
 }
 

@@ -18,27 +18,28 @@ std::string General(double value, int digits) {
     return {buffer, end};
 }
 
+/// Nothing at all behind the end.
+char Letter(std::string_view text, std::size_t at) { return at < text.size() ? text[at] : '\0'; }
+
 /// Length of the leading numeric part: sign, digits with at most one point, and an exponent that has digits.
 std::size_t Numeric_Length(std::string_view text) {
     std::size_t at = 0;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
-    std::size_t digits = 0;
-    bool point = false;
-    for (; at < text.size(); ++at) {
-        if (Is_Digit(text[at]))
-            ++digits;
-        else if (text[at] == '.' && !point)
-            point = true;
-        else
-            break;
+    const auto sign_at = [text](std::size_t place) { return Letter(text, place) == '+' || Letter(text, place) == '-'; };
+    if (sign_at(at)) ++at;
+    const std::size_t sign = at;
+    while (Is_Digit(Letter(text, at))) ++at;
+    std::size_t digits = at - sign;
+    if (Letter(text, at) == '.') {
+        const std::size_t point = at++;
+        while (Is_Digit(Letter(text, at))) ++at;
+        digits += at - point - 1;
     }
     if (digits == 0) return 0;
-    if (at < text.size() && (text[at] == 'E' || text[at] == 'e' || text[at] == 'D' || text[at] == 'd')) {
+    if (std::string_view("EeDd").find(Letter(text, at)) != std::string_view::npos) {
         std::size_t end = at + 1;
-        if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
-        const std::size_t first = end;
-        while (end < text.size() && Is_Digit(text[end])) ++end;
-        if (end > first) at = end;
+        if (sign_at(end)) ++end;
+        if (Is_Digit(Letter(text, end))) at = end;
+        while (Is_Digit(Letter(text, at))) ++at;
     }
     return at;
 }
@@ -49,7 +50,8 @@ bool Is_Too_Large(std::string_view number) {
     const std::string_view mantissa = number.substr(0, mark);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_of("123456789");
-    const double lead = first < point ? static_cast<double>(point - first) : -static_cast<double>(first - point - 1);
+    // To a digit: it is too large or too small by hundreds.
+    const double lead = static_cast<double>(point) - static_cast<double>(first);
     double exponent = 0;
     if (mark != std::string_view::npos) {
         const bool negative = number[mark + 1] == '-';
@@ -57,7 +59,7 @@ bool Is_Too_Large(std::string_view number) {
         for (const char c : number.substr(digits)) exponent = exponent * 10 + (c - '0');
         if (negative) exponent = -exponent;
     }
-    return lead + exponent > 0;
+    return !std::signbit(lead + exponent);
 }
 
 /// The value of a text that is one number.
@@ -65,7 +67,7 @@ double Converted(std::string number) {
     std::replace_if(
         number.begin(), number.end(), [](char c) { return c == 'E' || c == 'D' || c == 'd'; }, 'e');
     if (number.front() == '+') number.erase(0, 1);
-    double value = 0;
+    double value{};
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc::result_out_of_range) {
         if (Is_Too_Large(number)) platform::Raise(platform::kOverflow);
@@ -96,7 +98,7 @@ std::string_view Leading_Number(std::string_view text) { return text.substr(0, N
 std::string Ungrouped(std::string_view text) {
     const auto digits_from = [text](std::size_t at) {
         std::size_t count = 0;
-        while (at + count < text.size() && Is_Digit(text[at + count])) ++count;
+        while (Is_Digit(Letter(text, at + count))) ++count;
         return count;
     };
     std::string plain;

@@ -60,7 +60,9 @@ class Reader {
     bool Either_Way() const { return either_way_; }
 
    private:
-    char Next() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+    /// Nothing at all behind the end.
+    char Letter(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
+    char Next() const { return Letter(at_); }
     void Skip_Blanks() {
         while (Is_Blank(Next())) ++at_;
     }
@@ -116,7 +118,7 @@ class Reader {
             if (!Is_Digit(Next())) at_ = behind;
             while (Is_Digit(Next())) ++at_;
         }
-        double value = 0;
+        double value{};
         const std::string number = *digits + std::string(text_.substr(behind, at_ - behind));
         return Failure_Of([&] { value = Number_Of(number); }) == 0 ? std::optional(value) : std::nullopt;
     }
@@ -157,8 +159,8 @@ class Reader {
         std::size_t at = at_;
         for (const char wanted : unit) {
             const std::size_t before = at;
-            while (at < text_.size() && Is_Blank(text_[at])) ++at;
-            const char found = at < text_.size() ? text_[at] : '\0';
+            while (Is_Blank(Letter(at))) ++at;
+            const char found = Letter(at);
             if (Is_Mark(wanted))
                 at = Is_Mark(found) ? at + 1 : before;
             else if (Small(found) == Small(wanted))

@@ -64,8 +64,8 @@ Settings& The_Settings() {
 Settings::Kept Settings::Read(const std::string& path) {
     Kept kept;
     std::string content;
-    std::error_code failed;
-    if (!Is_Plain_File(path) || std::filesystem::file_size(path, failed) > kMostBytes || failed) return kept;
+    std::error_code failed;  // which makes it as large as can be
+    if (!Is_Plain_File(path) || std::filesystem::file_size(path, failed) > kMostBytes) return kept;
     if (Failure_Of([&] { content = Read_File(path); }) != 0 || content.find('\0') != std::string::npos) return kept;
     std::istringstream lines(content);
     std::string line;

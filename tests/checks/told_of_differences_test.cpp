@@ -144,8 +144,39 @@ TEST_F(Told_Of_Differences, OfStepsThatAreNotAlike) {
     Integer result;
     Imported_Run(result);
     Expect_Both_Told(4, "step 4, 54 deg");
+    Expect_Both_Told(5, "step 5, 58.13 deg");
     Expect_Both_Told(8, "step 8, 72 deg");
+    Expect_Both_Told(14, "step 14, 106.5 deg");
     Expect_Both_Told(17, "step 17, 127.13 deg");
+}
+
+TEST_F(Told_Of_Differences, WhereFiveStepsAreLittleNearerThanThreeTheErrorIsNotKnownAndNothingFails) {
+    struct Cell {
+        const char* check;
+        int row, order;
+        Single& number;
+    };
+    auto& t = Model.RunTable;
+    const Cell cells[] = {{"Velocities by differences", 1, 1, t.VelXY(3, 1, 0)},
+                          {"Velocities by differences", 2, 1, t.VelXY(3, 2, 0)},
+                          {"Accelerations by differences", 1, 2, t.AccXY(3, 1, 0)},
+                          {"Accelerations by differences", 2, 2, t.AccXY(3, 2, 0)}};
+    // One window of seven steps; on a ground that is turned by 30 degrees.
+    for (const auto& [middle, unknown] : {std::pair{160, 0U}, {310, 3U}}) {
+        Take_Linkage(2);
+        Run_By_Angle(middle - 44.25, middle + 44.25, 14.75);
+        ASSERT_EQ(Model.NSteps, 6);
+        for (std::size_t i = 0; i < std::size(cells); ++i) {
+            SCOPED_TRACE(i);
+            const auto& [check, row, order, number] = cells[i];
+            const Derivative d = Derivative_At(3, row, order);
+            EXPECT_EQ(d.off > 0.1 * d.coarse, i == unknown);
+            const Single kept = number;
+            number += 1e7;
+            EXPECT_EQ(Found(check).verdict == Verdict::kFails, i != unknown);
+            number = kept;
+        }
+    }
 }
 
 TEST_F(Told_Of_Differences, SayWhatTheyAre) {

@@ -146,6 +146,12 @@ TEST(WhyTest, A_parallelogram_has_a_change_point_at_either_end_and_closes_on_bot
     EXPECT_NEAR(Nearest_Toggle(links, 545)->value, 540, 1e-6) << "on the turn that was asked about";
 }
 
+TEST(WhyTest, A_length_at_which_the_loop_only_touches_is_none_that_would_do) {
+    // Upright, a crank on a ground of 5 is nowhere nearer to O4 than 5, which coupler and rocker just reach.
+    EXPECT_FALSE(Nearest_Length({5, 2, 2, 3}, 90, 2));
+    EXPECT_TRUE(Nearest_Length({4.99, 2, 2, 3}, 90, 2));
+}
+
 TEST(WhyTest, Links_that_just_reach_close) {
     EXPECT_EQ(Closing_At({10, 4, 3, 3}, 0).is, Closing::Is::kClosed);
     EXPECT_EQ(Closing_At({5, 1, 7, 3}, 0).is, Closing::Is::kClosed);

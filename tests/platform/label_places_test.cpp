@@ -228,6 +228,25 @@ TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
     }
 }
 
+TEST_F(LabelPlaces, OfTwoFreeWaysOutTheOneIsTakenOnWhichNothingIsDrawn) {
+    const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2};
+    for (const bool upright : {false, true})
+        for (const double barred : {-12.0, 12.0}) {
+            picture.Cls();
+            for (double x = -23; x <= 23; ++x)
+                for (double y = -23; y <= 23; ++y) {
+                    const double along = upright ? y : x, across = upright ? x : y;
+                    const bool way = across >= 0 && across < 2;
+                    const bool bar = std::abs(along - barred) < 1;
+                    if (std::hypot(x, y) <= 23 && (!way || bar)) picture.PSet(200 + x, 200 + y, 1);
+                }
+            const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+            const double x = place.x + 1 - 200, y = place.y + 1 - 200;
+            EXPECT_NEAR(upright ? x : y, 0, 1e-9) << barred;
+            EXPECT_NEAR(upright ? y : x, barred < 0 ? 29 : -29, 1e-9) << barred;
+        }
+}
+
 namespace {
 
 /// A picture whose window is given, seen through a glass, with one label over the anchor at pixel 200, 160.

@@ -89,6 +89,15 @@ TEST_F(SettingsTest, ABrokenFileCountsAsNoneAndIsReplacedByAWholeOne) {
     }
 }
 
+TEST_F(SettingsTest, AFileOfAMegabyteIsReadAndNoLargerOne) {
+    const std::string head = "Verlink settings 1\na=1\nb=";
+    const std::size_t most = 1024 * 1024;
+    Hold(head + std::string(most - head.size() - 1, 'x') + "\n");
+    EXPECT_TRUE(Opened().Has("b"));
+    Hold(head + std::string(most - head.size(), 'x') + "\n");
+    EXPECT_FALSE(Opened().Has("a"));
+}
+
 TEST_F(SettingsTest, OfAFileThatWasCutOffTheWholeLinesCount) {
     Hold("Verlink settings 1\na=1\nno sign\n=5\na b=5\nb=2\nc=3");
     const Settings settings = Opened();
