@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <system_error>
 
 namespace verlink {
@@ -68,7 +69,7 @@ double Converted(std::string number) {
         number.begin(), number.end(), [](char c) { return c == 'E' || c == 'D' || c == 'd'; }, 'e');
     if (number.front() == '+') number.erase(0, 1);
     double value{};
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    const auto [end, error] = std::from_chars(std::to_address(number.begin()), std::to_address(number.end()), value);
     if (error == std::errc::result_out_of_range) {
         if (Is_Too_Large(number)) platform::Raise(platform::kOverflow);
         return 0;

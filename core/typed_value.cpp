@@ -37,7 +37,7 @@ bool Parts_Thousands(std::string_view number) {
 
 class Reader {
    public:
-    Reader(std::string_view text, const TypedForm& form) : text_(text), form_(form) {}
+    Reader(const std::string& text, const TypedForm& form) : text_(text), form_(form) {}
 
     /// The value of the text as a whole; nothing when there is more to it than can be read.
     std::optional<double> Whole() {
@@ -60,9 +60,8 @@ class Reader {
     bool Either_Way() const { return either_way_; }
 
    private:
-    /// Nothing at all behind the end.
-    char Letter(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
-    char Next() const { return Letter(at_); }
+    /// Behind the end stands a zero, which is nothing that is sought.
+    char Next() const { return text_[at_]; }
     void Skip_Blanks() {
         while (Is_Blank(Next())) ++at_;
     }
@@ -119,7 +118,7 @@ class Reader {
             while (Is_Digit(Next())) ++at_;
         }
         double value{};
-        const std::string number = *digits + std::string(text_.substr(behind, at_ - behind));
+        const std::string number = *digits + text_.substr(behind, at_ - behind);
         return Failure_Of([&] { value = Number_Of(number); }) == 0 ? std::optional(value) : std::nullopt;
     }
 
@@ -159,8 +158,8 @@ class Reader {
         std::size_t at = at_;
         for (const char wanted : unit) {
             const std::size_t before = at;
-            while (Is_Blank(Letter(at))) ++at;
-            const char found = Letter(at);
+            while (Is_Blank(text_[at])) ++at;
+            const char found = text_[at];
             if (Is_Mark(wanted))
                 at = Is_Mark(found) ? at + 1 : before;
             else if (Small(found) == Small(wanted))
@@ -171,7 +170,7 @@ class Reader {
         return at;
     }
 
-    std::string_view text_;
+    const std::string& text_;
     const TypedForm& form_;
     std::size_t at_ = 0;
     bool either_way_ = false;

@@ -2,6 +2,7 @@
 #include "core/why.h"
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "tests/support/reference.h"
@@ -122,6 +123,8 @@ TEST(WhyTest, A_link_just_as_long_as_the_others_closes_nowhere_and_one_a_little_
 
 TEST(WhyTest, No_link_is_too_long_beside_others_whose_sum_no_number_holds) {
     EXPECT_FALSE(Too_Long({2e38, 2e38, 3e38, 1e38}));
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    EXPECT_TRUE(Too_Long({kLargest, kLargest, 0, 0})) << "just that is a number still";
     EXPECT_EQ(Too_Long({1, 2, 3e38, 3})->link, 3);
 }
 
