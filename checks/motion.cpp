@@ -142,7 +142,6 @@ class Motion {
         const Estimate speed{0, s.expected.omega4.error / std::abs(s.drive.omega2)};
         ratios_.Add(std::abs(table_.OmegaRatio(n) - from_O2 / from_O4),
                     ratio.error + speed.error + 2 * kHalfPlace * std::abs(ratio.value), n, "");
-        if (table_.Omega(n, 2) == 0) return;
         const Estimate advantage = Estimate(from_O4, open) / Estimate(from_O2, open);
         const Estimate by_speeds = s.drive.omega2 / s.expected.omega4;
         advantages_.Add(std::abs(table_.MechAdvantage(n) - from_O4 / from_O2),

@@ -32,7 +32,6 @@ Inverse Inverse_Of(const LinkageModel& m, int N) {
     inverse.coefficients = std::abs(m.FFTResult(0, kReal));
     const auto add = [&](int k, double re, double im) {
         inverse.coefficients += std::abs(re) + std::abs(im);
-        if (re == 0 && im == 0) return;
         std::size_t at = 0;
         for (double& x : inverse.x) {
             x += re * cosine[at] - im * sine[at];

@@ -124,7 +124,7 @@ struct Candidate {
 double Shared(const Rect& a, const Rect& b) {
     const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
     const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return wide > 0 && high > 0 ? wide * high : 0;
+    return std::max(0.0, wide) * std::max(0.0, high);
 }
 
 /// Does the way from a candidate to its anchor lead through a rectangle?
@@ -157,8 +157,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.
-            const double away = distance + std::min(std::abs(c) > 1e-9 ? wide / 2 / std::abs(c) : high,
-                                                    std::abs(s) > 1e-9 ? high / 2 / std::abs(s) : wide);
+            const double away = distance + std::min(wide / 2 / std::abs(c), high / 2 / std::abs(s));
             const auto within = [side](double from, double extent) {
                 return std::clamp(from, kEdge, std::max(kEdge, side - kEdge - extent));
             };

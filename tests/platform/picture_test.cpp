@@ -265,8 +265,8 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
     std::set<What> erased;  // since the last stroke was added
     std::mt19937 random(7);
     const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-    for (int i = 0; i < 60000; ++i) {
-        if (any(5000) == 0) {
+    for (int i = 0; i < 15000; ++i) {
+        if (any(3000) == 0) {
             picture.Cls();
             plain.clear();
             erased.clear();
