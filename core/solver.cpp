@@ -150,7 +150,6 @@ void Solve_Step(Integer step, Integer& Result) {
     Store_Motion(step);
     if (!Is_Imported() && !m.Parallelogram) Centrodes(step);
     const double factor = Shown_Factor();
-    if (factor == 1) return;
     const bool scaled = Scale_Positions(step, factor, 0, 2) && Scale_Velocities(step, factor, 0, 2) &&
                         Scale_Accelerations(step, factor, 0, 4);
     if (!scaled) m.RunTable.Assembled(step) = false;

@@ -105,7 +105,6 @@ class Drawn {
         }
     }
     void Circle(Point centre, double radius) {
-        if (!Circle_Seen(Sheet(), centre, radius)) return;
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
         for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
     }

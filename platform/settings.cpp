@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 #include "platform/failure.h"
@@ -101,8 +102,9 @@ std::string Settings::Text(const std::string& name) const {
 std::optional<long> Settings::Number(const std::string& name) const {
     const std::string text = Text(name);
     long number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
+    const char* const last = std::to_address(text.end());
+    const auto [end, error] = std::from_chars(text.data(), last, number);
+    if (error != std::errc() || end != last) return {};
     return number;
 }
 

@@ -111,6 +111,7 @@ TEST_F(TableSheets, Hold_every_variable_and_component_in_both_frames_as_the_grid
 
 TEST_F(TableSheets, Have_zeros_where_the_grid_has_them_for_a_function_that_there_is_not) {
     Fill_Run(3);
+    for (int i = 0; i <= 3; ++i) Model.RunTable.Assembled(i) = true;
     Model.FuncGroup(4) = 15;
     EXPECT_EQ(Table_Sheet(Model, kCaptions, Wish(1)).columns[4].values, (std::vector<double>(4, 0.0)));
     Expect_As_In_The_Grid();

@@ -1,6 +1,8 @@
 // The guard: what it reports, what it lets the caller know, and failures of a run that are told as one.
 #include "platform/guard.h"
 
+#include "platform/unheard.h"
+
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -34,6 +36,16 @@ class Guard : public testing::Test {
 TEST_F(Guard, WithoutAReporterAFailureIsAMistakeOfTheProgram) {
     Install_Reporter(nullptr);
     EXPECT_THROW(Fail("Somewhere", 11), std::logic_error);
+}
+
+TEST_F(Guard, AFailureThatNobodyIsToHearOfIsNotTold) {
+    {
+        const platform::Unheard unheard;
+        EXPECT_FALSE(Fail("Calculate", 11));
+    }
+    EXPECT_EQ(reports, Reports());
+    EXPECT_FALSE(Fail("Calculate", 11));
+    EXPECT_EQ(reports, (Reports{"Calculate 11 x1"}));
 }
 
 TEST_F(Guard, EachFailureIsToldAtOnceAndForItself) {

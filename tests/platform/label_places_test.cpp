@@ -228,6 +228,24 @@ TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
     }
 }
 
+TEST_F(LabelPlaces, TheOppositeSideIsAsGoodAsFourteenPixelsFurtherOut) {
+    const LabelWish wish{Anchor{0.5, 0.5, 1, 0}, 2, 2};
+    for (const double distance : {12.0, 18.0}) {
+        picture.Cls();
+        for (double x = -110; x <= 110; ++x)
+            for (double y = -110; y <= 110; ++y) {
+                // Room for a label close by on the left, and at the end of a way on the right that is too narrow for it.
+                const bool way = x > 0 && x < distance && y >= 0 && y < 2;
+                const bool left = x > -12 && x < -1 && std::abs(y) < 6;
+                const bool right = x > distance - 2 && x < distance + 9 && std::abs(y) < 6;
+                if (!way && !left && !right) picture.PSet(200 + x, 200 + y, 1);
+            }
+        const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+        EXPECT_NEAR(place.y + 1, 200, 1e-9);
+        EXPECT_NEAR(place.x + 1, distance < 3 + 14 ? 200 + distance + 3 : 200 - 3 - 3, 1e-9) << distance;
+    }
+}
+
 TEST_F(LabelPlaces, OfTwoFreeWaysOutTheOneIsTakenOnWhichNothingIsDrawn) {
     const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2};
     for (const bool upright : {false, true})

@@ -89,6 +89,28 @@ TEST_F(SettingsTest, ABrokenFileCountsAsNoneAndIsReplacedByAWholeOne) {
     }
 }
 
+TEST_F(SettingsTest, ANameHasLettersDigitsPointsAndUnderlines) {
+    std::string content = "Verlink settings 1\n";
+    for (const char letter : std::string("azAZ09._`{@[/:-")) content += std::string("n") + letter + "=1\n";
+    Hold(content);
+    const Settings settings = Opened();
+    for (const char letter : std::string("azAZ09._")) EXPECT_TRUE(settings.Has(std::string("n") + letter)) << letter;
+    for (const char letter : std::string("`{@[/:-")) EXPECT_FALSE(settings.Has(std::string("n") + letter)) << letter;
+}
+
+TEST_F(SettingsTest, AListThatIsPutAgainIsWrittenWhereItIsAnother) {
+    Settings settings = Opened();
+    settings.Put("recent", std::vector<std::string>{"a", "b"});
+    settings.Save();
+    fs::remove(File());
+    settings.Put("recent", std::vector<std::string>{"a", "b"});
+    settings.Save();
+    EXPECT_FALSE(fs::exists(File()));
+    settings.Put("recent", std::vector<std::string>{"b"});
+    settings.Save();
+    EXPECT_EQ(Opened().List("recent"), std::vector<std::string>{"b"});
+}
+
 TEST_F(SettingsTest, AFileOfAMegabyteIsReadAndNoLargerOne) {
     const std::string head = "Verlink settings 1\na=1\nb=";
     const std::size_t most = 1024 * 1024;
