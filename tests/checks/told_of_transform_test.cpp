@@ -117,6 +117,7 @@ TEST_F(Told_Of_Transform, AMeanThatIsAnotherIsTold) {
     Model.FFTResult(0, 2) = std::abs(f(0, 0));
     EXPECT_EQ(Told_Now().verdict, Verdict::kFails);
     EXPECT_NEAR(Told_Now().worst, 1, off);
+    EXPECT_NEAR(Told_Now().expected / Rounding(), 1, 1e-6);
 }
 
 TEST_F(Told_Of_Transform, WhatCuttingTakesIsByDesignAndNoMore) {

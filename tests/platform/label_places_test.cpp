@@ -236,9 +236,8 @@ TEST_F(LabelPlaces, TheOppositeSideIsAsGoodAsFourteenPixelsFurtherOut) {
             for (double y = -110; y <= 110; ++y) {
                 // Room for a label close by on the left, and at the end of a way on the right that is too narrow for it.
                 const bool way = x > 0 && x < distance && y >= 0 && y < 2;
-                const bool left = x > -12 && x < -1 && std::abs(y) < 6;
-                const bool right = x > distance - 2 && x < distance + 9 && std::abs(y) < 6;
-                if (!way && !left && !right) picture.PSet(200 + x, 200 + y, 1);
+                const bool left = x >= -10 && x < -2, right = x >= distance && x < distance + 8;
+                if (!way && !((left || right) && y >= -4 && y < 4)) picture.PSet(200 + x, 200 + y, 1);
             }
         const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
         EXPECT_NEAR(place.y + 1, 200, 1e-9);
