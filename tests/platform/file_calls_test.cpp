@@ -102,6 +102,19 @@ TEST_F(FileCalls, ARefusedChangeOfModeIsNoReasonToLoseASave) {
     EXPECT_EQ(Held(In("a.vlk")), "new");
 }
 
+TEST_F(FileCalls, WhoIsRefusedIsToldWhatHeMayNot) {
+    Put_File(In("a.vlk"), "old");
+    const auto read = [&] { Read_File(In("a.vlk")); };
+    const auto write = [&](const char* name) { return [this, name] { Write_File(In(name), "new"); }; };
+    const auto refused = [&](const char* call, const auto& action) {
+        FailingSystem system(Number_Of(call, action), EACCES);
+        return Matter(action);
+    };
+    EXPECT_EQ(refused("Open", read), "75 you may not read it");
+    EXPECT_EQ(refused("Open_New", write("a.vlk")), "75 you may not write it, or not in its folder");
+    EXPECT_EQ(refused("Rename", write("a.vlk")), "75 you may not write it, or not in its folder");
+}
+
 TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
