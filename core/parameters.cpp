@@ -217,8 +217,7 @@ bool Get_Time_Conditions(Screen& screen) {
         Model.TimeStep = Step;
     }
     Model.ThetaStepStr = Text_Of(Model.TimeStep);
-    const double steps =
-        Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : HUGE_VAL;
+    const double steps = Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : HUGE_VAL;
     if (steps > kLastStep) {
         // The screen goes on all the same: its boxes wait, and the run that reads them refuses them again.
         const bool waits = screen.FindAs<CommandButton>("cmd_Calc") != nullptr;

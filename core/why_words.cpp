@@ -217,8 +217,7 @@ std::string Why_Refused(const LinkageModel& model) {
     for (double& angle : angles) angle = telling.Local(angle);
     const auto nearest = Nearest_Miss(telling.Lengths(), angles);
     if (!nearest) return "";
-    return (angles.size() > 1 ? "No position closes. " : "") +
-           What_Would_Do(telling, angles[*nearest]);
+    return (angles.size() > 1 ? "No position closes. " : "") + What_Would_Do(telling, angles[*nearest]);
 }
 
 std::string Why_Not_Followed(const LinkageModel& model, const Geometry& wished, int step) {

@@ -18,10 +18,10 @@ using platform::Surface;
 
 namespace {
 
-Surface& Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
+Surface& Only_Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
 Surface& Canvas(Screen& screen, int i) {
     if (auto* box = screen.FindAs<PictureBox>("pct_Plot", i)) return box->Canvas();
-    return Canvas(screen);
+    return Only_Canvas(screen);
 }
 
 bool Ticked(Screen& screen, const char* name) {
@@ -115,7 +115,7 @@ void SetPolarWindow(Screen& screen, Single& ymax, const std::string& name, Singl
         const double top = down * ymax;
         const double bottom = -down * ymax;
         mid = top + bottom;
-        Canvas(screen).Scale(-right, top, right, bottom);
+        Only_Canvas(screen).Scale(-right, top, right, bottom);
     });
 }
 
@@ -129,7 +129,7 @@ void CartesianAxes(Screen& screen, int i, Single ymax, Single xmin, Single xmax)
 
 void PolarAxes(Screen& screen, Single r) {
     Guarded("PolarAxes", [&] {
-        Surface& surface = Canvas(screen);
+        Surface& surface = Only_Canvas(screen);
         Draw_Line(surface, -r, 0, r, 0);
         Draw_Line(surface, 0, -r, 0, r);
     });
@@ -158,7 +158,7 @@ void YticMarks(Screen& screen, int i, Single ymax, int n, Single xmin, Single xm
 
 void PolarTicmarks(Screen& screen, Single r, int n) {
     Guarded("PolarTicmarks", [&] {
-        Surface& surface = Canvas(screen);
+        Surface& surface = Only_Canvas(screen);
         const Single t = r * 0.01;
         const Single f = Divide(1.0, n);
         const Single step = f * r;

@@ -165,8 +165,8 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
             const Rect rect{left, top, left + wide, top + high};
             const double near_x = std::clamp(x, rect.left, rect.right);
             const double near_y = std::clamp(y, rect.top, rect.bottom);
-            double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) +
-                          kPerInkCell * ink.Within(rect) + kPerCellBetween * ink.Between(x, y, near_x, near_y);
+            double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) + kPerInkCell * ink.Within(rect) +
+                          kPerCellBetween * ink.Between(x, y, near_x, near_y);
             if (any_wish) cost -= kAstray * std::cos(turn);
             all.push_back({rect, x, y, near_x, near_y, cost});
         }

@@ -63,8 +63,8 @@ TEST_F(ParametersGeometry, PuttingALinkageOnAScreenFillsEachOfItsBoxes) {
     Model.Link1Angle = 90;
     Derive_Linkage(Leading::kInForce);
     Put_Linkage_Geometry(input);
-    const std::pair<int, const char*> boxes[] = {{0, "6.25"},  {1, "1.5"}, {2, "5.75"}, {3, "4.5"},  {4, "2.125"},
-                                                 {5, "-35"}, {6, "90"},  {15, "0"},   {16, "6.25"}};
+    const std::pair<int, const char*> boxes[] = {{0, "6.25"}, {1, "1.5"}, {2, "5.75"}, {3, "4.5"},  {4, "2.125"},
+                                                 {5, "-35"},  {6, "90"},  {15, "0"},   {16, "6.25"}};
     for (const auto& [box, text] : boxes) EXPECT_EQ(Box(box), text) << box;
 }
 

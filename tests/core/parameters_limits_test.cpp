@@ -396,7 +396,8 @@ TEST_F(ParametersLimits, TheSettingsOfTheAnimateScreenAreReadWithTheLinksFlagInv
     for (const bool ticked : {true, false}) {
         for (const char* box : {"chk_Showlinks", "chk_Coupler", "chk_Centrodes", "chk_Trace"})
             animate.Get<CheckBox>(box).Value = ticked;
-        for (std::string* flag : {&Model.HideLinksFlag, &Model.ShowCouplerFlag, &Model.ShowCentrodesFlag, &Model.TraceFlag})
+        for (std::string* flag :
+             {&Model.HideLinksFlag, &Model.ShowCouplerFlag, &Model.ShowCentrodesFlag, &Model.TraceFlag})
             *flag = "another's";
         Check_Parameters(animate);
         EXPECT_EQ(Model.HideLinksFlag, ticked ? "N" : "Y");

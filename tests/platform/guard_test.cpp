@@ -1,13 +1,13 @@
 // The guard: what it reports, what it lets the caller know, and failures of a run that are told as one.
 #include "platform/guard.h"
 
-#include "platform/unheard.h"
-
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "platform/unheard.h"
 
 namespace verlink::test {
 namespace {

@@ -30,7 +30,8 @@ class SettingsTest : public Fixture {
     }
 };
 
-const std::vector<std::string> kAwkward = {"a b", "", "tab\there", "two\nlines", "back\\slash\\n", "a=b", "\\t", "ä", "its end\n", "\\"};
+const std::vector<std::string> kAwkward = {"a b", "",    "tab\there", "two\nlines", "back\\slash\\n",
+                                           "a=b", "\\t", "ä",         "its end\n",  "\\"};
 
 TEST_F(SettingsTest, WhatWasPutComesBackInTheNextSession) {
     Settings first = Opened();
