@@ -15,7 +15,7 @@ namespace {
 
 /// The largest number typed beside which singles have no digits left, and its limit; both 0 where there is none.
 struct Beyond_Sense {
-    double number = 0, limit = 0;
+    double number{}, limit{};
     void Take(double typed, double most) {
         if (!(std::abs(typed) < most) && !(std::abs(typed) < number)) *this = {std::abs(typed), most};
     }

@@ -99,7 +99,7 @@ void Add_Cognates(const LinkageModel& m, std::vector<Check>& checks) {
         Shape shape = first;
         shape.open = i < kPlaces;
         const Pose pose = Pose_At(shape, 2 * M_PI * (i % kPlaces) / kPlaces);
-        if (!pose.closes || pose.P == pose.B) continue;
+        if (pose.P == pose.B) continue;  // nor are they anywhere where it does not close
         for (const int n : {2, 3}) {
             const bool swapped = Is_Swapped(cognates, rows, n);
             const auto add = [&](const CognateTable& table, bool turned, const char* place) {

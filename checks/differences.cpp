@@ -143,7 +143,7 @@ bool Take_Window(const std::vector<Step>& steps, const Singular_Angles& singular
 /// nothing is known where the steps are too wide for that. At one step alone a number may chance to be small.
 double Known_Error(const std::vector<Differences>& all, std::size_t at, Difference Differences::*which) {
     double off = 0, coarse = 0, rounded = 0;
-    for (std::size_t i = at < 2 ? 0 : at - 2; i < std::min(all.size(), at + 3); ++i) {
+    for (std::size_t i = at - std::min<std::size_t>(at, 2); i < std::min(all.size(), at + 3); ++i) {
         const Difference& d = all[i].*which;
         off = std::max(off, d.Off());
         coarse = std::max(coarse, d.Coarse_Off());

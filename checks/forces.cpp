@@ -216,7 +216,7 @@ class Forces {
     Worst power_{"Power in and out", m_.UnitLabel(9)}, pins_{"Pin forces", m_.UnitLabel(10)};
     Worst shaking_{"Shaking force", m_.UnitLabel(10)}, moment_{"Shaking moment", m_.UnitLabel(9)};
     Worst torques_{"Net torques", m_.UnitLabel(9)}, centres_{"Velocities of mass centres", m_.UnitLabel(4)};
-    bool of_counterweights_ = false;
+    bool of_counterweights_{};
     Worst centres_acc_{"Accelerations of mass centres", m_.UnitLabel(5)};
     Worst friction_{"Moment of friction", m_.UnitLabel(9)}, directions_{"Directions of loads", m_.UnitLabel(9)};
     Worst stopped_{"Steps not solved", "steps"}, taken_{"Torque on link 4", m_.UnitLabel(9)};

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <utility>
 
 #include "checks/worst.h"
 #include "core/linkage_model.h"
@@ -144,7 +142,6 @@ class Motion {
         const Estimate speed{0, s.expected.omega4.error / std::abs(s.drive.omega2)};
         ratios_.Add(std::abs(table_.OmegaRatio(n) - from_O2 / from_O4),
                     ratio.error + speed.error + 2 * kHalfPlace * std::abs(ratio.value), n, "");
-        if (table_.Omega(n, 2) == 0) return;
         const Estimate advantage = Estimate(from_O4, open) / Estimate(from_O2, open);
         const Estimate by_speeds = s.drive.omega2 / s.expected.omega4;
         advantages_.Add(std::abs(table_.MechAdvantage(n) - from_O4 / from_O2),
@@ -181,26 +178,18 @@ class Motion {
 
 }  // namespace
 
-namespace {
-
-/// Whether singles hold it; of a step where they do not, the solver leaves a part.
-bool Is_Held(const Expected& e) {
-    const auto held = [](const Estimate& a) { return std::abs(a.value) < std::numeric_limits<float>::max(); };
-    return std::ranges::all_of(e.acceleration, [&](const Estimate2& a) { return held(a.x) && held(a.y); }) &&
-           std::ranges::all_of(e.velocity, [&](const Estimate2& v) { return held(v.x) && held(v.y); });
-}
-
-}  // namespace
-
 std::vector<Step> Checked_Steps(const LinkageModel& model) {
     const RunResults& table = model.RunTable;
     const Shape shape = Shape_Of(model, model);
     const double shown = Shown_Factor(model);
     std::vector<Step> steps;
     double before = model.Alpha2;
-    bool held = true;  // of the step before, whose acceleration a driven step takes
     for (int n = 0; n <= model.NSteps; ++n) {
-        if (!table.Assembled(n)) continue;
+        if (!table.Assembled(n)) {
+            // A position that failed behind its speeds has left its acceleration to the next.
+            if (At(table.VelXY, n, 2) != Vector{}) before = table.Alpha(n, 0);
+            continue;
+        }
         Step s;
         s.number = n;
         const double alpha2 = table.Alpha(n, 0);
@@ -210,8 +199,6 @@ std::vector<Step> Checked_Steps(const LinkageModel& model) {
         before = alpha2;
         s.pose = Pose_At(shape, s.drive.th2);
         s.expected = Expected_At(shape, s.drive);
-        const bool follows = std::exchange(held, Is_Held(s.expected)) || model.Calctype <= 3;
-        if (!held || !follows) continue;
         if (s.drive.alpha2_before != alpha2) Take_Design(shape, s);
         steps.push_back(s);
     }

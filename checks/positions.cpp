@@ -70,7 +70,7 @@ double Nearest_Crank(const Shape& g, const Wanted& wanted) {
             best = crank;
         }
     }
-    for (double stride = 2 * M_PI / kAround; stride > 1e-10; stride /= 2)
+    for (double stride = 2 * M_PI / kAround; best + stride != best; stride /= 2)
         for (const double crank : {best - stride, best + stride}) {
             const double distance = Distance(g, wanted, crank);
             if (distance >= least) continue;
@@ -134,20 +134,22 @@ bool Goes(const Shape& g, double from, double way) {
 std::string Order(const LinkageModel& m, const std::vector<Reached_Position>& positions, int circuit) {
     const Shape g = checks::Shape_Of(m, m);  // both circuits close at the same crank angles
     const double first = positions[0].circuits[static_cast<std::size_t>(circuit)].crank;
-    for (const double sign : {m.Omega2Input < 0 ? -1.0 : 1.0, m.Omega2Input < 0 ? 1.0 : -1.0}) {
+    const bool backwards = m.Omega2Input < 0;
+    for (const bool clockwise : {backwards, !backwards}) {
         std::vector<std::pair<double, int>> ways;
         for (const Reached_Position& p : positions) {
-            const double way =
-                std::fmod(sign * (p.circuits[static_cast<std::size_t>(circuit)].crank - first), 2 * M_PI);
+            const double on = p.circuits[static_cast<std::size_t>(circuit)].crank - first;
+            const double way = Wrapped(clockwise ? -on : on);
             ways.emplace_back(way < 0 ? way + 2 * M_PI : way, p.number);
         }
         ways.front().first = 0;
         std::ranges::sort(ways);
-        if (!Goes(g, first, sign * ways.back().first)) continue;
+        const double whole = ways.back().first;
+        if (!Goes(g, first, clockwise ? -whole : whole)) continue;
         std::string order;
         for (const auto& [way, number] : ways) order += (order.empty() ? "" : ", ") + std::to_string(number);
         return ", in the order " + order +
-               (sign < 0 ? " as the crank turns clockwise" : " as the crank turns counterclockwise");
+               (clockwise ? " as the crank turns clockwise" : " as the crank turns counterclockwise");
     }
     return ", but cannot move from one to the other";
 }

@@ -75,8 +75,9 @@ void Take_Loads(const LinkageModel& m, const Step& s, const Estimate& th3, const
     loads.force3 = E3 + friction;
     loads.force4 = E4;
     // The program's moment of the friction is nothing but what rounding leaves.
-    const Estimate left{0, 4 * kHalfPlace * m.Rpa * std::abs(m.FrictionForce)};
-    loads.moment3 = Stored(Cross(arm3, E3) + left) + double{m.ExtTorque(3)};
+    Estimate moment3 = Cross(arm3, E3);
+    moment3.error += 4 * kHalfPlace * m.Rpa * std::abs(m.FrictionForce);
+    loads.moment3 = Stored(moment3) + double{m.ExtTorque(3)};
     loads.moment4 = Stored(Cross(arm4, E4)) + loads.torque4;
 }
 

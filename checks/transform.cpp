@@ -32,7 +32,6 @@ Inverse Inverse_Of(const LinkageModel& m, int N) {
     inverse.coefficients = std::abs(m.FFTResult(0, kReal));
     const auto add = [&](int k, double re, double im) {
         inverse.coefficients += std::abs(re) + std::abs(im);
-        if (re == 0 && im == 0) return;
         std::size_t at = 0;
         for (double& x : inverse.x) {
             x += re * cosine[at] - im * sine[at];
@@ -55,10 +54,8 @@ struct Function {
 std::vector<Function> All_Functions() {
     std::vector<Function> functions;
     constexpr const char* kComponents[] = {" X", " Y", " Mag", " Ang"};
-    for (int number = 1; number <= 43; ++number) {
-        const std::string name = Variable_Name(number);
-        const auto facts = Facts_Of(name);
-        if (!facts || facts->group == kTransformGroup) continue;
+    for (const std::string& name : Variables_Up_To(Needs::kBalance)) {
+        const std::optional<Variable_Facts> facts = Facts_Of(name);
         for (int component = 0; component <= (facts->vector ? 3 : 0); ++component)
             for (const bool local : {false, true}) {
                 if (local && !facts->in_frames) continue;

@@ -284,9 +284,7 @@ void GlobalMax(const Element& ArrA, const Element& ArrB, int First, int Last, Si
         Single max_a, min_a, max_b, min_b;
         MaxMin1(ArrA, First, Last, max_a, min_a);
         MaxMin1(ArrB, First, Last, max_b, min_b);
-        Single largest = std::fabs(max_a);
-        for (const Single extreme : {min_a, max_b, min_b}) largest = std::max<Single>(largest, std::fabs(extreme));
-        Result = largest;
+        Result = std::max({std::fabs(max_a), std::fabs(min_a), std::fabs(max_b), std::fabs(min_b)});
     });
 }
 

@@ -1,5 +1,6 @@
 // Positions of a run in fours; built for machines with AVX2, and called on them alone.
 #include <cmath>
+#include <algorithm>
 
 #include "core/steps_at_once.h"
 
@@ -12,9 +13,8 @@ namespace {
 bool Is_Moderate(double angle) { return std::abs(angle) < kTrigonometryLimit / 2; }
 
 bool Solve_By_Fours(const Run& run, int step, const double* theta2, const double* omega2) {
-    bool moderate = Is_Moderate(run.shape.DeltaRad);
-    for (int i = 0; i < kSteps; ++i) moderate = moderate && Is_Moderate(theta2[i]);
-    return moderate && Solve_All<Quad>(run, step, theta2, omega2);
+    return Is_Moderate(run.shape.DeltaRad) && std::all_of(theta2, theta2 + kSteps, Is_Moderate) &&
+           Solve_All<Quad>(run, step, theta2, omega2);
 }
 
 }  // namespace

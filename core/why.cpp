@@ -2,10 +2,11 @@
 #include "core/why.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <numbers>
+#include <vector>
 
 namespace verlink {
 
@@ -48,25 +49,25 @@ int Way_At(const Links& links, double angle) {
     return int{closes(angle + kAside)} - int{closes(angle - kAside)};
 }
 
-/// The lengths of crank or ground, the other one given, that leave just that gap at a crank angle; zeros where there
-/// are none.
-std::array<double, 2> Lengths_At(double other, double degrees, double gap) {
+/// The two lengths of crank or ground, the other one given, that leave just that gap at a crank angle; none where
+/// there are not two.
+std::vector<double> Lengths_At(double other, double degrees, double gap) {
     const double along = other * std::cos(degrees * kDegree), across = other * std::sin(degrees * kDegree);
     const double square = gap * gap - across * across;
-    if (square < 0) return {};
+    if (square <= 0) return {};
     return {along - std::sqrt(square), along + std::sqrt(square)};
 }
 
 /// Every length of that link, the others given, at which the loop begins or ends to close.
-std::array<double, 4> Bounds_Of(const Links& links, double degrees, int link) {
+std::vector<double> Bounds_Of(const Links& links, double degrees, int link) {
     if (link >= 3) {
         const double gap = Gap(links, degrees), other = links.Of(7 - link);
         return {std::fabs(gap - other), gap + other};
     }
     const double other = links.Of(3 - link);
-    const auto stretched = Lengths_At(other, degrees, links.L3 + links.L4);
-    const auto folded = Lengths_At(other, degrees, std::fabs(links.L3 - links.L4));
-    return {stretched[0], stretched[1], folded[0], folded[1]};
+    std::vector<double> bounds = Lengths_At(other, degrees, links.L3 + links.L4);
+    std::ranges::copy(Lengths_At(other, degrees, std::fabs(links.L3 - links.L4)), std::back_inserter(bounds));
+    return bounds;
 }
 
 }  // namespace
@@ -86,9 +87,9 @@ double Transmission_At(const Links& links, double degrees) {
     if (Without_Length(links)) return 0;
     // Half the angle between coupler and rocker, by the half perimeter of their triangle: exact near a toggle too.
     const double gap = Gap(links, degrees), half = (links.L3 + links.L4 + gap) / 2;
-    const double folded = (half - links.L3) * (half - links.L4), stretched = half * (half - gap);
-    const double angle =
-        2 * std::atan2(std::sqrt(std::max(0.0, folded)), std::sqrt(std::max(0.0, stretched))) / kDegree;
+    const double folded = std::max(0.0, (half - links.L3) * (half - links.L4));
+    const double stretched = std::max(0.0, half * (half - gap));
+    const double angle = 2 * std::atan2(std::sqrt(folded), std::sqrt(stretched)) / kDegree;
     return std::min(angle, 180 - angle);
 }
 

@@ -33,6 +33,7 @@ class Telling {
 
     const Links& Lengths() const { return links_; }
     double Local(double shown) const { return shown - ground_; }
+    double Shown(double local) const { return local + ground_; }
 
     std::string Length(double length) const { return Number(FNRound(length, decimals_)); }
     /// Rounded to the side of a bound on which it closes.
@@ -47,14 +48,14 @@ class Telling {
     /// An angle on the side of the bound on which it closes, in as many decimals as that takes.
     std::string Angle(const Bound& local) const {
         constexpr int kMostDecimals = 4;
-        const Bound shown{local.value + ground_, local.way};
-        for (int decimals = 1; decimals < kMostDecimals; ++decimals) {
+        const Bound shown{Shown(local.value), local.way};
+        for (int decimals = 1;; ++decimals) {
             const double angle = Inward(shown, decimals, -kDigits);
-            if (Closing_At(links_, Local(angle)).is == Closing::Is::kClosed) return Degrees(angle, decimals);
+            const bool closes = Closing_At(links_, Local(angle)).is == Closing::Is::kClosed;
+            if (closes || decimals == kMostDecimals) return Degrees(angle, decimals);
         }
-        return Degrees(Inward(shown, kMostDecimals, -kDigits), kMostDecimals);
     }
-    std::string At_Toggle(const Bound& local) const { return At(local.value + ground_); }
+    std::string At_Toggle(const Bound& local) const { return At(Shown(local.value)); }
     static std::string At(double shown) { return "at Theta2 = " + Degrees(shown); }
 
    private:
@@ -153,10 +154,9 @@ std::vector<double> Angles_Of_Run(const LinkageModel& model) {
 
 /// "At Theta2 = 120.0 deg they are 0.2 in too short; a coupler over 2.5 in, a rocker over 3.2 in or 101.8 deg would
 /// do."
-std::string What_Would_Do(const Telling& telling, double shown) {
-    const double local = telling.Local(shown);
+std::string What_Would_Do(const Telling& telling, double local) {
+    const double shown = telling.Shown(local);
     const Closing closing = Closing_At(telling.Lengths(), local);
-    if (closing.is == Closing::Is::kNoLength) return Cannot_Meet(telling, closing, shown);
     std::string words =
         "A" + Telling::At(shown).substr(1) + " " +
         (closing.is == Closing::Is::kTooShort ? "coupler and rocker are " + telling.By(closing.by) + " too short"
@@ -164,7 +164,6 @@ std::string What_Would_Do(const Telling& telling, double shown) {
     const auto coupler = Nearest_Length(telling.Lengths(), local, 3),
                rocker = Nearest_Length(telling.Lengths(), local, 4);
     const auto angle = Nearest_Toggle(telling.Lengths(), local);
-    if (!coupler || !rocker) return words + ".";
     words += "; a coupler " + telling.Length(*coupler);
     if (angle && angle->way != 0)
         words += ", a rocker " + telling.Length(*rocker) + " or " + telling.Angle(*angle);
@@ -218,8 +217,7 @@ std::string Why_Refused(const LinkageModel& model) {
     for (double& angle : angles) angle = telling.Local(angle);
     const auto nearest = Nearest_Miss(telling.Lengths(), angles);
     if (!nearest) return "";
-    return (angles.size() > 1 ? "No position closes. " : "") +
-           What_Would_Do(telling, angles[*nearest] + model.Link1Angle);
+    return (angles.size() > 1 ? "No position closes. " : "") + What_Would_Do(telling, angles[*nearest]);
 }
 
 std::string Why_Not_Followed(const LinkageModel& model, const Geometry& wished, int step) {

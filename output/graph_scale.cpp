@@ -61,7 +61,7 @@ Span Point_Span(const Graph& graph) {
 int Thinned(int every, int points, int room) {
     room = std::max(2, room);
     const int step = First_Multiple(every, [&](int candidate) { return (points - 1) / candidate + 1 <= room; });
-    return step > 0 ? step : std::max({1, every, points});
+    return step > 0 ? step : points;
 }
 
 int Labels_Every(int every, int first, int last, const std::vector<double>& widths, double apart, double gap) {
@@ -73,7 +73,7 @@ int Labels_Every(int every, int first, int last, const std::vector<double>& widt
         return true;
     };
     const int step = First_Multiple(every, clear);
-    return step > 0 ? step : std::max({1, every, last + 1});
+    return step > 0 ? step : last + 1;
 }
 
 std::vector<double> Round_Values(Span span, int about) {

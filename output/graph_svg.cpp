@@ -82,7 +82,7 @@ class Svg_Page {
     }
 
     void Legend() {
-        double widest = 0;
+        double widest{};
         std::size_t count = 0;
         const double size = Size(graph_.TextFont());
         for (const auto& set : graph_.Sets()) {

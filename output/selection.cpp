@@ -305,12 +305,7 @@ void Set_Selection_Mode(Screen& screen, int n) {
             Enable<Frame>(screen, "fra_Function1", true);
             Enable<ComboBox>(screen, "cmb_Var1", true);
             Enable<CommandButton>(screen, "cmd_Clear1", true);
-            const bool chosen = Variable_Box(screen, 1).ListIndex() >= 0 && Component_Box(screen, 1).ListIndex() >= 0;
-            if (chosen) Enable<CommandButton>(screen, "cmd_OK1", true);
-            if (chosen)
-                screen.Get<CommandButton>("cmd_OK1").SetFocus();
-            else
-                Variable_Box(screen, 1).SetFocus();
+            Variable_Box(screen, 1).SetFocus();
         }
         Clear_Labels(screen, n);
         Enable<CommandButton>(screen, "cmd_Done", false);

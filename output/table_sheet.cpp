@@ -11,8 +11,6 @@ namespace verlink {
 
 namespace {
 
-/// What plots and tables cut components at.
-
 std::vector<Single> Values_Of_Slot(const LinkageModel& model, int slot, bool local, int last) {
     const int group = model.FuncGroup(slot), row = model.FuncRow(slot), component = model.FuncComponent(slot);
     const Reading_Frame frame{model.Link1Angle, local, kSmall};
@@ -26,7 +24,7 @@ std::vector<Single> Values_Of_Slot(const LinkageModel& model, int slot, bool loc
 }
 
 void Put_Statistics(Sheet_Column& column, const std::vector<Single>& values) {
-    const Element2 value = [&values](int, int i) { return values[static_cast<std::size_t>(i)]; };
+    const Element2 value = [&values](int from, int i) { return values.at(static_cast<std::size_t>(from + i)); };
     const int last = static_cast<int>(values.size()) - 1;
     Single max, min, mean;
     Integer max_at, min_at;

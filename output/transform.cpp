@@ -39,7 +39,7 @@ void Do_DFT(Integer& N) {
     Guarded("Do_DFT", [&] {
         Transform& transform = Model;
         auto& table = transform.DFTTable;
-        transform.HalfSamples = std::floor(N / 2.0 + 0.5);
+        transform.HalfSamples = (N + 1) / 2;
         for (int i = 0; i <= N; ++i)
             for (int row = 0; row <= 3; ++row) table(i, row) = 0;
         transform.DFTSmall = 0.00001;

@@ -81,7 +81,7 @@ std::vector<Point> Seen_Arc(const ClipBox& box, Point centre, double radius, dou
     }
     const double step = std::sqrt(8 * off / radius);
     constexpr double kMostPoints = 4000;
-    const int pieces = static_cast<int>(std::clamp(std::ceil(2 * half / step), 1.0, kMostPoints));
+    const int pieces = std::max(1, static_cast<int>(std::min(std::ceil(2 * half / step), kMostPoints)));
     std::vector<Point> arc(static_cast<std::size_t>(pieces) + 1);
     for (int i = 0; i <= pieces; ++i) {
         const double turn = half * (2.0 * i / pieces - 1);

@@ -125,7 +125,6 @@ std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
     const auto size = static_cast<std::size_t>(status.st_size);
     if (part == Part::kWhole && size > most) Refuse_What_Is_Too_Large(path);
     std::string content;
-    content.reserve(std::min(size, most) + 1);
     std::vector<char> block(65536);
     while (content.size() <= most) {
         const ssize_t count =

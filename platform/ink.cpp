@@ -113,11 +113,11 @@ Eight Size(const Eight& x) { return Most(x, All(0) - x); }
 struct Ink::Stroke {
     Point from, to;
     double reach;        ///< from the middle line to where nothing is covered
-    double length = 0;   ///< of the segment
+    double length{};     ///< of the segment
     double along_x = 1;  ///< of length 1 together
     double along_y = 0;
     bool level = true;  ///< no row tells the place of a level one
-    double slope = 0;   ///< by so much to the right with each row
+    double slope{};     ///< by so much to the right with each row
 
     Stroke(Point a, Point b, double far) : from(a), to(b), reach(far) {
         const double x = to.x - from.x, y = to.y - from.y;

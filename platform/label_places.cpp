@@ -25,7 +25,7 @@ constexpr double kPerInkCell = 14;
 constexpr double kPerOverlap = 1.5;    ///< of each square pixel that two labels share
 constexpr double kPerCrossing = 30;    ///< of each way to an anchor that leads through a label
 constexpr double kPerCellBetween = 8;  ///< of what is drawn between a label and its anchor
-constexpr double kAstray = 14;         ///< for the direction opposite to the wished one
+constexpr double kAstray = 7;          ///< for a direction across the wished one; the opposite costs twice as much
 
 struct Rect {
     double left, top, right, bottom;
@@ -105,7 +105,6 @@ class Drawn {
         }
     }
     void Circle(Point centre, double radius) {
-        if (!Circle_Seen(Sheet(), centre, radius)) return;
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
         for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
     }
@@ -124,7 +123,7 @@ struct Candidate {
 double Shared(const Rect& a, const Rect& b) {
     const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
     const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return wide > 0 && high > 0 ? wide * high : 0;
+    return std::max(0.0, wide) * std::max(0.0, high);
 }
 
 /// Does the way from a candidate to its anchor lead through a rectangle?
@@ -148,8 +147,8 @@ double Between_Labels(const Candidate& a, const Candidate& b) {
 
 std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Drawn& ink) {
     const double x = wish.at.across * side, y = wish.at.down * side;
-    const double length = std::hypot(wish.at.right, wish.at.below);
-    const double wished = length > 0 ? std::atan2(wish.at.below, wish.at.right) : 0;
+    const bool any_wish = wish.at.right != 0 || wish.at.below != 0;
+    const double wished = std::atan2(wish.at.below, wish.at.right);
     const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
     std::vector<Candidate> all;
     for (const double distance : kDistances)
@@ -157,8 +156,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.
-            const double away = distance + std::min(std::abs(c) > 1e-9 ? wide / 2 / std::abs(c) : high,
-                                                    std::abs(s) > 1e-9 ? high / 2 / std::abs(s) : wide);
+            const double away = distance + std::min(wide / 2 / std::abs(c), high / 2 / std::abs(s));
             const auto within = [side](double from, double extent) {
                 return std::clamp(from, kEdge, std::max(kEdge, side - kEdge - extent));
             };
@@ -167,9 +165,9 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
             const Rect rect{left, top, left + wide, top + high};
             const double near_x = std::clamp(x, rect.left, rect.right);
             const double near_y = std::clamp(y, rect.top, rect.bottom);
-            const double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) +
-                                kPerInkCell * ink.Within(rect) + kPerCellBetween * ink.Between(x, y, near_x, near_y) +
-                                (length > 0 ? kAstray * (1 - std::cos(turn)) / 2 : 0);
+            double cost = std::max(std::hypot(near_x - x, near_y - y), kDistances[0]) + kPerInkCell * ink.Within(rect) +
+                          kPerCellBetween * ink.Between(x, y, near_x, near_y);
+            if (any_wish) cost -= kAstray * std::cos(turn);
             all.push_back({rect, x, y, near_x, near_y, cost});
         }
     return all;

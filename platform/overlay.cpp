@@ -33,7 +33,7 @@ struct Box {
 double Shared(const Box& a, const Box& b) {
     const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
     const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return wide > 0 && high > 0 ? wide * high : 0;
+    return std::max(0.0, wide) * std::max(0.0, high);
 }
 
 /// With as many decimals as the step between values has.

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 #include "platform/failure.h"
@@ -64,8 +65,8 @@ Settings& The_Settings() {
 Settings::Kept Settings::Read(const std::string& path) {
     Kept kept;
     std::string content;
-    std::error_code failed;
-    if (!Is_Plain_File(path) || std::filesystem::file_size(path, failed) > kMostBytes || failed) return kept;
+    std::error_code failed;  // which makes it as large as can be
+    if (!Is_Plain_File(path) || std::filesystem::file_size(path, failed) > kMostBytes) return kept;
     if (Failure_Of([&] { content = Read_File(path); }) != 0 || content.find('\0') != std::string::npos) return kept;
     std::istringstream lines(content);
     std::string line;
@@ -101,8 +102,9 @@ std::string Settings::Text(const std::string& name) const {
 std::optional<long> Settings::Number(const std::string& name) const {
     const std::string text = Text(name);
     long number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return {};
+    const char* const last = std::to_address(text.end());
+    const auto [end, error] = std::from_chars(text.data(), last, number);
+    if (error != std::errc() || end != last) return {};
     return number;
 }
 

@@ -270,7 +270,6 @@ void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
         const Single d = std::abs(b1 - alpha3);
         beta3 = same <= d && same <= std::abs(d - kFullTurn) ? b1 : b2;
         Solve_Beta2(beta3, A1, A2, A3, A4, A5, A6, beta2);
-        if (beta2 > kHalfTurn) beta2 -= kFullTurn;
         if (beta3 > kHalfTurn) beta3 -= kFullTurn;
     });
 }

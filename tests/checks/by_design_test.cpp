@@ -107,6 +107,7 @@ TEST_F(By_Design, ASolveStopsWhereNumbersAreBeyondASingle) {
     Model.CG(3, 0) = 1;
     Model.LinkMass(3) = 1;
     EXPECT_TRUE(Any_Fails(Checks_Of(Model))) << "nothing stops it there";
+    EXPECT_EQ(Find(Checks_Of(Model), "Steps not solved"), nullptr);
 }
 
 TEST_F(By_Design, NumbersBeyondAllSenseAreNamedAndNothingElseIsChecked) {

@@ -186,6 +186,18 @@ TEST_F(Told_Of_Cognates, TheLinkageInHandIsComparedLengthByLength) {
     }
 }
 
+TEST_F(Told_Of_Cognates, OfALinkageThatDoesNotTurnRoundAreComparedWhereItCloses) {
+    Take_Linkage(1);
+    Enter_Linkage(Road::kBoxes, [] {
+        Model.L1 = 0.28;
+        Model.L2 = 0.16;
+        Model.L3 = 0.2;
+        Model.L4 = 0.18;
+    });
+    Run();
+    EXPECT_EQ(Found("Cognates").verdict, Verdict::kGood);
+}
+
 TEST_F(Told_Of_Cognates, AreFoundAfreshWhereTheyAreDue) {
     Take_Linkage(1);
     Run();

@@ -144,8 +144,39 @@ TEST_F(Told_Of_Differences, OfStepsThatAreNotAlike) {
     Integer result;
     Imported_Run(result);
     Expect_Both_Told(4, "step 4, 54 deg");
+    Expect_Both_Told(5, "step 5, 58.13 deg");
     Expect_Both_Told(8, "step 8, 72 deg");
+    Expect_Both_Told(14, "step 14, 106.5 deg");
     Expect_Both_Told(17, "step 17, 127.13 deg");
+}
+
+TEST_F(Told_Of_Differences, WhereFiveStepsAreLittleNearerThanThreeTheErrorIsNotKnownAndNothingFails) {
+    struct Cell {
+        const char* check;
+        int row, order;
+        Single& number;
+    };
+    auto& t = Model.RunTable;
+    const Cell cells[] = {{"Velocities by differences", 1, 1, t.VelXY(3, 1, 0)},
+                          {"Velocities by differences", 2, 1, t.VelXY(3, 2, 0)},
+                          {"Accelerations by differences", 1, 2, t.AccXY(3, 1, 0)},
+                          {"Accelerations by differences", 2, 2, t.AccXY(3, 2, 0)}};
+    // One window of seven steps; on a ground that is turned by 30 degrees.
+    for (const auto& [middle, unknown] : {std::pair{160, 0U}, {310, 3U}}) {
+        Take_Linkage(2);
+        Run_By_Angle(middle - 44.25, middle + 44.25, 14.75);
+        ASSERT_EQ(Model.NSteps, 6);
+        for (std::size_t i = 0; i < std::size(cells); ++i) {
+            SCOPED_TRACE(i);
+            const auto& [check, row, order, number] = cells[i];
+            const Derivative d = Derivative_At(3, row, order);
+            EXPECT_EQ(d.off > 0.1 * d.coarse, i == unknown);
+            const Single kept = number;
+            number += 1e7;
+            EXPECT_EQ(Found(check).verdict == Verdict::kFails, i != unknown);
+            number = kept;
+        }
+    }
 }
 
 TEST_F(Told_Of_Differences, SayWhatTheyAre) {
@@ -170,9 +201,38 @@ TEST_F(Told_Of_Differences, AreTakenBetweenTheThirdStepsFromTheEndsOfARun) {
     EXPECT_EQ(Steps_Seen(), " 3");
     Run_By_Angle(60, 70, 2);
     EXPECT_EQ(Steps_Seen(), "");
+    const std::vector<Check> checks = Checks_Of(Model);
+    EXPECT_EQ(std::ranges::find(checks, std::string("Velocities by differences"), &Check::name), checks.end());
+    Run_By_Angle(200, 220, 2);
+    EXPECT_EQ(Steps_Seen(), " 3 4 5 6 7") << "across half a turn from the ground";
     Model.Omega2Input = -10;
     Run_By_Angle(60, 80, 2);
     EXPECT_EQ(Steps_Seen(), " 3 4 5 6 7");
+}
+
+TEST_F(Told_Of_Differences, NeedStepsThatFollowEachOther) {
+    Take_Linkage(1);
+    Run_By_Angle(60, 100, 2);
+    Model.RunTable.Assembled(10) = false;
+    EXPECT_EQ(Steps_Seen(), " 3 4 5 6 14 15 16 17");
+}
+
+TEST_F(Told_Of_Differences, KeepAwayFromAnglesWhereCouplerAndRockerAreInLineByTwiceTheirReach) {
+    // Three steps of 2 degrees on either side need 12 up to the toggle; the ground is turned by 30.
+    const auto run = [&](double L1, double L2, double L3, double L4, double first, double last) {
+        Take_Linkage(1);
+        Enter_Linkage(Road::kBoxes, [&] {
+            Model.L1 = L1;
+            Model.L2 = L2;
+            Model.L3 = L3;
+            Model.L4 = L4;
+        });
+        Run_By_Angle(first + 30, last + 30, 2);
+    };
+    run(0.28, 0.16, 0.2, 0.18, 86, 112);  // stretched at 116.8
+    EXPECT_EQ(Steps_Seen(), " 3 4 5 6 7 8 9");
+    run(0.3, 0.3, 0.1, 0.35, 52, 80);  // folded at 49.2, and stretched at 97.2
+    EXPECT_EQ(Steps_Seen(), " 5 6 7 8 9 10 11");
 }
 
 TEST_F(Told_Of_Differences, NeedStepsOfAtMostFifteenDegreesInOneDirection) {

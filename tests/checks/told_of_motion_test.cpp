@@ -152,6 +152,30 @@ TEST_F(Told_Of_Motion, WhatTheAccelerationOfTheStepBeforeTakesOrGives) {
     }
 }
 
+TEST_F(Told_Of_Motion, AStepThatNoNumberHoldsHandsItsAccelerationOnAndOneThatDoesNotCloseHandsOnNone) {
+    Take_Driven_Run(1);
+    // In metres it is held, in millimetres not.
+    t.Omega(kStep, 0) = 3e18;
+    t.Alpha(kStep, 0) = 5000;
+    Notes notes(desktop, platform::Answer::kIgnore);
+    Integer result;
+    Imported_Run(result);
+    ASSERT_FALSE(t.Assembled(kStep));
+    ASSERT_TRUE(t.Assembled(kStep + 1));
+    EXPECT_FALSE(Any_Fails(Checks_Of(Model)));
+    const Solved_Position next = Solved_At(kStep + 1);
+    EXPECT_NEAR(t.Alpha(kStep + 1, 1) / next.alpha3.value, 1, 1e-5);
+    Expect_Told("Angular accelerations", t.Alpha(kStep + 1, 1), 10, "step 9, 85 deg, link 3", next.alpha3.off);
+
+    Model.L2 = 0.26;  // it closes up to 132 degrees
+    Model.L4 = 0.1;
+    t.Omega(kStep, 0) = 8;
+    for (int step = 0; step <= Model.NSteps; ++step) t.DriveTheta(step) = step == kStep ? 220 : 40 + 5 * step;
+    Imported_Run(result);
+    ASSERT_FALSE(t.Assembled(kStep));
+    EXPECT_FALSE(Any_Fails(Checks_Of(Model)));
+}
+
 TEST_F(Told_Of_Motion, EachCheckHasItsUnit) {
     Take_Driven_Run(1);
     const std::pair<const char*, const char*> units[] = {

@@ -203,6 +203,32 @@ TEST_F(Determinism, CrankAnglesOfManyThousandTurnsHaveTheBitsOfSingleSolutions) 
     EXPECT_TRUE(StepsAtOnce(Lanes::kTwo).Solve(1, far_away));
 }
 
+TEST_F(Determinism, FoursAreForAnglesBelowHalfOfWhatTheirTrigonometryHolds) {
+    if (Widest_Lanes() != Lanes::kFour) GTEST_SKIP() << "this machine has no fours";
+    Take_Crank_Rocker();
+    Take_Angles(0, 360, 1);
+    Integer result = kRetrying;
+    Calculate(0, result);
+    const auto solved = [](int far, double away) {
+        int next = 0;
+        return StepsAtOnce(Lanes::kFour).Solve(1, [&](double& theta2, double& omega2) {
+            theta2 = 1 + (next++ == far ? away : 0);
+            omega2 = Model.Omega2;
+            return true;
+        });
+    };
+    constexpr double kHalfOfIt = 8e5;
+    for (int far = 0; far < StepsAtOnce::kSteps; ++far)
+        for (const double sign : {1.0, -1.0}) {
+            EXPECT_TRUE(solved(far, sign * kHalfOfIt * 0.9)) << far;
+            EXPECT_FALSE(solved(far, sign * kHalfOfIt - 1)) << far;
+        }
+    Model.DeltaRad = kHalfOfIt * 0.9;
+    EXPECT_TRUE(solved(0, 0));
+    Model.DeltaRad = kHalfOfIt;
+    EXPECT_FALSE(solved(0, 0));
+}
+
 TEST_F(Determinism, OneAngleOfVeryManyTurnsAmongOthersHasTheBitsOfASingleSolution) {
     Take_Crank_Rocker();
     Take_Angles(0, 360, 1);

@@ -140,6 +140,23 @@ TEST(Joints, LinksInOneLineHaveNoPole) {
     EXPECT_TRUE(Curvature_At_P({{0, 0}, {5, 0.5 + 2.4e-6}, {1, 0.5}, {3, 0.5}, {2, 1.5}}));
 }
 
+TEST(Joints, WhatIsJustAMillionthOffCountsAsRounding) {
+    // Sides whose length is 1, and their sine, to the last bit.
+    const Spot slanting(std::sqrt(1 - 1e-12), 1e-6);
+    ASSERT_EQ(std::abs(slanting), 1);
+    EXPECT_FALSE(Curvature_At_P({{-2e6, 5}, -slanting, {-1e6, 0}, {0, 0}, {3, 4}}));
+    EXPECT_TRUE(Pole_13({{0, 5}, {0, 0}, {1e6, 5}, slanting, {}})->at_infinity);
+    // Parallels a millionth apart are one line.
+    EXPECT_FALSE(Pole_13({{0, 0}, {0, 1e-6}, {1, 0}, {1, 1e-6}, {}}));
+    EXPECT_TRUE(Pole_13({{0, 0}, {0, 1.1e-6}, {1, 0}, {1, 1.1e-6}, {}})->at_infinity);
+    // The coupler turns as fast as the crank, and its point is a millionth of that off the pole.
+    const double off = 1e-6 * std::hypot(1e-6, 1);
+    for (const double more : {1.0, 1.1}) {
+        const double x = off * more;
+        EXPECT_EQ(Curvature_At_P({{0, 0}, {x - 1, 0}, {x, 1}, {x, 0}, {x, 0}}).has_value(), more > 1);
+    }
+}
+
 TEST(Joints, ALinkWithoutLengthHasNoPole) {
     EXPECT_FALSE(Pole_13({{0, 0}, {3, 0}, {0, 0}, {2, 2}, {1, 3}}));
     EXPECT_FALSE(Pole_24({{0, 0}, {3, 0}, {2, 2}, {2, 2}, {1, 3}}));

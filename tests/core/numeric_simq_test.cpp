@@ -117,7 +117,8 @@ TEST_F(EquationSolver, ASystemLargerThanItsArraysIsReportedAsASubscript) {
 }
 
 TEST_F(EquationSolver, OfArraysLargerThanTheSystemTheBeginningCounts) {
-    std::vector<double> a(81, 7.0), b(9, 7.0);
+    std::vector<double> a(81), b(9, 7.0);
+    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(7 * i * i % 13);
     std::ranges::copy(std::array{2.0, 0.0, 0.0, 4.0}, a.begin());
     std::ranges::copy(std::array{6.0, 8.0}, b.begin());
     Solve(2, a, b);

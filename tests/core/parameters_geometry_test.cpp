@@ -2,6 +2,8 @@
 #include <cmath>
 #include <limits>
 
+#include "core/linkage_door.h"
+#include "core/linkage_model.h"
 #include "core/parameters.h"
 #include "core/text.h"
 #include "dynamics/units.h"
@@ -48,6 +50,22 @@ TEST_F(ParametersGeometry, TheBoxesOfTheMovingLinksAreReadInOrder) {
     EXPECT_EQ(Model.LinkArray(3), 3.25);
     EXPECT_EQ(Model.LinkArray(4), 2.75);
     EXPECT_EQ(Model.RedrawFlag, "Y");
+}
+
+TEST_F(ParametersGeometry, PuttingALinkageOnAScreenFillsEachOfItsBoxes) {
+    Model.PolarCoords = true;
+    Model.L1 = 6.25;
+    Model.L2 = 1.5;
+    Model.L3 = 5.75;
+    Model.L4 = 4.5;
+    Model.Rpa = 2.125;
+    Model.Delta = -35;
+    Model.Link1Angle = 90;
+    Derive_Linkage(Leading::kInForce);
+    Put_Linkage_Geometry(input);
+    const std::pair<int, const char*> boxes[] = {{0, "6.25"}, {1, "1.5"}, {2, "5.75"}, {3, "4.5"},  {4, "2.125"},
+                                                 {5, "-35"},  {6, "90"},  {15, "0"},   {16, "6.25"}};
+    for (const auto& [box, text] : boxes) EXPECT_EQ(Box(box), text) << box;
 }
 
 TEST_F(ParametersGeometry, InCentimetresATyped25Stores025AndShows25) {

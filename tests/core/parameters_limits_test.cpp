@@ -192,10 +192,10 @@ TEST_F(ParametersLimits, TimeLimitsAreTakenAndTheStringsHoldTimes) {
 TEST_F(ParametersLimits, AStartTimeThatIsNotBelowTheEndIsRefusedAndBothBoxesAreRestored) {
     Model.Calctype = 2;
     ASSERT_TRUE(Read("0.5", "2.5", "0.01"));
-    for (const char* start : {"3", "2.5"}) {
+    for (const auto& [start, end] : {std::pair{"3", "2.5"}, {"2.5", "2.5"}, {"0.5", "0.25"}}) {
         desktop.Expect_Message("Start time must be smaller than end time - will reset.", Answer::kOk,
                                Icon::kExclamation, Buttons::kOk);
-        EXPECT_FALSE(Read(start, "2.5", "0.01"));
+        EXPECT_FALSE(Read(start, end, "0.01"));
         EXPECT_EQ(Model.TimeStart, 0.5);
         Expect_Boxes("0.5", "2.5", "0.01");
         desktop.Verify();
@@ -396,6 +396,9 @@ TEST_F(ParametersLimits, TheSettingsOfTheAnimateScreenAreReadWithTheLinksFlagInv
     for (const bool ticked : {true, false}) {
         for (const char* box : {"chk_Showlinks", "chk_Coupler", "chk_Centrodes", "chk_Trace"})
             animate.Get<CheckBox>(box).Value = ticked;
+        for (std::string* flag :
+             {&Model.HideLinksFlag, &Model.ShowCouplerFlag, &Model.ShowCentrodesFlag, &Model.TraceFlag})
+            *flag = "another's";
         Check_Parameters(animate);
         EXPECT_EQ(Model.HideLinksFlag, ticked ? "N" : "Y");
         for (const std::string& flag : {Model.ShowCouplerFlag, Model.ShowCentrodesFlag, Model.TraceFlag})

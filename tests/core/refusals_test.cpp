@@ -305,6 +305,23 @@ TEST_F(Refusals, LengthsThatOverflowAreReported) {
     Solve(1);
 }
 
+TEST_F(Refusals, LengthsWhoseProductNoNumberHoldsAreReportedAndNotTakenForNoAcceleration) {
+    Take_Lengths(2.667e20, 1.115e20, 2.5e20, 2.5e20);
+    desktop.Expect_Message(Report(6, "Overflow", "Calculate"));
+    Solve(1);
+    EXPECT_FALSE(Model.RunTable.Assembled(1));
+}
+
+TEST_F(Refusals, ACouplerTooShortForItsDiscriminantIsAnOverflowAndNoPositionThatDoesNotClose) {
+    // Crank and rocker in line, but for a rounding by which the rocker closes at some angles.
+    Take_Lengths(2, 4, 0x1p-100, 2);
+    Notes notes(desktop);
+    for (int i = 0; i < 32; ++i) Solve(1e-4 + 1e-6 * i);
+    EXPECT_GT(notes.Messages().size(), 0U);
+    EXPECT_LT(notes.Messages().size(), 32U);
+    for (const auto& message : notes.Messages()) EXPECT_EQ(message.text, Report(6, "Overflow", "Calculate"));
+}
+
 TEST_F(Refusals, AccelerationsThatOverflowInMillimetresAreReportedByTheirScaling) {
     Model.Units = 5;
     Model.Omega2 = 1e18;

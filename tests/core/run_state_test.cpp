@@ -225,6 +225,10 @@ TEST_F(RunState, ARangeIsDividedWhenItsStepsLeadFromLimitToLimitInDegreesAndRadi
     EXPECT_TRUE(Divided_Into_Steps(drive));
     drive.TimeStep = 0.2;
     EXPECT_FALSE(Divided_Into_Steps(drive));
+    // Just as far off as may be.
+    drive.NSteps = 0;
+    drive.TimeEnd = 501, drive.TimeStep = 1000;
+    EXPECT_TRUE(Divided_Into_Steps(drive));
     drive.Calctype = 5;
     EXPECT_TRUE(Divided_Into_Steps(drive));
 }

@@ -137,6 +137,18 @@ TEST(NumberOfText, TakesAWholeNumberWithBlanksAround) {
     EXPECT_EQ(Number_Of(".5"), 0.5);
 }
 
+TEST(NumberOfText, EndsWhereThePartOfATextEndsThatItIsGiven) {
+    const std::string_view text = "12.5e3,456";
+    for (const auto& [length, value] : {std::pair{1U, 1.0}, {2U, 12.0}, {3U, 12.0}, {4U, 12.5}, {6U, 12500.0}}) {
+        EXPECT_EQ(Number_Of(text.substr(0, length)), value);
+        EXPECT_EQ(Leading_Number(text.substr(0, length)), text.substr(0, length));
+    }
+    EXPECT_FAILURE(13, Number_Of(text.substr(0, 5)));
+    EXPECT_EQ(Leading_Number(text.substr(0, 5)), "12.5");
+    EXPECT_EQ(Ungrouped(text.substr(5, 4)), "3,45");
+    EXPECT_EQ(Ungrouped(text.substr(5)), "3456");
+}
+
 TEST(NumberOfText, AnythingElseIsFailure13) {
     for (const char* text :
          {"", "  ", "abc", "1.5abc", "1 000", "inf", "nan", "0x10", "1,5", "--1", "1e", ".", "-.", ".e5"})

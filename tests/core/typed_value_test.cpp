@@ -115,7 +115,7 @@ TEST(TypedValue, ThousandsBeginWithOneToThreeDigitsThatAreNotZero) {
     EXPECT_EQ(Shown(",500.5"), "<0>");
     EXPECT_EQ(Shown("1,2345.5"), "<1>");
     EXPECT_EQ(Shown("1,234.5,678"), "<1>");
-    EXPECT_EQ(Shown("+1,500", kGrouped), "+1,500");
+    for (const char* text : {"+1,500", "+123,456", "-123,456"}) EXPECT_EQ(Shown(text, kGrouped), text);
     EXPECT_EQ(Shown("1,500.", kGrouped), "1,500.");
     EXPECT_EQ(Shown("-", kGrouped), "<0>");
 }

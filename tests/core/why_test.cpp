@@ -2,6 +2,7 @@
 #include "core/why.h"
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "tests/support/reference.h"
@@ -122,6 +123,8 @@ TEST(WhyTest, A_link_just_as_long_as_the_others_closes_nowhere_and_one_a_little_
 
 TEST(WhyTest, No_link_is_too_long_beside_others_whose_sum_no_number_holds) {
     EXPECT_FALSE(Too_Long({2e38, 2e38, 3e38, 1e38}));
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    EXPECT_TRUE(Too_Long({kLargest, kLargest, 0, 0})) << "just that is a number still";
     EXPECT_EQ(Too_Long({1, 2, 3e38, 3})->link, 3);
 }
 
@@ -147,6 +150,12 @@ TEST(WhyTest, A_parallelogram_has_a_change_point_at_either_end_and_closes_on_bot
     }
     EXPECT_NEAR(Nearest_Toggle(links, 176)->value, 180, 1e-6);
     EXPECT_NEAR(Nearest_Toggle(links, 545)->value, 540, 1e-6) << "on the turn that was asked about";
+}
+
+TEST(WhyTest, A_length_at_which_the_loop_only_touches_is_none_that_would_do) {
+    // Upright, a crank on a ground of 5 is nowhere nearer to O4 than 5, which coupler and rocker just reach.
+    EXPECT_FALSE(Nearest_Length({5, 2, 2, 3}, 90, 2));
+    EXPECT_TRUE(Nearest_Length({4.99, 2, 2, 3}, 90, 2));
 }
 
 TEST(WhyTest, Links_that_just_reach_close) {

@@ -130,6 +130,43 @@ TEST_F(WhyWordsTest, Too_near_a_toggle_for_a_solution_an_angle_is_told_that_has_
         "closes: 116.7 deg.");
 }
 
+TEST_F(WhyWordsTest, A_toggle_is_told_as_one_within_what_the_stored_angle_leaves_open) {
+    Triple_Rocker();
+    const double toggle = std::acos((7.0 * 7 + 4 * 4 - 9.5 * 9.5) / (2 * 7 * 4)) / kDegToRad;
+    Run(110, 116, 6);
+    Model.RunTable.Assembled(1) = false;
+    for (const double before : {0.0055, 0.0065}) {
+        Model.RunTable.Theta(1, 0) = toggle - before;
+        const bool in_line = Why_Shown(Model, 1).starts_with("Coupler and rocker are in line at Theta2 = 116.8 deg");
+        EXPECT_EQ(in_line, before < 0.006) << Why_Shown(Model, 1);
+    }
+}
+
+TEST_F(WhyWordsTest, An_angle_that_closes_has_the_decimals_that_it_takes) {
+    // Crank and ground leave a gap of 8.5 and a little, which a tiny rocker bridges up to so many degrees.
+    const auto told = [](double width) {
+        const double rocker = 10 * 1.5 / 17 * (width * kDegToRad) * (width * kDegToRad);
+        Make(10, 1.5, 8.5, rocker, width * 1.67);
+        const std::string words = At_Once(90);
+        return words.substr(words.rfind(": ") + 2);
+    };
+    // From 0.67 to 2.67 times the width.
+    EXPECT_EQ(told(0.3), "0.8 deg.");
+    EXPECT_EQ(told(0.03), "0.08 deg.");
+    EXPECT_EQ(told(0.003), "0.008 deg.");
+}
+
+TEST_F(WhyWordsTest, Of_an_angle_on_whose_both_sides_it_does_not_close_nothing_is_told) {
+    // Coupler and rocker are just longer than the gap of a thousandth that crank and ground leave in line.
+    Make(8, 8 - 0x1p-10, 0x1p-11, 0x1p-11 + 0x1p-20);
+    At_Once(30);
+    // By the law of cosines the gap is 4.14085.
+    EXPECT_EQ(Why_Refused(Model),
+              "At Theta2 = 30.0 deg coupler and rocker are 4.14 in too short; a coupler over 4.141 in or a rocker over "
+              "4.141 in would do.");
+    EXPECT_EQ(Why_Shown(Model, 0), "Coupler and rocker cannot meet at Theta2 = 30.0 deg: they are 4.14 in too short.");
+}
+
 TEST_F(WhyWordsTest, A_linkage_on_one_pivot_is_told_of_as_any_other) {
     Make(0, 2, 3, 4);
     Run(0, 90, 45);

@@ -199,6 +199,16 @@ TEST_F(CartesianAligned, ASlowCrankGoesItsWayAsAFastOneDoes) {
     Expect_Along_The_Axis(0, 10);
 }
 
+TEST_F(CartesianAligned, TheAxisRunsBackwardsForACrankThatDoesAndForNoOther) {
+    Choose(1, "Theta4", "Mag");
+    for (const double speed : {-0.5, 0.5, 0.0}) {
+        Model.Omega2Input = Model.Omega2 = speed;
+        MyPlot(form, chosen, 2);
+        const auto& window = form.pct_Plot[0].Drawing();
+        EXPECT_EQ(window.Left() > window.Right(), speed < 0) << speed;
+    }
+}
+
 TEST_F(CartesianAligned, ACrankAtRestStandsAtOneAngle) {
     Model.Omega2Input = 0;
     By_Angle(0, 360, 10);

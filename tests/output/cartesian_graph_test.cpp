@@ -146,6 +146,8 @@ TEST_F(CartesianGraph, HeaderLinesCoordinatesAndFonts) {
     EXPECT_EQ(At(0).GraphStyle, 2);
     EXPECT_EQ(At(0).FontUse, 0);
     EXPECT_EQ(At(0).FontSize, 90);
+    EXPECT_EQ(At(0).TextFont().size, 90);
+    EXPECT_EQ(At(0).TitleFont().size, 90);
     EXPECT_EQ(At(0).FontStyle, 2);
     EXPECT_EQ(At(0).FontFamily, 1);
     Model.CoordSystem = 0;

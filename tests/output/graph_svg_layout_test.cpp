@@ -213,6 +213,21 @@ TEST_F(GraphSvgLayout, WithoutTitlesTheFrameTakesTheirRoomAndSticksStandOnZero) 
     Expect_End();
 }
 
+TEST_F(GraphSvgLayout, ThereIsAboutAValueForEachSixtyPixelsOfTheFrame) {
+    Fill(0, 1);
+    graph.GraphTitle = "large";
+    graph.FontUse = 0;
+    graph.FontSize = 300;
+    const std::string page = Graph_Svg(graph, 640, 300);
+    // The frame is 191 high, from 71 to 262: of 0 to 4 every other one.
+    std::vector<std::string> values;
+    for (std::size_t at = 0; (at = page.find("text-anchor=\"end\"", at)) != std::string::npos; ++at) {
+        const std::size_t begin = page.find('>', at) + 1;
+        values.push_back(page.substr(begin, page.find('<', begin) - begin));
+    }
+    EXPECT_EQ(values, (std::vector<std::string>{"0", "2", "4"}));
+}
+
 TEST_F(GraphSvgLayout, LegendsThatDoNotFitBesideEachOtherStandInRows) {
     Fill(0, 1);
     graph.SetNumSets(4);

@@ -231,6 +231,9 @@ TEST_F(GraphSvgTest, A_flat_graph_has_its_value_in_the_middle) {
     Fill(1, 3, [](int) { return 0; });
     EXPECT_EQ(Value_Span(graph).low, -1);
     EXPECT_EQ(Value_Span(graph).high, 1);
+    Fill(1, 3, [](int) { return std::nan(""); });
+    EXPECT_EQ(Value_Span(graph).low, -1);
+    EXPECT_EQ(Value_Span(graph).high, 1);
 }
 
 TEST(GraphScaleTest, Round_values_are_few_and_within) {
@@ -270,6 +273,7 @@ TEST(GraphScaleTest, Labels_that_stand_clear_of_each_other_all_stay) {
     EXPECT_EQ(Labels_Every(12, 0, 96, widths, 2, 6), 12);
     EXPECT_EQ(Labels_Every(12, 0, 180, widths, 3, 6), 12);
     EXPECT_EQ(Labels_Every(12, 0, -1, {}, 3, 6), 12);
+    EXPECT_EQ(Labels_Every(1, 0, 6000, std::vector<double>(6001, 1e6), 1, 6), 6001) << "no multiple is enough";
 }
 
 TEST(GraphScaleTest, Curves_and_texts_are_readable_on_each_background) {
@@ -286,6 +290,9 @@ TEST(GraphScaleTest, Curves_and_texts_are_readable_on_each_background) {
         const double one = light(a) + 0.05, other = light(b) + 0.05;
         return std::max(one, other) / std::min(one, other);
     };
+    for (const int other : {0, 8, 14}) EXPECT_EQ(&Colors_Of(other), &Colors_Of(15)) << other;
+    EXPECT_NE(Colors_Of(1).back, Colors_Of(15).back);
+    EXPECT_NE(Colors_Of(7).back, Colors_Of(15).back);
     for (const int background : {15, 1, 7}) {
         const Graph_Colors& colors = Colors_Of(background);
         EXPECT_GT(contrast(colors.back, colors.ink), 7) << background;

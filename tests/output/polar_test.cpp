@@ -5,6 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/text.h"
 #include "screens/frm_myplot4.h"
 #include "tests/output/plotting.h"
 
@@ -239,6 +240,9 @@ TEST_F(PolarPlot, AStepShowsItsVectorAloneWithItsValues) {
     EXPECT_EQ(Text_At("lbl_StepLabel"), "Theta2");
     EXPECT_EQ(Text_At("lbl_StepUnit"), "deg");
     EXPECT_EQ(Text_At("lbl_StepNumber"), FNRoundStr(Model.RunTable.Theta(3, 0), 1));
+    EXPECT_EQ(Text_At("pnl_vector", 0), Text_Of(FNRound(Single(Velocity(3).Mag()), 3)));
+    const std::string angle = Text_At("pnl_vector", 1);
+    EXPECT_LE(angle.size() - angle.find('.') - 1, 3U) << angle;
     EXPECT_NEAR(std::stod(Text_At("pnl_vector", 0)), Velocity(3).Mag(), 6e-4);
     EXPECT_NEAR(std::stod(Text_At("pnl_vector", 1)), Velocity(3).Ang(), 2e-3);
 }

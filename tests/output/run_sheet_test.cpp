@@ -93,6 +93,17 @@ TEST_F(RunSheet, LeavesPositionsThatDoNotCloseEmptyAndOutOfItsStatistics) {
     EXPECT_LT(column.most, far);
 }
 
+TEST_F(RunSheet, OfOnePositionHasItAsLeastMostAndMean) {
+    Model.NSteps = 0;
+    const Sheet sheet = Run_Sheet(Model, false);
+    const Sheet_Column& column = *Named(sheet, "Theta3").at(0);
+    ASSERT_EQ(column.values.size(), 1U);
+    EXPECT_NEAR(column.values[0], Model.RunTable.Theta(0, 1), 1e-4);
+    EXPECT_EQ(column.mean, column.values[0]);
+    EXPECT_EQ(column.least, column.values[0]);
+    EXPECT_EQ(column.most, column.values[0]);
+}
+
 TEST_F(RunSheet, HasForcesWhereTheyAreSolvedAndVectorsInFourColumns) {
     const std::size_t without = Run_Sheet(Model, false).columns.size();
     verlink::Solve_Forces(Model);

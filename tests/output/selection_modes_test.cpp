@@ -149,6 +149,27 @@ TEST_F(Modes, MixAndMatchOpensTheSlotsAndGivesTheFirstVariableTheFocus) {
     EXPECT_FALSE(screen.cmd_Done.Enabled);
 }
 
+TEST_F(Modes, APresetThatIsAppliedFillsItsSlotsAndLocksThem) {
+    for (const auto& slot : four.Slots) Load_Components(four, slot->cmb_Com);
+    Enable_Selection(four, true, 4);
+    const Preset& preset = Presets_Of_Four()[0];
+    four.cmb_Preset.Text = preset.text;
+    Apply_Preset(four, 4);
+    for (std::size_t slot = 0; slot < 4; ++slot) {
+        EXPECT_EQ(four.Slots[slot]->cmb_Var.Text.Get(), Model.VariableNames(preset.variables[slot]));
+        EXPECT_EQ(four.Slots[slot]->lbl_Function.Caption.Get(), Model.VariableNames(preset.variables[slot]));
+        EXPECT_FALSE(four.Slots[slot]->cmb_Var.Enabled);
+        EXPECT_FALSE(four.Slots[slot]->cmd_OK.Enabled);
+    }
+    EXPECT_TRUE(four.cmd_Done.Enabled);
+    EXPECT_EQ(four.Focus(), &four.cmd_Done);
+    Enable_Selection(screen, true, 2);
+    screen.cmb_Preset.Text = Presets_Of_Two()[0].text;
+    Apply_Preset(screen, 2);
+    EXPECT_EQ(screen.cmb_Var2.Text.Get(), Model.VariableNames(Presets_Of_Two()[0].variables[1]));
+    EXPECT_FALSE(screen.cmb_Var2.Enabled);
+}
+
 TEST_F(Modes, EveryPresetFillsTheBoxesToTheLastOfTheList) {
     for (const auto& slot : four.Slots) Load_Components(four, slot->cmb_Com);
     const auto presets = Presets_Of_Four();

@@ -59,6 +59,19 @@ TEST_F(Picks, AScalarLocksTheMagnitudeAndTheFrame) {
     EXPECT_TRUE(screen.opt_Coord[0].Enabled);
 }
 
+TEST_F(Picks, AScalarCanBeTakenOverAtOnceAlsoWhereNothingAnswersItsBox) {
+    screen.cmd_OK1.Enabled = false;
+    Pick("Theta3");
+    EXPECT_TRUE(screen.cmd_OK1.Enabled);
+}
+
+TEST_F(Picks, ATakeOverCanBeRepeatedAlsoWhileTheTransformScreenIsUp) {
+    Model.FFTSelecting = true;
+    screen.cmd_OK1.Enabled = false;
+    Take("Veloc CP", "X");
+    EXPECT_TRUE(screen.cmd_OK1.Enabled);
+}
+
 TEST_F(Picks, TheDrivingTorqueIsAScalarWithTheFrameLeftOpen) {
     Pick("Torque 12");
     EXPECT_FALSE(screen.cmb_Com1.Enabled);

@@ -109,6 +109,14 @@ TEST_F(TableSheets, Hold_every_variable_and_component_in_both_frames_as_the_grid
         }
 }
 
+TEST_F(TableSheets, Have_zeros_where_the_grid_has_them_for_a_function_that_there_is_not) {
+    Fill_Run(3);
+    for (int i = 0; i <= 3; ++i) Model.RunTable.Assembled(i) = true;
+    Model.FuncGroup(4) = 15;
+    EXPECT_EQ(Table_Sheet(Model, kCaptions, Wish(1)).columns[4].values, (std::vector<double>(4, 0.0)));
+    Expect_As_In_The_Grid();
+}
+
 TEST_F(TableSheets, Leave_the_record_as_it_is) {
     Fill_Run(3);
     Model.PlotSlot = 2;
@@ -133,6 +141,8 @@ TEST_F(TableSheets, Stand_at_times_in_runs_by_time_and_at_harmonics_in_transform
     int slot = 0;
     for (const char* component : {"X", "Y", "Mag", "Ang"}) Choose(++slot, "Current FFT", component);
     sheet = Table_Sheet(Model, {"FFT", "FFT", "FFT", "FFT"}, Wish(1));
+    EXPECT_EQ(sheet.columns[0].decimals, 0);
+    EXPECT_EQ(sheet.columns[1].decimals, 1);
     EXPECT_EQ(Heads(sheet, &Sheet_Column::unit), (Texts{"", "in/sec", "in/sec", "in/sec", "deg"}));
     EXPECT_EQ(sheet.columns[0].values, (std::vector<double>{0, 1, 2}));
     EXPECT_EQ(sheet.columns[2].values, (std::vector<double>{1, 11, 21}));

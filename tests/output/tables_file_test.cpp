@@ -115,6 +115,26 @@ TEST_F(TablesFile, DecimalPlacesOfZeroLeaveATrailingPoint) {
     EXPECT_EQ(Data("\r\n" + Written())[0], "5.\t5.\t0.\t0.\t100.\t");
 }
 
+TEST_F(TablesFile, EachColumnIsInTheFrameOfItsOwnLinkWhateverWasPlotted) {
+    Fill_Run(0);
+    Model.CoordSystem = 2;
+    const double links[] = {90, 180, 270};
+    for (int link = 0; link <= 2; ++link) Model.RunTable.Theta(0, link) = links[link];
+    for (int row = 0; row <= 2; ++row) {
+        Model.RunTable.VelXY(0, row, 0) = 3;
+        Model.RunTable.VelXY(0, row, 1) = 4;
+    }
+    // Pin 2-3 belongs to link 2, pin 3-4 to link 4 and the coupler point to link 3.
+    Choose(1, "Veloc I 2,3", "X");
+    Choose(2, "Veloc I 3,4", "X");
+    Choose(3, "Veloc CP", "X");
+    Choose(4, "Veloc CP", "Y");
+    for (const int plotted : {1, 2, 3}) {
+        Model.PlotSlot = plotted;
+        EXPECT_EQ(Data("\r\n" + Written())[0], "90.0\t4.0\t-4.0\t-3.0\t-4.0\t");
+    }
+}
+
 TEST_F(TablesFile, OfATransformHasARowForEachHarmonicInTheUnitOfItsFunction) {
     Fill_Run(40);
     dynamic_cast<frm_FFT&>(platform::Screens::Get("frm_FFT")).cmb_Var1.Text = "Omega4";

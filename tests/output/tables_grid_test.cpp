@@ -273,8 +273,27 @@ TEST_F(TablesGrid, EachColumnIsInTheFrameOfItsOwnLink) {
     }
 }
 
+TEST_F(TablesGrid, ATableThatIsClearedLosesTheCellsOfItsRowsAndColumns) {
+    Grid& grid = platform::Screens::Get("frm_PrintData").Get<Grid>("grd_Data");
+    grid.SetRows(4);
+    grid.SetCols(4);
+    for (int row = 0; row < 4; ++row)
+        for (int col = 0; col < 4; ++col) grid.SetCell(row, col, "old");
+    Clear_Grid(2, 3);
+    for (int row = 0; row < 4; ++row)
+        for (int col = 0; col < 4; ++col) EXPECT_EQ(grid.Cell(row, col), row < 2 && col < 3 ? "" : "old");
+}
+
+TEST_F(TablesGrid, TheTableStandsInTheMiddleOfTheDisplay) {
+    Fill_Run(2);
+    auto& table = platform::Screens::Get("frm_PrintData");
+    table.Left() = -77;
+    Show_Table();
+    EXPECT_EQ(table.Left(), (desktop.Size.width - table.Width()) / 2);
+}
+
 TEST_F(TablesGrid, TitlesOfTablesFollowTheKindOfRun) {
-    std::string line1, line2, time, step, unit;
+    std::string line1, line2 = "of a transform before", time, step, unit;
     for (const int calctype : {2, 4, 5}) {
         Model.Calctype = calctype;
         Table_Titles(line1, line2, time, step, unit);

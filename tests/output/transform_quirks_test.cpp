@@ -45,6 +45,16 @@ TEST_F(DftQuirks, TheMeanIsNotDoubled) {
     EXPECT_NEAR(Result(1, 0), 1, 1e-6);
 }
 
+TEST_F(DftQuirks, BehindTheLastHarmonicNothingIsLeftOfATransformBefore) {
+    for (const int N : {1, 2, 7, 8}) {
+        for (int i = 0; i <= kLastStep; ++i)
+            for (int row = 0; row <= 3; ++row) Model.FFTResult(i, row) = 5;
+        Transform_Samples(Signal(N, [](double turn) { return 8 * std::cos(turn); }));
+        EXPECT_EQ(Model.HalfSamples, (N + 1) / 2);
+        Expect_Zeros(std::max(1, (N + 1) / 2), kLastStep);
+    }
+}
+
 TEST_F(DftQuirks, SampleZeroIsNotUsed) {
     const auto samples = Signal(30, [](double turn) { return std::sin(turn); });
     Transform_Samples(samples);

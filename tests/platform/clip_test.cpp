@@ -29,6 +29,18 @@ TEST(ClipTest, What_lies_within_keeps_its_bits) {
     EXPECT_EQ(to, (Point{99.9, 49.9}));
 }
 
+TEST(ClipTest, A_line_that_ends_before_the_box_or_begins_behind_it_is_not_seen) {
+    for (const double part : {0.5, 0.9})
+        for (const bool back : {false, true}) {
+            Point from{-10, 25}, to{-10 + 10 * part, 25};
+            if (back) std::swap(from, to);
+            EXPECT_FALSE(Clip_Segment(kBox, from, to)) << part;
+            Point low{30, -10}, high{30, -10 + 10 * part};
+            if (back) std::swap(low, high);
+            EXPECT_FALSE(Clip_Segment(kBox, low, high)) << part;
+        }
+}
+
 TEST(ClipTest, A_line_is_cut_where_it_enters_and_leaves) {
     Point from{-100, 25}, to{300, 25};
     ASSERT_TRUE(Clip_Segment(kBox, from, to));

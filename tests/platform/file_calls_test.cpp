@@ -102,12 +102,29 @@ TEST_F(FileCalls, ARefusedChangeOfModeIsNoReasonToLoseASave) {
     EXPECT_EQ(Held(In("a.vlk")), "new");
 }
 
+TEST_F(FileCalls, WhoIsRefusedIsToldWhatHeMayNot) {
+    Put_File(In("a.vlk"), "old");
+    const auto read = [&] { Read_File(In("a.vlk")); };
+    const auto write = [&](const char* name) { return [this, name] { Write_File(In(name), "new"); }; };
+    const auto refused = [&](const char* call, const auto& action) {
+        FailingSystem system(Number_Of(call, action), EACCES);
+        return Matter(action);
+    };
+    EXPECT_EQ(refused("Open", read), "75 you may not read it");
+    EXPECT_EQ(refused("Open_New", write("a.vlk")), "75 you may not write it, or not in its folder");
+    EXPECT_EQ(refused("Rename", write("a.vlk")), "75 you may not write it, or not in its folder");
+}
+
 TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
-    FailingSystem system(Number_Of("Flush", write), EINVAL);
-    EXPECT_EQ(Matter(write), "none");
-    EXPECT_EQ(system.Failed(), "Flush");
+    for (const int nothing : {EINVAL, ENOSYS, ENOTSUP, EROFS}) {
+        FailingSystem system(Number_Of("Flush", write), nothing);
+        EXPECT_EQ(Matter(write), "none") << nothing;
+        EXPECT_EQ(system.Failed(), "Flush");
+    }
+    FailingSystem system(Number_Of("Flush", write), EIO);
+    EXPECT_NE(Matter(write), "none");
 }
 
 TEST_F(FileCalls, WhoMayNotReadAFolderMayStillSaveThere) {
@@ -163,7 +180,13 @@ TEST_F(FileCalls, ExtendedAttributesAndModeStay) {
     ::chmod(In("a.vlk").c_str(), 0640);
     if (::setxattr(In("a.vlk").c_str(), "user.origin", "the press shop", 14, 0) != 0)
         GTEST_SKIP() << "no attributes on this file system";
+    for (const char* other : {"user.one", "user.another"}) ::setxattr(In("a.vlk").c_str(), other, other, 8, 0);
     Write_File(In("a.vlk"), "new");
+    for (const char* other : {"user.one", "user.another"}) {
+        char kept[64];
+        ASSERT_EQ(::getxattr(In("a.vlk").c_str(), other, kept, sizeof kept), 8);
+        EXPECT_EQ(std::string(kept, 8), std::string(other, 8));
+    }
     char value[64];
     ASSERT_EQ(::getxattr(In("a.vlk").c_str(), "user.origin", value, sizeof value), 14);
     EXPECT_EQ(std::string(value, 14), "the press shop");

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/unheard.h"
+
 namespace verlink::test {
 namespace {
 
@@ -34,6 +36,16 @@ class Guard : public testing::Test {
 TEST_F(Guard, WithoutAReporterAFailureIsAMistakeOfTheProgram) {
     Install_Reporter(nullptr);
     EXPECT_THROW(Fail("Somewhere", 11), std::logic_error);
+}
+
+TEST_F(Guard, AFailureThatNobodyIsToHearOfIsNotTold) {
+    {
+        const platform::Unheard unheard;
+        EXPECT_FALSE(Fail("Calculate", 11));
+    }
+    EXPECT_EQ(reports, Reports());
+    EXPECT_FALSE(Fail("Calculate", 11));
+    EXPECT_EQ(reports, (Reports{"Calculate 11 x1"}));
 }
 
 TEST_F(Guard, EachFailureIsToldAtOnceAndForItself) {

@@ -102,10 +102,10 @@ TEST_F(PicturePixelsTest, AfterSomethingWasTakenOutATraceGoesOnWithWhatIsNew) {
 TEST_F(PicturePixelsTest, AnythingBitByBitIsTheSameAsAnew) {
     std::mt19937 random(11);
     const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-    for (int i = 0; i < 30000; ++i) {
-        if (any(2000) == 0) picture.Cls();
-        if (any(3000) == 0) picture.Scale(-6 - any(3), -6, 6, 6 + any(3));
-        if (any(3000) == 0) picture.BackColor(any(2) ? kWhite : kGreen);
+    for (int i = 0; i < 6000; ++i) {
+        if (any(500) == 0) picture.Cls();
+        if (any(600) == 0) picture.Scale(-6 - any(3), -6, 6, 6 + any(3));
+        if (any(600) == 0) picture.BackColor(any(2) ? kWhite : kGreen);
         const int kind = any(4);
         const double x = any(9) - 4, y = any(9) - 4;
         const Color color = any(3) == 0 ? kWhite : any(2) ? kRed : any(2) ? kGreen : kBlack;

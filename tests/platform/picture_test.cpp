@@ -79,6 +79,34 @@ TEST_F(PictureTest, TheCurrentPointFollowsEachCall) {
     EXPECT_EQ(living[6].x2, 0);
 }
 
+TEST_F(PictureTest, MarksThatLieInTheSamePlaceAreOneWhateverTheyAreBeside) {
+    using Beside = platform::Surface::Beside;
+    const Beside ends[] = {{1, 2, 0, 0}, {3, 1, 0, 0}};
+    for (const bool at_end : {false, true})
+        for (const bool upright : {false, true}) {
+            // Half a unit further off, beside a place that is half a unit nearer, and beside one as much further away.
+            for (const float way : {-0.5F, 0.5F}) {
+                picture.Cls();
+                picture.Mark(ends[0], ends[1], kRed);
+                Beside other[] = {ends[0], ends[1]};
+                Beside& moved = other[at_end ? 1 : 0];
+                (upright ? moved.y : moved.x) += way;
+                (upright ? moved.dy : moved.dx) = 0.5F;
+                picture.Mark(other[0], other[1], kGreen);
+                EXPECT_EQ(picture.Alive(), way < 0 ? 1U : 2U) << at_end << upright;
+            }
+        }
+}
+
+TEST_F(PictureTest, ALargestScaleIsTakenAndNoLargerOne) {
+    picture.Scale(0, 0, 3.4e38, 1);
+    EXPECT_EQ(picture.Right(), 3.4e38);
+    EXPECT_THROW(picture.Scale(0, 0, 3.5e38, 1), platform::RuntimeFailure);
+    picture.Scale(0, 0, 1e-25, 1);
+    EXPECT_EQ(picture.Right(), 1e-25);
+    EXPECT_THROW(picture.Scale(0, 0, 0.9e-25, 1), platform::RuntimeFailure);
+}
+
 TEST_F(PictureTest, ClearingMovesTheCurrentPointToTheTopLeft) {
     picture.PSet(1, 1, kRed);
     picture.Cls();
@@ -265,8 +293,8 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
     std::set<What> erased;  // since the last stroke was added
     std::mt19937 random(7);
     const auto any = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
-    for (int i = 0; i < 60000; ++i) {
-        if (any(5000) == 0) {
+    for (int i = 0; i < 15000; ++i) {
+        if (any(3000) == 0) {
             picture.Cls();
             plain.clear();
             erased.clear();

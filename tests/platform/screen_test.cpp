@@ -69,6 +69,21 @@ TEST_F(ScreenTest, AShowingReturnsWhenTheScreenIsHidden) {
     EXPECT_EQ(events, Events{"activate frm_A"});
 }
 
+TEST_F(ScreenTest, TheWindowOfAScreenGoesOnceWithIt) {
+    struct Windows : ScriptedDesktop {
+        void Hide_Window(Screen& screen) override { gone.push_back(screen.Name()); }
+        Events gone;
+    } windows;
+    platform::Use_Desktop(&windows);
+    windows.Expect_Screen("frm_A", [](Screen& screen) {
+        screen.Hide();
+        screen.Hide();
+    });
+    The("frm_A").ShowModal();
+    EXPECT_EQ(windows.gone, Events{"frm_A"});
+    platform::Use_Desktop(&desktop);
+}
+
 TEST_F(ScreenTest, TheScreenBelowIsReturnedToWhenTheChildCloses) {
     desktop.Expect_Screen("frm_A", [](Screen& a) {
         The("frm_B").ShowModal();
@@ -185,8 +200,10 @@ TEST_F(ScreenTest, KeysDoWhatTheControlThatHasThemDoes) {
     keyed.menu.Enabled = false;
     keyed.button.Enabled = false;
     keyed.shortcut.Enabled = false;
+    keyed.box.SetFocus();
     for (const char* keys : {"Ctrl+S", "Ctrl+P", "Right"}) EXPECT_TRUE(keyed.Press_Keys(keys)) << keys;
     EXPECT_TRUE(done.empty());
+    EXPECT_EQ(keyed.Focus(), &keyed.box);
 }
 
 TEST_F(ScreenTest, AMenuIsToldBeforeItsEntriesComeIntoSightTheOuterOnesFirst) {

@@ -30,7 +30,8 @@ class SettingsTest : public Fixture {
     }
 };
 
-const std::vector<std::string> kAwkward = {"a b", "", "tab\there", "two\nlines", "back\\slash\\n", "a=b", "\\t", "ä"};
+const std::vector<std::string> kAwkward = {"a b", "",    "tab\there", "two\nlines", "back\\slash\\n",
+                                           "a=b", "\\t", "ä",         "its end\n",  "\\"};
 
 TEST_F(SettingsTest, WhatWasPutComesBackInTheNextSession) {
     Settings first = Opened();
@@ -87,6 +88,37 @@ TEST_F(SettingsTest, ABrokenFileCountsAsNoneAndIsReplacedByAWholeOne) {
         settings.Save();
         EXPECT_EQ(platform::Read_File(File()), "Verlink settings 1\nb=2\n");
     }
+}
+
+TEST_F(SettingsTest, ANameHasLettersDigitsPointsAndUnderlines) {
+    std::string content = "Verlink settings 1\n";
+    for (const char letter : std::string("azAZ09._`{@[/:-")) content += std::string("n") + letter + "=1\n";
+    Hold(content);
+    const Settings settings = Opened();
+    for (const char letter : std::string("azAZ09._")) EXPECT_TRUE(settings.Has(std::string("n") + letter)) << letter;
+    for (const char letter : std::string("`{@[/:-")) EXPECT_FALSE(settings.Has(std::string("n") + letter)) << letter;
+}
+
+TEST_F(SettingsTest, AListThatIsPutAgainIsWrittenWhereItIsAnother) {
+    Settings settings = Opened();
+    settings.Put("recent", std::vector<std::string>{"a", "b"});
+    settings.Save();
+    fs::remove(File());
+    settings.Put("recent", std::vector<std::string>{"a", "b"});
+    settings.Save();
+    EXPECT_FALSE(fs::exists(File()));
+    settings.Put("recent", std::vector<std::string>{"b"});
+    settings.Save();
+    EXPECT_EQ(Opened().List("recent"), std::vector<std::string>{"b"});
+}
+
+TEST_F(SettingsTest, AFileOfAMegabyteIsReadAndNoLargerOne) {
+    const std::string head = "Verlink settings 1\na=1\nb=";
+    const std::size_t most = 1024 * 1024;
+    Hold(head + std::string(most - head.size() - 1, 'x') + "\n");
+    EXPECT_TRUE(Opened().Has("b"));
+    Hold(head + std::string(most - head.size(), 'x') + "\n");
+    EXPECT_FALSE(Opened().Has("a"));
 }
 
 TEST_F(SettingsTest, OfAFileThatWasCutOffTheWholeLinesCount) {

@@ -195,6 +195,18 @@ TEST_F(Cognates, ASwitchDropsTheResults) {
     EXPECT_FALSE(status.Visible.Get());
 }
 
+TEST_F(Cognates, OfALinkageThatIsNewAreThoseOfItself) {
+    Enter_Linkage(Road::kBoxes, [] {
+        Model.PolarCoords = true;
+        Model.L1 = 3;
+        Model.Rpa = 2;
+    });
+    ASSERT_TRUE(Model.CognatesDue);
+    // Its ground is as much longer as the coupler point is further from the crank's pin than the other pin is.
+    Switch_Cognate(2);
+    EXPECT_NEAR(Model.L1, 3 * 2 / 2.5, 1e-6);
+}
+
 TEST_F(Cognates, GoingBackToTheFirstGivesTheLinkageAsItWas) {
     Model.Link1Angle = 20;
     const CognateTable before = Model.Cognates;

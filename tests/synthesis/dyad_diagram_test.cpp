@@ -372,6 +372,20 @@ TEST_F(DyadDiagram, TheFigureDoesNotDependOnItsSize) {
     EXPECT_NEAR((picture.Right() - picture.Left()) / width, 1024, 1e-6);
 }
 
+TEST_F(DyadDiagram, AnAngleHasAnArcFromATwentiethOfADegreeOn) {
+    const auto drawn = [this](double turn) {
+        DyadFigure f = Dyad_Sketch(2);
+        f.beta[1] = turn;
+        Draw(f);
+        return picture.Alive();
+    };
+    for (const double sign : {1.0, -1.0}) {
+        EXPECT_EQ(drawn(sign * 0.049), drawn(sign * 0.01));
+        // Two pieces, and a head of 13 strokes.
+        EXPECT_EQ(drawn(sign * 0.051), drawn(sign * 0.01) + 2 + 13);
+    }
+}
+
 TEST_F(DyadDiagram, AnglesOfZeroHaveNoArcAndADisplacementOfZeroHasNoDirection) {
     DyadFigure f;
     f.W = {0, 2};
