@@ -104,6 +104,31 @@ void Check_Tables(const LinkageModel& record, int rows_driven, int rows_of_torqu
     if (record.TorqueImported && record.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
 }
 
+/// The table of torques that a model came with or that was imported: a run by angle or by time drops it.
+class Torques_In_Hand {
+   public:
+    explicit Torques_In_Hand(int rows) {
+        for (int step = 0; Model.TorqueImported && step < rows; ++step)
+            torques_.push_back(Model.RunTable.ImportedTorque(step));
+    }
+    /// False, and a word about it, where the run has another number of positions.
+    bool Put_Back(std::ostream& notes) const {
+        if (torques_.empty()) return true;
+        if (static_cast<int>(torques_.size()) != Model.NSteps + 1) {
+            notes << "verlink-batch: the model has torques for " << torques_.size() << " positions, and the run has "
+                  << Model.NSteps + 1 << '\n';
+            return false;
+        }
+        for (int step = 0; step <= Model.NSteps; ++step)
+            Model.RunTable.ImportedTorque(step) = torques_[static_cast<std::size_t>(step)];
+        Model.TorqueImported = true;
+        return true;
+    }
+
+   private:
+    std::vector<Single> torques_;
+};
+
 /// A record as it is at the start of a process.
 void Start_Afresh() {
     std::destroy_at(&Model);
@@ -131,6 +156,7 @@ class Batch {
         if (!Open()) return kFailed;
         if (options_.study.Wanted()) return Study();
         if (options_.drive && !Take_Drive(*options_.drive, err_)) return kFailed;
+        // In the units that the model came in, whatever it is converted to.
         if (options_.torque && options_.save && !Take_Torque(*options_.torque, err_)) return kFailed;
         if (options_.convert_units) Convert(*options_.convert_units);
         // What a run changes of the model is not saved.
@@ -140,10 +166,12 @@ class Batch {
         if (options_.cognates && !Print_Cognates()) return kFailed;
         if (options_.balance_report && !Report_Balance()) return kFailed;
         bool done = !options_.Run_Wanted();
+        const Torques_In_Hand torques(options_.torque ? Model.NSteps + 1 : rows_of_torque_);
         if (options_.Run_Wanted() && Run_Model(err_)) {
             done = Tell_Of_Gaps(err_);
-            // A run by angle or time drops the torque, also what was imported to be saved.
-            if (options_.torque && options_.Forces_Wanted() && !Take_Torque(*options_.torque, err_)) return kFailed;
+            const bool late = options_.torque && !options_.save;
+            if (options_.Forces_Wanted() && !(late ? Take_Torque(*options_.torque, err_) : torques.Put_Back(err_)))
+                return kFailed;
             // A step that cannot be solved spoils the status; the table keeps what was solved before it.
             if (options_.Forces_Wanted()) done = Solve_Forces(Model).solved && done;
             if (options_.balance && !Balance()) return kFailed;
@@ -190,11 +218,11 @@ class Batch {
     }
 
     void Replace_Fields(LinkageModel& record) {
+        rows_of_torque_ = record.TorqueImported ? record.NSteps + 1 : 0;
         if (options_.sets.empty()) return;
         const int rows_driven = record.Calctype > 3 ? record.NSteps + 1 : 0;
-        const int rows_of_torque = record.TorqueImported ? record.NSteps + 1 : 0;
         for (const auto& [field, value] : options_.sets) Set_File_Field(field, value, record);
-        Check_Tables(record, rows_driven, rows_of_torque);
+        Check_Tables(record, rows_driven, rows_of_torque_);
     }
 
     static void Convert(int units) {
@@ -259,8 +287,9 @@ class Batch {
     const BatchOptions& options_;
     Printout& print_;
     std::ostream& err_;
-    int columns_;        ///< of the terminal that a study shows itself on
-    std::string model_;  ///< as it is to be saved, until it is
+    int columns_;             ///< of the terminal that a study shows itself on
+    std::string model_;       ///< as it is to be saved, until it is
+    int rows_of_torque_ = 0;  ///< that the model's file has
     std::vector<Made> results_;
     std::vector<Check> checks_;
 };

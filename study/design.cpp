@@ -147,6 +147,7 @@ Design Design_Of(const LinkageModel& model) {
     design.CircuitSign = model.CircuitIndex == 1 ? -1 : 1;
     design.shown = Shown_Factor(model);
     design.wrap = Wrap_Of(model.ModuloMode);
+    design.torque_table = model.TorqueImported;
     return design;
 }
 

@@ -19,8 +19,9 @@ namespace verlink::study {
 
 /// Units and frames of all values are those of the slices.
 struct Design : Geometry, Drive, MassProperties {
-    double shown = 1;         ///< the factor between a stored length and a shown one
-    Wrap wrap = Wrap::kNone;  ///< how stored angles are wrapped
+    double shown = 1;           ///< the factor between a stored length and a shown one
+    Wrap wrap = Wrap::kNone;    ///< how stored angles are wrapped
+    bool torque_table = false;  ///< whether the torque on link 4 is a table, which a study has not
 
     /// What follows from the values that may be moved, to the bits that the record has: link 1 from the form of it in
     /// force, radians, components of loads. False for lengths that close nowhere, negative ones among them. Failure 6

@@ -23,12 +23,12 @@ std::size_t Angles_Of(const Study& study) {
     return angles.size();
 }
 
-const Measure* First_Of_A_Balance(const Study& study) {
-    const auto balance = [](const Measure& measure) { return measure.wanted == Wanted::kBalance; };
+/// The first measure, or bound, that takes so much of a solve.
+const Measure* First_Of(const Study& study, Wanted least) {
     for (const Measure& measure : study.measures)
-        if (balance(measure)) return &measure;
+        if (measure.wanted >= least) return &measure;
     for (const Keep& keep : study.keeps)
-        if (balance(keep.measure)) return &keep.measure;
+        if (keep.measure.wanted >= least) return &keep.measure;
     return nullptr;
 }
 
@@ -41,8 +41,11 @@ std::string Fault_Of(const Study& study) {
     if (angles > 0 && design.Calctype == kByTime)
         return "a measure \"at\" an angle takes a run by angle or one position";
     if (design.Calctype != kByAngle)
-        if (const Measure* measure = First_Of_A_Balance(study))
+        if (const Measure* measure = First_Of(study, Wanted::kBalance))
             return "\"" + measure->words + "\" takes a run by angle, which alone is balanced";
+    if (design.torque_table)
+        if (const Measure* measure = First_Of(study, Wanted::kForces))
+            return "\"" + measure->words + "\" takes a torque on link 4 that is typed, not a table of torques";
     const int last = design.Calctype == 1 ? 0 : int{design.NSteps};
     if (last + static_cast<int>(angles) > kLastStep)
         return "the run and the angles of \"at\" have more than " + std::to_string(kLastStep + 1) + " positions";

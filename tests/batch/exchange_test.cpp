@@ -210,6 +210,44 @@ TEST_F(Exchange, ImportedTorqueIsTheLoadOnLink4StepByStep) {
     }
 }
 
+TEST_F(Exchange, AModelThatHasATorqueTableIsSolvedWithIt) {
+    std::string content = "36\r\n";
+    for (int step = 0; step <= 36; ++step) content += std::to_string(step * 2 - 30) + "\r\n";
+    const std::string torque = Write("load.trq", content);
+    const std::string imported = Run(model, {"--dynamics", "--torque", torque}).out;
+    ASSERT_EQ(Run(model, {"--torque", torque, "--save", Path("loaded.vlk")}).status, 0);
+    EXPECT_EQ(Run({Path("loaded.vlk"), "--dynamics"}).out, imported);
+
+    const Outcome fewer = Run({Path("loaded.vlk"), "--dynamics", "--set", "ThetaStepStr=20"});
+    EXPECT_EQ(fewer.status, 1);
+    EXPECT_EQ(fewer.err, "verlink-batch: the model has torques for 37 positions, and the run has 19\n");
+    EXPECT_EQ(Run({Path("loaded.vlk"), "--set", "ThetaStepStr=20"}).status, 0) << "no forces, no torques";
+
+    const Outcome study = Run({Path("loaded.vlk"), "--sweep", "L2=1:1.1:3", "--measure", "max Torque 12"});
+    EXPECT_NE(study.status, 0);
+    EXPECT_NE(study.err.find("\"max Torque 12\" takes a torque on link 4 that is typed, not a table of torques"),
+              std::string::npos)
+        << study.err;
+    EXPECT_EQ(Run({Path("loaded.vlk"), "--sweep", "L2=1:1.1:3", "--measure", "max Theta4"}).status, 0);
+}
+
+TEST_F(Exchange, TorquesAreInTheUnitsOfTheModelThatTheyAreImportedTo) {
+    std::string content = "36\r\n";
+    for (int step = 0; step <= 36; ++step) content += "6\r\n";
+    const std::string torque = Write("load.trq", content);
+    ASSERT_EQ(Run(model, {"--convert-units", "2", "--save", Path("free.vlk")}).status, 0);
+    const CsvTable free = Run({Path("free.vlk"), "--dynamics"}).Table();
+    ASSERT_EQ(Run(model, {"--dynamics", "--torque", torque, "--convert-units", "2", "--save", Path("feet.vlk"), "--csv",
+                          Path("feet.csv")})
+                  .status,
+              0);
+    const CsvTable once(Read(Path("feet.csv"))), again = Run({Path("feet.vlk"), "--dynamics"}).Table();
+    for (int row = 0; row <= 36; ++row) {
+        EXPECT_NEAR(once.At(row, "Torque L4") - free.At(row, "Torque L4"), 0.5, 1e-5) << row;
+        EXPECT_NEAR(again.At(row, "Torque L4") - free.At(row, "Torque L4"), 0.5, 1e-5) << row;
+    }
+}
+
 TEST_F(Exchange, ATorqueTableOfAnotherLengthIsRefused) {
     const std::string torque = Write("load.trq", "1\r\n0.5\r\n-1.5\r\n");
     Expect_Refused({"--dynamics", "--torque", torque},
