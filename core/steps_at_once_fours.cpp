@@ -1,6 +1,6 @@
 // Positions of a run in fours; built for machines with AVX2, and called on them alone.
-#include <cmath>
 #include <algorithm>
+#include <cmath>
 
 #include "core/steps_at_once.h"
 
