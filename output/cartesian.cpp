@@ -190,6 +190,7 @@ void Set_Up_Axes(Graph& graph) {
     graph.FontStyle = 2;
     graph.FontFamily = 1;
     graph.FontUse = 0;
+    graph.FontSize = 90;
 }
 
 void Plot_Setup(Screen& screen, int windows) {

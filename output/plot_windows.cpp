@@ -18,10 +18,9 @@ using platform::Surface;
 
 namespace {
 
-Surface& Only_Canvas(Screen& screen) { return screen.Get<PictureBox>("pct_Plot").Canvas(); }
 Surface& Canvas(Screen& screen, int i) {
     if (auto* box = screen.FindAs<PictureBox>("pct_Plot", i)) return box->Canvas();
-    return Only_Canvas(screen);
+    return screen.Get<PictureBox>("pct_Plot").Canvas();
 }
 
 bool Ticked(Screen& screen, const char* name) {
@@ -105,7 +104,7 @@ void SetWindow(Screen& screen, int i, Single& ymax, Single xmin, Single xmax, co
     });
 }
 
-void SetPolarWindow(Screen& screen, Single& ymax, const std::string& name, Single& mid) {
+void SetPolarWindow(Screen& screen, int i, Single& ymax, const std::string& name, Single& mid) {
     Model.WindowFailed = false;
     Try_Scale("SetPolarWindow", Capacity_Words(name), [&] {
         if (ymax == 0) ymax = 0.0001;
@@ -115,7 +114,7 @@ void SetPolarWindow(Screen& screen, Single& ymax, const std::string& name, Singl
         const double top = down * ymax;
         const double bottom = -down * ymax;
         mid = top + bottom;
-        Only_Canvas(screen).Scale(-right, top, right, bottom);
+        Canvas(screen, i).Scale(-right, top, right, bottom);
     });
 }
 
@@ -127,9 +126,9 @@ void CartesianAxes(Screen& screen, int i, Single ymax, Single xmin, Single xmax)
     });
 }
 
-void PolarAxes(Screen& screen, Single r) {
+void PolarAxes(Screen& screen, int i, Single r) {
     Guarded("PolarAxes", [&] {
-        Surface& surface = Only_Canvas(screen);
+        Surface& surface = Canvas(screen, i);
         Draw_Line(surface, -r, 0, r, 0);
         Draw_Line(surface, 0, -r, 0, r);
     });
@@ -156,9 +155,9 @@ void YticMarks(Screen& screen, int i, Single ymax, int n, Single xmin, Single xm
     });
 }
 
-void PolarTicmarks(Screen& screen, Single r, int n) {
+void PolarTicmarks(Screen& screen, int i, Single r, int n) {
     Guarded("PolarTicmarks", [&] {
-        Surface& surface = Only_Canvas(screen);
+        Surface& surface = Canvas(screen, i);
         const Single t = r * 0.01;
         const Single f = Divide(1.0, n);
         const Single step = f * r;

@@ -18,14 +18,13 @@ void SetGridstyle(platform::Screen& screen, int GraphWindows);
 /// and `WindowFailed` is set.
 void SetWindow(platform::Screen& screen, int i, Single& ymax, Single xmin, Single xmax, const std::string& name,
                Single& mid, int windows);
-/// The same for the one window of a polar plot, as wide as high.
-void SetPolarWindow(platform::Screen& screen, Single& ymax, const std::string& name, Single& mid);
+void SetPolarWindow(platform::Screen& screen, int i, Single& ymax, const std::string& name, Single& mid);
 
 void CartesianAxes(platform::Screen& screen, int i, Single ymax, Single xmin, Single xmax);
-void PolarAxes(platform::Screen& screen, Single r);
+void PolarAxes(platform::Screen& screen, int i, Single r);
 void XticMarks(platform::Screen& screen, int i, Single ymax, Single xmin, Single xmax);
 void YticMarks(platform::Screen& screen, int i, Single ymax, int n, Single xmin, Single xmax);
-void PolarTicmarks(platform::Screen& screen, Single r, int n);
+void PolarTicmarks(platform::Screen& screen, int i, Single r, int n);
 void Vertical_lines(platform::Screen& screen, int i, Single ymax, Single xmin, Single xmax);
 
 /// Decimals of the numbers along an axis of that half height: none from 100 up, 1 from 10, 2 from 1, else 3.

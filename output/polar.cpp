@@ -49,8 +49,8 @@ void Draw_Path(Surface& surface, const OutputSettings& plot, Color color, int fi
 }
 
 void Draw_Grid(Screen& screen, const OutputSettings& plot) {
-    PolarAxes(screen, plot.PlotYmax);
-    PolarTicmarks(screen, plot.PlotYmax, kTics);
+    PolarAxes(screen, 0, plot.PlotYmax);
+    PolarTicmarks(screen, 0, plot.PlotYmax, kTics);
 }
 
 /// The vectors and the path, by the mode, up to a step.
@@ -140,7 +140,7 @@ void MyPolarPlot(Screen& screen, Screen& selectionScreen) {
         Fill_Tips(Model, Model.NSteps, Model.PlotSlot);
         GlobalMax([](int i) { return Model.PolarX(i); }, [](int i) { return Model.PolarY(i); }, 0, Model.NSteps,
                   Model.PlotYmax);
-        SetPolarWindow(screen, Model.PlotYmax, name, Model.PlotMid);
+        SetPolarWindow(screen, 0, Model.PlotYmax, name, Model.PlotMid);
         if (!Model.WindowFailed) {
             Draw_Grid(screen, Model);
             Surface& surface = Canvas(screen);

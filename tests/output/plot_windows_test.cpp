@@ -139,10 +139,10 @@ TEST_F(PlotWindows, TheNextWindowIsNoFailureAnyMore) {
     EXPECT_FALSE(Model.WindowFailed);
     desktop.Expect_Message(kFirstSentence);
     ymax = 1e-30;
-    SetPolarWindow(polar, ymax, "Veloc CP", mid);
+    SetPolarWindow(polar, 0, ymax, "Veloc CP", mid);
     EXPECT_TRUE(Model.WindowFailed);
     ymax = 1;
-    SetPolarWindow(polar, ymax, "Veloc CP", mid);
+    SetPolarWindow(polar, 0, ymax, "Veloc CP", mid);
     EXPECT_FALSE(Model.WindowFailed);
 }
 
@@ -150,7 +150,7 @@ TEST_F(PlotWindows, APolarWindowIsWiderThanItsVectorsAndIsNotCleared) {
     platform::Picture& picture = polar.pct_Plot.Drawing();
     picture.Line(0, 0, 1, 1, 255);
     ymax = 20;
-    SetPolarWindow(polar, ymax, "Veloc CP", mid);
+    SetPolarWindow(polar, 0, ymax, "Veloc CP", mid);
     EXPECT_EQ(picture.Alive(), 1U);
     // 1.1 and 1.115 are singles.
     EXPECT_EQ(picture.Right(), static_cast<double>(1.1F) * 20);
@@ -162,7 +162,7 @@ TEST_F(PlotWindows, APolarWindowIsWiderThanItsVectorsAndIsNotCleared) {
 
 TEST_F(PlotWindows, APolarWindowOfZeroIsATenThousandth) {
     ymax = 0;
-    SetPolarWindow(polar, ymax, "Veloc CP", mid);
+    SetPolarWindow(polar, 0, ymax, "Veloc CP", mid);
     EXPECT_EQ(ymax, Single(0.0001));
     EXPECT_FALSE(Model.WindowFailed);
 }
@@ -170,7 +170,7 @@ TEST_F(PlotWindows, APolarWindowOfZeroIsATenThousandth) {
 TEST_F(PlotWindows, APolarWindowThatFailsTellsTheFirstSentenceAlone) {
     desktop.Expect_Message(kFirstSentence, platform::Answer::kOk, platform::Icon::kNone);
     ymax = 1e-30;
-    SetPolarWindow(polar, ymax, "Veloc CP", mid);
+    SetPolarWindow(polar, 0, ymax, "Veloc CP", mid);
     EXPECT_TRUE(Model.WindowFailed);
 }
 
@@ -181,7 +181,7 @@ TEST_F(PlotWindows, AScreenWithoutPicturesIsReportedUnderTheName) {
     SetWindow(bare, 0, ymax, 0, 360, "Veloc CP", mid, 2);
     EXPECT_TRUE(Model.WindowFailed);
     desktop.Expect_Message_With("SetPolarWindow");
-    SetPolarWindow(bare, ymax, "Veloc CP", mid);
+    SetPolarWindow(bare, 0, ymax, "Veloc CP", mid);
     desktop.Expect_Message_With("CartesianAxes");
     CartesianAxes(bare, 0, 1, 0, 360);
 }
@@ -192,7 +192,7 @@ TEST_F(PlotWindows, AxesInBlack) {
     Expect_Rows(log.Calls, {Black(45, 0, 405, 0), Black(45, -8, 45, 8)});
     polar.pct_Plot.Redirect(&log);
     log.Calls.clear();
-    PolarAxes(polar, 8);
+    PolarAxes(polar, 0, 8);
     Expect_Rows(log.Calls, {Black(-8, 0, 8, 0), Black(0, -8, 0, 8)});
 }
 
@@ -242,7 +242,7 @@ TEST_F(PlotWindows, YTicsStandEveryFifthAndGoOneBeyondTheTop) {
 
 TEST_F(PlotWindows, PolarTicsStandOnBothAxes) {
     polar.pct_Plot.Redirect(&log);
-    PolarTicmarks(polar, 5, 10);
+    PolarTicmarks(polar, 0, 5, 10);
     std::vector<std::string> expected;
     const auto step = static_cast<float>(static_cast<double>(0.1F) * 5);
     for (float s = -5; s <= 5; s += step) {
