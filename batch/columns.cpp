@@ -7,6 +7,7 @@
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "output/catalogue.h"
+#include "output/output_axis.h"
 #include "output/reading.h"
 #include "output/series.h"
 #include "output/transform.h"
@@ -26,8 +27,9 @@ std::string Stored_Length_Unit() {
 }
 
 template <class Value>
-void Add_Column(std::vector<Column>& columns, const std::string& name, const std::string& unit, Value value) {
-    Column column{name, unit, {}, columns.size() > 2};
+void Add_Column(std::vector<Column>& columns, const std::string& name, const std::string& unit, Value value,
+                bool where_closed = true) {
+    Column column{name, unit, {}, where_closed};
     for (int step = 0; step <= Model.NSteps; ++step) column.values.push_back(value(step));
     columns.push_back(std::move(column));
 }
@@ -67,9 +69,11 @@ void Add_Centrode(std::vector<Column>& columns, const std::string& name, const S
 std::vector<Column> Run_Columns(bool local) {
     Use_Frame(local, kSlot);
     std::vector<Column> columns;
-    Add_Column(columns, "Step", "", [](int step) { return Single(step); });
-    Add_Column(columns, "Assembled", "", [](int step) { return Single(Model.RunTable.Assembled(step) ? 1 : 0); });
-    Add_Column(columns, "Time", "sec", [](int step) { return Single(step * Model.TimeStep + Model.TimeStart); });
+    Add_Column(columns, "Step", "", [](int step) { return Single(step); }, false);
+    Add_Column(
+        columns, "Assembled", "", [](int step) { return Single(Model.RunTable.Assembled(step) ? 1 : 0); }, false);
+    const auto time = [](int step) { return Single(step * Model.TimeStep + Model.TimeStart); };
+    if (Steps_Are_Times(Model)) Add_Column(columns, "Time", "sec", time, false);
     const int last = Last_Variable(Model.DynamicsDone, Model.BalanceDone);
     for (int number = 1; number <= last; ++number) Add_Variable(columns, Model.VariableNames(number));
     Add_Centrode(columns, "Fixed Centrode", Model.RunTable.FixedCentrode);

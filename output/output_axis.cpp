@@ -8,9 +8,11 @@
 
 namespace verlink {
 
+bool Steps_Are_Times(const LinkageModel& model) { return model.Calctype != 1 && model.Calctype != 3; }
+
 Axis Output_Axis() {
     if (Model.FFTFunction) return Axis::kHarmonic;
-    return Model.Calctype == 1 || Model.Calctype == 3 ? Axis::kAngle : Axis::kTime;
+    return Steps_Are_Times(Model) ? Axis::kTime : Axis::kAngle;
 }
 
 int Last_Point() { return Model.FFTFunction ? Model.Harmonics : Model.NSteps; }

@@ -5,6 +5,11 @@
 
 namespace verlink {
 
+struct LinkageModel;
+
+/// Whether the steps of the run are moments: not those of a run by angle, nor one position.
+bool Steps_Are_Times(const LinkageModel& model);
+
 /// Times of runs by time and of driven ones; crank angles, degrees, of runs by angle and of one position; the harmonics
 /// of a transform, whatever the run.
 enum class Axis { kTime, kAngle, kHarmonic };

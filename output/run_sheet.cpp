@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/numeric.h"
+#include "output/output_axis.h"
 #include "output/reading.h"
 #include "output/series.h"
 
@@ -82,8 +83,7 @@ Sheet Run_Sheet(const LinkageModel& model, bool local) {
     columns.push_back(Column_Of(model, "Step", "", kWhole, [](int step) { return double(step); }));
     columns.push_back(
         Column_Of(model, "Closes", "", kWhole, [&](int step) { return model.RunTable.Assembled(step) ? 1.0 : 0.0; }));
-    const bool by_angle = model.Calctype == 1 || model.Calctype == 3;
-    if (!by_angle)
+    if (Steps_Are_Times(model))
         columns.push_back(Column_Of(model, "Time", "sec", kDecimals, [&](int step) {
             return Decimal_Of(Single(step * model.TimeStep + model.TimeStart));
         }));

@@ -13,13 +13,14 @@ bool frm_Synth2A::Solve() {
     Model.SynTheta = Value_Of(txt_Theta);
     Model.SynBeta2 = Value_Of(txt_Beta2);
     Model.SynPhi = Value_Of(txt_Phi);
-    TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynBeta2, Model.SynTheta, Model.SynPhi, Model.SynW,
-           Model.SynWx, Model.SynWy, Model.SynZ, Model.SynZx, Model.SynZy);
+    const bool left = TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynBeta2, Model.SynTheta, Model.SynPhi,
+                             Model.SynW, Model.SynWx, Model.SynWy, Model.SynZ, Model.SynZx, Model.SynZy);
     Model.SynSigma = Value_Of(txt_Sigma);
     Model.SynGamma2 = Value_Of(txt_Gamma2);
     Model.SynXi = Value_Of(txt_Xi);
-    TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi, Model.SynU,
-           Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
+    const bool right = TwoPos(1, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi,
+                              Model.SynU, Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
+    if (!left || !right) return false;
     Assemble(0);
     Show_Values();
     Show_Magnitudes();

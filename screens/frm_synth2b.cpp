@@ -30,8 +30,11 @@ void frm_Synth2B::Fill() {
     // As they are read: not in the shown unit.
     txt_Zmag.Text = FNRoundStr(Model.SynZ, Model.DecLength);
     txt_Smag.Text = FNRoundStr(Model.SynS, Model.DecLength);
-    txt_Wmag.Text = "";
-    txt_Umag.Text = "";
+}
+
+void frm_Synth2B::Void_Results() {
+    Synthesis_Screen::Void_Results();
+    for (TextBox* found : {&txt_Theta, &txt_Wmag, &txt_Sigma, &txt_Umag}) found->Text = "";
 }
 
 bool frm_Synth2B::Solve() {
@@ -39,15 +42,16 @@ bool frm_Synth2B::Solve() {
     Model.SynBeta2 = Value_Of(txt_Beta2);
     Model.SynZ = Value_Of(txt_Zmag);
     Model.SynPhi = Value_Of(txt_Phi);
-    TwoPos(2, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynBeta2, Model.SynTheta, Model.SynPhi, Model.SynW,
-           Model.SynWx, Model.SynWy, Model.SynZ, Model.SynZx, Model.SynZy);
-    txt_Wmag.Text = Rounded_Length(Model.SynW);
-    txt_Theta.Text = Rounded_Angle(Model.SynTheta);
+    const bool left = TwoPos(2, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynBeta2, Model.SynTheta, Model.SynPhi,
+                             Model.SynW, Model.SynWx, Model.SynWy, Model.SynZ, Model.SynZx, Model.SynZy);
     Model.SynGamma2 = Value_Of(txt_Gamma2);
     Model.SynS = Value_Of(txt_Smag);
     Model.SynXi = Value_Of(txt_Xi);
-    TwoPos(2, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi, Model.SynU,
-           Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
+    const bool right = TwoPos(2, Model.P21x, Model.P21y, Model.SynAlpha2, Model.SynGamma2, Model.SynSigma, Model.SynXi,
+                              Model.SynU, Model.SynUx, Model.SynUy, Model.SynS, Model.SynSx, Model.SynSy);
+    if (!left || !right) return false;
+    txt_Wmag.Text = Rounded_Length(Model.SynW);
+    txt_Theta.Text = Rounded_Angle(Model.SynTheta);
     txt_Umag.Text = Rounded_Length(Model.SynU);
     txt_Sigma.Text = Rounded_Angle(Model.SynSigma);
     Show_Magnitudes();

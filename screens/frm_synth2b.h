@@ -20,6 +20,7 @@ class frm_Synth2B : public Two_Position_Screen {
    protected:
     void Fill() override;
     bool Solve() override;
+    void Void_Results() override;
     void Type_Choices(const design::Choices& choices) override;
 };
 

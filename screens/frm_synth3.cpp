@@ -59,8 +59,6 @@ void frm_Synth3::Read_Point(Array<TextBox>& boxes, Single& x, Single& y) {
 void frm_Synth3::Fill() {
     for (const auto& label : More_Degrees) label->Caption = "deg";
     for (const auto& label : More_Lengths) label->Caption = Model.UnitLabel(6);
-    for (const auto& label : lbl_Direction) label->Caption = "";
-    for (Label* label : {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi}) label->Caption = "";
     Show_Ground_Angle();
     Put_Linkage_Geometry(*this);
     txt_P31x.Text = Length_Text(Model.P31x);
@@ -89,17 +87,24 @@ void frm_Synth3::Show_Values() {
     lbl_Gamma3.Caption = Number_Text(txt_Gamma3);
 }
 
-void frm_Synth3::Find_Turns() {
+void frm_Synth3::Void_Results() {
+    Synthesis_Screen::Void_Results();
+    for (const auto& label : lbl_Direction) label->Caption = "";
+    for (Label* label : {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi}) label->Caption = "";
+}
+
+bool frm_Synth3::Find_Turns() {
     Read_Point(txt_O2, Model.O2x, Model.O2y);
     Read_Point(txt_P1, Model.P1x, Model.P1y);
-    FixedPivots(Model.O2x, Model.O2y, Model.SynBeta2, Model.SynBeta3);
-    txt_Beta2.Text = FNRoundStr(Model.SynBeta2, kFoundDecimals);
-    txt_Beta3.Text = FNRoundStr(Model.SynBeta3, kFoundDecimals);
+    const bool left = FixedPivots(Model.O2x, Model.O2y, Model.SynBeta2, Model.SynBeta3);
+    txt_Beta2.Text = left ? FNRoundStr(Model.SynBeta2, kFoundDecimals) : "";
+    txt_Beta3.Text = left ? FNRoundStr(Model.SynBeta3, kFoundDecimals) : "";
     Read_Point(txt_O4, Model.O4x, Model.O4y);
-    FixedPivots(Model.O4x, Model.O4y, Model.SynGamma2, Model.SynGamma3);
-    txt_Gamma2.Text = FNRoundStr(Model.SynGamma2, kFoundDecimals);
-    txt_Gamma3.Text = FNRoundStr(Model.SynGamma3, kFoundDecimals);
-    Show_Values();
+    const bool right = FixedPivots(Model.O4x, Model.O4y, Model.SynGamma2, Model.SynGamma3);
+    txt_Gamma2.Text = right ? FNRoundStr(Model.SynGamma2, kFoundDecimals) : "";
+    txt_Gamma3.Text = right ? FNRoundStr(Model.SynGamma3, kFoundDecimals) : "";
+    if (left && right) Show_Values();
+    return left && right;
 }
 
 bool frm_Synth3::Solve_Dyads() {
@@ -137,7 +142,7 @@ bool frm_Synth3::Solve() {
     Model.SynAlpha2 = Value_Of(txt_Alpha2);
     Model.SynAlpha3 = Value_Of(txt_Alpha3);
     if (Model.SpecifiedPivots) {
-        Find_Turns();
+        if (!Find_Turns()) return false;
     } else {
         Model.SynBeta2 = Value_Of(txt_Beta2);
         Model.SynBeta3 = Value_Of(txt_Beta3);

@@ -75,13 +75,14 @@ class frm_Synth3 : public Synthesis_Screen {
     void Type_Choices(const design::Choices& choices) override;
     void Fill() override;
     bool Solve() override;
+    void Void_Results() override;
     void Show_Values() override;
 
    private:
     void Write_Tips();
     void Show_Point(Array<TextBox>& boxes, Single x, Single y);
     void Read_Point(Array<TextBox>& boxes, Single& x, Single& y);
-    void Find_Turns();
+    bool Find_Turns();
     bool Solve_Dyads();
     void Show_Results();
 };

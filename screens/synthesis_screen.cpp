@@ -98,6 +98,12 @@ void Synthesis_Screen::Box_Change() {
     lbl_Scale.Caption = kSketch;
 }
 
+void Synthesis_Screen::Void_Results() {
+    for (auto* labels : {&lbl_Wmag, &lbl_Zmag, &lbl_Umag, &lbl_Smag, &lbl_Theta1}) Show(*labels, "");
+    lbl_Scale.Caption = kSketch;
+    Allow_Results(false);
+}
+
 void Synthesis_Screen::Allow_Results(bool allowed) {
     if (!allowed) lbl_Reach.Visible = false;
     for (Button* button : {&cmd_Done, &cmd_Copy, &cmd_Print}) button->Enabled = allowed;
@@ -118,7 +124,7 @@ void Synthesis_Screen::Show_Model() {
         LengthFactor = Shown_Factor();
         for (const auto& label : Label13) label->Caption = "deg";
         for (const auto& label : lbl_Length) label->Caption = Model.UnitLabel(6);
-        for (auto* labels : {&lbl_Wmag, &lbl_Zmag, &lbl_Umag, &lbl_Smag, &lbl_Theta1}) Show(*labels, "");
+        Void_Results();
         txt_P21x.Text = Length_Text(Model.P21x);
         txt_P21y.Text = Length_Text(Model.P21y);
         txt_Alpha2.Text = Angle_Text(Model.SynAlpha2);
@@ -128,7 +134,6 @@ void Synthesis_Screen::Show_Model() {
         Show_Values();
         Draw();
         Titlebox(*this);
-        Allow_Results(false);
         Note_Shown();
     });
 }
@@ -209,7 +214,7 @@ void Synthesis_Screen::cmd_Calc_Click() {
     const SynthesisData before = Model;
     const std::vector<std::string> shown = Shown_Results();
     const bool ended = Guarded(Name() + ".cmd_Calc", [this] {
-        if (!Solve()) return;
+        if (!Solve()) return Void_Results();
         Allow_Results(true);
         Show_Reach();
         for (platform::Control* control : Controls())

@@ -144,8 +144,11 @@ class Synthesis_Screen : public platform::Screen {
 
     /// The boxes from the record, at activation.
     virtual void Fill() = 0;
-    /// Dyads, linkage and read-outs from the boxes; false when the user gave up.
+    /// Dyads, linkage and read-outs from the boxes; false where there are no dyads, or the user gave up: the linkage is
+    /// as it was then.
     virtual bool Solve() = 0;
+    /// Blanks the read-outs; no way leads on with them.
+    virtual void Void_Results();
     /// What the boxes give to a task; a box that no hand has touched stands for the record's number, whose digits it
     /// need not have.
     virtual Typed_Positions Typed() const;

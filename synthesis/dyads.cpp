@@ -157,8 +157,9 @@ std::string Report(Integer mode, Single link1Angle, bool clockwise) {
 
 }  // namespace
 
-void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
+bool TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
             Single& mag1, Single& x1, Single& y1, Single& mag2, Single& x2, Single& y2) {
+    bool found = false;
     Guarded("TwoPos", [&] {
         const double sb = std::sin(beta * kDegToRad), cb = std::cos(beta * kDegToRad);
         const double sa = std::sin(alpha * kDegToRad), ca = std::cos(alpha * kDegToRad);
@@ -180,6 +181,7 @@ void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta,
             y1 = mag1 * s2;
             x2 = mag2 * c1;
             y2 = mag2 * s1;
+            found = true;
         } else if (method == 2) {
             x2 = mag2 * c1;
             y2 = mag2 * s1;
@@ -194,8 +196,10 @@ void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta,
             x1 = (Rx * A + Ry * sb) / Den;
             y1 = (Ry * A - Rx * sb) / Den;
             Cart_to_Polar(x1, y1, mag1, angle1);
+            found = true;
         }
     });
+    return found;
 }
 
 void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2, Single alpha3, Single beta2,
@@ -233,7 +237,8 @@ void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2,
     });
 }
 
-void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
+bool FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
+    bool found = false;
     Guarded("FixedPivots", [&] {
         const Single alpha2 = Model.SynAlpha2, alpha3 = Model.SynAlpha3;
         Single R1, z1, R2, z2, R3, z3;
@@ -271,7 +276,9 @@ void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3) {
         beta3 = same <= d && same <= std::abs(d - kFullTurn) ? b1 : b2;
         Solve_Beta2(beta3, A1, A2, A3, A4, A5, A6, beta2);
         if (beta3 > kHalfTurn) beta3 -= kFullTurn;
+        found = true;
     });
+    return found;
 }
 
 void Solve_Beta2(Single beta3, Single A1, Single A2, Single A3, Single A4, Single A5, Single A6, Single& beta2) {

@@ -13,8 +13,8 @@ namespace verlink {
 /// that of the grounded link; `angle1`, `mag1`, `x1`, `y1` are of the grounded link's vector, those with 2 of the
 /// other. Method 1: both angles given, both magnitudes found, negative ones kept. Method 2: the second vector given,
 /// the first found. A singular system is told as a zero divisor and leaves what is not yet written. Other methods do
-/// nothing.
-void TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
+/// nothing. Whether there is a dyad.
+bool TwoPos(Integer method, Single P21x, Single P21y, Single alpha, Single beta, Single& angle1, Single& angle2,
             Single& mag1, Single& x1, Single& y1, Single& mag2, Single& x2, Single& y2);
 
 /// One dyad for three positions, turns given. A singular system is told, the vectors stay, and `SimqAnswer` has the
@@ -23,9 +23,9 @@ void ThreePos(Single P21x, Single P21y, Single P31x, Single P31y, Single alpha2,
               Single beta3, Single& wx, Single& wy, Single& zx, Single& zy);
 
 /// Turns `beta2`, `beta3` of the grounded link whose pivot is at (ox, oy), by Erdman and Sandor's closed form. Reads
-/// P1, P21, P31, SynAlpha2, SynAlpha3 of the record. When there is none: a message, and both as they were. `beta2` is
-/// right above -90 and up to 180 degrees, but for 0, where the end point of the arc cosine gives 57.3.
-void FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3);
+/// P1, P21, P31, SynAlpha2, SynAlpha3 of the record. When there is none: a message, both as they were, and false.
+/// `beta2` is right above -90 and up to 180 degrees, but for 0, where the end point of the arc cosine gives 57.3.
+bool FixedPivots(Single ox, Single oy, Single& beta2, Single& beta3);
 void Solve_Beta2(Single beta3, Single A1, Single A2, Single A3, Single A4, Single A5, Single A6, Single& beta2);
 /// The angle of an arc cosine `a` and an arc sine `s`, degrees; a negative `s` beside a positive `a` gives `s`.
 Single Quadrant_Fix(Single a, Single s);

@@ -77,7 +77,7 @@ struct Table : BatchFixture {
 };
 
 constexpr char kHeader[] =
-    "Step,Assembled,Time,Theta2,Theta3,Theta4,Trans Ang,Omega2,Omega3,Omega4,Alpha2,Alpha3,Alpha4,"
+    "Step,Assembled,Theta2,Theta3,Theta4,Trans Ang,Omega2,Omega3,Omega4,Alpha2,Alpha3,Alpha4,"
     "\"Veloc I 2,3 X\",\"Veloc I 2,3 Y\",\"Veloc I 2,3 Mag\",\"Veloc I 2,3 Ang\","
     "\"Veloc I 3,4 X\",\"Veloc I 3,4 Y\",\"Veloc I 3,4 Mag\",\"Veloc I 3,4 Ang\","
     "Veloc CP X,Veloc CP Y,Veloc CP Mag,Veloc CP Ang,"
@@ -101,8 +101,17 @@ TEST_F(Table, HasARowForEachStepFromZeroToTheLast) {
     for (int row = 0; row < table.Rows(); ++row) EXPECT_EQ(table.Text(row, "Step"), std::to_string(row));
 }
 
-TEST_F(Table, TimeIsTheStepTimesTheTimeStepPlusTheStart) {
-    const CsvTable table = Run(ModelText().Set(kTimeStart, "-2.5").Set(kTimeStep, "0.1")).Table();
+TEST_F(Table, OfARunInTimeHasATimeForEachStepOthersHaveNone) {
+    const std::string by_angle = Run(ModelText().Set(kTimeStart, "-2.5").Set(kTimeStep, "0.1")).out;
+    EXPECT_EQ(by_angle.substr(0, 22), "Step,Assembled,Theta2,");
+    const std::string one_position = Run(ModelText().Set(kCalctype, "1")).out;
+    EXPECT_EQ(one_position.substr(0, 22), "Step,Assembled,Theta2,");
+
+    ModelText model;
+    const std::string in_time = Run(model.Times("-2.5", "1.1", "0.1")).out;
+    EXPECT_EQ(in_time.substr(0, 27), "Step,Assembled,Time,Theta2,");
+    const CsvTable table = Run(model).Table();
+    ASSERT_EQ(table.Rows(), 37);
     EXPECT_EQ(table.Text(0, "Time"), "-2.5");
     EXPECT_EQ(table.Text(25, "Time"), "3.7252903e-08");  // what is left of 25 times the single nearest 0.1
     EXPECT_EQ(table.At(36, "Time"), 1.1F);

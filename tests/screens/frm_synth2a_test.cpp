@@ -192,11 +192,33 @@ TEST_F(Synth2A, AlphaAndBetaOfZeroHaveNoSolutionAndTheMessageComesUp) {
     // Without a turn of the coupler neither dyad has a solution of this kind.
     for (int dyad = 0; dyad < 2; ++dyad)
         desktop.Expect_Message(kNoDivisor, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
-    Calculate(form);
+    Press(form, "cmd_Calc");
     EXPECT_EQ(Model.SynW, 0) << "as it was";
-    EXPECT_TRUE(Model.Synthesized) << "the linkage is put together all the same";
-    Expect_Ways_On(form, true);
+    EXPECT_FALSE(Model.Synthesized);
+    Expect_Ways_On(form, false);
     EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+}
+
+TEST_F(Synth2A, WhereOneDyadHasNoSolutionNothingIsPutTogetherAndNoReadOutIsLeft) {
+    Activate();
+    Calculate(form);
+    const Geometry linkage = Model;
+    ASSERT_NE(Caption(form, "lbl_Wmag", 0), "");
+    Enter_Box(form, "txt_Gamma2", "720");
+    Enter_Box(form, "txt_P21x", "-3.14159");
+    desktop.Expect_Message(kNoDivisor, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.L1, linkage.L1);
+    EXPECT_EQ(Model.L2, linkage.L2);
+    EXPECT_EQ(Model.L3, linkage.L3);
+    EXPECT_EQ(Model.L4, linkage.L4);
+    for (const char* label : {"lbl_Wmag", "lbl_Zmag", "lbl_Umag", "lbl_Smag", "lbl_Theta1"})
+        EXPECT_EQ(Captions(form, label), Texts(2, "")) << label;
+    Expect_Ways_On(form, false);
+    EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+    EXPECT_FALSE(form.lbl_Reach.Visible);
+    EXPECT_EQ(Box(form, "txt_P21x"), "-3.14159") << "what was typed stays";
+    EXPECT_EQ(Model.SynGamma2, 720);
 }
 
 TEST_F(Synth2A, NegativeMagnitudesStandAndAreShownWhileTheLinkageIsRight) {

@@ -95,11 +95,13 @@ TEST_F(Synth2B, ABetaOfNoTurnOrOfAWholeOneIsRefusedAfterZIsWritten) {
         Enter_Box(form, "txt_Zmag", "2");
         Enter_Box(form, "txt_Phi", "90");
         desktop.Expect_Message(kNoDivisor2B, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
-        Calculate(form);
+        Press(form, "cmd_Calc");
         EXPECT_EQ(Model.SynWx, 0.5) << beta;
         EXPECT_NEAR(Model.SynZx, 0, 1e-6);
         EXPECT_NEAR(Model.SynZy, 2, 1e-6);
-        Expect_Ways_On(form, true);
+        for (const char* found : {"txt_Wmag", "txt_Theta", "txt_Umag", "txt_Sigma"}) EXPECT_EQ(Box(form, found), "");
+        EXPECT_FALSE(Model.Synthesized);
+        Expect_Ways_On(form, false);
     }
 }
 
