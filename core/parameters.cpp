@@ -82,18 +82,17 @@ void Show_Angle(Screen& screen, int index, Single angle) {
     Show(screen, "txt_Linkout", index, Text_Of(FNRound(angle, kAngleDecimals)));
 }
 
-/// A box as it is read: a hand's text, else one that stands for the value of the record. Unless the text says exactly
-/// the value, `show` puts it there, rounded.
+/// A box as it is read, which shows the value times a factor: a hand's text, else the value of the record. Unless the
+/// text says exactly the value, `show` puts it there, rounded.
 template <class Show>
 Single Read(TextBox& box, Single value, double factor, Show show) {
-    if (!box.Touched() && (box.Text.Get().empty() || Single(Value_Of(box) / factor) != value)) show();
-    return Number_Of(box, show);
+    if (box.Touched()) return Number_Of(box, show) / factor;
+    if (box.Text.Get().empty() || Single(Value_Of(box) / factor) != value) show();
+    return value;
 }
 
 Single Read_Coordinate(Screen& screen, int index, Single stored) {
-    const double factor = Shown_Factor();
-    return Read(screen.Text("txt_Linkout", index), stored, factor, [&] { Show_Length(screen, index, stored); }) /
-           factor;
+    return Read(screen.Text("txt_Linkout", index), stored, Shown_Factor(), [&] { Show_Length(screen, index, stored); });
 }
 
 Single Read_Length(Screen& screen, int index, Single stored) {
@@ -102,8 +101,8 @@ Single Read_Length(Screen& screen, int index, Single stored) {
     const Single typed = Read(box, stored, factor, [&] { Show_Length(screen, index, stored); });
     Single length = typed;
     Check_Positive(length);
-    if (length != typed) box.Text = Text_Of(length);
-    return length / factor;
+    if (length != typed) box.Text = Text_Of(Single(length * factor));
+    return length;
 }
 
 Single Read_Angle(Screen& screen, int index, Single stored) {

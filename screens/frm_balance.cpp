@@ -33,6 +33,14 @@ double Strict_Value_Of(const TextBox& box) { return Number_Of(box.Text.Get()); }
 
 std::string Rounded(double value) { return Text_Of(FNRound(value, 3)); }
 
+/// What a box shows rounded stands for the whole number.
+double Value_Of(const TextBox& box, double kept) { return box.Text == Rounded(kept) ? kept : Value_Of(box); }
+double Strict_Value_Of(const TextBox& box, double kept) {
+    return box.Text == Rounded(kept) ? kept : Strict_Value_Of(box);
+}
+
+double Product(int link) { return Model.BerkMass(link) * Model.BerkRadius(link); }
+
 /// A function of a graph: its array, its row there, by its magnitude.
 void Fill_Slot(int slot, int group, int row) {
     constexpr int kMagnitude = 2;
@@ -136,7 +144,7 @@ void frm_Balance::Show_Weights() {
     for (const int i : {2, 4}) {
         txt_BerkMass[i].Text = Rounded(Model.BerkMass(i));
         txt_Radius[i].Text = Rounded(Model.BerkRadius(i) * Shown_Factor());
-        txt_MRproduct[i].Text = Rounded(Model.BerkMass(i) * Model.BerkRadius(i));
+        txt_MRproduct[i].Text = Rounded(Product(i));
     }
 }
 
@@ -185,9 +193,10 @@ void frm_Balance::txt_BerkMass_LostFocus(int Index) {
     Take_Over("frm_Balance.txt_BerkMass", txt_BerkMass[Index], [&] {
         const double value = Value_Of(txt_BerkMass[Index]);
         if (value <= 0) return Refuse(txt_BerkMass[Index]);
+        const double product = Value_Of(txt_MRproduct[Index], Product(Index));
         Balance_Dropped();
         Model.BerkMass(Index) = value;
-        Model.BerkRadius(Index) = Value_Of(txt_MRproduct[Index]) / value;
+        Model.BerkRadius(Index) = product / value;
         txt_Radius[Index].Text = Text_Of(Single(Model.BerkRadius(Index) * Shown_Factor()));
         Calculate_Anew();
     });
@@ -197,9 +206,10 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
     Take_Over("frm_Balance.txt_Radius", txt_Radius[Index], [&] {
         const double value = Value_Of(txt_Radius[Index]) / Shown_Factor();
         if (value <= 0) return Refuse(txt_Radius[Index]);
+        const double product = Value_Of(txt_MRproduct[Index], Product(Index));
         Balance_Dropped();
         Model.BerkRadius(Index) = value;
-        Model.BerkMass(Index) = Value_Of(txt_MRproduct[Index]) / value;
+        Model.BerkMass(Index) = product / value;
         txt_BerkMass[Index].Text = Text_Of(Model.BerkMass(Index));
         Calculate_Anew();
     });
@@ -207,7 +217,10 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
 
 void frm_Balance::txt_MRproduct_LostFocus(int Index) {
     Take_Over("frm_Balance.txt_MRproduct", txt_MRproduct[Index], [&] {
-        txt_BerkMass[Index].Text = Rounded(Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index));
+        const Single mass = Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index);
+        Balance_Dropped();
+        Model.BerkMass(Index) = mass;
+        txt_BerkMass[Index].Text = Rounded(Model.BerkMass(Index));
         Calculate_Anew();
     });
 }
@@ -232,8 +245,8 @@ void frm_Balance::Take_Weights() {
     auto mass = Model.BerkMass;
     auto radius = Model.BerkRadius;
     for (const int i : {2, 4}) {
-        mass(i) = Strict_Value_Of(txt_BerkMass[i]);
-        radius(i) = Strict_Value_Of(txt_Radius[i]) / Shown_Factor();
+        mass(i) = Strict_Value_Of(txt_BerkMass[i], Model.BerkMass(i));
+        radius(i) = Strict_Value_Of(txt_Radius[i], Model.BerkRadius(i) * Shown_Factor()) / Shown_Factor();
     }
     Fluct = Strict_Value_Of(txt_Fluct);
     Model.BerkMass = mass;

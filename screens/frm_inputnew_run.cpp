@@ -73,7 +73,7 @@ bool frm_Inputnew::Run(Integer& Result) {
     if (Model.Calctype >= 4) {
         Take_Speeds();
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
-        // The boxes round what a file has; they are read once they have been typed into.
+        // The boxes of a model from a file are read once they have been typed into.
         if (!Model.DiskFile || Is_Linkage_Touched(*this)) Get_Linkage_Geometry(*this);
         Classify_Linkage();
         Imported_Run(Result);

@@ -88,8 +88,8 @@ TEST_F(Functions, InTheLocalFrameScalarsAndCentrodesStay) {
     const CsvTable global = Run(ModelText()).Table();
     const CsvTable local = Run(ModelText(), {"--frame", "local"}).Table();
     for (int row = 0; row < global.Rows(); ++row)
-        for (const char* column : {"Theta3", "Trans Ang", "Omega4", "Alpha3", "w4 / w2", "T4 / T2",
-                                   "Fixed Centrode X", "Moving Centrode Y"})
+        for (const char* column :
+             {"Theta3", "Trans Ang", "Omega4", "Alpha3", "w4 / w2", "T4 / T2", "Fixed Centrode X", "Moving Centrode Y"})
             EXPECT_EQ(local.Text(row, column), global.Text(row, column)) << column;
 }
 

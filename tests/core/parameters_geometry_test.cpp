@@ -1,4 +1,5 @@
 // Link data between the boxes of a screen and the model.
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -50,6 +51,45 @@ TEST_F(ParametersGeometry, TheBoxesOfTheMovingLinksAreReadInOrder) {
     EXPECT_EQ(Model.LinkArray(3), 3.25);
     EXPECT_EQ(Model.LinkArray(4), 2.75);
     EXPECT_EQ(Model.RedrawFlag, "Y");
+}
+
+TEST_F(ParametersGeometry, ABoxThatShowsANumberRoundedStandsForTheWholeOfIt) {
+    for (const bool polar : {true, false})
+        for (const int units : {1, 5}) {
+            SCOPED_TRACE(testing::Message() << polar << units);
+            Use_Units(units);
+            Model.PolarCoords = polar;
+            const std::array<Single, 4> links{6.2512345, 1.5012345, 5.7512345, 4.5012345};
+            Model.L1 = links[0];
+            Model.L2 = links[1];
+            Model.L3 = links[2];
+            Model.L4 = links[3];
+            Model.Rpa = 2.7182818;
+            Model.Delta = 31.41593;
+            Model.Link1Angle = 12.34567;
+            Model.Link1X = 6.10668;
+            Model.Link1Y = 1.336543;
+            LoadLinkArray();
+            Put_Linkage_Geometry(input);
+            ASSERT_LT(Box(1).size(), 8U);
+            Get_Linkage_Geometry(input);
+            EXPECT_EQ(Model.L2, links[1]);
+            EXPECT_EQ(Model.L3, links[2]);
+            EXPECT_EQ(Model.L4, links[3]);
+            EXPECT_EQ(Model.Rpa, Single(2.7182818));
+            EXPECT_EQ(Model.Delta, Single(31.41593));
+            if (polar) {
+                EXPECT_EQ(Model.L1, links[0]);
+                EXPECT_EQ(Model.Link1Angle, Single(12.34567));
+            } else {
+                EXPECT_EQ(Model.Link1X, Single(6.10668));
+                EXPECT_EQ(Model.Link1Y, Single(1.336543));
+            }
+            Write(1, "2");
+            Get_Linkage_Geometry(input);
+            EXPECT_EQ(Model.L2, Single(2 / Shown_Factor()));
+            EXPECT_EQ(Model.L3, links[2]) << "a box beside it that no hand has touched";
+        }
 }
 
 TEST_F(ParametersGeometry, PuttingALinkageOnAScreenFillsEachOfItsBoxes) {

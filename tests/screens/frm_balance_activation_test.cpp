@@ -123,14 +123,14 @@ TEST_F(BalanceActivation, RadiiAreShownInMillimetresAndStoredInMetres) {
     Solve();
     form.Form_Activate();
     EXPECT_EQ(In("txt_Radius", 4), Text_Of(FNRound(Model.L4 / 2 * 1000, 3)));
+    const double product = Model.BerkMass(4) * Model.BerkRadius(4);
     Fill("txt_Radius", 4, "20");
     Calculate_Now();
     EXPECT_EQ(Model.BerkRadius(4), Single(0.02));
-    const double product = Val(In("txt_MRproduct", 4));
     EXPECT_EQ(In("txt_BerkMass", 4), Text_Of(Single(product / 0.02)));
     Fill("txt_BerkMass", 4, "2");
     Calculate_Now();
-    EXPECT_EQ(In("txt_Radius", 4), Text_Of(Single(Single(product / 2) * 1000)));
+    EXPECT_NEAR(Val(In("txt_Radius", 4)), product / 2 * 1000, 1e-6 * product * 500);
 }
 
 TEST_F(BalanceActivation, NeedsNothingWhereTheLinksHaveNoMass) {

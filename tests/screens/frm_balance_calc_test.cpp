@@ -56,11 +56,34 @@ TEST_F(BalanceCalc, OpensTheWayOnAndShowsTheResults) {
 }
 
 TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {
+    for (const int link : {2, 4}) {
+        form.txt_BerkMass[link].Text = "0.3" + std::to_string(link);
+        form.txt_Radius[link].Text = "1.7" + std::to_string(link);
+    }
     Calculate_Now();
     for (const int link : {2, 4}) {
-        EXPECT_EQ(Model.BerkMass(link), Single(std::stod(In("txt_BerkMass", link))));
-        EXPECT_EQ(Model.BerkRadius(link), Single(std::stod(In("txt_Radius", link))));
+        EXPECT_EQ(Model.BerkMass(link), Single(0.3 + 0.01 * link));
+        EXPECT_EQ(Model.BerkRadius(link), Single(1.7 + 0.01 * link));
     }
+}
+
+TEST_F(BalanceCalc, BoxesThatShowTheWeightsRoundedStandForThemSoThatTheForceVanishes) {
+    // Masses so light that three decimals leave nothing of them.
+    for (int link = 2; link <= 4; ++link) Model.LinkMass(link) = 0.0007 * link;
+    Solve();
+    form.Form_Activate();
+    const Single mass = Model.BerkMass(4), radius = Model.BerkRadius(4);
+    ASSERT_NE(Single(std::stod(In("txt_BerkMass", 4))), mass);
+    Calculate_Now();
+    EXPECT_EQ(Model.BerkMass(4), mass);
+    EXPECT_EQ(Model.BerkRadius(4), radius);
+    double most = 0, left = 0;
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        most = std::max(most, Magnitude(Model.RunTable.PinForce, step));
+        left = std::max(left, Magnitude(Model.RunTable.BalancedForce, step));
+    }
+    EXPECT_GT(most, 0);
+    EXPECT_LT(left, 3e-5 * most);
 }
 
 TEST_F(BalanceCalc, ARunThatWasNotSolvedIsSolvedFirst) {

@@ -22,7 +22,7 @@ struct BalanceEdit : BalanceScreen {
         Calculate_Now();
         Calculated();
     }
-    double Product(int link) { return Val(In("txt_MRproduct", link)); }
+    static double Product(int link) { return Model.BerkMass(link) * Model.BerkRadius(link); }
     void Expect_Fluct_Refused() { desktop.Expect_Message(kFluct, platform::Answer::kOk, platform::Icon::kExclamation); }
 };
 
@@ -38,7 +38,7 @@ TEST_F(BalanceEdit, AMassTypedGivesTheRadiusOfTheSameProductAndCalculates) {
         EXPECT_TRUE(Calculated());
         EXPECT_EQ(Model.BerkMass(link), 2.5);
         EXPECT_EQ(In("txt_Radius", link), Text_Of(Single(product / 2.5)));
-        EXPECT_EQ(Product(link), product);
+        EXPECT_NEAR(Product(link), product, 1e-6 * product);
         EXPECT_TRUE(form.cmd_Done.Enabled);
         EXPECT_EQ(form.Focus(), &form.cmd_Done);
     }
@@ -51,7 +51,7 @@ TEST_F(BalanceEdit, ARadiusTypedGivesTheMassOfTheSameProductAndCalculates) {
         EXPECT_TRUE(Calculated());
         EXPECT_EQ(Model.BerkRadius(link), 0.75);
         EXPECT_EQ(In("txt_BerkMass", link), Text_Of(Single(product / 0.75)));
-        EXPECT_EQ(Product(link), product);
+        EXPECT_NEAR(Product(link), product, 1e-6 * product);
     }
 }
 
@@ -64,6 +64,28 @@ TEST_F(BalanceEdit, AProductTypedGivesTheMassAtTheSameRadius) {
     EXPECT_EQ(In("txt_BerkMass", 4), "2.4");
     EXPECT_EQ(Model.BerkMass(4), Single(2.4));
     EXPECT_EQ(Model.BerkRadius(4), radius);
+}
+
+TEST_F(BalanceEdit, AProductTypedIsTheProductOfTheWeightsThoughTheMassIsShownRounded) {
+    Fill("txt_MRproduct", 4, "0.0123");
+    form.cmd_back.SetFocus();
+    EXPECT_TRUE(Calculated());
+    EXPECT_EQ(In("txt_BerkMass", 4), "0.01");
+    EXPECT_EQ(Model.BerkMass(4), Single(0.0123 / 1.25));
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.BerkMass(4), Single(0.0123 / 1.25)) << "pressing Calculate is no edit";
+}
+
+TEST_F(BalanceEdit, AProductForARadiusThatIsNoneGivesWayToTheWeights) {
+    Model.BerkRadius(4) = 0;
+    const Single mass = Model.BerkMass(4);
+    const std::string shown = Text_Of(FNRound(mass, 3));
+    desktop.Expect_Message("Error 11   (Division by zero)  has occurred in frm_Balance.txt_MRproduct\r\n\r\n");
+    Fill("txt_MRproduct", 4, "3");
+    form.cmd_back.SetFocus();
+    EXPECT_FALSE(Calculated());
+    EXPECT_EQ(Model.BerkMass(4), mass);
+    EXPECT_EQ(In("txt_BerkMass", 4), shown);
 }
 
 TEST_F(BalanceEdit, AProductIsNotTested) {

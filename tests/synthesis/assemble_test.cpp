@@ -228,7 +228,7 @@ TEST_F(Assembly, GoesThroughTheInputScreenToTheAnimateScreen) {
         .Expect_Screen("frm_Inputnew",
                        [&](platform::Screen& screen) {
                            EXPECT_EQ(Input_Box("txt_Linkout", 15), "7");
-                           EXPECT_EQ(Input_Box("txt_Linkout", 16), "-2.001");  // of the length and angle as shown
+                           EXPECT_EQ(Input_Box("txt_Linkout", 16), "-2");
                            EXPECT_TRUE(Model.Synthesized);
                            EXPECT_EQ(Model.NSteps, 1);
                            EXPECT_TRUE(Model.RunTable.Assembled(0));
@@ -238,7 +238,7 @@ TEST_F(Assembly, GoesThroughTheInputScreenToTheAnimateScreen) {
                        })
         .Expect_Screen("frm_Animate", [&](platform::Screen& screen) {
             const std::pair<int, const char*> links[] = {{0, "7.28"}, {1, "5"},      {2, "4"},  {3, "6"},
-                                                         {5, "45"},   {6, "-15.95"}, {15, "7"}, {16, "-2.001"}};
+                                                         {5, "45"},   {6, "-15.95"}, {15, "7"}, {16, "-2"}};
             for (const auto& [index, text] : links) EXPECT_EQ(Box("frm_Animate", "txt_Linkout", index), text) << index;
             EXPECT_EQ(Box("frm_Animate", "txt_initial", 0), "53.13");
             EXPECT_EQ(Box("frm_Animate", "txt_initial", 1), "83.13");
