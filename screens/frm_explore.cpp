@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
@@ -123,9 +124,11 @@ void frm_Explore::Bind_Looks() {
     const auto list = [this] { Guarded("frm_Explore.List", [this] { List_Shown(); }); };
     for (platform::ComboBox* box : {&cmb_Sort, &cmb_Class, &cmb_Circuit}) box->OnClick = list;
     Reads_As(txt_Least, Model, Quantity::kAngle);
-    txt_Least.OnLostFocus = txt_Least.OnReturn = [this, list] {
+    const auto least = [this, list] {
         if (txt_Least.Touched()) list();
     };
+    txt_Least.OnReturn = least;
+    txt_Least.OnLostFocus = [this, least] { Leave_Box(least); };
     chk_ThrownOut.OnClick = list;
     cmb_Map.OnClick = [this] {
         map_seen_ = Seen_On_Map();
@@ -187,6 +190,7 @@ void frm_Explore::Await_Search() {
 
 /// Takes over what the search has found, and moves what plays.
 void frm_Explore::Pulse() {
+    if (std::exchange(unseen_, false)) Allow_Roads();
     if (playing_ != 0) Play_On();
     if (auto found = search_.Take())
         Take_Found(*found, Looked::kSearched);

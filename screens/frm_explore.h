@@ -114,6 +114,8 @@ class frm_Explore : public platform::Screen {
     const std::vector<design::Solution>& Shown() const { return shown_; }
     /// The one of them that stands in the picture; null for none.
     const design::Solution* Chosen() const;
+    /// Whether it was there before the focus moved.
+    bool Is_Seen() const { return !unseen_; }
     /// Burmester's curves of a task of four positions.
     const design::Curves& The_Curves() const { return curves_; }
     /// How far a search goes that a hand asks for.
@@ -222,6 +224,8 @@ class frm_Explore : public platform::Screen {
     void Leave();
     void Bind_Roads();
     void Allow_Roads();
+    /// What leaving a box changes. The press that left it must not take on a linkage that was not there to be seen.
+    void Leave_Box(const std::function<void()>& take);
 
     design::Task task_;
     std::vector<design::Place> spare_;  ///< where positions beyond the count were last, in the global frame
@@ -236,6 +240,7 @@ class frm_Explore : public platform::Screen {
     std::vector<design::Solution> shown_;
     int chosen_ = -1, first_ = 0;
     bool picked_ = false;  ///< by a hand, which wants to go on seeing it
+    bool unseen_ = false;  ///< the chosen one came up with the focus that moves
     int playing_ = 0;      ///< the way of the stroke, 0 where nothing plays
     bool filling_ = false;
     /// Of map and large picture, kept while a link is looked for on a curve.

@@ -141,6 +141,6 @@ void frm_Explore::Play_On() {
     hsc_Stroke.SetValue(std::clamp(next, 0, kStroke));
 }
 
-void frm_Explore::Listen() { Timer1.Enabled = playing_ != 0 || search_.Runs(); }
+void frm_Explore::Listen() { Timer1.Enabled = playing_ != 0 || search_.Runs() || unseen_; }
 
 }  // namespace verlink

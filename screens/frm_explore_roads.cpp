@@ -50,13 +50,21 @@ void frm_Explore::Bind_Roads() {
 void frm_Explore::Allow_Roads() {
     constexpr std::size_t kMost = 3;
     const design::Solution* solution = Chosen();
-    cmd_Use.Enabled = solution && solution->judgement.Good();
+    cmd_Use.Enabled = solution && solution->judgement.Good() && !unseen_;
     cmd_Choices.Enabled = cmd_Use.Enabled.Get() && task_.positions.size() <= kMost;
+}
+
+void frm_Explore::Leave_Box(const std::function<void()>& take) {
+    const std::optional<design::Solution> before = Chosen() ? std::optional(*Chosen()) : std::nullopt;
+    take();
+    unseen_ = unseen_ || (before && Chosen() && design::Apart_As_Driven(before->linkage, Chosen()->linkage) > 0);
+    Allow_Roads();
+    Listen();
 }
 
 void frm_Explore::cmd_Use_Click() {
     Guarded("frm_Explore.cmd_Use", [this] {
-        if (!Chosen() || !Chosen()->judgement.Good()) return;
+        if (!Chosen() || !Chosen()->judgement.Good() || unseen_) return;
         const design::Solution solution = *Chosen();
         Leave();
         design::Hand_Over(task_, solution, Model);
@@ -71,7 +79,7 @@ void frm_Explore::cmd_Choices_Click() {
     Guarded("frm_Explore.cmd_Choices", [this] {
         const design::Solution* solution = Chosen();
         const std::size_t positions = task_.positions.size();
-        if (!solution || !solution->judgement.Good() || positions > 3) return;
+        if (!solution || !solution->judgement.Good() || unseen_ || positions > 3) return;
         design::Choices choices = design::Choices_Of(task_, *solution);
         Synthesis_Screen* below = Below(positions);
         choices.specified = below && Model.SpecifiedPivots;

@@ -110,7 +110,8 @@ void frm_Explore::List_Boxes() {
 
 void frm_Explore::Bind_Task() {
     const auto take = [this](TextBox& box) {
-        box.OnLostFocus = box.OnReturn = [this] { Task_Changed(); };
+        box.OnReturn = [this] { Task_Changed(); };
+        box.OnLostFocus = [this] { Leave_Box([this] { Task_Changed(); }); };
         // What was typed is undone, and what was said of it goes with it.
         box.Text.Event = [this, &box] {
             if (filling_ || box.Touched() || fault_.empty()) return;

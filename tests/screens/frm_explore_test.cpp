@@ -66,6 +66,7 @@ TEST_F(Explore, AChangeOfTheTaskDropsWhatASearchForTheOneBeforeWouldBring) {
         Press(form, "cmd_Search");
         Type(form, "txt_X", 2, "4.5");
         Leave_Box();
+        form.Timer1.Tick();
         EXPECT_FALSE(form.Timer1.Enabled);
         for (const Solution& solution : form.Shown()) {
             const auto pose = Shown_At(solution, solution.judgement.crank[1] - solution.judgement.crank[0]);
@@ -104,10 +105,9 @@ TEST_F(Explore, UseHandsOverTheLinkageThatIsShownInOneStep) {
         form.pic_Found[2].OnClick();
         const Solution chosen = form.Shown()[2];
         desktop.Expect_Screen("frm_Inputnew", [&](Screen& input) {
-            // To the decimals of its boxes.
             const auto links = design::Links_Of(chosen.linkage);
-            EXPECT_NEAR(Model.L2, links.L2, 6e-4);
-            EXPECT_NEAR(Model.L4, links.L4, 6e-4);
+            EXPECT_EQ(Model.L2, Single(links.L2));
+            EXPECT_EQ(Model.L4, Single(links.L4));
             EXPECT_EQ(Model.CircuitIndex, chosen.judgement.open ? 1 : 2);
             EXPECT_EQ(Model.Calctype, 3);
             The_History().Undo();
@@ -116,6 +116,33 @@ TEST_F(Explore, UseHandsOverTheLinkageThatIsShownInOneStep) {
             Press(input, "cmd_Cancel");
         });
         Press(form, "cmd_Use");
+    });
+}
+
+TEST_F(Explore, APressThatLeavesABoxTakesNoLinkageThatCameUpWithIt) {
+    Inside([&] {
+        Search();
+        const Single before = Model.L2;
+        const auto seen = form.Chosen()->linkage;
+        Type(form, "txt_X", 1, "1.5");
+        EXPECT_TRUE(form.cmd_Use.Enabled);
+        form.cmd_Use.SetFocus();
+        ASSERT_NE(form.Chosen(), nullptr);
+        ASSERT_GT(design::Apart_As_Driven(seen, form.Chosen()->linkage), 0);
+        EXPECT_FALSE(form.cmd_Use.Enabled);
+        EXPECT_FALSE(form.cmd_Choices.Enabled);
+        form.cmd_Use.OnClick();
+        EXPECT_EQ(Model.L2, before);
+        ASSERT_TRUE(form.Timer1.Enabled);
+        form.Timer1.Tick();
+        EXPECT_TRUE(form.cmd_Use.Enabled) << "as soon as it has been seen";
+        EXPECT_FALSE(form.Timer1.Enabled);
+
+        Type(form, "txt_X", 1, "1.6");
+        form.txt_X[1].OnReturn();
+        EXPECT_TRUE(form.cmd_Use.Enabled) << "whoever presses Enter looks at what comes";
+        form.txt_Y[1].SetFocus();
+        EXPECT_TRUE(form.cmd_Use.Enabled) << "leaving changes nothing any more";
     });
 }
 

@@ -51,7 +51,7 @@ Found Explored_Linkages_Do_It(const platform::Screen& top) {
     }
     const Solution* chosen = screen->Chosen();
     if ((chosen == nullptr) != screen->Shown().empty()) return Of("chosen", "none of those shown is in the picture");
-    if (screen->cmd_Use.Enabled.Get() != (chosen && chosen->judgement.Good()))
+    if (screen->cmd_Use.Enabled.Get() != (chosen && chosen->judgement.Good() && screen->Is_Seen()))
         return Of("use", "what can be used is not what is shown");
     return {};
 }
