@@ -29,6 +29,7 @@
 #include "desktop/progress.h"
 #include "desktop/report_pages.h"
 #include "desktop/text.h"
+#include "desktop/window_order.h"
 #include "desktop/window_places.h"
 #include "platform/clipboard.h"
 #include "platform/settings.h"
@@ -150,8 +151,17 @@ void QtDesktop::chain() {
     QWindow* below = nullptr;
     for (Form* form : shown_) {
         form->windowHandle()->setTransientParent(below);
+        if (form->isVisible()) standOver(*form->windowHandle(), below);
         below = form->windowHandle();
     }
+}
+
+const QWindow* QtDesktop::waitingOver(WId window) const {
+    const QWidget* waiting = QApplication::activeModalWidget();
+    if (!waiting) return nullptr;
+    const bool below = std::ranges::any_of(
+        shown_, [&](const Form* form) { return form != waiting && form->internalWinId() == window; });
+    return below ? waiting->windowHandle() : nullptr;
 }
 
 void QtDesktop::takeAway(Form& form) {
@@ -176,6 +186,8 @@ void QtDesktop::Show_Window(Screen& screen) {
     shown_.push_back(&form);
     chain();
     form.show();
+    // Showing a window forgets over which one it stands.
+    standOver(*form.windowHandle(), form.windowHandle()->transientParent());
     form.raise();
     for (Form* beside : beside_)
         if (beside->screen().KeepsInSight) beside->raise();

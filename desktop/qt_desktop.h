@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/button.h"
+#include "desktop/window_order.h"
 #include "platform/desktop_services.h"
 
 class QEventLoop;
@@ -60,6 +61,8 @@ class QtDesktop : public platform::Desktop {
 
     Form* top() const;
     void chain();
+    /// The window or dialog that waits over the window of that number, if it is one of those shown.
+    const QWindow* waitingOver(WId window) const;
     void takeAway(Form& form);
     QString startFolder(const platform::FileDialog& dialog) const;
     void endShowings();
@@ -73,6 +76,7 @@ class QtDesktop : public platform::Desktop {
     std::vector<Showing> showings_;
     std::unique_ptr<QPrinter> printer_;
     bool hourglass_ = false;
+    KeysToTheTop keys_{[this](WId window) { return waitingOver(window); }};
 };
 
 }  // namespace verlink::desktop
