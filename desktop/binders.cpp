@@ -220,7 +220,7 @@ class LineMouse : public QObject {
 
 QWidget* make(Form& form, ComboBox& control, QWidget* parent) {
     auto* combo = new QComboBox(parent);
-    combo->setEditable(true);
+    combo->setLineEdit(new LineBox(combo));
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);
     // By itself it picks the entry that its text names when it loses the focus, which nobody has asked for.

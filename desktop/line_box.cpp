@@ -1,6 +1,8 @@
 // How a refused line is framed and told.
 #include "desktop/line_box.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QToolTip>
@@ -23,6 +25,20 @@ void LineBox::setRefusal(const QString& words) {
     QTimer::singleShot(0, this, [this] {
         if (refused() && isVisible()) QToolTip::showText(mapToGlobal(rect().topRight()) + kBeside, words_, this);
     });
+}
+
+void LineBox::keyPressEvent(QKeyEvent* event) {
+    const QString letter = event->text();
+    if (event->modifiers().testFlag(Qt::AltModifier) && !letter.isEmpty() && letter.at(0).isPrint())
+        return event->ignore();
+    QLineEdit::keyPressEvent(event);
+}
+
+void LineBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    QLineEdit::mouseDoubleClickEvent(event);
+    bool number = false;
+    text().remove(u',').toDouble(&number);
+    if (number) selectAll();
 }
 
 void LineBox::paintEvent(QPaintEvent* event) {

@@ -13,6 +13,10 @@ class LineBox : public QLineEdit {
     bool refused() const { return !words_.isEmpty(); }
 
    protected:
+    /// A letter with Alt is no text, also where no mnemonic takes it.
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Selects a number as a whole; its point parts no words.
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
    private:

@@ -148,6 +148,40 @@ TEST_F(KeysTest, In_a_box_the_keys_write_and_move_the_cursor) {
     });
 }
 
+TEST_F(KeysTest, A_letter_with_Alt_that_no_mnemonic_takes_writes_nothing) {
+    OnAnimate([](QWidget& window) {
+        Focus(window, "txt_Linkout_5");
+        auto& box = Find<QLineEdit>(window, "txt_Linkout_5");
+        const QString before = box.text();
+        QTest::keyClick(&box, 'q', Qt::AltModifier);
+        EXPECT_EQ(box.text(), before);
+        QTest::keyClick(&box, Qt::Key_Home);
+        QTest::keyClick(&box, '5');
+        EXPECT_EQ(box.text(), QStringLiteral("5") + before);
+        box.setText(before);
+        Focus(window, "cmb_wait");
+        auto& list = *Find<QComboBox>(window, "cmb_wait").lineEdit();
+        const QString wait = list.text();
+        QTest::keyClick(&list, 'q', Qt::AltModifier);
+        EXPECT_EQ(list.text(), wait);
+        Click(window, "cmd_Recalc");
+    });
+}
+
+TEST_F(KeysTest, A_double_click_takes_a_whole_number_but_one_word_of_several) {
+    OnAnimate([](QWidget& window) {
+        auto& box = Find<QLineEdit>(window, "txt_Linkout_5");
+        ASSERT_EQ(box.text(), "-92.66");
+        QTest::mouseDClick(&box, Qt::LeftButton, {}, QPoint(box.width() - 10, box.height() / 2));
+        EXPECT_EQ(box.selectedText(), "-92.66");
+        auto& title = Find<QLineEdit>(window, "txt_Figure");
+        title.setText(QStringLiteral("one two"));
+        QTest::mouseDClick(&title, Qt::LeftButton, {}, QPoint(6, title.height() / 2));
+        EXPECT_EQ(title.selectedText(), "one");
+        Click(window, "cmd_Recalc");
+    });
+}
+
 TEST_F(KeysTest, Choices_ticks_and_bars_keep_the_keys_that_work_them) {
     OnAnimate([](QWidget& window) {
         Click(window, "cmd_Reset");
