@@ -69,7 +69,8 @@ void Add_Centrode(std::vector<Column>& columns, const std::string& name, const S
 std::vector<Column> Run_Columns(bool local) {
     Use_Frame(local, kSlot);
     std::vector<Column> columns;
-    Add_Column(columns, "Step", "", [](int step) { return Single(step); }, false);
+    Add_Column(
+        columns, "Step", "", [](int step) { return Single(step); }, false);
     Add_Column(
         columns, "Assembled", "", [](int step) { return Single(Model.RunTable.Assembled(step) ? 1 : 0); }, false);
     const auto time = [](int step) { return Single(step * Model.TimeStep + Model.TimeStart); };

@@ -1,9 +1,9 @@
 // Which window stands over which, for the window manager.
 #pragma once
 
-#include <QAbstractNativeEventFilter>
 #include <QtGui/qwindowdefs.h>
 
+#include <QAbstractNativeEventFilter>
 #include <functional>
 
 class QWindow;

@@ -111,6 +111,33 @@ class EndingsTest : public Fixture {
         return child;
     }
 
+    /// An X server of its own, which the next session comes up on; null where there is none.
+    std::unique_ptr<Child> Display() {
+        int ends[2];
+        if (::pipe(ends) != 0) return nullptr;
+        auto display =
+            std::make_unique<Child>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen",
+                                                             "0", "1400x1100x24", "-nolisten", "tcp"},
+                                    std::vector<std::pair<std::string, std::string>>{}, false);
+        ::close(ends[1]);
+        std::string number;
+        for (char digit = 0; ::read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
+        ::close(ends[0]);
+        if (number.empty()) return nullptr;
+        environment_ = {{"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ":" + number}};
+        return display;
+    }
+    /// The first line that a command says on that display.
+    std::string Told_By(const std::string& command) const {
+        const std::string on_display = "DISPLAY=" + environment_.back().second + "; export DISPLAY; " + command;
+        std::string told;
+        if (FILE* pipe = ::popen(on_display.c_str(), "r")) {
+            for (int letter = 0; (letter = ::fgetc(pipe)) != EOF && letter != '\n';) told += static_cast<char>(letter);
+            ::pclose(pipe);
+        }
+        return told;
+    }
+
     std::string Marker() const { return platform::Read_File(Path("home/Documents/VERLINK/Run_Check.txt")); }
     std::vector<std::string> Kept(const std::string& suffix) const {
         std::vector<std::string> names;
@@ -267,18 +294,10 @@ TEST_F(EndingsTest, TheDeathOfACompositorLeavesTheCopyAndSaysSo) {
 }
 
 TEST_F(EndingsTest, TheLossOfTheDisplayLeavesTheCopyAndSaysSo) {
-    int ends[2];
-    ASSERT_EQ(::pipe(ends), 0);
-    Child display({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "1400x1100x24", "-nolisten", "tcp"},
-                  {}, false);
-    ::close(ends[1]);
-    std::string number;
-    for (char digit = 0; ::read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
-    ::close(ends[0]);
-    if (number.empty()) GTEST_SKIP() << "there is no display to lose";
-    environment_ = {{"QT_QPA_PLATFORM", "xcb"}, {"DISPLAY", ":" + number}};
+    const auto display = Display();
+    if (!display) GTEST_SKIP() << "there is no display to lose";
     const auto child = Changed("home");
-    display.End(SIGKILL);
+    display->End(SIGKILL);
     child->End(0);
     EXPECT_NE(Marker().find("\"This file records an exit from the program by the loss of the display\""),
               std::string::npos)
@@ -286,6 +305,24 @@ TEST_F(EndingsTest, TheLossOfTheDisplayLeavesTheCopyAndSaysSo) {
     EXPECT_NE(Crank_In_Copy(), 0);
     environment_.clear();
     Expect_Copy_Offered(false);
+}
+
+TEST_F(EndingsTest, AWindowThatWaitsTellsTheWindowManagerAndKeepsTheKeys) {
+    const auto display = Display();
+    if (!display) GTEST_SKIP() << "there is no display";
+    const auto child = Changed("playing");
+    const auto number_of = [this](const std::string& words) {
+        return Told_By("xdotool search --onlyvisible --name '" + words + "'");
+    };
+    const std::string home = number_of("^[^A]*VERLINK - 2008"), animate = number_of("Animat");
+    ASSERT_NE(home, "");
+    ASSERT_NE(animate, "");
+    ASSERT_NE(home, animate);
+    EXPECT_EQ(Told_By("printf %d $(xprop -notype -id " + animate + " 32x '|$0' WM_TRANSIENT_FOR | cut -d'|' -f2)"),
+              home);
+    Told_By("xdotool windowfocus " + home);
+    EXPECT_TRUE(Comes_True([&] { return Told_By("xdotool getwindowfocus -f") == animate; }, 5s))
+        << "what waits below takes no keys";
 }
 
 }  // namespace
