@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QWindow>
 #include <algorithm>
 #include <set>
 
@@ -331,6 +332,16 @@ void Form::takePlace(bool size_changed) {
     const int y = display.top() + qRound(screen_.Top() / twips);
     move(std::clamp(x, display.left(), std::max(display.left(), display.right() + 1 - width())),
          std::clamp(y, display.top(), std::max(display.top(), display.bottom() + 1 - height() - kDecoration / 2)));
+}
+
+void Form::growInside(QSize before) {
+    if (!windowHandle() || isMaximized()) return;
+    const QRect display = windowHandle()->screen()->availableGeometry(), place = frameGeometry();
+    const auto back = [](int over, int grown, int room) { return std::max(0, std::min({over, grown, room})); };
+    const QPoint shift(
+        back(place.right() - display.right(), width() - before.width(), place.left() - display.left()),
+        back(place.bottom() - display.bottom(), height() - before.height(), place.top() - display.top()));
+    if (!shift.isNull()) move(pos() - shift);
 }
 
 void Form::setHero(QWidget* drawing, int side) {

@@ -89,6 +89,7 @@ class Form : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -100,6 +101,8 @@ class Form : public QMainWindow {
     void tellApart();
     bool onlyTells() const;
     void takePlace(bool size_changed);
+    /// Its layout has made it larger than that: what would leave the display goes to the left and up, as far as it grew.
+    void growInside(QSize before);
     QSize roomForHero(QSize size);
     bool undoes(QKeyEvent* event, QWidget* at);
     void addEntry(platform::MenuEntry& entry, QMenu* menu);

@@ -72,6 +72,13 @@ bool Form::event(QEvent* event) {
     return QMainWindow::event(event);
 }
 
+void Form::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const QSize before = event->oldSize();
+    // No hand has made it smaller than its layout can be.
+    if (before.width() < minimumWidth() || before.height() < minimumHeight()) growInside(before);
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
     if (undoes(event, this)) return;
     const auto press = [this](CommandButton* button) {

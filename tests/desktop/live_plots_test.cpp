@@ -114,6 +114,30 @@ TEST_F(LivePlotsTest, A_click_and_a_drag_in_a_graph_show_the_position_there) {
     });
 }
 
+TEST_F(LivePlotsTest, A_window_that_grows_with_the_pane_stays_on_the_display) {
+    const QRect display = QGuiApplication::primaryScreen()->availableGeometry();
+    if (display.width() < 1366) GTEST_SKIP() << "no room for it";
+    Inside(
+        [&](QWidget& window) {
+            const QRect small = window.frameGeometry();
+            window.move(display.right() - small.width() - 9, window.y());
+            Settle();
+            const int gap = display.right() - window.frameGeometry().right();
+            ASSERT_GT(gap, 0);
+            Pick(window, "mnu_ViewLive");
+            Settle();
+            const int grown = window.width() - small.width();
+            ASSERT_GT(grown, gap) << "else there is nothing to see";
+            EXPECT_EQ(window.frameGeometry().right(), display.right());
+            // Where a hand has put it beyond the edge it is not fetched back.
+            const QPoint beyond(display.right() - 100, window.y());
+            window.move(beyond);
+            Settle();
+            EXPECT_EQ(window.pos(), beyond);
+        },
+        {600, 600});
+}
+
 TEST_F(LivePlotsTest, The_pane_takes_room_only_while_it_is_open_and_keeps_its_width) {
     int wide = 0;
     Inside(
