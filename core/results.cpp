@@ -69,4 +69,10 @@ void Model_Saved() { Results::Set(Model.SavedFlag, true); }
 
 void Model_Unsaved() { Results::Set(Model.SavedFlag, false); }
 
+void Take_Task_Text(std::string& kept, const std::string& text) {
+    if (kept == text) return;
+    kept = text;
+    Model_Unsaved();
+}
+
 }  // namespace verlink

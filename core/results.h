@@ -1,6 +1,8 @@
 // The owner of the flags of results: what holds, and what falls with what.
 #pragma once
 
+#include <string>
+
 namespace verlink {
 
 /// The run in `RunTable` is that of the model as it stands, and counts. What was found out from an earlier run falls.
@@ -27,5 +29,7 @@ void Transform_Dropped();
 /// The model lies in `FilePath` as it stands; or no longer does.
 void Model_Saved();
 void Model_Unsaved();
+/// The text of a task becomes one of the record's; its file has it, too.
+void Take_Task_Text(std::string& kept, const std::string& text);
 
 }  // namespace verlink

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "core/results.h"
 #include "core/window_sizes.h"
 #include "files/drive_import.h"
 #include "files/model_file.h"
@@ -51,8 +52,8 @@ void Take_Task_File(const std::string& path) {
             platform::Tell("The tasks in " + path + " cannot be read: " + fault + ".", platform::Icon::kExclamation);
             return;
         }
-        if (!tasks.DesignTask.empty()) Model.DesignTask = tasks.DesignTask;
-        if (!tasks.StudySettings.empty()) Model.StudySettings = tasks.StudySettings;
+        if (!tasks.DesignTask.empty()) Take_Task_Text(Model.DesignTask, tasks.DesignTask);
+        if (!tasks.StudySettings.empty()) Take_Task_Text(Model.StudySettings, tasks.StudySettings);
         if (!tasks.DesignTask.empty()) Show_Centered("frm_Explore");
     });
 }

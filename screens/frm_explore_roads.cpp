@@ -1,5 +1,6 @@
 // What becomes of the linkage that is chosen: the one in hand, or free choices of a synthesis.
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/window_sizes.h"
 #include "design/choices.h"
 #include "design/hand_over.h"
@@ -68,7 +69,8 @@ void frm_Explore::cmd_Use_Click() {
         const design::Solution solution = *Chosen();
         Leave();
         design::Hand_Over(task_, solution, Model);
-        if (Model.DesignTask.empty() || Task_In_Hand(Model) != task_) Model.DesignTask = design::Task_Text(task_);
+        if (Model.DesignTask.empty() || Task_In_Hand(Model) != task_)
+            Take_Task_Text(Model.DesignTask, design::Task_Text(task_));
         Show_Positions();
         Hide();
         Arrive_At(kInput);

@@ -5,6 +5,7 @@
 
 #include "core/linkage_model.h"
 #include "core/numeric.h"
+#include "core/results.h"
 #include "core/text.h"
 #include "design/task_units.h"
 #include "dynamics/shown_length.h"
@@ -177,7 +178,7 @@ void frm_Explore::Show_Kept() {
 void frm_Explore::Keep() {
     task_.units = Model.Units;
     kept_fault_.clear();
-    Model.DesignTask = design::Task_Text(task_);
+    Take_Task_Text(Model.DesignTask, design::Task_Text(task_));
 }
 
 void frm_Explore::Take_Task(const Task& task) {

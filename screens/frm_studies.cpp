@@ -6,6 +6,7 @@
 #include <limits>
 #include <thread>
 
+#include "core/results.h"
 #include "core/text.h"
 #include "core/window_sizes.h"
 #include "dynamics/typed_units.h"
@@ -255,7 +256,7 @@ void frm_Studies::Change(const std::function<void(Settings&)>& how) {
     Guarded("frm_Studies.Change", [&] {
         Settings now = settings_;
         how(now);
-        if (!(now == settings_)) model_.StudySettings = study::Settings_Text(now);
+        if (!(now == settings_)) Take_Task_Text(model_.StudySettings, study::Settings_Text(now));
     });
     Guarded("frm_Studies.Show", [this] { Read_Record(); });
 }

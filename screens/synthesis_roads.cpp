@@ -2,6 +2,7 @@
 #include <charconv>
 
 #include "core/linkage_model.h"
+#include "core/results.h"
 #include "core/text.h"
 #include "core/window_sizes.h"
 #include "design/choices.h"
@@ -41,7 +42,7 @@ void Synthesis_Screen::cmd_Explore_Click() {
             std::string fault;
             design::Task read;
             if (!design::Read_Task(text, read, fault)) return platform::Tell(fault, platform::Icon::kInformation);
-            Model.DesignTask = text;
+            Take_Task_Text(Model.DesignTask, text);
         }
         Show_Centered("frm_Explore");
     });

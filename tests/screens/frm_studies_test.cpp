@@ -71,7 +71,9 @@ TEST_F(Studies, AChangeIsOneStepOfUndoAndDropsWhatWasFound) {
     Inside([&] {
         Solve();
         EXPECT_EQ(form.grf_Sweep.NumPoints(), 41);
+        Model_Saved();
         Put_Box("txt_From", 1, "20 mm");
+        EXPECT_FALSE(Model.SavedFlag) << "the file has the settings, too";
         Settings kept;
         std::string fault;
         ASSERT_TRUE(study::Read_Settings(Model.StudySettings, kept, fault)) << fault;
@@ -82,6 +84,7 @@ TEST_F(Studies, AChangeIsOneStepOfUndoAndDropsWhatWasFound) {
         EXPECT_EQ(The_History().Steps(), 1U);
         Pick_Menu(form, "mnu_Undo");
         EXPECT_EQ(Model.StudySettings, "");
+        EXPECT_TRUE(Model.SavedFlag);
         EXPECT_EQ(form.txt_From[1].Text.Get(), "0.9");
         Pick_Menu(form, "mnu_Redo");
         EXPECT_EQ(form.txt_From[1].Text.Get(), "0.7874016");
