@@ -22,6 +22,7 @@
 #include "files/model_file.h"
 #include "files/recent_files.h"
 #include "platform/guard.h"
+#include "platform/links.h"
 #include "platform/settings.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
@@ -226,7 +227,10 @@ void frm_HomeScreen::Form_Activate() {
         Note_Status_Width();
         if (Model.JustStarted) {
             Model.JustStarted = false;
-            Tell("Your default path for saved files is: " + Model.FilePath, Icon::kInformation);
+            // A model that was opened with the program has its own place.
+            const bool named = !Model.FilePath.empty() && !Model.FilePath.ends_with('/');
+            const std::string folder = named ? platform::Folder_Of(Model.FilePath) + "/" : Model.FilePath;
+            Tell("Your default path for saved files is: " + folder, Icon::kInformation);
         }
         Refresh();
     });

@@ -49,6 +49,14 @@ TEST_F(HomeActivationTest, TheFirstActivationTellsThePathForSavedFilesAndTheNext
     home.Form_Activate();
 }
 
+TEST_F(HomeActivationTest, ThePathToldIsTheFolderOfAModelThatCameWithTheStart) {
+    Model.JustStarted = true;
+    Model.FilePath = "/home/ada/presses/lid.vlk";
+    desktop.Expect_Message("Your default path for saved files is: /home/ada/presses/", Answer::kOk, Icon::kInformation);
+    home.Form_Activate();
+    EXPECT_EQ(Model.FilePath, "/home/ada/presses/lid.vlk");
+}
+
 TEST_F(HomeActivationTest, AnActivationRefreshesPanelAndMenusAndTakesTheScreenReturnFlagBack) {
     Calculate_Turn();
     Model.ScreenReturn = true;
