@@ -101,7 +101,8 @@ class Form : public QMainWindow {
     void tellApart();
     bool onlyTells() const;
     void takePlace(bool size_changed);
-    /// Its layout has made it larger than that: what would leave the display goes to the left and up, as far as it grew.
+    /// Its layout has made it larger than that: what would leave the display goes to the left and up, as far as it
+    /// grew.
     void growInside(QSize before);
     QSize roomForHero(QSize size);
     bool undoes(QKeyEvent* event, QWidget* at);

@@ -87,7 +87,7 @@ void frm_MassProp::Write_Tips() {
     cmd_Matrix.Tip = "Show the equations of the first position; solve first";
     cmd_Print.Tip = "Print this screen; solve first";
     cmd_Copy.Tip = "How to copy this screen to the clipboard; solve first";
-    cmd_Cancel.Tip = "Go back; what was typed since the last solution is not kept";
+    cmd_Cancel.Tip = "Go back; what was typed since the last solution waits here";
     cmd_Done.Tip = "Leave for the home screen with the solution; solve first";
 }
 
@@ -117,6 +117,7 @@ void frm_MassProp::Form_Activate() {
         chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
+        typed_.Put_Back();
         Take_Brought_Table();
     });
 }
@@ -250,7 +251,14 @@ void frm_MassProp::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_Mas
 
 void frm_MassProp::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
-void frm_MassProp::cmd_Cancel_Click() { Hide(); }
+void frm_MassProp::cmd_Cancel_Click() {
+    Form_Unload();
+    Hide();
+}
+
+void frm_MassProp::Form_Unload() {
+    typed_.Keep(*this, [this] { Put_Mass_Properties(*this, Model, Model); });
+}
 
 void frm_MassProp::cmd_Done_Click() {
     Model.ScreenReturn = true;

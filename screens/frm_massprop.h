@@ -7,6 +7,7 @@
 #include "platform/desktop_services.h"
 #include "platform/screen.h"
 #include "screens/frm_help.h"
+#include "screens/typed_aside.h"
 
 namespace verlink {
 
@@ -80,6 +81,7 @@ class frm_MassProp : public platform::Screen {
     void Bring_Torque(const std::string& path) { brought_ = path; }
 
     void Form_Activate() override;
+    void Form_Unload() override;
     void Box_Change();
     void Drop(const std::string& path);
     void chk_Torque_Click();
@@ -106,6 +108,7 @@ class frm_MassProp : public platform::Screen {
     /// The buttons that need a solution of the data shown.
     void Allow_Results(bool allowed);
 
+    Typed_Aside typed_;
     std::string brought_;  ///< the path of a table that the user has dropped; empty for none
 };
 

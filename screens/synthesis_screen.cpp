@@ -114,6 +114,7 @@ void Synthesis_Screen::Form_Activate() {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
         Model.Synthesized = false;
         Show_Model();
+        typed_.Put_Back();
         txt_P21x.SetFocus();
         if (to_type_) std::exchange(to_type_, nullptr)();
     });
@@ -257,7 +258,14 @@ void Synthesis_Screen::cmd_Done_Click() {
     });
 }
 
-void Synthesis_Screen::cmd_Cancel_Click() { Hide(); }
+void Synthesis_Screen::cmd_Cancel_Click() {
+    Form_Unload();
+    Hide();
+}
+
+void Synthesis_Screen::Form_Unload() {
+    typed_.Keep(*this, [this] { Show_Model(); });
+}
 
 void Synthesis_Screen::cmd_Print_Click() {
     Guarded(Name() + ".cmd_Print", [this] { Ask_And_Print(*this, CommonDialog1, Print_Note); });

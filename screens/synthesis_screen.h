@@ -14,6 +14,7 @@
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/frm_help.h"
+#include "screens/typed_aside.h"
 #include "screens/typed_positions.h"
 
 namespace verlink {
@@ -121,6 +122,7 @@ class Synthesis_Screen : public platform::Screen {
     Array<Label> lbl_Wmag, lbl_Zmag, lbl_Umag, lbl_Smag;
 
     void Form_Activate() override;
+    void Form_Unload() override;
     void cmd_Calc_Click();
     void cmd_Done_Click();
     void cmd_Cancel_Click();
@@ -211,6 +213,7 @@ class Synthesis_Screen : public platform::Screen {
     std::map<const Label*, std::string> symbols_;
     std::string shown_;  ///< the record's numbers that stand on the screen
     std::function<void()> to_type_;
+    Typed_Aside typed_;
 };
 
 /// What the two screens of two positions share: their angles, given or found.

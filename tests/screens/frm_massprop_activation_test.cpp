@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/model_on_screens.h"
+#include "files/in_hand.h"
 #include "files/model_file.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
@@ -191,7 +192,7 @@ TEST_F(MassPropActivation, NextTakesTheSolutionToTheHomeScreen) {
     EXPECT_TRUE(Model.ScreenReturn);
 }
 
-TEST_F(MassPropActivation, BackKeepsNothingThatWasTypedAndAllThatWasSolved) {
+TEST_F(MassPropActivation, BackStoresNothingThatWasTypedWhichWaitsForTheNextTime) {
     Model.ScreenReturn = false;
     Inside(form, [this] {
         Fill("txt_Mass", 2, "0.02");
@@ -203,7 +204,50 @@ TEST_F(MassPropActivation, BackKeepsNothingThatWasTypedAndAllThatWasSolved) {
     EXPECT_EQ(Model.LinkMass(2), Single(0.02));
     EXPECT_TRUE(Model.DynamicsDone);
     EXPECT_FALSE(Model.ScreenReturn);
-    Inside(form, [this] { EXPECT_EQ(In("txt_Mass", 2), "0.0200"); });
+    Inside(form, [this] {
+        EXPECT_EQ(In("txt_Mass", 2), "0.05");
+        EXPECT_TRUE(form.txt_Mass[2].Touched());
+        EXPECT_EQ(form.CancelButton, nullptr);
+        EXPECT_FALSE(form.cmd_Done.Enabled);
+        EXPECT_FALSE(form.txt_Mass[3].Touched());
+        form.Close();  // by its frame
+    });
+    Inside(form, [this] {
+        EXPECT_EQ(In("txt_Mass", 2), "0.05");
+        Solve();
+        EXPECT_EQ(Model.LinkMass(2), Single(0.05));
+    });
+    Inside(form, [this] { EXPECT_EQ(In("txt_Mass", 2), "0.0500") << "what was solved with does not wait"; });
+}
+
+TEST_F(MassPropActivation, WhatWaitsEndsWithOtherNumbersUnitsOrAnotherModel) {
+    const auto leave_typed = [this] {
+        Inside(form, [this] {
+            Fill("txt_Mass", 2, "0.05");
+            Fill("txt_Mass", 4, "0.07");
+            Press(form, "cmd_Cancel");
+        });
+    };
+    leave_typed();
+    Model.LinkMass(2) = 3;
+    Inside(form, [this] {
+        EXPECT_EQ(In("txt_Mass", 2), "3.0000");
+        EXPECT_EQ(In("txt_Mass", 4), "0.07");
+    });
+    leave_typed();
+    Model.LinkMass(4) = 0;
+    Model_Came();
+    Inside(form, [this] { EXPECT_EQ(In("txt_Mass", 4), "0.0000"); });
+    Inside(form, [this] {
+        Fill("txt_AngCG", 2, "12");
+        form.Close();
+    });
+    Inside(form, [this] {
+        EXPECT_EQ(In("txt_AngCG", 2), "12");
+        form.Close();
+    });
+    Use_Units(2);
+    Inside(form, [this] { EXPECT_EQ(Val(In("txt_AngCG", 2)), 0); });
 }
 
 TEST_F(MassPropActivation, EscapeGoesBackOnlyWhereNothingTypedIsLost) {

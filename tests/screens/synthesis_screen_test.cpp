@@ -132,6 +132,12 @@ TEST_F(SynthesisScreens, BackKeepsWhatTheLastCalculationWroteAndTakesNothingElse
         });
         EXPECT_EQ(Model.P21x, Single(-0.6));
         EXPECT_GT(std::abs(W()), 0.1);
+        Show(form, [&] {
+            EXPECT_EQ(Box(form, "txt_P21x"), "5") << "it waits";
+            EXPECT_TRUE(form.txt_P21x.Touched());
+            EXPECT_FALSE(form.cmd_Done.Enabled);
+            Press(form, "cmd_Cancel");
+        });
     });
 }
 
