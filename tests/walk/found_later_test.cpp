@@ -230,5 +230,38 @@ TEST(WalkFound, AShakingMomentIsTheSmallRestOfTwoLargeOnes) {
     });
 }
 
+TEST(WalkFound, WhatNoFieldHoldsAndWaitsForDynamicsLeavesTheRun) {
+    Expect_Sound({
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Type("frm_MassProp", "txt_DistP", 4, "1e39"),
+        Press("frm_MassProp", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Press("frm_HomeScreen", "cmd_Input"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+    });
+}
+
+TEST(WalkFound, ATurnOfNothingLeavesNoDirectionOfADyad) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Twopos2"),
+        Type("frm_Synth2B", "txt_Gamma2", kNoIndex, "0"),
+        Return("frm_Synth2B"),
+    });
+}
+
+TEST(WalkFound, WhatWaitsForDynamicsIsNotInTheRecord) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Hoekens"),
+        Press("frm_Inputnew", "cmd_Animate"),
+        Press("frm_Animate", "cmd_Done"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Type("frm_MassProp", "txt_DistCG", 3, "1.8"),
+        Press("frm_MassProp", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk

@@ -49,6 +49,8 @@ void Pending::Settle() {
 }
 
 bool Pending::Typed(const Control& control) const {
+    // It may have waited while its screen was away.
+    if (const auto* box = dynamic_cast<const TextBox*>(&control); box && box->Touched()) return true;
     const auto found = typed_.find(control.Owner().Name());
     return found != typed_.end() && found->second.contains(control.ObjectName());
 }
@@ -173,9 +175,12 @@ List Of_Synthesis(const Screen& top) {
         list.push_back({"txt_Gamma2", kNoIndex, m.SynGamma2, Half_Unit(2), true});
     }
     if (top.Name() != "frm_Synth3") {
-        list.push_back({"txt_Theta", kNoIndex, m.SynTheta, Half_Unit(2), true});
+        // Of a dyad that there is not no direction is found.
+        const auto found = [&top](const char* box) { return !top.Get<TextBox>(box).Text.Get().empty(); };
+        const bool given = top.Name() == "frm_Synth2A";
+        if (given || found("txt_Theta")) list.push_back({"txt_Theta", kNoIndex, m.SynTheta, Half_Unit(2), true});
         list.push_back({"txt_Phi", kNoIndex, m.SynPhi, Half_Unit(2), true});
-        list.push_back({"txt_Sigma", kNoIndex, m.SynSigma, Half_Unit(2), true});
+        if (given || found("txt_Sigma")) list.push_back({"txt_Sigma", kNoIndex, m.SynSigma, Half_Unit(2), true});
         list.push_back({"txt_Xi", kNoIndex, m.SynXi, Half_Unit(2), true});
         return list;
     }
@@ -354,22 +359,20 @@ struct Value {
     double rounding;
 };
 
-/// What is read back, by name, each with what the rounding of its box may change.
+/// What is read back, by name, each with what the rounding of its box may change; the last digits count for none.
 std::vector<Value> Read_Values() {
     const auto& m = Model;
     const double length = Half_Unit(m.DecLengthShown) / Shown_Factor();
-    const double angle = Half_Unit(2);
-    const double turned = angle * kDegToRad;
-    // Coordinates that follow from length and angle move with both.
-    const double place = length + m.L1 * turned * 2;
-    const double direction = m.L1 > 0 ? std::max(angle, 3 * length / m.L1 * kRadToDeg) : 360;
-    std::vector<Value> values = {{"L1", m.L1, 2 * length},
-                                 {"L2", m.L2, length},
-                                 {"L3", m.L3, length},
-                                 {"L4", m.L4, length},
-                                 {"Rpa", m.Rpa, length},
-                                 {"Delta", m.Delta, angle},
-                                 {"DeltaRad", m.DeltaRad, turned},
+    // One form of link 1 follows from the other, to its last digits.
+    const double place = 4e-6 * m.L1;
+    const double direction = m.L1 > 0 ? 1e-3 : 360;
+    std::vector<Value> values = {{"L1", m.L1, 0},
+                                 {"L2", m.L2, 0},
+                                 {"L3", m.L3, 0},
+                                 {"L4", m.L4, 0},
+                                 {"Rpa", m.Rpa, 0},
+                                 {"Delta", m.Delta, 0},
+                                 {"DeltaRad", m.DeltaRad, 0},
                                  {"Link1X", m.Link1X, place},
                                  {"Link1Y", m.Link1Y, place},
                                  {"Link1Angle", m.Link1Angle, direction},
@@ -414,8 +417,8 @@ bool Is_Read_Back(const Screen& top) {
     return top.Name() == "frm_Inputnew" || top.Name() == "frm_Animate" || top.Name() == "frm_MassProp";
 }
 
-/// Reading all boxes back changes nothing beyond the rounding of a box, and once that has come, nothing at all.
-/// Except: while a box is being typed into, or what was typed waits for a button.
+/// Reading all boxes back changes nothing of a linkage, nothing else beyond the rounding of a box, and once that has
+/// come, nothing at all. Except: while a box is being typed into, or what was typed waits for a button.
 Found Reading_Back_Changes_Nothing(const Aside& aside, Screen& top, const Pending& pending) {
     if (!Is_Read_Back(top) || pending.Any_In_Hand(top)) return {};
     for (const Shown& shown : Boxes_Of(top))
