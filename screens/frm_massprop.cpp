@@ -199,10 +199,12 @@ void frm_MassProp::chk_Torque_Click() {
 }
 
 void frm_MassProp::Take_Torque_Table() {
-    const std::string typed = txt_Torque[4].Text;
+    platform::TextBox& torque = txt_Torque[4];
+    const std::string shown = torque.Text;
+    const bool typed = torque.Touched();
     const bool solved = cmd_Done.Enabled;
     platform::CommandButton* const cancel = CancelButton;
-    txt_Torque[4].Text = "0";
+    torque.Text = "0";
     if (Model.TorqueImported) {
         // A model from disk has brought its table along, and solving waits.
         cmd_Solve.Enabled = !Model.DiskFile;
@@ -212,7 +214,10 @@ void frm_MassProp::Take_Torque_Table() {
     if (Model.TorqueImported) return;
     // Nothing came of it: all is as it was.
     chk_Torque.Value = false;
-    txt_Torque[4].Text = typed;
+    if (typed)
+        torque.Type(shown);
+    else
+        torque.Text = shown;
     Allow_Results(solved);
     CancelButton = cancel;
 }

@@ -333,12 +333,14 @@ TEST_F(MassPropSolve, ACancelledImportLeavesTheScreenAsItWas) {
     desktop.Expect_Open({});
     form.chk_Torque.Click();
     Expect_No_Import("7.5");
+    EXPECT_TRUE(form.txt_Torque[4].Touched()) << "it still waits for Solve";
     Solve();
     EXPECT_EQ(Model.ExtTorque(4), 7.5);
     Model_Saved();
     desktop.Expect_Open({});
     form.chk_Torque.Click();
     Expect_No_Import("7.5");
+    EXPECT_FALSE(form.txt_Torque[4].Touched());
     Expect_Results_Open(true);
     EXPECT_EQ(form.CancelButton, &form.cmd_Cancel);
     EXPECT_TRUE(Model.DynamicsDone);

@@ -251,6 +251,18 @@ TEST(WalkFound, ATurnOfNothingLeavesNoDirectionOfADyad) {
     });
 }
 
+TEST(WalkFound, ATorqueThatWaitsDoesSoAfterAnImportThatWasGivenUp) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Roberts"),
+        Press("frm_Inputnew", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Type("frm_MassProp", "txt_Torque", 4, "1.88"),
+        Press("frm_MassProp", "cmd_Cancel"),
+        Press("frm_HomeScreen", "cmd_Dynamics"),
+        Tick("frm_MassProp", "chk_Torque"),
+    });
+}
+
 TEST(WalkFound, WhatWaitsForDynamicsIsNotInTheRecord) {
     Expect_Sound({
         Pick("frm_HomeScreen", "mnu_Hoekens"),
