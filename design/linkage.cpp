@@ -64,7 +64,7 @@ std::optional<Pose> Pose_Of(const FourBar& linkage, bool open, double turn) {
     const Point diagonal = other.fixed - A, AB = other.moving - crank.moving;
     const double d = std::norm(diagonal), l3 = std::norm(AB), l4 = std::norm(other.moving - other.fixed);
     const double along = (d + l3 - l4) / (2 * d), square = l3 / d - along * along;
-    if (!(square >= 0)) return {};
+    if (!(square >= 0) || l3 == 0) return {};
     const double across = open ? std::sqrt(square) : -std::sqrt(square);
     const Point toB = Times(diagonal, {along, across});
     return Pose{A, A + toB, A + Times(toB, (coupler - crank.moving) / AB)};

@@ -43,7 +43,8 @@ struct Pose {
     Point A, B, P;
 };
 /// By the triangle of diagonal, coupler and rocker; `open` is the circuit on which B lies to the left of the way from A
-/// to O4. Turn is the crank's, radians, from position 1. None where it does not close.
+/// to O4. Turn is the crank's, radians, from position 1. None where it does not close, or where a
+/// coupler without length tells no place of P.
 std::optional<Pose> Pose_Of(const FourBar& linkage, bool open, double turn);
 /// On which circuit it stands in position 1.
 bool Is_Open(const FourBar& linkage);

@@ -57,6 +57,8 @@ TEST_F(Parts, APoseIsWhereTwoCirclesMeetOnItsCircuit) {
     const double touches = std::acos((4.0 + 49 - 49) / 28);
     EXPECT_TRUE(Pose_Of(linkage, true, touches - 1e-6));
     EXPECT_FALSE(Pose_Of(linkage, true, touches + 1e-6));
+    // Both moving pivots in one place close like links 2 and 4, and turn with nothing.
+    EXPECT_FALSE(Pose_Of({{{-2, 0}, {0, 0}}, {{2, 0}, {0, 0}}, {1, 1}}, true, 0));
     const auto straight = Pose_Of({{{-2, 0}, {0, 0}}, {{5, 0}, {2.5, 0}}, {1, 1}}, true, 0);
     ASSERT_TRUE(straight) << "circles that touch do meet";
     EXPECT_EQ(straight->B, Point(2.5, 0));

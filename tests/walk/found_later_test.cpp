@@ -275,5 +275,18 @@ TEST(WalkFound, WhatWaitsForDynamicsIsNotInTheRecord) {
     });
 }
 
+TEST(WalkFound, APivotThatIsDraggedOnTheMapOverflowsNothing) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Unspec"),
+        Press("frm_Synth3", "cmd_Explore"),
+        Type("frm_Explore", "txt_Area", 3, "at 0 0, 3 1"),
+        Tick("frm_Explore", "chk_ThrownOut"),
+        Type("frm_Explore", "txt_Area", 1, "at 0 0, 3 1"),
+        Type("frm_Explore", "txt_Limit", 1, "1.2"),
+        Item("frm_Explore", "cmb_Count", kNoIndex, 0),
+        Haul("frm_Explore", "pic_Map", 0.7407, 0.5261, 0.7007, 0.5811, 0),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
