@@ -32,7 +32,8 @@ class Rows {
 void Add_Histogram(Rows& rows, const std::string& measure, const Spread_Of_Values& spread) {
     std::vector<double> bounds;
     const double least = spread.Least(), width = (double{spread.Greatest()} - least) / kBins;
-    for (int i = 0; i <= kBins; ++i) bounds.push_back(i < kBins ? least + width * i : double{spread.Greatest()});
+    for (int i = 0; i < kBins; ++i) bounds.push_back(least + width * i);
+    bounds.push_back(spread.Greatest());
     if (width == 0) return rows.Add(measure, "histogram", Cell(least), std::to_string(spread.Count()));
     const auto counts = spread.Between(bounds);
     for (std::size_t i = 0; i < counts.size(); ++i)

@@ -132,6 +132,17 @@ TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
     EXPECT_GE(found, 37);
 }
 
+TEST_F(Dyads, OfFourPositionsOfWhichOneIsTheFirstAreNone) {
+    SCOPED_TRACE(Trace());
+    for (const std::size_t again : {1U, 2U, 3U}) {
+        Task task = Random_Task(4);
+        task.positions[again] = task.positions[0];
+        const Burmester four(design::Carried_Through(task.positions));
+        for (int degrees = -170; degrees <= 180; degrees += 10)
+            for (const int way : {0, 1}) EXPECT_FALSE(four.Dyad_At(degrees * design::kDegree, way)) << again;
+    }
+}
+
 TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
     SCOPED_TRACE(Trace());
     int both = 0;

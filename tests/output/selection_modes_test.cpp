@@ -76,6 +76,18 @@ TEST_F(Modes, BoxesAreBlankedByTwosAndLabelsByCount) {
     EXPECT_EQ(four.Slots[3]->lbl_Component.Caption.Get(), "-");
 }
 
+TEST_F(Modes, NoMoreThanFourSlotsAreBlankedOrEnabled) {
+    platform::ComboBox fifth_variable(four, "cmb_Var5"), fifth_component(four, "cmb_Com5");
+    fifth_variable.Text = fifth_component.Text = "-";
+    Clear_Variables(four, 4);
+    Clear_Components(four, 4);
+    Enable_Selection(four, false, 4);
+    for (const auto* box : {&fifth_variable, &fifth_component}) {
+        EXPECT_EQ(box->Text.Get(), "-");
+        EXPECT_TRUE(box->Enabled);
+    }
+}
+
 TEST_F(Modes, TheSelectionIsEnabledForTwoOrForFourSlots) {
     const auto all = [&](int slot, bool enabled) {
         const Function_Slot& s = *four.Slots.at(static_cast<std::size_t>(slot - 1));
