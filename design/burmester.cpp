@@ -103,8 +103,9 @@ bool Burmester::Closes(double turn) const {
     return c <= a + b && c >= std::abs(a - b);
 }
 
-double Burmester::Last_That_Closes(double closes, double opens) const {
+double Burmester::Last_That_Closes(double closes, double step) const {
     constexpr int kHalvings = 60;
+    double opens = closes + step;
     for (int i = 0; i < kHalvings; ++i) {
         const double middle = (closes + opens) / 2;
         (Closes(middle) ? closes : opens) = middle;
@@ -132,8 +133,8 @@ std::vector<std::vector<Dyad>> Burmester::Curves(int steps) const {
         if (!Closes(first * step)) continue;
         int last = first;
         while (Closes((last + 1) * step)) ++last;
-        const double begins = Last_That_Closes(first * step, (first - 1) * step);
-        const double ends = Last_That_Closes(last * step, (last + 1) * step);
+        const double begins = Last_That_Closes(first * step, -step);
+        const double ends = Last_That_Closes(last * step, step);
         pen.Draw(Dyad_At(begins, 0));
         for (int i = first; i <= last; ++i) pen.Draw(Dyad_At(i * step, 0));
         pen.Draw(Dyad_At(ends, 0));

@@ -80,6 +80,12 @@ TEST_F(Dyads, WhosePivotLiesAMillionTimesAsFarAreNone) {
         const Carried three[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, std::polar(2.0, off)}};
         EXPECT_EQ(Dyad_Of_Moving(three, {3, 4}).has_value(), off > 1e-6);
         EXPECT_EQ(Dyad_Of_Fixed(three, {3, 4}).has_value(), off > 1e-6);
+        // Back and ten times as far, off by so many radians, the centre is 11 half inverses of them away.
+        for (const double back : {5e-6, 6e-6}) {
+            const Carried far[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, -std::polar(10.0, back)}};
+            EXPECT_EQ(Dyad_Of_Moving(far, {3, 4}).has_value(), back > 5.5e-6);
+            EXPECT_EQ(Dyad_Of_Fixed(far, {3, 4}).has_value(), back > 5.5e-6);
+        }
         // A link that turns so little is the inverse of that as long as its pivot's way.
         const Carried two[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
         EXPECT_EQ(Dyad_Of_Moving(two, {3, 4}, off).has_value(), off > 1e-6);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "design/problem.h"
 #include "tests/design/follower.h"
 #include "tests/design/tasks.h"
 
@@ -106,6 +107,8 @@ TEST_F(Searching, LinksTurnNeitherHardlyNorNearlyFullyToAnotherPosition) {
         for (const Solution& solution : Find(task, kCoarse).solutions) {
             const auto& genes = solution.genes;
             ASSERT_EQ(genes.count, positions == 2 ? 6U : 2U);
+            // Two planes of pivots, or two ways of the curves; of the left link beside which of them drives.
+            EXPECT_TRUE(genes.sheet[0] >= 0 && genes.sheet[0] < 4 && genes.sheet[1] >= 0 && genes.sheet[1] < 2);
             for (std::size_t i = positions == 2 ? 2 : 0; i < genes.count; i += genes.count / 2) {
                 EXPECT_GE(genes.number[i], 0.02 * design::kTurn);
                 EXPECT_LE(genes.number[i], 0.98 * design::kTurn);
@@ -154,6 +157,31 @@ TEST_F(Searching, TheListSpansLinkagesThatDiffer) {
                 EXPECT_GT(Apart(a.linkage, b.linkage), near);
             }
     EXPECT_GE(found.solutions.back().family, 5);
+}
+
+TEST_F(Searching, EveryLinkageIsMadeAgainFromItsNumbers) {
+    SCOPED_TRACE(Trace());
+    std::size_t made = 0;
+    for (const int positions : {2, 3, 4, 5}) {
+        Known known;
+        const Task task = positions == 3 ? Three() : Task_Of_Random_Linkage(positions, known);
+        const auto problem = design::Problem_Of(task);
+        for (const Solution& solution : Find(task, kShort).solutions) {
+            const auto again = problem->Linkage_Of(solution.genes);
+            ASSERT_TRUE(again);
+            EXPECT_EQ(again->crank, solution.linkage.crank);
+            EXPECT_EQ(again->other, solution.linkage.other);
+            EXPECT_EQ(again->crank_is_left, solution.linkage.crank_is_left);
+            ++made;
+        }
+    }
+    EXPECT_GE(made, 5U);
+}
+
+TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
+    const std::size_t first = Find(Three(), {.best = 5, .threads = 0, .coarse = true, .rounds = 1}).judged;
+    EXPECT_EQ(Find(Three(), {.best = 5, .threads = 0, .coarse = true}).judged, 4 * first);
+    EXPECT_EQ(List_Of_Three().judged, 256 * first) << "of five rounds";
 }
 
 TEST_F(Searching, TwinsStandTogether) {
