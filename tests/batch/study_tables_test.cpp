@@ -165,6 +165,14 @@ TEST_F(Study_Tables, EachOptionThatHasNoPlaceInAStudyIsTold) {
     EXPECT_EQ(fault({"--threads", "5x"}), "verlink-batch: --threads wants a whole number from 1 to 1024, not \"5x\"");
 }
 
+TEST(Batch_Usage_Lines, HaveWhatStandsInPlaceOfAModelAtTheirEndAlone) {
+    const std::string usage = Batch_Usage(), options = usage.substr(0, usage.find("verlink-batch --example"));
+    for (const char* other : {"--example", "--design", "--best", "--merge", "--help", "--version"}) {
+        EXPECT_EQ(options.find(other), std::string::npos) << other;
+        EXPECT_NE(usage.find(other), std::string::npos) << other;
+    }
+}
+
 /// As full as 88 letters let it be: no line has room for the first words of the next.
 TEST(Batch_Usage_Lines, AreFilledToTheirWidth) {
     std::istringstream usage(Batch_Usage());
