@@ -230,6 +230,18 @@ TEST_F(ShownAnew, OnTheInputScreen) {
     // No step touches these.
     Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says"});
 }
+TEST_F(ShownAnew, TheStatusOfTheHomeScreenWhenAStepIsUndoneOnTheAnimateScreen) {
+    auto& dynamics = Screens::Get("frm_HomeScreen").Get<Label>("lbl_Status", 3);
+    Inside(Screens::Get("frm_Animate"), [&] {
+        Deed::By_Itself();
+        The_History().Begin();
+        Weigh(2);
+        dynamics.Visible = !Model.DynamicsDone;
+        The_History().Undo();
+        EXPECT_EQ(dynamics.Visible.Get(), static_cast<bool>(Model.DynamicsDone));
+    });
+}
+
 TEST_F(ShownAnew, OnTheAnimateScreen) { Expect_Said_Again("frm_Animate", {"mnu_Zoomcontrol is on"}); }
 TEST_F(ShownAnew, OnTheHomeScreen) { Expect_Said_Again("frm_HomeScreen"); }
 TEST_F(ShownAnew, OnTheScreenOfStudies) { Expect_Said_Again("frm_Studies"); }
