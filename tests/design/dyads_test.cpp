@@ -165,6 +165,20 @@ TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
     EXPECT_GE(both, 294);
 }
 
+TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
+    // The coupler of a crank and rocker swings to and fro: it comes back to its first angle within the turn.
+    const Known known = Crank_Rocker();
+    const auto swung = [&](double turn) { return std::remainder(known.At(turn)->angle - known.At(0)->angle, 360); };
+    double back = 0.5, beyond = 6;
+    ASSERT_LT(swung(back) * swung(beyond), 0);
+    for (int i = 0; i < 60; ++i) (swung((back + beyond) / 2) * swung(back) > 0 ? back : beyond) = (back + beyond) / 2;
+    const Task task = *Task_Of(known, {0, back, 1, 2.5, 4});
+    ASSERT_NEAR(task.positions[1].angle, task.positions[0].angle, 1e-9);
+    const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+    EXPECT_LT(Nearest(dyads, {known.O2, known.A}), 1e-6);
+    EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
+}
+
 TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {
     SCOPED_TRACE(Trace());
     int even = 0;

@@ -2,6 +2,7 @@
 #include "design/search.h"
 
 #include <algorithm>
+#include <map>
 
 #include "design/problem.h"
 #include "tests/design/follower.h"
@@ -97,6 +98,32 @@ TEST_F(Searching, ADescentMakesTheBestBetter) {
     const Found fine = Find(Three(), kShort), coarse = Find(Three(), {.best = 5, .threads = 0, .coarse = true});
     ASSERT_FALSE(coarse.solutions.empty());
     EXPECT_GT(fine.solutions[0].judgement.score, coarse.solutions[0].judgement.score + 0.01);
+}
+
+TEST_F(Searching, ADescentEndsWhereNoStepEitherWayIsBetter) {
+    const Task task = Three();
+    const auto problem = design::Problem_Of(task);
+    const double first = Find(task, {.best = 5, .threads = 0, .coarse = true}).solutions[0].genes.step[0];
+    const auto better = [&](const Solution& solution, std::size_t number, double way) {
+        auto genes = solution.genes;
+        genes.number[number] += way * genes.step[number];
+        const auto linkage = problem->Linkage_Of(genes);
+        if (!linkage) return false;
+        const auto judgement = problem->Judge_Of(*linkage);
+        return judgement.Good() && judgement.score > solution.judgement.score;
+    };
+    // Of two twins one has descended, and the other has its dyads.
+    std::map<int, bool> ended;
+    for (const Solution& solution : Find(task, kShort).solutions) {
+        if (solution.genes.step[0] > first / 500) continue;
+        bool none = true;
+        // The steps have been halved once more behind the last.
+        for (std::size_t i = 0; i < solution.genes.count; ++i)
+            none = none && !better(solution, i, 2) && !better(solution, i, -2);
+        ended[solution.family] = ended[solution.family] || none;
+    }
+    EXPECT_GE(ended.size(), 2U);
+    for (const auto& [family, at_the_end] : ended) EXPECT_TRUE(at_the_end) << family;
 }
 
 TEST_F(Searching, LinksTurnNeitherHardlyNorNearlyFullyToAnotherPosition) {
@@ -258,6 +285,11 @@ TEST_F(Searching, StoppingKeepsWhatIsThere) {
         Expect_All_Do_It(Three(), midst);
         for (const Solution& solution : midst.solutions) EXPECT_GT(solution.judgement.score, 0);
     }
+    const Found all = Find(Three(), {.best = 500, .threads = 0, .rounds = 1},
+                           [](double part, const Found*) { return part <= 0.81; });
+    EXPECT_TRUE(all.stopped);
+    EXPECT_LT(all.solutions.size(), 500U) << "there is room for more";
+    for (const Solution& solution : all.solutions) EXPECT_GT(solution.judgement.score, 0);
 }
 
 TEST_F(Searching, WhereNothingDoesItTheMostFrequentReasonIsSaid) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "output/reading.h"
@@ -34,6 +35,10 @@ TEST_F(LiveChoice, EveryPresetPutsItsFunctionsWithTheirComponents) {
         choice.Take(*preset);
         EXPECT_EQ(choice.preset, preset->text);
         EXPECT_FALSE(choice.Empty());
+        Needs most = Needs::kRun;
+        for (const int number : preset->variables)
+            if (number != 0) most = std::max(most, Facts_Of(Variable_Name(number))->needs);
+        EXPECT_EQ(Needs_Of(*preset), most);
         for (std::size_t slot = 0; slot < 4; ++slot) {
             const Output_Function& function = choice.functions[slot];
             const int number = preset->variables[slot];
