@@ -68,7 +68,7 @@ void Sum_Harmonics(const HarmonicSums& sums, Lanes lanes) {
     common.step = Short_Step(kTurn / N);
     common.rest = ((kTurn - common.step * N) + kTurnRest) / N;
     const harmonics::Group groups[]{harmonics::Group_By_Pairs,
-                                     harmonics::kGroupByFours ? harmonics::kGroupByFours : harmonics::Group_By_Pairs};
+                                    harmonics::kGroupByFours ? harmonics::kGroupByFours : harmonics::Group_By_Pairs};
     const harmonics::Group group = groups[static_cast<std::size_t>(lanes)];
     for (int first = 0; first < N; first += kTogether) {
         std::array<double, kTogether> re, im;

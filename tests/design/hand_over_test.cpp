@@ -227,7 +227,8 @@ TEST_F(Handed_Over, WhatSpecifiedPivotsDoNotFindIsSaidOfTheLink) {
     EXPECT_EQ(left(270.256), "the left link turns by 270.26" + beyond);
     EXPECT_EQ(left(0.4), "the left link turns by 0.4" + little);
     EXPECT_EQ(left(359.6), "the left link turns by 359.6" + little);
-    for (const double turn : {-89.5, -89.4, -0.6, -0.5, 0.5, 0.6, 179.4, 179.5, 280.0}) EXPECT_EQ(left(turn), "") << turn;
+    for (const double turn : {-89.5, -89.4, -0.6, -0.5, 0.5, 0.6, 179.4, 179.5, 280.0})
+        EXPECT_EQ(left(turn), "") << turn;
     Choices c = Findable();
     c.gamma2 = -0.4;
     EXPECT_EQ(Trouble_By_Pivots(c), "the right link turns by -0.4" + little);

@@ -285,8 +285,8 @@ TEST_F(Searching, StoppingKeepsWhatIsThere) {
         Expect_All_Do_It(Three(), midst);
         for (const Solution& solution : midst.solutions) EXPECT_GT(solution.judgement.score, 0);
     }
-    const Found all = Find(Three(), {.best = 500, .threads = 0, .rounds = 1},
-                           [](double part, const Found*) { return part <= 0.81; });
+    const Found all =
+        Find(Three(), {.best = 500, .threads = 0, .rounds = 1}, [](double part, const Found*) { return part <= 0.81; });
     EXPECT_TRUE(all.stopped);
     EXPECT_LT(all.solutions.size(), 500U) << "there is room for more";
     for (const Solution& solution : all.solutions) EXPECT_GT(solution.judgement.score, 0);

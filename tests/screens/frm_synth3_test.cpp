@@ -189,8 +189,8 @@ TEST_F(Synth3, LengthsAreShownInTheUnitAndStoredInMetres) {
 
 TEST_F(Synth3, ACalculationShowsWhatItIsMadeFromAnew) {
     Activate();
-    const std::array labels{&form.lbl_P21mag, &form.lbl_P31mag, &form.lbl_Delta2, &form.lbl_Delta3, &form.lbl_Alpha3,
-                            &form.lbl_Beta3,  &form.lbl_Gamma3};
+    const std::array labels{&form.lbl_P21mag, &form.lbl_P31mag, &form.lbl_Delta2, &form.lbl_Delta3,
+                            &form.lbl_Alpha3, &form.lbl_Beta3,  &form.lbl_Gamma3};
     Texts before;
     for (const auto* label : labels) before.push_back(label->Caption);
     EXPECT_NEAR(Val(before[1]), std::hypot(Model.P31x, Model.P31y), 6e-3);
