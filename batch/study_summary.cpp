@@ -32,6 +32,7 @@ class Rows {
 void Add_Histogram(Rows& rows, const std::string& measure, const Spread_Of_Values& spread) {
     std::vector<double> bounds;
     const double least = spread.Least(), width = (double{spread.Greatest()} - least) / kBins;
+    bounds.reserve(kBins + 1);
     for (int i = 0; i < kBins; ++i) bounds.push_back(least + width * i);
     bounds.push_back(spread.Greatest());
     if (width == 0) return rows.Add(measure, "histogram", Cell(least), std::to_string(spread.Count()));

@@ -280,13 +280,14 @@ TEST_F(Searching, StoppingKeepsWhatIsThere) {
         // In the midst of the descents: what has not been refined is none.
         const Found midst = Find(Three(), {.best = 5, .threads = threads, .rounds = 2},
                                  [](double part, const Found*) { return part <= 0.81; });
-        EXPECT_TRUE(midst.stopped);
+        // Others may have done it all before the one that tells gets a turn.
+        EXPECT_TRUE(midst.stopped || threads > 1);
         EXPECT_EQ(midst.solutions.size(), 5U);
         Expect_All_Do_It(Three(), midst);
         for (const Solution& solution : midst.solutions) EXPECT_GT(solution.judgement.score, 0);
     }
     const Found all =
-        Find(Three(), {.best = 500, .threads = 0, .rounds = 1}, [](double part, const Found*) { return part <= 0.81; });
+        Find(Three(), {.best = 500, .threads = 1, .rounds = 1}, [](double part, const Found*) { return part <= 0.81; });
     EXPECT_TRUE(all.stopped);
     EXPECT_LT(all.solutions.size(), 500U) << "there is room for more";
     for (const Solution& solution : all.solutions) EXPECT_GT(solution.judgement.score, 0);
