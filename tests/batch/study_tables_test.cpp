@@ -134,6 +134,7 @@ TEST_F(Study_Tables, EachOptionThatHasNoPlaceInAStudyIsTold) {
         EXPECT_EQ(fault({mark}), std::string("verlink-batch: ") + mark + " does not go with a study");
     EXPECT_EQ(fault({"--save", "x.vlk"}), "verlink-batch: --save does not go with a study");
     EXPECT_EQ(fault({"--drive", "x.sva"}), "verlink-batch: --drive does not go with a study");
+    EXPECT_EQ(fault({"--fft", "Omega4"}), "verlink-batch: --fft does not go with a study");
     EXPECT_EQ(fault({"--torque", "x.out", "--dynamics"}), "verlink-batch: --torque does not go with a study");
     EXPECT_EQ(fault({"other.vlk"}), "verlink-batch: a study is of one model: \"other.vlk\" is one too many");
     EXPECT_EQ(fault({"--seed", "5"}), "verlink-batch: --seed goes with --tolerance");
