@@ -12,8 +12,9 @@
 namespace verlink {
 
 bool Reader_Gone(int descriptor) {
-    pollfd end{descriptor, POLLOUT, 0};
-    return ::poll(&end, 1, 0) == 1 && (end.revents & (POLLERR | POLLHUP)) != 0;
+    pollfd end{descriptor, POLLOUT, {}};
+    ::poll(&end, 1, 0);
+    return (end.revents & (POLLERR | POLLHUP)) != 0;
 }
 
 void Printout::Table(const std::string& table) {

@@ -354,7 +354,9 @@ int Run_Study(const BatchOptions& options, Printout& print, std::ostream& err, i
         if (options.study.sensitivity) return Write_Sensitivities(options, *study, print);
         return Study_Run(options, *study, print, err, columns).Run();
     } catch (const platform::RuntimeFailure& failure) {
-        err << "verlink-batch: " << failure.Trouble().path << " cannot be written: " << Why(failure) << '\n';
+        const platform::FileTrouble& trouble = failure.Trouble();
+        err << "verlink-batch: " << trouble.path << " cannot be " << (trouble.writing ? "written: " : "read: ")
+            << Why(failure) << '\n';
         return kFailed;
     }
 }

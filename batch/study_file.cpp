@@ -23,7 +23,7 @@ using platform::The_System;
 /// Calls `take` with each whole line of a file, without its end.
 void For_Each_Line(const std::string& path, const std::function<void(const std::string&)>& take) {
     const int file = The_System().Open(path, O_RDONLY);
-    if (file < 0) platform::Raise_File(path, platform::Way::kReading, errno);
+    if (file == -1) platform::Raise_File(path, platform::Way::kReading, errno);
     std::vector<char> block(std::size_t{1} << 16U);
     std::string line;
     ssize_t count = 0;
@@ -52,7 +52,7 @@ bool Is_Device(const std::string& path) {
 
 int Open_To_Append(const std::string& path) {
     const int file = The_System().Open(path, O_WRONLY | O_APPEND);
-    if (file < 0) platform::Raise_File(path, platform::Way::kWriting, errno);
+    if (file == -1) platform::Raise_File(path, platform::Way::kWriting, errno);
     return file;
 }
 

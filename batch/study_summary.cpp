@@ -32,7 +32,9 @@ class Rows {
 void Add_Histogram(Rows& rows, const std::string& measure, const Spread_Of_Values& spread) {
     std::vector<double> bounds;
     const double least = spread.Least(), width = (double{spread.Greatest()} - least) / kBins;
-    for (int i = 0; i <= kBins; ++i) bounds.push_back(i < kBins ? least + width * i : double{spread.Greatest()});
+    bounds.reserve(kBins + 1);
+    for (int i = 0; i < kBins; ++i) bounds.push_back(least + width * i);
+    bounds.push_back(spread.Greatest());
     if (width == 0) return rows.Add(measure, "histogram", Cell(least), std::to_string(spread.Count()));
     const auto counts = spread.Between(bounds);
     for (std::size_t i = 0; i < counts.size(); ++i)
@@ -63,7 +65,7 @@ bool Read(const std::string& text, std::uint64_t& number) {
 std::vector<std::string> Fields_Of(const std::string& line) {
     std::vector<std::string> fields{""};
     bool quoted = false;
-    for (std::size_t i = 0; i < line.size(); ++i) {
+    for (std::size_t i{}; i < line.size(); ++i) {
         if (line[i] == ',' && !quoted) {
             fields.emplace_back();
         } else if (line[i] != '"') {
@@ -110,12 +112,12 @@ std::string Summary_Text(const Summary& summary, const std::vector<float>& nomin
 
 bool Take_Summary(const std::vector<std::string>& lines, std::optional<Summary>& summary) {
     constexpr std::size_t kHead = 2, kEach = 1 + Tally::kLines;
-    std::uint64_t solved = 0, kept = 0;
+    std::uint64_t solved{}, kept{};
     if (lines.size() < kHead || (lines.size() - kHead) % kEach != 0) return false;
     if (!Read(lines[0], solved) || !Read(lines[1], kept)) return false;
     std::vector<float> nominal;
     for (std::size_t at = kHead; at < lines.size(); at += kEach) {
-        std::uint64_t bits = 0;
+        std::uint64_t bits{};
         if (!Read(lines[at], bits)) return false;
         nominal.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(bits)));
     }

@@ -61,7 +61,6 @@ std::optional<Dyad> Burmester::Dyad_At(double turn, int way) const {
     turns[led_] = std::polar(1.0, turn);
     const Point third = -(minor_[0] + minor_[led_] * turns[led_]);
     const double c = std::abs(third), a = std::abs(minor_[p]), b = std::abs(minor_[q]);
-    if (a == 0 || b == 0 || c == 0) return {};
     // The angle at the side a, by half the perimeter: it keeps its digits where the triangle is flat.
     const double half = (a + b + c) / 2;
     const double beside = (half - a) * (half - c), opposite = half * (half - b);
@@ -104,8 +103,9 @@ bool Burmester::Closes(double turn) const {
     return c <= a + b && c >= std::abs(a - b);
 }
 
-double Burmester::Last_That_Closes(double closes, double opens) const {
+double Burmester::Last_That_Closes(double closes, double step) const {
     constexpr int kHalvings = 60;
+    double opens = closes + step;
     for (int i = 0; i < kHalvings; ++i) {
         const double middle = (closes + opens) / 2;
         (Closes(middle) ? closes : opens) = middle;
@@ -133,8 +133,8 @@ std::vector<std::vector<Dyad>> Burmester::Curves(int steps) const {
         if (!Closes(first * step)) continue;
         int last = first;
         while (Closes((last + 1) * step)) ++last;
-        const double begins = Last_That_Closes(first * step, (first - 1) * step);
-        const double ends = Last_That_Closes(last * step, (last + 1) * step);
+        const double begins = Last_That_Closes(first * step, -step);
+        const double ends = Last_That_Closes(last * step, step);
         pen.Draw(Dyad_At(begins, 0));
         for (int i = first; i <= last; ++i) pen.Draw(Dyad_At(i * step, 0));
         pen.Draw(Dyad_At(ends, 0));

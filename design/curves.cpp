@@ -90,7 +90,7 @@ Found Find_With(const Task& task, const Curves& curves, const Dyad& dyad, std::s
         ++found.judged;
         const std::size_t before = found.counts[static_cast<std::size_t>(judgement.refusal)]++;
         if (judgement.Good())
-            all.push_back({linkage, judgement, {}, 0});
+            all.push_back({linkage, judgement, {}, {}});
         else if (before < kOfEach)
             found.thrown_out.push_back({linkage, judgement});
     };

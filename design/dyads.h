@@ -61,8 +61,8 @@ class Burmester {
    private:
     std::optional<Dyad> Dyad_With(Point (&turns)[4]) const;
     bool Closes(double turn) const;
-    /// Between a turn that closes and one that does not.
-    double Last_That_Closes(double closes, double opens) const;
+    /// From a turn that closes to one that does not, so much farther.
+    double Last_That_Closes(double closes, double step) const;
 
     Carried carried_[4];
     Point minor_[4];

@@ -147,7 +147,7 @@ bool Polish(const Conic& f, const Conic& g, double& s, double& t) {
         s -= ds;
         t -= dt;
         if (!std::isfinite(s) || !std::isfinite(t)) return false;
-        if (std::abs(ds) + std::abs(dt) <= 1e-14 * (1 + std::abs(s) + std::abs(t))) return true;
+        if (std::hypot(ds, dt) <= 1e-14 * std::hypot(1, s, t)) return true;
     }
     // A double crossing settles slowly; whether it is one is asked of the circle.
     return true;

@@ -83,7 +83,7 @@ class Searcher {
             if (yield.counts[static_cast<std::size_t>(judgement.refusal)]++ < kOut && !judgement.Good())
                 yield.thrown_out.push_back({linkage, judgement});
             if (!judgement.Good()) return;
-            const Solution solution{linkage, judgement, genes, 0};
+            const Solution solution{linkage, judgement, genes, {}};
             if (yield.best.size() == kKept && !Before(solution, yield.best.back())) return;
             if (yield.best.size() == kKept) yield.best.pop_back();
             yield.best.insert(std::ranges::upper_bound(yield.best, solution, Before), solution);
@@ -156,7 +156,7 @@ class Searcher {
         if (!linkage) return false;
         const Judgement judgement = problem_.Judge_Of(*linkage);
         if (!judgement.Good() || judgement.score <= solution.judgement.score) return false;
-        solution = {*linkage, judgement, genes, 0};
+        solution = {*linkage, judgement, genes, {}};
         return true;
     }
 
@@ -189,7 +189,7 @@ class Searcher {
         const FourBar twin = solution.linkage.With_Other_Crank();
         const Judgement judgement = problem_.Judge_Of(twin);
         if (!judgement.Good()) return;
-        Solution other{twin, judgement, solution.genes, 0};
+        Solution other{twin, judgement, solution.genes, {}};
         other.genes.sheet[0] ^= 1;
         // The better of two twins stands first.
         if (Before(other, solution)) std::swap(other, all.back());

@@ -20,7 +20,6 @@ double Unit_In(int units, int others) {
 }  // namespace
 
 Task In_Units(const Task& task, int units) {
-    if (units == task.units) return task;
     const double factor = Unit_In(task.units, units);
     Task other = task;
     other.units = units;

@@ -96,7 +96,7 @@ bool Run_Has(const LinkageModel& m, const Approach& approach, Point wanted) {
 
 void Ask(const LinkageModel& m, double coupler, Wanted& wanted) {
     const Reached_Position reached = Approach_To(m, wanted.number, {wanted.at.real(), wanted.at.imag(), coupler});
-    const std::size_t in_force = m.CircuitSign < 0 ? 0 : 1;
+    const std::size_t in_force = m.CircuitSign == -1 ? 0 : 1;
     const Approach& here = reached.circuits[in_force];
     wanted.off = here.closes ? here.place : HUGE_VAL;
     wanted.askew = here.closes ? here.angle / kDegree : HUGE_VAL;

@@ -77,10 +77,11 @@ void Take_Statistics(const RunResults& t, int last, BalanceWeights& weights) {
 }
 
 void Sum_Forces(RunResults& t, int step) {
+    constexpr int kShaking = 7;
     for (int axis = 0; axis <= 1; ++axis) {
-        for (int slot = 0; slot <= 6; ++slot)
+        for (int slot = 0; slot != kShaking; ++slot)
             t.BalancedForce(step, slot, axis) = t.BerkForce(step, slot, axis) + t.PinForce(step, slot, axis);
-        t.BalancedForce(step, 7, axis) = -t.BalancedForce(step, 5, axis) - t.BalancedForce(step, 6, axis);
+        t.BalancedForce(step, kShaking, axis) = -t.BalancedForce(step, 5, axis) - t.BalancedForce(step, 6, axis);
     }
 }
 

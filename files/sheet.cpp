@@ -41,7 +41,7 @@ std::string Shortest_Text(double value) {
 double Decimal_Of(Single value) {
     std::array<char, 32> digits;
     const auto* end = std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value)).ptr;
-    double decimal = 0;
+    double decimal{};
     std::from_chars(digits.data(), end, decimal);
     return decimal;
 }

@@ -1,6 +1,7 @@
 // Tables of numbers that leave the program for spreadsheets: what one holds, and how it becomes a file.
 #pragma once
 
+#include <limits>
 #include <string>
 #include <variant>
 #include <vector>
@@ -12,12 +13,14 @@ namespace verlink {
 /// The number that has the fewest digits among those that round to this one: a stored 0.1 is 0.1.
 double Decimal_Of(Single value);
 
+inline constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
 struct Sheet_Column {
     // Heads, from the top; what they lack is empty.
     std::string name, component, unit;
     std::vector<double> values = {};  ///< by row; what is not a number is an empty cell
-    // Of all steps of the run, whether they have a row or not.
-    double least = 0, mean = 0, most = 0;
+    // Of all steps of the run, whether they have a row or not; no numbers where there is none.
+    double least = kNoNumber, mean = kNoNumber, most = kNoNumber;
     int decimals = 3;  ///< as a spreadsheet shows them; the number itself has all of its digits
 };
 

@@ -95,8 +95,9 @@ double Angle_On_Axis(const Drive& drive, const RunResults& table, int step) {
     const double met = first + step * stride;
     const double nominal = from_the_end ? std::max(met, final) : std::min(met, final);
     if (!table.Assembled(step)) return nominal;
+    constexpr double kTurn = 360;
     const double stored = table.Theta(step, 0);
-    return stored + 360 * std::round((nominal - stored) / 360);
+    return stored + kTurn * std::round((nominal - stored) / kTurn);
 }
 
 /// Where the points of a slot are drawn.

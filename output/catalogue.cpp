@@ -79,7 +79,7 @@ constexpr std::array kVariables{
     Variable{"F12 Balcd", 11, 5, Kind::kPlain, Needs::kBalance},
     Variable{"F14 Balcd", 11, 6, Kind::kPlain, Needs::kBalance},
     Variable{"Flywl Torque", 18, 0, Kind::kPlain, Needs::kBalance},
-    Variable{"Current FFT", kTransformGroup, 0, Kind::kTransform},
+    Variable{"Current FFT", kTransformGroup, {}, Kind::kTransform},
 };
 constexpr int kVariableCount = static_cast<int>(kVariables.size());
 
@@ -138,7 +138,7 @@ std::optional<Single> Take_Scalar(const RunResults& table, int group, int step, 
 Single Component_Of(const Reading_Frame& frame, Single turn, Single x, Single y, int component) {
     Array<Single, 0, 3> components;
     To_Frame(frame, turn, x, y, components(0), components(1));
-    if (component > 1) Cart_to_Polar(components(0), components(1), components(2), components(3));
+    if (component == 2 || component == 3) Cart_to_Polar(components(0), components(1), components(2), components(3));
     return components(component);
 }
 

@@ -78,7 +78,6 @@ int Labels_Every(int every, int first, int last, const std::vector<double>& widt
 
 std::vector<double> Round_Values(Span span, int about) {
     const double raw = span.Width() / std::max(1, about);
-    if (!(raw > 0) || !std::isfinite(raw)) return {};
     const double power = std::pow(10.0, std::floor(std::log10(raw)));
     double step = 10 * power;
     for (const double factor : {5.0, 2.0, 1.0})
@@ -99,8 +98,8 @@ const Graph_Colors& Colors_Of(int background) {
 }
 
 const std::vector<double>& Dashes_Of(int pattern) {
-    static const std::array<std::vector<double>, 4> patterns{{{}, {6, 3}, {1.5, 2}, {7, 2.5, 1.5, 2.5}}};
-    return patterns[static_cast<std::size_t>(pattern) % patterns.size()];
+    static const std::vector<double> patterns[]{{}, {6, 3}, {1.5, 2}, {7, 2.5, 1.5, 2.5}};
+    return patterns[static_cast<std::size_t>(pattern) % std::size(patterns)];
 }
 
 int Pattern_Of(const Graph& graph, const Graph::Set& set) { return graph.PatternedLines == 1 ? set.pattern : 0; }

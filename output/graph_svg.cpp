@@ -178,7 +178,7 @@ class Svg_Page {
     double width_, height_;
     Span x_, y_;
     std::vector<double> ticks_;
-    double left_ = 0, right_ = 0, top_ = 0, bottom_ = 0;
+    double left_{}, right_{}, top_{}, bottom_{};
     std::string out_;
 };
 

@@ -64,11 +64,12 @@ void Sum_Harmonics(const HarmonicSums& sums, Lanes lanes) {
         parts.push_back(sums.x[static_cast<std::size_t>(n)] / N);
         turned.push_back(Turned_By(n, N));
     }
-    harmonics::Common common{parts.data(), turned.data(), N, sums.two_pi, Least_Rounded_To(sums.small), 0, 0};
+    harmonics::Common common{parts.data(), turned.data(), N, sums.two_pi, Least_Rounded_To(sums.small), {}, {}};
     common.step = Short_Step(kTurn / N);
     common.rest = ((kTurn - common.step * N) + kTurnRest) / N;
-    const bool by_fours = lanes == Lanes::kFour && harmonics::kGroupByFours;
-    const harmonics::Group group = by_fours ? harmonics::kGroupByFours : harmonics::Group_By_Pairs;
+    const harmonics::Group groups[]{harmonics::Group_By_Pairs,
+                                    harmonics::kGroupByFours ? harmonics::kGroupByFours : harmonics::Group_By_Pairs};
+    const harmonics::Group group = groups[static_cast<std::size_t>(lanes)];
     for (int first = 0; first < N; first += kTogether) {
         std::array<double, kTogether> re, im;
         group(common, first, re.data(), im.data());

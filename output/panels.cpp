@@ -54,7 +54,8 @@ void Put_Run_Lines(Screen& screen, const Drive& drive, std::array<RunLine, 6> li
 template <class Text>
 void Put_Links(Screen& screen, const Geometry& linkage, Text text) {
     const std::array<Single, 5> lengths{linkage.L1, linkage.L2, linkage.L3, linkage.L4, linkage.Rpa};
-    for (int i = 0; i <= 4; ++i) Put_Caption(screen, "lbl_Links", i, text(lengths[static_cast<std::size_t>(i)]));
+    int i = 0;
+    for (const Single length : lengths) Put_Caption(screen, "lbl_Links", i++, text(length));
     Put_Caption(screen, "lbl_Links", 5, Text_Of(linkage.Delta));
 }
 
@@ -105,11 +106,11 @@ void Show_Linkage_Panel(Screen& screen) {
         const double shown = Shown_Factor();
         Put_Links(screen, Model, [shown](Single length) { return Text_Of(Single(length * shown)); });
         Put_Length_Units(screen, Model);
-        for (int i = 0; i <= 3; ++i)
-            for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, false);
         Put_Run_Line(screen, 4, {"Theta2", "deg", Model.ThetaStartStr});
         Put_Run_Line(screen, 5, {"Omega2", "rad/s", Text_Of(Model.Omega2)});
         Put_Run_Line(screen, 6, {"Alpha2", "rad/s/s", Text_Of(Model.Alpha2)});
+        for (int i = 0; i <= 3; ++i)
+            for (const char* label : {"lbl_Linkout2", "lbl_Initial", "lbl_Unit"}) Show(screen, label, i, false);
     });
 }
 

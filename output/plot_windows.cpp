@@ -1,6 +1,7 @@
 // How plot windows are scaled, and what stands in them besides the curves.
 #include "output/plot_windows.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/linkage_model.h"
@@ -85,7 +86,7 @@ void SetWindow(Screen& screen, int i, Single& ymax, Single xmin, Single xmax, co
         const Single R = xmax - xmin;
         if (ymax == 0) ymax = 0.0001;
         // Bounds beyond a single number are for the surface to refuse.
-        double left = 0, right = 0, bottom = 0, top = 0;
+        double left{}, right{}, bottom{}, top{};
         if (windows == 2) {
             left = xmin - 0.16 * R;
             right = xmax + 0.04 * R;
@@ -178,8 +179,7 @@ void CartesianMax(const Element& arr, int first, int last, Single& ymax) {
     Guarded("CartesianMax", [&] {
         Single max, min;
         MaxMin1(arr, first, last, max, min);
-        ymax = std::fabs(max);
-        if (std::fabs(min) > ymax) ymax = std::fabs(min);
+        ymax = std::max(std::fabs(max), std::fabs(min));
     });
 }
 

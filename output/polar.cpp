@@ -1,6 +1,7 @@
 // How a vector becomes a locus about the origin, whole or step by step.
 #include "output/polar.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -167,7 +168,7 @@ void MyPolarStep(Screen& screen, Integer step) {
             const Color blue = Model.ColorBlue;
             Draw_Grid(screen, Model);
             if (Model.PolarMode != kEnvelope) Draw_Vector(surface, Model, blue, step);
-            if (Model.PolarMode != kVectors) Draw_Path(surface, Model, blue, step > 0 ? step - 1 : 0, step);
+            if (Model.PolarMode != kVectors) Draw_Path(surface, Model, blue, std::max(step - 1, 0), step);
             Read_Vectors(screen, Model, screen.Get<Label>("pnl_PlotUnits").Caption, blue, step, step);
         }
         Put_Caption(screen, "lbl_StepLabel", kNoIndex, Point_Name());

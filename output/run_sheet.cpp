@@ -1,10 +1,8 @@
 // The columns of the sheet.
 #include "output/run_sheet.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 #include "core/numeric.h"
@@ -16,7 +14,6 @@ namespace verlink {
 
 namespace {
 
-constexpr double kEmpty = std::numeric_limits<double>::quiet_NaN();
 /// What is counted, and a length as a sheet shows them.
 constexpr int kWhole = 0, kDecimals = 4;
 
@@ -26,8 +23,8 @@ Sheet_Column Counted_Up(Sheet_Column column) {
     int count = 0;
     for (const double value : column.values) {
         if (std::isnan(value)) continue;
-        column.least = count == 0 ? value : std::min(column.least, value);
-        column.most = count == 0 ? value : std::max(column.most, value);
+        column.least = std::fmin(column.least, value);
+        column.most = std::fmax(column.most, value);
         sum += value;
         ++count;
     }
@@ -49,7 +46,7 @@ Sheet_Column Variable_Column(const LinkageModel& model, const Output_Function& f
                         .unit = Unit_Of(function, model),
                         .decimals = kDecimals};
     for (const double value : Series(function, model.RunTable, model.Link1Angle, model.NSteps))
-        column.values.push_back(std::isnan(value) ? kEmpty : Decimal_Of(Single(value)));
+        column.values.push_back(std::isnan(value) ? kNoNumber : Decimal_Of(Single(value)));
     return Counted_Up(std::move(column));
 }
 
@@ -66,7 +63,7 @@ Sheet_Column Centrode_Column(const LinkageModel& model, const char* name, const 
                              int axis) {
     const double shown = Shown_Factor(model);
     Sheet_Column column = Column_Of(model, name, model.UnitLabel(6), kDecimals, [&](int step) {
-        if (!model.RunTable.Assembled(step)) return kEmpty;
+        if (!model.RunTable.Assembled(step)) return kNoNumber;
         std::array<Single, 2> turned;
         Rotate(points(step, 0, 0), points(step, 0, 1), model.Link1Angle, 1, turned[0], turned[1]);
         return Decimal_Of(Single(turned.at(static_cast<std::size_t>(axis)) * shown));

@@ -53,10 +53,10 @@ void Add_Items(ComboBox& combo, const std::vector<std::string>& items) {
     for (const std::string& item : items) combo.AddItem(item);
 }
 
-void Fill_Components(Screen& screen, Preset::Components components) {
+void Fill_Components(Screen& screen, Preset::Components components, int slots) {
     switch (components) {
         case Preset::Components::kAsTheyStand: break;
-        case Preset::Components::kMagnitudes: Set_To_Mag(screen, 4); break;
+        case Preset::Components::kMagnitudes: Set_To_Mag(screen, slots); break;
         case Preset::Components::kAll: SetComponents(screen, ""); break;
         case Preset::Components::kXY: SetComponents(screen, "XY"); break;
         case Preset::Components::kMagAng: Set_To_Magang(screen); break;
@@ -71,10 +71,7 @@ void Fill_From_Preset(Screen& screen, const Preset& preset, int slots) {
     if (preset.opens_coordinates) Toggle_Coordinate(screen, true);
     for (int slot = 1; slot <= slots; ++slot)
         Variable_Box(screen, slot).Text = Model.VariableNames(preset.variables[static_cast<std::size_t>(slot - 1)]);
-    if (slots == 2 && preset.components == Preset::Components::kMagnitudes)
-        Set_To_Mag(screen, 2);
-    else
-        Fill_Components(screen, preset.components);
+    Fill_Components(screen, preset.components, slots);
 }
 
 /// Fills the boxes by the preset of that text, if there is one, and takes the slots over all the same.

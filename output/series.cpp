@@ -17,12 +17,14 @@ namespace {
 
 constexpr int kByAngle = 3, kOnePosition = 1;
 constexpr int kAngleUnit = 1;  ///< of `UnitLabel`
+constexpr double kTurn = 360;
 
-std::optional<int> Component_Number(const std::string& name) {
+/// Below 0 for none.
+int Component_Number(const std::string& name) {
     constexpr std::array kNames{"X", "Y", "Mag", "Ang"};
     for (int number = 0; number < 4; ++number)
         if (name == kNames[static_cast<std::size_t>(number)]) return number;
-    return std::nullopt;
+    return -1;
 }
 
 Variable_Facts Facts(const Output_Function& function) { return Facts_Of(function.variable).value(); }
@@ -38,7 +40,7 @@ std::vector<double> Angles(const RunResults& table, int last, double link1_angle
     for (int step = 0; step <= last; ++step) {
         const double angle = Global_Angle(table, step, link1_angle);
         const double before = angles.empty() ? angle : angles.back();
-        angles.push_back(angle + 360 * std::round((before - angle) / 360));
+        angles.push_back(angle + kTurn * std::round((before - angle) / kTurn));
     }
     return angles;
 }
@@ -52,7 +54,7 @@ int Decimals_Of_Angles(double apart) {
 
 /// As many decimals as tell neighbours apart.
 int Decimals_Of_Times(double apart) {
-    return apart > 0 ? std::clamp(1 + static_cast<int>(std::ceil(-std::log10(apart))), 2, 6) : 2;
+    return apart > 0 ? std::max(1 + static_cast<int>(std::ceil(-std::log10(apart))), 2) : 2;
 }
 
 /// Of a run by angle, from its first position on.
@@ -76,7 +78,7 @@ double Time_At(const Drive& drive, int step) {
 bool Can_Be_Read(const Output_Function& function) {
     const auto facts = Facts_Of(function.variable);
     if (!facts || facts->group == kTransformGroup) return false;
-    return !facts->vector || Component_Number(function.component);
+    return !facts->vector || Component_Number(function.component) >= 0;
 }
 
 Needs Needs_Of(const Output_Function& function) { return Facts(function).needs; }
@@ -99,7 +101,7 @@ std::string Unit_Of(const Output_Function& function, const UnitSystem& units) {
 std::vector<double> Series(const Output_Function& function, const RunResults& table, Single link1_angle, int last) {
     const Variable_Facts facts = Facts(function);
     const Reading_Frame frame{link1_angle, facts.in_frames && function.local, kSmall};
-    const int component = Component_Number(function.component).value_or(0), link = Frame_Link(facts.row);
+    const int component = Component_Number(function.component), link = Frame_Link(facts.row);
     std::vector<double> values(static_cast<std::size_t>(last + 1), std::numeric_limits<double>::quiet_NaN());
     for (int step = 0; step <= last; ++step) {
         if (!table.Assembled(step)) continue;

@@ -25,12 +25,8 @@ constexpr double kTwoPi = 6.283185308;
 using Samples = std::array<double, kLastStep + 1>;
 
 double Phase_Of(double re, double im) {
-    double angle = 0;
-    if (static_cast<float>(re) == 0)
-        angle = im == 0 ? 0 : kHalfPi;  // whatever the sign of the imaginary part
-    else
-        angle = std::atan(im / re);
-    return angle * kRadToDeg;
+    if (static_cast<float>(re) != 0) return std::atan(im / re) * kRadToDeg;
+    return im == 0 ? 0 : kHalfPi * kRadToDeg;  // whatever the sign of the imaginary part
 }
 
 }  // namespace
@@ -45,7 +41,7 @@ void Do_DFT(Integer& N) {
         transform.DFTSmall = 0.00001;
 
         static Samples x, reals, imaginaries;
-        for (int i = 0; i <= N; ++i) {
+        for (int i = 1; i <= N; ++i) {
             Single value;
             Transform_XY(i, 1, value);
             x[static_cast<std::size_t>(i)] = value;
@@ -66,10 +62,9 @@ void Do_DFT(Integer& N) {
         for (int row = 0; row <= 3; ++row) {
             transform.FFTResult(0, row) = table(1, row);
             // All rows are doubled, the phase as well.
-            for (int i = 1; i <= transform.HalfSamples - 1; ++i)
-                transform.FFTResult(i, row) = table(i + 1, row) + table(i + 1, row);
             // A longer transform before this one must not show behind its last harmonic.
-            for (int i = std::max<int>(transform.HalfSamples, 1); i <= kLastStep; ++i) transform.FFTResult(i, row) = 0;
+            for (int i = 1; i <= kLastStep; ++i)
+                transform.FFTResult(i, row) = i < transform.HalfSamples ? table(i + 1, row) + table(i + 1, row) : 0;
         }
     });
 }

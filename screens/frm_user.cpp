@@ -27,7 +27,6 @@ frm_User::frm_User() : Screen("frm_User") {
 }
 
 void frm_User::Form_Activate() {
-    if (asking_) return;  // back from the question, with what has been typed so far
     Guarded("frm_User.Activate", [this] {
         if (Display_Is_High_Enough())
             Fit_Screen(*this, kWorkWidth, kWorkHeight);
@@ -43,9 +42,7 @@ void frm_User::Form_Activate() {
 void frm_User::Form_QueryUnload(bool& cancel) {
     cancel = !Screens::Get("frm_HomeScreen").Visible();
     if (!cancel) return;
-    asking_ = true;
     Guarded("frm_User.QueryUnload", [] { Show_Centered("frm_Quit"); });
-    asking_ = false;
 }
 
 void frm_User::cmd_Done_Click() {

@@ -26,9 +26,6 @@ class frm_User : public platform::Screen {
     /// Before the home screen has been up, closing the window asks whether to quit; later it goes back to it.
     void Form_QueryUnload(bool& cancel) override;
     void cmd_Done_Click();
-
-   private:
-    bool asking_ = false;  ///< whether to quit
 };
 
 }  // namespace verlink

@@ -116,7 +116,7 @@ std::vector<const Preset*> Live_Presets() {
 Needs Needs_Of(const Preset& preset) {
     Needs most = Needs::kRun;
     for (const int number : preset.variables)
-        if (number > 0) most = std::max(most, Needs_Of(Output_Function{Variable_Name(number), "X", false}));
+        if (number != 0) most = std::max(most, Needs_Of(Output_Function{Variable_Name(number), {}, {}}));
     return most;
 }
 

@@ -49,6 +49,15 @@ TEST_F(Cognates, OfHoekensLinkageAreChebyshevsAndItself) {
     for (const auto& [column, value] : chebyshev) EXPECT_NEAR(table.At(2, column), table.At(0, column), 1e-6) << column;
 }
 
+TEST_F(Cognates, AreThereAlsoWhereTwoLinksAreTogetherAsLongAsTheThird) {
+    for (const std::vector<std::string>& links : {std::vector<std::string>{"3", "1", "3", "2"}, {"3", "1", "2", "3"}}) {
+        const Outcome outcome = Run(ModelText().Linkage(links, "1.5", "30"), {"--cognates"});
+        EXPECT_EQ(outcome.status, 0);
+        ASSERT_EQ(outcome.Table().Rows(), 3);
+        EXPECT_EQ(outcome.Table().Text(0, "L3"), links[2]);
+    }
+}
+
 TEST_F(Cognates, HaveTheirLengthsAsTheFileStoresThem) {
     ModelText model;
     model.Linkage({"0.2", "0.06", "0.175", "0.14"}, "0.11", "28.25").Set(kUnits, "5");

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/linkage_model.h"
 #include "tests/batch/batch_fixture.h"
 #include "tests/support/drive_data.h"
 
@@ -215,6 +216,7 @@ TEST_F(Exchange, AModelThatHasATorqueTableIsSolvedWithIt) {
     for (int step = 0; step <= 36; ++step) content += std::to_string(step * 2 - 30) + "\r\n";
     const std::string torque = Write("load.trq", content);
     const std::string imported = Run(model, {"--dynamics", "--torque", torque}).out;
+    EXPECT_EQ(Model.TorqueFileName, "load.trq");
     ASSERT_EQ(Run(model, {"--torque", torque, "--save", Path("loaded.vlk")}).status, 0);
     EXPECT_EQ(Run({Path("loaded.vlk"), "--dynamics"}).out, imported);
 

@@ -100,6 +100,23 @@ TEST_F(Refusals, OfMoreThan2880AngleSteps) {
     EXPECT_EQ(Run(ModelText().Angles("0", "288", "0.1")).status, 0);
 }
 
+TEST_F(Refusals, ANegativeLengthIsMadePositiveAndToldWhateverIsAskedFor) {
+    const std::string words =
+        "Link lengths must be positive - Have changed to positive value - Please check your data\n";
+    for (const char* option : {"--csv=-", "--classify", "--cognates", "--balance-report"}) {
+        SCOPED_TRACE(option);
+        const Outcome positive = Run(ModelText().Set(kPolar, "#TRUE#"), {option});
+        ASSERT_EQ(positive.status, 0);
+        EXPECT_EQ(positive.err, "");
+        for (const auto& [line, length] : {std::pair{kL1, "-2.667"}, {kL2, "-1.115"}, {kL3, "-2.5"}, {kL4, "-2.5"}}) {
+            const Outcome outcome = Run(ModelText().Set(kPolar, "#TRUE#").Set(line, length), {option});
+            EXPECT_EQ(outcome.status, 0);
+            EXPECT_EQ(outcome.err, words) << line;
+            EXPECT_EQ(outcome.out, positive.out) << line;
+        }
+    }
+}
+
 TEST_F(Refusals, OfTimesInTheWrongOrder) {
     const std::string words = "Start time must be smaller than end time - will reset.\n";
     Expect_Refused(Run(ModelText().Times("2", "1", "0.1")), words);

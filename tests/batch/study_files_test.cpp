@@ -16,6 +16,11 @@ namespace {
 struct Slow_System : platform::System {
     explicit Slow_System(std::size_t at_once) : most(at_once) { platform::Use_System(this); }
     ~Slow_System() override { platform::Use_System(nullptr); }
+    int Open(const std::string& path, int flags) override {
+        if (refused.empty() || !path.ends_with(refused)) return System::Open(path, flags);
+        errno = EROFS;
+        return -1;
+    }
     ssize_t Write(int file, const char* from, std::size_t count) override {
         if (Interrupted()) return -1;
         if (room == 0) return 0;
@@ -33,6 +38,7 @@ struct Slow_System : platform::System {
         return true;
     }
     std::size_t most, room = 1U << 30U;
+    std::string refused;  ///< the end of paths that cannot be opened
     int calls = 0;
     bool interrupts = false;
 };
@@ -90,6 +96,23 @@ TEST_F(Study_Files, ADiskThatIsFullLeavesRowsThatAreGoneOnWith) {
     EXPECT_EQ(Run(resumed).status, 0);
     EXPECT_EQ(Read(Path("full.csv")), plain);
     EXPECT_FALSE(std::filesystem::exists(Path("full.csv.part")));
+}
+
+TEST_F(Study_Files, AFileThatCannotBeOpenedIsToldWithTheReason) {
+    ASSERT_EQ(Run(ModelText(), Study("rows.csv")).status, 0);
+    const std::string rows = Read(Path("rows.csv")), model = Path("model.vlk");
+    const auto refused = [&](const std::string& end, std::vector<std::string> words) {
+        words.insert(words.begin(), model);
+        Slow_System system(4096);
+        system.refused = end;
+        const Outcome outcome = Run(words);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.err.find("(its disk can only be read)"), std::string::npos) << outcome.err;
+        return outcome.err;
+    };
+    EXPECT_NE(refused("rows.csv", Resumed("rows.csv")).find("rows.csv cannot be read"), std::string::npos);
+    EXPECT_NE(refused("new.csv.part", Study("new.csv")).find("new.csv.part cannot be written"), std::string::npos);
+    EXPECT_EQ(Read(Path("rows.csv")), rows);
 }
 
 }  // namespace verlink::test

@@ -134,6 +134,7 @@ TEST_F(Study_Tables, EachOptionThatHasNoPlaceInAStudyIsTold) {
         EXPECT_EQ(fault({mark}), std::string("verlink-batch: ") + mark + " does not go with a study");
     EXPECT_EQ(fault({"--save", "x.vlk"}), "verlink-batch: --save does not go with a study");
     EXPECT_EQ(fault({"--drive", "x.sva"}), "verlink-batch: --drive does not go with a study");
+    EXPECT_EQ(fault({"--fft", "Omega4"}), "verlink-batch: --fft does not go with a study");
     EXPECT_EQ(fault({"--torque", "x.out", "--dynamics"}), "verlink-batch: --torque does not go with a study");
     EXPECT_EQ(fault({"other.vlk"}), "verlink-batch: a study is of one model: \"other.vlk\" is one too many");
     EXPECT_EQ(fault({"--seed", "5"}), "verlink-batch: --seed goes with --tolerance");
@@ -163,6 +164,14 @@ TEST_F(Study_Tables, EachOptionThatHasNoPlaceInAStudyIsTold) {
     EXPECT_EQ(fault({"--seed", "9007199254740993"}),
               "verlink-batch: --seed wants a whole number from 0 to 9007199254740992, not \"9007199254740993\"");
     EXPECT_EQ(fault({"--threads", "5x"}), "verlink-batch: --threads wants a whole number from 1 to 1024, not \"5x\"");
+}
+
+TEST(Batch_Usage_Lines, HaveWhatStandsInPlaceOfAModelAtTheirEndAlone) {
+    const std::string usage = Batch_Usage(), options = usage.substr(0, usage.find("verlink-batch --example"));
+    for (const char* other : {"--example", "--design", "--best", "--merge", "--help", "--version"}) {
+        EXPECT_EQ(options.find(other), std::string::npos) << other;
+        EXPECT_NE(usage.find(other), std::string::npos) << other;
+    }
 }
 
 /// As full as 88 letters let it be: no line has room for the first words of the next.

@@ -80,6 +80,12 @@ TEST_F(Dyads, WhosePivotLiesAMillionTimesAsFarAreNone) {
         const Carried three[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, std::polar(2.0, off)}};
         EXPECT_EQ(Dyad_Of_Moving(three, {3, 4}).has_value(), off > 1e-6);
         EXPECT_EQ(Dyad_Of_Fixed(three, {3, 4}).has_value(), off > 1e-6);
+        // Back and ten times as far, off by so many radians, the centre is 11 half inverses of them away.
+        for (const double back : {5e-6, 6e-6}) {
+            const Carried far[3] = {{1, {}, {}}, {1, {}, {1, 0}}, {1, {}, -std::polar(10.0, back)}};
+            EXPECT_EQ(Dyad_Of_Moving(far, {3, 4}).has_value(), back > 5.5e-6);
+            EXPECT_EQ(Dyad_Of_Fixed(far, {3, 4}).has_value(), back > 5.5e-6);
+        }
         // A link that turns so little is the inverse of that as long as its pivot's way.
         const Carried two[2] = {{1, {}, {}}, {1, {}, {1, 0}}};
         EXPECT_EQ(Dyad_Of_Moving(two, {3, 4}, off).has_value(), off > 1e-6);
@@ -132,6 +138,17 @@ TEST_F(Dyads, OfALinkagesFourPositionsLieOnTheCurves) {
     EXPECT_GE(found, 37);
 }
 
+TEST_F(Dyads, OfFourPositionsOfWhichOneIsTheFirstAreNone) {
+    SCOPED_TRACE(Trace());
+    for (const std::size_t again : {1U, 2U, 3U}) {
+        Task task = Random_Task(4);
+        task.positions[again] = task.positions[0];
+        const Burmester four(design::Carried_Through(task.positions));
+        for (int degrees = -170; degrees <= 180; degrees += 10)
+            for (const int way : {0, 1}) EXPECT_FALSE(four.Dyad_At(degrees * design::kDegree, way)) << again;
+    }
+}
+
 TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
     SCOPED_TRACE(Trace());
     int both = 0;
@@ -146,6 +163,20 @@ TEST_F(Dyads, OfALinkagesFivePositionsAreFoundAgain) {
     }
     // Where two dyads nearly coincide, the digits of a double do not hold them apart.
     EXPECT_GE(both, 294);
+}
+
+TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
+    // The coupler of a crank and rocker swings to and fro: it comes back to its first angle within the turn.
+    const Known known = Crank_Rocker();
+    const auto swung = [&](double turn) { return std::remainder(known.At(turn)->angle - known.At(0)->angle, 360); };
+    double back = 0.5, beyond = 6;
+    ASSERT_LT(swung(back) * swung(beyond), 0);
+    for (int i = 0; i < 60; ++i) (swung((back + beyond) / 2) * swung(back) > 0 ? back : beyond) = (back + beyond) / 2;
+    const Task task = *Task_Of(known, {0, back, 1, 2.5, 4});
+    ASSERT_NEAR(task.positions[1].angle, task.positions[0].angle, 1e-9);
+    const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+    EXPECT_LT(Nearest(dyads, {known.O2, known.A}), 1e-6);
+    EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
 TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {

@@ -181,6 +181,13 @@ TEST_F(Handed_Over, ChoicesSolveAgainToTheDyadsAndATenthMoreIsSeenAsThat) {
     const Choices own = Choices_Of(task, solution);
     EXPECT_EQ(own.first, task.positions[0].at);
     EXPECT_FALSE(own.specified);
+    for (const bool left : {false, true})
+        for (const bool right : {false, true}) {
+            Task given = task;
+            if (left) given.left.fixed = {Area::Is::kPoints, {}, {}, {known.O2}};
+            if (right) given.right.fixed = {Area::Is::kPoints, {}, {}, {known.O4}};
+            EXPECT_EQ(Choices_Of(given, solution).specified, left && right);
+        }
     double (*const ways[])(const Choices&) = {Off_By_Turns, Off_By_Directions, Off_By_Arms};
     for (const auto& way : ways) {
         EXPECT_LT(way(own), 1e-5);
@@ -220,7 +227,8 @@ TEST_F(Handed_Over, WhatSpecifiedPivotsDoNotFindIsSaidOfTheLink) {
     EXPECT_EQ(left(270.256), "the left link turns by 270.26" + beyond);
     EXPECT_EQ(left(0.4), "the left link turns by 0.4" + little);
     EXPECT_EQ(left(359.6), "the left link turns by 359.6" + little);
-    for (const double turn : {-89.4, -0.6, 0.6, 179.4, 280.0}) EXPECT_EQ(left(turn), "") << turn;
+    for (const double turn : {-89.5, -89.4, -0.6, -0.5, 0.5, 0.6, 179.4, 179.5, 280.0})
+        EXPECT_EQ(left(turn), "") << turn;
     Choices c = Findable();
     c.gamma2 = -0.4;
     EXPECT_EQ(Trouble_By_Pivots(c), "the right link turns by -0.4" + little);

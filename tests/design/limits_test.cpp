@@ -113,6 +113,8 @@ TEST_F(Limits, PositionsCoincideWithinABillionthAndATenMillionthOfADegree) {
     const std::string near_first = Said({{{0, 0}, 5}, {{3, 4}, 5}, {{2.28e-8, 4.54e-8}, 5}});
     EXPECT_NE(near_first.find("lie on a line"), std::string::npos) << near_first;
     EXPECT_NE(Said({{{3, 4}, 5}, {{0, 0}, 5}, {{-3, -4}, 5}, {{6, 8}, 5}}).find("lie on a line"), std::string::npos);
+    EXPECT_NE(Said({{{1, 0}, 5}, {{2, 2}, 5}, {{4, 6}, 5}}).find("lie on a line"), std::string::npos) << "beside 0, 0";
+    EXPECT_EQ(Said({{{1, 1}, 5}, {{2, 2}, 5}, {{-3, 3}, 5}}), "");
 }
 
 TEST_F(Limits, PositionsTurnAboutOnePointWithinATenMillionth) {

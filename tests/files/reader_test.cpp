@@ -159,6 +159,15 @@ TEST_F(Reader, Revision7WithFormat2Or3HasNoLine92AndAPolarGroundLink) {
     }
 }
 
+TEST_F(Reader, AGroundLinkOfWhichOnlyTheLengthIsKnownLiesAlongXForWhoeverAmendsTheModel) {
+    for (const char* name : {"rev6.vlk", "rev7_format2.vlk", "rev7_format3.vlk"})
+        ASSERT_TRUE(Load_Model(Held(Fixture_File(name)), [](LinkageModel& record) {
+            EXPECT_TRUE(record.PolarCoords);
+            EXPECT_EQ(record.Link1X, record.L1);
+            EXPECT_EQ(record.Link1Y, 0);
+        }));
+}
+
 TEST_F(Reader, Revision7WithFormat4HasAllLines) {
     Model.PolarCoords = true;
     Read_Fixture("rev7_format4.vlk");

@@ -116,6 +116,18 @@ TEST_F(CartesianAligned, TheWindowIsSymmetricAboutZero) {
     EXPECT_NEAR(form.pct_Plot[0].Drawing().Bottom(), -1.7 * most, 0.01);
 }
 
+TEST_F(CartesianAligned, TheWindowHoldsTheFirstAndTheLastValueToo) {
+    Choose(1, "Theta3", "Mag");
+    for (const int step : {0, 36}) {
+        Wave(1);
+        Model.RunTable.Theta(step, 1) = -200;
+        MyPlot(form, chosen, 2);
+        EXPECT_EQ(Text_At("pnl_Ymax"), "200.") << step;
+        EXPECT_EQ(Text_At("lbl_Min"), "-200.") << step;
+        EXPECT_EQ(Text_At("lbl_Max"), "1.") << step;
+    }
+}
+
 TEST_F(CartesianAligned, AnAngleComponentIsInDegrees) {
     Choose(1, "Veloc CP", "Ang");
     Choose(2, "Veloc CP", "Mag");
@@ -190,6 +202,10 @@ TEST_F(CartesianAligned, PositionsThatDoNotCloseStandAtTheirAnglesAsWell) {
     By_Angle(0, 360, 10);
     ASSERT_TRUE(Model.NoConnectSeen);
     ASSERT_TRUE(Model.RunTable.Assembled(0));
+    Expect_Along_The_Axis(0, 10);
+    // Such a position may hold its angle in another frame.
+    Model.RunTable.Assembled(7) = false;
+    Model.RunTable.Theta(7, 0) = 50;
     Expect_Along_The_Axis(0, 10);
 }
 

@@ -207,6 +207,9 @@ TEST_F(CartesianGraph, InLocalCoordinatesEachFunctionIsTurnedByTheLinkOfItsOwnSl
         EXPECT_NEAR(Values(0, 1)[point], local(1, 2).x, 2e-4);
         EXPECT_NEAR(Values(0, 2)[point], local(2, 1).y, 2e-4);
     }
+    const auto together = At(0).Sets();
+    Single_Plots(3);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(Values(i, 0), together[static_cast<std::size_t>(i)].values);
 }
 
 TEST_F(CartesianGraph, TimeAndDrivenRunsAreLabelledWithTimes) {
@@ -239,7 +242,11 @@ TEST_F(CartesianGraph, OneFunctionInEachGraph) {
     Choose(1, "Veloc CP", "Y");
     Choose(2, "Theta4", "Mag");
     At(1).ThickLines = 1;
-    Single_Plots(2);
+    Plot_Setup(stage, 2);
+    At(0).ThisSet = 1;
+    At(0).SetPatternData(3);
+    At(0).ThisSet = 2;
+    Plot(stage, chosen, 2);
     for (const int i : {0, 1}) {
         EXPECT_EQ(At(i).PatternedLines, 1);
         EXPECT_EQ(At(i).Sets()[0].pattern, 0);
@@ -324,6 +331,7 @@ TEST_F(CartesianGraph, TheFourGraphsOfATransformAreSetUpByItsHarmonics) {
     stage.chk_HGrid.Value = stage.chk_Sticks.Value = true;
     for (const auto& [harmonics, every] : {std::pair{0, 1}, {15, 1}, {16, 2}, {30, 2}, {31, 3}}) {
         Model.Harmonics = harmonics;
+        for (int i = 0; i < 4; ++i) At(i).TickEvery = 5;
         FFT_Plot_Setup(stage);
         for (int i = 0; i < 4; ++i) {
             EXPECT_EQ(At(i).NumPoints(), harmonics + 1);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/linkage_model.h"
+#include "output/reading.h"
 #include "tests/output/catalogue_rows.h"
 #include "tests/support/fixture.h"
 
@@ -45,6 +46,29 @@ TEST_F(Catalogue, EveryVariableLeadsToItsGroupRowAndKindInEverySlot) {
             EXPECT_EQ(Model.CoordFunction, row.coordinates);
             EXPECT_EQ(Model.FFTFunction, row.number == 43);
         }
+}
+
+TEST_F(Catalogue, EveryVariableIsFoundByItsNameUnderItsNumber) {
+    for (const Row& row : kRows) {
+        const auto facts = Facts_Of(row.label);
+        ASSERT_TRUE(facts) << row.label;
+        EXPECT_EQ(facts->number, row.number);
+        EXPECT_EQ(facts->group, row.group) << row.label;
+        EXPECT_EQ(Variable_Name(row.number), row.label);
+    }
+    EXPECT_FALSE(Facts_Of(""));
+}
+
+TEST_F(Catalogue, TheGroupsWithComponentsAreThoseThatReadOtherwiseByThem) {
+    RunResults& run = Model.RunTable;
+    for (const int axis : {0, 1}) {
+        run.VelXY(0, 0, axis) = run.AccXY(0, 0, axis) = run.PointXY(0, 0, axis) = 3 + axis;
+        run.PinForce(0, 0, axis) = run.BalancedForce(0, 0, axis) = run.BerkForce(0, 0, axis) = 3 + axis;
+    }
+    for (int group = 0; group <= 22; ++group) {
+        const auto x = Read_Run(run, group, 0, 0, 0, 0, {}), y = Read_Run(run, group, 0, 0, 0, 1, {});
+        EXPECT_EQ(Group_Has_Components(group), x != y) << group;
+    }
 }
 
 TEST_F(Catalogue, TheCurrentTransformLeavesTheRowOfItsSlot) {

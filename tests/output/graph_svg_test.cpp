@@ -222,12 +222,119 @@ TEST_F(GraphSvgTest, Fonts_go_to_the_titles_or_to_all_texts) {
     EXPECT_EQ(graph.FontSize, 120);
     graph.BottomTitle = "Time (Sec)";
     EXPECT_EQ(Count(Svg(), "font-size=\"15.6\" font-weight=\"bold\""), 1);
+    graph.FontUse = 4;
+    graph.FontStyle = 1;
+    EXPECT_EQ(Count(Svg(), "font-weight"), 0) << "another style than bold";
+}
+
+TEST_F(GraphSvgTest, The_axis_has_half_a_point_of_room_beside_one_point_and_beside_sticks) {
+    Fill(1, 0, [](int) { return 1; });
+    EXPECT_EQ(Point_Span(graph).low, -0.5);
+    EXPECT_EQ(Point_Span(graph).high, 0.5);
+    for (const int last : {1, 9, 50, 51, 400}) {
+        Fill(1, last, [](int i) { return i; });
+        graph.GraphStyle = 4;
+        EXPECT_EQ(Point_Span(graph).low, 0);
+        EXPECT_EQ(Point_Span(graph).high, last);
+        for (const int sticks : {2, 6}) {
+            graph.GraphStyle = sticks;
+            const double beside = last > 50 ? last / 100.0 : 0.5;
+            EXPECT_NEAR(Point_Span(graph).low, -beside, 1e-12) << last;
+            EXPECT_NEAR(Point_Span(graph).high, last + beside, 1e-12) << last;
+        }
+    }
+}
+
+TEST_F(GraphSvgTest, Curves_have_a_little_air_and_sticks_stand_on_the_edge) {
+    for (const double sign : {1.0, -1.0}) {
+        Fill(1, 4, [&](int i) { return sign * (10 + i); });
+        graph.GraphStyle = 4;
+        Span span = Value_Span(graph);
+        EXPECT_NEAR(span.low, sign > 0 ? 10 - 0.24 : -14 - 0.24, 1e-12);
+        EXPECT_NEAR(span.high, sign > 0 ? 14 + 0.24 : -10 + 0.24, 1e-12);
+        for (const int sticks : {2, 6}) {
+            graph.GraphStyle = sticks;
+            span = Value_Span(graph);
+            EXPECT_NEAR(span.low, sign > 0 ? 0 : -14 - 0.84, 1e-12);
+            EXPECT_NEAR(span.high, sign > 0 ? 14 + 0.84 : 0, 1e-12);
+        }
+    }
+    const double beyond = std::numeric_limits<double>::infinity();
+    Fill(1, 4, [&](int i) { return i == 2 ? 1.5 : i == 3 ? beyond : i == 4 ? -beyond : 1; });
+    graph.GraphStyle = 2;
+    EXPECT_NEAR(Value_Span(graph).high, 1.5 * 1.06, 1e-12);
+    Fill(1, 4, [](int i) { return i - 1; });
+    EXPECT_NEAR(Value_Span(graph).low, -1 - 0.24, 1e-12);
+}
+
+TEST_F(GraphSvgTest, Legends_stand_beside_each_other_where_both_fit_between_the_margins) {
+    // A legend takes 48 pixels and 0.58 of its font's 13 for each letter; of 600 pixels 576 are between the margins.
+    for (const int letters : {31, 32, 33, 34}) {
+        for (const int set : {1, 2}) {
+            Fill(set, 3, [](int i) { return i; });
+            graph.SetLegendText(std::string(static_cast<std::size_t>(letters), 'm'));
+        }
+        const std::string svg = Graph_Svg(graph, 600, 300);
+        const std::regex legend("y=\"([0-9.]*)\"[^>]*>m+<");
+        std::vector<std::string> heights;
+        for (std::sregex_iterator i(svg.begin(), svg.end(), legend), end; i != end; ++i) heights.push_back((*i)[1]);
+        ASSERT_EQ(heights.size(), 2U);
+        const double wide = 48 + 0.58 * 13 * letters;
+        EXPECT_EQ(heights[0] == heights[1], 2 * wide <= 576) << letters;
+    }
+}
+
+TEST_F(GraphSvgTest, Values_stand_about_sixty_pixels_apart) {
+    Fill(1, 5, [](int i) { return i; });
+    const std::regex value("text-anchor=\"end\"[^>]*>([^<]*)<");
+    // 50 pixels of the height are above and below the frame: three sixties, and one pixel less than that.
+    for (const auto& [height, wanted] : {std::pair(230, "0 2 4 "), std::pair(229, "0 5 ")}) {
+        const std::string svg = Graph_Svg(graph, 600, height);
+        std::string values;
+        for (std::sregex_iterator i(svg.begin(), svg.end(), value), end; i != end; ++i) values += (*i)[1].str() + ' ';
+        EXPECT_EQ(values, wanted) << height;
+    }
+}
+
+TEST_F(GraphSvgTest, Labels_thin_out_where_the_first_is_too_wide_for_the_second) {
+    const auto second = [&](std::size_t letters) {
+        Fill(1, 10, [](int i) { return i; });
+        graph.ThisPoint = 1;
+        graph.SetLabelText(std::string(letters, '0'));
+        return Centred(Graph_Svg(graph, 600, 300)).at(1).second;
+    };
+    EXPECT_EQ(second(1), "1");
+    // About 54 pixels are between two points, and 7.54 in a letter.
+    EXPECT_EQ(second(11), "1");
+    EXPECT_EQ(second(13), "2");
+}
+
+TEST_F(GraphSvgTest, Ticks_stand_at_least_five_pixels_apart) {
+    const std::regex tick("<line x1=\"([0-9.]*)\" y1=\"([0-9.]*)\" x2=\"([0-9.]*)\" y2=\"([0-9.]*)\"");
+    graph.TickEvery = 1;
+    for (const int last : {50, 90, 100, 104, 108, 115, 130, 200, 300}) {
+        Fill(1, last, [](int i) { return i; });
+        const std::string svg = Graph_Svg(graph, 600, 300);
+        std::vector<double> places;
+        for (std::sregex_iterator i(svg.begin(), svg.end(), tick), end; i != end; ++i)
+            if (std::abs(std::stod((*i)[4]) - std::stod((*i)[2]) - 4) < 1e-3) places.push_back(std::stod((*i)[1]));
+        ASSERT_GE(places.size(), 2U);
+        const double apart = places[1] - places[0], all = (places.back() - places.front()) / last;
+        EXPECT_GT(apart, 4.98) << last;
+        const int every = static_cast<int>(std::lround(apart / all));
+        EXPECT_TRUE(every == 1 || every == 2 || every == 5) << every;
+        // The next finer ones would stand closer than that.
+        EXPECT_LT(every == 1 ? 0 : apart * (every == 5 ? 2 : 1) / every, 5.1) << last;
+    }
 }
 
 TEST_F(GraphSvgTest, A_flat_graph_has_its_value_in_the_middle) {
     Fill(1, 3, [](int) { return 8; });
     EXPECT_EQ(Value_Span(graph).low, 4);
     EXPECT_EQ(Value_Span(graph).high, 12);
+    Fill(1, 3, [](int) { return -0.5; });
+    EXPECT_EQ(Value_Span(graph).low, -0.75);
+    EXPECT_EQ(Value_Span(graph).high, -0.25);
     Fill(1, 3, [](int) { return 0; });
     EXPECT_EQ(Value_Span(graph).low, -1);
     EXPECT_EQ(Value_Span(graph).high, 1);
@@ -248,6 +355,20 @@ TEST(GraphScaleTest, Round_values_are_few_and_within) {
     }
 }
 
+TEST(GraphScaleTest, Round_values_are_about_as_many_as_are_wanted) {
+    using Values = std::vector<double>;
+    for (const int none : {-1, 0, 1}) EXPECT_EQ(Round_Values({0, 10}, none), (Values{0, 10})) << none;
+    EXPECT_EQ(Round_Values({0, 10}, 2), (Values{0, 5, 10}));
+    EXPECT_EQ(Round_Values({0, 70}, 10), (Values{0, 10, 20, 30, 40, 50, 60, 70}));
+    EXPECT_EQ(Round_Values({-4, 10}, 7), (Values{-4, -2, 0, 2, 4, 6, 8, 10}));
+    EXPECT_EQ(Round_Values({0.5, 9.5}, 9), (Values{1, 2, 3, 4, 5, 6, 7, 8, 9}));
+    // A step may be smaller by a fifth than an even share.
+    EXPECT_EQ(Round_Values({0, 12.4}, 10).size(), 13U);
+    EXPECT_EQ(Round_Values({0, 12.6}, 10).size(), 7U);
+    for (const double none : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()})
+        EXPECT_TRUE(Round_Values({0, none}, 5).empty()) << none;
+}
+
 TEST(GraphScaleTest, Labels_thin_out_by_round_multiples) {
     EXPECT_EQ(Thinned(12, 361, 40), 12);
     EXPECT_EQ(Thinned(12, 361, 20), 24);
@@ -256,6 +377,8 @@ TEST(GraphScaleTest, Labels_thin_out_by_round_multiples) {
     EXPECT_EQ(Thinned(12, 24, 2), 12) << "at 0 and 12";
     EXPECT_EQ(Thinned(12, 25, 2), 24) << "three at 0, 12 and 24 are too many";
     EXPECT_EQ(Thinned(12, 25, 3), 12);
+    EXPECT_EQ(Thinned(1, 100001, 101), 1000);
+    EXPECT_EQ(Thinned(1, 500001, 101), 5000);
     EXPECT_EQ(Thinned(7, 1 << 20, 2), 1 << 20) << "no round multiple is enough, and the first stands alone";
     EXPECT_EQ(Thinned(1, 1, 0), 1);
 }
@@ -272,6 +395,9 @@ TEST(GraphScaleTest, Labels_that_stand_clear_of_each_other_all_stay) {
     EXPECT_EQ(Labels_Every(12, 0, 180, widths, 2, 6), 24);
     EXPECT_EQ(Labels_Every(12, 0, 96, widths, 2, 6), 12);
     EXPECT_EQ(Labels_Every(12, 0, 180, widths, 3, 6), 12);
+    widths[12] = 1000;
+    EXPECT_EQ(Labels_Every(12, 13, 96, widths, 2, 6), 12) << "the one before is out of view";
+    EXPECT_EQ(Labels_Every(12, 12, 96, widths, 2, 6), 24);
     EXPECT_EQ(Labels_Every(12, 0, -1, {}, 3, 6), 12);
     EXPECT_EQ(Labels_Every(1, 0, 6000, std::vector<double>(6001, 1e6), 1, 6), 6001) << "no multiple is enough";
 }

@@ -23,6 +23,7 @@ class ModelFacts : public Fixture {
     ModelFacts() {
         Initialize();
         Use_Units(5);
+        Model.UnitLabel(11) = "of balanced forces";  // otherwise the same word
         Model.ModelName = "press";
         Model.FigureTitle = "Press, second draft";
         Model.DesignNumber = 7;
@@ -156,6 +157,13 @@ TEST_F(ModelFacts, OfARunByTimeHaveItsTimesToo) {
                   {"Omega2 at the start", 14, "rad/sec"},
                   {"Alpha2", 19, "rad/sec^2"}},
                  kTyped);
+}
+
+TEST_F(ModelFacts, OfARunOfNoKnownKindHaveNoNameOfIt) {
+    for (const int kind : {0, 6}) {
+        Model.Calctype = kind;
+        for (const Sheet_Fact& fact : Model_Facts(Model)) EXPECT_NE(fact.what, "Run") << kind;
+    }
 }
 
 TEST_F(ModelFacts, OfADriveFromAFileHaveItsTimesAloneAndOfATorqueFromAFileItsName) {

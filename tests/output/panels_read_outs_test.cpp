@@ -109,7 +109,10 @@ TEST_F(Panels, OfADrivenRunNameTheTimesOfItsTableAndNoStartThatItHasNot) {
 TEST_F(Panels, OfAnAngleRunNameTheAnglesAndTheSpeedAndBlankTheRest) {
     Show_Time_Panel(screen);
     Use_Units(5);
+    Model.DecLengthShown = 1;
     Show_Angle_Panel(screen);
+    EXPECT_EQ(Captions(panel.lbl_Links, 0, 5),
+              (Texts{"2,667.0", "1,115.0", "2,500.0", "2,250.0", "1,697.0", "-92.66"}));
     EXPECT_EQ(Captions(panel.lbl_Linkout2, 0, 6), (Texts{"Open", "45", "405", "2", "10", "", ""}));
     EXPECT_EQ(Captions(panel.lbl_Initial, 1, 6), (Texts{"Min Theta", "Max Theta", "Delta Theta", "Omega2", "", ""}));
     EXPECT_EQ(Captions(panel.lbl_Unit, 1, 6), (Texts{"deg", "deg", "deg", "rad/s", "", ""}));

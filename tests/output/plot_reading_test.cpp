@@ -42,6 +42,7 @@ TEST_F(Plot_Readings, Of_an_aligned_window_are_angle_and_value_of_each_step_wher
         const Plot_Reading& reading = aligned.pct_Plot[window].Reading();
         EXPECT_FALSE(reading.polar);
         EXPECT_EQ(reading.across, "Crank Angle (Deg)");
+        EXPECT_EQ(reading.color, Model.ColorBlue);
         ASSERT_EQ(reading.labels.size(), 37U);
         EXPECT_EQ(reading.labels[9], "90");
         ASSERT_EQ(reading.values.size(), 1U);
@@ -76,6 +77,18 @@ TEST_F(Plot_Readings, Tell_the_place_of_a_point_with_all_its_digits_where_the_ax
     EXPECT_EQ(graph.Readings, (std::vector<std::string>{"0", "0.0025", "0.005", "0.0075", "0.01"}));
 }
 
+TEST_F(Plot_Readings, Tell_times_to_the_millionth_and_angles_to_the_ten_thousandth) {
+    By_Time(0, 1, 0.125);
+    Model.TimeStep = 0.1234567;
+    frm_Plot1 graphs;
+    Plot_Setup(graphs, 1);
+    EXPECT_EQ(graphs.grf_Plot[0].Readings.at(1), "0.123457");
+    By_Angle(0, 90, 10);
+    Model.RunTable.Theta(1, 0) = 10.12346F;
+    Plot_Setup(graphs, 1);
+    EXPECT_EQ(graphs.grf_Plot[0].Readings.at(1), "10.1235");
+}
+
 TEST_F(Plot_Readings, Of_a_window_that_is_left_empty_are_none) {
     Choose(1, "Omega4", "Mag");
     Choose(2, "Omega4", "Mag");
@@ -94,6 +107,7 @@ TEST_F(Plot_Readings, Of_a_polar_plot_are_magnitude_and_angle_of_each_tip) {
     const Plot_Reading& reading = polar.pct_Plot.Reading();
     EXPECT_TRUE(reading.polar);
     EXPECT_EQ(reading.across, "Theta2");
+    EXPECT_EQ(reading.color, Model.ColorBlue) << "as the vectors";
     ASSERT_EQ(reading.labels.size(), 37U);
     EXPECT_EQ(reading.labels[9], "90 deg");
     ASSERT_EQ(reading.values.size(), 2U);

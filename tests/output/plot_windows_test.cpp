@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "core/linkage_model.h"
 #include "platform/graph.h"
@@ -228,14 +229,20 @@ TEST_F(PlotWindows, TicsTooCloseToBeCountedBySinglesEnd) {
     EXPECT_LE(log.Calls.size(), 2U);
 }
 
+TEST_F(PlotWindows, TicsWhoseStepIsNothingInSinglesAreNone) {
+    Calls();
+    YticMarks(stage, 1, std::numeric_limits<float>::denorm_min(), 5, 0, 360);
+    EXPECT_TRUE(log.Calls.empty());
+}
+
 TEST_F(PlotWindows, YTicsStandEveryFifthAndGoOneBeyondTheTop) {
     Calls();
-    YticMarks(stage, 1, 10, 5, 0, 360);
+    YticMarks(stage, 1, 10, 5, 45, 405);
     std::vector<std::string> expected;
     const float f = 0.2F;
     const auto step = static_cast<float>(static_cast<double>(f) * 10);
     const auto last = static_cast<float>((static_cast<double>(f) + 1) * 10);
-    for (float y = -10; y <= last; y += step) expected.push_back(Black(-3.6, y, 3.6, y));
+    for (float y = -10; y <= last; y += step) expected.push_back(Black(41.4, y, 48.6, y));
     EXPECT_GE(expected.size(), 11U);
     Expect_Rows(log.Calls, expected);
 }

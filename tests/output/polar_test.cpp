@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/linkage_model.h"
 #include "core/numeric.h"
 #include "core/text.h"
@@ -75,6 +77,29 @@ TEST_F(PolarPlot, TipsAreTheVectorsOfTheWholeRun) {
     EXPECT_EQ(Model.PlotSlot, 1);
 }
 
+TEST_F(PolarPlot, StandsInItsOwnBoxWhateverOthersOfTheNameThereAre) {
+    platform::PictureBox other(form, "pct_Plot", 1);
+    Choose_Polar("Veloc CP");
+    Boxes(true, true);
+    form.pct_Plot.Redirect(&log);
+    Whole();
+    EXPECT_EQ(other.Drawing().Right(), platform::Picture().Right());
+    EXPECT_EQ(std::ranges::count_if(log.Calls, [](const auto& call) { return call.starts_with("Scale"); }), 1);
+    MyPolarStep(form, 2);
+    EXPECT_TRUE(other.Drawing().Primitives().empty());
+}
+
+TEST_F(PolarPlot, TheWindowHoldsTheFirstAndTheLastVectorToo) {
+    Choose_Polar("Veloc CP");
+    Model.Link1Angle = 0;
+    for (const int step : {0, 8}) {
+        for (int i = 0; i <= 8; ++i)
+            for (const int axis : {0, 1}) Model.RunTable.VelXY(i, 2, axis) = i == step ? -50 : 1;
+        Whole();
+        EXPECT_EQ(Model.PlotYmax, 50) << step;
+    }
+}
+
 TEST_F(PolarPlot, HeadersNameFunctionAndUnit) {
     Choose_Polar("Accel CP");
     form.Get<platform::Label>("lbl_Header3").Caption = "of an earlier plot";
@@ -143,6 +168,9 @@ TEST_F(PolarPlot, TheModeFollowsTheBoxesAndWithNeitherItStays) {
     EXPECT_EQ(Model.PolarMode, 3);
     EXPECT_FALSE(Model.PolarEnvelope);
     EXPECT_FALSE(Model.PolarVectors);
+    Boxes(true, false);
+    MyPolarPlotSetup(form);
+    EXPECT_EQ(Model.PolarMode, 1);
 }
 
 TEST_F(PolarPlot, BothBoxesClearAtTheFirstPlotDrawByTheLastMode) {
@@ -227,6 +255,10 @@ TEST_F(PolarPlot, AWindowThatFailsIsToldSkippedAndNumberedAllTheSame) {
     EXPECT_TRUE(Model.WindowFailed);
     EXPECT_EQ(form.pct_Plot.Drawing().Alive(), 0U);
     EXPECT_EQ(Text_At("pnl_Ymax"), FNRoundStr(Model.PlotYmax, 0));
+    MyPolarStep(form, 3);
+    EXPECT_EQ(form.pct_Plot.Drawing().Alive(), 0U);
+    EXPECT_TRUE(form.pct_Plot.Reading().Empty());
+    EXPECT_NE(Text_At("pnl_vector", 0), "");
 }
 
 TEST_F(PolarPlot, AStepShowsItsVectorAloneWithItsValues) {

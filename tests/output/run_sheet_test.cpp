@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
+#include <numeric>
 
 #include "dynamics/dynacalc.h"
 #include "shell/initialize.h"
@@ -93,6 +94,28 @@ TEST_F(RunSheet, LeavesPositionsThatDoNotCloseEmptyAndOutOfItsStatistics) {
     EXPECT_LT(column.most, far);
 }
 
+TEST_F(RunSheet, HasTheStatisticsOfItsNumbersInEveryColumn) {
+    for (int step = 0; step <= Model.NSteps; ++step) {
+        Model.RunTable.Omega(step, 1) = -1 - step;
+        Model.RunTable.Omega(step, 2) = 1 + step;
+    }
+    for (const Sheet_Column& column : Run_Sheet(Model, false).columns) {
+        const auto [least, most] = std::ranges::minmax(column.values);
+        EXPECT_EQ(column.least, least) << column.name;
+        EXPECT_EQ(column.most, most) << column.name;
+        const double mean = std::accumulate(column.values.begin(), column.values.end(), 0.0) / double(Rows());
+        EXPECT_NEAR(column.mean, mean, 1e-6 * (most - least + std::abs(mean))) << column.name;
+    }
+}
+
+TEST_F(RunSheet, HasNoStatisticsOfWhatClosesNowhere) {
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.Assembled(step) = false;
+    const Sheet sheet = Run_Sheet(Model, false);
+    const Sheet_Column& column = *Named(sheet, "Fixed Centrode").at(0);
+    for (const double none : {column.least, column.mean, column.most}) EXPECT_TRUE(std::isnan(none));
+    EXPECT_EQ(sheet.columns[1].most, 0) << "that nothing closes is known";
+}
+
 TEST_F(RunSheet, OfOnePositionHasItAsLeastMostAndMean) {
     Model.NSteps = 0;
     const Sheet sheet = Run_Sheet(Model, false);
@@ -111,6 +134,11 @@ TEST_F(RunSheet, HasForcesWhereTheyAreSolvedAndVectorsInFourColumns) {
     EXPECT_GT(sheet.columns.size(), without);
     const auto force = Named(sheet, "Force 12");
     ASSERT_EQ(force.size(), 4U);
+    for (const char* scalar : {"Theta3", "Omega4", "w4 / w2", "Torque 12"}) {
+        ASSERT_EQ(Named(sheet, scalar).size(), 1U) << scalar;
+        EXPECT_EQ(Named(sheet, scalar)[0]->component, "");
+        EXPECT_EQ(Named(sheet, scalar)[0]->decimals, 4);
+    }
     for (std::size_t step = 0; step < Rows(); ++step)
         EXPECT_NEAR(force[2]->values[step], std::hypot(force[0]->values[step], force[1]->values[step]),
                     1e-4 * force[2]->values[step] + 1e-6);

@@ -76,6 +76,18 @@ TEST_F(Modes, BoxesAreBlankedByTwosAndLabelsByCount) {
     EXPECT_EQ(four.Slots[3]->lbl_Component.Caption.Get(), "-");
 }
 
+TEST_F(Modes, NoMoreThanFourSlotsAreBlankedOrEnabled) {
+    platform::ComboBox fifth_variable(four, "cmb_Var5"), fifth_component(four, "cmb_Com5");
+    fifth_variable.Text = fifth_component.Text = "-";
+    Clear_Variables(four, 4);
+    Clear_Components(four, 4);
+    Enable_Selection(four, false, 4);
+    for (const auto* box : {&fifth_variable, &fifth_component}) {
+        EXPECT_EQ(box->Text.Get(), "-");
+        EXPECT_TRUE(box->Enabled);
+    }
+}
+
 TEST_F(Modes, TheSelectionIsEnabledForTwoOrForFourSlots) {
     const auto all = [&](int slot, bool enabled) {
         const Function_Slot& s = *four.Slots.at(static_cast<std::size_t>(slot - 1));
@@ -170,13 +182,28 @@ TEST_F(Modes, APresetThatIsAppliedFillsItsSlotsAndLocksThem) {
     EXPECT_FALSE(screen.cmb_Var2.Enabled);
 }
 
+TEST_F(Modes, ApplyingAPresetOfAnyOtherCountBlanksTheLabelsAndLocksTheSlots) {
+    Write_All("-");
+    four.cmd_Done.Enabled = true;
+    Apply_Preset(four, 3);
+    for (std::size_t slot = 0; slot < 4; ++slot) {
+        EXPECT_EQ(four.Slots[slot]->lbl_Function.Caption.Get(), slot < 3 ? "" : "-");
+        EXPECT_EQ(four.Slots[slot]->lbl_Component.Caption.Get(), slot < 3 ? "" : "-");
+        EXPECT_FALSE(four.Slots[slot]->cmb_Var.Enabled);
+    }
+    EXPECT_FALSE(four.cmd_Done.Enabled);
+}
+
 TEST_F(Modes, EveryPresetFillsTheBoxesToTheLastOfTheList) {
     for (const auto& slot : four.Slots) Load_Components(four, slot->cmb_Com);
     const auto presets = Presets_Of_Four();
     for (std::size_t i = 0; i < presets.size(); ++i) {
         Write_All("");
         four.cmb_Preset.Text = presets[i].text;
+        Model.PlotCount = Model.PrintCount = 1;
         Choose_Preset(four);
+        EXPECT_EQ(Model.PlotCount, 4);
+        EXPECT_EQ(Model.PrintCount, 4);
         for (std::size_t slot = 0; slot < 4; ++slot)
             EXPECT_EQ(four.Slots[slot]->cmb_Var.Text.Get(), Model.VariableNames(presets[i].variables[slot]))
                 << presets[i].text;
@@ -192,9 +219,29 @@ TEST_F(Modes, EveryPresetFillsTheBoxesToTheLastOfTheList) {
     for (const Preset& preset : Presets_Of_Two()) {
         screen.cmb_Var1.Text = screen.cmb_Var2.Text = "";
         screen.cmb_Preset.Text = preset.text;
+        Model.PlotCount = 1;
         Choose_Preset_2(screen);
+        EXPECT_EQ(Model.PlotCount, 2);
         EXPECT_EQ(screen.cmb_Var1.Text.Get(), Model.VariableNames(preset.variables[0])) << preset.text;
         EXPECT_EQ(screen.cmb_Var2.Text.Get(), Model.VariableNames(preset.variables[1])) << preset.text;
+        using enum Preset::Components;
+        const auto first = preset.components == kXY ? "X" : "Mag";
+        const auto second = preset.components == kXY ? "Y" : preset.components == kMagAng ? "Ang" : "Mag";
+        EXPECT_EQ(screen.cmb_Com1.Text.Get(), first) << preset.text;
+        EXPECT_EQ(screen.cmb_Com2.Text.Get(), second) << preset.text;
+    }
+}
+
+TEST_F(Modes, APresetOfTwoLeavesOtherSlotsOfTheScreenAlone) {
+    for (const auto& slot : four.Slots) Load_Components(four, slot->cmb_Com);
+    for (const Preset& preset : Presets_Of_Two()) {
+        Write_All("-");
+        four.cmb_Preset.Text = preset.text;
+        Choose_Preset_2(four);
+        for (const std::size_t slot : {2U, 3U}) {
+            EXPECT_EQ(four.Slots[slot]->cmb_Var.Text.Get(), "-") << preset.text;
+            EXPECT_EQ(four.Slots[slot]->cmb_Com.Text.Get(), "-") << preset.text;
+        }
     }
 }
 

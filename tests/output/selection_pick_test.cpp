@@ -180,6 +180,8 @@ TEST_F(Picks, AScreenWithoutTakeOverButtonsPicksToo) {
     Component_Picked(screen, screen.cmb_Com1, nullptr, 1);
     EXPECT_EQ(Model.FuncGroup(1), 1);
     EXPECT_EQ(Model.FuncComponent(1), 2);
+    Select_OK(screen, screen.cmb_Var1, screen.cmb_Com1, nullptr, 1);
+    EXPECT_EQ(screen.lbl_Function[0].Caption.Get(), "Theta2");
 }
 
 TEST_F(Picks, ASlotBeyondTheTablesIsReportedUnderTheProceduresName) {

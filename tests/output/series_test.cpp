@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/numeric.h"
 #include "output/reading.h"
 #include "tests/output/plotting.h"
 
@@ -93,6 +94,9 @@ TEST_F(SeriesTest, ARunByAngleHasItsAnglesInTheirOrderAndTimesByItsSpeed) {
     EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"30.", "50.", "70.", "90."}));
     EXPECT_EQ(By(Abscissa::kAngle).title, "Crank Angle (Deg)");
     EXPECT_TRUE(By(Abscissa::kAngle).places.empty());
+    By_Angle(30, 85, 20);
+    EXPECT_EQ(By(Abscissa::kAngle).labels, (std::vector<std::string>{"30.", "50.", "70.", "85."})) << "no farther";
+    By_Angle(30, 90, 20);
     // 20 degrees take 0.034907 s at 10 rad/s.
     Model.Omega2Input = 10;
     EXPECT_EQ(By(Abscissa::kTime).labels, (std::vector<std::string>{"0.000", "0.035", "0.070", "0.105"}));
@@ -123,6 +127,9 @@ TEST_F(SeriesTest, LabelsHaveAsManyDecimalsAsTellTheStepsApart) {
         Model.TimeStep = step;
         EXPECT_EQ(By(Abscissa::kTime).labels.at(1), label);
     }
+    Model.TimeStart = 100;
+    Model.TimeStep = 0.25;
+    EXPECT_EQ(By(Abscissa::kTime).labels.at(1), "100.25") << "wherever they begin";
     Model.Calctype = 3;
     Model.Omega2Input = 1;
     Model.ThetaStart = 0;
@@ -148,16 +155,21 @@ TEST_F(SeriesTest, ARunByTimeStandsAtItsAnglesWhichGoOnBeyondATurn) {
     Model.ThetaZero = 300;
     Model.Omega2Input = 2;
     Model.Alpha2 = -1;
-    By_Time(0, 4, 0.5);
-    EXPECT_EQ(By(Abscissa::kTime).labels[3], "1.50");
-    const Stations stations = By(Abscissa::kAngle);
-    ASSERT_EQ(stations.places.size(), 9U);
-    for (int step = 0; step <= 8; ++step) {
-        // The crank slows down, stands still at 2 s, and comes back.
-        const double t = 0.5 * step, turned = (2 * t - t * t / 2) * 180 / M_PI;
-        EXPECT_NEAR(stations.places[static_cast<std::size_t>(step)] - stations.places[0], turned, 1e-3) << step;
+    for (const char* mode : {"abs", "180"}) {
+        Model.ModuloMode = mode;
+        By_Time(0, 4, 0.5);
+        EXPECT_EQ(By(Abscissa::kTime).labels[3], "1.50");
+        const std::vector<double> places = By(Abscissa::kAngle).places;
+        ASSERT_EQ(places.size(), 9U);
+        for (int step = 0; step <= 8; ++step) {
+            // The crank slows down, stands still at 2 s, and comes back.
+            const double t = 0.5 * step, turned = (2 * t - t * t / 2) * 180 / M_PI;
+            EXPECT_NEAR(places[static_cast<std::size_t>(step)] - places[0], turned, 1e-3) << mode << step;
+        }
+        EXPECT_NEAR(std::remainder(places[0] - 300, 360), 0, 1e-3);
     }
-    EXPECT_NEAR(std::remainder(stations.places[0] - 300, 360), 0, 1e-3);
+    const Stations stations = By(Abscissa::kAngle);
+    EXPECT_EQ(stations.labels[1], FNRoundStr(stations.places[1], 2)) << "two decimals";
     // Where it does not close the table has the crank in the ground link's frame.
     Model.RunTable.Assembled(3) = false;
     Model.RunTable.Theta(3, 0) -= 40;

@@ -88,6 +88,7 @@ TEST_F(TableSheets, Say_where_positions_do_not_close_when_some_do_not) {
     ASSERT_EQ(sheet.columns.size(), 6U);
     EXPECT_EQ(sheet.columns[5].name, "Closes");
     EXPECT_EQ(sheet.columns[5].values, (std::vector<double>{1, 0, 0, 1}));
+    EXPECT_EQ(sheet.columns[5].decimals, 0);
     EXPECT_EQ(sheet.columns[5].least, 0);
     EXPECT_EQ(sheet.columns[5].most, 1);
 }
@@ -141,6 +142,8 @@ TEST_F(TableSheets, Stand_at_times_in_runs_by_time_and_at_harmonics_in_transform
     int slot = 0;
     for (const char* component : {"X", "Y", "Mag", "Ang"}) Choose(++slot, "Current FFT", component);
     sheet = Table_Sheet(Model, {"FFT", "FFT", "FFT", "FFT"}, Wish(1));
+    EXPECT_EQ(sheet.columns[0].name, "Harmonic");
+    EXPECT_EQ(sheet.columns[0].component, "Number");
     EXPECT_EQ(sheet.columns[0].decimals, 0);
     EXPECT_EQ(sheet.columns[1].decimals, 1);
     EXPECT_EQ(Heads(sheet, &Sheet_Column::unit), (Texts{"", "in/sec", "in/sec", "in/sec", "deg"}));
@@ -149,6 +152,8 @@ TEST_F(TableSheets, Stand_at_times_in_runs_by_time_and_at_harmonics_in_transform
     sheet = Transform_Sheet(Model, "Veloc CP X", 2);
     EXPECT_EQ(Heads(sheet, &Sheet_Column::component), (Texts{"Number", "Real", "Imaginary", "Magnitude", "Phase"}));
     EXPECT_EQ(Heads(sheet, &Sheet_Column::unit), (Texts{"", "in/sec", "in/sec", "in/sec", "deg"}));
+    EXPECT_EQ(sheet.columns[0].values, (std::vector<double>{0, 1, 2}));
+    EXPECT_EQ(sheet.columns[0].decimals, 0);
     EXPECT_EQ(sheet.columns[4].values, (std::vector<double>{3, 13, 23}));
 }
 

@@ -210,6 +210,8 @@ TEST_F(TablesGrid, OfATransformOfATimeRunShowsHarmonics) {
     const Grid& grid = Show_Table().grd_Data;
     EXPECT_EQ(Titles(grid, 0), (Texts{"Harmonic", "Number", ""}));
     EXPECT_EQ(Column(grid, 0, 6, 9), (Texts{"0", "1", "2", "3"}));
+    auto& table = dynamic_cast<frm_PrintData&>(platform::Screens::Get("frm_PrintData"));
+    EXPECT_TRUE(table.lbl_Header3.Caption.Get().starts_with("Fourier Transform of"));
 }
 
 TEST_F(TablesGrid, TheScreenIsCentredWithItsHeadersAndTheDataOfTheLinkage) {
@@ -222,7 +224,9 @@ TEST_F(TablesGrid, TheScreenIsCentredWithItsHeadersAndTheDataOfTheLinkage) {
     EXPECT_EQ(table.Left(), (desktop.Size.width - table.Width()) / 2);
     EXPECT_EQ(table.Summary.lbl_Initial[1].Caption, "Min Theta");
     By_Time(2, 0, 0.1);
+    table.Left() = 7;
     Show_Table();
+    EXPECT_EQ(table.Left(), (desktop.Size.width - table.Width()) / 2);
     EXPECT_EQ(table.Summary.lbl_Initial[1].Caption, "Start Time");
     EXPECT_TRUE(table.Summary.lbl_Initial[1].Visible);
     Model.Calctype = 1;

@@ -228,7 +228,9 @@ TEST_F(AnimateEdit, TheCircuitIsNotChosenBeforeTheScreenIsUp) {
 
 TEST_F(AnimateEdit, PolarCoordinatesAreTypedInYellowAndDeriveTheOthersInCyan) {
     After_First_Picture([&] {
+        EXPECT_TRUE(Model.SavedFlag);
         Choose_Option(form, "opt_Polar", 1);
+        EXPECT_FALSE(Model.SavedFlag) << "a file keeps the choice";
         EXPECT_TRUE(Model.PolarCoords);
         for (int box : {15, 16}) EXPECT_EQ(form.txt_Linkout[box].BackColor.Get(), Model.ColorCyan);
         for (int box : {0, 6}) EXPECT_EQ(form.txt_Linkout[box].BackColor.Get(), Model.ColorYellow);

@@ -53,6 +53,13 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     ASSERT_EQ(form.grd_Data.Rows(), static_cast<int>(checks.size()) + 1);
     const char* heads[] = {"Check", "Verdict", "Worst", "Expected", "Unit", "Where", "What it means"};
     for (int column = 0; column < 7; ++column) EXPECT_EQ(form.grd_Data.Cell(0, column), heads[column]);
+    int hundredths = 0;
+    for (int column = 0; column < 7; ++column) {
+        hundredths += form.grd_Data.ColWidth(column);
+        const bool number = column == 2 || column == 3;
+        EXPECT_EQ(form.grd_Data.ColAlignment(column), number ? 1 : 0) << heads[column];
+    }
+    EXPECT_EQ(hundredths, 10000) << "parts of the table's width";
     const int row = Row_Of("Loop closure");
     EXPECT_EQ(form.grd_Data.Cell(row, 1), "good");
     EXPECT_EQ(form.grd_Data.Cell(row, 4), "in");

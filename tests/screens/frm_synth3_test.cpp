@@ -1,7 +1,11 @@
 // Three positions, with fixed pivots found or specified: what the screen shows, takes and gives.
 #include "screens/frm_synth3.h"
 
+#include <array>
+#include <cmath>
+
 #include "core/numeric.h"
+#include "core/text.h"
 #include "tests/core/linkages.h"
 #include "tests/screens/synthesis_screens_fixture.h"
 
@@ -181,6 +185,18 @@ TEST_F(Synth3, LengthsAreShownInTheUnitAndStoredInMetres) {
     EXPECT_EQ(Model.P1x, 0);
     EXPECT_EQ(Model.O2y, Single(-5.279));
     EXPECT_NEAR(Val(Caption(form, "lbl_Wmag", 0)), 1000 * std::abs(W()), 0.051);
+}
+
+TEST_F(Synth3, ACalculationShowsWhatItIsMadeFromAnew) {
+    Activate();
+    const std::array labels{&form.lbl_P21mag, &form.lbl_P31mag, &form.lbl_Delta2, &form.lbl_Delta3,
+                            &form.lbl_Alpha3, &form.lbl_Beta3,  &form.lbl_Gamma3};
+    Texts before;
+    for (const auto* label : labels) before.push_back(label->Caption);
+    EXPECT_NEAR(Val(before[1]), std::hypot(Model.P31x, Model.P31y), 6e-3);
+    for (auto* label : labels) label->Caption = "of another";
+    Calculate(form);
+    for (std::size_t i = 0; i < labels.size(); ++i) EXPECT_EQ(labels[i]->Caption.Get(), before[i]) << i;
 }
 
 TEST_F(Synth3, CancelAtASingularSystemEndsTheCalculation) {

@@ -350,6 +350,28 @@ TEST_F(JointHand, TheReturnKeyTakesWhatIsTypedWhileTheJointIsHeld) {
         Move(at);
         EXPECT_EQ(Model.L2, 1.25);
         EXPECT_LE(Off(at), 1);
+        // A value of the joint itself stays as it was typed, too.
+        Enter(form, "txt_Linkout", 4, "2.5");
+        for (const Spot by : {Spot(-30, 40), Spot(10, 40)}) {
+            Move(at + by * Pixel());
+            EXPECT_EQ(Model.Rpa, 2.5);
+        }
+        Release();
+    });
+}
+
+TEST_F(JointHand, TheLightFollowsAJointThatIsHeldToAnotherPosition) {
+    After_First_Picture([&] {
+        Press_At(Where(Joint::kP));
+        Move(Where(Joint::kP) + Spot(10, 0) * Pixel());
+        for (const int step : {13, 20}) {
+            Show_Step(step);
+            const auto lit = Picture().Lit.Get();
+            ASSERT_TRUE(lit);
+            EXPECT_TRUE(lit->held);
+            EXPECT_NEAR(lit->x, Where(Joint::kP).real(), Pixel()) << step;
+            EXPECT_NEAR(lit->y, Model.FlipSum - Where(Joint::kP).imag(), Pixel()) << step;
+        }
         Release();
     });
 }

@@ -77,11 +77,20 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
             EXPECT_EQ(Own(slot).NumSets(), 1);
             EXPECT_EQ(Own(slot).NumPoints(), 37);
             EXPECT_EQ(Own(slot).Labelled, slot == 4);
+            EXPECT_TRUE(Own(slot).InLine);
+            EXPECT_EQ(Own(slot).GridStyle, 3);
+            EXPECT_EQ(Own(slot).TickEvery, 6);
+            EXPECT_EQ(Own(slot).LabelEvery, 12);
+            EXPECT_EQ(Own(slot).PatternedLines, 0);
+            EXPECT_EQ(Own(slot).FirstColor, slot - 1);
+            for (const auto& font : {Own(slot).TextFont(), Own(slot).TitleFont()}) EXPECT_EQ(font.size, 85);
         }
         EXPECT_EQ(Own(1).Sets()[0].legend, "Veloc CP X  " + Model.UnitLabel(4));
         EXPECT_EQ(Own(4).Sets()[0].legend, "Veloc CP Ang  degrees");
         EXPECT_EQ(Own(4).BottomTitle, "Crank Angle (Deg)");
+        EXPECT_EQ(Own(4).Labels().front(), "0.");
         EXPECT_EQ(Own(4).Labels()[9], "90.");
+        EXPECT_EQ(Own(4).Labels().back(), "360.");
         for (int step = 0; step <= 36; ++step) {
             const auto at = static_cast<std::size_t>(step);
             const double x = Velocity_X(step), y = Velocity_Y(step);

@@ -79,6 +79,22 @@ TEST_F(MeasureChoice, WordsSetTheListsThatTheyName) {
     });
 }
 
+TEST_F(MeasureChoice, AllOfAChoiceThatIsOffIsOffAndItsListsComeBackWithItsWords) {
+    Inside([&] {
+        Write(1, "at 90 Coupler Pt:Y <= -2.5");
+        Measure_Choice& bound = Choice(1);
+        const std::vector<platform::Visual*> all{&bound.cmb_Statistic, &bound.txt_Words,     &bound.txt_Angle,
+                                                 &bound.cmb_Variable,  &bound.cmb_Component, bound.cmb_Order.get(),
+                                                 bound.txt_Bound.get()};
+        for (const auto* control : all) EXPECT_TRUE(control->Enabled) << control->ObjectName();
+        bound.Enable(false);
+        for (const auto* control : all) EXPECT_FALSE(control->Enabled) << control->ObjectName();
+        bound.Enable(true);
+        for (const auto* control : all)
+            EXPECT_EQ(control->Enabled.Get(), control == all[0] || control == all[1]) << control->ObjectName();
+    });
+}
+
 TEST_F(MeasureChoice, ListsMakeTheWords) {
     Inside([&] {
         for (const char* statistic : {"max", "mean", "rms", "range"}) {

@@ -93,6 +93,7 @@ TEST_F(SaveTable, Equations_are_saved_with_all_their_digits_once_they_are_solved
     EXPECT_NE(saved.find(",T12 coefficient (1),C right side (lb or lb-in)\r\n"), std::string::npos) << saved;
     EXPECT_NE(saved.find("\r\n2,1.125,1.25,1.375,1.5,1.625,1.75,1.875,2,2.125,101.0625\r\n"), std::string::npos)
         << saved;
+    EXPECT_TRUE(saved.ends_with("\r\n9,9,9.125,9.25,9.375,9.5,9.625,9.75,9.875,10,108.0625\r\n")) << saved;
 }
 
 TEST_F(SaveTable, A_transform_is_saved_once_there_is_one) {

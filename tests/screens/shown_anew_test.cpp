@@ -230,6 +230,26 @@ TEST_F(ShownAnew, OnTheInputScreen) {
     // No step touches these.
     Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says"});
 }
+TEST_F(ShownAnew, TheStatusOfTheHomeScreenWhereverAStepIsUndone) {
+    Screen& home = Screens::Get("frm_HomeScreen");
+    std::set<std::string> lamps = All("is shown", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 8}));
+    for (const char* name : {"frm_Animate", "frm_Inputnew", "frm_MassProp"}) {
+        SCOPED_TRACE(name);
+        Inside(Screens::Get(name), [&] {
+            Deed::By_Itself();
+            The_History().Begin();
+            Weigh(2);
+            The_History().Undo();
+            const Said before = Told(home);
+            The_History().Redo();
+            Spoil(home, &lamps);
+            The_History().Undo();
+            const Said again = Told(home);
+            for (const std::string& lamp : lamps) EXPECT_EQ(again.at(lamp), before.at(lamp)) << lamp;
+        });
+    }
+}
+
 TEST_F(ShownAnew, OnTheAnimateScreen) { Expect_Said_Again("frm_Animate", {"mnu_Zoomcontrol is on"}); }
 TEST_F(ShownAnew, OnTheHomeScreen) { Expect_Said_Again("frm_HomeScreen"); }
 TEST_F(ShownAnew, OnTheScreenOfStudies) { Expect_Said_Again("frm_Studies"); }

@@ -129,10 +129,12 @@ TEST_F(SmallScreensTest, ReturnInABoxOfTheUserScreenGoesOn) {
 TEST_F(SmallScreensTest, ChangingTheUserLeadsBackToTheHomeScreenThatIsUp) {
     Initialize();
     Model.UserName = "Ada";
-    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) {
+    desktop.Expect_Screen("frm_HomeScreen", [this](Screen& home) {
+        home.Left() = 7;
         Pick_Menu(home, "mnu_ChangeUser");
         EXPECT_TRUE(home.Visible());
         EXPECT_EQ(Screen::Active(), &home);
+        EXPECT_EQ(home.Left(), (desktop.Size.width - home.Width()) / 2);
         home.Hide();
     });
     desktop.Expect_Screen("frm_User", [](Screen& user) {
