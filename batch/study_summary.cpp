@@ -65,7 +65,7 @@ bool Read(const std::string& text, std::uint64_t& number) {
 std::vector<std::string> Fields_Of(const std::string& line) {
     std::vector<std::string> fields{""};
     bool quoted = false;
-    for (std::size_t i{}; i < line.size(); ++i) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
         if (line[i] == ',' && !quoted) {
             fields.emplace_back();
         } else if (line[i] != '"') {

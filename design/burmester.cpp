@@ -61,6 +61,7 @@ std::optional<Dyad> Burmester::Dyad_At(double turn, int way) const {
     turns[led_] = std::polar(1.0, turn);
     const Point third = -(minor_[0] + minor_[led_] * turns[led_]);
     const double c = std::abs(third), a = std::abs(minor_[p]), b = std::abs(minor_[q]);
+    // Where a side vanishes the angles are no numbers, and what they give is no dyad.
     // The angle at the side a, by half the perimeter: it keeps its digits where the triangle is flat.
     const double half = (a + b + c) / 2;
     const double beside = (half - a) * (half - c), opposite = half * (half - b);

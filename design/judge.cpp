@@ -118,7 +118,7 @@ void Judge::Ask_Stroke(Case& c, double way) const {
     for (std::size_t i = 1; i < count; ++i) {
         double turn = way * std::arg(Times(c.A[i] - O2, std::conj(c.A[i - 1] - O2)));
         if (std::abs(turn) < kStands) return c.Refuse_Between(Refusal::kStands, i, i + 1);
-        if (std::signbit(turn)) turn += kTurn;
+        if (turn < 0) turn += kTurn;
         c.j.crank[i] = c.j.crank[i - 1] + way * turn;
         if (std::abs(c.j.crank[i] - c.j.crank[0]) > kTurn - kStands) return c.Refuse_Between(Refusal::kOrder, i, i + 1);
     }

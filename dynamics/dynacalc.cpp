@@ -268,7 +268,7 @@ bool Solve_And_Tell(System& s) {
     Integer unknowns = kUnknowns;
     Integer Error;
     SimQ(unknowns, s.Held.A, s.Held.C, Error);
-    return false;
+    return Error == 0;
 }
 
 using System_Solver = bool (*)(System&);

@@ -138,7 +138,7 @@ std::optional<Single> Take_Scalar(const RunResults& table, int group, int step, 
 Single Component_Of(const Reading_Frame& frame, Single turn, Single x, Single y, int component) {
     Array<Single, 0, 3> components;
     To_Frame(frame, turn, x, y, components(0), components(1));
-    if (component == 2 || component == 3) Cart_to_Polar(components(0), components(1), components(2), components(3));
+    if (component > 1) Cart_to_Polar(components(0), components(1), components(2), components(3));
     return components(component);
 }
 

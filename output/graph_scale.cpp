@@ -78,6 +78,7 @@ int Labels_Every(int every, int first, int last, const std::vector<double>& widt
 
 std::vector<double> Round_Values(Span span, int about) {
     const double raw = span.Width() / std::max(1, about);
+    if (!(raw > 0) || !std::isfinite(raw)) return {};
     const double power = std::pow(10.0, std::floor(std::log10(raw)));
     double step = 10 * power;
     for (const double factor : {5.0, 2.0, 1.0})

@@ -76,7 +76,7 @@ class Facts {
             Number("End Time", m_.TimeEnd, "sec");
             Number("Delta Time", m_.TimeStep, "sec");
         }
-        if (kind == 4 || kind == 5) return;
+        if (kind > kByAngle) return;
         Angle("Theta2 at the start", m_.ThetaZero);
         Number("Omega2 at the start", m_.Omega2Input, m_.UnitLabel(2));
         Number("Alpha2", m_.Alpha2, m_.UnitLabel(3));

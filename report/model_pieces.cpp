@@ -158,7 +158,7 @@ Pieces Class_Pieces(const LinkageModel& model) {
     Pieces pieces;
     if (model.RunStands) table.rows.push_back({"Calculated", Positions_Words(model)});
     pieces.emplace_back(table);
-    if (model.RunStands) pieces.emplace_back(Extremes(model, {{"Trans Ang", "", {}}}));
+    if (model.RunStands) pieces.emplace_back(Extremes(model, {{"Trans Ang", "", false}}));
     if (const std::string why = Why_Refused(model); !why.empty()) pieces.emplace_back(Report_Text{why});
     return pieces;
 }
