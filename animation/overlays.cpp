@@ -165,7 +165,6 @@ class Layer {
     void Ghosts() {
         std::optional<Joints> drawn;
         for (const int end : {scales_.first, scales_.last}) {
-            if (!Closes(model_, end)) continue;
             const Joints ghost = Joints_At(model_, end);
             if (Alike(ghost, joints_) || (drawn && Alike(ghost, *drawn))) continue;
             Links(ghost, Kind::kFaint, kGhost);

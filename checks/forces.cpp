@@ -33,7 +33,7 @@ struct Solve_Record {
     bool Is_Empty(int n) const {
         for (int row = 0; row <= 7; ++row)
             if (At(forces, n, row) != Vector{}) return false;
-        return torques(n, 0) == 0 && torques(n, 3) == 0;
+        return torques(n, 0) == 0;
     }
 };
 
@@ -41,7 +41,7 @@ struct Solve_Record {
 /// single holds.
 bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) {
     const Estimate& determinant = step.expected.determinant;
-    if (!std::isfinite(determinant.error) || std::abs(determinant.value) <= determinant.error) return true;
+    if (!(std::abs(determinant.value) > determinant.error)) return true;
     const Solved s = Solve(m, step, record.masses, record.loaded);
     double force = 1, arm = 1;
     for (const Estimate2* pin : {&s.F12, &s.F32, &s.F43, &s.F14}) force = std::max(force, std::abs(Value(*pin)));

@@ -70,7 +70,7 @@ double Nearest_Crank(const Shape& g, const Wanted& wanted) {
             best = crank;
         }
     }
-    for (double stride = 2 * M_PI / kAround; best + stride != best; stride /= 2)
+    for (double stride = 2 * M_PI / kAround; best + stride > best; stride /= 2)
         for (const double crank : {best - stride, best + stride}) {
             const double distance = Distance(g, wanted, crank);
             if (distance >= least) continue;
@@ -140,7 +140,7 @@ std::string Order(const LinkageModel& m, const std::vector<Reached_Position>& po
         for (const Reached_Position& p : positions) {
             const double on = p.circuits[static_cast<std::size_t>(circuit)].crank - first;
             const double way = Wrapped(clockwise ? -on : on);
-            ways.emplace_back(way < 0 ? way + 2 * M_PI : way, p.number);
+            ways.emplace_back(way - 2 * M_PI * std::floor(way / (2 * M_PI)), p.number);
         }
         ways.front().first = 0;
         std::ranges::sort(ways);

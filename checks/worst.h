@@ -30,9 +30,10 @@ class Worst {
 
    private:
     struct Found {
-        double departure = 0, expected = 0, ratio = -1;
+        double departure = 0, expected = 0;
         int step = -1;
         const char* place = "";
+        double ratio = -1;
     };
     void Take(Found found);
 

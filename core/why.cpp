@@ -123,7 +123,7 @@ std::optional<Bound> Nearest_Length(const Links& links, double degrees, int link
 
 std::optional<Longest> Too_Long(const Links& links) {
     int longest = 1;
-    for (int link = 2; link <= 4; ++link)
+    for (const int link : {2, 3, 4})
         if (links.Of(link) > links.Of(longest)) longest = link;
     Single lengths[3];
     int count = 0;

@@ -127,8 +127,7 @@ std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
     std::string content;
     std::vector<char> block(65536);
     while (content.size() <= most) {
-        const ssize_t count =
-            The_System().Read(file.Number(), block.data(), std::min(block.size(), most + 1 - content.size()));
+        const ssize_t count = The_System().Read(file.Number(), block.data(), block.size());
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) Raise_File(path, Way::kReading, errno);
         if (count == 0) break;

@@ -219,11 +219,8 @@ void Ink::Cover_Between(const Stroke& s, int first, int last) {
 Ink::Rows Ink::Cover_Ends(const Stroke& s) {
     const double top = std::min(s.from.y, s.to.y), bottom = std::max(s.from.y, s.to.y);
     const int first = Whole(top - s.reach, 0, height_), last = Whole(bottom + s.reach + 1, 0, height_);
-    const int in = Whole(top + s.reach + 1, first, last), out = Whole(bottom - s.reach - 1, first, last);
-    if (s.level || in >= out) {
-        Cover_Around(s, first, last);
-        return {0, 0};
-    }
+    // A level one has no rows between its ends.
+    const int in = Whole(top + s.reach + 1, first, last), out = Whole(bottom - s.reach - 1, in, last);
     Cover_Around(s, first, in);
     Cover_Around(s, out, last);
     return {in, out};

@@ -36,8 +36,7 @@ class Drawn {
    public:
     Drawn(const Picture& picture, double side, const Glass& glass)
         : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
-        const auto wide = static_cast<std::size_t>(cells_) + 1;
-        sums_.assign(wide * wide, 0);
+        sums_.assign(Index(cells_ + 1, cells_ + 1) + 1, 0);
         const double wide_world = picture.Right() - picture.Left(), high_world = picture.Bottom() - picture.Top();
         const double pin = std::abs(side / wide_world);
         const auto x_of = [&](double x) { return glass.Seen_Across((x - picture.Left()) / wide_world) * side; };
@@ -86,14 +85,11 @@ class Drawn {
     int& Sum(int row, int column) { return sums_[Index(row, column)]; }
     int Sum(int row, int column) const { return sums_[Index(row, column)]; }
     std::size_t Index(int row, int column) const {
-        return static_cast<std::size_t>(row) * (static_cast<std::size_t>(cells_) + 1) +
-               static_cast<std::size_t>(column);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cells_ + 2) + static_cast<std::size_t>(column);
     }
 
     void Dot(double x, double y) {
-        const double last = cells_ * kCell;
-        if (!(x >= 0 && y >= 0 && x < last && y < last)) return;
-        Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
+        if (Sheet().Holds({x, y})) Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
     }
     void Segment(double x1, double y1, double x2, double y2) {
         Point from{x1, y1}, to{x2, y2};
@@ -108,10 +104,10 @@ class Drawn {
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
         for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
     }
-    ClipBox Sheet() const { return ClipBox{0, 0, cells_ * kCell, cells_ * kCell}.Grown(kCell); }
+    ClipBox Sheet() const { return {0, 0, cells_ * kCell, cells_ * kCell}; }
 
     int cells_;
-    std::vector<int> sums_;
+    std::vector<int> sums_;  ///< with a row and a column before the first cell and behind the last
 };
 
 struct Candidate {
@@ -183,19 +179,17 @@ std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, s
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));
 
     std::vector<const Candidate*> taken(wishes.size(), nullptr);
+    std::vector<double> costs;
     for (int round = 0; round < kRounds; ++round)
         for (std::size_t i = 0; i < wishes.size(); ++i) {
-            double least = 0;
-            const Candidate* best = nullptr;
+            costs.clear();
             for (const Candidate& candidate : candidates[i]) {
                 double cost = candidate.cost;
                 for (std::size_t j = 0; j < taken.size(); ++j)
                     if (j != i && taken[j]) cost += Between_Labels(candidate, *taken[j]);
-                if (best && cost >= least) continue;
-                least = cost;
-                best = &candidate;
+                costs.push_back(cost);
             }
-            taken[i] = best;
+            taken[i] = &candidates[i][static_cast<std::size_t>(std::ranges::min_element(costs) - costs.begin())];
         }
 
     std::vector<LabelPlace> places;

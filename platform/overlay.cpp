@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <numbers>
 
 namespace verlink::platform {
@@ -23,6 +24,7 @@ constexpr double kNear = 7;                           ///< pixels from a place t
 constexpr Color kGridColor = 0xA0A0A0;
 constexpr Color kGridText = 0x606060;
 constexpr double kRounding = 1e-12;
+constexpr double kTimes[] = {1, 2, 5, 10};
 /// What it costs a name to cover another, or to leave the picture, in pixels of distance from its place.
 constexpr double kCovers = 120;
 
@@ -67,7 +69,9 @@ class Painting {
     }
 
    private:
-    Point Seen(Point world) const { return {(world.x - sight_.left) * per_x_, (world.y - sight_.top) * per_y_}; }
+    double Seen_X(double x) const { return (x - sight_.left) * per_x_; }
+    double Seen_Y(double y) const { return (y - sight_.top) * per_y_; }
+    Point Seen(Point world) const { return {Seen_X(world.x), Seen_Y(world.y)}; }
 
     void Line(Point from, Point to, Stroke stroke, Color color) {
         if (!Clip_Segment(window_.Grown(2), from, to)) return;
@@ -134,13 +138,13 @@ class Painting {
         const double right = sight_.left + sight_.wide, bottom = sight_.top + sight_.high;
         const double high = pen_.Text_High();
         each(sight_.left, right, [&](double x) {
-            const double at = Seen({x, 0}).x;
+            const double at = Seen_X(x);
             pen_.Line({at, 0}, {at, sight_.down}, Stroke::kFaint, kGridColor);
             const std::string text = Value_Text(x, step);
             Grid_Text({at + 3, sight_.down - high - 1}, text);
         });
         each(grid.sum - sight_.top, grid.sum - bottom, [&](double y) {
-            const double at = Seen({0, grid.sum - y}).y;
+            const double at = Seen_Y(grid.sum - y);
             pen_.Line({0, at}, {sight_.across, at}, Stroke::kFaint, kGridColor);
             // The corner at the bottom is that of the values of x.
             if (at < sight_.down - 2 * high) Grid_Text({3, at - high}, Value_Text(y, step));
@@ -210,8 +214,7 @@ class Painting {
             const double length = std::hypot(name.away.x, name.away.y);
             const double wished = length > 0 ? std::atan2(name.away.y, name.away.x) : -std::numbers::pi / 4;
             const double pin = name.radius * std::abs(per_x_) / sight_.magnified;
-            Box best{};
-            double least = -1;
+            std::vector<Place> places;
             constexpr int kWays = 16;
             for (const double beyond : {kNear, 2.5 * kNear, 4 * kNear})
                 for (int way = 0; way < kWays; ++way) {
@@ -220,11 +223,9 @@ class Painting {
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);
                     const double x = at.x + c * (far + wide / 2), y = at.y + s * (far + high / 2);
                     const Box box{x - wide / 2, y - high / 2, x + wide / 2, y + high / 2};
-                    const double cost = Cost(box) + (beyond - kNear) + 6 * (1 - std::cos(turn));
-                    if (least >= 0 && cost >= least) continue;
-                    least = cost;
-                    best = box;
+                    places.push_back({box, Cost(box) + beyond - 6 * std::cos(turn)});
                 }
+            const Box best = std::ranges::min_element(places, {}, &Place::cost)->box;
             pen_.Text({best.left, best.top}, name.text, name.color);
             taken_.push_back(best);
         }
@@ -248,6 +249,10 @@ class Painting {
     struct Stretch {
         Point from, to;
     };
+    struct Place {
+        Box box;
+        double cost;
+    };
 
     const Overlay& overlay_;
     const Sight& sight_;
@@ -262,18 +267,16 @@ class Painting {
 }  // namespace
 
 double Round_Down_1_2_5(double value) {
-    const double power = std::pow(10, std::floor(std::log10(value)));
-    // The logarithm may be a little off at a power of ten.
-    for (const double times : {10.0, 5.0, 2.0, 1.0})
-        if (times * power <= value * (1 + kRounding)) return times * power;
-    return power / 2;
+    // A value that rounding has left just below one of them is that one.
+    const double raised = value * (1 + kRounding);
+    const double power = std::pow(10, std::floor(std::log10(raised)));
+    return power * *std::prev(std::upper_bound(std::next(kTimes), std::end(kTimes), raised / power));
 }
 
 double Round_Up_1_2_5(double value) {
-    const double power = std::pow(10, std::floor(std::log10(value)));
-    for (const double times : {0.5, 1.0, 2.0, 5.0})
-        if (times * power >= value * (1 - kRounding)) return times * power;
-    return 10 * power;
+    const double lowered = value * (1 - kRounding);
+    const double power = std::pow(10, std::floor(std::log10(lowered)));
+    return power * *std::lower_bound(kTimes, std::prev(std::end(kTimes)), lowered / power);
 }
 
 void Draw_Overlay(const Overlay& overlay, const Sight& sight, Overlay_Pen& pen) {

@@ -91,11 +91,8 @@ std::optional<Process> Process_Of(std::string_view name) {
 bool Runs(const Process& process) {
     if (process.boot != This_Boot()) return false;
     const std::optional<Status> status = Status_Of(process.number);
-    if (!status) {
-        // Where the system tells nothing of any process, it still knows whether there is one of that number.
-        if (Status_Of(::getpid())) return false;
-        return ::kill(static_cast<pid_t>(process.number), 0) == 0 || errno == EPERM;
-    }
+    // Where the system tells nothing of a process, it still knows whether there is one of that number.
+    if (!status) return ::kill(static_cast<pid_t>(process.number), 0) == 0 || errno == EPERM;
     if (status->state == 'Z' || status->state == 'X') return false;
     return process.start == 0 || status->start == process.start;
 }

@@ -241,6 +241,19 @@ TEST_F(FileCalls, AFileThatSaysNothingOfItsSizeIsReadToItsEnd) {
     EXPECT_NE(Read_File("/proc/self/status").find("Name:"), std::string::npos);
 }
 
+TEST_F(FileCalls, AFileThatSaysNothingOfItsSizeIsRefusedWhereItTurnsOutTooLarge) {
+    struct : FailingSystem {
+        int File_Stat(int file, struct stat& status) override {
+            const int told = FailingSystem::File_Stat(file, status);
+            status.st_size = 0;
+            return told;
+        }
+    } sizeless;
+    Put_File(In("large"), "");
+    fs::resize_file(In("large"), kLargestFile + 1);
+    EXPECT_EQ(Matter([&] { Read_File(In("large")); }), "75 it is larger than 64 MiB");
+}
+
 TEST_F(FileCalls, APipeThatNobodyReadsIsRefusedAndOneThatIsReadIsWrittenTo) {
     ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
     EXPECT_EQ(Matter([&] { Write_File(In("pipe"), "x"); }), "75 it is a pipe that nobody reads from");
@@ -269,7 +282,9 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
     EXPECT_EQ(Matter([&] { Write_File("/dev/fd/" + std::to_string(number), "x"); }), "57 it is not open for that");
     EXPECT_EQ(Descriptor_Named("/dev/stdout"), 1);
     EXPECT_EQ(Descriptor_Named("/dev/stderr"), 2);
-    for (const std::string& none : {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-")})
+    for (const std::string& none : {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-"),
+                                    std::string("/dev/fd/"), std::string("/dev/fd/1x"), std::string("/dev/fd/-1"),
+                                    std::string("/dev/fd/99999999999")})
         EXPECT_FALSE(Descriptor_Named(none)) << none;
 }
 

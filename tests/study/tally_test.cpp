@@ -190,6 +190,10 @@ TEST(Tally, BinsOfTwoGetNoWiderThanThoseOfEither) {
     ASSERT_TRUE(wider.Take("31 1 2 1065353216 1073741824"));
     wider.Add(one);
     EXPECT_EQ(wider.Text(), "31 1 3 1065353216 1077936128 ") << "which is that of the positive ones";
+    Spread_Of_Values as_wide;
+    ASSERT_TRUE(as_wide.Take("31 1 1 1077936128 1077936128"));
+    wider.Add(as_wide);
+    EXPECT_EQ(wider.Text(), "31 1 4 1065353216 1077936128 ");
 }
 
 TEST(Tally, TakesNoLinesThatAreNone) {

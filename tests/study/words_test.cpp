@@ -69,6 +69,7 @@ TEST(Keep_Words, AreReadOrTold) {
     EXPECT_EQ(keep->measure.words, "min Trans Ang");
     EXPECT_TRUE(keep->Holds(40));
     EXPECT_FALSE(keep->Holds(39.9F));
+    EXPECT_EQ(Keep_Of("min Trans Ang>=40", false, fault)->bound, 40) << "blanks are free";
     EXPECT_FALSE(keep->Holds(kNone));
     EXPECT_FALSE(Keep_Of("max Theta4<7", false, fault)->Holds(7));
     EXPECT_FALSE(Keep_Of("min Trans Ang = 40", false, fault));
