@@ -220,7 +220,7 @@ Ink::Rows Ink::Cover_Ends(const Stroke& s) {
     const double top = std::min(s.from.y, s.to.y), bottom = std::max(s.from.y, s.to.y);
     const int first = Whole(top - s.reach, 0, height_), last = Whole(bottom + s.reach + 1, 0, height_);
     // A level one has no rows between its ends.
-    const int in = Whole(top + s.reach + 1, first, last), out = Whole(bottom - s.reach - 1, in, last);
+    const int in = Whole(std::ceil(top + s.reach), first, last), out = Whole(std::floor(bottom - s.reach), in, last);
     Cover_Around(s, first, in);
     Cover_Around(s, out, last);
     return {in, out};
@@ -351,7 +351,8 @@ void Ink::Pour_Upon_Nothing(std::vector<std::uint32_t>& pixels, Color color, int
     const auto most = static_cast<std::uint32_t>(alpha);
     const auto part_of = [](std::uint32_t value, std::uint32_t part) { return (value * part + 127) / 255; };
     // What a pixel becomes depends on its part alone.
-    std::array<std::uint32_t, 256> shades{};
+    using Shades = std::array<std::uint32_t, 256>;
+    Shades shades{};
     for (std::uint32_t covered = 1; covered < shades.size(); ++covered) {
         const std::uint32_t part = part_of(covered, most);
         shades[covered] = part << 24U | part_of(bits & 255U, part) << 16U | part_of(bits >> 8U & 255U, part) << 8U |

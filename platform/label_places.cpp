@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <ranges>
 
 #include "platform/clip.h"
 #include "platform/picture.h"
@@ -148,7 +149,7 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
     const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
     std::vector<Candidate> all;
     for (const double distance : kDistances)
-        for (int i = 0; i < kDirections; ++i) {
+        for (const int i : std::views::iota(0, kDirections)) {
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.

@@ -28,9 +28,10 @@ std::optional<Status> Status_Of(long number) {
     // The name of the program stands in parentheses and may hold any of them.
     const std::size_t name_end = line.rfind(')');
     if (name_end == std::string::npos) return {};
-    std::istringstream fields(line.substr(name_end + 1));
+    std::istringstream fields(line.substr(name_end));
     Status status;
-    fields >> status.state;
+    char parenthesis{};
+    fields >> parenthesis >> status.state;
     constexpr int kBetween = 18;
     std::string skipped;
     for (int field = 0; field < kBetween; ++field) fields >> skipped;
@@ -42,9 +43,10 @@ std::optional<Status> Status_Of(long number) {
 unsigned This_Boot() {
     static const unsigned boot = [] {
         std::ifstream file("/proc/sys/kernel/random/boot_id");
-        std::string digits(8, '0');
-        unsigned value = 0;
-        if (file.read(digits.data(), 8)) std::from_chars(digits.data(), digits.data() + 8, value, 16);
+        std::string digits;
+        unsigned value{};
+        // Up to the first dash.
+        if (std::getline(file, digits)) std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
         return value;
     }();
     return boot;
