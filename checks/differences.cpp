@@ -16,7 +16,7 @@ namespace {
 constexpr int kSide = 3;  ///< steps on each side
 using Seven = std::array<double, 2 * kSide + 1>;
 using SevenSteps = std::array<const Step*, 2 * kSide + 1>;
-using Orders = std::array<double, 3>;  ///< the value and two derivatives
+using Orders = std::array<double, 4>;  ///< behind an empty place the value and two derivatives
 using SevenOrders = std::array<Orders, 2 * kSide + 1>;
 constexpr double kWidest = 15 * M_PI / 180;
 
@@ -29,7 +29,7 @@ Weights Weights_Of(const Seven& places, int from, int to) {
     SevenOrders c{};
     const auto at = [&places](int i) { return places[static_cast<std::size_t>(i)]; };
     const auto weight = [&c](int i) -> Orders& { return c[static_cast<std::size_t>(i)]; };
-    weight(from)[0] = 1;
+    weight(from)[1] = 1;
     double product = 1;
     for (int i = from + 1; i <= to; ++i) {
         double next = 1;
@@ -38,18 +38,17 @@ Weights Weights_Of(const Seven& places, int from, int to) {
             next *= apart;
             auto& old = weight(j);
             if (j == i - 1)
-                for (std::size_t k = old.size(); k-- > 0;)
-                    weight(i)[k] =
-                        product / next * ((k > 0 ? static_cast<double>(k) * old[k - 1] : 0) - at(i - 1) * old[k]);
-            for (std::size_t k = old.size(); k-- > 0;)
-                old[k] = (at(i) * old[k] - (k > 0 ? static_cast<double>(k) * old[k - 1] : 0)) / apart;
+                for (std::size_t k = old.size(); --k > 0;)
+                    weight(i)[k] = product / next * (static_cast<double>(k - 1) * old[k - 1] - at(i - 1) * old[k]);
+            for (std::size_t k = old.size(); --k > 0;)
+                old[k] = (at(i) * old[k] - static_cast<double>(k - 1) * old[k - 1]) / apart;
         }
         product = next;
     }
     Weights weights;
     for (int i = from; i <= to; ++i) {
-        weights.first[static_cast<std::size_t>(i)] = weight(i)[1];
-        weights.second[static_cast<std::size_t>(i)] = weight(i)[2];
+        weights.first[static_cast<std::size_t>(i)] = weight(i)[2];
+        weights.second[static_cast<std::size_t>(i)] = weight(i)[3];
     }
     return weights;
 }
@@ -109,12 +108,10 @@ class Singular_Angles {
         for (std::size_t i = 0; i < angles_.size(); ++i)
             angles_[i] = std::acos((L1 * L1 + L2 * L2 - sides[i] * sides[i]) / (2.0 * L1 * L2));
     }
+    /// Of a crank angle from half a turn back to half a turn on.
     double Distance(double crank) const {
         double nearest = HUGE_VAL;
-        for (const std::complex<double>& angle : angles_)
-            for (const double sign : {1, -1})
-                nearest =
-                    std::min(nearest, std::hypot(std::remainder(crank - sign * angle.real(), 2 * M_PI), angle.imag()));
+        for (const std::complex<double>& angle : angles_) nearest = std::min(nearest, std::abs(std::abs(crank) - angle));
         return nearest;
     }
 

@@ -41,7 +41,7 @@ struct Solve_Record {
 /// single holds.
 bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) {
     const Estimate& determinant = step.expected.determinant;
-    if (!(std::abs(determinant.value) > determinant.error)) return true;
+    if (!std::isgreater(std::abs(determinant.value), determinant.error)) return true;
     const Solved s = Solve(m, step, record.masses, record.loaded);
     double force = 1, arm = 1;
     for (const Estimate2* pin : {&s.F12, &s.F32, &s.F43, &s.F14}) force = std::max(force, std::abs(Value(*pin)));
@@ -49,7 +49,7 @@ bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) 
         force = std::max(force, std::abs(Value(body->force)));
         arm = std::max(arm, std::abs(body->arm));
     }
-    return !(force * arm < std::numeric_limits<float>::max());
+    return !std::isless(force * arm, std::numeric_limits<float>::max());
 }
 
 /// The first step of those without forces at the end of a run, if a solve can have stopped there, or where a position
@@ -241,7 +241,7 @@ void Add_Balance(const LinkageModel& m, const std::vector<Step>& steps, std::vec
     }
     moments += m.LinkMass(3) * (m.L2 + m.CG(3, 0) * (m.L2 + m.L4) / m.L3);
     // Of the sums made here, which count where one mass is beyond all others.
-    const double own_rounding = 0x1p-46 * (double{m.L1} + m.L2 + m.L3 + m.L4);
+    const double own_rounding = 0x1p-44 * std::max({m.L1, m.L2, m.L3, m.L4});
     Vector first, first_off;
     bool any = false;
     const int stopped = std::min(Stopped_At(m, steps, Solve_Record::Of_Links(m)),
