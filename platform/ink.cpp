@@ -271,10 +271,10 @@ void Ink::Ring_Row(int row, const Ring& ring) {
     const Point centre = ring.centre;
     const double radius = ring.radius, half = ring.half;
     const double down = row + 0.5 - centre.y;
-    const double outer = radius + half + 0.5, inner = radius - half - 0.5;
+    const double far = half + 0.5, outer = radius + far, inner = radius - far;
     const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
     const double from = inner > std::abs(down) ? std::sqrt(inner * inner - down * down) : 0;
-    const Eight reach = All((half + 0.5) * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
+    const Eight reach = All(far * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
     const auto cover = [&](int column) {
         const Eight across = All(column + 0.5 - centre.x) + Ramp(1);
         const Eight away = Size(Root(across * across + below) - round);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <iterator>
 #include <numbers>
+#include <ranges>
 
 namespace verlink::platform {
 
@@ -217,7 +218,7 @@ class Painting {
             std::vector<Place> places;
             constexpr int kWays = 16;
             for (const double beyond : {kNear, 2.5 * kNear, 4 * kNear})
-                for (int way = 0; way < kWays; ++way) {
+                for (const int way : std::views::iota(0, kWays)) {
                     const double turn = 2 * std::numbers::pi * way / kWays;
                     const double far = pin + beyond;
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);

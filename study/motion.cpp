@@ -72,7 +72,8 @@ void Motion::Set_Out(const Design& d) {
         const double stride = from_the_end ? -d.ThetaStepRad : +d.ThetaStepRad;
         const bool moves = d.Omega2Input != 0;
         for (int step = 0; step <= last_; ++step) {
-            const bool overshot = moves && (from_the_end ? angle < final : angle > final);
+            const double within = from_the_end ? std::max(angle, final) : std::min(angle, final);
+            const bool overshot = moves && within != angle;
             Add(overshot ? final : angle, d.Omega2Input);
             if (overshot) break;
             if (moves) angle = Rounded(angle + stride);

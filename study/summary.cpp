@@ -22,8 +22,8 @@ std::vector<Single> Home(const Bench& bench) {
 void Share(std::vector<Sensitivity>& of_measure) {
     double sum = 0;
     for (const Sensitivity& s : of_measure) sum += double{s.deviation} * s.deviation;
-    for (Sensitivity& s : of_measure)
-        s.share = sum > 0 ? static_cast<float>(double{s.deviation} * s.deviation / sum) : kNone;
+    // None where nothing deviates: a part of nothing is no number.
+    for (Sensitivity& s : of_measure) s.share = static_cast<float>(double{s.deviation} * s.deviation / sum);
 }
 
 }  // namespace

@@ -265,6 +265,19 @@ TEST(OverlayNames, AStrokeThroughAWordCostsFourPixelsAndTwiceItsLengthThere) {
     }
 }
 
+TEST(OverlayNames, AWordMayStandWithinAPixelOfAnEdge) {
+    // Seven pixels off its place, a letter of 7 by 14 ends 0.4 pixels before the edge.
+    for (const auto& [at, away] : {std::pair{Point{14.4, 250}, Point{-1, 0}},
+                                   {Point{485.6, 250}, Point{1, 0}},
+                                   {Point{250, 21.4}, Point{0, -1}},
+                                   {Point{250, 478.6}, Point{0, 1}}}) {
+        Overlay overlay;
+        overlay.names = {{"A", {at.x / 50, at.y / 50}, away, kRed}};
+        const Rect word = Words(Drawn(overlay)).at(0);
+        EXPECT_NEAR(std::min({word.left, word.top, 500 - word.right, 500 - word.bottom}), 0.4, 1e-9) << away.x;
+    }
+}
+
 TEST(OverlayNames, APlaceInTheOutermostPixelIsSeen) {
     for (const Point at : {Point{0.01, 5}, Point{5, 0.01}, Point{9.99, 5}, Point{5, 9.99}}) {
         Overlay overlay;
