@@ -20,9 +20,8 @@ constexpr int kBlock = 8;
 /// What a pixel has that is wholly covered.
 constexpr double kWhole = 255;
 
-int Whole(double value, int low, int high) {
-    return static_cast<int>(std::clamp(value, static_cast<double>(low), static_cast<double>(high)));
-}
+/// The lower bound for what is no number.
+int Whole(double value, int low, int high) { return static_cast<int>(std::fmin(std::fmax(value, low), high)); }
 
 /// Numbers of the eight pixels of a block.
 typedef float Four __attribute__((vector_size(16)));
@@ -271,9 +270,9 @@ void Ink::Ring_Row(int row, const Ring& ring) {
     const Point centre = ring.centre;
     const double radius = ring.radius, half = ring.half;
     const double down = row + 0.5 - centre.y;
-    const double far = half + 0.5, outer = radius + far, inner = radius - far;
+    const double far = half + 0.5, outer = radius + far, inner = std::max(0.0, radius - far);
     const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
-    const double from = inner > std::abs(down) ? std::sqrt(inner * inner - down * down) : 0;
+    const double from = std::sqrt(std::max(0.0, inner * inner - down * down));
     const Eight reach = All(far * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
     const auto cover = [&](int column) {
         const Eight across = All(column + 0.5 - centre.x) + Ramp(1);
@@ -287,16 +286,13 @@ void Ink::Ring_Row(int row, const Ring& ring) {
 
 void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
-    const ClipBox sheet = Sheet();
     if (radius > kVast) {
-        const std::vector<Point> arc = Seen_Arc(sheet.Grown(2 * reach), centre, radius, kOff);
+        const std::vector<Point> arc = Seen_Arc(Sheet().Grown(2 * reach), centre, radius, kOff);
         for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], width);
         return;
     }
-    const ClipBox around{centre.x - radius - reach, centre.y - radius - reach, centre.x + radius + reach,
-                         centre.y + radius + reach};
-    if (!(around.left < sheet.right && around.right > 0 && around.top < sheet.bottom && around.bottom > 0)) return;
-    const int first = Whole(around.top, 0, height_), last = Whole(around.bottom + 1, 0, height_);
+    const double around = radius + reach;
+    const int first = Whole(centre.y - around, 0, height_), last = Whole(std::ceil(centre.y + around), 0, height_);
     for (int row = first; row < last; ++row) Ring_Row(row, {centre, radius, width / 2});
 }
 

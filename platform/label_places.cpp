@@ -36,7 +36,7 @@ struct Rect {
 class Drawn {
    public:
     Drawn(const Picture& picture, double side, const Glass& glass)
-        : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
+        : cells_(static_cast<int>(std::ceil(std::max(side, kCell) / kCell))) {
         sums_.assign(Index(cells_ + 1, cells_ + 1) + 1, 0);
         const double wide_world = picture.Right() - picture.Left(), high_world = picture.Bottom() - picture.Top();
         const double pin = std::abs(side / wide_world);

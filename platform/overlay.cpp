@@ -41,7 +41,7 @@ double Shared(const Box& a, const Box& b) {
 
 /// With as many decimals as the step between values has.
 std::string Value_Text(double value, double step) {
-    if (std::abs(value) < step / 2) return "0";
+    if (value == 0) return "0";
     char text[40];
     const int decimals = static_cast<int>(std::max(0.0, -std::floor(std::log10(step) + 1e-9)));
     if (std::abs(value) < 1e6 && decimals <= 6)
@@ -173,7 +173,6 @@ class Painting {
     static double Bar_Wide(const Overlay::Legend& line) { return line.per_world > 0 ? kBarAtMost + kAir : 0; }
 
     void Place_Legend() {
-        legend_ = {0, 0, 0, 0};
         if (overlay_.legend.empty()) return;
         double widest = 0;
         for (const auto& line : overlay_.legend)

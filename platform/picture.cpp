@@ -83,7 +83,7 @@ void Picture::Add(Primitive primitive) {
         Compact();
         place = Seek(key, hash);
     }
-    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), 0};
+    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), {}};
     list_.push_back(primitive);
     ++strokes_;
     ++alive_;
@@ -101,7 +101,7 @@ void Picture::Compact() {
         const std::uint32_t hash = key.Hash();
         // Two that were apart may have come together on the grid of another window; the upper one is found.
         const std::size_t slot = Seek(key, hash);
-        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), 0};
+        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), {}};
     }
 }
 

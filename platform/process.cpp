@@ -70,8 +70,7 @@ bool Take_Dash(std::string_view& text) {
 
 Process This_Process() {
     const long number = ::getpid();
-    const std::optional<Status> status = Status_Of(number);
-    return {number, status ? status->start : 0, This_Boot()};
+    return {number, Status_Of(number).value_or(Status{}).start, This_Boot()};
 }
 
 std::string Name_Of(const Process& process) {

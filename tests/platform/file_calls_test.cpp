@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <set>
 #include <thread>
@@ -300,6 +301,23 @@ TEST_F(FileCalls, FortyLinksAreFollowedAndNotOneMore) {
     chain("out", "/dev/stdout");
     EXPECT_EQ(Descriptor_Named(In("out40")), 1);
     EXPECT_FALSE(Descriptor_Named(In("out41")));
+}
+
+TEST_F(FileCalls, AFileThatWouldGetTooLargeFailsToBeWrittenAndCallsGoOnBehindTheSignal) {
+    struct sigaction file_size {}, pipe{}, now{};
+    ::sigaction(SIGXFSZ, nullptr, &file_size);
+    ::sigaction(SIGPIPE, nullptr, &pipe);
+    for (const bool pipes : {false, true}) {
+        ::sigaction(SIGPIPE, &pipe, nullptr);
+        Let_Writes_Fail(pipes);
+        for (const int signal : {SIGXFSZ, SIGPIPE}) {
+            ::sigaction(signal, nullptr, &now);
+            const bool set = now.sa_handler != pipe.sa_handler && (now.sa_flags & SA_RESTART) != 0;
+            EXPECT_EQ(set, signal == SIGXFSZ || pipes) << signal;
+        }
+    }
+    ::sigaction(SIGXFSZ, &file_size, nullptr);
+    ::sigaction(SIGPIPE, &pipe, nullptr);
 }
 
 // ---- strangers ----------------------------------------------------------------------------------------------------
