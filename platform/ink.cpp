@@ -137,7 +137,8 @@ struct Ink::Stroke {
 
 struct Ink::Ring {
     Point centre;
-    double radius, half;
+    double radius;
+    double reach;  ///< from the middle line to where nothing is covered
 };
 
 Ink::Ink(int width, int height)
@@ -151,7 +152,7 @@ inline void Ink::Each_Block(double from, double to, Action action) const {
     // The middles of pixels count, which are half a pixel on.
     if (!(to >= 0.5 && from <= width_ - 0.5)) return;
     constexpr double kMiddle = 0.5;
-    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
+    const int first_pixel = static_cast<int>(std::max(from, double{}) + kMiddle);
     const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
     const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
     const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
@@ -268,12 +269,12 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
 
 void Ink::Ring_Row(int row, const Ring& ring) {
     const Point centre = ring.centre;
-    const double radius = ring.radius, half = ring.half;
+    const double radius = ring.radius;
     const double down = row + 0.5 - centre.y;
-    const double far = half + 0.5, outer = radius + far, inner = std::max(0.0, radius - far);
+    const double outer = radius + ring.reach, inner = std::max(0.0, radius - ring.reach);
     const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
     const double from = std::sqrt(std::max(0.0, inner * inner - down * down));
-    const Eight reach = All(far * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
+    const Eight reach = All(ring.reach * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
     const auto cover = [&](int column) {
         const Eight across = All(column + 0.5 - centre.x) + Ramp(1);
         const Eight away = Size(Root(across * across + below) - round);
@@ -293,7 +294,7 @@ void Ink::Circle(Point centre, double radius, double width) {
     }
     const double around = radius + reach;
     const int first = Whole(centre.y - around, 0, height_), last = Whole(std::ceil(centre.y + around), 0, height_);
-    for (int row = first; row < last; ++row) Ring_Row(row, {centre, radius, width / 2});
+    for (int row = first; row < last; ++row) Ring_Row(row, {centre, radius, reach});
 }
 
 void Ink::Disc(Point centre, double radius) { Line(centre, centre, 2 * radius); }

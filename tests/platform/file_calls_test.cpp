@@ -6,6 +6,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -126,6 +127,13 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     }
     FailingSystem system(Number_Of("Flush", write), EIO);
     EXPECT_NE(Matter(write), "none");
+}
+
+TEST_F(FileCalls, WhatHasTakenAFilesPlaceIsNotTakenAwayAgain) {
+    FailingSystem system;
+    Write_File(In("a.vlk"), "new");
+    EXPECT_EQ(std::ranges::count(system.Calls, "Rename"), 1);
+    EXPECT_EQ(std::ranges::count(system.Calls, "Unlink"), 0);
 }
 
 TEST_F(FileCalls, WhoMayNotReadAFolderMayStillSaveThere) {

@@ -69,6 +69,15 @@ TEST_F(ScreenTest, AShowingReturnsWhenTheScreenIsHidden) {
     EXPECT_EQ(events, Events{"activate frm_A"});
 }
 
+TEST_F(ScreenTest, TheEndOfAnotherScreenLeavesTheActiveOneActive) {
+    desktop.Expect_Screen("frm_A", [](Screen& screen) {
+        { const Told other("frm_Other"); }
+        EXPECT_EQ(Screen::Active(), &screen);
+        screen.Hide();
+    });
+    The("frm_A").ShowModal();
+}
+
 TEST_F(ScreenTest, TheWindowOfAScreenGoesOnceWithIt) {
     struct Windows : ScriptedDesktop {
         void Hide_Window(Screen& screen) override { gone.push_back(screen.Name()); }
