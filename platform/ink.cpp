@@ -289,7 +289,7 @@ void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
     if (radius > kVast) {
         const std::vector<Point> arc = Seen_Arc(Sheet().Grown(2 * reach), centre, radius, kOff);
-        for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], width);
+        Each_Piece(arc, [&](Point from, Point to) { Line(from, to, width); });
         return;
     }
     const double around = radius + reach;

@@ -28,9 +28,7 @@ constexpr double kPerCrossing = 30;    ///< of each way to an anchor that leads 
 constexpr double kPerCellBetween = 8;  ///< of what is drawn between a label and its anchor
 constexpr double kAstray = 7;          ///< for a direction across the wished one; the opposite costs twice as much
 
-struct Rect {
-    double left, top, right, bottom;
-};
+using Rect = ClipBox;
 
 /// Which cells of the picture have something drawn in them, summed up from the top left corner.
 class Drawn {
@@ -103,7 +101,7 @@ class Drawn {
     }
     void Circle(Point centre, double radius) {
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
-        for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
+        Each_Piece(arc, [this](Point from, Point to) { Segment(from.x, from.y, to.x, to.y); });
     }
     ClipBox Sheet() const { return {0, 0, cells_ * kCell, cells_ * kCell}; }
 
@@ -116,12 +114,6 @@ struct Candidate {
     double anchor_x, anchor_y, near_x, near_y;  ///< the anchor, and the label's point next to it
     double cost;                                ///< without regard to the other labels
 };
-
-double Shared(const Rect& a, const Rect& b) {
-    const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
-    const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return std::max(0.0, wide) * std::max(0.0, high);
-}
 
 /// Does the way from a candidate to its anchor lead through a rectangle?
 bool Crosses(const Candidate& way, const Rect& rect) {
@@ -138,7 +130,7 @@ bool Crosses(const Candidate& way, const Rect& rect) {
 }
 
 double Between_Labels(const Candidate& a, const Candidate& b) {
-    return kPerOverlap * Shared(a.rect, b.rect) + (Crosses(a, b.rect) ? kPerCrossing : 0) +
+    return kPerOverlap * a.rect.Shared(b.rect) + (Crosses(a, b.rect) ? kPerCrossing : 0) +
            (Crosses(b, a.rect) ? kPerCrossing : 0);
 }
 

@@ -29,16 +29,6 @@ constexpr double kTimes[] = {1, 2, 5, 10};
 /// What it costs a name to cover another, or to leave the picture, in pixels of distance from its place.
 constexpr double kCovers = 120;
 
-struct Box {
-    double left, top, right, bottom;
-};
-
-double Shared(const Box& a, const Box& b) {
-    const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
-    const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return std::max(0.0, wide) * std::max(0.0, high);
-}
-
 /// With as many decimals as the step between values has.
 std::string Value_Text(double value, double step) {
     if (value == 0) return "0";
@@ -88,7 +78,7 @@ class Painting {
             return;
         }
         const std::vector<Point> arc = Seen_Arc(box, centre, radius, kArcError);
-        for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], Stroke::kPlain, color);
+        Each_Piece(arc, [&](Point from, Point to) { Line(from, to, Stroke::kPlain, color); });
     }
 
     /// One that is shorter than its head has a smaller head.
@@ -154,8 +144,8 @@ class Painting {
 
     /// Values stand within the picture and not under the legend.
     void Grid_Text(Point corner, const std::string& text) {
-        const Box box{corner.x, corner.y, corner.x + pen_.Text_Wide(text), corner.y + pen_.Text_High()};
-        if (box.top < 0 || box.right > sight_.across || Shared(box, legend_) > 0) return;
+        const ClipBox box{corner.x, corner.y, corner.x + pen_.Text_Wide(text), corner.y + pen_.Text_High()};
+        if (box.top < 0 || box.right > sight_.across || box.Shared(legend_) > 0) return;
         pen_.Text(corner, text, kGridText);
         taken_.push_back(box);
     }
@@ -222,25 +212,25 @@ class Painting {
                     const double far = pin + beyond;
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);
                     const double x = at.x + c * (far + wide / 2), y = at.y + s * (far + high / 2);
-                    const Box box{x - wide / 2, y - high / 2, x + wide / 2, y + high / 2};
+                    const ClipBox box{x - wide / 2, y - high / 2, x + wide / 2, y + high / 2};
                     places.push_back({box, Cost(box) + beyond - 6 * std::cos(turn)});
                 }
-            const Box best = std::ranges::min_element(places, {}, &Place::cost)->box;
+            const ClipBox best = std::ranges::min_element(places, {}, &Place::cost)->box;
             pen_.Text({best.left, best.top}, name.text, name.color);
             taken_.push_back(best);
         }
     }
 
-    double Cost(const Box& box) const {
+    double Cost(const ClipBox& box) const {
         double cost = 0;
         const double outside =
-            (box.right - box.left) * (box.bottom - box.top) - Shared(box, {0, 0, sight_.across, sight_.down});
+            (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
         if (outside > 0.01) cost += kCovers + outside;
-        for (const Box& other : taken_)
-            if (const double both = Shared(box, other); both > 0) cost += kCovers + both;
+        for (const ClipBox& other : taken_)
+            if (const double both = box.Shared(other); both > 0) cost += kCovers + both;
         for (const Stretch& stroke : strokes_) {
             Point from = stroke.from, to = stroke.to;
-            if (!Clip_Segment({box.left, box.top, box.right, box.bottom}, from, to)) continue;
+            if (!Clip_Segment(box, from, to)) continue;
             cost += 4 + 2 * std::hypot(to.x - from.x, to.y - from.y);
         }
         return cost;
@@ -250,7 +240,7 @@ class Painting {
         Point from, to;
     };
     struct Place {
-        Box box;
+        ClipBox box;
         double cost;
     };
 
@@ -260,8 +250,8 @@ class Painting {
     double per_x_, per_y_;
     ClipBox window_;
     std::vector<Stretch> strokes_;  ///< that names keep clear of
-    std::vector<Box> taken_;        ///< by texts
-    Box legend_{};
+    std::vector<ClipBox> taken_;        ///< by texts
+    ClipBox legend_{};
 };
 
 }  // namespace

@@ -264,7 +264,7 @@ class Picture::SvgPen {
     void Round(Point at, double radius, Color color) {
         if (radius > kVast) {
             const std::vector<Point> arc = Seen_Arc(seen_, at, radius, 0.01);
-            for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1], arc[i], color);
+            Each_Piece(arc, [&](Point from, Point to) { Segment(from, to, color); });
             return;
         }
         End_Path();

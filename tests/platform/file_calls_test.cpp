@@ -171,6 +171,7 @@ TEST_F(FileCalls, WordsNameTheFileAndWhatIsTheMatterWithIt) {
     EXPECT_EQ(writing(std::string(300, 'n')), "64 its name is too long");
     EXPECT_EQ(Matter([] { Write_File("/dev/full", "x"); }), "61 the disk is full");
     EXPECT_EQ(reading("none.vlk"), "53 there is no such file");
+    EXPECT_EQ(Matter([] { Read_File(""); }), "53 it has no name");
     EXPECT_EQ(reading("gone/a.vlk"), "53 there is no folder " + In("gone"));
     EXPECT_EQ(reading("link"), "53 it is a link to nowhere, which is not there");
     EXPECT_EQ(reading("sub"), "75 it is a folder");
