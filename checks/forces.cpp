@@ -213,8 +213,8 @@ class Forces {
     const LinkageModel& m_;
     const RunResults& t_;
     const std::vector<Step>& steps_;
-    Worst power_{"Power in and out", m_.UnitLabel(9)}, pins_{"Pin forces", m_.UnitLabel(10)};
-    Worst shaking_{"Shaking force", m_.UnitLabel(10)}, moment_{"Shaking moment", m_.UnitLabel(9)};
+    Worst power_{"Power in and out", m_.UnitLabel(9)}, pins_{"Pin forces", m_.UnitLabel(kForceLabel)};
+    Worst shaking_{"Shaking force", m_.UnitLabel(kForceLabel)}, moment_{"Shaking moment", m_.UnitLabel(9)};
     Worst torques_{"Net torques", m_.UnitLabel(9)}, centres_{"Velocities of mass centres", m_.UnitLabel(4)};
     bool of_counterweights_{};
     Worst centres_acc_{"Accelerations of mass centres", m_.UnitLabel(5)};
@@ -229,7 +229,7 @@ void Add_Forces(const LinkageModel& model, const std::vector<Step>& steps, std::
 }
 
 void Add_Balance(const LinkageModel& m, const std::vector<Step>& steps, std::vector<Check>& checks) {
-    Worst centre("Balanced mass centre", m.UnitLabel(6)), shaking("Balanced shaking force", m.UnitLabel(10));
+    Worst centre("Balanced mass centre", m.UnitLabel(6)), shaking("Balanced shaking force", m.UnitLabel(kForceLabel));
     const double shown = Shown_Factor(m);
     const auto product = [&](int link) { return m.BerkMass(link) * m.BerkRadius(link) - m.MRNeeded(link); };
     const double off2 = product(2), off4 = product(4);

@@ -12,6 +12,9 @@ struct LinkageModel;
 
 namespace verlink::checks {
 
+/// Where the record has the unit of forces among its labels.
+inline constexpr int kForceLabel = 10;
+
 /// Departures of a check, each beside what is expected there.
 class Worst {
    public:

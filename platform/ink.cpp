@@ -271,9 +271,9 @@ void Ink::Ring_Row(int row, const Ring& ring) {
     const Point centre = ring.centre;
     const double radius = ring.radius;
     const double down = row + 0.5 - centre.y;
-    const double outer = radius + ring.reach, inner = std::max(0.0, radius - ring.reach);
-    const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
-    const double from = std::sqrt(std::max(0.0, inner * inner - down * down));
+    const double outer = radius + ring.reach, inner = std::fdim(radius, ring.reach);
+    const double to = std::sqrt(std::fdim(outer * outer, down * down));
+    const double from = std::sqrt(std::fdim(inner * inner, down * down));
     const Eight reach = All(ring.reach * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
     const auto cover = [&](int column) {
         const Eight across = All(column + 0.5 - centre.x) + Ramp(1);

@@ -2,10 +2,11 @@
 #include "platform/label_places.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
-#include <ranges>
+#include <numeric>
 
 #include "platform/clip.h"
 #include "platform/picture.h"
@@ -140,8 +141,10 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
     const double wished = std::atan2(wish.at.below, wish.at.right);
     const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
     std::vector<Candidate> all;
+    std::array<int, kDirections> directions{};
+    std::iota(directions.begin(), directions.end(), int{});
     for (const double distance : kDistances)
-        for (const int i : std::views::iota(0, kDirections)) {
+        for (const int i : directions) {
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.

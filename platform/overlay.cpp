@@ -2,11 +2,12 @@
 #include "platform/overlay.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <iterator>
 #include <numbers>
-#include <ranges>
+#include <numeric>
 
 namespace verlink::platform {
 
@@ -26,6 +27,7 @@ constexpr Color kGridColor = 0xA0A0A0;
 constexpr Color kGridText = 0x606060;
 constexpr double kRounding = 1e-12;
 constexpr double kTimes[] = {1, 2, 5, 10};
+constexpr int kWays = 16;  ///< around its place that a name may stand
 /// What it costs a name to cover another, or to leave the picture, in pixels of distance from its place.
 constexpr double kCovers = 120;
 
@@ -205,9 +207,10 @@ class Painting {
             const double wished = length > 0 ? std::atan2(name.away.y, name.away.x) : -std::numbers::pi / 4;
             const double pin = name.radius * std::abs(per_x_) / sight_.magnified;
             std::vector<Place> places;
-            constexpr int kWays = 16;
+            std::array<int, kWays> ways{};
+            std::iota(ways.begin(), ways.end(), int{});
             for (const double beyond : {kNear, 2.5 * kNear, 4 * kNear})
-                for (const int way : std::views::iota(0, kWays)) {
+                for (const int way : ways) {
                     const double turn = 2 * std::numbers::pi * way / kWays;
                     const double far = pin + beyond;
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);

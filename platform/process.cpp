@@ -17,7 +17,7 @@ namespace {
 
 struct Status {
     char state = '?';
-    unsigned long long start = 0;
+    unsigned long long start{};
 };
 
 /// What the system tells of a process; nothing when it tells nothing.

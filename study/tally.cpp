@@ -168,7 +168,8 @@ bool Spread_Of_Values::Take(const std::string& text) {
     while (!numbers.At_End()) {
         const auto key = numbers.Next(), count = numbers.Next();
         const auto least = numbers.Next_Single(), greatest = numbers.Next_Single();
-        if (!key || !count || !least || !greatest || *key > 0xffffffffU || bins_.size() == kBins) return false;
+        // Behind a number that is missing all are.
+        if (!least || !greatest || *key > 0xffffffffU || bins_.size() == kBins) return false;
         Put(static_cast<std::uint32_t>(*key), {*count, *least, *greatest});
     }
     return true;

@@ -218,6 +218,7 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     EXPECT_TRUE(spread.Take("0 4294967295 1 0 0"));
     EXPECT_FALSE(spread.Take("0 4294967296 1 0 0")) << "no single has such bits";
     EXPECT_FALSE(spread.Take("0 5 1 4294967296 0"));
+    EXPECT_FALSE(spread.Take("0 5 1 0 4294967296"));
     for (const char* broken : {"0 5", "0 5 1", "0 5 1 0", "0 x"}) EXPECT_FALSE(spread.Take(broken)) << broken;
     std::string bins = "0";
     for (int key = 1; key <= 4096; ++key) bins += " " + std::to_string(key) + " 1 0 0";
