@@ -111,7 +111,8 @@ class Singular_Angles {
     /// Of a crank angle from half a turn back to half a turn on.
     double Distance(double crank) const {
         double nearest = HUGE_VAL;
-        for (const std::complex<double>& angle : angles_) nearest = std::min(nearest, std::abs(std::abs(crank) - angle));
+        for (const std::complex<double>& angle : angles_)
+            nearest = std::min(nearest, std::abs(std::abs(crank) - angle));
         return nearest;
     }
 
@@ -182,10 +183,10 @@ void Add_Differences(const LinkageModel& m, const std::vector<Step>& steps, std:
             Vector acceleration{m.RunTable.AccXY(s.number, row, 0), m.RunTable.AccXY(s.number, row, 1)};
             const Vector arm = row == 1 ? s.pose.B - double{m.L1} : s.pose.P - s.pose.A;
             acceleration -= Vector{0, 1} * (row == 1 ? s.design_alpha4 : s.design_alpha3) * arm * shown;
-            velocities.Add(std::abs(velocity - w2 * d.first.seven),
-                           std::abs(w2) * first + shown * s.expected.velocity[row].Error() +
-                               2 * kHalfPlace * std::abs(velocity),
-                           s.number, point);
+            velocities.Add(
+                std::abs(velocity - w2 * d.first.seven),
+                std::abs(w2) * first + shown * s.expected.velocity[row].Error() + 2 * kHalfPlace * std::abs(velocity),
+                s.number, point);
             accelerations.Add(std::abs(acceleration - a2 * d.first.seven - w2 * w2 * d.second.seven),
                               (a2 == 0 ? 0 : std::abs(a2) * first) + w2 * w2 * second +
                                   shown * s.expected.acceleration[row].Error() +

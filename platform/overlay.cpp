@@ -226,8 +226,7 @@ class Painting {
 
     double Cost(const ClipBox& box) const {
         double cost = 0;
-        const double outside =
-            (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
+        const double outside = (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
         if (outside > 0.01) cost += kCovers + outside;
         for (const ClipBox& other : taken_)
             if (const double both = box.Shared(other); both > 0) cost += kCovers + both;
@@ -253,7 +252,7 @@ class Painting {
     double per_x_, per_y_;
     ClipBox window_;
     std::vector<Stretch> strokes_;  ///< that names keep clear of
-    std::vector<ClipBox> taken_;        ///< by texts
+    std::vector<ClipBox> taken_;    ///< by texts
     ClipBox legend_{};
 };
 

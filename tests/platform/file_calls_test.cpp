@@ -292,9 +292,9 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
     EXPECT_EQ(Matter([&] { Write_File("/dev/fd/" + std::to_string(number), "x"); }), "57 it is not open for that");
     EXPECT_EQ(Descriptor_Named("/dev/stdout"), 1);
     EXPECT_EQ(Descriptor_Named("/dev/stderr"), 2);
-    for (const std::string& none : {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-"),
-                                    std::string("/dev/fd/"), std::string("/dev/fd/1x"), std::string("/dev/fd/-1"),
-                                    std::string("/dev/fd/99999999999")})
+    for (const std::string& none :
+         {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-"), std::string("/dev/fd/"),
+          std::string("/dev/fd/1x"), std::string("/dev/fd/-1"), std::string("/dev/fd/99999999999")})
         EXPECT_FALSE(Descriptor_Named(none)) << none;
 }
 
@@ -313,7 +313,8 @@ TEST_F(FileCalls, FortyLinksAreFollowedAndNotOneMore) {
 }
 
 TEST_F(FileCalls, AFileThatWouldGetTooLargeFailsToBeWrittenAndCallsGoOnBehindTheSignal) {
-    struct sigaction file_size {}, pipe{}, now{};
+    struct sigaction file_size {
+    }, pipe{}, now{};
     ::sigaction(SIGXFSZ, nullptr, &file_size);
     ::sigaction(SIGPIPE, nullptr, &pipe);
     for (const bool pipes : {false, true}) {

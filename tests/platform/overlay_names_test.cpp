@@ -232,8 +232,8 @@ TEST(OverlayNames, GiveWayToTheLegendAndToTheValuesOfTheGrid) {
 }
 
 TEST(OverlayNames, TurningRoundIsWorthLessThanGoingFarOutByAFewPixels) {
-    // A word straight ahead and twice and a half as far costs 10.5 more; one at three eighths of a turn 6 + 6 / sqrt(2),
-    // which is less by a quarter. Strokes take the places up to there, on both sides.
+    // A word straight ahead and twice and a half as far costs 10.5 more; one at three eighths of a turn 6 + 6 /
+    // sqrt(2), which is less by a quarter. Strokes take the places up to there, on both sides.
     Overlay overlay;
     overlay.names = {{"A", {5, 5}, {1, 0}, kRed}};
     const auto stroke = [&](double x1, double y1, double x2, double y2) {

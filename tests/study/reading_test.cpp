@@ -42,8 +42,8 @@ TEST_F(Reading, ASweepHasTwoEndsAndACount) {
     EXPECT_EQ(study->plan.sweeps[0].from, 1);
     EXPECT_EQ(study->plan.sweeps[0].to, 2);
     EXPECT_EQ(study->plan.sweeps[0].count, 11U);
-    for (const char* wrong : {"L2=x:2:11", "L2=1:x:11", "L2=1:2:x", "L2=1:2:0", "L2=1:2", "L2=1:2:3:4", "L2", "L2=",
-                              "L2=inf:2:11", "L2=1:nan:11"}) {
+    for (const char* wrong : {"L2=x:2:11", "L2=1:x:11", "L2=1:2:x", "L2=1:2:0", "L2=1:2", "L2=1:2:3:4", "L2",
+                              "L2=", "L2=inf:2:11", "L2=1:nan:11"}) {
         words.sweeps = {wrong};
         EXPECT_EQ(Fault(), std::string("a sweep wants FIELD=FROM:TO:COUNT, as in L2=1:2:11, not \"") + wrong + "\"");
     }
