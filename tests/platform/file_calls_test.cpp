@@ -129,6 +129,15 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     EXPECT_NE(Matter(write), "none");
 }
 
+TEST_F(FileCalls, AWriteThatTakesNothingIsThatOfAFullDisk) {
+    struct : FailingSystem {
+        ssize_t Write(int, const char*, std::size_t) override { return 0; }
+    } full;
+    Put_File(In("a.vlk"), "old");
+    EXPECT_EQ(Matter([&] { Write_File(In("a.vlk"), "new"); }), "61 the disk is full");
+    EXPECT_EQ(Held(In("a.vlk")), "old");
+}
+
 TEST_F(FileCalls, WhatHasTakenAFilesPlaceIsNotTakenAwayAgain) {
     FailingSystem system;
     Write_File(In("a.vlk"), "new");
