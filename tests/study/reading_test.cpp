@@ -81,6 +81,12 @@ TEST_F(Reading, AListIsFieldsOverRowsOfAsManyNumbers) {
     ASSERT_TRUE(Take_List("\"L2\",L3\r\n\r\n1,2\r\n\n3,4.5\n", "a.csv", design, list, fault)) << fault;
     EXPECT_EQ(list.fields.size(), 2U);
     EXPECT_EQ(list.rows, (std::vector<std::vector<double>>{{1, 2}, {3, 4.5}}));
+    words.list = list;
+    const auto study = Study_Of(words, design, fault);
+    ASSERT_TRUE(study) << fault;
+    EXPECT_EQ(study->plan.list.rows, list.rows);
+    EXPECT_EQ(study->plan.Count(), 2U);
+    words.list = {};
     EXPECT_EQ(Fault_Of_List("L2,L3\n"), "a.csv has no rows");
     EXPECT_EQ(Fault_Of_List(""), "a.csv has no rows");
     EXPECT_EQ(Fault_Of_List("L2,Figure\n1,2\n"), "a study moves no field \"Figure\"");

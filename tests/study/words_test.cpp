@@ -76,6 +76,8 @@ TEST(Keep_Words, AreReadOrTold) {
     EXPECT_EQ(
         fault,
         "a bound is a measure, <, <=, > or >=, and a number, as in \"min Trans Ang > 40\", not \"min Trans Ang = 40\"");
+    for (const char* wrong : {"min Trans Ang > 40x", "min Trans Ang > inf", "min Trans Ang >", "min Trans Ang > x"})
+        EXPECT_FALSE(Keep_Of(wrong, false, fault)) << wrong;
     EXPECT_FALSE(Keep_Of("mim Trans Ang > 40", false, fault));
     EXPECT_EQ(fault, "there is no measure \"mim\"; did you mean min?");
 }
