@@ -34,13 +34,15 @@ Summary::Summary(const std::vector<float>& nominal) {
 
 void Summary::Add(std::span<const float> values, Number linkage) {
     ++kept;
-    for (std::size_t i = 0; i < measures.size(); ++i) measures[i].Add(values[i], linkage);
+    auto value = values.begin();
+    for (Tally& tally : measures) tally.Add(*value++, linkage);
 }
 
 void Summary::Add(const Summary& other) {
     solved += other.solved;
     kept += other.kept;
-    for (std::size_t i = 0; i < measures.size(); ++i) measures[i].Add(other.measures[i]);
+    auto more = other.measures.begin();
+    for (Tally& tally : measures) tally.Add(*more++);
 }
 
 std::vector<float> Nominal_Measures(const Bench& bench) {

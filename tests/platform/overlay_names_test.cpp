@@ -142,8 +142,8 @@ TEST(OverlayNames, KeepClearOfLinesOfTheEdgeAndOfEachOther) {
     int crossed = 0, overlapped = 0, outside = 0, names = 0;
     for (int round = 0; round < 200; ++round) {
         Overlay overlay;
-        std::vector<Point> joints;
-        for (int i = 0; i < 5; ++i) joints.push_back({place(random), place(random)});
+        std::vector<Point> joints(5);
+        for (Point& joint : joints) joint = {place(random), place(random)};
         for (std::size_t i = 0; i < 5; ++i) {
             overlay.marks.push_back({Kind::kNothing, joints[i], joints[(i + 1) % 5], 0});
             overlay.names.push_back({std::string(1, static_cast<char>('A' + i)), joints[i], {1, -1}, kRed});

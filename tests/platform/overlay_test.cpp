@@ -12,9 +12,7 @@
 namespace verlink::test {
 namespace {
 
-using platform::Draw_Overlay;
 using platform::Overlay;
-using platform::Point;
 using platform::Round_Down_1_2_5;
 using platform::Round_Up_1_2_5;
 using platform::Sight;

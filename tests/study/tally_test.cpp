@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
 #include <sstream>
+
+#include "study/summary.h"
 
 namespace verlink::study {
 
@@ -194,6 +197,21 @@ TEST(Tally, BinsOfTwoGetNoWiderThanThoseOfEither) {
     ASSERT_TRUE(as_wide.Take("31 1 1 1077936128 1077936128"));
     wider.Add(as_wide);
     EXPECT_EQ(wider.Text(), "31 1 4 1065353216 1077936128 ");
+}
+
+TEST(Summaries, OfPartsAreThatOfTheWhole) {
+    Summary one({1, kNone}), other({1, kNone});
+    one.solved = 5;
+    other.solved = 7;
+    one.Add(std::array{2.0F, 8.0F}, 0);
+    one.Add(std::array{4.0F, kNone}, 1);
+    other.Add(std::array{9.0F, 10.0F}, 2);
+    one.Add(other);
+    EXPECT_EQ(one.solved, 12U);
+    EXPECT_EQ(one.kept, 3U);
+    EXPECT_EQ(one.measures[0].Mean(), 5);
+    EXPECT_EQ(one.measures[1].Mean(), 9);
+    EXPECT_EQ(one.measures[1].None(), 1U);
 }
 
 TEST(Tally, TakesNoLinesThatAreNone) {
