@@ -69,6 +69,8 @@ TEST_F(Reading, AToleranceHasAWidthAndPerhapsAKind) {
         words.tolerances = {wrong};
         EXPECT_EQ(Fault(), std::string("a tolerance wants FIELD=PLUSMINUS, as in L2=0.01, not \"") + wrong + "\"");
     }
+    words.tolerances = {"L2=1:normal"};
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.tolerances[0].spread, Spread::kNormal);
     words.tolerances = {"L2=1", "L2=2"};
     EXPECT_EQ(Fault(), "L2 has two tolerances");
     words.tolerances = {"L2=1", "Figure=2"};
@@ -79,6 +81,7 @@ TEST_F(Reading, AListIsFieldsOverRowsOfAsManyNumbers) {
     List list;
     std::string fault;
     ASSERT_TRUE(Take_List("\"L2\",L3\r\n\r\n1,2\r\n\n3,4.5\n", "a.csv", design, list, fault)) << fault;
+    EXPECT_EQ(fault, "");
     EXPECT_EQ(list.fields.size(), 2U);
     EXPECT_EQ(list.rows, (std::vector<std::vector<double>>{{1, 2}, {3, 4.5}}));
     words.list = list;
