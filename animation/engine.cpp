@@ -128,8 +128,8 @@ void Autoscale() {
         Model.AnimMax = points(0, 2, 0);
         Model.AnimMin = points(0, 2, 0);
         const auto widen = [](Single coordinate) {
-            if (coordinate > Model.AnimMax) Model.AnimMax = coordinate;
-            if (coordinate < Model.AnimMin) Model.AnimMin = coordinate;
+            Model.AnimMax = std::max(Model.AnimMax, coordinate);
+            Model.AnimMin = std::min(Model.AnimMin, coordinate);
         };
         // The coupler point of step 0 counts in the local frame too.
         widen(points(0, 2, 1));

@@ -14,18 +14,22 @@ namespace verlink::checks {
 namespace {
 
 constexpr int kSide = 3;  ///< steps on each side
+using Seven = std::array<double, 2 * kSide + 1>;
+using SevenSteps = std::array<const Step*, 2 * kSide + 1>;
+using Orders = std::array<double, 4>;  ///< behind an empty place the value and two derivatives
+using SevenOrders = std::array<Orders, 2 * kSide + 1>;
 constexpr double kWidest = 15 * M_PI / 180;
 
 /// Weights of the first and second derivative at 0 from values at any places, after Fornberg.
 struct Weights {
-    std::array<double, 2 * kSide + 1> first{}, second{};
+    Seven first{}, second{};
 };
 
-Weights Weights_Of(const std::array<double, 2 * kSide + 1>& places, int from, int to) {
-    std::array<std::array<double, 3>, 2 * kSide + 1> c{};
+Weights Weights_Of(const Seven& places, int from, int to) {
+    SevenOrders c{};
     const auto at = [&places](int i) { return places[static_cast<std::size_t>(i)]; };
-    const auto weight = [&c](int i) -> std::array<double, 3>& { return c[static_cast<std::size_t>(i)]; };
-    weight(from)[0] = 1;
+    const auto weight = [&c](int i) -> Orders& { return c[static_cast<std::size_t>(i)]; };
+    weight(from)[1] = 1;
     double product = 1;
     for (int i = from + 1; i <= to; ++i) {
         double next = 1;
@@ -34,18 +38,17 @@ Weights Weights_Of(const std::array<double, 2 * kSide + 1>& places, int from, in
             next *= apart;
             auto& old = weight(j);
             if (j == i - 1)
-                for (std::size_t k = 3; k-- > 0;)
-                    weight(i)[k] =
-                        product / next * ((k > 0 ? static_cast<double>(k) * old[k - 1] : 0) - at(i - 1) * old[k]);
-            for (std::size_t k = 3; k-- > 0;)
-                old[k] = (at(i) * old[k] - (k > 0 ? static_cast<double>(k) * old[k - 1] : 0)) / apart;
+                for (std::size_t k = old.size(); --k > 0;)
+                    weight(i)[k] = product / next * (static_cast<double>(k - 1) * old[k - 1] - at(i - 1) * old[k]);
+            for (std::size_t k = old.size(); --k > 0;)
+                old[k] = (at(i) * old[k] - static_cast<double>(k - 1) * old[k - 1]) / apart;
         }
         product = next;
     }
     Weights weights;
     for (int i = from; i <= to; ++i) {
-        weights.first[static_cast<std::size_t>(i)] = weight(i)[1];
-        weights.second[static_cast<std::size_t>(i)] = weight(i)[2];
+        weights.first[static_cast<std::size_t>(i)] = weight(i)[2];
+        weights.second[static_cast<std::size_t>(i)] = weight(i)[3];
     }
     return weights;
 }
@@ -65,7 +68,7 @@ struct Differences {
 
 /// Seven steps in a row.
 struct Window {
-    std::array<const Step*, 2 * kSide + 1> steps{};
+    SevenSteps steps{};
     Weights seven, five, three;
 };
 
@@ -105,12 +108,11 @@ class Singular_Angles {
         for (std::size_t i = 0; i < angles_.size(); ++i)
             angles_[i] = std::acos((L1 * L1 + L2 * L2 - sides[i] * sides[i]) / (2.0 * L1 * L2));
     }
+    /// Of a crank angle from half a turn back to half a turn on.
     double Distance(double crank) const {
         double nearest = HUGE_VAL;
         for (const std::complex<double>& angle : angles_)
-            for (const double sign : {1, -1})
-                nearest =
-                    std::min(nearest, std::hypot(std::remainder(crank - sign * angle.real(), 2 * M_PI), angle.imag()));
+            nearest = std::min(nearest, std::abs(std::abs(crank) - angle));
         return nearest;
     }
 
@@ -121,11 +123,11 @@ class Singular_Angles {
 /// False where the steps do not follow each other closely in one direction, or what they reach comes near an angle
 /// about which no power series holds.
 bool Take_Window(const std::vector<Step>& steps, const Singular_Angles& singular, std::size_t middle, Window& w) {
-    std::array<double, 2 * kSide + 1> places{};
+    Seven places{};
     for (std::size_t i = 0; i < places.size(); ++i) {
         const Step& s = steps[middle - kSide + i];
         w.steps[i] = &s;
-        if (!s.pose.closes || s.number != steps[middle].number - kSide + static_cast<int>(i)) return false;
+        if (s.number != steps[middle].number - kSide + static_cast<int>(i)) return false;
         places[i] = std::remainder(s.drive.th2 - steps[middle].drive.th2, 2 * M_PI);
         if (i == 0) continue;
         const double stride = places[i] - places[i - 1], before = i > 1 ? places[i - 1] - places[i - 2] : stride;
@@ -181,12 +183,12 @@ void Add_Differences(const LinkageModel& m, const std::vector<Step>& steps, std:
             Vector acceleration{m.RunTable.AccXY(s.number, row, 0), m.RunTable.AccXY(s.number, row, 1)};
             const Vector arm = row == 1 ? s.pose.B - double{m.L1} : s.pose.P - s.pose.A;
             acceleration -= Vector{0, 1} * (row == 1 ? s.design_alpha4 : s.design_alpha3) * arm * shown;
-            velocities.Add(std::abs(velocity - w2 * d.first.seven),
-                           (w2 == 0 ? 0 : std::abs(w2) * first) + shown * s.expected.velocity[row].Error() +
-                               2 * kHalfPlace * std::abs(velocity),
-                           s.number, point);
+            velocities.Add(
+                std::abs(velocity - w2 * d.first.seven),
+                std::abs(w2) * first + shown * s.expected.velocity[row].Error() + 2 * kHalfPlace * std::abs(velocity),
+                s.number, point);
             accelerations.Add(std::abs(acceleration - a2 * d.first.seven - w2 * w2 * d.second.seven),
-                              (a2 == 0 ? 0 : std::abs(a2) * first) + (w2 == 0 ? 0 : w2 * w2 * second) +
+                              (a2 == 0 ? 0 : std::abs(a2) * first) + w2 * w2 * second +
                                   shown * s.expected.acceleration[row].Error() +
                                   2 * kHalfPlace * std::abs(acceleration),
                               s.number, point);

@@ -33,7 +33,7 @@ struct Solve_Record {
     bool Is_Empty(int n) const {
         for (int row = 0; row <= 7; ++row)
             if (At(forces, n, row) != Vector{}) return false;
-        return torques(n, 0) == 0 && torques(n, 3) == 0;
+        return torques(n, 0) == 0;
     }
 };
 
@@ -41,7 +41,7 @@ struct Solve_Record {
 /// single holds.
 bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) {
     const Estimate& determinant = step.expected.determinant;
-    if (!std::isfinite(determinant.error) || std::abs(determinant.value) <= determinant.error) return true;
+    if (!std::isgreater(std::abs(determinant.value), determinant.error)) return true;
     const Solved s = Solve(m, step, record.masses, record.loaded);
     double force = 1, arm = 1;
     for (const Estimate2* pin : {&s.F12, &s.F32, &s.F43, &s.F14}) force = std::max(force, std::abs(Value(*pin)));
@@ -49,7 +49,7 @@ bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) 
         force = std::max(force, std::abs(Value(body->force)));
         arm = std::max(arm, std::abs(body->arm));
     }
-    return !(force * arm < std::numeric_limits<float>::max());
+    return !std::isless(force * arm, std::numeric_limits<float>::max());
 }
 
 /// The first step of those without forces at the end of a run, if a solve can have stopped there, or where a position
@@ -213,8 +213,8 @@ class Forces {
     const LinkageModel& m_;
     const RunResults& t_;
     const std::vector<Step>& steps_;
-    Worst power_{"Power in and out", m_.UnitLabel(9)}, pins_{"Pin forces", m_.UnitLabel(10)};
-    Worst shaking_{"Shaking force", m_.UnitLabel(10)}, moment_{"Shaking moment", m_.UnitLabel(9)};
+    Worst power_{"Power in and out", m_.UnitLabel(9)}, pins_{"Pin forces", m_.UnitLabel(kForceLabel)};
+    Worst shaking_{"Shaking force", m_.UnitLabel(kForceLabel)}, moment_{"Shaking moment", m_.UnitLabel(9)};
     Worst torques_{"Net torques", m_.UnitLabel(9)}, centres_{"Velocities of mass centres", m_.UnitLabel(4)};
     bool of_counterweights_{};
     Worst centres_acc_{"Accelerations of mass centres", m_.UnitLabel(5)};
@@ -229,7 +229,7 @@ void Add_Forces(const LinkageModel& model, const std::vector<Step>& steps, std::
 }
 
 void Add_Balance(const LinkageModel& m, const std::vector<Step>& steps, std::vector<Check>& checks) {
-    Worst centre("Balanced mass centre", m.UnitLabel(6)), shaking("Balanced shaking force", m.UnitLabel(10));
+    Worst centre("Balanced mass centre", m.UnitLabel(6)), shaking("Balanced shaking force", m.UnitLabel(kForceLabel));
     const double shown = Shown_Factor(m);
     const auto product = [&](int link) { return m.BerkMass(link) * m.BerkRadius(link) - m.MRNeeded(link); };
     const double off2 = product(2), off4 = product(4);
@@ -241,7 +241,7 @@ void Add_Balance(const LinkageModel& m, const std::vector<Step>& steps, std::vec
     }
     moments += m.LinkMass(3) * (m.L2 + m.CG(3, 0) * (m.L2 + m.L4) / m.L3);
     // Of the sums made here, which count where one mass is beyond all others.
-    const double own_rounding = 0x1p-46 * (double{m.L1} + m.L2 + m.L3 + m.L4);
+    const double own_rounding = 0x1p-44 * std::max({m.L1, m.L2, m.L3, m.L4});
     Vector first, first_off;
     bool any = false;
     const int stopped = std::min(Stopped_At(m, steps, Solve_Record::Of_Links(m)),

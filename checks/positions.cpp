@@ -3,6 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include "checks/designs.h"
 #include "checks/estimate.h"
@@ -63,14 +67,15 @@ double Nearest_Crank(const Shape& g, const Wanted& wanted) {
     double least = Distance(g, wanted, best);
     if (least < 1e-6 * Size_Of(g)) return best;
     constexpr int kAround = 720;
-    for (int i = 0; i < kAround; ++i) {
-        const double crank = 2 * M_PI * i / kAround, distance = Distance(g, wanted, crank);
-        if (distance < least) {
-            least = distance;
-            best = crank;
-        }
+    std::vector<std::pair<double, double>> around{{least, best}};
+    std::vector<int> parts(kAround);
+    std::iota(parts.begin(), parts.end(), int{});
+    for (const int part : parts) {
+        const double crank = 2 * M_PI * part / kAround;
+        around.emplace_back(Distance(g, wanted, crank), crank);
     }
-    for (double stride = 2 * M_PI / kAround; best + stride != best; stride /= 2)
+    std::tie(least, best) = std::ranges::min(around);
+    for (double stride = 2 * M_PI / kAround; best + stride > best; stride /= 2)
         for (const double crank : {best - stride, best + stride}) {
             const double distance = Distance(g, wanted, crank);
             if (distance >= least) continue;
@@ -140,7 +145,7 @@ std::string Order(const LinkageModel& m, const std::vector<Reached_Position>& po
         for (const Reached_Position& p : positions) {
             const double on = p.circuits[static_cast<std::size_t>(circuit)].crank - first;
             const double way = Wrapped(clockwise ? -on : on);
-            ways.emplace_back(way < 0 ? way + 2 * M_PI : way, p.number);
+            ways.emplace_back(way - 2 * M_PI * std::floor(way / (2 * M_PI)), p.number);
         }
         ways.front().first = 0;
         std::ranges::sort(ways);

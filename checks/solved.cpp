@@ -58,7 +58,7 @@ Estimate2 Friction(const LinkageModel& m, const Step& s) {
     const double speed = std::abs(velocity);
     const Vector friction = speed == 0 ? Vector(-force) : -force * velocity / speed;
     // Its direction is an angle in degrees, kept as a single.
-    const double direction = speed == 0 ? 2 : s.expected.velocity[2].Error() / speed + 30 * kHalfPlace;
+    const double direction = s.expected.velocity[2].Error() / speed + 30 * kHalfPlace;
     const double open = force * std::min(2.0, direction);
     return {{friction.real(), open}, {friction.imag(), open}};
 }
@@ -92,16 +92,18 @@ void Solve_Pins(const Shape& g, const Loads& l, Estimate q3, Estimate q4, Solved
 }
 
 void Solve_Forces(const Shape& g, const Loads& l, Solved& s) {
-    const Estimate q3 = s.l3.moment + Cross(s.l3.arm_estimate, s.l3.force - l.force3) - l.moment3;
-    const Estimate q4 = l.moment4 - s.l4.moment - Cross(s.l4.arm_estimate, s.l4.force - l.force4);
+    Estimate q3 = s.l3.moment + Cross(s.l3.arm_estimate, s.l3.force - l.force3) - l.moment3;
+    Estimate q4 = l.moment4 - s.l4.moment - Cross(s.l4.arm_estimate, s.l4.force - l.force4);
     Solve_Pins(g, l, q3, q4, s);
     // The program takes moments about the mass centres, whose arms are singles.
     const auto open = [](const Body& body, const Estimate2& a, const Estimate2& b) {
-        return Estimate(0, (body.arm_estimate.Error() + 4 * kHalfPlace * std::abs(body.arm)) * (Size(a) + Size(b)));
+        return (body.arm_estimate.Error() + 4 * kHalfPlace * std::abs(body.arm)) * (Size(a) + Size(b));
     };
-    Solve_Pins(g, l, q3 + open(s.l3, s.F32, s.F43), q4 + open(s.l4, s.F43, s.F14), s);
-    s.T12 = s.l2.moment + Cross(s.l2.arm_estimate, s.l2.force) - Cross(g.L2 * s.l2.direction, s.F32) +
-            open(s.l2, s.F12, s.F32);
+    q3.error += open(s.l3, s.F32, s.F43);
+    q4.error += open(s.l4, s.F43, s.F14);
+    Solve_Pins(g, l, q3, q4, s);
+    s.T12 = s.l2.moment + Cross(s.l2.arm_estimate, s.l2.force) - Cross(g.L2 * s.l2.direction, s.F32);
+    s.T12.error += open(s.l2, s.F12, s.F32);
     for (Estimate2* force : {&s.F12, &s.F32, &s.F43, &s.F14}) *force = Stored(*force);
     s.T12 = Stored(s.T12);
 }

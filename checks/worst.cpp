@@ -28,14 +28,14 @@ void Worst::Take(Found found) {
 }
 
 void Worst::Add(double departure, double expected, int step, const char* place) {
-    Take({departure, kFirstOrder * expected, 0, step, place});
+    Take({departure, kFirstOrder * expected, step, place});
 }
 
 void Worst::Add_By_Design(double departure, double expected, double design, int step, const char* place) {
     if (design <= kFirstOrder * expected) return Add(departure, expected, step, place);
     // Departure is what is left when the design is taken out.
-    Take({departure, kFirstOrder * expected, 0, step, place});
-    if (design > design_.departure) design_ = {design, kFirstOrder * expected, 0, step, place};
+    Take({departure, kFirstOrder * expected, step, place});
+    if (design > design_.departure) design_ = {design, kFirstOrder * expected, step, place};
 }
 
 Check Worst::Told(const LinkageModel& model, std::string meaning, const std::string& design) const {

@@ -12,6 +12,9 @@ struct LinkageModel;
 
 namespace verlink::checks {
 
+/// Where the record has the unit of forces among its labels.
+inline constexpr int kForceLabel = 10;
+
 /// Departures of a check, each beside what is expected there.
 class Worst {
    public:
@@ -30,9 +33,10 @@ class Worst {
 
    private:
     struct Found {
-        double departure = 0, expected = 0, ratio = -1;
+        double departure = 0, expected = 0;
         int step = -1;
         const char* place = "";
+        double ratio = -1;
     };
     void Take(Found found);
 

@@ -7,9 +7,7 @@ namespace verlink::at_once {
 
 Columns Columns_Of(RunResults& table) {
     Columns c{};
-    const auto take = [](auto& array, Single*& column, int row = 0, int axis = 0) {
-        column = array.Steps(0, 1, row, axis);
-    };
+    const auto take = [](auto& array, Single*& column, int row = 0, int axis = 0) { column = &array(0, row, axis); };
     for (int row = 0; row <= 3; ++row) take(table.Theta, c.Theta[row], row);
     take(table.OmegaRatio, c.Ratio);
     take(table.MechAdvantage, c.Advantage);

@@ -95,18 +95,16 @@ double Transmission_At(const Links& links, double degrees) {
 
 std::optional<Bound> Nearest_Toggle(const Links& links, double degrees) {
     if (Without_Length(links)) return {};
-    std::optional<Bound> nearest;
+    std::vector<double> toggles;
     for (const double gap : {links.L3 + links.L4, std::fabs(links.L3 - links.L4)}) {
         const auto cosine = Cosine_At(links, gap);
         if (!cosine) continue;
         const double angle = std::acos(*cosine) / kDegree;
-        for (const double either : {angle, -angle}) {
-            const double next = Next_To(degrees, either);
-            if (nearest && std::fabs(next - degrees) >= std::fabs(nearest->value - degrees)) continue;
-            nearest = {next, Way_At(links, next)};
-        }
+        for (const double either : {angle, -angle}) toggles.push_back(Next_To(degrees, either));
     }
-    return nearest;
+    const auto nearest = std::ranges::min_element(toggles, {}, [=](double next) { return std::fabs(next - degrees); });
+    if (nearest == toggles.end()) return {};
+    return Bound{*nearest, Way_At(links, *nearest)};
 }
 
 std::optional<Bound> Nearest_Length(const Links& links, double degrees, int link) {
@@ -123,7 +121,7 @@ std::optional<Bound> Nearest_Length(const Links& links, double degrees, int link
 
 std::optional<Longest> Too_Long(const Links& links) {
     int longest = 1;
-    for (int link = 2; link <= 4; ++link)
+    for (const int link : {2, 3, 4})
         if (links.Of(link) > links.Of(longest)) longest = link;
     Single lengths[3];
     int count = 0;

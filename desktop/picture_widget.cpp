@@ -101,7 +101,7 @@ void paintCircle(Batch& batch, const platform::ClipBox& seen, Point centre, doub
         return;
     }
     const std::vector<Point> arc = Seen_Arc(seen, centre, radius, kOff);
-    for (std::size_t i = 1; i < arc.size(); ++i) batch.segment(toQt(arc[i - 1]), toQt(arc[i]));
+    platform::Each_Piece(arc, [&](platform::Point from, platform::Point to) { batch.segment(toQt(from), toQt(to)); });
 }
 
 }  // namespace

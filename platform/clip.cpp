@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numbers>
 
 namespace verlink::platform {
 
@@ -73,12 +72,10 @@ std::vector<Point> Seen_Arc(const ClipBox& box, Point centre, double radius, dou
     const Point out = away > 0 ? Point{x / away, y / away} : Point{1, 0};
     const double rest = radius - away;
     const Point foot{middle.x + rest * out.x, middle.y + rest * out.y};
-    double half = std::numbers::pi;
-    if (away > 0) {
-        const double chord = (reach - rest) * (reach + rest) / (4 * radius * away);
-        if (chord <= 0) return {};
-        if (chord < 1) half = 2 * std::asin(std::sqrt(chord));
-    }
+    const double chord = (reach - rest) * (reach + rest) / (4 * radius * away);
+    if (chord <= 0) return {};
+    // Around the middle itself, or well within reach of it, that is all of it.
+    const double half = 2 * std::asin(std::sqrt(std::min(1.0, chord)));
     const double step = std::sqrt(8 * off / radius);
     constexpr double kMostPoints = 4000;
     const int pieces = std::max(1, static_cast<int>(std::min(std::ceil(2 * half / step), kMostPoints)));

@@ -6,13 +6,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <thread>
 #include <utility>
-#include <vector>
 
 #include "platform/failure.h"
 #include "platform/file_trouble.h"
@@ -125,10 +125,9 @@ std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
     const auto size = static_cast<std::size_t>(status.st_size);
     if (part == Part::kWhole && size > most) Refuse_What_Is_Too_Large(path);
     std::string content;
-    std::vector<char> block(65536);
+    std::array<char, 65536> block{};
     while (content.size() <= most) {
-        const ssize_t count =
-            The_System().Read(file.Number(), block.data(), std::min(block.size(), most + 1 - content.size()));
+        const ssize_t count = The_System().Read(file.Number(), block.data(), block.size());
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) Raise_File(path, Way::kReading, errno);
         if (count == 0) break;
@@ -162,7 +161,7 @@ void Write_Device(const std::string& target, const std::string& path, bool pipe,
 
 /// Whatever else the system keeps with the old file, as far as it lets the new one have it.
 void Take_Attributes(const std::string& old, int file) {
-    std::vector<char> names(65536), value(65536);
+    std::array<char, 65536> names{}, value{};
     const ssize_t length = The_System().List_Attributes(old, names.data(), names.size());
     for (ssize_t at = 0; at < length;) {
         const std::string name(names.data() + at);

@@ -20,9 +20,8 @@ constexpr int kBlock = 8;
 /// What a pixel has that is wholly covered.
 constexpr double kWhole = 255;
 
-int Whole(double value, int low, int high) {
-    return static_cast<int>(std::clamp(value, static_cast<double>(low), static_cast<double>(high)));
-}
+/// The lower bound for what is no number.
+int Whole(double value, int low, int high) { return static_cast<int>(std::fmin(std::fmax(value, low), high)); }
 
 /// Numbers of the eight pixels of a block.
 typedef float Four __attribute__((vector_size(16)));
@@ -138,7 +137,8 @@ struct Ink::Stroke {
 
 struct Ink::Ring {
     Point centre;
-    double radius, half;
+    double radius;
+    double reach;  ///< from the middle line to where nothing is covered
 };
 
 Ink::Ink(int width, int height)
@@ -152,7 +152,7 @@ inline void Ink::Each_Block(double from, double to, Action action) const {
     // The middles of pixels count, which are half a pixel on.
     if (!(to >= 0.5 && from <= width_ - 0.5)) return;
     constexpr double kMiddle = 0.5;
-    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
+    const int first_pixel = static_cast<int>(std::max(from, double{}) + kMiddle);
     const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
     const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
     const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
@@ -219,11 +219,8 @@ void Ink::Cover_Between(const Stroke& s, int first, int last) {
 Ink::Rows Ink::Cover_Ends(const Stroke& s) {
     const double top = std::min(s.from.y, s.to.y), bottom = std::max(s.from.y, s.to.y);
     const int first = Whole(top - s.reach, 0, height_), last = Whole(bottom + s.reach + 1, 0, height_);
-    const int in = Whole(top + s.reach + 1, first, last), out = Whole(bottom - s.reach - 1, first, last);
-    if (s.level || in >= out) {
-        Cover_Around(s, first, last);
-        return {0, 0};
-    }
+    // A level one has no rows between its ends.
+    const int in = Whole(std::ceil(top + s.reach), first, last), out = Whole(std::floor(bottom - s.reach), in, last);
     Cover_Around(s, first, in);
     Cover_Around(s, out, last);
     return {in, out};
@@ -272,12 +269,12 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
 
 void Ink::Ring_Row(int row, const Ring& ring) {
     const Point centre = ring.centre;
-    const double radius = ring.radius, half = ring.half;
+    const double radius = ring.radius;
     const double down = row + 0.5 - centre.y;
-    const double outer = radius + half + 0.5, inner = radius - half - 0.5;
-    const double to = std::sqrt(std::max(0.0, outer * outer - down * down));
-    const double from = inner > std::abs(down) ? std::sqrt(inner * inner - down * down) : 0;
-    const Eight reach = All((half + 0.5) * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
+    const double outer = radius + ring.reach, inner = std::fdim(radius, ring.reach);
+    const double to = std::sqrt(std::fdim(outer * outer, down * down));
+    const double from = std::sqrt(std::fdim(inner * inner, down * down));
+    const Eight reach = All(ring.reach * kWhole), whole = All(kWhole), round = All(radius), below = All(down * down);
     const auto cover = [&](int column) {
         const Eight across = All(column + 0.5 - centre.x) + Ramp(1);
         const Eight away = Size(Root(across * across + below) - round);
@@ -290,17 +287,14 @@ void Ink::Ring_Row(int row, const Ring& ring) {
 
 void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
-    const ClipBox sheet = Sheet();
     if (radius > kVast) {
-        const std::vector<Point> arc = Seen_Arc(sheet.Grown(2 * reach), centre, radius, kOff);
-        for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], width);
+        const std::vector<Point> arc = Seen_Arc(Sheet().Grown(2 * reach), centre, radius, kOff);
+        Each_Piece(arc, [&](Point from, Point to) { Line(from, to, width); });
         return;
     }
-    const ClipBox around{centre.x - radius - reach, centre.y - radius - reach, centre.x + radius + reach,
-                         centre.y + radius + reach};
-    if (!(around.left < sheet.right && around.right > 0 && around.top < sheet.bottom && around.bottom > 0)) return;
-    const int first = Whole(around.top, 0, height_), last = Whole(around.bottom + 1, 0, height_);
-    for (int row = first; row < last; ++row) Ring_Row(row, {centre, radius, width / 2});
+    const double around = radius + reach;
+    const int first = Whole(centre.y - around, 0, height_), last = Whole(std::ceil(centre.y + around), 0, height_);
+    for (int row = first; row < last; ++row) Ring_Row(row, {centre, radius, reach});
 }
 
 void Ink::Disc(Point centre, double radius) { Line(centre, centre, 2 * radius); }
@@ -354,7 +348,8 @@ void Ink::Pour_Upon_Nothing(std::vector<std::uint32_t>& pixels, Color color, int
     const auto most = static_cast<std::uint32_t>(alpha);
     const auto part_of = [](std::uint32_t value, std::uint32_t part) { return (value * part + 127) / 255; };
     // What a pixel becomes depends on its part alone.
-    std::array<std::uint32_t, 256> shades{};
+    using Shades = std::array<std::uint32_t, 256>;
+    Shades shades{};
     for (std::uint32_t covered = 1; covered < shades.size(); ++covered) {
         const std::uint32_t part = part_of(covered, most);
         shades[covered] = part << 24U | part_of(bits & 255U, part) << 16U | part_of(bits >> 8U & 255U, part) << 8U |

@@ -2,9 +2,11 @@
 #include "platform/label_places.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <numeric>
 
 #include "platform/clip.h"
 #include "platform/picture.h"
@@ -27,17 +29,14 @@ constexpr double kPerCrossing = 30;    ///< of each way to an anchor that leads 
 constexpr double kPerCellBetween = 8;  ///< of what is drawn between a label and its anchor
 constexpr double kAstray = 7;          ///< for a direction across the wished one; the opposite costs twice as much
 
-struct Rect {
-    double left, top, right, bottom;
-};
+using Rect = ClipBox;
 
 /// Which cells of the picture have something drawn in them, summed up from the top left corner.
 class Drawn {
    public:
     Drawn(const Picture& picture, double side, const Glass& glass)
-        : cells_(static_cast<int>(std::ceil(std::max(side, 1.0) / kCell))) {
-        const auto wide = static_cast<std::size_t>(cells_) + 1;
-        sums_.assign(wide * wide, 0);
+        : cells_(static_cast<int>(std::ceil(std::max(side, kCell) / kCell))) {
+        sums_.assign(Index(cells_ + 1, cells_ + 1) + 1, 0);
         const double wide_world = picture.Right() - picture.Left(), high_world = picture.Bottom() - picture.Top();
         const double pin = std::abs(side / wide_world);
         const auto x_of = [&](double x) { return glass.Seen_Across((x - picture.Left()) / wide_world) * side; };
@@ -86,14 +85,11 @@ class Drawn {
     int& Sum(int row, int column) { return sums_[Index(row, column)]; }
     int Sum(int row, int column) const { return sums_[Index(row, column)]; }
     std::size_t Index(int row, int column) const {
-        return static_cast<std::size_t>(row) * (static_cast<std::size_t>(cells_) + 1) +
-               static_cast<std::size_t>(column);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cells_ + 2) + static_cast<std::size_t>(column);
     }
 
     void Dot(double x, double y) {
-        const double last = cells_ * kCell;
-        if (!(x >= 0 && y >= 0 && x < last && y < last)) return;
-        Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
+        if (Sheet().Holds({x, y})) Sum(static_cast<int>(y / kCell) + 1, static_cast<int>(x / kCell) + 1) = 1;
     }
     void Segment(double x1, double y1, double x2, double y2) {
         Point from{x1, y1}, to{x2, y2};
@@ -106,12 +102,12 @@ class Drawn {
     }
     void Circle(Point centre, double radius) {
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);
-        for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1].x, arc[i - 1].y, arc[i].x, arc[i].y);
+        Each_Piece(arc, [this](Point from, Point to) { Segment(from.x, from.y, to.x, to.y); });
     }
-    ClipBox Sheet() const { return ClipBox{0, 0, cells_ * kCell, cells_ * kCell}.Grown(kCell); }
+    ClipBox Sheet() const { return {0, 0, cells_ * kCell, cells_ * kCell}; }
 
     int cells_;
-    std::vector<int> sums_;
+    std::vector<int> sums_;  ///< with a row and a column before the first cell and behind the last
 };
 
 struct Candidate {
@@ -119,12 +115,6 @@ struct Candidate {
     double anchor_x, anchor_y, near_x, near_y;  ///< the anchor, and the label's point next to it
     double cost;                                ///< without regard to the other labels
 };
-
-double Shared(const Rect& a, const Rect& b) {
-    const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
-    const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return std::max(0.0, wide) * std::max(0.0, high);
-}
 
 /// Does the way from a candidate to its anchor lead through a rectangle?
 bool Crosses(const Candidate& way, const Rect& rect) {
@@ -141,7 +131,7 @@ bool Crosses(const Candidate& way, const Rect& rect) {
 }
 
 double Between_Labels(const Candidate& a, const Candidate& b) {
-    return kPerOverlap * Shared(a.rect, b.rect) + (Crosses(a, b.rect) ? kPerCrossing : 0) +
+    return kPerOverlap * a.rect.Shared(b.rect) + (Crosses(a, b.rect) ? kPerCrossing : 0) +
            (Crosses(b, a.rect) ? kPerCrossing : 0);
 }
 
@@ -151,8 +141,10 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
     const double wished = std::atan2(wish.at.below, wish.at.right);
     const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
     std::vector<Candidate> all;
+    std::array<int, kDirections> directions{};
+    std::iota(directions.begin(), directions.end(), int{});
     for (const double distance : kDistances)
-        for (int i = 0; i < kDirections; ++i) {
+        for (const int i : directions) {
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.
@@ -183,19 +175,17 @@ std::vector<LabelPlace> Find_Label_Places(const Picture& picture, double side, s
     for (const LabelWish& wish : wishes) candidates.push_back(Candidates(wish, side, ink));
 
     std::vector<const Candidate*> taken(wishes.size(), nullptr);
+    std::vector<double> costs;
     for (int round = 0; round < kRounds; ++round)
         for (std::size_t i = 0; i < wishes.size(); ++i) {
-            double least = 0;
-            const Candidate* best = nullptr;
+            costs.clear();
             for (const Candidate& candidate : candidates[i]) {
                 double cost = candidate.cost;
                 for (std::size_t j = 0; j < taken.size(); ++j)
                     if (j != i && taken[j]) cost += Between_Labels(candidate, *taken[j]);
-                if (best && cost >= least) continue;
-                least = cost;
-                best = &candidate;
+                costs.push_back(cost);
             }
-            taken[i] = best;
+            taken[i] = &candidates[i][static_cast<std::size_t>(std::ranges::min_element(costs) - costs.begin())];
         }
 
     std::vector<LabelPlace> places;

@@ -2,9 +2,12 @@
 #include "platform/overlay.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <numbers>
+#include <numeric>
 
 namespace verlink::platform {
 
@@ -23,22 +26,14 @@ constexpr double kNear = 7;                           ///< pixels from a place t
 constexpr Color kGridColor = 0xA0A0A0;
 constexpr Color kGridText = 0x606060;
 constexpr double kRounding = 1e-12;
+constexpr double kTimes[] = {1, 2, 5, 10};
+constexpr int kWays = 16;  ///< around its place that a name may stand
 /// What it costs a name to cover another, or to leave the picture, in pixels of distance from its place.
 constexpr double kCovers = 120;
 
-struct Box {
-    double left, top, right, bottom;
-};
-
-double Shared(const Box& a, const Box& b) {
-    const double wide = std::min(a.right, b.right) - std::max(a.left, b.left);
-    const double high = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return std::max(0.0, wide) * std::max(0.0, high);
-}
-
 /// With as many decimals as the step between values has.
 std::string Value_Text(double value, double step) {
-    if (std::abs(value) < step / 2) return "0";
+    if (value == 0) return "0";
     char text[40];
     const int decimals = static_cast<int>(std::max(0.0, -std::floor(std::log10(step) + 1e-9)));
     if (std::abs(value) < 1e6 && decimals <= 6)
@@ -67,7 +62,9 @@ class Painting {
     }
 
    private:
-    Point Seen(Point world) const { return {(world.x - sight_.left) * per_x_, (world.y - sight_.top) * per_y_}; }
+    double Seen_X(double x) const { return (x - sight_.left) * per_x_; }
+    double Seen_Y(double y) const { return (y - sight_.top) * per_y_; }
+    Point Seen(Point world) const { return {Seen_X(world.x), Seen_Y(world.y)}; }
 
     void Line(Point from, Point to, Stroke stroke, Color color) {
         if (!Clip_Segment(window_.Grown(2), from, to)) return;
@@ -83,7 +80,7 @@ class Painting {
             return;
         }
         const std::vector<Point> arc = Seen_Arc(box, centre, radius, kArcError);
-        for (std::size_t i = 1; i < arc.size(); ++i) Line(arc[i - 1], arc[i], Stroke::kPlain, color);
+        Each_Piece(arc, [&](Point from, Point to) { Line(from, to, Stroke::kPlain, color); });
     }
 
     /// One that is shorter than its head has a smaller head.
@@ -134,13 +131,13 @@ class Painting {
         const double right = sight_.left + sight_.wide, bottom = sight_.top + sight_.high;
         const double high = pen_.Text_High();
         each(sight_.left, right, [&](double x) {
-            const double at = Seen({x, 0}).x;
+            const double at = Seen_X(x);
             pen_.Line({at, 0}, {at, sight_.down}, Stroke::kFaint, kGridColor);
             const std::string text = Value_Text(x, step);
             Grid_Text({at + 3, sight_.down - high - 1}, text);
         });
         each(grid.sum - sight_.top, grid.sum - bottom, [&](double y) {
-            const double at = Seen({0, grid.sum - y}).y;
+            const double at = Seen_Y(grid.sum - y);
             pen_.Line({0, at}, {sight_.across, at}, Stroke::kFaint, kGridColor);
             // The corner at the bottom is that of the values of x.
             if (at < sight_.down - 2 * high) Grid_Text({3, at - high}, Value_Text(y, step));
@@ -149,8 +146,8 @@ class Painting {
 
     /// Values stand within the picture and not under the legend.
     void Grid_Text(Point corner, const std::string& text) {
-        const Box box{corner.x, corner.y, corner.x + pen_.Text_Wide(text), corner.y + pen_.Text_High()};
-        if (box.top < 0 || box.right > sight_.across || Shared(box, legend_) > 0) return;
+        const ClipBox box{corner.x, corner.y, corner.x + pen_.Text_Wide(text), corner.y + pen_.Text_High()};
+        if (box.top < 0 || box.right > sight_.across || box.Shared(legend_) > 0) return;
         pen_.Text(corner, text, kGridText);
         taken_.push_back(box);
     }
@@ -168,7 +165,6 @@ class Painting {
     static double Bar_Wide(const Overlay::Legend& line) { return line.per_world > 0 ? kBarAtMost + kAir : 0; }
 
     void Place_Legend() {
-        legend_ = {0, 0, 0, 0};
         if (overlay_.legend.empty()) return;
         double widest = 0;
         for (const auto& line : overlay_.legend)
@@ -210,36 +206,33 @@ class Painting {
             const double length = std::hypot(name.away.x, name.away.y);
             const double wished = length > 0 ? std::atan2(name.away.y, name.away.x) : -std::numbers::pi / 4;
             const double pin = name.radius * std::abs(per_x_) / sight_.magnified;
-            Box best{};
-            double least = -1;
-            constexpr int kWays = 16;
+            std::vector<Place> places;
+            std::array<int, kWays> ways{};
+            std::iota(ways.begin(), ways.end(), int{});
             for (const double beyond : {kNear, 2.5 * kNear, 4 * kNear})
-                for (int way = 0; way < kWays; ++way) {
+                for (const int way : ways) {
                     const double turn = 2 * std::numbers::pi * way / kWays;
                     const double far = pin + beyond;
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);
                     const double x = at.x + c * (far + wide / 2), y = at.y + s * (far + high / 2);
-                    const Box box{x - wide / 2, y - high / 2, x + wide / 2, y + high / 2};
-                    const double cost = Cost(box) + (beyond - kNear) + 6 * (1 - std::cos(turn));
-                    if (least >= 0 && cost >= least) continue;
-                    least = cost;
-                    best = box;
+                    const ClipBox box{x - wide / 2, y - high / 2, x + wide / 2, y + high / 2};
+                    places.push_back({box, Cost(box) + beyond - 6 * std::cos(turn)});
                 }
+            const ClipBox best = std::ranges::min_element(places, {}, &Place::cost)->box;
             pen_.Text({best.left, best.top}, name.text, name.color);
             taken_.push_back(best);
         }
     }
 
-    double Cost(const Box& box) const {
+    double Cost(const ClipBox& box) const {
         double cost = 0;
-        const double outside =
-            (box.right - box.left) * (box.bottom - box.top) - Shared(box, {0, 0, sight_.across, sight_.down});
+        const double outside = (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
         if (outside > 0.01) cost += kCovers + outside;
-        for (const Box& other : taken_)
-            if (const double both = Shared(box, other); both > 0) cost += kCovers + both;
+        for (const ClipBox& other : taken_)
+            if (const double both = box.Shared(other); both > 0) cost += kCovers + both;
         for (const Stretch& stroke : strokes_) {
             Point from = stroke.from, to = stroke.to;
-            if (!Clip_Segment({box.left, box.top, box.right, box.bottom}, from, to)) continue;
+            if (!Clip_Segment(box, from, to)) continue;
             cost += 4 + 2 * std::hypot(to.x - from.x, to.y - from.y);
         }
         return cost;
@@ -248,6 +241,10 @@ class Painting {
     struct Stretch {
         Point from, to;
     };
+    struct Place {
+        ClipBox box;
+        double cost;
+    };
 
     const Overlay& overlay_;
     const Sight& sight_;
@@ -255,25 +252,23 @@ class Painting {
     double per_x_, per_y_;
     ClipBox window_;
     std::vector<Stretch> strokes_;  ///< that names keep clear of
-    std::vector<Box> taken_;        ///< by texts
-    Box legend_{};
+    std::vector<ClipBox> taken_;    ///< by texts
+    ClipBox legend_{};
 };
 
 }  // namespace
 
 double Round_Down_1_2_5(double value) {
-    const double power = std::pow(10, std::floor(std::log10(value)));
-    // The logarithm may be a little off at a power of ten.
-    for (const double times : {10.0, 5.0, 2.0, 1.0})
-        if (times * power <= value * (1 + kRounding)) return times * power;
-    return power / 2;
+    // A value that rounding has left just below one of them is that one.
+    const double raised = value * (1 + kRounding);
+    const double power = std::pow(10, std::floor(std::log10(raised)));
+    return power * *std::prev(std::upper_bound(std::next(kTimes), std::end(kTimes), raised / power));
 }
 
 double Round_Up_1_2_5(double value) {
-    const double power = std::pow(10, std::floor(std::log10(value)));
-    for (const double times : {0.5, 1.0, 2.0, 5.0})
-        if (times * power >= value * (1 - kRounding)) return times * power;
-    return 10 * power;
+    const double lowered = value * (1 - kRounding);
+    const double power = std::pow(10, std::floor(std::log10(lowered)));
+    return power * *std::lower_bound(kTimes, std::prev(std::end(kTimes)), lowered / power);
 }
 
 void Draw_Overlay(const Overlay& overlay, const Sight& sight, Overlay_Pen& pen) {

@@ -83,7 +83,7 @@ void Picture::Add(Primitive primitive) {
         Compact();
         place = Seek(key, hash);
     }
-    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), 0};
+    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), {}};
     list_.push_back(primitive);
     ++strokes_;
     ++alive_;
@@ -101,14 +101,14 @@ void Picture::Compact() {
         const std::uint32_t hash = key.Hash();
         // Two that were apart may have come together on the grid of another window; the upper one is found.
         const std::size_t slot = Seek(key, hash);
-        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), 0};
+        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), {}};
     }
 }
 
 void Picture::Clear() {
     list_.clear();
     alive_ = 0;
-    strokes_ = 0;
+    strokes_ = {};
     ++epoch_;
     if (++generation_ == 0) {
         index_.assign(index_.size(), {});
@@ -264,7 +264,7 @@ class Picture::SvgPen {
     void Round(Point at, double radius, Color color) {
         if (radius > kVast) {
             const std::vector<Point> arc = Seen_Arc(seen_, at, radius, 0.01);
-            for (std::size_t i = 1; i < arc.size(); ++i) Segment(arc[i - 1], arc[i], color);
+            Each_Piece(arc, [&](Point from, Point to) { Segment(from, to, color); });
             return;
         }
         End_Path();

@@ -71,7 +71,7 @@ class PicturePixels::Hand {
         Color color = 0;
         for (auto at = from; at != to; ++at) {
             if (!at->alive) continue;
-            if (drawn > 0 && at->color != color) {
+            if (at->color != color) {
                 chain.End();
                 ink_.Pour(pixels, color);
             }
@@ -166,7 +166,7 @@ bool PicturePixels::Sheet_Holds(const Picture& picture) const {
 }
 
 void PicturePixels::Grow_Sheet(const Picture& picture, std::uint32_t end, const Hand& hand) {
-    if (end <= sheet_.end) return;
+    end = std::max(end, sheet_.end);
     const List& list = picture.Primitives();
     const auto from = Place_Of(list, sheet_.end), to = Place_Of(list, end);
     if (sheet_.pixels.empty() && Next_Alive(list, from) < to)

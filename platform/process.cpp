@@ -17,7 +17,7 @@ namespace {
 
 struct Status {
     char state = '?';
-    unsigned long long start = 0;
+    unsigned long long start{};
 };
 
 /// What the system tells of a process; nothing when it tells nothing.
@@ -28,9 +28,10 @@ std::optional<Status> Status_Of(long number) {
     // The name of the program stands in parentheses and may hold any of them.
     const std::size_t name_end = line.rfind(')');
     if (name_end == std::string::npos) return {};
-    std::istringstream fields(line.substr(name_end + 1));
+    std::istringstream fields(line.substr(name_end));
     Status status;
-    fields >> status.state;
+    char parenthesis{};
+    fields >> parenthesis >> status.state;
     constexpr int kBetween = 18;
     std::string skipped;
     for (int field = 0; field < kBetween; ++field) fields >> skipped;
@@ -42,9 +43,10 @@ std::optional<Status> Status_Of(long number) {
 unsigned This_Boot() {
     static const unsigned boot = [] {
         std::ifstream file("/proc/sys/kernel/random/boot_id");
-        std::string digits(8, '0');
-        unsigned value = 0;
-        if (file.read(digits.data(), 8)) std::from_chars(digits.data(), digits.data() + 8, value, 16);
+        std::string digits;
+        unsigned value{};
+        // Up to the first dash.
+        if (std::getline(file, digits)) std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
         return value;
     }();
     return boot;
@@ -68,8 +70,7 @@ bool Take_Dash(std::string_view& text) {
 
 Process This_Process() {
     const long number = ::getpid();
-    const std::optional<Status> status = Status_Of(number);
-    return {number, status ? status->start : 0, This_Boot()};
+    return {number, Status_Of(number).value_or(Status{}).start, This_Boot()};
 }
 
 std::string Name_Of(const Process& process) {
@@ -91,11 +92,8 @@ std::optional<Process> Process_Of(std::string_view name) {
 bool Runs(const Process& process) {
     if (process.boot != This_Boot()) return false;
     const std::optional<Status> status = Status_Of(process.number);
-    if (!status) {
-        // Where the system tells nothing of any process, it still knows whether there is one of that number.
-        if (Status_Of(::getpid())) return false;
-        return ::kill(static_cast<pid_t>(process.number), 0) == 0 || errno == EPERM;
-    }
+    // Where the system tells nothing of a process, it still knows whether there is one of that number.
+    if (!status) return ::kill(static_cast<pid_t>(process.number), 0) == 0 || errno == EPERM;
     if (status->state == 'Z' || status->state == 'X') return false;
     return process.start == 0 || status->start == process.start;
 }

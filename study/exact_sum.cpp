@@ -1,6 +1,7 @@
 // How doubles are taken apart into digits of 32 bits.
 #include "study/exact_sum.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -21,7 +22,7 @@ void Exact_Sum::Add(double value) {
     const auto exponent = static_cast<unsigned>(bits >> 52U) & 0x7ffU;
     std::uint64_t mantissa = bits & 0xfffffffffffffU;
     if (exponent > 0) mantissa |= std::uint64_t{1} << 52U;
-    const unsigned place = exponent > 0 ? exponent - 1 : 0;
+    const unsigned place = std::max(exponent, 1U) - 1;
     const auto digit = static_cast<std::size_t>(place / 32);
     const unsigned shift = place % 32;
     const auto low = (mantissa & 0xffffffffU) << shift, high = (mantissa >> 32U) << shift;
@@ -33,7 +34,6 @@ void Exact_Sum::Add(double value) {
 }
 
 void Exact_Sum::Add(const Exact_Sum& other) {
-    Carry();
     const Digits more = other.Carried();
     for (std::size_t i = 0; i < more.size(); ++i) digits_[i] += more[i];
     Carry();
@@ -52,7 +52,7 @@ Exact_Sum::Digits Exact_Sum::Carried() const {
 
 void Exact_Sum::Carry() {
     digits_ = Carried();
-    added_ = 0;
+    added_ = {};
 }
 
 double Exact_Sum::Value() const {
@@ -91,7 +91,7 @@ bool Exact_Sum::Take(const std::string& text) {
         at = read.ptr;
     }
     digits_ = digits;
-    added_ = 0;
+    added_ = {};
     return at == end;
 }
 

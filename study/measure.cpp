@@ -182,14 +182,13 @@ float Meter::From_Line(const Motion& motion, const Design& design) {
     const double half = (xx - yy) / 2, root = std::hypot(half, xy);
     const bool steep = std::signbit(half);
     double ux = steep ? xy : half + root, uy = steep ? root - half : xy;
+    // A single place has no line, and a distance from it is no number, which counts for nothing.
     const double length = std::hypot(ux, uy);
-    if (length == 0)
-        ux = 1, uy = 0;
-    else
-        ux /= length, uy /= length;
+    ux /= length;
+    uy /= length;
     double most = 0;
     for (std::size_t i = 0; i < path.x.size(); ++i)
-        if (path.closed[i]) most = std::max(most, std::fabs((path.y[i] - y0) * ux - (path.x[i] - x0) * uy));
+        if (path.closed[i]) most = std::fmax(most, std::fabs((path.y[i] - y0) * ux - (path.x[i] - x0) * uy));
     return Stored_Single(most);
 }
 

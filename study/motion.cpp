@@ -17,6 +17,7 @@ namespace verlink::study {
 namespace {
 
 constexpr int kOnePosition = 1, kByTime = 2;
+using One_Position = Position<double>[1];
 
 LinkageShape Shape_Of_Design(const Design& d) {
     return Shape_Of(d.L1, d.L2, d.L3, d.L4, d.Rpa, d.DeltaRad, d.CircuitSign);
@@ -71,7 +72,8 @@ void Motion::Set_Out(const Design& d) {
         const double stride = from_the_end ? -d.ThetaStepRad : +d.ThetaStepRad;
         const bool moves = d.Omega2Input != 0;
         for (int step = 0; step <= last_; ++step) {
-            const bool overshot = moves && (from_the_end ? angle < final : angle > final);
+            const double within = from_the_end ? std::max(angle, final) : std::min(angle, final);
+            const bool overshot = moves && within != angle;
             Add(overshot ? final : angle, d.Omega2Input);
             if (overshot) break;
             if (moves) angle = Rounded(angle + stride);
@@ -94,8 +96,8 @@ void Motion::Set_Out(const Design& d) {
 /// A step with all its refusals; false when it does not close.
 bool Motion::Solve_One(const at_once::Run& run, int step) {
     const auto at = static_cast<std::size_t>(step);
-    Position<double> positions[1]{};
-    Position<double>& p = positions[0];
+    One_Position positions{};
+    Position<double>& p = *positions;
     p.Theta2 = theta2_[at];
     p.Omega2 = omega2_[at];
     p.Alpha2 = p.Alpha2Before = run.Alpha2;
@@ -130,7 +132,7 @@ bool Motion::Is_Moderate(const Design& d) const {
 }
 
 void Motion::Solve_Steps(const Design& d, Wanted wanted) {
-    const at_once::Run whole{Shape_Of_Design(d),          d.wrap, d.Link1Angle, d.shown, false, Alpha_Of(d), {},
+    const at_once::Run whole{Shape_Of_Design(d),          d.wrap, d.Link1Angle, d.shown, {}, Alpha_Of(d), {},
                              at_once::Columns_Of(*table_)};
     at_once::Run run = whole;
     if (wanted <= Wanted::kPoints && Is_Moderate(d))

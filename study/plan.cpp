@@ -76,7 +76,8 @@ std::vector<int> Plan::Moved() const {
 void Plan::Put(Number linkage, std::span<const int> moved, std::span<const Single> home, Design& design) const {
     for (std::size_t i = 0; i < moved.size(); ++i) Place(moved[i], design) = home[i];
     const Number corners = Worst_Ones(tolerances);
-    const Number sample = corners < tolerances.size() ? Take(linkage, samples) : 0;
+    Number sample{};
+    if (corners < tolerances.size()) sample = Take(linkage, samples);
     Number corner = Take(linkage, Number{1} << corners);
     if (!list.fields.empty()) {
         const std::vector<double>& row = list.rows[Take(linkage, list.rows.size())];

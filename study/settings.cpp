@@ -205,20 +205,28 @@ bool Read_Settings(const std::string& text, Settings& settings, std::string& fau
     return true;
 }
 
+namespace {
+
+/// 0 for what is no field.
+double Value_Of(const std::string& name, Design& design) {
+    const Field* field = Field_Of(name);
+    return field ? double{field->place(design)} : 0;
+}
+
+}  // namespace
+
 Settings::Swept Usual_Sweep(const std::string& field, Design design) {
     constexpr double kPart = 0.1;
     constexpr Number kCount = 41;
     constexpr int kDigits = 4;
-    const Field* found = Field_Of(field);
-    const double value = found ? double{found->place(design)} : 0;
+    const double value = Value_Of(field, design);
     const double reach = value == 0 ? 1 : kPart * std::fabs(value);
     return {field, To_Digits(value - reach, kDigits), To_Digits(value + reach, kDigits), kCount};
 }
 
 Settings::Tolerated Usual_Tolerance(const std::string& field, Design design) {
     constexpr double kPart = 0.005;
-    const Field* found = Field_Of(field);
-    const double value = found ? double{found->place(design)} : 0;
+    const double value = Value_Of(field, design);
     return {field, To_Digits(kPart * std::fabs(value), 1), Spread::kNormal};
 }
 

@@ -22,8 +22,8 @@ std::vector<Single> Home(const Bench& bench) {
 void Share(std::vector<Sensitivity>& of_measure) {
     double sum = 0;
     for (const Sensitivity& s : of_measure) sum += double{s.deviation} * s.deviation;
-    for (Sensitivity& s : of_measure)
-        s.share = sum > 0 ? static_cast<float>(double{s.deviation} * s.deviation / sum) : kNone;
+    // None where nothing deviates: a part of nothing is no number.
+    for (Sensitivity& s : of_measure) s.share = static_cast<float>(double{s.deviation} * s.deviation / sum);
 }
 
 }  // namespace
@@ -34,13 +34,15 @@ Summary::Summary(const std::vector<float>& nominal) {
 
 void Summary::Add(std::span<const float> values, Number linkage) {
     ++kept;
-    for (std::size_t i = 0; i < measures.size(); ++i) measures[i].Add(values[i], linkage);
+    auto value = values.begin();
+    for (Tally& tally : measures) tally.Add(*value++, linkage);
 }
 
 void Summary::Add(const Summary& other) {
     solved += other.solved;
     kept += other.kept;
-    for (std::size_t i = 0; i < measures.size(); ++i) measures[i].Add(other.measures[i]);
+    auto more = other.measures.begin();
+    for (Tally& tally : measures) tally.Add(*more++);
 }
 
 std::vector<float> Nominal_Measures(const Bench& bench) {

@@ -82,15 +82,15 @@ bool Read(const std::string& text, std::vector<Tally::Extreme>& extremes) {
 }  // namespace
 
 void Spread_Of_Values::Bin::Add(const Bin& other) {
-    least = count == 0 ? other.least : std::min(least, other.least);
-    greatest = count == 0 ? other.greatest : std::max(greatest, other.greatest);
+    least = std::min(least, other.least);
+    greatest = std::max(greatest, other.greatest);
     count += other.count;
 }
 
 void Spread_Of_Values::Put(std::uint32_t key, const Bin& bin) {
     bins_[key].Add(bin);
-    least_ = count_ == 0 ? bin.least : std::min(least_, bin.least);
-    greatest_ = count_ == 0 ? bin.greatest : std::max(greatest_, bin.greatest);
+    least_ = std::min(least_, bin.least);
+    greatest_ = std::max(greatest_, bin.greatest);
     count_ += bin.count;
     while (bins_.size() > kBins) Widen();
 }
@@ -168,7 +168,8 @@ bool Spread_Of_Values::Take(const std::string& text) {
     while (!numbers.At_End()) {
         const auto key = numbers.Next(), count = numbers.Next();
         const auto least = numbers.Next_Single(), greatest = numbers.Next_Single();
-        if (!key || !count || !least || !greatest || *key > 0xffffffffU || bins_.size() == kBins) return false;
+        // Behind a number that is missing all are.
+        if (!least || !greatest || *key > 0xffffffffU || bins_.size() == kBins) return false;
         Put(static_cast<std::uint32_t>(*key), {*count, *least, *greatest});
     }
     return true;
@@ -214,8 +215,9 @@ bool Tally::Take(const std::vector<std::string>& lines) {
     if (lines.size() != kLines) return false;
     Numbers none(lines[0]);
     const auto count = none.Next();
-    none_ = count.value_or(0);
-    return count && none.At_End() && sum_.Take(lines[1]) && squares_.Take(lines[2]) && spread_.Take(lines[3]) &&
+    if (!count) return false;
+    none_ = *count;
+    return none.At_End() && sum_.Take(lines[1]) && squares_.Take(lines[2]) && spread_.Take(lines[3]) &&
            Read(lines[4], lowest_) && Read(lines[5], highest_);
 }
 

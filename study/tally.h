@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -26,6 +27,7 @@ class Spread_Of_Values {
     double Quantile(double share) const;
     /// How many lie from one bound to below the next, which are in order, the last one included; bins by their middle.
     std::vector<std::uint64_t> Between(const std::vector<double>& bounds) const;
+    /// Not of nothing.
     float Least() const { return least_; }
     float Greatest() const { return greatest_; }
 
@@ -33,9 +35,10 @@ class Spread_Of_Values {
     bool Take(const std::string& text);
 
    private:
+    static constexpr float kMost = std::numeric_limits<float>::infinity();
     struct Bin {
         std::uint64_t count = 0;
-        float least = 0, greatest = 0;
+        float least = kMost, greatest = -kMost;
         void Add(const Bin& other);
     };
     static constexpr std::size_t kBins = 4096;
@@ -47,7 +50,7 @@ class Spread_Of_Values {
     std::unordered_map<std::uint32_t, Bin> bins_;
     unsigned let_go_ = 0;  ///< bits
     std::uint64_t count_ = 0;
-    float least_ = 0, greatest_ = 0;
+    float least_ = kMost, greatest_ = -kMost;
 };
 
 /// All that a summary says of a measure.

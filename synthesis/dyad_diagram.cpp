@@ -108,7 +108,7 @@ class Drawing {
 
     /// The window: square, around all points, with room for names.
     void Fit() {
-        double x1 = 0, x2 = 0, y1 = 0, y2 = 0;
+        double x1{}, x2{}, y1{}, y2{};
         const auto widen = [&](Vector v) {
             x1 = std::min(x1, v.real());
             x2 = std::max(x2, v.real());

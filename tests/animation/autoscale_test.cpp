@@ -73,6 +73,11 @@ TEST_F(Scaling, TheCouplerPointOfStepZeroCountsAsItLiesInTheLocalFrameToo) {
     Put(0, 2, 2, -10);
     // It turns to (10, 2).
     Expect_Window(-11, 11);
+    Model.Link1Angle = 180;
+    for (const double x : {10, -10}) {
+        Put(0, 2, x, 1);
+        Expect_Window(-11, 11);
+    }
 }
 
 TEST_F(Scaling, StepsThatDidNotCloseCountAsTheOrigin) {

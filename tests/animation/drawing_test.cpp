@@ -297,6 +297,15 @@ TEST_F(DrawingCalls, APointOnAnAxisIsNotTheOrigin) {
     EXPECT_EQ(Take(), (Rows{"PSet 0 9", "LineTo 0 9 00FF00", "LineTo 1 10 00FF00"}));
 }
 
+TEST_F(DrawingCalls, TheStartOfTheCouplerCurveIsKeptInBothFrames) {
+    Model.Link1Angle = 90;
+    DrawCouplerCurve(stage);
+    EXPECT_NEAR(Model.CurveStartX, -8, 1e-5);
+    EXPECT_NEAR(Model.CurveStartY, 3, 1e-5);
+    EXPECT_EQ(Model.CurveStartLocalX, 3);
+    EXPECT_EQ(Model.CurveStartLocalY, 8);
+}
+
 TEST_F(DrawingCalls, WithNoStepAssembledNothingIsDrawn) {
     for (int step : {0, 1}) {
         Model.RunTable.Assembled(step) = false;

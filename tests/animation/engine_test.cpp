@@ -35,6 +35,9 @@ TEST_F(Engine, RadiiAndColoursComeFromTheWindow) {
     Model.AnimMax = -200;
     Model.AnimMin = -300;
     Model.ColorMagenta = Model.ColorBlue = Model.ColorWhite = 0x123456;
+    for (platform::Color* color : {&Model.LinkColor, &Model.DrawColor, &Model.PenColor, &Model.PivotColor,
+                                   &Model.TracePinColor, &Model.EraseColor})
+        *color = 0x654321;
     Animate_Setup(stage);
     EXPECT_FLOAT_EQ(Model.CentrodeRadius, 1.6F);
     EXPECT_FLOAT_EQ(Model.PinRadius, 3);

@@ -139,6 +139,14 @@ TEST_F(ViewOverlays, TheLegendStandsInTheFirstCornerOfWhichLeastIsTaken) {
     EXPECT_EQ(corner(third, first, third), Corner::kTopRight);
     EXPECT_EQ(corner(first, second, {0.9, 0.05}), Corner::kBottomLeft);
     EXPECT_EQ(corner(first, first, second), Corner::kBottomLeft);
+    // A second position, that did not close, counts for nothing.
+    Model.NSteps = 1;
+    Model.RunTable.Assembled(1) = false;
+    for (int row = 0; row <= 2; ++row) {
+        Model.RunTable.PointXY(1, row, 0) = -4;
+        Model.RunTable.PointXY(1, row, 1) = 4.5;
+    }
+    EXPECT_EQ(corner(none, none, none), Corner::kTopLeft);
 }
 
 }  // namespace

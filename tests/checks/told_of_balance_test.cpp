@@ -105,6 +105,10 @@ TEST_F(Told_Of_Balance, AShakingForceThatIsAnotherIsToldBesideTheRoundingOfAllPi
             open += pin.Off() + 4 * kHalf * pin.Size();
         for (const int axis : {0, 1})
             Expect_Told("Balanced shaking force", t.BalancedForce(8, 7, axis), 100, "step 8, 80 deg", open);
+        // Weights by which the mass centre moves leave a force.
+        Model.BerkMass(2) *= 1.5;
+        Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
+        EXPECT_EQ(Found("Balanced shaking force").verdict, Verdict::kGood);
     }
 }
 

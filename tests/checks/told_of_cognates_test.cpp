@@ -145,6 +145,9 @@ TEST_F(Told_Of_Cognates, RoundedByAChangeOfUnitsAreByDesignUpToTenPlaces) {
         EXPECT_EQ(Found("Cognates").verdict, Verdict::kFails) << places;
     }
     length = kept + 1e-4;
+    Model.CayleyRows(3, 6) += 2 * M_PI;
+    EXPECT_EQ(Found("Cognates").verdict, Verdict::kByDesign) << "an angle need not be a whole number of places";
+    Model.CayleyRows(3, 6) -= 2 * M_PI;
     for (const int item : kLengths) {
         if (item == 5) continue;
         const Single other = Model.CayleyRows(3, item);

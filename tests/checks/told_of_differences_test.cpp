@@ -253,6 +253,12 @@ TEST_F(Told_Of_Differences, NeedStepsOfAtMostFifteenDegreesInOneDirection) {
     EXPECT_EQ(Steps_Seen(), " 5") << "it turned back";
     run({60, 63, 66, 69, 69, 72, 75, 78, 81});
     EXPECT_EQ(Steps_Seen(), "") << "it stands";
+    // A short crank comes near no toggle, however wide its steps are.
+    Enter_Linkage(Road::kBoxes, [] { Model.L2 = 0.01; });
+    Run_By_Angle(0, 140, 14);
+    EXPECT_EQ(Steps_Seen(), " 3 4 5 6 7");
+    Run_By_Angle(0, 160, 16);
+    EXPECT_EQ(Steps_Seen(), "");
 }
 
 }  // namespace verlink::test

@@ -108,6 +108,17 @@ TEST_F(ParametersGeometry, PuttingALinkageOnAScreenFillsEachOfItsBoxes) {
     for (const auto& [box, text] : boxes) EXPECT_EQ(Box(box), text) << box;
 }
 
+TEST_F(ParametersGeometry, ABoxThatWaitsToBeTakenOverKeepsItsText) {
+    Write(1, "1.5");
+    Write(5, "30");
+    Model.LinkArray(2) = 2;
+    Model.LinkArray(3) = 7;
+    Put_Linkage_Geometry(input);
+    EXPECT_EQ(Box(1), "1.5");
+    EXPECT_EQ(Box(5), "30");
+    EXPECT_EQ(Box(2), "7") << "which nobody has typed";
+}
+
 TEST_F(ParametersGeometry, InCentimetresATyped25Stores025AndShows25) {
     Use_Units(4);
     Write(1, "25");

@@ -399,6 +399,11 @@ TEST_F(WhyWordsTest, A_drag_that_is_not_followed_is_told_with_the_length_that_wo
               "Not followed: with 8.5 in of link 1 coupler and rocker cannot meet at Theta2 = 100.0 deg; under 7.95 in "
               "would do.");
     wished = Model;
+    wished.L2 = 6;
+    EXPECT_EQ(Why_Not_Followed(Model, wished, 1),
+              "Not followed: with 6 in of link 2 coupler and rocker cannot meet at Theta2 = 100.0 deg; under 5.321 in "
+              "would do.");
+    wished = Model;
     wished.L3 = 5.5;
     EXPECT_EQ(Why_Not_Followed(Model, wished, 0), "Not followed: there it would close on its other circuit.");
 }

@@ -27,6 +27,18 @@ TEST(ClipTest, What_lies_within_keeps_its_bits) {
     ASSERT_TRUE(Clip_Segment(kBox, from, to));
     EXPECT_EQ(from, (Point{1.1, 2.2}));
     EXPECT_EQ(to, (Point{99.9, 49.9}));
+    // Also where it ends on the edges.
+    std::mt19937 dice(5);
+    std::uniform_real_distribution<double> across(0, 100), down(0, 50);
+    for (int i = 0; i < 200; ++i) {
+        const Point begin = i % 2 == 0 ? Point{100, down(dice)} : Point{across(dice), 50};
+        const Point end{across(dice), down(dice)};
+        from = begin;
+        to = end;
+        ASSERT_TRUE(Clip_Segment(kBox, from, to));
+        EXPECT_EQ(from, begin);
+        EXPECT_EQ(to, end);
+    }
 }
 
 TEST(ClipTest, A_line_that_ends_before_the_box_or_begins_behind_it_is_not_seen) {

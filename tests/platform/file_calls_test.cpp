@@ -6,7 +6,9 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <set>
 #include <thread>
@@ -127,6 +129,22 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     EXPECT_NE(Matter(write), "none");
 }
 
+TEST_F(FileCalls, AWriteThatTakesNothingIsThatOfAFullDisk) {
+    struct : FailingSystem {
+        ssize_t Write(int, const char*, std::size_t) override { return 0; }
+    } full;
+    Put_File(In("a.vlk"), "old");
+    EXPECT_EQ(Matter([&] { Write_File(In("a.vlk"), "new"); }), "61 the disk is full");
+    EXPECT_EQ(Held(In("a.vlk")), "old");
+}
+
+TEST_F(FileCalls, WhatHasTakenAFilesPlaceIsNotTakenAwayAgain) {
+    FailingSystem system;
+    Write_File(In("a.vlk"), "new");
+    EXPECT_EQ(std::ranges::count(system.Calls, "Rename"), 1);
+    EXPECT_EQ(std::ranges::count(system.Calls, "Unlink"), 0);
+}
+
 TEST_F(FileCalls, WhoMayNotReadAFolderMayStillSaveThere) {
     Put_File(In("a.vlk"), "old");
     const auto write = [&] { Write_File(In("a.vlk"), "new"); };
@@ -162,6 +180,7 @@ TEST_F(FileCalls, WordsNameTheFileAndWhatIsTheMatterWithIt) {
     EXPECT_EQ(writing(std::string(300, 'n')), "64 its name is too long");
     EXPECT_EQ(Matter([] { Write_File("/dev/full", "x"); }), "61 the disk is full");
     EXPECT_EQ(reading("none.vlk"), "53 there is no such file");
+    EXPECT_EQ(Matter([] { Read_File(""); }), "53 it has no name");
     EXPECT_EQ(reading("gone/a.vlk"), "53 there is no folder " + In("gone"));
     EXPECT_EQ(reading("link"), "53 it is a link to nowhere, which is not there");
     EXPECT_EQ(reading("sub"), "75 it is a folder");
@@ -241,6 +260,19 @@ TEST_F(FileCalls, AFileThatSaysNothingOfItsSizeIsReadToItsEnd) {
     EXPECT_NE(Read_File("/proc/self/status").find("Name:"), std::string::npos);
 }
 
+TEST_F(FileCalls, AFileThatSaysNothingOfItsSizeIsRefusedWhereItTurnsOutTooLarge) {
+    struct : FailingSystem {
+        int File_Stat(int file, struct stat& status) override {
+            const int told = FailingSystem::File_Stat(file, status);
+            status.st_size = 0;
+            return told;
+        }
+    } sizeless;
+    Put_File(In("large"), "");
+    fs::resize_file(In("large"), kLargestFile + 1);
+    EXPECT_EQ(Matter([&] { Read_File(In("large")); }), "75 it is larger than 64 MiB");
+}
+
 TEST_F(FileCalls, APipeThatNobodyReadsIsRefusedAndOneThatIsReadIsWrittenTo) {
     ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
     EXPECT_EQ(Matter([&] { Write_File(In("pipe"), "x"); }), "75 it is a pipe that nobody reads from");
@@ -269,7 +301,9 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
     EXPECT_EQ(Matter([&] { Write_File("/dev/fd/" + std::to_string(number), "x"); }), "57 it is not open for that");
     EXPECT_EQ(Descriptor_Named("/dev/stdout"), 1);
     EXPECT_EQ(Descriptor_Named("/dev/stderr"), 2);
-    for (const std::string& none : {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-")})
+    for (const std::string& none :
+         {In("log"), std::string("/dev/fd"), std::string("/dev/fd/x"), std::string("-"), std::string("/dev/fd/"),
+          std::string("/dev/fd/1x"), std::string("/dev/fd/-1"), std::string("/dev/fd/99999999999")})
         EXPECT_FALSE(Descriptor_Named(none)) << none;
 }
 
@@ -285,6 +319,24 @@ TEST_F(FileCalls, FortyLinksAreFollowedAndNotOneMore) {
     chain("out", "/dev/stdout");
     EXPECT_EQ(Descriptor_Named(In("out40")), 1);
     EXPECT_FALSE(Descriptor_Named(In("out41")));
+}
+
+TEST_F(FileCalls, AFileThatWouldGetTooLargeFailsToBeWrittenAndCallsGoOnBehindTheSignal) {
+    struct sigaction file_size {
+    }, pipe{}, now{};
+    ::sigaction(SIGXFSZ, nullptr, &file_size);
+    ::sigaction(SIGPIPE, nullptr, &pipe);
+    for (const bool pipes : {false, true}) {
+        ::sigaction(SIGPIPE, &pipe, nullptr);
+        Let_Writes_Fail(pipes);
+        for (const int signal : {SIGXFSZ, SIGPIPE}) {
+            ::sigaction(signal, nullptr, &now);
+            const bool set = now.sa_handler != pipe.sa_handler && (now.sa_flags & SA_RESTART) != 0;
+            EXPECT_EQ(set, signal == SIGXFSZ || pipes) << signal;
+        }
+    }
+    ::sigaction(SIGXFSZ, &file_size, nullptr);
+    ::sigaction(SIGPIPE, &pipe, nullptr);
 }
 
 // ---- strangers ----------------------------------------------------------------------------------------------------

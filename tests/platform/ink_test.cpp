@@ -123,6 +123,17 @@ TEST(InkPixels, ACircleThatOnlyJustReachesTheSheetIsSeenThere) {
     }
 }
 
+TEST(InkPixels, ACircleThatIsNowhereLeavesNothing) {
+    const double none = std::nan(""), far = 1e300;
+    for (const Point centre : {Point{none, 20}, Point{20, none}, Point{far, 20}, Point{-far, 20}, Point{20, far},
+                               Point{20, -far}, Point{-200, 20}, Point{20, 300}}) {
+        Ink_And_Plain both;
+        both.ink.Circle(centre, 10, 1.2);
+        both.ink.Circle({20, 20}, none, 1.2);
+        EXPECT_EQ(both.ink.Covered().right, 0) << centre.x << ' ' << centre.y;
+    }
+}
+
 TEST(InkPixels, ALargeCircleIsTheSameOnBothSidesOfWhereItIsDrawnInPieces) {
     for (const double radius : {3999.0, 4001.0, 30000.0, 1e6})
         for (const double turn : {0.1, 1.3, 2.9, 4.4}) {
@@ -161,6 +172,23 @@ TEST(InkPixels, WhatWasPouredIsGoneAndWhatComesNextLiesUponIt) {
         both.plain.Pour(kGreen);
         both.plain.Expect(both.pixels, 2.1);
     }
+}
+
+TEST(InkPixels, WhatIsNotCoveredStaysJustAsItWas) {
+    // Beside the line in its blocks, of which the last has five pixels.
+    for (const int wide : kWidths)
+        for (const std::uint32_t back : {0xFFFFFFFFU, 0xFF000000U, 0xFF0180FEU}) {
+            Ink_And_Plain both(wide);
+            both.Line({58.5, 5}, {58.5, 38}, 1);
+            both.Line({3.2, 5}, {40, 38}, 1.2);
+            std::ranges::fill(both.pixels, back);
+            const std::vector<double> covered = both.plain.Covered();
+            both.ink.Pour(both.pixels, kRust);
+            for (std::size_t i = 0; i < covered.size(); ++i)
+                if (covered[i] == 0) {
+                    ASSERT_EQ(both.pixels[i], back) << i;
+                }
+        }
 }
 
 TEST(InkPixels, UponNothingAPixelHasTheColourTimesItsPartOfTheWhole) {

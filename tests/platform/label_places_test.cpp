@@ -213,7 +213,7 @@ TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
     for (const double distance : {26.0, 36.0, 48.0, 62.0, 80.0, 100.0}) {
         picture.Cls();
         const double filled = distance - 3;
-        for (double x = -filled; x <= filled; ++x)
+        for (double x = -filled; x <= filled; x += 2)
             for (double y = -filled; y <= filled; ++y) {
                 // A way is left free to both sides, too narrow for a label.
                 const bool way = y >= 0 && y < 2;
@@ -261,6 +261,31 @@ TEST_F(LabelPlaces, OfTwoFreeWaysOutTheOneIsTakenOnWhichNothingIsDrawn) {
             EXPECT_NEAR(upright ? x : y, 0, 1e-9) << barred;
             EXPECT_NEAR(upright ? y : x, barred < 0 ? 29 : -29, 1e-9) << barred;
         }
+}
+
+TEST_F(LabelPlaces, ACellUnderALabelIsWorthFourteenPixelsAndOneOnItsWayEight) {
+    // Ways out to both sides, wide enough for a label of six pixels with its air, and all else is drawn upon.
+    const auto draw = [&](double right, const auto& free) {
+        picture.Cls();
+        for (double x = -110; x <= 110; x += 2)
+            for (double y = -110; y <= 110; y += 2)
+                if (!free(x, y)) picture.PSet(201 + x, 201 + y, 1);
+        return Find_Label_Places(picture, kSide, {{LabelWish{Anchor{0.5, 0.5, right, 0}, 2, 2}}}).front();
+    };
+    // On the right a row of cells along the edge of the way, of which a label covers four, up to 62 pixels from its
+    // place: 3 + 4 * 14 is less than 62, and 3 + 4 * 15 would be more.
+    const LabelPlace over =
+        draw(1, [](double x, double y) { return x >= 0 && y >= -4 && y <= 2 && !(y == -4 && x < 62); });
+    EXPECT_NEAR(over.x, 200 + 3 + 2, 1e-9);
+    EXPECT_NEAR(over.y + 1, 200, 1e-9);
+    // On the right room from 36 pixels on, behind three cells; on the left from 62 on: 36 + 3 * 8 is less than 62.
+    const LabelPlace behind = draw(0, [](double x, double y) {
+        const double out = std::abs(x + 1);
+        const bool way = y == 0 && !(x > 6 && x < 14);
+        return way || (std::abs(y) <= 6 && out >= (x > 0 ? 36 : 60));
+    });
+    EXPECT_NEAR(behind.x, 200 + 36 + 2, 1e-9);
+    EXPECT_NEAR(behind.y + 1, 200, 1e-9);
 }
 
 namespace {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -219,6 +220,21 @@ TEST_F(PictureTest, WhatIsDrawnStaysInPlaceWhenTheWindowChanges) {
     EXPECT_EQ(living[1].x2, 4);
     picture.Line(0, 0, 20, 30, kWhite);
     EXPECT_EQ(picture.Alive(), 1U);
+}
+
+TEST_F(PictureTest, AWindowThatHasAnyEdgeElsewhereIsAnotherAndTheSameIsNone) {
+    for (int moved = 0; moved < 16; ++moved) {
+        Picture other;
+        other.Scale(-10, -10, 10, 10);
+        const auto epoch = other.Epoch();
+        const auto edge = [&](int which, double where) { return where + (moved >> which & 1); };
+        const double left = edge(0, -10), top = edge(1, -10), right = edge(2, 10), bottom = edge(3, 10);
+        other.Scale(left, top, right, bottom);
+        EXPECT_EQ(other.Epoch() != epoch, moved != 0) << moved;
+        EXPECT_EQ((std::array{other.Left(), other.Top(), other.Right(), other.Bottom()}),
+                  (std::array{left, top, right, bottom}))
+            << moved;
+    }
 }
 
 TEST_F(PictureTest, AWindowThatCannotBeDrawnIsAnInvalidCallAndIsNotTaken) {

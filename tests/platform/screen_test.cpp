@@ -69,10 +69,20 @@ TEST_F(ScreenTest, AShowingReturnsWhenTheScreenIsHidden) {
     EXPECT_EQ(events, Events{"activate frm_A"});
 }
 
-TEST_F(ScreenTest, TheWindowOfAScreenGoesOnceWithIt) {
+TEST_F(ScreenTest, TheEndOfAnotherScreenLeavesTheActiveOneActive) {
+    desktop.Expect_Screen("frm_A", [](Screen& screen) {
+        { const Told other("frm_Other"); }
+        EXPECT_EQ(Screen::Active(), &screen);
+        screen.Hide();
+    });
+    The("frm_A").ShowModal();
+}
+
+TEST_F(ScreenTest, TheWindowOfAScreenComesAndGoesOnceWithIt) {
     struct Windows : ScriptedDesktop {
+        void Show_Window(Screen& screen) override { come.push_back(screen.Name()); }
         void Hide_Window(Screen& screen) override { gone.push_back(screen.Name()); }
-        Events gone;
+        Events come, gone;
     } windows;
     platform::Use_Desktop(&windows);
     windows.Expect_Screen("frm_A", [](Screen& screen) {
@@ -80,6 +90,7 @@ TEST_F(ScreenTest, TheWindowOfAScreenGoesOnceWithIt) {
         screen.Hide();
     });
     The("frm_A").ShowModal();
+    EXPECT_EQ(windows.come, Events{"frm_A"});
     EXPECT_EQ(windows.gone, Events{"frm_A"});
     platform::Use_Desktop(&desktop);
 }

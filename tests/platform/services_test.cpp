@@ -6,6 +6,7 @@
 #include "platform/desktop_services.h"
 #include "platform/failure.h"
 #include "platform/graph.h"
+#include "platform/pictures.h"
 #include "platform/progress.h"
 #include "platform/settings.h"
 #include "platform/unheard.h"
@@ -135,6 +136,24 @@ TEST(FailureTest, WordsSayWhatTheMatterIsWithWhichFile) {
         return;
     }
     FAIL() << "nothing was raised";
+}
+
+TEST(PictureMakers, AreKnownForTheirControlUntilTheyAreTakenAway) {
+    struct : Picture_Maker {
+        int Wide() const override { return 4; }
+        int High() const override { return 3; }
+        std::string File(Picture_Kind, double) override { return {}; }
+        Pixels Paint(double) override { return {}; }
+        void Copy() override {}
+    } maker;
+    Screen screen("frm_Stage");
+    const PictureBox one(screen, "Picture1"), other(screen, "Picture2");
+    EXPECT_EQ(Maker_Of(one), nullptr);
+    Set_Picture_Maker(one, &maker);
+    EXPECT_EQ(Maker_Of(one), &maker);
+    EXPECT_EQ(Maker_Of(other), nullptr);
+    Set_Picture_Maker(one, nullptr);
+    EXPECT_EQ(Maker_Of(one), nullptr);
 }
 
 TEST(GraphFonts, ASettingGoesToTheTitlesOrToAllTextsAsFontUseSays) {

@@ -16,6 +16,7 @@ using platform::TextBox;
 struct Form : Screen {
     Form() : Screen("frm_Form") {}
     TextBox txt_Length{*this, "txt_Length", "5"};
+    platform::MenuEntry mnu_Save{*this, "mnu_Save", "Save"};
 };
 
 class TypedBoxTest : public testing::Test {
@@ -158,6 +159,22 @@ TEST_F(TypedBoxTest, AnotherTextOfTheProgramDropsTheRefusalAndTheSameKeepsIt) {
     box.Text = "6";
     EXPECT_FALSE(box.Refused());
     EXPECT_EQ(box.Shown(), "6");
+}
+
+TEST_F(TypedBoxTest, AMenuReadsWhatIsBeingTypedAndLeavesARefusalThatWasToldAsItIs) {
+    box.SetFocus();
+    box.Type("12");
+    form.mnu_Save.Click();
+    EXPECT_EQ(box.Text, "12");
+    box.Type("7x");
+    form.mnu_Save.Click();
+    EXPECT_TRUE(box.Refused()) << "which does not count as left";
+    box.Leave();
+    EXPECT_TRUE(box.Refused());
+    form.mnu_Save.Click();
+    EXPECT_TRUE(box.Refused());
+    box.Leave();
+    EXPECT_EQ(box.Text, "7") << "left again";
 }
 
 TEST_F(TypedBoxTest, ReturnReadsTheBoxBeforeItIsHeard) {

@@ -244,6 +244,10 @@ TEST(Designs, AModelGivesItsCircuitFactorAndWrapping) {
     EXPECT_EQ(d.wrap, Wrap::k180);
     Model.ModuloMode = "";
     EXPECT_EQ(Design_Of(Model).wrap, Wrap::kNone);
+    for (const bool imported : {true, false}) {
+        Model.TorqueImported = imported;
+        EXPECT_EQ(Design_Of(Model).torque_table, imported);
+    }
     test::Reset_Model();
 }
 

@@ -42,12 +42,15 @@ TEST_F(Reading, ASweepHasTwoEndsAndACount) {
     EXPECT_EQ(study->plan.sweeps[0].from, 1);
     EXPECT_EQ(study->plan.sweeps[0].to, 2);
     EXPECT_EQ(study->plan.sweeps[0].count, 11U);
-    for (const char* wrong : {"L2=x:2:11", "L2=1:x:11", "L2=1:2:x", "L2=1:2:0", "L2=1:2", "L2=1:2:3:4", "L2", "L2="}) {
+    for (const char* wrong : {"L2=x:2:11", "L2=1:x:11", "L2=1:2:x", "L2=1:2:0", "L2=1:2", "L2=1:2:3:4", "L2",
+                              "L2=", "L2=inf:2:11", "L2=1:nan:11"}) {
         words.sweeps = {wrong};
         EXPECT_EQ(Fault(), std::string("a sweep wants FIELD=FROM:TO:COUNT, as in L2=1:2:11, not \"") + wrong + "\"");
     }
     words.sweeps = {"L2=1:2:3", "L3=1:2:3", "L2=2:3:4"};
     EXPECT_EQ(Fault(), "L2 is swept twice");
+    words.sweeps = {"L2=1:2:3", "Figure=1:2:3"};
+    EXPECT_EQ(Fault(), "a study moves no field \"Figure\"");
 }
 
 TEST_F(Reading, AToleranceHasAWidthAndPerhapsAKind) {
@@ -62,22 +65,35 @@ TEST_F(Reading, AToleranceHasAWidthAndPerhapsAKind) {
     EXPECT_EQ(tolerances[1].plus_minus, 0);
     EXPECT_EQ(tolerances[1].spread, Spread::kUniform);
     EXPECT_EQ(tolerances[2].spread, Spread::kWorst);
-    for (const char* wrong : {"L2=x", "L2=-0.5", "L2=0.5:worst:3", "L2", "L2="}) {
+    for (const char* wrong : {"L2=x", "L2=-0.5", "L2=0.5:worst:3", "L2", "L2=", "L2=inf"}) {
         words.tolerances = {wrong};
         EXPECT_EQ(Fault(), std::string("a tolerance wants FIELD=PLUSMINUS, as in L2=0.01, not \"") + wrong + "\"");
     }
+    words.tolerances = {"L2=1:normal"};
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.tolerances[0].spread, Spread::kNormal);
     words.tolerances = {"L2=1", "L2=2"};
     EXPECT_EQ(Fault(), "L2 has two tolerances");
+    words.tolerances = {"L2=1", "Figure=2"};
+    EXPECT_EQ(Fault(), "a study moves no field \"Figure\"");
 }
 
 TEST_F(Reading, AListIsFieldsOverRowsOfAsManyNumbers) {
     List list;
     std::string fault;
     ASSERT_TRUE(Take_List("\"L2\",L3\r\n\r\n1,2\r\n\n3,4.5\n", "a.csv", design, list, fault)) << fault;
+    EXPECT_EQ(fault, "");
     EXPECT_EQ(list.fields.size(), 2U);
     EXPECT_EQ(list.rows, (std::vector<std::vector<double>>{{1, 2}, {3, 4.5}}));
+    words.list = list;
+    const auto study = Study_Of(words, design, fault);
+    ASSERT_TRUE(study) << fault;
+    EXPECT_EQ(study->plan.list.rows, list.rows);
+    EXPECT_EQ(study->plan.Count(), 2U);
+    words.list = {};
     EXPECT_EQ(Fault_Of_List("L2,L3\n"), "a.csv has no rows");
     EXPECT_EQ(Fault_Of_List(""), "a.csv has no rows");
+    EXPECT_EQ(Fault_Of_List("L2,Figure\n1,2\n"), "a study moves no field \"Figure\"");
+    EXPECT_EQ(Fault_Of_List("L2,L3\n1,inf\n"), "a.csv, line 2: there are to be 2 numbers, not \"1,inf\"");
     EXPECT_EQ(Fault_Of_List("L2,L3\n1\n"), "a.csv, line 2: there are to be 2 numbers, not \"1\"");
     EXPECT_EQ(Fault_Of_List("L2,L3\n1,2\n\n1,2,x\n"), "a.csv, line 4: there are to be 2 numbers, not \"1,2,x\"");
 }

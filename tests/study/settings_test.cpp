@@ -157,6 +157,7 @@ TEST(StudySettings, UsualRowsReachATenthAndKeepToHalfAHundredth) {
     EXPECT_EQ(Usual_Tolerance("L2", design), (Settings::Tolerated{"L2", 0.00006, Spread::kNormal}));
     EXPECT_EQ(Usual_Tolerance("L3", design), (Settings::Tolerated{"L3", 6, Spread::kNormal}));
     EXPECT_EQ(Usual_Tolerance("L4", design), (Settings::Tolerated{"L4", 0, Spread::kNormal}));
+    EXPECT_EQ(Usual_Tolerance("none", design), (Settings::Tolerated{"none", 0, Spread::kNormal}));
     design.PolarCoords = true;
     const Settings usual = Usual_Settings(design, 1);
     EXPECT_EQ(usual.tolerances[1].field, "L3");

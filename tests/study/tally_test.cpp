@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
 #include <sstream>
+
+#include "study/summary.h"
 
 namespace verlink::study {
 
@@ -190,6 +193,25 @@ TEST(Tally, BinsOfTwoGetNoWiderThanThoseOfEither) {
     ASSERT_TRUE(wider.Take("31 1 2 1065353216 1073741824"));
     wider.Add(one);
     EXPECT_EQ(wider.Text(), "31 1 3 1065353216 1077936128 ") << "which is that of the positive ones";
+    Spread_Of_Values as_wide;
+    ASSERT_TRUE(as_wide.Take("31 1 1 1077936128 1077936128"));
+    wider.Add(as_wide);
+    EXPECT_EQ(wider.Text(), "31 1 4 1065353216 1077936128 ");
+}
+
+TEST(Summaries, OfPartsAreThatOfTheWhole) {
+    Summary one({1, kNone}), other({1, kNone});
+    one.solved = 5;
+    other.solved = 7;
+    one.Add(std::array{2.0F, 8.0F}, 0);
+    one.Add(std::array{4.0F, kNone}, 1);
+    other.Add(std::array{9.0F, 10.0F}, 2);
+    one.Add(other);
+    EXPECT_EQ(one.solved, 12U);
+    EXPECT_EQ(one.kept, 3U);
+    EXPECT_EQ(one.measures[0].Mean(), 5);
+    EXPECT_EQ(one.measures[1].Mean(), 9);
+    EXPECT_EQ(one.measures[1].None(), 1U);
 }
 
 TEST(Tally, TakesNoLinesThatAreNone) {
@@ -214,6 +236,7 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     EXPECT_TRUE(spread.Take("0 4294967295 1 0 0"));
     EXPECT_FALSE(spread.Take("0 4294967296 1 0 0")) << "no single has such bits";
     EXPECT_FALSE(spread.Take("0 5 1 4294967296 0"));
+    EXPECT_FALSE(spread.Take("0 5 1 0 4294967296"));
     for (const char* broken : {"0 5", "0 5 1", "0 5 1 0", "0 x"}) EXPECT_FALSE(spread.Take(broken)) << broken;
     std::string bins = "0";
     for (int key = 1; key <= 4096; ++key) bins += " " + std::to_string(key) + " 1 0 0";

@@ -69,12 +69,15 @@ TEST(Keep_Words, AreReadOrTold) {
     EXPECT_EQ(keep->measure.words, "min Trans Ang");
     EXPECT_TRUE(keep->Holds(40));
     EXPECT_FALSE(keep->Holds(39.9F));
+    EXPECT_EQ(Keep_Of("min Trans Ang>=40", false, fault)->bound, 40) << "blanks are free";
     EXPECT_FALSE(keep->Holds(kNone));
     EXPECT_FALSE(Keep_Of("max Theta4<7", false, fault)->Holds(7));
     EXPECT_FALSE(Keep_Of("min Trans Ang = 40", false, fault));
     EXPECT_EQ(
         fault,
         "a bound is a measure, <, <=, > or >=, and a number, as in \"min Trans Ang > 40\", not \"min Trans Ang = 40\"");
+    for (const char* wrong : {"min Trans Ang > 40x", "min Trans Ang > inf", "min Trans Ang >", "min Trans Ang > x"})
+        EXPECT_FALSE(Keep_Of(wrong, false, fault)) << wrong;
     EXPECT_FALSE(Keep_Of("mim Trans Ang > 40", false, fault));
     EXPECT_EQ(fault, "there is no measure \"mim\"; did you mean min?");
 }

@@ -82,6 +82,7 @@ TEST_F(Assembly, OfTwoPositionsRunsFromOneToTheOtherInOneStep) {
 
 TEST_F(Assembly, OfThreePositionsStopsHalfWayWhereverPosition2Lies) {
     for (const int mode : {2, 3, 4}) {
+        Model.ThetaStart = Model.ThetaEnd = Model.ThetaStep = 1;
         Assemble(mode, 10, 80);
         Expect_Range(kCrank, kCrank + 80, 40);
     }
