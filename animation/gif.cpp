@@ -25,7 +25,7 @@ struct Box {
 /// The smallest rectangle that holds all that differs; one pixel where nothing does.
 Box Changed(const std::vector<std::uint32_t>& before, const std::vector<std::uint32_t>& now, int wide, int high) {
     if (before.empty()) return {0, 0, wide, high};
-    int left = wide, right{}, top = high, bottom = -1;
+    int left = wide, right = -1, top = high, bottom = -1;
     for (int y = 0; y < high; ++y) {
         const auto row = static_cast<std::ptrdiff_t>(y) * wide;
         const auto differs = std::mismatch(now.begin() + row, now.begin() + row + wide, before.begin() + row);

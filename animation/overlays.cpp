@@ -165,6 +165,7 @@ class Layer {
     void Ghosts() {
         std::optional<Joints> drawn;
         for (const int end : {scales_.first, scales_.last}) {
+            if (!Closes(model_, end)) continue;
             const Joints ghost = Joints_At(model_, end);
             if (Alike(ghost, joints_) || (drawn && Alike(ghost, *drawn))) continue;
             Links(ghost, Kind::kFaint, kGhost);
@@ -300,8 +301,8 @@ Overlay_Scales Find_Scales(const LinkageModel& model, const View_Wishes& wishes)
     constexpr int kABP[] = {0, 1, 2}, kShakingAlone[] = {kShakingRow};
     if (wishes.velocities) scales.velocity = Scale_Of(model, run.VelXY, kABP);
     if (wishes.accelerations) scales.acceleration = Scale_Of(model, run.AccXY, kABP);
-    if (wishes.pin_forces) scales.pin_force = Scale_Of(model, run.PinForce, kPins);
-    if (wishes.shaking_force) scales.shaking_force = Scale_Of(model, run.PinForce, kShakingAlone);
+    if (model.DynamicsDone && wishes.pin_forces) scales.pin_force = Scale_Of(model, run.PinForce, kPins);
+    if (model.DynamicsDone && wishes.shaking_force) scales.shaking_force = Scale_Of(model, run.PinForce, kShakingAlone);
     scales.legend = Emptiest(model);
     for (scales.first = 0; scales.first < model.NSteps && !run.Assembled(scales.first);) ++scales.first;
     for (scales.last = model.NSteps; scales.last > 0 && !run.Assembled(scales.last);) --scales.last;

@@ -93,7 +93,7 @@ void Add_Cognates(const LinkageModel& m, std::vector<Check>& checks) {
     const double shown = Shown_Factor(m);
     if (!m.CognatesDue) Compare_In_Hand(m, cognates, shown, worst);
     const Shape first{
-        cognates(1, 1), cognates(1, 2), cognates(1, 3), cognates(1, 4), cognates(1, 5), cognates(1, 6), {}};
+        cognates(1, 1), cognates(1, 2), cognates(1, 3), cognates(1, 4), cognates(1, 5), cognates(1, 6), true};
     constexpr int kPlaces = 72;
     for (int i = 0; i < 2 * kPlaces; ++i) {
         Shape shape = first;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -68,9 +67,7 @@ double Nearest_Crank(const Shape& g, const Wanted& wanted) {
     if (least < 1e-6 * Size_Of(g)) return best;
     constexpr int kAround = 720;
     std::vector<std::pair<double, double>> around{{least, best}};
-    std::vector<int> parts(kAround);
-    std::iota(parts.begin(), parts.end(), int{});
-    for (const int part : parts) {
+    for (int part = 0; part < kAround; ++part) {
         const double crank = 2 * M_PI * part / kAround;
         around.emplace_back(Distance(g, wanted, crank), crank);
     }

@@ -1,7 +1,6 @@
 // The generated runs, the replay of imported ones, and what happens at a position that does not close.
 #include "core/runs.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "core/classification.h"
@@ -161,9 +160,7 @@ void Crankangle(Integer& Result) {
         Model.Theta2Rad = (from_the_end ? Model.ThetaEndRad : Model.ThetaStartRad) - Model.Link1AngleRad;
         const Single Final = (from_the_end ? Model.ThetaStartRad : Model.ThetaEndRad) - Model.Link1AngleRad;
         const double stride = from_the_end ? -Model.ThetaStepRad : +Model.ThetaStepRad;
-        const auto overshot = [&](double angle) {
-            return (from_the_end ? std::max(angle, double{Final}) : std::min(angle, double{Final})) != angle;
-        };
+        const auto overshot = [&](double angle) { return from_the_end ? angle < Final : angle > Final; };
         Clear_RunTable();
         StepsAtOnce several;
         for (int step = 0; step <= Model.NSteps; ++step) {

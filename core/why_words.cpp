@@ -208,7 +208,7 @@ std::string Why_Shown(const LinkageModel& model, int step) {
 std::string Why_Refused(const LinkageModel& model) {
     if (model.RunStands) return "";
     const Telling telling(model, model);
-    const Closing at_once = Closing_At(telling.Lengths(), {});
+    const Closing at_once = Closing_At(telling.Lengths(), 0);
     if (at_once.is == Closing::Is::kNoLength) return Cannot_Meet(telling, at_once, 0);
     if (const auto longest = Too_Long(Links_Of(model)))
         return Closes_Nowhere(telling, Longest{longest->link, longest->excess * Shown_Factor(model),

@@ -17,7 +17,7 @@ Glass Zoomed(const Glass& glass, double by, double seen_across, double seen_down
     Glass zoomed = glass;
     zoomed.factor = std::clamp(glass.factor * by, kLeastGlass, kMostGlass);
     // Back at the whole picture, but for roundings, it is just that.
-    if (std::round(zoomed.factor * 1e9) == 1e9) zoomed.factor = 1;
+    if (std::fabs(zoomed.factor - 1) < 1e-9) zoomed.factor = 1;
     zoomed.across = Kept(glass.Part_Across(seen_across) - (seen_across - 0.5) / zoomed.factor);
     zoomed.down = Kept(glass.Part_Down(seen_down) - (seen_down - 0.5) / zoomed.factor);
     return zoomed;

@@ -152,7 +152,7 @@ inline void Ink::Each_Block(double from, double to, Action action) const {
     // The middles of pixels count, which are half a pixel on.
     if (!(to >= 0.5 && from <= width_ - 0.5)) return;
     constexpr double kMiddle = 0.5;
-    const int first_pixel = static_cast<int>(std::max(from, double{}) + kMiddle);
+    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
     const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
     const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
     const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;

@@ -2,11 +2,9 @@
 #include "platform/label_places.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
-#include <numeric>
 
 #include "platform/clip.h"
 #include "platform/picture.h"
@@ -141,10 +139,8 @@ std::vector<Candidate> Candidates(const LabelWish& wish, double side, const Draw
     const double wished = std::atan2(wish.at.below, wish.at.right);
     const double wide = wish.width + 2 * kMargin, high = wish.height + 2 * kMargin;
     std::vector<Candidate> all;
-    std::array<int, kDirections> directions{};
-    std::iota(directions.begin(), directions.end(), int{});
     for (const double distance : kDistances)
-        for (const int i : directions) {
+        for (int i = 0; i < kDirections; ++i) {
             const double turn = 2 * std::numbers::pi * i / kDirections;
             const double c = std::cos(wished + turn), s = std::sin(wished + turn);
             // The middle of the label, so that its nearest edge is that far away.

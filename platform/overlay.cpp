@@ -2,12 +2,10 @@
 #include "platform/overlay.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
 #include <iterator>
 #include <numbers>
-#include <numeric>
 
 namespace verlink::platform {
 
@@ -207,10 +205,8 @@ class Painting {
             const double wished = length > 0 ? std::atan2(name.away.y, name.away.x) : -std::numbers::pi / 4;
             const double pin = name.radius * std::abs(per_x_) / sight_.magnified;
             std::vector<Place> places;
-            std::array<int, kWays> ways{};
-            std::iota(ways.begin(), ways.end(), int{});
             for (const double beyond : {kNear, 2.5 * kNear, 4 * kNear})
-                for (const int way : ways) {
+                for (int way = 0; way < kWays; ++way) {
                     const double turn = 2 * std::numbers::pi * way / kWays;
                     const double far = pin + beyond;
                     const double c = std::cos(wished + turn), s = std::sin(wished + turn);

@@ -108,7 +108,7 @@ void Picture::Compact() {
 void Picture::Clear() {
     list_.clear();
     alive_ = 0;
-    strokes_ = {};
+    strokes_ = 0;
     ++epoch_;
     if (++generation_ == 0) {
         index_.assign(index_.size(), {});

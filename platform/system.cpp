@@ -54,7 +54,7 @@ ssize_t System::Get_Attribute(const std::string& path, const char* name, char* v
 }
 
 int System::Set_Attribute(int file, const char* name, const char* value, std::size_t size) {
-    return ::fsetxattr(file, name, value, size, {});
+    return ::fsetxattr(file, name, value, size, 0);
 }
 
 int System::Flush(int file) { return ::fsync(file); }

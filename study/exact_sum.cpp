@@ -52,7 +52,7 @@ Exact_Sum::Digits Exact_Sum::Carried() const {
 
 void Exact_Sum::Carry() {
     digits_ = Carried();
-    added_ = {};
+    added_ = 0;
 }
 
 double Exact_Sum::Value() const {
@@ -91,7 +91,7 @@ bool Exact_Sum::Take(const std::string& text) {
         at = read.ptr;
     }
     digits_ = digits;
-    added_ = {};
+    added_ = 0;
     return at == end;
 }
 

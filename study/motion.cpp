@@ -17,7 +17,6 @@ namespace verlink::study {
 namespace {
 
 constexpr int kOnePosition = 1, kByTime = 2;
-using One_Position = Position<double>[1];
 
 LinkageShape Shape_Of_Design(const Design& d) {
     return Shape_Of(d.L1, d.L2, d.L3, d.L4, d.Rpa, d.DeltaRad, d.CircuitSign);
@@ -72,8 +71,7 @@ void Motion::Set_Out(const Design& d) {
         const double stride = from_the_end ? -d.ThetaStepRad : +d.ThetaStepRad;
         const bool moves = d.Omega2Input != 0;
         for (int step = 0; step <= last_; ++step) {
-            const double within = from_the_end ? std::max(angle, final) : std::min(angle, final);
-            const bool overshot = moves && within != angle;
+            const bool overshot = moves && (from_the_end ? angle < final : angle > final);
             Add(overshot ? final : angle, d.Omega2Input);
             if (overshot) break;
             if (moves) angle = Rounded(angle + stride);
@@ -96,8 +94,8 @@ void Motion::Set_Out(const Design& d) {
 /// A step with all its refusals; false when it does not close.
 bool Motion::Solve_One(const at_once::Run& run, int step) {
     const auto at = static_cast<std::size_t>(step);
-    One_Position positions{};
-    Position<double>& p = *positions;
+    Position<double> positions[1]{};
+    Position<double>& p = positions[0];
     p.Theta2 = theta2_[at];
     p.Omega2 = omega2_[at];
     p.Alpha2 = p.Alpha2Before = run.Alpha2;
@@ -132,7 +130,7 @@ bool Motion::Is_Moderate(const Design& d) const {
 }
 
 void Motion::Solve_Steps(const Design& d, Wanted wanted) {
-    const at_once::Run whole{Shape_Of_Design(d),          d.wrap, d.Link1Angle, d.shown, {}, Alpha_Of(d), {},
+    const at_once::Run whole{Shape_Of_Design(d),          d.wrap, d.Link1Angle, d.shown, false, Alpha_Of(d), {},
                              at_once::Columns_Of(*table_)};
     at_once::Run run = whole;
     if (wanted <= Wanted::kPoints && Is_Moderate(d))

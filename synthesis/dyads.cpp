@@ -93,7 +93,7 @@ void Turn_Speed(bool clockwise) {
         Model.TurnedOmega2 = speed;
     } else if (!clockwise && speed < 0.0 && speed == Model.TurnedOmega2) {
         speed = -speed;
-        Model.TurnedOmega2 = Single();
+        Model.TurnedOmega2 = 0;
     }
     Model.Omega2 = speed;
 }
