@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/numeric.h"
 #include "core/text.h"
 #include "tests/screens/frm_balance_fixture.h"
 

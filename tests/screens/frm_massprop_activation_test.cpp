@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/model_on_screens.h"
+#include "core/text.h"
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "shell/initialize.h"
