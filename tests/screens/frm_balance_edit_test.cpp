@@ -175,6 +175,12 @@ TEST_F(BalanceEdit, AnEditThatCannotBeCalculatedLeavesTheWayOnClosed) {
     desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in frm_Balance.cmd_Calc\r\n\r\n");
     Enter_In("txt_BerkMass", 2, "2");
     EXPECT_FALSE(form.cmd_Done.Enabled);
+    const double product = Product(2);
+    form.txt_Radius[4].Text = "";
+    desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in frm_Balance.cmd_Calc\r\n\r\n");
+    Enter_In("txt_Radius", 2, "0.75");
+    EXPECT_EQ(Model.BerkRadius(2), 0.75) << "of a pair of weights neither is left behind";
+    EXPECT_NEAR(Product(2), product, 1e-6 * product);
 }
 
 }  // namespace verlink::test

@@ -69,6 +69,16 @@ TEST_F(Synth2B, TheDyadsAreThoseOfWhatIsTyped) {
     for (const auto& [label, box] : copies) EXPECT_EQ(Val(Caption(form, label)), Val(Box(form, box))) << label;
 }
 
+TEST_F(Synth2B, TheLengthsOfZAndSAreReadAsTheyAreShownWithThousandsApart) {
+    Activate();
+    for (const char* box : {"txt_Zmag", "txt_Smag"}) {
+        Type(form, box, platform::kNoIndex, "1,234.5");
+        form.txt_P21x.SetFocus();
+        EXPECT_FALSE(form.Text(box).Refused()) << box;
+        EXPECT_EQ(Box(form, box), "1,234.5");
+    }
+}
+
 TEST_F(Synth2B, TheLengthsOfZAndSAreMetresAlsoWhereCentimetresAreShown) {
     Use_Units(4);
     Model.P21x = -0.0146;
