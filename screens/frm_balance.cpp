@@ -217,9 +217,7 @@ void frm_Balance::txt_Radius_LostFocus(int Index) {
 
 void frm_Balance::txt_MRproduct_LostFocus(int Index) {
     Take_Over("frm_Balance.txt_MRproduct", txt_MRproduct[Index], [&] {
-        const Single mass = Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index);
-        Balance_Dropped();
-        Model.BerkMass(Index) = mass;
+        Model.BerkMass(Index) = Value_Of(txt_MRproduct[Index]) / Model.BerkRadius(Index);
         txt_BerkMass[Index].Text = Rounded(Model.BerkMass(Index));
         Calculate_Anew();
     });

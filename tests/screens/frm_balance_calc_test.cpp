@@ -195,6 +195,9 @@ TEST_F(BalanceCalc, AnEmptyBoxIsReportedAndStopsTheCalculation) {
         SCOPED_TRACE(box);
         form.Form_Activate();
         form.txt_Fluct.Text = "0.05";
+        Calculate_Now();
+        EXPECT_TRUE(Model.BalanceDone);
+        form.cmd_Done.Enabled = false;
         form.Text(box, std::stoi(index)).Text = "";
         desktop.Expect_Message("Error 13   (Type mismatch)  has occurred in frm_Balance.cmd_Calc\r\n\r\n");
         form.cmd_Calc_Click();
