@@ -9,7 +9,6 @@
 namespace verlink {
 
 void Typed_Aside::Keep(platform::Screen& screen, const std::function<void()>& fill) {
-    typed_.clear();
     for (platform::Control* control : screen.Controls())
         if (auto* box = dynamic_cast<platform::TextBox*>(control); box && box->Touched() && !box->Locked)
             typed_.push_back({box, box->Text, ""});

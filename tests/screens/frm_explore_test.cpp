@@ -109,6 +109,7 @@ TEST_F(Explore, UseHandsOverTheLinkageThatIsShownInOneStep) {
             EXPECT_EQ(Model.L2, Single(links.L2));
             EXPECT_EQ(Model.L4, Single(links.L4));
             EXPECT_EQ(Model.CircuitIndex, chosen.judgement.open ? 1 : 2);
+            EXPECT_FALSE(form.Visible());
             EXPECT_EQ(Model.DesignTask, design::Task_Text(form.The_Task())) << "also one that nobody has edited";
             EXPECT_EQ(Model.Calctype, 3);
             The_History().Undo();
