@@ -10,6 +10,7 @@
 #include "platform/clipboard.h"
 #include "tests/screens/frm_studies_fixture.h"
 #include "tests/support/files.h"
+#include "tests/support/foreign.h"
 
 namespace verlink::test {
 namespace {
@@ -401,6 +402,44 @@ TEST_F(StudiesFound, ATableThatIsSavedTellsWhatTheStudyWas) {
         Pick_Menu(form, "mnu_SaveTable");
     });
     EXPECT_NE(Held(Path("sweep.csv")).find("Linkage"), std::string::npos);
+}
+
+TEST_F(StudiesFound, AWorkbookTellsBesideTheModelHowMuchWasSolvedAndWhatItComesTo) {
+    const auto saved = [this](const std::string& name) {
+        desktop.Expect_Save(Path(name));
+        Pick_Menu(form, "mnu_SaveTable");
+        const Xlsx_Read read = Read_Xlsx(Path(name));
+        std::map<std::string, std::pair<double, std::string>> facts;
+        for (const auto& [cell, text] : read.texts) {
+            const auto column = cell.find("!A");
+            if (column == std::string::npos || !text.starts_with("Study: ")) continue;
+            const std::string sheet = cell.substr(0, column + 1), row = cell.substr(column + 2);
+            const auto unit = read.texts.find(sheet + "C" + row);
+            facts[text.substr(7)] = {read.numbers.at(sheet + "B" + row), unit == read.texts.end() ? "" : unit->second};
+        }
+        return facts;
+    };
+    using Fact = std::pair<double, std::string>;
+    Inside([&] {
+        Sweep_Cranks();
+        Solve();
+        auto facts = saved("sweep.xlsx");
+        EXPECT_EQ(facts.size(), 2U);
+        EXPECT_EQ(facts["linkages solved"], Fact(21, ""));
+        EXPECT_EQ(facts["linkages in all"], Fact(21, ""));
+        Tolerate_Crank("0.03", "uniform", "4000");
+        Solve();
+        facts = saved("spread.xlsx");
+        EXPECT_EQ(facts.size(), 5U);
+        EXPECT_EQ(facts["linkages solved"], Fact(4000, ""));
+        EXPECT_EQ(facts["linkages in all"], Fact(4000, ""));
+        EXPECT_NEAR(facts["mean"].first, 7, 0.01);
+        EXPECT_NEAR(facts["standard deviation"].first, 0.21 / std::sqrt(3), 0.003);
+        EXPECT_EQ(facts["mean"].second, "in/sec");
+        EXPECT_EQ(facts["standard deviation"].second, "in/sec");
+        EXPECT_EQ(facts["share of L2"].second, "%");
+        EXPECT_NEAR(facts["share of L2"].first, 100, 1e-3);
+    });
 }
 
 TEST_F(StudiesFound, ACountThatIsTypedIsAWholeNumberOfAtLeastOne) {
