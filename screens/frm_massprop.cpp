@@ -212,9 +212,12 @@ void frm_MassProp::Take_Torque_Table() {
     }
     Import_Torque(4, brought_);
     if (Model.TorqueImported) return;
-    // Nothing came of it: all is as it was. The tick that goes shows the torque of the record.
+    // Nothing came of it: all is as it was.
     chk_Torque.Value = false;
-    if (typed) torque.Type(shown);
+    if (typed)
+        torque.Type(shown);
+    else
+        torque.Text = shown;
     Allow_Results(solved);
     CancelButton = cancel;
 }

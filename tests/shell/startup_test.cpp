@@ -232,6 +232,7 @@ TEST_F(StartupTest, AnEmptyMarkerIsReportedAndCorrectedByTheNextNormalEnd) {
 }
 
 TEST_F(StartupTest, ATerminateThatCannotWriteTheMarkerEndsTheProcessAllTheSame) {
+    Check_for_Crash();  // the session of a test before this one may have been left
     Model.RunMarker = Path("gone/Run_Check.txt");
     desktop.Expect_Message("Error 76   (Path not found)  has occurred in Terminate\r\n\r\n" +
                            Path("gone/Run_Check.txt") + "\rcannot be written: there is no folder " + Path("gone") +
