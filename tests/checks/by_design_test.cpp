@@ -206,17 +206,7 @@ TEST_F(By_Design, ADrivenRunTakesTheAccelerationOfTheStepBefore) {
 TEST_F(By_Design, StepsBehindOneThatIsNotSolvedHaveNoForces) {
     Notes notes(desktop, platform::Answer::kIgnore);
     auto& m = Model;
-    Enter_Linkage(Road::kBoxes, [] {
-        m.PolarCoords = true;
-        m.L1 = 5;
-        m.L2 = 4;
-        m.L3 = 2;
-        m.L4 = 3;
-    });
-    Take_Angles(20, 380, 10);
-    Integer result;
-    Calc_Setup(3, result);
-    verlink::Solve_Forces(m);
+    Solve_Near_The_Ground();
     ASSERT_FALSE(m.RunTable.Assembled(20));
     EXPECT_EQ(Find(Checks_Of(m), "Steps not solved"), nullptr);
     // What a solve leaves that stopped at step 20.

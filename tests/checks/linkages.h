@@ -44,6 +44,23 @@ class Random_Linkages : public Fixture {
         return {};
     }
 
+    /// The forces of one that closes up to 66.4 degrees on both sides of the ground: at the first five steps of its
+    /// run, and at the last nine.
+    static void Solve_Near_The_Ground() {
+        Enter_Linkage(Road::kBoxes, [] {
+            auto& m = Model;
+            m.PolarCoords = true;
+            m.L1 = 5;
+            m.L2 = 4;
+            m.L3 = 2;
+            m.L4 = 3;
+        });
+        Take_Angles(20, 380, 10);
+        Integer result;
+        Calc_Setup(3, result);
+        Solve_Forces(Model);
+    }
+
     /// Lengths, units, ground, circuit, kind of steps and speeds by chance; false where it closes nowhere.
     bool Take_Random() {
         Reset_Model();

@@ -7,24 +7,11 @@ namespace verlink::test {
 
 namespace {
 
-/// One that closes up to 66.4 degrees on both sides of the ground: at the first five steps of its run, and at the last
-/// nine.
 class Steps_Left_Out : public Told {
    protected:
     void Solve_And_Balance() {
         Use_Units(5);
-        Enter_Linkage(Road::kBoxes, [] {
-            auto& m = Model;
-            m.PolarCoords = true;
-            m.L1 = 5;
-            m.L2 = 4;
-            m.L3 = 2;
-            m.L4 = 3;
-        });
-        Take_Angles(20, 380, 10);
-        Integer result;
-        Calc_Setup(3, result);
-        verlink::Solve_Forces(Model);
+        Solve_Near_The_Ground();
         ASSERT_TRUE(Model.RunTable.Assembled(4));
         ASSERT_FALSE(Model.RunTable.Assembled(5));
     }
