@@ -127,7 +127,7 @@ bool Take_Window(const std::vector<Step>& steps, const Singular_Angles& singular
     for (std::size_t i = 0; i < places.size(); ++i) {
         const Step& s = steps[middle - kSide + i];
         w.steps[i] = &s;
-        if (s.number != steps[middle].number - kSide + static_cast<int>(i)) return false;
+        if (!s.pose.closes || s.number != steps[middle].number - kSide + static_cast<int>(i)) return false;
         places[i] = std::remainder(s.drive.th2 - steps[middle].drive.th2, 2 * M_PI);
         if (i == 0) continue;
         const double stride = places[i] - places[i - 1], before = i > 1 ? places[i - 1] - places[i - 2] : stride;

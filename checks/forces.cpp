@@ -41,7 +41,7 @@ struct Solve_Record {
 /// single holds.
 bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) {
     const Estimate& determinant = step.expected.determinant;
-    if (!std::isgreater(std::abs(determinant.value), determinant.error)) return true;
+    if (!(std::abs(determinant.value) > determinant.error)) return true;  // nor where one is no number
     const Solved s = Solve(m, step, record.masses, record.loaded);
     double force = 1, arm = 1;
     for (const Estimate2* pin : {&s.F12, &s.F32, &s.F43, &s.F14}) force = std::max(force, std::abs(Value(*pin)));
@@ -49,7 +49,7 @@ bool Stops(const LinkageModel& m, const Step& step, const Solve_Record& record) 
         force = std::max(force, std::abs(Value(body->force)));
         arm = std::max(arm, std::abs(body->arm));
     }
-    return !std::isless(force * arm, std::numeric_limits<float>::max());
+    return !(force * arm < std::numeric_limits<float>::max());
 }
 
 /// The first step of those without forces at the end of a run, if a solve can have stopped there, or where a position

@@ -45,7 +45,7 @@ Pose Pose_At(const Shape& s, double th2) {
     const double side = s.open ? 1 : -1;
     p.th3 = {std::arg(z) + side * at_A.angle, ratio.imag() + side * at_A.first, bend.imag() + side * at_A.second};
     p.th4 = {std::arg(-z) - side * at_O4.angle, ratio.imag() - side * at_O4.first, bend.imag() - side * at_O4.second};
-    p.closes = std::isfinite(p.th3.second * p.th4.second);
+    p.closes = std::isfinite(p.th3.second) && std::isfinite(p.th4.second);
     if (!p.closes) return p;
     p.B = s.L1;
     Add_Arm(std::polar(s.L4, p.th4.angle), p.th4, p.B, p.B1, p.B2);
