@@ -43,7 +43,8 @@ bool KeysToTheTop::nativeEventFilter(const QByteArray& kind, void* message, qint
     const auto* event = static_cast<const xcb_focus_in_event_t*>(message);
     if ((event->response_type & ~kSent) != XCB_FOCUS_IN || event->mode != XCB_NOTIFY_MODE_NORMAL) return false;
     const QWindow* waiting = waiting_(event->event);
-    if (!waiting || !waiting->handle()) return false;
+    // One that is minimized cannot have them, and comes back by the window manager.
+    if (!waiting || !waiting->handle() || waiting->windowStates().testFlag(Qt::WindowMinimized)) return false;
     xcb_set_input_focus(display(), XCB_INPUT_FOCUS_PARENT, number(*waiting), XCB_CURRENT_TIME);
     xcb_flush(display());
     return false;
