@@ -113,11 +113,11 @@ void frm_MassProp::Form_Activate() {
         Put_Mass_Properties(*this, Model, Model);
         Show_Units();
         Allow_Results(false);
-        txt_Mass[2].SetFocus();
         chk_Torque.Value = Model.TorqueImported;
         // Nothing typed is lost by going back now.
         CancelButton = &cmd_Cancel;
         typed_.Put_Back();
+        txt_Mass[2].SetFocus();
         Take_Brought_Table();
     });
 }

@@ -208,6 +208,7 @@ TEST_F(MassPropActivation, BackStoresNothingThatWasTypedWhichWaitsForTheNextTime
     Inside(form, [this] {
         EXPECT_EQ(In("txt_Mass", 2), "0.05");
         EXPECT_TRUE(form.txt_Mass[2].Touched());
+        EXPECT_TRUE(form.txt_Mass[2].SelectedAll) << "as when nothing waits";
         EXPECT_EQ(form.CancelButton, nullptr);
         EXPECT_FALSE(form.cmd_Done.Enabled);
         EXPECT_FALSE(form.txt_Mass[3].Touched());
