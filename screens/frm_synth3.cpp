@@ -88,9 +88,9 @@ void frm_Synth3::Show_Values() {
 }
 
 void frm_Synth3::Void_Results() {
-    Synthesis_Screen::Void_Results();
     for (const auto& label : lbl_Direction) label->Caption = "";
     for (Label* label : {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi}) label->Caption = "";
+    Synthesis_Screen::Void_Results();
 }
 
 bool frm_Synth3::Find_Turns() {

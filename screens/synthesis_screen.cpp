@@ -100,6 +100,7 @@ void Synthesis_Screen::Box_Change() {
 
 void Synthesis_Screen::Void_Results() {
     for (auto* labels : {&lbl_Wmag, &lbl_Zmag, &lbl_Umag, &lbl_Smag, &lbl_Theta1}) Show(*labels, "");
+    Lead_To_Values();
     lbl_Scale.Caption = kSketch;
     Allow_Results(false);
 }
@@ -173,9 +174,16 @@ void Synthesis_Screen::Draw() {
         Label* value = follower == followers_.end() ? nullptr : follower->value;
         name.Visible = mark != marks.end();
         if (value) value->Visible = name.Visible;
-        name.Caption = value && !value->Caption.Get().empty() ? symbol + " =" : symbol;
+        name.Caption = symbol;
         if (mark != marks.end()) name.At = mark->at;
     }
+    Lead_To_Values();
+}
+
+void Synthesis_Screen::Lead_To_Values() {
+    for (const auto& [name, value] : followers_)
+        if (const auto symbol = symbols_.find(name); symbol != symbols_.end())
+            name->Caption = symbol->second + (value->Caption.Get().empty() ? "" : " =");
 }
 
 void Synthesis_Screen::Assemble(Single beta3) {

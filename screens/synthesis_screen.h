@@ -201,6 +201,8 @@ class Synthesis_Screen : public platform::Screen {
     /// The given data of the model; what came of them is to be calculated anew.
     void Show_Model();
     void Allow_Results(bool allowed);
+    /// The symbols on the diagram with " =" where a value follows.
+    void Lead_To_Values();
     void Show_Reach();
     /// After an undo: as it was left where nothing that the screen shows is another.
     void Show_Undone();

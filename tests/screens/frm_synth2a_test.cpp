@@ -204,6 +204,7 @@ TEST_F(Synth2A, WhereOneDyadHasNoSolutionNothingIsPutTogetherAndNoReadOutIsLeft)
     Calculate(form);
     const Geometry linkage = Model;
     ASSERT_NE(Caption(form, "lbl_Wmag", 0), "");
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 0), "W =");
     Enter_Box(form, "txt_Gamma2", "720");
     Enter_Box(form, "txt_P21x", "-3.14159");
     desktop.Expect_Message(kNoDivisor, platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
@@ -214,6 +215,8 @@ TEST_F(Synth2A, WhereOneDyadHasNoSolutionNothingIsPutTogetherAndNoReadOutIsLeft)
     EXPECT_EQ(Model.L4, linkage.L4);
     for (const char* label : {"lbl_Wmag", "lbl_Zmag", "lbl_Umag", "lbl_Smag", "lbl_Theta1"})
         EXPECT_EQ(Captions(form, label), Texts(2, "")) << label;
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 0), "W");
+    EXPECT_EQ(Caption(form, "lbl_Symbol", 9), "Theta =") << "which was typed";
     Expect_Ways_On(form, false);
     EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
     EXPECT_FALSE(form.lbl_Reach.Visible);
