@@ -1,18 +1,12 @@
 // A move of a shift-drag with what the desktop adds: the painting, and the whole window.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include "bench/drag.h"
-#include "bench/program.h"
-#include "bench/qt.h"
-#include "core/linkage_model.h"
-#include "desktop/form.h"
+#include "bench/windows.h"
 #include "desktop/picture_widget.h"
-#include "desktop/qt_desktop.h"
 
 namespace verlink::bench {
 
@@ -44,16 +38,9 @@ BENCHMARK(Drag_Move_Painted)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond)
 
 /// From the mouse event to the painted window, boxes and labels included.
 void Drag_Move_In_Window(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
-    platform::Desktop& before = platform::The_Desktop();
-    desktop::QtDesktop qt;
-    platform::Use_Desktop(&qt);
+    Windows windows;
     frm_Animate& screen = Animate_Screen(static_cast<int>(state.range(0)));
-    desktop::Form& form = qt.formOf(screen);
-    form.resize(1366, 768);
-    form.show();
-    QApplication::processEvents();
+    desktop::Form& form = windows.Open("frm_Animate");
     SmallCircle mouse;
     desktop::PictureWidget* widget = form.picture("Picture1");
     const platform::Picture& picture = screen.Picture1.Drawing();
@@ -70,8 +57,6 @@ void Drag_Move_In_Window(benchmark::State& state) {
         QApplication::processEvents();
         if (Model.DeltaRad == angle && Model.Rpa == length) state.SkipWithError("nothing was dragged");
     }
-    qt.discardForms();
-    platform::Use_Desktop(&before);
 }
 BENCHMARK(Drag_Move_In_Window)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
 

@@ -6,7 +6,6 @@
 #include "bench/drag.h"
 #include "bench/program.h"
 #include "core/linkage_model.h"
-#include "core/runs.h"
 #include "platform/screen.h"
 
 namespace verlink::bench {
@@ -14,8 +13,7 @@ namespace verlink::bench {
 frm_Animate& Animate_Screen(int steps) {
     Take_Default_Linkage(steps);
     Model.ShowCouplerFlag = "Y";
-    Integer result;
-    Calc_Setup(3, result);
+    Run();
     auto& screen = static_cast<frm_Animate&>(platform::Screens::Get("frm_Animate"));
     screen.Form_Activate();
     screen.chk_Coupler.Value = true;

@@ -3,20 +3,13 @@
 // pixels takes.
 #include <benchmark/benchmark.h>
 
-#include <QImage>
 #include <QWheelEvent>
-#include <algorithm>
 #include <functional>
 #include <string>
 
-#include "animation/engine.h"
-#include "bench/drag.h"
-#include "bench/program.h"
-#include "bench/qt.h"
+#include "bench/beside.h"
 #include "bench/windows.h"
 #include "core/linkage_model.h"
-#include "core/parameters.h"
-#include "core/runs.h"
 #include "desktop/graph_widget.h"
 #include "desktop/picture_widget.h"
 #include "output/cartesian.h"
@@ -32,14 +25,8 @@ constexpr int kSteps = 2881;
 
 /// A run over so many turns of the crank, by angle (3) or by time (2).
 void Run_Of(int mode, int turns, int steps = kSteps) {
-    Take_Default_Linkage(steps);
-    if (mode == 3) {
-        Model.ThetaEnd = 360.0 * turns;
-        Model.ThetaStep = 360.0 * turns / (steps - 1);
-        Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
-        Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
-        Model.NSteps = steps - 1;
-    } else {
+    Take_Default_Linkage(steps, turns);
+    if (mode == 2) {
         Model.Omega2Input = 6.2831853;
         Model.Alpha2 = 0;
         Model.TimeStart = 0;
@@ -47,8 +34,7 @@ void Run_Of(int mode, int turns, int steps = kSteps) {
         Model.TimeStep = static_cast<double>(turns) / (steps - 1);
         Model.NSteps = steps - 1;
     }
-    Integer result;
-    Calc_Setup(mode, result);
+    Run(mode);
     Model.ZoomFactor = 1;
     Model.TraceFlag = "N";
     Model.ShowCouplerFlag = "Y";
@@ -71,26 +57,11 @@ frm_Animate& Animate_Window(Windows& windows) {
     return screen;
 }
 
-double Filled(int side) {
-    static QImage image(side, side, QImage::Format_RGB32);
-    const double start = Processor_Time();
-    image.fill(Qt::white);
-    return Processor_Time() - start;
-}
-
 /// The worst of all turns is what counts.
 void Worst(benchmark::State& state, const std::function<void()>& draw) {
-    double worst = 0, floor = 1e9;
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        draw();
-        const double took = Processor_Time() - start;
-        state.SetIterationTime(took);
-        worst = std::max(worst, took);
-        floor = std::min(floor, Filled(700));
-    }
-    state.counters["worst_ms"] = 1e3 * worst;
-    state.counters["ratio_to_floor"] = worst / floor;
+    const Times times = Beside(state, draw, Fill<700, 700>);
+    state.counters["worst_ms"] = 1e3 * times.worst;
+    state.counters["ratio_to_floor"] = times.worst / times.least_floor;
 }
 
 void Painted(const char* screen, const std::function<void()>& draw, Windows& windows) {
@@ -100,8 +71,6 @@ void Painted(const char* screen, const std::function<void()>& draw, Windows& win
 
 /// A still picture: mode, turns, and how often Zoom In (or, below zero, Out) was pressed.
 void Still_Picture(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     Windows windows;
     frm_Animate& screen = Animate_Window(windows);
@@ -136,23 +105,14 @@ BENCHMARK(Still_Picture)
 
 /// A run that is played with Trace: the whole, and its longest frame.
 void Trace(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(3, 1, static_cast<int>(state.range(0)) + 1);
     Windows windows;
     frm_Animate& screen = Animate_Window(windows);
     screen.chk_Trace.Value = true;
     screen.chk_Coupler.Value = state.range(1) != 0;
     screen.chk_Centrodes.Value = state.range(1) != 0;
-    const auto play = [&] {
-        Model.RedrawFlag = "N";
-        Animate(screen);
-    };
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        play();
-        state.SetIterationTime(Processor_Time() - start);
-    }
+    Beside(
+        state, [&] { Play_Once(screen); }, [] {});
     // What a window that has another size costs afterwards, and how long it does not answer.
     desktop::Form& form = windows.qt.formOf(screen);
     const auto* picture = form.findChild<desktop::PictureWidget*>();
@@ -181,32 +141,20 @@ BENCHMARK(Trace)
 
 /// A run at no delay with the path of the coupler point and the centrodes, each frame painted in the window.
 void Play(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     const int frames = static_cast<int>(state.range(0));
     Run_Of(3, 1, frames);
     Windows windows;
     frm_Animate& screen = Animate_Window(windows);
     screen.chk_Centrodes.Value = true;
-    double least = 1e9, floor = 1e9;
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        Model.RedrawFlag = "N";
-        Animate(screen);
-        const double took = Processor_Time() - start;
-        state.SetIterationTime(took);
-        least = std::min(least, took);
-        floor = std::min(floor, Filled(700));
-    }
-    state.counters["frames_per_second"] = frames / least;
-    state.counters["frame_to_floor"] = least / frames / floor;
+    const Times times = Beside(
+        state, [&] { Play_Once(screen); }, Fill<700, 700>);
+    state.counters["frames_per_second"] = frames / times.least;
+    state.counters["frame_to_floor"] = times.least / frames / times.least_floor;
 }
 BENCHMARK(Play)->ArgName("frames")->Arg(361)->Arg(2881)->Iterations(2)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 /// Cayley's diagram, so often enlarged (or, below zero, made smaller).
 void Cayley(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(3, 1);
     Windows windows;
     SeedCognate();
@@ -233,8 +181,6 @@ void Turn_Wheel(QWidget& plot) {
 
 /// Four functions of 2881 points: sticks or lines, thick or thin, dashed or not, how many turns, how far enlarged.
 void Graph_Of_Four(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(3, static_cast<int>(state.range(3)));
     Windows windows;
     auto& choice = platform::Screens::Get("frm_PlotSelect1");
@@ -285,8 +231,6 @@ BENCHMARK(Graph_Of_Four)
 
 /// The polar plot of 2881 vectors: path, vectors or both.
 void Polar(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(3, static_cast<int>(state.range(1)));
     Windows windows;
     auto& choice = platform::Screens::Get("frm_PlotSelect4");
@@ -324,8 +268,6 @@ BENCHMARK(Polar)
 
 /// Two or four aligned windows.
 void Aligned(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Run_Of(3, static_cast<int>(state.range(1)));
     Windows windows;
     const bool two = state.range(0) == 2;

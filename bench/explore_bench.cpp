@@ -3,8 +3,6 @@
 
 #include <cmath>
 
-#include "bench/program.h"
-#include "bench/qt.h"
 #include "bench/windows.h"
 #include "screens/frm_explore.h"
 
@@ -27,8 +25,6 @@ frm_Explore& Screen_With(std::size_t positions) {
 
 /// A move of a hand, every picture painted.
 void Drag_A_Body(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     frm_Explore& screen = Screen_With(static_cast<std::size_t>(state.range(0)));
     desktop::Form& form = windows.Open("frm_Explore");
@@ -48,8 +44,6 @@ BENCHMARK(Drag_A_Body)->DenseRange(2, 5)->UseRealTime()->Unit(benchmark::kMillis
 
 /// From the change of a number until the gallery has its first pictures.
 void First_Row_Of_The_Gallery(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     frm_Explore& screen = Screen_With(static_cast<std::size_t>(state.range(0)));
     desktop::Form& form = windows.Open("frm_Explore");
@@ -65,8 +59,6 @@ BENCHMARK(First_Row_Of_The_Gallery)->DenseRange(2, 5)->UseRealTime()->Unit(bench
 
 /// Playing, with all small pictures.
 void A_Frame_Of_The_Gallery(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     frm_Explore& screen = Screen_With(3);
     desktop::Form& form = windows.Open("frm_Explore");

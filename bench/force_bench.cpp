@@ -1,7 +1,6 @@
 // A solve for the forces of 2881 steps beside the time that as many dense systems take; balancing; a drag with forces.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -9,11 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "bench/beside.h"
 #include "bench/drag.h"
-#include "bench/program.h"
 #include "core/linkage_model.h"
 #include "core/results.h"
-#include "core/runs.h"
 #include "dynamics/balancing.h"
 #include "dynamics/dynacalc.h"
 #include "dynamics/flywheel.h"
@@ -98,26 +96,14 @@ void Take_Loaded_Linkage(bool loads) {
     Model.ForceDist3 = Model.ForceDist4 = loads ? 0.8 : 0;
     Model.ForceAng3 = Model.ForceAng4 = loads ? 35 : 0;
     Resolve_Forces(Model);
-    Integer result;
-    Calc_Setup(3, result);
+    Run();
 }
 
 void Solve_2881_Steps(benchmark::State& state) {
     const std::vector<DenseSystem> systems = Dense_Systems();
     Take_Loaded_Linkage(state.range(0) != 0);
-    // The floor is measured in turns with the solve, so that whatever slows the one slows the other.
-    double solve = 0, floor = 0;
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        Solve();
-        const double middle = Processor_Time();
-        benchmark::DoNotOptimize(Floor(systems));
-        const double end = Processor_Time();
-        state.SetIterationTime(middle - start);
-        solve += middle - start;
-        floor += end - middle;
-    }
-    state.counters["ratio_to_floor"] = solve / floor;
+    const Times times = Beside(state, Solve, [&] { benchmark::DoNotOptimize(Floor(systems)); });
+    state.counters["ratio_to_floor"] = times.all / times.all_floor;
 }
 BENCHMARK(Solve_2881_Steps)->Arg(0)->Arg(1)->ArgName("loads")->UseManualTime()->Unit(benchmark::kMillisecond);
 
@@ -130,8 +116,7 @@ BENCHMARK(Floor_2881_Dense_Systems)->Unit(benchmark::kMillisecond);
 /// From the button on the balancing screen to its tables, its list of pulses and its two graphs.
 void Balance_Button(benchmark::State& state) {
     Take_Default_Linkage(static_cast<int>(state.range(0)));
-    Integer result;
-    Calc_Setup(3, result);
+    Run();
     Solve();
     auto& screen = static_cast<frm_Balance&>(platform::Screens::Get("frm_Balance"));
     screen.Form_Activate();
@@ -146,8 +131,7 @@ BENCHMARK(Balance_Button)->Arg(361)->Arg(2881)->Unit(benchmark::kMillisecond);
 /// The same without the screen: counterweights solved, sums, averages, smoothed torque.
 void Balance_Tables(benchmark::State& state) {
     Take_Default_Linkage(static_cast<int>(state.range(0)));
-    Integer result;
-    Calc_Setup(3, result);
+    Run();
     Solve();
     for (auto _ : state) {
         Default_Weights(Model);

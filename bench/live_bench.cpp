@@ -2,16 +2,12 @@
 // functions beside the drawing. Beside it the plain filling of as many pixels as the graphs and the picture have.
 #include <benchmark/benchmark.h>
 
-#include <QImage>
 #include <algorithm>
 
-#include "animation/engine.h"
+#include "bench/beside.h"
 #include "bench/drag.h"
-#include "bench/program.h"
-#include "bench/qt.h"
 #include "bench/windows.h"
 #include "core/linkage_model.h"
-#include "core/runs.h"
 #include "dynamics/dynacalc.h"
 
 namespace verlink::bench {
@@ -41,34 +37,22 @@ frm_Animate& Live_Window(Windows& windows, int steps, const char* preset) {
     return screen;
 }
 
-double Filled() {
-    static QImage image(1366, 768, QImage::Format_RGB32);
-    const double start = Processor_Time();
-    image.fill(Qt::white);
-    return Processor_Time() - start;
-}
-
 /// Steps of the run, and whether the functions are forces, which are solved anew at each move.
 void Live_Drag_Move(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     const bool forces = state.range(1) != 0;
     frm_Animate& screen = Live_Window(windows, static_cast<int>(state.range(0)), forces ? kForces : kVelocities);
     SmallCircle mouse;
-    double moves = 0, floor = 1e9;
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        Drag_Once(state, screen, mouse);
-        QApplication::processEvents();
-        const double took = Processor_Time() - start;
-        state.SetIterationTime(took);
-        moves += took;
-        floor = std::min(floor, Filled());
-    }
+    const Times times = Beside(
+        state,
+        [&] {
+            Drag_Once(state, screen, mouse);
+            QApplication::processEvents();
+        },
+        Fill<1366, 768>);
     if (screen.live.grf_Live[4].NumPoints() != state.range(0) || forces != Model.DynamicsDone)
         state.SkipWithError("four functions were not shown");
-    state.counters["ratio_to_floor"] = moves / static_cast<double>(state.iterations()) / floor;
+    state.counters["ratio_to_floor"] = times.all / static_cast<double>(state.iterations()) / times.least_floor;
     screen.mnu_ViewLive.Choose(false);
 }
 BENCHMARK(Live_Drag_Move)
@@ -83,27 +67,17 @@ BENCHMARK(Live_Drag_Move)
 
 /// A run at no delay with coupler path, centrodes and live plots; frames a second of this thread's processor time.
 void Live_Run(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     const int steps = static_cast<int>(state.range(0));
     frm_Animate& screen = Live_Window(windows, steps, kVelocities);
     screen.chk_Centrodes.Value = true;
     screen.hsc_speed.SetValue(32767);
     screen.txt_Cycles.Text = "1";
-    double all = 0, floor = 1e9;
-    for (auto _ : state) {
-        Model.RedrawFlag = "N";
-        const double start = Processor_Time();
-        Animate(screen);
-        const double took = Processor_Time() - start;
-        state.SetIterationTime(took);
-        all += took;
-        floor = std::min(floor, Filled());
-    }
+    const Times times = Beside(
+        state, [&] { Play_Once(screen); }, Fill<1366, 768>);
     const double frames = static_cast<double>(state.iterations()) * steps;
-    state.counters["frames_per_s"] = frames / all;
-    state.counters["ratio_to_floor"] = all / frames / floor;
+    state.counters["frames_per_s"] = frames / times.all;
+    state.counters["ratio_to_floor"] = times.all / frames / times.least_floor;
     if (screen.live.grf_Live[4].Cursor != steps) state.SkipWithError("the cursor did not go along");
     screen.mnu_ViewLive.Choose(false);
     screen.chk_Centrodes.Value = false;

@@ -2,13 +2,11 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <vector>
 
-#include "bench/program.h"
+#include "bench/beside.h"
 #include "core/linkage_model.h"
-#include "core/runs.h"
 #include "output/catalogue.h"
 #include "output/transform.h"
 #include "screens/frm_printdata.h"
@@ -20,14 +18,9 @@ namespace {
 
 constexpr int kSteps = 2881;
 
-double Seconds_Since(std::chrono::steady_clock::time_point start) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 void Take_A_Run() {
     Take_Default_Linkage(kSteps);
-    Integer result;
-    Calc_Setup(3, result);
+    Run();
     Select_Variable("Omega4", 1);
 }
 
@@ -55,20 +48,10 @@ void Transform_2880_Samples(benchmark::State& state) {
         sines.push_back(std::sin(n));
         cosines.push_back(std::cos(n));
     }
-    // The floor is measured in turns with the transform, so that a busy machine slows both.
-    double transform = 0, floor = 0;
-    for (auto _ : state) {
-        auto start = std::chrono::steady_clock::now();
-        Do_DFT(Model.NSteps);
-        const double took = Seconds_Since(start);
-        state.SetIterationTime(took);
-        transform += took;
-        start = std::chrono::steady_clock::now();
-        benchmark::DoNotOptimize(Floor(x, sines, cosines));
-        floor += Seconds_Since(start);
-    }
+    const Times times = Beside(
+        state, [] { Do_DFT(Model.NSteps); }, [&] { benchmark::DoNotOptimize(Floor(x, sines, cosines)); });
     if (Model.HalfSamples != 1440) state.SkipWithError("not a full run");
-    state.counters["ratio_to_floor"] = transform / floor;
+    state.counters["ratio_to_floor"] = times.all / times.all_floor;
 }
 BENCHMARK(Transform_2880_Samples)->UseManualTime()->Unit(benchmark::kMillisecond);
 
@@ -81,12 +64,11 @@ void Table_2881_Rows(benchmark::State& state) {
     select.Form_Activate();
     select.cmb_Step.Choose(0);
     select.cmb_Preset.Choose(5);
-    double took = 0;
-    std::chrono::steady_clock::time_point start;
-    table.grd_Data.Watcher = [&] { took = Seconds_Since(start); };
+    double took = 0, start = 0;
+    table.grd_Data.Watcher = [&] { took = Processor_Time() - start; };
     for (auto _ : state) {
         took = 0;
-        start = std::chrono::steady_clock::now();
+        start = Processor_Time();
         select.cmd_Done.Click();
         if (took == 0 || table.grd_Data.Rows() != kSteps + 6) state.SkipWithError("no table");
         state.SetIterationTime(std::max(took, 1e-9));

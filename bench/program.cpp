@@ -81,12 +81,12 @@ void Start_Program() {
     Sub_Main("");
 }
 
-void Take_Default_Linkage(int steps) {
+void Take_Default_Linkage(int steps, int turns) {
     Start_Program();
     Initialize();
     Model.ThetaStart = 0;
-    Model.ThetaEnd = 720;
-    Model.ThetaStep = 720.0 / (steps - 1);
+    Model.ThetaEnd = 360.0 * turns;
+    Model.ThetaStep = 360.0 * turns / (steps - 1);
     Model.ThetaStartRad = Model.ThetaStart * kDegToRad;
     Model.ThetaEndRad = Model.ThetaEnd * kDegToRad;
     Model.ThetaStepRad = Model.ThetaStep * kDegToRad;
@@ -95,6 +95,11 @@ void Take_Default_Linkage(int steps) {
     Model.ThetaStepStr = Text_Of(Model.ThetaStep);
     Model.NSteps = Steps_Of(Model.ThetaStart, Model.ThetaEnd, Model.ThetaStep);
     Derive_Linkage(Leading::kInForce);
+}
+
+void Run(int mode) {
+    Integer result;
+    Calc_Setup(mode, result);
 }
 
 }  // namespace verlink::bench

@@ -2,26 +2,18 @@
 // one would write it by hand.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
 
-#include "bench/program.h"
+#include "bench/beside.h"
 #include "core/linkage_model.h"
-#include "core/runs.h"
 
 namespace verlink::bench {
 
 namespace {
 
 constexpr int kSteps = 2881;
-
-void Run() {
-    Integer result;
-    Calc_Setup(3, result);
-    benchmark::DoNotOptimize(Model.RunTable.PointXY(Model.NSteps, 2, 0));
-}
 
 /// The arguments of one step's calls, taken from a run.
 struct Angles {
@@ -113,29 +105,18 @@ void Plain_Loop(const PlainLinkage& l, double start, double by, std::vector<Plai
     }
 }
 
-/// The two take turns, so that whatever slows the one slows the other; of each the least time counts, since other
-/// work on the machine only ever adds to it.
 template <class Floor_Of_A_Run>
-void Beside(benchmark::State& state, Floor_Of_A_Run floor_of_a_run) {
-    double run = 1e9, floor = 1e9;
-    for (auto _ : state) {
-        const double start = Processor_Time();
-        Run();
-        const double middle = Processor_Time();
-        floor_of_a_run();
-        const double end = Processor_Time();
-        state.SetIterationTime(middle - start);
-        run = std::min(run, middle - start);
-        floor = std::min(floor, end - middle);
-    }
-    state.counters["least_ms"] = 1e3 * run;
-    state.counters["ratio_to_floor"] = run / floor;
+void Run_Beside(benchmark::State& state, const Floor_Of_A_Run& floor_of_a_run) {
+    const Times times = Beside(
+        state, [] { Run(); }, floor_of_a_run);
+    state.counters["least_ms"] = 1e3 * times.least;
+    state.counters["ratio_to_floor"] = times.least / times.least_floor;
 }
 
 void Run_2881_Steps(benchmark::State& state) {
     const std::vector<Angles> angles = Angles_Of_A_Run();
     Take_Default_Linkage(kSteps);
-    Beside(state, [&] { benchmark::DoNotOptimize(Floor(angles)); });
+    Run_Beside(state, [&] { benchmark::DoNotOptimize(Floor(angles)); });
 }
 BENCHMARK(Run_2881_Steps)->UseManualTime()->Unit(benchmark::kMillisecond);
 
@@ -156,7 +137,7 @@ void Run_2881_Steps_Beside_A_Plain_Loop(benchmark::State& state) {
         benchmark::DoNotOptimize(steps.data());
         benchmark::ClobberMemory();
     };
-    Beside(state, floor);
+    Run_Beside(state, floor);
     // It is the same linkage that both move.
     const auto off = [&](int step, double got, double expected) {
         if (std::abs(got - expected) > 1e-3 * (std::abs(expected) + Model.L1 * Model.Omega2Input * Model.Omega2Input))

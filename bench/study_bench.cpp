@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/program.h"
+#include "bench/beside.h"
 #include "core/linkage_model.h"
 #include "study/in_order.h"
 #include "study/study.h"
@@ -33,24 +33,21 @@ study::Study Study_Of(const std::vector<std::string>& measures) {
     return study;
 }
 
-/// One linkage after the other; seconds that it took.
-double Solve_All(study::Worker& worker, std::size_t fields, std::size_t measures) {
+/// One linkage after the other.
+void Solve_All(study::Worker& worker, std::size_t fields, std::size_t measures) {
     std::vector<float> moved(fields), measured(measures);
-    const double start = Processor_Time();
     for (study::Number linkage = 0; linkage < kLinkages; ++linkage) {
         worker.Solve(linkage, moved, measured);
         benchmark::DoNotOptimize(measured.data());
     }
-    return Processor_Time() - start;
 }
 
 /// What the two measures take by hand in double: sine and cosine of the crank, two arc tangents with their roots, and
 /// the extremes.
-double Plain_Linkages() {
+void Plain_Linkages() {
     const double a = 1.115, b = 2.5, c = 2.5, d = 2.667, step = 2 * M_PI / (kPositions - 1);
     const double K1 = d / a, K2 = d / c, K3 = (a * a - b * b + c * c + d * d) / (2 * a * c);
     const double K4 = d / b, K5 = (c * c - d * d - a * a - b * b) / (2 * a * b);
-    const double start = Processor_Time();
     for (study::Number linkage = 0; linkage < kLinkages; ++linkage) {
         double most = -10, least = 10;
         for (int i = 0; i < kPositions; ++i) {
@@ -65,21 +62,15 @@ double Plain_Linkages() {
         benchmark::DoNotOptimize(most);
         benchmark::DoNotOptimize(least);
     }
-    return Processor_Time() - start;
 }
 
 void Measure_Linkages(benchmark::State& state, const std::vector<std::string>& measures) {
     const study::Bench bench(Study_Of(measures));
     study::Worker worker(bench);
-    double least = 1e9, floor = 1e9;
-    for (auto _ : state) {
-        const double seconds = Solve_All(worker, bench.Moved().size(), measures.size());
-        state.SetIterationTime(seconds);
-        least = std::min(least, seconds);
-        floor = std::min(floor, Plain_Linkages());
-    }
-    state.counters["us_a_linkage"] = 1e6 * least / static_cast<double>(kLinkages);
-    state.counters["floor_us"] = 1e6 * floor / static_cast<double>(kLinkages);
+    const Times times = Beside(
+        state, [&] { Solve_All(worker, bench.Moved().size(), measures.size()); }, Plain_Linkages);
+    state.counters["us_a_linkage"] = 1e6 * times.least / static_cast<double>(kLinkages);
+    state.counters["floor_us"] = 1e6 * times.least_floor / static_cast<double>(kLinkages);
 }
 
 void Study_360_Positions(benchmark::State& state) { Measure_Linkages(state, {"max Theta4", "min Trans Ang"}); }

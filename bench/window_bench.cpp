@@ -2,8 +2,6 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/drag.h"
-#include "bench/program.h"
-#include "bench/qt.h"
 #include "bench/windows.h"
 #include "core/linkage_model.h"
 #include "output/cartesian.h"
@@ -16,8 +14,6 @@ namespace {
 constexpr int kSteps = 2881;
 
 void Plot_Of_Four_Functions(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Animate_Screen(kSteps);
     Windows windows;
     auto& choice = platform::Screens::Get("frm_PlotSelect1");
@@ -38,8 +34,6 @@ void Plot_Of_Four_Functions(benchmark::State& state) {
 BENCHMARK(Plot_Of_Four_Functions)->Unit(benchmark::kMillisecond);
 
 void Table_Painted(benchmark::State& state) {
-    Start_Qt();
-    Start_Program();
     Windows windows;
     auto& grid = platform::Screens::Get("frm_PrintData").Get<platform::Grid>("grd_Data");
     grid.SetCols(5);

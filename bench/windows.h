@@ -2,17 +2,25 @@
 #pragma once
 
 #include <QApplication>
+#include <QImage>
 
+#include "animation/engine.h"
+#include "bench/program.h"
+#include "core/linkage_model.h"
 #include "desktop/form.h"
 #include "desktop/qt_desktop.h"
-#include "platform/desktop_services.h"
-#include "platform/screen.h"
+#include "screens/frm_animate.h"
 
 namespace verlink::bench {
 
+/// Starts Qt once, for the life of the process.
+void Start_Qt();
+
 class Windows {
+    platform::Desktop& before_ = (Start_Qt(), Start_Program(), platform::The_Desktop());
+
    public:
-    Windows() : before_(platform::The_Desktop()) { platform::Use_Desktop(&qt); }
+    Windows() { platform::Use_Desktop(&qt); }
     ~Windows() {
         qt.discardForms();
         platform::Use_Desktop(&before_);
@@ -28,9 +36,18 @@ class Windows {
         return form;
     }
     desktop::QtDesktop qt;
-
-   private:
-    platform::Desktop& before_;
 };
+
+/// The floor of a drawing: as many pixels filled plainly.
+template <int width, int height>
+void Fill() {
+    static QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+}
+
+inline void Play_Once(frm_Animate& screen) {
+    Model.RedrawFlag = "N";
+    Animate(screen);
+}
 
 }  // namespace verlink::bench
