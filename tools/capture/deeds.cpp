@@ -9,28 +9,58 @@ namespace verlink::capture {
 
 namespace {
 
+/// What a name stands for in an account.
+struct Sight {
+    std::string name, of;
+    int at = platform::kNoIndex;
+};
+
+std::vector<Sight> Sights_In(const char* words) {
+    std::vector<Sight> sights;
+    std::istringstream in(words);
+    for (std::string part; std::getline(in, part, ',');) {
+        std::istringstream one(part);
+        Sight& sight = sights.emplace_back();
+        if (int at = 0; one >> sight.name >> sight.of >> at) sight.at = at;
+    }
+    return sights;
+}
+
 std::string Shown_In(const Screen& screen, const Sight& sight) {
-    if (const auto* box = screen.FindAs<platform::TextBox>(sight.control, sight.index)) return box->Text;
-    if (const auto* label = screen.FindAs<platform::Label>(sight.control, sight.index)) return label->Caption;
+    if (const auto* box = screen.FindAs<platform::TextBox>(sight.of, sight.at)) return box->Text;
+    if (const auto* label = screen.FindAs<platform::Label>(sight.of, sight.at)) return label->Caption;
     return "";
 }
 
 }  // namespace
 
-Deed Seeing(std::vector<Sight> sights) {
-    return [sights = std::move(sights)](Screen& s) {
-        for (const Sight& sight : sights) Account("saw", std::string(sight.name) + " " + Shown_In(s, sight));
+Deed Typing(const char* boxes) {
+    return [boxes](Screen& s) {
+        std::istringstream words(boxes);
+        std::string box;
+        for (std::string word; words >> word;) {
+            const std::size_t equals = word.find('=');
+            if (equals == std::string::npos)
+                box = word;
+            else
+                Fill(s, box.c_str(), equals ? std::stoi(word) : platform::kNoIndex, word.substr(equals + 1).c_str());
+        }
     };
 }
 
-Deed Seeing_Cells(std::vector<Cell_Sight> sights) {
-    return [sights = std::move(sights)](Screen& s) {
+Deed Seeing(const char* sights) {
+    return [sights](Screen& s) {
+        for (const Sight& sight : Sights_In(sights)) Account("saw", sight.name + " " + Shown_In(s, sight));
+    };
+}
+
+Deed Seeing_Cells(const char* sights) {
+    return [sights](Screen& s) {
         const auto& table = s.Get<platform::Grid>("grd_Data");
-        for (const Cell_Sight& sight : sights) {
+        for (const Sight& sight : Sights_In(sights)) {
             int row = 0;
-            while (row < table.Rows() && Plain(table.Cell(row, 0)) != sight.row) ++row;
-            if (row < table.Rows())
-                Account("saw", std::string(sight.name) + " " + Plain(table.Cell(row, sight.column)));
+            while (row < table.Rows() && Plain(table.Cell(row, 0)) != sight.of) ++row;
+            if (row < table.Rows()) Account("saw", sight.name + " " + Plain(table.Cell(row, sight.at)));
         }
     };
 }

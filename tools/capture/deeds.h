@@ -24,17 +24,12 @@ inline Deed Picking(const char* options, int index) {
     return [options, index](Screen& s) { Pick(s, options, index); };
 }
 
-struct Typed {
-    const char* box;
-    int index;
-    const char* text;
-};
-
-inline Deed Typing(std::vector<Typed> boxes) {
-    return [boxes = std::move(boxes)](Screen& s) {
-        for (const Typed& typed : boxes) Fill(s, typed.box, typed.index, typed.text);
-    };
+inline Deed Typing(const char* box, int index, const char* text) {
+    return [box, index, text](Screen& s) { Fill(s, box, index, text); };
 }
+
+/// Words into many boxes in turn: of an array as `txt_Linkout 1=24 2=78`, one that is alone as `txt_Alpha2 =45`.
+Deed Typing(const char* boxes);
 
 /// Several entries in turn, as to switch on what is to be seen, and off again.
 inline Deed Menus(std::initializer_list<const char*> entries) {
@@ -87,21 +82,13 @@ inline Stop With(Stop stop, std::vector<Cut> more) {
     return stop;
 }
 
-/// What a text box or a label shows goes into the account under a name, for the manual to be compared with.
-struct Sight {
-    const char* name;
-    const char* control;
-    int index = platform::kNoIndex;
-};
-Deed Seeing(std::vector<Sight> sights);
+/// What text boxes and labels show goes into the account under names, for the manual to be compared with: as
+/// `lid_told lbl_Told, lid_l1 txt_Linkout 0`.
+Deed Seeing(const char* sights);
 
-/// The same of cells of the table on the screen: by the first cell of their row and the number of their column.
-struct Cell_Sight {
-    const char* name;
-    const char* row;
-    int column;
-};
-Deed Seeing_Cells(std::vector<Cell_Sight> sights);
+/// The same of cells of the table on the screen, by the first cell of their row and the number of their column: as
+/// `line_x_min Min 1, line_x_max Max 1`.
+Deed Seeing_Cells(const char* sights);
 
 /// The same of all numbers in the lines of a picture, under the name with a number behind it.
 Deed Seeing_Lines(const char* name, const char* picture);

@@ -146,8 +146,7 @@ Stops Plots_Of_The_Transform() {
 Stops Forces_And_Balance() {
     Stops stops = {
         {"frm_HomeScreen", "", Pressing("cmd_Dynamics")},
-        {"frm_MassProp", "mass-properties",
-         Typing({{"txt_MagForce", 3, "2.5"}, {"txt_AngForce", 3, "-90"}, {"txt_Frict", 3, "0.4"}}), 300},
+        {"frm_MassProp", "mass-properties", Typing("txt_MagForce 3=2.5 txt_AngForce 3=-90 txt_Frict 3=0.4"), 300},
         {"frm_MassProp", "mass-properties-solved", Pressing("cmd_Solve")},
         {"frm_MassProp", "", Pressing("cmd_Matrix")},
         {"frm_Matrix", "matrix", {}, 300},
@@ -183,8 +182,7 @@ Stops Time_Run() {
     Stops stops = {
         {"frm_HomeScreen", "", Pressing("cmd_Input")},
         {"frm_Inputnew", "", Picking("opt_Calctype", 2), 500},
-        {"frm_Inputnew", "",
-         In_Turn({Typing({{"txt_initial", 1, "1"}, {"txt_initial", 2, "0.01"}}), Pressing("cmd_Calc")})},
+        {"frm_Inputnew", "", In_Turn({Typing("txt_initial 1=1 2=0.01"), Pressing("cmd_Calc")})},
         {"frm_Inputnew", "", Pressing("cmd_Done")},
         {"frm_Animate", "animate-time", {}, 500},
         {"frm_Animate", "", Pressing("cmd_Done")},
@@ -271,7 +269,7 @@ Stops First_Linkage() {
         {"frm_HomeScreen", "home-empty", {}, 300},
         {"frm_HomeScreen", "", Pressing("cmd_Input")},
         {"frm_Inputnew", "", [](Screen& s) { s.Get<platform::OptionButton>("opt_Calctype", 3).Value = true; }, 500},
-        {"frm_Inputnew", "", Typing({{"txt_initial", 2, "5"}})},
+        {"frm_Inputnew", "", Typing("txt_initial 2=5")},
         {"frm_Inputnew", "input", Pressing("cmd_Calc")},
         {"frm_Inputnew", "input-time",
          [](Screen& s) {
