@@ -87,6 +87,18 @@ int First_That_Closes() {
     return step;
 }
 
+/// What is pressed leads to a screen.
+template <class Control>
+void Lead(
+    Control& control, const char* screen, void (*before)() = [] {}) {
+    control.OnClick = [told_as = "frm_Homescreen." + control.Name(), screen, before] {
+        Guarded(told_as, [&] {
+            before();
+            Show_Centered(screen);
+        });
+    };
+}
+
 }  // namespace
 
 frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
@@ -117,17 +129,19 @@ frm_HomeScreen::frm_HomeScreen() : Screen("frm_HomeScreen") {
     mnu_Report.Tip = "Choose chapters and plots, and write the linkage in hand as a PDF document";
     Bind_Buttons_And_Files();
     Bind_Menus();
+    Bind_Synthesis();
 }
 
 void frm_HomeScreen::Bind_Buttons_And_Files() {
-    cmd_Input.OnClick = [this] { cmd_Input_Click(); };
-    cmd_Animate.OnClick = [this] { cmd_Animate_Click(); };
-    cmd_Plot.OnClick = [this] { cmd_Plot_Click(); };
-    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
-    cmd_Dynamics.OnClick = [this] { cmd_Dynamics_Click(); };
+    const auto as_returned = [] { Model.ScreenReturn = true; };
+    Lead(cmd_Input, "frm_Inputnew");
+    Lead(cmd_Animate, "frm_Animate", [] { Model.CurrentStep = 0; });
+    Lead(cmd_Plot, "frm_PlotType", as_returned);
+    Lead(cmd_Print, "frm_PrintSelect", as_returned);
+    Lead(cmd_Dynamics, "frm_MassProp");
     cmd_Balance.OnClick = [this] { cmd_Balance_Click(); };
     cmd_Quit.OnClick = [this] { cmd_Quit_Click(); };
-    mnu_New.OnClick = [this] { mnu_New_Click(); };
+    mnu_New.OnClick = [this] { New_Linkage(); };
     mnu_Open.OnClick = [this] { Menu_Open(*this); };
     mnu_Save.OnClick = [this] { Menu_Save(*this); };
     mnu_Saveas.OnClick = [this] { Menu_Saveas(*this); };
@@ -141,31 +155,19 @@ void frm_HomeScreen::Bind_Buttons_And_Files() {
 
 void frm_HomeScreen::Bind_Menus() {
     mnu_pick.On(&MenuEntry::OnClick, [this](int index) { mnu_pick_Click(index); });
-    mnu_CalcFFT.OnClick = [this] { mnu_CalcFFT_Click(); };
-    mnu_Grashof.OnClick = [this] { mnu_Grashof_Click(); };
-    mnu_Hoekens.OnClick = [this] { mnu_Hoekens_Click(); };
-    mnu_Roberts.OnClick = [this] { mnu_Roberts_Click(); };
-    mnu_Watts.OnClick = [this] { mnu_Watts_Click(); };
-    mnu_Cheby.OnClick = [this] { mnu_Cheby_Click(); };
-    mnu_Syntest.OnClick = [this] { mnu_Syntest_Click(); };
-    mnu_Cog.On(&MenuEntry::OnClick, [this](int index) { mnu_Cog_Click(index); });
-    mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
-    mnu_Twopos1.OnClick = [this] { mnu_Twopos1_Click(); };
-    mnu_Twopos2.OnClick = [this] { mnu_Twopos2_Click(); };
-    mnu_Unspec.OnClick = [this] { mnu_Unspec_Click(); };
-    mnu_Spec.OnClick = [this] { mnu_Spec_Click(); };
-    mnu_Explore.OnClick = [this] { mnu_Explore_Click(); };
-    mnu_UserName.OnClick = [this] { mnu_UserName_Click(); };
+    Lead(mnu_CalcFFT, "frm_FFT");
+    Lead(mnu_Explore, "frm_Explore");
+    Lead(mnu_ChangeUser, "frm_User");
+    Lead(mnu_About, "frm_About");
+    Lead(mnu_Checks, "frm_Checks");
+    Lead(mnu_Report, "frm_Report");
+    Lead(mnu_Studies, "frm_Studies");
+    mnu_UserName.OnClick = [] { Tell("Current user name is " + Model.SessionUser, Icon::kInformation); };
     mnu_FilePath.OnClick = [this] { mnu_FilePath_Click(); };
-    mnu_AppPath.OnClick = [this] { mnu_AppPath_Click(); };
-    mnu_ChangeUser.OnClick = [this] { mnu_ChangeUser_Click(); };
+    mnu_AppPath.OnClick = [] { Tell("The application path is " + Model.AppPath, Icon::kInformation); };
     mnu_Standardsize.OnClick = [this] { Take_Size("frm_Homescreen.mnu_Standardsize", false); };
     mnu_Fullscreen.OnClick = [this] { Take_Size("frm_Homescreen.mnu_Fullscreen", true); };
     mnu_Aspect.OnClick = [this] { mnu_Aspect_Click(); };
-    mnu_About.OnClick = [this] { mnu_About_Click(); };
-    mnu_Checks.OnClick = [this] { mnu_Checks_Click(); };
-    mnu_Report.OnClick = [this] { mnu_Report_Click(); };
-    mnu_Studies.OnClick = [this] { mnu_Studies_Click(); };
     for (const auto& [entry, document] : Help_Documents())
         Get<MenuEntry>(entry).OnClick = [name = std::string(entry)] {
             Show_Help(Help_Document(name), "frm_Homescreen." + name);
@@ -307,35 +309,6 @@ std::optional<std::function<std::string()>> frm_HomeScreen::Linkage_Drawing() {
     };
 }
 
-void frm_HomeScreen::cmd_Input_Click() {
-    Guarded("frm_Homescreen.cmd_Input", [] { Show_Centered("frm_Inputnew"); });
-}
-
-void frm_HomeScreen::cmd_Animate_Click() {
-    Guarded("frm_Homescreen.cmd_Animate", [] {
-        Model.CurrentStep = 0;
-        Show_Centered("frm_Animate");
-    });
-}
-
-void frm_HomeScreen::cmd_Plot_Click() {
-    Guarded("frm_Homescreen.cmd_Plot", [] {
-        Model.ScreenReturn = true;
-        Show_Centered("frm_PlotType");
-    });
-}
-
-void frm_HomeScreen::cmd_Print_Click() {
-    Guarded("frm_Homescreen.cmd_Print", [] {
-        Model.ScreenReturn = true;
-        Show_Centered("frm_PrintSelect");
-    });
-}
-
-void frm_HomeScreen::cmd_Dynamics_Click() {
-    Guarded("frm_Homescreen.cmd_Dynamics", [] { Show_Centered("frm_MassProp"); });
-}
-
 void frm_HomeScreen::cmd_Balance_Click() {
     Guarded("frm_Homescreen.cmd_Balance", [] {
         if (Model.Calctype == 3)
@@ -351,8 +324,6 @@ void frm_HomeScreen::cmd_Quit_Click() {
         Show_Centered("frm_Quit");
     });
 }
-
-void frm_HomeScreen::mnu_New_Click() { New_Linkage(); }
 
 bool frm_HomeScreen::New_Linkage() {
     bool made = false;
@@ -388,23 +359,11 @@ void frm_HomeScreen::mnu_pick_Click(int Index) {
     });
 }
 
-void frm_HomeScreen::mnu_CalcFFT_Click() {
-    Guarded("frm_Homescreen.mnu_CalcFFT", [] { Show_Centered("frm_FFT"); });
-}
-
-void frm_HomeScreen::mnu_UserName_Click() { Tell("Current user name is " + Model.SessionUser, Icon::kInformation); }
-
 void frm_HomeScreen::mnu_FilePath_Click() {
     Guarded("frm_Homescreen.mnu_FilePath", [] {
         if (Model.FilePath.empty()) Find_Data_Folder();
         Tell("Path for saved files is " + Model.FilePath, Icon::kInformation);
     });
-}
-
-void frm_HomeScreen::mnu_AppPath_Click() { Tell("The application path is " + Model.AppPath, Icon::kInformation); }
-
-void frm_HomeScreen::mnu_ChangeUser_Click() {
-    Guarded("frm_Homescreen.mnu_ChangeUser", [] { Show_Centered("frm_User"); });
 }
 
 void frm_HomeScreen::Take_Size(const char* told_as, bool full) {
@@ -442,22 +401,6 @@ void frm_HomeScreen::mnu_Aspect_Click() {
         Keep_Size();
         Form_Activate();
     });
-}
-
-void frm_HomeScreen::mnu_About_Click() {
-    Guarded("frm_Homescreen.mnu_About", [] { Show_Centered("frm_About"); });
-}
-
-void frm_HomeScreen::mnu_Checks_Click() {
-    Guarded("frm_Homescreen.mnu_Checks", [] { Show_Centered("frm_Checks"); });
-}
-
-void frm_HomeScreen::mnu_Report_Click() {
-    Guarded("frm_Homescreen.mnu_Report", [] { Show_Centered("frm_Report"); });
-}
-
-void frm_HomeScreen::mnu_Studies_Click() {
-    Guarded("frm_Homescreen.mnu_Studies", [] { Show_Centered("frm_Studies"); });
 }
 
 }  // namespace verlink

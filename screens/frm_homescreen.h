@@ -187,47 +187,22 @@ class frm_HomeScreen : public platform::Screen {
     /// Ends the process should the window go all the same.
     void Form_Unload() override;
 
-    void cmd_Input_Click();
-    void cmd_Animate_Click();
-    void cmd_Plot_Click();
-    void cmd_Print_Click();
-    void cmd_Dynamics_Click();
     void cmd_Balance_Click();
     void cmd_Quit_Click();
 
-    void mnu_New_Click();
     /// The linkage that the program starts with, if the user still wants it when he is asked.
     bool New_Linkage();
     void mnu_RecentFile_Click(int Index);
     void mnu_pick_Click(int Index);
-    void mnu_CalcFFT_Click();
-    void mnu_Grashof_Click();
-    void mnu_Hoekens_Click();
-    void mnu_Roberts_Click();
-    void mnu_Watts_Click();
-    void mnu_Cheby_Click();
     void mnu_Syntest_Click();
     void mnu_Cog_Click(int Index);
-    void mnu_Cayley_Click();
-    void mnu_Twopos1_Click();
-    void mnu_Twopos2_Click();
-    void mnu_Unspec_Click();
-    void mnu_Spec_Click();
-    void mnu_Explore_Click();
-    void mnu_UserName_Click();
     void mnu_FilePath_Click();
-    void mnu_AppPath_Click();
-    void mnu_ChangeUser_Click();
     void mnu_Aspect_Click();
-    void mnu_About_Click();
-    void mnu_Checks_Click();
-    void mnu_Report_Click();
-    void mnu_Studies_Click();
 
    private:
     std::vector<std::string> recent_;  ///< as the menu shows them
-    /// A built-in linkage in inches, calculated, on the input screen.
-    void Show_Example(const std::string& entry, void (*example)());
+    /// Leads to a built-in linkage in inches, calculated, on the input screen.
+    void Lead_To_Example(MenuEntry& entry, void (*example)());
     void Use_Inches();
     void Name_Keys();
     void Take_Kept_Size();
@@ -242,6 +217,7 @@ class frm_HomeScreen : public platform::Screen {
     void Mark_Failing_Checks();
     void Bind_Buttons_And_Files();
     void Bind_Menus();
+    void Bind_Synthesis();
     void Note_Status_Width();
 };
 

@@ -1,6 +1,4 @@
 // The hub's menus of examples, cognates and synthesis.
-#include <string>
-
 #include "core/linkage_model.h"
 #include "core/model_on_screens.h"
 #include "core/parameters.h"
@@ -26,12 +24,16 @@ void Derive_Range() {
     Model.NSteps = Steps_Of(Model.ThetaStartRad, Model.ThetaEndRad, Model.ThetaStepRad);
 }
 
-void Show_Synthesis(const std::string& entry, const char* screen, int positions, bool pivots) {
-    Guarded("frm_Homescreen." + entry, [&] {
-        Model.SynPositions = positions;
-        Model.SpecifiedPivots = pivots;
-        Show_Centered(screen);
-    });
+/// Leads to a screen of synthesis; of two positions by that method.
+void Lead_To_Synthesis(platform::MenuEntry& entry, const char* screen, int positions, bool pivots, int method = 0) {
+    entry.OnClick = [=, told_as = "frm_Homescreen." + entry.Name()] {
+        if (method) Model.SynMethod = method;
+        Guarded(told_as, [&] {
+            Model.SynPositions = positions;
+            Model.SpecifiedPivots = pivots;
+            Show_Centered(screen);
+        });
+    };
 }
 
 }  // namespace
@@ -46,26 +48,41 @@ void frm_HomeScreen::Use_Inches() {
     Check_mnu_Units(*this, Model.Units);
 }
 
-void frm_HomeScreen::Show_Example(const std::string& entry, void (*example)()) {
-    Guarded("frm_Homescreen." + entry, [&] {
-        Use_Inches();
-        example();
-        Derive_Range();
-        Model.Calctype = 3;
-        Integer Result = kRetrying;
-        Crankangle(Result);
-        SeedCognate();
-        cmd_Input_Click();
-        Refresh_Status();
-        Set_Menus();
-    });
+void frm_HomeScreen::Lead_To_Example(MenuEntry& entry, void (*example)()) {
+    entry.OnClick = [this, told_as = "frm_Homescreen." + entry.Name(), example] {
+        Guarded(told_as, [&] {
+            Use_Inches();
+            example();
+            Derive_Range();
+            Model.Calctype = 3;
+            Integer Result = kRetrying;
+            Crankangle(Result);
+            SeedCognate();
+            cmd_Input.OnClick();
+            Refresh_Status();
+            Set_Menus();
+        });
+    };
 }
 
-void frm_HomeScreen::mnu_Grashof_Click() { Show_Example("mnu_Grashof", Testlinkage_old); }
-void frm_HomeScreen::mnu_Hoekens_Click() { Show_Example("mnu_Hoekens", Hoekens); }
-void frm_HomeScreen::mnu_Roberts_Click() { Show_Example("mnu_Roberts", Roberts); }
-void frm_HomeScreen::mnu_Watts_Click() { Show_Example("mnu_Watts", Watts); }
-void frm_HomeScreen::mnu_Cheby_Click() { Show_Example("mnu_Cheby", Chebychev); }
+void frm_HomeScreen::Bind_Synthesis() {
+    Lead_To_Example(mnu_Grashof, Testlinkage_old);
+    Lead_To_Example(mnu_Hoekens, Hoekens);
+    Lead_To_Example(mnu_Roberts, Roberts);
+    Lead_To_Example(mnu_Watts, Watts);
+    Lead_To_Example(mnu_Cheby, Chebychev);
+    mnu_Syntest.OnClick = [this] { mnu_Syntest_Click(); };
+    mnu_Cog.On(&MenuEntry::OnClick, [this](int index) { mnu_Cog_Click(index); });
+    mnu_Cayley.OnClick = [] {
+        Guarded("frm_Homescreen.mnu_Cayley", [] {
+            if (!Refuse_Parallelogram()) Show_Centered("frm_Cayley");
+        });
+    };
+    Lead_To_Synthesis(mnu_Twopos1, "frm_Synth2A", 1, false, 1);
+    Lead_To_Synthesis(mnu_Twopos2, "frm_Synth2B", 1, false, 2);
+    Lead_To_Synthesis(mnu_Unspec, "frm_Synth3", 2, false);
+    Lead_To_Synthesis(mnu_Spec, "frm_Synth3", 3, true);
+}
 
 void frm_HomeScreen::mnu_Syntest_Click() {
     Guarded("frm_Homescreen.mnu_Syntest", [this] {
@@ -84,31 +101,8 @@ void frm_HomeScreen::mnu_Cog_Click(int Index) {
     Guarded("frm_Homescreen.mnu_Cog", [this, Index] {
         if (Refuse_Parallelogram()) return;
         Switch_Cognate(Index);
-        cmd_Input_Click();
+        cmd_Input.OnClick();
     });
-}
-
-void frm_HomeScreen::mnu_Cayley_Click() {
-    Guarded("frm_Homescreen.mnu_Cayley", [] {
-        if (!Refuse_Parallelogram()) Show_Centered("frm_Cayley");
-    });
-}
-
-void frm_HomeScreen::mnu_Twopos1_Click() {
-    Model.SynMethod = 1;
-    Show_Synthesis("mnu_Twopos1", "frm_Synth2A", 1, false);
-}
-
-void frm_HomeScreen::mnu_Twopos2_Click() {
-    Model.SynMethod = 2;
-    Show_Synthesis("mnu_Twopos2", "frm_Synth2B", 1, false);
-}
-
-void frm_HomeScreen::mnu_Unspec_Click() { Show_Synthesis("mnu_Unspec", "frm_Synth3", 2, false); }
-void frm_HomeScreen::mnu_Spec_Click() { Show_Synthesis("mnu_Spec", "frm_Synth3", 3, true); }
-
-void frm_HomeScreen::mnu_Explore_Click() {
-    Guarded("frm_HomeScreen.mnu_Explore", [] { Show_Centered("frm_Explore"); });
 }
 
 }  // namespace verlink

@@ -162,14 +162,14 @@ TEST_F(HomeActivationTest, TheActivationSizesTheScreenByTheFullScreenFlag) {
 
 TEST_F(HomeActivationTest, InputShowsTheInputScreenModally) {
     desktop.Expect_Screen("frm_Inputnew", [](Screen& input) { input.Hide(); });
-    home.cmd_Input_Click();
+    home.cmd_Input.OnClick();
 }
 
 TEST_F(HomeActivationTest, AnimateStartsAtStep0) {
     Calculate_Turn();
     Model.CurrentStep = 17;
     desktop.Expect_Screen("frm_Animate", [](Screen& animate) { animate.Hide(); });
-    home.cmd_Animate_Click();
+    home.cmd_Animate.OnClick();
     EXPECT_LT(Model.CurrentStep, 2);
 }
 
@@ -188,11 +188,11 @@ TEST_F(HomeActivationTest, ButtonsOpenTheirScreens) {
         const char* screen;
         bool returns;
     };
-    const Way ways[] = {{[this] { home.cmd_Plot_Click(); }, "frm_PlotType", true},
-                        {[this] { home.cmd_Print_Click(); }, "frm_PrintSelect", true},
-                        {[this] { home.cmd_Dynamics_Click(); }, "frm_MassProp", false},
+    const Way ways[] = {{[this] { home.cmd_Plot.OnClick(); }, "frm_PlotType", true},
+                        {[this] { home.cmd_Print.OnClick(); }, "frm_PrintSelect", true},
+                        {[this] { home.cmd_Dynamics.OnClick(); }, "frm_MassProp", false},
                         {[this] { home.cmd_Balance_Click(); }, "frm_Balance", false},
-                        {[this] { home.mnu_CalcFFT_Click(); }, "frm_FFT", false}};
+                        {[this] { home.mnu_CalcFFT.OnClick(); }, "frm_FFT", false}};
     for (const Way& way : ways) {
         const bool added = !Screens::Knows(way.screen);
         if (added) Screens::Register(way.screen, [&] { return std::make_unique<Screen>(way.screen); });

@@ -97,7 +97,7 @@ TEST_F(HomeMenusTest, NewOfAModelThatIsNotModifiedOnlyAsksForTheConfirmation) {
     Model.CamDriven = true;
     Model_Kept();
     Expect_Confirmation(Answer::kOk);
-    home.mnu_New_Click();
+    home.mnu_New.OnClick();
     EXPECT_EQ(Model.L2, Single(1.115));
     EXPECT_FALSE(Model.Calculated);
     EXPECT_FALSE(Model.SavedFlag);
@@ -111,7 +111,7 @@ TEST_F(HomeMenusTest, NewThatIsNotConfirmedKeepsTheModelAndItsDrive) {
     Model.CamDriven = true;
     Model_Kept();
     Expect_Confirmation(Answer::kCancel);
-    home.mnu_New_Click();
+    home.mnu_New.OnClick();
     EXPECT_EQ(Model.L2, 9);
     EXPECT_TRUE(Model.CamDriven);
 }
@@ -123,7 +123,7 @@ TEST_F(HomeMenusTest, NewOffersToSaveAModifiedModelFirst) {
     desktop.Expect_Save(path);
     desktop.Expect_Message("File was successfully written to \r" + path);
     Expect_Confirmation(Answer::kOk);
-    home.mnu_New_Click();
+    home.mnu_New.OnClick();
     EXPECT_TRUE(platform::File_Exists(path));
     EXPECT_EQ(Model.ModelName, "Model_1");
 }
@@ -133,7 +133,7 @@ TEST_F(HomeMenusTest, NewWithoutSavingGoesOnToTheConfirmation) {
     Model.L2 = 9;
     desktop.Expect_Message(kUnsaved, Answer::kNo);
     Expect_Confirmation(Answer::kOk);
-    home.mnu_New_Click();
+    home.mnu_New.OnClick();
     EXPECT_FALSE(Model.Calculated);
 }
 
@@ -142,7 +142,7 @@ TEST_F(HomeMenusTest, NewAfterAMetricModelBringsBackTheLabelsAndTheMarkOfInches)
     Model_Kept();
     home.mnu_pick[5].Checked = true;
     Expect_Confirmation(Answer::kOk);
-    home.mnu_New_Click();
+    home.mnu_New.OnClick();
     EXPECT_EQ(Model.Units, 1);
     EXPECT_EQ(Model.UnitLabel(6), "in");
     EXPECT_TRUE(home.mnu_pick[1].Checked);

@@ -100,7 +100,7 @@ TEST_F(WithoutInputScreen, AnExampleIsCalculatedWhenTheInputScreenIsReached) {
     Initialize();
     Use_Units(1);
     desktop.Expect_Message_With("has occurred in frm_Homescreen.cmd_Input");
-    dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen")).mnu_Cheby_Click();
+    dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen")).mnu_Cheby.OnClick();
     EXPECT_TRUE(Model.Calculated);
 }
 
