@@ -12,8 +12,8 @@ Delayed_Plot_Screen::Delayed_Plot_Screen(const std::string& name, const std::str
     cmd_Replot.Tip = "Draw the plot again";
     Bind_Ways_Out(cmd_Back, cmd_PlotDone);
     cmd_Replot.OnClick = [this] { cmd_Replot_Click(); };
-    cmd_Back.OnClick = [this] { cmd_Back_Click(); };
-    cmd_PlotDone.OnClick = [this] { cmd_PlotDone_Click(); };
+    cmd_Back.OnClick = [this] { Go_Back(); };
+    cmd_PlotDone.OnClick = [this] { Leave(); };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
 }
 
@@ -38,8 +38,5 @@ void Delayed_Plot_Screen::Timer1_Timer() {
     // Who has left already wants no plot, and no word about one that fails.
     if (Visible()) cmd_Replot_Click();
 }
-
-void Delayed_Plot_Screen::cmd_Back_Click() { Go_Back(); }
-void Delayed_Plot_Screen::cmd_PlotDone_Click() { Leave(); }
 
 }  // namespace verlink

@@ -18,8 +18,6 @@ class Delayed_Plot_Screen : public Plot_Screen {
     void Form_Activate() override;
     void Timer1_Timer();
     virtual void cmd_Replot_Click() = 0;
-    void cmd_Back_Click();
-    void cmd_PlotDone_Click();
 
    protected:
     Delayed_Plot_Screen(const std::string& name, const std::string& selection);

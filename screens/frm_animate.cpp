@@ -80,9 +80,9 @@ void frm_Animate::Bind() {
     cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
     hsc_step.OnChange = [this] { hsc_step_Change(); };
     hsc_step.OnScroll = [this] { hsc_step_Scroll(); };
-    chk_Centrodes.OnClick = [this] { chk_Centrodes_Click(); };
-    chk_CouplerLines.OnClick = [this] { chk_CouplerLines_Click(); };
-    chk_autoscale.OnClick = [this] { chk_autoscale_Click(); };
+    chk_Centrodes.OnClick = [this] { Model.ShowCentrodesFlag = chk_Centrodes.Value ? "Y" : "N"; };
+    chk_CouplerLines.OnClick = [this] { cmd_Reset_Click(); };
+    chk_autoscale.OnClick = [this] { zoom.mnu_Zoomcontrol.Enabled = chk_autoscale.Value; };
     cmb_wait.OnChange = [this] { cmb_wait_Change(); };
     cmb_wait.OnClick = [this] { cmb_wait_Change(); };
     cmb_wait.OnLostFocus = [this] { WaitRefused = false; };
@@ -107,7 +107,7 @@ void frm_Animate::Bind() {
     };
 
     mnu_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_AnimateHelp"), "frm_Animate.mnu_Help"); };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
     Picture1.OnMouseMove = [this](int Button, int Shift, double X, double Y) {
         Picture1_MouseMove(Button, Shift, X, Y);
@@ -391,12 +391,6 @@ void frm_Animate::hsc_step_Scroll() {
     });
 }
 
-void frm_Animate::chk_Centrodes_Click() { Model.ShowCentrodesFlag = chk_Centrodes.Value ? "Y" : "N"; }
-
-void frm_Animate::chk_CouplerLines_Click() { cmd_Reset_Click(); }
-
-void frm_Animate::chk_autoscale_Click() { zoom.mnu_Zoomcontrol.Enabled = chk_autoscale.Value; }
-
 void frm_Animate::cmb_wait_Change() {
     // Of a number that is too large each further digit would be told of.
     std::optional<platform::Unheard> silence;
@@ -419,8 +413,6 @@ void frm_Animate::mnu_Redraw_Click() {
     Model.CurrentStep = 0;
     cmd_Step_Click();
 }
-
-void frm_Animate::mnu_Help_Click() { Show_Help(Help_Document("mnu_AnimateHelp"), "frm_Animate.mnu_Help"); }
 
 void frm_Animate::Timer1_Timer() {
     Timer1.Enabled = false;

@@ -110,16 +110,12 @@ class frm_Animate : public Linkage_Screen {
     void cmd_PlotPrint_Click();
     void hsc_step_Change();
     void hsc_step_Scroll();
-    void chk_Centrodes_Click();
-    void chk_CouplerLines_Click();
-    void chk_autoscale_Click();
     void cmb_wait_Change();
     void opt_OpenCross_Click(int Index) override;
     void txt_Linkout_LostFocus(int Index) override;
     void txt_initial_LostFocus(int Index);
     void txt_Figure_LostFocus();
     void mnu_Redraw_Click();
-    void mnu_Help_Click();
     void Timer1_Timer();
     /// Shift-drag: the target's length follows the mouse, measured at the position in the picture, and the whole run is
     /// solved anew. X and Y are world coordinates of the picture, Y as drawn.

@@ -104,10 +104,10 @@ void frm_Balance::Bind() {
     txt_Fluct.OnLostFocus = txt_Fluct.OnReturn = [this] { txt_Fluct_LostFocus(); };
     opt_Back.On(&platform::OptionButton::OnClick, [this](int) { opt_Back_Click(); });
     cmd_Calc.OnClick = [this] { cmd_Calc_Click(); };
-    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.OnClick = [this] { Print_Form(*this, CommonDialog1, "frm_Balance.cmd_Print"); };
     cmd_Print.Keys = "Ctrl+P";
-    cmd_copy.OnClick = [this] { cmd_copy_Click(); };
-    cmd_back.OnClick = [this] { cmd_back_Click(); };
+    cmd_copy.OnClick = [] { Tell_How_To_Copy(); };
+    cmd_back.OnClick = [this] { Hide(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
 }
 
@@ -310,12 +310,6 @@ void frm_Balance::opt_Back_Click() {
         PlotForceTorque();
     });
 }
-
-void frm_Balance::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_Balance.cmd_Print"); }
-
-void frm_Balance::cmd_copy_Click() { Tell_How_To_Copy(); }
-
-void frm_Balance::cmd_back_Click() { Hide(); }
 
 void frm_Balance::cmd_Done_Click() {
     Model.ScreenReturn = true;

@@ -70,9 +70,6 @@ class frm_Balance : public platform::Screen {
     void txt_Fluct_LostFocus();
     void opt_Back_Click();
     void cmd_Calc_Click();
-    void cmd_Print_Click();
-    void cmd_copy_Click();
-    void cmd_back_Click();
     void cmd_Done_Click();
     /// Magnitude of the shaking force, and driving torque, each before and after balancing, over the crank angle.
     void PlotForceTorque();

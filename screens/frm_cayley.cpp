@@ -24,7 +24,7 @@ frm_Cayley::frm_Cayley() : Screen("frm_Cayley") {
     opt_Cognate.On(&platform::OptionButton::OnClick, [this](int Index) { opt_Cognate_Click(Index); });
     mnu_Redraw.OnClick = cmd_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
     mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_CognateHelp"), "frm_Cayley.mnu_Help"); };
-    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Done.OnClick = [this] { Hide(); };
     for (const auto& box : txt_Linkout) box->Locked = true;
 
     const char* tips[] = {"Take the first linkage, the one of the green lines",
@@ -120,7 +120,5 @@ void frm_Cayley::Place_Labels() {
 void frm_Cayley::mnu_Redraw_Click() {
     Guarded("frm_Cayley.mnu_Redraw", [this] { Draw(); });
 }
-
-void frm_Cayley::cmd_Done_Click() { Hide(); }
 
 }  // namespace verlink

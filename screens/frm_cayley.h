@@ -53,7 +53,6 @@ class frm_Cayley : public platform::Screen {
 
     void opt_Cognate_Click(int Index);
     void mnu_Redraw_Click();
-    void cmd_Done_Click();
 
    private:
     /// The option of the cognate in force, without taking it.

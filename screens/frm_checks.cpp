@@ -50,8 +50,8 @@ frm_Checks::frm_Checks() : Screen("frm_Checks") {
     grd_Data.StatisticRows = 0;
     grd_Data.Wraps = true;
     cmd_Done.Tip = "Back to the home screen";
-    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    cmd_Done.OnClick = [this] { Hide(); };
+    mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_ChecksHelp"), "frm_Checks.mnu_Help"); };
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Done;
 }
@@ -91,9 +91,5 @@ void frm_Checks::Show(const std::vector<Check>& checks) {
     }
     grd_Data.Refresh();
 }
-
-void frm_Checks::mnu_Help_Click() { Show_Help(Help_Document("mnu_ChecksHelp"), "frm_Checks.mnu_Help"); }
-
-void frm_Checks::cmd_Done_Click() { Hide(); }
 
 }  // namespace verlink

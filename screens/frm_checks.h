@@ -26,8 +26,6 @@ class frm_Checks : public platform::Screen {
     platform::CommandButton cmd_Done{*this, "cmd_Done", "&Close"};
 
     void Form_Activate() override;
-    void mnu_Help_Click();
-    void cmd_Done_Click();
 
    private:
     void Show(const std::vector<Check>& checks);

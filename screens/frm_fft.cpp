@@ -41,9 +41,9 @@ frm_FFT::frm_FFT() : Screen("frm_FFT") {
     cmd_Clear1.OnClick = [this] { cmd_Clear1_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
-    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.OnClick = [this] { Print_Form(*this, CommonDialog1, "frm_FFT.Print"); };
     cmd_Print.Keys = "Ctrl+P";
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
     chk_Sticks.Value = true;
     for (auto* box : {&chk_HGrid, &chk_VGrid}) box->OnClick = [this] { Redraw(); };
     Keep_One(chk_Line, chk_Sticks, [this] { Redraw(); });
@@ -248,9 +248,5 @@ void frm_FFT::cmd_Cancel_Click() {
     Form_Unload();
     Hide();
 }
-
-void frm_FFT::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_FFT.Print"); }
-
-void frm_FFT::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 }  // namespace verlink

@@ -55,8 +55,6 @@ class frm_FFT : public platform::Screen {
     void cmd_Clear1_Click();
     void cmd_Done_Click();
     void cmd_Cancel_Click();
-    void cmd_Print_Click();
-    void cmd_Copy_Click();
 
    private:
     void Form_Load();

@@ -79,7 +79,7 @@ void frm_Inputnew::Bind_Boxes() {
 void frm_Inputnew::Bind_Choices() {
     opt_Calctype.On(&platform::OptionButton::OnClick, [this](int i) { opt_Calctype_Click(i); });
     opt_Modulo.On(&platform::OptionButton::OnClick, [this](int i) { opt_Modulo_Click(i); });
-    chk_autocalc.OnClick = [this] { chk_autocalc_Click(); };
+    chk_autocalc.OnClick = [this] { AutoCalc = chk_autocalc.Value; };
 }
 
 void frm_Inputnew::Bind_Actions() {
@@ -95,8 +95,8 @@ void frm_Inputnew::Bind_Actions() {
     mnu_Redraw.OnClick = [this] { mnu_Redraw_Click(); };
     mnu_Cog.On(&platform::MenuEntry::OnClick, [this](int i) { mnu_Cog_Click(i); });
     mnu_Cayley.OnClick = [this] { mnu_Cayley_Click(); };
-    mnu_Linkage.OnClick = [this] { mnu_Linkage_Click(); };
-    mnu_Calculations.OnClick = [this] { mnu_Calculations_Click(); };
+    mnu_Linkage.OnClick = [] { Show_Help(Help_Document("mnu_Linkdata"), "frm_Input.mnu_Linkage"); };
+    mnu_Calculations.OnClick = [] { Show_Help(Help_Document("mnu_LinkCalc"), "frm_Input.mnu_Calculations"); };
     mnu_HandHelp.OnClick = [] { Show_Help(Help_Document("mnu_HandHelp"), "frm_Input.mnu_HandHelp"); };
     Timer1.OnTimer = [this] { Timer1_Timer(); };
 }

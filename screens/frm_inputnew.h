@@ -108,7 +108,6 @@ class frm_Inputnew : public Linkage_Screen {
     void opt_Calctype_Click(int Index);
     void opt_OpenCross_Click(int Index) override;
     void opt_Modulo_Click(int Index);
-    void chk_autocalc_Click();
     void cmd_Calc_Click();
     void cmd_Step_Click();
     void cmd_Reset_Click();
@@ -121,8 +120,6 @@ class frm_Inputnew : public Linkage_Screen {
     void mnu_Redraw_Click();
     void mnu_Cog_Click(int Index);
     void mnu_Cayley_Click();
-    void mnu_Linkage_Click();
-    void mnu_Calculations_Click();
     void Timer1_Timer();
 
     void Run_Dragged(int step) override;

@@ -339,8 +339,6 @@ void frm_Inputnew::opt_Modulo_Click(int Index) {
     After_Change();
 }
 
-void frm_Inputnew::chk_autocalc_Click() { AutoCalc = chk_autocalc.Value; }
-
 // Other screens.
 
 void frm_Inputnew::mnu_Cog_Click(int Index) {
@@ -363,10 +361,6 @@ void frm_Inputnew::mnu_Cayley_Click() {
         Invalidate();
     });
 }
-
-void frm_Inputnew::mnu_Linkage_Click() { Show_Help(Help_Document("mnu_Linkdata"), "frm_Input.mnu_Linkage"); }
-
-void frm_Inputnew::mnu_Calculations_Click() { Show_Help(Help_Document("mnu_LinkCalc"), "frm_Input.mnu_Calculations"); }
 
 void frm_Inputnew::Leave() {
     Model.InputScreenOpen = false;

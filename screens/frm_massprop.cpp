@@ -58,8 +58,8 @@ frm_MassProp::frm_MassProp() : Screen("frm_MassProp") {
     chk_Torque.OnClick = [this] { chk_Torque_Click(); };
     cmd_Solve.OnClick = [this] { cmd_Solve_Click(); };
     cmd_Matrix.OnClick = [this] { cmd_Matrix_Click(); };
-    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Print.OnClick = [this] { Print_Form(*this, CommonDialog1, "frm_MassProp.cmd_Print"); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
     cmd_Print.Keys = "Ctrl+P";
@@ -251,10 +251,6 @@ void frm_MassProp::cmd_Solve_Click() {
 void frm_MassProp::cmd_Matrix_Click() {
     Guarded("frm_MassProp.cmd_Matrix", [] { Show_Centered("frm_Matrix"); });
 }
-
-void frm_MassProp::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_MassProp.cmd_Print"); }
-
-void frm_MassProp::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 void frm_MassProp::cmd_Cancel_Click() {
     Form_Unload();

@@ -87,8 +87,6 @@ class frm_MassProp : public platform::Screen {
     void chk_Torque_Click();
     void cmd_Solve_Click();
     void cmd_Matrix_Click();
-    void cmd_Print_Click();
-    void cmd_Copy_Click();
     void cmd_Cancel_Click();
     void cmd_Done_Click();
     /// Three messages on how external loads are to be given.

@@ -48,11 +48,11 @@ frm_Matrix::frm_Matrix() : Screen("frm_Matrix") {
     cmd_Copy.Tip = "How to copy this screen to the clipboard";
     cmd_Back.Tip = "Back to the data";
     cmd_Done.Tip = "Back to the data";
-    cmd_Print.OnClick = [this] { cmd_Print_Click(); };
+    cmd_Print.OnClick = [this] { Print_Form(*this, CommonDialog1, "frm_Matrix.cmd_Print"); };
     cmd_Print.Keys = "Ctrl+P";
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
-    cmd_Back.OnClick = [this] { cmd_Back_Click(); };
-    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
+    cmd_Back.OnClick = [this] { Hide(); };
+    cmd_Done.OnClick = [this] { Hide(); };
     table.mnu_CopyTable.Keys = "Ctrl+C";
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Back;
@@ -93,13 +93,5 @@ std::optional<Table_To_Save> frm_Matrix::Equations() {
         return sheet;
     });
 }
-
-void frm_Matrix::cmd_Print_Click() { Print_Form(*this, CommonDialog1, "frm_Matrix.cmd_Print"); }
-
-void frm_Matrix::cmd_Copy_Click() { Tell_How_To_Copy(); }
-
-void frm_Matrix::cmd_Back_Click() { Hide(); }
-
-void frm_Matrix::cmd_Done_Click() { Hide(); }
 
 }  // namespace verlink

@@ -67,10 +67,6 @@ class frm_Matrix : public platform::Screen {
     Table_Menu table{*this, [this] { return Equations(); }};
 
     void Form_Activate() override;
-    void cmd_Print_Click();
-    void cmd_Copy_Click();
-    void cmd_Back_Click();
-    void cmd_Done_Click();
 
     /// The numbers behind the labels.
     std::vector<double> Matrix, Right_Side;

@@ -114,8 +114,8 @@ void frm_PlotType::Bind() {
     for (PictureBox* picture : {&Picture4, &Picture5, &Picture6, &Picture7}) belongs_to(*picture, 2);
     belongs_to(Picture8, 3);
     cmd_PickPlotDone.OnClick = [this] { cmd_PickPlotDone_Click(); };
-    cmd_CancelPickPlot.OnClick = [this] { cmd_CancelPickPlot_Click(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    cmd_CancelPickPlot.OnClick = [this] { Hide(); };
+    mnu_Help.OnClick = [this] { Show_Help(Screen_Help_Document(Caption()), "frm_PlotType.mnu_Help"); };
 }
 
 void frm_PlotType::Form_Activate() {
@@ -142,9 +142,5 @@ void frm_PlotType::cmd_PickPlotDone_Click() {
         Show_Centered(kSelections[Model.PlotStyle - 1]);
     });
 }
-
-void frm_PlotType::cmd_CancelPickPlot_Click() { Hide(); }
-
-void frm_PlotType::mnu_Help_Click() { Show_Help(Screen_Help_Document(Caption()), "frm_PlotType.mnu_Help"); }
 
 }  // namespace verlink

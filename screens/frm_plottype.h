@@ -41,8 +41,6 @@ class frm_PlotType : public platform::Screen {
     void Picture_Click(int layout);
     void Picture_DblClick(int layout);
     void cmd_PickPlotDone_Click();
-    void cmd_CancelPickPlot_Click();
-    void mnu_Help_Click();
 
    private:
     void Bind();

@@ -20,12 +20,12 @@ frm_PrintData::frm_PrintData() : Screen("frm_PrintData") {
     DefaultButton = &cmd_Done;
     CancelButton = &cmd_Reprint;
 
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.OnClick = [] { Show_Help(Help_Document("mnu_PrintHelp"), "frm_PrintData.mnu_Help"); };
     cmd_Reprint.OnClick = [this] { cmd_Reprint_Click(); };
     cmd_Done.OnClick = [this] { cmd_Done_Click(); };
-    cmd_PrintForm.OnClick = [this] { cmd_PrintForm_Click(); };
+    cmd_PrintForm.OnClick = [this] { Print_Form(*this, CommonDialog1, "frm_PrintData.cmd_PrintForm"); };
     cmd_PrintForm.Keys = "Ctrl+P";
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
 }
 
 void frm_PrintData::Form_Activate() {
@@ -44,8 +44,6 @@ std::optional<Table_To_Save> frm_PrintData::Shown_Table() {
     });
 }
 
-void frm_PrintData::mnu_Help_Click() { Show_Help(Help_Document("mnu_PrintHelp"), "frm_PrintData.mnu_Help"); }
-
 void frm_PrintData::cmd_Reprint_Click() {
     Guarded("frm_PrintData.cmd_Reprint", [this] {
         Hide();
@@ -57,9 +55,5 @@ void frm_PrintData::cmd_Done_Click() {
     Model.ScreenReturn = true;
     Hide();
 }
-
-void frm_PrintData::cmd_PrintForm_Click() { Print_Form(*this, CommonDialog1, "frm_PrintData.cmd_PrintForm"); }
-
-void frm_PrintData::cmd_Copy_Click() { Tell_How_To_Copy(); }
 
 }  // namespace verlink

@@ -32,11 +32,8 @@ class frm_PrintData : public platform::Screen {
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
     void Form_Activate() override;
-    void mnu_Help_Click();
     void cmd_Reprint_Click();
     void cmd_Done_Click();
-    void cmd_PrintForm_Click();
-    void cmd_Copy_Click();
 
    private:
     std::optional<Table_To_Save> Shown_Table();

@@ -19,8 +19,8 @@ frm_Quit::frm_Quit() : Screen("frm_Quit") {
     CancelButton = &cmd_NoQuit;
     cmd_NoQuit.Tip = "Go on working";
     cmd_YesQuit.Tip = "Leave the program";
-    cmd_NoQuit.OnClick = [this] { cmd_NoQuit_Click(); };
-    cmd_YesQuit.OnClick = [this] { cmd_YesQuit_Click(); };
+    cmd_NoQuit.OnClick = [this] { Hide(); };
+    cmd_YesQuit.OnClick = [] { Terminate(); };
 }
 
 void frm_Quit::Form_Activate() {
@@ -29,9 +29,5 @@ void frm_Quit::Form_Activate() {
         cmd_NoQuit.SetFocus();
     });
 }
-
-void frm_Quit::cmd_NoQuit_Click() { Hide(); }
-
-void frm_Quit::cmd_YesQuit_Click() { Terminate(); }
 
 }  // namespace verlink

@@ -16,8 +16,6 @@ class frm_Quit : public platform::Screen {
     Help_Key key_Help{*this};
 
     void Form_Activate() override;
-    void cmd_NoQuit_Click();
-    void cmd_YesQuit_Click();
 };
 
 }  // namespace verlink

@@ -60,7 +60,7 @@ frm_Report::frm_Report() : Screen("frm_Report") {
             std::make_unique<Listed_Choice>(*box, "functions", std::vector<const platform::Control*>{&cmd_Cancel}));
     cmd_Save.OnClick = [this] { cmd_Save_Click(); };
     cmd_Save.Keys = "Ctrl+S";
-    cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
+    cmd_Cancel.OnClick = [this] { Hide(); };
 }
 
 void frm_Report::Write_Tips() {
@@ -172,7 +172,5 @@ void frm_Report::cmd_Save_Click() {
         Hide();
     });
 }
-
-void frm_Report::cmd_Cancel_Click() { Hide(); }
 
 }  // namespace verlink

@@ -33,7 +33,6 @@ class frm_Report : public platform::Screen {
 
     void Form_Activate() override;
     void cmd_Save_Click();
-    void cmd_Cancel_Click();
 
    private:
     void Write_Tips();

@@ -114,7 +114,7 @@ void frm_Studies::Bind() {
     Bind_Tolerances();
     Bind_Measures();
     cmd_Start.OnClick = [this] { cmd_Start_Click(); };
-    cmd_Stop.OnClick = [this] { cmd_Stop_Click(); };
+    cmd_Stop.OnClick = [this] { aside_.Stop(); };
     cmd_Take.OnClick = [this] { cmd_Take_Click(); };
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Before.OnClick = [this] { Step_Pick(-1); };
@@ -405,8 +405,6 @@ void frm_Studies::cmd_Start_Click() {
         Pulse();
     });
 }
-
-void frm_Studies::cmd_Stop_Click() { aside_.Stop(); }
 
 void frm_Studies::Pulse() {
     if (!begun_) return;

@@ -96,7 +96,6 @@ class frm_Studies : public platform::Screen {
     const study::Findings& Found() const { return found_; }
 
     void cmd_Start_Click();
-    void cmd_Stop_Click();
     void cmd_Take_Click();
     void cmd_Cancel_Click();
     void Pick(study::Number linkage);

@@ -74,7 +74,7 @@ void Function_Screen::Bind(const char* variables) {
     }
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Done.OnClick = [this] { Go_On(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.OnClick = [this] { Show_Help(Screen_Help_Document(Caption()), Name() + ".mnu_Help"); };
     cmd_Last.OnClick = [this] { cmd_Last_Click(); };
 }
 
@@ -174,7 +174,5 @@ void Function_Screen::cmd_Cancel_Click() {
         Show_Centered("frm_PlotType");
     });
 }
-
-void Function_Screen::mnu_Help_Click() { Show_Help(Screen_Help_Document(Caption()), Name() + ".mnu_Help"); }
 
 }  // namespace verlink

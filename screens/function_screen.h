@@ -54,7 +54,6 @@ class Function_Screen : public platform::Screen {
     void cmd_Clear_Click(int slot);
     virtual void cmd_Cancel_Click();
     virtual void cmd_Done_Click() = 0;
-    void mnu_Help_Click();
     void cmd_Last_Click();
 
    protected:

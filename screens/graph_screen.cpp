@@ -40,8 +40,8 @@ void Graph_Screen::Bind() {
     opt_Back.On(&platform::OptionButton::OnClick, [this](int) { opt_Back_Click(); });
     for (platform::CheckBox* box : {&chk_HGrid, &chk_VGrid}) box->OnClick = [this] { Style_Click(); };
     Keep_One(chk_Line, chk_Sticks, [this] { Style_Click(); });
-    cmd_Replot.OnClick = [this] { cmd_Replot_Click(); };
-    cmd_Done.OnClick = [this] { cmd_Done_Click(); };
+    cmd_Replot.OnClick = [this] { Go_Back(); };
+    cmd_Done.OnClick = [this] { Leave(); };
 }
 
 void Graph_Screen::Form_Activate() {
@@ -86,8 +86,5 @@ void Graph_Screen::opt_Back_Click() {
 void Graph_Screen::Style_Click() {
     Guarded(Procedure("Style"), [&] { Replot(); });
 }
-
-void Graph_Screen::cmd_Replot_Click() { Go_Back(); }
-void Graph_Screen::cmd_Done_Click() { Leave(); }
 
 }  // namespace verlink

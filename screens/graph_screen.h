@@ -32,8 +32,6 @@ class Graph_Screen : public Plot_Screen {
     void Form_Activate() override;
     void opt_Back_Click();
     void Style_Click();
-    void cmd_Replot_Click();
-    void cmd_Done_Click();
 
    protected:
     Graph_Screen(const std::string& name, const std::string& selection, std::initializer_list<int> graphs);

@@ -17,10 +17,10 @@ Plot_Screen::Plot_Screen(const std::string& name, std::string selection)
     Height() = kWorkHeight;
     cmd_PlotPrint.Tip = "Print this screen";
     cmd_Copy.Tip = "How to copy this screen to the clipboard";
-    cmd_PlotPrint.OnClick = [this] { cmd_PlotPrint_Click(); };
+    cmd_PlotPrint.OnClick = [this] { Print_Form(*this, CommonDialog1, Procedure("cmd_PlotPrint")); };
     cmd_PlotPrint.Keys = "Ctrl+P";
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
+    mnu_Help.OnClick = [this] { Show_Help(Screen_Help_Document(Caption()), Procedure("mnu_Help")); };
 }
 
 void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::CommandButton& next) {
@@ -29,12 +29,6 @@ void Plot_Screen::Bind_Ways_Out(platform::CommandButton& back, platform::Command
     CancelButton = &back;
     DefaultButton = &next;
 }
-
-void Plot_Screen::cmd_PlotPrint_Click() { Print_Form(*this, CommonDialog1, Procedure("cmd_PlotPrint")); }
-
-void Plot_Screen::cmd_Copy_Click() { Tell_How_To_Copy(); }
-
-void Plot_Screen::mnu_Help_Click() { Show_Help(Screen_Help_Document(Caption()), Procedure("mnu_Help")); }
 
 void Plot_Screen::Go_Back() {
     Guarded(Procedure("Back"), [&] {

@@ -27,10 +27,6 @@ class Plot_Screen : public platform::Screen {
     platform::CommandButton cmd_Copy{*this, "cmd_Copy", "&Copy"};
     platform::CommonDialog CommonDialog1{*this, "CommonDialog1"};
 
-    void cmd_PlotPrint_Click();
-    void cmd_Copy_Click();
-    void mnu_Help_Click();
-
    protected:
     /// `selection` is the name of the screen that chooses the functions and leads here.
     Plot_Screen(const std::string& name, std::string selection);

@@ -55,9 +55,9 @@ Synthesis_Screen::Synthesis_Screen(const std::string& name, int positions, std::
     cmd_Cancel.OnClick = [this] { cmd_Cancel_Click(); };
     cmd_Print.OnClick = [this] { cmd_Print_Click(); };
     cmd_Print.Keys = "Ctrl+P";
-    cmd_Copy.OnClick = [this] { cmd_Copy_Click(); };
+    cmd_Copy.OnClick = [] { Tell_How_To_Copy(); };
     cmd_Explore.OnClick = [this] { cmd_Explore_Click(); };
-    mnu_Help.OnClick = [this] { mnu_Help_Click(); };
+    mnu_Help.OnClick = [this] { Show_Help(Help_Document("mnu_SynthHelp"), Name() + ".mnu_Help"); };
     Label* values[] = {&lbl_Wmag[1], &lbl_Zmag[1], &lbl_Umag[1], &lbl_Smag[1], &lbl_P21mag};
     for (int i = 0; i < 5; ++i) Follow(lbl_Symbol[i], *values[i]);
     Label* angles[] = {&lbl_Theta, &lbl_Phi, &lbl_Sigma, &lbl_Xi, &lbl_Alpha2, &lbl_Beta2, &lbl_Gamma2, &lbl_Theta1[1]};
@@ -278,10 +278,6 @@ void Synthesis_Screen::Form_Unload() {
 void Synthesis_Screen::cmd_Print_Click() {
     Guarded(Name() + ".cmd_Print", [this] { Ask_And_Print(*this, CommonDialog1, Print_Note); });
 }
-
-void Synthesis_Screen::cmd_Copy_Click() { Tell_How_To_Copy(); }
-
-void Synthesis_Screen::mnu_Help_Click() { Show_Help(Help_Document("mnu_SynthHelp"), Name() + ".mnu_Help"); }
 
 Two_Position_Screen::Two_Position_Screen(const std::string& name, std::initializer_list<int> magnitudes)
     : Synthesis_Screen(name, 2, magnitudes) {

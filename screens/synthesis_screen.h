@@ -127,8 +127,6 @@ class Synthesis_Screen : public platform::Screen {
     void cmd_Done_Click();
     void cmd_Cancel_Click();
     void cmd_Print_Click();
-    void cmd_Copy_Click();
-    void mnu_Help_Click();
     void cmd_Explore_Click();
 
     /// Why a calculation of this screen would not come to that linkage, in words; empty where it does.
