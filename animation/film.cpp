@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "animation/engine.h"
-#include "core/numeric.h"
 
 namespace verlink {
 

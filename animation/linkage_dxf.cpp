@@ -1,12 +1,10 @@
 // What of a run lies on which layer.
 #include "animation/linkage_dxf.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "core/joints.h"
-#include "core/numeric.h"
 #include "files/drawing_scale.h"
 
 namespace verlink {

@@ -1,7 +1,6 @@
 // The ears are told in the order in which they came.
 #include "animation/shown.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>

@@ -1,7 +1,6 @@
 // A solve for the forces of 2881 steps beside the time that as many dense systems take; balancing; a drag with forces.
 #include <benchmark/benchmark.h>
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <random>

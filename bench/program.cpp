@@ -1,7 +1,6 @@
 // Starts the program without windows, for the benchmarks.
 #include "bench/program.h"
 
-#include <unistd.h>
 
 #include <cstdlib>
 #include <ctime>
@@ -11,7 +10,6 @@
 
 #include "batch/headless_desktop.h"
 #include "core/linkage_model.h"
-#include "core/parameters.h"
 #include "core/runs.h"
 #include "core/text.h"
 #include "platform/guard.h"

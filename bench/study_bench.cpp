@@ -12,7 +12,6 @@
 #include "core/linkage_model.h"
 #include "study/in_order.h"
 #include "study/study.h"
-#include "study/summary.h"
 
 namespace verlink::bench {
 

@@ -1,7 +1,6 @@
 // What the run's table has of each step, beside the second solution.
 #include "checks/motion.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "checks/worst.h"

@@ -4,7 +4,6 @@
 #include "checks/motion.h"
 #include "core/array.h"
 #include "core/number.h"
-#include "core/record/mass.h"
 
 namespace verlink::checks {
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "checks/check.h"
-#include "checks/pose.h"
 
 namespace verlink {
 struct LinkageModel;

@@ -4,7 +4,6 @@
 // stand behind __SSE2__ and __AVX2__, each beside plain code for other machines.
 #include <cfloat>
 #include <climits>
-#include <cstdint>
 #include <limits>
 
 namespace verlink {

@@ -3,7 +3,6 @@
 
 #include "core/lanes.h"
 #include "core/number.h"
-#include "core/position.h"
 #include "core/steps_at_once.h"
 
 namespace verlink {

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include "core/number.h"
 #include "core/text.h"

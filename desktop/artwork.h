@@ -4,7 +4,6 @@
 #include <QPointF>
 #include <QWidget>
 #include <optional>
-#include <vector>
 
 namespace verlink::desktop {
 

@@ -1,5 +1,4 @@
 // The widgets of pictures, graphs and charts, and what the hand on them does.
-#include <memory>
 #include <string>
 
 #include "desktop/bind.h"

@@ -4,7 +4,6 @@
 #include <QString>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/desktop_services.h"

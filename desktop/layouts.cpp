@@ -7,9 +7,14 @@
 
 #include "desktop/form.h"
 #include "desktop/grid.h"
-#include "desktop/layouts_report.h"
 
 namespace verlink::desktop {
+
+/// A layout of so many parts of a kind.
+template <auto layout, int parts>
+void Of(Form& form, QWidget* room) {
+    layout(form, room, parts);
+}
 
 Layout layoutFor(const std::string& screen) {
     static const std::map<std::string, Layout> layouts{
@@ -23,16 +28,16 @@ Layout layoutFor(const std::string& screen) {
         {"frm_Matrix", layoutMatrix},
         {"frm_Quit", layoutQuit},
         {"frm_FFT", layoutFFT},
-        {"frm_Myplot2", layoutMyplot2},
-        {"frm_MyPlot3", layoutMyPlot3},
+        {"frm_Myplot2", Of<layoutAligned, 2>},
+        {"frm_MyPlot3", Of<layoutAligned, 4>},
         {"frm_MyPlot4", layoutMyPlot4},
-        {"frm_Plot1", layoutPlot1},
-        {"frm_Plot2", layoutPlot2},
-        {"frm_Plot3", layoutPlot3},
-        {"frm_PlotSelect1", layoutPlotSelect1},
-        {"frm_PlotSelect2", layoutPlotSelect2},
-        {"frm_PlotSelect3", layoutPlotSelect3},
-        {"frm_PlotSelect4", layoutPlotSelect4},
+        {"frm_Plot1", Of<layoutGraphs, 1>},
+        {"frm_Plot2", Of<layoutGraphs, 2>},
+        {"frm_Plot3", Of<layoutGraphs, 4>},
+        {"frm_PlotSelect1", Of<layoutFunctions, 4>},
+        {"frm_PlotSelect2", Of<layoutFunctions, 2>},
+        {"frm_PlotSelect3", Of<layoutFunctions, 4>},
+        {"frm_PlotSelect4", Of<layoutFunctions, 1>},
         {"frm_PlotType", layoutPlotType},
         {"frm_PrintData", layoutPrintData},
         {"frm_PrintSelect", layoutPrintSelect},

@@ -1,6 +1,5 @@
 // How the plots sit: graphs in their mount, aligned windows above one another, the polar plot.
 #include <QLabel>
-#include <algorithm>
 
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
@@ -15,30 +14,6 @@ namespace verlink::desktop {
 namespace {
 
 constexpr int kMount = 2;  ///< pixels of the mount around a graph
-
-void layoutGraphs(Form& form, QWidget* room, int graphs) {
-    auto* windows = new QGridLayout;
-    windows->setSpacing(kMount);
-    for (int i = 0; i < graphs; ++i)
-        windows->addWidget(form.widget("grf_Plot", i), graphs == 4 ? i / 2 : i, graphs == 4 ? i % 2 : 0);
-    form.frame("pct_Frame")->setMounted(windows, kMount);
-
-    QHBoxLayout* middle = row();
-    middle->addWidget(form.widget("pct_Frame"), 1);
-    middle->addWidget(foldingSummary(form));
-
-    QHBoxLayout* foot = row();
-    foot->addWidget(strip(form, "fra_Grid", rowOf({form.widget("chk_HGrid"), form.widget("chk_VGrid")})));
-    foot->addWidget(strip(form, "fra_Style", rowOf({form.widget("chk_Line"), form.widget("chk_Sticks")})));
-    foot->addWidget(strip(form, "fra_Back",
-                          rowOf({form.widget("opt_Back", 0), form.widget("opt_Back", 1), form.widget("opt_Back", 2)})));
-    addWays(form, foot, "cmd_PlotPrint", "cmd_Replot", "cmd_Done");
-
-    QVBoxLayout* all = page(room);
-    all->addLayout(headerStrip(form));
-    all->addLayout(middle, 1);
-    all->addLayout(foot);
-}
 
 /// What one window of an aligned plot shows, at its left: the function, and its extremes.
 QLayout* aside(Form& form, int window) {
@@ -109,20 +84,6 @@ void setBesideSummary(Form& form, QWidget* room, QLayout* plots, QWidget* (*choi
     all->addLayout(foot);
 }
 
-void layoutAligned(Form& form, QWidget* room, int windows) {
-    auto* plots = new QGridLayout;
-    plots->setHorizontalSpacing(kGap);
-    plots->setVerticalSpacing(kGap - 2);
-    plots->setColumnMinimumWidth(0, 124);
-    plots->setColumnStretch(1, 1);
-    for (int i = 0; i < windows; ++i) {
-        plots->addLayout(aside(form, i), i, 0);
-        plots->addWidget(alignedWindow(form, i, windows == 2 ? kOfTwo : kOfFour), i, 1);
-        plots->setRowStretch(i, 1);
-    }
-    setBesideSummary(form, room, plots, nullptr);
-}
-
 /// What is shown and, while paused, of which step: one strip under the plot.
 QWidget* polarChoices(Form& form) {
     QHBoxLayout* all = row();
@@ -143,11 +104,43 @@ QWidget* polarChoices(Form& form) {
 
 }  // namespace
 
-void layoutPlot1(Form& form, QWidget* room) { layoutGraphs(form, room, 1); }
-void layoutPlot2(Form& form, QWidget* room) { layoutGraphs(form, room, 2); }
-void layoutPlot3(Form& form, QWidget* room) { layoutGraphs(form, room, 4); }
-void layoutMyplot2(Form& form, QWidget* room) { layoutAligned(form, room, 2); }
-void layoutMyPlot3(Form& form, QWidget* room) { layoutAligned(form, room, 4); }
+void layoutGraphs(Form& form, QWidget* room, int graphs) {
+    auto* windows = new QGridLayout;
+    windows->setSpacing(kMount);
+    for (int i = 0; i < graphs; ++i)
+        windows->addWidget(form.widget("grf_Plot", i), graphs == 4 ? i / 2 : i, graphs == 4 ? i % 2 : 0);
+    form.frame("pct_Frame")->setMounted(windows, kMount);
+
+    QHBoxLayout* middle = row();
+    middle->addWidget(form.widget("pct_Frame"), 1);
+    middle->addWidget(foldingSummary(form));
+
+    QHBoxLayout* foot = row();
+    foot->addWidget(strip(form, "fra_Grid", rowOf({form.widget("chk_HGrid"), form.widget("chk_VGrid")})));
+    foot->addWidget(strip(form, "fra_Style", rowOf({form.widget("chk_Line"), form.widget("chk_Sticks")})));
+    foot->addWidget(strip(form, "fra_Back",
+                          rowOf({form.widget("opt_Back", 0), form.widget("opt_Back", 1), form.widget("opt_Back", 2)})));
+    addWays(form, foot, "cmd_PlotPrint", "cmd_Replot", "cmd_Done");
+
+    QVBoxLayout* all = page(room);
+    all->addLayout(headerStrip(form));
+    all->addLayout(middle, 1);
+    all->addLayout(foot);
+}
+
+void layoutAligned(Form& form, QWidget* room, int windows) {
+    auto* plots = new QGridLayout;
+    plots->setHorizontalSpacing(kGap);
+    plots->setVerticalSpacing(kGap - 2);
+    plots->setColumnMinimumWidth(0, 124);
+    plots->setColumnStretch(1, 1);
+    for (int i = 0; i < windows; ++i) {
+        plots->addLayout(aside(form, i), i, 0);
+        plots->addWidget(alignedWindow(form, i, windows == 2 ? kOfTwo : kOfFour), i, 1);
+        plots->setRowStretch(i, 1);
+    }
+    setBesideSummary(form, room, plots, nullptr);
+}
 
 void layoutMyPlot4(Form& form, QWidget* room) {
     PictureWidget* picture = form.picture("pct_Plot");

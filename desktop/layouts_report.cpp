@@ -1,9 +1,8 @@
 // How the screen of the report sits: chapters at the left, plots at the right.
-#include "desktop/layouts_report.h"
-
 #include "desktop/form.h"
 #include "desktop/frame_box.h"
 #include "desktop/grid.h"
+#include "desktop/layouts.h"
 
 namespace verlink::desktop {
 

@@ -95,21 +95,6 @@ QHBoxLayout* ways(Form& form, QHBoxLayout* foot, const char* back) {
     return foot;
 }
 
-void layoutFunctions(Form& form, QWidget* room, int slots) {
-    QVBoxLayout* inner = column(kGroupGap);
-    if (form.has("fra_Method")) inner->addLayout(methods(form));
-    inner->addLayout(cards(form, slots));
-    form.frame("frm_Plotstyle")->setContent(inner);
-    QHBoxLayout* foot = row(kGroupGap);
-    foot->addWidget(choice(form, "fra_coord", "opt_Coord", 2));
-    if (form.has("fra_Style")) foot->addWidget(choice(form, "fra_Style", "opt_Plotstyle", 2));
-    ways(form, foot, form.has("cmd_Cancel") ? "cmd_Cancel" : "cmd_CancelPlotData");
-    QVBoxLayout* all = page(room);
-    all->addWidget(form.widget("frm_Plotstyle"));
-    all->addStretch(1);
-    all->addLayout(foot);
-}
-
 /// The sketches of a layout's windows and the option under them.
 QWidget* sketches(Form& form, int layout, QLayout* windows) {
     QVBoxLayout* all = column();
@@ -127,6 +112,21 @@ PictureWidget* sketch(Form& form, int number) {
 }
 
 }  // namespace
+
+void layoutFunctions(Form& form, QWidget* room, int slots) {
+    QVBoxLayout* inner = column(kGroupGap);
+    if (form.has("fra_Method")) inner->addLayout(methods(form));
+    inner->addLayout(cards(form, slots));
+    form.frame("frm_Plotstyle")->setContent(inner);
+    QHBoxLayout* foot = row(kGroupGap);
+    foot->addWidget(choice(form, "fra_coord", "opt_Coord", 2));
+    if (form.has("fra_Style")) foot->addWidget(choice(form, "fra_Style", "opt_Plotstyle", 2));
+    ways(form, foot, form.has("cmd_Cancel") ? "cmd_Cancel" : "cmd_CancelPlotData");
+    QVBoxLayout* all = page(room);
+    all->addWidget(form.widget("frm_Plotstyle"));
+    all->addStretch(1);
+    all->addLayout(foot);
+}
 
 void layoutPlotType(Form& form, QWidget* room) {
     auto* types = new QGridLayout;
@@ -153,11 +153,6 @@ void layoutPlotType(Form& form, QWidget* room) {
     all->addLayout(types, 1);
     all->addLayout(foot);
 }
-
-void layoutPlotSelect1(Form& form, QWidget* room) { layoutFunctions(form, room, 4); }
-void layoutPlotSelect2(Form& form, QWidget* room) { layoutFunctions(form, room, 2); }
-void layoutPlotSelect3(Form& form, QWidget* room) { layoutFunctions(form, room, 4); }
-void layoutPlotSelect4(Form& form, QWidget* room) { layoutFunctions(form, room, 1); }
 
 void layoutPrintSelect(Form& form, QWidget* room) {
     QVBoxLayout* all = page(room);

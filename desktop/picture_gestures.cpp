@@ -8,7 +8,6 @@
 #include <QPointingDevice>
 #include <QTimer>
 #include <QWheelEvent>
-#include <algorithm>
 #include <cmath>
 #include <utility>
 

@@ -9,7 +9,6 @@
 #include "core/linkage_model.h"
 #include "core/model_on_screens.h"
 #include "core/numeric.h"
-#include "core/text.h"
 #include "output/catalogue.h"
 #include "output/output_axis.h"
 #include "output/panels.h"

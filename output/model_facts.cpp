@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "core/numeric.h"
 #include "core/text.h"
 
 namespace verlink {

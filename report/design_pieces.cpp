@@ -1,7 +1,6 @@
 // Counterweights, flywheel, synthesis and cognates in tables.
 #include <algorithm>
 #include <array>
-#include <complex>
 
 #include "core/numeric.h"
 #include "core/text.h"

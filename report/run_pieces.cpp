@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "core/numeric.h"
-#include "core/text.h"
 #include "output/graph_svg.h"
 #include "output/plot_windows.h"
 #include "output/reading.h"

@@ -12,7 +12,6 @@
 #include "core/classification.h"
 #include "core/linkage_model.h"
 #include "core/model_on_screens.h"
-#include "core/numeric.h"
 #include "core/parameters.h"
 #include "core/results.h"
 #include "core/runs.h"

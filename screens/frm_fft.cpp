@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "core/linkage_model.h"
-#include "core/model_on_screens.h"
 #include "core/results.h"
 #include "core/text.h"
 #include "core/window_sizes.h"

@@ -26,7 +26,6 @@
 #include "platform/settings.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"
-#include "screens/frm_checks.h"
 #include "screens/help_documents.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"

@@ -4,7 +4,6 @@
 #include "core/number.h"
 #include "platform/desktop_services.h"
 #include "platform/overlaid_picture.h"
-#include "platform/screen.h"
 #include "screens/drawing_entry.h"
 #include "screens/edit_menu.h"
 #include "screens/file_entries.h"

@@ -1,5 +1,4 @@
 // The input screen: a run is calculated, stepped through and zoomed.
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>

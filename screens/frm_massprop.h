@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/desktop_services.h"
 #include "platform/screen.h"

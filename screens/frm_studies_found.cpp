@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "core/numeric.h"
 #include "core/text.h"

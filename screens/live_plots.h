@@ -1,7 +1,6 @@
 // The pane of the animate screen that plots functions of the run while the linkage moves.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "core/text.h"
 #include "dynamics/typed_units.h"

@@ -1,5 +1,4 @@
 // A run is played once into a film, and everything is put back.
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>

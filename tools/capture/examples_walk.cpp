@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "core/linkage_model.h"
 #include "files/in_hand.h"
 #include "platform/desktop_services.h"
 #include "screens/frm_explore.h"

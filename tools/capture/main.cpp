@@ -15,7 +15,6 @@
 #include <string>
 #include <utility>
 
-#include "core/linkage_model.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/quiet_style.h"
 #include "files/in_hand.h"

@@ -6,7 +6,6 @@
 #include <QRect>
 #include <cstddef>
 #include <string>
-#include <vector>
 
 #include "platform/clip.h"
 #include "tools/capture/walk.h"
