@@ -131,7 +131,7 @@ void Drawsub(int step, platform::Screen& form) {
         Pen pen(form);
         const Place A = Point_At(step, 0);
         if (Model.HideLinksFlag == "N") Draw_Links(pen, A, Point_At(step, 1), Point_At(step, 2));
-        if (Model.Calctype == 4) Draw_Cam_Follower(pen, step, A);
+        if (Model.Calctype == run::kCamDriven) Draw_Cam_Follower(pen, step, A);
         if (Model.DynamicsDone) DrawMassCenters(step, pen);
         if (Model.BalanceDone) DrawBalanceWeights(step, pen);
     });
@@ -155,7 +155,7 @@ void Drawpivots(platform::Screen& form) {
             pen.Pin(pivot, Model.PivotRadius, color);
             pen.Pin(pivot, Model.PinRadius, color);
         }
-        if (Model.Calctype != 4) return;
+        if (Model.Calctype != run::kCamDriven) return;
         const double factor = Shown_Factor();
         const Place cam{-Model.CamCenterX * factor, -Model.CamCenterY * factor};
         pen.Circle(cam, Model.CamDiameter * factor, color);
@@ -191,9 +191,9 @@ void DrawCouplerCurve(platform::Screen& form) {
                 pen_up = false;
             }
             if (At_Origin(step)) continue;
-            if (mode == 3)
+            if (mode == run::kByAngle)
                 pen.Line_To(P, Model.ColorGreen);
-            else if (mode != 1)
+            else if (mode != run::kOnePosition)
                 pen.Pin(P, Model.PinRadius / 2, Model.ColorBlack);
         }
         if (Model.ShowCouplerLinesFlag == "Y") DrawCentrodeCurves(form);

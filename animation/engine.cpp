@@ -153,7 +153,7 @@ void Autoscale() {
             // In centimetres and millimetres each length counts a second time, which sets the margin there.
             if (factor != 1) sum += Model.LinkArray(link) * factor;
         }
-        if (Model.Calctype == 4) {
+        if (Model.Calctype == run::kCamDriven) {
             const auto lower = [&](Single center) {
                 const Single edge = -((Sign_Of(center) * Model.CamDiameter) / 2 + center) * factor;
                 if (edge < Model.AnimMin) Model.AnimMin = edge;
@@ -321,7 +321,7 @@ void Step_Setup(platform::Screen& form, bool& lock) {
             // A link-driven run has no case: its count moves, and nothing is drawn.
             default: break;
         }
-        if (Model.Calctype > 1) ++Model.CurrentStep;
+        if (Model.Calctype > run::kOnePosition) ++Model.CurrentStep;
     });
 }
 

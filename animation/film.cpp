@@ -32,10 +32,10 @@ std::vector<int> Steps_Shown(const Drive& drive, const RunResults& table) {
 }
 
 std::optional<double> Real_Stride(const Drive& drive) {
-    if (drive.Calctype < 2) return {};
+    if (drive.Calctype < run::kByTime) return {};
     // That of a crank at rest is infinite.
-    const double stride =
-        drive.Calctype == 3 ? drive.ThetaStep * kDegToRad / std::abs(double{drive.Omega2}) : double{drive.TimeStep};
+    const double stride = drive.Calctype == run::kByAngle ? drive.ThetaStep * kDegToRad / std::abs(double{drive.Omega2})
+                                                          : double{drive.TimeStep};
     if (!(stride > 0) || !std::isfinite(stride)) return {};
     return stride;
 }

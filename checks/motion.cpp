@@ -193,7 +193,7 @@ std::vector<Step> Checked_Steps(const LinkageModel& model) {
         s.number = n;
         const double alpha2 = table.Alpha(n, 0);
         const Vector A = At(table.PointXY, n, 0) / shown;
-        s.drive = {std::arg(A), table.Omega(n, 0), alpha2, model.Calctype > 3 ? before : alpha2,
+        s.drive = {std::arg(A), table.Omega(n, 0), alpha2, model.Imported() ? before : alpha2,
                    table.Theta(n, 0) / kDegrees};
         before = alpha2;
         s.pose = Pose_At(shape, s.drive.th2);

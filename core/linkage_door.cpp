@@ -124,8 +124,7 @@ class Way_Back {
 void Release_Drive() {
     Model.CamDriven = false;
     Model.LinkDriven = false;
-    constexpr int kByAngle = 3;
-    if (Model.Calctype > kByAngle) Model.Calctype = kByAngle;
+    if (Model.Imported()) Model.Calctype = run::kByAngle;
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ void Refresh_Status() {
 void Set_Menus() {
     Guarded("Set_Menus", [] {
         const bool calculated = Model.Calculated;
-        const bool stepped = calculated && Model.Calctype > 1;
+        const bool stepped = calculated && Model.Calctype > run::kOnePosition;
         const char* first = "Calculate a linkage on the input screen first";
         const char* range = "Calculate a range of positions on the input screen first";
         Allow_Button("cmd_Animate", "frm_Animate", stepped, "Watch the linkage move, and drag its joints",

@@ -329,7 +329,7 @@ void Get_Linkage_Geometry(Screen& screen, Road road) {
         }
         Disable(screen, "cmd_Animate");
         Disable(screen, "cmd_Done");
-        if (Model.Calctype == 5) Get_Delta2();
+        if (Model.Calctype == run::kLinkDriven) Get_Delta2();
         Model.RedrawFlag = "Y";
         // The screens tell the class of the linkage in hand, run or not.
         Classify_Linkage();
@@ -359,12 +359,12 @@ bool Get_Initial_Conditions(Screen& screen) {
     bool accepted = true;
     const Drive before = Model;
     const bool ended = Guarded("Get_Initial_Conditions", [&] {
-        if (Model.Calctype == 1) {
+        if (Model.Calctype == run::kOnePosition) {
             Model.ThetaZero = Read_Initial(screen, 0, Text_Of(Model.ThetaZero));
             screen.Text("txt_initial", 1).Text = screen.Text("txt_initial", 0).Text;
-        } else if (Model.Calctype == 2) {
+        } else if (Model.Calctype == run::kByTime) {
             accepted = Get_Time_Conditions(screen);
-        } else if (Model.Calctype == 3) {
+        } else if (Model.Calctype == run::kByAngle) {
             accepted = Get_Angle_Conditions(screen);
         }
         if (!Same_Limits(before, Model)) {
@@ -392,7 +392,7 @@ void Put_Angle_Initial_Conditions(Screen& screen) {
         Caption_Line(screen, 3, "Omega2", "rad/s");
         Caption_Line(screen, 4, "Alpha2", "rad/s^2");
         Caption_Line(screen, 5, "Theta Zero", "deg");
-        if (Model.Calctype == 1)
+        if (Model.Calctype == run::kOnePosition)
             Caption_Read_Out("Alpha2", "rad/s^2");
         else
             Caption_Read_Out("Theta2", "deg");
@@ -404,14 +404,14 @@ void Put_Time_Initial_Conditions(Screen& screen) {
         Show(screen, "txt_initial", 0, Text_Of(Model.TimeStart));
         Show(screen, "txt_initial", 1, Text_Of(Model.TimeEnd));
         Show(screen, "txt_initial", 2, Text_Of(Model.TimeStep));
-        const bool link_driven = Model.Calctype == 5;
+        const bool link_driven = Model.Calctype == run::kLinkDriven;
         Show(screen, "txt_initial", 4, Text_Of(link_driven ? Model.Delta2 : Model.Alpha2));
         Caption_Line(screen, 0, "Start Time", "sec");
         Caption_Line(screen, 1, "End Time", "sec");
         Caption_Line(screen, 2, "Delta Time", "sec");
         Caption_Line(screen, 3, "Omega Zero", "rad/s");
         Caption_Line(screen, 4, link_driven ? "Delta 2" : "Alpha2", link_driven ? "deg" : "rad/s^2");
-        Caption_Line(screen, 5, Model.Calctype < 4 ? "ThetaZero" : "Thetazero", "deg");
+        Caption_Line(screen, 5, Model.Imported() ? "Thetazero" : "ThetaZero", "deg");
         Caption_Read_Out("Time", "sec");
     });
 }

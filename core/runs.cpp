@@ -197,7 +197,7 @@ void Imported_Run(Integer& Result) {
         const Single own = Model.Alpha2;
         for (int step = 0; step <= Model.NSteps; ++step) {
             const double drive = Model.RunTable.DriveTheta(step);
-            const double degrees = Model.Calctype == 4
+            const double degrees = Model.Calctype == run::kCamDriven
                                        ? Model.CamDirection * drive + Model.CamPhase + Model.ThetaZero - Model.Delta2
                                        : drive - Model.Link1Angle + Model.Delta2;
             Model.Theta2Rad = degrees * kDegToRad;
@@ -218,7 +218,7 @@ void Noconnect(Single& ThetaRad, Integer& step, Integer& LastPoint, Integer& Res
         Model.NoConnectSeen = true;
         table.Assembled(step) = false;
         if (Result != kIgnoring && Result != kAborted) Ask_About(degrees, Result);
-        for (int i = Model.Calctype >= 4 ? 1 : 0; i <= 2; ++i) {
+        for (int i = Model.Imported() ? 1 : 0; i <= 2; ++i) {
             table.Theta(step, i) = 0;
             table.Omega(step, i) = 0;
             table.Alpha(step, i) = 0;
@@ -256,8 +256,8 @@ bool Divided_Into_Steps(const Drive& drive) {
     const auto reached = [&](double first, double last, double increment) {
         return increment != 0 && std::abs((last - first) / increment - drive.NSteps) <= 0.5 + kRounding;
     };
-    if (drive.Calctype == 2) return reached(drive.TimeStart, drive.TimeEnd, drive.TimeStep);
-    if (drive.Calctype != 3) return true;
+    if (drive.Calctype == run::kByTime) return reached(drive.TimeStart, drive.TimeEnd, drive.TimeStep);
+    if (drive.Calctype != run::kByAngle) return true;
     return reached(drive.ThetaStart, drive.ThetaEnd, drive.ThetaStep) &&
            reached(drive.ThetaStartRad, drive.ThetaEndRad, drive.ThetaStepRad);
 }

@@ -23,8 +23,6 @@ Wrap Wrap_Mode() {
     return Wrap::kNone;
 }
 
-bool Is_Imported() { return Model.Calctype > 3; }
-
 void Require_Finite(double sum) {
     if (!Is_Finite(sum)) platform::Raise(platform::kOverflow);
 }
@@ -115,7 +113,7 @@ void Store_Ratios(int step) {
 void Store_Motion(int step) {
     const auto& m = Model;
     auto& table = Model.RunTable;
-    if (!Is_Imported()) {
+    if (!Model.Imported()) {
         table.Omega(step, 0) = m.Omega2;
         table.Alpha(step, 0) = m.Alpha2;
     }
@@ -135,7 +133,7 @@ void Solve_Step(Integer step, Integer& Result) {
     auto& m = Model;
     m.RunTable.Assembled(step) = true;
     // In an imported run the first acceleration term still has the acceleration of the step before.
-    const double alpha2 = Is_Imported() ? m.ImportedAlpha2 : m.Alpha2;
+    const double alpha2 = Model.Imported() ? m.ImportedAlpha2 : m.Alpha2;
     Position<double> positions[1];
     auto& p = positions[0];
     p.Theta2 = m.Theta2Rad;
@@ -148,7 +146,7 @@ void Solve_Step(Integer step, Integer& Result) {
     Store_Angles(step, p);
     Store_Ratios(step);
     Store_Motion(step);
-    if (!Is_Imported() && !m.Parallelogram) Centrodes(step);
+    if (!Model.Imported() && !m.Parallelogram) Centrodes(step);
     const double factor = Shown_Factor();
     const bool scaled = Scale_Positions(step, factor, 0, 2) && Scale_Velocities(step, factor, 0, 2) &&
                         Scale_Accelerations(step, factor, 0, 4);
@@ -181,7 +179,8 @@ StepsAtOnce::StepsAtOnce(Lanes lanes)
 
 bool StepsAtOnce::Is_Possible(int step) const {
     const int last = step + kSteps - 1;
-    return step >= resume_ && Is_Finite(run_.shape.Sum) && last < Model.NSteps && last <= kLastStep && !Is_Imported();
+    return step >= resume_ && Is_Finite(run_.shape.Sum) && last < Model.NSteps && last <= kLastStep &&
+           !Model.Imported();
 }
 
 bool StepsAtOnce::Solve_All(int step, const double* theta2, const double* omega2) {

@@ -15,7 +15,6 @@ namespace verlink {
 namespace {
 
 constexpr double kNearToggle = 10, kPoorTransmission = 40;
-constexpr int kOnePosition = 1, kTimeSteps = 2, kCamDriven = 4;
 constexpr const char* kNames[] = {"Link 1", "Link 2 (Crank)", "Link 3 (Coupler)", "Link 4 (Rocker)"};
 
 std::string Degrees(double angle, int decimals = 1) { return FNRoundStr(angle, decimals) + " deg"; }
@@ -131,19 +130,19 @@ std::string Closes_Nowhere(const Telling& telling, const Longest& longest) {
 
 /// The crank angles of a run as it is driven, global, degrees.
 std::vector<double> Angles_Of_Run(const LinkageModel& model) {
-    if (model.Calctype == kOnePosition) return {model.ThetaZero};
+    if (model.Calctype == run::kOnePosition) return {model.ThetaZero};
     std::vector<double> angles;
     for (int step = 0; step <= model.NSteps; ++step) {
         const double t = model.TimeStart + step * model.TimeStep, drive = model.RunTable.DriveTheta(step);
-        if (model.Calctype == kTimeSteps)
+        if (model.Calctype == run::kByTime)
             angles.push_back((model.Alpha2 * t * t / 2 + model.Omega2Input * t) * kRadToDeg + model.ThetaZero);
-        else if (model.Calctype < kCamDriven && model.Omega2Input > 0)
+        else if (!model.Imported() && model.Omega2Input > 0)
             angles.push_back(std::min<double>(model.ThetaStart + step * model.ThetaStep, model.ThetaEnd));
-        else if (model.Calctype < kCamDriven)
+        else if (!model.Imported())
             // At rest every step repeats the first position.
             angles.push_back(std::max<double>(model.ThetaEnd - (model.Omega2Input == 0 ? 0 : step * model.ThetaStep),
                                               model.ThetaStart));
-        else if (model.Calctype == kCamDriven)
+        else if (model.Calctype == run::kCamDriven)
             angles.push_back(model.CamDirection * drive + model.CamPhase + model.ThetaZero - model.Delta2 +
                              model.Link1Angle);
         else

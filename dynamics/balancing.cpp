@@ -16,8 +16,6 @@ using platform::Tell;
 
 namespace {
 
-constexpr int kByAngle = 3;
-
 /// What is missing of a required mass-radius product, as magnitude and angle.
 void Take_Need(const MassProperties& m, BalanceWeights& weights, int link, Single required_x, Single required_y) {
     const Single mx = m.LinkMass(link) * m.CG(link, 0) * std::cos(m.CG(link, 1));
@@ -49,7 +47,7 @@ ForceSolve Solve_Weights(const Balancing& balancing, const Array<Single, 0, 4>& 
     switch (balancing.calctype) {
         case 1: Tell("Cannot balance a linkage for one position." + advice); break;
         case 2: Tell("Cannot balance a linkage for Time Steps." + advice); break;
-        case kByAngle:
+        case run::kByAngle:
             return Dynacalc(balancing.run, -1, BerkMass, weights.BerkInertia, weights.BerkCG, table.BerkForce,
                             table.BerkTorque);
         default: Tell(std::string("Cannot balance a cam- or linkage-driven linkage.") + CR); break;
@@ -139,7 +137,7 @@ ForceSolve Berkof_Calc(const Balancing& balancing, Array<Single, 0, 4>& BerkMass
 
 void Balance_Closed_Steps(const LoadedRun& run, std::span<char> solved) {
     BalanceWeights weights;
-    const Balancing by_angle{run, kByAngle, weights};
+    const Balancing by_angle{run, run::kByAngle, weights};
     Take_Needs(by_angle);
     Place_Weights(by_angle);
     Complete_Weights(run.loads, weights, weights.BerkMass, weights.BerkRadius);

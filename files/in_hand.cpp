@@ -10,7 +10,6 @@ namespace verlink {
 
 namespace {
 
-constexpr int kByAngle = 3;
 constexpr int kOwnDrives = 3;
 
 std::shared_ptr<Document>& In_Hand() {
@@ -51,8 +50,8 @@ bool Is_Counted(const FileField& field, int mode) {
     switch (field.counts) {
         case Counts::kYes: return true;
         case Counts::kNo: return false;
-        case Counts::kByAngle: return mode == kByAngle;
-        case Counts::kByTime: return mode != kByAngle;
+        case Counts::kByAngle: return mode == run::kByAngle;
+        case Counts::kByTime: return mode != run::kByAngle;
     }
     return true;
 }

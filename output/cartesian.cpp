@@ -42,7 +42,7 @@ std::string Bottom_Title() {
 }
 
 void Show_Initial_Frame(Screen& screen) {
-    platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
+    platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = !Model.Imported(); });
 }
 
 /// The unit in a graph of several functions and in a window of the aligned style, which have none for a transform.
@@ -78,7 +78,7 @@ struct X_Span {
 };
 
 X_Span Span_Of_X() {
-    if (Model.Calctype != 3) return {Model.TimeStart, Model.TimeEnd};
+    if (Model.Calctype != run::kByAngle) return {Model.TimeStart, Model.TimeEnd};
     if (Model.FFTFunction) return {0, Last_Point()};
     if (Model.Omega2 < 0) return {Model.ThetaEnd, Model.ThetaStart};
     return {Model.ThetaStart, Model.ThetaEnd};
@@ -107,7 +107,8 @@ struct Curve {
 Curve Curve_Of(const Drive& drive, const RunResults& table, const Element& y, int last) {
     Curve curve;
     for (int step = 0; step <= last; ++step) {
-        curve.x.push_back(drive.Calctype == 3 ? Angle_On_Axis(drive, table, step) : double{table.Theta(step, 0)});
+        curve.x.push_back(drive.Calctype == run::kByAngle ? Angle_On_Axis(drive, table, step)
+                                                          : double{table.Theta(step, 0)});
         curve.y.push_back(y(step));
     }
     return curve;

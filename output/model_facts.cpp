@@ -58,8 +58,7 @@ class Facts {
     }
 
     void Drive() {
-        constexpr int kOnePosition = 1, kByAngle = 3;
-        const bool by_angle = m_.Calctype == kByAngle;
+        const bool by_angle = m_.Calctype == run::kByAngle;
         constexpr const char* kRuns[] = {"One position", "Time steps", "Angle steps", "Cam driven", "Link driven"};
         const int kind = m_.Calctype;
         if (kind >= 1 && kind <= 5) Words("Run", kRuns[kind - 1]);
@@ -70,12 +69,12 @@ class Facts {
             Number("Omega2", m_.Omega2Input, m_.UnitLabel(2));
             return;
         }
-        if (kind != kOnePosition) {
+        if (kind != run::kOnePosition) {
             Number("Start Time", m_.TimeStart, "sec");
             Number("End Time", m_.TimeEnd, "sec");
             Number("Delta Time", m_.TimeStep, "sec");
         }
-        if (kind > kByAngle) return;
+        if (m_.Imported()) return;
         Angle("Theta2 at the start", m_.ThetaZero);
         Number("Omega2 at the start", m_.Omega2Input, m_.UnitLabel(2));
         Number("Alpha2", m_.Alpha2, m_.UnitLabel(3));

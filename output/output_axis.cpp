@@ -8,7 +8,9 @@
 
 namespace verlink {
 
-bool Steps_Are_Times(const LinkageModel& model) { return model.Calctype != 1 && model.Calctype != 3; }
+bool Steps_Are_Times(const LinkageModel& model) {
+    return model.Calctype != run::kOnePosition && model.Calctype != run::kByAngle;
+}
 
 Axis Output_Axis() {
     if (Model.FFTFunction) return Axis::kHarmonic;

@@ -37,7 +37,7 @@ void Put_Run_Line(Screen& screen, int index, const RunLine& line) {
 
 void Put_Run_Lines(Screen& screen, const Drive& drive, std::array<RunLine, 6> lines) {
     // Where a table drives the crank, texts of limits are of another drive, and so is what stands behind them.
-    if (drive.Calctype >= 4) {
+    if (drive.Imported()) {
         constexpr int kTimeDecimals = 4;
         const auto time = [](double seconds) { return Text_Of(Single(FNRound(seconds, kTimeDecimals))); };
         lines[0].value = time(drive.TimeStart);

@@ -110,8 +110,7 @@ void MyPolarPlotSetup(Screen& screen) {
         Show_Run_Panel(screen);
         Model.PolarVectors = screen.Get<CheckBox>("chk_Vectors").Value;
         Model.PolarEnvelope = screen.Get<CheckBox>("chk_Envelope").Value;
-        platform::With<Frame>(screen, "fra_Initial", kNoIndex,
-                              [](Frame& frame) { frame.Visible = Model.Calctype < 4; });
+        platform::With<Frame>(screen, "fra_Initial", kNoIndex, [](Frame& frame) { frame.Visible = !Model.Imported(); });
         Put_Coordinate_Labels(screen, Model.CoordSystem);
         // With neither, the mode stays.
         if (Model.PolarEnvelope && Model.PolarVectors)

@@ -15,7 +15,6 @@ namespace verlink {
 
 namespace {
 
-constexpr int kByAngle = 3, kOnePosition = 1;
 constexpr int kAngleUnit = 1;  ///< of `UnitLabel`
 constexpr double kTurn = 360;
 
@@ -64,12 +63,12 @@ double Turned(const Drive& drive, int step) {
 }
 
 double Angle_At(const Drive& drive, int step) {
-    if (drive.Calctype == kOnePosition) return drive.ThetaZero;
+    if (drive.Calctype == run::kOnePosition) return drive.ThetaZero;
     return drive.Omega2Input > 0 ? drive.ThetaStart + Turned(drive, step) : drive.ThetaEnd - Turned(drive, step);
 }
 
 double Time_At(const Drive& drive, int step) {
-    if (drive.Calctype != kByAngle) return step * drive.TimeStep + drive.TimeStart;
+    if (drive.Calctype != run::kByAngle) return step * drive.TimeStep + drive.TimeStart;
     return Turned(drive, step) * kDegToRad / std::abs(drive.Omega2Input);
 }
 
@@ -112,7 +111,8 @@ std::vector<double> Series(const Output_Function& function, const RunResults& ta
 }
 
 Abscissa Abscissa_In_Force(Abscissa wished, const Drive& drive) {
-    const bool timeless = drive.Calctype == kOnePosition || (drive.Calctype == kByAngle && drive.Omega2Input == 0);
+    const bool timeless =
+        drive.Calctype == run::kOnePosition || (drive.Calctype == run::kByAngle && drive.Omega2Input == 0);
     return timeless ? Abscissa::kAngle : wished;
 }
 
@@ -127,8 +127,8 @@ Stations Stations_Of(Abscissa wished, const Drive& drive, const RunResults& tabl
         return stations;
     }
     stations.title = "Crank Angle (Deg)";
-    if (drive.Calctype == kByAngle || drive.Calctype == kOnePosition) {
-        const int decimals = Decimals_Of_Angles(drive.Calctype == kByAngle ? drive.ThetaStep : drive.ThetaZero);
+    if (drive.Calctype == run::kByAngle || drive.Calctype == run::kOnePosition) {
+        const int decimals = Decimals_Of_Angles(drive.Calctype == run::kByAngle ? drive.ThetaStep : drive.ThetaZero);
         for (int step = 0; step <= last; ++step) label(Angle_At(drive, step), decimals);
     } else {
         stations.places = Angles(table, last, link1_angle);

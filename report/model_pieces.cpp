@@ -16,11 +16,9 @@ namespace verlink::report {
 namespace {
 
 constexpr char kSpeed[] = "rad/s", kAcceleration[] = "rad/s^2", kSeconds[] = "sec";
-constexpr int kOnePosition = 1, kByTime = 2, kByAngle = 3, kCamDriven = 4, kLinkDriven = 5;
-
 const char* Run_Words(int calctype) {
     constexpr std::array kWords{"One Position", "Time Steps", "Angle Steps", "Cam Driven", "Link Driven"};
-    return kWords.at(static_cast<std::size_t>(std::clamp(calctype, kOnePosition, kLinkDriven) - 1));
+    return kWords.at(static_cast<std::size_t>(std::clamp(calctype, run::kOnePosition, run::kLinkDriven) - 1));
 }
 
 Report_Table Linkage_Table(const LinkageModel& model) {
@@ -51,23 +49,23 @@ Report_Table Drive_Table(const LinkageModel& model) {
     };
     const int mode = model.Calctype;
     row("Calculation Mode", Run_Words(mode), "");
-    if (mode == kByAngle) {
+    if (mode == run::kByAngle) {
         row("Min Theta", model.ThetaStartStr, kDegrees);
         row("Max Theta", model.ThetaEndStr, kDegrees);
         row("Delta Theta", model.ThetaStepStr, kDegrees);
         row("Omega2", Text_Of(model.Omega2Input), kSpeed);
-    } else if (mode != kOnePosition) {
+    } else if (mode != run::kOnePosition) {
         row("Start Time", Text_Of(model.TimeStart), kSeconds);
         row("End Time", Text_Of(model.TimeEnd), kSeconds);
         row("Delta Time", Text_Of(model.TimeStep), kSeconds);
     }
-    if (mode == kOnePosition || mode == kByTime) {
+    if (mode == run::kOnePosition || mode == run::kByTime) {
         row("Theta Zero", Text_Of(model.ThetaZero), kDegrees);
-        row(mode == kByTime ? "Omega Zero" : "Omega2", Text_Of(model.Omega2Input), kSpeed);
+        row(mode == run::kByTime ? "Omega Zero" : "Omega2", Text_Of(model.Omega2Input), kSpeed);
         row("Alpha2", Text_Of(model.Alpha2), kAcceleration);
     }
-    if (mode >= kCamDriven) row("Driven by", model.Model5Name, "");
-    if (mode == kLinkDriven) row("Delta 2", Text_Of(model.Delta2), kDegrees);
+    if (model.Imported()) row("Driven by", model.Model5Name, "");
+    if (mode == run::kLinkDriven) row("Delta 2", Text_Of(model.Delta2), kDegrees);
     return table;
 }
 

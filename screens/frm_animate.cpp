@@ -127,7 +127,7 @@ void frm_Animate::Form_Activate() {
         live.Arrived();
         Unlock_Run_Buttons();
         zoom.mnu_Zoomcontrol.Enabled = chk_autoscale.Value;
-        (Model.Calctype < 2 ? cmd_Done : cmd_Animate).SetFocus();
+        (Model.Calctype < run::kByTime ? cmd_Done : cmd_Animate).SetFocus();
         Unlock_Run_Buttons();
         Model.LinkEdited = false;
     });
@@ -147,7 +147,7 @@ void frm_Animate::Fill() {
     hsc_step.SetValue(0);
     if (Model.Grashof_Code == "NL") cmd_Animate.Enabled = false;
     fra_toggle.Visible = Model.Grashof_Code == "N";
-    for (int box : {1, 2}) txt_initial[box].Enabled = Model.Calctype != 1;
+    for (int box : {1, 2}) txt_initial[box].Enabled = Model.Calctype != run::kOnePosition;
     for (auto& label : lbl_Units) label->Caption = Model.UnitLabel(6);
     Fill_By_Calctype();
     Show_Initial_Panel();
@@ -187,15 +187,15 @@ void frm_Animate::Show_Settings() {
 
 void frm_Animate::Fill_By_Calctype() {
     const int mode = Model.Calctype;
-    const bool by_angle = mode >= 3;
-    if (mode >= 1 && mode <= 5) Put_Linkage_Geometry(*this);
-    if (mode == 1 || mode == 3) Put_Angle_Initial_Conditions(*this);
-    if (mode == 2) Put_Time_Initial_Conditions(*this);
+    const bool by_angle = mode >= run::kByAngle;
+    if (mode >= run::kOnePosition && mode <= run::kLinkDriven) Put_Linkage_Geometry(*this);
+    if (mode == run::kOnePosition || mode == run::kByAngle) Put_Angle_Initial_Conditions(*this);
+    if (mode == run::kByTime) Put_Time_Initial_Conditions(*this);
     pnl_cw.Visible = by_angle;
     pnl_ccw.Visible = by_angle;
-    pnl_time.Visible = mode == 2;
-    ShowInitial = mode < 4;
-    ShowCamDriven = mode >= 4;
+    pnl_time.Visible = mode == run::kByTime;
+    ShowInitial = !Model.Imported();
+    ShowCamDriven = Model.Imported();
 }
 
 void frm_Animate::Form_Unload() {
@@ -231,7 +231,7 @@ void frm_Animate::Lock_Run_Buttons() {
 }
 
 void frm_Animate::Unlock_Run_Buttons() {
-    const bool several = Model.Calctype >= 2;
+    const bool several = Model.Calctype >= run::kByTime;
     cmd_Animate.Enabled = several;
     cmd_Step.Enabled = several;
     cmd_Reset.Enabled = true;
@@ -244,7 +244,7 @@ void frm_Animate::Unlock_Run_Buttons() {
 
 void frm_Animate::Solve() {
     Integer Result = kRetrying;
-    if (Model.Calctype < 4) {
+    if (!Model.Imported()) {
         // An undo may have come to a linkage that was synthesised and never run.
         if (Divided_Into_Steps(Model) || Get_Initial_Conditions(*this)) Calc_Setup(Model.Calctype, Result);
     } else {
@@ -290,7 +290,7 @@ void frm_Animate::Show_Dragged(int step) {
     Step(*this, shown);
     hsc_step.SetValue(step);
     StepLock = lock;
-    Model.CurrentStep = Model.Calctype > 1 ? step + 1 : 0;
+    Model.CurrentStep = Model.Calctype > run::kOnePosition ? step + 1 : 0;
 }
 
 void frm_Animate::txt_Linkout_LostFocus(int Index) {

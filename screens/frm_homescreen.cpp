@@ -310,7 +310,7 @@ std::optional<std::function<std::string()>> frm_HomeScreen::Linkage_Drawing() {
 
 void frm_HomeScreen::cmd_Balance_Click() {
     Guarded("frm_Homescreen.cmd_Balance", [] {
-        if (Model.Calctype == 3)
+        if (Model.Calctype == run::kByAngle)
             Show_Centered("frm_Balance");
         else
             Tell(kNoConstantOmega, Icon::kInformation);

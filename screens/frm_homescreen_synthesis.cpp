@@ -54,7 +54,7 @@ void frm_HomeScreen::Lead_To_Example(MenuEntry& entry, void (*example)()) {
             Use_Inches();
             example();
             Derive_Range();
-            Model.Calctype = 3;
+            Model.Calctype = run::kByAngle;
             Integer Result = kRetrying;
             Crankangle(Result);
             SeedCognate();

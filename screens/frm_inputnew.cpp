@@ -71,7 +71,8 @@ void frm_Inputnew::Bind_Boxes() {
     txt_Thetazero.OnLostFocus = txt_Thetazero.OnReturn = [this] { txt_Thetazero_LostFocus(); };
     Read_As_Limits(txt_initial);
     Reads_As(txt_initial[3], Model, Quantity::kSpeed);
-    Reads_As(txt_initial[4], Model, [] { return Model.Calctype == 5 ? Quantity::kAngle : Quantity::kAcceleration; });
+    Reads_As(txt_initial[4], Model,
+             [] { return Model.Calctype == run::kLinkDriven ? Quantity::kAngle : Quantity::kAcceleration; });
     Reads_As(txt_Thetazero, Model, Quantity::kAngle);
     txt_Figure.OnLostFocus = txt_Figure.OnReturn = [this] { txt_Figure_LostFocus(); };
 }

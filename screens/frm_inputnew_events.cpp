@@ -154,36 +154,36 @@ void frm_Inputnew::Form_QueryUnload(bool& cancel) {
 void frm_Inputnew::Show_Values() {
     const int mode = Model.Calctype;
     Put_Linkage_Geometry(*this);
-    if (mode == 2) Put_Time_Initial_Conditions(*this);
-    if (mode == 1 || mode == 3) Put_Angle_Initial_Conditions(*this);
-    if (mode == 1) txt_initial[0].Text = Text_Of(Model.ThetaZero);
-    if (mode <= 2) {
+    if (mode == run::kByTime) Put_Time_Initial_Conditions(*this);
+    if (mode == run::kOnePosition || mode == run::kByAngle) Put_Angle_Initial_Conditions(*this);
+    if (mode == run::kOnePosition) txt_initial[0].Text = Text_Of(Model.ThetaZero);
+    if (mode <= run::kByTime) {
         txt_initial[4].Text = Text_Of(Model.Alpha2);
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
     }
-    if (mode < 4) {
+    if (!Model.Imported()) {
         txt_initial[3].Text = Text_Of(Model.Omega2Input);
         if (opt_Calctype.Has(mode)) opt_Calctype[mode].Value = true;
     }
-    if (mode == 5) txt_initial[4].Text = Text_Of(Model.Delta2);
+    if (mode == run::kLinkDriven) txt_initial[4].Text = Text_Of(Model.Delta2);
     Label_Mode();
 }
 
 void frm_Inputnew::Label_Mode() {
     const int mode = Model.Calctype;
-    const bool limits = mode == 2 || mode == 3;
-    const bool speed = mode < 4;
-    const bool last = mode == 1 || mode == 2 || mode == 5;
+    const bool limits = mode == run::kByTime || mode == run::kByAngle;
+    const bool speed = !Model.Imported();
+    const bool last = mode == run::kOnePosition || mode == run::kByTime || mode == run::kLinkDriven;
     for (int i = 0; i <= 4; ++i) {
         const bool shown = i <= 2 ? limits : i == 3 ? speed : last;
         lbl_Initial[i].Visible = shown;
         txt_initial[i].Visible = shown;
         lbl_Unit[i].Visible = shown;
     }
-    for (int i = 0; i <= 2; ++i) lbl_Unit[i].Caption = mode == 2 ? "sec" : "deg";
-    lbl_Unit[4].Caption = mode == 5 ? "deg" : "rad/s^2";
-    if (mode == 5) lbl_Initial[4].Caption = "Delta 2";
-    if (mode >= 4) lbl_Initial[5].Caption = "Thetazero";
+    for (int i = 0; i <= 2; ++i) lbl_Unit[i].Caption = mode == run::kByTime ? "sec" : "deg";
+    lbl_Unit[4].Caption = mode == run::kLinkDriven ? "deg" : "rad/s^2";
+    if (mode == run::kLinkDriven) lbl_Initial[4].Caption = "Delta 2";
+    if (Model.Imported()) lbl_Initial[5].Caption = "Thetazero";
 
     fra_calcmode.Visible = speed;
     for (auto& option : opt_Calctype) option->Visible = speed;
@@ -192,10 +192,10 @@ void frm_Inputnew::Label_Mode() {
     lbl_camdriven.Caption = std::string(" This linkage is being driven by ") +
                             "s-v-a data imported from the file: " + CR + CR + Model.Model5Name;
 
-    txt_Thetazero.BackColor = mode <= 2 ? Model.ColorYellow : Model.ColorCyan;
-    pnl_cw.Visible = mode >= 3;
-    pnl_ccw.Visible = mode >= 3;
-    pnl_time.Visible = mode == 2;
+    txt_Thetazero.BackColor = mode <= run::kByTime ? Model.ColorYellow : Model.ColorCyan;
+    pnl_cw.Visible = mode >= run::kByAngle;
+    pnl_ccw.Visible = mode >= run::kByAngle;
+    pnl_time.Visible = mode == run::kByTime;
 }
 
 void frm_Inputnew::Allow_Time_Steps() { opt_Calctype[2].Enabled = Model.Grashof_Code != "N"; }
@@ -216,12 +216,12 @@ void frm_Inputnew::Invalidate() {
 
 void frm_Inputnew::Take_Speeds() {
     const int mode = Model.Calctype;
-    if (mode < 4) Take_Motion(txt_initial[3], Model.Omega2Input);
-    if (mode <= 2) {
+    if (!Model.Imported()) Take_Motion(txt_initial[3], Model.Omega2Input);
+    if (mode <= run::kByTime) {
         Take_Motion(txt_initial[4], Model.Alpha2);
         Take_Motion(txt_Thetazero, Model.ThetaZero);
     }
-    if (mode == 5) Take_Motion(txt_initial[4], Model.Delta2);
+    if (mode == run::kLinkDriven) Take_Motion(txt_initial[4], Model.Delta2);
 }
 
 void frm_Inputnew::Take_Pending() {
@@ -259,7 +259,8 @@ void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
 void frm_Inputnew::txt_initial_LostFocus(int Index) {
     if (!txt_initial[Index].Touched()) return;
     Guarded("frm_Input.txt_initial", [&] {
-        if (Model.Calctype == 1 && Index == 0) txt_Thetazero.Type(txt_initial[0].Text);  // both hold the one position
+        if (Model.Calctype == run::kOnePosition && Index == 0)
+            txt_Thetazero.Type(txt_initial[0].Text);  // both hold the one position
         Get_Initial_Conditions(*this);
         Take_Speeds();
     });
@@ -269,13 +270,13 @@ void frm_Inputnew::txt_initial_LostFocus(int Index) {
 void frm_Inputnew::txt_Thetazero_LostFocus() {
     if (!txt_Thetazero.Touched()) return;
     Guarded("frm_Input.txt_Thetazero_LostFocus", [this] {
-        if (Model.Calctype == 3) return Jump_To_Angle();
-        if (Model.Calctype > 3) {
+        if (Model.Calctype == run::kByAngle) return Jump_To_Angle();
+        if (Model.Imported()) {
             txt_Thetazero.Text = Text_Of(Model.ThetaZero);
             return;
         }
         Take_Speeds();
-        if (Model.Calctype == 1) txt_initial[0].Text = txt_Thetazero.Text;
+        if (Model.Calctype == run::kOnePosition) txt_initial[0].Text = txt_Thetazero.Text;
         After_Change();
     });
 }
@@ -310,7 +311,7 @@ void frm_Inputnew::Jump_To_Angle() {
 // Choices.
 
 void frm_Inputnew::opt_Calctype_Click(int Index) {
-    if (!Visible() || Model.Calctype == Index || Model.Calctype == 4) return;
+    if (!Visible() || Model.Calctype == Index || Model.Calctype == run::kCamDriven) return;
     Guarded("frm_Input.opt_Calctype_Click", [this, Index] {
         Model.Calctype = Index;
         Run_Dropped();
@@ -376,7 +377,7 @@ void frm_Inputnew::cmd_Done_Click() {
         Leave();
         Model.Synthesized = false;
         Model.CurrentStep = 0;
-        if (Model.Calctype == 2 || Model.Calctype == 3) Show_Centered("frm_Animate");
+        if (Model.Calctype == run::kByTime || Model.Calctype == run::kByAngle) Show_Centered("frm_Animate");
     });
 }
 

@@ -59,17 +59,17 @@ void frm_Inputnew::Show_Run() {
 /// The first step, and the buttons that lead on from a run.
 void frm_Inputnew::Show_Ways_On() {
     Show_Step();
-    const bool several = Model.Calctype != 1;
+    const bool several = Model.Calctype != run::kOnePosition;
     cmd_Done.Enabled = Model.RunStands;
     cmd_Animate.Enabled = Model.RunStands && several;
     cmd_Step.Enabled = Model.RunStands && several;
-    if (Model.Calctype == 3) Show_Step();
-    if (Model.Calctype == 1) Show_First_Step();
+    if (Model.Calctype == run::kByAngle) Show_Step();
+    if (Model.Calctype == run::kOnePosition) Show_First_Step();
 }
 
 /// The run of the present mode from what the boxes hold; false when there was none.
 bool frm_Inputnew::Run(Integer& Result) {
-    if (Model.Calctype >= 4) {
+    if (Model.Imported()) {
         Take_Speeds();
         txt_Thetazero.Text = Text_Of(Model.ThetaZero);
         // The boxes of a model from a file are read once they have been typed into.
@@ -78,14 +78,14 @@ bool frm_Inputnew::Run(Integer& Result) {
         Imported_Run(Result);
         return Model.Grashof_Code != "NL";
     }
-    if (Model.Calctype == 1) {
+    if (Model.Calctype == run::kOnePosition) {
         Take_Motion(txt_Thetazero, Model.ThetaZero);
         txt_initial[0].Text = txt_Thetazero.Text;
     }
     const bool accepted = Get_Initial_Conditions(*this);
     Get_Linkage_Geometry(*this);
     if (!accepted) return false;
-    return Model.Calctype == 3 ? AngleStepDone(Result) : TimeStepDone(Result);
+    return Model.Calctype == run::kByAngle ? AngleStepDone(Result) : TimeStepDone(Result);
 }
 
 /// The run itself, once its limits are in the model.
@@ -94,7 +94,7 @@ bool frm_Inputnew::Run_Setup(Integer& Result) {
     if (Model.Grashof_Code == "NL") return false;
     if (Screen* animate = Screens::Find("frm_Animate")) {
         Put_Linkage_Geometry(*animate);
-        if (Model.Calctype == 3)
+        if (Model.Calctype == run::kByAngle)
             Put_Angle_Initial_Conditions(*animate);
         else
             Put_Time_Initial_Conditions(*animate);
@@ -136,7 +136,7 @@ bool frm_Inputnew::TimeStepDone(Integer& Result) {
     Guarded("frm_Input.TimeStepDone", [&] {
         Take_Speeds();
         Single Start = Model.TimeStart, End = Model.TimeEnd, Increment = Model.TimeStep;
-        if (Model.Calctype == 2) {
+        if (Model.Calctype == run::kByTime) {
             Start = Value_Of(txt_initial[0]);
             End = Value_Of(txt_initial[1]);
             Increment = Value_Of(txt_initial[2]);
@@ -147,7 +147,7 @@ bool frm_Inputnew::TimeStepDone(Integer& Result) {
             Tell(Too_Many_Steps("time", "Delta Time or Reduce Finish Time"));
             return;
         }
-        if (Model.Calctype == 2) {
+        if (Model.Calctype == run::kByTime) {
             Model.TimeStart = Start;
             Model.TimeEnd = End;
             Model.TimeStep = Increment;
@@ -169,7 +169,7 @@ void frm_Inputnew::Show_Step() {
 
 void frm_Inputnew::Run_Dragged(int step) {
     Run_Unasked(Model);
-    const bool several = Model.Calctype != 1;
+    const bool several = Model.Calctype != run::kOnePosition;
     Allow_Time_Steps();
     if (Model.RunStands) {
         hsc_step.SetMax(Model.NSteps);
@@ -192,7 +192,7 @@ void frm_Inputnew::Show_Dragged(int step) {
     Step(*this, shown);
     hsc_step.SetValue(step);
     Stepping = stepping;
-    Model.CurrentStep = Model.Calctype > 1 ? step + 1 : 0;
+    Model.CurrentStep = Model.Calctype > run::kOnePosition ? step + 1 : 0;
 }
 
 void frm_Inputnew::Show_First_Step() { Step_Reset(*this); }

@@ -372,8 +372,7 @@ void frm_Studies::Follow() {
     if (begun_ && (!study || study::Settings_Text(settings_) + study::Key_Of(study->design) != key_)) Drop();
     const study::Design design = Design_Now(fault);
     mechanism_.reset();
-    constexpr int kByAngle = 3;
-    if (fault.empty() && design.Calctype <= kByAngle) mechanism_.emplace(design);
+    if (fault.empty() && !design.Imported()) mechanism_.emplace(design);
     if (mechanism_) window_ = study::Window_Of(*mechanism_);
     hsc_Step.Enabled = mechanism_ && mechanism_->Last() > 0;
     hsc_Step.SetMax(mechanism_ ? mechanism_->Last() : 0);

@@ -14,8 +14,6 @@ namespace {
 
 using Vector = std::complex<double>;
 
-constexpr int kCamDriven = 4;  ///< the run whose crank angles are given in the local frame
-
 Vector Point_At(const LinkageModel& model, int step, int row) {
     return {model.RunTable.PointXY(step, row, 0), model.RunTable.PointXY(step, row, 1)};
 }
@@ -109,7 +107,7 @@ class Follower {
     /// to what is shown.
     int Nearest_Position() const {
         constexpr double kAlike = 1e-3;
-        if (model_.Calctype == 1 || std::abs(to_) <= pull_.fine) return pull_.step;
+        if (model_.Calctype == run::kOnePosition || std::abs(to_) <= pull_.fine) return pull_.step;
         const double wished = Degrees(to_);
         int nearest = pull_.step;
         double least = std::fabs(Between(Crank_Angle(nearest), wished));
@@ -165,7 +163,7 @@ class Follower {
     /// Does it close at the position that is to be shown, with a hair to spare?
     bool Closes() const {
         const double global = model_.RunTable.Theta(answer_.step, 0);
-        const double local = global - (model_.Calctype == kCamDriven ? model_.Link1Angle : asked_.Link1Angle);
+        const double local = global - (model_.Calctype == run::kCamDriven ? model_.Link1Angle : asked_.Link1Angle);
         const double L3 = asked_.L3, L4 = asked_.L4;
         const double reach = std::abs(double{asked_.L2} * Turn(local) - double{asked_.L1});
         const double hair = 1e-6 * (asked_.L1 + asked_.L2 + L3 + L4);

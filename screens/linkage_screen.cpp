@@ -61,7 +61,8 @@ Linkage_Screen::Linkage_Screen(const std::string& name, const char* crossed)
 
 void Linkage_Screen::Read_As_Limits(platform::ControlArray<platform::TextBox>& boxes) {
     for (const int limit : {0, 1, 2})
-        Reads_As(boxes[limit], Model, [] { return Model.Calctype == 2 ? Quantity::kTime : Quantity::kAngle; });
+        Reads_As(boxes[limit], Model,
+                 [] { return Model.Calctype == run::kByTime ? Quantity::kTime : Quantity::kAngle; });
 }
 
 void Linkage_Screen::Take_Typed() {

@@ -115,7 +115,7 @@ void Windows_Screen::Form_Activate() {
     Guarded(Name() + ".Activate", [&] {
         Start_Selection(SlotCount());
         // The points of an aligned plot stand at their crank angles.
-        const bool by_angle = Model.Calctype == 3;
+        const bool by_angle = Model.Calctype == run::kByAngle;
         opt_Plotstyle[0].Enabled = by_angle;
         if (!by_angle) opt_Plotstyle[1].Value = true;
         Model.PlotLayout = opt_Plotstyle[0].Value ? 1 : 2;

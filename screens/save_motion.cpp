@@ -140,7 +140,7 @@ std::string Motion_Filter(const std::vector<double>& seconds) {
 void Save_Motion(platform::Screen& form, int step) {
     Guarded("Save_Motion", [&] {
         const std::vector<int> steps = Model.RunStands ? Steps_Shown(Model, Model.RunTable) : std::vector<int>();
-        if (Model.Calctype < 2 || steps.size() < 2) {
+        if (Model.Calctype < run::kByTime || steps.size() < 2) {
             platform::Tell("There is no run to be saved. Calculate one that moves first.",
                            platform::Icon::kInformation);
             return;

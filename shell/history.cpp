@@ -43,7 +43,7 @@ int Last_Step(const LinkageModel& model) { return std::clamp<int>(model.NSteps, 
 template <class Call>
 void For_Tables(LinkageModel& model, Tables& tables, Call call) {
     RunResults& run = model.RunTable;
-    if (model.Calctype > kOwnDrives) {
+    if (model.Imported()) {
         call(tables.drive, run.DriveTheta, 0, Last_Step(model));
         call(tables.drive, run.Omega, 0, Last_Step(model));
         call(tables.drive, run.Alpha, 0, Last_Step(model));
