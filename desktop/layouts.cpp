@@ -10,11 +10,15 @@
 
 namespace verlink::desktop {
 
+namespace {
+
 /// A layout of so many parts of a kind.
 template <auto layout, int parts>
 void Of(Form& form, QWidget* room) {
     layout(form, room, parts);
 }
+
+}  // namespace
 
 Layout layoutFor(const std::string& screen) {
     static const std::map<std::string, Layout> layouts{

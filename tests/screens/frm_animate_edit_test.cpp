@@ -153,6 +153,18 @@ TEST_F(AnimateEdit, RecalcRefreshesTheStatusOfTheHomeScreen) {
     });
 }
 
+TEST_F(AnimateEdit, LimitsThatWereNeverDividedIntoStepsAreDividedAsTheBoxesHaveThem) {
+    After_First_Picture([&] {
+        const int steps = Model.NSteps;
+        ASSERT_GT(steps, 5);
+        Model.NSteps = 5;
+        Enter(form, "txt_Linkout", 1, "1.2");
+        Press(form, "cmd_Recalc");
+        EXPECT_EQ(Model.NSteps, steps);
+        EXPECT_TRUE(Model.RunStands);
+    });
+}
+
 TEST_F(AnimateEdit, LengthsThatCannotCloseAreRefusedAndLeaveNothingToGoOnWith) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 1, "20");

@@ -52,6 +52,7 @@ TEST_F(Explore, ASearchThatIsStoppedKeepsWhatIsThere) {
         EXPECT_TRUE(form.cmd_Stop.Enabled);
         EXPECT_TRUE(form.Timer1.Enabled);
         EXPECT_TRUE(Said().starts_with("Searching, ")) << Said();
+        EXPECT_TRUE(Said().ends_with(" %: 0 linkages so far.")) << "none of those at a glance is one: " << Said();
         while (form.Timer1.Enabled && Said().find(": 0 linkages") != std::string::npos) form.Timer1.Tick();
         Press(form, "cmd_Stop");
         EXPECT_FALSE(form.Timer1.Enabled);
@@ -178,6 +179,11 @@ TEST_F(Explore, PlayGoesToTheLastPositionAndBack) {
         EXPECT_EQ(form.hsc_Stroke.Value(), frm_Explore::kStroke);
         for (int i = 0; i < 51; ++i) form.Timer1.Tick();
         EXPECT_EQ(form.hsc_Stroke.Value(), 0);
+        form.Timer1.Tick();
+        EXPECT_EQ(form.hsc_Stroke.Value(), 0) << "it rests at either end alike";
+        form.Timer1.Tick();
+        EXPECT_EQ(form.hsc_Stroke.Value(), frm_Explore::kStroke / 50);
+        form.hsc_Stroke.SetValue(0);
         Press(form, "cmd_Play");
         EXPECT_FALSE(form.Timer1.Enabled);
     });

@@ -481,6 +481,7 @@ TEST_F(JointHand, TheArrowsStepTheRunWhenNoJointIsInHand) {
             return std::find(keys.begin(), keys.end(), key) != keys.end();
         };
         EXPECT_FALSE(takes("Right"));
+        for (const char* letter : {"A", "B", "C", "P", "O", "J"}) EXPECT_TRUE(takes(letter)) << letter;
         Key("P");
         EXPECT_TRUE(takes("Right"));
         Picture().OnLostFocus();

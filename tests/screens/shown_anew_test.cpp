@@ -230,6 +230,35 @@ TEST_F(ShownAnew, OnTheInputScreen) {
     // No step touches these.
     Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says"});
 }
+TEST_F(ShownAnew, TheTicksOfAnImportedTorqueAndOfTheCognate) {
+    const auto undone = [this](const char* name, const std::function<void()>& deed,
+                               const std::function<bool()>& ticked) {
+        SCOPED_TRACE(name);
+        Inside(Screens::Get(name), [&] {
+            Deed::By_Itself();
+            The_History().Begin();
+            {
+                const Deed whole("tick");
+                deed();
+            }
+            The_History().Undo();
+            EXPECT_FALSE(ticked());
+            The_History().Redo();
+            EXPECT_TRUE(ticked());
+        });
+    };
+    undone(
+        "frm_MassProp", [] { Model.TorqueImported = true; },
+        [] { return Screens::Get("frm_MassProp").Get<CheckBox>("chk_Torque").Value.Get(); });
+    Model.CognateNumber = 1;
+    undone(
+        "frm_Inputnew",
+        [] {
+            Model.CognateNumber = 2;
+            Model.LinkMass(3) = 2;
+        },
+        [] { return Screens::Get("frm_Inputnew").Get<MenuEntry>("mnu_Cog", 2).Checked.Get(); });
+}
 TEST_F(ShownAnew, TheStatusOfTheHomeScreenWhereverAStepIsUndone) {
     Screen& home = Screens::Get("frm_HomeScreen");
     std::set<std::string> lamps = All("is shown", Those("lbl_Status", {0, 1, 2, 3, 4, 5, 6, 8}));
