@@ -46,7 +46,7 @@ void frm_Animate::Say_Held_Target() {
 }
 
 void frm_Animate::Drag(double X, double Y) {
-    const double fine = Picture1.Pixel() / 8;
+    const double fine = Fine(Picture1.Pixel());
     const auto write = [&](int box, double value, int decimals) {
         if (!Held(box)) txt_Linkout[box].Type(Text_Of(FNRound(value, decimals)));
     };

@@ -23,7 +23,6 @@ frm_Inputnew::frm_Inputnew() : Linkage_Screen("frm_Inputnew", "X-ed") {
     hsc_step.KeepsArrows = false;
 
     for (auto& box : txt_initial) box->BackColor = Model.ColorYellow;
-    txt_Thetazero.BackColor = Model.ColorYellow;
 
     Write_Tips();
     Bind_Boxes();

@@ -24,7 +24,6 @@ namespace {
 
 constexpr int kShift = 1, kControl = 2, kAlt = 4;
 constexpr double kReach = 9;       ///< logical pixels around a joint in which a press takes it
-constexpr double kFineParts = 8;   ///< of a pixel, which no eye tells apart
 constexpr double kRoundOver = 10;  ///< pixels that a round value is at least apart from the next one
 constexpr double kFar = 10;        ///< arrows with the shift or the control key go so many times as far
 
@@ -167,7 +166,7 @@ void Joint_Hand::Pull_To(Point to, int keys, double pixel) {
         pull.coupler = coupler_ || (!by_key_ && (keys & kControl) != 0);
         pull.to = to;
         pull.step = ear_.Step();
-        pull.fine = pixel / kFineParts;
+        pull.fine = Linkage_Screen::Fine(pixel);
         // Some desktops move windows by the alt key, so that it comes too late for them once a joint is held; the shift
         // key is free then.
         if (!by_key_ && (keys & (kAlt | kShift)) != 0) pull.round = Round_Up_1_2_5(kRoundOver * pixel);

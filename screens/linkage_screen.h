@@ -18,6 +18,9 @@ namespace verlink {
 /// another.
 class Linkage_Screen : public platform::Screen {
    public:
+    /// The part of a pixel that no eye tells apart: a drag writes no more decimals than that takes.
+    static double Fine(double pixel) { return pixel / 8; }
+
     // The moving links: entry n of the labels and units belongs to entry n of `txt_Linkout`.
     platform::Frame fra_Links{*this, "fra_Links", "Linkage Data"};
     platform::ControlArray<platform::Label> lbl_Link{*this,

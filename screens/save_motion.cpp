@@ -117,8 +117,7 @@ std::optional<std::string> Filmed(platform::Screen& form, int shown, const std::
             ++next;
             tell();
         }
-        if (next == frames.size()) return false;
-        return platform::The_Desktop().Pause(std::chrono::nanoseconds(0));
+        return next < frames.size() && platform::The_Desktop().Pause(std::chrono::nanoseconds(0));
     });
     Model.RedrawFlag = "N";
     Animate(form);

@@ -35,10 +35,12 @@ constexpr char kHeader[] = "Ada\r Design No. 7\r\n11/21/2026\r at 10:15:00\r Fil
 
 TEST_F(Arriving, GivesAScreenOfWorkTheSizeOfAllOfThem) {
     for (const char* name :
-         {"frm_PlotType", "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4", "frm_PrintSelect",
-          "frm_PrintData", "frm_Checks", "frm_Explore", "frm_Studies", "frm_Synth2A",
-
-          "frm_Synth2B", "frm_Synth3", "frm_Cayley", "frm_MassProp", "frm_Matrix", "frm_User"})
+         {"frm_PlotType",    "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4",
+          "frm_PrintSelect", "frm_PrintData",   "frm_Checks",      "frm_Explore",     "frm_Studies",
+          "frm_Synth2A",     "frm_Synth2B",     "frm_Synth3",      "frm_Cayley",      "frm_MassProp",
+          "frm_Matrix",      "frm_User",        "frm_Inputnew",    "frm_Animate",     "frm_Balance",
+          "frm_FFT",         "frm_Plot1",       "frm_Plot2",       "frm_Plot3",       "frm_Myplot2",
+          "frm_MyPlot3",     "frm_MyPlot4"})
         Expect_Size(name, 11850, 8950);
 }
 

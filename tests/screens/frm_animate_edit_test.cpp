@@ -153,6 +153,14 @@ TEST_F(AnimateEdit, RecalcRefreshesTheStatusOfTheHomeScreen) {
     });
 }
 
+TEST_F(AnimateEdit, ATransformFallsWithTheLengthItWasOf) {
+    After_First_Picture([&] {
+        Transform_Holds();
+        Enter(form, "txt_Linkout", 1, "1.2");
+        EXPECT_FALSE(Model.FFTDone);
+    });
+}
+
 TEST_F(AnimateEdit, LimitsThatWereNeverDividedIntoStepsAreDividedAsTheBoxesHaveThem) {
     After_First_Picture([&] {
         const int steps = Model.NSteps;

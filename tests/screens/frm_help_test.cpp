@@ -132,10 +132,12 @@ TEST_F(HelpTest, HelpFollowsTheScreenOnTopWhenAsked) {
     EXPECT_EQ(Reader().WebBrowser1.Document.Get(), "helpfiles/general/Filemenu_help.pdf#quit");
 }
 
-TEST_F(HelpTest, TheTickToFollowIsKept) {
+TEST_F(HelpTest, TheTickToFollowIsKeptFromSessionToSession) {
+    platform::The_Settings().Open(Path(""));
     Tick(Reader(), "chk_Follow", true);
-    EXPECT_EQ(platform::The_Settings().Text("view.helpfollows"), "on");
     Screens::Discard();
+    platform::The_Settings().Open(Path(""));
+    EXPECT_EQ(platform::The_Settings().Text("view.helpfollows"), "on");
     EXPECT_TRUE(Reader().chk_Follow.Value);
     Tick(Reader(), "chk_Follow", false);
     EXPECT_EQ(platform::The_Settings().Text("view.helpfollows"), "");

@@ -451,6 +451,10 @@ TEST_F(JointHand, LettersTakeAJointAndArrowsMoveIt) {
 TEST_F(JointHand, LettersAndTheWalkComeToEachJoint) {
     After_First_Picture([&] {
         const auto lit = [&] { return Spot(Picture().Lit.Get()->x, Model.FlipSum - Picture().Lit.Get()->y); };
+        Key("J");
+        ASSERT_TRUE(Picture().Lit.Get());
+        EXPECT_LE(std::abs(lit() - Where(Joint::kA)), Pixel()) << "the walk begins at the crank pin";
+        Key("Esc");
         const std::pair<const char*, Joint> letters[] = {
             {"A", Joint::kA}, {"B", Joint::kB}, {"C", Joint::kB}, {"P", Joint::kP}, {"O", Joint::kO4}};
         for (const auto& [letter, joint] : letters) {

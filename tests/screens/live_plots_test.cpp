@@ -353,6 +353,19 @@ TEST_F(LivePlots, ARunByTimeStandsAtItsCrankAngles) {
     });
 }
 
+TEST_F(LivePlots, ListsThatAreTheSameAreNotFilledAgain) {
+    After_First_Picture([&] {
+        Open();
+        int changes = 0;
+        form.live.Slots[0]->cmb_LiveVar.Watcher = [&changes] { ++changes; };
+        Press(form, "cmd_Step");
+        EXPECT_EQ(changes, 0);
+        Give_Masses();
+        Press(form, "cmd_Step");
+        EXPECT_GT(changes, 0);
+    });
+}
+
 TEST_F(LivePlots, TheListsAreThoseOfThePlotScreensButForTheTransform) {
     After_First_Picture([&] {
         Open();

@@ -205,6 +205,16 @@ TEST_F(Motion, Of_one_position_or_without_a_run_is_refused_in_a_sentence) {
     Save_Motion(form, 0);
 }
 
+TEST_F(Motion, Ends_with_its_last_picture_however_many_cycles_are_played) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        Type(form, "txt_Cycles", platform::kNoIndex, "3");
+        desktop.Pauses.clear();
+        EXPECT_EQ(Saved(1).frames.size(), 37U);
+        EXPECT_EQ(desktop.Pauses.size(), 36U) << "one between two pictures";
+    });
+}
+
 TEST_F(Motion, Shows_a_trace_and_the_glass_as_they_are_seen) {
     Model.Omega2 = 4;
     After_First_Picture([&] {

@@ -5,6 +5,7 @@
 #include "screens/frm_user.h"
 #include "screens/help_documents.h"
 #include "screens/print_questions.h"
+#include "shell/history.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
@@ -97,7 +98,11 @@ TEST_F(SmallScreensTest, DoneTakesNameNumberAndFileAndShowsTheHomeScreen) {
         Press(user, "cmd_Done");
         EXPECT_FALSE(user.Visible());
     });
-    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) { home.Hide(); });
+    desktop.Expect_Screen("frm_HomeScreen", [](Screen& home) {
+        EXPECT_FALSE(The_History().Can_Undo()) << "who begins says who he is; that is no step";
+        home.Hide();
+    });
+    The_History().Begin();
     Screens::Get("frm_User").ShowModal();
     EXPECT_EQ(Model.UserName, "Ada");
     EXPECT_EQ(Model.DesignNumber, 12);
