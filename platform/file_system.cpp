@@ -93,7 +93,7 @@ bool Written(int file, const std::string& content) {
             return false;
         } else if (errno == EAGAIN) {
             pollfd room{file, POLLOUT, 0};
-            ::poll(&room, 1, -1);
+            ::ppoll(&room, 1, nullptr, nullptr);
         } else if (errno != EINTR) {
             return false;
         }

@@ -21,7 +21,9 @@ constexpr int kBlock = 8;
 constexpr double kWhole = 255;
 
 /// The lower bound for what is no number.
-int Whole(double value, int low, int high) { return static_cast<int>(std::fmin(std::fmax(value, low), high)); }
+int Whole(double value, int low, int high) {
+    return static_cast<int>(std::min<double>(high, std::max<double>(low, value)));
+}
 
 /// Numbers of the eight pixels of a block.
 typedef float Four __attribute__((vector_size(16)));
@@ -150,13 +152,8 @@ Ink::Ink(int width, int height)
 template <class Action>
 inline void Ink::Each_Block(double from, double to, Action action) const {
     // The middles of pixels count, which are half a pixel on.
-    if (!(to >= 0.5 && from <= width_ - 0.5)) return;
-    constexpr double kMiddle = 0.5;
-    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
-    const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
-    const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
-    const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
-    for (unsigned block = first; block <= last; ++block) action(static_cast<int>(block * kBlock));
+    const int first = Whole(from + 0.5, 0, width_), end = Whole(to + 0.5, 0, width_);
+    for (int column = first / kBlock * kBlock; first < end && column < end; column += kBlock) action(column);
 }
 
 inline void Ink::Put(int row, std::size_t place, std::uint64_t parts) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "platform/clip.h"
@@ -13,7 +14,6 @@ namespace verlink::platform {
 
 namespace {
 
-constexpr std::size_t kSmallIndex = 1024;
 /// What a window may measure across or down.
 constexpr double kLeastExtent = 1e-25;
 constexpr double kMostExtent = 3.4e38;
@@ -32,13 +32,8 @@ std::int64_t Line_Of(double value) {
 
 }  // namespace
 
-std::uint32_t Picture::Key::Hash() const {
-    std::uint64_t hash = static_cast<std::uint64_t>(kind);
-    for (const std::int64_t part : {a, b, c, d}) {
-        hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
-        hash ^= hash >> 29U;
-    }
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32U));
+std::size_t Picture::Hash::operator()(const Key& key) const {
+    return std::hash<std::string_view>()({reinterpret_cast<const char*>(key.data()), sizeof key});
 }
 
 Picture::Key Picture::KeyOf(const Primitive& primitive) const {
@@ -47,73 +42,48 @@ Picture::Key Picture::KeyOf(const Primitive& primitive) const {
             Line_Of((primitive.y2 + primitive.dy2) * down_)};
 }
 
-std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
-    const std::size_t mask = index_.size() - 1;
-    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Slot& held = index_[slot];
-        if (held.generation != generation_) return slot;
-        if (held.hash == hash && KeyOf(list_[held.item]) == key) return slot;
-    }
-}
-
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
     Add({kind, true, color, strokes_, x1, y1, x2, y2});
 }
 
 void Picture::Add(Primitive primitive) {
-    const Color color = primitive.color;
-    if (index_.empty()) Compact();
-    const Key key = KeyOf(primitive);
-    const std::uint32_t hash = key.Hash();
-    std::size_t place = Seek(key, hash);
-    if (Slot& slot = index_[place]; slot.generation == generation_) {
-        Primitive& earlier = list_[slot.item];
-        if (!earlier.alive && color == back_ && slot.erased == strokes_) return;
+    const bool erases = primitive.color == back_;
+    const auto [place, fresh] = index_.try_emplace(KeyOf(primitive));
+    Found& found = place->second;
+    if (!fresh) {
+        if (erases && found.erased == strokes_) return;
+        Primitive& earlier = list_[found.item];
         if (earlier.alive) {
             earlier.alive = false;
             --alive_;
-            if (color == back_ && earlier.color != back_) {
-                slot.erased = strokes_;
+            if (erases && earlier.color != back_) {
+                found.erased = strokes_;
                 Touch();
                 return;
             }
         }
     }
-    if (list_.size() >= index_.size() / 2) {
-        Compact();
-        place = Seek(key, hash);
-    }
-    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), {}};
+    found = {list_.size(), 0};
     list_.push_back(primitive);
     ++strokes_;
     ++alive_;
+    if (list_.size() - alive_ > alive_) Compact();
     Touch();
 }
 
 void Picture::Compact() {
     std::erase_if(list_, [](const Primitive& primitive) { return !primitive.alive; });
-    std::size_t size = std::max(index_.size(), kSmallIndex);
-    while (size < 4 * list_.size()) size *= 2;
-    index_.assign(size, {});
-    generation_ = 1;
-    for (std::size_t item = 0; item < list_.size(); ++item) {
-        const Key key = KeyOf(list_[item]);
-        const std::uint32_t hash = key.Hash();
-        // Two that were apart may have come together on the grid of another window; the upper one is found.
-        const std::size_t slot = Seek(key, hash);
-        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), {}};
-    }
+    index_.clear();
+    // Two that were apart may have come together on the grid of another window; the upper one is found.
+    for (std::size_t item = 0; item < list_.size(); ++item) index_[KeyOf(list_[item])] = {item, 0};
 }
 
 void Picture::Clear() {
     list_.clear();
+    index_.clear();
     alive_ = 0;
     strokes_ = 0;
     ++epoch_;
-    if (++generation_ == 0) {
-        index_.assign(index_.size(), {});
-        generation_ = 1;
-    }
     x_ = left_;
     y_ = top_;
     Touch();
@@ -151,7 +121,7 @@ void Picture::Scale(double x1, double y1, double x2, double y2) {
     bottom_ = y2;
     across_ = kGrid / std::abs(wide);
     down_ = kGrid / std::abs(high);
-    if (!list_.empty()) Compact();
+    Compact();
     ++epoch_;
     Touch();
 }

@@ -181,7 +181,6 @@ void PicturePixels::Grow_Sheet(const Picture& picture, std::uint32_t end, const 
 std::uint32_t PicturePixels::End_Of_Turn(const Picture& picture) const {
     const List& list = picture.Primitives();
     auto at = Place_Of(list, sheet_.end);
-    if (static_cast<std::size_t>(list.end() - at) <= most_) return picture.Strokes();
     for (std::size_t left = most_; at != list.end() && left > 0; ++at) left -= static_cast<std::size_t>(at->alive);
     while (at != list.end() && Within_A_Run(list, at)) ++at;
     return at == list.end() ? picture.Strokes() : at->stroke;

@@ -136,8 +136,9 @@ void Copy_Keeper::Freeze() {
 bool Copy_Keeper::Flush(milliseconds patience) {
     std::unique_lock lock(mutex_);
     hurry_ = true;
+    failed_ = false;
     asked_.notify_all();
-    done_.wait_for(lock, patience, [this] { return !busy_ && (fresh_ || failed_); });
+    done_.wait_for(lock, patience, [this] { return fresh_ || failed_; });
     hurry_ = false;
     return fresh_;
 }
@@ -148,11 +149,9 @@ void Copy_Keeper::Work() {
         asked_.wait(lock, [this] { return !fresh_ || ending_; });
         if (fresh_) return;
         const Wish wish = wish_;
-        busy_ = true;
         lock.unlock();
         const bool good = Do(wish);
         lock.lock();
-        busy_ = false;
         fresh_ = good && wish == wish_;
         failed_ = !good;
         done_.notify_all();

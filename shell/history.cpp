@@ -37,7 +37,7 @@ struct Tables {
     }
 };
 
-int Last_Step(const LinkageModel& model) { return std::clamp<int>(model.NSteps, -1, kLastStep); }
+int Last_Step(const LinkageModel& model) { return std::min<int>(model.NSteps, kLastStep); }
 
 /// Calls with each table that the model has at the moment, its array, and the row of it.
 template <class Call>

@@ -29,7 +29,8 @@ constexpr std::string_view kEnd = "end ";
 constexpr std::string_view kGoingOn = "going on";
 constexpr std::string_view kWrites = "writes ";
 
-std::atomic<int> log_file = -1;
+constexpr int kNone = -1;  ///< is no file, and what is written there goes nowhere
+std::atomic<int> log_file = kNone;
 std::atomic<bool> end_logged = false;
 std::string log_path;
 std::mutex noting;
@@ -41,9 +42,7 @@ std::string Path_Of(const std::string& folder, const platform::Process& process)
 
 /// As long as it is short, the system adds it whole.
 void Add(std::string_view line) noexcept {
-    const int file = log_file;
-    if (file < 0) return;
-    [[maybe_unused]] const ssize_t count = ::write(file, line.data(), line.size());
+    [[maybe_unused]] const ssize_t count = ::write(log_file, line.data(), line.size());
 }
 
 void Note_Folder(const std::string& folder) {
@@ -115,18 +114,14 @@ void Log_Going_On() noexcept {
     if (end_logged.exchange(false)) Add("going on\n");
 }
 
-bool End_Logged() noexcept { return end_logged; }
-
 void End_Run_Log() {
     if (log_path.empty()) return;
     platform::Watch_Temporaries(nullptr);
-    const int file = log_file.exchange(-1);
-    if (file >= 0) ::close(file);
+    ::close(log_file.exchange(kNone));
     std::error_code none;
     fs::remove(log_path, none);
     log_path.clear();
     noted.clear();
-    end_logged = false;
 }
 
 std::vector<Past_Run> Past_Runs(const std::string& folder) {

@@ -157,6 +157,10 @@ TEST(ClipTest, An_arc_goes_as_far_as_the_corners_and_has_no_more_points_than_it_
     EXPECT_EQ(arc.size(), 1U + static_cast<std::size_t>(std::ceil(half / std::acos(1 - 0.05 / 60))));
 }
 
+TEST(ClipTest, However_fine_it_is_wanted_an_arc_has_four_thousand_pieces_at_most) {
+    EXPECT_EQ(Seen_Arc(kBox, {50, 25}, 20, 1e-9).size(), 4001U);
+}
+
 TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {
     const auto arc = Seen_Arc(kBox, {50, 25 + 1e15}, 1e15, 0.05);
     ASSERT_EQ(arc.size(), 2U);

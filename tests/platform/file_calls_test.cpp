@@ -200,6 +200,14 @@ TEST_F(FileCalls, ExtendedAttributesAndModeStay) {
     if (::setxattr(In("a.vlk").c_str(), "user.origin", "the press shop", 14, 0) != 0)
         GTEST_SKIP() << "no attributes on this file system";
     for (const char* other : {"user.one", "user.another"}) ::setxattr(In("a.vlk").c_str(), other, other, 8, 0);
+    // Some systems give a new file attributes of their own.
+    struct : FailingSystem {
+        int Open_New(std::string& pattern) override {
+            const int file = FailingSystem::Open_New(pattern);
+            ::fsetxattr(file, "user.origin", "elsewhere", 9, 0);
+            return file;
+        }
+    } labels;
     Write_File(In("a.vlk"), "new");
     for (const char* other : {"user.one", "user.another"}) {
         char kept[64];
@@ -386,6 +394,15 @@ TEST_F(FileCalls, OthersMayWriteWhereModeOrOwnerLetThem) {
     EXPECT_FALSE(Others_May_Write(In("")));
     ASSERT_EQ(::chown(In("").c_str(), 1234, 0), 0);
     EXPECT_TRUE(Others_May_Write(In("")));
+    // Who is of another group trusts that and root's.
+    ::chmod(In("").c_str(), 0775);
+    for (const auto& [group, others] : {std::pair{4321, false}, {0, false}, {77, true}}) {
+        ASSERT_EQ(::chown(In("").c_str(), 0, static_cast<gid_t>(group)), 0);
+        ASSERT_EQ(::setegid(4321), 0);
+        const bool may = Others_May_Write(In(""));
+        ASSERT_EQ(::setegid(0), 0);
+        EXPECT_EQ(may, others) << group;
+    }
 }
 
 }  // namespace verlink::test

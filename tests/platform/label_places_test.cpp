@@ -157,7 +157,12 @@ TEST_F(LabelPlaces, WhatIsDrawnFarOutsideTheWindowIsNoHindrance) {
     picture.Line(-1e30, 3, 1e30, 3, 1);
     picture.Circle(1e20, 1e20, 1e25, 1);
     const LabelWish wish = Wish(200, 200, 0, -1);
-    EXPECT_LT(Distance(wish, Find_Label_Places(picture, kSide, {{wish}}).front()), 8);
+    const LabelPlace free = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_LT(Distance(wish, free), 8);
+    // What comes from there and is seen is one.
+    picture.Line(-1e10, free.y + 8, 1e10, free.y + 8, 1);
+    const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_TRUE(place.y > free.y + 8 || place.y + wish.height < free.y + 8);
 }
 
 TEST_F(LabelPlaces, TheMiddleOfALabelLiesInTheVeryDirectionAndItsEdgeThreePixelsOff) {

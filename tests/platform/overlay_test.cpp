@@ -264,10 +264,17 @@ TEST(OverlayGrid, WhereNumbersAreTooCoarseThereIsNone) {
     EXPECT_FALSE(Drawn(overlay, {1e11, 1e11, 10, 10, 500, 500}).Calls.empty());
     EXPECT_FALSE(Drawn(overlay, {2e12 - 10, 2e12 - 10, 10, 10, 500, 500}).Calls.empty()) << "at the limit there is";
     EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 1e6, 1e6}).Calls.empty()) << "nor where there would be thousands";
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 0, 10, 500, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 0, 500, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 0, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 500, 0}).Calls.empty());
+}
+
+TEST(OverlayPainting, InAWindowWithoutAnExtentAndOnNoPixelsThereIsNothing) {
+    Overlay overlay = Of_Marks({{Kind::kLine, {1, 1}, {2, 3}, kRed}});
+    overlay.grid = Overlay::Grid{.sum = 0};
+    overlay.legend = {{.text = "velocity", .color = kRed, .per_world = 1, .unit = "u"}};
+    overlay.names = {{"A", {0, 0}, {}, kRed}};
+    EXPECT_FALSE(Drawn(overlay, {0, 0, 10, 10, 1, 1}).Calls.empty());
+    for (const Sight& none : {Sight{0, 0, 0, 10, 500, 500}, Sight{0, 0, 10, 0, 500, 500}, Sight{0, 0, 10, 10, 0, 500},
+                              Sight{0, 0, 10, 10, 500, 0}})
+        EXPECT_TRUE(Drawn(overlay, none).Calls.empty()) << none.wide << ' ' << none.across;
 }
 
 TEST(OverlayGrid, HasRoundValuesAtTheLinesThatBearThem) {

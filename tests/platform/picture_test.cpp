@@ -283,6 +283,9 @@ TEST_F(PictureTest, VastCoordinatesAreKept) {
     picture.Line(0, 0, 1e300, -1e300, kRed);
     picture.Line(0, 0, 1e300, -1e300, kWhite);
     EXPECT_EQ(picture.Alive(), 0U);
+    picture.Line(0, 0, 1e300, 0, kRed);
+    picture.Line(0, 0, -1e300, 0, kGreen);
+    EXPECT_EQ(picture.Alive(), 2U) << "to the other side is another";
 }
 
 TEST_F(PictureTest, EveryChangeIsTold) {
