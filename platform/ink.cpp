@@ -146,7 +146,7 @@ struct Ink::Ring {
 Ink::Ink(int width, int height)
     : width_(width),
       height_(height),
-      blocks_((static_cast<std::size_t>(width) + kBlock - 1) / kBlock),
+      blocks_(static_cast<std::size_t>(std::ceil(static_cast<double>(width) / kBlock))),
       covered_(blocks_ * static_cast<std::size_t>(height)) {}
 
 template <class Action>
@@ -225,7 +225,7 @@ Ink::Rows Ink::Cover_Ends(const Stroke& s) {
 
 void Ink::Line(Point from, Point to, double width) {
     const double reach = width / 2 + 0.5;
-    if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) return;
+    if (!Clip_Segment(Within(reach), from, to)) return;
     const Stroke stroke(from, to, reach);
     const Rows between = Cover_Ends(stroke);
     Cover_Between(stroke, between.first, between.last);
@@ -239,9 +239,7 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
     std::vector<std::vector<Piece>> pieces(blocks_);
     const double reach = width / 2 + 0.5;
     for (const Upright& line : lines) {
-        Point from{line.x, line.y1}, to{line.x, line.y2};
-        if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) continue;
-        const Stroke stroke(from, to, reach);
+        const Stroke stroke({line.x, line.y1}, {line.x, line.y2}, reach);
         const Rows rows = Cover_Ends(stroke);
         if (rows.first >= rows.last) continue;
         const Eight beside = Ramp(-stroke.along_y * kWhole);
@@ -277,7 +275,6 @@ void Ink::Ring_Row(int row, const Ring& ring) {
         const Eight away = Size(Root(across * across + below) - round);
         Cover(row, column, reach - away * whole);
     };
-    if (from == 0) return Each_Block(centre.x - to, centre.x + to, cover);
     Each_Block(centre.x - to, centre.x - from, cover);
     Each_Block(centre.x + from, centre.x + to, cover);
 }
@@ -285,7 +282,7 @@ void Ink::Ring_Row(int row, const Ring& ring) {
 void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
     if (radius > kVast) {
-        const std::vector<Point> arc = Seen_Arc(Sheet().Grown(2 * reach), centre, radius, kOff);
+        const std::vector<Point> arc = Seen_Arc(Within(reach), centre, radius, kOff);
         Each_Piece(arc, [&](Point from, Point to) { Line(from, to, width); });
         return;
     }

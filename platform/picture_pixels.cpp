@@ -198,7 +198,7 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
         ink_ = Ink(wide, high);
         front_.resize(static_cast<std::size_t>(wide) * static_cast<std::size_t>(high));
         sheet_ = {};
-        epoch_ = picture.Epoch() - 1;
+        seen_ = 0;
     }
     if (epoch_ != picture.Epoch() || density != density_ || across != across_ || down != down_ || glass != glass_) {
         seen_ = 0;

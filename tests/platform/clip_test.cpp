@@ -38,6 +38,8 @@ TEST(ClipTest, What_lies_within_keeps_its_bits) {
         ASSERT_TRUE(Clip_Segment(kBox, from, to));
         EXPECT_EQ(from, begin);
         EXPECT_EQ(to, end);
+        from = {-begin.x - 1, -begin.y - 1};
+        ASSERT_TRUE(!Clip_Segment(kBox, from, to) || to == end) << "however the other end was cut";
     }
 }
 
@@ -119,6 +121,7 @@ TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
     constexpr double kOff = 0.05;
     for (const auto& [centre, radius] : {std::pair{Point{50, 25}, 20.0},
                                          {Point{70, 25}, 20.0},
+                                         {Point{50, 25.5}, 20.0},
                                          {Point{-30, 25}, 60.0},
                                          {Point{50, -1e4}, 1e4 + 20},
                                          {Point{1e6 + 40, 25}, 1e6}}) {
@@ -191,6 +194,7 @@ TEST(ClipTest, OnTheEdgeIsStillWithin) {
     for (const auto& [a, b] : {std::pair{Point{-10, 0}, Point{120, 0}},
                                {Point{-10, 50}, Point{120, 50}},
                                {Point{0, -10}, Point{0, 70}},
+                               {Point{0, -10}, Point{-0.0, 70}},
                                {Point{100, -10}, Point{100, 70}}}) {
         Point from = a, to = b;
         EXPECT_TRUE(Clip_Segment(kBox, from, to)) << "along an edge";

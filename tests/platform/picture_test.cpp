@@ -399,6 +399,27 @@ TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
                                    "</g>\n</svg>\n"));
 }
 
+TEST_F(PictureTest, LinesOfAnSvgAreAFourHundredthOfItWideAndDotsTwiceThat) {
+    picture.PSet(0, 0, kGreen);
+    const std::string svg = picture.Svg(4000);
+    EXPECT_NE(svg.find("<g fill=\"none\" stroke-width=\"10\""), std::string::npos) << svg;
+    EXPECT_NE(svg.find("<circle cx=\"2000\" cy=\"2000\" r=\"10\" fill=\"#00ff00\"/>"), std::string::npos) << svg;
+}
+
+TEST_F(PictureTest, WhatWasErasedLeavesTheListOnceItIsMoreThanWhatIsSeen) {
+    for (int i = 0; i < 4; ++i) picture.Line(i, 0, i, 5, kRed);
+    for (int i = 0; i < 3; ++i) picture.Line(i, 0, i, 5, kWhite);
+    EXPECT_EQ(picture.Primitives().size(), 4U);
+    picture.Line(7, 0, 7, 5, kRed);
+    EXPECT_EQ(picture.Primitives().size(), 2U) << "three were dead, two are not";
+    picture.Line(7, 0, 7, 5, kGreen);
+    picture.Line(3, 0, 3, 5, kGreen);
+    EXPECT_EQ(picture.Primitives().size(), 4U) << "as many dead as seen";
+    EXPECT_EQ(picture.Alive(), 2U);
+    picture.Line(7, 0, 7, 5, kWhite);
+    EXPECT_EQ(picture.Alive(), 1U) << "what is seen is found where it stands now";
+}
+
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {
     picture.Circle(0, 0, 1, kBlue);
     picture.Circle(0, 0, 1, kWhite);
