@@ -117,8 +117,7 @@ struct Ink::Stroke {
     double length{};     ///< of the segment
     double along_x = 1;  ///< of length 1 together
     double along_y = 0;
-    bool level = true;  ///< no row tells the place of a level one
-    double slope{};     ///< by so much to the right with each row
+    double slope{};      ///< by so much to the right with each row; no row tells the place of a level one
 
     Stroke(Point a, Point b, double far) : from(a), to(b), reach(far) {
         const double x = to.x - from.x, y = to.y - from.y;
@@ -127,8 +126,7 @@ struct Ink::Stroke {
             along_x = x / length;
             along_y = y / length;
         }
-        level = std::abs(along_y) * kVast < std::abs(along_x);
-        if (!level) slope = along_x / along_y;
+        if (along_y != 0) slope = along_x / along_y;
     }
     /// Times 255, how far the first pixel of a block is from the middle line, by which the next ones are nearer.
     double Across(double down, int column) const {
@@ -181,7 +179,7 @@ void Ink::Cover_Around(const Stroke& s, int first, int last) {
     for (int row = first; row < last; ++row) {
         const double middle = row + 0.5, down = middle - s.from.y;
         double low = left, high = right;
-        if (!s.level) {
+        if (s.along_y != 0) {
             const double one = s.from.x + (std::clamp(middle - s.reach, top, bottom) - s.from.y) * s.slope;
             const double other = s.from.x + (std::clamp(middle + s.reach, top, bottom) - s.from.y) * s.slope;
             low = std::min(one, other);
@@ -190,10 +188,7 @@ void Ink::Cover_Around(const Stroke& s, int first, int last) {
         Each_Block(low - s.reach, high + s.reach, [&](int column) {
             const double right_by = column + 0.5 - s.from.x;
             const double walked = right_by * s.along_x + down * s.along_y;
-            const double walked_last = walked + (kBlock - 1) * s.along_x;
             const Eight away = All((down * s.along_x - right_by * s.along_y) * kWhole) + beside;
-            if (std::min(walked, walked_last) >= 0 && std::max(walked, walked_last) <= s.length)
-                return Cover(row, column, reach - Size(away));
             const Eight went = All(walked * kWhole) + along;
             const Eight beyond = went - Most(start, Least(went, end));
             Cover(row, column, reach - Root(away * away + beyond * beyond));
@@ -241,7 +236,6 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
     for (const Upright& line : lines) {
         const Stroke stroke({line.x, line.y1}, {line.x, line.y2}, reach);
         const Rows rows = Cover_Ends(stroke);
-        if (rows.first >= rows.last) continue;
         const Eight beside = Ramp(-stroke.along_y * kWhole);
         Each_Block(line.x - reach, line.x + reach, [&](int column) {
             const Eight away = Size(All(stroke.Across(0, column)) + beside);

@@ -32,7 +32,7 @@ constexpr double kCovers = 120;
 std::string Value_Text(double value, double step) {
     if (value == 0) return "0";
     char text[40];
-    const int decimals = static_cast<int>(std::max(0.0, -std::floor(std::log10(step) + 1e-9)));
+    const int decimals = static_cast<int>(std::max(0.0F, -std::floor(static_cast<float>(std::log10(step)))));
     if (std::abs(value) < 1e6 && decimals <= 6)
         std::snprintf(text, sizeof text, "%.*f", decimals, value);
     else
@@ -222,7 +222,7 @@ class Painting {
     double Cost(const ClipBox& box) const {
         double cost = 0;
         const double outside = (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
-        if (outside > 0.01) cost += kCovers + outside;
+        if (outside > 0) cost += kCovers + outside;
         for (const ClipBox& other : taken_)
             if (const double both = box.Shared(other); both > 0) cost += kCovers + both;
         for (const Stretch& stroke : strokes_) {

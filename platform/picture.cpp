@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -26,8 +27,7 @@ void Check(Values... values) {
 /// The nearest grid line; far beyond any window all count as one.
 std::int64_t Line_Of(double value) {
     constexpr double kFar = 4e18;
-    value = std::clamp(value, -kFar, kFar);
-    return static_cast<std::int64_t>(value + (value < 0 ? -0.5 : 0.5));
+    return std::llround(std::clamp(value, -kFar, kFar));
 }
 
 }  // namespace
@@ -217,13 +217,13 @@ class Picture::SvgPen {
     // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
     void Segment(Point from, Point to, Color color) {
         if (!Clip_Segment(seen_, from, to)) return;
-        if (!in_path_ || color_ != color) {
+        const bool goes_on = color_ == color;
+        if (!goes_on) {
             End_Path();
             text_ += "<path stroke=\"" + Hex(color) + "\" d=\"";
         }
-        if (!in_path_ || end_ != from) text_ += "M" + Pair(from);
+        if (!goes_on || end_ != from) text_ += "M" + Pair(from);
         text_ += "L" + Pair(to);
-        in_path_ = true;
         color_ = color;
         end_ = to;
     }
@@ -244,8 +244,8 @@ class Picture::SvgPen {
         text_ += "<circle cx=\"" + Number(at.x) + "\" cy=\"" + Number(at.y) + "\" r=\"" + rest + Hex(color) + "\"/>\n";
     }
     void End_Path() {
-        if (in_path_) text_ += "\"/>\n";
-        in_path_ = false;
+        if (color_) text_ += "\"/>\n";
+        color_.reset();
     }
 
     static constexpr double kVast = 1e5;  ///< a larger circle is written as the part of it that is seen
@@ -253,8 +253,7 @@ class Picture::SvgPen {
     double pixels_;
     std::string thin_, text_;
     ClipBox seen_;
-    bool in_path_ = false;
-    Color color_ = 0;
+    std::optional<Color> color_;  ///< of the path that is being written
     Point end_{};
 };
 

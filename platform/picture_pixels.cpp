@@ -68,19 +68,19 @@ class PicturePixels::Hand {
     std::size_t Draw(List::const_iterator from, List::const_iterator to, std::vector<std::uint32_t>& pixels) const {
         std::size_t drawn = 0;
         Chain chain{ink_, pen_};
-        Color color = 0;
+        const Primitive* last = nullptr;
+        const auto pour = [&] {
+            chain.End();
+            if (last) ink_.Pour(pixels, last->color);
+        };
         for (auto at = from; at != to; ++at) {
             if (!at->alive) continue;
-            if (at->color != color) {
-                chain.End();
-                ink_.Pour(pixels, color);
-            }
-            color = at->color;
+            if (last && at->color != last->color) pour();
+            last = &*at;
             Stroke(*at, chain);
             ++drawn;
         }
-        chain.End();
-        ink_.Pour(pixels, color);
+        pour();
         return drawn;
     }
 

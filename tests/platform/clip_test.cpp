@@ -64,6 +64,10 @@ TEST(ClipTest, A_line_is_cut_where_it_enters_and_leaves) {
     ASSERT_TRUE(Clip_Segment(kBox, start, end));
     EXPECT_EQ(start, (Point{50, 0}));
     EXPECT_EQ(end, (Point{50, 20}));
+    // One that is two long, of which half is seen.
+    Point before{-1, 25}, within{1, 25};
+    ASSERT_TRUE(Clip_Segment(kBox, before, within));
+    EXPECT_EQ(before, (Point{0, 25}));
 }
 
 TEST(ClipTest, What_passes_by_is_not_there) {

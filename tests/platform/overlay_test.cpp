@@ -103,7 +103,7 @@ TEST(OverlayPainting, WhatIsJustBeyondTheEdgeOrTooShortIsLeftOut) {
 }
 
 TEST(OverlayPainting, ACircleIsAnArcFromTenThousandPixelsOnAndStaysWithinATenthOfOne) {
-    for (const double radius : {9900.0, 10100.0}) {
+    for (const double radius : {9900.0, 10000.0, 10100.0}) {
         const double centre = 250 + radius;
         const OverlayLog log = Drawn(Of_Marks({{Kind::kCircle, {centre / 50, 5}, {}, kRed, radius / 50}}));
         if (radius < 1e4) {
@@ -283,6 +283,7 @@ TEST(OverlayGrid, WhereNumbersAreTooCoarseThereIsNone) {
     EXPECT_FALSE(Drawn(overlay, {1e11, 1e11, 10, 10, 500, 500}).Calls.empty());
     EXPECT_FALSE(Drawn(overlay, {2e12 - 10, 2e12 - 10, 10, 10, 500, 500}).Calls.empty()) << "at the limit there is";
     EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 1e6, 1e6}).Calls.empty()) << "nor where there would be thousands";
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 1e4, 1e4, 64e4, 64e4}).Calls.empty()) << "as at ten thousand steps";
 }
 
 TEST(OverlayPainting, InAWindowWithoutAnExtentAndOnNoPixelsThereIsNothing) {

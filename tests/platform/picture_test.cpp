@@ -69,8 +69,12 @@ TEST_F(PictureTest, TheCurrentPointFollowsEachCall) {
     picture.LineTo(6, 6, kRed);
     picture.PSet(-1, -2, kRed);
     picture.LineStep(1, 0, kRed);
+    picture.Mark({1, 1, 5, 6}, {2, 3, 0.5, -0.25}, kRed);
+    picture.LineTo(0, 0, kRed);
     const auto living = Living(picture);
-    ASSERT_EQ(living.size(), 7U);
+    ASSERT_EQ(living.size(), 9U);
+    EXPECT_EQ(living[8].x1, 2.5);
+    EXPECT_EQ(living[8].y1, 2.75);
     EXPECT_EQ(living[1].x1, 1);
     EXPECT_EQ(living[2].x1, 2);
     EXPECT_EQ(living[2].x2, 3);
@@ -110,7 +114,10 @@ TEST_F(PictureTest, ALargestScaleIsTakenAndNoLargerOne) {
 
 TEST_F(PictureTest, ClearingMovesTheCurrentPointToTheTopLeft) {
     picture.PSet(1, 1, kRed);
+    EXPECT_EQ(picture.Strokes(), 1U);
     picture.Cls();
+    EXPECT_EQ(picture.Strokes(), 0U);
+    EXPECT_EQ(picture.Alive(), 0U);
     picture.LineTo(0, 0, kRed);
     const auto living = Living(picture);
     ASSERT_EQ(living.size(), 1U);
@@ -267,6 +274,16 @@ TEST_F(PictureTest, CoordinatesThatAreNotFiniteAreFailureSix) {
     EXPECT_EQ(Number_Raised([&] { picture.LineStep(nan, 0, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.Circle(0, 0, infinite, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.PSet(-infinite, 0); }), 6);
+    for (int which = 0; which < 4; ++which) {
+        // Each finite, and together not.
+        double far[4] = {0, 0, 0, 0};
+        far[which] = 1.7e308;
+        EXPECT_EQ(Number_Raised([&] {
+                      picture.Mark({far[0], far[1], far[0], far[1]}, {far[2], far[3], far[2], far[3]}, kRed);
+                  }),
+                  6)
+            << which;
+    }
     EXPECT_EQ(picture.Alive(), 0U);
 }
 
@@ -388,6 +405,20 @@ TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
     EXPECT_NE(svg.find("<path stroke=\"#ff0000\" d=\"M-2 -2L402 402\"/>\n"), std::string::npos) << svg;
     EXPECT_NE(svg.find("<path stroke=\"#0000ff\" d=\"M200 "), std::string::npos) << svg;
     EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
+}
+
+TEST_F(PictureTest, SvgHasACircleUpToAHundredThousandPixelsAndAPathOfWhatIsSeenBeyond) {
+    // 20 pixels a unit. From the foot of a circle half the diagonal of the sheet and two pixels around is gone through
+    // both ways, 571 pixels in pieces of sqrt(8 * 0.01 * 120000) = 98, of 100020 in pieces of 89, that is in 6 and in 7;
+    // the outermost of 7 begin at 204, beyond the 202 that are seen.
+    for (const auto& [radius, circles, pieces] : {std::tuple{5000.0, 1, 0}, {5001.0, 0, 5}, {6000.0, 0, 6}}) {
+        picture.Cls();
+        picture.Circle(radius, 0, radius, kBlue);
+        const std::string svg = picture.Svg(400);
+        const std::string drawn = svg.substr(svg.find("<g "));
+        EXPECT_EQ(drawn.find("<circle") != std::string::npos, circles == 1) << radius;
+        EXPECT_EQ(std::ranges::count(drawn, 'L'), pieces) << radius;
+    }
 }
 
 TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
