@@ -117,7 +117,7 @@ struct Ink::Stroke {
     double length{};     ///< of the segment
     double along_x = 1;  ///< of length 1 together
     double along_y = 0;
-    double slope{};      ///< by so much to the right with each row; no row tells the place of a level one
+    double slope{};  ///< by so much to the right with each row; no row tells the place of a level one
 
     Stroke(Point a, Point b, double far) : from(a), to(b), reach(far) {
         const double x = to.x - from.x, y = to.y - from.y;

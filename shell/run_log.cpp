@@ -31,7 +31,7 @@ constexpr std::string_view kWrites = "writes ";
 
 constexpr int kNone = -1;  ///< is no file, and what is written there goes nowhere
 std::atomic<int> log_file = kNone;
-std::atomic<bool> end_logged = false;
+std::atomic<bool> end_logged;
 std::string log_path;
 std::mutex noting;
 std::set<std::string> noted;

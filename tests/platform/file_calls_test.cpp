@@ -255,7 +255,8 @@ TEST_F(FileCalls, PipesDevicesFoldersAndHugeFilesAreRefusedAtOnce) {
     EXPECT_EQ(reading(In("huge")), "75 it is larger than 64 MiB");
     EXPECT_EQ(reading(In("large")), "75 it is larger than 64 MiB");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-    EXPECT_EQ(Told_By([&] { Read_File(In("pipe")); }).back(), In("pipe") + "\rcannot be read: it is a pipe and no file.");
+    EXPECT_EQ(Told_By([&] { Read_File(In("pipe")); }).back(),
+              In("pipe") + "\rcannot be read: it is a pipe and no file.");
     EXPECT_EQ(Told_By([&] { Write_File(In("pipe"), "x"); }).back(),
               In("pipe") + "\rcannot be written: it is a pipe that nobody reads from.");
     EXPECT_EQ(Read_Beginning(In("huge"), 10), std::string(10, '\0'));

@@ -248,7 +248,8 @@ TEST(OverlayGrid, AValueThatWouldLeaveThePictureIsLeftOut) {
 }
 
 TEST(OverlayGrid, AValueMayReachToTheVeryEdge) {
-    // 64 pixels a unit. Behind the line of 0 at 502 are 3 pixels and a letter of 7; a letter is 14 above the line at 14.
+    // 64 pixels a unit. Behind the line of 0 at 502 are 3 pixels and a letter of 7; a letter is 14 above the line
+    // at 14.
     Overlay overlay;
     overlay.grid = Overlay::Grid{.sum = 14.0 / 64};
     const auto texts = Calls_Of(Drawn(overlay, {-502.0 / 64, 0, 8, 8, 512, 512}), "Text");

@@ -409,8 +409,8 @@ TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
 
 TEST_F(PictureTest, SvgHasACircleUpToAHundredThousandPixelsAndAPathOfWhatIsSeenBeyond) {
     // 20 pixels a unit. From the foot of a circle half the diagonal of the sheet and two pixels around is gone through
-    // both ways, 571 pixels in pieces of sqrt(8 * 0.01 * 120000) = 98, of 100020 in pieces of 89, that is in 6 and in 7;
-    // the outermost of 7 begin at 204, beyond the 202 that are seen.
+    // both ways, 571 pixels in pieces of sqrt(8 * 0.01 * 120000) = 98, of 100020 in pieces of 89, that is in 6 and in
+    // 7; the outermost of 7 begin at 204, beyond the 202 that are seen.
     for (const auto& [radius, circles, pieces] : {std::tuple{5000.0, 1, 0}, {5001.0, 0, 5}, {6000.0, 0, 6}}) {
         picture.Cls();
         picture.Circle(radius, 0, radius, kBlue);

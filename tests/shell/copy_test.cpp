@@ -199,6 +199,11 @@ TEST_F(CopyTest, WhatCouldNotBeWrittenIsTriedAgain) {
     EXPECT_TRUE(Copy_Of(platform::Read_File(Path("folder/copy"))));
 }
 
+TEST_F(CopyTest, TheEndComesAlsoWhereNothingCanBeWritten) {
+    Copy_Keeper keeper(Path("folder/copy"), 1ms);
+    keeper.Keep(Some_Model("first"));
+}
+
 TEST_F(CopyTest, AFlushTriesAgainWhatHasFailed) {
     Copy_Keeper keeper(Path("folder/copy"), 1h);
     keeper.Keep(Some_Model("first"));
