@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 #include "platform/clip.h"
@@ -77,7 +78,7 @@ class Page {
     const Picture& picture_;
     double side_;
     ClipBox seen_;
-    Color color_ = -1;
+    std::optional<Color> color_;  ///< of the strokes so far
     std::string text_;
 };
 

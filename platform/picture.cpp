@@ -2,9 +2,9 @@
 #include "platform/picture.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <optional>
-#include <string_view>
 #include <utility>
 
 #include "platform/clip.h"
@@ -27,14 +27,11 @@ void Check(Values... values) {
 /// The nearest grid line; far beyond any window all count as one.
 std::int64_t Line_Of(double value) {
     constexpr double kFar = 4e18;
-    return std::llround(std::clamp(value, -kFar, kFar));
+    value = std::clamp(value, -kFar, kFar);
+    return static_cast<std::int64_t>(value + std::copysign(0.5, value));
 }
 
 }  // namespace
-
-std::size_t Picture::Hash::operator()(const Key& key) const {
-    return std::hash<std::string_view>()({reinterpret_cast<const char*>(key.data()), sizeof key});
-}
 
 Picture::Key Picture::KeyOf(const Primitive& primitive) const {
     return {static_cast<std::int64_t>(primitive.kind), Line_Of((primitive.x1 + primitive.dx1) * across_),
@@ -42,17 +39,29 @@ Picture::Key Picture::KeyOf(const Primitive& primitive) const {
             Line_Of((primitive.y2 + primitive.dy2) * down_)};
 }
 
+std::size_t Picture::Place_Of(const Key& key) const {
+    std::uint64_t hash{};
+    for (const std::int64_t part : key) {
+        hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 29U;
+    }
+    const std::size_t mask = index_.size() - 1;
+    std::size_t place = (hash ^ (hash >> 32U)) & mask;
+    while (index_[place].item > 0 && KeyOf(list_[index_[place].item - 1]) != key) place = (place + 1) & mask;
+    return place;
+}
+
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {
     Add({kind, true, color, strokes_, x1, y1, x2, y2});
 }
 
 void Picture::Add(Primitive primitive) {
+    if (index_.empty()) Compact();
     const bool erases = primitive.color == back_;
-    const auto [place, fresh] = index_.try_emplace(KeyOf(primitive));
-    Found& found = place->second;
-    if (!fresh) {
+    Found& found = index_[Place_Of(KeyOf(primitive))];
+    if (found.item > 0) {
         if (erases && found.erased == strokes_) return;
-        Primitive& earlier = list_[found.item];
+        Primitive& earlier = list_[found.item - 1];
         if (earlier.alive) {
             earlier.alive = false;
             --alive_;
@@ -63,24 +72,25 @@ void Picture::Add(Primitive primitive) {
             }
         }
     }
-    found = {list_.size(), 0};
     list_.push_back(primitive);
+    found = {static_cast<std::uint32_t>(list_.size()), 0};
     ++strokes_;
     ++alive_;
-    if (list_.size() - alive_ > alive_) Compact();
+    if (2 * list_.size() >= index_.size()) Compact();
     Touch();
 }
 
 void Picture::Compact() {
     std::erase_if(list_, [](const Primitive& primitive) { return !primitive.alive; });
-    index_.clear();
+    index_.assign(std::bit_ceil(4 * std::max<std::size_t>(list_.size(), 256)), {});
     // Two that were apart may have come together on the grid of another window; the upper one is found.
-    for (std::size_t item = 0; item < list_.size(); ++item) index_[KeyOf(list_[item])] = {item, 0};
+    std::uint32_t item = 0;
+    for (const Primitive& primitive : list_) index_[Place_Of(KeyOf(primitive))] = {++item, 0};
 }
 
 void Picture::Clear() {
     list_.clear();
-    index_.clear();
+    index_.assign(index_.size(), {});
     alive_ = 0;
     strokes_ = 0;
     ++epoch_;

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/surface.h"
@@ -72,11 +71,8 @@ class Picture : public Surface {
     class SvgPen;
     /// What a primitive is known by: its kind and its rounded coordinates.
     using Key = std::array<std::int64_t, 5>;
-    struct Hash {
-        std::size_t operator()(const Key& key) const;
-    };
     struct Found {
-        std::size_t item;      ///< index into list_
+        std::uint32_t item;    ///< of list_, from 1; 0 for none
         std::uint32_t erased;  ///< the value of strokes_ when it was
     };
 
@@ -85,7 +81,9 @@ class Picture : public Surface {
     void Segment(double x1, double y1, double x2, double y2, Color color);
     void Round(Primitive::Kind kind, double x, double y, double radius, Color color);
     Key KeyOf(const Primitive& primitive) const;
-    /// Forgets the dead primitives and builds the index anew.
+    /// Where in the index the primitive of that key is, or is to be.
+    std::size_t Place_Of(const Key& key) const;
+    /// Forgets the dead primitives and builds the index anew, with room for as many again.
     void Compact();
     void Clear();
     void Touch() {
@@ -94,7 +92,7 @@ class Picture : public Surface {
     }
 
     std::vector<Primitive> list_;
-    std::unordered_map<Key, Found, Hash> index_;
+    std::vector<Found> index_;   ///< open addressing, a power of two, at most half full
     std::uint32_t strokes_ = 0;  ///< how many were added to the list since it was empty
     std::size_t alive_ = 0;
     Color back_ = 0xFFFFFF;
