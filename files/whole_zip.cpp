@@ -66,8 +66,7 @@ bool Is_Whole_Entry(const std::string& archive, std::size_t at) {
 }  // namespace
 
 bool Is_Whole_Zip_Of_Xml(const std::string& archive) {
-    // There is no remark behind it; what is shorter has nothing there.
-    const std::size_t end = archive.size() - kEndSize;
+    const std::size_t end = archive.size() - kEndSize;  // no remark is behind it, and nothing there if it is shorter
     if (Four(archive, end) != kEnd) return false;
     const std::uint32_t entries = Two(archive, end + 10);
     std::size_t at = Four(archive, end + 16);

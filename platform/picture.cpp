@@ -46,9 +46,10 @@ std::size_t Picture::Place_Of(const Key& key) const {
         hash ^= hash >> 29U;
     }
     const std::size_t mask = index_.size() - 1;
-    std::size_t place = (hash ^ (hash >> 32U)) & mask;
-    while (index_[place].item > 0 && KeyOf(list_[index_[place].item - 1]) != key) place = (place + 1) & mask;
-    return place;
+    for (std::size_t place = hash ^ (hash >> 32U);; ++place) {
+        const Found& found = index_[place &= mask];
+        if (found.item == 0 || KeyOf(list_[found.item - 1]) == key) return place;
+    }
 }
 
 void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2) {

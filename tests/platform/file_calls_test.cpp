@@ -129,6 +129,38 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     EXPECT_NE(Matter(write), "none");
 }
 
+TEST_F(FileCalls, ASignalThatComesInBetweenIsNoFailure) {
+    const std::string content(200000, 'x');
+    Put_File(In("a.vlk"), content);
+    const auto read = [&] { EXPECT_EQ(Read_File(In("a.vlk")), content); };
+    const auto write = [&] { Write_File(In("a.vlk"), content); };
+    const auto interrupted = [&](const char* call, int behind, const std::function<void()>& action) {
+        FailingSystem system(Number_Of(call, action) + behind, EINTR);
+        EXPECT_EQ(Matter(action), "none") << call;
+        EXPECT_EQ(system.Failed(), call);
+        EXPECT_EQ(Held(In("a.vlk")), content) << call;
+    };
+    for (const int behind : {0, 1}) interrupted("Read", behind, read);
+    for (const char* call : {"Write", "Flush", "Close"}) interrupted(call, 0, write);
+}
+
+TEST_F(FileCalls, WhereStandardInputIsClosedItsNumberIsAsGoodAsAnyAndClosedAgain) {
+    Put_File(In("a.vlk"), "old");
+    const int kept = ::dup(0);
+    ::close(0);
+    const std::string matter = Matter([&] {
+        EXPECT_EQ(Read_File(In("a.vlk")), "old");
+        Write_File(In("a.vlk"), "new");
+    });
+    const bool open[] = {::fcntl(0, F_GETFD) != -1, ::fcntl(1, F_GETFD) != -1, ::fcntl(2, F_GETFD) != -1};
+    ::dup2(kept, 0);
+    ::close(kept);
+    EXPECT_EQ(matter, "none");
+    EXPECT_EQ(Held(In("a.vlk")), "new");
+    EXPECT_FALSE(open[0]);
+    EXPECT_TRUE(open[1] && open[2]);
+}
+
 TEST_F(FileCalls, AWriteThatTakesNothingIsThatOfAFullDisk) {
     struct : FailingSystem {
         ssize_t Write(int, const char*, std::size_t) override { return 0; }
@@ -310,6 +342,7 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
     ::close(number);
     EXPECT_EQ(Held(In("log")), "before and and and and after");
     EXPECT_EQ(Matter([&] { Write_File("/dev/fd/" + std::to_string(number), "x"); }), "57 it is not open for that");
+    EXPECT_EQ(Descriptor_Named("/dev/fd/0"), 0);
     EXPECT_EQ(Descriptor_Named("/dev/stdout"), 1);
     EXPECT_EQ(Descriptor_Named("/dev/stderr"), 2);
     for (const std::string& none :

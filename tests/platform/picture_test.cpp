@@ -227,6 +227,12 @@ TEST_F(PictureTest, WhatIsDrawnStaysInPlaceWhenTheWindowChanges) {
     EXPECT_EQ(living[1].x2, 4);
     picture.Line(0, 0, 20, 30, kWhite);
     EXPECT_EQ(picture.Alive(), 1U);
+    // As the very first stroke does.
+    picture.Cls();
+    picture.Line(10, 10, 20, 30, kRed);
+    picture.Scale(0, 0, 20, 20);
+    picture.Line(5, 5, 10, 15, kWhite);
+    EXPECT_EQ(picture.Alive(), 0U);
 }
 
 TEST_F(PictureTest, AWindowThatHasAnyEdgeElsewhereIsAnotherAndTheSameIsNone) {
