@@ -100,7 +100,7 @@ class PicturePixels::Hand {
             }
             end = to;
             // One along an axis has its place among the pixels.
-            if (drawn_from != from || drawn_to != to) {
+            if (drawn_from != from) {
                 if (drawn != from) ink.Line(drawn, from, pen);
                 ink.Line(drawn_from, drawn_to, pen);
             } else if (std::hypot(to.x - drawn.x, to.y - drawn.y) >= kThinnest) {

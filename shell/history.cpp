@@ -22,8 +22,6 @@ using platform::TextBox;
 
 namespace {
 
-constexpr int kOwnDrives = 3;
-
 /// What no run makes: it came from a file, or with something that the record does not keep.
 struct Tables {
     std::vector<Single> drive, torque, flywheel, harmonics;
@@ -43,7 +41,7 @@ int Last_Step(const LinkageModel& model) { return std::min<int>(model.NSteps, kL
 template <class Call>
 void For_Tables(LinkageModel& model, Tables& tables, Call call) {
     RunResults& run = model.RunTable;
-    if (model.Calctype > kOwnDrives) {
+    if (model.Calctype == 4 || model.Calctype == 5) {
         call(tables.drive, run.DriveTheta, 0, Last_Step(model));
         call(tables.drive, run.Omega, 0, Last_Step(model));
         call(tables.drive, run.Alpha, 0, Last_Step(model));

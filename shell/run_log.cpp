@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <mutex>
 #include <set>
+#include <sstream>
 
 #include "platform/desktop_services.h"
 #include "platform/failure.h"
@@ -71,13 +72,11 @@ Past_Run Read_Run(const std::string& folder, const platform::Process& process) {
     Past_Run run{process, {}, {}};
     std::string content;
     if (Failure_Of([&] { content = platform::Read_File(Path_Of(folder, process)); }) != 0) return run;
-    for (std::size_t begin = 0; begin < content.size();) {
-        const std::size_t end = std::min(content.find('\n', begin), content.size());
-        const std::string_view line(content.data() + begin, end - begin);
+    std::istringstream lines(content);
+    for (std::string line; std::getline(lines, line);) {
         if (line.starts_with(kEnd)) run.end = line.substr(kEnd.size());
         if (line == kGoingOn) run.end.clear();
         if (line.starts_with(kWrites)) run.folders.push_back(From_One_Line(line.substr(kWrites.size())));
-        begin = end + 1;
     }
     return run;
 }

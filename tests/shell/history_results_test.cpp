@@ -208,6 +208,24 @@ TEST_F(HistoryOfResults, WhatIsTypedIntoSeveralBoxesIsTakenBackTheLatestFirstAnd
     });
 }
 
+TEST_F(HistoryOfResults, AStepThatWasUndoneComesAgainBeforeWhatWasTypedBehindIt) {
+    With_A_Run([this](Screen& home) {
+        Do(home, [] { Model.LinkMass(2) = 0.5; });
+        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
+            Type(masses, "txt_Mass", 3, "0.25");
+            Steps().Undo();
+            EXPECT_EQ(Steps().Redo_What(), "mass of link 3");
+            Steps().Undo();
+            EXPECT_NE(Model.LinkMass(2), 0.5);
+            EXPECT_NE(Steps().Redo_What(), "mass of link 3");
+            Steps().Redo();
+            EXPECT_EQ(Model.LinkMass(2), 0.5);
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
 TEST_F(HistoryOfResults, ATextThatIsTypedBackToWhatItWasLeavesNothingToTakeBack) {
     With_A_Run([this](Screen& home) {
         desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
