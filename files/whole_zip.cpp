@@ -32,7 +32,7 @@ std::optional<std::string> Unpacked(const std::string& packed, std::size_t size)
     stream.avail_in = static_cast<uInt>(packed.size());
     stream.next_out = reinterpret_cast<Bytef*>(text.data());
     stream.avail_out = static_cast<uInt>(text.size());
-    const bool whole = inflate(&stream, Z_FINISH) == Z_STREAM_END && stream.avail_out == 0;
+    const bool whole = inflate(&stream, Z_FINISH) == Z_STREAM_END;
     inflateEnd(&stream);
     return whole ? std::optional(std::move(text)) : std::nullopt;
 }
