@@ -14,6 +14,13 @@ std::string Shortest(Single value) {
     return {digits.data(), end};
 }
 
+std::optional<std::uint64_t> Whole_Number(std::string_view text) {
+    std::uint64_t number{};
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
+}
+
 std::string Csv_Field(const std::string& text) {
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
     std::string field = "\"";

@@ -2,10 +2,9 @@
 #include "batch/option_rows.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
-#include <system_error>
 
+#include "batch/csv.h"
 #include "batch/results.h"
 #include "batch/study_rows.h"
 
@@ -69,15 +68,14 @@ bool Take_Units(const std::string& value, BatchOptions& options, std::string& fa
 }
 
 bool Take_Best(const std::string& value, BatchOptions& options, std::string& fault) {
-    constexpr int kMost = 1000;
-    int count = 0;
-    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), count);
-    if (error != std::errc() || end != value.data() + value.size() || count < 1 || count > kMost) {
+    constexpr std::uint64_t kMost = 1000;
+    const auto count = Whole_Number(value);
+    if (!count || *count < 1 || *count > kMost) {
         fault = "--best wants a whole number from 1 to 1000, not \"" + value + "\"";
         return false;
     }
     if (!Once(options.best.has_value(), "--best", fault)) return false;
-    options.best = count;
+    options.best = static_cast<int>(*count);
     return true;
 }
 

@@ -33,16 +33,15 @@ std::string Progress_Line(std::size_t done, std::size_t all, const std::string& 
     return Cut(line + " " + name, room);
 }
 
-void Progress::Show(std::size_t done, const std::string& name) {
-    constexpr std::chrono::milliseconds kApart(50);
+void Terminal_Line::Show(const std::function<std::string(int columns)>& line) {
     const auto now = std::chrono::steady_clock::now();
     if (columns_ <= 0 || (shown_ && now < next_)) return;
-    next_ = now + kApart;
+    next_ = now + apart_;
     shown_ = true;
-    terminal_ << "\r" << Progress_Line(done, all_, name, columns_) << "\x1b[K" << std::flush;
+    terminal_ << "\r" << line(columns_) << "\x1b[K" << std::flush;
 }
 
-void Progress::Clear() {
+void Terminal_Line::Clear() {
     if (shown_) terminal_ << "\r\x1b[K" << std::flush;
     shown_ = false;
 }

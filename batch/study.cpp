@@ -197,7 +197,7 @@ class Study_Run {
         if (!stopped) there = Look_At_Rows(path, head, end);
         if (there.state == State::kNone) return std::nullopt;
         if (!Belongs(there)) return Foreign(stopped ? part : path);
-        if (there.rows > 0) first_ = Number_Of_Row(there.last).value() + 1;
+        if (there.rows > 0) first_ = Number_Of_Row(there.last);
         if (!stopped) {
             // Rows under their own name are all that there were, of this study or of one with fewer linkages.
             if (there.state == State::kWhole || first_ == range_.end) return kDone;
@@ -222,23 +222,19 @@ class Study_Run {
         return kFailed;
     }
 
-    static std::optional<Number> Number_Of_Row(const std::string& row) {
-        Number number = 0;
-        for (const char letter : row.substr(0, row.find(','))) {
-            if (letter < '0' || letter > '9' || number > (Number{1} << 53U)) return std::nullopt;
-            number = 10 * number + static_cast<Number>(letter - '0');
-        }
-        return number == 0 ? std::nullopt : std::optional(number - 1);
+    /// The number in front of a row, which is that of the next linkage; 0 where there is none.
+    static Number Number_Of_Row(const std::string& row) {
+        return Whole_Number(row.substr(0, row.find(','))).value_or(0);
     }
 
     /// Whether the last row is what this study makes of that linkage.
     bool Belongs(const Rows_There& there) {
         if (there.state == Rows_There::State::kForeign) return false;
         if (there.rows == 0) return true;
-        const auto linkage = Number_Of_Row(there.last);
-        if (!linkage || *linkage < range_.first || *linkage >= range_.end) return false;
+        const Number next = Number_Of_Row(there.last);
+        if (next <= range_.first || next > range_.end) return false;
         std::string row;
-        Row_Writer(bench_).Write(*linkage, *linkage + 1, row);
+        Row_Writer(bench_).Write(next - 1, next, row);
         return row == there.last + '\n';
     }
 

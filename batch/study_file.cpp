@@ -72,9 +72,11 @@ Rows_There Look_At_Rows(const std::string& path, const std::string& head, const 
     Rows_There there;
     if (!platform::Is_Plain_File(path)) return there;
     std::string begin;
-    bool begun = false, whole = false;
+    bool begun = false;
+    using State = Rows_There::State;
     For_Each_Line(path, [&](const std::string& line) {
-        whole = begun && !end.empty() && line == end;
+        const bool whole = begun && !end.empty() && line == end;
+        there.state = whole ? State::kWhole : State::kPartly;
         if (whole) return;
         there.bytes += line.size() + 1;
         if (!begun) {
@@ -85,13 +87,7 @@ Rows_There Look_At_Rows(const std::string& path, const std::string& head, const 
         ++there.rows;
         there.last = line;
     });
-    using State = Rows_There::State;
-    if (begin != head && !head.starts_with(begin))
-        there.state = State::kForeign;
-    else if (begin != head)
-        there.state = State::kNone;
-    else
-        there.state = whole ? State::kWhole : State::kPartly;
+    if (begin != head) there.state = head.starts_with(begin) ? State::kNone : State::kForeign;
     return there;
 }
 

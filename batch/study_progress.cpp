@@ -23,19 +23,4 @@ std::string Study_Line(std::uint64_t done, std::uint64_t all, std::uint64_t befo
     return line.size() <= room ? line : words.substr(0, room);
 }
 
-void Study_Progress::Show(std::uint64_t done) {
-    constexpr std::chrono::milliseconds kApart(200);
-    const auto now = Clock::now();
-    if (columns_ <= 0 || now < next_) return;
-    next_ = now + kApart;
-    shown_ = true;
-    const double seconds = std::chrono::duration<double>(now - start_).count();
-    terminal_ << "\r" << Study_Line(done, all_, before_, seconds, columns_) << "\x1b[K" << std::flush;
-}
-
-void Study_Progress::Clear() {
-    if (shown_) terminal_ << "\r\x1b[K" << std::flush;
-    shown_ = false;
-}
-
 }  // namespace verlink

@@ -3,8 +3,9 @@
 
 #include <chrono>
 #include <cstdint>
-#include <ostream>
 #include <string>
+
+#include "batch/progress.h"
 
 namespace verlink {
 
@@ -14,25 +15,21 @@ namespace verlink {
 std::string Study_Line(std::uint64_t done, std::uint64_t all, std::uint64_t before, double seconds, int columns);
 
 /// The line on a terminal, a few times a second.
-class Study_Progress {
+class Study_Progress : public Terminal_Line {
    public:
-    /// Without columns it shows nothing.
     Study_Progress(std::ostream& terminal, int columns, std::uint64_t all, std::uint64_t before)
-        : terminal_(terminal), columns_(columns), all_(all), before_(before) {}
-    ~Study_Progress() { Clear(); }
-    Study_Progress(const Study_Progress&) = delete;
-    Study_Progress& operator=(const Study_Progress&) = delete;
-
-    void Show(std::uint64_t done);
-    void Clear();
+        : Terminal_Line(terminal, columns, std::chrono::milliseconds(200)), all_(all), before_(before) {}
+    void Show(std::uint64_t done) {
+        Terminal_Line::Show([&](int columns) {
+            const std::chrono::duration<double> seconds = Clock::now() - start_;
+            return Study_Line(done, all_, before_, seconds.count(), columns);
+        });
+    }
 
    private:
     using Clock = std::chrono::steady_clock;
-    std::ostream& terminal_;
-    int columns_;
     std::uint64_t all_, before_;
-    bool shown_ = false;
-    Clock::time_point start_ = Clock::now(), next_ = start_;
+    Clock::time_point start_ = Clock::now();
 };
 
 }  // namespace verlink

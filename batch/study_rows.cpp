@@ -2,8 +2,8 @@
 #include "batch/study_rows.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "batch/csv.h"
 #include "batch/results.h"
 
 namespace verlink {
@@ -13,14 +13,6 @@ namespace {
 using Take = decltype(OptionRow::take);
 
 const char kStudies[] = "Studies of many linkages";
-
-std::optional<std::uint64_t> Whole_Number(const std::string& text) {
-    std::uint64_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (text.empty() || read.ec != std::errc() || read.ptr != end) return std::nullopt;
-    return number;
-}
 
 Take Words_Of_List(std::vector<std::string> StudyOptions::*list) {
     return [list](const std::string& value, BatchOptions& options, std::string&) {

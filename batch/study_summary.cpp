@@ -2,7 +2,6 @@
 #include "batch/study_summary.h"
 
 #include <bit>
-#include <charconv>
 
 #include "batch/csv.h"
 
@@ -53,12 +52,6 @@ void Add_Tally(Rows& rows, const std::string& measure, const Tally& tally) {
         rows.Add(measure, "lowest", std::to_string(extreme.linkage + 1), Cell(extreme.value));
     for (const Tally::Extreme& extreme : tally.Highest())
         rows.Add(measure, "highest", std::to_string(extreme.linkage + 1), Cell(extreme.value));
-}
-
-bool Read(const std::string& text, std::uint64_t& number) {
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end;
 }
 
 /// Comma-separated fields, with quotes about those that need them.
@@ -112,18 +105,18 @@ std::string Summary_Text(const Summary& summary, const std::vector<float>& nomin
 
 bool Take_Summary(const std::vector<std::string>& lines, std::optional<Summary>& summary) {
     constexpr std::size_t kHead = 2, kEach = 1 + Tally::kLines;
-    std::uint64_t solved{}, kept{};
     if (lines.size() < kHead || (lines.size() - kHead) % kEach != 0) return false;
-    if (!Read(lines[0], solved) || !Read(lines[1], kept)) return false;
+    const auto solved = Whole_Number(lines[0]), kept = Whole_Number(lines[1]);
+    if (!solved || !kept) return false;
     std::vector<float> nominal;
     for (std::size_t at = kHead; at < lines.size(); at += kEach) {
-        std::uint64_t bits{};
-        if (!Read(lines[at], bits)) return false;
-        nominal.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(bits)));
+        const auto bits = Whole_Number(lines[at]);
+        if (!bits) return false;
+        nominal.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(*bits)));
     }
     Summary part(nominal);
-    part.solved = solved;
-    part.kept = kept;
+    part.solved = *solved;
+    part.kept = *kept;
     for (std::size_t i = 0; i < nominal.size(); ++i) {
         const auto from = lines.begin() + static_cast<std::ptrdiff_t>(kHead + i * kEach + 1);
         if (!part.measures[i].Take({from, from + Tally::kLines})) return false;

@@ -131,9 +131,8 @@ std::string Link4_Content() {
     for (const Single time : {Model.TimeStart, Model.TimeEnd, Model.TimeStep}) content += Free_Line_Of(time);
     for (int i = 0; i < kBlankLines; ++i) content += CRLF;
     for (int step = 0; step <= Model.NSteps; ++step) {
-        FreeLine line;
-        line.Put(Text_Of(table.Theta(step, 2))).Put(Text_Of(table.Omega(step, 2))).Put(Text_Of(table.Alpha(step, 2)));
-        content += line.Ended();
+        const auto text = [step](const auto& values) { return Text_Of(values(step, 2)); };
+        content += FreeLine().Put(text(table.Theta)).Put(text(table.Omega)).Put(text(table.Alpha)).Ended();
     }
     return content;
 }

@@ -138,7 +138,7 @@ auto Place_To_Read(LinkageModel& record, const FileField& field) {
 
 /// Values that older versions left at 0.
 void Settle(LinkageModel& record, const FileField& field) {
-    if (field.line == kCyclesLine && record.Cycles < 1) record.Cycles = 1;
+    if (field.line == kCyclesLine) record.Cycles = std::max<int>(record.Cycles, 1);
     if (field.line == kZoomLine && record.ZoomFactor == 0) record.ZoomFactor = 1;
 }
 

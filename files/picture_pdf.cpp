@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 #include "platform/clip.h"
@@ -42,12 +43,14 @@ class Page {
         for (const Picture::Primitive& primitive : picture_.Primitives()) {
             if (!primitive.alive) continue;
             Take(primitive.color);
-            const Point at = Place(primitive.x1, primitive.y1);
-            const double radius = std::abs(primitive.x2 / (picture_.Right() - picture_.Left())) * side_;
+            const Point at = Place(primitive.x1 + primitive.dx1, primitive.y1 + primitive.dy1);
             switch (primitive.kind) {
-                case Picture::Primitive::Kind::kSegment: Segment(at, Place(primitive.x2, primitive.y2)); break;
+                case Picture::Primitive::Kind::kSegment:
+                case Picture::Primitive::Kind::kMark:
+                    Segment(at, Place(primitive.x2 + primitive.dx2, primitive.y2 + primitive.dy2));
+                    break;
                 case Picture::Primitive::Kind::kDot: Segment(at, at); break;
-                default: Round(at, radius);
+                default: Round(at, std::abs(primitive.x2 / (picture_.Right() - picture_.Left())) * side_);
             }
         }
         return text_;
@@ -77,7 +80,7 @@ class Page {
     const Picture& picture_;
     double side_;
     ClipBox seen_;
-    Color color_ = -1;
+    std::optional<Color> color_;  ///< of the strokes so far
     std::string text_;
 };
 

@@ -26,7 +26,7 @@ void Note_Recent(const std::string& path) {
     std::vector<std::string> recent = settings.List(kSetting);
     std::erase(recent, latest);
     recent.insert(recent.begin(), latest);
-    if (recent.size() > kMostKept) recent.resize(kMostKept);
+    recent.resize(std::min(recent.size(), kMostKept));
     settings.Put(kSetting, recent);
     settings.Save();
 }

@@ -73,8 +73,7 @@ void TextReader::Skip_Blanks() { place_ = std::min(content_.find_first_not_of(kB
 void TextReader::End_Value() {
     Skip_Blanks();
     if (AtEnd() || !Ends_Value(content_[place_])) return;
-    const bool crlf = content_.substr(place_, 2) == "\r\n";
-    place_ += crlf ? 2 : 1;
+    place_ += content_.substr(place_, 2) == "\r\n" ? 2 : 1;
 }
 
 std::string_view TextReader::Word(std::string_view ends) {

@@ -3,6 +3,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -17,7 +18,7 @@ constexpr std::size_t kEndSize = 22, kEntrySize = 46, kLocalSize = 30;
 
 /// A byte of a text, and little-endian numbers of two and four; nothing beyond its end.
 std::uint32_t Byte(const std::string& text, std::size_t at) {
-    return at < text.size() ? static_cast<unsigned char>(text[at]) : 0U;
+    return static_cast<unsigned char>(text[std::min(at, text.size())]);
 }
 std::uint32_t Two(const std::string& text, std::size_t at) { return Byte(text, at) | Byte(text, at + 1) << 8U; }
 std::uint32_t Four(const std::string& text, std::size_t at) { return Two(text, at) | Two(text, at + 2) << 16U; }
@@ -31,7 +32,7 @@ std::optional<std::string> Unpacked(const std::string& packed, std::size_t size)
     stream.avail_in = static_cast<uInt>(packed.size());
     stream.next_out = reinterpret_cast<Bytef*>(text.data());
     stream.avail_out = static_cast<uInt>(text.size());
-    const bool whole = inflate(&stream, Z_FINISH) == Z_STREAM_END && stream.avail_out == 0;
+    const bool whole = inflate(&stream, Z_FINISH) == Z_STREAM_END;
     inflateEnd(&stream);
     return whole ? std::optional(std::move(text)) : std::nullopt;
 }
@@ -39,8 +40,7 @@ std::optional<std::string> Unpacked(const std::string& packed, std::size_t size)
 /// The last element that is closed is the first that was opened.
 bool Is_Whole_Xml(const std::string& text) {
     std::size_t open = text.find('<');
-    while (open != std::string::npos && open + 1 < text.size() && text[open + 1] == '?')
-        open = text.find('<', open + 1);
+    while (open != std::string::npos && text[open + 1] == '?') open = text.find('<', open + 1);
     if (open == std::string::npos) return false;
     const std::string root = text.substr(open + 1, text.find_first_of(" \t\r\n/>", open) - open - 1);
     const std::size_t end = text.find_last_not_of(" \t\r\n");
@@ -58,8 +58,7 @@ bool Is_Whole_Entry(const std::string& archive, std::size_t at) {
     const std::size_t local = Four(archive, at + 42);
     if (method != kDeflated || Four(archive, local) != kLocal) return false;
     const std::size_t start = local + kLocalSize + Two(archive, local + 26) + Two(archive, local + 28);
-    if (start + packed > archive.size()) return false;
-    const auto text = Unpacked(archive.substr(start, packed), size);
+    const auto text = Unpacked(archive.substr(std::min(start, archive.size()), packed), size);
     return text && crc32(0, reinterpret_cast<const Bytef*>(text->data()), static_cast<uInt>(size)) == sum &&
            Is_Whole_Xml(*text);
 }
@@ -67,8 +66,7 @@ bool Is_Whole_Entry(const std::string& archive, std::size_t at) {
 }  // namespace
 
 bool Is_Whole_Zip_Of_Xml(const std::string& archive) {
-    if (archive.size() < kEndSize) return false;
-    const std::size_t end = archive.size() - kEndSize;  // there is no remark behind it
+    const std::size_t end = archive.size() - kEndSize;  // no remark is behind it, and nothing there if it is shorter
     if (Four(archive, end) != kEnd) return false;
     const std::uint32_t entries = Two(archive, end + 10);
     std::size_t at = Four(archive, end + 16);

@@ -11,10 +11,6 @@ namespace {
 
 bool Finite(Point p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-double Half_Diagonal(const ClipBox& box) { return std::hypot(box.right - box.left, box.bottom - box.top) / 2; }
-
-Point Middle(const ClipBox& box) { return {(box.left + box.right) / 2, (box.top + box.bottom) / 2}; }
-
 /// Narrows the part of the way from `start` along `along` that lies between two edges.
 bool Narrow(double start, double along, double low, double high, double& first, double& last) {
     if (along == 0) return start >= low && start <= high;
@@ -32,23 +28,16 @@ bool Clip_Segment(const ClipBox& box, Point& from, Point& to) {
     if (box.Holds(from) && box.Holds(to)) return true;
     // Halves, since the distance of two numbers may be more than a number holds.
     const double along_x = to.x / 2 - from.x / 2, along_y = to.y / 2 - from.y / 2;
-    double first = 0, last = 1;
-    const auto narrow = [&](double start, double along, double low, double high) {
-        double halved_first = 2 * first, halved_last = 2 * last;
-        if (!Narrow(start, along, low, high, halved_first, halved_last)) return false;
-        first = halved_first / 2;
-        last = halved_last / 2;
-        return true;
+    double first = 0, last = 2;
+    if (!Narrow(from.x, along_x, box.left, box.right, first, last) ||
+        !Narrow(from.y, along_y, box.top, box.bottom, first, last))
+        return false;
+    const auto at = [&](double halves) {
+        return Point{std::clamp(from.x + halves * along_x, box.left, box.right),
+                     std::clamp(from.y + halves * along_y, box.top, box.bottom)};
     };
-    if (!narrow(from.x, along_x, box.left, box.right) || !narrow(from.y, along_y, box.top, box.bottom)) return false;
-    const auto at = [&](double part) {
-        return Point{std::clamp(from.x + 2 * part * along_x, box.left, box.right),
-                     std::clamp(from.y + 2 * part * along_y, box.top, box.bottom)};
-    };
-    const Point start = first > 0 ? at(first) : from;
-    const Point end = last < 1 ? at(last) : to;
-    from = start;
-    to = end;
+    if (last < 2) to = at(last);
+    from = at(first);
     return true;
 }
 
@@ -63,8 +52,8 @@ bool Circle_Seen(const ClipBox& box, Point centre, double radius) {
 
 std::vector<Point> Seen_Arc(const ClipBox& box, Point centre, double radius, double off) {
     if (!Circle_Seen(box, centre, radius) || radius == 0) return {};
-    const Point middle = Middle(box);
-    const double reach = Half_Diagonal(box);
+    const Point middle{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+    const double reach = std::hypot(box.right - box.left, box.bottom - box.top) / 2;
     const double x = middle.x - centre.x, y = middle.y - centre.y;
     const double away = std::hypot(x, y);
     // Where the way from the centre to the middle of the box meets the circle, and how far to both sides of that the

@@ -93,7 +93,7 @@ bool Written(int file, const std::string& content) {
             return false;
         } else if (errno == EAGAIN) {
             pollfd room{file, POLLOUT, 0};
-            ::poll(&room, 1, -1);
+            ::ppoll(&room, 1, nullptr, nullptr);
         } else if (errno != EINTR) {
             return false;
         }
@@ -128,10 +128,11 @@ std::string Read_Up_To(const std::string& path, std::size_t most, Part part) {
     std::array<char, 65536> block{};
     while (content.size() <= most) {
         const ssize_t count = The_System().Read(file.Number(), block.data(), block.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) Raise_File(path, Way::kReading, errno);
         if (count == 0) break;
-        content.append(block.data(), static_cast<std::size_t>(count));
+        if (count != -1)
+            content.append(block.data(), static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            Raise_File(path, Way::kReading, errno);
     }
     // Some files say nothing of their size.
     if (part == Part::kWhole && content.size() > most) Refuse_What_Is_Too_Large(path);

@@ -21,7 +21,9 @@ constexpr int kBlock = 8;
 constexpr double kWhole = 255;
 
 /// The lower bound for what is no number.
-int Whole(double value, int low, int high) { return static_cast<int>(std::fmin(std::fmax(value, low), high)); }
+int Whole(double value, int low, int high) {
+    return static_cast<int>(std::min<double>(high, std::max<double>(low, value)));
+}
 
 /// Numbers of the eight pixels of a block.
 typedef float Four __attribute__((vector_size(16)));
@@ -115,8 +117,7 @@ struct Ink::Stroke {
     double length{};     ///< of the segment
     double along_x = 1;  ///< of length 1 together
     double along_y = 0;
-    bool level = true;  ///< no row tells the place of a level one
-    double slope{};     ///< by so much to the right with each row
+    double slope{};  ///< by so much to the right with each row; no row tells the place of a level one
 
     Stroke(Point a, Point b, double far) : from(a), to(b), reach(far) {
         const double x = to.x - from.x, y = to.y - from.y;
@@ -125,8 +126,7 @@ struct Ink::Stroke {
             along_x = x / length;
             along_y = y / length;
         }
-        level = std::abs(along_y) * kVast < std::abs(along_x);
-        if (!level) slope = along_x / along_y;
+        if (along_y != 0) slope = along_x / along_y;
     }
     /// Times 255, how far the first pixel of a block is from the middle line, by which the next ones are nearer.
     double Across(double down, int column) const {
@@ -144,19 +144,14 @@ struct Ink::Ring {
 Ink::Ink(int width, int height)
     : width_(width),
       height_(height),
-      blocks_((static_cast<std::size_t>(width) + kBlock - 1) / kBlock),
+      blocks_(static_cast<std::size_t>(std::ceil(static_cast<double>(width) / kBlock))),
       covered_(blocks_ * static_cast<std::size_t>(height)) {}
 
 template <class Action>
 inline void Ink::Each_Block(double from, double to, Action action) const {
     // The middles of pixels count, which are half a pixel on.
-    if (!(to >= 0.5 && from <= width_ - 0.5)) return;
-    constexpr double kMiddle = 0.5;
-    const int first_pixel = static_cast<int>(std::max(from, 0.0) + kMiddle);
-    const int last_pixel = static_cast<int>(std::min<double>(to, width_) - kMiddle);
-    const unsigned first = static_cast<unsigned>(first_pixel) / kBlock;
-    const unsigned last = static_cast<unsigned>(last_pixel) / kBlock;
-    for (unsigned block = first; block <= last; ++block) action(static_cast<int>(block * kBlock));
+    const int first = Whole(from + 0.5, 0, width_), end = Whole(to + 0.5, 0, width_);
+    for (int column = first / kBlock * kBlock; first < end && column < end; column += kBlock) action(column);
 }
 
 inline void Ink::Put(int row, std::size_t place, std::uint64_t parts) {
@@ -184,7 +179,7 @@ void Ink::Cover_Around(const Stroke& s, int first, int last) {
     for (int row = first; row < last; ++row) {
         const double middle = row + 0.5, down = middle - s.from.y;
         double low = left, high = right;
-        if (!s.level) {
+        if (s.along_y != 0) {
             const double one = s.from.x + (std::clamp(middle - s.reach, top, bottom) - s.from.y) * s.slope;
             const double other = s.from.x + (std::clamp(middle + s.reach, top, bottom) - s.from.y) * s.slope;
             low = std::min(one, other);
@@ -193,10 +188,7 @@ void Ink::Cover_Around(const Stroke& s, int first, int last) {
         Each_Block(low - s.reach, high + s.reach, [&](int column) {
             const double right_by = column + 0.5 - s.from.x;
             const double walked = right_by * s.along_x + down * s.along_y;
-            const double walked_last = walked + (kBlock - 1) * s.along_x;
             const Eight away = All((down * s.along_x - right_by * s.along_y) * kWhole) + beside;
-            if (std::min(walked, walked_last) >= 0 && std::max(walked, walked_last) <= s.length)
-                return Cover(row, column, reach - Size(away));
             const Eight went = All(walked * kWhole) + along;
             const Eight beyond = went - Most(start, Least(went, end));
             Cover(row, column, reach - Root(away * away + beyond * beyond));
@@ -228,7 +220,7 @@ Ink::Rows Ink::Cover_Ends(const Stroke& s) {
 
 void Ink::Line(Point from, Point to, double width) {
     const double reach = width / 2 + 0.5;
-    if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) return;
+    if (!Clip_Segment(Within(reach), from, to)) return;
     const Stroke stroke(from, to, reach);
     const Rows between = Cover_Ends(stroke);
     Cover_Between(stroke, between.first, between.last);
@@ -242,11 +234,8 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
     std::vector<std::vector<Piece>> pieces(blocks_);
     const double reach = width / 2 + 0.5;
     for (const Upright& line : lines) {
-        Point from{line.x, line.y1}, to{line.x, line.y2};
-        if (!Clip_Segment(Sheet().Grown(2 * reach), from, to)) continue;
-        const Stroke stroke(from, to, reach);
+        const Stroke stroke({line.x, line.y1}, {line.x, line.y2}, reach);
         const Rows rows = Cover_Ends(stroke);
-        if (rows.first >= rows.last) continue;
         const Eight beside = Ramp(-stroke.along_y * kWhole);
         Each_Block(line.x - reach, line.x + reach, [&](int column) {
             const Eight away = Size(All(stroke.Across(0, column)) + beside);
@@ -280,7 +269,6 @@ void Ink::Ring_Row(int row, const Ring& ring) {
         const Eight away = Size(Root(across * across + below) - round);
         Cover(row, column, reach - away * whole);
     };
-    if (from == 0) return Each_Block(centre.x - to, centre.x + to, cover);
     Each_Block(centre.x - to, centre.x - from, cover);
     Each_Block(centre.x + from, centre.x + to, cover);
 }
@@ -288,7 +276,7 @@ void Ink::Ring_Row(int row, const Ring& ring) {
 void Ink::Circle(Point centre, double radius, double width) {
     const double reach = width / 2 + 0.5;
     if (radius > kVast) {
-        const std::vector<Point> arc = Seen_Arc(Sheet().Grown(2 * reach), centre, radius, kOff);
+        const std::vector<Point> arc = Seen_Arc(Within(reach), centre, radius, kOff);
         Each_Piece(arc, [&](Point from, Point to) { Line(from, to, width); });
         return;
     }

@@ -47,7 +47,8 @@ class Ink {
    private:
     struct Stroke;
     struct Ring;
-    ClipBox Sheet() const { return {0, 0, static_cast<double>(width_), static_cast<double>(height_)}; }
+    /// From where strokes get onto the sheet, with as much again for what is cut off far away.
+    ClipBox Within(double reach) const { return ClipBox{0, 0, double(width_), double(height_)}.Grown(2 * reach); }
     /// Eight pixels of a row beside each other, which are covered in one go; the last of a row may reach beyond it.
     struct Block {
         std::uint32_t row, place;

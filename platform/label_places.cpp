@@ -34,7 +34,7 @@ class Drawn {
    public:
     Drawn(const Picture& picture, double side, const Glass& glass)
         : cells_(static_cast<int>(std::ceil(std::max(side, kCell) / kCell))) {
-        sums_.assign(Index(cells_ + 1, cells_ + 1) + 1, 0);
+        sums_.resize(Index(cells_ + 1, cells_ + 1) + 1);
         const double wide_world = picture.Right() - picture.Left(), high_world = picture.Bottom() - picture.Top();
         const double pin = std::abs(side / wide_world);
         const auto x_of = [&](double x) { return glass.Seen_Across((x - picture.Left()) / wide_world) * side; };
@@ -92,11 +92,9 @@ class Drawn {
     void Segment(double x1, double y1, double x2, double y2) {
         Point from{x1, y1}, to{x2, y2};
         if (!Clip_Segment(Sheet(), from, to)) return;
-        const int steps = static_cast<int>(std::hypot(to.x - from.x, to.y - from.y) / (kCell / 2)) + 1;
-        for (int i = 0; i <= steps; ++i) {
-            const double part = static_cast<double>(i) / steps;
-            Dot(from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part);
-        }
+        const double x = to.x - from.x, y = to.y - from.y;
+        const int steps = static_cast<int>(std::hypot(x, y)) + 1;
+        for (int i = 0; i <= steps; ++i) Dot(from.x + x * i / steps, from.y + y * i / steps);
     }
     void Circle(Point centre, double radius) {
         const std::vector<Point> arc = Seen_Arc(Sheet(), centre, radius, kCell / 8);

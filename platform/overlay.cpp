@@ -23,7 +23,6 @@ constexpr double kAir = 6;                            ///< pixels around what st
 constexpr double kNear = 7;                           ///< pixels from a place to its name
 constexpr Color kGridColor = 0xA0A0A0;
 constexpr Color kGridText = 0x606060;
-constexpr double kRounding = 1e-12;
 constexpr double kTimes[] = {1, 2, 5, 10};
 constexpr int kWays = 16;  ///< around its place that a name may stand
 /// What it costs a name to cover another, or to leave the picture, in pixels of distance from its place.
@@ -33,7 +32,7 @@ constexpr double kCovers = 120;
 std::string Value_Text(double value, double step) {
     if (value == 0) return "0";
     char text[40];
-    const int decimals = static_cast<int>(std::max(0.0, -std::floor(std::log10(step) + 1e-9)));
+    const int decimals = static_cast<int>(std::max(0.0F, -std::floor(static_cast<float>(std::log10(step)))));
     if (std::abs(value) < 1e6 && decimals <= 6)
         std::snprintf(text, sizeof text, "%.*f", decimals, value);
     else
@@ -223,7 +222,7 @@ class Painting {
     double Cost(const ClipBox& box) const {
         double cost = 0;
         const double outside = (box.right - box.left) * (box.bottom - box.top) - box.Shared(window_);
-        if (outside > 0.01) cost += kCovers + outside;
+        if (outside > 0) cost += kCovers + outside;
         for (const ClipBox& other : taken_)
             if (const double both = box.Shared(other); both > 0) cost += kCovers + both;
         for (const Stretch& stroke : strokes_) {
@@ -255,21 +254,19 @@ class Painting {
 }  // namespace
 
 double Round_Down_1_2_5(double value) {
-    // A value that rounding has left just below one of them is that one.
-    const double raised = value * (1 + kRounding);
-    const double power = std::pow(10, std::floor(std::log10(raised)));
-    return power * *std::prev(std::upper_bound(std::next(kTimes), std::end(kTimes), raised / power));
+    const double power = std::pow(10, std::floor(std::log10(value)));
+    // A value that rounding has left just below one of them is that one, in single precision.
+    const auto times = static_cast<float>(value / power);
+    return power * *std::prev(std::upper_bound(std::next(kTimes), std::end(kTimes), times));
 }
 
 double Round_Up_1_2_5(double value) {
-    const double lowered = value * (1 - kRounding);
-    const double power = std::pow(10, std::floor(std::log10(lowered)));
-    return power * *std::lower_bound(kTimes, std::prev(std::end(kTimes)), lowered / power);
+    const double power = std::pow(10, std::floor(std::log10(value)));
+    return power * *std::lower_bound(kTimes, std::prev(std::end(kTimes)), static_cast<float>(value / power));
 }
 
 void Draw_Overlay(const Overlay& overlay, const Sight& sight, Overlay_Pen& pen) {
-    if (overlay.Empty() || !(sight.across > 0 && sight.down > 0)) return;
-    if (sight.wide == 0 || sight.high == 0) return;
+    if (sight.across <= 0 || sight.down <= 0 || sight.wide == 0 || sight.high == 0) return;
     Painting(overlay, sight, pen).All();
 }
 

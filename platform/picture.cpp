@@ -2,7 +2,9 @@
 #include "platform/picture.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "platform/clip.h"
@@ -13,7 +15,6 @@ namespace verlink::platform {
 
 namespace {
 
-constexpr std::size_t kSmallIndex = 1024;
 /// What a window may measure across or down.
 constexpr double kLeastExtent = 1e-25;
 constexpr double kMostExtent = 3.4e38;
@@ -27,19 +28,10 @@ void Check(Values... values) {
 std::int64_t Line_Of(double value) {
     constexpr double kFar = 4e18;
     value = std::clamp(value, -kFar, kFar);
-    return static_cast<std::int64_t>(value + (value < 0 ? -0.5 : 0.5));
+    return static_cast<std::int64_t>(value + std::copysign(0.5, value));
 }
 
 }  // namespace
-
-std::uint32_t Picture::Key::Hash() const {
-    std::uint64_t hash = static_cast<std::uint64_t>(kind);
-    for (const std::int64_t part : {a, b, c, d}) {
-        hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
-        hash ^= hash >> 29U;
-    }
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32U));
-}
 
 Picture::Key Picture::KeyOf(const Primitive& primitive) const {
     return {static_cast<std::int64_t>(primitive.kind), Line_Of((primitive.x1 + primitive.dx1) * across_),
@@ -47,12 +39,16 @@ Picture::Key Picture::KeyOf(const Primitive& primitive) const {
             Line_Of((primitive.y2 + primitive.dy2) * down_)};
 }
 
-std::size_t Picture::Seek(const Key& key, std::uint32_t hash) const {
+std::size_t Picture::Place_Of(const Key& key) const {
+    std::uint64_t hash{};
+    for (const std::int64_t part : key) {
+        hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 29U;
+    }
     const std::size_t mask = index_.size() - 1;
-    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Slot& held = index_[slot];
-        if (held.generation != generation_) return slot;
-        if (held.hash == hash && KeyOf(list_[held.item]) == key) return slot;
+    for (std::size_t place = hash ^ (hash >> 32U);; ++place) {
+        const Found& found = index_[place &= mask];
+        if (found.item == 0 || KeyOf(list_[found.item - 1]) == key) return place;
     }
 }
 
@@ -61,59 +57,44 @@ void Picture::Add(Primitive::Kind kind, Color color, double x1, double y1, doubl
 }
 
 void Picture::Add(Primitive primitive) {
-    const Color color = primitive.color;
     if (index_.empty()) Compact();
-    const Key key = KeyOf(primitive);
-    const std::uint32_t hash = key.Hash();
-    std::size_t place = Seek(key, hash);
-    if (Slot& slot = index_[place]; slot.generation == generation_) {
-        Primitive& earlier = list_[slot.item];
-        if (!earlier.alive && color == back_ && slot.erased == strokes_) return;
+    const bool erases = primitive.color == back_;
+    Found& found = index_[Place_Of(KeyOf(primitive))];
+    if (found.item > 0) {
+        if (erases && found.erased == strokes_) return;
+        Primitive& earlier = list_[found.item - 1];
         if (earlier.alive) {
             earlier.alive = false;
             --alive_;
-            if (color == back_ && earlier.color != back_) {
-                slot.erased = strokes_;
+            if (erases && earlier.color != back_) {
+                found.erased = strokes_;
                 Touch();
                 return;
             }
         }
     }
-    if (list_.size() >= index_.size() / 2) {
-        Compact();
-        place = Seek(key, hash);
-    }
-    index_[place] = {generation_, hash, static_cast<std::uint32_t>(list_.size()), {}};
     list_.push_back(primitive);
+    found = {static_cast<std::uint32_t>(list_.size()), 0};
     ++strokes_;
     ++alive_;
+    if (2 * list_.size() >= index_.size()) Compact();
     Touch();
 }
 
 void Picture::Compact() {
     std::erase_if(list_, [](const Primitive& primitive) { return !primitive.alive; });
-    std::size_t size = std::max(index_.size(), kSmallIndex);
-    while (size < 4 * list_.size()) size *= 2;
-    index_.assign(size, {});
-    generation_ = 1;
-    for (std::size_t item = 0; item < list_.size(); ++item) {
-        const Key key = KeyOf(list_[item]);
-        const std::uint32_t hash = key.Hash();
-        // Two that were apart may have come together on the grid of another window; the upper one is found.
-        const std::size_t slot = Seek(key, hash);
-        index_[slot] = {generation_, hash, static_cast<std::uint32_t>(item), {}};
-    }
+    index_.assign(std::bit_ceil(4 * std::max<std::size_t>(list_.size(), 256)), {});
+    // Two that were apart may have come together on the grid of another window; the upper one is found.
+    std::uint32_t item = 0;
+    for (const Primitive& primitive : list_) index_[Place_Of(KeyOf(primitive))] = {++item, 0};
 }
 
 void Picture::Clear() {
     list_.clear();
+    index_.assign(index_.size(), {});
     alive_ = 0;
     strokes_ = 0;
     ++epoch_;
-    if (++generation_ == 0) {
-        index_.assign(index_.size(), {});
-        generation_ = 1;
-    }
     x_ = left_;
     y_ = top_;
     Touch();
@@ -151,7 +132,7 @@ void Picture::Scale(double x1, double y1, double x2, double y2) {
     bottom_ = y2;
     across_ = kGrid / std::abs(wide);
     down_ = kGrid / std::abs(high);
-    if (!list_.empty()) Compact();
+    Compact();
     ++epoch_;
     Touch();
 }
@@ -247,13 +228,13 @@ class Picture::SvgPen {
     // Segments that follow each other in one colour are one path; where one begins at the other's end they join.
     void Segment(Point from, Point to, Color color) {
         if (!Clip_Segment(seen_, from, to)) return;
-        if (!in_path_ || color_ != color) {
+        const bool goes_on = color_ == color;
+        if (!goes_on) {
             End_Path();
             text_ += "<path stroke=\"" + Hex(color) + "\" d=\"";
         }
-        if (!in_path_ || end_ != from) text_ += "M" + Pair(from);
+        if (!goes_on || end_ != from) text_ += "M" + Pair(from);
         text_ += "L" + Pair(to);
-        in_path_ = true;
         color_ = color;
         end_ = to;
     }
@@ -274,8 +255,8 @@ class Picture::SvgPen {
         text_ += "<circle cx=\"" + Number(at.x) + "\" cy=\"" + Number(at.y) + "\" r=\"" + rest + Hex(color) + "\"/>\n";
     }
     void End_Path() {
-        if (in_path_) text_ += "\"/>\n";
-        in_path_ = false;
+        if (color_) text_ += "\"/>\n";
+        color_.reset();
     }
 
     static constexpr double kVast = 1e5;  ///< a larger circle is written as the part of it that is seen
@@ -283,8 +264,7 @@ class Picture::SvgPen {
     double pixels_;
     std::string thin_, text_;
     ClipBox seen_;
-    bool in_path_ = false;
-    Color color_ = 0;
+    std::optional<Color> color_;  ///< of the path that is being written
     Point end_{};
 };
 

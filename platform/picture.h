@@ -1,6 +1,7 @@
 // A surface that remembers: a list of primitives that can be painted at any size, printed and written as SVG.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -69,17 +70,10 @@ class Picture : public Surface {
    private:
     class SvgPen;
     /// What a primitive is known by: its kind and its rounded coordinates.
-    struct Key {
-        std::int64_t kind, a, b, c, d;
-        bool operator==(const Key&) const = default;
-        std::uint32_t Hash() const;
-    };
-    /// A place of the index, taken when its generation is the present one.
-    struct Slot {
-        std::uint32_t generation;
-        std::uint32_t hash;
-        std::uint32_t item;    ///< index into list_
-        std::uint32_t erased;  ///< if that is dead: the value of strokes_ when it was erased
+    using Key = std::array<std::int64_t, 5>;
+    struct Found {
+        std::uint32_t item;    ///< of list_, from 1; 0 for none
+        std::uint32_t erased;  ///< the value of strokes_ when it was
     };
 
     void Add(Primitive::Kind kind, Color color, double x1, double y1, double x2, double y2);
@@ -87,9 +81,9 @@ class Picture : public Surface {
     void Segment(double x1, double y1, double x2, double y2, Color color);
     void Round(Primitive::Kind kind, double x, double y, double radius, Color color);
     Key KeyOf(const Primitive& primitive) const;
-    /// The slot of the primitive of that key, or the free one where it belongs.
-    std::size_t Seek(const Key& key, std::uint32_t hash) const;
-    /// Forgets the dead primitives and builds the index anew, with room for twice as many.
+    /// Where in the index the primitive of that key is, or is to be.
+    std::size_t Place_Of(const Key& key) const;
+    /// Forgets the dead primitives and builds the index anew, with room for as many again.
     void Compact();
     void Clear();
     void Touch() {
@@ -98,8 +92,7 @@ class Picture : public Surface {
     }
 
     std::vector<Primitive> list_;
-    std::vector<Slot> index_;  ///< open addressing, a power of two, at most half full
-    std::uint32_t generation_ = 1;
+    std::vector<Found> index_;   ///< open addressing, a power of two, at most half full
     std::uint32_t strokes_ = 0;  ///< how many were added to the list since it was empty
     std::size_t alive_ = 0;
     Color back_ = 0xFFFFFF;

@@ -68,19 +68,19 @@ class PicturePixels::Hand {
     std::size_t Draw(List::const_iterator from, List::const_iterator to, std::vector<std::uint32_t>& pixels) const {
         std::size_t drawn = 0;
         Chain chain{ink_, pen_};
-        Color color = 0;
+        const Primitive* last = nullptr;
+        const auto pour = [&] {
+            chain.End();
+            if (last) ink_.Pour(pixels, last->color);
+        };
         for (auto at = from; at != to; ++at) {
             if (!at->alive) continue;
-            if (at->color != color) {
-                chain.End();
-                ink_.Pour(pixels, color);
-            }
-            color = at->color;
+            if (last && at->color != last->color) pour();
+            last = &*at;
             Stroke(*at, chain);
             ++drawn;
         }
-        chain.End();
-        ink_.Pour(pixels, color);
+        pour();
         return drawn;
     }
 
@@ -100,7 +100,7 @@ class PicturePixels::Hand {
             }
             end = to;
             // One along an axis has its place among the pixels.
-            if (drawn_from != from || drawn_to != to) {
+            if (drawn_from != from) {
                 if (drawn != from) ink.Line(drawn, from, pen);
                 ink.Line(drawn_from, drawn_to, pen);
             } else if (std::hypot(to.x - drawn.x, to.y - drawn.y) >= kThinnest) {
@@ -181,7 +181,6 @@ void PicturePixels::Grow_Sheet(const Picture& picture, std::uint32_t end, const 
 std::uint32_t PicturePixels::End_Of_Turn(const Picture& picture) const {
     const List& list = picture.Primitives();
     auto at = Place_Of(list, sheet_.end);
-    if (static_cast<std::size_t>(list.end() - at) <= most_) return picture.Strokes();
     for (std::size_t left = most_; at != list.end() && left > 0; ++at) left -= static_cast<std::size_t>(at->alive);
     while (at != list.end() && Within_A_Run(list, at)) ++at;
     return at == list.end() ? picture.Strokes() : at->stroke;
@@ -199,7 +198,7 @@ void PicturePixels::Paint(const Picture& picture, int wide, int high, double den
         ink_ = Ink(wide, high);
         front_.resize(static_cast<std::size_t>(wide) * static_cast<std::size_t>(high));
         sheet_ = {};
-        epoch_ = picture.Epoch() - 1;
+        seen_ = 0;
     }
     if (epoch_ != picture.Epoch() || density != density_ || across != across_ || down != down_ || glass != glass_) {
         seen_ = 0;

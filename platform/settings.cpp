@@ -1,6 +1,7 @@
 // The file of settings: a first line that says what it is, then a line for each name.
 #include "platform/settings.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <filesystem>
@@ -50,9 +51,7 @@ bool Is_Name(const std::string& text) {
         return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
                (letter >= '0' && letter <= '9') || letter == '.' || letter == '_';
     };
-    for (const char letter : text)
-        if (!belongs(letter)) return false;
-    return !text.empty();
+    return !text.empty() && std::ranges::all_of(text, belongs);
 }
 
 }  // namespace
@@ -88,7 +87,6 @@ void Settings::Open(const std::string& folder) {
 }
 
 void Settings::Look_Again() {
-    if (path_.empty()) return;
     Kept now = Read(path_);
     for (const std::string& name : changed_) now[name] = kept_[name];
     kept_ = std::move(now);

@@ -23,12 +23,10 @@ Folder_Watcher watching = nullptr;
 
 /// Whose temporary a file of that name is; nothing for all other files.
 std::optional<Process> Writer_Of(std::string_view name) {
-    const std::size_t tail = kPlaces.size() + 1;
-    if (!name.starts_with(kHead) || name.size() < kHead.size() + tail) return {};
-    if (name[name.size() - tail] != '-') return {};
-    name.remove_suffix(tail);
+    if (!name.starts_with(kHead)) return {};
     name.remove_prefix(kHead.size());
-    return Process_Of(name);
+    const std::size_t dash = name.rfind('-');
+    return name.size() - dash == kPlaces.size() + 1 ? Process_Of(name.substr(0, dash)) : std::nullopt;
 }
 
 }  // namespace
@@ -42,20 +40,18 @@ std::string Temporary_Beside(const std::string& target) {
     return (folder / name).string();
 }
 
-int Sweep_Temporaries(const std::string& folder) {
+void Sweep_Temporaries(const std::string& folder) {
     DIR* entries = ::opendir(folder.empty() ? "." : folder.c_str());
-    if (!entries) return 0;
-    int swept = 0;
+    if (!entries) return;
     while (const dirent* entry = ::readdir(entries)) {
         const std::optional<Process> writer = Writer_Of(entry->d_name);
         if (!writer || Runs(*writer)) continue;
         struct stat file {};
         if (::fstatat(::dirfd(entries), entry->d_name, &file, AT_SYMLINK_NOFOLLOW) != 0) continue;
         if (!S_ISREG(file.st_mode) || file.st_uid != ::geteuid()) continue;
-        if (::unlinkat(::dirfd(entries), entry->d_name, 0) == 0) ++swept;
+        ::unlinkat(::dirfd(entries), entry->d_name, 0);
     }
     ::closedir(entries);
-    return swept;
 }
 
 void Watch_Temporaries(Folder_Watcher watcher) { watching = watcher; }

@@ -10,8 +10,8 @@ namespace verlink::platform {
 std::string Temporary_Beside(const std::string& target);
 
 /// Removes from the folder the temporaries of processes that have ended: plain files of this user under the names that
-/// `Temporary_Beside` gives. How many there were.
-int Sweep_Temporaries(const std::string& folder);
+/// `Temporary_Beside` gives.
+void Sweep_Temporaries(const std::string& folder);
 
 /// Hears of every folder before a temporary is made in it; null for nobody. Not to be changed while files are written.
 using Folder_Watcher = void (*)(const std::string& folder);

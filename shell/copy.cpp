@@ -4,8 +4,8 @@
 #include <pthread.h>
 
 #include <algorithm>
-#include <charconv>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -54,11 +54,11 @@ std::optional<Model_Copy> Copy_Of(std::string_view text) {
     // A copy of an earlier program has none.
     const auto tasks = Line(text, "tasks "), size = Line(text, "size ");
     if (!path || !name || !changed || !size) return {};
-    long long since = 0;
-    std::size_t length = 0, behind = 0;
-    std::from_chars(changed->data(), changed->data() + changed->size(), since);
-    std::from_chars(size->data(), size->data() + size->size(), length);
-    if (tasks) std::from_chars(tasks->data(), tasks->data() + tasks->size(), behind);
+    // Behind each stands the end of its line.
+    const auto number = [](const auto& digits) { return std::strtoll(digits->data(), nullptr, 10); };
+    const long long since = number(changed);
+    const auto length = static_cast<std::size_t>(number(size));
+    const std::size_t behind = tasks ? static_cast<std::size_t>(number(tasks)) : 0;
     if (behind > text.size() || text.size() - behind != length) return {};
     return Model_Copy{From_One_Line(*path), From_One_Line(*name), std::string(text.substr(0, length)),
                       std::string(text.substr(length)), system_clock::time_point(milliseconds(since))};
@@ -136,8 +136,9 @@ void Copy_Keeper::Freeze() {
 bool Copy_Keeper::Flush(milliseconds patience) {
     std::unique_lock lock(mutex_);
     hurry_ = true;
+    failed_ = false;
     asked_.notify_all();
-    done_.wait_for(lock, patience, [this] { return !busy_ && (fresh_ || failed_); });
+    done_.wait_for(lock, patience, [this] { return fresh_ || failed_; });
     hurry_ = false;
     return fresh_;
 }
@@ -148,11 +149,9 @@ void Copy_Keeper::Work() {
         asked_.wait(lock, [this] { return !fresh_ || ending_; });
         if (fresh_) return;
         const Wish wish = wish_;
-        busy_ = true;
         lock.unlock();
         const bool good = Do(wish);
         lock.lock();
-        busy_ = false;
         fresh_ = good && wish == wish_;
         failed_ = !good;
         done_.notify_all();

@@ -83,7 +83,6 @@ class Copy_Keeper {
     std::condition_variable asked_, done_;
     Wish wish_;
     bool fresh_ = true;  ///< the file is as was wished
-    bool busy_ = false;
     bool hurry_ = false;
     bool frozen_ = false;
     bool ending_ = false;

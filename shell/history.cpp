@@ -22,8 +22,6 @@ using platform::TextBox;
 
 namespace {
 
-constexpr int kOwnDrives = 3;
-
 /// What no run makes: it came from a file, or with something that the record does not keep.
 struct Tables {
     std::vector<Single> drive, torque, flywheel, harmonics;
@@ -37,7 +35,7 @@ struct Tables {
     }
 };
 
-int Last_Step(const LinkageModel& model) { return std::clamp<int>(model.NSteps, -1, kLastStep); }
+int Last_Step(const LinkageModel& model) { return std::min<int>(model.NSteps, kLastStep); }
 
 /// Calls with each table that the model has at the moment, its array, and the row of it.
 template <class Call>

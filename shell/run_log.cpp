@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <mutex>
 #include <set>
+#include <sstream>
 
 #include "platform/desktop_services.h"
 #include "platform/failure.h"
@@ -29,8 +30,9 @@ constexpr std::string_view kEnd = "end ";
 constexpr std::string_view kGoingOn = "going on";
 constexpr std::string_view kWrites = "writes ";
 
-std::atomic<int> log_file = -1;
-std::atomic<bool> end_logged = false;
+constexpr int kNone = -1;  ///< is no file, and what is written there goes nowhere
+std::atomic<int> log_file = kNone;
+std::atomic<bool> end_logged;
 std::string log_path;
 std::mutex noting;
 std::set<std::string> noted;
@@ -41,9 +43,7 @@ std::string Path_Of(const std::string& folder, const platform::Process& process)
 
 /// As long as it is short, the system adds it whole.
 void Add(std::string_view line) noexcept {
-    const int file = log_file;
-    if (file < 0) return;
-    [[maybe_unused]] const ssize_t count = ::write(file, line.data(), line.size());
+    [[maybe_unused]] const ssize_t count = ::write(log_file, line.data(), line.size());
 }
 
 void Note_Folder(const std::string& folder) {
@@ -72,13 +72,11 @@ Past_Run Read_Run(const std::string& folder, const platform::Process& process) {
     Past_Run run{process, {}, {}};
     std::string content;
     if (Failure_Of([&] { content = platform::Read_File(Path_Of(folder, process)); }) != 0) return run;
-    for (std::size_t begin = 0; begin < content.size();) {
-        const std::size_t end = std::min(content.find('\n', begin), content.size());
-        const std::string_view line(content.data() + begin, end - begin);
+    std::istringstream lines(content);
+    for (std::string line; std::getline(lines, line);) {
         if (line.starts_with(kEnd)) run.end = line.substr(kEnd.size());
         if (line == kGoingOn) run.end.clear();
         if (line.starts_with(kWrites)) run.folders.push_back(From_One_Line(line.substr(kWrites.size())));
-        begin = end + 1;
     }
     return run;
 }
@@ -115,18 +113,14 @@ void Log_Going_On() noexcept {
     if (end_logged.exchange(false)) Add("going on\n");
 }
 
-bool End_Logged() noexcept { return end_logged; }
-
 void End_Run_Log() {
     if (log_path.empty()) return;
     platform::Watch_Temporaries(nullptr);
-    const int file = log_file.exchange(-1);
-    if (file >= 0) ::close(file);
+    ::close(log_file.exchange(kNone));
     std::error_code none;
     fs::remove(log_path, none);
     log_path.clear();
     noted.clear();
-    end_logged = false;
 }
 
 std::vector<Past_Run> Past_Runs(const std::string& folder) {

@@ -26,8 +26,6 @@ void Begin_Run_Log(const std::string& folder);
 void Log_End(const char* why) noexcept;
 /// It was taken back.
 void Log_Going_On() noexcept;
-/// Whether an end was logged and not taken back.
-bool End_Logged() noexcept;
 /// A normal end: nothing of it stays.
 void End_Run_Log();
 

@@ -48,7 +48,6 @@ void Prepare_Screen_Data() {
     Model.AspectRatio = Divide(display.width_pixels, display.height_pixels);
     Model.AspectCorrection = 1;
     Model.AspectActive = false;
-    Model.DateStr = The_Desktop().Date_Text();
     Model.AppPath = The_Desktop().Program_Folder();
     // The home screen notes where it comes to stand, which places all others, and how large screens are to be.
     Screens::Find("frm_HomeScreen");

@@ -304,6 +304,7 @@ TEST_F(Exports, AFailedExportIsReportedUnderItsWriterAndTheNextSaveAsks) {
     Run();
     Model_Saved();
     Model_Kept();
+    const std::string before = Model.FilePath;
     desktop.Expect_Save(In("gone/a.out"));
     Expect_Lost_Folder("Export_Link4_to_File", In("gone/a.out"));
     Menu_Link_Data_Export(home);
@@ -317,6 +318,7 @@ TEST_F(Exports, AFailedExportIsReportedUnderItsWriterAndTheNextSaveAsks) {
     EXPECT_FALSE(Model.SavedFlag);
     EXPECT_EQ(Model.ModelName, "Press");
     EXPECT_TRUE(fs::is_empty(Path("out")));
+    EXPECT_EQ(Model.FilePath, before) << "where nothing was written";
 }
 
 TEST_F(Exports, ARunOfMoreStepsThanTheTableHasLeavesTheOldFileWhole) {

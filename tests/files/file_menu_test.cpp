@@ -242,6 +242,7 @@ TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
     desktop.Expect_Open(Fixture_File("rev9.vlk"));
     desktop.Expect_Message_With("successfully read.");
     desktop.Expect_Screen("frm_Inputnew", [&](platform::Screen& screen) {
+        EXPECT_EQ(desktop.PointerNow, Pointer::kDefault) << "the hand is free there";
         screen.Hide();
         picture.Redirect(&log);
     });

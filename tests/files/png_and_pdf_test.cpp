@@ -70,12 +70,14 @@ TEST_F(Pictures_Alone, A_pdf_is_a_page_of_strokes_and_a_table_of_where_its_objec
     picture.Line(-1, -4, 3, 3, platform::Rgb(0, 102, 255));
     picture.Line(1, 1, 5, 1, platform::Rgb(0, 102, 255));
     picture.PSet(1, -1, kRed);
+    picture.Mark({0, 0, 1, 0.5}, {3, -1, -0.5, 1}, kRed);
     const std::string file = Picture_Pdf(picture, 400);
     // Round ends and corners, a stroke a four hundredth of the page wide; colours in parts of 255.
     const std::string strokes =
         "1.000 0.200 0.000 rg 0 0 400.000 400.000 re f\n1 J 1 j 1.000 w\n"
         "0.000 0.400 1.000 RG\n0.000 50.000 m 200.000 400.000 l S\n100.000 300.000 m 300.000 300.000 l S\n"
-        "1.000 0.000 0.000 RG\n100.000 200.000 m 100.000 200.000 l S\n";
+        "1.000 0.000 0.000 RG\n100.000 200.000 m 100.000 200.000 l S\n"
+        "100.000 275.000 m 175.000 250.000 l S\n";
     EXPECT_NE(file.find("4 0 obj\n<< /Length " + std::to_string(strokes.size()) + " >>\nstream\n" + strokes +
                         "\nendstream\nendobj\n"),
               std::string::npos)

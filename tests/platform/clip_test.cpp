@@ -38,6 +38,8 @@ TEST(ClipTest, What_lies_within_keeps_its_bits) {
         ASSERT_TRUE(Clip_Segment(kBox, from, to));
         EXPECT_EQ(from, begin);
         EXPECT_EQ(to, end);
+        from = {-begin.x - 1, -begin.y - 1};
+        ASSERT_TRUE(!Clip_Segment(kBox, from, to) || to == end) << "however the other end was cut";
     }
 }
 
@@ -62,6 +64,10 @@ TEST(ClipTest, A_line_is_cut_where_it_enters_and_leaves) {
     ASSERT_TRUE(Clip_Segment(kBox, start, end));
     EXPECT_EQ(start, (Point{50, 0}));
     EXPECT_EQ(end, (Point{50, 20}));
+    // One that is two long, of which half is seen.
+    Point before{-1, 25}, within{1, 25};
+    ASSERT_TRUE(Clip_Segment(kBox, before, within));
+    EXPECT_EQ(before, (Point{0, 25}));
 }
 
 TEST(ClipTest, What_passes_by_is_not_there) {
@@ -119,6 +125,7 @@ TEST(ClipTest, The_arc_follows_the_circle_and_covers_what_is_seen) {
     constexpr double kOff = 0.05;
     for (const auto& [centre, radius] : {std::pair{Point{50, 25}, 20.0},
                                          {Point{70, 25}, 20.0},
+                                         {Point{50, 25.5}, 20.0},
                                          {Point{-30, 25}, 60.0},
                                          {Point{50, -1e4}, 1e4 + 20},
                                          {Point{1e6 + 40, 25}, 1e6}}) {
@@ -157,6 +164,10 @@ TEST(ClipTest, An_arc_goes_as_far_as_the_corners_and_has_no_more_points_than_it_
     EXPECT_EQ(arc.size(), 1U + static_cast<std::size_t>(std::ceil(half / std::acos(1 - 0.05 / 60))));
 }
 
+TEST(ClipTest, However_fine_it_is_wanted_an_arc_has_four_thousand_pieces_at_most) {
+    EXPECT_EQ(Seen_Arc(kBox, {50, 25}, 20, 1e-9).size(), 4001U);
+}
+
 TEST(ClipTest, Near_the_box_a_vast_circle_is_its_tangent) {
     const auto arc = Seen_Arc(kBox, {50, 25 + 1e15}, 1e15, 0.05);
     ASSERT_EQ(arc.size(), 2U);
@@ -187,6 +198,7 @@ TEST(ClipTest, OnTheEdgeIsStillWithin) {
     for (const auto& [a, b] : {std::pair{Point{-10, 0}, Point{120, 0}},
                                {Point{-10, 50}, Point{120, 50}},
                                {Point{0, -10}, Point{0, 70}},
+                               {Point{0, -10}, Point{-0.0, 70}},
                                {Point{100, -10}, Point{100, 70}}}) {
         Point from = a, to = b;
         EXPECT_TRUE(Clip_Segment(kBox, from, to)) << "along an edge";

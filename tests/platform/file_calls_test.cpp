@@ -129,6 +129,38 @@ TEST_F(FileCalls, WhereNothingCanBeFlushedAFileIsSavedAllTheSame) {
     EXPECT_NE(Matter(write), "none");
 }
 
+TEST_F(FileCalls, ASignalThatComesInBetweenIsNoFailure) {
+    const std::string content(200000, 'x');
+    Put_File(In("a.vlk"), content);
+    const auto read = [&] { EXPECT_EQ(Read_File(In("a.vlk")), content); };
+    const auto write = [&] { Write_File(In("a.vlk"), content); };
+    const auto interrupted = [&](const char* call, int behind, const std::function<void()>& action) {
+        FailingSystem system(Number_Of(call, action) + behind, EINTR);
+        EXPECT_EQ(Matter(action), "none") << call;
+        EXPECT_EQ(system.Failed(), call);
+        EXPECT_EQ(Held(In("a.vlk")), content) << call;
+    };
+    for (const int behind : {0, 1}) interrupted("Read", behind, read);
+    for (const char* call : {"Write", "Flush", "Close"}) interrupted(call, 0, write);
+}
+
+TEST_F(FileCalls, WhereStandardInputIsClosedItsNumberIsAsGoodAsAnyAndClosedAgain) {
+    Put_File(In("a.vlk"), "old");
+    const int kept = ::dup(0);
+    ::close(0);
+    const std::string matter = Matter([&] {
+        EXPECT_EQ(Read_File(In("a.vlk")), "old");
+        Write_File(In("a.vlk"), "new");
+    });
+    const bool open[] = {::fcntl(0, F_GETFD) != -1, ::fcntl(1, F_GETFD) != -1, ::fcntl(2, F_GETFD) != -1};
+    ::dup2(kept, 0);
+    ::close(kept);
+    EXPECT_EQ(matter, "none");
+    EXPECT_EQ(Held(In("a.vlk")), "new");
+    EXPECT_FALSE(open[0]);
+    EXPECT_TRUE(open[1] && open[2]);
+}
+
 TEST_F(FileCalls, AWriteThatTakesNothingIsThatOfAFullDisk) {
     struct : FailingSystem {
         ssize_t Write(int, const char*, std::size_t) override { return 0; }
@@ -200,6 +232,14 @@ TEST_F(FileCalls, ExtendedAttributesAndModeStay) {
     if (::setxattr(In("a.vlk").c_str(), "user.origin", "the press shop", 14, 0) != 0)
         GTEST_SKIP() << "no attributes on this file system";
     for (const char* other : {"user.one", "user.another"}) ::setxattr(In("a.vlk").c_str(), other, other, 8, 0);
+    // Some systems give a new file attributes of their own.
+    struct : FailingSystem {
+        int Open_New(std::string& pattern) override {
+            const int file = FailingSystem::Open_New(pattern);
+            ::fsetxattr(file, "user.origin", "elsewhere", 9, 0);
+            return file;
+        }
+    } labels;
     Write_File(In("a.vlk"), "new");
     for (const char* other : {"user.one", "user.another"}) {
         char kept[64];
@@ -247,6 +287,10 @@ TEST_F(FileCalls, PipesDevicesFoldersAndHugeFilesAreRefusedAtOnce) {
     EXPECT_EQ(reading(In("huge")), "75 it is larger than 64 MiB");
     EXPECT_EQ(reading(In("large")), "75 it is larger than 64 MiB");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(Told_By([&] { Read_File(In("pipe")); }).back(),
+              In("pipe") + "\rcannot be read: it is a pipe and no file.");
+    EXPECT_EQ(Told_By([&] { Write_File(In("pipe"), "x"); }).back(),
+              In("pipe") + "\rcannot be written: it is a pipe that nobody reads from.");
     EXPECT_EQ(Read_Beginning(In("huge"), 10), std::string(10, '\0'));
 }
 
@@ -275,7 +319,6 @@ TEST_F(FileCalls, AFileThatSaysNothingOfItsSizeIsRefusedWhereItTurnsOutTooLarge)
 
 TEST_F(FileCalls, APipeThatNobodyReadsIsRefusedAndOneThatIsReadIsWrittenTo) {
     ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(Matter([&] { Write_File(In("pipe"), "x"); }), "75 it is a pipe that nobody reads from");
     const std::string content(300000, 'x');  // more than a pipe holds
     std::string read;
     std::thread reader([&] { read = Held(In("pipe")); });
@@ -299,6 +342,7 @@ TEST_F(FileCalls, WhatIsOpenAlreadyGoesOnWhereItIs) {
     ::close(number);
     EXPECT_EQ(Held(In("log")), "before and and and and after");
     EXPECT_EQ(Matter([&] { Write_File("/dev/fd/" + std::to_string(number), "x"); }), "57 it is not open for that");
+    EXPECT_EQ(Descriptor_Named("/dev/fd/0"), 0);
     EXPECT_EQ(Descriptor_Named("/dev/stdout"), 1);
     EXPECT_EQ(Descriptor_Named("/dev/stderr"), 2);
     for (const std::string& none :
@@ -386,6 +430,15 @@ TEST_F(FileCalls, OthersMayWriteWhereModeOrOwnerLetThem) {
     EXPECT_FALSE(Others_May_Write(In("")));
     ASSERT_EQ(::chown(In("").c_str(), 1234, 0), 0);
     EXPECT_TRUE(Others_May_Write(In("")));
+    // Who is of another group trusts that and root's.
+    ::chmod(In("").c_str(), 0775);
+    for (const auto& [group, others] : {std::pair{4321, false}, {0, false}, {77, true}}) {
+        ASSERT_EQ(::chown(In("").c_str(), 0, static_cast<gid_t>(group)), 0);
+        ASSERT_EQ(::setegid(4321), 0);
+        const bool may = Others_May_Write(In(""));
+        ASSERT_EQ(::setegid(0), 0);
+        EXPECT_EQ(may, others) << group;
+    }
 }
 
 }  // namespace verlink::test

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <numbers>
 #include <random>
+#include <tuple>
 
 #include "platform/picture.h"
 
@@ -157,7 +158,12 @@ TEST_F(LabelPlaces, WhatIsDrawnFarOutsideTheWindowIsNoHindrance) {
     picture.Line(-1e30, 3, 1e30, 3, 1);
     picture.Circle(1e20, 1e20, 1e25, 1);
     const LabelWish wish = Wish(200, 200, 0, -1);
-    EXPECT_LT(Distance(wish, Find_Label_Places(picture, kSide, {{wish}}).front()), 8);
+    const LabelPlace free = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_LT(Distance(wish, free), 8);
+    // What comes from there and is seen is one.
+    picture.Line(-1e10, free.y + 8, 1e10, free.y + 8, 1);
+    const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+    EXPECT_TRUE(place.y > free.y + 8 || place.y + wish.height < free.y + 8);
 }
 
 TEST_F(LabelPlaces, TheMiddleOfALabelLiesInTheVeryDirectionAndItsEdgeThreePixelsOff) {
@@ -199,6 +205,22 @@ TEST_F(LabelPlaces, AtTheEdgeFivePixelsAreLeftOnEachSide) {
     EXPECT_DOUBLE_EQ(larger.y, 5);
 }
 
+TEST_F(LabelPlaces, WhatLiesAlongTheVeryEdgeIsInTheWayOfALabelWhoseAnchorIsOutside) {
+    for (const bool upright : {false, true})
+        for (const auto& [anchor, edge, inward] : {std::tuple{-30.0, 1.0, 1.0}, {430.0, 399.0, -1.0}}) {
+            const LabelWish wish{upright ? Anchor{0.5, anchor / kSide, 0, inward} : Anchor{anchor / kSide, 0.5, inward},
+                                 16, 16};
+            const auto aside = [&] {
+                const LabelPlace place = Find_Label_Places(picture, kSide, {{wish}}).front();
+                return std::abs((upright ? place.x : place.y) + 8 - 200);
+            };
+            picture.Cls();
+            EXPECT_NEAR(aside(), 0, 1e-9);
+            picture.PSet(upright ? 201 : edge, upright ? edge : 201, 1);
+            EXPECT_GT(aside(), 8 + 2) << upright << anchor;
+        }
+}
+
 TEST_F(LabelPlaces, ALabelTurnsALittleRatherThanMoveOut) {
     const LabelWish wish = Wish(200, 160, 0, -1);
     // Under the lower left corner of where it would stand, 158 to 242 across and 137 to 157 down.
@@ -223,6 +245,20 @@ TEST_F(LabelPlaces, ALabelMovesOutAsFarAsItsSurroundingsAreFilledAndNoFurther) {
         const double gap = place.x > 200 ? place.x - 2 - 200 : 200 - (place.x + 4);
         EXPECT_NEAR(gap, distance, 1e-9);
         EXPECT_NEAR(place.y + 1, 200, 1e-9) << distance;
+    }
+}
+
+TEST_F(LabelPlaces, AWayEndsAtItsLabelAndDoesNotMindOthersBehindItAndAbove) {
+    // All is drawn upon around the anchor but for ways to both sides; that on the right is the first.
+    const LabelWish wish{Anchor{0.5, 0.5, 0, 0}, 2, 2}, behind{Anchor{330 / kSide, 0.5, 0, 0}, 2, 2},
+        above{Anchor{250 / kSide, 40 / kSide, 0, 0}, 2, 2};
+    for (double x = -97; x <= 97; x += 2)
+        for (double y = -97; y <= 97; ++y)
+            if (std::hypot(x, y) <= 97 && !(y >= 0 && y < 2)) picture.PSet(200 + x, 200 + y, 1);
+    for (const LabelWish& other : {behind, above}) {
+        const auto places = Find_Label_Places(picture, kSide, {{wish, other}});
+        EXPECT_NEAR(places[0].x, 200 + 100 + 2, 1e-9);
+        EXPECT_NEAR(places[1].x, other.at.across * kSide + 3 + 2, 1e-9);
     }
 }
 

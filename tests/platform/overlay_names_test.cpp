@@ -275,6 +275,11 @@ TEST(OverlayNames, AWordMayStandWithinAPixelOfAnEdge) {
         overlay.names = {{"A", {at.x / 50, at.y / 50}, away, kRed}};
         const Rect word = Words(Drawn(overlay)).at(0);
         EXPECT_NEAR(std::min({word.left, word.top, 500 - word.right, 500 - word.bottom}), 0.4, 1e-9) << away.x;
+        // A twentieth of a pixel beyond it, it had better stand elsewhere.
+        overlay.names[0].at.x += 0.45 / 50 * away.x;
+        overlay.names[0].at.y += 0.45 / 50 * away.y;
+        const Rect other = Words(Drawn(overlay)).at(0);
+        EXPECT_GE(std::min({other.left, other.top, 500 - other.right, 500 - other.bottom}), 0) << away.x;
     }
 }
 

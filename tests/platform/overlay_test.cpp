@@ -95,13 +95,15 @@ TEST(OverlayPainting, WhatIsJustBeyondTheEdgeOrTooShortIsLeftOut) {
     // Arrows of 0.4 and of 0.6 pixels.
     EXPECT_EQ(calls({Kind::kArrow, {1, 1}, {1.008, 1}, kRed}), 0U);
     EXPECT_EQ(calls({Kind::kArrow, {1, 1}, {1.012, 1}, kRed}), 2U);
+    const Overlay half = Of_Marks({{Kind::kArrow, {1, 1}, {1 + 0.5 / 64, 1}, kRed}});
+    EXPECT_TRUE(Drawn(half, {0, 0, 8, 8, 512, 512}).Calls.empty());
     // Heads whose tips lie 8 and 10 pixels outside, with a shaft of which a part is seen.
     EXPECT_EQ(calls({Kind::kArrow, {5, 5}, {10.16, 5}, kRed}), 2U);
     EXPECT_EQ(calls({Kind::kArrow, {5, 5}, {10.2, 5}, kRed}), 1U);
 }
 
 TEST(OverlayPainting, ACircleIsAnArcFromTenThousandPixelsOnAndStaysWithinATenthOfOne) {
-    for (const double radius : {9900.0, 10100.0}) {
+    for (const double radius : {9900.0, 10000.0, 10100.0}) {
         const double centre = 250 + radius;
         const OverlayLog log = Drawn(Of_Marks({{Kind::kCircle, {centre / 50, 5}, {}, kRed, radius / 50}}));
         if (radius < 1e4) {
@@ -187,6 +189,12 @@ TEST(OverlayLegend, ItsLinesStandUnderOneAnotherBehindTheirArrows) {
                     "Text 82.00 42.00 00FF00 200 in/sec2  acceleration"}));
 }
 
+TEST(OverlayLegend, WithoutAWordItIsAsWideAsTheAirAround) {
+    Overlay overlay;
+    overlay.legend = {{.text = ""}};
+    EXPECT_EQ(Drawn(overlay).Rows(), (Rows{"Paper 6.00 6.00 12.00 22.00", "Text 12.00 10.00 000000 "}));
+}
+
 TEST(OverlayLegend, InAPictureThatIsTooSmallItBeginsAtItsCorner) {
     using Corner = Overlay::Corner;
     for (const Corner corner : {Corner::kTopLeft, Corner::kTopRight, Corner::kBottomLeft, Corner::kBottomRight}) {
@@ -239,6 +247,18 @@ TEST(OverlayGrid, AValueThatWouldLeaveThePictureIsLeftOut) {
     EXPECT_EQ(texts, (Rows{"-4", "-2", "0", "2", "-2", "0", "2", "4"}));
 }
 
+TEST(OverlayGrid, AValueMayReachToTheVeryEdge) {
+    // 64 pixels a unit. Behind the line of 0 at 502 are 3 pixels and a letter of 7; a letter is 14 above the line
+    // at 14.
+    Overlay overlay;
+    overlay.grid = Overlay::Grid{.sum = 14.0 / 64};
+    const auto texts = Calls_Of(Drawn(overlay, {-502.0 / 64, 0, 8, 8, 512, 512}), "Text");
+    for (const auto& [x, y] : {std::pair{505.0, 497.0}, {3.0, 0.0}})
+        EXPECT_TRUE(std::ranges::any_of(texts, [&](const Call& text) {
+            return text.numbers[0] == x && text.numbers[1] == y && text.words == "606060 0";
+        })) << x;
+}
+
 TEST(OverlayGrid, AValueStandsWhereItJustFitsUnderTheUpperEdgeOrBesideTheLegend) {
     Overlay overlay;
     const auto shown = [&](double at) {
@@ -264,10 +284,18 @@ TEST(OverlayGrid, WhereNumbersAreTooCoarseThereIsNone) {
     EXPECT_FALSE(Drawn(overlay, {1e11, 1e11, 10, 10, 500, 500}).Calls.empty());
     EXPECT_FALSE(Drawn(overlay, {2e12 - 10, 2e12 - 10, 10, 10, 500, 500}).Calls.empty()) << "at the limit there is";
     EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 1e6, 1e6}).Calls.empty()) << "nor where there would be thousands";
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 0, 10, 500, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 0, 500, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 0, 500}).Calls.empty());
-    EXPECT_TRUE(Drawn(overlay, {0, 0, 10, 10, 500, 0}).Calls.empty());
+    EXPECT_TRUE(Drawn(overlay, {0, 0, 1e4, 1e4, 64e4, 64e4}).Calls.empty()) << "as at ten thousand steps";
+}
+
+TEST(OverlayPainting, InAWindowWithoutAnExtentAndOnNoPixelsThereIsNothing) {
+    Overlay overlay = Of_Marks({{Kind::kLine, {1, 1}, {2, 3}, kRed}});
+    overlay.grid = Overlay::Grid{.sum = 0};
+    overlay.legend = {{.text = "velocity", .color = kRed, .per_world = 1, .unit = "u"}};
+    overlay.names = {{"A", {0, 0}, {}, kRed}};
+    EXPECT_FALSE(Drawn(overlay, {0, 0, 10, 10, 1, 1}).Calls.empty());
+    for (const Sight& none : {Sight{0, 0, 0, 10, 500, 500}, Sight{0, 0, 10, 0, 500, 500}, Sight{0, 0, 10, 10, 0, 500},
+                              Sight{0, 0, 10, 10, 500, 0}})
+        EXPECT_TRUE(Drawn(overlay, none).Calls.empty()) << none.wide << ' ' << none.across;
 }
 
 TEST(OverlayGrid, HasRoundValuesAtTheLinesThatBearThem) {

@@ -69,8 +69,12 @@ TEST_F(PictureTest, TheCurrentPointFollowsEachCall) {
     picture.LineTo(6, 6, kRed);
     picture.PSet(-1, -2, kRed);
     picture.LineStep(1, 0, kRed);
+    picture.Mark({1, 1, 5, 6}, {2, 3, 0.5, -0.25}, kRed);
+    picture.LineTo(0, 0, kRed);
     const auto living = Living(picture);
-    ASSERT_EQ(living.size(), 7U);
+    ASSERT_EQ(living.size(), 9U);
+    EXPECT_EQ(living[8].x1, 2.5);
+    EXPECT_EQ(living[8].y1, 2.75);
     EXPECT_EQ(living[1].x1, 1);
     EXPECT_EQ(living[2].x1, 2);
     EXPECT_EQ(living[2].x2, 3);
@@ -110,7 +114,10 @@ TEST_F(PictureTest, ALargestScaleIsTakenAndNoLargerOne) {
 
 TEST_F(PictureTest, ClearingMovesTheCurrentPointToTheTopLeft) {
     picture.PSet(1, 1, kRed);
+    EXPECT_EQ(picture.Strokes(), 1U);
     picture.Cls();
+    EXPECT_EQ(picture.Strokes(), 0U);
+    EXPECT_EQ(picture.Alive(), 0U);
     picture.LineTo(0, 0, kRed);
     const auto living = Living(picture);
     ASSERT_EQ(living.size(), 1U);
@@ -220,6 +227,12 @@ TEST_F(PictureTest, WhatIsDrawnStaysInPlaceWhenTheWindowChanges) {
     EXPECT_EQ(living[1].x2, 4);
     picture.Line(0, 0, 20, 30, kWhite);
     EXPECT_EQ(picture.Alive(), 1U);
+    // As the very first stroke does.
+    picture.Cls();
+    picture.Line(10, 10, 20, 30, kRed);
+    picture.Scale(0, 0, 20, 20);
+    picture.Line(5, 5, 10, 15, kWhite);
+    EXPECT_EQ(picture.Alive(), 0U);
 }
 
 TEST_F(PictureTest, AWindowThatHasAnyEdgeElsewhereIsAnotherAndTheSameIsNone) {
@@ -267,6 +280,16 @@ TEST_F(PictureTest, CoordinatesThatAreNotFiniteAreFailureSix) {
     EXPECT_EQ(Number_Raised([&] { picture.LineStep(nan, 0, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.Circle(0, 0, infinite, kRed); }), 6);
     EXPECT_EQ(Number_Raised([&] { picture.PSet(-infinite, 0); }), 6);
+    for (int which = 0; which < 4; ++which) {
+        // Each finite, and together not.
+        double far[4] = {0, 0, 0, 0};
+        far[which] = 1.7e308;
+        EXPECT_EQ(Number_Raised([&] {
+                      picture.Mark({far[0], far[1], far[0], far[1]}, {far[2], far[3], far[2], far[3]}, kRed);
+                  }),
+                  6)
+            << which;
+    }
     EXPECT_EQ(picture.Alive(), 0U);
 }
 
@@ -283,6 +306,9 @@ TEST_F(PictureTest, VastCoordinatesAreKept) {
     picture.Line(0, 0, 1e300, -1e300, kRed);
     picture.Line(0, 0, 1e300, -1e300, kWhite);
     EXPECT_EQ(picture.Alive(), 0U);
+    picture.Line(0, 0, 1e300, 0, kRed);
+    picture.Line(0, 0, -1e300, 0, kGreen);
+    EXPECT_EQ(picture.Alive(), 2U) << "to the other side is another";
 }
 
 TEST_F(PictureTest, EveryChangeIsTold) {
@@ -350,12 +376,20 @@ TEST_F(PictureTest, AgreesWithAPlainListOverRandomDrawing) {
 }
 
 TEST_F(PictureTest, TheListStaysShortHoweverMuchIsErased) {
-    for (int i = 0; i < 100000; ++i) {
-        picture.Circle(std::sin(i), std::cos(i), 0.1, kRed);
-        picture.Circle(std::sin(i), std::cos(i), 0.1, kWhite);
-    }
+    const auto longest = [&] {
+        std::size_t most = 0;
+        for (int i = 0; i < 5000; ++i) {
+            picture.Circle(std::sin(i), std::cos(i), 0.1, kRed);
+            most = std::max(most, picture.Primitives().size());
+            picture.Circle(std::sin(i), std::cos(i), 0.1, kWhite);
+        }
+        return most;
+    };
+    EXPECT_EQ(longest(), 511U);
     EXPECT_EQ(picture.Alive(), 0U);
-    EXPECT_LE(picture.Primitives().size(), 1024U);
+    for (int i = 0; i < 450; ++i) picture.PSet(i / 100.0, 3, kRed);
+    EXPECT_EQ(longest(), 1023U) << "with room for as much again as is seen";
+    EXPECT_EQ(picture.Alive(), 450U);
 }
 
 TEST_F(PictureTest, SvgHoldsEachPrimitiveInPixels) {
@@ -387,6 +421,20 @@ TEST_F(PictureTest, SvgHasWhatIsSeenOfVastThings) {
     EXPECT_EQ(svg.find("circle"), std::string::npos) << svg;
 }
 
+TEST_F(PictureTest, SvgHasACircleUpToAHundredThousandPixelsAndAPathOfWhatIsSeenBeyond) {
+    // 20 pixels a unit. From the foot of a circle half the diagonal of the sheet and two pixels around is gone through
+    // both ways, 571 pixels in pieces of sqrt(8 * 0.01 * 120000) = 98, of 100020 in pieces of 89, that is in 6 and in
+    // 7; the outermost of 7 begin at 204, beyond the 202 that are seen.
+    for (const auto& [radius, circles, pieces] : {std::tuple{5000.0, 1, 0}, {5001.0, 0, 5}, {6000.0, 0, 6}}) {
+        picture.Cls();
+        picture.Circle(radius, 0, radius, kBlue);
+        const std::string svg = picture.Svg(400);
+        const std::string drawn = svg.substr(svg.find("<g "));
+        EXPECT_EQ(drawn.find("<circle") != std::string::npos, circles == 1) << radius;
+        EXPECT_EQ(std::ranges::count(drawn, 'L'), pieces) << radius;
+    }
+}
+
 TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
     picture.Line(0, 0, 10, 0, kRed);
     EXPECT_TRUE(picture.Svg(100).ends_with("\n<path stroke=\"#ff0000\" d=\"M50 50L100 50\"/>\n</g>\n</svg>\n"));
@@ -394,6 +442,13 @@ TEST_F(PictureTest, SvgEndsThePathThatComesLast) {
     EXPECT_TRUE(
         picture.Svg(100).ends_with("L100 50\"/>\n<circle cx=\"50\" cy=\"50\" r=\"0.25\" fill=\"#00ff00\"/>\n"
                                    "</g>\n</svg>\n"));
+}
+
+TEST_F(PictureTest, LinesOfAnSvgAreAFourHundredthOfItWideAndDotsTwiceThat) {
+    picture.PSet(0, 0, kGreen);
+    const std::string svg = picture.Svg(4000);
+    EXPECT_NE(svg.find("<g fill=\"none\" stroke-width=\"10\""), std::string::npos) << svg;
+    EXPECT_NE(svg.find("<circle cx=\"2000\" cy=\"2000\" r=\"10\" fill=\"#00ff00\"/>"), std::string::npos) << svg;
 }
 
 TEST_F(PictureTest, SvgLeavesOutWhatWasErased) {

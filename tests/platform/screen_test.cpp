@@ -157,6 +157,16 @@ TEST_F(ScreenTest, ClosingTheWindowAsksFirst) {
     EXPECT_EQ(events, (Events{"activate frm_A", "query frm_A", "query frm_A", "unload frm_A"}));
 }
 
+TEST_F(ScreenTest, AScreenThatSaysNothingOfItCloses) {
+    struct Silent : Screen {
+        Silent() : Screen("frm_Silent") {}
+        void Form_QueryUnload(bool&) override {}
+    } silent;
+    desktop.Expect_Screen("frm_Silent", [](Screen& screen) { screen.Close(); });
+    silent.ShowModal();
+    EXPECT_FALSE(silent.Visible());
+}
+
 TEST_F(ScreenTest, NothingIsShownOnceTheProcessIsEnding) {
     desktop.Expect_Screen("frm_A", [](Screen&) {
         The("frm_B").ShowModal();
@@ -166,6 +176,16 @@ TEST_F(ScreenTest, NothingIsShownOnceTheProcessIsEnding) {
     desktop.Expect_Screen("frm_B", [](Screen&) { platform::The_Desktop().End_Process(); });
     The("frm_A").ShowModal();
     EXPECT_FALSE(The("frm_C").Visible());
+    EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B"}));
+}
+
+TEST_F(ScreenTest, NobodyIsReturnedToOnceTheProcessIsEnding) {
+    desktop.Expect_Screen("frm_A", [](Screen&) { The("frm_B").ShowModal(); });
+    desktop.Expect_Screen("frm_B", [](Screen& b) {
+        b.Hide();
+        platform::The_Desktop().End_Process();
+    });
+    The("frm_A").ShowModal();
     EXPECT_EQ(events, (Events{"activate frm_A", "activate frm_B"}));
 }
 

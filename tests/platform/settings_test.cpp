@@ -49,6 +49,16 @@ TEST_F(SettingsTest, WhatWasPutComesBackInTheNextSession) {
     EXPECT_EQ(second.Number("number"), -17);
 }
 
+TEST_F(SettingsTest, WhatWasPutForOneFolderDoesNotGoToTheNext) {
+    Settings settings = Opened();
+    settings.Put("a", "1");
+    settings.Open(Path("other"));
+    settings.Put("b", "2");
+    settings.Save();
+    EXPECT_FALSE(settings.Has("a"));
+    EXPECT_EQ(platform::Read_File(Path("other/settings")), "Verlink settings 1\nb=2\n");
+}
+
 TEST_F(SettingsTest, NothingIsThereUntilItWasPut) {
     const Settings settings = Opened();
     EXPECT_FALSE(settings.Has("a"));

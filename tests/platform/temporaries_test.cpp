@@ -112,6 +112,8 @@ TEST(ProcessTest, AnotherProcessWithTheSameNumberIsNotIt) {
     Process before = This_Process();
     before.start -= 1;
     EXPECT_FALSE(Runs(before));
+    before.start = 0;
+    EXPECT_TRUE(Runs(before)) << "of which nobody knew when it began";
     Process earlier = This_Process();
     earlier.boot += 1;
     EXPECT_FALSE(Runs(earlier)) << "the machine was started anew since";
@@ -143,11 +145,14 @@ TEST_F(TemporariesTest, WhatIsNotSurelyItsOwnStays) {
     fs::create_symlink(In("aim"), In(dead));
     const std::string other = dead.substr(0, dead.size() - 6) + "folder";
     Make_Folder(In(other));
-    EXPECT_EQ(Sweep_Temporaries(Path("models")), 0);
-    EXPECT_EQ(Names_In(Path("models")).size(), 7U);
+    Write_File(In(dead.substr(0, dead.size() - 1)), "a place too few");
+    Write_File(In(dead + "4"), "one too many");
+    const auto before = Names_In(Path("models"));
+    Sweep_Temporaries(Path("models"));
+    Sweep_Temporaries(Path("gone"));
+    EXPECT_EQ(Names_In(Path("models")), before);
+    EXPECT_EQ(before.size(), 9U);
 }
-
-TEST_F(TemporariesTest, AFolderThatIsNotThereIsSweptOfNothing) { EXPECT_EQ(Sweep_Temporaries(Path("gone")), 0); }
 
 TEST_F(TemporariesTest, WhoWatchesHearsOfTheFolderBeforeAnythingLiesInIt) {
     static std::string heard;

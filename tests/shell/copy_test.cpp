@@ -192,10 +192,24 @@ TEST_F(CopyTest, TheEndWaitsForWhatWasToBeWritten) {
 TEST_F(CopyTest, WhatCouldNotBeWrittenIsTriedAgain) {
     Copy_Keeper keeper(Path("folder/copy"), 1ms);
     keeper.Keep(Some_Model("first"));
-    EXPECT_FALSE(keeper.Flush(200ms));
+    EXPECT_FALSE(keeper.Flush(1h)) << "it is told as soon as that is known";
     platform::Make_Folder(Path("folder"));
     const auto end = steady_clock::now() + 20s;
     while (!platform::File_Exists(Path("folder/copy")) && steady_clock::now() < end) std::this_thread::sleep_for(10ms);
+    EXPECT_TRUE(Copy_Of(platform::Read_File(Path("folder/copy"))));
+}
+
+TEST_F(CopyTest, TheEndComesAlsoWhereNothingCanBeWritten) {
+    Copy_Keeper keeper(Path("folder/copy"), 1ms);
+    keeper.Keep(Some_Model("first"));
+}
+
+TEST_F(CopyTest, AFlushTriesAgainWhatHasFailed) {
+    Copy_Keeper keeper(Path("folder/copy"), 1h);
+    keeper.Keep(Some_Model("first"));
+    ASSERT_FALSE(keeper.Flush());
+    platform::Make_Folder(Path("folder"));
+    EXPECT_TRUE(keeper.Flush());
     EXPECT_TRUE(Copy_Of(platform::Read_File(Path("folder/copy"))));
 }
 

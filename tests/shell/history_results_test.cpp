@@ -114,6 +114,21 @@ TEST_F(HistoryOfResults, TwoTablesThatDifferInOneNumberAreTwo) {
     });
 }
 
+TEST_F(HistoryOfResults, ATableOfOnePositionComesBack) {
+    At_Home([](Screen& home) {
+        for (const double torque : {1.0, 2.0})
+            Do(home, [torque] {
+                Model.NSteps = 0;
+                Model.TorqueImported = true;
+                Model.RunTable.ImportedTorque(0) = torque;
+            });
+        Steps().Undo();
+        EXPECT_EQ(Model.RunTable.ImportedTorque(0), 1);
+        Steps().Redo();
+        EXPECT_EQ(Model.RunTable.ImportedTorque(0), 2);
+    });
+}
+
 TEST_F(HistoryOfResults, ANewBeginningForgetsWhatWasDoneUndoneTypedAndDragged) {
     With_A_Run([this](Screen& home) {
         const auto drag = [](double mass) {
@@ -193,6 +208,24 @@ TEST_F(HistoryOfResults, WhatIsTypedIntoSeveralBoxesIsTakenBackTheLatestFirstAnd
     });
 }
 
+TEST_F(HistoryOfResults, AStepThatWasUndoneComesAgainBeforeWhatWasTypedBehindIt) {
+    With_A_Run([this](Screen& home) {
+        Do(home, [] { Model.LinkMass(2) = 0.5; });
+        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
+            Type(masses, "txt_Mass", 3, "0.25");
+            Steps().Undo();
+            EXPECT_EQ(Steps().Redo_What(), "mass of link 3");
+            Steps().Undo();
+            EXPECT_NE(Model.LinkMass(2), 0.5);
+            EXPECT_NE(Steps().Redo_What(), "mass of link 3");
+            Steps().Redo();
+            EXPECT_EQ(Model.LinkMass(2), 0.5);
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
 TEST_F(HistoryOfResults, ATextThatIsTypedBackToWhatItWasLeavesNothingToTakeBack) {
     With_A_Run([this](Screen& home) {
         desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
@@ -201,6 +234,10 @@ TEST_F(HistoryOfResults, ATextThatIsTypedBackToWhatItWasLeavesNothingToTakeBack)
             EXPECT_TRUE(Steps().Can_Undo());
             Type(masses, "txt_Mass", 2, two);
             EXPECT_FALSE(Steps().Can_Undo());
+            Type(masses, "txt_Mass", 2, "0.5");
+            Steps().Undo();
+            masses.Text("txt_Mass", 2).Type("7");
+            EXPECT_FALSE(Steps().Can_Undo()) << "what comes into the box otherwise is another matter";
             Press(masses, "cmd_Cancel");
         });
         Press(home, "cmd_Dynamics");

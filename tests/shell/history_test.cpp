@@ -278,21 +278,23 @@ TEST_F(HistoryTest, An_imported_table_comes_back_with_its_step) {
 TEST_F(HistoryTest, Angles_speeds_and_accelerations_of_an_imported_drive_come_back_with_their_step) {
     At_Home([&](Screen& home) {
         On_Input(home, [](Screen& input) { Press(input, "cmd_Cancel"); });
-        const auto bring = [&home](double first) {
+        const auto bring = [&home](int type, double first) {
             const Deed import(home.Get<platform::CommandButton>("cmd_Input"));
             Run_Dropped();
-            Model.Calctype = 5;
+            Model.Calctype = type;
             Model.LinkMass(2) = first;
             Model.RunTable.DriveTheta(7) = first;
             Model.RunTable.Omega(7, 0) = first + 1;
             Model.RunTable.Alpha(7, 0) = first + 2;
         };
-        bring(1.5);
-        bring(2.5);
-        Steps().Undo();
-        EXPECT_EQ(Model.RunTable.DriveTheta(7), 1.5);
-        EXPECT_EQ(Model.RunTable.Omega(7, 0), 2.5);
-        EXPECT_EQ(Model.RunTable.Alpha(7, 0), 3.5);
+        for (const int type : {4, 5}) {
+            bring(type, 1.5);
+            bring(type, 2.5);
+            Steps().Undo();
+            EXPECT_EQ(Model.RunTable.DriveTheta(7), 1.5) << type;
+            EXPECT_EQ(Model.RunTable.Omega(7, 0), 2.5) << type;
+            EXPECT_EQ(Model.RunTable.Alpha(7, 0), 3.5) << type;
+        }
     });
 }
 

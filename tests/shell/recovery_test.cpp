@@ -243,6 +243,18 @@ TEST_F(RecoveryTest, AStartTellsNothingOfAProcessThatSaidItsEnd) {
     Check_for_Crash();
 }
 
+TEST_F(RecoveryTest, AProcessThatIsEndedFromOutsideSaysWhyAndLeavesItsCopy) {
+    Live_And_Die([] {
+        Check_for_Crash();
+        Model.L2 = 1.03;
+        Keep_Copy(Model, true);
+        Leave("SIGTERM");
+    });
+    ASSERT_EQ(Past_Runs(Folder()).size(), 1U);
+    EXPECT_EQ(Past_Runs(Folder())[0].end, "SIGTERM");
+    EXPECT_EQ(Kept(".copy"), 1U);
+}
+
 TEST_F(RecoveryTest, OfEachDeadProcessItIsKnownWhetherItSaidItsEnd) {
     const auto die = [this](const char* why) {
         const pid_t child = ::fork();

@@ -1,6 +1,7 @@
 // The log of a process, as a later one reads it.
 #include "shell/run_log.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -113,15 +114,18 @@ TEST_F(RunLogTest, ALogThatIsBegunAnewNotesItsFoldersAnewAndHasSaidNoEnd) {
     ASSERT_EQ(Past_Runs(Folder()).size(), 1U);
     EXPECT_EQ(Past_Runs(Folder())[0].folders.size(), 1U);
     EXPECT_EQ(Past_Runs(Folder())[0].end, "");
+}
+
+TEST_F(RunLogTest, EachLineStandsThereOnceAndAnEndIsTakenBackOnlyWhereThereWasOne) {
     Begin_Run_Log(Folder());
-    EXPECT_FALSE(End_Logged());
     Log_End("SIGTERM");
-    EXPECT_TRUE(End_Logged());
+    Begin_Run_Log(Folder());
     Log_Going_On();
-    EXPECT_FALSE(End_Logged());
-    Log_End("SIGTERM");
-    End_Run_Log();
-    EXPECT_FALSE(End_Logged());
+    Log_End("SIGHUP");
+    for (int i = 0; i < 3; ++i) Log_Going_On();
+    Log_End(std::string(100, 'x').c_str());
+    EXPECT_EQ(platform::Read_File(Folder() + platform::Name_Of(platform::This_Process()) + ".run"),
+              "running\nend SIGHUP\ngoing on\nend " + std::string(75, 'x') + "\n");
 }
 
 TEST_F(RunLogTest, ARunningProcessIsNoPastRun) {
@@ -152,6 +156,17 @@ TEST_F(RunLogTest, WithoutALogNothingIsNoted) {
     Log_End("SIGTERM");
     Log_Going_On();
     EXPECT_FALSE(platform::File_Exists(Folder()));
+    // Nor into what the process has open.
+    const int caught = ::open(Path("caught").c_str(), O_RDWR | O_CREAT, 0600);
+    const int kept[] = {::dup(0), ::dup(1)};
+    for (const int used : {0, 1}) ::dup2(caught, used);
+    Log_End("SIGTERM");
+    for (const int used : {0, 1}) {
+        ::dup2(kept[used], used);
+        ::close(kept[used]);
+    }
+    ::close(caught);
+    EXPECT_EQ(platform::Read_File(Path("caught")), "");
 }
 
 TEST_F(RunLogTest, AFolderThatCannotBeMadeIsAFailure) {
