@@ -157,7 +157,7 @@ std::vector<Cloud_Point> Aside::Cloud_At(int step) {
     const std::lock_guard lock(hand_over_);
     const auto at = static_cast<std::size_t>(step) * 2;
     for (std::size_t i = 0; i < at_.size(); ++i)
-        if (at + 1 < at_[i].size() && !Is_None(at_[i][at])) cloud.push_back({at_[i][at], at_[i][at + 1], cloud_of_[i]});
+        if (at < at_[i].size() && !Is_None(at_[i][at])) cloud.push_back({at_[i][at], at_[i][at + 1], cloud_of_[i]});
     return cloud;
 }
 

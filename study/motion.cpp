@@ -32,11 +32,6 @@ Motion::Motion(std::vector<double> angles, Lanes lanes)
       table_(std::make_unique<RunResults>()),
       solve_(lanes == Lanes::kFour && at_once::kSolveByFours ? at_once::kSolveByFours : at_once::Solve_By_Pairs) {}
 
-void Motion::Add(double theta2, double omega2) {
-    theta2_.push_back(Rounded(theta2));
-    omega2_.push_back(Rounded(omega2));
-}
-
 /// The crank of every step, as the run goes from one to the next in single precision.
 void Motion::Set_Out(const Design& d) {
     const Way way{static_cast<double>(d.Calctype),
@@ -56,12 +51,13 @@ void Motion::Set_Out(const Design& d) {
     omega2_.clear();
     last_ = d.Calctype == kOnePosition ? 0 : int{d.NSteps};
     if (d.Calctype == kOnePosition) {
-        Add((d.ThetaZero - d.Link1Angle) * kDegToRad, d.Omega2Input);
+        theta2_.push_back(Rounded((d.ThetaZero - d.Link1Angle) * kDegToRad));
     } else if (d.Calctype == kByTime) {
         double t = d.TimeStart;
         for (int step = 0; step <= last_; ++step) {
             const double theta = d.Alpha2 * t * t / 2 + d.Omega2Input * t + d.ThetaZero * kDegToRad;
-            Add(theta - d.Link1AngleRad, d.Alpha2 * t + d.Omega2Input);
+            theta2_.push_back(Rounded(theta - d.Link1AngleRad));
+            omega2_.push_back(Rounded(d.Alpha2 * t + d.Omega2Input));
             t = Rounded(t + d.TimeStep);
         }
     } else {
@@ -72,23 +68,21 @@ void Motion::Set_Out(const Design& d) {
         const bool moves = d.Omega2Input != 0;
         for (int step = 0; step <= last_; ++step) {
             const bool overshot = moves && (from_the_end ? angle < final : angle > final);
-            Add(overshot ? final : angle, d.Omega2Input);
+            theta2_.push_back(overshot ? final : angle);
             if (overshot) break;
             if (moves) angle = Rounded(angle + stride);
         }
     }
     reached_ = static_cast<int>(theta2_.size());
     theta2_.resize(static_cast<std::size_t>(last_ + 1), theta2_.back());
-    omega2_.resize(theta2_.size(), omega2_.back());
-    for (const double degrees : angles_) Add((degrees - d.Link1Angle) * kDegToRad, d.Omega2Input);
+    for (const double degrees : angles_) theta2_.push_back(Rounded((degrees - d.Link1Angle) * kDegToRad));
     all_ = static_cast<int>(theta2_.size());
-    fastest_ = 0;
-    for (const double omega2 : omega2_) fastest_ = std::max(fastest_, std::fabs(omega2));
     // Eight at once, as long as the table has room for what is too many.
     const int whole = (all_ + at_once::kSteps - 1) / at_once::kSteps * at_once::kSteps;
-    if (whole > kLastStep + 1) return;
-    theta2_.resize(static_cast<std::size_t>(whole), theta2_.back());
-    omega2_.resize(static_cast<std::size_t>(whole), omega2_.back());
+    theta2_.resize(static_cast<std::size_t>(std::min(whole, kLastStep + 1)), theta2_.back());
+    omega2_.resize(theta2_.size(), d.Omega2Input);
+    fastest_ = 0;
+    for (const double omega2 : omega2_) fastest_ = std::max(fastest_, std::fabs(omega2));
 }
 
 /// A step with all its refusals; false when it does not close.

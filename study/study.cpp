@@ -71,9 +71,6 @@ Bench::Bench(Study study) : study_(std::move(study)), moved_(study_.plan.Moved()
     for (const int field : moved_) home_.push_back(Place(field, study_.design));
     for (const Measure& measure : study_.measures) wanted_.push_back(Ask(measure));
     for (const Keep& keep : study_.keeps) bounding_.push_back(Ask(keep.measure));
-    const bool deviates =
-        std::ranges::any_of(asked_, [](const Asked& a) { return a.measure.statistic == Statistic::kDeviation; });
-    if (!deviates) return;
     Motion motion;
     Design design = study_.design;
     motion.Solve(design, Wanted::kPoints);
@@ -112,7 +109,7 @@ bool Worker::Solve(Number linkage, std::span<float> fields, std::span<float> mea
 }
 
 Path Worker::Last_Path() {
-    if (bench_.solved_ < Wanted::kPoints) motion_.Solve(design_, Wanted::kPoints);
+    motion_.Solve(design_, Wanted::kPoints);
     return Path_Of(motion_, design_);
 }
 

@@ -138,7 +138,7 @@ double Spread_Of_Values::Quantile(double share) const {
         return greatest_;
     };
     const double low = value_at(below), part = rank - static_cast<double>(below);
-    return part == 0 ? low : low + (value_at(below + 1) - low) * part;
+    return low + (value_at(below + 1) - low) * part;
 }
 
 std::vector<std::uint64_t> Spread_Of_Values::Between(const std::vector<double>& bounds) const {

@@ -96,6 +96,8 @@ TEST(Aside, ASpeedOfAPinIsItsRadiusTimesThatOfTheCrank) {
     EXPECT_NEAR(tally.Deviation(), sigma, 5 * error);
     EXPECT_NEAR(found.sensitivities[0][0].derivative, 7, 1e-3);
     EXPECT_FLOAT_EQ(found.sensitivities[0][0].share, 1);
+    EXPECT_GT(found.seconds, 0);
+    EXPECT_LT(found.seconds, 1000);
     EXPECT_TRUE(found.values.empty());
 }
 
