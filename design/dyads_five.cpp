@@ -55,17 +55,15 @@ Equations Equations_Of(std::span<const Carried> five, double span) {
     return e;
 }
 
-/// All six unknowns by two of them, found by elimination with the largest pivot of all; false where fewer than four of
-/// the equations say something.
-bool Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
-    constexpr double kNothing = 1e-12;
+/// All six unknowns by two of them, found by elimination with the largest pivot of all. Where fewer than four of the
+/// equations say something, these are of rounding or no numbers; the circle is asked of what they give.
+void Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
     std::array<int, kUnknowns> order{0, 1, 2, 3, 4, 5};
     for (int k = 0; k < kEquations; ++k) {
         int row = k, column = k;
         for (int i = k; i < kEquations; ++i)
             for (int j = k; j < kUnknowns; ++j)
                 if (std::abs(e.a[i][j]) > std::abs(e.a[row][column])) row = i, column = j;
-        if (std::abs(e.a[row][column]) < kNothing) return false;
         std::swap(e.a[k], e.a[row]);
         for (auto& r : e.a) std::swap(r[k], r[column]);
         std::swap(order[static_cast<std::size_t>(k)], order[static_cast<std::size_t>(column)]);
@@ -82,7 +80,6 @@ bool Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
     }
     forms[static_cast<std::size_t>(order[4])] = {0, 1, 0};
     forms[static_cast<std::size_t>(order[5])] = {0, 0, 1};
-    return true;
 }
 
 /// s and t as a turned pair, so that no root of the one belongs to two of the other but by chance.
@@ -188,7 +185,7 @@ std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five) {
     if (span == 0) return {};
     Equations equations = Equations_Of(five, span);
     std::array<Form, kUnknowns> z;
-    if (!Eliminate(equations, z)) return {};
+    Eliminate(equations, z);
     Turn(z);
     const auto& [p, q, x, y, u, v] = z;
     Conic scalar, cross;
