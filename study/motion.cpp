@@ -78,11 +78,9 @@ void Motion::Set_Out(const Design& d) {
     for (const double degrees : angles_) theta2_.push_back(Rounded((degrees - d.Link1Angle) * kDegToRad));
     all_ = static_cast<int>(theta2_.size());
     // Eight at once, as long as the table has room for what is too many.
-    const int whole = (all_ + at_once::kSteps - 1) / at_once::kSteps * at_once::kSteps;
-    theta2_.resize(static_cast<std::size_t>(std::min(whole, kLastStep + 1)), theta2_.back());
+    theta2_.resize(static_cast<std::size_t>(std::min(all_ + at_once::kSteps, kLastStep + 1)), theta2_.back());
     omega2_.resize(theta2_.size(), d.Omega2Input);
-    fastest_ = 0;
-    for (const double omega2 : omega2_) fastest_ = std::max(fastest_, std::fabs(omega2));
+    fastest_ = std::fabs(*std::ranges::max_element(omega2_, {}, [](double omega2) { return std::fabs(omega2); }));
 }
 
 /// A step with all its refusals; false when it does not close.
@@ -94,7 +92,7 @@ bool Motion::Solve_One(const at_once::Run& run, int step) {
     p.Omega2 = omega2_[at];
     p.Alpha2 = p.Alpha2Before = run.Alpha2;
     Solve_Motion(run.shape, positions);
-    const bool refused = !(p.D4 >= 0) || p.A == 0 || !(p.D3 >= 0) || p.D == 0 || p.S34 == 0 || p.G == 0;
+    const bool refused = p.A == 0 || p.D == 0;  // and what else is, gives no finite speeds
     // What a ratio to a crank or a rocker at rest would be is put in behind.
     const double omega2 = p.Omega2, omega4 = p.Omega4;
     const double before = step > 0 ? double{table_->OmegaRatio(step - 1)} : 0.0;

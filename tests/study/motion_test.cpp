@@ -288,6 +288,95 @@ TEST_F(Study_Motion, StepsBehindTheLimitOfTheRunDoNotClose) {
     }
 }
 
+TEST_F(Study_Motion, TheLimitOfARunIsOneStepMoreWhereTheStridesEndThereAsTheRecordsIs) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Model.PolarCoords = true;
+    Turn_Ground(0);
+    Take_Angles(0, 57, 7);
+    Model.ThetaStartRad = 0, Model.ThetaEndRad = 1, Model.ThetaStepRad = 0.125;
+    Model.Calctype = 3;
+    study::Motion motion({200});
+    for (const double speed : {7.0, -7.0}) {
+        Model.Omega2Input = speed;
+        Model.NSteps = 12;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        for (int step = 0; step <= 12; ++step) EXPECT_EQ(motion.Closed(step), step <= 9) << step;
+        EXPECT_EQ(motion.Table().Theta(8, 0), motion.Table().Theta(9, 0));
+        EXPECT_TRUE(motion.Closed(motion.Step_At(0)));
+        EXPECT_NEAR(motion.Table().Theta(motion.Step_At(0), 0), 200, 1e-4);
+    }
+}
+
+TEST_F(Study_Motion, TheLongestRunIsTheRecords) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(0, 360, 0.125);
+    Model.Calctype = 3;
+    Model.NSteps = kLastStep;
+    study::Design design = study::Design_Of(Model);
+    study::Motion motion;
+    ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+    Integer result;
+    Calc_Setup(3, result);
+    EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), kLastStep + 1);
+}
+
+TEST_F(Study_Motion, WhereLinksLieOnOneAnotherItClosesWhereTheRecordsDoes) {
+    study::Motion motion;
+    int open = 0;
+    const double lengths[][4] = {{2, 1, 1, 2}, {2, 1, 2, 1}, {2, 2, 1, 1}, {1, 2, 2, 1}, {4, 3, 2, 2}, {3, 1, 2, 2}};
+    for (const auto& [L1, L2, L3, L4] : lengths)
+        for (const int circuit : {1, 2}) {
+            SCOPED_TRACE(testing::Message() << L1 << ' ' << L2 << ' ' << L3 << ' ' << L4 << ' ' << circuit);
+            Notes notes(desktop, platform::Answer::kIgnore);
+            Take_Lengths(L1, L2, L3, L4);
+            Take_Coupler_Point(1.5, 20);
+            Take_Circuit(circuit);
+            Model.PolarCoords = true;
+            Turn_Ground(0);
+            Take_Angles(0, 360, 15);
+            Model.Calctype = 3;
+            Model.Omega2Input = 7;
+            Model.NSteps = 24;
+            study::Design design = study::Design_Of(Model);
+            motion.Solve(design, study::Wanted::kMotion);
+            Integer result;
+            Calc_Setup(3, result);
+            open += 25 - Compare_Motion(motion, study::Wanted::kMotion);
+        }
+    EXPECT_GT(open, 30);
+}
+
+TEST_F(Study_Motion, ACrankThatComesToRestBehindAStepThatDoesNotCloseHasTheRatioOfTheRecords) {
+    // It closes up to 68 degrees, and comes to rest after half a radian from 80.
+    Take_Lengths(4, 3, 2, 2);
+    Take_Coupler_Point(1.5, 20);
+    Take_Circuit(1);
+    Model.PolarCoords = true;
+    Turn_Ground(0);
+    Model.Calctype = 2;
+    Model.NSteps = 1;
+    Model.TimeStart = 0, Model.TimeEnd = 1, Model.TimeStep = 1;
+    Model.ThetaZero = 80;
+    Model.Omega2Input = -1;
+    Model.Alpha2 = 1;
+    study::Motion motion;
+    for (const double zero : {50.0, 80.0}) {
+        Model.ThetaZero = zero;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        EXPECT_EQ(motion.Closed(0), zero < 68);
+        EXPECT_TRUE(motion.Closed(1));
+        Notes notes(desktop, platform::Answer::kIgnore);
+        Integer result;
+        Calc_Setup(2, result);
+        EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), zero < 68 ? 2 : 1);
+        EXPECT_EQ(motion.Table().OmegaRatio(1) == 0, zero > 68);
+    }
+}
+
 TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
     study::Motion motion;
     const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
