@@ -138,7 +138,6 @@ double Kept_Factor(Quantity quantity, int from, int to) {
 
 /// What the values of a measure are of, in the unit that tables have them in.
 Quantity Quantity_Of(const Measure& measure) {
-    if (measure.statistic == Statistic::kCloses) return Quantity::kNumber;
     if (measure.statistic == Statistic::kDeviation || measure.statistic == Statistic::kLine) return Quantity::kLength;
     constexpr int kAngleOfVector = 3;
     if (measure.facts.vector && measure.component == kAngleOfVector) return Quantity::kNumber;

@@ -119,7 +119,7 @@ class Drawing {
             widen(dyad->ground);
             for (int j = 0; j < f_.positions; ++j) widen(dyad->Pin(j));
         }
-        for (int j = 0; j < f_.positions; ++j) widen(P(j));
+        for (int j = 1; j < f_.positions; ++j) widen(P(j));
         const double extent = std::max({x2 - x1, y2 - y1, 1e-6});
         side_ = extent / (1 - 2 * kAir);
         corner_ = Vector((x1 + x2 - side_) / 2, (y1 + y2 - side_) / 2);

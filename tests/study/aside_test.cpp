@@ -219,6 +219,45 @@ TEST(Aside, ADeviationIsTheLargestDistanceBetweenTheCouplerPointsOfEachStep) {
         }
 }
 
+TEST(Aside, ADeviationIsTakenWhereBothCloseAndIsNoneWhereNoStepDoes) {
+    Words words;
+    words.sweeps = {"L2=3:2:3"};
+    words.measures = {"deviation"};
+    Design design = Crank_Rocker();
+    design.L2 = 3, design.L3 = design.L4 = 2;
+    const Mechanism nominal(design);
+    Aside aside;
+    aside.Begin(Study_In(words, design), 1);
+    const Findings found = To_The_End(aside);
+    EXPECT_EQ(found.values.at(0), 0) << "the model itself";
+    for (const Number linkage : {1U, 2U}) {
+        Design moved = design;
+        moved.L2 = linkage == 1 ? 2.5 : 2;
+        const Mechanism mechanism(moved);
+        double most = 0;
+        int one = 0;
+        for (int step = 0; step <= nominal.Last(); ++step) {
+            one += mechanism.At(step).has_value() != nominal.At(step).has_value() ? 1 : 0;
+            if (mechanism.At(step) && nominal.At(step))
+                most = std::max(most, std::abs(mechanism.At(step)->P - nominal.At(step)->P));
+        }
+        EXPECT_GT(one, 0) << "closes alone";
+        EXPECT_NEAR(found.values.at(linkage), most, 1e-5);
+    }
+    int closed = 0;
+    for (int step = 0; step <= nominal.Last(); ++step) closed += nominal.At(step) ? 1 : 0;
+    words.sweeps = {"L2=3:3:1"};
+    words.measures = {"closes"};
+    aside.Begin(Study_In(words, design), 1);
+    EXPECT_FLOAT_EQ(To_The_End(aside).values.at(0), static_cast<float>(closed / 37.0));
+    for (const char* measure : {"deviation", "deviation line"}) {
+        words.sweeps = {"L2=9:9:1"};
+        words.measures = {measure};
+        aside.Begin(Study_In(words, design), 1);
+        EXPECT_TRUE(Is_None(To_The_End(aside).values.at(0))) << measure;
+    }
+}
+
 TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {
     Words words;
     words.tolerances = {"L2=0.02:uniform"};

@@ -433,18 +433,21 @@ TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
         x0 /= static_cast<double>(points.size());
         y0 /= static_cast<double>(points.size());
         // Of the lines through the centre in many directions that with the least sum of squares.
-        double least = 1e300, greatest = 0, most = 0;
-        for (int part = 0; part < 20000; ++part) {
-            const double a = M_PI * part / 20000;
+        double least = 1e300, greatest = 0, most = 0, best = 0;
+        const auto look = [&](double a) {
             double squares = 0, largest = 0;
+            const double cosine = std::cos(a), sine = std::sin(a);
             for (const auto& [x, y] : points) {
-                const double off = std::abs((y - y0) * std::cos(a) - (x - x0) * std::sin(a));
+                const double off = std::abs((y - y0) * cosine - (x - x0) * sine);
                 squares += off * off;
                 largest = std::max(largest, off);
             }
-            if (squares < least) least = squares, most = largest;
+            if (squares < least) least = squares, most = largest, best = a;
             greatest = std::max(greatest, squares);
-        }
+        };
+        for (int part = 0; part < 100; ++part) look(M_PI * part / 100);
+        const double middle = best;
+        for (int part = -100; part <= 100; ++part) look(middle + M_PI * part / 10000);
         if (least > 0.9 * greatest) continue;  // as good as a circle, which goes no way
         const double taken = meter.Take(*measure, motion, design, 0);
         double extent = 0;

@@ -62,6 +62,7 @@ TEST(StudySettings, AreRefusedByTheNameOfTheField) {
     EXPECT_EQ(Fault_With("\"field\": \"L2\"", "\"field\": 2"), "the field sweeps[0].field is to be a text");
     EXPECT_EQ(Fault_With("\"spread\": \"worst\"", "\"spread\": \"worst\", \"why\": 1"),
               "there is no field tolerances[3].why");
+    EXPECT_EQ(Fault_With("\"from\": 0.04", "\"from\": 0.04, \"why\": 1"), "there is no field sweeps[0].why");
     EXPECT_EQ(Fault_With("\"samples\": 123456789012", "\"samples\": 1.5"),
               "the field samples is to be a whole number from 1");
     EXPECT_EQ(Fault_With("{", "{{"), "they are no JSON");

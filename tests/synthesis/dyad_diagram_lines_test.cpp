@@ -35,9 +35,9 @@ TEST_F(DyadDiagram, ADisplacementIsNamedOnTheSideAwayFromTheCouplerHoweverSmallI
     for (const double size : {1.0, 1e-3})
         for (const int degrees : {20, 110, 200, 290}) {
             DyadFigure f;
-            f.W = size * Vector(0, 2);
+            f.W = size * Vector(0, -20);
             f.Z = size * Vector(1, 1);
-            f.U = size * Vector(0, 3);
+            f.U = size * Vector(0, -30);
             f.S = size * Vector(-1, 1);
             f.beta[1] = f.gamma[1] = 170;
             f.P[1] = size * std::polar(1.0, degrees * kRadians);

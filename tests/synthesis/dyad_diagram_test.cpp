@@ -35,6 +35,10 @@ TEST_F(DyadDiagram, BeforeAnythingIsSolvedThereIsASketch) {
     EXPECT_FALSE(Dyads_In_Force(2).to_scale);
     EXPECT_FALSE(Dyads_In_Force(3).to_scale);
     EXPECT_EQ(Dyads_In_Force(2).W, Dyad_Sketch(2).W);
+    for (Single* datum : {&Model.SynWx, &Model.SynWy, &Model.SynZx, &Model.SynZy, &Model.SynUx, &Model.SynUy,
+                          &Model.SynSx, &Model.SynSy, &Model.P21x, &Model.P21y})
+        *datum = 0;
+    EXPECT_FALSE(Dyads_In_Force(2).to_scale) << "nothing that goes nowhere is no dyad";
 }
 
 TEST_F(DyadDiagram, SolvedDyadsAreTheOnesDrawn) {
@@ -297,7 +301,7 @@ TEST_F(DyadDiagram, ADyadOfNoLengthIsDrawnAsAPoint) {
         DyadFigure f;
         f.positions = positions;
         EXPECT_FALSE(Draw(f).empty());
-        EXPECT_GT(picture.Right(), picture.Left());
+        EXPECT_NEAR(picture.Right() - picture.Left(), 1e-6 / 0.72, 1e-15);
     }
 }
 
@@ -306,6 +310,7 @@ TEST_F(DyadDiagram, TurnsBeyondAWholeOneAreDrawnAsTheRest) {
     const auto plain = Draw(f);
     const auto drawn = picture.Alive();
     f.beta[1] += 360;
+    f.alpha[1] -= 360;
     f.theta += 720;
     const auto turned = Draw(f);
     EXPECT_EQ(picture.Alive(), drawn);
