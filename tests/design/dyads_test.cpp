@@ -179,6 +179,36 @@ TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
     EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
+TEST_F(Dyads, OfFivePositionsThatAreTheirOwnMirrorImageComeInMirroredPairs) {
+    SCOPED_TRACE(Trace());
+    int pairs = 0;
+    for (int i = 0; i < 60; ++i) {
+        Task task;
+        task.positions = {{{0, Number(-1, 1)}, 0}};
+        for (int side = 0; side < 2; ++side) {
+            const design::Place place{Point(2), Number(5, 60)};
+            task.positions.push_back(place);
+            task.positions.push_back({-std::conj(place.at), -place.angle});
+        }
+        const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+        for (const Dyad& dyad : dyads) {
+            EXPECT_LT(Off_Circle(task, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+            const Dyad mirrored{-std::conj(dyad.fixed), -std::conj(dyad.moving)};
+            pairs += Nearest(dyads, mirrored) < 1e-5 * (1 + std::abs(dyad.fixed));
+            EXPECT_LT(Nearest(dyads, mirrored), 1e-3 * (1 + std::abs(dyad.fixed)));
+        }
+    }
+    EXPECT_GT(pairs, 60);
+}
+
+TEST_F(Dyads, OfFivePositionsThatAreOnePlaceAreNone) {
+    Task task;
+    task.positions = std::vector<design::Place>(5, {{1, 2}, 0});
+    EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
+    for (std::size_t i = 0; i < 5; ++i) task.positions[i].angle = 20.0 * static_cast<double>(i);
+    EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
+}
+
 TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {
     SCOPED_TRACE(Trace());
     int even = 0;
