@@ -31,7 +31,9 @@ struct Candidates : Design {
     };
     static std::vector<Candidate> Chunk(const Problem& problem, std::size_t round, std::size_t chunk) {
         std::vector<Candidate> all;
-        problem.Each(round, chunk, [&](const Genes& genes, const FourBar& linkage) { all.push_back({genes, linkage}); });
+        problem.Each(round, chunk, [&](const Genes& genes, const FourBar& linkage) {
+            all.push_back({genes, linkage});
+        });
         return all;
     }
     static Task Of(int positions) {
@@ -100,9 +102,10 @@ TEST_F(Candidates, BeginTheirDescentWithATwentiethOfTheSmallerSquareAndATurnByNi
             EXPECT_LE(std::abs(all[0].genes.number[1]), 4);
             EXPECT_EQ(all[0].genes.sheet[0] / 2, 0);
         }
-        const std::array<double, Genes::kMost> steps[] = {{0.05 * 10, 0.05 * 10, 0.15, 0.05 * square, 0.05 * square, 0.15},
-                                                          {0.05 * 10, 0.05 * 10, 0.05 * square, 0.05 * square},
-                                                          {0.15, 0.15}};
+        const std::array<double, Genes::kMost> steps[] = {
+            {0.05 * 10, 0.05 * 10, 0.15, 0.05 * square, 0.05 * square, 0.15},
+            {0.05 * 10, 0.05 * 10, 0.05 * square, 0.05 * square},
+            {0.15, 0.15}};
         for (std::size_t i = 0; i < Genes::kMost; ++i)
             EXPECT_NEAR(all[0].genes.step[i], steps[positions - 2][i], 1e-12) << positions << ' ' << i;
     }
@@ -119,7 +122,8 @@ TEST_F(Candidates, OfARoundAreThoseThatNoneBeforeItHad) {
         // A left dyad of before meets the right ones that have come; one that has come meets all.
         EXPECT_EQ(Chunk(*problem, round, before - 1).size(), 2 * (now - before));
         EXPECT_EQ(Chunk(*problem, round, before).size(), 2 * now);
-        EXPECT_EQ(Chunk(*problem, round, 0)[0].genes.number[2], Chunk(*problem, round, before)[2 * before].genes.number[2]);
+        EXPECT_EQ(Chunk(*problem, round, 0)[0].genes.number[2],
+                  Chunk(*problem, round, before)[2 * before].genes.number[2]);
     }
 }
 
@@ -132,7 +136,7 @@ TEST_F(Candidates, AreSoughtWithTwoHundredTriesForEachThatIsWanted) {
     const Box here = Looked_Over(task, {});
     const auto plane = [&](bool moving, std::size_t index) {
         const design::Point point(here.low.real() + Even(1, index) * (here.high - here.low).real(),
-                          here.low.imag() + Even(2, index) * (here.high - here.low).imag());
+                                  here.low.imag() + Even(2, index) * (here.high - here.low).imag());
         return moving ? Dyad_Of_Moving(three, point) : Dyad_Of_Fixed(three, point);
     };
     std::size_t within = 0;
@@ -185,8 +189,10 @@ TEST_F(Candidates, OfFourPositionsAreOnBothWaysOfTheCurvesByTheirTurns) {
     const Burmester curves(Carried_Through(task.positions));
     for (const auto& [genes, linkage] : Chunk(*problem, 0, 3)) {
         ASSERT_EQ(genes.count, 2U);
-        EXPECT_EQ(linkage.crank_is_left ? linkage.crank : linkage.other, curves.Dyad_At(genes.number[0], genes.sheet[0] / 2));
-        EXPECT_EQ(linkage.crank_is_left ? linkage.other : linkage.crank, curves.Dyad_At(genes.number[1], genes.sheet[1]));
+        EXPECT_EQ(linkage.crank_is_left ? linkage.crank : linkage.other,
+                  curves.Dyad_At(genes.number[0], genes.sheet[0] / 2));
+        EXPECT_EQ(linkage.crank_is_left ? linkage.other : linkage.crank,
+                  curves.Dyad_At(genes.number[1], genes.sheet[1]));
         EXPECT_EQ(genes.sheet[0] % 2 == 1, linkage.crank_is_left);
     }
 }

@@ -287,14 +287,14 @@ TEST_F(Searching, OfTheLinkagesWithOneLinkTheEightBestAreShownAndThreeOfEachThat
     std::vector<design::FourBar> expected;
     const double near = 0.25 * Span_Of(task);
     for (const Solution& solution : good)
-        if (std::ranges::none_of(expected, [&](const auto& before) {
-                return Apart_As_Driven(before, solution.linkage) <= near;
-            }))
+        if (std::ranges::none_of(expected,
+                                 [&](const auto& before) { return Apart_As_Driven(before, solution.linkage) <= near; }))
             expected.push_back(solution.linkage);
     EXPECT_GT(expected.size(), 5U);
     const Found found = Find(task, {.best = 20, .threads = 1, .coarse = true, .rounds = 1});
     ASSERT_EQ(found.solutions.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(found.solutions[i].linkage.other, expected[i].other) << i;
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(found.solutions[i].linkage.other, expected[i].other) << i;
     std::size_t thrown_out = 0;
     for (const auto& [refusal, linkages] : out) {
         const std::size_t most = std::min<std::size_t>(3, linkages.size());

@@ -101,7 +101,8 @@ struct Examples : Synthesis {
     }
     /// Of the linkage before, and of the boxes.
     static void Spoil_Dyads_And_Boxes() {
-        for (Single* datum : {&Model.P21x, &Model.SynAlpha3, &Model.SynGamma2, &Model.O4y, &Model.SynTheta, &Model.SynPhi})
+        for (Single* datum :
+             {&Model.P21x, &Model.SynAlpha3, &Model.SynGamma2, &Model.O4y, &Model.SynTheta, &Model.SynPhi})
             *datum = 77;
         for (int box = 0; box < 4; ++box) platform::Screens::Get("frm_Inputnew").Text("txt_initial", box).Text = "77";
     }
