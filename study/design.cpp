@@ -156,10 +156,10 @@ std::span<const Field> Fields() { return kFields; }
 std::optional<int> Field_Named(const std::string& name, const Design& design, std::string& fault) {
     std::string wanted = name;
     std::erase(wanted, ' ');
-    for (std::size_t i = 0; i < kFields.size(); ++i) {
-        if (wanted != kFields[i].name) continue;
+    const auto found = std::ranges::find(kFields, wanted, [](const Field& field) { return std::string(field.name); });
+    if (found != kFields.end()) {
         fault = Idle(wanted, design);
-        return fault.empty() ? std::optional<int>(static_cast<int>(i)) : std::nullopt;
+        return fault.empty() ? std::optional<int>(static_cast<int>(found - kFields.begin())) : std::nullopt;
     }
     const std::vector<std::string> names = [] {
         std::vector<std::string> all(kFields.size());

@@ -114,6 +114,11 @@ TEST(Aside, StoppedItHasWhatIsThereAndCanBeginAnew) {
     EXPECT_GT(found.done, 0U);
     EXPECT_LT(found.done, found.all);
     EXPECT_EQ(found.summary.kept, found.done);
+    {
+        Aside left_alone;
+        left_alone.Begin(Study_In(words), 1);
+    }
+    aside.Begin(Study_In(words), 1);  // which would not end
     words.samples = 10;
     aside.Begin(Study_In(words), 2);
     aside.Begin(Study_In(words), 2);

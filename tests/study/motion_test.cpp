@@ -296,7 +296,7 @@ TEST_F(Study_Motion, TheLimitOfARunIsOneStepMoreWhereTheStridesEndThereAsTheReco
     Take_Angles(0, 57, 7);
     Model.ThetaStartRad = 0, Model.ThetaEndRad = 1, Model.ThetaStepRad = 0.125;
     Model.Calctype = 3;
-    study::Motion motion({200});
+    study::Motion motion({200, 300});
     for (const double speed : {7.0, -7.0}) {
         Model.Omega2Input = speed;
         Model.NSteps = 12;
@@ -304,8 +304,10 @@ TEST_F(Study_Motion, TheLimitOfARunIsOneStepMoreWhereTheStridesEndThereAsTheReco
         ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
         for (int step = 0; step <= 12; ++step) EXPECT_EQ(motion.Closed(step), step <= 9) << step;
         EXPECT_EQ(motion.Table().Theta(8, 0), motion.Table().Theta(9, 0));
-        EXPECT_TRUE(motion.Closed(motion.Step_At(0)));
-        EXPECT_NEAR(motion.Table().Theta(motion.Step_At(0), 0), 200, 1e-4);
+        for (const int angle : {0, 1}) {
+            EXPECT_TRUE(motion.Closed(motion.Step_At(angle)));
+            EXPECT_NEAR(motion.Table().Theta(motion.Step_At(angle), 0), angle == 0 ? 200 : 300, 1e-4);
+        }
     }
 }
 

@@ -70,7 +70,7 @@ TEST_F(DyadDiagram, AVectorThatLiesElsewhereThanItsAngleHasALineAlongTheAngle) {
     EXPECT_EQ(strokes(std::polar(0.4, (kTold + 0.9) * kRadians), kTold), 0);
     EXPECT_GT(strokes(std::polar(0.4, (kTold + 1.6) * kRadians), kTold), 3);
     EXPECT_GT(strokes(std::polar(0.4, (kTold - 180) * kRadians), kTold), 3) << "of negative length";
-    EXPECT_EQ(strokes(0, 165), 0) << "none lies nowhere else";
+    for (const double told : {165.0, -165.0}) EXPECT_EQ(strokes(0, told), 0) << "none lies nowhere else";
 }
 
 TEST_F(DyadDiagram, WhatAThirdPositionWouldHaveIsNotSeenWhereThereAreTwo) {
