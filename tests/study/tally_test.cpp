@@ -116,6 +116,7 @@ TEST(Exact_Sum, TakesNoDigitThatIsTooLarge) {
 }
 
 TEST(Tally, IsExactForFewValues) {
+    EXPECT_EQ(Tally_Of({0.0F, -0.0F}).Spread().Text(), Tally_Of({0.0F, 0.0F}).Spread().Text());
     const std::vector<float> values{3, 1, 2, 5, 4};
     const Tally tally = Tally_Of(values);
     EXPECT_EQ(tally.Mean(), 3);
@@ -239,6 +240,8 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     Tally tally;
     const std::vector<std::string> lines = Lines(Tally_Of({1, 2, 3}).Text());
     ASSERT_TRUE(tally.Take(lines));
+    ASSERT_TRUE(tally.Take(lines));
+    EXPECT_EQ(tally.Text(), Tally_Of({1, 2, 3}).Text()) << "once, whatever it was before";
     for (std::size_t i = 0; i < lines.size(); ++i) {
         std::vector<std::string> broken = lines;
         broken[i] += "x";
