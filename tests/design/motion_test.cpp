@@ -174,11 +174,11 @@ TEST_F(Candidates, OfGivenPivotsAreTheirOwnDyadsAndHaveNoNumbersToMove) {
             EXPECT_EQ(all[i].genes.step, (std::array<double, Genes::kMost>{}));
         }
     }
-    task.drive = Drive::kRight;
+    task.drive = design::Drive::kRight;
     EXPECT_EQ(Chunk(*Problem_Of(task), 0, 0).size(), 3U);
     EXPECT_FALSE(Chunk(*Problem_Of(task), 0, 0)[0].linkage.crank_is_left);
     EXPECT_FALSE(Problem_Of(task)->Either_Crank());
-    task.drive = Drive::kLeft;
+    task.drive = design::Drive::kLeft;
     EXPECT_EQ(Chunk(*Problem_Of(task), 0, 0).size(), 3U);
     EXPECT_TRUE(Chunk(*Problem_Of(task), 0, 0)[0].linkage.crank_is_left);
 }
