@@ -100,7 +100,7 @@ bool Example_Known(const BatchOptions& options, std::string& fault) {
 
 /// Failure 62 when the model now wants rows of the drive or torque table that its file does not have.
 void Check_Tables(const LinkageModel& record, int rows_driven, int rows_of_torque) {
-    if (record.Calctype > 3 && record.NSteps >= rows_driven) platform::Raise(platform::kEndOfFile);
+    if (record.Imported() && record.NSteps >= rows_driven) platform::Raise(platform::kEndOfFile);
     if (record.TorqueImported && record.NSteps >= rows_of_torque) platform::Raise(platform::kEndOfFile);
 }
 
@@ -207,7 +207,7 @@ class Batch {
     bool Load_Example() {
         Example_Named(*options_.example)->load();
         Model.Units = 1;
-        Model.Calctype = 3;
+        Model.Calctype = run::kByAngle;
         if (Guarded("Readfile", [this] {
                 Replace_Fields(Model);
                 Enter_As_From_File();
@@ -220,7 +220,7 @@ class Batch {
     void Replace_Fields(LinkageModel& record) {
         rows_of_torque_ = record.TorqueImported ? record.NSteps + 1 : 0;
         if (options_.sets.empty()) return;
-        const int rows_driven = record.Calctype > 3 ? record.NSteps + 1 : 0;
+        const int rows_driven = record.Imported() ? record.NSteps + 1 : 0;
         for (const auto& [field, value] : options_.sets) Set_File_Field(field, value, record);
         Check_Tables(record, rows_driven, rows_of_torque_);
     }

@@ -13,7 +13,7 @@ bool Balance() {
     if (!Default_Weights(Model)) return false;
     Berkof_Calc(Model, Model.BerkMass, Model.BerkRadius);
     Smooth_Torque(Model, kUsualFluct, Model.RunTable.BalancedMoment);
-    return Model.Calctype == 3;
+    return Model.Calctype == run::kByAngle;
 }
 
 std::string Balance_Report() {

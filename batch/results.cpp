@@ -21,7 +21,7 @@ using Made = std::optional<std::string>;
 /// Those of the run, or of what is transformed.
 std::optional<std::vector<Column>> Columns_Wanted(const BatchOptions& options, std::ostream& notes) {
     if (!options.fft) return Run_Columns(options.Local());
-    if (Model.Calctype != 1) return Transform_Columns(*options.fft, options.Local());
+    if (Model.Calctype != run::kOnePosition) return Transform_Columns(*options.fft, options.Local());
     notes << "verlink-batch: one position has no transform\n";
     return {};
 }

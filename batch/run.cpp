@@ -87,7 +87,7 @@ bool Run_Model(std::ostream& notes) {
     if (!Take_Limits()) return false;
     Derive_Geometry();
     Integer Result = kRetrying;
-    if (Model.Calctype > 3) {
+    if (Model.Imported()) {
         if (Model.NSteps < 0) {
             notes << "verlink-batch: the drive table has no rows\n";
             return false;

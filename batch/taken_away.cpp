@@ -23,7 +23,7 @@ constexpr int kSlot = 1;
 
 std::optional<Sheet> Sheet_Wanted(const BatchOptions& options, std::ostream& notes) {
     if (!options.fft) return Run_Sheet(Model, options.Local());
-    if (Model.Calctype == 1) {
+    if (Model.Calctype == run::kOnePosition) {
         notes << "verlink-batch: one position has no transform\n";
         return {};
     }

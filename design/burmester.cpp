@@ -1,6 +1,7 @@
 // The dyads of four positions.
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "design/dyads.h"
 
@@ -61,11 +62,10 @@ std::optional<Dyad> Burmester::Dyad_At(double turn, int way) const {
     turns[led_] = std::polar(1.0, turn);
     const Point third = -(minor_[0] + minor_[led_] * turns[led_]);
     const double c = std::abs(third), a = std::abs(minor_[p]), b = std::abs(minor_[q]);
-    // Where a side vanishes the angles are no numbers, and what they give is no dyad.
+    // Where a side vanishes there are no numbers, and where it is too long no dyad comes of a flat triangle.
     // The angle at the side a, by half the perimeter: it keeps its digits where the triangle is flat.
     const double half = (a + b + c) / 2;
-    const double beside = (half - a) * (half - c), opposite = half * (half - b);
-    if (beside < 0 || opposite < 0) return {};
+    const double beside = std::max(0.0, (half - a) * (half - c)), opposite = std::max(0.0, half * (half - b));
     const double angle = 2 * std::atan2(std::sqrt(beside), std::sqrt(opposite));
     const Point side = third / c * a * std::polar(1.0, way == 0 ? angle : -angle);
     turns[p] = side / minor_[p];
@@ -74,7 +74,7 @@ std::optional<Dyad> Burmester::Dyad_At(double turn, int way) const {
 }
 
 std::optional<Dyad> Burmester::Dyad_With(Point (&turns)[4]) const {
-    constexpr double kSingular = 1e-10, kExact = 1e-9, kFarthest = 1e5;
+    constexpr double kExact = 1e-9, kFarthest = 1e5;
     double best = 0, span = 0;
     Dyad dyad;
     for (const auto& [i, j] : {std::array{1, 2}, std::array{1, 3}, std::array{2, 3}}) {
@@ -89,11 +89,10 @@ std::optional<Dyad> Burmester::Dyad_With(Point (&turns)[4]) const {
         dyad.moving = carried_[0].from - arm;
         dyad.fixed = dyad.moving - link;
     }
-    if (best < kSingular || !Is_Finite(dyad.moving) || !Is_Finite(dyad.fixed)) return {};
     const double radius = Distance(dyad.moving, dyad.fixed);
     if (radius > kFarthest * span) return {};
     for (const Carried& carried : carried_)
-        if (std::abs(Distance(carried.Of(dyad.moving), dyad.fixed) - radius) > kExact * (radius + span)) return {};
+        if (!(std::abs(Distance(carried.Of(dyad.moving), dyad.fixed) - radius) <= kExact * (radius + span))) return {};
     return dyad;
 }
 
@@ -105,9 +104,8 @@ bool Burmester::Closes(double turn) const {
 }
 
 double Burmester::Last_That_Closes(double closes, double step) const {
-    constexpr int kHalvings = 60;
     double opens = closes + step;
-    for (int i = 0; i < kHalvings; ++i) {
+    while (std::nextafter(closes, opens) != opens) {
         const double middle = (closes + opens) / 2;
         (Closes(middle) ? closes : opens) = middle;
     }
@@ -130,7 +128,7 @@ std::vector<std::vector<Dyad>> Burmester::Curves(int steps) const {
         return pen.Pieces();
     }
     // Both ways meet where closing begins and where it ends.
-    for (int first = start; first < start + steps; ++first) {
+    for (int first = start; first != start + steps; ++first) {
         if (!Closes(first * step)) continue;
         int last = first;
         while (Closes((last + 1) * step)) ++last;

@@ -9,7 +9,6 @@ namespace {
 constexpr double kFarthest = 1e6;
 
 std::optional<Dyad> If_Near(const Dyad& dyad, double measure) {
-    if (!Is_Finite(dyad.fixed) || !Is_Finite(dyad.moving)) return {};
     if (!(Distance(dyad.fixed, dyad.moving) <= kFarthest * measure)) return {};
     return dyad;
 }

@@ -55,17 +55,15 @@ Equations Equations_Of(std::span<const Carried> five, double span) {
     return e;
 }
 
-/// All six unknowns by two of them, found by elimination with the largest pivot of all; false where fewer than four of
-/// the equations say something.
-bool Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
-    constexpr double kNothing = 1e-12;
+/// All six unknowns by two of them, found by elimination with the largest pivot of all. Where fewer than four of the
+/// equations say something, these are of rounding or no numbers; the circle is asked of what they give.
+void Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
     std::array<int, kUnknowns> order{0, 1, 2, 3, 4, 5};
     for (int k = 0; k < kEquations; ++k) {
         int row = k, column = k;
         for (int i = k; i < kEquations; ++i)
             for (int j = k; j < kUnknowns; ++j)
                 if (std::abs(e.a[i][j]) > std::abs(e.a[row][column])) row = i, column = j;
-        if (std::abs(e.a[row][column]) < kNothing) return false;
         std::swap(e.a[k], e.a[row]);
         for (auto& r : e.a) std::swap(r[k], r[column]);
         std::swap(order[static_cast<std::size_t>(k)], order[static_cast<std::size_t>(column)]);
@@ -82,7 +80,6 @@ bool Eliminate(Equations& e, std::array<Form, kUnknowns>& forms) {
     }
     forms[static_cast<std::size_t>(order[4])] = {0, 1, 0};
     forms[static_cast<std::size_t>(order[5])] = {0, 0, 1};
-    return true;
 }
 
 /// s and t as a turned pair, so that no root of the one belongs to two of the other but by chance.
@@ -137,20 +134,18 @@ std::vector<Point> Roots_Of(Quartic r) {
     return roots;
 }
 
-/// Newton's method from a place near a crossing; false where it does not settle.
-bool Polish(const Conic& f, const Conic& g, double& s, double& t) {
+/// Newton's method from a place near a crossing. A double crossing settles slowly, and elsewhere there may be none;
+/// whether it is one is asked of the circle.
+void Polish(const Conic& f, const Conic& g, double& s, double& t) {
     for (int i = 0; i < 50; ++i) {
         const double fs = f.By_S(s, t), ft = f.By_T(s, t), gs = g.By_S(s, t), gt = g.By_T(s, t);
         const double determinant = fs * gt - ft * gs, F = f.At(s, t), G = g.At(s, t);
-        if (determinant == 0) return F == 0 && G == 0;
+        if (determinant == 0) return;
         const double ds = (F * gt - G * ft) / determinant, dt = (G * fs - F * gs) / determinant;
         s -= ds;
         t -= dt;
-        if (!std::isfinite(s) || !std::isfinite(t)) return false;
-        if (std::hypot(ds, dt) <= 1e-14 * std::hypot(1, s, t)) return true;
+        if (std::hypot(ds, dt) <= 1e-14 * std::hypot(1, s, t)) return;
     }
-    // A double crossing settles slowly; whether it is one is asked of the circle.
-    return true;
 }
 
 /// The value of t that goes with a root of the resultant: of those that either conic has there, the one that is nearest
@@ -185,10 +180,9 @@ bool On_A_Circle(std::span<const Carried> five, const Dyad& dyad, double span) {
 std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five) {
     double span = 0;
     for (const Carried& carried : five) span = std::max(span, Distance(carried.from, carried.to));
-    if (span == 0) return {};
     Equations equations = Equations_Of(five, span);
     std::array<Form, kUnknowns> z;
-    if (!Eliminate(equations, z)) return {};
+    Eliminate(equations, z);
     Turn(z);
     const auto& [p, q, x, y, u, v] = z;
     Conic scalar, cross;
@@ -202,7 +196,7 @@ std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five) {
     std::vector<Dyad> dyads;
     for (const Point root : Roots_Of(Resultant(scalar, cross))) {
         double s = root.real(), t = Partner(scalar, cross, s);
-        if (!Polish(scalar, cross, s, t)) continue;
+        Polish(scalar, cross, s, t);
         const auto at = [&](const Form& f) { return span * (f[0] + f[1] * s + f[2] * t); };
         const Point origin = five[0].from;
         const Dyad dyad{origin + Point(at(u), at(v)), origin + Point(at(x), at(y))};

@@ -16,11 +16,11 @@ namespace verlink::design {
 namespace {
 
 void Take_Crank_Range(const Task& task, const Judgement& judgement, LinkageModel& model) {
-    constexpr int kSteps = 36, kByAngle = 3;
+    constexpr int kSteps = 36;
     constexpr double kTurn = 360;
     const double first = judgement.crank[0] / kDegree, last = judgement.crank[task.positions.size() - 1] / kDegree;
     const double low = std::min(first, last), turns = std::floor(low / kTurn) * kTurn;
-    model.Calctype = kByAngle;
+    model.Calctype = run::kByAngle;
     model.ThetaStart = low - turns;
     model.ThetaEnd = std::max(first, last) - turns;
     model.ThetaStep = (model.ThetaEnd - model.ThetaStart) / kSteps;

@@ -9,8 +9,8 @@ namespace {
 
 /// A dyad of one side with what it is made from.
 struct Choice {
-    int sheet = 0;
-    std::array<double, 3> number{};
+    int sheet;
+    std::array<double, 3> number;
     Dyad dyad;
 };
 
@@ -97,18 +97,15 @@ class Family {
     }
 
     Choice Drawn(int sheet, std::size_t index) const {
-        Choice choice;
-        choice.sheet = sheet;
         // Links that hardly turn have their centres at infinity.
         constexpr double kLeast = 0.02;
         const double turn = kTurn * (kLeast + (1 - 2 * kLeast) * Even_Third(index));
-        if (Count() == 4) choice.number[0] = turn;
+        if (Count() == 4) return {sheet, {turn}, {}};
         const Box& box = sheet == 0 ? moving_ : fixed_;
         const Point part = Even_Point(index), extent = box.high - box.low;
-        if (Count() < 4)
-            choice.number = {box.low.real() + part.real() * extent.real(), box.low.imag() + part.imag() * extent.imag(),
-                             turn};
-        return choice;
+        return {sheet,
+                {box.low.real() + part.real() * extent.real(), box.low.imag() + part.imag() * extent.imag(), turn},
+                {}};
     }
 
     bool Within(const Dyad& dyad) const {
@@ -135,7 +132,7 @@ class Motion : public Problem {
         constexpr std::size_t kApart = 1U << 20U;
         const std::size_t most = kFirst << (Rounds() - 1);
         lefts_ = left_.Choices(most, 0);
-        rights_ = right_.Choices(most, Freely() ? kApart : 0);
+        rights_ = right_.Choices(most, kApart);
     }
 
     std::size_t Rounds() const override { return 5; }

@@ -23,6 +23,5 @@ inline Point Times(Point a, Point b) {
 /// A vector turned left by a right angle.
 inline Point Left_Of(Point a) { return {-a.imag(), a.real()}; }
 inline double Distance(Point a, Point b) { return std::sqrt(std::norm(a - b)); }
-inline bool Is_Finite(Point a) { return std::isfinite(a.real()) && std::isfinite(a.imag()); }
 
 }  // namespace verlink::design

@@ -84,9 +84,8 @@ class Searcher {
                 yield.thrown_out.push_back({linkage, judgement});
             if (!judgement.Good()) return;
             const Solution solution{linkage, judgement, genes, {}};
-            if (yield.best.size() == kKept && !Before(solution, yield.best.back())) return;
-            if (yield.best.size() == kKept) yield.best.pop_back();
             yield.best.insert(std::ranges::upper_bound(yield.best, solution, Before), solution);
+            if (yield.best.size() > kKept) yield.best.pop_back();
         });
     }
 

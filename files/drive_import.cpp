@@ -188,7 +188,7 @@ void Put_Cam(const Cam_File& file) {
     Model.CamDataLength2 = file.CamDataLength2;
     if (file.linkage) Put_Linkage(*file.linkage);
     Put_Rows(file.table);
-    Model.Calctype = 4;
+    Model.Calctype = run::kCamDriven;
     Model.CamDriven = true;
     Model.LinkDriven = false;
 }
@@ -262,7 +262,7 @@ bool Import_Linkage_Data(TextReader& reader, const std::string& path) {
         Read_Rows(reader, last, table);
         Enter_Linkage(Road::kImport, [&] {
             Put_Rows(table);
-            Model.Calctype = 5;
+            Model.Calctype = run::kLinkDriven;
             Model.LinkDriven = true;
             Model.CamDriven = false;
             Model.LinkImportPending = true;

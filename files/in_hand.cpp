@@ -10,8 +10,6 @@ namespace verlink {
 
 namespace {
 
-constexpr int kOwnDrives = 3;
-
 std::shared_ptr<Document>& In_Hand() {
     static auto document = std::make_shared<Document>();
     return document;
@@ -66,7 +64,7 @@ std::string What_Counts() {
         if (Is_Counted(field, m.Calctype)) std::visit(pack, field.place);
     const int last = std::min<int>(m.NSteps, kLastStep);
     const RunResults& table = m.RunTable;
-    for (int step = 0; m.Calctype > kOwnDrives && step <= last; ++step) {
+    for (int step = 0; m.Imported() && step <= last; ++step) {
         pack(&table.DriveTheta(step));
         pack(&table.Omega(step, 0));
         pack(&table.Alpha(step, 0));

@@ -198,7 +198,7 @@ void Forget_Extended_Block(LinkageModel& record) {
     record.CamPhase = 0;
     record.Model5Name.clear();
     // A drive would be that of the model before.
-    if (record.Calctype == 4 || record.Calctype == 5) record.Calctype = 3;
+    if (record.Calctype == run::kCamDriven || record.Calctype == run::kLinkDriven) record.Calctype = run::kByAngle;
 }
 
 bool Holds_What_Is_No_Model(const std::string& path) {
@@ -253,7 +253,7 @@ File_Snapshot Snapshot_Of_File() {
     writer.EndLine();
     File_Snapshot snapshot{writer.Content(), {}, {}};
     const auto& table = Model.RunTable;
-    for (int step = 0; Model.Calctype > 3 && step <= Model.NSteps; ++step)
+    for (int step = 0; Model.Imported() && step <= Model.NSteps; ++step)
         for (const Single value : {table.DriveTheta(step), table.Omega(step, 0), table.Alpha(step, 0)})
             snapshot.motion.push_back(value);
     for (int step = 0; Model.TorqueImported && step <= Model.NSteps; ++step)
@@ -305,7 +305,7 @@ bool Read_Newfile(TextReader& reader, LinkageModel& record) {
         // The reserved strings and the end marker, whatever they hold.
         for (int i = 0; i < kReserved + 1; ++i) reader.String();
         auto& table = record.RunTable;
-        if (record.Calctype > 3) {
+        if (record.Imported()) {
             for (int step = 0; step <= record.NSteps; ++step) {
                 table.DriveTheta(step) = reader.Float();
                 table.Omega(step, 0) = reader.Float();

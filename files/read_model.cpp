@@ -125,13 +125,14 @@ bool Is_Model(std::string_view content) {
 }
 
 void Derive_Limits_From_File(LinkageModel& record) {
-    if (record.Units > 5 || record.Calctype < 1 || record.Calctype > 5) Raise(kSubscript);
+    if (record.Units > 5 || record.Calctype < run::kOnePosition || record.Calctype > run::kLinkDriven)
+        Raise(kSubscript);
     record.ThetaStartRad = Angle_Of(record.ThetaStartStr, record.ThetaStart);
     record.ThetaEndRad = Angle_Of(record.ThetaEndStr, record.ThetaEnd);
     record.ThetaStepRad = Angle_Of(record.ThetaStepStr, record.ThetaStep);
-    if (record.Calctype == 2 && record.TimeStep > 0.0)
+    if (record.Calctype == run::kByTime && record.TimeStep > 0.0)
         record.NSteps = Steps_Of(record.TimeStart, record.TimeEnd, record.TimeStep);
-    if (record.Calctype == 3 &&
+    if (record.Calctype == run::kByAngle &&
         Single(0.98 * record.ThetaStepRad) < Single(std::abs(record.ThetaEndRad - record.ThetaStartRad)))
         record.NSteps = Steps_Of(record.ThetaStartRad, record.ThetaEndRad, record.ThetaStepRad);
 }

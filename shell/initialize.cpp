@@ -25,7 +25,7 @@ void Set_Limits() {
 }
 
 void Set_Settings() {
-    Model.Calctype = 3;
+    Model.Calctype = run::kByAngle;
     Model.CurrentStep = 0;
     Model.Units = 1;
     Model.PrintStep = 10;

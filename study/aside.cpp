@@ -16,7 +16,7 @@ namespace {
 constexpr Number kPlaces = 800000;
 
 Number Steps_Of(const Study& study) {
-    return study.design.Calctype == 1 ? 1 : static_cast<Number>(int{study.design.NSteps}) + 1;
+    return study.design.Calctype == run::kOnePosition ? 1 : static_cast<Number>(int{study.design.NSteps}) + 1;
 }
 
 Number Cloud_Of(const Study& study) {
@@ -157,7 +157,7 @@ std::vector<Cloud_Point> Aside::Cloud_At(int step) {
     const std::lock_guard lock(hand_over_);
     const auto at = static_cast<std::size_t>(step) * 2;
     for (std::size_t i = 0; i < at_.size(); ++i)
-        if (at + 1 < at_[i].size() && !Is_None(at_[i][at])) cloud.push_back({at_[i][at], at_[i][at + 1], cloud_of_[i]});
+        if (at < at_[i].size() && !Is_None(at_[i][at])) cloud.push_back({at_[i][at], at_[i][at + 1], cloud_of_[i]});
     return cloud;
 }
 

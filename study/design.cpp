@@ -18,8 +18,6 @@ namespace verlink::study {
 
 namespace {
 
-constexpr int kByAngle = 3;
-
 constexpr std::array kFields{
     Field{"L2", 8, Quantity::kKeptLength, [](Design& d) -> Single& { return d.L2; }},
     Field{"L3", 9, Quantity::kKeptLength, [](Design& d) -> Single& { return d.L3; }},
@@ -69,7 +67,7 @@ std::string Idle(const std::string& name, const Design& design) {
         return name + " follows from Link1X and Link1Y in this model; move those";
     if (design.PolarCoords && (name == "Link1X" || name == "Link1Y"))
         return name + " follows from L1 and Link1Angle in this model; move those";
-    if (design.Calctype == kByAngle && (name == "Alpha2" || name == "ThetaZero"))
+    if (design.Calctype == run::kByAngle && (name == "Alpha2" || name == "ThetaZero"))
         return name + " does nothing in a run by angle";
     return {};
 }
@@ -90,10 +88,9 @@ constexpr std::string_view kRadians[] = {"CG(2,1)", "CG(3,1)", "CG(4,1)"};
 bool Kept_In_Radians(const Field& field) { return std::ranges::find(kRadians, field.name) != std::end(kRadians); }
 
 std::string Take_Limits(Drive& drive) {
-    constexpr int kByTime = 2;
-    if (drive.Calctype < 1) return "there is no run yet; the input screen makes one";
-    if (drive.Calctype != kByTime && drive.Calctype != kByAngle) return {};
-    const bool by_time = drive.Calctype == kByTime;
+    if (drive.Calctype < run::kOnePosition) return "there is no run yet; the input screen makes one";
+    if (drive.Calctype != run::kByTime && drive.Calctype != run::kByAngle) return {};
+    const bool by_time = drive.Calctype == run::kByTime;
     const Single first = by_time ? drive.TimeStart : drive.ThetaStart, last = by_time ? drive.TimeEnd : drive.ThetaEnd,
                  stride = by_time ? drive.TimeStep : drive.ThetaStep;
     if (!(first < last)) return "the limits of the run do not ascend; the input screen has them";
@@ -156,10 +153,10 @@ std::span<const Field> Fields() { return kFields; }
 std::optional<int> Field_Named(const std::string& name, const Design& design, std::string& fault) {
     std::string wanted = name;
     std::erase(wanted, ' ');
-    for (std::size_t i = 0; i < kFields.size(); ++i) {
-        if (wanted != kFields[i].name) continue;
+    const auto found = std::ranges::find(kFields, wanted, [](const Field& field) { return std::string(field.name); });
+    if (found != kFields.end()) {
         fault = Idle(wanted, design);
-        return fault.empty() ? std::optional<int>(static_cast<int>(i)) : std::nullopt;
+        return fault.empty() ? std::optional<int>(static_cast<int>(found - kFields.begin())) : std::nullopt;
     }
     const std::vector<std::string> names = [] {
         std::vector<std::string> all(kFields.size());

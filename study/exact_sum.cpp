@@ -12,7 +12,6 @@ namespace verlink::study {
 namespace {
 
 constexpr std::int64_t kBase = std::int64_t{1} << 32;
-constexpr int kMostAdded = 1 << 29;
 constexpr int kLowest = -1074;  ///< the power of two of digit 0
 
 }  // namespace
@@ -30,58 +29,48 @@ void Exact_Sum::Add(double value) {
     digits_[digit] += sign * static_cast<std::int64_t>(low & 0xffffffffU);
     digits_[digit + 1] += sign * static_cast<std::int64_t>((low >> 32U) + (high & 0xffffffffU));
     digits_[digit + 2] += sign * static_cast<std::int64_t>(high >> 32U);
-    if (++added_ >= kMostAdded) Carry();
+    Carry(digit);
 }
 
 void Exact_Sum::Add(const Exact_Sum& other) {
-    const Digits more = other.Carried();
-    for (std::size_t i = 0; i < more.size(); ++i) digits_[i] += more[i];
-    Carry();
+    for (std::size_t i = 0; i < digits_.size(); ++i) digits_[i] += other.digits_[i];
+    Carry(0);
 }
 
-/// All digits but the highest from 0 to 2^32 - 1.
-Exact_Sum::Digits Exact_Sum::Carried() const {
-    Digits digits = digits_;
-    for (std::size_t i = 0; i + 1 < digits.size(); ++i) {
-        const std::int64_t carry = digits[i] >> 32;  // towards the negative
-        digits[i] -= carry * kBase;
-        digits[i + 1] += carry;
+/// All digits but the highest from 0 to 2^32 - 1, as those below `from` are.
+void Exact_Sum::Carry(std::size_t from) {
+    for (std::size_t i = from; i + 1 < digits_.size(); ++i) {
+        const std::int64_t carry = digits_[i] >> 32;  // towards the negative
+        digits_[i] -= carry * kBase;
+        digits_[i + 1] += carry;
     }
-    return digits;
-}
-
-void Exact_Sum::Carry() {
-    digits_ = Carried();
-    added_ = 0;
 }
 
 double Exact_Sum::Value() const {
-    Digits digits = Carried();
-    const bool negative = digits.back() < 0;
-    if (negative) {
-        Exact_Sum turned;
-        for (std::size_t i = 0; i < digits.size(); ++i) turned.digits_[i] = -digits[i];
-        digits = turned.Carried();
+    if (digits_.back() < 0) {
+        Exact_Sum turned = *this;
+        for (std::int64_t& digit : turned.digits_) digit = -digit;
+        turned.Carry(0);
+        return -turned.Value();
     }
     // What a double does not hold any more changes nothing.
     double value = 0;
-    for (std::size_t i = digits.size(); i-- > 0;)
-        value += std::ldexp(static_cast<double>(digits[i]), kLowest + 32 * static_cast<int>(i));
-    return negative ? -value : value;
+    for (std::size_t i = digits_.size(); i-- > 0;)
+        value += std::ldexp(static_cast<double>(digits_[i]), kLowest + 32 * static_cast<int>(i));
+    return value;
 }
 
 std::string Exact_Sum::Text() const {
-    const Digits digits = Carried();
     std::string text;
-    for (std::size_t i = 0; i < digits.size(); ++i) {
+    for (std::size_t i = 0; i < digits_.size(); ++i) {
         if (i > 0) text += ':';
-        if (digits[i] != 0) text += std::to_string(digits[i]);
+        if (digits_[i] != 0) text += std::to_string(digits_[i]);
     }
     return text;
 }
 
 bool Exact_Sum::Take(const std::string& text) {
-    Digits digits{};
+    decltype(digits_) digits{};
     const char *at = text.data(), *end = at + text.size();
     for (std::size_t i = 0; i < digits.size(); ++i) {
         if (i > 0 && (at == end || *at++ != ':')) return false;
@@ -91,10 +80,8 @@ bool Exact_Sum::Take(const std::string& text) {
         at = read.ptr;
     }
     digits_ = digits;
-    added_ = 0;
+    Carry(0);
     return at == end;
 }
-
-bool Exact_Sum::operator==(const Exact_Sum& other) const { return Carried() == other.Carried(); }
 
 }  // namespace verlink::study

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -21,17 +22,12 @@ class Exact_Sum {
     std::string Text() const;
     bool Take(const std::string& text);
 
-    bool operator==(const Exact_Sum& other) const;
+    bool operator==(const Exact_Sum& other) const = default;
 
    private:
-    static constexpr int kDigits = 68;  ///< of 32 bits, the lowest first; each may be ahead of itself by 31 bits more
-    using Digits = std::array<std::int64_t, kDigits>;
+    void Carry(std::size_t from);
 
-    void Carry();
-    Digits Carried() const;
-
-    Digits digits_{};
-    int added_ = 0;  ///< since the last carry
+    std::array<std::int64_t, 68> digits_{};  ///< of 32 bits, the lowest first; the highest has the sign
 };
 
 }  // namespace verlink::study

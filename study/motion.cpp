@@ -16,14 +16,14 @@ namespace verlink::study {
 
 namespace {
 
-constexpr int kOnePosition = 1, kByTime = 2;
-
 LinkageShape Shape_Of_Design(const Design& d) {
     return Shape_Of(d.L1, d.L2, d.L3, d.L4, d.Rpa, d.DeltaRad, d.CircuitSign);
 }
 
 /// Of a run by angle; one position has its own.
-double Alpha_Of(const Design& d) { return d.Calctype == 1 || d.Calctype == kByTime ? double{d.Alpha2} : 0.0; }
+double Alpha_Of(const Design& d) {
+    return d.Calctype == run::kOnePosition || d.Calctype == run::kByTime ? double{d.Alpha2} : 0.0;
+}
 
 }  // namespace
 
@@ -31,11 +31,6 @@ Motion::Motion(std::vector<double> angles, Lanes lanes)
     : angles_(std::move(angles)),
       table_(std::make_unique<RunResults>()),
       solve_(lanes == Lanes::kFour && at_once::kSolveByFours ? at_once::kSolveByFours : at_once::Solve_By_Pairs) {}
-
-void Motion::Add(double theta2, double omega2) {
-    theta2_.push_back(Rounded(theta2));
-    omega2_.push_back(Rounded(omega2));
-}
 
 /// The crank of every step, as the run goes from one to the next in single precision.
 void Motion::Set_Out(const Design& d) {
@@ -54,14 +49,15 @@ void Motion::Set_Out(const Design& d) {
     if (std::exchange(way_, way) == way) return;
     theta2_.clear();
     omega2_.clear();
-    last_ = d.Calctype == kOnePosition ? 0 : int{d.NSteps};
-    if (d.Calctype == kOnePosition) {
-        Add((d.ThetaZero - d.Link1Angle) * kDegToRad, d.Omega2Input);
-    } else if (d.Calctype == kByTime) {
+    last_ = d.Calctype == run::kOnePosition ? 0 : int{d.NSteps};
+    if (d.Calctype == run::kOnePosition) {
+        theta2_.push_back(Rounded((d.ThetaZero - d.Link1Angle) * kDegToRad));
+    } else if (d.Calctype == run::kByTime) {
         double t = d.TimeStart;
         for (int step = 0; step <= last_; ++step) {
             const double theta = d.Alpha2 * t * t / 2 + d.Omega2Input * t + d.ThetaZero * kDegToRad;
-            Add(theta - d.Link1AngleRad, d.Alpha2 * t + d.Omega2Input);
+            theta2_.push_back(Rounded(theta - d.Link1AngleRad));
+            omega2_.push_back(Rounded(d.Alpha2 * t + d.Omega2Input));
             t = Rounded(t + d.TimeStep);
         }
     } else {
@@ -72,23 +68,19 @@ void Motion::Set_Out(const Design& d) {
         const bool moves = d.Omega2Input != 0;
         for (int step = 0; step <= last_; ++step) {
             const bool overshot = moves && (from_the_end ? angle < final : angle > final);
-            Add(overshot ? final : angle, d.Omega2Input);
+            theta2_.push_back(overshot ? final : angle);
             if (overshot) break;
             if (moves) angle = Rounded(angle + stride);
         }
     }
     reached_ = static_cast<int>(theta2_.size());
     theta2_.resize(static_cast<std::size_t>(last_ + 1), theta2_.back());
-    omega2_.resize(theta2_.size(), omega2_.back());
-    for (const double degrees : angles_) Add((degrees - d.Link1Angle) * kDegToRad, d.Omega2Input);
+    for (const double degrees : angles_) theta2_.push_back(Rounded((degrees - d.Link1Angle) * kDegToRad));
     all_ = static_cast<int>(theta2_.size());
-    fastest_ = 0;
-    for (const double omega2 : omega2_) fastest_ = std::max(fastest_, std::fabs(omega2));
     // Eight at once, as long as the table has room for what is too many.
-    const int whole = (all_ + at_once::kSteps - 1) / at_once::kSteps * at_once::kSteps;
-    if (whole > kLastStep + 1) return;
-    theta2_.resize(static_cast<std::size_t>(whole), theta2_.back());
-    omega2_.resize(static_cast<std::size_t>(whole), omega2_.back());
+    theta2_.resize(static_cast<std::size_t>(std::min(all_ + at_once::kSteps, kLastStep + 1)), theta2_.back());
+    omega2_.resize(theta2_.size(), d.Omega2Input);
+    fastest_ = std::fabs(*std::ranges::max_element(omega2_, {}, [](double omega2) { return std::fabs(omega2); }));
 }
 
 /// A step with all its refusals; false when it does not close.
@@ -100,7 +92,7 @@ bool Motion::Solve_One(const at_once::Run& run, int step) {
     p.Omega2 = omega2_[at];
     p.Alpha2 = p.Alpha2Before = run.Alpha2;
     Solve_Motion(run.shape, positions);
-    const bool refused = !(p.D4 >= 0) || p.A == 0 || !(p.D3 >= 0) || p.D == 0 || p.S34 == 0 || p.G == 0;
+    const bool refused = p.A == 0 || p.D == 0;  // and what else is, gives no finite speeds
     // What a ratio to a crank or a rocker at rest would be is put in behind.
     const double omega2 = p.Omega2, omega4 = p.Omega4;
     const double before = step > 0 ? double{table_->OmegaRatio(step - 1)} : 0.0;

@@ -47,7 +47,6 @@ class Motion {
     bool Is_Moderate(const Design& design) const;
     bool Solve_One(const at_once::Run& run, int step);
     void Load(const Design& design, Wanted wanted);
-    void Add(double theta2, double omega2);
 
     using Way = std::array<double, 12>;  ///< what the crank's angles and speeds depend on
 

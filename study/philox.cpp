@@ -1,6 +1,7 @@
 // The inverse of the normal distribution by quotients of polynomials.
 #include "study/philox.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -56,10 +57,10 @@ double Normal_Quantile(double probability) {
         const double r = 0.180625 - q * q;
         return q * Polynomial(kMiddleTop, r) / Polynomial(kMiddleBottom, r);
     }
-    const double r = std::sqrt(-Logarithm(q < 0 ? probability : 1 - probability));
+    const double r = std::sqrt(-Logarithm(std::min(probability, 1 - probability)));
     const double x = r <= 5 ? Polynomial(kNearTop, r - 1.6) / Polynomial(kNearBottom, r - 1.6)
                             : Polynomial(kFarTop, r - 5) / Polynomial(kFarBottom, r - 5);
-    return q < 0 ? -x : x;
+    return std::copysign(x, q);
 }
 
 }  // namespace verlink::study

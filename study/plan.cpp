@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "study/philox.h"
 
@@ -18,10 +19,9 @@ Number Worst_Ones(const std::vector<Tolerance>& tolerances) {
 }
 
 double Value_Of(const Sweep& sweep, Number place) {
-    if (place + 1 == sweep.count && sweep.count > 1) return sweep.to;
-    return sweep.count < 2 ? sweep.from
-                           : sweep.from + (sweep.to - sweep.from) * static_cast<double>(place) /
-                                              static_cast<double>(sweep.count - 1);
+    if (place == 0) return sweep.from;
+    if (place + 1 == sweep.count) return sweep.to;
+    return sweep.from + (sweep.to - sweep.from) * static_cast<double>(place) / static_cast<double>(sweep.count - 1);
 }
 
 double Random_Deviation(const Tolerance& tolerance, std::uint64_t seed, Number sample) {
@@ -50,12 +50,12 @@ double Tolerance::Deviation() const {
 
 std::optional<Number> Plan::Count() const {
     const Number corners = Worst_Ones(tolerances);
-    if (corners > 53) return std::nullopt;
-    Number all = Number{1} << corners;
+    Number all = 1;
     const auto times = [&](Number count) {
         const bool room = count != 0 && all <= kMost / count;
-        all = room ? all * count : kMost + 1;
+        all = room ? all * count : std::numeric_limits<Number>::max();
     };
+    for (Number corner = 0; corner < corners; ++corner) times(2);
     for (const Sweep& sweep : sweeps) times(sweep.count);
     if (!list.fields.empty()) times(list.rows.size());
     if (corners < tolerances.size()) times(samples);

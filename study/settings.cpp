@@ -94,8 +94,9 @@ Settings Taken(const Json& json) {
     if (all.Whole("version", 1) > kVersion) throw Fault{"they were written by a newer program"};
     all.Knows({"version", "units", "kind", "sweeps", "tolerances", "samples", "seed", "measure", "keep", "frame"});
     Settings s;
-    s.units = static_cast<int>(std::min<std::uint64_t>(all.Whole("units", 1), kSystems + 1));
-    if (s.units > kSystems) throw Fault{"the field units is to be a whole number from 1 to 5"};
+    const std::uint64_t units = all.Whole("units", 1);
+    if (units > kSystems) throw Fault{"the field units is to be a whole number from 1 to 5"};
+    s.units = static_cast<int>(units);
     s.kind = static_cast<Settings::Kind>(all.Word("kind", kKinds));
     all.Rows("sweeps", Settings::kSweeps, [&](std::size_t i, const Reader& row) {
         row.Knows({"field", "from", "to", "count"});
@@ -137,7 +138,6 @@ double Kept_Factor(Quantity quantity, int from, int to) {
 
 /// What the values of a measure are of, in the unit that tables have them in.
 Quantity Quantity_Of(const Measure& measure) {
-    if (measure.statistic == Statistic::kCloses) return Quantity::kNumber;
     if (measure.statistic == Statistic::kDeviation || measure.statistic == Statistic::kLine) return Quantity::kLength;
     constexpr int kAngleOfVector = 3;
     if (measure.facts.vector && measure.component == kAngleOfVector) return Quantity::kNumber;

@@ -10,8 +10,6 @@ namespace verlink::study {
 
 namespace {
 
-constexpr int kByTime = 2, kByAngle = 3;
-
 std::size_t Angles_Of(const Study& study) {
     std::vector<double> angles;
     const auto add = [&](const Measure& measure) {
@@ -36,17 +34,17 @@ const Measure* First_Of(const Study& study, Wanted least) {
 
 std::string Fault_Of(const Study& study) {
     const Design& design = study.design;
-    if (design.Calctype > kByAngle) return "a study takes a model that is run by angle, by time or at one position";
+    if (design.Imported()) return "a study takes a model that is run by angle, by time or at one position";
     const std::size_t angles = Angles_Of(study);
-    if (angles > 0 && design.Calctype == kByTime)
+    if (angles > 0 && design.Calctype == run::kByTime)
         return "a measure \"at\" an angle takes a run by angle or one position";
-    if (design.Calctype != kByAngle)
+    if (design.Calctype != run::kByAngle)
         if (const Measure* measure = First_Of(study, Wanted::kBalance))
             return "\"" + measure->words + "\" takes a run by angle, which alone is balanced";
     if (design.torque_table)
         if (const Measure* measure = First_Of(study, Wanted::kForces))
             return "\"" + measure->words + "\" takes a torque on link 4 that is typed, not a table of torques";
-    const int last = design.Calctype == 1 ? 0 : int{design.NSteps};
+    const int last = design.Calctype == run::kOnePosition ? 0 : int{design.NSteps};
     if (last + static_cast<int>(angles) > kLastStep)
         return "the run and the angles of \"at\" have more than " + std::to_string(kLastStep + 1) + " positions";
     if (!study.plan.Count()) return "the study has more linkages than can be numbered";
@@ -71,9 +69,6 @@ Bench::Bench(Study study) : study_(std::move(study)), moved_(study_.plan.Moved()
     for (const int field : moved_) home_.push_back(Place(field, study_.design));
     for (const Measure& measure : study_.measures) wanted_.push_back(Ask(measure));
     for (const Keep& keep : study_.keeps) bounding_.push_back(Ask(keep.measure));
-    const bool deviates =
-        std::ranges::any_of(asked_, [](const Asked& a) { return a.measure.statistic == Statistic::kDeviation; });
-    if (!deviates) return;
     Motion motion;
     Design design = study_.design;
     motion.Solve(design, Wanted::kPoints);
@@ -112,7 +107,7 @@ bool Worker::Solve(Number linkage, std::span<float> fields, std::span<float> mea
 }
 
 Path Worker::Last_Path() {
-    if (bench_.solved_ < Wanted::kPoints) motion_.Solve(design_, Wanted::kPoints);
+    motion_.Solve(design_, Wanted::kPoints);
     return Path_Of(motion_, design_);
 }
 

@@ -17,7 +17,7 @@ constexpr std::size_t kExtremes = 10;
 
 /// In the order of the values.
 std::uint32_t Key_Of(float value) {
-    const auto bits = std::bit_cast<std::uint32_t>(value == 0 ? 0.0F : value);
+    const auto bits = std::bit_cast<std::uint32_t>(value);
     return (bits >> 31U) != 0 ? ~bits : bits | 0x80000000U;
 }
 
@@ -30,7 +30,6 @@ bool Higher(const Tally::Extreme& a, const Tally::Extreme& b) {
 
 template <class Before>
 void Insert(std::vector<Tally::Extreme>& extremes, const Tally::Extreme& extreme, Before before) {
-    if (extremes.size() == kExtremes && !before(extreme, extremes.back())) return;
     extremes.insert(std::ranges::upper_bound(extremes, extreme, before), extreme);
     if (extremes.size() > kExtremes) extremes.pop_back();
 }
@@ -138,7 +137,7 @@ double Spread_Of_Values::Quantile(double share) const {
         return greatest_;
     };
     const double low = value_at(below), part = rank - static_cast<double>(below);
-    return part == 0 ? low : low + (value_at(below + 1) - low) * part;
+    return low + (value_at(below + 1) - low) * part;
 }
 
 std::vector<std::uint64_t> Spread_Of_Values::Between(const std::vector<double>& bounds) const {

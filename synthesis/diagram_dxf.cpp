@@ -31,7 +31,7 @@ std::string Cayley_Dxf(const LinkageModel& model) {
     Cayley_Layout at = Cayley_Laid_Out(model.CayleyRows);
     for (Spot* spot : {&at.O2, &at.O4, &at.O6, &at.P, &at.A, &at.B, &at.A2, &at.B2, &at.A3, &at.B3})
         *spot *= Drawing_Factor_Of_Stored(model);
-    const double radius = kPivot * std::abs(at.O4 - at.O2);
+    const double radius = kPivot * std::abs(at.O4);
     Dxf dxf(Drawing_Unit(model), Drawing_Remark(model), 2 * radius);
     dxf.Layer("COGNATE_1", kGreen);
     dxf.Path({at.O2, at.A, at.P, at.B, at.O4});

@@ -48,7 +48,7 @@ Color Lighter(Color color) {
     Color shade = 0;
     for (int shift = 0; shift < 24; shift += 8) {
         const int part = (color >> shift) & 0xFF;
-        shade |= static_cast<int>(part + (255 - part) * kShare) << shift;
+        shade |= static_cast<int>(part + (0xFF - part) * kShare) << shift;
     }
     return shade;
 }
@@ -119,7 +119,7 @@ class Drawing {
             widen(dyad->ground);
             for (int j = 0; j < f_.positions; ++j) widen(dyad->Pin(j));
         }
-        for (int j = 0; j < f_.positions; ++j) widen(P(j));
+        for (int j = 1; j < f_.positions; ++j) widen(P(j));
         const double extent = std::max({x2 - x1, y2 - y1, 1e-6});
         side_ = extent / (1 - 2 * kAir);
         corner_ = Vector((x1 + x2 - side_) / 2, (y1 + y2 - side_) / 2);
@@ -177,7 +177,7 @@ class Drawing {
         const double length = radius * std::abs(sweep) * kDegToRad;
         // The head is a chord of the arc: it leans inward by half of what it spans.
         const double spans = std::min(kHead * side_, 0.4 * length) / radius * kRadToDeg;
-        const Vector tangent = Vector(0, sweep < 0 ? -1 : 1) * Turn(from + sweep - std::copysign(spans / 2, sweep));
+        const Vector tangent = Vector(0, sweep) * Turn(from + sweep - std::copysign(spans / 2, sweep));
         Head(last, tangent, length, color);
     }
     /// An angle far out may reach beyond the window; its name stays at the edge.

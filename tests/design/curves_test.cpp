@@ -88,6 +88,14 @@ TEST(Curves, TheNearestDyadWithinReachIsPicked) {
     EXPECT_FALSE(Nearest_Dyad(curves, Curve::kCentres, {1e6, 1e6}, 0.01).has_value());
 }
 
+TEST(Curves, ThePickedDyadIsTheLastOfThoseThatLieAsNearAndTheReachIsPartOfIt) {
+    const Dyad first{{3, 4}, {9, 9}}, second{{-3, 4}, {9, 9}}, third{{0, 6}, {0, 5}};
+    const Curves curves{{first, second}, {third}};
+    EXPECT_EQ(Nearest_Dyad(curves, Curve::kCentres, {}, 5), second);
+    EXPECT_EQ(Nearest_Dyad(curves, Curve::kCentres, {}, 4.9), std::nullopt);
+    EXPECT_EQ(Nearest_Dyad(curves, Curve::kCirclePoints, {}, 5), third);
+}
+
 TEST(Curves, LinkagesWithALinkHaveItAndGoThroughAllPositions) {
     const Task task = Platform();
     const Curves curves = Curves_Of(task);
@@ -136,6 +144,23 @@ TEST(Curves, AreDrawnWithinTheWindowAlone) {
     Draw_Curve(part, curves, Curve::kCentres, {{-2, -2}, {4, 12}});
     EXPECT_GT(part.Alive(), 0U);
     EXPECT_LT(part.Alive(), all.Alive());
+}
+
+TEST(Curves, AStrokeThatTouchesTheEdgeOfTheWindowIsDrawn) {
+    const Curves curves{{{{1, 2}, {}}, {{3, 5}, {}}}};
+    const auto drawn = [&](Point low, Point high) {
+        platform::Picture picture;
+        Draw_Curve(picture, curves, Curve::kCentres, {low, high});
+        return picture.Alive() == 1;
+    };
+    EXPECT_TRUE(drawn({3, 0}, {9, 9}));
+    EXPECT_FALSE(drawn({3.1, 0}, {9, 9}));
+    EXPECT_TRUE(drawn({-9, 0}, {1, 9}));
+    EXPECT_FALSE(drawn({-9, 0}, {0.9, 9}));
+    EXPECT_TRUE(drawn({0, 5}, {9, 9}));
+    EXPECT_FALSE(drawn({0, 5.1}, {9, 9}));
+    EXPECT_TRUE(drawn({0, -9}, {9, 2}));
+    EXPECT_FALSE(drawn({0, -9}, {9, 1.9}));
 }
 
 TEST(Curves, AreDrawnStrokeByStrokeInTheirColors) {
@@ -208,8 +233,30 @@ TEST(Curves, LinkagesWithALinkAreTheBestThatDifferByATenthOfTheSpan) {
     }
 }
 
+TEST(Curves, ALinkIsTriedOnBothSidesUnlessTheyAreAlikeAndWithEveryCrankThatMayDrive) {
+    Task task = Platform();
+    const Curves curves{{{{1, 2}, {3, 4}}, {{5, 6}, {7, 8}}}, {{{-1, 2}, {0, 3}}}};
+    const auto judged = [&](design::Drive drive) {
+        task.drive = drive;
+        return Find_With(task, curves, curves[0][1], 5).judged;
+    };
+    // Of three dyads two are others.
+    EXPECT_EQ(judged(design::Drive::kEither), 2U * 2);
+    EXPECT_EQ(judged(design::Drive::kLeft), 2U * 2) << "as the crank, and as the other link";
+    task.left.fixed = {Area::Is::kWithin, {-9, -9}, {9, 9}, {}};
+    EXPECT_EQ(judged(design::Drive::kEither), 2U * 4);
+    EXPECT_EQ(judged(design::Drive::kLeft), 2U * 2);
+    EXPECT_EQ(judged(design::Drive::kRight), 2U * 2);
+}
+
 TEST(Curves, WhereNoLinkageWithALinkDoesItTheMostFrequentReasonIsSaid) {
     Task task = Platform();
+    task.shortest = 1e5;
+    const Found short_ones = Find_With(task, Curves_Of(task), Curves_Of(task)[0][10], 5);
+    EXPECT_EQ(short_ones.words, "None of " + std::to_string(short_ones.judged) +
+                                    " linkages with this link does it. Of most, a link is too short or too long: pick "
+                                    "another place on the curve, or loosen a limit.");
+    task.shortest = 0;
     task.transmission = 89.9;
     const Curves curves = Curves_Of(task);
     const Found none = Find_With(task, curves, curves[0][10], 5);

@@ -96,6 +96,7 @@ TEST_F(Handed_Over, TheRunGoesFromTheFirstPositionToTheLastIn36Steps) {
         EXPECT_EQ(Model.Omega2Input, speed);
         EXPECT_EQ(Model.Omega2, speed);
     };
+    Model.Calctype = 1;
     Model.Omega2Input = 12;
     Model.TurnedOmega2 = 0;
     Take({0, 0.8, 2});

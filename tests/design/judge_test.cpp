@@ -32,6 +32,7 @@ TEST_F(Judging, ALinkageDoesItsOwnPositions) {
     EXPECT_NEAR(j.crank[3] - j.crank[0], 4, 1e-9);
     EXPECT_NEAR(j.proportion, 4, 1e-9);
     EXPECT_LT(j.miss.place, 1e-5);
+    EXPECT_GT(j.miss.place, 0);
     // With lengths to three decimals and angles to two, the coupler point is off by some thousandths.
     EXPECT_GT(j.rounded.place, 1e-5);
     EXPECT_LT(j.rounded.place, 1e-2);
@@ -40,7 +41,7 @@ TEST_F(Judging, ALinkageDoesItsOwnPositions) {
 TEST_F(Judging, TheTransmissionAngleIsTheSmallestOfTheWholeStroke) {
     SCOPED_TRACE(Trace());
     int judged = 0;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 80; ++i) {
         Known known;
         const Task task = Task_Of_Random_Linkage(3, known);
         const Judgement j = Judge(task).Of(Linkage_Of(known));
@@ -48,8 +49,8 @@ TEST_F(Judging, TheTransmissionAngleIsTheSmallestOfTheWholeStroke) {
         ++judged;
         double least = 90;
         const double from = j.crank[0], to = j.crank[2];
-        for (int step = 0; step <= 2000; ++step) {
-            const auto place = known.At((to - from) * step / 2000);
+        for (int step = 0; step <= 1000; ++step) {
+            const auto place = known.At((to - from) * step / 1000);
             ASSERT_TRUE(place);
             const auto turned = std::polar(1.0, (place->angle - task.positions[0].angle) * std::acos(-1.0) / 180);
             const auto A = place->at + (known.A - known.P) * turned, B = place->at + (known.B - known.P) * turned;
@@ -58,7 +59,7 @@ TEST_F(Judging, TheTransmissionAngleIsTheSmallestOfTheWholeStroke) {
         }
         EXPECT_NEAR(j.transmission, least, 0.2);
     }
-    EXPECT_GT(judged, 150);
+    EXPECT_GT(judged, 25);
 }
 
 // C. H. Suh and C. W. Radcliffe, Kinematics and Mechanisms Design, 1978: the linkage on the pivots (0, 0) and (5, 0).
@@ -70,6 +71,11 @@ TEST_F(Judging, OfThePublishedLinkageOneLinkDrivesAndTheOtherDoesNot) {
     const FourBar linkage{*Dyad_Of_Fixed(three, {0, 0}), *Dyad_Of_Fixed(three, {5, 0}), {1, 1}};
     EXPECT_EQ(Words_Of(judge.Of(linkage), task),
               "Between positions 1 and 3 lies a toggle, through which the crank cannot drive the linkage.");
+    Task first_and_last = task;
+    first_and_last.positions.erase(first_and_last.positions.begin() + 1);
+    EXPECT_EQ(judge.Of(linkage).refusal, Refusal::kBranch);
+    EXPECT_EQ(Judge(first_and_last).Of(linkage).refusal, Refusal::kBranch);
+    EXPECT_EQ(Judge(first_and_last).Of(linkage).to, 2);
     const FourBar other = linkage.With_Other_Crank();
     const Judgement j = judge.Of(other);
     EXPECT_TRUE(j.Good());
@@ -94,6 +100,91 @@ TEST_F(Judging, ALinkageThatJumpsItsCircuitSaysSo) {
         Words_Of(j, task),
         "Positions 1 and 3 lie on different circuits: the linkage jumps, and would have to be taken apart between "
         "them.");
+}
+
+TEST_F(Judging, AJumpIsSeenWhereverTheLinkageStandsHoweverSmallItIsAndWhicheverLinkIsTheCrank) {
+    for (const double size : {1.0, 1e-3})
+        for (const bool open : {true, false}) {
+            const Known known = Crank_Rocker_At({3, -2}, std::polar(size, 0.4), open);
+            Known jumped = known;
+            jumped.B = known.A + (known.O4 - known.A) * std::conj((known.B - known.A) / (known.O4 - known.A));
+            const auto there = (jumped.B - jumped.A) / (known.B - known.A);
+            jumped.P = known.A + (known.P - known.A) * there;
+            Task task = *Task_Of(known, {0, 1});
+            const auto stays = Judge(task).Of(Linkage_Of(known)),
+                       driven = Judge(task).Of(Linkage_Of(known).With_Other_Crank());
+            EXPECT_TRUE(stays.Good());
+            EXPECT_NE(driven.refusal, Refusal::kCircuit);
+            const auto place = jumped.At(1);
+            task.positions[1] = {place->at, place->angle + std::arg(there) * 180 / std::acos(-1.0)};
+            for (const FourBar& linkage : {Linkage_Of(known), Linkage_Of(known).With_Other_Crank()}) {
+                const Judgement j = Judge(task).Of(linkage);
+                EXPECT_EQ(j.refusal, Refusal::kCircuit);
+                EXPECT_EQ(j.from, 1);
+                EXPECT_EQ(j.to, 2);
+                EXPECT_EQ(j.amount, 0);
+            }
+        }
+}
+
+TEST_F(Judging, BelowTwoDegreesOfTransmissionALinkageJams) {
+    for (const double least : {1.5, 2.5}) {
+        // Of 3.5, 3 and the shortest diagonal, which is link 1 without the crank.
+        const double shortest = std::sqrt(3.5 * 3.5 + 9 - 21 * std::cos(least * std::acos(-1.0) / 180));
+        Known known{{0, 0}, {1 + shortest, 0}, std::polar(1.0, -0.3), {}, {2, 3}};
+        const double d = std::abs(known.O4 - known.A);
+        known.B =
+            known.A + std::polar(3.5, std::arg(known.O4 - known.A) + std::acos((3.5 * 3.5 + d * d - 9) / (7 * d)));
+        Task task = *Task_Of(known, {0, 0.6});
+        task.full_turn = true;
+        const Judgement j = Judge(task).Of(Linkage_Of(known));
+        EXPECT_EQ(j.refusal, least < 2 ? Refusal::kTransmission : Refusal::kNone);
+        EXPECT_NEAR(j.transmission, least, 1e-4);
+    }
+}
+
+TEST_F(Judging, ALinkageWhosePositionsSevenDigitsDoNotHoldIsRefusedForThat) {
+    SCOPED_TRACE(Trace());
+    int by_place = 0, by_angle = 0, held = 0;
+    for (int i = 0; i < 1500; ++i) {
+        // Two short links between two long ones, and a point on the coupler or far from it.
+        Known known{{0, 0}, {100, 0}, std::polar(Number(0.6, 1.5), Number(-3, 3)), {}, {}};
+        const double l3 = Number(0.6, 1.5), d = std::abs(known.O4 - known.A), mu = Number(0.04, 0.2);
+        const double l4 = l3 * std::cos(mu) + std::sqrt(d * d - std::pow(l3 * std::sin(mu), 2));
+        const double cosine = (l3 * l3 + d * d - l4 * l4) / (2 * l3 * d);
+        known.B = known.A + std::polar(l3, std::arg(known.O4 - known.A) + std::acos(cosine));
+        known.P = known.A + std::polar(i % 2 == 0 ? 1.0 : 120.0, Number(-3, 3));
+        const auto task = Task_Of(known, {0, Number(0.1, 0.3)});
+        if (!task) continue;
+        const Judge judge(*task);
+        const Judgement j = judge.Of(Linkage_Of(known));
+        if (j.refusal != Refusal::kDigits && !j.Good()) continue;
+        const double longest = std::max({100.0, l4, std::abs(known.P - known.A)});
+        const bool far = j.miss.place > 2e-5 * longest, askew = j.miss.angle > 2e-3;
+        EXPECT_EQ(j.refusal == Refusal::kDigits, far || askew || !j.miss.closes);
+        if (!j.Good()) {
+            EXPECT_EQ(j.amount, j.miss.place);
+        }
+        by_place += far && !askew;
+        by_angle += askew && !far;
+        held += j.Good();
+    }
+    EXPECT_GT(by_place, 3);
+    EXPECT_GT(by_angle, 3);
+    EXPECT_GT(held, 20);
+}
+
+TEST_F(Judging, OfTwoWaysTheOneThatHasTheOrderIsToldOf) {
+    // To the right it has the order, and too small an angle; to the left it has not.
+    Task task = *Task_Of(Crank_Rocker(), {0, -1, -2.5});
+    task.transmission = 88;
+    const Judgement j = Judge(task).Of(Linkage_Of(Crank_Rocker()));
+    EXPECT_EQ(j.refusal, Refusal::kTransmission);
+    EXPECT_EQ(j.from, 0);
+    EXPECT_EQ(j.to, 0);
+    task = *Task_Of(Crank_Rocker(), {0, 1, 2.5});
+    task.transmission = 88;
+    EXPECT_EQ(Judge(task).Of(Linkage_Of(Crank_Rocker())).refusal, Refusal::kTransmission);
 }
 
 TEST_F(Judging, PositionsOutOfOrderAreToldWithTheirNumbers) {

@@ -163,6 +163,8 @@ TEST_F(Limits, ACrankThatTurnsLessThanAThousandthOfARadianStands) {
     EXPECT_EQ(Judged(Crank_Rocker(), {0, 1, 1.0009}).to, 3);
     EXPECT_TRUE(Judged(Crank_Rocker(), {0, 1, 1.0011}).Good());
     EXPECT_EQ(Judged(Crank_Rocker(), {0, -0.0009}).refusal, Refusal::kStands);
+    EXPECT_EQ(Judged(Crank_Rocker(), {0, 3, kTurn - 0.0005}).refusal, Refusal::kOrder) << "nearly a whole turn";
+    EXPECT_TRUE(Judged(Crank_Rocker(), {0, 3, kTurn - 0.0015}).Good());
     // Two of four between the same: out of order either way.
     const Judgement order = Judged(Crank_Rocker(), {0, 2, 1, 3});
     EXPECT_EQ(order.refusal, Refusal::kOrder);
@@ -249,7 +251,13 @@ TEST_F(Limits, TheScoreIsTheMeanOfItsMeritsByTheirWeights) {
     task.full_turn = true;
     const Judgement full = Judge(task).Of(Linkage_Of(known));
     EXPECT_NEAR(full.room.low.imag(), -1, 0.02);
-    EXPECT_LE(full.transmission, j.transmission);
+    // Along the ground link the diagonal is 3.
+    EXPECT_NEAR(full.transmission, std::acos(12.25 / 21) / kDegree, 1e-6);
+    EXPECT_GT(j.transmission, 70);
+    for (const auto& [judgement, turn] : {std::pair(j, 2.5), std::pair(full, kTurn)}) {
+        const Box swept = Room_Of(Linkage_Of(known), true, 0, turn);
+        EXPECT_LT(std::abs(judgement.room.low - swept.low) + std::abs(judgement.room.high - swept.high), 1e-9);
+    }
 }
 
 TEST_F(Limits, WhyNothingIsFoundIsSaidWithItsNumbers) {

@@ -53,7 +53,8 @@ TEST_F(Published, ThroughFourPositionsOfTheParallelMotionGoBetterOnesToo) {
     const Task task = *Task_Of(known, {0, 0.2, 0.4, 0.6});
     const auto published = design::Judge(task).Of(Linkage_Of(known));
     ASSERT_TRUE(published.Good());
-    const Found found = Find(task);
+    constexpr design::Effort kShort{.best = 20, .threads = 0, .rounds = 3};
+    const Found found = Find(task, kShort);
     ASSERT_FALSE(found.solutions.empty());
     EXPECT_GE(found.solutions[0].judgement.score, published.score);
     // Where its own pivots are asked for it is found itself, to the width of the rectangles.
@@ -64,7 +65,7 @@ TEST_F(Published, ThroughFourPositionsOfTheParallelMotionGoBetterOnesToo) {
     Task pivots = task;
     pivots.left.fixed = about(known.O2);
     pivots.right.fixed = about(known.O4);
-    const Found own = Find(pivots);
+    const Found own = Find(pivots, kShort);
     EXPECT_LT(Place_Among(known, own, 0.1), own.solutions.size()) << own.words;
 }
 

@@ -26,11 +26,11 @@ struct Searching : Design {
             EXPECT_EQ(Follower(solution.linkage).Through(places, solution.linkage, way), "") << Task_Text(task);
         }
     }
-    /// How many linkages 60 tasks get, every fourth without one that is known to do it.
-    std::size_t Shown_For_Random_Tasks(int positions, const Effort& effort) {
+    /// How many linkages some tasks get, every fourth without one that is known to do it.
+    std::size_t Shown_For_Random_Tasks(int tasks, int positions, const Effort& effort) {
         SCOPED_TRACE(Trace());
         std::size_t shown = 0;
-        for (int i = 0; i < 60; ++i) {
+        for (int i = 0; i < tasks; ++i) {
             Known known;
             const Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
             const Found found = Find(task, effort);
@@ -53,7 +53,7 @@ struct Searching : Design {
         return task;
     }
     static const Found& List_Of_Three() {
-        static const Found found = Find(Three());
+        static const Found found = Find(Three(), {.rounds = 4});
         return found;
     }
 };
@@ -67,18 +67,18 @@ constexpr Effort kShort{.best = 5, .threads = 0, .rounds = 2};
 TEST_F(Searching, EveryLinkageOfThreePositionsDoesThem) {
     SCOPED_TRACE(Trace());
     std::size_t shown = 0;
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 20; ++i) {
         const Task task = Random_Task(3);
         const Found found = Find(task, kCoarse);
         Expect_All_Do_It(task, found);
         shown += found.solutions.size();
     }
-    EXPECT_GT(shown, 250U);
+    EXPECT_GT(shown, 60U);
 }
 
-TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(4, kCoarse), 70U); }
+TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(20, 4, kCoarse), 15U); }
 
-TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(5, {}), 20U); }
+TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(60, 5, {}), 20U); }
 
 TEST_F(Searching, WhatADescentFindsDoesItToo) {
     SCOPED_TRACE(Trace());
@@ -116,6 +116,7 @@ TEST_F(Searching, ADescentEndsWhereNoStepEitherWayIsBetter) {
     std::map<int, bool> ended;
     for (const Solution& solution : Find(task, kShort).solutions) {
         if (solution.genes.step[0] > first / 500) continue;
+        EXPECT_EQ(solution.genes.step[0], first / 1024) << "halved ten times";
         bool none = true;
         // The steps have been halved once more behind the last.
         for (std::size_t i = 0; i < solution.genes.count; ++i)
@@ -178,6 +179,7 @@ TEST_F(Searching, TheListIsTheSameWithAnyNumberOfThreads) {
 TEST_F(Searching, TheListSpansLinkagesThatDiffer) {
     const Found& found = List_Of_Three();
     const double near = 0.25 * Span_Of(Three());
+    EXPECT_EQ(design::Problem_Of(Three())->Neighbourhood(), near);
     for (const Solution& a : found.solutions)
         for (const Solution& b : found.solutions)
             if (a.family != b.family) {
@@ -208,7 +210,9 @@ TEST_F(Searching, EveryLinkageIsMadeAgainFromItsNumbers) {
 TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
     const std::size_t first = Find(Three(), {.best = 5, .threads = 0, .coarse = true, .rounds = 1}).judged;
     EXPECT_EQ(Find(Three(), {.best = 5, .threads = 0, .coarse = true}).judged, 4 * first);
-    EXPECT_EQ(List_Of_Three().judged, 256 * first) << "of five rounds";
+    EXPECT_EQ(first, 32U * 32 * 2) << "of 32 dyads of each side, with either of them as the crank";
+    EXPECT_EQ(List_Of_Three().judged, 64 * first) << "of four rounds";
+    EXPECT_EQ(design::Problem_Of(Three())->Rounds(), 5U);
 }
 
 TEST_F(Searching, TwinsStandTogether) {
@@ -260,6 +264,88 @@ TEST_F(Searching, LimitsHoldForAllThatIsShown) {
             EXPECT_LE(length, 6 + 1e-6);
         }
     }
+}
+
+TEST_F(Searching, OfTheLinkagesWithOneLinkTheEightBestAreShownAndThreeOfEachThatDoNotDoIt) {
+    Task task = Three();
+    task.left.fixed = {design::Area::Is::kPoints, {}, {}, {{1, -1}}};
+    task.drive = design::Drive::kLeft;
+    const auto problem = design::Problem_Of(task);
+    ASSERT_EQ(problem->Chunks(0), 1U);
+    std::vector<Solution> good;
+    std::map<design::Refusal, std::vector<design::FourBar>> out;
+    problem->Each(0, 0, [&](const design::Genes& genes, const design::FourBar& linkage) {
+        const auto judgement = problem->Judge_Of(linkage);
+        if (judgement.Good())
+            good.push_back({linkage, judgement, genes, {}});
+        else
+            out[judgement.refusal].push_back(linkage);
+    });
+    ASSERT_GT(good.size(), 8U);
+    std::ranges::sort(good, std::greater{}, [](const Solution& s) { return s.judgement.score; });
+    good.resize(8);
+    std::vector<design::FourBar> expected;
+    const double near = 0.25 * Span_Of(task);
+    for (const Solution& solution : good)
+        if (std::ranges::none_of(expected,
+                                 [&](const auto& before) { return Apart_As_Driven(before, solution.linkage) <= near; }))
+            expected.push_back(solution.linkage);
+    EXPECT_GT(expected.size(), 5U);
+    const Found found = Find(task, {.best = 20, .threads = 1, .coarse = true, .rounds = 1});
+    ASSERT_EQ(found.solutions.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(found.solutions[i].linkage.other, expected[i].other) << i;
+    std::size_t thrown_out = 0;
+    for (const auto& [refusal, linkages] : out) {
+        const std::size_t most = std::min<std::size_t>(3, linkages.size());
+        EXPECT_EQ(found.counts[static_cast<std::size_t>(refusal)], linkages.size());
+        for (std::size_t i = 0; i < most; ++i)
+            EXPECT_TRUE(std::ranges::any_of(found.thrown_out, [&](const auto& one) {
+                return one.judgement.refusal == refusal && one.linkage.other == linkages[i].other;
+            }));
+        thrown_out += most;
+    }
+    EXPECT_EQ(found.thrown_out.size(), thrown_out);
+    EXPECT_GT(thrown_out, 3U);
+}
+
+TEST_F(Searching, OfEachThatDoNotDoItTwelveAreKept) {
+    const Found found = Find(Three(), {.best = 5, .threads = 0, .coarse = true});
+    ASSERT_FALSE(found.solutions.empty());
+    std::map<design::Refusal, std::size_t> kept;
+    for (const auto& out : found.thrown_out) ++kept[out.judgement.refusal];
+    EXPECT_FALSE(kept.contains(design::Refusal::kNone));
+    int many = 0;
+    for (std::size_t i = 1; i < found.counts.size(); ++i) {
+        const std::size_t here = kept[static_cast<design::Refusal>(i)];
+        EXPECT_LE(here, 12U);
+        EXPECT_EQ(here > 0, found.counts[i] > 0);
+        if (found.counts[i] < 500) continue;
+        ++many;
+        EXPECT_EQ(here, 12U) << i;
+    }
+    EXPECT_GT(many, 1);
+}
+
+TEST_F(Searching, ThePartThatIsDoneGoesByCandidatesAndByDescents) {
+    std::vector<double> parts, rounds;
+    const Found found = Find(Three(), {.best = 5, .threads = 1, .rounds = 2}, [&](double part, const Found* so_far) {
+        (so_far ? rounds : parts).push_back(part);
+        EXPECT_TRUE(!so_far || so_far->solutions.size() == 5);
+        return true;
+    });
+    // The last round takes three quarters of what is scanned, and the descents of three times what is wanted a fifth.
+    std::vector<double> expected;
+    for (int chunk = 1; chunk <= 32; ++chunk) expected.push_back(0.05 + 0.15 * chunk / 32);
+    for (int chunk = 1; chunk <= 64; ++chunk) expected.push_back(0.2 + 0.6 * chunk / 64);
+    for (int descent = 1; descent <= 15; ++descent) expected.push_back(0.8 + 0.2 * descent / 15);
+    ASSERT_EQ(parts.size(), expected.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) EXPECT_NEAR(parts[i], expected[i], 1e-12) << i;
+    ASSERT_EQ(rounds.size(), 2U);
+    EXPECT_NEAR(rounds[0], 0.2, 1e-12);
+    EXPECT_NEAR(rounds[1], 0.8, 1e-12);
+    EXPECT_FALSE(found.stopped);
+    EXPECT_EQ(found.words, "");
 }
 
 TEST_F(Searching, StoppingKeepsWhatIsThere) {

@@ -165,6 +165,9 @@ TEST(Task_File, TheLargestThatIsAllowedIsTaken) {
     EXPECT_EQ(task.left.fixed.points.size(), 64U);
     EXPECT_EQ(task.left.fixed.points[63], (std::complex<double>(63, 1)));
     EXPECT_EQ(task.weights.rounding, 1000);
+    const std::string little = R"(,"weights":{"transmission":0,"proportion":0.2,"room":0}})";
+    EXPECT_TRUE(Read_Task(kHead + kPlaces + little, task, fault)) << fault;
+    ASSERT_TRUE(Read_Task(text, task, fault)) << fault;
     EXPECT_EQ(task.transmission, 90);
     EXPECT_EQ(Refused(kHead + kPlaces + R"(,"left":{"fixed":{"points":[)" + points + ",[1,1]]}}}"),
               "the field left.fixed.points is to be a list of 1 to 64");

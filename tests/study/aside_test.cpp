@@ -96,6 +96,8 @@ TEST(Aside, ASpeedOfAPinIsItsRadiusTimesThatOfTheCrank) {
     EXPECT_NEAR(tally.Deviation(), sigma, 5 * error);
     EXPECT_NEAR(found.sensitivities[0][0].derivative, 7, 1e-3);
     EXPECT_FLOAT_EQ(found.sensitivities[0][0].share, 1);
+    EXPECT_GT(found.seconds, 0);
+    EXPECT_LT(found.seconds, 1000);
     EXPECT_TRUE(found.values.empty());
 }
 
@@ -112,6 +114,11 @@ TEST(Aside, StoppedItHasWhatIsThereAndCanBeginAnew) {
     EXPECT_GT(found.done, 0U);
     EXPECT_LT(found.done, found.all);
     EXPECT_EQ(found.summary.kept, found.done);
+    {
+        Aside left_alone;
+        left_alone.Begin(Study_In(words), 1);
+    }
+    aside.Begin(Study_In(words), 1);  // which would not end
     words.samples = 10;
     aside.Begin(Study_In(words), 2);
     aside.Begin(Study_In(words), 2);
@@ -215,6 +222,45 @@ TEST(Aside, ADeviationIsTheLargestDistanceBetweenTheCouplerPointsOfEachStep) {
                 EXPECT_NEAR(found.values.at(linkage), most, 1e-5) << calctype << ' ' << start;
             }
         }
+}
+
+TEST(Aside, ADeviationIsTakenWhereBothCloseAndIsNoneWhereNoStepDoes) {
+    Words words;
+    words.sweeps = {"L2=3:2:3"};
+    words.measures = {"deviation"};
+    Design design = Crank_Rocker();
+    design.L2 = 3, design.L3 = design.L4 = 2;
+    const Mechanism nominal(design);
+    Aside aside;
+    aside.Begin(Study_In(words, design), 1);
+    const Findings found = To_The_End(aside);
+    EXPECT_EQ(found.values.at(0), 0) << "the model itself";
+    for (const Number linkage : {1U, 2U}) {
+        Design moved = design;
+        moved.L2 = linkage == 1 ? 2.5 : 2;
+        const Mechanism mechanism(moved);
+        double most = 0;
+        int one = 0;
+        for (int step = 0; step <= nominal.Last(); ++step) {
+            one += mechanism.At(step).has_value() != nominal.At(step).has_value() ? 1 : 0;
+            if (mechanism.At(step) && nominal.At(step))
+                most = std::max(most, std::abs(mechanism.At(step)->P - nominal.At(step)->P));
+        }
+        EXPECT_GT(one, 0) << "closes alone";
+        EXPECT_NEAR(found.values.at(linkage), most, 1e-5);
+    }
+    int closed = 0;
+    for (int step = 0; step <= nominal.Last(); ++step) closed += nominal.At(step) ? 1 : 0;
+    words.sweeps = {"L2=3:3:1"};
+    words.measures = {"closes"};
+    aside.Begin(Study_In(words, design), 1);
+    EXPECT_FLOAT_EQ(To_The_End(aside).values.at(0), static_cast<float>(closed / 37.0));
+    for (const char* measure : {"deviation", "deviation line"}) {
+        words.sweeps = {"L2=9:9:1"};
+        words.measures = {measure};
+        aside.Begin(Study_In(words, design), 1);
+        EXPECT_TRUE(Is_None(To_The_End(aside).values.at(0))) << measure;
+    }
 }
 
 TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {

@@ -288,6 +288,97 @@ TEST_F(Study_Motion, StepsBehindTheLimitOfTheRunDoNotClose) {
     }
 }
 
+TEST_F(Study_Motion, TheLimitOfARunIsOneStepMoreWhereTheStridesEndThereAsTheRecordsIs) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Model.PolarCoords = true;
+    Turn_Ground(0);
+    Take_Angles(0, 57, 7);
+    Model.ThetaStartRad = 0, Model.ThetaEndRad = 1, Model.ThetaStepRad = 0.125;
+    Model.Calctype = 3;
+    study::Motion motion({200, 300});
+    for (const double speed : {7.0, -7.0}) {
+        Model.Omega2Input = speed;
+        Model.NSteps = 12;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        for (int step = 0; step <= 12; ++step) EXPECT_EQ(motion.Closed(step), step <= 9) << step;
+        EXPECT_EQ(motion.Table().Theta(8, 0), motion.Table().Theta(9, 0));
+        for (const int angle : {0, 1}) {
+            EXPECT_TRUE(motion.Closed(motion.Step_At(angle)));
+            EXPECT_NEAR(motion.Table().Theta(motion.Step_At(angle), 0), angle == 0 ? 200 : 300, 1e-4);
+        }
+    }
+}
+
+TEST_F(Study_Motion, TheLongestRunIsTheRecords) {
+    Take_Crank_Rocker();
+    Take_Circuit(2);
+    Take_Angles(0, 360, 0.125);
+    Model.Calctype = 3;
+    Model.NSteps = kLastStep;
+    study::Design design = study::Design_Of(Model);
+    study::Motion motion;
+    ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+    Integer result;
+    Calc_Setup(3, result);
+    EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), kLastStep + 1);
+}
+
+TEST_F(Study_Motion, WhereLinksLieOnOneAnotherItClosesWhereTheRecordsDoes) {
+    study::Motion motion;
+    int open = 0;
+    const double lengths[][4] = {{2, 1, 1, 2}, {2, 1, 2, 1}, {2, 2, 1, 1}, {1, 2, 2, 1}, {4, 3, 2, 2}, {3, 1, 2, 2}};
+    for (const auto& [L1, L2, L3, L4] : lengths)
+        for (const int circuit : {1, 2}) {
+            SCOPED_TRACE(testing::Message() << L1 << ' ' << L2 << ' ' << L3 << ' ' << L4 << ' ' << circuit);
+            Notes notes(desktop, platform::Answer::kIgnore);
+            Take_Lengths(L1, L2, L3, L4);
+            Take_Coupler_Point(1.5, 20);
+            Take_Circuit(circuit);
+            Model.PolarCoords = true;
+            Turn_Ground(0);
+            Take_Angles(0, 360, 15);
+            Model.Calctype = 3;
+            Model.Omega2Input = 7;
+            Model.NSteps = 24;
+            study::Design design = study::Design_Of(Model);
+            motion.Solve(design, study::Wanted::kMotion);
+            Integer result;
+            Calc_Setup(3, result);
+            open += 25 - Compare_Motion(motion, study::Wanted::kMotion);
+        }
+    EXPECT_GT(open, 30);
+}
+
+TEST_F(Study_Motion, ACrankThatComesToRestBehindAStepThatDoesNotCloseHasTheRatioOfTheRecords) {
+    // It closes up to 68 degrees, and comes to rest after half a radian from 80.
+    Take_Lengths(4, 3, 2, 2);
+    Take_Coupler_Point(1.5, 20);
+    Take_Circuit(1);
+    Model.PolarCoords = true;
+    Turn_Ground(0);
+    Model.Calctype = 2;
+    Model.NSteps = 1;
+    Model.TimeStart = 0, Model.TimeEnd = 1, Model.TimeStep = 1;
+    Model.ThetaZero = 80;
+    Model.Omega2Input = -1;
+    Model.Alpha2 = 1;
+    study::Motion motion;
+    for (const double zero : {50.0, 80.0}) {
+        Model.ThetaZero = zero;
+        study::Design design = study::Design_Of(Model);
+        ASSERT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+        EXPECT_EQ(motion.Closed(0), zero < 68);
+        EXPECT_TRUE(motion.Closed(1));
+        Notes notes(desktop, platform::Answer::kIgnore);
+        Integer result;
+        Calc_Setup(2, result);
+        EXPECT_EQ(Compare_Motion(motion, study::Wanted::kMotion), zero < 68 ? 2 : 1);
+        EXPECT_EQ(motion.Table().OmegaRatio(1) == 0, zero > 68);
+    }
+}
+
 TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWanted) {
     study::Motion motion;
     const auto expect = [&](double scale, double speed, double acceleration, bool closes) {
@@ -318,50 +409,6 @@ TEST_F(Study_Motion, WhatOverflowsInItsMotionDoesNotCloseWhereAnglesAloneAreWant
     expect(1, 7, -3.3e38, false);
     expect(1e31, 9000, 0, false);
     expect(1e15, 9000, 0, true);
-}
-
-TEST_F(Study_Motion, TheStraightestLineIsThatOfTheLeastSquares) {
-    SCOPED_TRACE(Trace());
-    study::Motion motion;
-    study::Meter meter;
-    std::string fault;
-    const auto measure = study::Measure_Of("deviation line", false, fault);
-    ASSERT_TRUE(measure) << fault;
-    int runs = 0;
-    while (runs < 10) {
-        if (!Take_Loaded_Run()) continue;
-        ++runs;
-        study::Design design = study::Design_Of(Model);
-        motion.Solve(design, study::Wanted::kPoints);
-        std::vector<std::pair<double, double>> points;
-        double x0 = 0, y0 = 0;
-        for (int step = 0; step <= motion.Last(); ++step) {
-            if (!motion.Closed(step)) continue;
-            points.emplace_back(motion.Table().PointXY(step, 2, 0), motion.Table().PointXY(step, 2, 1));
-            x0 += points.back().first;
-            y0 += points.back().second;
-        }
-        x0 /= static_cast<double>(points.size());
-        y0 /= static_cast<double>(points.size());
-        // Of the lines through the centre in many directions that with the least sum of squares.
-        double least = 1e300, greatest = 0, most = 0;
-        for (int part = 0; part < 20000; ++part) {
-            const double a = M_PI * part / 20000;
-            double squares = 0, largest = 0;
-            for (const auto& [x, y] : points) {
-                const double off = std::abs((y - y0) * std::cos(a) - (x - x0) * std::sin(a));
-                squares += off * off;
-                largest = std::max(largest, off);
-            }
-            if (squares < least) least = squares, most = largest;
-            greatest = std::max(greatest, squares);
-        }
-        if (least > 0.9 * greatest) continue;  // as good as a circle, which goes no way
-        const double taken = meter.Take(*measure, motion, design, 0);
-        double extent = 0;
-        for (const auto& [x, y] : points) extent = std::max(extent, std::hypot(x - x0, y - y0));
-        EXPECT_NEAR(taken, most, 3e-4 * extent);
-    }
 }
 
 TEST_F(Study_Motion, NothingIsLeftOfForcesAndBalanceWhereTheNextLinkageDoesNotClose) {

@@ -62,6 +62,7 @@ TEST(StudySettings, AreRefusedByTheNameOfTheField) {
     EXPECT_EQ(Fault_With("\"field\": \"L2\"", "\"field\": 2"), "the field sweeps[0].field is to be a text");
     EXPECT_EQ(Fault_With("\"spread\": \"worst\"", "\"spread\": \"worst\", \"why\": 1"),
               "there is no field tolerances[3].why");
+    EXPECT_EQ(Fault_With("\"from\": 0.04", "\"from\": 0.04, \"why\": 1"), "there is no field sweeps[0].why");
     EXPECT_EQ(Fault_With("\"samples\": 123456789012", "\"samples\": 1.5"),
               "the field samples is to be a whole number from 1");
     EXPECT_EQ(Fault_With("{", "{{"), "they are no JSON");
@@ -122,6 +123,9 @@ TEST(StudySettings, ABoundGoesWithTheUnitOfItsMeasure) {
         EXPECT_EQ(in_units(keep, 1, 5), keep);
     EXPECT_EQ(in_units("max Coupler Pt:X < 24", 1, 2), "max Coupler Pt:X < 2");
     EXPECT_EQ(in_units("max Torque 12 > 0", 1, 5), "max Torque 12 > 0");
+    // Where nothing changes it is as it was written.
+    EXPECT_EQ(in_units("max  Theta4>07", 1, 5), "max  Theta4>07");
+    EXPECT_EQ(in_units("max  Torque 12>07", 5, 5), "max  Torque 12>07");
 }
 
 TEST(StudySettings, RowsAreObjectsAndNotTooMany) {
@@ -192,6 +196,8 @@ TEST(StudySettings, BecomeTheWordsOfOneKind) {
     EXPECT_EQ(words.sweeps, (std::vector<std::string>{"L2=0.04:0.06:11", "Delta=-20:20.5:3"}));
     EXPECT_TRUE(words.tolerances.empty());
     EXPECT_TRUE(words.keeps.empty());
+    EXPECT_EQ(words.samples, 123456789012U);
+    EXPECT_EQ(words.seed, 18446744073709551615ULL);
     EXPECT_EQ(words.measures, std::vector<std::string>{"rms Accel CP:Mag"});
 }
 

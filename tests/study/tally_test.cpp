@@ -85,8 +85,29 @@ TEST(Exact_Sum, IsTheSameInAnyOrderAndComesBackFromItsText) {
     EXPECT_FALSE(read.Take(forth.Text() + ":1"));
 }
 
+TEST(Exact_Sum, CarriesFromItsLowestDigitOn) {
+    const double half = 0x1p-1043;  // of what the lowest digit holds
+    Exact_Sum one, other, both;
+    one.Add(half);
+    other.Add(half);
+    both.Add(2 * half);
+    one.Add(other);
+    EXPECT_TRUE(one == both);
+    // Between two doubles, and by one unit nearer to the greater of them.
+    Exact_Sum sum, turned;
+    for (const double value : {0x1p-989, 0x1p-1042, 0x1p-1074}) {
+        sum.Add(value);
+        turned.Add(-value);
+    }
+    EXPECT_EQ(turned.Value(), -sum.Value());
+}
+
 TEST(Exact_Sum, TakesNoDigitThatIsTooLarge) {
-    Exact_Sum sum;
+    Exact_Sum sum, ahead, carried;
+    const std::string rest(66, ':');
+    ASSERT_TRUE(ahead.Take("4294967296:2" + rest));
+    ASSERT_TRUE(carried.Take(":3" + rest));
+    EXPECT_TRUE(ahead == carried) << "but one that is ahead of itself";
     sum.Add(1);
     std::string text = sum.Text();
     ASSERT_TRUE(Exact_Sum().Take(text));
@@ -95,6 +116,7 @@ TEST(Exact_Sum, TakesNoDigitThatIsTooLarge) {
 }
 
 TEST(Tally, IsExactForFewValues) {
+    EXPECT_EQ(Tally_Of({0.0F, -0.0F}).Spread().Text(), Tally_Of({0.0F, 0.0F}).Spread().Text());
     const std::vector<float> values{3, 1, 2, 5, 4};
     const Tally tally = Tally_Of(values);
     EXPECT_EQ(tally.Mean(), 3);
@@ -218,6 +240,8 @@ TEST(Tally, TakesNoLinesThatAreNone) {
     Tally tally;
     const std::vector<std::string> lines = Lines(Tally_Of({1, 2, 3}).Text());
     ASSERT_TRUE(tally.Take(lines));
+    ASSERT_TRUE(tally.Take(lines));
+    EXPECT_EQ(tally.Text(), Tally_Of({1, 2, 3}).Text()) << "once, whatever it was before";
     for (std::size_t i = 0; i < lines.size(); ++i) {
         std::vector<std::string> broken = lines;
         broken[i] += "x";

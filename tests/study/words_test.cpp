@@ -72,6 +72,10 @@ TEST(Keep_Words, AreReadOrTold) {
     EXPECT_EQ(Keep_Of("min Trans Ang>=40", false, fault)->bound, 40) << "blanks are free";
     EXPECT_FALSE(keep->Holds(kNone));
     EXPECT_FALSE(Keep_Of("max Theta4<7", false, fault)->Holds(7));
+    EXPECT_TRUE(Keep_Of("max Theta4<=7", false, fault)->Holds(7));
+    EXPECT_FALSE(Keep_Of("max Theta4<=7", false, fault)->Holds(7.01F));
+    EXPECT_FALSE(Keep_Of("max Theta4>7", false, fault)->Holds(7));
+    EXPECT_TRUE(Keep_Of("max Theta4>7", false, fault)->Holds(7.01F));
     EXPECT_FALSE(Keep_Of("min Trans Ang = 40", false, fault));
     EXPECT_EQ(
         fault,

@@ -132,6 +132,33 @@ TEST_F(Assembly, TurnsACrankBackThatItHasTurnedRound) {
     Expect_Speed(10);
 }
 
+TEST_F(Assembly, LeavesASpeedThatWasTypedAgainAfterItHadBeenTurnedBack) {
+    Model.Omega2Input = 0.5;
+    Assemble(1, -30);
+    Expect_Speed(-0.5);
+    Assemble(1, 30);
+    Expect_Speed(0.5);
+    Model.Omega2Input = -0.5;
+    Assemble(1, 30);
+    Expect_Speed(-0.5);
+}
+
+TEST_F(Assembly, OfAWholeTurnBeginsAndEndsAtOnePlaceAndIsNotTurnedRound) {
+    Model.Omega2Input = 10;
+    Notes notes(desktop);
+    Assemblevlnk(1, 0, 4, 1, 1, 0, 6, -3, 1, 360, 0, Model.Link1Angle);
+    Expect_Range(90, 90, 360);
+    Expect_Speed(10);
+}
+
+TEST_F(Assembly, GivesTheGroundsAngleToTheCallerAndToTheRecord) {
+    Notes notes(desktop);
+    Single ground = 77;
+    Assemblevlnk(1, 3, 4, 1, 1, 0, 6, -3, 1, 30, 0, ground);
+    EXPECT_NEAR(ground, Degrees(std::atan2(-2, 7)), 1e-5);
+    EXPECT_EQ(Model.Link1Angle, ground);
+}
+
 TEST_F(Assembly, DoesNotTurnACrankBackWhoseSpeedIsAnother) {
     Model.Omega2Input = 10;
     Assemble(1, -30);

@@ -224,6 +224,21 @@ TEST_F(Cognates, GoingBackToTheFirstGivesTheLinkageAsItWas) {
         for (int item = 1; item <= 6; ++item) EXPECT_EQ(Model.Cognates(n, item), before(n, item));
 }
 
+TEST_F(Cognates, GoingBackToTheFirstKeepsTheLastDigitOfItsAngle) {
+    int lost = 0;
+    for (double angle = -179.1; angle < 180; angle += 3.7) {
+        Model.Delta = angle;
+        Model.DeltaRad = Model.Delta * kDegToRad;
+        const double before = Model.Delta;
+        lost += Stored(Model.DeltaRad * kRadToDeg) != before;
+        SeedCognate();
+        Switch_Cognate(2);
+        Switch_Cognate(1);
+        EXPECT_EQ(Model.Delta, before);
+    }
+    EXPECT_GT(lost, 0) << "which radians do not hold";
+}
+
 TEST_F(Cognates, OfAParallelogramAreRefusedWithNothingTouched) {
     Model.Parallelogram = true;
     Run_Holds();

@@ -99,6 +99,13 @@ struct Examples : Synthesis {
         }
         Model.ExtTorque(3) = Model.ExtTorque(4) = 5;
     }
+    /// Of the linkage before, and of the boxes.
+    static void Spoil_Dyads_And_Boxes() {
+        for (Single* datum :
+             {&Model.P21x, &Model.SynAlpha3, &Model.SynGamma2, &Model.O4y, &Model.SynTheta, &Model.SynPhi})
+            *datum = 77;
+        for (int box = 0; box < 4; ++box) platform::Screens::Get("frm_Inputnew").Text("txt_initial", box).Text = "77";
+    }
     static void Expect_Numbers_Left() {
         EXPECT_EQ(Model.ThetaStart, 1);
         EXPECT_EQ(Model.ThetaEnd, 2);
@@ -114,6 +121,7 @@ const std::vector<double> kTestDyads{-0.575, 0.803,  -1.928, 0.553,  -8.686, -10
 
 TEST_F(Examples, TheGrashofTestLinkage) {
     Spoil();
+    Spoil_Dyads_And_Boxes();
     Model.SynS = Model.SynZ = 0;
     Testlinkage_old();
     Expect_Linkage({"Testlink", kCrankRocker, "Y", "Open"}, {18, 6, 16, 12, 14.42, 33.7});
@@ -133,6 +141,7 @@ TEST_F(Examples, TheGrashofTestLinkage) {
 
 TEST_F(Examples, TheSynthesisTestLinkageBringsItsPivotAndLeavesTheVectorsOfTheRightDyad) {
     Spoil();
+    Spoil_Dyads_And_Boxes();
     Model.SynSigma = 1;
     Model.SynXi = 2;
     Model.SynS = 3;

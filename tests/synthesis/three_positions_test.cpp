@@ -241,6 +241,35 @@ TEST_F(FixedPivot, TurnsBeyondAHalfTurnLoseAWholeOne) {
     }
 }
 
+TEST_F(FixedPivot, TurnsAreTheSameHoweverSmallTheFigureIs) {
+    const Vector W(1, 2), Z(-0.5, 1.5);
+    for (const double size : {1.0, 0.03, 1e-3}) {
+        const auto moved = [&](double alpha, double beta) { return size * (W * Turn(beta) + Z * Turn(alpha)); };
+        Take(size * (W + Z), moved(-30, 60), moved(-50, 110), -30, -50);
+        EXPECT_TRUE(FixedPivots(0, 0, beta2, beta3));
+        EXPECT_NEAR(beta2, 60, 1e-2) << size;
+        EXPECT_NEAR(beta3, 110, 1e-2) << size;
+    }
+}
+
+TEST_F(FixedPivot, PositionsThatCoincideAreToldAndBothTurnsStay) {
+    Take({1, 2}, 0, 0, 0, 0);
+    desktop.Expect_Message(kNoRotations);
+    EXPECT_FALSE(FixedPivots(0, 0, beta2, beta3));
+    EXPECT_EQ(beta2, 11);
+    EXPECT_EQ(beta3, 22);
+}
+
+TEST_F(FixedPivot, ATurnThatIsTheCouplersButForAFifteenthOfADegreeIsFound) {
+    for (const double off : {0.064, -0.064}) {
+        const Vector W(4, 1), Z(-1, 3);
+        const auto moved = [&](double alpha, double beta) { return W * Turn(beta) + Z * Turn(alpha); };
+        Take(W + Z, moved(-30, 60), moved(-50, -50 + off), -30, -50);
+        EXPECT_TRUE(FixedPivots(0, 0, beta2, beta3));
+        EXPECT_NEAR(beta3, -50 + off, 0.01);
+    }
+}
+
 TEST_F(FixedPivot, APositionOfThePointOnThePivotIsTakenAsAnyOther) {
     // A dyad whose coupler point starts on its own ground pivot: Z is the opposite of W.
     const Vector W(1, 2), Z = -W;

@@ -13,8 +13,8 @@ const char kNoVector[] = " Attempting to divide by zero in TwoPosition, Method 2
 struct SolvedDyad {
     Single angle1, angle2, mag1, x1, y1, mag2, x2, y2;
 
-    void Solve(int method, double P21x, double P21y, double alpha, double beta) {
-        TwoPos(method, P21x, P21y, alpha, beta, angle1, angle2, mag1, x1, y1, mag2, x2, y2);
+    bool Solve(int method, double P21x, double P21y, double alpha, double beta) {
+        return TwoPos(method, P21x, P21y, alpha, beta, angle1, angle2, mag1, x1, y1, mag2, x2, y2);
     }
     Vector W() const { return {x1, y1}; }
     Vector Z() const { return {x2, y2}; }
@@ -62,7 +62,7 @@ TEST_F(TwoPositions, NegativeMagnitudesStayAndTheirComponentsPointTheOtherWay) {
     dyad.angle2 = 75;
     // W of 3 and Z of 2 in the directions 30 and 75, with the first direction turned round.
     const Vector move = 3.0 * Toward(30) * Turn(40) + 2.0 * Toward(75) * Turn(-15);
-    dyad.Solve(1, move.real(), move.imag(), -15, 40);
+    EXPECT_TRUE(dyad.Solve(1, move.real(), move.imag(), -15, 40));
     EXPECT_NEAR(dyad.mag1, -3, 1e-6);
     EXPECT_NEAR(dyad.mag2, 2, 1e-6);
     EXPECT_LT(std::abs(dyad.W() - 3.0 * Toward(30)), 1e-6);
@@ -111,8 +111,15 @@ TEST_F(TwoPositions, TurnsTooSmallForTheirCosinesAreToldByMethodOne) {
     dyad.angle1 = dyad.angle2 = 0;
     const SolvedDyad before = dyad;
     Expect_Plain(kNoMagnitudes);
-    dyad.Solve(1, 1, 2, 1e-7, 3e-7);
+    EXPECT_FALSE(dyad.Solve(1, 1, 2, 1e-7, 3e-7));
     EXPECT_EQ(dyad, before);
+}
+
+TEST_F(TwoPositions, ATurnTooSmallForItsCosineIsToldByMethodTwo) {
+    SolvedDyad dyad = Filled();
+    Expect_Plain(kNoVector);
+    EXPECT_FALSE(dyad.Solve(2, 1, 2, 25, 1e-7));
+    EXPECT_EQ(dyad.W(), Vector(2, 3));
 }
 
 TEST_F(TwoPositions, WholeTurnsAreToldByMethodOne) {
@@ -148,7 +155,7 @@ TEST_F(TwoPositions, SmallTurnsAreSolved) {
 
 TEST_F(TwoPositions, AHalfTurnOfTheCrankPutsItsPinMidway) {
     SolvedDyad dyad = Filled();
-    dyad.Solve(2, 3, -1, 50, 180);
+    EXPECT_TRUE(dyad.Solve(2, 3, -1, 50, 180));
     const Vector expected = (Vector(3, -1) - 4.0 * Toward(80) * Turn(50)) / -2.0;
     EXPECT_LT(std::abs(dyad.W() - expected), 1e-6);
     EXPECT_NEAR(dyad.mag1, std::abs(expected), 1e-6);
@@ -157,7 +164,7 @@ TEST_F(TwoPositions, AHalfTurnOfTheCrankPutsItsPinMidway) {
 TEST_F(TwoPositions, ThereIsNoThirdMethod) {
     for (const int method : {0, 3, -1}) {
         SolvedDyad dyad = Filled();
-        dyad.Solve(method, 1, 2, 25, 30);
+        EXPECT_FALSE(dyad.Solve(method, 1, 2, 25, 30));
         EXPECT_EQ(dyad, Filled()) << method;
     }
 }
