@@ -57,12 +57,12 @@ std::string Shard(std::uint64_t shard, std::uint64_t shards) {
 std::string Sort_And_Check(std::vector<Part>& parts) {
     std::ranges::sort(parts, {}, &Part::shard);
     const Part& first = parts.front();
-    for (std::size_t i = 0; i < parts.size(); ++i) {
+    for (std::size_t i = 1; i < parts.size(); ++i) {
         const Part& part = parts[i];
         if (part.Study() != first.Study() || part.shards != first.shards || part.All() != first.All() ||
             part.head != first.head)
             return part.path + " is of another study than " + first.path;
-        if (i > 0 && part.shard == parts[i - 1].shard)
+        if (part.shard == parts[i - 1].shard)
             return part.path + " and " + parts[i - 1].path + " are both " + Shard(part.shard, part.shards);
     }
     for (std::size_t i = 0; i < first.shards; ++i)

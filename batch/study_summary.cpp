@@ -105,7 +105,7 @@ std::string Summary_Text(const Summary& summary, const std::vector<float>& nomin
 
 bool Take_Summary(const std::vector<std::string>& lines, std::optional<Summary>& summary) {
     constexpr std::size_t kHead = 2, kEach = 1 + Tally::kLines;
-    if (lines.size() < kHead || (lines.size() - kHead) % kEach != 0) return false;
+    if (lines.size() % kEach != kHead) return false;
     const auto solved = Whole_Number(lines[0]), kept = Whole_Number(lines[1]);
     if (!solved || !kept) return false;
     std::vector<float> nominal;

@@ -1,7 +1,6 @@
 // Starts the program without windows, for the benchmarks.
 #include "bench/program.h"
 
-
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>

@@ -113,7 +113,7 @@ void Store_Ratios(int step) {
 void Store_Motion(int step) {
     const auto& m = Model;
     auto& table = Model.RunTable;
-    if (!Model.Imported()) {
+    if (!m.Imported()) {
         table.Omega(step, 0) = m.Omega2;
         table.Alpha(step, 0) = m.Alpha2;
     }
@@ -133,7 +133,7 @@ void Solve_Step(Integer step, Integer& Result) {
     auto& m = Model;
     m.RunTable.Assembled(step) = true;
     // In an imported run the first acceleration term still has the acceleration of the step before.
-    const double alpha2 = Model.Imported() ? m.ImportedAlpha2 : m.Alpha2;
+    const double alpha2 = m.Imported() ? m.ImportedAlpha2 : m.Alpha2;
     Position<double> positions[1];
     auto& p = positions[0];
     p.Theta2 = m.Theta2Rad;
@@ -146,7 +146,7 @@ void Solve_Step(Integer step, Integer& Result) {
     Store_Angles(step, p);
     Store_Ratios(step);
     Store_Motion(step);
-    if (!Model.Imported() && !m.Parallelogram) Centrodes(step);
+    if (!m.Imported() && !m.Parallelogram) Centrodes(step);
     const double factor = Shown_Factor();
     const bool scaled = Scale_Positions(step, factor, 0, 2) && Scale_Velocities(step, factor, 0, 2) &&
                         Scale_Accelerations(step, factor, 0, 4);

@@ -14,7 +14,7 @@ namespace {
 
 /// A layout of so many parts of a kind.
 template <auto layout, int parts>
-void Of(Form& form, QWidget* room) {
+void parted(Form& form, QWidget* room) {
     layout(form, room, parts);
 }
 
@@ -32,16 +32,16 @@ Layout layoutFor(const std::string& screen) {
         {"frm_Matrix", layoutMatrix},
         {"frm_Quit", layoutQuit},
         {"frm_FFT", layoutFFT},
-        {"frm_Myplot2", Of<layoutAligned, 2>},
-        {"frm_MyPlot3", Of<layoutAligned, 4>},
+        {"frm_Myplot2", parted<layoutAligned, 2>},
+        {"frm_MyPlot3", parted<layoutAligned, 4>},
         {"frm_MyPlot4", layoutMyPlot4},
-        {"frm_Plot1", Of<layoutGraphs, 1>},
-        {"frm_Plot2", Of<layoutGraphs, 2>},
-        {"frm_Plot3", Of<layoutGraphs, 4>},
-        {"frm_PlotSelect1", Of<layoutFunctions, 4>},
-        {"frm_PlotSelect2", Of<layoutFunctions, 2>},
-        {"frm_PlotSelect3", Of<layoutFunctions, 4>},
-        {"frm_PlotSelect4", Of<layoutFunctions, 1>},
+        {"frm_Plot1", parted<layoutGraphs, 1>},
+        {"frm_Plot2", parted<layoutGraphs, 2>},
+        {"frm_Plot3", parted<layoutGraphs, 4>},
+        {"frm_PlotSelect1", parted<layoutFunctions, 4>},
+        {"frm_PlotSelect2", parted<layoutFunctions, 2>},
+        {"frm_PlotSelect3", parted<layoutFunctions, 4>},
+        {"frm_PlotSelect4", parted<layoutFunctions, 1>},
         {"frm_PlotType", layoutPlotType},
         {"frm_PrintData", layoutPrintData},
         {"frm_PrintSelect", layoutPrintSelect},

@@ -358,7 +358,7 @@ TEST_F(LivePlots, ListsThatAreTheSameAreNotFilledAgain) {
         Open();
         int changes = 0;
         form.live.Slots[0]->cmb_LiveVar.Watcher = [&changes] { ++changes; };
-        Press(form, "cmd_Step");
+        form.live.Run_Made();
         EXPECT_EQ(changes, 0);
         Give_Masses();
         Press(form, "cmd_Step");
