@@ -9,6 +9,7 @@
 
 #include "batch/headless_desktop.h"
 #include "core/linkage_model.h"
+#include "core/parameters.h"
 #include "core/runs.h"
 #include "core/text.h"
 #include "platform/guard.h"

@@ -128,7 +128,7 @@ std::vector<std::vector<Dyad>> Burmester::Curves(int steps) const {
         return pen.Pieces();
     }
     // Both ways meet where closing begins and where it ends.
-    for (int first = start; first != start + steps; ++first) {
+    for (int first = start; first < start + steps; ++first) {
         if (!Closes(first * step)) continue;
         int last = first;
         while (Closes((last + 1) * step)) ++last;

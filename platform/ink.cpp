@@ -234,7 +234,9 @@ void Ink::Lines(const std::vector<Upright>& lines, double width) {
     std::vector<std::vector<Piece>> pieces(blocks_);
     const double reach = width / 2 + 0.5;
     for (const Upright& line : lines) {
-        const Stroke stroke({line.x, line.y1}, {line.x, line.y2}, reach);
+        Point from{line.x, line.y1}, to{line.x, line.y2};
+        if (!Clip_Segment(Within(reach), from, to)) continue;
+        const Stroke stroke(from, to, reach);
         const Rows rows = Cover_Ends(stroke);
         const Eight beside = Ramp(-stroke.along_y * kWhole);
         Each_Block(line.x - reach, line.x + reach, [&](int column) {

@@ -74,6 +74,7 @@ bool Said_Its_End(const platform::Process& process) {
 void Begin_Keeping() {
     const std::string folder = State_Folder();
     if (folder.empty()) return;
+    platform::Sweep_Temporaries(folder);  // also those of runs whose log is lost
     for (const Past_Run& run : Past_Runs(folder)) {
         for (const std::string& written : run.folders) platform::Sweep_Temporaries(written);
         Forget_Run(folder, run);

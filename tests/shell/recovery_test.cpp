@@ -306,8 +306,12 @@ TEST_F(RecoveryTest, AStartSweepsWhatADeadProcessLeftInTheStateFolderItself) {
     });
     const auto files = [this] { return std::distance(fs::directory_iterator(Folder()), fs::directory_iterator()); };
     EXPECT_EQ(files(), 2) << "its log and its temporary";
+    for (const auto& entry : fs::directory_iterator(Folder()))
+        if (entry.path().extension() == ".run") fs::remove(entry.path());
+    EXPECT_EQ(files(), 1) << "a temporary whose log is lost";
     Begin_Keeping();
     EXPECT_EQ(files(), 1) << "the log of this one";
+    EXPECT_EQ(Kept(".run"), 1U);
 }
 
 TEST_F(RecoveryTest, TheTasksOfTheCopyCountAndThoseBesideTheFileWhereTheyCannotBeRead) {
