@@ -10,7 +10,6 @@
 #include "bench/beside.h"
 #include "bench/windows.h"
 #include "core/linkage_model.h"
-#include "desktop/graph_widget.h"
 #include "desktop/picture_widget.h"
 #include "output/cartesian.h"
 #include "output/polar.h"
@@ -115,7 +114,7 @@ void Trace(benchmark::State& state) {
         state, [&] { Play_Once(screen); }, [] {});
     // What a window that has another size costs afterwards, and how long it does not answer.
     desktop::Form& form = windows.qt.formOf(screen);
-    const auto* picture = form.findChild<desktop::PictureWidget*>();
+    const auto* picture = form.picture("Picture1");
     double longest = 0, whole = 0;
     form.resize(1360, 760);
     do {
@@ -191,7 +190,7 @@ void Graph_Of_Four(benchmark::State& state) {
     Model.PlotStyle = 1;
     windows.Open("frm_Plot1");
     auto& graph = plot.Get<platform::Graph>("grf_Plot", 0);
-    auto* widget = windows.qt.formOf(plot).findChild<desktop::GraphWidget*>();
+    QWidget* widget = windows.qt.formOf(plot).widget("grf_Plot", 0);
     const auto set = [&] {
         graph.GraphStyle = static_cast<int>(state.range(0));
         graph.ThickLines = static_cast<int>(state.range(1));
