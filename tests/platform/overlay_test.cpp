@@ -253,10 +253,10 @@ TEST(OverlayGrid, AValueMayReachToTheVeryEdge) {
     Overlay overlay;
     overlay.grid = Overlay::Grid{.sum = 14.0 / 64};
     const auto texts = Calls_Of(Drawn(overlay, {-502.0 / 64, 0, 8, 8, 512, 512}), "Text");
-    for (const auto& [x, y] : {std::pair{505.0, 497.0}, {3.0, 0.0}})
+    for (const auto& place : {std::pair{505.0, 497.0}, {3.0, 0.0}})
         EXPECT_TRUE(std::ranges::any_of(texts, [&](const Call& text) {
-            return text.numbers[0] == x && text.numbers[1] == y && text.words == "606060 0";
-        })) << x;
+            return text.numbers[0] == place.first && text.numbers[1] == place.second && text.words == "606060 0";
+        })) << place.first;
 }
 
 TEST(OverlayGrid, AValueStandsWhereItJustFitsUnderTheUpperEdgeOrBesideTheLegend) {
