@@ -58,7 +58,7 @@ TEST_F(Burmester_Curves, ADyadIsFoundByTheTurnToThePositionOfTheLeastMinorAndByT
         Task task = Random_Task(4);
         // Each of three positions in each place.
         for (int turned = 0; turned < 3; ++turned) {
-            std::ranges::rotate(task.positions.begin() + 1, task.positions.begin() + 2, task.positions.end());
+            std::rotate(task.positions.begin() + 1, task.positions.begin() + 2, task.positions.end());
             const auto carried = Carried_Through(task.positions);
             const auto minors = Minors(carried);
             std::size_t led = 1;

@@ -296,7 +296,9 @@ TEST_F(Searching, OfTheLinkagesWithOneLinkTheEightBestAreShownAndThreeOfEachThat
     for (std::size_t i = 0; i < expected.size(); ++i)
         EXPECT_EQ(found.solutions[i].linkage.other, expected[i].other) << i;
     std::size_t thrown_out = 0;
-    for (const auto& [refusal, linkages] : out) {
+    for (const auto& refused : out) {
+        const auto refusal = refused.first;
+        const auto& linkages = refused.second;
         const std::size_t most = std::min<std::size_t>(3, linkages.size());
         EXPECT_EQ(found.counts[static_cast<std::size_t>(refusal)], linkages.size());
         for (std::size_t i = 0; i < most; ++i)
