@@ -128,7 +128,7 @@ def places_to_choose(code, before):
 
 
 def with_choices(line, mutants, before):
-    """A line that is what `mutant_in_force` says, and those of its mutants for which it can be that."""
+    """A line that asks `is_mutant` what it is, and those of its mutants for which it can be that."""
     code = BLANKED.sub(lambda found: " " * len(found.group()), line).rstrip()
     chosen = []
     for begin, end, kind in sorted(places_to_choose(code, before), reverse=True):
@@ -137,7 +137,7 @@ def with_choices(line, mutants, before):
         text = {"statement": f"{{ {as_it_is} }}", "condition": f"bool({as_it_is})", "expression": f"({as_it_is})"}[kind]
         for m in here:
             other = as_it_is[:m["begin"] - begin] + m["put"] + as_it_is[m["end"] - begin:]
-            asked = f"mutant_in_force == {m['number']}"
+            asked = f"is_mutant({m['number']})"
             if kind == "statement":
                 text = f"if ({asked}) {{ {other} }} else {text}"
             elif kind == "condition":
