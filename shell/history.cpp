@@ -2,7 +2,8 @@
 #include "shell/history.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 #include "core/results.h"
@@ -27,8 +28,7 @@ struct Tables {
     std::vector<Single> drive, torque, flywheel, harmonics;
     bool operator==(const Tables& other) const {
         const auto same = [](const std::vector<Single>& a, const std::vector<Single>& b) {
-            return a.size() == b.size() &&
-                   (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(Single)) == 0);
+            return std::ranges::equal(std::as_bytes(std::span(a)), std::as_bytes(std::span(b)));
         };
         return same(drive, other.drive) && same(torque, other.torque) && same(flywheel, other.flywheel) &&
                same(harmonics, other.harmonics);
@@ -256,7 +256,6 @@ void History::Put_Values(const Moment& moment) {
 void History::Put_Tables(const Moment& moment) {
     Tables tables = *moment.tables;
     For_Tables(model_, tables, [](std::vector<Single>& table, auto& array, int row, int last) {
-        if (last < 0) return;
         std::copy_n(table.begin(), last + 1, array.Steps(0, last + 1, row));
         table.erase(table.begin(), table.begin() + last + 1);
     });
@@ -353,8 +352,7 @@ const History::Typed* History::Last_Taken_Back() const {
 }
 
 void History::To_Be_Typed(const platform::Control& control) {
-    auto* box = dynamic_cast<TextBox*>(const_cast<platform::Control*>(&control));
-    if (!box) return;
+    TextBox* box = &dynamic_cast<TextBox&>(const_cast<platform::Control&>(control));
     taken_back_.clear();
     const auto known = std::find_if(typed_.begin(), typed_.end(), [&](const Typed& typed) { return typed.box == box; });
     const bool goes_on = known != typed_.end() && box->Touched();

@@ -114,12 +114,10 @@ void Log_Going_On() noexcept {
 }
 
 void End_Run_Log() {
-    if (log_path.empty()) return;
     platform::Watch_Temporaries(nullptr);
     ::close(log_file.exchange(kNone));
     std::error_code none;
     fs::remove(log_path, none);
-    log_path.clear();
     noted.clear();
 }
 

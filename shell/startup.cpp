@@ -146,9 +146,7 @@ void Set_Identity() {
 
 std::string Version_Line() { return kReleaseYear + (" - Release " + Model.RevNumber) + " Rev " + Model.FileVersion; }
 
-void Find_Data_Folder() {
-    Model.FilePath = The_Desktop().Documents_Folder() + "/" + Model.ProgramTag.substr(0, 7) + "/";
-}
+void Find_Data_Folder() { Model.FilePath = The_Desktop().Documents_Folder() + "/" + Model.ProgramTag + "/"; }
 
 void Check_for_Crash() {
     std::string Context = "Unknown cause";

@@ -87,6 +87,28 @@ TEST_F(CopyTest, WhatIsNotWholeIsNoCopy) {
         EXPECT_FALSE(Copy_Of(text.substr(0, length))) << length;
     EXPECT_FALSE(Copy_Of(text + "x"));
     EXPECT_FALSE(Copy_Of("\"VERLINK\"\r\n"));
+    for (const std::string word : {"path ", "name ", "changed ", "size "}) {
+        std::string lacks = text;
+        const std::size_t line = lacks.find(word);
+        lacks.erase(line, lacks.find('\n', line) + 1 - line);
+        EXPECT_FALSE(Copy_Of(lacks)) << word;
+    }
+}
+
+TEST_F(CopyTest, OfCopiesThatWereLeftTheNewestComesFirst) {
+    platform::Process dead = platform::This_Process();
+    const std::string folder = Path("left/");
+    platform::Make_Folder(folder);
+    for (const int minutes : {3, 1, 5, 2, 4}) {
+        dead.start -= 1;
+        Model_Copy copy = Some_Copy("");
+        copy.changed += std::chrono::minutes(minutes);
+        copy.name = std::to_string(minutes);
+        platform::Write_File(Copy_File(folder, dead), Copy_Text(copy));
+    }
+    std::string names;
+    for (const Left_Copy& left : Left_Copies(folder)) names += left.copy.name;
+    EXPECT_EQ(names, "54321");
 }
 
 TEST_F(CopyTest, OnlyPlainFilesOfThatNameAreCopiesThatWereLeft) {

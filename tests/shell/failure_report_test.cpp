@@ -104,6 +104,14 @@ TEST_F(FailureReport, OfAFileEndsWithTheFileAndWhatIsTheMatterWithIt) {
         for (const char* path : {"a", "b", "a"})
             Guarded("Here", [&] { throw platform::RuntimeFailure(61, {path, true, "the disk is full"}); });
     }
+    desktop.Expect_Message(
+        "Error 75   (Path/File access error)  has occurred in Here\r\n\r\n"
+        "It has occurred 2 times in this run.\r\n\r\na\rcannot be read: it is a folder.");
+    {
+        const Told_As_One together;
+        for (int i = 0; i < 2; ++i)
+            Guarded("Here", [] { throw platform::RuntimeFailure(75, {"a", false, "it is a folder"}); });
+    }
     // The next failure is about no file.
     desktop.Expect_Message("Error 75   (Path/File access error)  has occurred in Here\r\n\r\n");
     Guarded("Here", [] { platform::Raise(75); });

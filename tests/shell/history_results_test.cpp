@@ -406,6 +406,57 @@ TEST_F(HistoryOfResults, WhatWasTakenBackInABoxIsGoneOnceTheModelHasChanged) {
     });
 }
 
+TEST_F(HistoryOfResults, WhatStandsTypedIsNoStepAnyMoreOnceTheModelHasChanged) {
+    With_A_Run([this](Screen& home) {
+        desktop.Expect_Screen("frm_MassProp", [&home](Screen& masses) {
+            Type(masses, "txt_Mass", 2, "0.5");
+            EXPECT_EQ(Steps().Undo_What(), "mass of link 2");
+            Do(home, [] { Model.LinkMass(3) = 2; });
+            EXPECT_NE(Steps().Undo_What(), "mass of link 2");
+            Steps().Undo();
+            EXPECT_NE(Model.LinkMass(3), 2);
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
+TEST_F(HistoryOfResults, WhoeverFollowsHearsWhetherSomethingIsBeingTyped) {
+    static std::vector<bool> told;
+    Steps().Follow([](bool typed) { told.push_back(typed); });
+    With_A_Run([this](Screen& home) {
+        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
+            const auto hears = [](const std::function<void()>& deed) {
+                told.clear();
+                deed();
+                return told;
+            };
+            EXPECT_TRUE(hears([&] { Type(masses, "txt_Mass", 2, "0.5"); }).back());
+            EXPECT_EQ(hears([] { Steps().Undo(); }), std::vector<bool>{false});
+            EXPECT_EQ(hears([] { Steps().Redo(); }), std::vector<bool>{false});
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
+TEST_F(HistoryOfResults, StepsOfAnEarlierModelKeepItsFileWhenALaterOneIsSaved) {
+    With_A_Run([](Screen& home) {
+        Model.FilePath = "/models/first.vlk";
+        Steps().Begin();
+        Do(home, [] { Model.LinkMass(2) = 1; });
+        Do(home, [] {
+            Model.LinkMass(2) = 2;
+            Model_Came_Unsaved();
+        });
+        Model.FilePath = "/models/second.vlk";
+        Model_Kept();
+        Steps().Undo();
+        EXPECT_EQ(Model.LinkMass(2), 1);
+        EXPECT_EQ(Model.FilePath, "/models/first.vlk");
+    });
+}
+
 TEST_F(HistoryOfResults, BeingTakenToAnotherStepIsNobodysDeed) {
     With_A_Run([](Screen& home) {
         Do(home, [] { Model.LinkMass(2) = 1; });

@@ -55,7 +55,7 @@ TEST_F(RunLogTest, TheFolderAndTheLogAreTheUsersAlone) {
 TEST(OneLine, HasWhatBreaksALineAndThePercentItselfByTheirNumbers) {
     EXPECT_EQ(In_One_Line("a\nb%\x01"), "a%0Ab%25%01");
     EXPECT_EQ(From_One_Line("a%0Ab%25%01"), "a\nb%\x01");
-    EXPECT_EQ(From_One_Line("%7E%1F"), "~\x1F");
+    EXPECT_EQ(From_One_Line("%7E%1F%09"), "~\x1F\t");
 }
 
 TEST(OneLine, KeepsWhatIsNoNumberOfTwoDigits) {
