@@ -76,7 +76,7 @@ std::vector<Left_Copy> Left_Copies(const std::string& folder) {
         if (!name.ends_with(kCopySuffix) || !entry->is_regular_file(none) || entry->is_symlink(none)) continue;
         name.resize(name.size() - kCopySuffix.size());
         const auto process = platform::Process_Of(name);
-        if (!process || *process == platform::This_Process() || platform::Runs(*process)) continue;
+        if (!process || platform::Runs(*process)) continue;
         std::string text;
         if (Failure_Of([&] { text = platform::Read_File(entry->path().string()); }) != 0) continue;
         if (auto copy = Copy_Of(text)) found.push_back({entry->path().string(), std::move(*copy)});
@@ -135,11 +135,10 @@ void Copy_Keeper::Freeze() {
 
 bool Copy_Keeper::Flush(milliseconds patience) {
     std::unique_lock lock(mutex_);
-    hurry_ = true;
+    hurry_ = !fresh_;
     failed_ = false;
     asked_.notify_all();
     done_.wait_for(lock, patience, [this] { return fresh_ || failed_; });
-    hurry_ = false;
     return fresh_;
 }
 
@@ -149,11 +148,13 @@ void Copy_Keeper::Work() {
         asked_.wait(lock, [this] { return !fresh_ || ending_; });
         if (fresh_) return;
         const Wish wish = wish_;
+        hurry_ = false;
         lock.unlock();
         const bool good = Do(wish);
         lock.lock();
         fresh_ = good && wish == wish_;
-        failed_ = !good;
+        hurry_ = hurry_ && !fresh_;
+        failed_ = !good && !hurry_;  // a flush that came meanwhile has its own try
         done_.notify_all();
         if (failed_ && ending_) return;
         asked_.wait_for(lock, good ? pause_ : kRetry, [this] { return ending_ || hurry_; });

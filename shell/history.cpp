@@ -270,10 +270,7 @@ void History::Make_Results_Anew(const Moment& moment) {
         Put_Tables(moment);
     }
     if (moment.flags.DynamicsDone) Solve_Forces(model_);
-    if (moment.flags.BalanceDone) {
-        Berkof_Setup(model_);
-        Berkof_Calc(model_, model_.BerkMass, model_.BerkRadius);
-    }
+    if (moment.flags.BalanceDone) Berkof_Calc(model_, model_.BerkMass, model_.BerkRadius);
 }
 
 void History::Put(const Moment& moment) {

@@ -74,13 +74,12 @@ bool Said_Its_End(const platform::Process& process) {
 void Begin_Keeping() {
     const std::string folder = State_Folder();
     if (folder.empty()) return;
-    platform::Sweep_Temporaries(folder);  // also those of runs whose log is lost
     for (const Past_Run& run : Past_Runs(folder)) {
         for (const std::string& written : run.folders) platform::Sweep_Temporaries(written);
         Forget_Run(folder, run);
     }
     Guarded("Begin_Keeping", [&] {
-        Begin_Run_Log(folder);
+        Begin_Run_Log(folder);  // sweeps the folder, too
         keeper = std::make_unique<Copy_Keeper>(Copy_File(folder, platform::This_Process()));
     });
 }
@@ -122,10 +121,7 @@ void Prepare_To_Leave(const char* why) {
 }
 
 void End_Keeping() {
-    if (keeper) {
-        keeper->Drop();
-        keeper->Flush();
-    }
+    if (keeper) keeper->Drop();
     keeper.reset();
     End_Run_Log();
     refused.clear();

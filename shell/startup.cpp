@@ -47,11 +47,9 @@ void Prepare_Screen_Data() {
     const platform::DisplaySize display = The_Desktop().Display();
     Model.AspectRatio = Divide(display.width_pixels, display.height_pixels);
     Model.AspectCorrection = 1;
-    Model.AspectActive = false;
     Model.AppPath = The_Desktop().Program_Folder();
     // The home screen notes where it comes to stand, which places all others, and how large screens are to be.
     Screens::Find("frm_HomeScreen");
-    Run_Dropped();
 }
 
 std::string Marker(const std::vector<std::string>& lines) {
@@ -217,7 +215,6 @@ void Sub_Main(const std::string& command_line) {
         platform::The_Settings().Open(The_Desktop().Settings_Folder());
         Set_Identity();
         Model.JustStarted = true;
-        The_History().Begin();
         Prepare_Screen_Data();
         Check_for_Crash();
         if (The_Desktop().Ending()) return;

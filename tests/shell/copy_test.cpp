@@ -2,6 +2,7 @@
 #include "shell/copy.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <thread>
@@ -124,7 +125,11 @@ TEST_F(CopyTest, OnlyPlainFilesOfThatNameAreCopiesThatWereLeft) {
     leave(left);
     leave(platform::Name_Of(next()) + ".kept");
     leave("no process.copy");
-    leave(platform::Name_Of(platform::This_Process()) + ".copy");
+    platform::Process parent = platform::This_Process();
+    parent.number = ::getppid();
+    parent.start = 0;
+    for (const platform::Process& running : {platform::This_Process(), parent})
+        leave(platform::Name_Of(running) + ".copy");
     std::filesystem::create_symlink(folder + left, folder + platform::Name_Of(next()) + ".copy");
     std::filesystem::create_directory(folder + platform::Name_Of(next()) + ".copy");
     platform::Write_File(folder + platform::Name_Of(next()) + ".copy", "something else");
@@ -187,9 +192,36 @@ TEST_F(CopyTest, AFlushWaitsForTheDiskAndForNoRest) {
     Copy_Keeper keeper(File(), 1h);
     for (const char* content : {"first", "second", "third"}) {
         keeper.Keep(Some_Model(content));
+        std::this_thread::sleep_for(2ms);  // it is at rest again
         ASSERT_TRUE(keeper.Flush(1h)) << "it is woken once the copy lies there";
         EXPECT_EQ(Held()->content, content);
     }
+    keeper.Keep(Some_Model("fourth"));
+    EXPECT_FALSE(Comes("fourth", 20ms)) << "the hurry is over";
+    ASSERT_TRUE(keeper.Flush());
+    ASSERT_TRUE(keeper.Flush()) << "nothing to hurry for";
+    keeper.Keep(Some_Model("fifth"));
+    EXPECT_FALSE(Comes("fifth", 20ms));
+}
+
+TEST_F(CopyTest, WhatIsKeptAlreadyIsNotWrittenAgainAndWhatIsNamedOtherwiseIs) {
+    Copy_Keeper keeper(File(), 1h);
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(keeper.Flush());
+    std::filesystem::remove(File());
+    keeper.Keep(Some_Model("first"));
+    ASSERT_TRUE(keeper.Flush());
+    EXPECT_FALSE(Held()) << "it was not written again";
+    Model_To_Copy other = Some_Model("first");
+    other.path = "/models/other.vlk";
+    keeper.Keep(other);
+    ASSERT_TRUE(keeper.Flush());
+    ASSERT_TRUE(Held());
+    EXPECT_EQ(Held()->path, "/models/other.vlk");
+    other.name = "other";
+    keeper.Keep(other);
+    ASSERT_TRUE(keeper.Flush());
+    EXPECT_EQ(Held()->name, "other");
 }
 
 TEST_F(CopyTest, AFrozenCopyStaysAsItIs) {
@@ -227,12 +259,14 @@ TEST_F(CopyTest, TheEndComesAlsoWhereNothingCanBeWritten) {
 }
 
 TEST_F(CopyTest, AFlushTriesAgainWhatHasFailed) {
-    Copy_Keeper keeper(Path("folder/copy"), 1h);
-    keeper.Keep(Some_Model("first"));
-    ASSERT_FALSE(keeper.Flush());
-    platform::Make_Folder(Path("folder"));
-    EXPECT_TRUE(keeper.Flush());
-    EXPECT_TRUE(Copy_Of(platform::Read_File(Path("folder/copy"))));
+    for (const std::string folder : {"one", "two", "three", "four", "five"}) {
+        Copy_Keeper keeper(Path(folder + "/copy"), 1h);
+        keeper.Keep(Some_Model("first"));
+        ASSERT_FALSE(keeper.Flush());
+        platform::Make_Folder(Path(folder));
+        EXPECT_TRUE(keeper.Flush());
+        EXPECT_TRUE(Copy_Of(platform::Read_File(Path(folder + "/copy"))));
+    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/deed.h"
 #include "shell/history.h"
 #include "shell/startup.h"
 #include "tests/support/fixture.h"
@@ -39,6 +40,21 @@ class HistoryTest : public Fixture {
     static void Redo(Screen& screen) { Pick_Menu(screen, "mnu_Redo"); }
     static std::string Caption_Of(Screen& screen, const char* entry) { return screen.Get<MenuEntry>(entry).Caption; }
     static std::string Told(Screen& screen) { return screen.Get<Label>("lbl_Model").Caption; }
+};
+
+class HistoryOfResults : public HistoryTest {
+   protected:
+    /// The user has been on the input screen, so that a run stands.
+    void With_A_Run(const std::function<void(Screen&)>& deeds) {
+        At_Home([this, deeds](Screen& home) {
+            On_Input(home, [](Screen& input) { Press(input, "cmd_Cancel"); });
+            deeds(home);
+        });
+    }
+    static void Do(Screen& home, const std::function<void()>& what) {
+        const Deed deed(home.Get<CommandButton>("cmd_Input"));
+        what();
+    }
 };
 
 }  // namespace verlink::test

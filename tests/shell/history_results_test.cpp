@@ -1,4 +1,4 @@
-// What comes back with a step beside the values of the model, what is typed meanwhile, and who is told.
+// What comes back with a step beside the values of the model, and who is told.
 #include "core/results.h"
 #include "core/results_turns.h"
 #include "core/text.h"
@@ -11,25 +11,6 @@
 #include "tests/shell/history_fixture.h"
 
 namespace verlink::test {
-
-namespace {
-
-class HistoryOfResults : public HistoryTest {
-   protected:
-    /// The user has been on the input screen, so that a run stands.
-    void With_A_Run(const std::function<void(Screen&)>& deeds) {
-        At_Home([this, deeds](Screen& home) {
-            On_Input(home, [](Screen& input) { Press(input, "cmd_Cancel"); });
-            deeds(home);
-        });
-    }
-    static void Do(Screen& home, const std::function<void()>& what) {
-        const Deed deed(home.Get<CommandButton>("cmd_Input"));
-        what();
-    }
-};
-
-}  // namespace
 
 TEST_F(HistoryOfResults, ABalanceComesBackWithItsFlywheelAndItsForces) {
     With_A_Run([](Screen& home) {
@@ -168,82 +149,6 @@ TEST_F(HistoryOfResults, ANewBeginningForgetsWhatWasDoneUndoneTypedAndDragged) {
     });
 }
 
-TEST_F(HistoryOfResults, WhatIsTypedIntoSeveralBoxesIsTakenBackTheLatestFirstAndTypedAgainInItsOrder) {
-    With_A_Run([this](Screen& home) {
-        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
-            const auto in = [&](int link) { return masses.Text("txt_Mass", link).Text.Get(); };
-            const std::string two = in(2), three = in(3);
-            Type(masses, "txt_Mass", 2, "0.5");
-            Type(masses, "txt_Mass", 3, "0.25");
-            Type(masses, "txt_Mass", 2, "0.75");
-            EXPECT_EQ(Steps().Undo_What(), "mass of link 2");
-            Steps().Undo();
-            EXPECT_EQ(in(2), two) << "as it was before anything was typed there";
-            EXPECT_EQ(in(3), "0.25");
-            EXPECT_EQ(Steps().Undo_What(), "mass of link 3");
-            EXPECT_EQ(Steps().Redo_What(), "mass of link 2");
-            Steps().Undo();
-            EXPECT_EQ(in(3), three);
-            EXPECT_FALSE(Steps().Can_Undo());
-            EXPECT_EQ(Steps().Undo_What(), "");
-            EXPECT_EQ(Steps().Redo_What(), "mass of link 3");
-            Steps().Redo();
-            EXPECT_EQ(in(3), "0.25");
-            EXPECT_EQ(masses.Focus(), &masses.Text("txt_Mass", 3));
-            EXPECT_EQ(Steps().Redo_What(), "mass of link 2");
-            Steps().Redo();
-            EXPECT_EQ(in(2), "0.75");
-            EXPECT_FALSE(Steps().Can_Redo());
-            EXPECT_EQ(Steps().Redo_What(), "");
-            Steps().Undo();
-            EXPECT_EQ(in(2), two);
-            Type(masses, "txt_Mass", 4, "2");
-            EXPECT_FALSE(Steps().Can_Redo()) << "something else was typed";
-            Type(masses, "txt_Mass", 4, masses.Text("txt_Mass", 4).Text.Get());
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
-        EXPECT_FALSE(Steps().Can_Undo()) << "what was typed there is no step of this screen";
-        EXPECT_FALSE(Steps().Can_Redo());
-    });
-}
-
-TEST_F(HistoryOfResults, AStepThatWasUndoneComesAgainBeforeWhatWasTypedBehindIt) {
-    With_A_Run([this](Screen& home) {
-        Do(home, [] { Model.LinkMass(2) = 0.5; });
-        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
-            Type(masses, "txt_Mass", 3, "0.25");
-            Steps().Undo();
-            EXPECT_EQ(Steps().Redo_What(), "mass of link 3");
-            Steps().Undo();
-            EXPECT_NE(Model.LinkMass(2), 0.5);
-            EXPECT_NE(Steps().Redo_What(), "mass of link 3");
-            Steps().Redo();
-            EXPECT_EQ(Model.LinkMass(2), 0.5);
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
-    });
-}
-
-TEST_F(HistoryOfResults, ATextThatIsTypedBackToWhatItWasLeavesNothingToTakeBack) {
-    With_A_Run([this](Screen& home) {
-        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
-            const std::string two = masses.Text("txt_Mass", 2).Text;
-            Type(masses, "txt_Mass", 2, "0.5");
-            EXPECT_TRUE(Steps().Can_Undo());
-            Type(masses, "txt_Mass", 2, two);
-            EXPECT_FALSE(Steps().Can_Undo());
-            Type(masses, "txt_Mass", 2, "0.5");
-            Steps().Undo();
-            masses.Text("txt_Mass", 2).Type("7");
-            EXPECT_FALSE(Steps().Can_Undo()) << "what comes into the box otherwise is another matter";
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
-    });
-}
-
 TEST_F(HistoryOfResults, WhatTheProgramChangesByItselfIsNoStepLeavesTheModelUnmodifiedAndIsTold) {
     With_A_Run([](Screen& home) {
         static std::string heard;
@@ -322,6 +227,32 @@ TEST_F(HistoryOfResults, AModelThatHadANameOfItsOwnBeforeASaveKeepsIt) {
     });
 }
 
+TEST_F(HistoryOfResults, AStepIsSavedWhereTheFileHasTheSameThoughItWasWrittenAgain) {
+    With_A_Run([](Screen& home) {
+        const auto mass = [&home](Single value) {
+            Do(home, [value] {
+                Model.LinkMass(2) = value;
+                Model_Unsaved();
+            });
+        };
+        const auto save = [] {
+            Model_Saved();
+            Model_Kept();
+        };
+        mass(1);
+        save();
+        mass(2);
+        mass(1);
+        save();
+        Steps().Undo();
+        EXPECT_FALSE(Model.SavedFlag);
+        Steps().Undo();
+        EXPECT_EQ(Model.LinkMass(2), 1);
+        EXPECT_FALSE(Modified());
+        EXPECT_TRUE(Model.SavedFlag);
+    });
+}
+
 TEST_F(HistoryOfResults, OffTheInputScreenARunThatComesBackCounts) {
     With_A_Run([](Screen& home) {
         Run_Held_Back();
@@ -389,54 +320,6 @@ TEST_F(HistoryOfResults, SettingsThatTheFileHasComeBackWithTheStep) {
         EXPECT_EQ(Model.PrintStep, 12);
         EXPECT_EQ(Model.LineAngle, 22);
         EXPECT_EQ(Model.FigureTitle, "Figure 2");
-    });
-}
-
-TEST_F(HistoryOfResults, WhatWasTakenBackInABoxIsGoneOnceTheModelHasChanged) {
-    With_A_Run([this](Screen& home) {
-        desktop.Expect_Screen("frm_MassProp", [&home](Screen& masses) {
-            Type(masses, "txt_Mass", 2, "0.5");
-            Steps().Undo();
-            EXPECT_TRUE(Steps().Can_Redo());
-            Do(home, [] { Model.LinkMass(3) = 2; });
-            EXPECT_FALSE(Steps().Can_Redo());
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
-    });
-}
-
-TEST_F(HistoryOfResults, WhatStandsTypedIsNoStepAnyMoreOnceTheModelHasChanged) {
-    With_A_Run([this](Screen& home) {
-        desktop.Expect_Screen("frm_MassProp", [&home](Screen& masses) {
-            Type(masses, "txt_Mass", 2, "0.5");
-            EXPECT_EQ(Steps().Undo_What(), "mass of link 2");
-            Do(home, [] { Model.LinkMass(3) = 2; });
-            EXPECT_NE(Steps().Undo_What(), "mass of link 2");
-            Steps().Undo();
-            EXPECT_NE(Model.LinkMass(3), 2);
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
-    });
-}
-
-TEST_F(HistoryOfResults, WhoeverFollowsHearsWhetherSomethingIsBeingTyped) {
-    static std::vector<bool> told;
-    Steps().Follow([](bool typed) { told.push_back(typed); });
-    With_A_Run([this](Screen& home) {
-        desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
-            const auto hears = [](const std::function<void()>& deed) {
-                told.clear();
-                deed();
-                return told;
-            };
-            EXPECT_TRUE(hears([&] { Type(masses, "txt_Mass", 2, "0.5"); }).back());
-            EXPECT_EQ(hears([] { Steps().Undo(); }), std::vector<bool>{false});
-            EXPECT_EQ(hears([] { Steps().Redo(); }), std::vector<bool>{false});
-            Press(masses, "cmd_Cancel");
-        });
-        Press(home, "cmd_Dynamics");
     });
 }
 

@@ -53,7 +53,7 @@ TEST_F(RunLogTest, TheFolderAndTheLogAreTheUsersAlone) {
 }
 
 TEST(OneLine, HasWhatBreaksALineAndThePercentItselfByTheirNumbers) {
-    EXPECT_EQ(In_One_Line("a\nb%\x01"), "a%0Ab%25%01");
+    EXPECT_EQ(In_One_Line("a \nb%\x01"), "a %0Ab%25%01");
     EXPECT_EQ(From_One_Line("a%0Ab%25%01"), "a\nb%\x01");
     EXPECT_EQ(From_One_Line("%7E%1F%09"), "~\x1F\t");
 }
@@ -70,6 +70,13 @@ TEST_F(RunLogTest, AKilledProcessIsAPastRunWithoutAnEnd) {
     ASSERT_EQ(runs.size(), 1U);
     EXPECT_EQ(runs[0].end, "");
     Forget_Run(Folder(), runs[0]);
+    EXPECT_TRUE(Past_Runs(Folder()).empty());
+}
+
+TEST_F(RunLogTest, AFileThatIsNamedLikeAProcessAndIsNoLogIsNoPastRun) {
+    Live_And_Die([this] { Begin_Run_Log(Folder()); });
+    for (const auto& entry : std::filesystem::directory_iterator(Folder()))
+        std::filesystem::rename(entry.path(), std::filesystem::path(entry.path()).replace_extension(".bak"));
     EXPECT_TRUE(Past_Runs(Folder()).empty());
 }
 
@@ -108,6 +115,8 @@ TEST_F(RunLogTest, ALogThatIsBegunAnewNotesItsFoldersAnewAndHasSaidNoEnd) {
         Begin_Run_Log(Folder());
         platform::Write_File(Path("press.vlk"), "x");
         Log_End("SIGTERM");
+        End_Run_Log();
+        platform::Write_File(Path("press.vlk"), "between");
         Begin_Run_Log(Folder());
         platform::Write_File(Path("press.vlk"), "x");
     });

@@ -300,7 +300,10 @@ TEST_F(StartupTest, TheStartTakesBackWhateverTheRecordHeld) {
         EXPECT_TRUE(Model.JustStarted);
         EXPECT_FALSE(Modified());
         EXPECT_FALSE(The_History().Can_Undo());
-        EXPECT_TRUE(Screens::Get("frm_HomeScreen").Caption().Get().ends_with(Model.TitleSuffix));
+        Screen& home = Screens::Get("frm_HomeScreen");
+        EXPECT_TRUE(home.Caption().Get().ends_with(Model.TitleSuffix));
+        EXPECT_EQ(home.Get<Label>("lbl_Status", 0).Caption.Get(), "Calculated");
+        EXPECT_EQ(home.Get<Label>("lbl_Status", 7).Caption.Get(), "Cognate 1");
         Press(title, "cmd_Abort");
     });
     desktop.Expect_Screen("frm_Quit", [](Screen& quit) { Press(quit, "cmd_YesQuit"); });
