@@ -35,7 +35,7 @@ std::string Csv(const std::vector<Column>& columns) {
     std::string table;
     for (const Column& column : columns) table += (table.empty() ? "" : ",") + Csv_Field(column.name);
     table += '\n';
-    const std::size_t rows = columns.empty() ? 0 : columns.front().values.size();
+    const std::size_t rows = columns.front().values.size();
     for (std::size_t row = 0; row < rows; ++row) {
         for (const Column& column : columns)
             table += (&column == &columns.front() ? "" : ",") + Shortest(column.values[row]);

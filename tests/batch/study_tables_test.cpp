@@ -64,9 +64,12 @@ TEST_F(Study_Tables, ASummaryCountsWhatIsKeptAndWhatHasNoNumber) {
 }
 
 TEST_F(Study_Tables, SensitivitiesOfTheSpeedItself) {
-    const Outcome outcome = Run(ModelText(), {"--sensitivity", "--tolerance", "Omega2Input=0.75", "--tolerance",
-                                              "Rpa=0.5:uniform", "--measure", "max Omega2"});
+    const Words words = {"--sensitivity",   "--tolerance", "Omega2Input=0.75", "--tolerance",
+                         "Rpa=0.5:uniform", "--measure",   "max Omega2"};
+    const Outcome outcome = Run(ModelText(), words);
     ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(Run(ModelText(), Joined(words, {"--csv", Path("a.csv")})).out, "");
+    EXPECT_EQ(Read(Path("a.csv")), outcome.out);
     const CsvTable table = outcome.Table();
     ASSERT_EQ(table.Rows(), 2);
     EXPECT_EQ(table.Text(0, "Measure"), "max Omega2");

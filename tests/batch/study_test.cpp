@@ -159,7 +159,17 @@ TEST_F(Studies, PartsThatDoNotBelongTogetherAreTold) {
     EXPECT_EQ(fault({one, two, twin, three}), "verlink-batch: " + twin + " and " + two + " are both shard 2/3\n");
     EXPECT_EQ(fault({one, two, Write("model.csv", "a\nb\nc\n")}),
               "verlink-batch: " + Path("model.csv") + " is no part of a study\n");
-    const std::string content = Read(two);
+    // Each of what the first lines say counts.
+    const std::string content = Read(two), head = Lines(content, 2);
+    const auto instead = [&](const std::string& was, const std::string& is) {
+        std::string edited = head;
+        EXPECT_NE(edited.find(was), std::string::npos) << was;
+        edited.replace(edited.find(was), was.size(), is);
+        return Write("edited.csv", edited + content.substr(head.size()));
+    };
+    for (const std::string& edited : {instead("# study ", "# study f"), instead(" 2/3 of ", " 2/4 of "),
+                                      instead(" of ", " of 1"), instead("Linkage,", "Linkages,")})
+        EXPECT_EQ(fault({one, edited}), "verlink-batch: " + edited + " is of another study than " + one + "\n");
     Write("2", content.substr(0, content.size() - 5));
     EXPECT_EQ(fault({one, two, three}), "verlink-batch: " + two + " breaks off: run its shard again\n");
     Write("2", Lines(content, 60));
@@ -223,6 +233,14 @@ TEST_F(Studies, ResumeLeavesTheRowsOfAnotherStudyAlone) {
     EXPECT_EQ(Read(Path("rows.csv.part")), Lines(whole, 300));
 }
 
+TEST_F(Studies, LimitsOfTheModelThatAreRefusedAreToldAndNothingIsMade) {
+    const Outcome refused = Run(ModelText().Angles("45", "45", "10"), Joined(Small(), {"--csv", Path("a.csv")}));
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_NE(refused.err, "");
+    EXPECT_FALSE(std::filesystem::exists(Path("a.csv")));
+}
+
 TEST_F(Studies, WhatDoesNotGoTogetherIsTold) {
     const auto with = [](const Words& more) { return Joined({"--measure", "closes"}, more); };
     EXPECT_EQ(Refused({"--sweep", "L2=1:2:3"}), "verlink-batch: a study wants a --measure");
@@ -238,6 +256,10 @@ TEST_F(Studies, WhatDoesNotGoTogetherIsTold) {
     EXPECT_EQ(Refused(with({"--shard", "0-16"})),
               "verlink-batch: --shard wants K/N, K from 1 to N, not \"0-16\"; did you mean 1/16?");
     EXPECT_EQ(Refused(with({"--shard", "3"})), "verlink-batch: --shard wants K/N, K from 1 to N, not \"3\"");
+    EXPECT_EQ(Refused(with({"--shard", "1/x"})), "verlink-batch: --shard wants K/N, K from 1 to N, not \"1/x\"");
+    EXPECT_EQ(Refused(with({"--threads", "1025"})),
+              "verlink-batch: --threads wants a whole number from 1 to 1024, not \"1025\"");
+    EXPECT_EQ(Run(ModelText(), with({"--sweep", "L2=1:2:3", "--threads", "1024"})).status, 0);
     EXPECT_EQ(Refused(with({"--threads", "0"})),
               "verlink-batch: --threads wants a whole number from 1 to 1024, not \"0\"");
     EXPECT_EQ(Refused(with({"--sweep", "L2=1:2"})),

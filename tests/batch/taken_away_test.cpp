@@ -114,6 +114,15 @@ TEST_F(TakenAwayFiles, AWorkbookOfATransformHasItsHarmonics) {
             EXPECT_EQ(Stored(book.numbers.at("Transform!" + Letters(part + 1) + std::to_string(row + 4))),
                       Stored(table.At(row, parts[part])));
     EXPECT_GT(table.Rows(), 10);
+    EXPECT_FALSE(book.numbers.contains("Transform!A" + std::to_string(table.Rows() + 4)));
+    // Also where nothing else asks for it.
+    ASSERT_EQ(Run(ModelText(), {"--fft", "Veloc CP:Ang", "--xlsx", Path("b.xlsx")}).status, 0);
+    const Xlsx_Read alone = Read_Xlsx(Path("b.xlsx"));
+    EXPECT_EQ(alone.texts.at("Transform!B1"), "Veloc CP Ang");
+    EXPECT_EQ(alone.numbers, book.numbers);
+    const Outcome still = Run(ModelText().Set(kCalctype, "1"), {"--fft", "Veloc CP:Ang", "--xlsx", Path("c.xlsx")});
+    EXPECT_EQ(still.status, 1);
+    EXPECT_NE(still.err.find("verlink-batch: one position has no transform\n"), std::string::npos) << still.err;
 }
 
 TEST_F(TakenAwayFiles, ADrawingHasTheLinkageAtItsFirstPositionThatCloses) {
@@ -179,7 +188,9 @@ TEST_F(TakenAwayFiles, AGraphIsAPictureOfAnyKindWhereSomebodyHasLetters) {
 }
 
 TEST_F(TakenAwayFiles, AFilmIsTheRunInItsOwnTime) {
-    ASSERT_EQ(Run(ModelText().Set(kOmega2, "5"), {"--motion", Path("a.gif")}).status, 0);
+    const Outcome ran = Run(ModelText().Set(kOmega2, "5"), {"--motion", Path("a.gif")});
+    ASSERT_EQ(ran.status, 0);
+    EXPECT_EQ(ran.err, "");
     const Gif_Read film = Read_Gif(Read(Path("a.gif")));
     EXPECT_EQ(film.wide, 540);
     ASSERT_EQ(film.frames.size(), 36U + 1) << "each step of ten degrees";
