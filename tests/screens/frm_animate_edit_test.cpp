@@ -115,8 +115,11 @@ TEST_F(AnimateEdit, RecalcSolvesTheRunAndOpensTheWayOn) {
         Balance_Holds();
         Model.DiskFile = true;
         Model.ScreenReturn = false;
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
         Press(form, "cmd_Recalc");
         Expect_Ready();
+        EXPECT_EQ(form.hsc_step.Value(), 0);
         EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 1.2, 1e-6);
         EXPECT_EQ(Model.NSteps, 18);
         EXPECT_EQ(form.hsc_step.Max(), 18);

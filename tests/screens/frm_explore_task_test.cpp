@@ -62,6 +62,7 @@ TEST_F(ExploreTask, IsShownInTheUnitsOfTheModel) {
     design::Task task = Four();
     task.left.fixed.is = design::Area::Is::kWithin;
     task.left.fixed.high = {4, 2};
+    task.positions[3].at = {6.0012345, 4.5};
     task.shortest = 0.5;
     task.longest = 20;
     Model.DesignTask = design::Task_Text(task);
@@ -69,6 +70,7 @@ TEST_F(ExploreTask, IsShownInTheUnitsOfTheModel) {
     Use_Units(5);
     Inside([&] {
         EXPECT_EQ(form.txt_X[2].Text, "76.2");
+        EXPECT_EQ(form.txt_X[4].Text, "152.431");
         EXPECT_EQ(form.txt_Angle[2].Text, "20");
         EXPECT_EQ(form.txt_Area[0].Text, "0 0 to 101.6 50.8");
         EXPECT_EQ(form.txt_Limit[0].Text, "12.7");

@@ -197,8 +197,10 @@ TEST_F(Explore, TheFilterPassesWhatItSaysAndTheLineTellsHowMany) {
         for (const Solution& solution : form.Shown()) open += solution.judgement.open ? 1 : 0;
         form.cmb_Circuit.Choose(1);
         EXPECT_EQ(form.Shown().size(), open);
+        for (const Solution& solution : form.Shown()) EXPECT_TRUE(solution.judgement.open);
         form.cmb_Circuit.Choose(2);
         EXPECT_EQ(form.Shown().size(), all - open);
+        for (const Solution& solution : form.Shown()) EXPECT_FALSE(solution.judgement.open);
         form.cmb_Circuit.Choose(0);
         Type(form, "txt_Least", platform::kNoIndex, "60");
         Leave_Box();

@@ -177,7 +177,7 @@ TEST_F(Activation, AnglesShowTheirLimitsAndTheDirectionOfTheBar) {
     Show([&] {
         for (int i = 0; i <= 3; ++i) EXPECT_TRUE(input.txt_initial[i].Visible) << i;
         EXPECT_FALSE(input.txt_initial[4].Visible);
-        EXPECT_EQ(input.lbl_Unit[1].Caption, "deg");
+        for (int i = 0; i <= 2; ++i) EXPECT_EQ(input.lbl_Unit[i].Caption, "deg") << i;
         EXPECT_TRUE(input.pnl_cw.Visible);
         EXPECT_TRUE(input.pnl_ccw.Visible);
         EXPECT_FALSE(input.pnl_time.Visible);
@@ -204,7 +204,7 @@ TEST_F(Activation, TimesShowTheirLimitsWithTheModelsStartAngleAndAcceleration) {
         EXPECT_EQ(input.txt_Thetazero.Text, "30");
         EXPECT_TRUE(input.txt_initial[4].Visible);
         EXPECT_EQ(input.lbl_Initial[0].Caption, "Start Time");
-        EXPECT_EQ(input.lbl_Unit[2].Caption, "sec");
+        for (int i = 0; i <= 2; ++i) EXPECT_EQ(input.lbl_Unit[i].Caption, "sec") << i;
         EXPECT_FALSE(input.pnl_cw.Visible);
         EXPECT_FALSE(input.pnl_ccw.Visible);
         EXPECT_TRUE(input.pnl_time.Visible);

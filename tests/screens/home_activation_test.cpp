@@ -39,6 +39,14 @@ class HomeActivationTest : public Fixture {
     frm_HomeScreen& home = dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen"));
 };
 
+TEST_F(HomeActivationTest, ItComesUpInTheMiddleOfTheDisplayAndOthersGoByItsTop) {
+    EXPECT_EQ(home.Left(), (desktop.Size.width - home.Width()) / 2);
+    EXPECT_EQ(home.Top(), (desktop.Size.height - home.Height()) / 2);
+    EXPECT_EQ(Model.HomeTop, home.Top());
+    EXPECT_EQ(Model.ScreenWidth, home.Width());
+    EXPECT_EQ(Model.ScreenHeight, home.Height());
+}
+
 TEST_F(HomeActivationTest, TheFirstActivationTellsThePathForSavedFilesAndTheNextDoesNot) {
     Model.JustStarted = true;
     Model.FilePath = "/home/ada/VERLINK/";

@@ -72,6 +72,7 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
         EXPECT_EQ(form.live.Slots[3]->cmb_LiveVar.Text, "Veloc CP");
         EXPECT_EQ(form.live.Slots[3]->cmb_LiveCom.Text, "Ang");
         EXPECT_FALSE(Own(0).Visible);
+        EXPECT_FALSE(Own(0).InLine);
         for (int slot = 1; slot <= 4; ++slot) {
             EXPECT_TRUE(Own(slot).Visible);
             EXPECT_EQ(Own(slot).NumSets(), 1);

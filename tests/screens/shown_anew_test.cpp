@@ -38,7 +38,11 @@ class ShownAnew : public Forces {
             if (const auto* visual = dynamic_cast<const Visual*>(control)) {
                 said[name + " is on"] = Word(visual->Enabled);
                 said[name + " is shown"] = Word(visual->Visible);
+                said[name + " has the tip"] = visual->Tip.Get();
+                said[name + " is coloured"] = std::to_string(visual->BackColor);
             }
+            if (const auto* bar = dynamic_cast<const ScrollBar*>(control))
+                said[name + " ends"] = std::to_string(bar->Max());
             if (const auto* entry = dynamic_cast<const MenuEntry*>(control))
                 said[name + " is on"] = Word(entry->Enabled);
         }
@@ -57,7 +61,11 @@ class ShownAnew : public Forces {
             if (auto* visual = dynamic_cast<Visual*>(control)) {
                 if (meant(name + " is on")) visual->Enabled = !visual->Enabled;
                 if (meant(name + " is shown")) visual->Visible = !visual->Visible;
+                if (meant(name + " has the tip")) visual->Tip = "spoilt";
+                if (meant(name + " is coloured")) visual->BackColor = 0x123456;
             }
+            if (auto* bar = dynamic_cast<ScrollBar*>(control); bar && meant(name + " ends"))
+                bar->SetMax(bar->Max() + 7);
             auto* entry = dynamic_cast<MenuEntry*>(control);
             if (entry && meant(name + " is on")) entry->Enabled = !entry->Enabled;
         }
@@ -228,7 +236,7 @@ TEST_F(ShownAnew, DyadsOfTheScreensOfSynthesisAsTheyAreArrivedAt) {
 TEST_F(ShownAnew, OnTheDynamicsScreen) { Expect_Said_Again("frm_MassProp"); }
 TEST_F(ShownAnew, OnTheInputScreen) {
     // No step touches these.
-    Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says"});
+    Expect_Said_Again("frm_Inputnew", {"cmd_PlotPrint is on", "hsc_step is on", "lbl_Why says", "lbl_Why has the tip"});
 }
 TEST_F(ShownAnew, TheTicksOfAnImportedTorqueAndOfTheCognate) {
     const auto undone = [this](const char* name, const std::function<void()>& deed,
