@@ -113,7 +113,7 @@ void frm_FFT::Fill_Harmonics() {
     cmb_Harmonics.Clear();
     const Integer half = Model.NSteps / 2.0;
     cmb_Harmonics.AddItem(Text_Of(half));
-    for (int i = 2; i <= half && half / i >= 3; ++i)
+    for (int i = 2; half / i >= 3; ++i)
         if (half % i == 0) cmb_Harmonics.AddItem(Text_Of(half / i));
 }
 

@@ -253,11 +253,11 @@ void Joint_Hand::Key(const Picture_Key& key) {
 
 /// A number begun while a joint is held is meant for the value that the joint changes.
 void Joint_Hand::Begin_Typing(const std::string& digit) {
-    int box = 4;
+    int box = 4;  // of the coupler point
     switch (*joint_) {
         case Joint::kA: box = 1; break;
         case Joint::kB: box = coupler_ ? 2 : 3; break;
-        case Joint::kP: box = 4; break;
+        case Joint::kP: break;
         case Joint::kO4: box = Model.PolarCoords ? 0 : 15; break;
     }
     platform::TextBox& target = screen_.txt_Linkout[box];

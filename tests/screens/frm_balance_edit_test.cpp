@@ -145,6 +145,15 @@ TEST_F(BalanceEdit, ACoefficientTypedCalculates) {
     EXPECT_NEAR(Model.RunTable.FlywheelTorque(9) - average, 2 * (first - average), 1e-2);
 }
 
+TEST_F(BalanceEdit, BehindACoefficientOfOneAnotherOneIsTaken) {
+    Enter_In("txt_Fluct", kNone, "1");
+    EXPECT_TRUE(Calculated());
+    Fill("txt_Fluct", kNone, "0.5");
+    form.cmd_back.SetFocus();
+    EXPECT_EQ(form.txt_Fluct.Text, "0.5");
+    EXPECT_TRUE(Calculated());
+}
+
 TEST_F(BalanceEdit, ACoefficientThatIsNotPositiveIsRefused) {
     for (const char* text : {"0", "-0.1", ""}) {
         Expect_Fluct_Refused();

@@ -72,9 +72,13 @@ TEST_F(Leave, TheWordFigureAndAnEmptyTitleLeaveTheTitleAsItWas) {
 TEST_F(Leave, TheAnimateButtonGoesThereWithTheFirstPosition) {
     Show([&] {
         Calculate_Now();
+        for (const char* way : {"cmd_Animate", "cmd_Plot"})
+            EXPECT_TRUE(Screens::Get("frm_HomeScreen").Get<platform::CommandButton>(way).Enabled) << way;
+        Model.CurrentStep = 5;
         desktop.Expect_Screen("frm_Animate", [&](Screen& screen) {
             EXPECT_FALSE(input.Visible());
             EXPECT_FALSE(Model.InputScreenOpen);
+            EXPECT_EQ(Model.CurrentStep, 1) << "the first position is shown, and the second comes next";
             screen.Hide();
         });
         Press(input, "cmd_Animate");

@@ -47,6 +47,34 @@ TEST_F(HomeActivationTest, ItComesUpInTheMiddleOfTheDisplayAndOthersGoByItsTop) 
     EXPECT_EQ(Model.ScreenHeight, home.Height());
 }
 
+TEST_F(HomeActivationTest, TheSizeThatWasChosenIsKeptFromSessionToSession) {
+    EXPECT_TRUE(home.Picture1.Magnifies);
+    const auto next_session = [] {
+        Screens::Discard();
+        Model.FullScreen = Model.AspectActive = false;
+        Model.AspectCorrection = 1;
+        Screens::Get("frm_HomeScreen");
+    };
+    platform::Settings& settings = platform::The_Settings();
+    settings.Open(Path(""));
+    settings.Put("screen.size", "maximized");
+    settings.Put("screen.aspect", "corrected");
+    Model.AspectRatio = 2;
+    next_session();
+    EXPECT_TRUE(Model.FullScreen);
+    EXPECT_TRUE(Model.AspectActive);
+    EXPECT_EQ(Model.AspectCorrection, Single(0.8));
+    Model.AspectRatio = 1.6;
+    next_session();
+    EXPECT_FALSE(Model.AspectActive) << "on such a display there is nothing to correct";
+    settings.Put("screen.size", "");
+    settings.Put("screen.aspect", "");
+    Model.AspectRatio = 2;
+    next_session();
+    EXPECT_FALSE(Model.FullScreen);
+    EXPECT_FALSE(Model.AspectActive);
+}
+
 TEST_F(HomeActivationTest, TheFirstActivationTellsThePathForSavedFilesAndTheNextDoesNot) {
     Model.JustStarted = true;
     Model.FilePath = "/home/ada/VERLINK/";
