@@ -138,8 +138,7 @@ std::string frm_Explore::Words_Of_Stroke(const Solution& solution) const {
                  crank = (j.crank[0] + part * (j.crank[last] - j.crank[0])) / design::kDegree;
     std::string words = "Crank at " + To_One_Decimal(crank - kFullTurn * std::floor(crank / kFullTurn)) + " deg";
     for (std::size_t i = 0; i <= last; ++i)
-        if (j.crank[i] == j.crank[0] + part * (j.crank[last] - j.crank[0]) ||
-            std::abs(j.crank[i] - j.crank[0] - part * (j.crank[last] - j.crank[0])) < 1e-9)
+        if (std::abs(j.crank[i] - j.crank[0] - part * (j.crank[last] - j.crank[0])) < 1e-9)
             words += ", in position " + std::to_string(i + 1);
     return words;
 }

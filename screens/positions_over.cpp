@@ -8,7 +8,7 @@ namespace {
 using design::Point;
 using Kind = platform::Overlay::Mark::Kind;
 
-constexpr platform::Color kBody = 200 + 256 * (90 + 256 * 0);
+constexpr platform::Color kBody = 0x005AC8;
 constexpr double kLeg = 0.08;  ///< part of the window
 
 }  // namespace

@@ -194,6 +194,22 @@ TEST_F(ExplorePictures, TheMapHasADotForEachAtThePivotThatIsAskedForAndALargeOne
     });
 }
 
+TEST_F(ExplorePictures, TheMapsDotsGoFromRedToGreenWithTheScore) {
+    Inside([&] {
+        Search();
+        for (const auto& drawn : form.pic_Map.Drawing().Primitives()) {
+            if (!drawn.alive || drawn.kind != platform::Picture::Primitive::Kind::kPin) continue;
+            // Red at 0 is 220, green at 100 is 160; several may have a pivot in common.
+            EXPECT_TRUE(std::ranges::any_of(form.Shown(), [&](const Solution& solution) {
+                const double score = solution.judgement.score;
+                return design::Distance(solution.linkage.crank.moving, {drawn.x1, drawn.y1}) < 1e-6 &&
+                       std::abs(drawn.color % 256 - 220 * (1 - score / 100)) < 2 &&
+                       std::abs(drawn.color / 256 - 160 * score / 100) < 2;
+            })) << drawn.color;
+        }
+    });
+}
+
 TEST_F(ExplorePictures, APickOnTheMapIsTheNearestDotHoweverFarAndADragGoesOnWithIt) {
     Inside([&] {
         form.cmb_Map.Choose(3);

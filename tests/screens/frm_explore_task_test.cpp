@@ -168,6 +168,20 @@ TEST_F(ExploreTask, ADragFromPressToReleaseIsOneStep) {
     });
 }
 
+TEST_F(ExploreTask, EachBodyIsDraggedByItsPoint) {
+    Model.DesignTask = design::Task_Text(Four());
+    Inside([&] {
+        const std::vector<design::Place> places = Four().positions;
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            const design::Point at = places[i].at, to = at + design::Point(0.25, -0.5);
+            ASSERT_TRUE(form.Picture1.OnSeize({at.real(), at.imag(), 0, 0.01})) << i;
+            form.Picture1.OnDrag({to.real(), to.imag(), 0, 0.01});
+            form.Picture1.OnRelease();
+            EXPECT_EQ(form.The_Task().positions[i].at, to);
+        }
+    });
+}
+
 TEST_F(ExploreTask, TheEndOfABodysLegTurnsIt) {
     Inside([&] {
         ASSERT_TRUE(form.Chosen());

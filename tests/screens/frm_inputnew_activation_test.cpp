@@ -248,6 +248,11 @@ TEST_F(Activation, ACamDrivenModelNamesItsFileAndHidesTheModes) {
         EXPECT_TRUE(input.pnl_cw.Visible);
         EXPECT_FALSE(input.pnl_time.Visible);
         EXPECT_EQ(input.txt_Thetazero.BackColor, 0xFFFF00);  // cyan
+        Model.CamDriven = true;
+        Model.ThetaZero = 12;
+        Enter(input, "txt_Thetazero", kNoIndex, "33");
+        EXPECT_EQ(input.txt_Thetazero.Text, "12") << "the file drives it";
+        EXPECT_EQ(Model.ThetaZero, 12);
     });
 }
 
