@@ -188,7 +188,7 @@ void frm_Animate::Show_Settings() {
 void frm_Animate::Fill_By_Calctype() {
     const int mode = Model.Calctype;
     const bool by_angle = mode >= run::kByAngle;
-    if (mode >= run::kOnePosition && mode <= run::kLinkDriven) Put_Linkage_Geometry(*this);
+    Put_Linkage_Geometry(*this);
     if (mode == run::kOnePosition || mode == run::kByAngle) Put_Angle_Initial_Conditions(*this);
     if (mode == run::kByTime) Put_Time_Initial_Conditions(*this);
     pnl_cw.Visible = by_angle;

@@ -102,6 +102,7 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         EXPECT_FALSE(form.cmd_After.Enabled);
         form.cmd_After.OnClick();
         form.grf_Sweep.OnSeek(22);
+        form.cmd_After.OnClick();
         EXPECT_EQ(form.grf_Sweep.Cursor, 21) << "there is none behind it";
     });
 }
