@@ -162,6 +162,8 @@ TEST_F(AsTheyStand_After, ChoicesAndTheirPlots) {
                {"plotted", [this, style = style, chosen, shown](Screen& screen) {
                     if (style > 1) Choose_Option(screen, "opt_Plotstyle", chosen);
                     desktop.Expect_Screen(shown, [this](Screen& there) {
+                        const auto& again = there.Get<CommandButton>("cmd_Replot");
+                        if (again.Caption == "&Replot") Press(there, "cmd_Replot");
                         Note("the plot", there);
                         there.Hide();
                     });

@@ -5,6 +5,7 @@
 #include "core/runs.h"
 #include "dynamics/units.h"
 #include "platform/file_system.h"
+#include "platform/settings.h"
 #include "screens/frm_homescreen.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
