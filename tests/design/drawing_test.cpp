@@ -154,6 +154,11 @@ TEST_F(Drawn_Solutions, StandAsATableOfPicturesWithTheirWords) {
         j.transmission = 45.04;
         j.room = {{0, 0}, {3, 4.0004}};
     }
+    for (const auto& [count, high] : {std::pair<std::size_t, const char*>{1, "368"}, {4, "368"}, {5, "720"}}) {
+        Found fewer = found;
+        fewer.solutions.resize(count);
+        EXPECT_NE(Gallery_Svg(task, fewer).find(" height=\"" + std::string(high) + "\""), std::string::npos) << count;
+    }
     const std::string svg = Gallery_Svg(task, found);
     // Pictures 280 wide with 56 for words, 16 apart, four in a row.
     const std::string head =

@@ -20,6 +20,13 @@ struct Parts : testing::Test {};
 /// Sides 3 and 4 with a right angle at B: A in the origin, O4 at (5, 0), and the crank from (-2, 0).
 FourBar Right_Angled() { return {{{-2, 0}, {0, 0}}, {{5, 0}, {1.8, 2.4}}, {0.6, -0.8}}; }
 
+FourBar Moved(FourBar linkage, Point by) {
+    for (Point* each :
+         {&linkage.crank.fixed, &linkage.crank.moving, &linkage.other.fixed, &linkage.other.moving, &linkage.coupler})
+        *each += by;
+    return linkage;
+}
+
 }  // namespace
 
 TEST_F(Parts, ALinkageHasItsLengthsAnglesAndCircuit) {
@@ -35,6 +42,11 @@ TEST_F(Parts, ALinkageHasItsLengthsAnglesAndCircuit) {
     FourBar crossed = linkage;
     crossed.other.moving = std::conj(crossed.other.moving);
     EXPECT_FALSE(Is_Open(crossed));
+    // Wherever it stands.
+    for (const Point to : {Point(10, 7), Point(-10, 7), Point(-10, -7), Point(10, -7)}) {
+        EXPECT_TRUE(Is_Open(Moved(linkage, to)));
+        EXPECT_FALSE(Is_Open(Moved(crossed, to)));
+    }
     const FourBar twin = linkage.With_Other_Crank();
     EXPECT_EQ(twin.crank, linkage.other);
     EXPECT_EQ(twin.other, linkage.crank);
@@ -147,6 +159,11 @@ TEST_F(Parts, BothCognatesAreKnownAndTwinsByTheirDyads) {
         EXPECT_LT(std::abs(other.At(place.angle * kPi / 180)->at - place.at), 1e-9) << turn;
     }
     EXPECT_TRUE(Cognates(own, cognate, 1e-9));
+    const Point along = left.fixed + P - left.moving;
+    const FourBar third_one{{left.fixed, along}, {third, along + ratio * (left.moving - left.fixed)}, P};
+    for (const Point to : {Point(0, 0), Point(10, 7)})
+        for (const FourBar& of_the_curve : {cognate, third_one})
+            EXPECT_TRUE(Cognates(Moved(own, to), Moved(of_the_curve, to), 1e-9));
     EXPECT_TRUE(Cognates(own, cognate.With_Other_Crank(), 1e-9));
     EXPECT_FALSE(Cognates(own, own, 1e-9));
     FourBar elsewhere = cognate;

@@ -217,6 +217,7 @@ TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
 
 TEST_F(Searching, TwinsStandTogether) {
     const Found& found = List_Of_Three();
+    EXPECT_EQ(found.solutions.front().family, 1);
     int twins = 0;
     for (std::size_t i = 1; i < found.solutions.size(); ++i) {
         const Solution &a = found.solutions[i - 1], &b = found.solutions[i];

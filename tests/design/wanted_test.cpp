@@ -186,6 +186,13 @@ TEST_F(PositionsWanted, AreNoneWithoutATaskOrWithAnother) {
     task.positions[1].at += 0.5;
     Model.DesignTask = design::Task_Text(task);
     EXPECT_TRUE(Positions_Wanted(Model).empty());
+    task.positions[1].at -= 0.5;
+    for (const std::size_t position : {1, 2}) {
+        design::Task turned = task;
+        turned.positions[position].angle += 5;
+        Model.DesignTask = design::Task_Text(turned);
+        EXPECT_TRUE(Positions_Wanted(Model).empty()) << position;
+    }
     Model.DesignTask = "{}";
     EXPECT_TRUE(Positions_Wanted(Model).empty());
     Model.DesignTask.clear();
