@@ -76,6 +76,11 @@ TEST_F(PositionsOver, AreMarkedWithPointLegAndNumberWhereTheCouplerPointPasses) 
             EXPECT_NEAR(at.x, there.x, 1e-4);
             EXPECT_NEAR(at.y, there.y, 1e-4);
         }
+        // The numbers stand behind the corner: away from both legs, which are 30 degrees on each time, y downward.
+        for (const int position : {0, 1, 2}) {
+            const auto away = Over().names.at(static_cast<std::size_t>(position)).away;
+            EXPECT_NEAR(std::remainder(std::atan2(-away.y, away.x) / kDegToRad - (225 + 30 * position), 360), 0, 1e-3);
+        }
         // Legs along the body: 0, 30 and 60 degrees.
         std::vector<Overlay::Mark> lines;
         std::ranges::copy_if(Over().marks, std::back_inserter(lines),

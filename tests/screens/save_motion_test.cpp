@@ -80,6 +80,18 @@ TEST_F(Motion, Is_offered_under_the_models_name_in_four_sizes_in_real_time_and_a
               "Animated GIF, 1080 x 1080 pixels, 1.85 s as played|*.gif|");
 }
 
+TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
+    // 37 steps of 10 degrees at 1 rad/s are 6.46 s; slower by half, 12.9 s.
+    for (const auto& [omega, told] : {std::pair{1.0, "6.46 s in real time"}, {0.5, "12.9 s in real time"}}) {
+        Model.Omega2 = Model.Omega2Input = omega;
+        After_First_Picture([&] {
+            desktop.Expect_Save({});
+            Pick_Menu(form, "mnu_SaveMotion");
+        });
+        EXPECT_NE(desktop.Dialogs.back().filter.find(told), std::string::npos) << desktop.Dialogs.back().filter;
+    }
+}
+
 TEST_F(Motion, Of_a_crank_that_stands_is_offered_as_played_alone) {
     Model.Omega2 = 0;
     After_First_Picture([&] {
