@@ -47,7 +47,6 @@ std::pair<double, double> Wave(int number, double angle) {
 void Sketch_Window(PictureBox& picture, int first, int last) {
     Surface& canvas = picture.Canvas();
     canvas.Scale(-0.12, -1.15, 1.08, 1.15);
-    canvas.Cls();
     canvas.Line(0, -1, 0, 1, kAxis);
     canvas.Line(0, 0, 1, 0, kAxis);
     for (int quarter = 1; quarter <= 4; ++quarter) canvas.Line(0.25 * quarter, -0.05, 0.25 * quarter, 0.05, kAxis);
@@ -64,7 +63,6 @@ void Sketch_Polar(PictureBox& picture) {
     };
     Surface& canvas = picture.Canvas();
     canvas.Scale(-1.15, -1.15, 1.15, 1.15);
-    canvas.Cls();
     canvas.Line(-1, 0, 1, 0, kAxis);
     canvas.Line(0, -1, 0, 1, kAxis);
     canvas.Circle(0, 0, 1, kAxis);

@@ -140,9 +140,9 @@ std::vector<Output_Function> Last_Plotted() {
                               &component = Text_In(last, "cmb_Com" + number);
             // The polar screen has one variable, and shows its vector.
             if (component.empty())
-                for (const char* part : {"Mag", "Ang"}) chosen.push_back({variable, part, false});
+                for (const char* part : {"Mag", "Ang"}) chosen.push_back({variable, part});
             else
-                chosen.push_back({variable, component, false});
+                chosen.push_back({variable, component});
         }
         std::erase_if(chosen, [](const auto& one) { return !Can_Be_Read(one); });
     }

@@ -154,6 +154,15 @@ TEST_F(BalanceEdit, BehindACoefficientOfOneAnotherOneIsTaken) {
     EXPECT_TRUE(Calculated());
 }
 
+TEST_F(BalanceEdit, OneAboveOneIsTakenAndTheNextIsRefused) {
+    Enter_In("txt_Fluct", kNone, "1.2");
+    EXPECT_TRUE(Calculated());
+    Expect_Fluct_Refused();
+    Fill("txt_Fluct", kNone, "0.5");
+    form.txt_BerkMass[2].SetFocus();
+    EXPECT_EQ(form.txt_Fluct.Text.Get(), "0.05");
+}
+
 TEST_F(BalanceEdit, ACoefficientThatIsNotPositiveIsRefused) {
     for (const char* text : {"0", "-0.1", ""}) {
         Expect_Fluct_Refused();

@@ -79,7 +79,9 @@ TEST_F(PolarSelectTest, ATypedNameIsTakenOverByItsButton) {
 
 TEST_F(PolarSelectTest, ClearingLeavesNothingToGoOnWith) {
     Choose(slot.cmb_Var, "Veloc CP");
+    Model.PlotCount = 3;
     Press(form, "cmd_Clear1");
+    EXPECT_EQ(Model.PlotCount, 1);
     EXPECT_EQ(slot.cmb_Var.Text.Get(), "");
     EXPECT_EQ(slot.lbl_Function.Caption.Get(), "");
     EXPECT_FALSE(form.cmd_Done.Enabled);

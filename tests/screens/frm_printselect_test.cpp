@@ -64,6 +64,15 @@ TEST_F(PrintSelectTest, InMixAndMatchASlotThatStillHasBothSelectionsIsTakenOverA
     EXPECT_FALSE(form.cmd_Done.Enabled);
 }
 
+TEST_F(PrintSelectTest, InMixAndMatchWhatCanNoLongerBeHadIsGoneWithItsComponent) {
+    Mix(form);
+    Slot(form, 2).cmb_Var.Text = "Current FFT";
+    Slot(form, 2).cmb_Com.Text = "Mag";
+    form.Form_Activate();
+    EXPECT_EQ(Slot(form, 2).cmb_Var.Text, "");
+    EXPECT_EQ(Slot(form, 2).cmb_Com.Text, "");
+}
+
 TEST_F(PrintSelectTest, InMixAndMatchAnEmptyFirstSlotGetsTheFocus) {
     Mix(form);
     form.cmd_Done.SetFocus();

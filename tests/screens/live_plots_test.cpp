@@ -129,6 +129,7 @@ TEST_F(LivePlots, FunctionsAreMixedFreelyAndOneScaleTakesThemAll) {
         Choose_Option(form, "opt_LiveScale", 1);
         for (int slot = 1; slot <= 4; ++slot) EXPECT_EQ(Own(slot).NumPoints(), 0);
         ASSERT_EQ(Own(0).NumSets(), 2);
+        EXPECT_FALSE(Own(0).InLine) << "there is none below it";
         EXPECT_EQ(Own(0).Sets()[1].legend, "Veloc I 2,3 Y local  " + Model.UnitLabel(4));
         // In the crank's own frame all of its end's velocity stands across.
         for (int step = 0; step <= 36; ++step) {
