@@ -46,12 +46,11 @@ class Packer {
 
 bool Is_Counted(const FileField& field, int mode) {
     switch (field.counts) {
-        case Counts::kYes: return true;
         case Counts::kNo: return false;
         case Counts::kByAngle: return mode == run::kByAngle;
         case Counts::kByTime: return mode != run::kByAngle;
+        default: return true;
     }
-    return true;
 }
 
 }  // namespace

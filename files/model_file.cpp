@@ -185,7 +185,6 @@ void Use_Polar_Ground(LinkageModel& record) {
 /// What a file of an older layout says nothing of is not there, whatever the model before had.
 void Forget_Extended_Block(LinkageModel& record) {
     record.Link1Angle = 0;
-    record.Link1AngleRad = 0;
     record.Link1X = record.L1;
     record.Link1Y = 0;
     record.CamDriven = false;
@@ -204,8 +203,7 @@ void Forget_Extended_Block(LinkageModel& record) {
 bool Holds_What_Is_No_Model(const std::string& path) {
     if (!Is_Plain_File(path)) return false;
     // A model says in its first line that it is one.
-    constexpr std::size_t kEnough = 4096;
-    const std::string content = Read_Beginning(path, kEnough);
+    const std::string content = Read_Beginning(path, kLongestValue);
     return !content.empty() && !Is_Model(content);
 }
 

@@ -66,9 +66,8 @@ void Save_Picture(Picture_Maker& maker, const std::string& model, const std::str
                                           .kind = kKind},
                                          true);
     if (!path) return;
-    const int taken = std::min(Entry_Taken(kKind, kEntries + 2, kUsual), kEntries + 1);
     // Who took vectors and then typed a name of the other kind has the usual density.
-    const double density = kDensities.at(static_cast<std::size_t>(taken <= kEntries ? taken : kUsual) - 1);
+    const double density = kDensities.at(static_cast<std::size_t>(Entry_Taken(kKind, kEntries, kUsual)) - 1);
     if (const auto failure = What_Failed([&] { Write_Picture(maker, *path, density); }))
         Tell_Not_Written("The picture could not be written to " + *path + ".", *failure);
 }

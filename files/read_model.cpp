@@ -95,8 +95,8 @@ void Show_Text(const char* box, int index, const std::string& text) {
 }
 
 void Fill_Input_Screen() {
-    const Single* const lengths[] = {&Model.L1, &Model.L2, &Model.L3, &Model.L4, &Model.Rpa};
-    for (int i = 0; i < 5; ++i) Show_Text("txt_Linkout", i, FNRoundStr(*lengths[i], 3));
+    for (int box = 0; const Single length : {Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa})
+        Show_Text("txt_Linkout", box++, FNRoundStr(length, 3));
     Show_Text("txt_Linkout", 5, FNRoundStr(Model.Delta, 2));
     Show_Text("txt_Linkout", 6, FNRoundStr(Model.Link1Angle, 2));
     Show_Text("txt_initial", 0, Model.ThetaStartStr);

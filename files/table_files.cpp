@@ -59,8 +59,7 @@ void Save_Table(const Table_To_Save& table) {
                             .kind = kTable},
                            true);
     if (!path) return;
-    const int taken = choices == 1 ? 1 : Entry_Taken(kTable, choices * kCount, 1);
-    const bool every_step = choices == 1 || taken % 2 == 1;
+    const bool every_step = choices == 1 || Entry_Taken(kTable, choices * kCount, 1) % 2 == 1;
     if (const auto failure = What_Failed([&] {
             const Sheet sheet = table.sheet(every_step ? 1 : table.every);
             platform::Write_File(*path, Sheet_File(Sheet_Kind_Of(*path), sheet, table.model, table.author));

@@ -39,16 +39,14 @@ std::optional<std::string> Unpacked(const std::string& packed, std::size_t size)
 
 /// The last element that is closed is the first that was opened.
 bool Is_Whole_Xml(const std::string& text) {
-    std::size_t open = text.find('<');
-    while (open != std::string::npos && text[open + 1] == '?') open = text.find('<', open + 1);
-    if (open == std::string::npos) return false;
-    const std::string root = text.substr(open + 1, text.find_first_of(" \t\r\n/>", open) - open - 1);
+    std::size_t name = text.find('<');
+    while (name != std::string::npos && text[++name] == '?') name = text.find('<', name);
+    if (name == std::string::npos) return false;
+    const std::string root = text.substr(name, text.find_first_of(" \t\r\n/>", name) - name);
     const std::size_t end = text.find_last_not_of(" \t\r\n");
-    if (text[end] != '>') return false;
-    const std::string closing = "</" + root + ">";
-    if (std::string_view(text).substr(0, end + 1).ends_with(closing)) return true;
+    if (std::string_view(text).substr(0, end + 1).ends_with("</" + root + ">")) return true;
     // A root that is closed at once, and nothing behind it.
-    return text[end - 1] == '/' && text.find('>', open) == end;
+    return text.find('>', name) == end && text[end - 1] == '/';
 }
 
 bool Is_Whole_Entry(const std::string& archive, std::size_t at) {

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <system_error>
 #include <utility>
 
@@ -107,8 +106,9 @@ class Book {
             Words(page, 1, at, column.component, head_);
             Words(page, 2, at, column.unit, head_);
             if (sheet.statistics) Statistics(page, kHeads, at, column);
+            lxw_format* format = Decimals(column.decimals);
             for (std::size_t row = 0; row < column.values.size(); ++row)
-                Number(page, static_cast<lxw_row_t>(row) + first, at, column.values[row], Decimals(column.decimals));
+                Number(page, static_cast<lxw_row_t>(row) + first, at, column.values[row], format);
         }
         worksheet_set_column(page, 0, static_cast<lxw_col_t>(sheet.columns.size() - 1), kWide, nullptr);
         worksheet_freeze_panes(page, static_cast<lxw_row_t>(first), 1);
@@ -151,30 +151,27 @@ class Book {
         return page;
     }
 
-    lxw_format* Decimals(int decimals, bool statistics = false) {
-        lxw_format*& format = formats_[{decimals, statistics}];
-        if (!format) {
-            format = workbook_add_format(book_);
-            const std::string zeros(static_cast<std::size_t>(std::max(decimals, 0)), '0');
-            format_set_num_format(format, zeros.empty() ? "0" : ("0." + zeros).c_str());
-            if (statistics) format_set_bg_color(format, kStatisticsTint);
-        }
+    lxw_format* Decimals(int decimals) {
+        lxw_format* format = workbook_add_format(book_);
+        const std::string zeros(static_cast<std::size_t>(std::max(decimals, 0)), '0');
+        format_set_num_format(format, zeros.empty() ? "0" : ("0." + zeros).c_str());
         return format;
     }
 
     void Statistics(lxw_worksheet* page, int row, lxw_col_t at, const Sheet_Column& column) {
         const double values[] = {column.least, column.mean, column.most};
         constexpr const char* kNames[] = {"Min", "Avg", "Max"};
+        lxw_format* format = Decimals(column.decimals);
+        format_set_bg_color(format, kStatisticsTint);
         for (int i = 0; i < 3; ++i) {
             if (at == 0)
                 Words(page, static_cast<lxw_row_t>(row + i), at, kNames[i], head_);
             else
-                Number(page, static_cast<lxw_row_t>(row + i), at, values[i], Decimals(column.decimals, true));
+                Number(page, static_cast<lxw_row_t>(row + i), at, values[i], format);
         }
     }
 
     void Words(lxw_worksheet* page, lxw_row_t row, lxw_col_t at, const std::string& text, lxw_format* format) {
-        if (text.empty() && !format) return;
         const std::string cell = Cell_Text(text);
         Hold(cell.empty() ? worksheet_write_blank(page, row, at, format)
                           : worksheet_write_string(page, row, at, cell.c_str(), format));
@@ -189,7 +186,6 @@ class Book {
     std::string folder_, path_;
     lxw_workbook* book_ = nullptr;
     lxw_format *head_ = nullptr, *words_ = nullptr;
-    std::map<std::pair<int, bool>, lxw_format*> formats_;
     bool failed_ = false;
 };
 

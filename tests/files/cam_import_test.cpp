@@ -1,6 +1,7 @@
 // Cam drive data: the layout of an .sva file, its units, what it replaces, its refusals, and the run that it drives.
 #include <cmath>
 
+#include "core/model_on_screens.h"
 #include "core/runs.h"
 #include "tests/files/drive_files.h"
 
@@ -77,6 +78,30 @@ TEST_F(CamImport, TheGroundAngleSetsThetaZeroAndNoCouplerPointComesAcross) {
     for (int i = 0; i <= 6; ++i) EXPECT_EQ(Model.LinkArray(i), packed[i]) << i;
     EXPECT_NEAR(Model.LinkArray(7), 3.75, 1e-6) << "O4 along the ground link";
     EXPECT_NEAR(Model.LinkArray(8), 0, 1e-6);
+}
+
+TEST_F(CamImport, WhatTheModelBeforeHadOfItsAngleItsLimitsAndItsCognateGoesAndThePanelTells) {
+    Model.JustStarted = true;
+    // The same angle but for a digit.
+    Model.Link1AngleRad = 53.1301 * k * (1 + 1e-6);
+    Model.CognateEdit = true;
+    Model.CognateNumber = 2;
+    Model.CognatesDue = false;
+    Take_Full_Turn();
+    Run_Holds();
+    Model_Saved();
+    Refresh_Status();
+    const auto& saved = Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 8);
+    ASSERT_TRUE(saved.Visible);
+    EXPECT_TRUE(Read_Cam(CamFile().Content()));
+    EXPECT_EQ(Model.Link1AngleRad, Stored(static_cast<float>(Stored(53.1301F) * k)));
+    EXPECT_FALSE(Model.CognateEdit);
+    EXPECT_EQ(Model.CognateNumber, 1);
+    EXPECT_TRUE(Model.CognatesDue);
+    EXPECT_EQ(Model.ThetaStartStr, "0.5");
+    EXPECT_EQ(Model.ThetaEndStr, "2");
+    EXPECT_EQ(Model.ThetaStepStr, "0.5");
+    EXPECT_FALSE(saved.Visible);
 }
 
 TEST_F(CamImport, TheCircuitIsMinusOneForOpenOneForCrossedAndLeftByAnythingElse) {

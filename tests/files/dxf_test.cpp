@@ -151,13 +151,18 @@ TEST_F(Drawings, Are_pairs_of_code_and_value_from_the_first_remark_to_the_end) {
 }
 
 TEST_F(Drawings, Close_a_path_whose_ends_are_a_hundred_thousandth_of_its_extent_apart) {
-    // It extends 5, from its start to (3, 4), wherever that is.
-    for (const double apart : {4.9e-5, 5.1e-5})
-        for (const Spot start : {Spot(0, 0), Spot(100, 70)}) {
-            Dxf drawing(Dxf_Unit::kInch, "", 1);
-            drawing.Path({start, start + 1.0, start + Spot(3, 4), start + apart});
-            EXPECT_EQ(drawing.Content().find("70\r\n1\r\n0\r\nVERTEX") != std::string::npos, apart < 5e-5) << apart;
-        }
+    const auto closed = [](const std::vector<Spot>& path) {
+        Dxf drawing(Dxf_Unit::kInch, "", 1);
+        drawing.Path(path);
+        return drawing.Content().find("70\r\n1\r\n0\r\nVERTEX") != std::string::npos;
+    };
+    // It extends 5 or 0.05, from its start to (3, 4) or a hundredth of that, wherever that is.
+    for (const double size : {1.0, 0.01})
+        for (const double apart : {4.9e-5, 5.1e-5})
+            for (const Spot start : {Spot(0, 0), Spot(100, 70)})
+                EXPECT_EQ(closed({start, start + size, start + Spot(3, 4) * size, start + apart * size}), apart < 5e-5)
+                    << apart << " of " << size;
+    EXPECT_TRUE(closed(std::vector(4, Spot(2, 1)))) << "a point that does not move";
 }
 
 TEST_F(Drawings, Refuse_a_number_from_a_one_with_fifteen_zeros_on) {

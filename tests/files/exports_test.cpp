@@ -258,6 +258,20 @@ TEST_F(Exports, ThePendrixFileIsAskedForWrittenAndGivesTheModelItsName) {
     EXPECT_EQ(Model.ModelName, "geared");
 }
 
+TEST_F(Exports, DialogsBeginWithTheirOwnEntryWhateverWasTakenBefore) {
+    auto& dialog = home.Get<platform::CommonDialog>("CommonDialog1");
+    const std::pair<void (*)(platform::Screen&), const char*> menu[] = {
+        {Menu_Link_Data_Export, "drive"}, {Menu_Export_Torque, "torque"}, {Menu_pdx, ""}};
+    for (const auto& entry : menu) {
+        dialog.FilterIndex = 2;
+        desktop.Expect_Save({});
+        if (entry.first == Menu_pdx) desktop.Expect_Message_With("Cancel was selected");
+        entry.first(home);
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, 1);
+        EXPECT_EQ(desktop.Dialogs.back().kind, entry.second);
+    }
+}
+
 TEST_F(Exports, ASaveStraightAfterAnExportWritesTheModelInItsPlaceAndKeepsItBeside) {
     Run();
     const struct {

@@ -251,6 +251,20 @@ TEST_F(FileMenu, OpenClearsThePictureOfTheInputScreen) {
     picture.Redirect(nullptr);
 }
 
+TEST_F(FileMenu, MenusAndPanelFollowWhatTheInputScreenHasCalculatedAfterAnOpen) {
+    Model_Kept();
+    desktop.Expect_Open(Fixture_File("rev9.vlk"));
+    desktop.Expect_Message_With("successfully read.");
+    desktop.Expect_Screen("frm_Inputnew", [](platform::Screen& screen) {
+        Run_Holds();
+        screen.Hide();
+    });
+    Menu_Open(home);
+    EXPECT_TRUE(home.Get<platform::MenuEntry>("mnu_Save").Enabled);
+    EXPECT_TRUE(home.Get<platform::Label>("lbl_Status", 0).Visible);
+    EXPECT_EQ(home.Get<platform::Label>("lbl_Status", 0).Caption, "Imported");
+}
+
 TEST_F(FileMenu, OpenOfAForeignFileKeepsTheModelItsResultsItsPathAndItsName) {
     Put_File(In("note.txt"), "Dear Ada,\r\nno linkage here\r\n");
     Have_A_Saved_Model();

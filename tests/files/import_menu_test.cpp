@@ -134,12 +134,16 @@ TEST_F(ImportMenu, ThePanelShowsNoMoreOfTheRunBeforeAlsoWhereNoScreenComesUp) {
     for (const bool cam : {true, false}) {
         const std::string path = cam ? Cam_File() : Link_File();
         Model_Kept();
+        Run_Holds();
+        Set_Menus();
+        ASSERT_TRUE(home.Get<MenuEntry>("mnu_Save").Enabled);
         saved.Visible = true;
         if (cam)
             Import_Cam_File(home, path);
         else
             Import_Link_File(home, path);
         EXPECT_FALSE(saved.Visible) << path;
+        EXPECT_FALSE(home.Get<MenuEntry>("mnu_Save").Enabled) << path;
     }
 }
 
@@ -165,6 +169,17 @@ TEST_F(ImportMenu, ACancelledDialogIsReportedByTheLinkImport) {
     EXPECT_EQ(Model.FilePath, "before");
     EXPECT_TRUE(Model.SavedFlag);
     EXPECT_FALSE(Model.LinkImportPending);
+}
+
+TEST_F(ImportMenu, DialogsBeginWithTheirOwnEntryWhateverWasTakenBefore) {
+    for (const bool cam : {true, false}) {
+        home.Get<platform::CommonDialog>("CommonDialog1").FilterIndex = 2;
+        desktop.Expect_Open({});
+        if (!cam) desktop.Expect_Message(kCancelReported);
+        (cam ? Menu_Lobetra : Menu_Link_Data_Import)(home);
+        EXPECT_EQ(desktop.Dialogs.back().filter_index, 1);
+        EXPECT_EQ(desktop.Dialogs.back().kind, "drive");
+    }
 }
 
 TEST_F(ImportMenu, YesToSavingBeforeAnImportShowsTheSaveDialogTwice) {

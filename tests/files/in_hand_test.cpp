@@ -60,6 +60,15 @@ TEST_F(In_Hand, AllOfItsFileCountsButWhatFollowsFromElse) {
     EXPECT_TRUE(Counts_As_Change(Model.StudySettings, std::string("{}")));
     Model.L2 = 0.0;
     EXPECT_FALSE(Counts_As_Change(Model.L2, Single(-0.0)));
+    Model.L2 = 1e-20;
+    EXPECT_TRUE(Counts_As_Change(Model.L2, Single(2e-20))) << "however small it is";
+    // The same letters, divided otherwise between two texts that lie side by side.
+    Model.ModelName = "press";
+    Model.UserName = "ann";
+    const std::string before = What_Counts();
+    Model.ModelName = "pressa";
+    Model.UserName = "nn";
+    EXPECT_NE(What_Counts(), before);
 }
 
 TEST_F(In_Hand, ADriveCountsWhereItDrivesAndATorqueWhereItIsImported) {

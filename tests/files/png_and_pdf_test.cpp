@@ -1,4 +1,6 @@
 // Pictures as files without a toolkit: what other programs see in them.
+#include <zlib.h>
+
 #include <cmath>
 #include <sstream>
 
@@ -61,6 +63,10 @@ TEST_F(Pictures_Alone, A_pdf_leaves_out_what_lies_beyond_its_window) {
     picture.Line(-1000, 0.5, 1000, 0.5, kRed);
     const std::string crossed = Picture_Pdf(picture, 100);
     EXPECT_NE(crossed.find("0.000 50.000 m 100.000 50.000 l S"), std::string::npos) << crossed;
+    EXPECT_EQ(crossed.find("\nS\n"), std::string::npos) << "no end of an arc that has not begun";
+    picture.Line(0.25, -1000, 0.25, 1000, kRed);
+    const std::string both = Picture_Pdf(picture, 100);
+    EXPECT_NE(both.find("25.000 100.000 m 25.000 0.000 l S"), std::string::npos) << both;
 }
 
 TEST_F(Pictures_Alone, A_pdf_is_a_page_of_strokes_and_a_table_of_where_its_objects_are) {
@@ -126,6 +132,14 @@ TEST_F(Pictures_Alone, A_circle_of_a_pdf_is_a_closed_chain_on_its_rim_to_a_fifti
 TEST_F(Pictures_Alone, A_png_begins_and_ends_as_the_format_has_it) {
     const std::string file = Png_File({3, 258, std::vector<std::uint32_t>(3 * 258)});
     EXPECT_EQ(file.substr(0, 33 - 4), std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\3\0\0\1\2\x08\2\0\0\0", 29));
+    // Its pixels are rows of a byte and three for each, packed, and behind them their sum, most significant byte first.
+    const std::string rows(258 * (1 + 3 * 3), '\0');
+    const std::size_t chunk = file.size() - 12, packed = chunk - 4 - 41;
+    EXPECT_EQ(file.substr(33, 8), std::string("\0\0\0", 3) + static_cast<char>(packed) + "IDAT");
+    uLong sum = adler32(0, nullptr, 0);
+    sum = adler32(sum, reinterpret_cast<const Bytef*>(rows.data()), static_cast<uInt>(rows.size()));
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(static_cast<unsigned char>(file[chunk - 8 + i]), (sum >> (24 - 8 * i)) & 0xFF) << i;
     // The sums of chunks without content and of the size are published figures of CRC-32.
     EXPECT_TRUE(file.ends_with(std::string("\0\0\0\0IEND\xAE\x42\x60\x82", 12)));
 }

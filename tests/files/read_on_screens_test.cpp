@@ -78,6 +78,29 @@ TEST_F(ReadOnScreens, ReadingSaysSoAndShowsTheInputScreen) {
     EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
 }
 
+TEST_F(ReadOnScreens, TheRunTypeOfTheFileIsChosen) {
+    Model.JustStarted = true;
+    auto& input = Screens::Get("frm_Inputnew");
+    for (const int type : {2, 1, 3, 1}) {
+        Readfile(With_Line(Held(Fixture_File("rev9.vlk")), 44, std::to_string(type)));
+        for (int other = 1; other <= 3; ++other)
+            EXPECT_EQ(input.Get<platform::OptionButton>("opt_Calctype", other).Value.Get(), other == type) << type;
+    }
+}
+
+TEST_F(ReadOnScreens, MenusAndPointerAreThoseOfAModelThatIsThereAndNotCalculatedAlsoInSilence) {
+    Model.JustStarted = true;
+    Run_Holds();
+    Set_Menus();
+    auto& home = Screens::Get("frm_HomeScreen");
+    ASSERT_TRUE(home.Get<platform::MenuEntry>("mnu_Save").Enabled);
+    desktop.Set_Pointer(Pointer::kHourglass);
+    Readfile(Held(Fixture_File("rev9.vlk")));
+    EXPECT_FALSE(home.Get<platform::MenuEntry>("mnu_Save").Enabled);
+    EXPECT_TRUE(home.Get<platform::MenuEntry>("mnu_New").Enabled);
+    EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+}
+
 TEST_F(ReadOnScreens, ThePanelShowsNoMoreOfTheRunBefore) {
     Model.JustStarted = true;
     Run_Holds();

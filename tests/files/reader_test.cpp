@@ -387,6 +387,9 @@ TEST_F(Reader, AStepLargerThanTheRangeKeepsTheStoredCount) {
     EXPECT_EQ(Model.NSteps, 1);
     ASSERT_TRUE(Load_Model(With_Line(angle, 42, "\"92\"")));
     EXPECT_EQ(Model.NSteps, 184);
+    // 0.98 of 100 degrees is a range from 0 to 98.
+    ASSERT_TRUE(Load_Model(With_Line(With_Line(With_Line(angle, 40, "\"0\""), 41, "\"98\""), 42, "\"100\"")));
+    EXPECT_EQ(Model.NSteps, 184);
 }
 
 TEST_F(Reader, TimeStepsCountAnewWhenTheStepIsAbove0) {

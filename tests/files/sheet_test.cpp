@@ -1,10 +1,14 @@
 // Tables for spreadsheets: as text, and as workbooks that other programs read.
 #include "files/sheet.h"
 
+#include <sys/inotify.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 
 #include "files/table_files.h"
@@ -88,6 +92,33 @@ TEST_F(Sheets, Leave_cells_empty_behind_a_shorter_column) {
     EXPECT_TRUE(text.ends_with("\n0,0.5\n90,\n180,\n")) << text;
     for (Sheet_Column& column : sheet.columns) column.values.clear();
     EXPECT_EQ(Separated_Text(sheet, ','), "Crank Angle (deg),\"Veloc I 2,3 X (in/sec)\"\r\n") << "no rows at all";
+    sheet.columns[1].values = {1, 2, 3};
+    sheet.columns[0].values = {4, 5, 6};
+    sheet.columns[1].values.resize(1);
+    text = Separated_Text(sheet, '\t');
+    EXPECT_TRUE(text.ends_with("\r\n4\t1\r\n5\t\r\n6\t\r\n")) << "what it had there is gone: " << text;
+}
+
+TEST_F(Sheets, Have_nothing_below_their_statistics_without_rows) {
+    const Xlsx_Read read =
+        Written(Workbook({.name = "T", .columns = {{"A", "", ""}, {"B", "", ""}}, .statistics = true}, {}, ""));
+    EXPECT_EQ(read.texts.size(), 5U) << "two heads, three words, and no rows";
+    EXPECT_TRUE(read.numbers.empty());
+}
+
+TEST_F(Sheets, Have_heads_of_what_there_is_with_their_quotes_doubled) {
+    const Sheet sheet{.name = "T", .columns = {{"Step", "", ""}, {"12\" stroke", "", "in"}, {"Force", "X", ""}}};
+    EXPECT_EQ(Separated_Text(sheet, ','), "Step,\"12\"\" stroke (in)\",Force X\r\n");
+}
+
+TEST_F(Sheets, Are_refused_with_more_columns_than_a_workbook_has) {
+    const auto failed = [](std::size_t columns) {
+        Sheet sheet{.name = "T", .columns = {}};
+        sheet.columns.resize(columns);
+        return What_Failed([&] { Workbook(sheet, {}, ""); }).has_value();
+    };
+    EXPECT_FALSE(failed(16384));
+    EXPECT_TRUE(failed(16385));
 }
 
 TEST_F(Sheets, Hold_letters_of_one_to_four_bytes_and_no_halves_of_them) {
@@ -130,7 +161,9 @@ TEST_F(Sheets, Are_text_with_one_head_a_column_and_all_digits) {
 
 TEST_F(Sheets, Are_workbooks_with_numbers_frozen_heads_statistics_and_the_model) {
     const Xlsx_Read read = Written(Workbook(A_Sheet(), kModel, "Ada"));
-    EXPECT_EQ(read.title, "Table");
+    const std::map<std::string, std::string> about = {
+        {"title", "Table"}, {"author", "Ada"}, {"remark", "Made with Verlink"}};
+    EXPECT_EQ(read.about, about);
     EXPECT_EQ(read.sheets, (std::vector<std::string>{"Table B7", "Model None"}));
     const std::map<std::string, std::string> texts = {{"Table!A1", "Crank"},
                                                       {"Table!B1", "Veloc I 2,3"},
@@ -202,20 +235,32 @@ TEST_F(Sheets, Are_read_by_a_spreadsheet_program_number_by_number) {
 }
 
 TEST_F(Sheets, Take_words_of_any_bytes) {
-    const Xlsx_Read read =
-        Written(Workbook(A_Sheet(), {{"Model", std::string("\xFF<a>\x01 gr\xC3\xB6\xC3"), ""}}, "\xE9ve"));
+    const Xlsx_Read read = Written(Workbook(
+        A_Sheet(), {{"Model", std::string("\xFF<a>\x01 gr\xC3\xB6\xC3"), ""}, {"Long", std::string(50000, 'x'), ""}},
+        "\xE9ve"));
     EXPECT_EQ(read.texts.at("Model!B1"), "?<a>? gr\xC3\xB6?");
-    EXPECT_EQ(Written(Workbook(A_Sheet(), {{"Model", std::string(50000, 'x'), ""}}, "")).texts.at("Model!B1").size(),
-              4000U);
+    EXPECT_EQ(read.texts.at("Model!B2").size(), 4000U);
+    EXPECT_EQ(read.about.at("author"), "?ve");
 }
 
 TEST_F(Sheets, Leave_nothing_of_their_making) {
     const std::string folder = Path("workshop");
     ASSERT_TRUE(platform::Make_Folder(folder));
+    const int watch = ::inotify_init1(IN_NONBLOCK);
+    ::inotify_add_watch(watch, folder.c_str(), IN_CREATE);
     ::setenv("TMPDIR", folder.c_str(), 1);
     Workbook(A_Sheet(), kModel, "Ada");
     ::unsetenv("TMPDIR");
     EXPECT_TRUE(std::filesystem::is_empty(folder));
+    // What came there was one folder, in which all of the making was.
+    std::string made(4096, '\0');
+    made.resize(static_cast<std::size_t>(std::max<ssize_t>(::read(watch, made.data(), made.size()), 0)));
+    ::close(watch);
+    inotify_event event{};
+    ASSERT_GT(made.size(), sizeof event);
+    std::memcpy(&event, made.data(), sizeof event);
+    EXPECT_TRUE(event.mask & IN_ISDIR);
+    EXPECT_EQ(made.size(), sizeof event + event.len) << "and nothing else";
 }
 
 TEST_F(Sheets, Are_refused_where_there_is_no_room_to_make_them) {
@@ -270,7 +315,8 @@ TEST_F(Sheets, Are_offered_as_three_kinds_with_every_step_and_every_so_many) {
     EXPECT_NE(Table_Filter(2).find("every 2nd step"), std::string::npos);
     EXPECT_NE(Table_Filter(3).find("every 3rd step"), std::string::npos);
     EXPECT_NE(Table_Filter(21).find("every 21st step"), std::string::npos);
-    for (const char* nth : {"4th", "11th", "12th", "13th", "20th", "22nd", "23rd", "101st", "111th", "112th", "113th"})
+    for (const char* nth :
+         {"4th", "11th", "12th", "13th", "20th", "22nd", "23rd", "101st", "111th", "112th", "113th", "211th", "1012th"})
         EXPECT_NE(Table_Filter(std::atoi(nth)).find("every " + std::string(nth) + " step"), std::string::npos) << nth;
 }
 
@@ -312,6 +358,10 @@ TEST_F(Sheets, Are_saved_as_the_kind_of_the_name_with_the_rows_of_the_entry) {
     desktop.Expect_Save(Path("g.csv"));
     Save_Table(Table(1));
     EXPECT_EQ(asked, 1);
+    platform::The_Settings().Put(platform::Entry_Setting("table"), "");
+    desktop.Expect_Save(Path("h.csv"));
+    Save_Table(Table(10));
+    EXPECT_EQ(asked, 1) << "where none was taken yet, every step";
 }
 
 TEST_F(Sheets, Are_of_the_kind_that_the_end_of_their_name_says) {

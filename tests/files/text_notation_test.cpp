@@ -76,10 +76,13 @@ TEST(TextWriterTest, ValuesOfOneLineHaveCommasBetweenThem) {
     writer.Put(Single(1.5));
     writer.Put(Single(-2));
     writer.Put("a");
+    writer.Put(Integer(3));
+    writer.Put(Long(40000));
+    writer.Put(false);
     writer.EndLine();
     writer.Put(true);
     writer.EndLine();
-    EXPECT_EQ(writer.Content(), "1.5,-2,\"a\"\r\n#TRUE#\r\n");
+    EXPECT_EQ(writer.Content(), "1.5,-2,\"a\",3,40000,#FALSE#\r\n#TRUE#\r\n");
 }
 
 TEST(TextReaderTest, ACommaAndALineEndAlikeEndAValue) {
@@ -129,10 +132,14 @@ TEST(TextReaderTest, AStringWithoutQuotesIsTakenAsItStands) {
 }
 
 TEST(TextReaderTest, BlanksAroundAQuotedStringDoNotCount) {
-    TextReader reader("  \"a\"  , \t\"b\" \r\n\"c\"");
+    TextReader reader("  \"a\"  , \t\"b\" \r\n\"c\",,\"d\"\n\n7");
     EXPECT_EQ(reader.String(), "a");
     EXPECT_EQ(reader.String(), "b");
     EXPECT_EQ(reader.String(), "c");
+    EXPECT_EQ(reader.String(), "") << "between two commas";
+    EXPECT_EQ(reader.String(), "d");
+    EXPECT_EQ(reader.String(), "") << "an empty line";
+    EXPECT_EQ(reader.Short(), 7);
     EXPECT_TRUE(reader.AtEnd());
 }
 

@@ -1,6 +1,7 @@
 // The import of a torque table: its length, its dialog, and what it leaves on the dynamics screen.
 #include <filesystem>
 
+#include "core/model_on_screens.h"
 #include "dynamics/mass_properties.h"
 #include "files/in_hand.h"
 #include "tests/files/drive_files.h"
@@ -117,6 +118,7 @@ TEST_F(TorqueImport, TheTorqueOfOneStageIsTheLoadOfAnother) {
 }
 
 TEST_F(TorqueImport, TheBoxAsksForAFileAndSaysThatItWasRead) {
+    form.Get<platform::CommonDialog>("CommonDialog1").FilterIndex = 2;
     const std::string path = File("press.trq", Table(360));
     desktop.Expect_Open(path);
     desktop.Expect_Message("File " + path + " of Torque data successfully read.", Answer::kOk, Icon::kInformation,
@@ -127,6 +129,7 @@ TEST_F(TorqueImport, TheBoxAsksForAFileAndSaysThatItWasRead) {
     EXPECT_EQ(desktop.Dialogs[0].filter, "Torque Import (*.trq)|*.trq|(*.*)|*.*|");
     EXPECT_EQ(desktop.Dialogs[0].filter_index, 1);
     EXPECT_EQ(desktop.Dialogs[0].file_name, "*.trq");
+    EXPECT_EQ(desktop.Dialogs[0].kind, "torque");
     EXPECT_EQ(Model.FilePath, path);
     EXPECT_EQ(Model.TorqueFileName, "press.trq");
     EXPECT_TRUE(Model.TorqueImported);
@@ -171,6 +174,28 @@ TEST_F(TorqueImport, ATableThatIsNoneInPlaceOfOneThatWasUnticksTheBox) {
     EXPECT_TRUE(Box().Enabled);
 }
 
+TEST_F(TorqueImport, ACancelledDialogInPlaceOfATableUnticksTheBox) {
+    desktop.Expect_Open(File("press.trq", Table(360)));
+    desktop.Expect_Message_With("of Torque data successfully read.");
+    Tick(form, "chk_Torque", true);
+    ASSERT_TRUE(Chk().Value);
+    desktop.Expect_Open({});
+    Import_Torque(4);
+    EXPECT_FALSE(Chk().Value);
+    EXPECT_TRUE(Box().Enabled);
+}
+
+TEST_F(TorqueImport, ATableThatIsNoneLeavesNoneAndNothingThatCannotBeTypedOrSolvedAlsoWhereTheBoxIsUnticked) {
+    Model.TorqueImported = true;
+    Box().Enabled = false;
+    Solve().Enabled = false;
+    Expect_Broken(62, "Input past end of file");
+    Import_Torque(4, File("broken.trq", "360\r\n1\r\n"));
+    EXPECT_FALSE(Model.TorqueImported);
+    EXPECT_TRUE(Box().Enabled);
+    EXPECT_TRUE(Solve().Enabled);
+}
+
 TEST_F(TorqueImport, ACancelledDialogLeavesNothingThatCannotBeTypedOrSolved) {
     Box().Enabled = false;
     Solve().Enabled = false;
@@ -201,7 +226,10 @@ TEST_F(TorqueImport, WhileTheProgramStartsNothingIsSaid) {
 
 TEST_F(TorqueImport, ARefreshedPanelShowsThatTheModelIsUnsaved) {
     Run_Holds();
+    Model_Saved();
+    Refresh_Status();
     const auto& saved = Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 8);
+    ASSERT_TRUE(saved.Visible);
     desktop.Expect_Open(File("press.trq", Table(360)));
     desktop.Expect_Message_With("of Torque data successfully read.");
     Import_Torque(4);

@@ -20,7 +20,7 @@ std::string Little(std::uint32_t number, int bytes) {
 /// An entry, and what is wrong with it.
 struct Entry {
     std::string text;
-    std::uint32_t method = 8, signature = 0x04034b50, size_off = 0, sum_off = 0;
+    std::uint32_t method = 8, signature = 0x04034b50, size_off = 0, sum_off = 0, packed_off = 0;
     std::string local_extra{}, extra{}, remark{};
     std::string name = "a.xml";
 };
@@ -48,7 +48,7 @@ std::string Archive(const std::vector<Entry>& entries, const std::string& betwee
             crc32(0, reinterpret_cast<const Bytef*>(entry.text.data()), static_cast<uInt>(entry.text.size())));
         const auto place = static_cast<std::uint32_t>(archive.size());
         const std::string facts = Little(entry.method, 2) + std::string(4, '\0') + Little(sum + entry.sum_off, 4) +
-                                  Little(static_cast<std::uint32_t>(packed.size()), 4) +
+                                  Little(static_cast<std::uint32_t>(packed.size()) + entry.packed_off, 4) +
                                   Little(static_cast<std::uint32_t>(entry.text.size()) + entry.size_off, 4) +
                                   Little(static_cast<std::uint32_t>(entry.name.size()), 2);
         archive += Little(entry.signature, 4) + std::string(4, '\0') + facts +
@@ -75,8 +75,8 @@ TEST(Whole_Zip, HasTextsWhoseRootIsClosed) {
          {"<a>text</a>", "<a/>", "<a b=\"c\"/>", "<?xml version=\"1.0\"?>\n<a><b/></a>\n",
           "<?xml?><?more?><a\tb=\"c\"></a> \t\r\n", "<a\n></a>", "<a\r></a>", "<a ><b></b></a>", "<a/> "})
         EXPECT_TRUE(Whole(xml)) << xml;
-    for (const char* xml : {"", "text", "<?xml?>", "<a>", "<a><b/>", "<a><b></b>", "<a></b>", "<a></a>x", "<a></a",
-                            "<a/>x", "<a></a><b/>", "<ab></b>", "<"})
+    for (const char* xml : {"", " ", "text", "text/", "<?xml?>", "<?xml?>/", "<?", "<a", "<a>", "<a><b/>", "<a><b></b>",
+                            "<a></b>", "<a></a>x", "<a></a", "<a/>x", "<a></a><b/>", "<ab></b>", "<"})
         EXPECT_FALSE(Whole(xml)) << xml;
 }
 
@@ -99,6 +99,7 @@ TEST(Whole_Zip, HasAsManyEntriesAsItSaysEachAsLongAndOfThatSum) {
     EXPECT_FALSE(with([](Entry& e) { e.signature ^= 0x01000000; }));
     EXPECT_FALSE(with([](Entry& e) { e.size_off = 1; }));
     EXPECT_FALSE(with([](Entry& e) { e.size_off = 0U - 1; }));
+    EXPECT_FALSE(with([](Entry& e) { e.packed_off = 0U - 1; }));
     EXPECT_FALSE(with([](Entry& e) { e.sum_off = 1; }));
     EXPECT_FALSE(with([](Entry& e) { e.sum_off = 0x01000000; }));
     EXPECT_FALSE(with([](Entry& e) { e.text = "<root>"; }));
@@ -117,7 +118,7 @@ TEST(Whole_Zip, IsNoneWithAByteOfItsDirectoryOrItsEndChanged) {
         for (int i = 0; i < count; ++i) {
             std::string broken = whole;
             char& byte = broken[from + static_cast<std::size_t>(i)];
-            byte = static_cast<char>(byte ^ 0x40);
+            byte = static_cast<char>(byte ^ (i < 3 ? 0x40 : 1));  // a size that memory holds
             EXPECT_FALSE(Is_Whole_Zip_Of_Xml(broken)) << from + static_cast<std::size_t>(i) - directory;
         }
     for (std::size_t cut = 1; cut <= whole.size(); cut += cut < 30 ? 1 : 7)

@@ -1,6 +1,6 @@
 """xlsx.py FILE: what a workbook holds, as an independent reader sees it.
 
-"title WORDS" of its properties; for each sheet "sheet NAME FREEZE", "width FIRST LAST LETTERS" of its columns, then its
+"title WORDS", "author WORDS" and "remark WORDS" of its properties; for each sheet "sheet NAME FREEZE", "width FIRST LAST LETTERS" of its columns, then its
 filled cells row by row: "CELL n NUMBER FORMAT" or "CELL s TEXT", and where it looks like more than plain letters "look
 CELL WEIGHT ALIGNMENT COLOR".
 """
@@ -10,6 +10,8 @@ import openpyxl
 
 book = openpyxl.load_workbook(sys.argv[1])
 print("title", book.properties.title or "")
+print("author", book.properties.creator or "")
+print("remark", book.properties.description or "")
 for sheet in book:
     print("sheet", sheet.title, sheet.freeze_panes)
     for column in sheet.column_dimensions.values():

@@ -69,8 +69,8 @@ inline Dxf_Read Read_Dxf(const std::string& path) { return Read_Dxfs({path}).fro
 
 /// A workbook, by "SHEET!CELL".
 struct Xlsx_Read {
-    std::string title;
-    std::vector<std::string> sheets;  ///< name and where its heads are frozen
+    std::map<std::string, std::string> about;  ///< "title", "author" and "remark"
+    std::vector<std::string> sheets;           ///< name and where its heads are frozen
     std::map<std::string, double> numbers;
     std::map<std::string, std::string> formats, texts;
     std::map<std::string, std::string> looks;  ///< "bold center FFE6EBF2"
@@ -80,8 +80,9 @@ inline Xlsx_Read Read_Xlsx(const std::string& path) {
     Xlsx_Read read;
     std::string sheet;
     for (const std::string& line : Said_By(Reader("xlsx.py", path))) {
-        if (line.starts_with("title ")) {
-            read.title = line.substr(6);
+        if (read.about.size() < 3) {
+            const std::size_t blank = line.find(' ');
+            read.about[line.substr(0, blank)] = line.substr(blank + 1);
             continue;
         }
         if (line.starts_with("sheet ")) {
