@@ -3,6 +3,7 @@
 #include "core/model_on_screens.h"
 #include "dynamics/dynacalc.h"
 #include "platform/deed.h"
+#include "screens/frm_explore.h"
 #include "shell/history.h"
 #include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
@@ -185,6 +186,54 @@ TEST_F(AsTheyStand_After, CognatesAndSyntheses) {
                      {"another turn", [](Screen& screen) { Enter(screen, "txt_Alpha2", kNoIndex, "35"); }},
                      {"calculated anew", calculate}});
     Expect_Words("screens_of_synthesis", words_);
+}
+
+TEST_F(AsTheyStand_After, ALinkageOfAllThatWereFound) {
+    auto& explore = dynamic_cast<frm_Explore&>(Screens::Get("frm_Explore"));
+    explore.Effort.coarse = true;
+    const auto choose = [](const char* list, int item) {
+        return [list, item](Screen& screen) { screen.Get<ComboBox>(list).Choose(item); };
+    };
+    Hands("frm_Explore", {{"searched",
+                           [&explore](Screen& screen) {
+                               Press(screen, "cmd_Search");
+                               explore.Await_Search();
+                           }},
+                          {"the next page", [](Screen& screen) { Press(screen, "cmd_Later"); }},
+                          {"the third of it", [](Screen& screen) { screen.Get<PictureBox>("pic_Found", 2).OnClick(); }},
+                          {"half way", [](Screen& screen) { screen.Get<ScrollBar>("hsc_Stroke").SetValue(100); }},
+                          {"a map of other pivots", choose("cmb_Map", 3)},
+                          {"by room", choose("cmb_Sort", 2)},
+                          {"rockers that drive", choose("cmb_Class", 4)},
+                          {"from the first", [](Screen& screen) { Choose_Option(screen, "opt_Relative", 1); }},
+                          {"a full turn", [](Screen& screen) { Tick(screen, "chk_FullTurn", true); }},
+                          {"four positions", choose("cmb_Count", 2)},
+                          {"no curves", [](Screen& screen) { Tick(screen, "chk_Curves", false); }},
+                          {"an area", [](Screen& screen) { Enter(screen, "txt_Area", 0, "-5 -5 to 5 5"); }},
+                          {"a fault", [](Screen& screen) { Enter(screen, "txt_Area", 1, "there"); }}});
+    Expect_Words("screen_of_all_linkages", words_);
+}
+
+TEST_F(AsTheyStand_After, ATableAndALocus) {
+    Hands("frm_PrintSelect", {{"a preset", [](Screen& screen) { screen.Get<ComboBox>("cmb_Preset").Choose(5); }},
+                              {"tabulated", [this](Screen& screen) {
+                                   desktop.Expect_Screen("frm_PrintData", [this](Screen& table) {
+                                       Note("the table", table);
+                                       table.Hide();
+                                   });
+                                   Press(screen, "cmd_Done");
+                               }}});
+    Model.PlotStyle = 4;
+    Hands("frm_PlotSelect4", {{"a vector", [](Screen& screen) { screen.Get<ComboBox>("cmb_Var1").Choose(2); }},
+                              {"plotted", [this](Screen& screen) {
+                                   desktop.Expect_Screen("frm_MyPlot4", [this](Screen& plot) {
+                                       Press(plot, "cmd_Replot");
+                                       Note("the locus", plot);
+                                       plot.Hide();
+                                   });
+                                   Press(screen, "cmd_Done");
+                               }}});
+    Expect_Words("screens_of_a_table_and_a_locus", words_);
 }
 
 }  // namespace
