@@ -55,10 +55,10 @@ TEST_F(Study_Refusals, NoStepClosesWhereNothingFollowsFromTheValues) {
     }
 }
 
-/// The crank is so near to the ground that its cosine is 1. Then the first two links end where the rocker lies along
-/// the ground, or begin where the coupler does, which leaves nothing of the square's factor in one of the equations.
+/// The crank is so near to the ground that its cosine is 1. Then the rocker lies along the ground, or the coupler does,
+/// turned round by half a turn, which leaves nothing of the square's factor in its equation.
 TEST_F(Study_Refusals, AnAngleWhoseEquationIsLinearIsRefusedAsInTheRecord) {
-    const double lengths[][4] = {{4, 1, 1, 2}, {4, 8, 2, 2}};
+    const double lengths[][4] = {{4, 1, 1, 2}, {4, 1, 2, 5}};
     study::Motion motion;
     for (const auto& [L1, L2, L3, L4] : lengths)
         for (const int circuit : {1, 2}) {
