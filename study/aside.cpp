@@ -15,9 +15,7 @@ namespace {
 /// So that clouds of long runs take no more memory than those of short ones.
 constexpr Number kPlaces = 800000;
 
-Number Steps_Of(const Study& study) {
-    return study.design.Calctype == run::kOnePosition ? 1 : static_cast<Number>(int{study.design.NSteps}) + 1;
-}
+Number Steps_Of(const Study& study) { return static_cast<Number>(Last_Step(study.design)) + 1; }
 
 Number Cloud_Of(const Study& study) {
     return study.plan.tolerances.empty() ? 0 : std::min(Aside::kCloud, kPlaces / Steps_Of(study));
@@ -41,7 +39,7 @@ std::vector<float> In_Turn(const Path& path) {
 }  // namespace
 
 struct Aside::Block {
-    Number first = 0, end = 0;
+    Number first, end;
     std::vector<float> measures;  ///< all those of one linkage, then those of the next
     std::vector<bool> kept;
     std::vector<std::pair<Number, std::vector<float>>> paths;
@@ -62,7 +60,7 @@ class Aside::Solver {
         block.end = std::min(block.first + at_once_, all_);
         const std::size_t count = block.end - block.first;
         block.measures.assign(count * each_, kNone);
-        block.kept.assign(count, false);
+        block.kept.resize(count);
         block.paths.clear();
         for (std::size_t i = 0; i < count; ++i) {
             const Number linkage = block.first + i;

@@ -116,7 +116,7 @@ std::string Key_Of(Design design) {
                                design.TimeStep, Single(design.shown)})
         add(value);
     for (const int value : {int{design.Calctype}, int{design.NSteps}, int{design.CircuitSign},
-                            static_cast<int>(design.wrap), design.PolarCoords ? 1 : 0})
+                            static_cast<int>(design.wrap), static_cast<int>(design.PolarCoords)})
         facts += std::to_string(value) + '\n';
     return facts;
 }

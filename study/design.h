@@ -32,6 +32,9 @@ struct Design : Geometry, Drive, MassProperties {
 /// `NSteps` of a run by angle or by time from its limits, as the input screen takes it. Empty, or why not.
 std::string Take_Limits(Drive& drive);
 
+/// The step at which a run ends.
+inline int Last_Step(const Drive& d) { return d.Calctype == run::kOnePosition ? 0 : int{d.NSteps}; }
+
 /// All that a study's numbers depend on of a design, line by line.
 std::string Key_Of(Design design);
 

@@ -53,14 +53,13 @@ Window Window_Of(const Mechanism& mechanism) {
     if (!mechanism.Closes()) return {};
     double left = 0, right = 0, low = 0, high = 0;
     for (int step = 0; step <= mechanism.Last(); ++step) {
-        if (!mechanism.At(step)) continue;
-        const Joints& joints = *mechanism.At(step);
-        for (const Spot spot : {joints.O4, joints.A, joints.B, joints.P}) {
-            left = std::min(left, spot.real());
-            right = std::max(right, spot.real());
-            low = std::min(low, spot.imag());
-            high = std::max(high, spot.imag());
-        }
+        if (const auto& joints = mechanism.At(step))
+            for (const Spot spot : {joints->O4, joints->A, joints->B, joints->P}) {
+                left = std::min(left, spot.real());
+                right = std::max(right, spot.real());
+                low = std::min(low, spot.imag());
+                high = std::max(high, spot.imag());
+            }
     }
     const Spot middle((left + right) / 2, (low + high) / 2);
     const double side = std::max({right - left, high - low, 1e-6}) * kAir / 2;

@@ -49,7 +49,7 @@ void Motion::Set_Out(const Design& d) {
     if (std::exchange(way_, way) == way) return;
     theta2_.clear();
     omega2_.clear();
-    last_ = d.Calctype == run::kOnePosition ? 0 : int{d.NSteps};
+    last_ = Last_Step(d);
     if (d.Calctype == run::kOnePosition) {
         theta2_.push_back(Rounded((d.ThetaZero - d.Link1Angle) * kDegToRad));
     } else if (d.Calctype == run::kByTime) {

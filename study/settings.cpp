@@ -242,7 +242,6 @@ Settings Usual_Settings(const Design& design, int units) {
 
 Settings In_Units(Settings s, int units) {
     const int from = std::exchange(s.units, units);
-    if (from == units) return s;
     const auto factor = [&](const std::string& name) {
         const Field* field = Field_Of(name);
         return field ? Kept_Factor(field->kept, from, units) : 1.0;
@@ -294,8 +293,7 @@ Shown_As Shown_Field(const std::string& name, int units) {
     }
     if (Kept_In_Radians(*field)) shown.factor = kRadToDeg;
     const auto all = Typed_Units(shown.quantity, units);
-    const auto own = std::ranges::find(all, 1.0, &TypedUnit::factor);
-    if (own != all.end()) shown.unit = own->name;
+    shown.unit = std::ranges::find(all, 1.0, &TypedUnit::factor)->name;
     return shown;
 }
 

@@ -44,8 +44,7 @@ std::string Fault_Of(const Study& study) {
     if (design.torque_table)
         if (const Measure* measure = First_Of(study, Wanted::kForces))
             return "\"" + measure->words + "\" takes a torque on link 4 that is typed, not a table of torques";
-    const int last = design.Calctype == run::kOnePosition ? 0 : int{design.NSteps};
-    if (last + static_cast<int>(angles) > kLastStep)
+    if (Last_Step(design) + static_cast<int>(angles) > kLastStep)
         return "the run and the angles of \"at\" have more than " + std::to_string(kLastStep + 1) + " positions";
     if (!study.plan.Count()) return "the study has more linkages than can be numbered";
     return {};
@@ -54,12 +53,9 @@ std::string Fault_Of(const Study& study) {
 std::size_t Bench::Ask(const Measure& measure) {
     const auto same = std::ranges::find_if(asked_, [&](const Asked& a) { return a.measure.words == measure.words; });
     if (same != asked_.end()) return static_cast<std::size_t>(same - asked_.begin());
-    int further = 0;
-    if (measure.statistic == Statistic::kAt) {
-        auto angle = std::ranges::find(angles_, measure.angle);
-        if (angle == angles_.end()) angle = angles_.insert(angle, measure.angle);
-        further = static_cast<int>(angle - angles_.begin());
-    }
+    const auto angle = std::ranges::find(angles_, measure.angle);
+    const int further = static_cast<int>(angle - angles_.begin());
+    if (measure.statistic == Statistic::kAt && angle == angles_.end()) angles_.push_back(measure.angle);
     solved_ = std::max(solved_, measure.wanted);
     asked_.push_back({measure, further});
     return asked_.size() - 1;
@@ -84,10 +80,9 @@ Worker::Worker(const Bench& bench)
 
 void Worker::Measure_All() {
     motion_.Solve(design_, bench_.solved_);
-    for (std::size_t i = 0; i < found_.size(); ++i) {
-        const Bench::Asked& asked = bench_.asked_[i];
-        found_[i] = meter_.Take(asked.measure, motion_, design_, asked.further);
-    }
+    std::ranges::transform(bench_.asked_, found_.begin(), [this](const Bench::Asked& asked) {
+        return meter_.Take(asked.measure, motion_, design_, asked.further);
+    });
 }
 
 bool Worker::Solve(Number linkage, std::span<float> fields, std::span<float> measures) {

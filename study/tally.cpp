@@ -38,8 +38,9 @@ void Insert(std::vector<Tally::Extreme>& extremes, const Tally::Extreme& extreme
 class Numbers {
    public:
     explicit Numbers(const std::string& text) : at_(text.data()), end_(at_ + text.size()) {}
-    std::optional<std::uint64_t> Next() {
-        std::uint64_t number = 0;
+    template <class T = std::uint64_t>
+    std::optional<T> Next() {
+        T number;
         const auto read = std::from_chars(at_, end_, number);
         if (read.ec != std::errc()) return std::nullopt;
         at_ = read.ptr;
@@ -47,9 +48,8 @@ class Numbers {
         return number;
     }
     std::optional<float> Next_Single() {
-        const auto bits = Next();
-        if (!bits || *bits > 0xffffffffU) return std::nullopt;
-        return std::bit_cast<float>(static_cast<std::uint32_t>(*bits));
+        const auto bits = Next<std::uint32_t>();
+        return bits ? std::optional(std::bit_cast<float>(*bits)) : std::nullopt;
     }
     bool At_End() const { return at_ == end_; }
 
@@ -199,10 +199,10 @@ void Tally::Add(const Tally& other) {
 double Tally::Mean() const { return about_ + sum_.Value() / static_cast<double>(spread_.Count()); }
 
 double Tally::Deviation() const {
-    if (spread_.Count() < 2) return 0;
     const auto count = static_cast<double>(spread_.Count());
     const double mean = sum_.Value() / count;
-    return std::sqrt(std::max(0.0, (squares_.Value() - count * mean * mean) / (count - 1)));
+    // A single one has no number here, which counts for nothing.
+    return std::sqrt(std::fmax(0.0, (squares_.Value() - count * mean * mean) / (count - 1)));
 }
 
 std::string Tally::Text() const {

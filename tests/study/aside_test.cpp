@@ -278,6 +278,56 @@ TEST(Aside, TheCloudOfALongRunHasFewerLinkagesAndNoMorePlaces) {
     }
 }
 
+TEST(Aside, HasEveryLinkageWhetherOrNotTheBlocksComeOut) {
+    Words words;
+    words.measures = {"closes"};
+    Aside aside;
+    for (const Number count : {1U, 63U, 64U, 65U, 127U, 129U}) {
+        words.sweeps = {"L2=0.5:1:" + std::to_string(count)};
+        aside.Begin(Study_In(words), 2);
+        const Findings found = To_The_End(aside);
+        EXPECT_TRUE(found.Whole());
+        EXPECT_EQ(found.values, std::vector<float>(count, 1)) << "all of them go round";
+        EXPECT_TRUE(aside.Cloud_At(0).empty()) << "of a sweep there is none";
+    }
+}
+
+TEST(Aside, TheCloudIsThatOfTheStudyBegunLast) {
+    Words words;
+    words.tolerances = {"L2=0.02:worst", "Rpa=0.05:worst"};
+    words.measures = {"closes"};
+    Aside aside;
+    aside.Begin(Study_In(words), 1);
+    To_The_End(aside);
+    EXPECT_EQ(aside.Cloud_At(0).size(), 4U);
+    // The pin of a crank that is too short is too slow.
+    words.keeps = {"max Veloc I 2,3:Mag > 7"};
+    aside.Begin(Study_In(words), 1);
+    To_The_End(aside);
+    std::vector<Number> linkages;
+    for (const Cloud_Point& point : aside.Cloud_At(0)) linkages.push_back(point.linkage);
+    EXPECT_EQ(linkages, (std::vector<Number>{1, 3}));
+}
+
+TEST(Aside, WhatNoSingleHoldsHasNeitherValuesNorMeasures) {
+    Words words;
+    words.sweeps = {"L2=1:1e39:2"};
+    words.measures = {"closes"};
+    Aside aside;
+    aside.Begin(Study_In(words), 1);
+    const Findings found = To_The_End(aside);
+    ASSERT_EQ(found.values.size(), 2U);
+    EXPECT_EQ(found.values[0], 1);
+    EXPECT_TRUE(Is_None(found.values[1]));
+    EXPECT_EQ(aside.Values_Of(0), std::vector<float>{1});
+    ASSERT_EQ(aside.Values_Of(1).size(), 1U);
+    EXPECT_TRUE(Is_None(aside.Values_Of(1)[0]));
+    std::vector<float> fields, measures;
+    EXPECT_TRUE(aside.Solve(1, fields, measures));
+    EXPECT_TRUE(Is_None(fields.at(0)));
+    EXPECT_TRUE(Is_None(measures.at(0)));
+}
+
 TEST(Aside, StopsBetweenBlocksOf64LinkagesOrOfEightLongRuns) {
     Words words;
     words.sweeps = {"L2=0.5:2:1000000", "Delta=0:90:1000000"};

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -78,6 +80,14 @@ TEST(Designs, LengthsThatCloseNowhereAreNone) {
         *longest = -0.5;
         EXPECT_FALSE(d.Derive());
     }
+    // The longest link against all three others, whichever it is.
+    std::array<double, 4> each{1, 2, 3, 6.5};
+    do {
+        for (std::size_t i = 0; i < 4; ++i) *lengths[i] = each[i];
+        EXPECT_FALSE(d.Derive());
+        for (std::size_t i = 0; i < 4; ++i) *lengths[i] = std::min(each[i], 5.75);
+        EXPECT_TRUE(d.Derive());
+    } while (std::next_permutation(each.begin(), each.end()));
     d = Four_Bars();
     d.Rpa = 0;
     EXPECT_TRUE(d.Derive());
@@ -221,9 +231,15 @@ TEST(Designs, LimitsGiveTheStepsOfARun) {
     }
     EXPECT_EQ(steps(Limits(3, 0, 40, 40.5)), "1") << "a fiftieth more is let through";
     EXPECT_EQ(steps(Limits(3, 0, 40, 41.25)), large);
+    EXPECT_EQ(steps(Limits(3, 100, 140, 50)), large) << "wherever it begins";
+    EXPECT_EQ(steps(Limits(3, -20, 20, 10)), "4");
     Drive drive = Limits(3, 10, 50, 10);
     drive.ThetaStepRad = 0;
     EXPECT_EQ(steps(drive), positive);
+    drive = Limits(3, 0, 40, 10);
+    drive.ThetaStepRad = 0.75;
+    drive.ThetaEndRad = 0.98 * drive.ThetaStepRad;
+    EXPECT_EQ(steps(drive), large) << "a fiftieth more is too much by itself";
 }
 
 TEST(Designs, AModelGivesItsCircuitFactorAndWrapping) {
@@ -271,6 +287,11 @@ TEST(Designs, AStudyThatCannotBeMadeSaysWhy) {
     study.design.NSteps = 2880;
     EXPECT_EQ(words(3), "the run and the angles of \"at\" have more than 2881 positions");
     EXPECT_EQ(words(1), "") << "which has one step, whatever stands there";
+    study.measures.clear();
+    for (int angle = 0; angle < 2880; ++angle) study.measures.push_back(at(0.125 * angle));
+    EXPECT_EQ(words(1), "") << "and room for as many angles";
+    study.measures.push_back(at(-1));
+    EXPECT_EQ(words(1), "the run and the angles of \"at\" have more than 2881 positions");
     study.design.NSteps = 2878;
     study.measures = {at(30), at(30)};
     study.keeps = {{at(40), Keep::Order::kMore, 0}, {at(30), Keep::Order::kMore, 0}};

@@ -107,6 +107,38 @@ TEST_F(StudyDrawing, TheWindowIsASquareAboutAllJointsWithATenthOfItsSideLeftBesi
     }
 }
 
+TEST_F(StudyDrawing, StepsThatDoNotCloseAreNotInTheWindow) {
+    // Five of thirteen close; mirrored about the ground.
+    const Design design = Double_Rocker();
+    double left = 0, right = 4, high = 0;
+    for (const int step : {0, 1, 2, 11, 12})
+        for (const Spot spot : {mechanism.At(step)->A, mechanism.At(step)->B, mechanism.At(step)->P}) {
+            left = std::min(left, spot.real());
+            right = std::max(right, spot.real());
+            high = std::max(high, std::abs(spot.imag()));
+        }
+    const Window window = Window_Of(mechanism);
+    EXPECT_GT(window.Side(), 1.2 * (right - left) - 1e-9);
+    EXPECT_LT(window.Side(), 1.2 * std::max(right - left, 2 * high) + 1e-9);
+    EXPECT_NEAR((window.low.real() + window.high.real()) / 2, (left + right) / 2, 1e-9);
+}
+
+TEST_F(StudyDrawing, TheWindowOfOnePositionIsAboutThatPosition) {
+    Design design = Double_Rocker();
+    design.Calctype = 1;
+    design.ThetaZero = 0;
+    const Mechanism one(design);
+    ASSERT_EQ(one.Last(), 0);
+    const Joints at = one.At(0).value();
+    const double high = std::max({at.B.imag(), at.P.imag(), 0.0}), low = std::min({at.B.imag(), at.P.imag(), 0.0});
+    // The crank lies on the ground, and the rocker's joint is an isosceles triangle's: over 3.5, as high as it comes.
+    EXPECT_NEAR(std::abs(at.A - Spot(3)), 0, 1e-5);
+    EXPECT_NEAR(at.B.real(), 3.5, 1e-5);
+    EXPECT_NEAR(std::abs(at.B.imag()), std::sqrt(4 - 0.25), 1e-5);
+    EXPECT_NEAR(Window_Of(one).Side(), 1.2 * std::max(4.0, high - low), 1e-5);
+    EXPECT_NEAR(Window_Of(one).low.imag() + Window_Of(one).high.imag(), high + low, 1e-5);
+}
+
 TEST_F(StudyDrawing, AMechanismThatIsHardlyThereHasAWindowAllTheSame) {
     Design design = Double_Rocker();
     design.L1 = 4e-9, design.L2 = 3e-9, design.L3 = 2e-9, design.L4 = 2e-9, design.Rpa = 1e-9;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
 
 #include "core/linkage_model.h"
@@ -60,6 +61,31 @@ TEST_F(Study_Measure, TheStraightestLineIsThatOfTheLeastSquares) {
         double extent = 0;
         for (const auto& [x, y] : points) extent = std::max(extent, std::hypot(x - x0, y - y0));
         EXPECT_NEAR(taken, most, 3e-4 * extent);
+    }
+}
+
+/// The speed of the crank's pin, upwards where the crank lies along the ground, to the right where it hangs down.
+TEST_F(Study_Measure, AComponentIsZeroWhereItIsLessThanATenThousandth) {
+    study::Design design;
+    design.PolarCoords = true;
+    design.L1 = 4, design.L2 = 1, design.L3 = 3.5, design.L4 = 3, design.Rpa = 1;
+    design.CircuitSign = -1;
+    design.Calctype = 1;
+    study::Motion motion;
+    study::Meter meter;
+    for (const std::string component : {"X", "Y"}) {
+        std::string fault;
+        const auto measure = study::Measure_Of("max Veloc I 2,3:" + component, false, fault).value();
+        const auto taken = [&](float speed) {
+            design.ThetaZero = component == "X" ? 270 : 0;
+            design.Omega2Input = speed;
+            EXPECT_TRUE(motion.Solve(design, study::Wanted::kMotion));
+            return meter.Take(measure, motion, design, 0);
+        };
+        for (const float sign : {-1.0F, 1.0F}) {
+            EXPECT_EQ(taken(sign * 0.0001F), sign * 0.0001F) << component;
+            EXPECT_EQ(taken(sign * std::nextafter(0.0001F, 0.0F)), 0) << component;
+        }
     }
 }
 

@@ -55,6 +55,13 @@ TEST(Normal_Quantile, TurnsTheErrorFunctionRound) {
     EXPECT_NEAR(Normal_Quantile(0.975), 1.959963984540054, 1e-14);
 }
 
+/// At 0.425 from the middle, and where the logarithm is -25; by 50 digits.
+TEST(Normal_Quantile, IsRightToALastPlaceWhereItsPartsMeet) {
+    EXPECT_EQ(0.075 - 0.5, -0.425);
+    EXPECT_NEAR(Normal_Quantile(0.075), -1.43953147093845593495, 0x1p-52);
+    EXPECT_EQ(Normal_Quantile(0x1.e8a37a45fc358p-37), -6.657904643501102865);
+}
+
 }  // namespace
 
 }  // namespace verlink::study

@@ -77,6 +77,36 @@ TEST_F(Reading, AToleranceHasAWidthAndPerhapsAKind) {
     EXPECT_EQ(Fault(), "a study moves no field \"Figure\"");
 }
 
+TEST_F(Reading, AKindOfSpreadThatThereIsNotIsToldWithTheNearestOne) {
+    for (const auto& [wrong, meant] : {std::pair{"norml", "; did you mean normal?"},
+                                       {"worse", "; did you mean worst?"},
+                                       {"uniforn", "; did you mean uniform?"},
+                                       {"x", ""},
+                                       {"", ""}}) {
+        words.tolerances = {std::string("L2=0.5:") + wrong};
+        EXPECT_EQ(Fault(), std::string("a tolerance is normal, uniform or worst, not \"") + wrong + "\"" + meant);
+    }
+}
+
+TEST_F(Reading, AMeasureOrABoundThatCannotBeReadIsToldAndThereIsNoStudy) {
+    words.measures = {"max Theta4", "mux Theta4"};
+    EXPECT_EQ(Fault(), "there is no measure \"mux\"; did you mean max?");
+    words.measures = {"max Theta4"};
+    words.keeps = {"min Trans Ang > 40", "mim Trans Ang > 40"};
+    EXPECT_EQ(Fault(), "there is no measure \"mim\"; did you mean min?");
+}
+
+TEST_F(Reading, SamplesAndSeedAreThoseThatWereAsked) {
+    words.tolerances = {"L2=0.5"};
+    std::string fault;
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.samples, 10000U);
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.seed, 1U);
+    words.samples = 12;
+    words.seed = 34;
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.samples, 12U);
+    EXPECT_EQ(Study_Of(words, design, fault)->plan.seed, 34U);
+}
+
 TEST_F(Reading, AListIsFieldsOverRowsOfAsManyNumbers) {
     List list;
     std::string fault;
@@ -119,8 +149,10 @@ TEST(Time_Words, AreTheTwoLargestUnits) {
     EXPECT_EQ(Time_Words(60), "1 min 0 s");
     EXPECT_EQ(Time_Words(3599), "59 min 59 s");
     EXPECT_EQ(Time_Words(3600), "1 h 0 min");
+    EXPECT_EQ(Time_Words(3600 + 59 * 60), "1 h 59 min");
     EXPECT_EQ(Time_Words(86399), "23 h 59 min");
     EXPECT_EQ(Time_Words(86400), "1 d 0 h");
+    EXPECT_EQ(Time_Words(86400 + 23 * 3600), "1 d 23 h");
     EXPECT_EQ(Time_Words(2 * 86400 + 5 * 3600 + 59), "2 d 5 h");
 }
 

@@ -46,6 +46,17 @@ TEST(StudySettings, ComeBackFromTheirText) {
     EXPECT_EQ(settings, Settings{});
 }
 
+TEST(StudySettings, WordsStandAsTheyWereWritten) {
+    Settings written, read;
+    written.measure = "größe \"α\"";
+    EXPECT_NE(Settings_Text(written).find("\"measure\": \"größe \\\"α\\\"\""), std::string::npos);
+    std::string fault;
+    ASSERT_TRUE(Read_Settings(Settings_Text(written), read, fault)) << fault;
+    EXPECT_EQ(read, written);
+    written.measure = "\xff";
+    EXPECT_NE(Settings_Text(written).find("\"measure\": \"\uFFFD\""), std::string::npos) << "but what is no text";
+}
+
 TEST(StudySettings, AreRefusedByTheNameOfTheField) {
     EXPECT_EQ(Fault_With("\"version\": 1", "\"version\": 2"), "they were written by a newer program");
     EXPECT_EQ(Fault_With("\"version\": 1,", ""), "the field version is missing");
@@ -96,6 +107,7 @@ TEST(StudySettings, GoWithTheUnitsOfTheModel) {
     // Angles and ratios have no unit that changes.
     s.keep = "min Trans Ang > 40";
     EXPECT_EQ(In_Units(s, 3).keep, s.keep);
+    EXPECT_EQ(In_Units(Some(), 5), Some()) << "which it has";
 }
 
 TEST(StudySettings, ABoundGoesWithTheUnitOfItsMeasure) {

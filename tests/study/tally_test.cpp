@@ -126,6 +126,7 @@ TEST(Tally, IsExactForFewValues) {
     EXPECT_EQ(tally.Spread().Quantile(0.625), 3.5);
     EXPECT_EQ(tally.Spread().Quantile(1), 5);
     EXPECT_EQ(tally.Spread().Between({1, 2, 4, 5}), (std::vector<std::uint64_t>{1, 2, 2}));
+    EXPECT_EQ(tally.Spread().Between({2, 4, 4.5}), (std::vector<std::uint64_t>{3, 2})) << "with what lies beyond";
     EXPECT_EQ(tally.Lowest().front(), (Tally::Extreme{1, 1}));
     EXPECT_EQ(tally.Highest().front(), (Tally::Extreme{5, 3}));
 }
@@ -147,6 +148,7 @@ TEST(Tally, TheTenLeastAndGreatestStandInOrder) {
     Tally one;
     one.Add(3, 1);
     EXPECT_EQ(one.Deviation(), 0);
+    EXPECT_EQ(Tally_Of({0.1F}, 7.3).Deviation(), 0) << "wherever it is";
     one.Add(5, 2);
     EXPECT_NEAR(one.Deviation(), std::sqrt(2.0), 1e-15);
 }
@@ -234,6 +236,13 @@ TEST(Summaries, OfPartsAreThatOfTheWhole) {
     EXPECT_EQ(one.measures[0].Mean(), 5);
     EXPECT_EQ(one.measures[1].Mean(), 9);
     EXPECT_EQ(one.measures[1].None(), 1U);
+}
+
+TEST(Summaries, OfAMeasureThatTheModelHasNotLoseNothingOfSmallValues) {
+    Summary summary({kNone});
+    for (const float value : {1e-20F, 3e-20F}) summary.Add(std::array{value}, 0);
+    EXPECT_NEAR(summary.measures[0].Mean(), 2e-20, 1e-26);
+    EXPECT_NEAR(summary.measures[0].Deviation(), std::sqrt(2.0) * 1e-20, 1e-26);
 }
 
 TEST(Tally, TakesNoLinesThatAreNone) {

@@ -28,6 +28,7 @@ TEST(Measure_Words, AreRead) {
     for (const char* balance : {"max F Shk Balcd:Mag", "rms Flywl Torque", "range MShk Balcd"})
         EXPECT_EQ(Measure_Of(balance, false, fault)->wanted, Wanted::kBalance) << balance;
     EXPECT_EQ(Measure_Of("min Trans Ang", false, fault)->wanted, Wanted::kAngles);
+    EXPECT_EQ(Measure_Of("closes", false, fault)->wanted, Wanted::kAngles);
     for (const char* points : {"deviation", "deviation line", "range Coupler Pt"})
         EXPECT_EQ(Measure_Of(points, false, fault)->wanted, Wanted::kPoints) << points;
     EXPECT_EQ(Measure_Of("deviation line", false, fault)->statistic, Statistic::kLine);
@@ -60,6 +61,21 @@ TEST(Measure_Words, OfABalanceTakeARunByAngle) {
     study.measures.push_back(*Measure_Of("rms Flywl Torque", false, fault));
     study.design.Calctype = 1;
     EXPECT_EQ(Fault_Of(study), "\"rms Flywl Torque\" takes a run by angle, which alone is balanced");
+}
+
+TEST(Measure_Words, OfABoundAreNoFaultWhereTheRunHasThem) {
+    std::string fault;
+    Study study;
+    study.design.Calctype = 2;
+    study.keeps.push_back(*Keep_Of("max Theta4 < 90", false, fault));
+    EXPECT_EQ(Fault_Of(study), "");
+    study.keeps.push_back(*Keep_Of("max F Shk Balcd:Mag < 1", false, fault));
+    EXPECT_EQ(Fault_Of(study), "\"max F Shk Balcd:Mag\" takes a run by angle, which alone is balanced");
+    study.keeps.pop_back();
+    study.design.torque_table = true;
+    EXPECT_EQ(Fault_Of(study), "");
+    study.keeps.push_back(*Keep_Of("max Torque 12 < 1", false, fault));
+    EXPECT_EQ(Fault_Of(study), "\"max Torque 12\" takes a torque on link 4 that is typed, not a table of torques");
 }
 
 TEST(Keep_Words, AreReadOrTold) {
