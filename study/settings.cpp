@@ -293,7 +293,8 @@ Shown_As Shown_Field(const std::string& name, int units) {
     }
     if (Kept_In_Radians(*field)) shown.factor = kRadToDeg;
     const auto all = Typed_Units(shown.quantity, units);
-    shown.unit = std::ranges::find(all, 1.0, &TypedUnit::factor)->name;
+    const auto own = std::ranges::find(all, 1.0, &TypedUnit::factor);
+    if (own != all.end()) shown.unit = own->name;
     return shown;
 }
 
