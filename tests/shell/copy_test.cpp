@@ -151,6 +151,7 @@ TEST_F(CopyTest, AgesAreToldInWholeUnits) {
 
 TEST_F(CopyTest, TheFirstIsWrittenAtOnceForItsOwnerAlone) {
     Copy_Keeper keeper(File(), 1h);
+    std::this_thread::sleep_for(2ms);  // it waits for something to do
     keeper.Keep(Some_Model("first"));
     ASSERT_TRUE(Comes("first", 10s));
     EXPECT_EQ(Held()->path, "/models/press.vlk");

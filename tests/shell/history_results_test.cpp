@@ -344,8 +344,15 @@ TEST_F(HistoryOfResults, BeingTakenToAnotherStepIsNobodysDeed) {
     With_A_Run([](Screen& home) {
         Do(home, [] { Model.LinkMass(2) = 1; });
         Do(home, [] { Model.LinkMass(2) = 2; });
-        Steps().Serve(home, [&home] { Do(home, [] { Model.LinkMass(3) = 7; }); });
+        static int changes = 0;
+        Steps().Listen([](Turn turn) { changes += turn == Turn::kChanged; });
+        Steps().Serve(home, [&home] {
+            Do(home, [] { Model.LinkMass(3) = 7; });
+            Deed::By_Itself();
+        });
+        changes = 0;
         Steps().Undo();
+        EXPECT_EQ(changes, 1) << "the undoing alone";
         EXPECT_EQ(Steps().Steps(), 1U);
         EXPECT_EQ(Model.LinkMass(2), 1);
         EXPECT_NE(Model.LinkMass(3), 7) << "what a screen does as it shows the step does not stay";
