@@ -114,6 +114,24 @@ TEST_F(HistoryOfTyping, WhatStandsTypedIsNoStepAnyMoreOnceTheModelHasChanged) {
     });
 }
 
+TEST_F(HistoryOfTyping, WhatStandsTypedBelowIsNoStepAnyMoreOnceAnotherScreenHasUndoneOne) {
+    With_A_Run([this](Screen& home) {
+        Do(home, [] { Model.LinkMass(3) = 2; });
+        desktop.Expect_Screen("frm_MassProp", [this](Screen& masses) {
+            Type(masses, "txt_Mass", 2, "0.5");
+            desktop.Expect_Screen("frm_About", [](Screen& above) {
+                Steps().Undo();
+                above.Hide();
+            });
+            Screens::Get("frm_About").ShowModal();
+            EXPECT_NE(Model.LinkMass(3), 2);
+            EXPECT_NE(Steps().Undo_What(), "mass of link 2");
+            Press(masses, "cmd_Cancel");
+        });
+        Press(home, "cmd_Dynamics");
+    });
+}
+
 TEST_F(HistoryOfTyping, WhoeverFollowsHearsWhetherSomethingIsBeingTyped) {
     static std::vector<bool> told;
     Steps().Follow([](bool typed) { told.push_back(typed); });
