@@ -25,7 +25,6 @@ constexpr int kSide = 700;
 /// The screen with the picture on it.
 std::unique_ptr<frm_Animate> Drawn_Screen() {
     auto form = std::make_unique<frm_Animate>();
-    form->chk_Coupler.Value = true;
     Animate_Setup(*form);
     if (Model.RunTable.Assembled(0)) {
         DrawLinkage(*form, 0);
