@@ -57,6 +57,8 @@ TEST(Options_Together, OfSeveralFaultsTheFirstIsTold) {
     const std::string picture = "--picture wants a name that ends in .svg, .pdf or .png, not \"a.jpg\"";
     EXPECT_EQ(Fault_Of({"m", "--picture", "a.jpg", "--torque", "b"}), picture);
     EXPECT_EQ(Fault_Of({"m", "--picture", "a.jpg", "--drive", "b"}), picture);
+    EXPECT_EQ(Fault_Of({"m", "--picture", "svg"}),
+              "--picture wants a name that ends in .svg, .pdf or .png, not \"svg\"");
     EXPECT_EQ(Fault_Of({"m", "--plot", "a", "--convert-units", "2"}), "--convert-units goes with --save");
     EXPECT_EQ(Fault_Of({"m", "--drive", "b", "--export-trq", "c"}), "--drive wants an .sva or an .out file, not \"b\"");
     EXPECT_EQ(Fault_Of({"m", "--export-trq", "c", "--torque", "b"}), "--export-trq goes with --dynamics or --balance");

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "batch/study_file.h"
 #include "core/linkage_model.h"
 #include "platform/system.h"
 #include "study/design.h"
@@ -128,6 +129,12 @@ TEST_F(Merged, FilesThatCannotBeReadOrWrittenAreTold) {
     EXPECT_EQ(unread.status, 1);
     EXPECT_TRUE(unread.err.starts_with("verlink-batch: " + Path("none") + " cannot be read: File not found"))
         << unread.err;
+    {
+        const Row_File other(all, "Head\n");
+        EXPECT_EQ(Run({"--merge", all, good}).err,
+                  "verlink-batch: " + all + " cannot be written: Path/File access error (another process writes it)\n");
+        EXPECT_EQ(Read(all + ".part"), "Head\n");
+    }
     const std::string out = Path("no folder/all.csv");
     const Outcome unwritten = Run({"--merge", out, good});
     EXPECT_EQ(unwritten.status, 1);

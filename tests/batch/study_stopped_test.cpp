@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "batch/batch.h"
+#include "batch/study_file.h"
 #include "core/linkage_model.h"
 #include "platform/system.h"
 #include "study/design.h"
@@ -38,6 +39,7 @@ struct Failing_Once : platform::System {
     ~Failing_Once() override { platform::Use_System(nullptr); }
     int Open(const std::string& path, int flags) override {
         const int file = System::Open(path, flags);
+        if (!end.empty() && path.ends_with(end)) calls = 0;
         open += file >= 0 ? 1 : 0;
         return file;
     }
@@ -50,6 +52,12 @@ struct Failing_Once : platform::System {
         const int closed = System::Close(file);
         --open;
         return Fails("close") ? -1 : closed;
+    }
+    ssize_t Read(int file, char* to, std::size_t count) override {
+        return Fails("read") ? -1 : System::Read(file, to, count);
+    }
+    ssize_t Write(int file, const char* from, std::size_t count) override {
+        return Fails("write") ? -1 : System::Write(file, from, count);
     }
     int Flush(int) override { return Fails("flush") ? -1 : 0; }
     int Rename(const std::string& from, const std::string& to) override {
@@ -240,6 +248,47 @@ TEST_F(Stopped, ResumeClosesWhatItLooksAtAndTellsWhatCannotBeMovedBack) {
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(refused.err.starts_with("verlink-batch: " + csv + " cannot be written: ")) << refused.err;
     EXPECT_EQ(Read(csv), kHead + Rows(1, 2));
+}
+
+TEST_F(Stopped, RowsThatCannotBeReadOrAddedAreTold) {
+    const Words resume = Joined({model}, Joined(Speeds(3), {"--csv", csv, "--resume"}));
+    Write("rows.csv", kHead + Rows(1, 2));
+    const std::pair<const char*, int> calls[] = {{"read", EIO}, {"write", EFBIG}};
+    const std::string told[] = {csv + " cannot be read: Device I/O error",
+                                part + " cannot be written: Disk full (it would be larger than a file may be)\n"};
+    for (const std::size_t i : {0U, 1U}) {
+        Failing_Once failing(calls[i].first, calls[i].second);
+        failing.end = "rows.csv";
+        failing.calls = -1000;  // until that is opened
+        failing.at = 1;
+        const Outcome refused = Run(resume);
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_TRUE(refused.err.starts_with("verlink-batch: " + told[i])) << refused.err;
+        EXPECT_EQ(failing.open, 0);
+        EXPECT_EQ(Read(i == 0 ? csv : part), kHead + Rows(1, 2));
+    }
+}
+
+TEST_F(Stopped, RowsThatAnotherProcessWritesAreLeftToIt) {
+    Row_File other(csv, kHead);
+    other.Add(Row(1));
+    const Failing_Once counted("", 0);
+    const Outcome refused = Run(Joined({model}, Joined(Speeds(3), {"--csv", csv, "--resume"})));
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err,
+              "verlink-batch: " + part + " cannot be written: Path/File access error (another process writes it)\n");
+    EXPECT_EQ(counted.open, 0);
+    other.Add(Row(2));
+    EXPECT_EQ(Read(part), kHead + Rows(1, 2));
+}
+
+TEST_F(Stopped, ASummaryCountsEachLinkageOnceAtTheEndsOfBlocksToo) {
+    for (const int count : {1, 2, 63, 64, 65, 127, 128, 129}) {
+        const std::string out = Run(Joined({model}, Joined(Speeds(count), {"--summary"}))).out,
+                          all = std::to_string(count);
+        EXPECT_TRUE(out.starts_with("Measure,What,At,Value\n,linkages,," + all + "\n,kept,," + all + "\n")) << out;
+        EXPECT_EQ(Run(Joined({model}, Speeds(count))).out, kHead + Rows(1, count));
+    }
 }
 
 /// A summary of one linkage counts it for the rate.
