@@ -5,7 +5,7 @@ namespace verlink {
 
 namespace {
 
-volatile std::sig_atomic_t asked = 0;
+volatile std::sig_atomic_t asked;
 
 void Mark(int) { asked = 1; }
 

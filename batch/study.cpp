@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <optional>
 #include <thread>
 
@@ -225,9 +226,7 @@ class Study_Run {
     }
 
     /// The number in front of a row, which is that of the next linkage; 0 where there is none.
-    static Number Number_Of_Row(const std::string& row) {
-        return Whole_Number(row.substr(0, row.find(','))).value_or(0);
-    }
+    static Number Number_Of_Row(const std::string& row) { return std::strtoull(row.c_str(), nullptr, 10); }
 
     /// Whether the last row is what this study makes of that linkage.
     bool Belongs(const Rows_There& there) {

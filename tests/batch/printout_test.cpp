@@ -95,7 +95,11 @@ TEST_F(Printed, WhereNothingMoreGoesOutModelsThatOnlyPrintAreNotOpened) {
     for (const char* option : {"--svg", "--save"}) {
         fs::remove(Path("other.out"));
         Full again;
-        EXPECT_EQ(Run_To(again, {model, other, "--classify", option, Path("{name}.out")}).status, 1);
+        const Outcome both = Run_To(again, {model, other, "--classify", option, Path("{name}.out")});
+        EXPECT_EQ(both.status, 1);
+        const auto told = both.err.find("standard output cannot be written");
+        EXPECT_NE(told, std::string::npos);
+        EXPECT_EQ(both.err.rfind("standard output cannot be written"), told) << "once";
         EXPECT_TRUE(fs::exists(Path("other.out"))) << option;
     }
 }
@@ -143,6 +147,14 @@ TEST_F(Printed, AnOpenFileIsOneWithItsNameAndWithItselfByNumber) {
     EXPECT_EQ(Run({model, "--csv", number}).status, 0);
     ::close(open);
     EXPECT_EQ(Read(Path("a")), Run({model}).out);
+    // Somebody is there, and yet it cannot be written.
+    const int unwritable = ::open(Path("a").c_str(), O_RDONLY);
+    const std::string name = "/dev/fd/" + std::to_string(unwritable);
+    const Outcome refused = Run({model, "--csv", name});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err,
+              "verlink-batch: " + name + " cannot be written: Device I/O error (it is not open for that)\n");
+    ::close(unwritable);
 }
 
 /// As the system follows forty links, and no more.
