@@ -1,17 +1,15 @@
 // Studies that are stopped, and what becomes of what they left: nothing of it is lost, nothing foreign is gone on with.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <sstream>
+#include <utility>
 
 #include "batch/batch.h"
 #include "batch/study_file.h"
-#include "core/linkage_model.h"
 #include "platform/system.h"
-#include "study/design.h"
 #include "tests/batch/batch_fixture.h"
 
 namespace verlink::test {
