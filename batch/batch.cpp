@@ -218,7 +218,6 @@ class Batch {
 
     void Replace_Fields(LinkageModel& record) {
         rows_of_torque_ = record.TorqueImported ? record.NSteps + 1 : 0;
-        if (options_.sets.empty()) return;
         const int rows_driven = record.Imported() ? record.NSteps + 1 : 0;
         for (const auto& [field, value] : options_.sets) Set_File_Field(field, value, record);
         Check_Tables(record, rows_driven, rows_of_torque_);

@@ -44,7 +44,7 @@ void Add_Chosen(std::vector<Column>& columns, const std::string& name, const std
 
 void Add_Variable(std::vector<Column>& columns, const std::string& name) {
     Select_Variable(name, kSlot);
-    if (!Has_Components({name, "", false})) {
+    if (!Has_Components({name, ""})) {
         Add_Chosen(columns, name, Unit_Of({name, "Mag"}, Model));
         return;
     }

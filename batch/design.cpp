@@ -84,7 +84,7 @@ int Run_Design(const BatchOptions& options, Printout& print, std::ostream& err) 
     }
     std::vector<Made> made;
     const std::string* csv = options.Result("--csv");
-    if (csv || options.Table_Printed()) made.push_back({csv ? *csv : "-", Solutions_Csv(task, found), true});
+    if (csv || options.Table_Printed()) made.push_back({csv ? *csv : "-", Solutions_Csv(task, found)});
     if (const std::string* svg = options.Result("--svg")) made.push_back({*svg, Gallery_Svg(task, found)});
     if (options.save && !Save_Model(*options.save, Best_Model(task, found), print, err)) return kFailed;
     for (const Made& result : made)

@@ -41,7 +41,7 @@ Take Result(const ResultRow& row) {
     return [&row](const std::string& value, BatchOptions& options, std::string& fault) {
         if (!Once(options.Result(row.option) != nullptr, row.option, fault) || !Is_Path(row.option, value, fault))
             return false;
-        const auto behind = std::ranges::find_if(options.results, [&](const auto& other) { return other.row > &row; });
+        const auto behind = std::ranges::upper_bound(options.results, &row, {}, &WantedResult::row);
         options.results.insert(behind, {&row, value});
         return true;
     };

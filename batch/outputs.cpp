@@ -60,10 +60,10 @@ std::vector<Use> Inputs_Of(const BatchOptions& job, bool several) {
 }
 
 /// Files and devices by option; what is printed is left out.
-std::vector<Use> Outputs_Of(const BatchOptions& job, bool several) {
+std::vector<Use> Outputs_Of(const BatchOptions& job) {
     std::vector<Use> uses;
     const auto add = [&](const std::string& option, const std::string& path) {
-        uses.push_back({several ? option + " of " + job.model : option, path, option, job.Name()});
+        uses.push_back({option, path, option, job.Name()});
     };
     for (const WantedResult& result : job.results) add(result.row->option, result.path);
     if (job.save) add("--save", *job.save);
@@ -118,8 +118,10 @@ bool Outputs_Apart(const std::vector<BatchOptions>& jobs, std::string& fault) {
         for (const Use& input : Inputs_Of(job, several)) files.Read(input);
     if (jobs.front().Prints() && !files.Write({kStandardOutput, "-"}, fault)) return false;
     for (const BatchOptions& job : jobs)
-        for (const Use& output : Outputs_Of(job, several))
+        for (Use output : Outputs_Of(job)) {
+            if (several) output.who += " of " + job.model;
             if (!files.Write(output, fault)) return false;
+        }
     return true;
 }
 
@@ -127,7 +129,7 @@ bool Folders_There(const std::vector<BatchOptions>& jobs, std::string& fault) {
     if (jobs.size() < 2) return true;
     std::unordered_set<std::string> there;
     for (const BatchOptions& job : jobs) {
-        for (const Use& output : Outputs_Of(job, true)) {
+        for (const Use& output : Outputs_Of(job)) {
             const std::string folder = platform::Folder_Of(output.path);
             std::error_code none;
             if (there.contains(folder)) continue;

@@ -25,7 +25,6 @@ constexpr int kSide = 700;
 /// The screen with the picture on it.
 std::unique_ptr<frm_Animate> Drawn_Screen() {
     auto form = std::make_unique<frm_Animate>();
-    form->chk_Coupler.Value = true;
     Animate_Setup(*form);
     if (Model.RunTable.Assembled(0)) {
         DrawLinkage(*form, 0);
@@ -70,7 +69,7 @@ std::string Picture_File(const std::string& path) {
 std::optional<std::string> Motion_Gif() {
     constexpr int kFilmSide = 540;
     const std::vector<int> steps = Steps_Shown(Model, Model.RunTable);
-    if (Model.Calctype < run::kByTime || steps.size() < 2) return {};
+    if (steps.size() < 2) return {};
     const auto form = Drawn_Screen();
     // As on the screen, which sets the pace of a run that has no time of its own.
     const double stride = Real_Stride(Model).value_or(Played_Stride(Model));

@@ -29,8 +29,6 @@ std::string Plot_Svg(const std::vector<FunctionChoice>& choices, bool local) {
         chosen.lbl_Component[slot - 1].Caption = Model.ComponentLabel(slot);
     }
     Use_Frame(local, 1);
-    Model.PlotStyle = 1;
-    Model.GraphWindows = 1;
     Model.PlotCount = static_cast<int>(choices.size());
     frm_Plot1 form;
     Plot_Setup(form, 1);

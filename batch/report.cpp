@@ -32,8 +32,7 @@ std::optional<std::string> Report_Pdf(const std::vector<FunctionChoice>& plots, 
     }
     Report_Wish wish{{kChapters.begin(), kChapters.end()}, {}, Today()};
     for (const FunctionChoice& plot : plots) {
-        Output_Function function{plot.label, plot.component, false};
-        if (!Can_Be_Read(function)) continue;
+        Output_Function function{plot.label, plot.component};
         if (!Has_Components(function)) function.component.clear();
         function.local = local && Has_Frames(function);
         wish.plots.push_back(function);

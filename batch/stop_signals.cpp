@@ -5,7 +5,7 @@ namespace verlink {
 
 namespace {
 
-volatile std::sig_atomic_t asked = 0;
+volatile std::sig_atomic_t asked;
 
 void Mark(int) { asked = 1; }
 
@@ -15,15 +15,15 @@ Stop_Signals::Stop_Signals() {
     asked = 0;
     struct sigaction action {};
     action.sa_handler = Mark;
-    for (int i = 0; i < 3; ++i) {
-        ::sigaction(kSignals[i], nullptr, &before_[i]);
+    for (Signal& each : signals_) {
+        ::sigaction(each.number, nullptr, &each.before);
         // Who started it to outlive a hang-up meant it.
-        if (before_[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
+        if (each.before.sa_handler != SIG_IGN) ::sigaction(each.number, &action, nullptr);
     }
 }
 
 Stop_Signals::~Stop_Signals() {
-    for (int i = 0; i < 3; ++i) ::sigaction(kSignals[i], &before_[i], nullptr);
+    for (const Signal& each : signals_) ::sigaction(each.number, &each.before, nullptr);
 }
 
 bool Stop_Signals::Asked() { return asked != 0; }

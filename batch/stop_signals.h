@@ -17,8 +17,10 @@ class Stop_Signals {
     static bool Asked();
 
    private:
-    static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
-    struct sigaction before_[3]{};
+    struct Signal {
+        int number;
+        struct sigaction before {};
+    } signals_[3] = {{SIGINT}, {SIGTERM}, {SIGHUP}};
 };
 
 }  // namespace verlink

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <optional>
 #include <thread>
 
@@ -127,11 +128,10 @@ class Rows_Out {
             print_.Text(rows);
     }
     void Close() {
-        if (file_)
-            file_->Close();
-        else
-            print_.Flush();
+        if (file_) file_->Close();
     }
+    /// All at once.
+    void Put(const std::string& text) { path_ ? platform::Write_File(*path_, text) : print_.Text(text); }
     /// Nobody reads on.
     bool Closed() const { return !file_ && print_.Closed(); }
     std::string Part() const { return file_ ? file_->Part() : ""; }
@@ -141,6 +141,12 @@ class Rows_Out {
     const std::string* path_;
     std::optional<Row_File> file_;
 };
+
+/// The file of rows or of what they come to; null for standard output.
+const std::string* Path_Of(const BatchOptions& options) {
+    const std::string* path = options.Result("--csv");
+    return path && *path != "-" ? path : nullptr;
+}
 
 /// What a block of a summary leaves behind.
 struct Nothing {};
@@ -164,15 +170,15 @@ class Study_Run {
                                           : words.sharded ? Summary_Head(Measure_Words(bench_))
                                                           : "");
         std::optional<std::uint64_t> go_on;
-        first_ = done_ = range_.first;
         if (words.resume) {
             const auto status = Resume(head, go_on);
             if (status) return *status;
         }
         if (Leftover()) return kFailed;
         const Stop_Signals signals;
-        if (!words.summary) out_.Begin(head, go_on);
-        const bool whole = words.summary ? Sum_Up(head) : Solve();
+        if (words.summary) return Sum_Up(head) ? kDone : Stopped();
+        out_.Begin(head, go_on);
+        const bool whole = Solve();
         if (failure_) throw *failure_;
         if (!whole) return Stopped();
         if (words.sharded) out_.Add(lines_.end);
@@ -181,10 +187,7 @@ class Study_Run {
     }
 
    private:
-    const std::string* Path() const {
-        const std::string* path = options_.Result("--csv");
-        return path && *path != "-" ? path : nullptr;
-    }
+    const std::string* Path() const { return Path_Of(options_); }
 
     /// Where a stopped study goes on; a status when there is nothing to do, or nothing can be done.
     std::optional<int> Resume(const std::string& head, std::optional<std::uint64_t>& go_on) {
@@ -197,10 +200,10 @@ class Study_Run {
         if (!stopped) there = Look_At_Rows(path, head, end);
         if (there.state == State::kNone) return std::nullopt;
         if (!Belongs(there)) return Foreign(stopped ? part : path);
-        if (there.rows > 0) first_ = Number_Of_Row(there.last);
+        if (there.rows > 0) first_ = done_ = Number_Of_Row(there.last);
         if (!stopped) {
             // Rows under their own name are all that there were, of this study or of one with fewer linkages.
-            if (there.state == State::kWhole || first_ == range_.end) return kDone;
+            if (there.state == State::kWhole || (end.empty() && first_ == range_.end)) return kDone;
             Move_Back(path, part);
         }
         go_on = there.bytes;
@@ -223,9 +226,7 @@ class Study_Run {
     }
 
     /// The number in front of a row, which is that of the next linkage; 0 where there is none.
-    static Number Number_Of_Row(const std::string& row) {
-        return Whole_Number(row.substr(0, row.find(','))).value_or(0);
-    }
+    static Number Number_Of_Row(const std::string& row) { return std::strtoull(row.c_str(), nullptr, 10); }
 
     /// Whether the last row is what this study makes of that linkage.
     bool Belongs(const Rows_There& there) {
@@ -296,9 +297,8 @@ class Study_Run {
                                                     [&](const Nothing&) { return Goes_On(progress); });
         if (!whole) return false;
         for (std::size_t i = 1; i < summaries.size(); ++i) summaries.front().Add(summaries[i]);
-        out_.Begin(head, {});
-        out_.Add(options_.study.sharded ? Summary_Text(summaries.front(), nominal)
-                                        : Summary_Csv(Measure_Words(bench_), summaries.front()));
+        out_.Put(head + (options_.study.sharded ? Summary_Text(summaries.front(), nominal) + lines_.end
+                                                : Summary_Csv(Measure_Words(bench_), summaries.front())));
         return true;
     }
 
@@ -321,19 +321,9 @@ class Study_Run {
     Rows_Out out_;
     std::ostream& err_;
     int columns_;
-    Number first_ = 0, done_ = 0;
+    Number first_ = range_.first, done_ = range_.first;
     std::optional<platform::RuntimeFailure> failure_;
 };
-
-int Write_Sensitivities(const BatchOptions& options, const study::Study& study, Printout& print) {
-    const std::string table = Sensitivity_Csv(study::Bench(study));
-    const std::string* path = options.Result("--csv");
-    if (path && *path != "-")
-        platform::Write_File(*path, table);
-    else
-        print.Text(table);
-    return kDone;
-}
 
 }  // namespace
 
@@ -347,8 +337,9 @@ int Run_Study(const BatchOptions& options, Printout& print, std::ostream& err, i
         return kWrongUsage;
     }
     try {
-        if (options.study.sensitivity) return Write_Sensitivities(options, *study, print);
-        return Study_Run(options, *study, print, err, columns).Run();
+        if (!options.study.sensitivity) return Study_Run(options, *study, print, err, columns).Run();
+        Rows_Out(print, Path_Of(options)).Put(Sensitivity_Csv(study::Bench(*study)));
+        return kDone;
     } catch (const platform::RuntimeFailure& failure) {
         const platform::FileTrouble& trouble = failure.Trouble();
         err << "verlink-batch: " << trouble.path << " cannot be " << (trouble.writing ? "written: " : "read: ")

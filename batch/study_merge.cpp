@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 
 #include "batch/exchange.h"
 #include "batch/study.h"
@@ -23,7 +24,7 @@ constexpr char kBegin[] = "# study ", kEnd[] = "# end of shard ";
 /// What the first lines of a part say of it.
 struct Part {
     std::string path, begin, head;
-    std::uint64_t shard = 0, shards = 0;
+    std::uint64_t shard, shards;
 
     std::string Study() const { return begin.substr(0, begin.find(", shard ")); }
     std::string All() const { return begin.substr(begin.rfind(" of ")); }
@@ -34,12 +35,10 @@ struct Part {
 /// False for what begins as no part does.
 bool Read_Part(const std::string& path, Part& part) {
     constexpr std::size_t kEnough = std::size_t{1} << 20U;
-    const std::string text = platform::Read_Beginning(path, kEnough);
-    const auto first = text.find('\n'), second = first == std::string::npos ? first : text.find('\n', first + 1);
-    if (second == std::string::npos || !text.starts_with(kBegin)) return false;
+    std::istringstream text(platform::Read_Beginning(path, kEnough));
     part.path = path;
-    part.begin = text.substr(0, first);
-    part.head = text.substr(first + 1, second - first - 1);
+    std::getline(text, part.begin);
+    if (!std::getline(text, part.head) || text.eof() || !part.begin.starts_with(kBegin)) return false;
     const auto place = part.begin.find(", shard ");
     if (place == std::string::npos || part.begin.rfind(" of ") == std::string::npos) return false;
     const char* at = part.begin.data() + place + 8;

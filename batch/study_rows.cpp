@@ -156,7 +156,7 @@ std::vector<OptionRow> Study_Rows() {
 bool Study_Goes_Together(const BatchOptions& options, std::string& fault) {
     const StudyOptions& study = options.study;
     const char* other = Result_Of_One_Run(options);
-    const bool given = study.sweeps.size() + study.measures.size() + study.keeps.size() + study.tolerances.size() > 0;
+    const bool given = !study.sweeps.empty() || !study.keeps.empty() || !study.tolerances.empty();
     if (study.merge && (study.Wanted() || other || options.Result("--csv") || options.example))
         fault = "--merge goes with parts alone";
     else if (study.merge || !study.Wanted())

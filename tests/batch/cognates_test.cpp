@@ -94,6 +94,15 @@ TEST_F(Cognates, AreRefusedForAParallelogram) {
               "as they have no value in this case.\n");
 }
 
+TEST_F(Cognates, ThereAreOfALinkAsLongAsTheOtherTwo) {
+    for (const std::vector<std::string>& links :
+         {std::vector<std::string>{"3.5", "1", "2", "3"}, {"3.5", "1", "3", "2"}}) {
+        const Outcome outcome = Run(ModelText().Linkage(links, "1", "20"), {"--cognates"});
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(outcome.Table().Rows(), 3);
+    }
+}
+
 TEST_F(Cognates, AreRefusedWhenNoMovingLinkHasALength) {
     ModelText model;
     model.Linkage({"3", "0", "0", "0"}, "1", "20");

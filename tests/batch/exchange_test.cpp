@@ -224,6 +224,8 @@ TEST_F(Exchange, AModelThatHasATorqueTableIsSolvedWithIt) {
     EXPECT_EQ(fewer.status, 1);
     EXPECT_EQ(fewer.err, "verlink-batch: the model has torques for 37 positions, and the run has 19\n");
     EXPECT_EQ(Run({Path("loaded.vlk"), "--set", "ThetaStepStr=20"}).status, 0) << "no forces, no torques";
+    EXPECT_EQ(Run({Path("loaded.vlk"), "--set", "NSteps=36"}).status, 0);
+    EXPECT_EQ(Run({Path("loaded.vlk"), "--set", "NSteps=37"}).status, 1) << "its file has 37 torques";
 
     const Outcome study = Run({Path("loaded.vlk"), "--sweep", "L2=1:1.1:3", "--measure", "max Torque 12"});
     EXPECT_NE(study.status, 0);

@@ -119,6 +119,7 @@ TEST_F(PictureFile, LeavesTheLinkageOutWhenStepZeroDoesNotClose) {
     EXPECT_EQ(Circles(svg, kLinks), 0);
     EXPECT_EQ(Circles(svg, kPivots), 4);
     EXPECT_FALSE(Path_In(svg, kCurve).empty());
+    EXPECT_EQ(Path_In(svg, kAxesAndDots).size(), 4u);
 }
 
 TEST_F(PictureFile, IsDrawnWholeWhateverTheModelHides) {

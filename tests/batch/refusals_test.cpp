@@ -88,6 +88,9 @@ TEST_F(Refusals, OfAnAngleStepOf98PercentOfTheRange) {
         "Something is wrong. \nStart and end theta are too close together\n or delta theta is too large.\n";
     Expect_Refused(Run(ModelText().Angles("0", "360", "400")), words);
     Expect_Refused(Run(ModelText().Angles("0", "360", "367.4")), words);
+    // Radians in which 98 percent of the step are the range to the last place.
+    Expect_Refused(Run(ModelText().Angles("0", "98", "100")), words);
+    Expect_Refused(Run(ModelText().Angles("0", "294", "300")), words);
     const Outcome accepted = Run(ModelText().Angles("0", "360", "367"));
     EXPECT_EQ(accepted.status, 0);
     EXPECT_EQ(accepted.Table().Rows(), 2);

@@ -198,6 +198,10 @@ TEST_F(TakenAwayFiles, AFilmIsTheRunInItsOwnTime) {
     for (const auto& frame : film.frames) hundredths += frame.hundredths;
     // A turn at 5 rad/s, and the last position as long as the others.
     EXPECT_NEAR(hundredths, 100 * 37 * (10 * std::numbers::pi / 180) / 5, 2);
+    ASSERT_EQ(Run(ModelText().Set(kOmega2, "5").Angles("0", "10", "10"), {"--motion", Path("two.gif")}).status, 0);
+    EXPECT_EQ(Read_Gif(Read(Path("two.gif"))).frames.size(), 2U) << "the fewest that move";
+    ASSERT_EQ(Run(ModelText().Times("0", "0.5", "0.1"), {"--motion", Path("timed.gif")}).status, 0);
+    EXPECT_EQ(Read_Gif(Read(Path("timed.gif"))).frames.size(), 6U);
     const Outcome still = Run(ModelText().Set(kCalctype, "1"), {"--motion", Path("b.gif")});
     EXPECT_EQ(still.status, 1);
     EXPECT_NE(still.err.find("verlink-batch: a run that does not move has no film\n"), std::string::npos) << still.err;
