@@ -27,7 +27,7 @@ std::string Progress_Line(std::size_t done, std::size_t all, const std::string& 
     constexpr std::size_t kBar = 30;
     const std::size_t room = static_cast<std::size_t>(std::max(columns, 1)) - 1;
     const std::string count = std::to_string(done) + "/" + std::to_string(all);
-    const std::size_t full = kBar * done / all;
+    const std::size_t full = all == 0 ? kBar : kBar * done / all;
     std::string line = "[" + std::string(full, '#') + std::string(kBar - full, ' ') + "] " + count;
     if (line.size() > room) line = count;
     return Cut(line + " " + name, room);
