@@ -34,7 +34,7 @@ class Merged : public BatchFixture {
         first.insert(first.end(), more.begin(), more.end());
         return first;
     }
-    Outcome Merge(Words parts) const {
+    Outcome Merge(const Words& parts) const {
         fs::remove(all);
         return Run(Joined({"--merge", all}, parts));
     }

@@ -285,6 +285,7 @@ TEST_F(Studies, SummariesAreTheSameWhateverTheThreads) {
     EXPECT_EQ(Run(ModelText(), Joined(summary, {"--threads", "5"})).out, one.out);
     const CsvTable rows = Run(ModelText(), Small()).Table();
     std::vector<double> values;
+    values.reserve(static_cast<std::size_t>(rows.Rows()));
     for (int row = 0; row < rows.Rows(); ++row) values.push_back(rows.At(row, "max Theta4"));
     const auto greatest = std::ranges::max_element(values);
     EXPECT_NE(one.out.find("max Theta4,highest," + std::to_string(greatest - values.begin() + 1) + "," +

@@ -24,7 +24,7 @@ constexpr char kSlider[] = "This file contains data for a Verlink Slider linkage
 class CamImport : public DriveFiles {
    protected:
     CamImport() { Model.FilePath = "/data/press.sva"; }
-    static constexpr double k = 0.017453292522222223;
+    static constexpr double kDegree = 0.017453292522222223;
 };
 
 TEST_F(CamImport, AFileBringsTheLinkageItsMassesAndTheTable) {
@@ -66,7 +66,7 @@ TEST_F(CamImport, TheGroundAngleSetsThetaZeroAndNoCouplerPointComesAcross) {
     Model.JustStarted = true;
     EXPECT_TRUE(Read_Cam(CamFile().Content()));
     EXPECT_EQ(Model.Link1Angle, Stored(53.1301F));
-    EXPECT_EQ(Model.Link1AngleRad, Stored(static_cast<float>(Stored(53.1301F) * k)));
+    EXPECT_EQ(Model.Link1AngleRad, Stored(static_cast<float>(Stored(53.1301F) * kDegree)));
     EXPECT_EQ(Model.ThetaZero, Stored(-53.1301F));
     EXPECT_EQ(Model.Delta, 0);
     EXPECT_EQ(Model.DeltaRad, 0);
@@ -83,7 +83,7 @@ TEST_F(CamImport, TheGroundAngleSetsThetaZeroAndNoCouplerPointComesAcross) {
 TEST_F(CamImport, WhatTheModelBeforeHadOfItsAngleItsLimitsAndItsCognateGoesAndThePanelTells) {
     Model.JustStarted = true;
     // The same angle but for a digit.
-    Model.Link1AngleRad = 53.1301 * k * (1 + 1e-6);
+    Model.Link1AngleRad = 53.1301 * kDegree * (1 + 1e-6);
     Model.CognateEdit = true;
     Model.CognateNumber = 2;
     Model.CognatesDue = false;
@@ -94,7 +94,7 @@ TEST_F(CamImport, WhatTheModelBeforeHadOfItsAngleItsLimitsAndItsCognateGoesAndTh
     const auto& saved = Screens::Get("frm_HomeScreen").Get<platform::Label>("lbl_Status", 8);
     ASSERT_TRUE(saved.Visible);
     EXPECT_TRUE(Read_Cam(CamFile().Content()));
-    EXPECT_EQ(Model.Link1AngleRad, Stored(static_cast<float>(Stored(53.1301F) * k)));
+    EXPECT_EQ(Model.Link1AngleRad, Stored(static_cast<float>(Stored(53.1301F) * kDegree)));
     EXPECT_FALSE(Model.CognateEdit);
     EXPECT_EQ(Model.CognateNumber, 1);
     EXPECT_TRUE(Model.CognatesDue);
@@ -433,11 +433,11 @@ TEST_F(CamImport, TheInputScreenNamesTheFileHidesTheModesAndRunsTheDrive) {
         const double local = -1 * Row(step)[0] + 15 - 53.1301 - 7;
         const double global = std::remainder(Model.RunTable.Theta(step, 0) - (local + 53.1301), 360);
         EXPECT_NEAR(global, 0, 2e-4) << step;
-        EXPECT_NEAR(Model.RunTable.PointXY(step, 0, 0), 1.25 * std::cos(local * k), 2e-6);
-        EXPECT_NEAR(Model.RunTable.PointXY(step, 0, 1), 1.25 * std::sin(local * k), 2e-6);
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 0, 0), 1.25 * std::cos(local * kDegree), 2e-6);
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 0, 1), 1.25 * std::sin(local * kDegree), 2e-6);
         const double bx = Model.RunTable.PointXY(step, 1, 0), by = Model.RunTable.PointXY(step, 1, 1);
         EXPECT_NEAR(std::hypot(bx - 3.75, by), 3, 5e-6);
-        EXPECT_NEAR(Model.RunTable.VelXY(step, 0, 0), -1.25 * std::sin(local * k) * Row(step)[1], 1e-5);
+        EXPECT_NEAR(Model.RunTable.VelXY(step, 0, 0), -1.25 * std::sin(local * kDegree) * Row(step)[1], 1e-5);
     }
     EXPECT_EQ(Row(1), (std::array{10.5, -1.5, 2.5})) << "the run leaves the table as it was imported";
 }

@@ -202,9 +202,9 @@ TEST_F(ExplorePictures, TheMapsDotsGoFromRedToGreenWithTheScore) {
             // Red at 0 is 220, green at 100 is 160; several may have a pivot in common.
             EXPECT_TRUE(std::ranges::any_of(form.Shown(), [&](const Solution& solution) {
                 const double score = solution.judgement.score;
+                const int red = drawn.color % 256, green = drawn.color / 256;
                 return design::Distance(solution.linkage.crank.moving, {drawn.x1, drawn.y1}) < 1e-6 &&
-                       std::abs(drawn.color % 256 - 220 * (1 - score / 100)) < 2 &&
-                       std::abs(drawn.color / 256 - 160 * score / 100) < 2;
+                       std::abs(red - 220 * (1 - score / 100)) < 2 && std::abs(green - 160 * score / 100) < 2;
             })) << drawn.color;
         }
     });

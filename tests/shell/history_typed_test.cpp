@@ -137,6 +137,7 @@ TEST_F(HistoryOfTyping, WhoeverFollowsHearsWhetherSomethingIsBeingTyped) {
     Steps().Follow([](bool typed) { told.push_back(typed); });
     With_A_Run([this](Screen& home) {
         desktop.Expect_Screen("frm_MassProp", [&home](Screen& masses) {
+            const auto weigh = [] { Model.LinkMass(3) = 2; };
             const auto hears = [](const std::function<void()>& deed) {
                 told.clear();
                 deed();
@@ -145,7 +146,7 @@ TEST_F(HistoryOfTyping, WhoeverFollowsHearsWhetherSomethingIsBeingTyped) {
             EXPECT_TRUE(hears([&] { Type(masses, "txt_Mass", 2, "0.5"); }).back());
             EXPECT_EQ(hears([] { Steps().Undo(); }), std::vector<bool>{false});
             EXPECT_EQ(hears([] { Steps().Redo(); }), std::vector<bool>{false});
-            EXPECT_EQ(hears([&] { Do(home, [] { Model.LinkMass(3) = 2; }); }), std::vector<bool>{false});
+            EXPECT_EQ(hears([&] { Do(home, weigh); }), std::vector<bool>{false});
             Press(masses, "cmd_Cancel");
         });
         Press(home, "cmd_Dynamics");
