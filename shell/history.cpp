@@ -256,6 +256,7 @@ void History::Put_Values(const Moment& moment) {
 void History::Put_Tables(const Moment& moment) {
     Tables tables = *moment.tables;
     For_Tables(model_, tables, [](std::vector<Single>& table, auto& array, int row, int last) {
+        if (last < 0) return;
         std::copy_n(table.begin(), last + 1, array.Steps(0, last + 1, row));
         table.erase(table.begin(), table.begin() + last + 1);
     });
@@ -349,7 +350,8 @@ const History::Typed* History::Last_Taken_Back() const {
 }
 
 void History::To_Be_Typed(const platform::Control& control) {
-    TextBox* box = &dynamic_cast<TextBox&>(const_cast<platform::Control&>(control));
+    auto* box = dynamic_cast<TextBox*>(const_cast<platform::Control*>(&control));
+    if (!box) return;
     taken_back_.clear();
     const auto known = std::find_if(typed_.begin(), typed_.end(), [&](const Typed& typed) { return typed.box == box; });
     const bool goes_on = known != typed_.end() && box->Touched();

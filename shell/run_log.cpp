@@ -114,6 +114,7 @@ void Log_Going_On() noexcept {
 }
 
 void End_Run_Log() {
+    platform::Watch_Temporaries(nullptr);
     ::close(log_file.exchange(kNone));
     std::error_code none;
     fs::remove(log_path, none);
