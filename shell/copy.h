@@ -82,12 +82,12 @@ class Copy_Keeper {
     std::mutex mutex_;
     std::condition_variable asked_, done_;
     Wish wish_;
-    bool fresh_ = true;  ///< the file is as was wished
-    bool hurry_ = false;
+    bool fresh_ = true;   ///< the file is as was wished
+    bool hurry_ = false;  ///< a flush waits for a try that has not begun
     bool frozen_ = false;
     bool ending_ = false;
-    bool failed_ = false;
-    std::thread worker_;  ///< last, as it uses all of them
+    bool failed_ = false;  ///< the last try, and no flush waits for another
+    std::thread worker_;   ///< last, as it uses all of them
 };
 
 }  // namespace verlink

@@ -1,5 +1,5 @@
 // Each screen as it stands: made, arrived at with a linkage that has run, in other units and with a turned ground, and
-// after what a hand does there first. The logs were read line by line when they were accepted.
+// after what a hand does there first. A line that changes in their logs is read before it is accepted.
 #include "core/model_on_screens.h"
 #include "dynamics/dynacalc.h"
 #include "platform/deed.h"
@@ -152,17 +152,18 @@ TEST_F(AsTheyStand_After, ATransform) {
 }
 
 TEST_F(AsTheyStand_After, ChoicesAndTheirPlots) {
-    const std::tuple<int, int, const char*> ways[] = {
-        {1, 0, "frm_Plot1"}, {2, 0, "frm_Myplot2"}, {2, 1, "frm_Plot2"}, {3, 0, "frm_MyPlot3"}, {3, 1, "frm_Plot3"}};
-    for (const auto& [style, layout, plot] : ways) {
-        Model.PlotStyle = style;
-        const int chosen = layout;
-        const std::string shown = plot;
-        Hands("frm_PlotSelect" + std::to_string(style),
+    struct Way {
+        int style, layout;
+        const char* plot;
+    };
+    for (const Way way : {Way{1, 0, "frm_Plot1"}, Way{2, 0, "frm_Myplot2"}, Way{2, 1, "frm_Plot2"},
+                          Way{3, 0, "frm_MyPlot3"}, Way{3, 1, "frm_Plot3"}}) {
+        Model.PlotStyle = way.style;
+        Hands("frm_PlotSelect" + std::to_string(way.style),
               {{"a preset", [](Screen& screen) { screen.Get<ComboBox>("cmb_Preset").Choose(0); }},
-               {"plotted", [this, style = style, chosen, shown](Screen& screen) {
-                    if (style > 1) Choose_Option(screen, "opt_Plotstyle", chosen);
-                    desktop.Expect_Screen(shown, [this](Screen& there) {
+               {"plotted", [this, way](Screen& screen) {
+                    if (way.style > 1) Choose_Option(screen, "opt_Plotstyle", way.layout);
+                    desktop.Expect_Screen(way.plot, [this](Screen& there) {
                         const auto& again = there.Get<CommandButton>("cmd_Replot");
                         if (again.Caption == "&Replot") Press(there, "cmd_Replot");
                         Note("the plot", there);

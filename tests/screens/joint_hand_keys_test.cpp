@@ -1,4 +1,4 @@
-// Each joint taken by its key: the box that a digit goes to, and what is taken where none is in sight.
+// Each joint taken by its key: the box that a digit goes to, and that none is taken where none is drawn.
 #include "tests/screens/joint_hand_fixture.h"
 
 namespace verlink::test {
@@ -7,23 +7,20 @@ namespace {
 using JointKeys = JointHand;
 
 TEST_F(JointKeys, ADigitGoesToTheBoxOfTheValueThatTheJointChanges) {
-    const struct {
+    struct Case {
         const char* key;
         int box;
-    } boxes[] = {{"A", 1}, {"B", 3}, {"C", 2}, {"P", 4}, {"O", 15}};
-    for (const auto& [key, box] : boxes) {
-        const int index = box;
-        const char* const pressed = key;
+    };
+    for (const Case& of : {Case{"A", 1}, Case{"B", 3}, Case{"C", 2}, Case{"P", 4}, Case{"O", 15}})
         After_First_Picture([&] {
-            const std::string before = Text_In(index);
-            Key(pressed);
+            const std::string before = Text_In(of.box);
+            Key(of.key);
             Key("7");
-            EXPECT_EQ(form.Focus(), &form.txt_Linkout[index]) << pressed;
-            EXPECT_EQ(Text_In(index), "7") << pressed;
-            EXPECT_FALSE(form.txt_Linkout[index].SelectedAll) << "the next digit is added";
-            form.txt_Linkout[index].Text = before;
+            EXPECT_EQ(form.Focus(), &form.txt_Linkout[of.box]) << of.key;
+            EXPECT_EQ(Text_In(of.box), "7") << of.key;
+            EXPECT_FALSE(form.txt_Linkout[of.box].SelectedAll) << "the next digit is added";
+            form.txt_Linkout[of.box].Text = before;
         });
-    }
 }
 
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {

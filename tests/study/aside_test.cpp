@@ -33,6 +33,14 @@ Design Crank_Rocker() {
     return d;
 }
 
+/// Four linkages, all of which close.
+Words Two_At_Their_Worst() {
+    Words words;
+    words.tolerances = {"L2=0.02:worst", "Rpa=0.05:worst"};
+    words.measures = {"closes"};
+    return words;
+}
+
 Study Study_In(const Words& words, const Design& design = Crank_Rocker()) {
     std::string fault;
     auto study = Study_Of(words, design, fault);
@@ -127,9 +135,7 @@ TEST(Aside, StoppedItHasWhatIsThereAndCanBeginAnew) {
 }
 
 TEST(Aside, TheCloudHasTheCouplerPointOfTheFirstLinkages) {
-    Words words;
-    words.tolerances = {"L2=0.02:worst", "Rpa=0.05:worst"};
-    words.measures = {"closes"};
+    Words words = Two_At_Their_Worst();
     Aside aside;
     aside.Begin(Study_In(words), 1);
     To_The_End(aside);
@@ -293,9 +299,7 @@ TEST(Aside, HasEveryLinkageWhetherOrNotTheBlocksComeOut) {
 }
 
 TEST(Aside, TheCloudIsThatOfTheStudyBegunLast) {
-    Words words;
-    words.tolerances = {"L2=0.02:worst", "Rpa=0.05:worst"};
-    words.measures = {"closes"};
+    Words words = Two_At_Their_Worst();
     Aside aside;
     aside.Begin(Study_In(words), 1);
     To_The_End(aside);
