@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 #include <map>
 
 #include "platform/charts.h"
@@ -96,15 +97,47 @@ void Say_Bar(Words& words, const ScrollBar& bar) {
     words.Add_If(!bar.KeepsArrows, "gives arrows");
 }
 
+/// How many points there are, between which ends they lie, and their mean.
+class Extent {
+   public:
+    void Take(double value) {
+        least_ = std::min(least_, value);
+        most_ = std::max(most_, value);
+        sum_ += value;
+        ++count_;
+    }
+    std::string Said() const { return Short(least_) + ".." + Short(most_) + '/' + Short(sum_ / count_); }
+
+   private:
+    double least_ = std::numeric_limits<double>::infinity(), most_ = -least_, sum_ = 0;
+    int count_ = 0;
+};
+
+/// Strokes of one kind and colour.
+struct Drawn {
+    int count = 0;
+    Extent x, y;
+
+    void Take(const Picture::Primitive& one) {
+        using Kind = Picture::Primitive::Kind;
+        ++count;
+        const bool round = one.kind == Kind::kCircle || one.kind == Kind::kPin;
+        x.Take(one.x1 + one.dx1), y.Take(one.y1 + one.dy1);
+        if (one.kind == Kind::kDot) return;
+        x.Take(round ? one.x1 + one.x2 : one.x2 + one.dx2), y.Take(round ? one.y1 : one.y2 + one.dy2);
+    }
+};
+
 void Say_Picture(Words& words, const PictureBox& box) {
     const Picture& picture = box.Drawing();
     words.Add("window " + Short(picture.Left()) + ' ' + Short(picture.Top()) + ' ' + Short(picture.Right()) + ' ' +
               Short(picture.Bottom()));
-    std::map<std::string, int> drawn;
+    std::map<std::string, Drawn> drawn;
     static constexpr const char* kKinds[] = {"line", "circle", "dot", "pin", "mark"};
     for (const Picture::Primitive& one : picture.Primitives())
-        if (one.alive) ++drawn[std::string(kKinds[static_cast<int>(one.kind)]) + ' ' + Hex(one.color)];
-    for (const auto& [kind, count] : drawn) words.Add(std::to_string(count) + ' ' + kind);
+        if (one.alive) drawn[std::string(kKinds[static_cast<int>(one.kind)]) + ' ' + Hex(one.color)].Take(one);
+    for (const auto& [kind, all] : drawn)
+        words.Add(std::to_string(all.count) + ' ' + kind + " (" + all.x.Said() + ' ' + all.y.Said() + ')');
     for (const std::string& line : box.Lines.Get()) words.Name("line", line);
     words.Name("keys", box.Keys);
     words.Add_If(box.Magnifies, "magnifies");
