@@ -40,8 +40,8 @@ std::string Quoted(std::string text) {
 /// The words of one control, one after the other.
 class Words {
    public:
-    explicit Words(std::string name) : line_(std::move(name)) {}
-    void Add(const std::string& word) { line_ += ' ' + word; }
+    explicit Words(std::string name) : words_{std::move(name)} {}
+    void Add(const std::string& word) { words_.push_back(word); }
     void Add_If(bool so, const std::string& word) {
         if (so) Add(word);
     }
@@ -49,10 +49,10 @@ class Words {
     void Number(const std::string& what, double value, double usual = 0) {
         Add_If(value != usual, what + ' ' + Short(value));
     }
-    const std::string& Line() const { return line_; }
+    const std::vector<std::string>& All() const { return words_; }
 
    private:
-    std::string line_;
+    std::vector<std::string> words_;
 };
 
 template <class Kind>
@@ -222,7 +222,7 @@ std::string Named(const Control* control) { return control ? control->ObjectName
 
 }  // namespace
 
-std::vector<std::string> Screen_Words(Screen& screen) {
+std::vector<std::vector<std::string>> Words_By_Control(Screen& screen) {
     Words window(screen.Name());
     window.Name("titled", screen.Caption());
     window.Add(std::to_string(screen.Width().Get()) + " by " + std::to_string(screen.Height().Get()) + " at " +
@@ -230,13 +230,22 @@ std::vector<std::string> Screen_Words(Screen& screen) {
     window.Add("Return " + Named(screen.DefaultButton) + " Escape " + Named(screen.CancelButton) + " stop " +
                Named(screen.StopButton) + " focus " + Named(screen.Focus()));
     window.Name("stops by", screen.StopKeys);
-    std::vector<std::string> lines{window.Line()};
+    std::vector<std::vector<std::string>> all{window.All()};
     for (const Control* control : screen.Controls()) {
         Words words("  " + control->ObjectName());
         Say_Kind(words, *control);
         if (const auto* visual = As<Visual>(*control)) Say_Look(words, *visual);
         Say_Rest(words, *control);
-        lines.push_back(words.Line());
+        all.push_back(words.All());
+    }
+    return all;
+}
+
+std::vector<std::string> Screen_Words(Screen& screen) {
+    std::vector<std::string> lines;
+    for (const std::vector<std::string>& words : Words_By_Control(screen)) {
+        lines.push_back(words.front());
+        for (std::size_t i = 1; i < words.size(); ++i) lines.back() += ' ' + words[i];
     }
     return lines;
 }

@@ -13,6 +13,9 @@ namespace verlink::test {
 /// colours, a graph what its sets come from and go to, a grid its first rows.
 std::vector<std::string> Screen_Words(platform::Screen& screen);
 
+/// The same, each control's name and then its words.
+std::vector<std::vector<std::string>> Words_By_Control(platform::Screen& screen);
+
 /// Compares lines with tests/logs/<name>.log, as `Expect_Log` does.
 void Expect_Words(const std::string& name, const std::vector<std::string>& lines);
 
