@@ -95,51 +95,43 @@ std::string Other_Than(const std::string& text) {
     return other;
 }
 
-struct Step {
-    Action deed;
-    bool back = false;  ///< as it was: only what does not come back is told
-};
-
 /// What a hand can do there, all of it.
-std::vector<Step> Steps_On(const Screen& screen, const Control& control) {
+std::vector<Action> Deeds_On(const Screen& screen, const Control& control) {
     const std::string on = screen.Name(), name = control.Name();
     const int index = control.Index();
     if (const auto* box = dynamic_cast<const TextBox*>(&control))
-        return {{walk::Go(on, name, index)}, {walk::Type(on, name, index, Other_Than(box->Text))},
-                {walk::Return(on)},          {walk::Type(on, name, index, "1e")},
-                {walk::Return(on)},          {walk::Type(on, name, index, box->Text)},
-                {walk::Return(on), true}};
-    if (dynamic_cast<const CommandButton*>(&control)) return {2, {walk::Press(on, name, index)}};
-    if (dynamic_cast<const OptionButton*>(&control)) return {{walk::Option(on, name, index)}};
-    if (dynamic_cast<const CheckBox*>(&control))
-        return {{walk::Tick(on, name, index)}, {walk::Tick(on, name, index), true}};
+        return {walk::Go(on, name, index), walk::Type(on, name, index, Other_Than(box->Text)),
+                walk::Return(on),          walk::Type(on, name, index, "1e"),
+                walk::Return(on),          walk::Type(on, name, index, box->Text),
+                walk::Return(on)};
+    if (dynamic_cast<const CommandButton*>(&control)) return {2, walk::Press(on, name, index)};
+    if (dynamic_cast<const OptionButton*>(&control)) return {walk::Option(on, name, index)};
+    if (dynamic_cast<const CheckBox*>(&control)) return {walk::Tick(on, name, index), walk::Tick(on, name, index)};
     if (const auto* list = dynamic_cast<const ComboBox*>(&control)) {
         const int last = static_cast<int>(list->Items().size()) - 1;
-        return {{walk::Item(on, name, index, last)},
-                {walk::Write(on, name, index, "zz")},
-                {walk::Double_List(on, name, index)},
-                {walk::Item(on, name, index, 0)},
-                {walk::Double_List(on, name, index)}};
+        return {walk::Item(on, name, index, last), walk::Write(on, name, index, "zz"),
+                walk::Double_List(on, name, index), walk::Item(on, name, index, 0), walk::Double_List(on, name, index)};
     }
     if (const auto* bar = dynamic_cast<const ScrollBar*>(&control))
-        return {{walk::Scroll(on, name, index, (bar->Min() + bar->Max()) / 2)},
-                {walk::Thumb(on, name, index, bar->Max())},
-                {walk::Scroll(on, name, index, bar->Value())}};
+        return {walk::Scroll(on, name, index, (bar->Min() + bar->Max()) / 2), walk::Thumb(on, name, index, bar->Max()),
+                walk::Scroll(on, name, index, bar->Value())};
     if (const auto* box = dynamic_cast<const PictureBox*>(&control)) {
-        std::vector<Step> steps{{walk::Click_Picture(on, name, index)},
-                                {walk::Double_Picture(on, name, index)},
-                                {walk::Mouse(on, name, index, 0.4, 0.3, 1, 0)},
-                                {walk::Hover(on, name, 0.3, 0.6)},
-                                {walk::Hover(on, name, -1, -1)},
-                                {walk::Haul(on, name, 0.5, 0.5, 0.6, 0.45, 0, index)},
-                                {walk::Turn_Wheel(on, name, 0.5, 0.5, 2, index)}};
-        for (const std::string& key : Single_Keys(box->Keys)) steps.push_back({walk::On_Picture(on, name, key)});
-        return steps;
+        std::vector<Action> deeds{walk::Click_Picture(on, name, index),
+                                  walk::Double_Picture(on, name, index),
+                                  walk::Mouse(on, name, index, 0.4, 0.3, 1, 0),
+                                  walk::Hover(on, name, 0.3, 0.6),
+                                  walk::Hover(on, name, -1, -1),
+                                  walk::Haul(on, name, 0.5, 0.5, 0.6, 0.45, 0, index),
+                                  walk::Turn_Wheel(on, name, 0.5, 0.5, 2, index)};
+        for (const std::string& key : Single_Keys(box->Keys))
+            for (const std::string& pressed : {key, std::string("Right"), std::string("Shift+Up"), std::string("Esc")})
+                deeds.push_back(walk::On_Picture(on, name, pressed));
+        return deeds;
     }
-    if (dynamic_cast<const MenuEntry*>(&control)) return {2, {walk::Pick(on, name, index)}};
-    if (dynamic_cast<const Graph*>(&control)) return {{walk::Seek(on, name, index, 3)}};
-    if (dynamic_cast<const Timer*>(&control)) return {2, {walk::Pulse(on, name)}};
-    if (dynamic_cast<const Shortcut*>(&control)) return {{walk::Keys(on, name)}};
+    if (dynamic_cast<const MenuEntry*>(&control)) return {2, walk::Pick(on, name, index)};
+    if (dynamic_cast<const Graph*>(&control)) return {walk::Seek(on, name, index, 3)};
+    if (dynamic_cast<const Timer*>(&control)) return {2, walk::Pulse(on, name)};
+    if (dynamic_cast<const Shortcut*>(&control)) return {walk::Keys(on, name)};
     return {};
 }
 
@@ -174,25 +166,27 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
         std::filesystem::create_directory(telling.Documents);
         Run_Counts();
         telling.Serves = [this](Screen& screen) {
-            screen.Name() == GetParam() ? Go_On(screen) : telling.Leave(screen);
+            screen.Name() == GetParam() && !at_work_ ? Go_On(screen) : telling.Leave(screen);
         };
     }
 
     /// The menus come last, with what is there to be saved and undone then.
     void Go_On(Screen& screen) {
         while (screen.Visible() && !telling.Ending() && control_ < controls_.size()) {
-            if (steps_.empty()) steps_ = Steps_On(screen, *controls_[control_]);
-            if (step_ >= steps_.size()) {
-                ++control_, step_ = 0;
-                steps_.clear();
+            if (deeds_.empty()) deeds_ = Deeds_On(screen, *controls_[control_]);
+            if (done_ >= deeds_.size()) {
+                ++control_, done_ = 0;
+                deeds_.clear();
                 continue;
             }
-            const Step& step = steps_[step_++];
-            if (!walk::Possible(screen, step.deed)) continue;
+            const Action& deed = deeds_[done_++];
+            if (!walk::Possible(screen, deed)) continue;
             telling.Pauses_Left = 40;
-            walk::Do(screen, step.deed);
+            at_work_ = true;
+            walk::Do(screen, deed);
+            at_work_ = false;
             To_The_End(screen);
-            Note(Line_Of(step.deed), screen);
+            Note(Line_Of(deed), screen);
         }
         screen.Hide();
     }
@@ -248,8 +242,9 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
 
     Telling_Desktop telling{Path("here")};
     std::vector<Control*> controls_;
-    std::size_t control_ = 0, step_ = 0;
-    std::vector<Step> steps_;
+    std::size_t control_ = 0, done_ = 0;
+    std::vector<Action> deeds_;
+    bool at_work_ = false;  ///< a deed that shows the screen anew
     std::vector<std::string> words_;
     std::vector<std::vector<std::string>> before_;
     walk::Words record_;
