@@ -30,10 +30,7 @@ void frm_PlotSelect1::Form_Activate() {
     Guarded("frm_PlotSelect1.Activate", [&] { Start_Selection(1); });
 }
 
-void frm_PlotSelect1::Take_Preset() {
-    Model.PlotCount = 4;
-    Apply_Preset(*this, 4);
-}
+void frm_PlotSelect1::Take_Preset() { Apply_Preset(*this, 4); }
 
 void frm_PlotSelect1::Count_Functions() {
     int highest = 0;

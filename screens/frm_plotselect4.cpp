@@ -49,11 +49,6 @@ void frm_PlotSelect4::Pick_Variable(int slot) {
     cmd_Done.Enabled = true;
 }
 
-void frm_PlotSelect4::Take_Slot(int slot) {
-    Function_Screen::Take_Slot(slot);
-    Model.PlotCount = 1;
-}
-
 void frm_PlotSelect4::Count_Functions() {
     cmd_Done.Enabled = Filled() == 1;
     Model.PlotCount = 1;

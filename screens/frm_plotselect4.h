@@ -16,7 +16,6 @@ class frm_PlotSelect4 : public Function_Screen {
 
    protected:
     void Pick_Variable(int slot) override;
-    void Take_Slot(int slot) override;
     void Count_Functions() override;
 };
 

@@ -79,10 +79,7 @@ void frm_PrintSelect::Blank_What_Is_Gone() {
     Forget_Choices();
 }
 
-void frm_PrintSelect::Take_Preset() {
-    Model.PrintCount = kFunctions;
-    Apply_Preset(*this, kFunctions);
-}
+void frm_PrintSelect::Take_Preset() { Apply_Preset(*this, kFunctions); }
 
 void frm_PrintSelect::Count_Functions() {
     Preset_Screen::Count_Functions();

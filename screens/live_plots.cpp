@@ -356,15 +356,13 @@ void Live_Plots::Empty(Graph& graph) {
     graph.Visible = false;
     graph.Cursor = 0;
     if (graph.NumPoints() == 0) return;
-    graph.Places.clear();
     graph.SetNumSets(0);
     graph.SetNumPoints(0);
     graph.Draw();
 }
 
 void Live_Plots::Set_Cursor(int step) {
-    for (const auto& graph : grf_Live)
-        graph->Cursor = graph->NumPoints() > 0 && step >= 0 && step < graph->NumPoints() ? step + 1 : 0;
+    for (const auto& graph : grf_Live) graph->Cursor = step < graph->NumPoints() ? step + 1 : 0;  // 0 for no step, too
 }
 
 }  // namespace verlink

@@ -14,7 +14,7 @@ bool Is_Number(const std::string& word) { return Leading_Number(word).size() == 
 
 std::vector<std::string> Words(std::string line) {
     std::ranges::replace_if(
-        line, [](char c) { return c == ';' || c == ',' || c == '\t' || c == '\r'; }, ' ');
+        line, [](char c) { return c == ';' || c == ','; }, ' ');
     std::istringstream in(line);
     std::vector<std::string> words;
     for (std::string word; in >> word;) words.push_back(word);

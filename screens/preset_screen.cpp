@@ -134,7 +134,6 @@ void Windows_Screen::Function_Taken() {
 
 void Windows_Screen::Take_Preset() {
     Model.GraphWindows = SlotCount();
-    Model.PlotCount = SlotCount();
     if (SlotCount() == 2) Model.PrintCount = 2;
     Apply_Preset(*this, SlotCount());
 }

@@ -38,9 +38,22 @@ TEST(AreaText, PointsStandBehindAt) {
     EXPECT_EQ(Area_Text(*area), "at 1 2, -3.5 4");
 }
 
+TEST(AreaText, IsWrittenWithFiveDecimals) {
+    Area area;
+    area.is = Area::Is::kPoints;
+    area.points = {{1.2345678, -0.654321}};
+    EXPECT_EQ(Area_Text(area), "at 1.23457 -0.65432");
+}
+
+TEST(AreaText, ReachesAsFarAsALinkMay) {
+    const std::string most = std::to_string(static_cast<long>(design::kLargestLength));
+    EXPECT_TRUE(Area_Of("at " + most + " -" + most).has_value());
+    EXPECT_FALSE(Area_Of("at 0 " + most + "1").has_value());
+}
+
 TEST(AreaText, WhatIsNoneOfTheseIsNoArea) {
-    for (const char* text :
-         {"here", "1 2 3", "at", "at 1", "0 0 to 4", "0 0 to 4 x", "1 2 3 4 5 6", "at 1e9 0", "0 0 to nan 1"})
+    for (const char* text : {"here", "1 2 3", "at", "at 1", "0 0 to 4", "0 0 to 4 x", "1 2 3 4 5 6", "at 1e9 0",
+                             "0 0 to nan 1", "anywhere else"})
         EXPECT_FALSE(Area_Of(text).has_value()) << text;
 }
 
@@ -48,7 +61,8 @@ TEST(PlaceText, LinesOfThreeNumbersArePositions) {
     const auto places = Places_Of("x\ty\tangle\r\n0\t0\t0\r\n4\t1.5\t-30\r\n");
     ASSERT_TRUE(places.has_value());
     EXPECT_EQ(*places, (std::vector<design::Place>{{{0, 0}, 0}, {{4, 1.5}, -30}}));
-    EXPECT_TRUE(Places_Of("1;2;3\n4;5;6\n7;8;9").has_value());
+    for (const char* text : {"1;2;3\n4;5;6\n7;8;9", "1, 2, 3\n4,5,6\n7,8,9", "1 2 3\n4 5 6\n7 8 9"})
+        EXPECT_EQ(Places_Of(text), (std::vector<design::Place>{{{1, 2}, 3}, {{4, 5}, 6}, {{7, 8}, 9}})) << text;
 }
 
 TEST(PlaceText, OtherLinesOrCountsAreNone) {

@@ -109,6 +109,19 @@ TEST_F(FilesTest, RecentFilesAreNumberedAndOpenedWithTheQuestionOfOpen) {
     });
 }
 
+TEST_F(FilesTest, NoMoreRecentFilesAreListedThanKeysHaveDigits) {
+    for (int number = 1; number <= kMostRecent + 1; ++number)
+        Note_Recent(Model_File(std::to_string(number) + ".vlk", 1.25));
+    At_Home([&] {
+        home.mnu_Recent.Open();
+        for (int entry = 1; entry <= kMostRecent; ++entry) {
+            EXPECT_TRUE(home.mnu_RecentFile[entry].Visible) << entry;
+            const std::string begin = "&" + std::to_string(entry % 10) + "  " + std::to_string(kMostRecent + 2 - entry);
+            EXPECT_TRUE(home.mnu_RecentFile[entry].Caption.Get().starts_with(begin)) << entry;
+        }
+    });
+}
+
 TEST_F(FilesTest, WithoutRecentFilesTheirMenuIsClosed) {
     At_Home([&] { EXPECT_FALSE(home.mnu_Recent.Enabled); });
 }

@@ -102,6 +102,18 @@ TEST_F(PolarSelectTest, ThePlotComesUpWithoutThatOfBeforeAndUnderTheTitleOfTheMo
     Press(form, "cmd_Done");
 }
 
+TEST_F(PolarSelectTest, ThePlotTakesThePlaceOfTheChoice) {
+    desktop.Expect_Screen("frm_PlotSelect4", [this](platform::Screen&) {
+        Choose(slot.cmb_Var, "Veloc CP");
+        Press(form, "cmd_Done");
+    });
+    desktop.Expect_Screen("frm_MyPlot4", [this](platform::Screen& shown) {
+        EXPECT_FALSE(form.Visible());
+        shown.Hide();
+    });
+    form.ShowModal();
+}
+
 TEST_F(PolarSelectTest, ADoubleClickOnAVariableIsAPick) {
     slot.cmb_Var.Text = "Veloc I 3,4";
     slot.cmb_Var.OnDblClick();

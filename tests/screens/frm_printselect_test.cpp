@@ -81,6 +81,11 @@ TEST_F(PrintSelectTest, InMixAndMatchAnEmptyFirstSlotGetsTheFocus) {
     EXPECT_TRUE(Slot(form, 1).cmb_Var.Enabled);
     EXPECT_TRUE(Slot(form, 1).cmd_Clear.Enabled);
     EXPECT_EQ(Slot(form, 1).lbl_Function.Caption.Get(), "");
+    Choose(Slot(form, 1).cmb_Var, "Accel CP");
+    Slot(form, 1).cmb_Com.Text = "";
+    form.cmd_Done.SetFocus();
+    form.Form_Activate();
+    EXPECT_EQ(form.Focus(), &Slot(form, 1).cmb_Var) << "half a choice is none";
 }
 
 TEST_F(PrintSelectTest, AStepPickedIsTheStepOfTheTable) {
@@ -199,6 +204,7 @@ TEST_F(PrintSelectTest, TheModelKeepsItsNameItsFileAndItsSavingBehindATable) {
         Send(2);
         EXPECT_TRUE(std::filesystem::exists(Path(table)));
         EXPECT_EQ(desktop.Dialogs.back().file_name, "press.dat");
+        EXPECT_EQ(desktop.Dialogs.back().kind, "table") << "of which a folder is remembered";
         EXPECT_EQ(Model.ModelName, "press");
         EXPECT_EQ(Model.FilePath, Path("press.vlk"));
         EXPECT_TRUE(Model.SavedFlag);

@@ -5,6 +5,7 @@
 #include "files/in_hand.h"
 #include "files/model_file.h"
 #include "platform/file_system.h"
+#include "platform/settings.h"
 #include "screens/frm_homescreen.h"
 #include "shell/initialize.h"
 #include "shell/startup.h"
@@ -181,6 +182,17 @@ TEST_F(HomeMenusTest, PickingAnotherUnitSystemConvertsTheModelAndShowsTheInputSc
     EXPECT_FALSE(home.mnu_pick[1].Checked);
 }
 
+TEST_F(HomeMenusTest, UnitsThatAForceIsTooLargeForAreNotTaken) {
+    Model.ExtForceMag(2) = 3e38;
+    desktop.Expect_Message_With("Error 6   (Overflow)");
+    home.mnu_pick[5].Click();
+    EXPECT_EQ(Model.Units, 1);
+    EXPECT_EQ(Model.UnitLabel(6), "in");
+    EXPECT_EQ(Model.DecLengthShown, 3);
+    EXPECT_TRUE(home.mnu_pick[1].Checked);
+    EXPECT_FALSE(home.mnu_pick[5].Checked);
+}
+
 TEST_F(HomeMenusTest, MetresToMillimetresAltersNoStoredNumberButTheResultsNoLongerCount) {
     Use_Units(3);
     Model.L2 = 0.05125;
@@ -248,6 +260,29 @@ TEST_F(HomeMenusTest, StandardAndMaximizeSetTheSizeAndTheFlag) {
     EXPECT_FALSE(Model.FullScreen);
     EXPECT_EQ(home.Height().Get(), 9480);
     EXPECT_EQ(home.Width().Get(), 11850);
+}
+
+TEST_F(HomeMenusTest, TheSizeAndTheCorrectionAreKeptForTheNextSession) {
+    const std::string config = Path("config");
+    platform::Settings& settings = platform::The_Settings();
+    settings.Open(config);
+    const auto kept = [&](const char* setting) {
+        settings.Open("");
+        settings.Open(config);
+        return settings.Text(setting);
+    };
+    home.mnu_Fullscreen.Click();
+    EXPECT_EQ(kept("screen.size"), "maximized");
+    home.mnu_Standardsize.Click();
+    EXPECT_EQ(kept("screen.size"), "");
+    Model.AspectRatio = 2;
+    desktop.Expect_Message_With("If your circles appear as ellipses", Answer::kOk);
+    home.mnu_Aspect.Click();
+    EXPECT_EQ(kept("screen.aspect"), "corrected");
+    desktop.Expect_Message_With("An aspect-ratio correction has already been applied.", Answer::kCancel);
+    home.mnu_Aspect.Click();
+    EXPECT_EQ(kept("screen.aspect"), "");
+    settings.Open("");
 }
 
 TEST_F(HomeMenusTest, AnAspectRatioOfOnePointSixNeedsNoCorrection) {

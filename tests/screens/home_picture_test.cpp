@@ -68,6 +68,15 @@ TEST_F(HomePicture, TellsNothingToDrawWhereThereIsNone) {
     Pick_Menu(home, "mnu_SaveDrawing");
 }
 
+TEST_F(HomePicture, HasNoCentrodesAlsoWhereTheAnimationHas) {
+    EXPECT_TRUE(There());
+    const std::size_t strokes = home.Picture1.Drawing().Alive();
+    Model.ShowCentrodesFlag = "Y";
+    EXPECT_TRUE(There());
+    EXPECT_EQ(home.Picture1.Drawing().Alive(), strokes);
+    EXPECT_EQ(Model.ShowCentrodesFlag, "Y");
+}
+
 TEST_F(HomePicture, HasAirOfATwentiethAroundCounterweights) {
     EXPECT_TRUE(There());
     const double left = home.Picture1.Drawing().Left();

@@ -64,6 +64,25 @@ TEST_F(LivePlots, OpeningChoosingAndClosingLeaveModelAndPlotsAlone) {
     });
 }
 
+TEST_F(LivePlots, AnotherVariableOrComponentIsNoPresetAnyMore) {
+    After_First_Picture([&] {
+        Open();
+        auto& slot = *form.live.Slots[0];
+        for (platform::ComboBox* box : {&slot.cmb_LiveVar, &slot.cmb_LiveCom}) {
+            Pick(form.live.cmb_LivePreset, kVelocityPreset);
+            EXPECT_EQ(form.live.cmb_LivePreset.Text, kVelocityPreset);
+            Pick(*box, box == &slot.cmb_LiveVar ? "Accel CP" : "Mag");
+            EXPECT_EQ(form.live.cmb_LivePreset.Text, "");
+        }
+        EXPECT_EQ(slot.cmb_LiveVar.Text, "Veloc CP");
+        EXPECT_EQ(slot.cmb_LiveCom.Text, "Mag");
+        Pick(slot.cmb_LiveVar, "Theta3");
+        EXPECT_EQ(slot.cmb_LiveCom.Text, "") << "a scalar has none";
+        Pick(slot.cmb_LiveVar, "Veloc CP");
+        EXPECT_EQ(slot.cmb_LiveCom.Text, "Mag");
+    });
+}
+
 TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
     After_First_Picture([&] {
         Open();

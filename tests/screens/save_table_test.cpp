@@ -58,6 +58,21 @@ TEST_F(SaveTable, A_choice_of_functions_is_saved_as_chosen_and_stays_as_it_is) {
     EXPECT_NE(copied.find('\t'), std::string::npos);
 }
 
+TEST_F(SaveTable, A_step_below_one_is_one_and_harmonics_are_saved_one_by_one) {
+    auto& form = Activated<frm_PrintSelect>("frm_PrintSelect");
+    Choose(form.cmb_Preset, Model.PresetList4(6));
+    const auto rows = [&] { return Lines(Saved(form, "some.csv", 4)) - 1; };
+    for (const char* step : {"1", "0", "-3", ""}) {
+        form.cmb_Step.Text = step;
+        EXPECT_EQ(rows(), static_cast<std::size_t>(Model.NSteps) + 1) << step;
+    }
+    form.cmb_Step.Text = "3";
+    EXPECT_EQ(rows(), 2U);
+    Model.Harmonics = 5;
+    Choose(form.cmb_Preset, "Current FFT - Real, Imag, Mag, Phase");
+    EXPECT_EQ(rows(), 6U);
+}
+
 TEST_F(SaveTable, A_table_on_the_screen_is_saved_with_its_heads) {
     auto& form = Activated<frm_PrintSelect>("frm_PrintSelect");
     Choose(form.cmb_Preset, Model.PresetList4(6));
