@@ -275,10 +275,7 @@ void frm_Help::Show_Finds(bool sought) {
     else
         lbl_Finds.Caption = std::to_string(before + WebBrowser1.Find) + " of " + std::to_string(all);
 
-    if (WebBrowser1.Everywhere.empty()) {
-        entries.clear();
-        here = -1;
-    }
+    if (WebBrowser1.Everywhere.empty()) entries.clear();
     if (entries != cmb_Finds.Items() || here != cmb_Finds.ListIndex()) Fill(cmb_Finds, entries, here);
     cmb_Finds.Enabled = !entries.empty();
 }

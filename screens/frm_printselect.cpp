@@ -58,10 +58,6 @@ void frm_PrintSelect::Form_Activate() {
         }
         Blank_What_Is_Gone();
         Function_Slot& first = Slot(1);
-        first.cmb_Var.Enabled = true;
-        first.lbl_Var.Enabled = true;
-        first.lbl_Comp.Enabled = true;
-        first.cmd_Clear.Enabled = true;
         if (!first.cmb_Var.Text.Get().empty() && !first.cmb_Com.Text.Get().empty())
             first.cmd_OK.Click();
         else

@@ -38,7 +38,6 @@ std::string Component_In(const Preset& preset, std::size_t slot, const Output_Fu
         case Components::kMagnitudes: return "Mag";
         case Components::kXY:
         case Components::kXYXY: return kComponents[slot % 2];
-        case Components::kMagAng: return kComponents[2 + slot % 2];
         case Components::kAsTheyStand:
             if (present.variable.empty() || present.component.empty()) return kComponents[slot];
             return present.component;

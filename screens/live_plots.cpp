@@ -343,7 +343,6 @@ void Live_Plots::Fill(Graph& graph, const std::vector<int>& slots) {
         const std::string unit = Unit_Of(function, model_);
         graph.SetLegendText(Words_Of(function) + "  " + unit);
         graph.SetUnitText(unit);
-        graph.SetPatternData(0);
         const std::vector<double> values = Series(function, model_.RunTable, model_.Link1Angle, model_.NSteps);
         for (graph.ThisPoint = 1; graph.ThisPoint <= points; ++graph.ThisPoint)
             graph.SetGraphData(values[static_cast<std::size_t>(graph.ThisPoint - 1)]);

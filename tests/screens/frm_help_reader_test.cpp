@@ -272,6 +272,24 @@ TEST_F(HelpReader, ADocumentWithoutAFindLeadsToTheNextThatHasOneAndBackToWhereTh
     EXPECT_EQ(view.Page.Get(), 5);
     EXPECT_FALSE(reader.cmd_Back.Enabled);
     EXPECT_EQ(Finds(), "6 found") << "none of them is in view";
+    EXPECT_EQ(reader.cmb_Finds.ListIndex(), -1);
+    Press(reader, "cmd_FindBefore");
+    EXPECT_NE(view.Document.Get(), balance);
+    EXPECT_EQ(view.Find.Get(), view.Finds) << "backwards at the last one of the document before";
+}
+
+TEST_F(HelpReader, FromADocumentOfNoLibraryTheSearchGoesToTheFirstFindOrTheLast) {
+    Told(9);
+    const std::string strange = balance + "x";
+    for (const bool on : {true, false}) {
+        view.Find = 0;
+        view.Document = strange;
+        Found_In({{card, "Card", 4}, {theory, "Theory", 2}});
+        Type(reader, "txt_Find", platform::kNoIndex, on ? "crank" : "rocker");
+        Press(reader, on ? "cmd_FindAfter" : "cmd_FindBefore");
+        EXPECT_EQ(view.Document.Get(), on ? card : theory);
+        EXPECT_EQ(view.Find.Get(), on ? 1 : 2);
+    }
 }
 
 TEST_F(HelpReader, ADocumentOfTheFindsIsChosenAtItsFirst) {

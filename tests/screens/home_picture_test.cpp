@@ -1,5 +1,7 @@
 // The picture of the home screen: when there is one, and how large.
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "core/linkage_model.h"
 #include "core/results.h"
@@ -94,6 +96,11 @@ TEST_F(HomePicture, HasAirOfATwentiethAroundCounterweights) {
     home.Form_Activate();
     EXPECT_GT(home.Picture1.Drawing().Right(), 20 + Model.L1);
     EXPECT_LT(home.Picture1.Drawing().Left(), Model.L1 - 20);
+    Model.Link1AngleRad = std::numbers::pi / 2;
+    home.Form_Activate();
+    EXPECT_GT(std::max(home.Picture1.Drawing().Top(), home.Picture1.Drawing().Bottom()), 20 + Model.L1);
+    EXPECT_LT(home.Picture1.Drawing().Left(), -20) << "the pivot stands above the other";
+    Model.Link1AngleRad = 0;
     Balance_Dropped();
     home.Form_Activate();
     EXPECT_GT(home.Picture1.Drawing().Left(), -20) << "no weights, no room for them";

@@ -135,6 +135,28 @@ TEST_F(LastSelection, WhatNeedsResultsThatAreNotThereIsToldAndAllStays) {
     EXPECT_EQ(form.Slots[0]->lbl_Function.Caption.Get(), "Theta3");
 }
 
+TEST_F(LastSelection, ThatHoldsOfALaterSlotAndOfAPreset) {
+    auto& form = Activated<frm_PlotSelect2>("frm_PlotSelect2");
+    Mix(form);
+    const std::string force = Model.VariableNames(20);
+    Fill(form, 1, "Theta3");
+    Fill(form, 2, force, "Mag");
+    Go_On(form, Model.PlotLayout == 1 ? "frm_Myplot2" : "frm_Plot2");
+    auto& four = Activated<frm_PlotSelect1>("frm_PlotSelect1");
+    const std::string of_forces = four.cmb_Preset.Items()[20];
+    Choose(four.cmb_Preset, of_forces);
+    Go_On(four, "frm_Plot1");
+    Forces_Dropped();
+    Model.ScreenReturn = true;
+    for (const auto& [screen, missing] : {std::pair<Function_Screen*, std::string>{&form, force},
+                                          std::pair<Function_Screen*, std::string>{&four, of_forces}}) {
+        screen->Form_Activate();
+        desktop.Expect_Message_With("The last selection has \"" + missing + "\" in it");
+        Press(*screen, "cmd_Last");
+        EXPECT_FALSE(screen->cmd_Done.Enabled);
+    }
+}
+
 TEST_F(LastSelection, ASettingThatIsNoSelectionChoosesNothing) {
     The_Settings().Put("selection.frm_PlotSelect1",
                        std::vector<std::string>{"opt_PrintSet=7", "cmb_Var1=", "opt_Coord=x", "nonsense", "=", "a=b"});

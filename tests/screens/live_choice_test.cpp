@@ -83,45 +83,8 @@ TEST_F(LiveChoice, FunctionsFillTheSlotsInTheirOrderAndTheRestIsEmpty) {
     EXPECT_TRUE(choice.Empty());
 }
 
-class LiveChoiceKept : public LiveChoice {
-   protected:
-    LiveChoiceKept() { platform::The_Settings().Open(Path("config")); }
-    ~LiveChoiceKept() override { platform::The_Settings().Open(""); }
-    static Live_Choice Kept_Anew(const Live_Choice& choice) {
-        choice.Keep();
-        return Live_Choice::Kept();
-    }
-};
-
-TEST_F(LiveChoiceKept, FunctionsAxisAndScaleComeBack) {
-    Live_Choice choice;
-    choice.functions[0] = {"Veloc CP", "Ang", true};
-    choice.functions[2] = {"Theta3", "", false};
-    choice.abscissa = Abscissa::kTime;
-    choice.one_scale = true;
-    Live_Choice back = Kept_Anew(choice);
-    EXPECT_EQ(back.functions, choice.functions);
-    EXPECT_EQ(back.abscissa, Abscissa::kTime);
-    EXPECT_TRUE(back.one_scale);
-    EXPECT_EQ(back.preset, "");
-    choice.abscissa = Abscissa::kAngle;
-    choice.one_scale = false;
-    back = Kept_Anew(choice);
-    EXPECT_EQ(back.abscissa, Abscissa::kAngle);
-    EXPECT_FALSE(back.one_scale);
-}
-
-TEST_F(LiveChoiceKept, APresetComesBackWhileItsFunctionsAreThoseChosen) {
-    for (const Preset* preset : {Live_Presets().front(), Live_Presets().back()}) {
-        Live_Choice choice;
-        choice.Take(*preset);
-        EXPECT_EQ(Kept_Anew(choice).preset, preset->text);
-        choice.functions[3] = {"Theta4", "", false};
-        EXPECT_EQ(Kept_Anew(choice).preset, "");
-    }
-}
-
-TEST_F(LiveChoiceKept, WhatIsNoFunctionComesBackAsNone) {
+TEST_F(LiveChoice, WhatIsNoFunctionComesBackAsNone) {
+    platform::The_Settings().Open(Path("config"));
     for (const char* line : {"", "Theta3", "Theta3|", "Nothing||", "|Theta3|", "Veloc CP|Up|"}) {
         platform::The_Settings().Put("live.functions", std::vector<std::string>{line, "Theta3||"});
         const Live_Choice back = Live_Choice::Kept();
@@ -129,6 +92,29 @@ TEST_F(LiveChoiceKept, WhatIsNoFunctionComesBackAsNone) {
         EXPECT_EQ(back.functions[1].variable, "Theta3") << line;
         EXPECT_EQ(back.functions[2], Output_Function{}) << line;
     }
+    platform::The_Settings().Open("");
+}
+
+TEST_F(LiveChoice, ThePresetPlottedLastCountsWithItsFrame) {
+    platform::The_Settings().Open(Path("config"));
+    platform::The_Settings().Put("selection.plot", "frm_PlotSelect2");
+    for (const int coord : {0, 1})
+        for (const Preset* preset : {Live_Presets().front(), Live_Presets().back()}) {
+            platform::The_Settings().Put(
+                "selection.frm_PlotSelect2",
+                std::vector<std::string>{"opt_PrintSet=0", "opt_Coord=" + std::to_string(coord),
+                                         std::string("cmb_Preset=") + preset->text});
+            Live_Choice choice;
+            choice.Take(*preset);
+            std::vector<Output_Function> expected;
+            for (Output_Function function : choice.functions) {
+                if (function.variable.empty()) continue;
+                function.local = coord == 1 && Has_Frames(function);
+                expected.push_back(function);
+            }
+            EXPECT_EQ(Last_Plotted(), expected) << preset->text;
+        }
+    platform::The_Settings().Open("");
 }
 
 }  // namespace

@@ -97,6 +97,7 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
             EXPECT_EQ(Own(slot).NumSets(), 1);
             EXPECT_EQ(Own(slot).NumPoints(), 37);
             EXPECT_EQ(Own(slot).Labelled, slot == 4);
+            EXPECT_EQ(Own(slot).BottomTitle, slot == 4 ? "Crank Angle (Deg)" : "");
             EXPECT_TRUE(Own(slot).InLine);
             EXPECT_EQ(Own(slot).GridStyle, 3);
             EXPECT_EQ(Own(slot).TickEvery, 6);
@@ -107,7 +108,6 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
         }
         EXPECT_EQ(Own(1).Sets()[0].legend, "Veloc CP X  " + Model.UnitLabel(4));
         EXPECT_EQ(Own(4).Sets()[0].legend, "Veloc CP Ang  degrees");
-        EXPECT_EQ(Own(4).BottomTitle, "Crank Angle (Deg)");
         EXPECT_EQ(Own(4).Labels().front(), "0.");
         EXPECT_EQ(Own(4).Labels()[9], "90.");
         EXPECT_EQ(Own(4).Labels().back(), "360.");
@@ -149,6 +149,7 @@ TEST_F(LivePlots, FunctionsAreMixedFreelyAndOneScaleTakesThemAll) {
         for (int slot = 1; slot <= 4; ++slot) EXPECT_EQ(Own(slot).NumPoints(), 0);
         ASSERT_EQ(Own(0).NumSets(), 2);
         EXPECT_FALSE(Own(0).InLine) << "there is none below it";
+        EXPECT_EQ(Own(0).BottomTitle, "Crank Angle (Deg)");
         EXPECT_EQ(Own(0).Sets()[1].legend, "Veloc I 2,3 Y local  " + Model.UnitLabel(4));
         // In the crank's own frame all of its end's velocity stands across.
         for (int step = 0; step <= 36; ++step) {
@@ -444,6 +445,7 @@ TEST_F(LivePlots, WhatWasPlottedLastIsOfferedFirst) {
         EXPECT_TRUE(Own(1).Visible);
         Pick(form.live.cmb_LivePreset, kVelocityPreset);
         Pick(form.live.cmb_LivePreset, "Last Plot");
+        EXPECT_EQ(form.live.cmb_LivePreset.Text, "Last Plot");
         EXPECT_EQ(form.live.Slots[0]->cmb_LiveCom.Text, "Y");
         EXPECT_EQ(form.live.Slots[1]->cmb_LiveVar.Text, "(none)");
     });
