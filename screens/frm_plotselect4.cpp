@@ -19,7 +19,6 @@ constexpr char kPolarPlot[] = "frm_MyPlot4";
 frm_PlotSelect4::frm_PlotSelect4()
     : Function_Screen("frm_PlotSelect4", 1, Function_Slot::Parts::kVariableOnly, "cmd_CancelPlotData") {
     Model.GraphWindows = 1;
-    Load_Components(*this, Slot(1).cmb_Com);
 }
 
 void frm_PlotSelect4::Form_Activate() {

@@ -38,12 +38,10 @@ void Preset_Screen::Reload_Lists() {
 void Preset_Screen::Start_Selection(int windows) {
     Fit_Screen(*this, kWorkWidth, kWorkHeight);
     Model.GraphWindows = windows;
-    cmd_Done.Enabled = false;
     Reload_Lists();
     Model.CoordSystem = 0;
     Reset_Coordinates();
     Set_Selection_Mode(*this, SlotCount());
-    Clear_Labels(*this, SlotCount());
     Forget_Choices();
     Offer_Last_Selection();
 }
@@ -62,12 +60,8 @@ void Preset_Screen::opt_PrintSet_Click(int Index) {
     Guarded(Name() + ".opt_PrintSet", [&] {
         Set_Selection_Mode(*this, SlotCount());
         Forget_Choices();
-        if (Index == 0) {
-            cmb_Preset.SetFocus();
-            return;
-        }
+        if (Index == 0) return;
         Reset_Coordinates();
-        Slot(1).cmb_Var.SetFocus();
         for (const auto& slot : Slots) slot->cmd_OK.Enabled = false;
     });
 }

@@ -241,6 +241,23 @@ TEST_F(FromChoiceToPlotTest, EveryPresetOfFourInATable) {
     }
 }
 
+TEST_F(FromChoiceToPlotTest, ThePlotTakesThePlaceOfTheChoice) {
+    for (const auto& [name, plot] : {std::pair{"frm_PlotSelect1", "frm_Plot1"},
+                                     {"frm_PlotSelect2", "frm_Myplot2"},
+                                     {"frm_PlotSelect3", "frm_MyPlot3"}}) {
+        auto& form = dynamic_cast<Preset_Screen&>(Screens::Get(name));
+        desktop.Expect_Screen(name, [&form](Screen&) {
+            form.cmb_Preset.Choose(0);
+            Press(form, "cmd_Done");
+        });
+        desktop.Expect_Screen(plot, [&form](Screen& shown) {
+            EXPECT_FALSE(form.Visible());
+            shown.Hide();
+        });
+        form.ShowModal();
+    }
+}
+
 TEST_F(FromChoiceToPlotTest, ADoubleClickOnAPresetGoesStraightToThePlot) {
     Model.PlotStyle = 1;
     auto& form = Activated<frm_PlotSelect1>("frm_PlotSelect1");
