@@ -335,7 +335,6 @@ void Live_Plots::Fill(Graph& graph, const std::vector<int>& slots) {
     graph.InLine = graph.Index() > 0;
     graph.FontUse = 4;
     graph.FontSize = 85;
-    graph.PatternedLines = 0;
     graph.FirstColor = slots.front() - 1;
     for (graph.ThisSet = 1; graph.ThisSet <= graph.NumSets(); ++graph.ThisSet) {
         const int slot = slots[static_cast<std::size_t>(graph.ThisSet - 1)];

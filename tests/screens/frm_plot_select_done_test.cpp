@@ -213,6 +213,9 @@ TEST_F(FromChoiceToPlotTest, EveryPresetOfTwoButTheTransformsInAlignedWindows) {
 TEST_F(FromChoiceToPlotTest, TheTransformsOfTwoAreDrawnInGraphsThoughAlignedWasChosen) {
     auto& form = Activated<frm_PlotSelect2>("frm_PlotSelect2");
     for (const std::size_t number : {32u, 33u}) Plot(form, number, "frm_Plot2", [](Screen&) {});
+    form.opt_Plotstyle[0].Value = true;
+    desktop.Expect_Screen("frm_Plot2", [](Screen& screen) { screen.Hide(); });
+    form.cmb_Preset.OnDblClick();
 }
 
 TEST_F(FromChoiceToPlotTest, EveryPresetOfFourInATable) {

@@ -66,6 +66,25 @@ TEST_F(LastSelection, FunctionsChosenOneByOneComeBackWithOneButtonAlsoInTheNextS
     }
 }
 
+TEST_F(LastSelection, AllFourFunctionsComeBackInTheirFrameTheFirstOfTheListToo) {
+    auto& form = Activated<frm_PlotSelect1>("frm_PlotSelect1");
+    Mix(form);
+    const std::string first = form.Slots[0]->cmb_Var.Items().front();
+    Fill(form, 1, first);
+    Fill(form, 2, "Veloc CP", "X");
+    Fill(form, 3, "Theta3");
+    Fill(form, 4, "Veloc CP", "Ang");
+    Go_On(form, "frm_Plot1");
+    form.Form_Activate();
+    Mix(form);
+    Press(form, "cmd_Last");
+    for (const auto& [slot, variable] :
+         {std::pair{0, first}, {1, std::string("Veloc CP")}, {2, std::string("Theta3")}, {3, std::string("Veloc CP")}})
+        EXPECT_EQ(form.Slots[static_cast<std::size_t>(slot)]->lbl_Function.Caption.Get(), variable) << slot;
+    EXPECT_TRUE(form.opt_Coord[0].Value);
+    EXPECT_TRUE(form.cmd_Done.Enabled);
+}
+
 TEST_F(LastSelection, APresetComesBackInPlaceOfWhatWasBegunMeanwhile) {
     auto& form = Activated<frm_PlotSelect2>("frm_PlotSelect2");
     const std::string preset = form.cmb_Preset.Items()[2];

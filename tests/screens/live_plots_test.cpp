@@ -80,6 +80,9 @@ TEST_F(LivePlots, AnotherVariableOrComponentIsNoPresetAnyMore) {
         EXPECT_EQ(slot.cmb_LiveCom.Text, "") << "a scalar has none";
         Pick(slot.cmb_LiveVar, "Veloc CP");
         EXPECT_EQ(slot.cmb_LiveCom.Text, "Mag");
+        Pick(slot.cmb_LiveFrame, "Local");
+        for (const char* variable : {"Theta3", "Veloc CP"}) Pick(slot.cmb_LiveVar, variable);
+        EXPECT_EQ(slot.cmb_LiveFrame.Text, "Global");
     });
 }
 

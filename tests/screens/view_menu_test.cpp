@@ -130,6 +130,16 @@ TEST_F(ViewOnAnimate, WhatIsChosenLiesOverThePositionShownAtOnce) {
     });
 }
 
+TEST_F(ViewOnAnimate, WhatIsChosenOnAnotherScreenLiesOverThisOneToo) {
+    After_First_Picture([&] {
+        auto& home = dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen"));
+        home.view.mnu_ViewNames.Click();
+        EXPECT_EQ(Over().names.size(), 5U);
+        home.view.mnu_ViewNames.Click();
+        EXPECT_TRUE(Over().Empty());
+    });
+}
+
 TEST_F(ViewOnAnimate, ItGoesWithStepAndBarAndRun) {
     After_First_Picture([&] {
         form.view.mnu_ViewNames.Click();
