@@ -72,7 +72,6 @@ void Preset_Screen::cmb_Preset_Change() {
 
 void Preset_Screen::cmb_Preset_Click() {
     Guarded(Name() + ".cmb_Preset", [&] {
-        Clear_Labels(*this, SlotCount());
         Take_Preset();
         Function_Taken();
     });

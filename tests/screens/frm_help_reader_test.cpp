@@ -305,6 +305,7 @@ TEST_F(HelpReader, ADocumentOfTheFindsIsChosenAtItsFirst) {
     EXPECT_EQ(Finds(), "4 of 9");
     Press(reader, "cmd_Back");
     EXPECT_EQ(view.Document.Get(), balance);
+    EXPECT_EQ(Finds(), "9 found");
 }
 
 TEST_F(HelpReader, AScreenThatComesUpAgainIsNotOpenedTwice) {

@@ -126,6 +126,15 @@ TEST_F(TypedTest, AnEmptiedBoxShowsTheChoiceThatStands) {
     Expect_Slot(form, 1, 13, "X");
 }
 
+TEST_F(TypedTest, ReturnFromAnEmptiedBoxGoesOnWithTheChoiceThatStands) {
+    auto& form = Mixing<frm_PlotSelect1>("frm_PlotSelect1");
+    Fill(form, 1, "Omega3");
+    Type(Slot(form, 1).cmb_Var, "");
+    desktop.Expect_Screen("frm_Plot1", [](platform::Screen& screen) { screen.Hide(); });
+    form.cmd_Done.OnClick();
+    Expect_Slot(form, 1, 6, "Mag");
+}
+
 TEST_F(TypedTest, TheSameNameTypedAgainLeavesTheSlotTakenOver) {
     auto& form = Mixing<frm_PlotSelect1>("frm_PlotSelect1");
     Fill(form, 1, "Omega3");

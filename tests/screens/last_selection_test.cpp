@@ -85,6 +85,18 @@ TEST_F(LastSelection, AllFourFunctionsComeBackInTheirFrameTheFirstOfTheListToo) 
     EXPECT_TRUE(form.cmd_Done.Enabled);
 }
 
+TEST_F(LastSelection, AFunctionThatWasNotTakenOverWasNotChosen) {
+    auto& form = Activated<frm_PlotSelect1>("frm_PlotSelect1");
+    Mix(form);
+    Pick(form, 2, "Theta3");
+    Fill(form, 1, "Omega4");
+    Go_On(form, "frm_Plot1");
+    form.Form_Activate();
+    Press(form, "cmd_Last");
+    EXPECT_EQ(form.Slots[0]->lbl_Function.Caption.Get(), "Omega4");
+    EXPECT_EQ(form.Slots[1]->lbl_Function.Caption.Get(), "");
+}
+
 TEST_F(LastSelection, APresetComesBackInPlaceOfWhatWasBegunMeanwhile) {
     auto& form = Activated<frm_PlotSelect2>("frm_PlotSelect2");
     const std::string preset = form.cmb_Preset.Items()[2];
