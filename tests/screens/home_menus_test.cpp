@@ -352,6 +352,14 @@ TEST_F(HomeMenusTest, AFailureInAHandlerIsReportedUnderItsName) {
     home.mnu_Aspect.Click();
 }
 
+TEST_F(HomeMenusTest, UnitsAndCognateOfAnotherModelAreMarkedAsSoonAsTheScreenIsBack) {
+    Use_Units(4);
+    Model.CognateNumber = 3;
+    home.Form_Return();
+    for (int entry = 1; entry <= 5; ++entry) EXPECT_EQ(home.mnu_pick[entry].Checked.Get(), entry == 4) << entry;
+    for (int entry = 1; entry <= 3; ++entry) EXPECT_EQ(home.mnu_Cog[entry].Checked.Get(), entry == 3) << entry;
+}
+
 TEST_F(HomeMenusTest, EntriesOfWhatIsNotThereYetAreOff) {
     Run_Holds();
     home.Form_Activate();

@@ -127,6 +127,7 @@ TEST_F(LivePlots, AnImportedTorqueFellWithItsRunAndTheForcesWithIt) {
             "The imported torque has a row for each step of the run before; import it again to solve the forces.");
         EXPECT_TRUE(All_Empty());
     });
+    After_First_Picture([&] { EXPECT_EQ(Note(), "The forces of this linkage are not solved.") << "that was before"; });
 }
 
 TEST_F(LivePlots, ABalanceFallsWithTheDragAndThePaneSaysSo) {

@@ -73,9 +73,8 @@ TEST_F(LivePlots, AnotherVariableOrComponentIsNoPresetAnyMore) {
             EXPECT_EQ(form.live.cmb_LivePreset.Text, kVelocityPreset);
             Pick(*box, box == &slot.cmb_LiveVar ? "Accel CP" : "Mag");
             EXPECT_EQ(form.live.cmb_LivePreset.Text, "");
+            EXPECT_EQ(slot.cmb_LiveCom.Text, box == &slot.cmb_LiveVar ? "X" : "Mag");
         }
-        EXPECT_EQ(slot.cmb_LiveVar.Text, "Veloc CP");
-        EXPECT_EQ(slot.cmb_LiveCom.Text, "Mag");
         Pick(slot.cmb_LiveVar, "Theta3");
         EXPECT_EQ(slot.cmb_LiveCom.Text, "") << "a scalar has none";
         Pick(slot.cmb_LiveVar, "Veloc CP");
@@ -133,7 +132,7 @@ TEST_F(LivePlots, APresetOfTwoLeavesTheOtherSlotsEmpty) {
         EXPECT_EQ(form.live.Slots[2]->cmb_LiveVar.Text, "(none)");
         EXPECT_EQ(Values(Own(2))[5], Model.RunTable.Omega(5, 2));
         EXPECT_FALSE(Own(3).Visible);
-        EXPECT_EQ(Own(3).NumPoints(), 0);
+        EXPECT_EQ(std::pair(Own(3).NumPoints(), Own(3).NumSets()), std::pair(0, 0));
         EXPECT_TRUE(Own(2).Labelled);
     });
 }
@@ -357,6 +356,7 @@ TEST_F(LivePlots, TheXAxisIsTheCrankAngleOrTheTime) {
         EXPECT_EQ(Own(1).Labels()[18], "180.");
         Choose_Option(form, "opt_LiveX", 1);
         EXPECT_EQ(Own(1).BottomTitle, "Time (Sec)");
+        EXPECT_EQ(std::pair(Own(1).TickEvery, Own(1).LabelEvery), std::pair(5, 10));
         // Half a turn at 10 rad/s.
         EXPECT_NEAR(Val(Own(1).Labels()[18]), M_PI / Model.Omega2, 1e-3);
         Choose_Option(form, "opt_LiveX", 0);
