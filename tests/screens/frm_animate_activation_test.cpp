@@ -151,8 +151,10 @@ TEST_F(AnimateActivation, SettingsAreTakenFromTheModel) {
     Model.AnimateDelay = 30000;
     Model.Cycles = 4;
     Model.AnimateWait = 40;
-    Model.ShowCentrodesFlag = "Y";
+    Model.ShowCentrodesFlag = Model.HideLinksFlag = Model.TraceFlag = "Y";
     Inside([&] {
+        EXPECT_FALSE(form.chk_Showlinks.Value);
+        EXPECT_TRUE(form.chk_Trace.Value);
         EXPECT_EQ(form.hsc_speed.Value(), 2767);
         EXPECT_EQ(form.txt_Cycles.Text.Get(), "4");
         EXPECT_EQ(form.cmb_wait.Text.Get(), "40");

@@ -117,6 +117,7 @@ TEST_F(AnimateEdit, RecalcSolvesTheRunAndOpensTheWayOn) {
         Model.ScreenReturn = false;
         form.hsc_step.Drag(7);
         form.hsc_step.Drop();
+        desktop.Set_Pointer(platform::Pointer::kHourglass);
         Press(form, "cmd_Recalc");
         Expect_Ready();
         EXPECT_EQ(form.hsc_step.Value(), 0);
@@ -178,10 +179,13 @@ TEST_F(AnimateEdit, LimitsThatWereNeverDividedIntoStepsAreDividedAsTheBoxesHaveT
 
 TEST_F(AnimateEdit, LengthsThatCannotCloseAreRefusedAndLeaveNothingToGoOnWith) {
     After_First_Picture([&] {
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
         Enter(form, "txt_Linkout", 1, "20");
         desktop.Expect_Message_With("Your link lengths are incompatible");
         Press(form, "cmd_Recalc");
         EXPECT_EQ(Model.Grashof_Code, "NL");
+        EXPECT_EQ(form.hsc_step.Value(), 0);
         Expect_Dirty();
         EXPECT_FALSE(Model.Calculated);
         Enter(form, "txt_Linkout", 1, "1.2");
@@ -303,6 +307,7 @@ TEST_F(AnimateEdit, TheTitleIsTakenOnLeavingTheBoxAndTheScreen) {
         Type(form, "txt_Figure", platform::kNoIndex, "Press drive");
         form.cmd_Done.SetFocus();
         EXPECT_EQ(Model.FigureTitle, "Press drive");
+        EXPECT_FALSE(Model.SavedFlag) << "a file keeps the title";
     });
     Inside([&] {
         form.txt_Figure.Type("Other");

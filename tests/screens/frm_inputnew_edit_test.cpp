@@ -1,5 +1,7 @@
 // What the boxes, choices and stepping controls of the input screen do.
 #include "animation/engine.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "tests/screens/frm_inputnew_fixture.h"
 
 namespace verlink::test {
@@ -128,6 +130,29 @@ TEST_F(Edit, WithAutocalcOffALimitIsReadAndThePictureCleared) {
     });
 }
 
+TEST_F(Edit, ALimitOfAnAngleRunIsNoAngleToJumpTo) {
+    Without_Autocalc();
+    Show([&] {
+        const std::string before = input.txt_Thetazero.Text;
+        Enter_Limit(0, "20");
+        EXPECT_EQ(input.txt_Thetazero.Text, before);
+        EXPECT_FALSE(input.txt_Thetazero.Touched());
+    });
+}
+
+TEST_F(Edit, AnUndoneStepLeavesNoAngleToJumpToBehind) {
+    Without_Autocalc();
+    Show([&] {
+        Deed::By_Itself();
+        The_History().Begin();
+        Enter_Link(1, "1");
+        input.txt_Thetazero.Type("90");
+        The_History().Undo();
+        EXPECT_EQ(Model.L2, Single(1.115));
+        EXPECT_FALSE(input.txt_Thetazero.Touched());
+    });
+}
+
 TEST_F(Edit, WithAutocalcOffTheStartAngleIsTakenAndClearsThePicture) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 2);
@@ -183,6 +208,9 @@ TEST_F(Edit, OnePositionTurnsANegativeSpeedInItsBoxPositive) {
         Choose_Option(input, "opt_Calctype", 1);
         EXPECT_EQ(Model.Calctype, 1);
         EXPECT_EQ(input.txt_initial[3].Text, "12.5");
+        Enter_Limit(3, "0.5");
+        Choose_Option(input, "opt_Calctype", 2);
+        EXPECT_EQ(Model.Omega2Input, 0.5) << "a slow one is none that turns back";
     });
 }
 

@@ -40,7 +40,11 @@ TEST_F(Leave, NextTakesTheTitleRaisesTheDesignNumberOfAChangedLinkageAndGoesToTh
 
 TEST_F(Leave, NextKeepsTheDesignNumberOfAnUnchangedLinkage) {
     Show([&] {
-        desktop.Expect_Screen("frm_Animate", Hide_It);
+        EXPECT_FALSE(Model.Calculated);
+        desktop.Expect_Screen("frm_Animate", [](Screen& screen) {
+            EXPECT_TRUE(Model.Calculated) << "the run that was shown counts from here";
+            screen.Hide();
+        });
         Press(input, "cmd_Done");
     });
     EXPECT_EQ(Model.DesignNumber, 1);

@@ -149,6 +149,8 @@ TEST_F(Synth3, SpecifiedPivotsGiveTheTurns) {
     EXPECT_EQ(Model.O2x, Single(-2.264));
     EXPECT_EQ(Model.O4y, Single(-5.279));
     EXPECT_EQ(Box(form, "txt_Beta2"), FNRoundStr(Model.SynBeta2, 3));
+    EXPECT_EQ(Box(form, "txt_Beta3"), FNRoundStr(Model.SynBeta3, 3));
+    EXPECT_EQ(Box(form, "txt_Gamma2"), FNRoundStr(Model.SynGamma2, 3));
     EXPECT_EQ(Box(form, "txt_Gamma3"), FNRoundStr(Model.SynGamma3, 3));
     EXPECT_EQ(Caption(form, "lbl_Beta2"), Box(form, "txt_Beta2"));
     // The linkage that the default positions were taken from turns by these.

@@ -23,6 +23,19 @@ TEST_F(JointKeys, ADigitGoesToTheBoxOfTheValueThatTheJointChanges) {
         });
 }
 
+TEST_F(JointKeys, TheArrowsStepTheRunAndTheButtonGoesOnFromThere) {
+    After_First_Picture([&] {
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        Press(form, "cmd_Step");
+        EXPECT_EQ(form.hsc_step.Value(), 2);
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        Press(form, "cmd_Step");
+        EXPECT_EQ(form.hsc_step.Value(), 2);
+    });
+}
+
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 2, "0.01");

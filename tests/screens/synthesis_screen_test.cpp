@@ -2,6 +2,8 @@
 #include "screens/synthesis_screen.h"
 
 #include "checks/positions.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "tests/screens/synthesis_screens_fixture.h"
 
 namespace verlink::test {
@@ -117,6 +119,26 @@ TEST_F(SynthesisScreens, NextHidesTheScreenAndBringsUpTheInputScreen) {
                 input.Hide();
             });
             Press(form, "cmd_Done");
+        });
+    });
+}
+
+TEST_F(SynthesisScreens, AnUndoneCalculationGivesTheDataBeforeBack) {
+    For_Each([this](Synthesis_Screen& form) {
+        Show(form, [&] {
+            platform::Deed::By_Itself();
+            The_History().Begin();
+            const std::string before = Box(form, "txt_P21x");
+            {
+                const platform::Deed whole("calculate");
+                Enter_Box(form, "txt_P21x", "-0.6");
+                Calculate(form);
+            }
+            ASSERT_EQ(Model.P21x, Single(-0.6));
+            The_History().Undo();
+            EXPECT_EQ(Box(form, "txt_P21x"), before);
+            Expect_Ways_On(form, false);
+            EXPECT_EQ(Caption(form, "lbl_Wmag", 1), "");
         });
     });
 }
