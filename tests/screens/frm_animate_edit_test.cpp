@@ -308,6 +308,7 @@ TEST_F(AnimateEdit, TheTitleIsTakenOnLeavingTheBoxAndTheScreen) {
         form.cmd_Done.SetFocus();
         EXPECT_EQ(Model.FigureTitle, "Press drive");
         EXPECT_FALSE(Model.SavedFlag) << "a file keeps the title";
+        EXPECT_FALSE(form.txt_Figure.Touched());
     });
     Inside([&] {
         form.txt_Figure.Type("Other");

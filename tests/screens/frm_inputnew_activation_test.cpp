@@ -308,7 +308,7 @@ TEST_F(Activation, ForcesBalanceAndTransformStayWhileTheSameRunIsMadeAnew) {
     ASSERT_NE(torque, 0);
     const auto centres = [] {
         std::vector<double> rows;
-        for (int row = 3; row <= 5; ++row)
+        for (int row = 5; row <= 7; ++row)
             for (const int axis : {0, 1}) rows.push_back(Model.RunTable.AccXY(7, row, axis));
         return rows;
     };

@@ -41,6 +41,18 @@ TEST_F(Calc, AnAngleRunClosesAtEveryStepAndShowsTheSecondPosition) {
     });
 }
 
+TEST_F(Calc, TheBarIsOffWhileARunIsMadeAndThePointerComesBack) {
+    Show([&] {
+        std::vector<bool> on;
+        input.hsc_step.Enabled.Event = [this, &on] { on.push_back(input.hsc_step.Enabled); };
+        desktop.Set_Pointer(Pointer::kHourglass);
+        Calculate_Now();
+        input.hsc_step.Enabled.Event = nullptr;
+        EXPECT_EQ(on, (std::vector<bool>{false, true}));
+        EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+    });
+}
+
 TEST_F(Calc, ALengthOfZeroOrAnEmptiedBoxIsToldOnceForTheWholeRun) {
     Show([&] {
         for (const int box : {1, 2, 3})

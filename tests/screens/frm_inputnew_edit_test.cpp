@@ -379,6 +379,22 @@ TEST_F(Edit, RedrawBeginsAtTheFirstPosition) {
         Pick_Menu(input, "mnu_Redraw");
         EXPECT_EQ(input.hsc_step.Value(), 0);
         EXPECT_EQ(Model.CurrentStep, 1);
+        Tick(input, "chk_autocalc", false);
+        Enter_Link(1, "1");
+        Pick_Menu(input, "mnu_Redraw");
+        EXPECT_TRUE(Picture_Is_Empty()) << "there is no run of this linkage";
+    });
+}
+
+TEST_F(Edit, TheStepButtonMakesTheRunCountOnTheHomeScreenToo) {
+    Show([&] {
+        ASSERT_FALSE(Model.Calculated);
+        const Screen& home = Screens::Get("frm_HomeScreen");
+        EXPECT_FALSE(home.Get<Label>("lbl_Status", 0).Visible);
+        Press(input, "cmd_Step");
+        EXPECT_TRUE(Model.Calculated);
+        EXPECT_TRUE(home.Get<Label>("lbl_Status", 0).Visible);
+        EXPECT_TRUE(home.Get<CommandButton>("cmd_Plot").Enabled);
     });
 }
 

@@ -100,6 +100,14 @@ TEST_F(Leave, BackKeepsWhatTheLastRunStored) {
     EXPECT_TRUE(Model.RunTable.Assembled(36));
 }
 
+TEST_F(Leave, ClosingTheWindowTakesTheBoxThatIsBeingTyped) {
+    Show([&] {
+        Type(input, "txt_Linkout", 1, "1");
+        input.Close();
+    });
+    EXPECT_EQ(Model.L2, 1.0);
+}
+
 TEST_F(Leave, ClosingTheWindowIsGoingBack) {
     Show([&] {
         input.Close();

@@ -36,6 +36,20 @@ TEST_F(JointKeys, TheArrowsStepTheRunAndTheButtonGoesOnFromThere) {
     });
 }
 
+TEST_F(JointKeys, TheArrowsStepARunThatAnotherStageDrivesToo) {
+    Fresh();
+    By_Another_Stage(20, 12);
+    Model.LinkDriven = true;
+    After_First_Picture([&] {
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        EXPECT_LT(Off(Where(Joint::kA)), 0.5) << "the crank is drawn there";
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_EQ(form.hsc_step.Value(), 20);
+    });
+}
+
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 2, "0.01");

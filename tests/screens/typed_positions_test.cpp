@@ -67,6 +67,16 @@ TEST(TypedPositions, WhatIsOffByMoreThanSinglePrecisionIsAnother) {
     }
 }
 
+TEST(TypedPositions, AnAngleIsComparedWithinItsOwnPrecisionAndThatOfADegree) {
+    Typed_Positions typed = Some_Typed();
+    typed.moved[0].angle = 0;
+    const Task task = Task_Of(typed);
+    typed.moved[0].angle = 0.9e-6;
+    EXPECT_FALSE(With_Positions(task, typed));
+    typed.moved[0].angle = 1.5e-6;
+    EXPECT_TRUE(With_Positions(task, typed));
+}
+
 TEST(TypedPositions, FewerPositionsOrOtherPivotsAreAnotherTask) {
     const Task task = Task_Of(Some_Typed());
     Typed_Positions typed = Some_Typed();
