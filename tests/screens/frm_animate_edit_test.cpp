@@ -1,6 +1,8 @@
 // Changing the linkage in the boxes of the animate screen, recalculating, and leaving.
 #include "core/parameters.h"
+#include "platform/deed.h"
 #include "screens/frm_help.h"
+#include "shell/history.h"
 #include "tests/screens/frm_animate_fixture.h"
 
 namespace verlink::test {
@@ -71,6 +73,29 @@ TEST_F(AnimateEdit, ABoxLeftWithoutAChangeDoesNothing) {
         form.cmd_Step.SetFocus();
         Expect_Ready();
         EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(AnimateEdit, AChangeThatIsUndoneAndDoneAgainOpensTheRunAndLocksIt) {
+    After_First_Picture([&] {
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
+        platform::Deed::By_Itself();
+        The_History().Begin();
+        {
+            const platform::Deed typed("link 2");
+            Enter(form, "txt_Linkout", 1, "1.2");
+        }
+        Expect_Dirty();
+        The_History().Undo();
+        Expect_Ready();
+        EXPECT_GT(Alive(), 10U);
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
+        The_History().Redo();
+        EXPECT_EQ(Model.L2, Single(1.2));
+        Expect_Dirty();
+        EXPECT_EQ(form.hsc_step.Value(), 0);
     });
 }
 

@@ -119,6 +119,7 @@ TEST_F(Calc, TheTimeRunItselfTakesItsLimitsFromTheirBoxes) {
         EXPECT_EQ(Model.ThetaEndStr, "1.5");
         EXPECT_EQ(Model.ThetaStepStr, "0.25");
         EXPECT_EQ(Model.NSteps, 4);
+        EXPECT_TRUE(Screens::Get("frm_HomeScreen").Get<CommandButton>("cmd_Plot").Enabled);
     });
 }
 

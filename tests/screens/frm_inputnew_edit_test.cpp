@@ -140,6 +140,27 @@ TEST_F(Edit, ALimitOfAnAngleRunIsNoAngleToJumpTo) {
     });
 }
 
+TEST_F(Edit, AStepThatIsUndoneAndDoneAgainShowsItsRunAndThenNone) {
+    Without_Autocalc();
+    Show([&] {
+        Calculate_Now();
+        Deed::By_Itself();
+        The_History().Begin();
+        {
+            const Deed typed("link 2");
+            Enter_Link(1, "1");
+        }
+        EXPECT_TRUE(Picture_Is_Empty());
+        The_History().Undo();
+        EXPECT_FALSE(Picture_Is_Empty());
+        Expect_Ways_On(true, true);
+        The_History().Redo();
+        EXPECT_EQ(Model.L2, 1.0);
+        EXPECT_TRUE(Picture_Is_Empty());
+        Expect_Ways_On(false, false);
+    });
+}
+
 TEST_F(Edit, AnUndoneStepLeavesNoAngleToJumpToBehind) {
     Without_Autocalc();
     Show([&] {

@@ -33,6 +33,10 @@ TEST_F(JointKeys, TheArrowsStepTheRunAndTheButtonGoesOnFromThere) {
         EXPECT_EQ(form.hsc_step.Value(), 1);
         Press(form, "cmd_Step");
         EXPECT_EQ(form.hsc_step.Value(), 2);
+        Enter(form, "txt_Linkout", 1, "1.2");
+        form.Press_Keys("Right");
+        EXPECT_EQ(form.hsc_step.Value(), 2) << "nothing is calculated that could be stepped through";
+        EXPECT_EQ(Model.CurrentStep, 3);
     });
 }
 
@@ -47,6 +51,8 @@ TEST_F(JointKeys, TheArrowsStepARunThatAnotherStageDrivesToo) {
         EXPECT_TRUE(form.Press_Keys("Left"));
         EXPECT_TRUE(form.Press_Keys("Left"));
         EXPECT_EQ(form.hsc_step.Value(), 20);
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 0);
     });
 }
 
