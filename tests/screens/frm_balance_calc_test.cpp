@@ -62,6 +62,9 @@ TEST_F(BalanceCalc, TheGraphsOfTheWeightsBeforeGoWhileItCalculates) {
     Calculate_Now();
     form.grf_Plot[1].Visible.Event = nullptr;
     EXPECT_EQ(shown, (std::vector<bool>{false, true}));
+    const int before = form.grf_Plot[1].Drawings();
+    Calculate_Now();
+    EXPECT_EQ(form.grf_Plot[1].Drawings(), before + 2) << "once more when it is to be seen";
 }
 
 TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {

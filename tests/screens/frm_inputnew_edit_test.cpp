@@ -1,4 +1,6 @@
 // What the boxes, choices and stepping controls of the input screen do.
+#include <algorithm>
+
 #include "animation/engine.h"
 #include "platform/deed.h"
 #include "shell/history.h"
@@ -198,6 +200,10 @@ TEST_F(Edit, InAnAngleRunTheStartAngleJumpsToAPosition) {
         EXPECT_EQ(input.txt_Thetazero.Text, "135.0");
         Enter(input, "txt_Thetazero", kNoIndex, "95");
         EXPECT_EQ(input.hsc_step.Value(), 9);
+        log.Calls.clear();
+        Enter(input, "txt_Thetazero", kNoIndex, "180");
+        EXPECT_EQ(input.hsc_step.Value(), 18);
+        EXPECT_EQ(std::count(log.Calls.begin(), log.Calls.end(), "BackColor FFFFFF"), 1) << "drawn once";
     });
 }
 

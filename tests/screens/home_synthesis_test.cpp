@@ -161,9 +161,12 @@ TEST_F(HomeSynthesis, HoekensLinkageIsInInchesFromTheStart) {
 }
 
 TEST_F(HomeSynthesis, TheRangeOfTheSynthesisTestIsThatOfItsText) {
+    Use_Units(3);
     Model.ThetaStart = Model.ThetaEnd = 123;
     Model.ThetaStep = 4;
     Model.NSteps = 7;
+    home.Form_Activate();
+    EXPECT_EQ(home.lbl_Status[10].Caption, "m-kg-N-s");
     Pick("mnu_Syntest", "frm_Synth3", [] {
         EXPECT_EQ(Model.ThetaStart, Single(Val(Model.ThetaStartStr)));
         EXPECT_EQ(Model.ThetaEnd, Single(Val(Model.ThetaEndStr)));
@@ -171,6 +174,7 @@ TEST_F(HomeSynthesis, TheRangeOfTheSynthesisTestIsThatOfItsText) {
         EXPECT_EQ(Model.ThetaEndRad, Single(Model.ThetaEnd * kDegToRad));
         EXPECT_EQ(Model.NSteps, std::lround((Model.ThetaEnd - Model.ThetaStart) / Model.ThetaStep));
     });
+    EXPECT_EQ(home.lbl_Status[10].Caption, "in-lb-bl-s");
 }
 
 TEST_F(HomeSynthesis, TheNumericLimitsOfAnExampleAreThoseOfItsText) {

@@ -231,7 +231,9 @@ TEST_F(SynthesisScreens, ASynthesisThatWasDoneIsDrawnToScaleWhenTheScreenComesUp
     For_Each([this](Synthesis_Screen& form) {
         form.Form_Activate();
         Calculate(form);
+        ASSERT_TRUE(Model.Synthesized);
         form.Form_Activate();
+        EXPECT_FALSE(Model.Synthesized) << "until it is calculated again";
         EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
         EXPECT_EQ(Caption(form, "lbl_Wmag", 1), "");
     });
