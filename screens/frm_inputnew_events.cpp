@@ -299,7 +299,6 @@ void frm_Inputnew::Jump_To_Angle() {
     Step(*this, Model.CurrentStep);
     if (Model.CurrentStep > Model.NSteps) Model.CurrentStep = 0;
     Stepping = true;
-    hsc_step.SetMax(Model.NSteps);
     hsc_step.SetValue(Model.CurrentStep);
     Stepping = false;
     Model.CurrentStep += 1;
