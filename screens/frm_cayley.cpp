@@ -74,7 +74,6 @@ void frm_Cayley::opt_Cognate_Click(int Index) {
     Guarded("frm_Cayley.opt_Cognate", [this, Index] {
         if (Refuse_Parallelogram()) return Mark_Present();
         Switch_Cognate(Index + 1);
-        Grashof();
         Fill();
     });
 }

@@ -44,7 +44,6 @@ void frm_HomeScreen::Use_Inches() {
     Use_Units(1);
     // What no number holds in inches keeps its own, which the example replaces for the most part.
     if (old != 1) Convert_Units(old, 1);
-    Use_Units(1);
     Check_mnu_Units(*this, Model.Units);
 }
 

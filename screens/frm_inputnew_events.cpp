@@ -52,7 +52,6 @@ class Kept_Results {
             Model.TorqueImported = true;
         }
         if (!Model.RunStands || !Is_The_Same_Run()) return;
-        Model.RunTable = kept_->RunTable;  // with the rows of mass centres
         if (kept_->DynamicsDone) Forces_Hold();
         if (kept_->BalanceDone) Balance_Holds();
         if (kept_->FFTDone) Transform_Holds();
@@ -259,8 +258,6 @@ void frm_Inputnew::txt_Linkout_LostFocus(int Index) {
 void frm_Inputnew::txt_initial_LostFocus(int Index) {
     if (!txt_initial[Index].Touched()) return;
     Guarded("frm_Input.txt_initial", [&] {
-        if (Model.Calctype == run::kOnePosition && Index == 0)
-            txt_Thetazero.Type(txt_initial[0].Text);  // both hold the one position
         Get_Initial_Conditions(*this);
         Take_Speeds();
     });
@@ -302,7 +299,6 @@ void frm_Inputnew::Jump_To_Angle() {
     Step(*this, Model.CurrentStep);
     if (Model.CurrentStep > Model.NSteps) Model.CurrentStep = 0;
     Stepping = true;
-    hsc_step.SetMax(Model.NSteps);
     hsc_step.SetValue(Model.CurrentStep);
     Stepping = false;
     Model.CurrentStep += 1;

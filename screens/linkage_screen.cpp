@@ -82,7 +82,6 @@ void Linkage_Screen::Step_By(int steps) {
         Model.CurrentStep = wished;
         step.Click();
         // A run that another stage drives is not shown by the button.
-        if (bar.Value() == wished) return;
         bar.Drag(wished);
         bar.Drop();
     });

@@ -62,7 +62,6 @@ Task Task_In_Hand(const LinkageModel& model) {
     std::string fault;
     if (model.DesignTask.empty() || !design::Read_Task(model.DesignTask, task, fault)) {
         task = {};
-        task.units = model.Units;
         task.positions.resize(1);
     }
     return design::In_Units(task, model.Units);

@@ -256,13 +256,18 @@ TEST_F(FilesTest, OnTheDynamicsScreenATableTakesThePlaceOfAnotherAndABrokenOneDo
                 return other;
             }());
             desktop.Expect_Message_With("successfully read.");
+            masses.cmd_Done.Enabled = true;
             drop("six.trq");
+            EXPECT_FALSE(masses.cmd_Done.Enabled);
             EXPECT_EQ(Model.RunTable.ImportedTorque(72), Single(6));
             EXPECT_FALSE(Model.DynamicsDone) << "the forces were those of the other table";
 
             desktop.Expect_Message("Only a table of torques (.trq) can be taken here.", Answer::kOk,
                                    Icon::kInformation);
             drop("a.vlk");
+            masses.chk_Torque.Click();
+            desktop.Expect_Open({});  // the table that was dropped is not taken a second time
+            masses.chk_Torque.Click();
             Press(screen, "cmd_Cancel");
         });
         Show_Centered("frm_MassProp");

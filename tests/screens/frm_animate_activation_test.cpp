@@ -105,6 +105,19 @@ TEST_F(AnimateActivation, OnePositionHasNoRunNoStepAndTheFocusOnNext) {
     });
 }
 
+TEST_F(AnimateActivation, OnePositionIsCaptionedAsSuchAlsoBehindARunByTime) {
+    By_Time(0, 0.2, 0.05);
+    Inside([&] { EXPECT_EQ(form.lbl_Initial[1].Caption.Get(), "End Time"); });
+    Model.Calctype = 1;
+    Integer Result;
+    Calc_Setup(1, Result);
+    Inside([&] {
+        EXPECT_EQ(form.lbl_Initial[1].Caption.Get(), "Max Theta");
+        EXPECT_EQ(form.lbl_StepLabel.Caption.Get(), "Alpha2");
+        EXPECT_EQ(form.lbl_StepUnit.Caption.Get(), "rad/s^2");
+    });
+}
+
 TEST_F(AnimateActivation, ADrivenRunTellsItsFileInsteadOfLimits) {
     By_Cam(3, 30);
     Inside([&] {
@@ -151,8 +164,10 @@ TEST_F(AnimateActivation, SettingsAreTakenFromTheModel) {
     Model.AnimateDelay = 30000;
     Model.Cycles = 4;
     Model.AnimateWait = 40;
-    Model.ShowCentrodesFlag = "Y";
+    Model.ShowCentrodesFlag = Model.HideLinksFlag = Model.TraceFlag = "Y";
     Inside([&] {
+        EXPECT_FALSE(form.chk_Showlinks.Value);
+        EXPECT_TRUE(form.chk_Trace.Value);
         EXPECT_EQ(form.hsc_speed.Value(), 2767);
         EXPECT_EQ(form.txt_Cycles.Text.Get(), "4");
         EXPECT_EQ(form.cmb_wait.Text.Get(), "40");

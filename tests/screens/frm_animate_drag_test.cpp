@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/numeric.h"
 #include "core/parameters.h"
 #include "core/text.h"
 #include "dynamics/units.h"
@@ -104,14 +105,15 @@ TEST_F(AnimateDrag, TheCouplerPointGoesWhereTheMouseIs) {
         const int step = Shown();
         EXPECT_EQ(step, 1);
         EXPECT_EQ(Model.CurrentStep, 2);
-        const double dx = 1.5 - A_x();
-        const double dy = -1.25 - A_y();
+        const double dx = 1.45 - A_x();
+        const double dy = -1.2 - A_y();
         const double angle = Degrees(dx, dy) - Model.RunTable.Theta(step, 1);
-        Drag(1.5, -1.25);
+        Drag(1.45, -1.2);
         EXPECT_NEAR(Value_In(4), std::hypot(dx, dy), 0.00051);
         EXPECT_NEAR(std::remainder(Model.Delta - angle, 360), 0, 0.00051);
-        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 0), 1.5, 0.002);
-        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 1), -1.25, 0.002);
+        EXPECT_EQ(Model.Delta, Single(FNRound(Model.Delta, 3))) << "the picture tells no more decimals";
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 0), 1.45, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(step, 2, 1), -1.2, 0.002);
         EXPECT_EQ(Shown(), step);
         EXPECT_EQ(Model.CurrentStep, 2);
     });
@@ -293,11 +295,24 @@ TEST_F(AnimateDrag, ALinkageThatCannotCloseIsToldAndReappears) {
             "The computation will now be aborted.\rPlease correct your link lengths.\r\r"
             "If you were shift-click-dragging a joint,just \rshift-click in a new location until linkage reappears.",
             platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
-        Drag(50, 0);
+        Drag(50, 12.345);
         EXPECT_EQ(Model.Grashof_Code, "NL");
+        EXPECT_EQ(Number(), "13.9") << "where the hand is, with one decimal";
         Drag(1, 0);
         EXPECT_EQ(Model.Grashof_Code, "Y");
         EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 1, 1e-6);
+    });
+}
+
+TEST_F(AnimateDrag, StepsThatWereTypedAreRunWithIt) {
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        Enter(form, "txt_initial", 2, "20");
+        ASSERT_FALSE(Model.RunStands);
+        Drag(1, 0);
+        EXPECT_TRUE(Model.RunStands);
+        EXPECT_EQ(Model.NSteps, 18);
+        EXPECT_EQ(form.hsc_step.Max(), 18);
     });
 }
 

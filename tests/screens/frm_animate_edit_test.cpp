@@ -1,6 +1,8 @@
 // Changing the linkage in the boxes of the animate screen, recalculating, and leaving.
 #include "core/parameters.h"
+#include "platform/deed.h"
 #include "screens/frm_help.h"
+#include "shell/history.h"
 #include "tests/screens/frm_animate_fixture.h"
 
 namespace verlink::test {
@@ -74,6 +76,29 @@ TEST_F(AnimateEdit, ABoxLeftWithoutAChangeDoesNothing) {
     });
 }
 
+TEST_F(AnimateEdit, AChangeThatIsUndoneAndDoneAgainOpensTheRunAndLocksIt) {
+    After_First_Picture([&] {
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
+        platform::Deed::By_Itself();
+        The_History().Begin();
+        {
+            const platform::Deed typed("link 2");
+            Enter(form, "txt_Linkout", 1, "1.2");
+        }
+        Expect_Dirty();
+        The_History().Undo();
+        Expect_Ready();
+        EXPECT_GT(Alive(), 10U);
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
+        The_History().Redo();
+        EXPECT_EQ(Model.L2, Single(1.2));
+        Expect_Dirty();
+        EXPECT_EQ(form.hsc_step.Value(), 0);
+    });
+}
+
 TEST_F(AnimateEdit, AChangedLimitLocksTheRunButIsNoChangeOfALink) {
     After_First_Picture([&] {
         Enter(form, "txt_initial", 1, "180");
@@ -117,6 +142,7 @@ TEST_F(AnimateEdit, RecalcSolvesTheRunAndOpensTheWayOn) {
         Model.ScreenReturn = false;
         form.hsc_step.Drag(7);
         form.hsc_step.Drop();
+        desktop.Set_Pointer(platform::Pointer::kHourglass);
         Press(form, "cmd_Recalc");
         Expect_Ready();
         EXPECT_EQ(form.hsc_step.Value(), 0);
@@ -178,10 +204,13 @@ TEST_F(AnimateEdit, LimitsThatWereNeverDividedIntoStepsAreDividedAsTheBoxesHaveT
 
 TEST_F(AnimateEdit, LengthsThatCannotCloseAreRefusedAndLeaveNothingToGoOnWith) {
     After_First_Picture([&] {
+        form.hsc_step.Drag(7);
+        form.hsc_step.Drop();
         Enter(form, "txt_Linkout", 1, "20");
         desktop.Expect_Message_With("Your link lengths are incompatible");
         Press(form, "cmd_Recalc");
         EXPECT_EQ(Model.Grashof_Code, "NL");
+        EXPECT_EQ(form.hsc_step.Value(), 0);
         Expect_Dirty();
         EXPECT_FALSE(Model.Calculated);
         Enter(form, "txt_Linkout", 1, "1.2");
@@ -303,6 +332,8 @@ TEST_F(AnimateEdit, TheTitleIsTakenOnLeavingTheBoxAndTheScreen) {
         Type(form, "txt_Figure", platform::kNoIndex, "Press drive");
         form.cmd_Done.SetFocus();
         EXPECT_EQ(Model.FigureTitle, "Press drive");
+        EXPECT_FALSE(Model.SavedFlag) << "a file keeps the title";
+        EXPECT_FALSE(form.txt_Figure.Touched());
     });
     Inside([&] {
         form.txt_Figure.Type("Other");

@@ -55,6 +55,18 @@ TEST_F(BalanceCalc, OpensTheWayOnAndShowsTheResults) {
     EXPECT_TRUE(badge.Visible);
 }
 
+TEST_F(BalanceCalc, TheGraphsOfTheWeightsBeforeGoWhileItCalculates) {
+    Calculate_Now();
+    std::vector<bool> shown;
+    form.grf_Plot[1].Visible.Event = [this, &shown] { shown.push_back(form.grf_Plot[1].Visible); };
+    Calculate_Now();
+    form.grf_Plot[1].Visible.Event = nullptr;
+    EXPECT_EQ(shown, (std::vector<bool>{false, true}));
+    const int before = form.grf_Plot[1].Drawings();
+    Calculate_Now();
+    EXPECT_EQ(form.grf_Plot[1].Drawings(), before + 2) << "once more when it is to be seen";
+}
+
 TEST_F(BalanceCalc, TakesTheCounterweightsFromTheirBoxes) {
     for (const int link : {2, 4}) {
         form.txt_BerkMass[link].Text = "0.3" + std::to_string(link);

@@ -56,6 +56,17 @@ TEST_F(BalanceEdit, ARadiusTypedGivesTheMassOfTheSameProductAndCalculates) {
     }
 }
 
+TEST_F(BalanceEdit, AWeightWhosePartnerNoNumberHoldsLeavesNoBalance) {
+    for (const char* box : {"txt_BerkMass", "txt_Radius"}) {
+        form.Form_Activate();
+        Press(form, "cmd_Calc");
+        ASSERT_TRUE(Model.BalanceDone);
+        desktop.Expect_Message_With("Error 6   (Overflow)  has occurred in frm_Balance." + std::string(box));
+        Enter_In(box, 2, "1e-40");
+        EXPECT_FALSE(Model.BalanceDone) << box;
+    }
+}
+
 TEST_F(BalanceEdit, AProductTypedGivesTheMassAtTheSameRadius) {
     const double radius = Model.BerkRadius(4);
     Fill("txt_MRproduct", 4, "3");

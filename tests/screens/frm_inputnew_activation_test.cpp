@@ -304,14 +304,21 @@ TEST_F(Activation, ForcesBalanceAndTransformStayWhileTheSameRunIsMadeAnew) {
     ASSERT_TRUE(Solve_Forces(Model).solved);
     Balance_Holds();
     Transform_Holds();
-    const Single torque = Model.RunTable.LinkTorque(7, 0), weight = Model.RunTable.AccXY(7, 5, 0);
+    const Single torque = Model.RunTable.LinkTorque(7, 0);
     ASSERT_NE(torque, 0);
+    const auto centres = [] {
+        std::vector<double> rows;
+        for (int row = 5; row <= 7; ++row)
+            for (const int axis : {0, 1}) rows.push_back(Model.RunTable.AccXY(7, row, axis));
+        return rows;
+    };
+    const std::vector<double> before = centres();
     Show([&] {
         EXPECT_TRUE(Model.DynamicsDone);
         EXPECT_TRUE(Model.BalanceDone);
         EXPECT_TRUE(Model.FFTDone);
         EXPECT_EQ(Model.RunTable.LinkTorque(7, 0), torque);
-        EXPECT_EQ(Model.RunTable.AccXY(7, 5, 0), weight) << "the mass centres' rows belong to the forces";
+        EXPECT_EQ(centres(), before) << "the mass centres' rows belong to the forces";
         Calculate_Now();
         EXPECT_FALSE(Model.DynamicsDone) << "who calculates wants the forces anew";
         EXPECT_FALSE(Model.BalanceDone);
@@ -367,12 +374,15 @@ TEST_F(Activation, AnUntitledModelLeavesTheTitleBoxAlone) {
 }
 
 TEST_F(Activation, TheDragOptionShowsTheTargetInForce) {
-    Model.ShiftDragTarget = 4;  // the coupler, as chosen on the animate screen
-    Show([&] {
-        EXPECT_TRUE(input.opt_Shift_Drag[4].Value);
-        EXPECT_FALSE(input.opt_Shift_Drag[0].Value);
-        EXPECT_EQ(Model.ShiftDragTarget, 4);
-    });
+    // As chosen on the animate screen: the coupler, the rocker, the coupler point, the ground, the crank.
+    for (const auto& [target, option] : {std::pair{4, 4}, {1, 2}, {2, 0}, {3, 3}, {0, 1}}) {
+        Model.ShiftDragTarget = target;
+        const int asked = target, shown = option;
+        Show([this, asked, shown] {
+            for (int i = 0; i <= 4; ++i) EXPECT_EQ(input.opt_Shift_Drag[i].Value.Get(), i == shown) << asked;
+            EXPECT_EQ(Model.ShiftDragTarget, asked);
+        });
+    }
 }
 
 }  // namespace

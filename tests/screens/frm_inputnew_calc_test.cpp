@@ -41,6 +41,18 @@ TEST_F(Calc, AnAngleRunClosesAtEveryStepAndShowsTheSecondPosition) {
     });
 }
 
+TEST_F(Calc, TheBarIsOffWhileARunIsMadeAndThePointerComesBack) {
+    Show([&] {
+        std::vector<bool> on;
+        input.hsc_step.Enabled.Event = [this, &on] { on.push_back(input.hsc_step.Enabled); };
+        desktop.Set_Pointer(Pointer::kHourglass);
+        Calculate_Now();
+        input.hsc_step.Enabled.Event = nullptr;
+        EXPECT_EQ(on, (std::vector<bool>{false, true}));
+        EXPECT_EQ(desktop.PointerNow, Pointer::kDefault);
+    });
+}
+
 TEST_F(Calc, ALengthOfZeroOrAnEmptiedBoxIsToldOnceForTheWholeRun) {
     Show([&] {
         for (const int box : {1, 2, 3})
@@ -80,6 +92,53 @@ TEST_F(Calc, ATimeRunFollowsTheConstantAcceleration) {
     });
 }
 
+TEST_F(Calc, AsManyTimeStepsAsTheTableHoldsAreRun) {
+    Without_Autocalc();
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 2);
+        input.txt_initial[1].Type("2.88");
+        input.txt_initial[2].Type("0.001");
+        Calculate_Now();
+        EXPECT_EQ(Model.NSteps, 2880);
+        EXPECT_TRUE(Model.Calculated);
+    });
+}
+
+TEST_F(Calc, TheTimeRunItselfTakesItsLimitsFromTheirBoxes) {
+    Without_Autocalc();
+    Model.Calctype = 2;
+    Show([&] {
+        const char* limits[] = {"0.5", "1.5", "0.25"};
+        for (int box = 0; box <= 2; ++box) input.txt_initial[box].Type(limits[box]);
+        Integer Result = kRetrying;
+        EXPECT_TRUE(input.TimeStepDone(Result));
+        EXPECT_EQ(Model.TimeStart, 0.5);
+        EXPECT_EQ(Model.TimeEnd, 1.5);
+        EXPECT_EQ(Model.TimeStep, 0.25);
+        EXPECT_EQ(Model.ThetaStartStr, "0.5");
+        EXPECT_EQ(Model.ThetaEndStr, "1.5");
+        EXPECT_EQ(Model.ThetaStepStr, "0.25");
+        EXPECT_EQ(Model.NSteps, 4);
+        EXPECT_TRUE(Screens::Get("frm_HomeScreen").Get<CommandButton>("cmd_Plot").Enabled);
+    });
+}
+
+TEST_F(Calc, AFailureOfTheTimeRunIsReportedUnderItsNameAndShowsNoRun) {
+    Without_Autocalc();
+    Model.Calctype = 2;
+    Show([&] {
+        Calculate_Now();
+        ASSERT_TRUE(Model.Calculated);
+        input.txt_initial[3].Type("1e60");
+        log.Calls.clear();
+        desktop.Expect_Message_With("has occurred in frm_Input.TimeStepDone");
+        Calculate_Now();
+        EXPECT_FALSE(Model.Calculated);
+        EXPECT_TRUE(log.Calls.empty());
+        Expect_Ways_On(false, false);
+    });
+}
+
 TEST_F(Calc, OnePositionEndsWithTheResetAndAnimateStaysDisabled) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 1);
@@ -92,6 +151,10 @@ TEST_F(Calc, OnePositionEndsWithTheResetAndAnimateStaysDisabled) {
         EXPECT_FALSE(Picture_Is_Empty());
         Expect_Ways_On(true, false);
         EXPECT_TRUE(Model.Calculated);
+        EXPECT_EQ(animate.Get<Label>("lbl_Initial", 1).Caption, "End Time");
+        input.txt_Thetazero.Type("80");
+        Calculate_Now();
+        EXPECT_EQ(input.txt_initial[0].Text, "80") << "both hold the one position";
     });
 }
 
@@ -300,6 +363,18 @@ TEST_F(DrivenCalc, AModelFromFileTakesTheLinkBoxesThatAreTypedInto) {
         input.txt_Linkout[1].Type("1.5");
         Calculate_Now();
         EXPECT_EQ(Model.L2, 1.5);
+    });
+}
+
+TEST_F(DrivenCalc, AModelFromFileTakesThePhaseThatIsTypedAsWell) {
+    Without_Autocalc();
+    Model.Calctype = 5;
+    Model.DiskFile = true;
+    Show([&] {
+        input.txt_initial[4].Type("5");
+        Calculate_Now();
+        EXPECT_EQ(Model.Delta2, 5.0);
+        EXPECT_NEAR(Model.RunTable.Theta(2, 0), 25, 1e-4);
     });
 }
 

@@ -1,5 +1,9 @@
 // What the boxes, choices and stepping controls of the input screen do.
+#include <algorithm>
+
 #include "animation/engine.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "tests/screens/frm_inputnew_fixture.h"
 
 namespace verlink::test {
@@ -128,6 +132,50 @@ TEST_F(Edit, WithAutocalcOffALimitIsReadAndThePictureCleared) {
     });
 }
 
+TEST_F(Edit, ALimitOfAnAngleRunIsNoAngleToJumpTo) {
+    Without_Autocalc();
+    Show([&] {
+        const std::string before = input.txt_Thetazero.Text;
+        Enter_Limit(0, "20");
+        EXPECT_EQ(input.txt_Thetazero.Text, before);
+        EXPECT_FALSE(input.txt_Thetazero.Touched());
+    });
+}
+
+TEST_F(Edit, AStepThatIsUndoneAndDoneAgainShowsItsRunAndThenNone) {
+    Without_Autocalc();
+    Show([&] {
+        Calculate_Now();
+        Deed::By_Itself();
+        The_History().Begin();
+        {
+            const Deed typed("link 2");
+            Enter_Link(1, "1");
+        }
+        EXPECT_TRUE(Picture_Is_Empty());
+        The_History().Undo();
+        EXPECT_FALSE(Picture_Is_Empty());
+        Expect_Ways_On(true, true);
+        The_History().Redo();
+        EXPECT_EQ(Model.L2, 1.0);
+        EXPECT_TRUE(Picture_Is_Empty());
+        Expect_Ways_On(false, false);
+    });
+}
+
+TEST_F(Edit, AnUndoneStepLeavesNoAngleToJumpToBehind) {
+    Without_Autocalc();
+    Show([&] {
+        Deed::By_Itself();
+        The_History().Begin();
+        Enter_Link(1, "1");
+        input.txt_Thetazero.Type("90");
+        The_History().Undo();
+        EXPECT_EQ(Model.L2, Single(1.115));
+        EXPECT_FALSE(input.txt_Thetazero.Touched());
+    });
+}
+
 TEST_F(Edit, WithAutocalcOffTheStartAngleIsTakenAndClearsThePicture) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 2);
@@ -152,6 +200,10 @@ TEST_F(Edit, InAnAngleRunTheStartAngleJumpsToAPosition) {
         EXPECT_EQ(input.txt_Thetazero.Text, "135.0");
         Enter(input, "txt_Thetazero", kNoIndex, "95");
         EXPECT_EQ(input.hsc_step.Value(), 9);
+        log.Calls.clear();
+        Enter(input, "txt_Thetazero", kNoIndex, "180");
+        EXPECT_EQ(input.hsc_step.Value(), 18);
+        EXPECT_EQ(std::count(log.Calls.begin(), log.Calls.end(), "BackColor FFFFFF"), 1) << "drawn once";
     });
 }
 
@@ -183,6 +235,9 @@ TEST_F(Edit, OnePositionTurnsANegativeSpeedInItsBoxPositive) {
         Choose_Option(input, "opt_Calctype", 1);
         EXPECT_EQ(Model.Calctype, 1);
         EXPECT_EQ(input.txt_initial[3].Text, "12.5");
+        Enter_Limit(3, "0.5");
+        Choose_Option(input, "opt_Calctype", 2);
+        EXPECT_EQ(Model.Omega2Input, 0.5) << "a slow one is none that turns back";
     });
 }
 
@@ -351,6 +406,22 @@ TEST_F(Edit, RedrawBeginsAtTheFirstPosition) {
         Pick_Menu(input, "mnu_Redraw");
         EXPECT_EQ(input.hsc_step.Value(), 0);
         EXPECT_EQ(Model.CurrentStep, 1);
+        Tick(input, "chk_autocalc", false);
+        Enter_Link(1, "1");
+        Pick_Menu(input, "mnu_Redraw");
+        EXPECT_TRUE(Picture_Is_Empty()) << "there is no run of this linkage";
+    });
+}
+
+TEST_F(Edit, TheStepButtonMakesTheRunCountOnTheHomeScreenToo) {
+    Show([&] {
+        ASSERT_FALSE(Model.Calculated);
+        const Screen& home = Screens::Get("frm_HomeScreen");
+        EXPECT_FALSE(home.Get<Label>("lbl_Status", 0).Visible);
+        Press(input, "cmd_Step");
+        EXPECT_TRUE(Model.Calculated);
+        EXPECT_TRUE(home.Get<Label>("lbl_Status", 0).Visible);
+        EXPECT_TRUE(home.Get<CommandButton>("cmd_Plot").Enabled);
     });
 }
 

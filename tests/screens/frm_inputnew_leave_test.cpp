@@ -40,7 +40,11 @@ TEST_F(Leave, NextTakesTheTitleRaisesTheDesignNumberOfAChangedLinkageAndGoesToTh
 
 TEST_F(Leave, NextKeepsTheDesignNumberOfAnUnchangedLinkage) {
     Show([&] {
-        desktop.Expect_Screen("frm_Animate", Hide_It);
+        EXPECT_FALSE(Model.Calculated);
+        desktop.Expect_Screen("frm_Animate", [](Screen& screen) {
+            EXPECT_TRUE(Model.Calculated) << "the run that was shown counts from here";
+            screen.Hide();
+        });
         Press(input, "cmd_Done");
     });
     EXPECT_EQ(Model.DesignNumber, 1);
@@ -94,6 +98,14 @@ TEST_F(Leave, BackKeepsWhatTheLastRunStored) {
     EXPECT_FALSE(Model.InputScreenOpen);
     EXPECT_TRUE(Model.Calculated);
     EXPECT_TRUE(Model.RunTable.Assembled(36));
+}
+
+TEST_F(Leave, ClosingTheWindowTakesTheBoxThatIsBeingTyped) {
+    Show([&] {
+        Type(input, "txt_Linkout", 1, "1");
+        input.Close();
+    });
+    EXPECT_EQ(Model.L2, 1.0);
 }
 
 TEST_F(Leave, ClosingTheWindowIsGoingBack) {

@@ -33,6 +33,17 @@ struct Synth3 : SynthesisScreenTest {
     void No_Turns() {
         for (const char* turn : {"txt_Beta2", "txt_Beta3", "txt_Gamma2", "txt_Gamma3"}) Enter_Box(form, turn, "0");
     }
+    /// Positions that no dyad reaches from a pivot at the origin, and both pivots there.
+    void No_Turns_About_The_Origin() {
+        const std::pair<const char*, const char*> given[] = {{"txt_P21x", "0"},   {"txt_P21y", "0.6"},
+                                                             {"txt_P31x", "2"},   {"txt_P31y", "0.1"},
+                                                             {"txt_Alpha2", "0"}, {"txt_Alpha3", "180"}};
+        for (const auto& [box, text] : given) Enter_Box(form, box, text);
+        Enter_Box(form, "txt_P1", "-1", 0);
+        Enter_Box(form, "txt_P1", "2.9", 1);
+        for (const char* pivot : {"txt_O2", "txt_O4"})
+            for (int i = 0; i < 2; ++i) Enter_Box(form, pivot, "0", i);
+    }
     void Expect_Singular(Answer answer) {
         desktop.Expect_Message_With("There is a zero value on diagonal");
         desktop.Expect_Message(kSingular, answer, Icon::kExclamation, Buttons::kRetryCancel);
@@ -149,6 +160,8 @@ TEST_F(Synth3, SpecifiedPivotsGiveTheTurns) {
     EXPECT_EQ(Model.O2x, Single(-2.264));
     EXPECT_EQ(Model.O4y, Single(-5.279));
     EXPECT_EQ(Box(form, "txt_Beta2"), FNRoundStr(Model.SynBeta2, 3));
+    EXPECT_EQ(Box(form, "txt_Beta3"), FNRoundStr(Model.SynBeta3, 3));
+    EXPECT_EQ(Box(form, "txt_Gamma2"), FNRoundStr(Model.SynGamma2, 3));
     EXPECT_EQ(Box(form, "txt_Gamma3"), FNRoundStr(Model.SynGamma3, 3));
     EXPECT_EQ(Caption(form, "lbl_Beta2"), Box(form, "txt_Beta2"));
     // The linkage that the default positions were taken from turns by these.
@@ -277,14 +290,7 @@ TEST_F(Synth3, WhereNoTurnsLeadThroughTheLinkageStays) {
     Model.SynGamma2 = 25;
     Model.SynGamma3 = 60;
     Specify();
-    const std::pair<const char*, const char*> given[] = {{"txt_P21x", "0"},   {"txt_P21y", "0.6"},
-                                                         {"txt_P31x", "2"},   {"txt_P31y", "0.1"},
-                                                         {"txt_Alpha2", "0"}, {"txt_Alpha3", "180"}};
-    for (const auto& [box, text] : given) Enter_Box(form, box, text);
-    Enter_Box(form, "txt_P1", "-1", 0);
-    Enter_Box(form, "txt_P1", "2.9", 1);
-    for (const char* pivot : {"txt_O2", "txt_O4"})
-        for (int i = 0; i < 2; ++i) Enter_Box(form, pivot, "0", i);
+    No_Turns_About_The_Origin();
     for (int dyad = 0; dyad < 2; ++dyad) desktop.Expect_Message(kNoRotations);
     const Single crank = Model.L2;
     Press(form, "cmd_Calc");
@@ -296,6 +302,20 @@ TEST_F(Synth3, WhereNoTurnsLeadThroughTheLinkageStays) {
     EXPECT_FALSE(Model.Synthesized);
     Expect_Ways_On(form, false);
     EXPECT_EQ(Caption(form, "lbl_Scale"), "Sketch, not to scale");
+}
+
+TEST_F(Synth3, ADyadFoundWithoutTheOtherShowsItsTurnsInTheBoxesAlone) {
+    Specify();
+    No_Turns_About_The_Origin();
+    Enter_Box(form, "txt_O2", "-3", 0);
+    Enter_Box(form, "txt_O2", "-2", 1);
+    desktop.Expect_Message(kNoRotations);
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Box(form, "txt_Beta2"), FNRoundStr(Model.SynBeta2, 3));
+    EXPECT_NE(Box(form, "txt_Beta2"), "");
+    EXPECT_EQ(Box(form, "txt_Gamma2"), "");
+    EXPECT_EQ(Caption(form, "lbl_Beta2"), "");
+    Expect_Ways_On(form, false);
 }
 
 TEST_F(Synth3, APivotUnderTheCouplerPointHasAWEqualAndOppositeToZ) {

@@ -1,4 +1,5 @@
 // The home screen's menus of examples, cognates and synthesis.
+#include <cmath>
 #include <functional>
 
 #include "core/classification.h"
@@ -155,6 +156,25 @@ TEST_F(HomeSynthesis, HoekensLinkageIsInInchesFromTheStart) {
         EXPECT_EQ(Model.Rpa, 5);
         EXPECT_EQ(Model.Delta, 0);
     });
+    EXPECT_TRUE(home.lbl_Status[0].Visible);
+    EXPECT_EQ(home.lbl_Status[0].Caption, "Calculated");
+}
+
+TEST_F(HomeSynthesis, TheRangeOfTheSynthesisTestIsThatOfItsText) {
+    Use_Units(3);
+    Model.ThetaStart = Model.ThetaEnd = 123;
+    Model.ThetaStep = 4;
+    Model.NSteps = 7;
+    home.Form_Activate();
+    EXPECT_EQ(home.lbl_Status[10].Caption, "m-kg-N-s");
+    Pick("mnu_Syntest", "frm_Synth3", [] {
+        EXPECT_EQ(Model.ThetaStart, Single(Val(Model.ThetaStartStr)));
+        EXPECT_EQ(Model.ThetaEnd, Single(Val(Model.ThetaEndStr)));
+        EXPECT_EQ(Model.ThetaStep, Single(Val(Model.ThetaStepStr)));
+        EXPECT_EQ(Model.ThetaEndRad, Single(Model.ThetaEnd * kDegToRad));
+        EXPECT_EQ(Model.NSteps, std::lround((Model.ThetaEnd - Model.ThetaStart) / Model.ThetaStep));
+    });
+    EXPECT_EQ(home.lbl_Status[10].Caption, "in-lb-bl-s");
 }
 
 TEST_F(HomeSynthesis, TheNumericLimitsOfAnExampleAreThoseOfItsText) {

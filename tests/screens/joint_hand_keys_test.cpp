@@ -23,6 +23,39 @@ TEST_F(JointKeys, ADigitGoesToTheBoxOfTheValueThatTheJointChanges) {
         });
 }
 
+TEST_F(JointKeys, TheArrowsStepTheRunAndTheButtonGoesOnFromThere) {
+    After_First_Picture([&] {
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        Press(form, "cmd_Step");
+        EXPECT_EQ(form.hsc_step.Value(), 2);
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        Press(form, "cmd_Step");
+        EXPECT_EQ(form.hsc_step.Value(), 2);
+        Enter(form, "txt_Linkout", 1, "1.2");
+        form.Press_Keys("Right");
+        EXPECT_EQ(form.hsc_step.Value(), 2) << "nothing is calculated that could be stepped through";
+        EXPECT_EQ(Model.CurrentStep, 3);
+    });
+}
+
+TEST_F(JointKeys, TheArrowsStepARunThatAnotherStageDrivesToo) {
+    Fresh();
+    By_Another_Stage(20, 12);
+    Model.LinkDriven = true;
+    After_First_Picture([&] {
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 1);
+        EXPECT_LT(Off(Where(Joint::kA)), 0.5) << "the crank is drawn there";
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_TRUE(form.Press_Keys("Left"));
+        EXPECT_EQ(form.hsc_step.Value(), 20);
+        EXPECT_TRUE(form.Press_Keys("Right"));
+        EXPECT_EQ(form.hsc_step.Value(), 0);
+    });
+}
+
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 2, "0.01");

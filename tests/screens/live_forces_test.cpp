@@ -1,6 +1,8 @@
 // Forces, loads and balance in the pane of live plots.
 #include "core/linkage_door.h"
 #include "dynamics/balancing.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "tests/screens/live_plots_fixture.h"
 
 namespace verlink::test {
@@ -128,6 +130,30 @@ TEST_F(LivePlots, AnImportedTorqueFellWithItsRunAndTheForcesWithIt) {
         EXPECT_TRUE(All_Empty());
     });
     After_First_Picture([&] { EXPECT_EQ(Note(), "The forces of this linkage are not solved.") << "that was before"; });
+}
+
+TEST_F(LivePlots, WithTheImportUndoneNothingIsSaidOfItsTorqueAnyMore) {
+    After_First_Picture([&] {
+        platform::Deed::By_Itself();
+        The_History().Begin();
+        {
+            const platform::Deed solved("solve");
+            Model.TorqueImported = true;
+            Give_Masses();
+        }
+        Open();
+        Pick(form.live.cmb_LivePreset, kForcePreset);
+        Choose_Option(form, "opt_Shift_Drag", 1);
+        {
+            const platform::Deed dragged("drag");
+            Drag(1, 0);
+        }
+        EXPECT_TRUE(Note().starts_with("The imported torque")) << Note();
+        The_History().Undo();
+        EXPECT_EQ(Note(), "");
+        The_History().Undo();
+        EXPECT_EQ(Note(), "The forces of this linkage are not solved.");
+    });
 }
 
 TEST_F(LivePlots, ABalanceFallsWithTheDragAndThePaneSaysSo) {

@@ -454,6 +454,21 @@ TEST_F(LivePlots, WhatWasPlottedLastIsOfferedFirst) {
     });
 }
 
+TEST_F(LivePlots, APaneThatWasLeftEmptyTakesWhatWasPlottedMeanwhile) {
+    After_First_Picture([&] { Open(); });
+    Model.ScreenReturn = true;
+    auto& selection = static_cast<frm_PlotSelect1&>(platform::Screens::Get("frm_PlotSelect1"));
+    selection.Form_Activate();
+    selection.cmb_Preset.Choose(0);
+    desktop.Expect_Screen("frm_Plot1", [](platform::Screen& screen) { screen.Hide(); });
+    Press(selection, "cmd_Done");
+    After_First_Picture([&] {
+        EXPECT_NE(form.live.Slots[0]->cmb_LiveVar.Text, "(none)");
+        EXPECT_TRUE(Own(1).Visible);
+        EXPECT_EQ(Note(), "");
+    });
+}
+
 TEST_F(LivePlots, ASpoiltSettingIsNoChoice) {
     The_Settings().Put("live.functions",
                        std::vector<std::string>{"Veloc CP|Z|", "nothing", "Omega4||", "Current FFT|X|"});

@@ -2,6 +2,8 @@
 #include "screens/synthesis_screen.h"
 
 #include "checks/positions.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "tests/screens/synthesis_screens_fixture.h"
 
 namespace verlink::test {
@@ -121,6 +123,26 @@ TEST_F(SynthesisScreens, NextHidesTheScreenAndBringsUpTheInputScreen) {
     });
 }
 
+TEST_F(SynthesisScreens, AnUndoneCalculationGivesTheDataBeforeBack) {
+    For_Each([this](Synthesis_Screen& form) {
+        Show(form, [&] {
+            platform::Deed::By_Itself();
+            The_History().Begin();
+            const std::string before = Box(form, "txt_P21x");
+            {
+                const platform::Deed whole("calculate");
+                Enter_Box(form, "txt_P21x", "-0.6");
+                Calculate(form);
+            }
+            ASSERT_EQ(Model.P21x, Single(-0.6));
+            The_History().Undo();
+            EXPECT_EQ(Box(form, "txt_P21x"), before);
+            Expect_Ways_On(form, false);
+            EXPECT_EQ(Caption(form, "lbl_Wmag", 1), "");
+        });
+    });
+}
+
 TEST_F(SynthesisScreens, BackKeepsWhatTheLastCalculationWroteAndTakesNothingElse) {
     For_Each([this](Synthesis_Screen& form) {
         Show(form, [&] {
@@ -209,7 +231,9 @@ TEST_F(SynthesisScreens, ASynthesisThatWasDoneIsDrawnToScaleWhenTheScreenComesUp
     For_Each([this](Synthesis_Screen& form) {
         form.Form_Activate();
         Calculate(form);
+        ASSERT_TRUE(Model.Synthesized);
         form.Form_Activate();
+        EXPECT_FALSE(Model.Synthesized) << "until it is calculated again";
         EXPECT_EQ(Caption(form, "lbl_Scale"), "To scale");
         EXPECT_EQ(Caption(form, "lbl_Wmag", 1), "");
     });

@@ -77,6 +77,15 @@ TEST_F(WhyLine, Says_what_length_would_do_before_and_after_the_calculation_is_re
     });
 }
 
+TEST_F(WhyLine, Of_a_linkage_that_closes_nowhere_is_said_as_the_screen_comes_up) {
+    Inside([] {});
+    Make(7, 4, 20, 4.5);
+    Run_Dropped();
+    Inside([&] {
+        EXPECT_EQ(Line(), "Link 3 (Coupler) is 4.5 in longer than the other three together; it closes under 15.5 in.");
+    });
+}
+
 TEST_F(WhyLine, Says_why_a_joint_does_not_follow_and_forgets_it_when_it_does_again) {
     After_First_Picture([&] {
         Show_Step(2);
@@ -145,6 +154,31 @@ TEST_F(WhyLine, A_shift_drag_on_a_locked_length_says_so) {
     });
 }
 
+TEST_F(WhyLine, A_shift_drag_is_held_where_all_that_it_changes_is_locked) {
+    const struct {
+        int option;
+        bool polar;
+        std::vector<int> locks;
+        const char* words;
+    } kCases[] = {{0, true, {4, 5}, "the distance to the coupler point and the angle to the coupler point are"},
+                  {1, true, {1}, "link 2 is"},
+                  {3, true, {0, 6}, "the length of link 1 and the angle of link 1 are"},
+                  {3, false, {15, 16}, "x of O4 and y of O4 are"},
+                  {4, true, {2}, "link 3 is"}};
+    After_First_Picture([&] {
+        const auto drag = [&] { form.Picture1.OnMouseMove(1, kShift, 3, Model.FlipSum - 3); };
+        for (const auto& held : kCases) {
+            SCOPED_TRACE(held.words);
+            Choose_Option(form, "opt_Polar", held.polar ? 1 : 0);
+            Choose_Option(form, "opt_Shift_Drag", held.option);
+            for (const int box : held.locks) Lock(box);
+            drag();
+            EXPECT_EQ(Line(), "Not followed: " + std::string(held.words) + " locked.");
+            for (const int box : held.locks) Lock(box);
+        }
+    });
+}
+
 TEST_F(WhyLine, A_run_that_plays_is_told_as_it_goes_and_its_last_position_stays) {
     Make(7, 4, 5, 4.5);
     By_Angle(100, 115, 5);
@@ -204,6 +238,16 @@ TEST_F(WhyInput, A_linkage_that_is_refused_is_told_with_what_would_do) {
                   "Link 3 (Coupler) is 13.718 in longer than the other three together; it closes under 6.282 in.");
         Enter_Link(2, "2.5");
         EXPECT_EQ(Line(), "");
+    });
+}
+
+TEST_F(WhyInput, A_linkage_that_waits_for_its_calculation_is_told_as_the_screen_comes_up) {
+    Without_Autocalc();
+    Model.L3 = 20;
+    LoadLinkArray();
+    Show([&] {
+        EXPECT_EQ(Line(),
+                  "Link 3 (Coupler) is 13.718 in longer than the other three together; it closes under 6.282 in.");
     });
 }
 
