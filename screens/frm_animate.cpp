@@ -135,6 +135,7 @@ void frm_Animate::Form_Activate() {
 
 /// All that there is of the model, untouched by any hand.
 void frm_Animate::Fill() {
+    Say_Anew();
     for (auto* boxes : {&txt_Linkout, &txt_initial})
         for (const auto& box : *boxes) box->Settle();
     txt_LineAngle.Settle();

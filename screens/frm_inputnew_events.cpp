@@ -52,6 +52,7 @@ class Kept_Results {
             Model.TorqueImported = true;
         }
         if (!Model.RunStands || !Is_The_Same_Run()) return;
+        Model.RunTable = kept_->RunTable;  // with the rows of mass centres
         if (kept_->DynamicsDone) Forces_Hold();
         if (kept_->BalanceDone) Balance_Holds();
         if (kept_->FFTDone) Transform_Holds();

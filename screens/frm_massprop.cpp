@@ -130,6 +130,7 @@ void frm_MassProp::Take_Brought_Table() {
         Import_Torque(4, path);
         if (Model.TorqueImported) {
             Forces_Dropped();
+            Model_Unsaved();
             Allow_Results(false);
             Refresh_Status();
         } else {
