@@ -123,6 +123,20 @@ TEST_F(Merged, WhatBeginsAsNoPartDoesIsTold) {
     EXPECT_FALSE(fs::exists(all + ".part"));
 }
 
+TEST_F(Merged, PartsOfAnotherStudyAreToldByWhicheverOfTheirFirstLinesDiffers) {
+    const std::string end = "# end of shard 2/2\n";
+    const std::string first = Part("0, shard 1/2 of 9 linkages\nHead\n", "1\n# end of shard 1/2\n");
+    EXPECT_EQ(Merge({first, Part("0, shard 2/2 of 9 linkages\nHead\n", "2\n" + end)}).status, 0);
+    EXPECT_EQ(Read(all), "Head\n1\n2\n");
+    for (const char* begin : {"1, shard 2/2 of 9 linkages\nHead\n", "0, shard 2/3 of 9 linkages\nHead\n",
+                              "0, shard 2/2 of 8 linkages\nHead\n", "0, shard 2/2 of 9 linkages\nhead\n"}) {
+        const std::string other = Part(begin, "2\n" + end);
+        const Outcome refused = Merge({first, other});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_EQ(refused.err, "verlink-batch: " + other + " is of another study than " + first + "\n") << begin;
+    }
+}
+
 TEST_F(Merged, FilesThatCannotBeReadOrWrittenAreTold) {
     const std::string good = Part("0, shard 1/1 of 9 linkages\n", "Head\n1\n# end of shard 1/1\n");
     const Outcome unread = Merge({good, Path("none")});
