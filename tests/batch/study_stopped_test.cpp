@@ -269,6 +269,20 @@ TEST_F(Stopped, RowsThatCannotBeReadOrAddedAreTold) {
     }
 }
 
+/// They are read 64 KiB at a time, the last of which has a single byte here.
+TEST_F(Stopped, RowsOfAnyLengthAreReadToTheirEndThoughASignalComes) {
+    const std::string head = "Head\n", long_row((std::size_t{1} << 16U) - head.size() - 2, '1');
+    Write("rows.csv", head + long_row + "\n2\n");
+    Failing_Once interrupted("read", EINTR);
+    interrupted.at = 1;
+    const Rows_There there = Look_At_Rows(csv, head, "2");
+    EXPECT_EQ(there.rows, 1U);
+    EXPECT_EQ(there.last, long_row);
+    EXPECT_EQ(there.bytes, (std::size_t{1} << 16U) - 1);
+    EXPECT_EQ(there.state, Rows_There::State::kWhole);
+    EXPECT_EQ(interrupted.calls, 4);
+}
+
 /// Whatever the system said of the call before.
 TEST_F(Stopped, RowsOfWhichTheDiskTakesNothingAreToldAsAFullDisk) {
     struct Taking_Nothing : platform::System {

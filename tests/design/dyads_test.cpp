@@ -179,6 +179,30 @@ TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
     EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
+TEST_F(Dyads, OfPositionsThatHaveTheFirstOnesAngleAreFoundToo) {
+    SCOPED_TRACE(Trace());
+    std::size_t of_five = 0, of_four = 0;
+    for (int i = 0; i < 30; ++i) {
+        Task five = Random_Task(5);
+        // The largest turn of all, and none.
+        five.positions[1].angle = five.positions[0].angle;
+        five.positions[2].angle = five.positions[0].angle + 180;
+        for (const Dyad& dyad : Dyads_Through_Five(design::Carried_Through(five.positions))) {
+            EXPECT_LT(Off_Circle(five, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+            ++of_five;
+        }
+        Task four = Random_Task(4);
+        four.positions[2].angle = four.positions[3].angle = four.positions[0].angle;
+        for (const auto& piece : Burmester(design::Carried_Through(four.positions)).Curves(36))
+            for (const Dyad& dyad : piece) {
+                EXPECT_LT(Off_Circle(four, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+                ++of_four;
+            }
+    }
+    EXPECT_GT(of_five, 20U);
+    EXPECT_GT(of_four, 200U);
+}
+
 TEST_F(Dyads, OfFivePositionsThatAreTheirOwnMirrorImageComeInMirroredPairs) {
     SCOPED_TRACE(Trace());
     int pairs = 0;

@@ -226,6 +226,13 @@ TEST_F(PositionsWanted, AreFoundAgainFromWhatAFileHolds) {
         EXPECT_EQ(after[k].is, Is::kPassed);
         EXPECT_LT(std::abs(after[k].at - before[k].at), 1e-5);
     }
+    // Files round: both dyads may miss each other by 2e-4 of all links.
+    const double sigma = Model.SynSigma, all = double{Model.L1} + Model.L2 + Model.L3 + Model.L4;
+    for (const double part : {-1.1, -0.9, 0.9, 1.1}) {
+        Model.SynSigma = sigma + part * 2e-4 * all / Model.L4 / kDegToRad;
+        EXPECT_EQ(Positions_Wanted(Model).empty(), std::abs(part) > 1) << part;
+    }
+    Model.SynSigma = sigma;
     Enter_Linkage(Road::kBoxes, [] { Model.L4 = Model.L4 * 1.1; });
     EXPECT_TRUE(Positions_Wanted(Model).empty());
 }
