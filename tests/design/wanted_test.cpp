@@ -177,6 +177,14 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
 
 TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     Use_Three();
+    // All of its lengths may be off by what the boxes show and by what files round.
+    Single* const lengths[] = {&Model.L1, &Model.L2, &Model.L3, &Model.L4, &Model.Rpa};
+    std::vector<double> before;
+    for (const Single* length : lengths) before.push_back(*length);
+    for (const double part : {0.9, 1.1}) {
+        for (std::size_t i = 0; i < before.size(); ++i) *lengths[i] = before[i] + part * (1e-3 + 2e-4 * before[i]);
+        EXPECT_EQ(Positions_Wanted(Model).empty(), part > 1);
+    }
     Hoekens();
     EXPECT_TRUE(Positions_Wanted(Model).empty());
 }
