@@ -225,6 +225,28 @@ TEST_F(Dyads, OfFivePositionsThatAreTheirOwnMirrorImageComeInMirroredPairs) {
     EXPECT_GT(pairs, 60);
 }
 
+TEST_F(Dyads, OfFivePositionsReachAHundredThousandSpansAndNoFarther) {
+    const double ways[] = {0, 0.3, 0.5, 0.8, 1}, angles[] = {0, 20, -15, 40, 65};
+    for (const double spans : {0.9e5, 1.1e5}) {
+        // The radius is of the order of the span, which the positions have to say first.
+        double radius = spans, span = 0;
+        Task task;
+        for (int turn = 0; turn < 2; ++turn, radius = spans * span) {
+            task.positions.clear();
+            for (std::size_t i = 0; i < 5; ++i) {
+                const double swing = ways[i] / radius, sag = -2 * radius * std::pow(std::sin(swing / 2), 2);
+                const std::complex<double> pivot(radius * std::sin(swing), sag);
+                task.positions.push_back({pivot + std::polar(0.7, 0.4 + angles[i] * std::acos(-1.0) / 180), angles[i]});
+                span = std::max(span, std::abs(task.positions[i].at - task.positions[0].at));
+            }
+        }
+        const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+        const bool reached = std::ranges::any_of(
+            dyads, [&](const Dyad& dyad) { return std::abs(std::abs(dyad.fixed - dyad.moving) / radius - 1) < 0.01; });
+        EXPECT_EQ(reached, spans < 1e5) << spans;
+    }
+}
+
 TEST_F(Dyads, OfFivePositionsThatAreOnePlaceAreNone) {
     Task task;
     task.positions = std::vector<design::Place>(5, {{1, 2}, 0});
