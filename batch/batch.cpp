@@ -206,7 +206,6 @@ class Batch {
 
     bool Load_Example() {
         Example_Named(*options_.example)->load();
-        Model.Calctype = run::kByAngle;
         if (Guarded("Readfile", [this] {
                 Replace_Fields(Model);
                 Enter_As_From_File();

@@ -19,7 +19,7 @@ namespace verlink {
 
 namespace {
 
-constexpr char kBegin[] = "# study ", kEnd[] = "# end of shard ";
+constexpr char kBegin[] = "# study ", kEnd[] = "# end of shard ", kNoPart[] = " is no part of a study";
 
 /// What the first lines of a part say of it.
 struct Part {
@@ -71,8 +71,9 @@ std::string Sort_And_Check(std::vector<Part>& parts) {
     return {};
 }
 
-/// Copies the rows of a part whose last line has been seen, block by block.
-void Append(const Part& part, std::uint64_t bytes, Row_File& out) {
+/// Copies the rows of a part whose last line has been seen, block by block; false where they are not all there any
+/// more.
+bool Append(const Part& part, std::uint64_t bytes, Row_File& out) {
     std::ifstream in(part.path, std::ios::binary);
     std::uint64_t left = bytes - part.Head().size();
     in.seekg(static_cast<std::streamoff>(part.Head().size()));
@@ -84,6 +85,7 @@ void Append(const Part& part, std::uint64_t bytes, Row_File& out) {
         out.Add(block);
         left -= block.size();
     }
+    return left == 0;
 }
 
 /// The lines between the head and the end of a part that is small.
@@ -96,19 +98,22 @@ std::vector<std::string> Lines_Of(const Part& part) {
     return lines;
 }
 
-/// Rows one after the other, or summaries put together; the path of a part that is none.
+std::string Broken_Off(const Part& part) { return part.path + " breaks off: run its shard again"; }
+
+/// Rows one after the other, or summaries put together; the fault of a part that is none.
 std::string Put_Together(const std::vector<Part>& parts, const std::vector<std::uint64_t>& bytes,
                          const std::string& out, std::string& at) {
     if (!Is_Summary(parts.front().head)) {
         at = out + " cannot be written: ";
         Row_File file(out, parts.front().head + '\n');
-        for (std::size_t i = 0; i < parts.size(); ++i) Append(parts[i], bytes[i], file);
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            if (!Append(parts[i], bytes[i], file)) return Broken_Off(parts[i]);
         file.Close();
         return {};
     }
     std::optional<study::Summary> summary;
     for (const Part& part : parts)
-        if (!Take_Summary(Lines_Of(part), summary)) return part.path;
+        if (!Take_Summary(Lines_Of(part), summary)) return part.path + kNoPart;
     at = out + " cannot be written: ";
     platform::Write_File(out, Summary_Csv(Measures_Of(parts.front().head), *summary));
     return {};
@@ -134,7 +139,7 @@ int Merge_Parts(const std::vector<std::string>& paths, const std::string& out, s
         std::vector<Part> parts;
         for (const std::string& path : paths) {
             at = path + " cannot be read: ";
-            if (!Read_Part(path, parts.emplace_back())) return refuse(path + " is no part of a study");
+            if (!Read_Part(path, parts.emplace_back())) return refuse(path + kNoPart);
         }
         const std::string fault = Sort_And_Check(parts);
         if (!fault.empty()) return refuse(fault);
@@ -142,12 +147,11 @@ int Merge_Parts(const std::vector<std::string>& paths, const std::string& out, s
         for (const Part& part : parts) {
             at = part.path + " cannot be read: ";
             const Rows_There there = Look_At_Rows(part.path, part.Head(), part.End());
-            if (there.state != Rows_There::State::kWhole) return refuse(part.path + " breaks off: run its shard again");
+            if (there.state != Rows_There::State::kWhole) return refuse(Broken_Off(part));
             bytes.push_back(there.bytes);
         }
         const std::string broken = Put_Together(parts, bytes, out, at);
-        if (!broken.empty()) return refuse(broken + " is no part of a study");
-        return 0;
+        return broken.empty() ? 0 : refuse(broken);
     } catch (const platform::RuntimeFailure& failure) {
         return refuse(at + Why(failure));
     }

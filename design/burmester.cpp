@@ -58,7 +58,7 @@ Burmester::Burmester(std::span<const Carried> four) {
 
 std::optional<Dyad> Burmester::Dyad_At(double turn, int way) const {
     const int p = led_ == 1 ? 2 : 1, q = 6 - led_ - p;
-    Point turns[4] = {1.0, 1.0, 1.0, 1.0};
+    Point turns[4];
     turns[led_] = std::polar(1.0, turn);
     const Point third = -(minor_[0] + minor_[led_] * turns[led_]);
     const double c = std::abs(third), a = std::abs(minor_[p]), b = std::abs(minor_[q]);

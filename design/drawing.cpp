@@ -141,7 +141,6 @@ std::string Gallery_Svg(const Task& task, const Found& found) {
         const Solution& solution = found.solutions[static_cast<std::size_t>(i)];
         const int x = kGap + i % kColumns * (kSide + kGap), y = kGap + i / kColumns * (kSide + kCaption + kGap);
         platform::Picture picture;
-        picture.BackColor(Rgb(255, 255, 255));
         const Box seen = Seen_Of(task, solution);
         picture.Scale(seen.low.real(), seen.high.imag(), seen.high.real(), seen.low.imag());
         Draw_Solution(picture, task, solution, 0);

@@ -44,7 +44,8 @@ class Searcher {
             Tell(kScanned * before * 4);
         }
         if (!effort_.coarse && !found_.stopped) Refine();
-        Choose(true);
+        Thin(pool_.size());
+        Choose();
         found_.words = found_.solutions.empty() ? Why_None() : "";
         return std::move(found_);
     }
@@ -59,7 +60,7 @@ class Searcher {
 
     void Tell(double part) {
         if (!telling_) return;
-        Choose(false);
+        Choose();
         Goes_On(part, &found_);
     }
 
@@ -160,8 +161,7 @@ class Searcher {
     }
 
     /// The list: the pool's best that differ, each with its twin where that does it too.
-    void Choose(bool at_the_end) {
-        Thin(at_the_end ? pool_.size() : 6 * effort_.best + 60);
+    void Choose() {
         std::vector<Solution> all;
         for (std::size_t i = 0; i < pool_.size() && i < 2 * effort_.best; ++i) {
             all.push_back(pool_[i]);

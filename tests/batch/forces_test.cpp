@@ -178,6 +178,13 @@ TEST_F(Forces, ALinkWithoutLengthHasNoReport) {
     EXPECT_EQ(outcome.err, "Error 11   (Division by zero)  has occurred in Berkof_Setup\n\n");
 }
 
+TEST_F(Forces, ABalanceWhoseCounterweightsNoSingleHoldsIsNoTable) {
+    const Outcome outcome = Solved({"--balance", "--set", "LinkMass(3)=3E+38"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_TRUE(outcome.err.ends_with("Error 6   (Overflow)  has occurred in Berkof_Setup\n\n")) << outcome.err;
+}
+
 TEST_F(Forces, OtherRunsThanByAngleAreNotBalanced) {
     const auto expect_refused = [&](const ModelText& text, const std::string& words) {
         const Outcome outcome = Run(text, With_Masses({"--balance"}));

@@ -1,4 +1,6 @@
 // Frames and transforms of verlink-batch, against the plain table and an exact transform.
+#include "batch/functions.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -133,6 +135,26 @@ TEST_F(Functions, OnePositionHasNoTransform) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "verlink-batch: one position has no transform\n");
+}
+
+TEST_F(Functions, EachColumnOfATableIsAFunctionOfItsRunByItsLabel) {
+    for (const bool forces : {false, true}) {
+        std::vector<std::string> options{"--set", "LinkMass(3)=1.5"};
+        if (forces) options.emplace_back("--dynamics");
+        const Outcome outcome = Run(ModelText(), options);
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        const CsvTable table = outcome.Table();
+        int known = 0;
+        for (const std::string& column : table.Header()) {
+            const bool variable = column != "Step" && column != "Assembled" && column.find("Centrode") == column.npos;
+            const int last = Last_Variable(forces, false);
+            // A vector's has its component behind its label.
+            EXPECT_EQ(Is_Variable(column, last) || Is_Variable(column.substr(0, column.rfind(' ')), last), variable)
+                << column;
+            known += variable ? 1 : 0;
+        }
+        EXPECT_GT(known, 19);
+    }
 }
 
 TEST_F(Functions, AFunctionThatTheRunDoesNotHaveIsRefused) {

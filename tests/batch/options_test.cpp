@@ -190,6 +190,19 @@ TEST(Options, TheHelpHasEveryOptionOnceInAGroup) {
     EXPECT_TRUE(help.starts_with(Batch_Usage()));
 }
 
+TEST(Options, TheHelpEndsWithWhatHoldsForAllOfThem) {
+    const std::string help = Batch_Help();
+    const std::size_t last = help.find("\n  --version ");
+    for (const char* words : {"A FILE of - is standard output.", "In every FILE {name} stands for", "A FUNCTION is",
+                              "The table has a header line", "Of a transform, harmonic 0 is the mean;",
+                              "Exit status: 0 done, 1 when", " 2 for wrong usage, 3 when"}) {
+        const std::size_t at = help.find(words);
+        EXPECT_NE(at, std::string::npos) << words;
+        EXPECT_GT(at, last) << words;
+    }
+    EXPECT_NE(help.find("Messages go to standard error.", help.find("Exit status")), std::string::npos);
+}
+
 TEST(Options, AFunctionIsALabelAndPerhapsAComponent) {
     const BatchOptions options = Parsed({"m", "--fft", "Accel CP:Mag", "--frame", "local", "--plot", "w4 / w2",
                                          "--plot", "Veloc I 2,3:Y", "--svg", "a.svg"});

@@ -157,6 +157,24 @@ TEST_F(Printed, AnOpenFileIsOneWithItsNameAndWithItselfByNumber) {
     ::close(unwritable);
 }
 
+TEST_F(Printed, StandardOutputIsNotTheModelThatItIsMadeOf) {
+    const std::string before = Read(model);
+    const int kept = ::dup(STDOUT_FILENO), over = ::open(model.c_str(), O_WRONLY | O_APPEND);
+    ASSERT_GE(over, 0);
+    ::dup2(over, STDOUT_FILENO);
+    const Outcome printed = Run({model}), told = Run({model, "--save", "-"}), other = Run({model, "--csv", Path("a")});
+    ::dup2(kept, STDOUT_FILENO);
+    ::close(kept);
+    ::close(over);
+    EXPECT_EQ(printed.status, 2);
+    EXPECT_TRUE(printed.err.starts_with("verlink-batch: standard output and the model are one file, " + model + "\n"))
+        << printed.err;
+    EXPECT_EQ(told.status, 2);
+    EXPECT_TRUE(told.err.starts_with("verlink-batch: --save and the model are one file, -\n")) << told.err;
+    EXPECT_EQ(other.status, 0) << "nothing is printed";
+    EXPECT_EQ(Read(model), before);
+}
+
 /// As the system follows forty links, and no more.
 TEST_F(Printed, AFileIsKnownBehindFortyLinks) {
     const auto chained = [&](const std::string& target, int links) {

@@ -104,6 +104,26 @@ TEST_F(Merged, PartsOfAnySizeAreCopiedWhole) {
     }
 }
 
+TEST_F(Merged, APartThatIsCutOffMeanwhileIsToldAndNothingHasTheNameWanted) {
+    const std::string first = Part("0, shard 1/2 of 9 linkages\nHead\n", "1\n# end of shard 1/2\n");
+    const std::string second = Part("0, shard 2/2 of 9 linkages\nHead\n", "2\n3\n# end of shard 2/2\n");
+    const std::uintmax_t size = fs::file_size(second);
+    struct Cutting : Unflushed {
+        ssize_t Write(int file, const char* from, std::size_t count) override {
+            if (std::string(from, count) == "1\n") fs::resize_file(path, left);
+            return System::Write(file, from, count);
+        }
+        std::string path;
+        std::uintmax_t left = 0;
+    } cutting;
+    cutting.path = second;
+    cutting.left = size - std::string("3\n# end of shard 2/2\n").size();
+    const Outcome refused = Merge({first, second});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err, "verlink-batch: " + second + " breaks off: run its shard again\n");
+    EXPECT_FALSE(fs::exists(all));
+}
+
 TEST_F(Merged, WhatBeginsAsNoPartDoesIsTold) {
     const std::string rest = "Head\n# end of shard 1/1\n";
     EXPECT_EQ(Merge({Part("0, shard 1/1 of 9 linkages\n", rest)}).status, 0);
@@ -121,6 +141,20 @@ TEST_F(Merged, WhatBeginsAsNoPartDoesIsTold) {
     EXPECT_EQ(Merge({headless}).status, 0);
     EXPECT_EQ(Read(all), "\n1\n");
     EXPECT_FALSE(fs::exists(all + ".part"));
+}
+
+TEST_F(Merged, PartsOfAnotherStudyAreToldByWhicheverOfTheirFirstLinesDiffers) {
+    const std::string end = "# end of shard 2/2\n";
+    const std::string first = Part("0, shard 1/2 of 9 linkages\nHead\n", "1\n# end of shard 1/2\n");
+    EXPECT_EQ(Merge({first, Part("0, shard 2/2 of 9 linkages\nHead\n", "2\n" + end)}).status, 0);
+    EXPECT_EQ(Read(all), "Head\n1\n2\n");
+    for (const char* begin : {"1, shard 2/2 of 9 linkages\nHead\n", "0, shard 2/3 of 9 linkages\nHead\n",
+                              "0, shard 2/2 of 8 linkages\nHead\n", "0, shard 2/2 of 9 linkages\nhead\n"}) {
+        const std::string other = Part(begin, "2\n" + end);
+        const Outcome refused = Merge({first, other});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_EQ(refused.err, "verlink-batch: " + other + " is of another study than " + first + "\n") << begin;
+    }
 }
 
 TEST_F(Merged, FilesThatCannotBeReadOrWrittenAreTold) {

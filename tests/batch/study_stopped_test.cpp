@@ -9,6 +9,8 @@
 
 #include "batch/batch.h"
 #include "batch/study_file.h"
+#include "platform/failure.h"
+#include "platform/guard.h"
 #include "platform/system.h"
 #include "tests/batch/batch_fixture.h"
 
@@ -238,10 +240,10 @@ TEST_F(Stopped, ResumeClosesWhatItLooksAtAndTellsWhatCannotBeMovedBack) {
     ASSERT_EQ(Run(fewer).status, 0);
     Failing_Once counted("rename", EIO);
     counted.end = ".part";
-    EXPECT_EQ(Run(more).status, 0);
+    counted.at = 1;
+    EXPECT_EQ(Run(more).status, 0) << "what is whole stays where it is";
     EXPECT_EQ(counted.open, 0);
     Write("rows.csv", kHead + Rows(1, 2));
-    counted.at = counted.calls + 1;
     const Outcome refused = Run(more);
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(refused.err.starts_with("verlink-batch: " + csv + " cannot be written: ")) << refused.err;
@@ -267,6 +269,43 @@ TEST_F(Stopped, RowsThatCannotBeReadOrAddedAreTold) {
     }
 }
 
+/// They are read 64 KiB at a time, the last of which has a single byte here.
+TEST_F(Stopped, RowsOfAnyLengthAreReadToTheirEndThoughASignalComes) {
+    const std::string head = "Head\n", long_row((std::size_t{1} << 16U) - head.size() - 2, '1');
+    Write("rows.csv", head + long_row + "\n2\n");
+    Failing_Once interrupted("read", EINTR);
+    interrupted.at = 1;
+    const Rows_There there = Look_At_Rows(csv, head, "2");
+    EXPECT_EQ(there.rows, 1U);
+    EXPECT_EQ(there.last, long_row);
+    EXPECT_EQ(there.bytes, (std::size_t{1} << 16U) - 1);
+    EXPECT_EQ(there.state, Rows_There::State::kWhole);
+    EXPECT_EQ(interrupted.calls, 4);
+}
+
+/// Whatever the system said of the call before.
+TEST_F(Stopped, RowsOfWhichTheDiskTakesNothingAreToldAsAFullDisk) {
+    struct Taking_Nothing : platform::System {
+        Taking_Nothing() { platform::Use_System(this); }
+        ~Taking_Nothing() override { platform::Use_System(nullptr); }
+        ssize_t Write(int file, const char* from, std::size_t count) override {
+            if (times == 0) return System::Write(file, from, count);
+            --times;
+            errno = EINTR;
+            return 0;
+        }
+        int Flush(int) override { return 0; }
+        int times = 0;
+    } disk;
+    Row_File rows(csv, kHead);
+    disk.times = 3;
+    const auto failure = What_Failed([&] { rows.Add(Row(1)); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Number(), platform::kDiskFull);
+    EXPECT_EQ(disk.times, 2) << "it is not tried again";
+    EXPECT_EQ(Read(part), kHead);
+}
+
 TEST_F(Stopped, RowsThatAnotherProcessWritesAreLeftToIt) {
     Row_File other(csv, kHead);
     other.Add(Row(1));
@@ -289,13 +328,15 @@ TEST_F(Stopped, ASummaryCountsEachLinkageOnceAtTheEndsOfBlocksToo) {
     }
 }
 
-/// A summary of one linkage counts it for the rate.
+/// A summary of one linkage counts it for the rate, and of a shard its own are all.
 TEST_F(Stopped, ASummaryShowsItsRateFromTheFirstLinkage) {
-    std::ostringstream out, err;
-    EXPECT_EQ(Batch_Main(Joined({model}, Joined(Speeds(1), {"--summary"})), out, err, {80, false}), 0);
-    EXPECT_TRUE(err.str().starts_with("\r[##############################] 1/1  ")) << err.str();
-    EXPECT_NE(err.str().find("/s  "), std::string::npos) << err.str();
-    EXPECT_TRUE(err.str().ends_with("\x1b[K\r\x1b[K"));
+    for (const Words& study : {Speeds(1), Joined(Speeds(3), {"--shard", "3/3"})}) {
+        std::ostringstream out, err;
+        EXPECT_EQ(Batch_Main(Joined({model}, Joined(study, {"--summary"})), out, err, {80, false}), 0);
+        EXPECT_TRUE(err.str().starts_with("\r[##############################] 1/1  ")) << err.str();
+        EXPECT_NE(err.str().find("/s  "), std::string::npos) << err.str();
+        EXPECT_TRUE(err.str().ends_with("\x1b[K\r\x1b[K"));
+    }
 }
 
 }  // namespace verlink::test

@@ -87,6 +87,14 @@ TEST_F(Studies, RowsComeInTheirOrderWhateverTheThreads) {
         EXPECT_EQ(Run(ModelText(), Joined(Small(), {"--threads", threads})).out, one) << threads;
 }
 
+TEST_F(Studies, ASummaryIsTheSameWhateverTheThreads) {
+    const Words study{"--tolerance", "L2=0.05", "--samples", "3000", "--measure", "max Theta4", "--summary"};
+    const std::string one = Run(ModelText(), Joined(study, {"--threads", "1"})).out;
+    EXPECT_TRUE(one.starts_with("Measure,What,At,Value\n,linkages,,3000\n,kept,,3000\n")) << one;
+    for (const char* threads : {"2", "3", "16"})
+        EXPECT_EQ(Run(ModelText(), Joined(study, {"--threads", threads})).out, one) << threads;
+}
+
 TEST_F(Studies, BoundsLeaveOutRowsAndKeepTheirNumbers) {
     const CsvTable all = Run(ModelText(), Small()).Table();
     const std::string bound = all.Text(0, "max Theta4");

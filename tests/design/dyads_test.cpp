@@ -179,6 +179,30 @@ TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
     EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
+TEST_F(Dyads, OfPositionsThatHaveTheFirstOnesAngleAreFoundToo) {
+    SCOPED_TRACE(Trace());
+    std::size_t of_five = 0, of_four = 0;
+    for (int i = 0; i < 30; ++i) {
+        Task five = Random_Task(5);
+        // The largest turn of all, and none.
+        five.positions[1].angle = five.positions[0].angle;
+        five.positions[2].angle = five.positions[0].angle + 180;
+        for (const Dyad& dyad : Dyads_Through_Five(design::Carried_Through(five.positions))) {
+            EXPECT_LT(Off_Circle(five, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+            ++of_five;
+        }
+        Task four = Random_Task(4);
+        four.positions[2].angle = four.positions[3].angle = four.positions[0].angle;
+        for (const auto& piece : Burmester(design::Carried_Through(four.positions)).Curves(36))
+            for (const Dyad& dyad : piece) {
+                EXPECT_LT(Off_Circle(four, dyad), 1e-8 * (10 + std::abs(dyad.fixed - dyad.moving)));
+                ++of_four;
+            }
+    }
+    EXPECT_GT(of_five, 20U);
+    EXPECT_GT(of_four, 200U);
+}
+
 TEST_F(Dyads, OfFivePositionsThatAreTheirOwnMirrorImageComeInMirroredPairs) {
     SCOPED_TRACE(Trace());
     int pairs = 0;
@@ -199,6 +223,28 @@ TEST_F(Dyads, OfFivePositionsThatAreTheirOwnMirrorImageComeInMirroredPairs) {
         }
     }
     EXPECT_GT(pairs, 60);
+}
+
+TEST_F(Dyads, OfFivePositionsReachAHundredThousandSpansAndNoFarther) {
+    const double ways[] = {0, 0.3, 0.5, 0.8, 1}, angles[] = {0, 20, -15, 40, 65};
+    for (const double spans : {0.9e5, 1.1e5}) {
+        // The radius is of the order of the span, which the positions have to say first.
+        double radius = spans, span = 0;
+        Task task;
+        for (int turn = 0; turn < 2; ++turn, radius = spans * span) {
+            task.positions.clear();
+            for (std::size_t i = 0; i < 5; ++i) {
+                const double swing = ways[i] / radius, sag = -2 * radius * std::pow(std::sin(swing / 2), 2);
+                const std::complex<double> pivot(radius * std::sin(swing), sag);
+                task.positions.push_back({pivot + std::polar(0.7, 0.4 + angles[i] * std::acos(-1.0) / 180), angles[i]});
+                span = std::max(span, std::abs(task.positions[i].at - task.positions[0].at));
+            }
+        }
+        const auto dyads = Dyads_Through_Five(design::Carried_Through(task.positions));
+        const bool reached = std::ranges::any_of(
+            dyads, [&](const Dyad& dyad) { return std::abs(std::abs(dyad.fixed - dyad.moving) / radius - 1) < 0.01; });
+        EXPECT_EQ(reached, spans < 1e5) << spans;
+    }
 }
 
 TEST_F(Dyads, OfFivePositionsThatAreOnePlaceAreNone) {

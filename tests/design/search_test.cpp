@@ -215,6 +215,12 @@ TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
     EXPECT_EQ(design::Problem_Of(Three())->Rounds(), 5U);
 }
 
+TEST_F(Searching, TheListHasAsManyAsAreWantedAlsoWhereItEndsBetweenTwins) {
+    for (const std::size_t best : {1U, 3U})
+        EXPECT_EQ(Find(Three(), {.best = best, .threads = 0, .coarse = true, .rounds = 1}).solutions.size(), best);
+    EXPECT_EQ(List_Of_Three().solutions[1].family, 1) << "the first has a twin";
+}
+
 TEST_F(Searching, TwinsStandTogether) {
     const Found& found = List_Of_Three();
     EXPECT_EQ(found.solutions.front().family, 1);

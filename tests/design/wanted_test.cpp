@@ -177,6 +177,14 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
 
 TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     Use_Three();
+    // All of its lengths may be off by what the boxes show and by what files round.
+    Single* const lengths[] = {&Model.L1, &Model.L2, &Model.L3, &Model.L4, &Model.Rpa};
+    std::vector<double> before;
+    for (const Single* length : lengths) before.push_back(*length);
+    for (const double part : {0.9, 1.1}) {
+        for (std::size_t i = 0; i < before.size(); ++i) *lengths[i] = before[i] + part * (1e-3 + 2e-4 * before[i]);
+        EXPECT_EQ(Positions_Wanted(Model).empty(), part > 1);
+    }
     Hoekens();
     EXPECT_TRUE(Positions_Wanted(Model).empty());
 }
@@ -226,6 +234,13 @@ TEST_F(PositionsWanted, AreFoundAgainFromWhatAFileHolds) {
         EXPECT_EQ(after[k].is, Is::kPassed);
         EXPECT_LT(std::abs(after[k].at - before[k].at), 1e-5);
     }
+    // Files round: both dyads may miss each other by 2e-4 of all links.
+    const double sigma = Model.SynSigma, all = double{Model.L1} + Model.L2 + Model.L3 + Model.L4;
+    for (const double part : {-1.1, -0.9, 0.9, 1.1}) {
+        Model.SynSigma = sigma + part * 2e-4 * all / Model.L4 / kDegToRad;
+        EXPECT_EQ(Positions_Wanted(Model).empty(), std::abs(part) > 1) << part;
+    }
+    Model.SynSigma = sigma;
     Enter_Linkage(Road::kBoxes, [] { Model.L4 = Model.L4 * 1.1; });
     EXPECT_TRUE(Positions_Wanted(Model).empty());
 }
