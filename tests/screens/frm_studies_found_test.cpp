@@ -2,6 +2,7 @@
 #include <cmath>
 #include <map>
 #include <numeric>
+#include <set>
 
 #include "core/numeric.h"
 #include "core/text.h"
@@ -344,10 +345,14 @@ TEST_F(StudiesFound, ATableThatIsSavedTellsWhatTheStudyWas) {
 }
 
 TEST_F(StudiesFound, AWorkbookTellsBesideTheModelHowMuchWasSolvedAndWhatItComesTo) {
-    const auto saved = [this](const std::string& name) {
+    std::map<char, std::set<std::string>> formats;  // by column of the table
+    const auto saved = [&](const std::string& name) {
         desktop.Expect_Save(Path(name));
         Pick_Menu(form, "mnu_SaveTable");
         const Xlsx_Read read = Read_Xlsx(Path(name));
+        formats.clear();
+        for (const auto& [cell, format] : read.formats)
+            if (cell.starts_with("Study!")) formats[cell.at(6)].insert(format);
         std::map<std::string, std::pair<double, std::string>> facts;
         for (const auto& [cell, text] : read.texts) {
             const auto column = cell.find("!A");
@@ -363,12 +368,15 @@ TEST_F(StudiesFound, AWorkbookTellsBesideTheModelHowMuchWasSolvedAndWhatItComesT
         Sweep_Cranks();
         Solve();
         auto facts = saved("sweep.xlsx");
+        using Formats = std::map<char, std::set<std::string>>;
+        EXPECT_EQ(formats, (Formats{{'A', {"0"}}, {'B', {"0.000000"}}, {'C', {"0.000000"}}}));
         EXPECT_EQ(facts.size(), 2U);
         EXPECT_EQ(facts["linkages solved"], Fact(21, ""));
         EXPECT_EQ(facts["linkages in all"], Fact(21, ""));
         Tolerate_Crank("0.03", "uniform", "4000");
         Solve();
         facts = saved("spread.xlsx");
+        EXPECT_EQ(formats, (Formats{{'A', {"0"}}, {'B', {"0.000000"}}, {'C', {"0.000000"}}, {'D', {"0"}}}));
         EXPECT_EQ(facts.size(), 5U);
         EXPECT_EQ(facts["linkages solved"], Fact(4000, ""));
         EXPECT_EQ(facts["linkages in all"], Fact(4000, ""));
