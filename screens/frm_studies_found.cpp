@@ -106,8 +106,6 @@ void frm_Studies::Show_Plot() {
     graph.GraphTitle = Measure_Title();
     graph.BottomTitle.clear();
     graph.GridStyle = 3;
-    graph.ThisSet = 1;
-    graph.SetLegendText("");
     graph.SetUnitText(Measure_Unit());
     if (begun_) {
         const int field = aside_.The_Bench().Moved().front();
@@ -128,7 +126,7 @@ void frm_Studies::Show_Plot() {
                                Short(spread.Least()) + " to " + Short(spread.Greatest()) + ".";
         }
     }
-    graph.Cursor = picked_ && *picked_ < count ? static_cast<int>(*picked_) + 1 : 0;
+    graph.Cursor = picked_ ? static_cast<int>(*picked_) + 1 : 0;
     graph.Draw();
 }
 
@@ -219,15 +217,14 @@ void frm_Studies::Pick(Number linkage) {
 }
 
 void frm_Studies::Step_Pick(int by) {
-    if (!begun_ || found_.done == 0) return;
-    if (!picked_) return Pick(0);
-    if (by < 0 ? *picked_ > 0 : *picked_ + 1 < found_.done) Pick(by < 0 ? *picked_ - 1 : *picked_ + 1);
+    // The one before the first is beyond all others.
+    Pick(picked_ ? *picked_ + static_cast<Number>(by) : 0);
 }
 
 void frm_Studies::Show_Picked() {
     cmd_Take.Enabled = picked_ && std::ranges::none_of(picked_fields_, study::Is_None);
-    cmd_Before.Enabled = begun_ && found_.done > 0 && (!picked_ || *picked_ > 0);
-    cmd_After.Enabled = begun_ && found_.done > 0 && (!picked_ || *picked_ + 1 < found_.done);
+    cmd_Before.Enabled = found_.done > 0 && picked_ != Number{0};
+    cmd_After.Enabled = found_.done > 0 && (!picked_ || *picked_ + 1 < found_.done);
     std::string words;
     if (picked_) {
         words = "Linkage " + std::to_string(*picked_ + 1) + ": ";
@@ -244,16 +241,14 @@ void frm_Studies::Show_Picked() {
 }
 
 void frm_Studies::Tell_Bin(double value) {
-    if (!begun_ || found_.summary.measures.empty()) return;
-    const auto& spread = found_.summary.measures[0].Spread();
     const Histogram::Content& shown = his_Spread.Shown;
-    if (shown.counts.empty() || spread.Count() == 0) return;
+    if (!begun_ || shown.counts.empty()) return;
     const double wide = (shown.to - shown.from) / kBins;
     const int bin = std::clamp(static_cast<int>((value - shown.from) / wide), 0, kBins - 1);
     const double low = shown.from + bin * wide;
     double below = 0;
     for (int i = 0; i < bin; ++i) below += shown.counts[static_cast<std::size_t>(i)];
-    const double all = static_cast<double>(spread.Count());
+    const double all = static_cast<double>(found_.summary.measures[0].Spread().Count());
     lbl_Picked.Caption = "Between " + Short(low) + " and " + Short(low + wide) + ": " +
                          Text_Of(shown.counts[static_cast<std::size_t>(bin)]) + " linkages; below that " +
                          Text_Of(FNRound(100 * below / all, 1)) + " of 100.";
@@ -275,7 +270,7 @@ void frm_Studies::Show_Picture() {
         return;
     }
     lbl_Step.Caption = "Theta2 " + Short(mechanism_->Crank(step)) + " deg";
-    if (!begun_ || settings_.kind != Settings::Kind::kTolerance) return;
+    if (!begun_) return;
     cloud_ = aside_.Cloud_At(step);
     if (cloud_.empty()) return;
     enlarged_ = study::Enlargement(cloud_, pose->P, window_);

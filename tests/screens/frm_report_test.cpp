@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,8 +34,9 @@ class ReportScreen : public Forces {
     ReportScreen() {
         Load_Catalogue();
         Model.ModelName = "press";
-        Use_Setter([this](const Report& report, Paper, const platform::Tell_Progress& tell) {
+        Use_Setter([this](const Report& report, Paper paper, const platform::Tell_Progress& tell) {
             set = report;
+            on = paper;
             return tell(0.5) ? std::optional<std::string>("a whole report") : std::nullopt;
         });
     }
@@ -53,7 +55,27 @@ class ReportScreen : public Forces {
         return static_cast<int>(std::ranges::find(kChapters, chapter) - kChapters.begin());
     }
 
+    static bool Has(const Names& names, const std::string& name) {
+        return std::ranges::find(names, name) != names.end();
+    }
+
     std::optional<Report> set;
+    std::optional<Paper> on;
+};
+
+/// The user's country, as the process hears of it.
+class Country {
+   public:
+    explicit Country(const char* locale) {
+        if (const char* before = std::getenv("LC_ALL")) before_ = before;
+        setenv("LC_ALL", locale, 1);
+    }
+    ~Country() { before_ ? setenv("LC_ALL", before_->c_str(), 1) : unsetenv("LC_ALL"); }
+    Country(const Country&) = delete;
+    Country& operator=(const Country&) = delete;
+
+   private:
+    std::optional<std::string> before_;
 };
 
 }  // namespace
@@ -116,6 +138,112 @@ TEST_F(ReportScreen, ProgressOnlyGoesForward) {
     EXPECT_TRUE(std::ranges::is_sorted(told));
     EXPECT_GE(told.front(), 0);
     EXPECT_LE(told.back(), 1);
+}
+
+TEST_F(ReportScreen, MakingItIsTwoFifthsOfTheWayAndSettingTheRest) {
+    std::vector<double> told;
+    platform::Use_Progress([&](const std::string&, const platform::Work& work) {
+        work([&](double done) {
+            told.push_back(done);
+            return true;
+        });
+    });
+    Inside(Form(), [&] {
+        desktop.Expect_Save(Path("a.pdf"));
+        Press(Form(), "cmd_Save");
+    });
+    ASSERT_GT(told.size(), 5U);
+    const std::size_t made = told.size() - 1;
+    for (std::size_t i = 0; i < made; ++i)
+        EXPECT_NEAR(told[i], 0.4 * static_cast<double>(i) / static_cast<double>(made), 1e-12);
+    EXPECT_NEAR(told.back(), 0.4 + 0.6 * 0.5, 1e-12);
+}
+
+TEST_F(ReportScreen, OfAModelWithoutANameIsSavedByTheKeysAsReport) {
+    Model.ModelName.clear();
+    Inside(Form(), [&] {
+        desktop.Expect_Save(std::nullopt);
+        EXPECT_TRUE(Form().Press_Keys("Ctrl+S"));
+    });
+    EXPECT_EQ(desktop.Dialogs.at(0).file_name, "report.pdf");
+    EXPECT_EQ(desktop.Dialogs.at(0).kind, "report");
+}
+
+TEST_F(ReportScreen, IsSetOnThePaperOfTheCountryAndSaysWhichThatIs) {
+    struct Case {
+        const char* locale;
+        Paper paper;
+        std::string name;
+    };
+    for (const Case& in : {Case{"en_US.UTF-8", Paper::kLetter, "Letter"}, Case{"de_DE.UTF-8", Paper::kA4, "A4"}}) {
+        const Country country(in.locale);
+        Inside(Form(), [&] {
+            EXPECT_EQ(Form().lbl_Note.Caption.Get(), "The report is a PDF document, on " + in.name + " paper.");
+            desktop.Expect_Save(Path("a.pdf"));
+            Press(Form(), "cmd_Save");
+        });
+        EXPECT_EQ(on, in.paper) << in.locale;
+    }
+}
+
+TEST_F(ReportScreen, IsSavedOnlyWhereSomethingSetsIt) {
+    Inside(Form(), [&] { EXPECT_TRUE(Form().cmd_Save.Enabled); });
+    Use_Setter(nullptr);
+    Inside(Form(), [&] { EXPECT_FALSE(Form().cmd_Save.Enabled); });
+}
+
+TEST_F(ReportScreen, OffersTheFunctionsThatHaveResultsAndPlotsTheUsualOnes) {
+    const Names usual{"Coupler Pt Y", "Veloc CP Mag", "Accel CP Mag", "Trans Ang", "(none)", "(none)"};
+    const auto chosen = [this] {
+        Names texts;
+        for (const auto& box : Form().cmb_Plot) texts.push_back(box->Text);
+        return texts;
+    };
+    Inside(Form(), [&] {
+        EXPECT_EQ(chosen(), usual);
+        for (const auto& box : Form().cmb_Plot) {
+            EXPECT_TRUE(box->Enabled);
+            EXPECT_EQ(box->Items().front(), "(none)");
+            EXPECT_TRUE(Has(box->Items(), "T4 / T2"));
+            EXPECT_FALSE(Has(box->Items(), "Torque 12"));
+        }
+    });
+    Solve_Forces(Model);
+    Inside(Form(), [&] {
+        Names with_torque = usual;
+        with_torque[4] = "Torque 12";
+        EXPECT_EQ(chosen(), with_torque);
+        EXPECT_TRUE(Has(Form().cmb_Plot[6].Items(), "Torque 12"));
+        EXPECT_FALSE(Has(Form().cmb_Plot[6].Items(), "MShk Balcd"));
+        EXPECT_EQ(std::ranges::count(Form().cmb_Plot[6].Items(), "(none)"), 1) << "filled anew, not twice";
+        EXPECT_EQ(Form().chk_Chapter[Box_Of(Chapter::kForces)].Tip, "Whether the report has this chapter");
+    });
+    Balance_Holds();
+    Inside(Form(), [&] { EXPECT_TRUE(Has(Form().cmb_Plot[6].Items(), "MShk Balcd")); });
+}
+
+TEST_F(ReportScreen, AChapterIsKeptWithoutPlotsThatNobodyChose) {
+    platform::The_Settings().Open(Path(""));
+    Inside(Form(), [&] {
+        Form().chk_Chapter[Box_Of(Chapter::kCognates)].Click();
+        EXPECT_FALSE(platform::The_Settings().Has("report.plots"));
+        const Names kept = platform::The_Settings().List("report.chapters");
+        EXPECT_EQ(kept.size(), kChapters.size() - 1);
+        EXPECT_FALSE(Has(kept, Name_Of(Chapter::kCognates)));
+        Form().cmb_Plot[1].Choose(0);
+        EXPECT_EQ(platform::The_Settings().List("report.plots"),
+                  (Names{"(none)", "Veloc CP Mag", "Accel CP Mag", "Trans Ang", "(none)", "(none)"}));
+    });
+}
+
+TEST_F(ReportScreen, TheWayBackAsksForNoFunction) {
+    Inside(Form(), [&] {
+        Form().MoveFocus(&Form().cmb_Plot[1]);
+        Form().cmb_Plot[1].Text = "zz";
+        Form().MoveFocus(&Form().cmd_Cancel);
+        Press(Form(), "cmd_Cancel");
+        EXPECT_FALSE(Form().Visible());
+    });
 }
 
 TEST_F(ReportScreen, AFailingDiskIsToldAndLeavesTheFileOfBefore) {

@@ -367,6 +367,93 @@ TEST_F(Studies, SettingsAreShownInTheUnitsOfTheModel) {
     });
 }
 
+TEST_F(Studies, ReturnInEachBoxTakesItsNumber) {
+    Inside([&] {
+        Enter(form, "txt_From", 1, "0.7");
+        Enter(form, "txt_To", 1, "0.8");
+        Enter(form, "txt_Count", 1, "5");
+        const auto sweep = form.The_Settings().sweeps[0];
+        EXPECT_NEAR(sweep.from, 0.7, 1e-6);
+        EXPECT_NEAR(sweep.to, 0.8, 1e-6);
+        EXPECT_EQ(sweep.count, 5U);
+        Choose_Option(form, "opt_Kind", 1);
+        Enter(form, "txt_PlusMinus", 1, "0.25 mm");
+        Enter(form, "txt_PlusMinus", 4, "0.5");
+        Enter(form, "txt_Samples", platform::kNoIndex, "321");
+        Enter(form, "txt_Seed", platform::kNoIndex, "77");
+        EXPECT_NEAR(form.The_Settings().tolerances[0].plus_minus, 0.25 / 25.4, 1e-6);
+        EXPECT_NEAR(form.The_Settings().tolerances[3].plus_minus, 0.5, 1e-6);
+        EXPECT_EQ(form.The_Settings().samples, 321U);
+        EXPECT_EQ(form.The_Settings().seed, 77U);
+    });
+}
+
+TEST_F(Studies, NumbersKeepAllTheirDigitsUntilOthersAreTyped) {
+    Settings settings;
+    settings.sweeps[0] = {"L2", 1.0 / 3, 2.0 / 3, 9};
+    settings.tolerances[0] = {"L3", 1.0 / 7, study::Spread::kUniform};
+    for (const auto kind : {Settings::Kind::kSweep, Settings::Kind::kTolerance}) {
+        settings.kind = kind;
+        Model.StudySettings = study::Settings_Text(settings);
+        const std::string before = Model.StudySettings;
+        Inside([&] {
+            EXPECT_EQ(form.txt_From[1].Text.Get(), "0.3333333");
+            EXPECT_EQ(form.txt_PlusMinus[1].Text.Get(), "0.1428571");
+            for (platform::Control* control : form.Controls())
+                if (auto* box = dynamic_cast<platform::TextBox*>(control); box && box->Enabled) {
+                    form.MoveFocus(box);
+                    if (box->OnReturn) box->OnReturn();
+                    form.MoveFocus(&form.cmd_Start);
+                }
+            EXPECT_EQ(Model.StudySettings, before);
+        });
+    }
+}
+
+TEST_F(Studies, WhatIsChosenOrTypedAgainChangesNothing) {
+    Inside([&] {
+        Put_Box("txt_From", 1, "0.9");
+        EXPECT_EQ(Model.StudySettings, "") << "it has been 0.9";
+        EXPECT_FALSE(The_History().Can_Undo());
+        Put_Box("txt_From", 1, "0.5");
+        const std::string kept = Model.StudySettings;
+        const std::size_t steps = The_History().Steps();
+        Choose(form.cmb_Sweep[1], "L2");
+        Choose(form.cmb_Frame, "Global");
+        Choose_Option(form, "opt_Kind", 0);
+        Choose(form.cmb_Spread[1], "normal");
+        Choose(form.cmb_Tolerance[1], "L2");
+        EXPECT_EQ(Model.StudySettings, kept);
+        EXPECT_EQ(The_History().Steps(), steps);
+        EXPECT_EQ(form.txt_From[1].Text.Get(), "0.5") << "the field keeps its own values";
+    });
+}
+
+TEST_F(Studies, ARowThatLosesItsFieldIsEmptyAndOneThatGetsOneHasItsUsualValues) {
+    Inside([&] {
+        Choose(form.cmb_Sweep[2], "L4");
+        EXPECT_EQ(form.txt_From[2].Text.Get(), "2.7");
+        EXPECT_EQ(form.txt_To[2].Text.Get(), "3.3");
+        EXPECT_EQ(form.lbl_SweepUnit[2].Caption.Get(), "in");
+        Choose(form.cmb_Sweep[2], "(none)");
+        for (auto* boxes : {&form.txt_From, &form.txt_To, &form.txt_Count}) {
+            EXPECT_EQ((*boxes)[2].Text.Get(), "");
+            EXPECT_FALSE((*boxes)[2].Enabled);
+            EXPECT_TRUE((*boxes)[1].Enabled);
+        }
+        EXPECT_EQ(form.lbl_SweepUnit[2].Caption.Get(), "");
+        Choose_Option(form, "opt_Kind", 1);
+        form.MoveFocus(&form.cmb_Tolerance[5]);
+        form.cmb_Tolerance[5].Text = "Del ta";
+        form.MoveFocus(&form.cmd_Start);
+        EXPECT_EQ(form.cmb_Tolerance[5].Text.Get(), "Delta");
+        EXPECT_NE(form.txt_PlusMinus[5].Text.Get(), "");
+        EXPECT_TRUE(form.txt_PlusMinus[5].Enabled);
+        EXPECT_TRUE(form.cmb_Spread[5].Enabled);
+        EXPECT_EQ(form.lbl_ToleranceUnit[5].Caption.Get(), "deg");
+    });
+}
+
 TEST_F(Studies, TheTableIsCopiedOrItIsSaidThatThereIsNone) {
     std::string copied;
     platform::Use_Clipboard([&copied](const std::string& text) { copied = text; });

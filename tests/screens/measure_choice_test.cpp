@@ -150,6 +150,20 @@ TEST_F(MeasureChoice, LeavingAListOrABoxThatWasNotTouchedChangesNothing) {
     });
 }
 
+TEST_F(MeasureChoice, AListThatIsEmptiedTakesNoWordsAway) {
+    Inside([&] {
+        Write(0, "max Theta4");
+        Write(1, "min Trans Ang > 40");
+        for (const int index : {0, 1}) {
+            form.MoveFocus(&Choice(index).cmb_Statistic);
+            Choice(index).cmb_Statistic.Text = "";
+            form.MoveFocus(&form.cmd_Start);
+        }
+        EXPECT_EQ(form.The_Settings().measure, "max Theta4");
+        EXPECT_EQ(form.The_Settings().keep, "min Trans Ang > 40");
+    });
+}
+
 TEST_F(MeasureChoice, ReturnInABoxTakesItsText) {
     Inside([&] {
         Enter(form, "txt_Words", 0, "max Theta4");

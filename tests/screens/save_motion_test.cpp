@@ -1,4 +1,7 @@
 // A run saved as a film on the animate screen: its pictures and its time, and that nothing is left of the making.
+#include <cmath>
+#include <cstdio>
+
 #include "animation/film.h"
 #include "files/picture_files.h"
 #include "platform/file_system.h"
@@ -81,8 +84,9 @@ TEST_F(Motion, Is_offered_under_the_models_name_in_four_sizes_in_real_time_and_a
 }
 
 TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
-    // 37 steps of 10 degrees at 1 rad/s are 6.46 s; slower by half, 12.9 s.
-    for (const auto& [omega, told] : {std::pair{1.0, "6.46 s in real time"}, {0.5, "12.9 s in real time"}}) {
+    // 37 steps of 10 degrees at 1 rad/s are 6.458 s.
+    for (const auto& [omega, told] :
+         {std::pair{1.0, ", 6.46 s in real time"}, {0.6, ", 10.8 s in real time"}, {0.5, ", 12.9 s in real time"}}) {
         Model.Omega2 = Model.Omega2Input = omega;
         After_First_Picture([&] {
             desktop.Expect_Save({});
@@ -90,6 +94,57 @@ TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
         });
         EXPECT_NE(desktop.Dialogs.back().filter.find(told), std::string::npos) << desktop.Dialogs.back().filter;
     }
+}
+
+TEST_F(Motion, Of_a_run_by_time_lasts_as_long_as_that_runs) {
+    By_Time(0, 1, 0.25);
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    EXPECT_NE(desktop.Dialogs.back().filter.find(", 1.25 s in real time"), std::string::npos)
+        << desktop.Dialogs.back().filter;
+}
+
+TEST_F(Motion, Of_two_positions_has_two_pictures) {
+    By_Angle(0, 10, 10);
+    Model.Omega2 = 0.5;
+    After_First_Picture([&] {
+        const Gif_Read film = Saved(1);
+        EXPECT_EQ(film.frames.size(), 2U);
+        // 10 degrees at half a radian per second are 0.349 s.
+        EXPECT_EQ(film.Hundredths(), 70);
+    });
+}
+
+TEST_F(Motion, Lasts_from_the_first_position_that_closes_to_the_last) {
+    // The crank opens the chain where it points away from the other pivot.
+    Model.L1 = 4, Model.L2 = 3, Model.L3 = 2, Model.L4 = 2.5;
+    By_Angle(180, 390, 10);
+    Model.Omega2 = 1;
+    const std::vector<int> steps = Steps_Shown(Model, Model.RunTable);
+    ASSERT_GT(steps.size(), 1U);
+    ASSERT_GT(steps.front(), 0);
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    char told[64];
+    std::snprintf(told, sizeof told, ", %.2f s in real time", (steps.back() - steps.front() + 1) * M_PI / 18);
+    EXPECT_NE(desktop.Dialogs.back().filter.find(told), std::string::npos) << desktop.Dialogs.back().filter;
+}
+
+TEST_F(Motion, Has_nothing_of_what_stood_in_the_picture) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        const Gif_Read before = Saved(1);
+        for (int i = 0; i < 12; ++i) Press(form, "cmd_Step");
+        ASSERT_EQ(Model.RedrawFlag, "Y") << "the steps keep the picture";
+        const Gif_Read after = Saved(1);
+        ASSERT_EQ(after.frames.size(), before.frames.size());
+        for (std::size_t i = 0; i < before.frames.size(); ++i)
+            EXPECT_EQ(after.frames[i].pixels, before.frames[i].pixels) << i;
+    });
 }
 
 TEST_F(Motion, Of_a_crank_that_stands_is_offered_as_played_alone) {

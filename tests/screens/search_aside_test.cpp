@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <thread>
 
 namespace verlink::test {
@@ -42,6 +43,32 @@ TEST(SearchAside, AnotherSearchStopsTheFirst) {
     const design::Effort effort{.best = 4, .threads = 1, .coarse = true};
     aside.Begin(Some_Task(), effort);
     EXPECT_EQ(aside.To_Its_End().judged, design::Find(Some_Task(), effort).judged);
+}
+
+TEST(SearchAside, AfterOneThatHasEndedAnotherBeginsAtNothing) {
+    Search_Aside aside;
+    const design::Effort coarse{.best = 4, .threads = 1, .coarse = true};
+    aside.Begin(Some_Task(), coarse);
+    aside.To_Its_End();
+    aside.Begin(Some_Task(), {.threads = 1});
+    EXPECT_LT(aside.Part(), 1);
+    aside.Take();
+    EXPECT_TRUE(aside.Runs()) << "the end of the first is not its own";
+    EXPECT_TRUE(aside.Await().stopped);
+    aside.Begin(Some_Task(), coarse);
+    EXPECT_FALSE(aside.To_Its_End().stopped);
+}
+
+TEST(SearchAside, WhatWasTakenIsNotTakenAgainAndTheEndIsTakenOnce) {
+    Search_Aside aside;
+    aside.Begin(Some_Task(), {.best = 4, .threads = 1, .coarse = true});
+    std::optional<design::Found> last;
+    while (aside.Runs())
+        if (const auto taken = aside.Take()) last = taken;
+    ASSERT_TRUE(last.has_value());
+    EXPECT_FALSE(last->stopped);
+    EXPECT_FALSE(aside.Take());
+    EXPECT_TRUE(aside.Await().solutions.empty()) << "all was taken before";
 }
 
 }  // namespace
