@@ -177,7 +177,6 @@ void frm_Explore::cmd_Search_Click() {
 
 void frm_Explore::cmd_Stop_Click() {
     Guarded("frm_Explore.cmd_Stop", [this] {
-        if (!search_.Runs()) return;
         if (const design::Found found = search_.Await(); found.judged > 0) Take_Found(found, Looked::kSearched);
         Say();
         Listen();

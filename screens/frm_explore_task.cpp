@@ -176,7 +176,6 @@ void frm_Explore::Show_Kept() {
 }
 
 void frm_Explore::Keep() {
-    task_.units = Model.Units;
     kept_fault_.clear();
     Take_Task_Text(Model.DesignTask, design::Task_Text(task_));
 }
@@ -345,7 +344,6 @@ void frm_Explore::Choose_Form() {
 
 /// What was found stays, and is scored and ordered anew.
 void frm_Explore::Choose_Weight(int weight) {
-    if (filling_) return;
     Guarded("frm_Explore.Weight", [&] {
         Task task = task_;
         const int before = std::clamp(static_cast<int>(std::lround(Weight_At(task, weight))), 0, kHeaviest);

@@ -106,8 +106,6 @@ void frm_Studies::Show_Plot() {
     graph.GraphTitle = Measure_Title();
     graph.BottomTitle.clear();
     graph.GridStyle = 3;
-    graph.ThisSet = 1;
-    graph.SetLegendText("");
     graph.SetUnitText(Measure_Unit());
     if (begun_) {
         const int field = aside_.The_Bench().Moved().front();
@@ -219,9 +217,8 @@ void frm_Studies::Pick(Number linkage) {
 }
 
 void frm_Studies::Step_Pick(int by) {
-    if (!begun_ || found_.done == 0) return;
-    if (!picked_) return Pick(0);
-    if (by < 0 ? *picked_ > 0 : *picked_ + 1 < found_.done) Pick(by < 0 ? *picked_ - 1 : *picked_ + 1);
+    // One before the first is far behind the last.
+    Pick(picked_ ? *picked_ + static_cast<Number>(by) : 0);
 }
 
 void frm_Studies::Show_Picked() {

@@ -1,4 +1,6 @@
 // From the screen of linkages for a task, come to from home, to the screens of synthesis; and where no road leads.
+#include "core/text.h"
+#include "design/choices.h"
 #include "tests/screens/frm_explore_fixture.h"
 
 namespace verlink::test {
@@ -49,6 +51,31 @@ TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
     EXPECT_EQ(Model.SynMethod, 2);
     EXPECT_EQ(Model.SynPositions, 2);
     EXPECT_FALSE(Model.SpecifiedPivots);
+}
+
+TEST_F(ExploreChoices, FromHomeAreFreeOnesWhateverPivotsWereSpecifiedBefore) {
+    form.Take_Task(So_Many(3));
+    Model.SpecifiedPivots = true;
+    Inside([&] {
+        const design::Choices choices = design::Choices_Of(form.The_Task(), *form.Chosen());
+        desktop.Expect_Screen("frm_Synth3", [&](platform::Screen& synthesis) {
+            const platform::TextBox& turn = synthesis.Text("txt_Beta2");
+            EXPECT_TRUE(turn.Touched()) << "it is typed there";
+            EXPECT_NEAR(Val(turn.Text.Get()), choices.beta2, 1e-3);
+            Press(synthesis, "cmd_Cancel");
+        });
+        Press(form, "cmd_Choices");
+    });
+}
+
+TEST_F(ExploreChoices, TheFirstMethodIsNotedWhereNoneWasUsedYet) {
+    form.Take_Task(So_Many(2));
+    Model.SynMethod = 0;
+    Inside([&] {
+        Expect_Synthesis("frm_Synth2A");
+        Press(form, "cmd_Choices");
+    });
+    EXPECT_EQ(Model.SynMethod, 1);
 }
 
 TEST_F(ExploreChoices, OfFourPositionsAreNone) {

@@ -330,4 +330,79 @@ TEST_F(HelpReader, WhoIsAskedToFollowGoesToTheScreenOnTopAtOnce) {
     Screens::Get("frm_Quit").ShowModal();
 }
 
+TEST_F(HelpReader, AScreenIsFollowedAgainAfterAnotherDocumentWasOpened) {
+    desktop.Expect_Screen("frm_Help", [](Screen&) {});
+    reader.ShowBeside();
+    Tick(reader, "chk_Follow", true);
+    Screen& dynamics = Screens::Get("frm_MassProp");
+    for (int i = 0; i < 2; ++i) {
+        desktop.Expect_Screen("frm_MassProp", [](Screen& screen) { screen.Hide(); });
+        dynamics.ShowModal();
+        EXPECT_EQ(view.Document.Get(), Screen_Help(dynamics)) << i;
+        reader.Open(theory);
+    }
+}
+
+TEST_F(HelpReader, ThePageOfAnotherDocumentIsLeftToTheDesktop) {
+    Told(9);
+    view.Page = 4;
+    reader.Open(theory);
+    EXPECT_EQ(view.Page.Get(), 4) << "the old document does not turn before it goes";
+}
+
+TEST_F(HelpReader, AHeadingThatIsNoMoreLeadsNowhere) {
+    Told(4, 1, {{1, "Balance", "balance"}, {2, "Weights", "weights"}});
+    view.Headings.pop_back();
+    reader.cmb_Contents.Choose(1);
+    EXPECT_EQ(view.Document.Get(), balance);
+}
+
+TEST_F(HelpReader, TheNextDocumentIsTheNextOfTheMenu) {
+    const std::string before = Help_Document("mnu_GlossaryHelp"), after = Help_Document("mnu_WorkedHelp");
+    Told(9);
+    reader.Open(card);
+    Found_In({{before, "Glossary", 2}, {after, "Worked", 3}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    EXPECT_EQ(view.Document.Get(), after);
+    reader.Open(card);
+    Type(reader, "txt_Find", platform::kNoIndex, "crank");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), before);
+    EXPECT_EQ(view.Find.Get(), 2);
+}
+
+TEST_F(HelpReader, AFindOfOneDocumentIsNeverThatOfTheNext) {
+    Told(9);
+    Found_In({{balance, "Balance", 1}, {theory, "Theory", 1}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    ASSERT_EQ(view.Find.Get(), 1);
+    std::vector<int> finds;
+    const auto told = view.Watcher;
+    view.Watcher = [&] {
+        told();
+        if (view.Document.Get() == theory) finds.push_back(view.Find.Get());
+    };
+    Press(reader, "cmd_FindAfter");
+    ASSERT_FALSE(finds.empty());
+    EXPECT_EQ(finds.front(), 0);
+    EXPECT_EQ(finds.back(), 1);
+}
+
+TEST_F(HelpReader, GoesBesideTheProgramAtOnceAndTheMenuMarksIt) {
+    const auto marked = [this] { return reader.mnu_Beside.Checked.Get(); };
+    Pick_Menu(reader, "mnu_Shrink");
+    EXPECT_FALSE(marked());
+    Pick_Menu(reader, "mnu_Beside");
+    EXPECT_TRUE(marked());
+    EXPECT_EQ(reader.Width().Get(), 25600 * 4 / 10);
+    EXPECT_EQ(reader.Height().Get(), 14400 - 400);
+    EXPECT_EQ(reader.Left().Get(), 25600 - 25600 * 4 / 10);
+    EXPECT_EQ(reader.Top().Get(), 0);
+    Pick_Menu(reader, "mnu_Full");
+    EXPECT_FALSE(marked());
+    Pick_Menu(reader, "mnu_Beside");
+    Pick_Menu(reader, "mnu_Shrink");
+    EXPECT_FALSE(marked());
+}
+
 }  // namespace verlink::test

@@ -246,4 +246,27 @@ TEST_F(Motion, Shows_a_trace_and_the_glass_as_they_are_seen) {
     });
 }
 
+TEST_F(Motion, Begins_with_its_first_position_alone_whatever_was_stepped_through) {
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        form.chk_Trace.Value = true;
+        const Gif_Read fresh = Saved(1);
+        for (int i = 0; i < 8; ++i) Press(form, "cmd_Step");
+        const Gif_Read stepped = Saved(1);
+        EXPECT_EQ(stepped.frames[0].pixels, fresh.frames[0].pixels);
+    });
+}
+
+TEST_F(Motion, Of_a_run_by_time_is_offered_in_its_own_time) {
+    By_Time(0, 1, 0.25);
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    ASSERT_FALSE(desktop.Dialogs.empty());
+    // Five pictures, a quarter of a second each.
+    EXPECT_NE(desktop.Dialogs.back().filter.find("1.25 s in real time"), std::string::npos)
+        << desktop.Dialogs.back().filter;
+}
+
 }  // namespace verlink::test
