@@ -1,6 +1,9 @@
 // From the screen of linkages for a task, come to from home, to the screens of synthesis; and where no road leads.
+#include <random>
+
 #include "core/text.h"
 #include "design/choices.h"
+#include "screens/synthesis_screen.h"
 #include "tests/screens/frm_explore_fixture.h"
 
 namespace verlink::test {
@@ -66,6 +69,32 @@ TEST_F(ExploreChoices, FromHomeAreFreeOnesWhateverPivotsWereSpecifiedBefore) {
         });
         Press(form, "cmd_Choices");
     });
+}
+
+TEST_F(ExploreChoices, GoToTheOtherMethodWhereTheLastOneDoesNotComeToTheLinkage) {
+    const auto trouble = [&](const char* name) {
+        auto& synthesis = dynamic_cast<Synthesis_Screen&>(platform::Screens::Get(name));
+        return !synthesis.Trouble_With(design::Choices_Of(form.The_Task(), *form.Chosen())).empty();
+    };
+    std::mt19937 engine(7);
+    const auto number = [&](double most) { return std::uniform_real_distribution<>(-most, most)(engine); };
+    int last = 0;
+    Model.SynPositions = 1;
+    for (int i = 0; i < 400 && last == 0; ++i) {
+        form.Take_Task(With({{{0, 0}, number(90)}, {{number(2), number(2)}, number(90)}}));
+        for (std::size_t k = 0; k < form.Shown().size() && last == 0; ++k) {
+            if (k > 0) form.key_Next.OnPress();
+            const bool first = trouble("frm_Synth2A"), second = trouble("frm_Synth2B");
+            if (first != second) last = first ? 1 : 2;
+        }
+    }
+    ASSERT_NE(last, 0);
+    Model.SynMethod = last;
+    Inside([&] {
+        Expect_Synthesis(last == 1 ? "frm_Synth2B" : "frm_Synth2A");
+        Press(form, "cmd_Choices");
+    });
+    EXPECT_EQ(Model.SynMethod, 3 - last);
 }
 
 TEST_F(ExploreChoices, TheFirstMethodIsNotedWhereNoneWasUsedYet) {

@@ -1,9 +1,11 @@
 // Studies of few linkages or none, and what is left of one when it is dropped.
+#include <map>
 #include <string>
 
 #include "core/numeric.h"
 #include "platform/clipboard.h"
 #include "tests/screens/frm_studies_fixture.h"
+#include "tests/support/foreign.h"
 
 namespace verlink::test {
 namespace {
@@ -61,6 +63,21 @@ TEST_F(StudiesFew, ASpreadOfOneLinkageIsCountedAndSaved) {
     platform::Use_Clipboard(nullptr);
 }
 
+TEST_F(StudiesFew, AWorkbookHasCountsAndSharesAsWholeNumbers) {
+    Inside([&] {
+        Tolerate_Crank("0.03", "uniform", "100");
+        Solve();
+        desktop.Expect_Save(Path("spread.xlsx"));
+        Pick_Menu(form, "mnu_SaveTable");
+    });
+    const Xlsx_Read read = Read_Xlsx(Path("spread.xlsx"));
+    std::map<char, std::string> formats;
+    for (const auto& [cell, format] : read.formats)
+        if (cell.starts_with("Study!") && cell.substr(7) == "9") formats[cell[6]] = format;
+    EXPECT_EQ(formats,
+              (std::map<char, std::string>{{'A', "0"}, {'B', "0.000000"}, {'C', "0.000000"}, {'D', "0"}}));
+}
+
 TEST_F(StudiesFew, AMeasureThatNoLinkageHasLeavesNoSpreadAndNoTable) {
     // At 180 degrees crank and ground are longer than the other two.
     Model.L2 = 3, Model.L4 = 2.2;
@@ -101,6 +118,10 @@ TEST_F(StudiesFew, ASpreadThatIsDroppedIsGoneFromItsChartAndFromThePicture) {
         EXPECT_TRUE(form.his_Spread.Shown.Get().counts.empty());
         EXPECT_EQ(form.lbl_Step.Caption.Get(), "Theta2 0 deg");
         EXPECT_FALSE(form.Picture1.OnSeize({0, 0, 0, 0.01}));
+        Solve();
+        Choose_Option(form, "opt_Kind", 0);
+        form.his_Spread.OnPick(7);
+        EXPECT_EQ(Picked(), "") << "a sweep has nothing to count";
     });
 }
 

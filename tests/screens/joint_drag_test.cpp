@@ -140,9 +140,10 @@ TEST_F(JointDrag, APullBehindAHeldAngleIsNoDistance) {
     EXPECT_EQ(Value(Ask(Joint::kP, Now(Joint::kA) - arm, {5}), 4), 0);
 }
 
-TEST_F(JointDrag, TheFirstPositionOfARunIsAmongThoseThatTheCrankTurnsTo) {
+TEST_F(JointDrag, TheEndsOfARunAreAmongThePositionsThatTheCrankTurnsTo) {
     By_Angle(0, 90, 10);
     EXPECT_EQ(Ask(Joint::kA, double{Model.L2}, {}, false, 5).step, 0);
+    EXPECT_EQ(Ask(Joint::kA, Spot(0, Model.L2)).step, 9) << "and so is the last";
     EXPECT_EQ(Ask(Joint::kA, std::polar(20.0, 41 * M_PI / 180)).step, 0) << "refused, it stays where it is";
 }
 
@@ -179,6 +180,31 @@ TEST_F(JointDrag, AGroundThatTurnsIsRefusedWhereTheCirclesDoNotMeetUnlessItTakes
         }
         EXPECT_EQ(refused > 0, !cam);
     }
+}
+
+TEST_F(JointDrag, WhereTheLinksJustLieInLineItDoesNotClose) {
+    Enter_Linkage(Road::kBoxes, [] {
+        Model.PolarCoords = false;
+        Model.Link1X = 4, Model.Link1Y = 0;
+        Model.L2 = 1, Model.L3 = 2.5, Model.L4 = 2;
+    });
+    By_Angle(0, 360, 10);
+    // The pin A lies at 1, so that O4 may be 0.5 to 4.5 away from there.
+    for (const double x : {5.5, 1.5}) EXPECT_TRUE(Ask(Joint::kO4, x).refused) << x;
+    for (const double x : {5.499, 1.501}) EXPECT_FALSE(Ask(Joint::kO4, x).refused) << x;
+}
+
+TEST_F(JointDrag, TheAngleOfAShortArmHasTheDecimalsThatItsLengthAsksFor) {
+    Pull pull;
+    pull.fine = 1e-6;
+    const Spot along = (Now(Joint::kB) - Now(Joint::kA)) / std::abs(Now(Joint::kB) - Now(Joint::kA));
+    const Spot to = Now(Joint::kA) + 0.5 * along * std::polar(1.0, 0.7);
+    pull.to = {to.real(), to.imag()};
+    // A millionth at half a unit is 0.00011 degrees.
+    const Followed answer = Follow(pull, Model);
+    ASSERT_EQ(Boxes(answer), (std::set{4, 5}));
+    EXPECT_EQ(answer.values[1].box, 5);
+    EXPECT_EQ(answer.values[1].decimals, 4);
 }
 
 TEST_F(JointDrag, AnglesStayNextToWhatTheyWere) {

@@ -250,10 +250,19 @@ TEST_F(Motion, Begins_with_its_first_position_alone_whatever_was_stepped_through
     Model.Omega2 = 4;
     After_First_Picture([&] {
         form.chk_Trace.Value = true;
+        form.chk_autoscale.Value = false;
         const Gif_Read fresh = Saved(1);
         for (int i = 0; i < 8; ++i) Press(form, "cmd_Step");
         const Gif_Read stepped = Saved(1);
         EXPECT_EQ(stepped.frames[0].pixels, fresh.frames[0].pixels);
+    });
+}
+
+TEST_F(Motion, Of_two_positions_is_a_run_that_moves) {
+    By_Angle(0, 10, 10);
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
     });
 }
 
