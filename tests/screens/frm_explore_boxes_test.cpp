@@ -129,5 +129,23 @@ TEST_F(ExploreBoxes, UseLeavesATaskThatIsTheSameAsItIsWrittenAndShowsThePosition
     EXPECT_EQ(Model.DesignTask, written);
 }
 
+TEST_F(ExploreBoxes, LookingAtATaskThatCountsFromTheFirstRoundsNothing) {
+    design::Task task = With({{{1.0 / 3, 0.1}, 10.1}, {{0.7, 1.1}, 20.2}, {{1.7, 2.3}, 50.3}});
+    task.relative = true;
+    Model.DesignTask = design::Task_Text(task);
+    const std::string before = Model.DesignTask;
+    Inside([&] { EXPECT_EQ(form.The_Task().positions, task.positions); });
+    EXPECT_EQ(Model.DesignTask, before);
+}
+
+TEST_F(ExploreBoxes, UsePutsItsTaskInThePlaceOfOneThatCannotBeRead) {
+    Model.DesignTask = "{ \"format\": \"verlink-design\", \"version\": 1, \"kind\": \"motion\" }";
+    Inside([&] {
+        desktop.Expect_Screen("frm_Inputnew", [](platform::Screen& input) { Press(input, "cmd_Cancel"); });
+        Press(form, "cmd_Use");
+    });
+    EXPECT_EQ(Kept(), form.The_Task());
+}
+
 }  // namespace
 }  // namespace verlink::test

@@ -37,6 +37,7 @@ TEST_F(ExploreHand, ABodyThatIsPulledBeyondAllBoundsStaysAndStaysLit) {
         ASSERT_TRUE(form.Picture1.Lit.Get());
         EXPECT_EQ(*form.Picture1.Lit.Get(), (platform::Light{0, 0, true}));
         form.Picture1.OnRelease();
+        EXPECT_FALSE(form.Picture1.Lit.Get());
         EXPECT_EQ(Model.DesignTask, "");
     });
 }
@@ -87,6 +88,17 @@ TEST_F(ExploreHand, TheRightArrowGoesTwelvePointsOnAlongTheCurveAndTheLeftOneBac
         EXPECT_NE(Said().find(said(all[(first + 24) % count])), std::string::npos) << Said();
         form.pic_Map.OnKey({"Left", 0, 0.01});
         EXPECT_NE(Said().find(said(all[(first + 12) % count])), std::string::npos) << Said();
+    });
+}
+
+TEST_F(ExploreHand, ADotIsPickedBeforeTheCurveThatItLiesOn) {
+    form.Take_Task(Four());
+    Inside([&] {
+        ASSERT_GT(form.Shown().size(), 2U);
+        const Point at = form.Shown()[2].linkage.crank.moving;
+        ASSERT_TRUE(form.pic_Map.OnSeize({at.real(), at.imag(), 0, 0.01}));
+        EXPECT_EQ(Said().find("with the link"), std::string::npos) << Said();
+        EXPECT_LT(design::Distance(form.Chosen()->linkage.crank.moving, at), 1e-9);
     });
 }
 

@@ -209,6 +209,7 @@ TEST_F(HelpReader, FindGoesThroughTheFindsOfADocumentForwardsAndBackwards) {
     EXPECT_EQ(Finds(), "3 of 3");
     Press(reader, "cmd_FindAfter");
     EXPECT_EQ(view.Find.Get(), 1) << "round the end";
+    EXPECT_FALSE(reader.cmd_Back.Enabled) << "it never left the document";
     Press(reader, "cmd_FindAfter");
     EXPECT_EQ(Finds(), "2 of 3");
     Press(reader, "cmd_FindBefore");
@@ -272,6 +273,7 @@ TEST_F(HelpReader, ADocumentWithoutAFindLeadsToTheNextThatHasOneAndBackToWhereTh
     EXPECT_EQ(view.Page.Get(), 5);
     EXPECT_FALSE(reader.cmd_Back.Enabled);
     EXPECT_EQ(Finds(), "6 found") << "none of them is in view";
+    EXPECT_EQ(reader.cmb_Finds.ListIndex(), -1);
 }
 
 TEST_F(HelpReader, ADocumentOfTheFindsIsChosenAtItsFirst) {
@@ -355,6 +357,66 @@ TEST_F(HelpReader, AHeadingThatIsNoMoreLeadsNowhere) {
     view.Headings.pop_back();
     reader.cmb_Contents.Choose(1);
     EXPECT_EQ(view.Document.Get(), balance);
+    Found_In({{balance, "Balance", 1}, {theory, "Theory", 1}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    view.Everywhere.pop_back();
+    reader.cmb_Finds.Choose(1);
+    EXPECT_EQ(view.Document.Get(), balance) << "nor does a document that has no find any more";
+}
+
+TEST_F(HelpReader, ADocumentOfOnePageIsOneToo) {
+    Told(1);
+    EXPECT_EQ(reader.txt_Page.Text.Get(), "1");
+    EXPECT_EQ(reader.lbl_Pages.Caption.Get(), "of 1");
+    EXPECT_TRUE(reader.txt_Find.Enabled);
+    EXPECT_FALSE(reader.cmd_PageAfter.Enabled);
+}
+
+TEST_F(HelpReader, BeforeTheFirstFindOfADocumentStandsTheLastOfTheDocumentBefore) {
+    Told(9);
+    Found_In({{balance, "Balance", 3}, {theory, "Theory", 2}});
+    Type(reader, "txt_Find", platform::kNoIndex, "crank");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), balance);
+    EXPECT_EQ(Finds(), "3 of 5") << "a search that begins backwards begins with the last";
+    Press(reader, "cmd_FindBefore");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(Finds(), "1 of 5");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), theory);
+    EXPECT_EQ(Finds(), "5 of 5");
+    view.OnLink(balance);
+    EXPECT_EQ(Finds(), "5 found") << "a reference leads to a document and to none of its finds";
+}
+
+TEST_F(HelpReader, FromADocumentOutsideTheManualTheFirstOrTheLastOfAllIsNext) {
+    const std::string first = Help_Document("mnu_CopyHelp");
+    Told(9);
+    Found_In({{first, "Copy", 2}, {card, "Card", 3}});
+    for (const bool forwards : {true, false}) {
+        reader.Open("helpfiles/other.pdf");
+        Type(reader, "txt_Find", platform::kNoIndex, "crank");
+        Press(reader, forwards ? "cmd_FindAfter" : "cmd_FindBefore");
+        EXPECT_EQ(view.Document.Get(), forwards ? first : card);
+        EXPECT_EQ(view.Find.Get(), forwards ? 1 : 3);
+    }
+}
+
+TEST_F(HelpReader, TheSameWordsAreSoughtAnewWhereOtherDocumentsAreToBeLookedThrough) {
+    Told(9);
+    Found_In({{balance, "Balance", 3}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    view.OnLink(Help_Document("mnu_Manual"));
+    int emptied = 0;
+    const auto told = view.Watcher;
+    view.Watcher = [&] {
+        told();
+        emptied += view.Sought.Get().empty() ? 1 : 0;
+    };
+    Press(reader, "cmd_FindAfter");
+    EXPECT_GT(emptied, 0) << "the desktop hears of words that change";
+    EXPECT_EQ(view.Sought.Get(), "crank");
+    EXPECT_TRUE(view.Library.empty());
 }
 
 TEST_F(HelpReader, TheNextDocumentIsTheNextOfTheMenu) {

@@ -386,10 +386,15 @@ TEST_F(StudiesFound, ATableThatIsSavedTellsWhatTheStudyWas) {
 }
 
 TEST_F(StudiesFound, AWorkbookTellsBesideTheModelHowMuchWasSolvedAndWhatItComesTo) {
-    const auto saved = [this](const std::string& name) {
+    using Formats = std::map<char, std::string>;
+    Formats formats;  // of a row, by its column
+    const auto saved = [this, &formats](const std::string& name) {
         desktop.Expect_Save(Path(name));
         Pick_Menu(form, "mnu_SaveTable");
         const Xlsx_Read read = Read_Xlsx(Path(name));
+        formats.clear();
+        for (const auto& [cell, format] : read.formats)
+            if (cell.starts_with("Study!") && cell.substr(7) == "9") formats[cell[6]] = format;
         std::map<std::string, std::pair<double, std::string>> facts;
         for (const auto& [cell, text] : read.texts) {
             const auto column = cell.find("!A");
@@ -406,12 +411,14 @@ TEST_F(StudiesFound, AWorkbookTellsBesideTheModelHowMuchWasSolvedAndWhatItComesT
         Solve();
         auto facts = saved("sweep.xlsx");
         EXPECT_EQ(facts.size(), 2U);
+        EXPECT_EQ(formats, (Formats{{'A', "0"}, {'B', "0.000000"}, {'C', "0.000000"}}));
         EXPECT_EQ(facts["linkages solved"], Fact(21, ""));
         EXPECT_EQ(facts["linkages in all"], Fact(21, ""));
         Tolerate_Crank("0.03", "uniform", "4000");
         Solve();
         facts = saved("spread.xlsx");
         EXPECT_EQ(facts.size(), 5U);
+        EXPECT_EQ(formats, (Formats{{'A', "0"}, {'B', "0.000000"}, {'C', "0.000000"}, {'D', "0"}}));
         EXPECT_EQ(facts["linkages solved"], Fact(4000, ""));
         EXPECT_EQ(facts["linkages in all"], Fact(4000, ""));
         EXPECT_NEAR(facts["mean"].first, 7, 0.01);

@@ -1,5 +1,6 @@
 // A run saved as a film on the animate screen: its pictures and its time, and that nothing is left of the making.
 #include "animation/film.h"
+#include "core/linkage_door.h"
 #include "files/picture_files.h"
 #include "platform/file_system.h"
 #include "platform/picture_pixels.h"
@@ -81,8 +82,10 @@ TEST_F(Motion, Is_offered_under_the_models_name_in_four_sizes_in_real_time_and_a
 }
 
 TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
-    // 37 steps of 10 degrees at 1 rad/s are 6.46 s; slower by half, 12.9 s.
-    for (const auto& [omega, told] : {std::pair{1.0, "6.46 s in real time"}, {0.5, "12.9 s in real time"}}) {
+    // 37 steps of 10 degrees at 1 rad/s are 6.46 s; slower, 10.4 s and 12.9 s.
+    for (const auto& [omega, told] : {std::pair{1.0, "6.46 s in real time"},
+                                      {0.62, "10.4 s in real time"},
+                                      {0.5, "12.9 s in real time"}}) {
         Model.Omega2 = Model.Omega2Input = omega;
         After_First_Picture([&] {
             desktop.Expect_Save({});
@@ -256,6 +259,24 @@ TEST_F(Motion, Begins_with_its_first_position_alone_whatever_was_stepped_through
         const Gif_Read stepped = Saved(1);
         EXPECT_EQ(stepped.frames[0].pixels, fresh.frames[0].pixels);
     });
+}
+
+TEST_F(Motion, Lasts_from_the_first_position_that_closes_to_the_last) {
+    Enter_Linkage(Road::kBoxes, [] {
+        Model.PolarCoords = true;
+        Model.L1 = 4, Model.Link1Angle = 0;
+        Model.L2 = 3, Model.L3 = 3, Model.L4 = 2.2;
+    });
+    Model.Omega2 = Model.Omega2Input = 10;
+    // Within 94.9 degrees either way of the ground A and O4 are no more than 5.2 apart: 19 positions of 10 degrees.
+    By_Angle(-150, 150, 10);
+    After_First_Picture([&] {
+        desktop.Expect_Save({});
+        Pick_Menu(form, "mnu_SaveMotion");
+    });
+    ASSERT_FALSE(desktop.Dialogs.empty());
+    EXPECT_NE(desktop.Dialogs.back().filter.find("0.33 s in real time"), std::string::npos)
+        << desktop.Dialogs.back().filter;
 }
 
 TEST_F(Motion, Of_two_positions_is_a_run_that_moves) {
