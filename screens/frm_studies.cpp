@@ -251,7 +251,7 @@ void frm_Studies::Read_Record() {
 }
 
 void frm_Studies::Change(const std::function<void(Settings&)>& how) {
-    if (!unreadable_.empty()) return;
+    if (filling_ || !unreadable_.empty()) return;
     // What failed is told, and the boxes show what stands.
     Guarded("frm_Studies.Change", [&] {
         Settings now = settings_;
@@ -262,6 +262,7 @@ void frm_Studies::Change(const std::function<void(Settings&)>& how) {
 }
 
 void frm_Studies::Fill() {
+    filling_ = true;
     Fill_Fields();
     opt_Kind[static_cast<int>(settings_.kind)].Value = true;
     Fill_Sweeps();
@@ -269,6 +270,7 @@ void frm_Studies::Fill() {
     measure.Show(settings_.measure);
     keep.Show(settings_.keep);
     cmb_Frame.Text = settings_.local ? kLocal : kGlobal;
+    filling_ = false;
     Enable_All();
 }
 

@@ -150,6 +150,7 @@ class frm_Studies : public platform::Screen {
     Settings settings_;       ///< as the record has them, in the units in force
     std::string unreadable_;  ///< why the record's are not to be read
     std::vector<std::string> fields_;
+    bool filling_ = false;
 
     study::Aside aside_;
     bool begun_ = false;  ///< what is found is of what stands

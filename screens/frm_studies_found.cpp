@@ -126,7 +126,7 @@ void frm_Studies::Show_Plot() {
                                Short(spread.Least()) + " to " + Short(spread.Greatest()) + ".";
         }
     }
-    graph.Cursor = picked_ ? static_cast<int>(*picked_) + 1 : 0;
+    graph.Cursor = picked_ && *picked_ < count ? static_cast<int>(*picked_) + 1 : 0;
     graph.Draw();
 }
 
@@ -223,8 +223,8 @@ void frm_Studies::Step_Pick(int by) {
 
 void frm_Studies::Show_Picked() {
     cmd_Take.Enabled = picked_ && std::ranges::none_of(picked_fields_, study::Is_None);
-    cmd_Before.Enabled = found_.done > 0 && picked_ != Number{0};
-    cmd_After.Enabled = found_.done > 0 && (!picked_ || *picked_ + 1 < found_.done);
+    cmd_Before.Enabled = begun_ && found_.done > 0 && picked_ != Number{0};
+    cmd_After.Enabled = begun_ && found_.done > 0 && (!picked_ || *picked_ + 1 < found_.done);
     std::string words;
     if (picked_) {
         words = "Linkage " + std::to_string(*picked_ + 1) + ": ";
@@ -242,7 +242,7 @@ void frm_Studies::Show_Picked() {
 
 void frm_Studies::Tell_Bin(double value) {
     const Histogram::Content& shown = his_Spread.Shown;
-    if (!begun_ || shown.counts.empty()) return;
+    if (!begun_ || found_.summary.measures.empty() || shown.counts.empty()) return;
     const double wide = (shown.to - shown.from) / kBins;
     const int bin = std::clamp(static_cast<int>((value - shown.from) / wide), 0, kBins - 1);
     const double low = shown.from + bin * wide;
@@ -270,7 +270,7 @@ void frm_Studies::Show_Picture() {
         return;
     }
     lbl_Step.Caption = "Theta2 " + Short(mechanism_->Crank(step)) + " deg";
-    if (!begun_) return;
+    if (!begun_ || settings_.kind != Settings::Kind::kTolerance) return;
     cloud_ = aside_.Cloud_At(step);
     if (cloud_.empty()) return;
     enlarged_ = study::Enlargement(cloud_, pose->P, window_);

@@ -61,11 +61,7 @@ class Follower {
     }
 
    private:
-    bool Holds(int box) {
-        if (!pull_.holds || !pull_.holds(box)) return false;
-        answer_.held.insert(box);
-        return true;
-    }
+    bool Holds(int box) const { return pull_.holds && pull_.holds(box); }
 
     /// A length in its box and in the linkage that is asked for.
     void Length(int box, double length, Single Geometry::*field) {

@@ -7,6 +7,7 @@ namespace verlink {
 
 Search_Aside::~Search_Aside() {
     if (Runs()) Await();
+    found_.reset();
 }
 
 void Search_Aside::Begin(const design::Task& task, const design::Effort& effort) {

@@ -1,4 +1,7 @@
 // From the screen of linkages for a task, come to from home, to the screens of synthesis; and where no road leads.
+#include "core/text.h"
+#include "design/choices.h"
+#include "screens/synthesis_screen.h"
 #include "tests/screens/frm_explore_fixture.h"
 
 namespace verlink::test {
@@ -49,6 +52,65 @@ TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
     EXPECT_EQ(Model.SynMethod, 2);
     EXPECT_EQ(Model.SynPositions, 2);
     EXPECT_FALSE(Model.SpecifiedPivots);
+}
+
+TEST_F(ExploreChoices, FromHomeAreFreeOnesWhateverPivotsWereSpecifiedBefore) {
+    form.Take_Task(With({{{0, 0}, 0}, {{4, 1}, -110}, {{6, 4}, -160}}));
+    Model.SpecifiedPivots = true;
+    Inside([&] {
+        const auto& three = dynamic_cast<Synthesis_Screen&>(platform::Screens::Get("frm_Synth3"));
+        design::Choices choices = design::Choices_Of(form.The_Task(), *form.Chosen());
+        // One that specified pivots would not come to.
+        const auto by_pivots_alone_not = [&] {
+            choices = design::Choices_Of(form.The_Task(), *form.Chosen());
+            if (!three.Trouble_With(choices).empty()) return false;
+            design::Choices specified = choices;
+            specified.specified = true;
+            return !three.Trouble_With(specified).empty();
+        };
+        for (std::size_t i = 1; i < form.Shown().size() && !by_pivots_alone_not(); ++i) form.key_Next.OnPress();
+        ASSERT_TRUE(by_pivots_alone_not());
+        desktop.Expect_Screen("frm_Synth3", [&](platform::Screen& synthesis) {
+            const platform::TextBox& turn = synthesis.Text("txt_Beta2");
+            EXPECT_TRUE(turn.Touched()) << "it is typed there";
+            EXPECT_NEAR(Val(turn.Text.Get()), choices.beta2, 1e-3);
+            Press(synthesis, "cmd_Cancel");
+        });
+        Press(form, "cmd_Choices");
+    });
+}
+
+TEST_F(ExploreChoices, GoToTheOtherMethodWhereTheLastOneDoesNotComeToTheLinkage) {
+    const auto trouble = [&](const char* name) {
+        auto& synthesis = dynamic_cast<Synthesis_Screen&>(platform::Screens::Get(name));
+        return !synthesis.Trouble_With(design::Choices_Of(form.The_Task(), *form.Chosen())).empty();
+    };
+    // The body hardly turns, which leaves three angles little to go by.
+    form.Take_Task(With({{{0, 0}, -33.9}, {{-0.8, 1.9}, -34.4}}));
+    int last = 0;
+    for (std::size_t i = 0; i < form.Shown().size() && last == 0; ++i) {
+        if (i > 0) form.key_Next.OnPress();
+        const bool first = trouble("frm_Synth2A"), second = trouble("frm_Synth2B");
+        if (first != second) last = first ? 1 : 2;
+    }
+    ASSERT_NE(last, 0);
+    Model.SynPositions = 1;
+    Model.SynMethod = last;
+    Inside([&] {
+        Expect_Synthesis(last == 1 ? "frm_Synth2B" : "frm_Synth2A");
+        Press(form, "cmd_Choices");
+    });
+    EXPECT_EQ(Model.SynMethod, 3 - last);
+}
+
+TEST_F(ExploreChoices, TheFirstMethodIsNotedWhereNoneWasUsedYet) {
+    form.Take_Task(So_Many(2));
+    Model.SynMethod = 0;
+    Inside([&] {
+        Expect_Synthesis("frm_Synth2A");
+        Press(form, "cmd_Choices");
+    });
+    EXPECT_EQ(Model.SynMethod, 1);
 }
 
 TEST_F(ExploreChoices, OfFourPositionsAreNone) {

@@ -209,6 +209,7 @@ TEST_F(HelpReader, FindGoesThroughTheFindsOfADocumentForwardsAndBackwards) {
     EXPECT_EQ(Finds(), "3 of 3");
     Press(reader, "cmd_FindAfter");
     EXPECT_EQ(view.Find.Get(), 1) << "round the end";
+    EXPECT_FALSE(reader.cmd_Back.Enabled) << "it never left the document";
     Press(reader, "cmd_FindAfter");
     EXPECT_EQ(Finds(), "2 of 3");
     Press(reader, "cmd_FindBefore");
@@ -347,6 +348,141 @@ TEST_F(HelpReader, WhoIsAskedToFollowGoesToTheScreenOnTopAtOnce) {
     Screens::Discard();
     desktop.Expect_Screen("frm_Quit", [](Screen& screen) { screen.Hide(); });
     Screens::Get("frm_Quit").ShowModal();
+}
+
+TEST_F(HelpReader, AScreenIsFollowedAgainAfterAnotherDocumentWasOpened) {
+    desktop.Expect_Screen("frm_Help", [](Screen&) {});
+    reader.ShowBeside();
+    Tick(reader, "chk_Follow", true);
+    Screen& dynamics = Screens::Get("frm_MassProp");
+    for (int i = 0; i < 2; ++i) {
+        desktop.Expect_Screen("frm_MassProp", [](Screen& screen) { screen.Hide(); });
+        dynamics.ShowModal();
+        EXPECT_EQ(view.Document.Get(), Screen_Help(dynamics)) << i;
+        reader.Open(theory);
+    }
+}
+
+TEST_F(HelpReader, ThePageOfAnotherDocumentIsLeftToTheDesktop) {
+    Told(9);
+    view.Page = 4;
+    reader.Open(theory);
+    EXPECT_EQ(view.Page.Get(), 4) << "the old document does not turn before it goes";
+}
+
+TEST_F(HelpReader, AHeadingThatIsNoMoreLeadsNowhere) {
+    Told(4, 1, {{1, "Balance", "balance"}, {2, "Weights", "weights"}});
+    view.Headings.pop_back();
+    reader.cmb_Contents.Choose(1);
+    EXPECT_EQ(view.Document.Get(), balance);
+    Found_In({{balance, "Balance", 1}, {theory, "Theory", 1}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    view.Everywhere.pop_back();
+    reader.cmb_Finds.Choose(1);
+    EXPECT_EQ(view.Document.Get(), balance) << "nor does a document that has no find any more";
+}
+
+TEST_F(HelpReader, ADocumentOfOnePageIsOneToo) {
+    Told(1);
+    EXPECT_EQ(reader.txt_Page.Text.Get(), "1");
+    EXPECT_EQ(reader.lbl_Pages.Caption.Get(), "of 1");
+    EXPECT_TRUE(reader.txt_Find.Enabled);
+    EXPECT_FALSE(reader.cmd_PageAfter.Enabled);
+}
+
+TEST_F(HelpReader, BeforeTheFirstFindOfADocumentStandsTheLastOfTheDocumentBefore) {
+    Told(9);
+    Found_In({{balance, "Balance", 3}, {theory, "Theory", 2}});
+    Type(reader, "txt_Find", platform::kNoIndex, "crank");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), balance);
+    EXPECT_EQ(Finds(), "3 of 5") << "a search that begins backwards begins with the last";
+    Press(reader, "cmd_FindBefore");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(Finds(), "1 of 5");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), theory);
+    EXPECT_EQ(Finds(), "5 of 5");
+    view.OnLink(balance);
+    EXPECT_EQ(Finds(), "5 found") << "a reference leads to a document and to none of its finds";
+}
+
+TEST_F(HelpReader, FromADocumentOutsideTheManualTheFirstOrTheLastOfAllIsNext) {
+    const std::string first = Help_Document("mnu_CopyHelp");
+    Told(9);
+    Found_In({{first, "Copy", 2}, {card, "Card", 3}});
+    for (const bool forwards : {true, false}) {
+        reader.Open("helpfiles/other.pdf");
+        Type(reader, "txt_Find", platform::kNoIndex, "crank");
+        Press(reader, forwards ? "cmd_FindAfter" : "cmd_FindBefore");
+        EXPECT_EQ(view.Document.Get(), forwards ? first : card);
+        EXPECT_EQ(view.Find.Get(), forwards ? 1 : 3);
+    }
+}
+
+TEST_F(HelpReader, TheSameWordsAreSoughtAnewWhereOtherDocumentsAreToBeLookedThrough) {
+    Told(9);
+    Found_In({{balance, "Balance", 3}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    view.OnLink(Help_Document("mnu_Manual"));
+    int emptied = 0;
+    const auto told = view.Watcher;
+    view.Watcher = [&] {
+        told();
+        emptied += view.Sought.Get().empty() ? 1 : 0;
+    };
+    Press(reader, "cmd_FindAfter");
+    EXPECT_GT(emptied, 0) << "the desktop hears of words that change";
+    EXPECT_EQ(view.Sought.Get(), "crank");
+    EXPECT_TRUE(view.Library.empty());
+}
+
+TEST_F(HelpReader, TheNextDocumentIsTheNextOfTheMenu) {
+    const std::string before = Help_Document("mnu_GlossaryHelp"), after = Help_Document("mnu_WorkedHelp");
+    Told(9);
+    reader.Open(card);
+    Found_In({{before, "Glossary", 2}, {after, "Worked", 3}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    EXPECT_EQ(view.Document.Get(), after);
+    reader.Open(card);
+    Type(reader, "txt_Find", platform::kNoIndex, "crank");
+    Press(reader, "cmd_FindBefore");
+    EXPECT_EQ(view.Document.Get(), before);
+    EXPECT_EQ(view.Find.Get(), 2);
+}
+
+TEST_F(HelpReader, AFindOfOneDocumentIsNeverThatOfTheNext) {
+    Told(9);
+    Found_In({{balance, "Balance", 1}, {theory, "Theory", 1}});
+    Enter(reader, "txt_Find", platform::kNoIndex, "crank");
+    ASSERT_EQ(view.Find.Get(), 1);
+    std::vector<int> finds;
+    const auto told = view.Watcher;
+    view.Watcher = [&] {
+        told();
+        if (view.Document.Get() == theory) finds.push_back(view.Find.Get());
+    };
+    Press(reader, "cmd_FindAfter");
+    ASSERT_FALSE(finds.empty());
+    EXPECT_EQ(finds.front(), 0);
+    EXPECT_EQ(finds.back(), 1);
+}
+
+TEST_F(HelpReader, GoesBesideTheProgramAtOnceAndTheMenuMarksIt) {
+    const auto marked = [this] { return reader.mnu_Beside.Checked.Get(); };
+    Pick_Menu(reader, "mnu_Shrink");
+    EXPECT_FALSE(marked());
+    Pick_Menu(reader, "mnu_Beside");
+    EXPECT_TRUE(marked());
+    EXPECT_EQ(reader.Width().Get(), 25600 * 4 / 10);
+    EXPECT_EQ(reader.Height().Get(), 14400 - 400);
+    EXPECT_EQ(reader.Left().Get(), 25600 - 25600 * 4 / 10);
+    EXPECT_EQ(reader.Top().Get(), 0);
+    Pick_Menu(reader, "mnu_Full");
+    EXPECT_FALSE(marked());
+    Pick_Menu(reader, "mnu_Beside");
+    Pick_Menu(reader, "mnu_Shrink");
+    EXPECT_FALSE(marked());
 }
 
 }  // namespace verlink::test

@@ -58,6 +58,22 @@ class Studies : public Fixture {
             form.Timer1.Tick();
         }
     }
+    /// Cranks of 0.5 to 1.5 inches, or as many millimetres, 0.05 apart.
+    void Sweep_Cranks(const char* from = "0.5", const char* to = "1.5", const char* count = "21") {
+        Put_Box("txt_From", 1, from);
+        Put_Box("txt_To", 1, to);
+        Put_Box("txt_Count", 1, count);
+        Write(0, kPin);
+    }
+    /// Only the crank has a tolerance.
+    void Tolerate_Crank(const std::string& plus_minus, const std::string& spread, const std::string& samples) {
+        Choose_Option(form, "opt_Kind", 1);
+        Put_Box("txt_PlusMinus", 1, plus_minus);
+        for (int row = 2; row <= 4; ++row) Choose(form.cmb_Tolerance[row], "(none)");
+        Choose(form.cmb_Spread[1], spread);
+        Put_Box("txt_Samples", platform::kNoIndex, samples);
+        Write(0, kPin);
+    }
     /// The same study by the code that the batch runs, one linkage after the other.
     std::vector<float> One_By_One(const study::Words& words) {
         study::Design design = study::Design_Of(Model);
@@ -73,7 +89,11 @@ class Studies : public Fixture {
         }
         return all;
     }
+    /// The measure that is 7 times the length of the crank, in the model's unit a second.
+    static constexpr char kPin[] = "max Veloc I 2,3:Mag";
     Measure_Choice& Choice(int index) { return index == 0 ? form.measure : form.keep; }
+    std::string Picked() { return form.lbl_Picked.Caption; }
+    std::string Told() { return form.lbl_Told.Caption; }
     frm_Studies& form;
 };
 

@@ -179,7 +179,7 @@ TEST_F(StudiesFound, ASpreadIsCountedInFortyBinsFromTheLeastToTheGreatest) {
             {"model", 7}, {"1 %", 7 * (0.97 + 0.0006)}, {"99 %", 7 * (1.03 - 0.0006)}, {"50 %", 7}};
         for (std::size_t i = 0; i < 4; ++i) {
             EXPECT_EQ(shown.lines[i].name, lines[i].first);
-            EXPECT_NEAR(shown.lines[i].at, lines[i].second, 0.03) << lines[i].first;
+            EXPECT_NEAR(shown.lines[i].at, lines[i].second, i == 3 ? 0.03 : 0.003) << lines[i].first;
             EXPECT_EQ(shown.lines[i].faint, i > 0);
         }
         EXPECT_EQ(Told(), "Of the model 7, mean " + Four(tally.Mean()) + ", standard deviation " +
@@ -251,7 +251,7 @@ TEST_F(StudiesFound, TheTableOfASpreadHasTheSharesAndTheBins) {
         Solve();
         const auto& shown = form.his_Spread.Shown.Get();
         const auto rows = Copied_Rows();
-        ASSERT_GE(rows.size(), 41U);
+        ASSERT_EQ(rows.size(), 41U);
         EXPECT_EQ(rows[0], (std::vector<std::string>{"Below share (%)", "max Veloc I 2,3:Mag (in/sec)",
                                                      "From bin (in/sec)", "Linkages bin"}));
         const std::map<std::size_t, double> shares = {{1, 0},  {2, 1},  {3, 5},  {4, 25}, {5, 50},

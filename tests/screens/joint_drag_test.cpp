@@ -30,7 +30,8 @@ class JointDrag : public JointHand {
         for (const auto& value : answer.values) boxes.insert(value.box);
         return boxes;
     }
-    static Spot Crank() { return Where(Joint::kA, 0); }
+    /// In the first position.
+    static Spot Crank() { return Where(Joint::kA, Model.RunTable.Theta(0, 0)); }
     static Spot Now(Joint joint) { return Where(joint, 0); }
 };
 
@@ -117,6 +118,93 @@ TEST_F(JointDrag, WhatDoesNotCloseIsToldAndNothingFollows) {
     EXPECT_FALSE(Ask(Joint::kA, reach - 0.01).refused);
     By_Angle(0, 90, 10);
     EXPECT_TRUE(Ask(Joint::kA, std::polar(3.0, 200 * M_PI / 180)).values.empty()) << "behind O2 there is no length";
+}
+
+TEST_F(JointDrag, AnEndOnItsOwnCentreIsNoLength) {
+    const Spot near(0.0005, 0);
+    EXPECT_TRUE(Ask(Joint::kB, Now(Joint::kA) + near).values.empty());
+    EXPECT_TRUE(Ask(Joint::kB, Now(Joint::kO4) + near, {}, true).values.empty());
+}
+
+TEST_F(JointDrag, AcrossTheLineFromAToO4ThePinBIsRefusedUnlessItIsHeld) {
+    const Spot A = Now(Joint::kA), axis = (Now(Joint::kO4) - A) / std::abs(Now(Joint::kO4) - A);
+    const Spot across = A + std::conj((Now(Joint::kB) - A) / axis) * axis;
+    for (const bool coupler : {false, true}) {
+        EXPECT_TRUE(Ask(Joint::kB, across, {}, coupler).refused) << coupler;
+        EXPECT_FALSE(Ask(Joint::kB, across, {coupler ? 2 : 3}, coupler).refused) << coupler;
+    }
+}
+
+TEST_F(JointDrag, APullBehindAHeldAngleIsNoDistance) {
+    const Spot arm = Now(Joint::kP) - Now(Joint::kA);
+    EXPECT_EQ(Value(Ask(Joint::kP, Now(Joint::kA) - arm, {5}), 4), 0);
+}
+
+TEST_F(JointDrag, TheEndsOfARunAreAmongThePositionsThatTheCrankTurnsTo) {
+    By_Angle(0, 90, 10);
+    EXPECT_EQ(Ask(Joint::kA, double{Model.L2}, {}, false, 5).step, 0);
+    EXPECT_EQ(Ask(Joint::kA, Spot(0, Model.L2)).step, 9) << "and so is the last";
+    EXPECT_EQ(Ask(Joint::kA, std::polar(20.0, 41 * M_PI / 180)).step, 0) << "refused, it stays where it is";
+}
+
+TEST_F(JointDrag, ARefusedGroundHasTheAngleOfItsPlace) {
+    Turn_Ground(25);
+    Model.PolarCoords = false;
+    By_Angle(0, 360, 10);
+    Model.L4 = 50;
+    for (const Spot to : {Spot(1, 0), Spot(0, 1), Spot(2, -2)}) {
+        const Followed answer = Ask(Joint::kO4, to);
+        ASSERT_TRUE(answer.refused);
+        EXPECT_NEAR(answer.refused->Link1Angle, std::arg(to) * 180 / M_PI, 1e-4) << to;
+    }
+}
+
+TEST_F(JointDrag, AGroundThatTurnsIsRefusedWhereTheCirclesDoNotMeetUnlessItTakesTheCrankAlong) {
+    for (const bool cam : {false, true}) {
+        Fresh();
+        Model.L1 = 4, Model.L2 = 3, Model.L3 = 3, Model.L4 = 2.2;
+        Turn_Ground(30);
+        if (cam)
+            By_Cam(20, 12);
+        else
+            By_Angle(60, 420, 10);
+        ASSERT_TRUE(Model.RunTable.Assembled(0));
+        const Spot A = Crank();
+        int refused = 0;
+        for (int turn = 10; turn < 360; turn += 20) {
+            const Spot O4 = std::polar(4.0, (30 + turn) * M_PI / 180);
+            const double reach = std::abs(O4 - A);
+            const bool apart = !cam && (reach > 5.2 || reach < 0.8);
+            EXPECT_EQ(Ask(Joint::kO4, O4).refused.has_value(), apart) << turn << (cam ? " by cam" : " by angle");
+            refused += apart ? 1 : 0;
+        }
+        EXPECT_EQ(refused > 0, !cam);
+    }
+}
+
+TEST_F(JointDrag, WhereTheLinksJustLieInLineItDoesNotClose) {
+    Enter_Linkage(Road::kBoxes, [] {
+        Model.PolarCoords = false;
+        Model.Link1X = 4, Model.Link1Y = 0;
+        Model.L2 = 1, Model.L3 = 2.5, Model.L4 = 2;
+    });
+    By_Angle(0, 360, 10);
+    // The pin A lies at 1, so that O4 may be 0.5 to 4.5 away from there.
+    for (const double x : {5.5, 1.5}) EXPECT_TRUE(Ask(Joint::kO4, x).refused) << x;
+    for (const double x : {5.499, 1.501}) EXPECT_FALSE(Ask(Joint::kO4, x).refused) << x;
+}
+
+TEST_F(JointDrag, TheAngleOfAShortArmHasTheDecimalsThatItsLengthAsksFor) {
+    Pull pull;
+    pull.fine = 1e-6;
+    const Spot along = (Now(Joint::kB) - Now(Joint::kA)) / std::abs(Now(Joint::kB) - Now(Joint::kA));
+    const Spot to = Now(Joint::kA) + 0.5 * along * std::polar(1.0, 0.7);
+    pull.to = {to.real(), to.imag()};
+    // A millionth at half a unit is 0.00011 degrees.
+    const Followed answer = Follow(pull, Model);
+    ASSERT_EQ(Boxes(answer), (std::set{4, 5}));
+    EXPECT_EQ(answer.values[1].box, 5);
+    EXPECT_EQ(answer.values[1].decimals, 4);
 }
 
 TEST_F(JointDrag, AnglesStayNextToWhatTheyWere) {

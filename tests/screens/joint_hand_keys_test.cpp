@@ -56,6 +56,32 @@ TEST_F(JointKeys, TheArrowsStepARunThatAnotherStageDrivesToo) {
     });
 }
 
+TEST_F(JointKeys, EachDigitAndThePointBeginANumber) {
+    for (const char* key : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "."})
+        After_First_Picture([&] {
+            const std::string before = Text_In(4);
+            Key("P");
+            Key(key);
+            EXPECT_EQ(Text_In(4), key);
+            form.txt_Linkout[4].Text = before;
+        });
+}
+
+TEST_F(JointKeys, TheWalkPassesOverWhatIsNotDrawn) {
+    After_First_Picture([&] {
+        form.chk_Showlinks.Value = false;
+        Press(form, "cmd_Reset");
+        Key("J");
+        ASSERT_TRUE(Picture().Lit.Get()) << "the ground pivot is the last of the four";
+        EXPECT_NEAR(Picture().Lit.Get()->x, Where(Joint::kO4).real(), Pixel());
+        Key("J");
+        ASSERT_TRUE(Picture().Lit.Get()) << "and comes again";
+        Key("Esc");
+        Key("A");
+        EXPECT_FALSE(Picture().Lit.Get());
+    });
+}
+
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
     After_First_Picture([&] {
         Enter(form, "txt_Linkout", 2, "0.01");
