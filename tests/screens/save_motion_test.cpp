@@ -83,9 +83,8 @@ TEST_F(Motion, Is_offered_under_the_models_name_in_four_sizes_in_real_time_and_a
 
 TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
     // 37 steps of 10 degrees at 1 rad/s are 6.46 s; slower, 10.4 s and 12.9 s.
-    for (const auto& [omega, told] : {std::pair{1.0, "6.46 s in real time"},
-                                      {0.62, "10.4 s in real time"},
-                                      {0.5, "12.9 s in real time"}}) {
+    for (const auto& [omega, told] :
+         {std::pair{1.0, "6.46 s in real time"}, {0.62, "10.4 s in real time"}, {0.5, "12.9 s in real time"}}) {
         Model.Omega2 = Model.Omega2Input = omega;
         After_First_Picture([&] {
             desktop.Expect_Save({});
