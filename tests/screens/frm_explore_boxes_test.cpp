@@ -1,5 +1,5 @@
-// Boxes and lists of the screen of linkages for a task: texts that stand in no list, faults that stay and go, numbers as
-// they are shown.
+// Boxes and lists of the screen of linkages for a task: texts that stand in no list, faults that stay and go, numbers
+// as they are shown.
 #include "core/text.h"
 #include "tests/screens/frm_explore_fixture.h"
 

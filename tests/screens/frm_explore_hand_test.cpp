@@ -18,6 +18,18 @@ class ExploreHand : public ExploreFixture {
     static double Side(const platform::PictureBox& picture) {
         return picture.Drawing().Right() - picture.Drawing().Left();
     }
+    /// The box around the positions and a pivot of each linkage, in the order of the list.
+    design::Box All_On_Map(int map) const {
+        design::Box all = design::Seen_Of(form.The_Task());
+        for (const Solution& solution : form.Shown()) {
+            const design::FourBar& bar = solution.linkage;
+            const Point pivots[] = {bar.crank.moving, bar.crank.fixed, bar.other.moving, bar.other.fixed};
+            const Point at = pivots[map];
+            all.low = {std::min(all.low.real(), at.real()), std::min(all.low.imag(), at.imag())};
+            all.high = {std::max(all.high.real(), at.real()), std::max(all.high.imag(), at.imag())};
+        }
+        return all;
+    }
 };
 
 TEST_F(ExploreHand, ReachesTenPixels) {
@@ -119,14 +131,7 @@ TEST_F(ExploreHand, TheMapIsASquareAFifthWiderThanWhatItHas) {
         Inside([&] {
             for (int map = 0; map < 4; ++map) {
                 form.cmb_Map.Choose(map);
-                design::Box all = design::Seen_Of(form.The_Task());
-                for (const Solution& solution : form.Shown()) {
-                    const design::FourBar& bar = solution.linkage;
-                    const Point pivots[] = {bar.crank.moving, bar.crank.fixed, bar.other.moving, bar.other.fixed};
-                    const Point at = pivots[map];
-                    all.low = {std::min(all.low.real(), at.real()), std::min(all.low.imag(), at.imag())};
-                    all.high = {std::max(all.high.real(), at.real()), std::max(all.high.imag(), at.imag())};
-                }
+                const design::Box all = All_On_Map(map);
                 const double wide = all.high.real() - all.low.real(), high = all.high.imag() - all.low.imag();
                 EXPECT_NEAR(Side(form.pic_Map), 1.2 * std::max(wide, high), 1e-6) << map;
                 EXPECT_NEAR(form.pic_Map.Drawing().Left() + form.pic_Map.Drawing().Right(),

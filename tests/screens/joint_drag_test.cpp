@@ -11,7 +11,7 @@ namespace {
 
 class JointDrag : public JointHand {
    protected:
-    static Followed Ask(Joint joint, Spot to, std::set<int> held = {}, bool coupler = false, int step = 0) {
+    static Followed Ask(Joint joint, Spot to, const std::set<int>& held = {}, bool coupler = false, int step = 0) {
         Pull pull;
         pull.joint = joint;
         pull.coupler = coupler;
