@@ -10,8 +10,6 @@
 namespace verlink::test {
 namespace {
 
-using platform::kNoIndex;
-
 class AnimateActivation : public AnimateScreen {};
 
 TEST_F(AnimateActivation, CaptionsAndTexts) {

@@ -375,9 +375,10 @@ TEST_F(Activation, AnUntitledModelLeavesTheTitleBoxAlone) {
 
 TEST_F(Activation, TheDragOptionShowsTheTargetInForce) {
     // As chosen on the animate screen: the coupler, the rocker, the coupler point, the ground, the crank.
-    for (const auto& [target, option] : {std::pair{4, 4}, {1, 2}, {2, 0}, {3, 3}, {0, 1}}) {
-        Model.ShiftDragTarget = target;
-        const int asked = target, shown = option;
+    const std::pair<int, int> targets[] = {{4, 4}, {1, 2}, {2, 0}, {3, 3}, {0, 1}};
+    for (const auto& pair : targets) {
+        const int asked = pair.first, shown = pair.second;
+        Model.ShiftDragTarget = asked;
         Show([this, asked, shown] {
             for (int i = 0; i <= 4; ++i) EXPECT_EQ(input.opt_Shift_Drag[i].Value.Get(), i == shown) << asked;
             EXPECT_EQ(Model.ShiftDragTarget, asked);

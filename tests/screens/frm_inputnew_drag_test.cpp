@@ -46,6 +46,18 @@ TEST_F(InputDrag, IsDrawnWhereTheHandIsAndStepGoesOnFromThere) {
     });
 }
 
+TEST_F(InputDrag, ACrankThatIsTurnedTakesTheBarAlong) {
+    Show([&] {
+        Calculate_Now();
+        const auto at = [](int step) { return Model.RunTable.Theta(step, 0) * M_PI / 180; };
+        const double now = at(input.hsc_step.Value()), later = at(9), L2 = Model.L2;
+        ASSERT_TRUE(input.Picture1.OnSeize(Touch_At(L2 * std::cos(now), L2 * std::sin(now))));
+        Pull(L2 * std::cos(later), L2 * std::sin(later));
+        EXPECT_EQ(input.hsc_step.Value(), 9);
+        Let_Go();
+    });
+}
+
 TEST_F(InputDrag, WhatIsTypedMeanwhileStays) {
     Show([&] {
         Calculate_Now();

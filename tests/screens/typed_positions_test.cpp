@@ -104,7 +104,7 @@ TEST(TypedPositions, WithoutPivotsThePlacesOfTheFirstPositionAndOfThePivotsStay)
 
 TEST(TypedPositions, PivotsOfATaskThatMayLieElsewhereAreNotThoseTyped) {
     Task task = Task_Of(Some_Typed());
-    task.left.fixed.points.push_back({0, 0});
+    task.left.fixed.points.emplace_back(0, 0);
     EXPECT_TRUE(With_Positions(task, Some_Typed())) << "one of several";
     task.left.fixed = {Area::Is::kWithin, {-1, -2}, {-1, -2}, {{-1, -2}}};
     EXPECT_TRUE(With_Positions(task, Some_Typed()));

@@ -160,14 +160,14 @@ TEST_F(WhyLine, A_shift_drag_is_held_where_all_that_it_changes_is_locked) {
         bool polar;
         std::vector<int> locks;
         const char* words;
-    } kCases[] = {{0, true, {4, 5}, "the distance to the coupler point and the angle to the coupler point are"},
-                  {1, true, {1}, "link 2 is"},
-                  {3, true, {0, 6}, "the length of link 1 and the angle of link 1 are"},
-                  {3, false, {15, 16}, "x of O4 and y of O4 are"},
-                  {4, true, {2}, "link 3 is"}};
+    } cases[] = {{0, true, {4, 5}, "the distance to the coupler point and the angle to the coupler point are"},
+                 {1, true, {1}, "link 2 is"},
+                 {3, true, {0, 6}, "the length of link 1 and the angle of link 1 are"},
+                 {3, false, {15, 16}, "x of O4 and y of O4 are"},
+                 {4, true, {2}, "link 3 is"}};
     After_First_Picture([&] {
         const auto drag = [&] { form.Picture1.OnMouseMove(1, kShift, 3, Model.FlipSum - 3); };
-        for (const auto& held : kCases) {
+        for (const auto& held : cases) {
             SCOPED_TRACE(held.words);
             Choose_Option(form, "opt_Polar", held.polar ? 1 : 0);
             Choose_Option(form, "opt_Shift_Drag", held.option);
