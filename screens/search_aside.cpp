@@ -7,11 +7,11 @@ namespace verlink {
 
 Search_Aside::~Search_Aside() {
     if (Runs()) Await();
-    found_.reset();
 }
 
 void Search_Aside::Begin(const design::Task& task, const design::Effort& effort) {
     if (Runs()) Await();
+    found_.reset();
     part_ = 0;
     stop_ = ended_ = false;
     thread_ = std::thread([this, task, effort] {
