@@ -107,9 +107,8 @@ void frm_Studies::Write_Tips() {
 }
 
 void frm_Studies::Bind() {
-    opt_Kind.On(&platform::OptionButton::OnClick, [this](int kind) {
-        if (opt_Kind[kind].Value) Change([kind](Settings& s) { s.kind = static_cast<Settings::Kind>(kind); });
-    });
+    opt_Kind.On(&platform::OptionButton::OnClick,
+                [this](int kind) { Change([kind](Settings& s) { s.kind = static_cast<Settings::Kind>(kind); }); });
     Bind_Sweeps();
     Bind_Tolerances();
     Bind_Measures();
@@ -394,7 +393,6 @@ void frm_Studies::cmd_Start_Click() {
         if (const auto* list = dynamic_cast<ComboBox*>(Focus()); list && list->OnLostFocus) list->OnLostFocus();
         std::string fault;
         const auto study = Study_Now(fault);
-        lbl_Fault.Caption = fault;
         if (!study) return;
         Drop();
         key_ = study::Settings_Text(settings_) + study::Key_Of(study->design);
