@@ -44,11 +44,11 @@ std::optional<double> Value_Of(const std::string& text) {
 
 /// Round numbers in each system.
 Task Begun_Task(int units) {
-    constexpr std::array<double, 6> kScale{1, 1, 1, 0.1, 10, 100};
+    constexpr std::array<double, 5> kScale{1, 1, 0.1, 10, 100};
     Task task;
     task.units = units;
     task.positions = {{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}};
-    for (Place& place : task.positions) place.at *= kScale.at(static_cast<std::size_t>(units));
+    for (Place& place : task.positions) place.at *= kScale.at(static_cast<std::size_t>(units - 1));
     return task;
 }
 
@@ -176,7 +176,6 @@ void frm_Explore::Show_Kept() {
 }
 
 void frm_Explore::Keep() {
-    task_.units = Model.Units;
     kept_fault_.clear();
     Take_Task_Text(Model.DesignTask, design::Task_Text(task_));
 }
@@ -345,7 +344,6 @@ void frm_Explore::Choose_Form() {
 
 /// What was found stays, and is scored and ordered anew.
 void frm_Explore::Choose_Weight(int weight) {
-    if (filling_) return;
     Guarded("frm_Explore.Weight", [&] {
         Task task = task_;
         const int before = std::clamp(static_cast<int>(std::lround(Weight_At(task, weight))), 0, kHeaviest);

@@ -54,18 +54,13 @@ class Follower {
         }
         if (pull_.joint != Joint::kP && (other_circuit_ || !Closes())) {
             answer_.values.clear();
-            answer_.step = pull_.step;
             answer_.refused = asked_;
         }
         return std::move(answer_);
     }
 
    private:
-    bool Holds(int box) {
-        if (!pull_.holds || !pull_.holds(box)) return false;
-        answer_.held.insert(box);
-        return true;
-    }
+    bool Holds(int box) const { return pull_.holds && pull_.holds(box); }
 
     /// A length in its box and in the linkage that is asked for.
     void Length(int box, double length, Single Geometry::*field) {

@@ -117,6 +117,19 @@ TEST_F(AnimateDrag, TheCouplerPointGoesWhereTheMouseIs) {
     });
 }
 
+TEST_F(AnimateDrag, TheAngleOfTheCouplerPointIsTypedInThousandthsOfADegree) {
+    After_First_Picture([&] {
+        std::size_t most = 0;
+        for (const double x : {0.9, 1.1, 1.3, 1.5}) {
+            Drag(x, 1);
+            const std::string text = Text_In(5);
+            const std::size_t point = text.find('.');
+            if (point != std::string::npos) most = std::max(most, text.size() - point - 1);
+        }
+        EXPECT_EQ(most, 3U);
+    });
+}
+
 TEST_F(AnimateDrag, AtTheLastStepItIsMeasuredThere) {
     After_First_Picture([&] {
         form.hsc_step.Drag(36);
@@ -293,8 +306,9 @@ TEST_F(AnimateDrag, ALinkageThatCannotCloseIsToldAndReappears) {
             "The computation will now be aborted.\rPlease correct your link lengths.\r\r"
             "If you were shift-click-dragging a joint,just \rshift-click in a new location until linkage reappears.",
             platform::Answer::kOk, platform::Icon::kNone, platform::Buttons::kOk);
-        Drag(50, 0);
+        Drag(50, 10);
         EXPECT_EQ(Model.Grashof_Code, "NL");
+        EXPECT_EQ(Number(), "11.3") << "the direction that the crank was asked for";
         Drag(1, 0);
         EXPECT_EQ(Model.Grashof_Code, "Y");
         EXPECT_NEAR(Model.RunTable.PointXY(0, 0, 0), 1, 1e-6);

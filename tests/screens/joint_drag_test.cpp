@@ -119,6 +119,88 @@ TEST_F(JointDrag, WhatDoesNotCloseIsToldAndNothingFollows) {
     EXPECT_TRUE(Ask(Joint::kA, std::polar(3.0, 200 * M_PI / 180)).values.empty()) << "behind O2 there is no length";
 }
 
+TEST_F(JointDrag, BehindItsLineACouplerPointOfALockedAngleComesToA) {
+    const Spot A = Now(Joint::kA), arm = Now(Joint::kP) - A;
+    EXPECT_EQ(Value(Ask(Joint::kP, A - arm, {5}), 4), 0);
+    EXPECT_NEAR(Value(Ask(Joint::kP, A + arm * 0.1, {5}), 4), std::abs(arm) * 0.1, 0.001);
+}
+
+TEST_F(JointDrag, TheCrankComesToTheFirstAndTheLastPositionToo) {
+    By_Angle(0, 90, 10);
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 2 * M_PI / 180), {}, false, 5).step, 0);
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 88 * M_PI / 180), {}, false, 5).step, 9);
+    // The nearest that closes.
+    Model.RunTable.Assembled(0) = false;
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 2 * M_PI / 180), {}, false, 5).step, 1);
+}
+
+TEST_F(JointDrag, OfPositionsAlikeTheCrankTakesTheOneNextToWhatIsShown) {
+    By_Angle(0, 1080, 10);
+    const Spot at = std::polar(1.2, 92 * M_PI / 180);
+    for (const auto& [shown, taken] : {std::pair{0, 9}, {20, 9}, {40, 45}, {60, 45}, {70, 81}, {108, 81}})
+        EXPECT_EQ(Ask(Joint::kA, at, {}, false, shown).step, taken) << shown;
+}
+
+TEST_F(JointDrag, BeyondTheLineFromAToO4NeitherRockerNorCouplerFollowsUnlessItIsHeld) {
+    const Spot A = Now(Joint::kA), axis = Now(Joint::kO4) - A;
+    const Spot across = A + std::conj((Now(Joint::kB) - A) / axis) * axis;
+    for (const bool coupler : {false, true}) {
+        const Followed answer = Ask(Joint::kB, across, {}, coupler);
+        EXPECT_TRUE(answer.refused);
+        EXPECT_TRUE(answer.values.empty());
+        EXPECT_FALSE(Ask(Joint::kB, across, {coupler ? 2 : 3}, coupler).refused) << "it does not move there";
+    }
+}
+
+TEST_F(JointDrag, AHandOnTheMiddleOfACircleSaysNothingOfWhereOnItAJointIs) {
+    const Followed rocker = Ask(Joint::kB, Now(Joint::kA)), coupler = Ask(Joint::kB, Now(Joint::kO4), {}, true);
+    for (const Followed& answer : {rocker, coupler}) {
+        EXPECT_TRUE(answer.values.empty());
+        EXPECT_FALSE(answer.refused);
+    }
+}
+
+TEST_F(JointDrag, ALinkageThatIsRefusedTellsTheGroundThatWasAskedFor) {
+    Turn_Ground(30);
+    Model.PolarCoords = false;
+    By_Angle(0, 360, 10);
+    Model.L3 = 20;
+    const std::pair<Spot, double> grounds[] = {{{1, 0}, 0}, {{0, 1}, 90}, {{-1, -1}, -135}};
+    for (const auto& ground : grounds) {
+        const Followed answer = Ask(Joint::kO4, ground.first);
+        ASSERT_TRUE(answer.refused);
+        EXPECT_NEAR(answer.refused->L1, std::abs(ground.first), 1e-5);
+        EXPECT_NEAR(answer.refused->Link1Angle, ground.second, 1e-4);
+    }
+}
+
+/// Where O4 may go: as long as a circle about A and one about it meet. A keeps its place, but for a cam, which turns
+/// with the ground.
+TEST_F(JointDrag, O4GoesAsFarAsTheCirclesMeet) {
+    for (const bool cam : {false, true}) {
+        Fresh();
+        Turn_Ground(-40);
+        Model.PolarCoords = true;
+        cam ? By_Cam(20, 12) : By_Angle(0, 360, 12);
+        constexpr int kStep = 5;
+        const Spot A = Where(Joint::kA, Model.RunTable.Theta(kStep, 0));
+        int followed = 0, refused = 0;
+        for (double angle = -180; angle < 180; angle += 7)
+            for (double length = 0.5; length < 8; length += 0.45) {
+                const Spot to = std::polar(length, angle * M_PI / 180);
+                const double turned = cam ? angle - Model.Link1Angle : 0;
+                const double reach = std::abs(to - A * std::polar(1.0, turned * M_PI / 180));
+                const double least = std::abs(Model.L3 - Model.L4), most = Model.L3 + Model.L4;
+                if (std::min(std::abs(reach - least), std::abs(reach - most)) < 0.02) continue;
+                const bool closes = reach > least && reach < most;
+                EXPECT_EQ(!Ask(Joint::kO4, to, {}, false, kStep).refused, closes) << cam << ' ' << to;
+                ++(closes ? followed : refused);
+            }
+        EXPECT_GT(followed, 100);
+        EXPECT_GT(refused, 100);
+    }
+}
+
 TEST_F(JointDrag, AnglesStayNextToWhatTheyWere) {
     for (const double delta : {-170.0, 175.0, 350.0}) {
         Model.Delta = delta;

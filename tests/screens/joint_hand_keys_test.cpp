@@ -6,6 +6,34 @@ namespace {
 
 using JointKeys = JointHand;
 
+TEST_F(JointKeys, OfJointsAtOnePlaceTheUppermostIsTaken) {
+    Model.Rpa = 0;
+    Derive_Linkage(Leading::kInForce);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        const Single crank = Model.L2;
+        ASSERT_TRUE(Press_At(Where(Joint::kA)));
+        Move(Where(Joint::kA) + Spot(8, 3) * Pixel());
+        EXPECT_EQ(Model.L2, crank);
+        EXPECT_NEAR(Model.Rpa, 8.544 * Pixel(), Pixel() / 8);
+        Release();
+    });
+}
+
+TEST_F(JointKeys, WhereANumberThatWasTypedLeavesNoPictureNothingFollows) {
+    After_First_Picture([&] {
+        ASSERT_TRUE(Press_At(Where(Joint::kP)));
+        const Spot P = Where(Joint::kP);
+        const Single arm = Model.Rpa, angle = Model.Delta;
+        form.txt_Linkout[2].Type("0.01");
+        Move(P + Spot(20, 10) * Pixel());
+        EXPECT_EQ(Model.L3, Single(0.01));
+        EXPECT_EQ(Model.Rpa, arm);
+        EXPECT_EQ(Model.Delta, angle);
+        Release();
+    });
+}
+
 TEST_F(JointKeys, ADigitGoesToTheBoxOfTheValueThatTheJointChanges) {
     struct Case {
         const char* key;
@@ -21,6 +49,42 @@ TEST_F(JointKeys, ADigitGoesToTheBoxOfTheValueThatTheJointChanges) {
             EXPECT_FALSE(form.txt_Linkout[of.box].SelectedAll) << "the next digit is added";
             form.txt_Linkout[of.box].Text = before;
         });
+}
+
+TEST_F(JointKeys, EachDigitAndThePointBeginANumber) {
+    for (const std::string digit : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "."})
+        After_First_Picture([&] {
+            const std::string before = Text_In(4);
+            Key("P");
+            Key(digit.c_str());
+            EXPECT_EQ(Text_In(4), digit);
+            form.txt_Linkout[4].Text = before;
+        });
+}
+
+TEST_F(JointKeys, WithoutLinksTheWalkComesToTheGroundPivotAlone) {
+    After_First_Picture([&] {
+        form.chk_Showlinks.Value = false;
+        Press(form, "cmd_Reset");
+        for (int i = 0; i < 2; ++i) {
+            Key("J");
+            ASSERT_TRUE(Picture().Lit.Get());
+            EXPECT_NEAR(Picture().Lit.Get()->x, Where(Joint::kO4).real(), Pixel());
+        }
+        Key("Esc");
+    });
+}
+
+TEST_F(JointKeys, APressBesideAllJointsLetsTheOneInHandGo) {
+    After_First_Picture([&] {
+        Key("P");
+        ASSERT_TRUE(Picture().Lit.Get());
+        EXPECT_FALSE(Press_At(Where(Joint::kP) + Spot(60, 60) * Pixel()));
+        EXPECT_FALSE(Picture().Lit.Get());
+        const std::string before = What_Counts();
+        Key("Right");
+        EXPECT_EQ(What_Counts(), before);
+    });
 }
 
 TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
