@@ -39,7 +39,7 @@ struct Followed {
         int decimals;  ///< that say it finely enough
     };
     std::vector<Value> values;  ///< that become others; shown unit, degrees
-    int step = 0;  ///< the position that is to be shown then
+    int step = 0;               ///< the position that is to be shown then
     /// The linkage that was asked for, stored units, where it does not close at that step, or closes on the other
     /// circuit: nothing follows then.
     std::optional<Geometry> refused;

@@ -1,4 +1,9 @@
 // From the screen of linkages for a task, come to from home, to the screens of synthesis; and where no road leads.
+#include <random>
+
+#include "design/choices.h"
+#include "screens/synthesis_screen.h"
+#include "screens/view_menu.h"
 #include "tests/screens/frm_explore_fixture.h"
 
 namespace verlink::test {
@@ -14,6 +19,14 @@ class ExploreChoices : public ExploreFixture {
         design::Task task = Four();
         task.positions.resize(positions);
         return task;
+    }
+    static bool Comes_To(const char* synthesis, const design::Choices& choices) {
+        return dynamic_cast<Synthesis_Screen&>(platform::Screens::Get(synthesis)).Trouble_With(choices).empty();
+    }
+    /// Uses what is shown, and leaves the screen that comes up with it.
+    void Use() {
+        desktop.Expect_Screen("frm_Inputnew", [](platform::Screen& input) { Press(input, "cmd_Cancel"); });
+        Press(form, "cmd_Use");
     }
 };
 
@@ -49,6 +62,81 @@ TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
     EXPECT_EQ(Model.SynMethod, 2);
     EXPECT_EQ(Model.SynPositions, 2);
     EXPECT_FALSE(Model.SpecifiedPivots);
+}
+
+TEST_F(ExploreChoices, OfTwoPositionsBeforeAnyMethodWasUsedGoToTheFirst) {
+    form.Take_Task(So_Many(2));
+    Model.SynMethod = 0;
+    Inside([&] {
+        Expect_Synthesis("frm_Synth2A");
+        Press(form, "cmd_Choices");
+    });
+    EXPECT_EQ(Model.SynMethod, 1);
+}
+
+TEST_F(ExploreChoices, OfTwoPositionsGoToTheOtherMethodWhereItAloneComesToTheLinkage) {
+    std::mt19937 engine(20240611);
+    const auto number = [&](double most) { return std::uniform_real_distribution<>(-most, most)(engine); };
+    std::vector<int> gone;
+    for (int tried = 0; tried < 40 && gone.size() < 2; ++tried) {
+        const design::Task task = With({{{number(2), number(2)}, number(90)}, {{number(2), number(2)}, number(90)}});
+        form.Take_Task(task);
+        for (int i = 0; i < std::min(6, static_cast<int>(form.Shown().size())); ++i) {
+            const design::Choices choices = design::Choices_Of(task, form.Shown()[static_cast<std::size_t>(i)]);
+            const bool first = Comes_To("frm_Synth2A", choices), second = Comes_To("frm_Synth2B", choices);
+            if (first == second) continue;
+            const int method = first ? 1 : 2;
+            Model.SynMethod = 3 - method;
+            Inside([&] {
+                form.pic_Found[i].OnClick();
+                Expect_Synthesis(first ? "frm_Synth2A" : "frm_Synth2B");
+                Press(form, "cmd_Choices");
+            });
+            EXPECT_EQ(Model.SynMethod, method);
+            gone.push_back(method);
+            break;
+        }
+    }
+    EXPECT_FALSE(gone.empty());
+}
+
+TEST_F(ExploreChoices, OfFreePivotsGoWhereSpecifiedOnesWouldNot) {
+    form.Take_Task(So_Many(3));
+    Model.SpecifiedPivots = true;
+    Inside([&] {
+        Search();
+        int apart = -1;
+        for (int i = 0; i < static_cast<int>(form.Shown().size()) && apart < 0; ++i) {
+            const design::Choices choices =
+                design::Choices_Of(form.The_Task(), form.Shown()[static_cast<std::size_t>(i)]);
+            if (!design::Trouble_By_Pivots(choices).empty() && Comes_To("frm_Synth3", choices)) apart = i;
+        }
+        ASSERT_GE(apart, 0);
+        for (int i = 0; i < apart; ++i) form.key_Next.OnPress();
+        Expect_Synthesis("frm_Synth3");
+        Press(form, "cmd_Choices");
+        EXPECT_FALSE(form.Visible());
+    });
+    EXPECT_FALSE(Model.SpecifiedPivots);
+}
+
+TEST_F(ExploreChoices, UseLeavesATaskAsItIsWrittenAndShowsThePositions) {
+    const std::string kept = design::Task_Text(Four()) + "\n";
+    Model.DesignTask = kept;
+    auto& positions = platform::Screens::Get("frm_Inputnew").Get<View_Choice>("mnu_ViewPositions");
+    for (const bool shown : {false, true}) {
+        positions.Choose(shown);
+        Inside([&] { Use(); });
+        EXPECT_EQ(Model.DesignTask, kept);
+        EXPECT_TRUE(positions.On());
+    }
+    positions.Choose(false);
+}
+
+TEST_F(ExploreChoices, UseWritesItsTaskOverOneThatCannotBeRead) {
+    Model.DesignTask = "{ \"format\": \"verlink-design\", \"version\": 1, \"kind\": \"motion\" }";
+    Inside([&] { Use(); });
+    EXPECT_EQ(Kept(), form.The_Task());
 }
 
 TEST_F(ExploreChoices, OfFourPositionsAreNone) {

@@ -289,6 +289,23 @@ TEST_F(AnimateDrag, EachMoveSolvesTheRunAndLeavesTheScreenReady) {
     });
 }
 
+TEST_F(AnimateDrag, WhenTheHandLetsGoThePictureIsFittedAgain) {
+    After_First_Picture([&] {
+        form.chk_autoscale.Value = true;
+        Choose_Option(form, "opt_Shift_Drag", 0);
+        const auto right = [&] { return form.Picture1.Drawing().Right(); };
+        const double before = right();
+        ASSERT_TRUE(form.Picture1.OnSeize({1, 0, kShift, form.Picture1.Pixel()}));
+        Drag(8, 6);
+        EXPECT_EQ(right(), before) << "the window is held";
+        form.Picture1.OnRelease();
+        const double fitted = right();
+        EXPECT_NE(fitted, before);
+        Press(form, "cmd_Reset");
+        EXPECT_EQ(right(), fitted);
+    });
+}
+
 TEST_F(AnimateDrag, ADragIsNotCountedAsANewDesign) {
     After_First_Picture([&] {
         Choose_Option(form, "opt_Shift_Drag", 1);

@@ -124,16 +124,19 @@ TEST_F(ExploreEdits, ACountThatIsNoneOfTheListChangesNothing) {
 }
 
 TEST_F(ExploreEdits, EachListSaysWhatItsTextIsNoneOf) {
-    const std::pair<platform::ComboBox*, const char*> lists[] = {
-        {&form.cmb_Count, "numbers of positions"}, {&form.cmb_Drive, "sides"},      {&form.cmb_Sort, "orders"},
-        {&form.cmb_Class, "classes"},              {&form.cmb_Circuit, "circuits"}, {&form.cmb_Map, "pivots"}};
+    const std::pair<platform::ComboBox*, const char*> lists[] = {{&form.cmb_Count, "numbers of positions"},
+                                                                 {&form.cmb_Drive, "sides"},
+                                                                 {&form.cmb_Sort, "orders"},
+                                                                 {&form.cmb_Class, "classes"},
+                                                                 {&form.cmb_Circuit, "circuits"},
+                                                                 {&form.cmb_Map, "pivots"}};
     Inside([&] {
         for (const auto& [list, what] : lists) {
             SCOPED_TRACE(what);
             const std::string before = list->Text;
             for (const bool out : {false, true}) {
                 list->SetFocus();
-                list->Type("zz");
+                list->Text = "zz";
                 if (!out)
                     desktop.Expect_Message("\"zz\" is not one of the " + std::string(what) +
                                            ". Please choose from the list.");
@@ -167,7 +170,9 @@ TEST_F(ExploreEdits, ABodyAwayFromTheOriginIsTurnedAboutItsPoint) {
     Inside([&] {
         const double size = (form.Picture1.Drawing().Right() - form.Picture1.Drawing().Left()) * 0.08;
         const design::Point at(4, 1);
-        const auto end = [&](double degrees, double part) { return at + std::polar(part * size, degrees * M_PI / 180); };
+        const auto end = [&](double degrees, double part) {
+            return at + std::polar(part * size, degrees * M_PI / 180);
+        };
         ASSERT_TRUE(form.Picture1.OnSeize({end(30, 1).real(), end(30, 1).imag(), 0, 0.01}));
         form.Picture1.OnDrag({end(75.2, 3).real(), end(75.2, 3).imag(), 0, 0.01});
         EXPECT_EQ(form.txt_Angle[2].Text, "75.2");

@@ -125,6 +125,19 @@ TEST_F(JointDrag, BehindItsLineACouplerPointOfALockedAngleComesToA) {
     EXPECT_NEAR(Value(Ask(Joint::kP, A + arm * 0.1, {5}), 4), std::abs(arm) * 0.1, 0.001);
 }
 
+TEST_F(JointDrag, ACouplerPointAtAHasNoAngle) {
+    const Spot A(Model.RunTable.PointXY(0, 0, 0), Model.RunTable.PointXY(0, 0, 1));
+    EXPECT_EQ(Boxes(Ask(Joint::kP, A)), std::set{4});
+    EXPECT_EQ(Value(Ask(Joint::kP, A), 4), 0);
+    EXPECT_EQ(Value(Ask(Joint::kP, A + 1.0), 4), 1);
+}
+
+TEST_F(JointDrag, AtO2NoDirectionIsAskedForAndTheCrankStays) {
+    const Followed answer = Ask(Joint::kA, 0, {}, false, 7);
+    EXPECT_EQ(answer.step, 7);
+    EXPECT_TRUE(answer.values.empty());
+}
+
 TEST_F(JointDrag, TheCrankComesToTheFirstAndTheLastPositionToo) {
     By_Angle(0, 90, 10);
     EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 2 * M_PI / 180), {}, false, 5).step, 0);

@@ -75,6 +75,39 @@ TEST_F(JointKeys, WithoutLinksTheWalkComesToTheGroundPivotAlone) {
     });
 }
 
+TEST_F(JointKeys, WithoutLinksTheLetterOfAMovingJointTakesNone) {
+    After_First_Picture([&] {
+        form.chk_Showlinks.Value = false;
+        Press(form, "cmd_Reset");
+        for (const char* key : {"A", "B", "C", "P"}) {
+            Key(key);
+            EXPECT_FALSE(Picture().Lit.Get()) << key;
+        }
+    });
+}
+
+TEST_F(JointKeys, TakenAnewAJointChangesTheNumberThatWasTyped) {
+    After_First_Picture([&] {
+        Key("P");
+        form.txt_Linkout[4].Type("2.5");
+        Key("Right", kShift);
+        EXPECT_EQ(Model.Rpa, 2.5);
+        Key("P");
+        Key("Right", kShift);
+        EXPECT_NE(Model.Rpa, 2.5);
+        Key("Esc");
+    });
+}
+
+TEST_F(JointKeys, WhileALinkIsDraggedWithTheShiftKeyTheArrowsStepTheRun) {
+    After_First_Picture([&] {
+        const std::string before = Picture().Keys;
+        ASSERT_TRUE(Press_At({1, 1}, kShift));
+        EXPECT_EQ(Picture().Keys, before);
+        Release();
+    });
+}
+
 TEST_F(JointKeys, APressBesideAllJointsLetsTheOneInHandGo) {
     After_First_Picture([&] {
         Key("P");

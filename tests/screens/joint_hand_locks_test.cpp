@@ -76,6 +76,7 @@ TEST_F(JointLocks, ADragWithTheShiftKeyIsHeldByTheSameLocks) {
         Choose_Option(form, "opt_Shift_Drag", held.option);
         const Spot to = Where(held.joint) + Spot(6, 5) * Pixel();
         form.Picture1.OnMouseMove(1, kShift, to.real(), Model.FlipSum - to.imag());
+        EXPECT_EQ(Number(), "0.0") << "the position that is shown";
     });
 }
 
