@@ -74,50 +74,26 @@ TEST_F(ExploreChoices, OfTwoPositionsBeforeAnyMethodWasUsedGoToTheFirst) {
     EXPECT_EQ(Model.SynMethod, 1);
 }
 
-TEST_F(ExploreChoices, OfTwoPositionsGoToTheOtherMethodWhereItAloneComesToTheLinkage) {
+TEST_F(ExploreChoices, OfFreePivotsGoWhereSpecifiedOnesWouldNot) {
     std::mt19937 engine(20240611);
     const auto number = [&](double most) { return std::uniform_real_distribution<>(-most, most)(engine); };
-    std::vector<int> gone;
-    for (int tried = 0; tried < 40 && gone.size() < 2; ++tried) {
-        const design::Task task = With({{{number(2), number(2)}, number(90)}, {{number(2), number(2)}, number(90)}});
-        form.Take_Task(task);
-        for (int i = 0; i < std::min(6, static_cast<int>(form.Shown().size())); ++i) {
-            const design::Choices choices = design::Choices_Of(task, form.Shown()[static_cast<std::size_t>(i)]);
-            const bool first = Comes_To("frm_Synth2A", choices), second = Comes_To("frm_Synth2B", choices);
-            if (first == second) continue;
-            const int method = first ? 1 : 2;
-            Model.SynMethod = 3 - method;
-            Inside([&] {
-                form.pic_Found[i].OnClick();
-                Expect_Synthesis(first ? "frm_Synth2A" : "frm_Synth2B");
-                Press(form, "cmd_Choices");
-            });
-            EXPECT_EQ(Model.SynMethod, method);
-            gone.push_back(method);
-            break;
-        }
+    const auto place = [&] { return design::Place{{number(2), number(2)}, number(90)}; };
+    int gone = 0;
+    for (int tried = 0; tried < 30 && gone == 0; ++tried) {
+        form.Take_Task(With({place(), place(), place()}));
+        if (!form.Chosen()) continue;
+        const design::Choices choices = design::Choices_Of(form.The_Task(), *form.Chosen());
+        if (design::Trouble_By_Pivots(choices).empty() || !Comes_To("frm_Synth3", choices)) continue;
+        Model.SpecifiedPivots = true;
+        Inside([&] {
+            Expect_Synthesis("frm_Synth3");
+            Press(form, "cmd_Choices");
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_FALSE(Model.SpecifiedPivots);
+        ++gone;
     }
-    EXPECT_FALSE(gone.empty());
-}
-
-TEST_F(ExploreChoices, OfFreePivotsGoWhereSpecifiedOnesWouldNot) {
-    form.Take_Task(So_Many(3));
-    Model.SpecifiedPivots = true;
-    Inside([&] {
-        Search();
-        int apart = -1;
-        for (int i = 0; i < static_cast<int>(form.Shown().size()) && apart < 0; ++i) {
-            const design::Choices choices =
-                design::Choices_Of(form.The_Task(), form.Shown()[static_cast<std::size_t>(i)]);
-            if (!design::Trouble_By_Pivots(choices).empty() && Comes_To("frm_Synth3", choices)) apart = i;
-        }
-        ASSERT_GE(apart, 0);
-        for (int i = 0; i < apart; ++i) form.key_Next.OnPress();
-        Expect_Synthesis("frm_Synth3");
-        Press(form, "cmd_Choices");
-        EXPECT_FALSE(form.Visible());
-    });
-    EXPECT_FALSE(Model.SpecifiedPivots);
+    EXPECT_EQ(gone, 1);
 }
 
 TEST_F(ExploreChoices, UseLeavesATaskAsItIsWrittenAndShowsThePositions) {

@@ -24,7 +24,7 @@ class ExploreEdits : public ExploreFixture {
 
 TEST_F(ExploreEdits, LimitsHaveAsManyDecimalsAsPositionsInEachUnit) {
     const std::pair<int, const char*> units[] = {
-        {1, "1.2346"}, {2, "1.2346"}, {3, "1.23457"}, {4, "1.235"}, {5, "1.235"}};
+        {1, "1.2346"}, {2, "1.2346"}, {3, "1.23457"}, {4, "1.2346"}, {5, "1.235"}};
     for (const auto& [system, text] : units) {
         SCOPED_TRACE(system);
         Use_Units(system);
