@@ -393,6 +393,7 @@ void frm_Studies::cmd_Start_Click() {
         if (const auto* list = dynamic_cast<ComboBox*>(Focus()); list && list->OnLostFocus) list->OnLostFocus();
         std::string fault;
         const auto study = Study_Now(fault);
+        lbl_Fault.Caption = fault;
         if (!study) return;
         Drop();
         key_ = study::Settings_Text(settings_) + study::Key_Of(study->design);

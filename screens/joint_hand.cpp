@@ -222,7 +222,7 @@ void Joint_Hand::Walk() {
     for (int tried = 0; tried < joints; ++tried) {
         at = (at + 1) % joints;
         if (!Place(kJoints[at]) || !In_Sight(kJoints[at])) continue;
-        return Take(kJoints[at], false);
+        return Take(kJoints[at]);
     }
 }
 
@@ -232,11 +232,11 @@ void Joint_Hand::Key(const Picture_Key& key) {
     if (Holds_Joint() && digit) return Begin_Typing(key.key);
     // The mouse has it.
     if (Holds_Joint() && !by_key_) return;
-    if (key.key == "A") return Take(Joint::kA, false);
-    if (key.key == "B") return Take(Joint::kB, false);
+    if (key.key == "A") return Take(Joint::kA);
+    if (key.key == "B") return Take(Joint::kB);
     if (key.key == "C") return Take(Joint::kB, true);
-    if (key.key == "P") return Take(Joint::kP, false);
-    if (key.key == "O") return Take(Joint::kO4, false);
+    if (key.key == "P") return Take(Joint::kP);
+    if (key.key == "O") return Take(Joint::kO4);
     if (key.key == "J") return Walk();
     if (!Holds_Joint()) return;
     const double by = key.pixel * (key.keys != 0 ? kFar : 1);

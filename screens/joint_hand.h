@@ -42,7 +42,7 @@ class Joint_Hand {
     bool Seize(const platform::Touch& at);
     void Drag(const platform::Touch& at);
     void Key(const platform::Picture_Key& key);
-    void Take(Joint joint, bool coupler);
+    void Take(Joint joint, bool coupler = false);
     void Walk();
     void Begin_Typing(const std::string& digit);
     void Take_Typed_Boxes();

@@ -2,6 +2,7 @@
 #include "core/text.h"
 #include "design/choices.h"
 #include "screens/synthesis_screen.h"
+#include "screens/view_menu.h"
 #include "tests/screens/frm_explore_fixture.h"
 
 namespace verlink::test {
@@ -17,6 +18,10 @@ class ExploreChoices : public ExploreFixture {
         design::Task task = Four();
         task.positions.resize(positions);
         return task;
+    }
+    void Use() {
+        desktop.Expect_Screen("frm_Inputnew", [](platform::Screen& input) { Press(input, "cmd_Cancel"); });
+        Press(form, "cmd_Use");
     }
 };
 
@@ -141,6 +146,25 @@ TEST_F(ExploreChoices, OfALinkageThatDoesNotDoItAreNoneAndItIsNotUsed) {
     });
     EXPECT_EQ(Model.L2, before);
     EXPECT_EQ(Model.DesignTask, "");
+}
+
+TEST_F(ExploreChoices, UseLeavesATaskAsItIsWrittenAndShowsThePositions) {
+    const std::string kept = design::Task_Text(Four()) + "\n";
+    Model.DesignTask = kept;
+    auto& positions = platform::Screens::Get("frm_Inputnew").Get<View_Choice>("mnu_ViewPositions");
+    for (const bool shown : {false, true}) {
+        positions.Choose(shown);
+        Inside([&] { Use(); });
+        EXPECT_EQ(Model.DesignTask, kept);
+        EXPECT_TRUE(positions.On());
+    }
+    positions.Choose(false);
+}
+
+TEST_F(ExploreChoices, UseWritesItsTaskOverOneThatCannotBeRead) {
+    Model.DesignTask = "{ \"format\": \"verlink-design\", \"version\": 1, \"kind\": \"motion\" }";
+    Inside([&] { Use(); });
+    EXPECT_EQ(Kept(), form.The_Task());
 }
 
 }  // namespace

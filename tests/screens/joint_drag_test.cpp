@@ -234,5 +234,34 @@ TEST_F(JointDrag, RoundStepsAre125) {
     for (const auto& [value, round] : steps) EXPECT_NEAR(Round_Up_1_2_5(value), round, 1e-9) << value;
 }
 
+TEST_F(JointDrag, ACouplerPointAtAHasNoAngle) {
+    const Spot A(Model.RunTable.PointXY(0, 0, 0), Model.RunTable.PointXY(0, 0, 1));
+    EXPECT_EQ(Boxes(Ask(Joint::kP, A)), std::set{4});
+    EXPECT_EQ(Value(Ask(Joint::kP, A), 4), 0);
+    EXPECT_EQ(Value(Ask(Joint::kP, A + 1.0), 4), 1);
+}
+
+TEST_F(JointDrag, AtO2NoDirectionIsAskedForAndTheCrankStays) {
+    const Followed answer = Ask(Joint::kA, 0, {}, false, 7);
+    EXPECT_EQ(answer.step, 7);
+    EXPECT_TRUE(answer.values.empty());
+}
+
+TEST_F(JointDrag, TheCrankComesToTheFirstAndTheLastPositionToo) {
+    By_Angle(0, 90, 10);
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 2 * M_PI / 180), {}, false, 5).step, 0);
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 88 * M_PI / 180), {}, false, 5).step, 9);
+    // The nearest that closes.
+    Model.RunTable.Assembled(0) = false;
+    EXPECT_EQ(Ask(Joint::kA, std::polar(1.2, 2 * M_PI / 180), {}, false, 5).step, 1);
+}
+
+TEST_F(JointDrag, OfPositionsAlikeTheCrankTakesTheOneNextToWhatIsShown) {
+    By_Angle(0, 1080, 10);
+    const Spot at = std::polar(1.2, 92 * M_PI / 180);
+    for (const auto& [shown, taken] : {std::pair{0, 9}, {20, 9}, {40, 45}, {60, 45}, {70, 81}, {108, 81}})
+        EXPECT_EQ(Ask(Joint::kA, at, {}, false, shown).step, taken) << shown;
+}
+
 }  // namespace
 }  // namespace verlink::test

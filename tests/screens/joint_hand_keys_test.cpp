@@ -92,5 +92,39 @@ TEST_F(JointKeys, WithoutAPictureNoJointIsTaken) {
     });
 }
 
+TEST_F(JointKeys, TakenAnewAJointChangesTheNumberThatWasTyped) {
+    After_First_Picture([&] {
+        Key("P");
+        form.txt_Linkout[4].Type("2.5");
+        Key("Right", kShift);
+        EXPECT_EQ(Model.Rpa, 2.5);
+        Key("P");
+        Key("Right", kShift);
+        EXPECT_NE(Model.Rpa, 2.5);
+        Key("Esc");
+    });
+}
+
+TEST_F(JointKeys, WhileALinkIsDraggedWithTheShiftKeyTheArrowsStepTheRun) {
+    After_First_Picture([&] {
+        const std::string before = Picture().Keys;
+        ASSERT_TRUE(Press_At({1, 1}, kShift));
+        EXPECT_EQ(Picture().Keys, before);
+        Release();
+    });
+}
+
+TEST_F(JointKeys, APressBesideAllJointsLetsTheOneInHandGo) {
+    After_First_Picture([&] {
+        Key("P");
+        ASSERT_TRUE(Picture().Lit.Get());
+        EXPECT_FALSE(Press_At(Where(Joint::kP) + Spot(60, 60) * Pixel()));
+        EXPECT_FALSE(Picture().Lit.Get());
+        const std::string before = What_Counts();
+        Key("Right");
+        EXPECT_EQ(What_Counts(), before);
+    });
+}
+
 }  // namespace
 }  // namespace verlink::test
