@@ -106,6 +106,19 @@ TEST_F(Motion, Of_a_run_by_time_lasts_as_long_as_that_runs) {
         << desktop.Dialogs.back().filter;
 }
 
+TEST_F(Motion, Leaves_each_label_of_the_position_as_it_was_shown) {
+    By_Angle(0, 10, 10);
+    Model.Omega2 = 4;
+    After_First_Picture([&] {
+        form.lbl_StepLabel.Visible = form.lbl_StepUnit.Visible = false;
+        form.lbl_StepNumber.Visible = true;
+        Saved(1);
+        EXPECT_FALSE(form.lbl_StepLabel.Visible);
+        EXPECT_TRUE(form.lbl_StepNumber.Visible);
+        EXPECT_FALSE(form.lbl_StepUnit.Visible);
+    });
+}
+
 TEST_F(Motion, Of_two_positions_has_two_pictures) {
     By_Angle(0, 10, 10);
     Model.Omega2 = 0.5;
