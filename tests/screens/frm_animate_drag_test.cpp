@@ -130,6 +130,19 @@ TEST_F(AnimateDrag, TheAngleOfTheCouplerPointIsTypedInThousandthsOfADegree) {
     });
 }
 
+TEST_F(AnimateDrag, OnATurnedGroundTheCouplerPointGoesWhereTheMouseIsToo) {
+    Turn_Ground(30);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 0);
+        Drag(1.5, -1.25);
+        // Points of the run are in the frame of the ground.
+        const double cosine = std::cos(M_PI / 6), sine = std::sin(M_PI / 6);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 0), 1.5 * cosine - 1.25 * sine, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 1), -1.5 * sine - 1.25 * cosine, 0.002);
+    });
+}
+
 TEST_F(AnimateDrag, AtTheLastStepItIsMeasuredThere) {
     After_First_Picture([&] {
         form.hsc_step.Drag(36);

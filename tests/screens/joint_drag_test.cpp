@@ -11,7 +11,7 @@ namespace {
 
 class JointDrag : public JointHand {
    protected:
-    static Followed Ask(Joint joint, Spot to, std::set<int> held = {}, bool coupler = false, int step = 0) {
+    static Followed Ask(Joint joint, Spot to, const std::set<int>& held = {}, bool coupler = false, int step = 0) {
         Pull pull;
         pull.joint = joint;
         pull.coupler = coupler;
@@ -162,6 +162,18 @@ TEST_F(JointDrag, BeyondTheLineFromAToO4NeitherRockerNorCouplerFollowsUnlessItIs
         EXPECT_TRUE(answer.refused);
         EXPECT_TRUE(answer.values.empty());
         EXPECT_FALSE(Ask(Joint::kB, across, {coupler ? 2 : 3}, coupler).refused) << "it does not move there";
+    }
+}
+
+TEST_F(JointDrag, OnItsSideOfTheLineFromAToO4ARockerFollowsAtAnyAngleOfTheCrank) {
+    By_Angle(0, 360, 30);
+    for (int step = 0; step <= 12; ++step) {
+        const double theta = Model.RunTable.Theta(step, 0);
+        const Spot A = Where(Joint::kA, theta), B = Where(Joint::kB, theta), axis = Where(Joint::kO4, theta) - A;
+        for (const double turn : {-0.02, 0.02})
+            EXPECT_FALSE(Ask(Joint::kB, A + (B - A) * std::polar(1.0, turn), {}, false, step).refused) << step;
+        const Spot across = A + std::conj((B - A) / axis * std::polar(1.0, 0.02)) * axis;
+        EXPECT_TRUE(Ask(Joint::kB, across, {}, false, step).refused) << step;
     }
 }
 
