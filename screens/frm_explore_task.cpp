@@ -44,11 +44,11 @@ std::optional<double> Value_Of(const std::string& text) {
 
 /// Round numbers in each system.
 Task Begun_Task(int units) {
-    constexpr std::array<double, 5> kScale{1, 1, 0.1, 10, 100};
+    constexpr std::array<double, 6> kScale{1, 1, 1, 0.1, 10, 100};
     Task task;
     task.units = units;
     task.positions = {{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}};
-    for (Place& place : task.positions) place.at *= kScale.at(static_cast<std::size_t>(units - 1));
+    for (Place& place : task.positions) place.at *= kScale.at(static_cast<std::size_t>(units));
     return task;
 }
 

@@ -54,7 +54,6 @@ class Follower {
         }
         if (pull_.joint != Joint::kP && (other_circuit_ || !Closes())) {
             answer_.values.clear();
-            answer_.step = pull_.step;
             answer_.refused = asked_;
         }
         return std::move(answer_);

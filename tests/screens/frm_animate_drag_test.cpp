@@ -346,5 +346,31 @@ TEST_F(AnimateDrag, ABoxWithTheFocusIsNotChangedByADrag) {
     });
 }
 
+TEST_F(AnimateDrag, TheAngleOfTheCouplerPointIsTypedInThousandthsOfADegree) {
+    After_First_Picture([&] {
+        int finer = 0;
+        for (const double x : {0.9, 1.1, 1.3, 1.5}) {
+            Drag(x, 1);
+            // A single has five decimals of it.
+            EXPECT_NEAR(std::remainder(Model.Delta * 1000.0, 1), 0, 0.03);
+            finer += std::abs(std::remainder(Model.Delta * 100.0, 1)) > 0.05;
+        }
+        EXPECT_GT(finer, 0);
+    });
+}
+
+TEST_F(AnimateDrag, OnATurnedGroundTheCouplerPointGoesWhereTheMouseIsToo) {
+    Turn_Ground(30);
+    By_Angle(0, 360, 10);
+    After_First_Picture([&] {
+        Choose_Option(form, "opt_Shift_Drag", 0);
+        Drag(1.5, -1.25);
+        // Points of the run are in the frame of the ground.
+        const double cosine = std::cos(M_PI / 6), sine = std::sin(M_PI / 6);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 0), 1.5 * cosine - 1.25 * sine, 0.002);
+        EXPECT_NEAR(Model.RunTable.PointXY(0, 2, 1), -1.5 * sine - 1.25 * cosine, 0.002);
+    });
+}
+
 }  // namespace
 }  // namespace verlink::test

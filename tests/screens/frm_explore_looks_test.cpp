@@ -22,10 +22,20 @@ class ExploreLooks : public ExploreFixture {
         return Said().find(" from " + Rounded(dyad.fixed.real()) + ", " + Rounded(dyad.fixed.imag()) + " to " +
                            Rounded(dyad.moving.real()) + ", " + Rounded(dyad.moving.imag()) + ".") != std::string::npos;
     }
-    Point Pivot(const Solution& solution, int map) {
+    static Point Pivot(const Solution& solution, int map) {
         const design::FourBar& bar = solution.linkage;
         const Point pivots[] = {bar.crank.moving, bar.crank.fixed, bar.other.moving, bar.other.fixed};
         return pivots[map];
+    }
+    /// Around the task and the dots of what is shown.
+    design::Box With_Dots(const design::Task& task, int map) const {
+        design::Box seen = design::Seen_Of(task);
+        for (const Solution& solution : form.Shown()) {
+            const Point at = Pivot(solution, map);
+            seen.low = {std::min(seen.low.real(), at.real()), std::min(seen.low.imag(), at.imag())};
+            seen.high = {std::max(seen.high.real(), at.real()), std::max(seen.high.imag(), at.imag())};
+        }
+        return seen;
     }
 };
 
@@ -89,12 +99,7 @@ TEST_F(ExploreLooks, TheMapIsASquareAboutTheTaskAndAllDotsWithATenthAround) {
         Inside([&] {
             for (int map = 0; map < 4; ++map) {
                 form.cmb_Map.Choose(map);
-                design::Box seen = design::Seen_Of(task);
-                for (const Solution& solution : form.Shown()) {
-                    const Point at = Pivot(solution, map);
-                    seen.low = {std::min(seen.low.real(), at.real()), std::min(seen.low.imag(), at.imag())};
-                    seen.high = {std::max(seen.high.real(), at.real()), std::max(seen.high.imag(), at.imag())};
-                }
+                const design::Box seen = With_Dots(task, map);
                 const Point middle = (seen.low + seen.high) / 2.0, size = seen.high - seen.low;
                 const double half = 0.6 * std::max(size.real(), size.imag());
                 const auto& drawn = form.pic_Map.Drawing();

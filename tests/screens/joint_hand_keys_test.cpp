@@ -105,6 +105,20 @@ TEST_F(JointKeys, TakenAnewAJointChangesTheNumberThatWasTyped) {
     });
 }
 
+TEST_F(JointKeys, WhatTheMouseHoldsIsLetGoByEscAndIsLitWhereItIs) {
+    After_First_Picture([&] {
+        ASSERT_TRUE(Press_At(Where(Joint::kP)));
+        EXPECT_NE(Picture().Keys.Get().find(" Esc "), std::string::npos);
+        Move(Where(Joint::kP) + Spot(40, 30) * Pixel());
+        const auto lit = Picture().Lit.Get();
+        ASSERT_TRUE(lit);
+        EXPECT_NEAR(lit->x, Where(Joint::kP).real(), Pixel() / 2);
+        EXPECT_NEAR(lit->y, Model.FlipSum - Where(Joint::kP).imag(), Pixel() / 2);
+        Key("Esc");
+        EXPECT_FALSE(Picture().Lit.Get());
+    });
+}
+
 TEST_F(JointKeys, WhileALinkIsDraggedWithTheShiftKeyTheArrowsStepTheRun) {
     After_First_Picture([&] {
         const std::string before = Picture().Keys;

@@ -1,4 +1,6 @@
 // What a hand on a joint says where all that the joint changes is locked, and what it leaves alone.
+#include "core/numeric.h"
+#include "core/text.h"
 #include "tests/screens/joint_hand_fixture.h"
 
 namespace verlink::test {
@@ -115,6 +117,25 @@ TEST_F(JointLocks, WhatIsTypedAndClosesNowhereLeavesTheJointWhereItIs) {
         EXPECT_EQ(Model.L3, Single(0.01));
         EXPECT_EQ(Model.Rpa, length);
         EXPECT_EQ(Model.Delta, angle);
+        Release();
+    });
+}
+
+TEST_F(JointLocks, ALengthThatTheOtherPositionDoesNotTakeIsToldOfThatPosition) {
+    Model.PolarCoords = true;
+    Model.L1 = 7, Model.L2 = 4, Model.L3 = 5, Model.L4 = 4.5;
+    Derive_Linkage(Leading::kInForce);
+    By_Angle(90, 130, 10);
+    After_First_Picture([&] {
+        ASSERT_TRUE(Press_At(Where(Joint::kA)));
+        Move(std::polar(5.2, 110 * M_PI / 180));
+        // At 90 degrees, where it stands, the links reach as far as 6.42.
+        const double c = 7 * std::cos(110 * M_PI / 180), most = c + std::sqrt(c * c - 49 + 9.5 * 9.5);
+        EXPECT_EQ(Line(),
+                  "Not followed: with 5.2 in of link 2 coupler and rocker cannot meet at Theta2 = 110.0 deg; under " +
+                      Text_Of(FNRound(most, 2)) + " in would do.");
+        EXPECT_EQ(form.hsc_step.Value(), 0);
+        EXPECT_EQ(Model.L2, 4);
         Release();
     });
 }
