@@ -97,7 +97,7 @@ std::string Other_Than(const std::string& text) {
 
 /// What a hand can do there, all of it.
 std::vector<Action> Deeds_On(const Screen& screen, const Control& control) {
-    const std::string on = screen.Name(), name = control.Name();
+    const std::string &on = screen.Name(), &name = control.Name();
     const int index = control.Index();
     if (const auto* box = dynamic_cast<const TextBox*>(&control))
         return {walk::Go(on, name, index), walk::Type(on, name, index, Other_Than(box->Text)),

@@ -54,6 +54,13 @@ class FromChoiceToPlotTest : public SelectionScreenTest {
         }
     }
 
+    /// Below the three of the head and the three of the statistics, in three decimals.
+    void Expect_Values(const Grid& grid, int slot, int variable, const std::string& component) const {
+        for (int step = 0; step <= 4; ++step)
+            EXPECT_EQ(grid.Cell(6 + step, slot), FNRoundStr(Single(Expected(variable, component, step)), 3))
+                << slot << ' ' << step;
+    }
+
     /// What a slot has to show in the global frame, the ground link lying along x.
     double Expected(int number, const std::string& component, int step) const {
         const Row& row = kRows[number - 1];
@@ -235,10 +242,7 @@ TEST_F(FromChoiceToPlotTest, EveryPresetOfFourInATable) {
                 const int variable = row.variables[at];
                 EXPECT_EQ(grid.Cell(0, slot), kRows[variable - 1].label);
                 EXPECT_EQ(grid.Cell(1, slot), components[at]);
-                for (int step = 0; step <= 4; ++step) {
-                    const Single expected = Expected(variable, components[at], step);
-                    EXPECT_EQ(grid.Cell(6 + step, slot), FNRoundStr(expected, 3)) << slot << ' ' << step;
-                }
+                Expect_Values(grid, slot, variable, components[at]);
             }
         });
     }
