@@ -1,6 +1,7 @@
 // What each control of a screen does when a hand has come to it: what changes on the screen and in the model, and what
 // is said, asked and shown. A line that changes in the logs is read before it is accepted.
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <filesystem>
 #include <map>
@@ -219,9 +220,12 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
         std::string line;
         for (const std::string& word : now)
             if (std::find(was.begin(), was.end(), word) == was.end()) line += ' ' + word;
-        for (const std::string& word : was)  // what has no value
-            if (std::find(now.begin(), now.end(), word) == now.end() && word.find(' ') == std::string::npos)
-                line += " not " + word;
+        for (const std::string& word : was) {
+            const std::string what = word.substr(0, word.find(' '));
+            const auto same = [&what](const std::string& other) { return other.substr(0, other.find(' ')) == what; };
+            if (std::isalpha(static_cast<unsigned char>(what[0])) && std::none_of(now.begin(), now.end(), same))
+                line += " not " + what;
+        }
         return line;
     }
     /// Without the folder of the test; of what is long the end is told by a sum.
