@@ -22,6 +22,8 @@ constexpr double kRounded = 2e-4, kRoundedAngle = 2e-3;
 
 bool Same(Point a, Point b, double measure) { return Distance(a, b) <= kRounded * measure; }
 
+double Lengths(const LinkageModel& m) { return double{m.L1} + m.L2 + m.L3 + m.L4; }
+
 struct Dyads {
     Point W, Z, U, S;
 };
@@ -37,7 +39,7 @@ Dyads Dyads_As_Directed(const LinkageModel& m) {
 /// Whether they hang together as the linkage does: from O2 and from O4 to the same coupler point.
 bool Close(const LinkageModel& m, const Dyads& d) {
     const Point ground = std::polar<double>(m.L1, m.Link1Angle * kDegree);
-    return Same(d.W + d.Z, ground + d.U + d.S, double{m.L1} + m.L2 + m.L3 + m.L4);
+    return Same(d.W + d.Z, ground + d.U + d.S, Lengths(m));
 }
 
 /// Most of the lengths that a hand has not changed are those of the dyads.
@@ -77,16 +79,19 @@ Point Coupler_Point(const LinkageModel& m, int step) {
 }
 
 /// Whether the run has the crank between two of its steps that close. At its ends it may lack what lengths were rounded
-/// by, of the crank's turn and of the coupler point's way.
+/// by, of the crank's turn and of the coupler point's way, but no more than that can be seen: a coupler as short as
+/// what is rounded swings far in that turn.
 bool Run_Has(const LinkageModel& m, const Approach& approach, Point wanted) {
-    constexpr double kSlack = 0.01, kMost = 1, kFullTurn = 360;
+    constexpr double kSlack = 0.01, kMost = 1, kFullTurn = 360, kNear = 5e-3;
+    const double near = kNear * (Lengths(m) + m.Rpa);
     const double at = approach.crank / kDegree + m.Link1Angle;
     const auto wrapped = [](double degrees) { return std::remainder(degrees, kFullTurn); };
     for (int step = 0; step <= m.NSteps; ++step) {
         if (!m.RunTable.Assembled(step)) continue;
         const double here = m.RunTable.Theta(step, 0), way = wrapped(at - here);
-        if (std::abs(way) <= kSlack) return true;
-        if (std::abs(way) <= kMost && Distance(Coupler_Point(m, step), wanted) <= approach.boxes) return true;
+        const double off = Distance(Coupler_Point(m, step), wanted);
+        if (std::abs(way) <= kMost && off <= (std::abs(way) <= kSlack ? near : std::min(near, approach.boxes)))
+            return true;
         if (step == m.NSteps || !m.RunTable.Assembled(step + 1)) continue;
         const double stride = wrapped(m.RunTable.Theta(step + 1, 0) - here);
         if (way * stride > 0 && std::abs(way) <= std::abs(stride)) return true;

@@ -175,6 +175,26 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
     EXPECT_EQ(States(), std::vector<Is>(3, Is::kBeyondRun));
 }
 
+TEST_F(PositionsWanted, ArePassedAtAnEndOfTheRunWhereTheCouplerPointIsThere) {
+    Use_Three();
+    const int end = 0;
+    for (int step = 1; step <= Model.NSteps; ++step) Model.RunTable.Assembled(step) = false;
+    ASSERT_EQ(std::ranges::count(States(), Is::kPassed), 1) << "the run begins with one";
+    const double size = double{Model.L1} + Model.L2 + Model.L3 + Model.L4 + Model.Rpa;
+    const Single crank = Model.RunTable.Theta(end, 0), x = Model.RunTable.PointXY(end, 2, 0);
+    struct Case {
+        double turn, part;
+        bool passed;
+    };
+    // Half a degree on, only what the boxes round is allowed; that is far less than a two-hundredth of the lengths.
+    for (const Case& of : {Case{0, 0.0049, true}, Case{0, 0.0051, false}, Case{0.009, 0.0049, true}, Case{0.5, 0, true},
+                           Case{0.5, 0.0049, false}, Case{1.01, 0, false}}) {
+        Model.RunTable.Theta(end, 0) = crank + of.turn;
+        Model.RunTable.PointXY(end, 2, 0) = x + of.part * size;
+        EXPECT_EQ(std::ranges::count(States(), Is::kPassed), of.passed ? 1 : 0) << of.turn << ' ' << of.part;
+    }
+}
+
 TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     Use_Three();
     // All of its lengths may be off by what the boxes show and by what files round.

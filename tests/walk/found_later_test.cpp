@@ -288,5 +288,24 @@ TEST(WalkFound, APivotThatIsDraggedOnTheMapOverflowsNothing) {
     });
 }
 
+TEST(WalkFound, APositionOffThePathIsNotMarkedAsPassed) {
+    Expect_Sound({
+        Pick("frm_HomeScreen", "mnu_Twopos1"),
+        Type("frm_Synth2A", "txt_Gamma2", kNoIndex, "0"),
+        Press("frm_Synth2A", "cmd_Calc"),
+        Press("frm_Synth2A", "cmd_Cancel"),
+        Pick("frm_HomeScreen", "mnu_Unspec"),
+        Type("frm_Synth3", "txt_Beta2", kNoIndex, "359.99"),
+        Type("frm_Synth3", "txt_Gamma3", kNoIndex, "-45"),
+        Press("frm_Synth3", "cmd_Calc"),
+        Press("frm_Synth3", "cmd_Explore"),
+        Escape("frm_Explore"),
+        Escape("frm_Synth3"),
+        Press("frm_HomeScreen", "cmd_Input"),
+        Type("frm_Inputnew", "txt_initial", 3, "25"),
+        Press("frm_Inputnew", "cmd_PlotPrint").Looks(),
+    });
+}
+
 }  // namespace
 }  // namespace verlink::walk
