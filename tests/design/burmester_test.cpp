@@ -1,6 +1,7 @@
 // The dyads of four positions: which link turns by how much, and the curves piece by piece.
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "design/dyads.h"
 #include "tests/design/tasks.h"
@@ -46,6 +47,16 @@ struct Burmester_Curves : Design {
     static double Reach(const Task& task, const Dyad& dyad) {
         const auto first = task.positions[0].at;
         return std::max(std::abs(dyad.fixed - first), std::abs(dyad.moving - first)) / Span(task);
+    }
+    /// Far away, or alone between what is not drawn, jumps and gaps: one dyad is no curve. A gap is before the dyads
+    /// of these numbers.
+    static bool May_Be_Left_Out(const Task& task, const std::vector<Dyad>& dyads, std::size_t at,
+                                const std::set<std::size_t>& gaps) {
+        const auto leads_nowhere = [&](std::size_t other) {
+            return other >= dyads.size() || gaps.contains(std::max(at, other)) || Reach(task, dyads[other]) > 40 ||
+                   std::abs(dyads[other].fixed - dyads[at].fixed) > 8 * Span(task);
+        };
+        return Reach(task, dyads[at]) > 10 || (leads_nowhere(at - 1) && leads_nowhere(at + 1));
     }
 };
 
@@ -97,12 +108,17 @@ TEST_F(Burmester_Curves, HaveTheDyadsOfAllTurnsThatCloseForthOnOneWayAndBackOnTh
         int start = 1;
         while (start < kSteps && closes(start)) ++start;
         std::vector<Dyad> expected;
+        std::set<std::size_t> gaps;
         const auto add = [&](int turn, int way) {
-            if (const auto dyad = at(turn, way)) expected.push_back(*dyad);
+            if (const auto dyad = at(turn, way))
+                expected.push_back(*dyad);
+            else
+                gaps.insert(expected.size());
         };
         if (start == kSteps) {
-            for (const int way : {0, 1})
-                for (int turn = 0; turn <= kSteps; ++turn) add(turn, way);
+            for (int turn = 0; turn <= kSteps; ++turn) add(turn, 0);
+            gaps.insert(expected.size());
+            for (int turn = 0; turn <= kSteps; ++turn) add(turn, 1);
         } else {
             int last = start + kSteps - 1, first = last;
             while (!closes(last)) --last;
@@ -124,10 +140,10 @@ TEST_F(Burmester_Curves, HaveTheDyadsOfAllTurnsThatCloseForthOnOneWayAndBackOnTh
                     EXPECT_LT(Height(task, dyad), 1e-5);
                     continue;
                 }
-                for (; expected[next] != dyad; ++next) EXPECT_GT(Reach(task, expected[next]), 10) << "left out";
+                for (; expected[next] != dyad; ++next) EXPECT_TRUE(May_Be_Left_Out(task, expected, next, gaps));
                 ++next;
             }
-        for (; next < expected.size(); ++next) EXPECT_GT(Reach(task, expected[next]), 10) << "left out at the end";
+        for (; next < expected.size(); ++next) EXPECT_TRUE(May_Be_Left_Out(task, expected, next, gaps)) << "at the end";
         all_ends += ends;
         EXPECT_LE(ends, start == kSteps ? 0 : 3);
     }
