@@ -354,6 +354,7 @@ void Live_Plots::Empty(Graph& graph) {
     graph.Visible = false;
     graph.Cursor = 0;
     if (graph.NumPoints() == 0) return;
+    graph.Places.clear();
     graph.SetNumSets(0);
     graph.SetNumPoints(0);
     graph.Draw();
