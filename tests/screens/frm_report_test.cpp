@@ -55,6 +55,22 @@ class ReportScreen : public Forces {
         return static_cast<int>(std::ranges::find(kChapters, chapter) - kChapters.begin());
     }
 
+    /// Of one report that is made and saved.
+    std::vector<double> Progress_Told() {
+        std::vector<double> told;
+        platform::Use_Progress([&](const std::string&, const platform::Work& work) {
+            work([&](double done) {
+                told.push_back(done);
+                return true;
+            });
+        });
+        Inside(Form(), [&] {
+            desktop.Expect_Save(Path("a.pdf"));
+            Press(Form(), "cmd_Save");
+        });
+        return told;
+    }
+
     static bool Has(const Names& names, const std::string& name) {
         return std::ranges::find(names, name) != names.end();
     }
@@ -123,17 +139,7 @@ TEST_F(ReportScreen, WorkThatIsEndedLeavesTheFileOfBefore) {
 }
 
 TEST_F(ReportScreen, ProgressOnlyGoesForward) {
-    std::vector<double> told;
-    platform::Use_Progress([&](const std::string&, const platform::Work& work) {
-        work([&](double done) {
-            told.push_back(done);
-            return true;
-        });
-    });
-    Inside(Form(), [&] {
-        desktop.Expect_Save(Path("a.pdf"));
-        Press(Form(), "cmd_Save");
-    });
+    const std::vector<double> told = Progress_Told();
     ASSERT_GT(told.size(), 5U);
     EXPECT_TRUE(std::ranges::is_sorted(told));
     EXPECT_GE(told.front(), 0);
@@ -141,17 +147,7 @@ TEST_F(ReportScreen, ProgressOnlyGoesForward) {
 }
 
 TEST_F(ReportScreen, MakingItIsTwoFifthsOfTheWayAndSettingTheRest) {
-    std::vector<double> told;
-    platform::Use_Progress([&](const std::string&, const platform::Work& work) {
-        work([&](double done) {
-            told.push_back(done);
-            return true;
-        });
-    });
-    Inside(Form(), [&] {
-        desktop.Expect_Save(Path("a.pdf"));
-        Press(Form(), "cmd_Save");
-    });
+    const std::vector<double> told = Progress_Told();
     ASSERT_GT(told.size(), 5U);
     const std::size_t made = told.size() - 1;
     for (std::size_t i = 0; i < made; ++i)

@@ -124,19 +124,6 @@ TEST_F(StudiesFew, WithoutAStudyThereIsNothingToCountNorToTake) {
     });
 }
 
-TEST_F(StudiesFew, AChangeEndsTheStudyThatRuns) {
-    Inside([&] {
-        Tolerate_Crank("0.03", "uniform", "1000000000000");
-        Press(form, "cmd_Start");
-        EXPECT_TRUE(form.Timer1.Enabled);
-        EXPECT_TRUE(form.cmd_Stop.Enabled);
-        Put_Box("txt_PlusMinus", 1, "0.02");
-        EXPECT_FALSE(form.Timer1.Enabled);
-        EXPECT_FALSE(form.cmd_Stop.Enabled);
-        EXPECT_EQ(form.lbl_Progress.Caption.Get(), "");
-    });
-}
-
 TEST_F(StudiesFew, ARunOfTwoPositionsHasABarAndAModelWithoutARunHasNoPicture) {
     Model.ThetaEnd = 10, Model.ThetaEndRad = 10 * kDegToRad;
     Inside([&] {

@@ -15,8 +15,6 @@
 
 namespace verlink::test {
 
-inline constexpr char kPin[] = "max Veloc I 2,3:Mag";
-
 class StudiesFound : public Studies {
    protected:
     StudiesFound() {
@@ -24,22 +22,6 @@ class StudiesFound : public Studies {
     }
     ~StudiesFound() override { platform::Use_Clipboard(nullptr); }
 
-    /// Cranks of 0.5 to 1.5 inches, or as many millimetres, 0.05 apart.
-    void Sweep_Cranks(const char* from = "0.5", const char* to = "1.5", const char* count = "21") {
-        Put_Box("txt_From", 1, from);
-        Put_Box("txt_To", 1, to);
-        Put_Box("txt_Count", 1, count);
-        Write(0, kPin);
-    }
-    /// Only the crank has a tolerance.
-    void Tolerate_Crank(const std::string& plus_minus, const std::string& spread, const std::string& samples) {
-        Choose_Option(form, "opt_Kind", 1);
-        Put_Box("txt_PlusMinus", 1, plus_minus);
-        for (int row = 2; row <= 4; ++row) Choose(form.cmb_Tolerance[row], "(none)");
-        Choose(form.cmb_Spread[1], spread);
-        Put_Box("txt_Samples", platform::kNoIndex, samples);
-        Write(0, kPin);
-    }
     /// The rows of the table that the menu copies, by column.
     std::vector<std::vector<std::string>> Copied_Rows() {
         Pick_Menu(form, "mnu_CopyTable");
@@ -56,8 +38,6 @@ class StudiesFound : public Studies {
         }
         return rows;
     }
-    std::string Picked() { return form.lbl_Picked.Caption; }
-    std::string Told() { return form.lbl_Told.Caption; }
     static std::string Four(double value) { return Text_Of(FNRound(value, 4)); }
     /// The ends of the lines that were drawn from O2.
     static bool Has_Crank_Of(const LogSurface& log, double length) {
