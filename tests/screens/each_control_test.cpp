@@ -78,11 +78,7 @@ class Telling_Desktop : public ScriptedDesktop {
                     ? ""
                     : dialog.filter.substr(star + 2, dialog.filter.find_first_of("|;", star + 2) - star - 2));
     }
-    void Tell_Of(const char* does, std::string what) {
-        std::replace_if(
-            what.begin(), what.end(), [](char letter) { return letter == '\r' || letter == '\n'; }, ' ');
-        Told.push_back(std::string("    ") + does + " " + what);
-    }
+    void Tell_Of(const char* does, const std::string& what) { Told.push_back(std::string("    ") + does + " " + what); }
     std::map<std::string, int> asked_;
 };
 
@@ -228,8 +224,10 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
         }
         return line;
     }
-    /// Without the folder of the test; of what is long the end is told by a sum.
+    /// In one line, without the folder of the test; of what is long the end is told by a sum.
     void Say(std::string line) {
+        std::replace_if(
+            line.begin(), line.end(), [](char letter) { return letter == '\r' || letter == '\n'; }, ' ');
         const std::string folder = Path("");
         for (std::size_t at = 0; (at = line.find(folder, at)) != std::string::npos;)
             line.replace(at, folder.size(), "~/");
