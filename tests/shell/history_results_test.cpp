@@ -110,6 +110,21 @@ TEST_F(HistoryOfResults, ATableOfOnePositionComesBack) {
     });
 }
 
+TEST_F(HistoryOfResults, ATableWithoutPositionsIsTakenBackAsOneThatHasThem) {
+    At_Home([](Screen& home) {
+        for (const double mass : {1.0, 2.0})
+            Do(home, [mass] {
+                Model.NSteps = -2;
+                Model.TorqueImported = true;
+                Model.LinkMass(2) = mass;
+            });
+        Steps().Undo();
+        EXPECT_EQ(Model.LinkMass(2), 1);
+        Steps().Redo();
+        EXPECT_EQ(Model.LinkMass(2), 2);
+    });
+}
+
 TEST_F(HistoryOfResults, ANewBeginningForgetsWhatWasDoneUndoneTypedAndDragged) {
     With_A_Run([this](Screen& home) {
         const auto drag = [](double mass) {

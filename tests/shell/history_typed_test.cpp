@@ -64,6 +64,13 @@ TEST_F(HistoryOfTyping, AStepThatWasUndoneComesAgainBeforeWhatWasTypedBehindIt) 
     });
 }
 
+TEST_F(HistoryOfTyping, TypingAtWhatHasNoTextIsNothingToTakeBack) {
+    At_Home([](Screen& home) {
+        { const platform::Deed deed(home.Get<CommandButton>("cmd_Input"), platform::Deed::Kind::kTyped); }
+        EXPECT_FALSE(Steps().Can_Undo());
+    });
+}
+
 TEST_F(HistoryOfTyping, ATextThatIsTypedBackToWhatItWasLeavesNothingToTakeBack) {
     With_A_Run([this](Screen& home) {
         desktop.Expect_Screen("frm_MassProp", [](Screen& masses) {
