@@ -4,15 +4,19 @@ import re
 # Words that no test can see, and lines that are no code of their own, or room alone.
 BLANKED = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])+\'|//.*')
 LEFT_ALONE = re.compile(r"^\s*([\w.]+\.reserve\(|#|///|//|template|using|namespace|static_assert|\}|public:|private:|protected:|case \w+:$)")
+OTHER = {"<=": "<", ">=": ">", "==": "!=", "!=": "==", "<": "<=", ">": ">="}
+BOUND = "mutant::bound"  # of bound.h
 
 
 def swaps(code):
     """Each mutant of a line as (what was done, from, to, text put there)."""
-    comparison = {"<=": "<", ">=": ">", "==": "!=", "!=": "==", " < ": " <= ", " > ": " >= "}
     for found in re.finditer(r"<=|>=|==|!=| < | > ", code):
         if code[found.start():found.start() + 3] == "<=>":
             continue
-        yield "comparison", found.start(), found.end(), comparison[found.group()]
+        was = found.group().strip()
+        at_a_number = re.match(r" *-?[\d.]", code[found.end():]) or re.search(r"(?<![\w.])[\d.]+ *$", code[:found.start()])
+        other = OTHER[was] if was in ("==", "!=") or at_a_number else f"{was} {BOUND} {was}"
+        yield "comparison", found.start(), found.end(), found.group().replace(was, other)
     for found in re.finditer(r" ([+-]) (?!=)", code):
         yield "sign", found.start(1), found.end(1), "-" if found.group(1) == "+" else "+"
     for found in re.finditer(r"(?<=[=(,?:] )-(?=[\w(])", code):
@@ -71,6 +75,12 @@ def for_other_machines(line, stack):
     return "else" in stack
 
 
+def told(was, text):
+    if BOUND in text:
+        return f"{was} becomes {OTHER[was]}, of reals has half as much again behind it"
+    return f"{was} becomes {text}"
+
+
 def mutants_of(path, lines=None):
     stack = []
     for number, line in enumerate(path.read_text().split("\n"), 1):
@@ -81,8 +91,7 @@ def mutants_of(path, lines=None):
         code = BLANKED.sub(lambda found: " " * len(found.group()), line).rstrip()
         for what, begin, end, text in swaps(code):
             yield {"file": path, "line": number, "what": what, "was": line, "begin": begin, "end": end, "put": text,
-                   "text": line[:begin] + text + line[end:],
-                   "how": f"{line[begin:end].strip()} becomes {text.strip()}"}
+                   "text": line[:begin] + text + line[end:], "how": told(line[begin:end].strip(), text.strip())}
 
 
 DECLARES = re.compile(r"(?:const |auto\b|[\w:]+(?:<.*>)?[&*]*\s+[&*]*\w+\s*[=({;,\[])")
