@@ -142,7 +142,6 @@ void frm_Animate::Fill() {
     WaitRefused = false;
     Show_Choices();
     Show_Settings();
-    cmd_Recalc.Enabled = false;
     hsc_step.SetMax(Model.NSteps);
     hsc_step.SetValue(0);
     if (Model.Grashof_Code == "NL") cmd_Animate.Enabled = false;

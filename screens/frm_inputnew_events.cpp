@@ -100,7 +100,6 @@ void frm_Inputnew::Form_Activate() {
             results.Put_Back();
             Show_Nothing(*this);
         }
-        Label_Mode();
         txt_Figure.Text = Shown_Title();
         Model.LinkEdited = false;
         Run_Held_Back();

@@ -186,7 +186,6 @@ void Joint_Hand::Pull_To(Point to, int keys, double pixel) {
         else if (answer.step != pull.step)
             screen_.Show_Dragged(answer.step);
         moved_ = moved_ || !answer.values.empty() || answer.step != pull.step;
-        busy_ = false;
     });
     busy_ = false;
     Light_Up(joint_);

@@ -88,7 +88,6 @@ void Linkage_Screen::Step_By(int steps) {
 }
 
 void Linkage_Screen::Show_Choices() {
-    Put_Circuit(*this);
     opt_Polar[Model.PolarCoords ? 1 : 0].Value = true;
     for (int option = 0; option < 5; ++option)
         if (shift_drag::kOfOption[option] == Model.ShiftDragTarget) opt_Shift_Drag[option].Value = true;

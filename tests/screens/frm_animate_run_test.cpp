@@ -337,6 +337,18 @@ TEST_F(AnimateRun, AVastWaitIsReportedAgainWhenTheScreenComesUpAnew) {
     });
 }
 
+TEST_F(AnimateRun, AStepClearsTheFlagOfTheCouplersLinesWhichADrawingReadsBackFromItsBox) {
+    After_First_Picture([&] {
+        Tick(form, "chk_CouplerLines", true);
+        Press(form, "cmd_Animate");
+        Press(form, "cmd_Step");
+        EXPECT_EQ(Model.ShowCouplerLinesFlag, "Y");
+        Model.Calctype = run::kLinkDriven;
+        Press(form, "cmd_Step");
+        EXPECT_EQ(Model.ShowCouplerLinesFlag, "N") << "a run that another stage drives is not drawn by the button";
+    });
+}
+
 TEST_F(AnimateRun, ATraceLeavesAllPositions) {
     After_First_Picture([&] {
         Tick(form, "chk_Trace", true);

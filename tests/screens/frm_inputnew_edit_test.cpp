@@ -176,6 +176,19 @@ TEST_F(Edit, AnUndoneStepLeavesNoAngleToJumpToBehind) {
     });
 }
 
+TEST_F(Edit, TheStartAngleIsTheFirstLimitOfOnePositionAndNoneOfARunByTime) {
+    Without_Autocalc();
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 2);
+        const std::string start = input.txt_initial[0].Text;
+        Enter(input, "txt_Thetazero", kNoIndex, "33");
+        EXPECT_EQ(input.txt_initial[0].Text, start);
+        Choose_Option(input, "opt_Calctype", 1);
+        Enter(input, "txt_Thetazero", kNoIndex, "34");
+        EXPECT_EQ(input.txt_initial[0].Text, "34");
+    });
+}
+
 TEST_F(Edit, WithAutocalcOffTheStartAngleIsTakenAndClearsThePicture) {
     Show([&] {
         Choose_Option(input, "opt_Calctype", 2);

@@ -86,6 +86,19 @@ TEST_F(PresetsOnScreensTest, TheFourthPresetAfterNoOtherHasNoComponentsAndKeepsT
     EXPECT_EQ(Model.FuncGroup(3), 4);
 }
 
+TEST_F(PresetsOnScreensTest, GoingBackToPresetsLeavesTheFrameAsItWasChosen) {
+    auto& form = Activated<frm_PlotSelect1>("frm_PlotSelect1");
+    Choose_Option(form, "opt_PrintSet", 1);
+    Pick(form, 1, "Veloc CP");
+    Choose_Option(form, "opt_Coord", 1);
+    ASSERT_TRUE(form.opt_Coord[1].Value);
+    Choose_Option(form, "opt_PrintSet", 0);
+    EXPECT_TRUE(form.opt_Coord[1].Value);
+    EXPECT_TRUE(form.fra_coord.Enabled);
+    Choose_Option(form, "opt_PrintSet", 1);
+    EXPECT_FALSE(form.opt_Coord[1].Value);
+}
+
 TEST_F(PresetsOnScreensTest, TheFrameAfterAPresetIsThatOfItsLastVariable) {
     auto& form = Activated<frm_PlotSelect1>("frm_PlotSelect1");
     for (const int vectors : {7, 8}) {

@@ -119,6 +119,20 @@ TEST_F(JointKeys, WhatTheMouseHoldsIsLetGoByEscAndIsLitWhereItIs) {
     });
 }
 
+TEST_F(JointKeys, WhatTheMouseHoldsNoLetterAndNoArrowTakesFromIt) {
+    After_First_Picture([&] {
+        ASSERT_TRUE(Press_At(Where(Joint::kP)));
+        Move(Where(Joint::kP) + Spot(40, 30) * Pixel());
+        const std::string before = What_Counts();
+        for (const char* key : {"A", "J", "Left"}) Key(key);
+        EXPECT_EQ(What_Counts(), before);
+        Move(Where(Joint::kP) + Spot(20, 0) * Pixel());
+        EXPECT_EQ(Model.L2, Single(1.115)) << "it is the coupler point still";
+        EXPECT_NE(What_Counts(), before);
+        Release();
+    });
+}
+
 TEST_F(JointKeys, WhileALinkIsDraggedWithTheShiftKeyTheArrowsStepTheRun) {
     After_First_Picture([&] {
         const std::string before = Picture().Keys;

@@ -101,6 +101,14 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
     });
 }
 
+TEST_F(LivePlots, APlotIsDrawnOnceForEachRunThatItFollows) {
+    Watching("Omega3", "", [&] {
+        const int before = Own(1).Drawings();
+        Enter(form, "txt_Linkout", 1, "1.2");
+        EXPECT_EQ(Own(1).Drawings(), before + 1);
+    });
+}
+
 TEST_F(LivePlots, APresetOfTwoLeavesTheOtherSlotsEmpty) {
     After_First_Picture([&] {
         Open();
