@@ -152,7 +152,17 @@ std::string Fewer_Digits(const std::string& word) {
     return shorter;
 }
 
-class EachControl : public Forces, public testing::WithParamInterface<const char*> {
+/// A screen, and of which model it is.
+struct Opened {
+    const char* screen;
+    enum { kByAngle, kByTime, kDriven } model = kByAngle;
+    std::string Log() const {
+        static constexpr const char* kEnd[] = {"", "_by_time", "_driven"};
+        return std::string(screen) + kEnd[model];
+    }
+};
+
+class EachControl : public Forces, public testing::WithParamInterface<Opened> {
    protected:
     EachControl() {
         Set_Identity();
@@ -161,9 +171,17 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
         Model.FilePath = Path("press.vlk");
         Model.AspectRatio = 1.5;
         std::filesystem::create_directory(telling.Documents);
+        if (GetParam().model == Opened::kByTime) {
+            In_Units(5);
+            Model.CircuitIndex = 2;
+            Turn_Ground(25);
+            Model.PolarCoords = false;
+            By_Time(0, 1, 0.1);
+        }
+        if (GetParam().model == Opened::kDriven) By_Cam(20, 12);
         Run_Counts();
         telling.Serves = [this](Screen& screen) {
-            screen.Name() == GetParam() && !at_work_ ? Go_On(screen) : telling.Leave(screen);
+            screen.Name() == GetParam().screen && !at_work_ ? Go_On(screen) : telling.Leave(screen);
         };
     }
 
@@ -254,8 +272,9 @@ class EachControl : public Forces, public testing::WithParamInterface<const char
 
 TEST_P(EachControl, DoesWhatItsLogTells) {
     Solve_Forces(Model);
-    Model.SynPositions = std::string(GetParam()).starts_with("frm_Synth2") ? 1 : 2;  // as the home screen leads there
-    Screen& screen = Screens::Get(GetParam());
+    Model.SynPositions =
+        std::string(GetParam().screen).starts_with("frm_Synth2") ? 1 : 2;  // as the home screen leads there
+    Screen& screen = Screens::Get(GetParam().screen);
     if (auto* explore = dynamic_cast<frm_Explore*>(&screen)) explore->Effort.coarse = true;
     controls_ = screen.Controls();
     std::stable_partition(controls_.begin(), controls_.end(),
@@ -264,16 +283,33 @@ TEST_P(EachControl, DoesWhatItsLogTells) {
     before_ = Words_By_Control(screen);
     record_ = walk::Record_Words();
     while (control_ < controls_.size() && !telling.Ending()) screen.ShowModal();
-    Expect_Words(std::string("each_control_of_") + GetParam(), words_);
+    Expect_Words("each_control_of_" + GetParam().Log(), words_);
 }
 
+std::string Told(const testing::TestParamInfo<Opened>& named) { return named.param.Log().substr(4); }
+
 INSTANTIATE_TEST_SUITE_P(All, EachControl,
-                         testing::Values("frm_Animate", "frm_Balance", "frm_Cayley", "frm_Explore", "frm_FFT",
-                                         "frm_Help", "frm_HomeScreen", "frm_Inputnew", "frm_MassProp", "frm_Matrix",
-                                         "frm_PlotSelect1", "frm_PlotSelect2", "frm_PlotSelect3", "frm_PlotSelect4",
-                                         "frm_PlotType", "frm_PrintSelect", "frm_Quit", "frm_Report", "frm_Studies",
-                                         "frm_Synth2A", "frm_Synth2B", "frm_Synth3", "frm_Title", "frm_User"),
-                         [](const auto& named) { return std::string(named.param).substr(4); });
+                         testing::Values(Opened{"frm_Animate"}, Opened{"frm_Balance"}, Opened{"frm_Cayley"},
+                                         Opened{"frm_Explore"}, Opened{"frm_FFT"}, Opened{"frm_Help"},
+                                         Opened{"frm_HomeScreen"}, Opened{"frm_Inputnew"}, Opened{"frm_MassProp"},
+                                         Opened{"frm_Matrix"}, Opened{"frm_PlotSelect1"}, Opened{"frm_PlotSelect2"},
+                                         Opened{"frm_PlotSelect3"}, Opened{"frm_PlotSelect4"}, Opened{"frm_PlotType"},
+                                         Opened{"frm_PrintSelect"}, Opened{"frm_Quit"}, Opened{"frm_Report"},
+                                         Opened{"frm_Studies"}, Opened{"frm_Synth2A"}, Opened{"frm_Synth2B"},
+                                         Opened{"frm_Synth3"}, Opened{"frm_Title"}, Opened{"frm_User"}),
+                         Told);
+
+// In millimetres, crossed, on a turned ground that is typed as a point.
+INSTANTIATE_TEST_SUITE_P(ByTime, EachControl,
+                         testing::Values(Opened{"frm_Animate", Opened::kByTime}, Opened{"frm_FFT", Opened::kByTime},
+                                         Opened{"frm_HomeScreen", Opened::kByTime},
+                                         Opened{"frm_Inputnew", Opened::kByTime}),
+                         Told);
+
+INSTANTIATE_TEST_SUITE_P(Driven, EachControl,
+                         testing::Values(Opened{"frm_Animate", Opened::kDriven},
+                                         Opened{"frm_Inputnew", Opened::kDriven}),
+                         Told);
 
 }  // namespace
 }  // namespace verlink::test

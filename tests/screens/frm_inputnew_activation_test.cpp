@@ -299,6 +299,17 @@ TEST_F(Activation, AnImportedTorqueStaysWhileTheSameRunIsMadeAnew) {
     });
 }
 
+TEST_F(Activation, AnImportedTorqueStaysWithAnotherRunOfAsManySteps) {
+    Show([] {});
+    Model.TorqueImported = true;
+    for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.ImportedTorque(step) = 1 + step;
+    Model.L3 += 0.5F;
+    Show([&] {
+        EXPECT_TRUE(Model.TorqueImported);
+        EXPECT_EQ(Model.RunTable.ImportedTorque(7), 8);
+    });
+}
+
 TEST_F(Activation, ForcesBalanceAndTransformStayWhileTheSameRunIsMadeAnew) {
     Show([&] { Calculate_Now(); });
     ASSERT_TRUE(Solve_Forces(Model).solved);
@@ -327,6 +338,14 @@ TEST_F(Activation, ForcesBalanceAndTransformStayWhileTheSameRunIsMadeAnew) {
     Forces_Hold();
     Model.L3 += 0.5F;
     Show([&] { EXPECT_FALSE(Model.DynamicsDone) << "another run has other forces"; });
+}
+
+TEST_F(Activation, TheBarReachesToTheLastPositionAlsoWhereNothingIsCalculatedAtOnce) {
+    Without_Autocalc();
+    for (const int last : {72, 12}) {
+        Model.NSteps = last;
+        Show([&] { EXPECT_EQ(input.hsc_step.Max(), last); });
+    }
 }
 
 TEST_F(Activation, TheLengthUnitOfTheSystemStandsBesideTheBoxes) {
