@@ -127,6 +127,8 @@ std::vector<Action> Deeds_On(const Screen& screen, const Control& control) {
     }
     if (dynamic_cast<const MenuEntry*>(&control)) return {2, walk::Pick(on, name, index)};
     if (dynamic_cast<const Graph*>(&control)) return {walk::Seek(on, name, index, 3)};
+    if (dynamic_cast<const Histogram*>(&control) || dynamic_cast<const Color_Map*>(&control))
+        return {walk::Seek(on, name, index, 1), walk::Seek(on, name, index, 40)};
     if (dynamic_cast<const Timer*>(&control)) return {2, walk::Pulse(on, name)};
     if (dynamic_cast<const Shortcut*>(&control)) return {walk::Keys(on, name)};
     return {};
@@ -152,14 +154,14 @@ std::string Fewer_Digits(const std::string& word) {
     return shorter;
 }
 
-/// A screen, and of which model it is.
+/// A screen, of which model it is, and what was done on it before; backwards comes first what stands last.
 struct Opened {
     const char* screen;
+    const char* name = "";
     enum { kByAngle, kByTime, kDriven } model = kByAngle;
-    std::string Log() const {
-        static constexpr const char* kEnd[] = {"", "_by_time", "_driven"};
-        return std::string(screen) + kEnd[model];
-    }
+    std::vector<Action> first = {};
+    bool backwards = false;
+    std::string Log() const { return std::string(screen) + name; }
 };
 
 class EachControl : public Forces, public testing::WithParamInterface<Opened> {
@@ -277,8 +279,12 @@ TEST_P(EachControl, DoesWhatItsLogTells) {
     Screen& screen = Screens::Get(GetParam().screen);
     if (auto* explore = dynamic_cast<frm_Explore*>(&screen)) explore->Effort.coarse = true;
     controls_ = screen.Controls();
-    std::stable_partition(controls_.begin(), controls_.end(),
-                          [](const Control* control) { return !dynamic_cast<const MenuEntry*>(control); });
+    const auto menus = std::stable_partition(controls_.begin(), controls_.end(), [](const Control* control) {
+        return !dynamic_cast<const MenuEntry*>(control);
+    });
+    if (GetParam().backwards) std::reverse(controls_.begin(), menus);
+    deeds_ = GetParam().first;
+    if (!deeds_.empty()) controls_.insert(controls_.begin(), controls_.front());  // which is gone with them
     The_History().Begin();
     before_ = Words_By_Control(screen);
     record_ = walk::Record_Words();
@@ -301,14 +307,31 @@ INSTANTIATE_TEST_SUITE_P(All, EachControl,
 
 // In millimetres, crossed, on a turned ground that is typed as a point.
 INSTANTIATE_TEST_SUITE_P(ByTime, EachControl,
-                         testing::Values(Opened{"frm_Animate", Opened::kByTime}, Opened{"frm_FFT", Opened::kByTime},
-                                         Opened{"frm_HomeScreen", Opened::kByTime},
-                                         Opened{"frm_Inputnew", Opened::kByTime}),
+                         testing::Values(Opened{"frm_Animate", "_by_time", Opened::kByTime},
+                                         Opened{"frm_FFT", "_by_time", Opened::kByTime},
+                                         Opened{"frm_HomeScreen", "_by_time", Opened::kByTime},
+                                         Opened{"frm_Inputnew", "_by_time", Opened::kByTime}),
                          Told);
 
 INSTANTIATE_TEST_SUITE_P(Driven, EachControl,
-                         testing::Values(Opened{"frm_Animate", Opened::kDriven},
-                                         Opened{"frm_Inputnew", Opened::kDriven}),
+                         testing::Values(Opened{"frm_Animate", "_driven", Opened::kDriven},
+                                         Opened{"frm_Inputnew", "_driven", Opened::kDriven}),
+                         Told);
+
+const std::vector<Action> kPlotted{walk::Pick("frm_Animate", "mnu_ViewLive"),
+                                   walk::Item("frm_Animate", "cmb_LivePreset", kNoIndex, 5)};
+const std::vector<Action> kSwept{walk::Option("frm_Studies", "opt_Kind", 0),
+                                 walk::Item("frm_Studies", "cmb_Sweep", 2, 4), walk::Press("frm_Studies", "cmd_Start"),
+                                 walk::Seek("frm_Studies", "map_Sweep", kNoIndex, 40),
+                                 walk::Press("frm_Studies", "cmd_After")};
+const std::vector<Action> kSpread{walk::Option("frm_Studies", "opt_Kind", 1), walk::Press("frm_Studies", "cmd_Start"),
+                                  walk::Seek("frm_Studies", "his_Spread", kNoIndex, 40),
+                                  walk::Press("frm_Studies", "cmd_Before")};
+
+INSTANTIATE_TEST_SUITE_P(WithResults, EachControl,
+                         testing::Values(Opened{"frm_Animate", "_with_plots", Opened::kByAngle, kPlotted, true},
+                                         Opened{"frm_Studies", "_swept", Opened::kByAngle, kSwept, true},
+                                         Opened{"frm_Studies", "_spread", Opened::kByAngle, kSpread, true}),
                          Told);
 
 }  // namespace

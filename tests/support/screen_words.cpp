@@ -163,6 +163,38 @@ void Say_Graph(Words& words, const Graph& graph) {
     }
 }
 
+std::string Least_To_Most(std::vector<double> values) {
+    std::erase_if(values, [](double value) { return std::isnan(value); });
+    if (values.empty()) return "none";
+    const auto [least, most] = std::ranges::minmax_element(values);
+    double sum = 0;
+    for (const double value : values) sum += value;
+    return std::to_string(values.size()) + ": " + Short(*least) + ".." + Short(*most) + " sum " + Short(sum);
+}
+
+void Say_Charts(Words& words, const Control& control) {
+    if (const auto* spread = As<Histogram>(control)) {
+        const Histogram::Content& shown = spread->Shown;
+        words.Name("title", shown.title);
+        words.Add("scale " + Short(shown.from) + ' ' + Short(shown.to) + " counts " + Least_To_Most(shown.counts));
+        for (const auto& line : shown.lines)
+            words.Name("at " + Short(line.at) + (line.faint ? " faint" : ""), line.name);
+    }
+    if (const auto* bars = As<Bars>(control)) {
+        words.Name("title", bars->Shown.Get().title);
+        for (const auto& bar : bars->Shown.Get().bars)
+            words.Add(bar.name + ' ' + Short(bar.length) + ' ' + Quoted(bar.words));
+    }
+    if (const auto* map = As<Color_Map>(control)) {
+        const Color_Map::Content& shown = map->Shown();
+        words.Name("title", shown.title);
+        for (const auto* axis : {&shown.across, &shown.up})
+            words.Name("by", axis->title + ' ' + Short(axis->from) + ' ' + Short(axis->to) + ' ' + Short(axis->count));
+        words.Add("values " + Least_To_Most(shown.values));
+        words.Add("picked " + Short(map->Picked.Get().across) + ' ' + Short(map->Picked.Get().up));
+    }
+}
+
 void Say_Grid(Words& words, const Grid& grid) {
     constexpr int kFew = 6;
     words.Add(std::to_string(grid.Rows()) + " by " + std::to_string(grid.Cols()) + ", " +
@@ -190,6 +222,7 @@ void Say_Kind(Words& words, const Control& control) {
     if (const auto* picture = As<PictureBox>(control)) Say_Picture(words, *picture);
     if (const auto* graph = As<Graph>(control)) Say_Graph(words, *graph);
     if (const auto* grid = As<Grid>(control)) Say_Grid(words, *grid);
+    Say_Charts(words, control);
 }
 
 void Say_Rest(Words& words, const Control& control) {

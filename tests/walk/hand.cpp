@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/charts.h"
 #include "platform/graph.h"
 #include "platform/plot_box.h"
 #include "tests/support/scripted_desktop.h"
@@ -15,6 +16,8 @@ namespace verlink::walk {
 using namespace platform;
 
 namespace {
+
+constexpr int kPlacesOfAScale = 100;
 
 bool Frame_Lets(const Screen& screen, const std::string& frame, int index = kNoIndex) {
     const auto* found = screen.FindAs<Frame>(frame, index);
@@ -101,9 +104,9 @@ void Haul_Over(PictureBox& box, const Action& a) {
     }
     for (int i = 1; i <= kMoves; ++i) {
         const double part = static_cast<double>(i) / kMoves;
-        box.OnDrag(Touch_At(box, a.x + part * (a.to_x - a.x), a.y + part * (a.to_y - a.y), a.keys));
+        if (box.OnDrag) box.OnDrag(Touch_At(box, a.x + part * (a.to_x - a.x), a.y + part * (a.to_y - a.y), a.keys));
     }
-    box.OnRelease();
+    if (box.OnRelease) box.OnRelease();
 }
 
 void Press_On_Picture(PictureBox& box, const std::string& keys) {
@@ -151,6 +154,20 @@ void Use_List(Screen& top, const Action& action) {
     // Letters go where the cursor is, and a box whose text is refused keeps it.
     if (action.deed == Deed::kWrite && top.Focus() == &list) list.Text = action.text;
     if (action.deed == Deed::kDoubleList && list.Enabled) list.OnDblClick();
+}
+
+void Seek_In(Screen& top, const Action& action) {
+    Control& control = top.Get<Control>(action.control, action.index);
+    if (auto* graph = dynamic_cast<Graph*>(&control)) {
+        graph->OnSeek(action.value);
+        if (graph->OnSought) graph->OnSought();
+    } else if (auto* spread = dynamic_cast<Histogram*>(&control)) {
+        const auto& shown = spread->Shown.Get();
+        spread->OnPick(shown.from + (shown.to - shown.from) * action.value / kPlacesOfAScale);
+    } else if (auto* map = dynamic_cast<Color_Map*>(&control)) {
+        const int up = map->Shown().up.count, place = action.value - 1;
+        map->OnPick({place / up, place % up});
+    }
 }
 
 void Use_Bar(Screen& top, const Action& action) {
@@ -229,10 +246,7 @@ bool Possible_On(const Screen& top, const Action& action) {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnMouseMove;
         }
-        case Deed::kSeek: {
-            const auto* graph = Reached<Graph>(top, action);
-            return graph && graph->OnSeek && action.value >= 1 && action.value <= graph->NumPoints();
-        }
+        case Deed::kSeek: return action.value >= 1 && action.value <= Places_To_Seek(top, action);
         case Deed::kPicture: {
             const auto* box = Reached<PictureBox>(top, action);
             return box && box->OnClick;
@@ -270,6 +284,14 @@ bool Possible_On(const Screen& top, const Action& action) {
 
 }  // namespace
 
+int Places_To_Seek(const Screen& top, const Action& action) {
+    if (const auto* graph = Reached<Graph>(top, action)) return graph->OnSeek ? graph->NumPoints() : 0;
+    if (const auto* spread = Reached<Histogram>(top, action)) return spread->OnPick ? kPlacesOfAScale : 0;
+    if (const auto* map = Reached<Color_Map>(top, action))
+        return map->OnPick ? static_cast<int>(map->Shown().values.size()) : 0;
+    return 0;
+}
+
 bool Possible(const Screen& top, const Action& action) {
     const Screen* beside = Beside();
     return Possible_On(beside && action.screen == beside->Name() ? *beside : top, action);
@@ -305,12 +327,7 @@ void Do(Screen& top, const Action& action) {
         case Deed::kHaul:
         case Deed::kGlass:
         case Deed::kOnPicture: return Use_Picture(top.Get<PictureBox>(action.control, action.index), action);
-        case Deed::kSeek: {
-            auto& graph = top.Get<Graph>(action.control, action.index);
-            graph.OnSeek(action.value);
-            if (graph.OnSought) graph.OnSought();
-            return;
-        }
+        case Deed::kSeek: return Seek_In(top, action);
         case Deed::kScreen: return top.Form_Click();
         case Deed::kClose: return top.Close();
         case Deed::kPulse: return Timer_Of(action)->Tick();

@@ -20,6 +20,9 @@ platform::Screen* Beside();
 /// The screen that an action is done on: the one beside when it is of that, else the one on top.
 platform::Screen& Where(platform::Screen& top, const Action& action);
 
+/// How many places of a plot, a scale or a map the hand can click upon.
+int Places_To_Seek(const platform::Screen& top, const Action& action);
+
 /// True when the hand can do it on this screen as it stands, or on the one that stands beside it.
 bool Possible(const platform::Screen& top, const Action& action);
 

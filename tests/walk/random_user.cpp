@@ -281,9 +281,8 @@ void Random_User::Add(Choices& choices, Screen& top, Control& control, double bo
         choices.push_back({Chance(0.5) ? Scroll(screen, name, index, value) : Thumb(screen, name, index, value), 1});
     } else if (auto* picture = dynamic_cast<PictureBox*>(&control)) {
         Add_Picture(choices, top, *picture);
-    } else if (auto* graph = dynamic_cast<Graph*>(&control)) {
-        if (graph->OnSeek && graph->NumPoints() > 0)
-            choices.push_back({Seek(screen, name, index, 1 + Below(graph->NumPoints())), 0.7});
+    } else if (const int places = Places_To_Seek(top, Seek(screen, name, index, 1)); places > 0) {
+        choices.push_back({Seek(screen, name, index, 1 + Below(places)), 0.7});
     }
 }
 
