@@ -88,6 +88,8 @@ TEST_F(DesignBatch, WritesTableGalleryAndTheBestModel) {
     EXPECT_EQ(pictures, 5U);
     EXPECT_NE(svg.find(table.Text(0, "Class")), std::string::npos);
 
+    EXPECT_NE(Read(Path("best.vlk")).find("\r\n\"Three places\"\r\n"), std::string::npos) << "its title";
+
     // The model, run by itself, passes the places: millimetres from O2 on a turned ground.
     const Outcome run = Run({Path("best.vlk")});
     EXPECT_EQ(run.status, 0) << run.err;

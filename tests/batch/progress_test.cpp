@@ -11,6 +11,8 @@ TEST(Progress, IsABarWithItsCountAndTheNameAtWork) {
     EXPECT_EQ(Progress_Line(0, 10, "a.vlk", 80), "[                              ] 0/10 a.vlk");
     EXPECT_EQ(Progress_Line(5, 10, "a.vlk", 80), "[###############               ] 5/10 a.vlk");
     EXPECT_EQ(Progress_Line(10, 10, "a.vlk", 80), "[##############################] 10/10 a.vlk");
+    EXPECT_EQ(Progress_Line(0, 1, "a.vlk", 80), "[                              ] 0/1 a.vlk");
+    EXPECT_EQ(Progress_Line(0, 0, "", 80), "[##############################] 0/0 ") << "nothing is left to do";
 }
 
 TEST(Progress, FitsItsTerminal) {
