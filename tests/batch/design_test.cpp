@@ -82,6 +82,7 @@ TEST_F(DesignBatch, WritesTableGalleryAndTheBestModel) {
     EXPECT_EQ(outcome.out, "");
     const CsvTable table(Read(Path("s.csv")));
     ASSERT_EQ(table.Rows(), 5);
+    for (int row = 0; row < 5; ++row) EXPECT_EQ(table.Text(row, "Rank"), std::to_string(row + 1));
     const std::string svg = Read(Path("g.svg"));
     std::size_t pictures = 0;
     for (std::size_t at = 0; (at = svg.find("<g transform", at)) != std::string::npos; ++at) ++pictures;
