@@ -294,13 +294,13 @@ TEST(Options, WhatIsTakenHasNoFault) {
 }
 
 TEST(Options, EachJobHasItsModelAlone) {
-    const std::vector<BatchOptions> jobs = Jobs_Of(Parsed({"in/a.vlk", "b.vlk", "--csv", "{name}.csv"}));
+    const std::vector<BatchOptions> jobs = Jobs_Of(Parsed({"in/a.vlk", "b.vlk", "--csv", "{name}/{name}.csv"}));
     ASSERT_EQ(jobs.size(), 2U);
     EXPECT_EQ(jobs[0].model, "in/a.vlk");
     EXPECT_EQ(jobs[1].model, "b.vlk");
     for (const BatchOptions& job : jobs) EXPECT_TRUE(job.models.empty());
-    EXPECT_EQ(Path(jobs[0], "--csv"), "a.csv");
-    EXPECT_EQ(Path(jobs[1], "--csv"), "b.csv");
+    EXPECT_EQ(Path(jobs[0], "--csv"), "a/a.csv");
+    EXPECT_EQ(Path(jobs[1], "--csv"), "b/b.csv");
 }
 
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {

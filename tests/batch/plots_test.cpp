@@ -48,6 +48,13 @@ TEST_F(Plots, APlotFollowsTheFrame) {
     EXPECT_EQ(Read(Path("a.svg")), local);
 }
 
+TEST_F(Plots, AnExampleHasUnitsAsAModelHas) {
+    for (const char* example : {"grashof", "hoekens", "roberts", "watts", "cheby"}) {
+        ASSERT_EQ(Run({"--example", example, "--plot", "Veloc CP:Y", "--svg", Path("e.svg")}).status, 0) << example;
+        EXPECT_NE(Read(Path("e.svg")).find("Veloc CP Y in/sec"), std::string::npos) << example;
+    }
+}
+
 TEST_F(Plots, AFunctionThatTheRunDoesNotHaveIsRefused) {
     const Outcome outcome = Run(ModelText(), {"--svg", Path("a.svg"), "--plot", "Omega4", "--plot", "Speed:Y"});
     EXPECT_EQ(outcome.status, 2);
