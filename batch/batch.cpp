@@ -321,7 +321,7 @@ int Refuse(const std::string& fault, std::ostream& err) {
 
 /// Help or version.
 int Tell(const std::string& text, std::ostream& out, std::ostream& err) {
-    Printout print(out, false);
+    Printout print(out);
     print.Text(text);
     if (print.Done(err)) return kDone;
     return print.Unread() ? kNobodyReads : kFailed;

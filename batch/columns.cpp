@@ -16,13 +16,11 @@ namespace verlink {
 
 namespace {
 
-/// The function slot through which the variables are read, and which is transformed.
-constexpr int kSlot = 1;
 constexpr int kDegrees = 1, kLength = 6;  ///< of `UnitLabel`
 
 /// Centimetres and millimetres are stored as metres.
 std::string Stored_Length_Unit() {
-    const bool shown_otherwise = Model.Units > 3;
+    const bool shown_otherwise = Shown_Factor(Model.Units) != 1;
     return shown_otherwise ? "m" : Model.UnitLabel(kLength);
 }
 
@@ -67,7 +65,7 @@ void Add_Centrode(std::vector<Column>& columns, const std::string& name, const S
 }  // namespace
 
 std::vector<Column> Run_Columns(bool local) {
-    Use_Frame(local, kSlot);
+    Use_Frame(local);
     std::vector<Column> columns;
     Add_Column(
         columns, "Step", "", [](int step) { return Single(step); }, false);
@@ -84,7 +82,7 @@ std::vector<Column> Run_Columns(bool local) {
 
 std::vector<Column> Transform_Columns(const FunctionChoice& choice, bool local) {
     Take_Function(choice, kSlot);
-    Use_Frame(local, kSlot);
+    Use_Frame(local);
     Do_DFT(Model.NSteps);
     const std::string unit = Unit_Of({choice.label, choice.component}, Model), degrees = Model.UnitLabel(kDegrees);
     std::vector<Column> columns{

@@ -28,9 +28,9 @@ void Take_Function(const FunctionChoice& choice, int slot) {
     Set_Component(Model.ScalarFunction ? "Mag" : choice.component, slot);
 }
 
-void Use_Frame(bool local, int slot) {
+void Use_Frame(bool local) {
     Model.CoordSystem = local ? kLocalRotating : kGlobal;
-    Model.PlotSlot = slot;
+    Model.PlotSlot = kSlot;
 }
 
 }  // namespace verlink

@@ -12,9 +12,12 @@ int Last_Variable(bool dynamics, bool balance);
 /// Whether a variable up to that number is called that, exactly.
 bool Is_Variable(const std::string& label, int last);
 
+/// The slot through which variables are read, and which is transformed.
+inline constexpr int kSlot = 1;
+
 /// Puts a function into a slot 1 to 4.
 void Take_Function(const FunctionChoice& choice, int slot);
-/// The frame of all vectors; in the local one the slot that is being drawn is `slot`.
-void Use_Frame(bool local, int slot);
+/// The frame of all vectors, which are read through `kSlot`.
+void Use_Frame(bool local);
 
 }  // namespace verlink

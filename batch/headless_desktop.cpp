@@ -11,12 +11,8 @@ namespace {
 std::string Lines_Of(const std::string& text) {
     std::string lines;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r') {
-            lines += '\n';
-            if (i + 1 < text.size() && text[i + 1] == '\n') ++i;
-        } else {
-            lines += text[i];
-        }
+        if (text.compare(i, 2, "\r\n") == 0) continue;
+        lines += text[i] == '\r' ? '\n' : text[i];
     }
     if (!lines.ends_with('\n')) lines += '\n';
     return lines;

@@ -4,7 +4,11 @@
 
 #include <csignal>
 #include <exception>
+#include <filesystem>
 #include <iostream>
+#include <string>
+#include <system_error>
+#include <vector>
 
 #include "batch/batch.h"
 #include "batch/paper.h"
@@ -20,6 +24,11 @@ verlink::Terminal Terminal_Of_Messages() {
     return {known ? size.ws_col : kUsual, ::isatty(STDOUT_FILENO) != 0};
 }
 
+std::filesystem::path Own_Folder() {
+    std::error_code none;
+    return std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
+}
+
 /// As one who writes into a pipe without a reader ends: whoever started it knows this end.
 void End_By_Pipe() {
     ::signal(SIGPIPE, SIG_DFL);
@@ -31,10 +40,10 @@ void End_By_Pipe() {
 int main(int count, char** arguments) {
     std::ios::sync_with_stdio(false);
     verlink::platform::Let_Writes_Fail(true);
-    verlink::Get_Ready_For_Paper(count, arguments);
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    verlink::Get_Ready_For_Paper(words, arguments, Own_Folder());
     try {
-        const int status =
-            verlink::Batch_Main({arguments + 1, arguments + count}, std::cout, std::cerr, Terminal_Of_Messages());
+        const int status = verlink::Batch_Main(words, std::cout, std::cerr, Terminal_Of_Messages());
         if (status == verlink::kNobodyReads) End_By_Pipe();
         return status;
     } catch (const std::exception& failure) {

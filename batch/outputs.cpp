@@ -9,7 +9,6 @@
 #include <optional>
 #include <system_error>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "batch/results.h"
@@ -127,17 +126,13 @@ bool Outputs_Apart(const std::vector<BatchOptions>& jobs, std::string& fault) {
 
 bool Folders_There(const std::vector<BatchOptions>& jobs, std::string& fault) {
     if (jobs.size() < 2) return true;
-    std::unordered_set<std::string> there;
     for (const BatchOptions& job : jobs) {
         for (const Use& output : Outputs_Of(job)) {
             const std::string folder = platform::Folder_Of(output.path);
             std::error_code none;
-            if (there.contains(folder)) continue;
-            if (!fs::is_directory(folder, none)) {
-                fault = output.path + " cannot be written: Path not found (there is no folder " + folder + ")";
-                return false;
-            }
-            there.insert(folder);
+            if (fs::is_directory(folder, none)) continue;
+            fault = output.path + " cannot be written: Path not found (there is no folder " + folder + ")";
+            return false;
         }
     }
     return true;

@@ -28,7 +28,7 @@ std::string Plot_Svg(const std::vector<FunctionChoice>& choices, bool local) {
         chosen.lbl_Function[slot - 1].Caption = choices[i].label;
         chosen.lbl_Component[slot - 1].Caption = Model.ComponentLabel(slot);
     }
-    Use_Frame(local, 1);
+    Use_Frame(local);
     Model.PlotCount = static_cast<int>(choices.size());
     frm_Plot1 form;
     Plot_Setup(form, 1);

@@ -13,7 +13,7 @@ bool Reader_Gone(int descriptor);
 /// that is the same as the last one stands once.
 class Printout {
    public:
-    Printout(std::ostream& out, bool several) : out_(out), several_(several) {}
+    explicit Printout(std::ostream& out, bool several = false) : out_(out), several_(several) {}
 
     /// The one whose tables come.
     void Of_Model(const std::string& model) { model_ = model; }

@@ -2,6 +2,7 @@
 #include "batch/run.h"
 
 #include <cmath>
+#include <limits>
 
 #include "batch/csv.h"
 #include "core/linkage_model.h"
@@ -40,7 +41,8 @@ bool Take_Angle_Limits() {
 }
 
 double Time_Steps() {
-    return Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep) : kLastStep + 1.0;
+    return Model.TimeStep > 0.0 ? Steps_Of(Model.TimeStart, Model.TimeEnd, Model.TimeStep)
+                                : std::numeric_limits<double>::infinity();
 }
 
 /// What the screen says when it is to run. It looks at the time limits for one position too.

@@ -19,8 +19,6 @@ namespace verlink {
 
 namespace {
 
-constexpr int kSlot = 1;
-
 std::optional<Sheet> Sheet_Wanted(const BatchOptions& options, std::ostream& notes) {
     if (!options.fft) return Run_Sheet(Model, options.Local());
     if (Model.Calctype == run::kOnePosition) {
@@ -28,7 +26,7 @@ std::optional<Sheet> Sheet_Wanted(const BatchOptions& options, std::ostream& not
         return {};
     }
     Take_Function(*options.fft, kSlot);
-    Use_Frame(options.Local(), kSlot);
+    Use_Frame(options.Local());
     Model.FFTUnitLabel = Variable_Unit(kSlot);
     Do_DFT(Model.NSteps);
     const bool vector = !Model.ScalarFunction;

@@ -52,12 +52,12 @@ std::string drawn(const std::string& svg, bool pdf) {
 
 }  // namespace
 
-void Get_Ready_For_Paper(int count, char** arguments) {
+void Get_Ready_For_Paper(const std::vector<std::string>& words, char** arguments, const std::filesystem::path&) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Some have no folder of a session, and need none: nobody sees a window.
     static const QTemporaryDir session;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", session.path().toLocal8Bit());
-    static int given = count;
+    static int given = static_cast<int>(words.size()) + 1;  // with the name
     static const QGuiApplication app(given, arguments);
     Use_Setter(desktop::setReport);
     Use_Drawer(drawn);

@@ -82,11 +82,14 @@ TEST_F(DesignBatch, WritesTableGalleryAndTheBestModel) {
     EXPECT_EQ(outcome.out, "");
     const CsvTable table(Read(Path("s.csv")));
     ASSERT_EQ(table.Rows(), 5);
+    for (int row = 0; row < 5; ++row) EXPECT_EQ(table.Text(row, "Rank"), std::to_string(row + 1));
     const std::string svg = Read(Path("g.svg"));
     std::size_t pictures = 0;
     for (std::size_t at = 0; (at = svg.find("<g transform", at)) != std::string::npos; ++at) ++pictures;
     EXPECT_EQ(pictures, 5U);
     EXPECT_NE(svg.find(table.Text(0, "Class")), std::string::npos);
+
+    EXPECT_NE(Read(Path("best.vlk")).find("\r\n\"Three places\"\r\n"), std::string::npos) << "its title";
 
     // The model, run by itself, passes the places: millimetres from O2 on a turned ground.
     const Outcome run = Run({Path("best.vlk")});

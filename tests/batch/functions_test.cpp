@@ -7,6 +7,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "core/linkage_model.h"
 #include "tests/batch/batch_fixture.h"
 
 namespace verlink::test {
@@ -53,6 +54,14 @@ struct Functions : BatchFixture {
 };
 
 }  // namespace
+
+TEST_F(Functions, TheRecordHasTheNumberOfTheFrame) {
+    Use_Frame(true);
+    EXPECT_EQ(Model.CoordSystem, 2);
+    EXPECT_EQ(Model.PlotSlot, kSlot);
+    Use_Frame(false);
+    EXPECT_EQ(Model.CoordSystem, 0);
+}
 
 TEST_F(Functions, TheFrameIsGlobalUnlessItIsGiven) {
     EXPECT_EQ(Run(ModelText(), {"--frame", "global"}).out, Run(ModelText()).out);

@@ -39,6 +39,9 @@ TEST_F(Headless, NeverAnswersRetryWhichWouldNotEnd) { EXPECT_EQ(Asked(Buttons::k
 TEST_F(Headless, WritesEveryLineEndAsALineFeed) {
     Tell("one\rtwo\r\nthree\nfour\r\rsix");
     EXPECT_EQ(messages.str(), "one\ntwo\nthree\nfour\n\nsix\n");
+    messages.str("");
+    Tell("\r\n\r\none\n\r\ntwo\r\n");
+    EXPECT_EQ(messages.str(), "\n\none\n\ntwo\n");
 }
 
 TEST_F(Headless, EndsEachMessageWithOneLineFeedAtLeast) {

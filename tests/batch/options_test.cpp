@@ -277,6 +277,32 @@ TEST(Options, ImportsAndExportsGoWithWhatUsesThem) {
     }
 }
 
+TEST(Options, WhatIsTakenHasNoFault) {
+    const std::vector<std::string> paths{"--csv", "--svg", "--save", "--drive", "--torque", "--design"};
+    std::size_t taken = 0;
+    for (const OptionRow& row : Option_Rows()) {
+        if (std::ranges::find(paths, row.name) == paths.end()) continue;
+        BatchOptions options;
+        std::string fault;
+        EXPECT_TRUE(row.take("a", options, fault)) << row.name;
+        EXPECT_EQ(fault, "") << row.name;
+        EXPECT_FALSE(row.take("b", options, fault)) << row.name;
+        EXPECT_EQ(fault, row.name + " is given twice");
+        ++taken;
+    }
+    EXPECT_EQ(taken, paths.size());
+}
+
+TEST(Options, EachJobHasItsModelAlone) {
+    const std::vector<BatchOptions> jobs = Jobs_Of(Parsed({"in/a.vlk", "b.vlk", "--csv", "{name}/{name}.csv"}));
+    ASSERT_EQ(jobs.size(), 2U);
+    EXPECT_EQ(jobs[0].model, "in/a.vlk");
+    EXPECT_EQ(jobs[1].model, "b.vlk");
+    for (const BatchOptions& job : jobs) EXPECT_TRUE(job.models.empty());
+    EXPECT_EQ(Path(jobs[0], "--csv"), "a/a.csv");
+    EXPECT_EQ(Path(jobs[1], "--csv"), "b/b.csv");
+}
+
 TEST(Options, ConvertingGoesWithSavingAndASystemFromOneToFive) {
     EXPECT_EQ(Refused({"a.vlk", "--convert-units", "3"}), "--convert-units goes with --save");
     for (const char* bad : {"0", "6", "-1", "1.5", "", "12", "x"})

@@ -40,7 +40,19 @@ TEST_F(Plots, APlotFollowsTheFrame) {
     };
     const std::string global = with(Path("g.svg"), {});
     EXPECT_EQ(global, with(Path("h.svg"), {"--frame", "global"}));
-    EXPECT_NE(global, with(Path("l.svg"), {"--frame", "local"}));
+    const std::string local = with(Path("l.svg"), {"--frame", "local"});
+    EXPECT_NE(global, local);
+    // Also where no table came before it.
+    ASSERT_EQ(
+        Run(ModelText(), {"--classify", "--plot", "Veloc CP:X", "--frame", "local", "--svg", Path("a.svg")}).status, 0);
+    EXPECT_EQ(Read(Path("a.svg")), local);
+}
+
+TEST_F(Plots, AnExampleHasUnitsAsAModelHas) {
+    for (const char* example : {"grashof", "hoekens", "roberts", "watts", "cheby"}) {
+        ASSERT_EQ(Run({"--example", example, "--plot", "Veloc CP:Y", "--svg", Path("e.svg")}).status, 0) << example;
+        EXPECT_NE(Read(Path("e.svg")).find("Veloc CP Y in/sec"), std::string::npos) << example;
+    }
 }
 
 TEST_F(Plots, AFunctionThatTheRunDoesNotHaveIsRefused) {

@@ -11,6 +11,8 @@ TEST(Progress, IsABarWithItsCountAndTheNameAtWork) {
     EXPECT_EQ(Progress_Line(0, 10, "a.vlk", 80), "[                              ] 0/10 a.vlk");
     EXPECT_EQ(Progress_Line(5, 10, "a.vlk", 80), "[###############               ] 5/10 a.vlk");
     EXPECT_EQ(Progress_Line(10, 10, "a.vlk", 80), "[##############################] 10/10 a.vlk");
+    EXPECT_EQ(Progress_Line(0, 1, "a.vlk", 80), "[                              ] 0/1 a.vlk");
+    EXPECT_EQ(Progress_Line(0, 0, "", 80), "[##############################] 0/0 ") << "nothing is left to do";
 }
 
 TEST(Progress, FitsItsTerminal) {
@@ -18,6 +20,8 @@ TEST(Progress, FitsItsTerminal) {
     for (int columns = 0; columns < 120; ++columns)
         EXPECT_LT(Progress_Line(123, 456, name, columns).size(), static_cast<std::size_t>(std::max(columns, 1)));
     EXPECT_EQ(Progress_Line(1, 2, "press.vlk", 12), "1/2 press.v");
+    EXPECT_EQ(Progress_Line(1, 2, "press.vlk", 37), "[###############               ] 1/2") << "and none of the name";
+    EXPECT_EQ(Progress_Line(1, 2, "press.vlk", 36), "1/2 press.vlk");
     EXPECT_EQ(Progress_Line(1, 2, "\xC3\xA4\xC3\xB6\xC3\xBC.vlk", 8), "1/2 \xC3\xA4\xC3\xB6\xC3\xBC");
 }
 
@@ -40,6 +44,9 @@ TEST(Progress, IsTakenAwayForAMessageAndAtTheEnd) {
     std::ostringstream nothing;
     Progress(nothing, 0, 2).Show(0, "a");
     EXPECT_EQ(nothing.str(), "");
+    std::ostringstream narrow;
+    Progress(narrow, 1, 2).Show(0, "a");
+    EXPECT_EQ(narrow.str(), "\r\x1b[K\r\x1b[K") << "no room but for the cursor";
 }
 
 }  // namespace verlink::test

@@ -1,4 +1,7 @@
 // The file of rows: what it is found to be, how it is gone on with, and the lines of a summary that is put together.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <optional>
 #include <span>
 
@@ -106,6 +109,19 @@ TEST_F(Rows_Of_A_Study, GatherBesideTheFileAndTakeItsNameAtTheEnd) {
     }
     EXPECT_EQ(Read(path), "anew\n");
     EXPECT_TRUE(What_Failed([&] { Row_File(Path("nowhere/rows.csv"), "head\n"); }));
+}
+
+/// Whoever starts a program may leave it without standard input, whose number the next file then has.
+TEST_F(Rows_Of_A_Study, AreLetGoOfUnderWhateverNumberTheyWereOpened) {
+    const int kept = ::dup(STDIN_FILENO);
+    ::close(STDIN_FILENO);
+    std::optional<Row_File> file;
+    file.emplace(Path("rows.csv"), "head\n");
+    EXPECT_NE(::fcntl(STDIN_FILENO, F_GETFD), -1);
+    file.reset();
+    EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1);
+    ::dup2(kept, STDIN_FILENO);
+    ::close(kept);
 }
 
 TEST_F(Rows_Of_A_Study, GoToADeviceAsTheyAre) {

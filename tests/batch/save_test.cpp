@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "core/linkage_model.h"
 #include "tests/batch/batch_fixture.h"
 #include "tests/batch/exact_linkage.h"
 
@@ -48,6 +49,13 @@ TEST_F(Save, WritesTheModelAgainByteForByte) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, Written());
     EXPECT_EQ(Read(Path("out.vlk")), ModelText().Content());
+}
+
+TEST_F(Save, TheRecordKnowsTheFileThatItIsReadFromOrSavedTo) {
+    ASSERT_EQ(Run(ModelText(), {"--classify"}).status, 0);
+    EXPECT_EQ(Model.FilePath, Path("model.vlk"));
+    ASSERT_EQ(Run(ModelText(), {"--save", Path("out.vlk")}).status, 0);
+    EXPECT_EQ(Model.FilePath, Path("out.vlk"));
 }
 
 TEST_F(Save, KeepsTheDriveTable) {

@@ -200,6 +200,17 @@ TEST_F(Set, ARunTypeThatWantsADriveTableTheFileLacksCannotBeRead) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "Error 62   (Input past end of file)  has occurred in Readfile\n\nverlink-batch: " +
                                Path("model.vlk") + " cannot be read\n");
+    EXPECT_EQ(Run(ModelText(), {"--set", "Calctype=4", "--set", "NSteps=0"}).err, outcome.err) << "nor has it one row";
+}
+
+TEST_F(Set, TorquesThatTheFileLacksCannotBeReadForOnePositionEither) {
+    const ModelText one = ModelText().Set(kCalctype, "1").Set(kNSteps, "0");
+    EXPECT_EQ(Run(one).status, 0);
+    const Outcome outcome = Run(one, {"--set", "TorqueImported=TRUE"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "Error 62   (Input past end of file)  has occurred in Readfile\n\nverlink-batch: " +
+                               Path("model.vlk") + " cannot be read\n");
 }
 
 TEST_F(Set, MoreStepsThanTheDriveTableHasRowsCannotBeRead) {

@@ -134,6 +134,10 @@ TEST_F(Several, AFolderThatIsNotThereIsToldOnceBeforeAnythingIsRun) {
     EXPECT_EQ(outcome.err, "verlink-batch: " + Path("out/lever.csv") +
                                " cannot be written: Path not found (there is no folder " + Path("out") + ")\n");
     EXPECT_FALSE(fs::exists(Path("lever.svg")));
+    const Outcome two = Run({lever, watt, "--svg", Path("{name}.svg"), "--csv", Path("out/{name}.csv")});
+    EXPECT_EQ(two.status, 1);
+    EXPECT_EQ(two.err, outcome.err);
+    EXPECT_FALSE(fs::exists(Path("lever.svg")));
 }
 
 TEST_F(Several, OneModelAndAnExampleHaveANameToo) {

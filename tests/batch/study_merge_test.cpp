@@ -129,7 +129,8 @@ TEST_F(Merged, WhatBeginsAsNoPartDoesIsTold) {
     EXPECT_EQ(Merge({Part("0, shard 1/1 of 9 linkages\n", rest)}).status, 0);
     EXPECT_EQ(Read(all), "Head\n");
     for (const char* begin : {"0, shard 1/1 in 9 linkages\n", "0; shard 1/1 of 9 linkages\n", "0, shard 1 of 9\n",
-                              "0, shard /1 of 9 linkages\n", "0, shard -1/1 of 9 linkages\n", "0, shard 1"}) {
+                              "0, shard /1 of 9 linkages\n", "0, shard 1x1 of 9 linkages\n",
+                              "0, shard -1/1 of 9 linkages\n", "0, shard 1"}) {
         const std::string part = Part(begin, rest);
         const Outcome refused = Merge({part, part});
         EXPECT_EQ(refused.status, 1);

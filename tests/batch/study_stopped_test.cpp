@@ -135,6 +135,30 @@ TEST_F(Stopped, AnInterruptIsToldWithoutAFileToo) {
     EXPECT_EQ(last.out, kHead + Rows(1, 64));
 }
 
+TEST_F(Stopped, AStudyThatNobodyTakesIsToldOnceAndGoesOnNoFurther) {
+    struct Taking_Nothing : std::streambuf {
+        int overflow(int letter) override {
+            ++times;
+            return letter == 'L' ? letter : traits_type::eof();
+        }
+        int times = 0;
+    } closed;
+    std::ostream out(&closed);
+    std::ostringstream err;
+    EXPECT_EQ(Batch_Main(Joined({model}, Speeds()), out, err), 1);
+    EXPECT_EQ(err.str(), "verlink-batch: standard output cannot be written\n");
+    EXPECT_EQ(closed.times, 2) << "the second letter of the head is the last that is tried";
+}
+
+TEST_F(Stopped, ResumeLeavesAHeadOfAnotherStudyAloneThoughNoRowsFollow) {
+    const std::string head = "Linkage,Omega2Input,max Omega3\n";
+    Write("rows.csv.part", head);
+    const Outcome refused = Run(Joined({model}, Joined(Speeds(), {"--csv", csv, "--resume"})));
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err, "verlink-batch: " + part + " is of another study\n");
+    EXPECT_EQ(Read(part), head);
+}
+
 TEST_F(Stopped, ASummaryThatIsStoppedIsNotWritten) {
     for (const Words& more : {Words{}, Words{"--csv", csv}, Words{"--csv", csv, "--shard", "1/1"}}) {
         const Outcome stopped = Interrupted(Joined(Joined(Speeds(), {"--summary"}), more));
@@ -328,11 +352,12 @@ TEST_F(Stopped, ASummaryCountsEachLinkageOnceAtTheEndsOfBlocksToo) {
     }
 }
 
-/// A summary of one linkage counts it for the rate, and of a shard its own are all.
-TEST_F(Stopped, ASummaryShowsItsRateFromTheFirstLinkage) {
-    for (const Words& study : {Speeds(1), Joined(Speeds(3), {"--shard", "3/3"})}) {
+/// One linkage counts for the rate, and of a shard its own are all.
+TEST_F(Stopped, AStudyShowsItsRateFromTheFirstLinkage) {
+    const Words shard = Joined(Speeds(3), {"--shard", "3/3"});
+    for (const Words& study : {Speeds(1), shard, Joined(Speeds(1), {"--summary"}), Joined(shard, {"--summary"})}) {
         std::ostringstream out, err;
-        EXPECT_EQ(Batch_Main(Joined({model}, Joined(study, {"--summary"})), out, err, {80, false}), 0);
+        EXPECT_EQ(Batch_Main(Joined({model}, study), out, err, {80, false}), 0);
         EXPECT_TRUE(err.str().starts_with("\r[##############################] 1/1  ")) << err.str();
         EXPECT_NE(err.str().find("/s  "), std::string::npos) << err.str();
         EXPECT_TRUE(err.str().ends_with("\x1b[K\r\x1b[K"));

@@ -341,6 +341,7 @@ TEST_F(Studies, AnInterruptLeavesWhatIsThereAndResumeEndsIt) {
 
 TEST(Study_Line, TellsRateAndTimeLeft) {
     EXPECT_EQ(Study_Line(0, 100, 0, 0, 80), "[                              ] 0/100");
+    EXPECT_EQ(Study_Line(50, 100, 0, 0, 80), "[###############               ] 50/100") << "in no time";
     EXPECT_EQ(Study_Line(50, 100, 0, 2, 80), "[###############               ] 50/100  25/s  2 s left");
     EXPECT_EQ(Study_Line(2500000, 10000000, 500000, 80, 80),
               "[#######                       ] 2500000/10000000  25k/s  5 min 0 s left");

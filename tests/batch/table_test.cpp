@@ -278,6 +278,15 @@ TEST_F(Table, ALinkDrivenModelReplaysItsDriveTable) {
     }
 }
 
+TEST_F(Table, ADriveTableOfOneRowIsOneRow) {
+    const Outcome outcome = Run(ModelText().Drive(5, {"30,1,0"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    const CsvTable table = outcome.Table();
+    ASSERT_EQ(table.Rows(), 1);
+    EXPECT_LT(Apart(table.At(0, "Theta2"), 30), 1e-4);
+}
+
 TEST_F(Table, RowsThatDoNotCloseStandAsTheRunLeftThem) {
     ModelText model;
     model.Linkage({"2.5", "1.25", "0.625", "1.25"}, "0.3125", "0").Angles("-60", "100", "20");

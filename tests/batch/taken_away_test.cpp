@@ -116,7 +116,9 @@ TEST_F(TakenAwayFiles, AWorkbookOfATransformHasItsHarmonics) {
     EXPECT_GT(table.Rows(), 10);
     EXPECT_FALSE(book.numbers.contains("Transform!A" + std::to_string(table.Rows() + 4)));
     // Also where nothing else asks for it.
-    ASSERT_EQ(Run(ModelText(), {"--fft", "Veloc CP:Ang", "--xlsx", Path("b.xlsx")}).status, 0);
+    const Outcome only = Run(ModelText(), {"--fft", "Veloc CP:Ang", "--xlsx", Path("b.xlsx")});
+    ASSERT_EQ(only.status, 0);
+    EXPECT_EQ(only.out, "") << "it stands in place of the table";
     const Xlsx_Read alone = Read_Xlsx(Path("b.xlsx"));
     EXPECT_EQ(alone.texts.at("Transform!B1"), "Veloc CP Ang");
     EXPECT_EQ(alone.numbers, book.numbers);
@@ -142,6 +144,12 @@ TEST_F(TakenAwayFiles, ADrawingHasTheLinkageAtItsFirstPositionThatCloses) {
     ASSERT_EQ(point.size(), 1U);
     EXPECT_NEAR(point[0].numbers[0], table.At(first, "Coupler Pt X"), 1e-5);
     EXPECT_NEAR(point[0].numbers[1], table.At(first, "Coupler Pt Y"), 1e-5);
+    // Of a crank that turns round that is where it starts.
+    ASSERT_EQ(Run(ModelText(), {"--dxf", Path("b.dxf")}).status, 0);
+    const auto start = Read_Dxf(Path("b.dxf")).On("LINK_2");
+    ASSERT_EQ(start.size(), 1U);
+    EXPECT_NEAR(start[0].numbers[2], 1.115 * std::numbers::sqrt2 / 2, 1e-5);
+    EXPECT_NEAR(start[0].numbers[3], 1.115 * std::numbers::sqrt2 / 2, 1e-5);
 }
 
 TEST_F(TakenAwayFiles, APictureIsOfTheKindThatItsNameSays) {
