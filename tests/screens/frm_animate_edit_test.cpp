@@ -70,9 +70,19 @@ TEST_F(AnimateEdit, ABoxLeftWithoutAChangeDoesNothing) {
     After_First_Picture([&] {
         form.txt_Linkout[1].SetFocus();
         form.txt_Linkout[1].Text = "1.115";
+        form.txt_initial[1].SetFocus();
         form.cmd_Step.SetFocus();
         Expect_Ready();
         EXPECT_FALSE(Model.LinkEdited);
+    });
+}
+
+TEST_F(AnimateEdit, AnAngleThatStandsTypedGoesWhenTheScreenIsFilledAnew) {
+    After_First_Picture([&] {
+        form.txt_LineAngle.Type("45");
+        form.Form_Activate();
+        EXPECT_EQ(form.txt_LineAngle.Text, "90");
+        EXPECT_FALSE(form.txt_LineAngle.Touched());
     });
 }
 

@@ -17,6 +17,14 @@ double Distance(int step, int from, int to) {
     return std::hypot(points(step, from, 0) - points(step, to, 0), points(step, from, 1) - points(step, to, 1));
 }
 
+TEST_F(Calc, ARunHasTheListsOfFunctionsFilledAnew) {
+    Show([&] {
+        Model.ScreenReturn = false;
+        Calculate_Now();
+        EXPECT_TRUE(Model.ScreenReturn);
+    });
+}
+
 TEST_F(Calc, AnAngleRunClosesAtEveryStepAndShowsTheSecondPosition) {
     Show([&] {
         Calculate_Now();

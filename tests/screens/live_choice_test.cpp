@@ -55,6 +55,19 @@ TEST_F(LiveChoice, EveryPresetPutsItsFunctionsWithTheirComponents) {
     EXPECT_TRUE(kinds.contains(Preset::Components::kAsTheyStand));
 }
 
+TEST_F(LiveChoice, FunctionsThatWereChosenOneByOneAreNoPresetThoughOneHasThem) {
+    platform::The_Settings().Open(Path("config"));
+    Live_Choice choice;
+    choice.Take(*Live_Presets().front());
+    choice.Keep();
+    EXPECT_EQ(Live_Choice::Kept().preset, choice.preset);
+    choice.preset.clear();
+    choice.Keep();
+    EXPECT_EQ(Live_Choice::Kept().preset, "");
+    EXPECT_EQ(Live_Choice::Kept().functions, choice.functions);
+    platform::The_Settings().Open("");
+}
+
 TEST_F(LiveChoice, APresetThatLeavesTheComponentsKeepsThoseThatStand) {
     for (const Preset* preset : Live_Presets()) {
         if (preset->components != Preset::Components::kAsTheyStand) continue;
