@@ -111,12 +111,11 @@ Quartic Resultant(const Conic& f, const Conic& g) {
     return r;
 }
 
-/// All roots at once, by the iteration of Durand and Kerner; roots at infinity are left out.
+/// All roots at once, by the iteration of Durand and Kerner; roots at infinity are left out. Roots that are far are
+/// not: where the body hardly turns all of them are, and a coefficient says little of that.
 std::vector<Point> Roots_Of(Quartic r) {
-    double largest = 0;
-    for (const double c : r) largest = std::max(largest, std::abs(c));
-    std::size_t degree = 4;
-    while (degree > 0 && std::abs(r[degree]) <= 1e-14 * largest) --degree;
+    std::size_t degree = r.size() - 1;
+    while (degree > 0 && r[degree] == 0) --degree;
     std::vector<Point> roots(degree);
     Point begin = 1;
     for (Point& root : roots) {

@@ -94,6 +94,49 @@ TEST_F(Burmester_Curves, ADyadIsFoundByTheTurnToThePositionOfTheLeastMinorAndByT
     for (const std::size_t led : {1U, 2U, 3U}) EXPECT_GT(led_to[led], 50);
 }
 
+TEST_F(Burmester_Curves, OfMinorsThatAreAlikeTheFirstOnesPositionIsTheOneThatIsTurnedTo) {
+    // Turned by 180, 90 and -90 degrees; of the minors the first two, the last two, and the outer two are 2 long or,
+    // in the second case, 2 beside a root of 8.
+    const struct {
+        design::Point moved[3];
+        std::size_t led, other;
+    } cases[] = {{{{-2, -2}, {-1, -2}, {1, -2}}, 1, 2},
+                 {{{-2, -2}, {-2, -1}, {-1, -2}}, 2, 3},
+                 {{{-2, -2}, {-2, -1}, {2, -1}}, 1, 3}};
+    for (const auto& [moved, led, other] : cases) {
+        const Carried carried[] = {{1, {}, {}}, {-1, {}, moved[0]}, {{0, 1}, {}, moved[1]}, {{0, -1}, {}, moved[2]}};
+        const auto minors = Minors(carried);
+        ASSERT_EQ(std::abs(minors[led]), 2);
+        ASSERT_EQ(std::abs(minors[other]), 2);
+        const Burmester four(carried);
+        int dyads = 0;
+        for (double turn = 0.3; turn < 6; turn += 0.5)
+            for (const int way : {0, 1}) {
+                const auto dyad = four.Dyad_At(turn, way);
+                if (!dyad) continue;
+                ++dyads;
+                const auto link = (carried[led].Of(dyad->moving) - dyad->fixed) / (dyad->moving - dyad->fixed);
+                EXPECT_LT(std::abs(link - std::polar(1.0, turn)), 1e-6);
+            }
+        EXPECT_GT(dyads, 5) << led << other;
+    }
+}
+
+TEST_F(Burmester_Curves, AreAsLargeAsTheirPositions) {
+    SCOPED_TRACE(Trace());
+    for (int i = 0; i < 5; ++i) {
+        const Task task = Random_Task(4);
+        // Powers of two change no digit.
+        Task small = task;
+        constexpr double kSmaller = 1.0 / 64;
+        for (auto& place : small.positions) place.at *= kSmaller;
+        auto scaled = Burmester(Carried_Through(task.positions)).Curves(90);
+        for (auto& piece : scaled)
+            for (Dyad& dyad : piece) dyad = {dyad.fixed * kSmaller, dyad.moving * kSmaller};
+        EXPECT_EQ(Burmester(Carried_Through(small.positions)).Curves(90), scaled);
+    }
+}
+
 TEST_F(Burmester_Curves, HaveTheDyadsOfAllTurnsThatCloseForthOnOneWayAndBackOnTheOther) {
     SCOPED_TRACE(Trace());
     constexpr int kSteps = 90;

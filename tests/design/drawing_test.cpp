@@ -181,7 +181,7 @@ TEST_F(Drawn_Solutions, StandAsATableOfPicturesWithTheirWords) {
     Picture first;
     first.BackColor(Rgb(255, 255, 255));
     first.Scale(seen.low.real(), seen.high.imag(), seen.high.real(), seen.low.imag());
-    Draw_Solution(first, task, found.solutions[0], 0);
+    Draw_Solution(first, task, found.solutions[0], 0, seen);
     std::string own = first.Svg(280);
     own = own.substr(own.find(">\n") + 2);
     own = own.substr(0, own.rfind("</svg>"));

@@ -131,8 +131,7 @@ TEST_F(Candidates, AreSoughtWithTwoHundredTriesForEachThatIsWanted) {
     Task task = Of(3);
     task.shortest = 2;
     task.longest = 2.01;
-    const auto carried = Carried_Through(task.positions);
-    const Carried three[3] = {carried[0], carried[1], carried[2]};
+    const auto three = Carried_Through(task.positions);
     const Box here = Looked_Over(task, {});
     const auto plane = [&](bool moving, std::size_t index) {
         const design::Point point(here.low.real() + Even(1, index) * (here.high - here.low).real(),
@@ -181,6 +180,21 @@ TEST_F(Candidates, OfGivenPivotsAreTheirOwnDyadsAndHaveNoNumbersToMove) {
     task.drive = design::Drive::kLeft;
     EXPECT_EQ(Chunk(*Problem_Of(task), 0, 0).size(), 3U);
     EXPECT_TRUE(Chunk(*Problem_Of(task), 0, 0)[0].linkage.crank_is_left);
+}
+
+TEST_F(Candidates, HaveTheShortestAndTheLongestLinkThatIsAllowed) {
+    // Carried without a turn the pivot goes from (5, 0) to (3, 4) and (-3, 4), on a circle about the origin.
+    Task task;
+    task.positions = {{{5, 0}, 0}, {{3, 4}, 0}, {{-3, 4}, 0}};
+    task.left.moving = {Area::Is::kPoints, {}, {}, {{5, 0}}};
+    const auto lefts = [&](double shortest, double longest) {
+        task.shortest = shortest;
+        task.longest = longest;
+        return Problem_Of(task)->Chunks(0);
+    };
+    EXPECT_EQ(lefts(5, 5), 1U);
+    EXPECT_EQ(lefts(5.001, 6), 0U);
+    EXPECT_EQ(lefts(4, 4.999), 0U);
 }
 
 TEST_F(Candidates, OfFourPositionsAreOnBothWaysOfTheCurvesByTheirTurns) {
