@@ -12,11 +12,14 @@ using namespace design;
 
 struct Missed : testing::Test {
     /// In the first of its positions, which it meets.
-    static Miss At_Once(const FourBar& linkage) {
+    static Miss At_Once(const FourBar& linkage, bool as_shown = false) {
+        return With_Crank_At(linkage, std::arg(linkage.crank.moving - linkage.crank.fixed), as_shown);
+    }
+    static Miss With_Crank_At(const FourBar& linkage, double angle, bool as_shown = false) {
         Task task;
         task.positions = {{linkage.coupler, 0}};
-        const double crank[] = {std::arg(linkage.crank.moving - linkage.crank.fixed)};
-        return Miss_Of(linkage, Is_Open(linkage), Carried_Through(task.positions), crank, task.units, false);
+        const double crank[] = {angle};
+        return Miss_Of(linkage, Is_Open(linkage), Carried_Through(task.positions), crank, task.units, as_shown);
     }
     /// B where circles of these lengths about A and O4 meet, to the left of the way between them.
     static FourBar With_Lengths(Point O4, Point A, double l3, double l4) {
@@ -59,6 +62,34 @@ TEST_F(Missed, IsNoPositionBecauseACoefficientIsOne) {
         EXPECT_TRUE(miss.closes) << l3;
         EXPECT_LT(miss.place, 1e-5);
         EXPECT_LT(miss.angle, 1e-3);
+    }
+}
+
+TEST_F(Missed, IsAPositionThatTheRunRefuses) {
+    // With all joints on the ground line one of the two quadratics has no leading coefficient: B to the left of O4, and
+    // B to the left of A.
+    EXPECT_FALSE(At_Once({{{0, 0}, {1, 0}}, {{4, 0}, {2, 0}}, {1, 2}}).closes);
+    EXPECT_FALSE(At_Once({{{0, 0}, {4, 0}}, {{1, 0}, {2, 0}}, {1, 2}}).closes);
+    // Up, a crank of 4 on a ground link of 3 leaves 5, which 2 and 3 reach. Where one of them is a little shorter, the
+    // roundings of one discriminant see it, and those of the other do not.
+    const auto up = [](double l3, double l4) {
+        const FourBar linkage = With_Lengths({3, 0}, std::polar(4.0, 0.8), l3, l4);
+        return With_Crank_At(linkage, std::acos(-1.0) / 2).closes;
+    };
+    const float last_of_3 = 3 - std::nextafter(3.0F, 2.0F), last_of_2 = 2 - std::nextafter(2.0F, 1.0F);
+    EXPECT_TRUE(up(2, 3));
+    EXPECT_TRUE(up(3, 2));
+    EXPECT_FALSE(up(2, 3.0 - last_of_3)) << "by that of the coupler's angle";
+    EXPECT_FALSE(up(3, 2.0 - 2 * last_of_2)) << "by that of the rocker's angle";
+}
+
+TEST_F(Missed, IsWhatTheSecondDecimalOfAnAngleIsOffBy) {
+    FourBar linkage = With_Lengths({4, 0}, {0, 2}, 2.5, 3.5);
+    const Point A = linkage.crank.moving, along = (linkage.other.moving - A) / 2.5;
+    for (const double degrees : {20.004, 20.006}) {
+        linkage.coupler = A + 100.0 * along * std::polar(1.0, degrees * kDegree);
+        EXPECT_NEAR(At_Once(linkage, true).place, 100 * 0.004 * kDegree, 1e-4);
+        EXPECT_LT(At_Once(linkage).place, 1e-4);
     }
 }
 
