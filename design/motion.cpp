@@ -186,7 +186,7 @@ class Motion : public Problem {
     bool Freely() const { return left_.Free() > 0; }
 
     FourBar Pair(const Dyad& left, const Dyad& right, bool left_drives) const {
-        const Point coupler = judge_.Positions()[0].from;
+        const Point coupler = judge_.Positions().front().from;
         return left_drives ? FourBar{left, right, coupler, true} : FourBar{right, left, coupler, false};
     }
 

@@ -122,6 +122,47 @@ TEST_F(Burmester_Curves, OfMinorsThatAreAlikeTheFirstOnesPositionIsTheOneThatIsT
     }
 }
 
+TEST_F(Burmester_Curves, OfPositionsThatHardlyTurnHaveTheirLinkagesDyads) {
+    const Known known = Crank_Rocker();
+    const Task task = *Task_Of(known, {0, 0.01, 0.025, 0.04});
+    const auto carried = Carried_Through(task.positions);
+    const auto minors = Minors(carried);
+    std::size_t led = 1;
+    for (const std::size_t k : {2U, 3U})
+        if (std::abs(minors[k]) < std::abs(minors[led])) led = k;
+    for (const Dyad& wanted : {Dyad{known.O2, known.A}, Dyad{known.O4, known.B}}) {
+        const double turn = std::arg((carried[led].Of(wanted.moving) - wanted.fixed) / (wanted.moving - wanted.fixed));
+        double nearest = 1;
+        for (const int way : {0, 1})
+            if (const auto dyad = Burmester(carried).Dyad_At(turn, way))
+                nearest =
+                    std::min(nearest, std::abs(dyad->fixed - wanted.fixed) + std::abs(dyad->moving - wanted.moving));
+        EXPECT_LT(nearest, 1e-3);
+    }
+}
+
+TEST_F(Burmester_Curves, AreExactOrNothingWhereOnePositionIsAllButTheFirst) {
+    SCOPED_TRACE(Trace());
+    int dyads = 0;
+    for (int i = 0; i < 40; ++i) {
+        Task task = Random_Task(4);
+        auto &first = task.positions[0], &beside = task.positions[static_cast<std::size_t>(i % 3) + 1];
+        beside = {first.at + 1e-7 * (beside.at - first.at), first.angle + 1e-7 * (beside.angle - first.angle)};
+        const auto carried = Carried_Through(task.positions);
+        const Burmester four(carried);
+        for (double turn = 0.1; turn < 6; turn += 0.1)
+            for (const int way : {0, 1})
+                if (const auto dyad = four.Dyad_At(turn, way)) {
+                    ++dyads;
+                    const double radius = std::abs(dyad->moving - dyad->fixed);
+                    for (const Carried& each : carried)
+                        EXPECT_NEAR(std::abs(each.Of(dyad->moving) - dyad->fixed), radius,
+                                    1.001e-9 * (radius + Span(task)));
+                }
+    }
+    EXPECT_GT(dyads, 500);
+}
+
 TEST_F(Burmester_Curves, AreAsLargeAsTheirPositions) {
     SCOPED_TRACE(Trace());
     for (int i = 0; i < 5; ++i) {
@@ -200,7 +241,9 @@ TEST_F(Burmester_Curves, ADyadReachesAHundredThousandSpansAndNoFarther) {
     SCOPED_TRACE(Trace());
     int asymptotes = 0;
     for (int i = 0; i < 20 && asymptotes < 3; ++i) {
-        const Task task = Random_Task(4);
+        Task task = Random_Task(4);
+        // Less than 1 wide.
+        for (auto& place : task.positions) place.at /= 64;
         const double span = Span(task);
         const Burmester four(Carried_Through(task.positions));
         const auto length = [&](double turn) {

@@ -177,6 +177,37 @@ TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
     EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
+TEST_F(Dyads, OfFivePositionsOfWhichOneIsLevelWithTheFirstOrUprightAboveItAreFoundToo) {
+    const Known known = Crank_Rocker();
+    const Task task = *Task_Of(known, {0, 0.7, 1.4, 2.5, 4});
+    for (const std::size_t place : {1U, 2U, 3U, 4U})
+        for (const std::complex<double> way : {std::complex<double>(1, 0), {0, 1}}) {
+            const auto step = task.positions[place].at - task.positions[0].at;
+            const auto turn = way * std::conj(step) / std::abs(step);
+            Task turned = task;
+            for (auto& each : turned.positions) each.at *= turn;
+            const auto dyads = Dyads_Through_Five(design::Carried_Through(turned.positions));
+            EXPECT_LT(Nearest(dyads, {known.O2 * turn, known.A * turn}), 1e-6) << place;
+            EXPECT_LT(Nearest(dyads, {known.O4 * turn, known.B * turn}), 1e-6) << place;
+        }
+}
+
+TEST_F(Dyads, OfFivePositionsOfTwoOppositeAnglesAreFoundToo) {
+    SCOPED_TRACE(Trace());
+    const auto whole = [&](double size) { return std::round(Number(-size, size)); };
+    for (int i = 0; i < 60; ++i) {
+        // A pivot on five of the whole places that are 5 from a centre.
+        std::vector<std::complex<double>> places{{5, 0}, {4, 3}, {3, 4}, {0, 5}, {-3, 4}, {-4, -3}, {0, -5}, {3, -4}};
+        std::shuffle(places.begin(), places.end(), engine);
+        const std::complex<double> centre(whole(3), whole(3)), arm(whole(2), whole(2));
+        Task task;
+        for (std::size_t k = 0; k < 5; ++k)
+            task.positions.push_back({centre + places[k] + (k > 2 ? -arm : arm), k > 2 ? 180.0 : 0.0});
+        const Dyad wanted{centre, centre + places[0]};
+        EXPECT_LT(Nearest(Dyads_Through_Five(design::Carried_Through(task.positions)), wanted), 1e-5) << i;
+    }
+}
+
 TEST_F(Dyads, OfPositionsThatHaveTheFirstOnesAngleAreFoundToo) {
     SCOPED_TRACE(Trace());
     std::size_t of_five = 0, of_four = 0;
@@ -245,11 +276,14 @@ TEST_F(Dyads, OfFivePositionsReachAHundredThousandSpansAndNoFarther) {
     }
 }
 
-TEST_F(Dyads, OfFivePositionsThatAreOnePlaceAreNone) {
+TEST_F(Dyads, OfFivePositionsThatAreOnePlaceOrOfWhichThreeGoStraightAreNone) {
     Task task;
     task.positions = std::vector<design::Place>(5, {{1, 2}, 0});
     EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
     for (std::size_t i = 0; i < 5; ++i) task.positions[i].angle = 20.0 * static_cast<double>(i);
+    EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
+    // Three on a line that have one angle, which is that of a point on no circle.
+    task.positions = {{{2, -1}, 90}, {{-2, 1}, 180}, {{-2, 2}, 180}, {{-2, -2}, 180}, {{2, -2}, 90}};
     EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
 }
 
