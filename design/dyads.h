@@ -70,8 +70,8 @@ class Burmester {
 };
 
 /// Five positions: the dyads, none to four. Each equation is bilinear in the two pivots; four of them leave two
-/// unknowns of two conics, whose crossings are found by their resultant and polished by Newton's method on the four
-/// equations. The places of each dyad lie on its circle to 1e-9 of its radius or of the positions' span.
+/// unknowns of two conics, whose crossings are found by their resultant and polished by Newton's method. The places of
+/// each dyad lie on its circle to 1e-9 of its radius or of the positions' span.
 std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five);
 
 }  // namespace verlink::design
