@@ -28,10 +28,8 @@ class Pen {
         if (piece_.size() > 1) pieces_.push_back(std::move(piece_));
         piece_.clear();
     }
-    std::vector<std::vector<Dyad>> Pieces() {
-        Lift();
-        return std::move(pieces_);
-    }
+    /// Those after which the pen was lifted.
+    std::vector<std::vector<Dyad>> Pieces() { return std::move(pieces_); }
 
    private:
     Point middle_;
@@ -43,7 +41,7 @@ class Pen {
 }  // namespace
 
 Burmester::Burmester(std::span<const Carried> four) {
-    std::copy_n(four.begin(), 4, carried_);
+    std::ranges::copy(four, carried_);
     const auto minor = [&](int i, int j) {
         const Point ti = carried_[i].turn - 1.0, tj = carried_[j].turn - 1.0;
         return ti * (carried_[j].to - carried_[j].from) - (carried_[i].to - carried_[i].from) * tj;

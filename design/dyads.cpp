@@ -31,25 +31,25 @@ std::vector<Carried> Carried_Through(std::span<const Place> absolute) {
     return all;
 }
 
-std::optional<Dyad> Dyad_Of_Moving(const Carried (&two)[2], Point moving, double turn) {
+std::optional<Dyad> Dyad_Of_Moving(std::span<const Carried> two, Point moving, double turn) {
     const Point link = std::polar(1.0, turn), second = two[1].Of(moving);
     return If_Near({(second - Times(link, moving)) / (1.0 - link), moving}, Distance(second, moving));
 }
 
-std::optional<Dyad> Dyad_Of_Fixed(const Carried (&two)[2], Point fixed, double turn) {
+std::optional<Dyad> Dyad_Of_Fixed(std::span<const Carried> two, Point fixed, double turn) {
     const Point link = std::polar(1.0, turn);
     const auto& [body, from, to] = two[1];
     const Point moving = (Times(1.0 - link, fixed) - to + Times(body, from)) / (body - link);
     return If_Near({fixed, moving}, Distance(two[1].Of(moving), moving));
 }
 
-std::optional<Dyad> Dyad_Of_Moving(const Carried (&three)[3], Point moving) {
+std::optional<Dyad> Dyad_Of_Moving(std::span<const Carried> three, Point moving) {
     const auto centre = Centre_Of_Circle(moving, three[1].Of(moving), three[2].Of(moving));
     if (!centre) return {};
     return If_Near({*centre, moving}, std::abs(moving - three[1].Of(moving)));
 }
 
-std::optional<Dyad> Dyad_Of_Fixed(const Carried (&three)[3], Point fixed) {
+std::optional<Dyad> Dyad_Of_Fixed(std::span<const Carried> three, Point fixed) {
     const auto pivot = Centre_Of_Circle(fixed, three[1].Back(fixed), three[2].Back(fixed));
     if (!pivot) return {};
     return If_Near({fixed, *pivot}, std::abs(fixed - three[1].Back(fixed)));

@@ -36,12 +36,12 @@ std::string Trouble_With(const Task& task);
 // None of the following where a point is at infinity, or so far that its digits are lost.
 
 /// Two positions: a pivot of the body, and how far its link turns between them, radians, not a multiple of a turn.
-std::optional<Dyad> Dyad_Of_Moving(const Carried (&two)[2], Point moving, double turn);
-std::optional<Dyad> Dyad_Of_Fixed(const Carried (&two)[2], Point fixed, double turn);
+std::optional<Dyad> Dyad_Of_Moving(std::span<const Carried> two, Point moving, double turn);
+std::optional<Dyad> Dyad_Of_Fixed(std::span<const Carried> two, Point fixed, double turn);
 
 /// Three positions: the centre of the circle through three places, and the same seen from the body.
-std::optional<Dyad> Dyad_Of_Moving(const Carried (&three)[3], Point moving);
-std::optional<Dyad> Dyad_Of_Fixed(const Carried (&three)[3], Point fixed);
+std::optional<Dyad> Dyad_Of_Moving(std::span<const Carried> three, Point moving);
+std::optional<Dyad> Dyad_Of_Fixed(std::span<const Carried> three, Point fixed);
 
 /// Four positions: the curves of Burmester, on which centres and circle points lie. A dyad is found by how far its link
 /// turns from position 1 to another, and there are two of them or none: the compatibility equation of Sandor and
@@ -70,8 +70,8 @@ class Burmester {
 };
 
 /// Five positions: the dyads, none to four. Each equation is bilinear in the two pivots; four of them leave two
-/// unknowns of two conics, whose crossings are found by their resultant and polished by Newton's method on the four
-/// equations. The places of each dyad lie on its circle to 1e-9 of its radius or of the positions' span.
+/// unknowns of two conics, whose crossings are found by their resultant and polished by Newton's method. The places of
+/// each dyad lie on its circle to 1e-9 of its radius or of the positions' span.
 std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five);
 
 }  // namespace verlink::design

@@ -111,12 +111,11 @@ Quartic Resultant(const Conic& f, const Conic& g) {
     return r;
 }
 
-/// All roots at once, by the iteration of Durand and Kerner; roots at infinity are left out.
+/// All roots at once, by the iteration of Durand and Kerner; roots at infinity are left out. Roots that are far are
+/// not: where the body hardly turns all of them are, and a coefficient says little of that.
 std::vector<Point> Roots_Of(Quartic r) {
-    double largest = 0;
-    for (const double c : r) largest = std::max(largest, std::abs(c));
-    std::size_t degree = 4;
-    while (degree > 0 && std::abs(r[degree]) <= 1e-14 * largest) --degree;
+    std::size_t degree = r.size() - 1;
+    while (degree > 0 && r[degree] == 0) --degree;
     std::vector<Point> roots(degree);
     Point begin = 1;
     for (Point& root : roots) {
@@ -134,17 +133,19 @@ std::vector<Point> Roots_Of(Quartic r) {
     return roots;
 }
 
-/// Newton's method from a place near a crossing. A double crossing settles slowly, and elsewhere there may be none;
-/// whether it is one is asked of the circle.
+/// How far a place is from lying on both conics.
+double Off(const Conic& f, const Conic& g, double s, double t) { return std::abs(f.At(s, t)) + std::abs(g.At(s, t)); }
+
+/// Newton's method from a place near a crossing, as long as it comes nearer: at a double crossing, and where there is
+/// none, a step may lead anywhere. Whether it is a crossing is asked of the circle.
 void Polish(const Conic& f, const Conic& g, double& s, double& t) {
     for (int i = 0; i < 50; ++i) {
         const double fs = f.By_S(s, t), ft = f.By_T(s, t), gs = g.By_S(s, t), gt = g.By_T(s, t);
         const double determinant = fs * gt - ft * gs, F = f.At(s, t), G = g.At(s, t);
-        if (determinant == 0) return;
-        const double ds = (F * gt - G * ft) / determinant, dt = (G * fs - F * gs) / determinant;
-        s -= ds;
-        t -= dt;
-        if (std::hypot(ds, dt) <= 1e-14 * std::hypot(1, s, t)) return;
+        const double next_s = s - (F * gt - G * ft) / determinant, next_t = t - (G * fs - F * gs) / determinant;
+        if (!(Off(f, g, next_s, next_t) < Off(f, g, s, t))) return;
+        s = next_s;
+        t = next_t;
     }
 }
 
@@ -157,7 +158,7 @@ double Partner(const Conic& f, const Conic& g, double s) {
         const double c = conic->c[0] + conic->c[1] * s + conic->c[3] * s * s;
         const double root = std::sqrt(std::max(0.0, b * b - 4 * a * c)), q = -(b + std::copysign(root, b)) / 2;
         for (const double t : {q / a, c / q}) {
-            const double off = std::abs(f.At(s, t)) + std::abs(g.At(s, t));
+            const double off = Off(f, g, s, t);
             if (off >= least) continue;
             least = off;
             best = t;
@@ -198,7 +199,7 @@ std::vector<Dyad> Dyads_Through_Five(std::span<const Carried> five) {
         double s = root.real(), t = Partner(scalar, cross, s);
         Polish(scalar, cross, s, t);
         const auto at = [&](const Form& f) { return span * (f[0] + f[1] * s + f[2] * t); };
-        const Point origin = five[0].from;
+        const Point origin = five.front().from;
         const Dyad dyad{origin + Point(at(u), at(v)), origin + Point(at(x), at(y))};
         const auto same = [&](const Dyad& other) {
             return Distance(other.fixed, dyad.fixed) + Distance(other.moving, dyad.moving) <= 1e-6 * span;

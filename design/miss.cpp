@@ -63,7 +63,7 @@ Miss Miss_Of(const FourBar& linkage, bool open, const std::vector<Carried>& posi
     const Kept exact = Kept_Of(linkage), kept = as_shown ? As_Shown(exact, units) : exact;
     const auto& l = kept.links;
     Miss miss;
-    if (l.L1 == 0 || l.L2 == 0 || l.L3 == 0 || l.L4 == 0) return {false};
+    if (std::min({l.L1, l.L2, l.L3, l.L4}) == 0) return {false};
     const LinkageShape shape = Shape_Of(Rounded(l.L1), Rounded(l.L2), Rounded(l.L3), Rounded(l.L4), Rounded(kept.Rpa),
                                         Rounded(kept.delta), open ? -1 : 1);
     const Point first = linkage.other.moving - linkage.crank.moving;

@@ -62,12 +62,8 @@ class Family {
         if (Count() == 5) return five_[static_cast<std::size_t>(sheet)];
         const bool by_moving = Given() ? Area_Given(side_.moving) : sheet == 0;
         const Point point = Given() ? Points()[static_cast<std::size_t>(sheet)] : Point(number[0], number[1]);
-        if (Count() == 3) {
-            const Carried three[3] = {carried_[0], carried_[1], carried_[2]};
-            return by_moving ? Dyad_Of_Moving(three, point) : Dyad_Of_Fixed(three, point);
-        }
-        const Carried two[2] = {carried_[0], carried_[1]};
-        return by_moving ? Dyad_Of_Moving(two, point, number[2]) : Dyad_Of_Fixed(two, point, number[2]);
+        if (Count() == 3) return by_moving ? Dyad_Of_Moving(carried_, point) : Dyad_Of_Fixed(carried_, point);
+        return by_moving ? Dyad_Of_Moving(carried_, point, number[2]) : Dyad_Of_Fixed(carried_, point, number[2]);
     }
 
     /// So many that lie within the limits, or as many as are found.
@@ -190,7 +186,7 @@ class Motion : public Problem {
     bool Freely() const { return left_.Free() > 0; }
 
     FourBar Pair(const Dyad& left, const Dyad& right, bool left_drives) const {
-        const Point coupler = judge_.Positions()[0].from;
+        const Point coupler = judge_.Positions().front().from;
         return left_drives ? FourBar{left, right, coupler, true} : FourBar{right, left, coupler, false};
     }
 

@@ -108,6 +108,8 @@ TEST(Curves, LinkagesWithALinkHaveItAndGoThroughAllPositions) {
             double before = 100;
             for (const Solution& solution : found.solutions) {
                 EXPECT_TRUE(solution.linkage.crank == piece[i] || solution.linkage.other == piece[i]);
+                // Of sides that are alike it takes the left one.
+                EXPECT_EQ(solution.linkage.crank_is_left, solution.linkage.crank == piece[i]);
                 EXPECT_LE(solution.judgement.score, before);
                 before = solution.judgement.score;
                 const double way = solution.judgement.crank[1] > solution.judgement.crank[0] ? 1 : -1;

@@ -139,10 +139,17 @@ TEST_F(Drawn_Solutions, AreSeenWithTheirRoomAndTheirPositionsInASquare) {
     expect(Seen_Of(task), {3, -1.5}, 6 * 0.9);
     task.positions[1].at = {1, 7};
     expect(Seen_Of(task), {1, 1.5}, 11 * 0.9);
+    task.positions = {{{1, 2}, 0}, {{9, 4}, 10}};
+    expect(Seen_Of(task), {5, 3}, 8 * 0.9);
+    task.positions = {{{0, 0}, 0}, {{1, 7}, 10}, {{2, -4}, 20}};
     task.relative = true;
     task.positions[0].at = {-3, 10};
     expect(Seen_Of(task), {-2, 11.5}, 11 * 0.9);
     EXPECT_NEAR(Body_Size({{-1, -2}, {4, 9}}), 0.4, 1e-12);
+    // One place is seen in a window of a billionth of what the task is measured by, which is 1 here.
+    task = {};
+    task.positions = {{{0, 0}, 0}, {{0, 0}, 30}};
+    expect(Seen_Of(task), {0, 0}, 0.9e-9);
 }
 
 TEST_F(Drawn_Solutions, StandAsATableOfPicturesWithTheirWords) {
@@ -181,10 +188,11 @@ TEST_F(Drawn_Solutions, StandAsATableOfPicturesWithTheirWords) {
     Picture first;
     first.BackColor(Rgb(255, 255, 255));
     first.Scale(seen.low.real(), seen.high.imag(), seen.high.real(), seen.low.imag());
-    Draw_Solution(first, task, found.solutions[0], 0);
+    Draw_Solution(first, task, found.solutions[0], 0, seen);
     std::string own = first.Svg(280);
     own = own.substr(own.find(">\n") + 2);
     own = own.substr(0, own.rfind("</svg>"));
+    own = ")\">\n" + own + "<text ";
     std::size_t times = 0;
     for (std::size_t at = svg.find(own); at != std::string::npos; at = svg.find(own, at + 1)) ++times;
     EXPECT_EQ(times, 6U);

@@ -44,8 +44,7 @@ struct Dyads : Design {};
 // pivots given.
 TEST_F(Dyads, OfThreePositionsAreThePublishedOnes) {
     const std::vector<design::Place> places = {{{1, 1}, 0}, {{2, 0.5}, 0}, {{3, 1.5}, 45}};
-    const auto carried = design::Carried_Through(places);
-    const Carried three[3] = {carried[0], carried[1], carried[2]};
+    const auto three = design::Carried_Through(places);
     const auto left = Dyad_Of_Fixed(three, {0, 0}), right = Dyad_Of_Fixed(three, {5, 0});
     ASSERT_TRUE(left && right);
     EXPECT_NEAR(left->moving.real(), 0.994, 5e-4);
@@ -61,8 +60,7 @@ TEST_F(Dyads, OfTwoPositionsTurnAsTheyAreTold) {
     SCOPED_TRACE(Trace());
     for (int i = 0; i < 1000; ++i) {
         const Task task = Random_Task(2);
-        const auto carried = design::Carried_Through(task.positions);
-        const Carried two[2] = {carried[0], carried[1]};
+        const auto two = design::Carried_Through(task.positions);
         const double turn = Number(0.2, 3);
         const auto pivot = Point(3);
         for (const auto& dyad : {Dyad_Of_Moving(two, pivot, turn), Dyad_Of_Fixed(two, pivot, turn)}) {
@@ -179,6 +177,37 @@ TEST_F(Dyads, OfFivePositionsOfWhichTwoHaveOneAngleAreFoundToo) {
     EXPECT_LT(Nearest(dyads, {known.O4, known.B}), 1e-6);
 }
 
+TEST_F(Dyads, OfFivePositionsOfWhichOneIsLevelWithTheFirstOrUprightAboveItAreFoundToo) {
+    const Known known = Crank_Rocker();
+    const Task task = *Task_Of(known, {0, 0.7, 1.4, 2.5, 4});
+    for (const std::size_t place : {1U, 2U, 3U, 4U})
+        for (const std::complex<double> way : {std::complex<double>(1, 0), {0, 1}}) {
+            const auto step = task.positions[place].at - task.positions[0].at;
+            const auto turn = way * std::conj(step) / std::abs(step);
+            Task turned = task;
+            for (auto& each : turned.positions) each.at *= turn;
+            const auto dyads = Dyads_Through_Five(design::Carried_Through(turned.positions));
+            EXPECT_LT(Nearest(dyads, {known.O2 * turn, known.A * turn}), 1e-6) << place;
+            EXPECT_LT(Nearest(dyads, {known.O4 * turn, known.B * turn}), 1e-6) << place;
+        }
+}
+
+TEST_F(Dyads, OfFivePositionsOfTwoOppositeAnglesAreFoundToo) {
+    SCOPED_TRACE(Trace());
+    const auto whole = [&](double size) { return std::round(Number(-size, size)); };
+    for (int i = 0; i < 60; ++i) {
+        // A pivot on five of the whole places that are 5 from a centre.
+        std::vector<std::complex<double>> places{{5, 0}, {4, 3}, {3, 4}, {0, 5}, {-3, 4}, {-4, -3}, {0, -5}, {3, -4}};
+        std::shuffle(places.begin(), places.end(), engine);
+        const std::complex<double> centre(whole(3), whole(3)), arm(whole(2), whole(2));
+        Task task;
+        for (std::size_t k = 0; k < 5; ++k)
+            task.positions.push_back({centre + places[k] + (k > 2 ? -arm : arm), k > 2 ? 180.0 : 0.0});
+        const Dyad wanted{centre, centre + places[0]};
+        EXPECT_LT(Nearest(Dyads_Through_Five(design::Carried_Through(task.positions)), wanted), 1e-5) << i;
+    }
+}
+
 TEST_F(Dyads, OfPositionsThatHaveTheFirstOnesAngleAreFoundToo) {
     SCOPED_TRACE(Trace());
     std::size_t of_five = 0, of_four = 0;
@@ -247,11 +276,14 @@ TEST_F(Dyads, OfFivePositionsReachAHundredThousandSpansAndNoFarther) {
     }
 }
 
-TEST_F(Dyads, OfFivePositionsThatAreOnePlaceAreNone) {
+TEST_F(Dyads, OfFivePositionsThatAreOnePlaceOrOfWhichThreeGoStraightAreNone) {
     Task task;
     task.positions = std::vector<design::Place>(5, {{1, 2}, 0});
     EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
     for (std::size_t i = 0; i < 5; ++i) task.positions[i].angle = 20.0 * static_cast<double>(i);
+    EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
+    // Three on a line that have one angle, which is that of a point on no circle.
+    task.positions = {{{2, -1}, 90}, {{-2, 1}, 180}, {{-2, 2}, 180}, {{-2, -2}, 180}, {{2, -2}, 90}};
     EXPECT_TRUE(Dyads_Through_Five(design::Carried_Through(task.positions)).empty());
 }
 
@@ -261,6 +293,87 @@ TEST_F(Dyads, OfFivePositionsAreTwoFourOrNone) {
     for (int i = 0; i < 300; ++i)
         even += Dyads_Through_Five(design::Carried_Through(Random_Task(5).positions)).size() % 2 == 0;
     EXPECT_GE(even, 291);
+}
+
+TEST_F(Dyads, OfFivePositionsThatHardlyTurnAreTwoFourOrNoneToo) {
+    SCOPED_TRACE(Trace());
+    int even = 0;
+    for (int i = 0; i < 1000; ++i) {
+        Task task = Random_Task(5);
+        for (auto& place : task.positions) place.angle /= 90;
+        even += Dyads_Through_Five(design::Carried_Through(task.positions)).size() % 2 == 0;
+    }
+    EXPECT_GE(even, 985);
+}
+
+TEST_F(Dyads, OfFivePositionsOnLongLinksAreFoundAgain) {
+    SCOPED_TRACE(Trace());
+    int both = 0, all = 0;
+    while (all < 60) {
+        const Known known{Point(30), Point(30), Point(30), Point(30), Point(30)};
+        const auto task = Task_Of(known, {0, 0.01, 0.025, 0.035, 0.05});
+        if (!task || std::abs(task->positions[4].angle - task->positions[0].angle) > 3) continue;
+        ++all;
+        const auto dyads = Dyads_Through_Five(design::Carried_Through(task->positions));
+        both += Nearest(dyads, {known.O2, known.A}) < 1e-2 && Nearest(dyads, {known.O4, known.B}) < 1e-2;
+    }
+    EXPECT_GE(both, 55);
+}
+
+TEST_F(Dyads, OfFivePositionsAreAsLargeAsTheirPositions) {
+    SCOPED_TRACE(Trace());
+    std::size_t all = 0;
+    for (int i = 0; i < 20; ++i) {
+        const Task task = Random_Task(5);
+        // Powers of two change no digit.
+        Task small = task;
+        constexpr double kSmaller = 1.0 / 64;
+        for (auto& place : small.positions) place.at *= kSmaller;
+        auto scaled = Dyads_Through_Five(design::Carried_Through(task.positions));
+        for (Dyad& dyad : scaled) dyad = {dyad.fixed * kSmaller, dyad.moving * kSmaller};
+        EXPECT_EQ(Dyads_Through_Five(design::Carried_Through(small.positions)), scaled);
+        all += scaled.size();
+    }
+    EXPECT_GT(all, 10U);
+}
+
+TEST_F(Dyads, OfFivePositionsMergeInPairsAreToldApartUntilThenAndAreNoneBeyond) {
+    SCOPED_TRACE(Trace());
+    int pairs = 0, apart = 0, beyond = 0;
+    while (pairs < 40) {
+        const Task five = Random_Task(5);
+        const auto turned = [&](double angle) {
+            Task task = five;
+            task.positions[4].angle += angle;
+            return task;
+        };
+        const auto dyads = [&](double angle) {
+            return Dyads_Through_Five(design::Carried_Through(turned(angle).positions));
+        };
+        double many = 0, few = 5;
+        const std::size_t fewest = std::min(dyads(many).size(), dyads(few).size());
+        if (dyads(many).size() == dyads(few).size()) continue;
+        if (dyads(many).size() == fewest) std::swap(many, few);
+        while (std::abs(many - few) > 1e-12) {
+            const double middle = (many + few) / 2;
+            (dyads(middle).size() == fewest ? few : many) = middle;
+        }
+        ++pairs;
+        double span = 0;
+        for (const auto& place : five.positions) span = std::max(span, std::abs(place.at - five.positions[0].at));
+        // A millionth of a degree before, two are about the root of that apart.
+        const double before = std::copysign(1e-6, many - few);
+        const auto near = dyads(many + before);
+        for (std::size_t i = 1; i < near.size(); ++i)
+            for (std::size_t k = 0; k < i; ++k) apart += Apart(near[i], near[k]) < 1e-3 * span;
+        for (const double off : {1.0, 0.1, 0.01, -0.01, -0.1, -1.0, -10.0})
+            for (const Dyad& dyad : dyads(many + off * before))
+                EXPECT_LE(Off_Circle(turned(many + off * before), dyad),
+                          1.001e-9 * (std::abs(dyad.fixed - dyad.moving) + span));
+        beyond += dyads(few - before).size() > fewest;
+    }
+    EXPECT_GT(apart, 3);
+    EXPECT_LT(beyond, 8);
 }
 
 TEST_F(Dyads, WhatIsWrongWithATaskIsSaid) {

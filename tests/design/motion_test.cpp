@@ -131,8 +131,7 @@ TEST_F(Candidates, AreSoughtWithTwoHundredTriesForEachThatIsWanted) {
     Task task = Of(3);
     task.shortest = 2;
     task.longest = 2.01;
-    const auto carried = Carried_Through(task.positions);
-    const Carried three[3] = {carried[0], carried[1], carried[2]};
+    const auto three = Carried_Through(task.positions);
     const Box here = Looked_Over(task, {});
     const auto plane = [&](bool moving, std::size_t index) {
         const design::Point point(here.low.real() + Even(1, index) * (here.high - here.low).real(),
@@ -181,6 +180,78 @@ TEST_F(Candidates, OfGivenPivotsAreTheirOwnDyadsAndHaveNoNumbersToMove) {
     task.drive = design::Drive::kLeft;
     EXPECT_EQ(Chunk(*Problem_Of(task), 0, 0).size(), 3U);
     EXPECT_TRUE(Chunk(*Problem_Of(task), 0, 0)[0].linkage.crank_is_left);
+}
+
+TEST_F(Candidates, HaveTheShortestAndTheLongestLinkThatIsAllowed) {
+    // Carried without a turn the pivot goes from (5, 0) to (3, 4) and (-3, 4), on a circle about the origin.
+    Task task;
+    task.positions = {{{5, 0}, 0}, {{3, 4}, 0}, {{-3, 4}, 0}};
+    task.left.moving = {Area::Is::kPoints, {}, {}, {{5, 0}}};
+    const auto lefts = [&](double shortest, double longest) {
+        task.shortest = shortest;
+        task.longest = longest;
+        return Problem_Of(task)->Chunks(0);
+    };
+    EXPECT_EQ(lefts(5, 5), 1U);
+    EXPECT_EQ(lefts(5.001, 6), 0U);
+    EXPECT_EQ(lefts(4, 4.999), 0U);
+}
+
+TEST_F(Candidates, OfFivePositionsAreOfTwoDifferentDyads) {
+    Task task;
+    task.positions = {{{0, 0}, 0}, {{1, 1}, 30}, {{3, 1}, 70}, {{4, 0}, 80}, {{4, -2}, 60}};
+    std::size_t pairs = 0;
+    for (double angle = 50; angle < 70; angle += 2) {
+        task.positions[4].angle = angle;
+        const auto problem = Problem_Of(task);
+        const std::size_t dyads = Dyads_Through_Five(Carried_Through(task.positions)).size();
+        ASSERT_EQ(problem->Chunks(0), dyads);
+        for (std::size_t chunk = 0; chunk < dyads; ++chunk) {
+            const auto all = Chunk(*problem, 0, chunk);
+            EXPECT_EQ(all.size(), 2 * (dyads - 1));
+            pairs += all.size();
+        }
+        EXPECT_EQ(problem->Neighbourhood(), 0);
+    }
+    EXPECT_GT(pairs, 0U);
+}
+
+TEST_F(Candidates, OfTwoToFourPositionsAreNeighboursWithinAQuarterOfTheSpan) {
+    for (const int positions : {2, 3, 4}) {
+        const Task task = Of(positions);
+        EXPECT_DOUBLE_EQ(Problem_Of(task)->Neighbourhood(), Span_Of(task) / 4);
+    }
+}
+
+TEST_F(Candidates, OfFivePositionsWithOneDyadAreNone) {
+    // On the circle about (0.5, 0.5) on which (0, 2), (0, -1), (-1, 1) and (1, -1) lie.
+    Task task;
+    task.positions = {{{1, -2}, 0}, {{-1, 2}, 270}, {{0, -2}, 0}, {{-1, 0}, 0}, {{0, -1}, 270}};
+    const auto dyads = Dyads_Through_Five(Carried_Through(task.positions));
+    ASSERT_EQ(dyads.size(), 1U);
+    EXPECT_LT(std::abs(dyads[0].fixed - design::Point(0.5, 0.5)), 1e-6);
+    EXPECT_LT(std::abs(dyads[0].moving - design::Point(1, -1)), 1e-6);
+    EXPECT_EQ(Problem_Of(task)->No_Candidates(),
+              "Only one dyad goes through these five positions, and a four-bar takes two: move or turn one of them, or "
+              "leave one out.");
+}
+
+TEST_F(Candidates, AreNoneWhereOneOfTheirTurnsHasNoDyad) {
+    const Task task = Of(4);
+    const auto problem = Problem_Of(task);
+    const Burmester curves(Carried_Through(task.positions));
+    const auto all = Chunk(*problem, 0, 3);
+    ASSERT_FALSE(all.empty());
+    ASSERT_TRUE(problem->Linkage_Of(all[0].genes));
+    // No turn at all leads to infinity, one way.
+    const int none = curves.Dyad_At(0, 0) ? 1 : 0;
+    ASSERT_FALSE(curves.Dyad_At(0, none));
+    for (const std::size_t side : {0U, 1U}) {
+        Genes genes = all[0].genes;
+        genes.number[side] = 0;
+        genes.sheet[side] = side == 0 ? 2 * none + 1 : none;
+        EXPECT_FALSE(problem->Linkage_Of(genes));
+    }
 }
 
 TEST_F(Candidates, OfFourPositionsAreOnBothWaysOfTheCurvesByTheirTurns) {
