@@ -41,7 +41,7 @@ class Pen {
 }  // namespace
 
 Burmester::Burmester(std::span<const Carried> four) {
-    std::ranges::copy(four, carried_);
+    std::copy_n(four.begin(), 4, carried_);
     const auto minor = [&](int i, int j) {
         const Point ti = carried_[i].turn - 1.0, tj = carried_[j].turn - 1.0;
         return ti * (carried_[j].to - carried_[j].from) - (carried_[i].to - carried_[i].from) * tj;
