@@ -20,11 +20,11 @@ struct Yield {
 
 /// The better first; those of one score in a fixed order, so that it is the same list each time.
 bool Before(const Solution& a, const Solution& b) {
-    if (a.judgement.score != b.judgement.score) return a.judgement.score > b.judgement.score;
     const auto key = [](const Solution& s) {
         const auto& [crank, other, coupler, left] = s.linkage;
-        return std::array{crank.fixed.real(), crank.fixed.imag(), crank.moving.real(), crank.moving.imag(),
-                          other.fixed.real(), other.fixed.imag(), other.moving.real(), other.moving.imag()};
+        return std::array{-s.judgement.score,  crank.fixed.real(),  crank.fixed.imag(),
+                          crank.moving.real(), crank.moving.imag(), other.fixed.real(),
+                          other.fixed.imag(),  other.moving.real(), other.moving.imag()};
     };
     return key(a) < key(b);
 }
@@ -136,12 +136,13 @@ class Searcher {
 
     /// One number after the other either way, with shorter steps once none is better.
     Solution Descended(Solution solution) const {
-        constexpr int kHalvings = 10, kMostTurns = 200;
+        constexpr int kHalvings = 10;
+        constexpr int kMostTurns = 200;
         Genes& genes = solution.genes;
         for (int halvings = 0, turns = 0; halvings < kHalvings && turns < kMostTurns; ++turns) {
             bool better = false;
             for (std::size_t i = 0; i < genes.count; ++i)
-                better = genes.step[i] > 0 && (Stepped(solution, i, 1) || Stepped(solution, i, -1)) ? true : better;
+                better = Stepped(solution, i, 1) || Stepped(solution, i, -1) || better;
             if (better) continue;
             ++halvings;
             for (double& step : genes.step) step /= 2;

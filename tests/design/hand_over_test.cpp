@@ -112,6 +112,10 @@ TEST_F(Handed_Over, TheRunGoesFromTheFirstPositionToTheLastIn36Steps) {
     Hand();
     expect(first + 360 - 2 * kInDegrees, first + 360, -12);
     EXPECT_EQ(Model.TurnedOmega2, 7) << "a speed that was negative before has not been turned";
+    Model.Omega2Input = 0.5;
+    Hand();
+    EXPECT_EQ(Model.TurnedOmega2, -0.5) << "however slow it was";
+    Model.Omega2Input = 12;
     Take({0, 0.8, 2});
     Hand();
     expect(first, first + 2 * kInDegrees, 12);

@@ -2,6 +2,7 @@
 #include "design/search.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 #include "design/problem.h"
@@ -355,6 +356,78 @@ TEST_F(Searching, ThePartThatIsDoneGoesByCandidatesAndByDescents) {
     EXPECT_NEAR(rounds[1], 0.8, 1e-12);
     EXPECT_FALSE(found.stopped);
     EXPECT_EQ(found.words, "");
+}
+
+TEST_F(Searching, WhatIsToldAfterARoundIsTheListOfThatRound) {
+    std::vector<Found> told;
+    Find(Three(), {.best = 5, .threads = 1, .rounds = 2}, [&](double, const Found* so_far) {
+        if (so_far) told.push_back(*so_far);
+        return true;
+    });
+    ASSERT_EQ(told.size(), 2U);
+    for (const std::size_t rounds : {1U, 2U})
+        EXPECT_TRUE(Same(told[rounds - 1], Find(Three(), {.best = 5, .threads = 1, .coarse = true, .rounds = rounds})));
+}
+
+TEST_F(Searching, WhereNoneIsBetterADescentStaysAndLinkagesStandByTheirPlaces) {
+    // So small that all lengths round to nothing: by what rounding leaves, each is worth nothing.
+    Task task = Three();
+    for (auto& place : task.positions) place.at *= 1e-5;
+    task.weights = {0, 0, 0, 1};
+    task.drive = design::Drive::kLeft;
+    const Found coarse = Find(task, {.best = 5, .threads = 1, .coarse = true}),
+                fine = Find(task, {.best = 5, .threads = 1, .rounds = 2});
+    ASSERT_EQ(fine.solutions.size(), 5U);
+    EXPECT_TRUE(Same(coarse, fine));
+    const auto place = [&](std::size_t i) {
+        const auto& [crank, other, coupler, left] = fine.solutions[i].linkage;
+        return std::array{crank.fixed.real(), crank.fixed.imag(), crank.moving.real(), crank.moving.imag(),
+                          other.fixed.real(), other.fixed.imag(), other.moving.real(), other.moving.imag()};
+    };
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_EQ(fine.solutions[i].judgement.score, 0);
+        EXPECT_TRUE(i == 0 || place(i - 1) < place(i)) << i;
+    }
+}
+
+TEST_F(Searching, ThoseThrownOutAreOneWithinAMillionthOfTheSpan) {
+    Task task = Three();
+    task.transmission = 89.9;
+    task.drive = design::Drive::kLeft;
+    task.right.fixed = {design::Area::Is::kPoints, {}, {}, {{4, 2}}};
+    for (const auto& [apart, are] : {std::pair(1e-8, 1U), std::pair(1e-5, 2U)}) {
+        task.left.fixed = {design::Area::Is::kPoints, {}, {}, {{1, 3}, {1 + apart, 3}}};
+        const Found found = Find(task);
+        EXPECT_EQ(found.judged, 2U);
+        EXPECT_EQ(found.thrown_out.size(), are) << apart;
+    }
+}
+
+TEST_F(Searching, ATwinIsBroughtForwardFromAmongTwiceAsManyAsAreWanted) {
+    SCOPED_TRACE(Trace());
+    int brought = 0, left_out = 0;
+    for (int i = 0; i < 300; ++i) {
+        Known known;
+        Task task = Task_Of_Random_Linkage(5, known);
+        task.drive = design::Drive::kLeft;
+        std::vector<Solution> all = Find(task, {.best = 100, .threads = 1}).solutions;
+        std::ranges::sort(all, std::greater{}, [](const Solution& s) { return s.judgement.score; });
+        for (std::size_t best = 2; 2 * best < all.size(); ++best) {
+            const Found found = Find(task, {.best = best, .threads = 1});
+            ASSERT_EQ(found.solutions.size(), best);
+            // The twin of the first, wherever it stands.
+            for (std::size_t at = 1; at < all.size(); ++at) {
+                if (!Twins(all[0].linkage, all[at].linkage, 1e-6)) continue;
+                const bool among = at < 2 * best;
+                EXPECT_EQ(Twins(found.solutions[0].linkage, found.solutions[1].linkage, 1e-6), among)
+                    << at << " of " << best;
+                brought += among && at == 2 * best - 1;
+                left_out += at == 2 * best;
+            }
+        }
+    }
+    EXPECT_GT(brought, 0);
+    EXPECT_GT(left_out, 0);
 }
 
 TEST_F(Searching, StoppingKeepsWhatIsThere) {

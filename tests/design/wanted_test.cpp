@@ -175,6 +175,25 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
     EXPECT_EQ(States(), std::vector<Is>(3, Is::kBeyondRun));
 }
 
+TEST_F(PositionsWanted, ArePassedFromTheStepOnThatIsBeyondThem) {
+    Use_Three();
+    const double there = Some_Of(task).front().judgement.crank[1] / design::kDegree;
+    const auto beyond = [&](int step) {
+        const double first = Model.RunTable.Theta(0, 0), way = Model.RunTable.Theta(1, 0) - first;
+        return std::remainder(Model.RunTable.Theta(step, 0) - there, 360) * way > 0;
+    };
+    int steps_on = 0;
+    for (int last = 0; last <= Model.NSteps; ++last) {
+        for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.Assembled(step) = step <= last;
+        // A degree before it the run may end, as lengths are rounded.
+        const double off = std::remainder(Model.RunTable.Theta(last, 0) - there, 360);
+        if (std::abs(off) <= 1.01) continue;
+        EXPECT_EQ(States()[1], beyond(last) ? Is::kPassed : Is::kBeyondRun) << last;
+        steps_on += std::abs(off) < 1.9 * std::abs(Model.ThetaStep) && !beyond(last);
+    }
+    EXPECT_GT(steps_on, 0) << "a step before it";
+}
+
 TEST_F(PositionsWanted, ArePassedAtAnEndOfTheRunWhereTheCouplerPointIsThere) {
     Use_Three();
     const int end = 0;
@@ -187,8 +206,9 @@ TEST_F(PositionsWanted, ArePassedAtAnEndOfTheRunWhereTheCouplerPointIsThere) {
         bool passed;
     };
     // Half a degree on, only what the boxes round is allowed; that is far less than a two-hundredth of the lengths.
-    for (const Case& of : {Case{0, 0.0049, true}, Case{0, 0.0051, false}, Case{0.009, 0.0049, true}, Case{0.5, 0, true},
-                           Case{0.5, 0.0049, false}, Case{1.01, 0, false}}) {
+    for (const Case& of :
+         {Case{0, 0.0049, true}, Case{0, 0.0051, false}, Case{0.009, 0.0049, true}, Case{0.012, 0.0049, false},
+          Case{0.5, 0, true}, Case{0.5, 0.0049, false}, Case{1.01, 0, false}}) {
         Model.RunTable.Theta(end, 0) = crank + of.turn;
         Model.RunTable.PointXY(end, 2, 0) = x + of.part * size;
         EXPECT_EQ(std::ranges::count(States(), Is::kPassed), of.passed ? 1 : 0) << of.turn << ' ' << of.part;
@@ -207,6 +227,18 @@ TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     }
     Hoekens();
     EXPECT_TRUE(Positions_Wanted(Model).empty());
+}
+
+TEST_F(PositionsWanted, AreThoseOfALinkageOfWhichTwoLengthsAreLeft) {
+    Use_Three();
+    Single* const lengths[] = {&Model.L1, &Model.L2, &Model.L3, &Model.L4, &Model.Rpa};
+    const std::array before{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
+    for (std::size_t one = 0; one < before.size(); ++one)
+        for (std::size_t other = one; other < before.size(); ++other) {
+            for (std::size_t i = 0; i < before.size(); ++i)
+                *lengths[i] = before[i] * (i == one || i == other ? 1 : 1.1);
+            EXPECT_EQ(Positions_Wanted(Model).empty(), one == other) << one << ' ' << other;
+        }
 }
 
 TEST_F(PositionsWanted, AreNoneWithoutATaskOrWithAnother) {
