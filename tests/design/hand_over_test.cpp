@@ -115,6 +115,9 @@ TEST_F(Handed_Over, TheRunGoesFromTheFirstPositionToTheLastIn36Steps) {
     Model.Omega2Input = 0.5;
     Hand();
     EXPECT_EQ(Model.TurnedOmega2, -0.5) << "however slow it was";
+    Model.Omega2Input = 0;
+    Hand();
+    EXPECT_EQ(Model.TurnedOmega2, -0.5) << "nor has one that stood";
     Model.Omega2Input = 12;
     Take({0, 0.8, 2});
     Hand();

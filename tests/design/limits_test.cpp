@@ -125,8 +125,10 @@ TEST_F(Limits, PositionsCoincideWithinABillionthAndATenMillionthOfADegree) {
     EXPECT_EQ(line(1.1e-8), "");
     // From the origin to (1, 0) it is two billionths, to the last bit.
     EXPECT_NE(Said({{{0, 0}, 5}, {{1, 0}, 5}, {{0.5, 2e-9}, 5}}), "");
-    EXPECT_EQ(Said({{{0, 0}, 5}, {{1, 0}, 5}, {{0, 2e-9}, 5}}),
-              "Positions 1 and 3 coincide: move or turn one of them, or leave it out.");
+    EXPECT_NE(Said({{{0, 0}, 5}, {{0.5, 1.9e-9}, 5}, {{1, 0}, 5}}), "") << "of the line from the first";
+    EXPECT_EQ(Said({{{0, 0}, 5}, {{1, 0}, 5}, {{0, 2e-9}, 5}}), same);
+    EXPECT_EQ(Said({{{0, 0}, 5}, {{3e-3, 4e-3}, 50}, {{0.9e-11, 0}, 5}}), same);
+    EXPECT_NE(Said({{{0, 0}, 5}, {{3e-3, 4e-3}, 50}, {{1.1e-11, 0}, 5}}), same);
     // The line is that to the farthest, which a place hardly off the first does not turn.
     const std::string near_first = Said({{{0, 0}, 5}, {{3, 4}, 5}, {{2.28e-8, 4.54e-8}, 5}});
     EXPECT_NE(near_first.find("lie on a line"), std::string::npos) << near_first;
