@@ -181,6 +181,11 @@ TEST_F(Handed_Over, OfTwoPositionsTheMethodThatTakesAVectorIsKeptAndAThirdIsLeft
         EXPECT_EQ(Model.SynAlpha3, 11);
         EXPECT_EQ(Model.SynBeta3, 22);
         EXPECT_NEAR(Model.SynBeta2, 0.8 * kInDegrees, 1e-4);
+        const Choices two = Choices_Of(task, solution);
+        EXPECT_EQ(two.P31, Point());
+        EXPECT_EQ(two.alpha3, 0);
+        EXPECT_EQ(two.beta3, 0);
+        EXPECT_EQ(two.gamma3, 0);
     }
 }
 
@@ -254,6 +259,10 @@ TEST_F(Handed_Over, WhatSpecifiedPivotsDoNotFindIsSaidOfTheLink) {
         c.beta3 = c.gamma3 = c.alpha3 + apart;
         EXPECT_EQ(Trouble_By_Pivots(c), "") << apart;
     }
+    c = Findable();
+    c.alpha3 = 0;
+    c.beta3 = 0.1;
+    EXPECT_EQ(Trouble_By_Pivots(c), "") << "a tenth of a degree itself is apart";
 }
 
 TEST_F(Handed_Over, PositionsAreToldByWhatBecameOfThem) {

@@ -227,6 +227,8 @@ TEST_F(Limits, LinksOfWhichOneIsHundredsOfTimesAsLongAsAnotherHaveNoDigitsInComm
     EXPECT_EQ(judged(0).amount, 0);
     EXPECT_EQ(judged(std::sqrt(2) * 0.9e-9).refusal, Refusal::kLength) << "no length, to a billionth of the span";
     EXPECT_EQ(judged(std::sqrt(2) * 1.1e-9).refusal, Refusal::kUnlike);
+    // A hundred are two hundred times a half, and no more.
+    EXPECT_NE(Judge(task).Of({{{0, 0}, {0.5, 0}}, {{100, 0}, {50, 10}}, {0, 0}}).refusal, Refusal::kUnlike);
     task.shortest = 1;
     EXPECT_EQ(judged(1 - 0.9e-9).refusal == Refusal::kLength, false);
     EXPECT_NE(judged(1 - 1e-9).refusal, Refusal::kLength);
@@ -240,6 +242,9 @@ TEST_F(Limits, LinksOfWhichOneIsHundredsOfTimesAsLongAsAnotherHaveNoDigitsInComm
     task.longest = 300;
     EXPECT_NE(judged(300 * (1 + 1e-9)).refusal, Refusal::kLength);
     EXPECT_EQ(judged(300 * (1 + 1.1e-9)).refusal, Refusal::kLength);
+    task = {};
+    task.positions = {{{0, 0}, 0}, {{1, 0}, 30}};
+    EXPECT_EQ(judged(1e-9).refusal, Refusal::kLength) << "a billionth of the span itself is no length";
 }
 
 TEST_F(Limits, ALinkThatRoundsToNothingMeetsNoPosition) {

@@ -221,6 +221,9 @@ TEST_F(Parts, WhatIsWrongWithALinkageIsSaidInItsNumbers) {
     task.transmission = 0;
     EXPECT_EQ(said(Refusal::kTransmission, 1.26),
               "The transmission angle falls to 1.3 degrees, below two degrees: the linkage jams.");
+    task.transmission = 1.5;
+    EXPECT_EQ(said(Refusal::kTransmission, 1.5),
+              "The transmission angle falls to 1.5 degrees, below two degrees: the linkage jams.");
     EXPECT_EQ(said(Refusal::kDigits, 0.5),
               "Seven digits do not hold the positions: the coupler point misses one by 0.5 mm.");
 }
