@@ -150,6 +150,9 @@ TEST_F(Limits, PositionsTurnAboutOnePointWithinATenMillionth) {
     EXPECT_EQ(Said({{{3.5, 1.25}, 0}, {{1.25, 3.25}, 90}, {{-0.75, 1}, 180}}),
               "All positions turn about the one point 1.375, 1.125, so that every link has its pivot there: a single "
               "joint does it. Move or turn one of the positions.");
+    EXPECT_EQ(Said({{{2, 0}, 10}, {{0, 2}, 100}, {{-2, 0}, 190}}).substr(0, 43), said(0).substr(0, 43));
+    EXPECT_EQ(Said({{{0, 0}, 0}, {{1, 0}, 0}, {{0, 1}, 90}}), "") << "without a turn there is no pole";
+    EXPECT_EQ(Said({{{1, 1}, 7}, {{1, 1}, 7}}).substr(0, 24), "Positions 1 and 2 coinci");
     // In thousandths.
     for (const Point by : {Point(0.0004, 0), Point(0, 0.0004)}) {
         const std::string words =
