@@ -20,11 +20,11 @@ struct Yield {
 
 /// The better first; those of one score in a fixed order, so that it is the same list each time.
 bool Before(const Solution& a, const Solution& b) {
-    if (a.judgement.score != b.judgement.score) return a.judgement.score > b.judgement.score;
     const auto key = [](const Solution& s) {
         const auto& [crank, other, coupler, left] = s.linkage;
-        return std::array{crank.fixed.real(), crank.fixed.imag(), crank.moving.real(), crank.moving.imag(),
-                          other.fixed.real(), other.fixed.imag(), other.moving.real(), other.moving.imag()};
+        return std::array{-s.judgement.score,  crank.fixed.real(),  crank.fixed.imag(),
+                          crank.moving.real(), crank.moving.imag(), other.fixed.real(),
+                          other.fixed.imag(),  other.moving.real(), other.moving.imag()};
     };
     return key(a) < key(b);
 }
@@ -136,12 +136,13 @@ class Searcher {
 
     /// One number after the other either way, with shorter steps once none is better.
     Solution Descended(Solution solution) const {
-        constexpr int kHalvings = 10, kMostTurns = 200;
+        constexpr int kHalvings = 10;
+        constexpr int kMostTurns = 200;
         Genes& genes = solution.genes;
         for (int halvings = 0, turns = 0; halvings < kHalvings && turns < kMostTurns; ++turns) {
             bool better = false;
             for (std::size_t i = 0; i < genes.count; ++i)
-                better = genes.step[i] > 0 && (Stepped(solution, i, 1) || Stepped(solution, i, -1)) ? true : better;
+                if (Stepped(solution, i, 1) || Stepped(solution, i, -1)) better = true;
             if (better) continue;
             ++halvings;
             for (double& step : genes.step) step /= 2;
@@ -196,12 +197,15 @@ class Searcher {
     }
 
     std::string Why_None() const {
-        if (found_.stopped && found_.judged == 0) return "The search was stopped before anything was judged.";
         if (std::string none = problem_.No_Candidates(); !none.empty()) return none;
+        if (found_.judged == 0)
+            return found_.stopped
+                       ? "The search was stopped before anything was judged."
+                       : "Only one dyad lies within the limits of both links, and a four-bar takes two: give "
+                         "a pivot of one of them another place.";
         const auto most = std::max_element(found_.counts.begin() + 1, found_.counts.end());
         const auto refusal = static_cast<Refusal>(most - found_.counts.begin());
-        const double part =
-            100.0 * static_cast<double>(*most) / static_cast<double>(std::max<std::size_t>(1, found_.judged));
+        const double part = 100.0 * static_cast<double>(*most) / static_cast<double>(found_.judged);
         return "None of " + std::to_string(found_.judged) + " linkages that fit the positions does it. Of most, " +
                std::to_string(static_cast<int>(std::lround(part))) + " %, " + Words_Of(refusal) + ": " +
                Advice_On(refusal) + ".";

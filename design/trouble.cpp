@@ -38,13 +38,11 @@ std::string Coinciding(std::span<const Place> places, double near) {
 }
 
 bool In_A_Line(std::span<const Place> places, double near) {
-    std::size_t far = 0;
-    for (std::size_t i = 1; i < places.size(); ++i)
-        if (Distance(places[i].at, places[0].at) > Distance(places[far].at, places[0].at)) far = i;
-    const Point along = places[far].at - places[0].at;
-    return std::ranges::all_of(places, [&](const Place& place) {
-        return std::abs(Cross(along, place.at - places[0].at)) <= near * std::abs(along);
-    });
+    const auto way = [&](const Place& place) { return place.at - places[0].at; };
+    const Point along =
+        way(*std::ranges::max_element(places, {}, [&](const Place& place) { return std::abs(way(place)); }));
+    return std::ranges::all_of(
+        places, [&](const Place& place) { return std::abs(Cross(along, way(place))) <= near * std::abs(along); });
 }
 
 std::string Not_Turning(std::span<const Place> places, double near) {
@@ -99,8 +97,9 @@ std::string Too_Many_Conditions(const Task& task) {
 
 std::string Trouble_With(const Task& task) {
     const std::vector<Place> places = Absolute_Positions(task);
-    if (places.size() < kFewestPositions || places.size() > kMostPositions)
-        return "A task has two to five positions: give " + std::string(places.size() < 2 ? "more." : "fewer.");
+    const bool few = places.size() < kFewestPositions;
+    if (few || places.size() > kMostPositions)
+        return "A task has two to five positions: give " + std::string(few ? "more." : "fewer.");
     if (std::string words = No_Numbers(places); !words.empty()) return words;
     double far = 0;
     for (const Place& place : places) far = std::max(far, std::abs(place.at));

@@ -112,6 +112,13 @@ TEST_F(Handed_Over, TheRunGoesFromTheFirstPositionToTheLastIn36Steps) {
     Hand();
     expect(first + 360 - 2 * kInDegrees, first + 360, -12);
     EXPECT_EQ(Model.TurnedOmega2, 7) << "a speed that was negative before has not been turned";
+    Model.Omega2Input = 0.5;
+    Hand();
+    EXPECT_EQ(Model.TurnedOmega2, -0.5) << "however slow it was";
+    Model.Omega2Input = 0;
+    Hand();
+    EXPECT_EQ(Model.TurnedOmega2, -0.5) << "nor has one that stood";
+    Model.Omega2Input = 12;
     Take({0, 0.8, 2});
     Hand();
     expect(first, first + 2 * kInDegrees, 12);
@@ -174,6 +181,11 @@ TEST_F(Handed_Over, OfTwoPositionsTheMethodThatTakesAVectorIsKeptAndAThirdIsLeft
         EXPECT_EQ(Model.SynAlpha3, 11);
         EXPECT_EQ(Model.SynBeta3, 22);
         EXPECT_NEAR(Model.SynBeta2, 0.8 * kInDegrees, 1e-4);
+        const Choices two = Choices_Of(task, solution);
+        EXPECT_EQ(two.P31, Point());
+        EXPECT_EQ(two.alpha3, 0);
+        EXPECT_EQ(two.beta3, 0);
+        EXPECT_EQ(two.gamma3, 0);
     }
 }
 
@@ -247,6 +259,10 @@ TEST_F(Handed_Over, WhatSpecifiedPivotsDoNotFindIsSaidOfTheLink) {
         c.beta3 = c.gamma3 = c.alpha3 + apart;
         EXPECT_EQ(Trouble_By_Pivots(c), "") << apart;
     }
+    c = Findable();
+    c.alpha3 = 0;
+    c.beta3 = 0.1;
+    EXPECT_EQ(Trouble_By_Pivots(c), "") << "a tenth of a degree itself is apart";
 }
 
 TEST_F(Handed_Over, PositionsAreToldByWhatBecameOfThem) {

@@ -187,6 +187,13 @@ TEST_F(Judging, OfTwoWaysTheOneThatHasTheOrderIsToldOf) {
     EXPECT_EQ(Judge(task).Of(Linkage_Of(Crank_Rocker())).refusal, Refusal::kTransmission);
 }
 
+TEST_F(Judging, OverAFullTurnBothWaysAreAlikeAndTheCrankTurnsToTheRight) {
+    Task task = *Task_Of(Crank_Rocker(), {0, 1});
+    task.full_turn = true;
+    const Judgement j = Judge(task).Of(Linkage_Of(Crank_Rocker()));
+    EXPECT_NEAR(j.crank[1] - j.crank[0], 1 - 2 * std::acos(-1.0), 1e-9);
+}
+
 TEST_F(Judging, PositionsOutOfOrderAreToldWithTheirNumbers) {
     const Known known = Crank_Rocker();
     const Task task = *Task_Of(known, {0, 2, 1, 3});

@@ -51,6 +51,11 @@ TEST_F(Limits, AnAreaHoldsItsEdgeAndABillionthMore) {
             EXPECT_FALSE(box.Holds({0, y[side] + out * 6.5e-9}));
         }
     }
+    // To the last bit: about the origin it is a billionth of 1, and of 2 where a corner is 1 away from it.
+    const Area line = Within({0, 0}, {1, 0});
+    for (const Point at : {Point(-2e-9, 0), Point(1 + 2e-9, 0), Point(0, -2e-9), Point(0, 2e-9)})
+        EXPECT_TRUE(line.Holds(at)) << at;
+    EXPECT_TRUE(At({{0, 0}}).Holds({1e-9, 0}));
 }
 
 TEST_F(Limits, ATaskIsMeasuredByItsPositionsOrByItsRectangles) {
@@ -66,11 +71,18 @@ TEST_F(Limits, ATaskIsMeasuredByItsPositionsOrByItsRectangles) {
     task.right.moving = At({{0, 0}, {500, 0}});
     EXPECT_DOUBLE_EQ(Span_Of(task), 100) << "points are no rectangle";
     task.left = task.right = {};
+    task.left.fixed = Within({0, 0}, {0.3, 0.4});
+    EXPECT_DOUBLE_EQ(Span_Of(task), 0.5);
+    task.left.fixed = Within({3, 4}, {3, 4});
+    EXPECT_DOUBLE_EQ(Span_Of(task), 1) << "a rectangle that is one point measures nothing";
+    task.left = {};
     EXPECT_DOUBLE_EQ(Span_Of(task), 1);
     task.positions[1].at = {1 + 1.9e-9, 0};
     EXPECT_DOUBLE_EQ(Span_Of(task), 1) << "one point, to a billionth of where it is and 1";
     task.positions[1].at = {1 + 2.1e-9, 0};
     EXPECT_LT(Span_Of(task), 1e-8);
+    task.positions = {{{-5e-10, 0}, 0}, {{5e-10, 0}, 30}};
+    EXPECT_EQ(Span_Of(task), 1) << "a billionth itself is one point";
 }
 
 TEST_F(Limits, PivotsAreLookedForInTheirAreaOrAboutThePositions) {
@@ -79,6 +91,8 @@ TEST_F(Limits, PivotsAreLookedForInTheirAreaOrAboutThePositions) {
     const Point middle(2.5, 3);
     Expect_Box(Looked_Over(task, Within({-1, -2}, {3, 4})), {-1, -2}, {3, 4});
     Expect_Box(Looked_Over(task, At({{5, 1}, {-2, 7}, {0, 0}})), {-2, 0}, {5, 7});
+    Expect_Box(Looked_Over(task, At({{5, 1}, {2, 7}})), {2, 1}, {5, 7});
+    Expect_Box(Looked_Over(task, At({{-5, -1}, {-2, -7}})), {-5, -7}, {-2, -1});
     for (const auto& [longest, reach] : {std::pair(std::numeric_limits<double>::infinity(), 15.0), std::pair(7.5, 15.0),
                                          std::pair(4.0, 8.0), std::pair(2.5, 5.0), std::pair(1.0, 5.0)}) {
         task.longest = longest;
@@ -109,12 +123,19 @@ TEST_F(Limits, PositionsCoincideWithinABillionthAndATenMillionthOfADegree) {
     };
     EXPECT_NE(line(0.9e-8), "");
     EXPECT_EQ(line(1.1e-8), "");
+    // From the origin to (1, 0) it is two billionths, to the last bit.
+    EXPECT_NE(Said({{{0, 0}, 5}, {{1, 0}, 5}, {{0.5, 2e-9}, 5}}), "");
+    EXPECT_NE(Said({{{0, 0}, 5}, {{0.5, 1.9e-9}, 5}, {{1, 0}, 5}}), "") << "of the line from the first";
+    EXPECT_EQ(Said({{{0, 0}, 5}, {{1, 0}, 5}, {{0, 2e-9}, 5}}), same);
+    EXPECT_EQ(Said({{{0, 0}, 5}, {{3e-3, 4e-3}, 50}, {{0.9e-11, 0}, 5}}), same);
+    EXPECT_NE(Said({{{0, 0}, 5}, {{3e-3, 4e-3}, 50}, {{1.1e-11, 0}, 5}}), same);
     // The line is that to the farthest, which a place hardly off the first does not turn.
     const std::string near_first = Said({{{0, 0}, 5}, {{3, 4}, 5}, {{2.28e-8, 4.54e-8}, 5}});
     EXPECT_NE(near_first.find("lie on a line"), std::string::npos) << near_first;
     EXPECT_NE(Said({{{3, 4}, 5}, {{0, 0}, 5}, {{-3, -4}, 5}, {{6, 8}, 5}}).find("lie on a line"), std::string::npos);
     EXPECT_NE(Said({{{1, 0}, 5}, {{2, 2}, 5}, {{4, 6}, 5}}).find("lie on a line"), std::string::npos) << "beside 0, 0";
     EXPECT_EQ(Said({{{1, 1}, 5}, {{2, 2}, 5}, {{-3, 3}, 5}}), "");
+    EXPECT_EQ(Said({{{1, 1}, 5}, {{2, 2}, 5}}), "") << "two are always on a line, and links shift the body";
 }
 
 TEST_F(Limits, PositionsTurnAboutOnePointWithinATenMillionth) {
@@ -129,6 +150,15 @@ TEST_F(Limits, PositionsTurnAboutOnePointWithinATenMillionth) {
     EXPECT_EQ(Said({{{3.5, 1.25}, 0}, {{1.25, 3.25}, 90}, {{-0.75, 1}, 180}}),
               "All positions turn about the one point 1.375, 1.125, so that every link has its pivot there: a single "
               "joint does it. Move or turn one of the positions.");
+    EXPECT_EQ(Said({{{2, 0}, 10}, {{0, 2}, 100}, {{-2, 0}, 190}}).substr(0, 43), said(0).substr(0, 43));
+    EXPECT_EQ(Said({{{0, 0}, 0}, {{1, 0}, 0}, {{0, 1}, 90}}), "") << "without a turn there is no pole";
+    EXPECT_EQ(Said({{{1, 1}, 7}, {{1, 1}, 7}}).substr(0, 24), "Positions 1 and 2 coinci");
+    // In thousandths.
+    for (const Point by : {Point(0.0004, 0), Point(0, 0.0004)}) {
+        const std::string words =
+            Said({{Point(3.5, 1.25) + by, 0}, {Point(1.25, 3.25) + by, 90}, {Point(-0.75, 1) + by, 180}});
+        EXPECT_NE(words.find(" the one point 1.375, 1.125, so"), std::string::npos) << words;
+    }
 }
 
 TEST_F(Limits, NumbersOfPositionsMayBeTwiceTheLargestOfAFile) {
@@ -200,14 +230,24 @@ TEST_F(Limits, LinksOfWhichOneIsHundredsOfTimesAsLongAsAnotherHaveNoDigitsInComm
     EXPECT_EQ(judged(0).amount, 0);
     EXPECT_EQ(judged(std::sqrt(2) * 0.9e-9).refusal, Refusal::kLength) << "no length, to a billionth of the span";
     EXPECT_EQ(judged(std::sqrt(2) * 1.1e-9).refusal, Refusal::kUnlike);
+    // A hundred are two hundred times a half, and no more.
+    EXPECT_NE(Judge(task).Of({{{0, 0}, {0.5, 0}}, {{100, 0}, {50, 10}}, {0, 0}}).refusal, Refusal::kUnlike);
     task.shortest = 1;
     EXPECT_EQ(judged(1 - 0.9e-9).refusal == Refusal::kLength, false);
+    EXPECT_NE(judged(1 - 1e-9).refusal, Refusal::kLength);
     EXPECT_EQ(judged(1 - 1.1e-9).refusal, Refusal::kLength);
     task.longest = longest - 1e-9 * longest * 0.9;
     EXPECT_NE(judged(2).refusal, Refusal::kLength);
     task.longest = longest - 1e-9 * longest * 1.1;
     EXPECT_EQ(judged(2).refusal, Refusal::kLength);
     EXPECT_NEAR(judged(2).amount, longest, 1e-9);
+    // The crank itself as the longest, to the last bit.
+    task.longest = 300;
+    EXPECT_NE(judged(300 * (1 + 1e-9)).refusal, Refusal::kLength);
+    EXPECT_EQ(judged(300 * (1 + 1.1e-9)).refusal, Refusal::kLength);
+    task = {};
+    task.positions = {{{0, 0}, 0}, {{1, 0}, 30}};
+    EXPECT_EQ(judged(1e-9).refusal, Refusal::kLength) << "a billionth of the span itself is no length";
 }
 
 TEST_F(Limits, ALinkThatRoundsToNothingMeetsNoPosition) {
@@ -287,6 +327,8 @@ TEST_F(Limits, WhyNothingIsFoundIsSaidWithItsNumbers) {
     }
     const Found stopped = Find(task, coarse, [](double, const Found*) { return false; });
     EXPECT_TRUE(stopped.stopped);
+    EXPECT_EQ(stopped.judged, 64U) << "the first link with all others, either of them driving";
+    EXPECT_TRUE(stopped.words.starts_with("None of 64 linkages that fit")) << stopped.words;
     task.transmission = 0;
     task.right.moving = Within({1e5, 1e5}, {1e5 + 1, 1e5 + 1});
     task.longest = 10;

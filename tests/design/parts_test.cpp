@@ -1,6 +1,11 @@
 // Linkages without a task: poses, strokes, room, class and likeness, and the words of what is wrong with one.
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
 #include <limits>
+#include <mutex>
+#include <set>
+#include <thread>
 
 #include "design/judge.h"
 #include "design/linkage.h"
@@ -216,8 +221,32 @@ TEST_F(Parts, WhatIsWrongWithALinkageIsSaidInItsNumbers) {
     task.transmission = 0;
     EXPECT_EQ(said(Refusal::kTransmission, 1.26),
               "The transmission angle falls to 1.3 degrees, below two degrees: the linkage jams.");
+    task.transmission = 1.5;
+    EXPECT_EQ(said(Refusal::kTransmission, 1.5),
+              "The transmission angle falls to 1.5 degrees, below two degrees: the linkage jams.");
     EXPECT_EQ(said(Refusal::kDigits, 0.5),
               "Seven digits do not hold the positions: the coupler point misses one by 0.5 mm.");
+}
+
+TEST_F(Parts, AsManyThreadsAsAreAskedForWorkAtOnceAndTheCallingOneAloneIsAsked) {
+    constexpr std::size_t kThreads = 3;
+    std::mutex mutex;
+    std::condition_variable come;
+    std::set<std::thread::id> there;
+    const auto calling = std::this_thread::get_id();
+    // Each piece goes on when all threads are at one.
+    const auto work = [&](std::size_t) {
+        std::unique_lock lock(mutex);
+        there.insert(std::this_thread::get_id());
+        come.notify_all();
+        come.wait_for(lock, std::chrono::seconds(20), [&] { return there.size() == kThreads; });
+    };
+    EXPECT_TRUE(Side_By_Side(kThreads, static_cast<int>(kThreads), work, [&](std::size_t) {
+        EXPECT_EQ(std::this_thread::get_id(), calling);
+        return true;
+    }));
+    EXPECT_EQ(there.size(), kThreads);
+    EXPECT_TRUE(there.contains(calling));
 }
 
 TEST_F(Parts, EachPieceOfWorkIsDoneOnceByAnyNumberOfThreads) {

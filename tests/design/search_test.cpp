@@ -5,62 +5,15 @@
 #include <map>
 
 #include "design/problem.h"
-#include "tests/design/follower.h"
-#include "tests/design/tasks.h"
+#include "tests/design/searching.h"
 
 namespace verlink::test {
 
 namespace {
 
-using design::Effort;
 using design::Found;
 using design::Solution;
 using design::Task;
-
-struct Searching : Design {
-    static void Expect_All_Do_It(const Task& task, const Found& found) {
-        const auto places = Absolute_Positions(task);
-        for (const Solution& solution : found.solutions) {
-            const auto& j = solution.judgement;
-            const double way = j.crank[1] > j.crank[0] ? 1 : -1;
-            EXPECT_EQ(Follower(solution.linkage).Through(places, solution.linkage, way), "") << Task_Text(task);
-        }
-    }
-    /// How many linkages some tasks get, every fourth without one that is known to do it.
-    std::size_t Shown_For_Random_Tasks(int tasks, int positions, const Effort& effort) {
-        SCOPED_TRACE(Trace());
-        std::size_t shown = 0;
-        for (int i = 0; i < tasks; ++i) {
-            Known known;
-            const Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
-            const Found found = Find(task, effort);
-            Expect_All_Do_It(task, found);
-            shown += found.solutions.size();
-            EXPECT_NE(found.solutions.empty(), found.words.empty());
-        }
-        return shown;
-    }
-    static bool Same(const Found& a, const Found& b) {
-        return a.judged == b.judged && a.counts == b.counts &&
-               std::ranges::equal(a.solutions, b.solutions, [](const Solution& x, const Solution& y) {
-                   return x.linkage.crank == y.linkage.crank && x.linkage.other == y.linkage.other &&
-                          x.judgement.score == y.judgement.score && x.family == y.family;
-               });
-    }
-    static Task Three() {
-        Task task;
-        task.positions = {{{0, 0}, 0}, {{1, 1}, 30}, {{3, 1}, 70}};
-        return task;
-    }
-    static const Found& List_Of_Three() {
-        static const Found found = Find(Three(), {.rounds = 4});
-        return found;
-    }
-};
-
-constexpr Effort kCoarse{.best = 20, .threads = 0, .coarse = true};
-/// With a descent, from what the first rounds find.
-constexpr Effort kShort{.best = 5, .threads = 0, .rounds = 2};
 
 }  // namespace
 
@@ -79,53 +32,6 @@ TEST_F(Searching, EveryLinkageOfThreePositionsDoesThem) {
 TEST_F(Searching, EveryLinkageOfFourPositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(20, 4, kCoarse), 15U); }
 
 TEST_F(Searching, EveryLinkageOfFivePositionsDoesThem) { EXPECT_GT(Shown_For_Random_Tasks(60, 5, {}), 20U); }
-
-TEST_F(Searching, WhatADescentFindsDoesItToo) {
-    SCOPED_TRACE(Trace());
-    for (const int positions : {2, 3, 4}) {
-        Known known;
-        const Task task = Task_Of_Random_Linkage(positions, known);
-        const Found found = Find(task, kShort);
-        Expect_All_Do_It(task, found);
-        const Found coarse = Find(task, {.best = 5, .threads = 0, .coarse = true});
-        if (coarse.solutions.empty()) continue;
-        ASSERT_FALSE(found.solutions.empty());
-        EXPECT_GE(found.solutions[0].judgement.score, coarse.solutions[0].judgement.score);
-    }
-}
-
-TEST_F(Searching, ADescentMakesTheBestBetter) {
-    const Found fine = Find(Three(), kShort), coarse = Find(Three(), {.best = 5, .threads = 0, .coarse = true});
-    ASSERT_FALSE(coarse.solutions.empty());
-    EXPECT_GT(fine.solutions[0].judgement.score, coarse.solutions[0].judgement.score + 0.01);
-}
-
-TEST_F(Searching, ADescentEndsWhereNoStepEitherWayIsBetter) {
-    const Task task = Three();
-    const auto problem = design::Problem_Of(task);
-    const double first = Find(task, {.best = 5, .threads = 0, .coarse = true}).solutions[0].genes.step[0];
-    const auto better = [&](const Solution& solution, std::size_t number, double way) {
-        auto genes = solution.genes;
-        genes.number[number] += way * genes.step[number];
-        const auto linkage = problem->Linkage_Of(genes);
-        if (!linkage) return false;
-        const auto judgement = problem->Judge_Of(*linkage);
-        return judgement.Good() && judgement.score > solution.judgement.score;
-    };
-    // Of two twins one has descended, and the other has its dyads.
-    std::map<int, bool> ended;
-    for (const Solution& solution : Find(task, kShort).solutions) {
-        if (solution.genes.step[0] > first / 500) continue;
-        EXPECT_EQ(solution.genes.step[0], first / 1024) << "halved ten times";
-        bool none = true;
-        // The steps have been halved once more behind the last.
-        for (std::size_t i = 0; i < solution.genes.count; ++i)
-            none = none && !better(solution, i, 2) && !better(solution, i, -2);
-        ended[solution.family] = ended[solution.family] || none;
-    }
-    EXPECT_GE(ended.size(), 2U);
-    for (const auto& [family, at_the_end] : ended) EXPECT_TRUE(at_the_end) << family;
-}
 
 TEST_F(Searching, LinksTurnNeitherHardlyNorNearlyFullyToAnotherPosition) {
     SCOPED_TRACE(Trace());
@@ -216,7 +122,7 @@ TEST_F(Searching, EachRoundJudgesFourTimesAsManyAsThoseBefore) {
 }
 
 TEST_F(Searching, TheListHasAsManyAsAreWantedAlsoWhereItEndsBetweenTwins) {
-    for (const std::size_t best : {1U, 3U})
+    for (const std::size_t best : {1U, 3U, 10U})
         EXPECT_EQ(Find(Three(), {.best = best, .threads = 0, .coarse = true, .rounds = 1}).solutions.size(), best);
     EXPECT_EQ(List_Of_Three().solutions[1].family, 1) << "the first has a twin";
 }
@@ -357,6 +263,57 @@ TEST_F(Searching, ThePartThatIsDoneGoesByCandidatesAndByDescents) {
     EXPECT_EQ(found.words, "");
 }
 
+TEST_F(Searching, WhatIsToldAfterARoundIsTheListOfThatRound) {
+    std::vector<Found> told;
+    Find(Three(), {.best = 5, .threads = 1, .rounds = 2}, [&](double, const Found* so_far) {
+        if (so_far) told.push_back(*so_far);
+        return true;
+    });
+    ASSERT_EQ(told.size(), 2U);
+    for (const std::size_t rounds : {1U, 2U})
+        EXPECT_TRUE(Same(told[rounds - 1], Find(Three(), {.best = 5, .threads = 1, .coarse = true, .rounds = rounds})));
+}
+
+TEST_F(Searching, ThoseThrownOutAreOneWithinAMillionthOfTheSpan) {
+    Task task = Three();
+    task.transmission = 89.9;
+    task.drive = design::Drive::kLeft;
+    task.right.fixed = {design::Area::Is::kPoints, {}, {}, {{4, 2}}};
+    for (const auto& [apart, are] : {std::pair(1e-8, 1U), std::pair(1e-5, 2U)}) {
+        task.left.fixed = {design::Area::Is::kPoints, {}, {}, {{1, 3}, {1 + apart, 3}}};
+        const Found found = Find(task);
+        EXPECT_EQ(found.judged, 2U);
+        EXPECT_EQ(found.thrown_out.size(), are) << apart;
+    }
+}
+
+TEST_F(Searching, ATwinIsBroughtForwardFromAmongTwiceAsManyAsAreWanted) {
+    SCOPED_TRACE(Trace());
+    int brought = 0, left_out = 0;
+    for (int i = 0; i < 300; ++i) {
+        Known known;
+        Task task = Task_Of_Random_Linkage(5, known);
+        task.drive = design::Drive::kLeft;
+        std::vector<Solution> all = Find(task, {.best = 100, .threads = 1}).solutions;
+        std::ranges::sort(all, std::greater{}, [](const Solution& s) { return s.judgement.score; });
+        for (std::size_t best = 2; 2 * best < all.size(); ++best) {
+            const Found found = Find(task, {.best = best, .threads = 1});
+            ASSERT_EQ(found.solutions.size(), best);
+            // The twin of the first, wherever it stands.
+            for (std::size_t at = 1; at < all.size(); ++at) {
+                if (!Twins(all[0].linkage, all[at].linkage, 1e-6)) continue;
+                const bool among = at < 2 * best;
+                EXPECT_EQ(Twins(found.solutions[0].linkage, found.solutions[1].linkage, 1e-6), among)
+                    << at << " of " << best;
+                brought += among && at == 2 * best - 1;
+                left_out += at == 2 * best;
+            }
+        }
+    }
+    EXPECT_GT(brought, 0);
+    EXPECT_GT(left_out, 0);
+}
+
 TEST_F(Searching, StoppingKeepsWhatIsThere) {
     int told = 0;
     double last = 0;
@@ -400,6 +357,17 @@ TEST_F(Searching, WhereNothingDoesItTheMostFrequentReasonIsSaid) {
     task = Three();
     task.positions = {{{0, 0}, 0}, {{1, 1}, 0}, {{2, 2}, 0}};
     EXPECT_EQ(Find(task).words.find("The positions lie on a line"), 0U);
+    // One dyad on both sides is no pair; nor is the first pair of two with one.
+    task = Three();
+    task.left.fixed = task.right.fixed = {design::Area::Is::kPoints, {}, {}, {{1, 3}}};
+    EXPECT_EQ(Find(task).words,
+              "Only one dyad lies within the limits of both links, and a four-bar takes two: give a pivot of one of "
+              "them another place.");
+    EXPECT_EQ(Find(task, {}, [](double, const Found*) { return false; }).judged, 0U);
+    task.left.fixed.points.emplace_back(4, 2);
+    EXPECT_EQ(Find(task, {.threads = 1}, [](double, const Found*) { return false; }).words,
+              "The search was stopped before anything was judged.");
+    EXPECT_EQ(Find(task).judged, 2U);
 }
 
 TEST_F(Searching, SmallAndLargeTasksAreTheSame) {

@@ -55,6 +55,10 @@ TEST(Task_File, ComesBackAsItWasWritten) {
     }
 }
 
+TEST(Task_File, HasLettersAsTheyWereTyped) {
+    EXPECT_NE(Task_Text(Full_Task()).find("\n  \"title\": \"A lid \\\"1\\\" \xC3\xA4\",\n"), std::string::npos);
+}
+
 TEST(Task_File, LeavesOutWhatIsNotSaid) {
     Task task;
     std::string fault;

@@ -132,6 +132,18 @@ TEST_F(PositionsWanted, AreToldAsMissedWhereALengthIsChanged) {
     EXPECT_EQ(design::Words_Of(Model, Positions_Wanted(Model)), std::vector<std::string>{"positions 1, 2, 3 passed"});
 }
 
+TEST_F(PositionsWanted, AreMissedWithoutAnyAmountWhereTheLinkageDoesNotClose) {
+    Use_Three();
+    Enter_Linkage(Road::kBoxes, [] { Model.L1 = Model.L1 * 100; });
+    for (const Wanted& wanted : Positions_Wanted(Model)) {
+        EXPECT_EQ(wanted.is, Is::kMissed);
+        EXPECT_TRUE(std::isinf(wanted.off));
+        EXPECT_TRUE(std::isinf(wanted.askew));
+    }
+    EXPECT_EQ(design::Words_Of(Model, Positions_Wanted(Model)),
+              (std::vector<std::string>{"position 1 missed", "position 2 missed", "position 3 missed"}));
+}
+
 TEST_F(PositionsWanted, AreToldWhereTheRunOrTheCircuitLeavesThemOut) {
     Use_Three();
     const double first = Model.ThetaStart, last = Model.ThetaEnd;
@@ -175,6 +187,30 @@ TEST_F(PositionsWanted, AreNotPassedWhereTheRunDoesNotCloseOnBothSides) {
     EXPECT_EQ(States(), std::vector<Is>(3, Is::kBeyondRun));
 }
 
+TEST_F(PositionsWanted, ArePassedFromTheStepOnThatIsBeyondThem) {
+    Use_Three();
+    Model.NSteps = 6;
+    Model.ThetaStep = Model.ThetaStep * 6;
+    Model.ThetaStepRad = Model.ThetaStepRad * 6;
+    Model.ThetaStepStr = Text_Of(Model.ThetaStep);
+    Run();
+    const double there = Some_Of(task).front().judgement.crank[1] / design::kDegree;
+    const auto beyond = [&](int step) {
+        const double first = Model.RunTable.Theta(0, 0), way = Model.RunTable.Theta(1, 0) - first;
+        return std::remainder(Model.RunTable.Theta(step, 0) - there, 360) * way > 0;
+    };
+    int steps_on = 0;
+    for (int last = 0; last <= Model.NSteps; ++last) {
+        for (int step = 0; step <= Model.NSteps; ++step) Model.RunTable.Assembled(step) = step <= last;
+        // A degree before it the run may end, as lengths are rounded.
+        const double off = std::remainder(Model.RunTable.Theta(last, 0) - there, 360);
+        if (std::abs(off) <= 1.01) continue;
+        EXPECT_EQ(States()[1], beyond(last) ? Is::kPassed : Is::kBeyondRun) << last;
+        steps_on += std::abs(off) < std::abs(Model.ThetaStep) && !beyond(last);
+    }
+    EXPECT_GT(steps_on, 0) << "a step before it";
+}
+
 TEST_F(PositionsWanted, ArePassedAtAnEndOfTheRunWhereTheCouplerPointIsThere) {
     Use_Three();
     const int end = 0;
@@ -187,8 +223,9 @@ TEST_F(PositionsWanted, ArePassedAtAnEndOfTheRunWhereTheCouplerPointIsThere) {
         bool passed;
     };
     // Half a degree on, only what the boxes round is allowed; that is far less than a two-hundredth of the lengths.
-    for (const Case& of : {Case{0, 0.0049, true}, Case{0, 0.0051, false}, Case{0.009, 0.0049, true}, Case{0.5, 0, true},
-                           Case{0.5, 0.0049, false}, Case{1.01, 0, false}}) {
+    for (const Case& of :
+         {Case{0, 0.0049, true}, Case{0, 0.0051, false}, Case{0.009, 0.0049, true}, Case{0.012, 0.0049, false},
+          Case{0.5, 0, true}, Case{0.5, 0.0049, false}, Case{1.01, 0, false}}) {
         Model.RunTable.Theta(end, 0) = crank + of.turn;
         Model.RunTable.PointXY(end, 2, 0) = x + of.part * size;
         EXPECT_EQ(std::ranges::count(States(), Is::kPassed), of.passed ? 1 : 0) << of.turn << ' ' << of.part;
@@ -209,6 +246,18 @@ TEST_F(PositionsWanted, AreNoneForAnotherLinkage) {
     EXPECT_TRUE(Positions_Wanted(Model).empty());
 }
 
+TEST_F(PositionsWanted, AreThoseOfALinkageOfWhichTwoLengthsAreLeft) {
+    Use_Three();
+    Single* const lengths[] = {&Model.L1, &Model.L2, &Model.L3, &Model.L4, &Model.Rpa};
+    const std::array before{Model.L1, Model.L2, Model.L3, Model.L4, Model.Rpa};
+    for (std::size_t one = 0; one < before.size(); ++one)
+        for (std::size_t other = one; other < before.size(); ++other) {
+            for (std::size_t i = 0; i < before.size(); ++i)
+                *lengths[i] = before[i] * (i == one || i == other ? 1 : 1.1);
+            EXPECT_EQ(Positions_Wanted(Model).empty(), one == other) << one << ' ' << other;
+        }
+}
+
 TEST_F(PositionsWanted, AreNoneWithoutATaskOrWithAnother) {
     Use_Three();
     task.positions[1].at += 0.5;
@@ -220,6 +269,13 @@ TEST_F(PositionsWanted, AreNoneWithoutATaskOrWithAnother) {
         turned.positions[position].angle += 5;
         Model.DesignTask = design::Task_Text(turned);
         EXPECT_TRUE(Positions_Wanted(Model).empty()) << position;
+        // Whole turns are none, and files round.
+        for (const double by : {-360.0, 360.0, -1.9e-3, 1.9e-3, -2.1e-3, 2.1e-3}) {
+            turned.positions[position].angle = task.positions[position].angle + by;
+            Model.DesignTask = design::Task_Text(turned);
+            EXPECT_EQ(Positions_Wanted(Model).empty(), std::abs(by) > 2e-3 && std::abs(by) < 1)
+                << position << ' ' << by;
+        }
     }
     Model.DesignTask = "{}";
     EXPECT_TRUE(Positions_Wanted(Model).empty());
@@ -242,6 +298,11 @@ TEST_F(PositionsWanted, GoAlongWithAnotherUnit) {
 TEST_F(PositionsWanted, AreFoundAgainFromWhatAFileHolds) {
     Use_Three();
     const auto before = Positions_Wanted(Model);
+    const Single x = Model.SynWx, y = Model.SynWy;
+    Model.SynWx = Model.SynWy = 0;
+    EXPECT_EQ(States(), std::vector<Is>(3, Is::kPassed)) << "one dyad alone does not tell";
+    Model.SynWx = x;
+    Model.SynWy = y;
     // A file has the directions of the vectors and not the vectors, nor which synthesis it was.
     for (const auto vector :
          {&SynthesisData::SynWx, &SynthesisData::SynWy, &SynthesisData::SynZx, &SynthesisData::SynZy,
