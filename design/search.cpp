@@ -142,7 +142,7 @@ class Searcher {
         for (int halvings = 0, turns = 0; halvings < kHalvings && turns < kMostTurns; ++turns) {
             bool better = false;
             for (std::size_t i = 0; i < genes.count; ++i)
-                if (Stepped(solution, i, 1) || Stepped(solution, i, -1)) better = true;
+                if (genes.step[i] > 0 && (Stepped(solution, i, 1) || Stepped(solution, i, -1))) better = true;
             if (better) continue;
             ++halvings;
             for (double& step : genes.step) step /= 2;
