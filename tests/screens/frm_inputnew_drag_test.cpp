@@ -46,6 +46,18 @@ TEST_F(InputDrag, IsDrawnWhereTheHandIsAndStepGoesOnFromThere) {
     });
 }
 
+TEST_F(InputDrag, OfOnePositionHasNoStepToGoOnWith) {
+    Show([&] {
+        Choose_Option(input, "opt_Calctype", 1);
+        Calculate_Now();
+        ASSERT_TRUE(Take_O4());
+        Pull(2.5, 0.2);
+        EXPECT_EQ(Model.Link1X, 2.5);
+        EXPECT_EQ(Model.CurrentStep, 0);
+        Let_Go();
+    });
+}
+
 TEST_F(InputDrag, ACrankThatIsTurnedTakesTheBarAlong) {
     Show([&] {
         Calculate_Now();

@@ -232,6 +232,15 @@ TEST_F(Edit, AJumpBeyondTheRangeGoesToTheLastPositionAndOneBeforeItToTheFirst) {
     });
 }
 
+TEST_F(Edit, AJumpHardlyBeyondTheRangeGoesToTheLastPosition) {
+    Show([&] {
+        Calculate_Now();
+        Enter(input, "txt_Thetazero", kNoIndex, "370");
+        EXPECT_EQ(input.hsc_step.Value(), 36);
+        EXPECT_EQ(Model.CurrentStep, 37);
+    });
+}
+
 TEST_F(Edit, AJumpBeforeTheFirstRunDoesNothing) {
     Without_Autocalc();
     Show([&] {
