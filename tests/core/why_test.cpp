@@ -162,6 +162,8 @@ TEST(WhyTest, Links_that_just_reach_close) {
     EXPECT_EQ(Closing_At({10, 4, 3, 3}, 0).is, Closing::Is::kClosed);
     EXPECT_EQ(Closing_At({5, 1, 7, 3}, 0).is, Closing::Is::kClosed);
     EXPECT_EQ(Closing_At({5, 1, 3, 7}, 0).is, Closing::Is::kClosed);
+    EXPECT_EQ(Closing_At({5, 4.75, 3.5, 3}, 0).link, 3) << "the longer of two that cannot fold enough";
+    EXPECT_EQ(Closing_At({5, 4.75, 3, 3.5}, 0).link, 4);
     EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).by, 0.5);
     EXPECT_EQ(Closing_At({10.5, 4, 3, 3}, 0).link, 0) << "both are";
 }
