@@ -56,6 +56,16 @@ TEST_F(BalanceEdit, ARadiusTypedGivesTheMassOfTheSameProductAndCalculates) {
     }
 }
 
+TEST_F(BalanceEdit, AMassTypedIsTakenAsItIsThoughTheOneBeforeIsShownLikeIt) {
+    Model.BerkMass(2) = 2.0004F;
+    form.Form_Activate();
+    ASSERT_EQ(In("txt_BerkMass", 2), "2");
+    const double product = Product(2);
+    Enter_In("txt_BerkMass", 2, "2");
+    EXPECT_EQ(Model.BerkMass(2), 2.0);
+    EXPECT_NEAR(Product(2), product, 1e-6 * product);
+}
+
 TEST_F(BalanceEdit, AWeightWhosePartnerNoNumberHoldsLeavesNoBalance) {
     for (const char* box : {"txt_BerkMass", "txt_Radius"}) {
         form.Form_Activate();

@@ -50,6 +50,8 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     Run();
     form.Form_Activate();
     const std::vector<Check> checks = Checks_Of(Model);
+    EXPECT_EQ(form.grd_Data.FixedRows, 1);
+    EXPECT_EQ(form.grd_Data.StatisticRows, 0) << "each check scrolls";
     ASSERT_EQ(form.grd_Data.Rows(), static_cast<int>(checks.size()) + 1);
     const char* heads[] = {"Check", "Verdict", "Worst", "Expected", "Unit", "Where", "What it means"};
     for (int column = 0; column < 7; ++column) EXPECT_EQ(form.grd_Data.Cell(0, column), heads[column]);

@@ -226,6 +226,15 @@ TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
     });
 }
 
+TEST_F(ExploreEdits, ABodyGoesByHundredThousandthsAtTheFinest) {
+    Inside([&] {
+        ASSERT_TRUE(form.Picture1.OnSeize({4, 1, 0, 1e-9}));
+        form.Picture1.OnDrag({4.000012345, 1.000067891, 0, 1e-9});
+        form.Picture1.OnRelease();
+        EXPECT_EQ(Kept().positions[1].at, design::Point(4.00001, 1.00007));
+    });
+}
+
 TEST_F(ExploreEdits, ABodyIsTakenWithinTenPixels) {
     Inside([&] {
         for (const double way : {1.0, -1.0}) {

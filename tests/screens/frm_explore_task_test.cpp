@@ -124,6 +124,13 @@ TEST_F(ExploreTask, FewerPositionsKeepTheOthersForWhoComesBack) {
         form.cmb_Count.Choose(3);
         EXPECT_EQ(form.txt_X[5].Text, "9");
         EXPECT_EQ(form.The_Task().positions[4].at.real(), 9);
+        Type(form, "txt_X", 5, "10");
+        Type(form, "txt_Angle", 4, "85");
+        Leave_Box();
+        form.cmb_Count.Choose(1);
+        form.cmb_Count.Choose(3);
+        EXPECT_EQ(form.txt_X[5].Text, "10") << "as it was left, not as it was at first";
+        EXPECT_EQ(form.txt_Angle[4].Text, "85");
     });
 }
 

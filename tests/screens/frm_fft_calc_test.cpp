@@ -105,6 +105,23 @@ TEST_F(FftCalc, CalculateWithoutAFunctionAsksForOne) {
     EXPECT_FALSE(Model.FFTDone);
 }
 
+TEST_F(FftCalc, ReturnInAListWithATextThatNamesNoEntrySaysSoAndTransformsNothing) {
+    Pick("Veloc CP");
+    const std::pair<platform::ComboBox*, const char*> lists[] = {{&form.cmb_Var1, "variables that have been computed"},
+                                                                 {&form.cmb_Com1, "components"}};
+    for (const auto& [list, what] : lists) {
+        const std::string before = list->Text;
+        list->SetFocus();
+        list->Text = "sideways";
+        const int drawn = Drawings();
+        desktop.Expect_Message_With("\"sideways\" is not one of the " + std::string(what));
+        form.cmd_Calc_Click();
+        EXPECT_EQ(list->Text.Get(), before);
+        EXPECT_EQ(Drawings(), drawn);
+        EXPECT_EQ(form.Focus(), list);
+    }
+}
+
 TEST_F(FftCalc, NoHarmonicsAreRefusedAndTheBoxIsBlanked) {
     Pick("Omega4");
     for (const char* none : {"0", "", "many", "-3"}) {

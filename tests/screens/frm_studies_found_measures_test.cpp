@@ -1,4 +1,5 @@
 // What a study tells of measures of every kind, of several fields, and of a model that has no measure itself.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -126,6 +127,14 @@ TEST_F(StudiesMeasured, QuantilesStandWhereAnEvenSpreadHasThem) {
         EXPECT_NEAR(lines[1].at, 6.79 + 0.01 * 0.42, 0.003);
         EXPECT_NEAR(lines[2].at, 6.79 + 0.99 * 0.42, 0.003);
         EXPECT_NEAR(lines[3].at, 7, 0.015);
+        Put_Box("txt_Samples", platform::kNoIndex, "4001");
+        Solve();
+        std::vector<float> all = One_By_One(study::Words_Of(form.The_Settings()));
+        std::ranges::sort(all);
+        const auto& of_more = form.his_Spread.Shown.Get().lines;
+        EXPECT_EQ(of_more[1].at, all[40]) << "of 4000 others 1 in 100 is less";
+        EXPECT_EQ(of_more[2].at, all[3960]);
+        EXPECT_EQ(of_more[3].at, all[2000]);
     });
 }
 

@@ -54,6 +54,20 @@ TEST_F(StudiesOfNone, PaceIsWhatWasSolvedOverTheTimeThatItTook) {
     });
 }
 
+TEST_F(StudiesOfNone, WhatIsLeftIsLessThanTheWholeWouldTake) {
+    Inside([&] {
+        Tolerate_Crank("0.03", "normal", "10000000");
+        Press(form, "cmd_Start");
+        const auto time_of = [&](double linkages) {
+            return study::Time_Words(linkages * form.Found().seconds / static_cast<double>(form.Found().done));
+        };
+        const auto left = [&] { return time_of(1e7 - static_cast<double>(form.Found().done)); };
+        while (!form.Found().ended && (form.Found().done == 0 || left() == time_of(1e7))) form.Timer1.Tick();
+        EXPECT_TRUE(Progress().ends_with(" a second, " + left() + " left.")) << Progress();
+        Press(form, "cmd_Stop");
+    });
+}
+
 TEST_F(StudiesOfNone, AChangeOnTheWayEndsIt) {
     Inside([&] {
         Tolerate_Crank("0.03", "normal", "1000000000000");

@@ -1,6 +1,8 @@
 // What all synthesis screens do alike: results come and go, and the ways out.
 #include "screens/synthesis_screen.h"
 
+#include <algorithm>
+
 #include "checks/positions.h"
 #include "platform/deed.h"
 #include "shell/history.h"
@@ -224,6 +226,17 @@ TEST_F(SynthesisScreens, AFailureIsReportedUnderTheScreensName) {
         desktop.Expect_Message("Error 6   (Overflow)  has occurred in " + form.Name() + ".cmd_Calc\r\n\r\n");
         Press(form, "cmd_Calc");
         Expect_Ways_On(form, false);
+    });
+}
+
+TEST_F(SynthesisScreens, TheLeftDyadIsDrawnInBlueAndTheRightOneInRed) {
+    constexpr platform::Color kRed = 255, kBlue = 255 * 65536;
+    For_Each([](Synthesis_Screen& form) {
+        form.Form_Activate();
+        for (const platform::Color color : {kBlue, kRed})
+            EXPECT_TRUE(std::ranges::any_of(form.Image1.Drawing().Primitives(), [&](const auto& drawn) {
+                return drawn.alive && drawn.color == color;
+            })) << color;
     });
 }
 
