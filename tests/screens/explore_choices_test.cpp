@@ -118,6 +118,26 @@ TEST_F(ExploreChoices, TheFirstMethodIsNotedWhereNoneWasUsedYet) {
     EXPECT_EQ(Model.SynMethod, 1);
 }
 
+TEST_F(ExploreChoices, WhatPlaysEndsOnEachWayOut) {
+    form.Take_Task(So_Many(2));
+    const std::function<void()> ways[] = {[&] { Use(); },
+                                          [&] {
+                                              Expect_Synthesis("frm_Synth2A");
+                                              Press(form, "cmd_Choices");
+                                          },
+                                          [&] { Press(form, "cmd_Cancel"); }};
+    for (const auto& leave : ways) {
+        Inside([&] {
+            Press(form, "cmd_Play");
+            ASSERT_EQ(form.cmd_Play.Caption, "&Pause");
+            leave();
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_EQ(form.cmd_Play.Caption, "&Play");
+        EXPECT_FALSE(form.Timer1.Enabled);
+    }
+}
+
 TEST_F(ExploreChoices, OfFourPositionsAreNone) {
     form.Take_Task(Four());
     Inside([&] {

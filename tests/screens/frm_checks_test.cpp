@@ -60,6 +60,7 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
         hundredths += form.grd_Data.ColWidth(column);
         const bool number = column == 2 || column == 3;
         EXPECT_EQ(form.grd_Data.ColAlignment(column), number ? 1 : 0) << heads[column];
+        EXPECT_EQ(form.grd_Data.FixedAlignment(column), number ? 1 : 0) << heads[column];
     }
     EXPECT_EQ(hundredths, 10000) << "parts of the table's width";
     const int row = Row_Of("Loop closure");

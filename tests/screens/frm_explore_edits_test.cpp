@@ -226,6 +226,39 @@ TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
     });
 }
 
+TEST_F(ExploreEdits, ABodyThatIsPressedAndNotMovedLeavesWhatWasFound) {
+    Inside([&] {
+        Search();
+        const std::string said = Said();
+        ASSERT_NE(said.find(" judged"), std::string::npos) << said;
+        ASSERT_TRUE(form.Picture1.OnSeize({4, 1, 0, 0.01}));
+        form.Picture1.OnRelease();
+        EXPECT_EQ(Said(), said);
+    });
+}
+
+TEST_F(ExploreEdits, AWeightBetweenTheNotchesStaysWhileItsBarDoes) {
+    design::Task task = With({{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}});
+    task.weights.room = 0.25;
+    form.Take_Task(task);
+    Inside([&] {
+        ASSERT_EQ(form.hsc_Weight[2].Value(), 0);
+        form.hsc_Weight[2].OnScroll();
+        EXPECT_EQ(Kept().weights.room, 0.25);
+        form.hsc_Weight[2].SetValue(1);
+        EXPECT_EQ(Kept().weights.room, 1);
+    });
+}
+
+TEST_F(ExploreEdits, TheTickOfAFullTurnIsThatOfTheTask) {
+    design::Task task = With({{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}});
+    for (const bool full : {true, false}) {
+        task.full_turn = full;
+        Model.DesignTask = design::Task_Text(task);
+        Inside([&] { EXPECT_EQ(form.chk_FullTurn.Value.Get(), full); });
+    }
+}
+
 TEST_F(ExploreEdits, ABodyGoesByHundredThousandthsAtTheFinest) {
     Inside([&] {
         ASSERT_TRUE(form.Picture1.OnSeize({4, 1, 0, 1e-9}));

@@ -146,6 +146,13 @@ TEST_F(Explore, APressThatLeavesABoxTakesNoLinkageThatCameUpWithIt) {
         EXPECT_TRUE(form.cmd_Use.Enabled) << "whoever presses Enter looks at what comes";
         form.txt_Y[1].SetFocus();
         EXPECT_TRUE(form.cmd_Use.Enabled) << "leaving changes nothing any more";
+
+        const auto like_it = form.Chosen()->linkage;
+        Type(form, "txt_X", 1, "1.60001");
+        form.cmd_Use.SetFocus();
+        ASSERT_GT(design::Apart_As_Driven(like_it, form.Chosen()->linkage), 0);
+        ASSERT_LT(design::Apart_As_Driven(like_it, form.Chosen()->linkage), 0.1);
+        EXPECT_FALSE(form.cmd_Use.Enabled) << "a little different is another one";
     });
 }
 

@@ -100,9 +100,12 @@ TEST_F(WithoutInputScreen, AnExampleIsCalculatedWhenTheInputScreenIsReached) {
     Screens::Register("frm_Inputnew", nullptr);
     Initialize();
     Use_Units(1);
+    Model.CognateNumber = 3;
     desktop.Expect_Message_With("has occurred in frm_Homescreen.cmd_Input");
     dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen")).mnu_Cheby.OnClick();
     EXPECT_TRUE(Model.Calculated);
+    EXPECT_EQ(Model.CognateNumber, 1);
+    EXPECT_EQ(Model.Cognates(1, 2), 2.5);
 }
 
 TEST_F(HomeSynthesis, TheFirstLinkageComesBackFromACognateThatIsAPoint) {
