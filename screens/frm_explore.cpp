@@ -96,7 +96,6 @@ frm_Explore::frm_Explore() : Screen("frm_Explore") {
     cmb_Map.Text = kPivots[0];
     txt_Least.Text = "0";
     chk_Curves.Value = true;
-    cmd_Stop.Enabled = false;
     Take_Kept();
     Bind();
 }

@@ -77,6 +77,15 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     EXPECT_EQ(Caption(form, "lbl_Note"), "Checked as well, once they have been calculated: balance, a transform.");
 }
 
+TEST_F(ChecksScreen, AdvisesNothingOnceAllIsCalculated) {
+    Run();
+    Forces_Hold();
+    Balance_Holds();
+    Transform_Holds();
+    form.Form_Activate();
+    EXPECT_EQ(Caption(form, "lbl_Note"), "");
+}
+
 TEST_F(ChecksScreen, SaysWhatFails) {
     Run();
     Model.RunTable.Omega(5, 1) = 1;

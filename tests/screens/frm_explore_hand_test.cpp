@@ -161,6 +161,30 @@ TEST_F(ExploreHand, WhatWasThrownOutIsSeenAsItStandsInTheFirstPosition) {
     });
 }
 
+TEST_F(ExploreHand, WhatWasThrownOutHasNoPathOfItsCouplerPoint) {
+    constexpr platform::Color kPath = 0xA0A0A0;
+    const auto longest = [&] {
+        double most = 0;
+        for (const auto& drawn : form.Picture1.Drawing().Primitives())
+            if (drawn.alive && drawn.kind == platform::Picture::Primitive::Kind::kSegment && drawn.color == kPath)
+                most = std::max(most, design::Distance({drawn.x1, drawn.y1}, {drawn.x2, drawn.y2}));
+        return most;
+    };
+    Inside([&] {
+        Type(form, "txt_Limit", 2, "40");
+        Leave_Box();
+        Search();
+        ASSERT_FALSE(form.Shown().empty());
+        EXPECT_GT(longest(), 1e-3);
+        form.chk_ThrownOut.Click();
+        ASSERT_FALSE(form.Shown().empty());
+        for (std::size_t i = 0; i < form.Shown().size(); ++i) {
+            EXPECT_LT(longest(), 1e-9) << form.lbl_Told.Caption.Get();
+            form.key_Next.OnPress();
+        }
+    });
+}
+
 TEST_F(ExploreHand, APageThatIsFullIsTheLast) {
     Inside([&] {
         Search();
