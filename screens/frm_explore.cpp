@@ -241,9 +241,9 @@ void frm_Explore::List_Shown() {
 }
 
 double frm_Explore::Least_Transmission() const {
-    double least = 0;
+    double least = 0;  // as well of a text that is no number
     const std::string text = txt_Least.Text;
-    if (Failure_Of([&] { least = Val(text); }) != 0) return 0;
+    Failure_Of([&] { least = Val(text); });
     return least;
 }
 

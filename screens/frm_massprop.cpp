@@ -130,7 +130,6 @@ void frm_MassProp::Take_Brought_Table() {
         Import_Torque(4, path);
         if (Model.TorqueImported) {
             Forces_Dropped();
-            Model_Unsaved();
             Allow_Results(false);
             Refresh_Status();
         } else {

@@ -46,17 +46,19 @@ TEST_F(ExploreChoices, OfTwoPositionsGoToTheMethodThatWasUsedLast) {
 
 TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
     form.Take_Task(So_Many(3));
-    Model.SynMethod = 2;
-    Model.SynPositions = 1;
-    Model.SpecifiedPivots = true;
-    Inside([&] {
-        Expect_Synthesis("frm_Synth3");
-        Press(form, "cmd_Choices");
-        EXPECT_FALSE(form.Visible());
-    });
-    EXPECT_EQ(Model.SynMethod, 2);
-    EXPECT_EQ(Model.SynPositions, 2);
-    EXPECT_FALSE(Model.SpecifiedPivots);
+    for (const int method : {2, 0}) {
+        Model.SynMethod = method;
+        Model.SynPositions = 1;
+        Model.SpecifiedPivots = true;
+        Inside([&] {
+            Expect_Synthesis("frm_Synth3");
+            Press(form, "cmd_Choices");
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_EQ(Model.SynMethod, method);
+        EXPECT_EQ(Model.SynPositions, 2);
+        EXPECT_FALSE(Model.SpecifiedPivots);
+    }
 }
 
 TEST_F(ExploreChoices, FromHomeAreFreeOnesWhateverPivotsWereSpecifiedBefore) {

@@ -167,6 +167,24 @@ TEST_F(Cayley_Screen, NamesStandAtTheCornersAndSidesOfTheDiagram) {
     EXPECT_GT(at("pnl_CogLabel", 2).right, 0);
 }
 
+TEST_F(Cayley_Screen, NamesOfCognatesLeadAwayFromTheCornerAcrossWhereverTheCouplerPointIs) {
+    for (const double delta : {33.7, 120.0, 250.0}) {
+        SCOPED_TRACE(delta);
+        Model.Rpa = 100;
+        Model.Delta = delta;
+        Model.DeltaRad = delta * kDegToRad;
+        SeedCognate();
+        Activate();
+        const auto at = [this](const char* name, int index) {
+            return *form.Get<platform::Label>(name, index).At.Get();
+        };
+        for (int side = 0; side < 3; ++side) {
+            const auto name = at("pnl_CogLabel", side), across = at("lbl_Point", 2 - side);
+            EXPECT_GT((name.across - across.across) * name.right + (name.down - across.down) * name.below, 0) << side;
+        }
+    }
+}
+
 TEST_F(Cayley_Screen, LengthsAreShownInTheUnit) {
     Use_Units(5);
     Activate();

@@ -213,6 +213,31 @@ TEST_F(ExploreEdits, EachBodyIsHeldUntilItIsLetGo) {
     });
 }
 
+TEST_F(ExploreEdits, WhatABodyThatIsHeldBringsIsLookedAtOnceAndWhatItBroughtMoreClosely) {
+    const auto scores = [](const std::vector<design::Solution>& solutions) {
+        std::vector<double> all;
+        for (const design::Solution& solution : solutions) all.push_back(solution.judgement.score);
+        return all;
+    };
+    Inside([&] {
+        for (int i = 1; i <= 3; ++i) {
+            SCOPED_TRACE(i);
+            const design::Point at = form.The_Task().positions[static_cast<std::size_t>(i - 1)].at;
+            ASSERT_TRUE(form.Picture1.OnSeize({at.real(), at.imag(), 0, 0.01}));
+            form.Picture1.OnDrag({at.real() + 0.1, at.imag(), 0, 0.01});
+            design::Effort effort;
+            effort.coarse = true;
+            const auto closely = scores(design::Find(form.The_Task(), effort).solutions);
+            effort.rounds = 1;
+            const auto at_once = scores(design::Find(form.The_Task(), effort).solutions);
+            ASSERT_NE(at_once, closely);
+            EXPECT_EQ(scores(form.Shown()), at_once);
+            form.Picture1.OnRelease();
+            EXPECT_EQ(scores(form.Shown()), closely);
+        }
+    });
+}
+
 TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
     form.Take_Task(With({{{0, 0}, 0}, {{4000, 1000}, 30}, {{6000, 4000}, 60}}));
     Inside([&] {
@@ -220,6 +245,8 @@ TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
         form.Picture1.OnDrag({4100.46, 1000.46, 0, 4});
         EXPECT_EQ(form.txt_X[2].Text, "4100");
         EXPECT_EQ(form.txt_Y[2].Text, "1000");
+        form.Picture1.OnDrag({4000.46, 1000.46, 0, 2.1});
+        EXPECT_EQ(form.txt_X[2].Text, "4000");
         form.Picture1.OnDrag({4100.46, 1000.46, 0, 1.9});
         EXPECT_EQ(form.txt_X[2].Text, "4100.5");
         form.Picture1.OnRelease();

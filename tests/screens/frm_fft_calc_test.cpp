@@ -135,6 +135,14 @@ TEST_F(FftCalc, NoHarmonicsAreRefusedAndTheBoxIsBlanked) {
     form.cmb_Harmonics_Click();
 }
 
+TEST_F(FftCalc, OneHarmonicIsEnough) {
+    Pick("Omega4");
+    form.cmb_Harmonics.Text = "1";
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.Harmonics, 1);
+    EXPECT_EQ(form.grf_Plot[0].NumPoints(), 2);
+}
+
 TEST_F(FftCalc, HarmonicsAboveHalfTheStepsAreCutAndTheMessageIsShown) {
     Pick("Omega4");
     form.cmb_Harmonics.Text = "181";
@@ -239,6 +247,9 @@ TEST_F(FftCalc, ClearEmptiesTheResultsAndTheGraphs) {
     EXPECT_EQ(form.cmb_Var1.Text, "");
     Expect_No_Results(360);
     EXPECT_EQ(form.grf_Plot[2].Sets()[0].values, std::vector<double>(16));
+    Choose(form.cmb_Var1, "Omega4");
+    EXPECT_TRUE(Model.FFTDone) << "the next pick is as good as the first";
+    EXPECT_TRUE(form.cmd_Done.Enabled);
 }
 
 TEST_F(FftCalc, EachStyleBoxDrawsAnew) {

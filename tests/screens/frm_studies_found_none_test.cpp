@@ -42,10 +42,15 @@ TEST_F(StudiesOfNone, PaceIsWhatWasSolvedOverTheTimeThatItTook) {
             return of + ", " + study::Short_Number(pace) + " a second, " + study::Time_Words((1e12 - done) / pace) +
                    " left.";
         };
-        EXPECT_EQ(Progress(), told());
+        const auto expect_told = [&] {
+            EXPECT_EQ(Progress(), told());
+            EXPECT_EQ(form.cmd_Before.Enabled.Get(), form.Found().done > 0) << "so far there is none to pick";
+            EXPECT_EQ(form.cmd_After.Enabled.Get(), form.Found().done > 0);
+        };
+        expect_told();
         while (form.Found().done == 0) {
             form.Timer1.Tick();
-            EXPECT_EQ(Progress(), told());
+            expect_told();
         }
         EXPECT_TRUE(form.cmd_Stop.Enabled);
         Press(form, "cmd_Stop");
