@@ -1,7 +1,9 @@
 // What a hand does to the task of the screen of linkages besides typing a number: other units and forms, texts that
 // name nothing, words of a fault, turns and whole steps of a body.
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "core/numeric.h"
 #include "core/text.h"
@@ -235,6 +237,37 @@ TEST_F(ExploreEdits, WhatABodyThatIsHeldBringsIsLookedAtOnceAndWhatItBroughtMore
             form.Picture1.OnRelease();
             EXPECT_EQ(scores(form.Shown()), closely);
         }
+    });
+}
+
+TEST_F(ExploreEdits, ALinkPickedOnACurveStaysUntilThePositionsAreOthers) {
+    form.Take_Task(Four());
+    const auto link_is_drawn = [&] {
+        return std::ranges::any_of(form.pic_Map.Drawing().Primitives(), [](const auto& drawn) {
+            return drawn.alive && drawn.color == 0 && drawn.kind == platform::Picture::Primitive::Kind::kSegment;
+        });
+    };
+    Inside([&] {
+        ASSERT_TRUE(form.Picture1.OnSeize({0, 0, 0, 0.01}));
+        form.Picture1.OnDrag({0.1, 0, 0, 0.01});
+        form.Picture1.OnRelease();
+        const auto pick = [&] {
+            const auto& piece = form.The_Curves().front();
+            const design::Point moving = piece[piece.size() / 3].moving;
+            return form.Picture1.OnSeize({moving.real(), moving.imag(), 0, 1e-9});
+        };
+        form.chk_Curves.Click();
+        EXPECT_FALSE(pick()) << "what is not seen is not picked";
+        form.chk_Curves.Click();
+        EXPECT_FALSE(link_is_drawn());
+        ASSERT_TRUE(pick());
+        form.Picture1.OnRelease();
+        EXPECT_NE(Said().find("with the link"), std::string::npos) << Said();
+        EXPECT_TRUE(link_is_drawn());
+        Type(form, "txt_X", 2, "3.1");
+        Leave_Box();
+        EXPECT_EQ(Said().find("with the link"), std::string::npos) << Said();
+        EXPECT_FALSE(link_is_drawn());
     });
 }
 

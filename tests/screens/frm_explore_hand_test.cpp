@@ -150,6 +150,8 @@ TEST_F(ExploreHand, WhatWasThrownOutIsSeenAsItStandsInTheFirstPosition) {
             const design::FourBar& bar = solution.linkage;
             const auto pose = design::Pose_Of(bar, solution.judgement.open, 0);
             if (!pose) continue;
+            EXPECT_LT(design::Distance(pose->A, bar.crank.moving), 1e-6) << "where its dyads have it";
+            EXPECT_LT(design::Distance(pose->B, bar.other.moving), 1e-6);
             Point low = bar.crank.fixed, high = low;
             for (const Point p : {bar.other.fixed, pose->A, pose->B, pose->P}) {
                 low = {std::min(low.real(), p.real()), std::min(low.imag(), p.imag())};

@@ -274,6 +274,22 @@ TEST_F(MassPropSolve, UndoLeavesSolveOpenUnlessTheTableCameFromDisk) {
         }
 }
 
+TEST_F(MassPropSolve, UndoClosesTheWayOnThoughNoBoxShowsWhatItBroughtBack) {
+    The_History().Begin();
+    Inside(form, [&] {
+        Solve();
+        Expect_Results_Open(true);
+        {
+            const platform::Deed deed("weigh");
+            Model.LinkMass(3) = Model.LinkMass(3) + 1e-7;
+        }
+        const std::string shown = In("txt_Mass", 3);
+        The_History().Undo();
+        EXPECT_EQ(In("txt_Mass", 3), shown);
+        Expect_Results_Open(false);
+    });
+}
+
 TEST_F(MassPropSolve, AModelFromDiskTakesATorqueTableOnceItsOwnIsCleared) {
     With_Torque_Table();
     form.chk_Torque.Click();
