@@ -1,6 +1,7 @@
 // The screen of the cognates: which one is chosen, what is told of it, the diagram's zoom.
 #include "screens/frm_cayley.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/classification.h"
@@ -168,11 +169,13 @@ TEST_F(Cayley_Screen, NamesStandAtTheCornersAndSidesOfTheDiagram) {
 }
 
 TEST_F(Cayley_Screen, NamesOfCognatesLeadAwayFromTheCornerAcrossWhereverTheCouplerPointIs) {
-    for (const double delta : {33.7, 120.0, 250.0}) {
-        SCOPED_TRACE(delta);
-        Model.Rpa = 100;
-        Model.Delta = delta;
-        Model.DeltaRad = delta * kDegToRad;
+    // A short link has the coupler point close to its side of the triangle.
+    const Single L2 = Model.L2, L3 = Model.L3, L4 = Model.L4;
+    for (const int small : {2, 3, 4}) {
+        SCOPED_TRACE(small);
+        Model.L2 = small == 2 ? Single(1) : L2;
+        Model.L3 = small == 3 ? Single(1) : L3;
+        Model.L4 = small == 4 ? Single(1) : L4;
         SeedCognate();
         Activate();
         const auto at = [this](const char* name, int index) {
@@ -183,6 +186,21 @@ TEST_F(Cayley_Screen, NamesOfCognatesLeadAwayFromTheCornerAcrossWhereverTheCoupl
             EXPECT_GT((name.across - across.across) * name.right + (name.down - across.down) * name.below, 0) << side;
         }
     }
+}
+
+using CayleyAlone = Fixture;
+
+TEST_F(CayleyAlone, TheThreeLinkagesAreGreenBlueAndRed) {
+    auto& form = dynamic_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
+    Use_Units(1);
+    Model.ZoomFactor = 1;
+    Testlinkage_old();
+    SeedCognate();
+    form.Form_Activate();
+    for (const platform::Color color : {255 * 256, 255 * 65536, 255})
+        EXPECT_TRUE(std::ranges::any_of(form.Picture1.Drawing().Primitives(), [color](const auto& drawn) {
+            return drawn.alive && drawn.color == color;
+        })) << color;
 }
 
 TEST_F(Cayley_Screen, LengthsAreShownInTheUnit) {

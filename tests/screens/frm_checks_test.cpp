@@ -51,6 +51,7 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     form.Form_Activate();
     const std::vector<Check> checks = Checks_Of(Model);
     EXPECT_EQ(form.grd_Data.FixedRows, 1);
+    EXPECT_TRUE(form.grd_Data.Wraps) << "sentences are read whole";
     EXPECT_EQ(form.grd_Data.StatisticRows, 0) << "each check scrolls";
     ASSERT_EQ(form.grd_Data.Rows(), static_cast<int>(checks.size()) + 1);
     const char* heads[] = {"Check", "Verdict", "Worst", "Expected", "Unit", "Where", "What it means"};

@@ -37,6 +37,8 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         EXPECT_EQ(Picked(), "Linkage 1: L2 0.5 in;  max Veloc I 2,3:Mag 3.5 in/sec");
         EXPECT_FALSE(form.cmd_Before.Enabled);
         EXPECT_TRUE(form.cmd_After.Enabled);
+        form.grf_Sweep.OnSeek(20);
+        EXPECT_TRUE(form.cmd_After.Enabled) << "the last one is left";
         form.grf_Sweep.OnSeek(21);
         EXPECT_EQ(form.grf_Sweep.Cursor, 21);
         EXPECT_TRUE(form.cmd_Before.Enabled);
@@ -45,6 +47,10 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         form.grf_Sweep.OnSeek(22);
         form.cmd_After.OnClick();
         EXPECT_EQ(form.grf_Sweep.Cursor, 21) << "there is none behind it";
+        Press(form, "cmd_Start");
+        EXPECT_EQ(Picked(), "") << "of a study that begins anew nothing is picked";
+        EXPECT_FALSE(form.cmd_Take.Enabled);
+        To_The_End();
     });
 }
 
