@@ -140,6 +140,15 @@ TEST_F(BalanceEdit, AMassOrRadiusThatIsNotPositiveIsRefused) {
         }
 }
 
+TEST_F(BalanceEdit, WhatStandsInForARefusedMassIsSelectedForTheNextOne) {
+    form.txt_BerkMass[2].SetFocus();
+    form.txt_BerkMass[2].SelectedAll = false;
+    desktop.Expect_Message(kPositive, platform::Answer::kOk, platform::Icon::kExclamation);
+    Enter_In("txt_BerkMass", 2, "-1");
+    EXPECT_EQ(In("txt_BerkMass", 2), "0.01");
+    EXPECT_TRUE(form.txt_BerkMass[2].SelectedAll);
+}
+
 TEST_F(BalanceEdit, ABoxLeftAsItWasCalculatesNothing) {
     for (const char* box : {"txt_BerkMass", "txt_Radius", "txt_MRproduct"})
         for (const int link : {2, 4}) form.Text(box, link).SetFocus();

@@ -357,6 +357,12 @@ TEST_F(ExploreTask, TasksThatNothingSolvesAreSaidInASentence) {
             EXPECT_TRUE(form.Shown().empty());
             EXPECT_FALSE(form.cmd_Use.Enabled);
             EXPECT_FALSE(form.cmd_Play.Enabled);
+            Press(form, "cmd_Search");
+            ASSERT_TRUE(Said().starts_with("Searching, ")) << Said();
+            Press(form, "cmd_Stop");
+            EXPECT_EQ(Said(), words) << "a search that had nothing is over all the same";
+            EXPECT_FALSE(form.cmd_Stop.Enabled);
+            EXPECT_FALSE(form.Timer1.Enabled);
         });
     }
 }
