@@ -257,6 +257,21 @@ TEST_F(MassPropSolve, ATableBroughtInPlaceOfTheOneFromDiskIsSolvedWith) {
               "Solve for the forces and torques at every step with the data shown and the imported torque");
 }
 
+TEST_F(MassPropSolve, AFileThatCannotBeReadLeavesTheTableAndItsForces) {
+    With_Torque_Table();
+    Solve();
+    Model_Saved();
+    desktop.Expect_Message("An error has occurred in the Import_Torque routine");
+    desktop.Expect_Message_With("has occurred in Import_Torque");
+    form.OnDrop(Path("none.trq"));
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.chk_Torque.Value);
+    EXPECT_TRUE(Model.DynamicsDone) << "nothing has changed";
+    EXPECT_TRUE(Model.SavedFlag);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    Expect_Results_Open(true);
+}
+
 TEST_F(MassPropSolve, UndoLeavesSolveOpenUnlessTheTableCameFromDisk) {
     The_History().Begin();
     for (const bool from_disk : {false, true})
