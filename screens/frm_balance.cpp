@@ -114,7 +114,6 @@ void frm_Balance::Bind() {
 void frm_Balance::Form_Activate() {
     const bool ended = Guarded("frm_Balance.Activate", [this] {
         Fit_Screen(*this, kWorkWidth, kWorkHeight);
-        Put_Colors();
         Titlebox(*this);
         Set_Up();
         for (const auto& graph : grf_Plot) graph->Visible = false;

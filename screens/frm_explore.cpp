@@ -96,7 +96,6 @@ frm_Explore::frm_Explore() : Screen("frm_Explore") {
     cmb_Map.Text = kPivots[0];
     txt_Least.Text = "0";
     chk_Curves.Value = true;
-    cmd_Stop.Enabled = false;
     Take_Kept();
     Bind();
 }
@@ -242,9 +241,9 @@ void frm_Explore::List_Shown() {
 }
 
 double frm_Explore::Least_Transmission() const {
-    double least = 0;
+    double least = 0;  // as well of a text that is no number
     const std::string text = txt_Least.Text;
-    if (Failure_Of([&] { least = Val(text); }) != 0) return 0;
+    Failure_Of([&] { least = Val(text); });
     return least;
 }
 

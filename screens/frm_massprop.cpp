@@ -127,10 +127,10 @@ void frm_MassProp::Take_Brought_Table() {
     if (path.empty()) return;
     if (Model.TorqueImported) {
         const bool solvable = cmd_Solve.Enabled;
+        Model.TorqueImported = false;  // until the other one is there
         Import_Torque(4, path);
         if (Model.TorqueImported) {
             Forces_Dropped();
-            Model_Unsaved();
             Allow_Results(false);
             Refresh_Status();
         } else {

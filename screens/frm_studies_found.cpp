@@ -100,7 +100,6 @@ void frm_Studies::Show_Progress() {
 void frm_Studies::Show_Plot() {
     platform::Graph& graph = grf_Sweep;
     const std::size_t count = begun_ ? found_.values.size() : 0;
-    graph.SetNumSets(1);
     graph.SetNumPoints(static_cast<int>(count));
     graph.Places.clear();
     graph.GraphTitle = Measure_Title();

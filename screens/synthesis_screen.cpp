@@ -174,7 +174,6 @@ void Synthesis_Screen::Draw() {
         Label* value = follower == followers_.end() ? nullptr : follower->value;
         name.Visible = mark != marks.end();
         if (value) value->Visible = name.Visible;
-        name.Caption = symbol;
         if (mark != marks.end()) name.At = mark->at;
     }
     Lead_To_Values();

@@ -46,17 +46,19 @@ TEST_F(ExploreChoices, OfTwoPositionsGoToTheMethodThatWasUsedLast) {
 
 TEST_F(ExploreChoices, OfThreePositionsGoToTheirScreenAndLeaveTheMethodOfTwo) {
     form.Take_Task(So_Many(3));
-    Model.SynMethod = 2;
-    Model.SynPositions = 1;
-    Model.SpecifiedPivots = true;
-    Inside([&] {
-        Expect_Synthesis("frm_Synth3");
-        Press(form, "cmd_Choices");
-        EXPECT_FALSE(form.Visible());
-    });
-    EXPECT_EQ(Model.SynMethod, 2);
-    EXPECT_EQ(Model.SynPositions, 2);
-    EXPECT_FALSE(Model.SpecifiedPivots);
+    for (const int method : {2, 0}) {
+        Model.SynMethod = method;
+        Model.SynPositions = 1;
+        Model.SpecifiedPivots = true;
+        Inside([&] {
+            Expect_Synthesis("frm_Synth3");
+            Press(form, "cmd_Choices");
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_EQ(Model.SynMethod, method);
+        EXPECT_EQ(Model.SynPositions, 2);
+        EXPECT_FALSE(Model.SpecifiedPivots);
+    }
 }
 
 TEST_F(ExploreChoices, FromHomeAreFreeOnesWhateverPivotsWereSpecifiedBefore) {
@@ -116,6 +118,26 @@ TEST_F(ExploreChoices, TheFirstMethodIsNotedWhereNoneWasUsedYet) {
         Press(form, "cmd_Choices");
     });
     EXPECT_EQ(Model.SynMethod, 1);
+}
+
+TEST_F(ExploreChoices, WhatPlaysEndsOnEachWayOut) {
+    form.Take_Task(So_Many(2));
+    const std::function<void()> ways[] = {[&] { Use(); },
+                                          [&] {
+                                              Expect_Synthesis("frm_Synth2A");
+                                              Press(form, "cmd_Choices");
+                                          },
+                                          [&] { Press(form, "cmd_Cancel"); }};
+    for (const auto& leave : ways) {
+        Inside([&] {
+            Press(form, "cmd_Play");
+            ASSERT_EQ(form.cmd_Play.Caption, "&Pause");
+            leave();
+            EXPECT_FALSE(form.Visible());
+        });
+        EXPECT_EQ(form.cmd_Play.Caption, "&Play");
+        EXPECT_FALSE(form.Timer1.Enabled);
+    }
 }
 
 TEST_F(ExploreChoices, OfFourPositionsAreNone) {

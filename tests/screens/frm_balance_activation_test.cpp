@@ -112,6 +112,9 @@ TEST_F(BalanceActivation, UnitsFollowTheUnitSystem) {
     };
     form.Form_Activate();
     EXPECT_EQ(units(), (Units{"bl", "in", "bl", "in", "bl-in"}));
+    In_Units(4);
+    form.Form_Activate();
+    EXPECT_EQ(units(), (Units{"kg", "cm", "kg", "cm", "kg-m"}));
     In_Units(5);
     form.Form_Activate();
     EXPECT_EQ(units(), (Units{"kg", "mm", "kg", "mm", "kg-m"}));

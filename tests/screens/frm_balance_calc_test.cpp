@@ -176,6 +176,13 @@ TEST_F(BalanceCalc, GraphsAreTitledAlikeInEveryRun) {
         EXPECT_EQ(form.grf_Plot[i].Sets()[0].pattern, 0);
         EXPECT_EQ(form.grf_Plot[i].Sets()[1].pattern, 1);
     }
+    By_Time(0, 1, 0.1);
+    Solve();
+    Forces_Hold();
+    form.Form_Activate();
+    desktop.Expect_Message_With("Cannot balance a linkage for Time Steps.");
+    Calculate_Now();
+    for (int i = 0; i <= 1; ++i) EXPECT_EQ(form.grf_Plot[i].BottomTitle, "Crank Angle (Deg)");
 }
 
 TEST_F(BalanceCalc, TheBackgroundIsWhiteBlueOrGrayAndDrawsAnew) {

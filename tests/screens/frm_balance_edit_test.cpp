@@ -56,6 +56,16 @@ TEST_F(BalanceEdit, ARadiusTypedGivesTheMassOfTheSameProductAndCalculates) {
     }
 }
 
+TEST_F(BalanceEdit, AMassTypedIsTakenAsItIsThoughTheOneBeforeIsShownLikeIt) {
+    Model.BerkMass(2) = 2.0004F;
+    form.Form_Activate();
+    ASSERT_EQ(In("txt_BerkMass", 2), "2");
+    const double product = Product(2);
+    Enter_In("txt_BerkMass", 2, "2");
+    EXPECT_EQ(Model.BerkMass(2), 2.0);
+    EXPECT_NEAR(Product(2), product, 1e-6 * product);
+}
+
 TEST_F(BalanceEdit, AWeightWhosePartnerNoNumberHoldsLeavesNoBalance) {
     for (const char* box : {"txt_BerkMass", "txt_Radius"}) {
         form.Form_Activate();
@@ -128,6 +138,15 @@ TEST_F(BalanceEdit, AMassOrRadiusThatIsNotPositiveIsRefused) {
             const Single taken = box == std::string("txt_Radius") ? Model.BerkRadius(2) : Model.BerkMass(2);
             EXPECT_EQ(taken, Single(0.01));
         }
+}
+
+TEST_F(BalanceEdit, WhatStandsInForARefusedMassIsSelectedForTheNextOne) {
+    form.txt_BerkMass[2].SetFocus();
+    form.txt_BerkMass[2].SelectedAll = false;
+    desktop.Expect_Message(kPositive, platform::Answer::kOk, platform::Icon::kExclamation);
+    Enter_In("txt_BerkMass", 2, "-1");
+    EXPECT_EQ(In("txt_BerkMass", 2), "0.01");
+    EXPECT_TRUE(form.txt_BerkMass[2].SelectedAll);
 }
 
 TEST_F(BalanceEdit, ABoxLeftAsItWasCalculatesNothing) {

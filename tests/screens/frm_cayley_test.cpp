@@ -1,6 +1,7 @@
 // The screen of the cognates: which one is chosen, what is told of it, the diagram's zoom.
 #include "screens/frm_cayley.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/classification.h"
@@ -165,6 +166,41 @@ TEST_F(Cayley_Screen, NamesStandAtTheCornersAndSidesOfTheDiagram) {
     EXPECT_GT(at("pnl_CogLabel", 0).below, 0);
     EXPECT_LT(at("pnl_CogLabel", 1).right, 0);
     EXPECT_GT(at("pnl_CogLabel", 2).right, 0);
+}
+
+TEST_F(Cayley_Screen, NamesOfCognatesLeadAwayFromTheCornerAcrossWhereverTheCouplerPointIs) {
+    // A short link has the coupler point close to its side of the triangle.
+    const Single L2 = Model.L2, L3 = Model.L3, L4 = Model.L4;
+    for (const int small : {2, 3, 4}) {
+        SCOPED_TRACE(small);
+        Model.L2 = small == 2 ? Single(1) : L2;
+        Model.L3 = small == 3 ? Single(1) : L3;
+        Model.L4 = small == 4 ? Single(1) : L4;
+        SeedCognate();
+        Activate();
+        const auto at = [this](const char* name, int index) {
+            return *form.Get<platform::Label>(name, index).At.Get();
+        };
+        for (int side = 0; side < 3; ++side) {
+            const auto name = at("pnl_CogLabel", side), across = at("lbl_Point", 2 - side);
+            EXPECT_GT((name.across - across.across) * name.right + (name.down - across.down) * name.below, 0) << side;
+        }
+    }
+}
+
+using CayleyAlone = Fixture;
+
+TEST_F(CayleyAlone, TheThreeLinkagesAreGreenBlueAndRed) {
+    auto& form = dynamic_cast<frm_Cayley&>(platform::Screens::Get("frm_Cayley"));
+    Use_Units(1);
+    Model.ZoomFactor = 1;
+    Testlinkage_old();
+    SeedCognate();
+    form.Form_Activate();
+    for (const platform::Color color : {255 * 256, 255 * 65536, 255})
+        EXPECT_TRUE(std::ranges::any_of(form.Picture1.Drawing().Primitives(), [color](const auto& drawn) {
+            return drawn.alive && drawn.color == color;
+        })) << color;
 }
 
 TEST_F(Cayley_Screen, LengthsAreShownInTheUnit) {

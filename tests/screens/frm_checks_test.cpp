@@ -50,6 +50,9 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     Run();
     form.Form_Activate();
     const std::vector<Check> checks = Checks_Of(Model);
+    EXPECT_EQ(form.grd_Data.FixedRows, 1);
+    EXPECT_TRUE(form.grd_Data.Wraps) << "sentences are read whole";
+    EXPECT_EQ(form.grd_Data.StatisticRows, 0) << "each check scrolls";
     ASSERT_EQ(form.grd_Data.Rows(), static_cast<int>(checks.size()) + 1);
     const char* heads[] = {"Check", "Verdict", "Worst", "Expected", "Unit", "Where", "What it means"};
     for (int column = 0; column < 7; ++column) EXPECT_EQ(form.grd_Data.Cell(0, column), heads[column]);
@@ -58,6 +61,7 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
         hundredths += form.grd_Data.ColWidth(column);
         const bool number = column == 2 || column == 3;
         EXPECT_EQ(form.grd_Data.ColAlignment(column), number ? 1 : 0) << heads[column];
+        EXPECT_EQ(form.grd_Data.FixedAlignment(column), number ? 1 : 0) << heads[column];
     }
     EXPECT_EQ(hundredths, 10000) << "parts of the table's width";
     const int row = Row_Of("Loop closure");
@@ -72,6 +76,15 @@ TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     form.Form_Activate();
     EXPECT_EQ(form.grd_Data.Cell(Row_Of("Power in and out"), 1), "good");
     EXPECT_EQ(Caption(form, "lbl_Note"), "Checked as well, once they have been calculated: balance, a transform.");
+}
+
+TEST_F(ChecksScreen, AdvisesNothingOnceAllIsCalculated) {
+    Run();
+    Forces_Hold();
+    Balance_Holds();
+    Transform_Holds();
+    form.Form_Activate();
+    EXPECT_EQ(Caption(form, "lbl_Note"), "");
 }
 
 TEST_F(ChecksScreen, SaysWhatFails) {

@@ -1,7 +1,9 @@
 // What a hand does to the task of the screen of linkages besides typing a number: other units and forms, texts that
 // name nothing, words of a fault, turns and whole steps of a body.
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "core/numeric.h"
 #include "core/text.h"
@@ -213,6 +215,62 @@ TEST_F(ExploreEdits, EachBodyIsHeldUntilItIsLetGo) {
     });
 }
 
+TEST_F(ExploreEdits, WhatABodyThatIsHeldBringsIsLookedAtOnceAndWhatItBroughtMoreClosely) {
+    const auto scores = [](const std::vector<design::Solution>& solutions) {
+        std::vector<double> all;
+        for (const design::Solution& solution : solutions) all.push_back(solution.judgement.score);
+        return all;
+    };
+    Inside([&] {
+        for (int i = 1; i <= 3; ++i) {
+            SCOPED_TRACE(i);
+            const design::Point at = form.The_Task().positions[static_cast<std::size_t>(i - 1)].at;
+            ASSERT_TRUE(form.Picture1.OnSeize({at.real(), at.imag(), 0, 0.01}));
+            form.Picture1.OnDrag({at.real() + 0.1, at.imag(), 0, 0.01});
+            design::Effort effort;
+            effort.coarse = true;
+            const auto closely = scores(design::Find(form.The_Task(), effort).solutions);
+            effort.rounds = 1;
+            const auto at_once = scores(design::Find(form.The_Task(), effort).solutions);
+            ASSERT_NE(at_once, closely);
+            EXPECT_EQ(scores(form.Shown()), at_once);
+            form.Picture1.OnRelease();
+            EXPECT_EQ(scores(form.Shown()), closely);
+        }
+    });
+}
+
+TEST_F(ExploreEdits, ALinkPickedOnACurveStaysUntilThePositionsAreOthers) {
+    form.Take_Task(Four());
+    const auto link_is_drawn = [&] {
+        return std::ranges::any_of(form.pic_Map.Drawing().Primitives(), [](const auto& drawn) {
+            return drawn.alive && drawn.color == 0 && drawn.kind == platform::Picture::Primitive::Kind::kSegment;
+        });
+    };
+    Inside([&] {
+        ASSERT_TRUE(form.Picture1.OnSeize({0, 0, 0, 0.01}));
+        form.Picture1.OnDrag({0.1, 0, 0, 0.01});
+        form.Picture1.OnRelease();
+        const auto pick = [&] {
+            const auto& piece = form.The_Curves().front();
+            const design::Point moving = piece[piece.size() / 3].moving;
+            return form.Picture1.OnSeize({moving.real(), moving.imag(), 0, 1e-9});
+        };
+        form.chk_Curves.Click();
+        EXPECT_FALSE(pick()) << "what is not seen is not picked";
+        form.chk_Curves.Click();
+        EXPECT_FALSE(link_is_drawn());
+        ASSERT_TRUE(pick());
+        form.Picture1.OnRelease();
+        EXPECT_NE(Said().find("with the link"), std::string::npos) << Said();
+        EXPECT_TRUE(link_is_drawn());
+        Type(form, "txt_X", 2, "3.1");
+        Leave_Box();
+        EXPECT_EQ(Said().find("with the link"), std::string::npos) << Said();
+        EXPECT_FALSE(link_is_drawn());
+    });
+}
+
 TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
     form.Take_Task(With({{{0, 0}, 0}, {{4000, 1000}, 30}, {{6000, 4000}, 60}}));
     Inside([&] {
@@ -220,9 +278,53 @@ TEST_F(ExploreEdits, ABodyGoesByWholeNumbersWhereAPixelIsMoreThanTwo) {
         form.Picture1.OnDrag({4100.46, 1000.46, 0, 4});
         EXPECT_EQ(form.txt_X[2].Text, "4100");
         EXPECT_EQ(form.txt_Y[2].Text, "1000");
+        form.Picture1.OnDrag({4000.46, 1000.46, 0, 2.1});
+        EXPECT_EQ(form.txt_X[2].Text, "4000");
         form.Picture1.OnDrag({4100.46, 1000.46, 0, 1.9});
         EXPECT_EQ(form.txt_X[2].Text, "4100.5");
         form.Picture1.OnRelease();
+    });
+}
+
+TEST_F(ExploreEdits, ABodyThatIsPressedAndNotMovedLeavesWhatWasFound) {
+    Inside([&] {
+        Search();
+        const std::string said = Said();
+        ASSERT_NE(said.find(" judged"), std::string::npos) << said;
+        ASSERT_TRUE(form.Picture1.OnSeize({4, 1, 0, 0.01}));
+        form.Picture1.OnRelease();
+        EXPECT_EQ(Said(), said);
+    });
+}
+
+TEST_F(ExploreEdits, AWeightBetweenTheNotchesStaysWhileItsBarDoes) {
+    design::Task task = With({{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}});
+    task.weights.room = 0.25;
+    form.Take_Task(task);
+    Inside([&] {
+        ASSERT_EQ(form.hsc_Weight[2].Value(), 0);
+        form.hsc_Weight[2].OnScroll();
+        EXPECT_EQ(Kept().weights.room, 0.25);
+        form.hsc_Weight[2].SetValue(1);
+        EXPECT_EQ(Kept().weights.room, 1);
+    });
+}
+
+TEST_F(ExploreEdits, TheTickOfAFullTurnIsThatOfTheTask) {
+    design::Task task = With({{{0, 0}, 0}, {{4, 1}, 30}, {{6, 4}, 60}});
+    for (const bool full : {true, false}) {
+        task.full_turn = full;
+        Model.DesignTask = design::Task_Text(task);
+        Inside([&] { EXPECT_EQ(form.chk_FullTurn.Value.Get(), full); });
+    }
+}
+
+TEST_F(ExploreEdits, ABodyGoesByHundredThousandthsAtTheFinest) {
+    Inside([&] {
+        ASSERT_TRUE(form.Picture1.OnSeize({4, 1, 0, 1e-9}));
+        form.Picture1.OnDrag({4.000012345, 1.000067891, 0, 1e-9});
+        form.Picture1.OnRelease();
+        EXPECT_EQ(Kept().positions[1].at, design::Point(4.00001, 1.00007));
     });
 }
 

@@ -150,6 +150,8 @@ TEST_F(ExploreHand, WhatWasThrownOutIsSeenAsItStandsInTheFirstPosition) {
             const design::FourBar& bar = solution.linkage;
             const auto pose = design::Pose_Of(bar, solution.judgement.open, 0);
             if (!pose) continue;
+            EXPECT_LT(design::Distance(pose->A, bar.crank.moving), 1e-6) << "where its dyads have it";
+            EXPECT_LT(design::Distance(pose->B, bar.other.moving), 1e-6);
             Point low = bar.crank.fixed, high = low;
             for (const Point p : {bar.other.fixed, pose->A, pose->B, pose->P}) {
                 low = {std::min(low.real(), p.real()), std::min(low.imag(), p.imag())};
@@ -157,6 +159,30 @@ TEST_F(ExploreHand, WhatWasThrownOutIsSeenAsItStandsInTheFirstPosition) {
             }
             EXPECT_LT(design::Distance(solution.judgement.room.low, low), 1e-9);
             EXPECT_LT(design::Distance(solution.judgement.room.high, high), 1e-9);
+        }
+    });
+}
+
+TEST_F(ExploreHand, WhatWasThrownOutHasNoPathOfItsCouplerPoint) {
+    constexpr platform::Color kPath = 0xA0A0A0;
+    const auto longest = [&] {
+        double most = 0;
+        for (const auto& drawn : form.Picture1.Drawing().Primitives())
+            if (drawn.alive && drawn.kind == platform::Picture::Primitive::Kind::kSegment && drawn.color == kPath)
+                most = std::max(most, design::Distance({drawn.x1, drawn.y1}, {drawn.x2, drawn.y2}));
+        return most;
+    };
+    Inside([&] {
+        Type(form, "txt_Limit", 2, "40");
+        Leave_Box();
+        Search();
+        ASSERT_FALSE(form.Shown().empty());
+        EXPECT_GT(longest(), 1e-3);
+        form.chk_ThrownOut.Click();
+        ASSERT_FALSE(form.Shown().empty());
+        for (std::size_t i = 0; i < form.Shown().size(); ++i) {
+            EXPECT_LT(longest(), 1e-9) << form.lbl_Told.Caption.Get();
+            form.key_Next.OnPress();
         }
     });
 }

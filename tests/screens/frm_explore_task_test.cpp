@@ -124,6 +124,13 @@ TEST_F(ExploreTask, FewerPositionsKeepTheOthersForWhoComesBack) {
         form.cmb_Count.Choose(3);
         EXPECT_EQ(form.txt_X[5].Text, "9");
         EXPECT_EQ(form.The_Task().positions[4].at.real(), 9);
+        Type(form, "txt_X", 5, "10");
+        Type(form, "txt_Angle", 4, "85");
+        Leave_Box();
+        form.cmb_Count.Choose(1);
+        form.cmb_Count.Choose(3);
+        EXPECT_EQ(form.txt_X[5].Text, "10") << "as it was left, not as it was at first";
+        EXPECT_EQ(form.txt_Angle[4].Text, "85");
     });
 }
 
@@ -350,6 +357,12 @@ TEST_F(ExploreTask, TasksThatNothingSolvesAreSaidInASentence) {
             EXPECT_TRUE(form.Shown().empty());
             EXPECT_FALSE(form.cmd_Use.Enabled);
             EXPECT_FALSE(form.cmd_Play.Enabled);
+            Press(form, "cmd_Search");
+            ASSERT_TRUE(Said().starts_with("Searching, ")) << Said();
+            Press(form, "cmd_Stop");
+            EXPECT_EQ(Said(), words) << "a search that had nothing is over all the same";
+            EXPECT_FALSE(form.cmd_Stop.Enabled);
+            EXPECT_FALSE(form.Timer1.Enabled);
         });
     }
 }

@@ -1,4 +1,8 @@
 // The screen of all linkages for a task: searching, looking, picking, using.
+#include <map>
+#include <utility>
+#include <vector>
+
 #include "core/text.h"
 #include "design/drawing.h"
 #include "tests/screens/frm_explore_fixture.h"
@@ -146,6 +150,13 @@ TEST_F(Explore, APressThatLeavesABoxTakesNoLinkageThatCameUpWithIt) {
         EXPECT_TRUE(form.cmd_Use.Enabled) << "whoever presses Enter looks at what comes";
         form.txt_Y[1].SetFocus();
         EXPECT_TRUE(form.cmd_Use.Enabled) << "leaving changes nothing any more";
+
+        const auto like_it = form.Chosen()->linkage;
+        Type(form, "txt_X", 1, "1.60001");
+        form.cmd_Use.SetFocus();
+        ASSERT_GT(design::Apart_As_Driven(like_it, form.Chosen()->linkage), 0);
+        ASSERT_LT(design::Apart_As_Driven(like_it, form.Chosen()->linkage), 0.1);
+        EXPECT_FALSE(form.cmd_Use.Enabled) << "a little different is another one";
     });
 }
 
@@ -229,6 +240,36 @@ TEST_F(Explore, EachClassOfTheFilterHasItsOwnAndTogetherTheyAreAll) {
         for (const Solution& solution : form.Shown())
             EXPECT_TRUE(design::Turns_Fully(design::Links_Of(solution.linkage)));
     });
+}
+
+TEST_F(Explore, EachClassPassesItsOwnKindsAlone) {
+    using design::Class;
+    const std::pair<int, std::vector<Class>> classes[] = {{2, {Class::kCrankRocker}},
+                                                          {3, {Class::kDoubleCrank}},
+                                                          {4, {Class::kDoubleRocker, Class::kRockerCrank}},
+                                                          {5, {Class::kNonGrashof, Class::kSpecialCase}}};
+    std::map<Class, std::size_t> seen;
+    for (const std::size_t count : {2U, 3U, 4U}) {
+        design::Task task = Four();
+        task.positions.resize(count);
+        task.drive = design::Drive::kEither;
+        form.Take_Task(task);
+        Inside([&] {
+            form.cmb_Class.Choose(0);
+            std::map<Class, std::size_t> kinds;
+            for (const Solution& solution : form.Shown()) ++kinds[solution.judgement.kind];
+            for (const auto& [entry, passed] : classes) {
+                form.cmb_Class.Choose(entry);
+                std::size_t own = 0;
+                for (const Class kind : passed) own += kinds[kind];
+                EXPECT_EQ(form.Shown().size(), own) << entry;
+            }
+            for (const auto& [kind, number] : kinds) seen[kind] += number;
+            form.cmb_Class.Choose(0);
+        });
+    }
+    for (const Class kind : {Class::kCrankRocker, Class::kDoubleCrank, Class::kRockerCrank, Class::kNonGrashof})
+        EXPECT_GT(seen[kind], 0U) << design::Words_Of(kind);
 }
 
 TEST_F(Explore, EachOrderHasTheBestOfItFirst) {

@@ -154,6 +154,19 @@ TEST_F(FftActivation, ClosingTheWindowIsGoingBack) {
     EXPECT_FALSE(Model.FFTDone);
 }
 
+TEST_F(FftActivation, OnComingUpAgainNothingIsAskedAboutATextThatWasLeftInAList) {
+    for (platform::ComboBox* list : {&form.cmb_Var1, &form.cmb_Com1}) {
+        Activate();
+        list->SetFocus();
+        list->Text = "sideways";
+        form.Form_Unload();
+        Activate();
+        form.chk_HGrid.SetFocus();
+        desktop.Verify();
+        list->Text = "";
+    }
+}
+
 TEST_F(FftActivation, PrintAsksAndPrintsTheScreen) {
     Pick("Omega4");
     Ask(Answer::kYes);

@@ -105,6 +105,23 @@ TEST_F(FftCalc, CalculateWithoutAFunctionAsksForOne) {
     EXPECT_FALSE(Model.FFTDone);
 }
 
+TEST_F(FftCalc, ReturnInAListWithATextThatNamesNoEntrySaysSoAndTransformsNothing) {
+    Pick("Veloc CP");
+    const std::pair<platform::ComboBox*, const char*> lists[] = {{&form.cmb_Var1, "variables that have been computed"},
+                                                                 {&form.cmb_Com1, "components"}};
+    for (const auto& [list, what] : lists) {
+        const std::string before = list->Text;
+        list->SetFocus();
+        list->Text = "sideways";
+        const int drawn = Drawings();
+        desktop.Expect_Message_With("\"sideways\" is not one of the " + std::string(what));
+        form.cmd_Calc_Click();
+        EXPECT_EQ(list->Text.Get(), before);
+        EXPECT_EQ(Drawings(), drawn);
+        EXPECT_EQ(form.Focus(), list);
+    }
+}
+
 TEST_F(FftCalc, NoHarmonicsAreRefusedAndTheBoxIsBlanked) {
     Pick("Omega4");
     for (const char* none : {"0", "", "many", "-3"}) {
@@ -116,6 +133,14 @@ TEST_F(FftCalc, NoHarmonicsAreRefusedAndTheBoxIsBlanked) {
     form.cmb_Harmonics.Text = "0";
     desktop.Expect_Message(kNoHarmonics);
     form.cmb_Harmonics_Click();
+}
+
+TEST_F(FftCalc, OneHarmonicIsEnough) {
+    Pick("Omega4");
+    form.cmb_Harmonics.Text = "1";
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Model.Harmonics, 1);
+    EXPECT_EQ(form.grf_Plot[0].NumPoints(), 2);
 }
 
 TEST_F(FftCalc, HarmonicsAboveHalfTheStepsAreCutAndTheMessageIsShown) {
@@ -222,6 +247,9 @@ TEST_F(FftCalc, ClearEmptiesTheResultsAndTheGraphs) {
     EXPECT_EQ(form.cmb_Var1.Text, "");
     Expect_No_Results(360);
     EXPECT_EQ(form.grf_Plot[2].Sets()[0].values, std::vector<double>(16));
+    Choose(form.cmb_Var1, "Omega4");
+    EXPECT_TRUE(Model.FFTDone) << "the next pick is as good as the first";
+    EXPECT_TRUE(form.cmd_Done.Enabled);
 }
 
 TEST_F(FftCalc, EachStyleBoxDrawsAnew) {

@@ -7,6 +7,8 @@
 
 #include "core/runs.h"
 #include "files/model_file.h"
+#include "platform/deed.h"
+#include "shell/history.h"
 #include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
 
@@ -241,6 +243,66 @@ TEST_F(MassPropSolve, AModelFromDiskBringsItsTorqueTableAndKeepsSolveClosed) {
               "The torque table came with the file: clear its box, or leave and come back, to solve");
     form.Form_Activate();
     EXPECT_TRUE(form.cmd_Solve.Enabled);
+}
+
+TEST_F(MassPropSolve, ATableBroughtInPlaceOfTheOneFromDiskIsSolvedWith) {
+    Model.TorqueImported = Model.DiskFile = true;
+    form.Form_Activate();
+    ASSERT_FALSE(form.cmd_Solve.Enabled);
+    Put_Table(Model.NSteps);
+    desktop.Expect_Message_With("successfully read.");
+    form.OnDrop(Path("torque.trq"));
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    EXPECT_EQ(form.cmd_Solve.Tip,
+              "Solve for the forces and torques at every step with the data shown and the imported torque");
+}
+
+TEST_F(MassPropSolve, AFileThatCannotBeReadLeavesTheTableAndItsForces) {
+    With_Torque_Table();
+    Solve();
+    Model_Saved();
+    desktop.Expect_Message("An error has occurred in the Import_Torque routine");
+    desktop.Expect_Message_With("has occurred in Import_Torque");
+    form.OnDrop(Path("none.trq"));
+    EXPECT_TRUE(Model.TorqueImported);
+    EXPECT_TRUE(form.chk_Torque.Value);
+    EXPECT_TRUE(Model.DynamicsDone) << "nothing has changed";
+    EXPECT_TRUE(Model.SavedFlag);
+    EXPECT_TRUE(form.cmd_Solve.Enabled);
+    Expect_Results_Open(true);
+}
+
+TEST_F(MassPropSolve, UndoLeavesSolveOpenUnlessTheTableCameFromDisk) {
+    The_History().Begin();
+    for (const bool from_disk : {false, true})
+        for (const bool imported : {false, true}) {
+            Model.DiskFile = from_disk;
+            Model.TorqueImported = imported;
+            Inside(form, [&] {
+                {
+                    const platform::Deed deed("weigh");
+                    Model.LinkMass(3) = Model.LinkMass(3) + 1;
+                }
+                The_History().Undo();
+                EXPECT_EQ(form.cmd_Solve.Enabled.Get(), !from_disk || !imported) << from_disk << imported;
+            });
+        }
+}
+
+TEST_F(MassPropSolve, UndoClosesTheWayOnThoughNoBoxShowsWhatItBroughtBack) {
+    The_History().Begin();
+    Inside(form, [&] {
+        Solve();
+        Expect_Results_Open(true);
+        {
+            const platform::Deed deed("weigh");
+            Model.LinkMass(3) = Model.LinkMass(3) + 1e-7;
+        }
+        const std::string shown = In("txt_Mass", 3);
+        The_History().Undo();
+        EXPECT_EQ(In("txt_Mass", 3), shown);
+        Expect_Results_Open(false);
+    });
 }
 
 TEST_F(MassPropSolve, AModelFromDiskTakesATorqueTableOnceItsOwnIsCleared) {

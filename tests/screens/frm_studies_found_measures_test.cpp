@@ -1,4 +1,5 @@
 // What a study tells of measures of every kind, of several fields, and of a model that has no measure itself.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -94,22 +95,26 @@ TEST_F(StudiesMeasured, ALinkageWhoseFieldNoNumberHoldsIsPickedButNotTakenOrDraw
     LogSurface log;
     form.Picture1.Redirect(&log);
     Settings settings;
-    settings.sweeps[0] = {"L2", -1e300, 1, 3};
+    settings.sweeps[0] = {"L2", -1e300, 1.2, 3};
     Model.StudySettings = study::Settings_Text(settings);
     Inside([&] {
         Solve();
         form.grf_Sweep.OnSeek(3);
-        EXPECT_EQ(Picked().substr(0, 20), "Linkage 3: L2 1 in; ");
+        EXPECT_EQ(Picked().substr(0, 22), "Linkage 3: L2 1.2 in; ");
         EXPECT_TRUE(form.cmd_Take.Enabled);
+        EXPECT_TRUE(Has_Crank_Of(log, 1.2));
+        log.Calls.clear();
         Press(form, "cmd_Before");
         Press(form, "cmd_Before");
         EXPECT_EQ(Picked(), "Linkage 1: L2 none in;  min Trans Ang none degrees");
         EXPECT_EQ(form.grf_Sweep.Cursor, 1);
         EXPECT_FALSE(form.cmd_Take.Enabled);
+        EXPECT_TRUE(Has_Crank_Of(log, 1));
+        EXPECT_FALSE(Has_Crank_Of(log, 1.2)) << "that was another one";
         const auto rows = Copied_Rows();
         EXPECT_EQ(rows.size(), 4U);
         EXPECT_EQ(rows[1][0], "1");
-        EXPECT_EQ(rows[3][1], "1");
+        EXPECT_EQ(rows[3][1], "1.2");
         EXPECT_EQ(rows[1][1], rows[1][2]) << "neither has a number";
     });
     form.Picture1.Redirect(nullptr);
@@ -126,6 +131,14 @@ TEST_F(StudiesMeasured, QuantilesStandWhereAnEvenSpreadHasThem) {
         EXPECT_NEAR(lines[1].at, 6.79 + 0.01 * 0.42, 0.003);
         EXPECT_NEAR(lines[2].at, 6.79 + 0.99 * 0.42, 0.003);
         EXPECT_NEAR(lines[3].at, 7, 0.015);
+        Put_Box("txt_Samples", platform::kNoIndex, "4001");
+        Solve();
+        std::vector<float> all = One_By_One(study::Words_Of(form.The_Settings()));
+        std::ranges::sort(all);
+        const auto& of_more = form.his_Spread.Shown.Get().lines;
+        EXPECT_EQ(of_more[1].at, all[40]) << "of 4000 others 1 in 100 is less";
+        EXPECT_EQ(of_more[2].at, all[3960]);
+        EXPECT_EQ(of_more[3].at, all[2000]);
     });
 }
 

@@ -42,15 +42,34 @@ TEST_F(StudiesOfNone, PaceIsWhatWasSolvedOverTheTimeThatItTook) {
             return of + ", " + study::Short_Number(pace) + " a second, " + study::Time_Words((1e12 - done) / pace) +
                    " left.";
         };
-        EXPECT_EQ(Progress(), told());
+        const auto expect_told = [&] {
+            EXPECT_EQ(Progress(), told());
+            EXPECT_EQ(form.cmd_Before.Enabled.Get(), form.Found().done > 0) << "so far there is none to pick";
+            EXPECT_EQ(form.cmd_After.Enabled.Get(), form.Found().done > 0);
+        };
+        expect_told();
         while (form.Found().done == 0) {
             form.Timer1.Tick();
-            EXPECT_EQ(Progress(), told());
+            expect_told();
         }
         EXPECT_TRUE(form.cmd_Stop.Enabled);
         Press(form, "cmd_Stop");
         To_The_End();
         EXPECT_EQ(Progress(), told());
+    });
+}
+
+TEST_F(StudiesOfNone, WhatIsLeftIsLessThanTheWholeWouldTake) {
+    Inside([&] {
+        Tolerate_Crank("0.03", "normal", "10000000");
+        Press(form, "cmd_Start");
+        const auto time_of = [&](double linkages) {
+            return study::Time_Words(linkages * form.Found().seconds / static_cast<double>(form.Found().done));
+        };
+        const auto left = [&] { return time_of(1e7 - static_cast<double>(form.Found().done)); };
+        while (!form.Found().ended && (form.Found().done == 0 || left() == time_of(1e7))) form.Timer1.Tick();
+        EXPECT_TRUE(Progress().ends_with(" a second, " + left() + " left.")) << Progress();
+        Press(form, "cmd_Stop");
     });
 }
 

@@ -25,7 +25,9 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         EXPECT_TRUE(form.cmd_After.Enabled);
         EXPECT_FALSE(form.cmd_Take.Enabled);
         EXPECT_EQ(form.grf_Sweep.Cursor, 0);
+        const int drawings = form.grf_Sweep.Drawings();
         form.grf_Sweep.OnSeek(3);
+        EXPECT_GT(form.grf_Sweep.Drawings(), drawings) << "with its cursor";
         EXPECT_EQ(Picked(), "Linkage 3: L2 0.6 in;  max Veloc I 2,3:Mag 4.2 in/sec");
         EXPECT_EQ(form.grf_Sweep.Cursor, 3);
         EXPECT_TRUE(form.cmd_Take.Enabled);
@@ -35,6 +37,8 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         EXPECT_EQ(Picked(), "Linkage 1: L2 0.5 in;  max Veloc I 2,3:Mag 3.5 in/sec");
         EXPECT_FALSE(form.cmd_Before.Enabled);
         EXPECT_TRUE(form.cmd_After.Enabled);
+        form.grf_Sweep.OnSeek(20);
+        EXPECT_TRUE(form.cmd_After.Enabled) << "the last one is left";
         form.grf_Sweep.OnSeek(21);
         EXPECT_EQ(form.grf_Sweep.Cursor, 21);
         EXPECT_TRUE(form.cmd_Before.Enabled);
@@ -43,6 +47,10 @@ TEST_F(StudiesFound, WhatIsPickedInTheSweepIsToldWithItsNumberItsFieldAndItsMeas
         form.grf_Sweep.OnSeek(22);
         form.cmd_After.OnClick();
         EXPECT_EQ(form.grf_Sweep.Cursor, 21) << "there is none behind it";
+        Press(form, "cmd_Start");
+        EXPECT_EQ(Picked(), "") << "of a study that begins anew nothing is picked";
+        EXPECT_FALSE(form.cmd_Take.Enabled);
+        To_The_End();
     });
 }
 
@@ -114,6 +122,9 @@ TEST_F(StudiesFound, ThePlotIsOneCurveOverTheFieldWithItsPlacesAndItsUnit) {
         EXPECT_EQ(form.grf_Sweep.Labels()[20], "1.5");
         Solve();
         EXPECT_EQ(form.grf_Sweep.Places.size(), 21U) << "and no more when it is made again";
+        EXPECT_EQ(form.grf_Sweep.BottomTitle, "L2 (in)");
+        Put_Box("txt_Count", 1, "11");
+        EXPECT_EQ(form.grf_Sweep.BottomTitle, "") << "nothing of what is gone";
     });
 }
 

@@ -313,6 +313,17 @@ TEST_F(Studies, AStoppedStudyKeepsWhatIsThereAndSaysSo) {
     EXPECT_TRUE(form.Found().ended);
 }
 
+TEST_F(Studies, AWindowThatIsClosedEndsTheStudyAndIsGone) {
+    Inside([&] {
+        Tolerate_Crank("0.03", "normal", "1000000000000");
+        Press(form, "cmd_Start");
+        form.Close();
+        EXPECT_FALSE(form.Visible());
+    });
+    EXPECT_FALSE(form.Timer1.Enabled);
+    EXPECT_TRUE(form.Found().ended);
+}
+
 TEST_F(Studies, WhatWasFoundOfAnotherLinkageIsGone) {
     Inside([&] { Solve(); });
     Inside([&] { EXPECT_EQ(form.grf_Sweep.NumPoints(), 41); });

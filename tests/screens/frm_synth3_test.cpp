@@ -178,6 +178,22 @@ TEST_F(Synth3, SpecifiedPivotsGiveTheTurns) {
     Expect_Ways_On(form, true);
 }
 
+TEST_F(Synth3, TurnsThatWereFoundBeforeANumberThatNoFieldHoldsAreThoseOfBefore) {
+    Specify();
+    Calculate(form);
+    const std::string beta2 = Box(form, "txt_Beta2"), beta3 = Box(form, "txt_Beta3");
+    Enter_Box(form, "txt_O2", "-2.5", 0);
+    Enter_Box(form, "txt_O4", "1e39", 0);
+    desktop.Expect_Message_With("Error 6   (Overflow)");
+    Press(form, "cmd_Calc");
+    EXPECT_EQ(Box(form, "txt_Beta2"), beta2);
+    EXPECT_EQ(Box(form, "txt_Beta3"), beta3);
+    EXPECT_EQ(Model.O2x, Single(-2.264));
+    Enter_Box(form, "txt_O4", "7.111", 0);
+    Calculate(form);
+    EXPECT_NE(Box(form, "txt_Beta2"), beta2) << "another pivot has other turns";
+}
+
 TEST_F(Synth3, TheWayThroughThePositionsIsToldBesideTheReport) {
     Specify();
     Calculate(form);

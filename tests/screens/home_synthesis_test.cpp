@@ -100,9 +100,12 @@ TEST_F(WithoutInputScreen, AnExampleIsCalculatedWhenTheInputScreenIsReached) {
     Screens::Register("frm_Inputnew", nullptr);
     Initialize();
     Use_Units(1);
+    Model.CognateNumber = 3;
     desktop.Expect_Message_With("has occurred in frm_Homescreen.cmd_Input");
     dynamic_cast<frm_HomeScreen&>(Screens::Get("frm_HomeScreen")).mnu_Cheby.OnClick();
     EXPECT_TRUE(Model.Calculated);
+    EXPECT_EQ(Model.CognateNumber, 1);
+    EXPECT_EQ(Model.Cognates(1, 2), 2.5);
 }
 
 TEST_F(HomeSynthesis, TheFirstLinkageComesBackFromACognateThatIsAPoint) {
@@ -216,7 +219,8 @@ TEST_F(HomeSynthesis, ChebychevsIsTheOneOnTheCrossedCircuit) {
 TEST_F(HomeSynthesis, TheSynthesisTestReproducesItsLinkageInInches) {
     Use_Units(3);
     Model.SynPositions = 2;
-    Run_Holds();
+    Calculate();
+    ASSERT_TRUE(home.Get<platform::CommandButton>("cmd_Dynamics").Enabled);
     Pick("mnu_Syntest", "frm_Synth3", [this] {
         EXPECT_TRUE(Model.SpecifiedPivots);
         EXPECT_EQ(Model.SynPositions, 2) << "as it was";
@@ -233,6 +237,7 @@ TEST_F(HomeSynthesis, TheSynthesisTestReproducesItsLinkageInInches) {
         EXPECT_NEAR(Model.Rpa, 4.376, 0.1);
         EXPECT_NEAR(Model.Delta, 39.5, 1);
     });
+    EXPECT_FALSE(home.Get<platform::CommandButton>("cmd_Dynamics").Enabled) << "of this one there is no run";
     EXPECT_EQ(Model.Units, 1);
     EXPECT_TRUE(home.mnu_pick[1].Checked);
 }

@@ -1,6 +1,8 @@
 // What all synthesis screens do alike: results come and go, and the ways out.
 #include "screens/synthesis_screen.h"
 
+#include <algorithm>
+
 #include "checks/positions.h"
 #include "platform/deed.h"
 #include "shell/history.h"
@@ -224,6 +226,32 @@ TEST_F(SynthesisScreens, AFailureIsReportedUnderTheScreensName) {
         desktop.Expect_Message("Error 6   (Overflow)  has occurred in " + form.Name() + ".cmd_Calc\r\n\r\n");
         Press(form, "cmd_Calc");
         Expect_Ways_On(form, false);
+    });
+}
+
+TEST_F(SynthesisScreens, TheLeftDyadIsDrawnInBlueAndTheRightOneInRed) {
+    constexpr platform::Color kRed = 255, kBlue = 255 * 65536;
+    Model.ColorRed = Model.ColorBlue = 0;  // as they are while nothing was drawn yet
+    For_Each([](Synthesis_Screen& form) {
+        form.Form_Activate();
+        for (const platform::Color color : {kBlue, kRed})
+            EXPECT_TRUE(std::ranges::any_of(form.Image1.Drawing().Primitives(), [&](const auto& drawn) {
+                return drawn.alive && drawn.color == color;
+            })) << color;
+    });
+}
+
+TEST_F(SynthesisScreens, ANumberThatNoFieldHoldsTakesNoneOfTheOthersIn) {
+    For_Each([this](Synthesis_Screen& form) {
+        form.Form_Activate();
+        const Single before = Model.P21x;
+        Enter_Box(form, "txt_P21x", "17");
+        Enter_Box(form, "txt_Alpha2", "1e39");
+        desktop.Expect_Message_With("Error 6   (Overflow)");
+        Press(form, "cmd_Calc");
+        EXPECT_EQ(Model.P21x, before);
+        EXPECT_EQ(Box(form, "txt_P21x"), "17") << "what was typed waits to be mended";
+        form.Form_Activate();
     });
 }
 

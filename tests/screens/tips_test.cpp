@@ -84,6 +84,11 @@ TEST_F(Tips, OfSolveSayWhatIsMissingWhereAnUndoTookTheRun) {
         EXPECT_FALSE(form.Get<CommandButton>("cmd_Solve").Enabled);
         EXPECT_EQ(Of("frm_MassProp", "cmd_Solve"), "Calculate the linkage on the input screen first");
     });
+    Run_Holds();
+    Inside(form, [] {
+        EXPECT_EQ(Of("frm_MassProp", "cmd_Solve"),
+                  "Solve for the forces and torques at every step with the data shown");
+    });
 }
 
 TEST_F(Tips, OfAStudyTellItsFieldsApart) {
