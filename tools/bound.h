@@ -1,5 +1,6 @@
-// What tools/mutate puts in place of a comparison: `a < bound < b` is `a <= b`, and `a <= bound <= b` is `a < b`. Of reals,
-// no two of which are ever alike to the last bit, it is the same comparison with half as much again for b instead.
+// What tools/mutate puts in place of a comparison: `a < bound < b` is `a <= b`, and `a <= bound <= b` is `a < b`. Of
+// reals, no two of which are ever alike to the last bit, it is the same comparison with half as much again for b
+// instead.
 #pragma once
 
 #include <type_traits>
