@@ -14,6 +14,7 @@
 #include "screens/frm_explore.h"
 #include "screens/frm_studies.h"
 #include "shell/history.h"
+#include "shell/initialize.h"
 #include "shell/startup.h"
 #include "tests/screens/forces_fixture.h"
 #include "tests/support/screen_words.h"
@@ -158,7 +159,7 @@ std::string Fewer_Digits(const std::string& word) {
 struct Opened {
     const char* screen;
     const char* name = "";
-    enum { kByAngle, kByTime, kDriven } model = kByAngle;
+    enum { kByAngle, kByTime, kDriven, kMillimetres, kNew } model = kByAngle;
     std::vector<Action> first = {};
     bool backwards = false;
     std::string Log() const { return std::string(screen) + name; }
@@ -173,14 +174,15 @@ class EachControl : public Forces, public testing::WithParamInterface<Opened> {
         Model.FilePath = Path("press.vlk");
         Model.AspectRatio = 1.5;
         std::filesystem::create_directory(telling.Documents);
-        if (GetParam().model == Opened::kByTime) {
+        if (GetParam().model == Opened::kByTime || GetParam().model == Opened::kMillimetres) {
             In_Units(5);
             Model.CircuitIndex = 2;
             Turn_Ground(25);
             Model.PolarCoords = false;
-            By_Time(0, 1, 0.1);
+            GetParam().model == Opened::kByTime ? By_Time(0, 1, 0.1) : By_Angle(0, 360, 12);
         }
         if (GetParam().model == Opened::kDriven) By_Cam(20, 12);
+        if (GetParam().model == Opened::kNew) New_Model();
         Run_Counts();
         telling.Serves = [this](Screen& screen) {
             screen.Name() == GetParam().screen && !at_work_ ? Go_On(screen) : telling.Leave(screen);
@@ -273,7 +275,7 @@ class EachControl : public Forces, public testing::WithParamInterface<Opened> {
 };
 
 TEST_P(EachControl, DoesWhatItsLogTells) {
-    Solve_Forces(Model);
+    if (GetParam().model != Opened::kNew) Solve_Forces(Model);
     Model.SynPositions =
         std::string(GetParam().screen).starts_with("frm_Synth2") ? 1 : 2;  // as the home screen leads there
     Screen& screen = Screens::Get(GetParam().screen);
@@ -312,6 +314,14 @@ INSTANTIATE_TEST_SUITE_P(ByTime, EachControl,
                                          Opened{"frm_HomeScreen", "_by_time", Opened::kByTime},
                                          Opened{"frm_Inputnew", "_by_time", Opened::kByTime}),
                          Told);
+
+INSTANTIATE_TEST_SUITE_P(InMillimetres, EachControl,
+                         testing::Values(Opened{"frm_Balance", "_in_millimetres", Opened::kMillimetres},
+                                         Opened{"frm_Cayley", "_in_millimetres", Opened::kMillimetres},
+                                         Opened{"frm_MassProp", "_in_millimetres", Opened::kMillimetres}),
+                         Told);
+
+INSTANTIATE_TEST_SUITE_P(New, EachControl, testing::Values(Opened{"frm_HomeScreen", "_new", Opened::kNew}), Told);
 
 INSTANTIATE_TEST_SUITE_P(Driven, EachControl,
                          testing::Values(Opened{"frm_Animate", "_driven", Opened::kDriven},

@@ -96,6 +96,17 @@ TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
     }
 }
 
+TEST_F(Motion, Begins_with_an_empty_picture_also_where_the_last_one_was_to_stay) {
+    After_First_Picture([&] {
+        const Gif_Read before = Saved(0);
+        Model.RedrawFlag = "Y";
+        const Gif_Read after = Saved(0);
+        ASSERT_EQ(after.frames.size(), before.frames.size());
+        for (std::size_t i = 0; i < after.frames.size(); ++i)
+            EXPECT_EQ(after.frames[i].pixels, before.frames[i].pixels) << i;
+    });
+}
+
 TEST_F(Motion, Of_a_run_by_time_lasts_as_long_as_that_runs) {
     By_Time(0, 1, 0.25);
     After_First_Picture([&] {
