@@ -381,7 +381,6 @@ void frm_Inputnew::cmd_Animate_Click() {
     Guarded("frm_Input.cmd_Animate_Click", [this] {
         Run_Counts();
         Leave();
-        Model.CurrentStep = 0;
         Show_Centered("frm_Animate");
     });
 }

@@ -69,6 +69,9 @@ TEST(PlaceText, OtherLinesOrCountsAreNone) {
     for (const char* text :
          {"", "1 2 3", "1 2\n3 4", "1 2 3\n4 5 6 7", "1 2 3\n4 x 6", "1 1 1\n2 2 2\n3 3 3\n4 4 4\n5 5 5\n6 6 6"})
         EXPECT_FALSE(Places_Of(text).has_value()) << text;
+    const std::string five = "0 0 0\n1 1 1\n2 2 2\n3 3 3\n4 4 4\n";
+    EXPECT_EQ(Places_Of(five).value_or(std::vector<design::Place>{}).size(), 5U);
+    EXPECT_FALSE(Places_Of(five + "5 5 5\n").has_value());
 }
 
 }  // namespace verlink::test

@@ -106,6 +106,11 @@ TEST_F(Leave, ClosingTheWindowTakesTheBoxThatIsBeingTyped) {
         input.Close();
     });
     EXPECT_EQ(Model.L2, 1.0);
+    Show([&] {
+        Type(input, "txt_Linkout", 1, "1 + 0.25");
+        input.Close();
+    });
+    EXPECT_EQ(Model.L2, 1.25) << "which is read as it is left";
 }
 
 TEST_F(Leave, ClosingTheWindowIsGoingBack) {

@@ -108,6 +108,23 @@ TEST_F(LiveChoice, WhatIsNoFunctionComesBackAsNone) {
     platform::The_Settings().Open("");
 }
 
+TEST_F(LiveChoice, OfFunctionsPlottedLastAllFourSlotsCount) {
+    platform::The_Settings().Open(Path("config"));
+    platform::The_Settings().Put("selection.plot", "frm_PlotSelect1");
+    std::vector<std::string> lines{"opt_PrintSet=1", "opt_Coord=0"};
+    std::vector<Output_Function> expected;
+    for (const char* slot : {"1", "2", "3", "4"}) {
+        lines.push_back(std::string("cmb_Var") + slot + "=Theta" + (*slot % 2 == 0 ? "4" : "3"));
+        lines.push_back(std::string("cmb_Com") + slot + "=Mag");
+        expected.push_back({*slot % 2 == 0 ? "Theta4" : "Theta3", "", false});
+    }
+    platform::The_Settings().Put("selection.frm_PlotSelect1", lines);
+    const std::vector<Output_Function> last = Last_Plotted();
+    ASSERT_EQ(last.size(), expected.size());
+    for (std::size_t i = 0; i < last.size(); ++i) EXPECT_EQ(last[i].variable, expected[i].variable);
+    platform::The_Settings().Open("");
+}
+
 TEST_F(LiveChoice, ThePresetPlottedLastCountsWithItsFrame) {
     platform::The_Settings().Open(Path("config"));
     platform::The_Settings().Put("selection.plot", "frm_PlotSelect2");

@@ -101,11 +101,17 @@ TEST_F(LivePlots, APresetFillsFourFunctionsEachInItsOwnScale) {
     });
 }
 
-TEST_F(LivePlots, APlotIsDrawnOnceForEachRunThatItFollows) {
+TEST_F(LivePlots, APlotIsDrawnOnceWhenItsRunFallsAndOnceForTheNext) {
     Watching("Omega3", "", [&] {
         const int before = Own(1).Drawings();
         Enter(form, "txt_Linkout", 1, "1.2");
+        EXPECT_TRUE(All_Empty());
         EXPECT_EQ(Own(1).Drawings(), before + 1);
+        Press(form, "cmd_Recalc");
+        EXPECT_EQ(Own(1).NumPoints(), 37);
+        EXPECT_EQ(Own(1).Drawings(), before + 2);
+        Pick(form.live.Slots[0]->cmb_LiveVar, "(none)");
+        EXPECT_EQ(Own(1).Drawings(), before + 3) << "and once more without anything";
     });
 }
 
