@@ -48,8 +48,12 @@ TEST_F(ChecksScreen, IsReachedByTheLastMenuOfTheHomeScreen) {
 
 TEST_F(ChecksScreen, HasARowForEachCheckWithItsSentence) {
     Run();
+    int rows_when_told = 0;
+    form.grd_Data.Watcher = [&] { rows_when_told = form.grd_Data.Rows(); };
     form.Form_Activate();
+    form.grd_Data.Watcher = nullptr;
     const std::vector<Check> checks = Checks_Of(Model);
+    EXPECT_EQ(rows_when_told, static_cast<int>(checks.size()) + 1) << "whoever shows it is told of all";
     EXPECT_EQ(form.grd_Data.FixedRows, 1);
     EXPECT_TRUE(form.grd_Data.Wraps) << "sentences are read whole";
     EXPECT_EQ(form.grd_Data.StatisticRows, 0) << "each check scrolls";

@@ -269,6 +269,7 @@ TEST_F(JointHand, OnePositionStaysAtItsAngle) {
         Move(std::polar(1.5, 70 * M_PI / 180));
         EXPECT_EQ(Model.ThetaZero, 40);
         EXPECT_NEAR(Model.L2, 1.5 * std::cos(30 * M_PI / 180), 0.0006);
+        EXPECT_EQ(Model.CurrentStep, 0);
         Release();
     });
 }

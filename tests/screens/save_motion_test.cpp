@@ -53,6 +53,27 @@ class Motion : public AnimateScreen {
                      form.Picture1.Across);
         return pixels.Pixels();
     }
+    /// Each picture for its time, and as the run shows that position.
+    void Expect_As_Painted(const Gif_Read& film) {
+        const auto plan = Film_Of(Steps_Shown(Model, Model.RunTable), *Real_Stride(Model));
+        ASSERT_EQ(film.frames.size(), plan.size());
+        std::vector<std::vector<std::uint32_t>> painted;
+        const Frame_Taker taker([&](int) {
+            painted.push_back(Painted(film.wide));
+            return true;
+        });
+        Animate(form);
+        ASSERT_EQ(painted.size(), 37U);
+        for (std::size_t i = 0; i < plan.size(); ++i) {
+            EXPECT_EQ(film.frames[i].hundredths, plan[i].hundredths) << i;
+            const std::vector<std::uint32_t>& wanted = painted[static_cast<std::size_t>(plan[i].step)];
+            int most = 0;
+            for (std::size_t p = 0; p < wanted.size(); ++p)
+                most = std::max(most, Apart(film.frames[i].pixels[p], wanted[p]));
+            EXPECT_LT(most, 16) << i;
+        }
+        EXPECT_NE(painted[0], painted[9]);
+    }
 };
 
 }  // namespace
@@ -94,17 +115,6 @@ TEST_F(Motion, From_ten_seconds_on_is_told_by_tenths) {
         });
         EXPECT_NE(desktop.Dialogs.back().filter.find(told), std::string::npos) << desktop.Dialogs.back().filter;
     }
-}
-
-TEST_F(Motion, Begins_with_an_empty_picture_also_where_the_last_one_was_to_stay) {
-    After_First_Picture([&] {
-        const Gif_Read before = Saved(0);
-        Model.RedrawFlag = "Y";
-        const Gif_Read after = Saved(0);
-        ASSERT_EQ(after.frames.size(), before.frames.size());
-        for (std::size_t i = 0; i < after.frames.size(); ++i)
-            EXPECT_EQ(after.frames[i].pixels, before.frames[i].pixels) << i;
-    });
 }
 
 TEST_F(Motion, Of_a_run_by_time_lasts_as_long_as_that_runs) {
@@ -191,22 +201,18 @@ TEST_F(Motion, Shows_each_position_for_its_time_as_it_is_painted) {
         // 10 degrees at 4 rad/s are 4.363 hundredths.
         ASSERT_EQ(film.frames.size(), 37U);
         EXPECT_EQ(film.Hundredths(), 161);
-        const auto plan = Film_Of(Steps_Shown(Model, Model.RunTable), *Real_Stride(Model));
-        std::vector<std::vector<std::uint32_t>> painted;
-        const Frame_Taker taker([&](int) {
-            painted.push_back(Painted(360));
-            return true;
-        });
-        Animate(form);
-        ASSERT_EQ(painted.size(), 37U);
-        for (std::size_t i = 0; i < 37; ++i) {
-            EXPECT_EQ(film.frames[i].hundredths, plan[i].hundredths) << i;
-            int most = 0;
-            for (std::size_t p = 0; p < painted[i].size(); ++p)
-                most = std::max(most, Apart(film.frames[i].pixels[p], painted[i][p]));
-            EXPECT_LT(most, 16) << i;
-        }
-        EXPECT_NE(painted[0], painted[9]);
+        Expect_As_Painted(film);
+    });
+}
+
+TEST_F(Motion, Leaves_out_positions_that_would_stand_too_short_and_shows_the_others_as_they_are) {
+    Model.Omega2 = 20;
+    After_First_Picture([&] {
+        const Gif_Read film = Saved(1);
+        // 10 degrees at 20 rad/s are 0.873 hundredths: every second or third of 37 positions stands for two of them.
+        EXPECT_EQ(film.frames.size(), 16U);
+        EXPECT_EQ(film.Hundredths(), 32);
+        Expect_As_Painted(film);
     });
 }
 
