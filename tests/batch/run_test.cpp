@@ -1,9 +1,8 @@
 // The limits of a run as the record has them, whatever way they came there.
 #include "batch/run.h"
 
-#include <numbers>
-
 #include "core/array.h"
+#include "tests/core/linkages.h"
 #include "tests/support/fixture.h"
 
 namespace verlink::test {
@@ -12,17 +11,6 @@ namespace {
 
 class Limits : public Fixture {
    protected:
-    static void Angles(double start, double end, double step) {
-        constexpr double kDegree = std::numbers::pi / 180;
-        Model.Calctype = run::kByAngle;
-        Model.ThetaStart = start;
-        Model.ThetaEnd = end;
-        Model.ThetaStep = step;
-        Model.ThetaStartRad = start * kDegree;
-        Model.ThetaEndRad = end * kDegree;
-        Model.ThetaStepRad = step * kDegree;
-        Model.NSteps = 99;
-    }
     static void Times(double start, double end, double step) {
         Model.Calctype = run::kByTime;
         Model.TimeStart = start;
@@ -35,7 +23,8 @@ class Limits : public Fixture {
 }  // namespace
 
 TEST_F(Limits, MakeTheNumberOfSteps) {
-    Angles(45, 135, 10);
+    Take_Angles(45, 135, 10);
+    Model.NSteps = 99;
     EXPECT_TRUE(Take_Limits());
     EXPECT_EQ(Model.NSteps, 9);
     Times(1, 2, 0.25);
@@ -52,7 +41,8 @@ TEST_F(Limits, AsManyTimeStepsAsARunCanHaveAreTakenSilently) {
 }
 
 TEST_F(Limits, AStepOfNoAngleIsNotPositive) {
-    Angles(0, 90, 0);
+    Take_Angles(0, 90, 10);
+    Model.ThetaStep = Model.ThetaStepRad = 0;
     desktop.Expect_Message_With("Cannot have a zero or negative step size");
     EXPECT_FALSE(Take_Limits());
 }
