@@ -223,21 +223,14 @@ TEST_F(Edit, InAnAngleRunTheStartAngleJumpsToAPosition) {
 TEST_F(Edit, AJumpBeyondTheRangeGoesToTheLastPositionAndOneBeforeItToTheFirst) {
     Show([&] {
         Calculate_Now();
-        Enter(input, "txt_Thetazero", kNoIndex, "360");
-        EXPECT_EQ(input.hsc_step.Value(), 36);
-        EXPECT_EQ(Model.CurrentStep, 37);
+        for (const char* beyond : {"360", "370"}) {
+            Enter(input, "txt_Thetazero", kNoIndex, beyond);
+            EXPECT_EQ(input.hsc_step.Value(), 36);
+            EXPECT_EQ(Model.CurrentStep, 37);
+        }
         Enter(input, "txt_Thetazero", kNoIndex, "-20");
         EXPECT_EQ(input.hsc_step.Value(), 0);
         EXPECT_EQ(Model.CurrentStep, 1);
-    });
-}
-
-TEST_F(Edit, AJumpHardlyBeyondTheRangeGoesToTheLastPosition) {
-    Show([&] {
-        Calculate_Now();
-        Enter(input, "txt_Thetazero", kNoIndex, "370");
-        EXPECT_EQ(input.hsc_step.Value(), 36);
-        EXPECT_EQ(Model.CurrentStep, 37);
     });
 }
 
