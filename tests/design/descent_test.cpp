@@ -9,14 +9,6 @@
 
 namespace verlink::test {
 
-namespace {
-
-using design::Found;
-using design::Solution;
-using design::Task;
-
-}  // namespace
-
 TEST_F(Searching, WhatADescentFindsDoesItToo) {
     SCOPED_TRACE(Trace());
     for (const int positions : {2, 3, 4}) {

@@ -9,14 +9,6 @@
 
 namespace verlink::test {
 
-namespace {
-
-using design::Found;
-using design::Solution;
-using design::Task;
-
-}  // namespace
-
 TEST_F(Searching, EveryLinkageOfThreePositionsDoesThem) {
     SCOPED_TRACE(Trace());
     std::size_t shown = 0;

@@ -9,9 +9,13 @@
 namespace verlink::test {
 
 struct Searching : Design {
-    static void Expect_All_Do_It(const design::Task& task, const design::Found& found) {
+    using Found = design::Found;
+    using Solution = design::Solution;
+    using Task = design::Task;
+
+    static void Expect_All_Do_It(const Task& task, const Found& found) {
         const auto places = Absolute_Positions(task);
-        for (const design::Solution& solution : found.solutions) {
+        for (const Solution& solution : found.solutions) {
             const auto& j = solution.judgement;
             const double way = j.crank[1] > j.crank[0] ? 1 : -1;
             EXPECT_EQ(Follower(solution.linkage).Through(places, solution.linkage, way), "") << Task_Text(task);
@@ -23,28 +27,28 @@ struct Searching : Design {
         std::size_t shown = 0;
         for (int i = 0; i < tasks; ++i) {
             Known known;
-            const design::Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
-            const design::Found found = Find(task, effort);
+            const Task task = i % 4 == 3 ? Random_Task(positions) : Task_Of_Random_Linkage(positions, known);
+            const Found found = Find(task, effort);
             Expect_All_Do_It(task, found);
             shown += found.solutions.size();
             EXPECT_NE(found.solutions.empty(), found.words.empty());
         }
         return shown;
     }
-    static bool Same(const design::Found& a, const design::Found& b) {
+    static bool Same(const Found& a, const Found& b) {
         return a.judged == b.judged && a.counts == b.counts &&
-               std::ranges::equal(a.solutions, b.solutions, [](const design::Solution& x, const design::Solution& y) {
+               std::ranges::equal(a.solutions, b.solutions, [](const Solution& x, const Solution& y) {
                    return x.linkage.crank == y.linkage.crank && x.linkage.other == y.linkage.other &&
                           x.judgement.score == y.judgement.score && x.family == y.family;
                });
     }
-    static design::Task Three() {
-        design::Task task;
+    static Task Three() {
+        Task task;
         task.positions = {{{0, 0}, 0}, {{1, 1}, 30}, {{3, 1}, 70}};
         return task;
     }
-    static const design::Found& List_Of_Three() {
-        static const design::Found found = Find(Three(), {.rounds = 4});
+    static const Found& List_Of_Three() {
+        static const Found found = Find(Three(), {.rounds = 4});
         return found;
     }
 };
