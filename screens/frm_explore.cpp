@@ -241,7 +241,7 @@ void frm_Explore::List_Shown() {
 }
 
 double frm_Explore::Least_Transmission() const {
-    double least = 0;  // as well of a text that is no number
+    double least = 0;  // and stays so where the text is no number
     const std::string text = txt_Least.Text;
     Failure_Of([&] { least = Val(text); });
     return least;
