@@ -257,19 +257,27 @@ TEST_F(MassPropSolve, ATableBroughtInPlaceOfTheOneFromDiskIsSolvedWith) {
               "Solve for the forces and torques at every step with the data shown and the imported torque");
 }
 
-TEST_F(MassPropSolve, AFileThatCannotBeReadLeavesTheTableAndItsForces) {
+TEST_F(MassPropSolve, AFileThatCannotBeTakenLeavesTheTableAndItsForces) {
     With_Torque_Table();
     Solve();
     Model_Saved();
+    const auto drop = [&](const char* name) {
+        form.OnDrop(Path(name));
+        EXPECT_TRUE(Model.TorqueImported);
+        EXPECT_EQ(Model.RunTable.ImportedTorque(3), 13);
+        EXPECT_TRUE(form.chk_Torque.Value);
+        EXPECT_FALSE(form.txt_Torque[4].Enabled);
+        EXPECT_TRUE(Model.DynamicsDone) << "nothing has changed";
+        EXPECT_TRUE(Model.SavedFlag);
+        EXPECT_TRUE(form.cmd_Solve.Enabled);
+        Expect_Results_Open(true);
+    };
     desktop.Expect_Message("An error has occurred in the Import_Torque routine");
     desktop.Expect_Message_With("has occurred in Import_Torque");
-    form.OnDrop(Path("none.trq"));
-    EXPECT_TRUE(Model.TorqueImported);
-    EXPECT_TRUE(form.chk_Torque.Value);
-    EXPECT_TRUE(Model.DynamicsDone) << "nothing has changed";
-    EXPECT_TRUE(Model.SavedFlag);
-    EXPECT_TRUE(form.cmd_Solve.Enabled);
-    Expect_Results_Open(true);
+    drop("none.trq");
+    Put_Table(Model.NSteps - 1);
+    desktop.Expect_Message("This file has a different number of data than your current model and is incompatible");
+    drop("torque.trq");
 }
 
 TEST_F(MassPropSolve, UndoLeavesSolveOpenUnlessTheTableCameFromDisk) {
